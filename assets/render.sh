@@ -1,0 +1,94 @@
+#!/bin/sh
+# Renders every sound, icon and picture from its source, beside this script:
+#
+#   sounds/make_sounds.py      -> sounds/*.wav
+#   icons/src/*.svg            -> icons/*.ico
+#   images/src/*.svg           -> images/*.ico
+#   pictures/src/*.svg         -> pictures/*.gif, pictures/*.jpg
+#
+# The rendered files are kept in the repository, so that a build needs none of the tools
+# below. Running it again without a change of a source gives the same files.
+#
+# An icon NAME of size S is drawn from NAME-S.svg where there is one (drawn to the pixel
+# grid of that size), else from NAME.svg.
+set -eu
+
+cd "$(dirname "$0")"
+
+packages="librsvg2-bin icoutils imagemagick python3"
+missing=
+for tool in rsvg-convert icotool convert python3; do
+    command -v "$tool" >/dev/null 2>&1 || missing="$missing $tool"
+done
+if [ -n "$missing" ]; then
+    echo "render.sh: not found:$missing" >&2
+    echo "render.sh: on Debian: apt-get install $packages" >&2
+    exit 1
+fi
+
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+# icon FOLDER NAME SIZE...
+icon() {
+    folder=$1
+    name=$2
+    shift 2
+    set -- "$@" end
+    while [ "$1" != end ]; do
+        size=$1
+        shift
+        source=$folder/src/$name-$size.svg
+        [ -f "$source" ] || source=$folder/src/$name.svg
+        png=$scratch/$name-$size.png
+        rsvg-convert --width="$size" --height="$size" --output="$png" "$source"
+        # Large images are packed as PNG: as bitmaps they would be most of the file.
+        if [ "$size" -ge 192 ]; then
+            set -- "$@" "--raw=$png"
+        else
+            set -- "$@" "$png"
+        fi
+    done
+    shift
+    icotool --create --output="$folder/$name.ico" "$@"
+}
+
+# gif NAME: GIF has no partial transparency. Pixels on an edge are blended with a light
+# grey, close to the colour of a dialog, and those that are mostly empty are left out; so
+# an edge is smooth on a light window and has no dark fringe on any other.
+gif() {
+    png=$scratch/$1.png
+    rsvg-convert --output="$png" "pictures/src/$1.svg"
+    convert \
+        \( "$png" -background '#f4f4f4' -alpha remove -alpha off \) \
+        \( "$png" -alpha extract -threshold 30% \) \
+        -alpha off -compose CopyOpacity -composite \
+        -transparent-color white \
+        +dither -colors 255 -strip "pictures/$1.gif"
+}
+
+# jpg NAME
+jpg() {
+    png=$scratch/$1.png
+    rsvg-convert --output="$png" "pictures/src/$1.svg"
+    convert "$png" -background white -alpha remove -alpha off \
+        -sampling-factor 4:4:4 -quality 92 -strip "pictures/$1.jpg"
+}
+
+python3 sounds/make_sounds.py sounds
+
+for name in logo note alarmon; do
+    icon icons "$name" 16 20 24 32 40 48 64 128 256
+done
+for name in tb_save tb_kill tb_print tb_hide tb_help tb_about bell; do
+    icon images "$name" 24 30 36 48 72
+done
+for name in alarmset alarmnotset run; do
+    icon images "$name" 16 20 24 32 48
+done
+icon images tip 96 144 192 256
+
+for name in jotwright_title letters mascot_error no_Fslash error; do
+    gif "$name"
+done
+jpg mascot

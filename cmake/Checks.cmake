@@ -1,0 +1,39 @@
+# What ctest runs besides the native tests: checks of the sources, short runs of the fuzzers and
+# the programs built for Windows, under Wine. The other builds must stand (./test makes them all).
+set(JOTWRIGHT_WINDOWS_BUILD "${PROJECT_SOURCE_DIR}/build/windows" CACHE PATH "Built preset windows")
+set(JOTWRIGHT_FUZZ_BUILD "${PROJECT_SOURCE_DIR}/build/fuzz" CACHE PATH "Built preset fuzz")
+set(scripts "${PROJECT_SOURCE_DIR}/scripts")
+
+# jotwright_add_check(<name> <seconds> <command>...)
+function(jotwright_add_check name seconds)
+    add_test(NAME ${name} COMMAND ${ARGN} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${seconds})
+endfunction()
+
+jotwright_add_check(check.layers 60 "${scripts}/check-layers")
+jotwright_add_check(check.layers_self_test 60 "${scripts}/check-layers" --self-test)
+jotwright_add_check(check.format 120 "${scripts}/check-format")
+jotwright_add_check(check.tidy 1500 "${scripts}/check-tidy" "${PROJECT_BINARY_DIR}")
+# Long and using both processors: it starts first and nothing runs beside it.
+set_tests_properties(check.tidy PROPERTIES COST 1000 PROCESSORS 2)
+
+jotwright_sources(fuzz_sources fuzz)
+foreach(source IN LISTS fuzz_sources)
+    get_filename_component(name "${source}" NAME_WE)
+    jotwright_add_check(fuzz.${name} 120 "${scripts}/run-fuzzer"
+                        "${JOTWRIGHT_FUZZ_BUILD}/fuzz_${name}" 10)
+endforeach()
+
+# One display, one clock, one sound device, and waiting in real time: never two at once.
+jotwright_sources(conformance_sources tests/conformance)
+if(conformance_sources)
+    jotwright_add_check(windows.conformance 900 "${scripts}/run-windows-tests"
+                        "${JOTWRIGHT_WINDOWS_BUILD}" conformance_win32.exe)
+    set_tests_properties(windows.conformance PROPERTIES RUN_SERIAL ON LABELS windows)
+endif()
+jotwright_sources(driver_sources tests/windows)
+if(driver_sources)
+    jotwright_add_check(windows.driver 900 "${scripts}/run-windows-tests" --app
+                        "${JOTWRIGHT_WINDOWS_BUILD}" windows_driver.exe)
+    set_tests_properties(windows.driver PROPERTIES RUN_SERIAL ON LABELS windows)
+endif()

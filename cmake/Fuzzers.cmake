@@ -1,0 +1,12 @@
+# One libFuzzer program for each source in fuzz/, with everything below it instrumented.
+if(NOT CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+    message(FATAL_ERROR "The fuzzers need clang++: cmake --preset fuzz")
+endif()
+jotwright_sources(fuzz_sources fuzz)
+foreach(source IN LISTS fuzz_sources)
+    get_filename_component(name "${source}" NAME_WE)
+    add_executable(fuzz_${name} "${source}")
+    jotwright_flags(fuzz_${name})
+    target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+    target_link_libraries(fuzz_${name} PRIVATE jotwright_core headless forms)
+endforeach()

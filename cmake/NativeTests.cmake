@@ -1,0 +1,33 @@
+find_package(GTest REQUIRED)
+find_package(Threads REQUIRED)
+include(GoogleTest)
+
+# jotwright_add_tests(<name> <source>...): a GoogleTest program on the headless stage; each of its
+# tests is a test of ctest. Nothing is added while there is no source.
+function(jotwright_add_tests name)
+    if(NOT ARGN)
+        message(STATUS "${name}: no source yet")
+        return()
+    endif()
+    add_executable(${name} ${ARGN})
+    jotwright_flags(${name})
+    target_link_libraries(${name} PRIVATE jotwright_core headless forms
+                          GTest::gtest GTest::gtest_main Threads::Threads)
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+                         WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}"
+                         PROPERTIES TIMEOUT 180)
+endfunction()
+
+jotwright_sources(test_sources tests/forms tests/forms/headless tests/app tests/notes tests/alarms
+                  tests/tools tests/info)
+jotwright_sources(support_sources tests/support)
+if(test_sources)
+    jotwright_add_tests(jotwright_tests ${test_sources} ${support_sources})
+endif()
+
+# The conformance suite: the same sources, once here and once for Windows.
+jotwright_sources(conformance_sources tests/conformance)
+if(conformance_sources)
+    jotwright_sources(conformance_glue tests/conformance/headless)
+    jotwright_add_tests(conformance_headless ${conformance_sources} ${conformance_glue})
+endif()

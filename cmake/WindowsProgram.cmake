@@ -1,0 +1,24 @@
+# The program itself. WinMain.cpp has a plain main(): the subsystem alone makes it a program
+# without a console, and it needs no Windows header.
+set(entry "${PROJECT_SOURCE_DIR}/app/WinMain.cpp")
+if(NOT EXISTS "${entry}")
+    message(STATUS "app/WinMain.cpp is missing: Jotwright.exe is not built")
+    return()
+endif()
+
+set(resources "${PROJECT_SOURCE_DIR}/assets/jotwright.rc")
+if(NOT EXISTS "${resources}")
+    set(resources)
+endif()
+
+add_executable(Jotwright WIN32 "${entry}" ${resources})
+jotwright_flags(Jotwright)
+target_include_directories(Jotwright PRIVATE "${PROJECT_SOURCE_DIR}/assets")
+target_link_libraries(Jotwright PRIVATE jotwright_core win32)
+
+if(resources)
+    file(GLOB embedded CONFIGURE_DEPENDS
+         "${PROJECT_SOURCE_DIR}/assets/*.h" "${PROJECT_SOURCE_DIR}/assets/*.manifest"
+         "${PROJECT_SOURCE_DIR}/assets/icons/*" "${PROJECT_SOURCE_DIR}/assets/images/*")
+    set_source_files_properties("${resources}" PROPERTIES OBJECT_DEPENDS "${embedded}")
+endif()

@@ -1,0 +1,30 @@
+# The test programs that run on Windows (or under Wine, see scripts/run-windows-tests). GoogleTest
+# is built from its source package, as there is none for this compiler.
+jotwright_sources(conformance_sources tests/conformance tests/conformance/win32)
+jotwright_sources(driver_sources tests/windows)
+if(NOT conformance_sources AND NOT driver_sources)
+    return()
+endif()
+
+set(GOOGLETEST_SOURCE /usr/src/googletest CACHE PATH "Source folder of GoogleTest")
+set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
+set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+add_subdirectory("${GOOGLETEST_SOURCE}" googletest EXCLUDE_FROM_ALL)
+
+# jotwright_add_windows_tests(<name> <source>...): a console program with GoogleTest. -O1: these
+# are built often and run once.
+function(jotwright_add_windows_tests name)
+    add_executable(${name} ${ARGN})
+    jotwright_flags(${name})
+    target_compile_options(${name} PRIVATE -O1)
+    target_link_libraries(${name} PRIVATE gtest gtest_main)
+endfunction()
+
+if(conformance_sources)
+    jotwright_add_windows_tests(conformance_win32 ${conformance_sources})
+    target_link_libraries(conformance_win32 PRIVATE jotwright_core win32)
+endif()
+if(driver_sources)
+    jotwright_add_windows_tests(windows_driver ${driver_sources})
+    target_link_libraries(windows_driver PRIVATE win32)
+endif()

@@ -1,0 +1,59 @@
+#include "forms/Control.h"
+
+#include "forms/Form.h"
+#include "forms/Runtime.h"
+
+namespace forms {
+
+Control::Control(Form* parent, ControlKind controlKind, const char* controlName)
+    : kind(controlKind), name(controlName), form(*parent) {
+    form.controls.push_back(this);
+}
+
+void Control::Place(int newLeft, int newTop, int newWidth, int newHeight) {
+    left = newLeft;
+    top = newTop;
+    width = newWidth;
+    height = newHeight;
+}
+
+void Control::PlaceIn(Control& newContainer, int newLeft, int newTop, int newWidth, int newHeight) {
+    container = &newContainer;
+    Place(newLeft, newTop, newWidth, newHeight);
+}
+
+void Control::SetFocus() {
+    if (!CanHaveFocus() || !IsEffectivelyVisible() || !IsEffectivelyEnabled()) {
+        return;
+    }
+    form.activeControl = this;
+    if (!form.IsLoaded()) {
+        return;
+    }
+    Runtime& runtime = Runtime::Current();
+    if (form.IsUsable()) {
+        runtime.FormActivated(form);
+        runtime.MarkDirty(form);
+    }
+    runtime.stage.FocusMoved(*this);
+}
+
+bool Control::HasFocus() const {
+    return Runtime::Current().ActiveForm() == &form && form.ActiveControl() == this;
+}
+
+bool Control::IsEffectivelyVisible() const {
+    return visible && (container == nullptr || container->IsEffectivelyVisible());
+}
+
+bool Control::IsEffectivelyEnabled() const {
+    return enabled && (container == nullptr || container->IsEffectivelyEnabled());
+}
+
+void Control::Changed(Aspect aspect) {
+    if (form.IsLoaded()) {
+        Runtime::Current().stage.ControlChanged(*this, aspect);
+    }
+}
+
+}  // namespace forms

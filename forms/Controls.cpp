@@ -1,0 +1,172 @@
+#include "forms/Controls.h"
+
+#include <algorithm>
+
+#include "forms/Form.h"
+#include "forms/Runtime.h"
+#include "forms/RuntimeError.h"
+
+namespace forms {
+
+namespace {
+
+void Raise(const ClickHandler& handler) {
+    if (handler) {
+        handler();
+    }
+}
+
+}  // namespace
+
+void Label::Changed(Aspect aspect) {
+    Control::Changed(aspect);
+    if (autoSize && (aspect == Aspect::Caption || aspect == Aspect::FontSize)) {
+        SizeToText();
+    }
+}
+
+void Label::SizeToText() {
+    const Size size = Runtime::Current().stage.MeasureText(form, caption, fontSize);
+    width = size.width;
+    height = size.height;
+}
+
+TextBox::TextProperty& TextBox::TextProperty::operator=(std::string newText) {
+    if ((*this)() != newText) {
+        value = std::move(newText);
+        owner.Changed(Aspect::Text);
+    }
+    return *this;
+}
+
+const std::string& TextBox::TextProperty::operator()() const {
+    if (stale) {
+        stale = false;
+        value = Runtime::Current().stage.FetchText(owner);
+    }
+    return value;
+}
+
+void TextBox::Changed(Aspect aspect) {
+    Control::Changed(aspect);
+    if (aspect == Aspect::Text) {
+        Raise(Change);
+    }
+}
+
+void TextBox::MarkTyped() {
+    text.stale = true;
+    Raise(Change);
+}
+
+CheckBox::CheckValue& CheckBox::CheckValue::operator=(int newValue) {
+    if (newValue < 0 || newValue > 2) {
+        throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    }
+    Property<int>::operator=(newValue);
+    return *this;
+}
+
+void CheckBox::Changed(Aspect aspect) {
+    Control::Changed(aspect);
+    if (aspect == Aspect::Value) {
+        Raise(Click);
+    }
+}
+
+void OptionButton::Changed(Aspect aspect) {
+    Control::Changed(aspect);
+    if (aspect != Aspect::Value || !value()) {
+        return;
+    }
+    for (Control* other : form.Controls()) {
+        if (other != this && other->kind == ControlKind::OptionButton &&
+            other->container == container) {
+            static_cast<OptionButton*>(other)->value = false;
+        }
+    }
+    Raise(Click);
+}
+
+std::string ComboBox::Text() const {
+    const int chosen = listIndex;
+    return chosen < 0 ? std::string() : items.at(static_cast<std::size_t>(chosen));
+}
+
+void ComboBox::Changed(Aspect aspect) {
+    Control::Changed(aspect);
+    if (aspect == Aspect::Value) {
+        Raise(Click);
+    }
+}
+
+void ListBox::Changed(Aspect aspect) {
+    Control::Changed(aspect);
+    if (aspect == Aspect::Value) {
+        Raise(Click);
+    }
+}
+
+void ListView::InsertRow(std::size_t position, Row row) {
+    if (position > rows.size()) {
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    }
+    if (!row.key.empty() && std::any_of(rows.begin(), rows.end(), [&row](const Row& other) {
+            return other.key == row.key;
+        })) {
+        throw RuntimeError(ErrorNumber::KeyNotUnique);
+    }
+    rows.insert(rows.begin() + static_cast<std::ptrdiff_t>(position), std::move(row));
+    if (selectedRow >= static_cast<int>(position)) {
+        ++selectedRow;
+    }
+    RowsChanged();
+}
+
+void ListView::RemoveRow(std::size_t position) {
+    if (position >= rows.size()) {
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    }
+    rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(position));
+    if (selectedRow == static_cast<int>(position)) {
+        selectedRow = -1;
+    } else if (selectedRow > static_cast<int>(position)) {
+        --selectedRow;
+    }
+    RowsChanged();
+}
+
+void ListView::Clear() {
+    rows.clear();
+    selectedRow = -1;
+    RowsChanged();
+}
+
+void ListView::Select(int position) {
+    if (position != selectedRow) {
+        selectedRow = position;
+        Control::Changed(Aspect::Value);
+    }
+}
+
+void ListView::EndUpdate() {
+    if (--updating == 0) {
+        RowsChanged();
+    }
+}
+
+void ListView::RowsChanged() {
+    if (updating == 0) {
+        Control::Changed(Aspect::Items);
+    }
+}
+
+void Image::Changed(Aspect aspect) {
+    Control::Changed(aspect);
+    if (aspect == Aspect::Picture && sizeToPicture && !picture().path.empty()) {
+        width = picture().width;
+        height = picture().height;
+    }
+}
+
+}  // namespace forms

@@ -1,0 +1,261 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "forms/Control.h"
+#include "forms/DateTime.h"
+#include "forms/Devices.h"
+
+// The kinds of control that the windows are made of. What raises an event is settled here, for both
+// stages: a handler runs when the user acts (see Gestures.h), and, where the comment says so, when
+// code assigns a different value.
+namespace forms {
+
+enum class Alignment { Left, Center, Right };
+
+class Label : public Control {
+  public:
+    Label(Form* parent, const char* controlName)
+        : Control(parent, ControlKind::Label, controlName) {}
+
+    Property<std::string> caption{*this, Aspect::Caption};
+    Property<int> fontSize{*this, Aspect::FontSize, 0};  // points; 0: the form's font
+    Property<std::optional<Color>> foreColor{*this, Aspect::ForeColor};  // none: the system's
+    bool bold = false;                                                   // set in Design only
+    std::string fontName;  // empty: the form's font; set in Design only
+    Alignment alignment = Alignment::Left;
+    // The label takes the size of its text whenever text or font size change.
+    bool autoSize = false;
+    // An ampersand marks an access key unless this is off (a title may hold one).
+    bool useMnemonic = true;
+    ClickHandler Click;
+
+    void Changed(Aspect aspect) override;
+    void SizeToText();
+};
+
+class TextBox : public Control {
+  public:
+    TextBox(Form* parent, const char* controlName)
+        : Control(parent, ControlKind::TextBox, controlName) {}
+
+    // The content. Reading fetches what the user typed. Assigning a different text raises Change.
+    // Line breaks are CR LF.
+    class TextProperty {
+      public:
+        explicit TextProperty(TextBox& textBox) : owner(textBox) {}
+        TextProperty(const TextProperty&) = delete;
+        TextProperty& operator=(const TextProperty& other) { return *this = other(); }
+        TextProperty& operator=(std::string newText);
+        const std::string& operator()() const;
+        operator const std::string&() const { return (*this)(); }
+
+      private:
+        friend class TextBox;
+        TextBox& owner;
+        mutable std::string value;
+        mutable bool stale = false;
+    } text{*this};
+
+    bool multiLine = false;  // set in Design only
+    bool readOnly = false;   // set in Design only
+    Property<int> fontSize{*this, Aspect::FontSize, 0};
+    Property<std::optional<Color>> backColor{*this, Aspect::BackColor};  // none: the system's
+    Property<std::optional<Color>> foreColor{*this, Aspect::ForeColor};
+
+    ClickHandler Change;
+    ClickHandler DoubleClick;
+
+    bool CanHaveFocus() const override { return true; }
+    void Changed(Aspect aspect) override;
+    // The user has changed the content on the stage, which fetches it when somebody reads.
+    void MarkTyped();
+};
+
+class CommandButton : public Control {
+  public:
+    CommandButton(Form* parent, const char* controlName)
+        : Control(parent, ControlKind::CommandButton, controlName) {}
+    Property<std::string> caption{*this, Aspect::Caption};
+    // Pressed by Enter (from any control but another button) and by Escape.
+    Property<bool> isDefault{*this, Aspect::Default, false};
+    Property<bool> isCancel{*this, Aspect::Default, false};
+    ClickHandler Click;
+    bool CanHaveFocus() const override { return true; }
+};
+
+// Raises Click whenever the value changes, by the user or by code.
+class CheckBox : public Control {
+  public:
+    CheckBox(Form* parent, const char* controlName)
+        : Control(parent, ControlKind::CheckBox, controlName) {}
+    Property<std::string> caption{*this, Aspect::Caption};
+
+    // 0 unchecked, 1 checked, 2 grayed; RuntimeError 380 for any other number.
+    class CheckValue : public Property<int> {
+      public:
+        using Property<int>::Property;
+        CheckValue& operator=(int newValue);
+    } value{*this, Aspect::Value, 0};
+
+    ClickHandler Click;
+    bool CanHaveFocus() const override { return true; }
+    void Changed(Aspect aspect) override;
+};
+
+// One of the buttons of a container, of which at most one is selected. Raises Click when it becomes
+// selected, by the user or by code; nothing is raised for the button that loses the selection.
+class OptionButton : public Control {
+  public:
+    OptionButton(Form* parent, const char* controlName, int arrayIndex = 0)
+        : Control(parent, ControlKind::OptionButton, controlName), index(arrayIndex) {}
+    const int index;  // place in its control array
+    Property<std::string> caption{*this, Aspect::Caption};
+    Property<bool> value{*this, Aspect::Value, false};
+    Property<std::optional<Color>> backColor{*this, Aspect::BackColor};  // none: the system's
+    ClickHandler Click;
+    bool CanHaveFocus() const override { return true; }
+    void Changed(Aspect aspect) override;
+};
+
+class Frame : public Control {
+  public:
+    Frame(Form* parent, const char* controlName)
+        : Control(parent, ControlKind::Frame, controlName) {}
+    Property<std::string> caption{*this, Aspect::Caption};
+};
+
+// A drop-down list. Raises Click when its index changes, by the user or by code.
+class ComboBox : public Control {
+  public:
+    ComboBox(Form* parent, const char* controlName, int arrayIndex = 0)
+        : Control(parent, ControlKind::ComboBox, controlName), index(arrayIndex) {}
+    const int index;
+    std::vector<std::string> items;                     // set in Design only
+    Property<int> listIndex{*this, Aspect::Value, -1};  // -1: none
+    ClickHandler Click;
+    std::string Text() const;
+    bool CanHaveFocus() const override { return true; }
+    void Changed(Aspect aspect) override;
+};
+
+class ListBox : public Control {
+  public:
+    ListBox(Form* parent, const char* controlName)
+        : Control(parent, ControlKind::ListBox, controlName) {}
+    Property<std::vector<std::string>> items{*this, Aspect::Items};
+    Property<int> listIndex{*this, Aspect::Value, -1};
+    ClickHandler Click;
+    bool CanHaveFocus() const override { return true; }
+    void Changed(Aspect aspect) override;
+};
+
+// A list in report view.
+class ListView : public Control {
+  public:
+    ListView(Form* parent, const char* controlName)
+        : Control(parent, ControlKind::ListView, controlName) {}
+
+    struct Column {
+        std::string heading;
+        int width = 1440;  // twips
+        bool operator==(const Column&) const = default;
+    };
+    struct Row {
+        std::string key;                 // unique unless empty
+        int image = -1;                  // into images; -1: none
+        std::vector<std::string> texts;  // one a column
+        bool operator==(const Row&) const = default;
+    };
+
+    std::vector<Column> columns;      // set in Design only
+    std::vector<std::string> images;  // resource names of the pictures; set in Design only
+
+    const std::vector<Row>& Rows() const { return rows; }
+    // position counts from 0; RuntimeError 457 for a key that is there already.
+    void InsertRow(std::size_t position, Row row);
+    void AddRow(Row row) { InsertRow(rows.size(), std::move(row)); }
+    void RemoveRow(std::size_t position);  // RuntimeError 9 where there is none
+    void Clear();
+    // -1 where nothing is selected.
+    int SelectedRow() const { return selectedRow; }
+    void Select(int position);  // no event
+    // Nothing is redrawn between these; one Items change at the end.
+    void BeginUpdate() { ++updating; }
+    void EndUpdate();
+
+    ClickHandler ItemClick;  // the user selected a row
+    ClickHandler DoubleClick;
+    bool CanHaveFocus() const override { return true; }
+
+  private:
+    void RowsChanged();
+    std::vector<Row> rows;
+    int selectedRow = -1;
+    int updating = 0;
+};
+
+// A date picker (drop-down calendar) or, with upDown, a time picker. The user's changes raise
+// Change; assignments in code do not. Delivers whole minutes with a time format; a date without a
+// time of day or a time of day without a date.
+class DateTimePicker : public Control {
+  public:
+    DateTimePicker(Form* parent, const char* controlName, int arrayIndex = 0)
+        : Control(parent, ControlKind::DateTimePicker, controlName), index(arrayIndex) {}
+    const int index;
+    Property<DateTime> value{*this, Aspect::Value};
+    Property<std::string> customFormat{*this, Aspect::Format};  // "h:mm tt"; empty: short date
+    Property<bool> upDown{*this, Aspect::Format, false};
+    ClickHandler Change;
+    bool CanHaveFocus() const override { return true; }
+};
+
+class Image : public Control {
+  public:
+    Image(Form* parent, const char* controlName)
+        : Control(parent, ControlKind::Image, controlName) {}
+    Property<Picture> picture{*this, Aspect::Picture};
+    // Name of a picture compiled into the program, used while picture is empty.
+    std::string resourceName;
+    bool sizeToPicture = false;  // set in Design only
+    void Changed(Aspect aspect) override;
+};
+
+enum class ShapeKind { Rectangle, RoundedRectangle, Circle };
+
+class Shape : public Control {
+  public:
+    Shape(Form* parent, const char* controlName)
+        : Control(parent, ControlKind::Shape, controlName) {}
+    ShapeKind shape = ShapeKind::Rectangle;  // set in Design only
+    Property<Color> fillColor{*this, Aspect::BackColor, white};
+    Property<Color> borderColor{*this, Aspect::ForeColor, black};
+};
+
+class Line : public Control {
+  public:
+    Line(Form* parent, const char* controlName) : Control(parent, ControlKind::Line, controlName) {}
+    Property<Color> color{*this, Aspect::ForeColor, black};
+};
+
+class Toolbar : public Control {
+  public:
+    Toolbar(Form* parent, const char* controlName)
+        : Control(parent, ControlKind::Toolbar, controlName) {}
+    struct Button {
+        std::string key;  // told apart by it
+        std::string toolTip;
+        std::string image;  // resource name
+        bool enabled = true;
+        bool operator==(const Button&) const = default;
+    };
+    Property<std::vector<Button>> buttons{*this, Aspect::Items};
+    std::function<void(const std::string& key)> ButtonClick;
+};
+
+}  // namespace forms

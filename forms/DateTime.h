@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace forms {
+
+// A local calendar date with a time of day, to the second; also a pure date (time 00:00:00) or a
+// pure time of day (date 1899-12-30, the zero date). Two values are equal only when date and time
+// are. Valid for the years 100 to 9999.
+struct DateTime {
+    // Seconds since 1899-12-30 00:00:00, negative before.
+    std::int64_t seconds = 0;
+
+    bool operator==(const DateTime&) const = default;
+    auto operator<=>(const DateTime&) const = default;
+
+    // month 1 to 12 and day as the calendar has them; anything else is RuntimeError 13.
+    static DateTime FromDate(int year, int month, int day);
+    // hour 0 to 23; anything else is RuntimeError 13.
+    static DateTime FromTime(int hour, int minute, int second);
+    static bool IsValidDate(int year, int month, int day);
+
+    DateTime DateOnly() const;
+    DateTime TimeOnly() const;
+    bool HasDate() const;  // not the zero date
+    bool HasTime() const;  // not midnight
+
+    int Year() const;
+    int Month() const;    // 1 to 12
+    int Day() const;      // 1 to 31
+    int Hour() const;     // 0 to 23
+    int Minute() const;   // 0 to 59
+    int Second() const;   // 0 to 59
+    int Weekday() const;  // 0 Sunday to 6 Saturday
+};
+
+constexpr std::int64_t secondsPerDay = 86400;
+
+// date's day with time's time of day.
+DateTime Combine(DateTime date, DateTime time);
+
+// "14:05:09", 24-hour clock.
+std::string FormatTime24(DateTime value);
+// "2004-05-14".
+std::string FormatIsoDate(DateTime value);
+// "5/14/2004", no padding.
+std::string FormatMonthDayYear(DateTime value);
+// "January" to "December"; empty for any other number.
+std::string EnglishMonthName(int month);
+
+// Lenient reading of a time text such as "9:30:00 AM", "23:00:15 PM", "14:05" or "12:00". An hour
+// above 12 keeps its value whatever the suffix says; 12 AM is midnight. RuntimeError 13 otherwise.
+DateTime ParseTime(const std::string& text);
+// Reads "m/d/yyyy" or "m/d/yy" (00 to 29 belong to 2000, 30 to 99 to 1900). RuntimeError 13
+// otherwise.
+DateTime ParseMonthDayYear(const std::string& text);
+// Reads "yyyy-mm-dd". RuntimeError 13 otherwise.
+DateTime ParseIsoDate(const std::string& text);
+
+}  // namespace forms

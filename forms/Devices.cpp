@@ -1,0 +1,25 @@
+#include "forms/Devices.h"
+
+namespace forms {
+
+Devices& Machine() {
+    static Devices devices;
+    return devices;
+}
+
+DateTime Now() { return Machine().clock->Now(); }
+
+DateTime Today() { return Now().DateOnly(); }
+
+std::string ApplicationPath(const std::string& relative) {
+    return Machine().system->ApplicationFolder() + relative;
+}
+
+std::string Locale::GeneralDate(DateTime value) {
+    if (!value.HasDate()) {
+        return TimeText(value);
+    }
+    return value.HasTime() ? ShortDate(value) + " " + TimeText(value) : ShortDate(value);
+}
+
+}  // namespace forms

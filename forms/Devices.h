@@ -1,0 +1,189 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "forms/DateTime.h"
+
+// The program's doors to the machine, one small interface each. The real ones live beside the real
+// stage; the recorded ones beside the headless stage. All are called on the user-interface thread
+// only. All text is UTF-8; all paths are full paths with backslashes.
+namespace forms {
+
+class Form;
+
+class Clock {
+  public:
+    virtual ~Clock() = default;
+    // The wall clock: local date and time of day, whole seconds.
+    virtual DateTime Now() = 0;
+    // Milliseconds into the current second of the wall clock, 0 to 999.
+    virtual int MillisecondOfSecond() = 0;
+    // Milliseconds from some fixed moment; never goes back, whatever happens to the wall clock.
+    virtual std::int64_t MonotonicMilliseconds() = 0;
+};
+
+struct FileEntry {
+    std::string name;  // without folder
+    std::uint64_t size = 0;
+    std::int64_t changed = 0;  // time of last change in the file system's own units
+};
+
+// Failures are RuntimeErrors: 52 bad name, 53 no such file, 61 disk full, 70 permission denied or
+// sharing violation, 75 path/file access error (read-only, a folder where a file is wanted), 76 no
+// such path, 57 anything else that the device reports.
+class FileSystem {
+  public:
+    virtual ~FileSystem() = default;
+    virtual bool FolderExists(const std::string& path) = 0;
+    virtual bool FileExists(const std::string& path) = 0;
+    virtual void MakeFolder(const std::string& path) = 0;
+    // The files (not folders) of a folder whose names end in suffix (letters of either case),
+    // in the listing's own order. Empty where the folder does not exist.
+    virtual std::vector<FileEntry> List(const std::string& folder, const std::string& suffix) = 0;
+    virtual std::string Read(const std::string& path) = 0;
+    // Creates or truncates, writes all bytes and flushes them to the medium.
+    virtual void WriteThrough(const std::string& path, const std::string& bytes) = 0;
+    // Renames over an existing file in one step of the file system.
+    virtual void Replace(const std::string& from, const std::string& to) = 0;
+    virtual void Delete(const std::string& path) = 0;
+    // To the Recycle Bin where there is one, else deletes.
+    virtual void Recycle(const std::string& path) = 0;
+    virtual void Copy(const std::string& from, const std::string& to) = 0;
+};
+
+// The per-user settings of this application: text values in sections.
+class SettingsStore {
+  public:
+    virtual ~SettingsStore() = default;
+    virtual std::optional<std::string> Read(const std::string& section, const std::string& key) = 0;
+    virtual void Write(const std::string& section, const std::string& key,
+                       const std::string& value) = 0;
+};
+
+// Sounds are played by the system; whether anything is heard is not reported.
+class Sound {
+  public:
+    virtual ~Sound() = default;
+    enum class Mode { Once, Loop };
+    // Returns at once; a sound that is playing stops.
+    virtual void Play(const std::string& wavePath, Mode mode) = 0;
+    // Returns when the sound is over. No handler runs meanwhile.
+    virtual void PlayToEnd(const std::string& wavePath) = 0;
+    virtual void Stop() = 0;
+};
+
+// The notification-area record, first version of the system's own structure.
+struct TrayRecord {
+    std::uint32_t structureSize = 0;
+    Form* owner = nullptr;  // its window gets the callback message; not owned
+    std::uint32_t iconId = 0;
+    std::uint32_t flags = 0;
+    std::uint32_t callbackMessage = 0;
+    std::string iconPath;  // icon file
+    std::string tip;       // exactly 64 characters as the structure's fixed field holds them
+};
+
+class Tray {
+  public:
+    virtual ~Tray() = default;
+    virtual bool Add(const TrayRecord& record) = 0;
+    // False where no such icon is there.
+    virtual bool Delete(const TrayRecord& record) = 0;
+};
+
+// The system's default printer. Printing begins with the first Print. Failures (no printer, printer
+// off) are RuntimeError 482.
+class Printer {
+  public:
+    virtual ~Printer() = default;
+    // Prints the text, wrapped to the page, and goes to the next line.
+    virtual void Print(const std::string& text) = 0;
+    virtual void SetFontSize(int points) = 0;
+    virtual void EndDocument() = 0;
+    virtual void AbandonDocument() = 0;
+};
+
+struct FileDialogRequest {
+    std::string initialFolder;
+    std::string filter;  // "Wav Files (*.wav)|*.wav|All Files (*.*)|*.*"
+};
+
+class Shell {
+  public:
+    virtual ~Shell() = default;
+    // Performs verb "Open" with the desktop as parent, no parameters and the normal show state.
+    // Returns the system's result code; above 32 is success.
+    virtual int Open(const std::string& document, const std::string& workingFolder) = 0;
+    // Shows a help file. command is the help viewer's own command number.
+    virtual void ShowHelp(const std::string& helpFile, int command) = 0;
+};
+
+struct Picture {
+    std::string path;  // empty: no picture
+    int width = 0;     // twips
+    int height = 0;    // twips
+    bool operator==(const Picture&) const = default;
+};
+
+class Pictures {
+  public:
+    virtual ~Pictures() = default;
+    // RuntimeError 53 where the file is missing, 481 where it is no picture.
+    virtual Picture Load(const std::string& path) = 0;
+};
+
+// Texts in the forms that the user chose in the system's settings.
+class Locale {
+  public:
+    virtual ~Locale() = default;
+    virtual std::string ShortDate(DateTime value) = 0;    // "5/14/2004"
+    virtual std::string TimeText(DateTime value) = 0;     // "9:30:00 AM"
+    virtual std::string WeekdayName(DateTime value) = 0;  // "Friday"
+    virtual std::string ToUpper(const std::string& text) = 0;
+    // The system's ANSI code page. ToAnsi is empty where a character does not fit.
+    virtual std::optional<std::string> ToAnsi(const std::string& utf8) = 0;
+    virtual std::string FromAnsi(const std::string& bytes) = 0;
+    // Date and time as one text: short date, blank, time; the date alone where the time is
+    // midnight, the time alone where the date is the zero date.
+    std::string GeneralDate(DateTime value);
+};
+
+class System {
+  public:
+    virtual ~System() = default;
+    // Folder of the executable, without a trailing backslash.
+    virtual std::string ApplicationFolder() = 0;
+    // Whether another copy runs for the same user. The first call also registers this copy.
+    virtual bool PreviousInstance() = 0;
+    // The platform version number: lowest byte major, second byte minor.
+    virtual std::uint32_t Version() = 0;
+};
+
+// All doors together; not owned. Every pointer is set before the runtime starts.
+struct Devices {
+    Clock* clock = nullptr;
+    FileSystem* files = nullptr;
+    SettingsStore* settings = nullptr;
+    Sound* sound = nullptr;
+    Tray* tray = nullptr;
+    Printer* printer = nullptr;
+    Shell* shell = nullptr;
+    Pictures* pictures = nullptr;
+    Locale* locale = nullptr;
+    System* system = nullptr;
+};
+
+// The devices that the program runs on.
+Devices& Machine();
+
+// What the handlers ask most often.
+DateTime Now();    // date and time
+DateTime Today();  // date only
+// "C:\\Jotwright" + "\\logo.ico": a path below the application folder. relative begins with a
+// backslash.
+std::string ApplicationPath(const std::string& relative);
+
+}  // namespace forms

@@ -1,0 +1,233 @@
+#include "forms/Form.h"
+
+#include <algorithm>
+
+#include "forms/Runtime.h"
+
+namespace forms {
+
+Form::Form(const char* className) : name(className) {}
+
+Form::~Form() = default;
+
+bool Form::IsLoaded() const { return state != State::Created && state != State::Unloaded; }
+
+void Form::Load() {
+    if (state != State::Created) {
+        return;
+    }
+    Runtime& runtime = Runtime::Current();
+    const auto pin = shared_from_this();
+    state = State::Loading;
+    runtime.AddLoaded(*this);
+    runtime.stage.FormLoaded(*this);
+    for (Timer* timer : timers) {
+        runtime.timers.Update(*timer);
+    }
+    try {
+        Form_Load();
+    } catch (const RuntimeError&) {
+        // A form that failed to load is not there; whoever asked for it hears why.
+        Discard();
+        throw;
+    }
+    if (state == State::Loading) {
+        state = State::Loaded;
+    }
+}
+
+void Form::Show() {
+    Load();
+    if (!IsLoaded()) {
+        return;
+    }
+    BecomeVisible();
+    if (disableCount == 0) {
+        Runtime::Current().FormActivated(*this);
+    }
+}
+
+void Form::BecomeVisible() {
+    Runtime& runtime = Runtime::Current();
+    runtime.MarkDirty(*this);
+    if (!visible) {
+        visible = true;
+        Form_Resize();
+    }
+}
+
+void Form::ShowModal() {
+    Load();
+    if (!IsLoaded()) {
+        return;
+    }
+    Runtime& runtime = Runtime::Current();
+    if (IsModal()) {
+        BringToForeground();
+        return;
+    }
+    const auto pin = shared_from_this();
+    isModal = true;
+    for (const auto& other : runtime.LoadedForms()) {
+        if (other.get() != this && other->visible) {
+            ++other->disableCount;
+            shutOff.push_back(other);
+            runtime.stage.UsableChanged(*other);
+        }
+    }
+    BecomeVisible();
+    runtime.FormActivated(*this);
+    runtime.Wait([&] { runtime.stage.RunModal(*this); });
+}
+
+void Form::EndModal() {
+    if (!isModal) {
+        return;
+    }
+    isModal = false;
+    for (const auto& weak : shutOff) {
+        if (const auto other = weak.lock(); other && other->disableCount > 0) {
+            --other->disableCount;
+            if (other->IsLoaded()) {
+                Runtime::Current().stage.UsableChanged(*other);
+            }
+        }
+    }
+    shutOff.clear();
+}
+
+void Form::Hide() {
+    if (!visible) {
+        return;
+    }
+    Runtime& runtime = Runtime::Current();
+    visible = false;
+    EndModal();
+    runtime.MarkDirty(*this);
+    runtime.ActivateNext(*this);
+}
+
+bool Form::Unload(UnloadMode mode) {
+    if (state == State::Asking) {
+        cancelTakenBack = true;
+        return true;
+    }
+    if (state != State::Loaded && state != State::Loading) {
+        return true;
+    }
+    const auto pin = shared_from_this();
+    const State before = state;
+    state = State::Asking;
+    cancelTakenBack = false;
+    bool cancel = false;
+    try {
+        Form_QueryUnload(cancel, mode);
+        if (!cancel || cancelTakenBack) {
+            cancel = false;
+            Form_Unload(cancel);
+        }
+    } catch (...) {
+        state = before;
+        throw;
+    }
+    if (cancel && !cancelTakenBack) {
+        state = before;
+        return false;
+    }
+    Discard();
+    return true;
+}
+
+void Form::Discard() {
+    Runtime& runtime = Runtime::Current();
+    const auto pin = shared_from_this();
+    state = State::Unloading;
+    for (Timer* timer : timers) {
+        timer->enabled = false;
+    }
+    EndModal();
+    visible = false;
+    shownOnStage = false;
+    runtime.stage.FormUnloaded(*this);
+    state = State::Unloaded;
+    runtime.RemoveLoaded(*this);
+    runtime.ActivateNext(*this);
+}
+
+void Form::BringToForeground() {
+    if (!IsLoaded()) {
+        return;
+    }
+    Runtime::Current().stage.BringToForeground(*this);
+}
+
+void Form::MakeTopMost() {
+    Load();
+    if (!IsLoaded()) {
+        return;
+    }
+    topMost = true;
+    Runtime::Current().stage.FormChanged(*this, Aspect::TopMost);
+    BecomeVisible();
+}
+
+void Form::PopupMenu(Menu& menu) {
+    Runtime& runtime = Runtime::Current();
+    const auto pin = shared_from_this();
+    Menu* chosen = nullptr;
+    runtime.Wait([&] { chosen = runtime.stage.ShowPopupMenu(*this, menu); });
+    if (chosen != nullptr && chosen->Click) {
+        chosen->Click();
+    }
+}
+
+Control* Form::ActiveControl() const {
+    if (activeControl != nullptr) {
+        return activeControl;
+    }
+    for (Control* control : TabOrder()) {
+        if (control->CanHaveFocus() && control->IsEffectivelyVisible() &&
+            control->IsEffectivelyEnabled()) {
+            return control;
+        }
+    }
+    return nullptr;
+}
+
+std::vector<Control*> Form::TabOrder() const {
+    std::vector<Control*> order = controls;
+    const auto place = [this](const Control* control) {
+        if (control->tabIndex >= 0) {
+            return control->tabIndex;
+        }
+        const auto at = std::find(controls.begin(), controls.end(), control);
+        return static_cast<int>(at - controls.begin());
+    };
+    std::stable_sort(order.begin(), order.end(),
+                     [&place](const Control* a, const Control* b) { return place(a) < place(b); });
+    return order;
+}
+
+int Form::ScaleWidth() const { return Runtime::Current().stage.InnerSize(*this).width; }
+
+int Form::ScaleHeight() const { return Runtime::Current().stage.InnerSize(*this).height; }
+
+void Form::Changed(Aspect aspect) {
+    if (!IsLoaded()) {
+        return;
+    }
+    Runtime& runtime = Runtime::Current();
+    if (aspect == Aspect::WindowState) {
+        runtime.MarkDirty(*this);
+        if (windowState == WindowState::Minimized) {
+            runtime.ActivateNext(*this);
+        }
+        return;
+    }
+    runtime.stage.FormChanged(*this, aspect);
+    if (aspect == Aspect::Bounds && visible) {
+        Form_Resize();
+    }
+}
+
+}  // namespace forms

@@ -1,0 +1,200 @@
+#include "forms/Gestures.h"
+
+#include <functional>
+
+#include "forms/Environment.h"
+#include "forms/Runtime.h"
+
+namespace forms::gestures {
+
+namespace {
+
+void Raise(Form& form, const std::function<void()>& handler) {
+    if (handler) {
+        Runtime::Current().Dispatch(&form, handler);
+    }
+}
+
+bool CanChoose(const Menu& menu) {
+    for (const Menu* entry = &menu; entry != nullptr; entry = entry->parent) {
+        if (!entry->enabled || !entry->visible) {
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+bool CanUse(const Control& control) {
+    return control.form.IsLoaded() && control.form.IsUsable() && control.IsEffectivelyVisible() &&
+           control.IsEffectivelyEnabled();
+}
+
+void Click(Control& control) {
+    if (!CanUse(control)) {
+        return;
+    }
+    switch (control.kind) {
+        case ControlKind::CommandButton:
+            Raise(control.form, static_cast<CommandButton&>(control).Click);
+            break;
+        case ControlKind::Label:
+            Raise(control.form, static_cast<Label&>(control).Click);
+            break;
+        case ControlKind::CheckBox: {
+            auto& box = static_cast<CheckBox&>(control);
+            Raise(control.form, [&box] { box.value = box.value() == 1 ? 0 : 1; });
+            break;
+        }
+        case ControlKind::OptionButton: {
+            auto& button = static_cast<OptionButton&>(control);
+            Raise(control.form, [&button] { button.value = true; });
+            break;
+        }
+        default:
+            break;
+    }
+}
+
+void DoubleClick(Control& control) {
+    if (!CanUse(control)) {
+        return;
+    }
+    if (control.kind == ControlKind::TextBox) {
+        Raise(control.form, static_cast<TextBox&>(control).DoubleClick);
+    } else if (control.kind == ControlKind::ListView) {
+        Raise(control.form, static_cast<ListView&>(control).DoubleClick);
+    }
+}
+
+void ClickToolbar(Toolbar& toolbar, const std::string& key) {
+    if (!CanUse(toolbar) || !toolbar.ButtonClick) {
+        return;
+    }
+    for (const Toolbar::Button& button : toolbar.buttons()) {
+        if (button.key == key && button.enabled) {
+            Raise(toolbar.form, [&toolbar, key] { toolbar.ButtonClick(key); });
+            return;
+        }
+    }
+}
+
+void Type(TextBox& textBox, const std::string& newContent) {
+    if (CanUse(textBox) && !textBox.readOnly) {
+        Raise(textBox.form, [&textBox, &newContent] { textBox.text = newContent; });
+    }
+}
+
+void Typed(TextBox& textBox) {
+    Raise(textBox.form, [&textBox] { textBox.MarkTyped(); });
+}
+
+void Select(ComboBox& comboBox, int index) {
+    if (CanUse(comboBox)) {
+        Raise(comboBox.form, [&comboBox, index] { comboBox.listIndex = index; });
+    }
+}
+
+void Select(ListBox& listBox, int index) {
+    if (CanUse(listBox)) {
+        Raise(listBox.form, [&listBox, index] { listBox.listIndex = index; });
+    }
+}
+
+void Select(ListView& listView, int row) {
+    if (CanUse(listView)) {
+        Raise(listView.form, [&listView, row] {
+            listView.Select(row);
+            if (row >= 0 && listView.ItemClick) {
+                listView.ItemClick();
+            }
+        });
+    }
+}
+
+void Pick(DateTimePicker& picker, DateTime value) {
+    if (CanUse(picker) && picker.value() != value) {
+        Raise(picker.form, [&picker, value] {
+            picker.value = value;
+            if (picker.Change) {
+                picker.Change();
+            }
+        });
+    }
+}
+
+void Focus(Control& control) {
+    if (CanUse(control)) {
+        control.form.AdoptFocus(control);
+    }
+}
+
+void MouseUp(Control& control, int button, int x, int y) {
+    if (CanUse(control) && control.MouseUp) {
+        Raise(control.form, [&control, button, x, y] { control.MouseUp(button, x, y); });
+    }
+}
+
+void MouseUp(Form& form, int button, int x, int y) {
+    if (form.IsUsable()) {
+        Raise(form, [&form, button, x, y] { form.Form_MouseUp(button, x, y); });
+    }
+}
+
+void MouseMove(Form& form, int button, int x, int y) {
+    if (form.IsUsable()) {
+        Raise(form, [&form, button, x, y] { form.Form_MouseMove(button, x, y); });
+    }
+}
+
+void TrayMessage(Form& form, int message) {
+    if (form.IsLoaded()) {
+        Raise(form, [&form, message] { form.Form_MouseMove(0, message * TwipsPerPixelX(), 0); });
+    }
+}
+
+void Choose(Menu& menu) {
+    if (menu.form.IsLoaded() && CanChoose(menu)) {
+        Raise(menu.form, menu.Click);
+    }
+}
+
+void Activate(Form& form) {
+    if (form.IsLoaded() && form.IsUsable()) {
+        Raise(form, [&form] { Runtime::Current().FormActivated(form); });
+    }
+}
+
+void Close(Form& form, UnloadMode mode) {
+    if (form.IsLoaded()) {
+        Raise(form, [&form, mode] { form.Unload(mode); });
+    }
+}
+
+void Resize(Form& form, Rect bounds, WindowState windowState) {
+    if (!form.IsLoaded()) {
+        return;
+    }
+    if (windowState == WindowState::Normal) {
+        form.left.Adopt(bounds.left);
+        form.top.Adopt(bounds.top);
+        form.width.Adopt(bounds.width);
+        form.height.Adopt(bounds.height);
+    }
+    form.windowState.Adopt(windowState);
+    if (windowState != WindowState::Minimized) {
+        Raise(form, [&form] { form.Form_Resize(); });
+    }
+}
+
+void EndSession() {
+    Runtime& runtime = Runtime::Current();
+    runtime.MarkSessionEnding();
+    const auto forms = runtime.LoadedForms();
+    for (const auto& form : forms) {
+        Close(*form, UnloadMode::SessionEnd);
+    }
+}
+
+}  // namespace forms::gestures

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+
+#include "forms/Controls.h"
+#include "forms/Form.h"
+
+// What the user did, one entry a gesture. Both stages report through these and only these, so that
+// what raises which event is settled once. Each runs its handlers inside Runtime::Dispatch. A
+// gesture on something that cannot be used (hidden, disabled, shut off by a modal form) does
+// nothing.
+namespace forms::gestures {
+
+bool CanUse(const Control& control);
+
+void Click(Control& control);  // button, check box, option button, label, image
+void DoubleClick(Control& control);
+void ClickToolbar(Toolbar& toolbar, const std::string& key);
+void Type(TextBox& textBox, const std::string& newContent);  // headless: the whole new content
+void Typed(TextBox& textBox);  // real: the content is fetched when read
+void Select(ComboBox& comboBox, int index);
+void Select(ListBox& listBox, int index);
+void Select(ListView& listView, int row);
+void Pick(DateTimePicker& picker, DateTime value);
+void Focus(Control& control);
+
+// x and y in twips from the corner of the control or of the form's inside.
+void MouseUp(Control& control, int button, int x, int y);
+void MouseUp(Form& form, int button, int x, int y);
+void MouseMove(Form& form, int button, int x, int y);
+// The tray's callback: the message number arrives as a horizontal place, as it does with an icon
+// whose callback message is the mouse move. Reaches a form that is hidden or shut off too.
+void TrayMessage(Form& form, int message);
+
+void Choose(Menu& menu);  // menu bar or pop-up
+void Activate(Form& form);
+void Close(Form& form, UnloadMode mode = UnloadMode::CloseBox);
+// The user moved, sized, minimised, restored or maximised the window.
+void Resize(Form& form, Rect bounds, WindowState windowState);
+// The session of the system's user ends: every form is unloaded with mode SessionEnd, in order.
+void EndSession();
+
+}  // namespace forms::gestures

@@ -1,0 +1,24 @@
+#include "forms/Menu.h"
+
+#include "forms/Form.h"
+#include "forms/Runtime.h"
+
+namespace forms {
+
+Menu::Menu(Form* parentForm, const char* menuName)
+    : name(menuName), form(*parentForm), parent(nullptr) {
+    form.menus.push_back(this);
+}
+
+Menu::Menu(Form* parentForm, Menu& parentMenu, const char* menuName)
+    : name(menuName), form(*parentForm), parent(&parentMenu) {
+    parentMenu.entries.push_back(this);
+}
+
+void Menu::Changed(Aspect aspect) {
+    if (form.IsLoaded()) {
+        Runtime::Current().stage.MenuChanged(*this, aspect);
+    }
+}
+
+}  // namespace forms

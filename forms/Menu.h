@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "forms/Property.h"
+
+namespace forms {
+
+class Form;
+
+// An entry of a menu: a command, a sub-menu, or a separator (caption "-"). Entries are members of
+// their form. An entry declared with a parent hangs under it; one without is a top-level menu, in
+// the menu bar unless inMenuBar is cleared in Design.
+class Menu final : public Observed {
+  public:
+    Menu(Form* parentForm, const char* menuName);
+    Menu(Form* parentForm, Menu& parentMenu, const char* menuName);
+
+    const char* const name;
+    Form& form;
+    Menu* const parent;
+    std::vector<Menu*> entries;
+    bool inMenuBar = true;  // top-level only; false: opened with PopupMenu alone
+
+    Property<std::string> caption{*this, Aspect::Caption};
+    Property<bool> enabled{*this, Aspect::Enabled, true};
+    Property<bool> visible{*this, Aspect::Visible, true};
+    Property<bool> checked{*this, Aspect::Checked, false};
+    std::function<void()> Click;
+
+    bool IsSeparator() const { return caption() == "-"; }
+    void Changed(Aspect aspect) override;
+};
+
+}  // namespace forms

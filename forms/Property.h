@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstdint>
+#include <utility>
+
+namespace forms {
+
+// What of a form or a control has changed; the stage mirrors exactly that.
+enum class Aspect : std::uint8_t {
+    Caption,  // caption of a form, a label, a button, a menu item
+    Text,     // content of a text box
+    Value,    // check box, option button, date-time picker, list index
+    Enabled,
+    Visible,
+    Bounds,  // left, top, width, height
+    BackColor,
+    ForeColor,
+    FontSize,
+    ToolTip,
+    Picture,  // picture of an image, icon of a form
+    Items,    // rows of a list, buttons of a tool bar
+    WindowState,
+    TopMost,
+    Checked,   // check mark of a menu item
+    Format,    // display format of a picker
+    Interval,  // of a timer
+    Default,   // button pressed by Enter or Escape
+};
+
+// Something with properties that somebody mirrors.
+class Observed {
+  public:
+    virtual void Changed(Aspect aspect) = 0;
+
+  protected:
+    Observed() = default;
+    ~Observed() = default;
+    Observed(const Observed&) = delete;
+    Observed& operator=(const Observed&) = delete;
+};
+
+// A value that tells its owner when it is given another one. Assigning an equal value does nothing.
+template <class T>
+class Property {
+  public:
+    Property(Observed& propertyOwner, Aspect propertyAspect, T initial = T{})
+        : owner(propertyOwner), value(std::move(initial)), aspect(propertyAspect) {}
+    Property(const Property&) = delete;
+
+    Property& operator=(const Property& other) { return *this = other.value; }
+    Property& operator=(T newValue) {
+        if (!(value == newValue)) {
+            value = std::move(newValue);
+            owner.Changed(aspect);
+        }
+        return *this;
+    }
+
+    operator const T&() const { return value; }
+    const T& operator()() const { return value; }
+
+    // Takes a value that the stage already shows: the owner is not told.
+    void Adopt(T shown) { value = std::move(shown); }
+
+  private:
+    Observed& owner;
+    T value;
+    Aspect aspect;
+};
+
+template <class T>
+bool operator==(const Property<T>& property, const T& value) {
+    return property() == value;
+}
+
+}  // namespace forms

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace forms {
+
+// Numbers of the errors that the program reports to its user. The numbers and the descriptions
+// appear in message boxes, so they never change.
+enum class ErrorNumber {
+    InvalidProcedureCall = 5,
+    Overflow = 6,
+    OutOfMemory = 7,
+    SubscriptOutOfRange = 9,
+    TypeMismatch = 13,
+    FileNotFound = 53,
+    DeviceIoError = 57,
+    DiskFull = 61,
+    InputPastEndOfFile = 62,
+    BadFileName = 52,
+    PermissionDenied = 70,
+    PathFileAccessError = 75,
+    PathNotFound = 76,
+    InvalidPropertyValue = 380,
+    KeyNotUnique = 457,
+    InvalidPicture = 481,
+    PrinterError = 482,
+};
+
+// The text that belongs to a number, as it is shown to the user ("Overflow").
+std::string DescriptionOf(ErrorNumber number);
+
+// A failure that a handler may trap and report in its own words. What no handler traps is reported
+// by the runtime, which then ends the program in order.
+class RuntimeError : public std::runtime_error {
+  public:
+    explicit RuntimeError(ErrorNumber number)
+        : std::runtime_error(DescriptionOf(number)), errorNumber(number) {}
+
+    int number() const { return static_cast<int>(errorNumber); }
+    std::string description() const { return what(); }
+    bool operator==(ErrorNumber other) const { return errorNumber == other; }
+
+  private:
+    ErrorNumber errorNumber;
+};
+
+}  // namespace forms

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "forms/Property.h"
+
+namespace forms {
+
+class Form;
+
+// Where a timer's ticks lie. FromStart: the first tick one interval after it is switched on (or
+// given another interval). ClockSecond: for timers that only poll; all share one phase in the
+// middle of the wall clock's second, so that a tick of 1000 ms sees every second of the day once
+// and many timers wake the machine together.
+enum class TimerPhase { FromStart, ClockSecond };
+
+// Ticks keep their phase: the next is due one interval after the last was due, settled before the
+// handler runs. Ticks that could not be given in time are dropped. A timer whose handler is still
+// running (it may be showing a box) is not entered again; other timers go on.
+class Timer final : public Observed {
+  public:
+    Timer(Form* parentForm, const char* timerName, TimerPhase timerPhase = TimerPhase::FromStart);
+    ~Timer();
+
+    const char* const name;
+    Form& form;
+    const TimerPhase phase;
+    // Milliseconds; 0 stands still whatever enabled says.
+    Property<int> interval{*this, Aspect::Interval, 0};
+    Property<bool> enabled{*this, Aspect::Enabled, false};
+    std::function<void()> Tick;
+
+    void Changed(Aspect aspect) override;
+
+  private:
+    friend class TimerQueue;
+    std::int64_t due = 0;  // monotonic milliseconds
+    bool queued = false;
+    bool running = false;  // its handler is on the stack
+};
+
+}  // namespace forms

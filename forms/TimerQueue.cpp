@@ -1,0 +1,161 @@
+#include "forms/TimerQueue.h"
+
+#include <vector>
+
+#include "forms/Devices.h"
+#include "forms/Form.h"
+#include "forms/Runtime.h"
+#include "forms/Timer.h"
+
+namespace forms {
+
+namespace {
+
+constexpr std::int64_t second = 1000;
+constexpr std::int64_t middle = 500;
+// Deviations of the wall clock from the monotonic one that are too small to move a tick for.
+constexpr std::int64_t tolerance = 50;
+
+std::int64_t MonotonicNow() { return Machine().clock->MonotonicMilliseconds(); }
+
+// Milliseconds from the middle of the wall clock's second to the moment, -500 to 499.
+std::int64_t OffMiddle(std::int64_t moment, std::int64_t now) {
+    const std::int64_t fraction = Machine().clock->MillisecondOfSecond() + (moment - now);
+    std::int64_t inSecond = fraction % second;
+    if (inSecond < 0) {
+        inSecond += second;
+    }
+    return inSecond - middle;
+}
+
+bool SeesEverySecond(const Timer& timer) {
+    return timer.phase == TimerPhase::ClockSecond && timer.interval() % second == 0;
+}
+
+}  // namespace
+
+bool TimerQueue::Earlier::operator()(const Timer* a, const Timer* b) const {
+    return a->due != b->due ? a->due < b->due : a < b;
+}
+
+void TimerQueue::Enqueue(Timer& timer, std::int64_t due) {
+    timer.due = due;
+    timer.queued = true;
+    queue.insert(&timer);
+}
+
+void TimerQueue::Update(Timer& timer) {
+    Remove(timer);
+    // A timer without a handler must not wake the machine.
+    if (timer.enabled && timer.interval() > 0 && timer.Tick && timer.form.IsLoaded()) {
+        const std::int64_t now = MonotonicNow();
+        if (!gridAnchor) {
+            gridAnchor = now - OffMiddle(now, now);
+        }
+        Enqueue(timer, FirstDue(timer, now));
+    }
+    Runtime::Current().Rearm();
+}
+
+void TimerQueue::Remove(Timer& timer) {
+    if (timer.queued) {
+        queue.erase(&timer);
+        timer.queued = false;
+    }
+}
+
+std::int64_t TimerQueue::FirstDue(const Timer& timer, std::int64_t now) const {
+    const std::int64_t interval = timer.interval;
+    if (timer.phase == TimerPhase::FromStart) {
+        return now + interval;
+    }
+    if (SeesEverySecond(timer)) {
+        const std::int64_t off = OffMiddle(now, now);
+        return off < 0 ? now - off : now - off + second;
+    }
+    const std::int64_t anchor = gridAnchor.value_or(now);
+    std::int64_t sinceTick = (now - anchor) % interval;
+    if (sinceTick < 0) {
+        sinceTick += interval;
+    }
+    return now - sinceTick + interval;
+}
+
+std::int64_t TimerQueue::NextAfter(const Timer& timer, std::int64_t lastDue,
+                                   std::int64_t now) const {
+    const std::int64_t interval = timer.interval;
+    std::int64_t next = lastDue + interval;
+    if (next <= now) {
+        next += ((now - next) / interval + 1) * interval;
+    }
+    if (!SeesEverySecond(timer)) {
+        return next;
+    }
+    const std::int64_t off = OffMiddle(next, now);
+    if (off > tolerance || off < -tolerance) {
+        next -= off;
+    }
+    // The handler is about to see the current second; it shall not see it again.
+    const std::int64_t nextSecond = now + second - Machine().clock->MillisecondOfSecond();
+    while (next < nextSecond) {
+        next += second;
+    }
+    return next;
+}
+
+std::optional<std::int64_t> TimerQueue::NextDue() const {
+    for (const Timer* timer : queue) {
+        if (!timer->running) {
+            return timer->due;
+        }
+    }
+    return std::nullopt;
+}
+
+void TimerQueue::RunDue() {
+    Runtime& runtime = Runtime::Current();
+    const std::int64_t limit = MonotonicNow();
+    for (;;) {
+        Timer* timer = nullptr;
+        for (Timer* candidate : queue) {
+            if (candidate->due > limit) {
+                break;
+            }
+            if (!candidate->running) {
+                timer = candidate;
+                break;
+            }
+        }
+        if (timer == nullptr || runtime.HasEnded()) {
+            return;
+        }
+        const auto pin = timer->form.shared_from_this();
+        const std::int64_t lastDue = timer->due;
+        Remove(*timer);
+        Enqueue(*timer, NextAfter(*timer, lastDue, MonotonicNow()));
+        timer->running = true;
+        runtime.Rearm();
+        runtime.Dispatch(&timer->form, [timer] {
+            if (timer->Tick) {
+                timer->Tick();
+            }
+        });
+        timer->running = false;
+        runtime.Rearm();
+    }
+}
+
+void TimerQueue::Realign() {
+    const std::int64_t now = MonotonicNow();
+    gridAnchor = now - OffMiddle(now, now);
+    const std::vector<Timer*> all(queue.begin(), queue.end());
+    for (Timer* timer : all) {
+        if (timer->phase == TimerPhase::ClockSecond) {
+            Remove(*timer);
+            Enqueue(*timer, FirstDue(*timer, now));
+        }
+    }
+    Runtime::Current().Rearm();
+}
+
+}  // namespace forms

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <set>
+
+namespace forms {
+
+class Timer;
+
+// All timers of the program in the order of their next ticks. The stage keeps one native timer
+// armed for NextDue() and calls RunDue() when it fires. Ticks run only for loaded forms.
+class TimerQueue {
+  public:
+    // A timer was switched on or off or its interval changed.
+    void Update(Timer& timer);
+    void Remove(Timer& timer);
+
+    // Monotonic milliseconds of the next tick that could be given now (timers whose handlers run
+    // are passed over); empty where there is none.
+    std::optional<std::int64_t> NextDue() const;
+
+    // Gives each tick that is due, earliest first. Handlers may show boxes, which pump and so call
+    // this again, and may switch any timer on or off or destroy it.
+    void RunDue();
+
+    // The wall clock was set or the machine woke up: puts the timers of phase ClockSecond back into
+    // the middle of the second.
+    void Realign();
+
+  private:
+    struct Earlier {
+        bool operator()(const Timer* a, const Timer* b) const;
+    };
+    void Enqueue(Timer& timer, std::int64_t due);
+    std::int64_t FirstDue(const Timer& timer, std::int64_t now) const;
+    std::int64_t NextAfter(const Timer& timer, std::int64_t lastDue, std::int64_t now) const;
+
+    std::set<Timer*, Earlier> queue;
+    // Monotonic time of some middle of a second: where the ticks of all polling timers lie whose
+    // interval is no whole number of seconds. Not known before the first of them starts.
+    std::optional<std::int64_t> gridAnchor;
+};
+
+}  // namespace forms
