@@ -13,6 +13,9 @@ endfunction()
 jotwright_add_check(check.layers 60 "${scripts}/check-layers")
 jotwright_add_check(check.layers_self_test 60 "${scripts}/check-layers" --self-test)
 jotwright_add_check(check.format 120 "${scripts}/check-format")
+jotwright_add_check(check.shell 60 shellcheck -x run test .ci/run scripts/lib.sh
+                    scripts/check-format scripts/install-packages scripts/layout-app
+                    scripts/run-fuzzer scripts/run-windows-tests)
 jotwright_add_check(check.tidy 1500 "${scripts}/check-tidy" "${PROJECT_BINARY_DIR}")
 # Long and using both processors: it starts first and nothing runs beside it.
 set_tests_properties(check.tidy PROPERTIES COST 1000 PROCESSORS 2)

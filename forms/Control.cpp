@@ -31,6 +31,7 @@ void Control::SetFocus() {
         return;
     }
     Runtime& runtime = Runtime::Current();
+    const auto pin = form.shared_from_this();
     if (form.IsUsable()) {
         runtime.FormActivated(form);
         runtime.MarkDirty(form);

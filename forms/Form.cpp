@@ -37,6 +37,7 @@ void Form::Load() {
 }
 
 void Form::Show() {
+    const auto pin = shared_from_this();
     Load();
     if (!IsLoaded()) {
         return;
@@ -57,6 +58,7 @@ void Form::BecomeVisible() {
 }
 
 void Form::ShowModal() {
+    const auto pin = shared_from_this();
     Load();
     if (!IsLoaded()) {
         return;
@@ -66,7 +68,6 @@ void Form::ShowModal() {
         BringToForeground();
         return;
     }
-    const auto pin = shared_from_this();
     isModal = true;
     for (const auto& other : runtime.LoadedForms()) {
         if (other.get() != this && other->visible) {
@@ -162,6 +163,7 @@ void Form::BringToForeground() {
 }
 
 void Form::MakeTopMost() {
+    const auto pin = shared_from_this();
     Load();
     if (!IsLoaded()) {
         return;

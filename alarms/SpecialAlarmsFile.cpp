@@ -1,0 +1,84 @@
+#include "alarms/SpecialAlarmsFile.h"
+
+#include "app/RecordText.h"
+#include "app/StandardCode.h"
+#include "forms/Devices.h"
+#include "forms/RuntimeError.h"
+#include "forms/Text.h"
+
+namespace SpecialAlarmsFile {
+
+namespace {
+
+std::string TimeField(forms::DateTime time) {
+    const std::string date = time.HasDate() ? forms::FormatIsoDate(time) + ' ' : std::string();
+    return '#' + date + forms::FormatTime24(time) + '#';
+}
+
+}  // namespace
+
+std::string Folder() { return forms::ApplicationPath("\\SpecialAlarms"); }
+
+std::string Path() { return Folder() + "\\SpecialAlarms.txt"; }
+
+std::string Encode(const std::array<Row, rowCount>& rows) {
+    std::string text;
+    for (const Row& row : rows) {
+        text += RecordText::Quoted(row.Day) + ',' + TimeField(row.Time) + ',' +
+                RecordText::Quoted(row.Message) + ',' + std::to_string(row.Enabled) +
+                forms::lineBreak;
+    }
+    return RecordText::ToBytes(text);
+}
+
+void Decode(const std::string& bytes, std::vector<Row>& rows) {
+    RecordText::Reader reader(RecordText::FromBytes(bytes));
+    for (std::size_t i = 0; i < rowCount; ++i) {
+        Row row;
+        row.Day = reader.Text();
+        row.Time = reader.Date();
+        row.Message = reader.Text();
+        row.Enabled = forms::ToInteger16(reader.Text());
+        rows.push_back(row);
+    }
+}
+
+bool IsDue(const Row& row, forms::DateTime now) {
+    return row.Enabled == 1 && row.Day == forms::Machine().locale->WeekdayName(now) &&
+           row.Time == now.TimeOnly();
+}
+
+Row SharedRow(std::size_t index) {
+    const StandardCode::SharedValues& shared = StandardCode::Shared();
+    return {shared.SpecialAlarmDay.at(index), shared.SpecialAlarmTime.at(index),
+            shared.SpecialAlarmMessage.at(index), shared.SpecialAlarmEnabled.at(index)};
+}
+
+void StoreSharedRow(std::size_t index, const Row& row) {
+    StandardCode::SharedValues& shared = StandardCode::Shared();
+    shared.SpecialAlarmDay.at(index) = row.Day;
+    shared.SpecialAlarmTime.at(index) = row.Time;
+    shared.SpecialAlarmMessage.at(index) = row.Message;
+    shared.SpecialAlarmEnabled.at(index) = row.Enabled;
+}
+
+}  // namespace SpecialAlarmsFile
+
+namespace StandardCode {
+
+void LoadSpecialAlarms() {
+    std::vector<SpecialAlarmsFile::Row> rows;
+    try {
+        if (!forms::Machine().files->FileExists(SpecialAlarmsFile::Path())) {
+            return;
+        }
+        SpecialAlarmsFile::Decode(forms::Machine().files->Read(SpecialAlarmsFile::Path()), rows);
+    } catch (const forms::RuntimeError&) {
+        // What could be read still counts.
+    }
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        SpecialAlarmsFile::StoreSharedRow(i, rows[i]);
+    }
+}
+
+}  // namespace StandardCode

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "forms/DateTime.h"
+
+// The seven weekly alarms: their file and when they are due.
+namespace SpecialAlarmsFile {
+
+constexpr std::size_t rowCount = 7;
+
+struct Row {
+    std::string Day;  // English weekday name
+    forms::DateTime Time;
+    std::string Message;
+    std::int16_t Enabled = 0;  // 1: enabled
+
+    bool operator==(const Row&) const = default;
+};
+
+std::string Folder();  // without a trailing backslash
+std::string Path();
+
+std::string Encode(const std::array<Row, rowCount>& rows);
+
+// Takes any bytes. Appends each row that could be read as a whole, seven at most. RuntimeError 62
+// where there are fewer, 13 or 6 where a field cannot be converted.
+void Decode(const std::string& bytes, std::vector<Row>& rows);
+
+// At this second of the week. A row whose time has a date is never due.
+bool IsDue(const Row& row, forms::DateTime now);
+
+// A row of the shared arrays, index 0 to 6.
+Row SharedRow(std::size_t index);
+void StoreSharedRow(std::size_t index, const Row& row);
+
+}  // namespace SpecialAlarmsFile
+
+namespace StandardCode {
+
+// Fills the shared arrays from the file. Without a file they stay as they are; an error ends the
+// reading silently and the rows read so far are kept.
+void LoadSpecialAlarms();
+
+}  // namespace StandardCode

@@ -1,0 +1,145 @@
+#include "alarms/frmAlarms.h"
+
+#include <algorithm>
+
+#include "app/Settings.h"
+#include "app/StandardCode.h"
+#include "forms/Environment.h"
+#include "forms/MsgBox.h"
+
+using forms::MsgBox;
+using StandardCode::Shared;
+
+namespace {
+
+// The option button of the user's own file.
+constexpr std::size_t ownFile = AlarmSounds::builtIns.size();
+
+}  // namespace
+
+void frmAlarms::Design() {
+    caption = "Choose An Alarm";
+    borderStyle = forms::BorderStyle::Dialog;
+    showInTaskbar = false;
+    centerOnScreen = true;
+    width = 5370;
+    height = 4620;
+
+    fraAlarms.caption = "Choose An Alarm";
+    fraAlarms.Place(120, 120, 5040, 3450);
+    int optionTop = 300;
+    for (std::size_t index = 0; index < optAlarm.size(); ++index) {
+        forms::OptionButton& option = optAlarm[index];
+        option.caption = index == ownFile ? std::string("Selected .wav File")
+                                          : AlarmSounds::builtIns[index].caption;
+        option.PlaceIn(fraAlarms, 240, optionTop, 2700, 315);
+        option.Click = [this, index] { optAlarm_Click(static_cast<int>(index)); };
+        optionTop += 405;
+    }
+    txtMyWaveFilePath.accessibleName = "Path of the selected .wav file";
+    txtMyWaveFilePath.PlaceIn(fraAlarms, 240, 2850, 3300, 345);
+    cmdMyWaveFile.caption = "&Browse";
+    cmdMyWaveFile.PlaceIn(fraAlarms, 3660, 2835, 1140, 375);
+    cmdMyWaveFile.Click = [this] { cmdMyWaveFile_Click(); };
+
+    cmdTest.caption = "&Test";
+    cmdTest.Place(1140, 3690, 1260, 375);
+    cmdTest.Click = [this] { cmdTest_Click(); };
+    cmdSave.caption = "&Save";
+    cmdSave.isDefault = true;
+    cmdSave.Place(2520, 3690, 1260, 375);
+    cmdSave.Click = [this] { cmdSave_Click(); };
+    cmdCancel.caption = "&Cancel";
+    cmdCancel.isCancel = true;
+    cmdCancel.Place(3900, 3690, 1260, 375);
+    cmdCancel.Click = [this] { cmdCancel_Click(); };
+}
+
+void frmAlarms::Form_Load() {
+    Shared().AlarmSoundPath =
+        Settings::Read(Settings::Config::section, Settings::Config::alarm, "");
+    const std::string& path = Shared().AlarmSoundPath;
+    const auto paths = AlarmSounds::BuiltInPaths();
+    if (path.empty()) {
+        Shared().AlarmSoundPath = paths[0];
+        optAlarm[0].value = true;
+        return;
+    }
+    const auto found = std::find(paths.begin(), paths.end(), path);
+    const auto index = static_cast<std::size_t>(found - paths.begin());
+    optAlarm[index].value = true;
+    if (index == ownFile) {
+        txtMyWaveFilePath.text = path;
+    }
+}
+
+void frmAlarms::optAlarm_Click(int index) {
+    const auto place = static_cast<std::size_t>(index);
+    lastClicked = index;
+    cmdMyWaveFile.enabled = place == ownFile;
+    // A file of the user's has to be chosen first.
+    cmdSave.enabled = place != ownFile;
+    optAlarm[place].value = true;
+    builtInPaths = AlarmSounds::BuiltInPaths();
+    if (place != ownFile) {
+        Shared().AlarmSoundPath = builtInPaths[place];
+    }
+}
+
+void frmAlarms::cmdMyWaveFile_Click() {
+    const std::string kept = txtMyWaveFilePath.text;
+    cmdSave.enabled = true;
+    const auto chosen = forms::ShowOpenDialog(
+        *this, {.initialFolder = "c:\\", .filter = "Wav Files (*.wav)|*.wav|All Files (*.*)|*.*"});
+    txtMyWaveFilePath.text = chosen.value_or("").empty() ? kept : *chosen;
+}
+
+void frmAlarms::cmdTest_Click() {
+    if (optAlarm[ownFile].value) {
+        if (txtMyWaveFilePath.text().empty()) {
+            MsgBox("Please Select A .wav File To Play", {.icon = forms::BoxIcon::Information},
+                   "No File To Test");
+            txtMyWaveFilePath.SetFocus();
+            return;
+        }
+        Shared().AlarmSoundPath = txtMyWaveFilePath.text;
+    }
+    forms::Machine().sound->Play(Shared().AlarmSoundPath, forms::Sound::Mode::Loop);
+    MsgBox("        Sampling " + optAlarm[static_cast<std::size_t>(lastClicked)].caption() +
+               "          ",
+           {}, "Jotwright Audio Alarm");
+    forms::Machine().sound->Stop();
+}
+
+void frmAlarms::cmdSave_Click() {
+    const auto selected =
+        std::find_if(optAlarm.begin(), optAlarm.end(),
+                     [](const forms::OptionButton& option) { return option.value(); });
+    const auto index = static_cast<std::size_t>(selected - optAlarm.begin());
+    if (index < ownFile) {
+        StandardCode::SaveAlarmSetting(builtInPaths[index]);
+        Unload();
+    } else if (index == ownFile) {
+        SaveOwnFile();
+    }
+}
+
+void frmAlarms::SaveOwnFile() {
+    const std::string path = txtMyWaveFilePath.text;
+    if (path.empty()) {
+        MsgBox("Please Select A .wav File", {.icon = forms::BoxIcon::Information},
+               "No File Selected");
+        txtMyWaveFilePath.SetFocus();
+        return;
+    }
+    if (!AlarmSounds::HasWaveExtension(path)) {
+        MsgBox("The File Selected Was Not A Valid .wav File!       ", {},
+               "Error Loading .wav File");
+        txtMyWaveFilePath.text = "";
+        return;
+    }
+    StandardCode::SaveAlarmSetting(path);
+    Unload();
+}
+
+void frmAlarms::cmdCancel_Click() { Unload(); }

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "alarms/AlarmSounds.h"
+#include "forms/Form.h"
+
+// Chooses the sound of all alarms: one of the built-in ones or a file of the user's. A click on a
+// built-in sound is in force at once, whether or not it is saved.
+class frmAlarms : public forms::Form {
+  public:
+    frmAlarms() : Form("frmAlarms") {}
+
+    forms::Frame fraAlarms{this, "fraAlarms"};
+    std::array<forms::OptionButton, 6> optAlarm{{
+        {this, "optAlarm", 0},
+        {this, "optAlarm", 1},
+        {this, "optAlarm", 2},
+        {this, "optAlarm", 3},
+        {this, "optAlarm", 4},
+        {this, "optAlarm", 5},
+    }};
+    forms::TextBox txtMyWaveFilePath{this, "txtMyWaveFilePath"};
+    forms::CommandButton cmdMyWaveFile{this, "cmdMyWaveFile"};
+    forms::CommandButton cmdTest{this, "cmdTest"};
+    forms::CommandButton cmdSave{this, "cmdSave"};
+    forms::CommandButton cmdCancel{this, "cmdCancel"};
+
+    void Design() override;
+    void Form_Load() override;
+
+  private:
+    void SaveOwnFile();
+    void optAlarm_Click(int index);
+    void cmdMyWaveFile_Click();
+    void cmdTest_Click();
+    void cmdSave_Click();
+    void cmdCancel_Click();
+
+    int lastClicked = 0;
+    std::array<std::string, AlarmSounds::builtIns.size()> builtInPaths;  // as of the last click
+};

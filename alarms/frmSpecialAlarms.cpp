@@ -1,0 +1,184 @@
+#include "alarms/frmSpecialAlarms.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "app/SafeFile.h"
+#include "forms/Devices.h"
+#include "forms/Environment.h"
+#include "forms/MsgBox.h"
+
+using SpecialAlarmsFile::rowCount;
+
+namespace {
+
+const std::vector<std::string> dayNames{"Monday", "Tuesday",  "Wednesday", "Thursday",
+                                        "Friday", "Saturday", "Sunday"};
+
+constexpr int firstRowTop = 1170;
+constexpr int rowDistance = 420;
+
+}  // namespace
+
+void frmSpecialAlarms::Design() {
+    caption = "Special Alarms";
+    width = 9090;
+    height = 5085;
+    DesignHeadings();
+    for (std::size_t i = 0; i < rowCount; ++i) {
+        DesignRow(i);
+    }
+
+    cmdSave.caption = "&Save";
+    cmdSave.toolTip = "Save Changes and Close";
+    cmdSave.isDefault = true;
+    cmdSave.Place(6300, 4170, 1245, 375);
+    cmdSave.Click = [this] { cmdSave_Click(); };
+    cmdCancel.caption = "&Close";
+    cmdCancel.toolTip = "Discard Changes and Close";
+    cmdCancel.isCancel = true;
+    cmdCancel.Place(7635, 4170, 1245, 375);
+    cmdCancel.Click = [this] { cmdCancel_Click(); };
+}
+
+void frmSpecialAlarms::DesignHeadings() {
+    lblSPA.Place(120, 120, 8760, 615);
+    lblEnable.caption = "Check To Enable";
+    lblEnable.Place(540, 840, 1530, 255);
+    lblAlarmDay.caption = "Alarm Day";
+    lblAlarmDay.Place(2160, 840, 1500, 255);
+    lblAlarmTime.caption = "Alarm Time";
+    lblAlarmTime.Place(3780, 840, 1320, 255);
+    lblMessage.caption = "Alarm Message";
+    lblMessage.Place(5220, 840, 3660, 255);
+}
+
+void frmSpecialAlarms::DesignRow(std::size_t row) {
+    const std::string number = "#" + std::to_string(row + 1);
+    const int place = firstRowTop + static_cast<int>(row) * rowDistance;
+
+    lblNum[row].caption = number;
+    lblNum[row].Place(120, place + 45, 360, 255);
+    chkEnabled[row].caption = "Enabled";
+    chkEnabled[row].Place(540, place, 1440, 315);
+    chkEnabled[row].Click = [this] { Row_Change(); };
+    cboDays[row].items = dayNames;
+    cboDays[row].accessibleName = "Alarm Day " + number;
+    cboDays[row].Place(2160, place, 1500, 315);
+    cboDays[row].Click = [this] { Row_Change(); };
+    dtpTime[row].customFormat = "hh:mm tt";
+    dtpTime[row].upDown = true;
+    dtpTime[row].accessibleName = "Alarm Time " + number;
+    dtpTime[row].Place(3780, place, 1320, 315);
+    dtpTime[row].Change = [this] { Row_Change(); };
+    txtMessage[row].accessibleName = "Alarm Message " + number;
+    txtMessage[row].Place(5220, place, 3660, 315);
+    txtMessage[row].Change = [this] { Row_Change(); };
+
+    // The Tab key goes along the rows: the places that the arrays take together, dealt out anew.
+    int tab = 5 + static_cast<int>(row) * 5;
+    lblNum[row].tabIndex = tab++;
+    chkEnabled[row].tabIndex = tab++;
+    cboDays[row].tabIndex = tab++;
+    dtpTime[row].tabIndex = tab++;
+    txtMessage[row].tabIndex = tab;
+}
+
+void frmSpecialAlarms::Form_Load() {
+    icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
+    lblSPA.caption =
+        "Jotwright allows up to seven special alarms to be set.  These alarms will go off every "
+        "week for the time set.  Note: the 'Enabled' button must be checked before the alarm is "
+        "activated.";
+    for (forms::ComboBox& days : cboDays) {
+        days.listIndex = 0;
+    }
+    ReadSpecialAlarmsFile();
+    cmdSave.enabled = false;
+}
+
+std::optional<frmSpecialAlarms::Pair> frmSpecialAlarms::FindIdenticalAlarms() const {
+    for (std::size_t i = 0; i < rowCount; ++i) {
+        for (std::size_t j = 0; j < rowCount - 1; ++j) {
+            if (j != i && AreIdentical(i, j)) {
+                return Pair{i, j};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+bool frmSpecialAlarms::AreIdentical(std::size_t i, std::size_t j) const {
+    return chkEnabled[i].value == 1 && chkEnabled[j].value == 1 &&
+           cboDays[i].Text() == cboDays[j].Text() && dtpTime[i].value() == dtpTime[j].value();
+}
+
+void frmSpecialAlarms::ReportIdenticalAlarms(Pair pair) {
+    const auto [first, second] = std::minmax(pair.first, pair.second);
+    forms::MsgBox("                    Alarm Number: " + std::to_string(first + 1) +
+                      "\r\n                               and "
+                      "\r\n                    Alarm Number: " +
+                      std::to_string(second + 1) +
+                      "\r\n          Have the same day and time set."
+                      "\r\n"
+                      "\r\n  Alarms can't be set for the same day and time.      ",
+                  {.icon = forms::BoxIcon::Exclamation}, "Error - Identical Alarms");
+}
+
+SpecialAlarmsFile::Row frmSpecialAlarms::RowOf(std::size_t row) const {
+    // A double quote would end the message where the file is read, and make the rest unreadable.
+    std::string message = txtMessage[row].text;
+    std::replace(message.begin(), message.end(), '"', '\'');
+    return {cboDays[row].Text(), dtpTime[row].value, message,
+            static_cast<std::int16_t>(chkEnabled[row].value)};
+}
+
+void frmSpecialAlarms::ReadSpecialAlarmsFile() {
+    forms::FileSystem& disk = *forms::Machine().files;
+    if (!disk.FileExists(SpecialAlarmsFile::Path())) {
+        return;
+    }
+    std::vector<SpecialAlarmsFile::Row> rows;
+    SpecialAlarmsFile::Decode(disk.Read(SpecialAlarmsFile::Path()), rows);
+
+    // A name that is no day keeps the day of the row before.
+    int dayIndex = 0;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        SpecialAlarmsFile::StoreSharedRow(i, rows[i]);
+        const auto day = std::find(dayNames.begin(), dayNames.end(), rows[i].Day);
+        if (day != dayNames.end()) {
+            dayIndex = static_cast<int>(day - dayNames.begin());
+        }
+        cboDays[i].listIndex = dayIndex;
+        dtpTime[i].value = rows[i].Time.TimeOnly();
+        txtMessage[i].text = rows[i].Message;
+        chkEnabled[i].value = rows[i].Enabled == 1 ? 1 : 0;
+    }
+}
+
+void frmSpecialAlarms::WriteSpecialAlarmsFile() {
+    std::array<SpecialAlarmsFile::Row, rowCount> rows;
+    for (std::size_t i = 0; i < rowCount; ++i) {
+        rows[i] = RowOf(i);
+    }
+    forms::FileSystem& disk = *forms::Machine().files;
+    if (!disk.FolderExists(SpecialAlarmsFile::Folder())) {
+        disk.MakeFolder(SpecialAlarmsFile::Folder());
+    }
+    SafeFile::ReplaceFile(SpecialAlarmsFile::Path(), SpecialAlarmsFile::Encode(rows));
+    ReadSpecialAlarmsFile();
+}
+
+void frmSpecialAlarms::Row_Change() { cmdSave.enabled = true; }
+
+void frmSpecialAlarms::cmdSave_Click() {
+    if (const auto pair = FindIdenticalAlarms()) {
+        ReportIdenticalAlarms(*pair);
+        return;
+    }
+    WriteSpecialAlarmsFile();
+    Unload();
+}
+
+void frmSpecialAlarms::cmdCancel_Click() { Unload(); }

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <utility>
+
+#include "alarms/SpecialAlarmsFile.h"
+#include "forms/Form.h"
+
+// The editor of the seven weekly alarms. Saving also refreshes the rows that the main clock tests.
+class frmSpecialAlarms : public forms::Form {
+  public:
+    frmSpecialAlarms() : Form("frmSpecialAlarms") {}
+
+    forms::Label lblSPA{this, "lblSPA"};
+    forms::Label lblEnable{this, "lblEnable"};
+    forms::Label lblAlarmDay{this, "lblAlarmDay"};
+    forms::Label lblAlarmTime{this, "lblAlarmTime"};
+    forms::Label lblMessage{this, "lblMessage"};
+    std::array<forms::Label, 7> lblNum{{
+        {this, "lblNum"},
+        {this, "lblNum"},
+        {this, "lblNum"},
+        {this, "lblNum"},
+        {this, "lblNum"},
+        {this, "lblNum"},
+        {this, "lblNum"},
+    }};
+    std::array<forms::CheckBox, 7> chkEnabled{{
+        {this, "chkEnabled"},
+        {this, "chkEnabled"},
+        {this, "chkEnabled"},
+        {this, "chkEnabled"},
+        {this, "chkEnabled"},
+        {this, "chkEnabled"},
+        {this, "chkEnabled"},
+    }};
+    std::array<forms::ComboBox, 7> cboDays{{
+        {this, "cboDays", 0},
+        {this, "cboDays", 1},
+        {this, "cboDays", 2},
+        {this, "cboDays", 3},
+        {this, "cboDays", 4},
+        {this, "cboDays", 5},
+        {this, "cboDays", 6},
+    }};
+    std::array<forms::DateTimePicker, 7> dtpTime{{
+        {this, "dtpTime", 0},
+        {this, "dtpTime", 1},
+        {this, "dtpTime", 2},
+        {this, "dtpTime", 3},
+        {this, "dtpTime", 4},
+        {this, "dtpTime", 5},
+        {this, "dtpTime", 6},
+    }};
+    std::array<forms::TextBox, 7> txtMessage{{
+        {this, "txtMessage"},
+        {this, "txtMessage"},
+        {this, "txtMessage"},
+        {this, "txtMessage"},
+        {this, "txtMessage"},
+        {this, "txtMessage"},
+        {this, "txtMessage"},
+    }};
+    forms::CommandButton cmdSave{this, "cmdSave"};
+    forms::CommandButton cmdCancel{this, "cmdCancel"};
+
+    void Design() override;
+    void Form_Load() override;
+
+  private:
+    using Pair = std::pair<std::size_t, std::size_t>;
+
+    void DesignHeadings();
+    void DesignRow(std::size_t row);
+    // Both rows of a pair that is enabled for one day and time.
+    std::optional<Pair> FindIdenticalAlarms() const;
+    bool AreIdentical(std::size_t i, std::size_t j) const;
+    void ReportIdenticalAlarms(Pair pair);
+    SpecialAlarmsFile::Row RowOf(std::size_t row) const;
+    // Raises RuntimeErrors.
+    void ReadSpecialAlarmsFile();
+    void WriteSpecialAlarmsFile();
+
+    void Row_Change();
+    void cmdSave_Click();
+    void cmdCancel_Click();
+};

@@ -1,0 +1,57 @@
+#include "app/Main.h"
+
+#include "alarms/SpecialAlarmsFile.h"
+#include "app/SafeFile.h"
+#include "app/StandardCode.h"
+#include "app/dlgMsgBox.h"
+#include "app/frmMain.h"
+#include "forms/Devices.h"
+#include "forms/Runtime.h"
+#include "info/frmSplash.h"
+#include "notes/NotesArray.h"
+#include "notes/frmNote.h"
+#include "notes/frmViewNotes.h"
+
+namespace StandardCode {
+
+namespace {
+
+// The program is about to end over an error that nobody trapped: what the user wrote is saved, and
+// no icon is left behind.
+void SaveWhatIsOpen() {
+    const auto loaded = forms::Runtime::Current().LoadedForms();
+    for (const auto& form : loaded) {
+        if (auto* note = dynamic_cast<frmNote*>(form.get())) {
+            note->SaveBeforeTheEnd();
+        }
+    }
+    if (auto* main = forms::LoadedDefault<frmMain>()) {
+        forms::Machine().tray->Delete(main->TrayIconRecord);
+    }
+}
+
+}  // namespace
+
+void Main() {
+    Reset();
+    if (forms::Machine().system->PreviousInstance()) {
+        PictureMessageBox(
+            "     Jotwright is already running.\r\n"
+            "Click the Blue 'N' in the system tray.",
+            "  Jotwright Is Running", "logo.ico");
+        return;
+    }
+    Shared().NoteTitles.clear();
+    if (!forms::Machine().files->FolderExists(NotesFolder())) {
+        forms::Machine().files->MakeFolder(NotesFolder());
+    }
+    SafeFile::RemoveLeftovers(NotesFolder());
+    ConnectControlPanel();
+    forms::Runtime::Current().onFatalError = SaveWhatIsOpen;
+
+    auto& splash = forms::Default<frmSplash>();
+    splash.Show();
+    splash.tmrSplash.enabled = true;
+}
+
+}  // namespace StandardCode

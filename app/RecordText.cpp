@@ -1,0 +1,104 @@
+#include "app/RecordText.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "forms/Devices.h"
+#include "forms/RuntimeError.h"
+#include "forms/Text.h"
+
+namespace RecordText {
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
+
+forms::DateTime ReadDay(const std::string& day) {
+    return day.find('/') == std::string::npos ? forms::ParseIsoDate(day)
+                                              : forms::ParseMonthDayYear(day);
+}
+
+forms::DateTime ReadDate(std::string_view field) {
+    std::string date = forms::Trim(field);
+    if (date.size() >= 2 && date.starts_with('#') && date.ends_with('#')) {
+        date = forms::Trim(std::string_view(date).substr(1, date.size() - 2));
+    }
+    const std::size_t blank = date.find(' ');
+    const std::size_t separator = date.find_first_of("-/");
+    if (separator == std::string::npos) {
+        return forms::ParseTime(date);
+    }
+    if (blank == std::string::npos) {
+        return ReadDay(date);
+    }
+    return forms::Combine(ReadDay(date.substr(0, blank)), forms::ParseTime(date.substr(blank)));
+}
+
+}  // namespace
+
+std::string ToBytes(const std::string& text) {
+    const std::string valid = forms::ToValidUtf8(text);
+    const std::optional<std::string> ansi = forms::Machine().locale->ToAnsi(valid);
+    return ansi ? *ansi : std::string(byteOrderMark) + valid;
+}
+
+std::string FromBytes(const std::string& bytes) {
+    if (bytes.starts_with(byteOrderMark)) {
+        return forms::ToValidUtf8(std::string_view(bytes).substr(byteOrderMark.size()));
+    }
+    return forms::Machine().locale->FromAnsi(bytes);
+}
+
+std::string Quoted(const std::string& text) { return '"' + text + '"'; }
+
+std::string Reader::Text() { return Next().text; }
+
+forms::DateTime Reader::Date() {
+    const Field field = Next();
+    return field.text.empty() && !field.quoted ? forms::DateTime{} : ReadDate(field.text);
+}
+
+std::int16_t Reader::Integer() {
+    const Field field = Next();
+    return field.text.empty() && !field.quoted ? std::int16_t{0} : forms::ToInteger16(field.text);
+}
+
+Reader::Field Reader::Next() {
+    SkipBlanks();
+    if (position == text.size()) {
+        throw forms::RuntimeError(forms::ErrorNumber::InputPastEndOfFile);
+    }
+    const bool quoted = text[position] == '"';
+    if (quoted) {
+        ++position;
+    }
+    const std::size_t found =
+        quoted ? text.find('"', position) : text.find_first_of(",\r\n", position);
+    const std::size_t end = std::min(found, text.size());
+    Field field{text.substr(position, end - position), quoted};
+    position = end;
+    if (quoted && position < text.size()) {
+        ++position;
+        SkipBlanks();
+    }
+    // Anything else that follows a closing quote begins the next field.
+    SkipDelimiter();
+    return field;
+}
+
+void Reader::SkipBlanks() {
+    while (position < text.size() && (text[position] == ' ' || text[position] == '\t')) {
+        ++position;
+    }
+}
+
+void Reader::SkipDelimiter() {
+    if (text.compare(position, 2, forms::lineBreak) == 0) {
+        position += 2;
+    } else if (position < text.size() &&
+               std::string_view(",\r\n").find(text[position]) != std::string_view::npos) {
+        ++position;
+    }
+}
+
+}  // namespace RecordText

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "forms/DateTime.h"
+
+// The comma-separated records that the program keeps its notes and weekly alarms in: texts between
+// double quotes as they stand, dates and times between number signs, bare integers.
+namespace RecordText {
+
+// The bytes of a file: the system's ANSI code page where every character fits it, otherwise UTF-8
+// behind a byte order mark.
+std::string ToBytes(const std::string& text);
+// The UTF-8 text of a file in either encoding. Takes any bytes.
+std::string FromBytes(const std::string& bytes);
+
+std::string Quoted(const std::string& text);
+
+// Reads the fields of a file one after the other, across its line ends. Each call raises
+// RuntimeError 62 where no field is left.
+class Reader {
+  public:
+    explicit Reader(std::string fileText) : text(std::move(fileText)) {}
+
+    // From quote to quote, line breaks included; without a quote up to the next comma or line end.
+    // A missing closing quote takes all that is left.
+    std::string Text();
+    // "yyyy-mm-dd", "hh:mm:ss" or both, with or without number signs, quoted or not; nothing at all
+    // is the zero date. RuntimeError 13 for anything else.
+    forms::DateTime Date();
+    // Nothing at all is 0. RuntimeError 13 where it is no number, 6 where it does not fit.
+    std::int16_t Integer();
+
+  private:
+    struct Field {
+        std::string text;
+        bool quoted = false;
+    };
+
+    Field Next();
+    void SkipBlanks();
+    void SkipDelimiter();
+
+    std::string text;
+    std::size_t position = 0;
+};
+
+}  // namespace RecordText

@@ -1,0 +1,37 @@
+#include "app/StandardCode.h"
+
+#include "forms/RuntimeError.h"
+
+namespace StandardCode {
+
+namespace {
+
+std::size_t IndexOf(int slot) {
+    if (slot < 1 || slot > maximumNotes) {
+        throw forms::RuntimeError(forms::ErrorNumber::SubscriptOutOfRange);
+    }
+    return static_cast<std::size_t>(slot - 1);
+}
+
+}  // namespace
+
+NoteRecord& NotesTable::operator[](int slot) { return slots[IndexOf(slot)]; }
+
+const NoteRecord& NotesTable::operator[](int slot) const { return slots[IndexOf(slot)]; }
+
+SharedValues& Shared() {
+    static SharedValues values;
+    return values;
+}
+
+SharedEvents& Events() {
+    static SharedEvents events;
+    return events;
+}
+
+void Reset() {
+    Shared() = SharedValues{};
+    Events() = SharedEvents{};
+}
+
+}  // namespace StandardCode

@@ -1,0 +1,124 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "forms/Color.h"
+#include "forms/DateTime.h"
+#include "forms/Devices.h"
+#include "forms/Event.h"
+
+// The values that the whole program shares. All belong to the user-interface thread. An operation
+// of this module that needs a window is declared, in this namespace, by the file of its own
+// subject.
+namespace StandardCode {
+
+constexpr int maximumNotes = 100;
+
+// The nine fields of a note, in the order of its file.
+struct NoteRecord {
+    std::string Title;
+    std::string Text;
+    forms::DateTime AlarmDate;
+    forms::DateTime AlarmTime;
+    std::int16_t ColorIndex = 0;
+    std::int16_t FontSize = 0;
+    std::string AlarmState;  // "1" set, "0" not set
+    std::int16_t AudioAlarm = 0;
+    std::string Trailer;
+
+    bool operator==(const NoteRecord&) const = default;
+};
+
+// The saved notes in slots 1 to 100, in the order of the folder's listing.
+class NotesTable {
+  public:
+    // RuntimeError 9 for a slot outside 1 to 100.
+    NoteRecord& operator[](int slot);
+    const NoteRecord& operator[](int slot) const;
+
+  private:
+    std::array<NoteRecord, maximumNotes> slots;
+};
+
+// A note as it was read when its file had this size and time of change.
+struct ParsedNote {
+    std::uint64_t size = 0;
+    std::int64_t changed = 0;
+    NoteRecord record;
+};
+
+// What the windows share. Reset() gives the state at the start of the process.
+struct SharedValues {
+    NotesTable NotesArray;
+    std::int16_t NoteCount = 0;
+    std::map<std::string, ParsedNote> ParsedNotes;  // by upper-case file name
+    // Titles of the open editors, in the order in which they were given.
+    std::vector<std::string> NoteTitles;
+
+    std::string AlarmSoundPath;        // full path of the current alarm sound
+    bool AlarmSounding = false;        // keeps the cuckoo and further alarm sounds silent
+    int DisplaySoundsWaiting = 0;      // looping sounds of alarm displays that wait for their boxes
+    bool SoundRequested = false;       // an alarm display opened in this tick wants the sound
+    bool ControlPanelMode = false;     // the control panel is the way into the editors
+    bool BlinkPhase = false;           // one for all note windows
+    std::string AlarmFlag;             // "1" or "0": alarm of the last note restored
+    std::int16_t StartCookooFlag = 0;  // copy of setting "StartCookoo"
+    std::int16_t WindowOnTopFlag = 0;  // copy of setting "WindowOnTop"
+    std::int16_t NoteFlag = 0;         // cleared by note creation
+    std::int16_t Answer = 0;           // of the erase question: 2 yes, 1 no
+
+    // The weekly alarms, rows 0 to 6.
+    std::array<std::string, 7> SpecialAlarmDay;
+    std::array<forms::DateTime, 7> SpecialAlarmTime;
+    std::array<std::string, 7> SpecialAlarmMessage;
+    std::array<std::int16_t, 7> SpecialAlarmEnabled{};
+};
+
+SharedValues& Shared();
+void Reset();
+
+// How a lower window reaches a higher one.
+struct SharedEvents {
+    // The notes array was rebuilt; NoteCount holds the count.
+    forms::Event<> NotesArrayLoaded;
+    // A saved note made the count reach 100: no more notes may be made.
+    forms::Event<> MaximumReached;
+    // An editor or a display was closed: unload the control panel, load it again so that the array
+    // and its list are rebuilt, and leave it hidden, show it, or unload it once more.
+    enum class PanelAction { Reload, ReloadAndShow, Show, UnloadIfVisible, LoadAndUnload };
+    forms::Event<PanelAction> ControlPanel;
+    // Erasing made room: notes may be made again.
+    forms::Event<> BelowMaximum;
+    // The box for a new note's title is to have the focus.
+    forms::Event<> FocusNoteTitle;
+    // Asks for the help file (help command 9) and for the About box.
+    forms::Event<> ShowHelp;
+    forms::Event<> ShowAbout;
+    // Switches off the main window's check of the sound file.
+    forms::Event<> StopSoundCheck;
+    // The main window, where there is one, puts its icon into the argument.
+    forms::Event<forms::Picture&> MainIconWanted;
+};
+
+SharedEvents& Events();
+
+// The shades of the editor, of new notes, the options and the alarm display. Index 1 white, 2 red,
+// 3 green, 4 blue, 5 yellow, 6 gray, as in the note file.
+struct NoteColor {
+    forms::Color back;
+    forms::Color text;
+};
+inline constexpr std::array<NoteColor, 6> noteColors{{
+    {{255, 255, 255}, forms::black},
+    {{255, 128, 128}, forms::black},
+    {{0, 192, 0}, forms::black},
+    {{128, 128, 255}, forms::white},
+    {{255, 255, 0}, forms::black},
+    {{192, 192, 192}, forms::black},
+}};
+
+}  // namespace StandardCode

@@ -1,0 +1,13 @@
+#include "app/Main.h"
+#include "forms/Devices.h"
+#include "forms/Runtime.h"
+#include "forms/win32/MakeDevices.h"
+#include "forms/win32/MakeStage.h"
+
+int main() {
+    const auto stage = forms::win32::MakeStage();
+    forms::Machine() = forms::win32::MakeDevices();
+    forms::Runtime runtime(*stage);
+    runtime.Run(StandardCode::Main);
+    return 0;
+}

@@ -1,0 +1,127 @@
+#pragma once
+
+#include <string>
+
+#include "forms/Devices.h"
+#include "forms/Form.h"
+
+// The program's hub: the box in which a new note is named, the buttons that open the tools, the
+// icon in the notification area, and the clock that rings saved notes and weekly alarms. Closing it
+// ends the program.
+class frmMain : public forms::Form {
+  public:
+    frmMain() : Form("frmMain") {}
+
+    forms::Frame fraNotes{this, "fraNotes"};
+    forms::Label Label1{this, "Label1"};
+    forms::TextBox txtNoteTitle{this, "txtNoteTitle"};
+    forms::CommandButton cmdMakeNote{this, "cmdMakeNote"};
+    forms::Frame fraTools{this, "fraTools"};
+    forms::CommandButton cmdSpecialAlarms{this, "cmdSpecialAlarms"};
+    forms::CommandButton cmdViewNotes{this, "cmdViewNotes"};
+    forms::CommandButton cmdTimer{this, "cmdTimer"};
+    forms::CommandButton cmdStopWatch{this, "cmdStopWatch"};
+    forms::CommandButton cmdCookoo{this, "cmdCookoo"};
+    forms::CommandButton cmdHideMe{this, "cmdHideMe"};
+    forms::CommandButton cmdExit{this, "cmdExit"};
+    forms::Label lblCooKoo{this, "lblCooKoo"};
+    forms::Label lblClick{this, "lblClick"};
+    forms::Image imgLogo{this, "imgLogo"};
+    forms::Label lblCopyright{this, "lblCopyright"};
+
+    forms::Timer tmrNow{this, "tmrNow", forms::TimerPhase::ClockSecond};
+    forms::Timer tmrCooKoo{this, "tmrCooKoo", forms::TimerPhase::ClockSecond};
+    forms::Timer tmrSpecialNotes{this, "tmrSpecialNotes", forms::TimerPhase::ClockSecond};
+    forms::Timer tmrCheckSoundFile{this, "tmrCheckSoundFile"};
+
+    forms::Menu mnuFile{this, "mnuFile"};
+    forms::Menu mnuFileSep{this, mnuFile, "mnuFileSep"};
+    forms::Menu mnuFileExit{this, mnuFile, "mnuFileExit"};
+    forms::Menu mnuTools{this, "mnuTools"};
+    forms::Menu mnuToolsSpecialAlarms{this, mnuTools, "mnuToolsSpecialAlarms"};
+    forms::Menu mnuToolsControlPanel{this, mnuTools, "mnuToolsControlPanel"};
+    forms::Menu mnuToolsTimer{this, mnuTools, "mnuToolsTimer"};
+    forms::Menu mnuToolsStopWatch{this, mnuTools, "mnuToolsStopWatch"};
+    forms::Menu mnuSepOpt{this, mnuTools, "mnuSepOpt"};
+    forms::Menu mnuToolsChangeAlarm{this, mnuSepOpt, "mnuToolsChangeAlarm"};
+    forms::Menu mnuToolsOptions{this, mnuSepOpt, "mnuToolsOptions"};
+    forms::Menu mnuFileHelp{this, "mnuFileHelp"};
+    forms::Menu mnuHelpAbout{this, mnuFileHelp, "mnuHelpAbout"};
+    forms::Menu mnuHelpHelp{this, mnuFileHelp, "mnuHelpHelp"};
+    forms::Menu mnuVisitWeb{this, mnuFileHelp, "mnuVisitWeb"};
+    forms::Menu mnuHelpShowTips{this, mnuFileHelp, "mnuHelpShowTips"};
+
+    forms::Menu mnuPop{this, "mnuPop"};
+    forms::Menu mnuAbout{this, mnuPop, "mnuAbout"};
+    forms::Menu mnuHelp{this, mnuPop, "mnuHelp"};
+    forms::Menu mnuWebSite{this, mnuPop, "mnuWebSite"};
+    forms::Menu mnuTips{this, mnuPop, "mnuTips"};
+    forms::Menu mnuSep2{this, mnuPop, "mnuSep2"};
+    forms::Menu mnuHide{this, mnuPop, "mnuHide"};
+    forms::Menu mnuShow{this, mnuPop, "mnuShow"};
+    forms::Menu mnuTimer{this, mnuPop, "mnuTimer"};
+    forms::Menu mnuStopWatch{this, mnuPop, "mnuStopWatch"};
+    forms::Menu mnuAlarm{this, mnuPop, "mnuAlarm"};
+    forms::Menu mnuSpecialAlarms{this, mnuPop, "mnuSpecialAlarms"};
+    forms::Menu mnuControlPanel{this, mnuPop, "mnuControlPanel"};
+    forms::Menu sep1{this, mnuPop, "sep1"};
+    forms::Menu mnuExit{this, mnuPop, "mnuExit"};
+
+    void Design() override;
+    void Form_Initialize() override;
+    void Form_Load() override;
+    void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
+    void Form_Unload(bool& cancel) override;
+    void Form_MouseUp(int button, int x, int y) override;
+    // Also the callback of the icon in the notification area, whose messages arrive as x.
+    void Form_MouseMove(int button, int x, int y) override;
+
+    // Restores every saved note into an editor of its own, minimised.
+    void ReadNotes();
+    // Plays the cuckoo count times, one after the other; nothing else runs meanwhile.
+    void StrikeCuckoo(int count);
+    // Asks the shell to open a document or an address; above 32 is success. Failures are shown.
+    int OpenInBrowser(const std::string& document);
+
+    // The icon is in the notification area from Form_Load to Form_QueryUnload.
+    forms::TrayRecord TrayIconRecord;
+
+  private:
+    void DesignControls();
+    void DesignMenus();
+    void ApplyNoteLimit();
+    void ShowMaximumReached();
+    void EnableNoteCreation(bool enable);
+    void AddTrayIcon();
+    void StartCuckooClock();
+    void ShowControlPanel();
+    void ShowHelpFile(int command);
+    void CheckNoteAlarms(int& dueCount);
+    void CheckSpecialAlarms();
+    void StartRequestedSound(int dueCount);
+    void ConnectEvents();
+
+    void cmdMakeNote_Click();
+    void cmdSpecialAlarms_Click();
+    void cmdViewNotes_Click();
+    void cmdTimer_Click();
+    void cmdStopWatch_Click();
+    void cmdCookoo_Click();
+    void cmdHideMe_Click();
+    void cmdExit_Click();
+    void imgLogo_MouseUp(int button);
+    void ShowPopupOn(int button);
+    void tmrNow_Timer();
+    void tmrCooKoo_Timer();
+    void mnuToolsOptions_Click();
+    void mnuAbout_Click();
+    void mnuHelp_Click();
+    void mnuWebSite_Click();
+    void mnuTips_Click();
+    void mnuHide_Click();
+    void mnuShow_Click();
+    void mnuAlarm_Click();
+    void mnuSpecialAlarms_Click();
+
+    bool struck = false;  // the cuckoo has struck; nothing asks for it
+};

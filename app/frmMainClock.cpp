@@ -1,0 +1,109 @@
+#include "alarms/DueRules.h"
+#include "alarms/SpecialAlarmsFile.h"
+#include "alarms/StrikeTable.h"
+#include "app/StandardCode.h"
+#include "app/frmMain.h"
+#include "forms/MsgBox.h"
+#include "notes/frmDisplayNote.h"
+#include "notes/frmNote.h"
+
+// The main window's clock: saved notes, weekly alarms, the cuckoo.
+
+using StandardCode::Shared;
+
+void frmMain::tmrNow_Timer() {
+    // A looping sound that waits for its box keeps the others silent until it is answered.
+    if (Shared().DisplaySoundsWaiting == 0) {
+        Shared().AlarmSounding = false;
+    }
+    Shared().SoundRequested = false;
+    int dueCount = 0;
+    CheckNoteAlarms(dueCount);
+    CheckSpecialAlarms();
+    StartRequestedSound(dueCount);
+}
+
+void frmMain::CheckNoteAlarms(int& dueCount) {
+    const forms::DateTime now = forms::Now();
+    const auto& notes = Shared().NotesArray;
+    for (int slot = 1; slot <= StandardCode::maximumNotes; ++slot) {
+        if (notes[slot].Title.empty()) {
+            return;
+        }
+        // An open editor rings its own alarm.
+        if (DueRules::IsSavedNoteDue(notes[slot], now) &&
+            !StandardCode::IsNoteOpen(notes[slot].Title)) {
+            StandardCode::DisplayNote(slot);
+            ++dueCount;
+        }
+    }
+}
+
+void frmMain::CheckSpecialAlarms() {
+    const forms::DateTime now = forms::Now();
+    for (std::size_t row = 0; row < Shared().SpecialAlarmDay.size(); ++row) {
+        if (!SpecialAlarmsFile::IsDue(SpecialAlarmsFile::SharedRow(row), now)) {
+            continue;
+        }
+        std::string& message = Shared().SpecialAlarmMessage[row];
+        if (message.empty()) {
+            message = "No Special Message";
+        }
+        forms::Machine().sound->Play(Shared().AlarmSoundPath, forms::Sound::Mode::Loop);
+        forms::MsgBox(
+            "Message for " + Shared().SpecialAlarmDay[row] + "               \r\n\r\n" + message,
+            {.icon = forms::BoxIcon::Information}, "Jotwright Daily Alarm");
+        forms::Machine().sound->Stop();
+        Shared().AlarmSounding = true;
+    }
+}
+
+void frmMain::StartRequestedSound(int dueCount) {
+    if (Shared().AlarmSounding || dueCount == 0 || !Shared().SoundRequested) {
+        return;
+    }
+    if (const auto display = StandardCode::LastDisplay()) {
+        display->tmrSoundAlarm.enabled = true;
+        Shared().AlarmSounding = true;
+    }
+}
+
+void frmMain::StartCuckooClock() {
+    tmrCooKoo.enabled = true;
+    cmdCookoo.caption = "Stop CooKoo &Clock";
+    lblCooKoo.visible = true;
+    cmdCookoo.toolTip = "Stop the Cookoo Clock";
+}
+
+void frmMain::cmdCookoo_Click() {
+    if (cmdCookoo.caption() == "Start CooKoo &Clock") {
+        StartCuckooClock();
+        return;
+    }
+    tmrCooKoo.enabled = false;
+    cmdCookoo.caption = "Start CooKoo &Clock";
+    lblCooKoo.visible = false;
+    cmdCookoo.toolTip = "Start the Cookoo Clock";
+}
+
+void frmMain::tmrCooKoo_Timer() {
+    if (Shared().AlarmSounding) {
+        return;
+    }
+    const int strikes = StrikeTable::StrikesAt(forms::Now().TimeOnly());
+    if (strikes > 0) {
+        StrikeCuckoo(strikes);
+    }
+}
+
+void frmMain::StrikeCuckoo(int count) {
+    for (int strike = 0; strike < count; ++strike) {
+        forms::Machine().sound->PlayToEnd(forms::ApplicationPath("\\Cuckoo clock.wav"));
+    }
+    struck = true;
+    tmrCooKoo.enabled = false;
+    // Restarts the clock's own second after the strikes.
+    if (lblCooKoo.visible) {
+        tmrCooKoo.enabled = true;
+    }
+}

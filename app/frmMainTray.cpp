@@ -1,0 +1,79 @@
+#include "app/frmMain.h"
+#include "forms/Environment.h"
+
+// The main window's life between the desktop and the notification area.
+
+namespace {
+
+// Mouse messages of the notification area, as the callback brings them.
+constexpr int leftButtonUp = 514;
+constexpr int leftDoubleClick = 515;
+constexpr int rightButtonUp = 517;
+
+constexpr std::uint32_t recordSize = 88;
+constexpr std::uint32_t messageIconAndTip = 7;
+// The mouse-move message: the tray's events reach the mouse-move handler.
+constexpr std::uint32_t mouseMoveMessage = 512;
+constexpr std::size_t tipLength = 64;
+
+}  // namespace
+
+void frmMain::AddTrayIcon() {
+    TrayIconRecord.structureSize = recordSize;
+    TrayIconRecord.owner = this;
+    TrayIconRecord.iconId = 1;
+    TrayIconRecord.flags = messageIconAndTip;
+    TrayIconRecord.callbackMessage = mouseMoveMessage;
+    TrayIconRecord.iconPath = icon().path;
+    std::string tip = caption();
+    tip.push_back('\0');
+    tip.resize(tipLength, ' ');
+    TrayIconRecord.tip = tip;
+    forms::Machine().tray->Add(TrayIconRecord);
+}
+
+void frmMain::Form_MouseMove(int /*button*/, int x, int /*y*/) {
+    forms::SetMousePointer(forms::MousePointer::Default);
+    switch (x / forms::TwipsPerPixelX()) {
+        case leftDoubleClick:
+            txtNoteTitle.SetFocus();
+            [[fallthrough]];
+        case leftButtonUp:
+            windowState = forms::WindowState::Normal;
+            BringToForeground();
+            mnuHide.enabled = true;
+            mnuShow.enabled = false;
+            Show();
+            break;
+        case rightButtonUp:
+            // Else the menu would stay when the user clicks elsewhere.
+            BringToForeground();
+            PopupMenu(mnuPop);
+            break;
+        default:
+            break;
+    }
+}
+
+void frmMain::Form_MouseUp(int button, int /*x*/, int /*y*/) { ShowPopupOn(button); }
+
+void frmMain::ShowPopupOn(int button) {
+    if (button == forms::rightButton) {
+        PopupMenu(mnuPop);
+    }
+}
+
+void frmMain::cmdHideMe_Click() { mnuHide_Click(); }
+
+void frmMain::mnuHide_Click() {
+    Hide();
+    mnuHide.enabled = false;
+    mnuShow.enabled = true;
+}
+
+void frmMain::mnuShow_Click() {
+    Show();
+    txtNoteTitle.SetFocus();
+    mnuHide.enabled = true;
+    mnuShow.enabled = false;
+}

@@ -1,0 +1,184 @@
+#include "app/frmOptions.h"
+
+#include <cstddef>
+
+#include "app/Settings.h"
+#include "app/StandardCode.h"
+#include "forms/Devices.h"
+#include "forms/Environment.h"
+#include "forms/MsgBox.h"
+#include "forms/RuntimeError.h"
+
+namespace Options = Settings::Options;
+
+namespace {
+
+// Looked for and made under two spellings, which name the same file.
+constexpr const char* linkToFind =
+    "C:\\Documents and Settings\\All Users\\Start Menu\\Programs\\Startup\\Shortcut to "
+    "Jotwright.lnk";
+constexpr const char* linkToMake =
+    "C:\\Documents and Settings\\All Users\\Start Menu\\Programs\\Startup\\Shortcut To "
+    "Jotwright.lnk";
+
+// Selects the button with this index. A code out of range, which only a hand in the store leaves
+// there, selects none.
+template <std::size_t count>
+void SelectOption(std::array<forms::OptionButton, count>& buttons, int index) {
+    for (forms::OptionButton& button : buttons) {
+        if (button.index == index) {
+            button.value = true;
+        }
+    }
+}
+
+void ReadInto(forms::CheckBox& box, const char* key) {
+    box.value = Settings::ReadInteger(Options::section, key, box.value);
+}
+
+}  // namespace
+
+void frmOptions::Design() {
+    caption = "Note Options";
+    width = 8670;
+    height = 6045;
+    DesignGeneral();
+    DesignFont();
+    DesignColor();
+
+    cmdApply.caption = "A&pply";
+    cmdApply.isDefault = true;
+    cmdApply.Place(5880, 5100, 1245, 375);
+    cmdApply.Click = [this] { cmdApply_Click(); };
+    cmdCancel.caption = "&Cancel";
+    cmdCancel.isCancel = true;
+    cmdCancel.Place(7215, 5100, 1245, 375);
+    cmdCancel.Click = [this] { cmdCancel_Click(); };
+}
+
+void frmOptions::DesignGeneral() {
+    fraGeneral.caption = "General Options";
+    fraGeneral.Place(120, 120, 8340, 2145);
+    chkNoteLoops.caption =
+        "Play Note Alarms Continuously.                   ( Alarms will play one time if "
+        "unchecked )";
+    chkNoteLoops.PlaceIn(fraGeneral, 180, 300, 7980, 270);
+    chkShowDateTime.caption = "Hide System Date And Time In Note Editor";
+    chkShowDateTime.PlaceIn(fraGeneral, 180, 660, 7980, 270);
+    chkCooKooOn.caption = "Start CooKoo Clock When Jotwright Starts";
+    chkCooKooOn.PlaceIn(fraGeneral, 180, 1020, 7980, 270);
+    chkIsService.caption =
+        "Start Jotwright when Windows starts.    (Option Available For Windows XP only!)";
+    chkIsService.enabled = false;
+    chkIsService.PlaceIn(fraGeneral, 180, 1380, 7980, 270);
+    chkIsService.Click = [this] { chkIsService_Click(); };
+    chkShowOnTop.caption = "Show Jotwright Notes On Top Of All Windows";
+    chkShowOnTop.PlaceIn(fraGeneral, 180, 1740, 7980, 270);
+}
+
+void frmOptions::DesignFont() {
+    static constexpr std::array<const char*, 4> captions{"10 point", "12 point", "14 point",
+                                                         "16 point"};
+    fraFont.caption = "Default Font Size";
+    fraFont.Place(120, 2385, 4110, 2595);
+    int place = 300;
+    for (forms::OptionButton& button : optDefaultFont) {
+        button.caption = captions[static_cast<std::size_t>(button.index)];
+        button.PlaceIn(fraFont, 180, place, 1800, 270);
+        button.Click = [this, index = button.index] { optDefaultFont_Click(index); };
+        place += 375;
+    }
+}
+
+void frmOptions::DesignColor() {
+    static constexpr std::array<const char*, 6> captions{"White", "Red",    "Green",
+                                                         "Blue",  "Yellow", "Gray"};
+    fraDefaultColor.caption = " Default Note Color";
+    fraDefaultColor.Place(4350, 2385, 4110, 2595);
+    int place = 300;
+    for (forms::OptionButton& button : optDefaultColor) {
+        const auto at = static_cast<std::size_t>(button.index);
+        const forms::Color color = StandardCode::noteColors[at].back;
+        button.caption = captions[at];
+        button.backColor = color;
+        button.PlaceIn(fraDefaultColor, 180, place, 1800, 270);
+        button.Click = [this, index = button.index] { optDefaultColor_Click(index); };
+        shpColor[at].fillColor = color;
+        shpColor[at].PlaceIn(fraDefaultColor, 2130, place, 1740, 270);
+        place += 375;
+    }
+}
+
+void frmOptions::Form_Load() {
+    if (std::stod(GetWinVersion()) > 5.0) {
+        chkIsService.enabled = true;
+    }
+    icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
+
+    ReadInto(chkShowOnTop, Options::windowOnTop);
+    ReadInto(chkCooKooOn, Options::startCookoo);
+    StandardCode::Shared().StartCookooFlag = chkCooKooOn.value == 1 ? 1 : 0;
+    ReadInto(chkShowDateTime, Options::showDateTime);
+    colorCode = Settings::ReadInteger(Options::section, Options::defaultColor, 0);
+    fontCode = Settings::ReadInteger(Options::section, Options::defaultFontSize, 0);
+    noteLoops = Settings::ReadInteger(Options::section, Options::noteLoops, noteLoops);
+    chkNoteLoops.value = noteLoops != 0 ? 1 : 0;
+    // The colour as the default: both keys are always written together.
+    chkIsService.value = Settings::ReadInteger(Options::section, Options::isService, colorCode);
+    SelectOption(optDefaultColor, colorCode);
+    SelectOption(optDefaultFont, fontCode);
+}
+
+std::string frmOptions::GetWinVersion() const {
+    const std::uint32_t version = forms::Machine().system->Version();
+    const std::uint32_t hundredths = (version & 0xff) * 100 + ((version >> 8) & 0xff);
+    const std::string fraction = std::to_string(hundredths % 100);
+    return std::to_string(hundredths / 100) + (fraction.size() < 2 ? ".0" : ".") + fraction;
+}
+
+void frmOptions::WriteSettings() {
+    Settings::Write(Options::section, Options::defaultColor, colorCode);
+    Settings::Write(Options::section, Options::defaultFontSize, fontCode);
+    Settings::Write(Options::section, Options::windowOnTop, chkShowOnTop.value);
+    Settings::Write(Options::section, Options::startCookoo, chkCooKooOn.value);
+    Settings::Write(Options::section, Options::noteLoops, chkNoteLoops.value);
+    Settings::Write(Options::section, Options::isService, chkIsService.value);
+    Settings::Write(Options::section, Options::showDateTime, chkShowDateTime.value);
+}
+
+void frmOptions::UpdateStartupLink() {
+    forms::FileSystem& files = *forms::Machine().files;
+    const bool exists = files.FileExists(linkToFind);
+    if (startWithWindows == 0 && exists) {
+        files.Delete(linkToFind);
+    }
+    if (startWithWindows == 1 && !exists) {
+        files.Copy(forms::ApplicationPath("\\Shortcut To Jotwright.lnk"), linkToMake);
+    }
+}
+
+void frmOptions::chkIsService_Click() {
+    if (chkIsService.value == 0) {
+        startWithWindows = 0;
+    } else if (chkIsService.value == 1) {
+        startWithWindows = 1;
+    }
+}
+
+void frmOptions::optDefaultFont_Click(int index) { fontCode = static_cast<std::int16_t>(index); }
+
+void frmOptions::optDefaultColor_Click(int index) { colorCode = static_cast<std::int16_t>(index); }
+
+void frmOptions::cmdApply_Click() {
+    try {
+        WriteSettings();
+        UpdateStartupLink();
+    } catch (const forms::RuntimeError&) {
+        forms::MsgBox("Unable to create startup link.       ",
+                      {.icon = forms::BoxIcon::Exclamation}, "Startup Link Error");
+        return;
+    }
+    Unload();
+}
+
+void frmOptions::cmdCancel_Click() { Unload(); }

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "forms/Form.h"
+
+// The defaults of new notes and the program's switches. Nothing is written before Apply.
+class frmOptions : public forms::Form {
+  public:
+    frmOptions() : Form("frmOptions") {}
+
+    forms::Frame fraGeneral{this, "fraGeneral"};
+    forms::CheckBox chkNoteLoops{this, "chkNoteLoops"};
+    forms::CheckBox chkShowDateTime{this, "chkShowDateTime"};
+    forms::CheckBox chkCooKooOn{this, "chkCooKooOn"};
+    forms::CheckBox chkIsService{this, "chkIsService"};
+    forms::CheckBox chkShowOnTop{this, "chkShowOnTop"};
+    forms::Frame fraFont{this, "fraFont"};
+    std::array<forms::OptionButton, 4> optDefaultFont{{
+        {this, "optDefaultFont", 0},
+        {this, "optDefaultFont", 1},
+        {this, "optDefaultFont", 2},
+        {this, "optDefaultFont", 3},
+    }};
+    forms::Frame fraDefaultColor{this, "fraDefaultColor"};
+    std::array<forms::OptionButton, 6> optDefaultColor{{
+        {this, "optDefaultColor", 0},
+        {this, "optDefaultColor", 1},
+        {this, "optDefaultColor", 2},
+        {this, "optDefaultColor", 3},
+        {this, "optDefaultColor", 4},
+        {this, "optDefaultColor", 5},
+    }};
+    std::array<forms::Shape, 6> shpColor{{
+        {this, "shpColor"},
+        {this, "shpColor"},
+        {this, "shpColor"},
+        {this, "shpColor"},
+        {this, "shpColor"},
+        {this, "shpColor"},
+    }};
+    forms::CommandButton cmdApply{this, "cmdApply"};
+    forms::CommandButton cmdCancel{this, "cmdCancel"};
+
+    void Design() override;
+    void Form_Load() override;
+
+    // The system's version as text: the major number and a hundredth of the minor one, "5.01".
+    std::string GetWinVersion() const;
+
+  private:
+    void DesignGeneral();
+    void DesignFont();
+    void DesignColor();
+    void WriteSettings();
+    void UpdateStartupLink();
+
+    void chkIsService_Click();
+    void optDefaultFont_Click(int index);
+    void optDefaultColor_Click(int index);
+    void cmdApply_Click();
+    void cmdCancel_Click();
+
+    std::int16_t colorCode = 0;  // 0 to 5
+    std::int16_t fontCode = 0;   // 0 to 3
+    std::int16_t startWithWindows = 0;
+    std::int16_t noteLoops = 0;
+};

@@ -1,0 +1,156 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "forms/Devices.h"
+#include "forms/RuntimeError.h"
+#include "forms/headless/VirtualClock.h"
+
+// Devices that record what they are asked and do what a test tells them.
+namespace forms::headless {
+
+class RecordedSound : public Sound {
+  public:
+    explicit RecordedSound(VirtualClock& soundClock) : clock(soundClock) {}
+
+    enum class Kind { Once, Loop, ToEnd, Stop };
+    struct Entry {
+        Kind kind;
+        std::string path;  // empty for Stop
+        DateTime at;
+        std::int64_t moment;  // monotonic milliseconds
+    };
+
+    void Play(const std::string& wavePath, Mode mode) override;
+    // Lets the clock pass by the length of the wave.
+    void PlayToEnd(const std::string& wavePath) override;
+    void Stop() override;
+
+    // Whether something sounds now: a loop that was not stopped, or a wave that is not over.
+    bool IsPlaying() const;
+    std::string PlayingPath() const;  // empty in silence
+    int Count(Kind kind) const;
+
+    std::vector<Entry> log;
+    std::map<std::string, int> lengths;  // milliseconds by path
+    int defaultLength = 1000;
+
+  private:
+    int LengthOf(const std::string& path) const;
+    VirtualClock& clock;
+};
+
+// As the system does it, a second icon with the number of one that is there is refused, and so is
+// deleting an icon that is not there.
+class RecordedTray : public Tray {
+  public:
+    struct Entry {
+        bool add;  // else delete
+        bool succeeded;
+        TrayRecord record;
+    };
+
+    bool Add(const TrayRecord& record) override;
+    bool Delete(const TrayRecord& record) override;
+
+    std::optional<TrayRecord> icon;  // the one that is shown
+    std::vector<Entry> log;
+    bool refuses = false;  // no notification area
+};
+
+class RecordedPrinter : public Printer {
+  public:
+    struct Line {
+        std::string text;
+        int fontSize;  // points; 0: never set
+    };
+    struct Document {
+        std::vector<Line> lines;
+        bool ended = false;
+        bool abandoned = false;
+        // All lines, each with a line break.
+        std::string Text() const;
+    };
+
+    void Print(const std::string& text) override;
+    void SetFontSize(int points) override;
+    void EndDocument() override;
+    void AbandonDocument() override;
+
+    // The call with this number from now on, counted from 1 over all operations, fails with 482;
+    // so do all that follow it but AbandonDocument, until Repair.
+    void FailAt(int call);
+    void Repair() { FailAt(0); }
+
+    std::vector<Document> documents;
+
+  private:
+    void Count();
+    Document& Current();
+    int fontSize = 0;
+    int calls = 0;
+    int failingCall = 0;  // 0: none
+};
+
+class RecordedShell : public Shell {
+  public:
+    struct Opened {
+        std::string document;
+        std::string workingFolder;
+    };
+    struct Help {
+        std::string file;
+        int command;
+    };
+
+    int Open(const std::string& document, const std::string& workingFolder) override;
+    void ShowHelp(const std::string& helpFile, int command) override;
+
+    int result = 33;
+    std::optional<ErrorNumber> error;  // raised by either call, after it is recorded
+    std::vector<Opened> opened;
+    std::vector<Help> helpShown;
+};
+
+// A picture is there when its file is; the bytes are not looked at.
+class RecordedPictures : public Pictures {
+  public:
+    explicit RecordedPictures(FileSystem& pictureFiles) : files(pictureFiles) {}
+
+    Picture Load(const std::string& path) override;
+
+    struct Extent {
+        int width;   // twips
+        int height;  // twips
+    };
+    std::map<std::string, Extent> sizes;
+    Extent defaultSize{480, 480};
+    std::set<std::string> noPictures;  // files that are there but hold no picture
+    std::vector<std::string> loaded;
+
+  private:
+    FileSystem& files;
+};
+
+class RecordedSystem : public System {
+  public:
+    std::string ApplicationFolder() override { return folder; }
+    bool PreviousInstance() override {
+        ++timesAsked;
+        return previousInstance;
+    }
+    std::uint32_t Version() override { return version; }
+
+    std::string folder = "C:\\Jotwright";
+    bool previousInstance = false;
+    int timesAsked = 0;
+    std::uint32_t version = 0x000A;  // 10.0
+};
+
+}  // namespace forms::headless

@@ -1,0 +1,127 @@
+#include "forms/headless/HeadlessLocale.h"
+
+#include <locale.h>
+#include <wctype.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <stdexcept>
+
+#include "forms/Text.h"
+
+namespace forms::headless {
+
+namespace {
+
+// Characters of code page 1252 from 0x80 to 0x9f; the five bytes without one stand for themselves.
+constexpr std::array<char32_t, 32> windows1252{
+    0x20ac, 0x0081, 0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008d, 0x017d, 0x008f, 0x0090, 0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
+    0x2013, 0x2014, 0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, 0x009d, 0x017e, 0x0178};
+
+std::string Padded(int value, std::size_t width) {
+    std::string digits = std::to_string(value);
+    return digits.size() < width ? std::string(width - digits.size(), '0') + digits : digits;
+}
+
+}  // namespace
+
+std::string HeadlessLocale::FormatLike(const std::string& format, DateTime value) const {
+    std::string result;
+    for (std::size_t i = 0; i < format.size();) {
+        const char letter = format[i];
+        if (letter == '\'') {
+            const std::size_t end = format.find('\'', i + 1);
+            result += format.substr(i + 1, end == std::string::npos ? end : end - i - 1);
+            i = end == std::string::npos ? format.size() : end + 1;
+            continue;
+        }
+        const std::size_t next = std::min(format.find_first_not_of(letter, i), format.size());
+        const std::size_t count = next - i;
+        const int hour12 = value.Hour() % 12 == 0 ? 12 : value.Hour() % 12;
+        const std::string& half = value.Hour() < 12 ? morning : afternoon;
+        switch (letter) {
+            case 'd':
+                result += Padded(value.Day(), count);
+                break;
+            case 'M':
+                result += Padded(value.Month(), count);
+                break;
+            case 'y':
+                result += count <= 2 ? Padded(value.Year() % 100, count) : Padded(value.Year(), 4);
+                break;
+            case 'h':
+                result += Padded(hour12, count);
+                break;
+            case 'H':
+                result += Padded(value.Hour(), count);
+                break;
+            case 'm':
+                result += Padded(value.Minute(), count);
+                break;
+            case 's':
+                result += Padded(value.Second(), count);
+                break;
+            case 't':
+                result += count == 1 ? half.substr(0, 1) : half;
+                break;
+            default:
+                result.append(count, letter);
+        }
+        i = next;
+    }
+    return result;
+}
+
+std::string HeadlessLocale::ShortDate(DateTime value) { return FormatLike(shortDateFormat, value); }
+
+std::string HeadlessLocale::TimeText(DateTime value) { return FormatLike(timeFormat, value); }
+
+std::string HeadlessLocale::WeekdayName(DateTime value) {
+    return weekdayNames[static_cast<std::size_t>(value.Weekday())];
+}
+
+std::string HeadlessLocale::ToUpper(const std::string& text) { return UpperCase(text); }
+
+std::optional<std::string> HeadlessLocale::ToAnsi(const std::string& utf8) {
+    std::string bytes;
+    for (std::size_t position = 0; position < utf8.size();) {
+        const char32_t character = NextCharacter(utf8, position);
+        const auto* const special = std::find(windows1252.begin(), windows1252.end(), character);
+        if (character < 0x80 || (character >= 0xa0 && character <= 0xff)) {
+            bytes += static_cast<char>(character);
+        } else if (special != windows1252.end()) {
+            bytes += static_cast<char>(0x80 + (special - windows1252.begin()));
+        } else {
+            return std::nullopt;
+        }
+    }
+    return bytes;
+}
+
+std::string HeadlessLocale::FromAnsi(const std::string& bytes) {
+    std::string text;
+    for (const char byte : bytes) {
+        const auto code = static_cast<std::uint8_t>(byte);
+        const bool isSpecial = code >= 0x80 && code <= 0x9f;
+        AppendCharacter(text, isSpecial ? windows1252[code - 0x80U] : char32_t{code});
+    }
+    return text;
+}
+
+std::string UpperCase(std::string_view utf8) {
+    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    if (unicode == nullptr) {
+        throw std::runtime_error("the C.UTF-8 locale is missing");
+    }
+    std::string upper;
+    upper.reserve(utf8.size());
+    for (std::size_t position = 0; position < utf8.size();) {
+        const char32_t character = NextCharacter(utf8, position);
+        AppendCharacter(upper,
+                        static_cast<char32_t>(towupper_l(static_cast<wint_t>(character), unicode)));
+    }
+    return upper;
+}
+
+}  // namespace forms::headless

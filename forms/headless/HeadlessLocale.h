@@ -1,0 +1,37 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "forms/Devices.h"
+
+namespace forms::headless {
+
+// English names and formats and code page 1252 unless a test sets something else.
+class HeadlessLocale : public Locale {
+  public:
+    // Formats as the system's settings hold them: d dd M MM yy yyyy, h hh H HH m mm s ss t tt, any
+    // other characters and 'quoted text' as they stand.
+    std::string shortDateFormat = "M/d/yyyy";
+    std::string timeFormat = "h:mm:ss tt";
+    std::string morning = "AM";
+    std::string afternoon = "PM";
+    std::array<std::string, 7> weekdayNames{"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                            "Thursday", "Friday", "Saturday"};
+
+    std::string ShortDate(DateTime value) override;
+    std::string TimeText(DateTime value) override;
+    std::string WeekdayName(DateTime value) override;
+    std::string ToUpper(const std::string& text) override;
+    std::optional<std::string> ToAnsi(const std::string& utf8) override;
+    std::string FromAnsi(const std::string& bytes) override;
+
+  private:
+    std::string FormatLike(const std::string& format, DateTime value) const;
+};
+
+// Each character to its simple upper-case form; what the file system compares names by.
+std::string UpperCase(std::string_view utf8);
+
+}  // namespace forms::headless

@@ -1,0 +1,402 @@
+#include "forms/headless/MemoryFiles.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "forms/Text.h"
+#include "forms/headless/HeadlessLocale.h"
+
+namespace forms::headless {
+
+namespace {
+
+constexpr std::size_t longestName = 255;  // UTF-16 units
+constexpr std::size_t longestPath = 259;
+
+[[noreturn]] void Fail(ErrorNumber number) { throw RuntimeError(number); }
+
+bool IsReservedName(std::string_view name) {
+    const std::string base = UpperCase(Trim(name.substr(0, name.find('.'))));
+    if (base.size() == 4 && (base.starts_with("COM") || base.starts_with("LPT"))) {
+        return base[3] >= '1' && base[3] <= '9';
+    }
+    static constexpr std::array<std::string_view, 6> devices{"CON", "PRN",    "AUX",
+                                                             "NUL", "CONIN$", "CONOUT$"};
+    return std::find(devices.begin(), devices.end(), base) != devices.end();
+}
+
+bool IsValidName(std::string_view name) {
+    const bool hasBadCharacter = std::any_of(name.begin(), name.end(), [](char c) {
+        return static_cast<unsigned char>(c) < 0x20 ||
+               std::string_view("*?\"<>|:").find(c) != std::string_view::npos;
+    });
+    return !name.empty() && !hasBadCharacter && Utf16Length(name) <= longestName &&
+           !IsReservedName(name);
+}
+
+std::string FolderKey(const std::string& key) { return key.substr(0, key.rfind('\\')); }
+
+}  // namespace
+
+// Where a path leads: the drive's root has the key "C:", all else "C:\\FOLDER\\NAME.TXT".
+struct MemoryFiles::Place {
+    explicit Place(std::string path) {
+        std::replace(path.begin(), path.end(), '/', '\\');
+        while (path.ends_with('\\')) {
+            path.pop_back();
+        }
+        if (path.size() < 2 || path[1] != ':' || (path.size() > 2 && path[2] != '\\')) {
+            Fail(ErrorNumber::BadFileName);
+        }
+        key = UpperCase(path.substr(0, 2));
+        for (std::size_t start = 3; start <= path.size();) {
+            const std::size_t end = std::min(path.find('\\', start), path.size());
+            name = path.substr(start, end - start);
+            while (end == path.size() && (name.ends_with('.') || name.ends_with(' '))) {
+                name.pop_back();
+            }
+            if (!IsValidName(name)) {
+                Fail(ErrorNumber::BadFileName);
+            }
+            key += '\\' + UpperCase(name);
+            start = end + 1;
+        }
+        if (Utf16Length(key) > longestPath) {
+            Fail(ErrorNumber::PathNotFound);
+        }
+    }
+
+    std::string key;
+    std::string name;
+};
+
+MemoryFiles::MemoryFiles() { PutFolder("C:"); }
+
+bool MemoryFiles::FolderExists(const std::string& path) try {
+    const Node* node = dead ? nullptr : Find(Place(path).key);
+    return node != nullptr && node->isFolder;
+} catch (const RuntimeError&) {
+    return false;
+}
+
+bool MemoryFiles::FileExists(const std::string& path) try {
+    const Node* node = dead ? nullptr : Find(Place(path).key);
+    return node != nullptr && !node->isFolder;
+} catch (const RuntimeError&) {
+    return false;
+}
+
+void MemoryFiles::MakeFolder(const std::string& path) {
+    log.push_back("folder " + path);
+    const Place place(path);
+    CheckParent(place, true);
+    if (Find(place.key) != nullptr) {
+        Fail(ErrorNumber::PathFileAccessError);
+    }
+    Step([&] { PutFolder(path); }, [] {});
+}
+
+std::vector<FileEntry> MemoryFiles::List(const std::string& folder, const std::string& suffix) {
+    std::vector<FileEntry> entries;
+    if (!FolderExists(folder)) {
+        return entries;
+    }
+    const std::string prefix = Place(folder).key + '\\';
+    const std::string upperSuffix = UpperCase(suffix);
+    for (auto at = nodes.lower_bound(prefix); at != nodes.end() && at->first.starts_with(prefix);
+         ++at) {
+        const auto& [key, node] = *at;
+        if (!node.isFolder && key.find('\\', prefix.size()) == std::string::npos &&
+            std::string_view(key).substr(prefix.size()).ends_with(upperSuffix)) {
+            entries.push_back({node.name, node.bytes.size(), node.changed});
+        }
+    }
+    return entries;
+}
+
+std::string MemoryFiles::Read(const std::string& path) {
+    log.push_back("read " + path);
+    const Place place(path);
+    if (dead) {
+        throw Killed{};
+    }
+    std::string bytes;
+    Step([&] { bytes = FindFile(place).bytes; }, [] {});
+    return bytes;
+}
+
+void MemoryFiles::WriteThrough(const std::string& path, const std::string& bytes) {
+    log.push_back("write " + path);
+    WriteSteps(Place(path), bytes);
+}
+
+void MemoryFiles::Replace(const std::string& from, const std::string& to) {
+    log.push_back("replace " + from + " " + to);
+    const Place source(from);
+    const Place target(to);
+    if (dead) {
+        return;
+    }
+    FindFile(source);
+    CheckRemovable(source);
+    CheckWritable(target);
+    Step(
+        [&] {
+            auto moved = nodes.extract(source.key);
+            Remove(to);
+            moved.key() = target.key;
+            moved.mapped().name = target.name;
+            nodes.insert(std::move(moved));
+        },
+        [] {});
+}
+
+void MemoryFiles::Delete(const std::string& path) {
+    log.push_back("delete " + path);
+    const Place place(path);
+    if (dead) {
+        return;
+    }
+    CheckRemovable(place);
+    Step([&] { Remove(path); }, [] {});
+}
+
+void MemoryFiles::Recycle(const std::string& path) {
+    log.push_back("recycle " + path);
+    const Place place(path);
+    if (dead) {
+        return;
+    }
+    CheckRemovable(place);
+    Step(
+        [&] {
+            if (hasRecycleBin) {
+                recycled.push_back(path);
+            }
+            Remove(path);
+        },
+        [] {});
+}
+
+void MemoryFiles::Copy(const std::string& from, const std::string& to) {
+    log.push_back("copy " + from + " " + to);
+    const Place source(from);
+    const Place target(to);
+    std::string bytes;
+    Step([&] { bytes = FindFile(source).bytes; }, [] {});
+    WriteSteps(target, bytes);
+}
+
+void MemoryFiles::PutFolder(const std::string& path) {
+    const Place place(path);
+    if (Find(place.key) != nullptr) {
+        return;
+    }
+    if (place.key.size() > 2) {
+        PutFolder(path.substr(0, path.find_last_of("\\/")));
+    }
+    Node& node = nodes[place.key];
+    node.name = place.name;
+    node.isFolder = true;
+    node.changed = ++clock;
+}
+
+void MemoryFiles::PutFile(const std::string& path, const std::string& bytes) {
+    const Place place(path);
+    PutFolder(path.substr(0, path.find_last_of("\\/")));
+    Node& node = nodes[place.key];
+    if (node.name.empty()) {
+        node.name = place.name;
+    }
+    node.bytes = bytes;
+    node.changed = ++clock;
+}
+
+void MemoryFiles::Remove(const std::string& path) {
+    const auto found = nodes.find(Place(path).key);
+    if (found != nodes.end()) {
+        Resize(found->second, {});
+        nodes.erase(found);
+    }
+}
+
+std::optional<std::string> MemoryFiles::Peek(const std::string& path) const {
+    const Node* node = Find(Place(path).key);
+    return node == nullptr || node->isFolder ? std::nullopt : std::optional(node->bytes);
+}
+
+std::vector<std::string> MemoryFiles::Names(const std::string& folder) const {
+    std::vector<std::string> names;
+    const std::string key = Place(folder).key;
+    for (const auto& [nodeKey, node] : nodes) {
+        if (!node.isFolder && FolderKey(nodeKey) == key) {
+            names.push_back(node.name);
+        }
+    }
+    return names;
+}
+
+void MemoryFiles::SetReadOnly(const std::string& path, bool readOnly) {
+    nodes.at(Place(path).key).readOnly = readOnly;
+}
+
+void MemoryFiles::SetDenied(const std::string& path, bool denied) {
+    nodes.at(Place(path).key).denied = denied;
+}
+
+void MemoryFiles::FailAt(int step, ErrorNumber number) {
+    ClearFaults();
+    faultStep = step;
+    fault = number;
+}
+
+void MemoryFiles::KillAt(int step, Moment moment) {
+    ClearFaults();
+    faultStep = step;
+    killMoment = moment;
+    killing = true;
+}
+
+void MemoryFiles::ClearFaults() {
+    steps = 0;
+    faultStep = 0;
+    fault.reset();
+    killing = false;
+}
+
+void MemoryFiles::Restart() {
+    ClearFaults();
+    dead = false;
+}
+
+MemoryFiles::Node* MemoryFiles::Find(const std::string& key) {
+    const auto found = nodes.find(key);
+    return found == nodes.end() ? nullptr : &found->second;
+}
+
+const MemoryFiles::Node* MemoryFiles::Find(const std::string& key) const {
+    const auto found = nodes.find(key);
+    return found == nodes.end() ? nullptr : &found->second;
+}
+
+MemoryFiles::Node& MemoryFiles::FindFile(const Place& place) {
+    CheckParent(place, false);
+    Node* node = Find(place.key);
+    if (node == nullptr) {
+        Fail(ErrorNumber::FileNotFound);
+    }
+    if (node->isFolder) {
+        Fail(ErrorNumber::PathFileAccessError);
+    }
+    if (node->denied) {
+        Fail(ErrorNumber::PermissionDenied);
+    }
+    return *node;
+}
+
+void MemoryFiles::CheckParent(const Place& place, bool changing) const {
+    const Node* folder = Find(FolderKey(place.key));
+    if (folder == nullptr || !folder->isFolder) {
+        Fail(ErrorNumber::PathNotFound);
+    }
+    if (folder->denied) {
+        Fail(ErrorNumber::PermissionDenied);
+    }
+    if (changing && folder->readOnly) {
+        Fail(ErrorNumber::PathFileAccessError);
+    }
+}
+
+void MemoryFiles::CheckWritable(const Place& place) const {
+    const Node* node = Find(place.key);
+    CheckParent(place, node == nullptr);
+    if (node != nullptr && (node->isFolder || node->readOnly)) {
+        Fail(ErrorNumber::PathFileAccessError);
+    }
+    if (node != nullptr && node->denied) {
+        Fail(ErrorNumber::PermissionDenied);
+    }
+}
+
+void MemoryFiles::CheckRemovable(const Place& place) {
+    const Node& node = FindFile(place);
+    CheckParent(place, true);
+    if (node.readOnly) {
+        Fail(ErrorNumber::PathFileAccessError);
+    }
+}
+
+void MemoryFiles::Resize(Node& file, const std::string& bytes) {
+    std::string fitting = bytes;
+    if (freeSpace) {
+        const std::uint64_t available = *freeSpace + file.bytes.size();
+        fitting.resize(static_cast<std::size_t>(std::min<std::uint64_t>(available, bytes.size())));
+        freeSpace = available - fitting.size();
+    }
+    const bool fits = fitting.size() == bytes.size();
+    file.bytes = std::move(fitting);
+    file.changed = ++clock;
+    if (!fits) {
+        unflushed.reset();
+        Fail(ErrorNumber::DiskFull);
+    }
+}
+
+void MemoryFiles::WriteSteps(const Place& place, const std::string& bytes) {
+    if (dead) {
+        return;
+    }
+    CheckWritable(place);
+    Step(
+        [&] {
+            Node& file = nodes[place.key];
+            if (file.name.empty()) {
+                file.name = place.name;
+            }
+            Resize(file, {});
+        },
+        [] {});
+    const auto write = [&](std::size_t count) {
+        unflushed = place.key;
+        Resize(nodes.at(place.key), bytes.substr(0, count));
+    };
+    Step([&] { write(bytes.size()); }, [&] { write(bytes.size() / 2); });
+    Step([&] { unflushed.reset(); }, [] {});
+}
+
+// part is what is left of the step where it is broken off in the middle.
+template <class Whole, class Part>
+void MemoryFiles::Step(Whole whole, Part part) {
+    if (dead) {
+        return;
+    }
+    const bool isFaulty = ++steps == faultStep;
+    if (isFaulty && fault) {
+        part();
+        unflushed.reset();
+        Fail(*fault);
+    }
+    if (!isFaulty || !killing) {
+        whole();
+        return;
+    }
+    if (killMoment == Moment::Middle) {
+        part();
+    } else if (killMoment == Moment::After) {
+        whole();
+    }
+    Die();
+}
+
+void MemoryFiles::Die() {
+    if (unflushed) {
+        std::string& bytes = nodes.at(*unflushed).bytes;
+        std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(bytes.size() / 2), bytes.end(), '\0');
+        unflushed.reset();
+    }
+    dead = true;
+    throw Killed{};
+}
+
+}  // namespace forms::headless

@@ -1,0 +1,115 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "forms/Devices.h"
+#include "forms/RuntimeError.h"
+
+namespace forms::headless {
+
+// The program died here. No handler of the program catches it.
+struct Killed {};
+
+// A disk in memory that behaves as the one of Windows: names keep their case but are found in any,
+// listings are alphabetical, trailing dots and blanks of a name are dropped, and names that Windows
+// refuses are refused. A copy is a snapshot.
+//
+// What can go wrong is counted in primitive steps, from 1: one for each Read, MakeFolder, Replace,
+// Delete and Recycle, three for WriteThrough (create or truncate, write, flush), four for Copy
+// (read and the three of writing).
+class MemoryFiles : public FileSystem {
+  public:
+    enum class Moment { Before, Middle, After };
+
+    MemoryFiles();
+
+    bool FolderExists(const std::string& path) override;
+    bool FileExists(const std::string& path) override;
+    void MakeFolder(const std::string& path) override;
+    std::vector<FileEntry> List(const std::string& folder, const std::string& suffix) override;
+    std::string Read(const std::string& path) override;
+    void WriteThrough(const std::string& path, const std::string& bytes) override;
+    void Replace(const std::string& from, const std::string& to) override;
+    void Delete(const std::string& path) override;
+    void Recycle(const std::string& path) override;
+    void Copy(const std::string& from, const std::string& to) override;
+
+    // What a test does to the disk behind the program's back: no steps, no faults, no log.
+    void PutFolder(const std::string& path);  // with every folder above it
+    void PutFile(const std::string& path, const std::string& bytes);
+    void Remove(const std::string& path);
+    std::optional<std::string> Peek(const std::string& path) const;
+    // Names of all files of a folder, as they are written on the disk.
+    std::vector<std::string> Names(const std::string& folder) const;
+
+    // A read-only file cannot be changed, replaced or deleted; in a read-only folder nothing can be
+    // made, renamed or deleted (75).
+    void SetReadOnly(const std::string& path, bool readOnly);
+    // As if another program held the file, or as if the user had no right to it (70).
+    void SetDenied(const std::string& path, bool denied);
+    // What is free from now on; without a number there is no limit. A write that does not fit
+    // leaves what fits (61).
+    void SetFreeSpace(std::optional<std::uint64_t> bytes) { freeSpace = bytes; }
+    void SetRecycleBin(bool present) { hasRecycleBin = present; }
+
+    // The step with this number from now on fails; a failing write leaves half of its bytes.
+    void FailAt(int step, ErrorNumber number);
+    // The program is killed at the step with this number from now on: Killed is thrown. A write
+    // that was not flushed is torn: its second half is zeros. An atomic step that is killed in its
+    // middle did not happen. Until Restart() nothing is found on the disk and changes are ignored.
+    void KillAt(int step, Moment moment);
+    void ClearFaults();
+    void Restart();  // after a kill: faults are cleared, the disk works again
+    // Steps since the beginning or since the last FailAt, KillAt, ClearFaults or Restart.
+    int Steps() const { return steps; }
+
+    const std::vector<std::string>& RecycleBin() const { return recycled; }
+    // Every call that changes the disk or reads a file, failed ones too: "write C:\\a.txt",
+    // "replace C:\\a.tmp C:\\a.txt", "read", "delete", "recycle", "copy", "folder".
+    const std::vector<std::string>& Log() const { return log; }
+    void ClearLog() { log.clear(); }
+
+  private:
+    struct Node {
+        std::string name;
+        bool isFolder = false;
+        bool readOnly = false;
+        bool denied = false;
+        std::string bytes;
+        std::int64_t changed = 0;
+    };
+
+    struct Place;
+
+    Node* Find(const std::string& key);
+    const Node* Find(const std::string& key) const;
+    Node& FindFile(const Place& place);
+    void CheckParent(const Place& place, bool changing) const;
+    void CheckWritable(const Place& place) const;
+    void CheckRemovable(const Place& place);
+    void Resize(Node& file, const std::string& bytes);
+    void WriteSteps(const Place& place, const std::string& bytes);
+    template <class Whole, class Part>
+    void Step(Whole whole, Part part);
+    [[noreturn]] void Die();
+
+    std::map<std::string, Node> nodes;  // by upper-case path
+    std::int64_t clock = 0;
+    std::optional<std::uint64_t> freeSpace;
+    bool hasRecycleBin = true;
+    std::vector<std::string> recycled;
+    std::vector<std::string> log;
+    int steps = 0;
+    int faultStep = 0;
+    std::optional<ErrorNumber> fault;
+    Moment killMoment = Moment::Before;
+    bool killing = false;
+    bool dead = false;
+    std::optional<std::string> unflushed;
+};
+
+}  // namespace forms::headless

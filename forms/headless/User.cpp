@@ -1,0 +1,309 @@
+#include "forms/headless/User.h"
+
+#include <algorithm>
+
+#include "forms/Gestures.h"
+#include "forms/Runtime.h"
+
+namespace forms::headless {
+
+namespace {
+
+constexpr Rect wholeScreen{0, 0, 15'360, 11'520};
+
+std::string NameOf(const Control& control) {
+    return std::string(control.form.name) + "." + control.name;
+}
+
+Rect BoundsOf(const Form& form) { return {form.left, form.top, form.width, form.height}; }
+
+}  // namespace
+
+bool User::Fail(const std::string& what, const std::string& why) {
+    stage.Fail("The user cannot " + what + ": " + why + ".");
+    return false;
+}
+
+bool User::Reach(const std::string& what, Form& form) {
+    const std::string inTheWay = stage.WhatIsInTheWay();
+    if (!Runtime::Exists() || Runtime::Current().HasEnded()) {
+        return Fail(what, "the program has ended");
+    }
+    if (!form.IsLoaded()) {
+        return Fail(what, "the form is not loaded");
+    }
+    if (!inTheWay.empty()) {
+        return Fail(what, inTheWay);
+    }
+    if (!form.IsVisible() || !form.IsShownOnStage() || !HeadlessStage::WindowOf(form).shown) {
+        return Fail(what, "the form is not shown");
+    }
+    if (!form.IsUsable() || !HeadlessStage::WindowOf(form).usable) {
+        return Fail(what, "a modal form shuts its form off");
+    }
+    return true;
+}
+
+bool User::Reach(const std::string& what, Control& control) {
+    if (!Reach(what, control.form)) {
+        return false;
+    }
+    if (control.form.windowState() == WindowState::Minimized) {
+        return Fail(what, "its form is minimised");
+    }
+    if (!control.IsEffectivelyVisible()) {
+        return Fail(what, "it is hidden");
+    }
+    if (!control.IsEffectivelyEnabled()) {
+        return Fail(what, "it is disabled");
+    }
+    return true;
+}
+
+void User::TakeFocus(Control& control) {
+    gestures::Activate(control.form);
+    if (control.CanHaveFocus()) {
+        gestures::Focus(control);
+    }
+}
+
+void User::Click(Control& control) {
+    if (!Reach("click " + NameOf(control), control)) {
+        return;
+    }
+    const auto pin = control.form.shared_from_this();
+    TakeFocus(control);
+    if (!control.CanHaveFocus()) {
+        gestures::MouseUp(control, leftButton, 0, 0);
+    }
+    gestures::Click(control);
+}
+
+void User::DoubleClick(Control& control) {
+    if (Reach("double-click " + NameOf(control), control)) {
+        TakeFocus(control);
+        gestures::DoubleClick(control);
+    }
+}
+
+void User::Click(Toolbar& toolbar, const std::string& key) {
+    const std::string what = "click button " + key + " of " + NameOf(toolbar);
+    if (!Reach(what, toolbar)) {
+        return;
+    }
+    const auto& buttons = toolbar.buttons();
+    const auto button = std::find_if(buttons.begin(), buttons.end(), [&key](const auto& candidate) {
+        return candidate.key == key;
+    });
+    if (button == buttons.end()) {
+        Fail(what, "there is no such button");
+    } else if (!button->enabled) {
+        Fail(what, "it is disabled");
+    } else {
+        gestures::Activate(toolbar.form);
+        gestures::ClickToolbar(toolbar, key);
+    }
+}
+
+void User::RightClick(Control& control) {
+    if (Reach("right-click " + NameOf(control), control)) {
+        gestures::Activate(control.form);
+        gestures::MouseUp(control, rightButton, 0, 0);
+    }
+}
+
+void User::RightClick(Form& form) {
+    if (Reach(std::string("right-click ") + form.name, form)) {
+        gestures::Activate(form);
+        gestures::MouseUp(form, rightButton, 0, 0);
+    }
+}
+
+void User::MouseMove(Form& form, int x, int y) {
+    if (Reach(std::string("move the pointer over ") + form.name, form)) {
+        gestures::MouseMove(form, 0, x, y);
+    }
+}
+
+void User::Type(TextBox& textBox, const std::string& content) {
+    const std::string what = "type into " + NameOf(textBox);
+    if (!Reach(what, textBox)) {
+        return;
+    }
+    if (textBox.readOnly) {
+        Fail(what, "it is read-only");
+        return;
+    }
+    TakeFocus(textBox);
+    if (textBox.text() != content) {
+        stage.KeepTyped(textBox, content);
+        gestures::Typed(textBox);
+    }
+}
+
+void User::Select(ComboBox& comboBox, int index) {
+    const std::string what = "select item " + std::to_string(index) + " of " + NameOf(comboBox);
+    if (!Reach(what, comboBox)) {
+        return;
+    }
+    if (index < 0 || index >= static_cast<int>(comboBox.items.size())) {
+        Fail(what, "there is no such item");
+        return;
+    }
+    TakeFocus(comboBox);
+    gestures::Select(comboBox, index);
+}
+
+void User::Select(ComboBox& comboBox, const std::string& item) {
+    const auto found = std::find(comboBox.items.begin(), comboBox.items.end(), item);
+    if (found == comboBox.items.end()) {
+        Fail("select " + item + " of " + NameOf(comboBox), "there is no such item");
+        return;
+    }
+    Select(comboBox, static_cast<int>(found - comboBox.items.begin()));
+}
+
+void User::Select(ListBox& listBox, int index) {
+    const std::string what = "select item " + std::to_string(index) + " of " + NameOf(listBox);
+    if (!Reach(what, listBox)) {
+        return;
+    }
+    if (index < 0 || index >= static_cast<int>(listBox.items().size())) {
+        Fail(what, "there is no such item");
+        return;
+    }
+    TakeFocus(listBox);
+    gestures::Select(listBox, index);
+}
+
+void User::Select(ListView& listView, int row) {
+    const std::string what = "select row " + std::to_string(row) + " of " + NameOf(listView);
+    if (!Reach(what, listView)) {
+        return;
+    }
+    if (row < 0 || row >= static_cast<int>(listView.Rows().size())) {
+        Fail(what, "there is no such row");
+        return;
+    }
+    TakeFocus(listView);
+    gestures::Select(listView, row);
+}
+
+void User::Pick(DateTimePicker& picker, DateTime value) {
+    if (Reach("pick in " + NameOf(picker), picker)) {
+        TakeFocus(picker);
+        gestures::Pick(picker, value);
+    }
+}
+
+void User::Choose(Menu& entry) {
+    const std::string what = std::string("choose ") + entry.form.name + "." + entry.name;
+    if (!Reach(what, entry.form)) {
+        return;
+    }
+    const std::string why = WhyNotChoosable(entry, nullptr);
+    if (!why.empty()) {
+        Fail(what, "it " + why);
+        return;
+    }
+    gestures::Activate(entry.form);
+    gestures::Choose(entry);
+}
+
+void User::Tray(int message) {
+    if (!tray.icon || tray.icon->owner == nullptr) {
+        Fail("use the tray icon", "there is none");
+        return;
+    }
+    gestures::TrayMessage(*tray.icon->owner, message);
+}
+
+void User::CloseBox(Form& form) {
+    const std::string what = std::string("close ") + form.name;
+    if (!Reach(what, form)) {
+        return;
+    }
+    if (form.borderStyle == BorderStyle::None) {
+        Fail(what, "it has no close box");
+        return;
+    }
+    gestures::Close(form);
+}
+
+void User::Minimize(Form& form) {
+    const std::string what = std::string("minimise ") + form.name;
+    if (!Reach(what, form)) {
+        return;
+    }
+    if (form.borderStyle != BorderStyle::Fixed && form.borderStyle != BorderStyle::Sizable) {
+        Fail(what, "it has no button for that");
+        return;
+    }
+    HeadlessStage::WindowOf(form).state = WindowState::Minimized;
+    gestures::Resize(form, BoundsOf(form), WindowState::Minimized);
+}
+
+void User::Restore(Form& form) {
+    const std::string what = std::string("restore ") + form.name;
+    if (!Reach(what, form)) {
+        return;
+    }
+    if (form.windowState() == WindowState::Normal) {
+        Fail(what, "it is neither minimised nor maximised");
+        return;
+    }
+    HeadlessStage::WindowOf(form).state = WindowState::Normal;
+    gestures::Activate(form);
+    gestures::Resize(form, BoundsOf(form), WindowState::Normal);
+}
+
+void User::Maximize(Form& form) {
+    const std::string what = std::string("maximise ") + form.name;
+    if (!Reach(what, form)) {
+        return;
+    }
+    if (form.borderStyle != BorderStyle::Sizable) {
+        Fail(what, "it cannot be sized");
+        return;
+    }
+    HeadlessStage::WindowOf(form).state = WindowState::Maximized;
+    gestures::Activate(form);
+    gestures::Resize(form, wholeScreen, WindowState::Maximized);
+}
+
+void User::Size(Form& form, int width, int height) {
+    const std::string what = std::string("size ") + form.name;
+    if (!Reach(what, form)) {
+        return;
+    }
+    if (form.borderStyle != BorderStyle::Sizable || form.windowState() != WindowState::Normal) {
+        Fail(what, "it cannot be sized");
+        return;
+    }
+    Rect bounds = BoundsOf(form);
+    bounds.width = std::max(width, form.minimumWidth);
+    bounds.height = std::max(height, form.minimumHeight);
+    gestures::Activate(form);
+    gestures::Resize(form, bounds, WindowState::Normal);
+}
+
+void User::Drag(Form& form, int left, int top, const Script& during) {
+    const std::string what = std::string("drag ") + form.name;
+    if (!Reach(what, form)) {
+        return;
+    }
+    if (form.borderStyle == BorderStyle::None || form.windowState() != WindowState::Normal) {
+        Fail(what, "it has no title bar to hold");
+        return;
+    }
+    const auto pin = form.shared_from_this();
+    gestures::Activate(form);
+    if (during) {
+        during();
+    }
+    if (form.IsLoaded() && form.IsVisible()) {
+        gestures::Resize(form, {left, top, form.width, form.height}, WindowState::Normal);
+    }
+}
+
+}  // namespace forms::headless

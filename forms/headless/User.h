@@ -1,0 +1,72 @@
+#pragma once
+
+#include <string>
+
+#include "forms/Controls.h"
+#include "forms/Form.h"
+#include "forms/Menu.h"
+#include "forms/headless/HeadlessDevices.h"
+#include "forms/headless/HeadlessStage.h"
+
+namespace forms::headless {
+
+// The person before the headless stage. Does nothing that a person could not do: an action on
+// something that is hidden, disabled, minimised, shut off by a modal form or behind a box or a menu
+// fails the test and is not done.
+class User {
+  public:
+    User(HeadlessStage& userStage, RecordedTray& userTray) : stage(userStage), tray(userTray) {}
+
+    // Button, check box, option button, label, image; a text box or a list takes the focus.
+    void Click(Control& control);
+    void DoubleClick(Control& control);
+    void Click(Toolbar& toolbar, const std::string& key);
+    void RightClick(Control& control);
+    void RightClick(Form& form);  // its background
+    // The pointer moves over the background; x in twips.
+    void MouseMove(Form& form, int x, int y = 0);
+
+    // Replaces the whole content.
+    void Type(TextBox& textBox, const std::string& content);
+    void Select(ComboBox& comboBox, int index);
+    void Select(ComboBox& comboBox, const std::string& item);
+    void Select(ListBox& listBox, int index);
+    void Select(ListView& listView, int row);
+    void Pick(DateTimePicker& picker, DateTime value);
+
+    // From the menu bar.
+    void Choose(Menu& entry);
+
+    // A message of the tray icon: 514 left button up, 515 left double click, 517 right button up.
+    // Works behind boxes and modal forms too.
+    void Tray(int message);
+
+    void CloseBox(Form& form);
+    void Minimize(Form& form);
+    void Restore(Form& form);
+    void Maximize(Form& form);
+    // Twips.
+    void Size(Form& form, int width, int height);
+    // Holds the title bar while the script runs, then lets go at the new place.
+    void Drag(Form& form, int left, int top, const Script& during = nullptr);
+
+    // Keys go to the active form.
+    void PressEnter();
+    void PressEscape();
+    void Tab();
+    // Alt and a letter.
+    void AccessKey(Form& form, char letter);
+
+  private:
+    bool Fail(const std::string& what, const std::string& why);
+    bool Reach(const std::string& what, Form& form);
+    bool Reach(const std::string& what, Control& control);
+    void TakeFocus(Control& control);
+    Form* FormWithKeyboard(const std::string& what);
+    void PressMarked(const std::string& what, Form& form, bool enter);
+
+    HeadlessStage& stage;
+    RecordedTray& tray;
+};
+
+}  // namespace forms::headless

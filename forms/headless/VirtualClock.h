@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+#include "forms/Devices.h"
+
+namespace forms::headless {
+
+// A clock that stands still unless a test moves it, with the one alarm that a stage arms for its
+// next tick.
+class VirtualClock : public Clock {
+  public:
+    // Friday, 14 May 2004, 9:00:00.
+    VirtualClock();
+
+    DateTime Now() override;
+    int MillisecondOfSecond() override;
+    std::int64_t MonotonicMilliseconds() override { return monotonic; }
+
+    // Sets the wall clock before a program starts; nothing is told of it. A running program's clock
+    // is changed with HeadlessStage::Jump.
+    void SetNow(DateTime now, int millisecond = 0);
+    void MoveWallClock(std::int64_t seconds);
+
+    // Lets time pass: both clocks go on, and every alarm that falls due on the way is given at its
+    // own moment (with jitter, up to that much later). Handlers may advance the clock themselves;
+    // it ends at the later of the two moments.
+    void Advance(std::int64_t milliseconds);
+    // Time passes and no alarm is given: a handler is busy or the machine sleeps. What fell due
+    // meanwhile is given when the clock is next advanced.
+    void Pass(std::int64_t milliseconds);
+
+    // Each alarm comes up to maximum milliseconds late, by a fixed pseudo-random sequence.
+    void SetJitter(int maximum, std::uint32_t seed = 1);
+
+    // The stage's alarm: one, given once; empty disarms.
+    void Arm(std::optional<std::int64_t> due) { alarm = due; }
+    std::optional<std::int64_t> Armed() const { return alarm; }
+    std::function<void()> onAlarm;
+    // An alarm is armed again and again for a moment that is past.
+    std::function<void()> onStuck;
+
+  private:
+    int NextDelay();
+
+    std::int64_t monotonic = 5'000'000;
+    std::int64_t wall = 0;  // milliseconds since the zero date
+    std::optional<std::int64_t> alarm;
+    int maximumDelay = 0;
+    std::uint32_t random = 1;
+};
+
+}  // namespace forms::headless

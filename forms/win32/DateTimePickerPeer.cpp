@@ -1,0 +1,117 @@
+#include <windows.h>
+#include <commctrl.h>
+
+#include "forms/Gestures.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/Peers.h"
+#include "forms/win32/Utf.h"
+
+namespace forms::win32 {
+
+namespace {
+
+class DateTimePickerPeer : public Peer {
+  public:
+    DateTimePickerPeer(FormWindow& formWindow, DateTimePicker& peerPicker)
+        : Peer(formWindow, peerPicker), picker(peerPicker) {}
+
+    void Create() override {
+        upDown = picker.upDown;
+        const DWORD style = upDown ? DTS_UPDOWN | DTS_TIMEFORMAT : DTS_SHORTDATEFORMAT;
+        CreateNative(DATETIMEPICK_CLASSW, std::string(), WS_TABSTOP | style);
+        ShowFormat();
+        ShowValue();
+    }
+
+    void Apply(Aspect aspect) override {
+        if (aspect == Aspect::Value) {
+            ShowValue();
+        } else if (aspect == Aspect::Format) {
+            if (upDown != picker.upDown()) {
+                CreateAgain();
+            } else {
+                ShowFormat();
+            }
+        } else {
+            Peer::Apply(aspect);
+        }
+    }
+
+    std::optional<LRESULT> OnNotify(NMHDR& header) override {
+        if (header.code != DTN_DATETIMECHANGE) {
+            return std::nullopt;
+        }
+        const auto& change = reinterpret_cast<const NMDATETIMECHANGE&>(header);
+        if (change.dwFlags == GDT_VALID) {
+            const SYSTEMTIME& time = change.st;
+            gestures::Pick(picker, ShowsTime()
+                                       ? DateTime::FromTime(time.wHour, time.wMinute, 0)
+                                       : DateTime::FromDate(time.wYear, time.wMonth, time.wDay));
+        }
+        return 0;
+    }
+
+  private:
+    bool ShowsTime() const {
+        return picker.customFormat().empty()
+                   ? picker.upDown()
+                   : picker.customFormat().find_first_of("hHmt") != std::string::npos;
+    }
+
+    void ShowFormat() {
+        const std::wstring format = Wide(picker.customFormat());
+        ::SendMessageW(handle, DTM_SETFORMATW, 0,
+                       format.empty() ? 0 : reinterpret_cast<LPARAM>(format.c_str()));
+    }
+
+    void ShowValue() {
+        const DateTime value = picker.value;
+        SYSTEMTIME time{};
+        // The native control knows no time without a date; the day is never seen.
+        const DateTime day = value.HasDate() ? value : DateTime::FromDate(2000, 1, 1);
+        time.wYear = static_cast<WORD>(day.Year());
+        time.wMonth = static_cast<WORD>(day.Month());
+        time.wDay = static_cast<WORD>(day.Day());
+        time.wHour = static_cast<WORD>(value.Hour());
+        time.wMinute = static_cast<WORD>(value.Minute());
+        time.wSecond = static_cast<WORD>(value.Second());
+        if (!Shows(time)) {
+            ::SendMessageW(handle, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+        }
+    }
+
+    // What the user just typed is not set again: the control would start the field anew.
+    bool Shows(const SYSTEMTIME& time) const {
+        SYSTEMTIME shown{};
+        ::SendMessageW(handle, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&shown));
+        if (ShowsTime()) {
+            return shown.wHour == time.wHour && shown.wMinute == time.wMinute;
+        }
+        return shown.wYear == time.wYear && shown.wMonth == time.wMonth && shown.wDay == time.wDay;
+    }
+
+    // Whether the control has a calendar or arrows is settled when it is made.
+    void CreateAgain() {
+        HWND before = handle;
+        const bool hadFocus = ::GetFocus() == before;
+        Create();
+        ::SetWindowPos(handle, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        HWND made = handle;
+        ::DestroyWindow(before);
+        handle = made;
+        if (hadFocus) {
+            ::SetFocus(handle);
+        }
+    }
+
+    DateTimePicker& picker;
+    bool upDown = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Peer> MakeDateTimePickerPeer(FormWindow& window, DateTimePicker& picker) {
+    return std::make_unique<DateTimePickerPeer>(window, picker);
+}
+
+}  // namespace forms::win32

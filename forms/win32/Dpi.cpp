@@ -1,0 +1,65 @@
+#include "forms/win32/Dpi.h"
+
+namespace forms::win32 {
+
+namespace {
+
+template <class Function>
+Function FromUser32(const char* name) {
+    const FARPROC address = ::GetProcAddress(::GetModuleHandleW(L"user32.dll"), name);
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(address));
+}
+
+}  // namespace
+
+int SystemDpi() {
+    static const int dpi = [] {
+        HDC screen = ::GetDC(nullptr);
+        const int found = ::GetDeviceCaps(screen, LOGPIXELSX);
+        ::ReleaseDC(nullptr, screen);
+        return found > 0 ? found : defaultDpi;
+    }();
+    return dpi;
+}
+
+int DpiOf(HWND window) {
+    static const auto getDpi = FromUser32<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
+    const UINT dpi = getDpi != nullptr && window != nullptr ? getDpi(window) : 0;
+    return dpi != 0 ? static_cast<int>(dpi) : SystemDpi();
+}
+
+int ToPixels(int twips, int dpi) { return ::MulDiv(twips, dpi, 1440); }
+
+int ToTwips(int pixels, int dpi) { return ::MulDiv(pixels, 1440, dpi); }
+
+RECT FrameAround(DWORD style, DWORD extendedStyle, bool hasMenuBar, int dpi) {
+    static const auto adjust =
+        FromUser32<BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT)>("AdjustWindowRectExForDpi");
+    RECT frame{};
+    if (adjust == nullptr || adjust(&frame, style, hasMenuBar ? TRUE : FALSE, extendedStyle,
+                                    static_cast<UINT>(dpi)) == FALSE) {
+        ::AdjustWindowRectEx(&frame, style, hasMenuBar ? TRUE : FALSE, extendedStyle);
+    }
+    return frame;
+}
+
+int SystemMetric(int index, int dpi) {
+    static const auto getMetric = FromUser32<int(WINAPI*)(int, UINT)>("GetSystemMetricsForDpi");
+    const int value = getMetric != nullptr ? getMetric(index, static_cast<UINT>(dpi)) : 0;
+    return value != 0 ? value : ::MulDiv(::GetSystemMetrics(index), dpi, SystemDpi());
+}
+
+LOGFONTW MessageFont(int dpi) {
+    static const auto getParameters =
+        FromUser32<BOOL(WINAPI*)(UINT, UINT, PVOID, UINT, UINT)>("SystemParametersInfoForDpi");
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    if (getParameters == nullptr || getParameters(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics,
+                                                  0, static_cast<UINT>(dpi)) == FALSE) {
+        ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+        metrics.lfMessageFont.lfHeight = ::MulDiv(metrics.lfMessageFont.lfHeight, dpi, SystemDpi());
+    }
+    return metrics.lfMessageFont;
+}
+
+}  // namespace forms::win32

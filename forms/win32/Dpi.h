@@ -1,0 +1,26 @@
+#pragma once
+
+#include <windows.h>
+
+// Lengths: the models count in twips, 1440 to an inch, the system in pixels of a window's own
+// resolution. What is missing on an older system is worked out from the system's resolution.
+namespace forms::win32 {
+
+constexpr int defaultDpi = 96;
+
+int SystemDpi();
+int DpiOf(HWND window);
+
+int ToPixels(int twips, int dpi);
+int ToTwips(int pixels, int dpi);
+
+// How far the outer rectangle of a window reaches beyond its inside: left and top are negative.
+RECT FrameAround(DWORD style, DWORD extendedStyle, bool hasMenuBar, int dpi);
+
+// A system metric such as SM_CXSMICON at a resolution.
+int SystemMetric(int index, int dpi);
+
+// The font that the user chose for messages and dialogs.
+LOGFONTW MessageFont(int dpi);
+
+}  // namespace forms::win32

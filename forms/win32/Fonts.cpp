@@ -1,0 +1,58 @@
+#include "forms/win32/Fonts.h"
+
+#include <cwchar>
+#include <map>
+#include <tuple>
+
+#include "forms/win32/Dpi.h"
+#include "forms/win32/Utf.h"
+
+namespace forms::win32::fonts {
+
+namespace {
+
+using Key = std::tuple<std::string, int, bool, int>;
+
+std::map<Key, HFONT>& Cache() {
+    static std::map<Key, HFONT> cache;
+    return cache;
+}
+
+}  // namespace
+
+HFONT Get(const std::string& name, int points, bool bold, int dpi) {
+    HFONT& font = Cache()[Key(name, points, bold, dpi)];
+    if (font == nullptr) {
+        LOGFONTW description = MessageFont(dpi);
+        if (points > 0) {
+            description.lfHeight = -::MulDiv(points, dpi, 72);
+            description.lfWidth = 0;
+        }
+        if (bold) {
+            description.lfWeight = FW_BOLD;
+        }
+        if (!name.empty()) {
+            std::wcsncpy(description.lfFaceName, Wide(name).c_str(), LF_FACESIZE - 1);
+            description.lfCharSet = DEFAULT_CHARSET;
+        }
+        font = ::CreateFontIndirectW(&description);
+    }
+    return font;
+}
+
+void Forget() { Cache().clear(); }
+
+SIZE Measure(const std::wstring& text, HFONT font) {
+    HDC screen = ::GetDC(nullptr);
+    const HGDIOBJ before = ::SelectObject(screen, font);
+    RECT box{};
+    // An empty text is as high as a line.
+    const std::wstring measured = text.empty() ? L" " : text;
+    ::DrawTextW(screen, measured.c_str(), static_cast<int>(measured.size()), &box,
+                DT_CALCRECT | DT_NOPREFIX | DT_EXPANDTABS);
+    ::SelectObject(screen, before);
+    ::ReleaseDC(nullptr, screen);
+    return SIZE{text.empty() ? 0 : box.right, box.bottom};
+}
+
+}  // namespace forms::win32::fonts

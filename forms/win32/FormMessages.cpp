@@ -1,0 +1,308 @@
+#include <windows.h>
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "forms/Gestures.h"
+#include "forms/Runtime.h"
+#include "forms/win32/Drawing.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/ToolbarPeer.h"
+
+// What the system tells a form's window.
+namespace forms::win32 {
+
+namespace {
+
+// From <winuser.h> of newer systems.
+constexpr UINT dpiChangedMessage = 0x02E0;
+
+}  // namespace
+
+LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCCREATE) {
+        auto* creating = static_cast<FormWindow*>(
+            reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
+        creating->handle = window;
+        ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creating));
+    }
+    auto* target = reinterpret_cast<FormWindow*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (target == nullptr) {
+        return ::DefWindowProcW(window, message, wParam, lParam);
+    }
+    if (message == WM_NCDESTROY) {
+        ::SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        if (target->IsLive()) {
+            target->Part();  // destroyed by somebody else
+        }
+        delete target;
+        return ::DefWindowProcW(window, message, wParam, lParam);
+    }
+    const Entry entry(*target);
+    return target->OnMessage(message, wParam, lParam);
+}
+
+LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (IsLive()) {
+        if (const auto result = OnLiveMessage(message, wParam, lParam)) {
+            return *result;
+        }
+    }
+    return ::DefWindowProcW(handle, message, wParam, lParam);
+}
+
+std::optional<LRESULT> FormWindow::OnLiveMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_PAINT:
+            OnPaint();
+            return 0;
+        case WM_ERASEBKGND: {
+            // The window paints all of itself in one step; a control that shows its background asks
+            // with a device context of its own.
+            HDC dc = reinterpret_cast<HDC>(wParam);
+            if (::WindowFromDC(dc) != handle) {
+                PaintSurface(dc);
+            }
+            return 1;
+        }
+        case WM_PRINTCLIENT:
+            PaintSurface(reinterpret_cast<HDC>(wParam));
+            return 0;
+        case WM_CTLCOLORSTATIC:
+        case WM_CTLCOLOREDIT:
+        case WM_CTLCOLORBTN:
+        case WM_CTLCOLORLISTBOX: {
+            HBRUSH brush =
+                OnColor(message, reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
+            return brush != nullptr ? std::optional(reinterpret_cast<LRESULT>(brush))
+                                    : std::nullopt;
+        }
+        case WM_COMMAND:
+            OnCommand(wParam, lParam);
+            return 0;
+        case WM_NOTIFY:
+            return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
+        case WM_INITMENUPOPUP:
+            menus.Refresh(reinterpret_cast<HMENU>(wParam));
+            return std::nullopt;
+        case DM_GETDEFID: {
+            const CommandButton* button = FindDefault(false);
+            const Peer* peer = button != nullptr ? PeerOf(*button) : nullptr;
+            return peer == nullptr ? 0 : MAKELRESULT(::GetDlgCtrlID(peer->handle), DC_HASDEFID);
+        }
+        case WM_ACTIVATE:
+            OnActivate(wParam);
+            return 0;
+        case WM_SETFOCUS:
+            RestoreFocus();
+            return 0;
+        case WM_CLOSE:
+            gestures::Close(*form);
+            return 0;
+        case WM_SIZE:
+            OnSize(wParam);
+            return 0;
+        case WM_MOVE:
+            if (!sizing) {
+                ReportPlace();
+            }
+            return 0;
+        case WM_ENTERSIZEMOVE:
+            sizing = true;
+            return std::nullopt;
+        case WM_EXITSIZEMOVE:
+            sizing = false;
+            ReportPlace();
+            return std::nullopt;
+        case WM_GETMINMAXINFO:
+            OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam));
+            return 0;
+        case dpiChangedMessage:
+            Rescale(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+            return 0;
+        case WM_SETCURSOR:
+            if (state.hourglass && LOWORD(lParam) == HTCLIENT) {
+                ::SetCursor(::LoadCursorW(nullptr, MAKEINTRESOURCEW(32514)));  // IDC_WAIT
+                return TRUE;
+            }
+            return std::nullopt;
+        case WM_MOUSEMOVE:
+            OnMouseMove(wParam, lParam);
+            return 0;
+        case WM_LBUTTONUP:
+            OnMouseUp(leftButton, lParam);
+            return 0;
+        case WM_RBUTTONUP:
+            OnMouseUp(rightButton, lParam);
+            return 0;
+        case WM_MBUTTONUP:
+            OnMouseUp(middleButton, lParam);
+            return 0;
+        case WM_CONTEXTMENU:
+            // By the mouse it is the release of the right button, which is reported as such.
+            if (lParam == -1) {
+                OpenMenuByKeyboard();
+            }
+            return 0;
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+            for (const auto& peer : peers) {
+                if (peer->handle != nullptr && message == WM_SYSCOLORCHANGE) {
+                    ::SendMessageW(peer->handle, message, 0, 0);
+                }
+            }
+            ::RedrawWindow(handle, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+            return std::nullopt;
+        default:
+            return std::nullopt;
+    }
+}
+
+void FormWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
+    const int id = LOWORD(wParam);
+    if (Peer* peer = PeerOf(reinterpret_cast<HWND>(lParam));
+        peer != nullptr && peer->control.kind != ControlKind::Toolbar) {
+        peer->OnCommand(HIWORD(wParam));
+        return;
+    }
+    if (id == IDOK || id == IDCANCEL) {
+        PressDefault(id == IDCANCEL);
+        return;
+    }
+    for (const auto& peer : peers) {
+        if (peer->control.kind == ControlKind::Toolbar) {
+            auto& toolbar = static_cast<ToolbarPeer&>(*peer);
+            if (toolbar.HasButton(id)) {
+                toolbar.Press(id);
+                return;
+            }
+        }
+    }
+    if (Menu* menu = menus.Find(id); menu != nullptr) {
+        gestures::Choose(*menu);
+    }
+}
+
+std::optional<LRESULT> FormWindow::OnNotify(NMHDR& header) {
+    if (header.code == TTN_GETDISPINFOW) {
+        for (const auto& peer : peers) {
+            if (peer->control.kind == ControlKind::Toolbar) {
+                auto& toolbar = static_cast<ToolbarPeer&>(*peer);
+                if (toolbar.HasButton(static_cast<int>(header.idFrom))) {
+                    toolbar.GiveTip(reinterpret_cast<NMTTDISPINFOW&>(header));
+                    return 0;
+                }
+            }
+        }
+        return std::nullopt;
+    }
+    Peer* peer = PeerOf(header.hwndFrom);
+    return peer != nullptr ? peer->OnNotify(header) : std::nullopt;
+}
+
+HBRUSH FormWindow::OnColor(UINT message, HDC dc, HWND child) {
+    if (Peer* peer = PeerOf(child); peer != nullptr) {
+        if (HBRUSH brush = peer->OnColor(dc); brush != nullptr) {
+            return brush;
+        }
+    }
+    if (message != WM_CTLCOLORSTATIC && message != WM_CTLCOLORBTN) {
+        return nullptr;
+    }
+    ::SetBkColor(dc, BackColor());
+    ::SetTextColor(dc, ::GetSysColor(COLOR_BTNTEXT));
+    return SolidBrush(BackColor());
+}
+
+void FormWindow::OnActivate(WPARAM wParam) {
+    const bool isMinimized = HIWORD(wParam) != 0;
+    if (LOWORD(wParam) == WA_INACTIVE || isMinimized) {
+        return;
+    }
+    RestoreFocus();
+    if (state.applying == 0) {
+        gestures::Activate(*form);
+    }
+}
+
+void FormWindow::OnSize(WPARAM kind) {
+    if (kind != SIZE_MINIMIZED) {
+        ::InvalidateRect(handle, nullptr, FALSE);
+    }
+    if (state.applying != 0 || !IsShown()) {
+        return;
+    }
+    const bool wasMinimized = form->windowState() == WindowState::Minimized;
+    if (kind != SIZE_MINIMIZED && !filled) {
+        Fill();
+    }
+    ReportPlace();
+    if (wasMinimized && kind != SIZE_MINIMIZED && IsLive() && ::GetActiveWindow() == handle) {
+        RestoreFocus();
+        gestures::Activate(*form);
+    }
+}
+
+void FormWindow::ReportPlace() {
+    if (state.applying != 0 || !IsShown()) {
+        return;
+    }
+    const WindowState now = ::IsIconic(handle) != 0   ? WindowState::Minimized
+                            : ::IsZoomed(handle) != 0 ? WindowState::Maximized
+                                                      : WindowState::Normal;
+    RECT place{};
+    ::GetWindowRect(handle, &place);
+    const Rect bounds{Twips(place.left), Twips(place.top), Twips(place.right - place.left),
+                      Twips(place.bottom - place.top)};
+    const Rect known{form->left, form->top, form->width, form->height};
+    if (now != form->windowState() || (now == WindowState::Normal && !(bounds == known))) {
+        gestures::Resize(*form, bounds, now);
+    }
+}
+
+void FormWindow::OnMinMaxInfo(MINMAXINFO& info) const {
+    if (form->borderStyle != BorderStyle::Sizable || dpi == 0) {
+        return;
+    }
+    info.ptMinTrackSize.x = std::max<LONG>(info.ptMinTrackSize.x, Pixels(form->minimumWidth));
+    info.ptMinTrackSize.y = std::max<LONG>(info.ptMinTrackSize.y, Pixels(form->minimumHeight));
+}
+
+CommandButton* FormWindow::FindDefault(bool cancel) const {
+    for (Control* control : form->Controls()) {
+        if (control->kind == ControlKind::CommandButton) {
+            auto& button = static_cast<CommandButton&>(*control);
+            if ((cancel ? button.isCancel : button.isDefault) && gestures::CanUse(button)) {
+                return &button;
+            }
+        }
+    }
+    return nullptr;
+}
+
+void FormWindow::PressDefault(bool cancel) {
+    if (CommandButton* button = FindDefault(cancel); button != nullptr) {
+        gestures::Click(*button);
+    }
+}
+
+void FormWindow::MarkDefaultButton(const Peer* focused) {
+    const Control* marked = nullptr;
+    if (focused != nullptr && focused->control.kind == ControlKind::CommandButton) {
+        marked = &focused->control;
+    } else {
+        marked = FindDefault(false);
+    }
+    for (const auto& peer : peers) {
+        if (peer->handle == nullptr || peer->control.kind != ControlKind::CommandButton) {
+            continue;
+        }
+        const DWORD wanted = &peer->control == marked ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+        const auto style = static_cast<DWORD>(::GetWindowLongPtrW(peer->handle, GWL_STYLE));
+        if ((style & BS_TYPEMASK) != wanted) {
+            ::SendMessageW(peer->handle, BM_SETSTYLE, (style & ~DWORD{BS_TYPEMASK}) | wanted, TRUE);
+        }
+    }
+}
+
+}  // namespace forms::win32

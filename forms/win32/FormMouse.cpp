@@ -1,0 +1,111 @@
+#include <windows.h>
+#include <windowsx.h>
+
+#include "forms/Gestures.h"
+#include "forms/win32/FormWindow.h"
+
+// The pointer over a form: labels, group boxes and pictures let it through, and are found here.
+namespace forms::win32 {
+
+namespace {
+
+constexpr LPARAM firstTrayMessage = WM_MOUSEMOVE;
+constexpr LPARAM lastTrayMessage = WM_MBUTTONDBLCLK;
+
+int ButtonsOf(WPARAM keys) {
+    return ((keys & MK_LBUTTON) != 0 ? leftButton : 0) |
+           ((keys & MK_RBUTTON) != 0 ? rightButton : 0) |
+           ((keys & MK_MBUTTON) != 0 ? middleButton : 0);
+}
+
+}  // namespace
+
+Peer* FormWindow::HitTest(POINT point) const {
+    Peer* frame = nullptr;
+    Peer* found = nullptr;
+    for (const auto& peer : peers) {
+        const Control& control = peer->control;
+        const RECT area = peer->Area();
+        if (!control.IsEffectivelyVisible() || ::PtInRect(&area, point) == 0) {
+            continue;
+        }
+        switch (control.kind) {
+            case ControlKind::Frame:
+                if (frame == nullptr || control.container == &frame->control) {
+                    frame = peer.get();
+                }
+                break;
+            case ControlKind::Shape:
+            case ControlKind::Line:
+                break;
+            case ControlKind::Image:
+                if (found == nullptr || found->control.kind == ControlKind::Image) {
+                    found = peer.get();
+                }
+                break;
+            default:
+                found = peer.get();
+                break;
+        }
+    }
+    return found != nullptr ? found : frame;
+}
+
+void FormWindow::OnMouseMove(WPARAM wParam, LPARAM lParam) {
+    // The callback of an icon in the notification area looks like a move. Where it could be a real
+    // one, a button is held down and the pointer is in the topmost row of pixels.
+    if (takesTrayMessages && wParam != 0 && lParam >= firstTrayMessage &&
+        lParam <= lastTrayMessage) {
+        gestures::TrayMessage(*form, static_cast<int>(lParam));
+        return;
+    }
+    // The system also sends moves when only the windows below the pointer have changed.
+    if (lParam == lastPointer) {
+        return;
+    }
+    lastPointer = lParam;
+    const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    if (HitTest(point) == nullptr) {
+        gestures::MouseMove(*form, ButtonsOf(wParam), Twips(point.x), Twips(point.y));
+    }
+}
+
+void FormWindow::OnMouseUp(int button, LPARAM lParam) {
+    const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    Peer* peer = HitTest(point);
+    if (peer == nullptr) {
+        gestures::MouseUp(*form, button, Twips(point.x), Twips(point.y));
+        return;
+    }
+    if (!gestures::CanUse(peer->control)) {
+        return;
+    }
+    Control& control = peer->control;
+    const RECT area = peer->Area();
+    gestures::MouseUp(control, button, Twips(point.x - area.left), Twips(point.y - area.top));
+    if (button == leftButton && IsLive()) {
+        gestures::Click(control);
+    }
+}
+
+void FormWindow::OpenMenuByKeyboard() {
+    const Peer* focused = PeerOf(::GetFocus());
+    RECT area{};
+    ::GetClientRect(handle, &area);
+    if (focused != nullptr) {
+        area = focused->Area();
+    }
+    const POINT center{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+    POINT place = center;
+    ::ClientToScreen(handle, &place);
+    state.menuPlace = place;
+    if (focused != nullptr && focused->control.MouseUp) {
+        gestures::MouseUp(focused->control, rightButton, Twips(center.x - area.left),
+                          Twips(center.y - area.top));
+    } else {
+        gestures::MouseUp(*form, rightButton, Twips(center.x), Twips(center.y));
+    }
+    state.menuPlace.reset();
+}
+
+}  // namespace forms::win32

@@ -1,0 +1,194 @@
+#include <algorithm>
+
+#include "forms/Runtime.h"
+#include "forms/win32/Dpi.h"
+#include "forms/win32/FormWindow.h"
+
+// How a form's window appears, disappears, moves and becomes the active one.
+namespace forms::win32 {
+
+namespace {
+
+RECT WorkAreaAt(const RECT& place) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    ::GetMonitorInfoW(::MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcWork;
+}
+
+// The work area that the user looks at: of the active window, else the main one.
+RECT CurrentWorkArea() {
+    RECT place{};
+    if (HWND active = ::GetActiveWindow(); active != nullptr && ::IsIconic(active) == 0) {
+        ::GetWindowRect(active, &place);
+    }
+    return WorkAreaAt(place);
+}
+
+// Moved so that it lies on a monitor; the upper left corner has precedence.
+RECT OnScreen(RECT place) {
+    const RECT work = WorkAreaAt(place);
+    LONG x = std::min(0L, work.right - place.right);
+    x = std::max(x, work.left - place.left);
+    LONG y = std::min(0L, work.bottom - place.bottom);
+    y = std::max(y, work.top - place.top);
+    ::OffsetRect(&place, x, y);
+    return place;
+}
+
+}  // namespace
+
+RECT FormWindow::WantedPlace() const {
+    const int width = Pixels(form->width);
+    const int height = Pixels(form->height);
+    RECT place{};
+    const bool wasPlaced = form->left() != 0 || form->top() != 0;
+    if (form->centerOnScreen || (!wasPlaced && form->borderStyle == BorderStyle::None)) {
+        const RECT work = CurrentWorkArea();
+        place.left = work.left + (work.right - work.left - width) / 2;
+        place.top = work.top + (work.bottom - work.top - height) / 2;
+    } else if (wasPlaced) {
+        place.left = Pixels(form->left);
+        place.top = Pixels(form->top);
+    } else {
+        ::GetWindowRect(handle, &place);
+    }
+    place.right = place.left + width;
+    place.bottom = place.top + height;
+    return OnScreen(place);
+}
+
+void FormWindow::ApplyBounds() {
+    const int left = Pixels(form->left);
+    const int top = Pixels(form->top);
+    const int width = Pixels(form->width);
+    const int height = Pixels(form->height);
+    if (::IsIconic(handle) == 0 && ::IsZoomed(handle) == 0) {
+        ::SetWindowPos(handle, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+        return;
+    }
+    // Where the window will be when it is restored; counted from the work area.
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    ::GetWindowPlacement(handle, &placement);
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    ::GetMonitorInfoW(::MonitorFromWindow(handle, MONITOR_DEFAULTTONEAREST), &monitor);
+    RECT& normal = placement.rcNormalPosition;
+    normal = RECT{left, top, left + width, top + height};
+    ::OffsetRect(&normal, monitor.rcMonitor.left - monitor.rcWork.left,
+                 monitor.rcMonitor.top - monitor.rcWork.top);
+    ::SetWindowPlacement(handle, &placement);
+}
+
+void FormWindow::ShowOrHide() {
+    const Applying applying(state);
+    if (!form->IsVisible()) {
+        Hide();
+        return;
+    }
+    UpdateEnabled();
+    Show();
+    if (Runtime::Current().ActiveForm() == form) {
+        Activate();
+    }
+    wantsForeground = false;
+}
+
+void FormWindow::Show() {
+    const bool becomesActive = Runtime::Current().ActiveForm() == form;
+    const bool wasShown = IsShown();
+    if (!wasShown && form->IsModal()) {
+        // It stays before the window that it was opened from, and is activated in its place.
+        HWND owner = ::GetActiveWindow();
+        const FormWindow* from = owner != nullptr ? From(owner) : nullptr;
+        if (from != nullptr && from != this && from->IsShown() && ::IsIconic(owner) == 0) {
+            ::SetWindowLongPtrW(handle, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
+        }
+    }
+    switch (form->windowState()) {
+        case WindowState::Minimized:
+            if (!wasShown || ::IsIconic(handle) == 0) {
+                ::ShowWindow(handle,
+                             ::GetActiveWindow() == handle ? SW_MINIMIZE : SW_SHOWMINNOACTIVE);
+            }
+            return;
+        case WindowState::Maximized:
+            Fill();
+            if (!wasShown || ::IsZoomed(handle) == 0) {
+                ::ShowWindow(handle, SW_SHOWMAXIMIZED);
+            }
+            return;
+        case WindowState::Normal:
+            break;
+    }
+    Fill();
+    if (::IsIconic(handle) != 0 || ::IsZoomed(handle) != 0) {
+        ::ShowWindow(handle, becomesActive ? SW_RESTORE : SW_SHOWNOACTIVATE);
+    } else if (!wasShown) {
+        // Unlike the first ShowWindow, this is not overruled by how the program was started.
+        ::SetWindowPos(handle, HWND_TOP, 0, 0, 0, 0,
+                       SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE |
+                           (becomesActive ? UINT{0} : UINT{SWP_NOACTIVATE}));
+    }
+    if (!wasShown && becomesActive) {
+        wantsForeground = true;
+    }
+}
+
+void FormWindow::Activate() {
+    if (::IsIconic(handle) != 0) {
+        return;
+    }
+    if (wantsForeground) {
+        ::SetForegroundWindow(handle);
+    }
+    if (::GetActiveWindow() != handle) {
+        ::SetActiveWindow(handle);
+    }
+    RestoreFocus();
+}
+
+// What the system would activate instead is not always what the runtime has chosen.
+void FormWindow::Hide() {
+    if (!IsShown()) {
+        return;
+    }
+    const Form* next = Runtime::Exists() ? Runtime::Current().ActiveForm() : nullptr;
+    const FormWindow* nextWindow = next != nullptr && next != form ? Existing(*next) : nullptr;
+    if (::GetActiveWindow() == handle && nextWindow != nullptr && nextWindow->IsShown() &&
+        ::IsIconic(nextWindow->handle) == 0 && ::IsWindowEnabled(nextWindow->handle) != 0) {
+        ::SetActiveWindow(nextWindow->handle);
+    }
+    ::ShowWindow(handle, SW_HIDE);
+    ::SetWindowLongPtrW(handle, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(BaseOwner()));
+}
+
+void FormWindow::BringToForeground() {
+    const Applying applying(state);
+    wantsForeground = true;
+    HWND target = handle;
+    if (::IsWindowEnabled(handle) == 0) {
+        // A modal window or a box stands before it.
+        const Form* active = Runtime::Current().ActiveForm();
+        const FormWindow* other = active != nullptr ? Existing(*active) : nullptr;
+        target = other != nullptr && other != this && other->IsShown()
+                     ? other->handle
+                     : ::GetLastActivePopup(handle);
+    }
+    ::SetForegroundWindow(target);
+}
+
+void FormWindow::RestoreFocus() {
+    Control* control = form->ActiveControl();
+    const Peer* peer = control != nullptr ? PeerOf(*control) : nullptr;
+    HWND target = peer != nullptr && peer->handle != nullptr ? peer->handle : handle;
+    if (::GetFocus() != target) {
+        const bool before = state.movingFocus;
+        state.movingFocus = true;
+        ::SetFocus(target);
+        state.movingFocus = before;
+    }
+}
+
+}  // namespace forms::win32

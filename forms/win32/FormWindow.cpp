@@ -1,0 +1,378 @@
+#include "forms/win32/FormWindow.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "forms/Runtime.h"
+#include "forms/win32/Dpi.h"
+#include "forms/win32/Fonts.h"
+#include "forms/win32/Images.h"
+#include "forms/win32/Utf.h"
+#include "forms/win32/UtilityWindow.h"
+
+namespace forms::win32 {
+
+namespace {
+
+constexpr wchar_t className[] = L"FormWindow";
+
+// How a form finds its window. Goes with the form, or earlier with its unloading.
+struct Link : Form::StageData {
+    FormWindow* window = nullptr;
+    ~Link() override {
+        if (window != nullptr) {
+            window->Doom();
+        }
+    }
+};
+
+int DepthOf(const Control& control) {
+    return control.container == nullptr ? 0 : 1 + DepthOf(*control.container);
+}
+
+}  // namespace
+
+FormWindow::Entry::~Entry() {
+    if (--window.entered == 0 && window.doomed) {
+        ::PostMessageW(window.state.utility, UtilityWindow::destroyMessage, 0,
+                       reinterpret_cast<LPARAM>(window.handle));
+    }
+}
+
+FormWindow* FormWindow::Existing(const Form& form) {
+    const auto* link = static_cast<const Link*>(form.stageData.get());
+    return link != nullptr ? link->window : nullptr;
+}
+
+FormWindow* FormWindow::Of(Form& form, StageState& state) {
+    if (!form.IsLoaded()) {
+        return nullptr;
+    }
+    if (FormWindow* window = Existing(form); window != nullptr) {
+        return window;
+    }
+    auto link = std::make_unique<Link>();
+    // Belongs to its native window, with which it goes.
+    auto* window = new FormWindow(form, state);
+    window->CreateBare();
+    link->window = window;
+    form.stageData = std::move(link);
+    return window;
+}
+
+FormWindow* FormWindow::From(HWND window) {
+    DWORD process = 0;
+    ::GetWindowThreadProcessId(window, &process);
+    if (process != ::GetCurrentProcessId() ||
+        ::GetClassLongPtrW(window, GCLP_WNDPROC) !=
+            reinterpret_cast<ULONG_PTR>(&FormWindow::Procedure)) {
+        return nullptr;
+    }
+    return reinterpret_cast<FormWindow*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
+FormWindow::FormWindow(Form& windowForm, StageState& stageState)
+    : state(stageState), form(&windowForm), menus(windowForm), tips(*this) {}
+
+FormWindow::~FormWindow() { std::erase(state.windows, this); }
+
+DWORD FormWindow::Style(const Form& form) {
+    switch (form.borderStyle) {
+        case BorderStyle::Fixed:
+            return WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+        case BorderStyle::Sizable:
+            return WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+        case BorderStyle::Dialog:
+            return WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+        case BorderStyle::None:
+            break;
+    }
+    return WS_POPUP | WS_CLIPCHILDREN;
+}
+
+DWORD FormWindow::ExtendedStyle(const Form& form) {
+    DWORD style = 0;
+    if (form.borderStyle == BorderStyle::Dialog) {
+        style |= WS_EX_DLGMODALFRAME;
+    }
+    if (form.showInTaskbar) {
+        style |= WS_EX_APPWINDOW;
+    }
+    return style;
+}
+
+bool FormWindow::HasMenuBar(const Form& form) {
+    return std::any_of(form.Menus().begin(), form.Menus().end(),
+                       [](const Menu* menu) { return menu->inMenuBar && menu->visible; });
+}
+
+HWND FormWindow::BaseOwner() const {
+    // A window that is owned has no button in the task bar.
+    return form == nullptr || form->showInTaskbar ? nullptr : state.utility;
+}
+
+void FormWindow::CreateBare() {
+    static const ATOM registered = [] {
+        WNDCLASSEXW description{};
+        description.cbSize = sizeof description;
+        description.lpfnWndProc = &FormWindow::Procedure;
+        description.hInstance = ::GetModuleHandleW(nullptr);
+        description.hCursor = ::LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // IDC_ARROW
+        description.lpszClassName = className;
+        return ::RegisterClassExW(&description);
+    }();
+    (void)registered;
+    const Applying applying(state);
+    dpi = SystemDpi();
+    ::CreateWindowExW(ExtendedStyle(*form), className, Wide(form->caption()).c_str(), Style(*form),
+                      CW_USEDEFAULT, CW_USEDEFAULT, Pixels(form->width), Pixels(form->height),
+                      BaseOwner(), nullptr, ::GetModuleHandleW(nullptr), this);
+    state.windows.push_back(this);
+    dpi = DpiOf(handle);
+    const RECT place = WantedPlace();
+    ::SetWindowPos(handle, form->IsTopMost() ? HWND_TOPMOST : HWND_TOP, place.left, place.top,
+                   place.right - place.left, place.bottom - place.top, SWP_NOACTIVATE);
+    form->left.Adopt(Twips(place.left));
+    form->top.Adopt(Twips(place.top));
+    ApplyIcon();
+    UpdateEnabled();
+}
+
+void FormWindow::Fill() {
+    if (filled) {
+        return;
+    }
+    filled = true;
+    const Applying applying(state);
+    menus.MakeBar(handle, *form);
+    CreateControls();
+    MarkDefaultButton(nullptr);
+    ::SendMessageW(handle, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
+}
+
+// The native order of the controls is the order of the Tab key, and of what lies above what: group
+// boxes come last, the inner before the outer ones.
+void FormWindow::CreateControls() {
+    for (Control* control : form->Controls()) {
+        peers.push_back(MakePeer(*this, *control));
+    }
+    std::vector<Control*> order = form->TabOrder();
+    const auto firstFrame = std::stable_partition(
+        order.begin(), order.end(),
+        [](const Control* control) { return control->kind != ControlKind::Frame; });
+    std::stable_sort(firstFrame, order.end(),
+                     [](const Control* a, const Control* b) { return DepthOf(*a) > DepthOf(*b); });
+    const Peer* before = nullptr;
+    for (const Control* control : order) {
+        Peer& peer = *PeerOf(*control);
+        peer.Create();
+        if (peer.handle == nullptr) {
+            continue;
+        }
+        // The arrow keys stay within the option buttons of one container.
+        const bool goesOn = before != nullptr && control->kind == ControlKind::OptionButton &&
+                            before->control.kind == ControlKind::OptionButton &&
+                            before->control.container == control->container;
+        if (!goesOn) {
+            ::SetWindowLongPtrW(peer.handle, GWL_STYLE,
+                                ::GetWindowLongPtrW(peer.handle, GWL_STYLE) | WS_GROUP);
+        }
+        before = &peer;
+    }
+    for (const auto& peer : peers) {
+        tips.Update(*peer);
+    }
+}
+
+void FormWindow::Doom() {
+    const Applying applying(state);
+    Hide();
+    ReleaseOwned();
+    Part();
+    doomed = true;
+    DestroyIfDoomed();
+}
+
+// From here on the form's window is none of the form's business.
+void FormWindow::Part() {
+    if (auto* link = static_cast<Link*>(form->stageData.get()); link != nullptr) {
+        link->window = nullptr;
+    }
+    form = nullptr;
+}
+
+void FormWindow::DestroyIfDoomed() {
+    if (doomed && entered == 0) {
+        ::DestroyWindow(handle);
+    }
+}
+
+// A window takes those with it that it owns, whose forms live on.
+void FormWindow::ReleaseOwned() {
+    for (const FormWindow* other : state.windows) {
+        if (::GetWindow(other->handle, GW_OWNER) == handle) {
+            ::SetWindowLongPtrW(other->handle, GWLP_HWNDPARENT,
+                                reinterpret_cast<LONG_PTR>(other->BaseOwner()));
+        }
+    }
+}
+
+Peer* FormWindow::PeerOf(const Control& control) const {
+    const auto found = std::find_if(peers.begin(), peers.end(), [&control](const auto& peer) {
+        return &peer->control == &control;
+    });
+    return found == peers.end() ? nullptr : found->get();
+}
+
+Peer* FormWindow::PeerOf(HWND child) const {
+    const auto found = std::find_if(peers.begin(), peers.end(), [child](const auto& peer) {
+        return child != nullptr && peer->handle == child;
+    });
+    return found == peers.end() ? nullptr : found->get();
+}
+
+int FormWindow::Pixels(int twips) const { return ToPixels(twips, dpi); }
+
+int FormWindow::Twips(int pixels) const { return ToTwips(pixels, dpi); }
+
+// Both edges are rounded, so that what touches in twips touches in pixels.
+RECT FormWindow::AreaOf(const Control& control) const {
+    int left = control.left;
+    int top = control.top;
+    for (const Control* outer = control.container; outer != nullptr; outer = outer->container) {
+        left += outer->left;
+        top += outer->top;
+    }
+    return RECT{Pixels(left), Pixels(top), Pixels(left + control.width),
+                Pixels(top + control.height)};
+}
+
+HFONT FormWindow::FormFont() const { return fonts::Get(std::string(), 0, false, dpi); }
+
+void FormWindow::Apply(Aspect aspect) {
+    const Applying applying(state);
+    switch (aspect) {
+        case Aspect::Caption:
+            ::SetWindowTextW(handle, Wide(form->caption()).c_str());
+            break;
+        case Aspect::Bounds:
+            ApplyBounds();
+            break;
+        case Aspect::Picture:
+            ApplyIcon();
+            break;
+        case Aspect::BackColor:
+            ::RedrawWindow(handle, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+            break;
+        case Aspect::TopMost:
+            ::SetWindowPos(handle, form->IsTopMost() ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                           SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+            break;
+        default:
+            break;
+    }
+}
+
+void FormWindow::ApplyIcon() {
+    for (const auto& [kind, metric] : {std::pair<WPARAM, int>(ICON_SMALL, SM_CXSMICON),
+                                       std::pair<WPARAM, int>(ICON_BIG, SM_CXICON)}) {
+        const int pixels = SystemMetric(metric, dpi);
+        HICON icon =
+            form->icon().path.empty() ? nullptr : images::FileIcon(form->icon().path, pixels);
+        if (icon == nullptr) {
+            icon = images::ProgramIcon(pixels);
+        }
+        ::SendMessageW(handle, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
+    }
+}
+
+void FormWindow::UpdateEnabled() {
+    // While a box is up, the one who opened it has seen to that.
+    if (boxes == 0) {
+        const Applying applying(state);
+        ::EnableWindow(handle, form->IsUsable() || !form->IsVisible() ? TRUE : FALSE);
+    }
+}
+
+void FormWindow::ApplyToControl(Control& control, Aspect aspect) {
+    Peer* changed = PeerOf(control);
+    if (changed == nullptr) {
+        return;
+    }
+    const Applying applying(state);
+    const bool isInherited =
+        aspect == Aspect::Bounds || aspect == Aspect::Visible || aspect == Aspect::Enabled;
+    if (!isInherited) {
+        changed->Apply(aspect);
+        if (aspect == Aspect::ToolTip) {
+            tips.Update(*changed);
+        } else if (aspect == Aspect::Default) {
+            MarkDefaultButton(PeerOf(::GetFocus()));
+        }
+        return;
+    }
+    for (const auto& peer : peers) {
+        const Control* outer = &peer->control;
+        while (outer != nullptr && outer != &control) {
+            outer = outer->container;
+        }
+        if (outer == nullptr) {
+            continue;
+        }
+        if (aspect == Aspect::Bounds) {
+            peer->Layout();
+        } else {
+            peer->Apply(aspect);
+        }
+        if (aspect != Aspect::Enabled) {
+            tips.Update(*peer);
+        }
+    }
+    MoveFocusOn();
+}
+
+// A control that was hidden or shut off would keep the keyboard to itself.
+void FormWindow::MoveFocusOn() {
+    HWND focus = ::GetFocus();
+    const Peer* peer = PeerOf(focus);
+    if (peer == nullptr ||
+        (peer->control.IsEffectivelyVisible() && peer->control.IsEffectivelyEnabled())) {
+        return;
+    }
+    HWND next = ::GetNextDlgTabItem(handle, focus, FALSE);
+    state.movingFocus = true;
+    ::SetFocus(next != nullptr && next != focus ? next : handle);
+    state.movingFocus = false;
+}
+
+void FormWindow::ApplyToMenu(Menu& menu, Aspect aspect) {
+    if (filled) {
+        const Applying applying(state);
+        menus.Apply(handle, menu, aspect);
+    }
+}
+
+void FormWindow::LayoutControls() {
+    for (const auto& peer : peers) {
+        peer->Layout();
+        peer->Restyle();
+        tips.Update(*peer);
+    }
+    ::RedrawWindow(handle, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void FormWindow::Rescale(int newDpi, const RECT& suggested) {
+    const Applying applying(state);
+    dpi = newDpi;
+    ::SetWindowPos(handle, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+                   suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    ApplyIcon();
+    LayoutControls();
+}
+
+void FormWindow::UserSettingsChanged() {
+    const Applying applying(state);
+    LayoutControls();
+}
+
+}  // namespace forms::win32

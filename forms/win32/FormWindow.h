@@ -1,0 +1,149 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "forms/Form.h"
+#include "forms/Stage.h"
+#include "forms/win32/NativeMenus.h"
+#include "forms/win32/Peer.h"
+#include "forms/win32/StageState.h"
+#include "forms/win32/ToolTips.h"
+
+namespace forms::win32 {
+
+// The native window of a form. It is made bare, and filled with its menu bar and its controls when
+// it is first shown un-minimised. When its form is unloaded it is hidden at once, and destroyed as
+// soon as none of its procedures is on the stack: a handler may unload the form whose button it
+// serves.
+class FormWindow {
+  public:
+    // Numbers of the native controls: this and the control's place in the form.
+    static constexpr int firstControlId = 100;
+
+    static FormWindow* Existing(const Form& form);
+    // Null where the form is not loaded.
+    static FormWindow* Of(Form& form, StageState& state);
+    // Null where the window is none of ours.
+    static FormWindow* From(HWND window);
+
+    ~FormWindow();
+    FormWindow(const FormWindow&) = delete;
+    FormWindow& operator=(const FormWindow&) = delete;
+
+    // While one of the window's procedures runs.
+    class Entry {
+      public:
+        explicit Entry(FormWindow& formWindow) : window(formWindow) { ++window.entered; }
+        ~Entry();
+        Entry(const Entry&) = delete;
+        Entry& operator=(const Entry&) = delete;
+
+      private:
+        FormWindow& window;
+    };
+
+    StageState& state;
+    HWND handle = nullptr;
+    int dpi = 0;
+    // Message boxes and dialogs that shut the window off.
+    int boxes = 0;
+    // Whether it owns an icon in the notification area, see WindowOf.
+    bool takesTrayMessages = false;
+    // To be brought to the foreground when it appears.
+    bool wantsForeground = false;
+
+    bool IsLive() const { return form != nullptr; }
+    Form& Model() const { return *form; }
+    bool IsFilled() const { return filled; }
+    bool IsShown() const { return ::IsWindowVisible(handle) != 0; }
+
+    void ShowOrHide();
+    void Apply(Aspect aspect);
+    void UpdateEnabled();
+    void ApplyToControl(Control& control, Aspect aspect);
+    void ApplyToMenu(Menu& menu, Aspect aspect);
+    void BringToForeground();
+    // Gives the focus to the form's active control.
+    void RestoreFocus();
+    // The form is gone; destroys the window now or as soon as possible.
+    void Doom();
+    void DestroyIfDoomed();
+    void UserSettingsChanged();
+
+    Peer* PeerOf(const Control& control) const;
+    Peer* PeerOf(HWND child) const;
+    const std::vector<std::unique_ptr<Peer>>& Peers() const { return peers; }
+    NativeMenus& Menus() { return menus; }
+
+    int Pixels(int twips) const;
+    int Twips(int pixels) const;
+    RECT AreaOf(const Control& control) const;
+    HFONT FormFont() const;
+
+    // Paints what lies below the native controls: background, frames, images, shapes, lines.
+    void PaintSurface(HDC dc);
+    COLORREF BackColor() const;
+    // Something on the surface has changed; whatever shows it is painted again.
+    void InvalidateSurface(const RECT& area);
+    // The default button is drawn as one, or the push button that has the focus.
+    void MarkDefaultButton(const Peer* focused);
+    // The right-button menu of what has the focus was asked for by keyboard.
+    void OpenMenuByKeyboard();
+
+    static DWORD Style(const Form& form);
+    static DWORD ExtendedStyle(const Form& form);
+    static bool HasMenuBar(const Form& form);
+
+  private:
+    FormWindow(Form& windowForm, StageState& stageState);
+    void CreateBare();
+    void Fill();
+    void CreateControls();
+    RECT WantedPlace() const;
+    void ApplyBounds();
+    void ApplyIcon();
+    void Show();
+    void Hide();
+    void Activate();
+    void ReleaseOwned();
+    void Part();
+    HWND BaseOwner() const;
+    void LayoutControls();
+    void Rescale(int newDpi, const RECT& suggested);
+    void MoveFocusOn();
+
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnLiveMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    void OnCommand(WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> OnNotify(NMHDR& header);
+    HBRUSH OnColor(UINT message, HDC dc, HWND child);
+    void OnPaint();
+    void OnActivate(WPARAM wParam);
+    void OnSize(WPARAM kind);
+    void OnMinMaxInfo(MINMAXINFO& info) const;
+    void ReportPlace();
+    void PressDefault(bool cancel);
+    CommandButton* FindDefault(bool cancel) const;
+
+    void OnMouseMove(WPARAM wParam, LPARAM lParam);
+    void OnMouseUp(int button, LPARAM lParam);
+    // Deepest control at a point of the form; null for the form itself.
+    Peer* HitTest(POINT point) const;
+
+    Form* form;
+    bool filled = false;
+    bool doomed = false;
+    bool sizing = false;  // the user drags the window or its border
+    int entered = 0;
+    LPARAM lastPointer = -1;
+    std::vector<std::unique_ptr<Peer>> peers;  // in the order of the form's controls
+    NativeMenus menus;
+    ToolTips tips;
+};
+
+}  // namespace forms::win32

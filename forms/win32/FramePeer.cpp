@@ -1,0 +1,87 @@
+#include <windows.h>
+#include <commctrl.h>
+#include <uxtheme.h>
+#include <vssym32.h>
+
+#include "forms/win32/Drawing.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/Peers.h"
+#include "forms/win32/SurfacePeer.h"
+#include "forms/win32/Utf.h"
+
+namespace forms::win32 {
+
+namespace {
+
+// A group box. It lies below what it holds, and is painted with the form's surface, so that the
+// pictures in it are seen.
+class FramePeer : public SurfacePeer {
+  public:
+    FramePeer(FormWindow& formWindow, Frame& peerFrame)
+        : SurfacePeer(formWindow, peerFrame), frame(peerFrame) {}
+
+    void Create() override { CreateNative(WC_BUTTONW, frame.caption, BS_GROUPBOX); }
+
+    void Apply(Aspect aspect) override {
+        if (aspect == Aspect::Caption) {
+            SetCaption(frame.caption);
+        } else {
+            SurfacePeer::Apply(aspect);
+        }
+    }
+
+    void Paint(HDC dc) override {
+        const Selected font(dc, Font());
+        RECT border = Area();
+        const std::wstring caption = Wide(frame.caption());
+        SIZE size{};
+        ::GetTextExtentPoint32W(dc, L"X", 1, &size);
+        const LONG indent = size.cx;
+        RECT text{border.left + indent, border.top, border.right - indent, border.top + size.cy};
+        UINT format = DT_SINGLELINE;
+        if ((::SendMessageW(handle, WM_QUERYUISTATE, 0, 0) & UISF_HIDEACCEL) != 0) {
+            format |= DT_HIDEPREFIX;
+        }
+        border.top += size.cy / 2;
+        const int saved = ::SaveDC(dc);
+        if (!caption.empty()) {
+            RECT needed = text;
+            ::DrawTextW(dc, caption.c_str(), -1, &needed, format | DT_CALCRECT);
+            text.right = needed.right < text.right ? needed.right : text.right;
+            ::ExcludeClipRect(dc, text.left - gap, text.top, text.right + gap, text.bottom);
+        }
+        PaintBorder(dc, border);
+        ::RestoreDC(dc, saved);
+        ::SetBkMode(dc, TRANSPARENT);
+        ::SetTextColor(
+            dc, ::GetSysColor(frame.IsEffectivelyEnabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+        ::DrawTextW(dc, caption.c_str(), -1, &text, format | DT_END_ELLIPSIS);
+    }
+
+  protected:
+    void PaintOver(HDC /*dc*/, const RECT& /*inside*/) override {}
+
+  private:
+    static constexpr LONG gap = 2;  // pixels between the caption and the border
+
+    void PaintBorder(HDC dc, RECT border) const {
+        HTHEME theme = ::OpenThemeData(handle, WC_BUTTONW);
+        if (theme != nullptr) {
+            const int look = frame.IsEffectivelyEnabled() ? GBS_NORMAL : GBS_DISABLED;
+            ::DrawThemeBackground(theme, dc, BP_GROUPBOX, look, &border, nullptr);
+            ::CloseThemeData(theme);
+        } else {
+            ::DrawEdge(dc, &border, EDGE_ETCHED, BF_RECT);
+        }
+    }
+
+    Frame& frame;
+};
+
+}  // namespace
+
+std::unique_ptr<Peer> MakeFramePeer(FormWindow& window, Frame& frame) {
+    return std::make_unique<FramePeer>(window, frame);
+}
+
+}  // namespace forms::win32

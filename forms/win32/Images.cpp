@@ -1,0 +1,189 @@
+#include "forms/win32/Images.h"
+
+#include <objidl.h>
+#include <shlwapi.h>
+#include <gdiplus.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <map>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "forms/Devices.h"
+#include "forms/RuntimeError.h"
+#include "forms/win32/Utf.h"
+
+namespace forms::win32::images {
+
+namespace {
+
+// Started with the first picture and never shut down: the pictures live as long as the process.
+void StartGdiPlus() {
+    static const bool started = [] {
+        ULONG_PTR token = 0;
+        const Gdiplus::GdiplusStartupInput input;
+        return Gdiplus::GdiplusStartup(&token, &input, nullptr) == Gdiplus::Ok;
+    }();
+    (void)started;
+}
+
+// Through a copy in memory, so that the file is not kept open.
+std::unique_ptr<Gdiplus::Bitmap> ReadPicture(const std::string& path) {
+    StartGdiPlus();
+    std::string bytes;
+    try {
+        bytes = Machine().files->Read(path);
+    } catch (const RuntimeError&) {
+        return nullptr;
+    }
+    IStream* stream = ::SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes.data()),
+                                          static_cast<UINT>(bytes.size()));
+    if (stream == nullptr) {
+        return nullptr;
+    }
+    auto picture = std::make_unique<Gdiplus::Bitmap>(stream);
+    stream->Release();  // the picture holds its own reference
+    return picture->GetLastStatus() == Gdiplus::Ok ? std::move(picture) : nullptr;
+}
+
+bool IsIconFile(const std::string& path) {
+    return path.size() > 4 && ::lstrcmpiA(path.c_str() + path.size() - 4, ".ico") == 0;
+}
+
+// An icon file as it lies on the disk: a header and one entry for each frame.
+constexpr std::size_t headerSize = 6;
+constexpr std::size_t entrySize = 16;
+
+std::uint32_t Number(const std::uint8_t* bytes, std::size_t count) {
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        value |= static_cast<std::uint32_t>(bytes[i]) << (8 * i);
+    }
+    return value;
+}
+
+struct Frame {
+    int pixels = 0;
+    std::uint32_t bits = 0;
+    std::uint32_t size = 0;
+    std::uint32_t offset = 0;
+};
+
+// The smallest frame that need not be enlarged, else the largest; of these the one with the most
+// colours.
+Frame BestFrame(const std::vector<std::uint8_t>& file, int pixels) {
+    Frame best;
+    const std::size_t count = file.size() < headerSize ? 0 : Number(&file[4], 2);
+    for (std::size_t i = 0; i < count && headerSize + (i + 1) * entrySize <= file.size(); ++i) {
+        const std::uint8_t* entry = &file[headerSize + i * entrySize];
+        Frame frame;
+        frame.pixels = entry[0] == 0 ? 256 : entry[0];
+        frame.bits = Number(entry + 6, 2);
+        frame.size = Number(entry + 8, 4);
+        frame.offset = Number(entry + 12, 4);
+        if (frame.offset > file.size() || frame.size > file.size() - frame.offset) {
+            continue;
+        }
+        const auto rank = [pixels](const Frame& f) {
+            const bool enough = f.pixels >= pixels;
+            return std::tuple(enough, enough ? -f.pixels : f.pixels, f.bits);
+        };
+        if (best.pixels == 0 || rank(frame) > rank(best)) {
+            best = frame;
+        }
+    }
+    return best;
+}
+
+HICON LoadResourceIcon(const std::string& name, int pixels) {
+    HMODULE program = ::GetModuleHandleW(nullptr);
+    HRSRC found = ::FindResourceW(program, Wide(name).c_str(), RT_RCDATA);
+    if (found == nullptr) {
+        return nullptr;
+    }
+    const auto* bytes =
+        static_cast<const std::uint8_t*>(::LockResource(::LoadResource(program, found)));
+    std::vector<std::uint8_t> file(bytes, bytes + ::SizeofResource(program, found));
+    const Frame frame = BestFrame(file, pixels);
+    if (frame.pixels == 0) {
+        return nullptr;
+    }
+    return ::CreateIconFromResourceEx(&file[frame.offset], frame.size, TRUE, 0x00030000, pixels,
+                                      pixels, LR_DEFAULTCOLOR);
+}
+
+}  // namespace
+
+HICON FileIcon(const std::string& path, int pixels) {
+    static std::map<std::pair<std::string, int>, HICON> cache;
+    const auto [at, isNew] = cache.try_emplace({path, pixels}, nullptr);
+    if (isNew) {
+        at->second = static_cast<HICON>(
+            ::LoadImageW(nullptr, Wide(path).c_str(), IMAGE_ICON, pixels, pixels, LR_LOADFROMFILE));
+    }
+    return at->second;
+}
+
+HICON ResourceIcon(const std::string& name, int pixels) {
+    static std::map<std::pair<std::string, int>, HICON> cache;
+    const auto [at, isNew] = cache.try_emplace({name, pixels}, nullptr);
+    if (isNew) {
+        at->second = LoadResourceIcon(name, pixels);
+    }
+    return at->second;
+}
+
+HICON ProgramIcon(int pixels) {
+    static std::map<int, HICON> cache;
+    const auto [at, isNew] = cache.try_emplace(pixels, nullptr);
+    if (isNew) {
+        // The icon with the lowest number, which the desktop takes for the program's own.
+        at->second = static_cast<HICON>(::LoadImageW(
+            ::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, pixels, pixels, 0));
+    }
+    return at->second;
+}
+
+void DrawFile(HDC dc, const std::string& path, const RECT& area) {
+    const int width = area.right - area.left;
+    const int height = area.bottom - area.top;
+    if (IsIconFile(path)) {
+        if (HICON icon = FileIcon(path, std::max(width, height)); icon != nullptr) {
+            ::DrawIconEx(dc, area.left, area.top, icon, width, height, 0, nullptr, DI_NORMAL);
+        }
+        return;
+    }
+    static std::map<std::string, std::unique_ptr<Gdiplus::Bitmap>> cache;
+    const auto [at, isNew] = cache.try_emplace(path);
+    if (isNew) {
+        at->second = ReadPicture(path);
+    }
+    if (at->second == nullptr) {
+        return;
+    }
+    Gdiplus::Bitmap& picture = *at->second;
+    Gdiplus::Graphics graphics(dc);
+    // The borders of an enlarged picture are not mixed with what lies beyond them.
+    Gdiplus::ImageAttributes attributes;
+    attributes.SetWrapMode(Gdiplus::WrapModeTileFlipXY);
+    graphics.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBicubic);
+    graphics.SetPixelOffsetMode(Gdiplus::PixelOffsetModeHalf);
+    graphics.DrawImage(&picture, Gdiplus::Rect(area.left, area.top, width, height), 0, 0,
+                       static_cast<INT>(picture.GetWidth()), static_cast<INT>(picture.GetHeight()),
+                       Gdiplus::UnitPixel, &attributes);
+}
+
+void DrawResource(HDC dc, const std::string& name, const RECT& area) {
+    const int width = area.right - area.left;
+    const int height = area.bottom - area.top;
+    const int pixels = std::min(width, height);
+    if (HICON icon = ResourceIcon(name, pixels); icon != nullptr) {
+        ::DrawIconEx(dc, area.left + (width - pixels) / 2, area.top + (height - pixels) / 2, icon,
+                     pixels, pixels, 0, nullptr, DI_NORMAL);
+    }
+}
+
+}  // namespace forms::win32::images

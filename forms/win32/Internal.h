@@ -1,0 +1,25 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+
+namespace forms {
+
+class Form;
+
+namespace win32 {
+
+// What the stage and the devices beside it tell each other.
+
+// The form's native window, made without its children where there is none yet, as the owner of an
+// icon in the notification area. From now on it takes the icon's callback: a mouse-move message
+// whose wParam is the icon's number, not 0, and whose lParam is the mouse message. Null when the
+// form is not loaded.
+HWND WindowOf(Form& form);
+
+// Called when the desktop's shell has started anew and its notification area is empty.
+inline std::function<void()> onTaskbarCreated;
+
+}  // namespace win32
+}  // namespace forms

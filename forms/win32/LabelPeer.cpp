@@ -1,0 +1,82 @@
+#include <windows.h>
+#include <commctrl.h>
+
+#include "forms/Gestures.h"
+#include "forms/win32/Drawing.h"
+#include "forms/win32/Fonts.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/Peers.h"
+#include "forms/win32/SurfacePeer.h"
+#include "forms/win32/Utf.h"
+
+namespace forms::win32 {
+
+namespace {
+
+class LabelPeer : public SurfacePeer {
+  public:
+    LabelPeer(FormWindow& formWindow, Label& peerLabel)
+        : SurfacePeer(formWindow, peerLabel), label(peerLabel) {}
+
+    void Create() override {
+        DWORD style = label.useMnemonic ? 0 : SS_NOPREFIX;
+        style |= label.alignment == Alignment::Center  ? SS_CENTER
+                 : label.alignment == Alignment::Right ? SS_RIGHT
+                                                       : SS_LEFT;
+        CreateNative(WC_STATICW, label.caption, style);
+    }
+
+    void Apply(Aspect aspect) override {
+        if (aspect == Aspect::Caption) {
+            SetCaption(label.caption);
+        } else {
+            SurfacePeer::Apply(aspect);
+        }
+    }
+
+  protected:
+    HFONT Font() const override {
+        return fonts::Get(label.fontName, label.fontSize, label.bold, window.dpi);
+    }
+
+    void PaintOver(HDC dc, const RECT& inside) override {
+        const Selected font(dc, Font());
+        ::SetTextColor(dc, label.IsEffectivelyEnabled() ? ToColorRef(label.foreColor, COLOR_BTNTEXT)
+                                                        : ::GetSysColor(COLOR_GRAYTEXT));
+        UINT format = DT_EXPANDTABS | DT_WORDBREAK;
+        format |= label.alignment == Alignment::Center  ? UINT{DT_CENTER}
+                  : label.alignment == Alignment::Right ? UINT{DT_RIGHT}
+                                                        : UINT{DT_LEFT};
+        if (!label.useMnemonic) {
+            format |= DT_NOPREFIX;
+        } else if ((::SendMessageW(handle, WM_QUERYUISTATE, 0, 0) & UISF_HIDEACCEL) != 0) {
+            format |= DT_HIDEPREFIX;
+        }
+        if (label.autoSize) {
+            // Sized to its lines: rounding must not wrap the last word.
+            format &= ~UINT{DT_WORDBREAK};
+        }
+        RECT box = inside;
+        ::DrawTextW(dc, Wide(label.caption()).c_str(), -1, &box, format);
+    }
+
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        const auto result = SurfacePeer::OnMessage(message, wParam, lParam);
+        // Only sent by tools: a person's clicks reach the form.
+        if (message == WM_LBUTTONUP && window.IsLive()) {
+            gestures::Click(label);
+        }
+        return result;
+    }
+
+  private:
+    Label& label;
+};
+
+}  // namespace
+
+std::unique_ptr<Peer> MakeLabelPeer(FormWindow& window, Label& label) {
+    return std::make_unique<LabelPeer>(window, label);
+}
+
+}  // namespace forms::win32

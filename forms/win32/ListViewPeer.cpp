@@ -1,0 +1,213 @@
+#include <windows.h>
+#include <commctrl.h>
+
+#include <algorithm>
+#include <cwchar>
+
+#include "forms/Gestures.h"
+#include "forms/win32/Dpi.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/Images.h"
+#include "forms/win32/Peers.h"
+#include "forms/win32/Utf.h"
+
+namespace forms::win32 {
+
+namespace {
+
+// The native list holds no rows of its own: it asks for what it shows.
+class ListViewPeer : public Peer {
+  public:
+    ListViewPeer(FormWindow& formWindow, ListView& peerList)
+        : Peer(formWindow, peerList), listView(peerList) {}
+    ~ListViewPeer() override { ::ImageList_Destroy(pictures); }
+    ListViewPeer(const ListViewPeer&) = delete;
+    ListViewPeer& operator=(const ListViewPeer&) = delete;
+
+    void Create() override {
+        CreateNative(WC_LISTVIEWW, std::string(),
+                     WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_OWNERDATA |
+                         LVS_NOSORTHEADER,
+                     WS_EX_CLIENTEDGE);
+        ::SendMessageW(handle, LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
+                       LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
+        for (std::size_t i = 0; i < listView.columns.size(); ++i) {
+            std::wstring heading = Wide(listView.columns[i].heading);
+            LVCOLUMNW column{};
+            column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+            column.pszText = heading.data();
+            column.cx = window.Pixels(listView.columns[i].width);
+            column.iSubItem = static_cast<int>(i);
+            ::SendMessageW(handle, LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
+        }
+        MakeImages();
+        ShowRows();
+    }
+
+    void Apply(Aspect aspect) override {
+        if (aspect == Aspect::Items) {
+            ShowRows();
+        } else if (aspect == Aspect::Value) {
+            ShowSelection();
+        } else {
+            Peer::Apply(aspect);
+        }
+    }
+
+    void Restyle() override {
+        Peer::Restyle();
+        for (std::size_t i = 0; i < listView.columns.size(); ++i) {
+            ::SendMessageW(handle, LVM_SETCOLUMNWIDTH, i, window.Pixels(listView.columns[i].width));
+        }
+        MakeImages();
+    }
+
+    std::optional<LRESULT> OnNotify(NMHDR& header) override {
+        switch (header.code) {
+            case LVN_GETDISPINFOW:
+                GiveItem(reinterpret_cast<NMLVDISPINFOW&>(header).item);
+                return 0;
+            case LVN_ODFINDITEMW:
+                return FindRow(reinterpret_cast<NMLVFINDITEMW&>(header));
+            case LVN_ITEMCHANGED:
+                OnItemChanged(reinterpret_cast<NMLISTVIEW&>(header));
+                return 0;
+            case NM_DBLCLK:
+                if (reinterpret_cast<NMITEMACTIVATE&>(header).iItem >= 0) {
+                    gestures::DoubleClick(listView);
+                }
+                return 0;
+            case NM_CLICK:
+                ReportMouseUp(leftButton, reinterpret_cast<NMITEMACTIVATE&>(header).ptAction);
+                return 0;
+            case NM_RCLICK:
+                ReportMouseUp(rightButton, reinterpret_cast<NMITEMACTIVATE&>(header).ptAction);
+                return 1;
+            default:
+                return std::nullopt;
+        }
+    }
+
+  protected:
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        // The native list swallows some of these and reports each by a notification.
+        if (message == WM_LBUTTONUP || message == WM_RBUTTONUP) {
+            return std::nullopt;
+        }
+        return Peer::OnMessage(message, wParam, lParam);
+    }
+
+  private:
+    void ReportMouseUp(int button, POINT place) {
+        gestures::MouseUp(listView, button, window.Twips(place.x), window.Twips(place.y));
+    }
+
+    void MakeImages() {
+        if (listView.images.empty()) {
+            return;
+        }
+        const int pixels = SystemMetric(SM_CXSMICON, window.dpi);
+        HIMAGELIST made = ::ImageList_Create(pixels, pixels, ILC_COLOR32 | ILC_MASK,
+                                             static_cast<int>(listView.images.size()), 0);
+        for (const std::string& name : listView.images) {
+            ::ImageList_ReplaceIcon(made, -1, images::ResourceIcon(name, pixels));
+        }
+        ::SendMessageW(handle, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(made));
+        ::ImageList_Destroy(pictures);
+        pictures = made;
+    }
+
+    void ShowRows() {
+        updating = true;
+        ::SendMessageW(handle, LVM_SETITEMCOUNT, listView.Rows().size(), LVSICF_NOSCROLL);
+        updating = false;
+        ShowSelection();
+        Redraw();
+    }
+
+    void ShowSelection() {
+        updating = true;
+        const int row = listView.SelectedRow();
+        LVITEMW item{};
+        item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+        if (SelectedNatively() != row) {
+            ::SendMessageW(handle, LVM_SETITEMSTATE, static_cast<WPARAM>(-1),
+                           reinterpret_cast<LPARAM>(&item));
+            if (row >= 0) {
+                item.state = item.stateMask;
+                ::SendMessageW(handle, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
+                               reinterpret_cast<LPARAM>(&item));
+                ::SendMessageW(handle, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+            }
+        }
+        updating = false;
+    }
+
+    int SelectedNatively() const {
+        return static_cast<int>(
+            ::SendMessageW(handle, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+    }
+
+    void OnItemChanged(const NMLISTVIEW& change) {
+        if (updating || (change.uChanged & LVIF_STATE) == 0) {
+            return;
+        }
+        const bool was = (change.uOldState & LVIS_SELECTED) != 0;
+        const bool is = (change.uNewState & LVIS_SELECTED) != 0;
+        const int row = SelectedNatively();
+        if (was != is && row != listView.SelectedRow()) {
+            gestures::Select(listView, row);
+        }
+    }
+
+    void GiveItem(LVITEMW& item) const {
+        const auto& rows = listView.Rows();
+        const auto row = static_cast<std::size_t>(item.iItem);
+        const bool exists = item.iItem >= 0 && row < rows.size();
+        if ((item.mask & LVIF_IMAGE) != 0) {
+            item.iImage = exists && item.iSubItem == 0 ? rows[row].image : I_IMAGENONE;
+        }
+        if ((item.mask & LVIF_TEXT) != 0 && item.cchTextMax > 0) {
+            const auto column = static_cast<std::size_t>(item.iSubItem);
+            const std::wstring text = exists && column < rows[row].texts.size()
+                                          ? Wide(rows[row].texts[column])
+                                          : std::wstring();
+            const auto room = static_cast<std::size_t>(item.cchTextMax - 1);
+            const std::size_t length = std::min(text.size(), room);
+            std::wmemcpy(item.pszText, text.c_str(), length);
+            item.pszText[length] = L'\0';
+        }
+    }
+
+    // The row that has a text that begins with what the user types.
+    LRESULT FindRow(const NMLVFINDITEMW& search) const {
+        const auto& rows = listView.Rows();
+        if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || rows.empty()) {
+            return -1;
+        }
+        const std::size_t length = std::wcslen(search.lvfi.psz);
+        const auto start = static_cast<std::size_t>(std::max(search.iStart, 0));
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            const std::size_t row = (start + i) % rows.size();
+            for (const std::string& text : rows[row].texts) {
+                const std::wstring wide = Wide(text);
+                if (!wide.empty() && ::_wcsnicmp(wide.c_str(), search.lvfi.psz, length) == 0) {
+                    return static_cast<LRESULT>(row);
+                }
+            }
+        }
+        return -1;
+    }
+
+    ListView& listView;
+    HIMAGELIST pictures = nullptr;
+    bool updating = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Peer> MakeListViewPeer(FormWindow& window, ListView& listView) {
+    return std::make_unique<ListViewPeer>(window, listView);
+}
+
+}  // namespace forms::win32

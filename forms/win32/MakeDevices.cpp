@@ -1,0 +1,57 @@
+#include "forms/win32/MakeDevices.h"
+
+#include "forms/win32/Internal.h"
+#include "forms/win32/devices/WinClock.h"
+#include "forms/win32/devices/WinFiles.h"
+#include "forms/win32/devices/WinLocale.h"
+#include "forms/win32/devices/WinPictures.h"
+#include "forms/win32/devices/WinPrinter.h"
+#include "forms/win32/devices/WinSettings.h"
+#include "forms/win32/devices/WinShell.h"
+#include "forms/win32/devices/WinSound.h"
+#include "forms/win32/devices/WinSystem.h"
+#include "forms/win32/devices/WinTray.h"
+
+namespace forms::win32 {
+
+namespace {
+
+struct AllDevices {
+    WinClock clock;
+    WinFiles files;
+    WinSettings settings;
+    WinSound sound;
+    WinTray tray;
+    WinPrinter printer;
+    WinShell shell;
+    WinPictures pictures{files};
+    WinLocale locale;
+    WinSystem system;
+
+    AllDevices() {
+        onTaskbarCreated = [this] { tray.AddAgain(); };
+    }
+    ~AllDevices() { onTaskbarCreated = nullptr; }
+    AllDevices(const AllDevices&) = delete;
+    AllDevices& operator=(const AllDevices&) = delete;
+};
+
+}  // namespace
+
+Devices MakeDevices() {
+    static AllDevices all;
+    Devices devices;
+    devices.clock = &all.clock;
+    devices.files = &all.files;
+    devices.settings = &all.settings;
+    devices.sound = &all.sound;
+    devices.tray = &all.tray;
+    devices.printer = &all.printer;
+    devices.shell = &all.shell;
+    devices.pictures = &all.pictures;
+    devices.locale = &all.locale;
+    devices.system = &all.system;
+    return devices;
+}
+
+}  // namespace forms::win32

@@ -1,0 +1,112 @@
+#include "forms/win32/NativeMenus.h"
+
+#include "forms/win32/Utf.h"
+
+namespace forms::win32 {
+
+NativeMenus::NativeMenus(const Form& form) {
+    int nextId = firstId;
+    for (Menu* menu : form.Menus()) {
+        Number(*menu, nextId);
+    }
+}
+
+void NativeMenus::Number(Menu& menu, int& nextId) {
+    ids[&menu] = nextId;
+    entries[nextId] = &menu;
+    ++nextId;
+    for (Menu* entry : menu.entries) {
+        Number(*entry, nextId);
+    }
+}
+
+void NativeMenus::AppendEntries(HMENU to, const std::vector<Menu*>& from,
+                                std::map<HMENU, const Menu*>* made) const {
+    for (const Menu* menu : from) {
+        if (!menu->visible) {
+            continue;
+        }
+        if (menu->IsSeparator()) {
+            ::AppendMenuW(to, MF_SEPARATOR, 0, nullptr);
+            continue;
+        }
+        UINT flags = MF_STRING;
+        flags |= menu->enabled ? UINT{MF_ENABLED} : UINT{MF_GRAYED};
+        flags |= menu->checked ? UINT{MF_CHECKED} : UINT{MF_UNCHECKED};
+        auto id = static_cast<UINT_PTR>(ids.at(menu));
+        if (!menu->entries.empty()) {
+            HMENU popup = ::CreatePopupMenu();
+            AppendEntries(popup, menu->entries, made);
+            if (made != nullptr) {
+                (*made)[popup] = menu;
+            }
+            flags |= MF_POPUP;
+            id = reinterpret_cast<UINT_PTR>(popup);
+        }
+        ::AppendMenuW(to, flags, id, Wide(menu->caption()).c_str());
+    }
+}
+
+void NativeMenus::MakeBar(HWND window, const Form& form) {
+    std::vector<Menu*> inBar;
+    for (Menu* menu : form.Menus()) {
+        if (menu->inMenuBar && menu->visible) {
+            inBar.push_back(menu);
+        }
+    }
+    HMENU before = ::GetMenu(window);
+    HMENU bar = nullptr;
+    barPopups.clear();
+    if (!inBar.empty()) {
+        bar = ::CreateMenu();
+        AppendEntries(bar, inBar, &barPopups);
+    }
+    if (bar != before) {
+        ::SetMenu(window, bar);
+        ::DestroyMenu(before);
+    }
+}
+
+HMENU NativeMenus::MakePopup(const Menu& menu) const {
+    HMENU popup = ::CreatePopupMenu();
+    AppendEntries(popup, menu.entries, nullptr);
+    return popup;
+}
+
+void NativeMenus::Refresh(HMENU popup) {
+    const auto found = barPopups.find(popup);
+    if (found == barPopups.end()) {
+        return;
+    }
+    const Menu& menu = *found->second;
+    while (::GetMenuItemCount(popup) > 0) {
+        barPopups.erase(::GetSubMenu(popup, 0));
+        ::DeleteMenu(popup, 0, MF_BYPOSITION);
+    }
+    AppendEntries(popup, menu.entries, &barPopups);
+}
+
+void NativeMenus::Apply(HWND window, const Menu& menu, Aspect aspect) {
+    if (menu.parent == nullptr) {
+        if (menu.inMenuBar) {
+            MakeBar(window, menu.form);
+            ::DrawMenuBar(window);
+        }
+        return;
+    }
+    // Of an entry that is on the screen just now; the others are refreshed before they open.
+    HMENU bar = ::GetMenu(window);
+    const auto id = static_cast<UINT>(ids.at(&menu));
+    if (aspect == Aspect::Enabled) {
+        ::EnableMenuItem(bar, id, menu.enabled ? MF_ENABLED : MF_GRAYED);
+    } else if (aspect == Aspect::Checked) {
+        ::CheckMenuItem(bar, id, menu.checked ? MF_CHECKED : MF_UNCHECKED);
+    }
+}
+
+Menu* NativeMenus::Find(int id) const {
+    const auto found = entries.find(id);
+    return found == entries.end() ? nullptr : found->second;
+}
+
+}  // namespace forms::win32

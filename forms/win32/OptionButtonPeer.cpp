@@ -1,0 +1,89 @@
+#include <windows.h>
+#include <commctrl.h>
+
+#include "forms/Gestures.h"
+#include "forms/win32/Drawing.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/Peers.h"
+
+namespace forms::win32 {
+
+namespace {
+
+// The model decides which button of a group is selected; the native control only shows it.
+class OptionButtonPeer : public Peer {
+  public:
+    OptionButtonPeer(FormWindow& formWindow, OptionButton& peerButton)
+        : Peer(formWindow, peerButton), button(peerButton) {}
+
+    void Create() override {
+        CreateNative(WC_BUTTONW, button.caption, BS_RADIOBUTTON | BS_MULTILINE);
+        ShowValue();
+        MoveTabStop();
+    }
+
+    void Apply(Aspect aspect) override {
+        if (aspect == Aspect::Caption) {
+            SetCaption(button.caption);
+        } else if (aspect == Aspect::Value) {
+            ShowValue();
+            MoveTabStop();
+        } else {
+            Peer::Apply(aspect);
+        }
+    }
+
+    void OnCommand(int code) override {
+        // A button that is not selected also reports a click when it gets the focus.
+        if (code == BN_CLICKED && !window.state.movingFocus && !button.value()) {
+            gestures::Click(button);
+        }
+    }
+
+    HBRUSH OnColor(HDC dc) override {
+        if (!button.backColor()) {
+            return nullptr;
+        }
+        const COLORREF back = ToColorRef(*button.backColor());
+        ::SetBkColor(dc, back);
+        return SolidBrush(back);
+    }
+
+  private:
+    void ShowValue() {
+        ::SendMessageW(handle, BM_SETCHECK, button.value() ? BST_CHECKED : BST_UNCHECKED, 0);
+    }
+
+    // The Tab key goes to the selected button of a group, or to the first one.
+    void MoveTabStop() {
+        const Control* stop = nullptr;
+        for (const Control* other : button.form.Controls()) {
+            if (IsOfGroup(*other) &&
+                (stop == nullptr || static_cast<const OptionButton*>(other)->value())) {
+                stop = other;
+            }
+        }
+        for (const Control* other : button.form.Controls()) {
+            const Peer* peer = IsOfGroup(*other) ? window.PeerOf(*other) : nullptr;
+            if (peer != nullptr && peer->handle != nullptr) {
+                const LONG_PTR style = ::GetWindowLongPtrW(peer->handle, GWL_STYLE);
+                ::SetWindowLongPtrW(peer->handle, GWL_STYLE,
+                                    other == stop ? style | WS_TABSTOP : style & ~WS_TABSTOP);
+            }
+        }
+    }
+
+    bool IsOfGroup(const Control& other) const {
+        return other.kind == ControlKind::OptionButton && other.container == button.container;
+    }
+
+    OptionButton& button;
+};
+
+}  // namespace
+
+std::unique_ptr<Peer> MakeOptionButtonPeer(FormWindow& window, OptionButton& button) {
+    return std::make_unique<OptionButtonPeer>(window, button);
+}
+
+}  // namespace forms::win32

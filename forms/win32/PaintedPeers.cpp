@@ -1,0 +1,112 @@
+#include <windows.h>
+
+#include <algorithm>
+
+#include "forms/win32/Drawing.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/Images.h"
+#include "forms/win32/PaintedPeer.h"
+#include "forms/win32/Peers.h"
+
+namespace forms::win32 {
+
+void PaintedPeer::Layout() {
+    window.InvalidateSurface(shown);
+    shown = Area();
+    window.InvalidateSurface(shown);
+}
+
+namespace {
+
+class ImagePeer : public PaintedPeer {
+  public:
+    ImagePeer(FormWindow& formWindow, Image& peerImage)
+        : PaintedPeer(formWindow, peerImage), image(peerImage) {}
+
+    void Paint(HDC dc) override {
+        if (!image.picture().path.empty()) {
+            images::DrawFile(dc, image.picture().path, Area());
+        } else if (!image.resourceName.empty()) {
+            images::DrawResource(dc, image.resourceName, Area());
+        }
+    }
+
+  private:
+    Image& image;
+};
+
+class ShapePeer : public PaintedPeer {
+  public:
+    ShapePeer(FormWindow& formWindow, Shape& peerShape)
+        : PaintedPeer(formWindow, peerShape), shape(peerShape) {}
+
+    void Paint(HDC dc) override {
+        HPEN pen = ::CreatePen(PS_SOLID, std::max(1, window.Pixels(lineWidth)),
+                               ToColorRef(shape.borderColor()));
+        {
+            const Selected outline(dc, pen);
+            const Selected inside(dc, SolidBrush(ToColorRef(shape.fillColor())));
+            Outline(dc, Area());
+        }
+        ::DeleteObject(pen);
+    }
+
+  private:
+    static constexpr int lineWidth = 15;  // twips
+
+    void Outline(HDC dc, const RECT& area) const {
+        const int width = area.right - area.left;
+        const int height = area.bottom - area.top;
+        const int smaller = std::min(width, height);
+        switch (shape.shape) {
+            case ShapeKind::Rectangle:
+                ::Rectangle(dc, area.left, area.top, area.right, area.bottom);
+                break;
+            case ShapeKind::RoundedRectangle:
+                ::RoundRect(dc, area.left, area.top, area.right, area.bottom, smaller / 3,
+                            smaller / 3);
+                break;
+            case ShapeKind::Circle: {
+                const int left = area.left + (width - smaller) / 2;
+                const int top = area.top + (height - smaller) / 2;
+                ::Ellipse(dc, left, top, left + smaller, top + smaller);
+                break;
+            }
+        }
+    }
+
+    Shape& shape;
+};
+
+class LinePeer : public PaintedPeer {
+  public:
+    LinePeer(FormWindow& formWindow, Line& peerLine)
+        : PaintedPeer(formWindow, peerLine), line(peerLine) {}
+
+    // A line has no thickness of its own: a place without height or width is one pixel thick.
+    void Paint(HDC dc) override {
+        RECT area = Area();
+        area.right = std::max(area.right, area.left + 1);
+        area.bottom = std::max(area.bottom, area.top + 1);
+        ::FillRect(dc, &area, SolidBrush(ToColorRef(line.color())));
+    }
+
+  private:
+    Line& line;
+};
+
+}  // namespace
+
+std::unique_ptr<Peer> MakeImagePeer(FormWindow& window, Image& image) {
+    return std::make_unique<ImagePeer>(window, image);
+}
+
+std::unique_ptr<Peer> MakeShapePeer(FormWindow& window, Shape& shape) {
+    return std::make_unique<ShapePeer>(window, shape);
+}
+
+std::unique_ptr<Peer> MakeLinePeer(FormWindow& window, Line& line) {
+    return std::make_unique<LinePeer>(window, line);
+}
+
+}  // namespace forms::win32

@@ -1,0 +1,150 @@
+#include "forms/win32/Peer.h"
+
+#include <commctrl.h>
+#include <windowsx.h>
+
+#include "forms/Gestures.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/Utf.h"
+
+namespace forms::win32 {
+
+RECT Peer::Area() const { return window.AreaOf(control); }
+
+void Peer::CreateNative(const wchar_t* className, const std::string& text, DWORD style,
+                        DWORD extendedStyle) {
+    const RECT area = Area();
+    const auto& controls = window.Model().Controls();
+    int id = FormWindow::firstControlId;
+    while (controls[static_cast<std::size_t>(id - FormWindow::firstControlId)] != &control) {
+        ++id;
+    }
+    style |= WS_CHILD | WS_CLIPSIBLINGS;
+    if (control.IsEffectivelyVisible()) {
+        style |= WS_VISIBLE;
+    }
+    if (!control.IsEffectivelyEnabled()) {
+        style |= WS_DISABLED;
+    }
+    handle = ::CreateWindowExW(extendedStyle, className, Wide(text).c_str(), style, area.left,
+                               area.top, area.right - area.left, area.bottom - area.top,
+                               window.handle, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                               ::GetModuleHandleW(nullptr), nullptr);
+    if (handle == nullptr) {
+        return;
+    }
+    ::SendMessageW(handle, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), FALSE);
+    ::SetWindowSubclass(handle, &Peer::Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+}
+
+HFONT Peer::Font() const { return window.FormFont(); }
+
+void Peer::Apply(Aspect aspect) {
+    if (handle == nullptr) {
+        if (aspect != Aspect::ToolTip) {
+            window.InvalidateSurface(Area());
+        }
+        return;
+    }
+    switch (aspect) {
+        case Aspect::Visible:
+            ::ShowWindow(handle, control.IsEffectivelyVisible() ? SW_SHOWNA : SW_HIDE);
+            break;
+        case Aspect::Enabled:
+            ::EnableWindow(handle, control.IsEffectivelyEnabled() ? TRUE : FALSE);
+            break;
+        case Aspect::ForeColor:
+        case Aspect::BackColor:
+            Redraw();
+            break;
+        case Aspect::FontSize:
+            ::SendMessageW(handle, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), TRUE);
+            break;
+        default:
+            break;
+    }
+}
+
+void Peer::Layout() {
+    if (handle == nullptr) {
+        return;
+    }
+    const RECT area = Area();
+    ::SetWindowPos(handle, nullptr, area.left, area.top, area.right - area.left,
+                   area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Peer::Restyle() {
+    if (handle != nullptr) {
+        ::SendMessageW(handle, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), TRUE);
+    }
+}
+
+void Peer::SetCaption(const std::string& caption) {
+    ::SetWindowTextW(handle, Wide(caption).c_str());
+}
+
+void Peer::Redraw() const { ::InvalidateRect(handle, nullptr, TRUE); }
+
+LRESULT Peer::Default(UINT message, WPARAM wParam, LPARAM lParam) {
+    return ::DefSubclassProc(handle, message, wParam, lParam);
+}
+
+void Peer::ReportMouseUp(int button, LPARAM where) {
+    gestures::MouseUp(control, button, window.Twips(GET_X_LPARAM(where)),
+                      window.Twips(GET_Y_LPARAM(where)));
+}
+
+std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_SETFOCUS: {
+            const LRESULT result = Default(message, wParam, lParam);
+            if (window.IsLive()) {
+                window.MarkDefaultButton(this);
+                gestures::Focus(control);
+            }
+            return result;
+        }
+        case WM_LBUTTONUP: {
+            const LRESULT result = Default(message, wParam, lParam);
+            if (window.IsLive()) {
+                ReportMouseUp(leftButton, lParam);
+            }
+            return result;
+        }
+        case WM_RBUTTONUP:
+            if (control.MouseUp) {
+                // Instead of the menu that the control itself may have.
+                ReportMouseUp(rightButton, lParam);
+                return 0;
+            }
+            return std::nullopt;
+        case WM_CONTEXTMENU:
+            if (lParam == -1 && control.MouseUp) {
+                window.OpenMenuByKeyboard();
+                return 0;
+            }
+            return std::nullopt;
+        default:
+            return std::nullopt;
+    }
+}
+
+LRESULT CALLBACK Peer::Procedure(HWND child, UINT message, WPARAM wParam, LPARAM lParam,
+                                 UINT_PTR id, DWORD_PTR data) {
+    auto& peer = *reinterpret_cast<Peer*>(data);
+    if (message == WM_NCDESTROY) {
+        ::RemoveWindowSubclass(child, &Peer::Procedure, id);
+        peer.handle = nullptr;
+        return ::DefSubclassProc(child, message, wParam, lParam);
+    }
+    const FormWindow::Entry entry(peer.window);
+    if (peer.window.IsLive() && peer.handle == child) {
+        if (const auto result = peer.OnMessage(message, wParam, lParam)) {
+            return *result;
+        }
+    }
+    return ::DefSubclassProc(child, message, wParam, lParam);
+}
+
+}  // namespace forms::win32

@@ -1,0 +1,190 @@
+#include "forms/win32/Pumps.h"
+
+#include <commdlg.h>
+
+#include <algorithm>
+#include <cwchar>
+#include <vector>
+
+#include "forms/Runtime.h"
+#include "forms/win32/Utf.h"
+
+namespace forms::win32::pumps {
+
+namespace {
+
+// Keys that move the focus, press the default button or belong to a control's caption.
+bool IsForForm(MSG& message) {
+    HWND root = message.hwnd != nullptr ? ::GetAncestor(message.hwnd, GA_ROOT) : nullptr;
+    return root != nullptr && FormWindow::From(root) != nullptr &&
+           ::IsDialogMessageW(root, &message) != 0;
+}
+
+// The window that a box or dialog belongs to: the one that the user works with.
+HWND OwnerForBox() {
+    HWND owner = ::GetActiveWindow();
+    if (owner == nullptr) {
+        const Form* active = Runtime::Current().ActiveForm();
+        const FormWindow* window = active != nullptr ? FormWindow::Existing(*active) : nullptr;
+        owner = window != nullptr ? window->handle : nullptr;
+    }
+    const bool isFit = owner != nullptr && ::IsWindowVisible(owner) != 0 &&
+                       ::IsIconic(owner) == 0 && ::IsWindowEnabled(owner) != 0;
+    return isFit ? owner : nullptr;
+}
+
+// Shuts off the windows that are there, all but the owner of the box, which the system shuts off
+// itself (and, where there is no owner, all of them). Windows that appear later can be used.
+class OthersShutOff {
+  public:
+    OthersShutOff(StageState& stageState, HWND owner) : state(stageState) {
+        const Applying applying(state);
+        for (FormWindow* window : state.windows) {
+            ++window->boxes;
+            counted.push_back(window);
+            if (owner != nullptr && window->handle != owner) {
+                ::EnableWindow(window->handle, FALSE);
+            }
+        }
+    }
+    ~OthersShutOff() {
+        for (FormWindow* window : counted) {
+            const bool exists = std::find(state.windows.begin(), state.windows.end(), window) !=
+                                state.windows.end();
+            if (exists && window->boxes > 0 && --window->boxes == 0 && window->IsLive()) {
+                window->UpdateEnabled();
+            }
+        }
+    }
+    OthersShutOff(const OthersShutOff&) = delete;
+    OthersShutOff& operator=(const OthersShutOff&) = delete;
+
+  private:
+    StageState& state;
+    std::vector<FormWindow*> counted;
+};
+
+UINT BoxFlags(const MsgBoxOptions& options) {
+    UINT flags = MB_SETFOREGROUND;
+    flags |= options.buttons == BoxButtons::YesNo ? UINT{MB_YESNO} : UINT{MB_OK};
+    if (options.secondIsDefault) {
+        flags |= MB_DEFBUTTON2;
+    }
+    switch (options.icon) {
+        case BoxIcon::None:
+            break;
+        case BoxIcon::Information:
+            flags |= MB_ICONINFORMATION;
+            break;
+        case BoxIcon::Question:
+            flags |= MB_ICONQUESTION;
+            break;
+        case BoxIcon::Exclamation:
+            flags |= MB_ICONEXCLAMATION;
+            break;
+        case BoxIcon::Critical:
+            flags |= MB_ICONERROR;
+            break;
+    }
+    return flags;
+}
+
+BOOL CALLBACK EndBox(HWND window, LPARAM /*data*/) {
+    wchar_t name[16] = L"";
+    ::GetClassNameW(window, name, static_cast<int>(std::size(name)));
+    if (std::wcscmp(name, L"#32770") == 0) {
+        ::EndDialog(window, IDCANCEL);
+    }
+    return TRUE;
+}
+
+}  // namespace
+
+void Run(const std::function<bool()>& goesOn) {
+    const Runtime& runtime = Runtime::Current();
+    while (!runtime.HasEnded() && goesOn()) {
+        MSG message{};
+        // 0 is the end of this loop only if the runtime has ended, too.
+        if (::GetMessageW(&message, nullptr, 0, 0) > 0 && !IsForForm(message)) {
+            ::TranslateMessage(&message);
+            ::DispatchMessageW(&message);
+        }
+    }
+}
+
+BoxResult ShowMessageBox(StageState& state, const BoxRequest& request) {
+    HWND owner = OwnerForBox();
+    const UINT flags =
+        BoxFlags(request.options) | (owner == nullptr ? UINT{MB_TASKMODAL} : UINT{0});
+    const std::wstring text = Wide(request.text);
+    const std::wstring caption = Wide(request.caption);
+    int answer = 0;
+    {
+        const OthersShutOff others(state, owner);
+        answer = ::MessageBoxW(owner, text.c_str(), caption.c_str(), flags);
+    }
+    if (request.options.buttons == BoxButtons::Ok) {
+        return BoxResult::Ok;
+    }
+    return answer == IDYES ? BoxResult::Yes : BoxResult::No;
+}
+
+std::optional<std::string> ShowOpenDialog(StageState& state, const FormWindow* window,
+                                          const FileDialogRequest& request) {
+    std::wstring filter = Wide(request.filter);
+    std::replace(filter.begin(), filter.end(), L'|', L'\0');
+    filter.push_back(L'\0');
+    const std::wstring folder = Wide(request.initialFolder);
+    std::wstring path(32768, L'\0');
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = window != nullptr && window->IsShown() ? window->handle : OwnerForBox();
+    dialog.lpstrFilter = filter.c_str();
+    dialog.lpstrFile = path.data();
+    dialog.nMaxFile = static_cast<DWORD>(path.size());
+    dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+    dialog.Flags =
+        OFN_NOCHANGEDIR | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_EXPLORER;
+    const OthersShutOff others(state, dialog.hwndOwner);
+    if (::GetOpenFileNameW(&dialog) == FALSE) {
+        return std::nullopt;
+    }
+    return Narrow(path.c_str());
+}
+
+Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu) {
+    const FormWindow::Entry entry(window);
+    POINT place{};
+    ::GetCursorPos(&place);
+    if (state.menuPlace) {
+        place = *state.menuPlace;
+    }
+    HMENU popup = window.Menus().MakePopup(menu);
+    HWND before = ::GetActiveWindow();
+    // A menu closes when the user clicks elsewhere only if its window is in the foreground, and
+    // takes keys only if that window can be used.
+    const bool canUse =
+        window.IsShown() && ::IsWindowEnabled(window.handle) != 0 && ::IsIconic(window.handle) == 0;
+    HWND owner = canUse ? window.handle : state.utility;
+    if (::GetForegroundWindow() != owner) {
+        ::SetForegroundWindow(owner);
+    }
+    const UINT align =
+        ::GetSystemMetrics(SM_MENUDROPALIGNMENT) != 0 ? UINT{TPM_RIGHTALIGN} : UINT{TPM_LEFTALIGN};
+    const int id = ::TrackPopupMenuEx(popup, TPM_RETURNCMD | TPM_RIGHTBUTTON | align, place.x,
+                                      place.y, owner, nullptr);
+    ::PostMessageW(owner, WM_NULL, 0, 0);
+    ::DestroyMenu(popup);
+    if (owner == state.utility && before != nullptr && ::GetActiveWindow() == owner) {
+        ::SetActiveWindow(before);
+    }
+    return id != 0 && window.IsLive() ? window.Menus().Find(id) : nullptr;
+}
+
+void EndAll() {
+    ::EndMenu();
+    ::EnumThreadWindows(::GetCurrentThreadId(), &EndBox, 0);
+    ::PostQuitMessage(0);
+}
+
+}  // namespace forms::win32::pumps

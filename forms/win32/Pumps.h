@@ -1,0 +1,28 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "forms/Stage.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/StageState.h"
+
+// What waits for the user while events go on. Each returns soon after the runtime has ended.
+namespace forms::win32::pumps {
+
+// Until the condition fails.
+void Run(const std::function<bool()>& goesOn);
+
+BoxResult ShowMessageBox(StageState& state, const BoxRequest& request);
+// window: that the dialog belongs to, may be null.
+std::optional<std::string> ShowOpenDialog(StageState& state, const FormWindow* window,
+                                          const FileDialogRequest& request);
+Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu);
+
+// Ends every pump of this thread.
+void EndAll();
+
+}  // namespace forms::win32::pumps

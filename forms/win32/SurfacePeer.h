@@ -1,0 +1,25 @@
+#pragma once
+
+#include "forms/win32/Peer.h"
+
+namespace forms::win32 {
+
+// A label or a group box: a control of the system, so that tools and screen readers find it by its
+// caption, but painted here. What the form paints (a picture, a coloured shape) shows through it,
+// and a change of its caption does not flicker.
+class SurfacePeer : public Peer {
+  public:
+    using Peer::Peer;
+    bool IsTransparent() const override { return true; }
+    void Apply(Aspect aspect) override;
+
+  protected:
+    // On top of the form's surface; coordinates are the control's own.
+    virtual void PaintOver(HDC dc, const RECT& inside) = 0;
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    void PaintAll(HDC dc, const RECT& area);
+};
+
+}  // namespace forms::win32

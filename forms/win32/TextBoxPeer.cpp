@@ -1,0 +1,170 @@
+#include <windows.h>
+#include <commctrl.h>
+
+#include "forms/Gestures.h"
+#include "forms/win32/Drawing.h"
+#include "forms/win32/Fonts.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/Peers.h"
+#include "forms/win32/Utf.h"
+
+namespace forms::win32 {
+
+namespace {
+
+constexpr WPARAM controlA = 1;  // the character that Ctrl+A types
+
+class TextBoxPeer : public Peer {
+  public:
+    TextBoxPeer(FormWindow& formWindow, TextBox& peerBox)
+        : Peer(formWindow, peerBox), textBox(peerBox) {}
+
+    void Create() override {
+        DWORD style = WS_TABSTOP;
+        style |= textBox.multiLine ? DWORD{ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN}
+                                   : DWORD{ES_AUTOHSCROLL};
+        if (textBox.readOnly) {
+            style |= ES_READONLY;
+        }
+        CreateNative(WC_EDITW, std::string(), style, WS_EX_CLIENTEDGE);
+        ::SendMessageW(handle, EM_SETLIMITTEXT, 0, 0);
+        ShowText();
+    }
+
+    void Apply(Aspect aspect) override {
+        if (aspect == Aspect::Text) {
+            ShowText();
+            return;
+        }
+        Peer::Apply(aspect);
+        if (aspect == Aspect::FontSize) {
+            UpdateScrollBar();
+        }
+    }
+
+    void Layout() override {
+        Peer::Layout();
+        UpdateScrollBar();
+    }
+
+    void Restyle() override {
+        Peer::Restyle();
+        UpdateScrollBar();
+    }
+
+    void OnCommand(int code) override {
+        if (code == EN_CHANGE && !settingText) {
+            UpdateScrollBar();
+            gestures::Typed(textBox);
+        }
+    }
+
+    HBRUSH OnColor(HDC dc) override {
+        const bool isPlain = textBox.enabled && !textBox.readOnly;
+        const COLORREF back = ToColorRef(textBox.backColor, isPlain ? COLOR_WINDOW : COLOR_BTNFACE);
+        ::SetTextColor(dc, textBox.enabled ? ToColorRef(textBox.foreColor, COLOR_WINDOWTEXT)
+                                           : ::GetSysColor(COLOR_GRAYTEXT));
+        ::SetBkColor(dc, back);
+        return SolidBrush(back);
+    }
+
+  protected:
+    HFONT Font() const override {
+        return fonts::Get(std::string(), textBox.fontSize, false, window.dpi);
+    }
+
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        switch (message) {
+            case WM_GETDLGCODE:
+                return DialogCode(message, wParam, lParam);
+            case WM_CHAR:
+                if (wParam == controlA) {
+                    ::SendMessageW(handle, EM_SETSEL, 0, -1);
+                    return 0;
+                }
+                return std::nullopt;
+            case WM_SETTEXT: {
+                const LRESULT result = Default(message, wParam, lParam);
+                // Boxes of several lines do not report a text that a tool has set.
+                if (!settingText && textBox.multiLine) {
+                    OnCommand(EN_CHANGE);
+                }
+                return result;
+            }
+            case WM_LBUTTONDBLCLK:
+                doubleClicked = true;
+                return std::nullopt;
+            case WM_LBUTTONUP:
+                if (doubleClicked) {
+                    // Reported when the button is up again: a menu that the handler opens would
+                    // take the release for a choice.
+                    doubleClicked = false;
+                    Default(message, wParam, lParam);
+                    gestures::DoubleClick(textBox);
+                    return 0;
+                }
+                return Peer::OnMessage(message, wParam, lParam);
+            default:
+                return Peer::OnMessage(message, wParam, lParam);
+        }
+    }
+
+  private:
+    void ShowText() {
+        settingText = true;
+        SetCaption(textBox.text());
+        settingText = false;
+        UpdateScrollBar();
+    }
+
+    // The Tab key leaves a box of several lines, and coming back does not select a whole note,
+    // which the next key would replace.
+    LRESULT DialogCode(UINT message, WPARAM wParam, LPARAM lParam) {
+        LRESULT code = Default(message, wParam, lParam);
+        if (!textBox.multiLine) {
+            return code;
+        }
+        code &= ~LRESULT{DLGC_WANTTAB | DLGC_WANTALLKEYS | DLGC_HASSETSEL};
+        const auto* key = reinterpret_cast<const MSG*>(lParam);
+        if (key != nullptr && key->message == WM_KEYDOWN && key->wParam == VK_RETURN &&
+            !textBox.readOnly) {
+            code |= DLGC_WANTMESSAGE;
+        }
+        return code;
+    }
+
+    // There where the text needs it. Without the bar there is room for at least as much text in a
+    // line, so that this settles at once.
+    void UpdateScrollBar() {
+        if (!textBox.multiLine) {
+            return;
+        }
+        RECT inside{};
+        ::SendMessageW(handle, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&inside));
+        HDC dc = ::GetDC(handle);
+        TEXTMETRICW metrics{};
+        {
+            const Selected font(dc, Font());
+            ::GetTextMetricsW(dc, &metrics);
+        }
+        ::ReleaseDC(handle, dc);
+        const auto lines = static_cast<LONG>(::SendMessageW(handle, EM_GETLINECOUNT, 0, 0));
+        const bool needed = lines * metrics.tmHeight > inside.bottom - inside.top;
+        const bool shown = (::GetWindowLongPtrW(handle, GWL_STYLE) & WS_VSCROLL) != 0;
+        if (needed != shown) {
+            ::ShowScrollBar(handle, SB_VERT, needed ? TRUE : FALSE);
+        }
+    }
+
+    TextBox& textBox;
+    bool settingText = false;
+    bool doubleClicked = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Peer> MakeTextBoxPeer(FormWindow& window, TextBox& textBox) {
+    return std::make_unique<TextBoxPeer>(window, textBox);
+}
+
+}  // namespace forms::win32

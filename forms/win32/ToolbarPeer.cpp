@@ -1,0 +1,121 @@
+#include "forms/win32/ToolbarPeer.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "forms/Gestures.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/Images.h"
+#include "forms/win32/Peers.h"
+#include "forms/win32/Utf.h"
+
+namespace forms::win32 {
+
+namespace {
+
+constexpr int imageTwips = 360;  // 24 pixels at 96 dpi
+constexpr int paddingTwips = 180;
+
+}  // namespace
+
+ToolbarPeer::ToolbarPeer(FormWindow& formWindow, Toolbar& peerToolbar)
+    : Peer(formWindow, peerToolbar), toolbar(peerToolbar) {
+    for (const Control* other : toolbar.form.Controls()) {
+        if (other == &toolbar) {
+            break;
+        }
+        if (other->kind == ControlKind::Toolbar) {
+            baseId += idsPerToolbar;
+        }
+    }
+}
+
+ToolbarPeer::~ToolbarPeer() { ::ImageList_Destroy(pictures); }
+
+void ToolbarPeer::Create() {
+    CreateNative(TOOLBARCLASSNAMEW, std::string(),
+                 TBSTYLE_FLAT | TBSTYLE_TRANSPARENT | TBSTYLE_TOOLTIPS | CCS_NOPARENTALIGN |
+                     CCS_NORESIZE | CCS_NODIVIDER);
+    ::SendMessageW(handle, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+    // The texts of the buttons are for screen readers only.
+    ::SendMessageW(handle, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
+    ShowButtons();
+}
+
+void ToolbarPeer::Apply(Aspect aspect) {
+    if (aspect == Aspect::Items) {
+        ShowButtons();
+    } else {
+        Peer::Apply(aspect);
+    }
+}
+
+void ToolbarPeer::Layout() {
+    Peer::Layout();
+    const int pixels = ButtonPixels();
+    ::SendMessageW(handle, TB_SETBUTTONSIZE, 0, MAKELPARAM(pixels, pixels));
+}
+
+void ToolbarPeer::Restyle() {
+    Peer::Restyle();
+    ShowButtons();
+}
+
+int ToolbarPeer::ButtonPixels() const {
+    const RECT area = Area();
+    return std::min(static_cast<int>(area.bottom - area.top),
+                    window.Pixels(imageTwips + paddingTwips));
+}
+
+void ToolbarPeer::ShowButtons() {
+    const auto& buttons = toolbar.buttons();
+    const auto count = static_cast<int>(buttons.size());
+    const int pixels = window.Pixels(imageTwips);
+    HIMAGELIST made = ::ImageList_Create(pixels, pixels, ILC_COLOR32 | ILC_MASK, count, 0);
+    while (::SendMessageW(handle, TB_DELETEBUTTON, 0, 0) != 0) {
+    }
+    ::SendMessageW(handle, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(made));
+    ::ImageList_Destroy(pictures);
+    pictures = made;
+    ::SendMessageW(handle, TB_SETBITMAPSIZE, 0, MAKELPARAM(pixels, pixels));
+    std::vector<std::wstring> texts;
+    std::vector<TBBUTTON> native;
+    for (const Toolbar::Button& button : buttons) {
+        texts.push_back(Wide(button.key));
+    }
+    for (int i = 0; i < count; ++i) {
+        const Toolbar::Button& button = buttons[static_cast<std::size_t>(i)];
+        TBBUTTON item{};
+        item.iBitmap =
+            ::ImageList_ReplaceIcon(made, -1, images::ResourceIcon(button.image, pixels));
+        item.idCommand = baseId + i;
+        item.fsState = button.enabled ? TBSTATE_ENABLED : BYTE{0};
+        item.fsStyle = BTNS_BUTTON;
+        item.iString = reinterpret_cast<INT_PTR>(texts[static_cast<std::size_t>(i)].c_str());
+        native.push_back(item);
+    }
+    ::SendMessageW(handle, TB_ADDBUTTONSW, native.size(), reinterpret_cast<LPARAM>(native.data()));
+    Layout();
+    Redraw();
+}
+
+bool ToolbarPeer::HasButton(int id) const {
+    return id >= baseId && id < baseId + static_cast<int>(toolbar.buttons().size());
+}
+
+const Toolbar::Button& ToolbarPeer::ButtonOf(int id) const {
+    return toolbar.buttons()[static_cast<std::size_t>(id - baseId)];
+}
+
+void ToolbarPeer::Press(int id) { gestures::ClickToolbar(toolbar, ButtonOf(id).key); }
+
+void ToolbarPeer::GiveTip(NMTTDISPINFOW& request) {
+    tip = Wide(ButtonOf(static_cast<int>(request.hdr.idFrom)).toolTip);
+    request.lpszText = tip.data();
+}
+
+std::unique_ptr<Peer> MakeToolbarPeer(FormWindow& window, Toolbar& toolbar) {
+    return std::make_unique<ToolbarPeer>(window, toolbar);
+}
+
+}  // namespace forms::win32

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include "forms/win32/Peer.h"
+
+namespace forms::win32 {
+
+// The buttons of a tool bar have command numbers of their own: firstId, a hundred for each tool bar
+// of the form, and the button's place.
+class ToolbarPeer : public Peer {
+  public:
+    static constexpr int firstId = 2000;
+    static constexpr int idsPerToolbar = 100;
+
+    ToolbarPeer(FormWindow& formWindow, Toolbar& peerToolbar);
+    ~ToolbarPeer() override;
+    ToolbarPeer(const ToolbarPeer&) = delete;
+    ToolbarPeer& operator=(const ToolbarPeer&) = delete;
+
+    void Create() override;
+    void Apply(Aspect aspect) override;
+    void Layout() override;
+    void Restyle() override;
+
+    bool HasButton(int id) const;
+    void Press(int id);
+    void GiveTip(NMTTDISPINFOW& request);
+
+  private:
+    void ShowButtons();
+    int ButtonPixels() const;
+    const Toolbar::Button& ButtonOf(int id) const;
+
+    Toolbar& toolbar;
+    int baseId = firstId;
+    HIMAGELIST pictures = nullptr;
+    std::wstring tip;  // that is shown just now
+};
+
+}  // namespace forms::win32

@@ -1,0 +1,114 @@
+#include "forms/win32/UtilityWindow.h"
+
+#include <algorithm>
+
+#include "forms/Devices.h"
+#include "forms/Gestures.h"
+#include "forms/Runtime.h"
+#include "forms/win32/Fonts.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/Internal.h"
+
+namespace forms::win32 {
+
+namespace {
+
+constexpr wchar_t className[] = L"FormsUtility";
+constexpr UINT_PTR timerId = 1;
+constexpr std::int64_t longestWait = 60 * 60 * 1000;
+
+bool RuntimeRuns() { return Runtime::Exists() && !Runtime::Current().HasEnded(); }
+
+void FollowWallClock() {
+    if (RuntimeRuns()) {
+        Runtime::Current().timers.Realign();
+    }
+}
+
+}  // namespace
+
+UtilityWindow::UtilityWindow(StageState& stageState) : state(stageState) {
+    static const ATOM registered = [] {
+        WNDCLASSEXW description{};
+        description.cbSize = sizeof description;
+        description.lpfnWndProc = &UtilityWindow::Procedure;
+        description.hInstance = ::GetModuleHandleW(nullptr);
+        description.lpszClassName = className;
+        return ::RegisterClassExW(&description);
+    }();
+    (void)registered;
+    taskbarCreated = ::RegisterWindowMessageW(L"TaskbarCreated");
+    window = ::CreateWindowExW(WS_EX_TOOLWINDOW, className, L"", WS_POPUP, 0, 0, 0, 0, nullptr,
+                               nullptr, ::GetModuleHandleW(nullptr), nullptr);
+    ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+UtilityWindow::~UtilityWindow() {
+    ::SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    ::DestroyWindow(window);
+}
+
+void UtilityWindow::ArmTimer(std::optional<std::int64_t> due) {
+    if (!due) {
+        ::KillTimer(window, timerId);
+        return;
+    }
+    const std::int64_t wait = *due - Machine().clock->MonotonicMilliseconds();
+    const std::int64_t least = USER_TIMER_MINIMUM;
+    ::SetTimer(window, timerId, static_cast<UINT>(std::clamp(wait, least, longestWait)), nullptr);
+}
+
+LRESULT CALLBACK UtilityWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* target = reinterpret_cast<UtilityWindow*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+    return target != nullptr ? target->OnMessage(message, wParam, lParam)
+                             : ::DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_TIMER:
+            if (RuntimeRuns()) {
+                Runtime::Current().RunDueTimers();
+            }
+            return 0;
+        case destroyMessage:
+            // Somebody else may have destroyed it meanwhile.
+            if (auto* doomed = FormWindow::From(reinterpret_cast<HWND>(lParam));
+                doomed != nullptr) {
+                doomed->DestroyIfDoomed();
+            }
+            return 0;
+        case WM_QUERYENDSESSION:
+            return TRUE;
+        case WM_ENDSESSION:
+            if (wParam != FALSE && RuntimeRuns()) {
+                gestures::EndSession();
+            }
+            return 0;
+        case WM_TIMECHANGE:
+            FollowWallClock();
+            return 0;
+        case WM_POWERBROADCAST:
+            if (wParam == PBT_APMRESUMEAUTOMATIC || wParam == PBT_APMRESUMESUSPEND) {
+                FollowWallClock();
+            }
+            return TRUE;
+        case WM_SETTINGCHANGE:
+            if (wParam == SPI_SETNONCLIENTMETRICS) {
+                fonts::Forget();
+                for (FormWindow* form : state.windows) {
+                    form->UserSettingsChanged();
+                }
+            }
+            return 0;
+        case WM_CLOSE:
+            return 0;  // tools that close every window of a program
+        default:
+            if (message == taskbarCreated && onTaskbarCreated) {
+                onTaskbarCreated();
+            }
+            return ::DefWindowProcW(window, message, wParam, lParam);
+    }
+}
+
+}  // namespace forms::win32

@@ -1,0 +1,187 @@
+#include "forms/win32/Win32Stage.h"
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include "forms/Runtime.h"
+#include "forms/win32/Dpi.h"
+#include "forms/win32/Fonts.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/Internal.h"
+#include "forms/win32/Pumps.h"
+#include "forms/win32/StageState.h"
+#include "forms/win32/Utf.h"
+#include "forms/win32/UtilityWindow.h"
+
+namespace forms::win32 {
+
+namespace {
+
+StageState* currentState = nullptr;
+
+// The resolution of what the user looks at.
+int CurrentDpi() {
+    HWND active = ::GetActiveWindow();
+    return active != nullptr ? DpiOf(active) : SystemDpi();
+}
+
+int DpiFor(const Form& form) {
+    const FormWindow* window = FormWindow::Existing(form);
+    return window != nullptr ? window->dpi : SystemDpi();
+}
+
+}  // namespace
+
+std::unique_ptr<Stage> MakeStage() { return std::make_unique<Win32Stage>(); }
+
+HWND WindowOf(Form& form) {
+    FormWindow* window = currentState != nullptr ? FormWindow::Of(form, *currentState) : nullptr;
+    if (window == nullptr) {
+        return nullptr;
+    }
+    window->takesTrayMessages = true;
+    return window->handle;
+}
+
+Win32Stage::Win32Stage() : state(std::make_unique<StageState>()) {
+    INITCOMMONCONTROLSEX controls{};
+    controls.dwSize = sizeof controls;
+    controls.dwICC = ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES | ICC_DATE_CLASSES;
+    ::InitCommonControlsEx(&controls);
+    utility = std::make_unique<UtilityWindow>(*state);
+    state->utility = utility->handle();
+    currentState = state.get();
+}
+
+Win32Stage::~Win32Stage() {
+    currentState = nullptr;
+    while (!state->windows.empty()) {
+        ::DestroyWindow(state->windows.back()->handle);
+    }
+    utility.reset();
+    // The next stage of this thread starts with an empty queue.
+    MSG left{};
+    while (::PeekMessageW(&left, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != 0) {
+    }
+}
+
+void Win32Stage::FormLoaded(Form& /*form*/) {
+    // Its window is made when it is shown.
+}
+
+void Win32Stage::FormUnloaded(Form& form) { form.stageData.reset(); }
+
+void Win32Stage::ShowOrHide(Form& form) {
+    FormWindow* window =
+        form.IsVisible() ? FormWindow::Of(form, *state) : FormWindow::Existing(form);
+    if (window != nullptr) {
+        window->ShowOrHide();
+    }
+}
+
+void Win32Stage::FormChanged(Form& form, Aspect aspect) {
+    if (FormWindow* window = FormWindow::Existing(form); window != nullptr) {
+        window->Apply(aspect);
+    }
+}
+
+void Win32Stage::ControlChanged(Control& control, Aspect aspect) {
+    if (FormWindow* window = FormWindow::Existing(control.form); window != nullptr) {
+        window->ApplyToControl(control, aspect);
+    }
+}
+
+void Win32Stage::MenuChanged(Menu& menu, Aspect aspect) {
+    if (FormWindow* window = FormWindow::Existing(menu.form); window != nullptr) {
+        window->ApplyToMenu(menu, aspect);
+    }
+}
+
+void Win32Stage::UsableChanged(Form& form) {
+    if (FormWindow* window = FormWindow::Existing(form); window != nullptr) {
+        window->UpdateEnabled();
+    }
+}
+
+void Win32Stage::FocusMoved(Control& control) {
+    // A form that is not the active one gives the focus to its control when it becomes active.
+    FormWindow* window = FormWindow::Existing(control.form);
+    if (window != nullptr && window->IsFilled() && ::GetActiveWindow() == window->handle) {
+        window->RestoreFocus();
+    }
+}
+
+void Win32Stage::BringToForeground(Form& form) {
+    if (FormWindow* window = FormWindow::Of(form, *state); window != nullptr) {
+        window->BringToForeground();
+    }
+}
+
+std::string Win32Stage::FetchText(TextBox& textBox) {
+    const FormWindow* window = FormWindow::Existing(textBox.form);
+    const Peer* peer = window != nullptr ? window->PeerOf(textBox) : nullptr;
+    if (peer == nullptr || peer->handle == nullptr) {
+        return std::string();
+    }
+    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(peer->handle)) + 1, L'\0');
+    const int length = ::GetWindowTextW(peer->handle, text.data(), static_cast<int>(text.size()));
+    return Narrow(std::wstring_view(text).substr(0, static_cast<std::size_t>(length)));
+}
+
+void Win32Stage::RunModal(Form& form) {
+    pumps::Run([&form] { return form.IsVisible(); });
+}
+
+void Win32Stage::RunMainLoop() {
+    pumps::Run([] { return !Runtime::Current().LoadedForms().empty(); });
+}
+
+BoxResult Win32Stage::ShowMessageBox(const BoxRequest& request) {
+    return pumps::ShowMessageBox(*state, request);
+}
+
+std::optional<std::string> Win32Stage::ShowOpenDialog(Form& form,
+                                                      const FileDialogRequest& request) {
+    return pumps::ShowOpenDialog(*state, FormWindow::Existing(form), request);
+}
+
+Menu* Win32Stage::ShowPopupMenu(Form& form, Menu& menu) {
+    FormWindow* window = FormWindow::Of(form, *state);
+    return window != nullptr ? pumps::ShowPopupMenu(*state, *window, menu) : nullptr;
+}
+
+void Win32Stage::Quit() { pumps::EndAll(); }
+
+void Win32Stage::ArmTimer(std::optional<std::int64_t> due) { utility->ArmTimer(due); }
+
+Size Win32Stage::MeasureText(const Form& form, const std::string& text, int fontSize) {
+    const int dpi = DpiFor(form);
+    const SIZE size = fonts::Measure(Wide(text), fonts::Get(std::string(), fontSize, false, dpi));
+    // Rounded up: a text must fit into the place that was measured for it.
+    const auto twips = [dpi](LONG pixels) { return (pixels * 1440 + dpi - 1) / dpi; };
+    return Size{static_cast<int>(twips(size.cx)), static_cast<int>(twips(size.cy))};
+}
+
+Size Win32Stage::InnerSize(const Form& form) {
+    const FormWindow* window = FormWindow::Existing(form);
+    if (window != nullptr && window->IsFilled() && ::IsIconic(window->handle) == 0) {
+        RECT inside{};
+        ::GetClientRect(window->handle, &inside);
+        return Size{window->Twips(inside.right), window->Twips(inside.bottom)};
+    }
+    const int dpi = DpiFor(form);
+    const RECT frame = FrameAround(FormWindow::Style(form), FormWindow::ExtendedStyle(form),
+                                   FormWindow::HasMenuBar(form), dpi);
+    return Size{form.width - ToTwips(frame.right - frame.left, dpi),
+                form.height - ToTwips(frame.bottom - frame.top, dpi)};
+}
+
+int Win32Stage::TwipsPerPixelX() { return 1440 / CurrentDpi(); }
+
+void Win32Stage::SetMousePointer(MousePointer pointer) {
+    state->hourglass = pointer == MousePointer::Hourglass;
+    // IDC_WAIT and IDC_ARROW
+    ::SetCursor(::LoadCursorW(nullptr, MAKEINTRESOURCEW(state->hourglass ? 32514 : 32512)));
+}
+
+}  // namespace forms::win32

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <memory>
+
+#include "forms/Stage.h"
+
+namespace forms::win32 {
+
+struct StageState;
+class UtilityWindow;
+
+// The stage that a person sees: windows and standard controls of the system. One exists at a time,
+// on the thread that made it, and it outlives the runtime.
+class Win32Stage : public Stage {
+  public:
+    Win32Stage();
+    ~Win32Stage() override;
+    Win32Stage(const Win32Stage&) = delete;
+    Win32Stage& operator=(const Win32Stage&) = delete;
+
+    void FormLoaded(Form& form) override;
+    void FormUnloaded(Form& form) override;
+    void ShowOrHide(Form& form) override;
+    void FormChanged(Form& form, Aspect aspect) override;
+    void ControlChanged(Control& control, Aspect aspect) override;
+    void MenuChanged(Menu& menu, Aspect aspect) override;
+    void UsableChanged(Form& form) override;
+    void FocusMoved(Control& control) override;
+    void BringToForeground(Form& form) override;
+    std::string FetchText(TextBox& textBox) override;
+
+    BoxResult ShowMessageBox(const BoxRequest& request) override;
+    void RunModal(Form& form) override;
+    Menu* ShowPopupMenu(Form& form, Menu& menu) override;
+    std::optional<std::string> ShowOpenDialog(Form& form,
+                                              const FileDialogRequest& request) override;
+    void RunMainLoop() override;
+
+    void Quit() override;
+    void ArmTimer(std::optional<std::int64_t> due) override;
+
+    Size MeasureText(const Form& form, const std::string& text, int fontSize) override;
+    Size InnerSize(const Form& form) override;
+    int TwipsPerPixelX() override;
+    void SetMousePointer(MousePointer pointer) override;
+
+  private:
+    std::unique_ptr<StageState> state;
+    std::unique_ptr<UtilityWindow> utility;
+};
+
+std::unique_ptr<Stage> MakeStage();
+
+}  // namespace forms::win32

@@ -1,0 +1,200 @@
+#include "forms/win32/devices/PrintJob.h"
+
+#include <winspool.h>
+
+#include <algorithm>
+
+#include "forms/RuntimeError.h"
+
+namespace forms::win32 {
+
+namespace {
+
+constexpr int pointsPerInch = 72;
+constexpr int averageCharactersPerTab = 8;
+
+[[noreturn]] void Fail() { throw RuntimeError(ErrorNumber::PrinterError); }
+
+std::wstring DefaultPrinterName() {
+    DWORD size = 0;
+    ::GetDefaultPrinterW(nullptr, &size);
+    std::wstring name(size, L'\0');
+    if (size == 0 || ::GetDefaultPrinterW(name.data(), &size) == 0) {
+        Fail();
+    }
+    name.resize(std::min(name.size(), name.find(L'\0')));
+    return name;
+}
+
+// The printable page less margins of three quarters of an inch from the edges of the paper,
+// relative to the printable page's corner.
+RECT TextArea(HDC context) {
+    const int horizontalMargin = ::GetDeviceCaps(context, LOGPIXELSX) * 3 / 4;
+    const int verticalMargin = ::GetDeviceCaps(context, LOGPIXELSY) * 3 / 4;
+    const int offsetX = ::GetDeviceCaps(context, PHYSICALOFFSETX);
+    const int offsetY = ::GetDeviceCaps(context, PHYSICALOFFSETY);
+    RECT area{};
+    area.left = std::max(0, horizontalMargin - offsetX);
+    area.top = std::max(0, verticalMargin - offsetY);
+    area.right = std::min(::GetDeviceCaps(context, HORZRES),
+                          ::GetDeviceCaps(context, PHYSICALWIDTH) - horizontalMargin - offsetX);
+    area.bottom = std::min(::GetDeviceCaps(context, VERTRES),
+                           ::GetDeviceCaps(context, PHYSICALHEIGHT) - verticalMargin - offsetY);
+    return area;
+}
+
+// A count of UTF-16 units near to count that does not cut a character in two; never 0.
+std::size_t WithoutHalfCharacter(std::wstring_view text, std::size_t count) {
+    const bool cuts = count < text.size() && text[count - 1] >= 0xd800 && text[count - 1] < 0xdc00;
+    if (!cuts) {
+        return count;
+    }
+    return count == 1 ? 2 : count - 1;
+}
+
+}  // namespace
+
+PrintJob::PrintJob(int fontPoints)
+    : context(::CreateDCW(L"WINSPOOL", DefaultPrinterName().c_str(), nullptr, nullptr)) {
+    if (!context) {
+        Fail();
+    }
+    area = TextArea(context.get());
+    if (area.right <= area.left || area.bottom <= area.top) {
+        Fail();
+    }
+    SetFontSize(fontPoints);
+    DOCINFOW document{};
+    document.cbSize = sizeof document;
+    document.lpszDocName = L"Jotwright";
+    if (::StartDocW(context.get(), &document) <= 0) {
+        Fail();
+    }
+    isOpen = true;
+    y = area.top;
+}
+
+PrintJob::~PrintJob() {
+    if (isOpen) {
+        ::AbortDoc(context.get());
+    }
+}
+
+void PrintJob::SetFontSize(int points) {
+    const int height = ::MulDiv(points, ::GetDeviceCaps(context.get(), LOGPIXELSY), pointsPerInch);
+    decltype(font) newFont(::CreateFontW(-height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
+                                         DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
+                                         DEFAULT_QUALITY, VARIABLE_PITCH | FF_SWISS, L"Arial"));
+    TEXTMETRICW metrics{};
+    if (!newFont || ::SelectObject(context.get(), newFont.get()) == nullptr) {
+        Fail();
+    }
+    font = std::move(newFont);
+    if (::GetTextMetricsW(context.get(), &metrics) == 0) {
+        Fail();
+    }
+    lineHeight = std::max(1L, metrics.tmHeight + metrics.tmExternalLeading);
+    tabWidth = std::max(1L, metrics.tmAveCharWidth * averageCharactersPerTab);
+}
+
+void PrintJob::PrintLine(std::wstring_view text) {
+    const int width = area.right - area.left;
+    int x = 0;
+    StartPageIfNeeded();
+    while (!text.empty()) {
+        if (text.front() == L'\t') {
+            x = (x / tabWidth + 1) * tabWidth;
+            text.remove_prefix(1);
+            continue;
+        }
+        const std::wstring_view run = text.substr(0, text.find(L'\t'));
+        const std::size_t fitting = x < width ? CharactersThatFit(run, width - x) : 0;
+        if (fitting == run.size()) {
+            Draw(x, run);
+            x += PrintedPixels(run);
+            text.remove_prefix(run.size());
+            continue;
+        }
+        // The word that crosses the edge goes to the next line, unless it fills a whole one.
+        const std::size_t blank = run.substr(0, fitting + 1).find_last_of(L' ');
+        std::size_t taken = 0;
+        if (blank != std::wstring_view::npos) {
+            taken = blank;
+        } else if (x == 0) {
+            taken = WithoutHalfCharacter(run, std::max<std::size_t>(1, fitting));
+        }
+        Draw(x, run.substr(0, taken));
+        text.remove_prefix(taken);
+        if (blank != std::wstring_view::npos) {
+            text.remove_prefix(1);
+        }
+        x = 0;
+        NextLine();
+        StartPageIfNeeded();
+    }
+    NextLine();
+}
+
+void PrintJob::End() {
+    StartPageIfNeeded();
+    FinishPage();
+    if (::EndDoc(context.get()) <= 0) {
+        Fail();
+    }
+    isOpen = false;
+}
+
+int PrintJob::PrintedPixels(std::wstring_view text) const {
+    SIZE size{};
+    if (::GetTextExtentPoint32W(context.get(), text.data(), static_cast<int>(text.size()), &size) ==
+        0) {
+        Fail();
+    }
+    return size.cx;
+}
+
+std::size_t PrintJob::CharactersThatFit(std::wstring_view text, int space) const {
+    int fitting = 0;
+    SIZE size{};
+    if (::GetTextExtentExPointW(context.get(), text.data(), static_cast<int>(text.size()), space,
+                                &fitting, nullptr, &size) == 0) {
+        Fail();
+    }
+    return static_cast<std::size_t>(fitting);
+}
+
+void PrintJob::Draw(int x, std::wstring_view text) {
+    if (!text.empty() && ::TextOutW(context.get(), area.left + x, y, text.data(),
+                                    static_cast<int>(text.size())) == 0) {
+        Fail();
+    }
+}
+
+// Pages begin late, so that a text that ends with the page leaves no empty one behind it.
+void PrintJob::StartPageIfNeeded() {
+    if (isPageOpen && y + lineHeight > area.bottom && y > area.top) {
+        FinishPage();
+    }
+    if (isPageOpen) {
+        return;
+    }
+    if (::StartPage(context.get()) <= 0) {
+        Fail();
+    }
+    isPageOpen = true;
+    y = area.top;
+    // A new page may come with the context's attributes reset.
+    ::SelectObject(context.get(), font.get());
+    ::SetBkMode(context.get(), TRANSPARENT);
+}
+
+void PrintJob::FinishPage() {
+    isPageOpen = false;
+    if (::EndPage(context.get()) <= 0) {
+        Fail();
+    }
+}
+
+void PrintJob::NextLine() { y += lineHeight; }
+
+}  // namespace forms::win32

@@ -1,0 +1,66 @@
+#include "forms/win32/devices/RecycleBin.h"
+
+#include <windows.h>
+#include <objbase.h>
+#include <shellapi.h>
+
+#include <string_view>
+
+#include "forms/win32/devices/Handle.h"
+
+namespace forms::win32 {
+
+namespace {
+
+// The shell's call knows neither the prefix of long paths nor long paths.
+std::wstring ShellPath(std::wstring_view nativePath) {
+    constexpr std::wstring_view longPrefix = L"\\\\?\\";
+    constexpr std::wstring_view longNetworkPrefix = L"\\\\?\\UNC\\";
+    if (nativePath.starts_with(longNetworkPrefix)) {
+        return L"\\\\" + std::wstring(nativePath.substr(longNetworkPrefix.size()));
+    }
+    return std::wstring(nativePath.substr(longPrefix.size()));
+}
+
+DWORD WINAPI RecycleOnThread(void* argument) {
+    std::wstring names = *static_cast<const std::wstring*>(argument);
+    names.push_back(L'\0');  // a list of names ends with an empty one
+    const HRESULT initialized =
+        ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
+    SHFILEOPSTRUCTW operation{};
+    operation.wFunc = FO_DELETE;
+    operation.pFrom = names.c_str();
+    operation.fFlags = FOF_ALLOWUNDO | FOF_NOCONFIRMATION | FOF_SILENT | FOF_NOERRORUI;
+    ::SHFileOperationW(&operation);
+    if (SUCCEEDED(initialized)) {
+        ::CoUninitialize();
+    }
+    return 0;
+}
+
+// Other threads may send messages to this one's windows while they work; these are answered.
+// Posted ones (timers, input) stay in the queue, so no handler of the program runs.
+void WaitWithoutPosted(HANDLE thread) {
+    while (::MsgWaitForMultipleObjects(1, &thread, FALSE, INFINITE, QS_SENDMESSAGE) ==
+           WAIT_OBJECT_0 + 1) {
+        MSG message{};
+        ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+    }
+}
+
+}  // namespace
+
+void MoveToRecycleBin(const std::wstring& nativePath) {
+    std::wstring path = ShellPath(nativePath);
+    if (path.size() >= MAX_PATH) {
+        return;
+    }
+    // The shell pumps messages in the thread that calls it, and the caller is in the middle of a
+    // handler: so the call is made in a thread of its own.
+    const Handle thread(::CreateThread(nullptr, 0, RecycleOnThread, &path, 0, nullptr));
+    if (thread) {
+        WaitWithoutPosted(thread.get());
+    }
+}
+
+}  // namespace forms::win32

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "forms/Devices.h"
+
+namespace forms::win32 {
+
+class WinClock : public Clock {
+  public:
+    DateTime Now() override;
+    int MillisecondOfSecond() override;
+    std::int64_t MonotonicMilliseconds() override;
+};
+
+}  // namespace forms::win32

@@ -1,0 +1,222 @@
+#include "forms/win32/devices/WinFiles.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "forms/win32/Utf.h"
+#include "forms/win32/devices/FileErrors.h"
+#include "forms/win32/devices/FileNames.h"
+#include "forms/win32/devices/Handle.h"
+#include "forms/win32/devices/RecycleBin.h"
+
+namespace forms::win32 {
+
+namespace {
+
+constexpr std::uint64_t largestFile = 64ULL << 20U;
+constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+struct CloseFind {
+    void operator()(HANDLE handle) const { ::FindClose(handle); }
+};
+
+std::uint64_t Joined(DWORD high, DWORD low) {
+    return (static_cast<std::uint64_t>(high) << 32U) | low;
+}
+
+DWORD AttributesOf(const std::string& path) try {
+    return ::GetFileAttributesW(NativePath(path).c_str());
+} catch (const RuntimeError&) {
+    return INVALID_FILE_ATTRIBUTES;
+}
+
+// Throws where there is no such file, or a folder or a read-only file.
+void CheckRemovable(const std::wstring& nativePath) {
+    if (::GetFileAttributesW(nativePath.c_str()) == INVALID_FILE_ATTRIBUTES) {
+        FailWith(::GetLastError(), nativePath);
+    }
+    RefuseProtected(nativePath);
+}
+
+void WriteAll(HANDLE file, const std::string& bytes, const std::wstring& nativePath) {
+    constexpr std::size_t largestPiece = 16U << 20U;
+    for (std::size_t position = 0; position < bytes.size();) {
+        const auto piece = static_cast<DWORD>(std::min(bytes.size() - position, largestPiece));
+        DWORD written = 0;
+        if (::WriteFile(file, bytes.data() + position, piece, &written, nullptr) == 0) {
+            FailWith(::GetLastError(), nativePath);
+        }
+        if (written == 0) {
+            throw RuntimeError(ErrorNumber::DiskFull);
+        }
+        position += written;
+    }
+}
+
+void Flush(HANDLE file, const std::wstring& nativePath) {
+    if (::FlushFileBuffers(file) == 0) {
+        const DWORD code = ::GetLastError();
+        // A medium that has nothing to flush says so.
+        if (code != ERROR_INVALID_FUNCTION && code != ERROR_NOT_SUPPORTED) {
+            FailWith(code, nativePath);
+        }
+    }
+}
+
+// What a program that looks at every new file (a virus scanner, an indexer) causes.
+bool IsPassing(DWORD code) {
+    return code == ERROR_SHARING_VIOLATION || code == ERROR_LOCK_VIOLATION ||
+           code == ERROR_ACCESS_DENIED || code == ERROR_USER_MAPPED_FILE;
+}
+
+}  // namespace
+
+bool WinFiles::FolderExists(const std::string& path) {
+    const DWORD attributes = AttributesOf(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+bool WinFiles::FileExists(const std::string& path) {
+    const DWORD attributes = AttributesOf(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+void WinFiles::MakeFolder(const std::string& path) {
+    const std::wstring native = NativePath(path);
+    if (::CreateDirectoryW(native.c_str(), nullptr) == 0) {
+        FailWith(::GetLastError(), native);
+    }
+}
+
+std::vector<FileEntry> WinFiles::List(const std::string& folder, const std::string& suffix) {
+    std::vector<FileEntry> entries;
+    if (!FolderExists(folder)) {
+        return entries;
+    }
+    std::wstring pattern = NativePath(folder);
+    pattern += pattern.ends_with(L'\\') ? L"*" : L"\\*";
+    // The suffix is not part of the pattern: that would also be matched against short names.
+    const std::wstring wideSuffix = Wide(suffix);
+    WIN32_FIND_DATAW data{};
+    HANDLE first = ::FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &data,
+                                      FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
+    if (first == INVALID_HANDLE_VALUE) {
+        const DWORD code = ::GetLastError();
+        if (code == ERROR_FILE_NOT_FOUND) {
+            return entries;
+        }
+        // The folder as a folder is no reason to be refused.
+        throw RuntimeError(ErrorOfCode(code));
+    }
+    const std::unique_ptr<void, CloseFind> find(first);
+    do {
+        const std::wstring name = data.cFileName;
+        const bool isFolder = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        if (isFolder || !HasSuffix(name, wideSuffix)) {
+            continue;
+        }
+        const std::string narrow = Narrow(name);
+        if (IsPlainName(name) && Wide(narrow) == name) {
+            entries.push_back(
+                {narrow, Joined(data.nFileSizeHigh, data.nFileSizeLow),
+                 static_cast<std::int64_t>(Joined(data.ftLastWriteTime.dwHighDateTime,
+                                                  data.ftLastWriteTime.dwLowDateTime))});
+        }
+    } while (::FindNextFileW(find.get(), &data) != 0);
+    if (::GetLastError() != ERROR_NO_MORE_FILES) {
+        throw RuntimeError(ErrorOfCode(::GetLastError()));
+    }
+    return entries;
+}
+
+std::string WinFiles::Read(const std::string& path) {
+    const std::wstring native = NativePath(path);
+    const Handle file(::CreateFileW(native.c_str(), GENERIC_READ, shareAll, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    LARGE_INTEGER size{};
+    if (!file || ::GetFileSizeEx(file.get(), &size) == 0) {
+        FailWith(::GetLastError(), native);
+    }
+    if (static_cast<std::uint64_t>(size.QuadPart) > largestFile) {
+        throw RuntimeError(ErrorNumber::DeviceIoError);
+    }
+    std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
+    std::size_t filled = 0;
+    while (filled < bytes.size()) {
+        DWORD got = 0;
+        if (::ReadFile(file.get(), bytes.data() + filled, static_cast<DWORD>(bytes.size() - filled),
+                       &got, nullptr) == 0) {
+            FailWith(::GetLastError(), native);
+        }
+        if (got == 0) {
+            break;  // somebody shortened it meanwhile
+        }
+        filled += got;
+    }
+    bytes.resize(filled);
+    return bytes;
+}
+
+void WinFiles::WriteThrough(const std::string& path, const std::string& bytes) {
+    const std::wstring native = NativePath(path);
+    RefuseProtected(native);
+    const Handle file(::CreateFileW(native.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                    CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) {
+        FailWith(::GetLastError(), native);
+    }
+    WriteAll(file.get(), bytes, native);
+    Flush(file.get(), native);
+}
+
+void WinFiles::Replace(const std::string& from, const std::string& to) {
+    constexpr int pause = 20;  // milliseconds
+    constexpr int mostPauses = 5;
+    const std::wstring source = NativePath(from);
+    const std::wstring target = NativePath(to);
+    CheckRemovable(source);
+    RefuseProtected(target);
+    for (int pauses = 0; ::MoveFileExW(source.c_str(), target.c_str(),
+                                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0;
+         ++pauses) {
+        const DWORD code = ::GetLastError();
+        if (!IsPassing(code) || pauses == mostPauses) {
+            FailWith(code, target);
+        }
+        ::Sleep(pause);
+    }
+}
+
+void WinFiles::Delete(const std::string& path) {
+    const std::wstring native = NativePath(path);
+    CheckRemovable(native);
+    if (::DeleteFileW(native.c_str()) == 0) {
+        FailWith(::GetLastError(), native);
+    }
+}
+
+void WinFiles::Recycle(const std::string& path) {
+    const std::wstring native = NativePath(path);
+    CheckRemovable(native);
+    MoveToRecycleBin(native);
+    if (FileExists(path)) {
+        Delete(path);
+    }
+}
+
+void WinFiles::Copy(const std::string& from, const std::string& to) {
+    const std::wstring source = NativePath(from);
+    const std::wstring target = NativePath(to);
+    RefuseProtected(target);
+    if (::CopyFileW(source.c_str(), target.c_str(), FALSE) == 0) {
+        const DWORD code = ::GetLastError();
+        const DWORD attributes = ::GetFileAttributesW(source.c_str());
+        const bool isFolder =
+            attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        FailWith(code, isFolder ? source : target);
+    }
+}
+
+}  // namespace forms::win32

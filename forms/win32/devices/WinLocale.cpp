@@ -1,0 +1,154 @@
+#include "forms/win32/devices/WinLocale.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include "forms/Text.h"
+#include "forms/win32/Utf.h"
+
+namespace forms::win32 {
+
+namespace {
+
+constexpr int firstSystemYear = 1601;
+// The calendar, weekdays included, repeats itself after so many years.
+constexpr int calendarCycle = 400;
+
+// value as the system's calls take it; a year before their first becomes a later one that has the
+// same calendar.
+SYSTEMTIME SystemTimeOf(DateTime value) {
+    int year = value.Year();
+    while (year < firstSystemYear) {
+        year += calendarCycle;
+    }
+    SYSTEMTIME time{};
+    time.wYear = static_cast<WORD>(year);
+    time.wMonth = static_cast<WORD>(value.Month());
+    time.wDay = static_cast<WORD>(value.Day());
+    time.wDayOfWeek = static_cast<WORD>(value.Weekday());
+    time.wHour = static_cast<WORD>(value.Hour());
+    time.wMinute = static_cast<WORD>(value.Minute());
+    time.wSecond = static_cast<WORD>(value.Second());
+    return time;
+}
+
+using Formatter = int(WINAPI*)(LCID, DWORD, const SYSTEMTIME*, const wchar_t*, wchar_t*, int);
+
+// Empty where the system cannot tell, as for dates that the user's calendar does not have.
+std::wstring Formatted(Formatter formatter, DWORD flags, const SYSTEMTIME& time,
+                       const wchar_t* format) {
+    const int size = formatter(LOCALE_USER_DEFAULT, flags, &time, format, nullptr, 0);
+    if (size <= 0) {
+        return {};
+    }
+    std::wstring text(static_cast<std::size_t>(size), L'\0');
+    if (formatter(LOCALE_USER_DEFAULT, flags, &time, format, text.data(), size) <= 0) {
+        return {};
+    }
+    text.resize(std::min(text.size(), text.find(L'\0')));
+    return text;
+}
+
+std::wstring Padded(int number, std::size_t digits) {
+    const std::wstring text = std::to_wstring(number);
+    return std::wstring(digits - std::min(digits, text.size()), L'0') + text;
+}
+
+// The user's picture of a short date with the year written out.
+std::wstring ShortDatePicture(int year) {
+    wchar_t buffer[128]{};
+    const int size = ::GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, buffer,
+                                      static_cast<int>(std::size(buffer)));
+    const std::wstring_view picture =
+        size > 0 ? std::wstring_view(buffer) : std::wstring_view(L"M/d/yyyy");
+    std::wstring result;
+    bool quoted = false;
+    for (std::size_t position = 0; position < picture.size();) {
+        const wchar_t letter = picture[position];
+        quoted = quoted != (letter == L'\'');
+        if (quoted || letter != L'y') {
+            result += letter;
+            ++position;
+            continue;
+        }
+        const std::size_t end = std::min(picture.find_first_not_of(L'y', position), picture.size());
+        const std::size_t count = end - position;
+        result += L'\'';
+        result += count > 2 ? Padded(year, 4) : Padded(year % 100, count);
+        result += L'\'';
+        position = end;
+    }
+    return result;
+}
+
+}  // namespace
+
+std::string WinLocale::ShortDate(DateTime value) {
+    const SYSTEMTIME time = SystemTimeOf(value);
+    const std::wstring text =
+        value.Year() >= firstSystemYear
+            ? Formatted(::GetDateFormatW, DATE_SHORTDATE, time, nullptr)
+            : Formatted(::GetDateFormatW, 0, time, ShortDatePicture(value.Year()).c_str());
+    return text.empty() ? FormatMonthDayYear(value) : Narrow(text);
+}
+
+std::string WinLocale::TimeText(DateTime value) {
+    const std::wstring text = Formatted(::GetTimeFormatW, 0, SystemTimeOf(value), nullptr);
+    return text.empty() ? FormatTime24(value) : Narrow(text);
+}
+
+std::string WinLocale::WeekdayName(DateTime value) {
+    // Any week will do for the name, so take one that every calendar has.
+    const DateTime sunday = DateTime::FromDate(2000, 1, 2);
+    const DateTime sameDay{sunday.seconds + value.Weekday() * secondsPerDay};
+    return Narrow(Formatted(::GetDateFormatW, 0, SystemTimeOf(sameDay), L"dddd"));
+}
+
+std::string WinLocale::ToUpper(const std::string& text) {
+    std::wstring wide = Wide(text);
+    if (!wide.empty()) {
+        const std::wstring original = wide;
+        const auto size = static_cast<int>(wide.size());
+        ::LCMapStringW(LOCALE_USER_DEFAULT, LCMAP_UPPERCASE, original.data(), size, wide.data(),
+                       size);
+    }
+    return Narrow(wide);
+}
+
+std::optional<std::string> WinLocale::ToAnsi(const std::string& utf8) {
+    if (utf8.empty()) {
+        return std::string();
+    }
+    if (::GetACP() == CP_UTF8) {
+        return ToValidUtf8(utf8) == utf8 ? std::optional(utf8) : std::nullopt;
+    }
+    const std::wstring wide = Wide(utf8);
+    const auto length = static_cast<int>(wide.size());
+    BOOL isReplaced = FALSE;
+    const int size = ::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), length,
+                                           nullptr, 0, nullptr, &isReplaced);
+    if (size <= 0 || isReplaced != FALSE) {
+        return std::nullopt;
+    }
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    ::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), length, bytes.data(), size,
+                          nullptr, &isReplaced);
+    // Some code pages have several characters for one: what would come back as another does not
+    // fit.
+    return isReplaced == FALSE && FromAnsi(bytes) == utf8 ? std::optional(bytes) : std::nullopt;
+}
+
+std::string WinLocale::FromAnsi(const std::string& bytes) {
+    if (bytes.empty()) {
+        return {};
+    }
+    const auto length = static_cast<int>(bytes.size());
+    const int size = ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(size), L'\0');
+    ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, wide.data(), size);
+    return Narrow(wide);
+}
+
+}  // namespace forms::win32

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "forms/Devices.h"
+
+namespace forms::win32 {
+
+class WinLocale : public Locale {
+  public:
+    std::string ShortDate(DateTime value) override;
+    std::string TimeText(DateTime value) override;
+    std::string WeekdayName(DateTime value) override;
+    // As the file system folds letters, not as the language writes capitals (a dotless i stays
+    // apart): what differs in upper case may be two files.
+    std::string ToUpper(const std::string& text) override;
+    std::optional<std::string> ToAnsi(const std::string& utf8) override;
+    std::string FromAnsi(const std::string& bytes) override;
+};
+
+}  // namespace forms::win32

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+
+#include "forms/Devices.h"
+#include "forms/win32/devices/PrintJob.h"
+
+namespace forms::win32 {
+
+class WinPrinter : public Printer {
+  public:
+    // Each line of the text becomes a line of the page. After a failure the document is abandoned;
+    // the next call begins another.
+    void Print(const std::string& text) override;
+    // Holds until the document ends.
+    void SetFontSize(int points) override;
+    void EndDocument() override;
+    void AbandonDocument() override;
+
+  private:
+    // Runs an action on the document; gives the document up where it fails.
+    template <class Action>
+    void OnJob(Action action);
+
+    static constexpr int usualFontSize = 10;  // points
+    int fontSize = usualFontSize;
+    std::unique_ptr<PrintJob> job;
+};
+
+}  // namespace forms::win32

@@ -1,0 +1,113 @@
+#include "forms/win32/devices/WinTray.h"
+
+#include <shellapi.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+#include "forms/win32/Internal.h"
+#include "forms/win32/Utf.h"
+
+namespace forms::win32 {
+
+namespace {
+
+// The size of the first version of the record, which every system knows: its tip holds 64
+// characters and nothing follows it.
+#ifdef _WIN64
+static_assert(NOTIFYICONDATAA_V1_SIZE == 104);
+#else
+static_assert(NOTIFYICONDATAA_V1_SIZE == 88);
+#endif
+constexpr std::size_t tipSize = 64;
+
+// The tip up to its zero character, in the system's code page, cut where it does not fit.
+std::string TipText(const std::string& tip) {
+    std::wstring wide = Wide(std::string_view(tip).substr(0, tip.find('\0')));
+    wide.resize(std::min(wide.size(), tipSize - 1));
+    for (;;) {
+        const int needed = ::WideCharToMultiByte(
+            CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), nullptr, 0, nullptr, nullptr);
+        if (needed < static_cast<int>(tipSize)) {
+            std::string bytes(static_cast<std::size_t>(needed), '\0');
+            ::WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()),
+                                  bytes.data(), needed, nullptr, nullptr);
+            return bytes;
+        }
+        wide.pop_back();
+    }
+}
+
+HICON LoadSmallIcon(const std::string& path) {
+    return static_cast<HICON>(::LoadImageW(nullptr, Wide(path).c_str(), IMAGE_ICON,
+                                           ::GetSystemMetrics(SM_CXSMICON),
+                                           ::GetSystemMetrics(SM_CYSMICON), LR_LOADFROMFILE));
+}
+
+}  // namespace
+
+WinTray::~WinTray() {
+    for (const Entry& entry : entries) {
+        Notify(NIM_DELETE, entry);
+    }
+}
+
+bool WinTray::Add(const TrayRecord& record) {
+    Entry entry{
+        record.owner, record.owner != nullptr ? WindowOf(*record.owner) : nullptr, record, {}};
+    if (entry.window == nullptr) {
+        return false;
+    }
+    const auto known = Find(record);
+    if (known != entries.end() && ::IsWindow(known->window) != 0) {
+        return Notify(NIM_ADD, *known);
+    }
+    entry.icon.reset(LoadSmallIcon(record.iconPath));
+    const bool added = Notify(NIM_ADD, entry);
+    if (known != entries.end()) {
+        *known = std::move(entry);
+    } else {
+        entries.push_back(std::move(entry));
+    }
+    return added;
+}
+
+bool WinTray::Delete(const TrayRecord& record) {
+    const auto known = Find(record);
+    if (known == entries.end()) {
+        return false;
+    }
+    const bool deleted = Notify(NIM_DELETE, *known);
+    entries.erase(known);
+    return deleted;
+}
+
+void WinTray::AddAgain() {
+    for (const Entry& entry : entries) {
+        if (::IsWindow(entry.window) != 0) {
+            Notify(NIM_ADD, entry);
+        }
+    }
+}
+
+std::vector<WinTray::Entry>::iterator WinTray::Find(const TrayRecord& record) {
+    return std::find_if(entries.begin(), entries.end(), [&record](const Entry& entry) {
+        return entry.owner == record.owner && entry.record.iconId == record.iconId;
+    });
+}
+
+bool WinTray::Notify(DWORD message, const Entry& entry) {
+    NOTIFYICONDATAA data{};
+    data.cbSize = NOTIFYICONDATAA_V1_SIZE;
+    data.hWnd = entry.window;
+    data.uID = entry.record.iconId;
+    data.uFlags = entry.record.flags;
+    data.uCallbackMessage = entry.record.callbackMessage;
+    data.hIcon = entry.icon.get();
+    const std::string tip = TipText(entry.record.tip);
+    std::memcpy(data.szTip, tip.c_str(), tip.size() + 1);
+    return ::Shell_NotifyIconA(message, &data) != 0;
+}
+
+}  // namespace forms::win32

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/Devices.h"
+
+namespace forms::win32 {
+
+// The notification area. Icons that are still there when the program ends are taken away.
+class WinTray : public Tray {
+  public:
+    WinTray() = default;
+    WinTray(const WinTray&) = delete;
+    WinTray& operator=(const WinTray&) = delete;
+    ~WinTray() override;
+
+    // Where no notification area is there yet, the icon appears as soon as one is.
+    bool Add(const TrayRecord& record) override;
+    bool Delete(const TrayRecord& record) override;
+
+    // The notification area was made anew and has forgotten its icons.
+    void AddAgain();
+
+  private:
+    struct DestroyIconOf {
+        void operator()(HICON icon) const { ::DestroyIcon(icon); }
+    };
+    struct Entry {
+        const Form* owner;  // to be compared only
+        HWND window;
+        TrayRecord record;
+        std::unique_ptr<std::remove_pointer_t<HICON>, DestroyIconOf> icon;
+    };
+    std::vector<Entry>::iterator Find(const TrayRecord& record);
+    static bool Notify(DWORD message, const Entry& entry);
+    std::vector<Entry> entries;
+};
+
+}  // namespace forms::win32

@@ -1,0 +1,50 @@
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "alarms/SpecialAlarmsFile.h"
+#include "forms/Devices.h"
+#include "forms/RuntimeError.h"
+#include "forms/headless/HeadlessLocale.h"
+
+namespace {
+
+using SpecialAlarmsFile::Row;
+
+bool HasQuote(const Row& row) { return (row.Day + row.Message).find('"') != std::string::npos; }
+
+void CheckRoundTrip(const std::vector<Row>& rows) {
+    std::array<Row, SpecialAlarmsFile::rowCount> week;
+    std::copy(rows.begin(), rows.end(), week.begin());
+    std::vector<Row> again;
+    SpecialAlarmsFile::Decode(SpecialAlarmsFile::Encode(week), again);
+    if (again != rows) {
+        std::abort();
+    }
+}
+
+}  // namespace
+
+// Any bytes are seven rows or one of three errors, and rows that could be read survive being saved.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static forms::headless::HeadlessLocale locale;
+    forms::Machine().locale = &locale;
+    std::vector<Row> rows;
+    try {
+        SpecialAlarmsFile::Decode(std::string(data, data + size), rows);
+    } catch (const forms::RuntimeError& error) {
+        if (rows.size() >= SpecialAlarmsFile::rowCount ||
+            (!(error == forms::ErrorNumber::InputPastEndOfFile) &&
+             !(error == forms::ErrorNumber::TypeMismatch) &&
+             !(error == forms::ErrorNumber::Overflow))) {
+            std::abort();
+        }
+        return 0;
+    }
+    if (std::none_of(rows.begin(), rows.end(), HasQuote)) {
+        CheckRoundTrip(rows);
+    }
+    return 0;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "forms/Form.h"
+
+// Asks whether a message is to be erased and leaves the answer in Shared().Answer: 2 yes, 1 no.
+class dlgInput : public forms::Form {
+  public:
+    dlgInput() : Form("dlgInput") {}
+
+    forms::Label lblMsg{this, "lblMsg"};
+    forms::CommandButton cmdYes{this, "cmdYes"};
+    forms::CommandButton cmdNo{this, "cmdNo"};
+
+    void Design() override;
+
+  private:
+    void cmdYes_Click();
+    void cmdNo_Click();
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "forms/Form.h"
+
+// One page of help.
+class frmHelp : public forms::Form {
+  public:
+    frmHelp() : Form("frmHelp") {}
+
+    forms::Label lblHelp{this, "lblHelp"};
+    forms::CommandButton cmdClose{this, "cmdClose"};
+
+    void Design() override;
+    void Form_Load() override;
+
+  private:
+    void cmdClose_Click();
+};

@@ -1,0 +1,73 @@
+#include "info/frmSplash.h"
+
+#include "alarms/frmKillAlarm.h"
+#include "app/ProductTexts.h"
+#include "app/Settings.h"
+#include "app/frmMain.h"
+#include "forms/Environment.h"
+#include "forms/Runtime.h"
+#include "info/frmTip.h"
+#include "notes/frmDisplayNote.h"
+#include "notes/frmNote.h"
+
+using forms::Default;
+
+void frmSplash::Design() {
+    caption = "Jotwright";
+    borderStyle = forms::BorderStyle::None;
+    showInTaskbar = false;
+    centerOnScreen = true;
+    width = 4800;
+    height = 4665;
+    backColor = forms::white;
+
+    imgLogo.Place(150, 120, 4500, 3300);
+    imgLogo.sizeToPicture = true;
+    imgLogo.accessibleName = "Jotwright's mascot";
+    lblLogo.caption = "Jotwright Version 1.0.0";
+    lblLogo.fontName = "Papyrus";
+    lblLogo.fontSize = 16;
+    lblLogo.alignment = forms::Alignment::Center;
+    lblLogo.foreColor = forms::Color{20, 87, 200};
+    lblLogo.Place(150, 3510, 4500, 480);
+    lblCopyright.alignment = forms::Alignment::Center;
+    lblCopyright.Place(150, 4035, 4500, 510);
+
+    tmrSplash.interval = 500;
+    tmrSplash.Tick = [this] { tmrSplash_Timer(); };
+}
+
+void frmSplash::Form_Load() {
+    imgLogo.picture = forms::LoadPicture(forms::ApplicationPath("\\mascot.jpg"));
+    lblCopyright.caption = StandardCode::ownershipNotice;
+}
+
+void frmSplash::tmrSplash_Timer() {
+    if (TickCount != 1) {
+        ++TickCount;
+        return;
+    }
+    Default<frmMain>().Show();
+    Default<frmNote>().Load();
+    Default<frmDisplayNote>().Load();
+    Default<frmKillAlarm>().Load();
+    Unload();
+    ShowTips();
+}
+
+void frmSplash::ShowTips() {
+    const std::int16_t hideTips =
+        Settings::ReadInteger(Settings::Startup::section, Settings::Startup::viewTips, 0);
+    // The window stays loaded with this value in its box, whatever the user saves meanwhile: the
+    // box shows it again when the tips are next opened from a menu.
+    const auto setBox = [hideTips] {
+        auto& tips = Default<frmTip>();
+        tips.Load();
+        tips.chkShowTips.value = hideTips;
+    };
+    setBox();
+    if (hideTips != 1) {
+        Default<frmTip>().ShowModal();
+        setBox();
+    }
+}

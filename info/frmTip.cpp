@@ -1,0 +1,90 @@
+#include "info/frmTip.h"
+
+#include "app/Settings.h"
+#include "forms/Environment.h"
+
+namespace {
+
+// Index of the tip after which the last one follows.
+constexpr int lastButOne = 8;
+
+}  // namespace
+
+void frmTip::Design() {
+    caption = "Jotwright - Tips and Tricks";
+    borderStyle = forms::BorderStyle::Dialog;
+    showInTaskbar = false;
+    centerOnScreen = true;
+    width = 6810;
+    height = 3945;
+    backColor = forms::white;
+
+    Picture1.resourceName = "tip";
+    Picture1.Place(180, 180, 1440, 1440);
+    Picture1.accessibleName = "Light bulb";
+    Label1.caption = "Did you know...";
+    Label1.bold = true;
+    Label1.fontSize = 14;
+    Label1.Place(1800, 180, 4740, 420);
+    lblTipText.useMnemonic = false;
+    lblTipText.Place(1800, 720, 4740, 1980);
+
+    chkShowTips.caption = "&Don't Show Tips at Startup";
+    chkShowTips.Place(180, 2940, 3300, 375);
+    cmdNextTip.caption = "&Next Tip";
+    cmdNextTip.Place(3930, 2940, 1260, 375);
+    cmdNextTip.Click = [this] { cmdNextTip_Click(); };
+    cmdOK.caption = "OK";
+    cmdOK.isDefault = true;
+    cmdOK.Place(5310, 2940, 1260, 375);
+    cmdOK.Click = [this] { cmdOK_Click(); };
+    // The buttons come before the check box: Enter is what a reader of tips presses.
+    cmdOK.tabIndex = 0;
+    cmdNextTip.tabIndex = 1;
+    chkShowTips.tabIndex = 2;
+}
+
+void frmTip::Form_Load() {
+    icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
+    lblTipText.fontSize = 12;
+    lblTipText.foreColor = forms::Color{0, 0, 128};
+    FillTips();
+    CurrentTip = 0;
+    ShowCurrentTip();
+}
+
+void frmTip::FillTips() {
+    Tips[0] = "Create up to 100 personalized notes.";
+    Tips[1] =
+        "To view the main menu - Right click the Jotwright Icon in "
+        "the system tray or Right click any part of the main Jotwright "
+        "window.";
+    Tips[2] = "Place the mouse pointer over any button to view a Tool Tip.";
+    Tips[3] = "Visit the Jotwright website by clicking on the main menu.";
+    Tips[4] = "Note font size and background color can be changed for each note.";
+    Tips[5] =
+        "When Jotwright is stopped, all saved notes will be restarted when Jotwright is restarted.";
+    Tips[6] = "View the Help files by clicking the 'Help' button on any notes toolbar.";
+    Tips[7] = "Any time you hide a note, all changes to that note are saved.";
+    Tips[8] =
+        "To start Jotwright when Windows starts, place a shortcut link in the Startup Directory";
+    Tips[9] = "Thats all of the tips we have. Have fun using the Jotwright!";
+}
+
+void frmTip::ShowCurrentTip() {
+    lblTipText.caption = Tips.at(static_cast<std::size_t>(CurrentTip));
+}
+
+void frmTip::cmdNextTip_Click() {
+    ++CurrentTip;
+    ShowCurrentTip();
+    if (CurrentTip > lastButOne) {
+        cmdNextTip.enabled = false;
+    }
+}
+
+void frmTip::cmdOK_Click() {
+    Settings::Write(Settings::Startup::section, Settings::Startup::viewTips,
+                    chkShowTips.value() == 1 ? "1" : "0");
+    Unload();
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <memory>
+
+#include "notes/frmNote.h"
+
+namespace StandardCode {
+
+// Opens the note in this slot of the notes array in a new editor, which becomes the current note
+// window. RuntimeError 9 for a slot outside 1 to 100, 53 where an icon is missing.
+void OpenNote(int slot);
+
+// The editor that OpenNote opened last; null before the first and once it is unloaded.
+std::shared_ptr<frmNote> CurrentNote();
+
+}  // namespace StandardCode

@@ -1,0 +1,98 @@
+#include "notes/RestoreNotes.h"
+
+#include "forms/Environment.h"
+#include "forms/MsgBox.h"
+#include "forms/Runtime.h"
+#include "notes/NoteFile.h"
+#include "notes/NotesArray.h"
+
+namespace StandardCode {
+
+namespace {
+
+// Stronger than the shades of a new note, and gray comes back yellow.
+constexpr std::array<NoteColor, 5> restoredColors{{
+    {{255, 255, 255}, forms::black},
+    {{255, 0, 0}, forms::white},
+    {{0, 255, 0}, forms::black},
+    {{0, 0, 255}, forms::white},
+    {{255, 255, 0}, forms::black},
+}};
+
+std::shared_ptr<frmNote> RestoreNote(const NoteRecord& record) {
+    const auto note = forms::New<frmNote>();
+    note->Load();
+    FillNote(*note, record);
+    if (record.AlarmState == "1") {
+        note->PresentAlarm();
+    }
+    Shared().AlarmFlag = record.AlarmState == "1" ? "1" : "0";
+    return note;
+}
+
+// An editor that was open when the program was killed may not have been restored: its note may be
+// new, or an earlier file may have ended the restoring.
+std::shared_ptr<frmNote> EditorFor(const std::string& title) {
+    if (const auto open = FindOpenNote(title); open && !open->IsRecovered()) {
+        return open;
+    }
+    try {
+        if (!FindOpenNote(title) && forms::Machine().files->FileExists(NotePath(title))) {
+            return RestoreNote(NoteFile::Read(NotePath(title)));
+        }
+    } catch (const forms::RuntimeError&) {
+        // The file cannot be read; what was typed into its editor can.
+    }
+    const auto note = forms::New<frmNote>();
+    note->Load();
+    note->SetTitle(title);
+    note->Show();
+    return note;
+}
+
+void RestoreFiles() {
+    for (const auto& file : forms::Machine().files->List(NotesFolder(), ".txt")) {
+        const auto note = RestoreNote(NoteFile::Read(NotesFolder() + '\\' + file.name));
+        note->windowState = forms::WindowState::Minimized;
+    }
+}
+
+void BringBackUnsaved() {
+    for (const RecoveredText& recovered : Recovery::Find()) {
+        EditorFor(recovered.title)->TakeRecovered(recovered);
+    }
+}
+
+void ReportLoadErrors(void (*loading)()) {
+    try {
+        loading();
+    } catch (const forms::RuntimeError& error) {
+        forms::MsgBox(error.description(), {}, "Error Loading File");
+    }
+}
+
+}  // namespace
+
+void FillNote(frmNote& note, const NoteRecord& record) {
+    note.SetTitle(record.Title);
+    note.txtNote.text = record.Text;
+    note.MarkSaved(record.Text);
+    note.dtDate.value = record.AlarmDate;
+    note.dtTime.value = record.AlarmTime;
+    const bool isKnown = record.ColorIndex >= 1 && record.ColorIndex <= 5;
+    const std::size_t colorIndex = isKnown ? static_cast<std::size_t>(record.ColorIndex) : 5;
+    note.ApplyColor(restoredColors[colorIndex - 1], colorIndex);
+    note.ApplyFontSize(record.FontSize);
+    note.Show();
+    if (record.AudioAlarm == 1) {
+        note.chkAudioAlarm.value = 1;
+    }
+}
+
+void ReadNotes() {
+    forms::SetMousePointer(forms::MousePointer::Hourglass);
+    ReportLoadErrors(RestoreFiles);
+    ReportLoadErrors(BringBackUnsaved);
+}
+
+}  // namespace StandardCode

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+#include "app/StandardCode.h"
+
+namespace TitleRules {
+
+struct Verdict {
+    int rule = 0;         // 1 to 11: the first rule that the title breaks; 0: none
+    std::string picture;  // of the message; empty where there is none
+    std::string caption;
+    std::string text;
+    bool clearTitle = false;  // the title box is emptied and gets the focus
+
+    bool IsAccepted() const { return rule == 0; }
+    bool HasMessage() const { return !picture.empty(); }
+};
+
+// What becomes of a new note's title, given the notes that are saved.
+Verdict Check(const std::string& title, const StandardCode::NotesTable& notes);
+
+}  // namespace TitleRules

@@ -1,0 +1,231 @@
+#include "notes/frmDisplayNote.h"
+
+#include <algorithm>
+
+#include "app/Settings.h"
+#include "app/StandardCode.h"
+#include "forms/Environment.h"
+#include "forms/MsgBox.h"
+#include "forms/Runtime.h"
+#include "forms/Text.h"
+#include "notes/NotePrinting.h"
+#include "notes/NotesArray.h"
+
+using StandardCode::Shared;
+
+namespace {
+
+constexpr int margin = 120;
+constexpr int textTop = 540;
+// The colour index of a shade that is none of the others.
+constexpr std::int16_t lastColorIndex = 6;
+
+std::int16_t ColorIndexOf(const std::optional<forms::Color>& backColor) {
+    for (std::int16_t index = 1; index < lastColorIndex; ++index) {
+        if (backColor == StandardCode::noteColors[static_cast<std::size_t>(index - 1)].back) {
+            return index;
+        }
+    }
+    return lastColorIndex;
+}
+
+int FontSizeOf(const StandardCode::NoteRecord& note) {
+    switch (note.FontSize) {
+        case 10:
+        case 12:
+        case 14:
+        case 16:
+            return note.FontSize;
+        default:
+            return 12;
+    }
+}
+
+// Counts a sound that waits for its box, however the wait ends.
+class WaitingSound {
+  public:
+    WaitingSound() { ++Shared().DisplaySoundsWaiting; }
+    ~WaitingSound() { --Shared().DisplaySoundsWaiting; }
+    WaitingSound(const WaitingSound&) = delete;
+    WaitingSound& operator=(const WaitingSound&) = delete;
+};
+
+std::weak_ptr<frmDisplayNote>& LastOpened() {
+    static std::weak_ptr<frmDisplayNote> display;
+    return display;
+}
+
+}  // namespace
+
+void frmDisplayNote::Design() {
+    caption = "note";
+    borderStyle = forms::BorderStyle::Sizable;
+    width = 4800;
+    height = 3900;
+    minimumWidth = 2400;
+    minimumHeight = 1800;
+
+    lblJotwright.caption = "Jotwright Note";
+    lblJotwright.toolTip = "Left Click To View PopUp Menu";
+    lblJotwright.bold = true;
+    lblJotwright.fontSize = 10;
+    lblJotwright.Place(margin, margin, 1800, 270);
+    lblJotwright.MouseUp = [this](int button, int, int) { ShowPopupOn(button); };
+    Line1[0].Place(margin, 435, 4440, 0);
+    Line1[1].Place(margin, 480, 4440, 0);
+
+    lblNoteText.multiLine = true;
+    lblNoteText.fontSize = 12;
+    lblNoteText.toolTip = "Right Click Above Lines To Access Menu";
+    lblNoteText.accessibleName = "Note";
+    lblNoteText.Place(margin, textTop, 4440, 2820);
+
+    tmrSoundAlarm.interval = 1000;
+    tmrSoundAlarm.Tick = [this] { tmrSoundAlarm_Timer(); };
+
+    mnuPop.caption = "Menu";
+    mnuPop.inMenuBar = false;
+    mnuPrint.caption = "Print Note";
+    mnuPrint.Click = [this] { mnuPrint_Click(); };
+    mnuErase.caption = "Erase Note";
+    mnuErase.Click = [this] { mnuErase_Click(); };
+    mnuSep.caption = "-";
+    mnuClose.caption = "Close";
+    mnuClose.Click = [this] { mnuClose_Click(); };
+}
+
+void frmDisplayNote::Form_Load() {
+    icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
+}
+
+void frmDisplayNote::Form_Resize() {
+    const int innerWidth = std::max(ScaleWidth() - 2 * margin, 0);
+    for (forms::Line& line : Line1) {
+        line.width = innerWidth;
+    }
+    lblNoteText.width = innerWidth;
+    lblNoteText.height = std::max(ScaleHeight() - textTop - margin, 0);
+}
+
+void frmDisplayNote::Form_MouseUp(int button, int /*x*/, int /*y*/) { ShowPopupOn(button); }
+
+void frmDisplayNote::ShowPopupOn(int button) {
+    if (button == forms::rightButton) {
+        PopupMenu(mnuPop);
+    }
+}
+
+void frmDisplayNote::Form_Unload(bool& /*cancel*/) {
+    Shared().Answer = 0;
+    const bool holdsNote = forms::LoadedDefault<frmDisplayNote>() != this;
+    if (!holdsNote ||
+        !forms::Machine().files->FileExists(StandardCode::NotePath(forms::Trim(caption())))) {
+        return;
+    }
+    const bool erase =
+        !forms::Runtime::Current().IsSessionEnding() &&
+        forms::MsgBox("Would you like to erase this note?",
+                      {.buttons = forms::BoxButtons::YesNo, .icon = forms::BoxIcon::Question},
+                      " Erase Note?") == forms::BoxResult::Yes;
+    if (erase) {
+        EraseNote();
+    } else {
+        KeepNote();
+    }
+    using StandardCode::SharedEvents;
+    StandardCode::Events().ControlPanel.Raise(SharedEvents::PanelAction::LoadAndUnload);
+}
+
+void frmDisplayNote::EraseNote() {
+    StandardCode::ReportWriteErrors([this] {
+        const std::string path = StandardCode::NotePath(forms::Trim(caption()));
+        // It may have gone while the question was open.
+        if (forms::Machine().files->FileExists(path)) {
+            forms::Machine().files->Recycle(path);
+        }
+    });
+}
+
+void frmDisplayNote::KeepNote() {
+    if (!ReWriteNote()) {
+        return;
+    }
+    // The note is now in the file that has the whole caption as its name.
+    if (forms::Trim(caption()) != caption()) {
+        EraseNote();
+    }
+}
+
+bool frmDisplayNote::ReWriteNote() {
+    return StandardCode::ReportWriteErrors([this] {
+        StandardCode::NoteRecord note;
+        note.Title = forms::Trim(caption());
+        note.Text = lblNoteText.text;
+        note.AlarmDate = forms::Today();
+        note.ColorIndex = ColorIndexOf(backColor);
+        note.FontSize = static_cast<std::int16_t>(lblNoteText.fontSize());
+        note.AlarmState = "0";
+        note.AudioAlarm = 0;
+        note.Trailer = "yes";
+        StandardCode::SaveNoteFile(StandardCode::NotePath(caption), note,
+                                   NoteFile::TimeField::RewrittenText);
+    });
+}
+
+void frmDisplayNote::tmrSoundAlarm_Timer() {
+    forms::Sound& sound = *forms::Machine().sound;
+    Shared().AlarmSounding = true;
+    const bool loops =
+        Settings::ReadInteger(Settings::Options::section, Settings::Options::noteLoops, 0) == 1;
+    if (loops) {
+        const WaitingSound waiting;
+        sound.Play(Shared().AlarmSoundPath, forms::Sound::Mode::Loop);
+        forms::MsgBox("      Turn Off Alarm?       ", {.icon = forms::BoxIcon::Information},
+                      "Jotwright Audio Alarm");
+        sound.Stop();
+    } else {
+        sound.Play(Shared().AlarmSoundPath, forms::Sound::Mode::Once);
+    }
+    tmrSoundAlarm.enabled = false;
+    Shared().AlarmSounding = false;
+}
+
+void frmDisplayNote::mnuPrint_Click() { StandardCode::PrintNote(caption, lblNoteText.text); }
+
+void frmDisplayNote::mnuErase_Click() { Unload(); }
+
+void frmDisplayNote::mnuClose_Click() { Unload(); }
+
+namespace StandardCode {
+
+void DisplayNote(int slot) {
+    const NoteRecord note = Shared().NotesArray[slot];
+    const auto display = forms::New<frmDisplayNote>();
+    display->caption = note.Title;
+    Shared().WindowOnTopFlag =
+        Settings::ReadInteger(Settings::Options::section, Settings::Options::windowOnTop, 0);
+    if (Shared().WindowOnTopFlag == 1) {
+        display->MakeTopMost();
+    }
+    display->lblNoteText.text = note.Text;
+    if (note.ColorIndex >= 1 && note.ColorIndex <= lastColorIndex) {
+        const NoteColor& shade = noteColors[static_cast<std::size_t>(note.ColorIndex - 1)];
+        display->backColor = shade.back;
+        display->lblNoteText.backColor = shade.back;
+        display->lblNoteText.foreColor = shade.text;
+        display->lblJotwright.foreColor = shade.text;
+    }
+    display->lblNoteText.fontSize = FontSizeOf(note);
+    if (note.AudioAlarm == 1 && !Shared().AlarmSounding) {
+        Shared().SoundRequested = true;
+    }
+    LastOpened() = display;
+    display->Show();
+}
+
+std::shared_ptr<frmDisplayNote> LastDisplay() {
+    auto display = LastOpened().lock();
+    return display && display->IsLoaded() ? display : nullptr;
+}
+
+}  // namespace StandardCode

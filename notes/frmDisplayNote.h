@@ -1,0 +1,57 @@
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include "forms/Form.h"
+
+// Shows a saved note whose alarm is due. One instance a note; its caption is the note's title.
+// Closing it asks whether the note is to be erased; a note that is kept has its alarm switched off.
+// The default instance is loaded hidden at start-up, holds no note and closes silently.
+class frmDisplayNote : public forms::Form {
+  public:
+    frmDisplayNote() : Form("frmDisplayNote") {}
+
+    forms::Label lblJotwright{this, "lblJotwright"};
+    std::array<forms::Line, 2> Line1{{{this, "Line1"}, {this, "Line1"}}};
+    forms::TextBox lblNoteText{this, "lblNoteText"};
+
+    // Plays the sound once, one second after it was switched on.
+    forms::Timer tmrSoundAlarm{this, "tmrSoundAlarm"};
+
+    forms::Menu mnuPop{this, "mnuPop"};
+    forms::Menu mnuPrint{this, mnuPop, "mnuPrint"};
+    forms::Menu mnuErase{this, mnuPop, "mnuErase"};
+    forms::Menu mnuSep{this, mnuPop, "mnuSep"};
+    forms::Menu mnuClose{this, mnuPop, "mnuClose"};
+
+    void Design() override;
+    void Form_Load() override;
+    void Form_Resize() override;
+    void Form_Unload(bool& cancel) override;
+    void Form_MouseUp(int button, int x, int y) override;
+
+    // Writes the note's file from what the window shows, its alarm switched off: the file is
+    // replaced in one step. A failure is shown in a box and leaves the file as it was; false then.
+    bool ReWriteNote();
+
+  private:
+    void ShowPopupOn(int button);
+    void EraseNote();
+    void KeepNote();
+    void tmrSoundAlarm_Timer();
+    void mnuPrint_Click();
+    void mnuErase_Click();
+    void mnuClose_Click();
+};
+
+namespace StandardCode {
+
+// Opens a display for the note in this slot of NotesArray. Where the note wants its alarm sound and
+// none is sounding, SoundRequested is set; the sound itself is left to the caller.
+void DisplayNote(int slot);
+
+// The display that was opened last; null when it is closed.
+std::shared_ptr<frmDisplayNote> LastDisplay();
+
+}  // namespace StandardCode

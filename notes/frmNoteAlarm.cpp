@@ -1,0 +1,165 @@
+#include "forms/Environment.h"
+#include "forms/MsgBox.h"
+#include "forms/Runtime.h"
+#include "notes/frmNote.h"
+
+// The editor's alarm: set, cleared, due.
+
+using StandardCode::Shared;
+
+namespace {
+
+// The caption of the button is the alarm's state.
+constexpr const char* setAlarm = "&Set Alarm";
+constexpr const char* turnOffAlarm = "&Turn Off Alarm";
+
+// Looks at every second of the day at least once.
+constexpr int dueTestInterval = 600;
+
+forms::Picture AlarmIcon() { return forms::LoadPicture(forms::ApplicationPath("\\alarmon.ico")); }
+
+forms::Picture NoteIcon() { return forms::LoadPicture(forms::ApplicationPath("\\note.ico")); }
+
+void ShowInformation(const std::string& text) {
+    forms::MsgBox(text, {.icon = forms::BoxIcon::Information}, "Information");
+}
+
+}  // namespace
+
+bool frmNote::IsAlarmSet() const { return cmdAlarm.caption() == turnOffAlarm; }
+
+void frmNote::ComputeAlarmValues() { alarmValues = DueRules::ValuesOf(dtDate.value, dtTime.value); }
+
+void frmNote::chkAudioAlarm_Click() { imgBell.visible = chkAudioAlarm.value() == 1; }
+
+void frmNote::cmdAlarm_Click() {
+    icon = AlarmIcon();
+    if (cmdAlarm.caption() == setAlarm) {
+        SetAlarm();
+    } else {
+        ClearAlarm();
+    }
+    NoteChanged = true;
+}
+
+void frmNote::mnuAlarmStart_Click() {
+    if (cmdAlarm.caption() == setAlarm) {
+        cmdAlarm_Click();
+        NoteChanged = true;
+    } else {
+        ShowInformation("    Alarm Already Started     ");
+    }
+}
+
+void frmNote::mnuAlarmStop_Click() {
+    if (IsAlarmSet()) {
+        cmdAlarm_Click();
+        NoteChanged = true;
+    } else {
+        ShowInformation("   Alarm Not Set              ");
+    }
+}
+
+void frmNote::SetAlarm() {
+    fraAlarm.caption = " Alarm Set ";
+    cmdAlarm.caption = turnOffAlarm;
+    tmrNote.enabled = true;
+    tmrNote.interval = dueTestInterval;
+    ComputeAlarmValues();
+    ShowPickers(false);
+    ShowCalendar(true);
+    FillCalendar();
+    EnablePickers(false);
+}
+
+void frmNote::ClearAlarm() {
+    fraAlarm.caption = " Schedule Alarm ";
+    icon = NoteIcon();
+    tmrNote.enabled = false;
+    cmdAlarm.caption = setAlarm;
+    imgAlarm.visible = false;
+    EnablePickers(true);
+    ShowCalendar(false);
+    ShowPickers(true);
+}
+
+void frmNote::PresentAlarm() {
+    icon = AlarmIcon();
+    cmdAlarm.caption = turnOffAlarm;
+    tmrNote.enabled = true;
+    tmrNote.interval = dueTestInterval;
+    ShowCalendar(true);
+    ShowPickers(false);
+    EnablePickers(false);
+    fraAlarm.caption = " Alarm Set ";
+    imgAlarm.picture = AlarmIcon();
+    imgAlarm.visible = true;
+    // The first tick of the clock may come after the alarm's own second.
+    ComputeAlarmValues();
+    FillCalendar();
+}
+
+void frmNote::FillCalendar() {
+    const forms::DateTime date = dtDate.value;
+    const std::string month = forms::EnglishMonthName(date.Month());
+    if (!month.empty()) {
+        lblCalMonth.caption = month;
+    }
+    lblDayYear.caption = std::to_string(date.Day()) + ", " + std::to_string(date.Year());
+    lblClock.caption = forms::Machine().locale->TimeText(alarmValues.AlarmTimeOfDay);
+}
+
+void frmNote::tmrNote_Timer() {
+    if (DueRules::IsEditorAlarmDue(alarmValues, forms::Now())) {
+        Fire();
+    }
+}
+
+void frmNote::Fire() {
+    mnuShow_Click();
+    BringToForeground();
+    cmdAlarm.caption = setAlarm;
+    imgAlarm.visible = false;
+    tmrNote.enabled = false;
+    icon = NoteIcon();
+    EnablePickers(true);
+    ShowCalendar(false);
+    ShowPickers(true);
+    if (chkAudioAlarm.value() != 1) {
+        return;
+    }
+    forms::Machine().sound->Play(Shared().AlarmSoundPath, forms::Sound::Mode::Loop);
+    forms::MsgBox("           Turn Off Alarm?", {}, "Jotwright Audio Alarm");
+    forms::Machine().sound->Stop();
+    chkAudioAlarm.value = 0;
+}
+
+// Goes by the default editor's alarm, which nobody sets: the clock stands still.
+void frmNote::tmrLabel_Timer() {
+    if (!forms::Default<frmNote>().IsAlarmSet()) {
+        return;
+    }
+    Shared().BlinkPhase = !Shared().BlinkPhase;
+    lblClock.caption = Shared().BlinkPhase ? "****" : "";
+}
+
+void frmNote::ShowPickers(bool show) {
+    lblTime.visible = show;
+    lblDate.visible = show;
+    dtDate.visible = show;
+    dtTime.visible = show;
+}
+
+void frmNote::ShowCalendar(bool show) {
+    shpMonth.visible = show;
+    shpCalBody.visible = show;
+    shpClock.visible = show;
+    lblCalMonth.visible = show;
+    lblDayYear.visible = show;
+    lblClock.visible = show;
+}
+
+void frmNote::EnablePickers(bool enable) {
+    dtDate.enabled = enable;
+    dtTime.enabled = enable;
+}

@@ -1,0 +1,214 @@
+#include <algorithm>
+
+#include "forms/Runtime.h"
+#include "notes/frmNote.h"
+
+// The editor's controls and their places.
+
+namespace {
+
+constexpr int heightWithDateTime = 7335;
+constexpr int heightWithoutDateTime = 6300;
+constexpr const char* showDateTime = "Show &System Date/Time";
+constexpr const char* hideDateTime = "Hide &System Date/Time";
+
+constexpr int margin = 120;
+constexpr int gap = 90;
+constexpr int toolbarHeight = 420;
+constexpr int alarmHeight = 1155;
+constexpr int buttonHeight = 375;
+// The date-and-time panel with the margin below it: what the two heights of the window differ by.
+constexpr int panelRoom = heightWithDateTime - heightWithoutDateTime;
+constexpr int smallestText = 600;
+
+// In the alarm frame.
+constexpr int firstColumn = 120;
+constexpr int secondColumn = 2040;
+constexpr int markerColumn = 3750;
+constexpr int thirdColumn = 4110;
+constexpr int labelTop = 270;
+constexpr int pickerTop = 525;
+constexpr int dateWidth = 1740;
+constexpr int timeWidth = 1560;
+constexpr int actionWidth = 2160;
+
+}  // namespace
+
+std::array<forms::Menu*, 6> frmNote::ColorItems() {
+    return {&mnuWhite, &mnuRed, &mnuGreen, &mnuBlue, &mnuYellow, &mnuGray};
+}
+
+std::array<forms::Menu*, 4> frmNote::FontItems() { return {&mnu10, &mnu12, &mnu14, &mnu16}; }
+
+void frmNote::Design() {
+    caption = "Note";
+    borderStyle = forms::BorderStyle::Sizable;
+    // Narrower than the 514 pixels at which the pointer reaches a message of the notification area.
+    width = 6900;
+    height = heightWithDateTime;
+    minimumWidth = 6900;
+    minimumHeight = 4200;
+
+    txtNote.multiLine = true;
+    txtNote.toolTip = "  Double Click To View The  Menu.";
+    txtNote.accessibleName = "Note text";
+    txtNote.fontSize = 12;
+    txtNote.backColor = forms::white;
+    txtNote.foreColor = forms::black;
+    txtNote.DoubleClick = [this] { PopupMenu(mnuPop); };
+    txtNote.MouseUp = [this](int button, int, int) { txtNote_MouseUp(button); };
+
+    DesignToolbar();
+    DesignAlarm();
+    DesignDateTime();
+    DesignMenus();
+    TrayIconRecord.owner = this;
+
+    tmrNow.enabled = true;
+    tmrNow.Tick = [this] { tmrNow_Timer(); };
+    tmrNote.Tick = [this] { tmrNote_Timer(); };
+    tmrLabel.interval = 750;
+    tmrLabel.enabled = true;
+    tmrLabel.Tick = [this] { tmrLabel_Timer(); };
+}
+
+void frmNote::DesignToolbar() {
+    tlbMain.accessibleName = "Note";
+    tlbMain.buttons = {
+        {"Save", "Click To Save This Note", "tb_save"},
+        {"Erase", "Click To Erase This Note", "tb_kill"},
+        {"Print", "Click To Print This Note", "tb_print"},
+        {"Hide", "Click To Hide This Note", "tb_hide"},
+        {"Help", "Jotwright Help Files", "tb_help"},
+        {"About", "About Jotwright", "tb_about"},
+    };
+    tlbMain.ButtonClick = [this](const std::string& key) { tlbMain_ButtonClick(key); };
+}
+
+void frmNote::DesignAlarm() {
+    fraAlarm.caption = "Schedule Alarm";
+    lblDate.caption = "Select Alarm Date";
+    lblDate.PlaceIn(fraAlarm, firstColumn, labelTop, dateWidth, 225);
+    dtDate.PlaceIn(fraAlarm, firstColumn, pickerTop, dateWidth, 330);
+    dtDate.Change = [this] { NoteChanged = true; };
+    lblTime.caption = "Select Alarm Time";
+    lblTime.PlaceIn(fraAlarm, secondColumn, labelTop, timeWidth, 225);
+    dtTime.PlaceIn(fraAlarm, secondColumn, pickerTop, timeWidth, 330);
+    dtTime.Change = [this] { NoteChanged = true; };
+
+    shpCalBody.shape = forms::ShapeKind::Rectangle;
+    shpCalBody.PlaceIn(fraAlarm, firstColumn, labelTop, dateWidth, 765);
+    shpMonth.shape = forms::ShapeKind::Rectangle;
+    shpMonth.fillColor = {255, 176, 160};
+    shpMonth.PlaceIn(fraAlarm, firstColumn, labelTop, dateWidth, 300);
+    lblCalMonth.alignment = forms::Alignment::Center;
+    lblCalMonth.foreColor = forms::black;
+    lblCalMonth.PlaceIn(fraAlarm, firstColumn + 60, labelTop + 45, dateWidth - 120, 225);
+    lblDayYear.alignment = forms::Alignment::Center;
+    lblDayYear.foreColor = forms::black;
+    lblDayYear.fontSize = 10;
+    lblDayYear.PlaceIn(fraAlarm, firstColumn + 60, labelTop + 390, dateWidth - 120, 285);
+    shpClock.shape = forms::ShapeKind::RoundedRectangle;
+    shpClock.PlaceIn(fraAlarm, secondColumn, labelTop + 150, timeWidth, 465);
+    lblClock.alignment = forms::Alignment::Center;
+    lblClock.foreColor = forms::black;
+    lblClock.fontSize = 10;
+    lblClock.PlaceIn(fraAlarm, secondColumn + 60, labelTop + 240, timeWidth - 120, 285);
+    ShowCalendar(false);
+
+    cmdAlarm.caption = "&Set Alarm";
+    cmdAlarm.PlaceIn(fraAlarm, thirdColumn, labelTop, actionWidth, buttonHeight);
+    cmdAlarm.Click = [this] { cmdAlarm_Click(); };
+    imgAlarm.accessibleName = "Alarm Set";
+    imgAlarm.visible = false;
+    imgAlarm.PlaceIn(fraAlarm, markerColumn, labelTop + 60, 240, 240);
+    chkAudioAlarm.caption = "Turn On Audio Alarm";
+    chkAudioAlarm.PlaceIn(fraAlarm, thirdColumn, 735, actionWidth, 300);
+    chkAudioAlarm.Click = [this] { chkAudioAlarm_Click(); };
+    chkAudioAlarm.MouseUp = [this](int button, int, int) {
+        if (button == forms::leftButton) {
+            NoteChanged = true;
+        }
+    };
+    imgBell.resourceName = "bell";
+    imgBell.toolTip = "Audio Alarm Set";
+    imgBell.accessibleName = "Audio Alarm Set";
+    imgBell.visible = false;
+    imgBell.PlaceIn(fraAlarm, markerColumn, 765, 240, 240);
+}
+
+void frmNote::DesignDateTime() {
+    cmdShowDateTime.Click = [this] { cmdShowDateTime_Click(); };
+    fraCurrentTime.caption = "Current System Time";
+    lblSysTime.container = &fraCurrentTime;
+}
+
+void frmNote::DesignMenus() {
+    mnuFile.caption = "File";
+    mnuPrint.caption = "Print Note";
+    mnuPrint.Click = [this] { mnuPrint_Click(); };
+    sepFile.caption = "-";
+    mnuKillNote.caption = "Erase Note";
+    mnuKillNote.Click = [this] { mnuKill_Click(); };
+    mnuAlarm.caption = "Alarm";
+    mnuAlarmStart.caption = "Start Alarm";
+    mnuAlarmStart.Click = [this] { mnuAlarmStart_Click(); };
+    mnuAlarmStop.caption = "Stop Alarm";
+    mnuAlarmStop.Click = [this] { mnuAlarmStop_Click(); };
+
+    mnuPop.caption = "Options";
+    mnuPop.inMenuBar = false;
+    mnuColor.caption = "Background Color";
+    constexpr std::array colorNames{"White", "Red", "Green", "Blue", "Yellow", "Gray"};
+    const auto colors = ColorItems();
+    for (std::size_t i = 0; i < colors.size(); ++i) {
+        colors[i]->caption = colorNames[i];
+        colors[i]->Click = [this, i] { mnuColorItem_Click(i + 1); };
+    }
+    mnuWhite.checked = true;
+    mnuFont.caption = "Font Size";
+    constexpr std::array fontSizes{10, 12, 14, 16};
+    const auto fonts = FontItems();
+    for (std::size_t i = 0; i < fonts.size(); ++i) {
+        fonts[i]->caption = std::to_string(fontSizes[i]) + " point";
+        fonts[i]->Click = [this, points = fontSizes[i]] { mnuFontItem_Click(points); };
+    }
+    mnu12.checked = true;
+    sep1.caption = "-";
+    mnuShow.caption = "Show Me";
+    mnuShow.Click = [this] { mnuShow_Click(); };
+    mnuHide.caption = "Hide Me";
+    mnuHide.Click = [this] { mnuHide_Click(); };
+    mnuKill.caption = "Erase Note";
+    mnuKill.Click = [this] { mnuKill_Click(); };
+}
+
+void frmNote::cmdShowDateTime_Click() {
+    ShowDateTimePanel(cmdShowDateTime.caption() == showDateTime);
+}
+
+void frmNote::ShowDateTimePanel(bool show) {
+    height = show ? heightWithDateTime : heightWithoutDateTime;
+    cmdShowDateTime.caption = show ? hideDateTime : showDateTime;
+    Arrange();
+}
+
+// The text takes what room there is. The date-and-time panel comes last and lies below the window's
+// edge while it is not wanted.
+void frmNote::Arrange() {
+    if (!IsLoaded() || windowState() == forms::WindowState::Minimized) {
+        return;
+    }
+    const bool showsPanel = cmdShowDateTime.caption() == hideDateTime;
+    const int room = ScaleWidth() - 2 * margin;
+    const int textTop = toolbarHeight + gap;
+    const int below = gap + alarmHeight + gap + buttonHeight + margin;
+    const int panelTop =
+        std::max(ScaleHeight() - (showsPanel ? panelRoom : 0), textTop + smallestText + below);
+    tlbMain.Place(0, 0, ScaleWidth(), toolbarHeight);
+    txtNote.Place(margin, textTop, room, panelTop - below - textTop);
+    fraAlarm.Place(margin, panelTop - margin - buttonHeight - gap - alarmHeight, room, alarmHeight);
+    cmdShowDateTime.Place(margin, panelTop - margin - buttonHeight, 2700, buttonHeight);
+    fraCurrentTime.Place(margin, panelTop, room, panelRoom - margin);
+    lblSysTime.Place(margin, 300, room - 2 * margin, 480);
+}

@@ -1,0 +1,266 @@
+#include "notes/frmViewNotes.h"
+
+#include <cstddef>
+#include <set>
+
+#include "app/StandardCode.h"
+#include "forms/Devices.h"
+#include "forms/Environment.h"
+#include "forms/MsgBox.h"
+#include "forms/Runtime.h"
+#include "forms/RuntimeError.h"
+#include "forms/Text.h"
+#include "notes/NotesArray.h"
+#include "notes/OpenNote.h"
+#include "notes/frmNote.h"
+
+using StandardCode::Shared;
+
+namespace {
+
+constexpr forms::Color red{255, 0, 0};
+
+// Places of the status pictures in the list's images, and of the title among a row's texts.
+constexpr int alarmSet = 0;
+constexpr int alarmNotSet = 1;
+constexpr std::size_t titleColumn = 1;
+
+forms::ListView::Row RowOf(const StandardCode::NoteRecord& note) {
+    if (note.AlarmState == "0") {
+        return {
+            .key = note.Title, .image = alarmNotSet, .texts = {"", note.Title, "Alarm Not Set"}};
+    }
+    forms::Locale& locale = *forms::Machine().locale;
+    return {.key = note.Title,
+            .image = alarmSet,
+            .texts = {"", note.Title,
+                      locale.ShortDate(note.AlarmDate) + ' ' + locale.TimeText(note.AlarmTime)}};
+}
+
+std::string TotalText() { return "Total Notes: " + std::to_string(Shared().NoteCount); }
+
+}  // namespace
+
+void frmViewNotes::Design() {
+    caption = "Notes Control Panel";
+    width = 7650;
+    height = 5760;
+
+    lblTotalNotes.caption = "Total Notes: 0";
+    lblTotalNotes.foreColor = forms::black;
+    lblTotalNotes.Place(120, 120, 7320, 255);
+    lvwNotes.columns = {{"Status", 780}, {"Note Title", 3690}, {"Alarm Time", 2490}};
+    lvwNotes.images = {"alarmset", "alarmnotset"};
+    lvwNotes.accessibleName = "Notes";
+    lvwNotes.Place(120, 450, 7320, 3870);
+    lvwNotes.ItemClick = [this] { EnableActions(true); };
+    lvwNotes.DoubleClick = [this] { cmdEdit_Click(); };
+    lvwNotes.MouseUp = [this](int button, int, int) { lvwNotes_MouseUp(button); };
+    lstNotes.visible = false;
+    lstNotes.Click = [this] { EnableActions(true); };
+    lblSelNote.caption = "Highlight any note and click 'Erase' to remove that note.";
+    lblSelNote.Place(120, 4425, 7320, 255);
+    DesignButtons();
+
+    mnuPop.inMenuBar = false;
+    mnuEditNote.caption = "Edit Selected Note";
+    mnuEditNote.Click = [this] { cmdEdit_Click(); };
+    mnuEraseNote.caption = "Erase Selected Note";
+    mnuEraseNote.Click = [this] { cmdRemove_Click(); };
+    mnuOpenAll.caption = "Open All Notes";
+    mnuOpenAll.Click = [this] { cmdOpenAll_Click(); };
+}
+
+void frmViewNotes::DesignButtons() {
+    cmdOpenAll.caption = "&Open All Notes";
+    cmdOpenAll.Place(120, 4785, 1920, 375);
+    cmdOpenAll.Click = [this] { cmdOpenAll_Click(); };
+    cmdNew.caption = "&New";
+    cmdNew.Place(2145, 4785, 1245, 375);
+    cmdNew.Click = [this] { cmdNew_Click(); };
+    cmdEdit.caption = "&Edit";
+    cmdEdit.Place(3495, 4785, 1245, 375);
+    cmdEdit.Click = [this] { cmdEdit_Click(); };
+    cmdRemove.caption = "&Erase";
+    cmdRemove.Place(4845, 4785, 1245, 375);
+    cmdRemove.Click = [this] { cmdRemove_Click(); };
+    cmdOK.caption = "&Close";
+    cmdOK.isCancel = true;
+    cmdOK.Place(6195, 4785, 1245, 375);
+    cmdOK.Click = [this] { cmdOK_Click(); };
+}
+
+void frmViewNotes::Form_Load() {
+    icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
+    lstNotes.items = std::vector<std::string>{};
+    FillList();
+    StandardCode::LoadNotesArray();
+    const bool full = Shared().NoteCount == StandardCode::maximumNotes;
+    lblTotalNotes.foreColor = full ? red : forms::black;
+    lblTotalNotes.caption = TotalText() + (full ? " ( Maximum Reached )" : "");
+    cmdNew.enabled = !full;
+    if (lstNotes.items().empty()) {
+        EnableActions(false);
+    } else {
+        lstNotes.listIndex = 0;
+    }
+}
+
+void frmViewNotes::FillList() {
+    StandardCode::LoadNotesArray();
+    std::set<std::string> keys;
+    lvwNotes.BeginUpdate();
+    for (const forms::FileEntry& file :
+         forms::Machine().files->List(StandardCode::NotesFolder(), ".txt")) {
+        try {
+            forms::ListView::Row row = RowOf(StandardCode::ReadListedNote(file));
+            // Two files may hold the same title.
+            if (!keys.insert(row.key).second) {
+                row.key.clear();
+            }
+            lvwNotes.AddRow(std::move(row));
+        } catch (const forms::RuntimeError&) {
+            // What cannot be read has no row; rebuilding the array has dealt with it or will.
+        }
+    }
+    lvwNotes.EndUpdate();
+}
+
+void frmViewNotes::ShowTotal() {
+    lblTotalNotes.caption = TotalText();
+    lvwNotes.enabled = Shared().NoteCount > 0;
+}
+
+void frmViewNotes::EnableActions(bool enable) {
+    cmdEdit.enabled = enable;
+    cmdRemove.enabled = enable;
+}
+
+std::string frmViewNotes::SelectedTitle() const {
+    if (lvwNotes.SelectedRow() < 0) {
+        throw forms::RuntimeError(forms::ErrorNumber::SubscriptOutOfRange);
+    }
+    return lvwNotes.Rows()[static_cast<std::size_t>(lvwNotes.SelectedRow())].texts[titleColumn];
+}
+
+void frmViewNotes::EraseNote(const std::string& title) {
+    lvwNotes.RemoveRow(static_cast<std::size_t>(lvwNotes.SelectedRow()));
+    forms::Machine().files->Recycle(StandardCode::NotePath(forms::Trim(title)));
+    StandardCode::LoadNotesArray();
+    if (Shared().NoteCount < StandardCode::maximumNotes) {
+        StandardCode::Events().BelowMaximum.Raise();
+        cmdNew.enabled = true;
+        lblTotalNotes.foreColor = forms::black;
+    }
+}
+
+void frmViewNotes::lvwNotes_MouseUp(int button) {
+    if (button == forms::rightButton) {
+        PopupMenu(mnuPop);
+    }
+}
+
+void frmViewNotes::cmdOpenAll_Click() {
+    const auto titles = Shared().NoteTitles;
+    const auto loaded = forms::Runtime::Current().LoadedForms();
+    for (const std::string& title : titles) {
+        for (const auto& form : loaded) {
+            const auto* note = dynamic_cast<frmNote*>(form.get());
+            if (note != nullptr && note->HoldsNote() && note->caption() == title) {
+                form->Show();
+                form->windowState = forms::WindowState::Normal;
+            }
+        }
+    }
+}
+
+void frmViewNotes::cmdNew_Click() {
+    StandardCode::Events().FocusNoteTitle.Raise();
+    Unload();
+}
+
+void frmViewNotes::cmdEdit_Click() {
+    if (lvwNotes.SelectedRow() < 0) {
+        return;
+    }
+    const std::string title = SelectedTitle();
+    for (int slot = 1; slot <= StandardCode::maximumNotes; ++slot) {
+        if (Shared().NotesArray[slot].Title == title) {
+            StandardCode::OpenNote(slot);
+            return;
+        }
+    }
+}
+
+void frmViewNotes::cmdRemove_Click() {
+    try {
+        const std::string title = SelectedTitle();
+        const forms::BoxResult answer =
+            forms::MsgBox("Would you like to erase        \r\n           " +
+                              forms::Machine().locale->ToUpper(title) + "?       ",
+                          {.buttons = forms::BoxButtons::YesNo, .icon = forms::BoxIcon::Critical},
+                          "Deleting Note");
+        if (answer == forms::BoxResult::Yes) {
+            EraseNote(title);
+        }
+        EnableActions(false);
+    } catch (const forms::RuntimeError&) {
+        forms::MsgBox("Please Select A File To Remove.", {.icon = forms::BoxIcon::Critical},
+                      "Error Occured Removing Note");
+    }
+}
+
+void frmViewNotes::cmdOK_Click() { Unload(); }
+
+namespace StandardCode {
+
+namespace {
+
+void ReloadControlPanel() {
+    if (auto* panel = forms::LoadedDefault<frmViewNotes>()) {
+        panel->Unload();
+    }
+    forms::Default<frmViewNotes>().Load();
+}
+
+void UnloadControlPanelIfVisible() {
+    auto* panel = forms::LoadedDefault<frmViewNotes>();
+    if (panel != nullptr && panel->IsVisible()) {
+        panel->Unload();
+    }
+}
+
+void ActOnControlPanel(SharedEvents::PanelAction action) {
+    switch (action) {
+        case SharedEvents::PanelAction::Reload:
+            ReloadControlPanel();
+            break;
+        case SharedEvents::PanelAction::ReloadAndShow:
+            ReloadControlPanel();
+            forms::Default<frmViewNotes>().Show();
+            break;
+        case SharedEvents::PanelAction::Show:
+            forms::Default<frmViewNotes>().Show();
+            break;
+        case SharedEvents::PanelAction::UnloadIfVisible:
+            UnloadControlPanelIfVisible();
+            break;
+        case SharedEvents::PanelAction::LoadAndUnload:
+            forms::Default<frmViewNotes>().Load();
+            forms::Default<frmViewNotes>().Unload();
+            break;
+    }
+}
+
+}  // namespace
+
+void ConnectControlPanel() {
+    Events().ControlPanel.Subscribe(ActOnControlPanel);
+    Events().NotesArrayLoaded.Subscribe([] {
+        if (auto* panel = forms::LoadedDefault<frmViewNotes>()) {
+            panel->ShowTotal();
+        }
+    });
+}
+
+}  // namespace StandardCode

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+
+#include "forms/Form.h"
+
+// The notes control panel: lists every saved note with its alarm, opens and erases them. Its list
+// stands as the folder was when the panel was loaded.
+class frmViewNotes : public forms::Form {
+  public:
+    frmViewNotes() : Form("frmViewNotes") {}
+
+    forms::Label lblTotalNotes{this, "lblTotalNotes"};
+    forms::ListView lvwNotes{this, "lvwNotes"};
+    forms::ListBox lstNotes{this, "lstNotes"};
+    forms::Label lblSelNote{this, "lblSelNote"};
+    forms::CommandButton cmdOpenAll{this, "cmdOpenAll"};
+    forms::CommandButton cmdNew{this, "cmdNew"};
+    forms::CommandButton cmdEdit{this, "cmdEdit"};
+    forms::CommandButton cmdRemove{this, "cmdRemove"};
+    forms::CommandButton cmdOK{this, "cmdOK"};
+
+    forms::Menu mnuPop{this, "mnuPop"};
+    forms::Menu mnuEditNote{this, mnuPop, "mnuEditNote"};
+    forms::Menu mnuEraseNote{this, mnuPop, "mnuEraseNote"};
+    forms::Menu mnuOpenAll{this, mnuPop, "mnuOpenAll"};
+
+    void Design() override;
+    void Form_Load() override;
+
+    // The notes array was rebuilt: shows its count.
+    void ShowTotal();
+
+  private:
+    void DesignButtons();
+    void FillList();
+    void EnableActions(bool enable);
+    // RuntimeError 9 where no row is selected.
+    std::string SelectedTitle() const;
+    void EraseNote(const std::string& title);
+
+    void lvwNotes_MouseUp(int button);
+    void cmdOpenAll_Click();
+    void cmdNew_Click();
+    void cmdEdit_Click();
+    void cmdRemove_Click();
+    void cmdOK_Click();
+};
+
+namespace StandardCode {
+
+// Lets the windows below reach the default control panel through the shared events. Once a process,
+// before the first of them is loaded.
+void ConnectControlPanel();
+
+}  // namespace StandardCode

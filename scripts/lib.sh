@@ -1,0 +1,108 @@
+# Shell functions shared by ./run, ./test and the scripts beside this file. To be sourced by bash
+# scripts that have set -euo pipefail.
+# shellcheck shell=bash
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+started=()          # processes to end, in the order in which they were started
+
+say() { printf '== %s\n' "$*"; }
+
+die() {
+    printf '%s: %s\n' "${0##*/}" "$*" >&2
+    exit 1
+}
+
+# wait_for <seconds> <command>...: polls until the command succeeds; fails when the time is over.
+wait_for() {
+    local tries=$(($1 * 10))
+    shift
+    while ! "$@" >/dev/null 2>&1; do
+        tries=$((tries - 1))
+        [ "$tries" -gt 0 ] || return 1
+        sleep 0.1
+    done
+}
+
+# Ends what this script started, last first.
+end_started() {
+    local index
+    for ((index = ${#started[@]} - 1; index >= 0; index--)); do
+        kill "${started[index]}" 2>/dev/null || true
+        wait "${started[index]}" 2>/dev/null || true
+    done
+    started=()
+}
+
+# build <preset> [target...]: configures and builds a preset of CMakePresets.json.
+build() {
+    local preset=$1
+    shift
+    cd "$root" || die "no folder $root"
+    say "Configuring $preset"
+    cmake --preset "$preset"
+    say "Building $preset"
+    cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}
+}
+
+# start_display <folder for logs>: an X server on a free display number with a window manager
+# (without one, each window that closes stalls Wine for two seconds). Sets DISPLAY and adds both to
+# the array "started". setsid: they outlive a Ctrl+C and the script that leaves them behind.
+start_display() {
+    local number="$1/display-number"
+    rm -f "$number"
+    setsid Xvfb -displayfd 3 -screen 0 1280x1024x24 -dpi 96 -nolisten tcp \
+        3>"$number" >"$1/xvfb.log" 2>&1 </dev/null &
+    started+=("$!")
+    wait_for 20 test -s "$number" || die "Xvfb did not start, see $1/xvfb.log"
+    DISPLAY=":$(tr -d '[:space:]' <"$number")"
+    export DISPLAY
+    setsid openbox --sm-disable >"$1/openbox.log" 2>&1 </dev/null &
+    started+=("$!")
+    wait_for 20 window_manager_is_up || die "openbox did not start, see $1/openbox.log"
+}
+
+window_manager_is_up() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
+
+# start_sound <folder>: a sound server of its own with one silent device, "cap"; programs find it
+# through PULSE_SERVER. The small latency keeps the times of a recording right.
+start_sound() {
+    export PULSE_RUNTIME_PATH="$1/pulse" PULSE_STATE_PATH="$1/pulse" PULSE_LATENCY_MSEC=30
+    export PULSE_SERVER="unix:$1/pulse/native"
+    mkdir -p "$1/pulse"
+    chmod 700 "$1/pulse"
+    pulseaudio -n --daemonize=no --exit-idle-time=-1 --use-pid-file=no --disallow-exit \
+        -L "module-null-sink sink_name=cap" \
+        -L "module-native-protocol-unix socket=$1/pulse/native auth-anonymous=1" \
+        >"$1/pulseaudio.log" 2>&1 </dev/null &
+    started+=("$!")
+    wait_for 20 pactl info || die "pulseaudio did not start, see $1/pulseaudio.log"
+}
+
+# wine_environment <prefix>: what every Wine process needs; no process is started.
+wine_environment() {
+    export WINEPREFIX="$1" WINEARCH=win64 WINEDEBUG=-all
+    export WINEDLLOVERRIDES="mscoree=;mshtml="
+    export LC_ALL=C.UTF-8
+}
+
+# prepare_wine: makes the prefix at the first time and leaves its server running. Needs DISPLAY: a
+# prefix that is first used without one keeps a dead desktop that hangs later programs.
+prepare_wine() {
+    [ -n "${DISPLAY:-}" ] || die "Wine needs a display"
+    mkdir -p "$(dirname "$WINEPREFIX")"
+    if [ ! -f "$WINEPREFIX/.ready" ]; then
+        say "Making a Wine prefix in $WINEPREFIX (once, some seconds)"
+        # LC_ALL=C.UTF-8 has no country: formats are those of the United States.
+        wine wineboot --init >/dev/null 2>&1 </dev/null || die "wineboot failed"
+        # A crash is to end the program, not to open a box that waits for somebody.
+        wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
+            >/dev/null 2>&1 </dev/null || die "reg failed"
+        wineserver -w
+        touch "$WINEPREFIX/.ready"
+    fi
+    wineserver -p >/dev/null 2>&1 </dev/null   # it stays: it must not hold this script's output
+    wine cmd /c exit >/dev/null 2>&1 </dev/null || die "Wine does not start"
+}
+
+# windows_path <path>: an absolute path as Windows programs under Wine name it.
+windows_path() { printf 'Z:%s' "${1//\//\\}"; }

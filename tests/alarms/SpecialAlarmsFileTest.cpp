@@ -1,0 +1,202 @@
+#include <gtest/gtest.h>
+
+#include "alarms/SpecialAlarmsFile.h"
+#include "tests/support/RuleDevices.h"
+
+namespace {
+
+using forms::DateTime;
+using SpecialAlarmsFile::Row;
+using StandardCode::LoadSpecialAlarms;
+using StandardCode::Shared;
+using testing_support::ErrorOf;
+
+class SpecialAlarmsFileTest : public testing::Test, protected testing_support::RuleDevices {
+  protected:
+    static std::array<Row, SpecialAlarmsFile::rowCount> Week() {
+        return {{{"Monday", DateTime::FromTime(8, 0, 0), "Get up", 1},
+                 {"Tuesday", DateTime{}, "", 0},
+                 {"Wednesday", DateTime::FromTime(12, 0, 0), "Lunch, at last", 1},
+                 {"Thursday", DateTime::FromTime(23, 59, 59), " ", 0},
+                 {"Friday", DateTime::FromTime(17, 30, 0), "Pay the rent", 1},
+                 {"Saturday", DateTime::FromTime(10, 0, 0), "#1", 0},
+                 {"Sunday", DateTime::FromTime(9, 0, 0), "Rest", -1}}};
+    }
+
+    static std::vector<Row> Decoded(const std::string& bytes) {
+        std::vector<Row> rows;
+        SpecialAlarmsFile::Decode(bytes, rows);
+        return rows;
+    }
+
+    static std::string Line(const std::string& day) {
+        return "\"" + day + "\",#08:00:00#,\"m\",1\r\n";
+    }
+
+    void PutFile(const std::string& bytes) { files.PutFile(SpecialAlarmsFile::Path(), bytes); }
+};
+
+TEST_F(SpecialAlarmsFileTest, Paths) {
+    EXPECT_EQ(SpecialAlarmsFile::Folder(), "C:\\Jotwright\\SpecialAlarms");
+    EXPECT_EQ(SpecialAlarmsFile::Path(), "C:\\Jotwright\\SpecialAlarms\\SpecialAlarms.txt");
+}
+
+TEST_F(SpecialAlarmsFileTest, WritesSevenLinesByteForByte) {
+    EXPECT_EQ(SpecialAlarmsFile::Encode(Week()),
+              "\"Monday\",#08:00:00#,\"Get up\",1\r\n"
+              "\"Tuesday\",#00:00:00#,\"\",0\r\n"
+              "\"Wednesday\",#12:00:00#,\"Lunch, at last\",1\r\n"
+              "\"Thursday\",#23:59:59#,\" \",0\r\n"
+              "\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n"
+              "\"Saturday\",#10:00:00#,\"#1\",0\r\n"
+              "\"Sunday\",#09:00:00#,\"Rest\",-1\r\n");
+}
+
+TEST_F(SpecialAlarmsFileTest, RoundTrips) {
+    const auto rows = Decoded(SpecialAlarmsFile::Encode(Week()));
+    ASSERT_EQ(rows.size(), 7U);
+    EXPECT_TRUE(std::equal(rows.begin(), rows.end(), Week().begin()));
+}
+
+TEST_F(SpecialAlarmsFileTest, TimeWithADateIsWrittenWhole) {
+    auto week = Week();
+    week[0].Time = Combine(DateTime::FromDate(2004, 5, 14), week[0].Time);
+    week[1].Time = DateTime::FromDate(2004, 5, 14);
+    const std::string bytes = SpecialAlarmsFile::Encode(week);
+    EXPECT_TRUE(bytes.starts_with("\"Monday\",#2004-05-14 08:00:00#,"));
+    EXPECT_NE(bytes.find("\"Tuesday\",#2004-05-14 00:00:00#,"), std::string::npos);
+    EXPECT_EQ(Decoded(bytes).at(0), week[0]);
+    EXPECT_EQ(Decoded(bytes).at(1), week[1]);
+}
+
+TEST_F(SpecialAlarmsFileTest, MessagesOutsideTheCodePageRoundTrip) {
+    auto week = Week();
+    week[3].Message = "\xce\xb1\xce\xb2";
+    week[4].Message = "\xe2\x82\xac";
+    const std::string bytes = SpecialAlarmsFile::Encode(week);
+    EXPECT_TRUE(bytes.starts_with("\xef\xbb\xbf\"Monday\""));
+    EXPECT_EQ(Decoded(bytes).at(3), week[3]);
+    week[3].Message.clear();
+    EXPECT_NE(SpecialAlarmsFile::Encode(week).find("\"\x80\""), std::string::npos);
+}
+
+TEST_F(SpecialAlarmsFileTest, FewerThanSevenRowsAreAnErrorBehindThoseRead) {
+    std::string bytes;
+    for (std::size_t count = 0; count < SpecialAlarmsFile::rowCount; ++count) {
+        std::vector<Row> rows;
+        EXPECT_EQ(ErrorOf([&] { SpecialAlarmsFile::Decode(bytes, rows); }), 62);
+        EXPECT_EQ(rows.size(), count);
+        bytes += Line("Monday");
+    }
+    EXPECT_EQ(Decoded(bytes).size(), 7U);
+    EXPECT_EQ(Decoded(bytes + Line("Sunday")).size(), 7U);
+}
+
+TEST_F(SpecialAlarmsFileTest, FieldsThatCannotBeConverted) {
+    std::vector<Row> rows;
+    const auto errorOf = [&](const std::string& line) {
+        rows.clear();
+        return ErrorOf([&] { SpecialAlarmsFile::Decode(Line("Monday") + line, rows); });
+    };
+    EXPECT_EQ(errorOf("\"Monday\",#25:00:00#,\"m\",1\r\n"), 13);
+    EXPECT_EQ(rows.size(), 1U);
+    EXPECT_EQ(errorOf("\"Monday\",#08:00:00#,\"m\",on\r\n"), 13);
+    EXPECT_EQ(errorOf("\"Monday\",#08:00:00#,\"m\",\r\n"), 13);
+    EXPECT_EQ(errorOf("\"Monday\",#08:00:00#,\"m\",70000\r\n"), 6);
+    EXPECT_EQ(errorOf("\"Monday\",#08:00:00#,\"m\""), 62);
+    EXPECT_EQ(errorOf("\"Monday\",#08:00:00#,\"m\",\"1\"\r\n"), 62);
+    EXPECT_EQ(rows.size(), 2U);
+}
+
+TEST_F(SpecialAlarmsFileTest, BinaryAndHugeFilesAreOnlyErrors) {
+    EXPECT_EQ(ErrorOf([] { Decoded(std::string(1 << 20, '\0')); }), 62);
+    EXPECT_EQ(ErrorOf([] { Decoded(std::string(1 << 20, '"')); }), 13);
+    EXPECT_EQ(ErrorOf([] { Decoded(std::string(1 << 20, '\xff')); }), 62);
+    EXPECT_EQ(ErrorOf([] { Decoded("\"Mon"); }), 62);
+}
+
+TEST_F(SpecialAlarmsFileTest, LoadFillsTheSharedArrays) {
+    PutFile(SpecialAlarmsFile::Encode(Week()));
+    LoadSpecialAlarms();
+    for (std::size_t i = 0; i < SpecialAlarmsFile::rowCount; ++i) {
+        EXPECT_EQ(SpecialAlarmsFile::SharedRow(i), Week()[i]);
+    }
+    EXPECT_EQ(Shared().SpecialAlarmDay[4], "Friday");
+    EXPECT_EQ(Shared().SpecialAlarmTime[4], DateTime::FromTime(17, 30, 0));
+    EXPECT_EQ(Shared().SpecialAlarmMessage[4], "Pay the rent");
+    EXPECT_EQ(Shared().SpecialAlarmEnabled[4], 1);
+}
+
+TEST_F(SpecialAlarmsFileTest, WithoutAFileTheArraysStay) {
+    LoadSpecialAlarms();
+    EXPECT_EQ(SpecialAlarmsFile::SharedRow(0), Row{});
+    files.PutFolder(SpecialAlarmsFile::Folder());
+    SpecialAlarmsFile::StoreSharedRow(6, Week()[6]);
+    LoadSpecialAlarms();
+    EXPECT_EQ(SpecialAlarmsFile::SharedRow(6), Week()[6]);
+}
+
+TEST_F(SpecialAlarmsFileTest, AnErrorKeepsTheRowsReadSoFar) {
+    SpecialAlarmsFile::StoreSharedRow(2, Week()[2]);
+    PutFile(Line("Monday") + Line("Sunday") + "\"Friday\",#noon#,\"m\",1\r\n" + Line("Monday"));
+    LoadSpecialAlarms();
+    EXPECT_EQ(Shared().SpecialAlarmDay[0], "Monday");
+    EXPECT_EQ(Shared().SpecialAlarmDay[1], "Sunday");
+    EXPECT_EQ(SpecialAlarmsFile::SharedRow(2), Week()[2]);
+    EXPECT_EQ(SpecialAlarmsFile::SharedRow(3), Row{});
+}
+
+TEST_F(SpecialAlarmsFileTest, AFileThatCannotBeReadIsSilent) {
+    PutFile(SpecialAlarmsFile::Encode(Week()));
+    files.SetDenied(SpecialAlarmsFile::Path(), true);
+    LoadSpecialAlarms();
+    EXPECT_EQ(SpecialAlarmsFile::SharedRow(0), Row{});
+}
+
+TEST_F(SpecialAlarmsFileTest, DueAtItsSecondOfItsWeekday) {
+    const DateTime friday = DateTime::FromDate(2004, 5, 14);
+    const Row row = Week()[4];
+    EXPECT_TRUE(SpecialAlarmsFile::IsDue(row, Combine(friday, DateTime::FromTime(17, 30, 0))));
+    EXPECT_FALSE(SpecialAlarmsFile::IsDue(row, Combine(friday, DateTime::FromTime(17, 30, 1))));
+    EXPECT_FALSE(SpecialAlarmsFile::IsDue(row, Combine(friday, DateTime::FromTime(17, 29, 59))));
+    EXPECT_FALSE(SpecialAlarmsFile::IsDue(
+        row, Combine(DateTime::FromDate(2004, 5, 15), DateTime::FromTime(17, 30, 0))));
+    EXPECT_TRUE(SpecialAlarmsFile::IsDue(
+        row, Combine(DateTime::FromDate(2004, 5, 21), DateTime::FromTime(17, 30, 0))));
+}
+
+TEST_F(SpecialAlarmsFileTest, OnlyOneIsEnabled) {
+    const DateTime now = Combine(DateTime::FromDate(2004, 5, 14), DateTime::FromTime(17, 30, 0));
+    for (const int enabled : {0, -1, 2}) {
+        Row row = Week()[4];
+        row.Enabled = static_cast<std::int16_t>(enabled);
+        EXPECT_FALSE(SpecialAlarmsFile::IsDue(row, now)) << enabled;
+    }
+}
+
+TEST_F(SpecialAlarmsFileTest, WeekdayNamesAreComparedExactly) {
+    const DateTime now = Combine(DateTime::FromDate(2004, 5, 14), DateTime::FromTime(17, 30, 0));
+    Row row = Week()[4];
+    row.Day = "friday";
+    EXPECT_FALSE(SpecialAlarmsFile::IsDue(row, now));
+    row.Day = "Friday";
+    locale.weekdayNames[5] = "Freitag";
+    EXPECT_FALSE(SpecialAlarmsFile::IsDue(row, now));
+}
+
+TEST_F(SpecialAlarmsFileTest, ATimeWithADateIsNeverDue) {
+    const DateTime now = Combine(DateTime::FromDate(2004, 5, 14), DateTime::FromTime(17, 30, 0));
+    Row row = Week()[4];
+    row.Time = now;
+    EXPECT_FALSE(SpecialAlarmsFile::IsDue(row, now));
+}
+
+TEST_F(SpecialAlarmsFileTest, ATimeWithSecondsIsDueInThatSecond) {
+    const DateTime friday = DateTime::FromDate(2004, 5, 14);
+    Row row = Week()[4];
+    row.Time = DateTime::FromTime(17, 30, 20);
+    EXPECT_FALSE(SpecialAlarmsFile::IsDue(row, Combine(friday, DateTime::FromTime(17, 30, 0))));
+    EXPECT_TRUE(SpecialAlarmsFile::IsDue(row, Combine(friday, DateTime::FromTime(17, 30, 20))));
+}
+
+}  // namespace

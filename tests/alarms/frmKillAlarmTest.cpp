@@ -1,0 +1,47 @@
+#include "alarms/frmKillAlarm.h"
+
+#include <gtest/gtest.h>
+
+#include "app/StandardCode.h"
+#include "tests/support/WholeProgram.h"
+
+namespace {
+
+class StopAlarm : public testing_support::WholeProgram {};
+
+TEST_F(StopAlarm, AsksItsQuestion) {
+    Start([] { forms::Default<frmKillAlarm>().Show(); });
+    auto& window = forms::Default<frmKillAlarm>();
+    EXPECT_EQ(window.caption(), "Jotwright Alarm");
+    EXPECT_EQ(window.lblQuestion.caption(), "Would you like to stop the current alarm?");
+    EXPECT_EQ(window.Command1.caption(), "&Stop Alarm");
+    EXPECT_TRUE(window.icon().path.empty());
+    user->CloseBox(window);
+}
+
+TEST_F(StopAlarm, TakesTheMainWindowsIcon) {
+    StartQuietly();
+    ASSERT_FALSE(Main().icon().path.empty());
+    EXPECT_EQ(forms::Default<frmKillAlarm>().icon(), Main().icon());
+}
+
+TEST_F(StopAlarm, TheButtonSwitchesOffTheSoundCheckAndNothingElse) {
+    StartQuietly();
+    Start([] { forms::Default<frmKillAlarm>().Show(); });
+    ASSERT_TRUE(Main().tmrCheckSoundFile.enabled());
+    user->Click(forms::Default<frmKillAlarm>().Command1);
+    EXPECT_FALSE(Main().tmrCheckSoundFile.enabled());
+    EXPECT_TRUE(Main().tmrNow.enabled());
+    EXPECT_TRUE(Main().tmrSpecialNotes.enabled());
+    EXPECT_TRUE(forms::Default<frmKillAlarm>().IsVisible());
+    EXPECT_TRUE(sound.log.empty());
+}
+
+TEST_F(StopAlarm, IsHarmlessWithoutAMainWindow) {
+    Start([] { forms::Default<frmKillAlarm>().Show(); });
+    user->Click(forms::Default<frmKillAlarm>().Command1);
+    EXPECT_TRUE(forms::Default<frmKillAlarm>().IsVisible());
+    user->CloseBox(forms::Default<frmKillAlarm>());
+}
+
+}  // namespace

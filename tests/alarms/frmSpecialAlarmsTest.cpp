@@ -1,0 +1,274 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "alarms/frmSpecialAlarms.h"
+#include "app/StandardCode.h"
+#include "tests/support/TestProgram.h"
+
+namespace {
+
+using forms::BoxButtons;
+using forms::BoxIcon;
+using forms::BoxResult;
+using forms::DateTime;
+using StandardCode::Shared;
+
+const std::string path = "C:\\Jotwright\\SpecialAlarms\\SpecialAlarms.txt";
+const std::string emptyRow = "\"Monday\",#00:00:00#,\"\",0\r\n";
+
+class SpecialAlarms : public testing_support::TestProgram {
+  protected:
+    void Open() {
+        Start([] { forms::Default<frmSpecialAlarms>().Show(); });
+    }
+    static frmSpecialAlarms& Window() { return forms::Default<frmSpecialAlarms>(); }
+    static bool IsOpen() { return forms::LoadedDefault<frmSpecialAlarms>() != nullptr; }
+
+    void SetRow(std::size_t row, const char* day, DateTime time, bool enabled) {
+        user->Select(Window().cboDays[row], day);
+        user->Pick(Window().dtpTime[row], time);
+        if ((Window().chkEnabled[row].value() == 1) != enabled) {
+            user->Click(Window().chkEnabled[row]);
+        }
+    }
+    void ExpectIdentical(const char* first, const char* second) {
+        stage->ExpectBox(std::string(20, ' ') + "Alarm Number: " + first + "\r\n" +
+                             std::string(31, ' ') + "and \r\n" + std::string(20, ' ') +
+                             "Alarm Number: " + second + "\r\n" + std::string(10, ' ') +
+                             "Have the same day and time set.\r\n\r\n"
+                             "  Alarms can't be set for the same day and time.      ",
+                         "Error - Identical Alarms", BoxIcon::Exclamation, BoxButtons::Ok,
+                         BoxResult::Ok);
+    }
+    void PutFile(const std::string& firstRows, int emptyRows) {
+        std::string text = firstRows;
+        for (int i = 0; i < emptyRows; ++i) {
+            text += emptyRow;
+        }
+        files.PutFile(path, text);
+    }
+};
+
+TEST_F(SpecialAlarms, LoadsWithoutAFile) {
+    Open();
+    EXPECT_EQ(Window().caption(), "Special Alarms");
+    EXPECT_EQ(Window().icon().path, "C:\\Jotwright\\logo.ico");
+    EXPECT_EQ(Window().lblSPA.caption(),
+              "Jotwright allows up to seven special alarms to be set.  These alarms will go off "
+              "every week for the time set.  Note: the 'Enabled' button must be checked before the "
+              "alarm is activated.");
+    EXPECT_EQ(Window().lblEnable.caption(), "Check To Enable");
+    EXPECT_EQ(Window().lblAlarmDay.caption(), "Alarm Day");
+    EXPECT_EQ(Window().lblAlarmTime.caption(), "Alarm Time");
+    EXPECT_EQ(Window().lblMessage.caption(), "Alarm Message");
+    EXPECT_EQ(Window().cmdSave.toolTip(), "Save Changes and Close");
+    EXPECT_EQ(Window().cmdCancel.caption(), "&Close");
+    EXPECT_EQ(Window().cmdCancel.toolTip(), "Discard Changes and Close");
+    EXPECT_FALSE(Window().cmdSave.enabled());
+    for (std::size_t i = 0; i < 7; ++i) {
+        EXPECT_EQ(Window().lblNum[i].caption(), "#" + std::to_string(i + 1));
+        EXPECT_EQ(Window().cboDays[i].Text(), "Monday");
+        EXPECT_EQ(Window().dtpTime[i].value(), DateTime{});
+        EXPECT_EQ(Window().dtpTime[i].customFormat(), "hh:mm tt");
+        EXPECT_TRUE(Window().dtpTime[i].upDown());
+        EXPECT_EQ(Window().txtMessage[i].text(), "");
+        EXPECT_EQ(Window().chkEnabled[i].caption(), "Enabled");
+        EXPECT_EQ(Window().chkEnabled[i].value(), 0);
+    }
+    EXPECT_EQ(Window().cboDays[0].items,
+              (std::vector<std::string>{"Monday", "Tuesday", "Wednesday", "Thursday", "Friday",
+                                        "Saturday", "Sunday"}));
+}
+
+TEST_F(SpecialAlarms, LoadShowsTheFileAndRefreshesTheSharedRows) {
+    PutFile("\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n\"Sunday\",#08:05:30#,\"\",0\r\n", 5);
+    Open();
+    EXPECT_EQ(Window().cboDays[0].Text(), "Friday");
+    EXPECT_EQ(Window().dtpTime[0].value(), DateTime::FromTime(17, 30, 0));
+    EXPECT_EQ(Window().txtMessage[0].text(), "Pay the rent");
+    EXPECT_EQ(Window().chkEnabled[0].value(), 1);
+    EXPECT_EQ(Window().cboDays[1].Text(), "Sunday");
+    EXPECT_EQ(Window().dtpTime[1].value(), DateTime::FromTime(8, 5, 30));
+    EXPECT_EQ(Window().chkEnabled[1].value(), 0);
+    EXPECT_FALSE(Window().cmdSave.enabled());
+    EXPECT_EQ(Shared().SpecialAlarmDay[0], "Friday");
+    EXPECT_EQ(Shared().SpecialAlarmTime[0], DateTime::FromTime(17, 30, 0));
+    EXPECT_EQ(Shared().SpecialAlarmMessage[0], "Pay the rent");
+    EXPECT_EQ(Shared().SpecialAlarmEnabled[0], 1);
+}
+
+TEST_F(SpecialAlarms, AnUnknownDayKeepsTheDayOfTheRowBefore) {
+    PutFile(
+        "\"Freitag\",#00:00:00#,\"\",0\r\n\"Tuesday\",#00:00:00#,\"\",0\r\n"
+        "\"tuesday\",#00:00:00#,\"\",0\r\n\"\",#00:00:00#,\"\",0\r\n",
+        3);
+    Open();
+    EXPECT_EQ(Window().cboDays[0].Text(), "Monday");
+    EXPECT_EQ(Window().cboDays[1].Text(), "Tuesday");
+    EXPECT_EQ(Window().cboDays[2].Text(), "Tuesday");
+    EXPECT_EQ(Window().cboDays[3].Text(), "Tuesday");
+    EXPECT_EQ(Window().cboDays[4].Text(), "Monday");
+    EXPECT_EQ(Shared().SpecialAlarmDay[0], "Freitag");
+}
+
+TEST_F(SpecialAlarms, AStoredDateIsKeptForTheClockAndDroppedByThePicker) {
+    PutFile("\"Friday\",#2004-05-14 17:30:00#,\"\",1\r\n", 6);
+    Open();
+    EXPECT_EQ(Window().dtpTime[0].value(), DateTime::FromTime(17, 30, 0));
+    EXPECT_TRUE(Shared().SpecialAlarmTime[0].HasDate());
+}
+
+TEST_F(SpecialAlarms, AnyMarkButOneIsUnchecked) {
+    PutFile("\"Friday\",#17:30:00#,\"\",-1\r\n\"Friday\",#17:30:00#,\"\",2\r\n", 5);
+    Open();
+    EXPECT_EQ(Window().chkEnabled[0].value(), 0);
+    EXPECT_EQ(Window().chkEnabled[1].value(), 0);
+}
+
+TEST_F(SpecialAlarms, AFileOfFewerRowsIsAnErrorThatNobodyTraps) {
+    PutFile("", 6);
+    stage->ExpectBox("Run-time error '62':\r\n\r\nInput past end of file", "Jotwright",
+                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+    Open();
+    EXPECT_TRUE(runtime->HasEnded());
+}
+
+TEST_F(SpecialAlarms, EveryKindOfChangeEnablesSave) {
+    Open();
+    user->Select(Window().cboDays[6], "Sunday");
+    EXPECT_TRUE(Window().cmdSave.enabled());
+    Window().cmdSave.enabled = false;
+    user->Pick(Window().dtpTime[5], DateTime::FromTime(7, 0, 0));
+    EXPECT_TRUE(Window().cmdSave.enabled());
+    Window().cmdSave.enabled = false;
+    user->Type(Window().txtMessage[4], "x");
+    EXPECT_TRUE(Window().cmdSave.enabled());
+    Window().cmdSave.enabled = false;
+    user->Click(Window().chkEnabled[3]);
+    EXPECT_TRUE(Window().cmdSave.enabled());
+}
+
+TEST_F(SpecialAlarms, SaveWritesSevenLinesRefreshesTheSharedRowsAndCloses) {
+    Open();
+    SetRow(0, "Friday", DateTime::FromTime(17, 30, 0), true);
+    user->Type(Window().txtMessage[0], "Pay the rent, now");
+    SetRow(6, "Sunday", DateTime::FromTime(8, 0, 0), false);
+    user->Click(Window().cmdSave);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(files.Peek(path), "\"Friday\",#17:30:00#,\"Pay the rent, now\",1\r\n" + emptyRow +
+                                    emptyRow + emptyRow + emptyRow + emptyRow +
+                                    "\"Sunday\",#08:00:00#,\"\",0\r\n");
+    EXPECT_EQ(Shared().SpecialAlarmDay[0], "Friday");
+    EXPECT_EQ(Shared().SpecialAlarmTime[0], DateTime::FromTime(17, 30, 0));
+    EXPECT_EQ(Shared().SpecialAlarmMessage[0], "Pay the rent, now");
+    EXPECT_EQ(Shared().SpecialAlarmEnabled[0], 1);
+    EXPECT_EQ(Shared().SpecialAlarmDay[6], "Sunday");
+    EXPECT_EQ(Shared().SpecialAlarmEnabled[6], 0);
+}
+
+TEST_F(SpecialAlarms, SavedAlarmsComeBack) {
+    Open();
+    SetRow(3, "Thursday", DateTime::FromTime(0, 0, 0), true);
+    user->Type(Window().txtMessage[3], "M\xc3\xbcll \xe2\x80\x93 \xd0\x94\xd0\xb0");
+    user->Click(Window().cmdSave);
+    Restart();
+    Open();
+    EXPECT_EQ(Window().cboDays[3].Text(), "Thursday");
+    EXPECT_EQ(Window().txtMessage[3].text(), "M\xc3\xbcll \xe2\x80\x93 \xd0\x94\xd0\xb0");
+    EXPECT_EQ(Window().chkEnabled[3].value(), 1);
+}
+
+TEST_F(SpecialAlarms, AQuoteInAMessageDoesNotSpoilTheFile) {
+    Open();
+    user->Type(Window().txtMessage[0], "Say \"hello\", please");
+    SetRow(1, "Friday", DateTime::FromTime(9, 0, 0), true);
+    user->Click(Window().cmdSave);
+    EXPECT_FALSE(IsOpen());
+    Open();
+    EXPECT_EQ(Window().txtMessage[0].text(), "Say 'hello', please");
+    EXPECT_EQ(Window().cboDays[1].Text(), "Friday");
+}
+
+TEST_F(SpecialAlarms, IdenticalEnabledRowsAreRefused) {
+    Open();
+    SetRow(1, "Friday", DateTime::FromTime(17, 30, 0), true);
+    SetRow(4, "Friday", DateTime::FromTime(17, 30, 0), true);
+    ExpectIdentical("2", "5");
+    user->Click(Window().cmdSave);
+    EXPECT_TRUE(IsOpen());
+    EXPECT_TRUE(Window().cmdSave.enabled());
+    EXPECT_FALSE(files.FileExists(path));
+}
+
+TEST_F(SpecialAlarms, TheLastRowIsComparedToo) {
+    Open();
+    SetRow(6, "Friday", DateTime::FromTime(17, 30, 0), true);
+    SetRow(2, "Friday", DateTime::FromTime(17, 30, 0), true);
+    ExpectIdentical("3", "7");
+    user->Click(Window().cmdSave);
+    EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(SpecialAlarms, OfSeveralPairsTheFirstOfTheSearchIsNamed) {
+    Open();
+    SetRow(0, "Friday", DateTime::FromTime(17, 30, 0), true);
+    SetRow(6, "Friday", DateTime::FromTime(17, 30, 0), true);
+    SetRow(1, "Sunday", DateTime::FromTime(17, 30, 0), true);
+    SetRow(3, "Sunday", DateTime::FromTime(17, 30, 0), true);
+    // The pair of row 1 and row 7 comes up only when it is row 7's turn.
+    ExpectIdentical("2", "4");
+    user->Click(Window().cmdSave);
+}
+
+TEST_F(SpecialAlarms, ADisabledRowMayShareDayAndTime) {
+    Open();
+    SetRow(1, "Friday", DateTime::FromTime(17, 30, 0), true);
+    SetRow(4, "Friday", DateTime::FromTime(17, 30, 0), false);
+    user->Click(Window().cmdSave);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_TRUE(files.FileExists(path));
+}
+
+TEST_F(SpecialAlarms, OtherDaysAndOtherTimesMayBeEnabledTogether) {
+    Open();
+    SetRow(0, "Friday", DateTime::FromTime(17, 30, 0), true);
+    SetRow(1, "Saturday", DateTime::FromTime(17, 30, 0), true);
+    SetRow(2, "Friday", DateTime::FromTime(17, 31, 0), true);
+    user->Click(Window().cmdSave);
+    EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(SpecialAlarms, CloseDiscardsWithoutAsking) {
+    Open();
+    user->Type(Window().txtMessage[0], "lost");
+    user->Click(Window().cmdCancel);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_FALSE(files.FileExists(path));
+    EXPECT_EQ(Shared().SpecialAlarmMessage[0], "");
+}
+
+TEST_F(SpecialAlarms, AFailedSaveKeepsTheOldFile) {
+    PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
+    Open();
+    user->Type(Window().txtMessage[0], "new");
+    files.SetFreeSpace(0);
+    stage->ExpectBox("Run-time error '61':\r\n\r\nDisk full", "Jotwright", BoxIcon::Critical,
+                     BoxButtons::Ok, BoxResult::Ok);
+    user->Click(Window().cmdSave);
+    EXPECT_TRUE(files.Peek(path)->starts_with("\"Friday\",#17:30:00#,\"old\",1\r\n"));
+}
+
+TEST_F(SpecialAlarms, TabGoesAlongTheRows) {
+    Open();
+    EXPECT_EQ(Window().ActiveControl(), &Window().chkEnabled[0]);
+    user->Tab();
+    EXPECT_EQ(Window().ActiveControl(), &Window().cboDays[0]);
+    user->Tab();
+    user->Tab();
+    EXPECT_EQ(Window().ActiveControl(), &Window().txtMessage[0]);
+    user->Tab();
+    EXPECT_EQ(Window().ActiveControl(), &Window().chkEnabled[1]);
+}
+
+}  // namespace

@@ -1,0 +1,143 @@
+#include "app/Main.h"
+#include "app/ProductTexts.h"
+#include "app/dlgMsgBox.h"
+#include "tests/support/WholeProgram.h"
+
+using namespace forms;
+
+namespace {
+
+using MainTest = testing_support::WholeProgram;
+
+const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
+
+}  // namespace
+
+TEST_F(MainTest, ASecondCopyShowsThePictureBoxAndChangesNothing) {
+    system.previousInstance = true;
+    files.ClearLog();
+    stage->ExpectModal<dlgMsgBox>([this](dlgMsgBox& box) {
+        EXPECT_EQ(box.caption(), "  Jotwright Is Running");
+        EXPECT_EQ(box.lblMsg.caption(),
+                  "     Jotwright is already running.\r\nClick the Blue 'N' in the system tray.");
+        EXPECT_EQ(box.imgMsg.picture().path, "C:\\Jotwright\\logo.ico");
+        EXPECT_EQ(runtime->LoadedForms().size(), 1U);
+        user->Click(box.cmdOk);
+    });
+    runtime->Run(StandardCode::Main);
+    EXPECT_TRUE(runtime->LoadedForms().empty());
+    EXPECT_FALSE(files.FolderExists(notesFolder));
+    EXPECT_TRUE(files.Log().empty());
+    EXPECT_TRUE(settings.values.empty());
+    EXPECT_TRUE(tray.log.empty());
+}
+
+TEST_F(MainTest, TheNotesFolderIsMadeWhenItIsMissing) {
+    Start(StandardCode::Main);
+    EXPECT_TRUE(files.FolderExists(notesFolder));
+}
+
+TEST_F(MainTest, AnExistingNotesFolderAndItsFilesAreLeftAlone) {
+    PutNote("Dentist");
+    files.PutFile(notesFolder + "\\picture.png", "not a note");
+    const auto before = files.Peek(NoteFile("Dentist"));
+    StartQuietly();
+    EXPECT_EQ(files.Peek(NoteFile("Dentist")), before);
+    EXPECT_EQ(files.Peek(notesFolder + "\\picture.png"), "not a note");
+}
+
+TEST_F(MainTest, AFolderThatCannotBeMadeEndsTheProgramWithTheReport) {
+    files.SetReadOnly(testing_support::applicationFolder, true);
+    stage->ExpectBox("Run-time error '75':\r\n\r\nPath/File access error", "Jotwright",
+                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+    Start(StandardCode::Main);
+    EXPECT_TRUE(runtime->HasEnded());
+}
+
+TEST_F(MainTest, TheSharedFlagsStartClear) {
+    StandardCode::Shared().AlarmSounding = true;
+    StandardCode::Shared().SoundRequested = true;
+    StandardCode::Shared().ControlPanelMode = true;
+    StandardCode::Shared().NoteTitles = {"left over"};
+    Start(StandardCode::Main);
+    EXPECT_FALSE(StandardCode::Shared().AlarmSounding);
+    EXPECT_FALSE(StandardCode::Shared().SoundRequested);
+    EXPECT_FALSE(StandardCode::Shared().ControlPanelMode);
+    EXPECT_TRUE(StandardCode::Shared().NoteTitles.empty());
+}
+
+TEST_F(MainTest, TheSplashComesFirstAndTheMainWindowASecondLater) {
+    settings.values[{"Startup", "View Tips"}] = "1";
+    Start(StandardCode::Main);
+    EXPECT_TRUE(Default<frmSplash>().IsShownOnStage());
+    EXPECT_EQ(LoadedDefault<frmMain>(), nullptr);
+    EXPECT_FALSE(tray.icon.has_value());
+    Advance(999);
+    EXPECT_EQ(LoadedDefault<frmMain>(), nullptr);
+    Advance(1);
+    EXPECT_TRUE(Main().IsShownOnStage());
+    EXPECT_TRUE(tray.icon.has_value());
+    EXPECT_EQ(LoadedDefault<frmSplash>(), nullptr);
+}
+
+TEST_F(MainTest, AFreshUserSeesTheTips) {
+    stage->ExpectModal<frmTip>([this](frmTip& tips) {
+        EXPECT_TRUE(Main().IsShownOnStage());
+        user->CloseBox(tips);
+    });
+    Start(StandardCode::Main);
+    Advance(1000);
+}
+
+TEST_F(MainTest, AFreshUserHasTheDefaults) {
+    StartQuietly();
+    EXPECT_EQ(StandardCode::Shared().AlarmSoundPath, "C:\\Jotwright\\Alarm buzzer.wav");
+    EXPECT_FALSE(Main().tmrCooKoo.enabled);
+    EXPECT_FALSE(Main().lblCooKoo.visible);
+    auto& note = MakeNote("Fresh");
+    EXPECT_EQ(note.txtNote.backColor(), (Color{255, 255, 255}));
+    EXPECT_EQ(note.txtNote.fontSize(), 12);
+    EXPECT_TRUE(note.mnu12.checked);
+    EXPECT_EQ(note.cmdShowDateTime.caption(), "Hide &System Date/Time");
+}
+
+TEST_F(MainTest, AMissingTitlePictureEndsTheProgram) {
+    files.Remove("C:\\Jotwright\\jotwright_title.gif");
+    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright", BoxIcon::Critical,
+                     BoxButtons::Ok, BoxResult::Ok);
+    Start(StandardCode::Main);
+    Advance(1000);
+    EXPECT_TRUE(runtime->HasEnded());
+    EXPECT_FALSE(tray.icon.has_value());
+}
+
+TEST_F(MainTest, ASettingThatIsNoNumberEndsTheProgram) {
+    settings.values[{"Options", "StartCookoo"}] = "yes";
+    stage->ExpectBox("Run-time error '13':\r\n\r\nType mismatch", "Jotwright", BoxIcon::Critical,
+                     BoxButtons::Ok, BoxResult::Ok);
+    Start(StandardCode::Main);
+    Advance(1000);
+    EXPECT_TRUE(runtime->HasEnded());
+}
+
+TEST_F(MainTest, AnErrorThatNobodyTrapsSavesTheOpenNotesFirst) {
+    StartQuietly();
+    auto& note = MakeNote("Dentist");
+    user->Type(note.txtNote, "Call to move the appointment.");
+    stage->ExpectBox("Run-time error '6':\r\n\r\nOverflow", "Jotwright", BoxIcon::Critical,
+                     BoxButtons::Ok, BoxResult::Ok);
+    Start([] { throw RuntimeError(ErrorNumber::Overflow); });
+    EXPECT_TRUE(runtime->HasEnded());
+    ASSERT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
+    EXPECT_NE(files.Peek(NoteFile("Dentist"))->find("Call to move"), std::string::npos);
+    EXPECT_FALSE(tray.icon.has_value());
+}
+
+TEST_F(MainTest, TemporaryFilesOfAKilledSaveAreRemoved) {
+    StartQuietly();
+    auto& note = MakeNote("Dentist");
+    user->Type(note.txtNote, "first");
+    user->Choose(note.mnuHide);
+    auto names = files.Names(notesFolder);
+    EXPECT_EQ(names, std::vector<std::string>{"Dentist.txt"});
+}

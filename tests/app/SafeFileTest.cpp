@@ -1,0 +1,273 @@
+#include <gtest/gtest.h>
+
+#include "app/SafeFile.h"
+#include "tests/support/RuleDevices.h"
+
+namespace {
+
+using testing_support::ErrorOf;
+using testing_support::RuleDevices;
+
+using forms::ErrorNumber;
+using forms::headless::Killed;
+using forms::headless::MemoryFiles;
+using Moment = MemoryFiles::Moment;
+
+const std::string folder = "C:\\Jotwright\\Notes";
+const std::string path = folder + "\\Dentist.txt";
+const std::string oldBytes = "the old note";
+const std::string newBytes = "the new note, which is longer than the old one";
+
+class SafeFileTest : public testing::Test, protected RuleDevices {
+  protected:
+    SafeFileTest() { files.PutFile(path, oldBytes); }
+
+    std::vector<std::string> Names() { return files.Names(folder); }
+    const std::vector<std::string> justTheNote{"Dentist.txt"};
+};
+
+TEST_F(SafeFileTest, ReplacesAnExistingFile) {
+    EXPECT_TRUE(SafeFile::ReplaceFile(path, newBytes));
+    EXPECT_EQ(files.Peek(path), newBytes);
+    EXPECT_EQ(Names(), justTheNote);
+}
+
+TEST_F(SafeFileTest, MakesANewFile) {
+    const std::string other = folder + "\\Other.txt";
+    EXPECT_TRUE(SafeFile::ReplaceFile(other, newBytes));
+    EXPECT_EQ(files.Peek(other), newBytes);
+    EXPECT_EQ(files.Peek(path), oldBytes);
+}
+
+TEST_F(SafeFileTest, WritesNothingWhereTheFileHoldsTheseBytes) {
+    EXPECT_FALSE(SafeFile::ReplaceFile(path, oldBytes));
+    EXPECT_EQ(files.Log(), std::vector<std::string>{"read " + path});
+    EXPECT_TRUE(SafeFile::ReplaceFile(path, oldBytes + " "));
+    EXPECT_FALSE(SafeFile::ReplaceFile(path, oldBytes + " "));
+}
+
+TEST_F(SafeFileTest, AnEmptyFileIsMadeToo) {
+    const std::string empty = folder + "\\Empty.txt";
+    EXPECT_TRUE(SafeFile::ReplaceFile(empty, ""));
+    EXPECT_EQ(files.Peek(empty), "");
+    EXPECT_FALSE(SafeFile::ReplaceFile(empty, ""));
+}
+
+TEST_F(SafeFileTest, FileNameInOtherLettersKeepsThoseOfTheDisk) {
+    EXPECT_TRUE(SafeFile::ReplaceFile(folder + "\\dENTIST.txt", newBytes));
+    EXPECT_EQ(Names(), justTheNote);
+    EXPECT_EQ(files.Peek(path), newBytes);
+}
+
+TEST_F(SafeFileTest, AnotherNameThatEndsAlikeIsLeftAlone) {
+    EXPECT_TRUE(SafeFile::ReplaceFile(folder + "\\tist.txt", newBytes));
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Dentist.txt", "tist.txt"}));
+    EXPECT_EQ(files.Peek(path), oldBytes);
+}
+
+TEST_F(SafeFileTest, ATitleAsLongAsTheSystemTakesCanBeSaved) {
+    const std::string longest = folder + '\\' + std::string(259 - folder.size() - 5, 'x') + ".txt";
+    EXPECT_TRUE(SafeFile::ReplaceFile(longest, newBytes));
+    EXPECT_EQ(files.Peek(longest), newBytes);
+    EXPECT_EQ(ErrorOf([&] { SafeFile::ReplaceFile(longest + "xxxx", newBytes); }), 76);
+}
+
+TEST_F(SafeFileTest, NamesThatTheSystemRefusesLeaveNothingBehind) {
+    for (const char* name : {"a*b", "what?", "a|b", "a<b", "a>b", "con", "LPT1"}) {
+        EXPECT_EQ(ErrorOf([&] { SafeFile::ReplaceFile(folder + '\\' + name + ".txt", newBytes); }),
+                  52)
+            << name;
+        EXPECT_EQ(Names(), justTheNote) << name;
+    }
+}
+
+// What is on the disk while the new bytes are on their way must never be taken for a note.
+TEST_F(SafeFileTest, TheTemporaryFileIsNotListedAsANote) {
+    files.KillAt(5, Moment::Before);
+    EXPECT_THROW(SafeFile::ReplaceFile(path, newBytes), Killed);
+    files.Restart();
+    EXPECT_EQ(files.List(folder, ".txt").size(), 1U);
+    EXPECT_EQ(Names().size(), 2U);
+}
+
+struct KillPoint {
+    int step;
+    Moment moment;
+};
+
+std::vector<KillPoint> EveryKillPoint(int steps) {
+    std::vector<KillPoint> points;
+    for (int step = 1; step <= steps; ++step) {
+        for (const Moment moment : {Moment::Before, Moment::Middle, Moment::After}) {
+            points.push_back({step, moment});
+        }
+    }
+    return points;
+}
+
+// Reading what is there, creating the temporary file, writing, flushing, renaming.
+constexpr int stepsOfReplacing = 5;
+
+TEST_F(SafeFileTest, StepsOfASave) {
+    files.ClearFaults();
+    SafeFile::ReplaceFile(path, newBytes);
+    EXPECT_EQ(files.Steps(), stepsOfReplacing);
+}
+
+class KilledSave : public SafeFileTest, public testing::WithParamInterface<KillPoint> {};
+
+TEST_P(KilledSave, LeavesTheOldFileOrTheNewOneWhole) {
+    files.KillAt(GetParam().step, GetParam().moment);
+    EXPECT_THROW(SafeFile::ReplaceFile(path, newBytes), Killed);
+    files.Restart();
+    const bool isRenamed =
+        GetParam().step == stepsOfReplacing && GetParam().moment == Moment::After;
+    EXPECT_EQ(files.Peek(path), isRenamed ? newBytes : oldBytes);
+
+    SafeFile::RemoveLeftovers(folder);
+    EXPECT_EQ(Names(), justTheNote);
+    SafeFile::ReplaceFile(path, newBytes);
+    EXPECT_EQ(files.Peek(path), newBytes);
+    EXPECT_EQ(Names(), justTheNote);
+}
+
+TEST_P(KilledSave, ANewFileIsThereWholeOrNotAtAll) {
+    const std::string other = folder + "\\Other.txt";
+    files.KillAt(GetParam().step, GetParam().moment);
+    try {
+        SafeFile::ReplaceFile(other, newBytes);
+        EXPECT_EQ(GetParam().step, stepsOfReplacing);  // nothing to read, so one step less
+    } catch (const Killed&) {
+        EXPECT_LT(GetParam().step, stepsOfReplacing);
+    }
+    files.Restart();
+    const bool isRenamed =
+        GetParam().step == stepsOfReplacing ||
+        (GetParam().step == stepsOfReplacing - 1 && GetParam().moment == Moment::After);
+    EXPECT_EQ(files.Peek(other), isRenamed ? std::optional(newBytes) : std::nullopt);
+    EXPECT_EQ(files.Peek(path), oldBytes);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryStep, KilledSave,
+                         testing::ValuesIn(EveryKillPoint(stepsOfReplacing)));
+
+class FailedSave : public SafeFileTest, public testing::WithParamInterface<int> {};
+
+TEST_P(FailedSave, LeavesTheOldFileAndNoOther) {
+    files.FailAt(GetParam(), ErrorNumber::DeviceIoError);
+    const int error = ErrorOf([] { SafeFile::ReplaceFile(path, newBytes); });
+    if (GetParam() == 1) {
+        // The old bytes could not be compared; that does not keep the new ones from being saved.
+        EXPECT_EQ(error, 0);
+        EXPECT_EQ(files.Peek(path), newBytes);
+    } else {
+        EXPECT_EQ(error, 57);
+        EXPECT_EQ(files.Peek(path), oldBytes);
+    }
+    EXPECT_EQ(Names(), justTheNote);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryStep, FailedSave, testing::Range(1, stepsOfReplacing + 1));
+
+TEST_F(SafeFileTest, FullDiskKeepsTheOldFile) {
+    for (std::uint64_t space = 0; space < newBytes.size(); ++space) {
+        files.SetFreeSpace(space);
+        EXPECT_EQ(ErrorOf([] { SafeFile::ReplaceFile(path, newBytes); }), 61);
+        EXPECT_EQ(files.Peek(path), oldBytes);
+        EXPECT_EQ(Names(), justTheNote);
+    }
+    files.SetFreeSpace(newBytes.size());
+    EXPECT_TRUE(SafeFile::ReplaceFile(path, newBytes));
+    EXPECT_EQ(files.Peek(path), newBytes);
+}
+
+TEST_F(SafeFileTest, ReadOnlyFileStays) {
+    files.SetReadOnly(path, true);
+    EXPECT_EQ(ErrorOf([] { SafeFile::ReplaceFile(path, newBytes); }), 75);
+    EXPECT_EQ(files.Peek(path), oldBytes);
+    EXPECT_EQ(Names(), justTheNote);
+}
+
+TEST_F(SafeFileTest, ReadOnlyFolderStays) {
+    files.SetReadOnly(folder, true);
+    EXPECT_EQ(ErrorOf([] { SafeFile::ReplaceFile(path, newBytes); }), 75);
+    EXPECT_EQ(files.Peek(path), oldBytes);
+    EXPECT_EQ(Names(), justTheNote);
+}
+
+TEST_F(SafeFileTest, FileHeldByAnotherProgramStays) {
+    files.SetDenied(path, true);
+    EXPECT_EQ(ErrorOf([] { SafeFile::ReplaceFile(path, newBytes); }), 70);
+    EXPECT_EQ(files.Peek(path), oldBytes);
+    EXPECT_EQ(Names(), justTheNote);
+}
+
+TEST_F(SafeFileTest, MissingFolderIsReported) {
+    EXPECT_EQ(ErrorOf([] { SafeFile::ReplaceFile("C:\\Nowhere\\a.txt", newBytes); }), 76);
+}
+
+TEST_F(SafeFileTest, ErrorOfTheSavePassesOnEvenWhereTheTemporaryFileStays) {
+    files.FailAt(4, ErrorNumber::DeviceIoError);
+    class StuckFiles : public forms::FileSystem {
+      public:
+        explicit StuckFiles(MemoryFiles& disk) : inner(disk) {}
+        bool FolderExists(const std::string& p) override { return inner.FolderExists(p); }
+        bool FileExists(const std::string& p) override { return inner.FileExists(p); }
+        void MakeFolder(const std::string& p) override { inner.MakeFolder(p); }
+        std::vector<forms::FileEntry> List(const std::string& f, const std::string& s) override {
+            return inner.List(f, s);
+        }
+        std::string Read(const std::string& p) override { return inner.Read(p); }
+        void WriteThrough(const std::string& p, const std::string& bytes) override {
+            inner.WriteThrough(p, bytes);
+        }
+        void Replace(const std::string& from, const std::string& to) override {
+            inner.Replace(from, to);
+        }
+        void Delete(const std::string&) override {
+            throw forms::RuntimeError(ErrorNumber::PermissionDenied);
+        }
+        void Recycle(const std::string& p) override { inner.Recycle(p); }
+        void Copy(const std::string& from, const std::string& to) override { inner.Copy(from, to); }
+
+      private:
+        MemoryFiles& inner;
+    } stuck(files);
+    forms::Machine().files = &stuck;
+    EXPECT_EQ(ErrorOf([] { SafeFile::ReplaceFile(path, newBytes); }), 57);
+    EXPECT_EQ(Names().size(), 2U);
+    SafeFile::RemoveLeftovers(folder);
+    EXPECT_TRUE(SafeFile::ReplaceFile(path, newBytes));
+    EXPECT_EQ(files.Peek(path), newBytes);
+}
+
+TEST_F(SafeFileTest, ALeftoverThatCannotBeWrittenIsNotInTheWay) {
+    files.PutFile(folder + "\\~Jotwright1.tmp", "junk");
+    files.SetReadOnly(folder + "\\~Jotwright1.tmp", true);
+    files.PutFolder(folder + "\\~Jotwright2.tmp");
+    EXPECT_TRUE(SafeFile::ReplaceFile(path, newBytes));
+    EXPECT_EQ(files.Peek(path), newBytes);
+    EXPECT_EQ(files.Peek(folder + "\\~Jotwright1.tmp"), "junk");
+}
+
+TEST_F(SafeFileTest, OnlyLeftoversAreRemoved) {
+    files.PutFile(folder + "\\~Jotwright1.tmp", "junk");
+    files.PutFile(folder + "\\~JOTWRIGHT12.TMP", "junk");
+    files.PutFile(folder + "\\mine.tmp", "mine");
+    files.PutFile(folder + "\\~Jotwright.txt", "mine");
+    files.PutFile(folder + "\\a~Jotwright1.tmp", "mine");
+    SafeFile::RemoveLeftovers(folder);
+    EXPECT_EQ(Names(), (std::vector<std::string>{"a~Jotwright1.tmp", "Dentist.txt", "mine.tmp",
+                                                 "~Jotwright.txt"}));
+}
+
+TEST_F(SafeFileTest, RemovingLeftoversGoesOnBehindOneThatStays) {
+    files.PutFile(folder + "\\~Jotwright1.tmp", "junk");
+    files.PutFile(folder + "\\~Jotwright2.tmp", "junk");
+    files.SetDenied(folder + "\\~Jotwright1.tmp", true);
+    SafeFile::RemoveLeftovers(folder);
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Dentist.txt", "~Jotwright1.tmp"}));
+    SafeFile::RemoveLeftovers("C:\\Nowhere");
+}
+
+}  // namespace

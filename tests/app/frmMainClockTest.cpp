@@ -1,0 +1,245 @@
+#include "alarms/SpecialAlarmsFile.h"
+#include "tests/support/WholeProgram.h"
+
+using namespace forms;
+using headless::RecordedSound;
+
+namespace {
+
+// The program starts on Friday, 14 May 2004, 9:00:00 and its main window is up at 9:00:01.
+class frmMainClockTest : public testing_support::WholeProgram {
+  protected:
+    void PutAlarm(const std::string& title, const std::string& time, int color, bool withSound) {
+        PutNote(title, "#2004-05-14#,#" + time + "#," + std::to_string(color) + ",12,\"1\"," +
+                           (withSound ? "1" : "0") + ",\"yes\"\r\n");
+    }
+
+    // As after hiding every note: saved, and no editor is open.
+    void CloseEditors() {
+        for (;;) {
+            frmNote* open = nullptr;
+            for (const auto& form : runtime->LoadedForms()) {
+                auto* note = dynamic_cast<frmNote*>(form.get());
+                if (note != nullptr && note->IsVisible()) {
+                    open = note;
+                }
+            }
+            if (open == nullptr) {
+                return;
+            }
+            user->CloseBox(*open);
+        }
+    }
+
+    void AdvanceTo(int hour, int minute, int second) {
+        const auto target = Combine(Today(), DateTime::FromTime(hour, minute, second));
+        while (Now() < target) {
+            Advance(100);
+        }
+    }
+
+    void SetSpecialAlarm(std::size_t row, const std::string& day, DateTime time,
+                         const std::string& message) {
+        SpecialAlarmsFile::StoreSharedRow(row, {day, time, message, 1});
+    }
+};
+
+}  // namespace
+
+TEST_F(frmMainClockTest, ASavedNoteComesUpOnceInItsSecond) {
+    PutAlarm("Dentist", "09:30:00", 2, false);
+    StartQuietly();
+    CloseEditors();
+    AdvanceTo(9, 29, 59);
+    Advance(999);
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
+    Advance(1000);
+    auto* display = FindWindow<frmDisplayNote>("Dentist");
+    ASSERT_NE(display, nullptr);
+    EXPECT_EQ(display->lblNoteText.backColor(), (Color{255, 128, 128}));
+    Advance(5000);
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 1);
+    EXPECT_TRUE(sound.log.empty());
+}
+
+TEST_F(frmMainClockTest, AnAlarmSetForNoonFiresOnTheFirstTickWithinThatSecond) {
+    PutAlarm("Noon", "12:00:00", 1, false);
+    StartQuietly();
+    CloseEditors();
+    AdvanceTo(12, 0, 0);
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
+    Advance(500);
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 1);
+    EXPECT_EQ(Now().TimeOnly(), DateTime::FromTime(12, 0, 0));
+}
+
+TEST_F(frmMainClockTest, AnAlarmInThePastNeverFires) {
+    PutAlarm("Past", "08:59:00", 1, false);
+    StartQuietly();
+    CloseEditors();
+    Advance(60'000);
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
+}
+
+TEST_F(frmMainClockTest, AnotherDayDoesNotFire) {
+    PutNote("Tomorrow", "#2004-05-15#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+    StartQuietly();
+    CloseEditors();
+    AdvanceTo(9, 31, 0);
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
+}
+
+TEST_F(frmMainClockTest, AnOpenEditorRingsAndNothingElse) {
+    PutAlarm("Dentist", "09:30:00", 1, false);
+    StartQuietly();
+    EXPECT_EQ(Editor("Dentist").windowState(), WindowState::Minimized);
+    AdvanceTo(9, 30, 1);
+    EXPECT_EQ(Editor("Dentist").windowState(), WindowState::Normal);
+    EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Set Alarm");
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
+}
+
+TEST_F(frmMainClockTest, TheSoundStartsOneSecondAfterTheDisplayOpened) {
+    PutAlarm("Dentist", "09:30:00", 1, true);
+    StartQuietly();
+    CloseEditors();
+    AdvanceTo(9, 30, 1);
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 1);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 0);
+    EXPECT_TRUE(StandardCode::Shared().AlarmSounding);
+    Advance(500);
+    ASSERT_EQ(sound.Count(RecordedSound::Kind::Once), 1);
+    EXPECT_EQ(sound.log.back().path, "C:\\Jotwright\\Alarm buzzer.wav");
+}
+
+TEST_F(frmMainClockTest, OfSeveralNotesDueOnlyTheLastOpenedSounds) {
+    PutAlarm("A", "09:30:00", 1, true);
+    PutAlarm("B", "09:30:00", 1, true);
+    StartQuietly();
+    CloseEditors();
+    AdvanceTo(9, 30, 3);
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 2);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 1);
+}
+
+TEST_F(frmMainClockTest, ALoopingSoundKeepsFurtherDisplaysSilent) {
+    settings.values[{"Options", "NoteLoops"}] = "1";
+    PutAlarm("A", "09:30:00", 1, true);
+    PutAlarm("B", "09:30:10", 1, true);
+    StartQuietly();
+    CloseEditors();
+    stage->ExpectBox("      Turn Off Alarm?       ", "Jotwright Audio Alarm", BoxIcon::Information,
+                     BoxButtons::Ok, BoxResult::Ok, [this] {
+                         Advance(20'000);
+                         EXPECT_EQ(CountVisible<frmDisplayNote>(), 2);
+                         EXPECT_EQ(sound.Count(RecordedSound::Kind::Loop), 1);
+                     });
+    AdvanceTo(9, 30, 2);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::Stop), 1);
+    Advance(5000);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::Loop), 1);
+    EXPECT_FALSE(StandardCode::Shared().AlarmSounding);
+}
+
+TEST_F(frmMainClockTest, ASpecialAlarmShowsItsMessageAndSounds) {
+    StartQuietly();
+    SetSpecialAlarm(2, "Friday", DateTime::FromTime(9, 5, 0), "Pay the rent");
+    stage->ExpectBox("Message for Friday               \r\n\r\nPay the rent",
+                     "Jotwright Daily Alarm", BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
+                     [this] { EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav"); });
+    AdvanceTo(9, 5, 2);
+    EXPECT_FALSE(sound.IsPlaying());
+}
+
+TEST_F(frmMainClockTest, ASpecialAlarmWithoutAMessageSaysSo) {
+    StartQuietly();
+    SetSpecialAlarm(0, "Friday", DateTime::FromTime(9, 5, 0), "");
+    stage->ExpectBox("Message for Friday               \r\n\r\nNo Special Message",
+                     "Jotwright Daily Alarm", BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    AdvanceTo(9, 5, 2);
+    EXPECT_EQ(StandardCode::Shared().SpecialAlarmMessage[0], "No Special Message");
+}
+
+TEST_F(frmMainClockTest, TheTickIsBlockedWhileASpecialAlarmWaits) {
+    StartQuietly();
+    SetSpecialAlarm(0, "Friday", DateTime::FromTime(9, 5, 0), "first");
+    SetSpecialAlarm(1, "Friday", DateTime::FromTime(9, 5, 0), "second");
+    SetSpecialAlarm(2, "Friday", DateTime::FromTime(9, 5, 10), "missed");
+    stage->ExpectBox("Message for Friday               \r\n\r\nfirst", "Jotwright Daily Alarm",
+                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
+                     [this] { Advance(30'000); });
+    stage->ExpectBox("Message for Friday               \r\n\r\nsecond", "Jotwright Daily Alarm",
+                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    AdvanceTo(9, 6, 0);
+}
+
+TEST_F(frmMainClockTest, TheCuckooIsSwitchedOnAndOff) {
+    StartQuietly();
+    user->Click(Main().cmdCookoo);
+    EXPECT_EQ(Main().cmdCookoo.caption(), "Stop CooKoo &Clock");
+    EXPECT_EQ(Main().cmdCookoo.toolTip(), "Stop the Cookoo Clock");
+    EXPECT_TRUE(Main().lblCooKoo.visible);
+    EXPECT_TRUE(Main().tmrCooKoo.enabled);
+    user->Click(Main().cmdCookoo);
+    EXPECT_EQ(Main().cmdCookoo.caption(), "Start CooKoo &Clock");
+    EXPECT_EQ(Main().cmdCookoo.toolTip(), "Start the Cookoo Clock");
+    EXPECT_FALSE(Main().lblCooKoo.visible);
+    EXPECT_FALSE(Main().tmrCooKoo.enabled);
+}
+
+TEST_F(frmMainClockTest, TheCuckooStartsWithTheProgram) {
+    settings.values[{"Options", "StartCookoo"}] = "1";
+    StartQuietly();
+    EXPECT_EQ(Main().cmdCookoo.caption(), "Stop CooKoo &Clock");
+    EXPECT_EQ(Main().cmdCookoo.toolTip(), "Stop the Cookoo Clock");
+    EXPECT_TRUE(Main().lblCooKoo.visible);
+    EXPECT_EQ(StandardCode::Shared().StartCookooFlag, 1);
+}
+
+TEST_F(frmMainClockTest, TheCuckooStrikesTheHourFifteenSecondsLate) {
+    SetNow(2004, 5, 14, 14, 59, 50);
+    StartQuietly();
+    user->Click(Main().cmdCookoo);
+    AdvanceTo(15, 0, 15);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
+    AdvanceTo(15, 0, 30);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 3);
+    EXPECT_EQ(sound.log.front().path, "C:\\Jotwright\\Cuckoo clock.wav");
+    EXPECT_TRUE(Main().tmrCooKoo.enabled);
+}
+
+TEST_F(frmMainClockTest, NoonIsSilentMidnightAndElevenAtNightStrikeTwelve) {
+    SetNow(2004, 5, 14, 11, 59, 50);
+    StartQuietly();
+    user->Click(Main().cmdCookoo);
+    AdvanceTo(12, 1, 0);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
+    stage->Jump(11 * 3600 - 70);
+    AdvanceTo(23, 1, 0);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 12);
+    stage->Jump(3600 - 70);
+    Advance(60'000);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 24);
+}
+
+TEST_F(frmMainClockTest, ALateTickMissesTheHour) {
+    SetNow(2004, 5, 14, 13, 59, 50);
+    StartQuietly();
+    user->Click(Main().cmdCookoo);
+    AdvanceTo(14, 0, 14);
+    Advance(600);
+    clock.Pass(1200);  // busy over the whole second
+    Advance(3000);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
+}
+
+TEST_F(frmMainClockTest, TheCuckooIsSilentWhileAnAlarmSounds) {
+    SetNow(2004, 5, 14, 14, 59, 50);
+    StartQuietly();
+    user->Click(Main().cmdCookoo);
+    SetSpecialAlarm(0, "Friday", DateTime::FromTime(15, 0, 15), "now");
+    stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
+                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    AdvanceTo(15, 0, 40);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
+}

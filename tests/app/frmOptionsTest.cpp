@@ -1,0 +1,326 @@
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <utility>
+
+#include "app/StandardCode.h"
+#include "app/frmOptions.h"
+#include "forms/RuntimeError.h"
+#include "tests/support/TestProgram.h"
+
+namespace {
+
+using forms::BoxButtons;
+using forms::BoxIcon;
+using forms::BoxResult;
+
+const std::string startupFolder =
+    "C:\\Documents and Settings\\All Users\\Start Menu\\Programs\\Startup";
+const std::string startupLink = startupFolder + "\\Shortcut To Jotwright.lnk";
+const std::string shippedLink = "C:\\Jotwright\\Shortcut To Jotwright.lnk";
+
+// A store that fails at the writing with this number, counted from 1.
+class FailingSettings : public forms::headless::HeadlessSettings {
+  public:
+    void Write(const std::string& section, const std::string& key,
+               const std::string& value) override {
+        if (++writes == failingWrite) {
+            throw forms::RuntimeError(forms::ErrorNumber::DeviceIoError);
+        }
+        HeadlessSettings::Write(section, key, value);
+    }
+    int writes = 0;
+    int failingWrite = 0;
+};
+
+class Options : public testing_support::TestProgram {
+  protected:
+    void SetUp() override {
+        TestProgram::SetUp();
+        files.PutFolder(startupFolder);
+        files.PutFile(shippedLink, "link");
+    }
+
+    void Open() {
+        Start([] { forms::Default<frmOptions>().Show(); });
+    }
+    void Set(const std::string& key, const std::string& value) {
+        settings.values[{"Options", key}] = value;
+    }
+    std::string Get(const std::string& key) { return settings.values.at({"Options", key}); }
+    static bool IsOpen() { return forms::LoadedDefault<frmOptions>() != nullptr; }
+    static frmOptions& Window() { return forms::Default<frmOptions>(); }
+
+    static int SelectedColor() { return Selected(Window().optDefaultColor); }
+    static int SelectedFont() { return Selected(Window().optDefaultFont); }
+
+    void ExpectLinkError() {
+        stage->ExpectBox("Unable to create startup link.       ", "Startup Link Error",
+                         BoxIcon::Exclamation, BoxButtons::Ok, BoxResult::Ok);
+    }
+
+  private:
+    template <class Buttons>
+    static int Selected(const Buttons& buttons) {
+        for (const auto& button : buttons) {
+            if (button.value) {
+                return button.index;
+            }
+        }
+        return -1;
+    }
+};
+
+TEST_F(Options, Captions) {
+    Open();
+    EXPECT_EQ(Window().caption(), "Note Options");
+    EXPECT_EQ(Window().icon().path, "C:\\Jotwright\\logo.ico");
+    EXPECT_EQ(Window().fraGeneral.caption(), "General Options");
+    EXPECT_EQ(Window().chkNoteLoops.caption(), "Play Note Alarms Continuously." +
+                                                   std::string(19, ' ') +
+                                                   "( Alarms will play one time if unchecked )");
+    EXPECT_EQ(Window().chkIsService.caption(), "Start Jotwright when Windows starts." +
+                                                   std::string(4, ' ') +
+                                                   "(Option Available For Windows XP only!)");
+    EXPECT_EQ(Window().fraDefaultColor.caption(), " Default Note Color");
+    EXPECT_EQ(Window().optDefaultFont[3].caption(), "16 point");
+    EXPECT_EQ(Window().optDefaultColor[5].caption(), "Gray");
+}
+
+TEST_F(Options, ColorButtonsShowTheirColors) {
+    Open();
+    const forms::Color colors[] = {{0xff, 0xff, 0xff}, {0xff, 0x80, 0x80}, {0x00, 0xc0, 0x00},
+                                   {0x80, 0x80, 0xff}, {0xff, 0xff, 0x00}, {0xc0, 0xc0, 0xc0}};
+    for (std::size_t i = 0; i < 6; ++i) {
+        EXPECT_EQ(Window().optDefaultColor[i].backColor(), colors[i]) << i;
+        EXPECT_EQ(Window().shpColor[i].fillColor(), colors[i]) << i;
+    }
+}
+
+TEST_F(Options, AFreshUserGetsTheDefaults) {
+    StandardCode::Shared().StartCookooFlag = 1;
+    Open();
+    EXPECT_EQ(SelectedColor(), 0);
+    EXPECT_EQ(SelectedFont(), 0);
+    for (const forms::CheckBox* box :
+         {&Window().chkNoteLoops, &Window().chkShowDateTime, &Window().chkCooKooOn,
+          &Window().chkIsService, &Window().chkShowOnTop}) {
+        EXPECT_EQ(box->value(), 0) << box->name;
+    }
+    EXPECT_EQ(StandardCode::Shared().StartCookooFlag, 0);
+    EXPECT_TRUE(settings.values.empty());
+}
+
+TEST_F(Options, LoadShowsWhatIsStored) {
+    Set("DefaultColor", "4");
+    Set("DefaultFontSize", "3");
+    Set("WindowOnTop", "1");
+    Set("StartCookoo", "1");
+    Set("ShowDateTime", "1");
+    Set("NoteLoops", "1");
+    Set("IsService", "1");
+    Open();
+    EXPECT_EQ(SelectedColor(), 4);
+    EXPECT_EQ(SelectedFont(), 3);
+    EXPECT_EQ(Window().chkShowOnTop.value(), 1);
+    EXPECT_EQ(Window().chkCooKooOn.value(), 1);
+    EXPECT_EQ(Window().chkShowDateTime.value(), 1);
+    EXPECT_EQ(Window().chkNoteLoops.value(), 1);
+    EXPECT_EQ(Window().chkIsService.value(), 1);
+    EXPECT_EQ(StandardCode::Shared().StartCookooFlag, 1);
+}
+
+TEST_F(Options, AnyNoteLoopsButZeroChecksTheBox) {
+    Set("NoteLoops", "7");
+    Open();
+    EXPECT_EQ(Window().chkNoteLoops.value(), 1);
+}
+
+TEST_F(Options, AMissingIsServiceTakesTheColorCode) {
+    Set("DefaultColor", "1");
+    Open();
+    EXPECT_EQ(Window().chkIsService.value(), 1);
+    // Its handler ran, so that applying makes the link.
+    user->Click(Window().cmdApply);
+    EXPECT_TRUE(files.FileExists(startupLink));
+}
+
+TEST_F(Options, ATextThatIsNoNumberIsNotTrapped) {
+    Set("WindowOnTop", "yes");
+    stage->ExpectBox("Run-time error '13':\r\n\r\nType mismatch", "Jotwright", BoxIcon::Critical,
+                     BoxButtons::Ok, BoxResult::Ok);
+    Open();
+    EXPECT_TRUE(runtime->HasEnded());
+}
+
+TEST_F(Options, ACodeOutOfRangeSelectsNoneAndStays) {
+    Set("DefaultColor", "9");
+    Set("DefaultFontSize", "-1");
+    Set("IsService", "0");
+    Open();
+    EXPECT_EQ(SelectedColor(), -1);
+    EXPECT_EQ(SelectedFont(), -1);
+    user->Click(Window().optDefaultFont[1]);
+    user->Click(Window().cmdApply);
+    EXPECT_EQ(Get("DefaultColor"), "9");
+    EXPECT_EQ(Get("DefaultFontSize"), "1");
+}
+
+TEST_F(Options, WindowsVersionTexts) {
+    Open();
+    const std::pair<std::uint32_t, const char*> versions[] = {
+        {0x0105, "5.01"}, {0x0005, "5.00"}, {0x000A, "10.00"},   {0x0106, "6.01"},
+        {0x5A04, "4.90"}, {0xC805, "7.00"}, {0x1DB10105, "5.01"}};
+    for (const auto& [version, text] : versions) {
+        system.version = version;
+        EXPECT_EQ(Window().GetWinVersion(), text);
+    }
+}
+
+TEST_F(Options, OnlyVersionsAboveFiveCanStartWithWindows) {
+    for (const auto& [version, available] :
+         std::map<std::uint32_t, bool>{{0x0005, false}, {0x5A04, false}, {0x0105, true}}) {
+        system.version = version;
+        Open();
+        EXPECT_EQ(Window().chkIsService.enabled(), available) << version;
+        user->Click(Window().cmdCancel);
+    }
+}
+
+TEST_F(Options, ApplyWritesAllSevenKeysEvenWhenNothingChanged) {
+    Open();
+    user->Click(Window().cmdApply);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(settings.values.size(), 7U);
+    for (const char* key : {"DefaultColor", "DefaultFontSize", "WindowOnTop", "StartCookoo",
+                            "NoteLoops", "IsService", "ShowDateTime"}) {
+        EXPECT_EQ(Get(key), "0") << key;
+    }
+}
+
+TEST_F(Options, ApplyWritesWhatIsChosen) {
+    Open();
+    user->Click(Window().optDefaultColor[5]);
+    user->Click(Window().optDefaultFont[2]);
+    user->Click(Window().chkShowOnTop);
+    user->Click(Window().chkNoteLoops);
+    user->Click(Window().cmdApply);
+    EXPECT_EQ(Get("DefaultColor"), "5");
+    EXPECT_EQ(Get("DefaultFontSize"), "2");
+    EXPECT_EQ(Get("WindowOnTop"), "1");
+    EXPECT_EQ(Get("NoteLoops"), "1");
+    EXPECT_EQ(Get("StartCookoo"), "0");
+    EXPECT_EQ(Get("ShowDateTime"), "0");
+    EXPECT_EQ(Get("IsService"), "0");
+}
+
+TEST_F(Options, EachBoxHasItsOwnKey) {
+    const std::pair<forms::CheckBox frmOptions::*, const char*> boxes[] = {
+        {&frmOptions::chkNoteLoops, "NoteLoops"},
+        {&frmOptions::chkShowDateTime, "ShowDateTime"},
+        {&frmOptions::chkCooKooOn, "StartCookoo"},
+        {&frmOptions::chkIsService, "IsService"},
+        {&frmOptions::chkShowOnTop, "WindowOnTop"}};
+    for (const auto& [box, key] : boxes) {
+        settings.values.clear();
+        Open();
+        user->Click(Window().*box);
+        user->Click(Window().cmdApply);
+        for (const auto& [name, value] : settings.values) {
+            EXPECT_EQ(value, name.second == key ? "1" : "0") << name.second << " with " << key;
+        }
+    }
+}
+
+TEST_F(Options, CancelAndTheCloseBoxWriteNothing) {
+    Open();
+    user->Click(Window().chkShowOnTop);
+    user->Click(Window().optDefaultColor[3]);
+    user->Click(Window().cmdCancel);
+    EXPECT_FALSE(IsOpen());
+    Open();
+    user->Click(Window().chkIsService);
+    user->CloseBox(Window());
+    EXPECT_FALSE(IsOpen());
+    EXPECT_TRUE(settings.values.empty());
+    EXPECT_FALSE(files.FileExists(startupLink));
+}
+
+TEST_F(Options, CheckingStartWithWindowsMakesTheLinkOnce) {
+    Open();
+    user->Click(Window().chkIsService);
+    user->Click(Window().cmdApply);
+    EXPECT_EQ(files.Peek(startupLink), "link");
+    EXPECT_EQ(files.Names(startupFolder), std::vector<std::string>{"Shortcut To Jotwright.lnk"});
+
+    files.PutFile(startupLink, "older");
+    Open();
+    EXPECT_EQ(Window().chkIsService.value(), 1);
+    user->Click(Window().cmdApply);
+    EXPECT_EQ(files.Peek(startupLink), "older");
+}
+
+TEST_F(Options, UncheckingStartWithWindowsDeletesTheLink) {
+    Set("IsService", "1");
+    files.PutFile(startupLink, "link");
+    Open();
+    user->Click(Window().chkIsService);
+    user->Click(Window().cmdApply);
+    EXPECT_FALSE(files.FileExists(startupLink));
+    EXPECT_EQ(Get("IsService"), "0");
+}
+
+TEST_F(Options, CheckingAndUncheckingMakesNoLink) {
+    Open();
+    user->Click(Window().chkIsService);
+    user->Click(Window().chkIsService);
+    user->Click(Window().cmdApply);
+    EXPECT_FALSE(files.FileExists(startupLink));
+}
+
+TEST_F(Options, AMissingShippedLinkIsReportedAfterTheSettingsAreWritten) {
+    files.Remove(shippedLink);
+    Open();
+    user->Click(Window().chkIsService);
+    ExpectLinkError();
+    user->Click(Window().cmdApply);
+    EXPECT_TRUE(IsOpen());
+    EXPECT_EQ(Get("IsService"), "1");
+    EXPECT_EQ(settings.values.size(), 7U);
+}
+
+TEST_F(Options, AStartupFolderElsewhereIsReported) {
+    files.Remove(startupFolder);
+    Open();
+    user->Click(Window().chkIsService);
+    ExpectLinkError();
+    user->Click(Window().cmdApply);
+    EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(Options, ALinkThatCannotBeDeletedIsReported) {
+    files.PutFile(startupLink, "link");
+    files.SetDenied(startupLink, true);
+    Open();
+    ExpectLinkError();
+    user->Click(Window().cmdApply);
+    EXPECT_TRUE(IsOpen());
+    EXPECT_TRUE(files.FileExists(startupLink));
+}
+
+TEST_F(Options, ASettingThatCannotBeWrittenKeepsThoseBefore) {
+    FailingSettings failing;
+    failing.failingWrite = 3;
+    forms::Machine().settings = &failing;
+    Open();
+    ExpectLinkError();
+    user->Click(Window().cmdApply);
+    EXPECT_TRUE(IsOpen());
+    EXPECT_EQ(failing.values.size(), 2U);
+    EXPECT_EQ(failing.values.count({"Options", "DefaultColor"}), 1U);
+    EXPECT_EQ(failing.values.count({"Options", "DefaultFontSize"}), 1U);
+    user->Click(Window().cmdCancel);
+}
+
+}  // namespace

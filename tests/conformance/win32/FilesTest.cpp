@@ -1,0 +1,342 @@
+#include <windows.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "forms/RuntimeError.h"
+#include "forms/win32/devices/FileErrors.h"
+#include "forms/win32/devices/Handle.h"
+#include "forms/win32/devices/WinFiles.h"
+#include "tests/conformance/win32/TempFolder.h"
+
+namespace forms::win32 {
+
+namespace {
+
+// The number of the error that an action throws; 0 where it throws none.
+template <class Action>
+int ErrorOf(Action action) {
+    try {
+        action();
+    } catch (const RuntimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+// Holds a file so that nobody else can open it.
+Handle OpenAlone(const std::string& path) {
+    return Handle(::CreateFileW(Wide(path).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+DWORD WINAPI ReleaseSoon(void* handle) {
+    ::Sleep(30);
+    static_cast<Handle*>(handle)->reset();
+    return 0;
+}
+
+int ticks = 0;
+
+void CALLBACK CountTick(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/, DWORD /*time*/) {
+    ++ticks;
+}
+
+class WinFilesTest : public testing::Test {
+  protected:
+    void SetAttributes(const std::string& path, DWORD attributes) {
+        ASSERT_NE(::SetFileAttributesW(Wide(path).c_str(), attributes), 0);
+    }
+
+    std::vector<std::string> Names(const std::string& suffix) {
+        std::vector<std::string> names;
+        for (const FileEntry& entry : files.List(folder.Path(), suffix)) {
+            names.push_back(entry.name);
+        }
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    TempFolder folder;
+    WinFiles files;
+    const std::string note = folder / "note.txt";
+    const std::string other = folder / "other.txt";
+};
+
+}  // namespace
+
+TEST_F(WinFilesTest, WhatIsWrittenIsReadAgain) {
+    const std::string bytes("one\r\ntwo\0\xff\x1a three", 17);
+    files.WriteThrough(note, bytes);
+    EXPECT_EQ(files.Read(note), bytes);
+    files.WriteThrough(note, "short");
+    EXPECT_EQ(files.Read(note), "short");
+    files.WriteThrough(note, "");
+    EXPECT_EQ(files.Read(note), "");
+}
+
+TEST_F(WinFilesTest, LargeFilesAreWholeAndTooLargeOnesRefused) {
+    const std::string large(20U << 20U, 'x');
+    files.WriteThrough(note, large);
+    EXPECT_TRUE(files.Read(note) == large);
+    {
+        const Handle file(::CreateFileW(Wide(note).c_str(), GENERIC_WRITE, 0, nullptr,
+                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        LARGE_INTEGER end{};
+        end.QuadPart = (64LL << 20U) + 1;
+        ASSERT_TRUE(file);
+        ASSERT_NE(::SetFilePointerEx(file.get(), end, nullptr, FILE_BEGIN), 0);
+        ASSERT_NE(::SetEndOfFile(file.get()), 0);
+    }
+    EXPECT_EQ(ErrorOf([&] { files.Read(note); }), 57);
+}
+
+TEST_F(WinFilesTest, FilesAndFoldersAreToldApart) {
+    files.WriteThrough(note, "x");
+    EXPECT_TRUE(files.FileExists(note));
+    EXPECT_FALSE(files.FolderExists(note));
+    EXPECT_TRUE(files.FolderExists(folder.Path()));
+    EXPECT_TRUE(files.FolderExists(folder.Path() + "\\"));
+    EXPECT_FALSE(files.FileExists(folder.Path()));
+    EXPECT_FALSE(files.FileExists(other));
+    EXPECT_FALSE(files.FileExists("note.txt"));
+    EXPECT_FALSE(files.FileExists(""));
+}
+
+TEST_F(WinFilesTest, NamesAreUnicode) {
+    const std::string name = "\xc3\x9c\x62\x65r \xe6\x97\xa5\xe6\x9c\xac \xf0\x9f\x93\x9d.txt";
+    files.WriteThrough(folder / name, "x");
+    EXPECT_EQ(Names(".txt"), std::vector{name});
+    EXPECT_EQ(files.Read(folder / name), "x");
+}
+
+TEST_F(WinFilesTest, ListKnowsTheWholeSuffixInEitherCase) {
+    files.WriteThrough(folder / "a.txt", "12345");
+    files.WriteThrough(folder / "B.TXT", "");
+    files.WriteThrough(folder / "c.txt2", "");  // whose short name ends in .TXT
+    files.WriteThrough(folder / "dtxt", "");
+    files.MakeFolder(folder / "e.txt");
+    EXPECT_EQ(Names(".txt"), (std::vector<std::string>{"B.TXT", "a.txt"}));
+    EXPECT_EQ(Names("").size(), 4U);
+    EXPECT_EQ(files.List(folder / "missing", ".txt").size(), 0U);
+    EXPECT_EQ(files.List(folder / "a.txt", ".txt").size(), 0U);
+}
+
+TEST_F(WinFilesTest, ListTellsSizeAndTimeOfChange) {
+    files.WriteThrough(note, "12345");
+    const FileEntry first = files.List(folder.Path(), ".txt").at(0);
+    EXPECT_EQ(first.size, 5U);
+    ::Sleep(50);
+    files.WriteThrough(note, "54321");
+    const FileEntry second = files.List(folder.Path(), ".txt").at(0);
+    EXPECT_EQ(second.size, 5U);
+    EXPECT_GT(second.changed, first.changed);
+}
+
+TEST_F(WinFilesTest, MissingFilesAndFolders) {
+    const std::string nowhere = folder / "missing\\note.txt";
+    files.WriteThrough(note, "x");
+    EXPECT_EQ(ErrorOf([&] { files.Read(other); }), 53);
+    EXPECT_EQ(ErrorOf([&] { files.Delete(other); }), 53);
+    EXPECT_EQ(ErrorOf([&] { files.Recycle(other); }), 53);
+    EXPECT_EQ(ErrorOf([&] { files.Replace(other, note); }), 53);
+    EXPECT_EQ(ErrorOf([&] { files.Copy(other, note); }), 53);
+    EXPECT_EQ(ErrorOf([&] { files.Read(nowhere); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.WriteThrough(nowhere, "x"); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.Replace(note, nowhere); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.Copy(note, nowhere); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.MakeFolder(folder / "missing\\deep"); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.WriteThrough(note + "\\inner.txt", "x"); }), 76);
+    EXPECT_EQ(files.Read(note), "x");
+}
+
+TEST_F(WinFilesTest, ReadOnlyFilesAreLeftAlone) {
+    files.WriteThrough(note, "old");
+    files.WriteThrough(other, "new");
+    SetAttributes(note, FILE_ATTRIBUTE_READONLY);
+    EXPECT_EQ(ErrorOf([&] { files.WriteThrough(note, "new"); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Replace(other, note); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Replace(note, folder / "third.txt"); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Copy(other, note); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Delete(note); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Recycle(note); }), 75);
+    EXPECT_EQ(files.Read(note), "old");
+    EXPECT_EQ(files.Read(other), "new");
+    SetAttributes(note, FILE_ATTRIBUTE_NORMAL);
+    files.Replace(other, note);
+    EXPECT_EQ(files.Read(note), "new");
+}
+
+TEST_F(WinFilesTest, AFolderInTheFilesPlace) {
+    files.WriteThrough(other, "x");
+    files.MakeFolder(note);
+    EXPECT_EQ(ErrorOf([&] { files.Read(note); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.WriteThrough(note, "x"); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Replace(other, note); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Copy(other, note); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Copy(note, folder / "third.txt"); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Delete(note); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Recycle(note); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.MakeFolder(note); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.MakeFolder(other); }), 75);
+    EXPECT_TRUE(files.FolderExists(note));
+}
+
+TEST_F(WinFilesTest, FilesThatAnotherHolds) {
+    files.WriteThrough(note, "old");
+    files.WriteThrough(other, "new");
+    {
+        const Handle held = OpenAlone(note);
+        ASSERT_TRUE(held);
+        EXPECT_EQ(ErrorOf([&] { files.Read(note); }), 70);
+        EXPECT_EQ(ErrorOf([&] { files.WriteThrough(note, "new"); }), 70);
+        EXPECT_EQ(ErrorOf([&] { files.Replace(other, note); }), 70);
+        EXPECT_EQ(ErrorOf([&] { files.Copy(other, note); }), 70);
+        EXPECT_EQ(ErrorOf([&] { files.Delete(note); }), 70);
+    }
+    EXPECT_EQ(files.Read(note), "old");
+    EXPECT_EQ(files.Read(other), "new");
+}
+
+TEST_F(WinFilesTest, AFileThatAnotherWritesIsRead) {
+    files.WriteThrough(note, "x");
+    const Handle writer(::CreateFileW(Wide(note).c_str(), GENERIC_READ | GENERIC_WRITE | DELETE,
+                                      FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+    ASSERT_TRUE(writer);
+    EXPECT_EQ(files.Read(note), "x");
+}
+
+TEST_F(WinFilesTest, ReplaceWaitsForAFileThatIsSoonLetGo) {
+    files.WriteThrough(note, "old");
+    files.WriteThrough(other, "new");
+    Handle held = OpenAlone(other);
+    ASSERT_TRUE(held);
+    const Handle releaser(::CreateThread(nullptr, 0, ReleaseSoon, &held, 0, nullptr));
+    EXPECT_EQ(ErrorOf([&] { files.Replace(other, note); }), 0);
+    ::WaitForSingleObject(releaser.get(), INFINITE);
+    EXPECT_EQ(files.Read(note), "new");
+    EXPECT_FALSE(files.FileExists(other));
+}
+
+TEST_F(WinFilesTest, ReplaceRenamesOverAndAlsoToANewName) {
+    files.WriteThrough(note, "new");
+    files.Replace(note, other);
+    EXPECT_FALSE(files.FileExists(note));
+    EXPECT_EQ(files.Read(other), "new");
+}
+
+TEST_F(WinFilesTest, NothingButAPlainNameIsTaken) {
+    files.WriteThrough(note, "x");
+    for (const char* name : {"",
+                             "a:b.txt",
+                             "note.txt::$DATA",
+                             "a*.txt",
+                             "a?.txt",
+                             "a<b",
+                             "a>b",
+                             "a|b",
+                             "a\"b",
+                             "a/b",
+                             "..\\x.txt",
+                             "..",
+                             ".",
+                             "x.txt.",
+                             "x.txt ",
+                             "CON",
+                             "con.txt",
+                             "Aux .txt",
+                             "NUL.a.b",
+                             "com1.txt",
+                             "LPT9",
+                             "COM\xc2\xb2.txt",
+                             "conin$",
+                             "a\tb",
+                             "a\x01"}) {
+        const std::string path = folder / name;
+        if (*name != '\0') {
+            EXPECT_EQ(ErrorOf([&] { files.WriteThrough(path, "y"); }), 52) << name;
+            EXPECT_EQ(ErrorOf([&] { files.Replace(note, path); }), 52) << name;
+            EXPECT_EQ(ErrorOf([&] { files.Copy(note, path); }), 52) << name;
+            EXPECT_EQ(ErrorOf([&] { files.MakeFolder(path); }), 52) << name;
+            EXPECT_EQ(ErrorOf([&] { files.Read(path); }), 52) << name;
+            EXPECT_EQ(ErrorOf([&] { files.Delete(path); }), 52) << name;
+            EXPECT_FALSE(files.FolderExists(path)) << name;
+        }
+        EXPECT_FALSE(files.FileExists(path)) << name;
+    }
+    for (const char* path : {"", "note.txt", "\\note.txt", "C:note.txt", "1:\\note.txt", "\\\\",
+                             "\\\\server", "C:\\\\note.txt"}) {
+        EXPECT_EQ(ErrorOf([&] { files.WriteThrough(path, "y"); }), 52) << path;
+    }
+    EXPECT_EQ(Names(""), std::vector<std::string>{"note.txt"});
+    EXPECT_EQ(files.Read(note), "x");
+}
+
+TEST_F(WinFilesTest, NamesThatOnlyLookLikeDevicesAreTaken) {
+    for (const char* name : {"console.txt", "com.txt", "com10.txt", "nul1.txt", "my con.txt",
+                             ".txt", " x.txt", "a..txt", "100%.txt", "a;b.txt"}) {
+        files.WriteThrough(folder / name, name);
+        EXPECT_EQ(files.Read(folder / name), name);
+    }
+    EXPECT_EQ(ErrorOf([&] { files.WriteThrough(folder / std::string(256, 'n'), "x"); }), 52);
+    EXPECT_EQ(ErrorOf([&] { files.WriteThrough(folder / std::string(255, 'n'), "x"); }), 0);
+}
+
+TEST_F(WinFilesTest, PathsMayBeLong) {
+    std::string path = folder.Path();
+    for (int i = 0; i < 4; ++i) {
+        path += "\\" + std::string(100, 'd');
+        files.MakeFolder(path);
+    }
+    EXPECT_TRUE(files.FolderExists(path));
+    const std::string file = path + "\\note.txt";
+    files.WriteThrough(file + ".new", "x");
+    files.Replace(file + ".new", file);
+    EXPECT_EQ(files.Read(file), "x");
+    EXPECT_EQ(files.Read("\\\\?\\" + file), "x");
+    EXPECT_EQ(files.List(path, ".txt").size(), 1U);
+    files.Copy(file, file + ".copy");
+    files.Recycle(file);
+    files.Delete(file + ".copy");
+    EXPECT_EQ(files.List(path, "").size(), 0U);
+}
+
+TEST_F(WinFilesTest, CopyAndDelete) {
+    files.WriteThrough(note, "x");
+    files.WriteThrough(other, "y");
+    files.Copy(note, other);
+    EXPECT_EQ(files.Read(other), "x");
+    EXPECT_EQ(files.Read(note), "x");
+    files.Delete(note);
+    EXPECT_FALSE(files.FileExists(note));
+}
+
+TEST_F(WinFilesTest, RecycledFilesAreGoneAndNoTimerRunsMeanwhile) {
+    ticks = 0;
+    const UINT_PTR timer = ::SetTimer(nullptr, 0, 10, CountTick);
+    ASSERT_NE(timer, 0U);
+    files.WriteThrough(note, "x");
+    ::Sleep(30);
+    files.Recycle(note);
+    EXPECT_EQ(ticks, 0);
+    ::KillTimer(nullptr, timer);
+    EXPECT_FALSE(files.FileExists(note));
+}
+
+TEST(FileErrorsTest, CodesOfTheSystemHaveTheirNumbers) {
+    EXPECT_EQ(ErrorOfCode(ERROR_DISK_FULL), ErrorNumber::DiskFull);
+    EXPECT_EQ(ErrorOfCode(ERROR_HANDLE_DISK_FULL), ErrorNumber::DiskFull);
+    EXPECT_EQ(ErrorOfCode(ERROR_SHARING_VIOLATION), ErrorNumber::PermissionDenied);
+    EXPECT_EQ(ErrorOfCode(ERROR_LOCK_VIOLATION), ErrorNumber::PermissionDenied);
+    EXPECT_EQ(ErrorOfCode(ERROR_ACCESS_DENIED), ErrorNumber::PermissionDenied);
+    EXPECT_EQ(ErrorOfCode(ERROR_PATH_NOT_FOUND), ErrorNumber::PathNotFound);
+    EXPECT_EQ(ErrorOfCode(ERROR_FILE_NOT_FOUND), ErrorNumber::FileNotFound);
+    EXPECT_EQ(ErrorOfCode(ERROR_INVALID_NAME), ErrorNumber::BadFileName);
+    EXPECT_EQ(ErrorOfCode(ERROR_CRC), ErrorNumber::DeviceIoError);
+}
+
+}  // namespace forms::win32

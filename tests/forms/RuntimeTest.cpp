@@ -1,0 +1,210 @@
+#include <gtest/gtest.h>
+
+#include <new>
+
+#include "forms/Gestures.h"
+#include "forms/MsgBox.h"
+#include "forms/Runtime.h"
+#include "tests/forms/FormsUnderTest.h"
+#include "tests/support/TestProgram.h"
+
+using namespace forms;
+using namespace forms_under_test;
+
+namespace {
+
+class RuntimeTest : public testing_support::TestProgram {
+  protected:
+    void ExpectReport(const std::string& number, const std::string& description) {
+        stage->ExpectBox("Run-time error '" + number + "':\r\n\r\n" + description, "Jotwright",
+                         BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+    }
+};
+
+}  // namespace
+
+TEST_F(RuntimeTest, AClassHasOneDefaultInstance) {
+    frmFirst& first = Default<frmFirst>();
+    EXPECT_EQ(&Default<frmFirst>(), &first);
+    EXPECT_EQ(LoadedDefault<frmFirst>(), nullptr);
+    Start([&first] { first.Load(); });
+    EXPECT_EQ(LoadedDefault<frmFirst>(), &first);
+}
+
+TEST_F(RuntimeTest, FurtherInstancesAreNotTheDefault) {
+    Start([] {
+        auto further = New<frmFirst>();
+        further->Load();
+        EXPECT_NE(&Default<frmFirst>(), further.get());
+    });
+    EXPECT_EQ(LoadedDefault<frmFirst>(), nullptr);
+    EXPECT_EQ(runtime->LoadedForms().size(), 1U);
+}
+
+TEST_F(RuntimeTest, ALoadedFurtherInstanceIsKeptByTheRuntimeAlone) {
+    std::weak_ptr<Form> further;
+    Start([&further] {
+        auto form = New<frmFirst>();
+        further = form;
+        form->Load();
+    });
+    ASSERT_FALSE(further.expired());
+    Start([&further] { further.lock()->Unload(); });
+    EXPECT_TRUE(further.expired());
+}
+
+TEST_F(RuntimeTest, LoadedFormsAreListedInTheOrderOfLoading) {
+    Start([] {
+        Default<frmSecond>().Load();
+        Default<frmThird>().Load();
+        Default<frmFirst>().Load();
+        Default<frmThird>().Unload();
+        Default<frmThird>().Load();
+    });
+    std::vector<std::string> names;
+    for (const auto& form : runtime->LoadedForms()) {
+        names.emplace_back(form->name);
+    }
+    EXPECT_EQ(names, (std::vector<std::string>{"frmSecond", "frmFirst", "frmThird"}));
+}
+
+TEST_F(RuntimeTest, AnErrorThatNobodyTrapsIsReportedAndEndsTheProgram) {
+    bool saved = false;
+    runtime->onFatalError = [&saved] { saved = true; };
+    Start([] { Default<frmFirst>().Show(); });
+    Default<frmFirst>().cmdGo.Click = [] { throw RuntimeError(ErrorNumber::Overflow); };
+    ExpectReport("6", "Overflow");
+    user->Click(Default<frmFirst>().cmdGo);
+    EXPECT_TRUE(saved);
+    EXPECT_TRUE(runtime->HasEnded());
+    EXPECT_TRUE(stage->HasQuit());
+}
+
+TEST_F(RuntimeTest, NothingIsSavedBeforeTheReportIsReadAndNothingRunsMeanwhile) {
+    std::vector<std::string> order;
+    runtime->onFatalError = [&order] { order.emplace_back("saved"); };
+    Start([&order] {
+        auto& form = Default<frmFirst>();
+        form.tmrOne.interval = 100;
+        form.tmrOne.Tick = [&order] { order.emplace_back("tick"); };
+        form.tmrOne.enabled = true;
+        form.Show();
+    });
+    stage->ExpectBox("Run-time error '9':\r\n\r\nSubscript out of range", "Jotwright",
+                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok, [&] {
+                         Advance(1000);
+                         order.emplace_back("read");
+                     });
+    Start([] { throw RuntimeError(ErrorNumber::SubscriptOutOfRange); });
+    EXPECT_EQ(order, (std::vector<std::string>{"read", "saved"}));
+}
+
+TEST_F(RuntimeTest, AFailureWhileEndingIsNotReportedAgain) {
+    runtime->onFatalError = [] { throw RuntimeError(ErrorNumber::DiskFull); };
+    ExpectReport("13", "Type mismatch");
+    Start([] { throw RuntimeError(ErrorNumber::TypeMismatch); });
+    EXPECT_TRUE(runtime->HasEnded());
+}
+
+TEST_F(RuntimeTest, AnErrorUnderABoxLeavesTheHandlerThatShowedIt) {
+    bool wentOn = false;
+    Start([] {
+        auto& form = Default<frmFirst>();
+        form.tmrOne.interval = 100;
+        form.tmrOne.Tick = [] { throw RuntimeError(ErrorNumber::FileNotFound); };
+        form.tmrOne.enabled = true;
+        form.Load();
+    });
+    stage->ExpectBox("Hello", "Box", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok,
+                     [this] { Advance(100); });
+    ExpectReport("53", "File not found");
+    Start([&wentOn] {
+        MsgBox("Hello", {}, "Box");
+        wentOn = true;
+    });
+    EXPECT_FALSE(wentOn);
+    EXPECT_TRUE(runtime->HasEnded());
+}
+
+TEST_F(RuntimeTest, MemoryRunningOutIsReported) {
+    ExpectReport("7", "Out of memory");
+    Start([] { throw std::bad_alloc(); });
+    EXPECT_TRUE(runtime->HasEnded());
+}
+
+TEST_F(RuntimeTest, AnErrorThatAHandlerTrapsIsItsOwnAffair) {
+    Start([] {
+        try {
+            throw RuntimeError(ErrorNumber::DiskFull);
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.number(), 61);
+        }
+    });
+    EXPECT_FALSE(runtime->HasEnded());
+}
+
+TEST_F(RuntimeTest, EndLeavesEveryHandlerOnTheStack) {
+    std::vector<std::string> reached;
+    Start([] { Default<frmFirst>().Show(); });
+    stage->ExpectModal<frmSecond>([&](frmSecond& form) {
+        form.cmdGo.Click = [&] {
+            MsgBox("Inner", {}, "Box");
+            reached.emplace_back("inner");
+        };
+        user->Click(form.cmdGo);
+    });
+    stage->ExpectBox("Inner", "Box", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok, [] {
+        Runtime::Current().Dispatch(nullptr, [] { Runtime::Current().End(); });
+    });
+    Start([&reached] {
+        Default<frmSecond>().ShowModal();
+        reached.emplace_back("outer");
+    });
+    EXPECT_TRUE(runtime->HasEnded());
+    EXPECT_TRUE(reached.empty());
+}
+
+TEST_F(RuntimeTest, NothingHappensOnceTheProgramHasEnded) {
+    int events = 0;
+    Start([&events] {
+        auto& form = Default<frmFirst>();
+        form.cmdGo.Click = [&events] { ++events; };
+        form.tmrOne.interval = 100;
+        form.tmrOne.Tick = [&events] { ++events; };
+        form.tmrOne.enabled = true;
+        form.Show();
+    });
+    const auto pin = Default<frmFirst>().shared_from_this();
+    Start([] { Runtime::Current().End(); });
+    gestures::Click(Default<frmFirst>().cmdGo);
+    Start([&events] { ++events; });
+    Advance(1000);
+    EXPECT_EQ(events, 0);
+}
+
+TEST_F(RuntimeTest, RunWaitsUntilNoFormIsLoaded) {
+    stage->ExpectMainLoop([this] { user->CloseBox(Default<frmFirst>()); });
+    runtime->Run([] { Default<frmFirst>().Show(); });
+    EXPECT_TRUE(runtime->LoadedForms().empty());
+}
+
+TEST_F(RuntimeTest, RunReturnsAtOnceWhenTheStartUpRoutineLoadsNothing) {
+    runtime->Run([] {});
+    EXPECT_FALSE(stage->HasExpectations());
+}
+
+TEST_F(RuntimeTest, AClickedFormIsKeptUntilItsHandlerReturns) {
+    Start([] {
+        auto form = New<frmFirst>();
+        frmFirst& reference = *form;
+        form->cmdGo.Click = [&reference] {
+            reference.Unload();
+            reference.cmdGo.caption = "still writable";
+            EXPECT_EQ(reference.cmdGo.caption(), "still writable");
+        };
+        form->Show();
+    });
+    const std::weak_ptr<Form> form = runtime->LoadedForms().front();
+    user->Click(static_cast<frmFirst&>(*form.lock()).cmdGo);
+    EXPECT_TRUE(form.expired());
+}

@@ -1,0 +1,317 @@
+#include <gtest/gtest.h>
+
+#include "forms/Form.h"
+#include "forms/MsgBox.h"
+#include "forms/Runtime.h"
+#include "forms/Timer.h"
+#include "tests/support/TestProgram.h"
+
+using namespace forms;
+using Moments = std::vector<std::int64_t>;
+
+namespace {
+
+class frmTimers : public Form {
+  public:
+    frmTimers() : Form("frmTimers") {}
+    Timer tmrFast{this, "tmrFast"};
+    Timer tmrSlow{this, "tmrSlow"};
+    Timer tmrClock{this, "tmrClock", TimerPhase::ClockSecond};
+    Timer tmrBlink{this, "tmrBlink", TimerPhase::ClockSecond};
+    Timer tmrOther{this, "tmrOther", TimerPhase::ClockSecond};
+};
+
+class TimerTest : public testing_support::TestProgram {
+  protected:
+    void SetUp() override {
+        TestProgram::SetUp();
+        Start([] { Default<frmTimers>().Load(); });
+        start = clock.MonotonicMilliseconds();
+    }
+
+    static frmTimers& Form() { return Default<frmTimers>(); }
+    std::int64_t Elapsed() { return clock.MonotonicMilliseconds() - start; }
+    static void SwitchOn(Timer& timer, int interval) {
+        timer.interval = interval;
+        timer.enabled = true;
+    }
+
+    std::int64_t start = 0;
+    Moments ticks;
+};
+
+}  // namespace
+
+TEST_F(TimerTest, TheFirstTickComesOneIntervalAfterSwitchingOn) {
+    Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
+    SwitchOn(Form().tmrFast, 300);
+    Advance(299);
+    EXPECT_EQ(ticks, Moments{});
+    Advance(701);
+    EXPECT_EQ(ticks, (Moments{300, 600, 900}));
+}
+
+TEST_F(TimerTest, StandsStillWithoutIntervalOrWhileDisabled) {
+    Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
+    Form().tmrFast.enabled = true;
+    Advance(5000);
+    Form().tmrFast.enabled = false;
+    Form().tmrFast.interval = 100;
+    Advance(5000);
+    EXPECT_EQ(ticks, Moments{});
+    EXPECT_FALSE(runtime->timers.NextDue().has_value());
+}
+
+TEST_F(TimerTest, SwitchingOffAndOnOrAnotherIntervalStartsAnew) {
+    Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
+    SwitchOn(Form().tmrFast, 1000);
+    Advance(900);
+    Form().tmrFast.enabled = false;
+    Form().tmrFast.enabled = true;
+    Advance(900);
+    EXPECT_EQ(ticks, Moments{});
+    Form().tmrFast.interval = 500;
+    Advance(500);
+    EXPECT_EQ(ticks, Moments{2300});
+}
+
+TEST_F(TimerTest, AssigningTheSameValuesChangesNothing) {
+    Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
+    SwitchOn(Form().tmrFast, 1000);
+    Advance(900);
+    SwitchOn(Form().tmrFast, 1000);
+    Advance(100);
+    EXPECT_EQ(ticks, Moments{1000});
+}
+
+TEST_F(TimerTest, ATimerWithoutHandlerDoesNotWakeTheMachine) {
+    SwitchOn(Form().tmrFast, 500);
+    SwitchOn(Form().tmrClock, 1000);
+    EXPECT_FALSE(runtime->timers.NextDue().has_value());
+}
+
+TEST_F(TimerTest, TicksOnlyWhileItsFormIsLoaded) {
+    Start([] { Form().Unload(); });
+    auto form = New<frmTimers>();
+    form->tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
+    SwitchOn(form->tmrFast, 100);
+    Advance(1000);
+    EXPECT_EQ(ticks, Moments{});
+    Start([&form] { form->Load(); });
+    Advance(100);
+    EXPECT_EQ(ticks, Moments{1100});
+    Start([&form] { form->Unload(); });
+    Advance(1000);
+    EXPECT_EQ(ticks, Moments{1100});
+}
+
+TEST_F(TimerTest, KeepsItsPhaseWhateverTheJitter) {
+    clock.SetJitter(40);
+    Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
+    SwitchOn(Form().tmrFast, 1000);
+    Advance(3'600'500);
+    ASSERT_EQ(ticks.size(), 3600U);
+    for (std::size_t n = 0; n < ticks.size(); ++n) {
+        const std::int64_t late = ticks[n] - static_cast<std::int64_t>(n + 1) * 1000;
+        EXPECT_GE(late, 0);
+        EXPECT_LE(late, 40);
+    }
+}
+
+TEST_F(TimerTest, MissedTicksAreDroppedAndThePhaseIsKept) {
+    Form().tmrFast.Tick = [this] {
+        ticks.push_back(Elapsed());
+        if (ticks.size() == 1) {
+            clock.Pass(3250);  // a handler that takes its time
+        }
+    };
+    SwitchOn(Form().tmrFast, 1000);
+    Advance(6000);
+    EXPECT_EQ(ticks.front(), 1000);
+    EXPECT_EQ(ticks.back(), 6000);
+    // The next was set before the handler ran; 3000 and 4000 are lost.
+    EXPECT_EQ(ticks, (Moments{1000, 4250, 5000, 6000}));
+}
+
+TEST_F(TimerTest, IsNotEnteredAgainWhileItsHandlerRunsAndOthersGoOn) {
+    int others = 0;
+    bool asked = false;
+    Form().tmrFast.Tick = [this, &asked] {
+        ticks.push_back(Elapsed());
+        if (!asked) {
+            asked = true;
+            MsgBox("Wait", {}, "Box");
+        }
+    };
+    Form().tmrSlow.Tick = [&others] { ++others; };
+    SwitchOn(Form().tmrFast, 1000);
+    SwitchOn(Form().tmrSlow, 500);
+    stage->ExpectBox("Wait", "Box", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok, [&] {
+        Advance(10'000);
+        EXPECT_EQ(ticks, Moments{1000});
+        EXPECT_GE(others, 20);
+    });
+    Advance(1500);
+    ticks.clear();
+    Advance(3000);
+    // What fell due under the box is given once, late; then the phase is kept.
+    EXPECT_EQ(ticks, (Moments{11'000, 12'000, 13'000, 14'000}));
+}
+
+TEST_F(TimerTest, ATimerMaySwitchOffAnotherThatIsDueInTheSameMoment) {
+    int fast = 0;
+    int slow = 0;
+    Form().tmrFast.Tick = [&] {
+        ++fast;
+        Form().tmrSlow.enabled = false;
+    };
+    Form().tmrSlow.Tick = [&] {
+        ++slow;
+        Form().tmrFast.enabled = false;
+    };
+    SwitchOn(Form().tmrFast, 100);
+    SwitchOn(Form().tmrSlow, 100);
+    Advance(100);
+    EXPECT_EQ(fast + slow, 1);
+}
+
+TEST_F(TimerTest, MayBeSwitchedOffAndOnInItsHandler) {
+    Form().tmrFast.Tick = [this] {
+        ticks.push_back(Elapsed());
+        Form().tmrFast.enabled = false;
+        clock.Pass(50);
+        Form().tmrFast.enabled = true;
+    };
+    SwitchOn(Form().tmrFast, 100);
+    Advance(450);
+    EXPECT_EQ(ticks, (Moments{100, 250, 400}));
+}
+
+TEST_F(TimerTest, ANewIntervalInItsHandlerCountsFromThere) {
+    Form().tmrFast.Tick = [this] {
+        ticks.push_back(Elapsed());
+        Form().tmrFast.interval = 700;
+    };
+    SwitchOn(Form().tmrFast, 100);
+    Advance(1500);
+    EXPECT_EQ(ticks, (Moments{100, 800, 1500}));
+}
+
+TEST_F(TimerTest, ATimerSwitchedOffUnderABoxStaysOff) {
+    Form().tmrFast.Tick = [this] {
+        ticks.push_back(Elapsed());
+        MsgBox("Wait", {}, "Box");
+    };
+    Form().tmrSlow.Tick = [] { Form().tmrFast.enabled = false; };
+    SwitchOn(Form().tmrFast, 100);
+    SwitchOn(Form().tmrSlow, 150);
+    stage->ExpectBox("Wait", "Box", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok,
+                     [this] { Advance(100); });
+    Advance(1000);
+    EXPECT_EQ(ticks, Moments{100});
+}
+
+TEST_F(TimerTest, PollingTimersTickInTheMiddleOfTheSecond) {
+    clock.SetNow(clock.Now(), 900);
+    Form().tmrClock.Tick = [this] { ticks.push_back(clock.MillisecondOfSecond()); };
+    SwitchOn(Form().tmrClock, 1000);
+    Advance(3000);
+    EXPECT_EQ(ticks, (Moments{500, 500, 500}));
+}
+
+TEST_F(TimerTest, APollingTimerSeesEverySecondOfADayOnceWhateverTheJitter) {
+    for (const std::uint32_t seed : {1U, 2U, 3U}) {
+        clock.SetJitter(450, seed);
+        DateTime last = clock.Now();
+        int seen = 0;
+        int wrong = 0;
+        Form().tmrClock.enabled = false;
+        Form().tmrClock.Tick = [&] {
+            const DateTime now = clock.Now();
+            wrong += now.seconds == last.seconds + 1 || (seen == 0 && now == last) ? 0 : 1;
+            last = now;
+            ++seen;
+        };
+        SwitchOn(Form().tmrClock, 1000);
+        Advance(secondsPerDay * 1000);
+        EXPECT_EQ(wrong, 0);
+        EXPECT_GE(seen, secondsPerDay - 1);
+    }
+}
+
+TEST_F(TimerTest, PollingTimersOfOneIntervalWakeTheMachineTogether) {
+    int wakeUps = 0;
+    const auto alarm = clock.onAlarm;
+    clock.onAlarm = [&] {
+        ++wakeUps;
+        alarm();
+    };
+    int given = 0;
+    for (Timer* timer : {&Form().tmrClock, &Form().tmrOther, &Form().tmrBlink}) {
+        timer->Tick = [&given] { ++given; };
+        SwitchOn(*timer, 1000);
+        Advance(333);
+    }
+    Advance(9001);
+    EXPECT_EQ(wakeUps, 10);
+    EXPECT_EQ(given, 29);  // the third was switched on after the first middle of a second
+}
+
+TEST_F(TimerTest, TimersOfOtherIntervalsShareAGridTooWhereTheyPoll) {
+    Moments blink;
+    Moments other;
+    Form().tmrBlink.Tick = [&] { blink.push_back(Elapsed()); };
+    Form().tmrOther.Tick = [&] { other.push_back(Elapsed()); };
+    SwitchOn(Form().tmrBlink, 750);
+    Advance(200);
+    SwitchOn(Form().tmrOther, 750);
+    Advance(7500);
+    ASSERT_FALSE(blink.empty());
+    EXPECT_EQ(blink.back(), other.back());
+    for (std::size_t n = 1; n < blink.size(); ++n) {
+        EXPECT_EQ(blink[n] - blink[n - 1], 750);
+    }
+}
+
+TEST_F(TimerTest, AJumpOfTheWallClockMovesPollingTimersOnly) {
+    int polled = 0;
+    Form().tmrClock.Tick = [&polled] { ++polled; };
+    Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
+    SwitchOn(Form().tmrClock, 1000);
+    SwitchOn(Form().tmrFast, 1000);
+    Advance(2000);
+    stage->Jump(-3600);
+    Advance(2000);
+    stage->Jump(86'400);
+    Advance(2000);
+    EXPECT_EQ(ticks, (Moments{1000, 2000, 3000, 4000, 5000, 6000}));
+    EXPECT_GE(polled, 5);
+    EXPECT_LE(polled, 7);
+}
+
+TEST_F(TimerTest, AfterSleepEachTimerTicksOnceAndNotForWhatItMissed) {
+    int polled = 0;
+    Form().tmrClock.Tick = [&polled] { ++polled; };
+    Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
+    SwitchOn(Form().tmrClock, 1000);
+    SwitchOn(Form().tmrFast, 1000);
+    Advance(2000);
+    const int before = polled;
+    stage->Suspend(3600);
+    EXPECT_LE(polled, before + 1);
+    EXPECT_LE(ticks.size(), 3U);
+    Advance(2000);
+    EXPECT_LE(polled, before + 3);
+    EXPECT_LE(ticks.size(), 5U);
+}
+
+TEST_F(TimerTest, AHandlerMayDestroyItsFormAndMakeAnother) {
+    Form().tmrFast.Tick = [] {
+        Form().Unload();
+        Default<frmTimers>().Load();
+    };
+    SwitchOn(Form().tmrFast, 100);
+    Advance(1000);
+    EXPECT_TRUE(Form().IsLoaded());
+    EXPECT_FALSE(Form().tmrFast.enabled);
+}

@@ -1,0 +1,82 @@
+#include <gtest/gtest.h>
+
+#include "forms/headless/HeadlessLocale.h"
+#include "forms/headless/HeadlessSettings.h"
+
+namespace forms::headless {
+namespace {
+
+const DateTime friday = Combine(DateTime::FromDate(2004, 5, 14), DateTime::FromTime(9, 30, 0));
+
+TEST(HeadlessLocale, AmericanFormatsByDefault) {
+    HeadlessLocale locale;
+    EXPECT_EQ(locale.ShortDate(friday), "5/14/2004");
+    EXPECT_EQ(locale.TimeText(friday), "9:30:00 AM");
+    EXPECT_EQ(locale.WeekdayName(friday), "Friday");
+    EXPECT_EQ(locale.TimeText(DateTime{}), "12:00:00 AM");
+    EXPECT_EQ(locale.TimeText(DateTime::FromTime(12, 0, 1)), "12:00:01 PM");
+    EXPECT_EQ(locale.TimeText(DateTime::FromTime(13, 5, 9)), "1:05:09 PM");
+}
+
+TEST(HeadlessLocale, OtherFormats) {
+    HeadlessLocale locale;
+    locale.shortDateFormat = "dd.MM.yyyy";
+    locale.timeFormat = "HH:mm:ss";
+    EXPECT_EQ(locale.ShortDate(DateTime::FromDate(2004, 5, 4)), "04.05.2004");
+    EXPECT_EQ(locale.TimeText(friday), "09:30:00");
+    locale.shortDateFormat = "M/d/yy";
+    EXPECT_EQ(locale.ShortDate(DateTime::FromDate(2004, 5, 4)), "5/4/04");
+    locale.shortDateFormat = "d 'de' M/y";
+    EXPECT_EQ(locale.ShortDate(DateTime::FromDate(2004, 5, 4)), "4 de 5/4");
+    locale.timeFormat = "hh.mm t";
+    EXPECT_EQ(locale.TimeText(friday), "09.30 A");
+}
+
+TEST(HeadlessLocale, OtherWeekdayNames) {
+    HeadlessLocale locale;
+    locale.weekdayNames = {"So", "Mo", "Di", "Mi", "Do", "Fr", "Sa"};
+    EXPECT_EQ(locale.WeekdayName(friday), "Fr");
+}
+
+TEST(HeadlessLocale, GeneralDateLeavesOutWhatIsZero) {
+    HeadlessLocale locale;
+    EXPECT_EQ(locale.GeneralDate(friday), "5/14/2004 9:30:00 AM");
+    EXPECT_EQ(locale.GeneralDate(friday.DateOnly()), "5/14/2004");
+    EXPECT_EQ(locale.GeneralDate(friday.TimeOnly()), "9:30:00 AM");
+    EXPECT_EQ(locale.GeneralDate(DateTime{}), "12:00:00 AM");
+}
+
+TEST(HeadlessLocale, UpperCaseOfAllScripts) {
+    HeadlessLocale locale;
+    EXPECT_EQ(locale.ToUpper("caf\xc3\xa9 \xc3\xbf \xce\xb1 \xd0\xb6 \xc3\x9f 1"),
+              "CAF\xc3\x89 \xc5\xb8 \xce\x91 \xd0\x96 \xc3\x9f 1");
+}
+
+TEST(HeadlessLocale, EveryByteOfTheCodePageRoundTrips) {
+    HeadlessLocale locale;
+    for (int code = 0; code < 256; ++code) {
+        const std::string byte(1, static_cast<char>(code));
+        EXPECT_EQ(locale.ToAnsi(locale.FromAnsi(byte)), byte) << code;
+    }
+    EXPECT_EQ(locale.FromAnsi("\x80"), "\xe2\x82\xac");
+    EXPECT_EQ(locale.FromAnsi("\xe4"), "\xc3\xa4");
+}
+
+TEST(HeadlessLocale, CharactersOutsideTheCodePageDoNotFit) {
+    HeadlessLocale locale;
+    EXPECT_EQ(locale.ToAnsi("\xe2\x82\xac \xc3\xa4"), "\x80 \xe4");
+    EXPECT_EQ(locale.ToAnsi("\xce\xb1"), std::nullopt);
+    EXPECT_EQ(locale.ToAnsi("\xf0\x9f\x98\x80"), std::nullopt);
+    EXPECT_EQ(locale.ToAnsi("\xc2\x80"), std::nullopt);
+}
+
+TEST(HeadlessSettings, KeepsWhatIsWritten) {
+    HeadlessSettings settings;
+    EXPECT_EQ(settings.Read("Options", "DefaultColor"), std::nullopt);
+    settings.Write("Options", "DefaultColor", "3");
+    EXPECT_EQ(settings.Read("Options", "DefaultColor"), "3");
+    EXPECT_EQ(settings.Read("Config", "DefaultColor"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace forms::headless

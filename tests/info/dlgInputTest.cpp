@@ -1,0 +1,39 @@
+#include "info/dlgInput.h"
+
+#include <gtest/gtest.h>
+
+#include "app/StandardCode.h"
+#include "tests/support/TestProgram.h"
+
+namespace {
+
+class EraseQuestion : public testing_support::TestProgram {
+protected:
+    void Ask(const std::function<void(dlgInput&)>& script) {
+        stage->ExpectModal<dlgInput>(script);
+        Start([] { forms::Default<dlgInput>().ShowModal(); });
+        EXPECT_EQ(forms::LoadedDefault<dlgInput>(), nullptr);
+    }
+};
+
+TEST_F(EraseQuestion, YesLeavesTwo) {
+    Ask([this](dlgInput& window) {
+        EXPECT_EQ(window.caption(), "Erase Message");
+        EXPECT_EQ(window.lblMsg.caption(), "Would You Like To Erase This Message?");
+        user->Click(window.cmdYes);
+    });
+    EXPECT_EQ(StandardCode::Shared().Answer, 2);
+}
+
+TEST_F(EraseQuestion, NoLeavesOne) {
+    Ask([this](dlgInput& window) { user->Click(window.cmdNo); });
+    EXPECT_EQ(StandardCode::Shared().Answer, 1);
+}
+
+TEST_F(EraseQuestion, ClosingItLeavesTheAnswerAlone) {
+    StandardCode::Shared().Answer = 2;
+    Ask([this](dlgInput& window) { user->CloseBox(window); });
+    EXPECT_EQ(StandardCode::Shared().Answer, 2);
+}
+
+}  // namespace

@@ -1,0 +1,71 @@
+#include "info/frmAbout.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "app/ProductTexts.h"
+#include "tests/support/TestProgram.h"
+
+namespace {
+
+class About : public testing_support::TestProgram {
+protected:
+    void Show(const std::function<void(frmAbout&)>& script) {
+        stage->ExpectModal<frmAbout>([&](frmAbout& window) {
+            script(window);
+            if (window.IsLoaded()) {
+                user->Click(window.cmdCancel);
+            }
+        });
+        Start([] { forms::Default<frmAbout>().ShowModal(); });
+        EXPECT_EQ(forms::LoadedDefault<frmAbout>(), nullptr);
+    }
+};
+
+TEST_F(About, TellsNameAndVersion) {
+    Show([](frmAbout& window) {
+        EXPECT_EQ(window.caption(), "About Jotwright");
+        EXPECT_EQ(window.icon().path, "C:\\Jotwright\\logo.ico");
+        EXPECT_EQ(window.lblAbout.caption(), "The Super Hero Of Note/Alarm Software.");
+        EXPECT_EQ(window.lblAbout.fontSize(), 10);
+        EXPECT_TRUE(window.lblAbout.foreColor().has_value());
+        EXPECT_EQ(window.lblVersion.caption(), "Version 1.0.0");
+        EXPECT_EQ(window.txtAbout.height(), 2100);
+        EXPECT_EQ(window.cmdCancel.caption(), "&Close");
+    });
+}
+
+TEST_F(About, ItsLinesStandInTheirOrder) {
+    Show([](frmAbout& window) {
+        const std::string& text = window.txtAbout.text();
+        std::size_t position = 0;
+        for (const std::string& line : std::vector<std::string>{
+                 StandardCode::ownershipLine,
+                 "\r\n                             All Rights Reserved\r\n",
+                 StandardCode::supportContact, StandardCode::webSite, "\r\nWARNING:\r\n"}) {
+            const std::size_t found = text.find(line, position);
+            ASSERT_NE(found, std::string::npos) << line;
+            position = found + line.size() - 2;
+        }
+        const std::string warning =
+            "\r\nThis computer program is protected by copyright laws. Unauthorized reproduction "
+            "or distribution of this program, or any part of it, may result in severe civil and "
+            "criminal penalties, and will will be prosecuted to the fullest extent under the law.";
+        EXPECT_EQ(text.substr(position), warning);
+    });
+}
+
+TEST_F(About, EscapeAndTheCloseBoxCloseIt) {
+    Show([this](frmAbout& window) {
+        user->PressEscape();
+        EXPECT_FALSE(window.IsLoaded());
+    });
+    Show([this](frmAbout& window) {
+        user->CloseBox(window);
+        EXPECT_FALSE(window.IsLoaded());
+    });
+}
+
+}  // namespace

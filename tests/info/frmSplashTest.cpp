@@ -1,0 +1,139 @@
+#include "info/frmSplash.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "alarms/frmKillAlarm.h"
+#include "app/ProductTexts.h"
+#include "info/frmTip.h"
+#include "tests/support/WholeProgram.h"
+
+namespace {
+
+using forms::LoadedDefault;
+
+class Splash : public testing_support::WholeProgram {
+protected:
+    void StoreViewTips(const std::string& value) {
+        settings.values[{"Startup", "View Tips"}] = value;
+    }
+};
+
+TEST_F(Splash, ShowsMascotNameAndOwner) {
+    StoreViewTips("1");
+    Start(StandardCode::Main);
+    auto& splash = forms::Default<frmSplash>();
+    EXPECT_TRUE(splash.IsVisible());
+    EXPECT_EQ(splash.imgLogo.picture().path, "C:\\Jotwright\\mascot.jpg");
+    EXPECT_EQ(splash.lblLogo.caption(), "Jotwright Version 1.0.0");
+    EXPECT_EQ(splash.lblLogo.fontName, "Papyrus");
+    EXPECT_EQ(splash.lblCopyright.caption(), StandardCode::ownershipNotice);
+    EXPECT_EQ(splash.tmrSplash.interval(), 500);
+    EXPECT_TRUE(splash.tmrSplash.enabled());
+}
+
+TEST_F(Splash, ItsTimerIsOffUntilTheStartUpRoutineSwitchesItOn) {
+    Start([] { forms::Default<frmSplash>().Show(); });
+    EXPECT_FALSE(forms::Default<frmSplash>().tmrSplash.enabled());
+    Advance(5000);
+    EXPECT_TRUE(forms::Default<frmSplash>().IsVisible());
+    EXPECT_EQ(LoadedDefault<frmMain>(), nullptr);
+}
+
+TEST_F(Splash, TheFirstTickOnlyCounts) {
+    StoreViewTips("1");
+    Start(StandardCode::Main);
+    Advance(999);
+    EXPECT_TRUE(forms::Default<frmSplash>().IsVisible());
+    EXPECT_EQ(LoadedDefault<frmMain>(), nullptr);
+}
+
+TEST_F(Splash, TheSecondTickOpensTheMainWindowAndLoadsTheHiddenOnes) {
+    StoreViewTips("1");
+    Start(StandardCode::Main);
+    Advance(1000);
+    EXPECT_EQ(LoadedDefault<frmSplash>(), nullptr);
+    EXPECT_TRUE(Main().IsVisible());
+    for (const forms::Form* form : {static_cast<forms::Form*>(LoadedDefault<frmNote>()),
+                                    static_cast<forms::Form*>(LoadedDefault<frmDisplayNote>()),
+                                    static_cast<forms::Form*>(LoadedDefault<frmKillAlarm>()),
+                                    static_cast<forms::Form*>(LoadedDefault<frmTip>())}) {
+        ASSERT_NE(form, nullptr);
+        EXPECT_FALSE(form->IsVisible()) << form->name;
+    }
+}
+
+TEST_F(Splash, TheTipsAreShownModallyUnlessTheUserSwitchedThemOff) {
+    stage->ExpectModal<frmTip>([this](frmTip& tips) {
+        EXPECT_EQ(LoadedDefault<frmSplash>(), nullptr);
+        EXPECT_TRUE(Main().IsVisible());
+        EXPECT_FALSE(Main().IsUsable());
+        EXPECT_EQ(tips.chkShowTips.value(), 0);
+        user->Click(tips.cmdOK);
+    });
+    Start(StandardCode::Main);
+    Advance(1000);
+    EXPECT_TRUE(Main().IsUsable());
+    ASSERT_NE(LoadedDefault<frmTip>(), nullptr);
+    EXPECT_FALSE(LoadedDefault<frmTip>()->IsVisible());
+}
+
+TEST_F(Splash, SuppressedTipsStillOpenFromTheMenu) {
+    StartQuietly();
+    stage->ExpectModal<frmTip>([this](frmTip& tips) {
+        EXPECT_EQ(tips.chkShowTips.value(), 1);
+        user->Click(tips.cmdOK);
+    });
+    user->Choose(Main().mnuHelpShowTips);
+    EXPECT_EQ(settings.Read("Startup", "View Tips"), "1");
+}
+
+TEST_F(Splash, TheBoxShowsTheValueReadAtStartUpAndOkWritesIt) {
+    stage->ExpectModal<frmTip>([this](frmTip& tips) {
+        user->Click(tips.chkShowTips);
+        user->Click(tips.cmdOK);
+    });
+    Start(StandardCode::Main);
+    Advance(1000);
+    EXPECT_EQ(settings.Read("Startup", "View Tips"), "1");
+
+    stage->ExpectModal<frmTip>([this](frmTip& tips) {
+        EXPECT_EQ(tips.chkShowTips.value(), 0);
+        user->Click(tips.cmdOK);
+    });
+    user->Choose(Main().mnuHelpShowTips);
+    EXPECT_EQ(settings.Read("Startup", "View Tips"), "0");
+}
+
+TEST_F(Splash, TimersRunBehindTheTips) {
+    SetNow(2004, 5, 14, 9, 0, 0);
+    stage->ExpectModal<frmTip>([this](frmTip& tips) {
+        Main().tmrCooKoo.enabled = true;
+        Main().lblCooKoo.visible = true;
+        Advance(4 * 60 * 60 * 1000);
+        EXPECT_GT(sound.Count(forms::headless::RecordedSound::Kind::ToEnd), 0);
+        user->Click(tips.cmdOK);
+    });
+    Start(StandardCode::Main);
+    Advance(1000);
+}
+
+TEST_F(Splash, AValueThatIsNoNumberEndsTheProgram) {
+    StoreViewTips("often");
+    stage->ExpectBox("Run-time error '13':\r\n\r\nType mismatch", "Jotwright",
+                     forms::BoxIcon::Critical, forms::BoxButtons::Ok, forms::BoxResult::Ok);
+    Start(StandardCode::Main);
+    Advance(1000);
+    EXPECT_TRUE(runtime->HasEnded());
+}
+
+TEST_F(Splash, AMissingMascotEndsTheProgram) {
+    files.Remove("C:\\Jotwright\\mascot.jpg");
+    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright",
+                     forms::BoxIcon::Critical, forms::BoxButtons::Ok, forms::BoxResult::Ok);
+    Start(StandardCode::Main);
+    EXPECT_TRUE(runtime->HasEnded());
+}
+
+}  // namespace

@@ -1,0 +1,107 @@
+#include "info/frmTip.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/support/TestProgram.h"
+
+namespace {
+
+using forms::BoxButtons;
+using forms::BoxIcon;
+using forms::BoxResult;
+
+const std::vector<std::string> wantedTips = {
+    "Create up to 100 personalized notes.",
+    "To view the main menu - Right click the Jotwright Icon in the system tray or Right click any "
+    "part of the main Jotwright window.",
+    "Place the mouse pointer over any button to view a Tool Tip.",
+    "Visit the Jotwright website by clicking on the main menu.",
+    "Note font size and background color can be changed for each note.",
+    "When Jotwright is stopped, all saved notes will be restarted when Jotwright is restarted.",
+    "View the Help files by clicking the 'Help' button on any notes toolbar.",
+    "Any time you hide a note, all changes to that note are saved.",
+    "To start Jotwright when Windows starts, place a shortcut link in the Startup Directory",
+    "Thats all of the tips we have. Have fun using the Jotwright!",
+};
+
+class Tips : public testing_support::TestProgram {
+protected:
+    void Show(const std::function<void(frmTip&)>& script) {
+        stage->ExpectModal<frmTip>([&](frmTip& window) {
+            script(window);
+            if (window.IsLoaded()) {
+                user->CloseBox(window);
+            }
+        });
+        Start([] { forms::Default<frmTip>().ShowModal(); });
+    }
+
+    std::optional<std::string> Stored() { return settings.Read("Startup", "View Tips"); }
+};
+
+TEST_F(Tips, LoadsWithTheFirstTip) {
+    Show([](frmTip& window) {
+        EXPECT_EQ(window.caption(), "Jotwright - Tips and Tricks");
+        EXPECT_EQ(window.icon().path, "C:\\Jotwright\\logo.ico");
+        EXPECT_EQ(window.Label1.caption(), "Did you know...");
+        EXPECT_EQ(window.cmdNextTip.caption(), "&Next Tip");
+        EXPECT_EQ(window.chkShowTips.caption(), "&Don't Show Tips at Startup");
+        EXPECT_EQ(window.Picture1.resourceName, "tip");
+        EXPECT_EQ(window.lblTipText.fontSize(), 12);
+        EXPECT_TRUE(window.lblTipText.foreColor().has_value());
+        EXPECT_EQ(window.lblTipText.caption(), wantedTips[0]);
+        EXPECT_TRUE(window.cmdNextTip.enabled());
+    });
+}
+
+TEST_F(Tips, NineStepsReachTheLastTipAndDisableTheButton) {
+    Show([this](frmTip& window) {
+        for (std::size_t index = 1; index < wantedTips.size(); ++index) {
+            EXPECT_TRUE(window.cmdNextTip.enabled()) << index;
+            user->Click(window.cmdNextTip);
+            EXPECT_EQ(window.lblTipText.caption(), wantedTips[index]);
+        }
+        EXPECT_FALSE(window.cmdNextTip.enabled());
+    });
+}
+
+TEST_F(Tips, OpenAnewWithTheFirstTip) {
+    Show([this](frmTip& window) { user->Click(window.cmdNextTip); });
+    Show([](frmTip& window) { EXPECT_EQ(window.lblTipText.caption(), wantedTips[0]); });
+}
+
+TEST_F(Tips, OkWritesTheCheckedBox) {
+    Show([this](frmTip& window) {
+        user->Click(window.chkShowTips);
+        EXPECT_EQ(Stored(), std::nullopt);
+        user->Click(window.cmdOK);
+        EXPECT_FALSE(window.IsLoaded());
+    });
+    EXPECT_EQ(Stored(), "1");
+}
+
+TEST_F(Tips, OkWritesTheUncheckedBox) {
+    settings.Write("Startup", "View Tips", "1");
+    Show([this](frmTip& window) { user->Click(window.cmdOK); });
+    EXPECT_EQ(Stored(), "0");
+}
+
+TEST_F(Tips, TheCloseBoxWritesNothing) {
+    Show([this](frmTip& window) {
+        user->Click(window.chkShowTips);
+        user->CloseBox(window);
+    });
+    EXPECT_EQ(Stored(), std::nullopt);
+}
+
+TEST_F(Tips, AMissingIconIsAnErrorOfLoading) {
+    files.Remove("C:\\Jotwright\\logo.ico");
+    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright", BoxIcon::Critical,
+                     BoxButtons::Ok, BoxResult::Ok);
+    Start([] { forms::Default<frmTip>().ShowModal(); });
+}
+
+}  // namespace

@@ -1,0 +1,319 @@
+#include <gtest/gtest.h>
+
+#include "forms/RuntimeError.h"
+#include "notes/NotesArray.h"
+#include "tests/support/TestProgram.h"
+
+namespace {
+
+using forms::BoxButtons;
+using forms::BoxIcon;
+using forms::BoxResult;
+using forms::DateTime;
+using forms::ErrorNumber;
+using StandardCode::LoadNotesArray;
+using StandardCode::NotePath;
+using StandardCode::NoteRecord;
+using StandardCode::Shared;
+
+class NotesArrayTest : public testing_support::TestProgram {
+  protected:
+    void SetUp() override {
+        TestProgram::SetUp();
+        files.PutFolder(StandardCode::NotesFolder());
+        StandardCode::Events().NotesArrayLoaded.Subscribe([this] { ++timesLoaded; });
+    }
+
+    static NoteRecord Note(const std::string& title) {
+        return {title,
+                "Text of " + title,
+                DateTime::FromDate(2004, 5, 14),
+                DateTime::FromTime(9, 30, 0),
+                5,
+                12,
+                "1",
+                1,
+                "yes"};
+    }
+
+    void PutNote(const std::string& title) {
+        files.PutFile(NotePath(title), NoteFile::Encode(Note(title)));
+    }
+
+    void Load() {
+        Start([] { LoadNotesArray(); });
+    }
+
+    void ExpectErrorBox(const std::string& text) {
+        stage->ExpectBox(text, "Error Loading Notes Array", BoxIcon::None, BoxButtons::Ok,
+                         BoxResult::Ok);
+    }
+
+    std::vector<std::string> Titles() {
+        std::vector<std::string> titles;
+        for (int slot = 1; slot <= StandardCode::maximumNotes; ++slot) {
+            if (!Shared().NotesArray[slot].Title.empty()) {
+                titles.push_back(Shared().NotesArray[slot].Title);
+            }
+        }
+        return titles;
+    }
+
+    int timesLoaded = 0;
+};
+
+TEST_F(NotesArrayTest, PathsOfNotes) {
+    EXPECT_EQ(StandardCode::NotesFolder(), "C:\\Jotwright\\Notes");
+    EXPECT_EQ(NotePath(" a b "), "C:\\Jotwright\\Notes\\ a b .txt");
+}
+
+TEST_F(NotesArrayTest, EmptyFolderHasNoNotes) {
+    Shared().NoteCount = 7;
+    Shared().NotesArray[7].Title = "old";
+    Load();
+    EXPECT_EQ(Shared().NoteCount, 0);
+    EXPECT_EQ(timesLoaded, 1);
+    EXPECT_TRUE(Titles().empty());
+}
+
+TEST_F(NotesArrayTest, MissingFolderHasNoNotes) {
+    files.Remove(StandardCode::NotesFolder());
+    Load();
+    EXPECT_EQ(Shared().NoteCount, 0);
+    EXPECT_EQ(timesLoaded, 1);
+}
+
+TEST_F(NotesArrayTest, SlotsFollowTheListing) {
+    PutNote("b");
+    PutNote("C");
+    PutNote("a");
+    files.PutFile("C:\\Jotwright\\Notes\\other.tmp", "x");
+    Load();
+    EXPECT_EQ(Shared().NoteCount, 3);
+    EXPECT_EQ(Titles(), (std::vector<std::string>{"a", "b", "C"}));
+    EXPECT_EQ(Shared().NotesArray[3], Note("C"));
+    EXPECT_EQ(Shared().NotesArray[4], NoteRecord{});
+}
+
+TEST_F(NotesArrayTest, NotesThatAreGoneLeaveEmptySlots) {
+    PutNote("a");
+    PutNote("b");
+    Load();
+    files.Remove(NotePath("a"));
+    Load();
+    EXPECT_EQ(Shared().NoteCount, 1);
+    EXPECT_EQ(Titles(), std::vector<std::string>{"b"});
+    EXPECT_EQ(Shared().NotesArray[2], NoteRecord{});
+}
+
+TEST_F(NotesArrayTest, TitleComesFromTheFileNotItsName) {
+    files.PutFile(NotePath("x"), NoteFile::Encode(Note("Real title")));
+    Load();
+    EXPECT_EQ(Shared().NotesArray[1].Title, "Real title");
+}
+
+TEST_F(NotesArrayTest, RewrittenNoteIsLoaded) {
+    NoteRecord record = Note("a");
+    record.AlarmState = "0";
+    files.PutFile(NotePath("a"), NoteFile::Encode(record, NoteFile::TimeField::RewrittenText));
+    Load();
+    EXPECT_EQ(Shared().NotesArray[1].AlarmTime, DateTime::FromTime(12, 0, 0));
+    EXPECT_EQ(Shared().NotesArray[1].AlarmState, "0");
+}
+
+TEST_F(NotesArrayTest, ShortFileIsRecycledAndEndsTheListing) {
+    PutNote("a");
+    files.PutFile(NotePath("b"), "\"b\",\"text\",#2004-05-14#,");
+    PutNote("c");
+    Load();
+    EXPECT_EQ(Shared().NoteCount, 1);
+    EXPECT_EQ(Titles(), std::vector<std::string>{"a"});
+    EXPECT_EQ(files.RecycleBin(), std::vector<std::string>{NotePath("b")});
+    EXPECT_EQ(timesLoaded, 1);
+    Load();
+    EXPECT_EQ(Titles(), (std::vector<std::string>{"a", "c"}));
+}
+
+TEST_F(NotesArrayTest, EmptyFileIsRecycledAsTheOnlyNote) {
+    files.PutFile(NotePath("a"), "");
+    Load();
+    EXPECT_EQ(Shared().NoteCount, 0);
+    EXPECT_EQ(files.Names(StandardCode::NotesFolder()), std::vector<std::string>{});
+}
+
+TEST_F(NotesArrayTest, FieldThatCannotBeConvertedIsReportedAndLeavesTheCount) {
+    PutNote("a");
+    Load();
+    files.PutFile(NotePath("b"),
+                  "\"b\",\"say \"hi\"\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n");
+    PutNote("c");
+    ExpectErrorBox("Error Number: 13) - Type mismatch");
+    Load();
+    EXPECT_EQ(Shared().NoteCount, 1);
+    EXPECT_EQ(timesLoaded, 1);
+    EXPECT_EQ(files.RecycleBin(), std::vector<std::string>{});
+    // The damaged note's title stays taken.
+    EXPECT_EQ(Titles(), (std::vector<std::string>{"a", "b"}));
+    EXPECT_EQ(Shared().NotesArray[2].AlarmState, "");
+}
+
+TEST_F(NotesArrayTest, NumberTooLargeIsReported) {
+    files.PutFile(NotePath("a"),
+                  "\"a\",\"t\",#2004-05-14#,#09:30:00#,99999,12,\"1\",1,\"yes\"\r\n");
+    ExpectErrorBox("Error Number: 6) - Overflow");
+    Load();
+    EXPECT_EQ(timesLoaded, 0);
+}
+
+TEST_F(NotesArrayTest, FileThatCannotBeReadIsReported) {
+    PutNote("a");
+    files.SetDenied(NotePath("a"), true);
+    ExpectErrorBox("Error Number: 70) - Permission denied");
+    Load();
+}
+
+TEST_F(NotesArrayTest, ShortFileThatCannotBeRemovedIsReported) {
+    files.PutFile(NotePath("a"), "\"a\"");
+    files.SetReadOnly(NotePath("a"), true);
+    ExpectErrorBox("Error Number: 75) - Path/File access error");
+    Load();
+    EXPECT_TRUE(Titles().empty());
+}
+
+TEST_F(NotesArrayTest, HundredNotesFit) {
+    for (int i = 1; i <= 100; ++i) {
+        PutNote("Note " + std::to_string(i));
+    }
+    Load();
+    EXPECT_EQ(Shared().NoteCount, 100);
+    EXPECT_EQ(Titles().size(), 100U);
+}
+
+TEST_F(NotesArrayTest, TheHundredAndFirstFileIsAnError) {
+    for (int i = 1; i <= 101; ++i) {
+        PutNote("Note " + std::to_string(i));
+    }
+    ExpectErrorBox("Error Number: 9) - Subscript out of range");
+    Load();
+    EXPECT_EQ(Shared().NoteCount, 0);
+    EXPECT_EQ(timesLoaded, 0);
+    EXPECT_EQ(Titles().size(), 100U);
+}
+
+TEST_F(NotesArrayTest, UnchangedFilesAreNotReadAgain) {
+    PutNote("a");
+    PutNote("b");
+    Load();
+    files.ClearLog();
+    Load();
+    EXPECT_TRUE(files.Log().empty());
+    EXPECT_EQ(Shared().NotesArray[1], Note("a"));
+    EXPECT_EQ(Shared().NotesArray[2], Note("b"));
+    PutNote("a");
+    Load();
+    EXPECT_EQ(files.Log(), std::vector<std::string>{"read " + NotePath("a")});
+}
+
+TEST_F(NotesArrayTest, AFileThatWasGoneMeanwhileIsReadAgain) {
+    PutNote("a");
+    PutNote("b");
+    Load();
+    files.Remove(NotePath("b"));
+    Load();
+    PutNote("b");
+    files.ClearLog();
+    Load();
+    EXPECT_EQ(files.Log(), std::vector<std::string>{"read " + NotePath("b")});
+}
+
+TEST_F(NotesArrayTest, ChangesOfTheArrayDoNotReachWhatIsRemembered) {
+    PutNote("a");
+    Load();
+    Shared().NotesArray[1].AlarmState = "changed";
+    Load();
+    EXPECT_EQ(Shared().NotesArray[1].AlarmState, "1");
+}
+
+// A file system whose clock ticks coarsely gives two savings of one length the same time.
+class CoarseClockFiles : public forms::headless::MemoryFiles {
+  public:
+    std::vector<forms::FileEntry> List(const std::string& folder,
+                                       const std::string& suffix) override {
+        auto entries = MemoryFiles::List(folder, suffix);
+        for (forms::FileEntry& entry : entries) {
+            entry.changed = 0;
+        }
+        return entries;
+    }
+};
+
+TEST_F(NotesArrayTest, OwnSavingsAreSeenWhateverTheFileTimeSays) {
+    CoarseClockFiles coarse;
+    coarse.PutFolder(StandardCode::NotesFolder());
+    forms::Machine().files = &coarse;
+    NoteRecord record = Note("Caf\xc3\xa9");
+    StandardCode::SaveNoteFile(NotePath("Caf\xc3\xa9"), record);
+    Load();
+    EXPECT_EQ(Shared().NotesArray[1].AlarmState, "1");
+    record.AlarmState = "0";
+    StandardCode::SaveNoteFile(NotePath("CAF\xc3\x89"), record);
+    Load();
+    EXPECT_EQ(Shared().NotesArray[1].AlarmState, "0");
+    forms::Machine().files = &files;
+}
+
+TEST_F(NotesArrayTest, SavingWritesTheFormAskedFor) {
+    StandardCode::SaveNoteFile(NotePath("a"), Note("a"));
+    EXPECT_EQ(files.Peek(NotePath("a")), NoteFile::Encode(Note("a")));
+    StandardCode::SaveNoteFile(NotePath("a"), Note("a"), NoteFile::TimeField::RewrittenText);
+    EXPECT_EQ(files.Peek(NotePath("a")),
+              NoteFile::Encode(Note("a"), NoteFile::TimeField::RewrittenText));
+}
+
+TEST_F(NotesArrayTest, FolderIsMadeWhereItIsMissing) {
+    StandardCode::EnsureNotesFolder();
+    EXPECT_TRUE(files.Log().empty());
+    files.Remove(StandardCode::NotesFolder());
+    StandardCode::EnsureNotesFolder();
+    EXPECT_TRUE(files.FolderExists("C:\\Jotwright\\Notes"));
+}
+
+TEST_F(NotesArrayTest, WriteErrorsAreReported) {
+    bool saved = true;
+    stage->ExpectBox("70 - Permission denied", "WriteNote Sub Error", BoxIcon::None, BoxButtons::Ok,
+                     BoxResult::Ok);
+    PutNote("a");
+    files.SetDenied(NotePath("a"), true);
+    Start([&] {
+        saved = StandardCode::ReportWriteErrors(
+            [] { StandardCode::SaveNoteFile(NotePath("a"), Note("b")); });
+    });
+    EXPECT_FALSE(saved);
+}
+
+TEST_F(NotesArrayTest, TitleThatIsNoFileNameIsReported) {
+    stage->ExpectBox("52 - Bad file name or number", "WriteNote Sub Error", BoxIcon::None,
+                     BoxButtons::Ok, BoxResult::Ok);
+    Start([&] {
+        StandardCode::ReportWriteErrors(
+            [] { StandardCode::SaveNoteFile(NotePath("what?"), Note("what?")); });
+    });
+    EXPECT_TRUE(files.Names(StandardCode::NotesFolder()).empty());
+}
+
+TEST_F(NotesArrayTest, Error457IsSilent) {
+    bool saved = true;
+    Start([&] {
+        saved = StandardCode::ReportWriteErrors(
+            [] { throw forms::RuntimeError(ErrorNumber::KeyNotUnique); });
+    });
+    EXPECT_FALSE(saved);
+}
+
+TEST_F(NotesArrayTest, NoErrorNoReport) {
+    bool saved = false;
+    Start([&] { saved = StandardCode::ReportWriteErrors([] {}); });
+    EXPECT_TRUE(saved);
+}
+
+}  // namespace

@@ -1,0 +1,109 @@
+#include "notes/OpenNote.h"
+#include "tests/support/NoteProgram.h"
+
+namespace {
+
+using forms::Color;
+using forms::DateTime;
+using StandardCode::Shared;
+
+class OpenNoteTest : public testing_support::NoteProgram {
+  protected:
+    void Open(int slot) {
+        Start([slot] { StandardCode::OpenNote(slot); });
+    }
+};
+
+TEST_F(OpenNoteTest, OpensTheSlotsNote) {
+    auto record = Record("Dentist", "Call.\r\nAsk.");
+    record.AlarmDate = DateTime::FromDate(2031, 2, 3);
+    record.AlarmTime = DateTime::FromTime(9, 30, 0);
+    record.ColorIndex = 4;
+    record.FontSize = 14;
+    record.AudioAlarm = 1;
+    Shared().NotesArray[7] = record;
+    Open(7);
+    frmNote& note = Editor("Dentist");
+    EXPECT_EQ(StandardCode::CurrentNote().get(), &note);
+    EXPECT_EQ(note.txtNote.text(), "Call.\r\nAsk.");
+    EXPECT_EQ(note.dtDate.value(), DateTime::FromDate(2031, 2, 3));
+    EXPECT_EQ(note.dtTime.value(), DateTime::FromTime(9, 30, 0));
+    EXPECT_EQ(note.txtNote.backColor(), (Color{0, 0, 255}));
+    EXPECT_EQ(note.txtNote.foreColor(), (Color{255, 255, 255}));
+    EXPECT_TRUE(note.mnuBlue.checked());
+    EXPECT_EQ(note.txtNote.fontSize(), 14);
+    EXPECT_EQ(note.chkAudioAlarm.value(), 1);
+    EXPECT_EQ(note.cmdAlarm.caption(), "&Set Alarm");
+    EXPECT_TRUE(note.IsVisible());
+    EXPECT_EQ(note.windowState(), forms::WindowState::Normal);
+    EXPECT_TRUE(note.mnuHide.enabled());
+    EXPECT_FALSE(note.mnuShow.enabled());
+}
+
+TEST_F(OpenNoteTest, AnAlarmIsPresentedAndKeptInTheSlot) {
+    auto record = Record("Dentist", "");
+    record.AlarmState = "1";
+    Shared().NotesArray[1] = record;
+    Shared().AlarmFlag = "before";
+    Open(1);
+    frmNote& note = Editor("Dentist");
+    EXPECT_EQ(note.cmdAlarm.caption(), "&Turn Off Alarm");
+    EXPECT_EQ(note.lblCalMonth.caption(), "May");
+    EXPECT_TRUE(note.tmrNote.enabled());
+    EXPECT_EQ(Shared().NotesArray[1].AlarmState, "1");
+    EXPECT_EQ(Shared().AlarmFlag, "before");
+}
+
+TEST_F(OpenNoteTest, ASlotOutsideTheArrayIsAnError) {
+    for (const int slot : {0, 101, -1}) {
+        Start([slot] {
+            try {
+                StandardCode::OpenNote(slot);
+                ADD_FAILURE() << slot;
+            } catch (const forms::RuntimeError& error) {
+                EXPECT_EQ(error.number(), 9) << slot;
+            }
+        });
+    }
+    EXPECT_TRUE(runtime->LoadedForms().empty());
+}
+
+TEST_F(OpenNoteTest, ShowsNoMessageOfItsOwn) {
+    auto record = Record("Dentist", "");
+    record.AlarmState = "1";
+    Shared().NotesArray[1] = record;
+    files.Remove("C:\\Jotwright\\alarmon.ico");
+    Start([] {
+        try {
+            StandardCode::OpenNote(1);
+            ADD_FAILURE();
+        } catch (const forms::RuntimeError& error) {
+            EXPECT_EQ(error.number(), 53);
+        }
+    });
+    EXPECT_TRUE(stage->Boxes().empty());
+}
+
+TEST_F(OpenNoteTest, TheCurrentNoteIsTheLastOneOpened) {
+    EXPECT_EQ(StandardCode::CurrentNote(), nullptr);
+    Shared().NotesArray[1] = Record("First", "");
+    Shared().NotesArray[2] = Record("Second", "");
+    Open(1);
+    Open(2);
+    EXPECT_EQ(StandardCode::CurrentNote().get(), &Editor("Second"));
+    user->CloseBox(Editor("Second"));
+    EXPECT_EQ(StandardCode::CurrentNote(), nullptr);
+}
+
+TEST_F(OpenNoteTest, ThePanelMayRebuildTheArrayMeanwhile) {
+    PutNote(Record("Dentist", "text"));
+    Start(StandardCode::LoadNotesArray);
+    StandardCode::Events().ControlPanel.Subscribe([](PanelAction) {
+        Shared().NotesArray = StandardCode::NotesTable{};
+        Shared().NoteCount = 0;
+    });
+    Open(1);
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
+}
+
+}  // namespace

@@ -1,0 +1,238 @@
+#include "forms/Gestures.h"
+#include "notes/Recovery.h"
+#include "tests/support/NoteProgram.h"
+
+// Text that was typed and not saved outlives a program that is killed.
+
+namespace {
+
+using forms::BoxResult;
+using Names = std::vector<std::string>;
+
+class RecoveryTest : public testing_support::NoteProgram {
+  protected:
+    Names FilesOfNotes() const { return files.Names("C:\\Jotwright\\Notes"); }
+
+    // The process dies without a word and the program is started again.
+    void KillAndStartAgain() {
+        RestartProgram();
+        Start(StandardCode::ReadNotes);
+    }
+};
+
+TEST_F(RecoveryTest, TypingIsKeptWithinTwoSeconds) {
+    PutNote(Record("Dentist", "old"));
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("Dentist"));
+    user->Type(Editor("Dentist").txtNote, "new \"quoted\"\r\nlines");
+    Advance(2000);
+    KillAndStartAgain();
+    frmNote& note = Editor("Dentist");
+    EXPECT_EQ(note.txtNote.text(), "new \"quoted\"\r\nlines");
+    EXPECT_EQ(note.windowState(), forms::WindowState::Normal);
+    EXPECT_EQ(Saved("Dentist").Text, "old");
+    EXPECT_EQ(runtime->LoadedForms().size(), 1U);
+}
+
+TEST_F(RecoveryTest, ANoteThatWasNeverSavedComesBack) {
+    MakeNote("Dentist", "typed");
+    Advance(2000);
+    KillAndStartAgain();
+    frmNote& note = Editor("Dentist");
+    EXPECT_EQ(note.txtNote.text(), "typed");
+    EXPECT_FALSE(FileOf("Dentist").has_value());
+    user->CloseBox(note);
+    EXPECT_EQ(Saved("Dentist").Text, "typed");
+    EXPECT_EQ(FilesOfNotes(), Names{"Dentist.txt"});
+}
+
+TEST_F(RecoveryTest, WhatIsSavedNeedsNoCopy) {
+    frmNote& note = MakeNote("Dentist", "typed");
+    Advance(2000);
+    EXPECT_EQ(FilesOfNotes().size(), 1U);
+    Start([&note] { note.WriteNote(); });
+    EXPECT_EQ(FilesOfNotes(), Names{"Dentist.txt"});
+    user->Type(note.txtNote, "typed more");
+    Advance(2000);
+    EXPECT_EQ(FilesOfNotes().size(), 2U);
+    user->Type(note.txtNote, "typed");
+    Advance(2000);
+    EXPECT_EQ(FilesOfNotes(), Names{"Dentist.txt"});
+}
+
+TEST_F(RecoveryTest, ACopyIsWrittenOnlyWhenTheTextChanges) {
+    MakeNote("Dentist", "typed");
+    Advance(2000);
+    files.ClearLog();
+    Advance(60'000);
+    EXPECT_TRUE(files.Log().empty());
+}
+
+TEST_F(RecoveryTest, TheListOfNotesDoesNotShowCopies) {
+    MakeNote("Dentist", "typed");
+    Advance(2000);
+    Start(StandardCode::LoadNotesArray);
+    EXPECT_EQ(StandardCode::Shared().NoteCount, 0);
+    ASSERT_EQ(FilesOfNotes().size(), 1U);
+    EXPECT_EQ(FilesOfNotes()[0].find(".txt"), std::string::npos);
+}
+
+TEST_F(RecoveryTest, EveryOrderlyEndRemovesTheCopy) {
+    frmNote& dropped = OpenThroughPanel(Record("Dropped", "old"));
+    user->Type(dropped.txtNote, "old and new");
+    Advance(2000);
+    ExpectSaveQuestion(BoxResult::No);
+    user->CloseBox(dropped);
+    EXPECT_EQ(FilesOfNotes(), Names{"Dropped.txt"});
+
+    frmNote& unnoticed = OpenThroughPanel(Record("Dropped", "old"));
+    user->Type(unnoticed.txtNote, "new");
+    Advance(2000);
+    user->CloseBox(unnoticed);
+    EXPECT_EQ(FilesOfNotes(), Names{"Dropped.txt"});
+
+    frmNote& erased = OpenThroughPanel(Record("Dropped", "old"));
+    user->Type(erased.txtNote, "new");
+    Advance(2000);
+    ExpectEraseQuestion("DROPPED", BoxResult::Yes);
+    user->Click(erased.tlbMain, "Erase");
+    EXPECT_TRUE(FilesOfNotes().empty());
+
+    StandardCode::Shared().ControlPanelMode = false;
+    frmNote& saved = MakeNote("Saved", "typed");
+    Advance(2000);
+    user->CloseBox(saved);
+    EXPECT_EQ(FilesOfNotes(), Names{"Saved.txt"});
+
+    MakeNote("Session", "typed");
+    Advance(2000);
+    forms::gestures::EndSession();
+    EXPECT_EQ(FilesOfNotes(), (Names{"Saved.txt", "Session.txt"}));
+}
+
+TEST_F(RecoveryTest, ARecoveredTextIsDroppedAsAnyEdit) {
+    PutNote(Record("Dentist", "old"));
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("Dentist"));
+    user->Type(Editor("Dentist").txtNote, "new");
+    Advance(2000);
+    KillAndStartAgain();
+    StandardCode::Shared().ControlPanelMode = true;
+    ExpectSaveQuestion(BoxResult::No);
+    user->CloseBox(Editor("Dentist"));
+    EXPECT_EQ(Saved("Dentist").Text, "old");
+    EXPECT_EQ(FilesOfNotes(), Names{"Dentist.txt"});
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "old");
+}
+
+TEST_F(RecoveryTest, ASecondKillLosesNothing) {
+    MakeNote("Dentist", "typed");
+    Advance(2000);
+    KillAndStartAgain();
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed");
+}
+
+TEST_F(RecoveryTest, ColorAndAlarmOfTheNoteStay) {
+    auto record = Record("Dentist", "old");
+    record.ColorIndex = 3;
+    record.AlarmState = "1";
+    PutNote(record);
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("Dentist"));
+    user->Type(Editor("Dentist").txtNote, "new");
+    Advance(2000);
+    // An earlier file now ends the restoring.
+    files.PutFile(PathOf("Aaa"), "damaged");
+    RestartProgram();
+    stage->ExpectBox("Input past end of file", "Error Loading File", forms::BoxIcon::None,
+                     forms::BoxButtons::Ok, BoxResult::Ok);
+    Start(StandardCode::ReadNotes);
+    frmNote& note = Editor("Dentist");
+    EXPECT_EQ(note.txtNote.text(), "new");
+    EXPECT_TRUE(note.mnuGreen.checked());
+    EXPECT_EQ(note.cmdAlarm.caption(), "&Turn Off Alarm");
+}
+
+TEST_F(RecoveryTest, TwoNewNotesOfOneTitleBothComeBack) {
+    MakeNote("Twin", "first");
+    Start([] { StandardCode::CreateNote("Twin"); });
+    auto* second = dynamic_cast<frmNote*>(runtime->LoadedForms().back().get());
+    user->Type(second->txtNote, "second");
+    Advance(2000);
+    KillAndStartAgain();
+    ASSERT_EQ(runtime->LoadedForms().size(), 2U);
+    std::vector<std::string> texts;
+    for (const auto& form : runtime->LoadedForms()) {
+        texts.push_back(dynamic_cast<frmNote&>(*form).txtNote.text());
+    }
+    EXPECT_EQ(texts, (Names{"first", "second"}));
+}
+
+TEST_F(RecoveryTest, ATitleThatIsNoFileNameIsKeptAllTheSame) {
+    MakeNote("What? <a|b> * \"c\":", "typed");
+    MakeNote("con", "device");
+    MakeNote(std::string(240, 'x'), "long");
+    MakeNote("Übung", "text äöü \xE2\x98\x83");
+    Advance(2000);
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("What? <a|b> * \"c\":").txtNote.text(), "typed");
+    EXPECT_EQ(Editor("con").txtNote.text(), "device");
+    EXPECT_EQ(Editor(std::string(240, 'x')).txtNote.text(), "long");
+    EXPECT_EQ(Editor("Übung").txtNote.text(), "text äöü \xE2\x98\x83");
+}
+
+TEST_F(RecoveryTest, WhatIsNoCopyIsPassedOver) {
+    MakeNote("Dentist", "typed");
+    Advance(2000);
+    const std::string folder = "C:\\Jotwright\\Notes\\";
+    ASSERT_EQ(FilesOfNotes().size(), 1U);
+    const std::string whole = *files.Peek(folder + FilesOfNotes()[0]);
+    const std::size_t titleEnd = whole.find("Dentist") + std::string("Dentist").size();
+    for (std::size_t length = 0; length < titleEnd + 2; ++length) {
+        files.PutFile(folder + "~Cut " + std::to_string(length) + ".recovery",
+                      whole.substr(0, length));
+    }
+    KillAndStartAgain();
+    EXPECT_EQ(runtime->LoadedForms().size(), 1U);
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed");
+}
+
+TEST_F(RecoveryTest, AFullDiskIsTriedAgainWithoutAWord) {
+    MakeNote("Dentist", "typed");
+    files.SetFreeSpace(1);
+    Advance(3000);
+    EXPECT_TRUE(stage->Boxes().empty());
+    files.SetFreeSpace(std::nullopt);
+    Advance(2000);
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed");
+}
+
+TEST_F(RecoveryTest, AKillAtAnyStepOfTheCopyLosesOnlyTheLastSeconds) {
+    PutNote(Record("Dentist", "old"));
+    for (int step = 1; step <= 12; ++step) {
+        for (const auto moment : {forms::headless::MemoryFiles::Moment::Before,
+                                  forms::headless::MemoryFiles::Moment::Middle,
+                                  forms::headless::MemoryFiles::Moment::After}) {
+            files.Remove("C:\\Jotwright\\Notes\\~Dentist.recovery");
+            RestartProgram();
+            Start(StandardCode::ReadNotes);
+            user->Restore(Editor("Dentist"));
+            user->Type(Editor("Dentist").txtNote, "first");
+            Advance(2000);
+            user->Type(Editor("Dentist").txtNote, "second");
+            files.KillAt(step, moment);
+            try {
+                Advance(2000);
+            } catch (const forms::headless::Killed&) {
+            }
+            KillAndStartAgain();
+            const std::string text = Editor("Dentist").txtNote.text;
+            EXPECT_TRUE(text == "first" || text == "second") << step << ": " << text;
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,225 @@
+#include "notes/RestoreNotes.h"
+#include "tests/support/NoteProgram.h"
+
+namespace {
+
+using forms::BoxButtons;
+using forms::BoxIcon;
+using forms::BoxResult;
+using forms::Color;
+using forms::DateTime;
+using forms::WindowState;
+using StandardCode::Shared;
+
+class RestoreNotesTest : public testing_support::NoteProgram {
+  protected:
+    void Restore() { Start(StandardCode::ReadNotes); }
+
+    void ExpectLoadError(const std::string& description) {
+        stage->ExpectBox(description, "Error Loading File", BoxIcon::None, BoxButtons::Ok,
+                         BoxResult::Ok);
+    }
+};
+
+TEST_F(RestoreNotesTest, AnEmptyOrMissingFolderOpensNothing) {
+    Restore();
+    EXPECT_TRUE(runtime->LoadedForms().empty());
+    files.PutFolder("C:\\Jotwright\\Notes");
+    Restore();
+    EXPECT_TRUE(runtime->LoadedForms().empty());
+    EXPECT_EQ(stage->Pointer(), forms::MousePointer::Hourglass);
+}
+
+TEST_F(RestoreNotesTest, EveryNoteComesBackMinimised) {
+    PutNote(Record("Beta", "second"));
+    PutNote(Record("Alpha", "first"));
+    Restore();
+    EXPECT_EQ(Shared().NoteTitles, (std::vector<std::string>{"Alpha", "Beta"}));
+    for (const char* title : {"Alpha", "Beta"}) {
+        frmNote& note = Editor(title);
+        EXPECT_TRUE(note.IsVisible());
+        EXPECT_EQ(note.windowState(), WindowState::Minimized);
+        EXPECT_EQ(forms::headless::HeadlessStage::WindowOf(note).timesShown, 1);
+    }
+    EXPECT_EQ(Editor("Beta").txtNote.text(), "second");
+}
+
+struct RestoredColorCase {
+    int index;
+    Color back;
+    Color text;
+    const char* item;
+};
+
+TEST_F(RestoreNotesTest, ColorsAreStrongAndWhatIsUnknownIsYellow) {
+    const std::vector<RestoredColorCase> cases{
+        {1, {255, 255, 255}, {0, 0, 0}, "White"}, {2, {255, 0, 0}, {255, 255, 255}, "Red"},
+        {3, {0, 255, 0}, {0, 0, 0}, "Green"},     {4, {0, 0, 255}, {255, 255, 255}, "Blue"},
+        {5, {255, 255, 0}, {0, 0, 0}, "Yellow"},  {6, {255, 255, 0}, {0, 0, 0}, "Yellow"},
+        {0, {255, 255, 0}, {0, 0, 0}, "Yellow"},  {-3, {255, 255, 0}, {0, 0, 0}, "Yellow"},
+        {99, {255, 255, 0}, {0, 0, 0}, "Yellow"},
+    };
+    for (const RestoredColorCase& one : cases) {
+        auto record = Record("Note " + std::to_string(one.index), "");
+        record.ColorIndex = static_cast<std::int16_t>(one.index);
+        PutNote(record);
+    }
+    Restore();
+    for (const RestoredColorCase& one : cases) {
+        frmNote& note = Editor("Note " + std::to_string(one.index));
+        EXPECT_EQ(note.txtNote.backColor(), one.back) << one.index;
+        EXPECT_EQ(note.txtNote.foreColor(), one.text) << one.index;
+        for (const forms::Menu* entry : note.mnuColor.entries) {
+            EXPECT_EQ(entry->checked(), entry->caption() == one.item) << one.index;
+        }
+    }
+}
+
+TEST_F(RestoreNotesTest, OnlyTheFourFontSizesAreTaken) {
+    const std::vector<std::pair<int, int>> cases{{10, 10}, {12, 12}, {14, 14},
+                                                 {16, 16}, {11, 12}, {0, 12}};
+    for (const auto& [saved, shown] : cases) {
+        auto record = Record("Size " + std::to_string(saved), "");
+        record.FontSize = static_cast<std::int16_t>(saved);
+        PutNote(record);
+    }
+    Restore();
+    for (const auto& [saved, shown] : cases) {
+        frmNote& note = Editor("Size " + std::to_string(saved));
+        EXPECT_EQ(note.txtNote.fontSize(), shown) << saved;
+        for (const forms::Menu* entry : note.mnuFont.entries) {
+            EXPECT_EQ(entry->checked(), entry->caption() == std::to_string(shown) + " point");
+        }
+    }
+}
+
+TEST_F(RestoreNotesTest, AnAlarmComesBackSet) {
+    auto record = Record("Dentist", "");
+    record.AlarmState = "1";
+    record.AlarmDate = DateTime::FromDate(2004, 5, 20);
+    record.AlarmTime = DateTime::FromTime(9, 30, 15);
+    PutNote(record);
+    Restore();
+    frmNote& note = Editor("Dentist");
+    EXPECT_EQ(note.icon().path, "C:\\Jotwright\\alarmon.ico");
+    EXPECT_EQ(note.imgAlarm.picture().path, "C:\\Jotwright\\alarmon.ico");
+    EXPECT_TRUE(note.imgAlarm.visible());
+    EXPECT_EQ(note.cmdAlarm.caption(), "&Turn Off Alarm");
+    EXPECT_TRUE(note.tmrNote.enabled());
+    EXPECT_EQ(note.tmrNote.interval(), 600);
+    EXPECT_EQ(note.fraAlarm.caption(), " Alarm Set ");
+    EXPECT_EQ(note.lblCalMonth.caption(), "May");
+    EXPECT_EQ(note.lblDayYear.caption(), "20, 2004");
+    EXPECT_EQ(note.lblClock.caption(), "9:30:15 AM");
+    for (const forms::Control* control : std::initializer_list<const forms::Control*>{
+             &note.shpMonth, &note.shpCalBody, &note.shpClock, &note.lblCalMonth, &note.lblDayYear,
+             &note.lblClock}) {
+        EXPECT_TRUE(control->visible()) << control->name;
+    }
+    for (const forms::Control* control : std::initializer_list<const forms::Control*>{
+             &note.dtDate, &note.dtTime, &note.lblDate, &note.lblTime}) {
+        EXPECT_FALSE(control->visible()) << control->name;
+    }
+    EXPECT_FALSE(note.dtDate.enabled());
+    EXPECT_FALSE(note.dtTime.enabled());
+}
+
+TEST_F(RestoreNotesTest, TheSharedAlarmFlagIsThatOfTheLastNote) {
+    auto record = Record("Alpha", "");
+    record.AlarmState = "1";
+    PutNote(record);
+    PutNote(Record("Beta", ""));
+    Restore();
+    EXPECT_EQ(Shared().AlarmFlag, "0");
+    record.Title = "Gamma";
+    PutNote(record);
+    Restore();
+    EXPECT_EQ(Shared().AlarmFlag, "1");
+}
+
+TEST_F(RestoreNotesTest, TheAudioBoxComesBackWithoutAnAlarm) {
+    auto record = Record("Dentist", "");
+    record.AudioAlarm = 1;
+    PutNote(record);
+    Restore();
+    EXPECT_EQ(Editor("Dentist").chkAudioAlarm.value(), 1);
+    EXPECT_TRUE(Editor("Dentist").imgBell.visible());
+    EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Set Alarm");
+}
+
+TEST_F(RestoreNotesTest, ARewrittenNoteComesBackWithItsAlarmOff) {
+    files.PutFolder("C:\\Jotwright\\Notes");
+    files.PutFile(PathOf("Dentist"),
+                  "\"Dentist\",\"Call.\",#2004-05-20#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n");
+    Restore();
+    frmNote& note = Editor("Dentist");
+    EXPECT_EQ(note.cmdAlarm.caption(), "&Set Alarm");
+    EXPECT_EQ(note.dtDate.value(), DateTime::FromDate(2004, 5, 20));
+    EXPECT_EQ(note.dtTime.value(), DateTime::FromTime(12, 0, 0));
+}
+
+TEST_F(RestoreNotesTest, ATitleThatDiffersFromTheFileNameIsTheNotes) {
+    files.PutFolder("C:\\Jotwright\\Notes");
+    files.PutFile(PathOf("file"), NoteFile::Encode(Record("title", "text")));
+    Restore();
+    frmNote& note = Editor("title");
+    user->Restore(note);
+    user->CloseBox(note);
+    EXPECT_TRUE(FileOf("title").has_value());
+    EXPECT_TRUE(FileOf("file").has_value());
+}
+
+TEST_F(RestoreNotesTest, ADamagedFileEndsTheRestoring) {
+    PutNote(Record("Alpha", ""));
+    files.PutFile(PathOf("Beta"), "\"Beta\",\"text\"");
+    PutNote(Record("Gamma", ""));
+    ExpectLoadError("Input past end of file");
+    Restore();
+    EXPECT_TRUE(StandardCode::IsNoteOpen("Alpha"));
+    EXPECT_EQ(Editor("Alpha").windowState(), WindowState::Minimized);
+    EXPECT_FALSE(StandardCode::IsNoteOpen("Beta"));
+    EXPECT_FALSE(StandardCode::IsNoteOpen("Gamma"));
+    EXPECT_TRUE(FileOf("Beta").has_value());
+}
+
+TEST_F(RestoreNotesTest, ABadDateEndsTheRestoring) {
+    files.PutFolder("C:\\Jotwright\\Notes");
+    files.PutFile(PathOf("Alpha"),
+                  "\"Alpha\",\"\",#2004-13-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    PutNote(Record("Beta", ""));
+    ExpectLoadError("Type mismatch");
+    Restore();
+    EXPECT_TRUE(runtime->LoadedForms().empty());
+}
+
+TEST_F(RestoreNotesTest, AMissingAlarmIconEndsTheRestoring) {
+    auto record = Record("Alpha", "");
+    record.AlarmState = "1";
+    PutNote(record);
+    PutNote(Record("Beta", ""));
+    files.Remove("C:\\Jotwright\\alarmon.ico");
+    ExpectLoadError("File not found");
+    Restore();
+    EXPECT_FALSE(StandardCode::IsNoteOpen("Beta"));
+}
+
+TEST_F(RestoreNotesTest, RestoringAndClosingLeavesTheFileAsItWas) {
+    auto record = Record("Dentist", "Call.\r\nAsk.");
+    record.AlarmTime = DateTime::FromTime(23, 59, 58);
+    record.AlarmState = "1";
+    record.AudioAlarm = 1;
+    record.ColorIndex = 3;
+    record.FontSize = 16;
+    PutNote(record);
+    const auto before = FileOf("Dentist");
+    Restore();
+    files.ClearLog();
+    user->Restore(Editor("Dentist"));
+    user->CloseBox(Editor("Dentist"));
+    EXPECT_EQ(FileOf("Dentist"), before);
+    for (const std::string& entry : files.Log()) {
+        EXPECT_TRUE(entry.rfind("read", 0) == 0) << entry;
+    }
+}
+
+}  // namespace

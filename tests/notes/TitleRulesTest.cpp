@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+
+#include "notes/TitleRules.h"
+
+namespace {
+
+using StandardCode::NotesTable;
+using TitleRules::Check;
+using TitleRules::Verdict;
+
+void ExpectVerdict(const std::string& title, int rule, const std::string& picture,
+                   const std::string& caption, const std::string& text, bool clearTitle,
+                   const NotesTable& notes = {}) {
+    const Verdict verdict = Check(title, notes);
+    EXPECT_EQ(verdict.rule, rule) << title;
+    EXPECT_EQ(verdict.picture, picture) << title;
+    EXPECT_EQ(verdict.caption, caption) << title;
+    EXPECT_EQ(verdict.text, text) << title;
+    EXPECT_EQ(verdict.clearTitle, clearTitle) << title;
+    EXPECT_EQ(verdict.IsAccepted(), rule == 0) << title;
+    EXPECT_EQ(verdict.HasMessage(), !text.empty()) << title;
+}
+
+TEST(TitleRules, NumberAloneIsRejectedAndStays) {
+    for (const char* title : {"2004", "-5", "1,000.50", "1e5", " 7 ", ".5"}) {
+        ExpectVerdict(title, 1, "letters.gif", " Note Title Error",
+                      "Note titles can't contain numeric characters only.\r\n"
+                      " Please add a couple of letters.",
+                      false);
+    }
+}
+
+TEST(TitleRules, NumberWithLettersPasses) { ExpectVerdict("2004 plans", 0, "", "", "", false); }
+
+TEST(TitleRules, EmptyTitle) {
+    ExpectVerdict("", 2, "mascot_error.gif", "  Note Title Error",
+                  "Please Enter A Title For Your Note.\r\n", true);
+}
+
+TEST(TitleRules, BlanksGetNoMessage) {
+    ExpectVerdict(" ", 3, "", "", "", true);
+    ExpectVerdict("   ", 3, "", "", "", true);
+}
+
+TEST(TitleRules, ForbiddenCharacters) {
+    ExpectVerdict("a/b", 4, "no_Fslash.gif", "  Note Title Error",
+                  "Note titles can't contain a forwardslash.", true);
+    ExpectVerdict("a\\b", 5, "no_Fslash.gif", "  Note Title Error",
+                  "Note titles can't contain a backslash.", true);
+    ExpectVerdict("a.b", 6, "error.gif", "Note Title Error", "Note titles can't contain a period.",
+                  true);
+    ExpectVerdict("a:b", 7, "error.gif", "Note Title Error", "Note titles can't contain a colon.",
+                  true);
+    ExpectVerdict("a;b", 8, "error.gif", "Note Title Error",
+                  "Note titles can't contain a semi-colon.", true);
+    ExpectVerdict("a'b", 9, "error.gif", "Note Title Error",
+                  "Note titles can't contain a single quote.", true);
+    ExpectVerdict("a\"b", 10, "error.gif", "Note Title Error",
+                  "Note titles can't contain a double quote.", true);
+}
+
+TEST(TitleRules, TheFirstRuleThatIsBrokenDecides) {
+    EXPECT_EQ(Check("1.5", {}).rule, 1);
+    EXPECT_EQ(Check("\"';:.\\/", {}).rule, 4);
+    EXPECT_EQ(Check("\"';:.\\", {}).rule, 5);
+    EXPECT_EQ(Check("\"';:.", {}).rule, 6);
+    EXPECT_EQ(Check("\"';:", {}).rule, 7);
+    EXPECT_EQ(Check("\"';", {}).rule, 8);
+    EXPECT_EQ(Check("\"'", {}).rule, 9);
+}
+
+TEST(TitleRules, PeriodIsRejectedBeforeTheDuplicateTest) {
+    NotesTable notes;
+    notes[1].Title = "a.b";
+    EXPECT_EQ(Check("a.b", notes).rule, 6);
+}
+
+TEST(TitleRules, TakenTitle) {
+    NotesTable notes;
+    notes[3].Title = "Shopping";
+    ExpectVerdict("Shopping", 11, "error.gif", "Name Already Exists",
+                  "A note with this title already exits.\r\n\r\n"
+                  "Please choose another title for your new note.",
+                  true, notes);
+}
+
+TEST(TitleRules, AllHundredSlotsAreLookedAt) {
+    for (const int slot : {1, 50, 100}) {
+        NotesTable notes;
+        notes[slot].Title = "Shopping";
+        EXPECT_EQ(Check("Shopping", notes).rule, 11) << slot;
+    }
+}
+
+TEST(TitleRules, TitlesAreComparedExactly) {
+    NotesTable notes;
+    notes[1].Title = "Shopping";
+    EXPECT_TRUE(Check("shopping", notes).IsAccepted());
+    EXPECT_TRUE(Check("Shopping ", notes).IsAccepted());
+    EXPECT_TRUE(Check(" Shopping", notes).IsAccepted());
+}
+
+TEST(TitleRules, OtherCharactersThatFileNamesCannotHoldPass) {
+    for (const char* title : {"a*b", "a?b", "a|b", "a<b", "a>b", "con", "\xce\xb1", "a, b", "\t"}) {
+        EXPECT_TRUE(Check(title, {}).IsAccepted()) << title;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "app/StandardCode.h"
+#include "notes/NoteFile.h"
+#include "notes/frmNote.h"
+#include "notes/frmViewNotes.h"
+#include "tests/support/TestProgram.h"
+
+namespace testing_support {
+
+// The control panel and the editors, without the main window.
+class ViewNotes : public TestProgram {
+  protected:
+    const std::string folder = applicationFolder + "\\Notes";
+
+    void SetUp() override {
+        TestProgram::SetUp();
+        files.PutFolder(folder);
+        StandardCode::ConnectControlPanel();
+    }
+
+    static StandardCode::NoteRecord Note(const std::string& title, const char* alarmState = "0") {
+        StandardCode::NoteRecord note;
+        note.Title = title;
+        note.Text = "Text of " + title;
+        note.AlarmDate = forms::DateTime::FromDate(2004, 5, 14);
+        note.AlarmTime = forms::DateTime::FromTime(9, 30, 0);
+        note.ColorIndex = 1;
+        note.FontSize = 12;
+        note.AlarmState = alarmState;
+        return note;
+    }
+    void Put(const std::string& fileName, const StandardCode::NoteRecord& note) {
+        files.PutFile(folder + "\\" + fileName + ".txt", NoteFile::Encode(note));
+    }
+    void Put(const std::string& title) { Put(title, Note(title)); }
+    void PutMany(int count) {
+        for (int i = 1; i <= count; ++i) {
+            Put("Note " + std::to_string(1000 + i));
+        }
+    }
+
+    void Open() {
+        Start([] {
+            StandardCode::Shared().ControlPanelMode = true;
+            forms::Default<frmViewNotes>().Show();
+        });
+    }
+    static frmViewNotes& Panel() { return forms::Default<frmViewNotes>(); }
+    static bool IsOpen() { return forms::LoadedDefault<frmViewNotes>() != nullptr; }
+    static std::vector<std::string> Titles() {
+        std::vector<std::string> titles;
+        for (const auto& row : Panel().lvwNotes.Rows()) {
+            titles.push_back(row.texts.at(1));
+        }
+        return titles;
+    }
+    void Raise(StandardCode::SharedEvents::PanelAction action) {
+        Start([action] { StandardCode::Events().ControlPanel.Raise(action); });
+    }
+    // What ends an editor here is not what is tested.
+    void CloseNote(forms::Form& note) {
+        StandardCode::Shared().ControlPanelMode = false;
+        Start([&note] { note.Unload(); });
+    }
+    void CloseNotes() {
+        const auto loaded = runtime->LoadedForms();
+        for (const auto& form : loaded) {
+            if (dynamic_cast<frmNote*>(form.get()) != nullptr) {
+                CloseNote(*form);
+            }
+        }
+    }
+
+    void ExpectQuestion(const std::string& titleInCapitals, forms::BoxResult answer) {
+        stage->ExpectBox("Would you like to erase" + std::string(8, ' ') + "\r\n" +
+                             std::string(11, ' ') + titleInCapitals + "?" + std::string(7, ' '),
+                         "Deleting Note", forms::BoxIcon::Critical, forms::BoxButtons::YesNo,
+                         answer);
+    }
+    void ExpectNothingSelected() {
+        stage->ExpectBox("Please Select A File To Remove.", "Error Occured Removing Note",
+                         forms::BoxIcon::Critical, forms::BoxButtons::Ok, forms::BoxResult::Ok);
+    }
+};
+
+}  // namespace testing_support

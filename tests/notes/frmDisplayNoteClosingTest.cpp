@@ -1,0 +1,310 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "app/StandardCode.h"
+#include "forms/Gestures.h"
+#include "notes/NotesArray.h"
+#include "notes/frmDisplayNote.h"
+#include "tests/support/TestProgram.h"
+
+// What becomes of the note when its alarm display is closed.
+
+namespace {
+
+using forms::BoxButtons;
+using forms::BoxIcon;
+using forms::BoxResult;
+using forms::ErrorNumber;
+using StandardCode::Shared;
+using PanelAction = StandardCode::SharedEvents::PanelAction;
+
+const std::string notes = "C:\\Jotwright\\Notes";
+const std::string dentist = notes + "\\Dentist.txt";
+const std::string ringing =
+    "\"Dentist\",\"Call to move the appointment.\r\nAsk for a Friday.\","
+    "#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
+const std::string silenced =
+    "\"Dentist\",\"Call to move the appointment.\r\nAsk for a Friday.\","
+    "#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n";
+
+class DisplayClosing : public testing_support::TestProgram {
+  protected:
+    void SetUp() override {
+        TestProgram::SetUp();
+        files.PutFolder(notes);
+        Watch();
+    }
+
+    // Stands for the control panel, which rebuilds the array.
+    void Watch() {
+        StandardCode::Events().ControlPanel.Subscribe([this](PanelAction action) {
+            panelActions.push_back(action);
+            StandardCode::LoadNotesArray();
+        });
+    }
+
+    std::shared_ptr<frmDisplayNote> Open(const std::string& content = ringing,
+                                         const std::string& path = dentist) {
+        files.PutFile(path, content);
+        Start([] { StandardCode::LoadNotesArray(); });
+        Start([] { StandardCode::DisplayNote(1); });
+        return StandardCode::LastDisplay();
+    }
+
+    void ExpectQuestion(BoxResult answer, forms::headless::Script during = nullptr) {
+        stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
+                         BoxButtons::YesNo, answer, std::move(during));
+    }
+
+    std::vector<PanelAction> panelActions;
+};
+
+TEST_F(DisplayClosing, NoKeepsTheNoteWithItsAlarmOff) {
+    const auto display = Open();
+    ExpectQuestion(BoxResult::No);
+    user->CloseBox(*display);
+    EXPECT_FALSE(display->IsLoaded());
+    EXPECT_EQ(files.Peek(dentist), silenced);
+    EXPECT_EQ(files.Names(notes), std::vector<std::string>{"Dentist.txt"});
+    EXPECT_EQ(panelActions, std::vector<PanelAction>{PanelAction::LoadAndUnload});
+    // Every reader still takes it.
+    EXPECT_EQ(Shared().NoteCount, 1);
+    EXPECT_EQ(Shared().NotesArray[1].AlarmTime, forms::DateTime::FromTime(12, 0, 0));
+    EXPECT_EQ(Shared().NotesArray[1].AlarmState, "0");
+    EXPECT_EQ(Shared().NotesArray[1].AudioAlarm, 0);
+}
+
+TEST_F(DisplayClosing, YesErasesTheNote) {
+    const auto display = Open();
+    ExpectQuestion(BoxResult::Yes);
+    user->CloseBox(*display);
+    EXPECT_FALSE(display->IsLoaded());
+    EXPECT_TRUE(files.Names(notes).empty());
+    EXPECT_EQ(files.RecycleBin().size(), 1u);
+    EXPECT_EQ(panelActions, std::vector<PanelAction>{PanelAction::LoadAndUnload});
+    EXPECT_EQ(Shared().NoteCount, 0);
+}
+
+TEST_F(DisplayClosing, YesErasesWithoutARecycleBinToo) {
+    files.SetRecycleBin(false);
+    const auto display = Open();
+    ExpectQuestion(BoxResult::Yes);
+    user->CloseBox(*display);
+    EXPECT_TRUE(files.Names(notes).empty());
+}
+
+TEST_F(DisplayClosing, TheMenuAsksTheSameQuestion) {
+    for (const std::string entry : {"mnuErase", "mnuClose"}) {
+        const auto display = Open();
+        stage->ExpectPopup("mnuPop", entry);
+        ExpectQuestion(BoxResult::No, [&] { EXPECT_TRUE(display->IsVisible()); });
+        user->RightClick(*display);
+        EXPECT_FALSE(display->IsLoaded());
+        EXPECT_EQ(files.Peek(dentist), silenced);
+    }
+}
+
+TEST_F(DisplayClosing, ANoteErasedElsewhereAsksNothing) {
+    const auto display = Open();
+    files.Remove(dentist);
+    user->CloseBox(*display);
+    EXPECT_FALSE(display->IsLoaded());
+    EXPECT_TRUE(files.Names(notes).empty());
+    EXPECT_TRUE(panelActions.empty());
+}
+
+TEST_F(DisplayClosing, TheSecondDisplayOfANoteAsksNothingOnceItIsErased) {
+    const auto first = Open();
+    const auto second = Open();
+    ExpectQuestion(BoxResult::Yes);
+    user->CloseBox(*first);
+    user->CloseBox(*second);
+    EXPECT_TRUE(files.Names(notes).empty());
+}
+
+TEST_F(DisplayClosing, ANoteErasedWhileTheQuestionIsOpenIsNoError) {
+    const auto display = Open();
+    ExpectQuestion(BoxResult::Yes, [&] { files.Remove(dentist); });
+    user->CloseBox(*display);
+    EXPECT_FALSE(display->IsLoaded());
+}
+
+TEST_F(DisplayClosing, NoBringsBackANoteErasedWhileTheQuestionWasOpen) {
+    const auto display = Open();
+    ExpectQuestion(BoxResult::No, [&] { files.Remove(dentist); });
+    user->CloseBox(*display);
+    EXPECT_EQ(files.Peek(dentist), silenced);
+}
+
+TEST_F(DisplayClosing, TheDateIsTheDayOfClosing) {
+    SetNow(2004, 5, 14, 23, 59, 0);
+    const auto display = Open();
+    Advance(120000);
+    ExpectQuestion(BoxResult::No);
+    user->CloseBox(*display);
+    EXPECT_NE(files.Peek(dentist).value().find(",#2004-05-15#,\"#12:00#\","), std::string::npos);
+}
+
+TEST_F(DisplayClosing, EveryColourComesBackAsItsIndex) {
+    for (const std::string index : {"1", "2", "3", "4", "5", "6"}) {
+        const auto display = Open("\"Dentist\",\"call\",#2004-05-14#,#09:30:00#," + index +
+                                  ",12,\"1\",1,\"yes\"\r\n");
+        ExpectQuestion(BoxResult::No);
+        user->CloseBox(*display);
+        EXPECT_EQ(files.Peek(dentist), "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\"," + index +
+                                           ",12,\"0\",0,\"yes\"\r\n");
+    }
+}
+
+TEST_F(DisplayClosing, AnyOtherColourIsWrittenAsSix) {
+    const auto display =
+        Open("\"Dentist\",\"call\",#2004-05-14#,#09:30:00#,0,12,\"1\",1,\"yes\"\r\n");
+    ExpectQuestion(BoxResult::No);
+    user->CloseBox(*display);
+    EXPECT_EQ(files.Peek(dentist),
+              "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\",6,12,\"0\",0,\"yes\"\r\n");
+}
+
+TEST_F(DisplayClosing, TheFontSizeIsTheOneShown) {
+    for (const auto& [stored, written] :
+         {std::pair{"10", "10"}, {"14", "14"}, {"16", "16"}, {"11", "12"}}) {
+        const auto display = Open("\"Dentist\",\"call\",#2004-05-14#,#09:30:00#,5," +
+                                  std::string(stored) + ",\"1\",1,\"yes\"\r\n");
+        ExpectQuestion(BoxResult::No);
+        user->CloseBox(*display);
+        EXPECT_EQ(files.Peek(dentist), "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\",5," +
+                                           std::string(written) + ",\"0\",0,\"yes\"\r\n");
+    }
+}
+
+TEST_F(DisplayClosing, WhatTheUserTypedIsKept) {
+    const auto display = Open();
+    user->Type(display->lblNoteText, "moved");
+    ExpectQuestion(BoxResult::No);
+    user->CloseBox(*display);
+    EXPECT_EQ(files.Peek(dentist),
+              "\"Dentist\",\"moved\",#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n");
+}
+
+TEST_F(DisplayClosing, ATextOutsideTheCodePageIsKeptWhole) {
+    const auto display = Open();
+    const std::string text = "\xD0\x9F\xD1\x80\xD0\xB8\xD0\xB2\xD0\xB5\xD1\x82 \xF0\x9F\x95\x91";
+    user->Type(display->lblNoteText, text);
+    ExpectQuestion(BoxResult::No);
+    user->CloseBox(*display);
+    EXPECT_EQ(Shared().NotesArray[1].Text, text);
+}
+
+TEST_F(DisplayClosing, BlanksAroundTheTitleGoIntoTheFilesNameOnly) {
+    // The title field, not the file's name, is what the display shows.
+    const auto display =
+        Open("\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n", dentist);
+    ASSERT_EQ(display->caption(), " Dentist");
+    ExpectQuestion(BoxResult::No);
+    user->CloseBox(*display);
+    EXPECT_EQ(files.Names(notes), std::vector<std::string>{" Dentist.txt"});
+    EXPECT_EQ(files.Peek(notes + "\\ Dentist.txt"),
+              "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n");
+}
+
+TEST_F(DisplayClosing, LooksForTheTrimmedTitleOnly) {
+    const auto display =
+        Open("\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n",
+             notes + "\\ Dentist.txt");
+    user->CloseBox(*display);
+    EXPECT_FALSE(display->IsLoaded());
+    EXPECT_EQ(files.Names(notes), std::vector<std::string>{" Dentist.txt"});
+}
+
+TEST_F(DisplayClosing, ResetsTheAnswer) {
+    Shared().Answer = 2;
+    const auto display = Open();
+    ExpectQuestion(BoxResult::No);
+    user->CloseBox(*display);
+    EXPECT_EQ(Shared().Answer, 0);
+}
+
+TEST_F(DisplayClosing, TheDefaultInstanceHoldsNoNote) {
+    const std::string other = "\"note\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
+    files.PutFile(notes + "\\note.txt", other);
+    Start([] { forms::Default<frmDisplayNote>().Load(); });
+    ASSERT_EQ(forms::Default<frmDisplayNote>().caption(), "note");
+    Start([] { forms::Default<frmDisplayNote>().Unload(); });
+    EXPECT_EQ(forms::LoadedDefault<frmDisplayNote>(), nullptr);
+    EXPECT_EQ(files.Peek(notes + "\\note.txt"), other);
+    EXPECT_TRUE(panelActions.empty());
+}
+
+TEST_F(DisplayClosing, TheEndOfTheSessionKeepsTheNoteAndAsksNothing) {
+    const auto display = Open();
+    forms::gestures::EndSession();
+    EXPECT_FALSE(display->IsLoaded());
+    EXPECT_EQ(files.Peek(dentist), silenced);
+}
+
+TEST_F(DisplayClosing, AFailingRewriteIsReportedAndLosesNothing) {
+    const auto display = Open();
+    files.SetReadOnly(dentist, true);
+    ExpectQuestion(BoxResult::No);
+    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
+                     BoxButtons::Ok, BoxResult::Ok);
+    user->CloseBox(*display);
+    EXPECT_EQ(files.Peek(dentist), ringing);
+    EXPECT_EQ(panelActions.size(), 1u);
+}
+
+TEST_F(DisplayClosing, AFailingEraseIsReported) {
+    const auto display = Open();
+    files.SetDenied(dentist, true);
+    ExpectQuestion(BoxResult::Yes);
+    stage->ExpectBox("70 - Permission denied", "WriteNote Sub Error", BoxIcon::None, BoxButtons::Ok,
+                     BoxResult::Ok);
+    user->CloseBox(*display);
+    EXPECT_EQ(files.Peek(dentist), ringing);
+    EXPECT_FALSE(runtime->HasEnded());
+}
+
+TEST_F(DisplayClosing, AFullDiskLeavesTheOldNote) {
+    const auto display = Open();
+    files.SetFreeSpace(10);
+    ExpectQuestion(BoxResult::No);
+    stage->ExpectBox("61 - Disk full", "WriteNote Sub Error", BoxIcon::None, BoxButtons::Ok,
+                     BoxResult::Ok);
+    user->CloseBox(*display);
+    EXPECT_EQ(files.Peek(dentist), ringing);
+}
+
+// Whenever the program is killed on its way through the closing, the disk holds the old note or the
+// new one.
+TEST_F(DisplayClosing, AKillAtAnyStepLeavesOneWholeNote) {
+    using forms::headless::MemoryFiles;
+    bool reachedEnd = false;
+    for (int step = 1; step < 40 && !reachedEnd; ++step) {
+        for (const auto moment : {MemoryFiles::Moment::Before, MemoryFiles::Moment::Middle,
+                                  MemoryFiles::Moment::After}) {
+            auto display = Open();
+            bool killed = false;
+            ExpectQuestion(BoxResult::No, [&] { files.KillAt(step, moment); });
+            try {
+                Start([&] { display->Unload(); });
+            } catch (const forms::headless::Killed&) {
+                killed = true;
+            }
+            reachedEnd = !killed;
+            files.Restart();
+            const auto left = files.Peek(dentist);
+            EXPECT_TRUE(left == ringing || left == silenced) << step << ": " << left.value_or("");
+            files.Remove(dentist);
+            display.reset();
+            if (killed) {
+                Restart();
+                Watch();
+            }
+        }
+    }
+    EXPECT_TRUE(reachedEnd);
+}
+
+}  // namespace

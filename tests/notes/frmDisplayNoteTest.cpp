@@ -1,0 +1,327 @@
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/StandardCode.h"
+#include "forms/Gestures.h"
+#include "notes/NotesArray.h"
+#include "notes/frmDisplayNote.h"
+#include "tests/support/TestProgram.h"
+
+// The display of a note whose alarm is due: how it opens, what it shows, its sound and its menu.
+
+namespace {
+
+using forms::BoxButtons;
+using forms::BoxIcon;
+using forms::BoxResult;
+using forms::Color;
+using forms::headless::RecordedSound;
+using StandardCode::Shared;
+
+const std::string buzzer = "C:\\Jotwright\\Alarm buzzer.wav";
+
+struct Given {
+    std::string Title;
+    std::string Text = {};
+    std::int16_t ColorIndex = 0;
+    std::int16_t FontSize = 0;
+    std::int16_t AudioAlarm = 0;
+};
+
+class AlarmDisplay : public testing_support::TestProgram {
+  protected:
+    void SetUp() override {
+        TestProgram::SetUp();
+        Shared().AlarmSoundPath = buzzer;
+    }
+
+    static void Fill(const Given& given, int slot = 1) {
+        StandardCode::NoteRecord& note = Shared().NotesArray[slot];
+        note = StandardCode::NoteRecord{};
+        note.Title = given.Title;
+        note.Text = given.Text;
+        note.ColorIndex = given.ColorIndex;
+        note.FontSize = given.FontSize;
+        note.AudioAlarm = given.AudioAlarm;
+    }
+
+    std::shared_ptr<frmDisplayNote> Display(int slot = 1) {
+        Start([slot] { StandardCode::DisplayNote(slot); });
+        return StandardCode::LastDisplay();
+    }
+
+    std::shared_ptr<frmDisplayNote> DisplayColor(std::int16_t index) {
+        Fill({.Title = "Dentist", .Text = "call", .ColorIndex = index, .FontSize = 12});
+        return Display();
+    }
+
+    void Option(const std::string& key, const std::string& value) {
+        settings.values[{"Options", key}] = value;
+    }
+
+    // As the main window's clock does it.
+    void SwitchSoundOn(frmDisplayNote& display) {
+        Start([&display] {
+            display.tmrSoundAlarm.enabled = true;
+            Shared().AlarmSounding = true;
+        });
+    }
+};
+
+TEST_F(AlarmDisplay, ShowsTheNote) {
+    Fill({.Title = "Dentist", .Text = "line 1\r\nline 2", .ColorIndex = 5, .FontSize = 14});
+    const auto display = Display();
+    ASSERT_TRUE(display);
+    EXPECT_TRUE(display->IsVisible());
+    EXPECT_FALSE(display->IsModal());
+    EXPECT_EQ(display->caption(), "Dentist");
+    EXPECT_EQ(display->lblNoteText.text(), "line 1\r\nline 2");
+    EXPECT_EQ(display->lblNoteText.fontSize(), 14);
+    EXPECT_EQ(display->icon().path, "C:\\Jotwright\\logo.ico");
+    EXPECT_EQ(display->lblJotwright.caption(), "Jotwright Note");
+    EXPECT_EQ(display->lblJotwright.toolTip(), "Left Click To View PopUp Menu");
+    EXPECT_EQ(display->lblNoteText.toolTip(), "Right Click Above Lines To Access Menu");
+    EXPECT_TRUE(display->lblNoteText.multiLine);
+    EXPECT_EQ(display->tmrSoundAlarm.interval(), 1000);
+    EXPECT_FALSE(display->tmrSoundAlarm.enabled());
+}
+
+TEST_F(AlarmDisplay, TakesTheNotesColour) {
+    const std::vector<Color> backs = {{255, 255, 255}, {255, 128, 128}, {0, 192, 0},
+                                      {128, 128, 255}, {255, 255, 0},   {192, 192, 192}};
+    for (std::int16_t index = 1; index <= 6; ++index) {
+        const auto display = DisplayColor(index);
+        const Color back = backs[static_cast<std::size_t>(index - 1)];
+        EXPECT_EQ(display->backColor(), back) << index;
+        EXPECT_EQ(display->lblNoteText.backColor(), back) << index;
+        EXPECT_EQ(display->lblNoteText.foreColor(), index == 4 ? forms::white : forms::black);
+    }
+}
+
+TEST_F(AlarmDisplay, KeepsItsDesignColoursForAnyOtherIndex) {
+    Start([] { forms::Default<frmDisplayNote>(); });
+    for (const std::int16_t index : std::vector<std::int16_t>{0, 7, -1, 32767}) {
+        const auto display = DisplayColor(index);
+        EXPECT_EQ(display->backColor(), forms::Default<frmDisplayNote>().backColor());
+        EXPECT_EQ(display->lblNoteText.backColor(),
+                  forms::Default<frmDisplayNote>().lblNoteText.backColor());
+    }
+}
+
+TEST_F(AlarmDisplay, TakesTheNotesFontSizeWhereItIsOneOfTheFour) {
+    for (const std::int16_t size : std::vector<std::int16_t>{10, 12, 14, 16}) {
+        Fill({.Title = "Dentist", .FontSize = size});
+        EXPECT_EQ(Display()->lblNoteText.fontSize(), size);
+    }
+    for (const std::int16_t size : std::vector<std::int16_t>{0, 8, 11, 18, -12}) {
+        Fill({.Title = "Dentist", .FontSize = size});
+        EXPECT_EQ(Display()->lblNoteText.fontSize(), 12) << size;
+    }
+}
+
+TEST_F(AlarmDisplay, IsTopMostOnlyWhenTheUserWantsIt) {
+    Fill({.Title = "Dentist"});
+    EXPECT_FALSE(Display()->IsTopMost());
+    EXPECT_EQ(Shared().WindowOnTopFlag, 0);
+    Option("WindowOnTop", "1");
+    EXPECT_TRUE(Display()->IsTopMost());
+    EXPECT_EQ(Shared().WindowOnTopFlag, 1);
+    Option("WindowOnTop", "2");
+    EXPECT_FALSE(Display()->IsTopMost());
+    EXPECT_EQ(Shared().WindowOnTopFlag, 2);
+}
+
+TEST_F(AlarmDisplay, ASettingThatIsNoNumberIsNotTrapped) {
+    Fill({.Title = "Dentist"});
+    Option("WindowOnTop", "yes");
+    stage->ExpectBox("Run-time error '13':\r\n\r\nType mismatch", "Jotwright", BoxIcon::Critical,
+                     BoxButtons::Ok, BoxResult::Ok);
+    Start([] { StandardCode::DisplayNote(1); });
+}
+
+TEST_F(AlarmDisplay, RequestsTheSoundOnlyWhenTheNoteWantsItAndNoneIsSounding) {
+    Fill({.Title = "Dentist", .AudioAlarm = 0});
+    Display();
+    EXPECT_FALSE(Shared().SoundRequested);
+    Fill({.Title = "Dentist", .AudioAlarm = 1});
+    Shared().AlarmSounding = true;
+    Display();
+    EXPECT_FALSE(Shared().SoundRequested);
+    Shared().AlarmSounding = false;
+    const auto display = Display();
+    EXPECT_TRUE(Shared().SoundRequested);
+    // The opener leaves the timer to its caller.
+    EXPECT_FALSE(display->tmrSoundAlarm.enabled());
+    Advance(5000);
+    EXPECT_TRUE(sound.log.empty());
+}
+
+TEST_F(AlarmDisplay, EachDueNoteHasAWindowOfItsOwn) {
+    Fill({.Title = "One"});
+    Fill({.Title = "Two"}, 2);
+    const auto one = Display(1);
+    const auto two = Display(2);
+    EXPECT_NE(one, two);
+    EXPECT_TRUE(one->IsVisible());
+    EXPECT_EQ(one->caption(), "One");
+    EXPECT_EQ(two->caption(), "Two");
+    EXPECT_EQ(StandardCode::LastDisplay(), two);
+    user->CloseBox(*two);
+    EXPECT_EQ(StandardCode::LastDisplay(), nullptr);
+    EXPECT_TRUE(one->IsVisible());
+}
+
+TEST_F(AlarmDisplay, ASlotOutsideTheArrayIsAnError) {
+    for (const int slot : {0, 101}) {
+        Start([slot] {
+            try {
+                StandardCode::DisplayNote(slot);
+                ADD_FAILURE() << slot;
+            } catch (const forms::RuntimeError& error) {
+                EXPECT_EQ(error.number(), 9);
+            }
+        });
+    }
+}
+
+TEST_F(AlarmDisplay, ItsTextFollowsTheWindowsSize) {
+    Fill({.Title = "Dentist"});
+    const auto display = Display();
+    user->Size(*display, 9000, 6000);
+    EXPECT_EQ(display->lblNoteText.width(), display->ScaleWidth() - 240);
+    EXPECT_EQ(display->lblNoteText.top() + display->lblNoteText.height(),
+              display->ScaleHeight() - 120);
+    EXPECT_EQ(display->Line1[0].width(), display->ScaleWidth() - 240);
+    EXPECT_EQ(display->Line1[1].width(), display->ScaleWidth() - 240);
+}
+
+TEST_F(AlarmDisplay, PlaysTheSoundOnceWithoutABox) {
+    for (const auto& setting : {std::optional<std::string>(), std::optional<std::string>("0"),
+                                std::optional<std::string>("2")}) {
+        sound.log.clear();
+        if (setting) {
+            Option("NoteLoops", *setting);
+        }
+        Fill({.Title = "Dentist", .AudioAlarm = 1});
+        const auto display = Display();
+        SwitchSoundOn(*display);
+        Advance(999);
+        EXPECT_TRUE(sound.log.empty());
+        Advance(1);
+        ASSERT_EQ(sound.log.size(), 1u);
+        EXPECT_EQ(sound.log[0].kind, RecordedSound::Kind::Once);
+        EXPECT_EQ(sound.log[0].path, buzzer);
+        EXPECT_FALSE(display->tmrSoundAlarm.enabled());
+        EXPECT_FALSE(Shared().AlarmSounding);
+        Advance(10000);
+        EXPECT_EQ(sound.log.size(), 1u);
+    }
+}
+
+TEST_F(AlarmDisplay, LoopsTheSoundUntilItsBoxIsAnswered) {
+    Option("NoteLoops", "1");
+    Fill({.Title = "Dentist", .AudioAlarm = 1});
+    const auto display = Display();
+    SwitchSoundOn(*display);
+    stage->ExpectBox("      Turn Off Alarm?       ", "Jotwright Audio Alarm", BoxIcon::Information,
+                     BoxButtons::Ok, BoxResult::Ok, [&] {
+                         ASSERT_EQ(sound.log.size(), 1u);
+                         EXPECT_EQ(sound.log[0].kind, RecordedSound::Kind::Loop);
+                         EXPECT_EQ(sound.log[0].path, buzzer);
+                         Advance(60000);
+                         EXPECT_TRUE(Shared().AlarmSounding);
+                         EXPECT_EQ(Shared().DisplaySoundsWaiting, 1);
+                         EXPECT_EQ(sound.log.size(), 1u);
+                     });
+    Advance(1000);
+    ASSERT_EQ(sound.log.size(), 2u);
+    EXPECT_EQ(sound.log[1].kind, RecordedSound::Kind::Stop);
+    EXPECT_FALSE(display->tmrSoundAlarm.enabled());
+    EXPECT_FALSE(Shared().AlarmSounding);
+    EXPECT_EQ(Shared().DisplaySoundsWaiting, 0);
+    Advance(10000);
+    EXPECT_EQ(sound.log.size(), 2u);
+}
+
+TEST_F(AlarmDisplay, AFurtherDisplayOpensSilentlyWhileALoopWaits) {
+    Option("NoteLoops", "1");
+    Fill({.Title = "One", .AudioAlarm = 1});
+    Fill({.Title = "Two", .AudioAlarm = 1}, 2);
+    const auto one = Display(1);
+    SwitchSoundOn(*one);
+    Shared().SoundRequested = false;
+    stage->ExpectBox("      Turn Off Alarm?       ", "Jotwright Audio Alarm", BoxIcon::Information,
+                     BoxButtons::Ok, BoxResult::Ok, [&] {
+                         EXPECT_TRUE(Display(2)->IsVisible());
+                         EXPECT_FALSE(Shared().SoundRequested);
+                     });
+    Advance(1000);
+}
+
+TEST_F(AlarmDisplay, TheSoundIsTheOneChosenWhenItPlays) {
+    Fill({.Title = "Dentist", .AudioAlarm = 1});
+    const auto display = Display();
+    SwitchSoundOn(*display);
+    Shared().AlarmSoundPath = "D:\\other.wav";
+    Advance(1000);
+    EXPECT_EQ(sound.log.at(0).path, "D:\\other.wav");
+}
+
+TEST_F(AlarmDisplay, AClosedDisplayPlaysNothing) {
+    Fill({.Title = "Dentist", .AudioAlarm = 1});
+    const auto display = Display();
+    SwitchSoundOn(*display);
+    user->CloseBox(*display);
+    Advance(5000);
+    EXPECT_TRUE(sound.log.empty());
+}
+
+TEST_F(AlarmDisplay, ItsMenuOpensOnTheRightButton) {
+    Fill({.Title = "Dentist"});
+    const auto display = Display();
+    EXPECT_TRUE(display->mnuSep.IsSeparator());
+    stage->ExpectPopupDismissed("mnuPop");
+    user->RightClick(*display);
+    stage->ExpectPopupDismissed("mnuPop");
+    user->RightClick(display->lblJotwright);
+    ASSERT_EQ(stage->Popups().size(), 2u);
+    EXPECT_EQ(stage->Popups()[0].captions,
+              (std::vector<std::string>{"Print Note", "Erase Note", "-", "Close"}));
+    EXPECT_FALSE(display->mnuPop.inMenuBar);
+    // No other button opens it.
+    forms::gestures::MouseUp(*display, forms::leftButton, 100, 100);
+    forms::gestures::MouseUp(display->lblJotwright, forms::leftButton, 100, 100);
+    forms::gestures::MouseUp(display->lblJotwright, forms::middleButton, 100, 100);
+    EXPECT_EQ(stage->Popups().size(), 2u);
+}
+
+TEST_F(AlarmDisplay, PrintsWhatItShows) {
+    Fill({.Title = "Dentist", .Text = "call"});
+    const auto display = Display();
+    stage->ExpectPopup("mnuPop", "mnuPrint");
+    user->RightClick(*display);
+    ASSERT_EQ(printer.documents.size(), 1u);
+    EXPECT_TRUE(printer.documents[0].ended);
+    const std::string printed = printer.documents[0].Text();
+    EXPECT_NE(printed.find("Note Title: Dentist"), std::string::npos);
+    EXPECT_NE(printed.find("call"), std::string::npos);
+    EXPECT_TRUE(display->IsVisible());
+}
+
+TEST_F(AlarmDisplay, ReportsAPrinterThatFails) {
+    Fill({.Title = "Dentist", .Text = "call"});
+    const auto display = Display();
+    printer.FailAt(1);
+    stage->ExpectPopup("mnuPop", "mnuPrint");
+    stage->ExpectBox(
+        "         Jotwright encountered a printing error. \r\n"
+        "Please make sure printer is turned on and try again.",
+        "Print Error", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok);
+    user->RightClick(*display);
+    EXPECT_TRUE(display->IsVisible());
+}
+
+}  // namespace

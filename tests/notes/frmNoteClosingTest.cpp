@@ -1,0 +1,314 @@
+#include "forms/Gestures.h"
+#include "notes/frmNote.h"
+#include "tests/support/NoteProgram.h"
+
+// What closing and erasing a note do to its file, and what they ask.
+
+namespace {
+
+using forms::BoxResult;
+using StandardCode::IsNoteOpen;
+using StandardCode::Shared;
+
+class frmNoteClosingTest : public testing_support::NoteProgram {
+  protected:
+    using Actions = std::vector<PanelAction>;
+};
+
+TEST_F(frmNoteClosingTest, ARestoredNoteSavesItsTextWithoutAQuestion) {
+    PutNote(Record("Dentist", "old"));
+    Start(StandardCode::ReadNotes);
+    frmNote& note = Editor("Dentist");
+    user->Restore(note);
+    user->Type(note.txtNote, "new");
+    panel.clear();
+    user->CloseBox(note);
+    EXPECT_FALSE(IsNoteOpen("Dentist"));
+    EXPECT_EQ(Saved("Dentist").Text, "new");
+    EXPECT_EQ(panel, Actions{PanelAction::Reload});
+    EXPECT_EQ(Shared().NotesArray[1].Text, "new");
+}
+
+TEST_F(frmNoteClosingTest, ANewNoteIsSavedEvenWhenEmpty) {
+    frmNote& note = MakeNote("Dentist");
+    stage->ExpectPopup("mnuPop", "Hide Me");
+    user->RightClick(note);
+    EXPECT_FALSE(IsNoteOpen("Dentist"));
+    EXPECT_EQ(Saved("Dentist").Text, "");
+}
+
+TEST_F(frmNoteClosingTest, ToolbarHideClosesAndSaves) {
+    frmNote& note = MakeNote("Dentist", "text");
+    user->Click(note.tlbMain, "Hide");
+    EXPECT_FALSE(IsNoteOpen("Dentist"));
+    EXPECT_EQ(Saved("Dentist").Text, "text");
+}
+
+TEST_F(frmNoteClosingTest, ThroughThePanelAnUnchangedNoteShowsThePanelAgain) {
+    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    const auto before = FileOf("Dentist");
+    user->CloseBox(note);
+    EXPECT_FALSE(IsNoteOpen("Dentist"));
+    EXPECT_EQ(FileOf("Dentist"), before);
+    EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::Show}));
+}
+
+TEST_F(frmNoteClosingTest, ThroughThePanelALongerTextIsAskedAbout) {
+    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    user->Type(note.txtNote, "old and new");
+    ExpectSaveQuestion(BoxResult::Yes);
+    user->CloseBox(note);
+    EXPECT_FALSE(IsNoteOpen("Dentist"));
+    EXPECT_EQ(Saved("Dentist").Text, "old and new");
+    EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::ReloadAndShow}));
+}
+
+TEST_F(frmNoteClosingTest, ThroughThePanelNoDropsTheChanges) {
+    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    user->Type(note.txtNote, "old and new");
+    ExpectSaveQuestion(BoxResult::No);
+    user->CloseBox(note);
+    EXPECT_FALSE(IsNoteOpen("Dentist"));
+    EXPECT_EQ(Saved("Dentist").Text, "old");
+    EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::ReloadAndShow}));
+}
+
+TEST_F(frmNoteClosingTest, ThroughThePanelATextOfTheSameLengthIsNotNoticed) {
+    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    user->Type(note.txtNote, "new");
+    user->CloseBox(note);
+    EXPECT_FALSE(IsNoteOpen("Dentist"));
+    EXPECT_EQ(Saved("Dentist").Text, "old");
+    EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::Show}));
+}
+
+TEST_F(frmNoteClosingTest, TheLengthIsThatAtTheLastActivation) {
+    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    user->Type(note.txtNote, "old and new");
+    frmNote& other = OpenThroughPanel(Record("Other", ""));
+    user->Click(other.txtNote);
+    user->Click(note.txtNote);
+    user->CloseBox(note);
+    EXPECT_EQ(Saved("Dentist").Text, "old");
+}
+
+TEST_F(frmNoteClosingTest, ThroughThePanelMenuItemsAndAlarmCountAsChanges) {
+    using Change = std::function<void(frmNote&)>;
+    const std::vector<Change> changes{
+        [](frmNote& note) { forms::gestures::Choose(note.mnuRed); },
+        [](frmNote& note) { forms::gestures::Choose(note.mnu16); },
+        [this](frmNote& note) { user->Click(note.cmdAlarm); },
+        [this](frmNote& note) { user->Choose(note.mnuAlarmStart); },
+        [this](frmNote& note) { user->Pick(note.dtDate, forms::DateTime::FromDate(2031, 1, 1)); },
+        [this](frmNote& note) { user->Pick(note.dtTime, forms::DateTime::FromTime(1, 0, 0)); },
+        [](frmNote& note) {
+            forms::gestures::MouseUp(note.chkAudioAlarm, forms::leftButton, 0, 0);
+        },
+    };
+    for (const Change& change : changes) {
+        frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+        change(note);
+        ExpectSaveQuestion(BoxResult::No);
+        user->CloseBox(note);
+        EXPECT_FALSE(stage->HasExpectations());
+    }
+}
+
+TEST_F(frmNoteClosingTest, ThroughThePanelTheKeyboardOnTheAudioBoxIsNoChange) {
+    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    forms::gestures::Click(note.chkAudioAlarm);
+    forms::gestures::MouseUp(note.chkAudioAlarm, forms::rightButton, 0, 0);
+    ASSERT_EQ(note.chkAudioAlarm.value(), 1);
+    user->CloseBox(note);
+    EXPECT_EQ(Saved("Dentist").AudioAlarm, 0);
+}
+
+TEST_F(frmNoteClosingTest, SavingSettlesTheChanges) {
+    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    forms::gestures::Choose(note.mnuRed);
+    stage->ExpectBox("DENTIST has been saved.           ", "", forms::BoxIcon::Information,
+                     forms::BoxButtons::Ok, BoxResult::Ok);
+    user->Click(note.tlbMain, "Save");
+    user->CloseBox(note);
+    EXPECT_EQ(Saved("Dentist").ColorIndex, 2);
+    EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::Show}));
+}
+
+TEST_F(frmNoteClosingTest, ASavingThatFailedIsAskedAboutAtTheEnd) {
+    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    user->Type(note.txtNote, "new");
+    files.SetDenied(PathOf("Dentist"), true);
+    ExpectWriteError("70 - Permission denied");
+    user->Click(note.tlbMain, "Save");
+    files.SetDenied(PathOf("Dentist"), false);
+    ExpectSaveQuestion(BoxResult::Yes);
+    user->CloseBox(note);
+    EXPECT_EQ(Saved("Dentist").Text, "new");
+}
+
+TEST_F(frmNoteClosingTest, ANoteThatCannotBeSavedStaysOpen) {
+    frmNote& note = MakeNote("Dentist", "text");
+    user->Minimize(note);
+    files.PutFolder("C:\\Jotwright\\Notes");
+    files.SetReadOnly("C:\\Jotwright\\Notes", true);
+    ExpectWriteError("75 - Path/File access error");
+    forms::gestures::Close(note);
+    ASSERT_TRUE(IsNoteOpen("Dentist"));
+    EXPECT_EQ(note.windowState(), forms::WindowState::Normal);
+    EXPECT_EQ(Shared().NoteTitles, std::vector<std::string>{"Dentist"});
+    files.SetReadOnly("C:\\Jotwright\\Notes", false);
+    user->CloseBox(note);
+    EXPECT_FALSE(IsNoteOpen("Dentist"));
+    EXPECT_EQ(Saved("Dentist").Text, "text");
+}
+
+TEST_F(frmNoteClosingTest, ThroughThePanelANoteThatCannotBeSavedStaysOpen) {
+    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    user->Type(note.txtNote, "old and new");
+    files.SetDenied(PathOf("Dentist"), true);
+    ExpectSaveQuestion(BoxResult::Yes);
+    ExpectWriteError("70 - Permission denied");
+    user->Click(note.tlbMain, "Hide");
+    ASSERT_TRUE(IsNoteOpen("Dentist"));
+    files.SetDenied(PathOf("Dentist"), false);
+    ExpectSaveQuestion(BoxResult::Yes);
+    user->CloseBox(note);
+    EXPECT_EQ(Saved("Dentist").Text, "old and new");
+}
+
+TEST_F(frmNoteClosingTest, ToolbarEraseDeletesForGood) {
+    frmNote& note = MakeNote("Dentist", "text");
+    Start([&note] { note.WriteNote(); });
+    panel.clear();
+    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    user->Click(note.tlbMain, "Erase");
+    EXPECT_FALSE(IsNoteOpen("Dentist"));
+    EXPECT_FALSE(FileOf("Dentist").has_value());
+    EXPECT_EQ(panel, Actions{PanelAction::Reload});
+    EXPECT_EQ(files.RecycleBin(), std::vector<std::string>{"C:\\Jotwright\\Notes\\Dentist.txt"});
+}
+
+TEST_F(frmNoteClosingTest, ToolbarEraseAnsweredNoKeepsTheNoteAndNeverSavesIt) {
+    frmNote& note = MakeNote("Dentist", "first");
+    Start([&note] { note.WriteNote(); });
+    ExpectEraseQuestion("DENTIST", BoxResult::No);
+    user->Click(note.tlbMain, "Erase");
+    ASSERT_TRUE(IsNoteOpen("Dentist"));
+    user->Type(note.txtNote, "second");
+    panel.clear();
+    user->CloseBox(note);
+    EXPECT_FALSE(IsNoteOpen("Dentist"));
+    EXPECT_EQ(Saved("Dentist").Text, "first");
+    EXPECT_EQ(panel, Actions{PanelAction::Reload});
+}
+
+TEST_F(frmNoteClosingTest, ThroughThePanelToolbarEraseAsksNothingMore) {
+    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    user->Click(note.tlbMain, "Erase");
+    EXPECT_FALSE(FileOf("Dentist").has_value());
+    EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::Show}));
+    frmNote& changed = OpenThroughPanel(Record("Plumber", "old"));
+    user->Type(changed.txtNote, "old and new");
+    ExpectEraseQuestion("PLUMBER", BoxResult::Yes);
+    user->Click(changed.tlbMain, "Erase");
+    EXPECT_FALSE(FileOf("Plumber").has_value());
+    EXPECT_EQ(panel, Actions{PanelAction::Reload});
+}
+
+TEST_F(frmNoteClosingTest, MenuEraseWritesTheNoteBackAtOnce) {
+    frmNote& note = MakeNote("Dentist", "text");
+    Start([&note] { note.WriteNote(); });
+    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    user->Choose(note.mnuKillNote);
+    EXPECT_FALSE(IsNoteOpen("Dentist"));
+    EXPECT_EQ(files.RecycleBin().size(), 1U);
+    EXPECT_EQ(Saved("Dentist").Text, "text");
+}
+
+TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseIsForGoodUnlessSaved) {
+    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    stage->ExpectPopup("mnuPop", "mnuKill");
+    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    user->RightClick(note);
+    EXPECT_FALSE(FileOf("Dentist").has_value());
+}
+
+TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseOfAChangedNoteCanSaveItBack) {
+    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    user->Type(note.txtNote, "old and new");
+    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectSaveQuestion(BoxResult::Yes);
+    user->Choose(note.mnuKillNote);
+    EXPECT_EQ(Saved("Dentist").Text, "old and new");
+}
+
+TEST_F(frmNoteClosingTest, ErasingIgnoresAFileThatIsMissingOrHeld) {
+    frmNote& unsaved = MakeNote("Unsaved", "text");
+    ExpectEraseQuestion("UNSAVED", BoxResult::Yes);
+    user->Click(unsaved.tlbMain, "Erase");
+    EXPECT_FALSE(IsNoteOpen("Unsaved"));
+    EXPECT_FALSE(FileOf("Unsaved").has_value());
+    frmNote& held = MakeNote("Held", "text");
+    Start([&held] { held.WriteNote(); });
+    files.SetDenied(PathOf("Held"), true);
+    ExpectEraseQuestion("HELD", BoxResult::Yes);
+    user->Click(held.tlbMain, "Erase");
+    EXPECT_FALSE(IsNoteOpen("Held"));
+    EXPECT_TRUE(FileOf("Held").has_value());
+}
+
+TEST_F(frmNoteClosingTest, TheEndOfTheSessionSavesAndAsksNothing) {
+    frmNote& fresh = MakeNote("Fresh", "typed");
+    frmNote& opened = OpenThroughPanel(Record("Opened", "old"));
+    user->Type(opened.txtNote, "new");
+    forms::gestures::Choose(opened.mnuRed);
+    panel.clear();
+    EXPECT_TRUE(fresh.IsLoaded());
+    forms::gestures::EndSession();
+    EXPECT_TRUE(runtime->LoadedForms().empty());
+    EXPECT_EQ(Saved("Fresh").Text, "typed");
+    EXPECT_EQ(Saved("Opened").Text, "new");
+    EXPECT_TRUE(panel.empty());
+}
+
+TEST_F(frmNoteClosingTest, TheEndOfTheSessionIsNotHeldUpByAFailure) {
+    MakeNote("Dentist", "typed");
+    files.PutFolder("C:\\Jotwright\\Notes");
+    files.PutFile(PathOf("Dentist"), "held");
+    files.SetDenied(PathOf("Dentist"), true);
+    forms::gestures::EndSession();
+    EXPECT_TRUE(runtime->LoadedForms().empty());
+    files.SetDenied(PathOf("Dentist"), false);
+    files.Remove(PathOf("Dentist"));
+    RestartProgram();
+    Start(StandardCode::ReadNotes);
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed");
+}
+
+TEST_F(frmNoteClosingTest, BeforeTheEndEverythingIsSavedButWhatWasErased) {
+    frmNote& kept = OpenThroughPanel(Record("Kept", "old"));
+    user->Type(kept.txtNote, "new");
+    frmNote& erased = OpenThroughPanel(Record("Erased", "old"));
+    user->Type(erased.txtNote, "new");
+    ExpectEraseQuestion("ERASED", BoxResult::No);
+    user->Click(erased.tlbMain, "Erase");
+    Start([&] {
+        kept.SaveBeforeTheEnd();
+        erased.SaveBeforeTheEnd();
+    });
+    EXPECT_EQ(Saved("Kept").Text, "new");
+    EXPECT_EQ(Saved("Erased").Text, "old");
+}
+
+TEST_F(frmNoteClosingTest, ATitleThatIsNoFileNameCannotBeSavedButErased) {
+    frmNote& note = MakeNote("What?", "text");
+    ExpectWriteError("52 - Bad file name or number");
+    user->CloseBox(note);
+    ASSERT_TRUE(IsNoteOpen("What?"));
+    ExpectEraseQuestion("WHAT?", BoxResult::Yes);
+    user->Click(note.tlbMain, "Erase");
+    EXPECT_FALSE(IsNoteOpen("What?"));
+}
+
+}  // namespace

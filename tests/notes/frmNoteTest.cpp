@@ -1,0 +1,431 @@
+#include "forms/Gestures.h"
+#include "notes/frmNote.h"
+#include "tests/support/NoteProgram.h"
+
+// The editor's controls, menus, tool bar and panel; closing and the alarm have tests of their own.
+
+namespace {
+
+using forms::BoxButtons;
+using forms::BoxIcon;
+using forms::BoxResult;
+using forms::Color;
+using forms::DateTime;
+using StandardCode::Shared;
+
+class frmNoteTest : public testing_support::NoteProgram {
+  protected:
+    std::vector<std::string> CheckedColors(frmNote& note) { return Checked(note.mnuColor); }
+    std::vector<std::string> CheckedFonts(frmNote& note) { return Checked(note.mnuFont); }
+
+    static std::vector<std::string> Captions(const forms::Menu& menu) {
+        std::vector<std::string> captions;
+        for (const forms::Menu* entry : menu.entries) {
+            captions.push_back(entry->caption);
+        }
+        return captions;
+    }
+
+  private:
+    static std::vector<std::string> Checked(const forms::Menu& menu) {
+        std::vector<std::string> captions;
+        for (const forms::Menu* entry : menu.entries) {
+            if (entry->checked()) {
+                captions.push_back(entry->caption);
+            }
+        }
+        return captions;
+    }
+};
+
+using Texts = std::vector<std::string>;
+
+TEST_F(frmNoteTest, HasItsCaptionsAndToolTips) {
+    frmNote& note = MakeNote("Dentist");
+    EXPECT_EQ(note.caption(), "Dentist");
+    EXPECT_EQ(note.txtNote.toolTip(), "  Double Click To View The  Menu.");
+    EXPECT_TRUE(note.txtNote.multiLine);
+    EXPECT_EQ(note.fraCurrentTime.caption(), "Current System Time");
+    EXPECT_EQ(note.fraAlarm.caption(), "Schedule Alarm");
+    EXPECT_EQ(note.lblDate.caption(), "Select Alarm Date");
+    EXPECT_EQ(note.lblTime.caption(), "Select Alarm Time");
+    EXPECT_EQ(note.chkAudioAlarm.caption(), "Turn On Audio Alarm");
+    EXPECT_EQ(note.cmdAlarm.caption(), "&Set Alarm");
+    EXPECT_EQ(note.imgBell.toolTip(), "Audio Alarm Set");
+}
+
+TEST_F(frmNoteTest, HasItsMenus) {
+    frmNote& note = MakeNote("Dentist");
+    EXPECT_EQ(note.mnuFile.caption(), "File");
+    EXPECT_EQ(Captions(note.mnuFile), (Texts{"Print Note", "-", "Erase Note"}));
+    EXPECT_EQ(note.mnuAlarm.caption(), "Alarm");
+    EXPECT_EQ(Captions(note.mnuAlarm), (Texts{"Start Alarm", "Stop Alarm"}));
+    EXPECT_EQ(note.mnuPop.caption(), "Options");
+    EXPECT_EQ(Captions(note.mnuPop),
+              (Texts{"Background Color", "Font Size", "-", "Show Me", "Hide Me", "Erase Note"}));
+    EXPECT_EQ(Captions(note.mnuColor), (Texts{"White", "Red", "Green", "Blue", "Yellow", "Gray"}));
+    EXPECT_EQ(Captions(note.mnuFont), (Texts{"10 point", "12 point", "14 point", "16 point"}));
+    EXPECT_TRUE(note.mnuFile.inMenuBar);
+    EXPECT_TRUE(note.mnuAlarm.inMenuBar);
+    EXPECT_FALSE(note.mnuPop.inMenuBar);
+}
+
+TEST_F(frmNoteTest, HasItsToolbar) {
+    frmNote& note = MakeNote("Dentist");
+    using Button = forms::Toolbar::Button;
+    const std::vector<Button> expected{{"Save", "Click To Save This Note", "tb_save"},
+                                       {"Erase", "Click To Erase This Note", "tb_kill"},
+                                       {"Print", "Click To Print This Note", "tb_print"},
+                                       {"Hide", "Click To Hide This Note", "tb_hide"},
+                                       {"Help", "Jotwright Help Files", "tb_help"},
+                                       {"About", "About Jotwright", "tb_about"}};
+    EXPECT_EQ(note.tlbMain.buttons(), expected);
+}
+
+TEST_F(frmNoteTest, StartsWhiteWithTwelvePoints) {
+    frmNote& note = forms::Default<frmNote>();
+    EXPECT_EQ(note.txtNote.backColor(), (Color{255, 255, 255}));
+    EXPECT_EQ(note.txtNote.foreColor(), (Color{0, 0, 0}));
+    EXPECT_EQ(note.txtNote.fontSize(), 12);
+    EXPECT_EQ(CheckedColors(note), Texts{"White"});
+    EXPECT_EQ(CheckedFonts(note), Texts{"12 point"});
+}
+
+TEST_F(frmNoteTest, IsNarrowerThanTheMessagesOfTheNotificationArea) {
+    EXPECT_LT(forms::Default<frmNote>().width(), 514 * 15);
+}
+
+TEST_F(frmNoteTest, LoadingSetsIconPickersAndClock) {
+    SetNow(2031, 2, 3, 14, 5, 9);
+    frmNote& note = MakeNote("Dentist");
+    EXPECT_EQ(note.icon().path, "C:\\Jotwright\\note.ico");
+    EXPECT_EQ(note.dtDate.value(), DateTime::FromDate(2031, 2, 3));
+    EXPECT_EQ(note.dtTime.value(), DateTime::FromTime(12, 0, 0));
+    EXPECT_EQ(note.dtTime.customFormat(), "h:mm tt");
+    EXPECT_TRUE(note.dtTime.upDown());
+    EXPECT_FALSE(note.dtDate.upDown());
+    EXPECT_EQ(note.lblSysTime.caption(), "Date and Time is \r\n2/3/2031 2:05:09 PM.");
+    EXPECT_TRUE(note.tmrNow.enabled());
+    EXPECT_EQ(note.tmrNow.interval(), 1000);
+    EXPECT_TRUE(note.tmrLabel.enabled());
+    EXPECT_EQ(note.tmrLabel.interval(), 750);
+    EXPECT_FALSE(note.tmrNote.enabled());
+}
+
+TEST_F(frmNoteTest, LoadingClosesAVisibleControlPanel) {
+    MakeNote("Dentist");
+    EXPECT_EQ(panel, std::vector{PanelAction::UnloadIfVisible});
+}
+
+TEST_F(frmNoteTest, ShowsTheDateAndTimeUnlessTheSettingHidesThem) {
+    frmNote& unset = MakeNote("Unset");
+    EXPECT_EQ(unset.height(), 7335);
+    EXPECT_EQ(unset.cmdShowDateTime.caption(), "Hide &System Date/Time");
+    settings.values[{"Options", "ShowDateTime"}] = "1";
+    frmNote& hidden = MakeNote("Hidden");
+    EXPECT_EQ(hidden.height(), 6300);
+    EXPECT_EQ(hidden.cmdShowDateTime.caption(), "Show &System Date/Time");
+    settings.values[{"Options", "ShowDateTime"}] = "2";
+    EXPECT_EQ(MakeNote("Other").height(), 7335);
+}
+
+TEST_F(frmNoteTest, TheDateAndTimePanelIsCutOffWhenHidden) {
+    frmNote& note = MakeNote("Dentist");
+    const int textHeight = note.txtNote.height;
+    const auto bottomOf = [](const forms::Control& control) {
+        return control.top() + control.height();
+    };
+    EXPECT_LE(bottomOf(note.fraCurrentTime), note.ScaleHeight());
+    user->Click(note.cmdShowDateTime);
+    EXPECT_EQ(note.height(), 6300);
+    EXPECT_EQ(note.cmdShowDateTime.caption(), "Show &System Date/Time");
+    EXPECT_GE(note.fraCurrentTime.top(), note.ScaleHeight());
+    EXPECT_LE(bottomOf(note.cmdShowDateTime), note.ScaleHeight());
+    EXPECT_EQ(note.txtNote.height(), textHeight);
+    user->Click(note.cmdShowDateTime);
+    EXPECT_EQ(note.height(), 7335);
+    EXPECT_EQ(note.cmdShowDateTime.caption(), "Hide &System Date/Time");
+    EXPECT_LE(bottomOf(note.fraCurrentTime), note.ScaleHeight());
+}
+
+TEST_F(frmNoteTest, TheTextTakesTheRoomOfALargerWindow) {
+    frmNote& note = MakeNote("Dentist");
+    const int width = note.txtNote.width;
+    const int height = note.txtNote.height;
+    user->Size(note, note.width + 1500, note.height + 900);
+    EXPECT_EQ(note.txtNote.width(), width + 1500);
+    EXPECT_EQ(note.txtNote.height(), height + 900);
+    EXPECT_EQ(note.tlbMain.width(), note.ScaleWidth());
+}
+
+TEST_F(frmNoteTest, NothingOverlapsInTheSmallestWindow) {
+    frmNote& note = MakeNote("Dentist");
+    user->Size(note, 0, 0);
+    EXPECT_GT(note.txtNote.height(), 0);
+    EXPECT_GE(note.txtNote.top(), note.tlbMain.top() + note.tlbMain.height());
+    EXPECT_GE(note.fraAlarm.top(), note.txtNote.top() + note.txtNote.height());
+    EXPECT_GE(note.cmdShowDateTime.top(), note.fraAlarm.top() + note.fraAlarm.height());
+    EXPECT_GE(note.fraAlarm.width(), note.cmdAlarm.left() + note.cmdAlarm.width());
+}
+
+TEST_F(frmNoteTest, TheClockPanelIsRefreshedEverySecond) {
+    SetNow(2031, 2, 3, 14, 5, 9);
+    frmNote& note = MakeNote("Dentist");
+    Advance(500);
+    EXPECT_EQ(note.lblSysTime.caption(), "System Date and Time is \r\n2/3/2031 2:05:09 PM.");
+    Advance(1000);
+    EXPECT_EQ(note.lblSysTime.caption(), "System Date and Time is \r\n2/3/2031 2:05:10 PM.");
+}
+
+struct ColorCase {
+    int index;
+    const char* caption;
+    Color back;
+    Color text;
+};
+
+TEST_F(frmNoteTest, AColorItemPaintsChecksAndIsSaved) {
+    const std::vector<ColorCase> cases{
+        {2, "Red", {255, 128, 128}, {0, 0, 0}},        {3, "Green", {0, 192, 0}, {0, 0, 0}},
+        {4, "Blue", {128, 128, 255}, {255, 255, 255}}, {5, "Yellow", {255, 255, 0}, {0, 0, 0}},
+        {6, "Gray", {192, 192, 192}, {0, 0, 0}},       {1, "White", {255, 255, 255}, {0, 0, 0}},
+    };
+    frmNote& note = MakeNote("Dentist");
+    for (const ColorCase& one : cases) {
+        stage->ExpectPopup("mnuPop", one.caption);
+        user->RightClick(note.txtNote);
+        EXPECT_EQ(note.txtNote.backColor(), one.back) << one.caption;
+        EXPECT_EQ(note.txtNote.foreColor(), one.text) << one.caption;
+        EXPECT_EQ(CheckedColors(note), Texts{one.caption});
+        Start([&note] { note.WriteNote(); });
+        EXPECT_EQ(Saved("Dentist").ColorIndex, one.index) << one.caption;
+    }
+}
+
+TEST_F(frmNoteTest, AFontItemSizesChecksAndIsSaved) {
+    frmNote& note = MakeNote("Dentist");
+    for (const int points : {10, 14, 16, 12}) {
+        const std::string item = std::to_string(points) + " point";
+        stage->ExpectPopup("mnuPop", item);
+        user->RightClick(note.txtNote);
+        EXPECT_EQ(note.txtNote.fontSize(), points);
+        EXPECT_EQ(CheckedFonts(note), Texts{item});
+        Start([&note] { note.WriteNote(); });
+        EXPECT_EQ(Saved("Dentist").FontSize, points);
+    }
+}
+
+TEST_F(frmNoteTest, NoFontItemCheckedIsSavedAsSixteen) {
+    frmNote& note = MakeNote("Dentist");
+    Start([&note] {
+        note.mnu12.checked = false;
+        note.WriteNote();
+    });
+    EXPECT_EQ(Saved("Dentist").FontSize, 16);
+}
+
+TEST_F(frmNoteTest, TheOptionsMenuOpensByDoubleClickAndRightButton) {
+    frmNote& note = MakeNote("Dentist");
+    stage->ExpectPopupDismissed("mnuPop");
+    user->DoubleClick(note.txtNote);
+    stage->ExpectPopupDismissed("mnuPop");
+    user->RightClick(note.txtNote);
+    stage->ExpectPopupDismissed("mnuPop");
+    user->RightClick(note);
+    forms::gestures::MouseUp(note.txtNote, forms::leftButton, 0, 0);
+    forms::gestures::MouseUp(note, forms::leftButton, 0, 0);
+    EXPECT_EQ(stage->Popups().size(), 3U);
+}
+
+TEST_F(frmNoteTest, ToolbarSaveWritesTheFileAndSaysSo) {
+    frmNote& note = MakeNote("Dentist", "Call.\r\nAsk.");
+    stage->ExpectBox("DENTIST has been saved.           ", "", BoxIcon::Information, BoxButtons::Ok,
+                     BoxResult::Ok);
+    user->Click(note.tlbMain, "Save");
+    EXPECT_EQ(FileOf("Dentist"),
+              "\"Dentist\",\"Call.\r\nAsk.\",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    EXPECT_EQ(Shared().NoteCount, 1);
+    EXPECT_EQ(Shared().NotesArray[1].Title, "Dentist");
+}
+
+TEST_F(frmNoteTest, ToolbarSaveThatFailsClaimsNothing) {
+    frmNote& note = MakeNote("Dentist", "text");
+    files.SetFreeSpace(3);
+    ExpectWriteError("61 - Disk full");
+    user->Click(note.tlbMain, "Save");
+    files.SetFreeSpace(std::nullopt);
+    EXPECT_FALSE(FileOf("Dentist").has_value());
+}
+
+TEST_F(frmNoteTest, WritesAudioFlagAndAlarmState) {
+    frmNote& note = MakeNote("Dentist");
+    Start([&note] { note.chkAudioAlarm.value = 1; });
+    user->Pick(note.dtDate, DateTime::FromDate(2031, 12, 25));
+    user->Pick(note.dtTime, DateTime::FromTime(9, 30, 0));
+    user->Click(note.cmdAlarm);
+    Start([&note] { note.WriteNote(); });
+    EXPECT_EQ(FileOf("Dentist"),
+              "\"Dentist\",\"\",#2031-12-25#,#09:30:00#,1,12,\"1\",1,\"yes\"\r\n");
+}
+
+TEST_F(frmNoteTest, MidnightReadsBackAsMidnight) {
+    frmNote& note = MakeNote("Dentist");
+    user->Pick(note.dtTime, DateTime::FromTime(0, 0, 0));
+    Start([&note] { note.WriteNote(); });
+    EXPECT_EQ(Saved("Dentist").AlarmTime, DateTime::FromTime(0, 0, 0));
+}
+
+TEST_F(frmNoteTest, MakesAMissingFolderWhenItSaves) {
+    frmNote& note = MakeNote("Dentist");
+    ASSERT_FALSE(files.FolderExists("C:\\Jotwright\\Notes"));
+    Start([&note] { note.WriteNote(); });
+    EXPECT_TRUE(files.FolderExists("C:\\Jotwright\\Notes"));
+    EXPECT_TRUE(FileOf("Dentist").has_value());
+}
+
+TEST_F(frmNoteTest, TheHundredthNoteReachesTheMaximum) {
+    for (int i = 1; i <= 98; ++i) {
+        PutNote(Record("Note " + std::to_string(i), ""));
+    }
+    frmNote& first = MakeNote("One more");
+    Start([&first] { first.WriteNote(); });
+    EXPECT_EQ(Shared().NoteCount, 99);
+    EXPECT_EQ(maximumReached, 0);
+    frmNote& second = MakeNote("The last");
+    Start([&second] { second.WriteNote(); });
+    EXPECT_EQ(Shared().NoteCount, 100);
+    EXPECT_EQ(maximumReached, 1);
+}
+
+TEST_F(frmNoteTest, ToolbarHelpAndAboutAskTheMainWindow) {
+    frmNote& note = MakeNote("Dentist");
+    user->Click(note.tlbMain, "Help");
+    EXPECT_EQ(helpShown, 1);
+    EXPECT_EQ(aboutShown, 0);
+    user->Click(note.tlbMain, "About");
+    EXPECT_EQ(helpShown, 1);
+    EXPECT_EQ(aboutShown, 1);
+}
+
+TEST_F(frmNoteTest, ToolbarAndMenuPrint) {
+    frmNote& note = MakeNote("Dentist", "Call.");
+    user->Click(note.tlbMain, "Print");
+    user->Choose(note.mnuPrint);
+    ASSERT_EQ(printer.documents.size(), 2U);
+    for (const auto& document : printer.documents) {
+        EXPECT_EQ(document.Text(), "\r\n\r\nNote Title: Dentist\r\n\r\nCall.\r\n");
+    }
+}
+
+TEST_F(frmNoteTest, ShowMeBringsUpAMinimisedNote) {
+    frmNote& note = MakeNote("Dentist");
+    user->Minimize(note);
+    forms::gestures::Choose(note.mnuShow);
+    EXPECT_EQ(note.windowState(), forms::WindowState::Normal);
+    EXPECT_TRUE(note.IsVisible());
+    EXPECT_FALSE(note.mnuShow.enabled());
+    EXPECT_TRUE(note.mnuHide.enabled());
+    ASSERT_EQ(tray.log.size(), 1U);
+    EXPECT_FALSE(tray.log[0].add);
+    EXPECT_FALSE(tray.log[0].succeeded);
+}
+
+TEST_F(frmNoteTest, ThePointerAtTheLeftButtonsMessageShowsTheNote) {
+    for (const int message : {514, 515}) {
+        tray.log.clear();
+        frmNote& note = MakeNote("Note " + std::to_string(message));
+        user->Size(note, 9000, 8000);
+        Start([&note] {
+            note.mnuHide.enabled = false;
+            note.mnuShow.enabled = true;
+        });
+        user->MouseMove(note, message * 15);
+        EXPECT_TRUE(note.mnuHide.enabled()) << message;
+        EXPECT_FALSE(note.mnuShow.enabled()) << message;
+        EXPECT_EQ(stage->Foreground(), &note) << message;
+        ASSERT_EQ(tray.log.size(), 1U) << message;
+        EXPECT_FALSE(tray.log[0].succeeded) << message;
+    }
+}
+
+TEST_F(frmNoteTest, ThePointerAtTheRightButtonsMessageOpensTheMenu) {
+    frmNote& note = MakeNote("Dentist");
+    user->Size(note, 9000, 8000);
+    stage->ExpectPopupDismissed("mnuPop");
+    user->MouseMove(note, 517 * 15);
+    EXPECT_EQ(stage->Foreground(), &note);
+    EXPECT_TRUE(tray.log.empty());
+}
+
+TEST_F(frmNoteTest, ThePointerElsewhereDoesNothingButSetTheTip) {
+    frmNote& note = MakeNote("Dentist");
+    Start([&note] { note.mnuHide.enabled = false; });
+    user->MouseMove(note, 513 * 15);
+    user->MouseMove(note, 516 * 15);
+    user->MouseMove(note, 518 * 15);
+    EXPECT_FALSE(note.mnuHide.enabled());
+    EXPECT_TRUE(tray.log.empty());
+    EXPECT_EQ(note.TrayIconRecord.tip, "Dentist" + std::string(1, '\0') + std::string(64 - 8, ' '));
+}
+
+TEST_F(frmNoteTest, ALongTitleIsCutInTheTip) {
+    const std::string title(80, 'x');
+    frmNote& note = MakeNote(title);
+    user->MouseMove(note, 15);
+    EXPECT_EQ(note.TrayIconRecord.tip, title.substr(0, 63) + std::string(1, '\0'));
+}
+
+TEST_F(frmNoteTest, NoteTitlesListsTheOpenEditors) {
+    MakeNote("First");
+    frmNote& second = MakeNote("Second");
+    MakeNote("Third");
+    EXPECT_EQ(Shared().NoteTitles, (Texts{"First", "Second", "Third"}));
+    user->CloseBox(second);
+    EXPECT_EQ(Shared().NoteTitles, (Texts{"First", "Third"}));
+    EXPECT_TRUE(StandardCode::IsNoteOpen("First"));
+    EXPECT_FALSE(StandardCode::IsNoteOpen("Second"));
+    EXPECT_FALSE(StandardCode::IsNoteOpen("first"));
+}
+
+TEST_F(frmNoteTest, OneOfTwoNotesOfATitleLeavesTheOtherListed) {
+    frmNote& first = MakeNote("Twin");
+    Start([] { StandardCode::CreateNote("Twin"); });
+    EXPECT_EQ(Shared().NoteTitles, (Texts{"Twin", "Twin"}));
+    user->CloseBox(first);
+    EXPECT_EQ(Shared().NoteTitles, Texts{"Twin"});
+    EXPECT_TRUE(StandardCode::IsNoteOpen("Twin"));
+}
+
+TEST_F(frmNoteTest, TheDefaultEditorHoldsNoNote) {
+    files.PutFolder("C:\\Jotwright\\Notes");
+    files.PutFile("C:\\Jotwright\\Notes\\Note.txt", "mine");
+    Start([] { forms::Default<frmNote>().Load(); });
+    panel.clear();
+    for (const bool panelMode : {false, true}) {
+        Shared().ControlPanelMode = panelMode;
+        Start([] {
+            forms::Default<frmNote>().Load();
+            forms::Default<frmNote>().txtNote.text = "nobody typed this";
+        });
+        Advance(2000);
+        panel.clear();
+        Start([] { EXPECT_TRUE(forms::Default<frmNote>().Unload()); });
+        EXPECT_TRUE(panel.empty());
+    }
+    EXPECT_TRUE(Shared().NoteTitles.empty());
+    EXPECT_FALSE(StandardCode::IsNoteOpen("Note"));
+    EXPECT_EQ(files.Names("C:\\Jotwright\\Notes"), Texts{"Note.txt"});
+    EXPECT_EQ(files.Peek("C:\\Jotwright\\Notes\\Note.txt"), "mine");
+}
+
+TEST_F(frmNoteTest, ATextBeyondSixteenBitsDoesNotEndTheProgram) {
+    frmNote& note = MakeNote("Long", std::string(40'000, 'x'));
+    frmNote& other = MakeNote("Other");
+    user->Click(other.txtNote);
+    user->Click(note.txtNote);
+    EXPECT_FALSE(runtime->HasEnded());
+    user->CloseBox(note);
+    EXPECT_EQ(Saved("Long").Text.size(), 40'000U);
+}
+
+}  // namespace

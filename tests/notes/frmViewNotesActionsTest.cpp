@@ -1,0 +1,226 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "notes/NotesArray.h"
+#include "notes/OpenNote.h"
+#include "notes/RestoreNotes.h"
+#include "notes/frmViewNotes.h"
+#include "tests/notes/ViewNotesProgram.h"
+
+namespace {
+
+using forms::BoxButtons;
+using forms::BoxIcon;
+using forms::BoxResult;
+using StandardCode::Shared;
+using testing_support::ViewNotes;
+using PanelAction = StandardCode::SharedEvents::PanelAction;
+
+TEST_F(ViewNotes, EditOpensTheSelectedNote) {
+    Put("Milk");
+    Put("Shopping");
+    Open();
+    user->Select(Panel().lvwNotes, 1);
+    user->Click(Panel().cmdEdit);
+    const auto note = StandardCode::CurrentNote();
+    ASSERT_TRUE(note);
+    EXPECT_EQ(note->caption(), "Shopping");
+    EXPECT_EQ(note->txtNote.text(), "Text of Shopping");
+    EXPECT_TRUE(note->IsVisible());
+    // An editor that loads sends the panel away.
+    EXPECT_FALSE(IsOpen());
+    CloseNote(*note);
+}
+
+TEST_F(ViewNotes, EditOfATitleHeldTwiceOpensTheFirst) {
+    Put("One", Note("Same"));
+    StandardCode::NoteRecord second = Note("Same");
+    second.Text = "second";
+    Put("Two", second);
+    Open();
+    user->Select(Panel().lvwNotes, 1);
+    user->Click(Panel().cmdEdit);
+    ASSERT_TRUE(StandardCode::CurrentNote());
+    EXPECT_EQ(StandardCode::CurrentNote()->txtNote.text(), "Text of Same");
+    CloseNote(*StandardCode::CurrentNote());
+}
+
+TEST_F(ViewNotes, ADoubleClickEdits) {
+    Put("Milk");
+    Open();
+    user->Select(Panel().lvwNotes, 0);
+    user->DoubleClick(Panel().lvwNotes);
+    ASSERT_TRUE(StandardCode::CurrentNote());
+    EXPECT_EQ(StandardCode::CurrentNote()->caption(), "Milk");
+    CloseNote(*StandardCode::CurrentNote());
+}
+
+TEST_F(ViewNotes, EditingWithNothingSelectedDoesNothing) {
+    Put("Milk");
+    Open();
+    user->DoubleClick(Panel().lvwNotes);
+    stage->ExpectPopup("mnuPop", "mnuEditNote");
+    user->RightClick(Panel().lvwNotes);
+    EXPECT_FALSE(StandardCode::CurrentNote());
+    EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(ViewNotes, ThePopupMenuActsOnTheSelectedNote) {
+    Put("Milk");
+    Open();
+    user->Select(Panel().lvwNotes, 0);
+    stage->ExpectPopup("mnuPop", "mnuEraseNote");
+    ExpectQuestion("MILK", BoxResult::No);
+    user->RightClick(Panel().lvwNotes);
+    ASSERT_EQ(stage->Popups().size(), 1U);
+    EXPECT_EQ(
+        stage->Popups()[0].captions,
+        (std::vector<std::string>{"Edit Selected Note", "Erase Selected Note", "Open All Notes"}));
+    stage->ExpectPopup("mnuPop", "mnuEditNote");
+    user->RightClick(Panel().lvwNotes);
+    ASSERT_TRUE(StandardCode::CurrentNote());
+    CloseNote(*StandardCode::CurrentNote());
+}
+
+TEST_F(ViewNotes, OpenAllShowsEveryOpenNoteAtNormalSize) {
+    Put("Milk");
+    Put("Shopping");
+    Start([] { StandardCode::ReadNotes(); });
+    ASSERT_EQ(Shared().NoteTitles.size(), 2U);
+    const auto milk = StandardCode::FindOpenNote("Milk");
+    const auto shopping = StandardCode::FindOpenNote("Shopping");
+    Start([&] { shopping->Hide(); });
+    EXPECT_EQ(milk->windowState(), forms::WindowState::Minimized);
+    Open();
+    user->Click(Panel().cmdOpenAll);
+    for (const auto& note : {milk, shopping}) {
+        EXPECT_TRUE(note->IsVisible());
+        EXPECT_EQ(note->windowState(), forms::WindowState::Normal);
+    }
+    EXPECT_TRUE(IsOpen());
+    CloseNotes();
+}
+
+TEST_F(ViewNotes, OpenAllLeavesClosedNotesClosed) {
+    Put("Milk");
+    Open();
+    user->Click(Panel().cmdOpenAll);
+    stage->ExpectPopup("mnuPop", "mnuOpenAll");
+    user->RightClick(Panel().lvwNotes);
+    EXPECT_EQ(runtime->LoadedForms().size(), 1U);
+}
+
+TEST_F(ViewNotes, OpenAllLeavesTheEditorWithoutANoteHidden) {
+    Start([] { forms::Default<frmNote>().Load(); });
+    frmNote& hidden = forms::Default<frmNote>();
+    // A note may have the title that stands in its design.
+    Shared().NoteTitles.push_back(hidden.caption);
+    Put("Milk");
+    Open();
+    user->Click(Panel().cmdOpenAll);
+    EXPECT_FALSE(hidden.IsVisible());
+}
+
+TEST_F(ViewNotes, NewAsksForTheTitleBoxAndCloses) {
+    int timesAsked = 0;
+    StandardCode::Events().FocusNoteTitle.Subscribe([&] {
+        ++timesAsked;
+        EXPECT_TRUE(IsOpen());
+    });
+    Open();
+    user->Click(Panel().cmdNew);
+    EXPECT_EQ(timesAsked, 1);
+    EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(ViewNotes, CloseUnloads) {
+    Open();
+    user->Click(Panel().cmdOK);
+    EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(ViewNotes, ReloadRebuildsTheListAndHidesThePanel) {
+    Put("Milk");
+    Open();
+    Put("Shopping");
+    EXPECT_EQ(Titles().size(), 1U);
+    Raise(PanelAction::Reload);
+    ASSERT_TRUE(IsOpen());
+    EXPECT_FALSE(Panel().IsVisible());
+    EXPECT_EQ(Titles(), (std::vector<std::string>{"Milk", "Shopping"}));
+    EXPECT_EQ(Shared().NoteCount, 2);
+}
+
+TEST_F(ViewNotes, ReloadLoadsAPanelThatWasNotLoaded) {
+    Put("Milk");
+    Raise(PanelAction::Reload);
+    ASSERT_TRUE(IsOpen());
+    EXPECT_FALSE(Panel().IsVisible());
+    EXPECT_FALSE(Shared().ControlPanelMode);
+}
+
+TEST_F(ViewNotes, ReloadAndShowAndShow) {
+    Put("Milk");
+    Open();
+    Put("Shopping");
+    Raise(PanelAction::Show);
+    EXPECT_EQ(Titles().size(), 1U);
+    Raise(PanelAction::ReloadAndShow);
+    EXPECT_TRUE(Panel().IsVisible());
+    EXPECT_EQ(Titles().size(), 2U);
+    user->Click(Panel().cmdOK);
+    Raise(PanelAction::Show);
+    EXPECT_TRUE(Panel().IsVisible());
+}
+
+TEST_F(ViewNotes, UnloadIfVisibleLeavesAHiddenPanelLoaded) {
+    Raise(PanelAction::UnloadIfVisible);
+    EXPECT_FALSE(IsOpen());
+    Raise(PanelAction::Reload);
+    Raise(PanelAction::UnloadIfVisible);
+    EXPECT_TRUE(IsOpen());
+    Open();
+    Raise(PanelAction::UnloadIfVisible);
+    EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(ViewNotes, LoadAndUnloadRebuildsTheArrayOnly) {
+    Put("Milk");
+    Raise(PanelAction::LoadAndUnload);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(Shared().NoteCount, 1);
+    EXPECT_FALSE(Shared().ControlPanelMode);
+}
+
+TEST_F(ViewNotes, RebuildingTheArrayUpdatesTheTotalAndTheListOnly) {
+    Put("Milk");
+    Open();
+    Put("Shopping");
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 2");
+    EXPECT_EQ(Titles().size(), 1U);
+    files.Remove(folder + "\\Milk.txt");
+    files.Remove(folder + "\\Shopping.txt");
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 0");
+    EXPECT_FALSE(Panel().lvwNotes.enabled());
+}
+
+TEST_F(ViewNotes, AnEditorClosedThroughThePanelComesBackToIt) {
+    Put("Milk");
+    Open();
+    user->Select(Panel().lvwNotes, 0);
+    user->Click(Panel().cmdEdit);
+    const auto note = StandardCode::CurrentNote();
+    user->Type(note->txtNote, "more than before, and longer");
+    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
+                     BoxButtons::YesNo, BoxResult::Yes);
+    user->CloseBox(*note);
+    ASSERT_TRUE(IsOpen());
+    EXPECT_TRUE(Panel().IsVisible());
+    EXPECT_EQ(Shared().NotesArray[1].Text, "more than before, and longer");
+}
+
+}  // namespace

@@ -1,0 +1,261 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "notes/frmViewNotes.h"
+#include "tests/notes/ViewNotesProgram.h"
+
+namespace {
+
+using forms::BoxResult;
+using forms::DateTime;
+using StandardCode::Shared;
+using testing_support::ViewNotes;
+
+constexpr forms::Color red{255, 0, 0};
+
+TEST_F(ViewNotes, CaptionsAndColumns) {
+    Open();
+    EXPECT_EQ(Panel().caption(), "Notes Control Panel");
+    EXPECT_EQ(Panel().icon().path, "C:\\Jotwright\\logo.ico");
+    EXPECT_EQ(Panel().cmdOpenAll.caption(), "&Open All Notes");
+    EXPECT_EQ(Panel().cmdNew.caption(), "&New");
+    EXPECT_EQ(Panel().cmdEdit.caption(), "&Edit");
+    EXPECT_EQ(Panel().cmdRemove.caption(), "&Erase");
+    EXPECT_EQ(Panel().cmdOK.caption(), "&Close");
+    EXPECT_EQ(Panel().lblSelNote.caption(),
+              "Highlight any note and click 'Erase' to remove that note.");
+    const auto& columns = Panel().lvwNotes.columns;
+    ASSERT_EQ(columns.size(), 3U);
+    EXPECT_EQ(columns[0].heading, "Status");
+    EXPECT_EQ(columns[1].heading, "Note Title");
+    EXPECT_EQ(columns[2].heading, "Alarm Time");
+}
+
+TEST_F(ViewNotes, WithoutNotesTheListIsShutOff) {
+    Open();
+    EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 0");
+    EXPECT_EQ(Panel().lblTotalNotes.foreColor(), forms::black);
+    EXPECT_FALSE(Panel().lvwNotes.enabled());
+    EXPECT_TRUE(Panel().cmdNew.enabled());
+    EXPECT_FALSE(Panel().cmdEdit.enabled());
+    EXPECT_FALSE(Panel().cmdRemove.enabled());
+}
+
+TEST_F(ViewNotes, RowsShowTheAlarmInTheSystemsTexts) {
+    Put("Dentist", Note("Dentist", "1"));
+    Put("Shopping");
+    StandardCode::NoteRecord midnight = Note("Midnight", "1");
+    midnight.AlarmTime = DateTime{};
+    Put("Midnight", midnight);
+    Open();
+    const auto& rows = Panel().lvwNotes.Rows();
+    ASSERT_EQ(rows.size(), 3U);
+    const auto& images = Panel().lvwNotes.images;
+    EXPECT_EQ(rows[0].key, "Dentist");
+    EXPECT_EQ(rows[0].texts, (std::vector<std::string>{"", "Dentist", "5/14/2004 9:30:00 AM"}));
+    EXPECT_EQ(images.at(static_cast<std::size_t>(rows[0].image)), "alarmset");
+    EXPECT_EQ(rows[1].texts, (std::vector<std::string>{"", "Midnight", "5/14/2004 12:00:00 AM"}));
+    EXPECT_EQ(rows[2].key, "Shopping");
+    EXPECT_EQ(rows[2].texts, (std::vector<std::string>{"", "Shopping", "Alarm Not Set"}));
+    EXPECT_EQ(images.at(static_cast<std::size_t>(rows[2].image)), "alarmnotset");
+    EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 3");
+    EXPECT_TRUE(Panel().lvwNotes.enabled());
+}
+
+TEST_F(ViewNotes, AnyAlarmStateButZeroIsAnAlarm) {
+    Put("Odd", Note("Odd", "yes"));
+    Open();
+    EXPECT_EQ(Panel().lvwNotes.Rows()[0].texts[2], "5/14/2004 9:30:00 AM");
+}
+
+TEST_F(ViewNotes, LoadingKeepsTheNotesArrayCurrent) {
+    Put("A");
+    Put("B");
+    Open();
+    EXPECT_EQ(Shared().NoteCount, 2);
+    EXPECT_EQ(Shared().NotesArray[2].Title, "B");
+}
+
+TEST_F(ViewNotes, TwoFilesOfOneTitleHaveTwoRows) {
+    Put("One", Note("Same"));
+    Put("Two", Note("Same"));
+    Open();
+    const auto& rows = Panel().lvwNotes.Rows();
+    ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(rows[0].key, "Same");
+    EXPECT_EQ(rows[1].key, "");
+    EXPECT_EQ(rows[1].texts[1], "Same");
+    user->Select(Panel().lvwNotes, 1);
+    ExpectQuestion("SAME", BoxResult::No);
+    user->Click(Panel().cmdRemove);
+}
+
+TEST_F(ViewNotes, AFileThatCannotBeReadHasNoRow) {
+    Put("A");
+    Put("C");
+    files.PutFile(folder + "\\B1.txt", "\"cut\"");
+    files.PutFile(folder + "\\B2.txt", "\"cut off too\"");
+    files.PutFile(folder + "\\B3.txt", "");
+    Open();
+    EXPECT_EQ(Titles(), (std::vector<std::string>{"A", "C"}));
+    // Each rebuild of the array has removed one.
+    EXPECT_EQ(files.Names(folder), (std::vector<std::string>{"A.txt", "B3.txt", "C.txt"}));
+}
+
+TEST_F(ViewNotes, FillingTheListReadsEachFileOnce) {
+    PutMany(50);
+    files.ClearLog();
+    Open();
+    const auto& log = files.Log();
+    EXPECT_EQ(std::count_if(log.begin(), log.end(),
+                            [](const std::string& entry) { return entry.starts_with("read"); }),
+              50);
+}
+
+TEST_F(ViewNotes, ANoteChangedBehindTheProgramsBackIsReadAgain) {
+    Put("A");
+    Open();
+    user->Click(Panel().cmdOK);
+    StandardCode::NoteRecord changed = Note("A", "1");
+    changed.Text = "longer than before";
+    Put("A", changed);
+    Open();
+    EXPECT_EQ(Panel().lvwNotes.Rows()[0].texts[2], "5/14/2004 9:30:00 AM");
+}
+
+TEST_F(ViewNotes, ManyRowsAreDrawnAtOnceLikeOne) {
+    const auto changesOfLoading = [this] {
+        const auto before = stage->ChangesShown();
+        Start([] { Panel().Load(); });
+        const auto after = stage->ChangesShown();
+        Start([] { Panel().Unload(); });
+        return after - before;
+    };
+    PutMany(1);
+    const auto ofOne = changesOfLoading();
+    PutMany(99);
+    EXPECT_EQ(changesOfLoading(), ofOne);
+}
+
+TEST_F(ViewNotes, AHundredNotesAreTheMaximum) {
+    PutMany(100);
+    Open();
+    EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 100 ( Maximum Reached )");
+    EXPECT_EQ(Panel().lblTotalNotes.foreColor(), red);
+    EXPECT_FALSE(Panel().cmdNew.enabled());
+    EXPECT_EQ(Panel().lvwNotes.Rows().size(), 100U);
+}
+
+TEST_F(ViewNotes, ErasingBelowTheMaximumAllowsNewNotesAgain) {
+    PutMany(100);
+    int timesBelow = 0;
+    StandardCode::Events().BelowMaximum.Subscribe([&] { ++timesBelow; });
+    Open();
+    user->Select(Panel().lvwNotes, 41);
+    ExpectQuestion("NOTE 1042", BoxResult::Yes);
+    user->Click(Panel().cmdRemove);
+    EXPECT_EQ(timesBelow, 1);
+    EXPECT_TRUE(Panel().cmdNew.enabled());
+    EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 99");
+    EXPECT_EQ(Panel().lblTotalNotes.foreColor(), forms::black);
+}
+
+TEST_F(ViewNotes, ErasingAtTheMaximumStillAllowsNone) {
+    PutMany(100);
+    Put("Note 1001", Note("elsewhere"));
+    int timesBelow = 0;
+    StandardCode::Events().BelowMaximum.Subscribe([&] { ++timesBelow; });
+    Open();
+    user->Select(Panel().lvwNotes, 0);
+    // Its file is not named after its title, so nothing is found to delete.
+    ExpectQuestion("ELSEWHERE", BoxResult::Yes);
+    ExpectNothingSelected();
+    user->Click(Panel().cmdRemove);
+    EXPECT_EQ(timesBelow, 0);
+    EXPECT_FALSE(Panel().cmdNew.enabled());
+    EXPECT_EQ(files.Names(folder).size(), 100U);
+}
+
+TEST_F(ViewNotes, SelectingARowEnablesEditAndErase) {
+    Put("A");
+    Open();
+    EXPECT_FALSE(Panel().cmdEdit.enabled());
+    user->Select(Panel().lvwNotes, 0);
+    EXPECT_TRUE(Panel().cmdEdit.enabled());
+    EXPECT_TRUE(Panel().cmdRemove.enabled());
+}
+
+TEST_F(ViewNotes, ErasingAsksInCapitalsAndRecyclesTheFile) {
+    Put("Milk");
+    Put("Shopping");
+    Open();
+    user->Select(Panel().lvwNotes, 1);
+    ExpectQuestion("SHOPPING", BoxResult::Yes);
+    user->Click(Panel().cmdRemove);
+    EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
+    EXPECT_EQ(files.Names(folder), std::vector<std::string>{"Milk.txt"});
+    EXPECT_EQ(files.RecycleBin().size(), 1U);
+    EXPECT_EQ(Shared().NoteCount, 1);
+    EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 1");
+    EXPECT_FALSE(Panel().cmdEdit.enabled());
+    EXPECT_FALSE(Panel().cmdRemove.enabled());
+}
+
+TEST_F(ViewNotes, ErasingTheLastNoteShutsTheListOff) {
+    Put("Only");
+    Open();
+    user->Select(Panel().lvwNotes, 0);
+    ExpectQuestion("ONLY", BoxResult::Yes);
+    user->Click(Panel().cmdRemove);
+    EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 0");
+    EXPECT_FALSE(Panel().lvwNotes.enabled());
+}
+
+TEST_F(ViewNotes, ErasingTrimsTheTitleOfTheFile) {
+    Put("Padded", Note("  Padded "));
+    Open();
+    user->Select(Panel().lvwNotes, 0);
+    ExpectQuestion("  PADDED ", BoxResult::Yes);
+    user->Click(Panel().cmdRemove);
+    EXPECT_TRUE(files.Names(folder).empty());
+}
+
+TEST_F(ViewNotes, AnsweringNoKeepsFileAndRowAndWaitsForAnotherClick) {
+    Put("Milk");
+    Open();
+    user->Select(Panel().lvwNotes, 0);
+    ExpectQuestion("MILK", BoxResult::No);
+    user->Click(Panel().cmdRemove);
+    EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
+    EXPECT_TRUE(files.FileExists(folder + "\\Milk.txt"));
+    EXPECT_FALSE(Panel().cmdEdit.enabled());
+    EXPECT_FALSE(Panel().cmdRemove.enabled());
+    user->Select(Panel().lvwNotes, 0);
+    EXPECT_TRUE(Panel().cmdEdit.enabled());
+    EXPECT_TRUE(Panel().cmdRemove.enabled());
+}
+
+TEST_F(ViewNotes, ErasingWithNothingSelectedIsReported) {
+    Put("Milk");
+    Open();
+    stage->ExpectPopup("mnuPop", "mnuEraseNote");
+    ExpectNothingSelected();
+    user->RightClick(Panel().lvwNotes);
+    EXPECT_TRUE(files.FileExists(folder + "\\Milk.txt"));
+}
+
+TEST_F(ViewNotes, AFileThatCannotBeDeletedIsReported) {
+    Put("Milk");
+    Open();
+    files.SetDenied(folder + "\\Milk.txt", true);
+    user->Select(Panel().lvwNotes, 0);
+    ExpectQuestion("MILK", BoxResult::Yes);
+    ExpectNothingSelected();
+    user->Click(Panel().cmdRemove);
+    EXPECT_TRUE(files.Peek(folder + "\\Milk.txt").has_value());
+}
+
+}  // namespace

@@ -1,0 +1,134 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/StandardCode.h"
+#include "notes/CreateNote.h"
+#include "notes/NoteFile.h"
+#include "notes/NotesArray.h"
+#include "notes/OpenNote.h"
+#include "notes/RestoreNotes.h"
+#include "notes/frmNote.h"
+#include "tests/support/TestProgram.h"
+
+namespace testing_support {
+
+// Note windows without the main window and the control panel: what they ask of those is recorded.
+class NoteProgram : public TestProgram {
+  protected:
+    using PanelAction = StandardCode::SharedEvents::PanelAction;
+
+    void SetUp() override {
+        TestProgram::SetUp();
+        Listen();
+    }
+
+    void RestartProgram() {
+        Restart();
+        Listen();
+    }
+
+    // The user makes a note with this title and types the text.
+    frmNote& MakeNote(const std::string& title, const std::string& text = "") {
+        Start([&title] { StandardCode::CreateNote(title); });
+        frmNote& note = Editor(title);
+        user->Type(note.txtNote, text);
+        return note;
+    }
+
+    // The user opens a saved note through the control panel.
+    frmNote& OpenThroughPanel(const StandardCode::NoteRecord& record) {
+        PutNote(record);
+        StandardCode::Shared().ControlPanelMode = true;
+        Start([&record] {
+            StandardCode::LoadNotesArray();
+            for (int slot = 1; slot <= StandardCode::Shared().NoteCount; ++slot) {
+                if (StandardCode::Shared().NotesArray[slot].Title == record.Title) {
+                    StandardCode::OpenNote(slot);
+                }
+            }
+        });
+        panel.clear();
+        return Editor(record.Title);
+    }
+
+    // The open editor with this title; fails the test and gives the hidden one where there is none.
+    frmNote& Editor(const std::string& title) {
+        if (const auto note = StandardCode::FindOpenNote(title)) {
+            return *note;
+        }
+        ADD_FAILURE() << "no editor is open for " << title;
+        return forms::Default<frmNote>();
+    }
+
+    static StandardCode::NoteRecord Record(const std::string& title, const std::string& text) {
+        StandardCode::NoteRecord record;
+        record.Title = title;
+        record.Text = text;
+        record.AlarmDate = forms::DateTime::FromDate(2004, 5, 14);
+        record.AlarmTime = forms::DateTime::FromTime(12, 0, 0);
+        record.ColorIndex = 1;
+        record.FontSize = 12;
+        record.AlarmState = "0";
+        record.Trailer = "yes";
+        return record;
+    }
+
+    static std::string PathOf(const std::string& title) {
+        return applicationFolder + "\\Notes\\" + title + ".txt";
+    }
+
+    void PutNote(const StandardCode::NoteRecord& record) {
+        files.PutFolder(applicationFolder + "\\Notes");
+        files.PutFile(PathOf(record.Title), NoteFile::Encode(record));
+    }
+
+    std::optional<std::string> FileOf(const std::string& title) const {
+        return files.Peek(PathOf(title));
+    }
+
+    // The saved note; an empty one where there is no file.
+    StandardCode::NoteRecord Saved(const std::string& title) {
+        StandardCode::NoteRecord record;
+        if (const auto bytes = FileOf(title)) {
+            NoteFile::Decode(*bytes, record);
+        } else {
+            ADD_FAILURE() << title << " is not saved";
+        }
+        return record;
+    }
+
+    void ExpectWriteError(const std::string& text) {
+        stage->ExpectBox(text, "WriteNote Sub Error", forms::BoxIcon::None, forms::BoxButtons::Ok,
+                         forms::BoxResult::Ok);
+    }
+
+    void ExpectSaveQuestion(forms::BoxResult answer) {
+        stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?",
+                         forms::BoxIcon::Question, forms::BoxButtons::YesNo, answer);
+    }
+
+    void ExpectEraseQuestion(const std::string& capitals, forms::BoxResult answer) {
+        stage->ExpectBox("Are you sure you would like to erase " + capitals + "?              ",
+                         "Kill Note", forms::BoxIcon::Information, forms::BoxButtons::YesNo, answer,
+                         forms::BoxResult::No);
+    }
+
+    std::vector<PanelAction> panel;
+    int maximumReached = 0;
+    int helpShown = 0;
+    int aboutShown = 0;
+
+  private:
+    void Listen() {
+        auto& events = StandardCode::Events();
+        events.ControlPanel.Subscribe([this](PanelAction action) { panel.push_back(action); });
+        events.MaximumReached.Subscribe([this] { ++maximumReached; });
+        events.ShowHelp.Subscribe([this] { ++helpShown; });
+        events.ShowAbout.Subscribe([this] { ++aboutShown; });
+    }
+};
+
+}  // namespace testing_support

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "app/StandardCode.h"
+#include "forms/Devices.h"
+#include "forms/RuntimeError.h"
+#include "forms/headless/HeadlessDevices.h"
+#include "forms/headless/HeadlessLocale.h"
+#include "forms/headless/HeadlessSettings.h"
+#include "forms/headless/MemoryFiles.h"
+
+namespace testing_support {
+
+// The doors that rules and stores go through, for tests that need no windows: fresh devices and
+// fresh shared values, the program in C:\Jotwright.
+class RuleDevices {
+  public:
+    RuleDevices() {
+        files.PutFolder(system.folder);
+        forms::Devices devices;
+        devices.files = &files;
+        devices.locale = &locale;
+        devices.settings = &settings;
+        devices.system = &system;
+        forms::Machine() = devices;
+        StandardCode::Reset();
+    }
+    ~RuleDevices() {
+        forms::Machine() = forms::Devices{};
+        StandardCode::Reset();
+    }
+    RuleDevices(const RuleDevices&) = delete;
+    RuleDevices& operator=(const RuleDevices&) = delete;
+
+    forms::headless::MemoryFiles files;
+    forms::headless::HeadlessLocale locale;
+    forms::headless::HeadlessSettings settings;
+    forms::headless::RecordedSystem system;
+};
+
+// The number of the error that the action raises, 0 for none.
+template <class Action>
+int ErrorOf(Action action) {
+    try {
+        action();
+    } catch (const forms::RuntimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+}  // namespace testing_support

@@ -1,0 +1,100 @@
+#include "tests/support/TestProgram.h"
+
+#include "app/StandardCode.h"
+#include "forms/Form.h"
+
+namespace testing_support {
+
+namespace {
+
+constexpr const char* shippedFiles[] = {
+    "logo.ico",        "note.ico",         "alarmon.ico",      "jotwright_title.gif",
+    "mascot.jpg",      "letters.gif",      "mascot_error.gif", "no_Fslash.gif",
+    "error.gif",       "Alarm buzzer.wav", "Alert chime.wav",  "Cuckoo clock.wav",
+    "Alarm clock.wav", "Bell alarm.wav",   "JOTWRIGHT2.hlp",
+};
+
+}  // namespace
+
+void WatchedStage::FormLoaded(forms::Form& form) {
+    std::erase_if(watched, [](const Watched& entry) { return entry.form.expired(); });
+    watched.push_back({form.weak_from_this(), form.name});
+    HeadlessStage::FormLoaded(form);
+}
+
+std::vector<std::string> WatchedStage::Survivors() const {
+    std::vector<std::string> names;
+    for (const Watched& entry : watched) {
+        if (!entry.form.expired()) {
+            names.push_back(entry.name);
+        }
+    }
+    return names;
+}
+
+TestProgram::TestProgram() = default;
+TestProgram::~TestProgram() = default;
+
+void TestProgram::SetUp() {
+    files.PutFolder(applicationFolder);
+    for (const char* name : shippedFiles) {
+        files.PutFile(applicationFolder + "\\" + name, std::string("shipped ") + name);
+    }
+    forms::Devices& machine = forms::Machine();
+    machine.clock = &clock;
+    machine.files = &files;
+    machine.settings = &settings;
+    machine.sound = &sound;
+    machine.tray = &tray;
+    machine.printer = &printer;
+    machine.shell = &shell;
+    machine.pictures = &pictures;
+    machine.locale = &locale;
+    machine.system = &system;
+    Boot();
+}
+
+void TestProgram::TearDown() {
+    ShutDown();
+    forms::Machine() = forms::Devices{};
+}
+
+void TestProgram::Restart() {
+    ShutDown();
+    tray.icon.reset();
+    files.Restart();
+    Boot();
+}
+
+void TestProgram::SetNow(int year, int month, int day, int hour, int minute, int second) {
+    clock.SetNow(Combine(forms::DateTime::FromDate(year, month, day),
+                         forms::DateTime::FromTime(hour, minute, second)));
+}
+
+void TestProgram::Boot() {
+    StandardCode::Reset();
+    stage = std::make_unique<WatchedStage>(clock);
+    stage->onFailure = [](const std::string& message) { ADD_FAILURE() << message; };
+    runtime = std::make_unique<forms::Runtime>(*stage);
+    user = std::make_unique<forms::headless::User>(*stage, tray);
+}
+
+void TestProgram::ShutDown() {
+    if (!stage) {
+        return;
+    }
+    stage->Verify();
+    if (runtime->LoadedForms().empty()) {
+        EXPECT_FALSE(runtime->timers.NextDue().has_value())
+            << "a timer is queued and no form is loaded";
+    }
+    user.reset();
+    StandardCode::Reset();
+    runtime.reset();
+    for (const std::string& name : stage->Survivors()) {
+        ADD_FAILURE() << name << " outlives the program";
+    }
+    stage.reset();
+}
+
+}  // namespace testing_support

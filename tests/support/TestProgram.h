@@ -1,0 +1,79 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/Runtime.h"
+#include "forms/headless/HeadlessDevices.h"
+#include "forms/headless/HeadlessLocale.h"
+#include "forms/headless/HeadlessSettings.h"
+#include "forms/headless/HeadlessStage.h"
+#include "forms/headless/MemoryFiles.h"
+#include "forms/headless/User.h"
+
+namespace testing_support {
+
+inline const std::string applicationFolder = "C:\\Jotwright";
+
+// The stage of TestProgram: keeps an eye on every form that is loaded.
+class WatchedStage : public forms::headless::HeadlessStage {
+  public:
+    using HeadlessStage::HeadlessStage;
+    void FormLoaded(forms::Form& form) override;
+    // Names of the forms that still exist.
+    std::vector<std::string> Survivors() const;
+
+  private:
+    struct Watched {
+        std::weak_ptr<forms::Form> form;
+        std::string name;
+    };
+    std::vector<Watched> watched;
+};
+
+// A fresh machine and a runtime on the headless stage for each test. Files: the shipped ones in
+// C:\Jotwright, nothing else. Time: Friday, 14 May 2004, 9:00:00. The test fails at its end when an
+// expectation was not met, a form outlives the runtime, or a timer is queued although no form is
+// loaded.
+class TestProgram : public ::testing::Test {
+  protected:
+    TestProgram();
+    ~TestProgram() override;
+    void SetUp() override;
+    void TearDown() override;
+
+    // Runs a start-up routine, or anything else, as the runtime runs a handler.
+    void Start(const std::function<void()>& handler) { runtime->Dispatch(nullptr, handler); }
+    void Advance(std::int64_t milliseconds) { stage->Advance(milliseconds); }
+    // Ends the process without any event and starts another on the same disk, with the same
+    // settings and clock; what was recorded so far is kept.
+    void Restart();
+    // Lets the clock show this moment before the program starts.
+    void SetNow(int year, int month, int day, int hour, int minute, int second);
+
+    forms::headless::VirtualClock clock;
+    forms::headless::MemoryFiles files;
+    forms::headless::HeadlessSettings settings;
+    forms::headless::HeadlessLocale locale;
+    forms::headless::RecordedSound sound{clock};
+    forms::headless::RecordedTray tray;
+    forms::headless::RecordedPrinter printer;
+    forms::headless::RecordedShell shell;
+    forms::headless::RecordedPictures pictures{files};
+    forms::headless::RecordedSystem system;
+
+    // Made by SetUp, replaced by Restart.
+    std::unique_ptr<WatchedStage> stage;
+    std::unique_ptr<forms::Runtime> runtime;
+    std::unique_ptr<forms::headless::User> user;
+
+  private:
+    void Boot();
+    void ShutDown();
+};
+
+}  // namespace testing_support

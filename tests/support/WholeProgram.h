@@ -1,0 +1,81 @@
+#pragma once
+
+#include <string>
+
+#include "app/Main.h"
+#include "app/StandardCode.h"
+#include "app/frmMain.h"
+#include "info/frmSplash.h"
+#include "info/frmTip.h"
+#include "notes/frmDisplayNote.h"
+#include "notes/frmNote.h"
+#include "tests/support/TestProgram.h"
+
+namespace testing_support {
+
+// The whole program as its user meets it, from the start-up routine on.
+class WholeProgram : public TestProgram {
+  protected:
+    // Starts without the tips and lets the splash screen pass.
+    void StartQuietly() {
+        settings.values[{"Startup", "View Tips"}] = "1";
+        Start(StandardCode::Main);
+        Advance(1000);
+    }
+
+    frmMain& Main() { return forms::Default<frmMain>(); }
+
+    // Types a title and presses Make Note; the editor that opened.
+    frmNote& MakeNote(const std::string& title) {
+        if (!Main().IsVisible()) {
+            user->Tray(514);
+        }
+        user->Type(Main().txtNoteTitle, title);
+        user->Click(Main().cmdMakeNote);
+        return Editor(title);
+    }
+
+    // The open editor with this title; fails the test and gives the hidden one where there is none.
+    frmNote& Editor(const std::string& title) {
+        if (auto* note = FindWindow<frmNote>(title)) {
+            return *note;
+        }
+        ADD_FAILURE() << "no editor is open for " << title;
+        return forms::Default<frmNote>();
+    }
+
+    template <class T>
+    T* FindWindow(const std::string& title) {
+        for (const auto& form : runtime->LoadedForms()) {
+            auto* window = dynamic_cast<T*>(form.get());
+            if (window != nullptr && window->IsVisible() && window->caption() == title) {
+                return window;
+            }
+        }
+        return nullptr;
+    }
+
+    template <class T>
+    int CountVisible() {
+        int count = 0;
+        for (const auto& form : runtime->LoadedForms()) {
+            count += dynamic_cast<T*>(form.get()) != nullptr && form->IsVisible() ? 1 : 0;
+        }
+        return count;
+    }
+
+    std::string NoteFile(const std::string& title) {
+        return applicationFolder + "\\Notes\\" + title + ".txt";
+    }
+
+    // A saved note as WriteNote leaves it.
+    void PutNote(const std::string& title,
+                 const std::string& tail =
+                     "#2004-05-14#,#12:00:00#,1,12,"
+                     "\"0\",0,\"yes\"\r\n",
+                 const std::string& text = "text") {
+        files.PutFile(NoteFile(title), "\"" + title + "\",\"" + text + "\"," + tail);
+    }
+};
+
+}  // namespace testing_support

@@ -1,0 +1,229 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/TestProgram.h"
+#include "tools/frmTimer.h"
+
+namespace {
+
+using forms::BoxButtons;
+using forms::BoxIcon;
+using forms::BoxResult;
+using Sounds = forms::headless::RecordedSound;
+
+class NoveltyTimer : public testing_support::TestProgram {
+  protected:
+    void SetUp() override {
+        TestProgram::SetUp();
+        Start([] { forms::Default<frmTimer>().Show(); });
+    }
+
+    frmTimer& Window() { return forms::Default<frmTimer>(); }
+    std::string Shown() { return Window().lblTime.caption; }
+
+    void StartWith(const std::string& entry) {
+        user->Type(Window().txtMinutes, entry);
+        user->Click(Window().cmdStart);
+    }
+
+    void ExpectTimeUp(const forms::headless::Script& during = nullptr) {
+        stage->ExpectBox("          Time Is Up        ", "Jotwright Audio Alarm", BoxIcon::Critical,
+                         BoxButtons::Ok, BoxResult::Ok, during);
+    }
+};
+
+TEST_F(NoveltyTimer, LoadsIdle) {
+    EXPECT_EQ(Window().caption(), "Novelty Timer");
+    EXPECT_EQ(Window().icon().path, "C:\\Jotwright\\logo.ico");
+    EXPECT_EQ(Window().lblInst.caption(), "Enter Time In Total Minutes");
+    EXPECT_EQ(Shown(), "Time Left:\r\n0 Minutes\r\n0 Seconds");
+    EXPECT_TRUE(Window().cmdStart.enabled());
+    EXPECT_FALSE(Window().cmdStop.enabled());
+    EXPECT_FALSE(Window().tmrMain.enabled());
+    EXPECT_TRUE(Window().txtMinutes.HasFocus());
+}
+
+TEST_F(NoveltyTimer, AMissingIconIsAnErrorOfLoading) {
+    Start([&] { Window().Unload(); });
+    files.Remove("C:\\Jotwright\\logo.ico");
+    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright", BoxIcon::Critical,
+                     BoxButtons::Ok, BoxResult::Ok);
+    Start([&] { Window().Show(); });
+}
+
+TEST_F(NoveltyTimer, AnEmptyEntryIsRefused) {
+    stage->ExpectBox("Please Enter A Start Time.               ", "No Minutes Entered",
+                     BoxIcon::Exclamation, BoxButtons::Ok, BoxResult::Ok);
+    user->Click(Window().cmdStart);
+    EXPECT_TRUE(Window().txtMinutes.HasFocus());
+    EXPECT_TRUE(Window().cmdStart.enabled());
+    EXPECT_FALSE(Window().tmrMain.enabled());
+}
+
+TEST_F(NoveltyTimer, AnEntryThatIsNoNumberIsRefusedAndCleared) {
+    for (const char* entry : {"ten", "   ", "5 min", "1,5x"}) {
+        stage->ExpectBox("Please Enter Numeric Values Only.         ", "Non-Numeric Entry",
+                         BoxIcon::Exclamation, BoxButtons::Ok, BoxResult::Ok);
+        StartWith(entry);
+        EXPECT_EQ(Window().txtMinutes.text(), "");
+        EXPECT_TRUE(Window().txtMinutes.HasFocus());
+        EXPECT_FALSE(Window().tmrMain.enabled());
+    }
+}
+
+TEST_F(NoveltyTimer, StartShowsTheMinutesAndShutsTheEntry) {
+    StartWith("5");
+    EXPECT_EQ(Shown(), "Time Left:\r\n5 minutes\r\n0 seconds");
+    EXPECT_FALSE(Window().txtMinutes.enabled());
+    EXPECT_FALSE(Window().cmdStart.enabled());
+    EXPECT_TRUE(Window().cmdStop.enabled());
+    EXPECT_TRUE(Window().tmrMain.enabled());
+    EXPECT_EQ(Window().tmrMain.interval(), 1000);
+}
+
+TEST_F(NoveltyTimer, EntriesAreRoundedHalfToEven) {
+    const std::pair<const char*, const char*> entries[] = {
+        {"2.5", "2"}, {"3.5", "4"}, {"  7  ", "7"}, {"+6", "6"}, {"0.5", "0"}, {"-2.5", "-2"}};
+    for (const auto& [entry, minutes] : entries) {
+        StartWith(entry);
+        EXPECT_EQ(Window().txtMinutes.text(), minutes);
+        EXPECT_EQ(Shown(), std::string("Time Left:\r\n") + minutes + " minutes\r\n0 seconds");
+        user->Click(Window().cmdStop);
+    }
+}
+
+TEST_F(NoveltyTimer, AnEntryBeyondSixteenBitsOverflows) {
+    stage->ExpectBox("Run-time error '6':\r\n\r\nOverflow", "Jotwright", BoxIcon::Critical,
+                     BoxButtons::Ok, BoxResult::Ok);
+    StartWith("32768");
+    EXPECT_TRUE(runtime->HasEnded());
+}
+
+TEST_F(NoveltyTimer, TheLowestEntryOverflowsAtItsFirstTick) {
+    StartWith("-32768");
+    stage->ExpectBox("Run-time error '6':\r\n\r\nOverflow", "Jotwright", BoxIcon::Critical,
+                     BoxButtons::Ok, BoxResult::Ok);
+    Advance(1000);
+}
+
+TEST_F(NoveltyTimer, TheFirstTickComesASecondAfterTheStart) {
+    Advance(370);
+    StartWith("5");
+    Advance(999);
+    EXPECT_EQ(Shown(), "Time Left:\r\n5 minutes\r\n0 seconds");
+    Advance(1);
+    EXPECT_EQ(Shown(), "Time Left:\r\n4 Minutes\r\n59 Seconds");
+}
+
+TEST_F(NoveltyTimer, SecondsWrapAtAMinute) {
+    StartWith("5");
+    Advance(59'000);
+    EXPECT_EQ(Shown(), "Time Left:\r\n4 Minutes\r\n1 Seconds");
+    Advance(1000);
+    EXPECT_EQ(Shown(), "Time Left:\r\n3 Minutes\r\n0 Seconds.");
+    EXPECT_EQ(Window().ElapsedMinutes, 1);
+    EXPECT_EQ(Window().SecondsCount, 0);
+    Advance(1000);
+    EXPECT_EQ(Shown(), "Time Left:\r\n3 Minutes\r\n59 Seconds");
+}
+
+TEST_F(NoveltyTimer, ACounterThatIsNotPositiveShowsTheWholeMinutes) {
+    StartWith("5");
+    Window().SecondsCount = -2;
+    Advance(1000);
+    EXPECT_EQ(Shown(), "Time Left:\r\n5 Minutes\r\n00 Seconds");
+    Advance(1000);
+    EXPECT_EQ(Shown(), "Time Left:\r\n5 Minutes\r\n00 Seconds");
+    Advance(1000);
+    EXPECT_EQ(Shown(), "Time Left:\r\n4 Minutes\r\n59 Seconds");
+}
+
+TEST_F(NoveltyTimer, OneMinuteCountsDownChimesAndReports) {
+    StartWith("1");
+    Advance(1000);
+    EXPECT_EQ(Shown(), "Time Left:\r\n0 Minutes\r\n59 Seconds");
+    Advance(58'000);
+    EXPECT_EQ(Shown(), "Time Left:\r\n0 Minutes\r\n1 Seconds");
+    ExpectTimeUp([&] {
+        EXPECT_EQ(Shown(), "Time Left:\r\n-1 Minutes\r\n0 Seconds.");
+        EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alert chime.wav");
+        // The clock stands while the box waits.
+        Advance(90'000);
+        EXPECT_EQ(Shown(), "Time Left:\r\n-1 Minutes\r\n0 Seconds.");
+        EXPECT_EQ(Window().SecondsCount, 0);
+        EXPECT_TRUE(sound.IsPlaying());
+    });
+    Advance(1000);
+    ASSERT_EQ(sound.log.size(), 2U);
+    EXPECT_EQ(sound.log[0].kind, Sounds::Kind::Loop);
+    EXPECT_EQ(sound.log[1].kind, Sounds::Kind::Stop);
+    EXPECT_EQ(Shown(), "Time Left: 0 minutes 0 seconds.");
+    EXPECT_EQ(Window().ElapsedMinutes, 0);
+    EXPECT_FALSE(Window().tmrMain.enabled());
+    EXPECT_TRUE(Window().cmdStart.enabled());
+    EXPECT_FALSE(Window().cmdStop.enabled());
+    EXPECT_EQ(Window().txtMinutes.text(), "");
+    EXPECT_TRUE(Window().txtMinutes.HasFocus());
+    Advance(5000);
+    EXPECT_EQ(Shown(), "Time Left: 0 minutes 0 seconds.");
+}
+
+TEST_F(NoveltyTimer, ZeroMinutesAreUpAtTheFirstTickAndLeaveTheirSecond) {
+    StartWith("0");
+    ExpectTimeUp([&] { EXPECT_EQ(Shown(), "Time Left:\r\n-1 Minutes\r\n59 Seconds"); });
+    Advance(1000);
+    EXPECT_EQ(Window().SecondsCount, 1);
+    StartWith("2");
+    Advance(1000);
+    EXPECT_EQ(Shown(), "Time Left:\r\n1 Minutes\r\n58 Seconds");
+}
+
+TEST_F(NoveltyTimer, ANegativeEntryRunsUntilStopped) {
+    StartWith("-3");
+    Advance(1000);
+    EXPECT_EQ(Shown(), "Time Left:\r\n-4 Minutes\r\n59 Seconds");
+    Advance(10LL * 60'000);
+    EXPECT_TRUE(Window().tmrMain.enabled());
+    user->Click(Window().cmdStop);
+    EXPECT_EQ(Shown(), "Time Left:\r\n0 Minutes\r\n0 Seconds");
+}
+
+TEST_F(NoveltyTimer, StopKeepsTheCountersForTheNextRun) {
+    StartWith("5");
+    Advance(150'000);
+    user->Click(Window().cmdStop);
+    EXPECT_EQ(Shown(), "Time Left:\r\n0 Minutes\r\n0 Seconds");
+    EXPECT_TRUE(Window().txtMinutes.enabled());
+    EXPECT_TRUE(Window().txtMinutes.HasFocus());
+    EXPECT_EQ(Window().txtMinutes.text(), "");
+    EXPECT_TRUE(Window().cmdStart.enabled());
+    EXPECT_FALSE(Window().cmdStop.enabled());
+    Advance(10'000);
+    StartWith("5");
+    Advance(1000);
+    EXPECT_EQ(Shown(), "Time Left:\r\n2 Minutes\r\n29 Seconds");
+}
+
+TEST_F(NoveltyTimer, ARunShorterThanTheKeptMinutesPassesByItsEnd) {
+    StartWith("5");
+    Advance(120'000);
+    user->Click(Window().cmdStop);
+    StartWith("1");
+    Advance(120'000);
+    EXPECT_EQ(Shown(), "Time Left:\r\n-4 Minutes\r\n0 Seconds.");
+    EXPECT_TRUE(Window().tmrMain.enabled());
+}
+
+TEST_F(NoveltyTimer, ClosingForgetsTheCounters) {
+    StartWith("5");
+    Advance(90'000);
+    user->Click(Window().cmdClose);
+    EXPECT_EQ(forms::LoadedDefault<frmTimer>(), nullptr);
+    EXPECT_FALSE(runtime->timers.NextDue().has_value());
+    Start([] { forms::Default<frmTimer>().Show(); });
+    EXPECT_EQ(Window().ElapsedMinutes, 0);
+    EXPECT_EQ(Window().SecondsCount, 0);
+}
+
+}  // namespace

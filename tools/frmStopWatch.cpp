@@ -1,0 +1,117 @@
+#include "tools/frmStopWatch.h"
+
+#include <string>
+
+#include "forms/Devices.h"
+#include "forms/Environment.h"
+#include "forms/Text.h"
+
+void frmStopWatch::Design() {
+    caption = "Novelty Stop Watch";
+    width = 5130;
+    height = 5115;
+
+    lblMessage.caption = "Elapsed Time";
+    lblMessage.alignment = forms::Alignment::Center;
+    lblMessage.Place(120, 120, 4800, 255);
+    lblTime.caption = "00:00:00";
+    lblTime.alignment = forms::Alignment::Center;
+    lblTime.fontSize = 20;
+    lblTime.bold = true;
+    lblTime.Place(120, 420, 4800, 570);
+    lblTrys.caption = "Total Watch Starts: 0";
+    lblTrys.Place(120, 1560, 4800, 255);
+
+    cmdStart.caption = "&Start";
+    cmdStart.Place(120, 1080, 1125, 375);
+    cmdStart.Click = [this] { cmdStart_Click(); };
+    cmdStop.caption = "S&top";
+    cmdStop.enabled = false;
+    cmdStop.Place(1345, 1080, 1125, 375);
+    cmdStop.Click = [this] { cmdStop_Click(); };
+    cmdSave.caption = "Sa&ve";
+    cmdSave.toolTip = "Click To Save The Current Time";
+    cmdSave.enabled = false;
+    cmdSave.Place(2570, 1080, 1125, 375);
+    cmdSave.Click = [this] { cmdSave_Click(); };
+    cmdClose.caption = "&Close";
+    cmdClose.Place(3795, 1080, 1125, 375);
+    cmdClose.Click = [this] { cmdClose_Click(); };
+
+    lvwTime.columns = {{" ", 480}, {"Run", 1560}, {"Ending Time", 2400}};
+    lvwTime.images = {"run"};
+    lvwTime.accessibleName = "Saved times";
+    lvwTime.Place(120, 1905, 4800, 2370);
+
+    mnuFile.caption = "&File";
+    mnuFileSave.caption = "&Save Current Time";
+    mnuFileSave.Click = [this] { mnuFileSave_Click(); };
+    mnuClearSavedTimes.caption = "&Clear Saved Times";
+    mnuClearSavedTimes.Click = [this] { mnuClearSavedTimes_Click(); };
+    sepFile.caption = "-";
+    mnuExit.caption = "E&xit";
+    mnuExit.Click = [this] { mnuExit_Click(); };
+
+    tmrMain.interval = 1000;
+    tmrMain.Tick = [this] { tmrMain_Timer(); };
+}
+
+void frmStopWatch::Form_Load() {
+    mnuFileSave.enabled = false;
+    TimeSaved = false;
+    icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
+    lblTime.caption = "00:00:00";
+}
+
+void frmStopWatch::StopTimer() { tmrMain.enabled = false; }
+
+void frmStopWatch::ShowSaveCount() {
+    lblTrys.caption = "Total Watch Starts: " + std::to_string(SaveCount);
+}
+
+void frmStopWatch::cmdStart_Click() {
+    lblTime.caption = "00:00:00";
+    tmrMain.enabled = true;
+    StartTime = forms::Now();
+    cmdStop.enabled = true;
+    cmdStart.enabled = false;
+    // A run can be saved only after it was stopped.
+    cmdSave.enabled = false;
+    mnuFileSave.enabled = false;
+}
+
+void frmStopWatch::cmdStop_Click() {
+    StopTimer();
+    cmdStop.enabled = false;
+    cmdStart.enabled = true;
+    cmdSave.enabled = true;
+    mnuFileSave.enabled = true;
+}
+
+void frmStopWatch::cmdSave_Click() {
+    SaveCount = forms::ToInteger16(SaveCount + 1.0);
+    lvwTime.InsertRow(0, {.key = "",
+                          .image = 0,
+                          .texts = {"", "   #" + std::to_string(SaveCount), lblTime.caption}});
+    ShowSaveCount();
+    TimeSaved = true;
+    cmdSave.enabled = false;
+    mnuFileSave.enabled = false;
+}
+
+void frmStopWatch::cmdClose_Click() { Unload(); }
+
+void frmStopWatch::tmrMain_Timer() {
+    lblTime.caption =
+        forms::FormatTime24(forms::DateTime{forms::Now().seconds - StartTime.seconds});
+}
+
+void frmStopWatch::mnuFileSave_Click() { cmdSave_Click(); }
+
+void frmStopWatch::mnuClearSavedTimes_Click() {
+    lvwTime.Clear();
+    SaveCount = 0;
+    ShowSaveCount();
+}
+
+void frmStopWatch::mnuExit_Click() { cmdClose_Click(); }

@@ -1,0 +1,118 @@
+#include "tools/frmTimer.h"
+
+#include "forms/Devices.h"
+#include "forms/Environment.h"
+#include "forms/MsgBox.h"
+#include "forms/Text.h"
+
+void frmTimer::Design() {
+    caption = "Novelty Timer";
+    width = 4050;
+    height = 2955;
+
+    fraTimeLeft.Place(120, 120, 3720, 1140);
+    // The frame has no caption, so the label may begin right below its upper edge.
+    lblTime.PlaceIn(fraTimeLeft, 120, 210, 3480, 810);
+    lblTime.alignment = forms::Alignment::Center;
+
+    lblInst.caption = "Enter Time In Total Minutes";
+    lblInst.Place(120, 1455, 2520, 255);
+    txtMinutes.accessibleName = "Enter Time In Total Minutes";
+    txtMinutes.Place(2730, 1410, 1110, 330);
+
+    cmdStart.caption = "&Start Timer";
+    cmdStart.isDefault = true;
+    cmdStart.Place(120, 1920, 1170, 375);
+    cmdStart.Click = [this] { cmdStart_Click(); };
+    cmdStop.caption = "&Stop Timer";
+    cmdStop.enabled = false;
+    cmdStop.Place(1395, 1920, 1170, 375);
+    cmdStop.Click = [this] { cmdStop_Click(); };
+    cmdClose.caption = "&Close";
+    cmdClose.Place(2670, 1920, 1170, 375);
+    cmdClose.Click = [this] { cmdClose_Click(); };
+    txtMinutes.tabIndex = 0;
+
+    tmrMain.interval = 1000;
+    tmrMain.Tick = [this] { tmrMain_Timer(); };
+}
+
+void frmTimer::Form_Load() {
+    icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
+    ShowTimeLeft(0, " Minutes\r\n0 Seconds");
+}
+
+void frmTimer::ShowTimeLeft(int minutes, const std::string& rest) {
+    lblTime.caption = "Time Left:\r\n" + std::to_string(minutes) + rest;
+}
+
+std::int16_t frmTimer::MinutesLeft() const {
+    return forms::ToInteger16(static_cast<double>(TotalMinutes) - 1 - ElapsedMinutes);
+}
+
+void frmTimer::cmdStart_Click() {
+    if (txtMinutes.text().empty()) {
+        forms::MsgBox("Please Enter A Start Time.               ",
+                      {.icon = forms::BoxIcon::Exclamation}, "No Minutes Entered");
+        txtMinutes.SetFocus();
+        return;
+    }
+    if (!forms::IsNumeric(txtMinutes.text())) {
+        forms::MsgBox("Please Enter Numeric Values Only.         ",
+                      {.icon = forms::BoxIcon::Exclamation}, "Non-Numeric Entry");
+        txtMinutes.text = "";
+        txtMinutes.SetFocus();
+        return;
+    }
+    TotalMinutes = forms::ToInteger16(txtMinutes.text());
+    txtMinutes.text = std::to_string(TotalMinutes);
+
+    ShowTimeLeft(TotalMinutes, " minutes\r\n0 seconds");
+    txtMinutes.enabled = false;
+    cmdStart.enabled = false;
+    cmdStop.enabled = true;
+    tmrMain.interval = 1000;
+    tmrMain.enabled = true;
+}
+
+void frmTimer::cmdStop_Click() {
+    tmrMain.enabled = false;
+    cmdStart.enabled = true;
+    cmdStop.enabled = false;
+    txtMinutes.enabled = true;
+    txtMinutes.text = "";
+    txtMinutes.SetFocus();
+    ShowTimeLeft(0, " Minutes\r\n0 Seconds");
+}
+
+void frmTimer::cmdClose_Click() { Unload(); }
+
+void frmTimer::tmrMain_Timer() {
+    ++SecondsCount;
+    if (SecondsCount < 1) {
+        ShowTimeLeft(TotalMinutes, " Minutes\r\n00 Seconds");
+    } else {
+        ShowTimeLeft(MinutesLeft(),
+                     " Minutes\r\n" + std::to_string(60 - SecondsCount) + " Seconds");
+    }
+    if (SecondsCount == 60) {
+        ElapsedMinutes = forms::ToInteger16(ElapsedMinutes + 1.0);
+        ShowTimeLeft(MinutesLeft(), " Minutes\r\n0 Seconds.");
+        SecondsCount = 0;
+    }
+    if (ElapsedMinutes == TotalMinutes) {
+        TimeIsUp();
+    }
+}
+
+void frmTimer::TimeIsUp() {
+    forms::Sound& sound = *forms::Machine().sound;
+    sound.Play(forms::ApplicationPath("\\Alert chime.wav"), forms::Sound::Mode::Loop);
+    forms::MsgBox("          Time Is Up        ", {.icon = forms::BoxIcon::Critical},
+                  "Jotwright Audio Alarm");
+    sound.Stop();
+    cmdStop_Click();
+    tmrMain.enabled = false;
+    lblTime.caption = "Time Left: 0 minutes 0 seconds.";
+    ElapsedMinutes = 0;
+}
