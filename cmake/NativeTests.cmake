@@ -11,6 +11,8 @@ function(jotwright_add_tests name)
     endif()
     add_executable(${name} ${ARGN})
     jotwright_flags(${name})
+    # The tests' own code is quick enough as it is, and long to compile.
+    target_compile_options(${name} PRIVATE -O0)
     target_link_libraries(${name} PRIVATE jotwright_core headless forms
                           GTest::gtest GTest::gtest_main Threads::Threads)
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60

@@ -35,7 +35,8 @@ class Timer final : public Observed {
 
   private:
     friend class TimerQueue;
-    std::int64_t due = 0;  // monotonic milliseconds
+    std::int64_t due = 0;        // monotonic milliseconds
+    std::uint64_t sequence = 0;  // of those due together, the first queued ticks first
     bool queued = false;
     bool running = false;  // its handler is on the stack
 };

@@ -35,11 +35,12 @@ bool SeesEverySecond(const Timer& timer) {
 }  // namespace
 
 bool TimerQueue::Earlier::operator()(const Timer* a, const Timer* b) const {
-    return a->due != b->due ? a->due < b->due : a < b;
+    return a->due != b->due ? a->due < b->due : a->sequence < b->sequence;
 }
 
 void TimerQueue::Enqueue(Timer& timer, std::int64_t due) {
     timer.due = due;
+    timer.sequence = ++lastSequence;
     timer.queued = true;
     queue.insert(&timer);
 }

@@ -37,6 +37,7 @@ class TimerQueue {
     std::int64_t NextAfter(const Timer& timer, std::int64_t lastDue, std::int64_t now) const;
 
     std::set<Timer*, Earlier> queue;
+    std::uint64_t lastSequence = 0;
     // Monotonic time of some middle of a second: where the ticks of all polling timers lie whose
     // interval is no whole number of seconds. Not known before the first of them starts.
     std::optional<std::int64_t> gridAnchor;

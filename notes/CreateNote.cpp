@@ -32,7 +32,7 @@ std::shared_ptr<frmNote> CreateNote(const std::string& title) {
         Settings::ReadInteger(Settings::Options::section, Settings::Options::defaultColor, 0);
     const int fontSize = Settings::ReadInteger(Settings::Options::section,
                                                Settings::Options::defaultFontSize, missingFontSize);
-    const auto note = forms::New<frmNote>();
+    auto note = forms::New<frmNote>();
     note->Load();
     note->SetTitle(title);
     ApplyDefaultColor(*note, color);

@@ -18,7 +18,7 @@ std::weak_ptr<frmNote>& CurrentNoteReference() {
 void OpenNote(int slot) {
     // A copy: loading an editor closes the control panel, which may rebuild the array.
     const NoteRecord record = Shared().NotesArray[slot];
-    const auto note = forms::New<frmNote>();
+    auto note = forms::New<frmNote>();
     CurrentNoteReference() = note;
     note->Load();
     FillNote(*note, record);
@@ -31,7 +31,7 @@ void OpenNote(int slot) {
 }
 
 std::shared_ptr<frmNote> CurrentNote() {
-    const auto note = CurrentNoteReference().lock();
+    auto note = CurrentNoteReference().lock();
     return note && note->IsLoaded() ? note : nullptr;
 }
 

@@ -20,7 +20,7 @@ constexpr std::array<NoteColor, 5> restoredColors{{
 }};
 
 std::shared_ptr<frmNote> RestoreNote(const NoteRecord& record) {
-    const auto note = forms::New<frmNote>();
+    auto note = forms::New<frmNote>();
     note->Load();
     FillNote(*note, record);
     if (record.AlarmState == "1") {
@@ -33,7 +33,7 @@ std::shared_ptr<frmNote> RestoreNote(const NoteRecord& record) {
 // An editor that was open when the program was killed may not have been restored: its note may be
 // new, or an earlier file may have ended the restoring.
 std::shared_ptr<frmNote> EditorFor(const std::string& title) {
-    if (const auto open = FindOpenNote(title); open && !open->IsRecovered()) {
+    if (auto open = FindOpenNote(title); open && !open->IsRecovered()) {
         return open;
     }
     try {
@@ -43,7 +43,7 @@ std::shared_ptr<frmNote> EditorFor(const std::string& title) {
     } catch (const forms::RuntimeError&) {
         // The file cannot be read; what was typed into its editor can.
     }
-    const auto note = forms::New<frmNote>();
+    auto note = forms::New<frmNote>();
     note->Load();
     note->SetTitle(title);
     note->Show();

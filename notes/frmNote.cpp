@@ -366,7 +366,7 @@ namespace StandardCode {
 
 std::shared_ptr<frmNote> FindOpenNote(const std::string& title) {
     for (const auto& form : forms::Runtime::Current().LoadedForms()) {
-        const auto note = std::dynamic_pointer_cast<frmNote>(form);
+        auto note = std::dynamic_pointer_cast<frmNote>(form);
         if (note && note->HoldsNote() && note->caption() == title) {
             return note;
         }

@@ -35,7 +35,12 @@ LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam,
         if (target->IsLive()) {
             target->Part();  // destroyed by somebody else
         }
-        delete target;
+        const bool wasCreated =
+            std::find(target->state.windows.begin(), target->state.windows.end(), target) !=
+            target->state.windows.end();
+        if (wasCreated) {
+            delete target;
+        }
         return ::DefWindowProcW(window, message, wParam, lParam);
     }
     const Entry entry(*target);
@@ -82,6 +87,9 @@ std::optional<LRESULT> FormWindow::OnLiveMessage(UINT message, WPARAM wParam, LP
             return 0;
         case WM_NOTIFY:
             return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
+        case WM_NEXTDLGCTL:
+            OnNextControl(wParam, lParam);
+            return 0;
         case WM_INITMENUPOPUP:
             menus.Refresh(reinterpret_cast<HMENU>(wParam));
             return std::nullopt;
@@ -183,6 +191,16 @@ void FormWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
     }
 }
 
+// The access key of a label or a frame may arrive as two of these: to the label itself, and on to
+// what follows it.
+void FormWindow::OnNextControl(WPARAM wParam, LPARAM lParam) {
+    HWND target = LOWORD(lParam) != 0 ? reinterpret_cast<HWND>(wParam)
+                                      : ::GetNextDlgTabItem(handle, ::GetFocus(), wParam != 0);
+    if (target != nullptr) {
+        ::SetFocus(target);
+    }
+}
+
 std::optional<LRESULT> FormWindow::OnNotify(NMHDR& header) {
     if (header.code == TTN_GETDISPINFOW) {
         for (const auto& peer : peers) {
@@ -252,9 +270,14 @@ void FormWindow::ReportPlace() {
                                                       : WindowState::Normal;
     RECT place{};
     ::GetWindowRect(handle, &place);
-    const Rect bounds{Twips(place.left), Twips(place.top), Twips(place.right - place.left),
-                      Twips(place.bottom - place.top)};
+    // A length that is shown as it was asked for is not replaced by its rounded value.
+    const auto report = [this](int pixels, int known) {
+        return Pixels(known) == pixels ? known : Twips(pixels);
+    };
     const Rect known{form->left, form->top, form->width, form->height};
+    const Rect bounds{report(place.left, known.left), report(place.top, known.top),
+                      report(place.right - place.left, known.width),
+                      report(place.bottom - place.top, known.height)};
     if (now != form->windowState() || (now == WindowState::Normal && !(bounds == known))) {
         gestures::Resize(*form, bounds, now);
     }

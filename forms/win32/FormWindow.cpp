@@ -51,10 +51,13 @@ FormWindow* FormWindow::Of(Form& form, StageState& state) {
     if (FormWindow* window = Existing(form); window != nullptr) {
         return window;
     }
+    std::unique_ptr<FormWindow> made(new FormWindow(form, state));
+    if (!made->CreateBare()) {
+        return nullptr;
+    }
+    // From here on it belongs to its native window, with which it goes.
+    FormWindow* window = made.release();
     auto link = std::make_unique<Link>();
-    // Belongs to its native window, with which it goes.
-    auto* window = new FormWindow(form, state);
-    window->CreateBare();
     link->window = window;
     form.stageData = std::move(link);
     return window;
@@ -111,7 +114,7 @@ HWND FormWindow::BaseOwner() const {
     return form == nullptr || form->showInTaskbar ? nullptr : state.utility;
 }
 
-void FormWindow::CreateBare() {
+bool FormWindow::CreateBare() {
     static const ATOM registered = [] {
         WNDCLASSEXW description{};
         description.cbSize = sizeof description;
@@ -124,9 +127,13 @@ void FormWindow::CreateBare() {
     (void)registered;
     const Applying applying(state);
     dpi = SystemDpi();
-    ::CreateWindowExW(ExtendedStyle(*form), className, Wide(form->caption()).c_str(), Style(*form),
-                      CW_USEDEFAULT, CW_USEDEFAULT, Pixels(form->width), Pixels(form->height),
-                      BaseOwner(), nullptr, ::GetModuleHandleW(nullptr), this);
+    handle = ::CreateWindowExW(ExtendedStyle(*form), className, Wide(form->caption()).c_str(),
+                               Style(*form), CW_USEDEFAULT, CW_USEDEFAULT, Pixels(form->width),
+                               Pixels(form->height), BaseOwner(), nullptr,
+                               ::GetModuleHandleW(nullptr), this);
+    if (handle == nullptr) {
+        return false;
+    }
     state.windows.push_back(this);
     dpi = DpiOf(handle);
     const RECT place = WantedPlace();
@@ -136,6 +143,7 @@ void FormWindow::CreateBare() {
     form->top.Adopt(Twips(place.top));
     ApplyIcon();
     UpdateEnabled();
+    return true;
 }
 
 void FormWindow::Fill() {
@@ -279,7 +287,7 @@ void FormWindow::ApplyIcon() {
         const int pixels = SystemMetric(metric, dpi);
         HICON icon =
             form->icon().path.empty() ? nullptr : images::FileIcon(form->icon().path, pixels);
-        if (icon == nullptr) {
+        if (icon == nullptr && form->borderStyle != BorderStyle::Dialog) {
             icon = images::ProgramIcon(pixels);
         }
         ::SendMessageW(handle, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));

@@ -25,7 +25,7 @@ class FormWindow {
     static constexpr int firstControlId = 100;
 
     static FormWindow* Existing(const Form& form);
-    // Null where the form is not loaded.
+    // Null where the form is not loaded or the system has no more windows.
     static FormWindow* Of(Form& form, StageState& state);
     // Null where the window is none of ours.
     static FormWindow* From(HWND window);
@@ -100,7 +100,7 @@ class FormWindow {
 
   private:
     FormWindow(Form& windowForm, StageState& stageState);
-    void CreateBare();
+    bool CreateBare();
     void Fill();
     void CreateControls();
     RECT WantedPlace() const;
@@ -120,6 +120,7 @@ class FormWindow {
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnLiveMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void OnCommand(WPARAM wParam, LPARAM lParam);
+    void OnNextControl(WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> OnNotify(NMHDR& header);
     HBRUSH OnColor(UINT message, HDC dc, HWND child);
     void OnPaint();

@@ -99,7 +99,7 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
     switch (message) {
         case WM_SETFOCUS: {
             const LRESULT result = Default(message, wParam, lParam);
-            if (window.IsLive()) {
+            if (window.IsLive() && control.CanHaveFocus()) {
                 window.MarkDefaultButton(this);
                 gestures::Focus(control);
             }

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "forms/Stage.h"
+#include "forms/win32/MakeStage.h"
 
 namespace forms::win32 {
 
@@ -48,7 +49,5 @@ class Win32Stage : public Stage {
     std::unique_ptr<StageState> state;
     std::unique_ptr<UtilityWindow> utility;
 };
-
-std::unique_ptr<Stage> MakeStage();
 
 }  // namespace forms::win32

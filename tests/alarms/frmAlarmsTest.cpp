@@ -1,9 +1,8 @@
-#include "alarms/frmAlarms.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 
+#include "alarms/frmAlarms.h"
 #include "app/StandardCode.h"
 #include "tests/support/TestProgram.h"
 
@@ -19,7 +18,7 @@ const std::string folder = "C:\\Jotwright";
 const std::string ownWave = "D:\\sounds\\my own.wav";
 
 class AlarmChooser : public testing_support::TestProgram {
-protected:
+  protected:
     frmAlarms& Open() {
         Start([] { forms::Default<frmAlarms>().Show(); });
         return forms::Default<frmAlarms>();
@@ -163,13 +162,14 @@ TEST_F(AlarmChooser, ACancelledBrowseKeepsTheText) {
 TEST_F(AlarmChooser, TestLoopsTheSoundBehindItsMessage) {
     frmAlarms& window = Open();
     user->Click(window.optAlarm[3]);
-    ExpectBox("        Sampling Alarm Clock          ", "Jotwright Audio Alarm", BoxIcon::None, [&] {
-        ASSERT_EQ(sound.log.size(), 1u);
-        EXPECT_EQ(sound.log[0].kind, RecordedSound::Kind::Loop);
-        EXPECT_EQ(sound.log[0].path, folder + "\\Alarm clock.wav");
-        Advance(60000);
-        EXPECT_TRUE(sound.IsPlaying());
-    });
+    ExpectBox("        Sampling Alarm Clock          ", "Jotwright Audio Alarm", BoxIcon::None,
+              [&] {
+                  ASSERT_EQ(sound.log.size(), 1u);
+                  EXPECT_EQ(sound.log[0].kind, RecordedSound::Kind::Loop);
+                  EXPECT_EQ(sound.log[0].path, folder + "\\Alarm clock.wav");
+                  Advance(60000);
+                  EXPECT_TRUE(sound.IsPlaying());
+              });
     user->Click(window.cmdTest);
     ASSERT_EQ(sound.log.size(), 2u);
     EXPECT_EQ(sound.log[1].kind, RecordedSound::Kind::Stop);
@@ -208,7 +208,7 @@ TEST_F(AlarmChooser, TestWithoutAnOwnFileSaysSo) {
 
 // Selects the own file and gets Save enabled.
 class OwnFile : public AlarmChooser {
-protected:
+  protected:
     void SetUp() override {
         AlarmChooser::SetUp();
         frmAlarms& window = Open();

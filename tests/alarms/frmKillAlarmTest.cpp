@@ -1,7 +1,6 @@
-#include "alarms/frmKillAlarm.h"
-
 #include <gtest/gtest.h>
 
+#include "alarms/frmKillAlarm.h"
 #include "app/StandardCode.h"
 #include "tests/support/WholeProgram.h"
 

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "app/Main.h"
 #include "app/ProductTexts.h"
 #include "app/dlgMsgBox.h"
@@ -137,7 +139,19 @@ TEST_F(MainTest, TemporaryFilesOfAKilledSaveAreRemoved) {
     StartQuietly();
     auto& note = MakeNote("Dentist");
     user->Type(note.txtNote, "first");
-    user->Choose(note.mnuHide);
-    auto names = files.Names(notesFolder);
-    EXPECT_EQ(names, std::vector<std::string>{"Dentist.txt"});
+    // The note's own temporary file is written in three steps: killed after the second.
+    files.KillAt(3, headless::MemoryFiles::Moment::After);
+    try {
+        user->CloseBox(note);
+        ADD_FAILURE() << "the save was not killed";
+    } catch (const headless::Killed&) {
+    }
+    Restart();
+    EXPECT_FALSE(files.Peek(NoteFile("Dentist")).has_value());
+    const auto before = files.Names(notesFolder);
+    const auto isTemporary = [](const std::string& name) { return name.ends_with(".tmp"); };
+    ASSERT_TRUE(std::any_of(before.begin(), before.end(), isTemporary));
+    Start(StandardCode::Main);
+    const auto after = files.Names(notesFolder);
+    EXPECT_TRUE(std::none_of(after.begin(), after.end(), isTemporary));
 }

@@ -350,7 +350,7 @@ TEST_F(frmMainTest, SavingTheHundredthNoteTakesMakeNoteAway) {
     StartQuietly();
     auto& note = MakeNote("The hundredth");
     EXPECT_TRUE(Main().cmdMakeNote.enabled);
-    user->Choose(note.mnuHide);
+    user->CloseBox(note);
     EXPECT_EQ(StandardCode::Shared().NoteCount, 100);
     EXPECT_FALSE(Main().cmdMakeNote.enabled);
     EXPECT_FALSE(Main().txtNoteTitle.enabled);

@@ -49,7 +49,9 @@ class Stand {
     // The script runs while the user holds the title bar.
     virtual void Drag(forms::Form& form, const Script& during) = 0;
 
-    // What the user answers, in the order in which things open.
+    // What the user answers, in the order in which things open. Each stays open, or is held, for so
+    // long before its script runs and it is answered: meanwhile nothing but its own loop runs.
+    int stayOpen = 0;  // milliseconds
     virtual void ExpectBox(const std::string& text, const std::string& caption,
                            forms::BoxButtons buttons, forms::BoxResult answer,
                            Script during = nullptr) = 0;

@@ -1,14 +1,13 @@
-#include "info/dlgInput.h"
-
 #include <gtest/gtest.h>
 
 #include "app/StandardCode.h"
+#include "info/dlgInput.h"
 #include "tests/support/TestProgram.h"
 
 namespace {
 
 class EraseQuestion : public testing_support::TestProgram {
-protected:
+  protected:
     void Ask(const std::function<void(dlgInput&)>& script) {
         stage->ExpectModal<dlgInput>(script);
         Start([] { forms::Default<dlgInput>().ShowModal(); });

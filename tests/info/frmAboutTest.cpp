@@ -1,17 +1,16 @@
-#include "info/frmAbout.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
 #include "app/ProductTexts.h"
+#include "info/frmAbout.h"
 #include "tests/support/TestProgram.h"
 
 namespace {
 
 class About : public testing_support::TestProgram {
-protected:
+  protected:
     void Show(const std::function<void(frmAbout&)>& script) {
         stage->ExpectModal<frmAbout>([&](frmAbout& window) {
             script(window);

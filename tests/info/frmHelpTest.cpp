@@ -1,7 +1,6 @@
-#include "info/frmHelp.h"
-
 #include <gtest/gtest.h>
 
+#include "info/frmHelp.h"
 #include "tests/support/TestProgram.h"
 
 namespace {

@@ -1,11 +1,10 @@
-#include "info/frmSplash.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "alarms/frmKillAlarm.h"
 #include "app/ProductTexts.h"
+#include "info/frmSplash.h"
 #include "info/frmTip.h"
 #include "tests/support/WholeProgram.h"
 
@@ -14,7 +13,7 @@ namespace {
 using forms::LoadedDefault;
 
 class Splash : public testing_support::WholeProgram {
-protected:
+  protected:
     void StoreViewTips(const std::string& value) {
         settings.values[{"Startup", "View Tips"}] = value;
     }

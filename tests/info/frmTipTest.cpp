@@ -1,10 +1,9 @@
-#include "info/frmTip.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
+#include "info/frmTip.h"
 #include "tests/support/TestProgram.h"
 
 namespace {
@@ -28,7 +27,7 @@ const std::vector<std::string> wantedTips = {
 };
 
 class Tips : public testing_support::TestProgram {
-protected:
+  protected:
     void Show(const std::function<void(frmTip&)>& script) {
         stage->ExpectModal<frmTip>([&](frmTip& window) {
             script(window);

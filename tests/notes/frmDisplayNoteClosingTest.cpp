@@ -209,6 +209,18 @@ TEST_F(DisplayClosing, BlanksAroundTheTitleGoIntoTheFilesNameOnly) {
               "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n");
 }
 
+TEST_F(DisplayClosing, TheTrimmedTitlesFileStaysWhereItsReplacementFailed) {
+    const std::string content =
+        "\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
+    const auto display = Open(content);
+    files.SetFreeSpace(0);
+    ExpectQuestion(BoxResult::No);
+    stage->ExpectBox("61 - Disk full", "WriteNote Sub Error", BoxIcon::None, BoxButtons::Ok,
+                     BoxResult::Ok);
+    user->CloseBox(*display);
+    EXPECT_EQ(files.Peek(dentist), content);
+}
+
 TEST_F(DisplayClosing, LooksForTheTrimmedTitleOnly) {
     const auto display =
         Open("\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n",

@@ -226,11 +226,14 @@ TEST_F(AlarmDisplay, LoopsTheSoundUntilItsBoxIsAnswered) {
     Fill({.Title = "Dentist", .AudioAlarm = 1});
     const auto display = Display();
     SwitchSoundOn(*display);
+    // The main window's clock clears it on its next tick.
+    Shared().AlarmSounding = false;
     stage->ExpectBox("      Turn Off Alarm?       ", "Jotwright Audio Alarm", BoxIcon::Information,
                      BoxButtons::Ok, BoxResult::Ok, [&] {
                          ASSERT_EQ(sound.log.size(), 1u);
                          EXPECT_EQ(sound.log[0].kind, RecordedSound::Kind::Loop);
                          EXPECT_EQ(sound.log[0].path, buzzer);
+                         EXPECT_TRUE(Shared().AlarmSounding);
                          Advance(60000);
                          EXPECT_TRUE(Shared().AlarmSounding);
                          EXPECT_EQ(Shared().DisplaySoundsWaiting, 1);

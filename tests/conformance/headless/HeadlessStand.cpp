@@ -38,27 +38,26 @@ class HeadlessStand : public Stand {
     void PressEscape() override { user.PressEscape(); }
     void PressAccessKey(Form& form, char letter) override { user.AccessKey(form, letter); }
     void Drag(Form& form, const Script& during) override {
-        user.Drag(form, form.left, form.top, during);
+        user.Drag(form, form.left, form.top, AfterStaying(during));
     }
 
     void ExpectBox(const std::string& text, const std::string& caption, BoxButtons buttons,
                    BoxResult answer, Script during) override {
         const bool isReport = text.rfind("Run-time error", 0) == 0;
         stage.ExpectBox(text, caption, isReport ? BoxIcon::Critical : BoxIcon::None, buttons,
-                        answer, std::move(during));
+                        answer, AfterStaying(std::move(during)));
     }
     void ExpectModal(std::function<bool(const Form&)> matches,
                      std::function<void(Form&)> script) override {
-        stage.ExpectModal<Form>([matches, script](Form& form) {
+        stage.ExpectModal<Form>([this, matches, script](Form& form) {
+            clock.Advance(stayOpen);
             EXPECT_TRUE(matches(form)) << form.name << " is not the one that was expected";
             script(form);
         });
     }
     void ExpectPopup(Menu& menu, Menu* entry, Script during) override {
-        stage.ExpectPopup(menu.name, [entry, during](Menu&) {
-            if (during) {
-                during();
-            }
+        stage.ExpectPopup(menu.name, [script = AfterStaying(std::move(during)), entry](Menu&) {
+            script();
             return entry;
         });
     }
@@ -81,6 +80,15 @@ class HeadlessStand : public Stand {
     }
 
   private:
+    Script AfterStaying(Script script) {
+        return [this, run = std::move(script)] {
+            clock.Advance(stayOpen);
+            if (run) {
+                run();
+            }
+        };
+    }
+
     headless::VirtualClock clock;
     headless::HeadlessStage stage{clock};
     headless::RecordedTray tray;

@@ -277,6 +277,16 @@ class Win32Stand : public Stand {
     void ChooseByKeys(const Expected& popup);
     void ComplainAboutTheUnexpected();
 
+    // Asked while what is expected next is open.
+    bool HasStayedOpen() {
+        const ULONGLONG now = ::GetTickCount64();
+        openSince = openSince.value_or(now);
+        if (now - *openSince < static_cast<ULONGLONG>(stayOpen)) {
+            return false;
+        }
+        openSince.reset();
+        return true;
+    }
     bool NextIs(Expected::Kind kind) const {
         return !expected.empty() && expected.front().kind == kind;
     }
@@ -292,6 +302,7 @@ class Win32Stand : public Stand {
     std::vector<HWND> knownBoxes;  // that a script deals with
     std::vector<const Form*> knownModals;
     std::optional<ULONGLONG> unexpectedSince;
+    std::optional<ULONGLONG> openSince;
     Script dragging;
 };
 
@@ -310,6 +321,9 @@ bool Win32Stand::AnswerBox() {
     for (HWND box : VisibleWindowsOfClass(L"#32770")) {
         if (std::find(knownBoxes.begin(), knownBoxes.end(), box) != knownBoxes.end()) {
             continue;
+        }
+        if (!HasStayedOpen()) {
+            return true;
         }
         const Expected wanted = TakeNext();
         knownBoxes.push_back(box);
@@ -357,6 +371,9 @@ bool Win32Stand::AnswerModal() {
         if (!isNew || !form->IsModal() || !IsShown(*form) || !expected.front().matches(*form)) {
             continue;
         }
+        if (!HasStayedOpen()) {
+            return true;
+        }
         const auto pin = form;
         const Expected wanted = TakeNext();
         knownModals.push_back(pin.get());
@@ -374,6 +391,9 @@ bool Win32Stand::AnswerModal() {
 bool Win32Stand::AnswerPopup() {
     if (!NextIs(Expected::Kind::Popup) || VisibleWindowsOfClass(L"#32768").empty()) {
         return false;
+    }
+    if (!HasStayedOpen()) {
+        return true;
     }
     const Expected wanted = TakeNext();
     if (wanted.during) {
@@ -451,10 +471,12 @@ void Win32Stand::Drag(Form& form, const Script& during) {
         done = true;
         ::PostMessageW(window, WM_KEYDOWN, VK_RETURN, 1);
     };
-    ::SetTimer(window, timer, 50, [](HWND timerWindow, UINT, UINT_PTR id, DWORD) {
-        ::KillTimer(timerWindow, id);
-        reinterpret_cast<Win32Stand*>(::GetWindowLongPtrW(timerWindow, GWLP_USERDATA))->dragging();
-    });
+    ::SetTimer(window, timer, static_cast<UINT>(std::max(stayOpen, 50)),
+               [](HWND timerWindow, UINT, UINT_PTR id, DWORD) {
+                   ::KillTimer(timerWindow, id);
+                   reinterpret_cast<Win32Stand*>(::GetWindowLongPtrW(timerWindow, GWLP_USERDATA))
+                       ->dragging();
+               });
     ::SendMessageW(target->handle, WM_SYSCOMMAND, SC_MOVE, 0);
     if (!done) {
         ::SendMessageW(target->handle, WM_ENTERSIZEMOVE, 0, 0);

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <memory>
+
+#include "forms/Stage.h"
+
+namespace forms::win32 {
+
+// The stage that a person sees. One exists at a time, on the thread that made it; it must outlive
+// the runtime.
+std::unique_ptr<Stage> MakeStage();
+
+}  // namespace forms::win32

@@ -1,0 +1,68 @@
+#include "tests/windows/Clock.h"
+
+#include <cstdio>
+
+#include "tests/windows/Files.h"
+#include "tests/windows/Wait.h"
+
+namespace driver {
+
+namespace {
+
+constexpr long long ticksPerSecond = 10'000'000;
+
+long long Seconds(const SYSTEMTIME& time) {
+    FILETIME file{};
+    ::SystemTimeToFileTime(&time, &file);
+    const auto ticks = (static_cast<long long>(file.dwHighDateTime) << 32) | file.dwLowDateTime;
+    return ticks / ticksPerSecond;
+}
+
+long long SecondsOf(const std::string& text) {
+    unsigned short part[6]{};
+    if (std::sscanf(text.c_str(), "%hu-%hu-%hu %hu:%hu:%hu", &part[0], &part[1], &part[2], &part[3],
+                    &part[4], &part[5]) != 6) {
+        throw Failure("no time: " + text);
+    }
+    return Seconds({part[0], part[1], 0, part[2], part[3], part[4], part[5], 0});
+}
+
+long long NowSeconds() {
+    SYSTEMTIME now{};
+    ::GetLocalTime(&now);
+    return Seconds(now);
+}
+
+// How far the clock goes ahead of the real one.
+long long offset = 0;
+
+}  // namespace
+
+void Clock::Set(const std::string& text) {
+    const std::string file = UnixPath(Variable("JOTWRIGHT_CLOCK_FILE"));
+    offset += SecondsOf(text) - NowSeconds();
+    WriteWholeFile(file + ".new", (offset < 0 ? "" : "+") + std::to_string(offset) + "\n");
+    RenameOver(file + ".new", file);
+    WaitUntil("the clock is set to " + text, [&] {
+        const long long late = NowSeconds() - SecondsOf(text);
+        return late >= 0 && late < 5;
+    });
+    // As the system does when somebody sets its clock.
+    ::SendNotifyMessageW(HWND_BROADCAST, WM_TIMECHANGE, 0, 0);
+}
+
+std::string Clock::Now() {
+    SYSTEMTIME now{};
+    ::GetLocalTime(&now);
+    char text[32]{};
+    std::snprintf(text, sizeof text, "%04u-%02u-%02u %02u:%02u:%02u", unsigned{now.wYear},
+                  unsigned{now.wMonth}, unsigned{now.wDay}, unsigned{now.wHour},
+                  unsigned{now.wMinute}, unsigned{now.wSecond});
+    return text;
+}
+
+void Clock::WaitFor(const std::string& text) {
+    WaitUntil("it is " + text, [&] { return Now() >= text; });
+}
+
+}  // namespace driver

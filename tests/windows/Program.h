@@ -1,0 +1,58 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/windows/Window.h"
+
+namespace driver {
+
+// One running copy of the program under test. Killed with this object, unless it has ended.
+class Program {
+  public:
+    Program() = default;
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    // path: of the executable. Failure where it does not start.
+    void Start(const std::string& path);
+    bool Runs() const;
+    // Waits for the end; the exit code.
+    DWORD WaitForEnd();
+    void Kill();
+
+    // Top-level windows, those on top first, hidden ones included.
+    std::vector<Window> Windows() const;
+    // Visible top-level windows with this caption and class (any, where it is empty).
+    std::vector<Window> Visible(const std::string& caption, const std::string& className = "") const;
+    // Waits for a visible one.
+    Window WaitFor(const std::string& caption, const std::string& className = "") const;
+    void WaitUntilGone(const std::string& caption) const;
+    // A menu that is open; a null window where none is.
+    Window OpenMenu() const;
+    std::string Description() const;
+
+  private:
+    void Forget();
+
+    HANDLE process = nullptr;
+    DWORD id = 0;
+};
+
+// A box of the system: its text, and the buttons by their captions without access keys.
+class Box {
+  public:
+    // Waits for it.
+    Box(const Program& boxProgram, const std::string& caption);
+
+    std::string Text() const;
+    // Presses a button and waits until the box has gone.
+    void Press(const std::string& button) const;
+
+    Window window;
+};
+
+}  // namespace driver

@@ -1,0 +1,172 @@
+#include "tests/windows/Window.h"
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include "forms/win32/Utf.h"
+#include "tests/windows/Wait.h"
+
+namespace driver {
+
+using forms::win32::Narrow;
+using forms::win32::Wide;
+
+namespace {
+
+constexpr UINT answerTimeout = 20000;  // milliseconds
+
+void PressKey(WORD key) {
+    INPUT keys[2]{};
+    for (INPUT& input : keys) {
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = key;
+    }
+    keys[1].ki.dwFlags = KEYEVENTF_KEYUP;
+    ::SendInput(2, keys, sizeof(INPUT));
+}
+
+}  // namespace
+
+RECT Window::Place() const {
+    RECT place{};
+    ::GetWindowRect(handle, &place);
+    return place;
+}
+
+bool Window::HasFocus() const {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return ::GetGUIThreadInfo(::GetWindowThreadProcessId(handle, nullptr), &info) != 0 &&
+           info.hwndFocus == handle;
+}
+
+std::string Window::Text() const {
+    const LRESULT length = Send(WM_GETTEXTLENGTH);
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+    const LRESULT copied = Send(WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(copied));
+    return Narrow(text);
+}
+
+std::string Window::ClassName() const {
+    wchar_t name[64]{};
+    ::GetClassNameW(handle, name, 64);
+    return Narrow(name);
+}
+
+std::string Window::Description() const {
+    if (handle == nullptr) {
+        return "no window";
+    }
+    if (!Exists()) {
+        return "a window that has gone";
+    }
+    return ClassName() + " \"" + Text() + '"' + (IsVisible() ? "" : " hidden") +
+           (IsEnabled() ? "" : " disabled") + (IsMinimized() ? " minimized" : "");
+}
+
+std::vector<Window> Window::Children() const {
+    std::vector<Window> children;
+    for (HWND child = ::GetWindow(handle, GW_CHILD); child != nullptr;
+         child = ::GetWindow(child, GW_HWNDNEXT)) {
+        children.emplace_back(child);
+    }
+    return children;
+}
+
+std::vector<Window> Window::ChildrenOfClass(const std::string& className) const {
+    std::vector<Window> found;
+    for (const Window& child : Children()) {
+        if (child.IsVisible() && child.ClassName() == className) {
+            found.push_back(child);
+        }
+    }
+    return found;
+}
+
+Window Window::FindChild(const std::string& className, const std::string& caption) const {
+    for (const Window& child : Children()) {
+        if (child.IsVisible() && (className.empty() || child.ClassName() == className) &&
+            child.Text() == caption) {
+            return child;
+        }
+    }
+    return {};
+}
+
+Window Window::Child(const std::string& className, const std::string& caption) const {
+    const Window found = FindChild(className, caption);
+    if (!found) {
+        std::string report = "no " + className + " \"" + caption + "\" in " + Description() + ':';
+        for (const Window& child : Children()) {
+            report += "\n  " + child.Description();
+        }
+        throw Failure(report);
+    }
+    return found;
+}
+
+Window Window::Only(const std::string& className) const {
+    const auto found = ChildrenOfClass(className);
+    if (found.size() != 1) {
+        throw Failure(std::to_string(found.size()) + " windows of class " + className + " in " +
+                      Description());
+    }
+    return found.front();
+}
+
+void Window::Click() const {
+    if (!IsVisible() || !IsEnabled() || !Parent().IsEnabled()) {
+        throw Failure("a user cannot click " + Description() + " in " + Parent().Description());
+    }
+    Post(BM_CLICK);
+}
+
+void Window::Type(const std::string& text) const {
+    if (!IsVisible() || !IsEnabled() || !Parent().IsEnabled()) {
+        throw Failure("a user cannot type into " + Description());
+    }
+    // Boxes of one line report the change themselves; those of several are left to the program.
+    Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(text).c_str()));
+}
+
+void Window::TypeKeys(const std::string& text) {
+    for (const char character : text) {
+        const SHORT key = ::VkKeyScanW(static_cast<unsigned char>(character));
+        PressKey(static_cast<WORD>(key & 0xFF));
+    }
+}
+
+void Window::Key(WPARAM virtualKey) const {
+    const UINT scan = ::MapVirtualKeyW(static_cast<UINT>(virtualKey), MAPVK_VK_TO_VSC);
+    const LPARAM down = static_cast<LPARAM>((scan << 16) | 1U);
+    Post(WM_KEYDOWN, virtualKey, down);
+    Post(WM_KEYUP, virtualKey, down | static_cast<LPARAM>(0xC0000000U));
+}
+
+LRESULT Window::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
+    DWORD_PTR result = 0;
+    if (::SendMessageTimeoutW(handle, message, wParam, lParam, SMTO_NORMAL, answerTimeout,
+                              &result) == 0) {
+        throw Failure(Exists() ? "the program does not answer message " + std::to_string(message)
+                               : "the window has gone");
+    }
+    return static_cast<LRESULT>(result);
+}
+
+void Window::Post(UINT message, WPARAM wParam, LPARAM lParam) const {
+    if (::PostMessageW(handle, message, wParam, lParam) == 0) {
+        throw Failure("the window has gone");
+    }
+}
+
+COLORREF Window::PixelAt(int x, int y) const {
+    POINT point{x, y};
+    ::ClientToScreen(handle, &point);
+    HDC screen = ::GetDC(nullptr);
+    const COLORREF color = ::GetPixel(screen, point.x, point.y);
+    ::ReleaseDC(nullptr, screen);
+    return color;
+}
+
+}  // namespace driver
