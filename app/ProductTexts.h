@@ -4,7 +4,7 @@
 namespace StandardCode {
 
 // Two lines, shown by the splash screen and the main window.
-inline constexpr const char* ownershipNotice = "Jotwright\r\nFree to use and to share";
+inline constexpr const char* ownershipNotice = "Jotwright\r\nFree to share";
 // One line, for the About box.
 inline constexpr const char* ownershipLine = "Jotwright belongs to its authors.";
 inline constexpr const char* webSite = "https://jotwright.example/";
