@@ -8,6 +8,7 @@
 #include "forms/Devices.h"
 #include "forms/Environment.h"
 #include "forms/MsgBox.h"
+#include "forms/RuntimeError.h"
 
 using SpecialAlarmsFile::rowCount;
 
@@ -18,6 +19,13 @@ const std::vector<std::string> dayNames{"Monday", "Tuesday",  "Wednesday", "Thur
 
 constexpr int firstRowTop = 1170;
 constexpr int rowDistance = 420;
+
+void ReportReadError(const forms::RuntimeError& error) {
+    forms::MsgBox(std::to_string(error.number()) + " - " + error.description() +
+                      "\r\n\r\nThe special alarms that could not be read are shown as they were "
+                      "when they were last loaded.",
+                  {.icon = forms::BoxIcon::Exclamation}, "Error Loading Special Alarms");
+}
 
 }  // namespace
 
@@ -140,12 +148,24 @@ void frmSpecialAlarms::ReadSpecialAlarmsFile() {
         return;
     }
     std::vector<SpecialAlarmsFile::Row> rows;
-    SpecialAlarmsFile::Decode(disk.Read(SpecialAlarmsFile::Path()), rows);
+    try {
+        SpecialAlarmsFile::Decode(disk.Read(SpecialAlarmsFile::Path()), rows);
+    } catch (const forms::RuntimeError& error) {
+        ReportReadError(error);
+    }
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        SpecialAlarmsFile::StoreSharedRow(i, rows[i]);
+    }
+    for (std::size_t i = rows.size(); i < rowCount; ++i) {
+        rows.push_back(SpecialAlarmsFile::SharedRow(i));
+    }
+    ShowRows(rows);
+}
 
+void frmSpecialAlarms::ShowRows(const std::vector<SpecialAlarmsFile::Row>& rows) {
     // A name that is no day keeps the day of the row before.
     int dayIndex = 0;
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        SpecialAlarmsFile::StoreSharedRow(i, rows[i]);
         const auto day = std::find(dayNames.begin(), dayNames.end(), rows[i].Day);
         if (day != dayNames.end()) {
             dayIndex = static_cast<int>(day - dayNames.begin());

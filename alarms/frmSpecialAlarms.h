@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "alarms/SpecialAlarmsFile.h"
 #include "forms/Form.h"
@@ -79,8 +80,10 @@ class frmSpecialAlarms : public forms::Form {
     bool AreIdentical(std::size_t i, std::size_t j) const;
     void ReportIdenticalAlarms(Pair pair);
     SpecialAlarmsFile::Row RowOf(std::size_t row) const;
-    // Raises RuntimeErrors.
+    // Reports what cannot be read; those rows are shown as the clock knows them.
     void ReadSpecialAlarmsFile();
+    void ShowRows(const std::vector<SpecialAlarmsFile::Row>& rows);
+    // Raises RuntimeErrors.
     void WriteSpecialAlarmsFile();
 
     void Row_Change();

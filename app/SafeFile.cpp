@@ -1,5 +1,7 @@
 #include "app/SafeFile.h"
 
+#include <vector>
+
 #include "forms/Devices.h"
 #include "forms/RuntimeError.h"
 
@@ -81,7 +83,13 @@ bool ReplaceFile(const std::string& path, const std::string& bytes) {
 }
 
 void RemoveLeftovers(const std::string& folder) {
-    for (const forms::FileEntry& entry : Files().List(folder, temporarySuffix)) {
+    std::vector<forms::FileEntry> entries;
+    try {
+        entries = Files().List(folder, temporarySuffix);
+    } catch (const forms::RuntimeError&) {
+        return;  // whoever reads the folder reports it
+    }
+    for (const forms::FileEntry& entry : entries) {
         if (SameName(entry.name.substr(0, std::string(temporaryPrefix).size()), temporaryPrefix)) {
             DeleteIfPossible(folder + '\\' + entry.name);
         }

@@ -119,7 +119,7 @@ void frmMain::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
         note->Unload();
     }
     // Closing a note loads the control panel anew, so the list grows while it is worked off.
-    std::vector<const Form*> refused;
+    std::vector<Form*> refused;
     for (;;) {
         const auto& loaded = runtime.LoadedForms();
         const auto next = std::find_if(loaded.begin(), loaded.end(), [&](const auto& form) {
@@ -134,9 +134,13 @@ void frmMain::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
             refused.push_back(form.get());
         }
     }
-    // A note that could not be saved keeps its window, and the program with it: leaving now would
-    // lose the text.
-    if (!refused.empty() && !runtime.IsSessionEnding()) {
+    // A note that could not be saved keeps its window, and the program with it, unless its text is
+    // safe until the next start: leaving now would lose it.
+    const bool losesText = std::any_of(refused.begin(), refused.end(), [](Form* form) {
+        auto* note = dynamic_cast<frmNote*>(form);
+        return note == nullptr || !note->KeepForNextStart();
+    });
+    if (losesText && !runtime.IsSessionEnding()) {
         cancel = true;
         forms::Machine().tray->Add(TrayIconRecord);
     }

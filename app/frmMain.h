@@ -96,8 +96,9 @@ class frmMain : public forms::Form {
     void StartCuckooClock();
     void ShowControlPanel();
     void ShowHelpFile(int command);
-    void CheckNoteAlarms(int& dueCount);
-    void CheckSpecialAlarms();
+    // Both look at one and the same second, however long the opening of windows takes.
+    int CheckNoteAlarms(forms::DateTime now);  // how many notes were due
+    void CheckSpecialAlarms(forms::DateTime now);
     void StartRequestedSound(int dueCount);
     void ConnectEvents();
 

@@ -17,18 +17,18 @@ void frmMain::tmrNow_Timer() {
         Shared().AlarmSounding = false;
     }
     Shared().SoundRequested = false;
-    int dueCount = 0;
-    CheckNoteAlarms(dueCount);
-    CheckSpecialAlarms();
+    const forms::DateTime now = forms::Now();
+    const int dueCount = CheckNoteAlarms(now);
+    CheckSpecialAlarms(now);
     StartRequestedSound(dueCount);
 }
 
-void frmMain::CheckNoteAlarms(int& dueCount) {
-    const forms::DateTime now = forms::Now();
+int frmMain::CheckNoteAlarms(forms::DateTime now) {
+    int dueCount = 0;
     const auto& notes = Shared().NotesArray;
     for (int slot = 1; slot <= StandardCode::maximumNotes; ++slot) {
         if (notes[slot].Title.empty()) {
-            return;
+            break;
         }
         // An open editor rings its own alarm.
         if (DueRules::IsSavedNoteDue(notes[slot], now) &&
@@ -37,10 +37,10 @@ void frmMain::CheckNoteAlarms(int& dueCount) {
             ++dueCount;
         }
     }
+    return dueCount;
 }
 
-void frmMain::CheckSpecialAlarms() {
-    const forms::DateTime now = forms::Now();
+void frmMain::CheckSpecialAlarms(forms::DateTime now) {
     for (std::size_t row = 0; row < Shared().SpecialAlarmDay.size(); ++row) {
         if (!SpecialAlarmsFile::IsDue(SpecialAlarmsFile::SharedRow(row), now)) {
             continue;

@@ -16,6 +16,11 @@ set(jotwright_compile_flags ${jotwright_warnings} -fstack-protector-strong
     $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
 set(jotwright_link_flags)
 
+if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+    # A part of -Wconversion here, but not with g++, which is what the code is written to.
+    list(APPEND jotwright_compile_flags -Wno-sign-conversion)
+endif()
+
 if(WIN32)
     list(APPEND jotwright_compile_flags -ffunction-sections -fdata-sections)
     list(APPEND jotwright_link_flags

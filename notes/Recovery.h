@@ -23,6 +23,8 @@ class RecoveryCopy {
 
     // Writes the copy, unless it holds just that.
     void Keep(const std::string& title, const std::string& text);
+    // Whether the last Keep succeeded.
+    bool IsWritten() const { return written; }
     // Removes the copy where there is one.
     void Remove();
     // Takes over a copy that an earlier run of the program left.

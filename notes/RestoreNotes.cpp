@@ -19,6 +19,16 @@ constexpr std::array<NoteColor, 5> restoredColors{{
     {{255, 255, 0}, forms::black},
 }};
 
+// Before the editor holds its note: one that fails half way would save the note without the alarm.
+void RequireAlarmIcon(frmNote& note) {
+    try {
+        forms::LoadPicture(forms::ApplicationPath("\\alarmon.ico"));
+    } catch (const forms::RuntimeError&) {
+        note.Unload();
+        throw;
+    }
+}
+
 std::shared_ptr<frmNote> RestoreNote(const NoteRecord& record) {
     auto note = forms::New<frmNote>();
     note->Load();
@@ -74,6 +84,9 @@ void ReportLoadErrors(void (*loading)()) {
 }  // namespace
 
 void FillNote(frmNote& note, const NoteRecord& record) {
+    if (record.AlarmState == "1") {
+        RequireAlarmIcon(note);
+    }
     note.SetTitle(record.Title);
     note.txtNote.text = record.Text;
     note.MarkSaved(record.Text);

@@ -10,7 +10,8 @@ namespace StandardCode {
 void ReadNotes();
 
 // Fills a loaded editor with a note and shows it: text, colours, font size and audio alarm. The
-// alarm itself is the caller's to present.
+// alarm itself is the caller's to present. RuntimeError 53 where a note with an alarm misses the
+// alarm icon; the editor is unloaded then.
 void FillNote(frmNote& note, const NoteRecord& record);
 
 }  // namespace StandardCode

@@ -115,7 +115,7 @@ void frmDisplayNote::ShowPopupOn(int button) {
     }
 }
 
-void frmDisplayNote::Form_Unload(bool& /*cancel*/) {
+void frmDisplayNote::Form_Unload(bool& cancel) {
     Shared().Answer = 0;
     const bool holdsNote = forms::LoadedDefault<frmDisplayNote>() != this;
     if (!holdsNote ||
@@ -129,8 +129,10 @@ void frmDisplayNote::Form_Unload(bool& /*cancel*/) {
                       " Erase Note?") == forms::BoxResult::Yes;
     if (erase) {
         EraseNote();
-    } else {
-        KeepNote();
+    } else if (!KeepNote() && IsTextChanged() && !forms::Runtime::Current().IsSessionEnding()) {
+        // What was typed here is nowhere else.
+        cancel = true;
+        return;
     }
     using StandardCode::SharedEvents;
     StandardCode::Events().ControlPanel.Raise(SharedEvents::PanelAction::LoadAndUnload);
@@ -146,14 +148,20 @@ void frmDisplayNote::EraseNote() {
     });
 }
 
-void frmDisplayNote::KeepNote() {
+void frmDisplayNote::ShowText(const std::string& text) {
+    lblNoteText.text = text;
+    shownText = text;
+}
+
+bool frmDisplayNote::KeepNote() {
     if (!ReWriteNote()) {
-        return;
+        return false;
     }
     // The note is now in the file that has the whole caption as its name.
     if (forms::Trim(caption()) != caption()) {
         EraseNote();
     }
+    return true;
 }
 
 bool frmDisplayNote::ReWriteNote() {
@@ -207,7 +215,7 @@ void DisplayNote(int slot) {
     if (Shared().WindowOnTopFlag == 1) {
         display->MakeTopMost();
     }
-    display->lblNoteText.text = note.Text;
+    display->ShowText(note.Text);
     if (note.ColorIndex >= 1 && note.ColorIndex <= lastColorIndex) {
         const NoteColor& shade = noteColors[static_cast<std::size_t>(note.ColorIndex - 1)];
         display->backColor = shade.back;

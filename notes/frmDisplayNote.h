@@ -31,6 +31,8 @@ class frmDisplayNote : public forms::Form {
     void Form_Unload(bool& cancel) override;
     void Form_MouseUp(int button, int x, int y) override;
 
+    // Shows the note's text; what differs from it when the window closes was typed here.
+    void ShowText(const std::string& text);
     // Writes the note's file from what the window shows, its alarm switched off: the file is
     // replaced in one step. A failure is shown in a box and leaves the file as it was; false then.
     bool ReWriteNote();
@@ -38,11 +40,14 @@ class frmDisplayNote : public forms::Form {
   private:
     void ShowPopupOn(int button);
     void EraseNote();
-    void KeepNote();
+    bool KeepNote();  // false where the note could not be written
+    bool IsTextChanged() const { return lblNoteText.text() != shownText; }
     void tmrSoundAlarm_Timer();
     void mnuPrint_Click();
     void mnuErase_Click();
     void mnuClose_Click();
+
+    std::string shownText;
 };
 
 namespace StandardCode {

@@ -45,8 +45,6 @@ std::string FixedTip(const std::string& caption) {
 
 }  // namespace
 
-frmNote::~frmNote() { ForgetTitle(); }
-
 void frmNote::Form_Load() {
     const int hidesDateTime =
         Settings::ReadInteger(Settings::Options::section, Settings::Options::showDateTime, 0);
@@ -146,6 +144,11 @@ void frmNote::KeepRecoveryCopy() {
     } else {
         recoveryCopy.Keep(caption, txtNote.text);
     }
+}
+
+bool frmNote::KeepForNextStart() {
+    KeepRecoveryCopy();
+    return txtNote.text() == savedText || recoveryCopy.IsWritten();
 }
 
 void frmNote::TakeRecovered(const RecoveredText& recovered) {

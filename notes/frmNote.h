@@ -19,7 +19,6 @@
 class frmNote : public forms::Form {
   public:
     frmNote() : Form("frmNote") {}
-    ~frmNote() override;
 
     forms::TextBox txtNote{this, "txtNote"};
     forms::Toolbar tlbMain{this, "tlbMain"};
@@ -92,6 +91,10 @@ class frmNote : public forms::Form {
     // Saves the note because the program is about to end, whatever the user would have been asked.
     // What cannot be saved stays in a recovery copy.
     void SaveBeforeTheEnd();
+
+    // The program leaves although saving failed: whether the text is safe in its recovery copy,
+    // from which the next start brings it back.
+    bool KeepForNextStart();
 
     // Paints the text box and checks the entry of the colour menu with this number, 1 to 6.
     void ApplyColor(StandardCode::NoteColor color, std::size_t colorIndex);

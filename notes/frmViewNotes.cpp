@@ -1,7 +1,10 @@
 #include "notes/frmViewNotes.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <set>
+#include <utility>
+#include <vector>
 
 #include "app/StandardCode.h"
 #include "forms/Devices.h"
@@ -95,21 +98,30 @@ void frmViewNotes::Form_Load() {
     lstNotes.items = std::vector<std::string>{};
     FillList();
     StandardCode::LoadNotesArray();
-    const bool full = Shared().NoteCount == StandardCode::maximumNotes;
-    lblTotalNotes.foreColor = full ? red : forms::black;
-    lblTotalNotes.caption = TotalText() + (full ? " ( Maximum Reached )" : "");
-    cmdNew.enabled = !full;
+    ShowLimit();
     if (lstNotes.items().empty()) {
         EnableActions(false);
     } else {
         lstNotes.listIndex = 0;
     }
+    listIsFilled = true;
+}
+
+void frmViewNotes::ShowLimit() {
+    const bool full = Shared().NoteCount == StandardCode::maximumNotes;
+    lblTotalNotes.foreColor = full ? red : forms::black;
+    lblTotalNotes.caption = TotalText() + (full ? " ( Maximum Reached )" : "");
+    cmdNew.enabled = !full;
 }
 
 void frmViewNotes::FillList() {
     StandardCode::LoadNotesArray();
+    ListNotes();
+}
+
+void frmViewNotes::ListNotes() {
+    std::vector<forms::ListView::Row> rows;
     std::set<std::string> keys;
-    lvwNotes.BeginUpdate();
     for (const forms::FileEntry& file :
          forms::Machine().files->List(StandardCode::NotesFolder(), ".txt")) {
         try {
@@ -118,17 +130,45 @@ void frmViewNotes::FillList() {
             if (!keys.insert(row.key).second) {
                 row.key.clear();
             }
-            lvwNotes.AddRow(std::move(row));
+            rows.push_back(std::move(row));
         } catch (const forms::RuntimeError&) {
             // What cannot be read has no row; rebuilding the array has dealt with it or will.
         }
     }
+    if (rows == lvwNotes.Rows()) {
+        return;
+    }
+    const bool hadSelection = lvwNotes.SelectedRow() >= 0;
+    const std::string selected = hadSelection ? SelectedTitle() : std::string();
+    lvwNotes.BeginUpdate();
+    lvwNotes.Clear();
+    for (forms::ListView::Row& row : rows) {
+        lvwNotes.AddRow(std::move(row));
+    }
     lvwNotes.EndUpdate();
+    if (hadSelection) {
+        SelectTitle(selected);
+    }
 }
 
-void frmViewNotes::ShowTotal() {
+void frmViewNotes::SelectTitle(const std::string& title) {
+    const auto& rows = lvwNotes.Rows();
+    const auto row = std::find_if(rows.begin(), rows.end(), [&title](const auto& other) {
+        return other.texts[titleColumn] == title;
+    });
+    if (row == rows.end()) {
+        EnableActions(false);
+    } else {
+        lvwNotes.Select(static_cast<int>(row - rows.begin()));
+    }
+}
+
+void frmViewNotes::ShowNotesArray() {
     lblTotalNotes.caption = TotalText();
     lvwNotes.enabled = Shared().NoteCount > 0;
+    if (listIsFilled) {
+        ListNotes();
+    }
 }
 
 void frmViewNotes::EnableActions(bool enable) {
@@ -246,7 +286,8 @@ void ActOnControlPanel(SharedEvents::PanelAction action) {
             UnloadControlPanelIfVisible();
             break;
         case SharedEvents::PanelAction::LoadAndUnload:
-            forms::Default<frmViewNotes>().Load();
+            // Loading a panel that is loaded already would rebuild nothing.
+            ReloadControlPanel();
             forms::Default<frmViewNotes>().Unload();
             break;
     }
@@ -258,7 +299,12 @@ void ConnectControlPanel() {
     Events().ControlPanel.Subscribe(ActOnControlPanel);
     Events().NotesArrayLoaded.Subscribe([] {
         if (auto* panel = forms::LoadedDefault<frmViewNotes>()) {
-            panel->ShowTotal();
+            panel->ShowNotesArray();
+        }
+    });
+    Events().MaximumReached.Subscribe([] {
+        if (auto* panel = forms::LoadedDefault<frmViewNotes>()) {
+            panel->ShowLimit();
         }
     });
 }

@@ -4,8 +4,8 @@
 
 #include "forms/Form.h"
 
-// The notes control panel: lists every saved note with its alarm, opens and erases them. Its list
-// stands as the folder was when the panel was loaded.
+// The notes control panel: lists every saved note with its alarm, opens and erases them. While it
+// is loaded, shown or not, its list follows each rebuilding of the notes array.
 class frmViewNotes : public forms::Form {
   public:
     frmViewNotes() : Form("frmViewNotes") {}
@@ -28,16 +28,22 @@ class frmViewNotes : public forms::Form {
     void Design() override;
     void Form_Load() override;
 
-    // The notes array was rebuilt: shows its count.
-    void ShowTotal();
+    // The notes array was rebuilt: shows its count and its notes. Raises RuntimeErrors.
+    void ShowNotesArray();
+    // Shows the count against the maximum, and whether a note may be made.
+    void ShowLimit();
 
   private:
     void DesignButtons();
     void FillList();
+    void ListNotes();
+    void SelectTitle(const std::string& title);
     void EnableActions(bool enable);
     // RuntimeError 9 where no row is selected.
     std::string SelectedTitle() const;
     void EraseNote(const std::string& title);
+
+    bool listIsFilled = false;
 
     void lvwNotes_MouseUp(int button);
     void cmdOpenAll_Click();

@@ -1,6 +1,7 @@
 #include "forms/headless/User.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "forms/Gestures.h"
 #include "forms/Runtime.h"
@@ -60,28 +61,38 @@ bool User::Reach(const std::string& what, Control& control) {
     return true;
 }
 
-void User::TakeFocus(Control& control) {
-    gestures::Activate(control.form);
+// Nothing here keeps the form alive: whoever needs that, the runtime is to do it for everybody.
+bool User::BringUp(Form& form) {
+    const std::weak_ptr<Form> alive = form.weak_from_this();
+    gestures::Activate(form);
+    return !alive.expired();
+}
+
+bool User::TakeFocus(Control& control) {
+    if (!BringUp(control.form)) {
+        return false;
+    }
     if (control.CanHaveFocus()) {
         gestures::Focus(control);
     }
+    return true;
 }
 
 void User::Click(Control& control) {
-    if (!Reach("click " + NameOf(control), control)) {
+    if (!Reach("click " + NameOf(control), control) || !TakeFocus(control)) {
         return;
     }
-    const auto pin = control.form.shared_from_this();
-    TakeFocus(control);
+    const std::weak_ptr<Form> alive = control.form.weak_from_this();
     if (!control.CanHaveFocus()) {
         gestures::MouseUp(control, leftButton, 0, 0);
     }
-    gestures::Click(control);
+    if (!alive.expired()) {
+        gestures::Click(control);
+    }
 }
 
 void User::DoubleClick(Control& control) {
-    if (Reach("double-click " + NameOf(control), control)) {
-        TakeFocus(control);
+    if (Reach("double-click " + NameOf(control), control) && TakeFocus(control)) {
         gestures::DoubleClick(control);
     }
 }
@@ -99,22 +110,19 @@ void User::Click(Toolbar& toolbar, const std::string& key) {
         Fail(what, "there is no such button");
     } else if (!button->enabled) {
         Fail(what, "it is disabled");
-    } else {
-        gestures::Activate(toolbar.form);
+    } else if (BringUp(toolbar.form)) {
         gestures::ClickToolbar(toolbar, key);
     }
 }
 
 void User::RightClick(Control& control) {
-    if (Reach("right-click " + NameOf(control), control)) {
-        gestures::Activate(control.form);
+    if (Reach("right-click " + NameOf(control), control) && BringUp(control.form)) {
         gestures::MouseUp(control, rightButton, 0, 0);
     }
 }
 
 void User::RightClick(Form& form) {
-    if (Reach(std::string("right-click ") + form.name, form)) {
-        gestures::Activate(form);
+    if (Reach(std::string("right-click ") + form.name, form) && BringUp(form)) {
         gestures::MouseUp(form, rightButton, 0, 0);
     }
 }
@@ -134,8 +142,7 @@ void User::Type(TextBox& textBox, const std::string& content) {
         Fail(what, "it is read-only");
         return;
     }
-    TakeFocus(textBox);
-    if (textBox.text() != content) {
+    if (TakeFocus(textBox) && textBox.text() != content) {
         stage.KeepTyped(textBox, content);
         gestures::Typed(textBox);
     }
@@ -150,8 +157,9 @@ void User::Select(ComboBox& comboBox, int index) {
         Fail(what, "there is no such item");
         return;
     }
-    TakeFocus(comboBox);
-    gestures::Select(comboBox, index);
+    if (TakeFocus(comboBox)) {
+        gestures::Select(comboBox, index);
+    }
 }
 
 void User::Select(ComboBox& comboBox, const std::string& item) {
@@ -172,8 +180,9 @@ void User::Select(ListBox& listBox, int index) {
         Fail(what, "there is no such item");
         return;
     }
-    TakeFocus(listBox);
-    gestures::Select(listBox, index);
+    if (TakeFocus(listBox)) {
+        gestures::Select(listBox, index);
+    }
 }
 
 void User::Select(ListView& listView, int row) {
@@ -185,13 +194,13 @@ void User::Select(ListView& listView, int row) {
         Fail(what, "there is no such row");
         return;
     }
-    TakeFocus(listView);
-    gestures::Select(listView, row);
+    if (TakeFocus(listView)) {
+        gestures::Select(listView, row);
+    }
 }
 
 void User::Pick(DateTimePicker& picker, DateTime value) {
-    if (Reach("pick in " + NameOf(picker), picker)) {
-        TakeFocus(picker);
+    if (Reach("pick in " + NameOf(picker), picker) && TakeFocus(picker)) {
         gestures::Pick(picker, value);
     }
 }
@@ -206,8 +215,9 @@ void User::Choose(Menu& entry) {
         Fail(what, "it " + why);
         return;
     }
-    gestures::Activate(entry.form);
-    gestures::Choose(entry);
+    if (BringUp(entry.form)) {
+        gestures::Choose(entry);
+    }
 }
 
 void User::Tray(int message) {
@@ -253,8 +263,9 @@ void User::Restore(Form& form) {
         return;
     }
     HeadlessStage::WindowOf(form).state = WindowState::Normal;
-    gestures::Activate(form);
-    gestures::Resize(form, BoundsOf(form), WindowState::Normal);
+    if (BringUp(form)) {
+        gestures::Resize(form, BoundsOf(form), WindowState::Normal);
+    }
 }
 
 void User::Maximize(Form& form) {
@@ -267,8 +278,9 @@ void User::Maximize(Form& form) {
         return;
     }
     HeadlessStage::WindowOf(form).state = WindowState::Maximized;
-    gestures::Activate(form);
-    gestures::Resize(form, wholeScreen, WindowState::Maximized);
+    if (BringUp(form)) {
+        gestures::Resize(form, wholeScreen, WindowState::Maximized);
+    }
 }
 
 void User::Size(Form& form, int width, int height) {
@@ -283,8 +295,9 @@ void User::Size(Form& form, int width, int height) {
     Rect bounds = BoundsOf(form);
     bounds.width = std::max(width, form.minimumWidth);
     bounds.height = std::max(height, form.minimumHeight);
-    gestures::Activate(form);
-    gestures::Resize(form, bounds, WindowState::Normal);
+    if (BringUp(form)) {
+        gestures::Resize(form, bounds, WindowState::Normal);
+    }
 }
 
 void User::Drag(Form& form, int left, int top, const Script& during) {
@@ -296,12 +309,14 @@ void User::Drag(Form& form, int left, int top, const Script& during) {
         Fail(what, "it has no title bar to hold");
         return;
     }
-    const auto pin = form.shared_from_this();
-    gestures::Activate(form);
+    if (!BringUp(form)) {
+        return;
+    }
+    const std::weak_ptr<Form> alive = form.weak_from_this();
     if (during) {
         during();
     }
-    if (form.IsLoaded() && form.IsVisible()) {
+    if (!alive.expired() && form.IsLoaded() && form.IsVisible()) {
         gestures::Resize(form, {left, top, form.width, form.height}, WindowState::Normal);
     }
 }

@@ -61,7 +61,9 @@ class User {
     bool Fail(const std::string& what, const std::string& why);
     bool Reach(const std::string& what, Form& form);
     bool Reach(const std::string& what, Control& control);
-    void TakeFocus(Control& control);
+    // False when the form's own handler has unloaded it.
+    bool BringUp(Form& form);
+    bool TakeFocus(Control& control);
     Form* FormWithKeyboard(const std::string& what);
     void PressMarked(const std::string& what, Form& form, bool enter);
 

@@ -239,6 +239,7 @@ void FormWindow::OnActivate(WPARAM wParam) {
     }
     RestoreFocus();
     if (state.applying == 0) {
+        MarkUsed();
         gestures::Activate(*form);
     }
 }
@@ -295,7 +296,8 @@ CommandButton* FormWindow::FindDefault(bool cancel) const {
     for (Control* control : form->Controls()) {
         if (control->kind == ControlKind::CommandButton) {
             auto& button = static_cast<CommandButton&>(*control);
-            if ((cancel ? button.isCancel : button.isDefault) && gestures::CanUse(button)) {
+            if ((cancel ? button.isCancel : button.isDefault) && button.IsEffectivelyVisible() &&
+                button.IsEffectivelyEnabled()) {
                 return &button;
             }
         }

@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <cwchar>
+#include <iterator>
 
 #include "forms/Runtime.h"
 #include "forms/win32/Dpi.h"
@@ -34,6 +36,43 @@ RECT OnScreen(RECT place) {
     y = std::max(y, work.top - place.top);
     ::OffsetRect(&place, x, y);
     return place;
+}
+
+// Whether the user works with this program just now.
+bool HasForeground() {
+    DWORD process = 0;
+    HWND foreground = ::GetForegroundWindow();
+    return foreground != nullptr && ::GetWindowThreadProcessId(foreground, &process) != 0 &&
+           process == ::GetCurrentProcessId();
+}
+
+// The box or dialog that waits for its answer in front of all others; null where none does.
+HWND OpenBox() {
+    HWND box = nullptr;
+    ::EnumThreadWindows(
+        ::GetCurrentThreadId(),
+        [](HWND window, LPARAM data) -> BOOL {
+            wchar_t name[16] = L"";
+            ::GetClassNameW(window, name, static_cast<int>(std::size(name)));
+            const bool waits = std::wcscmp(name, L"#32770") == 0 &&
+                               ::IsWindowVisible(window) != 0 && ::IsWindowEnabled(window) != 0;
+            if (waits) {
+                *reinterpret_cast<HWND*>(data) = window;
+            }
+            return waits ? FALSE : TRUE;
+        },
+        reinterpret_cast<LPARAM>(&box));
+    return box;
+}
+
+// Within the program, without taking the foreground from another one.
+void MakeActive(HWND window) {
+    if (HasForeground()) {
+        ::SetForegroundWindow(window);
+    }
+    if (::GetActiveWindow() != window) {
+        ::SetActiveWindow(window);
+    }
 }
 
 }  // namespace
@@ -93,6 +132,13 @@ void FormWindow::ShowOrHide() {
         Activate();
     }
     wantsForeground = false;
+    // A window that a box shuts off must not cover it: nobody could answer any more.
+    if (boxes > 0 && ::IsIconic(handle) == 0) {
+        if (HWND box = OpenBox(); box != nullptr) {
+            ::BringWindowToTop(box);
+            MakeActive(box);
+        }
+    }
 }
 
 void FormWindow::Show() {
@@ -140,25 +186,49 @@ void FormWindow::Activate() {
     if (::IsIconic(handle) != 0) {
         return;
     }
+    MarkUsed();
     if (wantsForeground) {
         ::SetForegroundWindow(handle);
     }
     if (::GetActiveWindow() != handle) {
-        ::SetActiveWindow(handle);
+        MakeActive(handle);
     }
     RestoreFocus();
 }
 
-// What the system would activate instead is not always what the runtime has chosen.
+bool FormWindow::CanBeActive() const {
+    return IsShown() && ::IsIconic(handle) == 0 && ::IsWindowEnabled(handle) != 0;
+}
+
+// The window that becomes active when this one goes: the one that the runtime has chosen, else the
+// one that was used before.
+FormWindow* FormWindow::Successor() const {
+    const Form* chosen = Runtime::Exists() ? Runtime::Current().ActiveForm() : nullptr;
+    if (chosen != nullptr && chosen != form) {
+        FormWindow* window = Existing(*chosen);
+        return window != nullptr && window->CanBeActive() ? window : nullptr;
+    }
+    const auto used = std::find_if(
+        state.windows.rbegin(), state.windows.rend(),
+        [this](const FormWindow* window) { return window != this && window->CanBeActive(); });
+    return used == state.windows.rend() ? nullptr : *used;
+}
+
+void FormWindow::MarkUsed() {
+    std::erase(state.windows, this);
+    state.windows.push_back(this);
+}
+
+// The successor takes over before the window goes: the system would hand the keyboard to whatever
+// it finds, which may be another program.
 void FormWindow::Hide() {
     if (!IsShown()) {
         return;
     }
-    const Form* next = Runtime::Exists() ? Runtime::Current().ActiveForm() : nullptr;
-    const FormWindow* nextWindow = next != nullptr && next != form ? Existing(*next) : nullptr;
-    if (::GetActiveWindow() == handle && nextWindow != nullptr && nextWindow->IsShown() &&
-        ::IsIconic(nextWindow->handle) == 0 && ::IsWindowEnabled(nextWindow->handle) != 0) {
-        ::SetActiveWindow(nextWindow->handle);
+    if (::GetActiveWindow() == handle) {
+        if (const FormWindow* next = Successor(); next != nullptr) {
+            MakeActive(next->handle);
+        }
     }
     ::ShowWindow(handle, SW_HIDE);
     ::SetWindowLongPtrW(handle, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(BaseOwner()));
@@ -168,7 +238,9 @@ void FormWindow::BringToForeground() {
     const Applying applying(state);
     wantsForeground = true;
     HWND target = handle;
-    if (::IsWindowEnabled(handle) == 0) {
+    if (HWND box = boxes > 0 ? OpenBox() : nullptr; box != nullptr) {
+        target = box;
+    } else if (::IsWindowEnabled(handle) == 0) {
         // A modal window or a box stands before it.
         const Form* active = Runtime::Current().ActiveForm();
         const FormWindow* other = active != nullptr ? Existing(*active) : nullptr;

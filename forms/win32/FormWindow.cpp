@@ -337,6 +337,9 @@ void FormWindow::ApplyToControl(Control& control, Aspect aspect) {
         }
     }
     MoveFocusOn();
+    if (aspect != Aspect::Bounds) {
+        MarkDefaultButton(PeerOf(::GetFocus()));
+    }
 }
 
 // A control that was hidden or shut off would keep the keyboard to itself.

@@ -109,6 +109,9 @@ class FormWindow {
     void Show();
     void Hide();
     void Activate();
+    bool CanBeActive() const;
+    FormWindow* Successor() const;
+    void MarkUsed();
     void ReleaseOwned();
     void Part();
     HWND BaseOwner() const;

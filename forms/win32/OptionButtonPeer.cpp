@@ -49,7 +49,25 @@ class OptionButtonPeer : public Peer {
         return SolidBrush(back);
     }
 
+  protected:
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        const auto result = Peer::OnMessage(message, wParam, lParam);
+        if (message == WM_SETFOCUS && window.IsLive() && !window.state.movingFocus) {
+            SelectByArrowKey(window.PeerOf(reinterpret_cast<HWND>(wParam)));
+        }
+        return result;
+    }
+
   private:
+    // The focus comes from another button of the group: the selection follows it. Not every system
+    // reports that as a click.
+    void SelectByArrowKey(const Peer* from) {
+        const bool byMouse = ::GetKeyState(VK_LBUTTON) < 0;
+        if (from != nullptr && IsOfGroup(from->control) && !byMouse && !button.value()) {
+            gestures::Click(button);
+        }
+    }
+
     void ShowValue() {
         ::SendMessageW(handle, BM_SETCHECK, button.value() ? BST_CHECKED : BST_UNCHECKED, 0);
     }

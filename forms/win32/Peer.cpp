@@ -3,7 +3,10 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
+#include <algorithm>
+
 #include "forms/Gestures.h"
+#include "forms/win32/Accessibility.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Utf.h"
 
@@ -15,10 +18,8 @@ void Peer::CreateNative(const wchar_t* className, const std::string& text, DWORD
                         DWORD extendedStyle) {
     const RECT area = Area();
     const auto& controls = window.Model().Controls();
-    int id = FormWindow::firstControlId;
-    while (controls[static_cast<std::size_t>(id - FormWindow::firstControlId)] != &control) {
-        ++id;
-    }
+    const auto place = std::find(controls.begin(), controls.end(), &control) - controls.begin();
+    const INT_PTR id = FormWindow::firstControlId + place;
     style |= WS_CHILD | WS_CLIPSIBLINGS;
     if (control.IsEffectivelyVisible()) {
         style |= WS_VISIBLE;
@@ -26,15 +27,18 @@ void Peer::CreateNative(const wchar_t* className, const std::string& text, DWORD
     if (!control.IsEffectivelyEnabled()) {
         style |= WS_DISABLED;
     }
-    handle = ::CreateWindowExW(extendedStyle, className, Wide(text).c_str(), style, area.left,
-                               area.top, area.right - area.left, area.bottom - area.top,
-                               window.handle, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                               ::GetModuleHandleW(nullptr), nullptr);
+    handle =
+        ::CreateWindowExW(extendedStyle, className, Wide(text).c_str(), style, area.left, area.top,
+                          area.right - area.left, area.bottom - area.top, window.handle,
+                          reinterpret_cast<HMENU>(id), ::GetModuleHandleW(nullptr), nullptr);
     if (handle == nullptr) {
         return;
     }
     ::SendMessageW(handle, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), FALSE);
     ::SetWindowSubclass(handle, &Peer::Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+    if (!control.accessibleName.empty()) {
+        SetAccessibleName(handle, control.accessibleName);
+    }
 }
 
 HFONT Peer::Font() const { return window.FormFont(); }

@@ -20,17 +20,48 @@ bool IsForForm(MSG& message) {
            ::IsDialogMessageW(root, &message) != 0;
 }
 
-// The window that a box or dialog belongs to: the one that the user works with.
-HWND OwnerForBox() {
-    HWND owner = ::GetActiveWindow();
-    if (owner == nullptr) {
-        const Form* active = Runtime::Current().ActiveForm();
-        const FormWindow* window = active != nullptr ? FormWindow::Existing(*active) : nullptr;
-        owner = window != nullptr ? window->handle : nullptr;
+// In the loop of a box or dialog: the forms that can be used meanwhile have their keys, too. The
+// system's own treatment of such keys asks again about the same message.
+LRESULT CALLBACK KeysOfForms(int code, WPARAM wParam, LPARAM lParam) {
+    static const MSG* beingTreated = nullptr;
+    auto* message = reinterpret_cast<MSG*>(lParam);
+    if (code == MSGF_DIALOGBOX && message != beingTreated) {
+        const MSG* outer = beingTreated;
+        beingTreated = message;
+        const bool wasForForm = IsForForm(*message);
+        beingTreated = outer;
+        if (wasForForm) {
+            return 1;
+        }
     }
-    const bool isFit = owner != nullptr && ::IsWindowVisible(owner) != 0 &&
-                       ::IsIconic(owner) == 0 && ::IsWindowEnabled(owner) != 0;
-    return isFit ? owner : nullptr;
+    return ::CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+class FormsHaveKeys {
+  public:
+    FormsHaveKeys()
+        : hook(::SetWindowsHookExW(WH_MSGFILTER, &KeysOfForms, nullptr, ::GetCurrentThreadId())) {}
+    ~FormsHaveKeys() { ::UnhookWindowsHookEx(hook); }
+    FormsHaveKeys(const FormsHaveKeys&) = delete;
+    FormsHaveKeys& operator=(const FormsHaveKeys&) = delete;
+
+  private:
+    HHOOK hook;
+};
+
+bool CanOwn(HWND window) {
+    return window != nullptr && ::IsWindowVisible(window) != 0 && ::IsIconic(window) == 0 &&
+           ::IsWindowEnabled(window) != 0;
+}
+
+// The window that a box or dialog belongs to: the one that the user works with, if any.
+HWND OwnerForBox() {
+    if (HWND active = ::GetActiveWindow(); CanOwn(active)) {
+        return active;
+    }
+    const Form* form = Runtime::Current().ActiveForm();
+    const FormWindow* window = form != nullptr ? FormWindow::Existing(*form) : nullptr;
+    return window != nullptr && CanOwn(window->handle) ? window->handle : nullptr;
 }
 
 // Shuts off the windows that are there, all but the owner of the box, which the system shuts off
@@ -39,7 +70,8 @@ class OthersShutOff {
   public:
     OthersShutOff(StageState& stageState, HWND owner) : state(stageState) {
         const Applying applying(state);
-        for (FormWindow* window : state.windows) {
+        const std::vector<FormWindow*> windows = state.windows;
+        for (FormWindow* window : windows) {
             ++window->boxes;
             counted.push_back(window);
             if (owner != nullptr && window->handle != owner) {
@@ -121,6 +153,7 @@ BoxResult ShowMessageBox(StageState& state, const BoxRequest& request) {
     int answer = 0;
     {
         const OthersShutOff others(state, owner);
+        const FormsHaveKeys keys;
         answer = ::MessageBoxW(owner, text.c_str(), caption.c_str(), flags);
     }
     if (request.options.buttons == BoxButtons::Ok) {
@@ -138,7 +171,7 @@ std::optional<std::string> ShowOpenDialog(StageState& state, const FormWindow* w
     std::wstring path(32768, L'\0');
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = window != nullptr && window->IsShown() ? window->handle : OwnerForBox();
+    dialog.hwndOwner = window != nullptr && CanOwn(window->handle) ? window->handle : OwnerForBox();
     dialog.lpstrFilter = filter.c_str();
     dialog.lpstrFile = path.data();
     dialog.nMaxFile = static_cast<DWORD>(path.size());
@@ -146,6 +179,7 @@ std::optional<std::string> ShowOpenDialog(StageState& state, const FormWindow* w
     dialog.Flags =
         OFN_NOCHANGEDIR | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_EXPLORER;
     const OthersShutOff others(state, dialog.hwndOwner);
+    const FormsHaveKeys keys;
     if (::GetOpenFileNameW(&dialog) == FALSE) {
         return std::nullopt;
     }

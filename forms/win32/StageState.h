@@ -11,7 +11,7 @@ class FormWindow;
 
 // What all windows of a stage share.
 struct StageState {
-    std::vector<FormWindow*> windows;  // that exist natively
+    std::vector<FormWindow*> windows;  // that exist natively; last is the one used last
     HWND utility = nullptr;            // hidden; see UtilityWindow.h
     // Above 0 while the stage itself shows, moves or activates windows: what the system then
     // reports is no gesture.

@@ -70,6 +70,22 @@ TEST_F(AlarmChooser, WithoutASettingSelectsTheBuzzerAndWritesNothing) {
     EXPECT_FALSE(window.cmdMyWaveFile.enabled());
 }
 
+TEST_F(AlarmChooser, AnEmptySettingIsTakenAsMissing) {
+    frmAlarms& window = OpenWith("");
+    EXPECT_EQ(Selected(window), 0);
+    EXPECT_EQ(window.txtMyWaveFilePath.text(), "");
+    EXPECT_EQ(Shared().AlarmSoundPath, folder + "\\Alarm buzzer.wav");
+    EXPECT_EQ(Stored(), "");
+}
+
+TEST_F(AlarmChooser, TheSoundSelectedByLoadingCountsAsClicked) {
+    frmAlarms& window = OpenWith(folder + "\\Bell alarm.wav");
+    ExpectBox("        Sampling Bell Alarm          ", "Jotwright Audio Alarm", BoxIcon::None);
+    user->Click(window.cmdTest);
+    user->Click(window.cmdSave);
+    EXPECT_EQ(Stored(), folder + "\\Bell alarm.wav");
+}
+
 TEST_F(AlarmChooser, SelectsTheStoredBuiltInSound) {
     const char* names[] = {"\\Alarm buzzer.wav", "\\Alert chime.wav", "\\Cuckoo clock.wav",
                            "\\Alarm clock.wav", "\\Bell alarm.wav"};

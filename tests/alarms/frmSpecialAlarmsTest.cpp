@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "alarms/SpecialAlarmsFile.h"
 #include "alarms/frmSpecialAlarms.h"
 #include "app/StandardCode.h"
 #include "tests/support/TestProgram.h"
@@ -41,6 +42,13 @@ class SpecialAlarms : public testing_support::TestProgram {
                          "Error - Identical Alarms", BoxIcon::Exclamation, BoxButtons::Ok,
                          BoxResult::Ok);
     }
+    void ExpectReadError(const std::string& error) {
+        stage->ExpectBox(error +
+                             "\r\n\r\nThe special alarms that could not be read are shown as they "
+                             "were when they were last loaded.",
+                         "Error Loading Special Alarms", BoxIcon::Exclamation, BoxButtons::Ok,
+                         BoxResult::Ok);
+    }
     void PutFile(const std::string& firstRows, int emptyRows) {
         std::string text = firstRows;
         for (int i = 0; i < emptyRows; ++i) {
@@ -62,6 +70,7 @@ TEST_F(SpecialAlarms, LoadsWithoutAFile) {
     EXPECT_EQ(Window().lblAlarmDay.caption(), "Alarm Day");
     EXPECT_EQ(Window().lblAlarmTime.caption(), "Alarm Time");
     EXPECT_EQ(Window().lblMessage.caption(), "Alarm Message");
+    EXPECT_EQ(Window().cmdSave.caption(), "&Save");
     EXPECT_EQ(Window().cmdSave.toolTip(), "Save Changes and Close");
     EXPECT_EQ(Window().cmdCancel.caption(), "&Close");
     EXPECT_EQ(Window().cmdCancel.toolTip(), "Discard Changes and Close");
@@ -126,12 +135,77 @@ TEST_F(SpecialAlarms, AnyMarkButOneIsUnchecked) {
     EXPECT_EQ(Window().chkEnabled[1].value(), 0);
 }
 
-TEST_F(SpecialAlarms, AFileOfFewerRowsIsAnErrorThatNobodyTraps) {
-    PutFile("", 6);
-    stage->ExpectBox("Run-time error '62':\r\n\r\nInput past end of file", "Jotwright",
-                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+TEST_F(SpecialAlarms, AFileOfFewerRowsIsReportedAndRepairedBySaving) {
+    PutFile("\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n", 5);
+    ExpectReadError("62 - Input past end of file");
     Open();
-    EXPECT_TRUE(runtime->HasEnded());
+    ASSERT_FALSE(runtime->HasEnded());
+    EXPECT_EQ(Window().cboDays[0].Text(), "Friday");
+    EXPECT_EQ(Window().txtMessage[0].text(), "Pay the rent");
+    EXPECT_EQ(Window().cboDays[6].Text(), "Monday");
+    EXPECT_EQ(Shared().SpecialAlarmMessage[0], "Pay the rent");
+    EXPECT_FALSE(Window().cmdSave.enabled());
+    user->Type(Window().txtMessage[6], "last");
+    user->Click(Window().cmdSave);
+    EXPECT_EQ(files.Peek(path), "\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n" + emptyRow +
+                                    emptyRow + emptyRow + emptyRow + emptyRow +
+                                    "\"Monday\",#00:00:00#,\"last\",0\r\n");
+    Open();
+}
+
+TEST_F(SpecialAlarms, AnEmptyFileIsReported) {
+    files.PutFile(path, "");
+    ExpectReadError("62 - Input past end of file");
+    Open();
+    ASSERT_TRUE(IsOpen());
+    EXPECT_EQ(Window().cboDays[0].Text(), "Monday");
+    EXPECT_EQ(Window().chkEnabled[0].value(), 0);
+}
+
+TEST_F(SpecialAlarms, LinesAfterTheSeventhAreNotRead) {
+    PutFile("", 7);
+    files.PutFile(path, *files.Peek(path) + "\"Friday\",#noon#,\"no row\"\r\n");
+    Open();
+    EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(SpecialAlarms, RowsBehindADamagedOneAreShownAsTheyWereLoaded) {
+    PutFile("\"Friday\",#17:30:00#,\"first\",1\r\n\"Sunday\",#08:00:00#,\"second\",1\r\n", 5);
+    Start(StandardCode::LoadSpecialAlarms);
+    PutFile("\"Tuesday\",#09:00:00#,\"new\",1\r\n\"Sunday\",#eight#,\"lost\",1\r\n", 5);
+    ExpectReadError("13 - Type mismatch");
+    Open();
+    EXPECT_EQ(Window().txtMessage[0].text(), "new");
+    EXPECT_EQ(Shared().SpecialAlarmMessage[0], "new");
+    EXPECT_EQ(Window().cboDays[1].Text(), "Sunday");
+    EXPECT_EQ(Window().dtpTime[1].value(), DateTime::FromTime(8, 0, 0));
+    EXPECT_EQ(Window().txtMessage[1].text(), "second");
+    EXPECT_EQ(Window().chkEnabled[1].value(), 1);
+    EXPECT_EQ(Shared().SpecialAlarmMessage[1], "second");
+}
+
+TEST_F(SpecialAlarms, SavingAfterAFileCouldNotBeOpenedLosesNoAlarm) {
+    PutFile("\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n", 6);
+    const auto before = files.Peek(path);
+    Start(StandardCode::LoadSpecialAlarms);
+    files.SetDenied(path, true);
+    ExpectReadError("70 - Permission denied");
+    Open();
+    files.SetDenied(path, false);
+    user->Click(Window().chkEnabled[6]);
+    user->Click(Window().chkEnabled[6]);
+    user->Click(Window().cmdSave);
+    EXPECT_EQ(files.Peek(path), before);
+}
+
+TEST_F(SpecialAlarms, TheFirstAndTheLastDateOfTheCalendarGiveTheirTime) {
+    PutFile(
+        "\"Friday\",#0100-01-01 17:30:00#,\"\",1\r\n"
+        "\"Friday\",#9999-12-31 23:59:59#,\"\",1\r\n",
+        5);
+    Open();
+    EXPECT_EQ(Window().dtpTime[0].value(), DateTime::FromTime(17, 30, 0));
+    EXPECT_EQ(Window().dtpTime[1].value(), DateTime::FromTime(23, 59, 59));
 }
 
 TEST_F(SpecialAlarms, EveryKindOfChangeEnablesSave) {
@@ -179,6 +253,20 @@ TEST_F(SpecialAlarms, SavedAlarmsComeBack) {
     EXPECT_EQ(Window().chkEnabled[3].value(), 1);
 }
 
+TEST_F(SpecialAlarms, TabsCommasNumberSignsAndEmojiComeBack) {
+    const std::string message =
+        "  a\tb, #c# 'd' \xf0\x9f\x8e\x82\xf0\x9f\x91\xa9\xe2\x80\x8d\xf0\x9f\x92\xbb ";
+    Open();
+    user->Type(Window().txtMessage[0], message);
+    SetRow(1, "Friday", DateTime::FromTime(9, 0, 0), true);
+    user->Click(Window().cmdSave);
+    EXPECT_EQ(Shared().SpecialAlarmMessage[0], message);
+    Restart();
+    Open();
+    EXPECT_EQ(Window().txtMessage[0].text(), message);
+    EXPECT_EQ(Window().cboDays[1].Text(), "Friday");
+}
+
 TEST_F(SpecialAlarms, AQuoteInAMessageDoesNotSpoilTheFile) {
     Open();
     user->Type(Window().txtMessage[0], "Say \"hello\", please");
@@ -206,6 +294,15 @@ TEST_F(SpecialAlarms, TheLastRowIsComparedToo) {
     SetRow(6, "Friday", DateTime::FromTime(17, 30, 0), true);
     SetRow(2, "Friday", DateTime::FromTime(17, 30, 0), true);
     ExpectIdentical("3", "7");
+    user->Click(Window().cmdSave);
+    EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(SpecialAlarms, TheLastTwoRowsAreComparedToo) {
+    Open();
+    SetRow(5, "Friday", DateTime::FromTime(17, 30, 0), true);
+    SetRow(6, "Friday", DateTime::FromTime(17, 30, 0), true);
+    ExpectIdentical("6", "7");
     user->Click(Window().cmdSave);
     EXPECT_TRUE(IsOpen());
 }

@@ -103,6 +103,45 @@ TEST_F(MainTest, AFreshUserHasTheDefaults) {
     EXPECT_EQ(note.cmdShowDateTime.caption(), "Hide &System Date/Time");
 }
 
+TEST_F(MainTest, AFreshUsersAlarmIsNotOnTopAndSoundsOnce) {
+    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",1,\"yes\"\r\n");
+    StartQuietly();
+    user->CloseBox(Editor("Dentist"));
+    Advance(12000);
+    auto* display = FindWindow<frmDisplayNote>("Dentist");
+    ASSERT_NE(display, nullptr);
+    EXPECT_FALSE(display->IsTopMost());
+    EXPECT_EQ(sound.Count(headless::RecordedSound::Kind::Once), 1);
+    EXPECT_EQ(sound.Count(headless::RecordedSound::Kind::Loop), 0);
+}
+
+TEST_F(MainTest, OnlyTheAlarmsDisplayIsEverOnTop) {
+    settings.values[{"Options", "WindowOnTop"}] = "1";
+    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n");
+    StartQuietly();
+    user->CloseBox(Editor("Dentist"));
+    MakeNote("Another");
+    Advance(12000);
+    ASSERT_NE(FindWindow<frmDisplayNote>("Dentist"), nullptr);
+    for (const auto& form : runtime->LoadedForms()) {
+        EXPECT_EQ(form->IsTopMost(), form.get() == FindWindow<frmDisplayNote>("Dentist"))
+            << form->name;
+    }
+}
+
+TEST_F(MainTest, TheStoredAlarmSoundIsTaken) {
+    settings.values[{"Config", "Alarm"}] = "D:\\own.wav";
+    StartQuietly();
+    EXPECT_EQ(StandardCode::Shared().AlarmSoundPath, "D:\\own.wav");
+}
+
+TEST_F(MainTest, AnEmptyAlarmSoundIsTheBuzzer) {
+    settings.values[{"Config", "Alarm"}] = "";
+    StartQuietly();
+    EXPECT_EQ(StandardCode::Shared().AlarmSoundPath, "C:\\Jotwright\\Alarm buzzer.wav");
+    EXPECT_EQ(settings.Read("Config", "Alarm"), "");
+}
+
 TEST_F(MainTest, AMissingTitlePictureEndsTheProgram) {
     files.Remove("C:\\Jotwright\\jotwright_title.gif");
     stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright", BoxIcon::Critical,

@@ -270,4 +270,14 @@ TEST_F(SafeFileTest, RemovingLeftoversGoesOnBehindOneThatStays) {
     SafeFile::RemoveLeftovers("C:\\Nowhere");
 }
 
+TEST_F(SafeFileTest, RemovingLeftoversFromAFolderThatCannotBeListedRaisesNothing) {
+    struct : MemoryFiles {
+        std::vector<forms::FileEntry> List(const std::string&, const std::string&) override {
+            throw forms::RuntimeError(ErrorNumber::PermissionDenied);
+        }
+    } unreadable;
+    forms::Machine().files = &unreadable;
+    EXPECT_EQ(ErrorOf([] { SafeFile::RemoveLeftovers(folder); }), 0);
+}
+
 }  // namespace

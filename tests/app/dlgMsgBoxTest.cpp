@@ -32,6 +32,11 @@ class PictureBox : public testing_support::TestProgram {
     }
 };
 
+TEST_F(PictureBox, DesignCaptions) {
+    EXPECT_EQ(forms::Default<dlgMsgBox>().caption(), "Dialog Caption");
+    EXPECT_EQ(forms::Default<dlgMsgBox>().cmdOk.caption(), "OK");
+}
+
 TEST_F(PictureBox, WithoutAPictureIsSizedToItsText) {
     Show("A message", "Caption", "", [](dlgMsgBox& dialog) {
         const int textWidth = dialog.lblMsg.width;

@@ -1,4 +1,5 @@
 #include "alarms/SpecialAlarmsFile.h"
+#include "notes/NotesArray.h"
 #include "tests/support/WholeProgram.h"
 
 using namespace forms;
@@ -120,6 +121,67 @@ TEST_F(frmMainClockTest, OfSeveralNotesDueOnlyTheLastOpenedSounds) {
     AdvanceTo(9, 30, 3);
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 2);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 1);
+}
+
+TEST_F(frmMainClockTest, TheLastDisplaySoundsEvenWhereOnlyAnotherNoteAskedForIt) {
+    PutAlarm("A", "09:30:00", 1, true);
+    PutAlarm("B", "09:30:00", 1, false);
+    StartQuietly();
+    CloseEditors();
+    AdvanceTo(9, 30, 1);
+    auto* first = FindWindow<frmDisplayNote>("A");
+    auto* last = FindWindow<frmDisplayNote>("B");
+    ASSERT_NE(first, nullptr);
+    ASSERT_NE(last, nullptr);
+    EXPECT_FALSE(first->tmrSoundAlarm.enabled());
+    EXPECT_TRUE(last->tmrSoundAlarm.enabled());
+    Advance(2000);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 1);
+}
+
+TEST_F(frmMainClockTest, AWeeklyAlarmInTheSameSecondKeepsTheDisplaySilent) {
+    PutAlarm("Dentist", "09:30:00", 1, true);
+    StartQuietly();
+    CloseEditors();
+    SetSpecialAlarm(0, "Friday", DateTime::FromTime(9, 30, 0), "now");
+    stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
+                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
+                     [this] { EXPECT_EQ(CountVisible<frmDisplayNote>(), 1); });
+    AdvanceTo(9, 30, 5);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 0);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::Loop), 1);
+}
+
+TEST_F(frmMainClockTest, TheCheckEndsAtTheFirstNoteWithoutATitle) {
+    PutAlarm("A", "09:30:00", 1, false);
+    PutAlarm("C", "09:30:00", 1, false);
+    StartQuietly();
+    CloseEditors();
+    files.PutFile(NoteFile("B"), "\"\",\"\",#2004-05-14#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+    Start(StandardCode::LoadNotesArray);
+    AdvanceTo(9, 30, 2);
+    EXPECT_NE(FindWindow<frmDisplayNote>("A"), nullptr);
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 1);
+}
+
+TEST_F(frmMainClockTest, TheArrayFollowsWhatBecameOfADisplayedNote) {
+    PutAlarm("A", "09:30:00", 1, false);
+    PutAlarm("B", "09:30:00", 1, false);
+    StartQuietly();
+    CloseEditors();
+    AdvanceTo(9, 30, 1);
+    for (const auto answer : {BoxResult::No, BoxResult::Yes}) {
+        // Closing an editor leaves the control panel loaded.
+        user->CloseBox(MakeNote(answer == BoxResult::No ? "Y" : "Z"));
+        auto* display = FindWindow<frmDisplayNote>(answer == BoxResult::No ? "A" : "B");
+        ASSERT_NE(display, nullptr);
+        stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
+                         BoxButtons::YesNo, answer);
+        user->CloseBox(*display);
+        EXPECT_EQ(StandardCode::Shared().NotesArray[1].AlarmState, "0");
+        EXPECT_EQ(StandardCode::Shared().NoteCount, 3);
+    }
+    EXPECT_EQ(StandardCode::Shared().NotesArray[2].Title, "Y");
 }
 
 TEST_F(frmMainClockTest, ALoopingSoundKeepsFurtherDisplaysSilent) {

@@ -1,9 +1,7 @@
-#include "alarms/frmAlarms.h"
 #include "app/ProductTexts.h"
 #include "app/dlgMsgBox.h"
 #include "app/frmMain.h"
-#include "forms/Gestures.h"
-#include "info/frmAbout.h"
+#include "forms/Environment.h"
 #include "tests/support/WholeProgram.h"
 
 using namespace forms;
@@ -142,20 +140,49 @@ TEST_F(frmMainTest, ALeftClickOnTheTrayIconRestoresAMinimisedWindow) {
     EXPECT_FALSE(Main().mnuShow.enabled);
 }
 
+TEST_F(frmMainTest, ALeftClickOnTheTrayIconShowsAHiddenWindow) {
+    StartQuietly();
+    user->Click(Main().cmdHideMe);
+    user->Tray(514);
+    EXPECT_TRUE(Main().IsShownOnStage());
+    EXPECT_EQ(stage->Foreground(), &Main());
+    EXPECT_FALSE(Main().txtNoteTitle.HasFocus());
+    EXPECT_TRUE(Main().mnuHide.enabled);
+    EXPECT_FALSE(Main().mnuShow.enabled);
+}
+
 TEST_F(frmMainTest, ADoubleClickOnTheTrayIconAlsoFocusesTheTitle) {
     StartQuietly();
+    user->Minimize(Main());
+    user->Tray(515);
+    EXPECT_EQ(Main().windowState(), WindowState::Normal);
     user->Click(Main().cmdHideMe);
     user->Tray(515);
     EXPECT_TRUE(Main().IsShownOnStage());
+    EXPECT_EQ(stage->Foreground(), &Main());
     EXPECT_TRUE(Main().txtNoteTitle.HasFocus());
+    EXPECT_TRUE(Main().mnuHide.enabled);
+    EXPECT_FALSE(Main().mnuShow.enabled);
 }
 
 TEST_F(frmMainTest, ARightClickOnTheTrayIconOpensTheMenuWhileTheWindowIsHidden) {
     StartQuietly();
     user->Click(Main().cmdHideMe);
-    stage->ExpectPopupDismissed("mnuPop");
+    stage->ExpectPopup("mnuPop", [this](Menu&) -> Menu* {
+        EXPECT_EQ(stage->Foreground(), &Main());
+        return nullptr;
+    });
     user->Tray(517);
     EXPECT_FALSE(Main().IsShownOnStage());
+}
+
+TEST_F(frmMainTest, TheMousePointerIsSetBack) {
+    Start([] { SetMousePointer(MousePointer::Hourglass); });
+    StartQuietly();
+    EXPECT_EQ(stage->Pointer(), MousePointer::Default);
+    Start([] { SetMousePointer(MousePointer::Hourglass); });
+    user->Tray(513);
+    EXPECT_EQ(stage->Pointer(), MousePointer::Default);
 }
 
 TEST_F(frmMainTest, OtherTrayMessagesDoNothing) {
@@ -181,41 +208,6 @@ TEST_F(frmMainTest, TheRightButtonOpensTheMenuEverywhere) {
     }
 }
 
-TEST_F(frmMainTest, TheLogoOpensTheWebSite) {
-    StartQuietly();
-    user->Click(Main().imgLogo);
-    ASSERT_EQ(shell.opened.size(), 1U);
-    EXPECT_EQ(shell.opened[0].document, StandardCode::webSite);
-    EXPECT_EQ(shell.opened[0].workingFolder, "C:\\");
-    user->Choose(Main().mnuVisitWeb);
-    EXPECT_EQ(shell.opened.size(), 2U);
-}
-
-TEST_F(frmMainTest, BrowserFailures) {
-    StartQuietly();
-    shell.result = 32;
-    stage->ExpectBox("Unable to open file!", "Attention", BoxIcon::Exclamation, BoxButtons::Ok,
-                     BoxResult::Ok);
-    user->Choose(Main().mnuVisitWeb);
-    shell.error = ErrorNumber::InvalidProcedureCall;
-    stage->ExpectBox("Could Not Open Default Browser", "Browser Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok);
-    user->Choose(Main().mnuVisitWeb);
-}
-
-TEST_F(frmMainTest, HelpAboutTipsAndSoundsOpenFromTheMenus) {
-    StartQuietly();
-    user->Choose(Main().mnuHelpHelp);
-    ASSERT_EQ(shell.helpShown.size(), 1U);
-    EXPECT_EQ(shell.helpShown[0].file, "C:\\Jotwright\\JOTWRIGHT2.hlp");
-    stage->ExpectModal<frmAbout>([this](frmAbout& about) { user->Click(about.cmdCancel); });
-    user->Choose(Main().mnuHelpAbout);
-    stage->ExpectModal<frmTip>([this](frmTip& tips) { user->CloseBox(tips); });
-    user->Choose(Main().mnuHelpShowTips);
-    stage->ExpectModal<frmAlarms>([this](frmAlarms& alarms) { user->Click(alarms.cmdCancel); });
-    user->Choose(Main().mnuToolsChangeAlarm);
-}
-
 TEST_F(frmMainTest, MakingANoteOpensItsEditorAndHidesTheMainWindow) {
     settings.values[{"Options", "DefaultColor"}] = "3";
     settings.values[{"Options", "DefaultFontSize"}] = "3";
@@ -232,7 +224,11 @@ TEST_F(frmMainTest, MakingANoteOpensItsEditorAndHidesTheMainWindow) {
     EXPECT_TRUE(note.mnu16.checked);
     EXPECT_TRUE(note.txtNote.HasFocus());
     EXPECT_EQ(Main().txtNoteTitle.text(), "");
+    EXPECT_FALSE(note.IsModal());
+    EXPECT_EQ(Main().ActiveControl(), &Main().txtNoteTitle);
     EXPECT_FALSE(Main().IsShownOnStage());
+    EXPECT_FALSE(Main().mnuHide.enabled);
+    EXPECT_TRUE(Main().mnuShow.enabled);
     EXPECT_FALSE(StandardCode::Shared().ControlPanelMode);
     EXPECT_EQ(StandardCode::Shared().NoteFlag, 0);
     EXPECT_FALSE(files.Peek(NoteFile(" Dentist ")).has_value());
@@ -292,7 +288,12 @@ TEST_F(frmMainTest, ASavedTitleIsRejectedInTheSameLettersOnly) {
     ExpectRejection("Shopping", "error.gif", "Name Already Exists",
                     "A note with this title already exits.\r\n\r\nPlease choose another title for "
                     "your new note.");
-    MakeNote("shopping");
+    auto& note = MakeNote("shopping");
+    user->Type(note.txtNote, "in small letters");
+    user->CloseBox(note);
+    // The names are one to the disk: the new note takes the place of the saved one.
+    EXPECT_EQ(files.Names("C:\\Jotwright\\Notes"), std::vector<std::string>{"Shopping.txt"});
+    EXPECT_NE(files.Peek(NoteFile("Shopping"))->find("in small letters"), std::string::npos);
 }
 
 TEST_F(frmMainTest, TwoNewNotesWithOneTitleMayBeOpen) {
@@ -312,13 +313,55 @@ TEST_F(frmMainTest, AMissingPictureIsReportedAsAnErrorOfTheNote) {
     EXPECT_FALSE(runtime->HasEnded());
 }
 
+TEST_F(frmMainTest, AMissingPictureOfARejectionIsAnErrorOfTheNote) {
+    StartQuietly();
+    files.Remove("C:\\Jotwright\\error.gif");
+    user->Type(Main().txtNoteTitle, "a.b");
+    stage->ExpectBox("Error Creating New Note. File not found      ", "Note Error",
+                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+    user->Click(Main().cmdMakeNote);
+    EXPECT_EQ(Main().txtNoteTitle.text(), "a.b");
+    EXPECT_FALSE(runtime->HasEnded());
+}
+
+TEST_F(frmMainTest, ADefaultThatIsNoNumberIsAnErrorOfTheNote) {
+    settings.values[{"Options", "DefaultColor"}] = "blue";
+    StartQuietly();
+    user->Type(Main().txtNoteTitle, "Dentist");
+    stage->ExpectBox("Error Creating New Note. Type mismatch      ", "Note Error",
+                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+    user->Click(Main().cmdMakeNote);
+    EXPECT_EQ(Main().txtNoteTitle.text(), "Dentist");
+    EXPECT_TRUE(Main().IsShownOnStage());
+}
+
+TEST_F(frmMainTest, BelowTheLimitAClickEnablesTheTitleBoxBeforeTheTitleIsLookedAt) {
+    StartQuietly();
+    user->Type(Main().txtNoteTitle, "2004");
+    Main().txtNoteTitle.enabled = false;
+    stage->ExpectModal<dlgMsgBox>([this](dlgMsgBox& box) {
+        EXPECT_TRUE(Main().txtNoteTitle.enabled);
+        user->Click(box.cmdOk);
+    });
+    user->Click(Main().cmdMakeNote);
+}
+
 TEST_F(frmMainTest, WithAHundredNotesTheLimitIsToldAtStart) {
     for (int number = 1; number <= 100; ++number) {
         PutNote("Note " + std::to_string(number));
     }
+    settings.values[{"Options", "StartCookoo"}] = "1";
     stage->ExpectBox(maximumText, "Jotwright: Maximum Notes Reached", BoxIcon::Information,
-                     BoxButtons::Ok, BoxResult::Ok);
+                     BoxButtons::Ok, BoxResult::Ok, [this] {
+                         // The notes are back; the cuckoo and the tray icon are still to come.
+                         EXPECT_EQ(CountVisible<frmNote>(), 100);
+                         EXPECT_TRUE(Main().cmdMakeNote.enabled);
+                         EXPECT_FALSE(Main().tmrCooKoo.enabled);
+                         EXPECT_FALSE(tray.icon.has_value());
+                     });
     StartQuietly();
+    EXPECT_TRUE(Main().tmrCooKoo.enabled);
+    EXPECT_TRUE(tray.icon.has_value());
     EXPECT_EQ(StandardCode::Shared().NoteCount, 100);
     EXPECT_FALSE(Main().cmdMakeNote.enabled);
     EXPECT_FALSE(Main().txtNoteTitle.enabled);
@@ -365,64 +408,4 @@ TEST_F(frmMainTest, AHundredAndFirstFileIsReported) {
     ASSERT_FALSE(stage->Boxes().empty());
     EXPECT_EQ(stage->Boxes().front().caption, "Error Loading Notes Array");
     EXPECT_EQ(stage->Boxes().front().text, "Error Number: 9) - Subscript out of range");
-}
-
-TEST_F(frmMainTest, ExitRemovesTheIconAndClosesEveryWindow) {
-    PutNote("Restored");
-    StartQuietly();
-    auto& note = MakeNote("Dentist");
-    user->Type(note.txtNote, "text");
-    user->Tray(514);
-    user->CloseBox(Main());
-    EXPECT_TRUE(runtime->HasEnded());
-    EXPECT_FALSE(tray.icon.has_value());
-    EXPECT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
-    EXPECT_TRUE(StandardCode::Shared().NoteTitles.empty());
-    for (const auto& form : runtime->LoadedForms()) {
-        EXPECT_FALSE(form->IsVisible());
-    }
-}
-
-TEST_F(frmMainTest, ExitFromTheTrayWhileABoxIsOpen) {
-    StartQuietly();
-    user->Click(Main().cmdHideMe);
-    shell.result = 0;
-    stage->ExpectPopup("mnuPop", "mnuWebSite");
-    stage->ExpectBox("Unable to open file!", "Attention", BoxIcon::Exclamation, BoxButtons::Ok,
-                     BoxResult::Ok, [this] {
-                         stage->ExpectPopup("mnuPop", "mnuExit");
-                         user->Tray(517);
-                         EXPECT_TRUE(runtime->HasEnded());
-                     });
-    user->Tray(517);
-    EXPECT_FALSE(tray.icon.has_value());
-}
-
-TEST_F(frmMainTest, ANoteThatCannotBeSavedStopsTheExit) {
-    StartQuietly();
-    auto& note = MakeNote("Dentist");
-    user->Type(note.txtNote, "must not be lost");
-    files.SetReadOnly("C:\\Jotwright\\Notes", true);
-    user->Tray(514);
-    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok);
-    user->Click(Main().cmdExit);
-    EXPECT_FALSE(runtime->HasEnded());
-    EXPECT_TRUE(tray.icon.has_value());
-    EXPECT_EQ(Editor("Dentist").txtNote.text(), "must not be lost");
-    files.SetReadOnly("C:\\Jotwright\\Notes", false);
-    user->Click(Main().cmdExit);
-    EXPECT_TRUE(runtime->HasEnded());
-    EXPECT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
-}
-
-TEST_F(frmMainTest, TheEndOfTheSessionSavesAndAsksNothing) {
-    StartQuietly();
-    auto& note = MakeNote("Dentist");
-    user->Type(note.txtNote, "text");
-    StandardCode::Shared().ControlPanelMode = true;
-    gestures::EndSession();
-    EXPECT_TRUE(runtime->HasEnded());
-    EXPECT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
-    EXPECT_FALSE(tray.icon.has_value());
 }

@@ -84,8 +84,20 @@ TEST_F(Options, Captions) {
                                                    std::string(4, ' ') +
                                                    "(Option Available For Windows XP only!)");
     EXPECT_EQ(Window().fraDefaultColor.caption(), " Default Note Color");
-    EXPECT_EQ(Window().optDefaultFont[3].caption(), "16 point");
-    EXPECT_EQ(Window().optDefaultColor[5].caption(), "Gray");
+    EXPECT_EQ(Window().chkShowDateTime.caption(), "Hide System Date And Time In Note Editor");
+    EXPECT_EQ(Window().chkCooKooOn.caption(), "Start CooKoo Clock When Jotwright Starts");
+    EXPECT_EQ(Window().chkShowOnTop.caption(), "Show Jotwright Notes On Top Of All Windows");
+    EXPECT_EQ(Window().fraFont.caption(), "Default Font Size");
+    const char* sizes[] = {"10 point", "12 point", "14 point", "16 point"};
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(Window().optDefaultFont[i].caption(), sizes[i]);
+    }
+    const char* colors[] = {"White", "Red", "Green", "Blue", "Yellow", "Gray"};
+    for (std::size_t i = 0; i < 6; ++i) {
+        EXPECT_EQ(Window().optDefaultColor[i].caption(), colors[i]);
+    }
+    EXPECT_EQ(Window().cmdApply.caption(), "A&pply");
+    EXPECT_EQ(Window().cmdCancel.caption(), "&Cancel");
 }
 
 TEST_F(Options, ColorButtonsShowTheirColors) {
@@ -144,6 +156,14 @@ TEST_F(Options, AMissingIsServiceTakesTheColorCode) {
     // Its handler ran, so that applying makes the link.
     user->Click(Window().cmdApply);
     EXPECT_TRUE(files.FileExists(startupLink));
+}
+
+TEST_F(Options, AMissingIsServiceBesideAColorCodeThatIsNoCheckMarkIsNotTrapped) {
+    Set("DefaultColor", "4");
+    stage->ExpectBox("Run-time error '380':\r\n\r\nInvalid property value", "Jotwright",
+                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+    Open();
+    EXPECT_TRUE(runtime->HasEnded());
 }
 
 TEST_F(Options, ATextThatIsNoNumberIsNotTrapped) {

@@ -181,6 +181,8 @@ TEST_F(Events, APopupMenuRunsTheChosenEntryAndTimersGoOnUnderIt) {
         Form().Note("returned");
     });
     EXPECT_EQ(Take(), (Lines{"hide", "returned"}));
+    stand->stayOpen = 0;
+    stand->Pump(100);
     stand->ExpectPopup(Form().mnuPop, nullptr);
     Start([] { Form().PopupMenu(Form().mnuPop); });
     EXPECT_EQ(Take(), Lines{});

@@ -123,6 +123,20 @@ TEST_F(FormTest, UnloadingItselfWhileBeingAskedTakesBackTheRefusal) {
     EXPECT_EQ(LoadedDefault<frmFirst>(), nullptr);
 }
 
+TEST_F(FormTest, ARefusalByUnloadIsTakenBackTheSameWay) {
+    Start([] {
+        Default<frmFirst>().Show();
+        Default<frmFirst>().onUnload = [](bool& cancel) {
+            cancel = true;
+            EXPECT_TRUE(Default<frmFirst>().Unload());
+        };
+    });
+    TakeLog();
+    user->CloseBox(Default<frmFirst>());
+    EXPECT_EQ(TakeLog(), (Lines{"frmFirst.QueryUnload", "frmFirst.Unload"}));
+    EXPECT_EQ(LoadedDefault<frmFirst>(), nullptr);
+}
+
 TEST_F(FormTest, TheReasonOfUnloadingIsTold) {
     Start([] {
         Default<frmFirst>().Show();

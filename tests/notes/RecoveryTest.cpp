@@ -200,14 +200,52 @@ TEST_F(RecoveryTest, WhatIsNoCopyIsPassedOver) {
 }
 
 TEST_F(RecoveryTest, AFullDiskIsTriedAgainWithoutAWord) {
-    MakeNote("Dentist", "typed");
+    MakeNote("Twin", "first");
+    Start([] { StandardCode::CreateNote("Twin"); });
+    auto* second = dynamic_cast<frmNote*>(runtime->LoadedForms().back().get());
+    user->Type(second->txtNote, "second");
     files.SetFreeSpace(1);
     Advance(3000);
     EXPECT_TRUE(stage->Boxes().empty());
     files.SetFreeSpace(std::nullopt);
     Advance(2000);
+    EXPECT_EQ(FilesOfNotes().size(), 2U);
+    KillAndStartAgain();
+    EXPECT_EQ(runtime->LoadedForms().size(), 2U);
+}
+
+TEST_F(RecoveryTest, ACopyThatCannotBeReadIsNotWrittenOver) {
+    const std::string damaged = "C:\\Jotwright\\Notes\\~Dentist.recovery";
+    files.PutFolder("C:\\Jotwright\\Notes");
+    files.PutFile(damaged, "somebody may still read this");
+    Start(StandardCode::ReadNotes);
+    MakeNote("Dentist", "typed");
+    Advance(2000);
+    EXPECT_EQ(files.Peek(damaged), "somebody may still read this");
     KillAndStartAgain();
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed");
+}
+
+TEST_F(RecoveryTest, ARestoredNoteThatIsLeftAloneNeedsNoCopy) {
+    PutNote(Record("Dentist", "old"));
+    Start(StandardCode::ReadNotes);
+    files.ClearLog();
+    Advance(3000);
+    EXPECT_TRUE(files.Log().empty());
+}
+
+TEST_F(RecoveryTest, ACopyOfWhatWasSavedAfterAllIsNoEdit) {
+    MakeNote("Dentist", "typed");
+    Advance(2000);
+    PutNote(Record("Dentist", "typed"));
+    KillAndStartAgain();
+    EXPECT_EQ(FilesOfNotes(), Names{"Dentist.txt"});
+    frmNote& note = Editor("Dentist");
+    EXPECT_EQ(note.windowState(), forms::WindowState::Minimized);
+    user->Restore(note);
+    StandardCode::Shared().ControlPanelMode = true;
+    user->CloseBox(note);
+    EXPECT_FALSE(StandardCode::IsNoteOpen("Dentist"));
 }
 
 TEST_F(RecoveryTest, AKillAtAnyStepOfTheCopyLosesOnlyTheLastSeconds) {

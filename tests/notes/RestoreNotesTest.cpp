@@ -203,6 +203,17 @@ TEST_F(RestoreNotesTest, AMissingAlarmIconEndsTheRestoring) {
     EXPECT_FALSE(StandardCode::IsNoteOpen("Beta"));
 }
 
+TEST_F(RestoreNotesTest, AMissingAlarmIconDoesNotCostTheAlarm) {
+    auto record = Record("Alpha", "text");
+    record.AlarmState = "1";
+    PutNote(record);
+    files.Remove("C:\\Jotwright\\alarmon.ico");
+    ExpectLoadError("File not found");
+    Restore();
+    EXPECT_TRUE(runtime->LoadedForms().empty());
+    EXPECT_EQ(Saved("Alpha"), record);
+}
+
 TEST_F(RestoreNotesTest, RestoringAndClosingLeavesTheFileAsItWas) {
     auto record = Record("Dentist", "Call.\r\nAsk.");
     record.AlarmTime = DateTime::FromTime(23, 59, 58);

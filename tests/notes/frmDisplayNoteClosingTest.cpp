@@ -267,6 +267,23 @@ TEST_F(DisplayClosing, AFailingRewriteIsReportedAndLosesNothing) {
     EXPECT_EQ(panelActions.size(), 1u);
 }
 
+TEST_F(DisplayClosing, TextThatCannotBeWrittenKeepsTheWindow) {
+    const auto display = Open();
+    user->Type(display->lblNoteText, "typed here");
+    files.SetReadOnly(dentist, true);
+    ExpectQuestion(BoxResult::No);
+    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
+                     BoxButtons::Ok, BoxResult::Ok);
+    user->CloseBox(*display);
+    EXPECT_TRUE(display->IsVisible());
+    EXPECT_EQ(display->lblNoteText.text(), "typed here");
+    files.SetReadOnly(dentist, false);
+    ExpectQuestion(BoxResult::No);
+    user->CloseBox(*display);
+    EXPECT_FALSE(display->IsLoaded());
+    EXPECT_NE(files.Peek(dentist)->find("typed here"), std::string::npos);
+}
+
 TEST_F(DisplayClosing, AFailingEraseIsReported) {
     const auto display = Open();
     files.SetDenied(dentist, true);

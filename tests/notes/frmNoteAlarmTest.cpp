@@ -71,6 +71,7 @@ TEST_F(frmNoteAlarmTest, StartsNotSet) {
     ExpectNotSet(note);
     EXPECT_FALSE(note.imgAlarm.visible());
     EXPECT_FALSE(note.imgBell.visible());
+    EXPECT_EQ(note.tmrNote.interval(), 0);
 }
 
 TEST_F(frmNoteAlarmTest, SettingShowsTheCalendarLeaf) {
@@ -115,6 +116,54 @@ TEST_F(frmNoteAlarmTest, TheMenuStartsAndStops) {
     user->Choose(note.mnuAlarmStop);
     ExpectNotSet(note);
     EXPECT_EQ(note.fraAlarm.caption(), " Schedule Alarm ");
+}
+
+TEST_F(frmNoteAlarmTest, StartAlarmOnASetAlarmShowsItsBoxAndChangesNothing) {
+    auto record = Record("Dentist", "");
+    record.AlarmState = "1";
+    frmNote& note = OpenThroughPanel(record);
+    ExpectInformation("    Alarm Already Started     ");
+    user->Choose(note.mnuAlarmStart);
+    ExpectSet(note);
+    // Nothing changed: nothing is asked.
+    user->CloseBox(note);
+    EXPECT_EQ(Saved("Dentist"), record);
+}
+
+TEST_F(frmNoteAlarmTest, StopAlarmWithoutAnAlarmShowsItsBoxAndChangesNothing) {
+    const auto record = Record("Dentist", "");
+    frmNote& note = OpenThroughPanel(record);
+    ExpectInformation("   Alarm Not Set              ");
+    user->Choose(note.mnuAlarmStop);
+    ExpectNotSet(note);
+    EXPECT_EQ(note.fraAlarm.caption(), "Schedule Alarm");
+    user->CloseBox(note);
+    EXPECT_EQ(Saved("Dentist"), record);
+}
+
+TEST_F(frmNoteAlarmTest, AfterFiringTheFrameReadsAlarmSetUntilTheNextSetOrClear) {
+    SetNow(2004, 5, 14, 11, 59, 59);
+    frmNote& note = SetFor("Dentist", today, DateTime::FromTime(12, 0, 0));
+    Advance(1900);
+    EXPECT_EQ(note.cmdAlarm.caption(), "&Set Alarm");
+    EXPECT_EQ(note.fraAlarm.caption(), " Alarm Set ");
+    user->Click(note.cmdAlarm);
+    EXPECT_EQ(note.fraAlarm.caption(), " Alarm Set ");
+    user->Click(note.cmdAlarm);
+    EXPECT_EQ(note.fraAlarm.caption(), " Schedule Alarm ");
+}
+
+TEST_F(frmNoteAlarmTest, WithoutAudioFiringOnlyBringsTheWindowUp) {
+    SetNow(2004, 5, 14, 11, 59, 59);
+    Shared().AlarmSoundPath = "C:\\Sounds\\bell.wav";
+    settings.values[{"Options", "NoteLoops"}] = "1";
+    frmNote& note = SetFor("Dentist", today, DateTime::FromTime(12, 0, 0));
+    user->Minimize(note);
+    Advance(1900);
+    EXPECT_EQ(note.windowState(), WindowState::Normal);
+    EXPECT_EQ(stage->Foreground(), &note);
+    EXPECT_TRUE(stage->Boxes().empty());
+    EXPECT_TRUE(sound.log.empty());
 }
 
 TEST_F(frmNoteAlarmTest, FiresInItsSecond) {
@@ -221,6 +270,16 @@ TEST_F(frmNoteAlarmTest, TheMarkerOfARestoredAlarmGoesWhenItFires) {
     ExpectNotSet(note);
 }
 
+TEST_F(frmNoteAlarmTest, TheMarkerOfARestoredAlarmGoesWhenItIsTurnedOff) {
+    auto record = Record("Dentist", "");
+    record.AlarmState = "1";
+    frmNote& note = OpenThroughPanel(record);
+    ASSERT_TRUE(note.imgAlarm.visible());
+    user->Click(note.cmdAlarm);
+    EXPECT_FALSE(note.imgAlarm.visible());
+    ExpectNotSet(note);
+}
+
 TEST_F(frmNoteAlarmTest, ANoteThatIsRestoredInItsSecondFires) {
     SetNow(2004, 5, 14, 12, 0, 0);
     auto record = Record("Dentist", "");
@@ -240,6 +299,19 @@ TEST_F(frmNoteAlarmTest, FiringIsNoChange) {
     ExpectNotSet(note);
     user->CloseBox(note);
     EXPECT_EQ(Saved("Dentist").AlarmState, "1");
+}
+
+TEST_F(frmNoteAlarmTest, UncheckingTheAudioBoxAfterFiringIsNoChangeEither) {
+    SetNow(2004, 5, 14, 11, 59, 58);
+    auto record = Record("Dentist", "");
+    record.AlarmState = "1";
+    record.AudioAlarm = 1;
+    frmNote& note = OpenThroughPanel(record);
+    ExpectAudioBox();
+    Advance(3000);
+    EXPECT_EQ(note.chkAudioAlarm.value(), 0);
+    user->CloseBox(note);
+    EXPECT_EQ(Saved("Dentist").AudioAlarm, 1);
 }
 
 TEST_F(frmNoteAlarmTest, ClosingEndsTheAlarm) {

@@ -164,16 +164,18 @@ TEST_F(frmNoteClosingTest, ANoteThatCannotBeSavedStaysOpen) {
 
 TEST_F(frmNoteClosingTest, ThroughThePanelANoteThatCannotBeSavedStaysOpen) {
     frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
-    user->Type(note.txtNote, "old and new");
+    forms::gestures::Choose(note.mnuRed);
     files.SetDenied(PathOf("Dentist"), true);
     ExpectSaveQuestion(BoxResult::Yes);
     ExpectWriteError("70 - Permission denied");
     user->Click(note.tlbMain, "Hide");
     ASSERT_TRUE(IsNoteOpen("Dentist"));
+    EXPECT_EQ(panel, Actions{PanelAction::Reload});
     files.SetDenied(PathOf("Dentist"), false);
     ExpectSaveQuestion(BoxResult::Yes);
     user->CloseBox(note);
-    EXPECT_EQ(Saved("Dentist").Text, "old and new");
+    EXPECT_FALSE(IsNoteOpen("Dentist"));
+    EXPECT_EQ(Saved("Dentist").ColorIndex, 2);
 }
 
 TEST_F(frmNoteClosingTest, ToolbarEraseDeletesForGood) {

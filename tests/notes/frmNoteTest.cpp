@@ -317,64 +317,6 @@ TEST_F(frmNoteTest, ToolbarAndMenuPrint) {
     }
 }
 
-TEST_F(frmNoteTest, ShowMeBringsUpAMinimisedNote) {
-    frmNote& note = MakeNote("Dentist");
-    user->Minimize(note);
-    forms::gestures::Choose(note.mnuShow);
-    EXPECT_EQ(note.windowState(), forms::WindowState::Normal);
-    EXPECT_TRUE(note.IsVisible());
-    EXPECT_FALSE(note.mnuShow.enabled());
-    EXPECT_TRUE(note.mnuHide.enabled());
-    ASSERT_EQ(tray.log.size(), 1U);
-    EXPECT_FALSE(tray.log[0].add);
-    EXPECT_FALSE(tray.log[0].succeeded);
-}
-
-TEST_F(frmNoteTest, ThePointerAtTheLeftButtonsMessageShowsTheNote) {
-    for (const int message : {514, 515}) {
-        tray.log.clear();
-        frmNote& note = MakeNote("Note " + std::to_string(message));
-        user->Size(note, 9000, 8000);
-        Start([&note] {
-            note.mnuHide.enabled = false;
-            note.mnuShow.enabled = true;
-        });
-        user->MouseMove(note, message * 15);
-        EXPECT_TRUE(note.mnuHide.enabled()) << message;
-        EXPECT_FALSE(note.mnuShow.enabled()) << message;
-        EXPECT_EQ(stage->Foreground(), &note) << message;
-        ASSERT_EQ(tray.log.size(), 1U) << message;
-        EXPECT_FALSE(tray.log[0].succeeded) << message;
-    }
-}
-
-TEST_F(frmNoteTest, ThePointerAtTheRightButtonsMessageOpensTheMenu) {
-    frmNote& note = MakeNote("Dentist");
-    user->Size(note, 9000, 8000);
-    stage->ExpectPopupDismissed("mnuPop");
-    user->MouseMove(note, 517 * 15);
-    EXPECT_EQ(stage->Foreground(), &note);
-    EXPECT_TRUE(tray.log.empty());
-}
-
-TEST_F(frmNoteTest, ThePointerElsewhereDoesNothingButSetTheTip) {
-    frmNote& note = MakeNote("Dentist");
-    Start([&note] { note.mnuHide.enabled = false; });
-    user->MouseMove(note, 513 * 15);
-    user->MouseMove(note, 516 * 15);
-    user->MouseMove(note, 518 * 15);
-    EXPECT_FALSE(note.mnuHide.enabled());
-    EXPECT_TRUE(tray.log.empty());
-    EXPECT_EQ(note.TrayIconRecord.tip, "Dentist" + std::string(1, '\0') + std::string(64 - 8, ' '));
-}
-
-TEST_F(frmNoteTest, ALongTitleIsCutInTheTip) {
-    const std::string title(80, 'x');
-    frmNote& note = MakeNote(title);
-    user->MouseMove(note, 15);
-    EXPECT_EQ(note.TrayIconRecord.tip, title.substr(0, 63) + std::string(1, '\0'));
-}
-
 TEST_F(frmNoteTest, NoteTitlesListsTheOpenEditors) {
     MakeNote("First");
     frmNote& second = MakeNote("Second");

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "notes/CreateNote.h"
 #include "notes/NotesArray.h"
 #include "notes/OpenNote.h"
 #include "notes/RestoreNotes.h"
@@ -45,6 +46,41 @@ TEST_F(ViewNotes, EditOfATitleHeldTwiceOpensTheFirst) {
     ASSERT_TRUE(StandardCode::CurrentNote());
     EXPECT_EQ(StandardCode::CurrentNote()->txtNote.text(), "Text of Same");
     CloseNote(*StandardCode::CurrentNote());
+}
+
+TEST_F(ViewNotes, EditOfANoteThatIsOpenBringsItsEditorUp) {
+    Put("Milk");
+    Start([] { StandardCode::ReadNotes(); });
+    const auto note = StandardCode::FindOpenNote("Milk");
+    user->Restore(*note);
+    user->Type(note->txtNote, "typed and not saved");
+    user->Minimize(*note);
+    Open();
+    user->Select(Panel().lvwNotes, 0);
+    user->Click(Panel().cmdEdit);
+    EXPECT_EQ(StandardCode::CurrentNote(), note);
+    EXPECT_EQ(note->windowState(), forms::WindowState::Normal);
+    EXPECT_EQ(note->txtNote.text(), "typed and not saved");
+    EXPECT_TRUE(note->mnuHide.enabled());
+    EXPECT_FALSE(note->mnuShow.enabled());
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(Shared().NoteTitles, std::vector<std::string>{"Milk"});
+    CloseNotes();
+}
+
+TEST_F(ViewNotes, WhatWasSavedThroughThePanelIsNotUndoneByAnotherEditor) {
+    Put("Milk");
+    Start([] { StandardCode::ReadNotes(); });
+    Open();
+    user->Select(Panel().lvwNotes, 0);
+    user->Click(Panel().cmdEdit);
+    user->Type(StandardCode::CurrentNote()->txtNote, "what was typed last");
+    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
+                     BoxButtons::YesNo, BoxResult::Yes);
+    user->CloseBox(*StandardCode::CurrentNote());
+    CloseNotes();
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_EQ(Shared().NotesArray[1].Text, "what was typed last");
 }
 
 TEST_F(ViewNotes, ADoubleClickEdits) {
@@ -194,18 +230,118 @@ TEST_F(ViewNotes, LoadAndUnloadRebuildsTheArrayOnly) {
     EXPECT_FALSE(Shared().ControlPanelMode);
 }
 
-TEST_F(ViewNotes, RebuildingTheArrayUpdatesTheTotalAndTheListOnly) {
+TEST_F(ViewNotes, LoadAndUnloadRebuildsTheArrayOfALoadedPanel) {
+    Put("Milk");
+    Raise(PanelAction::Reload);
+    ASSERT_EQ(Shared().NoteCount, 1);
+    files.Remove(folder + "\\Milk.txt");
+    Raise(PanelAction::LoadAndUnload);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(Shared().NoteCount, 0);
+    EXPECT_EQ(Shared().NotesArray[1].Title, "");
+}
+
+TEST_F(ViewNotes, RebuildingTheArrayUpdatesTotalAndList) {
     Put("Milk");
     Open();
-    Put("Shopping");
+    Put("Shopping", Note("Shopping", "1"));
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 2");
-    EXPECT_EQ(Titles().size(), 1U);
+    ASSERT_EQ(Titles(), (std::vector<std::string>{"Milk", "Shopping"}));
+    EXPECT_EQ(Panel().lvwNotes.Rows()[1].texts[2], "5/14/2004 9:30:00 AM");
     files.Remove(folder + "\\Milk.txt");
     files.Remove(folder + "\\Shopping.txt");
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 0");
+    EXPECT_TRUE(Titles().empty());
     EXPECT_FALSE(Panel().lvwNotes.enabled());
+}
+
+TEST_F(ViewNotes, ARebuildKeepsTheSelectedNote) {
+    Put("Milk");
+    Put("Shopping");
+    Open();
+    user->Select(Panel().lvwNotes, 1);
+    Put("Dentist");
+    Start([] { StandardCode::LoadNotesArray(); });
+    ASSERT_EQ(Titles(), (std::vector<std::string>{"Dentist", "Milk", "Shopping"}));
+    EXPECT_EQ(Panel().lvwNotes.SelectedRow(), 2);
+    EXPECT_TRUE(Panel().cmdEdit.enabled());
+    EXPECT_TRUE(Panel().cmdRemove.enabled());
+    files.Remove(folder + "\\Shopping.txt");
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_EQ(Panel().lvwNotes.SelectedRow(), -1);
+    EXPECT_FALSE(Panel().cmdEdit.enabled());
+    EXPECT_FALSE(Panel().cmdRemove.enabled());
+}
+
+TEST_F(ViewNotes, ARebuildDoesNotAllowWhatAnsweringNoHasShutOff) {
+    Put("Shopping");
+    Open();
+    user->Select(Panel().lvwNotes, 0);
+    ExpectQuestion("SHOPPING", BoxResult::No);
+    user->Click(Panel().cmdRemove);
+    Put("Milk");
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_EQ(Panel().lvwNotes.SelectedRow(), 1);
+    EXPECT_FALSE(Panel().cmdEdit.enabled());
+    EXPECT_FALSE(Panel().cmdRemove.enabled());
+}
+
+TEST_F(ViewNotes, APanelThatWaitedHiddenShowsWhatWasSavedMeanwhile) {
+    Raise(PanelAction::Reload);
+    Start([] { StandardCode::CreateNote("Milk"); });
+    frmNote& note = *StandardCode::FindOpenNote("Milk");
+    stage->ExpectBox("MILK has been saved.           ", "", BoxIcon::Information, BoxButtons::Ok,
+                     BoxResult::Ok);
+    user->Click(note.tlbMain, "Save");
+    Open();
+    EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
+    CloseNote(note);
+}
+
+TEST_F(ViewNotes, AListThatStaysTheSameIsNotDrawnAgain) {
+    PutMany(3);
+    Open();
+    Start([] { StandardCode::LoadNotesArray(); });
+    const auto before = stage->ChangesShown();
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_EQ(stage->ChangesShown(), before);
+}
+
+TEST_F(ViewNotes, TheHundredthNoteShowsInAPanelThatIsOpen) {
+    PutMany(99);
+    Start([] { StandardCode::CreateNote("The last"); });
+    frmNote& note = *StandardCode::FindOpenNote("The last");
+    Open();
+    EXPECT_TRUE(Panel().cmdNew.enabled());
+    stage->ExpectBox("THE LAST has been saved.           ", "", BoxIcon::Information,
+                     BoxButtons::Ok, BoxResult::Ok);
+    user->Click(note.tlbMain, "Save");
+    EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 100 ( Maximum Reached )");
+    EXPECT_EQ(Panel().lblTotalNotes.foreColor(), (forms::Color{255, 0, 0}));
+    EXPECT_FALSE(Panel().cmdNew.enabled());
+    EXPECT_EQ(Titles().size(), 100U);
+    CloseNote(note);
+}
+
+TEST_F(ViewNotes, AnEditorOfAnErasedNoteStaysAndSavesItAnew) {
+    Put("Milk");
+    Start([] { StandardCode::ReadNotes(); });
+    const auto note = StandardCode::FindOpenNote("Milk");
+    Open();
+    user->Select(Panel().lvwNotes, 0);
+    ExpectQuestion("MILK", BoxResult::Yes);
+    user->Click(Panel().cmdRemove);
+    EXPECT_TRUE(Titles().empty());
+    ASSERT_TRUE(note->IsLoaded());
+    stage->ExpectBox("MILK has been saved.           ", "", BoxIcon::Information, BoxButtons::Ok,
+                     BoxResult::Ok);
+    user->Restore(*note);
+    user->Click(note->tlbMain, "Save");
+    EXPECT_TRUE(files.FileExists(folder + "\\Milk.txt"));
+    EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
+    CloseNote(*note);
 }
 
 TEST_F(ViewNotes, AnEditorClosedThroughThePanelComesBackToIt) {

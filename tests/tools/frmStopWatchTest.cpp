@@ -29,6 +29,10 @@ class StopWatch : public testing_support::TestProgram {
 TEST_F(StopWatch, LoadsIdle) {
     EXPECT_EQ(Window().caption(), "Novelty Stop Watch");
     EXPECT_EQ(Window().icon().path, "C:\\Jotwright\\logo.ico");
+    EXPECT_EQ(Window().cmdStart.caption(), "&Start");
+    EXPECT_EQ(Window().cmdStop.caption(), "S&top");
+    EXPECT_EQ(Window().cmdSave.caption(), "Sa&ve");
+    EXPECT_EQ(Window().cmdClose.caption(), "&Close");
     EXPECT_EQ(Window().lblMessage.caption(), "Elapsed Time");
     EXPECT_EQ(Shown(), "00:00:00");
     EXPECT_EQ(Window().lblTrys.caption(), "Total Watch Starts: 0");

@@ -17,9 +17,15 @@ using forms::win32::Wide;
 
 namespace {
 
-constexpr wchar_t settingsKey[] = L"Software\\Jotwright";
+constexpr const char* settingsKey = "Software\\Jotwright";
 
 std::filesystem::path PathOf(const std::string& path) { return {Wide(path)}; }
+
+void WriteValue(const std::string& key, const std::string& name, const std::string& value) {
+    const std::wstring text = Wide(value);
+    ::RegSetKeyValueW(HKEY_CURRENT_USER, Wide(key).c_str(), Wide(name).c_str(), REG_SZ,
+                      text.c_str(), static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+}
 
 }  // namespace
 
@@ -67,6 +73,14 @@ void RenameOver(const std::string& from, const std::string& to) {
     }
 }
 
+std::vector<std::string> FileNames(const std::string& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(PathOf(folder))) {
+        names.push_back(Narrow(entry.path().filename().wstring()));
+    }
+    return names;
+}
+
 void RemoveFolder(const std::string& path) {
     std::error_code error;
     std::filesystem::remove_all(PathOf(path), error);
@@ -75,21 +89,28 @@ void RemoveFolder(const std::string& path) {
     }
 }
 
-void EraseSettings() { ::RegDeleteTreeW(HKEY_CURRENT_USER, settingsKey); }
+RegistryValue::RegistryValue(const std::string& valueKey, const std::string& valueName,
+                             const std::string& value)
+    : key(valueKey), name(valueName) {
+    WriteValue(key, name, value);
+}
+
+RegistryValue::~RegistryValue() {
+    ::RegDeleteKeyValueW(HKEY_CURRENT_USER, Wide(key).c_str(), Wide(name).c_str());
+}
+
+void EraseSettings() { ::RegDeleteTreeW(HKEY_CURRENT_USER, Wide(settingsKey).c_str()); }
 
 void WriteSetting(const std::string& section, const std::string& key, const std::string& value) {
-    const std::wstring path = std::wstring(settingsKey) + L'\\' + Wide(section);
-    const std::wstring text = Wide(value);
-    ::RegSetKeyValueW(HKEY_CURRENT_USER, path.c_str(), Wide(key).c_str(), REG_SZ, text.c_str(),
-                      static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+    WriteValue(std::string(settingsKey) + '\\' + section, key, value);
 }
 
 std::string Setting(const std::string& section, const std::string& key) {
-    const std::wstring path = std::wstring(settingsKey) + L'\\' + Wide(section);
+    const std::string path = std::string(settingsKey) + '\\' + section;
     wchar_t value[1024]{};
     DWORD size = sizeof value;
-    if (::RegGetValueW(HKEY_CURRENT_USER, path.c_str(), Wide(key).c_str(), RRF_RT_REG_SZ, nullptr,
-                       value, &size) != ERROR_SUCCESS) {
+    if (::RegGetValueW(HKEY_CURRENT_USER, Wide(path).c_str(), Wide(key).c_str(), RRF_RT_REG_SZ,
+                       nullptr, value, &size) != ERROR_SUCCESS) {
         return {};
     }
     return Narrow(value);

@@ -101,16 +101,16 @@ Window Program::WaitFor(const std::string& caption, const std::string& className
         return static_cast<bool>(found);
     });
     if (!came) {
-        throw Failure("waited in vain for a window \"" + caption + "\"; those of the program:" +
-                      Description());
+        throw Failure("waited in vain for a window \"" + caption +
+                      "\"; those of the program:" + Description());
     }
     return found;
 }
 
 void Program::WaitUntilGone(const std::string& caption) const {
     if (!ComesTrue([&] { return Visible(caption).empty(); })) {
-        throw Failure("the window \"" + caption + "\" stays; those of the program:" +
-                      Description());
+        throw Failure("the window \"" + caption +
+                      "\" stays; those of the program:" + Description());
     }
 }
 

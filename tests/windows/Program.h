@@ -27,7 +27,8 @@ class Program {
     // Top-level windows, those on top first, hidden ones included.
     std::vector<Window> Windows() const;
     // Visible top-level windows with this caption and class (any, where it is empty).
-    std::vector<Window> Visible(const std::string& caption, const std::string& className = "") const;
+    std::vector<Window> Visible(const std::string& caption,
+                                const std::string& className = "") const;
     // Waits for a visible one.
     Window WaitFor(const std::string& caption, const std::string& className = "") const;
     void WaitUntilGone(const std::string& caption) const;

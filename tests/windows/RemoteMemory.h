@@ -30,8 +30,7 @@ class RemoteMemory {
 template <typename T>
 class Remote : public RemoteMemory {
   public:
-    explicit Remote(const Window& window, const T& value = T{})
-        : RemoteMemory(window, sizeof(T)) {
+    explicit Remote(const Window& window, const T& value = T{}) : RemoteMemory(window, sizeof(T)) {
         Write(&value, sizeof(T));
     }
     T Value() const {

@@ -33,6 +33,12 @@ RECT Window::Place() const {
     return place;
 }
 
+POINT Window::ClientOrigin() const {
+    POINT origin{};
+    ::ClientToScreen(handle, &origin);
+    return origin;
+}
+
 bool Window::HasFocus() const {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
@@ -40,12 +46,20 @@ bool Window::HasFocus() const {
            info.hwndFocus == handle;
 }
 
+// A window may go while it is looked at.
 std::string Window::Text() const {
-    const LRESULT length = Send(WM_GETTEXTLENGTH);
-    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
-    const LRESULT copied = Send(WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<std::size_t>(copied));
-    return Narrow(text);
+    try {
+        const LRESULT length = Send(WM_GETTEXTLENGTH);
+        std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+        const LRESULT copied = Send(WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+        text.resize(static_cast<std::size_t>(copied));
+        return Narrow(text);
+    } catch (const Failure&) {
+        if (Exists()) {
+            throw;
+        }
+        return "(gone)";
+    }
 }
 
 std::string Window::ClassName() const {
@@ -158,15 +172,6 @@ void Window::Post(UINT message, WPARAM wParam, LPARAM lParam) const {
     if (::PostMessageW(handle, message, wParam, lParam) == 0) {
         throw Failure("the window has gone");
     }
-}
-
-COLORREF Window::PixelAt(int x, int y) const {
-    POINT point{x, y};
-    ::ClientToScreen(handle, &point);
-    HDC screen = ::GetDC(nullptr);
-    const COLORREF color = ::GetPixel(screen, point.x, point.y);
-    ::ReleaseDC(nullptr, screen);
-    return color;
 }
 
 }  // namespace driver

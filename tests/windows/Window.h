@@ -28,8 +28,9 @@ class Window {
     bool HasTitleBar() const { return (Style() & WS_CAPTION) == WS_CAPTION; }
     bool HasFocus() const;
     LONG_PTR Style() const { return ::GetWindowLongPtrW(handle, GWL_STYLE); }
-    RECT Place() const;  // on the screen
-    std::string Text() const;
+    RECT Place() const;          // on the screen
+    POINT ClientOrigin() const;  // on the screen
+    std::string Text() const;    // "(gone)" where there is no such window any more
     std::string ClassName() const;
     Window Parent() const { return Window(::GetParent(handle)); }
     // For reports of failures.
@@ -59,9 +60,6 @@ class Window {
     // Failure where the program does not answer.
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     void Post(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
-
-    // What is on the screen at a point of the window's client area.
-    COLORREF PixelAt(int x, int y) const;
 };
 
 }  // namespace driver

@@ -7,6 +7,33 @@
 
 namespace forms::win32 {
 
+namespace {
+
+// Bytes. The stand-ins have some ten thousand, the viewers some hundred thousand.
+constexpr std::uint64_t smallestViewer = 64 * 1024;
+
+std::wstring FolderFrom(UINT(WINAPI* getFolder)(LPWSTR, UINT)) {
+    std::wstring folder(getFolder(nullptr, 0), L'\0');
+    folder.resize(getFolder(folder.data(), static_cast<UINT>(folder.size())));
+    return folder;
+}
+
+bool SystemHasHelpViewer() {
+    const std::wstring name = L"\\winhlp32.exe";
+    // Which of the two folders has the viewer differs from system to system.
+    return WinShell::IsHelpViewer(FolderFrom(&::GetSystemWindowsDirectoryW) + name) ||
+           WinShell::IsHelpViewer(FolderFrom(&::GetSystemDirectoryW) + name);
+}
+
+bool IsFile(const std::wstring& path) {
+    const DWORD attributes = ::GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+}  // namespace
+
+WinShell::WinShell() : WinShell(SystemHasHelpViewer()) {}
+
 int WinShell::Open(const std::string& document, const std::string& workingFolder) {
     const HINSTANCE result = ::ShellExecuteW(::GetDesktopWindow(), L"Open", Wide(document).c_str(),
                                              L"", Wide(workingFolder).c_str(), SW_SHOWNORMAL);
@@ -14,10 +41,27 @@ int WinShell::Open(const std::string& document, const std::string& workingFolder
 }
 
 void WinShell::ShowHelp(const std::string& helpFile, int command) {
-    const std::wstring path = Wide(helpFile);
-    if (::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES) {
-        ::WinHelpW(::GetActiveWindow(), path.c_str(), static_cast<UINT>(command), 0);
+    // HELP_FORCEFILE leaves a viewer that has the file where it is, and some viewers answer it by
+    // doing nothing at all; the contents are the file's first page and brought to the front.
+    const UINT shown = command == HELP_FORCEFILE ? HELP_CONTENTS : static_cast<UINT>(command);
+    const auto showInViewer = [path = Wide(helpFile), shown] {
+        return IsFile(path) && ::WinHelpW(::GetActiveWindow(), path.c_str(), shown, 0) != 0;
+    };
+    if (hasHelpViewer && showInViewer()) {
+        return;
     }
+    const std::string page = helpFile.substr(0, helpFile.find_last_of('.')) + ".html";
+    const std::string folder = helpFile.substr(0, helpFile.find_last_of('\\'));
+    if (!IsFile(Wide(page)) || Open(page, folder) <= 32) {
+        // A last try: where the system has a stand-in only, that at least explains itself.
+        showInViewer();
+    }
+}
+
+bool WinShell::IsHelpViewer(const std::wstring& program) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    return ::GetFileAttributesExW(program.c_str(), GetFileExInfoStandard, &data) != 0 &&
+           (std::uint64_t{data.nFileSizeHigh} << 32 | data.nFileSizeLow) >= smallestViewer;
 }
 
 }  // namespace forms::win32

@@ -1,0 +1,40 @@
+#include "forms/win32/Accessibility.h"
+
+#include <oleacc.h>
+
+#include "forms/win32/Utf.h"
+
+namespace forms::win32 {
+
+namespace {
+
+// The import libraries do not have them all.
+constexpr GUID servicesClass{
+    0xb5f8350b, 0x0548, 0x48b1, {0xa6, 0xee, 0x88, 0xbd, 0x00, 0xb4, 0xa5, 0xe7}};
+constexpr GUID servicesInterface{
+    0x6e26e776, 0x04f0, 0x495d, {0x80, 0xe4, 0x33, 0x30, 0x35, 0x2e, 0x31, 0x69}};
+constexpr GUID nameProperty{
+    0x608d3df8, 0x8128, 0x4aa7, {0xa4, 0x28, 0xf5, 0x5e, 0x49, 0x26, 0x72, 0x91}};
+
+// Kept until the process ends.
+IAccPropServices* Services() {
+    static IAccPropServices* const services = []() -> IAccPropServices* {
+        void* made = nullptr;
+        ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+        const HRESULT result = ::CoCreateInstance(servicesClass, nullptr, CLSCTX_INPROC_SERVER,
+                                                  servicesInterface, &made);
+        return SUCCEEDED(result) ? static_cast<IAccPropServices*>(made) : nullptr;
+    }();
+    return services;
+}
+
+}  // namespace
+
+void SetAccessibleName(HWND control, const std::string& name) {
+    if (IAccPropServices* services = Services(); services != nullptr) {
+        services->SetHwndPropStr(control, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
+                                 nameProperty, Wide(name).c_str());
+    }
+}
+
+}  // namespace forms::win32

@@ -1,0 +1,55 @@
+#include "notes/frmViewNotes.h"
+#include "tests/support/WholeProgram.h"
+
+using namespace forms;
+
+namespace {
+
+// The control panel beside the main window and the alarm displays.
+class ControlPanelTest : public testing_support::WholeProgram {
+  protected:
+    frmViewNotes& Panel() { return Default<frmViewNotes>(); }
+};
+
+}  // namespace
+
+TEST_F(ControlPanelTest, ErasingOneOfAHundredNotesAllowsNewOnesInTheMainWindow) {
+    for (int number = 1; number <= 100; ++number) {
+        PutNote("Note " + std::to_string(1000 + number));
+    }
+    stage->ExpectBox(
+        "The maximum number of 100 notes has been reached.\r\n\r\n"
+        "Exsiting notes will have to be deleted before more can be created.\r\n ",
+        "Jotwright: Maximum Notes Reached", BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    StartQuietly();
+    user->Click(Main().cmdViewNotes);
+    EXPECT_FALSE(Main().cmdMakeNote.enabled());
+    EXPECT_FALSE(Main().txtNoteTitle.enabled());
+    EXPECT_FALSE(Panel().cmdNew.enabled());
+    user->Select(Panel().lvwNotes, 0);
+    stage->ExpectBox("Would you like to erase        \r\n           NOTE 1001?       ",
+                     "Deleting Note", BoxIcon::Critical, BoxButtons::YesNo, BoxResult::Yes);
+    user->Click(Panel().cmdRemove);
+    EXPECT_TRUE(Main().cmdMakeNote.enabled());
+    EXPECT_TRUE(Main().txtNoteTitle.enabled());
+    EXPECT_TRUE(Panel().cmdNew.enabled());
+    EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 99");
+}
+
+TEST_F(ControlPanelTest, ANoteErasedInItsAlarmDisplayLeavesTheArray) {
+    PutNote("Dentist", "#2004-05-14#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+    StartQuietly();
+    // A silent close leaves the panel loaded, and hidden.
+    user->Restore(Editor("Dentist"));
+    user->CloseBox(Editor("Dentist"));
+    ASSERT_NE(LoadedDefault<frmViewNotes>(), nullptr);
+    Advance(30 * 60'000);
+    auto* display = FindWindow<frmDisplayNote>("Dentist");
+    ASSERT_NE(display, nullptr);
+    stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
+                     BoxButtons::YesNo, BoxResult::Yes);
+    user->CloseBox(*display);
+    EXPECT_EQ(StandardCode::Shared().NoteCount, 0);
+    EXPECT_EQ(StandardCode::Shared().NotesArray[1].Title, "");
+    EXPECT_EQ(LoadedDefault<frmViewNotes>(), nullptr);
+}

@@ -1,0 +1,139 @@
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/frmMain.h"
+#include "forms/Gestures.h"
+#include "tests/support/WholeProgram.h"
+
+using namespace forms;
+
+namespace {
+
+using frmMainExitTest = testing_support::WholeProgram;
+
+}  // namespace
+
+TEST_F(frmMainExitTest, ButtonAndMenusEndTheProgram) {
+    const std::vector<std::function<void()>> ways{
+        [this] { user->Click(Main().cmdExit); },
+        [this] { user->Choose(Main().mnuFileExit); },
+        [this] {
+            stage->ExpectPopup("mnuPop", "mnuExit");
+            user->Tray(517);
+        },
+    };
+    for (const auto& leave : ways) {
+        StartQuietly();
+        leave();
+        EXPECT_TRUE(runtime->HasEnded());
+        EXPECT_TRUE(stage->HasQuit());
+        EXPECT_FALSE(tray.icon.has_value());
+        Restart();
+    }
+}
+
+TEST_F(frmMainExitTest, TheIconIsRemovedBeforeTheOtherWindowsGo) {
+    StartQuietly();
+    auto& note = MakeNote("Dentist");
+    StandardCode::Shared().ControlPanelMode = true;
+    user->Type(note.txtNote, "text");
+    user->Tray(514);
+    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
+                     BoxButtons::YesNo, BoxResult::Yes,
+                     [this] { EXPECT_FALSE(tray.icon.has_value()); });
+    user->Click(Main().cmdExit);
+    EXPECT_TRUE(runtime->HasEnded());
+}
+
+TEST_F(frmMainExitTest, NotesAreClosedInTheOrderInWhichTheyWereOpened) {
+    StartQuietly();
+    for (const char* title : {"Zebra", "Ape", "Lion"}) {
+        user->Type(MakeNote(title).txtNote, "text");
+    }
+    user->Tray(514);
+    files.ClearLog();
+    user->Click(Main().cmdExit);
+    std::vector<std::string> saved;
+    for (const std::string& call : files.Log()) {
+        if (call.starts_with("replace ") && call.ends_with(".txt")) {
+            saved.push_back(call.substr(call.rfind('\\') + 1));
+        }
+    }
+    EXPECT_EQ(saved, (std::vector<std::string>{"Zebra.txt", "Ape.txt", "Lion.txt"}));
+}
+
+TEST_F(frmMainExitTest, AMinimisedMainWindowIsMaximisedAsItGoes) {
+    StartQuietly();
+    user->Minimize(Main());
+    stage->ExpectPopup("mnuPop", "mnuExit");
+    user->Tray(517);
+    EXPECT_TRUE(runtime->HasEnded());
+    EXPECT_EQ(Main().windowState(), WindowState::Maximized);
+}
+
+TEST_F(frmMainExitTest, AMainWindowOfNormalSizeKeepsIt) {
+    StartQuietly();
+    user->CloseBox(Main());
+    EXPECT_EQ(Main().windowState(), WindowState::Normal);
+}
+
+TEST_F(frmMainExitTest, ExitRemovesTheIconAndClosesEveryWindow) {
+    PutNote("Restored");
+    StartQuietly();
+    auto& note = MakeNote("Dentist");
+    user->Type(note.txtNote, "text");
+    user->Tray(514);
+    user->CloseBox(Main());
+    EXPECT_TRUE(runtime->HasEnded());
+    EXPECT_FALSE(tray.icon.has_value());
+    EXPECT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
+    EXPECT_TRUE(StandardCode::Shared().NoteTitles.empty());
+    for (const auto& form : runtime->LoadedForms()) {
+        EXPECT_FALSE(form->IsVisible());
+    }
+}
+
+TEST_F(frmMainExitTest, ExitFromTheTrayWhileABoxIsOpen) {
+    StartQuietly();
+    user->Click(Main().cmdHideMe);
+    shell.result = 0;
+    stage->ExpectPopup("mnuPop", "mnuWebSite");
+    stage->ExpectBox("Unable to open file!", "Attention", BoxIcon::Exclamation, BoxButtons::Ok,
+                     BoxResult::Ok, [this] {
+                         stage->ExpectPopup("mnuPop", "mnuExit");
+                         user->Tray(517);
+                         EXPECT_TRUE(runtime->HasEnded());
+                     });
+    user->Tray(517);
+    EXPECT_FALSE(tray.icon.has_value());
+}
+
+TEST_F(frmMainExitTest, ANoteThatCannotBeSavedStopsTheExit) {
+    StartQuietly();
+    auto& note = MakeNote("Dentist");
+    user->Type(note.txtNote, "must not be lost");
+    files.SetReadOnly("C:\\Jotwright\\Notes", true);
+    user->Tray(514);
+    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
+                     BoxButtons::Ok, BoxResult::Ok);
+    user->Click(Main().cmdExit);
+    EXPECT_FALSE(runtime->HasEnded());
+    EXPECT_TRUE(tray.icon.has_value());
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "must not be lost");
+    files.SetReadOnly("C:\\Jotwright\\Notes", false);
+    user->Click(Main().cmdExit);
+    EXPECT_TRUE(runtime->HasEnded());
+    EXPECT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
+}
+
+TEST_F(frmMainExitTest, TheEndOfTheSessionSavesAndAsksNothing) {
+    StartQuietly();
+    auto& note = MakeNote("Dentist");
+    user->Type(note.txtNote, "text");
+    StandardCode::Shared().ControlPanelMode = true;
+    gestures::EndSession();
+    EXPECT_TRUE(runtime->HasEnded());
+    EXPECT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
+    EXPECT_FALSE(tray.icon.has_value());
+}

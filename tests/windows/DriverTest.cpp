@@ -1,0 +1,141 @@
+#include "tests/windows/DriverTest.h"
+
+#include <windows.h>
+#include <commctrl.h>
+
+namespace driver {
+
+DriverTest::DriverTest() : executable(Variable("JOTWRIGHT_EXE")), folder(FolderOf(executable)) {}
+
+void DriverTest::SetUp() {
+    RemoveFolder(folder + "\\Notes");
+    RemoveFolder(folder + "\\SpecialAlarms");
+    EraseSettings();
+    WriteSetting("Startup", "View Tips", "1");
+    Clock::Set("2031-06-02 09:00:00");
+}
+
+void DriverTest::TearDown() {
+    if (HasFailure() && program.Runs()) {
+        GTEST_LOG_(INFO) << "The program's windows at the end:" << program.Description();
+        TakePicture(testing::UnitTest::GetInstance()->current_test_info()->name());
+    }
+    program.Kill();
+}
+
+Window DriverTest::FindMain() const {
+    for (const Window& window : program.Windows()) {
+        if (window.HasTitleBar() && window.Text() == mainCaption) {
+            return window;
+        }
+    }
+    return {};
+}
+
+Window DriverTest::FindSplash() const {
+    for (const Window& window : program.Windows()) {
+        if (window.IsVisible() && !window.HasTitleBar() && window.Text() == mainCaption) {
+            return window;
+        }
+    }
+    return {};
+}
+
+Window DriverTest::MainWindow() const {
+    WaitUntil("the main window is shown", [this] {
+        const Window main = FindMain();
+        return main && main.IsVisible();
+    });
+    return FindMain();
+}
+
+Window DriverTest::StartProgram() {
+    program.Start(executable);
+    const Window main = MainWindow();
+    WaitUntil("the splash has gone", [this] { return !FindSplash(); });
+    return main;
+}
+
+void DriverTest::ExitProgram() {
+    FindMain().Close();
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+}
+
+std::string DriverTest::NotePath(const std::string& title) const {
+    return folder + "\\Notes\\" + title + ".txt";
+}
+
+bool DriverTest::NoteFileIs(const std::string& title, const std::string& bytes) const {
+    return WholeFile(NotePath(title)) == bytes;
+}
+
+void DriverTest::ExpectNote(const std::string& title, const std::string& bytes) const {
+    if (!ComesTrue([&] { return NoteFileIs(title, bytes); }, 5)) {
+        EXPECT_EQ(WholeFile(NotePath(title)).value_or("(no file)"), bytes);
+    }
+}
+
+void DriverTest::WriteNote(const std::string& title, const std::string& bytes) const {
+    MakeFolder(folder + "\\Notes");
+    WriteWholeFile(NotePath(title), bytes);
+}
+
+Window DriverTest::OpenRestored(const std::string& title) const {
+    const Window editor = program.WaitFor(title);
+    editor.Post(WM_SYSCOMMAND, SC_RESTORE);
+    WaitUntilFilled(editor, "Edit");
+    return editor;
+}
+
+void DriverTest::WaitUntilFilled(const Window& window, const std::string& className) {
+    WaitUntil("the window is filled",
+              [&] { return !window.IsMinimized() && !window.ChildrenOfClass(className).empty(); });
+    // Answered when the program has done what it was at.
+    window.Send(WM_NULL);
+}
+
+Window DriverTest::MakeNote(const Window& main, const std::string& title) {
+    main.Only("Edit").Type(title);
+    main.Button("Make &Note").Click();
+    const Window editor = program.WaitFor(title);
+    WaitUntilFilled(editor, "Edit");
+    return editor;
+}
+
+void DriverTest::HideNote(const Window& editor) {
+    PressToolbar(editor.Only("ToolbarWindow32"), toolbarHide);
+    WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
+}
+
+Window DriverTest::DatePicker(const Window& editor) {
+    for (const Window& child : editor.Children()) {
+        if (child.ClassName() == DATETIMEPICK_CLASSA && (child.Style() & DTS_UPDOWN) == 0) {
+            return child;
+        }
+    }
+    throw Failure("no date picker in " + editor.Description());
+}
+
+Window DriverTest::TimePicker(const Window& editor) {
+    for (const Window& child : editor.Children()) {
+        if (child.ClassName() == DATETIMEPICK_CLASSA && (child.Style() & DTS_UPDOWN) != 0) {
+            return child;
+        }
+    }
+    throw Failure("no time picker in " + editor.Description());
+}
+
+void DriverTest::ExpectDate(const Window& picker, int year, int month, int day) {
+    const SYSTEMTIME picked = Picked(picker);
+    EXPECT_EQ(picked.wYear, year);
+    EXPECT_EQ(picked.wMonth, month);
+    EXPECT_EQ(picked.wDay, day);
+}
+
+void DriverTest::ExpectTime(const Window& picker, int hour, int minute) {
+    const SYSTEMTIME picked = Picked(picker);
+    EXPECT_EQ(picked.wHour, hour);
+    EXPECT_EQ(picked.wMinute, minute);
+}
+
+}  // namespace driver

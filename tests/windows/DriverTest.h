@@ -1,0 +1,88 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string>
+
+#include "tests/windows/Clock.h"
+#include "tests/windows/Files.h"
+#include "tests/windows/Gestures.h"
+#include "tests/windows/Program.h"
+#include "tests/windows/SoundRecorder.h"
+#include "tests/windows/Wait.h"
+
+namespace driver {
+
+// Each test starts with an application folder that holds nothing but what is shipped, with no
+// settings but that the tips are not wanted, and with the clock at nine o'clock of the morning of
+// Monday the 2nd of June 2031.
+class DriverTest : public testing::Test {
+  protected:
+    static constexpr const char* mainCaption = "Jotwright";
+    static constexpr const char* editorSet = "&Set Alarm";
+    static constexpr const char* editorTurnOff = "&Turn Off Alarm";
+    static constexpr const char* audioBoxCaption = "Turn On Audio Alarm";
+    static constexpr const char* alarmBox = "Jotwright Audio Alarm";
+
+    // Places in the editor's toolbar.
+    static constexpr int toolbarSave = 0;
+    static constexpr int toolbarErase = 1;
+    static constexpr int toolbarHide = 3;
+    // Menu entries, the editor's and the main window's.
+    inline static const MenuPath popupYellow{0, 4};
+    inline static const MenuPath popupBlue{0, 3};
+    inline static const MenuPath popup14Points{1, 2};
+    inline static const MenuPath popupHideMe{3};
+    inline static const MenuPath barEraseNote{0, 1};
+    inline static const MenuPath barFileExit{0, 0};
+    inline static const MenuPath barChooseAlarmSound{1, 4, 0};
+    inline static const MenuPath barAbout{2, 0};
+    inline static const MenuPath barVisitWebSite{2, 2};
+    inline static const MenuPath barShowTips{2, 3};
+    inline static const MenuPath barNoteOptions{1, 4, 1};
+    // Entries of the menu of the notification area.
+    static constexpr int trayHide = 4;
+    static constexpr int trayShow = 5;
+    static constexpr int trayExit = 11;
+
+    DriverTest();
+    void SetUp() override;
+    void TearDown() override;
+
+    // Starts the program and waits for its main window.
+    Window StartProgram();
+    void ExitProgram();
+    // Visible or not; a null window where there is none.
+    Window FindMain() const;
+    Window FindSplash() const;
+    // Waits until it is visible.
+    Window MainWindow() const;
+
+    std::string NotePath(const std::string& title) const;
+    // A note file's bytes as they are to be: in one piece, without its line end.
+    void ExpectNote(const std::string& title, const std::string& bytes) const;
+    void WriteNote(const std::string& title, const std::string& bytes) const;
+    bool NoteFileIs(const std::string& title, const std::string& bytes) const;
+
+    // Restores the minimized editor of a note and waits until its controls are there.
+    Window OpenRestored(const std::string& title) const;
+    // Waits until the window is not minimized and all of its controls are there; one of this class
+    // is among them.
+    static void WaitUntilFilled(const Window& window, const std::string& className);
+    // Types a title, presses Make Note, and waits for the editor.
+    Window MakeNote(const Window& main, const std::string& title);
+    // Presses the toolbar's Hide and waits until the window has gone.
+    void HideNote(const Window& editor);
+    static Window DatePicker(const Window& editor);
+    static Window TimePicker(const Window& editor);
+    static void ExpectDate(const Window& picker, int year, int month, int day);
+    static void ExpectTime(const Window& picker, int hour, int minute);
+
+    std::string executable;
+    std::string folder;
+    Program program;
+    SoundRecorder recorder;
+};
+
+}  // namespace driver

@@ -1,0 +1,193 @@
+#include "tests/windows/Gestures.h"
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include "forms/win32/Utf.h"
+#include "tests/windows/Files.h"
+#include "tests/windows/RemoteMemory.h"
+#include "tests/windows/Wait.h"
+
+namespace driver {
+
+namespace {
+
+constexpr WPARAM trayIconId = 1;
+constexpr std::size_t cellLength = 512;
+
+LPARAM Middle(const Window& control) {
+    const RECT place = control.Place();
+    return MAKELPARAM((place.right - place.left) / 2, (place.bottom - place.top) / 2);
+}
+
+void WaitForMenu(const Program& program) {
+    WaitUntil("a menu opens", [&] { return static_cast<bool>(program.OpenMenu()); });
+}
+
+// The first entry has been selected already.
+void Walk(const Window& receiver, const MenuPath& path, std::size_t from) {
+    for (std::size_t level = from; level < path.size(); ++level) {
+        if (level > from) {
+            receiver.Key(VK_RIGHT);
+        }
+        for (int i = 0; i < path[level]; ++i) {
+            receiver.Key(VK_DOWN);
+        }
+    }
+    receiver.Key(VK_RETURN);
+}
+
+void WaitUntilMenuIsGone(const Program& program) {
+    WaitUntil("the menu closes", [&] { return !program.OpenMenu(); });
+}
+
+// Clicks the picker's first field and types the fields one after the other.
+void TypeFields(const Window& picker, const std::vector<std::string>& fields) {
+    if (!picker.IsVisible() || !picker.IsEnabled()) {
+        throw Failure("a user cannot pick a time in " + picker.Description());
+    }
+    const RECT place = picker.Place();
+    const LPARAM first = MAKELPARAM(6, (place.bottom - place.top) / 2);
+    picker.Post(WM_LBUTTONDOWN, MK_LBUTTON, first);
+    picker.Post(WM_LBUTTONUP, 0, first);
+    for (const std::string& field : fields) {
+        for (const char character : field) {
+            picker.Post(WM_CHAR, static_cast<unsigned char>(character), 1);
+        }
+        picker.Key(VK_RIGHT);
+    }
+}
+
+}  // namespace
+
+void ChooseFromOpenMenu(const Program& program, const Window& receiver, const MenuPath& path) {
+    WaitForMenu(program);
+    receiver.Key(VK_DOWN);  // selects the first entry
+    Walk(receiver, path, 0);
+    WaitUntilMenuIsGone(program);
+}
+
+void ChooseFromMenuBar(const Program& program, const Window& window, const MenuPath& path) {
+    window.Post(WM_SYSCOMMAND, SC_KEYMENU, 0);
+    for (int i = 0; i < path.front(); ++i) {
+        window.Key(VK_RIGHT);
+    }
+    window.Key(VK_DOWN);  // opens the menu, its first entry selected
+    WaitForMenu(program);
+    Walk(window, path, 1);
+    WaitUntilMenuIsGone(program);
+}
+
+void ChooseFromPopup(const Program& program, const Window& control, const MenuPath& path) {
+    RightClick(control);
+    ChooseFromOpenMenu(program, control, path);
+}
+
+void CloseMenu(const Program& program, const Window& receiver) {
+    ComesTrue([&] {
+        receiver.Key(VK_ESCAPE);
+        return ComesTrue([&] { return !program.OpenMenu(); }, 1);
+    });
+    WaitUntilMenuIsGone(program);
+}
+
+void RightClick(const Window& control) {
+    control.Post(WM_RBUTTONDOWN, MK_RBUTTON, Middle(control));
+    control.Post(WM_RBUTTONUP, 0, Middle(control));
+}
+
+void PickDate(const Window& picker, int year, int month, int day) {
+    TypeFields(picker, {std::to_string(month), std::to_string(day), std::to_string(year)});
+    WaitUntil("the date is picked", [&] {
+        const SYSTEMTIME time = Picked(picker);
+        return time.wYear == year && time.wMonth == month && time.wDay == day;
+    });
+}
+
+void PickTime(const Window& picker, int hour, int minute) {
+    const int shownHour = hour % 12 == 0 ? 12 : hour % 12;
+    TypeFields(picker, {std::to_string(shownHour), std::to_string(minute), hour < 12 ? "A" : "P"});
+    WaitUntil("the time is picked", [&] {
+        const SYSTEMTIME time = Picked(picker);
+        return time.wHour == hour && time.wMinute == minute;
+    });
+}
+
+SYSTEMTIME Picked(const Window& picker) {
+    const Remote<SYSTEMTIME> value(picker);
+    picker.Send(DTM_GETSYSTEMTIME, 0, value.Parameter());
+    return value.Value();
+}
+
+void PressToolbar(const Window& toolbar, int number) {
+    const Remote<RECT> area(toolbar);
+    toolbar.Send(TB_GETITEMRECT, static_cast<WPARAM>(number), area.Parameter());
+    const RECT button = area.Value();
+    const LPARAM place =
+        MAKELPARAM((button.left + button.right) / 2, (button.top + button.bottom) / 2);
+    toolbar.Post(WM_LBUTTONDOWN, MK_LBUTTON, place);
+    toolbar.Post(WM_LBUTTONUP, 0, place);
+}
+
+int RowCount(const Window& list) { return static_cast<int>(list.Send(LVM_GETITEMCOUNT)); }
+
+std::string CellText(const Window& list, int row, int column) {
+    const RemoteMemory text(list, cellLength * sizeof(wchar_t));
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = static_cast<wchar_t*>(text.Address());
+    item.cchTextMax = static_cast<int>(cellLength);
+    const Remote<LVITEMW> request(list, item);
+    list.Send(LVM_GETITEMTEXTW, static_cast<WPARAM>(row), request.Parameter());
+    wchar_t result[cellLength]{};
+    text.Read(result, sizeof result);
+    return forms::win32::Narrow(result);
+}
+
+void ClickRow(const Window& list, int row) {
+    RECT wanted{};
+    wanted.left = LVIR_LABEL;
+    const Remote<RECT> area(list, wanted);
+    list.Send(LVM_GETITEMRECT, static_cast<WPARAM>(row), area.Parameter());
+    const RECT label = area.Value();
+    const LPARAM place = MAKELPARAM(label.left + 10, (label.top + label.bottom) / 2);
+    list.Post(WM_LBUTTONDOWN, MK_LBUTTON, place);
+    list.Post(WM_LBUTTONUP, 0, place);
+}
+
+void Choose(const Window& comboBox, int index) {
+    comboBox.Send(CB_SETCURSEL, static_cast<WPARAM>(index));
+    comboBox.Parent().Send(WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(comboBox.handle), CBN_SELCHANGE),
+                           reinterpret_cast<LPARAM>(comboBox.handle));
+}
+
+void UseHands(const std::string& xdotoolArguments) {
+    const std::string request = UnixPath(Variable("JOTWRIGHT_DISPLAY_DO"));
+    WriteWholeFile(request + ".new", xdotoolArguments + "\n");
+    RenameOver(request + ".new", request);
+    WaitUntil("the display has been served", [&] { return !FileExists(request); });
+}
+
+void TakePicture(const std::string& name) { UseHands("picture " + name); }
+
+namespace tray {
+
+void LeftClick(const Window& owner) {
+    owner.Post(WM_MOUSEMOVE, trayIconId, WM_LBUTTONDOWN);
+    owner.Post(WM_MOUSEMOVE, trayIconId, WM_LBUTTONUP);
+}
+
+void DoubleClick(const Window& owner) {
+    LeftClick(owner);
+    owner.Post(WM_MOUSEMOVE, trayIconId, WM_LBUTTONDBLCLK);
+    owner.Post(WM_MOUSEMOVE, trayIconId, WM_LBUTTONUP);
+}
+
+void RightClick(const Window& owner) {
+    owner.Post(WM_MOUSEMOVE, trayIconId, WM_RBUTTONDOWN);
+    owner.Post(WM_MOUSEMOVE, trayIconId, WM_RBUTTONUP);
+}
+
+}  // namespace tray
+
+}  // namespace driver

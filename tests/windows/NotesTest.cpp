@@ -1,0 +1,227 @@
+#include <algorithm>
+
+#include "tests/windows/DriverTest.h"
+#include "tests/windows/Picture.h"
+
+namespace driver {
+
+namespace {
+
+constexpr COLORREF yellow = RGB(255, 255, 0);
+constexpr COLORREF black = RGB(0, 0, 0);
+constexpr const char* appointment = "Call to move the appointment.\r\nAsk for a Friday.";
+
+}  // namespace
+
+class Notes : public DriverTest {
+  protected:
+    // The box that rejects a title.
+    void ExpectRejection(const std::string& title, const std::string& caption,
+                         const std::string& text);
+};
+
+void Notes::ExpectRejection(const std::string& title, const std::string& caption,
+                            const std::string& text) {
+    const Window main = MainWindow();
+    main.Only("Edit").Type(title);
+    main.Button("Make &Note").Click();
+    const Window box = program.WaitFor(caption);
+    EXPECT_TRUE(box.FindChild("Static", text)) << title;
+    EXPECT_FALSE(main.IsEnabled());
+    box.Button("OK").Click();
+    program.WaitUntilGone(caption);
+    WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });
+}
+
+TEST_F(Notes, ANewNoteIsWrittenAsTheUserHasMadeIt) {
+    const Window main = StartProgram();
+    const Window editor = MakeNote(main, "Dentist");
+    WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });
+    EXPECT_FALSE(editor.IsMinimized());
+    EXPECT_FALSE(FileExists(NotePath("Dentist")));
+
+    const Window text = editor.Only("Edit");
+    ChooseFromPopup(program, text, popupYellow);
+    ChooseFromPopup(program, text, popup14Points);
+    text.Type(appointment);
+    EXPECT_TRUE(ComesTrue([&] {
+        const Picture picture(text);
+        return picture.Share(yellow) > 0.8 && picture.Share(black) > 0.001;
+    })) << "black on yellow";
+
+    ExpectDate(DatePicker(editor), 2031, 6, 2);
+    ExpectTime(TimePicker(editor), 12, 0);
+    PickDate(DatePicker(editor), 2031, 6, 5);
+    PickTime(TimePicker(editor), 9, 31);
+    editor.Button(audioBoxCaption).Click();
+    editor.Button(editorSet).Click();
+    WaitUntil("the alarm is set",
+              [&] { return static_cast<bool>(editor.FindChild("Button", editorTurnOff)); });
+    EXPECT_TRUE(editor.FindChild("Button", " Alarm Set "));
+    EXPECT_TRUE(editor.FindChild("Static", "June"));
+    EXPECT_TRUE(editor.FindChild("Static", "5, 2031"));
+    EXPECT_FALSE(DatePicker(editor).IsVisible());
+
+    HideNote(editor);
+    ExpectNote("Dentist",
+               "\"Dentist\",\"Call to move the appointment.\r\nAsk for a Friday.\","
+               "#2031-06-05#,#09:31:00#,5,14,\"1\",1,\"yes\"\r\n");
+}
+
+TEST_F(Notes, ANoteComesBackMinimizedWithAllThatWasSaved) {
+    {
+        const Window editor = MakeNote(StartProgram(), "Dentist");
+        ChooseFromPopup(program, editor.Only("Edit"), popupYellow);
+        ChooseFromPopup(program, editor.Only("Edit"), popup14Points);
+        editor.Only("Edit").Type(appointment);
+        PickDate(DatePicker(editor), 2031, 6, 5);
+        PickTime(TimePicker(editor), 9, 31);
+        editor.Button(audioBoxCaption).Click();
+        editor.Button(editorSet).Click();
+    }
+    // The open note is saved by the end of the program.
+    ExitProgram();
+    const auto bytes = WholeFile(NotePath("Dentist"));
+    ASSERT_TRUE(bytes);
+
+    StartProgram();
+    const Window editor = program.WaitFor("Dentist");
+    EXPECT_TRUE(editor.IsMinimized());
+    editor.Post(WM_SYSCOMMAND, SC_RESTORE);
+    WaitUntil("the editor is filled",
+              [&] { return !editor.IsMinimized() && editor.ChildrenOfClass("Edit").size() == 1; });
+    EXPECT_EQ(editor.Only("Edit").Text(), appointment);
+    EXPECT_TRUE(editor.FindChild("Button", editorTurnOff));
+    EXPECT_TRUE(editor.FindChild("Button", " Alarm Set "));
+    EXPECT_TRUE(editor.Button(audioBoxCaption).IsChecked());
+    EXPECT_TRUE(editor.FindChild("Static", "June"));
+    EXPECT_TRUE(editor.FindChild("Static", "5, 2031"));
+    EXPECT_TRUE(editor.FindChild("Static", "9:31:00 AM"));
+    ExpectDate(DatePicker(editor), 2031, 6, 5);
+    ExpectTime(TimePicker(editor), 9, 31);
+    EXPECT_TRUE(ComesTrue([&] { return Picture(editor.Only("Edit")).Share(yellow) > 0.8; }));
+
+    HideNote(editor);
+    EXPECT_EQ(WholeFile(NotePath("Dentist")), bytes);
+    ExitProgram();
+}
+
+TEST_F(Notes, AUserWritesANoteWithTheKeyboardAlone) {
+    const Window main = StartProgram();
+    WaitUntil("the title box has the focus", [&] { return main.Only("Edit").HasFocus(); });
+    Window::TypeKeys("shopping list");
+    WaitUntil("the title is typed", [&] { return main.Only("Edit").Text() == "shopping list"; });
+    Window::TypeKeys("\r");
+    const Window editor = program.WaitFor("shopping list");
+    WaitUntil("the text box has the focus", [&] { return editor.Only("Edit").HasFocus(); });
+    Window::TypeKeys("milk\rtwo eggs");
+    WaitUntil("the text is typed",
+              [&] { return editor.Only("Edit").Text() == "milk\r\ntwo eggs"; });
+    ChooseFromPopup(program, editor.Only("Edit"), popupHideMe);
+    WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
+    ExpectNote("shopping list",
+               "\"shopping list\",\"milk\r\ntwo eggs\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,"
+               "\"yes\"\r\n");
+}
+
+TEST_F(Notes, ATitleThatIsANumberIsRejectedAndKept) {
+    StartProgram();
+    ExpectRejection("2004", " Note Title Error",
+                    "Note titles can't contain numeric characters only.\r\n Please add a couple "
+                    "of letters.");
+    EXPECT_EQ(MainWindow().Only("Edit").Text(), "2004");
+}
+
+TEST_F(Notes, ATitleThatIsTakenIsRejectedAndCleared) {
+    const Window main = StartProgram();
+    HideNote(MakeNote(main, "Shopping"));
+    tray::LeftClick(main);
+    ExpectRejection("Shopping", "Name Already Exists",
+                    "A note with this title already exits.\r\n\r\nPlease choose another title for "
+                    "your new note.");
+    EXPECT_EQ(main.Only("Edit").Text(), "");
+    EXPECT_TRUE(ComesTrue([&] { return main.Only("Edit").HasFocus(); }));
+    EXPECT_TRUE(program.Visible("Shopping").empty());
+}
+
+TEST_F(Notes, TheToolbarErasesANote) {
+    const Window main = StartProgram();
+    HideNote(MakeNote(main, "Shopping"));
+    ExitProgram();
+    ASSERT_TRUE(FileExists(NotePath("Shopping")));
+
+    StartProgram();
+    const Window editor = OpenRestored("Shopping");
+    PressToolbar(editor.Only("ToolbarWindow32"), toolbarErase);
+    const Box question(program, "Kill Note");
+    EXPECT_EQ(question.Text(), "Are you sure you would like to erase SHOPPING?              ");
+    question.Press("Yes");
+    WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
+    EXPECT_FALSE(FileExists(NotePath("Shopping")));
+    ExitProgram();
+    EXPECT_FALSE(FileExists(NotePath("Shopping")));
+}
+
+TEST_F(Notes, TheMenuErasesANoteThatClosingWritesAnew) {
+    const Window main = StartProgram();
+    const Window editor = MakeNote(main, "Shopping");
+    editor.Only("Edit").Type("milk");
+    ChooseFromMenuBar(program, editor, barEraseNote);
+    Box(program, "Kill Note").Press("No");
+    EXPECT_TRUE(editor.IsVisible());
+    ChooseFromMenuBar(program, editor, barEraseNote);
+    Box(program, "Kill Note").Press("Yes");
+    WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
+    ExpectNote("Shopping",
+               "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+}
+
+TEST_F(Notes, SavingSaysSo) {
+    const Window editor = MakeNote(StartProgram(), "Shopping");
+    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    const Box box(program, "");
+    EXPECT_EQ(box.Text(), "SHOPPING has been saved.           ");
+    EXPECT_TRUE(FileExists(NotePath("Shopping")));
+    box.Press("OK");
+    EXPECT_TRUE(editor.IsVisible());
+}
+
+TEST_F(Notes, WhatWasTypedComesBackWhenTheProgramWasKilled) {
+    const Window main = StartProgram();
+    const Window saved = MakeNote(main, "Shopping");
+    saved.Only("Edit").Type("milk");
+    HideNote(saved);
+    ExitProgram();
+
+    StartProgram();
+    const Window editor = OpenRestored("Shopping");
+    editor.Only("Edit").Type("milk, eggs and bread");
+    const std::string written =
+        "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
+    EXPECT_TRUE(ComesTrue(
+        [&] {
+            const auto names = FileNames(folder + "\\Notes");
+            return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
+                return name != "Shopping.txt" &&
+                       WholeFile(folder + "\\Notes\\" + name)
+                               .value_or("")
+                               .find("milk, eggs and bread") != std::string::npos;
+            });
+        },
+        3))
+        << "a copy beside the note";
+    program.Kill();
+    ExpectNote("Shopping", written);
+
+    StartProgram();
+    const Window again = program.WaitFor("Shopping");
+    EXPECT_FALSE(again.IsMinimized());
+    EXPECT_EQ(again.Only("Edit").Text(), "milk, eggs and bread");
+    ExpectNote("Shopping", written);
+    ExitProgram();
+    ExpectNote("Shopping",
+               "\"Shopping\",\"milk, eggs and bread\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,"
+               "\"yes\"\r\n");
+}
+
+}  // namespace driver

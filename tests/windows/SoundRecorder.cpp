@@ -1,0 +1,132 @@
+#include "tests/windows/SoundRecorder.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <numbers>
+
+#include "forms/win32/Utf.h"
+#include "tests/windows/Files.h"
+#include "tests/windows/Wait.h"
+
+namespace driver {
+
+namespace {
+
+constexpr std::uint64_t headerSize = 44;
+constexpr std::uint64_t rate = 8000;
+constexpr std::size_t block = 800;  // a tenth of a second
+constexpr double loud = 300;        // of 32768
+// Enough to tell the sounds apart: the cuckoo's second call, the pips of the clock.
+constexpr std::uint64_t longEnough = rate * 7 / 10;
+
+struct Band {
+    double from;  // Hz
+    double to;
+    const char* sound;
+};
+
+// Only one sound has its strongest component in each band.
+constexpr std::array bands{
+    Band{150, 300, "Alarm buzzer.wav"},  Band{500, 850, "Cuckoo clock.wav"},
+    Band{1000, 1700, "Alert chime.wav"}, Band{1900, 2200, "Alarm clock.wav"},
+    Band{2600, 3300, "Bell alarm.wav"},
+};
+
+bool IsLoud(double sample) { return std::abs(sample) > loud; }
+
+// The power of one frequency in a block, weighted so that its neighbours hardly count.
+double Power(const double* samples, double frequency) {
+    const double step = 2 * std::numbers::pi * frequency / static_cast<double>(rate);
+    double real = 0;
+    double imaginary = 0;
+    for (std::size_t i = 0; i < block; ++i) {
+        const double place = static_cast<double>(i);
+        const double window = 1 - std::cos(2 * std::numbers::pi * place / block);
+        real += window * samples[i] * std::cos(step * place);
+        imaginary += window * samples[i] * std::sin(step * place);
+    }
+    return real * real + imaginary * imaginary;
+}
+
+double StrongestFrequency(const std::vector<double>& samples) {
+    double strongest = 0;
+    double power = -1;
+    for (double frequency = 100; frequency < 3900; frequency += 10) {
+        double sum = 0;
+        for (std::size_t start = 0; start + block <= samples.size(); start += block) {
+            sum += Power(&samples[start], frequency);
+        }
+        if (sum > power) {
+            power = sum;
+            strongest = frequency;
+        }
+    }
+    return strongest;
+}
+
+std::string SoundAt(double frequency) {
+    for (const Band& band : bands) {
+        if (frequency >= band.from && frequency <= band.to) {
+            return band.sound;
+        }
+    }
+    return "a sound of " + std::to_string(frequency) + " Hz";
+}
+
+}  // namespace
+
+SoundRecorder::SoundRecorder() : path(UnixPath(Variable("JOTWRIGHT_SINK_WAV"))) {}
+
+std::uint64_t SoundRecorder::Now() const {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(forms::win32::Wide(path), error);
+    return error || size < headerSize ? 0 : (size - headerSize) / 2;
+}
+
+std::vector<double> SoundRecorder::Samples(std::uint64_t since) const {
+    std::ifstream file(std::filesystem::path(forms::win32::Wide(path)), std::ios::binary);
+    file.seekg(static_cast<std::streamoff>(headerSize + since * 2));
+    std::vector<double> samples;
+    std::array<char, 2> bytes{};
+    while (file.read(bytes.data(), 2)) {
+        const auto low = static_cast<unsigned char>(bytes[0]);
+        const auto high = static_cast<unsigned char>(bytes[1]);
+        samples.push_back(static_cast<std::int16_t>(low | (high << 8)));
+    }
+    return samples;
+}
+
+bool SoundRecorder::HasSounded(std::uint64_t since) const {
+    const auto samples = Samples(since);
+    return std::any_of(samples.begin(), samples.end(), &IsLoud);
+}
+
+double SoundRecorder::SoundingTime(std::uint64_t since) const {
+    const auto samples = Samples(since);
+    const auto first = std::find_if(samples.begin(), samples.end(), &IsLoud);
+    const auto last = std::find_if(samples.rbegin(), samples.rend(), &IsLoud).base();
+    return first < last ? static_cast<double>(last - first) / static_cast<double>(rate) : 0;
+}
+
+std::string SoundRecorder::WaitForSound(std::uint64_t since) const {
+    std::vector<double> samples;
+    WaitUntil("something sounds", [&] {
+        samples = Samples(since);
+        samples.erase(samples.begin(), std::find_if(samples.begin(), samples.end(), &IsLoud));
+        return samples.size() >= longEnough;
+    });
+    return SoundAt(StrongestFrequency(samples));
+}
+
+void SoundRecorder::WaitForSilence() const {
+    const std::uint64_t start = Now();
+    WaitUntil("it is silent", [&] {
+        const std::uint64_t now = Now();
+        return now >= start + rate && !HasSounded(now - rate);
+    });
+}
+
+}  // namespace driver

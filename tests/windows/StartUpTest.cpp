@@ -1,0 +1,95 @@
+#include "tests/windows/DriverTest.h"
+
+namespace driver {
+
+class StartUp : public DriverTest {};
+
+TEST_F(StartUp, TheFirstStartMakesTheFolderAndShowsSplashMainWindowAndTips) {
+    EraseSettings();
+    program.Start(executable);
+
+    Window splash;
+    WaitUntil("the splash is shown", [&] {
+        splash = FindSplash();
+        return static_cast<bool>(splash);
+    });
+    const ULONGLONG splashTime = ::GetTickCount64();
+    EXPECT_FALSE(FindMain() && FindMain().IsVisible());
+    EXPECT_TRUE(FolderExists(folder + "\\Notes"));
+    EXPECT_FALSE(FolderExists(folder + "\\SpecialAlarms"));
+
+    const Window main = MainWindow();
+    const ULONGLONG elapsed = ::GetTickCount64() - splashTime;
+    EXPECT_GT(elapsed, 600U);
+    EXPECT_LT(elapsed, 5000U);
+    EXPECT_TRUE(main.HasTitleBar());
+
+    const Window tips = program.WaitFor("Jotwright - Tips and Tricks");
+    WaitUntil("the splash has gone", [&] { return !splash.Exists(); });
+    EXPECT_FALSE(main.IsEnabled()) << "the tips are modal";
+    EXPECT_TRUE(tips.FindChild("Static", "Create up to 100 personalized notes."));
+    tips.Button("&Next Tip").Click();
+    WaitUntil("the second tip is shown", [&] {
+        return static_cast<bool>(tips.FindChild(
+            "Static",
+            "To view the main menu - Right click the Jotwright Icon in the system tray or Right "
+            "click any part of the main Jotwright window."));
+    });
+    tips.Button("&Don't Show Tips at Startup").Click();
+    tips.Button("OK").Click();
+    program.WaitUntilGone("Jotwright - Tips and Tricks");
+    WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });
+    EXPECT_EQ(Setting("Startup", "View Tips"), "1");
+    ExitProgram();
+}
+
+TEST_F(StartUp, TheTipsAreNotShownToWhoDoesNotWantThem) {
+    const Window main = StartProgram();
+    EXPECT_TRUE(program.Visible("Jotwright - Tips and Tricks").empty());
+    EXPECT_TRUE(main.IsEnabled());
+    ExitProgram();
+}
+
+TEST_F(StartUp, ASecondCopySaysSoAndChangesNothing) {
+    const std::string bytes =
+        "\"Dentist\",\"Call\",#2031-06-05#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
+    WriteNote("Dentist", bytes);
+    const Window main = StartProgram();
+    const Window editor = program.WaitFor("Dentist");
+    const std::size_t windows = program.Windows().size();
+
+    Program second;
+    second.Start(executable);
+    const Window box = second.WaitFor("  Jotwright Is Running");
+    EXPECT_TRUE(box.FindChild("Static",
+                              "     Jotwright is already running.\r\n"
+                              "Click the Blue 'N' in the system tray."));
+    std::size_t visible = 0;
+    for (const Window& window : second.Windows()) {
+        visible += window.IsVisible() ? 1 : 0;
+    }
+    EXPECT_EQ(visible, 1U);
+    box.Button("OK").Click();
+    EXPECT_EQ(second.WaitForEnd(), 0U);
+
+    EXPECT_TRUE(program.Runs());
+    EXPECT_EQ(program.Windows().size(), windows);
+    EXPECT_TRUE(main.IsVisible());
+    EXPECT_TRUE(editor.IsMinimized());
+    ExpectNote("Dentist", bytes);
+    EXPECT_EQ(Setting("Startup", "View Tips"), "1");
+    ExitProgram();
+}
+
+TEST_F(StartUp, EveryExitEndsTheProgram) {
+    StartProgram().Button("E&xit").Click();
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+
+    ChooseFromMenuBar(program, StartProgram(), barFileExit);
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+
+    StartProgram().Close();
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+}
+
+}  // namespace driver

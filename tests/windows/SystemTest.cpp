@@ -1,0 +1,106 @@
+#include "tests/windows/DriverTest.h"
+
+namespace driver {
+
+class System : public DriverTest {};
+
+TEST_F(System, TheEndOfTheSessionSavesWithoutAsking) {
+    WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-05#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+    const Window main = StartProgram();
+    // Through the control panel, where closing an editor would ask.
+    const Window first = program.WaitFor("Dentist");
+    first.Close();
+    WaitUntil("the editor has gone", [&] { return !first.Exists(); });
+    main.Button("Notes &Control Panel").Click();
+    const Window panel = program.WaitFor("Notes Control Panel");
+    WaitUntilFilled(panel, "SysListView32");
+    ClickRow(panel.Only("SysListView32"), 0);
+    WaitUntil("the row can be edited", [&] { return panel.Button("&Edit").IsEnabled(); });
+    panel.Button("&Edit").Click();
+    const Window editor = program.WaitFor("Dentist");
+    WaitUntilFilled(editor, "Edit");
+    editor.Only("Edit").Type("Call them");
+
+    const auto windows = program.Windows();
+    for (const Window& window : windows) {
+        EXPECT_NE(window.Send(WM_QUERYENDSESSION), 0) << window.Description();
+    }
+    for (const Window& window : windows) {
+        if (window.Exists()) {
+            window.Post(WM_ENDSESSION, TRUE);
+        }
+    }
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+    ExpectNote("Dentist",
+               "\"Dentist\",\"Call them\",#2031-06-05#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+}
+
+TEST_F(System, LettersOfAllTheWorldAreKept) {
+    const std::string title = "Z\xC3\xBCrich \xCE\xA9";  // a u umlaut, an omega
+    const std::string text = "\xE6\x97\xA5\xE6\x9C\xAC\r\n\xF0\x9F\x98\x80";  // and beyond
+    const Window editor = MakeNote(StartProgram(), title);
+    editor.Only("Edit").Type(text);
+    EXPECT_EQ(editor.Only("Edit").Text(), text);
+    HideNote(editor);
+    const std::string bytes = "\xEF\xBB\xBF\"" + title + "\",\"" + text +
+                              "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
+    ExpectNote(title, bytes);
+    ExitProgram();
+
+    StartProgram();
+    EXPECT_EQ(OpenRestored(title).Only("Edit").Text(), text);
+    ExitProgram();
+    ExpectNote(title, bytes);
+}
+
+TEST_F(System, WesternLettersAreWrittenInTheSystemsCodePage) {
+    const Window editor = MakeNote(StartProgram(), "Caf\xC3\xA9");
+    editor.Only("Edit").Type("5 \xE2\x82\xAC");  // a euro
+    HideNote(editor);
+    ExpectNote("Caf\xC3\xA9",
+               "\"Caf\xE9\",\"5 \x80\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+}
+
+TEST_F(System, AHundredNotesComeBackAndNoMoreCanBeMade) {
+    for (int i = 1; i <= 100; ++i) {
+        const std::string title = "Note " + std::to_string(i);
+        WriteNote(title,
+                  '"' + title + "\",\"text\",#2031-06-05#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+    }
+    program.Start(executable);
+    const Box box(program, "Jotwright: Maximum Notes Reached");
+    EXPECT_EQ(box.Text(),
+              "The maximum number of 100 notes has been reached.\r\n\r\nExsiting notes will have "
+              "to be deleted before more can be created.\r\n ");
+    box.Press("OK");
+    const Window main = MainWindow();
+    EXPECT_FALSE(main.Button("Make &Note").IsEnabled());
+    EXPECT_FALSE(main.Only("Edit").IsEnabled());
+    std::size_t minimized = 0;
+    for (const Window& window : program.Windows()) {
+        minimized += window.IsVisible() && window.IsMinimized() ? 1 : 0;
+    }
+    EXPECT_EQ(minimized, 100U);
+    ExitProgram();
+}
+
+TEST_F(System, TheWebSiteOpensInTheBrowser) {
+    const std::string log = UnixPath(Variable("JOTWRIGHT_BROWSER_LOG"));
+    WriteWholeFile(log, "");
+    const Window main = StartProgram();
+    ChooseFromMenuBar(program, main, barVisitWebSite);
+    WaitUntil("the browser has been called",
+              [&] { return WholeFile(log).value_or("").find("http") == 0; });
+    EXPECT_TRUE(main.IsEnabled());
+}
+
+TEST_F(System, ADamagedFileIsTakenAwayAndTheOthersStay) {
+    WriteNote("Bad", "\"Bad\",\"no");
+    WriteNote("Good", "\"Good\",\"text\",#2031-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n");
+    StartProgram();
+    EXPECT_TRUE(program.WaitFor("Good").IsMinimized());
+    EXPECT_FALSE(FileExists(NotePath("Bad")));
+    EXPECT_TRUE(FileExists(NotePath("Good")));
+}
+
+}  // namespace driver

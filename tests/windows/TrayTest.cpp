@@ -1,0 +1,97 @@
+#include "forms/win32/Utf.h"
+#include "tests/windows/DriverTest.h"
+
+namespace driver {
+
+namespace {
+
+// Where Wine shows the icons when nobody else does; 20 pixels for each.
+constexpr int firstIcon = 10;
+constexpr int iconDistance = 20;
+
+Window FindTrayWindow() { return Window(::FindWindowW(nullptr, L"Wine System Tray")); }
+
+}  // namespace
+
+class Tray : public DriverTest {
+  protected:
+    Window StartHidden();
+};
+
+Window Tray::StartHidden() {
+    const Window main = StartProgram();
+    main.Button("&Hide Me").Click();
+    WaitUntil("the main window hides", [&] { return !main.IsVisible(); });
+    return main;
+}
+
+TEST_F(Tray, ALeftClickShowsTheHiddenWindow) {
+    const Window main = StartHidden();
+    tray::LeftClick(main);
+    WaitUntil("the main window is shown", [&] { return main.IsVisible(); });
+    EXPECT_TRUE(main.IsEnabled());
+}
+
+TEST_F(Tray, ALeftClickRestoresTheMinimizedWindow) {
+    const Window main = StartProgram();
+    main.Post(WM_SYSCOMMAND, SC_MINIMIZE);
+    WaitUntil("the main window is minimized", [&] { return main.IsMinimized(); });
+    tray::LeftClick(main);
+    WaitUntil("the main window is restored",
+              [&] { return !main.IsMinimized() && main.IsVisible(); });
+}
+
+TEST_F(Tray, ADoubleClickGoesToTheTitleBox) {
+    const Window main = StartProgram();
+    main.Button("&Timer").Click();
+    program.WaitFor("Novelty Timer").Close();
+    program.WaitUntilGone("Novelty Timer");
+    main.Button("&Hide Me").Click();
+    WaitUntil("the main window hides", [&] { return !main.IsVisible(); });
+    tray::DoubleClick(main);
+    WaitUntil("the title box has the focus",
+              [&] { return main.IsVisible() && main.Only("Edit").HasFocus(); });
+}
+
+TEST_F(Tray, ARightClickOpensTheMenuEvenWhileTheWindowIsHidden) {
+    const Window main = StartHidden();
+    tray::RightClick(main);
+    ChooseFromOpenMenu(program, main, {trayShow});
+    WaitUntil("the main window is shown", [&] { return main.IsVisible(); });
+    EXPECT_TRUE(ComesTrue([&] { return main.Only("Edit").HasFocus(); }));
+
+    tray::RightClick(main);
+    ChooseFromOpenMenu(program, main, {trayHide});
+    WaitUntil("the main window hides", [&] { return !main.IsVisible(); });
+}
+
+TEST_F(Tray, ExitEndsTheProgramAndSavesItsNotes) {
+    const Window main = StartProgram();
+    MakeNote(main, "Shopping").Only("Edit").Type("milk");
+    WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });
+    tray::RightClick(main);
+    ChooseFromOpenMenu(program, main, {trayExit});
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+    ExpectNote("Shopping",
+               "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+}
+
+TEST_F(Tray, TheIconIsThereWhileTheProgramRuns) {
+    const Window main = StartHidden();
+    WaitUntil("the notification area is shown", [] { return FindTrayWindow().IsVisible(); });
+    const POINT area = FindTrayWindow().ClientOrigin();
+    // Icons of programs that were killed may stand before it for a while.
+    int icon = 0;
+    const bool shown = ComesTrue([&] {
+        const int x = area.x + firstIcon + iconDistance * (icon++ % 8);
+        // The pointer has to come from elsewhere.
+        UseHands("mousemove 600 900");
+        UseHands("mousemove " + std::to_string(x) + ' ' + std::to_string(area.y + firstIcon));
+        UseHands("click 1");
+        return ComesTrue([&] { return main.IsVisible(); }, 1);
+    });
+    EXPECT_TRUE(shown);
+    ExitProgram();
+}
+
+}  // namespace driver
