@@ -110,8 +110,7 @@ void Form::Hide() {
 
 bool Form::Unload(UnloadMode mode) {
     if (state == State::Asking) {
-        cancelTakenBack = true;
-        return true;
+        return false;
     }
     if (state != State::Loaded && state != State::Loading) {
         return true;
@@ -119,19 +118,17 @@ bool Form::Unload(UnloadMode mode) {
     const auto pin = shared_from_this();
     const State before = state;
     state = State::Asking;
-    cancelTakenBack = false;
     bool cancel = false;
     try {
         Form_QueryUnload(cancel, mode);
-        if (!cancel || cancelTakenBack) {
-            cancel = false;
+        if (!cancel) {
             Form_Unload(cancel);
         }
     } catch (...) {
         state = before;
         throw;
     }
-    if (cancel && !cancelTakenBack) {
+    if (cancel) {
         state = before;
         return false;
     }

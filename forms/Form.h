@@ -68,8 +68,8 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     void ShowModal();
     void Hide();
     // Asks Form_QueryUnload, then Form_Unload; unloads unless one cancels. False when cancelled.
-    // True, without events, where the form is not loaded. Called while the form is being asked
-    // already, it takes back a cancellation and returns true; the first call goes on.
+    // True, without events, where the form is not loaded. False, without events, while the form is
+    // being asked already: it may be waiting for its user, and the first call decides.
     bool Unload(UnloadMode mode = UnloadMode::Code);
     // Brings the form to the foreground of the desktop.
     void BringToForeground();
@@ -138,7 +138,6 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     bool visible = false;
     bool topMost = false;
     bool shownOnStage = false;  // the stage shows what visible says
-    bool cancelTakenBack = false;
     bool isModal = false;
     int disableCount = 0;                      // modal forms that shut this one off
     std::vector<std::weak_ptr<Form>> shutOff;  // by this modal form

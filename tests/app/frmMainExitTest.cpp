@@ -137,3 +137,56 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionSavesAndAsksNothing) {
     EXPECT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
     EXPECT_FALSE(tray.icon.has_value());
 }
+
+TEST_F(frmMainExitTest, AnExitWhileANoteAsksKeepsItsTextForTheNextStart) {
+    StartQuietly();
+    auto& note = MakeNote("Dentist");
+    StandardCode::Shared().ControlPanelMode = true;
+    user->Type(note.txtNote, "text");
+    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
+                     BoxButtons::YesNo, BoxResult::No, [this] {
+                         stage->ExpectPopup("mnuPop", "mnuExit");
+                         user->Tray(517);
+                         EXPECT_TRUE(runtime->HasEnded());
+                     });
+    user->CloseBox(note);
+    Restart();
+    StartQuietly();
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
+}
+
+TEST_F(frmMainExitTest, AnExitWaitsForTheAnswerThatAnAlarmDisplayWants) {
+    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n");
+    StartQuietly();
+    user->CloseBox(Editor("Dentist"));
+    Advance(12'000);
+    auto* display = FindWindow<frmDisplayNote>("Dentist");
+    ASSERT_NE(display, nullptr);
+    stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
+                     BoxButtons::YesNo, BoxResult::No, [this] {
+                         stage->ExpectPopup("mnuPop", "mnuExit");
+                         user->Tray(517);
+                         EXPECT_FALSE(runtime->HasEnded());
+                     });
+    user->CloseBox(*display);
+    EXPECT_TRUE(tray.icon.has_value());
+    user->Tray(514);
+    user->Click(Main().cmdExit);
+    EXPECT_TRUE(runtime->HasEnded());
+}
+
+TEST_F(frmMainExitTest, TheEndOfTheSessionWaitsForNoAnswer) {
+    StartQuietly();
+    auto& note = MakeNote("Dentist");
+    StandardCode::Shared().ControlPanelMode = true;
+    user->Type(note.txtNote, "text");
+    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
+                     BoxButtons::YesNo, BoxResult::No, [this] {
+                         gestures::EndSession();
+                         EXPECT_TRUE(runtime->HasEnded());
+                     });
+    user->CloseBox(note);
+    Restart();
+    StartQuietly();
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
+}

@@ -109,32 +109,37 @@ TEST_F(FormTest, UnloadMayRefuse) {
     EXPECT_TRUE(Default<frmFirst>().IsVisible());
 }
 
-TEST_F(FormTest, UnloadingItselfWhileBeingAskedTakesBackTheRefusal) {
-    Start([] {
+TEST_F(FormTest, UnloadingWhileBeingAskedLeavesTheAnswerToTheFirstCall) {
+    bool refuse = true;
+    Start([&refuse] {
         Default<frmFirst>().Show();
-        Default<frmFirst>().onQueryUnload = [](bool& cancel, UnloadMode) {
-            cancel = true;
-            EXPECT_TRUE(Default<frmFirst>().Unload());
+        Default<frmFirst>().onQueryUnload = [&refuse](bool& cancel, UnloadMode) {
+            cancel = refuse;
+            EXPECT_FALSE(Default<frmFirst>().Unload());
         };
     });
     TakeLog();
+    user->CloseBox(Default<frmFirst>());
+    EXPECT_EQ(TakeLog(), Lines{"frmFirst.QueryUnload"});
+    EXPECT_TRUE(Default<frmFirst>().IsLoaded());
+    refuse = false;
     user->CloseBox(Default<frmFirst>());
     EXPECT_EQ(TakeLog(), (Lines{"frmFirst.QueryUnload", "frmFirst.Unload"}));
     EXPECT_EQ(LoadedDefault<frmFirst>(), nullptr);
 }
 
-TEST_F(FormTest, ARefusalByUnloadIsTakenBackTheSameWay) {
+TEST_F(FormTest, UnloadingWhileTheSecondQuestionIsOpenLeavesItToTheFirstCall) {
     Start([] {
         Default<frmFirst>().Show();
         Default<frmFirst>().onUnload = [](bool& cancel) {
             cancel = true;
-            EXPECT_TRUE(Default<frmFirst>().Unload());
+            EXPECT_FALSE(Default<frmFirst>().Unload());
         };
     });
     TakeLog();
     user->CloseBox(Default<frmFirst>());
     EXPECT_EQ(TakeLog(), (Lines{"frmFirst.QueryUnload", "frmFirst.Unload"}));
-    EXPECT_EQ(LoadedDefault<frmFirst>(), nullptr);
+    EXPECT_TRUE(Default<frmFirst>().IsLoaded());
 }
 
 TEST_F(FormTest, TheReasonOfUnloadingIsTold) {

@@ -71,6 +71,15 @@ TEST_F(ViewNotes, AnyAlarmStateButZeroIsAnAlarm) {
     EXPECT_EQ(Panel().lvwNotes.Rows()[0].texts[2], "5/14/2004 9:30:00 AM");
 }
 
+TEST_F(ViewNotes, ARewrittenNoteIsListedWithItsAlarmOff) {
+    files.PutFile(folder + "\\Milk.txt",
+                  "\"Milk\",\"text\",#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n");
+    Open();
+    ASSERT_EQ(Panel().lvwNotes.Rows().size(), 1U);
+    EXPECT_EQ(Panel().lvwNotes.Rows()[0].texts,
+              (std::vector<std::string>{"", "Milk", "Alarm Not Set"}));
+}
+
 TEST_F(ViewNotes, LoadingKeepsTheNotesArrayCurrent) {
     Put("A");
     Put("B");

@@ -125,7 +125,16 @@ Window Program::OpenMenu() const {
 
 std::string Program::Description() const {
     std::string text = Runs() ? "" : " (it has ended)";
-    for (const Window& window : Windows()) {
+    const auto windows = Windows();
+    if (!windows.empty()) {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        ::GetGUIThreadInfo(::GetWindowThreadProcessId(windows.front().handle, nullptr), &info);
+        text += " active: " + Window(info.hwndActive).Description() +
+                ", focus: " + Window(info.hwndFocus).Description() +
+                ", foreground: " + Window(::GetForegroundWindow()).Description();
+    }
+    for (const Window& window : windows) {
         text += "\n  " + window.Description();
         if (window.ClassName() == boxClass) {
             for (const Window& child : window.Children()) {
