@@ -129,6 +129,8 @@ void frmMain::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
         if (next == loaded.end()) {
             break;
         }
+        // The list changes while the form unloads: a copy keeps it.
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
         const std::shared_ptr<Form> form = *next;
         if (!form->Unload()) {
             refused.push_back(form.get());

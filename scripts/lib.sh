@@ -56,13 +56,7 @@ start_display() {
     wait_for 20 test -s "$number" || die "Xvfb did not start, see $1/xvfb.log"
     DISPLAY=":$(tr -d '[:space:]' <"$number")"
     export DISPLAY
-    # Programs that are driven by messages have no input of the user's to show for it, by which the
-    # window manager judges who gets the focus; and the notification area must not take it.
-    sed 's|^</applications>|\
-        <application class="*"><focus>yes</focus></application>\
-        <application title="Wine System Tray"><focus>no</focus></application>\
-        </applications>|' /etc/xdg/openbox/rc.xml >"$1/openbox.xml"
-    setsid openbox --sm-disable --config-file "$1/openbox.xml" >"$1/openbox.log" 2>&1 </dev/null &
+    setsid openbox --sm-disable >"$1/openbox.log" 2>&1 </dev/null &
     started+=("$!")
     wait_for 20 window_manager_is_up || die "openbox did not start, see $1/openbox.log"
 }

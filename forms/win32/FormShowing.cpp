@@ -46,22 +46,22 @@ bool HasForeground() {
            process == ::GetCurrentProcessId();
 }
 
-// The box or dialog that waits for its answer in front of all others; null where none does.
+// Stops at the box or dialog that waits for its answer and leaves it in *data.
+BOOL CALLBACK FindOpenBox(HWND window, LPARAM data) {
+    wchar_t name[16] = L"";
+    ::GetClassNameW(window, name, static_cast<int>(std::size(name)));
+    const bool waits = std::wcscmp(name, L"#32770") == 0 && ::IsWindowVisible(window) != 0 &&
+                       ::IsWindowEnabled(window) != 0;
+    if (waits) {
+        *reinterpret_cast<HWND*>(data) = window;
+    }
+    return waits ? FALSE : TRUE;
+}
+
+// In front of all others; null where none is open.
 HWND OpenBox() {
     HWND box = nullptr;
-    ::EnumThreadWindows(
-        ::GetCurrentThreadId(),
-        [](HWND window, LPARAM data) -> BOOL {
-            wchar_t name[16] = L"";
-            ::GetClassNameW(window, name, static_cast<int>(std::size(name)));
-            const bool waits = std::wcscmp(name, L"#32770") == 0 &&
-                               ::IsWindowVisible(window) != 0 && ::IsWindowEnabled(window) != 0;
-            if (waits) {
-                *reinterpret_cast<HWND*>(data) = window;
-            }
-            return waits ? FALSE : TRUE;
-        },
-        reinterpret_cast<LPARAM>(&box));
+    ::EnumThreadWindows(::GetCurrentThreadId(), &FindOpenBox, reinterpret_cast<LPARAM>(&box));
     return box;
 }
 

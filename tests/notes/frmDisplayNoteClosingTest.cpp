@@ -16,7 +16,6 @@ namespace {
 using forms::BoxButtons;
 using forms::BoxIcon;
 using forms::BoxResult;
-using forms::ErrorNumber;
 using StandardCode::Shared;
 using PanelAction = StandardCode::SharedEvents::PanelAction;
 

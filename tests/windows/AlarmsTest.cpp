@@ -184,9 +184,6 @@ TEST_F(Alarms, AnAlarmComesUpWhileAMenuIsOpen) {
 }
 
 TEST_F(Alarms, AnAlarmComesUpWhileAWindowIsMoved) {
-    // A window manager would do the moving by itself.
-    const RegistryValue unmanaged("Software\\Wine\\AppDefaults\\Jotwright.exe\\X11 Driver",
-                                  "Managed", "N");
     const Window main = StartWithClosedNote();
     const RECT place = main.Place();
     // The window's title bar, held fast and moved a little.

@@ -73,6 +73,11 @@ void RenameOver(const std::string& from, const std::string& to) {
     }
 }
 
+void RemoveFile(const std::string& path) {
+    std::error_code error;
+    std::filesystem::remove(PathOf(path), error);
+}
+
 std::vector<std::string> FileNames(const std::string& folder) {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(PathOf(folder))) {
@@ -87,16 +92,6 @@ void RemoveFolder(const std::string& path) {
     if (FolderExists(path)) {
         throw Failure("cannot remove " + path);
     }
-}
-
-RegistryValue::RegistryValue(const std::string& valueKey, const std::string& valueName,
-                             const std::string& value)
-    : key(valueKey), name(valueName) {
-    WriteValue(key, name, value);
-}
-
-RegistryValue::~RegistryValue() {
-    ::RegDeleteKeyValueW(HKEY_CURRENT_USER, Wide(key).c_str(), Wide(name).c_str());
 }
 
 void EraseSettings() { ::RegDeleteTreeW(HKEY_CURRENT_USER, Wide(settingsKey).c_str()); }

@@ -20,23 +20,11 @@ void MakeFolder(const std::string& path);
 std::optional<std::string> WholeFile(const std::string& path);
 void WriteWholeFile(const std::string& path, const std::string& bytes);
 void RenameOver(const std::string& from, const std::string& to);
+// A missing one is no error.
+void RemoveFile(const std::string& path);
 std::vector<std::string> FileNames(const std::string& folder);
 // With all that is in it; a missing one is no error.
 void RemoveFolder(const std::string& path);
-
-// A text value of the current user's registry that is there as long as this object.
-class RegistryValue {
-  public:
-    RegistryValue(const std::string& valueKey, const std::string& valueName,
-                  const std::string& value);
-    ~RegistryValue();
-    RegistryValue(const RegistryValue&) = delete;
-    RegistryValue& operator=(const RegistryValue&) = delete;
-
-  private:
-    std::string key;
-    std::string name;
-};
 
 // The user's settings of the program.
 void EraseSettings();

@@ -161,14 +161,16 @@ void Choose(const Window& comboBox, int index) {
                            reinterpret_cast<LPARAM>(comboBox.handle));
 }
 
-void UseHands(const std::string& xdotoolArguments) {
-    const std::string request = UnixPath(Variable("JOTWRIGHT_DISPLAY_DO"));
-    WriteWholeFile(request + ".new", xdotoolArguments + "\n");
+void AskHost(const std::string& line) {
+    const std::string request = UnixPath(Variable("JOTWRIGHT_ASK_HOST"));
+    WriteWholeFile(request + ".new", line + "\n");
     RenameOver(request + ".new", request);
-    WaitUntil("the display has been served", [&] { return !FileExists(request); });
+    WaitUntil("the host has done what it was asked for", [&] { return !FileExists(request); });
 }
 
-void TakePicture(const std::string& name) { UseHands("picture " + name); }
+void UseHands(const std::string& xdotoolArguments) { AskHost(xdotoolArguments); }
+
+void TakePicture(const std::string& name) { AskHost("picture " + name); }
 
 namespace tray {
 

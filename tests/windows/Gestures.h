@@ -36,9 +36,11 @@ void ClickRow(const Window& list, int row);
 
 void Choose(const Window& comboBox, int index);
 
+// Has something done outside of Windows; see scripts/run-windows-tests.
+void AskHost(const std::string& line);
 // Input that comes from outside, as a person's hands give it: the arguments of an xdotool command.
 void UseHands(const std::string& xdotoolArguments);
-// Keeps a picture of the display under this name; see scripts/run-windows-tests.
+// Keeps a picture of the display under this name.
 void TakePicture(const std::string& name);
 
 // What the program's icon in the notification area reports to the window that owns it.

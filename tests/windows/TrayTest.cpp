@@ -1,15 +1,13 @@
-#include "forms/win32/Utf.h"
 #include "tests/windows/DriverTest.h"
 
 namespace driver {
 
 namespace {
 
-// Where Wine shows the icons when nobody else does; 20 pixels for each.
-constexpr int firstIcon = 10;
+// The icons stand at the right end of the task bar.
+constexpr int lastIcon = 10;
 constexpr int iconDistance = 20;
-
-Window FindTrayWindow() { return Window(::FindWindowW(nullptr, L"Wine System Tray")); }
+constexpr int mostIcons = 8;
 
 }  // namespace
 
@@ -78,15 +76,17 @@ TEST_F(Tray, ExitEndsTheProgramAndSavesItsNotes) {
 
 TEST_F(Tray, TheIconIsThereWhileTheProgramRuns) {
     const Window main = StartHidden();
-    WaitUntil("the notification area is shown", [] { return FindTrayWindow().IsVisible(); });
-    const POINT area = FindTrayWindow().ClientOrigin();
+    const Window taskBar(::FindWindowW(L"Shell_TrayWnd", nullptr));
+    ASSERT_TRUE(taskBar);
+    const RECT area = taskBar.Place();
     // Icons of programs that were killed may stand before it for a while.
     int icon = 0;
     const bool shown = ComesTrue([&] {
-        const int x = area.x + firstIcon + iconDistance * (icon++ % 8);
+        const int x = area.right - lastIcon - iconDistance * (icon++ % mostIcons);
         // The pointer has to come from elsewhere.
-        UseHands("mousemove 600 900");
-        UseHands("mousemove " + std::to_string(x) + ' ' + std::to_string(area.y + firstIcon));
+        UseHands("mousemove 600 500");
+        UseHands("mousemove " + std::to_string(x) + ' ' +
+                 std::to_string((area.top + area.bottom) / 2));
         UseHands("click 1");
         return ComesTrue([&] { return main.IsVisible(); }, 1);
     });

@@ -54,21 +54,22 @@ bool IsOfClass(HWND window, const wchar_t* name) {
     return ::lstrcmpiW(actual, name) == 0;
 }
 
+struct Search {
+    const wchar_t* name;
+    std::vector<HWND> found;
+};
+
+BOOL CALLBACK AddVisible(HWND window, LPARAM data) {
+    auto& target = *reinterpret_cast<Search*>(data);
+    if (::IsWindowVisible(window) != 0 && IsOfClass(window, target.name)) {
+        target.found.push_back(window);
+    }
+    return TRUE;
+}
+
 std::vector<HWND> VisibleWindowsOfClass(const wchar_t* name) {
-    struct Search {
-        const wchar_t* name;
-        std::vector<HWND> found;
-    } search{name, {}};
-    ::EnumThreadWindows(
-        ::GetCurrentThreadId(),
-        [](HWND window, LPARAM data) -> BOOL {
-            auto& target = *reinterpret_cast<Search*>(data);
-            if (::IsWindowVisible(window) != 0 && IsOfClass(window, target.name)) {
-                target.found.push_back(window);
-            }
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&search));
+    Search search{name, {}};
+    ::EnumThreadWindows(::GetCurrentThreadId(), &AddVisible, reinterpret_cast<LPARAM>(&search));
     return search.found;
 }
 
@@ -303,6 +304,11 @@ class Win32Stand : public Stand {
     std::vector<const Form*> knownModals;
     std::optional<ULONGLONG> unexpectedSince;
     std::optional<ULONGLONG> openSince;
+    static void CALLBACK RunDragging(HWND timerWindow, UINT, UINT_PTR id, DWORD) {
+        ::KillTimer(timerWindow, id);
+        reinterpret_cast<Win32Stand*>(::GetWindowLongPtrW(timerWindow, GWLP_USERDATA))->dragging();
+    }
+
     Script dragging;
 };
 
@@ -471,12 +477,7 @@ void Win32Stand::Drag(Form& form, const Script& during) {
         done = true;
         ::PostMessageW(window, WM_KEYDOWN, VK_RETURN, 1);
     };
-    ::SetTimer(window, timer, static_cast<UINT>(std::max(stayOpen, 50)),
-               [](HWND timerWindow, UINT, UINT_PTR id, DWORD) {
-                   ::KillTimer(timerWindow, id);
-                   reinterpret_cast<Win32Stand*>(::GetWindowLongPtrW(timerWindow, GWLP_USERDATA))
-                       ->dragging();
-               });
+    ::SetTimer(window, timer, static_cast<UINT>(std::max(stayOpen, 50)), &RunDragging);
     ::SendMessageW(target->handle, WM_SYSCOMMAND, SC_MOVE, 0);
     if (!done) {
         ::SendMessageW(target->handle, WM_ENTERSIZEMOVE, 0, 0);

@@ -1,0 +1,125 @@
+#include "tests/windows/Printer.h"
+
+#include <windows.h>
+#include <winspool.h>
+
+#include <sstream>
+
+#include "forms/win32/Utf.h"
+#include "tests/windows/Files.h"
+#include "tests/windows/Gestures.h"
+#include "tests/windows/Wait.h"
+
+namespace driver {
+
+namespace {
+
+wchar_t printerName[] = L"Test printer";
+wchar_t driverName[] = L"Test printer driver";
+
+// The least that the system's driver for PostScript asks of a description.
+constexpr const char* description =
+    "*PPD-Adobe: \"4.3\"\n"
+    "*FormatVersion: \"4.3\"\n"
+    "*FileVersion: \"1.0\"\n"
+    "*LanguageVersion: English\n"
+    "*LanguageEncoding: ISOLatin1\n"
+    "*PCFileName: \"TEST.PPD\"\n"
+    "*Manufacturer: \"Test\"\n"
+    "*Product: \"(Test)\"\n"
+    "*PSVersion: \"(3010.000) 0\"\n"
+    "*ModelName: \"Test printer\"\n"
+    "*ShortNickName: \"Test printer\"\n"
+    "*NickName: \"Test printer\"\n"
+    "*LanguageLevel: \"3\"\n"
+    "*ColorDevice: True\n"
+    "*DefaultColorSpace: RGB\n"
+    "*TTRasterizer: Type42\n"
+    "*DefaultResolution: 300dpi\n"
+    "*OpenUI *PageSize/Page Size: PickOne\n"
+    "*OrderDependency: 10 AnySetup *PageSize\n"
+    "*DefaultPageSize: Letter\n"
+    "*PageSize Letter/Letter: \"<</PageSize[612 792]>>setpagedevice\"\n"
+    "*CloseUI: *PageSize\n"
+    "*DefaultImageableArea: Letter\n"
+    "*ImageableArea Letter/Letter: \"18 18 594 774\"\n"
+    "*DefaultPaperDimension: Letter\n"
+    "*PaperDimension Letter/Letter: \"612 792\"\n"
+    "*DefaultFont: Courier\n"
+    "*Font Courier: Standard \"(1.0)\" Standard ROM\n"
+    "*Font Helvetica: Standard \"(1.0)\" Standard ROM\n"
+    "*Font Times-Roman: Standard \"(1.0)\" Standard ROM\n";
+
+std::string PrintFile() { return Variable("JOTWRIGHT_PRINT_FILE"); }
+
+// Lines without the blanks around them; empty ones are left out.
+std::string Words(const std::string& text) {
+    std::istringstream lines(text);
+    std::string words;
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t first = line.find_first_not_of(" \t\r\f");
+        if (first != std::string::npos) {
+            const std::size_t last = line.find_last_not_of(" \t\r\f");
+            words += line.substr(first, last - first + 1) + '\n';
+        }
+    }
+    return words;
+}
+
+}  // namespace
+
+Printer::Printer() {
+    const std::string file = UnixPath(Variable("JOTWRIGHT_TEMP") + "/test.ppd");
+    WriteWholeFile(file, description);
+    RemoveFile(UnixPath(PrintFile()));
+    std::wstring data = forms::win32::Wide(file);
+    wchar_t environment[] = L"Windows x64";
+    wchar_t code[] = L"wineps.drv";
+    DRIVER_INFO_3W printerDriver{};
+    printerDriver.cVersion = 3;
+    printerDriver.pName = driverName;
+    printerDriver.pEnvironment = environment;
+    printerDriver.pDriverPath = code;
+    printerDriver.pConfigFile = code;
+    printerDriver.pDataFile = data.data();
+    if (::AddPrinterDriverExW(nullptr, 3, reinterpret_cast<BYTE*>(&printerDriver),
+                              APD_COPY_NEW_FILES | APD_COPY_FROM_DIRECTORY) == 0 &&
+        ::GetLastError() != ERROR_PRINTER_DRIVER_ALREADY_INSTALLED) {
+        throw Failure("no driver for a printer: error " + std::to_string(::GetLastError()));
+    }
+    std::wstring port = L"|cat >> " + forms::win32::Wide(PrintFile());
+    wchar_t processor[] = L"winprint";
+    wchar_t type[] = L"RAW";
+    PRINTER_INFO_2W printer{};
+    printer.pPrinterName = printerName;
+    printer.pPortName = port.data();
+    printer.pDriverName = driverName;
+    printer.pPrintProcessor = processor;
+    printer.pDatatype = type;
+    HANDLE added = ::AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&printer));
+    if (added == nullptr) {
+        throw Failure("no printer: error " + std::to_string(::GetLastError()));
+    }
+    ::ClosePrinter(added);
+    ::SetDefaultPrinterW(printerName);
+}
+
+Printer::~Printer() {
+    PRINTER_DEFAULTSW rights{nullptr, nullptr, PRINTER_ALL_ACCESS};
+    HANDLE printer = nullptr;
+    if (::OpenPrinterW(printerName, &printer, &rights) != 0) {
+        ::DeletePrinter(printer);
+        ::ClosePrinter(printer);
+    }
+}
+
+std::string Printer::WaitForPage() {
+    WaitUntil("a page is printed", [] {
+        const auto bytes = WholeFile(UnixPath(PrintFile()));
+        return bytes && bytes->find("%%EOF") != std::string::npos;
+    });
+    AskHost("print-text");
+    return Words(WholeFile(UnixPath(PrintFile() + ".txt")).value_or(""));
+}
+
+}  // namespace driver
