@@ -177,9 +177,8 @@ TEST_F(Alarms, AnAlarmComesUpWhileAMenuIsOpen) {
     RightClick(main);
     WaitUntil("a menu opens", [&] { return static_cast<bool>(program.OpenMenu()); });
     const Window display = WaitForAlarm();
-    if (program.OpenMenu()) {
-        CloseMenu(program, main);
-    }
+    EXPECT_TRUE(program.OpenMenu());
+    CloseMenu(program, main);
     CloseDisplay(display);
 }
 
