@@ -159,6 +159,33 @@ TEST_F(Alarms, AnOpenEditorRingsItself) {
     ExpectNote(title, "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
+// Both alarms are due in one second: the second note comes up while the first one's box is open and
+// shuts it off, so it must stay below the box.
+TEST_F(Alarms, ANoteThatComesUpBesideAnOpenBoxDoesNotCoverIt) {
+    WriteNote(title, "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
+    WriteNote("Rent", "\"Rent\",\"Pay\",#2031-06-02#,#09:01:00#,4,12,\"1\",0,\"yes\"\r\n");
+    StartProgram();
+    const Window rent = program.WaitFor("Rent");
+    EXPECT_TRUE(rent.IsMinimized());
+
+    Clock::Set("2031-06-02 09:00:58");
+    const Box box(program, alarmBox);
+    WaitUntil("the second note is up", [&] { return !rent.IsMinimized(); });
+    EXPECT_FALSE(rent.IsEnabled());
+    const auto liesBelowTheBox = [&] {
+        for (HWND below = program.Visible(alarmBox).front().handle; below != nullptr;
+             below = ::GetWindow(below, GW_HWNDNEXT)) {
+            if (below == rent.handle) {
+                return true;
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(ComesTrue(liesBelowTheBox));
+    box.Press("OK");
+    WaitUntil("the second note can be used", [&] { return rent.IsEnabled(); });
+}
+
 TEST_F(Alarms, AnAlarmComesUpWhileABoxIsOpen) {
     const Window main = StartWithClosedNote();
     const Window other = MakeNote(main, "Other");
