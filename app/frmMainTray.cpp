@@ -1,3 +1,4 @@
+#include "app/TrayMessages.h"
 #include "app/frmMain.h"
 #include "forms/Environment.h"
 
@@ -5,16 +6,10 @@
 
 namespace {
 
-// Mouse messages of the notification area, as the callback brings them.
-constexpr int leftButtonUp = 514;
-constexpr int leftDoubleClick = 515;
-constexpr int rightButtonUp = 517;
-
 constexpr std::uint32_t recordSize = 88;
 constexpr std::uint32_t messageIconAndTip = 7;
 // The mouse-move message: the tray's events reach the mouse-move handler.
 constexpr std::uint32_t mouseMoveMessage = 512;
-constexpr std::size_t tipLength = 64;
 
 }  // namespace
 
@@ -25,27 +20,24 @@ void frmMain::AddTrayIcon() {
     TrayIconRecord.flags = messageIconAndTip;
     TrayIconRecord.callbackMessage = mouseMoveMessage;
     TrayIconRecord.iconPath = icon().path;
-    std::string tip = caption();
-    tip.push_back('\0');
-    tip.resize(tipLength, ' ');
-    TrayIconRecord.tip = tip;
+    TrayIconRecord.tip = TrayMessages::FixedTip(caption);
     forms::Machine().tray->Add(TrayIconRecord);
 }
 
 void frmMain::Form_MouseMove(int /*button*/, int x, int /*y*/) {
     forms::SetMousePointer(forms::MousePointer::Default);
     switch (x / forms::TwipsPerPixelX()) {
-        case leftDoubleClick:
+        case TrayMessages::leftDoubleClick:
             txtNoteTitle.SetFocus();
             [[fallthrough]];
-        case leftButtonUp:
+        case TrayMessages::leftButtonUp:
             windowState = forms::WindowState::Normal;
             BringToForeground();
             mnuHide.enabled = true;
             mnuShow.enabled = false;
             Show();
             break;
-        case rightButtonUp:
+        case TrayMessages::rightButtonUp:
             // Else the menu would stay when the user clicks elsewhere.
             BringToForeground();
             PopupMenu(mnuPop);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/Settings.h"
+#include "app/TrayMessages.h"
 #include "forms/Environment.h"
 #include "forms/MsgBox.h"
 #include "forms/Runtime.h"
@@ -16,32 +17,7 @@ using PanelAction = StandardCode::SharedEvents::PanelAction;
 
 namespace {
 
-// Mouse messages of the notification area, as the callback brings them.
-constexpr int leftButtonUp = 514;
-constexpr int leftDoubleClick = 515;
-constexpr int rightButtonUp = 517;
-constexpr std::size_t tipLength = 64;
-
 std::string DateTimeText() { return forms::Machine().locale->GeneralDate(forms::Now()); }
-
-// The tip as its fixed field holds it: ended by a zero character, then blanks.
-std::string FixedTip(const std::string& caption) {
-    std::string tip;
-    std::size_t length = 0;
-    for (std::size_t position = 0; position < caption.size();) {
-        const std::size_t start = position;
-        forms::NextCharacter(caption, position);
-        const std::string character = caption.substr(start, position - start);
-        length += forms::Utf16Length(character);
-        if (length >= tipLength) {
-            break;
-        }
-        tip += character;
-    }
-    tip.push_back('\0');
-    tip.append(tipLength - forms::Utf16Length(tip), ' ');
-    return tip;
-}
 
 }  // namespace
 
@@ -172,9 +148,6 @@ void frmNote::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
         SaveBeforeTheEnd();
         return;
     }
-    if (NoteErased) {
-        Unload();
-    }
     if (Shared().ControlPanelMode) {
         CloseThroughPanel(cancel);
     } else {
@@ -235,10 +208,10 @@ void frmNote::Form_Unload(bool& /*cancel*/) {
 void frmNote::Form_MouseUp(int button, int /*x*/, int /*y*/) { txtNote_MouseUp(button); }
 
 void frmNote::Form_MouseMove(int /*button*/, int x, int /*y*/) {
-    TrayIconRecord.tip = FixedTip(caption);
+    TrayIconRecord.tip = TrayMessages::FixedTip(caption);
     switch (x / forms::TwipsPerPixelX()) {
-        case leftButtonUp:
-        case leftDoubleClick:
+        case TrayMessages::leftButtonUp:
+        case TrayMessages::leftDoubleClick:
             windowState = forms::WindowState::Normal;
             BringToForeground();
             mnuHide.enabled = true;
@@ -246,7 +219,7 @@ void frmNote::Form_MouseMove(int /*button*/, int x, int /*y*/) {
             Show();
             forms::Machine().tray->Delete(TrayIconRecord);
             break;
-        case rightButtonUp:
+        case TrayMessages::rightButtonUp:
             BringToForeground();
             PopupMenu(mnuPop);
             break;

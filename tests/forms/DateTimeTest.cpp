@@ -2,19 +2,12 @@
 
 #include "forms/DateTime.h"
 #include "forms/RuntimeError.h"
+#include "tests/support/ErrorOf.h"
 
 namespace forms {
 namespace {
 
-template <class Action>
-int ErrorOf(Action action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
+using testing_support::ErrorOf;
 
 TEST(DateTime, ZeroDateIsTheThirtiethOfDecember1899) {
     EXPECT_EQ(DateTime::FromDate(1899, 12, 30).seconds, 0);

@@ -7,6 +7,7 @@
 #include "forms/headless/HeadlessLocale.h"
 #include "forms/headless/HeadlessSettings.h"
 #include "forms/headless/MemoryFiles.h"
+#include "tests/support/ErrorOf.h"
 
 namespace testing_support {
 
@@ -36,16 +37,5 @@ class RuleDevices {
     forms::headless::HeadlessSettings settings;
     forms::headless::RecordedSystem system;
 };
-
-// The number of the error that the action raises, 0 for none.
-template <class Action>
-int ErrorOf(Action action) {
-    try {
-        action();
-    } catch (const forms::RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 }  // namespace testing_support

@@ -22,20 +22,13 @@
 #include "forms/win32/devices/WinSystem.h"
 #include "forms/win32/devices/WinTray.h"
 #include "tests/conformance/win32/TempFolder.h"
+#include "tests/support/ErrorOf.h"
 
 namespace forms::win32 {
 
 namespace {
 
-template <class Action>
-int ErrorOf(Action action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
+using testing_support::ErrorOf;
 
 std::string FromHex(std::string_view hex) {
     std::string bytes;

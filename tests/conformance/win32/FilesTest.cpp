@@ -11,21 +11,13 @@
 #include "forms/win32/devices/Handle.h"
 #include "forms/win32/devices/WinFiles.h"
 #include "tests/conformance/win32/TempFolder.h"
+#include "tests/support/ErrorOf.h"
 
 namespace forms::win32 {
 
 namespace {
 
-// The number of the error that an action throws; 0 where it throws none.
-template <class Action>
-int ErrorOf(Action action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
+using testing_support::ErrorOf;
 
 // Holds a file so that nobody else can open it.
 Handle OpenAlone(const std::string& path) {

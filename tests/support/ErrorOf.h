@@ -1,0 +1,18 @@
+#pragma once
+
+#include "forms/RuntimeError.h"
+
+namespace testing_support {
+
+// The number of the error that the action raises, 0 for none.
+template <class Action>
+int ErrorOf(Action action) {
+    try {
+        action();
+    } catch (const forms::RuntimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+}  // namespace testing_support
