@@ -3,6 +3,8 @@
 // What the program says about itself, in one place for every window that says it.
 namespace StandardCode {
 
+// "1.0.0": what the splash screen and the About box show.
+extern const char* const version;
 // Two lines, shown by the splash screen and the main window.
 inline constexpr const char* ownershipNotice = "Jotwright\r\nFree to share";
 // One line, for the About box.

@@ -25,6 +25,8 @@ if(WIN32)
     list(APPEND jotwright_compile_flags -ffunction-sections -fdata-sections)
     list(APPEND jotwright_link_flags
          -static -fstack-protector-strong -Wl,--gc-sections -Wl,--dynamicbase -Wl,--nxcompat $<$<CONFIG:Release>:-s>)
+    # The same sources are the same program, whenever it is built.
+    list(APPEND jotwright_link_flags -Wl,--no-insert-timestamp)
     if(CMAKE_SIZEOF_VOID_P EQUAL 8)
         list(APPEND jotwright_link_flags -Wl,--high-entropy-va)
     endif()

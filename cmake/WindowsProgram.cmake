@@ -18,7 +18,15 @@ target_link_libraries(Jotwright PRIVATE jotwright_core win32)
 
 if(resources)
     file(GLOB embedded CONFIGURE_DEPENDS
-         "${PROJECT_SOURCE_DIR}/assets/*.h" "${PROJECT_SOURCE_DIR}/assets/*.manifest"
+         "${PROJECT_SOURCE_DIR}/assets/*.h"
          "${PROJECT_SOURCE_DIR}/assets/icons/*" "${PROJECT_SOURCE_DIR}/assets/images/*")
-    set_source_files_properties("${resources}" PROPERTIES OBJECT_DEPENDS "${embedded}")
+    set(manifest_folder "${PROJECT_BINARY_DIR}/manifest")
+    configure_file("${PROJECT_SOURCE_DIR}/assets/jotwright.manifest.in"
+                   "${manifest_folder}/jotwright.manifest" @ONLY)
+    target_include_directories(Jotwright PRIVATE "${manifest_folder}")
+    string(REPLACE "." "," version_numbers "${PROJECT_VERSION}.0")
+    set_source_files_properties("${resources}" PROPERTIES
+        OBJECT_DEPENDS "${embedded};${manifest_folder}/jotwright.manifest"
+        COMPILE_DEFINITIONS
+            "JOTWRIGHT_VERSION=${PROJECT_VERSION};JOTWRIGHT_VERSION_NUMBERS=${version_numbers}")
 endif()

@@ -40,7 +40,7 @@ void frmAbout::Design() {
     height = 4065;
 
     lblAbout.Place(120, 120, 6900, 300);
-    lblVersion.caption = "Version 1.0.0";
+    lblVersion.caption = std::string("Version ") + StandardCode::version;
     lblVersion.Place(120, 480, 6900, 255);
     txtAbout.multiLine = true;
     txtAbout.readOnly = true;

@@ -1,5 +1,7 @@
 #include "info/frmSplash.h"
 
+#include <string>
+
 #include "alarms/frmKillAlarm.h"
 #include "app/ProductTexts.h"
 #include "app/Settings.h"
@@ -24,7 +26,7 @@ void frmSplash::Design() {
     imgLogo.Place(150, 120, 4500, 3300);
     imgLogo.sizeToPicture = true;
     imgLogo.accessibleName = "Jotwright's mascot";
-    lblLogo.caption = "Jotwright Version 1.0.0";
+    lblLogo.caption = std::string("Jotwright Version ") + StandardCode::version;
     lblLogo.fontName = "Papyrus";
     lblLogo.fontSize = 16;
     lblLogo.alignment = forms::Alignment::Center;
