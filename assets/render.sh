@@ -5,6 +5,7 @@
 #   icons/src/*.svg            -> icons/*.ico
 #   images/src/*.svg           -> images/*.ico
 #   pictures/src/*.svg         -> pictures/*.gif, pictures/*.jpg
+#   pictures/src/mascot.svg    -> installer/side.bmp, beside the installer's last page
 #
 # The rendered files are kept in the repository, so that a build needs none of the tools
 # below. Running it again without a change of a source gives the same files.
@@ -92,3 +93,7 @@ for name in jotwright_title letters mascot_error no_Fslash error; do
     gif "$name"
 done
 jpg mascot
+
+rsvg-convert --width=140 --output="$scratch/side.png" pictures/src/mascot.svg
+convert "$scratch/side.png" -background '#dbe8fa' -gravity center -extent 164x314 \
+    -alpha remove -alpha off +dither -colors 255 -type Palette -strip BMP3:installer/side.bmp

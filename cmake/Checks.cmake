@@ -15,7 +15,8 @@ jotwright_add_check(check.layers_self_test 60 "${scripts}/check-layers" --self-t
 jotwright_add_check(check.format 120 "${scripts}/check-format")
 jotwright_add_check(check.shell 60 shellcheck -x run test .ci/run scripts/lib.sh
                     scripts/check-format scripts/install-packages scripts/layout-app
-                    scripts/run-fuzzer scripts/run-windows-tests)
+                    scripts/make-installer scripts/package scripts/run-fuzzer
+                    scripts/run-windows-tests scripts/test-package)
 jotwright_add_check(check.tidy 1500 "${scripts}/check-tidy" "${PROJECT_BINARY_DIR}")
 # Long and using both processors: it starts first and nothing runs beside it.
 set_tests_properties(check.tidy PROPERTIES COST 1000 PROCESSORS 2)
@@ -40,3 +41,5 @@ if(driver_sources)
                         "${JOTWRIGHT_WINDOWS_BUILD}" windows_driver.exe)
     set_tests_properties(windows.driver PROPERTIES RUN_SERIAL ON LABELS windows)
 endif()
+jotwright_add_check(windows.package 600 "${scripts}/test-package")
+set_tests_properties(windows.package PROPERTIES RUN_SERIAL ON LABELS windows)

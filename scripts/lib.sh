@@ -33,6 +33,14 @@ end_started() {
     started=()
 }
 
+# The version of the program, such as 1.0.0.
+project_version() {
+    local version
+    version=$(sed -n 's/^project(Jotwright VERSION \([0-9.]*\).*/\1/p' "$root/CMakeLists.txt")
+    [ -n "$version" ] || die "no version in CMakeLists.txt"
+    printf '%s\n' "$version"
+}
+
 # build <preset> [target...]: configures and builds a preset of CMakePresets.json.
 build() {
     local preset=$1
@@ -106,3 +114,43 @@ prepare_wine() {
 
 # windows_path <path>: an absolute path as Windows programs under Wine name it.
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
+
+# begin_wine_run <state folder>: for a script that runs programs under Wine and leaves nothing
+# behind but what is in that folder; one run at a time uses it. Sets "state", the folder's full
+# path, and "temp", a folder that is erased at the end, and starts a display. The Wine prefix is the
+# script's to name; its programs end with the script. When the script fails, a picture of the
+# display is left in the state folder.
+#
+# The lock is descriptor 9. It must not live on in anything that is started: hence 9>&- with every
+# process that may outlive a line.
+begin_wine_run() {
+    mkdir -p "$1"
+    state=$(cd "$1" && pwd)
+    exec 9>"$state/lock"
+    flock -w 1800 9 || die "another run has kept $state for half an hour"
+    temp=$(mktemp -d "${TMPDIR:-/tmp}/jotwright.XXXXXX")
+    trap end_wine_run EXIT
+    trap 'exit 130' INT
+    trap 'exit 143' TERM HUP
+    unset DISPLAY WAYLAND_DISPLAY LD_PRELOAD
+    start_display "$temp" 9>&-
+}
+
+# shellcheck disable=SC2317  # called by the traps
+end_wine_run() {
+    local status=$?
+    trap - EXIT INT TERM HUP
+    if [ "$status" -ne 0 ] && [ -n "${DISPLAY:-}" ]; then
+        if timeout 20 import -window root "$state/failure.png" 2>/dev/null; then
+            say "The display at the end: $state/failure.png"
+        fi
+    fi
+    # Ends every program of this prefix, and waits until all have gone.
+    if [ -n "${WINEPREFIX:-}" ] && [ -n "${DISPLAY:-}" ]; then
+        wineserver -k 2>/dev/null || true
+        wineserver -w 2>/dev/null || true
+    fi
+    end_started
+    rm -rf "$temp"
+    exit "$status"
+}
