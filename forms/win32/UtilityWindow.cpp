@@ -13,6 +13,7 @@ namespace forms::win32 {
 
 namespace {
 
+// The installer knows a running copy by this name, and ends it with WM_ENDSESSION.
 constexpr wchar_t className[] = L"FormsUtility";
 constexpr UINT_PTR timerId = 1;
 constexpr std::int64_t longestWait = 60 * 60 * 1000;
