@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/Grid.h"
 #include "app/Settings.h"
 #include "app/StandardCode.h"
 #include "forms/Environment.h"
@@ -22,36 +23,37 @@ void frmAlarms::Design() {
     borderStyle = forms::BorderStyle::Dialog;
     showInTaskbar = false;
     centerOnScreen = true;
-    width = 5370;
-    height = 4620;
+    innerWidth = 5400;
+    innerHeight = 4005;
 
     fraAlarms.caption = "Choose An Alarm";
-    fraAlarms.Place(120, 120, 5040, 3450);
-    int optionTop = 300;
+    fraAlarms.Place(Grid::margin, Grid::margin, 5040, 3150);
+    int optionTop = Grid::frameTop;
     for (std::size_t index = 0; index < optAlarm.size(); ++index) {
         forms::OptionButton& option = optAlarm[index];
         option.caption = index == ownFile ? std::string("Selected .wav File")
                                           : AlarmSounds::builtIns[index].caption;
-        option.PlaceIn(fraAlarms, 240, optionTop, 2700, 315);
+        option.PlaceIn(fraAlarms, Grid::frameSide, optionTop, 4680, Grid::choiceHeight);
         option.Click = [this, index] { optAlarm_Click(static_cast<int>(index)); };
-        optionTop += 405;
+        optionTop += Grid::choiceDistance;
     }
     txtMyWaveFilePath.accessibleName = "Path of the selected .wav file";
-    txtMyWaveFilePath.PlaceIn(fraAlarms, 240, 2850, 3300, 345);
+    // Below the caption of the option that it belongs to.
+    txtMyWaveFilePath.PlaceIn(fraAlarms, 450, 2595 + Grid::fieldInButton, 3030, Grid::fieldHeight);
     cmdMyWaveFile.caption = "&Browse";
-    cmdMyWaveFile.PlaceIn(fraAlarms, 3660, 2835, 1140, 375);
+    cmdMyWaveFile.PlaceIn(fraAlarms, 3600, 2595, Grid::buttonWidth, Grid::buttonHeight);
     cmdMyWaveFile.Click = [this] { cmdMyWaveFile_Click(); };
 
     cmdTest.caption = "&Test";
-    cmdTest.Place(1140, 3690, 1260, 375);
+    cmdTest.Place(1200, 3450, Grid::buttonWidth, Grid::buttonHeight);
     cmdTest.Click = [this] { cmdTest_Click(); };
     cmdSave.caption = "&Save";
     cmdSave.isDefault = true;
-    cmdSave.Place(2520, 3690, 1260, 375);
+    cmdSave.Place(2580, 3450, Grid::buttonWidth, Grid::buttonHeight);
     cmdSave.Click = [this] { cmdSave_Click(); };
     cmdCancel.caption = "&Cancel";
     cmdCancel.isCancel = true;
-    cmdCancel.Place(3900, 3690, 1260, 375);
+    cmdCancel.Place(3960, 3450, Grid::buttonWidth, Grid::buttonHeight);
     cmdCancel.Click = [this] { cmdCancel_Click(); };
 }
 

@@ -1,19 +1,20 @@
 #include "alarms/frmKillAlarm.h"
 
+#include "app/Grid.h"
 #include "app/StandardCode.h"
 
 void frmKillAlarm::Design() {
     caption = "Jotwright Alarm";
     centerOnScreen = true;
-    width = 4530;
-    height = 1665;
+    innerWidth = 4560;
+    innerHeight = 1170;
 
     lblQuestion.caption = "Would you like to stop the current alarm?";
     lblQuestion.alignment = forms::Alignment::Center;
-    lblQuestion.Place(120, 180, 4200, 255);
+    lblQuestion.Place(Grid::margin, Grid::margin, 4200, Grid::lineHeight);
     Command1.caption = "&Stop Alarm";
     Command1.isDefault = true;
-    Command1.Place(1530, 630, 1380, 375);
+    Command1.Place(1650, 615, Grid::buttonWidth, Grid::buttonHeight);
     Command1.Click = [this] { Command1_Click(); };
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "app/Grid.h"
 #include "app/SafeFile.h"
 #include "forms/Devices.h"
 #include "forms/Environment.h"
@@ -17,8 +18,21 @@ namespace {
 const std::vector<std::string> dayNames{"Monday", "Tuesday",  "Wednesday", "Thursday",
                                         "Friday", "Saturday", "Sunday"};
 
-constexpr int firstRowTop = 1170;
-constexpr int rowDistance = 420;
+constexpr int headingTop = 900;
+constexpr int firstRowTop = headingTop + Grid::lineHeight + Grid::smallGap;
+constexpr int rowDistance = Grid::fieldHeight + 90;
+constexpr int buttonTop = firstRowTop + 7 * rowDistance + 30;
+
+// The columns.
+constexpr int numberLeft = Grid::margin;
+constexpr int enabledLeft = 600;
+constexpr int dayLeft = 2220;
+constexpr int timeLeft = 3840;
+constexpr int messageLeft = 5280;
+constexpr int enabledWidth = 1500;
+constexpr int dayWidth = 1500;
+constexpr int timeWidth = 1320;
+constexpr int messageWidth = 3660;
 
 void ReportReadError(const forms::RuntimeError& error) {
     forms::MsgBox(std::to_string(error.number()) + " - " + error.description() +
@@ -31,8 +45,9 @@ void ReportReadError(const forms::RuntimeError& error) {
 
 void frmSpecialAlarms::Design() {
     caption = "Special Alarms";
-    width = 9090;
-    height = 5085;
+    centerOnScreen = true;
+    innerWidth = 9120;
+    innerHeight = buttonTop + Grid::buttonHeight + Grid::margin;
     DesignHeadings();
     for (std::size_t i = 0; i < rowCount; ++i) {
         DesignRow(i);
@@ -41,25 +56,25 @@ void frmSpecialAlarms::Design() {
     cmdSave.caption = "&Save";
     cmdSave.toolTip = "Save Changes and Close";
     cmdSave.isDefault = true;
-    cmdSave.Place(6300, 4170, 1245, 375);
+    cmdSave.Place(6300, buttonTop, Grid::buttonWidth, Grid::buttonHeight);
     cmdSave.Click = [this] { cmdSave_Click(); };
     cmdCancel.caption = "&Close";
     cmdCancel.toolTip = "Discard Changes and Close";
     cmdCancel.isCancel = true;
-    cmdCancel.Place(7635, 4170, 1245, 375);
+    cmdCancel.Place(7680, buttonTop, Grid::buttonWidth, Grid::buttonHeight);
     cmdCancel.Click = [this] { cmdCancel_Click(); };
 }
 
 void frmSpecialAlarms::DesignHeadings() {
-    lblSPA.Place(120, 120, 8760, 615);
+    lblSPA.Place(Grid::margin, Grid::margin, 8760, 2 * Grid::lineHeight);
     lblEnable.caption = "Check To Enable";
-    lblEnable.Place(540, 840, 1530, 255);
+    lblEnable.Place(enabledLeft, headingTop, enabledWidth, Grid::lineHeight);
     lblAlarmDay.caption = "Alarm Day";
-    lblAlarmDay.Place(2160, 840, 1500, 255);
+    lblAlarmDay.Place(dayLeft, headingTop, dayWidth, Grid::lineHeight);
     lblAlarmTime.caption = "Alarm Time";
-    lblAlarmTime.Place(3780, 840, 1320, 255);
+    lblAlarmTime.Place(timeLeft, headingTop, timeWidth, Grid::lineHeight);
     lblMessage.caption = "Alarm Message";
-    lblMessage.Place(5220, 840, 3660, 255);
+    lblMessage.Place(messageLeft, headingTop, messageWidth, Grid::lineHeight);
 }
 
 void frmSpecialAlarms::DesignRow(std::size_t row) {
@@ -67,21 +82,21 @@ void frmSpecialAlarms::DesignRow(std::size_t row) {
     const int place = firstRowTop + static_cast<int>(row) * rowDistance;
 
     lblNum[row].caption = number;
-    lblNum[row].Place(120, place + 45, 360, 255);
+    lblNum[row].Place(numberLeft, place + Grid::labelInField, 360, Grid::lineHeight);
     chkEnabled[row].caption = "Enabled";
-    chkEnabled[row].Place(540, place, 1440, 315);
+    chkEnabled[row].Place(enabledLeft, place, enabledWidth, Grid::fieldHeight);
     chkEnabled[row].Click = [this] { Row_Change(); };
     cboDays[row].items = dayNames;
     cboDays[row].accessibleName = "Alarm Day " + number;
-    cboDays[row].Place(2160, place, 1500, 315);
+    cboDays[row].Place(dayLeft, place, dayWidth, Grid::fieldHeight);
     cboDays[row].Click = [this] { Row_Change(); };
     dtpTime[row].customFormat = "hh:mm tt";
     dtpTime[row].upDown = true;
     dtpTime[row].accessibleName = "Alarm Time " + number;
-    dtpTime[row].Place(3780, place, 1320, 315);
+    dtpTime[row].Place(timeLeft, place, timeWidth, Grid::fieldHeight);
     dtpTime[row].Change = [this] { Row_Change(); };
     txtMessage[row].accessibleName = "Alarm Message " + number;
-    txtMessage[row].Place(5220, place, 3660, 315);
+    txtMessage[row].Place(messageLeft, place, messageWidth, Grid::fieldHeight);
     txtMessage[row].Change = [this] { Row_Change(); };
 
     // The Tab key goes along the rows: the places that the arrays take together, dealt out anew.

@@ -1,15 +1,31 @@
+#include "app/Grid.h"
 #include "app/frmMain.h"
 
 // The main window's captions, places and the handlers behind each control and entry.
 
 using forms::Alignment;
+using Grid::buttonHeight;
+using Grid::buttonWidth;
+using Grid::frameSide;
+using Grid::frameTop;
+using Grid::lineHeight;
+using Grid::margin;
+
+namespace {
+
+// The buttons of the tool bin stand in two columns.
+constexpr int toolWidth = 2730;
+constexpr int secondTool = frameSide + toolWidth + Grid::gap;
+constexpr int toolDistance = buttonHeight + Grid::gap;
+
+}  // namespace
 
 void frmMain::Design() {
     caption = "Jotwright";
     borderStyle = forms::BorderStyle::Fixed;
     centerOnScreen = true;
-    width = 6390;
-    height = 5865;
+    innerWidth = 6300;
+    innerHeight = 5220;
     DesignControls();
     DesignMenus();
     tmrNow.interval = 1000;
@@ -27,69 +43,70 @@ void frmMain::Design() {
 void frmMain::DesignControls() {
     const auto showPopup = [this](int button, int, int) { ShowPopupOn(button); };
 
-    imgLogo.Place(180, 120, 3900, 1050);
+    imgLogo.Place(margin, margin, 3900, 1050);
     imgLogo.toolTip = "Click the logo  to visit the Jotwright website.";
     imgLogo.accessibleName = "Jotwright logo";
     imgLogo.MouseUp = [this](int button, int, int) { imgLogo_MouseUp(button); };
 
     fraNotes.caption = "Note Center";
-    fraNotes.Place(180, 1290, 5940, 1245);
+    fraNotes.Place(margin, 1350, 5940, 1200);
     fraNotes.MouseUp = showPopup;
     Label1.caption = "Enter A Name For Your New Note.";
     Label1.toolTip = "Right click to view the menu.";
-    Label1.PlaceIn(fraNotes, 180, 300, 3990, 255);
+    Label1.PlaceIn(fraNotes, frameSide, frameTop, 5580, lineHeight);
     Label1.MouseUp = showPopup;
     txtNoteTitle.accessibleName = "Enter A Name For Your New Note.";
-    txtNoteTitle.PlaceIn(fraNotes, 180, 645, 3990, 345);
+    txtNoteTitle.PlaceIn(fraNotes, frameSide, 645 + Grid::fieldInButton, 4200, Grid::fieldHeight);
     cmdMakeNote.caption = "Make &Note";
     cmdMakeNote.toolTip = "Make a new note";
     cmdMakeNote.isDefault = true;
-    cmdMakeNote.PlaceIn(fraNotes, 4320, 630, 1440, 375);
+    cmdMakeNote.PlaceIn(fraNotes, 4500, 645, buttonWidth, buttonHeight);
     cmdMakeNote.Click = [this] { cmdMakeNote_Click(); };
 
     fraTools.caption = "Tool Bin";
-    fraTools.Place(180, 2640, 5940, 1770);
+    fraTools.Place(margin, 2670, 5940, 1875);
     fraTools.MouseUp = showPopup;
     cmdSpecialAlarms.caption = "S&pecial Alarms";
     cmdSpecialAlarms.toolTip = "View or Edit Special Alarms";
-    cmdSpecialAlarms.PlaceIn(fraTools, 180, 345, 2700, 375);
+    cmdSpecialAlarms.PlaceIn(fraTools, frameSide, frameTop, toolWidth, buttonHeight);
     cmdSpecialAlarms.Click = [this] { cmdSpecialAlarms_Click(); };
     cmdViewNotes.caption = "Notes &Control Panel";
     cmdViewNotes.toolTip = "Open the notes control panel";
-    cmdViewNotes.PlaceIn(fraTools, 3060, 345, 2700, 375);
+    cmdViewNotes.PlaceIn(fraTools, secondTool, frameTop, toolWidth, buttonHeight);
     cmdViewNotes.Click = [this] { cmdViewNotes_Click(); };
     cmdTimer.caption = "&Timer";
     cmdTimer.toolTip = "Open the timer";
-    cmdTimer.PlaceIn(fraTools, 180, 810, 2700, 375);
+    cmdTimer.PlaceIn(fraTools, frameSide, frameTop + toolDistance, toolWidth, buttonHeight);
     cmdTimer.Click = [this] { cmdTimer_Click(); };
     cmdStopWatch.caption = "&Stop Watch";
     cmdStopWatch.toolTip = "Open the stop watch";
-    cmdStopWatch.PlaceIn(fraTools, 3060, 810, 2700, 375);
+    cmdStopWatch.PlaceIn(fraTools, secondTool, frameTop + toolDistance, toolWidth, buttonHeight);
     cmdStopWatch.Click = [this] { cmdStopWatch_Click(); };
     cmdCookoo.caption = "Start CooKoo &Clock";
     cmdCookoo.toolTip = "Start the cookoo clock";
-    cmdCookoo.PlaceIn(fraTools, 180, 1275, 2700, 375);
+    cmdCookoo.PlaceIn(fraTools, frameSide, frameTop + 2 * toolDistance, toolWidth, buttonHeight);
     cmdCookoo.Click = [this] { cmdCookoo_Click(); };
     lblCooKoo.caption = "CooKoo Clock Is Activated";
     lblCooKoo.visible = false;
-    lblCooKoo.PlaceIn(fraTools, 3060, 1350, 2700, 255);
+    lblCooKoo.PlaceIn(fraTools, secondTool, frameTop + 2 * toolDistance + Grid::labelInButton,
+                      toolWidth, lineHeight);
     lblCooKoo.alignment = Alignment::Center;
     lblCooKoo.MouseUp = showPopup;
 
     cmdHideMe.caption = "&Hide Me";
     cmdHideMe.toolTip = "Hide Jotwright In Tray";
-    cmdHideMe.Place(3240, 4530, 1380, 375);
+    cmdHideMe.Place(3480, 4665, buttonWidth, buttonHeight);
     cmdHideMe.Click = [this] { cmdHideMe_Click(); };
     cmdExit.caption = "E&xit";
     cmdExit.toolTip = "Close Jotwright";
-    cmdExit.Place(4740, 4530, 1380, 375);
+    cmdExit.Place(4860, 4665, buttonWidth, buttonHeight);
     cmdExit.Click = [this] { cmdExit_Click(); };
 
     lblClick.caption = "Right click to view main menu.";
-    lblClick.Place(180, 4605, 2940, 255);
+    lblClick.Place(margin, 4665 + Grid::labelInButton, 3180, lineHeight);
     lblClick.MouseUp = showPopup;
     lblCopyright.toolTip = "Right click to view the menu.";
-    lblCopyright.Place(4200, 405, 1920, 510);
+    lblCopyright.Place(4200, 450, 1920, 2 * lineHeight);
     lblCopyright.alignment = Alignment::Right;
     lblCopyright.MouseUp = showPopup;
 }

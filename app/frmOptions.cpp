@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "app/Grid.h"
 #include "app/Settings.h"
 #include "app/StandardCode.h"
 #include "forms/Devices.h"
@@ -40,53 +41,55 @@ void ReadInto(forms::CheckBox& box, const char* key) {
 
 void frmOptions::Design() {
     caption = "Note Options";
-    width = 8670;
-    height = 6045;
+    centerOnScreen = true;
+    innerWidth = 8700;
+    innerHeight = 5850;
     DesignGeneral();
     DesignFont();
     DesignColor();
 
     cmdApply.caption = "A&pply";
     cmdApply.isDefault = true;
-    cmdApply.Place(5880, 5100, 1245, 375);
+    cmdApply.Place(5880, 5295, Grid::buttonWidth, Grid::buttonHeight);
     cmdApply.Click = [this] { cmdApply_Click(); };
     cmdCancel.caption = "&Cancel";
     cmdCancel.isCancel = true;
-    cmdCancel.Place(7215, 5100, 1245, 375);
+    cmdCancel.Place(7260, 5295, Grid::buttonWidth, Grid::buttonHeight);
     cmdCancel.Click = [this] { cmdCancel_Click(); };
 }
 
 void frmOptions::DesignGeneral() {
     fraGeneral.caption = "General Options";
-    fraGeneral.Place(120, 120, 8340, 2145);
+    fraGeneral.Place(Grid::margin, Grid::margin, 8340, 2220);
     chkNoteLoops.caption =
         "Play Note Alarms Continuously.                   ( Alarms will play one time if "
         "unchecked )";
-    chkNoteLoops.PlaceIn(fraGeneral, 180, 300, 7980, 270);
     chkShowDateTime.caption = "Hide System Date And Time In Note Editor";
-    chkShowDateTime.PlaceIn(fraGeneral, 180, 660, 7980, 270);
     chkCooKooOn.caption = "Start CooKoo Clock When Jotwright Starts";
-    chkCooKooOn.PlaceIn(fraGeneral, 180, 1020, 7980, 270);
     chkIsService.caption =
         "Start Jotwright when Windows starts.    (Option Available For Windows XP only!)";
     chkIsService.enabled = false;
-    chkIsService.PlaceIn(fraGeneral, 180, 1380, 7980, 270);
     chkIsService.Click = [this] { chkIsService_Click(); };
     chkShowOnTop.caption = "Show Jotwright Notes On Top Of All Windows";
-    chkShowOnTop.PlaceIn(fraGeneral, 180, 1740, 7980, 270);
+    int place = Grid::frameTop;
+    for (forms::CheckBox* box :
+         {&chkNoteLoops, &chkShowDateTime, &chkCooKooOn, &chkIsService, &chkShowOnTop}) {
+        box->PlaceIn(fraGeneral, Grid::frameSide, place, 7980, Grid::choiceHeight);
+        place += 360;
+    }
 }
 
 void frmOptions::DesignFont() {
     static constexpr std::array<const char*, 4> captions{"10 point", "12 point", "14 point",
                                                          "16 point"};
     fraFont.caption = "Default Font Size";
-    fraFont.Place(120, 2385, 4110, 2595);
-    int place = 300;
+    fraFont.Place(Grid::margin, 2520, 4110, 2655);
+    int place = Grid::frameTop;
     for (forms::OptionButton& button : optDefaultFont) {
         button.caption = captions[static_cast<std::size_t>(button.index)];
-        button.PlaceIn(fraFont, 180, place, 1800, 270);
+        button.PlaceIn(fraFont, Grid::frameSide, place, 1800, Grid::choiceHeight);
         button.Click = [this, index = button.index] { optDefaultFont_Click(index); };
-        place += 375;
+        place += Grid::choiceDistance;
     }
 }
 
@@ -94,18 +97,18 @@ void frmOptions::DesignColor() {
     static constexpr std::array<const char*, 6> captions{"White", "Red",    "Green",
                                                          "Blue",  "Yellow", "Gray"};
     fraDefaultColor.caption = " Default Note Color";
-    fraDefaultColor.Place(4350, 2385, 4110, 2595);
-    int place = 300;
+    fraDefaultColor.Place(4410, 2520, 4110, 2655);
+    int place = Grid::frameTop;
     for (forms::OptionButton& button : optDefaultColor) {
         const auto at = static_cast<std::size_t>(button.index);
         const forms::Color color = StandardCode::noteColors[at].back;
         button.caption = captions[at];
         button.backColor = color;
-        button.PlaceIn(fraDefaultColor, 180, place, 1800, 270);
+        button.PlaceIn(fraDefaultColor, Grid::frameSide, place, 1800, Grid::choiceHeight);
         button.Click = [this, index = button.index] { optDefaultColor_Click(index); };
         shpColor[at].fillColor = color;
-        shpColor[at].PlaceIn(fraDefaultColor, 2130, place, 1740, 270);
-        place += 375;
+        shpColor[at].PlaceIn(fraDefaultColor, 2100, place, 1830, Grid::choiceHeight);
+        place += Grid::choiceDistance;
     }
 }
 

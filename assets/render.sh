@@ -4,7 +4,8 @@
 #   sounds/make_sounds.py      -> sounds/*.wav
 #   icons/src/*.svg            -> icons/*.ico
 #   images/src/*.svg           -> images/*.ico
-#   pictures/src/*.svg         -> pictures/*.gif, pictures/*.jpg
+#   pictures/src/*.svg         -> pictures/*.gif, pictures/*.jpg, and larger ones of each:
+#                                 pictures/*@2x.png, pictures/*@3x.png
 #   pictures/src/mascot.svg    -> installer/side.bmp, beside the installer's last page
 #
 # The rendered files are kept in the repository, so that a build needs none of the tools
@@ -76,23 +77,32 @@ jpg() {
         -sampling-factor 4:4:4 -quality 92 -strip "pictures/$1.jpg"
 }
 
+# larger NAME: shown in place of the picture itself where more dots are to be filled.
+larger() {
+    for times in 2 3; do
+        rsvg-convert --zoom="$times" --output="pictures/$1@${times}x.png" "pictures/src/$1.svg"
+    done
+}
+
 python3 sounds/make_sounds.py sounds
 
 for name in logo note alarmon; do
     icon icons "$name" 16 20 24 32 40 48 64 128 256
 done
-for name in tb_save tb_kill tb_print tb_hide tb_help tb_about bell; do
+for name in tb_save tb_kill tb_print tb_hide tb_help tb_about; do
     icon images "$name" 24 30 36 48 72
 done
-for name in alarmset alarmnotset run; do
+for name in alarmset alarmnotset run bell; do
     icon images "$name" 16 20 24 32 48
 done
 icon images tip 96 144 192 256
 
 for name in jotwright_title letters mascot_error no_Fslash error; do
     gif "$name"
+    larger "$name"
 done
 jpg mascot
+larger mascot
 
 rsvg-convert --width=140 --output="$scratch/side.png" pictures/src/mascot.svg
 convert "$scratch/side.png" -background '#dbe8fa' -gravity center -extent 164x314 \

@@ -19,6 +19,11 @@ void Form::Load() {
     Runtime& runtime = Runtime::Current();
     const auto pin = shared_from_this();
     state = State::Loading;
+    if (innerWidth > 0 && innerHeight > 0) {
+        const Size frame = runtime.stage.FrameSize(*this);
+        width.Adopt(innerWidth + frame.width);
+        height.Adopt(innerHeight + frame.height);
+    }
     runtime.AddLoaded(*this);
     runtime.stage.FormLoaded(*this);
     for (Timer* timer : timers) {

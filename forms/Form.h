@@ -19,7 +19,7 @@ enum class BorderStyle {
     Fixed,    // title bar, can be minimised, cannot be sized
     Sizable,  // can be minimised, maximised and sized
     Dialog,   // title bar with a close box only
-    None,     // no title bar
+    None,     // no title bar, a thin border
 };
 // Why a form is asked to unload.
 enum class UnloadMode { Code, CloseBox, SessionEnd };
@@ -53,8 +53,12 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     // Set in Design only.
     BorderStyle borderStyle = BorderStyle::Fixed;
     bool showInTaskbar = true;
-    bool centerOnScreen = false;  // else the system's own place
-    int minimumWidth = 0;         // twips, of a sizable window
+    bool centerOnScreen = false;  // else in a cascade with the windows that are open
+    // The size of the inside in twips, from which width and height follow when the form is loaded,
+    // whatever title bar and border the system draws. 0: width and height are given themselves.
+    int innerWidth = 0;
+    int innerHeight = 0;
+    int minimumWidth = 0;  // twips, of a sizable window
     int minimumHeight = 0;
 
     // Makes the form loaded: Form_Load runs. Does nothing where it is loaded.

@@ -56,6 +56,8 @@ class Stage {
     // Size of a text of several lines; fontSize in points, 0 for the form's own font.
     virtual Size MeasureText(const Form& form, const std::string& text, int fontSize) = 0;
     virtual Size InnerSize(const Form& form) = 0;
+    // What title bar, menu bar and border add to the inner size.
+    virtual Size FrameSize(const Form& form) = 0;
     virtual int TwipsPerPixelX() = 0;
     virtual void SetMousePointer(MousePointer pointer) = 0;
 };

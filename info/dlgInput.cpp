@@ -1,5 +1,6 @@
 #include "info/dlgInput.h"
 
+#include "app/Grid.h"
 #include "app/StandardCode.h"
 
 void dlgInput::Design() {
@@ -7,17 +8,17 @@ void dlgInput::Design() {
     borderStyle = forms::BorderStyle::Dialog;
     showInTaskbar = false;
     centerOnScreen = true;
-    width = 4530;
-    height = 1665;
+    innerWidth = 4560;
+    innerHeight = 1170;
 
     lblMsg.caption = "Would You Like To Erase This Message?";
     lblMsg.alignment = forms::Alignment::Center;
-    lblMsg.Place(120, 180, 4200, 255);
+    lblMsg.Place(Grid::margin, Grid::margin, 4200, Grid::lineHeight);
     cmdYes.caption = "&Yes";
-    cmdYes.Place(900, 630, 1260, 375);
+    cmdYes.Place(960, 615, Grid::buttonWidth, Grid::buttonHeight);
     cmdYes.Click = [this] { cmdYes_Click(); };
     cmdNo.caption = "&No";
-    cmdNo.Place(2280, 630, 1260, 375);
+    cmdNo.Place(2340, 615, Grid::buttonWidth, Grid::buttonHeight);
     cmdNo.Click = [this] { cmdNo_Click(); };
 }
 

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/Grid.h"
 #include "app/ProductTexts.h"
 #include "forms/Environment.h"
 #include "forms/Text.h"
@@ -36,21 +37,21 @@ void frmAbout::Design() {
     borderStyle = forms::BorderStyle::Dialog;
     showInTaskbar = false;
     centerOnScreen = true;
-    width = 7230;
-    height = 4065;
+    innerWidth = 7260;
+    innerHeight = 3675;
 
-    lblAbout.Place(120, 120, 6900, 300);
+    lblAbout.Place(Grid::margin, Grid::margin, 6900, 300);
     lblVersion.caption = std::string("Version ") + StandardCode::version;
-    lblVersion.Place(120, 480, 6900, 255);
+    lblVersion.Place(Grid::margin, 540, 6900, Grid::lineHeight);
     txtAbout.multiLine = true;
     txtAbout.readOnly = true;
     txtAbout.accessibleName = "About Jotwright";
-    txtAbout.Place(120, 840, 6900, 2100);
+    txtAbout.Place(Grid::margin, 900, 6900, 2100);
     cmdCancel.caption = "&Close";
     cmdCancel.isDefault = true;
     cmdCancel.isCancel = true;
     cmdCancel.tabIndex = 0;
-    cmdCancel.Place(5760, 3090, 1260, 375);
+    cmdCancel.Place(5820, 3120, Grid::buttonWidth, Grid::buttonHeight);
     cmdCancel.Click = [this] { cmdCancel_Click(); };
 }
 

@@ -1,5 +1,6 @@
 #include "info/frmHelp.h"
 
+#include "app/Grid.h"
 #include "forms/Environment.h"
 
 void frmHelp::Design() {
@@ -7,15 +8,15 @@ void frmHelp::Design() {
     borderStyle = forms::BorderStyle::Dialog;
     showInTaskbar = false;
     centerOnScreen = true;
-    width = 6330;
-    height = 5025;
+    innerWidth = 6360;
+    innerHeight = 4695;
 
     lblHelp.useMnemonic = false;
-    lblHelp.Place(120, 120, 6000, 3840);
+    lblHelp.Place(Grid::margin, Grid::margin, 6000, 3840);
     cmdClose.caption = "&Close";
     cmdClose.isDefault = true;
     cmdClose.isCancel = true;
-    cmdClose.Place(4860, 4080, 1260, 375);
+    cmdClose.Place(4920, 4140, Grid::buttonWidth, Grid::buttonHeight);
     cmdClose.Click = [this] { cmdClose_Click(); };
 }
 

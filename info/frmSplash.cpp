@@ -3,6 +3,7 @@
 #include <string>
 
 #include "alarms/frmKillAlarm.h"
+#include "app/Grid.h"
 #include "app/ProductTexts.h"
 #include "app/Settings.h"
 #include "app/frmMain.h"
@@ -19,11 +20,11 @@ void frmSplash::Design() {
     borderStyle = forms::BorderStyle::None;
     showInTaskbar = false;
     centerOnScreen = true;
-    width = 4800;
-    height = 4665;
+    innerWidth = 4860;
+    innerHeight = 4830;
     backColor = forms::white;
 
-    imgLogo.Place(150, 120, 4500, 3300);
+    imgLogo.Place(Grid::margin, Grid::margin, 4500, 3300);
     imgLogo.sizeToPicture = true;
     imgLogo.accessibleName = "Jotwright's mascot";
     lblLogo.caption = std::string("Jotwright Version ") + StandardCode::version;
@@ -31,9 +32,9 @@ void frmSplash::Design() {
     lblLogo.fontSize = 16;
     lblLogo.alignment = forms::Alignment::Center;
     lblLogo.foreColor = forms::Color{20, 87, 200};
-    lblLogo.Place(150, 3510, 4500, 480);
+    lblLogo.Place(Grid::margin, 3600, 4500, 480);
     lblCopyright.alignment = forms::Alignment::Center;
-    lblCopyright.Place(150, 4035, 4500, 510);
+    lblCopyright.Place(Grid::margin, 4140, 4500, 2 * Grid::lineHeight);
 
     tmrSplash.interval = 500;
     tmrSplash.Tick = [this] { tmrSplash_Timer(); };

@@ -1,5 +1,6 @@
 #include "info/frmTip.h"
 
+#include "app/Grid.h"
 #include "app/Settings.h"
 #include "forms/Environment.h"
 
@@ -15,33 +16,33 @@ void frmTip::Design() {
     borderStyle = forms::BorderStyle::Dialog;
     showInTaskbar = false;
     centerOnScreen = true;
-    width = 6810;
-    height = 3945;
+    innerWidth = 6720;
+    innerHeight = 3435;
     backColor = forms::white;
 
     Picture1.resourceName = "tip";
-    Picture1.Place(180, 180, 1440, 1440);
+    Picture1.Place(Grid::margin, Grid::margin, 1440, 1440);
     Picture1.accessibleName = "Light bulb";
     Label1.caption = "Did you know...";
     Label1.bold = true;
     Label1.fontSize = 14;
-    Label1.Place(1800, 180, 4740, 420);
+    Label1.Place(1800, Grid::margin, 4740, 420);
     lblTipText.useMnemonic = false;
     lblTipText.Place(1800, 720, 4740, 1980);
 
     chkShowTips.caption = "&Don't Show Tips at Startup";
-    chkShowTips.Place(180, 2940, 3300, 375);
+    chkShowTips.Place(Grid::margin, 2880, 3300, Grid::buttonHeight);
     cmdNextTip.caption = "&Next Tip";
-    cmdNextTip.Place(3930, 2940, 1260, 375);
+    cmdNextTip.Place(3900, 2880, Grid::buttonWidth, Grid::buttonHeight);
     cmdNextTip.Click = [this] { cmdNextTip_Click(); };
     cmdOK.caption = "OK";
     cmdOK.isDefault = true;
-    cmdOK.Place(5310, 2940, 1260, 375);
+    cmdOK.Place(5280, 2880, Grid::buttonWidth, Grid::buttonHeight);
     cmdOK.Click = [this] { cmdOK_Click(); };
-    // The buttons come before the check box: Enter is what a reader of tips presses.
+    // The first to have the focus: Enter is what a reader of tips presses.
     cmdOK.tabIndex = 0;
-    cmdNextTip.tabIndex = 1;
-    chkShowTips.tabIndex = 2;
+    chkShowTips.tabIndex = 1;
+    cmdNextTip.tabIndex = 2;
 }
 
 void frmTip::Form_Load() {

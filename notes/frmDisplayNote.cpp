@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/Grid.h"
 #include "app/Settings.h"
 #include "app/StandardCode.h"
 #include "forms/Environment.h"
@@ -15,8 +16,9 @@ using StandardCode::Shared;
 
 namespace {
 
-constexpr int margin = 120;
-constexpr int textTop = 540;
+using Grid::margin;
+constexpr int lineTop = 510;
+constexpr int textTop = 660;
 // The colour index of a shade that is none of the others.
 constexpr std::int16_t lastColorIndex = 6;
 
@@ -60,8 +62,8 @@ std::weak_ptr<frmDisplayNote>& LastOpened() {
 void frmDisplayNote::Design() {
     caption = "note";
     borderStyle = forms::BorderStyle::Sizable;
-    width = 4800;
-    height = 3900;
+    innerWidth = 4800;
+    innerHeight = 3660;
     minimumWidth = 2400;
     minimumHeight = 1800;
 
@@ -69,10 +71,10 @@ void frmDisplayNote::Design() {
     lblJotwright.toolTip = "Left Click To View PopUp Menu";
     lblJotwright.bold = true;
     lblJotwright.fontSize = 10;
-    lblJotwright.Place(margin, margin, 1800, 270);
+    lblJotwright.Place(margin, margin, 1800, 285);
     lblJotwright.MouseUp = [this](int button, int, int) { ShowPopupOn(button); };
-    Line1[0].Place(margin, 435, 4440, 0);
-    Line1[1].Place(margin, 480, 4440, 0);
+    Line1[0].Place(margin, lineTop, 4440, 0);
+    Line1[1].Place(margin, lineTop + 45, 4440, 0);
 
     lblNoteText.multiLine = true;
     lblNoteText.fontSize = 12;
@@ -99,11 +101,11 @@ void frmDisplayNote::Form_Load() {
 }
 
 void frmDisplayNote::Form_Resize() {
-    const int innerWidth = std::max(ScaleWidth() - 2 * margin, 0);
+    const int room = std::max(ScaleWidth() - 2 * margin, 0);
     for (forms::Line& line : Line1) {
-        line.width = innerWidth;
+        line.width = room;
     }
-    lblNoteText.width = innerWidth;
+    lblNoteText.width = room;
     lblNoteText.height = std::max(ScaleHeight() - textTop - margin, 0);
 }
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "app/Grid.h"
 #include "forms/Runtime.h"
 #include "notes/frmNote.h"
 
@@ -12,25 +13,29 @@ constexpr int heightWithoutDateTime = 6300;
 constexpr const char* showDateTime = "Show &System Date/Time";
 constexpr const char* hideDateTime = "Hide &System Date/Time";
 
-constexpr int margin = 120;
-constexpr int gap = 90;
-constexpr int toolbarHeight = 420;
-constexpr int alarmHeight = 1155;
-constexpr int buttonHeight = 375;
+using Grid::buttonHeight;
+using Grid::gap;
+using Grid::margin;
+constexpr int toolbarHeight = 480;
+// The pictures in its buttons stand above the edge of the text.
+constexpr int toolbarPlace = 60;
+constexpr int alarmHeight = 1275;
 // The date-and-time panel with the margin below it: what the two heights of the window differ by.
 constexpr int panelRoom = heightWithDateTime - heightWithoutDateTime;
 constexpr int smallestText = 600;
 
 // In the alarm frame.
-constexpr int firstColumn = 120;
-constexpr int secondColumn = 2040;
-constexpr int markerColumn = 3750;
-constexpr int thirdColumn = 4110;
-constexpr int labelTop = 270;
-constexpr int pickerTop = 525;
+constexpr int firstColumn = Grid::frameSide;
 constexpr int dateWidth = 1740;
-constexpr int timeWidth = 1560;
+constexpr int secondColumn = firstColumn + dateWidth + gap;
+constexpr int timeWidth = 1740;
+constexpr int markerColumn = secondColumn + timeWidth + gap;
+constexpr int markerSize = 240;
+constexpr int thirdColumn = markerColumn + markerSize + gap;
 constexpr int actionWidth = 2160;
+constexpr int labelTop = Grid::frameTop;
+constexpr int pickerTop = labelTop + Grid::lineHeight + Grid::smallGap;
+constexpr int audioTop = labelTop + buttonHeight + 90;
 
 }  // namespace
 
@@ -44,10 +49,10 @@ void frmNote::Design() {
     caption = "Note";
     borderStyle = forms::BorderStyle::Sizable;
     // Narrower than the 514 pixels at which the pointer reaches a message of the notification area.
-    width = 6900;
+    width = 7200;
     height = heightWithDateTime;
-    minimumWidth = 6900;
-    minimumHeight = 4200;
+    minimumWidth = 7200;
+    minimumHeight = 5250;
 
     txtNote.multiLine = true;
     txtNote.toolTip = "  Double Click To View The  Menu.";
@@ -88,22 +93,23 @@ void frmNote::DesignToolbar() {
 void frmNote::DesignAlarm() {
     fraAlarm.caption = "Schedule Alarm";
     lblDate.caption = "Select Alarm Date";
-    lblDate.PlaceIn(fraAlarm, firstColumn, labelTop, dateWidth, 225);
-    dtDate.PlaceIn(fraAlarm, firstColumn, pickerTop, dateWidth, 330);
+    lblDate.PlaceIn(fraAlarm, firstColumn, labelTop, dateWidth, Grid::lineHeight);
+    dtDate.PlaceIn(fraAlarm, firstColumn, pickerTop, dateWidth, Grid::fieldHeight);
     dtDate.Change = [this] { NoteChanged = true; };
     lblTime.caption = "Select Alarm Time";
-    lblTime.PlaceIn(fraAlarm, secondColumn, labelTop, timeWidth, 225);
-    dtTime.PlaceIn(fraAlarm, secondColumn, pickerTop, timeWidth, 330);
+    lblTime.PlaceIn(fraAlarm, secondColumn, labelTop, timeWidth, Grid::lineHeight);
+    dtTime.PlaceIn(fraAlarm, secondColumn, pickerTop, timeWidth, Grid::fieldHeight);
     dtTime.Change = [this] { NoteChanged = true; };
 
     shpCalBody.shape = forms::ShapeKind::Rectangle;
     shpCalBody.PlaceIn(fraAlarm, firstColumn, labelTop, dateWidth, 765);
     shpMonth.shape = forms::ShapeKind::Rectangle;
     shpMonth.fillColor = {255, 176, 160};
-    shpMonth.PlaceIn(fraAlarm, firstColumn, labelTop, dateWidth, 300);
+    shpMonth.PlaceIn(fraAlarm, firstColumn, labelTop, dateWidth, 315);
     lblCalMonth.alignment = forms::Alignment::Center;
     lblCalMonth.foreColor = forms::black;
-    lblCalMonth.PlaceIn(fraAlarm, firstColumn + 60, labelTop + 45, dateWidth - 120, 225);
+    lblCalMonth.PlaceIn(fraAlarm, firstColumn + 60, labelTop + 45, dateWidth - 120,
+                        Grid::lineHeight);
     lblDayYear.alignment = forms::Alignment::Center;
     lblDayYear.foreColor = forms::black;
     lblDayYear.fontSize = 10;
@@ -121,9 +127,9 @@ void frmNote::DesignAlarm() {
     cmdAlarm.Click = [this] { cmdAlarm_Click(); };
     imgAlarm.accessibleName = "Alarm Set";
     imgAlarm.visible = false;
-    imgAlarm.PlaceIn(fraAlarm, markerColumn, labelTop + 60, 240, 240);
+    imgAlarm.PlaceIn(fraAlarm, markerColumn, labelTop + 60, markerSize, markerSize);
     chkAudioAlarm.caption = "Turn On Audio Alarm";
-    chkAudioAlarm.PlaceIn(fraAlarm, thirdColumn, 735, actionWidth, 300);
+    chkAudioAlarm.PlaceIn(fraAlarm, thirdColumn, audioTop, actionWidth, Grid::choiceHeight);
     chkAudioAlarm.Click = [this] { chkAudioAlarm_Click(); };
     chkAudioAlarm.MouseUp = [this](int button, int, int) {
         if (button == forms::leftButton) {
@@ -134,7 +140,7 @@ void frmNote::DesignAlarm() {
     imgBell.toolTip = "Audio Alarm Set";
     imgBell.accessibleName = "Audio Alarm Set";
     imgBell.visible = false;
-    imgBell.PlaceIn(fraAlarm, markerColumn, 765, 240, 240);
+    imgBell.PlaceIn(fraAlarm, markerColumn, audioTop + 15, markerSize, markerSize);
 }
 
 void frmNote::DesignDateTime() {
@@ -201,14 +207,14 @@ void frmNote::Arrange() {
     }
     const bool showsPanel = cmdShowDateTime.caption() == hideDateTime;
     const int room = ScaleWidth() - 2 * margin;
-    const int textTop = toolbarHeight + gap;
+    const int textTop = toolbarHeight + 2 * toolbarPlace;
     const int below = gap + alarmHeight + gap + buttonHeight + margin;
     const int panelTop =
         std::max(ScaleHeight() - (showsPanel ? panelRoom : 0), textTop + smallestText + below);
-    tlbMain.Place(0, 0, ScaleWidth(), toolbarHeight);
+    tlbMain.Place(margin - toolbarPlace, toolbarPlace, room, toolbarHeight);
     txtNote.Place(margin, textTop, room, panelTop - below - textTop);
     fraAlarm.Place(margin, panelTop - margin - buttonHeight - gap - alarmHeight, room, alarmHeight);
     cmdShowDateTime.Place(margin, panelTop - margin - buttonHeight, 2700, buttonHeight);
     fraCurrentTime.Place(margin, panelTop, room, panelRoom - margin);
-    lblSysTime.Place(margin, 300, room - 2 * margin, 480);
+    lblSysTime.Place(Grid::frameSide, 270, room - 2 * Grid::frameSide, 2 * Grid::lineHeight);
 }

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/Grid.h"
 #include "app/StandardCode.h"
 #include "forms/Devices.h"
 #include "forms/Environment.h"
@@ -28,6 +29,12 @@ constexpr int alarmSet = 0;
 constexpr int alarmNotSet = 1;
 constexpr std::size_t titleColumn = 1;
 
+// Five buttons, wide enough for the longest caption, stand below the list.
+constexpr int buttonWidth = 1500;
+constexpr int buttonDistance = buttonWidth + Grid::gap;
+constexpr int listWidth = 4 * buttonDistance + buttonWidth;
+constexpr int buttonTop = 4860;
+
 forms::ListView::Row RowOf(const StandardCode::NoteRecord& note) {
     if (note.AlarmState == "0") {
         return {
@@ -46,23 +53,24 @@ std::string TotalText() { return "Total Notes: " + std::to_string(Shared().NoteC
 
 void frmViewNotes::Design() {
     caption = "Notes Control Panel";
-    width = 7650;
-    height = 5760;
+    centerOnScreen = true;
+    innerWidth = listWidth + 2 * Grid::margin;
+    innerHeight = buttonTop + Grid::buttonHeight + Grid::margin;
 
     lblTotalNotes.caption = "Total Notes: 0";
     lblTotalNotes.foreColor = forms::black;
-    lblTotalNotes.Place(120, 120, 7320, 255);
-    lvwNotes.columns = {{"Status", 780}, {"Note Title", 3690}, {"Alarm Time", 2490}};
+    lblTotalNotes.Place(Grid::margin, Grid::margin, listWidth, Grid::lineHeight);
+    lvwNotes.columns = {{"Status", 780}, {"Note Title", 4320}, {"Alarm Time", 2490}};
     lvwNotes.images = {"alarmset", "alarmnotset"};
     lvwNotes.accessibleName = "Notes";
-    lvwNotes.Place(120, 450, 7320, 3870);
+    lvwNotes.Place(Grid::margin, 495, listWidth, 3870);
     lvwNotes.ItemClick = [this] { EnableActions(true); };
     lvwNotes.DoubleClick = [this] { cmdEdit_Click(); };
     lvwNotes.MouseUp = [this](int button, int, int) { lvwNotes_MouseUp(button); };
     lstNotes.visible = false;
     lstNotes.Click = [this] { EnableActions(true); };
     lblSelNote.caption = "Highlight any note and click 'Erase' to remove that note.";
-    lblSelNote.Place(120, 4425, 7320, 255);
+    lblSelNote.Place(Grid::margin, 4485, listWidth, Grid::lineHeight);
     DesignButtons();
 
     mnuPop.inMenuBar = false;
@@ -76,21 +84,21 @@ void frmViewNotes::Design() {
 
 void frmViewNotes::DesignButtons() {
     cmdOpenAll.caption = "&Open All Notes";
-    cmdOpenAll.Place(120, 4785, 1920, 375);
     cmdOpenAll.Click = [this] { cmdOpenAll_Click(); };
     cmdNew.caption = "&New";
-    cmdNew.Place(2145, 4785, 1245, 375);
     cmdNew.Click = [this] { cmdNew_Click(); };
     cmdEdit.caption = "&Edit";
-    cmdEdit.Place(3495, 4785, 1245, 375);
     cmdEdit.Click = [this] { cmdEdit_Click(); };
     cmdRemove.caption = "&Erase";
-    cmdRemove.Place(4845, 4785, 1245, 375);
     cmdRemove.Click = [this] { cmdRemove_Click(); };
     cmdOK.caption = "&Close";
     cmdOK.isCancel = true;
-    cmdOK.Place(6195, 4785, 1245, 375);
     cmdOK.Click = [this] { cmdOK_Click(); };
+    int place = Grid::margin;
+    for (forms::CommandButton* button : {&cmdOpenAll, &cmdNew, &cmdEdit, &cmdRemove, &cmdOK}) {
+        button->Place(place, buttonTop, buttonWidth, Grid::buttonHeight);
+        place += buttonDistance;
+    }
 }
 
 void frmViewNotes::Form_Load() {

@@ -52,13 +52,13 @@ build() {
     cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}
 }
 
-# start_display <folder for logs>: an X server on a free display number with a window manager
+# start_display <folder for logs> [<width>x<height>]: an X server on a free display number with a window manager
 # (without one, each window that closes stalls Wine for two seconds). Sets DISPLAY and adds both to
 # the array "started". setsid: they outlive a Ctrl+C and the script that leaves them behind.
 start_display() {
     local number="$1/display-number"
     rm -f "$number"
-    setsid Xvfb -displayfd 3 -screen 0 1280x1024x24 -dpi 96 -nolisten tcp \
+    setsid Xvfb -displayfd 3 -screen 0 "${2:-1280x1024}x24" -dpi 96 -nolisten tcp \
         3>"$number" >"$1/xvfb.log" 2>&1 </dev/null &
     started+=("$!")
     wait_for 20 test -s "$number" || die "Xvfb did not start, see $1/xvfb.log"
@@ -115,7 +115,7 @@ prepare_wine() {
 # windows_path <path>: an absolute path as Windows programs under Wine name it.
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
-# begin_wine_run <state folder>: for a script that runs programs under Wine and leaves nothing
+# begin_wine_run <state folder> [<width>x<height>]: for a script that runs programs under Wine and leaves nothing
 # behind but what is in that folder; one run at a time uses it. Sets "state", the folder's full
 # path, and "temp", a folder that is erased at the end, and starts a display. The Wine prefix is the
 # script's to name; its programs end with the script. When the script fails, a picture of the
@@ -133,7 +133,7 @@ begin_wine_run() {
     trap 'exit 130' INT
     trap 'exit 143' TERM HUP
     unset DISPLAY WAYLAND_DISPLAY LD_PRELOAD
-    start_display "$temp" 9>&-
+    start_display "$temp" "${2:-}" 9>&-
 }
 
 # shellcheck disable=SC2317  # called by the traps

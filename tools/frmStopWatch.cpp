@@ -2,46 +2,47 @@
 
 #include <string>
 
+#include "app/Grid.h"
 #include "forms/Devices.h"
 #include "forms/Environment.h"
 #include "forms/Text.h"
 
 void frmStopWatch::Design() {
     caption = "Novelty Stop Watch";
-    width = 5130;
-    height = 5115;
+    innerWidth = 5760;
+    innerHeight = 4545;
 
     lblMessage.caption = "Elapsed Time";
     lblMessage.alignment = forms::Alignment::Center;
-    lblMessage.Place(120, 120, 4800, 255);
+    lblMessage.Place(Grid::margin, Grid::margin, 5400, Grid::lineHeight);
     lblTime.caption = "00:00:00";
     lblTime.alignment = forms::Alignment::Center;
     lblTime.fontSize = 20;
     lblTime.bold = true;
-    lblTime.Place(120, 420, 4800, 570);
+    lblTime.Place(Grid::margin, 465, 5400, 600);
     lblTrys.caption = "Total Watch Starts: 0";
-    lblTrys.Place(120, 1560, 4800, 255);
+    lblTrys.Place(Grid::margin, 1680, 5400, Grid::lineHeight);
 
     cmdStart.caption = "&Start";
-    cmdStart.Place(120, 1080, 1125, 375);
+    cmdStart.Place(Grid::margin, 1185, Grid::buttonWidth, Grid::buttonHeight);
     cmdStart.Click = [this] { cmdStart_Click(); };
     cmdStop.caption = "S&top";
     cmdStop.enabled = false;
-    cmdStop.Place(1345, 1080, 1125, 375);
+    cmdStop.Place(1560, 1185, Grid::buttonWidth, Grid::buttonHeight);
     cmdStop.Click = [this] { cmdStop_Click(); };
     cmdSave.caption = "Sa&ve";
     cmdSave.toolTip = "Click To Save The Current Time";
     cmdSave.enabled = false;
-    cmdSave.Place(2570, 1080, 1125, 375);
+    cmdSave.Place(2940, 1185, Grid::buttonWidth, Grid::buttonHeight);
     cmdSave.Click = [this] { cmdSave_Click(); };
     cmdClose.caption = "&Close";
-    cmdClose.Place(3795, 1080, 1125, 375);
+    cmdClose.Place(4320, 1185, Grid::buttonWidth, Grid::buttonHeight);
     cmdClose.Click = [this] { cmdClose_Click(); };
 
-    lvwTime.columns = {{" ", 480}, {"Run", 1560}, {"Ending Time", 2400}};
+    lvwTime.columns = {{" ", 480}, {"Run", 2010}, {"Ending Time", 2550}};
     lvwTime.images = {"run"};
     lvwTime.accessibleName = "Saved times";
-    lvwTime.Place(120, 1905, 4800, 2370);
+    lvwTime.Place(Grid::margin, 1995, 5400, 2370);
 
     mnuFile.caption = "&File";
     mnuFileSave.caption = "&Save Current Time";

@@ -1,5 +1,6 @@
 #include "tools/frmTimer.h"
 
+#include "app/Grid.h"
 #include "forms/Devices.h"
 #include "forms/Environment.h"
 #include "forms/MsgBox.h"
@@ -7,29 +8,29 @@
 
 void frmTimer::Design() {
     caption = "Novelty Timer";
-    width = 4050;
-    height = 2955;
+    innerWidth = 4380;
+    innerHeight = 2865;
 
-    fraTimeLeft.Place(120, 120, 3720, 1140);
-    // The frame has no caption, so the label may begin right below its upper edge.
-    lblTime.PlaceIn(fraTimeLeft, 120, 210, 3480, 810);
+    fraTimeLeft.Place(Grid::margin, Grid::margin, 4020, 1485);
+    lblTime.fontSize = 12;
+    lblTime.PlaceIn(fraTimeLeft, Grid::frameSide, 315, 3660, 990);
     lblTime.alignment = forms::Alignment::Center;
 
     lblInst.caption = "Enter Time In Total Minutes";
-    lblInst.Place(120, 1455, 2520, 255);
+    lblInst.Place(Grid::margin, 1785 + Grid::labelInField, 2640, Grid::lineHeight);
     txtMinutes.accessibleName = "Enter Time In Total Minutes";
-    txtMinutes.Place(2730, 1410, 1110, 330);
+    txtMinutes.Place(2940, 1785, Grid::buttonWidth, Grid::fieldHeight);
 
     cmdStart.caption = "&Start Timer";
     cmdStart.isDefault = true;
-    cmdStart.Place(120, 1920, 1170, 375);
+    cmdStart.Place(Grid::margin, 2310, Grid::buttonWidth, Grid::buttonHeight);
     cmdStart.Click = [this] { cmdStart_Click(); };
     cmdStop.caption = "&Stop Timer";
     cmdStop.enabled = false;
-    cmdStop.Place(1395, 1920, 1170, 375);
+    cmdStop.Place(1560, 2310, Grid::buttonWidth, Grid::buttonHeight);
     cmdStop.Click = [this] { cmdStop_Click(); };
     cmdClose.caption = "&Close";
-    cmdClose.Place(2670, 1920, 1170, 375);
+    cmdClose.Place(2940, 2310, Grid::buttonWidth, Grid::buttonHeight);
     cmdClose.Click = [this] { cmdClose_Click(); };
     txtMinutes.tabIndex = 0;
 

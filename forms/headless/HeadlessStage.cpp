@@ -272,14 +272,20 @@ Size HeadlessStage::InnerSize(const Form& form) {
     if (form.windowState() == WindowState::Maximized) {
         size = screen;
     }
+    const Size frame = FrameSize(form);
+    return {std::max(size.width - frame.width, 0), std::max(size.height - frame.height, 0)};
+}
+
+Size HeadlessStage::FrameSize(const Form& form) {
+    Size frame;
     if (form.borderStyle != BorderStyle::None) {
-        size.width -= 2 * borderWidth;
-        size.height -= 2 * borderWidth + captionHeight;
+        frame.width += 2 * borderWidth;
+        frame.height += 2 * borderWidth + captionHeight;
     }
     if (HasMenuBar(form)) {
-        size.height -= menuBarHeight;
+        frame.height += menuBarHeight;
     }
-    return {std::max(size.width, 0), std::max(size.height, 0)};
+    return frame;
 }
 
 }  // namespace forms::headless

@@ -124,6 +124,7 @@ class HeadlessStage : public Stage {
     void ArmTimer(std::optional<std::int64_t> due) override { clock.Arm(due); }
     Size MeasureText(const Form& form, const std::string& text, int fontSize) override;
     Size InnerSize(const Form& form) override;
+    Size FrameSize(const Form& form) override;
     int TwipsPerPixelX() override { return 15; }
     void SetMousePointer(MousePointer newPointer) override { pointer = newPointer; }
 

@@ -12,6 +12,10 @@ COLORREF ToColorRef(Color color);
 // system: COLOR_BTNFACE and so on, where the model names no colour.
 COLORREF ToColorRef(const std::optional<Color>& color, int system);
 
+// A text or line of the wanted colour on this background; black or white instead where it could
+// hardly be told from it. Colours that the program chooses meet those of the user's theme here.
+COLORREF ReadableOn(COLORREF background, COLORREF wanted);
+
 // Shared brushes; not to be deleted.
 HBRUSH SolidBrush(COLORREF color);
 

@@ -127,6 +127,9 @@ std::optional<LRESULT> FormWindow::OnLiveMessage(UINT message, WPARAM wParam, LP
             return 0;
         case dpiChangedMessage:
             Rescale(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+            if (!sizing) {
+                ReportPlace();
+            }
             return 0;
         case WM_SETCURSOR:
             if (state.hourglass && LOWORD(lParam) == HTCLIENT) {
@@ -228,7 +231,7 @@ HBRUSH FormWindow::OnColor(UINT message, HDC dc, HWND child) {
         return nullptr;
     }
     ::SetBkColor(dc, BackColor());
-    ::SetTextColor(dc, ::GetSysColor(COLOR_BTNTEXT));
+    ::SetTextColor(dc, ReadableOn(BackColor(), ::GetSysColor(COLOR_BTNTEXT)));
     return SolidBrush(BackColor());
 }
 

@@ -7,6 +7,22 @@ namespace forms::win32 {
 
 COLORREF FormWindow::BackColor() const { return ToColorRef(form->backColor(), COLOR_BTNFACE); }
 
+COLORREF FormWindow::ColorBehind(const Control& control) const {
+    const RECT place = AreaOf(control);
+    COLORREF color = BackColor();
+    for (const auto& peer : peers) {
+        if (peer->control.kind != ControlKind::Shape || !peer->control.IsEffectivelyVisible()) {
+            continue;
+        }
+        const RECT area = peer->Area();
+        RECT common{};
+        if (::IntersectRect(&common, &area, &place) != 0 && ::EqualRect(&common, &place) != 0) {
+            color = ToColorRef(static_cast<const Shape&>(peer->control).fillColor());
+        }
+    }
+    return color;
+}
+
 void FormWindow::OnPaint() {
     PAINTSTRUCT paint{};
     HDC dc = ::BeginPaint(handle, &paint);

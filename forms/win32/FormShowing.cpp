@@ -5,38 +5,12 @@
 #include "forms/Runtime.h"
 #include "forms/win32/Dpi.h"
 #include "forms/win32/FormWindow.h"
+#include "forms/win32/Placing.h"
 
 // How a form's window appears, disappears, moves and becomes the active one.
 namespace forms::win32 {
 
 namespace {
-
-RECT WorkAreaAt(const RECT& place) {
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    ::GetMonitorInfoW(::MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor);
-    return monitor.rcWork;
-}
-
-// The work area that the user looks at: of the active window, else the main one.
-RECT CurrentWorkArea() {
-    RECT place{};
-    if (HWND active = ::GetActiveWindow(); active != nullptr && ::IsIconic(active) == 0) {
-        ::GetWindowRect(active, &place);
-    }
-    return WorkAreaAt(place);
-}
-
-// Moved so that it lies on a monitor; the upper left corner has precedence.
-RECT OnScreen(RECT place) {
-    const RECT work = WorkAreaAt(place);
-    LONG x = std::min(0L, work.right - place.right);
-    x = std::max(x, work.left - place.left);
-    LONG y = std::min(0L, work.bottom - place.bottom);
-    y = std::max(y, work.top - place.top);
-    ::OffsetRect(&place, x, y);
-    return place;
-}
 
 // Whether the user works with this program just now.
 bool HasForeground() {
@@ -77,31 +51,36 @@ void MakeActive(HWND window) {
 
 }  // namespace
 
-RECT FormWindow::WantedPlace() const {
-    const int width = Pixels(form->width);
-    const int height = Pixels(form->height);
-    RECT place{};
-    const bool wasPlaced = form->left() != 0 || form->top() != 0;
-    if (form->centerOnScreen || (!wasPlaced && form->borderStyle == BorderStyle::None)) {
-        const RECT work = CurrentWorkArea();
-        place.left = work.left + (work.right - work.left - width) / 2;
-        place.top = work.top + (work.bottom - work.top - height) / 2;
-    } else if (wasPlaced) {
-        place.left = Pixels(form->left);
-        place.top = Pixels(form->top);
-    } else {
-        ::GetWindowRect(handle, &place);
+// Upper left corners of the windows that the user sees, or will see.
+std::vector<POINT> FormWindow::TakenPlaces() const {
+    std::vector<POINT> taken;
+    for (const FormWindow* other : state.windows) {
+        if (other != this && other->IsLive() && other->form->IsVisible()) {
+            taken.push_back({other->Pixels(other->form->left), other->Pixels(other->form->top)});
+        }
     }
-    place.right = place.left + width;
-    place.bottom = place.top + height;
-    return OnScreen(place);
+    return taken;
+}
+
+RECT FormWindow::WantedPlace() const {
+    const SIZE size = OuterSize();
+    const bool wasPlaced = form->left() != 0 || form->top() != 0;
+    if (form->centerOnScreen || form->borderStyle == BorderStyle::None) {
+        return placing::Centered(size);
+    }
+    if (!wasPlaced) {
+        const int step = SystemMetric(SM_CYCAPTION, dpi) + SystemMetric(SM_CYSIZEFRAME, dpi);
+        return placing::Cascaded(size, step, TakenPlaces());
+    }
+    const int left = Pixels(form->left);
+    const int top = Pixels(form->top);
+    return placing::OnScreen({left, top, left + size.cx, top + size.cy});
 }
 
 void FormWindow::ApplyBounds() {
     const int left = Pixels(form->left);
     const int top = Pixels(form->top);
-    const int width = Pixels(form->width);
-    const int height = Pixels(form->height);
+    const auto [width, height] = OuterSize();
     if (::IsIconic(handle) == 0 && ::IsZoomed(handle) == 0) {
         ::SetWindowPos(handle, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
         return;

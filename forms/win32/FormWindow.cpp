@@ -90,7 +90,7 @@ DWORD FormWindow::Style(const Form& form) {
         case BorderStyle::None:
             break;
     }
-    return WS_POPUP | WS_CLIPCHILDREN;
+    return WS_POPUP | WS_BORDER | WS_CLIPCHILDREN;
 }
 
 DWORD FormWindow::ExtendedStyle(const Form& form) {
@@ -107,6 +107,23 @@ DWORD FormWindow::ExtendedStyle(const Form& form) {
 bool FormWindow::HasMenuBar(const Form& form) {
     return std::any_of(form.Menus().begin(), form.Menus().end(),
                        [](const Menu* menu) { return menu->inMenuBar && menu->visible; });
+}
+
+SIZE FormWindow::FrameSize(const Form& form, int dpi) {
+    const RECT frame = FrameAround(Style(form), ExtendedStyle(form), HasMenuBar(form), dpi);
+    return SIZE{frame.right - frame.left, frame.bottom - frame.top};
+}
+
+// As the model has it, but exact to the pixel where the model asks for a size of the inside.
+SIZE FormWindow::OuterSize() const {
+    const SIZE frame = FrameSize(*form, dpi);
+    const auto exact = [this](int outer, int inner, LONG frameLength) {
+        const LONG pixels = Pixels(outer);
+        const LONG wanted = Pixels(inner) + frameLength;
+        return inner > 0 && form->borderStyle != BorderStyle::Sizable ? wanted : pixels;
+    };
+    return SIZE{exact(form->width, form->innerWidth, frame.cx),
+                exact(form->height, form->innerHeight, frame.cy)};
 }
 
 HWND FormWindow::BaseOwner() const {
@@ -136,9 +153,11 @@ bool FormWindow::CreateBare() {
     }
     state.windows.push_back(this);
     dpi = DpiOf(handle);
-    const RECT place = WantedPlace();
+    RECT place = WantedPlace();
     ::SetWindowPos(handle, form->IsTopMost() ? HWND_TOPMOST : HWND_TOP, place.left, place.top,
                    place.right - place.left, place.bottom - place.top, SWP_NOACTIVATE);
+    // On a monitor of another resolution it has been scaled meanwhile.
+    ::GetWindowRect(handle, &place);
     form->left.Adopt(Twips(place.left));
     form->top.Adopt(Twips(place.top));
     ApplyIcon();
@@ -287,7 +306,7 @@ void FormWindow::ApplyIcon() {
         const int pixels = SystemMetric(metric, dpi);
         HICON icon =
             form->icon().path.empty() ? nullptr : images::FileIcon(form->icon().path, pixels);
-        if (icon == nullptr && form->borderStyle != BorderStyle::Dialog) {
+        if (icon == nullptr) {
             icon = images::ProgramIcon(pixels);
         }
         ::SendMessageW(handle, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
@@ -375,8 +394,13 @@ void FormWindow::LayoutControls() {
 void FormWindow::Rescale(int newDpi, const RECT& suggested) {
     const Applying applying(state);
     dpi = newDpi;
-    ::SetWindowPos(handle, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-                   suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    SIZE size{suggested.right - suggested.left, suggested.bottom - suggested.top};
+    if (form->borderStyle != BorderStyle::Sizable) {
+        // Title bars do not grow exactly as the resolution does.
+        size = OuterSize();
+    }
+    ::SetWindowPos(handle, nullptr, suggested.left, suggested.top, size.cx, size.cy,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
     ApplyIcon();
     LayoutControls();
 }

@@ -87,6 +87,8 @@ class FormWindow {
     // Paints what lies below the native controls: background, frames, images, shapes, lines.
     void PaintSurface(HDC dc);
     COLORREF BackColor() const;
+    // The colour of the surface below a control: of the shape that it lies on, else the form's.
+    COLORREF ColorBehind(const Control& control) const;
     // Something on the surface has changed; whatever shows it is painted again.
     void InvalidateSurface(const RECT& area);
     // The default button is drawn as one, or the push button that has the focus.
@@ -97,13 +99,17 @@ class FormWindow {
     static DWORD Style(const Form& form);
     static DWORD ExtendedStyle(const Form& form);
     static bool HasMenuBar(const Form& form);
+    // What title bar, menu bar and border add to the client area, in pixels.
+    static SIZE FrameSize(const Form& form, int dpi);
 
   private:
     FormWindow(Form& windowForm, StageState& stageState);
     bool CreateBare();
     void Fill();
     void CreateControls();
+    SIZE OuterSize() const;
     RECT WantedPlace() const;
+    std::vector<POINT> TakenPlaces() const;
     void ApplyBounds();
     void ApplyIcon();
     void Show();

@@ -53,8 +53,9 @@ class FramePeer : public SurfacePeer {
         PaintBorder(dc, border);
         ::RestoreDC(dc, saved);
         ::SetBkMode(dc, TRANSPARENT);
-        ::SetTextColor(
-            dc, ::GetSysColor(frame.IsEffectivelyEnabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+        const COLORREF wanted =
+            ::GetSysColor(frame.IsEffectivelyEnabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT);
+        ::SetTextColor(dc, ReadableOn(window.BackColor(), wanted));
         ::DrawTextW(dc, caption.c_str(), -1, &text, format | DT_END_ELLIPSIS);
     }
 

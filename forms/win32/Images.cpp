@@ -20,6 +20,8 @@ namespace forms::win32::images {
 
 namespace {
 
+using Pixmap = std::unique_ptr<Gdiplus::Bitmap>;
+
 // Started with the first picture and never shut down: the pictures live as long as the process.
 void StartGdiPlus() {
     static const bool started = [] {
@@ -31,7 +33,7 @@ void StartGdiPlus() {
 }
 
 // Through a copy in memory, so that the file is not kept open.
-std::unique_ptr<Gdiplus::Bitmap> ReadPicture(const std::string& path) {
+Pixmap ReadPicture(const std::string& path) {
     StartGdiPlus();
     std::string bytes;
     try {
@@ -44,13 +46,43 @@ std::unique_ptr<Gdiplus::Bitmap> ReadPicture(const std::string& path) {
     if (stream == nullptr) {
         return nullptr;
     }
-    auto picture = std::make_unique<Gdiplus::Bitmap>(stream);
+    Pixmap picture = std::make_unique<Gdiplus::Bitmap>(stream);
     stream->Release();  // the picture holds its own reference
     return picture->GetLastStatus() == Gdiplus::Ok ? std::move(picture) : nullptr;
 }
 
 bool IsIconFile(const std::string& path) {
     return path.size() > 4 && ::lstrcmpiA(path.c_str() + path.size() - 4, ".ico") == 0;
+}
+
+// Kept from the first use on; null where there is none that can be read.
+Gdiplus::Bitmap* CachedPicture(const std::string& path) {
+    static std::map<std::string, Pixmap> cache;
+    const auto [at, isNew] = cache.try_emplace(path);
+    if (isNew) {
+        at->second = ReadPicture(path);
+    }
+    return at->second.get();
+}
+
+// The picture for this width in pixels: beside "error.gif" may lie the same picture with twice and
+// three times its dots, "error@2x.png" and "error@3x.png".
+Gdiplus::Bitmap* PictureFor(const std::string& path, int width) {
+    Gdiplus::Bitmap* const plain = CachedPicture(path);
+    Gdiplus::Bitmap* best = plain;
+    for (UINT times = 2; times <= 3 && best != nullptr; ++times) {
+        if (static_cast<int>(best->GetWidth()) >= width) {
+            break;
+        }
+        const std::string stem = path.substr(0, path.find_last_of('.'));
+        Gdiplus::Bitmap* larger = CachedPicture(stem + '@' + std::to_string(times) + "x.png");
+        // One of another shape belongs to another picture.
+        if (larger != nullptr && larger->GetWidth() == times * plain->GetWidth() &&
+            larger->GetHeight() == times * plain->GetHeight()) {
+            best = larger;
+        }
+    }
+    return best;
 }
 
 // An icon file as it lies on the disk: a header and one entry for each frame.
@@ -156,15 +188,11 @@ void DrawFile(HDC dc, const std::string& path, const RECT& area) {
         }
         return;
     }
-    static std::map<std::string, std::unique_ptr<Gdiplus::Bitmap>> cache;
-    const auto [at, isNew] = cache.try_emplace(path);
-    if (isNew) {
-        at->second = ReadPicture(path);
-    }
-    if (at->second == nullptr) {
+    Gdiplus::Bitmap* found = PictureFor(path, width);
+    if (found == nullptr) {
         return;
     }
-    Gdiplus::Bitmap& picture = *at->second;
+    Gdiplus::Bitmap& picture = *found;
     Gdiplus::Graphics graphics(dc);
     // The borders of an enlarged picture are not mixed with what lies beyond them.
     Gdiplus::ImageAttributes attributes;

@@ -41,8 +41,10 @@ class LabelPeer : public SurfacePeer {
 
     void PaintOver(HDC dc, const RECT& inside) override {
         const Selected font(dc, Font());
-        ::SetTextColor(dc, label.IsEffectivelyEnabled() ? ToColorRef(label.foreColor, COLOR_BTNTEXT)
-                                                        : ::GetSysColor(COLOR_GRAYTEXT));
+        const COLORREF wanted = label.IsEffectivelyEnabled()
+                                    ? ToColorRef(label.foreColor, COLOR_BTNTEXT)
+                                    : ::GetSysColor(COLOR_GRAYTEXT);
+        ::SetTextColor(dc, ReadableOn(window.ColorBehind(label), wanted));
         UINT format = DT_EXPANDTABS | DT_WORDBREAK;
         format |= label.alignment == Alignment::Center  ? UINT{DT_CENTER}
                   : label.alignment == Alignment::Right ? UINT{DT_RIGHT}

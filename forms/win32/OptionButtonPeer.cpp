@@ -46,6 +46,7 @@ class OptionButtonPeer : public Peer {
         }
         const COLORREF back = ToColorRef(*button.backColor());
         ::SetBkColor(dc, back);
+        ::SetTextColor(dc, ReadableOn(back, ::GetSysColor(COLOR_BTNTEXT)));
         return SolidBrush(back);
     }
 

@@ -88,7 +88,8 @@ class LinePeer : public PaintedPeer {
         RECT area = Area();
         area.right = std::max(area.right, area.left + 1);
         area.bottom = std::max(area.bottom, area.top + 1);
-        ::FillRect(dc, &area, SolidBrush(ToColorRef(line.color())));
+        ::FillRect(dc, &area,
+                   SolidBrush(ReadableOn(window.ColorBehind(line), ToColorRef(line.color()))));
     }
 
   private:

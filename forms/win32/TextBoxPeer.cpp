@@ -62,8 +62,9 @@ class TextBoxPeer : public Peer {
     HBRUSH OnColor(HDC dc) override {
         const bool isPlain = textBox.enabled && !textBox.readOnly;
         const COLORREF back = ToColorRef(textBox.backColor, isPlain ? COLOR_WINDOW : COLOR_BTNFACE);
-        ::SetTextColor(dc, textBox.enabled ? ToColorRef(textBox.foreColor, COLOR_WINDOWTEXT)
-                                           : ::GetSysColor(COLOR_GRAYTEXT));
+        const COLORREF wanted = textBox.enabled ? ToColorRef(textBox.foreColor, COLOR_WINDOWTEXT)
+                                                : ::GetSysColor(COLOR_GRAYTEXT);
+        ::SetTextColor(dc, ReadableOn(back, wanted));
         ::SetBkColor(dc, back);
         return SolidBrush(back);
     }

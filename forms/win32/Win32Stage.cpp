@@ -169,11 +169,14 @@ Size Win32Stage::InnerSize(const Form& form) {
         ::GetClientRect(window->handle, &inside);
         return Size{window->Twips(inside.right), window->Twips(inside.bottom)};
     }
+    const Size frame = FrameSize(form);
+    return Size{form.width - frame.width, form.height - frame.height};
+}
+
+Size Win32Stage::FrameSize(const Form& form) {
     const int dpi = DpiFor(form);
-    const RECT frame = FrameAround(FormWindow::Style(form), FormWindow::ExtendedStyle(form),
-                                   FormWindow::HasMenuBar(form), dpi);
-    return Size{form.width - ToTwips(frame.right - frame.left, dpi),
-                form.height - ToTwips(frame.bottom - frame.top, dpi)};
+    const SIZE frame = FormWindow::FrameSize(form, dpi);
+    return Size{ToTwips(frame.cx, dpi), ToTwips(frame.cy, dpi)};
 }
 
 int Win32Stage::TwipsPerPixelX() { return 1440 / CurrentDpi(); }

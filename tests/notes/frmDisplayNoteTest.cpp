@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "app/Grid.h"
 #include "app/StandardCode.h"
 #include "forms/Gestures.h"
 #include "notes/NotesArray.h"
@@ -191,11 +192,11 @@ TEST_F(AlarmDisplay, ItsTextFollowsTheWindowsSize) {
     Fill({.Title = "Dentist"});
     const auto display = Display();
     user->Size(*display, 9000, 6000);
-    EXPECT_EQ(display->lblNoteText.width(), display->ScaleWidth() - 240);
+    EXPECT_EQ(display->lblNoteText.width(), display->ScaleWidth() - 2 * Grid::margin);
     EXPECT_EQ(display->lblNoteText.top() + display->lblNoteText.height(),
-              display->ScaleHeight() - 120);
-    EXPECT_EQ(display->Line1[0].width(), display->ScaleWidth() - 240);
-    EXPECT_EQ(display->Line1[1].width(), display->ScaleWidth() - 240);
+              display->ScaleHeight() - Grid::margin);
+    EXPECT_EQ(display->Line1[0].width(), display->ScaleWidth() - 2 * Grid::margin);
+    EXPECT_EQ(display->Line1[1].width(), display->ScaleWidth() - 2 * Grid::margin);
 }
 
 TEST_F(AlarmDisplay, PlaysTheSoundOnceWithoutABox) {

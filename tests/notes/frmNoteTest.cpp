@@ -155,7 +155,7 @@ TEST_F(frmNoteTest, TheTextTakesTheRoomOfALargerWindow) {
     user->Size(note, note.width + 1500, note.height + 900);
     EXPECT_EQ(note.txtNote.width(), width + 1500);
     EXPECT_EQ(note.txtNote.height(), height + 900);
-    EXPECT_EQ(note.tlbMain.width(), note.ScaleWidth());
+    EXPECT_EQ(note.tlbMain.width(), note.txtNote.width());
 }
 
 TEST_F(frmNoteTest, NothingOverlapsInTheSmallestWindow) {

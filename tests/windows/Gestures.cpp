@@ -172,6 +172,12 @@ void UseHands(const std::string& xdotoolArguments) { AskHost(xdotoolArguments); 
 
 void TakePicture(const std::string& name) { AskHost("picture " + name); }
 
+void TakePicture(const std::string& name, const RECT& part) {
+    AskHost("picture " + name + ' ' + std::to_string(part.right - part.left) + 'x' +
+            std::to_string(part.bottom - part.top) + '+' + std::to_string(part.left) + '+' +
+            std::to_string(part.top));
+}
+
 namespace tray {
 
 void LeftClick(const Window& owner) {

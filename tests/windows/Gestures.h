@@ -42,6 +42,8 @@ void AskHost(const std::string& line);
 void UseHands(const std::string& xdotoolArguments);
 // Keeps a picture of the display under this name.
 void TakePicture(const std::string& name);
+// Of a part of the display.
+void TakePicture(const std::string& name, const RECT& part);
 
 // What the program's icon in the notification area reports to the window that owns it.
 namespace tray {

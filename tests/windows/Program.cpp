@@ -40,9 +40,9 @@ void Program::Forget() {
     id = 0;
 }
 
-void Program::Start(const std::string& path) {
+void Program::Start(const std::string& path, const std::string& argument) {
     Kill();
-    std::wstring command = L'"' + Wide(path) + L'"';
+    std::wstring command = Wide('"' + path + "\" " + argument);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION information{};

@@ -18,7 +18,7 @@ class Program {
     Program& operator=(const Program&) = delete;
 
     // path: of the executable. Failure where it does not start.
-    void Start(const std::string& path);
+    void Start(const std::string& path, const std::string& argument = "");
     bool Runs() const;
     // Waits for the end; the exit code.
     DWORD WaitForEnd();

@@ -1,0 +1,28 @@
+#pragma once
+
+// The measures that all windows are laid out with, in twips. They leave room for the message fonts
+// of all versions of the system.
+namespace Grid {
+
+inline constexpr int margin = 180;   // between a window's edge and what stands in it
+inline constexpr int gap = 120;      // between controls, and between frames
+inline constexpr int smallGap = 60;  // between a label and what it names below it
+
+inline constexpr int buttonWidth = 1260;
+inline constexpr int buttonHeight = 375;
+inline constexpr int fieldHeight = 345;   // text boxes, pickers, drop-down lists
+inline constexpr int choiceHeight = 270;  // check boxes and option buttons
+inline constexpr int choiceDistance = 375;
+inline constexpr int lineHeight = 255;  // a line of the message font
+
+// Within a frame, counted from its own corner.
+inline constexpr int frameSide = 180;
+inline constexpr int frameTop = 330;
+inline constexpr int frameBottom = 180;
+
+// From the top of a field or a button to that of a label, or a field, in the same line.
+inline constexpr int labelInField = (fieldHeight - lineHeight) / 2;
+inline constexpr int labelInButton = (buttonHeight - lineHeight) / 2;
+inline constexpr int fieldInButton = (buttonHeight - fieldHeight) / 2;
+
+}  // namespace Grid

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+// Where windows open. All lengths are pixels of the screen.
+namespace forms::win32::placing {
+
+// In the middle of the monitor that the user looks at: the active window's, else the main one.
+RECT Centered(SIZE size);
+// The first place of a cascade on that monitor that none of the taken corners holds: each place
+// lies a step to the right of and below the one before.
+RECT Cascaded(SIZE size, int step, const std::vector<POINT>& taken);
+// Moved so that it lies on a monitor; the upper left corner has precedence.
+RECT OnScreen(RECT place);
+
+}  // namespace forms::win32::placing

@@ -1,0 +1,28 @@
+#include <string>
+
+#include "alarms/frmKillAlarm.h"
+#include "forms/Devices.h"
+#include "forms/Runtime.h"
+#include "forms/win32/MakeDevices.h"
+#include "forms/win32/MakeStage.h"
+#include "info/dlgInput.h"
+#include "info/frmHelp.h"
+
+// Shows a window that the program holds ready and opens nowhere, so that its picture can be taken.
+// usage: spare_windows frmHelp|dlgInput|frmKillAlarm
+int main(int count, char** arguments) {
+    const std::string name = count > 1 ? arguments[1] : "";
+    const auto stage = forms::win32::MakeStage();
+    forms::Machine() = forms::win32::MakeDevices();
+    forms::Runtime runtime(*stage);
+    runtime.Run([&name] {
+        if (name == "frmHelp") {
+            forms::Default<frmHelp>().Show();
+        } else if (name == "dlgInput") {
+            forms::Default<dlgInput>().Show();
+        } else if (name == "frmKillAlarm") {
+            forms::Default<frmKillAlarm>().Show();
+        }
+    });
+    return 0;
+}
