@@ -49,6 +49,8 @@ void frmMain::CheckSpecialAlarms(forms::DateTime now) {
         if (message.empty()) {
             message = "No Special Message";
         }
+        // The cuckoo's own timer goes on while the message waits: it would end the alarm's sound.
+        Shared().AlarmSounding = true;
         forms::Machine().sound->Play(Shared().AlarmSoundPath, forms::Sound::Mode::Loop);
         forms::MsgBox(
             "Message for " + Shared().SpecialAlarmDay[row] + "               \r\n\r\n" + message,

@@ -305,3 +305,19 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentWhileAnAlarmSounds) {
     AdvanceTo(15, 0, 40);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
 }
+
+TEST_F(frmMainClockTest, TheCuckooIsSilentAsLongAsASpecialAlarmWaits) {
+    SetNow(2004, 5, 14, 14, 59, 50);
+    StartQuietly();
+    user->Click(Main().cmdCookoo);
+    SetSpecialAlarm(0, "Friday", DateTime::FromTime(15, 0, 15), "now");
+    stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
+                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok, [this] {
+                         stage->Jump(3600 - 10);
+                         Advance(20'000);  // past the next hour
+                         EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav");
+                     });
+    AdvanceTo(16, 0, 40);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
+    EXPECT_FALSE(StandardCode::Shared().AlarmSounding);
+}

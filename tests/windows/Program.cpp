@@ -30,7 +30,52 @@ BOOL CALLBACK Collect(HWND window, LPARAM data) {
     return TRUE;
 }
 
+BOOL CALLBACK CountOne(HWND /*window*/, LPARAM data) {
+    ++*reinterpret_cast<std::size_t*>(data);
+    return TRUE;
+}
+
+// As the system lists the handles of all processes.
+struct HandleEntry {
+    void* object;
+    ULONG_PTR process;
+    ULONG_PTR handle;
+    ULONG access;
+    USHORT creator;
+    USHORT type;
+    ULONG attributes;
+    ULONG reserved;
+};
+struct HandleList {
+    ULONG_PTR count;
+    ULONG_PTR reserved;
+    HandleEntry entries[1];
+};
+constexpr ULONG listOfHandles = 64;
+using QuerySystem = LONG(WINAPI*)(ULONG information, void* memory, ULONG size, ULONG* needed);
+
+// GetProcessHandleCount would tell it sooner, but not everywhere.
+std::size_t CountHandles(DWORD process) {
+    const auto query = reinterpret_cast<QuerySystem>(reinterpret_cast<void*>(
+        ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation")));
+    std::vector<ULONG_PTR> memory(1 << 17);
+    const auto size = static_cast<ULONG>(memory.size() * sizeof(ULONG_PTR));
+    if (query == nullptr || query(listOfHandles, memory.data(), size, nullptr) != 0) {
+        return 0;
+    }
+    const auto& list = *reinterpret_cast<const HandleList*>(memory.data());
+    return static_cast<std::size_t>(
+        std::count_if(list.entries, list.entries + list.count,
+                      [&](const HandleEntry& entry) { return entry.process == process; }));
+}
+
 }  // namespace
+
+std::string Objects::Text() const {
+    return std::to_string(windows) + " windows, " + std::to_string(children) + " children, " +
+           std::to_string(handles) + " handles, " + std::to_string(gdi) + " GDI objects, " +
+           std::to_string(user) + " USER objects";
+}
 
 Program::~Program() { Kill(); }
 
@@ -112,6 +157,18 @@ void Program::WaitUntilGone(const std::string& caption) const {
         throw Failure("the window \"" + caption +
                       "\" stays; those of the program:" + Description());
     }
+}
+
+Objects Program::CountObjects() const {
+    Objects objects;
+    for (const Window& window : Windows()) {
+        ++objects.windows;
+        ::EnumChildWindows(window.handle, &CountOne, reinterpret_cast<LPARAM>(&objects.children));
+    }
+    objects.handles = CountHandles(id);
+    objects.gdi = ::GetGuiResources(process, GR_GDIOBJECTS);
+    objects.user = ::GetGuiResources(process, GR_USEROBJECTS);
+    return objects;
 }
 
 Window Program::OpenMenu() const {

@@ -2,12 +2,25 @@
 
 #include <windows.h>
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
 #include "tests/windows/Window.h"
 
 namespace driver {
+
+// What a process holds at a moment. Where the system does not tell a number, it is 0.
+struct Objects {
+    std::size_t windows = 0;   // top-level ones, hidden ones included
+    std::size_t children = 0;  // and all in them
+    std::size_t handles = 0;   // of files, events, threads and the like
+    std::size_t gdi = 0;
+    std::size_t user = 0;
+
+    bool operator==(const Objects&) const = default;
+    std::string Text() const;
+};
 
 // One running copy of the program under test. Killed with this object, unless it has ended.
 class Program {
@@ -32,6 +45,7 @@ class Program {
     // Waits for a visible one.
     Window WaitFor(const std::string& caption, const std::string& className = "") const;
     void WaitUntilGone(const std::string& caption) const;
+    Objects CountObjects() const;
     // A menu that is open; a null window where none is.
     Window OpenMenu() const;
     std::string Description() const;

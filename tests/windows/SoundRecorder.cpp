@@ -19,6 +19,7 @@ constexpr std::uint64_t headerSize = 44;
 constexpr std::uint64_t rate = 8000;
 constexpr std::size_t block = 800;  // a tenth of a second
 constexpr double loud = 300;        // of 32768
+constexpr std::size_t pause = rate / 20;
 // Enough to tell the sounds apart: the cuckoo's second call, the pips of the clock.
 constexpr std::uint64_t longEnough = rate * 7 / 10;
 
@@ -109,6 +110,20 @@ double SoundRecorder::SoundingTime(std::uint64_t since) const {
     const auto first = std::find_if(samples.begin(), samples.end(), &IsLoud);
     const auto last = std::find_if(samples.rbegin(), samples.rend(), &IsLoud).base();
     return first < last ? static_cast<double>(last - first) / static_cast<double>(rate) : 0;
+}
+
+int SoundRecorder::CountSounds(std::uint64_t since) const {
+    int sounds = 0;
+    std::size_t silent = pause;
+    for (const double sample : Samples(since)) {
+        if (!IsLoud(sample)) {
+            ++silent;
+            continue;
+        }
+        sounds += silent >= pause ? 1 : 0;
+        silent = 0;
+    }
+    return sounds;
 }
 
 std::string SoundRecorder::WaitForSound(std::uint64_t since) const {

@@ -20,6 +20,9 @@ class SoundRecorder {
     void WaitForSilence() const;
     // From the first to the last that has sounded since then, in seconds.
     double SoundingTime(std::uint64_t since) const;
+    // How many sounds have begun since then, with a pause of a twentieth of a second or more
+    // between one and the next.
+    int CountSounds(std::uint64_t since) const;
     // Whether something has sounded since then.
     bool HasSounded(std::uint64_t since) const;
 

@@ -1,0 +1,141 @@
+#include <algorithm>
+#include <cctype>
+
+#include "tests/windows/DriverTest.h"
+
+namespace driver {
+
+namespace {
+
+constexpr const char* caption = "Choose An Alarm";
+constexpr const char* ownFile = "Selected .wav File";
+
+std::string LowerCase(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char character) { return std::tolower(character); });
+    return text;
+}
+
+}  // namespace
+
+class AlarmSounds : public DriverTest {
+  protected:
+    Window Open(const Window& main) const;
+    static void Select(const Window& window, const std::string& option);
+    // A box that has nothing but its text.
+    void ExpectBox(const std::string& boxCaption, const std::string& text) const;
+};
+
+Window AlarmSounds::Open(const Window& main) const {
+    ChooseFromMenuBar(program, main, barChooseAlarmSound);
+    const Window window = program.WaitFor(caption);
+    WaitUntilFilled(window, "Edit");
+    return window;
+}
+
+void AlarmSounds::Select(const Window& window, const std::string& option) {
+    window.Button(option).Click();
+    WaitUntil("the option is selected", [&] { return window.Button(option).IsChecked(); });
+    window.Send(WM_NULL);
+}
+
+void AlarmSounds::ExpectBox(const std::string& boxCaption, const std::string& text) const {
+    const Box box(program, boxCaption);
+    EXPECT_EQ(box.Text(), text);
+    box.Press("OK");
+}
+
+TEST_F(AlarmSounds, AFileOfTheUsersOwnIsTriedAndSaved) {
+    // Not quite the path of a built-in sound.
+    const std::string stored = folder + "\\" + LowerCase("Bell alarm.wav");
+    ASSERT_NE(stored, folder + "\\Bell alarm.wav");
+    WriteSetting("Config", "Alarm", stored);
+    const std::string own = UnixPath(Variable("JOTWRIGHT_TEMP")) +
+                            "\\Gl\xC3\xB6"
+                            "ckchen.WAV";
+    WriteWholeFile(own, WholeFile(folder + "\\Alarm clock.wav").value());
+    const Window main = StartProgram();
+    Window window = Open(main);
+    EXPECT_TRUE(window.Button(ownFile).IsChecked());
+    EXPECT_EQ(window.Only("Edit").Text(), stored);
+
+    // Saving has to wait until a file has been looked for, be it in vain.
+    Select(window, "Alert Chime");
+    EXPECT_TRUE(window.Button("&Save").IsEnabled());
+    EXPECT_FALSE(window.Button("&Browse").IsEnabled());
+    Select(window, ownFile);
+    EXPECT_FALSE(window.Button("&Save").IsEnabled());
+    window.Button("&Browse").Click();
+    const auto dialog = [&] {
+        for (const Window& other : program.Windows()) {
+            if (other.IsVisible() && other.ClassName() == "#32770") {
+                return other;
+            }
+        }
+        return Window();
+    };
+    WaitUntil("the dialog opens", [&] { return static_cast<bool>(dialog()); });
+    dialog().Post(WM_COMMAND, IDCANCEL);
+    WaitUntil("the dialog has gone", [&] { return !dialog(); });
+    WaitUntil("it can be saved", [&] { return window.Button("&Save").IsEnabled(); });
+    EXPECT_EQ(window.Only("Edit").Text(), stored);
+
+    window.Only("Edit").Type("");
+    window.Button("&Test").Click();
+    ExpectBox("No File To Test", "Please Select A .wav File To Play");
+    EXPECT_TRUE(ComesTrue([&] { return window.Only("Edit").HasFocus(); }));
+    window.Button("&Save").Click();
+    ExpectBox("No File Selected", "Please Select A .wav File");
+    window.Only("Edit").Type("C:\\sounds\\bell.wave");
+    window.Button("&Save").Click();
+    ExpectBox("Error Loading .wav File", "The File Selected Was Not A Valid .wav File!       ");
+    EXPECT_TRUE(ComesTrue([&] { return window.Only("Edit").Text().empty(); }));
+    EXPECT_EQ(Setting("Config", "Alarm"), stored);
+
+    window.Only("Edit").Type(own);
+    std::uint64_t before = recorder.Now();
+    window.Button("&Test").Click();
+    {
+        const Box box(program, alarmBox);
+        EXPECT_EQ(box.Text(), "        Sampling Selected .wav File          ");
+        EXPECT_EQ(recorder.WaitForSound(before), "Alarm clock.wav");
+        // The file is one second long.
+        EXPECT_TRUE(ComesTrue([&] { return recorder.SoundingTime(before) > 2; })) << "it loops";
+        box.Press("OK");
+    }
+    recorder.WaitForSilence();
+    before = recorder.Now();
+    window.Only("Edit").Type(own + ".wav");
+    window.Button("&Test").Click();
+    ExpectBox(alarmBox, "        Sampling Selected .wav File          ");
+    EXPECT_FALSE(recorder.HasSounded(before)) << "there is no such file";
+
+    window.Only("Edit").Type("  " + own + " ");
+    window.Button("&Save").Click();
+    program.WaitUntilGone(caption);
+    EXPECT_EQ(Setting("Config", "Alarm"), "  " + own + " ");
+    window = Open(main);
+    EXPECT_TRUE(window.Button(ownFile).IsChecked());
+    EXPECT_EQ(window.Only("Edit").Text(), "  " + own + " ");
+}
+
+TEST_F(AlarmSounds, ASoundThatWasClickedButNotSavedIsKeptForThisRun) {
+    WriteSetting("Config", "Alarm", folder + "\\Alarm clock.wav");
+    WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
+    const Window main = StartProgram();
+    const Window window = Open(main);
+    EXPECT_TRUE(window.Button("Alarm Clock").IsChecked());
+    Select(window, "Bell Alarm");
+    window.Button("&Cancel").Click();
+    program.WaitUntilGone(caption);
+    EXPECT_EQ(Setting("Config", "Alarm"), folder + "\\Alarm clock.wav");
+
+    const std::uint64_t before = recorder.Now();
+    Clock::Set("2031-06-02 09:00:58");
+    const Box box(program, alarmBox);
+    EXPECT_EQ(recorder.WaitForSound(before), "Bell alarm.wav");
+    box.Press("OK");
+    recorder.WaitForSilence();
+}
+
+}  // namespace driver

@@ -1,0 +1,214 @@
+#include <windows.h>
+
+#include "tests/windows/DriverTest.h"
+
+namespace driver {
+
+// Its seconds are real ones, whatever the clock shows.
+class Countdown : public DriverTest {
+  protected:
+    Window Open(const Window& main) const;
+    static void Start(const Window& timer, const std::string& entry);
+    static void Stop(const Window& timer);
+    static bool Shows(const Window& timer, const std::string& minutes, const std::string& seconds);
+    static void WaitUntilItShows(const Window& timer, const std::string& minutes,
+                                 const std::string& seconds);
+    void ReadAllTips(const Window& main);
+    void ReadAbout(const Window& main);
+};
+
+Window Countdown::Open(const Window& main) const {
+    main.Button("&Timer").Click();
+    const Window timer = program.WaitFor("Novelty Timer");
+    WaitUntilFilled(timer, "Edit");
+    return timer;
+}
+
+void Countdown::Start(const Window& timer, const std::string& entry) {
+    timer.Only("Edit").Type(entry);
+    timer.Button("&Start Timer").Click();
+}
+
+void Countdown::Stop(const Window& timer) {
+    WaitUntil("it runs", [&] { return timer.Button("&Stop Timer").IsEnabled(); });
+    timer.Button("&Stop Timer").Click();
+    WaitUntil("it stands", [&] { return timer.Button("&Start Timer").IsEnabled(); });
+    EXPECT_TRUE(Shows(timer, "0 Minutes", "0 Seconds"));
+    EXPECT_EQ(timer.Only("Edit").Text(), "");
+    EXPECT_TRUE(timer.Only("Edit").HasFocus());
+}
+
+bool Countdown::Shows(const Window& timer, const std::string& minutes, const std::string& seconds) {
+    return static_cast<bool>(
+        timer.FindChild("Static", "Time Left:\r\n" + minutes + "\r\n" + seconds));
+}
+
+void Countdown::WaitUntilItShows(const Window& timer, const std::string& minutes,
+                                 const std::string& seconds) {
+    WaitUntil("it shows " + minutes + ' ' + seconds,
+              [&] { return Shows(timer, minutes, seconds); });
+}
+
+void Countdown::ReadAllTips(const Window& main) {
+    const std::vector<std::string> texts{
+        "Create up to 100 personalized notes.",
+        "To view the main menu - Right click the Jotwright Icon in the system tray or Right click "
+        "any part of the main Jotwright window.",
+        "Place the mouse pointer over any button to view a Tool Tip.",
+        "Visit the Jotwright website by clicking on the main menu.",
+        "Note font size and background color can be changed for each note.",
+        "When Jotwright is stopped, all saved notes will be restarted when Jotwright is restarted.",
+        "View the Help files by clicking the 'Help' button on any notes toolbar.",
+        "Any time you hide a note, all changes to that note are saved.",
+        "To start Jotwright when Windows starts, place a shortcut link in the Startup Directory",
+        "Thats all of the tips we have. Have fun using the Jotwright!",
+    };
+    const std::string caption = "Jotwright - Tips and Tricks";
+    // The box shows what was read at the start of the program, not what was saved since.
+    WriteSetting("Startup", "View Tips", "0");
+    ChooseFromMenuBar(program, main, barShowTips);
+    const Window tips = program.WaitFor(caption);
+    WaitUntilFilled(tips, "Static");
+    EXPECT_FALSE(main.IsEnabled());
+    EXPECT_TRUE(tips.FindChild("Static", "Did you know..."));
+    EXPECT_TRUE(tips.Button("&Don't Show Tips at Startup").IsChecked());
+    for (const std::string& text : texts) {
+        WaitUntil("this tip is shown: " + text,
+                  [&] { return static_cast<bool>(tips.FindChild("Static", text)); });
+        if (text != texts.back()) {
+            EXPECT_TRUE(tips.Button("&Next Tip").IsEnabled());
+            tips.Button("&Next Tip").Click();
+        }
+    }
+    EXPECT_TRUE(ComesTrue([&] { return !tips.Button("&Next Tip").IsEnabled(); }));
+    tips.Button("OK").Click();
+    program.WaitUntilGone(caption);
+    EXPECT_EQ(Setting("Startup", "View Tips"), "1");
+
+    // The next time it is a window of its own again.
+    ChooseFromMenuBar(program, main, barShowTips);
+    const Window again = program.WaitFor(caption);
+    WaitUntilFilled(again, "Static");
+    EXPECT_TRUE(again.FindChild("Static", texts.front()));
+    EXPECT_FALSE(again.Button("&Don't Show Tips at Startup").IsChecked());
+    again.Close();
+    program.WaitUntilGone(caption);
+    EXPECT_EQ(Setting("Startup", "View Tips"), "1");
+}
+
+void Countdown::ReadAbout(const Window& main) {
+    ChooseFromMenuBar(program, main, barAbout);
+    const Window about = program.WaitFor("About Jotwright");
+    WaitUntilFilled(about, "Edit");
+    EXPECT_FALSE(main.IsEnabled());
+    EXPECT_TRUE(about.FindChild("Static", "The Super Hero Of Note/Alarm Software."));
+    EXPECT_TRUE(about.FindChild("Static", "Version 1.0.0"));
+    const std::string text = about.Only("Edit").Text();
+    EXPECT_NE(text.find("\r\n                             All Rights Reserved\r\n"),
+              std::string::npos)
+        << text;
+    const std::string warning =
+        "WARNING:\r\nThis computer program is protected by copyright laws. Unauthorized "
+        "reproduction or distribution of this program, or any part of it, may result in severe "
+        "civil and criminal penalties, and will will be prosecuted to the fullest extent under the "
+        "law.";
+    EXPECT_TRUE(text.ends_with("\r\n" + warning)) << text;
+    about.Button("&Close").Click();
+    program.WaitUntilGone("About Jotwright");
+    WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });
+}
+
+TEST_F(Countdown, AMinuteIsCountedBesideOtherWindows) {
+    const Window main = StartProgram();
+    const Window timer = Open(main);
+    Start(timer, "1");
+    const ULONGLONG start = ::GetTickCount64();
+    WaitUntilItShows(timer, "1 minutes", "0 seconds");
+    EXPECT_FALSE(timer.Only("Edit").IsEnabled());
+    EXPECT_FALSE(timer.Button("&Start Timer").IsEnabled());
+    WaitUntilItShows(timer, "0 Minutes", "59 Seconds");
+
+    ReadAllTips(main);
+    ReadAbout(main);
+    Clock::Set("2031-06-02 17:00:00");
+
+    WaitUntil(
+        "the last second", [&] { return Shows(timer, "0 Minutes", "1 Seconds"); }, 60);
+    const std::uint64_t before = recorder.Now();
+    const Box box(program, alarmBox);
+    EXPECT_NEAR(static_cast<double>(::GetTickCount64() - start), 60'000, 2'000);
+    EXPECT_EQ(box.Text(), "          Time Is Up        ");
+    EXPECT_TRUE(Shows(timer, "-1 Minutes", "0 Seconds."));
+    EXPECT_EQ(recorder.WaitForSound(before), "Alert chime.wav");
+    // The chime is 2.4 seconds long.
+    EXPECT_TRUE(ComesTrue([&] { return recorder.SoundingTime(before) > 3; })) << "it loops";
+    EXPECT_TRUE(Shows(timer, "-1 Minutes", "0 Seconds."));
+    box.Press("OK");
+    recorder.WaitForSilence();
+    EXPECT_TRUE(timer.FindChild("Static", "Time Left: 0 minutes 0 seconds."));
+    EXPECT_TRUE(timer.Only("Edit").IsEnabled());
+    EXPECT_EQ(timer.Only("Edit").Text(), "");
+    EXPECT_TRUE(timer.Button("&Start Timer").IsEnabled());
+    EXPECT_FALSE(timer.Button("&Stop Timer").IsEnabled());
+}
+
+TEST_F(Countdown, EntriesAreRoundedAndKeptCountersGoOn) {
+    const Window main = StartProgram();
+    const Window editor = MakeNote(main, "Dentist");
+    editor.Only("Edit").Type("Call");
+    tray::LeftClick(main);
+    WaitUntil("the main window is shown", [&] { return main.IsVisible(); });
+    const Window timer = Open(main);
+    const std::vector<std::pair<std::string, std::string>> entries{
+        {"2.5", "2"}, {"3.5", "4"}, {" 7 ", "7"}};
+    for (const auto& [entry, minutes] : entries) {
+        Start(timer, entry);
+        WaitUntil("it runs", [&] { return timer.Button("&Stop Timer").IsEnabled(); });
+        EXPECT_EQ(timer.Only("Edit").Text(), minutes);
+        Stop(timer);
+    }
+
+    timer.Button("&Start Timer").Click();
+    {
+        const Box box(program, "No Minutes Entered");
+        EXPECT_EQ(box.Text(), "Please Enter A Start Time.               ");
+        box.Press("OK");
+    }
+    EXPECT_TRUE(ComesTrue([&] { return timer.Only("Edit").HasFocus(); }));
+    Start(timer, "ten");
+    {
+        const Box box(program, "Non-Numeric Entry");
+        EXPECT_EQ(box.Text(), "Please Enter Numeric Values Only.         ");
+        box.Press("OK");
+    }
+    EXPECT_TRUE(ComesTrue([&] { return timer.Only("Edit").HasFocus(); }));
+    EXPECT_EQ(timer.Only("Edit").Text(), "");
+
+    // It never ends by itself, and the seconds that it has counted are kept.
+    Start(timer, "-3");
+    WaitUntilItShows(timer, "-3 minutes", "0 seconds");
+    WaitUntilItShows(timer, "-4 Minutes", "58 Seconds");
+    Stop(timer);
+    Start(timer, "5");
+    WaitUntilItShows(timer, "4 Minutes", "57 Seconds");
+    Stop(timer);
+    const std::uint64_t before = recorder.Now();
+    Start(timer, "0");
+    {
+        const Box box(program, alarmBox);
+        EXPECT_TRUE(Shows(timer, "-1 Minutes", "56 Seconds"));
+        EXPECT_EQ(recorder.WaitForSound(before), "Alert chime.wav");
+        box.Press("OK");
+    }
+    WaitUntil("it stands", [&] { return timer.Button("&Start Timer").IsEnabled(); });
+
+    // What no counter can hold ends the program, which saves its notes first.
+    Start(timer, "40000");
+    const Box box(program, mainCaption);
+    EXPECT_EQ(box.Text(), "Run-time error '6':\r\n\r\nOverflow");
+    box.Press("OK");
+    program.WaitForEnd();
+    ExpectNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+}
+
+}  // namespace driver

@@ -1,0 +1,156 @@
+#include <cmath>
+#include <numbers>
+#include <optional>
+
+#include "tests/windows/DriverTest.h"
+
+namespace driver {
+
+namespace {
+
+constexpr const char* startCaption = "Start CooKoo &Clock";
+constexpr const char* stopCaption = "Stop CooKoo &Clock";
+
+std::string LittleEndian(std::uint32_t value, int bytes) {
+    std::string text;
+    for (int i = 0; i < bytes; ++i) {
+        text += static_cast<char>(value >> (8 * i) & 0xFF);
+    }
+    return text;
+}
+
+// A cuckoo in a hurry: a tenth of a second of sound, as much silence.
+std::string ShortCall() {
+    constexpr std::uint32_t rate = 8000;
+    constexpr std::uint32_t samples = rate / 5;
+    constexpr double height = 700;  // Hz; what the recorder takes for the cuckoo
+    std::string data;
+    for (std::uint32_t i = 0; i < samples; ++i) {
+        const double wave = std::sin(2 * std::numbers::pi * height * i / rate);
+        const auto sample = static_cast<std::int16_t>(i < samples / 2 ? 12000 * wave : 0);
+        data += LittleEndian(static_cast<std::uint16_t>(sample), 2);
+    }
+    const auto size = static_cast<std::uint32_t>(data.size());
+    return "RIFF" + LittleEndian(36 + size, 4) + "WAVEfmt " + LittleEndian(16, 4) +
+           LittleEndian(1, 2) + LittleEndian(1, 2) + LittleEndian(rate, 4) +
+           LittleEndian(rate * 2, 4) + LittleEndian(2, 2) + LittleEndian(16, 2) + "data" +
+           LittleEndian(size, 4) + data;
+}
+
+}  // namespace
+
+class Cuckoo : public DriverTest {
+  protected:
+    void TearDown() override;
+
+    // So that twelve of them do not take twenty seconds.
+    void UseShortCall();
+    std::string SoundPath() const { return folder + "\\Cuckoo clock.wav"; }
+    static bool Runs(const Window& main);
+    // Lets it be fifteen seconds past this hour, and counts the calls.
+    void ExpectCalls(const std::string& hour, int calls) const;
+    // The clock goes over the hour while an alarm sounds.
+    void ExpectOnlyTheAlarm(const std::string& hour) const;
+
+    std::optional<std::string> shipped;  // the sound, while another one is used
+};
+
+void Cuckoo::UseShortCall() {
+    shipped = WholeFile(SoundPath()).value();
+    WriteWholeFile(SoundPath(), ShortCall());
+}
+
+void Cuckoo::TearDown() {
+    DriverTest::TearDown();
+    if (shipped) {
+        WriteWholeFile(SoundPath(), *shipped);
+    }
+}
+
+bool Cuckoo::Runs(const Window& main) {
+    return main.FindChild("Button", stopCaption) &&
+           main.FindChild("Static", "CooKoo Clock Is Activated");
+}
+
+void Cuckoo::ExpectCalls(const std::string& hour, int calls) const {
+    const std::uint64_t before = recorder.Now();
+    Clock::Set(hour + ":00:13");
+    if (calls > 0) {
+        ComesTrue([&] { return recorder.CountSounds(before) >= calls; });
+    }
+    // The first call would have come in the second before.
+    Clock::WaitFor(hour + ":00:17");
+    EXPECT_EQ(recorder.CountSounds(before), calls) << hour;
+}
+
+void Cuckoo::ExpectOnlyTheAlarm(const std::string& hour) const {
+    Clock::Set(hour + ":00:13");
+    Clock::WaitFor(hour + ":00:17");
+    EXPECT_EQ(recorder.WaitForSound(recorder.Now()), "Alarm buzzer.wav") << hour;
+}
+
+TEST_F(Cuckoo, StrikesTheHour) {
+    Clock::Set("2031-06-02 14:50:00");
+    const Window main = StartProgram();
+    EXPECT_FALSE(Runs(main));
+    main.Button(startCaption).Click();
+    WaitUntil("the clock runs", [&] { return Runs(main); });
+    const std::uint64_t before = recorder.Now();
+    Clock::Set("2031-06-02 15:00:13");
+    EXPECT_EQ(recorder.WaitForSound(before), "Cuckoo clock.wav");
+    recorder.WaitForSilence();
+    // Three times 1.7 seconds, without the rest at the end.
+    EXPECT_NEAR(recorder.SoundingTime(before), 4.5, 0.6);
+}
+
+TEST_F(Cuckoo, StrikesAsOftenAsItsTableSays) {
+    UseShortCall();
+    WriteSetting("Options", "StartCookoo", "1");
+    Clock::Set("2031-06-02 11:59:50");
+    const Window main = StartProgram();
+    EXPECT_TRUE(Runs(main));
+    ExpectCalls("2031-06-02 12", 0);
+    ExpectCalls("2031-06-02 23", 12);
+    ExpectCalls("2031-06-03 00", 12);
+
+    main.Button(stopCaption).Click();
+    WaitUntil("the clock stands",
+              [&] { return static_cast<bool>(main.FindChild("Button", startCaption)); });
+    EXPECT_FALSE(Runs(main));
+    ExpectCalls("2031-06-03 01", 0);
+
+    main.Button(startCaption).Click();
+    WaitUntil("the clock runs", [&] { return Runs(main); });
+    ExpectCalls("2031-06-03 02", 2);
+}
+
+TEST_F(Cuckoo, IsSilentWhileAnAlarmSounds) {
+    UseShortCall();
+    WriteSetting("Options", "StartCookoo", "1");
+    WriteSetting("Options", "NoteLoops", "1");
+    WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#17:00:00#,1,12,\"1\",1,\"yes\"\r\n");
+    MakeFolder(folder + "\\SpecialAlarms");
+    std::string alarms = "\"Monday\",#15:00:15#,\"now\",1\r\n";
+    for (int row = 1; row < 7; ++row) {
+        alarms += "\"Monday\",#00:00:00#,\"\",0\r\n";
+    }
+    WriteWholeFile(folder + "\\SpecialAlarms\\SpecialAlarms.txt", alarms);
+    const Window main = StartProgram();
+    const Window editor = program.WaitFor("Dentist");
+    editor.Close();
+    WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
+    EXPECT_TRUE(Runs(main));
+
+    ExpectOnlyTheAlarm("2031-06-02 15");
+    Box(program, "Jotwright Daily Alarm").Press("OK");
+
+    Clock::Set("2031-06-02 16:59:58");
+    const Box box(program, alarmBox);
+    ExpectOnlyTheAlarm("2031-06-02 17");
+    box.Press("OK");
+    recorder.WaitForSilence();
+
+    ExpectCalls("2031-06-02 18", 6);
+}
+
+}  // namespace driver

@@ -1,0 +1,111 @@
+#include "tests/windows/DriverTest.h"
+
+namespace driver {
+
+class StopWatch : public DriverTest {
+  protected:
+    static constexpr const char* listClass = "SysListView32";
+    inline static const MenuPath barSave{0, 0};
+    inline static const MenuPath barClear{0, 1};
+
+    Window Open(const Window& main) const;
+    // Up to the moment when it can be saved; the time that the watch shows.
+    static std::string Run(const Window& watch, const std::string& atLeast);
+    static std::string Shown(const Window& watch);
+    static void WaitUntilItShows(const Window& watch, const std::string& atLeast);
+    static void WaitForRows(const Window& watch, int count);
+    static void ExpectRow(const Window& watch, int row, const std::string& run,
+                          const std::string& time);
+};
+
+Window StopWatch::Open(const Window& main) const {
+    main.Button("&Stop Watch").Click();
+    const Window watch = program.WaitFor("Novelty Stop Watch");
+    WaitUntilFilled(watch, listClass);
+    return watch;
+}
+
+std::string StopWatch::Shown(const Window& watch) {
+    for (const Window& label : watch.ChildrenOfClass("Static")) {
+        const std::string text = label.Text();
+        if (text.size() == 8 && text[2] == ':' && text[5] == ':') {
+            return text;
+        }
+    }
+    throw Failure("no time in " + watch.Description());
+}
+
+void StopWatch::WaitUntilItShows(const Window& watch, const std::string& atLeast) {
+    WaitUntil("it shows " + atLeast, [&] { return Shown(watch) >= atLeast; });
+}
+
+std::string StopWatch::Run(const Window& watch, const std::string& atLeast) {
+    watch.Button("&Start").Click();
+    WaitUntil("it runs", [&] { return watch.Button("S&top").IsEnabled(); });
+    EXPECT_FALSE(watch.Button("&Start").IsEnabled());
+    EXPECT_FALSE(watch.Button("Sa&ve").IsEnabled());
+    WaitUntilItShows(watch, atLeast);
+    watch.Button("S&top").Click();
+    WaitUntil("the run can be saved", [&] { return watch.Button("Sa&ve").IsEnabled(); });
+    return Shown(watch);
+}
+
+void StopWatch::WaitForRows(const Window& watch, int count) {
+    WaitUntil("the list has " + std::to_string(count) + " rows",
+              [&] { return RowCount(watch.Only(listClass)) == count; });
+    watch.Send(WM_NULL);
+    EXPECT_TRUE(watch.FindChild("Static", "Total Watch Starts: " + std::to_string(count)));
+    EXPECT_FALSE(watch.Button("Sa&ve").IsEnabled());
+}
+
+void StopWatch::ExpectRow(const Window& watch, int row, const std::string& run,
+                          const std::string& time) {
+    const Window list = watch.Only(listClass);
+    EXPECT_EQ(CellText(list, row, 0), "");
+    EXPECT_EQ(CellText(list, row, 1), run);
+    EXPECT_EQ(CellText(list, row, 2), time);
+}
+
+TEST_F(StopWatch, RunsAreSavedOnceAndListedTheNewestFirst) {
+    const Window watch = Open(StartProgram());
+    EXPECT_FALSE(watch.Button("Sa&ve").IsEnabled());
+    ChooseFromMenuBar(program, watch, barSave);
+
+    const std::string first = Run(watch, "00:00:01");
+    watch.Button("Sa&ve").Click();
+    WaitForRows(watch, 1);
+    // Neither the button nor the menu saves it again.
+    watch.Button("Sa&ve").Post(BM_CLICK);
+    ChooseFromMenuBar(program, watch, barSave);
+    WaitForRows(watch, 1);
+    EXPECT_EQ(Shown(watch), first) << "it stands";
+
+    const std::string second = Run(watch, "00:00:00");
+    ChooseFromMenuBar(program, watch, barSave);
+    WaitForRows(watch, 2);
+    const std::string third = Run(watch, "00:00:02");
+    watch.Button("Sa&ve").Click();
+    WaitForRows(watch, 3);
+    ExpectRow(watch, 0, "   #3", third);
+    ExpectRow(watch, 1, "   #2", second);
+    ExpectRow(watch, 2, "   #1", first);
+
+    ChooseFromMenuBar(program, watch, barClear);
+    WaitForRows(watch, 0);
+    const std::string fourth = Run(watch, "00:00:00");
+    watch.Button("Sa&ve").Click();
+    WaitForRows(watch, 1);
+    ExpectRow(watch, 0, "   #1", fourth);
+}
+
+TEST_F(StopWatch, ARunOfMoreThanADayWraps) {
+    const Window watch = Open(StartProgram());
+    Clock::Set("2031-06-02 10:00:00");
+    watch.Button("&Start").Click();
+    WaitUntil("it runs", [&] { return watch.Button("S&top").IsEnabled(); });
+    Clock::Set("2031-06-03 09:59:57");
+    WaitUntilItShows(watch, "23:59:56");
+    WaitUntil("a day is over", [&] { return Shown(watch) < "00:00:10"; });
+}
+
+}  // namespace driver

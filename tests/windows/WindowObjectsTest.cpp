@@ -1,0 +1,122 @@
+#include <iostream>
+
+#include "tests/windows/DriverTest.h"
+
+namespace driver {
+
+class WindowObjects : public DriverTest {
+  protected:
+    // Waits until the window is there with all that is in it, and closes it.
+    void Close(const std::string& caption) const;
+    void OpenAndCloseTools(const Window& main) const;
+    void OpenAndCloseBoxes(const Window& main) const;
+    // Makes a note, lets its alarm come up at this time of two digits past nine, and erases it.
+    void MakeRingAndErase(const Window& main, int minute);
+    void Round(const Window& main, int minute);
+    void Report(const std::string& when, const Objects& objects) const;
+};
+
+void WindowObjects::Close(const std::string& caption) const {
+    const Window window = program.WaitFor(caption);
+    window.Send(WM_NULL);
+    window.Close();
+    program.WaitUntilGone(caption);
+}
+
+void WindowObjects::OpenAndCloseTools(const Window& main) const {
+    const std::pair<const char*, const char*> tools[] = {
+        {"S&pecial Alarms", "Special Alarms"},
+        {"Notes &Control Panel", "Notes Control Panel"},
+        {"&Timer", "Novelty Timer"},
+        {"&Stop Watch", "Novelty Stop Watch"},
+    };
+    for (const auto& [button, caption] : tools) {
+        main.Button(button).Click();
+        Close(caption);
+    }
+    const std::pair<MenuPath, const char*> entries[] = {
+        {barChooseAlarmSound, "Choose An Alarm"},
+        {barNoteOptions, "Note Options"},
+        {barAbout, "About Jotwright"},
+        {barShowTips, "Jotwright - Tips and Tricks"},
+    };
+    for (const auto& [path, caption] : entries) {
+        ChooseFromMenuBar(program, main, path);
+        Close(caption);
+        WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });
+    }
+}
+
+void WindowObjects::OpenAndCloseBoxes(const Window& main) const {
+    RightClick(main);
+    WaitUntil("a menu opens", [&] { return static_cast<bool>(program.OpenMenu()); });
+    CloseMenu(program, main);
+
+    main.Only("Edit").Type("2004");
+    main.Button("Make &Note").Click();
+    Close(" Note Title Error");
+
+    main.Button("&Timer").Click();
+    const Window timer = program.WaitFor("Novelty Timer");
+    WaitUntilFilled(timer, "Edit");
+    timer.Button("&Start Timer").Click();
+    Box(program, "No Minutes Entered").Press("OK");
+    timer.Close();
+    program.WaitUntilGone("Novelty Timer");
+}
+
+void WindowObjects::MakeRingAndErase(const Window& main, int minute) {
+    const std::string title = "Dentist";
+    const Window editor = MakeNote(main, title);
+    ChooseFromPopup(program, editor.Only("Edit"), popupBlue);
+    ChooseFromPopup(program, editor.Only("Edit"), popup14Points);
+    editor.Only("Edit").Type("Call");
+    PickTime(TimePicker(editor), 9, minute);
+    editor.Button(editorSet).Click();
+    WaitUntil("the alarm is set",
+              [&] { return static_cast<bool>(editor.FindChild("Button", editorTurnOff)); });
+    HideNote(editor);
+
+    Clock::Set("2031-06-02 09:" + std::to_string(minute - 1) + ":58");
+    const Window display = program.WaitFor(title);
+    display.Send(WM_NULL);
+    display.Close();
+    Box(program, " Erase Note?").Press("Yes");
+    WaitUntil("the display has gone", [&] { return !display.Exists(); });
+    tray::LeftClick(main);
+    WaitUntil("the main window is shown", [&] { return main.IsVisible(); });
+}
+
+void WindowObjects::Round(const Window& main, int minute) {
+    OpenAndCloseTools(main);
+    OpenAndCloseBoxes(main);
+    MakeRingAndErase(main, minute);
+    main.Send(WM_NULL);
+}
+
+void WindowObjects::Report(const std::string& when, const Objects& objects) const {
+    RecordProperty(when, objects.Text());
+    std::cout << when << ": " << objects.Text() << std::endl;
+}
+
+TEST_F(WindowObjects, ClosedWindowsLeaveNothingBehind) {
+    const Window main = StartProgram();
+    Report("start", program.CountObjects());
+    // What is made once and kept comes with the first round.
+    Round(main, 21);
+    const Objects before = program.CountObjects();
+    Report("first_round", before);
+    EXPECT_GT(before.children, 10U);
+    Round(main, 31);
+    // Threads of the system that worked for the program end a little later.
+    ComesTrue([&] { return program.CountObjects() == before; }, 5);
+    const Objects after = program.CountObjects();
+    Report("second_round", after);
+    EXPECT_EQ(after.windows, before.windows) << program.Description();
+    EXPECT_EQ(after.children, before.children);
+    EXPECT_LE(after.handles, before.handles);
+    EXPECT_LE(after.gdi, before.gdi);
+    EXPECT_LE(after.user, before.user);
+}
+
+}  // namespace driver
