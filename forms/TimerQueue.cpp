@@ -151,7 +151,10 @@ void TimerQueue::Realign() {
     gridAnchor = now - OffMiddle(now, now);
     const std::vector<Timer*> all(queue.begin(), queue.end());
     for (Timer* timer : all) {
-        if (timer->phase == TimerPhase::ClockSecond) {
+        // One that is due already is given at once, as always: the second that it is for would pass
+        // unseen. Its next one finds the middle by itself.
+        const bool isDue = SeesEverySecond(*timer) && timer->due <= now;
+        if (timer->phase == TimerPhase::ClockSecond && !isDue) {
             Remove(*timer);
             Enqueue(*timer, FirstDue(*timer, now));
         }

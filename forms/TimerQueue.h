@@ -25,7 +25,7 @@ class TimerQueue {
     void RunDue();
 
     // The wall clock was set or the machine woke up: puts the timers of phase ClockSecond back into
-    // the middle of the second.
+    // the middle of the second, but for those that are due.
     void Realign();
 
   private:

@@ -289,6 +289,21 @@ TEST_F(TimerTest, AJumpOfTheWallClockMovesPollingTimersOnly) {
     EXPECT_LE(polled, 7);
 }
 
+TEST_F(TimerTest, AJumpOfTheWallClockDropsNoTickThatIsDue) {
+    DateTime seen;
+    Form().tmrClock.Tick = [&] { seen = clock.Now(); };
+    SwitchOn(Form().tmrClock, 1000);
+    Advance(2000);
+    clock.Pass(1000);  // busy, into the second half of a second
+    while (clock.MillisecondOfSecond() < 600) {
+        clock.Pass(50);
+    }
+    stage->Jump(3600);
+    const DateTime second = clock.Now();
+    Advance(100);
+    EXPECT_EQ(seen, second);
+}
+
 TEST_F(TimerTest, AfterSleepEachTimerTicksOnceAndNotForWhatItMissed) {
     int polled = 0;
     Form().tmrClock.Tick = [&polled] { ++polled; };
