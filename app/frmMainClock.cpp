@@ -89,7 +89,8 @@ void frmMain::cmdCookoo_Click() {
 }
 
 void frmMain::tmrCooKoo_Timer() {
-    if (Shared().AlarmSounding) {
+    // The flag is cleared every second; a note rings until its box is answered.
+    if (Shared().AlarmSounding || StandardCode::IsNoteRinging()) {
         return;
     }
     const int strikes = StrikeTable::StrikesAt(forms::Now().TimeOnly());

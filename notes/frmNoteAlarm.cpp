@@ -24,7 +24,23 @@ void ShowInformation(const std::string& text) {
     forms::MsgBox(text, {.icon = forms::BoxIcon::Information}, "Information");
 }
 
+int& RingingNotes() {
+    static int notes = 0;
+    return notes;
+}
+
+// Counts a sound that waits for its box, however the wait ends.
+class Ringing {
+  public:
+    Ringing() { ++RingingNotes(); }
+    ~Ringing() { --RingingNotes(); }
+    Ringing(const Ringing&) = delete;
+    Ringing& operator=(const Ringing&) = delete;
+};
+
 }  // namespace
+
+bool StandardCode::IsNoteRinging() { return RingingNotes() > 0; }
 
 bool frmNote::IsAlarmSet() const { return cmdAlarm.caption() == turnOffAlarm; }
 
@@ -128,6 +144,7 @@ void frmNote::Fire() {
     if (chkAudioAlarm.value() != 1) {
         return;
     }
+    const Ringing ringing;
     forms::Machine().sound->Play(Shared().AlarmSoundPath, forms::Sound::Mode::Loop);
     forms::MsgBox("           Turn Off Alarm?", {}, "Jotwright Audio Alarm");
     forms::Machine().sound->Stop();

@@ -321,3 +321,20 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentAsLongAsASpecialAlarmWaits) {
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
     EXPECT_FALSE(StandardCode::Shared().AlarmSounding);
 }
+
+TEST_F(frmMainClockTest, TheCuckooIsSilentAsLongAsAnEditorRings) {
+    SetNow(2004, 5, 14, 14, 59, 50);
+    PutAlarm("Dentist", "15:00:00", 1, true);
+    StartQuietly();
+    user->Click(Main().cmdCookoo);
+    stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", BoxIcon::None,
+                     BoxButtons::Ok, BoxResult::Ok, [this] {
+                         Advance(30'000);
+                         EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav");
+                     });
+    AdvanceTo(15, 0, 40);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
+    stage->Jump(3600 - 60);
+    AdvanceTo(16, 0, 40);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 4);
+}

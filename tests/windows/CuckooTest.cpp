@@ -129,6 +129,7 @@ TEST_F(Cuckoo, IsSilentWhileAnAlarmSounds) {
     WriteSetting("Options", "StartCookoo", "1");
     WriteSetting("Options", "NoteLoops", "1");
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#17:00:00#,1,12,\"1\",1,\"yes\"\r\n");
+    WriteNote("Shop", "\"Shop\",\"milk\",#2031-06-02#,#18:00:00#,1,12,\"1\",1,\"yes\"\r\n");
     MakeFolder(folder + "\\SpecialAlarms");
     std::string alarms = "\"Monday\",#15:00:15#,\"now\",1\r\n";
     for (int row = 1; row < 7; ++row) {
@@ -144,13 +145,16 @@ TEST_F(Cuckoo, IsSilentWhileAnAlarmSounds) {
     ExpectOnlyTheAlarm("2031-06-02 15");
     Box(program, "Jotwright Daily Alarm").Press("OK");
 
-    Clock::Set("2031-06-02 16:59:58");
-    const Box box(program, alarmBox);
-    ExpectOnlyTheAlarm("2031-06-02 17");
-    box.Press("OK");
-    recorder.WaitForSilence();
+    // The alarm of a display, then that of an editor.
+    for (const char* hour : {"17", "18"}) {
+        Clock::Set("2031-06-02 " + std::to_string(std::stoi(hour) - 1) + ":59:58");
+        const Box box(program, alarmBox);
+        ExpectOnlyTheAlarm(std::string("2031-06-02 ") + hour);
+        box.Press("OK");
+        recorder.WaitForSilence();
+    }
 
-    ExpectCalls("2031-06-02 18", 6);
+    ExpectCalls("2031-06-02 19", 7);
 }
 
 }  // namespace driver
