@@ -13,8 +13,10 @@ endfunction()
 jotwright_add_check(check.layers 60 "${scripts}/check-layers")
 jotwright_add_check(check.layers_self_test 60 "${scripts}/check-layers" --self-test)
 jotwright_add_check(check.format 120 "${scripts}/check-format")
+jotwright_add_check(check.help 60 "${scripts}/check-help")
 jotwright_add_check(check.shell 60 shellcheck -x run test .ci/run scripts/lib.sh
-                    scripts/check-format scripts/install-packages scripts/layout-app
+                    scripts/check-format scripts/check-help scripts/gallery scripts/install-packages
+                    scripts/layout-app
                     scripts/make-installer scripts/package scripts/run-fuzzer
                     scripts/run-windows-tests scripts/test-package)
 jotwright_add_check(check.tidy 1500 "${scripts}/check-tidy" "${PROJECT_BINARY_DIR}")
