@@ -7,6 +7,7 @@
 #include "app/StandardCode.h"
 #include "forms/Environment.h"
 #include "forms/MsgBox.h"
+#include "forms/RuntimeError.h"
 
 using forms::MsgBox;
 using StandardCode::Shared;
@@ -119,8 +120,7 @@ void frmAlarms::cmdSave_Click() {
                      [](const forms::OptionButton& option) { return option.value(); });
     const auto index = static_cast<std::size_t>(selected - optAlarm.begin());
     if (index < ownFile) {
-        StandardCode::SaveAlarmSetting(builtInPaths[index]);
-        Unload();
+        SaveAndClose(builtInPaths[index]);
     } else if (index == ownFile) {
         SaveOwnFile();
     }
@@ -140,7 +140,18 @@ void frmAlarms::SaveOwnFile() {
         txtMyWaveFilePath.text = "";
         return;
     }
-    StandardCode::SaveAlarmSetting(path);
+    SaveAndClose(path);
+}
+
+void frmAlarms::SaveAndClose(const std::string& path) {
+    try {
+        StandardCode::SaveAlarmSetting(path);
+    } catch (const forms::RuntimeError& error) {
+        MsgBox(std::to_string(error.number()) + " - " + error.description() +
+                   "\r\n\r\nThe alarm sound has not been saved.",
+               {.icon = forms::BoxIcon::Exclamation}, "Error Saving Alarm Sound");
+        return;
+    }
     Unload();
 }
 

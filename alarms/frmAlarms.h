@@ -32,6 +32,8 @@ class frmAlarms : public forms::Form {
 
   private:
     void SaveOwnFile();
+    // Stays open where the setting cannot be written, and says so.
+    void SaveAndClose(const std::string& path);
     void optAlarm_Click(int index);
     void cmdMyWaveFile_Click();
     void cmdTest_Click();

@@ -41,6 +41,12 @@ void ReportReadError(const forms::RuntimeError& error) {
                   {.icon = forms::BoxIcon::Exclamation}, "Error Loading Special Alarms");
 }
 
+void ReportWriteError(const forms::RuntimeError& error) {
+    forms::MsgBox(std::to_string(error.number()) + " - " + error.description() +
+                      "\r\n\r\nThe special alarms have not been saved.",
+                  {.icon = forms::BoxIcon::Exclamation}, "Error Saving Special Alarms");
+}
+
 }  // namespace
 
 void frmSpecialAlarms::Design() {
@@ -212,7 +218,12 @@ void frmSpecialAlarms::cmdSave_Click() {
         ReportIdenticalAlarms(*pair);
         return;
     }
-    WriteSpecialAlarmsFile();
+    try {
+        WriteSpecialAlarmsFile();
+    } catch (const forms::RuntimeError& error) {
+        ReportWriteError(error);
+        return;
+    }
     Unload();
 }
 

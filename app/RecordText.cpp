@@ -44,9 +44,32 @@ std::string ToBytes(const std::string& text) {
 
 std::string FromBytes(const std::string& bytes) {
     if (bytes.starts_with(byteOrderMark)) {
-        return forms::ToValidUtf8(std::string_view(bytes).substr(byteOrderMark.size()));
+        return WithoutZeros(
+            forms::ToValidUtf8(std::string_view(bytes).substr(byteOrderMark.size())));
     }
-    return forms::Machine().locale->FromAnsi(bytes);
+    return WithoutZeros(forms::Machine().locale->FromAnsi(bytes));
+}
+
+std::string WithoutZeros(std::string text) {
+    std::replace(text.begin(), text.end(), '\0', ' ');
+    return text;
+}
+
+std::string WithLineBreaks(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t position = 0; position < text.size(); ++position) {
+        const char character = text[position];
+        if (character != '\r' && character != '\n') {
+            result += character;
+            continue;
+        }
+        result += forms::lineBreak;
+        if (character == '\r' && text.substr(position + 1).starts_with('\n')) {
+            ++position;
+        }
+    }
+    return result;
 }
 
 std::string Quoted(const std::string& text) { return '"' + text + '"'; }

@@ -14,8 +14,14 @@ namespace RecordText {
 // The bytes of a file: the system's ANSI code page where every character fits it, otherwise UTF-8
 // behind a byte order mark.
 std::string ToBytes(const std::string& text);
-// The UTF-8 text of a file in either encoding. Takes any bytes.
+// The UTF-8 text of a file in either encoding, without zero characters. Takes any bytes.
 std::string FromBytes(const std::string& bytes);
+
+// A blank for every zero character: a text box shows nothing of what follows one, and what it does
+// not show would be lost with the next save.
+std::string WithoutZeros(std::string text);
+// CR LF for every line break: text boxes run the lines together at any other.
+std::string WithLineBreaks(std::string_view text);
 
 std::string Quoted(const std::string& text);
 

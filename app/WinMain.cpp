@@ -1,10 +1,12 @@
 #include "app/Main.h"
 #include "forms/Devices.h"
 #include "forms/Runtime.h"
+#include "forms/win32/LibrarySearch.h"
 #include "forms/win32/MakeDevices.h"
 #include "forms/win32/MakeStage.h"
 
 int main() {
+    forms::win32::RestrictLibrarySearch();
     const auto stage = forms::win32::MakeStage();
     forms::Machine() = forms::win32::MakeDevices();
     forms::Runtime runtime(*stage);

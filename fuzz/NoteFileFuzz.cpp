@@ -22,7 +22,8 @@ StandardCode::NoteRecord AsWritten(StandardCode::NoteRecord record) {
 
 }  // namespace
 
-// Any bytes are a note or one of three errors, and a note that could be read survives being saved.
+// Any bytes are a note or one of three errors, and a note that could be read can be shown whole and
+// survives being saved.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static forms::headless::HeadlessLocale locale;
     forms::Machine().locale = &locale;
@@ -36,6 +37,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             std::abort();
         }
         return 0;
+    }
+    if ((record.Title + record.Text).find('\0') != std::string::npos) {
+        std::abort();
     }
     if (!HasQuote(record)) {
         StandardCode::NoteRecord again;

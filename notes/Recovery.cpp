@@ -4,6 +4,7 @@
 #include <optional>
 #include <set>
 
+#include "app/RecordText.h"
 #include "app/SafeFile.h"
 #include "forms/Devices.h"
 #include "forms/RuntimeError.h"
@@ -78,8 +79,9 @@ std::optional<RecoveredText> Decode(const std::string& bytes) {
         return std::nullopt;
     }
     RecoveredText recovered;
-    recovered.title = forms::ToValidUtf8(bytes.substr(titleStart, length));
-    recovered.text = forms::ToValidUtf8(bytes.substr(titleEnd + 2));
+    recovered.title =
+        RecordText::WithoutZeros(forms::ToValidUtf8(bytes.substr(titleStart, length)));
+    recovered.text = RecordText::WithoutZeros(forms::ToValidUtf8(bytes.substr(titleEnd + 2)));
     return recovered;
 }
 

@@ -1,5 +1,6 @@
 #include "notes/RestoreNotes.h"
 
+#include "app/RecordText.h"
 #include "forms/Environment.h"
 #include "forms/MsgBox.h"
 #include "forms/Runtime.h"
@@ -88,8 +89,9 @@ void FillNote(frmNote& note, const NoteRecord& record) {
         RequireAlarmIcon(note);
     }
     note.SetTitle(record.Title);
-    note.txtNote.text = record.Text;
-    note.MarkSaved(record.Text);
+    const std::string text = RecordText::WithLineBreaks(record.Text);
+    note.txtNote.text = text;
+    note.MarkSaved(text);
     note.dtDate.value = record.AlarmDate;
     note.dtTime.value = record.AlarmTime;
     const bool isKnown = record.ColorIndex >= 1 && record.ColorIndex <= 5;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/Grid.h"
+#include "app/RecordText.h"
 #include "app/Settings.h"
 #include "app/StandardCode.h"
 #include "forms/Environment.h"
@@ -151,8 +152,8 @@ void frmDisplayNote::EraseNote() {
 }
 
 void frmDisplayNote::ShowText(const std::string& text) {
-    lblNoteText.text = text;
-    shownText = text;
+    shownText = RecordText::WithLineBreaks(text);
+    lblNoteText.text = shownText;
 }
 
 bool frmDisplayNote::KeepNote() {

@@ -31,7 +31,8 @@ bool IsValidName(std::string_view name) {
         return static_cast<unsigned char>(c) < 0x20 ||
                std::string_view("*?\"<>|:").find(c) != std::string_view::npos;
     });
-    return !name.empty() && !hasBadCharacter && Utf16Length(name) <= longestName &&
+    const bool hasOnlyDots = name.find_first_not_of('.') == std::string_view::npos;
+    return !hasOnlyDots && !hasBadCharacter && Utf16Length(name) <= longestName &&
            !IsReservedName(name);
 }
 

@@ -1,6 +1,8 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "forms/Gestures.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Peers.h"
@@ -43,10 +45,7 @@ class DateTimePickerPeer : public Peer {
         }
         const auto& change = reinterpret_cast<const NMDATETIMECHANGE&>(header);
         if (change.dwFlags == GDT_VALID) {
-            const SYSTEMTIME& time = change.st;
-            gestures::Pick(picker, ShowsTime()
-                                       ? DateTime::FromTime(time.wHour, time.wMinute, 0)
-                                       : DateTime::FromDate(time.wYear, time.wMonth, time.wDay));
+            Adopt(change.st);
         }
         return 0;
     }
@@ -64,11 +63,25 @@ class DateTimePickerPeer : public Peer {
                        format.empty() ? 0 : reinterpret_cast<LPARAM>(format.c_str()));
     }
 
+    void Adopt(const SYSTEMTIME& time) {
+        if (ShowsTime()) {
+            gestures::Pick(picker, DateTime::FromTime(time.wHour, time.wMinute, 0));
+        } else if (DateTime::IsValidDate(time.wYear, time.wMonth, time.wDay)) {
+            gestures::Pick(picker, DateTime::FromDate(time.wYear, time.wMonth, time.wDay));
+        } else {
+            // The native control knows years that the program does not.
+            ShowValue();
+        }
+    }
+
     void ShowValue() {
         const DateTime value = picker.value;
+        // The native control knows no time without a date; the day is never seen. Of the days that
+        // it does not know it shows the nearest; the picker's value stays what it is.
+        static const DateTime anyDay = DateTime::FromDate(2000, 1, 1);
+        static const DateTime firstDay = DateTime::FromDate(1753, 1, 1);
+        const DateTime day = ShowsTime() ? anyDay : std::max(value, firstDay);
         SYSTEMTIME time{};
-        // The native control knows no time without a date; the day is never seen.
-        const DateTime day = value.HasDate() ? value : DateTime::FromDate(2000, 1, 1);
         time.wYear = static_cast<WORD>(day.Year());
         time.wMonth = static_cast<WORD>(day.Month());
         time.wDay = static_cast<WORD>(day.Day());

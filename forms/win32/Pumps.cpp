@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "forms/Runtime.h"
+#include "forms/win32/BoxText.h"
 #include "forms/win32/Utf.h"
 
 namespace forms::win32::pumps {
@@ -148,7 +149,7 @@ BoxResult ShowMessageBox(StageState& state, const BoxRequest& request) {
     HWND owner = OwnerForBox();
     const UINT flags =
         BoxFlags(request.options) | (owner == nullptr ? UINT{MB_TASKMODAL} : UINT{0});
-    const std::wstring text = Wide(request.text);
+    const std::wstring text = TextThatFits(Wide(request.text));
     const std::wstring caption = Wide(request.caption);
     int answer = 0;
     {

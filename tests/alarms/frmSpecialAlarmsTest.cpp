@@ -2,10 +2,7 @@
 
 #include <string>
 
-#include "alarms/SpecialAlarmsFile.h"
-#include "alarms/frmSpecialAlarms.h"
-#include "app/StandardCode.h"
-#include "tests/support/TestProgram.h"
+#include "tests/alarms/SpecialAlarmsProgram.h"
 
 namespace {
 
@@ -15,48 +12,7 @@ using forms::BoxResult;
 using forms::DateTime;
 using StandardCode::Shared;
 
-const std::string path = "C:\\Jotwright\\SpecialAlarms\\SpecialAlarms.txt";
-const std::string emptyRow = "\"Monday\",#00:00:00#,\"\",0\r\n";
-
-class SpecialAlarms : public testing_support::TestProgram {
-  protected:
-    void Open() {
-        Start([] { forms::Default<frmSpecialAlarms>().Show(); });
-    }
-    static frmSpecialAlarms& Window() { return forms::Default<frmSpecialAlarms>(); }
-    static bool IsOpen() { return forms::LoadedDefault<frmSpecialAlarms>() != nullptr; }
-
-    void SetRow(std::size_t row, const char* day, DateTime time, bool enabled) {
-        user->Select(Window().cboDays[row], day);
-        user->Pick(Window().dtpTime[row], time);
-        if ((Window().chkEnabled[row].value() == 1) != enabled) {
-            user->Click(Window().chkEnabled[row]);
-        }
-    }
-    void ExpectIdentical(const char* first, const char* second) {
-        stage->ExpectBox(std::string(20, ' ') + "Alarm Number: " + first + "\r\n" +
-                             std::string(31, ' ') + "and \r\n" + std::string(20, ' ') +
-                             "Alarm Number: " + second + "\r\n" + std::string(10, ' ') +
-                             "Have the same day and time set.\r\n\r\n"
-                             "  Alarms can't be set for the same day and time.      ",
-                         "Error - Identical Alarms", BoxIcon::Exclamation, BoxButtons::Ok,
-                         BoxResult::Ok);
-    }
-    void ExpectReadError(const std::string& error) {
-        stage->ExpectBox(error +
-                             "\r\n\r\nThe special alarms that could not be read are shown as they "
-                             "were when they were last loaded.",
-                         "Error Loading Special Alarms", BoxIcon::Exclamation, BoxButtons::Ok,
-                         BoxResult::Ok);
-    }
-    void PutFile(const std::string& firstRows, int emptyRows) {
-        std::string text = firstRows;
-        for (int i = 0; i < emptyRows; ++i) {
-            text += emptyRow;
-        }
-        files.PutFile(path, text);
-    }
-};
+using testing_support::SpecialAlarms;
 
 TEST_F(SpecialAlarms, LoadsWithoutAFile) {
     Open();
@@ -133,55 +89,6 @@ TEST_F(SpecialAlarms, AnyMarkButOneIsUnchecked) {
     Open();
     EXPECT_EQ(Window().chkEnabled[0].value(), 0);
     EXPECT_EQ(Window().chkEnabled[1].value(), 0);
-}
-
-TEST_F(SpecialAlarms, AFileOfFewerRowsIsReportedAndRepairedBySaving) {
-    PutFile("\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n", 5);
-    ExpectReadError("62 - Input past end of file");
-    Open();
-    ASSERT_FALSE(runtime->HasEnded());
-    EXPECT_EQ(Window().cboDays[0].Text(), "Friday");
-    EXPECT_EQ(Window().txtMessage[0].text(), "Pay the rent");
-    EXPECT_EQ(Window().cboDays[6].Text(), "Monday");
-    EXPECT_EQ(Shared().SpecialAlarmMessage[0], "Pay the rent");
-    EXPECT_FALSE(Window().cmdSave.enabled());
-    user->Type(Window().txtMessage[6], "last");
-    user->Click(Window().cmdSave);
-    EXPECT_EQ(files.Peek(path), "\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n" + emptyRow +
-                                    emptyRow + emptyRow + emptyRow + emptyRow +
-                                    "\"Monday\",#00:00:00#,\"last\",0\r\n");
-    Open();
-}
-
-TEST_F(SpecialAlarms, AnEmptyFileIsReported) {
-    files.PutFile(path, "");
-    ExpectReadError("62 - Input past end of file");
-    Open();
-    ASSERT_TRUE(IsOpen());
-    EXPECT_EQ(Window().cboDays[0].Text(), "Monday");
-    EXPECT_EQ(Window().chkEnabled[0].value(), 0);
-}
-
-TEST_F(SpecialAlarms, LinesAfterTheSeventhAreNotRead) {
-    PutFile("", 7);
-    files.PutFile(path, *files.Peek(path) + "\"Friday\",#noon#,\"no row\"\r\n");
-    Open();
-    EXPECT_TRUE(IsOpen());
-}
-
-TEST_F(SpecialAlarms, RowsBehindADamagedOneAreShownAsTheyWereLoaded) {
-    PutFile("\"Friday\",#17:30:00#,\"first\",1\r\n\"Sunday\",#08:00:00#,\"second\",1\r\n", 5);
-    Start(StandardCode::LoadSpecialAlarms);
-    PutFile("\"Tuesday\",#09:00:00#,\"new\",1\r\n\"Sunday\",#eight#,\"lost\",1\r\n", 5);
-    ExpectReadError("13 - Type mismatch");
-    Open();
-    EXPECT_EQ(Window().txtMessage[0].text(), "new");
-    EXPECT_EQ(Shared().SpecialAlarmMessage[0], "new");
-    EXPECT_EQ(Window().cboDays[1].Text(), "Sunday");
-    EXPECT_EQ(Window().dtpTime[1].value(), DateTime::FromTime(8, 0, 0));
-    EXPECT_EQ(Window().txtMessage[1].text(), "second");
-    EXPECT_EQ(Window().chkEnabled[1].value(), 1);
-    EXPECT_EQ(Shared().SpecialAlarmMessage[1], "second");
 }
 
 TEST_F(SpecialAlarms, SavingAfterAFileCouldNotBeOpenedLosesNoAlarm) {
@@ -343,17 +250,6 @@ TEST_F(SpecialAlarms, CloseDiscardsWithoutAsking) {
     EXPECT_FALSE(IsOpen());
     EXPECT_FALSE(files.FileExists(path));
     EXPECT_EQ(Shared().SpecialAlarmMessage[0], "");
-}
-
-TEST_F(SpecialAlarms, AFailedSaveKeepsTheOldFile) {
-    PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
-    Open();
-    user->Type(Window().txtMessage[0], "new");
-    files.SetFreeSpace(0);
-    stage->ExpectBox("Run-time error '61':\r\n\r\nDisk full", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
-    user->Click(Window().cmdSave);
-    EXPECT_TRUE(files.Peek(path)->starts_with("\"Friday\",#17:30:00#,\"old\",1\r\n"));
 }
 
 TEST_F(SpecialAlarms, TabGoesAlongTheRows) {

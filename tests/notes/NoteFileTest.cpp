@@ -281,10 +281,12 @@ TEST_F(NoteFileTest, TextOfAMegabyteRoundTrips) {
     EXPECT_EQ(ErrorOfDecoding(std::string(std::size_t{1} << 20, ' ')), 62);
 }
 
-TEST_F(NoteFileTest, ZeroBytesAreCharacters) {
+TEST_F(NoteFileTest, ZeroBytesAreReadAsBlanks) {
     NoteRecord record = Dentist();
-    record.Text = std::string("a\0b", 3);
-    EXPECT_EQ(Decoded(NoteFile::Encode(record)), record);
+    for (const std::string& letters : {std::string("b"), std::string("\xce\xb1")}) {
+        record.Text = std::string("a\0", 2) + letters;
+        EXPECT_EQ(Decoded(NoteFile::Encode(record)).Text, "a " + letters);
+    }
     EXPECT_EQ(ErrorOfDecoding(std::string(4096, '\0')), 62);
 }
 

@@ -85,9 +85,9 @@ void Program::Forget() {
     id = 0;
 }
 
-void Program::Start(const std::string& path, const std::string& argument) {
+void Program::Start(const std::string& path, const std::string& arguments) {
     Kill();
-    std::wstring command = Wide('"' + path + "\" " + argument);
+    std::wstring command = L'"' + Wide(path) + L"\" " + Wide(arguments);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION information{};

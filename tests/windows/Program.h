@@ -31,7 +31,7 @@ class Program {
     Program& operator=(const Program&) = delete;
 
     // path: of the executable. Failure where it does not start.
-    void Start(const std::string& path, const std::string& argument = "");
+    void Start(const std::string& path, const std::string& arguments = "");
     bool Runs() const;
     // Waits for the end; the exit code.
     DWORD WaitForEnd();

@@ -64,6 +64,7 @@ TEST_F(MemoryFilesTest, RefusesNamesAsWindowsDoes) {
         EXPECT_EQ(ErrorOf([&] { files.WriteThrough(path, "x"); }), 52) << name;
         EXPECT_FALSE(files.FileExists(path));
     }
+    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes\\..\\a.txt", "x"); }), 52);
     EXPECT_EQ(ErrorOf([&] { files.Read("relative.txt"); }), 52);
     EXPECT_EQ(ErrorOf([&] { files.Read("C:relative.txt"); }), 52);
     EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes\\com0.txt", "x"); }), 0);

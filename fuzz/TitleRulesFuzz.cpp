@@ -1,0 +1,67 @@
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "forms/RuntimeError.h"
+#include "forms/Text.h"
+#include "forms/headless/HeadlessDevices.h"
+#include "forms/headless/HeadlessLocale.h"
+#include "forms/headless/MemoryFiles.h"
+#include "notes/NotesArray.h"
+#include "notes/TitleRules.h"
+
+namespace {
+
+constexpr const char* folder = "C:\\Jotwright\\Notes";
+
+void Check(bool holds) {
+    if (!holds) {
+        std::abort();
+    }
+}
+
+// Saves a note with this title as its editor would. False where it cannot be saved.
+bool Save(const std::string& title) {
+    StandardCode::NoteRecord record;
+    record.Title = title;
+    record.AlarmDate = forms::DateTime::FromDate(2004, 5, 14);
+    try {
+        StandardCode::SaveNoteFile(StandardCode::NotePath(title), record);
+        return true;
+    } catch (const forms::RuntimeError&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+// Whatever is typed or pasted as a title is judged by one of the rules; a note whose title they
+// accept is saved under just that title or not at all.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static forms::headless::HeadlessLocale locale;
+    static forms::headless::RecordedSystem system;
+    forms::headless::MemoryFiles files;
+    files.PutFolder(folder);
+    forms::Machine().locale = &locale;
+    forms::Machine().system = &system;
+    forms::Machine().files = &files;
+
+    const std::string title = forms::ToValidUtf8(std::string(data, data + size));
+    StandardCode::NotesTable notes;
+    const TitleRules::Verdict verdict = TitleRules::Check(title, notes);
+    Check(verdict.rule >= 0 && verdict.rule <= 10);
+    Check(verdict.HasMessage() == (verdict.rule != 0 && verdict.rule != 3));
+    if (!verdict.IsAccepted()) {
+        return 0;
+    }
+    notes[1].Title = title;
+    Check(TitleRules::Check(title, notes).rule == 11);
+    if (Save(title)) {
+        Check(files.Names(folder) == std::vector{title + ".txt"});
+        Check(NoteFile::Read(StandardCode::NotePath(title)).Title == title);
+    } else {
+        Check(files.Names(folder).empty());
+    }
+    Check(files.Names("C:\\Jotwright").empty() && files.Names("C:").empty());
+    return 0;
+}

@@ -1,0 +1,131 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/alarms/SpecialAlarmsProgram.h"
+
+// Files that are not as they should be, messages of every kind, disks that refuse.
+
+namespace {
+
+using namespace std::string_literals;
+using StandardCode::Shared;
+using testing_support::SpecialAlarms;
+
+TEST_F(SpecialAlarms, AFileOfFewerRowsIsReportedAndRepairedBySaving) {
+    PutFile("\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n", 5);
+    ExpectReadError("62 - Input past end of file");
+    Open();
+    ASSERT_FALSE(runtime->HasEnded());
+    EXPECT_EQ(Window().cboDays[0].Text(), "Friday");
+    EXPECT_EQ(Window().txtMessage[0].text(), "Pay the rent");
+    EXPECT_EQ(Window().cboDays[6].Text(), "Monday");
+    EXPECT_EQ(Shared().SpecialAlarmMessage[0], "Pay the rent");
+    EXPECT_FALSE(Window().cmdSave.enabled());
+    user->Type(Window().txtMessage[6], "last");
+    user->Click(Window().cmdSave);
+    EXPECT_EQ(files.Peek(path), "\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n" + emptyRow +
+                                    emptyRow + emptyRow + emptyRow + emptyRow +
+                                    "\"Monday\",#00:00:00#,\"last\",0\r\n");
+    Open();
+}
+
+TEST_F(SpecialAlarms, AnEmptyFileIsReported) {
+    files.PutFile(path, "");
+    ExpectReadError("62 - Input past end of file");
+    Open();
+    ASSERT_TRUE(IsOpen());
+    EXPECT_EQ(Window().cboDays[0].Text(), "Monday");
+    EXPECT_EQ(Window().chkEnabled[0].value(), 0);
+}
+
+TEST_F(SpecialAlarms, LinesAfterTheSeventhAreNotRead) {
+    PutFile("", 7);
+    files.PutFile(path, *files.Peek(path) + "\"Friday\",#noon#,\"no row\"\r\n");
+    Open();
+    EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(SpecialAlarms, RowsBehindADamagedOneAreShownAsTheyWereLoaded) {
+    PutFile("\"Friday\",#17:30:00#,\"first\",1\r\n\"Sunday\",#08:00:00#,\"second\",1\r\n", 5);
+    Start(StandardCode::LoadSpecialAlarms);
+    PutFile("\"Tuesday\",#09:00:00#,\"new\",1\r\n\"Sunday\",#eight#,\"lost\",1\r\n", 5);
+    ExpectReadError("13 - Type mismatch");
+    Open();
+    EXPECT_EQ(Window().txtMessage[0].text(), "new");
+    EXPECT_EQ(Shared().SpecialAlarmMessage[0], "new");
+    EXPECT_EQ(Window().cboDays[1].Text(), "Sunday");
+    EXPECT_EQ(Window().dtpTime[1].value(), forms::DateTime::FromTime(8, 0, 0));
+    EXPECT_EQ(Window().txtMessage[1].text(), "second");
+    EXPECT_EQ(Window().chkEnabled[1].value(), 1);
+    EXPECT_EQ(Shared().SpecialAlarmMessage[1], "second");
+}
+
+TEST_F(SpecialAlarms, AFailedSaveKeepsTheOldFileAndTheWindow) {
+    PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
+    const auto before = files.Peek(path);
+    Open();
+    user->Type(Window().txtMessage[0], "new");
+    files.SetFreeSpace(0);
+    ExpectWriteError("61 - Disk full");
+    user->Click(Window().cmdSave);
+    ASSERT_FALSE(runtime->HasEnded());
+    ASSERT_TRUE(IsOpen());
+    EXPECT_EQ(files.Peek(path), before);
+    EXPECT_EQ(Window().txtMessage[0].text(), "new");
+    EXPECT_EQ(Shared().SpecialAlarmMessage[0], "old");
+
+    files.SetFreeSpace(std::nullopt);
+    EXPECT_TRUE(Window().cmdSave.enabled());
+    user->Click(Window().cmdSave);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_TRUE(files.Peek(path)->starts_with("\"Friday\",#17:30:00#,\"new\",1\r\n"));
+    EXPECT_EQ(Shared().SpecialAlarmMessage[0], "new");
+}
+
+TEST_F(SpecialAlarms, AFolderThatCannotBeMadeIsReported) {
+    files.PutFile("C:\\Jotwright\\SpecialAlarms", "a file");
+    Open();
+    user->Type(Window().txtMessage[0], "new");
+    ExpectWriteError("75 - Path/File access error");
+    user->Click(Window().cmdSave);
+    ASSERT_FALSE(runtime->HasEnded());
+    EXPECT_EQ(Window().txtMessage[0].text(), "new");
+    EXPECT_EQ(files.Peek("C:\\Jotwright\\SpecialAlarms"), "a file");
+}
+
+TEST_F(SpecialAlarms, MessagesOfAnyKindComeBackWhole) {
+    const std::vector<std::string> messages{
+        std::string(65536, 'x'),
+        "tab\tand , comma",
+        "\xf0\x9f\x98\x80 \xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d e\xcc\x81",
+        "  blanks  ",
+        "#12:00#",
+        "two\r\nlines",
+        "'single'",
+    };
+    Open();
+    for (std::size_t row = 0; row < messages.size(); ++row) {
+        user->Type(Window().txtMessage[row], messages[row]);
+    }
+    user->Click(Window().cmdSave);
+    Restart();
+    Start(StandardCode::LoadSpecialAlarms);
+    Open();
+    for (std::size_t row = 0; row < messages.size(); ++row) {
+        EXPECT_EQ(Window().txtMessage[row].text(), messages[row]) << row;
+        EXPECT_EQ(Shared().SpecialAlarmMessage[row], messages[row]) << row;
+    }
+}
+
+TEST_F(SpecialAlarms, WhatFollowsAZeroByteIsKept) {
+    PutFile("\"Friday\",#17:30:00#,\"Pay\0the rent\",1\r\n"s, 6);
+    Open();
+    EXPECT_EQ(Window().txtMessage[0].text(), "Pay the rent");
+    user->Click(Window().chkEnabled[6]);
+    user->Click(Window().cmdSave);
+    EXPECT_TRUE(files.Peek(path)->starts_with("\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n"));
+}
+
+}  // namespace

@@ -1,0 +1,125 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "alarms/frmAlarms.h"
+#include "forms/RuntimeError.h"
+#include "forms/Text.h"
+#include "tests/support/WholeProgram.h"
+
+// Whatever text a hand has put into the store.
+
+namespace {
+
+using forms::BoxButtons;
+using forms::BoxIcon;
+using forms::BoxResult;
+
+const std::vector<std::string> numbers{"-1",     "6",     "-32768", "32767", " 1 ",
+                                       "&HFFFF", "1.5e2", "+3",     "1,000", "2."};
+const std::vector<std::string> tooLarge{"32768", "-32769", "1e400", "&HFFFFFFFFF",
+                                        std::string(65536, '9')};
+const std::vector<std::string> noNumbers{
+    "", "abc", "1x", "0x10", "1 2", "\xef\xbc\x91", "\t1", "--1", std::string(65536, 'x')};
+
+class BadSettings : public testing_support::WholeProgram {
+  protected:
+    void Set(const std::string& key, const std::string& value) {
+        settings.values[{"Options", key}] = value;
+    }
+    void ExpectFatal(const std::string& text) {
+        stage->ExpectBox("Run-time error " + text, "Jotwright", BoxIcon::Critical, BoxButtons::Ok,
+                         BoxResult::Ok);
+    }
+};
+
+class ReadOnlySettings : public forms::headless::HeadlessSettings {
+  public:
+    void Write(const std::string&, const std::string&, const std::string&) override {
+        throw forms::RuntimeError(forms::ErrorNumber::InvalidProcedureCall);
+    }
+};
+
+TEST_F(BadSettings, ANewNoteTakesAnyNumberAndReportsTheRest) {
+    StartQuietly();
+    int made = 0;
+    for (const char* key : {"DefaultColor", "DefaultFontSize", "ShowDateTime"}) {
+        for (const std::string& value : numbers) {
+            Set(key, value);
+            user->CloseBox(MakeNote("note " + std::to_string(++made)));
+        }
+        const auto refuse = [&](const std::string& value, const std::string& description) {
+            Set(key, value);
+            if (!Main().IsVisible()) {
+                user->Tray(514);
+            }
+            stage->ExpectBox("Error Creating New Note. " + description + "      ", "Note Error",
+                             BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+            user->Type(Main().txtNoteTitle, "refused");
+            user->Click(Main().cmdMakeNote);
+            EXPECT_EQ(FindWindow<frmNote>("refused"), nullptr) << key << value;
+            EXPECT_EQ(Main().txtNoteTitle.text(), "refused");
+        };
+        for (const std::string& value : tooLarge) {
+            refuse(value, "Overflow");
+        }
+        for (const std::string& value : noNumbers) {
+            refuse(value, "Type mismatch");
+        }
+        settings.values.erase({"Options", key});
+    }
+    EXPECT_FALSE(runtime->HasEnded());
+}
+
+TEST_F(BadSettings, ANoteIsSavedBeforeAnAlarmsSettingEndsTheProgram) {
+    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n");
+    StartQuietly();
+    user->CloseBox(Editor("Dentist"));
+    user->Type(MakeNote("Shopping").txtNote, "milk");
+    Set("WindowOnTop", "always");
+    ExpectFatal("'13':\r\n\r\nType mismatch");
+    Advance(12000);
+    EXPECT_TRUE(runtime->HasEnded());
+    EXPECT_NE(files.Peek(NoteFile("Shopping")).value_or("").find("milk"), std::string::npos);
+}
+
+TEST_F(BadSettings, AnyTextIsASoundPath) {
+    for (const std::string& path :
+         std::vector<std::string>{"nonsense", "C:\\", "C:\\Jotwright", "\\\\server\\share\\a.wav",
+                                  "C:\\Jotwright\\logo.ico", "..\\..\\x", "con", "a\r\nb",
+                                  "\xf0\x9f\x98\x80.wav", std::string(65536, 'x')}) {
+        settings.values[{"Config", "Alarm"}] = path;
+        PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",1,\"yes\"\r\n");
+        SetNow(2004, 5, 14, 9, 0, 0);
+        StartQuietly();
+        stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", BoxIcon::None,
+                         BoxButtons::Ok, BoxResult::Ok);
+        Advance(12000);
+        EXPECT_EQ(sound.log.back().kind, forms::headless::RecordedSound::Kind::Stop);
+        stage->ExpectModal<frmAlarms>([&](frmAlarms& window) {
+            EXPECT_EQ(window.txtMyWaveFilePath.text(), path);
+            EXPECT_TRUE(window.optAlarm[5].value());
+            user->Click(window.cmdCancel);
+        });
+        user->Choose(Main().mnuToolsChangeAlarm);
+        ASSERT_FALSE(runtime->HasEnded());
+        Restart();
+    }
+}
+
+TEST_F(BadSettings, ASoundThatCannotBeStoredIsReportedAndTheWindowStays) {
+    ReadOnlySettings refusing;
+    forms::Machine().settings = &refusing;
+    Start([] { forms::Default<frmAlarms>().Show(); });
+    user->Click(forms::Default<frmAlarms>().optAlarm[1]);
+    stage->ExpectBox(
+        "5 - Invalid procedure call or argument\r\n\r\nThe alarm sound has not been saved.",
+        "Error Saving Alarm Sound", BoxIcon::Exclamation, BoxButtons::Ok, BoxResult::Ok);
+    user->Click(forms::Default<frmAlarms>().cmdSave);
+    ASSERT_FALSE(runtime->HasEnded());
+    EXPECT_TRUE(forms::Default<frmAlarms>().IsVisible());
+    user->Click(forms::Default<frmAlarms>().cmdCancel);
+}
+
+}  // namespace

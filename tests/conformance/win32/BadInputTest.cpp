@@ -1,0 +1,261 @@
+#include <windows.h>
+#include <commctrl.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "forms/win32/BoxText.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/LibrarySearch.h"
+#include "forms/win32/Utf.h"
+#include "forms/win32/devices/WinSound.h"
+#include "tests/conformance/Stand.h"
+#include "tests/conformance/win32/TempFolder.h"
+
+namespace forms::win32 {
+
+namespace {
+
+using namespace std::string_literals;
+
+class frmInput : public Form {
+  public:
+    frmInput() : Form("frmInput") {}
+    TextBox txtLine{this, "txtLine"};
+    TextBox txtNote{this, "txtNote"};
+    DateTimePicker dtDate{this, "dtDate"};
+    DateTimePicker dtTime{this, "dtTime"};
+
+    void Design() override {
+        width = 6000;
+        height = 6000;
+        txtLine.Place(120, 120, 3000, 300);
+        txtNote.multiLine = true;
+        txtNote.Place(120, 600, 5000, 3000);
+        dtDate.Place(120, 4000, 2000, 300);
+        dtTime.customFormat = "h:mm tt";
+        dtTime.upDown = true;
+        dtTime.Place(2400, 4000, 2000, 300);
+    }
+};
+
+class BadInput : public conformance::StandTest {
+  protected:
+    void SetUp() override {
+        StandTest::SetUp();
+        Start([] { Default<frmInput>().Show(); });
+        stand->Pump(50);
+    }
+    static frmInput& Input() { return Default<frmInput>(); }
+    static HWND HandleOf(Control& control) {
+        return FormWindow::Existing(control.form)->PeerOf(control)->handle;
+    }
+    static SYSTEMTIME Shown(DateTimePicker& picker) {
+        SYSTEMTIME time{};
+        ::SendMessageW(HandleOf(picker), DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time));
+        return time;
+    }
+    static void ExpectShown(DateTimePicker& picker, int year, int month, int day) {
+        const SYSTEMTIME time = Shown(picker);
+        EXPECT_EQ(time.wYear, year);
+        EXPECT_EQ(time.wMonth, month);
+        EXPECT_EQ(time.wDay, day);
+    }
+    // As the native control reports what its user has picked.
+    static void Report(DateTimePicker& picker, const SYSTEMTIME& time) {
+        HWND handle = HandleOf(picker);
+        NMDATETIMECHANGE change{};
+        change.nmhdr.hwndFrom = handle;
+        change.nmhdr.idFrom = static_cast<UINT_PTR>(::GetDlgCtrlID(handle));
+        change.nmhdr.code = DTN_DATETIMECHANGE;
+        change.dwFlags = GDT_VALID;
+        change.st = time;
+        ::SendMessageW(::GetParent(handle), WM_NOTIFY, change.nmhdr.idFrom,
+                       reinterpret_cast<LPARAM>(&change));
+    }
+    static void Paste(TextBox& textBox, const std::string& text) {
+        const std::wstring wide = Wide(text);
+        const std::size_t size = (wide.size() + 1) * sizeof(wchar_t);
+        HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, size);
+        std::copy_n(wide.c_str(), wide.size() + 1, static_cast<wchar_t*>(::GlobalLock(memory)));
+        ::GlobalUnlock(memory);
+        ASSERT_NE(::OpenClipboard(HandleOf(textBox)), 0);
+        ::EmptyClipboard();
+        ::SetClipboardData(CF_UNICODETEXT, memory);
+        ::CloseClipboard();
+        ::SendMessageW(HandleOf(textBox), EM_SETSEL, 0, -1);
+        ::SendMessageW(HandleOf(textBox), WM_PASTE, 0, 0);
+    }
+};
+
+std::string Repeated(const std::string& piece, std::size_t bytes) {
+    std::string text;
+    while (text.size() < bytes) {
+        text += piece;
+    }
+    return text;
+}
+
+HWND OpenBox() { return ::FindWindowW(L"#32770", L"Long"); }
+
+}  // namespace
+
+TEST(BoxTextTest, TextsThatFitStandAsTheyAre) {
+    for (const std::wstring& text :
+         {std::wstring(), std::wstring(L"  Would you?  "), std::wstring(80, L'x'),
+          std::wstring(50 * 30, L' '), std::wstring(L"a\r\n\r\nb"), std::wstring(29, L'\n')}) {
+        EXPECT_EQ(TextThatFits(text), text);
+    }
+}
+
+TEST(BoxTextTest, LongerOnesEndInAnEllipsis) {
+    EXPECT_EQ(TextThatFits(std::wstring(50 * 30 + 1, L' ')),
+              std::wstring(50 * 30, L' ') + L'\u2026');
+    EXPECT_EQ(TextThatFits(std::wstring(31, L'\n')), std::wstring(29, L'\n') + L'\u2026');
+    const std::wstring blanks(1499, L' ');
+    EXPECT_EQ(TextThatFits(blanks + L"\xd83d\xde00 and more"), blanks + L'\u2026');
+}
+
+TEST(BoxTextTest, WordsThatNoRowHoldsAreBroken) {
+    const std::wstring word(80, L'x');
+    EXPECT_EQ(TextThatFits(word + word + L"x and"), word + L"\r\n" + word + L"\r\nx and");
+    const std::wstring emoji = std::wstring(79, L'x') + L"\xd83d\xde00";
+    EXPECT_EQ(TextThatFits(emoji + L"y"), emoji + L"\r\ny");
+    EXPECT_LE(TextThatFits(std::wstring(65536, L'x')).size(), 1600U);
+}
+
+TEST_F(BadInput, ABoxOfAnyTextIsAnsweredOnTheScreen) {
+    for (const std::string& text : {std::string(65536, 'x'), Repeated("some words ", 65536),
+                                    Repeated("line\r\n", 65536), Repeated("\xe6\x97\xa5", 65536)}) {
+        stand->ExpectBox(Narrow(TextThatFits(Wide(text))), "Long", BoxButtons::Ok, BoxResult::Ok,
+                         [] {
+                             RECT place{};
+                             ASSERT_NE(::GetWindowRect(OpenBox(), &place), 0);
+                             EXPECT_GE(place.left, 0);
+                             EXPECT_GE(place.top, 0);
+                             EXPECT_LE(place.right, ::GetSystemMetrics(SM_CXSCREEN));
+                             EXPECT_LE(place.bottom, ::GetSystemMetrics(SM_CYSCREEN));
+                         });
+        Start([&text] { MsgBox(text, {}, "Long"); });
+    }
+}
+
+TEST_F(BadInput, DatesBeforeThoseOfTheNativeControlStayAsTheyAre) {
+    for (const int year : {100, 1500, 1600, 1601, 1752}) {
+        const DateTime date = DateTime::FromDate(year, 6, 5);
+        Start([&date] { Input().dtDate.value = date; });
+        ExpectShown(Input().dtDate, 1753, 1, 1);
+        EXPECT_EQ(Input().dtDate.value(), date) << year;
+    }
+    for (const int year : {1753, 1899, 2031, 9999}) {
+        Start([year] { Input().dtDate.value = DateTime::FromDate(year, 12, 30); });
+        ExpectShown(Input().dtDate, year, 12, 30);
+    }
+}
+
+TEST_F(BadInput, ATimePickerTakesTheTimeOfAnyDate) {
+    Start([] {
+        Input().dtTime.value =
+            Combine(DateTime::FromDate(1066, 10, 14), DateTime::FromTime(9, 31, 0));
+    });
+    EXPECT_EQ(Shown(Input().dtTime).wHour, 9);
+    EXPECT_EQ(Shown(Input().dtTime).wMinute, 31);
+}
+
+TEST_F(BadInput, ADateThatOnlyTheNativeControlKnowsIsNotTaken) {
+    const DateTime date = DateTime::FromDate(2031, 6, 2);
+    Start([&date] { Input().dtDate.value = date; });
+    for (const SYSTEMTIME& time : {SYSTEMTIME{30000, 1, 0, 1, 0, 0, 0, 0}, SYSTEMTIME{},
+                                   SYSTEMTIME{2031, 2, 0, 30, 0, 0, 0, 0}}) {
+        Report(Input().dtDate, time);
+        EXPECT_EQ(Input().dtDate.value(), date);
+        ExpectShown(Input().dtDate, 2031, 6, 2);
+    }
+    Report(Input().dtDate, SYSTEMTIME{2032, 2, 0, 29, 0, 0, 0, 0});
+    EXPECT_EQ(Input().dtDate.value(), DateTime::FromDate(2032, 2, 29));
+}
+
+// Some native controls take minutes to wrap one line of 64 KiB; lines of a usual length cost
+// nothing.
+TEST_F(BadInput, WhateverIsPastedIsTheText) {
+    for (const std::string& text :
+         {std::string(8192, 'x'), Repeated(std::string(500, 'x') + "\r\n", 65536),
+          Repeated("0123456789abcde\r\n", 1U << 20U),
+          Repeated("\xf0\x9f\x98\x80\xd7\xa9\xd7\x9c e\xcc\x81\t\xe6\x97\xa5\r\n", 65536),
+          std::string("\xe2\x80\xae turned \xe2\x80\xac\x01\x7f")}) {
+        Paste(Input().txtNote, text);
+        EXPECT_TRUE(Input().txtNote.text() == text) << text.substr(0, 40);
+    }
+    Paste(Input().txtLine, std::string(1U << 20U, 'x'));
+    EXPECT_EQ(Input().txtLine.text().size(), 1U << 20U);
+    // The keyboard goes on where the clipboard has stopped.
+    ::SendMessageW(HandleOf(Input().txtLine), WM_CHAR, 'y', 1);
+    EXPECT_EQ(Input().txtLine.text().size(), (1U << 20U) + 1);
+    const std::string lines = Repeated("0123456789abcde\r\n", 40000);
+    Paste(Input().txtNote, lines);
+    ::SendMessageW(HandleOf(Input().txtNote), WM_CHAR, 'y', 1);
+    EXPECT_EQ(Input().txtNote.text(), lines + 'y');
+}
+
+TEST(BadSoundTest, WhatIsNoWaveIsSilentlyPassedOver) {
+    const TempFolder folder;
+    const auto write = [&folder](const std::string& name, const std::string& bytes) {
+        const std::string path = folder / name;
+        HANDLE file = ::CreateFileW(Wide(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+        DWORD written = 0;
+        ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+        ::CloseHandle(file);
+        return path;
+    };
+    WinSound sound;
+    for (const std::string& path :
+         {std::string(), folder / "missing.wav", folder.Path(), write("empty.wav", ""),
+          write("text.wav", "This is no wave."), write("cut.wav", "RIFF\xff\xff\xff\x7fWAVEfmt "),
+          write("odd.wav",
+                "RIFF\x24\0\0\0WAVEfmt \x10\0\0\0\1\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"
+                "data\xff\xff\xff\xff"s),
+          std::string("\\\\localhost\\missing\\a.wav"), std::string("nonsense"),
+          "C:\\" + std::string(65536, 'x') + ".wav"}) {
+        const ULONGLONG start = ::GetTickCount64();
+        sound.Play(path, Sound::Mode::Once);
+        sound.Play(path, Sound::Mode::Loop);
+        sound.Stop();
+        sound.PlayToEnd(path);
+        EXPECT_LT(::GetTickCount64() - start, 10000U) << path.substr(0, 80);
+    }
+}
+
+TEST(LibrarySearchTest, NoLibraryOfTheCurrentFolderOrBesideTheProgramIsLoaded) {
+    const TempFolder folder;
+    const std::wstring planted = L"jotwright-planted.dll";
+    wchar_t self[MAX_PATH]{};
+    ASSERT_NE(::GetModuleFileNameW(nullptr, self, MAX_PATH), 0U);
+    const std::wstring program = self;
+    const std::wstring beside = program.substr(0, program.find_last_of(L'\\') + 1) + planted;
+    ASSERT_NE(::CopyFileW(self, Wide(folder / Narrow(planted)).c_str(), FALSE), 0);
+    wchar_t before[MAX_PATH]{};
+    ::GetCurrentDirectoryW(MAX_PATH, before);
+    ::SetCurrentDirectoryW(Wide(folder.Path()).c_str());
+
+    static bool isRestricted = false;
+    if (!isRestricted) {
+        HMODULE library = ::LoadLibraryW(planted.c_str());
+        EXPECT_NE(library, nullptr) << "what follows would prove nothing";
+        ::FreeLibrary(library);
+    }
+    RestrictLibrarySearch();
+    isRestricted = true;
+    EXPECT_EQ(::LoadLibraryW(planted.c_str()), nullptr);
+    if (::CopyFileW(self, beside.c_str(), TRUE) != 0) {
+        EXPECT_EQ(::LoadLibraryW(planted.c_str()), nullptr);
+        ::DeleteFileW(beside.c_str());
+    }
+    HMODULE system = ::LoadLibraryW(L"version.dll");
+    EXPECT_NE(system, nullptr);
+    ::FreeLibrary(system);
+    ::SetCurrentDirectoryW(before);
+}
+
+}  // namespace forms::win32

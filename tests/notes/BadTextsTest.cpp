@@ -1,0 +1,168 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "notes/frmDisplayNote.h"
+#include "tests/support/NoteProgram.h"
+
+// Texts of every kind, and files that are not as the program would have written them.
+
+namespace {
+
+using namespace std::string_literals;
+
+class BadTexts : public testing_support::NoteProgram {
+  protected:
+    // The text box of the note in the file, after a start of the program.
+    std::string Shown(const std::string& bytes) {
+        files.PutFile(PathOf("Note"), bytes);
+        RestartProgram();
+        Start(StandardCode::ReadNotes);
+        return Editor("Note").txtNote.text();
+    }
+
+    static std::string FileWith(const std::string& text, const std::string& date = "#2004-05-14#") {
+        return "\"Note\",\"" + text + "\"," + date + ",#09:30:00#,1,12,\"0\",0,\"yes\"\r\n";
+    }
+};
+
+TEST_F(BadTexts, WhateverIsPastedComesBack) {
+    std::string scripts;
+    while (scripts.size() < 65536) {
+        scripts += "\xf0\x9f\x98\x80\xd7\xa9\xd7\x9c e\xcc\x81\t\xe6\x97\xa5\r\n";
+    }
+    for (const std::string& text : std::vector<std::string>{
+             std::string(65536, 'x'), std::string(std::size_t{1} << 20, 'y'), scripts, "\t\ttabs\t",
+             "   ", "\r\n\r\n", "'", ",,,#,#", "\xef\xbb\xbfmark", "\x1a\x04 control\x7f"}) {
+        frmNote& note = MakeNote("Note", text);
+        Advance(2000);
+        user->CloseBox(note);
+        EXPECT_FALSE(StandardCode::IsNoteOpen("Note"));
+        EXPECT_TRUE(Saved("Note").Text == text);
+        RestartProgram();
+        Start(StandardCode::ReadNotes);
+        EXPECT_TRUE(Editor("Note").txtNote.text() == text);
+        RestartProgram();
+        files.Remove(PathOf("Note"));
+    }
+}
+
+TEST_F(BadTexts, NothingBehindAZeroByteIsLost) {
+    const std::string bytes = FileWith("first\0second\0third"s);
+    EXPECT_EQ(Shown(bytes), "first second third");
+    user->Restore(Editor("Note"));
+    user->CloseBox(Editor("Note"));
+    EXPECT_EQ(FileOf("Note"), FileWith("first second third"));
+}
+
+TEST_F(BadTexts, NothingBehindAZeroByteOfARecoveryCopyIsLost) {
+    files.PutFile("C:\\Jotwright\\Notes\\~Note.recovery",
+                  "Jotwright recovery copy\r\n4\r\nNote\r\nfirst\0second"s);
+    Start(StandardCode::ReadNotes);
+    EXPECT_EQ(Editor("Note").txtNote.text(), "first second");
+}
+
+TEST_F(BadTexts, EveryLineBreakIsShownAndKept) {
+    EXPECT_EQ(Shown(FileWith("a\nb\n\nc")), "a\r\nb\r\n\r\nc");
+    EXPECT_EQ(Shown(FileWith("a\rb\r\rc")), "a\r\nb\r\n\r\nc");
+    EXPECT_EQ(Shown(FileWith("a\r\nb\n\rc\r")), "a\r\nb\r\n\r\nc\r\n");
+    // What is only shown is no change: nothing has to be kept for the next start.
+    Advance(2000);
+    EXPECT_EQ(files.Names("C:\\Jotwright\\Notes"), std::vector<std::string>{"Note.txt"});
+    user->Restore(Editor("Note"));
+    user->CloseBox(Editor("Note"));
+    EXPECT_EQ(FileOf("Note"), FileWith("a\r\nb\r\n\r\nc\r\n"));
+}
+
+TEST_F(BadTexts, TheAlarmDisplayShowsEveryLineBreak) {
+    files.PutFile(PathOf("Note"), FileWith("a\nb"));
+    Start([] {
+        StandardCode::LoadNotesArray();
+        StandardCode::DisplayNote(1);
+    });
+    EXPECT_EQ(StandardCode::LastDisplay()->lblNoteText.text(), "a\r\nb");
+}
+
+// A text with a double quote is written as it stands and cannot be read: the file stays as the user
+// has saved it, and so does the window.
+TEST_F(BadTexts, QuotesCostNoFile) {
+    for (const std::string& text : std::vector<std::string>{
+             "He said \"no\"", "\"", "5\" pipe", "x\" \"", "\"\"", "a\",", "\",#", "\"\r\n\""}) {
+        frmNote& note = MakeNote("Note", text);
+        stage->improvise.box = [](const forms::BoxRequest& request) {
+            EXPECT_TRUE(request.caption == "Error Loading Notes Array" ||
+                        request.caption == "Error Loading File")
+                << request.caption << request.text;
+            return forms::BoxResult::Ok;
+        };
+        Start([&note] { note.WriteNote(); });
+        EXPECT_EQ(note.txtNote.text(), text);
+        const std::string bytes =
+            "\"Note\",\"" + text + "\",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
+        EXPECT_EQ(FileOf("Note"), bytes);
+        RestartProgram();
+        stage->improvise.box = [](const forms::BoxRequest& request) {
+            EXPECT_EQ(request.caption, "Error Loading File");
+            return forms::BoxResult::Ok;
+        };
+        Start(StandardCode::ReadNotes);
+        EXPECT_EQ(FileOf("Note"), bytes) << text;
+        EXPECT_TRUE(files.RecycleBin().empty()) << text;
+        RestartProgram();
+        files.Remove(PathOf("Note"));
+    }
+}
+
+TEST_F(BadTexts, DatesThatPickersDoNotKnowStay) {
+    for (const char* date : {"#0100-01-01#", "#0512-02-29#", "#1500-06-05#", "#1600-12-31#",
+                             "#1752-09-14#", "#1899-12-30#", "#9999-12-31#"}) {
+        const std::string bytes = FileWith("text", date);
+        EXPECT_EQ(Shown(bytes), "text") << date;
+        frmNote& note = Editor("Note");
+        user->Restore(note);
+        Advance(3000);
+        user->Click(note.cmdAlarm);
+        EXPECT_EQ(note.lblDayYear.caption(), std::to_string(note.dtDate.value().Day()) + ", " +
+                                                 std::to_string(note.dtDate.value().Year()));
+        Advance(3000);
+        user->Click(note.cmdAlarm);
+        user->CloseBox(note);
+        EXPECT_EQ(FileOf("Note"), bytes) << date;
+    }
+}
+
+TEST_F(BadTexts, DatesThatAreNoneAreReportedAndTheFileStays) {
+    for (const char* date : {"#0000-00-00#", "#0099-12-31#", "#10000-01-01#", "#2004-02-30#",
+                             "#2004-13-01#", "#-2004-01-01#", "#99999999999999999999-1-1#"}) {
+        const std::string bytes = FileWith("text", date);
+        files.PutFile(PathOf("Note"), bytes);
+        stage->ExpectBox("Type mismatch", "Error Loading File", forms::BoxIcon::None,
+                         forms::BoxButtons::Ok, forms::BoxResult::Ok);
+        Start(StandardCode::ReadNotes);
+        stage->ExpectBox("Error Number: 13) - Type mismatch", "Error Loading Notes Array",
+                         forms::BoxIcon::None, forms::BoxButtons::Ok, forms::BoxResult::Ok);
+        Start(StandardCode::LoadNotesArray);
+        EXPECT_EQ(FileOf("Note"), bytes) << date;
+        EXPECT_TRUE(runtime->LoadedForms().empty());
+    }
+}
+
+TEST_F(BadTexts, NumbersOutOfRangeAreReportedOrPassedOver) {
+    for (const char* numbers : {"32768,12", "1,-32769", "1,1e5", "1,99999999999999999999"}) {
+        const std::string bytes = "\"Note\",\"text\",#2004-05-14#,#09:30:00#," +
+                                  std::string(numbers) + ",\"0\",0,\"yes\"\r\n";
+        files.PutFile(PathOf("Note"), bytes);
+        stage->ExpectBox("Overflow", "Error Loading File", forms::BoxIcon::None,
+                         forms::BoxButtons::Ok, forms::BoxResult::Ok);
+        Start(StandardCode::ReadNotes);
+        EXPECT_EQ(FileOf("Note"), bytes);
+    }
+    for (const char* numbers : {"32767,-32768", "-1,0", "0,32767", "1.5,12.4"}) {
+        EXPECT_EQ(Shown("\"Note\",\"text\",#2004-05-14#,#09:30:00#," + std::string(numbers) +
+                        ",\"maybe\",-7,\"no\"\r\n"),
+                  "text");
+    }
+}
+
+}  // namespace
