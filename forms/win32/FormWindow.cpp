@@ -16,6 +16,11 @@ namespace {
 
 constexpr wchar_t className[] = L"FormWindow";
 
+// No title bar shows more, and a window with a very long name is not made at all.
+constexpr std::size_t longestCaption = 1024;
+
+std::wstring CaptionOf(const Form& form) { return Wide(form.caption()).substr(0, longestCaption); }
+
 // How a form finds its window. Goes with the form, or earlier with its unloading.
 struct Link : Form::StageData {
     FormWindow* window = nullptr;
@@ -144,10 +149,10 @@ bool FormWindow::CreateBare() {
     (void)registered;
     const Applying applying(state);
     dpi = SystemDpi();
-    handle = ::CreateWindowExW(ExtendedStyle(*form), className, Wide(form->caption()).c_str(),
-                               Style(*form), CW_USEDEFAULT, CW_USEDEFAULT, Pixels(form->width),
-                               Pixels(form->height), BaseOwner(), nullptr,
-                               ::GetModuleHandleW(nullptr), this);
+    handle =
+        ::CreateWindowExW(ExtendedStyle(*form), className, CaptionOf(*form).c_str(), Style(*form),
+                          CW_USEDEFAULT, CW_USEDEFAULT, Pixels(form->width), Pixels(form->height),
+                          BaseOwner(), nullptr, ::GetModuleHandleW(nullptr), this);
     if (handle == nullptr) {
         return false;
     }
@@ -280,7 +285,7 @@ void FormWindow::Apply(Aspect aspect) {
     const Applying applying(state);
     switch (aspect) {
         case Aspect::Caption:
-            ::SetWindowTextW(handle, Wide(form->caption()).c_str());
+            ::SetWindowTextW(handle, CaptionOf(*form).c_str());
             break;
         case Aspect::Bounds:
             ApplyBounds();

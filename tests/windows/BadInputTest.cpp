@@ -110,11 +110,11 @@ TEST_F(BadInput, ATitleThatIsNoFileNameIsReportedAndItsTextStays) {
     EXPECT_TRUE(program.Runs());
 }
 
-TEST_F(BadInput, ATitleOf64KibibytesIsRefusedOnTheScreen) {
+TEST_F(BadInput, ATitleOfAMebibyteIsRefusedOnTheScreen) {
     const Window main = StartProgram();
-    PutOnClipboard(std::string(65536, 'n'));
+    PutOnClipboard(std::string(1U << 20U, 'n'));
     main.Only("Edit").Send(WM_PASTE);
-    EXPECT_EQ(main.Only("Edit").Text().size(), 65536U);
+    EXPECT_EQ(main.Only("Edit").Text().size(), 1U << 20U);
     main.Button("Make &Note").Click();
     WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });
     Window editor;

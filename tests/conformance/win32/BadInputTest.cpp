@@ -141,6 +141,17 @@ TEST_F(BadInput, ABoxOfAnyTextIsAnsweredOnTheScreen) {
     }
 }
 
+TEST_F(BadInput, ACaptionOfAnyLengthHasItsWindow) {
+    Start([] { Input().caption = std::string(1U << 20U, 'x'); });
+    EXPECT_EQ(::GetWindowTextLengthW(FormWindow::Existing(Input())->handle), 1024);
+    Start([] { Default<frmInput>().Unload(); });
+    Start([] {
+        Input().caption = std::string(1U << 20U, 'x');
+        Input().Show();
+    });
+    EXPECT_TRUE(stand->IsShown(Input()));
+}
+
 TEST_F(BadInput, DatesBeforeThoseOfTheNativeControlStayAsTheyAre) {
     for (const int year : {100, 1500, 1600, 1601, 1752}) {
         const DateTime date = DateTime::FromDate(year, 6, 5);
