@@ -220,8 +220,8 @@ TEST_F(BadInput, SpecialAlarmsThatCannotBeSavedStayInTheirWindow) {
 
 TEST_F(BadInput, ASoundThatIsNoneRingsSilently) {
     WriteWholeFile(folder + "\\none.wav", "This is no wave.");
-    for (const std::string& path : {folder + "\\none.wav", folder, std::string("nonsense"),
-                                    std::string("\\\\localhost\\missing\\a.wav")}) {
+    for (const std::string& path :
+         {folder + "\\none.wav", folder, std::string("\\\\localhost\\missing\\a.wav")}) {
         WriteSetting("Config", "Alarm", path);
         WriteNote("Dentist",
                   "\"Dentist\",\"text\",#2031-06-02#,#09:30:00#,1,12,\"1\",1,\"yes\"\r\n");
