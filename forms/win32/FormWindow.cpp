@@ -399,15 +399,26 @@ void FormWindow::LayoutControls() {
 void FormWindow::Rescale(int newDpi, const RECT& suggested) {
     const Applying applying(state);
     dpi = newDpi;
-    SIZE size{suggested.right - suggested.left, suggested.bottom - suggested.top};
-    if (form->borderStyle != BorderStyle::Sizable) {
-        // Title bars do not grow exactly as the resolution does.
-        size = OuterSize();
-    }
-    ::SetWindowPos(handle, nullptr, suggested.left, suggested.top, size.cx, size.cy,
-                   SWP_NOZORDER | SWP_NOACTIVATE);
+    ::SetWindowPos(handle, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+                   suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    RestoreInnerSize();
     ApplyIcon();
     LayoutControls();
+}
+
+// Title bars do not grow as the resolution does, and on some systems not at all.
+void FormWindow::RestoreInnerSize() {
+    if (!filled || form->innerWidth == 0 || form->borderStyle == BorderStyle::Sizable) {
+        return;
+    }
+    RECT outer{};
+    RECT inside{};
+    ::GetWindowRect(handle, &outer);
+    ::GetClientRect(handle, &inside);
+    ::SetWindowPos(handle, nullptr, 0, 0,
+                   outer.right - outer.left + Pixels(form->innerWidth) - inside.right,
+                   outer.bottom - outer.top + Pixels(form->innerHeight) - inside.bottom,
+                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void FormWindow::UserSettingsChanged() {

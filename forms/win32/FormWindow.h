@@ -123,6 +123,7 @@ class FormWindow {
     HWND BaseOwner() const;
     void LayoutControls();
     void Rescale(int newDpi, const RECT& suggested);
+    void RestoreInnerSize();
     void MoveFocusOn();
 
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
