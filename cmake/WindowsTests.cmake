@@ -31,7 +31,8 @@ endif()
 # For the gallery: what the program itself opens nowhere. Looks like the program, hence its resources.
 add_executable(spare_windows WIN32 "${PROJECT_SOURCE_DIR}/tests/gallery/SpareWindows.cpp" ${resources})
 jotwright_flags(spare_windows)
-target_include_directories(spare_windows PRIVATE "${PROJECT_SOURCE_DIR}/assets")
+target_include_directories(spare_windows PRIVATE "${PROJECT_SOURCE_DIR}/assets"
+                           "${PROJECT_BINARY_DIR}/manifest")
 target_link_libraries(spare_windows PRIVATE jotwright_core win32)
 if(driver_sources)
     jotwright_add_windows_tests(windows_driver ${driver_sources})
