@@ -195,6 +195,9 @@ void EndSession() {
     for (const auto& form : forms) {
         Close(*form, UnloadMode::SessionEnd);
     }
+    // A form whose user was being asked is not unloaded a second time, nor is the one that had it
+    // unloaded: nobody will answer.
+    runtime.Dispatch(nullptr, [&runtime] { runtime.End(); });
 }
 
 }  // namespace forms::gestures

@@ -37,7 +37,8 @@ void Activate(Form& form);
 void Close(Form& form, UnloadMode mode = UnloadMode::CloseBox);
 // The user moved, sized, minimised, restored or maximised the window.
 void Resize(Form& form, Rect bounds, WindowState windowState);
-// The session of the system's user ends: every form is unloaded with mode SessionEnd, in order.
+// The session of the system's user ends: every form is unloaded with mode SessionEnd, in order;
+// then the program ends, whatever it waited for.
 void EndSession();
 
 }  // namespace forms::gestures

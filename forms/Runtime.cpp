@@ -3,11 +3,22 @@
 #include <algorithm>
 #include <new>
 
+#include "forms/Controls.h"
+
 namespace forms {
 
 namespace {
 
 Runtime* current = nullptr;
+
+// The stage holds what the user has typed until somebody reads it.
+void FetchTypedTexts(const Form& form) {
+    for (Control* control : form.Controls()) {
+        if (const auto* box = dynamic_cast<TextBox*>(control)) {
+            box->text();
+        }
+    }
+}
 
 bool SameForm(const std::weak_ptr<Form>& weak, const Form& form) {
     const auto locked = weak.lock();
@@ -78,6 +89,7 @@ void Runtime::EndNow() {
             timers.Remove(*timer);
         }
         form->visible = false;
+        FetchTypedTexts(*form);
         stage.FormUnloaded(*form);
     }
     stage.ArmTimer(std::nullopt);

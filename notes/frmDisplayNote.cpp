@@ -125,12 +125,7 @@ void frmDisplayNote::Form_Unload(bool& cancel) {
         !forms::Machine().files->FileExists(StandardCode::NotePath(forms::Trim(caption())))) {
         return;
     }
-    const bool erase =
-        !forms::Runtime::Current().IsSessionEnding() &&
-        forms::MsgBox("Would you like to erase this note?",
-                      {.buttons = forms::BoxButtons::YesNo, .icon = forms::BoxIcon::Question},
-                      " Erase Note?") == forms::BoxResult::Yes;
-    if (erase) {
+    if (!forms::Runtime::Current().IsSessionEnding() && IsToBeErased()) {
         EraseNote();
     } else if (!KeepNote() && IsTextChanged() && !forms::Runtime::Current().IsSessionEnding()) {
         // What was typed here is nowhere else.
@@ -139,6 +134,19 @@ void frmDisplayNote::Form_Unload(bool& cancel) {
     }
     using StandardCode::SharedEvents;
     StandardCode::Events().ControlPanel.Raise(SharedEvents::PanelAction::LoadAndUnload);
+}
+
+bool frmDisplayNote::IsToBeErased() {
+    try {
+        return forms::MsgBox(
+                   "Would you like to erase this note?",
+                   {.buttons = forms::BoxButtons::YesNo, .icon = forms::BoxIcon::Question},
+                   " Erase Note?") == forms::BoxResult::Yes;
+    } catch (const forms::ProgramEnded&) {
+        // The program ended before there was an answer.
+        KeepNote();
+        throw;
+    }
 }
 
 void frmDisplayNote::EraseNote() {

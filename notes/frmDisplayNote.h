@@ -39,6 +39,7 @@ class frmDisplayNote : public forms::Form {
 
   private:
     void ShowPopupOn(int button);
+    bool IsToBeErased();  // as the user answers
     void EraseNote();
     bool KeepNote();  // false where the note could not be written
     bool IsTextChanged() const { return lblNoteText.text() != shownText; }

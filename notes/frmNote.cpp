@@ -161,6 +161,8 @@ void frmNote::CloseThroughPanel(bool& cancel) {
         NoteChanged = true;
     }
     if (NoteChanged && !NoteErased) {
+        // The session may end before the answer comes.
+        KeepRecoveryCopy();
         const auto answer =
             forms::MsgBox(" Would you like to save changes?     ",
                           {.buttons = forms::BoxButtons::YesNo, .icon = forms::BoxIcon::Question},

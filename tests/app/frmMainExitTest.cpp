@@ -175,6 +175,42 @@ TEST_F(frmMainExitTest, AnExitWaitsForTheAnswerThatAnAlarmDisplayWants) {
     EXPECT_TRUE(runtime->HasEnded());
 }
 
+TEST_F(frmMainExitTest, TheEndOfTheSessionEndsAnExitThatWaitsForAnAnswer) {
+    StartQuietly();
+    auto& note = MakeNote("Dentist");
+    StandardCode::Shared().ControlPanelMode = true;
+    user->Type(note.txtNote, "text");
+    user->Tray(514);
+    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
+                     BoxButtons::YesNo, BoxResult::No, [this] {
+                         gestures::EndSession();
+                         EXPECT_TRUE(runtime->HasEnded());
+                     });
+    user->Click(Main().cmdExit);
+    EXPECT_FALSE(tray.icon.has_value());
+    Restart();
+    StartQuietly();
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
+}
+
+TEST_F(frmMainExitTest, TheEndOfTheSessionKeepsWhatADisplayThatAsksHolds) {
+    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n");
+    StartQuietly();
+    user->CloseBox(Editor("Dentist"));
+    Advance(12'000);
+    auto* display = FindWindow<frmDisplayNote>("Dentist");
+    ASSERT_NE(display, nullptr);
+    user->Type(display->lblNoteText, "moved to Friday");
+    stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
+                     BoxButtons::YesNo, BoxResult::Yes, [this] {
+                         gestures::EndSession();
+                         EXPECT_TRUE(runtime->HasEnded());
+                     });
+    user->CloseBox(*display);
+    EXPECT_EQ(files.Peek(NoteFile("Dentist")),
+              "\"Dentist\",\"moved to Friday\",#2004-05-14#,\"#12:00#\",1,12,\"0\",0,\"yes\"\r\n");
+}
+
 TEST_F(frmMainExitTest, TheEndOfTheSessionWaitsForNoAnswer) {
     StartQuietly();
     auto& note = MakeNote("Dentist");
