@@ -78,10 +78,10 @@ class ListViewPeer : public Peer {
                 }
                 return 0;
             case NM_CLICK:
-                ReportMouseUp(leftButton, reinterpret_cast<NMITEMACTIVATE&>(header).ptAction);
+                OnClick(leftButton, reinterpret_cast<NMITEMACTIVATE&>(header));
                 return 0;
             case NM_RCLICK:
-                ReportMouseUp(rightButton, reinterpret_cast<NMITEMACTIVATE&>(header).ptAction);
+                OnClick(rightButton, reinterpret_cast<NMITEMACTIVATE&>(header));
                 return 1;
             default:
                 return std::nullopt;
@@ -90,6 +90,9 @@ class ListViewPeer : public Peer {
 
   protected:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN) {
+            selectedByClick = false;
+        }
         // The native list swallows some of these and reports each by a notification.
         if (message == WM_LBUTTONUP || message == WM_RBUTTONUP) {
             return std::nullopt;
@@ -98,8 +101,13 @@ class ListViewPeer : public Peer {
     }
 
   private:
-    void ReportMouseUp(int button, POINT place) {
-        gestures::MouseUp(listView, button, window.Twips(place.x), window.Twips(place.y));
+    void OnClick(int button, const NMITEMACTIVATE& click) {
+        // A click on the row that was selected already changes nothing natively.
+        if (click.iItem >= 0 && !selectedByClick) {
+            gestures::Select(listView, click.iItem);
+        }
+        gestures::MouseUp(listView, button, window.Twips(click.ptAction.x),
+                          window.Twips(click.ptAction.y));
     }
 
     void MakeImages() {
@@ -156,6 +164,7 @@ class ListViewPeer : public Peer {
         const bool is = (change.uNewState & LVIS_SELECTED) != 0;
         const int row = SelectedNatively();
         if (was != is && row != listView.SelectedRow()) {
+            selectedByClick = true;
             gestures::Select(listView, row);
         }
     }
@@ -202,6 +211,7 @@ class ListViewPeer : public Peer {
     ListView& listView;
     HIMAGELIST pictures = nullptr;
     bool updating = false;
+    bool selectedByClick = false;  // by the mouse button that was pressed last
 };
 
 }  // namespace
