@@ -8,7 +8,6 @@ namespace {
 constexpr COLORREF blue = RGB(128, 128, 255);
 constexpr COLORREF white = RGB(255, 255, 255);
 constexpr COLORREF black = RGB(0, 0, 0);
-constexpr const char* displayQuestion = " Erase Note?";
 
 }  // namespace
 

@@ -61,6 +61,18 @@ void DriverTest::ExitProgram() {
     EXPECT_EQ(program.WaitForEnd(), 0U);
 }
 
+void DriverTest::EndSession() const {
+    const auto windows = program.Windows();
+    for (const Window& window : windows) {
+        EXPECT_NE(window.Send(WM_QUERYENDSESSION), 0) << window.Description();
+    }
+    for (const Window& window : windows) {
+        if (window.Exists()) {
+            window.Post(WM_ENDSESSION, TRUE);
+        }
+    }
+}
+
 std::string DriverTest::NotePath(const std::string& title) const {
     return folder + "\\Notes\\" + title + ".txt";
 }
@@ -103,8 +115,20 @@ Window DriverTest::MakeNote(const Window& main, const std::string& title) {
 }
 
 void DriverTest::HideNote(const Window& editor) {
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarHide);
+    PressToolbar(editor.Only(toolbarClass), toolbarHide);
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
+}
+
+void DriverTest::CloseAndWait(const Window& window) {
+    window.Close();
+    WaitUntil("the window has gone", [&] { return !window.Exists(); });
+}
+
+Window DriverTest::OpenPanel(const Window& main) const {
+    main.Button("Notes &Control Panel").Click();
+    const Window panel = program.WaitFor(panelCaption);
+    WaitUntilFilled(panel, listClass);
+    return panel;
 }
 
 Window DriverTest::DatePicker(const Window& editor) {

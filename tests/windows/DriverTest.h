@@ -24,6 +24,11 @@ class DriverTest : public testing::Test {
     static constexpr const char* editorTurnOff = "&Turn Off Alarm";
     static constexpr const char* audioBoxCaption = "Turn On Audio Alarm";
     static constexpr const char* alarmBox = "Jotwright Audio Alarm";
+    static constexpr const char* displayQuestion = " Erase Note?";
+    static constexpr const char* saveQuestion = "Save Changes?";
+    static constexpr const char* panelCaption = "Notes Control Panel";
+    static constexpr const char* listClass = "SysListView32";
+    static constexpr const char* toolbarClass = "ToolbarWindow32";
 
     // Places in the editor's toolbar.
     static constexpr int toolbarSave = 0;
@@ -53,6 +58,8 @@ class DriverTest : public testing::Test {
     // Starts the program and waits for its main window.
     Window StartProgram();
     void ExitProgram();
+    // Tells all windows what Windows tells them when the user's session ends.
+    void EndSession() const;
     // Visible or not; a null window where there is none.
     Window FindMain() const;
     Window FindSplash() const;
@@ -74,6 +81,10 @@ class DriverTest : public testing::Test {
     Window MakeNote(const Window& main, const std::string& title);
     // Presses the toolbar's Hide and waits until the window has gone.
     void HideNote(const Window& editor);
+    // Closes a window that is about to go without a question, and waits until it has gone.
+    static void CloseAndWait(const Window& window);
+    // Presses the main window's button and waits for the list.
+    Window OpenPanel(const Window& main) const;
     static Window DatePicker(const Window& editor);
     static Window TimePicker(const Window& editor);
     static void ExpectDate(const Window& picker, int year, int month, int day);

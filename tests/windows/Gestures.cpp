@@ -2,6 +2,7 @@
 
 #include <windows.h>
 #include <commctrl.h>
+#include <shellapi.h>
 
 #include "forms/win32/Utf.h"
 #include "tests/windows/Files.h"
@@ -12,7 +13,7 @@ namespace driver {
 
 namespace {
 
-constexpr WPARAM trayIconId = 1;
+constexpr UINT trayIconId = 1;
 constexpr std::size_t cellLength = 512;
 
 LPARAM Middle(const Window& control) {
@@ -39,6 +40,16 @@ void Walk(const Window& receiver, const MenuPath& path, std::size_t from) {
 
 void WaitUntilMenuIsGone(const Program& program) {
     WaitUntil("the menu closes", [&] { return !program.OpenMenu(); });
+}
+
+// On the text of the row's first column.
+LPARAM PlaceInRow(const Window& list, int row) {
+    RECT wanted{};
+    wanted.left = LVIR_LABEL;
+    const Remote<RECT> area(list, wanted);
+    list.Send(LVM_GETITEMRECT, static_cast<WPARAM>(row), area.Parameter());
+    const RECT label = area.Value();
+    return MAKELPARAM(label.left + 10, (label.top + label.bottom) / 2);
 }
 
 // Clicks the picker's first field and types the fields one after the other.
@@ -96,6 +107,13 @@ void RightClick(const Window& control) {
     control.Post(WM_RBUTTONUP, 0, Middle(control));
 }
 
+void DoubleClick(const Window& control) {
+    control.Post(WM_LBUTTONDOWN, MK_LBUTTON, Middle(control));
+    control.Post(WM_LBUTTONUP, 0, Middle(control));
+    control.Post(WM_LBUTTONDBLCLK, MK_LBUTTON, Middle(control));
+    control.Post(WM_LBUTTONUP, 0, Middle(control));
+}
+
 void PickDate(const Window& picker, int year, int month, int day) {
     TypeFields(picker, {std::to_string(month), std::to_string(day), std::to_string(year)});
     WaitUntil("the date is picked", [&] {
@@ -145,14 +163,44 @@ std::string CellText(const Window& list, int row, int column) {
 }
 
 void ClickRow(const Window& list, int row) {
-    RECT wanted{};
-    wanted.left = LVIR_LABEL;
-    const Remote<RECT> area(list, wanted);
-    list.Send(LVM_GETITEMRECT, static_cast<WPARAM>(row), area.Parameter());
-    const RECT label = area.Value();
-    const LPARAM place = MAKELPARAM(label.left + 10, (label.top + label.bottom) / 2);
+    const LPARAM place = PlaceInRow(list, row);
     list.Post(WM_LBUTTONDOWN, MK_LBUTTON, place);
     list.Post(WM_LBUTTONUP, 0, place);
+}
+
+void DoubleClickRow(const Window& list, int row) {
+    ClickRow(list, row);
+    const LPARAM place = PlaceInRow(list, row);
+    list.Post(WM_LBUTTONDBLCLK, MK_LBUTTON, place);
+    list.Post(WM_LBUTTONUP, 0, place);
+}
+
+void RightClickRow(const Window& list, int row) {
+    const LPARAM place = PlaceInRow(list, row);
+    list.Post(WM_RBUTTONDOWN, MK_RBUTTON, place);
+    list.Post(WM_RBUTTONUP, 0, place);
+}
+
+std::string ColumnHeading(const Window& list, int column) {
+    const RemoteMemory text(list, cellLength * sizeof(wchar_t));
+    LVCOLUMNW wanted{};
+    wanted.mask = LVCF_TEXT;
+    wanted.pszText = static_cast<wchar_t*>(text.Address());
+    wanted.cchTextMax = static_cast<int>(cellLength);
+    const Remote<LVCOLUMNW> request(list, wanted);
+    list.Send(LVM_GETCOLUMNW, static_cast<WPARAM>(column), request.Parameter());
+    wchar_t result[cellLength]{};
+    text.Read(result, sizeof result);
+    return forms::win32::Narrow(result);
+}
+
+int RowPicture(const Window& list, int row) {
+    LVITEMW item{};
+    item.mask = LVIF_IMAGE;
+    item.iItem = row;
+    const Remote<LVITEMW> request(list, item);
+    list.Send(LVM_GETITEMW, 0, request.Parameter());
+    return request.Value().iImage;
 }
 
 void Choose(const Window& comboBox, int index) {
@@ -194,6 +242,14 @@ void DoubleClick(const Window& owner) {
 void RightClick(const Window& owner) {
     owner.Post(WM_MOUSEMOVE, trayIconId, WM_RBUTTONDOWN);
     owner.Post(WM_MOUSEMOVE, trayIconId, WM_RBUTTONUP);
+}
+
+bool HasIcon(const Window& owner) {
+    NOTIFYICONDATAW nothingNew{};
+    nothingNew.cbSize = sizeof nothingNew;
+    nothingNew.hWnd = owner.handle;
+    nothingNew.uID = trayIconId;
+    return ::Shell_NotifyIconW(NIM_MODIFY, &nothingNew) != 0;
 }
 
 }  // namespace tray

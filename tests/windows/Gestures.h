@@ -21,6 +21,7 @@ void CloseMenu(const Program& program, const Window& receiver);
 
 // Presses and releases a mouse button in the middle of a control.
 void RightClick(const Window& control);
+void DoubleClick(const Window& control);
 
 // Typed field by field; the pickers show dates and times as the United States write them.
 void PickDate(const Window& picker, int year, int month, int day);
@@ -33,6 +34,11 @@ void PressToolbar(const Window& toolbar, int number);
 int RowCount(const Window& list);
 std::string CellText(const Window& list, int row, int column);
 void ClickRow(const Window& list, int row);
+void DoubleClickRow(const Window& list, int row);
+void RightClickRow(const Window& list, int row);
+std::string ColumnHeading(const Window& list, int column);
+// The number of the picture at the start of a row.
+int RowPicture(const Window& list, int row);
 
 void Choose(const Window& comboBox, int index);
 
@@ -50,6 +56,8 @@ namespace tray {
 void LeftClick(const Window& owner);
 void DoubleClick(const Window& owner);
 void RightClick(const Window& owner);
+// Whether the notification area holds the owner's icon. Told of windows that have gone as well.
+bool HasIcon(const Window& owner);
 }  // namespace tray
 
 }  // namespace driver

@@ -13,25 +13,7 @@ constexpr const char* appointment = "Call to move the appointment.\r\nAsk for a 
 
 }  // namespace
 
-class Notes : public DriverTest {
-  protected:
-    // The box that rejects a title.
-    void ExpectRejection(const std::string& title, const std::string& caption,
-                         const std::string& text);
-};
-
-void Notes::ExpectRejection(const std::string& title, const std::string& caption,
-                            const std::string& text) {
-    const Window main = MainWindow();
-    main.Only("Edit").Type(title);
-    main.Button("Make &Note").Click();
-    const Window box = program.WaitFor(caption);
-    EXPECT_TRUE(box.FindChild("Static", text)) << title;
-    EXPECT_FALSE(main.IsEnabled());
-    box.Button("OK").Click();
-    program.WaitUntilGone(caption);
-    WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });
-}
+class Notes : public DriverTest {};
 
 TEST_F(Notes, ANewNoteIsWrittenAsTheUserHasMadeIt) {
     const Window main = StartProgram();
@@ -122,26 +104,6 @@ TEST_F(Notes, AUserWritesANoteWithTheKeyboardAlone) {
     ExpectNote("shopping list",
                "\"shopping list\",\"milk\r\ntwo eggs\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,"
                "\"yes\"\r\n");
-}
-
-TEST_F(Notes, ATitleThatIsANumberIsRejectedAndKept) {
-    StartProgram();
-    ExpectRejection("2004", " Note Title Error",
-                    "Note titles can't contain numeric characters only.\r\n Please add a couple "
-                    "of letters.");
-    EXPECT_EQ(MainWindow().Only("Edit").Text(), "2004");
-}
-
-TEST_F(Notes, ATitleThatIsTakenIsRejectedAndCleared) {
-    const Window main = StartProgram();
-    HideNote(MakeNote(main, "Shopping"));
-    tray::LeftClick(main);
-    ExpectRejection("Shopping", "Name Already Exists",
-                    "A note with this title already exits.\r\n\r\nPlease choose another title for "
-                    "your new note.");
-    EXPECT_EQ(main.Only("Edit").Text(), "");
-    EXPECT_TRUE(ComesTrue([&] { return main.Only("Edit").HasFocus(); }));
-    EXPECT_TRUE(program.Visible("Shopping").empty());
 }
 
 TEST_F(Notes, TheToolbarErasesANote) {

@@ -4,37 +4,6 @@ namespace driver {
 
 class System : public DriverTest {};
 
-TEST_F(System, TheEndOfTheSessionSavesWithoutAsking) {
-    WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-05#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
-    const Window main = StartProgram();
-    // Through the control panel, where closing an editor would ask.
-    const Window first = program.WaitFor("Dentist");
-    first.Close();
-    WaitUntil("the editor has gone", [&] { return !first.Exists(); });
-    main.Button("Notes &Control Panel").Click();
-    const Window panel = program.WaitFor("Notes Control Panel");
-    WaitUntilFilled(panel, "SysListView32");
-    ClickRow(panel.Only("SysListView32"), 0);
-    WaitUntil("the row can be edited", [&] { return panel.Button("&Edit").IsEnabled(); });
-    panel.Button("&Edit").Click();
-    const Window editor = program.WaitFor("Dentist");
-    WaitUntilFilled(editor, "Edit");
-    editor.Only("Edit").Type("Call them");
-
-    const auto windows = program.Windows();
-    for (const Window& window : windows) {
-        EXPECT_NE(window.Send(WM_QUERYENDSESSION), 0) << window.Description();
-    }
-    for (const Window& window : windows) {
-        if (window.Exists()) {
-            window.Post(WM_ENDSESSION, TRUE);
-        }
-    }
-    EXPECT_EQ(program.WaitForEnd(), 0U);
-    ExpectNote("Dentist",
-               "\"Dentist\",\"Call them\",#2031-06-05#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
-}
-
 TEST_F(System, LettersOfAllTheWorldAreKept) {
     const std::string title = "Z\xC3\xBCrich \xCE\xA9";  // a u umlaut, an omega
     const std::string text = "\xE6\x97\xA5\xE6\x9C\xAC\r\n\xF0\x9F\x98\x80";  // and beyond

@@ -25,6 +25,9 @@ class Window {
     bool IsVisible() const { return ::IsWindowVisible(handle) != 0; }
     bool IsEnabled() const { return ::IsWindowEnabled(handle) != 0; }
     bool IsMinimized() const { return ::IsIconic(handle) != 0; }
+    bool IsTopMost() const {
+        return (::GetWindowLongPtrW(handle, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+    }
     bool HasTitleBar() const { return (Style() & WS_CAPTION) == WS_CAPTION; }
     bool HasFocus() const;
     LONG_PTR Style() const { return ::GetWindowLongPtrW(handle, GWL_STYLE); }

@@ -1,0 +1,222 @@
+#include "tests/windows/DriverTest.h"
+#include "tests/windows/Picture.h"
+
+namespace driver {
+
+namespace {
+
+constexpr COLORREF black = RGB(0, 0, 0);
+constexpr COLORREF white = RGB(255, 255, 255);
+
+constexpr int border = 4;  // of a text box, in pixels, at most
+
+struct Shade {
+    int number;  // in the file, or in the menu
+    COLORREF back;
+    COLORREF text;
+    const char* saved;  // the number in the file when the note has been closed
+};
+
+constexpr Shade restoredShades[]{
+    {1, white, black, "1"},
+    {2, RGB(255, 0, 0), white, "2"},
+    {3, RGB(0, 255, 0), black, "3"},
+    {4, RGB(0, 0, 255), white, "4"},
+    {6, RGB(255, 255, 0), black, "5"},
+};
+
+constexpr Shade menuShades[]{
+    {1, RGB(255, 128, 128), black, "2"}, {2, RGB(0, 192, 0), black, "3"},
+    {3, RGB(128, 128, 255), white, "4"}, {4, RGB(255, 255, 0), black, "5"},
+    {5, RGB(192, 192, 192), black, "6"}, {0, white, black, "1"},
+};
+
+// Whether a text box shows some text in these colours and no other.
+bool IsPainted(const Window& textBox, COLORREF back, COLORREF text) {
+    return ComesTrue([&] {
+        const Picture picture(textBox, border);
+        const COLORREF other = text == black ? white : black;
+        return picture.Share(back) > 0.8 && picture.Share(text) > 0 &&
+               (other == back || picture.Share(other) == 0);
+    });
+}
+
+}  // namespace
+
+class Editors : public DriverTest {
+  protected:
+    // Posted to an editor's menu bar.
+    inline static const MenuPath barStartAlarm{1, 0};
+    inline static const MenuPath barStopAlarm{1, 1};
+    static constexpr const char* shopping =
+        "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
+};
+
+TEST_F(Editors, RestoredNotesHaveStrongColors) {
+    for (const Shade& shade : restoredShades) {
+        const std::string title = "Note " + std::to_string(shade.number);
+        WriteNote(title, '"' + title + "\",\"some text\",#2031-06-02#,#12:00:00#," +
+                             std::to_string(shade.number) + ",11,\"0\",1,\"yes\"\r\n");
+    }
+    StartProgram();
+    for (const Shade& shade : restoredShades) {
+        const std::string title = "Note " + std::to_string(shade.number);
+        const Window editor = OpenRestored(title);
+        EXPECT_TRUE(IsPainted(editor.Only("Edit"), shade.back, shade.text)) << shade.number;
+        // The sound is wanted, yet no alarm is set.
+        EXPECT_TRUE(editor.Button(audioBoxCaption).IsChecked());
+        EXPECT_TRUE(editor.FindChild("Button", editorSet));
+        HideNote(editor);
+        // A size that is none of the four has become the editor's own.
+        ExpectNote(title, '"' + title + "\",\"some text\",#2031-06-02#,#12:00:00#," + shade.saved +
+                              ",12,\"0\",1,\"yes\"\r\n");
+    }
+}
+
+TEST_F(Editors, ANoteThatRangComesBackWithItsAlarmOff) {
+    WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-01#,\"#12:00#\",1,12,\"0\",0,\"yes\"\r\n");
+    StartProgram();
+    const Window editor = OpenRestored("Dentist");
+    EXPECT_TRUE(editor.FindChild("Button", editorSet));
+    ExpectDate(DatePicker(editor), 2031, 6, 1);
+    ExpectTime(TimePicker(editor), 12, 0);
+}
+
+TEST_F(Editors, TheMenuGivesEveryColorToTheText) {
+    const Window editor = MakeNote(StartProgram(), "Shopping");
+    const Window text = editor.Only("Edit");
+    text.Type("some text");
+    for (const Shade& shade : menuShades) {
+        ChooseFromPopup(program, text, {0, shade.number});
+        EXPECT_TRUE(IsPainted(text, shade.back, shade.text)) << shade.number;
+        PressToolbar(editor.Only(toolbarClass), toolbarSave);
+        Box(program, "").Press("OK");
+        ExpectNote("Shopping", std::string("\"Shopping\",\"some text\",#2031-06-02#,#12:00:00#,") +
+                                   shade.saved + ",12,\"0\",0,\"yes\"\r\n");
+    }
+    // The menu opens by a double click as well, and closes without a choice.
+    DoubleClick(text);
+    WaitUntil("a menu opens", [&] { return static_cast<bool>(program.OpenMenu()); });
+    CloseMenu(program, text);
+    EXPECT_TRUE(editor.IsVisible());
+}
+
+TEST_F(Editors, ANoteThatWasNotErasedAfterAllIsNoLongerSaved) {
+    WriteNote("Shopping", shopping);
+    StartProgram();
+    const Window editor = OpenRestored("Shopping");
+    editor.Only("Edit").Type("milk and eggs");
+    PressToolbar(editor.Only(toolbarClass), toolbarErase);
+    Box(program, "Kill Note").Press("No");
+    EXPECT_TRUE(editor.IsVisible());
+    CloseAndWait(editor);
+    ExpectNote("Shopping", shopping);
+}
+
+TEST_F(Editors, ARestoredNoteIsSavedWithoutAQuestion) {
+    WriteNote("Shopping", shopping);
+    StartProgram();
+    const Window editor = OpenRestored("Shopping");
+    editor.Only("Edit").Type("eggs");
+    CloseAndWait(editor);
+    ExpectNote("Shopping",
+               "\"Shopping\",\"eggs\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+}
+
+TEST_F(Editors, TheMenuStartsAndStopsTheAlarm) {
+    const Window editor = MakeNote(StartProgram(), "Dentist");
+    ChooseFromMenuBar(program, editor, barStopAlarm);
+    const Box notSet(program, "Information");
+    EXPECT_EQ(notSet.Text(), "   Alarm Not Set              ");
+    notSet.Press("OK");
+    ChooseFromMenuBar(program, editor, barStartAlarm);
+    WaitUntil("the alarm is set",
+              [&] { return static_cast<bool>(editor.FindChild("Button", editorTurnOff)); });
+    EXPECT_TRUE(editor.FindChild("Static", "12:00:00 PM"));
+    ChooseFromMenuBar(program, editor, barStartAlarm);
+    const Box started(program, "Information");
+    EXPECT_EQ(started.Text(), "    Alarm Already Started     ");
+    started.Press("OK");
+    EXPECT_TRUE(editor.FindChild("Button", editorTurnOff));
+    ChooseFromMenuBar(program, editor, barStopAlarm);
+    WaitUntil("the alarm is off",
+              [&] { return static_cast<bool>(editor.FindChild("Button", editorSet)); });
+    EXPECT_TRUE(editor.FindChild("Button", " Schedule Alarm "));
+    EXPECT_TRUE(DatePicker(editor).IsVisible());
+    EXPECT_TRUE(DatePicker(editor).IsEnabled());
+}
+
+TEST_F(Editors, AnAlarmOfNoonRingsAndOneOfThePastDoesNot) {
+    WriteNote("Lunch", "\"Lunch\",\"Eat\",#2031-06-02#,#12:00:00#,1,12,\"1\",0,\"yes\"\r\n");
+    WriteNote("Past", "\"Past\",\"Gone\",#2031-06-02#,#11:59:00#,1,12,\"1\",1,\"yes\"\r\n");
+    Clock::Set("2031-06-02 11:59:30");
+    StartProgram();
+    const Window lunch = program.WaitFor("Lunch");
+    const Window past = program.WaitFor("Past");
+    EXPECT_TRUE(lunch.IsMinimized());
+    const std::uint64_t before = recorder.Now();
+    Clock::Set("2031-06-02 11:59:58");
+    WaitUntil("the note comes up", [&] { return !lunch.IsMinimized(); });
+    WaitUntilFilled(lunch, "Edit");
+    EXPECT_LE(Clock::Now(), "2031-06-02 12:00:02");
+    EXPECT_TRUE(lunch.FindChild("Button", editorSet));
+    // It wants no sound, so nothing is asked.
+    Clock::WaitFor("2031-06-02 12:00:03");
+    EXPECT_TRUE(program.Visible(alarmBox).empty());
+    EXPECT_TRUE(past.IsMinimized());
+    EXPECT_FALSE(recorder.HasSounded(before));
+    EXPECT_EQ(program.Visible("Lunch").size(), 1U);
+}
+
+class Displays : public DriverTest {
+  protected:
+    // Starts the program with these notes, closes their editors, and waits for the first one's
+    // alarm, one minute past nine.
+    Window Ring(const std::vector<std::string>& titles, const std::string& rest);
+};
+
+Window Displays::Ring(const std::vector<std::string>& titles, const std::string& rest) {
+    for (const std::string& title : titles) {
+        WriteNote(title, '"' + title + "\",\"some text\",#2031-06-02#,#09:01:00#," + rest);
+    }
+    StartProgram();
+    for (const std::string& title : titles) {
+        CloseAndWait(program.WaitFor(title));
+    }
+    // Closing has written what the editor made of it, and left the panel loaded. It is loaded anew
+    // with what the files hold now.
+    CloseAndWait(OpenPanel(FindMain()));
+    for (const std::string& title : titles) {
+        WriteNote(title, '"' + title + "\",\"some text\",#2031-06-02#,#09:01:00#," + rest);
+    }
+    CloseAndWait(OpenPanel(FindMain()));
+    Clock::Set("2031-06-02 09:00:58");
+    return program.WaitFor(titles.front());
+}
+
+TEST_F(Displays, OfAnUnknownColorKeepTheirOwn) {
+    const Window display = Ring({"Dentist"}, "0,12,\"1\",0,\"yes\"\r\n");
+    EXPECT_TRUE(IsPainted(display.Only("Edit"), white, black));
+    display.Close();
+    Box(program, displayQuestion).Press("No");
+    WaitUntil("the display has gone", [&] { return !display.Exists(); });
+    ExpectNote("Dentist",
+               "\"Dentist\",\"some text\",#2031-06-02#,\"#12:00#\",6,12,\"0\",0,\"yes\"\r\n");
+}
+
+TEST_F(Displays, OfErasedNotesCloseWithoutAQuestion) {
+    const Window dentist = Ring({"Dentist", "Rent"}, "4,12,\"1\",0,\"yes\"\r\n");
+    const Window rent = program.WaitFor("Rent");
+    RemoveFile(NotePath("Dentist"));
+    CloseAndWait(dentist);
+    EXPECT_FALSE(FileExists(NotePath("Dentist")));
+
+    // The other one is there, and its menu asks.
+    RightClick(rent.Child("Static", "Jotwright Note"));
+    ChooseFromOpenMenu(program, rent, {2});
+    Box(program, displayQuestion).Press("No");
+    WaitUntil("the display has gone", [&] { return !rent.Exists(); });
+    ExpectNote("Rent", "\"Rent\",\"some text\",#2031-06-02#,\"#12:00#\",4,12,\"0\",0,\"yes\"\r\n");
+}
+
+}  // namespace driver

@@ -1,0 +1,329 @@
+#include <algorithm>
+
+#include "tests/windows/DriverTest.h"
+
+namespace driver {
+
+namespace {
+
+constexpr const char* eraseQuestion = "Kill Note";
+
+}  // namespace
+
+// The ends of the program, from whatever it is at.
+class Exits : public DriverTest {
+  public:
+    // Bring the program into a state.
+    void RejectATitle();
+    void AskWhetherToErase();
+    void RingInAnEditor();
+    void RingInADisplay();
+    void RingOnAWeekday();
+    void EndACountdown();
+    void ShowEveryTool();
+    void LookForASoundFile();
+    void ShowThePanel();
+
+    // Answer what an exit asks in that state.
+    void KeepDisplayedNote();
+    void SaveChanges();
+
+  protected:
+    // Starts the program with a note whose text is in its editor only.
+    void Begin();
+    void ExitThroughTray() const;
+    // The note of the beginning is on the disk, and nothing else was left behind.
+    void ExpectSaved() const;
+
+    Window main;
+    Window editor;
+    static constexpr const char* title = "Shopping";
+    static constexpr const char* saved =
+        "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
+};
+
+void Exits::Begin() {
+    main = StartProgram();
+    editor = MakeNote(main, title);
+    editor.Only("Edit").Type("milk");
+    tray::LeftClick(main);
+    WaitUntil("the main window is shown again", [this] { return main.IsVisible(); });
+}
+
+void Exits::ExitThroughTray() const {
+    tray::RightClick(main);
+    ChooseFromOpenMenu(program, main, {trayExit});
+}
+
+void Exits::ExpectSaved() const {
+    ExpectNote(title, saved);
+    for (const std::string& name : FileNames(folder + "\\Notes")) {
+        EXPECT_TRUE(name.ends_with(".txt")) << name;
+    }
+}
+
+void Exits::RejectATitle() {
+    Begin();
+    main.Only("Edit").Type("2004");
+    main.Button("Make &Note").Click();
+    program.WaitFor(" Note Title Error");
+}
+
+void Exits::AskWhetherToErase() {
+    Begin();
+    ChooseFromMenuBar(program, editor, barEraseNote);
+    program.WaitFor(eraseQuestion);
+}
+
+void Exits::RingInAnEditor() {
+    WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
+    Begin();
+    Clock::Set("2031-06-02 09:00:58");
+    program.WaitFor(alarmBox);
+}
+
+void Exits::RingInADisplay() {
+    WriteSetting("Options", "NoteLoops", "1");
+    WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
+    Begin();
+    CloseAndWait(program.WaitFor("Dentist"));
+    Clock::Set("2031-06-02 09:00:58");
+    program.WaitFor(alarmBox);
+}
+
+void Exits::RingOnAWeekday() {
+    std::string rows = "\"Monday\",#09:01:00#,\"Pay the rent\",1\r\n";
+    for (const char* day : {"Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday"}) {
+        rows += '"' + std::string(day) + "\",#12:00:00#,\"\",0\r\n";
+    }
+    MakeFolder(folder + "\\SpecialAlarms");
+    WriteWholeFile(folder + "\\SpecialAlarms\\SpecialAlarms.txt", rows);
+    Begin();
+    Clock::Set("2031-06-02 09:00:58");
+    program.WaitFor("Jotwright Daily Alarm");
+}
+
+void Exits::EndACountdown() {
+    Begin();
+    main.Button("&Timer").Click();
+    const Window timer = program.WaitFor("Novelty Timer");
+    timer.Only("Edit").Type("0");
+    timer.Button("&Start Timer").Click();
+    program.WaitFor(alarmBox);
+}
+
+void Exits::ShowEveryTool() {
+    Begin();
+    main.Button("&Timer").Click();
+    const Window timer = program.WaitFor("Novelty Timer");
+    timer.Only("Edit").Type("5");
+    timer.Button("&Start Timer").Click();
+    main.Button("&Stop Watch").Click();
+    program.WaitFor("Novelty Stop Watch").Button("&Start").Click();
+    main.Button("S&pecial Alarms").Click();
+    program.WaitFor("Special Alarms");
+    ChooseFromMenuBar(program, main, barNoteOptions);
+    program.WaitFor("Note Options");
+    ChooseFromMenuBar(program, main, barAbout);
+    program.WaitFor("About Jotwright");
+}
+
+void Exits::LookForASoundFile() {
+    Begin();
+    ChooseFromMenuBar(program, main, barChooseAlarmSound);
+    const Window sounds = program.WaitFor("Choose An Alarm");
+    sounds.Button("Selected .wav File").Click();
+    WaitUntil("a file can be looked for", [&] { return sounds.Button("&Browse").IsEnabled(); });
+    sounds.Button("&Browse").Click();
+    WaitUntil("the dialog opens", [this] {
+        const auto windows = program.Windows();
+        return std::any_of(windows.begin(), windows.end(), [](const Window& window) {
+            return window.IsVisible() && window.ClassName() == "#32770";
+        });
+    });
+}
+
+void Exits::ShowThePanel() {
+    Begin();
+    OpenPanel(main);
+}
+
+void Exits::KeepDisplayedNote() { Box(program, displayQuestion).Press("No"); }
+
+void Exits::SaveChanges() { Box(program, saveQuestion).Press("Yes"); }
+
+struct BusyState {
+    const char* name;
+    void (Exits::*enter)();
+    // Null where an exit asks nothing.
+    void (Exits::*answer)();
+    bool sounds;
+};
+
+void PrintTo(const BusyState& state, std::ostream* out) { *out << state.name; }
+
+class ExitsFrom : public Exits, public testing::WithParamInterface<BusyState> {};
+
+TEST_P(ExitsFrom, ThroughTheNotificationArea) {
+    (this->*GetParam().enter)();
+    EXPECT_TRUE(tray::HasIcon(main));
+    ExitThroughTray();
+    if (GetParam().answer != nullptr) {
+        (this->*GetParam().answer)();
+    }
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+    EXPECT_FALSE(tray::HasIcon(main));
+    ExpectSaved();
+    if (GetParam().sounds) {
+        recorder.WaitForSilence();
+    }
+}
+
+TEST_P(ExitsFrom, AsTheSessionEnds) {
+    (this->*GetParam().enter)();
+    EXPECT_TRUE(tray::HasIcon(main));
+    EndSession();
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+    EXPECT_FALSE(tray::HasIcon(main));
+    ExpectSaved();
+    if (GetParam().sounds) {
+        recorder.WaitForSilence();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Busy, ExitsFrom,
+    testing::Values(
+        BusyState{"ARejectedTitle", &Exits::RejectATitle, nullptr, false},
+        BusyState{"TheQuestionWhetherToErase", &Exits::AskWhetherToErase, nullptr, false},
+        BusyState{"AnAlarmInAnEditor", &Exits::RingInAnEditor, nullptr, true},
+        BusyState{"AnAlarmInADisplay", &Exits::RingInADisplay, &Exits::KeepDisplayedNote, true},
+        BusyState{"AWeeklyAlarm", &Exits::RingOnAWeekday, nullptr, true},
+        BusyState{"ACountdownThatIsOver", &Exits::EndACountdown, nullptr, true},
+        BusyState{"EveryToolAndAModalWindow", &Exits::ShowEveryTool, nullptr, false},
+        BusyState{"AFileDialog", &Exits::LookForASoundFile, nullptr, false},
+        BusyState{"TheControlPanel", &Exits::ShowThePanel, &Exits::SaveChanges, false}),
+    [](const auto& state) { return std::string(state.param.name); });
+
+TEST_F(Exits, WhatTheUserDoesNotWantToSaveIsNotSaved) {
+    WriteNote(title, saved);
+    main = StartProgram();
+    OpenPanel(main);
+    const Window restored = OpenRestored(title);
+    restored.Only("Edit").Type("milk and eggs");
+    main.Button("E&xit").Click();
+    Box(program, saveQuestion).Press("No");
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+    ExpectSaved();
+}
+
+// Its title is no file name.
+TEST_F(Exits, ANoteThatCannotBeSavedIsBackAtTheNextStart) {
+    main = StartProgram();
+    editor = MakeNote(main, "Milk?");
+    editor.Only("Edit").Type("two pints");
+    PressToolbar(editor.Only(toolbarClass), toolbarHide);
+    const Box error(program, "WriteNote Sub Error");
+    error.Press("OK");
+    EXPECT_TRUE(editor.IsVisible());
+    ExitThroughTray();
+    Box(program, "WriteNote Sub Error").Press("OK");
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+
+    StartProgram();
+    const Window again = program.WaitFor("Milk?");
+    EXPECT_FALSE(again.IsMinimized());
+    EXPECT_EQ(again.Only("Edit").Text(), "two pints");
+}
+
+TEST_F(Exits, AShutDownThatIsCalledOffLeavesEverythingAsItIs) {
+    Begin();
+    const auto windows = program.Windows();
+    for (const Window& window : windows) {
+        EXPECT_NE(window.Send(WM_QUERYENDSESSION), 0);
+    }
+    for (const Window& window : windows) {
+        window.Send(WM_ENDSESSION, FALSE);
+    }
+    EXPECT_TRUE(program.Runs());
+    EXPECT_TRUE(editor.IsVisible());
+    EXPECT_EQ(editor.Only("Edit").Text(), "milk");
+    EXPECT_FALSE(FileExists(NotePath(title)));
+    ExitProgram();
+    ExpectSaved();
+}
+
+TEST_F(Exits, TheSessionEndsWhileAMenuIsOpen) {
+    Begin();
+    RightClick(main);
+    WaitUntil("a menu opens", [this] { return static_cast<bool>(program.OpenMenu()); });
+    EndSession();
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+    ExpectSaved();
+}
+
+TEST_F(Exits, TheSessionEndsWhileAWindowIsMoved) {
+    Begin();
+    main.Post(WM_SYSCOMMAND, SC_MOVE);
+    WaitUntil("the window is moved", [this] {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        ::GetGUIThreadInfo(::GetWindowThreadProcessId(main.handle, nullptr), &info);
+        return (info.flags & GUI_INMOVESIZE) != 0;
+    });
+    EndSession();
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+    ExpectSaved();
+}
+
+// Whether the text was wanted is not known: the next start shows it, unsaved.
+TEST_F(Exits, TheSessionEndsWhileTheExitAsks) {
+    WriteNote(title, saved);
+    main = StartProgram();
+    OpenPanel(main);
+    EXPECT_TRUE(tray::HasIcon(main));
+    OpenRestored(title).Only("Edit").Type("milk and eggs");
+    main.Button("E&xit").Click();
+    program.WaitFor(saveQuestion);
+    EndSession();
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+    EXPECT_FALSE(tray::HasIcon(main));
+    ExpectNote(title, saved);
+
+    StartProgram();
+    const Window again = program.WaitFor(title);
+    EXPECT_FALSE(again.IsMinimized());
+    EXPECT_EQ(again.Only("Edit").Text(), "milk and eggs");
+}
+
+TEST_F(Exits, TheSessionEndsWhileTheProgramStarts) {
+    program.Start(executable);
+    WaitUntil("the splash is shown", [this] { return static_cast<bool>(FindSplash()); });
+    EndSession();
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+
+    // A note that cannot be read is reported before the main window is there.
+    const std::string damaged = "\"Bad\",\"x\",#2031-13-77#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
+    WriteNote("Bad", damaged);
+    program.Start(executable);
+    program.WaitFor("Error Loading Notes Array");
+    EndSession();
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+    ExpectNote("Bad", damaged);
+}
+
+TEST_F(Exits, TheSessionEndsWhileASecondCopySaysThatItIsOne) {
+    Begin();
+    Program second;
+    second.Start(executable);
+    second.WaitFor("  Jotwright Is Running");
+    for (const Window& window : second.Windows()) {
+        window.Post(WM_ENDSESSION, TRUE);
+    }
+    EXPECT_EQ(second.WaitForEnd(), 0U);
+    EXPECT_TRUE(program.Runs());
+    ExitProgram();
+    ExpectSaved();
+}
+
+}  // namespace driver

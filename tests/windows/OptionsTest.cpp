@@ -1,0 +1,261 @@
+#include <windows.h>
+
+#include "tests/windows/DriverTest.h"
+#include "tests/windows/Picture.h"
+
+namespace driver {
+
+namespace {
+
+constexpr const char* caption = "Note Options";
+constexpr const char* loops =
+    "Play Note Alarms Continuously.                   ( Alarms will play one time if unchecked )";
+constexpr const char* hideDateTime = "Hide System Date And Time In Note Editor";
+constexpr const char* startCuckoo = "Start CooKoo Clock When Jotwright Starts";
+constexpr const char* startWithWindows =
+    "Start Jotwright when Windows starts.    (Option Available For Windows XP only!)";
+constexpr const char* onTop = "Show Jotwright Notes On Top Of All Windows";
+
+constexpr COLORREF green = RGB(0, 192, 0);
+
+int HeightOf(const Window& window) {
+    const RECT place = window.Place();
+    return place.bottom - place.top;
+}
+
+// The version of Windows that one program is told, as long as this object lives.
+class ToldWindowsVersion {
+  public:
+    explicit ToldWindowsVersion(const std::wstring& version) {
+        ::RegSetKeyValueW(HKEY_CURRENT_USER, key, value, REG_SZ, version.c_str(),
+                          static_cast<DWORD>((version.size() + 1) * sizeof(wchar_t)));
+    }
+    ~ToldWindowsVersion() { Forget(); }
+    ToldWindowsVersion(const ToldWindowsVersion&) = delete;
+    ToldWindowsVersion& operator=(const ToldWindowsVersion&) = delete;
+
+    static void Forget() { ::RegDeleteKeyValueW(HKEY_CURRENT_USER, key, value); }
+
+  private:
+    static constexpr const wchar_t* key = L"Software\\Wine\\AppDefaults\\Jotwright.exe";
+    static constexpr const wchar_t* value = L"Version";
+};
+
+}  // namespace
+
+class Options : public DriverTest {
+  protected:
+    void SetUp() override {
+        DriverTest::SetUp();
+        ToldWindowsVersion::Forget();  // left by a run that was killed
+    }
+
+    Window OpenOptions(const Window& main) const;
+    // Checks or unchecks a box or chooses an option.
+    static void Press(const Window& options, const std::string& button);
+    void Apply(const Window& options) const;
+    static void ExpectSettings(const std::string& color, const std::string& fontSize,
+                               const std::string& loopsValue, const std::string& hides,
+                               const std::string& cuckoo, const std::string& service,
+                               const std::string& topMost);
+};
+
+Window Options::OpenOptions(const Window& main) const {
+    ChooseFromMenuBar(program, main, barNoteOptions);
+    const Window options = program.WaitFor(caption);
+    WaitUntilFilled(options, "Button");
+    return options;
+}
+
+void Options::Press(const Window& options, const std::string& button) {
+    const bool before = options.Button(button).IsChecked();
+    options.Button(button).Click();
+    WaitUntil("the choice is shown", [&] { return options.Button(button).IsChecked() != before; });
+}
+
+void Options::Apply(const Window& options) const {
+    options.Button("A&pply").Click();
+    program.WaitUntilGone(caption);
+}
+
+void Options::ExpectSettings(const std::string& color, const std::string& fontSize,
+                             const std::string& loopsValue, const std::string& hides,
+                             const std::string& cuckoo, const std::string& service,
+                             const std::string& topMost) {
+    EXPECT_EQ(Setting("Options", "DefaultColor"), color);
+    EXPECT_EQ(Setting("Options", "DefaultFontSize"), fontSize);
+    EXPECT_EQ(Setting("Options", "NoteLoops"), loopsValue);
+    EXPECT_EQ(Setting("Options", "ShowDateTime"), hides);
+    EXPECT_EQ(Setting("Options", "StartCookoo"), cuckoo);
+    EXPECT_EQ(Setting("Options", "IsService"), service);
+    EXPECT_EQ(Setting("Options", "WindowOnTop"), topMost);
+}
+
+TEST_F(Options, ApplyWritesAllAndCancelNothing) {
+    const Window main = StartProgram();
+    Window options = OpenOptions(main);
+    EXPECT_TRUE(options.Button("White").IsChecked());
+    EXPECT_TRUE(options.Button("10 point").IsChecked());
+    Press(options, "Green");
+    Press(options, loops);
+    options.Button("&Cancel").Click();
+    program.WaitUntilGone(caption);
+    ExpectSettings("", "", "", "", "", "", "");
+
+    Apply(OpenOptions(main));
+    ExpectSettings("0", "0", "0", "0", "0", "0", "0");
+
+    options = OpenOptions(main);
+    EXPECT_TRUE(options.Button("White").IsChecked());
+    Press(options, "Yellow");
+    Press(options, "14 point");
+    Press(options, onTop);
+    Apply(options);
+    ExpectSettings("4", "2", "0", "0", "0", "0", "1");
+
+    options = OpenOptions(main);
+    EXPECT_TRUE(options.Button("Yellow").IsChecked());
+    EXPECT_TRUE(options.Button("14 point").IsChecked());
+    EXPECT_TRUE(options.Button(onTop).IsChecked());
+    EXPECT_FALSE(options.Button(loops).IsChecked());
+    // Closing it is no applying either.
+    Press(options, "Gray");
+    CloseAndWait(options);
+    EXPECT_EQ(Setting("Options", "DefaultColor"), "4");
+}
+
+TEST_F(Options, TheNextNoteHasTheDefaultsAndNoDateAndTime) {
+    const Window main = StartProgram();
+    const Window before = MakeNote(main, "Before");
+    EXPECT_EQ(HeightOf(before), 489);
+    HideNote(before);
+    ExpectNote("Before", "\"Before\",\"\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+
+    tray::LeftClick(main);
+    WaitUntil("the main window is back", [&] { return main.IsVisible(); });
+    const Window options = OpenOptions(main);
+    Press(options, "Green");
+    Press(options, "16 point");
+    Press(options, hideDateTime);
+    Apply(options);
+    const Window editor = MakeNote(main, "Shopping");
+    EXPECT_TRUE(ComesTrue([&] { return Picture(editor.Only("Edit")).Share(green) > 0.8; }));
+    EXPECT_EQ(HeightOf(editor), 420);
+    editor.Button("Show &System Date/Time").Click();
+    WaitUntil("date and time are shown", [&] {
+        return HeightOf(editor) == 489 && editor.FindChild("Button", "Hide &System Date/Time");
+    });
+    editor.Button("Hide &System Date/Time").Click();
+    WaitUntil("date and time are hidden", [&] {
+        return HeightOf(editor) == 420 && editor.FindChild("Button", "Show &System Date/Time");
+    });
+    HideNote(editor);
+    ExpectNote("Shopping", "\"Shopping\",\"\",#2031-06-02#,#12:00:00#,3,16,\"0\",0,\"yes\"\r\n");
+}
+
+TEST_F(Options, AlarmsStayOnTopAndLoop) {
+    WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
+    WriteNote("Rent", "\"Rent\",\"Pay\",#2031-06-02#,#09:02:00#,1,12,\"1\",0,\"yes\"\r\n");
+    const Window main = StartProgram();
+    CloseAndWait(program.WaitFor("Dentist"));
+    CloseAndWait(program.WaitFor("Rent"));
+    Window options = OpenOptions(main);
+    Press(options, onTop);
+    Press(options, loops);
+    Apply(options);
+
+    Clock::Set("2031-06-02 09:00:58");
+    const Window display = program.WaitFor("Dentist");
+    EXPECT_TRUE(display.IsTopMost());
+    EXPECT_FALSE(main.IsTopMost());
+    const Box box(program, alarmBox);
+    EXPECT_EQ(box.Text(), "      Turn Off Alarm?       ");
+    box.Press("OK");
+
+    options = OpenOptions(main);
+    EXPECT_TRUE(options.Button(loops).IsChecked());
+    Press(options, onTop);
+    Apply(options);
+    Clock::Set("2031-06-02 09:01:58");
+    EXPECT_FALSE(program.WaitFor("Rent").IsTopMost());
+    EXPECT_TRUE(display.IsTopMost());
+}
+
+TEST_F(Options, TheCuckooClockRunsFromTheStart) {
+    {
+        const Window main = StartProgram();
+        const Window options = OpenOptions(main);
+        Press(options, startCuckoo);
+        Apply(options);
+        EXPECT_TRUE(main.FindChild("Button", "Start CooKoo &Clock")) << "at the next start";
+        ExitProgram();
+    }
+    const Window main = StartProgram();
+    EXPECT_TRUE(main.FindChild("Button", "Stop CooKoo &Clock"));
+    EXPECT_TRUE(main.FindChild("Static", "CooKoo Clock Is Activated"));
+    EXPECT_TRUE(OpenOptions(main).Button(startCuckoo).IsChecked());
+    const std::uint64_t before = recorder.Now();
+    Clock::Set("2031-06-02 13:00:13");
+    EXPECT_EQ(recorder.WaitForSound(before), "Cuckoo clock.wav");
+}
+
+TEST_F(Options, OlderWindowsCannotStartTheProgram) {
+    const ToldWindowsVersion windows2000(L"win2k");
+    const Window options = OpenOptions(StartProgram());
+    EXPECT_FALSE(options.Button(startWithWindows).IsEnabled());
+    EXPECT_TRUE(options.Button(onTop).IsEnabled());
+}
+
+class StartupLink : public Options {
+  protected:
+    void SetUp() override {
+        Options::SetUp();
+        RemoveFolder(allUsers);
+    }
+    void TearDown() override {
+        Options::TearDown();
+        RemoveFolder(allUsers);
+    }
+
+    const std::string allUsers = "C:\\Documents and Settings\\All Users";
+    const std::string startup = allUsers + "\\Start Menu\\Programs\\Startup";
+    const std::string link = startup + "\\Shortcut To Jotwright.lnk";
+};
+
+TEST_F(StartupLink, IsMadeOnceAndDeleted) {
+    MakeFolder(startup);
+    const Window main = StartProgram();
+    Window options = OpenOptions(main);
+    Press(options, startWithWindows);
+    Apply(options);
+    EXPECT_EQ(Setting("Options", "IsService"), "1");
+    EXPECT_EQ(WholeFile(link), WholeFile(folder + "\\Shortcut To Jotwright.lnk"));
+
+    // One that is there is left as it is.
+    WriteWholeFile(link, "the user's own");
+    options = OpenOptions(main);
+    EXPECT_TRUE(options.Button(startWithWindows).IsChecked());
+    Apply(options);
+    EXPECT_EQ(WholeFile(link), "the user's own");
+
+    options = OpenOptions(main);
+    Press(options, startWithWindows);
+    Apply(options);
+    EXPECT_EQ(Setting("Options", "IsService"), "0");
+    EXPECT_FALSE(FileExists(link));
+}
+
+TEST_F(StartupLink, ThatCannotBeMadeIsReported) {
+    const Window options = OpenOptions(StartProgram());
+    Press(options, startWithWindows);
+    Press(options, "Blue");
+    options.Button("A&pply").Click();
+    const Box box(program, "Startup Link Error");
+    EXPECT_EQ(box.Text(), "Unable to create startup link.       ");
+    box.Press("OK");
+    EXPECT_TRUE(options.IsVisible());
+    ExpectSettings("3", "0", "0", "0", "0", "1", "0");
+    EXPECT_FALSE(FileExists(link));
+}
+
+}  // namespace driver
