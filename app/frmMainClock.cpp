@@ -60,6 +60,15 @@ void frmMain::CheckSpecialAlarms(forms::DateTime now) {
     }
 }
 
+bool frmMain::IsSpecialAlarmDue(forms::DateTime now) {
+    for (std::size_t row = 0; row < Shared().SpecialAlarmDay.size(); ++row) {
+        if (SpecialAlarmsFile::IsDue(SpecialAlarmsFile::SharedRow(row), now)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 void frmMain::StartRequestedSound(int dueCount) {
     if (Shared().AlarmSounding || dueCount == 0 || !Shared().SoundRequested) {
         return;
@@ -93,8 +102,11 @@ void frmMain::tmrCooKoo_Timer() {
     if (Shared().AlarmSounding || StandardCode::IsNoteRinging()) {
         return;
     }
-    const int strikes = StrikeTable::StrikesAt(forms::Now().TimeOnly());
-    if (strikes > 0) {
+    const forms::DateTime now = forms::Now();
+    const int strikes = StrikeTable::StrikesAt(now.TimeOnly());
+    // Of two timers that are due together either may come first, and while the cuckoo strikes the
+    // main clock would miss the alarm's second.
+    if (strikes > 0 && !IsSpecialAlarmDue(now)) {
         StrikeCuckoo(strikes);
     }
 }

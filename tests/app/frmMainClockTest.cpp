@@ -306,6 +306,21 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentWhileAnAlarmSounds) {
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
 }
 
+TEST_F(frmMainClockTest, ASpecialAlarmIsNotMissedWhereTheCuckoosTickComesFirst) {
+    SetNow(2004, 5, 14, 14, 59, 50);
+    StartQuietly();
+    user->Click(Main().cmdCookoo);
+    Start([this] {
+        Main().tmrNow.enabled = false;
+        Main().tmrNow.enabled = true;
+    });
+    SetSpecialAlarm(0, "Friday", DateTime::FromTime(15, 0, 15), "now");
+    stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
+                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    AdvanceTo(15, 0, 40);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
+}
+
 TEST_F(frmMainClockTest, TheCuckooIsSilentAsLongAsASpecialAlarmWaits) {
     SetNow(2004, 5, 14, 14, 59, 50);
     StartQuietly();

@@ -118,10 +118,6 @@ TEST_F(Cuckoo, StrikesAsOftenAsItsTableSays) {
               [&] { return static_cast<bool>(main.FindChild("Button", startCaption)); });
     EXPECT_FALSE(Runs(main));
     ExpectCalls("2031-06-03 01", 0);
-
-    main.Button(startCaption).Click();
-    WaitUntil("the clock runs", [&] { return Runs(main); });
-    ExpectCalls("2031-06-03 02", 2);
 }
 
 TEST_F(Cuckoo, IsSilentWhileAnAlarmSounds) {
@@ -151,9 +147,8 @@ TEST_F(Cuckoo, IsSilentWhileAnAlarmSounds) {
         const Box box(program, alarmBox);
         ExpectOnlyTheAlarm(std::string("2031-06-02 ") + hour);
         box.Press("OK");
-        recorder.WaitForSilence();
     }
-
+    recorder.WaitForSilence();
     ExpectCalls("2031-06-02 19", 7);
 }
 
