@@ -45,14 +45,12 @@ bool IsPainted(const Window& textBox, COLORREF back, COLORREF text) {
 
 class Editors : public DriverTest {
   protected:
-    // Posted to an editor's menu bar.
     inline static const MenuPath barStartAlarm{1, 0};
     inline static const MenuPath barStopAlarm{1, 1};
-    static constexpr const char* shopping =
-        "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
 };
 
-TEST_F(Editors, RestoredNotesHaveStrongColors) {
+TEST_F(Editors, RestoredNotesHaveStrongColorsAndTheirAlarms) {
+    WriteNote("Rang", "\"Rang\",\"Call\",#2031-06-01#,\"#12:00#\",1,12,\"0\",0,\"yes\"\r\n");
     for (const Shade& shade : restoredShades) {
         const std::string title = "Note " + std::to_string(shade.number);
         WriteNote(title, '"' + title + "\",\"some text\",#2031-06-02#,#12:00:00#," +
@@ -71,15 +69,10 @@ TEST_F(Editors, RestoredNotesHaveStrongColors) {
         ExpectNote(title, '"' + title + "\",\"some text\",#2031-06-02#,#12:00:00#," + shade.saved +
                               ",12,\"0\",1,\"yes\"\r\n");
     }
-}
-
-TEST_F(Editors, ANoteThatRangComesBackWithItsAlarmOff) {
-    WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-01#,\"#12:00#\",1,12,\"0\",0,\"yes\"\r\n");
-    StartProgram();
-    const Window editor = OpenRestored("Dentist");
-    EXPECT_TRUE(editor.FindChild("Button", editorSet));
-    ExpectDate(DatePicker(editor), 2031, 6, 1);
-    ExpectTime(TimePicker(editor), 12, 0);
+    const Window rang = OpenRestored("Rang");
+    EXPECT_TRUE(rang.FindChild("Button", editorSet));
+    ExpectDate(DatePicker(rang), 2031, 6, 1);
+    ExpectTime(TimePicker(rang), 12, 0);
 }
 
 TEST_F(Editors, TheMenuGivesEveryColorToTheText) {
@@ -101,26 +94,24 @@ TEST_F(Editors, TheMenuGivesEveryColorToTheText) {
     EXPECT_TRUE(editor.IsVisible());
 }
 
-TEST_F(Editors, ANoteThatWasNotErasedAfterAllIsNoLongerSaved) {
-    WriteNote("Shopping", shopping);
+TEST_F(Editors, ARestoredNoteIsSavedWithoutAQuestionUnlessItWasToBeErased) {
+    const std::string rest = "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
+    WriteNote("Shopping", "\"Shopping\",\"milk" + rest);
+    WriteNote("Rent", "\"Rent\",\"pay" + rest);
     StartProgram();
-    const Window editor = OpenRestored("Shopping");
-    editor.Only("Edit").Type("milk and eggs");
-    PressToolbar(editor.Only(toolbarClass), toolbarErase);
-    Box(program, "Kill Note").Press("No");
-    EXPECT_TRUE(editor.IsVisible());
-    CloseAndWait(editor);
-    ExpectNote("Shopping", shopping);
-}
+    const Window shopping = OpenRestored("Shopping");
+    shopping.Only("Edit").Type("eggs");
+    CloseAndWait(shopping);
+    ExpectNote("Shopping", "\"Shopping\",\"eggs" + rest);
 
-TEST_F(Editors, ARestoredNoteIsSavedWithoutAQuestion) {
-    WriteNote("Shopping", shopping);
-    StartProgram();
-    const Window editor = OpenRestored("Shopping");
-    editor.Only("Edit").Type("eggs");
-    CloseAndWait(editor);
-    ExpectNote("Shopping",
-               "\"Shopping\",\"eggs\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    // One that was not erased after all is no longer saved.
+    const Window rent = OpenRestored("Rent");
+    rent.Only("Edit").Type("pay later");
+    PressToolbar(rent.Only(toolbarClass), toolbarErase);
+    Box(program, "Kill Note").Press("No");
+    EXPECT_TRUE(rent.IsVisible());
+    CloseAndWait(rent);
+    ExpectNote("Rent", "\"Rent\",\"pay" + rest);
 }
 
 TEST_F(Editors, TheMenuStartsAndStopsTheAlarm) {
