@@ -46,6 +46,7 @@ void Main() {
         forms::Machine().files->MakeFolder(NotesFolder());
     }
     SafeFile::RemoveLeftovers(NotesFolder());
+    SafeFile::RemoveLeftovers(SpecialAlarmsFile::Folder());
     ConnectControlPanel();
     forms::Runtime::Current().onFatalError = SaveWhatIsOpen;
 

@@ -33,3 +33,9 @@ if(conformance_sources)
     jotwright_sources(conformance_glue tests/conformance/headless)
     jotwright_add_tests(conformance_headless ${conformance_sources} ${conformance_glue})
 endif()
+
+# What takes long: here in its short form, in full with scripts/long-run.
+jotwright_sources(long_sources tests/long)
+if(long_sources)
+    jotwright_add_tests(jotwright_long ${long_sources} ${support_sources})
+endif()

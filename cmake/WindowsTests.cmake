@@ -38,3 +38,13 @@ if(driver_sources)
     jotwright_add_windows_tests(windows_driver ${driver_sources})
     target_link_libraries(windows_driver PRIVATE win32)
 endif()
+
+# What takes long on the real program, with what the driver's tests are made of.
+jotwright_sources(windows_long_sources tests/windows/long)
+if(windows_long_sources)
+    set(driver_support ${driver_sources})
+    list(FILTER driver_support EXCLUDE REGEX "/[A-Za-z]+Test\\.cpp$")
+    jotwright_add_windows_tests(windows_long ${windows_long_sources} ${driver_support}
+                                "${PROJECT_SOURCE_DIR}/tests/windows/DriverTest.cpp")
+    target_link_libraries(windows_long PRIVATE win32)
+endif()

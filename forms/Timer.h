@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "forms/Property.h"
 
@@ -35,8 +36,9 @@ class Timer final : public Observed {
 
   private:
     friend class TimerQueue;
-    std::int64_t due = 0;        // monotonic milliseconds
-    std::uint64_t sequence = 0;  // of those due together, the first queued ticks first
+    std::int64_t due = 0;                    // monotonic milliseconds
+    std::uint64_t sequence = 0;              // of those due together, the first queued ticks first
+    std::optional<std::int64_t> seenSecond;  // the second that the clock showed at the last tick
     bool queued = false;
     bool running = false;  // its handler is on the stack
 };

@@ -18,10 +18,23 @@ constexpr std::int64_t tolerance = 50;
 
 std::int64_t MonotonicNow() { return Machine().clock->MonotonicMilliseconds(); }
 
+// The wall clock in milliseconds, read in one piece.
+std::int64_t WallNow() {
+    Clock& clock = *Machine().clock;
+    for (;;) {
+        const DateTime before = clock.Now();
+        const int millisecond = clock.MillisecondOfSecond();
+        if (clock.Now() == before) {
+            return before.seconds * second + millisecond;
+        }
+    }
+}
+
+std::int64_t SecondNow() { return Machine().clock->Now().seconds; }
+
 // Milliseconds from the middle of the wall clock's second to the moment, -500 to 499.
 std::int64_t OffMiddle(std::int64_t moment, std::int64_t now) {
-    const std::int64_t fraction = Machine().clock->MillisecondOfSecond() + (moment - now);
-    std::int64_t inSecond = fraction % second;
+    std::int64_t inSecond = (WallNow() + (moment - now)) % second;
     if (inSecond < 0) {
         inSecond += second;
     }
@@ -33,6 +46,12 @@ bool SeesEverySecond(const Timer& timer) {
 }
 
 }  // namespace
+
+bool TimerQueue::HasSeen(const Timer& timer, std::int64_t shown) {
+    constexpr std::int64_t longestCorrection = 1;
+    return timer.seenSecond && shown <= *timer.seenSecond &&
+           shown >= *timer.seenSecond - longestCorrection;
+}
 
 bool TimerQueue::Earlier::operator()(const Timer* a, const Timer* b) const {
     return a->due != b->due ? a->due < b->due : a->sequence < b->sequence;
@@ -133,7 +152,12 @@ void TimerQueue::RunDue() {
         const auto pin = timer->form.shared_from_this();
         const std::int64_t lastDue = timer->due;
         Remove(*timer);
-        Enqueue(*timer, NextAfter(*timer, lastDue, MonotonicNow()));
+        const std::int64_t now = MonotonicNow();
+        Enqueue(*timer, NextAfter(*timer, lastDue, now));
+        if (SeesEverySecond(*timer) && HasSeen(*timer, SecondNow())) {
+            continue;
+        }
+        timer->seenSecond = SecondNow();
         timer->running = true;
         runtime.Rearm();
         runtime.Dispatch(&timer->form, [timer] {
@@ -156,7 +180,10 @@ void TimerQueue::Realign() {
         const bool isDue = SeesEverySecond(*timer) && timer->due <= now;
         if (timer->phase == TimerPhase::ClockSecond && !isDue) {
             Remove(*timer);
-            Enqueue(*timer, FirstDue(*timer, now));
+            // The second that the clock has come to may have been stepped into behind its middle.
+            const bool isLate = SeesEverySecond(*timer) && timer->seenSecond &&
+                                !HasSeen(*timer, SecondNow()) && OffMiddle(now, now) >= 0;
+            Enqueue(*timer, isLate ? now : FirstDue(*timer, now));
         }
     }
     Runtime::Current().Rearm();

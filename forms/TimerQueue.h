@@ -32,6 +32,9 @@ class TimerQueue {
     struct Earlier {
         bool operator()(const Timer* a, const Timer* b) const;
     };
+    // The timer has ticked in the second that the clock shows, or would have if the clock had not
+    // been put back by up to a second, as programs do that keep it right.
+    static bool HasSeen(const Timer& timer, std::int64_t shown);
     void Enqueue(Timer& timer, std::int64_t due);
     std::int64_t FirstDue(const Timer& timer, std::int64_t now) const;
     std::int64_t NextAfter(const Timer& timer, std::int64_t lastDue, std::int64_t now) const;

@@ -194,6 +194,9 @@ std::string frmViewNotes::SelectedTitle() const {
 void frmViewNotes::EraseNote(const std::string& title) {
     lvwNotes.RemoveRow(static_cast<std::size_t>(lvwNotes.SelectedRow()));
     forms::Machine().files->Recycle(StandardCode::NotePath(forms::Trim(title)));
+    if (const auto open = StandardCode::FindOpenNote(title)) {
+        open->MarkSaved("");  // what it shows is nowhere else now
+    }
     StandardCode::LoadNotesArray();
     if (Shared().NoteCount < StandardCode::maximumNotes) {
         StandardCode::Events().BelowMaximum.Raise();

@@ -59,8 +59,8 @@ HeadlessStage::~HeadlessStage() {
     clock.Arm(std::nullopt);
 }
 
-void HeadlessStage::Jump(std::int64_t seconds) {
-    clock.MoveWallClock(seconds);
+void HeadlessStage::Jump(std::int64_t seconds, std::int64_t milliseconds) {
+    clock.MoveWallClock(seconds, milliseconds);
     Runtime::Current().Dispatch(nullptr, [] { Runtime::Current().timers.Realign(); });
 }
 
@@ -132,7 +132,10 @@ void HeadlessStage::ControlChanged(Control& control, Aspect aspect) {
 
 void HeadlessStage::MenuChanged(Menu& /*menu*/, Aspect /*aspect*/) { ++changesShown; }
 
-void HeadlessStage::UsableChanged(Form& form) { WindowOf(form).usable = form.IsUsable(); }
+void HeadlessStage::UsableChanged(Form& form) {
+    // One that is hidden meanwhile is not shut off when it comes back.
+    WindowOf(form).usable = form.IsUsable() || !form.IsVisible();
+}
 
 void HeadlessStage::FocusMoved(Control& /*control*/) {}
 

@@ -39,7 +39,7 @@ class HeadlessStage : public Stage {
     // Time. Advance visits each tick on its way and may be called by any script below.
     void Advance(std::int64_t milliseconds) { clock.Advance(milliseconds); }
     // The wall clock is set forward or back; the system tells the program.
-    void Jump(std::int64_t seconds);
+    void Jump(std::int64_t seconds, std::int64_t milliseconds = 0);
     // The machine sleeps: both clocks go on, no tick comes, and the system tells the program.
     void Suspend(std::int64_t seconds);
 

@@ -7,6 +7,7 @@ namespace forms::headless {
 namespace {
 
 constexpr std::int64_t thousand = 1000;
+constexpr std::int64_t million = 1'000'000;
 constexpr int mostAlarmsInOneMoment = 10'000;
 
 std::int64_t WholeSeconds(std::int64_t milliseconds) {
@@ -30,14 +31,16 @@ void VirtualClock::SetNow(DateTime now, int millisecond) {
     wall = now.seconds * thousand + millisecond;
 }
 
-void VirtualClock::MoveWallClock(std::int64_t seconds) { wall += seconds * thousand; }
+void VirtualClock::MoveWallClock(std::int64_t seconds, std::int64_t milliseconds) {
+    wall += seconds * thousand + milliseconds;
+}
 
 void VirtualClock::Advance(std::int64_t milliseconds) {
     const std::int64_t end = monotonic + milliseconds;
     std::int64_t lastMoment = monotonic;
     int alarmsInMoment = 0;
     while (alarm) {
-        const std::int64_t moment = std::max(*alarm, monotonic) + NextDelay();
+        const std::int64_t moment = std::max(*alarm, monotonic);
         if (moment > end) {
             break;
         }
@@ -66,12 +69,21 @@ void VirtualClock::Advance(std::int64_t milliseconds) {
 
 void VirtualClock::Pass(std::int64_t milliseconds) {
     monotonic += milliseconds;
-    wall += milliseconds;
+    driftPending += milliseconds * drift;
+    wall += milliseconds + driftPending / million;
+    driftPending %= million;
 }
 
 void VirtualClock::SetJitter(int maximum, std::uint32_t seed) {
     maximumDelay = maximum;
     random = seed;
+}
+
+void VirtualClock::Arm(std::optional<std::int64_t> due) {
+    alarm = due;
+    if (alarm && maximumDelay > 0) {
+        alarm = std::max(*alarm, monotonic) + NextDelay();
+    }
 }
 
 int VirtualClock::NextDelay() {

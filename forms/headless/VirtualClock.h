@@ -22,7 +22,7 @@ class VirtualClock : public Clock {
     // Sets the wall clock before a program starts; nothing is told of it. A running program's clock
     // is changed with HeadlessStage::Jump.
     void SetNow(DateTime now, int millisecond = 0);
-    void MoveWallClock(std::int64_t seconds);
+    void MoveWallClock(std::int64_t seconds, std::int64_t milliseconds = 0);
 
     // Lets time pass: both clocks go on, and every alarm that falls due on the way is given at its
     // own moment (with jitter, up to that much later). Handlers may advance the clock themselves;
@@ -35,8 +35,11 @@ class VirtualClock : public Clock {
     // Each alarm comes up to maximum milliseconds late, by a fixed pseudo-random sequence.
     void SetJitter(int maximum, std::uint32_t seed = 1);
 
+    // The wall clock gains (or loses) this many milliseconds in a thousand seconds of the other.
+    void SetDrift(int partsPerMillion) { drift = partsPerMillion; }
+
     // The stage's alarm: one, given once; empty disarms.
-    void Arm(std::optional<std::int64_t> due) { alarm = due; }
+    void Arm(std::optional<std::int64_t> due);
     std::optional<std::int64_t> Armed() const { return alarm; }
     std::function<void()> onAlarm;
     // An alarm is armed again and again for a moment that is past.
@@ -50,6 +53,8 @@ class VirtualClock : public Clock {
     std::optional<std::int64_t> alarm;
     int maximumDelay = 0;
     std::uint32_t random = 1;
+    int drift = 0;                  // parts per million
+    std::int64_t driftPending = 0;  // millionths of a millisecond
 };
 
 }  // namespace forms::headless

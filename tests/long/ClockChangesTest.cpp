@@ -1,0 +1,199 @@
+#include <map>
+
+#include "alarms/SpecialAlarmsFile.h"
+#include "tests/support/WholeProgram.h"
+
+// What happens to seconds and alarms when the wall clock does not just go on: daylight saving both
+// ways, a clock that is set, a machine that sleeps. docs/reliability.md says it in words.
+
+using namespace forms;
+using headless::RecordedSound;
+
+namespace {
+
+constexpr std::int64_t hour = 3600;
+constexpr std::int64_t minute = 60;
+
+class ClockChangesTest : public testing_support::WholeProgram {
+  protected:
+    // Friday, 14 May 2004, at this time, with the cuckoo on and what every second's ticks see
+    // counted.
+    void StartAt(int hours, int minutes, int seconds) {
+        SetNow(2004, 5, 14, hours, minutes, seconds);
+        settings.values[{"Options", "StartCookoo"}] = "1";
+        sound.defaultLength = 0;
+        stage->improvise.box = [this](const BoxRequest& box) {
+            rung.push_back({box.caption, clock.Now()});
+            return BoxResult::Ok;
+        };
+        StartQuietly();
+        const auto tick = Main().tmrNow.Tick;
+        Main().tmrNow.Tick = [this, tick] {
+            ++seen[clock.Now().seconds];
+            tick();
+        };
+    }
+
+    static void SetSpecialAlarm(DateTime time) {
+        SpecialAlarmsFile::StoreSharedRow(0, {"Friday", time, "message", 1});
+    }
+
+    void PutAlarm(const std::string& title, const std::string& time) {
+        PutNote(title, "#2004-05-14#,#" + time + "#,1,12,\"1\",0,\"yes\"\r\n");
+    }
+
+    void CloseEditor(const std::string& title) {
+        user->Restore(Editor(title));
+        user->CloseBox(Editor(title));
+    }
+
+    int TimesSeen(int hours, int minutes, int seconds) {
+        const auto moment =
+            Combine(clock.Now().DateOnly(), DateTime::FromTime(hours, minutes, seconds));
+        const auto found = seen.find(moment.seconds);
+        return found == seen.end() ? 0 : found->second;
+    }
+
+    int Strikes() const { return sound.Count(RecordedSound::Kind::ToEnd); }
+
+    std::map<std::int64_t, int> seen;  // by second of the wall clock
+    struct Ring {
+        std::string caption;
+        DateTime at;
+    };
+    std::vector<Ring> rung;
+};
+
+}  // namespace
+
+// The system moves the local time by an hour and sends no message that the clock was set; the
+// fraction of the second does not change.
+TEST_F(ClockChangesTest, TheHourThatSummerTimeLeavesOutRingsNothing) {
+    StartAt(1, 59, 50);
+    SetSpecialAlarm(DateTime::FromTime(2, 30, 0));
+    Advance(9000);  // 1:59:59 and the fraction
+    clock.MoveWallClock(hour);
+    Advance(2 * hour * 1000);
+    EXPECT_TRUE(rung.empty());
+    EXPECT_EQ(TimesSeen(2, 30, 0), 0);
+    EXPECT_EQ(TimesSeen(3, 0, 0), 1);
+    EXPECT_EQ(Strikes(), 3 + 4);  // three and four o'clock; two o'clock is left out
+    for (const auto& [second, times] : seen) {
+        EXPECT_EQ(times, 1) << FormatTime24(DateTime{second});
+    }
+}
+
+TEST_F(ClockChangesTest, TheHourThatComesTwiceIsSeenTwice) {
+    PutAlarm("Dentist", "01:15:00");
+    StartAt(1, 0, 5);
+    SetSpecialAlarm(DateTime::FromTime(1, 30, 0));
+    Advance((59 * minute + 54) * 1000);  // 1:59:59 and the fraction
+    ASSERT_EQ(clock.Now().TimeOnly(), DateTime::FromTime(2, 0, 0));
+    clock.MoveWallClock(-hour);
+    Advance((hour + 30) * 1000);
+    // As every clock on a wall does: what is due at a time of day is due whenever it is that time.
+    EXPECT_EQ(rung.size(), 2U);
+    EXPECT_EQ(Strikes(), 1 + 1 + 2);
+    EXPECT_EQ(TimesSeen(1, 30, 0), 2);
+    // The editor's own alarm is over once it has rung.
+    EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Set Alarm");
+}
+
+TEST_F(ClockChangesTest, ASavedNoteThatWasAnsweredDoesNotComeUpInTheRepeatedHour) {
+    PutAlarm("Dentist", "01:15:00");
+    StartAt(1, 14, 50);
+    CloseEditor("Dentist");
+    Advance(20'000);
+    auto* display = FindWindow<frmDisplayNote>("Dentist");
+    ASSERT_NE(display, nullptr);
+    stage->improvise.box = [](const BoxRequest&) { return BoxResult::No; };
+    user->CloseBox(*display);
+    clock.MoveWallClock(-hour);
+    Advance(2 * hour * 1000);
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
+}
+
+TEST_F(ClockChangesTest, SettingTheClockForwardRingsNothingOfWhatWasLeftOut) {
+    StartAt(9, 0, 0);
+    SetSpecialAlarm(DateTime::FromTime(9, 30, 0));
+    Advance(5000);
+    stage->Jump(hour);
+    Advance(2 * hour * 1000);
+    EXPECT_TRUE(rung.empty());
+    EXPECT_EQ(Strikes(), 10 + 11);  // nine o'clock is left out, noon is silent
+    for (const auto& [second, times] : seen) {
+        EXPECT_EQ(times, 1) << FormatTime24(DateTime{second});
+    }
+}
+
+TEST_F(ClockChangesTest, SettingTheClockBackRingsWhatComesAgain) {
+    StartAt(9, 29, 50);
+    SetSpecialAlarm(DateTime::FromTime(9, 30, 0));
+    Advance(20'000);
+    stage->Jump(-minute);
+    Advance(2 * minute * 1000);
+    EXPECT_EQ(rung.size(), 2U);
+    EXPECT_EQ(TimesSeen(9, 30, 0), 2);
+    EXPECT_EQ(TimesSeen(9, 30, 59), 1);
+}
+
+// Programs that keep the time right move it by fractions of a second.
+TEST_F(ClockChangesTest, ACorrectionOfLessThanASecondNeitherMissesNorDoublesASecond) {
+    for (const bool isTold : {true, false}) {
+        for (int millisecond = 0; millisecond < 1000; millisecond += 50) {
+            for (const int correction : {-900, -600, -400, -100, -10, 10, 100, 400}) {
+                SCOPED_TRACE("at " + std::to_string(millisecond) + " by " +
+                             std::to_string(correction) + (isTold ? ", told" : ""));
+                Restart();
+                seen.clear();
+                rung.clear();
+                StartAt(8, 59, 50);
+                SetSpecialAlarm(DateTime::FromTime(9, 0, 0));
+                Advance(9000 + millisecond);
+                if (isTold) {
+                    stage->Jump(0, correction);
+                } else {
+                    clock.MoveWallClock(0, correction);
+                }
+                Advance(10'000);
+                EXPECT_EQ(TimesSeen(8, 59, 58), 1);
+                EXPECT_EQ(TimesSeen(8, 59, 59), 1);
+                EXPECT_EQ(TimesSeen(9, 0, 0), 1);
+                EXPECT_EQ(TimesSeen(9, 0, 1), 1);
+                EXPECT_EQ(rung.size(), 1U);
+                EXPECT_EQ(TimesSeen(9, 0, 5), 1);
+            }
+        }
+    }
+}
+
+TEST_F(ClockChangesTest, SleepRingsNothingOfWhatWasSleptThroughAndGoesOnAtOnce) {
+    PutAlarm("Dentist", "10:30:00");
+    StartAt(9, 0, 0);
+    SetSpecialAlarm(DateTime::FromTime(10, 0, 0));
+    CloseEditor("Dentist");
+    Advance(5000);
+    stage->Suspend(3 * hour);
+    EXPECT_TRUE(rung.empty());
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
+    SetSpecialAlarm(DateTime::FromTime(12, 1, 0));
+    Advance(2 * minute * 1000);
+    EXPECT_EQ(rung.size(), 1U);
+    for (const auto& [second, times] : seen) {
+        EXPECT_EQ(times, 1) << FormatTime24(DateTime{second});
+    }
+}
+
+TEST_F(ClockChangesTest, TheCountdownAndTheStopWatchGoByTheTimeThatPasses) {
+    StartAt(9, 0, 0);
+    int ticks = 0;
+    Main().tmrCheckSoundFile.Tick = [&ticks] { ++ticks; };
+    Main().tmrCheckSoundFile.enabled = false;
+    Main().tmrCheckSoundFile.enabled = true;  // 500 ms, from its start
+    Advance(10'000);
+    stage->Jump(-hour);
+    Advance(10'000);
+    stage->Jump(2 * hour);
+    Advance(10'000);
+    EXPECT_EQ(ticks, 60);
+}

@@ -1,0 +1,365 @@
+#include <cstdio>
+#include <map>
+#include <set>
+
+#include "alarms/SpecialAlarmsFile.h"
+#include "alarms/frmSpecialAlarms.h"
+#include "forms/Gestures.h"
+#include "notes/NoteFile.h"
+#include "notes/NotesArray.h"
+#include "notes/frmViewNotes.h"
+#include "tests/support/WholeProgram.h"
+
+// Everything that can go wrong at the disk, at every step of everything that writes there: the
+// program is killed, or the step fails. What was saved is old or new, what was typed comes back.
+
+using namespace forms;
+using headless::Killed;
+using headless::MemoryFiles;
+
+namespace {
+
+using Disk = std::map<std::string, std::optional<std::string>>;
+
+struct Operation {
+    const char* name;
+    std::function<void()> prepare;  // in a program that has started
+    std::function<void()> act;
+    // What the user has typed into the editor of Dentist, or nothing.
+    std::string typed{};
+    bool erases = false;  // the note may be gone afterwards
+    bool reports = true;  // errors are shown in the box of the save
+};
+
+struct Outcome {
+    int steps = 0;
+    int cases = 0;
+    int old = 0;
+    int renewed = 0;
+    int erased = 0;
+};
+
+constexpr const char* saveErrors = "WriteNote Sub Error";
+constexpr ErrorNumber errors[] = {ErrorNumber::DiskFull,      ErrorNumber::PermissionDenied,
+                                  ErrorNumber::PathNotFound,  ErrorNumber::PathFileAccessError,
+                                  ErrorNumber::DeviceIoError, ErrorNumber::FileNotFound};
+
+class FaultTest : public testing_support::WholeProgram {
+  protected:
+    void SetUp() override {
+        WholeProgram::SetUp();
+        shipped = files;
+    }
+
+    // A fresh machine, the program started and the user at the point of doing it.
+    void Prepare(const Operation& operation) {
+        Restart();
+        files = shipped;
+        files.PutFolder(testing_support::applicationFolder + "\\Notes");
+        SetNow(2004, 5, 14, 9, 0, 0);
+        answer = BoxResult::Yes;
+        PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"0\",0,\"yes\"\r\n", "old");
+        PutNote("Other", "#2004-05-14#,#12:00:00#,3,12,\"0\",0,\"yes\"\r\n", "other");
+        StartAgain();
+        operation.prepare();
+    }
+
+    void StartAgain() {
+        stage->improvise.box = [this](const BoxRequest& box) {
+            return box.options.buttons == BoxButtons::YesNo ? answer : BoxResult::Ok;
+        };
+        StartQuietly();
+    }
+
+    frmNote& TypeInto(const std::string& title, const std::string& text) {
+        frmNote& note = Editor(title);
+        if (note.windowState() == WindowState::Minimized) {
+            user->Restore(note);
+        }
+        user->Type(note.txtNote, text);
+        return note;
+    }
+
+    void TypeAndWait() {
+        TypeInto("Dentist", "brand new");
+        Advance(2000);
+    }
+
+    frmDisplayNote& ShowDisplay() {
+        user->Restore(Editor("Dentist"));
+        user->CloseBox(Editor("Dentist"));
+        PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n", "old");
+        Start([] { StandardCode::LoadNotesArray(); });
+        Advance(12'000);
+        auto* display = FindWindow<frmDisplayNote>("Dentist");
+        EXPECT_NE(display, nullptr);
+        return *display;
+    }
+
+    frmSpecialAlarms& ChangeSpecialAlarms(bool withFile) {
+        if (withFile) {
+            std::array<SpecialAlarmsFile::Row, SpecialAlarmsFile::rowCount> rows;
+            for (auto& row : rows) {
+                row = {"Monday", DateTime::FromTime(9, 0, 0), "old", 0};
+            }
+            files.PutFile(SpecialAlarmsFile::Path(), SpecialAlarmsFile::Encode(rows));
+        }
+        auto& window = Default<frmSpecialAlarms>();
+        Start([&window] { window.Show(); });
+        user->Type(window.txtMessage[2], "new");
+        return window;
+    }
+
+    std::vector<Operation> Operations() {
+        const auto dentist = [this]() -> frmNote& { return Editor("Dentist"); };
+        return {
+            {"save by the toolbar", [this] { TypeAndWait(); },
+             [=, this] { user->Click(dentist().tlbMain, "Save"); }, "brand new"},
+            {"save as the window closes", [this] { TypeAndWait(); },
+             [=, this] { user->CloseBox(dentist()); }, "brand new"},
+            {"save after the question",
+             [this] {
+                 TypeAndWait();
+                 StandardCode::Shared().ControlPanelMode = true;
+             },
+             [=, this] { user->CloseBox(dentist()); }, "brand new"},
+            {"drop after the question",
+             [this] {
+                 TypeInto("Dentist", "longer than the old");
+                 Advance(2000);
+                 StandardCode::Shared().ControlPanelMode = true;
+                 answer = BoxResult::No;
+             },
+             [=, this] { user->CloseBox(dentist()); }, "", false, false},
+            {"first save of a new note",
+             [this] {
+                 files.Remove(NoteFile("Dentist"));
+                 TypeAndWait();
+             },
+             [=, this] { user->Click(dentist().tlbMain, "Save"); }, "brand new"},
+            {"save of what no code page holds",
+             [this] {
+                 TypeInto("Dentist", "\xE2\x98\x83 \xE6\x97\xA5");
+                 Advance(2000);
+             },
+             [=, this] { user->Click(dentist().tlbMain, "Save"); }, "\xE2\x98\x83 \xE6\x97\xA5"},
+            {"recovery copy", [this] { TypeInto("Dentist", "brand new"); },
+             [this] { Advance(2000); }, "", false, false},
+            {"second recovery copy",
+             [this] {
+                 TypeAndWait();
+                 TypeInto("Dentist", "newer");
+             },
+             [this] { Advance(2000); }, "", false, false},
+            {"erase by the toolbar", [this] { TypeAndWait(); },
+             [=, this] { user->Click(dentist().tlbMain, "Erase"); }, "", true, false},
+            {"erase by the menu", [this] { TypeAndWait(); },
+             [=, this] { user->Choose(dentist().mnuKillNote); }, "brand new", true},
+            {"erase in the control panel",
+             [this] {
+                 user->Restore(Editor("Dentist"));
+                 user->CloseBox(Editor("Dentist"));
+                 user->Tray(514);
+                 user->Click(Main().cmdViewNotes);
+                 user->Select(Default<frmViewNotes>().lvwNotes, 0);
+             },
+             [this] { user->Click(Default<frmViewNotes>().cmdRemove); }, "", true, false},
+            {"rewrite after the alarm",
+             [this] {
+                 ShowDisplay();
+                 answer = BoxResult::No;
+             },
+             [this] { user->CloseBox(*FindWindow<frmDisplayNote>("Dentist")); }},
+            {"rewrite of a changed text",
+             [this] {
+                 user->Type(ShowDisplay().lblNoteText, "changed");
+                 answer = BoxResult::No;
+             },
+             [this] { user->CloseBox(*FindWindow<frmDisplayNote>("Dentist")); }},
+            {"erase after the alarm", [this] { ShowDisplay(); },
+             [this] { user->CloseBox(*FindWindow<frmDisplayNote>("Dentist")); }, "", true},
+            {"special alarms, first save", [this] { ChangeSpecialAlarms(false); },
+             [this] { user->Click(Default<frmSpecialAlarms>().cmdSave); }, "", false, false},
+            {"special alarms, save", [this] { ChangeSpecialAlarms(true); },
+             [this] { user->Click(Default<frmSpecialAlarms>().cmdSave); }, "", false, false},
+            {"exit with two unsaved notes",
+             [this] {
+                 TypeInto("Other", "other new");
+                 TypeAndWait();
+                 user->Tray(514);
+             },
+             [this] { user->Click(Main().cmdExit); }, "brand new"},
+            {"end of the session",
+             [this] {
+                 TypeInto("Other", "other new");
+                 TypeAndWait();
+             },
+             [] { gestures::EndSession(); }, "brand new", false, false},
+        };
+    }
+
+    Disk WatchedFiles() const {
+        Disk disk;
+        for (const std::string& path : {testing_support::applicationFolder + "\\Notes\\Dentist.txt",
+                                        testing_support::applicationFolder + "\\Notes\\Other.txt",
+                                        SpecialAlarmsFile::Path()}) {
+            disk[path] = files.Peek(path);
+        }
+        return disk;
+    }
+
+    void Act(const Operation& operation) {
+        try {
+            operation.act();
+        } catch (const Killed&) {
+        }
+    }
+
+    // Each file is as it was before or as it is to be, and nothing in between.
+    void ExpectOldOrNew(const Operation& operation, const Disk& before, const Disk& after,
+                        Outcome& outcome) {
+        bool changed = false;
+        bool gone = false;
+        for (const auto& [path, bytes] : WatchedFiles()) {
+            const bool mayBeGone = operation.erases && path == NoteFile("Dentist");
+            EXPECT_TRUE(bytes == before.at(path) || bytes == after.at(path) ||
+                        (mayBeGone && !bytes))
+                << path << ": " << bytes.value_or("(none)");
+            gone = gone || (before.at(path) && !bytes);
+            changed = changed || bytes != before.at(path);
+        }
+        ++(gone ? outcome.erased : changed ? outcome.renewed : outcome.old);
+    }
+
+    void ExpectNoLeftovers() {
+        for (const char* folder : {"\\Notes", "\\SpecialAlarms"}) {
+            for (const std::string& name :
+                 files.Names(testing_support::applicationFolder + folder)) {
+                EXPECT_FALSE(name.ends_with(".tmp")) << name;
+            }
+        }
+    }
+
+    // How the operation goes when nothing is in its way.
+    std::pair<Disk, Disk> Undisturbed(const Operation& operation, Outcome& outcome) {
+        Prepare(operation);
+        const Disk before = WatchedFiles();
+        files.ClearFaults();
+        operation.act();
+        outcome.steps = files.Steps();
+        return {before, WatchedFiles()};
+    }
+
+    void KillAtEachStep(const Operation& operation, Outcome& outcome) {
+        const auto [before, after] = Undisturbed(operation, outcome);
+        for (int step = 1; step <= outcome.steps; ++step) {
+            for (const auto moment : {MemoryFiles::Moment::Before, MemoryFiles::Moment::Middle,
+                                      MemoryFiles::Moment::After}) {
+                SCOPED_TRACE(std::string(operation.name) + ", killed at step " +
+                             std::to_string(step) + " moment " +
+                             std::to_string(static_cast<int>(moment)));
+                Prepare(operation);
+                files.KillAt(step, moment);
+                Act(operation);
+                Restart();
+                ++outcome.cases;
+                ExpectOldOrNew(operation, before, after, outcome);
+                StartAgain();
+                ExpectNoLeftovers();
+                if (!operation.typed.empty()) {
+                    EXPECT_EQ(Editor("Dentist").txtNote.text(), operation.typed);
+                }
+            }
+        }
+    }
+
+    void FailAtEachStep(const Operation& operation, Outcome& outcome) {
+        const auto [before, after] = Undisturbed(operation, outcome);
+        for (int step = 1; step <= outcome.steps; ++step) {
+            for (const ErrorNumber error : errors) {
+                SCOPED_TRACE(std::string(operation.name) + ", step " + std::to_string(step) +
+                             " fails with " + DescriptionOf(error));
+                Prepare(operation);
+                const std::size_t boxesBefore = stage->Boxes().size();
+                files.FailAt(step, error);
+                Act(operation);
+                ++outcome.cases;
+                ExpectOldOrNew(operation, before, after, outcome);
+                if (WatchedFiles() != after && operation.reports) {
+                    ExpectReport(boxesBefore, error);
+                }
+                files.ClearFaults();
+                ExpectTextIsKept(operation);
+            }
+        }
+    }
+
+    void ExpectReport(std::size_t boxesBefore, ErrorNumber error) {
+        const std::string text =
+            std::to_string(static_cast<int>(error)) + " - " + DescriptionOf(error);
+        bool reported = false;
+        for (std::size_t i = boxesBefore; i < stage->Boxes().size(); ++i) {
+            const BoxRequest& box = stage->Boxes()[i];
+            reported = reported || (box.caption == saveErrors && box.text == text);
+        }
+        EXPECT_TRUE(reported) << "no report \"" << text << '"';
+    }
+
+    // In the window, and the next save works; or the program has ended, and it comes back.
+    void ExpectTextIsKept(const Operation& operation) {
+        if (operation.typed.empty()) {
+            return;
+        }
+        if (runtime->HasEnded()) {
+            Restart();
+            StartAgain();
+        }
+        auto* note = FindWindow<frmNote>("Dentist");
+        if (note == nullptr) {
+            StandardCode::NoteRecord saved;
+            NoteFile::Decode(files.Peek(NoteFile("Dentist")).value_or(""), saved);
+            EXPECT_EQ(saved.Text, operation.typed);
+            return;
+        }
+        EXPECT_EQ(note->txtNote.text(), operation.typed);
+        if (note->windowState() == WindowState::Minimized) {
+            user->Restore(*note);
+        }
+        user->Click(note->tlbMain, "Save");
+        StandardCode::NoteRecord saved;
+        NoteFile::Decode(files.Peek(NoteFile("Dentist")).value_or(""), saved);
+        EXPECT_EQ(saved.Text, operation.typed);
+    }
+
+    template <class Try>
+    void ForEachOperation(Try attempt) {
+        std::printf("%-32s %6s %6s %6s %6s %7s\n", "operation", "steps", "cases", "old", "new",
+                    "erased");
+        int total = 0;
+        for (const Operation& operation : Operations()) {
+            Outcome outcome;
+            attempt(operation, outcome);
+            std::printf("%-32s %6d %6d %6d %6d %7d\n", operation.name, outcome.steps, outcome.cases,
+                        outcome.old, outcome.renewed, outcome.erased);
+            total += outcome.cases;
+        }
+        std::printf("%d cases\n", total);
+    }
+
+    MemoryFiles shipped;
+    BoxResult answer = BoxResult::Yes;
+};
+
+}  // namespace
+
+TEST_F(FaultTest, AKillAtAnyStepLeavesTheOldOrTheNew) {
+    ForEachOperation([this](const Operation& operation, Outcome& outcome) {
+        KillAtEachStep(operation, outcome);
+    });
+}
+
+TEST_F(FaultTest, AnErrorAtAnyStepIsReportedAndCostsNothing) {
+    ForEachOperation([this](const Operation& operation, Outcome& outcome) {
+        FailAtEachStep(operation, outcome);
+    });
+}

@@ -1,0 +1,432 @@
+#include "tests/long/Monkey.h"
+
+#include <algorithm>
+
+#include "forms/Gestures.h"
+#include "forms/Text.h"
+#include "notes/NoteFile.h"
+#include "notes/NotesArray.h"
+
+using namespace forms;
+using StandardCode::Shared;
+
+namespace long_tests {
+
+namespace {
+
+constexpr std::size_t keptStory = 60;
+constexpr std::int64_t promised = 2100;  // after which what was typed outlives a kill
+constexpr int crowded = 40;
+const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
+
+std::string NameOf(const Control& control) {
+    return std::string(control.form.name) + '.' + control.name;
+}
+
+}  // namespace
+
+void Monkey::SetUp() {
+    WholeProgram::SetUp();
+    sound.defaultLength = 300;
+}
+
+void Monkey::Begin(std::uint32_t seed) {
+    random.seed(seed);
+    SetNow(2031, 6, 2, 9, 0, 0);
+    StartProgram();
+}
+
+std::string Monkey::Story() const {
+    std::string text;
+    for (const std::string& line : story) {
+        text += "\n  " + line;
+    }
+    return text;
+}
+
+void Monkey::Note(const std::string& what) {
+    const DateTime now = clock.Now();
+    story.push_back(FormatIsoDate(now) + ' ' + FormatTime24(now) +
+                    std::string(1U + static_cast<std::size_t>(depth) * 2U, ' ') + what);
+    if (story.size() > keptStory) {
+        story.pop_front();
+    }
+}
+
+void Monkey::Listen() {
+    StandardCode::Events().NotesArrayLoaded.Subscribe([this] { behindItsBack = false; });
+}
+
+void Monkey::StartProgram() {
+    ++starts;
+    Note("start");
+    EndTrouble();
+    RemoveDamaged();
+    everTrouble = false;
+    depth = 0;
+    erased.clear();
+    Improvise();
+    settings.values[{"Startup", "View Tips"}] = OneIn(4) ? "0" : "1";
+    Start(StandardCode::Main);
+    Listen();
+    Advance(1100);
+    calmSince = clock.MonotonicMilliseconds();
+}
+
+// One of them keeps the program from reading the others, and says so at every turn.
+void Monkey::RemoveDamaged() {
+    for (const std::string& name : files.Names(notesFolder)) {
+        const std::string path = notesFolder + '\\' + name;
+        StandardCode::NoteRecord record;
+        try {
+            if (name.ends_with(".txt")) {
+                ::NoteFile::Decode(files.Peek(path).value_or(""), record);
+            }
+        } catch (const RuntimeError&) {
+            files.Remove(path);
+        }
+    }
+}
+
+void Monkey::EndTrouble() {
+    trouble = false;
+    files.ClearFaults();
+    files.SetFreeSpace(std::nullopt);
+    if (files.FolderExists(notesFolder)) {
+        files.SetReadOnly(notesFolder, false);
+        for (const std::string& name : files.Names(notesFolder)) {
+            files.SetDenied(notesFolder + '\\' + name, false);
+            files.SetReadOnly(notesFolder + '\\' + name, false);
+        }
+    }
+    printer.Repair();
+    shell.error.reset();
+    shell.result = 33;
+    calmSince = clock.MonotonicMilliseconds();
+}
+
+void Monkey::Act() {
+    ++gestures;
+    if (runtime->HasEnded() || runtime->LoadedForms().empty()) {
+        Restart();
+        StartProgram();
+        return;
+    }
+    before = OpenTexts();
+    userDropped = Shared().ControlPanelMode || trouble;
+    Choices choices;
+    std::vector<Form*> usable = UsableForms();
+    if (!usable.empty() && !OneIn(4)) {
+        AddForm(*usable[static_cast<std::size_t>(Below(static_cast<int>(usable.size())))], choices);
+    } else if (OneIn(60)) {
+        AddTrouble(choices);
+    } else {
+        AddWorld(choices);
+    }
+    Do(choices);
+    Check();
+}
+
+void Monkey::Sleep() {
+    const DateTime now = clock.Now();
+    const DateTime morning =
+        Combine(DateTime{now.DateOnly().seconds + secondsPerDay}, DateTime::FromTime(7, 0, 0));
+    Note("sleep");
+    if (!runtime->HasEnded()) {
+        stage->Suspend(morning.seconds - now.seconds + Below(600));
+    }
+}
+
+void Monkey::Do(const Choices& choices) {
+    int total = 0;
+    for (const Choice& choice : choices) {
+        total += choice.weight;
+    }
+    if (total == 0) {
+        return;
+    }
+    int place = Below(total);
+    for (const Choice& choice : choices) {
+        place -= choice.weight;
+        if (place < 0) {
+            Note(choice.what);
+            const auto act = choice.act;
+            act();
+            return;
+        }
+    }
+}
+
+std::vector<Form*> Monkey::UsableForms() {
+    std::vector<Form*> usable;
+    for (const auto& form : runtime->LoadedForms()) {
+        if (form->IsVisible() && form->IsUsable() && form->IsShownOnStage()) {
+            usable.push_back(form.get());
+        }
+    }
+    return usable;
+}
+
+void Monkey::AddForm(Form& form, Choices& choices) {
+    const std::string name = std::string(form.name) + " \"" + form.caption() + '"';
+    const bool isMinimized = form.windowState() == WindowState::Minimized;
+    const bool hasTitleBar = form.borderStyle != BorderStyle::None;
+    if (hasTitleBar) {
+        choices.push_back({2, "close " + name, [this, &form] { user->CloseBox(form); }});
+    }
+    if (form.windowState() != WindowState::Normal) {
+        choices.push_back(
+            {isMinimized ? 20 : 2, "restore " + name, [this, &form] { user->Restore(form); }});
+    }
+    if (isMinimized) {
+        return;
+    }
+    if (form.borderStyle == BorderStyle::Fixed || form.borderStyle == BorderStyle::Sizable) {
+        choices.push_back({1, "minimise " + name, [this, &form] { user->Minimize(form); }});
+    }
+    if (form.borderStyle == BorderStyle::Sizable) {
+        choices.push_back({1, "maximise " + name, [this, &form] { user->Maximize(form); }});
+        if (form.windowState() == WindowState::Normal) {
+            choices.push_back({1, "size " + name,
+                               [this, &form] { user->Size(form, Below(20'000), Below(12'000)); }});
+        }
+    }
+    if (hasTitleBar && form.windowState() == WindowState::Normal) {
+        choices.push_back({1, "drag " + name, [this, &form] {
+                               user->Drag(form, Below(9000), Below(9000), [this] { Meanwhile(); });
+                           }});
+    }
+    choices.push_back({1, "right-click " + name, [this, &form] { user->RightClick(form); }});
+    choices.push_back({1, "move over " + name, [this, &form] {
+                           const int special[] = {514, 515, 517, Below(800)};
+                           user->MouseMove(form, special[Below(4)] * 15);
+                       }});
+    std::vector<Menu*> entries;
+    AddMenus(form.Menus(), nullptr, entries);
+    for (Menu* entry : entries) {
+        choices.push_back({1, std::string("choose ") + form.name + '.' + entry->name,
+                           [this, entry] { user->Choose(*entry); }});
+    }
+    for (Control* control : form.Controls()) {
+        if (control->IsEffectivelyVisible() && control->IsEffectivelyEnabled()) {
+            AddControl(*control, choices);
+        }
+    }
+}
+
+void Monkey::AddMenus(const std::vector<Menu*>& menus, const Menu* top, std::vector<Menu*>& found) {
+    for (Menu* menu : menus) {
+        if (!menu->entries.empty()) {
+            AddMenus(menu->entries, top, found);
+        } else if (headless::WhyNotChoosable(*menu, top).empty()) {
+            found.push_back(menu);
+        }
+    }
+}
+
+void Monkey::AddControl(Control& control, Choices& choices) {
+    const std::string name = NameOf(control);
+    const auto click = [this, &control] { user->Click(control); };
+    switch (control.kind) {
+        case ControlKind::TextBox: {
+            auto& textBox = static_cast<TextBox&>(control);
+            if (!textBox.readOnly) {
+                choices.push_back({6, "type into " + name, [this, &textBox] { Type(textBox); }});
+            }
+            choices.push_back(
+                {1, "double-click " + name, [this, &textBox] { user->DoubleClick(textBox); }});
+            break;
+        }
+        case ControlKind::ComboBox: {
+            auto& combo = static_cast<ComboBox&>(control);
+            choices.push_back({1, "select in " + name, [this, &combo] {
+                                   user->Select(combo, Below(static_cast<int>(combo.items.size())));
+                               }});
+            break;
+        }
+        case ControlKind::ListView: {
+            auto& list = static_cast<ListView&>(control);
+            if (!list.Rows().empty()) {
+                choices.push_back({6, "select in " + name, [this, &list] {
+                                       user->Select(list,
+                                                    Below(static_cast<int>(list.Rows().size())));
+                                   }});
+                choices.push_back(
+                    {2, "double-click " + name, [this, &list] { user->DoubleClick(list); }});
+            }
+            break;
+        }
+        case ControlKind::DateTimePicker: {
+            auto& picker = static_cast<DateTimePicker&>(control);
+            choices.push_back({3, "pick in " + name, [this, &picker] {
+                                   user->Pick(picker, picker.customFormat().empty() ? NearDate()
+                                                                                    : NearTime());
+                               }});
+            break;
+        }
+        case ControlKind::Toolbar: {
+            auto& toolbar = static_cast<Toolbar&>(control);
+            for (const auto& button : toolbar.buttons()) {
+                if (button.enabled) {
+                    choices.push_back({1, "button " + button.key + " of " + name,
+                                       [this, &toolbar, key = button.key] {
+                                           if (key == "Erase") {
+                                               erased.insert(toolbar.form.caption());
+                                           }
+                                           user->Click(toolbar, key);
+                                       }});
+                }
+            }
+            break;
+        }
+        case ControlKind::Shape:
+        case ControlKind::Line:
+        case ControlKind::Frame:
+        case ControlKind::ListBox:
+            break;
+        default:
+            // The way out would be taken all the time.
+            choices.push_back({name == "frmMain.cmdExit" ? 1 : 3, "click " + name, click});
+            break;
+    }
+    choices.push_back({1, "right-click " + name, [this, &control] { user->RightClick(control); }});
+}
+
+void Monkey::AddWorld(Choices& choices) {
+    const auto pass = [this](int limit) { return [this, limit] { PassTime(1 + Below(limit)); }; };
+    choices.push_back({30, "moments pass", pass(1500)});
+    choices.push_back({20, "seconds pass", pass(10'000)});
+    choices.push_back({4, "minutes pass", pass(300'000)});
+    if (tray.icon) {
+        choices.push_back({20, "tray click", [this] { user->Tray(514); }});
+        choices.push_back({3, "tray double click", [this] { user->Tray(515); }});
+        choices.push_back({10, "tray right click", [this] { user->Tray(517); }});
+    }
+    choices.push_back(
+        {1, "the clock is set", [this] { stage->Jump(Below(7200) - 3600, Below(2000) - 1000); }});
+    choices.push_back({1, "the machine sleeps", [this] { stage->Suspend(Below(3600)); }});
+    choices.push_back({1, "kill", [this] { Kill(); }});
+    if (OneIn(40)) {
+        choices.push_back({2, "the session ends", [] { gestures::EndSession(); }});
+    }
+    if (files.Names(notesFolder).size() > crowded) {
+        choices.push_back({4, "thin out", [this] { ThinOut(); }});
+    } else if (OneIn(30)) {
+        choices.push_back({1, "fill up", [this] { FillUp(); }});
+    }
+}
+
+void Monkey::AddTrouble(Choices& choices) {
+    const auto begin = [this] {
+        trouble = everTrouble = true;
+        userDropped = true;
+    };
+    const auto note = [this]() -> std::string {
+        const auto names = files.Names(notesFolder);
+        return names.empty()
+                   ? std::string()
+                   : notesFolder + '\\' +
+                         names[static_cast<std::size_t>(Below(static_cast<int>(names.size())))];
+    };
+    choices.push_back({1, "the disk is full", [=, this] {
+                           begin();
+                           files.SetFreeSpace(static_cast<std::uint64_t>(Below(300)));
+                       }});
+    choices.push_back({1, "the folder is read-only", [=, this] {
+                           begin();
+                           files.SetReadOnly(notesFolder, true);
+                       }});
+    choices.push_back({1, "a file is held", [=, this] {
+                           begin();
+                           if (const std::string path = note(); !path.empty()) {
+                               files.SetDenied(path, true);
+                           }
+                       }});
+    choices.push_back({1, "a step will fail", [=, this] {
+                           begin();
+                           const ErrorNumber errors[] = {
+                               ErrorNumber::DiskFull, ErrorNumber::PermissionDenied,
+                               ErrorNumber::DeviceIoError, ErrorNumber::PathNotFound};
+                           files.FailAt(1 + Below(12), errors[Below(4)]);
+                       }});
+    choices.push_back({1, "the printer and the shell fail", [=, this] {
+                           begin();
+                           printer.FailAt(1 + Below(5));
+                           shell.result = 2;
+                       }});
+    choices.push_back({1, "somebody removes a note", [=, this] {
+                           begin();
+                           behindItsBack = true;
+                           if (const std::string path = note(); !path.empty()) {
+                               files.Remove(path);
+                           }
+                       }});
+    choices.push_back({1, "somebody puts a note there", [=, this] {
+                           begin();
+                           behindItsBack = true;
+                           PutNote("Put " + std::to_string(Below(20)));
+                       }});
+    choices.push_back({1, "somebody damages a note", [=, this] {
+                           begin();
+                           behindItsBack = true;
+                           if (const std::string path = note(); path.ends_with(".txt")) {
+                               const std::string bytes = files.Peek(path).value_or("");
+                               files.PutFile(path, bytes.substr(0, bytes.size() / 2));
+                           }
+                       }});
+    choices.push_back({trouble ? 30 : 0, "the trouble is over", [this] { EndTrouble(); }});
+}
+
+void Monkey::PassTime(std::int64_t milliseconds) { Advance(milliseconds); }
+
+void Monkey::ThinOut() {
+    Kill();
+    Restart();
+    for (const std::string& name : files.Names(notesFolder)) {
+        if (!OneIn(4)) {
+            files.Remove(notesFolder + '\\' + name);
+        }
+    }
+    StartProgram();
+}
+
+void Monkey::FillUp() {
+    Kill();
+    Restart();
+    const std::size_t wanted = StandardCode::maximumNotes - static_cast<std::size_t>(Below(3));
+    for (int number = 1; files.Names(notesFolder).size() < wanted; ++number) {
+        PutNote("Filler " + std::to_string(number));
+    }
+    StartProgram();
+}
+
+// As from outside: no handler, no event. What was typed two seconds ago is there afterwards.
+void Monkey::Kill() {
+    ++kills;
+    if (trouble || OneIn(2)) {
+        EndTrouble();
+        Advance(promised);
+    }
+    const bool isCalm = clock.MonotonicMilliseconds() - calmSince >= promised && !everTrouble;
+    const auto texts = runtime->HasEnded() ? std::map<std::string, std::string>() : OpenTexts();
+    Restart();
+    StartProgram();
+    userDropped = true;
+    if (!isCalm || runtime->HasEnded()) {
+        return;
+    }
+    for (const auto& [title, text] : texts) {
+        const auto* editor = FindWindow<frmNote>(title);
+        StandardCode::NoteRecord record;
+        try {
+            ::NoteFile::Decode(files.Peek(NoteFile(title)).value_or(""), record);
+        } catch (const RuntimeError&) {
+            record.Text.clear();
+        }
+        const bool isThere = editor != nullptr && editor->txtNote.text() == text;
+        EXPECT_TRUE(isThere || record.Text == text || text.empty())
+            << title << " has lost: " << text;
+    }
+}
+
+}  // namespace long_tests

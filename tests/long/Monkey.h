@@ -1,0 +1,108 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <random>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/support/WholeProgram.h"
+
+namespace long_tests {
+
+// Somebody who does anything that can be done, in any order: clicks, types, picks, chooses, closes,
+// answers, lets time pass, sets the clock, lets the machine sleep, fills the disk, kills the
+// program. After each gesture everything that must always be true is looked at.
+class Monkey : public testing_support::WholeProgram {
+  protected:
+    void SetUp() override;
+
+    void Begin(std::uint32_t seed);
+    // One gesture, and the check of what must hold after it.
+    void Act();
+    // The machine sleeps until about seven in the morning of the next day.
+    void Sleep();
+    std::int64_t Gestures() const { return gestures; }
+    std::int64_t Kills() const { return kills; }
+    std::int64_t Starts() const { return starts; }
+    std::size_t MostForms() const { return mostForms; }
+    std::size_t MostNotes() const { return mostNotes; }
+    // The last gestures, oldest first.
+    std::string Story() const;
+
+  private:
+    struct Choice {
+        int weight;
+        std::string what;
+        std::function<void()> act;
+    };
+    using Choices = std::vector<Choice>;
+
+    int Below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random); }
+    bool OneIn(int number) { return Below(number) == 0; }
+    std::string Characters(int count);
+    std::string NoteText();
+    std::string Title();
+    forms::DateTime NearDate();
+    forms::DateTime NearTime();
+
+    void Listen();
+    void Improvise();
+    forms::BoxResult AnswerBox(const forms::BoxRequest& box);
+    void WorkModal(forms::Form& form);
+    forms::Menu* ChooseFrom(forms::Menu& menu);
+    // Time passes, the tray is used, while something is open.
+    void Meanwhile();
+
+    std::vector<forms::Form*> UsableForms();
+    void AddControl(forms::Control& control, Choices& choices);
+    void AddForm(forms::Form& form, Choices& choices);
+    void AddMenus(const std::vector<forms::Menu*>& menus, const forms::Menu* top,
+                  std::vector<forms::Menu*>& found);
+    void AddWorld(Choices& choices);
+    void AddTrouble(Choices& choices);
+    void Do(const Choices& choices);
+    void Note(const std::string& what);
+
+    void Type(forms::TextBox& textBox);
+    void StartProgram();
+    void RemoveDamaged();
+    void EndTrouble();
+    void Kill();
+    void ThinOut();
+    // As many notes as there may be, or nearly.
+    void FillUp();
+    void PassTime(std::int64_t milliseconds);
+
+    // What must always be true; see docs/reliability.md.
+    void Check();
+    void CheckWindows();
+    void CheckNotes();
+    void CheckSounds();
+    void CheckFiles();
+    void CheckVanished();
+    // Texts of the open editors by title; titles that stand for one file are left out.
+    std::map<std::string, std::string> OpenTexts();
+
+    std::mt19937 random;
+    std::deque<std::string> story;
+    std::int64_t gestures = 0;
+    std::int64_t kills = 0;
+    std::int64_t starts = 0;
+    std::size_t mostForms = 0;
+    std::size_t mostNotes = 0;
+    int depth = 0;
+    bool trouble = false;        // a device fails now
+    bool everTrouble = false;    // since the program's start
+    bool behindItsBack = false;  // files changed that the program has not read since
+    bool userDropped = false;    // this gesture answered that something be erased or not saved
+    std::int64_t calmSince = 0;  // monotonic: no trouble and nothing typed since then
+    std::map<std::string, std::string> before;  // OpenTexts before the gesture
+    std::set<std::string> erased;               // titles of editors whose Erase button was pressed
+};
+
+}  // namespace long_tests

@@ -1,0 +1,180 @@
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+#include <random>
+
+#include "tests/windows/DriverTest.h"
+#include "tests/windows/long/Load.h"
+
+// The program is killed while somebody types and saves and both processors are busy, again and
+// again. JOTWRIGHT_KILLS says how often, JOTWRIGHT_SEED where chance begins.
+
+namespace driver {
+
+namespace {
+
+constexpr const char* fields = ",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
+constexpr std::uint64_t promised = 2000;  // milliseconds of typing that may be lost
+constexpr const char* recoveryExtension = ".recovery";
+
+struct Typed {
+    std::uint64_t at;  // milliseconds
+    std::string text;
+};
+
+std::uint64_t Milliseconds() { return ::GetTickCount64(); }
+
+// The text of a note's file; nothing where that is no whole note.
+std::optional<std::string> TextOf(const std::string& title, const std::string& bytes) {
+    const std::string start = '"' + title + "\",\"";
+    const std::string end = '"' + std::string(fields);
+    if (!bytes.starts_with(start) || !bytes.ends_with(end) ||
+        bytes.size() < start.size() + end.size()) {
+        return std::nullopt;
+    }
+    return bytes.substr(start.size(), bytes.size() - start.size() - end.size());
+}
+
+}  // namespace
+
+class KillRun : public DriverTest {
+  protected:
+    // How long somebody types: seldom so long that a whole recovery copy is written meanwhile.
+    unsigned Delay() {
+        return 50 + static_cast<unsigned>(random() % (random() % 4 == 0 ? 3500 : 700));
+    }
+    // Of the note's editor once it shows what a restart makes of it.
+    Window TextBoxOf(const std::string& title);
+    // Types and saves until the moment of the kill. The moments are those before which the text
+    // was typed.
+    void TypeUntil(std::uint64_t end, const Window& editor);
+    void CloseTheBox(std::uint64_t end);
+    void CheckTheFile();
+    void CheckTheEditor();
+
+    std::mt19937 random;
+    std::uint64_t killedAt = 0;
+    std::vector<Typed> typed;        // since the last kill, the text before it first
+    std::vector<std::string> saved;  // what the file may hold
+    int words = 0;
+    int oldFiles = 0;
+    int newFiles = 0;
+    std::uint64_t worstLoss = 0;
+    int lostSome = 0;
+    int duringSave = 0;
+};
+
+Window KillRun::TextBoxOf(const std::string& title) {
+    const Window editor = program.WaitFor(title, "FormWindow");
+    if (editor.IsMinimized()) {
+        editor.Post(WM_SYSCOMMAND, SC_RESTORE);
+    }
+    WaitUntilFilled(editor, "Edit");
+    return editor.Only("Edit");
+}
+
+void KillRun::TypeUntil(std::uint64_t end, const Window& editor) {
+    const Window text = editor.Only("Edit");
+    const Window toolbar = editor.Only("ToolbarWindow32");
+    std::string content = typed.back().text;
+    while (Milliseconds() < end) {
+        content += " w" + std::to_string(++words);
+        if (content.size() > 400) {
+            content.erase(0, content.find(' ', 200));
+        }
+        text.Type(content);
+        typed.push_back({Milliseconds(), content});
+        if (random() % 20 == 0 && Milliseconds() + 500 < end) {
+            saved.push_back(content);
+            PressToolbar(toolbar, toolbarSave);
+            CloseTheBox(end);
+        }
+        ::Sleep(30);
+    }
+    if (random() % 2 == 0) {
+        saved.push_back(content);
+        PressToolbar(toolbar, toolbarSave);
+        ::Sleep(static_cast<DWORD>(random() % 40));
+        ++duringSave;
+    }
+}
+
+// "... has been saved."
+void KillRun::CloseTheBox(std::uint64_t end) {
+    while (Milliseconds() < end) {
+        const auto boxes = program.Visible("", "#32770");
+        if (!boxes.empty()) {
+            boxes.front().Button("OK").Click();
+            while (boxes.front().Exists() && Milliseconds() < end) {
+                ::Sleep(5);
+            }
+            return;
+        }
+        ::Sleep(5);
+    }
+}
+
+void KillRun::CheckTheFile() {
+    const auto bytes = WholeFile(NotePath("Typed"));
+    const auto text = bytes ? TextOf("Typed", *bytes) : std::nullopt;
+    ASSERT_TRUE(text) << "neither old nor new: " << bytes.value_or("(no file)");
+    ASSERT_NE(std::find(saved.begin(), saved.end(), *text), saved.end())
+        << "never saved: " << *text;
+    ++(*text == saved.back() ? newFiles : oldFiles);
+}
+
+void KillRun::CheckTheEditor() {
+    const std::string shown = TextBoxOf("Typed").Text();
+    const auto last = std::find_if(typed.rbegin(), typed.rend(),
+                                   [&](const Typed& entry) { return entry.text == shown; });
+    ASSERT_NE(last, typed.rend()) << "never typed: " << shown;
+    if (last == typed.rbegin()) {
+        return;
+    }
+    ++lostSome;
+    // What was typed right after the text that came back is the oldest of what is gone.
+    const std::uint64_t loss = killedAt - (last - 1)->at;
+    worstLoss = std::max(worstLoss, loss);
+}
+
+TEST_F(KillRun, TheNoteIsOldOrNewAndAtMostTwoSecondsOfTypingAreGone) {
+    const int kills = Number("JOTWRIGHT_KILLS", 6);
+    const auto seed = static_cast<unsigned>(Number("JOTWRIGHT_SEED", 1));
+    std::printf("JOTWRIGHT_SEED=%u, %d kills\n", seed, kills);
+    random.seed(seed);
+    WriteNote("Typed", "\"Typed\",\"begin\"" + std::string(fields));
+    saved = {"begin"};
+    typed = {{Milliseconds(), "begin"}};
+    const Load load;
+    for (int kill = 1; kill <= kills && !HasFailure(); ++kill) {
+        program.Start(executable);
+        if (kill > 1) {
+            CheckTheEditor();
+        }
+        const Window text = TextBoxOf("Typed");
+        typed = {{Milliseconds(), text.Text()}};
+        // What is in the file now is what any later save replaces.
+        saved = {TextOf("Typed", WholeFile(NotePath("Typed")).value_or("")).value_or("")};
+        try {
+            TypeUntil(Milliseconds() + Delay(), text.Parent());
+        } catch (const Failure& failure) {
+            ADD_FAILURE() << failure.what() << program.Description();
+        }
+        killedAt = Milliseconds();
+        program.Kill();
+        CheckTheFile();
+        if (kill % 50 == 0 || kill == kills) {
+            std::printf(
+                "%d kills (%d in the middle of a save): file as last saved %d, as before "
+                "that %d; typing lost %d times, at most %llu ms\n",
+                kill, duringSave, newFiles, oldFiles, lostSome,
+                static_cast<unsigned long long>(worstLoss));
+            std::fflush(stdout);
+        }
+    }
+    EXPECT_LE(worstLoss, promised);
+}
+
+}  // namespace driver

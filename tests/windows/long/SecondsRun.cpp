@@ -1,0 +1,148 @@
+#include <windows.h>
+
+#include <cstdio>
+#include <map>
+
+#include "tests/windows/DriverTest.h"
+#include "tests/windows/long/Load.h"
+
+// The real program sees every second of the clock: its editor shows what its timer of a second saw
+// last. JOTWRIGHT_SECONDS says how long it is watched.
+
+namespace driver {
+
+namespace {
+
+constexpr int notes = 100;
+constexpr int look = 20;  // milliseconds between two looks
+
+std::uint64_t Milliseconds() { return ::GetTickCount64(); }
+
+// Seconds of the day in "System Date and Time is \r\n6/2/2031 9:00:01 AM."; -1 for anything else.
+int SecondShown(const std::string& text) {
+    int month = 0;
+    int day = 0;
+    int year = 0;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    const std::size_t line = text.find('\n');
+    if (line == std::string::npos ||
+        std::sscanf(text.c_str() + line + 1, "%d/%d/%d %d:%d:%d", &month, &day, &year, &hour,
+                    &minute, &second) != 6) {
+        return -1;
+    }
+    const bool afternoon = text.find("PM") != std::string::npos;
+    hour = hour % 12 + (afternoon ? 12 : 0);
+    return hour * 3600 + minute * 60 + second;
+}
+
+}  // namespace
+
+class SecondsRun : public DriverTest {
+  protected:
+    static Window ClockLabel(const Window& editor);
+    void Watch(const Window& label, int seconds);
+};
+
+Window SecondsRun::ClockLabel(const Window& editor) {
+    for (const Window& child : editor.ChildrenOfClass("Static")) {
+        if (SecondShown(child.Text()) >= 0) {
+            return child;
+        }
+    }
+    throw Failure("no clock in " + editor.Description());
+}
+
+// Looks for changes of the label. A second that two looks in a row did not find is missed only if
+// the looks came in time: one that came late by more than a second says nothing.
+void SecondsRun::Watch(const Window& label, int seconds) {
+    const std::uint64_t end = Milliseconds() + static_cast<std::uint64_t>(seconds) * 1000;
+    int shown = SecondShown(label.Text());
+    int seen = 0;
+    int missed = 0;
+    int doubled = 0;
+    int unknown = 0;
+    std::uint64_t lastLook = Milliseconds();
+    std::uint64_t longestLook = 0;
+    int latest = 0;  // milliseconds into the second at which it was shown, at most
+    std::map<int, int> lateness;
+    while (Milliseconds() < end) {
+        ::Sleep(look);
+        const int now = SecondShown(label.Text());
+        SYSTEMTIME wall{};
+        ::GetLocalTime(&wall);
+        const std::uint64_t moment = Milliseconds();
+        const std::uint64_t gap = moment - lastLook;
+        longestLook = std::max(longestLook, gap);
+        lastLook = moment;
+        if (now == shown) {
+            continue;
+        }
+        const int step = now - shown;
+        if (step == 1) {
+            ++seen;
+            if (now % 60 == wall.wSecond) {
+                latest = std::max<int>(latest, wall.wMilliseconds);
+                ++lateness[wall.wMilliseconds / 100];
+            } else {
+                ++lateness[10];
+            }
+        } else if (step <= 0) {
+            ++doubled;
+        } else if (gap > 900) {
+            ++seen;
+            unknown += step - 1;
+        } else {
+            ++seen;
+            missed += step - 1;
+        }
+        shown = now;
+    }
+    std::printf("seconds watched %d, seen %d, missed %d, doubled %d, not looked at in time %d\n",
+                seconds, seen, missed, doubled, unknown);
+    std::printf(
+        "longest pause between two looks %llu ms; shown at the latest %d ms into the "
+        "second\n",
+        static_cast<unsigned long long>(longestLook), latest);
+    for (const auto& [tenth, count] : lateness) {
+        std::printf("  %s %d.. ms: %d\n", tenth == 10 ? "in the next second," : "at",
+                    tenth % 10 * 100, count);
+    }
+    EXPECT_EQ(missed, 0);
+    EXPECT_EQ(doubled, 0);
+    EXPECT_GE(seen + unknown, seconds - 2);
+}
+
+TEST_F(SecondsRun, EverySecondIsSeenWithAHundredNotesABoxOpenAndBothProcessorsBusy) {
+    const int seconds = Number("JOTWRIGHT_SECONDS", 8);
+    for (int i = 1; i <= notes; ++i) {
+        const std::string title = "Note " + std::to_string(i);
+        WriteNote(title,
+                  '"' + title + "\",\"text\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    }
+    program.Start(executable);
+    Box(program, "Jotwright: Maximum Notes Reached").Press("OK");
+    MainWindow();
+    const Window editor = OpenRestored("Note 7");
+    // A box stays open all the while.
+    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    const Window box = program.WaitFor("", "#32770");
+    WaitUntil("the clock runs", [&] {
+        for (const Window& child : editor.ChildrenOfClass("Static")) {
+            if (child.Text().starts_with("System Date") && SecondShown(child.Text()) >= 0) {
+                return true;
+            }
+        }
+        return false;
+    });
+    const Window label = ClockLabel(editor);
+    {
+        const Load load;
+        Watch(label, seconds);
+    }
+    EXPECT_TRUE(box.Exists());
+    box.Button("OK").Click();
+}
+
+}  // namespace driver
