@@ -7,9 +7,10 @@
 #include "forms/win32/MakeStage.h"
 #include "info/dlgInput.h"
 #include "info/frmHelp.h"
+#include "info/frmSplash.h"
 
-// Shows a window that the program holds ready and opens nowhere, so that its picture can be taken.
-// usage: spare_windows frmHelp|dlgInput|frmKillAlarm
+// Shows a window that the program holds ready and opens nowhere, or not for long, so that its
+// picture can be taken. usage: spare_windows frmHelp|dlgInput|frmKillAlarm|frmSplash
 int main(int count, char** arguments) {
     const std::string name = count > 1 ? arguments[1] : "";
     const auto stage = forms::win32::MakeStage();
@@ -22,6 +23,8 @@ int main(int count, char** arguments) {
             forms::Default<dlgInput>().Show();
         } else if (name == "frmKillAlarm") {
             forms::Default<frmKillAlarm>().Show();
+        } else if (name == "frmSplash") {
+            forms::Default<frmSplash>().Show();
         }
     });
     return 0;

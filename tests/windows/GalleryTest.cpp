@@ -18,6 +18,20 @@ void Bring(const Window& window) {
     ::SetWindowPos(window.handle, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
 }
 
+bool IsPainted(const Window& window) {
+    const auto isPainted = [](const Window& part) {
+        return !part.IsVisible() || ::GetUpdateRect(part.handle, nullptr, FALSE) == 0;
+    };
+    const auto children = window.Children();
+    return isPainted(window) && std::all_of(children.begin(), children.end(), isPainted);
+}
+
+void WaitUntilPainted(const Window& window) {
+    WaitUntil("the window is painted", [&] { return IsPainted(window); });
+    // It is on its way to the display.
+    ::Sleep(timeToPaint);
+}
+
 // Without what hangs over the edge of the screen.
 RECT Visible(const RECT& place) {
     const RECT screen{0, 0, ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)};
@@ -61,6 +75,7 @@ void Gallery::Keep(const Window& window, const std::string& name) {
     Bring(window);
     window.Send(WM_NULL);
     ::Sleep(timeToPaint);
+    WaitUntilPainted(window);
     TakePicture(name, Visible(window.Place()));
 }
 
@@ -113,10 +128,6 @@ void Gallery::Reject(const Window& main, const std::string& title, const std::st
 TEST_F(Gallery, Start) {
     EraseSettings();
     program.Start(executable);
-    WaitUntil("the splash is shown", [&] { return static_cast<bool>(FindSplash()); });
-    FindSplash().Send(WM_NULL);
-    ::Sleep(timeToPaint);
-    TakePicture("start-splash", FindSplash().Place());
     const Window tips = program.WaitFor("Jotwright - Tips and Tricks");
     Keep(tips, "start-tips");
     tips.Button("&Next Tip").Click();
@@ -348,6 +359,7 @@ TEST_F(Gallery, SpareWindows) {
     KeepSpareWindow("frmHelp", "Jotwright Help", "spare-help");
     KeepSpareWindow("dlgInput", "Erase Message", "spare-question");
     KeepSpareWindow("frmKillAlarm", "Jotwright Alarm", "spare-stop-alarm");
+    KeepSpareWindow("frmSplash", "Jotwright", "start-splash");
 }
 
 }  // namespace driver
