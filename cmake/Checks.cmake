@@ -16,8 +16,7 @@ jotwright_add_check(check.format 120 "${scripts}/check-format")
 jotwright_add_check(check.help 60 "${scripts}/check-help")
 jotwright_add_check(check.shell 60 shellcheck -x run test .ci/run scripts/lib.sh
                     scripts/check-format scripts/check-help scripts/gallery scripts/install-packages
-                    scripts/layout-app
-                    scripts/make-installer scripts/package scripts/run-fuzzer
+                    scripts/layout-app scripts/make-installer scripts/package scripts/run-fuzzer
                     scripts/run-windows-tests scripts/test-package)
 jotwright_add_check(check.tidy 1500 "${scripts}/check-tidy" "${PROJECT_BINARY_DIR}")
 # Long and using both processors: it starts first and nothing runs beside it.
@@ -30,18 +29,25 @@ foreach(source IN LISTS fuzz_sources)
                         "${JOTWRIGHT_FUZZ_BUILD}/fuzz_${name}" 10)
 endforeach()
 
-# One display, one clock, one sound device, and waiting in real time: never two at once.
+# Each has a display, a clock and a sound device of its own and waits in real time most of the while:
+# two at once do not hurt each other.
+function(jotwright_add_windows_check name cost)
+    jotwright_add_check(${name} 900 ${ARGN})
+    set_tests_properties(${name} PROPERTIES LABELS windows COST ${cost})
+endfunction()
+
 jotwright_sources(conformance_sources tests/conformance)
 if(conformance_sources)
-    jotwright_add_check(windows.conformance 900 "${scripts}/run-windows-tests"
-                        "${JOTWRIGHT_WINDOWS_BUILD}" conformance_win32.exe)
-    set_tests_properties(windows.conformance PROPERTIES RUN_SERIAL ON LABELS windows)
+    jotwright_add_windows_check(windows.conformance 100 "${scripts}/run-windows-tests"
+                                "${JOTWRIGHT_WINDOWS_BUILD}" conformance_win32.exe)
 endif()
 jotwright_sources(driver_sources tests/windows)
 if(driver_sources)
-    jotwright_add_check(windows.driver 900 "${scripts}/run-windows-tests" --app
-                        "${JOTWRIGHT_WINDOWS_BUILD}" windows_driver.exe)
-    set_tests_properties(windows.driver PROPERTIES RUN_SERIAL ON LABELS windows)
+    foreach(shard 0 1)
+        jotwright_add_windows_check(windows.driver.${shard} 500 "${scripts}/run-windows-tests" --app
+                                    "${JOTWRIGHT_WINDOWS_BUILD}" windows_driver.exe)
+        set_tests_properties(windows.driver.${shard} PROPERTIES ENVIRONMENT
+            "GTEST_TOTAL_SHARDS=2;GTEST_SHARD_INDEX=${shard};JOTWRIGHT_WINE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/driver-${shard}")
+    endforeach()
 endif()
-jotwright_add_check(windows.package 600 "${scripts}/test-package")
-set_tests_properties(windows.package PROPERTIES RUN_SERIAL ON LABELS windows)
+jotwright_add_windows_check(windows.package 50 "${scripts}/test-package")
