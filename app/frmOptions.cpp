@@ -33,8 +33,12 @@ void SelectOption(std::array<forms::OptionButton, count>& buttons, int index) {
     }
 }
 
-void ReadInto(forms::CheckBox& box, const char* key) {
-    box.value = Settings::ReadInteger(Options::section, key, box.value);
+// Any number may be in the store. One that is no check mark switches nothing on where the setting
+// is read, so the box is shown empty.
+void ReadInto(forms::CheckBox& box, const char* key, int byDefault) {
+    constexpr int grayed = 2;
+    const int value = Settings::ReadInteger(Options::section, key, byDefault);
+    box.value = value >= 0 && value <= grayed ? value : 0;
 }
 
 }  // namespace
@@ -118,16 +122,16 @@ void frmOptions::Form_Load() {
     }
     icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
 
-    ReadInto(chkShowOnTop, Options::windowOnTop);
-    ReadInto(chkCooKooOn, Options::startCookoo);
+    ReadInto(chkShowOnTop, Options::windowOnTop, chkShowOnTop.value);
+    ReadInto(chkCooKooOn, Options::startCookoo, chkCooKooOn.value);
     StandardCode::Shared().StartCookooFlag = chkCooKooOn.value == 1 ? 1 : 0;
-    ReadInto(chkShowDateTime, Options::showDateTime);
+    ReadInto(chkShowDateTime, Options::showDateTime, chkShowDateTime.value);
     colorCode = Settings::ReadInteger(Options::section, Options::defaultColor, 0);
     fontCode = Settings::ReadInteger(Options::section, Options::defaultFontSize, 0);
     noteLoops = Settings::ReadInteger(Options::section, Options::noteLoops, noteLoops);
     chkNoteLoops.value = noteLoops != 0 ? 1 : 0;
     // The colour as the default: both keys are always written together.
-    chkIsService.value = Settings::ReadInteger(Options::section, Options::isService, colorCode);
+    ReadInto(chkIsService, Options::isService, colorCode);
     SelectOption(optDefaultColor, colorCode);
     SelectOption(optDefaultFont, fontCode);
 }

@@ -158,12 +158,22 @@ TEST_F(Options, AMissingIsServiceTakesTheColorCode) {
     EXPECT_TRUE(files.FileExists(startupLink));
 }
 
-TEST_F(Options, AMissingIsServiceBesideAColorCodeThatIsNoCheckMarkIsNotTrapped) {
+TEST_F(Options, AMissingIsServiceBesideAColorCodeThatIsNoCheckMarkLeavesTheBoxEmpty) {
     Set("DefaultColor", "4");
-    stage->ExpectBox("Run-time error '380':\r\n\r\nInvalid property value", "Jotwright",
-                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
     Open();
-    EXPECT_TRUE(runtime->HasEnded());
+    EXPECT_EQ(Window().chkIsService.value(), 0);
+}
+
+TEST_F(Options, NumbersThatAreNoCheckMarksLeaveTheBoxesEmpty) {
+    for (const char* key : {"WindowOnTop", "StartCookoo", "ShowDateTime", "IsService"}) {
+        Set(key, "5");
+    }
+    Set("WindowOnTop", "-1");
+    Open();
+    EXPECT_EQ(Window().chkShowOnTop.value(), 0);
+    EXPECT_EQ(Window().chkCooKooOn.value(), 0);
+    EXPECT_EQ(Window().chkShowDateTime.value(), 0);
+    EXPECT_EQ(Window().chkIsService.value(), 0);
 }
 
 TEST_F(Options, ATextThatIsNoNumberIsNotTrapped) {
