@@ -53,6 +53,8 @@ void frmMain::Form_Initialize() {
 
 void frmMain::ConnectEvents() {
     auto& events = StandardCode::Events();
+    events.NotesArrayLoaded.Subscribe(
+        [this] { EnableNoteCreation(Shared().NoteCount < StandardCode::maximumNotes); });
     events.MaximumReached.Subscribe([this] { EnableNoteCreation(false); });
     events.BelowMaximum.Subscribe([this] { EnableNoteCreation(true); });
     events.FocusNoteTitle.Subscribe([this] {

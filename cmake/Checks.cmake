@@ -16,7 +16,8 @@ jotwright_add_check(check.format 120 "${scripts}/check-format")
 jotwright_add_check(check.help 60 "${scripts}/check-help")
 jotwright_add_check(check.shell 60 shellcheck -x run test .ci/run scripts/lib.sh
                     scripts/check-format scripts/check-help scripts/gallery scripts/install-packages
-                    scripts/layout-app scripts/make-installer scripts/package scripts/run-fuzzer
+                    scripts/check-hardening scripts/layout-app scripts/long-run
+                    scripts/make-installer scripts/package scripts/run-fuzzer
                     scripts/run-windows-tests scripts/test-package)
 jotwright_add_check(check.tidy 1500 "${scripts}/check-tidy" "${PROJECT_BINARY_DIR}")
 # Long and using both processors: it starts first and nothing runs beside it.
@@ -50,4 +51,14 @@ if(driver_sources)
             "GTEST_TOTAL_SHARDS=2;GTEST_SHARD_INDEX=${shard};JOTWRIGHT_WINE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/driver-${shard}")
     endforeach()
 endif()
+jotwright_sources(windows_long_sources tests/windows/long)
+if(windows_long_sources)
+    # Short forms of what scripts/long-run does in full.
+    jotwright_add_windows_check(windows.long 100 "${scripts}/run-windows-tests" --app
+                                "${JOTWRIGHT_WINDOWS_BUILD}" windows_long.exe)
+    set_tests_properties(windows.long PROPERTIES ENVIRONMENT
+        "JOTWRIGHT_WINE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/long")
+endif()
+jotwright_add_check(check.hardening 60 "${scripts}/check-hardening"
+                    "${JOTWRIGHT_WINDOWS_BUILD}/Jotwright.exe")
 jotwright_add_windows_check(windows.package 50 "${scripts}/test-package")

@@ -36,6 +36,38 @@ TEST_F(ControlPanelTest, ErasingOneOfAHundredNotesAllowsNewOnesInTheMainWindow) 
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 99");
 }
 
+TEST_F(ControlPanelTest, ErasingOneOfAHundredNotesInItsEditorAllowsNewOnes) {
+    for (int number = 1; number <= 100; ++number) {
+        PutNote("Note " + std::to_string(1000 + number));
+    }
+    stage->improvise.box = [](const BoxRequest& box) {
+        return box.options.buttons == BoxButtons::YesNo ? BoxResult::Yes : BoxResult::Ok;
+    };
+    StartQuietly();
+    EXPECT_FALSE(Main().cmdMakeNote.enabled());
+    user->Restore(Editor("Note 1001"));
+    user->Click(Editor("Note 1001").tlbMain, "Erase");
+    EXPECT_EQ(StandardCode::Shared().NoteCount, 99);
+    EXPECT_TRUE(Main().cmdMakeNote.enabled());
+    EXPECT_TRUE(Main().txtNoteTitle.enabled());
+}
+
+TEST_F(ControlPanelTest, ANoteErasedUnderItsOpenEditorOutlivesAKill) {
+    PutNote("Dentist");
+    StartQuietly();
+    user->Restore(Editor("Dentist"));
+    user->Click(Main().cmdViewNotes);
+    user->Select(Panel().lvwNotes, 0);
+    stage->ExpectBox("Would you like to erase        \r\n           DENTIST?       ",
+                     "Deleting Note", BoxIcon::Critical, BoxButtons::YesNo, BoxResult::Yes);
+    user->Click(Panel().cmdRemove);
+    EXPECT_FALSE(files.Peek(NoteFile("Dentist")).has_value());
+    Advance(2000);
+    Restart();
+    StartQuietly();
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
+}
+
 TEST_F(ControlPanelTest, ANoteErasedInItsAlarmDisplayLeavesTheArray) {
     PutNote("Dentist", "#2004-05-14#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
     StartQuietly();

@@ -39,6 +39,20 @@ TEST_F(ModalTest, ReturnsWhenTheFormIsUnloaded) {
     EXPECT_EQ(LoadedDefault<frmSecond>(), nullptr);
 }
 
+TEST_F(ModalTest, AFormThatIsHiddenMeanwhileCanBeUsedWhenItIsBack) {
+    Start([] { Default<frmFirst>().Show(); });
+    stage->ExpectModal<frmSecond>([this](frmSecond& form) {
+        Default<frmFirst>().Hide();
+        user->CloseBox(form);
+    });
+    Start([] { Default<frmSecond>().ShowModal(); });
+    Start([] { Default<frmFirst>().Show(); });
+    int clicks = 0;
+    Default<frmFirst>().cmdGo.Click = [&clicks] { ++clicks; };
+    user->Click(Default<frmFirst>().cmdGo);
+    EXPECT_EQ(clicks, 1);
+}
+
 TEST_F(ModalTest, ShutsOffWhatIsVisibleAndNotWhatIsShownLater) {
     Start([] { Default<frmFirst>().Show(); });
     stage->ExpectModal<frmSecond>([this](frmSecond& form) {

@@ -133,8 +133,14 @@ void Monkey::Sleep() {
         Combine(DateTime{now.DateOnly().seconds + secondsPerDay}, DateTime::FromTime(7, 0, 0));
     Note("sleep");
     if (!runtime->HasEnded()) {
-        stage->Suspend(morning.seconds - now.seconds + Below(600));
+        Suspend(morning.seconds - now.seconds + Below(600));
     }
+}
+
+// Time that is slept through brings no tick, and so does not count as calm.
+void Monkey::Suspend(std::int64_t seconds) {
+    stage->Suspend(seconds);
+    calmSince = clock.MonotonicMilliseconds();
 }
 
 void Monkey::Do(const Choices& choices) {
@@ -293,7 +299,7 @@ void Monkey::AddControl(Control& control, Choices& choices) {
 }
 
 void Monkey::AddWorld(Choices& choices) {
-    const auto pass = [this](int limit) { return [this, limit] { PassTime(1 + Below(limit)); }; };
+    const auto pass = [this](int limit) { return [this, limit] { Advance(1 + Below(limit)); }; };
     choices.push_back({30, "moments pass", pass(1500)});
     choices.push_back({20, "seconds pass", pass(10'000)});
     choices.push_back({4, "minutes pass", pass(300'000)});
@@ -304,7 +310,7 @@ void Monkey::AddWorld(Choices& choices) {
     }
     choices.push_back(
         {1, "the clock is set", [this] { stage->Jump(Below(7200) - 3600, Below(2000) - 1000); }});
-    choices.push_back({1, "the machine sleeps", [this] { stage->Suspend(Below(3600)); }});
+    choices.push_back({1, "the machine sleeps", [this] { Suspend(Below(3600)); }});
     choices.push_back({1, "kill", [this] { Kill(); }});
     if (OneIn(40)) {
         choices.push_back({2, "the session ends", [] { gestures::EndSession(); }});
@@ -376,8 +382,6 @@ void Monkey::AddTrouble(Choices& choices) {
                        }});
     choices.push_back({trouble ? 30 : 0, "the trouble is over", [this] { EndTrouble(); }});
 }
-
-void Monkey::PassTime(std::int64_t milliseconds) { Advance(milliseconds); }
 
 void Monkey::ThinOut() {
     Kill();

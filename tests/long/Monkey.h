@@ -76,7 +76,7 @@ class Monkey : public testing_support::WholeProgram {
     void ThinOut();
     // As many notes as there may be, or nearly.
     void FillUp();
-    void PassTime(std::int64_t milliseconds);
+    void Suspend(std::int64_t seconds);
 
     // What must always be true; see docs/reliability.md.
     void Check();

@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* fields = ",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
 constexpr std::uint64_t promised = 2000;  // milliseconds of typing that may be lost
-constexpr const char* recoveryExtension = ".recovery";
+constexpr DWORD keystroke = 80;           // milliseconds, of somebody who types fast
 
 struct Typed {
     std::uint64_t at;  // milliseconds
@@ -91,7 +91,7 @@ void KillRun::TypeUntil(std::uint64_t end, const Window& editor) {
             PressToolbar(toolbar, toolbarSave);
             CloseTheBox(end);
         }
-        ::Sleep(30);
+        ::Sleep(keystroke);
     }
     if (random() % 2 == 0) {
         saved.push_back(content);
@@ -140,7 +140,7 @@ void KillRun::CheckTheEditor() {
 }
 
 TEST_F(KillRun, TheNoteIsOldOrNewAndAtMostTwoSecondsOfTypingAreGone) {
-    const int kills = Number("JOTWRIGHT_KILLS", 6);
+    const int kills = Number("JOTWRIGHT_KILLS", 5);
     const auto seed = static_cast<unsigned>(Number("JOTWRIGHT_SEED", 1));
     std::printf("JOTWRIGHT_SEED=%u, %d kills\n", seed, kills);
     random.seed(seed);
