@@ -1,6 +1,6 @@
-# One Google Benchmark program for each source in bench/. Built with the rest so that they stay
+# One Google Benchmark program for each source in bench/rules. Built with the rest so that they stay
 # buildable; figures worth reading come from a release build (preset "bench").
-jotwright_sources(bench_sources bench)
+jotwright_sources(bench_sources bench/rules)
 if(bench_sources)
     find_package(benchmark REQUIRED)
     foreach(source IN LISTS bench_sources)
@@ -10,4 +10,14 @@ if(bench_sources)
         target_link_libraries(bench_${name} PRIVATE jotwright_core headless forms
                               benchmark::benchmark benchmark::benchmark_main)
     endforeach()
+endif()
+
+# What bench/compare starts programs with.
+find_package(X11 QUIET)
+if(X11_FOUND)
+    add_executable(watch_windows "${PROJECT_SOURCE_DIR}/bench/WatchWindows.cpp")
+    jotwright_flags(watch_windows)
+    target_link_libraries(watch_windows PRIVATE X11::X11)
+else()
+    message(STATUS "No libx11-dev: watch_windows, which bench/compare needs, is not built")
 endif()

@@ -22,7 +22,14 @@ std::string Locale::GeneralDate(DateTime value) {
     if (!value.HasDate()) {
         return TimeText(value);
     }
-    return value.HasTime() ? ShortDate(value) + " " + TimeText(value) : ShortDate(value);
+    if (!value.HasTime()) {
+        return ShortDate(value);
+    }
+    if (lastMomentText.empty() || !(value == lastMoment)) {
+        lastMoment = value;
+        lastMomentText = ShortDate(value) + " " + TimeText(value);
+    }
+    return lastMomentText;
 }
 
 }  // namespace forms

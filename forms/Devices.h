@@ -149,6 +149,11 @@ class Locale {
     // Date and time as one text: short date, blank, time; the date alone where the time is
     // midnight, the time alone where the date is the zero date.
     std::string GeneralDate(DateTime value);
+
+  private:
+    // A hundred clocks show the same second.
+    DateTime lastMoment;
+    std::string lastMomentText;
 };
 
 class System {

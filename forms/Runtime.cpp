@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 #include "forms/Controls.h"
 
@@ -56,6 +57,7 @@ void Runtime::Dispatch(Form* form, const std::function<void()>& handler) {
     }
     const std::shared_ptr<Form> pin = form != nullptr ? form->shared_from_this() : nullptr;
     ++depth;
+    ++busyCount;
     try {
         try {
             handler();
@@ -68,8 +70,10 @@ void Runtime::Dispatch(Form* form, const std::function<void()>& handler) {
         // Every pump on the stack is returning; its callers leave their handlers in turn.
     }
     --depth;
+    --busyCount;
     if (!ended && depth == 0) {
         Settle();
+        Rearm();
     }
 }
 
@@ -120,10 +124,14 @@ void Runtime::Wait(const std::function<void()>& pump) {
         throw ProgramEnded{};
     }
     Settle();
-    const int outer = depth;
-    depth = 0;
+    timers.ForgetClock();
+    ArmNow();
+    const int outer = std::exchange(depth, 0);
+    const int outerBusy = std::exchange(busyCount, 0);
     pump();
     depth = outer;
+    busyCount = outerBusy;
+    timers.ForgetClock();
     if (ended) {
         throw ProgramEnded{};
     }
@@ -174,11 +182,20 @@ void Runtime::ActivateNext(const Form& leaving) {
 
 void Runtime::RunDueTimers() {
     armedFor.reset();
+    ++busyCount;
     timers.RunDue();
+    --busyCount;
     Rearm();
 }
 
+// A hundred timers may change in one handler or tick in one round; the stage is asked once.
 void Runtime::Rearm() {
+    if (busyCount == 0) {
+        ArmNow();
+    }
+}
+
+void Runtime::ArmNow() {
     if (ended) {
         return;
     }

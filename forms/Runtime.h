@@ -84,7 +84,9 @@ class Runtime {
     void EndNow();
     // leaving is hidden, minimised or unloaded: another form becomes active.
     void ActivateNext(const Form& leaving);
+    // Tells the stage when the next tick is due; at the end of the outermost handler, if any runs.
     void Rearm();
+    void ArmNow();
 
     std::vector<std::shared_ptr<Form>> loaded;
     std::vector<std::weak_ptr<Form>> activationOrder;  // last is the most recent
@@ -92,7 +94,8 @@ class Runtime {
     std::unordered_map<std::type_index, std::shared_ptr<Form>> defaults;
     std::weak_ptr<Form> activeForm;
     std::optional<std::int64_t> armedFor;
-    int depth = 0;  // handlers on the stack since the last wait
+    int depth = 0;      // handlers on the stack since the last wait
+    int busyCount = 0;  // handlers and rounds of ticks on the stack since the last wait
     bool ended = false;
     bool failing = false;  // reporting an error that nobody trapped
     bool sessionEnding = false;

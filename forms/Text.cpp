@@ -3,9 +3,8 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <locale>
 #include <optional>
-#include <sstream>
+#include <system_error>
 
 #include "forms/RuntimeError.h"
 
@@ -98,7 +97,14 @@ std::string PlainDecimal(std::string_view text) {
     return position == text.size() ? plain : std::string();
 }
 
-// Infinite where the number is too large for a double.
+// Of a number that no double can hold: whether it is too near to zero, not too far from it.
+bool IsSmall(const std::string& plain) {
+    const std::size_t exponent = plain.find('E');
+    return exponent != std::string::npos ? plain.compare(exponent, 2, "E-") == 0
+                                         : plain.find_first_of("123456789") > plain.find('.');
+}
+
+// Infinite where the number is too large for a double, 0 where it is too small.
 std::optional<double> ReadNumber(std::string_view text) {
     text = WithoutBlanks(text);
     if (text.starts_with('&')) {
@@ -108,11 +114,11 @@ std::optional<double> ReadNumber(std::string_view text) {
     if (plain.empty()) {
         return std::nullopt;
     }
-    std::istringstream stream(plain);
-    stream.imbue(std::locale::classic());
+    const char* const first = plain.data() + (plain.starts_with('+') ? 1 : 0);
     double value = 0;
-    if (!(stream >> value)) {
-        return std::numeric_limits<double>::infinity();
+    const auto [end, error] = std::from_chars(first, plain.data() + plain.size(), value);
+    if (error == std::errc::result_out_of_range) {
+        return IsSmall(plain) ? 0 : std::numeric_limits<double>::infinity();
     }
     return value;
 }

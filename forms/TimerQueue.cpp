@@ -32,15 +32,6 @@ std::int64_t WallNow() {
 
 std::int64_t SecondNow() { return Machine().clock->Now().seconds; }
 
-// Milliseconds from the middle of the wall clock's second to the moment, -500 to 499.
-std::int64_t OffMiddle(std::int64_t moment, std::int64_t now) {
-    std::int64_t inSecond = (WallNow() + (moment - now)) % second;
-    if (inSecond < 0) {
-        inSecond += second;
-    }
-    return inSecond - middle;
-}
-
 bool SeesEverySecond(const Timer& timer) {
     return timer.phase == TimerPhase::ClockSecond && timer.interval() % second == 0;
 }
@@ -57,6 +48,22 @@ bool TimerQueue::Earlier::operator()(const Timer* a, const Timer* b) const {
     return a->due != b->due ? a->due < b->due : a->sequence < b->sequence;
 }
 
+std::int64_t TimerQueue::WallAt(std::int64_t now) const {
+    if (readAt != now) {
+        readAt = now;
+        readWall = WallNow();
+    }
+    return readWall;
+}
+
+std::int64_t TimerQueue::OffMiddle(std::int64_t moment, std::int64_t now) const {
+    std::int64_t inSecond = (WallAt(now) + (moment - now)) % second;
+    if (inSecond < 0) {
+        inSecond += second;
+    }
+    return inSecond - middle;
+}
+
 void TimerQueue::Enqueue(Timer& timer, std::int64_t due) {
     timer.due = due;
     timer.sequence = ++lastSequence;
@@ -66,6 +73,7 @@ void TimerQueue::Enqueue(Timer& timer, std::int64_t due) {
 
 void TimerQueue::Update(Timer& timer) {
     Remove(timer);
+    ForgetClock();
     // A timer without a handler must not wake the machine.
     if (timer.enabled && timer.interval() > 0 && timer.Tick && timer.form.IsLoaded()) {
         const std::int64_t now = MonotonicNow();
@@ -116,7 +124,7 @@ std::int64_t TimerQueue::NextAfter(const Timer& timer, std::int64_t lastDue,
         next -= off;
     }
     // The handler is about to see the current second; it shall not see it again.
-    const std::int64_t nextSecond = now + second - Machine().clock->MillisecondOfSecond();
+    const std::int64_t nextSecond = now + second - WallAt(now) % second;
     while (next < nextSecond) {
         next += second;
     }
@@ -134,6 +142,7 @@ std::optional<std::int64_t> TimerQueue::NextDue() const {
 
 void TimerQueue::RunDue() {
     Runtime& runtime = Runtime::Current();
+    ForgetClock();
     const std::int64_t limit = MonotonicNow();
     for (;;) {
         Timer* timer = nullptr;
@@ -147,6 +156,7 @@ void TimerQueue::RunDue() {
             }
         }
         if (timer == nullptr || runtime.HasEnded()) {
+            ForgetClock();
             return;
         }
         const auto pin = timer->form.shared_from_this();
@@ -171,6 +181,7 @@ void TimerQueue::RunDue() {
 }
 
 void TimerQueue::Realign() {
+    ForgetClock();
     const std::int64_t now = MonotonicNow();
     gridAnchor = now - OffMiddle(now, now);
     const std::vector<Timer*> all(queue.begin(), queue.end());

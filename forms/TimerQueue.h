@@ -28,6 +28,9 @@ class TimerQueue {
     // the middle of the second, but for those that are due.
     void Realign();
 
+    // The wall clock is to be read again, see WallAt.
+    void ForgetClock() { readAt.reset(); }
+
   private:
     struct Earlier {
         bool operator()(const Timer* a, const Timer* b) const;
@@ -36,6 +39,11 @@ class TimerQueue {
     // been put back by up to a second, as programs do that keep it right.
     static bool HasSeen(const Timer& timer, std::int64_t shown);
     void Enqueue(Timer& timer, std::int64_t due);
+    // The wall clock in milliseconds at this monotonic time, which is the present one. In a round of
+    // ticks the clock is read once each millisecond.
+    std::int64_t WallAt(std::int64_t now) const;
+    // Milliseconds from the middle of the wall clock's second to the moment, -500 to 499.
+    std::int64_t OffMiddle(std::int64_t moment, std::int64_t now) const;
     std::int64_t FirstDue(const Timer& timer, std::int64_t now) const;
     std::int64_t NextAfter(const Timer& timer, std::int64_t lastDue, std::int64_t now) const;
 
@@ -44,6 +52,9 @@ class TimerQueue {
     // Monotonic time of some middle of a second: where the ticks of all polling timers lie whose
     // interval is no whole number of seconds. Not known before the first of them starts.
     std::optional<std::int64_t> gridAnchor;
+    // The last reading of the wall clock, while it can be used again.
+    mutable std::optional<std::int64_t> readAt;
+    mutable std::int64_t readWall = 0;
 };
 
 }  // namespace forms

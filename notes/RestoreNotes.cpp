@@ -63,7 +63,7 @@ std::shared_ptr<frmNote> EditorFor(const std::string& title) {
 
 void RestoreFiles() {
     for (const auto& file : forms::Machine().files->List(NotesFolder(), ".txt")) {
-        const auto note = RestoreNote(NoteFile::Read(NotesFolder() + '\\' + file.name));
+        const auto note = RestoreNote(ReadListedNote(file));
         note->windowState = forms::WindowState::Minimized;
     }
 }

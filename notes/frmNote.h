@@ -3,7 +3,9 @@
 #include <array>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "alarms/DueRules.h"
 #include "app/StandardCode.h"
@@ -163,6 +165,8 @@ class frmNote : public forms::Form {
     bool NoteErased = false;
     std::size_t TextLengthAtActivate = 0;
     DueRules::AlarmValues alarmValues;
+    // The date and the time that they were computed from.
+    std::optional<std::pair<forms::DateTime, forms::DateTime>> alarmValuesOf;
 
     bool holdsNote = false;
     bool saveFailed = false;  // the last saving

@@ -44,7 +44,13 @@ bool StandardCode::IsNoteRinging() { return RingingNotes() > 0; }
 
 bool frmNote::IsAlarmSet() const { return cmdAlarm.caption() == turnOffAlarm; }
 
-void frmNote::ComputeAlarmValues() { alarmValues = DueRules::ValuesOf(dtDate.value, dtTime.value); }
+void frmNote::ComputeAlarmValues() {
+    const std::pair<forms::DateTime, forms::DateTime> picked{dtDate.value, dtTime.value};
+    if (alarmValuesOf != picked) {
+        alarmValues = DueRules::ValuesOf(picked.first, picked.second);
+        alarmValuesOf = picked;
+    }
+}
 
 void frmNote::chkAudioAlarm_Click() { imgBell.visible = chkAudioAlarm.value() == 1; }
 
@@ -100,7 +106,8 @@ void frmNote::ClearAlarm() {
 }
 
 void frmNote::PresentAlarm() {
-    icon = AlarmIcon();
+    const forms::Picture alarm = AlarmIcon();
+    icon = alarm;
     cmdAlarm.caption = turnOffAlarm;
     tmrNote.enabled = true;
     tmrNote.interval = dueTestInterval;
@@ -108,7 +115,7 @@ void frmNote::PresentAlarm() {
     ShowPickers(false);
     EnablePickers(false);
     fraAlarm.caption = " Alarm Set ";
-    imgAlarm.picture = AlarmIcon();
+    imgAlarm.picture = alarm;
     imgAlarm.visible = true;
     // The first tick of the clock may come after the alarm's own second.
     ComputeAlarmValues();

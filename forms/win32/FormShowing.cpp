@@ -77,6 +77,23 @@ RECT FormWindow::WantedPlace() const {
     return placing::OnScreen({left, top, left + size.cx, top + size.cy});
 }
 
+void FormWindow::AdaptToMonitor() {
+    const int resolution = DpiOf(handle);
+    if (resolution == dpi) {
+        return;
+    }
+    POINT corner{Pixels(form->left), Pixels(form->top)};
+    dpi = resolution;
+    if (form->centerOnScreen || form->borderStyle == BorderStyle::None) {
+        const RECT place = WantedPlace();
+        corner = {place.left, place.top};
+    }
+    form->left.Adopt(Twips(corner.x));
+    form->top.Adopt(Twips(corner.y));
+    ApplyIcon();
+    ApplyBounds();
+}
+
 void FormWindow::ApplyBounds() {
     const int left = Pixels(form->left);
     const int top = Pixels(form->top);

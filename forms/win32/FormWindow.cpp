@@ -149,20 +149,16 @@ bool FormWindow::CreateBare() {
     (void)registered;
     const Applying applying(state);
     dpi = SystemDpi();
-    handle =
-        ::CreateWindowExW(ExtendedStyle(*form), className, CaptionOf(*form).c_str(), Style(*form),
-                          CW_USEDEFAULT, CW_USEDEFAULT, Pixels(form->width), Pixels(form->height),
-                          BaseOwner(), nullptr, ::GetModuleHandleW(nullptr), this);
+    const DWORD topMost = form->IsTopMost() ? DWORD{WS_EX_TOPMOST} : DWORD{0};
+    const RECT place = WantedPlace();
+    handle = ::CreateWindowExW(ExtendedStyle(*form) | topMost, className, CaptionOf(*form).c_str(),
+                               Style(*form), place.left, place.top, place.right - place.left,
+                               place.bottom - place.top, BaseOwner(), nullptr,
+                               ::GetModuleHandleW(nullptr), this);
     if (handle == nullptr) {
         return false;
     }
     state.windows.push_back(this);
-    dpi = DpiOf(handle);
-    RECT place = WantedPlace();
-    ::SetWindowPos(handle, form->IsTopMost() ? HWND_TOPMOST : HWND_TOP, place.left, place.top,
-                   place.right - place.left, place.bottom - place.top, SWP_NOACTIVATE);
-    // On a monitor of another resolution it has been scaled meanwhile.
-    ::GetWindowRect(handle, &place);
     form->left.Adopt(Twips(place.left));
     form->top.Adopt(Twips(place.top));
     ApplyIcon();
@@ -176,6 +172,7 @@ void FormWindow::Fill() {
     }
     filled = true;
     const Applying applying(state);
+    AdaptToMonitor();
     menus.MakeBar(handle, *form);
     CreateControls();
     MarkDefaultButton(nullptr);
@@ -321,8 +318,11 @@ void FormWindow::ApplyIcon() {
 void FormWindow::UpdateEnabled() {
     // While a box is up, the one who opened it has seen to that.
     if (boxes == 0) {
-        const Applying applying(state);
-        ::EnableWindow(handle, form->IsUsable() || !form->IsVisible() ? TRUE : FALSE);
+        const bool canBeUsed = form->IsUsable() || !form->IsVisible();
+        if (canBeUsed != (::IsWindowEnabled(handle) != 0)) {
+            const Applying applying(state);
+            ::EnableWindow(handle, canBeUsed ? TRUE : FALSE);
+        }
     }
 }
 

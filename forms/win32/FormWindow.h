@@ -110,6 +110,8 @@ class FormWindow {
     SIZE OuterSize() const;
     RECT WantedPlace() const;
     std::vector<POINT> TakenPlaces() const;
+    // A window is made at the resolution of the system; what shows it may have another one.
+    void AdaptToMonitor();
     void ApplyBounds();
     void ApplyIcon();
     void Show();

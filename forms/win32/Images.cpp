@@ -1,85 +1,51 @@
 #include "forms/win32/Images.h"
 
-#include <objidl.h>
-#include <shlwapi.h>
-#include <gdiplus.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <map>
-#include <memory>
+#include <optional>
+#include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
 #include "forms/Devices.h"
 #include "forms/RuntimeError.h"
+#include "forms/win32/GdiPlus.h"
 #include "forms/win32/Utf.h"
 
 namespace forms::win32::images {
 
 namespace {
 
-using Pixmap = std::unique_ptr<Gdiplus::Bitmap>;
-
-// Started with the first picture and never shut down: the pictures live as long as the process.
-void StartGdiPlus() {
-    static const bool started = [] {
-        ULONG_PTR token = 0;
-        const Gdiplus::GdiplusStartupInput input;
-        return Gdiplus::GdiplusStartup(&token, &input, nullptr) == Gdiplus::Ok;
-    }();
-    (void)started;
-}
-
-// Through a copy in memory, so that the file is not kept open.
-Pixmap ReadPicture(const std::string& path) {
-    StartGdiPlus();
-    std::string bytes;
-    try {
-        bytes = Machine().files->Read(path);
-    } catch (const RuntimeError&) {
-        return nullptr;
-    }
-    IStream* stream = ::SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes.data()),
-                                          static_cast<UINT>(bytes.size()));
-    if (stream == nullptr) {
-        return nullptr;
-    }
-    Pixmap picture = std::make_unique<Gdiplus::Bitmap>(stream);
-    stream->Release();  // the picture holds its own reference
-    return picture->GetLastStatus() == Gdiplus::Ok ? std::move(picture) : nullptr;
-}
-
 bool IsIconFile(const std::string& path) {
     return path.size() > 4 && ::lstrcmpiA(path.c_str() + path.size() - 4, ".ico") == 0;
 }
 
-// Kept from the first use on; null where there is none that can be read.
-Gdiplus::Bitmap* CachedPicture(const std::string& path) {
-    static std::map<std::string, Pixmap> cache;
-    const auto [at, isNew] = cache.try_emplace(path);
-    if (isNew) {
-        at->second = ReadPicture(path);
+// Empty where there is no such file, or none that can be read.
+std::string BytesOf(const std::string& path) {
+    try {
+        return Machine().files->FileExists(path) ? Machine().files->Read(path) : std::string();
+    } catch (const RuntimeError&) {
+        return {};
     }
-    return at->second.get();
 }
 
 // The picture for this width in pixels: beside "error.gif" may lie the same picture with twice and
 // three times its dots, "error@2x.png" and "error@3x.png".
-Gdiplus::Bitmap* PictureFor(const std::string& path, int width) {
-    Gdiplus::Bitmap* const plain = CachedPicture(path);
-    Gdiplus::Bitmap* best = plain;
-    for (UINT times = 2; times <= 3 && best != nullptr; ++times) {
-        if (static_cast<int>(best->GetWidth()) >= width) {
-            break;
-        }
+std::string PictureFor(const std::string& path, int width) {
+    std::string best = BytesOf(path);
+    const std::optional<SIZE> plain = gdiplus::SizeOf(best);
+    LONG bestWidth = plain ? plain->cx : width;
+    for (int times = 2; times <= 3 && bestWidth < width; ++times) {
         const std::string stem = path.substr(0, path.find_last_of('.'));
-        Gdiplus::Bitmap* larger = CachedPicture(stem + '@' + std::to_string(times) + "x.png");
+        std::string larger = BytesOf(stem + '@' + std::to_string(times) + "x.png");
+        const std::optional<SIZE> size = gdiplus::SizeOf(larger);
         // One of another shape belongs to another picture.
-        if (larger != nullptr && larger->GetWidth() == times * plain->GetWidth() &&
-            larger->GetHeight() == times * plain->GetHeight()) {
-            best = larger;
+        if (size && size->cx == times * plain->cx && size->cy == times * plain->cy) {
+            best = std::move(larger);
+            bestWidth = size->cx;
         }
     }
     return best;
@@ -179,29 +145,44 @@ HICON ProgramIcon(int pixels) {
     return at->second;
 }
 
-void DrawFile(HDC dc, const std::string& path, const RECT& area) {
-    const int width = area.right - area.left;
-    const int height = area.bottom - area.top;
+View::~View() {
+    if (bitmap != nullptr) {
+        ::DeleteObject(bitmap);
+    }
+}
+
+void View::Draw(HDC dc, const std::string& path, const RECT& area) {
+    const SIZE wanted{area.right - area.left, area.bottom - area.top};
     if (IsIconFile(path)) {
-        if (HICON icon = FileIcon(path, std::max(width, height)); icon != nullptr) {
-            ::DrawIconEx(dc, area.left, area.top, icon, width, height, 0, nullptr, DI_NORMAL);
+        if (HICON icon = FileIcon(path, std::max(wanted.cx, wanted.cy)); icon != nullptr) {
+            ::DrawIconEx(dc, area.left, area.top, icon, wanted.cx, wanted.cy, 0, nullptr,
+                         DI_NORMAL);
         }
         return;
     }
-    Gdiplus::Bitmap* found = PictureFor(path, width);
-    if (found == nullptr) {
+    if (path != shownPath || wanted.cx != size.cx || wanted.cy != size.cy) {
+        Render(path, wanted);
+    }
+    if (bitmap == nullptr) {
         return;
     }
-    Gdiplus::Bitmap& picture = *found;
-    Gdiplus::Graphics graphics(dc);
-    // The borders of an enlarged picture are not mixed with what lies beyond them.
-    Gdiplus::ImageAttributes attributes;
-    attributes.SetWrapMode(Gdiplus::WrapModeTileFlipXY);
-    graphics.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBicubic);
-    graphics.SetPixelOffsetMode(Gdiplus::PixelOffsetModeHalf);
-    graphics.DrawImage(&picture, Gdiplus::Rect(area.left, area.top, width, height), 0, 0,
-                       static_cast<INT>(picture.GetWidth()), static_cast<INT>(picture.GetHeight()),
-                       Gdiplus::UnitPixel, &attributes);
+    HDC memory = ::CreateCompatibleDC(dc);
+    HGDIOBJ before = ::SelectObject(memory, bitmap);
+    constexpr BLENDFUNCTION blending{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
+    ::GdiAlphaBlend(dc, area.left, area.top, size.cx, size.cy, memory, 0, 0, size.cx, size.cy,
+                    blending);
+    ::SelectObject(memory, before);
+    ::DeleteDC(memory);
+}
+
+void View::Render(const std::string& path, SIZE wanted) {
+    if (bitmap != nullptr) {
+        ::DeleteObject(bitmap);
+        bitmap = nullptr;
+    }
+    shownPath = path;
+    size = wanted;
+    bitmap = gdiplus::Render(PictureFor(path, static_cast<int>(wanted.cx)), wanted);
 }
 
 void DrawResource(HDC dc, const std::string& name, const RECT& area) {

@@ -6,8 +6,8 @@
 
 namespace forms::win32 {
 
-// Pictures and icons are read once and kept until the process ends, so that a hundred windows share
-// one icon. What cannot be read is simply not shown: the models have been told by the device that
+// Icons are read once and kept until the process ends, so that a hundred windows share one. What
+// cannot be read is simply not shown: the models have been told by the device that
 // loads pictures.
 namespace images {
 
@@ -20,8 +20,26 @@ HICON ResourceIcon(const std::string& name, int pixels);
 // The program's own icon.
 HICON ProgramIcon(int pixels);
 
-// Draws a gif, jpg, png, bmp or ico file scaled to the area.
-void DrawFile(HDC dc, const std::string& path, const RECT& area);
+// One place where a picture is shown. Holds the picture as it appears there, for as long as the
+// place exists.
+class View {
+  public:
+    View() = default;
+    ~View();
+    View(const View&) = delete;
+    View& operator=(const View&) = delete;
+
+    // Draws a gif, jpg, png, bmp or ico file scaled to the area.
+    void Draw(HDC dc, const std::string& path, const RECT& area);
+
+  private:
+    void Render(const std::string& path, SIZE wanted);
+
+    HBITMAP bitmap = nullptr;
+    std::string shownPath;
+    SIZE size{};
+};
+
 void DrawResource(HDC dc, const std::string& name, const RECT& area);
 
 }  // namespace images

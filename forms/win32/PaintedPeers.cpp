@@ -25,7 +25,7 @@ class ImagePeer : public PaintedPeer {
 
     void Paint(HDC dc) override {
         if (!image.picture().path.empty()) {
-            images::DrawFile(dc, image.picture().path, Area());
+            view.Draw(dc, image.picture().path, Area());
         } else if (!image.resourceName.empty()) {
             images::DrawResource(dc, image.resourceName, Area());
         }
@@ -33,6 +33,7 @@ class ImagePeer : public PaintedPeer {
 
   private:
     Image& image;
+    images::View view;
 };
 
 class ShapePeer : public PaintedPeer {

@@ -36,9 +36,6 @@ void Peer::CreateNative(const wchar_t* className, const std::string& text, DWORD
     }
     ::SendMessageW(handle, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), FALSE);
     ::SetWindowSubclass(handle, &Peer::Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
-    if (!control.accessibleName.empty()) {
-        SetAccessibleName(handle, control.accessibleName);
-    }
 }
 
 HFONT Peer::Font() const { return window.FormFont(); }
@@ -101,6 +98,13 @@ void Peer::ReportMouseUp(int button, LPARAM where) {
 
 std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
+        case WM_GETOBJECT:
+            // A screen reader asks for the first time: what gives it names is loaded only now.
+            if (!control.accessibleName.empty() && !isNamed) {
+                isNamed = true;
+                SetAccessibleName(handle, control.accessibleName);
+            }
+            return std::nullopt;
         case WM_SETFOCUS: {
             const LRESULT result = Default(message, wParam, lParam);
             if (window.IsLive() && control.CanHaveFocus()) {

@@ -27,6 +27,7 @@ class Peer {
     FormWindow& window;
     Control& control;
     HWND handle = nullptr;
+    bool isNamed = false;  // see Accessibility.h
 
     // Makes the native control with everything that the model says.
     virtual void Create() {}

@@ -26,10 +26,7 @@ RECT PlaceAt(POINT corner, SIZE size) {
     return {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy};
 }
 
-}  // namespace
-
-RECT OnScreen(RECT place) {
-    const RECT work = WorkAreaAt(place);
+RECT MovedInto(const RECT& work, RECT place) {
     LONG x = std::min(0L, work.right - place.right);
     x = std::max(x, work.left - place.left);
     LONG y = std::min(0L, work.bottom - place.bottom);
@@ -38,11 +35,15 @@ RECT OnScreen(RECT place) {
     return place;
 }
 
+}  // namespace
+
+RECT OnScreen(RECT place) { return MovedInto(WorkAreaAt(place), place); }
+
 RECT Centered(SIZE size) {
     const RECT work = CurrentWorkArea();
-    return OnScreen(PlaceAt({work.left + (work.right - work.left - size.cx) / 2,
-                             work.top + (work.bottom - work.top - size.cy) / 2},
-                            size));
+    return MovedInto(work, PlaceAt({work.left + (work.right - work.left - size.cx) / 2,
+                                    work.top + (work.bottom - work.top - size.cy) / 2},
+                                   size));
 }
 
 RECT Cascaded(SIZE size, int step, const std::vector<POINT>& taken) {
@@ -67,7 +68,7 @@ RECT Cascaded(SIZE size, int step, const std::vector<POINT>& taken) {
     }
     const auto found = std::find_if(places.begin(), places.end(), isFree);
     const POINT corner = found != places.end() ? *found : places[taken.size() % places.size()];
-    return OnScreen(PlaceAt(corner, size));
+    return MovedInto(work, PlaceAt(corner, size));
 }
 
 }  // namespace forms::win32::placing

@@ -8,6 +8,7 @@
 
 #include "forms/Runtime.h"
 #include "forms/win32/BoxText.h"
+#include "forms/win32/LateLibrary.h"
 #include "forms/win32/Utf.h"
 
 namespace forms::win32::pumps {
@@ -179,9 +180,11 @@ std::optional<std::string> ShowOpenDialog(StageState& state, const FormWindow* w
     dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
     dialog.Flags =
         OFN_NOCHANGEDIR | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_EXPLORER;
+    static const auto getName =
+        FromLibrary<decltype(&::GetOpenFileNameW)>(L"comdlg32.dll", "GetOpenFileNameW");
     const OthersShutOff others(state, dialog.hwndOwner);
     const FormsHaveKeys keys;
-    if (::GetOpenFileNameW(&dialog) == FALSE) {
+    if (getName == nullptr || getName(&dialog) == FALSE) {
         return std::nullopt;
     }
     return Narrow(path.c_str());

@@ -7,6 +7,7 @@
 #include "forms/Runtime.h"
 #include "forms/win32/Fonts.h"
 #include "forms/win32/FormWindow.h"
+#include "forms/win32/GdiPlus.h"
 #include "forms/win32/Internal.h"
 
 namespace forms::win32 {
@@ -71,6 +72,7 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (RuntimeRuns()) {
                 Runtime::Current().RunDueTimers();
             }
+            gdiplus::ReleaseIfUnused();
             return 0;
         case destroyMessage:
             // Somebody else may have destroyed it meanwhile.

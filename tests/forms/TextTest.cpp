@@ -47,7 +47,11 @@ TEST(ToInteger16, ReadsNumbers) {
     EXPECT_EQ(ToInteger16(" -7 "), -7);
     EXPECT_EQ(ToInteger16("1,234"), 1234);
     EXPECT_EQ(ToInteger16("1e3"), 1000);
+    EXPECT_EQ(ToInteger16("+1.5e+3"), 1500);
+    EXPECT_EQ(ToInteger16("5."), 5);
     EXPECT_EQ(ToInteger16("1e-999"), 0);
+    EXPECT_EQ(ToInteger16("-1.5E-999"), 0);
+    EXPECT_EQ(ToInteger16("0." + std::string(400, '0') + "1"), 0);
     EXPECT_EQ(ToInteger16("&H10"), 16);
     EXPECT_EQ(ToInteger16("&HFFFF"), -1);
     EXPECT_EQ(ToInteger16("&HFFFFFFFF"), -1);
@@ -75,6 +79,8 @@ TEST(ToInteger16, NoNumberIsATypeMismatch) {
 
 TEST(ToInteger16, NumberTooLargeOverflows) {
     EXPECT_EQ(ErrorOfInteger("32768"), 6);
+    EXPECT_EQ(ErrorOfInteger("1e999"), 6);
+    EXPECT_EQ(ErrorOfInteger(std::string(400, '9')), 6);
     EXPECT_EQ(ErrorOfInteger("32767.5"), 6);
     EXPECT_EQ(ErrorOfInteger("-32769"), 6);
     EXPECT_EQ(ErrorOfInteger("1e999"), 6);

@@ -18,7 +18,8 @@ constexpr std::wstring_view longNetworkPrefix = L"\\\\?\\UNC\\";
 constexpr std::wstring_view networkPrefix = L"\\\\";
 
 bool EqualsIgnoringCase(std::wstring_view left, std::wstring_view right) {
-    return ::CompareStringOrdinal(left.data(), static_cast<int>(left.size()), right.data(),
+    return left.size() == right.size() &&
+           ::CompareStringOrdinal(left.data(), static_cast<int>(left.size()), right.data(),
                                   static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "forms/RuntimeError.h"
+#include "forms/win32/LateLibrary.h"
 
 namespace forms::win32 {
 
@@ -16,10 +17,14 @@ constexpr int averageCharactersPerTab = 8;
 [[noreturn]] void Fail() { throw RuntimeError(ErrorNumber::PrinterError); }
 
 std::wstring DefaultPrinterName() {
+    static const auto getDefault =
+        FromLibrary<decltype(&::GetDefaultPrinterW)>(L"winspool.drv", "GetDefaultPrinterW");
     DWORD size = 0;
-    ::GetDefaultPrinterW(nullptr, &size);
+    if (getDefault != nullptr) {
+        getDefault(nullptr, &size);
+    }
     std::wstring name(size, L'\0');
-    if (size == 0 || ::GetDefaultPrinterW(name.data(), &size) == 0) {
+    if (size == 0 || getDefault(name.data(), &size) == 0) {
         Fail();
     }
     name.resize(std::min(name.size(), name.find(L'\0')));

@@ -1,15 +1,13 @@
 #include "forms/win32/devices/WinPictures.h"
 
 #include <windows.h>
-#include <objidl.h>
-#include <shlwapi.h>
-#include <gdiplus.h>
 
 #include <cstring>
-#include <memory>
+#include <optional>
 #include <string_view>
 
 #include "forms/RuntimeError.h"
+#include "forms/win32/GdiPlus.h"
 #include "forms/win32/devices/FileNames.h"
 
 namespace forms::win32 {
@@ -20,27 +18,6 @@ constexpr int twipsPerPixel = 15;
 constexpr int iconPixels = 32;
 
 [[noreturn]] void NoPicture() { throw RuntimeError(ErrorNumber::InvalidPicture); }
-
-struct Release {
-    void operator()(IUnknown* object) const { object->Release(); }
-};
-
-// GDI+ counts its users, so this goes well with the one that draws.
-class GdiplusSession {
-  public:
-    GdiplusSession() {
-        const Gdiplus::GdiplusStartupInput input;
-        if (Gdiplus::GdiplusStartup(&token, &input, nullptr) != Gdiplus::Ok) {
-            NoPicture();
-        }
-    }
-    ~GdiplusSession() { Gdiplus::GdiplusShutdown(token); }
-    GdiplusSession(const GdiplusSession&) = delete;
-    GdiplusSession& operator=(const GdiplusSession&) = delete;
-
-  private:
-    ULONG_PTR token = 0;
-};
 
 struct IconHeader {
     WORD reserved;
@@ -85,26 +62,26 @@ SIZE SizeOf(const std::string& bytes) {
         }
         return {iconPixels, iconPixels};
     }
-    const std::unique_ptr<IStream, Release> stream(::SHCreateMemStream(
-        reinterpret_cast<const BYTE*>(bytes.data()), static_cast<UINT>(bytes.size())));
-    if (!stream) {
+    const std::optional<SIZE> size = gdiplus::SizeOf(bytes);
+    if (!size) {
         NoPicture();
     }
-    const GdiplusSession session;
-    Gdiplus::Bitmap bitmap(stream.get());
-    if (bitmap.GetLastStatus() != Gdiplus::Ok || bitmap.GetWidth() == 0 ||
-        bitmap.GetHeight() == 0) {
-        NoPicture();
-    }
-    return {static_cast<LONG>(bitmap.GetWidth()), static_cast<LONG>(bitmap.GetHeight())};
+    return *size;
+}
+
+// False where there is no such file.
+bool GetFileData(const std::string& path, WIN32_FILE_ATTRIBUTE_DATA& data) try {
+    return ::GetFileAttributesExW(NativePath(path).c_str(), GetFileExInfoStandard, &data) != 0 &&
+           (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+} catch (const RuntimeError&) {
+    return false;  // no name of a file
 }
 
 }  // namespace
 
 Picture WinPictures::Load(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (!files.FileExists(path) ||
-        ::GetFileAttributesExW(NativePath(path).c_str(), GetFileExInfoStandard, &data) == 0) {
+    if (!GetFileData(path, data)) {
         throw RuntimeError(ErrorNumber::FileNotFound);
     }
     const auto joined = [](DWORD high, DWORD low) {

@@ -3,19 +3,42 @@
 #include <windows.h>
 #include <mmsystem.h>
 
+#include "forms/win32/LateLibrary.h"
 #include "forms/win32/Utf.h"
 
 namespace forms::win32 {
 
+namespace {
+
+using PlayFunction = decltype(&::PlaySoundW);
+
+// Null until something is to sound for the first time.
+PlayFunction& LoadedPlay() {
+    static PlayFunction function = nullptr;
+    return function;
+}
+
+void PlaySoundFile(const std::string& wavePath, DWORD flags) {
+    if (LoadedPlay() == nullptr) {
+        LoadedPlay() = FromLibrary<PlayFunction>(L"winmm.dll", "PlaySoundW");
+    }
+    if (LoadedPlay() != nullptr) {
+        LoadedPlay()(Wide(wavePath).c_str(), nullptr, SND_FILENAME | flags);
+    }
+}
+
+}  // namespace
+
 void WinSound::Play(const std::string& wavePath, Mode mode) {
-    const DWORD flags = SND_FILENAME | SND_ASYNC | (mode == Mode::Loop ? SND_LOOP : 0);
-    ::PlaySoundW(Wide(wavePath).c_str(), nullptr, flags);
+    PlaySoundFile(wavePath, SND_ASYNC | (mode == Mode::Loop ? SND_LOOP : 0));
 }
 
-void WinSound::PlayToEnd(const std::string& wavePath) {
-    ::PlaySoundW(Wide(wavePath).c_str(), nullptr, SND_FILENAME | SND_SYNC);
-}
+void WinSound::PlayToEnd(const std::string& wavePath) { PlaySoundFile(wavePath, SND_SYNC); }
 
-void WinSound::Stop() { ::PlaySoundW(nullptr, nullptr, 0); }
+void WinSound::Stop() {
+    if (LoadedPlay() != nullptr) {
+        LoadedPlay()(nullptr, nullptr, 0);
+    }
+}
 
 }  // namespace forms::win32

@@ -7,6 +7,9 @@
 namespace forms::win32 {
 
 std::string WinSystem::ApplicationFolder() {
+    if (!folder.empty()) {
+        return folder;
+    }
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
         const DWORD length =
@@ -18,7 +21,8 @@ std::string WinSystem::ApplicationFolder() {
         path.resize(path.size() * 2);
     }
     path.resize(std::min(path.size(), path.find_last_of(L'\\')));
-    return Narrow(path);
+    folder = Narrow(path);
+    return folder;
 }
 
 bool WinSystem::PreviousInstance() {

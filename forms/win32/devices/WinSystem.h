@@ -19,6 +19,7 @@ class WinSystem : public System {
     std::uint32_t Version() override;
 
   private:
+    std::string folder;  // empty until it is first asked for
     std::wstring name;
     std::optional<bool> previous;
     Handle mutex{nullptr};
