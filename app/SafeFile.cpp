@@ -30,16 +30,6 @@ bool HoldsAlready(const std::string& path, const std::string& bytes) {
     }
 }
 
-// Renaming over a file would give it the letters of the new name.
-std::string NameOnDisk(const std::string& folder, const std::string& name) {
-    for (const forms::FileEntry& entry : Files().List(folder, name)) {
-        if (SameName(entry.name, name)) {
-            return entry.name;
-        }
-    }
-    return name;
-}
-
 // A leftover that cannot be removed must not stand in the way for ever.
 std::string FreeTemporaryPath(const std::string& folder) {
     std::string path;
@@ -68,9 +58,9 @@ bool ReplaceFile(const std::string& path, const std::string& bytes) {
     if (HoldsAlready(path, bytes)) {
         return false;
     }
-    const std::size_t separator = path.find_last_of('\\');
-    const std::string folder = path.substr(0, separator);
-    const std::string target = folder + '\\' + NameOnDisk(folder, path.substr(separator + 1));
+    const std::string folder = path.substr(0, path.find_last_of('\\'));
+    // Renaming over a file would give it the letters of the new name.
+    const std::string target = folder + '\\' + Files().NameOnDisk(path);
     const std::string temporary = FreeTemporaryPath(folder);
     try {
         Files().WriteThrough(temporary, bytes);

@@ -55,7 +55,8 @@ struct ParsedNote {
 struct SharedValues {
     NotesTable NotesArray;
     std::int16_t NoteCount = 0;
-    std::map<std::string, ParsedNote> ParsedNotes;  // by upper-case file name
+    std::map<std::string, ParsedNote> ParsedNotes;  // by file name, as listed
+    std::vector<forms::FileEntry> NotesListing;     // that the array was rebuilt from
     // Titles of the open editors, in the order in which they were given.
     std::vector<std::string> NoteTitles;
 

@@ -7,9 +7,10 @@
 
 int main() {
     forms::win32::RestrictLibrarySearch();
-    const auto stage = forms::win32::MakeStage();
+    // Never destroyed: the windows that are left go with the process, at once.
+    forms::Stage& stage = *forms::win32::MakeStage().release();
     forms::Machine() = forms::win32::MakeDevices();
-    forms::Runtime runtime(*stage);
+    forms::Runtime runtime(stage);
     runtime.Run(StandardCode::Main);
     return 0;
 }

@@ -4,6 +4,7 @@
 //
 //   answer <caption>       waits for a message box and presses its button
 //   open-all               opens all notes through the control panel and waits until they are shown
+//   hide                   hides the main window, as a user does who leaves the program to itself
 //   children <title>       counts the child windows of a window
 //   close <title>          closes a window that ends its program; the milliseconds until it has
 //   ended type <title> <keys>    opens a minimised note and types so many letters into the middle
@@ -97,6 +98,13 @@ void OpenAll() {
     main.Send(WM_NULL);
 }
 
+void Hide() {
+    const Window main = WaitFor("Jotwright");
+    WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });
+    main.Button("&Hide Me").Click();
+    WaitUntil("it is hidden", [&] { return !main.IsVisible(); });
+}
+
 void Close(const std::string& title) {
     const Window window = WaitFor(title);
     DWORD id = 0;
@@ -142,6 +150,8 @@ int Run(const std::vector<std::string>& arguments) {
         Answer(arguments[1]);
     } else if (command == "open-all" && arguments.size() == 1) {
         OpenAll();
+    } else if (command == "hide" && arguments.size() == 1) {
+        Hide();
     } else if (command == "children" && arguments.size() == 2) {
         std::printf("%zu\n", WaitFor(arguments[1]).Children().size());
     } else if (command == "close" && arguments.size() == 2) {

@@ -43,6 +43,9 @@ class FileSystem {
     // The files (not folders) of a folder whose names end in suffix (letters of either case),
     // in the listing's own order. Empty where the folder does not exist.
     virtual std::vector<FileEntry> List(const std::string& folder, const std::string& suffix) = 0;
+    // The file's name as the disk has it, whatever letters the path writes it with; the path's own
+    // where there is no such file.
+    virtual std::string NameOnDisk(const std::string& path) = 0;
     virtual std::string Read(const std::string& path) = 0;
     // Creates or truncates, writes all bytes and flushes them to the medium.
     virtual void WriteThrough(const std::string& path, const std::string& bytes) = 0;

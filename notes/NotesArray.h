@@ -19,8 +19,9 @@ void EnsureNotesFolder();
 
 // Rebuilds NotesArray and NoteCount from the note files, then raises NotesArrayLoaded. A file with
 // too few fields goes to the Recycle Bin and ends the listing. Any other error is shown in a box,
-// behind which timers run, and leaves NoteCount as it was.
-void LoadNotesArray();
+// behind which timers run, and leaves NoteCount as it was. True when every listed note was loaded:
+// doing it again at once would change nothing.
+bool LoadNotesArray();
 
 // The note of a file that the listing of the notes folder gave, from what LoadNotesArray remembers
 // where the file has not changed since. Raises the errors of NoteFile::Read.

@@ -104,8 +104,10 @@ void frmViewNotes::DesignButtons() {
 void frmViewNotes::Form_Load() {
     icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
     lstNotes.items = std::vector<std::string>{};
-    FillList();
-    StandardCode::LoadNotesArray();
+    // Once more where a damaged note had to go first.
+    if (!FillList()) {
+        StandardCode::LoadNotesArray();
+    }
     ShowLimit();
     if (lstNotes.items().empty()) {
         EnableActions(false);
@@ -122,16 +124,16 @@ void frmViewNotes::ShowLimit() {
     cmdNew.enabled = !full;
 }
 
-void frmViewNotes::FillList() {
-    StandardCode::LoadNotesArray();
+bool frmViewNotes::FillList() {
+    const bool isComplete = StandardCode::LoadNotesArray();
     ListNotes();
+    return isComplete;
 }
 
 void frmViewNotes::ListNotes() {
     std::vector<forms::ListView::Row> rows;
     std::set<std::string> keys;
-    for (const forms::FileEntry& file :
-         forms::Machine().files->List(StandardCode::NotesFolder(), ".txt")) {
+    for (const forms::FileEntry& file : Shared().NotesListing) {
         try {
             forms::ListView::Row row = RowOf(StandardCode::ReadListedNote(file));
             // Two files may hold the same title.

@@ -35,7 +35,8 @@ class frmViewNotes : public forms::Form {
 
   private:
     void DesignButtons();
-    void FillList();
+    // Whether all notes could be loaded.
+    bool FillList();
     void ListNotes();
     void SelectTitle(const std::string& title);
     void EnableActions(bool enable);

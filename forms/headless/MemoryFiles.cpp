@@ -100,6 +100,7 @@ void MemoryFiles::MakeFolder(const std::string& path) {
 
 std::vector<FileEntry> MemoryFiles::List(const std::string& folder, const std::string& suffix) {
     std::vector<FileEntry> entries;
+    ++listings;
     if (!FolderExists(folder)) {
         return entries;
     }
@@ -114,6 +115,11 @@ std::vector<FileEntry> MemoryFiles::List(const std::string& folder, const std::s
         }
     }
     return entries;
+}
+
+std::string MemoryFiles::NameOnDisk(const std::string& path) {
+    const Node* node = FileExists(path) ? Find(Place(path).key) : nullptr;
+    return node != nullptr ? node->name : path.substr(path.find_last_of('\\') + 1);
 }
 
 std::string MemoryFiles::Read(const std::string& path) {

@@ -31,6 +31,7 @@ class MemoryFiles : public FileSystem {
     bool FileExists(const std::string& path) override;
     void MakeFolder(const std::string& path) override;
     std::vector<FileEntry> List(const std::string& folder, const std::string& suffix) override;
+    std::string NameOnDisk(const std::string& path) override;
     std::string Read(const std::string& path) override;
     void WriteThrough(const std::string& path, const std::string& bytes) override;
     void Replace(const std::string& from, const std::string& to) override;
@@ -43,6 +44,8 @@ class MemoryFiles : public FileSystem {
     void PutFile(const std::string& path, const std::string& bytes);
     void Remove(const std::string& path);
     std::optional<std::string> Peek(const std::string& path) const;
+    // How often the program has listed a folder.
+    int Listings() const { return listings; }
     // Names of all files of a folder, as they are written on the disk.
     std::vector<std::string> Names(const std::string& folder) const;
 
@@ -99,6 +102,7 @@ class MemoryFiles : public FileSystem {
 
     std::map<std::string, Node> nodes;  // by upper-case path
     std::int64_t clock = 0;
+    int listings = 0;
     std::optional<std::uint64_t> freeSpace;
     bool hasRecycleBin = true;
     std::vector<std::string> recycled;

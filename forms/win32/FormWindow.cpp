@@ -219,7 +219,12 @@ void FormWindow::Doom() {
     ReleaseOwned();
     Part();
     doomed = true;
-    DestroyIfDoomed();
+    // It is hidden; the rest has time. When the program is just ending, that never comes: the
+    // system takes all windows of a process faster than they could be destroyed one by one.
+    if (::PostMessageW(state.utility, UtilityWindow::destroyMessage, 0,
+                       reinterpret_cast<LPARAM>(handle)) == 0) {
+        DestroyIfDoomed();
+    }
 }
 
 // From here on the form's window is none of the form's business.

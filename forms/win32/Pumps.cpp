@@ -17,6 +17,9 @@ namespace {
 
 // Keys that move the focus, press the default button or belong to a control's caption.
 bool IsForForm(MSG& message) {
+    if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) {
+        return false;
+    }
     HWND root = message.hwnd != nullptr ? ::GetAncestor(message.hwnd, GA_ROOT) : nullptr;
     return root != nullptr && FormWindow::From(root) != nullptr &&
            ::IsDialogMessageW(root, &message) != 0;

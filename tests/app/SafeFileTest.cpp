@@ -217,6 +217,7 @@ TEST_F(SafeFileTest, ErrorOfTheSavePassesOnEvenWhereTheTemporaryFileStays) {
         std::vector<forms::FileEntry> List(const std::string& f, const std::string& s) override {
             return inner.List(f, s);
         }
+        std::string NameOnDisk(const std::string& p) override { return inner.NameOnDisk(p); }
         std::string Read(const std::string& p) override { return inner.Read(p); }
         void WriteThrough(const std::string& p, const std::string& bytes) override {
             inner.WriteThrough(p, bytes);

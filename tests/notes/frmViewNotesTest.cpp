@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "notes/NotesArray.h"
 #include "notes/frmViewNotes.h"
 #include "tests/notes/ViewNotesProgram.h"
 
@@ -265,6 +266,47 @@ TEST_F(ViewNotes, AFileThatCannotBeDeletedIsReported) {
     ExpectNothingSelected();
     user->Click(Panel().cmdRemove);
     EXPECT_TRUE(files.Peek(folder + "\\Milk.txt").has_value());
+}
+
+TEST_F(ViewNotes, OpeningThePanelListsTheFolderOnce) {
+    PutMany(100);
+    Start([] { StandardCode::LoadNotesArray(); });
+    const int before = files.Listings();
+    files.ClearLog();
+    Open();
+    EXPECT_EQ(files.Listings() - before, 1);
+    EXPECT_EQ(files.Log(), std::vector<std::string>{});
+    EXPECT_EQ(Titles().size(), 100U);
+}
+
+TEST_F(ViewNotes, SavingWithThePanelOpenListsTheFolderOnceAndReadsOneFile) {
+    PutMany(100);
+    Open();
+    const int before = files.Listings();
+    files.ClearLog();
+    StandardCode::NoteRecord changed = Note("Note 1050", "1");
+    Start([&changed] {
+        StandardCode::SaveNoteFile(StandardCode::NotePath(changed.Title), changed);
+        StandardCode::LoadNotesArray();
+    });
+    EXPECT_EQ(files.Listings() - before, 1);
+    for (const std::string& entry : files.Log()) {
+        EXPECT_TRUE(entry.starts_with("replace ") || entry.starts_with("write ") ||
+                    entry == "read " + folder + "\\Note 1050.txt")
+            << entry;
+    }
+    EXPECT_EQ(Panel().lvwNotes.Rows()[49].texts[2], "5/14/2004 9:30:00 AM");
+}
+
+TEST_F(ViewNotes, SavingWhatTheFileHoldsReadsOneFile) {
+    PutMany(100);
+    Open();
+    files.ClearLog();
+    Start([] {
+        StandardCode::SaveNoteFile(StandardCode::NotePath("Note 1050"), Note("Note 1050"));
+        StandardCode::LoadNotesArray();
+    });
+    EXPECT_EQ(files.Log(), std::vector<std::string>{"read " + folder + "\\Note 1050.txt"});
 }
 
 }  // namespace

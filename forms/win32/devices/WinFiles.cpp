@@ -131,6 +131,17 @@ std::vector<FileEntry> WinFiles::List(const std::string& folder, const std::stri
     return entries;
 }
 
+std::string WinFiles::NameOnDisk(const std::string& path) {
+    WIN32_FIND_DATAW data{};
+    HANDLE first = ::FindFirstFileExW(NativePath(path).c_str(), FindExInfoBasic, &data,
+                                      FindExSearchNameMatch, nullptr, 0);
+    if (first == INVALID_HANDLE_VALUE) {
+        return path.substr(path.find_last_of('\\') + 1);
+    }
+    ::FindClose(first);
+    return Narrow(data.cFileName);
+}
+
 std::string WinFiles::Read(const std::string& path) {
     const std::wstring native = NativePath(path);
     const Handle file(::CreateFileW(native.c_str(), GENERIC_READ, shareAll, nullptr, OPEN_EXISTING,

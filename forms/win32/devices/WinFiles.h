@@ -14,6 +14,7 @@ class WinFiles : public FileSystem {
     void MakeFolder(const std::string& path) override;
     // Files whose names no other operation would take are left out.
     std::vector<FileEntry> List(const std::string& folder, const std::string& suffix) override;
+    std::string NameOnDisk(const std::string& path) override;
     std::string Read(const std::string& path) override;
     void WriteThrough(const std::string& path, const std::string& bytes) override;
     // Waits up to a tenth of a second for another program to let go of either file.

@@ -39,6 +39,12 @@ using Formatter = int(WINAPI*)(LCID, DWORD, const SYSTEMTIME*, const wchar_t*, w
 // Empty where the system cannot tell, as for dates that the user's calendar does not have.
 std::wstring Formatted(Formatter formatter, DWORD flags, const SYSTEMTIME& time,
                        const wchar_t* format) {
+    wchar_t usual[128];
+    const int length = formatter(LOCALE_USER_DEFAULT, flags, &time, format, usual,
+                                 static_cast<int>(std::size(usual)));
+    if (length > 0) {
+        return std::wstring(usual);
+    }
     const int size = formatter(LOCALE_USER_DEFAULT, flags, &time, format, nullptr, 0);
     if (size <= 0) {
         return {};

@@ -117,6 +117,12 @@ TEST_F(WinFilesTest, ListKnowsTheWholeSuffixInEitherCase) {
     EXPECT_EQ(files.List(folder / "a.txt", ".txt").size(), 0U);
 }
 
+TEST_F(WinFilesTest, NameOnDiskHasTheLettersOfTheDisk) {
+    files.WriteThrough(folder / "Shopping.txt", "x");
+    EXPECT_EQ(files.NameOnDisk(folder / "SHOPPING.TXT"), "Shopping.txt");
+    EXPECT_EQ(files.NameOnDisk(folder / "Other.TXT"), "Other.TXT");
+}
+
 TEST_F(WinFilesTest, ListTellsSizeAndTimeOfChange) {
     files.WriteThrough(note, "12345");
     const FileEntry first = files.List(folder.Path(), ".txt").at(0);

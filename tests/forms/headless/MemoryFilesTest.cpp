@@ -57,6 +57,12 @@ TEST_F(MemoryFilesTest, ListingTellsSizeAndChange) {
     EXPECT_GT(files.List("C:\\App\\Notes", ".txt").at(0).changed, before.changed);
 }
 
+TEST_F(MemoryFilesTest, NameOnDiskHasTheLettersOfTheDisk) {
+    files.PutFile("C:\\App\\Notes\\Shopping.txt", "x");
+    EXPECT_EQ(files.NameOnDisk("C:\\app\\notes\\SHOPPING.TXT"), "Shopping.txt");
+    EXPECT_EQ(files.NameOnDisk("C:\\App\\Notes\\other.TXT"), "other.TXT");
+}
+
 TEST_F(MemoryFilesTest, RefusesNamesAsWindowsDoes) {
     for (const char* name : {"a*", "a?", "a\"", "a<", "a>", "a|", "a:b", "con", "CON.txt",
                              "nul.tar.txt", "Com1", "lpt9.x", "a\tb", " ", "..."}) {
