@@ -53,8 +53,11 @@ void frmMain::Form_Initialize() {
 
 void frmMain::ConnectEvents() {
     auto& events = StandardCode::Events();
-    events.NotesArrayLoaded.Subscribe(
-        [this] { EnableNoteCreation(Shared().NoteCount < StandardCode::maximumNotes); });
+    events.NotesArrayLoaded.Subscribe([this] {
+        if (Shared().NoteCount < StandardCode::maximumNotes) {
+            EnableNoteCreation(true);
+        }
+    });
     events.MaximumReached.Subscribe([this] { EnableNoteCreation(false); });
     events.BelowMaximum.Subscribe([this] { EnableNoteCreation(true); });
     events.FocusNoteTitle.Subscribe([this] {

@@ -363,3 +363,63 @@ TEST_F(FaultTest, AnErrorAtAnyStepIsReportedAndCostsNothing) {
         FailAtEachStep(operation, outcome);
     });
 }
+
+// Faults that last until somebody sees to them, as the user meets them.
+TEST_F(FaultTest, WhatLastsIsReportedAtEachSaveAndTheSaveAfterItWorks) {
+    struct Condition {
+        const char* name;
+        std::function<void()> begin;
+        std::function<void()> end;
+        std::string report;  // empty: the program sees to it itself
+    };
+    const std::string folder = testing_support::applicationFolder + "\\Notes";
+    const std::string path = NoteFile("Dentist");
+    const std::vector<Condition> conditions{
+        {"full disk", [&] { files.SetFreeSpace(0); }, [&] { files.SetFreeSpace(std::nullopt); },
+         "61 - Disk full"},
+        {"note open in another program, or no right to it", [&] { files.SetDenied(path, true); },
+         [&] { files.SetDenied(path, false); }, "70 - Permission denied"},
+        {"read-only note", [&] { files.SetReadOnly(path, true); },
+         [&] { files.SetReadOnly(path, false); }, "75 - Path/File access error"},
+        {"read-only medium", [&] { files.SetReadOnly(folder, true); },
+         [&] { files.SetReadOnly(folder, false); }, "75 - Path/File access error"},
+        {"no right to the folder", [&] { files.SetDenied(folder, true); },
+         [&] { files.SetDenied(folder, false); }, "70 - Permission denied"},
+        {"folder gone",
+         [&] {
+             for (const std::string& name : files.Names(folder)) {
+                 files.Remove(folder + '\\' + name);
+             }
+             files.Remove(folder);
+         },
+         [] {}, ""},
+    };
+    const Operation save{"save", [this] { TypeAndWait(); }, [] {}};
+    for (const Condition& condition : conditions) {
+        for (const bool closes : {false, true}) {
+            SCOPED_TRACE(std::string(condition.name) + (closes ? ", closing" : ", toolbar"));
+            Prepare(save);
+            const auto act = [&] {
+                if (closes) {
+                    user->CloseBox(Editor("Dentist"));
+                } else {
+                    user->Click(Editor("Dentist").tlbMain, "Save");
+                }
+            };
+            condition.begin();
+            for (int times = 1; times <= 2 && !condition.report.empty(); ++times) {
+                const std::size_t boxes = stage->Boxes().size();
+                act();
+                ASSERT_EQ(stage->Boxes().size(), boxes + 1);
+                EXPECT_EQ(stage->Boxes().back().caption, saveErrors);
+                EXPECT_EQ(stage->Boxes().back().text, condition.report);
+                EXPECT_EQ(Editor("Dentist").txtNote.text(), "brand new");
+            }
+            condition.end();
+            act();
+            StandardCode::NoteRecord saved;
+            NoteFile::Decode(files.Peek(path).value_or(""), saved);
+            EXPECT_EQ(saved.Text, "brand new");
+        }
+    }
+}

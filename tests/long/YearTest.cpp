@@ -206,7 +206,7 @@ class YearTest : public testing_support::WholeProgram {
 }  // namespace
 
 TEST_F(YearTest, EverySecondIsSeenOnceAndEachAlarmRingsOnce) {
-    const auto days = static_cast<int>(long_tests::Scaled(3, 366));
+    const auto days = static_cast<int>(long_tests::Scaled(2, 366));
     PutSpecialAlarms();
     StartQuietly();
     AnswerBoxes();

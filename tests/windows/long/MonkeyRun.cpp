@@ -197,6 +197,9 @@ void MonkeyRun::ExpectAnswer() {
 }
 
 void MonkeyRun::ExpectWholeNotes() {
+    if (!FolderExists(folder + "\\Notes")) {
+        return;
+    }
     for (const std::string& name : FileNames(folder + "\\Notes")) {
         if (name.ends_with(".txt")) {
             const auto bytes = WholeFile(folder + "\\Notes\\" + name);
