@@ -37,6 +37,7 @@ void LoadSlot(int slot, const forms::FileEntry& file, Parsed& before, Parsed& pa
         parsed.insert(std::move(known));
         return;
     }
+    record = NoteRecord{};
     NoteFile::Decode(forms::Machine().files->Read(NotesFolder() + '\\' + file.name), record);
     parsed[file.name] = {file.size, file.changed, record};
 }
@@ -60,6 +61,8 @@ bool LoadSlots(NextSlot& slot) {
             LoadSlot(slot.number, file, before, Shared().ParsedNotes);
         } catch (const forms::RuntimeError& error) {
             if (!(error == forms::ErrorNumber::InputPastEndOfFile)) {
+                // What could be read of it stays: its title is taken.
+                ++slot.number;
                 throw;
             }
             forms::Machine().files->Recycle(NotesFolder() + '\\' + file.name);
