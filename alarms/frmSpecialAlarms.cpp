@@ -90,6 +90,7 @@ void frmSpecialAlarms::DesignRow(std::size_t row) {
     lblNum[row].caption = number;
     lblNum[row].Place(numberLeft, place + Grid::labelInField, 360, Grid::lineHeight);
     chkEnabled[row].caption = "Enabled";
+    chkEnabled[row].accessibleName = "Enabled " + number;
     chkEnabled[row].Place(enabledLeft, place, enabledWidth, Grid::fieldHeight);
     chkEnabled[row].Click = [this] { Row_Change(); };
     cboDays[row].items = dayNames;

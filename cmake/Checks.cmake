@@ -18,7 +18,7 @@ jotwright_add_check(check.shell 60 shellcheck -x run test .ci/run scripts/lib.sh
                     scripts/check-format scripts/check-help scripts/gallery scripts/install-packages
                     scripts/check-hardening scripts/layout-app scripts/long-run
                     scripts/make-installer scripts/package scripts/run-fuzzer
-                    scripts/run-windows-tests scripts/test-package)
+                    scripts/run-windows-tests scripts/run-windows32-tests scripts/test-package)
 jotwright_add_check(check.tidy 1500 "${scripts}/check-tidy" "${PROJECT_BINARY_DIR}")
 # Long and using both processors: it starts first and nothing runs beside it.
 set_tests_properties(check.tidy PROPERTIES COST 1000 PROCESSORS 2)

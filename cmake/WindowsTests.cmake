@@ -36,7 +36,7 @@ target_include_directories(spare_windows PRIVATE "${PROJECT_SOURCE_DIR}/assets"
 target_link_libraries(spare_windows PRIVATE jotwright_core win32)
 if(driver_sources)
     jotwright_add_windows_tests(windows_driver ${driver_sources})
-    target_link_libraries(windows_driver PRIVATE win32 gdiplus)
+    target_link_libraries(windows_driver PRIVATE win32 gdiplus oleacc oleaut32)
 endif()
 
 # What takes long on the real program, with what the driver's tests are made of.
@@ -46,5 +46,5 @@ if(windows_long_sources)
     list(FILTER driver_support EXCLUDE REGEX "/[A-Za-z]+Test\\.cpp$")
     jotwright_add_windows_tests(windows_long ${windows_long_sources} ${driver_support}
                                 "${PROJECT_SOURCE_DIR}/tests/windows/DriverTest.cpp")
-    target_link_libraries(windows_long PRIVATE win32 gdiplus)
+    target_link_libraries(windows_long PRIVATE win32 gdiplus oleacc oleaut32)
 endif()

@@ -73,6 +73,9 @@ class Control : public Observed {
     // Name that a screen reader speaks where the control has no caption and no label before it.
     std::string accessibleName;
 
+    // The menu key opens the menu of the form instead of the control's own. Set in Design only.
+    bool leavesMenuKey = false;
+
     MouseHandler MouseUp;
 
     void Place(int newLeft, int newTop, int newWidth, int newHeight);

@@ -256,6 +256,7 @@ class Toolbar : public Control {
     };
     Property<std::vector<Button>> buttons{*this, Aspect::Items};
     std::function<void(const std::string& key)> ButtonClick;
+    bool CanHaveFocus() const override { return true; }
 };
 
 }  // namespace forms

@@ -6,6 +6,28 @@
 
 namespace forms {
 
+namespace {
+
+bool CanTakeFocus(const Control& control) {
+    return control.CanHaveFocus() && control.IsEffectivelyVisible() &&
+           control.IsEffectivelyEnabled();
+}
+
+template <class Matches>
+CommandButton* FindButton(const std::vector<Control*>& controls, Matches matches) {
+    for (Control* control : controls) {
+        if (control->kind == ControlKind::CommandButton && CanTakeFocus(*control)) {
+            auto& button = static_cast<CommandButton&>(*control);
+            if (matches(button)) {
+                return &button;
+            }
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace
+
 Form::Form(const char* className) : name(className) {}
 
 Form::~Form() = default;
@@ -186,16 +208,58 @@ void Form::PopupMenu(Menu& menu) {
 }
 
 Control* Form::ActiveControl() const {
-    if (activeControl != nullptr) {
+    if (activeControl != nullptr && CanTakeFocus(*activeControl)) {
         return activeControl;
     }
-    for (Control* control : TabOrder()) {
-        if (control->CanHaveFocus() && control->IsEffectivelyVisible() &&
-            control->IsEffectivelyEnabled()) {
-            return control;
-        }
+    std::vector<Control*> order = TabOrder();
+    if (const auto before = std::find(order.begin(), order.end(), activeControl);
+        before != order.end()) {
+        std::rotate(order.begin(), before, order.end());
     }
-    return nullptr;
+    const auto next = std::find_if(order.begin(), order.end(),
+                                   [this](const Control* control) { return IsTabStop(*control); });
+    return next == order.end() ? nullptr : *next;
+}
+
+void Form::MoveFocusOn() {
+    if (activeControl == nullptr) {
+        return;
+    }
+    Control* now = ActiveControl();
+    if (now != nullptr && now != activeControl) {
+        activeControl = now;
+        Runtime::Current().stage.FocusMoved(*now);
+    }
+}
+
+bool Form::IsTabStop(const Control& control) const {
+    if (!CanTakeFocus(control)) {
+        return false;
+    }
+    if (control.kind != ControlKind::OptionButton) {
+        return true;
+    }
+    const Control* stop = nullptr;
+    for (const Control* other : TabOrder()) {
+        if (other->kind != ControlKind::OptionButton || other->container != control.container ||
+            !CanTakeFocus(*other)) {
+            continue;
+        }
+        if (static_cast<const OptionButton*>(other)->value()) {
+            stop = other;
+            break;
+        }
+        stop = stop == nullptr ? other : stop;
+    }
+    return stop == &control;
+}
+
+CommandButton* Form::DefaultButton() const {
+    return FindButton(controls, [](const CommandButton& button) { return button.isDefault(); });
+}
+
+CommandButton* Form::CancelButton() const {
+    return FindButton(controls, [](const CommandButton& button) { return button.isCancel(); });
 }
 
 std::vector<Control*> Form::TabOrder() const {

@@ -95,10 +95,17 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     const std::vector<Control*>& Controls() const { return controls; }
     const std::vector<Menu*>& Menus() const { return menus; }  // top-level, in order
     const std::vector<Timer*>& Timers() const { return timers; }
-    // What has the focus while the form is active: what was given it, else the first that can.
+    // What has the focus while the form is active: what was given it; where that cannot be used,
+    // the next that the Tab key stops at; the first of these where nothing was given it.
     Control* ActiveControl() const;
     // The controls in the order of the Tab key, frames and labels included.
     std::vector<Control*> TabOrder() const;
+    // Whether the Tab key stops at it: once in a group of option buttons, at the selected one, else
+    // at the first.
+    bool IsTabStop(const Control& control) const;
+    // The button that Enter (from what is no button) and Escape press; null where none can be used.
+    CommandButton* DefaultButton() const;
+    CommandButton* CancelButton() const;
 
     // Inner size in twips, as the stage shows the form.
     int ScaleWidth() const;
@@ -135,6 +142,8 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     enum class State { Created, Loading, Loaded, Asking, Unloading, Unloaded };
 
     void BecomeVisible();
+    // The focus goes on from what was hidden or disabled.
+    void MoveFocusOn();
     void EndModal();
     void Discard();
 

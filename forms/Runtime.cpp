@@ -138,6 +138,9 @@ void Runtime::Wait(const std::function<void()>& pump) {
 }
 
 void Runtime::Settle() {
+    if (const auto active = activeForm.lock(); active && active->IsLoaded()) {
+        active->MoveFocusOn();
+    }
     std::vector<std::weak_ptr<Form>> toShow;
     toShow.swap(dirty);
     for (const auto& weak : toShow) {

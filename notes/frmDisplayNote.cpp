@@ -81,6 +81,8 @@ void frmDisplayNote::Design() {
     lblNoteText.fontSize = 12;
     lblNoteText.toolTip = "Right Click Above Lines To Access Menu";
     lblNoteText.accessibleName = "Note";
+    // Nothing else here can have the focus: the window's menu would be out of the keyboard's reach.
+    lblNoteText.leavesMenuKey = true;
     lblNoteText.Place(margin, textTop, 4440, 2820);
 
     tmrSoundAlarm.interval = 1000;

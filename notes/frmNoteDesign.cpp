@@ -16,6 +16,7 @@ constexpr const char* hideDateTime = "Hide &System Date/Time";
 using Grid::buttonHeight;
 using Grid::gap;
 using Grid::margin;
+constexpr int lastTab = 100;
 constexpr int toolbarHeight = 480;
 // The pictures in its buttons stand above the edge of the text.
 constexpr int toolbarPlace = 60;
@@ -79,6 +80,8 @@ void frmNote::Design() {
 
 void frmNote::DesignToolbar() {
     tlbMain.accessibleName = "Note";
+    // It stands above the text, which has the focus first: the Tab key comes to it from the end.
+    tlbMain.tabIndex = lastTab;
     tlbMain.buttons = {
         {"Save", "Click To Save This Note", "tb_save"},
         {"Erase", "Click To Erase This Note", "tb_kill"},

@@ -88,6 +88,7 @@ void frmViewNotes::DesignButtons() {
     cmdNew.caption = "&New";
     cmdNew.Click = [this] { cmdNew_Click(); };
     cmdEdit.caption = "&Edit";
+    cmdEdit.isDefault = true;
     cmdEdit.Click = [this] { cmdEdit_Click(); };
     cmdRemove.caption = "&Erase";
     cmdRemove.Click = [this] { cmdRemove_Click(); };
@@ -257,6 +258,7 @@ void frmViewNotes::cmdRemove_Click() {
             EraseNote(title);
         }
         EnableActions(false);
+        lvwNotes.SetFocus();
     } catch (const forms::RuntimeError&) {
         forms::MsgBox("Please Select A File To Remove.", {.icon = forms::BoxIcon::Critical},
                       "Error Occured Removing Note");

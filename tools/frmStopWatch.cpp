@@ -36,6 +36,7 @@ void frmStopWatch::Design() {
     cmdSave.Place(2940, 1185, Grid::buttonWidth, Grid::buttonHeight);
     cmdSave.Click = [this] { cmdSave_Click(); };
     cmdClose.caption = "&Close";
+    cmdClose.isCancel = true;
     cmdClose.Place(4320, 1185, Grid::buttonWidth, Grid::buttonHeight);
     cmdClose.Click = [this] { cmdClose_Click(); };
 
@@ -96,6 +97,10 @@ void frmStopWatch::cmdSave_Click() {
                           .texts = {"", "   #" + std::to_string(SaveCount), lblTime.caption}});
     ShowSaveCount();
     TimeSaved = true;
+    if (cmdSave.HasFocus()) {
+        // The next run is what follows, not the end of all.
+        cmdStart.SetFocus();
+    }
     cmdSave.enabled = false;
     mnuFileSave.enabled = false;
 }

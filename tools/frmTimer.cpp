@@ -11,6 +11,7 @@ void frmTimer::Design() {
     innerWidth = 4380;
     innerHeight = 2865;
 
+    fraTimeLeft.accessibleName = "Time Left";
     fraTimeLeft.Place(Grid::margin, Grid::margin, 4020, 1485);
     lblTime.fontSize = 12;
     lblTime.PlaceIn(fraTimeLeft, Grid::frameSide, 315, 3660, 990);
@@ -30,6 +31,7 @@ void frmTimer::Design() {
     cmdStop.Place(1560, 2310, Grid::buttonWidth, Grid::buttonHeight);
     cmdStop.Click = [this] { cmdStop_Click(); };
     cmdClose.caption = "&Close";
+    cmdClose.isCancel = true;
     cmdClose.Place(2940, 2310, Grid::buttonWidth, Grid::buttonHeight);
     cmdClose.Click = [this] { cmdClose_Click(); };
     txtMinutes.tabIndex = 0;

@@ -53,6 +53,7 @@ class User {
     // Keys go to the active form.
     void PressEnter();
     void PressEscape();
+    void PressMenuKey();
     void Tab();
     // Alt and a letter.
     void AccessKey(Form& form, char letter);
@@ -65,7 +66,6 @@ class User {
     bool BringUp(Form& form);
     bool TakeFocus(Control& control);
     Form* FormWithKeyboard(const std::string& what);
-    void PressMarked(const std::string& what, Form& form, bool enter);
 
     HeadlessStage& stage;
     RecordedTray& tray;

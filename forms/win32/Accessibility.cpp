@@ -15,6 +15,8 @@ constexpr GUID servicesInterface{
     0x6e26e776, 0x04f0, 0x495d, {0x80, 0xe4, 0x33, 0x30, 0x35, 0x2e, 0x31, 0x69}};
 constexpr GUID nameProperty{
     0x608d3df8, 0x8128, 0x4aa7, {0xa4, 0x28, 0xf5, 0x5e, 0x49, 0x26, 0x72, 0x91}};
+constexpr GUID roleProperty{
+    0xcb905ff2, 0x7bd1, 0x4c05, {0xb3, 0xc8, 0xe6, 0xc2, 0x41, 0x36, 0x4d, 0x70}};
 
 // Kept until the process ends.
 IAccPropServices* Services() {
@@ -34,6 +36,16 @@ void SetAccessibleName(HWND control, const std::string& name) {
     if (IAccPropServices* services = Services(); services != nullptr) {
         services->SetHwndPropStr(control, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
                                  nameProperty, Wide(name).c_str());
+    }
+}
+
+void MarkAsGraphic(HWND control) {
+    if (IAccPropServices* services = Services(); services != nullptr) {
+        VARIANT role{};
+        role.vt = VT_I4;
+        role.lVal = ROLE_SYSTEM_GRAPHIC;
+        services->SetHwndProp(control, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, roleProperty,
+                              role);
     }
 }
 

@@ -10,4 +10,7 @@ namespace forms::win32 {
 // nothing about what they are for. Does nothing where the system has no such service.
 void SetAccessibleName(HWND control, const std::string& name);
 
+// A screen reader is to speak of a picture.
+void MarkAsGraphic(HWND control);
+
 }  // namespace forms::win32

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "forms/AccessKeys.h"
 #include "forms/Gestures.h"
 #include "forms/Runtime.h"
 #include "forms/win32/Drawing.h"
@@ -94,7 +95,7 @@ std::optional<LRESULT> FormWindow::OnLiveMessage(UINT message, WPARAM wParam, LP
             menus.Refresh(reinterpret_cast<HMENU>(wParam));
             return std::nullopt;
         case DM_GETDEFID: {
-            const CommandButton* button = FindDefault(false);
+            const CommandButton* button = form->DefaultButton();
             const Peer* peer = button != nullptr ? PeerOf(*button) : nullptr;
             return peer == nullptr ? 0 : MAKELRESULT(::GetDlgCtrlID(peer->handle), DC_HASDEFID);
         }
@@ -176,8 +177,12 @@ void FormWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
         peer->OnCommand(HIWORD(wParam));
         return;
     }
-    if (id == IDOK || id == IDCANCEL) {
-        PressDefault(id == IDCANCEL);
+    if (id == IDOK) {
+        gestures::PressEnter(*form);
+        return;
+    }
+    if (id == IDCANCEL) {
+        gestures::PressEscape(*form);
         return;
     }
     for (const auto& peer : peers) {
@@ -202,6 +207,22 @@ void FormWindow::OnNextControl(WPARAM wParam, LPARAM lParam) {
     if (target != nullptr) {
         ::SetFocus(target);
     }
+}
+
+bool FormWindow::FollowSharedKey(wchar_t letter) {
+    if (!IsLive() || letter > 0x7F) {
+        return false;
+    }
+    const auto targets = AccessKeyTargets(*form, static_cast<char>(letter));
+    const Peer* peer = targets.size() > 1 ? PeerOf(*targets.front()) : nullptr;
+    if (peer == nullptr || peer->handle == nullptr) {
+        return false;
+    }
+    const bool before = state.movingFocus;
+    state.movingFocus = true;
+    ::SetFocus(peer->handle);
+    state.movingFocus = before;
+    return true;
 }
 
 std::optional<LRESULT> FormWindow::OnNotify(NMHDR& header) {
@@ -295,31 +316,12 @@ void FormWindow::OnMinMaxInfo(MINMAXINFO& info) const {
     info.ptMinTrackSize.y = std::max<LONG>(info.ptMinTrackSize.y, Pixels(form->minimumHeight));
 }
 
-CommandButton* FormWindow::FindDefault(bool cancel) const {
-    for (Control* control : form->Controls()) {
-        if (control->kind == ControlKind::CommandButton) {
-            auto& button = static_cast<CommandButton&>(*control);
-            if ((cancel ? button.isCancel : button.isDefault) && button.IsEffectivelyVisible() &&
-                button.IsEffectivelyEnabled()) {
-                return &button;
-            }
-        }
-    }
-    return nullptr;
-}
-
-void FormWindow::PressDefault(bool cancel) {
-    if (CommandButton* button = FindDefault(cancel); button != nullptr) {
-        gestures::Click(*button);
-    }
-}
-
 void FormWindow::MarkDefaultButton(const Peer* focused) {
     const Control* marked = nullptr;
     if (focused != nullptr && focused->control.kind == ControlKind::CommandButton) {
         marked = &focused->control;
     } else {
-        marked = FindDefault(false);
+        marked = form->DefaultButton();
     }
     for (const auto& peer : peers) {
         if (peer->handle == nullptr || peer->control.kind != ControlKind::CommandButton) {

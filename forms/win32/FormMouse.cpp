@@ -95,16 +95,10 @@ void FormWindow::OpenMenuByKeyboard() {
     if (focused != nullptr) {
         area = focused->Area();
     }
-    const POINT center{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
-    POINT place = center;
+    POINT place{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
     ::ClientToScreen(handle, &place);
     state.menuPlace = place;
-    if (focused != nullptr && focused->control.MouseUp) {
-        gestures::MouseUp(focused->control, rightButton, Twips(center.x - area.left),
-                          Twips(center.y - area.top));
-    } else {
-        gestures::MouseUp(*form, rightButton, Twips(center.x), Twips(center.y));
-    }
+    gestures::PressMenuKey(*form);
     state.menuPlace.reset();
 }
 

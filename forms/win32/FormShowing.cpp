@@ -102,18 +102,56 @@ void FormWindow::ApplyBounds() {
         ::SetWindowPos(handle, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
         return;
     }
-    // Where the window will be when it is restored; counted from the work area.
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
     ::GetWindowPlacement(handle, &placement);
+    const POINT origin = PlacementOrigin();
+    placement.rcNormalPosition = RECT{left, top, left + width, top + height};
+    ::OffsetRect(&placement.rcNormalPosition, -origin.x, -origin.y);
+    if (!IsShown()) {
+        placement.showCmd = SW_HIDE;
+    } else if (::IsIconic(handle) != 0) {
+        placement.showCmd = SW_SHOWMINNOACTIVE;
+    }
+    ::SetWindowPlacement(handle, &placement);
+}
+
+// Where the window will be when it is restored.
+RECT FormWindow::RestoredPlace() const {
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    ::GetWindowPlacement(handle, &placement);
+    const POINT origin = PlacementOrigin();
+    ::OffsetRect(&placement.rcNormalPosition, origin.x, origin.y);
+    return placement.rcNormalPosition;
+}
+
+// A restored place is counted from the work area.
+POINT FormWindow::PlacementOrigin() const {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
     ::GetMonitorInfoW(::MonitorFromWindow(handle, MONITOR_DEFAULTTONEAREST), &monitor);
-    RECT& normal = placement.rcNormalPosition;
-    normal = RECT{left, top, left + width, top + height};
-    ::OffsetRect(&normal, monitor.rcMonitor.left - monitor.rcWork.left,
-                 monitor.rcMonitor.top - monitor.rcWork.top);
-    ::SetWindowPlacement(handle, &placement);
+    return {monitor.rcWork.left - monitor.rcMonitor.left,
+            monitor.rcWork.top - monitor.rcMonitor.top};
+}
+
+void FormWindow::ComeIntoReach() {
+    if (!IsLive()) {
+        return;
+    }
+    RECT place{};
+    ::GetWindowRect(handle, &place);
+    if (::IsIconic(handle) != 0 || ::IsZoomed(handle) != 0) {
+        place = RestoredPlace();
+    }
+    if (placing::IsReachable(place, SystemMetric(SM_CYCAPTION, dpi))) {
+        return;
+    }
+    const RECT back = placing::OnScreen(place);
+    const Applying applying(state);
+    form->left.Adopt(Twips(back.left));
+    form->top.Adopt(Twips(back.top));
+    ApplyBounds();
 }
 
 void FormWindow::ShowOrHide() {

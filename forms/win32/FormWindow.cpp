@@ -365,24 +365,9 @@ void FormWindow::ApplyToControl(Control& control, Aspect aspect) {
             tips.Update(*peer);
         }
     }
-    MoveFocusOn();
     if (aspect != Aspect::Bounds) {
         MarkDefaultButton(PeerOf(::GetFocus()));
     }
-}
-
-// A control that was hidden or shut off would keep the keyboard to itself.
-void FormWindow::MoveFocusOn() {
-    HWND focus = ::GetFocus();
-    const Peer* peer = PeerOf(focus);
-    if (peer == nullptr ||
-        (peer->control.IsEffectivelyVisible() && peer->control.IsEffectivelyEnabled())) {
-        return;
-    }
-    HWND next = ::GetNextDlgTabItem(handle, focus, FALSE);
-    state.movingFocus = true;
-    ::SetFocus(next != nullptr && next != focus ? next : handle);
-    state.movingFocus = false;
 }
 
 void FormWindow::ApplyToMenu(Menu& menu, Aspect aspect) {

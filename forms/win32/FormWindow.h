@@ -73,6 +73,8 @@ class FormWindow {
     void Doom();
     void DestroyIfDoomed();
     void UserSettingsChanged();
+    // The monitors have changed: a window out of the user's reach comes back onto one.
+    void ComeIntoReach();
 
     Peer* PeerOf(const Control& control) const;
     Peer* PeerOf(HWND child) const;
@@ -93,6 +95,9 @@ class FormWindow {
     void InvalidateSurface(const RECT& area);
     // The default button is drawn as one, or the push button that has the focus.
     void MarkDefaultButton(const Peer* focused);
+    // Leads the focus on where several captions have this access key; the system would press one of
+    // them. False where it is for the system.
+    bool FollowSharedKey(wchar_t letter);
     // The right-button menu of what has the focus was asked for by keyboard.
     void OpenMenuByKeyboard();
 
@@ -113,6 +118,8 @@ class FormWindow {
     // A window is made at the resolution of the system; what shows it may have another one.
     void AdaptToMonitor();
     void ApplyBounds();
+    RECT RestoredPlace() const;
+    POINT PlacementOrigin() const;
     void ApplyIcon();
     void Show();
     void Hide();
@@ -126,7 +133,6 @@ class FormWindow {
     void LayoutControls();
     void Rescale(int newDpi, const RECT& suggested);
     void RestoreInnerSize();
-    void MoveFocusOn();
 
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -140,8 +146,6 @@ class FormWindow {
     void OnSize(WPARAM kind);
     void OnMinMaxInfo(MINMAXINFO& info) const;
     void ReportPlace();
-    void PressDefault(bool cancel);
-    CommandButton* FindDefault(bool cancel) const;
 
     void OnMouseMove(WPARAM wParam, LPARAM lParam);
     void OnMouseUp(int button, LPARAM lParam);

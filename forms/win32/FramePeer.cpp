@@ -20,7 +20,11 @@ class FramePeer : public SurfacePeer {
     FramePeer(FormWindow& formWindow, Frame& peerFrame)
         : SurfacePeer(formWindow, peerFrame), frame(peerFrame) {}
 
-    void Create() override { CreateNative(WC_BUTTONW, frame.caption, BS_GROUPBOX); }
+    void Create() override {
+        // The text of the native one is seen by tools only.
+        const std::string& caption = frame.caption();
+        CreateNative(WC_BUTTONW, caption.empty() ? frame.accessibleName : caption, BS_GROUPBOX);
+    }
 
     void Apply(Aspect aspect) override {
         if (aspect == Aspect::Caption) {

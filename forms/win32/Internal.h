@@ -20,6 +20,8 @@ HWND WindowOf(Form& form);
 
 // Called when the desktop's shell has started anew and its notification area is empty.
 inline std::function<void()> onTaskbarCreated;
+// Called when there are other monitors, or they have another size or scale.
+inline std::function<void()> onDisplayChange;
 
 }  // namespace win32
 }  // namespace forms

@@ -25,7 +25,7 @@ class ListViewPeer : public Peer {
     ListViewPeer& operator=(const ListViewPeer&) = delete;
 
     void Create() override {
-        CreateNative(WC_LISTVIEWW, std::string(),
+        CreateNative(WC_LISTVIEWW, listView.accessibleName,
                      WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_OWNERDATA |
                          LVS_NOSORTHEADER,
                      WS_EX_CLIENTEDGE);

@@ -30,8 +30,12 @@ struct AllDevices {
 
     AllDevices() {
         onTaskbarCreated = [this] { tray.AddAgain(); };
+        onDisplayChange = [this] { tray.FollowScale(); };
     }
-    ~AllDevices() { onTaskbarCreated = nullptr; }
+    ~AllDevices() {
+        onTaskbarCreated = nullptr;
+        onDisplayChange = nullptr;
+    }
     AllDevices(const AllDevices&) = delete;
     AllDevices& operator=(const AllDevices&) = delete;
 };

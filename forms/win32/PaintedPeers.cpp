@@ -1,12 +1,15 @@
 #include <windows.h>
+#include <commctrl.h>
 
 #include <algorithm>
 
+#include "forms/win32/Accessibility.h"
 #include "forms/win32/Drawing.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Images.h"
 #include "forms/win32/PaintedPeer.h"
 #include "forms/win32/Peers.h"
+#include "forms/win32/SurfacePeer.h"
 
 namespace forms::win32 {
 
@@ -18,10 +21,32 @@ void PaintedPeer::Layout() {
 
 namespace {
 
-class ImagePeer : public PaintedPeer {
+// Painted with the form's surface. One that has a name also has a native window, which shows what
+// is painted below it: without one a screen reader would not find it.
+class ImagePeer : public SurfacePeer {
   public:
     ImagePeer(FormWindow& formWindow, Image& peerImage)
-        : PaintedPeer(formWindow, peerImage), image(peerImage) {}
+        : SurfacePeer(formWindow, peerImage), image(peerImage) {}
+
+    void Create() override {
+        shown = Area();
+        if (!image.accessibleName.empty()) {
+            CreateNative(WC_STATICW, image.accessibleName, SS_NOPREFIX);
+            MarkAsGraphic(handle);
+        }
+    }
+
+    void Apply(Aspect aspect) override {
+        SurfacePeer::Apply(aspect);
+        window.InvalidateSurface(shown);
+    }
+
+    void Layout() override {
+        window.InvalidateSurface(shown);
+        shown = Area();
+        window.InvalidateSurface(shown);
+        SurfacePeer::Layout();
+    }
 
     void Paint(HDC dc) override {
         if (!image.picture().path.empty()) {
@@ -31,9 +56,13 @@ class ImagePeer : public PaintedPeer {
         }
     }
 
+  protected:
+    void PaintOver(HDC /*dc*/, const RECT& /*inside*/) override {}
+
   private:
     Image& image;
     images::View view;
+    RECT shown{};  // where it was painted
 };
 
 class ShapePeer : public PaintedPeer {

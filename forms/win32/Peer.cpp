@@ -128,7 +128,7 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
             }
             return std::nullopt;
         case WM_CONTEXTMENU:
-            if (lParam == -1 && control.MouseUp) {
+            if (lParam == -1 && (control.MouseUp || control.leavesMenuKey)) {
                 window.OpenMenuByKeyboard();
                 return 0;
             }

@@ -39,6 +39,15 @@ RECT MovedInto(const RECT& work, RECT place) {
 
 RECT OnScreen(RECT place) { return MovedInto(WorkAreaAt(place), place); }
 
+bool IsReachable(const RECT& place, int titleHeight) {
+    const RECT title{place.left, place.top, place.right, place.top + titleHeight};
+    const RECT work = WorkAreaAt(title);
+    RECT seen{};
+    ::IntersectRect(&seen, &title, &work);
+    const LONG leastWidth = std::min(place.right - place.left, 3L * titleHeight);
+    return seen.right - seen.left >= leastWidth && 2 * (seen.bottom - seen.top) >= titleHeight;
+}
+
 RECT Centered(SIZE size) {
     const RECT work = CurrentWorkArea();
     return MovedInto(work, PlaceAt({work.left + (work.right - work.left - size.cx) / 2,

@@ -14,5 +14,8 @@ RECT Centered(SIZE size);
 RECT Cascaded(SIZE size, int step, const std::vector<POINT>& taken);
 // Moved so that it lies on a monitor; the upper left corner has precedence.
 RECT OnScreen(RECT place);
+// Whether the user can take hold of a window there: enough of its title bar, which is so high, lies
+// on a monitor.
+bool IsReachable(const RECT& place, int titleHeight);
 
 }  // namespace forms::win32::placing

@@ -15,13 +15,28 @@ namespace forms::win32::pumps {
 
 namespace {
 
+// A letter with Alt, or without it where what has the focus takes no letters.
+bool IsAccessKey(MSG& message) {
+    if (message.message != WM_CHAR) {
+        return message.message == WM_SYSCHAR;
+    }
+    const LRESULT code = ::SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam,
+                                        reinterpret_cast<LPARAM>(&message));
+    return (code & (DLGC_WANTCHARS | DLGC_WANTMESSAGE)) == 0;
+}
+
 // Keys that move the focus, press the default button or belong to a control's caption.
 bool IsForForm(MSG& message) {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) {
         return false;
     }
     HWND root = message.hwnd != nullptr ? ::GetAncestor(message.hwnd, GA_ROOT) : nullptr;
-    return root != nullptr && FormWindow::From(root) != nullptr &&
+    FormWindow* window = root != nullptr ? FormWindow::From(root) : nullptr;
+    if (window == nullptr) {
+        return false;
+    }
+    return (IsAccessKey(message) &&
+            window->FollowSharedKey(static_cast<wchar_t>(message.wParam))) ||
            ::IsDialogMessageW(root, &message) != 0;
 }
 

@@ -1,6 +1,8 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <cwctype>
+
 #include "forms/Gestures.h"
 #include "forms/win32/Drawing.h"
 #include "forms/win32/Fonts.h"
@@ -12,7 +14,10 @@ namespace forms::win32 {
 
 namespace {
 
-constexpr WPARAM controlA = 1;  // the character that Ctrl+A types
+// The characters that Ctrl+A and Ctrl+Backspace type. Older systems select nothing on the one, and
+// insert the other.
+constexpr WPARAM controlA = 1;
+constexpr WPARAM controlBackspace = 0x7F;
 
 class TextBoxPeer : public Peer {
   public:
@@ -83,7 +88,13 @@ class TextBoxPeer : public Peer {
                     ::SendMessageW(handle, EM_SETSEL, 0, -1);
                     return 0;
                 }
-                return std::nullopt;
+                return wParam == controlBackspace ? std::optional<LRESULT>(0) : std::nullopt;
+            case WM_KEYDOWN:
+                if (wParam == VK_BACK && ::GetKeyState(VK_CONTROL) < 0) {
+                    DeleteWordBefore();
+                    return 0;
+                }
+                return Peer::OnMessage(message, wParam, lParam);
             case WM_SETTEXT: {
                 const LRESULT result = Default(message, wParam, lParam);
                 // Boxes of several lines do not report a text that a tool has set.
@@ -116,6 +127,30 @@ class TextBoxPeer : public Peer {
         SetCaption(textBox.text());
         settingText = false;
         UpdateScrollBar();
+    }
+
+    void DeleteWordBefore() {
+        if (textBox.readOnly) {
+            return;
+        }
+        DWORD start = 0;
+        DWORD end = 0;
+        ::SendMessageW(handle, EM_GETSEL, reinterpret_cast<WPARAM>(&start),
+                       reinterpret_cast<LPARAM>(&end));
+        if (start == end) {
+            std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(handle)) + 1, L'\0');
+            text.resize(static_cast<std::size_t>(
+                ::GetWindowTextW(handle, text.data(), static_cast<int>(text.size()))));
+            const auto isSpace = [&](DWORD at) { return ::iswspace(text[at]) != 0; };
+            while (start > 0 && isSpace(start - 1)) {
+                --start;
+            }
+            while (start > 0 && !isSpace(start - 1)) {
+                --start;
+            }
+            ::SendMessageW(handle, EM_SETSEL, start, static_cast<LPARAM>(end));
+        }
+        ::SendMessageW(handle, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L""));
     }
 
     // The Tab key leaves a box of several lines, and coming back does not select a whole note,

@@ -33,9 +33,9 @@ ToolbarPeer::ToolbarPeer(FormWindow& formWindow, Toolbar& peerToolbar)
 ToolbarPeer::~ToolbarPeer() { ::ImageList_Destroy(pictures); }
 
 void ToolbarPeer::Create() {
-    CreateNative(TOOLBARCLASSNAMEW, std::string(),
-                 TBSTYLE_FLAT | TBSTYLE_TRANSPARENT | TBSTYLE_TOOLTIPS | CCS_NOPARENTALIGN |
-                     CCS_NORESIZE | CCS_NODIVIDER);
+    CreateNative(TOOLBARCLASSNAMEW, toolbar.accessibleName,
+                 WS_TABSTOP | TBSTYLE_FLAT | TBSTYLE_TRANSPARENT | TBSTYLE_TOOLTIPS |
+                     CCS_NOPARENTALIGN | CCS_NORESIZE | CCS_NODIVIDER);
     ::SendMessageW(handle, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     // The texts of the buttons are for screen readers only.
     ::SendMessageW(handle, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
@@ -97,6 +97,76 @@ void ToolbarPeer::ShowButtons() {
     ::SendMessageW(handle, TB_ADDBUTTONSW, native.size(), reinterpret_cast<LPARAM>(native.data()));
     Layout();
     Redraw();
+}
+
+// The native control knows some of these keys, but not on every system.
+std::optional<LRESULT> ToolbarPeer::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_GETDLGCODE: {
+            const auto* key = reinterpret_cast<const MSG*>(lParam);
+            const bool isEnter =
+                key != nullptr && key->message == WM_KEYDOWN && key->wParam == VK_RETURN;
+            return DLGC_WANTARROWS | (isEnter ? DLGC_WANTMESSAGE : 0);
+        }
+        case WM_SETFOCUS: {
+            const auto result = Peer::OnMessage(message, wParam, lParam);
+            if (window.IsLive()) {
+                MarkFrom(marked, 1);
+            }
+            return result;
+        }
+        case WM_KILLFOCUS:
+            ShowMark(-1);
+            return std::nullopt;
+        case WM_KEYDOWN:
+            return OnKey(wParam) ? std::optional<LRESULT>(0) : std::nullopt;
+        default:
+            return Peer::OnMessage(message, wParam, lParam);
+    }
+}
+
+bool ToolbarPeer::OnKey(WPARAM key) {
+    const auto count = static_cast<int>(toolbar.buttons().size());
+    switch (key) {
+        case VK_LEFT:
+        case VK_UP:
+            MarkFrom(marked - 1, -1);
+            return true;
+        case VK_RIGHT:
+        case VK_DOWN:
+            MarkFrom(marked + 1, 1);
+            return true;
+        case VK_HOME:
+            MarkFrom(0, 1);
+            return true;
+        case VK_END:
+            MarkFrom(count - 1, -1);
+            return true;
+        case VK_RETURN:
+        case VK_SPACE:
+            if (marked < count) {
+                Press(baseId + marked);
+            }
+            return true;
+        default:
+            return false;
+    }
+}
+
+void ToolbarPeer::MarkFrom(int place, int step) {
+    const auto count = static_cast<int>(toolbar.buttons().size());
+    for (int tries = 0; tries < count; ++tries, place += step) {
+        const int at = (place + count) % count;
+        if (ButtonOf(baseId + at).enabled) {
+            marked = at;
+            ShowMark(at);
+            return;
+        }
+    }
+}
+
+void ToolbarPeer::ShowMark(int place) const {
+    ::SendMessageW(handle, TB_SETHOTITEM, static_cast<WPARAM>(place), 0);
 }
 
 bool ToolbarPeer::HasButton(int id) const {

@@ -28,7 +28,15 @@ class ToolbarPeer : public Peer {
     void Press(int id);
     void GiveTip(NMTTDISPINFOW& request);
 
+  protected:
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
   private:
+    bool OnKey(WPARAM key);
+    // Marks the next button that can be used from this place on, going by step, as the one that the
+    // keyboard presses.
+    void MarkFrom(int place, int step);
+    void ShowMark(int place) const;
     void ShowButtons();
     int ButtonPixels() const;
     const Toolbar::Button& ButtonOf(int id) const;
@@ -37,6 +45,7 @@ class ToolbarPeer : public Peer {
     int baseId = firstId;
     HIMAGELIST pictures = nullptr;
     std::wstring tip;  // that is shown just now
+    int marked = 0;    // place of the button that the keyboard presses
 };
 
 }  // namespace forms::win32

@@ -9,6 +9,7 @@
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/GdiPlus.h"
 #include "forms/win32/Internal.h"
+#include "forms/win32/Placing.h"
 
 namespace forms::win32 {
 
@@ -27,6 +28,20 @@ void FollowWallClock() {
     }
 }
 
+// The system's boxes; the forms know themselves where they are.
+BOOL CALLBACK BringBoxIntoReach(HWND window, LPARAM /*data*/) {
+    RECT place{};
+    ::GetWindowRect(window, &place);
+    const bool isBox = FormWindow::From(window) == nullptr && ::IsWindowVisible(window) != 0 &&
+                       (::GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+    if (isBox && !placing::IsReachable(place, ::GetSystemMetrics(SM_CYCAPTION))) {
+        const RECT back = placing::OnScreen(place);
+        ::SetWindowPos(window, nullptr, back.left, back.top, 0, 0,
+                       SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    return TRUE;
+}
+
 }  // namespace
 
 UtilityWindow::UtilityWindow(StageState& stageState) : state(stageState) {
@@ -43,6 +58,8 @@ UtilityWindow::UtilityWindow(StageState& stageState) : state(stageState) {
     window = ::CreateWindowExW(WS_EX_TOOLWINDOW, className, L"", WS_POPUP, 0, 0, 0, 0, nullptr,
                                nullptr, ::GetModuleHandleW(nullptr), nullptr);
     ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    // The shell has lower rights than a program that was started as administrator.
+    ::ChangeWindowMessageFilterEx(window, taskbarCreated, MSGFLT_ALLOW, nullptr);
 }
 
 UtilityWindow::~UtilityWindow() {
@@ -85,7 +102,10 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return TRUE;
         case WM_ENDSESSION:
             if (wParam != FALSE && RuntimeRuns()) {
+                // Where saving takes long, the system tells the user what it waits for.
+                ::ShutdownBlockReasonCreate(window, L"The open notes are being saved.");
                 gestures::EndSession();
+                ::ShutdownBlockReasonDestroy(window);
             }
             return 0;
         case WM_TIMECHANGE:
@@ -96,7 +116,13 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
                 FollowWallClock();
             }
             return TRUE;
+        case WM_DISPLAYCHANGE:
+            OnDisplayChange();
+            return 0;
         case WM_SETTINGCHANGE:
+            if (wParam == SPI_SETWORKAREA) {
+                OnDisplayChange();
+            }
             if (wParam == SPI_SETNONCLIENTMETRICS) {
                 fonts::Forget();
                 for (FormWindow* form : state.windows) {
@@ -111,6 +137,17 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
                 onTaskbarCreated();
             }
             return ::DefWindowProcW(window, message, wParam, lParam);
+    }
+}
+
+void UtilityWindow::OnDisplayChange() {
+    const std::vector<FormWindow*> windows = state.windows;
+    for (FormWindow* form : windows) {
+        form->ComeIntoReach();
+    }
+    ::EnumThreadWindows(::GetCurrentThreadId(), &BringBoxIntoReach, 0);
+    if (onDisplayChange) {
+        onDisplayChange();
     }
 }
 

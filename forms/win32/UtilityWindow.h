@@ -10,8 +10,8 @@
 namespace forms::win32 {
 
 // A hidden window that hears what concerns the program as a whole: the one native timer, the end of
-// the session, a changed clock, a new shell. Top-level, as broadcasts reach no other window. It
-// also owns the windows that are to have no button in the task bar.
+// the session, a changed clock, other monitors, a new shell. Top-level, as broadcasts reach no
+// other window. It also owns the windows that are to have no button in the task bar.
 class UtilityWindow {
   public:
     // lParam: a form's window that can be destroyed now.
@@ -28,6 +28,7 @@ class UtilityWindow {
   private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    void OnDisplayChange();
 
     StageState& state;
     HWND window = nullptr;

@@ -238,6 +238,51 @@ TEST_F(Events, EnterAndEscapePressTheirButtons) {
     EXPECT_EQ(Take(), Lines{"cancel"});
 }
 
+TEST_F(Events, EscapeClosesADialogThatHasNoButtonForIt) {
+    using namespace forms_under_test;
+    auto& dialog = Default<frmSecond>();
+    dialog.borderStyle = BorderStyle::Dialog;
+    const auto pin = dialog.shared_from_this();
+    Start([&dialog] { dialog.Show(); });
+    stand->PressEscape();
+    EXPECT_FALSE(pin->IsLoaded());
+    EXPECT_TRUE(Form().IsLoaded());
+}
+
+TEST_F(Events, TheFocusGoesOnWhenAHandlerHasDisabledWhatHadIt) {
+    Start([] { Form().cmdOk.SetFocus(); });
+    Form().cmdOk.Click = [] {
+        Form().cmdOk.enabled = false;
+        Form().cmdCancel.enabled = false;
+        Form().cmdCancel.enabled = true;
+    };
+    stand->PressEnter();
+    EXPECT_TRUE(Form().cmdCancel.HasFocus());
+    stand->PressEnter();
+    EXPECT_EQ(Take(), Lines{"cancel"});
+    Start([] { Form().cmdCancel.visible = false; });
+    stand->PressAccessKey(Form(), 'd');
+    EXPECT_EQ(Take(), Lines{"sound 1"});
+}
+
+TEST_F(Events, TheMenuKeyOpensTheMenuOfTheRightButton) {
+    Form().optBlue.MouseUp = [](int button, int, int) {
+        if (button == rightButton) {
+            Form().PopupMenu(Form().mnuPop);
+        }
+    };
+    Form().mnuHide.Click = [] { Form().chkSound.value = 1; };
+    Start([] {
+        Form().optBlue.value = true;
+        Form().optBlue.SetFocus();
+    });
+    Take();
+    stand->ExpectPopup(Form().mnuPop, &Form().mnuHide);
+    stand->PressMenuKey();
+    PumpUntil([] { return Form().chkSound.value == 1; });
+    EXPECT_EQ(Take(), Lines{"sound 1"});
+}
+
 TEST_F(Events, AccessKeysPressButtonsAndLeadFromLabelsToWhatFollows) {
     Start([] { Form().cmdCancel.SetFocus(); });
     stand->PressAccessKey(Form(), 'n');
@@ -246,6 +291,24 @@ TEST_F(Events, AccessKeysPressButtonsAndLeadFromLabelsToWhatFollows) {
     stand->PressAccessKey(Form(), 'o');
     stand->PressAccessKey(Form(), 'd');
     EXPECT_EQ(Take(), (Lines{"ok", "sound 1"}));
+}
+
+TEST_F(Events, AnAccessKeyOfSeveralCaptionsGoesFromOneToTheNext) {
+    Start([] {
+        Form().cmdCancel.caption = "Cl&ose";
+        Form().txtName.SetFocus();
+    });
+    stand->PressAccessKey(Form(), 'o');
+    EXPECT_TRUE(Form().cmdOk.HasFocus());
+    stand->PressAccessKey(Form(), 'o');
+    EXPECT_TRUE(Form().cmdCancel.HasFocus());
+    stand->PressAccessKey(Form(), 'O');
+    EXPECT_TRUE(Form().cmdOk.HasFocus());
+    EXPECT_EQ(Take(), Lines{});
+    // One that cannot be used does not count.
+    Start([] { Form().cmdOk.enabled = false; });
+    stand->PressAccessKey(Form(), 'o');
+    EXPECT_EQ(Take(), Lines{"cancel"});
 }
 
 TEST_F(Events, AnErrorThatNobodyTrapsIsReportedAndEndsTheProgramInOrder) {

@@ -45,6 +45,7 @@ class Stand {
     virtual void PressTab() = 0;
     virtual void PressEnter() = 0;
     virtual void PressEscape() = 0;
+    virtual void PressMenuKey() = 0;
     virtual void PressAccessKey(forms::Form& form, char letter) = 0;
     // The script runs while the user holds the title bar.
     virtual void Drag(forms::Form& form, const Script& during) = 0;

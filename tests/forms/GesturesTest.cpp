@@ -189,6 +189,60 @@ TEST_F(GesturesTest, EnterAndEscapePressTheMarkedButtons) {
     EXPECT_EQ(Form().txtBody.text(), lineBreak);
 }
 
+TEST_F(GesturesTest, EscapeClosesADialogThatHasNoButtonForIt) {
+    Form().cmdCancel.isCancel = false;
+    Form().borderStyle = BorderStyle::Dialog;
+    const auto pin = Form().shared_from_this();
+    user->PressEscape();
+    EXPECT_FALSE(pin->IsLoaded());
+}
+
+TEST_F(GesturesTest, KeysPressOnlyButtonsThatCanBeUsed) {
+    Form().cmdOk.enabled = false;
+    Form().cmdCancel.visible = false;
+    gestures::PressEnter(Form());
+    gestures::PressEscape(Form());
+    EXPECT_EQ(Take(), Events{});
+    EXPECT_TRUE(Form().IsLoaded());
+}
+
+TEST_F(GesturesTest, TheMenuKeyIsTheRightButtonOverWhatHasTheFocus) {
+    Form().txtBody.MouseUp = [](int button, int, int) {
+        Form().events.push_back("body " + std::to_string(button));
+    };
+    Form().txtBody.SetFocus();
+    user->PressMenuKey();
+    Form().cmdOk.SetFocus();
+    user->PressMenuKey();
+    EXPECT_EQ(Take(), (Events{"body 2", "form 2"}));
+}
+
+TEST_F(GesturesTest, TheFocusGoesOnWhenAHandlerHasDisabledWhatHadIt) {
+    Form().cmdOk.SetFocus();
+    Form().cmdOk.Click = [] {
+        Form().cmdOk.enabled = false;
+        Form().cmdOther.enabled = false;
+        // Disabled for a moment only.
+        Form().cmdCancel.enabled = false;
+        Form().cmdCancel.enabled = true;
+    };
+    user->PressEnter();
+    EXPECT_TRUE(Form().cmdCancel.HasFocus());
+    Start([] { Form().cmdOk.enabled = true; });
+    EXPECT_TRUE(Form().cmdCancel.HasFocus());
+    Start([] { Form().cmdCancel.visible = false; });
+    EXPECT_TRUE(Form().chkSound.HasFocus());
+}
+
+TEST_F(GesturesTest, TheFocusFirstGoesToTheSelectedButtonOfAGroup) {
+    for (Control* control : Form().Controls()) {
+        control->enabled = control->kind == ControlKind::OptionButton;
+    }
+    EXPECT_EQ(Form().ActiveControl(), &Form().optRed);
+    Form().optBlue.value = true;
+    EXPECT_EQ(Form().ActiveControl(), &Form().optBlue);
+}
+
 TEST_F(GesturesTest, TabGoesRoundInOrderAndPassesWhatCannotHaveTheFocus) {
     Form().cmdOther.enabled = false;
     std::vector<std::string> visited;
@@ -197,8 +251,8 @@ TEST_F(GesturesTest, TabGoesRoundInOrderAndPassesWhatCannotHaveTheFocus) {
         user->Tab();
         visited.emplace_back(Form().ActiveControl()->name);
     }
-    EXPECT_EQ(visited, (Events{"txtBody", "cmdOk", "cmdCancel", "chkSound", "optColor", "txtName",
-                               "txtBody"}));
+    EXPECT_EQ(visited, (Events{"txtBody", "cmdOk", "cmdCancel", "chkSound", "optColor", "tlbTools",
+                               "txtName"}));
     EXPECT_EQ(Take(), Events{});
 }
 

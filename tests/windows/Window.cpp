@@ -15,14 +15,13 @@ namespace {
 
 constexpr UINT answerTimeout = 20000;  // milliseconds
 
-void PressKey(WORD key) {
-    INPUT keys[2]{};
-    for (INPUT& input : keys) {
-        input.type = INPUT_KEYBOARD;
-        input.ki.wVk = key;
-    }
-    keys[1].ki.dwFlags = KEYEVENTF_KEYUP;
-    ::SendInput(2, keys, sizeof(INPUT));
+INPUT KeyInput(WORD key, bool release) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = static_cast<WORD>(::MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = release ? DWORD{KEYEVENTF_KEYUP} : 0;
+    return input;
 }
 
 }  // namespace
@@ -39,11 +38,13 @@ POINT Window::ClientOrigin() const {
     return origin;
 }
 
-bool Window::HasFocus() const {
+bool Window::HasFocus() const { return Focus() == *this; }
+
+Window Window::Focus() const {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
-    return ::GetGUIThreadInfo(::GetWindowThreadProcessId(handle, nullptr), &info) != 0 &&
-           info.hwndFocus == handle;
+    ::GetGUIThreadInfo(::GetWindowThreadProcessId(handle, nullptr), &info);
+    return Window(info.hwndFocus);
 }
 
 // A window may go while it is looked at.
@@ -147,8 +148,19 @@ void Window::Type(const std::string& text) const {
 void Window::TypeKeys(const std::string& text) {
     for (const char character : text) {
         const SHORT key = ::VkKeyScanW(static_cast<unsigned char>(character));
-        PressKey(static_cast<WORD>(key & 0xFF));
+        PressKeys({static_cast<WORD>(key & 0xFF)});
     }
+}
+
+void Window::PressKeys(const std::vector<WORD>& virtualKeys) {
+    std::vector<INPUT> inputs;
+    for (auto key = virtualKeys.begin(); key != virtualKeys.end(); ++key) {
+        inputs.push_back(KeyInput(*key, false));
+    }
+    for (auto key = virtualKeys.rbegin(); key != virtualKeys.rend(); ++key) {
+        inputs.push_back(KeyInput(*key, true));
+    }
+    ::SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
 void Window::Key(WPARAM virtualKey) const {

@@ -30,6 +30,8 @@ class Window {
     }
     bool HasTitleBar() const { return (Style() & WS_CAPTION) == WS_CAPTION; }
     bool HasFocus() const;
+    // The control, or the window itself, that has the focus of this window's program.
+    Window Focus() const;
     LONG_PTR Style() const { return ::GetWindowLongPtrW(handle, GWL_STYLE); }
     RECT Place() const;          // on the screen
     POINT ClientOrigin() const;  // on the screen
@@ -57,6 +59,9 @@ class Window {
     void Type(const std::string& text) const;
     // Typed with the real keyboard, wherever the focus is. Letters, digits and blanks only.
     static void TypeKeys(const std::string& text);
+    // Real keys, wherever the focus is: pressed one after the other, released in the opposite
+    // order.
+    static void PressKeys(const std::vector<WORD>& virtualKeys);
     void Key(WPARAM virtualKey) const;
     void Close() const { Post(WM_CLOSE); }
 

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "forms/win32/Dpi.h"
 #include "forms/win32/Internal.h"
 #include "forms/win32/Utf.h"
 
@@ -39,10 +40,10 @@ std::string TipText(const std::string& tip) {
     }
 }
 
-HICON LoadSmallIcon(const std::string& path) {
-    return static_cast<HICON>(::LoadImageW(nullptr, Wide(path).c_str(), IMAGE_ICON,
-                                           ::GetSystemMetrics(SM_CXSMICON),
-                                           ::GetSystemMetrics(SM_CYSMICON), LR_LOADFROMFILE));
+// At the scale of the task bar, which may stand on any monitor.
+int IconPixels() {
+    HWND bar = ::FindWindowW(L"Shell_TrayWnd", nullptr);
+    return SystemMetric(SM_CXSMICON, bar != nullptr ? DpiOf(bar) : SystemDpi());
 }
 
 }  // namespace
@@ -55,7 +56,7 @@ WinTray::~WinTray() {
 
 bool WinTray::Add(const TrayRecord& record) {
     Entry entry{
-        record.owner, record.owner != nullptr ? WindowOf(*record.owner) : nullptr, record, {}};
+        record.owner, record.owner != nullptr ? WindowOf(*record.owner) : nullptr, record, {}, 0};
     if (entry.window == nullptr) {
         return false;
     }
@@ -63,7 +64,7 @@ bool WinTray::Add(const TrayRecord& record) {
     if (known != entries.end() && ::IsWindow(known->window) != 0) {
         return Notify(NIM_ADD, *known);
     }
-    entry.icon.reset(LoadSmallIcon(record.iconPath));
+    LoadIcon(entry);
     const bool added = Notify(NIM_ADD, entry);
     if (known != entries.end()) {
         *known = std::move(entry);
@@ -83,9 +84,28 @@ bool WinTray::Delete(const TrayRecord& record) {
     return deleted;
 }
 
+void WinTray::LoadIcon(Entry& entry) {
+    entry.iconPixels = IconPixels();
+    entry.icon.reset(
+        static_cast<HICON>(::LoadImageW(nullptr, Wide(entry.record.iconPath).c_str(), IMAGE_ICON,
+                                        entry.iconPixels, entry.iconPixels, LR_LOADFROMFILE)));
+}
+
+void WinTray::FollowScale() {
+    for (Entry& entry : entries) {
+        if (entry.iconPixels != IconPixels()) {
+            // The icon that is shown goes after the new one has come.
+            const auto before = std::move(entry.icon);
+            LoadIcon(entry);
+            Notify(NIM_MODIFY, entry);
+        }
+    }
+}
+
 void WinTray::AddAgain() {
-    for (const Entry& entry : entries) {
+    for (Entry& entry : entries) {
         if (::IsWindow(entry.window) != 0) {
+            LoadIcon(entry);
             Notify(NIM_ADD, entry);
         }
     }

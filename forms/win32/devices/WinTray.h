@@ -24,6 +24,8 @@ class WinTray : public Tray {
 
     // The notification area was made anew and has forgotten its icons.
     void AddAgain();
+    // The task bar may have another scale now: icons of another size are loaded.
+    void FollowScale();
 
   private:
     struct DestroyIconOf {
@@ -34,7 +36,9 @@ class WinTray : public Tray {
         HWND window;
         TrayRecord record;
         std::unique_ptr<std::remove_pointer_t<HICON>, DestroyIconOf> icon;
+        int iconPixels = 0;
     };
+    static void LoadIcon(Entry& entry);
     std::vector<Entry>::iterator Find(const TrayRecord& record);
     static bool Notify(DWORD message, const Entry& entry);
     std::vector<Entry> entries;

@@ -36,6 +36,7 @@ class HeadlessStand : public Stand {
     void PressTab() override { user.Tab(); }
     void PressEnter() override { user.PressEnter(); }
     void PressEscape() override { user.PressEscape(); }
+    void PressMenuKey() override { user.PressMenuKey(); }
     void PressAccessKey(Form& form, char letter) override { user.AccessKey(form, letter); }
     void Drag(Form& form, const Script& during) override {
         user.Drag(form, form.left, form.top, AfterStaying(during));

@@ -163,6 +163,7 @@ class Win32Stand : public Stand {
     void PressTab() override { PressKey(VK_TAB); }
     void PressEnter() override { PressKey(VK_RETURN); }
     void PressEscape() override { PressKey(VK_ESCAPE); }
+    void PressMenuKey() override { PressKey(VK_APPS); }
     void PressAccessKey(Form& form, char letter) override {
         if (FormWindow* target = Reach(form); target != nullptr) {
             constexpr LPARAM withAlt = LPARAM{1} << 29;

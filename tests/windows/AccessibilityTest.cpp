@@ -1,0 +1,126 @@
+#include <windows.h>
+#include <commctrl.h>
+#include <oleacc.h>
+
+#include <algorithm>
+
+#include "forms/win32/Utf.h"
+#include "tests/windows/Accessible.h"
+#include "tests/windows/DriverTest.h"
+#include "tests/windows/RemoteMemory.h"
+
+namespace driver {
+
+// What a screen reader can speak of. A name that the program gives to the system's accessibility
+// service is not told by Wine; which control is given which is tested with the models.
+class Accessibility : public DriverTest {
+  protected:
+    static void ExpectSpoken(const Window& window);
+};
+
+namespace {
+
+std::string WithoutAccessKey(std::string caption) {
+    std::erase(caption, '&');
+    return caption;
+}
+
+// The control's own text is what it holds, not what it is for.
+bool IsField(const std::string& className) {
+    return className == "Edit" || className == "ComboBox" || className == DATETIMEPICK_CLASSA;
+}
+
+bool Has(const Accessible& object, LONG state) { return (object.state & state) != 0; }
+
+}  // namespace
+
+void Accessibility::ExpectSpoken(const Window& window) {
+    const Accessible whole = AccessibleOf(window);
+    EXPECT_EQ(whole.name, window.Text());
+    Window before;
+    for (const Window& control : window.Children()) {
+        if (!control.IsVisible()) {
+            continue;
+        }
+        const std::string where = control.Description() + " in " + window.Description();
+        const std::string kind = control.ClassName();
+        const Accessible object = AccessibleOf(control);
+        EXPECT_NE(object.role, 0) << where;
+        EXPECT_EQ(Has(object, STATE_SYSTEM_UNAVAILABLE), !control.IsEnabled()) << where;
+        EXPECT_EQ(Has(object, STATE_SYSTEM_FOCUSED), control.HasFocus()) << where;
+        if (!IsField(kind)) {
+            EXPECT_NE(object.name, "") << where;
+            const std::string text = control.Text();
+            EXPECT_EQ(object.name, kind == "Button" ? WithoutAccessKey(text) : text) << where;
+        } else if (kind == "Edit" && before && before.ClassName() == "Static") {
+            EXPECT_EQ(object.name, before.Text()) << where;
+        }
+        before = control;
+    }
+}
+
+TEST_F(Accessibility, EveryWindowIsSpokenOf) {
+    WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-05#,#09:30:00#,1,12,\"1\",1,\"yes\"\r\n");
+    const Window main = StartProgram();
+    WaitUntil("the title box has the focus", [&] { return main.Only("Edit").HasFocus(); });
+    ExpectSpoken(main);
+    EXPECT_EQ(AccessibleOf(main.Only("Edit")).name, "Enter A Name For Your New Note.");
+    EXPECT_EQ(AccessibleOf(main.Child("Static", "Jotwright logo")).name, "Jotwright logo");
+
+    const std::pair<const char*, const char*> tools[] = {
+        {"S&pecial Alarms", "Special Alarms"},
+        {"&Timer", "Novelty Timer"},
+        {"&Stop Watch", "Novelty Stop Watch"},
+    };
+    for (const auto& [button, caption] : tools) {
+        main.Button(button).Click();
+        const Window tool = program.WaitFor(caption);
+        WaitUntilFilled(tool, "Button");
+        ExpectSpoken(tool);
+        CloseAndWait(tool);
+    }
+    const std::pair<MenuPath, const char*> entries[] = {
+        {barChooseAlarmSound, "Choose An Alarm"},
+        {barNoteOptions, "Note Options"},
+        {barAbout, "About Jotwright"},
+        {barShowTips, "Jotwright - Tips and Tricks"},
+    };
+    for (const auto& [path, caption] : entries) {
+        ChooseFromMenuBar(program, main, path);
+        const Window window = program.WaitFor(caption);
+        WaitUntilFilled(window, "Button");
+        ExpectSpoken(window);
+        CloseAndWait(window);
+        WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });
+    }
+    const Window panel = OpenPanel(main);
+    ExpectSpoken(panel);
+    EXPECT_EQ(AccessibleOf(panel.Only(listClass)).name, "Notes");
+    CloseAndWait(panel);
+
+    // An alarm and its sound are told in words, too.
+    const Window editor = OpenRestored("Dentist");
+    ExpectSpoken(editor);
+    for (const char* spoken : {" Alarm Set ", "Alarm Set", "Audio Alarm Set", "5, 2031"}) {
+        EXPECT_TRUE(editor.FindChild("", spoken)) << spoken;
+    }
+}
+
+TEST_F(Accessibility, TheToolbarsButtonsHaveNames) {
+    const Window editor = MakeNote(StartProgram(), "Dentist");
+    const Window toolbar = editor.Only(toolbarClass);
+    EXPECT_EQ(AccessibleOf(toolbar).name, "Note");
+    const char* const names[] = {"Save", "Erase", "Print", "Hide", "Help", "About"};
+    constexpr int firstButton = 2000;
+    constexpr std::size_t room = 64;
+    for (int i = 0; i < 6; ++i) {
+        const RemoteMemory text(toolbar, room * sizeof(wchar_t));
+        toolbar.Send(TB_GETBUTTONTEXTW, static_cast<WPARAM>(firstButton + i), text.Parameter());
+        wchar_t name[room]{};
+        text.Read(name, sizeof name);
+        name[room - 1] = L'\0';
+        EXPECT_EQ(forms::win32::Narrow(name), names[i]);
+    }
+}
+
+}  // namespace driver

@@ -1,0 +1,258 @@
+#include <windows.h>
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "tests/windows/DriverTest.h"
+
+namespace driver {
+
+// The windows under true key strokes, without a mouse.
+class Keyboard : public DriverTest {
+  protected:
+    // Waits until keys go to this window.
+    static void WaitForKeyboard(const Window& window);
+    // The next key is not pressed before the focus has moved on.
+    static void PressTab(const Window& window);
+    // Goes round with the Tab key and back to where it began: reaches everything, as one reads.
+    static void ExpectTabRound(const Window& window);
+    void ExpectMenuBy(const std::vector<WORD>& keys, const Window& window) const;
+    void ExpectMenu(const Window& window) const;
+    void CloseByEscape(const Window& window) const;
+};
+
+namespace {
+
+bool IsOptionButton(const Window& control) {
+    return control.ClassName() == "Button" && (control.Style() & BS_TYPEMASK) == BS_RADIOBUTTON;
+}
+
+bool IsInteractive(const Window& control) {
+    const std::string name = control.ClassName();
+    const bool isFrame = name == "Button" && (control.Style() & BS_TYPEMASK) == BS_GROUPBOX;
+    return control.IsVisible() && control.IsEnabled() && name != "Static" && !isFrame;
+}
+
+// Up or to the left, as nobody reads.
+bool GoesBack(const Window& from, const Window& to) {
+    const RECT before = from.Place();
+    const RECT next = to.Place();
+    return next.left < before.right && next.top < before.bottom;
+}
+
+}  // namespace
+
+void Keyboard::WaitForKeyboard(const Window& window) {
+    WaitUntil("the window has the keyboard", [&] {
+        const Window focus = window.Focus();
+        return ::GetForegroundWindow() == window.handle &&
+               (focus == window || (focus && focus.Parent() == window));
+    });
+}
+
+void Keyboard::PressTab(const Window& window) {
+    const Window before = window.Focus();
+    Window::PressKeys({VK_TAB});
+    WaitUntil("the focus moves on from " + before.Description(),
+              [&] { return window.Focus() && window.Focus() != before; });
+}
+
+void Keyboard::ExpectTabRound(const Window& window) {
+    WaitForKeyboard(window);
+    std::vector<Window> round{window.Focus()};
+    constexpr std::size_t most = 60;
+    for (;;) {
+        PressTab(window);
+        if (window.Focus() == round.front() || round.size() > most) {
+            break;
+        }
+        round.push_back(window.Focus());
+    }
+    EXPECT_LE(round.size(), most) << "the Tab key never comes back in " << window.Description();
+    for (const Window& control : window.Children()) {
+        // Of a group of option buttons it reaches one; the arrow keys go to the others.
+        if (IsInteractive(control) && !IsOptionButton(control)) {
+            EXPECT_EQ(std::count(round.begin(), round.end(), control), 1)
+                << control.Description() << " in " << window.Description();
+        }
+    }
+    std::string backward;
+    int timesBack = 0;
+    for (std::size_t i = 0; i < round.size(); ++i) {
+        const Window& next = round[(i + 1) % round.size()];
+        if (GoesBack(round[i], next)) {
+            ++timesBack;
+            backward += "\n  from " + round[i].Description() + " to " + next.Description();
+        }
+    }
+    EXPECT_LE(timesBack, 1) << window.Description() << backward;
+}
+
+void Keyboard::ExpectMenuBy(const std::vector<WORD>& keys, const Window& window) const {
+    WaitForKeyboard(window);
+    Window::PressKeys(keys);
+    WaitUntil("a menu opens in " + window.Description(),
+              [&] { return static_cast<bool>(program.OpenMenu()); });
+    Window::PressKeys({VK_ESCAPE});
+    WaitUntil("the menu closes", [&] { return !program.OpenMenu(); });
+}
+
+void Keyboard::ExpectMenu(const Window& window) const {
+    ExpectMenuBy({VK_SHIFT, VK_F10}, window);
+    ExpectMenuBy({VK_APPS}, window);
+}
+
+void Keyboard::CloseByEscape(const Window& window) const {
+    WaitForKeyboard(window);
+    Window::PressKeys({VK_ESCAPE});
+    WaitUntil("Escape closes the window", [&] { return !window.Exists(); });
+}
+
+TEST_F(Keyboard, TheMainWindowsAccessKeysOpenTheToolsAndEscapeClosesThem) {
+    const Window main = StartProgram();
+    ExpectTabRound(main);
+    const std::pair<WORD, const char*> tools[] = {
+        {'P', "Special Alarms"}, {'T', "Novelty Timer"}, {'S', "Novelty Stop Watch"}};
+    for (const auto& [key, caption] : tools) {
+        WaitForKeyboard(main);
+        Window::PressKeys({VK_MENU, key});
+        const Window tool = program.WaitFor(caption);
+        ExpectTabRound(tool);
+        CloseByEscape(tool);
+    }
+    // Two captions have this key: it leads from the one to the other, with Alt and without.
+    WaitForKeyboard(main);
+    Window::PressKeys({VK_MENU, 'C'});
+    WaitUntil("the focus moves", [&] { return main.Button("Start CooKoo &Clock").HasFocus(); });
+    Window::PressKeys({'C'});
+    WaitUntil("the focus moves on", [&] { return main.Button("Notes &Control Panel").HasFocus(); });
+    Window::PressKeys({VK_MENU, 'C'});
+    WaitUntil("the focus moves back",
+              [&] { return main.Button("Start CooKoo &Clock").HasFocus(); });
+    Window::PressKeys({VK_SPACE});
+    WaitUntil("the button is pressed",
+              [&] { return static_cast<bool>(main.FindChild("Button", "Stop CooKoo &Clock")); });
+    ExpectMenu(main);
+    Window::PressKeys({VK_MENU, VK_F4});
+    EXPECT_EQ(program.WaitForEnd(), 0U);
+}
+
+TEST_F(Keyboard, TheMenuBarOpensTheOtherWindows) {
+    const Window main = StartProgram();
+    const std::pair<std::vector<WORD>, const char*> entries[] = {
+        {{'T', 'P', 'C'}, "Choose An Alarm"},
+        {{'T', 'P', VK_DOWN, VK_RETURN}, "Note Options"},
+        {{'H', 'A'}, "About Jotwright"},
+        {{'H', 'S'}, "Jotwright - Tips and Tricks"},
+    };
+    for (const auto& [keys, caption] : entries) {
+        WaitForKeyboard(main);
+        Window::PressKeys({VK_F10});
+        for (const WORD key : keys) {
+            ::Sleep(50);  // a menu that just opens takes no key
+            Window::PressKeys({key});
+        }
+        const Window window = program.WaitFor(caption);
+        ExpectTabRound(window);
+        CloseByEscape(window);
+    }
+    EXPECT_EQ(Setting("Startup", "View Tips"), "1") << "Escape stores nothing";
+}
+
+TEST_F(Keyboard, ANoteIsMadeWrittenSavedAndClosed) {
+    const Window main = StartProgram();
+    WaitForKeyboard(main);
+    Window::TypeKeys("2004");
+    Window::PressKeys({VK_RETURN});
+    CloseByEscape(program.WaitFor(" Note Title Error"));
+    WaitForKeyboard(main);
+    EXPECT_TRUE(main.Only("Edit").HasFocus());
+    Window::PressKeys({VK_CONTROL, 'A'});
+    Window::TypeKeys("dentist");
+    Window::PressKeys({VK_RETURN});
+
+    const Window editor = program.WaitFor("dentist");
+    WaitUntilFilled(editor, "Edit");
+    WaitForKeyboard(editor);
+    const Window text = editor.Only("Edit");
+    EXPECT_TRUE(text.HasFocus());
+    ExpectMenu(editor);
+    Window::TypeKeys("call them");
+    Window::PressKeys({VK_RETURN});
+    Window::TypeKeys("soon");
+    WaitUntil("the text is typed", [&] { return text.Text() == "call them\r\nsoon"; });
+    Window::PressKeys({VK_CONTROL, VK_BACK});
+    WaitUntil("the word is deleted", [&] { return text.Text() == "call them\r\n"; });
+    Window::PressKeys({VK_CONTROL, 'A'});
+    Window::PressKeys({VK_DELETE});
+    WaitUntil("all is deleted", [&] { return text.Text().empty(); });
+    Window::PressKeys({VK_CONTROL, 'Z'});
+    WaitUntil("that is undone", [&] { return !text.Text().empty(); });
+
+    ExpectTabRound(editor);
+    Window::PressKeys({VK_SHIFT, VK_TAB});
+    const Window toolbar = editor.Only(toolbarClass);
+    WaitUntil("the toolbar has the focus", [&] { return toolbar.HasFocus(); });
+    ExpectMenu(editor);
+    Window::PressKeys({VK_END});
+    Window::PressKeys({VK_RETURN});
+    CloseByEscape(program.WaitFor("About Jotwright"));
+    WaitUntil("the toolbar has the focus", [&] { return toolbar.HasFocus(); });
+    Window::PressKeys({VK_RIGHT});
+    Window::PressKeys({VK_SPACE});
+    WaitUntil("a box says that the note is saved", [&] {
+        const auto boxes = program.Visible("", "#32770");
+        return !boxes.empty() && ::GetForegroundWindow() == boxes.front().handle;
+    });
+    EXPECT_TRUE(FileExists(NotePath("dentist")));
+    Window::PressKeys({VK_RETURN});
+    WaitForKeyboard(editor);
+    Window::PressKeys({VK_MENU, VK_F4});
+    WaitUntil("the editor closes", [&] { return !editor.Exists(); });
+}
+
+TEST_F(Keyboard, TheControlPanelIsWorkedFromItsList) {
+    WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n");
+    WriteNote("Shopping", "\"Shopping\",\"milk\",#2031-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n");
+    const Window main = StartProgram();
+    for (const char* title : {"Dentist", "Shopping"}) {
+        CloseAndWait(program.WaitFor(title));
+    }
+    const Window panel = OpenPanel(main);
+    WaitForKeyboard(panel);
+    const Window list = panel.Only(listClass);
+    EXPECT_TRUE(list.HasFocus());
+    Window::PressKeys({VK_DOWN});
+    WaitUntil("a row is selected", [&] {
+        return list.Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED) == 0;
+    });
+    ExpectTabRound(panel);
+    ExpectMenu(panel);
+    Window::PressKeys({VK_RETURN});
+    const Window editor = program.WaitFor("Dentist");
+    WaitUntilFilled(editor, "Edit");
+    CloseAndWait(editor);
+    CloseByEscape(program.WaitFor(panelCaption));
+}
+
+TEST_F(Keyboard, AnAlarmDisplayHasItsMenuAndKeepsItsText) {
+    WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+    StartProgram();
+    CloseAndWait(program.WaitFor("Dentist"));
+    Clock::Set("2031-06-02 09:29:58");
+    const Window display = program.WaitFor("Dentist");
+    WaitUntilFilled(display, "Edit");
+    WaitForKeyboard(display);
+    ExpectMenu(display);
+    Window::PressKeys({VK_ESCAPE});
+    Window::PressKeys({VK_APPS});
+    WaitUntil("a menu opens", [&] { return static_cast<bool>(program.OpenMenu()); });
+    EXPECT_TRUE(display.Exists()) << "Escape does not answer an alarm";
+    ::Sleep(100);
+    Window::PressKeys({VK_UP});
+    Window::PressKeys({VK_RETURN});
+    Box(program, displayQuestion).Press("No");
+    WaitUntil("the display closes", [&] { return !display.Exists(); });
+}
+
+}  // namespace driver
