@@ -8,6 +8,7 @@
 #include "notes/NoteFile.h"
 #include "notes/NotesArray.h"
 #include "notes/frmViewNotes.h"
+#include "tests/long/Scale.h"
 #include "tests/support/WholeProgram.h"
 
 // Everything that can go wrong at the disk, at every step of everything that writes there: the
@@ -81,7 +82,7 @@ class FaultTest : public testing_support::WholeProgram {
     }
 
     void TypeAndWait() {
-        TypeInto("Dentist", "brand new");
+        TypeInto("Dentist", newText);
         Advance(2000);
     }
 
@@ -114,15 +115,15 @@ class FaultTest : public testing_support::WholeProgram {
         const auto dentist = [this]() -> frmNote& { return Editor("Dentist"); };
         return {
             {"save by the toolbar", [this] { TypeAndWait(); },
-             [=, this] { user->Click(dentist().tlbMain, "Save"); }, "brand new"},
+             [=, this] { user->Click(dentist().tlbMain, "Save"); }, newText},
             {"save as the window closes", [this] { TypeAndWait(); },
-             [=, this] { user->CloseBox(dentist()); }, "brand new"},
+             [=, this] { user->CloseBox(dentist()); }, newText},
             {"save after the question",
              [this] {
                  TypeAndWait();
                  StandardCode::Shared().ControlPanelMode = true;
              },
-             [=, this] { user->CloseBox(dentist()); }, "brand new"},
+             [=, this] { user->CloseBox(dentist()); }, newText},
             {"drop after the question",
              [this] {
                  TypeInto("Dentist", "longer than the old");
@@ -136,15 +137,15 @@ class FaultTest : public testing_support::WholeProgram {
                  files.Remove(NoteFile("Dentist"));
                  TypeAndWait();
              },
-             [=, this] { user->Click(dentist().tlbMain, "Save"); }, "brand new"},
+             [=, this] { user->Click(dentist().tlbMain, "Save"); }, newText},
             {"save of what no code page holds",
              [this] {
                  TypeInto("Dentist", "\xE2\x98\x83 \xE6\x97\xA5");
                  Advance(2000);
              },
              [=, this] { user->Click(dentist().tlbMain, "Save"); }, "\xE2\x98\x83 \xE6\x97\xA5"},
-            {"recovery copy", [this] { TypeInto("Dentist", "brand new"); },
-             [this] { Advance(2000); }, "", false, false},
+            {"recovery copy", [this] { TypeInto("Dentist", newText); }, [this] { Advance(2000); },
+             "", false, false},
             {"second recovery copy",
              [this] {
                  TypeAndWait();
@@ -154,7 +155,7 @@ class FaultTest : public testing_support::WholeProgram {
             {"erase by the toolbar", [this] { TypeAndWait(); },
              [=, this] { user->Click(dentist().tlbMain, "Erase"); }, "", true, false},
             {"erase by the menu", [this] { TypeAndWait(); },
-             [=, this] { user->Choose(dentist().mnuKillNote); }, "brand new", true},
+             [=, this] { user->Choose(dentist().mnuKillNote); }, newText, true},
             {"erase in the control panel",
              [this] {
                  user->Restore(Editor("Dentist"));
@@ -188,13 +189,13 @@ class FaultTest : public testing_support::WholeProgram {
                  TypeAndWait();
                  user->Tray(514);
              },
-             [this] { user->Click(Main().cmdExit); }, "brand new"},
+             [this] { user->Click(Main().cmdExit); }, newText},
             {"end of the session",
              [this] {
                  TypeInto("Other", "other new");
                  TypeAndWait();
              },
-             [] { gestures::EndSession(); }, "brand new", false, false},
+             [] { gestures::EndSession(); }, newText, false, false},
         };
     }
 
@@ -347,15 +348,24 @@ class FaultTest : public testing_support::WholeProgram {
     }
 
     MemoryFiles shipped;
+    std::string newText = "brand new";  // what the user types
     BoxResult answer = BoxResult::Yes;
 };
 
 }  // namespace
 
 TEST_F(FaultTest, AKillAtAnyStepLeavesTheOldOrTheNew) {
-    ForEachOperation([this](const Operation& operation, Outcome& outcome) {
-        KillAtEachStep(operation, outcome);
-    });
+    std::string longText;
+    for (int line = 0; line < 2000; ++line) {
+        longText += "line " + std::to_string(line) + " of a long text\r\n";
+    }
+    const std::vector<std::string> texts{"brand new", "\xC3\xA4rger \xE2\x98\x83", longText, ""};
+    for (std::size_t i = 0; i < static_cast<std::size_t>(long_tests::Scaled(1, 4)); ++i) {
+        newText = texts[i];
+        ForEachOperation([this](const Operation& operation, Outcome& outcome) {
+            KillAtEachStep(operation, outcome);
+        });
+    }
 }
 
 TEST_F(FaultTest, AnErrorAtAnyStepIsReportedAndCostsNothing) {
@@ -413,13 +423,13 @@ TEST_F(FaultTest, WhatLastsIsReportedAtEachSaveAndTheSaveAfterItWorks) {
                 ASSERT_EQ(stage->Boxes().size(), boxes + 1);
                 EXPECT_EQ(stage->Boxes().back().caption, saveErrors);
                 EXPECT_EQ(stage->Boxes().back().text, condition.report);
-                EXPECT_EQ(Editor("Dentist").txtNote.text(), "brand new");
+                EXPECT_EQ(Editor("Dentist").txtNote.text(), newText);
             }
             condition.end();
             act();
             StandardCode::NoteRecord saved;
             NoteFile::Decode(files.Peek(path).value_or(""), saved);
-            EXPECT_EQ(saved.Text, "brand new");
+            EXPECT_EQ(saved.Text, newText);
         }
     }
 }

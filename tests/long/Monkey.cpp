@@ -62,6 +62,7 @@ void Monkey::StartProgram() {
     Note("start");
     EndTrouble();
     RemoveDamaged();
+    sound.log.clear();  // what a program plays ends with it
     everTrouble = false;
     depth = 0;
     erased.clear();
