@@ -39,8 +39,8 @@ class TimerQueue {
     // been put back by up to a second, as programs do that keep it right.
     static bool HasSeen(const Timer& timer, std::int64_t shown);
     void Enqueue(Timer& timer, std::int64_t due);
-    // The wall clock in milliseconds at this monotonic time, which is the present one. In a round of
-    // ticks the clock is read once each millisecond.
+    // The wall clock in milliseconds at this monotonic time, which is the present one. In a round
+    // of ticks the clock is read once each millisecond.
     std::int64_t WallAt(std::int64_t now) const;
     // Milliseconds from the middle of the wall clock's second to the moment, -500 to 499.
     std::int64_t OffMiddle(std::int64_t moment, std::int64_t now) const;
