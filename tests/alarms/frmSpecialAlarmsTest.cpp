@@ -6,9 +6,6 @@
 
 namespace {
 
-using forms::BoxButtons;
-using forms::BoxIcon;
-using forms::BoxResult;
 using forms::DateTime;
 using StandardCode::Shared;
 
