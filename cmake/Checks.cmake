@@ -19,14 +19,14 @@ jotwright_add_check(check.shell 60 shellcheck -x run test .ci/run scripts/lib.sh
                     scripts/check-hardening scripts/layout-app scripts/long-run
                     scripts/make-installer scripts/package scripts/run-fuzzer
                     scripts/run-windows-tests scripts/run-windows32-tests scripts/test-package)
-jotwright_add_check(check.tidy 1500 "${scripts}/check-tidy" "${PROJECT_BINARY_DIR}")
-# Long and using both processors: it starts first and nothing runs beside it.
-set_tests_properties(check.tidy PROPERTIES COST 1000 PROCESSORS 2)
+# Long: it starts first, and gives way to what waits in real time beside it.
+jotwright_add_check(check.tidy 1500 nice "${scripts}/check-tidy" "${PROJECT_BINARY_DIR}")
+set_tests_properties(check.tidy PROPERTIES COST 1000)
 
 jotwright_sources(fuzz_sources fuzz)
 foreach(source IN LISTS fuzz_sources)
     get_filename_component(name "${source}" NAME_WE)
-    jotwright_add_check(fuzz.${name} 120 "${scripts}/run-fuzzer"
+    jotwright_add_check(fuzz.${name} 120 nice "${scripts}/run-fuzzer"
                         "${JOTWRIGHT_FUZZ_BUILD}/fuzz_${name}" 10)
 endforeach()
 

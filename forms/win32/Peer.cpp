@@ -127,6 +127,13 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
                 return 0;
             }
             return std::nullopt;
+        case WM_KEYUP:
+            // Not every kind of control passes the menu key on to the system.
+            if (wParam == VK_APPS && (control.MouseUp || control.leavesMenuKey)) {
+                window.OpenMenuByKeyboard();
+                return 0;
+            }
+            return std::nullopt;
         case WM_CONTEXTMENU:
             if (lParam == -1 && (control.MouseUp || control.leavesMenuKey)) {
                 window.OpenMenuByKeyboard();
