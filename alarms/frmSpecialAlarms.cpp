@@ -34,17 +34,12 @@ constexpr int dayWidth = 1500;
 constexpr int timeWidth = 1320;
 constexpr int messageWidth = 3660;
 
-void ReportReadError(const forms::RuntimeError& error) {
-    forms::MsgBox(std::to_string(error.number()) + " - " + error.description() +
-                      "\r\n\r\nThe special alarms that could not be read are shown as they were "
-                      "when they were last loaded.",
-                  {.icon = forms::BoxIcon::Exclamation}, "Error Loading Special Alarms");
-}
-
-void ReportWriteError(const forms::RuntimeError& error) {
-    forms::MsgBox(std::to_string(error.number()) + " - " + error.description() +
-                      "\r\n\r\nThe special alarms have not been saved.",
-                  {.icon = forms::BoxIcon::Exclamation}, "Error Saving Special Alarms");
+// consequence: what becomes of the alarms.
+void ReportError(const forms::RuntimeError& error, const std::string& consequence,
+                 const std::string& caption) {
+    forms::MsgBox(
+        std::to_string(error.number()) + " - " + error.description() + "\r\n\r\n" + consequence,
+        {.icon = forms::BoxIcon::Exclamation}, caption);
 }
 
 }  // namespace
@@ -173,7 +168,10 @@ void frmSpecialAlarms::ReadSpecialAlarmsFile() {
     try {
         SpecialAlarmsFile::Decode(disk.Read(SpecialAlarmsFile::Path()), rows);
     } catch (const forms::RuntimeError& error) {
-        ReportReadError(error);
+        ReportError(error,
+                    "The special alarms that could not be read are shown as they were when they "
+                    "were last loaded.",
+                    "Error Loading Special Alarms");
     }
     for (std::size_t i = 0; i < rows.size(); ++i) {
         SpecialAlarmsFile::StoreSharedRow(i, rows[i]);
@@ -222,7 +220,8 @@ void frmSpecialAlarms::cmdSave_Click() {
     try {
         WriteSpecialAlarmsFile();
     } catch (const forms::RuntimeError& error) {
-        ReportWriteError(error);
+        ReportError(error, "The special alarms have not been saved.",
+                    "Error Saving Special Alarms");
         return;
     }
     Unload();

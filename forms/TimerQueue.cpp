@@ -164,10 +164,11 @@ void TimerQueue::RunDue() {
         Remove(*timer);
         const std::int64_t now = MonotonicNow();
         Enqueue(*timer, NextAfter(*timer, lastDue, now));
-        if (SeesEverySecond(*timer) && HasSeen(*timer, SecondNow())) {
+        const std::int64_t shown = SecondNow();
+        if (SeesEverySecond(*timer) && HasSeen(*timer, shown)) {
             continue;
         }
-        timer->seenSecond = SecondNow();
+        timer->seenSecond = shown;
         timer->running = true;
         runtime.Rearm();
         runtime.Dispatch(&timer->form, [timer] {
