@@ -32,12 +32,6 @@ class Keyboard : public testing_support::WholeProgram {
     }
 
     template <class T>
-    T& Shown() {
-        Start([] { Default<T>().Show(); });
-        return Default<T>();
-    }
-
-    template <class T>
     void ExpectEscapeCloses() {
         const auto pin = Shown<T>().shared_from_this();
         user->PressEscape();

@@ -30,12 +30,6 @@ class Layout : public testing_support::WholeProgram {
         StartQuietly();
     }
 
-    template <class T>
-    T& Shown() {
-        Start([] { Default<T>().Show(); });
-        return Default<T>();
-    }
-
     static void ExpectGood(const forms::Form& form, int margin = Grid::margin) {
         for (const std::string& fault : LayoutFaults(form, margin)) {
             ADD_FAILURE() << form.name << ": " << fault;

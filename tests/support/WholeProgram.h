@@ -23,6 +23,13 @@ class WholeProgram : public TestProgram {
         Advance(1000);
     }
 
+    // The default instance of a window, shown by the program itself.
+    template <class T>
+    T& Shown() {
+        Start([] { forms::Default<T>().Show(); });
+        return forms::Default<T>();
+    }
+
     frmMain& Main() { return forms::Default<frmMain>(); }
 
     // Types a title and presses Make Note; the editor that opened.
