@@ -28,6 +28,7 @@ void frmNote::Form_Load() {
     NoteErased = false;
     NoteChanged = false;
     tmrLabel.enabled = true;
+    FollowBlinking();
     dtTime.customFormat = "h:mm tt";
     dtTime.upDown = true;
     icon = forms::LoadPicture(forms::ApplicationPath("\\note.ico"));

@@ -134,6 +134,11 @@ class frmNote : public forms::Form {
     void ForgetTitle();
 
     bool IsAlarmSet() const;
+    // Gives the button the caption that is the alarm's state.
+    void ShowAlarmState(const char* buttonCaption);
+    static bool IsBlinking();
+    // A blinking that does not take place must not wake the machine: its timer has no handler.
+    void FollowBlinking();
     void ComputeAlarmValues();
     void SetAlarm();
     void ClearAlarm();

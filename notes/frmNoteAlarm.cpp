@@ -1,3 +1,5 @@
+#include <functional>
+
 #include "forms/Environment.h"
 #include "forms/MsgBox.h"
 #include "forms/Runtime.h"
@@ -84,7 +86,7 @@ void frmNote::mnuAlarmStop_Click() {
 
 void frmNote::SetAlarm() {
     fraAlarm.caption = " Alarm Set ";
-    cmdAlarm.caption = turnOffAlarm;
+    ShowAlarmState(turnOffAlarm);
     tmrNote.enabled = true;
     tmrNote.interval = dueTestInterval;
     ComputeAlarmValues();
@@ -98,7 +100,7 @@ void frmNote::ClearAlarm() {
     fraAlarm.caption = " Schedule Alarm ";
     icon = NoteIcon();
     tmrNote.enabled = false;
-    cmdAlarm.caption = setAlarm;
+    ShowAlarmState(setAlarm);
     imgAlarm.visible = false;
     EnablePickers(true);
     ShowCalendar(false);
@@ -108,7 +110,7 @@ void frmNote::ClearAlarm() {
 void frmNote::PresentAlarm() {
     const forms::Picture alarm = AlarmIcon();
     icon = alarm;
-    cmdAlarm.caption = turnOffAlarm;
+    ShowAlarmState(turnOffAlarm);
     tmrNote.enabled = true;
     tmrNote.interval = dueTestInterval;
     ShowCalendar(true);
@@ -141,7 +143,7 @@ void frmNote::tmrNote_Timer() {
 void frmNote::Fire() {
     mnuShow_Click();
     BringToForeground();
-    cmdAlarm.caption = setAlarm;
+    ShowAlarmState(setAlarm);
     imgAlarm.visible = false;
     tmrNote.enabled = false;
     icon = NoteIcon();
@@ -159,8 +161,30 @@ void frmNote::Fire() {
 }
 
 // Goes by the default editor's alarm, which nobody sets: the clock stands still.
+bool frmNote::IsBlinking() { return forms::Default<frmNote>().IsAlarmSet(); }
+
+void frmNote::FollowBlinking() {
+    const bool blinks = IsBlinking();
+    if (blinks != static_cast<bool>(tmrLabel.Tick)) {
+        tmrLabel.Tick = blinks ? [this] { tmrLabel_Timer(); } : std::function<void()>();
+        tmrLabel.Changed(forms::Aspect::Enabled);
+    }
+}
+
+void frmNote::ShowAlarmState(const char* buttonCaption) {
+    cmdAlarm.caption = buttonCaption;
+    if (this != &forms::Default<frmNote>()) {
+        return;
+    }
+    for (const auto& form : forms::Runtime::Current().LoadedForms()) {
+        if (auto* note = dynamic_cast<frmNote*>(form.get())) {
+            note->FollowBlinking();
+        }
+    }
+}
+
 void frmNote::tmrLabel_Timer() {
-    if (!forms::Default<frmNote>().IsAlarmSet()) {
+    if (!IsBlinking()) {
         return;
     }
     Shared().BlinkPhase = !Shared().BlinkPhase;

@@ -75,7 +75,6 @@ void frmNote::Design() {
     tmrNote.Tick = [this] { tmrNote_Timer(); };
     tmrLabel.interval = 750;
     tmrLabel.enabled = true;
-    tmrLabel.Tick = [this] { tmrLabel_Timer(); };
 }
 
 void frmNote::DesignToolbar() {

@@ -348,7 +348,7 @@ TEST_F(frmNoteAlarmTest, TheClockBlinksAtTheDefaultEditorsAlarmOnly) {
     EXPECT_EQ(note.lblClock.caption(), "12:00:00 PM");
     EXPECT_FALSE(Shared().BlinkPhase);
     user->Click(note.cmdAlarm);
-    Start([] { forms::Default<frmNote>().cmdAlarm.caption = "&Turn Off Alarm"; });
+    Start([] { forms::Default<frmNote>().PresentAlarm(); });
     Advance(750);
     EXPECT_TRUE(Shared().BlinkPhase);
     EXPECT_EQ(note.lblClock.caption(), "****");
@@ -360,7 +360,7 @@ TEST_F(frmNoteAlarmTest, TheClockBlinksAtTheDefaultEditorsAlarmOnly) {
 TEST_F(frmNoteAlarmTest, TheBlinkPhaseIsOneForAllNotes) {
     frmNote& first = MakeNote("First");
     frmNote& second = MakeNote("Second");
-    Start([] { forms::Default<frmNote>().cmdAlarm.caption = "&Turn Off Alarm"; });
+    Start([] { forms::Default<frmNote>().PresentAlarm(); });
     Advance(750);
     EXPECT_FALSE(Shared().BlinkPhase);
     EXPECT_NE(first.lblClock.caption(), second.lblClock.caption());

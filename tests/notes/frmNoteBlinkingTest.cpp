@@ -1,0 +1,53 @@
+#include <set>
+
+#include "notes/frmNote.h"
+#include "tests/support/NoteProgram.h"
+
+// The clocks of the editors blink while the default editor's alarm is set, which no user can do.
+
+namespace {
+
+class frmNoteBlinkingTest : public testing_support::NoteProgram {
+  protected:
+    void SetDefaultAlarm() {
+        Start([] { forms::Default<frmNote>().PresentAlarm(); });
+    }
+
+    // Where in the second the program wakes up, in the next three seconds.
+    std::set<std::int64_t> WakeUps() {
+        std::set<std::int64_t> places;
+        for (int i = 0; i < 3000; ++i) {
+            places.insert(runtime->timers.NextDue().value() % 1000);
+            Advance(1);
+        }
+        return places;
+    }
+};
+
+TEST_F(frmNoteBlinkingTest, TheClockStandsStillAgainWhenTheDefaultAlarmIsSetNoMore) {
+    frmNote& note = MakeNote("Dentist");
+    SetDefaultAlarm();
+    Advance(750);
+    EXPECT_EQ(note.lblClock.caption(), "****");
+    Start([] { forms::Default<frmNote>().cmdAlarm.Click(); });
+    Advance(3000);
+    EXPECT_EQ(note.lblClock.caption(), "****");
+}
+
+TEST_F(frmNoteBlinkingTest, AnEditorThatIsOpenedLaterBlinks) {
+    SetDefaultAlarm();
+    frmNote& note = MakeNote("Dentist");
+    Advance(750);
+    EXPECT_EQ(note.lblClock.caption(), "****");
+}
+
+TEST_F(frmNoteBlinkingTest, WhatDoesNotBlinkDoesNotWakeTheMachine) {
+    Start([] { forms::Default<frmNote>().Load(); });
+    MakeNote("Dentist");
+    Advance(1000);
+    EXPECT_EQ(WakeUps().size(), 1U);
+    SetDefaultAlarm();
+    EXPECT_GT(WakeUps().size(), 1U);
+}
+
+}  // namespace
