@@ -102,7 +102,8 @@ SESSION
     kill "$pid" 2>/dev/null || true
     # Helpers that it started, known by their home.
     for other in /proc/[0-9]*; do
-        if tr '\0' '\n' <"$other/environ" 2>/dev/null | grep -qx "HOME=$home"; then
+        # Some end meanwhile, some may not be looked at.
+        if { tr '\0' '\n' <"$other/environ"; } 2>/dev/null | grep -qx "HOME=$home"; then
             kill "${other#/proc/}" 2>/dev/null || true
         fi
     done
