@@ -33,6 +33,12 @@ bool IsEditorAlarmDue(const AlarmValues& values, forms::DateTime now) {
            (now.DateOnly() == values.AlarmDayLong || now.DateOnly() == values.AlarmDayShort);
 }
 
+bool MayRingSoon(const AlarmValues& values, forms::DateTime now) {
+    constexpr std::int64_t soon = 3;
+    const std::int64_t since = now.seconds - values.AlarmTimeOfDay.seconds;
+    return ((-since) % forms::secondsPerDay + forms::secondsPerDay) % forms::secondsPerDay <= soon;
+}
+
 bool IsSavedNoteDue(const StandardCode::NoteRecord& note, forms::DateTime now) {
     return note.AlarmState == "1" && note.AlarmTime == now.TimeOnly() &&
            (note.AlarmDate == now.DateOnly() ||

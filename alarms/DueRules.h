@@ -23,6 +23,10 @@ AlarmValues ValuesOf(forms::DateTime date, forms::DateTime time);
 // The editor's own test; either day may match.
 bool IsEditorAlarmDue(const AlarmValues& values, forms::DateTime now);
 
+// Whether the editor's own test may come true within the next seconds, on whatever day. While it
+// may not, nobody needs to look more often than once in each second.
+bool MayRingSoon(const AlarmValues& values, forms::DateTime now);
+
 // The main clock's test of a saved note. The locale's short date plays a part.
 bool IsSavedNoteDue(const StandardCode::NoteRecord& note, forms::DateTime now);
 

@@ -16,6 +16,16 @@ Timer::~Timer() {
     }
 }
 
+void Timer::TickWithSeconds(bool only) {
+    if (secondsOnly == only) {
+        return;
+    }
+    secondsOnly = only;
+    if (queued) {
+        Runtime::Current().timers.Reschedule(*this);
+    }
+}
+
 void Timer::Changed(Aspect /*aspect*/) {
     if (form.IsLoaded()) {
         Runtime::Current().timers.Update(*this);

@@ -1,5 +1,6 @@
 #include "forms/TimerQueue.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "forms/Devices.h"
@@ -32,11 +33,12 @@ std::int64_t WallNow() {
 
 std::int64_t SecondNow() { return Machine().clock->Now().seconds; }
 
-bool SeesEverySecond(const Timer& timer) {
-    return timer.phase == TimerPhase::ClockSecond && timer.interval() % second == 0;
-}
-
 }  // namespace
+
+bool TimerQueue::SeesEverySecond(const Timer& timer) {
+    return timer.phase == TimerPhase::ClockSecond &&
+           (timer.secondsOnly || timer.interval() % second == 0);
+}
 
 bool TimerQueue::HasSeen(const Timer& timer, std::int64_t shown) {
     constexpr std::int64_t longestCorrection = 1;
@@ -90,6 +92,14 @@ void TimerQueue::Remove(Timer& timer) {
         queue.erase(&timer);
         timer.queued = false;
     }
+}
+
+void TimerQueue::Reschedule(Timer& timer) {
+    ForgetClock();
+    const std::int64_t due = std::min(timer.due, FirstDue(timer, MonotonicNow()));
+    Remove(timer);
+    Enqueue(timer, due);
+    Runtime::Current().Rearm();
 }
 
 std::int64_t TimerQueue::FirstDue(const Timer& timer, std::int64_t now) const {

@@ -15,6 +15,9 @@ class TimerQueue {
     // A timer was switched on or off or its interval changed.
     void Update(Timer& timer);
     void Remove(Timer& timer);
+    // A timer in the queue ticks in other places from now on; a tick that it waits for is not put
+    // off.
+    void Reschedule(Timer& timer);
 
     // Monotonic milliseconds of the next tick that could be given now (timers whose handlers run
     // are passed over); empty where there is none.
@@ -35,6 +38,7 @@ class TimerQueue {
     struct Earlier {
         bool operator()(const Timer* a, const Timer* b) const;
     };
+    static bool SeesEverySecond(const Timer& timer);
     // The timer has ticked in the second that the clock shows, or would have if the clock had not
     // been put back by up to a second, as programs do that keep it right.
     static bool HasSeen(const Timer& timer, std::int64_t shown);

@@ -272,6 +272,7 @@ void frmNote::tmrNow_Timer() {
     lblSysTime.caption =
         std::string("System Date and Time is ") + forms::lineBreak + DateTimeText() + '.';
     ComputeAlarmValues();
+    RestUntilTheAlarm();
     KeepRecoveryCopy();
 }
 

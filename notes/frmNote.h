@@ -140,6 +140,8 @@ class frmNote : public forms::Form {
     // A blinking that does not take place must not wake the machine: its timer has no handler.
     void FollowBlinking();
     void ComputeAlarmValues();
+    // Until the alarm is near, its test does not wake the machine between the seconds.
+    void RestUntilTheAlarm();
     void SetAlarm();
     void ClearAlarm();
     void Fire();

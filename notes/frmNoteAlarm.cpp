@@ -90,6 +90,7 @@ void frmNote::SetAlarm() {
     tmrNote.enabled = true;
     tmrNote.interval = dueTestInterval;
     ComputeAlarmValues();
+    RestUntilTheAlarm();
     ShowPickers(false);
     ShowCalendar(true);
     FillCalendar();
@@ -121,6 +122,7 @@ void frmNote::PresentAlarm() {
     imgAlarm.visible = true;
     // The first tick of the clock may come after the alarm's own second.
     ComputeAlarmValues();
+    RestUntilTheAlarm();
     FillCalendar();
 }
 
@@ -132,6 +134,10 @@ void frmNote::FillCalendar() {
     }
     lblDayYear.caption = std::to_string(date.Day()) + ", " + std::to_string(date.Year());
     lblClock.caption = forms::Machine().locale->TimeText(alarmValues.AlarmTimeOfDay);
+}
+
+void frmNote::RestUntilTheAlarm() {
+    tmrNote.TickWithSeconds(!DueRules::MayRingSoon(alarmValues, forms::Now()));
 }
 
 void frmNote::tmrNote_Timer() {

@@ -184,6 +184,7 @@ void FormWindow::Show() {
         const FormWindow* from = owner != nullptr ? From(owner) : nullptr;
         if (from != nullptr && from != this && from->IsShown() && ::IsIconic(owner) == 0) {
             ::SetWindowLongPtrW(handle, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
+            modalOwner = owner;
         }
     }
     switch (form->windowState()) {
@@ -231,7 +232,7 @@ void FormWindow::Activate() {
 }
 
 bool FormWindow::CanBeActive() const {
-    return IsShown() && ::IsIconic(handle) == 0 && ::IsWindowEnabled(handle) != 0;
+    return IsLive() && IsShown() && ::IsIconic(handle) == 0 && ::IsWindowEnabled(handle) != 0;
 }
 
 // The window that becomes active when this one goes: the one that the runtime has chosen, else the
@@ -265,7 +266,7 @@ void FormWindow::Hide() {
         }
     }
     ::ShowWindow(handle, SW_HIDE);
-    ::SetWindowLongPtrW(handle, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(BaseOwner()));
+    GoBackToBaseOwner();
 }
 
 void FormWindow::BringToForeground() {

@@ -128,6 +128,7 @@ class FormWindow {
     FormWindow* Successor() const;
     void MarkUsed();
     void ReleaseOwned();
+    void GoBackToBaseOwner();
     void Part();
     HWND BaseOwner() const;
     void LayoutControls();
@@ -154,6 +155,7 @@ class FormWindow {
 
     Form* form;
     bool filled = false;
+    HWND modalOwner = nullptr;  // the form's window before which this one stays while it is modal
     bool doomed = false;
     bool sizing = false;  // the user drags the window or its border
     int entered = 0;

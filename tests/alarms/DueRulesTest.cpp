@@ -75,6 +75,17 @@ TEST_F(DueRulesTest, EditorAlarmMatchesEitherDay) {
     EXPECT_FALSE(IsEditorAlarmDue(values, At(DateTime::FromDate(1804, 5, 14), 9, 30, 0)));
 }
 
+TEST_F(DueRulesTest, EditorAlarmMayRingSoonInItsLastSecondsOfAnyDay) {
+    const DueRules::AlarmValues values = DueRules::ValuesOf(friday, DateTime::FromTime(0, 0, 1));
+    EXPECT_FALSE(DueRules::MayRingSoon(values, At(friday, 23, 59, 57)));
+    EXPECT_TRUE(DueRules::MayRingSoon(values, At(friday, 23, 59, 58)));
+    EXPECT_TRUE(DueRules::MayRingSoon(values, At(friday, 0, 0, 0)));
+    EXPECT_TRUE(DueRules::MayRingSoon(values, At(friday, 0, 0, 1)));
+    EXPECT_FALSE(DueRules::MayRingSoon(values, At(friday, 0, 0, 2)));
+    EXPECT_FALSE(DueRules::MayRingSoon(values, At(friday, 12, 0, 1)));
+    EXPECT_TRUE(DueRules::MayRingSoon(values, At(DateTime::FromDate(1850, 1, 1), 0, 0, 0)));
+}
+
 TEST_F(DueRulesTest, SavedNoteIsDueInItsSecondOnly) {
     const NoteRecord note = Note(friday, halfPastNine);
     EXPECT_TRUE(IsSavedNoteDue(note, At(friday, 9, 30, 0)));

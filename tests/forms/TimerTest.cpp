@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "forms/Form.h"
 #include "forms/MsgBox.h"
 #include "forms/Runtime.h"
@@ -329,4 +331,35 @@ TEST_F(TimerTest, AHandlerMayDestroyItsFormAndMakeAnother) {
     Advance(1000);
     EXPECT_TRUE(Form().IsLoaded());
     EXPECT_FALSE(Form().tmrFast.enabled);
+}
+
+TEST_F(TimerTest, APollingTimerThatRestsTicksWithTheSeconds) {
+    clock.SetNow(clock.Now(), 500);
+    Form().tmrBlink.Tick = [this] { ticks.push_back(Elapsed()); };
+    SwitchOn(Form().tmrBlink, 600);
+    Form().tmrBlink.TickWithSeconds(true);
+    Advance(3500);
+    // The tick that it waited for is not put off; that second is seen with it.
+    EXPECT_EQ(ticks, (Moments{600, 2000, 3000}));
+    ticks.clear();
+    Form().tmrBlink.TickWithSeconds(false);
+    Advance(1500);
+    EXPECT_EQ(ticks, (Moments{3600, 4200, 4800}));
+}
+
+TEST_F(TimerTest, NoSecondIsMissedWhileATimerGoesToRestAndComesBack) {
+    std::set<std::int64_t> seen;
+    Form().tmrBlink.Tick = [&] { seen.insert(clock.Now().seconds); };
+    Form().tmrClock.Tick = [this] {
+        Form().tmrBlink.TickWithSeconds(clock.Now().seconds % 3 == 0);
+    };
+    SwitchOn(Form().tmrClock, 1000);
+    SwitchOn(Form().tmrBlink, 600);
+    const std::int64_t first = clock.Now().seconds + 1;
+    for (int i = 0; i < 6000; ++i) {
+        Advance(10);
+    }
+    for (std::int64_t second = first; second < first + 59; ++second) {
+        EXPECT_EQ(seen.count(second), 1U) << second - first;
+    }
 }

@@ -41,6 +41,18 @@ TEST_F(frmNoteBlinkingTest, AnEditorThatIsOpenedLaterBlinks) {
     EXPECT_EQ(note.lblClock.caption(), "****");
 }
 
+TEST_F(frmNoteBlinkingTest, AnAlarmWakesTheMachineBetweenTheSecondsOnlyWhenItIsNear) {
+    SetNow(2004, 5, 14, 11, 59, 10);
+    frmNote& note = MakeNote("Dentist");
+    note.dtTime.value = forms::DateTime::FromTime(12, 0, 0);
+    user->Click(note.cmdAlarm);
+    Advance(1000);
+    EXPECT_EQ(WakeUps().size(), 1U);
+    SetNow(2004, 5, 14, 11, 59, 55);
+    Advance(2000);
+    EXPECT_GT(WakeUps().size(), 1U);
+}
+
 TEST_F(frmNoteBlinkingTest, WhatDoesNotBlinkDoesNotWakeTheMachine) {
     Start([] { forms::Default<frmNote>().Load(); });
     MakeNote("Dentist");
