@@ -12,7 +12,7 @@
 
 #include "forms/Devices.h"
 #include "forms/RuntimeError.h"
-#include "forms/win32/GdiPlus.h"
+#include "forms/win32/Decoder.h"
 #include "forms/win32/Utf.h"
 
 namespace forms::win32::images {
@@ -36,12 +36,12 @@ std::string BytesOf(const std::string& path) {
 // three times its dots, "error@2x.png" and "error@3x.png".
 std::string PictureFor(const std::string& path, int width) {
     std::string best = BytesOf(path);
-    const std::optional<SIZE> plain = gdiplus::SizeOf(best);
+    const std::optional<SIZE> plain = decoder::SizeOf(best);
     LONG bestWidth = plain ? plain->cx : width;
     for (int times = 2; times <= 3 && bestWidth < width; ++times) {
         const std::string stem = path.substr(0, path.find_last_of('.'));
         std::string larger = BytesOf(stem + '@' + std::to_string(times) + "x.png");
-        const std::optional<SIZE> size = gdiplus::SizeOf(larger);
+        const std::optional<SIZE> size = decoder::SizeOf(larger);
         // One of another shape belongs to another picture.
         if (size && size->cx == times * plain->cx && size->cy == times * plain->cy) {
             best = std::move(larger);
@@ -182,7 +182,7 @@ void View::Render(const std::string& path, SIZE wanted) {
     }
     shownPath = path;
     size = wanted;
-    bitmap = gdiplus::Render(PictureFor(path, static_cast<int>(wanted.cx)), wanted);
+    bitmap = decoder::Render(PictureFor(path, static_cast<int>(wanted.cx)), wanted);
 }
 
 void DrawResource(HDC dc, const std::string& name, const RECT& area) {

@@ -5,9 +5,9 @@
 #include "forms/Devices.h"
 #include "forms/Gestures.h"
 #include "forms/Runtime.h"
+#include "forms/win32/Decoder.h"
 #include "forms/win32/Fonts.h"
 #include "forms/win32/FormWindow.h"
-#include "forms/win32/GdiPlus.h"
 #include "forms/win32/Internal.h"
 #include "forms/win32/Placing.h"
 
@@ -89,7 +89,7 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (RuntimeRuns()) {
                 Runtime::Current().RunDueTimers();
             }
-            gdiplus::ReleaseIfUnused();
+            decoder::ReleaseIfUnused();
             return 0;
         case destroyMessage:
             // Somebody else may have destroyed it meanwhile.

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "forms/RuntimeError.h"
-#include "forms/win32/GdiPlus.h"
+#include "forms/win32/Decoder.h"
 #include "forms/win32/devices/FileNames.h"
 
 namespace forms::win32 {
@@ -62,7 +62,7 @@ SIZE SizeOf(const std::string& bytes) {
         }
         return {iconPixels, iconPixels};
     }
-    const std::optional<SIZE> size = gdiplus::SizeOf(bytes);
+    const std::optional<SIZE> size = decoder::SizeOf(bytes);
     if (!size) {
         NoPicture();
     }

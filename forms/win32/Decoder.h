@@ -7,9 +7,10 @@
 
 namespace forms::win32 {
 
-// Decodes gif, jpg, png and bmp files. The library that does it is large and seldom needed: it is
-// loaded with the first picture and let go when none was asked for in the last seconds.
-namespace gdiplus {
+// Decodes gif, jpg, png and bmp files. The system's libraries that do it are large and seldom
+// needed: they are loaded with the first picture and let go when none was asked for in the last
+// seconds.
+namespace decoder {
 
 // Pixels; nothing where the bytes are no picture.
 std::optional<SIZE> SizeOf(const std::string& bytes);
@@ -21,5 +22,5 @@ HBITMAP Render(const std::string& bytes, SIZE size);
 // To be called now and then.
 void ReleaseIfUnused();
 
-}  // namespace gdiplus
+}  // namespace decoder
 }  // namespace forms::win32
