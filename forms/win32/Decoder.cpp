@@ -8,6 +8,7 @@
 #include <memory>
 #include <vector>
 
+#include "forms/win32/LateLibrary.h"
 #include "forms/win32/Scaler.h"
 
 namespace forms::win32::decoder {
@@ -43,9 +44,7 @@ class Library {
         ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
         // Past COM's own way of making it, which would not let the library go again.
         using Create = HRESULT(WINAPI*)(UINT, IWICImagingFactory**);
-        const FARPROC address =
-            module != nullptr ? ::GetProcAddress(module, "WICCreateImagingFactory_Proxy") : nullptr;
-        if (const auto create = reinterpret_cast<Create>(reinterpret_cast<void*>(address));
+        if (const auto create = FunctionOf<Create>(module, "WICCreateImagingFactory_Proxy");
             create != nullptr) {
             factory = Made<IWICImagingFactory>(
                 [&](auto made) { return create(WINCODEC_SDK_VERSION, made); });

@@ -1,13 +1,14 @@
 #include "forms/win32/Dpi.h"
 
+#include "forms/win32/LateLibrary.h"
+
 namespace forms::win32 {
 
 namespace {
 
 template <class Function>
 Function FromUser32(const char* name) {
-    const FARPROC address = ::GetProcAddress(::GetModuleHandleW(L"user32.dll"), name);
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(address));
+    return FromLoadedLibrary<Function>(L"user32.dll", name);
 }
 
 }  // namespace

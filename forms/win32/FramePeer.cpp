@@ -5,6 +5,7 @@
 
 #include "forms/win32/Drawing.h"
 #include "forms/win32/FormWindow.h"
+#include "forms/win32/LateLibrary.h"
 #include "forms/win32/Peers.h"
 #include "forms/win32/SurfacePeer.h"
 #include "forms/win32/Utf.h"
@@ -12,6 +13,27 @@
 namespace forms::win32 {
 
 namespace {
+
+// The border as the user's theme has it; false where there is none. The library is asked for by the
+// first window with a group box, which the main window is. Linked, it would be the only library
+// that the system takes from the program's folder if there is one of its name.
+bool PaintThemedBorder(HWND handle, HDC dc, const RECT& border, int look) {
+    constexpr const wchar_t* library = L"uxtheme.dll";
+    static const auto open = FromLibrary<decltype(&::OpenThemeData)>(library, "OpenThemeData");
+    static const auto close = FromLibrary<decltype(&::CloseThemeData)>(library, "CloseThemeData");
+    static const auto draw =
+        FromLibrary<decltype(&::DrawThemeBackground)>(library, "DrawThemeBackground");
+    if (open == nullptr || close == nullptr || draw == nullptr) {
+        return false;
+    }
+    HTHEME theme = open(handle, WC_BUTTONW);
+    if (theme == nullptr) {
+        return false;
+    }
+    draw(theme, dc, BP_GROUPBOX, look, &border, nullptr);
+    close(theme);
+    return true;
+}
 
 // A group box. It lies below what it holds, and is painted with the form's surface, so that the
 // pictures in it are seen.
@@ -70,12 +92,8 @@ class FramePeer : public SurfacePeer {
     static constexpr LONG gap = 2;  // pixels between the caption and the border
 
     void PaintBorder(HDC dc, RECT border) const {
-        HTHEME theme = ::OpenThemeData(handle, WC_BUTTONW);
-        if (theme != nullptr) {
-            const int look = frame.IsEffectivelyEnabled() ? GBS_NORMAL : GBS_DISABLED;
-            ::DrawThemeBackground(theme, dc, BP_GROUPBOX, look, &border, nullptr);
-            ::CloseThemeData(theme);
-        } else {
+        const int look = frame.IsEffectivelyEnabled() ? GBS_NORMAL : GBS_DISABLED;
+        if (!PaintThemedBorder(handle, dc, border, look)) {
             ::DrawEdge(dc, &border, EDGE_ETCHED, BF_RECT);
         }
     }

@@ -2,13 +2,14 @@
 
 #include <windows.h>
 
+#include "forms/win32/LateLibrary.h"
+
 namespace forms::win32 {
 
 void RestrictLibrarySearch() {
     // Not on every system that the program runs on.
-    using SetDirectories = BOOL(WINAPI*)(DWORD);
-    const auto setDirectories = reinterpret_cast<SetDirectories>(reinterpret_cast<void*>(
-        ::GetProcAddress(::GetModuleHandleW(L"kernel32.dll"), "SetDefaultDllDirectories")));
+    const auto setDirectories =
+        FromLoadedLibrary<BOOL(WINAPI*)(DWORD)>(L"kernel32.dll", "SetDefaultDllDirectories");
     if (setDirectories != nullptr) {
         setDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     }

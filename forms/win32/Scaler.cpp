@@ -3,7 +3,7 @@
 #include <objidl.h>
 #include <gdiplus.h>
 
-#include <cstdint>
+#include "forms/win32/LateLibrary.h"
 
 namespace forms::win32 {
 
@@ -88,8 +88,7 @@ struct Scaler::Library {
   private:
     template <class Function>
     void Find(Function& function, const char* name) {
-        const FARPROC address = module != nullptr ? ::GetProcAddress(module, name) : nullptr;
-        function = reinterpret_cast<Function>(reinterpret_cast<void*>(address));
+        function = FunctionOf<Function>(module, name);
         complete = complete && function != nullptr;
     }
 
