@@ -25,7 +25,6 @@
 
 namespace {
 
-using driver::ComesTrue;
 using driver::Failure;
 using driver::WaitUntil;
 using driver::Window;

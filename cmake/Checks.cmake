@@ -22,6 +22,9 @@ jotwright_add_check(check.shell 60 shellcheck -x run test .ci/run scripts/lib.sh
 # Long: it starts first, and gives way to what waits in real time beside it.
 jotwright_add_check(check.tidy 1500 nice "${scripts}/check-tidy" "${PROJECT_BINARY_DIR}")
 set_tests_properties(check.tidy PROPERTIES COST 1000)
+jotwright_add_check(check.tidy_windows 900 nice "${scripts}/check-tidy"
+                    --without "${PROJECT_BINARY_DIR}" "${JOTWRIGHT_WINDOWS_BUILD}")
+set_tests_properties(check.tidy_windows PROPERTIES COST 900)
 
 jotwright_sources(fuzz_sources fuzz)
 foreach(source IN LISTS fuzz_sources)

@@ -80,6 +80,8 @@ void ToolbarPeer::ShowButtons() {
     ::SendMessageW(handle, TB_SETBITMAPSIZE, 0, MAKELPARAM(pixels, pixels));
     std::vector<std::wstring> texts;
     std::vector<TBBUTTON> native;
+    texts.reserve(buttons.size());
+    native.reserve(buttons.size());
     for (const Toolbar::Button& button : buttons) {
         texts.push_back(Wide(button.key));
     }

@@ -4,7 +4,6 @@ namespace driver {
 
 class StopWatch : public DriverTest {
   protected:
-    static constexpr const char* listClass = "SysListView32";
     inline static const MenuPath barSave{0, 0};
     inline static const MenuPath barClear{0, 1};
 

@@ -77,10 +77,10 @@ class BadInput : public conformance::StandTest {
     static void Paste(TextBox& textBox, const std::string& text) {
         const std::wstring wide = Wide(text);
         const std::size_t size = (wide.size() + 1) * sizeof(wchar_t);
+        ASSERT_NE(::OpenClipboard(HandleOf(textBox)), 0);
         HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, size);
         std::copy_n(wide.c_str(), wide.size() + 1, static_cast<wchar_t*>(::GlobalLock(memory)));
         ::GlobalUnlock(memory);
-        ASSERT_NE(::OpenClipboard(HandleOf(textBox)), 0);
         ::EmptyClipboard();
         ::SetClipboardData(CF_UNICODETEXT, memory);
         ::CloseClipboard();
