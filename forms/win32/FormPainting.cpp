@@ -41,7 +41,8 @@ void FormWindow::PaintSurface(HDC dc) {
         const Control& control = peer->control;
         const RECT area = peer->Area();
         // A line has no extent in one direction.
-        const RECT touched{area.left, area.top, area.right + 1, area.bottom + 1};
+        const RECT touched{area.left, area.top, area.right + LineThickness(),
+                           area.bottom + LineThickness()};
         if (!control.IsEffectivelyVisible() || ::RectVisible(dc, &touched) == 0) {
             continue;
         }
@@ -56,7 +57,7 @@ void FormWindow::PaintSurface(HDC dc) {
 }
 
 void FormWindow::InvalidateSurface(const RECT& area) {
-    RECT touched{area.left, area.top, area.right + 1, area.bottom + 1};
+    RECT touched{area.left, area.top, area.right + LineThickness(), area.bottom + LineThickness()};
     ::InvalidateRect(handle, &touched, FALSE);
     for (const auto& peer : peers) {
         const bool showsSurface = peer->handle != nullptr && peer->IsTransparent();

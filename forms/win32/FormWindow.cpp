@@ -283,6 +283,11 @@ int FormWindow::Pixels(int twips) const { return ToPixels(twips, dpi); }
 
 int FormWindow::Twips(int pixels) const { return ToTwips(pixels, dpi); }
 
+int FormWindow::LineThickness() const {
+    constexpr int thickness = 15;  // twips
+    return std::max(Pixels(thickness), 1);
+}
+
 // Both edges are rounded, so that what touches in twips touches in pixels.
 RECT FormWindow::AreaOf(const Control& control) const {
     int left = control.left;

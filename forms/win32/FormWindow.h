@@ -83,6 +83,8 @@ class FormWindow {
 
     int Pixels(int twips) const;
     int Twips(int pixels) const;
+    // Of lines and of the outlines of shapes, in pixels.
+    int LineThickness() const;
     RECT AreaOf(const Control& control) const;
     HFONT FormFont() const;
 

@@ -71,8 +71,7 @@ class ShapePeer : public PaintedPeer {
         : PaintedPeer(formWindow, peerShape), shape(peerShape) {}
 
     void Paint(HDC dc) override {
-        HPEN pen = ::CreatePen(PS_SOLID, std::max(1, window.Pixels(lineWidth)),
-                               ToColorRef(shape.borderColor()));
+        HPEN pen = ::CreatePen(PS_SOLID, window.LineThickness(), ToColorRef(shape.borderColor()));
         {
             const Selected outline(dc, pen);
             const Selected inside(dc, SolidBrush(ToColorRef(shape.fillColor())));
@@ -82,8 +81,6 @@ class ShapePeer : public PaintedPeer {
     }
 
   private:
-    static constexpr int lineWidth = 15;  // twips
-
     void Outline(HDC dc, const RECT& area) const {
         const int width = area.right - area.left;
         const int height = area.bottom - area.top;
@@ -113,11 +110,13 @@ class LinePeer : public PaintedPeer {
     LinePeer(FormWindow& formWindow, Line& peerLine)
         : PaintedPeer(formWindow, peerLine), line(peerLine) {}
 
-    // A line has no thickness of its own: a place without height or width is one pixel thick.
+    // A line has no thickness of its own: a place without height or width is as thick as the
+    // outline of a shape.
     void Paint(HDC dc) override {
+        const int thickness = window.LineThickness();
         RECT area = Area();
-        area.right = std::max(area.right, area.left + 1);
-        area.bottom = std::max(area.bottom, area.top + 1);
+        area.right = std::max<LONG>(area.right, area.left + thickness);
+        area.bottom = std::max<LONG>(area.bottom, area.top + thickness);
         ::FillRect(dc, &area,
                    SolidBrush(ReadableOn(window.ColorBehind(line), ToColorRef(line.color()))));
     }

@@ -1,6 +1,7 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <algorithm>
 #include <cwctype>
 
 #include "forms/Gestures.h"
@@ -33,6 +34,12 @@ class TextBoxPeer : public Peer {
         }
         CreateNative(WC_EDITW, std::string(), style, WS_EX_CLIENTEDGE);
         ::SendMessageW(handle, EM_SETLIMITTEXT, 0, 0);
+        if (!textBox.multiLine) {
+            // The room was divided before the first message came here.
+            ::SetWindowPos(
+                handle, nullptr, 0, 0, 0, 0,
+                SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+        }
         ShowText();
     }
 
@@ -65,8 +72,7 @@ class TextBoxPeer : public Peer {
     }
 
     HBRUSH OnColor(HDC dc) override {
-        const bool isPlain = textBox.enabled && !textBox.readOnly;
-        const COLORREF back = ToColorRef(textBox.backColor, isPlain ? COLOR_WINDOW : COLOR_BTNFACE);
+        const COLORREF back = Back();
         const COLORREF wanted = textBox.enabled ? ToColorRef(textBox.foreColor, COLOR_WINDOWTEXT)
                                                 : ::GetSysColor(COLOR_GRAYTEXT);
         ::SetTextColor(dc, ReadableOn(back, wanted));
@@ -80,6 +86,11 @@ class TextBoxPeer : public Peer {
     }
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (!textBox.multiLine) {
+            if (const auto result = OnRoomMessage(message, wParam, lParam)) {
+                return result;
+            }
+        }
         switch (message) {
             case WM_GETDLGCODE:
                 return DialogCode(message, wParam, lParam);
@@ -122,6 +133,56 @@ class TextBoxPeer : public Peer {
     }
 
   private:
+    COLORREF Back() const {
+        const bool isPlain = textBox.enabled && !textBox.readOnly;
+        return ToColorRef(textBox.backColor, isPlain ? COLOR_WINDOW : COLOR_BTNFACE);
+    }
+
+    // The system begins a line three pixels below the edge, whatever the resolution. Here they grow
+    // with it: the label beside the box stands as far below the box's edge at any scale.
+    int RoomAbove() const {
+        constexpr int systemsOwn = 3;
+        constexpr int wanted = 45;  // twips: as much at 96 dpi
+        return std::max(window.Pixels(wanted) - systemsOwn, 0);
+    }
+
+    std::optional<LRESULT> OnRoomMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+        switch (message) {
+            case WM_NCCALCSIZE: {
+                const LRESULT result = Default(message, wParam, lParam);
+                auto* inside = reinterpret_cast<RECT*>(lParam);
+                inside->top = std::min(inside->top + RoomAbove(), inside->bottom);
+                return result;
+            }
+            case WM_NCPAINT: {
+                const LRESULT result = Default(message, wParam, lParam);
+                PaintRoomAbove();
+                return result;
+            }
+            case WM_NCHITTEST:
+                return HTCLIENT;
+            case WM_ENABLE: {
+                const LRESULT result = Default(message, wParam, lParam);
+                ::RedrawWindow(handle, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+                return result;
+            }
+            default:
+                return std::nullopt;
+        }
+    }
+
+    void PaintRoomAbove() {
+        RECT whole{};
+        ::GetWindowRect(handle, &whole);
+        RECT room{0, 0, whole.right - whole.left, RoomAbove()};
+        const int edge = ::GetSystemMetrics(SM_CYEDGE);
+        ::InflateRect(&room, -::GetSystemMetrics(SM_CXEDGE), 0);
+        ::OffsetRect(&room, 0, edge);
+        HDC dc = ::GetWindowDC(handle);
+        ::FillRect(dc, &room, SolidBrush(Back()));
+        ::ReleaseDC(handle, dc);
+    }
+
     void ShowText() {
         settingText = true;
         SetCaption(textBox.text());

@@ -1,5 +1,7 @@
 #include <windows.h>
 
+#include <algorithm>
+
 #include "tests/windows/DriverTest.h"
 #include "tests/windows/Picture.h"
 #include "tests/windows/RemoteMemory.h"
@@ -84,7 +86,31 @@ TEST_F(Looks, EveryWindowHasAnIconAndNoneOfFixedSizeCanBeMaximised) {
     ExitProgram();
 }
 
-// What the system says when a window has come to a monitor of another scale.
+namespace {
+
+// What the system says when a window has come to a monitor of another scale; place: where it is
+// to be there.
+void ChangeScale(const Window& window, int dpi, const RECT& place) {
+    const Remote<RECT> suggested(window, place);
+    window.Send(0x02E0, MAKEWPARAM(dpi, dpi), suggested.Parameter());  // WM_DPICHANGED
+}
+
+// Where the text in a window begins, from the top of the screen; edge: how many pixels of the
+// window's edge are no text.
+int TopOfText(const Window& window, int edge) {
+    const Picture picture(window, edge);
+    for (int y = 0; y < picture.Height(); ++y) {
+        for (int x = 0; x < picture.Width(); ++x) {
+            if (GetGValue(picture.At(x, y)) < 128) {
+                return window.Place().top + edge + y;
+            }
+        }
+    }
+    throw Failure("no text in " + window.Description());
+}
+
+}  // namespace
+
 TEST_F(Looks, AWindowTakesTheScaleOfItsMonitor) {
     const Window main = StartProgram();
     const auto extent = [](const Window& window) {
@@ -99,22 +125,78 @@ TEST_F(Looks, AWindowTakesTheScaleOfItsMonitor) {
     const Window button = main.Button("Make &Note");
     const SIZE before = inside(main);
     const SIZE buttonBefore = extent(button);
-    const auto changeTo = [&](int dpi, const RECT& place) {
-        const Remote<RECT> suggested(main, place);
-        main.Send(0x02E0, MAKEWPARAM(dpi, dpi), suggested.Parameter());  // WM_DPICHANGED
-    };
     const RECT first = main.Place();
-    changeTo(144, {20, 30, 20 + extent(main).cx * 3 / 2, 30 + extent(main).cy * 3 / 2});
+    ChangeScale(main, 144, {20, 30, 20 + extent(main).cx * 3 / 2, 30 + extent(main).cy * 3 / 2});
     EXPECT_EQ(main.Place().left, 20);
     EXPECT_EQ(main.Place().top, 30);
     EXPECT_EQ(inside(main).cx, before.cx * 3 / 2);
     EXPECT_EQ(inside(main).cy, before.cy * 3 / 2);
     EXPECT_NEAR(extent(button).cx, buttonBefore.cx * 3 / 2, 1);
     EXPECT_NEAR(extent(button).cy, buttonBefore.cy * 3 / 2, 1);
-    changeTo(96, first);
+    ChangeScale(main, 96, first);
     EXPECT_EQ(main.Place().left, first.left);
     EXPECT_EQ(extent(button).cx, buttonBefore.cx);
     ExitProgram();
+}
+
+TEST_F(Looks, WhatIsTypedStandsBesideItsLabelAtAnyScale) {
+    const Window main = StartProgram();
+    main.Button("S&pecial Alarms").Click();
+    const Window window = program.WaitFor("Special Alarms");
+    const Window label = window.Child("Static", "#1");
+    const RECT first = window.Place();
+    for (const Window& field : window.ChildrenOfClass("Edit")) {
+        field.Type("#1");
+    }
+    for (const int dpi : {96, 192}) {
+        ChangeScale(window, dpi,
+                    {0, 20, (first.right - first.left) * dpi / 96,
+                     20 + (first.bottom - first.top) * dpi / 96});
+        PictureOf(window);  // once it is drawn
+        const int wanted = TopOfText(label, 0);
+        const auto fields = window.ChildrenOfClass("Edit");
+        const auto inRow = std::find_if(fields.begin(), fields.end(), [&](const Window& field) {
+            return field.Place().top < wanted && wanted < field.Place().bottom;
+        });
+        ASSERT_NE(inRow, fields.end());
+        EXPECT_NEAR(TopOfText(*inRow, 3), wanted, 1) << dpi << " dots per inch";
+    }
+    window.Close();
+    program.WaitUntilGone("Special Alarms");
+    ExitProgram();
+}
+
+// The two lines above the text of an alarm display.
+TEST_F(Looks, LinesAreAsThickAsTheScaleAsks) {
+    WriteNote("Due",
+              "\"Due\",\"Take the cake out\",#2031-06-02#,#09:01:00#,1,12,\"1\",0,\"yes\"\r\n");
+    const Window main = StartProgram();
+    const Window restored = program.WaitFor("Due");
+    restored.Close();
+    WaitUntil("the editor has gone", [&] { return !restored.Exists(); });
+    Clock::Set("2031-06-02 09:00:58");
+    const Window display = program.WaitFor("Due");
+    const auto rowsOfLines = [&] {
+        const Picture picture = PictureOf(display);
+        int rows = 0;
+        for (int y = 0; y < picture.Height(); ++y) {
+            int black = 0;
+            for (int x = 0; x < picture.Width(); ++x) {
+                black += picture.At(x, y) == RGB(0, 0, 0) ? 1 : 0;
+            }
+            rows += black > picture.Width() / 2 ? 1 : 0;
+        }
+        return rows;
+    };
+    const RECT place = display.Place();
+    EXPECT_EQ(rowsOfLines(), 2);
+    ChangeScale(display, 192,
+                {20, 20, 20 + (place.right - place.left) * 2, 20 + (place.bottom - place.top) * 2});
+    EXPECT_EQ(rowsOfLines(), 4);
+    display.Close();
+    const Box box(program, " Erase Note?");
+    box.Press("No");
+    main.Post(WM_CLOSE);
 }
 
 }  // namespace driver
