@@ -15,9 +15,10 @@ void dlgMsgBox::Design() {
     lblMsg.autoSize = true;
     // Messages quote what the user typed.
     lblMsg.useMnemonic = false;
-    // Beside a picture of the usual size; a message that is taller than its picture stays here.
+    // Beside a picture of the usual size, and clear of the button; a message that is taller than
+    // its picture stays here.
     lblMsg.left = 1405;
-    lblMsg.top = 350;
+    lblMsg.top = 240;
 
     cmdOk.caption = "OK";
     cmdOk.width = 855;

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "app/Grid.h"
 #include "app/dlgMsgBox.h"
 #include "tests/support/TestProgram.h"
 
@@ -94,6 +95,7 @@ TEST_F(PictureBox, ATextHigherThanThePictureKeepsItsPlace) {
         EXPECT_EQ(dialog.width(), 1080 + dialog.lblMsg.width() + 1200);
         EXPECT_EQ(dialog.cmdOk.top(), textHeight + 400);
         EXPECT_EQ(dialog.cmdOk.left(), dialog.width() - 1100);
+        EXPECT_GE(dialog.cmdOk.top(), designTop + textHeight + Grid::gap);
         // Beside the picture, not on it.
         EXPECT_GE(dialog.lblMsg.left(), 125 + 1080);
     });
