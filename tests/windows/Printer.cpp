@@ -73,12 +73,13 @@ Printer::Printer() {
     WriteWholeFile(file, description);
     RemoveFile(UnixPath(PrintFile()));
     std::wstring data = forms::win32::Wide(file);
-    wchar_t environment[] = L"Windows x64";
+    // Programs are served by drivers of their own kind.
+    std::wstring environment = sizeof(void*) == 8 ? L"Windows x64" : L"Windows NT x86";
     wchar_t code[] = L"wineps.drv";
     DRIVER_INFO_3W printerDriver{};
     printerDriver.cVersion = 3;
     printerDriver.pName = driverName;
-    printerDriver.pEnvironment = environment;
+    printerDriver.pEnvironment = environment.data();
     printerDriver.pDriverPath = code;
     printerDriver.pConfigFile = code;
     printerDriver.pDataFile = data.data();

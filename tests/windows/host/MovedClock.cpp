@@ -1,0 +1,77 @@
+// The moved clock of scripts/run-windows32-tests: a library that is loaded before a 32-bit Wine.
+// That Wine asks the system for the time by names that the library of this kind for other programs
+// does not know. Built without the system's headers, as those of a 32-bit system need not be there:
+// what is used of it is declared here.
+//
+// The file that FAKETIME_TIMESTAMP_FILE names holds the seconds by which the clock is moved, for
+// example "+3600" or "-5"; it is read at each look at the clock. Where it cannot be read, the clock is
+// right.
+
+extern "C" {
+
+char* getenv(const char* name);
+int open(const char* path, int flags, ...);
+int read(int descriptor, void* bytes, unsigned count);
+int close(int descriptor);
+int syscall(int number, ...);
+
+// As the system has them on 32-bit machines, for times beyond 2038.
+struct Seconds64 {
+    long long seconds;
+    int fraction;  // nanoseconds or microseconds
+    int padding;
+};
+static_assert(sizeof(Seconds64) == 16 && sizeof(void*) == 4);
+
+int __clock_gettime64(int clock, Seconds64* time);  // NOLINT(bugprone-reserved-identifier)
+int __gettimeofday64(Seconds64* time, void* zone);  // NOLINT(bugprone-reserved-identifier)
+long long __time64(long long* time);                // NOLINT(bugprone-reserved-identifier)
+}
+
+namespace {
+
+constexpr int realTime = 0;
+constexpr int realTimeCoarse = 5;
+constexpr int systemCall = 403;  // clock_gettime64
+constexpr int nanosecondsInMicrosecond = 1000;
+
+long long Offset() {
+    const char* path = getenv("FAKETIME_TIMESTAMP_FILE");
+    const int file = path == nullptr ? -1 : open(path, 0);
+    if (file < 0) {
+        return 0;
+    }
+    char text[32];
+    const int length = read(file, text, sizeof text);
+    close(file);
+    long long offset = 0;
+    for (int i = 1; i < length && text[i] >= '0' && text[i] <= '9'; ++i) {
+        offset = offset * 10 + (text[i] - '0');
+    }
+    return length > 0 && text[0] == '-' ? -offset : offset;
+}
+
+}  // namespace
+
+int __clock_gettime64(int clock, Seconds64* time) {
+    const int result = syscall(systemCall, clock, time);
+    if (result == 0 && (clock == realTime || clock == realTimeCoarse)) {
+        time->seconds += Offset();
+    }
+    return result;
+}
+
+int __gettimeofday64(Seconds64* time, void* /*zone*/) {
+    const int result = __clock_gettime64(realTime, time);
+    time->fraction /= nanosecondsInMicrosecond;
+    return result;
+}
+
+long long __time64(long long* time) {
+    Seconds64 now{};
+    __clock_gettime64(realTime, &now);
+    if (time != nullptr) {
+        *time = now.seconds;
+    }
+    return now.seconds;
+}
