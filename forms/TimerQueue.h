@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <set>
@@ -22,6 +23,9 @@ class TimerQueue {
     // Monotonic milliseconds of the next tick that could be given now (timers whose handlers run
     // are passed over); empty where there is none.
     std::optional<std::int64_t> NextDue() const;
+
+    // Timers that wait for their next tick.
+    std::size_t Size() const { return queue.size(); }
 
     // Gives each tick that is due, earliest first. Handlers may show boxes, which pump and so call
     // this again, and may switch any timer on or off or destroy it.

@@ -158,6 +158,12 @@ void HeadlessStage::KeepTyped(TextBox& textBox, const std::string& content) {
     typed.emplace_back(&textBox, content);
 }
 
+void HeadlessStage::ForgetShown() {
+    boxes.clear();
+    popups.clear();
+    dialogs.clear();
+}
+
 BoxResult HeadlessStage::ShowMessageBox(const BoxRequest& request) {
     CountWait();
     boxes.push_back(request);

@@ -89,6 +89,8 @@ class HeadlessStage : public Stage {
     const std::vector<BoxRequest>& Boxes() const { return boxes; }
     const std::vector<Popup>& Popups() const { return popups; }
     const std::vector<FileDialogRequest>& OpenDialogs() const { return dialogs; }
+    // Lets tests run for ever: the three lists begin anew.
+    void ForgetShown();
     Form* Foreground() const { return foreground.lock().get(); }
     MousePointer Pointer() const { return pointer; }
     // Changes of properties that a real stage would have drawn.

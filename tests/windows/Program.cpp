@@ -1,5 +1,8 @@
 #include "tests/windows/Program.h"
 
+#include <windows.h>
+#include <psapi.h>
+
 #include <algorithm>
 
 #include "forms/win32/Utf.h"
@@ -169,6 +172,13 @@ Objects Program::CountObjects() const {
     objects.gdi = ::GetGuiResources(process, GR_GDIOBJECTS);
     objects.user = ::GetGuiResources(process, GR_USEROBJECTS);
     return objects;
+}
+
+std::size_t Program::PrivateKilobytes() const {
+    PROCESS_MEMORY_COUNTERS counters{};
+    counters.cb = sizeof counters;
+    ::GetProcessMemoryInfo(process, &counters, sizeof counters);
+    return counters.PagefileUsage / 1024;
 }
 
 Window Program::OpenMenu() const {

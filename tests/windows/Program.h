@@ -46,6 +46,8 @@ class Program {
     Window WaitFor(const std::string& caption, const std::string& className = "") const;
     void WaitUntilGone(const std::string& caption) const;
     Objects CountObjects() const;
+    // Memory that is the program's own, in kilobytes; 0 where the system does not tell.
+    std::size_t PrivateKilobytes() const;
     // A menu that is open; a null window where none is.
     Window OpenMenu() const;
     std::string Description() const;

@@ -4,8 +4,8 @@
 // what is used of it is declared here.
 //
 // The file that FAKETIME_TIMESTAMP_FILE names holds the seconds by which the clock is moved, for
-// example "+3600" or "-5"; it is read at each look at the clock. Where it cannot be read, the clock is
-// right.
+// example "+3600" or "-5"; it is read at each look at the clock. Where it cannot be read, the clock
+// is right.
 
 extern "C" {
 
@@ -23,9 +23,9 @@ struct Seconds64 {
 };
 static_assert(sizeof(Seconds64) == 16 && sizeof(void*) == 4);
 
-int __clock_gettime64(int clock, Seconds64* time);  // NOLINT(bugprone-reserved-identifier)
-int __gettimeofday64(Seconds64* time, void* zone);  // NOLINT(bugprone-reserved-identifier)
-long long __time64(long long* time);                // NOLINT(bugprone-reserved-identifier)
+int __clock_gettime64(int clock, Seconds64* time);
+int __gettimeofday64(Seconds64* time, void* zone);
+long long __time64(long long* time);
 }
 
 namespace {

@@ -1,5 +1,4 @@
 #include <windows.h>
-#include <psapi.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -21,13 +20,6 @@ constexpr const char* boxClass = "#32770";
 constexpr UINT firstMenuCommand = 1000;
 constexpr int menuCommands = 40;
 constexpr std::size_t mostWindows = 120;
-
-std::size_t PrivateKilobytes(HANDLE process) {
-    PROCESS_MEMORY_COUNTERS counters{};
-    counters.cb = sizeof counters;
-    ::GetProcessMemoryInfo(process, &counters, sizeof counters);
-    return counters.PagefileUsage / 1024;
-}
 
 }  // namespace
 
@@ -184,14 +176,7 @@ void MonkeyRun::ExpectAnswer() {
             window.Exists() && program.Runs()) {
             throw Failure("the program does not answer");
         }
-        // Its memory is that of the process whose window this is.
-        DWORD id = 0;
-        ::GetWindowThreadProcessId(window.handle, &id);
-        if (HANDLE process =
-                ::OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id)) {
-            memory = std::max(memory, PrivateKilobytes(process));
-            ::CloseHandle(process);
-        }
+        memory = std::max(memory, program.PrivateKilobytes());
     }
     EXPECT_LE(program.Windows().size(), mostWindows) << program.Description();
 }

@@ -1,0 +1,155 @@
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdio>
+
+#include "tests/windows/DriverTest.h"
+#include "tests/windows/long/Load.h"
+
+// Notes are made, edited, hidden, reopened and erased in the real program, again and again: nothing
+// may be left of them. JOTWRIGHT_CYCLES says how often.
+
+namespace driver {
+
+namespace {
+
+constexpr int settling = 5;  // seconds; threads of the system end a little later
+// What an allocator may keep for later: for a thousand cycles half a kilobyte each.
+constexpr std::size_t slack = 512;  // kilobytes
+
+}  // namespace
+
+class GrowthRun : public DriverTest {
+  protected:
+    Window OpenPanelFromTray(const Window& main) const;
+    // Erases the only note of the panel, and closes that.
+    void EraseAndClose(const Window& panel) const;
+    // Closed and opened in the control panel, erased there.
+    void ThroughThePanel(const Window& main, const std::string& title);
+    // Minimized and brought back with all open notes, saved, erased by its toolbar.
+    void InItsEditor(const Window& main, const std::string& title);
+    void Cycle(const Window& main, int number);
+    // Waits until there is no more than before, where there was a before.
+    Objects Count(const Objects* before) const;
+    void Report(const std::string& when, const Objects& objects, std::size_t memory) const;
+};
+
+Window GrowthRun::OpenPanelFromTray(const Window& main) const {
+    tray::LeftClick(main);
+    WaitUntil("the main window is shown", [&] { return main.IsVisible(); });
+    return OpenPanel(main);
+}
+
+void GrowthRun::EraseAndClose(const Window& panel) const {
+    const Window list = panel.Only(listClass);
+    ClickRow(list, 0);
+    WaitUntil("a note is selected", [&] { return panel.Button("&Erase").IsEnabled(); });
+    panel.Button("&Erase").Click();
+    Box(program, "Deleting Note").Press("Yes");
+    WaitUntil("the list is empty", [&] { return RowCount(list) == 0; });
+    panel.Button("&Close").Click();
+    program.WaitUntilGone(panelCaption);
+}
+
+void GrowthRun::ThroughThePanel(const Window& main, const std::string& title) {
+    const Window made = MakeNote(main, title);
+    made.Only("Edit").Type("the text of " + title);
+    CloseAndWait(made);
+    Window panel = OpenPanelFromTray(main);
+    ClickRow(panel.Only(listClass), 0);
+    WaitUntil("a note is selected", [&] { return panel.Button("&Edit").IsEnabled(); });
+    panel.Button("&Edit").Click();
+    const Window again = program.WaitFor(title);
+    WaitUntilFilled(again, "Edit");
+    again.Only("Edit").Type("another, longer text of " + title);
+    again.Close();
+    Box(program, saveQuestion).Press("Yes");
+    WaitUntil("the editor has gone", [&] { return !again.Exists(); });
+    EXPECT_TRUE(WholeFile(NotePath(title)).value_or("").find("another, longer") !=
+                std::string::npos);
+    panel = program.WaitFor(panelCaption);
+    WaitUntilFilled(panel, listClass);
+    EraseAndClose(panel);
+}
+
+void GrowthRun::InItsEditor(const Window& main, const std::string& title) {
+    const Window editor = MakeNote(main, title);
+    editor.Only("Edit").Type("the text of " + title);
+    editor.Post(WM_SYSCOMMAND, SC_MINIMIZE);
+    WaitUntil("the editor is minimized", [&] { return editor.IsMinimized(); });
+    const Window panel = OpenPanelFromTray(main);
+    panel.Button("&Open All Notes").Click();
+    WaitUntilFilled(editor, "Edit");
+    editor.Only("Edit").Type("another text of " + title);
+    PressToolbar(editor.Only(toolbarClass), toolbarSave);
+    Box(program, "").Press("OK");
+    EXPECT_TRUE(FileExists(NotePath(title)));
+    PressToolbar(editor.Only(toolbarClass), toolbarErase);
+    Box(program, "Kill Note").Press("Yes");
+    WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
+    for (const Window& open : program.Visible(panelCaption)) {
+        open.Button("&Close").Click();
+        program.WaitUntilGone(panelCaption);
+    }
+}
+
+// Every note has a title of its own: nothing that is kept by title can hide.
+void GrowthRun::Cycle(const Window& main, int number) {
+    if (!main.IsVisible()) {
+        tray::LeftClick(main);
+        WaitUntil("the main window is shown", [&] { return main.IsVisible(); });
+    }
+    const std::string title = "Note " + std::to_string(100'000 + number);
+    if (number % 2 == 0) {
+        ThroughThePanel(main, title);
+    } else {
+        InItsEditor(main, title);
+    }
+    EXPECT_TRUE(FileNames(folder + "\\Notes").empty());
+    main.Send(WM_NULL);
+}
+
+Objects GrowthRun::Count(const Objects* before) const {
+    if (before != nullptr) {
+        ComesTrue([&] { return program.CountObjects() == *before; }, settling);
+    }
+    return program.CountObjects();
+}
+
+void GrowthRun::Report(const std::string& when, const Objects& objects, std::size_t memory) const {
+    std::printf("%s: %s, %zu KB\n", when.c_str(), objects.Text().c_str(), memory);
+    std::fflush(stdout);
+}
+
+TEST_F(GrowthRun, NotesThatWereErasedLeaveNothingBehind) {
+    const int cycles = std::max(2, Number("JOTWRIGHT_CYCLES", 6));
+    const int warm = std::max(2, cycles / 10);
+    const Window main = StartProgram();
+    main.Send(WM_NULL);
+    const Objects start = Count(nullptr);
+    Report("start", start, program.PrivateKilobytes());
+    EXPECT_GT(start.children, 10U);
+    const ULONGLONG begin = ::GetTickCount64();
+    std::size_t base = 0;
+    int done = 0;
+    while (done < cycles && !HasFailure()) {
+        Cycle(main, ++done);
+        if (done != warm && done != cycles) {
+            continue;
+        }
+        const Objects now = Count(&start);
+        const std::size_t memory = program.PrivateKilobytes();
+        Report("after " + std::to_string(done) + " cycles", now, memory);
+        EXPECT_EQ(now.windows, start.windows) << program.Description();
+        EXPECT_EQ(now.children, start.children);
+        EXPECT_LE(now.handles, start.handles);
+        EXPECT_LE(now.gdi, start.gdi);
+        EXPECT_LE(now.user, start.user);
+        base = done == warm ? memory : base;
+        EXPECT_LE(memory, base + slack) << "kilobytes, " << base << " after " << warm << " cycles";
+    }
+    std::printf("%d cycles, %llu ms each\n", done,
+                (::GetTickCount64() - begin) / static_cast<ULONGLONG>(done));
+}
+
+}  // namespace driver
