@@ -226,18 +226,6 @@ bool FormWindow::FollowSharedKey(wchar_t letter) {
 }
 
 std::optional<LRESULT> FormWindow::OnNotify(NMHDR& header) {
-    if (header.code == TTN_GETDISPINFOW) {
-        for (const auto& peer : peers) {
-            if (peer->control.kind == ControlKind::Toolbar) {
-                auto& toolbar = static_cast<ToolbarPeer&>(*peer);
-                if (toolbar.HasButton(static_cast<int>(header.idFrom))) {
-                    toolbar.GiveTip(reinterpret_cast<NMTTDISPINFOW&>(header));
-                    return 0;
-                }
-            }
-        }
-        return std::nullopt;
-    }
     Peer* peer = PeerOf(header.hwndFrom);
     return peer != nullptr ? peer->OnNotify(header) : std::nullopt;
 }

@@ -358,6 +358,7 @@ void FormWindow::LayoutControls() {
         peer->Restyle();
         tips.Update(*peer);
     }
+    tips.FollowScale();
     ::RedrawWindow(handle, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 

@@ -24,7 +24,7 @@ void ToolTips::Update(const Peer& peer) {
                                  WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
                                  CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window.handle,
                                  nullptr, ::GetModuleHandleW(nullptr), nullptr);
-        ::SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, window.Pixels(widthInTwips));
+        FollowScale();
     }
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V2_SIZE;
@@ -45,6 +45,12 @@ void ToolTips::Update(const Peer& peer) {
     std::wstring text = Wide(control.toolTip());
     tool.lpszText = text.data();
     ::SendMessageW(tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void ToolTips::FollowScale() const {
+    if (tips != nullptr) {
+        ::SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, window.Pixels(widthInTwips));
+    }
 }
 
 }  // namespace forms::win32

@@ -16,6 +16,7 @@ class ToolTips {
 
     // Brings the control's tip up to date with its text, place and visibility.
     void Update(const Peer& peer);
+    void FollowScale() const;
 
   private:
     FormWindow& window;

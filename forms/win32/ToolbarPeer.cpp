@@ -181,9 +181,20 @@ const Toolbar::Button& ToolbarPeer::ButtonOf(int id) const {
 
 void ToolbarPeer::Press(int id) { gestures::ClickToolbar(toolbar, ButtonOf(id).key); }
 
-void ToolbarPeer::GiveTip(NMTTDISPINFOW& request) {
-    tip = Wide(ButtonOf(static_cast<int>(request.hdr.idFrom)).toolTip);
-    request.lpszText = tip.data();
+// Not left to the tips' own TTN_GETDISPINFO: the native control answers that with the text that the
+// button has for screen readers.
+std::optional<LRESULT> ToolbarPeer::OnNotify(NMHDR& header) {
+    if (header.code != TBN_GETINFOTIPW) {
+        return std::nullopt;
+    }
+    const auto& request = reinterpret_cast<const NMTBGETINFOTIPW&>(header);
+    if (HasButton(request.iItem) && request.cchTextMax > 0) {
+        const std::wstring tip = Wide(ButtonOf(request.iItem).toolTip);
+        const std::size_t length =
+            tip.copy(request.pszText, static_cast<std::size_t>(request.cchTextMax) - 1);
+        request.pszText[length] = L'\0';
+    }
+    return 0;
 }
 
 std::unique_ptr<Peer> MakeToolbarPeer(FormWindow& window, Toolbar& toolbar) {

@@ -26,7 +26,7 @@ class ToolbarPeer : public Peer {
 
     bool HasButton(int id) const;
     void Press(int id);
-    void GiveTip(NMTTDISPINFOW& request);
+    std::optional<LRESULT> OnNotify(NMHDR& header) override;
 
   protected:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -44,8 +44,7 @@ class ToolbarPeer : public Peer {
     Toolbar& toolbar;
     int baseId = firstId;
     HIMAGELIST pictures = nullptr;
-    std::wstring tip;  // that is shown just now
-    int marked = 0;    // place of the button that the keyboard presses
+    int marked = 0;  // place of the button that the keyboard presses
 };
 
 }  // namespace forms::win32
