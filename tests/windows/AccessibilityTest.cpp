@@ -106,6 +106,27 @@ TEST_F(Accessibility, EveryWindowIsSpokenOf) {
     }
 }
 
+TEST_F(Accessibility, WhatComesUpByItselfIsSpokenOf) {
+    WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+    const Window main = StartProgram();
+    main.Button("Make &Note").Click();
+    const Window rejection = program.WaitFor("  Note Title Error");
+    WaitUntilFilled(rejection, "Button");
+    ExpectSpoken(rejection);
+    CloseAndWait(rejection);
+
+    CloseAndWait(program.WaitFor("Dentist"));
+    Clock::Set("2031-06-02 09:29:58");
+    const Window display = program.WaitFor("Dentist");
+    WaitUntilFilled(display, "Edit");
+    WaitUntil("the text has the focus", [&] { return display.Only("Edit").HasFocus(); });
+    ExpectSpoken(display);
+    display.Close();
+    const Box question(program, displayQuestion);
+    EXPECT_EQ(AccessibleOf(question.window).name, displayQuestion);
+    question.Press("No");
+}
+
 TEST_F(Accessibility, TheToolbarsButtonsHaveNames) {
     const Window editor = MakeNote(StartProgram(), "Dentist");
     const Window toolbar = editor.Only(toolbarClass);
