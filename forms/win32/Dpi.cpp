@@ -25,8 +25,23 @@ int SystemDpi() {
 
 int DpiOf(HWND window) {
     static const auto getDpi = FromUser32<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
-    const UINT dpi = getDpi != nullptr && window != nullptr ? getDpi(window) : 0;
-    return dpi != 0 ? static_cast<int>(dpi) : SystemDpi();
+    int dpi = 0;
+    if (window != nullptr) {
+        dpi = getDpi != nullptr ? static_cast<int>(getDpi(window)) : DpiOfMonitorAt(window);
+    }
+    return dpi != 0 ? dpi : SystemDpi();
+}
+
+int DpiOfMonitorAt(HWND window) {
+    static const auto getDpi = FromLibrary<HRESULT(WINAPI*)(HMONITOR, int, UINT*, UINT*)>(
+        L"shcore.dll", "GetDpiForMonitor");
+    constexpr int effective = 0;  // MDT_EFFECTIVE_DPI
+    UINT x = 0;
+    UINT y = 0;
+    const bool isKnown =
+        getDpi != nullptr &&
+        SUCCEEDED(getDpi(::MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), effective, &x, &y));
+    return isKnown ? static_cast<int>(x) : 0;
 }
 
 int ToPixels(int twips, int dpi) { return ::MulDiv(twips, dpi, 1440); }

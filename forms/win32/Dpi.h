@@ -10,6 +10,9 @@ constexpr int defaultDpi = 96;
 
 int SystemDpi();
 int DpiOf(HWND window);
+// As Windows 8.1 and the first Windows 10 tell it, which know resolutions of monitors, not of
+// windows; 0 where the system knows neither.
+int DpiOfMonitorAt(HWND window);
 
 int ToPixels(int twips, int dpi);
 int ToTwips(int pixels, int dpi);

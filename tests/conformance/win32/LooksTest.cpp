@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "forms/win32/Dpi.h"
 #include "forms/win32/Drawing.h"
 #include "forms/win32/Placing.h"
 
@@ -42,6 +43,11 @@ bool IsInside(const RECT& place, const RECT& area) {
     RECT common{};
     ::IntersectRect(&common, &place, &area);
     return ::EqualRect(&common, &place) != 0;
+}
+
+TEST(Scale, OlderSystemsAreAskedForThatOfTheMonitor) {
+    HWND desktop = ::GetDesktopWindow();
+    EXPECT_EQ(forms::win32::DpiOfMonitorAt(desktop), forms::win32::DpiOf(desktop));
 }
 
 TEST(Placing, ACenteredWindowHasAsMuchRoomOnBothSides) {
