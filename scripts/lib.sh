@@ -61,12 +61,12 @@ start_display() {
     setsid Xvfb -displayfd 3 -screen 0 "${2:-1280x1024}x24" -dpi 96 -nolisten tcp \
         3>"$number" >"$1/xvfb.log" 2>&1 </dev/null &
     started+=("$!")
-    wait_for 20 test -s "$number" || die "Xvfb did not start, see $1/xvfb.log"
+    wait_for 60 test -s "$number" || die "Xvfb did not start, see $1/xvfb.log"
     DISPLAY=":$(tr -d '[:space:]' <"$number")"
     export DISPLAY
     setsid openbox --sm-disable >"$1/openbox.log" 2>&1 </dev/null &
     started+=("$!")
-    wait_for 20 window_manager_is_up || die "openbox did not start, see $1/openbox.log"
+    wait_for 60 window_manager_is_up || die "openbox did not start, see $1/openbox.log"
 }
 
 window_manager_is_up() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
