@@ -1,3 +1,5 @@
+#include <functional>
+
 #include "tests/windows/DriverTest.h"
 
 namespace driver {
@@ -81,15 +83,17 @@ TEST_F(StartUp, ASecondCopySaysSoAndChangesNothing) {
     ExitProgram();
 }
 
-TEST_F(StartUp, EveryExitEndsTheProgram) {
-    StartProgram().Button("E&xit").Click();
-    EXPECT_EQ(program.WaitForEnd(), 0U);
-
-    ChooseFromMenuBar(program, StartProgram(), barFileExit);
-    EXPECT_EQ(program.WaitForEnd(), 0U);
-
-    StartProgram().Close();
-    EXPECT_EQ(program.WaitForEnd(), 0U);
+TEST_F(StartUp, EveryExitEndsTheProgramAndTakesItsIconAway) {
+    const auto exitBy = [this](const std::function<void(const Window&)>& leave) {
+        const Window main = StartProgram();
+        EXPECT_TRUE(tray::HasIcon(main));
+        leave(main);
+        EXPECT_EQ(program.WaitForEnd(), 0U);
+        EXPECT_FALSE(tray::HasIcon(main));
+    };
+    exitBy([](const Window& main) { main.Button("E&xit").Click(); });
+    exitBy([this](const Window& main) { ChooseFromMenuBar(program, main, barFileExit); });
+    exitBy([](const Window& main) { main.Close(); });
 }
 
 }  // namespace driver
