@@ -73,7 +73,10 @@ class FramePeer : public SurfacePeer {
         if (!caption.empty()) {
             RECT needed = text;
             ::DrawTextW(dc, caption.c_str(), -1, &needed, format | DT_CALCRECT);
-            text.right = needed.right < text.right ? needed.right : text.right;
+            const bool fits = needed.right <= text.right;
+            text.right = fits ? needed.right : text.right;
+            // The last letter may reach beyond the width of the text.
+            format |= fits ? DT_NOCLIP : DT_END_ELLIPSIS;
             ::ExcludeClipRect(dc, text.left - gap, text.top, text.right + gap, text.bottom);
         }
         PaintBorder(dc, border);
@@ -82,7 +85,7 @@ class FramePeer : public SurfacePeer {
         const COLORREF wanted =
             ::GetSysColor(frame.IsEffectivelyEnabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT);
         ::SetTextColor(dc, ReadableOn(window.BackColor(), wanted));
-        ::DrawTextW(dc, caption.c_str(), -1, &text, format | DT_END_ELLIPSIS);
+        ::DrawTextW(dc, caption.c_str(), -1, &text, format);
     }
 
   protected:

@@ -1,7 +1,10 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cwchar>
+#include <functional>
 
+#include "forms/win32/Dpi.h"
 #include "tests/windows/DriverTest.h"
 #include "tests/windows/Picture.h"
 #include "tests/windows/RemoteMemory.h"
@@ -163,6 +166,90 @@ TEST_F(Looks, WhatIsTypedStandsBesideItsLabelAtAnyScale) {
     }
     window.Close();
     program.WaitUntilGone("Special Alarms");
+    ExitProgram();
+}
+
+namespace {
+
+// The user's message font as long as this lives, for programs that start meanwhile.
+class SlantedMessageFont {
+  public:
+    SlantedMessageFont() {
+        before.cbSize = sizeof before;
+        ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof before, &before, 0);
+        NONCLIENTMETRICSW metrics = before;
+        metrics.lfMessageFont.lfItalic = TRUE;
+        Set(metrics);
+    }
+    ~SlantedMessageFont() { Set(before); }
+    SlantedMessageFont(const SlantedMessageFont&) = delete;
+    SlantedMessageFont& operator=(const SlantedMessageFont&) = delete;
+
+  private:
+    static void Set(NONCLIENTMETRICSW& metrics) {
+        ::SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics,
+                                SPIF_UPDATEINIFILE);
+    }
+
+    NONCLIENTMETRICSW before{};
+};
+
+// From the first to the last column with a dark pixel in it.
+int DarkWidth(const std::function<COLORREF(int, int)>& at, const RECT& area) {
+    int first = area.right;
+    int last = area.right - 1;
+    for (int x = area.left; x < area.right; ++x) {
+        for (int y = area.top; y < area.bottom; ++y) {
+            if (GetGValue(at(x, y)) < 100) {
+                first = std::min(first, x);
+                last = x;
+            }
+        }
+    }
+    return last - first + 1;
+}
+
+// Of a text in the message font that nothing cuts off.
+int WholeWidth(const wchar_t* text, int dpi, COLORREF background) {
+    constexpr int width = 1000;
+    constexpr int height = 200;
+    HDC screen = ::GetDC(nullptr);
+    HDC memory = ::CreateCompatibleDC(screen);
+    HBITMAP bitmap = ::CreateCompatibleBitmap(screen, width, height);
+    const LOGFONTW wanted = forms::win32::MessageFont(dpi);
+    HFONT font = ::CreateFontIndirectW(&wanted);
+    ::SelectObject(memory, bitmap);
+    ::SelectObject(memory, font);
+    const RECT whole{0, 0, width, height};
+    ::SetBkColor(memory, background);
+    ::ExtTextOutW(memory, 0, 0, ETO_OPAQUE, &whole, L"", 0, nullptr);
+    ::TextOutW(memory, 50, 50, text, static_cast<int>(std::wcslen(text)));
+    const int found = DarkWidth([&](int x, int y) { return ::GetPixel(memory, x, y); }, whole);
+    ::DeleteDC(memory);
+    ::DeleteObject(bitmap);
+    ::DeleteObject(font);
+    ::ReleaseDC(nullptr, screen);
+    return found;
+}
+
+}  // namespace
+
+// Letters may reach beyond the width that the font tells of a text, slanted ones more than others.
+TEST_F(Looks, CaptionsOfFramesAreWhole) {
+    const SlantedMessageFont slanted;
+    const Window main = StartProgram();
+    for (const int dpi : {96, 120, 144, 192}) {
+        const RECT place = main.Place();
+        ChangeScale(main, dpi, {0, 0, place.right - place.left, place.bottom - place.top});
+        const Picture picture = PictureOf(main);
+        const RECT frame = main.Button("Note Center").Place();
+        const int lineHeight = -forms::win32::MessageFont(dpi).lfHeight;
+        // Without the border's own columns.
+        const RECT caption{frame.left + 4, frame.top, frame.right - 4, frame.top + lineHeight};
+        EXPECT_EQ(DarkWidth([&](int x, int y) { return picture.At(x, y); }, caption),
+                  WholeWidth(L"Note Center", dpi, picture.At(caption.right, caption.bottom)))
+            << dpi << " dots per inch";
+    }
     ExitProgram();
 }
 
