@@ -35,6 +35,12 @@ bool Has(const Accessible& object, LONG state) { return (object.state & state) !
 }  // namespace
 
 void Accessibility::ExpectSpoken(const Window& window) {
+    // The focus may come a moment after the window: not between two looks at one control.
+    ComesTrue([&] {
+        const auto controls = window.Children();
+        return std::any_of(controls.begin(), controls.end(),
+                           [](const Window& control) { return control.HasFocus(); });
+    });
     const Accessible whole = AccessibleOf(window);
     EXPECT_EQ(whole.name, window.Text());
     Window before;
