@@ -85,20 +85,7 @@ TEST_F(Accessibility, EveryWindowIsSpokenOf) {
         ExpectSpoken(tool);
         CloseAndWait(tool);
     }
-    const std::pair<MenuPath, const char*> entries[] = {
-        {barChooseAlarmSound, "Choose An Alarm"},
-        {barNoteOptions, "Note Options"},
-        {barAbout, "About Jotwright"},
-        {barShowTips, "Jotwright - Tips and Tricks"},
-    };
-    for (const auto& [path, caption] : entries) {
-        ChooseFromMenuBar(program, main, path);
-        const Window window = program.WaitFor(caption);
-        WaitUntilFilled(window, "Button");
-        ExpectSpoken(window);
-        CloseAndWait(window);
-        WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });
-    }
+    ForEachMenuBarWindow(main, ExpectSpoken);
     const Window panel = OpenPanel(main);
     ExpectSpoken(panel);
     EXPECT_EQ(AccessibleOf(panel.Only(listClass)).name, "Notes");

@@ -3,6 +3,8 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <utility>
+
 namespace driver {
 
 DriverTest::DriverTest() : executable(Variable("JOTWRIGHT_EXE")), folder(FolderOf(executable)) {}
@@ -122,6 +124,24 @@ void DriverTest::HideNote(const Window& editor) {
 void DriverTest::CloseAndWait(const Window& window) {
     window.Close();
     WaitUntil("the window has gone", [&] { return !window.Exists(); });
+}
+
+void DriverTest::ForEachMenuBarWindow(const Window& main,
+                                      const std::function<void(const Window&)>& show) const {
+    const std::pair<MenuPath, const char*> entries[] = {
+        {barChooseAlarmSound, "Choose An Alarm"},
+        {barNoteOptions, "Note Options"},
+        {barAbout, "About Jotwright"},
+        {barShowTips, "Jotwright - Tips and Tricks"},
+    };
+    for (const auto& [path, caption] : entries) {
+        ChooseFromMenuBar(program, main, path);
+        const Window window = program.WaitFor(caption);
+        WaitUntilFilled(window, "Button");
+        show(window);
+        CloseAndWait(window);
+        WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });
+    }
 }
 
 Window DriverTest::OpenPanel(const Window& main) const {

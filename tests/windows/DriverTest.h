@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <functional>
 #include <string>
 
 #include "tests/windows/Clock.h"
@@ -83,6 +84,10 @@ class DriverTest : public testing::Test {
     void HideNote(const Window& editor);
     // Closes a window that is about to go without a question, and waits until it has gone.
     static void CloseAndWait(const Window& window);
+    // Opens each window that the main window's menu bar leads to, shows it when its controls are
+    // there, and closes it.
+    void ForEachMenuBarWindow(const Window& main,
+                              const std::function<void(const Window&)>& show) const;
     // Presses the main window's button and waits for the list.
     Window OpenPanel(const Window& main) const;
     static Window DatePicker(const Window& editor);

@@ -34,17 +34,7 @@ void WindowObjects::OpenAndCloseTools(const Window& main) const {
         main.Button(button).Click();
         Close(caption);
     }
-    const std::pair<MenuPath, const char*> entries[] = {
-        {barChooseAlarmSound, "Choose An Alarm"},
-        {barNoteOptions, "Note Options"},
-        {barAbout, "About Jotwright"},
-        {barShowTips, "Jotwright - Tips and Tricks"},
-    };
-    for (const auto& [path, caption] : entries) {
-        ChooseFromMenuBar(program, main, path);
-        Close(caption);
-        WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });
-    }
+    ForEachMenuBarWindow(main, [](const Window&) {});
 }
 
 void WindowObjects::OpenAndCloseBoxes(const Window& main) const {
