@@ -70,11 +70,10 @@ class Control : public Observed {
     // Order of the Tab key among the form's controls; -1 stands for the order of declaration.
     // Set in Design only.
     int tabIndex = -1;
-    // Name that a screen reader speaks where the control has no caption and no label before it.
-    std::string accessibleName;
-
     // The menu key opens the menu of the form instead of the control's own. Set in Design only.
     bool leavesMenuKey = false;
+    // Name that a screen reader speaks where the control has no caption and no label before it.
+    std::string accessibleName;
 
     MouseHandler MouseUp;
 

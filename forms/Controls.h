@@ -26,8 +26,9 @@ class Label : public Control {
     Property<std::string> caption{*this, Aspect::Caption};
     Property<int> fontSize{*this, Aspect::FontSize, 0};  // points; 0: the form's font
     Property<std::optional<Color>> foreColor{*this, Aspect::ForeColor};  // none: the system's
-    bool bold = false;                                                   // set in Design only
-    std::string fontName;  // empty: the form's font; set in Design only
+    // Set in Design only. Empty: the form's font. Lives as long as the label, as a literal does.
+    const char* fontName = "";
+    bool bold = false;  // set in Design only
     Alignment alignment = Alignment::Left;
     // The label takes the size of its text whenever text or font size change.
     bool autoSize = false;
@@ -220,8 +221,9 @@ class Image : public Control {
     Image(Form* parent, const char* controlName)
         : Control(parent, ControlKind::Image, controlName) {}
     Property<Picture> picture{*this, Aspect::Picture};
-    // Name of a picture compiled into the program, used while picture is empty.
-    std::string resourceName;
+    // Name of a picture compiled into the program, used while picture is empty. Lives as long as
+    // the image, as a literal does.
+    const char* resourceName = "";
     bool sizeToPicture = false;  // set in Design only
     void Changed(Aspect aspect) override;
 };

@@ -16,13 +16,20 @@ Timer::~Timer() {
     }
 }
 
-void Timer::TickWithSeconds(bool only) {
-    if (secondsOnly == only) {
+void Timer::Rest() {
+    resting = true;
+    if (queued) {
+        Runtime::Current().timers.Update(*this);
+    }
+}
+
+void Timer::Wake() {
+    if (!resting) {
         return;
     }
-    secondsOnly = only;
-    if (queued) {
-        Runtime::Current().timers.Reschedule(*this);
+    resting = false;
+    if (form.IsLoaded()) {
+        Runtime::Current().timers.StartAtOnce(*this);
     }
 }
 

@@ -32,16 +32,17 @@ class Timer final : public Observed {
     Property<bool> enabled{*this, Aspect::Enabled, false};
     std::function<void()> Tick;
 
-    // For a timer of phase ClockSecond whose handler has nothing to do for now: while set, it ticks
-    // once in each second, together with those of 1000 ms, whatever its interval is, so that
-    // nothing wakes the machine in between. Off at first.
-    void TickWithSeconds(bool only);
+    // For a timer whose handler has nothing to do for now: it does not tick while it rests, though
+    // it is enabled. When it is woken its first tick comes at once and the others follow it at its
+    // interval. Awake at first.
+    void Rest();
+    void Wake();
 
     void Changed(Aspect aspect) override;
 
   private:
     friend class TimerQueue;
-    bool secondsOnly = false;
+    bool resting = false;
     std::int64_t due = 0;                    // monotonic milliseconds
     std::uint64_t sequence = 0;              // of those due together, the first queued ticks first
     std::optional<std::int64_t> seenSecond;  // the second that the clock showed at the last tick

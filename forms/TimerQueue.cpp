@@ -1,6 +1,5 @@
 #include "forms/TimerQueue.h"
 
-#include <algorithm>
 #include <vector>
 
 #include "forms/Devices.h"
@@ -36,8 +35,7 @@ std::int64_t SecondNow() { return Machine().clock->Now().seconds; }
 }  // namespace
 
 bool TimerQueue::SeesEverySecond(const Timer& timer) {
-    return timer.phase == TimerPhase::ClockSecond &&
-           (timer.secondsOnly || timer.interval() % second == 0);
+    return timer.phase == TimerPhase::ClockSecond && timer.interval() % second == 0;
 }
 
 bool TimerQueue::HasSeen(const Timer& timer, std::int64_t shown) {
@@ -77,7 +75,8 @@ void TimerQueue::Update(Timer& timer) {
     Remove(timer);
     ForgetClock();
     // A timer without a handler must not wake the machine.
-    if (timer.enabled && timer.interval() > 0 && timer.Tick && timer.form.IsLoaded()) {
+    if (timer.enabled && !timer.resting && timer.interval() > 0 && timer.Tick &&
+        timer.form.IsLoaded()) {
         const std::int64_t now = MonotonicNow();
         if (!gridAnchor) {
             gridAnchor = now - OffMiddle(now, now);
@@ -94,12 +93,13 @@ void TimerQueue::Remove(Timer& timer) {
     }
 }
 
-void TimerQueue::Reschedule(Timer& timer) {
-    ForgetClock();
-    const std::int64_t due = std::min(timer.due, FirstDue(timer, MonotonicNow()));
-    Remove(timer);
-    Enqueue(timer, due);
-    Runtime::Current().Rearm();
+void TimerQueue::StartAtOnce(Timer& timer) {
+    Update(timer);
+    if (timer.queued) {
+        Remove(timer);
+        Enqueue(timer, MonotonicNow());
+        Runtime::Current().Rearm();
+    }
 }
 
 std::int64_t TimerQueue::FirstDue(const Timer& timer, std::int64_t now) const {

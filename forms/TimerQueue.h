@@ -13,12 +13,11 @@ class Timer;
 // armed for NextDue() and calls RunDue() when it fires. Ticks run only for loaded forms.
 class TimerQueue {
   public:
-    // A timer was switched on or off or its interval changed.
+    // A timer was switched on or off, went to rest, or its interval changed.
     void Update(Timer& timer);
+    // As Update; if the timer is on, its next tick is due now.
+    void StartAtOnce(Timer& timer);
     void Remove(Timer& timer);
-    // A timer in the queue ticks in other places from now on; a tick that it waits for is not put
-    // off.
-    void Reschedule(Timer& timer);
 
     // Monotonic milliseconds of the next tick that could be given now (timers whose handlers run
     // are passed over); empty where there is none.

@@ -140,7 +140,7 @@ class frmNote : public forms::Form {
     // A blinking that does not take place must not wake the machine: its timer has no handler.
     void FollowBlinking();
     void ComputeAlarmValues();
-    // Until the alarm is near, its test does not wake the machine between the seconds.
+    // Until the alarm is near, its test has no tick of its own.
     void RestUntilTheAlarm();
     void SetAlarm();
     void ClearAlarm();

@@ -137,7 +137,11 @@ void frmNote::FillCalendar() {
 }
 
 void frmNote::RestUntilTheAlarm() {
-    tmrNote.TickWithSeconds(!DueRules::MayRingSoon(alarmValues, forms::Now()));
+    if (DueRules::MayRingSoon(alarmValues, forms::Now())) {
+        tmrNote.Wake();
+    } else {
+        tmrNote.Rest();
+    }
 }
 
 void frmNote::tmrNote_Timer() {

@@ -80,7 +80,7 @@ FormWindow* FormWindow::From(HWND window) {
 }
 
 FormWindow::FormWindow(Form& windowForm, StageState& stageState)
-    : state(stageState), form(&windowForm), menus(windowForm), tips(*this) {}
+    : state(stageState), form(&windowForm), tips(*this) {}
 
 FormWindow::~FormWindow() { std::erase(state.windows, this); }
 

@@ -1,23 +1,29 @@
 #include "forms/win32/NativeMenus.h"
 
+#include <algorithm>
+
 #include "forms/win32/Utf.h"
 
 namespace forms::win32 {
 
-NativeMenus::NativeMenus(const Form& form) {
-    int nextId = firstId;
-    for (Menu* menu : form.Menus()) {
-        Number(*menu, nextId);
+void NativeMenus::Number(const Form& form) {
+    if (entries.empty()) {
+        for (Menu* menu : form.Menus()) {
+            Number(*menu);
+        }
     }
 }
 
-void NativeMenus::Number(Menu& menu, int& nextId) {
-    ids[&menu] = nextId;
-    entries[nextId] = &menu;
-    ++nextId;
+void NativeMenus::Number(Menu& menu) {
+    entries.push_back(&menu);
     for (Menu* entry : menu.entries) {
-        Number(*entry, nextId);
+        Number(*entry);
     }
+}
+
+int NativeMenus::IdOf(const Menu& menu) const {
+    return firstId +
+           static_cast<int>(std::find(entries.begin(), entries.end(), &menu) - entries.begin());
 }
 
 void NativeMenus::AppendEntries(HMENU to, const std::vector<Menu*>& from,
@@ -33,7 +39,7 @@ void NativeMenus::AppendEntries(HMENU to, const std::vector<Menu*>& from,
         UINT flags = MF_STRING;
         flags |= menu->enabled ? UINT{MF_ENABLED} : UINT{MF_GRAYED};
         flags |= menu->checked ? UINT{MF_CHECKED} : UINT{MF_UNCHECKED};
-        auto id = static_cast<UINT_PTR>(ids.at(menu));
+        auto id = static_cast<UINT_PTR>(IdOf(*menu));
         if (!menu->entries.empty()) {
             HMENU popup = ::CreatePopupMenu();
             AppendEntries(popup, menu->entries, made);
@@ -48,6 +54,7 @@ void NativeMenus::AppendEntries(HMENU to, const std::vector<Menu*>& from,
 }
 
 void NativeMenus::MakeBar(HWND window, const Form& form) {
+    Number(form);
     std::vector<Menu*> inBar;
     for (Menu* menu : form.Menus()) {
         if (menu->inMenuBar && menu->visible) {
@@ -67,7 +74,8 @@ void NativeMenus::MakeBar(HWND window, const Form& form) {
     }
 }
 
-HMENU NativeMenus::MakePopup(const Menu& menu) const {
+HMENU NativeMenus::MakePopup(const Menu& menu) {
+    Number(menu.form);
     HMENU popup = ::CreatePopupMenu();
     AppendEntries(popup, menu.entries, nullptr);
     return popup;
@@ -96,7 +104,7 @@ void NativeMenus::Apply(HWND window, const Menu& menu, Aspect aspect) {
     }
     // Of an entry that is on the screen just now; the others are refreshed before they open.
     HMENU bar = ::GetMenu(window);
-    const auto id = static_cast<UINT>(ids.at(&menu));
+    const auto id = static_cast<UINT>(IdOf(menu));
     if (aspect == Aspect::Enabled) {
         ::EnableMenuItem(bar, id, menu.enabled ? MF_ENABLED : MF_GRAYED);
     } else if (aspect == Aspect::Checked) {
@@ -105,8 +113,8 @@ void NativeMenus::Apply(HWND window, const Menu& menu, Aspect aspect) {
 }
 
 Menu* NativeMenus::Find(int id) const {
-    const auto found = entries.find(id);
-    return found == entries.end() ? nullptr : found->second;
+    const auto place = static_cast<std::size_t>(id) - firstId;
+    return place < entries.size() ? entries[place] : nullptr;
 }
 
 }  // namespace forms::win32

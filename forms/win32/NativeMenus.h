@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <map>
+#include <vector>
 
 #include "forms/Form.h"
 
@@ -14,26 +15,28 @@ class NativeMenus {
   public:
     static constexpr int firstId = 1000;
 
-    explicit NativeMenus(const Form& form);
+    NativeMenus() = default;
     NativeMenus(const NativeMenus&) = delete;
     NativeMenus& operator=(const NativeMenus&) = delete;
 
     // Gives the window its menu bar, or a new one, where the form has one.
     void MakeBar(HWND window, const Form& form);
     // The caller destroys it.
-    HMENU MakePopup(const Menu& menu) const;
+    HMENU MakePopup(const Menu& menu);
     // A menu is about to open; those of the bar are brought up to date.
     void Refresh(HMENU popup);
     void Apply(HWND window, const Menu& menu, Aspect aspect);
     Menu* Find(int id) const;
 
   private:
-    void Number(Menu& menu, int& nextId);
+    // Numbers the entries, once. A window that has never shown a menu keeps no list of them.
+    void Number(const Form& form);
+    void Number(Menu& menu);
+    int IdOf(const Menu& menu) const;
     void AppendEntries(HMENU to, const std::vector<Menu*>& from,
                        std::map<HMENU, const Menu*>* made) const;
 
-    std::map<int, Menu*> entries;
-    std::map<const Menu*, int> ids;
+    std::vector<Menu*> entries;  // the one of firstId first
     std::map<HMENU, const Menu*> barPopups;
 };
 

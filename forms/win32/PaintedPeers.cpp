@@ -32,7 +32,6 @@ class ImagePeer : public SurfacePeer {
         shown = Area();
         if (!image.accessibleName.empty()) {
             CreateNative(WC_STATICW, image.accessibleName, SS_NOPREFIX);
-            MarkAsGraphic(handle);
         }
     }
 
@@ -51,13 +50,15 @@ class ImagePeer : public SurfacePeer {
     void Paint(HDC dc) override {
         if (!image.picture().path.empty()) {
             view.Draw(dc, image.picture().path, Area());
-        } else if (!image.resourceName.empty()) {
+        } else if (*image.resourceName != '\0') {
             images::DrawResource(dc, image.resourceName, Area());
         }
     }
 
   protected:
     void PaintOver(HDC /*dc*/, const RECT& /*inside*/) override {}
+    // Its name is the native window's text.
+    void Describe() override { MarkAsGraphic(handle); }
 
   private:
     Image& image;

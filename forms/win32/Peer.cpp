@@ -85,6 +85,12 @@ void Peer::SetCaption(const std::string& caption) {
     ::SetWindowTextW(handle, Wide(caption).c_str());
 }
 
+void Peer::Describe() {
+    if (!control.accessibleName.empty()) {
+        SetAccessibleName(handle, control.accessibleName);
+    }
+}
+
 void Peer::Redraw() const { ::InvalidateRect(handle, nullptr, TRUE); }
 
 LRESULT Peer::Default(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -99,10 +105,9 @@ void Peer::ReportMouseUp(int button, LPARAM where) {
 std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_GETOBJECT:
-            // A screen reader asks for the first time: what gives it names is loaded only now.
-            if (!control.accessibleName.empty() && !isNamed) {
-                isNamed = true;
-                SetAccessibleName(handle, control.accessibleName);
+            if (!isDescribed) {
+                isDescribed = true;
+                Describe();
             }
             return std::nullopt;
         case WM_SETFOCUS: {

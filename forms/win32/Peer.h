@@ -27,7 +27,6 @@ class Peer {
     FormWindow& window;
     Control& control;
     HWND handle = nullptr;
-    bool isNamed = false;  // see Accessibility.h
 
     // Makes the native control with everything that the model says.
     virtual void Create() {}
@@ -54,6 +53,9 @@ class Peer {
     void CreateNative(const wchar_t* className, const std::string& text, DWORD style,
                       DWORD extendedStyle = 0);
     virtual HFONT Font() const;
+    // A screen reader asks for the native control for the first time: tells the system what the
+    // control itself does not. What that needs is loaded only now.
+    virtual void Describe();
     // A message to the native control. Empty: the control's own procedure goes on with it.
     virtual std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
@@ -64,6 +66,8 @@ class Peer {
     static LRESULT CALLBACK Procedure(HWND child, UINT message, WPARAM wParam, LPARAM lParam,
                                       UINT_PTR id, DWORD_PTR data);
     void ReportMouseUp(int button, LPARAM where);
+
+    bool isDescribed = false;
 };
 
 std::unique_ptr<Peer> MakePeer(FormWindow& window, Control& control);

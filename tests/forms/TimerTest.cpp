@@ -333,33 +333,59 @@ TEST_F(TimerTest, AHandlerMayDestroyItsFormAndMakeAnother) {
     EXPECT_FALSE(Form().tmrFast.enabled);
 }
 
-TEST_F(TimerTest, APollingTimerThatRestsTicksWithTheSeconds) {
+TEST_F(TimerTest, ATimerThatRestsDoesNotTickAndTicksAtOnceWhenItIsWoken) {
     clock.SetNow(clock.Now(), 500);
     Form().tmrBlink.Tick = [this] { ticks.push_back(Elapsed()); };
     SwitchOn(Form().tmrBlink, 600);
-    Form().tmrBlink.TickWithSeconds(true);
+    Form().tmrBlink.Rest();
+    EXPECT_EQ(runtime->timers.Size(), 0U);
     Advance(3500);
-    // The tick that it waited for is not put off; that second is seen with it.
-    EXPECT_EQ(ticks, (Moments{600, 2000, 3000}));
-    ticks.clear();
-    Form().tmrBlink.TickWithSeconds(false);
+    EXPECT_EQ(ticks, Moments{});
+    Form().tmrBlink.Wake();
     Advance(1500);
-    EXPECT_EQ(ticks, (Moments{3600, 4200, 4800}));
+    EXPECT_EQ(ticks, (Moments{3500, 4100, 4700}));
+    // It is awake already.
+    Form().tmrBlink.Wake();
+    Advance(600);
+    EXPECT_EQ(ticks, (Moments{3500, 4100, 4700, 5300}));
 }
 
-TEST_F(TimerTest, NoSecondIsMissedWhileATimerGoesToRestAndComesBack) {
+TEST_F(TimerTest, ATimerThatRestsIsNotStartedByBeingSwitchedOn) {
+    Form().tmrBlink.Tick = [this] { ticks.push_back(Elapsed()); };
+    Form().tmrBlink.Rest();
+    SwitchOn(Form().tmrBlink, 600);
+    Advance(2000);
+    EXPECT_EQ(ticks, Moments{});
+}
+
+TEST_F(TimerTest, ATimerThatIsOffStaysOffWhenItIsWoken) {
+    Form().tmrBlink.Tick = [this] { ticks.push_back(Elapsed()); };
+    Form().tmrBlink.Rest();
+    Form().tmrBlink.Wake();
+    Advance(2000);
+    EXPECT_EQ(ticks, Moments{});
+    SwitchOn(Form().tmrBlink, 600);
+    Advance(600);
+    EXPECT_EQ(ticks.size(), 1U);
+}
+
+TEST_F(TimerTest, WhoIsWokenBySecondsMissesNoneWhileAwake) {
     std::set<std::int64_t> seen;
+    std::set<std::int64_t> awake;
     Form().tmrBlink.Tick = [&] { seen.insert(clock.Now().seconds); };
-    Form().tmrClock.Tick = [this] {
-        Form().tmrBlink.TickWithSeconds(clock.Now().seconds % 3 == 0);
+    Form().tmrClock.Tick = [&] {
+        if (clock.Now().seconds % 5 == 0) {
+            Form().tmrBlink.Rest();
+        } else {
+            awake.insert(clock.Now().seconds);
+            Form().tmrBlink.Wake();
+        }
     };
     SwitchOn(Form().tmrClock, 1000);
     SwitchOn(Form().tmrBlink, 600);
-    const std::int64_t first = clock.Now().seconds + 1;
-    for (int i = 0; i < 6000; ++i) {
-        Advance(10);
-    }
-    for (std::int64_t second = first; second < first + 59; ++second) {
-        EXPECT_EQ(seen.count(second), 1U) << second - first;
+    Advance(60000);
+    EXPECT_EQ(awake.size(), 48U);
+    for (const std::int64_t second : awake) {
+        EXPECT_EQ(seen.count(second), 1U) << second;
     }
 }

@@ -26,7 +26,7 @@ TEST_F(Splash, ShowsMascotNameAndOwner) {
     EXPECT_TRUE(splash.IsVisible());
     EXPECT_EQ(splash.imgLogo.picture().path, "C:\\Jotwright\\mascot.jpg");
     EXPECT_EQ(splash.lblLogo.caption(), std::string("Jotwright Version ") + StandardCode::version);
-    EXPECT_EQ(splash.lblLogo.fontName, "Papyrus");
+    EXPECT_STREQ(splash.lblLogo.fontName, "Papyrus");
     EXPECT_EQ(splash.lblCopyright.caption(), StandardCode::ownershipNotice);
     EXPECT_EQ(splash.tmrSplash.interval(), 500);
     EXPECT_TRUE(splash.tmrSplash.enabled());

@@ -48,7 +48,7 @@ TEST_F(Tips, LoadsWithTheFirstTip) {
         EXPECT_EQ(window.Label1.caption(), "Did you know...");
         EXPECT_EQ(window.cmdNextTip.caption(), "&Next Tip");
         EXPECT_EQ(window.chkShowTips.caption(), "&Don't Show Tips at Startup");
-        EXPECT_EQ(window.Picture1.resourceName, "tip");
+        EXPECT_STREQ(window.Picture1.resourceName, "tip");
         EXPECT_EQ(window.lblTipText.fontSize(), 12);
         EXPECT_TRUE(window.lblTipText.foreColor().has_value());
         EXPECT_EQ(window.lblTipText.caption(), wantedTips[0]);

@@ -6,8 +6,9 @@
 namespace driver {
 
 Load::Load() {
-    const unsigned processors = std::max(1U, std::thread::hardware_concurrency());
-    for (unsigned i = 0; i < processors; ++i) {
+    const auto processors = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
+    const int busy = Number("JOTWRIGHT_LOAD", processors);
+    for (int i = 0; i < busy; ++i) {
         threads.emplace_back([this] {
             volatile unsigned number = 1;
             while (!ends) {

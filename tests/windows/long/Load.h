@@ -6,7 +6,8 @@
 
 namespace driver {
 
-// Keeps every processor busy as long as it lives, at the priority of any other program.
+// Keeps every processor busy as long as it lives, at the priority of any other program;
+// JOTWRIGHT_LOAD says how many, 0 where other programs do so already.
 class Load {
   public:
     Load();
