@@ -2,9 +2,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <cwchar>
-#include <deque>
-#include <optional>
+#include <string>
 
 #include "forms/Devices.h"
 #include "forms/win32/FormWindow.h"
@@ -13,6 +11,8 @@
 #include "forms/win32/Utf.h"
 #include "forms/win32/Win32Stage.h"
 #include "tests/conformance/Stand.h"
+#include "tests/conformance/win32/Answers.h"
+#include "tests/conformance/win32/NativeWindows.h"
 
 namespace conformance {
 
@@ -20,90 +20,16 @@ namespace {
 
 using namespace forms;
 using win32::FormWindow;
-using win32::Narrow;
 using win32::Wide;
 
-constexpr UINT tickInterval = 10;
-// How long something may stand there before it counts as not expected; the time that an action may
-// take under load.
-constexpr ULONGLONG patience = 4000;
-
-struct Expected {
-    enum class Kind { Box, Modal, Popup };
-    Kind kind = Kind::Box;
-    std::string text;
-    std::string caption;
-    BoxButtons buttons = BoxButtons::Ok;
-    BoxResult answer = BoxResult::Ok;
-    std::function<bool(const Form&)> matches;
-    std::function<void(Form&)> script;
-    Menu* menu = nullptr;
-    Menu* entry = nullptr;
-    Script during;
-};
-
-std::string TextOf(HWND window) {
-    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
-    const int length = ::GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-    return Narrow(std::wstring_view(text).substr(0, static_cast<std::size_t>(length)));
-}
-
-bool IsOfClass(HWND window, const wchar_t* name) {
-    wchar_t actual[64] = L"";
-    ::GetClassNameW(window, actual, 64);
-    return ::lstrcmpiW(actual, name) == 0;
-}
-
-struct Search {
-    const wchar_t* name;
-    std::vector<HWND> found;
-};
-
-BOOL CALLBACK AddVisible(HWND window, LPARAM data) {
-    auto& target = *reinterpret_cast<Search*>(data);
-    if (::IsWindowVisible(window) != 0 && IsOfClass(window, target.name)) {
-        target.found.push_back(window);
-    }
-    return TRUE;
-}
-
-std::vector<HWND> VisibleWindowsOfClass(const wchar_t* name) {
-    Search search{name, {}};
-    ::EnumThreadWindows(::GetCurrentThreadId(), &AddVisible, reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
-
-std::vector<HWND> ChildrenOfClass(HWND parent, const wchar_t* name) {
-    std::vector<HWND> found;
-    for (HWND child = ::GetWindow(parent, GW_CHILD); child != nullptr;
-         child = ::GetWindow(child, GW_HWNDNEXT)) {
-        if (IsOfClass(child, name)) {
-            found.push_back(child);
-        }
-    }
-    return found;
-}
-
-std::string WithoutReturns(std::string text) {
-    std::erase(text, '\r');
-    return text;
-}
-
-// A user made of messages, as an automation tool sends them. What opens is answered from a timer,
-// which ticks in every loop that waits.
+// A user made of messages, as an automation tool sends them.
 class Win32Stand : public Stand {
   public:
-    Win32Stand() : stage(win32::MakeStage()) {
+    Win32Stand() : stage(win32::MakeStage()), answers(stayOpen) {
         Machine() = win32::MakeDevices();
-        window = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
-                                   ::GetModuleHandleW(nullptr), nullptr);
-        ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-        ::SetTimer(window, 1, tickInterval, &Win32Stand::OnTimer);
     }
 
     ~Win32Stand() override {
-        ::KillTimer(window, 1);
-        ::DestroyWindow(window);
         stage.reset();
         Machine() = Devices{};
     }
@@ -183,7 +109,7 @@ class Win32Stand : public Stand {
         box.buttons = buttons;
         box.answer = answer;
         box.during = std::move(during);
-        expected.push_back(std::move(box));
+        answers.Expect(std::move(box));
     }
     void ExpectModal(std::function<bool(const Form&)> matches,
                      std::function<void(Form&)> script) override {
@@ -191,7 +117,7 @@ class Win32Stand : public Stand {
         modal.kind = Expected::Kind::Modal;
         modal.matches = std::move(matches);
         modal.script = std::move(script);
-        expected.push_back(std::move(modal));
+        answers.Expect(std::move(modal));
     }
     void ExpectPopup(Menu& menu, Menu* entry, Script during) override {
         Expected popup;
@@ -199,22 +125,11 @@ class Win32Stand : public Stand {
         popup.menu = &menu;
         popup.entry = entry;
         popup.during = std::move(during);
-        expected.push_back(std::move(popup));
+        answers.Expect(std::move(popup));
     }
-    void Verify() override {
-        for (const Expected& never : expected) {
-            ADD_FAILURE() << "never came: "
-                          << (never.kind == Expected::Kind::Box     ? "box " + never.text
-                              : never.kind == Expected::Kind::Modal ? "a modal form"
-                                                                    : "a pop-up menu");
-        }
-        expected.clear();
-    }
+    void Verify() override { answers.Verify(); }
 
-    bool IsShown(Form& form) override {
-        const FormWindow* target = FormWindow::Existing(form);
-        return target != nullptr && target->IsShown();
-    }
+    bool IsShown(Form& form) override { return IsOnScreen(form); }
     bool CanBeUsed(Form& form) override {
         return IsShown(form) && ::IsWindowEnabled(FormWindow::Existing(form)->handle) != 0;
     }
@@ -268,200 +183,9 @@ class Win32Stand : public Stand {
         Pump(50);
     }
 
-    static void CALLBACK OnTimer(HWND timerWindow, UINT, UINT_PTR, DWORD) {
-        reinterpret_cast<Win32Stand*>(::GetWindowLongPtrW(timerWindow, GWLP_USERDATA))->OnTick();
-    }
-    void OnTick();
-    bool AnswerBox();
-    bool AnswerModal();
-    bool AnswerPopup();
-    void PressButton(HWND box, BoxResult answer);
-    void ChooseByKeys(const Expected& popup);
-    void ComplainAboutTheUnexpected();
-
-    // Asked while what is expected next is open.
-    bool HasStayedOpen() {
-        const ULONGLONG now = ::GetTickCount64();
-        openSince = openSince.value_or(now);
-        if (now - *openSince < static_cast<ULONGLONG>(stayOpen)) {
-            return false;
-        }
-        openSince.reset();
-        return true;
-    }
-    bool NextIs(Expected::Kind kind) const {
-        return !expected.empty() && expected.front().kind == kind;
-    }
-    Expected TakeNext() {
-        Expected next = std::move(expected.front());
-        expected.pop_front();
-        return next;
-    }
-
     std::unique_ptr<forms::Stage> stage;
-    HWND window = nullptr;
-    std::deque<Expected> expected;
-    std::vector<HWND> knownBoxes;  // that a script deals with
-    std::vector<const Form*> knownModals;
-    std::optional<ULONGLONG> unexpectedSince;
-    std::optional<ULONGLONG> openSince;
-    static void CALLBACK RunDragging(HWND timerWindow, UINT, UINT_PTR id, DWORD) {
-        ::KillTimer(timerWindow, id);
-        reinterpret_cast<Win32Stand*>(::GetWindowLongPtrW(timerWindow, GWLP_USERDATA))->dragging();
-    }
-
-    Script dragging;
+    Answers answers;
 };
-
-void Win32Stand::OnTick() {
-    if (AnswerBox() || AnswerModal() || AnswerPopup()) {
-        unexpectedSince.reset();
-        return;
-    }
-    ComplainAboutTheUnexpected();
-}
-
-bool Win32Stand::AnswerBox() {
-    if (!NextIs(Expected::Kind::Box)) {
-        return false;
-    }
-    for (HWND box : VisibleWindowsOfClass(L"#32770")) {
-        if (std::find(knownBoxes.begin(), knownBoxes.end(), box) != knownBoxes.end()) {
-            continue;
-        }
-        if (!HasStayedOpen()) {
-            return true;
-        }
-        const Expected wanted = TakeNext();
-        knownBoxes.push_back(box);
-        EXPECT_EQ(TextOf(box), wanted.caption);
-        bool hasText = false;
-        for (HWND child : ChildrenOfClass(box, L"Static")) {
-            hasText = hasText || WithoutReturns(TextOf(child)) == WithoutReturns(wanted.text);
-        }
-        EXPECT_TRUE(hasText) << "the box does not say: " << wanted.text;
-        const bool asks = ::GetDlgItem(box, IDYES) != nullptr;
-        EXPECT_EQ(asks, wanted.buttons == BoxButtons::YesNo);
-        if (wanted.during) {
-            wanted.during();
-        }
-        PressButton(box, wanted.answer);
-        std::erase(knownBoxes, box);
-        return true;
-    }
-    return false;
-}
-
-void Win32Stand::PressButton(HWND box, BoxResult answer) {
-    if (::IsWindow(box) == 0) {
-        return;  // the program has ended
-    }
-    HWND button = nullptr;
-    if (answer == BoxResult::Ok) {
-        const std::vector<HWND> buttons = ChildrenOfClass(box, L"Button");
-        button = buttons.empty() ? nullptr : buttons.front();
-    } else {
-        button = ::GetDlgItem(box, answer == BoxResult::Yes ? IDYES : IDNO);
-    }
-    EXPECT_TRUE(button != nullptr);
-    ::SendMessageW(box, WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(button), BN_CLICKED),
-                   reinterpret_cast<LPARAM>(button));
-}
-
-bool Win32Stand::AnswerModal() {
-    if (!NextIs(Expected::Kind::Modal) || !Runtime::Exists()) {
-        return false;
-    }
-    for (const auto& form : Runtime::Current().LoadedForms()) {
-        const bool isNew =
-            std::find(knownModals.begin(), knownModals.end(), form.get()) == knownModals.end();
-        if (!isNew || !form->IsModal() || !IsShown(*form) || !expected.front().matches(*form)) {
-            continue;
-        }
-        if (!HasStayedOpen()) {
-            return true;
-        }
-        const auto pin = form;
-        const Expected wanted = TakeNext();
-        knownModals.push_back(pin.get());
-        wanted.script(*pin);
-        std::erase(knownModals, pin.get());
-        if (pin->IsVisible() && !Runtime::Current().HasEnded()) {
-            ADD_FAILURE() << "the script has ended and " << pin->name << " is still open";
-            Runtime::Current().Dispatch(pin.get(), [&pin] { pin->Hide(); });
-        }
-        return true;
-    }
-    return false;
-}
-
-bool Win32Stand::AnswerPopup() {
-    if (!NextIs(Expected::Kind::Popup) || VisibleWindowsOfClass(L"#32768").empty()) {
-        return false;
-    }
-    if (!HasStayedOpen()) {
-        return true;
-    }
-    const Expected wanted = TakeNext();
-    if (wanted.during) {
-        wanted.during();
-    }
-    ChooseByKeys(wanted);
-    return true;
-}
-
-void Win32Stand::ChooseByKeys(const Expected& popup) {
-    if (popup.entry == nullptr) {
-        ::PostMessageW(window, WM_KEYDOWN, VK_ESCAPE, 1);
-        return;
-    }
-    for (const Menu* entry : popup.menu->entries) {
-        if (entry->visible && !entry->IsSeparator()) {
-            ::PostMessageW(window, WM_KEYDOWN, VK_DOWN, 1);
-        }
-        if (entry == popup.entry) {
-            break;
-        }
-    }
-    ::PostMessageW(window, WM_KEYDOWN, VK_RETURN, 1);
-}
-
-// Ends what nobody expected, so that the test fails and does not hang.
-void Win32Stand::ComplainAboutTheUnexpected() {
-    HWND strangeBox = nullptr;
-    for (HWND box : VisibleWindowsOfClass(L"#32770")) {
-        if (std::find(knownBoxes.begin(), knownBoxes.end(), box) == knownBoxes.end()) {
-            strangeBox = box;
-        }
-    }
-    std::shared_ptr<Form> strangeForm;
-    if (Runtime::Exists()) {
-        for (const auto& form : Runtime::Current().LoadedForms()) {
-            if (form->IsModal() && IsShown(*form) &&
-                std::find(knownModals.begin(), knownModals.end(), form.get()) ==
-                    knownModals.end()) {
-                strangeForm = form;
-            }
-        }
-    }
-    if (strangeBox == nullptr && strangeForm == nullptr) {
-        unexpectedSince.reset();
-        return;
-    }
-    const ULONGLONG now = ::GetTickCount64();
-    if (now - unexpectedSince.value_or(now) < patience) {
-        unexpectedSince = unexpectedSince.value_or(now);
-        return;
-    }
-    unexpectedSince.reset();
-    if (strangeBox != nullptr) {
-        ADD_FAILURE() << "unexpected box " << TextOf(strangeBox);
-        ::EndDialog(strangeBox, IDCANCEL);
-    } else {
-        ADD_FAILURE() << "unexpected modal " << strangeForm->name;
-        Runtime::Current().Dispatch(strangeForm.get(), [&strangeForm] { strangeForm->Hide(); });
-    }
-}
 
 // Moving by keyboard is a loop of the system's own. Where windows are moved by somebody else (an X
 // window manager) the system returns from it at once; then a loop that is not the program's does
@@ -472,13 +196,11 @@ void Win32Stand::Drag(Form& form, const Script& during) {
         return;
     }
     bool done = false;
-    constexpr UINT_PTR timer = 2;
-    dragging = [this, &done, &during] {
+    answers.Later(std::max(stayOpen, 50), [this, &done, &during] {
         during();
         done = true;
-        ::PostMessageW(window, WM_KEYDOWN, VK_RETURN, 1);
-    };
-    ::SetTimer(window, timer, static_cast<UINT>(std::max(stayOpen, 50)), &RunDragging);
+        answers.PressKey(VK_RETURN);
+    });
     ::SendMessageW(target->handle, WM_SYSCOMMAND, SC_MOVE, 0);
     if (!done) {
         ::SendMessageW(target->handle, WM_ENTERSIZEMOVE, 0, 0);
@@ -489,7 +211,6 @@ void Win32Stand::Drag(Form& form, const Script& during) {
         }
         ::SendMessageW(target->handle, WM_EXITSIZEMOVE, 0, 0);
     }
-    dragging = nullptr;
 }
 
 }  // namespace

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+// The windows of this thread, as the system knows them.
+namespace conformance {
+
+std::string TextOf(HWND window);
+// In the order of the system's enumeration, topmost first.
+std::vector<HWND> VisibleWindowsOfClass(const wchar_t* name);
+std::vector<HWND> ChildrenOfClass(HWND parent, const wchar_t* name);
+
+}  // namespace conformance
