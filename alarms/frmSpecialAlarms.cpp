@@ -207,6 +207,10 @@ void frmSpecialAlarms::WriteSpecialAlarmsFile() {
         disk.MakeFolder(SpecialAlarmsFile::Folder());
     }
     SafeFile::ReplaceFile(SpecialAlarmsFile::Path(), SpecialAlarmsFile::Encode(rows));
+    // The clock goes by what was saved, also where it cannot be read back.
+    for (std::size_t i = 0; i < rowCount; ++i) {
+        SpecialAlarmsFile::StoreSharedRow(i, rows[i]);
+    }
     ReadSpecialAlarmsFile();
 }
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -82,6 +84,108 @@ TEST_F(SpecialAlarms, AFailedSaveKeepsTheOldFileAndTheWindow) {
     EXPECT_FALSE(IsOpen());
     EXPECT_TRUE(files.Peek(path)->starts_with("\"Friday\",#17:30:00#,\"new\",1\r\n"));
     EXPECT_EQ(Shared().SpecialAlarmMessage[0], "new");
+}
+
+TEST_F(SpecialAlarms, AnErrorAtAnyStepOfASaveIsReportedAndTheNextSaveWorks) {
+    using forms::ErrorNumber;
+    int saves = 0;
+    int failures = 0;
+    for (const bool withFile : {true, false}) {
+        for (const ErrorNumber error :
+             {ErrorNumber::DiskFull, ErrorNumber::PermissionDenied, ErrorNumber::PathNotFound,
+              ErrorNumber::PathFileAccessError, ErrorNumber::DeviceIoError}) {
+            bool reachedEnd = false;
+            for (int step = 1; !reachedEnd; ++step) {
+                SCOPED_TRACE("step " + std::to_string(step) + ": " + DescriptionOf(error));
+                ASSERT_LT(step, 20);
+                files.Remove(path);
+                if (withFile) {
+                    PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
+                }
+                Start(StandardCode::LoadSpecialAlarms);
+                const auto before = files.Peek(path);
+                const std::string known = Shared().SpecialAlarmMessage[0];
+                Open();
+                user->Type(Window().txtMessage[0], "new");
+                std::vector<forms::BoxRequest> reports;
+                stage->improvise.box = [&reports](const forms::BoxRequest& box) {
+                    reports.push_back(box);
+                    return forms::BoxResult::Ok;
+                };
+                files.FailAt(step, error);
+                user->Click(Window().cmdSave);
+                reachedEnd = files.Steps() < step;
+                files.ClearFaults();
+                if (IsOpen()) {
+                    ++failures;
+                    ASSERT_EQ(reports.size(), 1U);
+                    EXPECT_EQ(reports[0].caption, "Error Saving Special Alarms");
+                    EXPECT_EQ(reports[0].text, std::to_string(static_cast<int>(error)) + " - " +
+                                                   DescriptionOf(error) +
+                                                   "\r\n\r\nThe special alarms have not been "
+                                                   "saved.");
+                    EXPECT_EQ(files.Peek(path), before);
+                    EXPECT_EQ(Shared().SpecialAlarmMessage[0], known);
+                    EXPECT_EQ(Window().txtMessage[0].text(), "new");
+                    user->Click(Window().cmdSave);
+                }
+                ++saves;
+                EXPECT_FALSE(IsOpen());
+                EXPECT_EQ(Shared().SpecialAlarmMessage[0], "new");
+                EXPECT_NE(files.Peek(path).value_or("").find("\"new\""), std::string::npos);
+                EXPECT_EQ(files.Names("C:\\Jotwright\\SpecialAlarms").size(), 1U);
+                Shared().SpecialAlarmMessage[0] = "none";
+            }
+        }
+    }
+    EXPECT_GT(failures, 30);
+    EXPECT_GT(saves, failures);
+}
+
+// Until somebody sees to it.
+TEST_F(SpecialAlarms, WhatKeepsTheDiskFromBeingWrittenIsReportedAtEachSave) {
+    struct Condition {
+        std::function<void(bool)> set;
+        std::string report;
+    };
+    const std::string folder = "C:\\Jotwright\\SpecialAlarms";
+    const std::vector<Condition> conditions{
+        {[&](bool on) { files.SetFreeSpace(on ? std::optional<std::uint64_t>(0) : std::nullopt); },
+         "61 - Disk full"},
+        {[&](bool on) { files.SetDenied(path, on); }, "70 - Permission denied"},
+        {[&](bool on) { files.SetReadOnly(path, on); }, "75 - Path/File access error"},
+        {[&](bool on) { files.SetReadOnly(folder, on); }, "75 - Path/File access error"},
+        {[&](bool on) { files.SetDenied(folder, on); }, "70 - Permission denied"},
+    };
+    for (const Condition& condition : conditions) {
+        SCOPED_TRACE(condition.report);
+        PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
+        Open();
+        user->Type(Window().txtMessage[0], "new");
+        condition.set(true);
+        for (int times = 1; times <= 2; ++times) {
+            ExpectWriteError(condition.report);
+            user->Click(Window().cmdSave);
+            ASSERT_TRUE(IsOpen());
+            EXPECT_EQ(Window().txtMessage[0].text(), "new");
+            EXPECT_EQ(Shared().SpecialAlarmMessage[0], "old");
+        }
+        condition.set(false);
+        user->Click(Window().cmdSave);
+        EXPECT_FALSE(IsOpen());
+        EXPECT_EQ(Shared().SpecialAlarmMessage[0], "new");
+    }
+}
+
+TEST_F(SpecialAlarms, AFolderThatHasGoneIsMadeAnew) {
+    PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
+    Open();
+    user->Type(Window().txtMessage[0], "new");
+    files.Remove(path);
+    files.Remove("C:\\Jotwright\\SpecialAlarms");
+    user->Click(Window().cmdSave);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_TRUE(files.Peek(path)->starts_with("\"Friday\",#17:30:00#,\"new\",1\r\n"));
 }
 
 TEST_F(SpecialAlarms, AFolderThatCannotBeMadeIsReported) {
