@@ -90,7 +90,7 @@ std::optional<RecoveredText> Decode(const std::string& bytes) {
 RecoveryCopy::~RecoveryCopy() { PathsInUse().erase(key); }
 
 void RecoveryCopy::Keep(const std::string& title, const std::string& text) {
-    if (written && keptTitle == title && keptText == text) {
+    if (keptTitle == title && keptText == text && IsWritten()) {
         return;
     }
     try {
@@ -106,6 +106,8 @@ void RecoveryCopy::Keep(const std::string& title, const std::string& text) {
         written = false;
     }
 }
+
+bool RecoveryCopy::IsWritten() const { return written && Files().FileExists(path); }
 
 void RecoveryCopy::Remove() {
     if (path.empty()) {

@@ -21,10 +21,10 @@ class RecoveryCopy {
     RecoveryCopy(const RecoveryCopy&) = delete;
     RecoveryCopy& operator=(const RecoveryCopy&) = delete;
 
-    // Writes the copy, unless it holds just that.
+    // Writes the copy, unless it is there and holds just that.
     void Keep(const std::string& title, const std::string& text);
-    // Whether the last Keep succeeded.
-    bool IsWritten() const { return written; }
+    // Whether what was kept last is on the disk.
+    bool IsWritten() const;
     // Removes the copy where there is one.
     void Remove();
     // Takes over a copy that an earlier run of the program left.

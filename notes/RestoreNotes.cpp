@@ -49,7 +49,10 @@ std::shared_ptr<frmNote> EditorFor(const std::string& title) {
     }
     try {
         if (!FindOpenNote(title) && forms::Machine().files->FileExists(NotePath(title))) {
-            return RestoreNote(NoteFile::Read(NotePath(title)));
+            // Another note's, where titles differ in capitals only.
+            if (const NoteRecord record = NoteFile::Read(NotePath(title)); record.Title == title) {
+                return RestoreNote(record);
+            }
         }
     } catch (const forms::RuntimeError&) {
         // The file cannot be read; what was typed into its editor can.

@@ -12,6 +12,7 @@
 #include "forms/Text.h"
 #include "notes/NotePrinting.h"
 #include "notes/NotesArray.h"
+#include "notes/frmNote.h"
 
 using StandardCode::Shared;
 
@@ -158,16 +159,35 @@ void frmDisplayNote::EraseNote() {
         if (forms::Machine().files->FileExists(path)) {
             forms::Machine().files->Recycle(path);
         }
+        StandardCode::NoteFileHolds(forms::Trim(caption()), "");
     });
 }
 
-void frmDisplayNote::ShowText(const std::string& text) {
-    shownText = RecordText::WithLineBreaks(text);
+void frmDisplayNote::ShowNote(const StandardCode::NoteRecord& note) {
+    shown = note;
+    shownText = RecordText::WithLineBreaks(note.Text);
     lblNoteText.text = shownText;
 }
 
+std::optional<StandardCode::NoteRecord> frmDisplayNote::SavedMeanwhile() const {
+    try {
+        StandardCode::NoteRecord saved = NoteFile::Read(StandardCode::NotePath(caption));
+        return saved == shown ? std::nullopt : std::optional(std::move(saved));
+    } catch (const forms::RuntimeError&) {
+        return std::nullopt;  // the writing finds out what is wrong
+    }
+}
+
+bool frmDisplayNote::KeepSaved(StandardCode::NoteRecord note) {
+    const bool isNewAlarm = note.AlarmState == "1" && (note.AlarmDate != shown.AlarmDate ||
+                                                       note.AlarmTime != shown.AlarmTime);
+    note.Text = IsTextChanged() ? lblNoteText.text() : RecordText::WithLineBreaks(note.Text);
+    return isNewAlarm ? Write(note, NoteFile::TimeField::Time) : WriteSilenced(note);
+}
+
 bool frmDisplayNote::KeepNote() {
-    if (!ReWriteNote()) {
+    const auto saved = SavedMeanwhile();
+    if (!(saved ? KeepSaved(*saved) : ReWriteNote())) {
         return false;
     }
     // The note is now in the file that has the whole caption as its name.
@@ -178,18 +198,25 @@ bool frmDisplayNote::KeepNote() {
 }
 
 bool frmDisplayNote::ReWriteNote() {
-    return StandardCode::ReportWriteErrors([this] {
-        StandardCode::NoteRecord note;
+    StandardCode::NoteRecord note;
+    note.Text = lblNoteText.text;
+    note.ColorIndex = ColorIndexOf(backColor);
+    note.FontSize = static_cast<std::int16_t>(lblNoteText.fontSize());
+    return WriteSilenced(note);
+}
+
+bool frmDisplayNote::WriteSilenced(StandardCode::NoteRecord& note) {
+    note.AlarmDate = forms::Today();
+    note.AlarmState = "0";
+    note.AudioAlarm = 0;
+    return Write(note, NoteFile::TimeField::RewrittenText);
+}
+
+bool frmDisplayNote::Write(StandardCode::NoteRecord& note, NoteFile::TimeField timeField) {
+    return StandardCode::ReportWriteErrors([&] {
         note.Title = forms::Trim(caption());
-        note.Text = lblNoteText.text;
-        note.AlarmDate = forms::Today();
-        note.ColorIndex = ColorIndexOf(backColor);
-        note.FontSize = static_cast<std::int16_t>(lblNoteText.fontSize());
-        note.AlarmState = "0";
-        note.AudioAlarm = 0;
-        note.Trailer = "yes";
-        StandardCode::SaveNoteFile(StandardCode::NotePath(caption), note,
-                                   NoteFile::TimeField::RewrittenText);
+        StandardCode::SaveNoteFile(StandardCode::NotePath(caption), note, timeField);
+        StandardCode::NoteFileHolds(caption, note.Text);
     });
 }
 
@@ -228,7 +255,7 @@ void DisplayNote(int slot) {
     if (Shared().WindowOnTopFlag == 1) {
         display->MakeTopMost();
     }
-    display->ShowText(note.Text);
+    display->ShowNote(note);
     if (note.ColorIndex >= 1 && note.ColorIndex <= lastColorIndex) {
         const NoteColor& shade = noteColors[static_cast<std::size_t>(note.ColorIndex - 1)];
         display->backColor = shade.back;

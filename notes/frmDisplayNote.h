@@ -2,11 +2,15 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 #include "forms/Form.h"
+#include "notes/NoteFile.h"
 
 // Shows a saved note whose alarm is due. One instance a note; its caption is the note's title.
 // Closing it asks whether the note is to be erased; a note that is kept has its alarm switched off.
+// What was saved in an editor meanwhile stays, also an alarm that was set anew; but a text that was
+// typed here goes before that of the file.
 // The default instance is loaded hidden at start-up, holds no note and closes silently.
 class frmDisplayNote : public forms::Form {
   public:
@@ -32,7 +36,7 @@ class frmDisplayNote : public forms::Form {
     void Form_MouseUp(int button, int x, int y) override;
 
     // Shows the note's text; what differs from it when the window closes was typed here.
-    void ShowText(const std::string& text);
+    void ShowNote(const StandardCode::NoteRecord& note);
     // Writes the note's file from what the window shows, its alarm switched off: the file is
     // replaced in one step. A failure is shown in a box and leaves the file as it was; false then.
     bool ReWriteNote();
@@ -42,12 +46,19 @@ class frmDisplayNote : public forms::Form {
     bool IsToBeErased();  // as the user answers
     void EraseNote();
     bool KeepNote();  // false where the note could not be written
+    // The note as its file has it, where that is not what came up here.
+    std::optional<StandardCode::NoteRecord> SavedMeanwhile() const;
+    bool KeepSaved(StandardCode::NoteRecord note);
+    // With the note's alarm switched off.
+    bool WriteSilenced(StandardCode::NoteRecord& note);
+    bool Write(StandardCode::NoteRecord& note, NoteFile::TimeField timeField);
     bool IsTextChanged() const { return lblNoteText.text() != shownText; }
     void tmrSoundAlarm_Timer();
     void mnuPrint_Click();
     void mnuErase_Click();
     void mnuClose_Click();
 
+    StandardCode::NoteRecord shown;
     std::string shownText;
 };
 

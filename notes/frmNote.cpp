@@ -84,7 +84,7 @@ void frmNote::SaveFile() {
     ComputeAlarmValues();
     const StandardCode::NoteRecord record = Record();
     StandardCode::SaveNoteFile(StandardCode::NotePath(record.Title), record);
-    savedText = record.Text;
+    StandardCode::NoteFileHolds(record.Title, record.Text);
     recoveryCopy.Remove();
 }
 
@@ -330,10 +330,15 @@ void frmNote::mnuKill_Click() {
     if (answer != forms::BoxResult::Yes) {
         return;
     }
+    const std::string path = StandardCode::NotePath(caption);
     try {
-        forms::Machine().files->Recycle(StandardCode::NotePath(caption));
+        forms::Machine().files->Recycle(path);
     } catch (const forms::RuntimeError&) {
         // Whatever became of the file, the window goes.
+    }
+    // The closing may write the note back, and that may fail.
+    if (!forms::Machine().files->FileExists(path)) {
+        StandardCode::NoteFileHolds(caption, "");
     }
     try {
         Unload();
@@ -343,6 +348,18 @@ void frmNote::mnuKill_Click() {
 }
 
 namespace StandardCode {
+
+void NoteFileHolds(const std::string& title, const std::string& text) {
+    forms::Locale& locale = *forms::Machine().locale;
+    const std::string name = locale.ToUpper(title);
+    for (const auto& form : forms::Runtime::Current().LoadedForms()) {
+        auto* note = dynamic_cast<frmNote*>(form.get());
+        if (note != nullptr && note->HoldsNote() && note->caption().size() == title.size() &&
+            locale.ToUpper(note->caption()) == name) {
+            note->MarkSaved(text);
+        }
+    }
+}
 
 std::shared_ptr<frmNote> FindOpenNote(const std::string& title) {
     for (const auto& form : forms::Runtime::Current().LoadedForms()) {

@@ -185,6 +185,9 @@ class frmNote : public forms::Form {
 
 namespace StandardCode {
 
+// The file of this title's note now holds this text, whoever wrote it; empty where it was erased.
+// What open editors of that file show beyond it is unsaved from now on.
+void NoteFileHolds(const std::string& title, const std::string& text);
 // The open editor of the note with exactly this title, or null.
 std::shared_ptr<frmNote> FindOpenNote(const std::string& title);
 bool IsNoteOpen(const std::string& title);

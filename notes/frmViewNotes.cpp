@@ -197,9 +197,7 @@ std::string frmViewNotes::SelectedTitle() const {
 void frmViewNotes::EraseNote(const std::string& title) {
     lvwNotes.RemoveRow(static_cast<std::size_t>(lvwNotes.SelectedRow()));
     forms::Machine().files->Recycle(StandardCode::NotePath(forms::Trim(title)));
-    if (const auto open = StandardCode::FindOpenNote(title)) {
-        open->MarkSaved("");  // what it shows is nowhere else now
-    }
+    StandardCode::NoteFileHolds(forms::Trim(title), "");
     StandardCode::LoadNotesArray();
     if (Shared().NoteCount < StandardCode::maximumNotes) {
         StandardCode::Events().BelowMaximum.Raise();

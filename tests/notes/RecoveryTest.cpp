@@ -170,6 +170,31 @@ TEST_F(RecoveryTest, TwoNewNotesOfOneTitleBothComeBack) {
     EXPECT_EQ(texts, (Names{"first", "second"}));
 }
 
+TEST_F(RecoveryTest, OfTwoNotesInOneFileTheOneSavedFirstIsKept) {
+    frmNote& first = MakeNote("Twin", "first");
+    Start([&first] { first.WriteNote(); });
+    Start([] { StandardCode::CreateNote("twin"); });
+    auto* second = dynamic_cast<frmNote*>(runtime->LoadedForms().back().get());
+    user->Type(second->txtNote, "second");
+    Start([second] { second->WriteNote(); });
+    EXPECT_EQ(Saved("Twin").Text, "second");
+    Advance(2000);
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("twin").txtNote.text(), "second");
+    EXPECT_EQ(Editor("Twin").txtNote.text(), "first");
+}
+
+TEST_F(RecoveryTest, ACopyThatSomebodyRemovesIsWrittenAgain) {
+    MakeNote("Dentist", "typed");
+    Advance(2000);
+    ASSERT_EQ(FilesOfNotes().size(), 1U);
+    files.Remove("C:\\Jotwright\\Notes\\" + FilesOfNotes()[0]);
+    EXPECT_TRUE(FilesOfNotes().empty());
+    Advance(2000);
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed");
+}
+
 TEST_F(RecoveryTest, ATitleThatIsNoFileNameIsKeptAllTheSame) {
     MakeNote("What? <a|b> * \"c\":", "typed");
     MakeNote("con", "device");

@@ -228,6 +228,21 @@ TEST_F(frmNoteClosingTest, MenuEraseWritesTheNoteBackAtOnce) {
     EXPECT_EQ(Saved("Dentist").Text, "text");
 }
 
+TEST_F(frmNoteClosingTest, MenuEraseThatCannotWriteTheNoteBackLosesNothing) {
+    frmNote& note = MakeNote("Dentist", "text");
+    Start([&note] { note.WriteNote(); });
+    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectWriteError("61 - Disk full");
+    files.FailAt(2, forms::ErrorNumber::DiskFull);  // the first step after the erasing
+    user->Choose(note.mnuKillNote);
+    EXPECT_FALSE(FileOf("Dentist").has_value());
+    EXPECT_TRUE(IsNoteOpen("Dentist"));
+    Advance(2000);
+    RestartProgram();
+    Start(StandardCode::ReadNotes);
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
+}
+
 TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseIsForGoodUnlessSaved) {
     frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
     stage->ExpectPopup("mnuPop", "mnuKill");

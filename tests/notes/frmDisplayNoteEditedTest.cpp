@@ -1,0 +1,109 @@
+#include "notes/frmDisplayNote.h"
+#include "tests/support/NoteProgram.h"
+
+// A note that is edited while its alarm display is open.
+
+namespace {
+
+using forms::BoxResult;
+using Names = std::vector<std::string>;
+
+class EditedUnderItsDisplay : public testing_support::NoteProgram {
+  protected:
+    void SetUp() override {
+        NoteProgram::SetUp();
+        auto record = Record("Dentist", "old");
+        record.AlarmTime = forms::DateTime::FromTime(9, 30, 0);
+        record.AlarmState = "1";
+        PutNote(record);
+        Start([] {
+            StandardCode::LoadNotesArray();
+            StandardCode::DisplayNote(1);
+        });
+        display = StandardCode::LastDisplay();
+    }
+
+    frmNote& Edit() {
+        Start([] {
+            StandardCode::LoadNotesArray();
+            StandardCode::OpenNote(1);
+        });
+        return Editor("Dentist");
+    }
+
+    static void Save(frmNote& note) { note.WriteNote(); }
+
+    void CloseDisplay(BoxResult answer) {
+        stage->ExpectBox("Would you like to erase this note?", " Erase Note?",
+                         forms::BoxIcon::Question, forms::BoxButtons::YesNo, answer);
+        user->CloseBox(*display);
+        EXPECT_FALSE(display->IsLoaded());
+        display.reset();
+    }
+
+    std::shared_ptr<frmDisplayNote> display;
+};
+
+TEST_F(EditedUnderItsDisplay, KeepingTheNoteKeepsWhatWasSavedMeanwhile) {
+    frmNote& note = Edit();
+    user->Type(note.txtNote, "new");
+    stage->ExpectPopup("mnuPop", "mnuGreen");
+    user->RightClick(note);
+    Start([&note] { Save(note); });
+    CloseDisplay(BoxResult::No);
+    EXPECT_EQ(Saved("Dentist").Text, "new");
+    EXPECT_EQ(Saved("Dentist").ColorIndex, 3);
+    EXPECT_EQ(Saved("Dentist").AlarmState, "0");
+    EXPECT_EQ(Saved("Dentist").AlarmTime, forms::DateTime::FromTime(12, 0, 0));
+}
+
+TEST_F(EditedUnderItsDisplay, AnAlarmThatWasSetMeanwhileStaysSet) {
+    frmNote& note = Edit();
+    user->Click(note.cmdAlarm);
+    user->Pick(note.dtTime, forms::DateTime::FromTime(10, 0, 0));
+    user->Click(note.cmdAlarm);
+    Start([&note] { Save(note); });
+    const auto before = FileOf("Dentist");
+    CloseDisplay(BoxResult::No);
+    EXPECT_EQ(FileOf("Dentist"), before);
+    EXPECT_EQ(Saved("Dentist").AlarmState, "1");
+    EXPECT_EQ(Saved("Dentist").AlarmTime, forms::DateTime::FromTime(10, 0, 0));
+}
+
+TEST_F(EditedUnderItsDisplay, ATextTypedIntoTheDisplayLeavesTheNewAlarmSet) {
+    frmNote& note = Edit();
+    user->Click(note.cmdAlarm);
+    user->Pick(note.dtTime, forms::DateTime::FromTime(10, 0, 0));
+    user->Click(note.cmdAlarm);
+    Start([&note] { Save(note); });
+    user->Type(display->lblNoteText, "of the display");
+    CloseDisplay(BoxResult::No);
+    EXPECT_EQ(Saved("Dentist").Text, "of the display");
+    EXPECT_EQ(Saved("Dentist").AlarmState, "1");
+    EXPECT_EQ(Saved("Dentist").AlarmTime, forms::DateTime::FromTime(10, 0, 0));
+}
+
+TEST_F(EditedUnderItsDisplay, WhatIsTypedIntoTheDisplayIsSavedAndTheEditorsTextIsKept) {
+    frmNote& note = Edit();
+    user->Type(note.txtNote, "of the editor");
+    Start([&note] { Save(note); });
+    user->Type(display->lblNoteText, "of the display");
+    CloseDisplay(BoxResult::No);
+    EXPECT_EQ(Saved("Dentist").Text, "of the display");
+    Advance(2000);
+    RestartProgram();
+    Start(StandardCode::ReadNotes);
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "of the editor");
+}
+
+TEST_F(EditedUnderItsDisplay, ErasingTheNoteLeavesTheEditorsTextInACopy) {
+    Edit();
+    CloseDisplay(BoxResult::Yes);
+    EXPECT_FALSE(FileOf("Dentist").has_value());
+    Advance(2000);
+    RestartProgram();
+    Start(StandardCode::ReadNotes);
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "old");
+}
+
+}  // namespace
