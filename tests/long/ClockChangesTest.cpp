@@ -113,6 +113,24 @@ TEST_F(ClockChangesTest, ASavedNoteThatWasAnsweredDoesNotComeUpInTheRepeatedHour
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
 }
 
+TEST_F(ClockChangesTest, ASavedNoteThatWasNotAnsweredComesUpAgainInTheRepeatedHour) {
+    PutAlarm("Dentist", "01:15:00");
+    StartAt(1, 14, 50);
+    CloseEditor("Dentist");
+    Advance(20'000);
+    ASSERT_EQ(CountVisible<frmDisplayNote>(), 1);
+    clock.MoveWallClock(-hour);
+    Advance(2 * hour * 1000);
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 2);
+    // The second answer finds what the first has left.
+    stage->improvise.box = [](const BoxRequest&) { return BoxResult::No; };
+    user->CloseBox(*FindWindow<frmDisplayNote>("Dentist"));
+    const auto kept = files.Peek(NoteFile("Dentist"));
+    user->CloseBox(*FindWindow<frmDisplayNote>("Dentist"));
+    EXPECT_EQ(files.Peek(NoteFile("Dentist")), kept);
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
+}
+
 TEST_F(ClockChangesTest, SettingTheClockForwardRingsNothingOfWhatWasLeftOut) {
     StartAt(9, 0, 0);
     SetSpecialAlarm(DateTime::FromTime(9, 30, 0));
