@@ -1,5 +1,7 @@
 #include "app/Main.h"
 
+#include <new>
+
 #include "alarms/SpecialAlarmsFile.h"
 #include "app/SafeFile.h"
 #include "app/StandardCode.h"
@@ -22,7 +24,11 @@ void SaveWhatIsOpen() {
     const auto loaded = forms::Runtime::Current().LoadedForms();
     for (const auto& form : loaded) {
         if (auto* note = dynamic_cast<frmNote*>(form.get())) {
-            note->SaveBeforeTheEnd();
+            try {
+                note->SaveBeforeTheEnd();
+            } catch (const std::bad_alloc&) {
+                // What is too large to be saved must not keep the others from it.
+            }
         }
     }
     if (auto* main = forms::LoadedDefault<frmMain>()) {

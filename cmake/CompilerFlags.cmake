@@ -39,7 +39,8 @@ if(WIN32)
     if(CMAKE_SIZEOF_VOID_P EQUAL 8)
         list(APPEND jotwright_link_flags -Wl,--high-entropy-va)
     endif()
-    set(jotwright_definitions UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0A00)
+    # The library looks at indices, iterators and optionals as they are used.
+    set(jotwright_definitions _GLIBCXX_ASSERTIONS UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0A00)
     # Size matters more than speed: the program waits for its user.
     set(CMAKE_CXX_FLAGS_RELEASE "-Os -DNDEBUG")
 else()

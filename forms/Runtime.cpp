@@ -114,6 +114,8 @@ void Runtime::ReportAndEnd(const RuntimeError& error) {
             onFatalError();
         } catch (const RuntimeError&) {
             // Nothing more can be done for what failed twice; the rest still ends in order.
+        } catch (const std::bad_alloc&) {
+            // As above.
         }
     }
     EndNow();

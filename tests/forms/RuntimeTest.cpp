@@ -106,6 +106,13 @@ TEST_F(RuntimeTest, AFailureWhileEndingIsNotReportedAgain) {
     EXPECT_TRUE(runtime->HasEnded());
 }
 
+TEST_F(RuntimeTest, MemoryThatRunsOutWhileEndingStillEndsInOrder) {
+    runtime->onFatalError = [] { throw std::bad_alloc(); };
+    ExpectReport("7", "Out of memory");
+    Start([] { throw std::bad_alloc(); });
+    EXPECT_TRUE(runtime->HasEnded());
+}
+
 TEST_F(RuntimeTest, AnErrorUnderABoxLeavesTheHandlerThatShowedIt) {
     bool wentOn = false;
     Start([] {

@@ -1,3 +1,4 @@
+#include "forms/win32/Utf.h"
 #include "tests/windows/DriverTest.h"
 #include "tests/windows/Picture.h"
 
@@ -144,6 +145,29 @@ TEST_F(Notes, SavingSaysSo) {
     EXPECT_TRUE(FileExists(NotePath("Shopping")));
     box.Press("OK");
     EXPECT_TRUE(editor.IsVisible());
+}
+
+TEST_F(Notes, ANoteFileThatAnotherProgramHoldsIsReportedAndSavedWhenItIsFree) {
+    const Window editor = MakeNote(StartProgram(), "Shopping");
+    editor.Only("Edit").Type("milk");
+    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    Box(program, "").Press("OK");
+    const std::string before = WholeFile(NotePath("Shopping")).value();
+    HANDLE holder = ::CreateFileW(forms::win32::Wide(NotePath("Shopping")).c_str(), GENERIC_READ, 0,
+                                  nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(holder, INVALID_HANDLE_VALUE);
+    editor.Only("Edit").Type("milk and bread");
+    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    const Box report(program, "WriteNote Sub Error");
+    EXPECT_EQ(report.Text(), "70 - Permission denied");
+    report.Press("OK");
+    ::CloseHandle(holder);
+    EXPECT_EQ(editor.Only("Edit").Text(), "milk and bread");
+    EXPECT_EQ(WholeFile(NotePath("Shopping")).value(), before);
+    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    Box(program, "").Press("OK");
+    EXPECT_TRUE(
+        WholeFile(NotePath("Shopping")).value().starts_with("\"Shopping\",\"milk and bread\","));
 }
 
 TEST_F(Notes, WhatWasTypedComesBackWhenTheProgramWasKilled) {
