@@ -105,7 +105,7 @@ void frmMain::tmrCooKoo_Timer() {
     const forms::DateTime now = forms::Now();
     const int strikes = StrikeTable::StrikesAt(now.TimeOnly());
     // Of two timers that are due together either may come first, and while the cuckoo strikes the
-    // main clock would miss the alarm's second.
+    // main clock would wait.
     if (strikes > 0 && !IsSpecialAlarmDue(now)) {
         StrikeCuckoo(strikes);
     }

@@ -1,5 +1,7 @@
 #include "forms/Devices.h"
 
+#include "forms/Runtime.h"
+
 namespace forms {
 
 Devices& Machine() {
@@ -9,7 +11,14 @@ Devices& Machine() {
 
 // Every device is set before the runtime starts, which the analyzer cannot see.
 // NOLINTBEGIN(clang-analyzer-core.CallAndMessage)
-DateTime Now() { return Machine().clock->Now(); }
+DateTime Now() {
+    if (Runtime::Exists()) {
+        if (const auto moment = Runtime::Current().timers.Moment()) {
+            return *moment;
+        }
+    }
+    return Machine().clock->Now();
+}
 
 DateTime Today() { return Now().DateOnly(); }
 

@@ -188,7 +188,7 @@ struct Devices {
 Devices& Machine();
 
 // What the handlers ask most often.
-DateTime Now();    // date and time
+DateTime Now();    // date and time; in a tick of a polling timer that tick's, see Timer
 DateTime Today();  // date only
 // "C:\\Jotwright" + "\\logo.ico": a path below the application folder. relative begins with a
 // backslash.

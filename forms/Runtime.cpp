@@ -127,6 +127,7 @@ void Runtime::Wait(const std::function<void()>& pump) {
     }
     Settle();
     timers.ForgetClock();
+    timers.LeaveMoment();
     ArmNow();
     const int outer = std::exchange(depth, 0);
     const int outerBusy = std::exchange(busyCount, 0);

@@ -16,6 +16,10 @@ class Form;
 // and many timers wake the machine together.
 enum class TimerPhase { FromStart, ClockSecond };
 
+// Polling timers that are due together see one second: forms::Now() in their handlers is the time
+// at which the tick could be given, however long the handlers before it took, until the handler
+// lets events in.
+//
 // Ticks keep their phase: the next is due one interval after the last was due, settled before the
 // handler runs. Ticks that could not be given in time are dropped. A timer whose handler is still
 // running (it may be showing a box) is not entered again; other timers go on.
@@ -45,7 +49,8 @@ class Timer final : public Observed {
     bool resting = false;
     std::int64_t due = 0;                    // monotonic milliseconds
     std::uint64_t sequence = 0;              // of those due together, the first queued ticks first
-    std::optional<std::int64_t> seenSecond;  // the second that the clock showed at the last tick
+    std::optional<std::int64_t> dueSecond;   // that the clock showed when the tick's turn came
+    std::optional<std::int64_t> seenSecond;  // the same of the last tick
     bool queued = false;
     bool running = false;  // its handler is on the stack
 };

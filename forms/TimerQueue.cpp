@@ -90,6 +90,7 @@ void TimerQueue::Remove(Timer& timer) {
     if (timer.queued) {
         queue.erase(&timer);
         timer.queued = false;
+        timer.dueSecond.reset();
     }
 }
 
@@ -119,8 +120,12 @@ std::int64_t TimerQueue::FirstDue(const Timer& timer, std::int64_t now) const {
     return now - sinceTick + interval;
 }
 
-std::int64_t TimerQueue::NextAfter(const Timer& timer, std::int64_t lastDue,
-                                   std::int64_t now) const {
+std::int64_t TimerQueue::NextAfter(const Timer& timer, std::int64_t lastDue, std::int64_t now,
+                                   std::int64_t shown) const {
+    if (SeesEverySecond(timer) && WallAt(now) >= (shown + 1) * second) {
+        // Those before it took so long that there is another second to be seen.
+        return now;
+    }
     const std::int64_t interval = timer.interval;
     std::int64_t next = lastDue + interval;
     if (next <= now) {
@@ -150,10 +155,24 @@ std::optional<std::int64_t> TimerQueue::NextDue() const {
     return std::nullopt;
 }
 
+void TimerQueue::MarkDue(std::int64_t limit) {
+    const std::int64_t shown = SecondNow();
+    for (Timer* timer : queue) {
+        if (timer->due > limit) {
+            return;
+        }
+        // One whose handler runs misses this second, and one that waits already has its own.
+        if (timer->phase == TimerPhase::ClockSecond && !timer->running && !timer->dueSecond) {
+            timer->dueSecond = shown;
+        }
+    }
+}
+
 void TimerQueue::RunDue() {
     Runtime& runtime = Runtime::Current();
     ForgetClock();
     const std::int64_t limit = MonotonicNow();
+    MarkDue(limit);
     for (;;) {
         Timer* timer = nullptr;
         for (Timer* candidate : queue) {
@@ -171,15 +190,18 @@ void TimerQueue::RunDue() {
         }
         const auto pin = timer->form.shared_from_this();
         const std::int64_t lastDue = timer->due;
+        const std::int64_t shown = timer->dueSecond ? *timer->dueSecond : SecondNow();
         Remove(*timer);
         const std::int64_t now = MonotonicNow();
-        Enqueue(*timer, NextAfter(*timer, lastDue, now));
-        const std::int64_t shown = SecondNow();
+        Enqueue(*timer, NextAfter(*timer, lastDue, now, shown));
         if (SeesEverySecond(*timer) && HasSeen(*timer, shown)) {
             continue;
         }
         timer->seenSecond = shown;
         timer->running = true;
+        if (timer->phase == TimerPhase::ClockSecond) {
+            tickTime = DateTime{shown};
+        }
         runtime.Rearm();
         runtime.Dispatch(&timer->form, [timer] {
             if (timer->Tick) {
@@ -187,6 +209,7 @@ void TimerQueue::RunDue() {
             }
         });
         timer->running = false;
+        LeaveMoment();
         runtime.Rearm();
     }
 }
@@ -199,7 +222,7 @@ void TimerQueue::Realign() {
     for (Timer* timer : all) {
         // One that is due already is given at once, as always: the second that it is for would pass
         // unseen. Its next one finds the middle by itself.
-        const bool isDue = SeesEverySecond(*timer) && timer->due <= now;
+        const bool isDue = timer->dueSecond || (SeesEverySecond(*timer) && timer->due <= now);
         if (timer->phase == TimerPhase::ClockSecond && !isDue) {
             Remove(*timer);
             // The second that the clock has come to may have been stepped into behind its middle.

@@ -5,6 +5,8 @@
 #include <optional>
 #include <set>
 
+#include "forms/DateTime.h"
+
 namespace forms {
 
 class Timer;
@@ -34,6 +36,11 @@ class TimerQueue {
     // the middle of the second, but for those that are due.
     void Realign();
 
+    // The time of the tick whose handler runs, if it is one of a polling timer and has not let
+    // events in; this makes it do so.
+    std::optional<DateTime> Moment() const { return tickTime; }
+    void LeaveMoment() { tickTime.reset(); }
+
     // The wall clock is to be read again, see WallAt.
     void ForgetClock() { readAt.reset(); }
 
@@ -52,10 +59,15 @@ class TimerQueue {
     // Milliseconds from the middle of the wall clock's second to the moment, -500 to 499.
     std::int64_t OffMiddle(std::int64_t moment, std::int64_t now) const;
     std::int64_t FirstDue(const Timer& timer, std::int64_t now) const;
-    std::int64_t NextAfter(const Timer& timer, std::int64_t lastDue, std::int64_t now) const;
+    // For a tick that was due then and sees the shown second of the wall clock.
+    std::int64_t NextAfter(const Timer& timer, std::int64_t lastDue, std::int64_t now,
+                           std::int64_t shown) const;
+    // The ticks of polling timers that are due are for the second that the clock shows now.
+    void MarkDue(std::int64_t limit);
 
     std::set<Timer*, Earlier> queue;
     std::uint64_t lastSequence = 0;
+    std::optional<DateTime> tickTime;
     // Monotonic time of some middle of a second: where the ticks of all polling timers lie whose
     // interval is no whole number of seconds. Not known before the first of them starts.
     std::optional<std::int64_t> gridAnchor;

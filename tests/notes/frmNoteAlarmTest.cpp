@@ -257,6 +257,20 @@ TEST_F(frmNoteAlarmTest, WithAudioTheSoundLoopsUntilItsBoxIsAnswered) {
     EXPECT_FALSE(Shared().AlarmSounding);
 }
 
+TEST_F(frmNoteAlarmTest, OfTwoInOneSecondTheOtherRingsThoughTheBoxOfTheFirstComesUpSlowly) {
+    SetNow(2004, 5, 14, 11, 59, 50);
+    frmNote& first = SetFor("Dentist", today, DateTime::FromTime(12, 0, 0));
+    user->Click(first.chkAudioAlarm);
+    frmNote& other = SetFor("Rent", today, DateTime::FromTime(12, 0, 0));
+    ExpectAudioBox([&] {
+        clock.Pass(1200);
+        Advance(1);
+        ExpectNotSet(other);
+    });
+    Advance(12'000);
+    ExpectNotSet(first);
+}
+
 TEST_F(frmNoteAlarmTest, TheMarkerOfARestoredAlarmGoesWhenItFires) {
     SetNow(2004, 5, 14, 11, 59, 58);
     auto record = Record("Dentist", "");

@@ -148,8 +148,8 @@ TEST_F(Editors, AnAlarmOfNoonRingsAndOneOfThePastDoesNot) {
     const std::uint64_t before = recorder.Now();
     Clock::Set("2031-06-02 11:59:58");
     WaitUntil("the note comes up", [&] { return !lunch.IsMinimized(); });
-    WaitUntilFilled(lunch, "Edit");
     EXPECT_LE(Clock::Now(), "2031-06-02 12:00:02");
+    WaitUntilFilled(lunch, "Edit");
     EXPECT_TRUE(lunch.FindChild("Button", editorSet));
     // It wants no sound, so nothing is asked.
     Clock::WaitFor("2031-06-02 12:00:03");

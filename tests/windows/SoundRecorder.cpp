@@ -20,6 +20,8 @@ constexpr std::uint64_t rate = 8000;
 constexpr std::size_t block = 800;  // a tenth of a second
 constexpr double loud = 300;        // of 32768
 constexpr std::size_t pause = rate / 20;
+// On a busy machine the sound stops for a while now and then.
+constexpr std::uint64_t restful = rate * 3;
 // Enough to tell the sounds apart: the cuckoo's second call, the pips of the clock.
 constexpr std::uint64_t longEnough = rate * 7 / 10;
 
@@ -140,7 +142,7 @@ void SoundRecorder::WaitForSilence() const {
     const std::uint64_t start = Now();
     WaitUntil("it is silent", [&] {
         const std::uint64_t now = Now();
-        return now >= start + rate && !HasSounded(now - rate);
+        return now >= start + restful && !HasSounded(now - restful);
     });
 }
 
