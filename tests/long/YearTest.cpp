@@ -52,7 +52,7 @@ class YearTest : public testing_support::WholeProgram {
     void Watch(Timer& timer, Seconds& seconds) {
         const auto tick = timer.Tick;
         timer.Tick = [this, tick, &seconds] {
-            const DateTime now = clock.Now();
+            const DateTime now = forms::Now();
             ++seconds.seen;
             if (seconds.last) {
                 const std::int64_t step = now.seconds - seconds.last->seconds;
