@@ -62,6 +62,12 @@ void StoreSharedRow(std::size_t index, const Row& row) {
     shared.SpecialAlarmEnabled.at(index) = row.Enabled;
 }
 
+void StoreSharedRows(std::span<const Row> rows) {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        StoreSharedRow(i, rows[i]);
+    }
+}
+
 }  // namespace SpecialAlarmsFile
 
 namespace StandardCode {
@@ -76,9 +82,7 @@ void LoadSpecialAlarms() {
     } catch (const forms::RuntimeError&) {
         // What could be read still counts.
     }
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        SpecialAlarmsFile::StoreSharedRow(i, rows[i]);
-    }
+    SpecialAlarmsFile::StoreSharedRows(rows);
 }
 
 }  // namespace StandardCode

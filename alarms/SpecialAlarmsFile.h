@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,8 @@ bool IsDue(const Row& row, forms::DateTime now);
 // A row of the shared arrays, index 0 to 6.
 Row SharedRow(std::size_t index);
 void StoreSharedRow(std::size_t index, const Row& row);
+// The first rows, at most rowCount; those behind them stay.
+void StoreSharedRows(std::span<const Row> rows);
 
 }  // namespace SpecialAlarmsFile
 

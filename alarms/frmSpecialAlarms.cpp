@@ -173,9 +173,7 @@ void frmSpecialAlarms::ReadSpecialAlarmsFile() {
                     "were last loaded.",
                     "Error Loading Special Alarms");
     }
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        SpecialAlarmsFile::StoreSharedRow(i, rows[i]);
-    }
+    SpecialAlarmsFile::StoreSharedRows(rows);
     for (std::size_t i = rows.size(); i < rowCount; ++i) {
         rows.push_back(SpecialAlarmsFile::SharedRow(i));
     }
@@ -208,9 +206,7 @@ void frmSpecialAlarms::WriteSpecialAlarmsFile() {
     }
     SafeFile::ReplaceFile(SpecialAlarmsFile::Path(), SpecialAlarmsFile::Encode(rows));
     // The clock goes by what was saved, also where it cannot be read back.
-    for (std::size_t i = 0; i < rowCount; ++i) {
-        SpecialAlarmsFile::StoreSharedRow(i, rows[i]);
-    }
+    SpecialAlarmsFile::StoreSharedRows(rows);
     ReadSpecialAlarmsFile();
 }
 
