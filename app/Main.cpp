@@ -10,8 +10,9 @@
 #include "forms/Devices.h"
 #include "forms/Runtime.h"
 #include "info/frmSplash.h"
-#include "notes/NotesArray.h"
-#include "notes/frmNote.h"
+#include "notes/EditedNote.h"
+#include "notes/NoteEditor.h"
+#include "notes/NoteStore.h"
 #include "notes/frmViewNotes.h"
 
 namespace StandardCode {
@@ -21,14 +22,11 @@ namespace {
 // The program is about to end over an error that nobody trapped: what the user wrote is saved, and
 // no icon is left behind.
 void SaveWhatIsOpen() {
-    const auto loaded = forms::Runtime::Current().LoadedForms();
-    for (const auto& form : loaded) {
-        if (auto* note = dynamic_cast<frmNote*>(form.get())) {
-            try {
-                note->SaveBeforeTheEnd();
-            } catch (const std::bad_alloc&) {
-                // What is too large to be saved must not keep the others from it.
-            }
+    for (const EditedNote* note : Notes().OpenNotes()) {
+        try {
+            note->Editor().SaveBeforeTheEnd();
+        } catch (const std::bad_alloc&) {
+            // A note that is too large to be saved must not keep the others from it.
         }
     }
     if (auto* main = forms::LoadedDefault<frmMain>()) {
@@ -47,11 +45,11 @@ void Main() {
             "  Jotwright Is Running", "logo.ico");
         return;
     }
-    Shared().NoteTitles.clear();
-    if (!forms::Machine().files->FolderExists(NotesFolder())) {
-        forms::Machine().files->MakeFolder(NotesFolder());
+    // With a file in the folder's place the program starts, and each save says why it fails.
+    if (!forms::Machine().files->FileExists(NotesFolder())) {
+        EnsureNotesFolder();
     }
-    SafeFile::RemoveLeftovers(NotesFolder());
+    NoteStore::AdoptLeftovers();
     SafeFile::RemoveLeftovers(SpecialAlarmsFile::Folder());
     ConnectControlPanel();
     forms::Runtime::Current().onFatalError = SaveWhatIsOpen;

@@ -81,9 +81,21 @@ forms::DateTime Reader::Date() {
     return field.text.empty() && !field.quoted ? forms::DateTime{} : ReadDate(field.text);
 }
 
-std::int16_t Reader::Integer() {
-    const Field field = Next();
-    return field.text.empty() && !field.quoted ? std::int16_t{0} : forms::ToInteger16(field.text);
+forms::DateTime Reader::DateOrZero() {
+    const std::string date = forms::Trim(Next().text);
+    if (date.size() >= 2 && date.starts_with('#') && date.ends_with('#')) {
+        return ReadDate(date);
+    }
+    try {
+        return ReadDate(date);
+    } catch (const forms::RuntimeError&) {
+        return {};
+    }
+}
+
+std::int16_t Reader::IntegerOrZero() {
+    const std::string number = Next().text;
+    return forms::IsNumeric(number) ? forms::ToInteger16(number) : std::int16_t{0};
 }
 
 Reader::Field Reader::Next() {

@@ -37,8 +37,10 @@ class Reader {
     // "yyyy-mm-dd", "hh:mm:ss" or both, with or without number signs, quoted or not; nothing at all
     // is the zero date. RuntimeError 13 for anything else.
     forms::DateTime Date();
-    // Nothing at all is 0. RuntimeError 13 where it is no number, 6 where it does not fit.
-    std::int16_t Integer();
+    // The same, but a text that is not between number signs is the zero date if it is no date.
+    forms::DateTime DateOrZero();
+    // A text that is no number is 0. RuntimeError 6 if the number does not fit.
+    std::int16_t IntegerOrZero();
 
   private:
     struct Field {

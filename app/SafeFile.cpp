@@ -1,26 +1,23 @@
 #include "app/SafeFile.h"
 
-#include <vector>
+#include <algorithm>
+#include <utility>
 
-#include "forms/Devices.h"
+#include "app/Patience.h"
+#include "app/StandardCode.h"
 #include "forms/RuntimeError.h"
 
 namespace SafeFile {
 
 namespace {
 
-// Short, whatever the name of the file is that it stands for: a name beside a long title must not
-// be longer than the system takes.
-constexpr const char* temporaryPrefix = "~Jotwright";
-constexpr const char* temporarySuffix = ".tmp";
-constexpr int temporaryNames = 99;
+// "~Jotwright-0123456789abcdef-7.tmp". Short, whatever the name of the file is that it stands for:
+// a name beside a long title must not be longer than the system takes.
+constexpr std::string_view temporaryPrefix = "~Jotwright-";
+constexpr std::string_view temporarySuffix = ".tmp";
+constexpr std::string_view lockSuffix = ".lock";
 
 forms::FileSystem& Files() { return *forms::Machine().files; }
-
-bool SameName(const std::string& a, const std::string& b) {
-    forms::Locale& locale = *forms::Machine().locale;
-    return locale.ToUpper(a) == locale.ToUpper(b);
-}
 
 bool HoldsAlready(const std::string& path, const std::string& bytes) {
     try {
@@ -30,16 +27,140 @@ bool HoldsAlready(const std::string& path, const std::string& bytes) {
     }
 }
 
-// A leftover that cannot be removed must not stand in the way for ever.
-std::string FreeTemporaryPath(const std::string& folder) {
-    std::string path;
-    for (int i = 1; i <= temporaryNames; ++i) {
-        path = folder + '\\' + temporaryPrefix + std::to_string(i) + temporarySuffix;
-        if (!Files().FileExists(path) && !Files().FolderExists(path)) {
-            break;
+std::string LockPath(const std::string& folder, const std::string& instanceId) {
+    return folder + '\\' + std::string(temporaryPrefix) + instanceId + std::string(lockSuffix);
+}
+
+std::string NextTemporaryPath(const std::string& folder) {
+    return folder + '\\' + std::string(temporaryPrefix) + forms::Machine().system->InstanceId() +
+           '-' + std::to_string(++StandardCode::Shared().TemporaryFiles) +
+           std::string(temporarySuffix);
+}
+
+// Writes the bytes to a file of its own; the file's path.
+std::string WriteTemporary(const std::string& folder, const std::string& bytes,
+                           forms::Durability durability) {
+    constexpr int mostNames = 100;
+    for (int tries = 1;; ++tries) {
+        const std::string path = NextTemporaryPath(folder);
+        try {
+            Files().Write(path, bytes, {.mustBeNew = true, .durability = durability});
+            return path;
+        } catch (const forms::RuntimeError& error) {
+            const bool isTaken = error == forms::ErrorNumber::FileAlreadyExists;
+            if (!isTaken) {
+                DeleteIfPossible(path);
+            }
+            if (!isTaken || tries == mostNames) {
+                throw;
+            }
         }
     }
-    return path;
+}
+
+bool IsAll(const std::string& text, bool (*isRight)(char)) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), isRight);
+}
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool IsHexDigit(char c) { return IsDigit(c) || (c >= 'a' && c <= 'f'); }
+
+// The instance id in the name of a temporary file; empty if the name is none.
+std::string InstanceOf(const std::string& name) {
+    if (!name.starts_with(temporaryPrefix) || !name.ends_with(temporarySuffix)) {
+        return {};
+    }
+    const std::string middle = name.substr(
+        temporaryPrefix.size(), name.size() - temporaryPrefix.size() - temporarySuffix.size());
+    const std::size_t dash = middle.find('-');
+    if (dash == std::string::npos || !IsAll(middle.substr(dash + 1), IsDigit)) {
+        return {};
+    }
+    const std::string instanceId = middle.substr(0, dash);
+    return IsAll(instanceId, IsHexDigit) ? instanceId : std::string();
+}
+
+}  // namespace
+
+bool ReplaceFile(const std::string& path, const std::string& bytes, const ReplaceOptions& options) {
+    if (!options.isKnownToDiffer && HoldsAlready(path, bytes)) {
+        return false;
+    }
+    const std::string folder = path.substr(0, path.find_last_of('\\'));
+    MarkInUse(folder);
+    // Renaming over a file would give it the letters of the new name.
+    const std::string target = folder + '\\' + Files().NameOnDisk(path);
+    const std::string temporary =
+        Patience::Try([&] { return WriteTemporary(folder, bytes, options.durability); });
+    try {
+        if (options.beforeRename) {
+            options.beforeRename();
+        }
+        Patience::Try([&] { Files().Replace(temporary, target, options.durability); });
+    } catch (const forms::RuntimeError&) {
+        if (!options.beforeRename || Files().FileExists(target)) {
+            DeleteIfPossible(temporary);
+        }
+        throw;
+    }
+    return true;
+}
+
+bool IsSameName(const std::string& a, const std::string& b) {
+    const auto comparable = [](const std::string& name) {
+        const std::size_t end = name.find_last_not_of(" .");
+        return forms::Machine().locale->ToUpper(
+            name.substr(0, end == std::string::npos ? 0 : end + 1));
+    };
+    return a == b || comparable(a) == comparable(b);
+}
+
+void MarkInUse(const std::string& folder) {
+    auto& locks = StandardCode::Shared().FolderLocks;
+    if (locks.contains(folder)) {
+        return;
+    }
+    try {
+        if (auto lock = Files().Lock(LockPath(folder, forms::Machine().system->InstanceId()))) {
+            locks[folder] = std::move(lock);
+        }
+    } catch (const forms::RuntimeError&) {
+        // Without the lock, another program may take this one for ended; the next call tries again.
+    }
+}
+
+bool IsInUseBy(const std::string& folder, const std::string& instanceId) {
+    if (instanceId == forms::Machine().system->InstanceId() || !IsAll(instanceId, IsHexDigit)) {
+        return false;
+    }
+    try {
+        return Files().FolderExists(folder) &&
+               Files().Lock(LockPath(folder, instanceId)) == nullptr;
+    } catch (const forms::RuntimeError&) {
+        return false;
+    }
+}
+
+std::vector<std::string> FindLeftovers(const std::string& folder) {
+    std::vector<std::string> paths;
+    try {
+        for (const forms::FileEntry& entry : Files().List(folder, std::string(temporarySuffix))) {
+            const std::string instanceId = InstanceOf(entry.name);
+            if (!instanceId.empty() && !IsInUseBy(folder, instanceId)) {
+                paths.push_back(folder + '\\' + entry.name);
+            }
+        }
+    } catch (const forms::RuntimeError&) {
+        // The windows that read the folder report it.
+    }
+    return paths;
+}
+
+void RemoveLeftovers(const std::string& folder) {
+    for (const std::string& path : FindLeftovers(folder)) {
+        DeleteIfPossible(path);
+    }
 }
 
 void DeleteIfPossible(const std::string& path) {
@@ -49,40 +170,6 @@ void DeleteIfPossible(const std::string& path) {
         }
     } catch (const forms::RuntimeError&) {
         // The next start tries again.
-    }
-}
-
-}  // namespace
-
-bool ReplaceFile(const std::string& path, const std::string& bytes) {
-    if (HoldsAlready(path, bytes)) {
-        return false;
-    }
-    const std::string folder = path.substr(0, path.find_last_of('\\'));
-    // Renaming over a file would give it the letters of the new name.
-    const std::string target = folder + '\\' + Files().NameOnDisk(path);
-    const std::string temporary = FreeTemporaryPath(folder);
-    try {
-        Files().WriteThrough(temporary, bytes);
-        Files().Replace(temporary, target);
-    } catch (const forms::RuntimeError&) {
-        DeleteIfPossible(temporary);
-        throw;
-    }
-    return true;
-}
-
-void RemoveLeftovers(const std::string& folder) {
-    std::vector<forms::FileEntry> entries;
-    try {
-        entries = Files().List(folder, temporarySuffix);
-    } catch (const forms::RuntimeError&) {
-        return;  // whoever reads the folder reports it
-    }
-    for (const forms::FileEntry& entry : entries) {
-        if (SameName(entry.name.substr(0, std::string(temporaryPrefix).size()), temporaryPrefix)) {
-            DeleteIfPossible(folder + '\\' + entry.name);
-        }
     }
 }
 

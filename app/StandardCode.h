@@ -3,8 +3,9 @@
 #include <array>
 #include <cstdint>
 #include <map>
+#include <memory>
+#include <set>
 #include <string>
-#include <vector>
 
 #include "forms/Color.h"
 #include "forms/DateTime.h"
@@ -14,6 +15,8 @@
 // The values that the whole program shares. All belong to the user-interface thread. An operation
 // of this module that needs a window is declared, in this namespace, by the file of its own
 // subject.
+class NoteStore;
+
 namespace StandardCode {
 
 constexpr int maximumNotes = 100;
@@ -44,21 +47,24 @@ class NotesTable {
     std::array<NoteRecord, maximumNotes> slots;
 };
 
-// A note as it was read when its file had this size and time of change.
-struct ParsedNote {
-    std::uint64_t size = 0;
-    std::int64_t changed = 0;
-    NoteRecord record;
+// What is left of the time to try again, see Patience.
+struct RetryTime {
+    std::uint64_t action = 0;
+    int left = 0;  // milliseconds
 };
 
 // What the windows share. Reset() gives the state at the start of the process.
 struct SharedValues {
     NotesTable NotesArray;
     std::int16_t NoteCount = 0;
-    std::map<std::string, ParsedNote> ParsedNotes;  // by file name, as listed
-    std::vector<forms::FileEntry> NotesListing;     // that the array was rebuilt from
-    // Titles of the open editors, in the order in which they were given.
-    std::vector<std::string> NoteTitles;
+    std::shared_ptr<NoteStore> Store;        // made by Notes()
+    std::weak_ptr<forms::Form> CurrentNote;  // the editor that OpenNote opened last
+    std::set<std::string> RecoveryPaths;     // of the copies of open editors, in capitals
+
+    // By folder: tells other programs that this one works there, see SafeFile.
+    std::map<std::string, std::unique_ptr<forms::FileLock>> FolderLocks;
+    int TemporaryFiles = 0;  // made so far, see SafeFile
+    RetryTime TimeToRetry;
 
     std::string AlarmSoundPath;        // full path of the current alarm sound
     bool AlarmSounding = false;        // keeps the cuckoo and further alarm sounds silent
@@ -86,14 +92,10 @@ void Reset();
 struct SharedEvents {
     // The notes array was rebuilt; NoteCount holds the count.
     forms::Event<> NotesArrayLoaded;
-    // A saved note made the count reach 100: no more notes may be made.
-    forms::Event<> MaximumReached;
     // An editor or a display was closed: unload the control panel, load it again so that the array
     // and its list are rebuilt, and leave it hidden, show it, or unload it once more.
     enum class PanelAction { Reload, ReloadAndShow, Show, UnloadIfVisible, LoadAndUnload };
     forms::Event<PanelAction> ControlPanel;
-    // Erasing made room: notes may be made again.
-    forms::Event<> BelowMaximum;
     // The box for a new note's title is to have the focus.
     forms::Event<> FocusNoteTitle;
     // Asks for the help file (help command 9) and for the About box.

@@ -17,7 +17,8 @@
 #include "info/frmAbout.h"
 #include "info/frmTip.h"
 #include "notes/CreateNote.h"
-#include "notes/NotesArray.h"
+#include "notes/EditedNote.h"
+#include "notes/NoteStore.h"
 #include "notes/RestoreNotes.h"
 #include "notes/TitleRules.h"
 #include "notes/frmDisplayNote.h"
@@ -53,13 +54,8 @@ void frmMain::Form_Initialize() {
 
 void frmMain::ConnectEvents() {
     auto& events = StandardCode::Events();
-    events.NotesArrayLoaded.Subscribe([this] {
-        if (Shared().NoteCount < StandardCode::maximumNotes) {
-            EnableNoteCreation(true);
-        }
-    });
-    events.MaximumReached.Subscribe([this] { EnableNoteCreation(false); });
-    events.BelowMaximum.Subscribe([this] { EnableNoteCreation(true); });
+    events.NotesArrayLoaded.Subscribe(
+        [this] { EnableNoteCreation(Shared().NoteCount < StandardCode::maximumNotes); });
     events.FocusNoteTitle.Subscribe([this] {
         if (!IsVisible()) {
             mnuShow_Click();
@@ -123,6 +119,7 @@ void frmMain::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
     if (auto* note = forms::LoadedDefault<frmNote>()) {
         note->Unload();
     }
+    const NoteStore::Quiet quiet(StandardCode::Notes());
     // Closing a note loads the control panel anew, so the list grows while it is worked off.
     std::vector<Form*> refused;
     for (;;) {
@@ -143,10 +140,11 @@ void frmMain::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
     }
     // A note that could not be saved keeps its window, and the program with it, unless its text is
     // safe until the next start: leaving now would lose it.
-    const bool losesText = std::any_of(refused.begin(), refused.end(), [](Form* form) {
-        auto* note = dynamic_cast<frmNote*>(form);
-        return note == nullptr || !note->KeepForNextStart();
-    });
+    const auto& open = StandardCode::Notes().OpenNotes();
+    const bool losesText = refused.size() > open.size() ||
+                           !std::all_of(open.begin(), open.end(), [](EditedNote* note) {
+                               return note->Editor().SaveBeforeTheEnd();
+                           });
     if (losesText && !runtime.IsSessionEnding()) {
         cancel = true;
         forms::Machine().tray->Add(TrayIconRecord);
@@ -158,7 +156,6 @@ void frmMain::Form_Unload(bool& /*cancel*/) {
         windowState = forms::WindowState::Maximized;
     }
     forms::Machine().tray->Delete(TrayIconRecord);
-    Shared().NoteTitles.clear();
     forms::Runtime::Current().End();
 }
 
@@ -171,7 +168,8 @@ void frmMain::cmdMakeNote_Click() {
             EnableNoteCreation(false);
         }
         const std::string title = txtNoteTitle.text;
-        const TitleRules::Verdict verdict = TitleRules::Check(title, Shared().NotesArray);
+        const TitleRules::Verdict verdict =
+            TitleRules::Check(title, StandardCode::Notes().IsTaken(title));
         if (!verdict.IsAccepted()) {
             if (verdict.HasMessage()) {
                 StandardCode::PictureMessageBox(verdict.text, verdict.caption, verdict.picture);

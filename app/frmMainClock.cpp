@@ -4,6 +4,7 @@
 #include "app/StandardCode.h"
 #include "app/frmMain.h"
 #include "forms/MsgBox.h"
+#include "notes/NoteStore.h"
 #include "notes/frmDisplayNote.h"
 #include "notes/frmNote.h"
 
@@ -32,7 +33,7 @@ int frmMain::CheckNoteAlarms(forms::DateTime now) {
         }
         // An open editor rings its own alarm.
         if (DueRules::IsSavedNoteDue(notes[slot], now) &&
-            !StandardCode::IsNoteOpen(notes[slot].Title)) {
+            StandardCode::Notes().FindOpen(StandardCode::Notes().OfSlot(slot).file) == nullptr) {
             StandardCode::DisplayNote(slot);
             ++dueCount;
         }

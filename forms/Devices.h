@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -29,11 +30,28 @@ struct FileEntry {
     std::string name;  // without folder
     std::uint64_t size = 0;
     std::int64_t changed = 0;  // time of last change in the file system's own units
+
+    bool operator==(const FileEntry&) const = default;
 };
 
-// Failures are RuntimeErrors: 52 bad name, 53 no such file, 61 disk full, 70 permission denied or
-// sharing violation, 75 path/file access error (read-only, a folder where a file is wanted), 76 no
-// such path, 57 anything else that the device reports.
+// A file that this program keeps from all others. Destroying the lock removes the file.
+class FileLock {
+  public:
+    virtual ~FileLock() = default;
+};
+
+// Whether a call returns before its bytes are on the medium. A file that is only cached survives
+// the end of the program, but not that of the machine.
+enum class Durability { Flushed, Cached };
+
+struct WriteOptions {
+    bool mustBeNew = false;  // RuntimeError 58 if the file is there
+    Durability durability = Durability::Flushed;
+};
+
+// Failures are RuntimeErrors: 52 bad name, 53 no such file, 58 file is there already, 61 disk full,
+// 70 permission denied or sharing violation, 75 path/file access error (read-only, a folder where a
+// file is wanted), 76 no such path, 57 anything else that the device reports.
 class FileSystem {
   public:
     virtual ~FileSystem() = default;
@@ -47,14 +65,23 @@ class FileSystem {
     // where there is no such file.
     virtual std::string NameOnDisk(const std::string& path) = 0;
     virtual std::string Read(const std::string& path) = 0;
-    // Creates or truncates, writes all bytes and flushes them to the medium.
-    virtual void WriteThrough(const std::string& path, const std::string& bytes) = 0;
+    // Creates or truncates the file and writes all bytes.
+    virtual void Write(const std::string& path, const std::string& bytes, WriteOptions options) = 0;
+    void Write(const std::string& path, const std::string& bytes) { Write(path, bytes, {}); }
     // Renames over an existing file in one step of the file system.
-    virtual void Replace(const std::string& from, const std::string& to) = 0;
+    virtual void Replace(const std::string& from, const std::string& to, Durability durability) = 0;
+    void Replace(const std::string& from, const std::string& to) {
+        Replace(from, to, Durability::Flushed);
+    }
     virtual void Delete(const std::string& path) = 0;
-    // To the Recycle Bin where there is one, else deletes.
-    virtual void Recycle(const std::string& path) = 0;
+    // Moves the file to the Recycle Bin. False, and the file stays, if there is no Recycle Bin for
+    // it.
+    virtual bool Recycle(const std::string& path) = 0;
     virtual void Copy(const std::string& from, const std::string& to) = 0;
+    // Locks the file, which is made if it is missing; the folder must be there. Null if another
+    // program holds the lock, or if the file system has no locks. Any end of the program releases
+    // it.
+    virtual std::unique_ptr<FileLock> Lock(const std::string& path) = 0;
 };
 
 // The per-user settings of this application: text values in sections.
@@ -168,6 +195,10 @@ class System {
     virtual bool PreviousInstance() = 0;
     // The platform version number: lowest byte major, second byte minor.
     virtual std::uint32_t Version() = 0;
+    // Letters and digits that no other running program has, on this machine or another.
+    virtual std::string InstanceId() = 0;
+    // Returns after this time. No handler runs meanwhile.
+    virtual void Pause(int milliseconds) = 0;
 };
 
 // All doors together; not owned. Every pointer is set before the runtime starts.

@@ -56,6 +56,9 @@ void Runtime::Dispatch(Form* form, const std::function<void()>& handler) {
         return;
     }
     const std::shared_ptr<Form> pin = form != nullptr ? form->shared_from_this() : nullptr;
+    if (busyCount == 0) {
+        action = {++actions, true};
+    }
     ++depth;
     ++busyCount;
     try {
@@ -131,7 +134,9 @@ void Runtime::Wait(const std::function<void()>& pump) {
     ArmNow();
     const int outer = std::exchange(depth, 0);
     const int outerBusy = std::exchange(busyCount, 0);
+    const Action outerAction = action;
     pump();
+    action = outerAction;
     depth = outer;
     busyCount = outerBusy;
     timers.ForgetClock();
@@ -188,6 +193,9 @@ void Runtime::ActivateNext(const Form& leaving) {
 
 void Runtime::RunDueTimers() {
     armedFor.reset();
+    if (busyCount == 0) {
+        action = {++actions, false};
+    }
     ++busyCount;
     timers.RunDue();
     --busyCount;

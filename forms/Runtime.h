@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -41,6 +42,13 @@ class Runtime {
     // The session of the system's user is ending: forms save and ask nothing.
     bool IsSessionEnding() const { return sessionEnding; }
     void MarkSessionEnding() { sessionEnding = true; }
+
+    // A gesture or a round of ticks, with all that its handlers do. Numbers are never used again.
+    struct Action {
+        std::uint64_t number = 0;
+        bool isUsers = false;  // a gesture, not a round of ticks
+    };
+    Action CurrentAction() const { return action; }
 
     // Called when the program ends because of an error that nobody trapped, before the forms go.
     // What it throws is ignored.
@@ -94,8 +102,10 @@ class Runtime {
     std::unordered_map<std::type_index, std::shared_ptr<Form>> defaults;
     std::weak_ptr<Form> activeForm;
     std::optional<std::int64_t> armedFor;
-    int depth = 0;      // handlers on the stack since the last wait
-    int busyCount = 0;  // handlers and rounds of ticks on the stack since the last wait
+    Action action;
+    std::uint64_t actions = 0;  // so far
+    int depth = 0;              // handlers on the stack since the last wait
+    int busyCount = 0;          // handlers and rounds of ticks on the stack since the last wait
     bool ended = false;
     bool failing = false;  // reporting an error that nobody trapped
     bool sessionEnding = false;

@@ -20,6 +20,8 @@ std::string DescriptionOf(ErrorNumber number) {
             return "File not found";
         case ErrorNumber::DeviceIoError:
             return "Device I/O error";
+        case ErrorNumber::FileAlreadyExists:
+            return "File already exists";
         case ErrorNumber::DiskFull:
             return "Disk full";
         case ErrorNumber::InputPastEndOfFile:

@@ -15,6 +15,7 @@ enum class ErrorNumber {
     TypeMismatch = 13,
     FileNotFound = 53,
     DeviceIoError = 57,
+    FileAlreadyExists = 58,
     DiskFull = 61,
     InputPastEndOfFile = 62,
     BadFileName = 52,

@@ -6,7 +6,8 @@
 #include "forms/headless/HeadlessDevices.h"
 #include "forms/headless/HeadlessLocale.h"
 #include "forms/headless/MemoryFiles.h"
-#include "notes/Recovery.h"
+#include "forms/headless/VirtualClock.h"
+#include "notes/RecoveryCopy.h"
 
 namespace {
 
@@ -22,27 +23,35 @@ bool CanBeShown(const std::string& text) {
 
 }  // namespace
 
-// Any bytes are a copy or are passed over; what was brought back can be kept again.
+// Any bytes are a copy or are passed over; a note that was brought back can be kept again.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static forms::headless::VirtualClock clock;
     static forms::headless::HeadlessLocale locale;
     static forms::headless::RecordedSystem system;
     forms::headless::MemoryFiles files;
     files.PutFile("C:\\Jotwright\\Notes\\~note.recovery", std::string(data, data + size));
+    forms::Machine().clock = &clock;
     forms::Machine().locale = &locale;
     forms::Machine().system = &system;
     forms::Machine().files = &files;
 
-    for (const RecoveredText& found : Recovery::Find()) {
-        Check(CanBeShown(found.title) && CanBeShown(found.text));
+    StandardCode::Reset();
+    for (const RecoveredNote& found : RecoveryCopy::Find()) {
+        const StandardCode::NoteRecord& record = found.record;
+        Check(CanBeShown(found.file) && CanBeShown(record.Title) && CanBeShown(record.Text));
+        RecoveredNote changed = found;
+        changed.record.Text += " and more";
         {
             RecoveryCopy copy;
             copy.Adopt(found);
-            copy.Keep(found.title, found.text + " and more");
+            copy.Keep(changed, RecoveryCopy::When::Now);
             Check(copy.IsWritten());
         }
-        const std::vector<RecoveredText> again = Recovery::Find();
-        Check(again.size() == 1 && again[0].title == found.title &&
-              again[0].text == found.text + " and more");
+        const auto again = RecoveryCopy::Find();
+        Check(again.size() == 1 && again[0].isWhole && again[0].file == found.file &&
+              again[0].base == found.base && again[0].record.Title == record.Title &&
+              again[0].record.Text == changed.record.Text);
     }
+    StandardCode::Reset();
     return 0;
 }

@@ -7,7 +7,7 @@
 #include "forms/headless/HeadlessDevices.h"
 #include "forms/headless/HeadlessLocale.h"
 #include "forms/headless/MemoryFiles.h"
-#include "notes/NotesArray.h"
+#include "notes/NoteStore.h"
 #include "notes/TitleRules.h"
 
 namespace {
@@ -26,7 +26,7 @@ bool Save(const std::string& title) {
     record.Title = title;
     record.AlarmDate = forms::DateTime::FromDate(2004, 5, 14);
     try {
-        StandardCode::SaveNoteFile(StandardCode::NotePath(title), record);
+        StandardCode::Notes().Write(NoteStore::FileNameFor(title), record);
         return true;
     } catch (const forms::RuntimeError&) {
         return false;
@@ -47,21 +47,23 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     forms::Machine().files = &files;
 
     const std::string title = forms::ToValidUtf8(std::string(data, data + size));
-    StandardCode::NotesTable notes;
-    const TitleRules::Verdict verdict = TitleRules::Check(title, notes);
+    StandardCode::Reset();
+    const TitleRules::Verdict verdict = TitleRules::Check(title, false);
     Check(verdict.rule >= 0 && verdict.rule <= 10);
     Check(verdict.HasMessage() == (verdict.rule != 0 && verdict.rule != 3));
     if (!verdict.IsAccepted()) {
         return 0;
     }
-    notes[1].Title = title;
-    Check(TitleRules::Check(title, notes).rule == 11);
+    Check(!StandardCode::Notes().IsTaken(title));
+    Check(TitleRules::Check(title, true).rule == 11);
     if (Save(title)) {
         Check(files.Names(folder) == std::vector{title + ".txt"});
-        Check(NoteFile::Read(StandardCode::NotePath(title)).Title == title);
+        Check(NoteStore::Read(NoteStore::FileNameFor(title)).record.Title == title);
+        Check(StandardCode::Notes().IsTaken(title));
     } else {
         Check(files.Names(folder).empty());
     }
+    StandardCode::Reset();
     Check(files.Names("C:\\Jotwright").empty() && files.Names("C:").empty());
     return 0;
 }

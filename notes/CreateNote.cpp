@@ -1,7 +1,7 @@
 #include "notes/CreateNote.h"
 
 #include "app/Settings.h"
-#include "forms/Runtime.h"
+#include "notes/OpenEditor.h"
 
 namespace StandardCode {
 
@@ -32,11 +32,10 @@ std::shared_ptr<frmNote> CreateNote(const std::string& title) {
         Settings::ReadInteger(Settings::Options::section, Settings::Options::defaultColor, 0);
     const int fontSize = Settings::ReadInteger(Settings::Options::section,
                                                Settings::Options::defaultFontSize, missingFontSize);
-    auto note = forms::New<frmNote>();
-    note->Load();
-    note->SetTitle(title);
+    const auto note = OpenNewEditor(title);
     ApplyDefaultColor(*note, color);
     ApplyDefaultFontSize(*note, fontSize);
+    note->MarkSaved();
     note->Show();
     note->txtNote.SetFocus();
     return note;

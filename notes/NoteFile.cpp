@@ -1,42 +1,140 @@
 #include "notes/NoteFile.h"
 
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+
 #include "app/RecordText.h"
-#include "forms/Devices.h"
+#include "forms/RuntimeError.h"
 #include "forms/Text.h"
 
 namespace NoteFile {
 
 using RecordText::Quoted;
 
-std::string Encode(const StandardCode::NoteRecord& record, TimeField timeField) {
+namespace {
+
+// The fields behind the note's text: date, time, colour, font size, alarm state, audio, trailer.
+constexpr std::size_t fieldsBehindText = 7;
+
+bool IsDate(std::string_view field) {
+    if (field.size() < 2 || field.front() != '#' || field.back() != '#') {
+        return false;
+    }
+    try {
+        RecordText::Reader(std::string(field)).Date();
+        return true;
+    } catch (const forms::RuntimeError&) {
+        return false;
+    }
+}
+
+bool IsText(std::string_view field) {
+    return field.size() >= 2 && field.front() == '"' && field.find('"', 1) == field.size() - 1;
+}
+
+bool IsTime(std::string_view field) {
+    return IsDate(field) || (IsText(field) && IsDate(field.substr(1, field.size() - 2)));
+}
+
+bool IsInteger(std::string_view field) {
+    if (field.starts_with('-')) {
+        field.remove_prefix(1);
+    }
+    return !field.empty() && field.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// Where the fields behind the note's text begin, if they end the file; else nothing.
+std::optional<std::size_t> FindFieldsBehindText(std::string_view text) {
+    constexpr std::array<bool (*)(std::string_view), fieldsBehindText> isRight{
+        IsDate, IsTime, IsInteger, IsInteger, IsText, IsInteger, IsText};
+    std::size_t end = text.find_last_not_of("\r\n \t") + 1;
+    for (std::size_t field = fieldsBehindText; field-- > 0;) {
+        const std::size_t comma = end == 0 ? std::string_view::npos : text.rfind(',', end - 1);
+        if (comma == std::string_view::npos ||
+            !isRight[field](text.substr(comma + 1, end - comma - 1))) {
+            return std::nullopt;
+        }
+        end = comma;
+    }
+    return end + 1;
+}
+
+// The places of title and text in a file that ends in the right fields.
+struct Places {
+    std::size_t titleEnd;  // the quote
+    std::size_t textEnd;   // the quote
+    std::size_t rest;
+};
+
+std::optional<Places> FindPlaces(std::string_view text) {
+    constexpr std::string_view betweenTitleAndText = "\",\"";
+    const auto rest = FindFieldsBehindText(text);
+    if (!rest || !text.starts_with('"')) {
+        return std::nullopt;
+    }
+    const std::size_t titleEnd = text.find('"', 1);
+    const std::size_t textEnd = *rest - 2;  // before the comma
+    const bool isWhole = titleEnd != std::string_view::npos &&
+                         text.substr(titleEnd).starts_with(betweenTitleAndText) &&
+                         titleEnd + betweenTitleAndText.size() <= textEnd && text[textEnd] == '"';
+    return isWhole ? std::optional(Places{titleEnd, textEnd, *rest}) : std::nullopt;
+}
+
+}  // namespace
+
+std::string Compose(const StandardCode::NoteRecord& record, TimeField timeField) {
     const std::string time = timeField == TimeField::Time
                                  ? '#' + forms::FormatTime24(record.AlarmTime) + '#'
                                  : Quoted("#12:00#");
-    return RecordText::ToBytes(Quoted(record.Title) + ',' + Quoted(record.Text) + ",#" +
-                               forms::FormatIsoDate(record.AlarmDate) + "#," + time + ',' +
-                               std::to_string(record.ColorIndex) + ',' +
-                               std::to_string(record.FontSize) + ',' + Quoted(record.AlarmState) +
-                               ',' + std::to_string(record.AudioAlarm) + ",\"yes\"" +
-                               forms::lineBreak);
+    return Quoted(record.Title) + ',' + Quoted(record.Text) + ",#" +
+           forms::FormatIsoDate(record.AlarmDate) + "#," + time + ',' +
+           std::to_string(record.ColorIndex) + ',' + std::to_string(record.FontSize) + ',' +
+           Quoted(record.AlarmState) + ',' + std::to_string(record.AudioAlarm) + ",\"yes\"" +
+           forms::lineBreak;
 }
 
-void Decode(const std::string& bytes, StandardCode::NoteRecord& record) {
-    RecordText::Reader reader(RecordText::FromBytes(bytes));
-    record.Title = reader.Text();
-    record.Text = reader.Text();
-    record.AlarmDate = reader.Date();
-    record.AlarmTime = reader.Date();
-    record.ColorIndex = reader.Integer();
-    record.FontSize = reader.Integer();
+std::string Encode(const StandardCode::NoteRecord& record, TimeField timeField) {
+    return RecordText::ToBytes(Compose(record, timeField));
+}
+
+void Parse(const std::string& text, StandardCode::NoteRecord& record) {
+    RecordText::Reader reader(text);
+    if (const auto places = FindPlaces(text)) {
+        const std::size_t textStart = places->titleEnd + 3;
+        record.Title = text.substr(1, places->titleEnd - 1);
+        record.Text = text.substr(textStart, places->textEnd - textStart);
+        reader = RecordText::Reader(text.substr(places->rest));
+    } else {
+        record.Title = reader.Text();
+        record.Text = reader.Text();
+    }
+    record.AlarmDate = reader.DateOrZero();
+    record.AlarmTime = reader.DateOrZero();
+    record.ColorIndex = reader.IntegerOrZero();
+    record.FontSize = reader.IntegerOrZero();
     record.AlarmState = reader.Text();
-    record.AudioAlarm = reader.Integer();
+    record.AudioAlarm = reader.IntegerOrZero();
     record.Trailer = reader.Text();
 }
 
-StandardCode::NoteRecord Read(const std::string& path) {
-    StandardCode::NoteRecord record;
-    Decode(forms::Machine().files->Read(path), record);
-    return record;
+void Decode(const std::string& bytes, StandardCode::NoteRecord& record) {
+    Parse(RecordText::FromBytes(bytes), record);
+}
+
+bool IsWhole(const std::string& bytes) {
+    return bytes.ends_with(forms::lineBreak) &&
+           FindPlaces(RecordText::FromBytes(bytes)).has_value();
+}
+
+std::uint64_t Fingerprint(const std::string& bytes) {
+    // The 64-bit FNV-1a hash.
+    std::uint64_t hash = 0xcbf29ce484222325U;
+    for (const char byte : bytes) {
+        hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3U;
+    }
+    return hash;
 }
 
 }  // namespace NoteFile

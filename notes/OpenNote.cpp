@@ -1,17 +1,12 @@
 #include "notes/OpenNote.h"
 
-#include "forms/Runtime.h"
-#include "notes/RestoreNotes.h"
+#include "notes/EditedNote.h"
+#include "notes/NoteStore.h"
+#include "notes/OpenEditor.h"
 
 namespace StandardCode {
 
 namespace {
-
-// A loaded form is kept alive by the runtime, and must not outlive it here.
-std::weak_ptr<frmNote>& CurrentNoteReference() {
-    static std::weak_ptr<frmNote> reference;
-    return reference;
-}
 
 void EnableAsShown(frmNote& note) {
     note.mnuHide.enabled = true;
@@ -29,27 +24,25 @@ void BringUp(frmNote& note) {
 
 void OpenNote(int slot) {
     // A copy: loading an editor closes the control panel, which may rebuild the array.
-    const NoteRecord record = Shared().NotesArray[slot];
-    // Of two editors of one note, the one that is closed last would write its old text over what
-    // was saved in the other.
-    if (const auto open = FindOpenNote(record.Title)) {
-        CurrentNoteReference() = open;
-        BringUp(*open);
+    const StoredNote note = Notes().OfSlot(slot);
+    // Of two editors of one file, the one that is closed last would write its old text over the
+    // text that was saved in the other.
+    if (const EditedNote* open = Notes().FindOpen(note.file)) {
+        forms::Form& window = open->Editor().Window();
+        Shared().CurrentNote = window.weak_from_this();
+        BringUp(static_cast<frmNote&>(window));
         return;
     }
-    auto note = forms::New<frmNote>();
-    CurrentNoteReference() = note;
-    note->Load();
-    FillNote(*note, record);
-    if (record.AlarmState == "1") {
-        note->PresentAlarm();
+    const auto editor = OpenEditor(note);
+    Shared().CurrentNote = editor;
+    if (note.record.AlarmState == "1") {
         Shared().NotesArray[slot].AlarmState = "1";
     }
-    EnableAsShown(*note);
+    EnableAsShown(*editor);
 }
 
 std::shared_ptr<frmNote> CurrentNote() {
-    auto note = CurrentNoteReference().lock();
+    auto note = std::static_pointer_cast<frmNote>(Shared().CurrentNote.lock());
     return note && note->IsLoaded() ? note : nullptr;
 }
 

@@ -1,83 +1,127 @@
 #include "notes/RestoreNotes.h"
 
-#include "app/RecordText.h"
+#include <algorithm>
+#include <functional>
+#include <set>
+
 #include "forms/Environment.h"
 #include "forms/MsgBox.h"
-#include "forms/Runtime.h"
-#include "notes/NoteFile.h"
-#include "notes/NotesArray.h"
+#include "forms/RuntimeError.h"
+#include "notes/EditedNote.h"
+#include "notes/NoteStore.h"
+#include "notes/OpenEditor.h"
+#include "notes/RecoveryCopy.h"
 
 namespace StandardCode {
 
 namespace {
 
-// Stronger than the shades of a new note, and gray comes back yellow.
-constexpr std::array<NoteColor, 5> restoredColors{{
-    {{255, 255, 255}, forms::black},
-    {{255, 0, 0}, forms::white},
-    {{0, 255, 0}, forms::black},
-    {{0, 0, 255}, forms::white},
-    {{255, 255, 0}, forms::black},
-}};
-
-// Before the editor holds its note: one that fails half way would save the note without the alarm.
-void RequireAlarmIcon(frmNote& note) {
-    try {
-        forms::LoadPicture(forms::ApplicationPath("\\alarmon.ico"));
-    } catch (const forms::RuntimeError&) {
-        note.Unload();
-        throw;
-    }
-}
-
-std::shared_ptr<frmNote> RestoreNote(const NoteRecord& record) {
-    auto note = forms::New<frmNote>();
-    note->Load();
-    FillNote(*note, record);
-    if (record.AlarmState == "1") {
-        note->PresentAlarm();
-    }
-    Shared().AlarmFlag = record.AlarmState == "1" ? "1" : "0";
-    return note;
-}
-
-// An editor that was open when the program was killed may not have been restored: its note may be
-// new, or an earlier file may have ended the restoring.
-std::shared_ptr<frmNote> EditorFor(const std::string& title) {
-    if (auto open = FindOpenNote(title); open && !open->IsRecovered()) {
-        return open;
-    }
-    try {
-        if (!FindOpenNote(title) && forms::Machine().files->FileExists(NotePath(title))) {
-            // Another note's, where titles differ in capitals only.
-            if (const NoteRecord record = NoteFile::Read(NotePath(title)); record.Title == title) {
-                return RestoreNote(record);
-            }
-        }
-    } catch (const forms::RuntimeError&) {
-        // The file cannot be read; what was typed into its editor can.
-    }
-    auto note = forms::New<frmNote>();
-    note->Load();
-    note->SetTitle(title);
-    note->Show();
-    return note;
+std::shared_ptr<frmNote> RestoreNote(const StoredNote& note) {
+    auto editor = OpenEditor(note);
+    Shared().AlarmFlag = note.record.AlarmState == "1" ? "1" : "0";
+    return editor;
 }
 
 void RestoreFiles() {
-    for (const auto& file : forms::Machine().files->List(NotesFolder(), ".txt")) {
-        const auto note = RestoreNote(ReadListedNote(file));
-        note->windowState = forms::WindowState::Minimized;
+    for (const forms::FileEntry& file : NoteStore::List()) {
+        RestoreNote(Notes().Read(file))->windowState = forms::WindowState::Minimized;
     }
 }
 
-void BringBackUnsaved() {
-    for (const RecoveredText& recovered : Recovery::Find()) {
-        EditorFor(recovered.title)->TakeRecovered(recovered);
+// Puts the unsaved notes of a killed program into editors: into that of its note if the file is as
+// the killed program knew it, else into the editor of a note of its own beside the saved one.
+class UnsavedNotes {
+  public:
+    void BringBack(const RecoveredNote& recovered) {
+        frmNote* editor = recovered.file.empty() ? NewEditor(recovered) : EditorOf(recovered);
+        if (editor == nullptr) {
+            editor = EditorBeside(recovered);
+        }
+        editor->TakeRecovered(Titled(recovered, editor->caption));
+        filled.insert(editor);
     }
-}
 
-void ReportLoadErrors(void (*loading)()) {
+  private:
+    // The note was never saved. Its file's name may be another note's, as it was before.
+    static frmNote* NewEditor(const RecoveredNote& recovered) {
+        const std::string file = NoteStore::FileNameFor(recovered.record.Title);
+        return IsAsKnown(recovered, file) ? Shown(OpenNewEditor(recovered.record.Title))
+                                          : EditorOfEqualFile(recovered, file);
+    }
+
+    frmNote* EditorOf(const RecoveredNote& recovered) const {
+        if (!NoteStore::Exists(recovered.file)) {
+            const std::string& title = recovered.record.Title;
+            const bool isFree = !NoteStore::Exists(NoteStore::FileNameFor(title));
+            return isFree ? Shown(OpenNewEditor(title)) : nullptr;
+        }
+        if (!IsAsKnown(recovered, recovered.file)) {
+            return EditorOfEqualFile(recovered, recovered.file);
+        }
+        if (const EditedNote* open = Notes().FindOpen(recovered.file)) {
+            frmNote& editor = EditorIn(*open);
+            return filled.contains(&editor) ? nullptr : &editor;
+        }
+        return OpenFile(recovered.file);  // an earlier file has ended the restoring
+    }
+
+    // Whether the file holds what it held when the copy was made, so that no saved text is in
+    // danger.
+    static bool IsAsKnown(const RecoveredNote& recovered, const std::string& file) {
+        return !NoteStore::Exists(file) ||
+               (recovered.isWhole && NoteStore::FingerprintOf(file) == recovered.base);
+    }
+
+    static frmNote& EditorIn(const EditedNote& note) {
+        return static_cast<frmNote&>(note.Editor().Window());
+    }
+
+    // The editor of the file if that says what the copy says: the note was saved after all, and the
+    // copy could not be removed.
+    static frmNote* EditorOfEqualFile(const RecoveredNote& recovered, const std::string& file) {
+        const EditedNote* open = Notes().FindOpen(file);
+        const bool isEqual = open != nullptr && open->SavedRecord() == recovered.record;
+        return isEqual ? &EditorIn(*open) : nullptr;
+    }
+
+    static frmNote* OpenFile(const std::string& file) {
+        try {
+            return RestoreNote(NoteStore::Read(file)).get();
+        } catch (const forms::RuntimeError&) {
+            return nullptr;  // the file cannot be read; the unsaved note can
+        }
+    }
+
+    static frmNote* EditorBeside(const RecoveredNote& recovered) {
+        const std::string& title = recovered.record.Title;
+        std::string free = title + " (recovered)";
+        for (int i = 2; IsInUse(free); ++i) {
+            free = title + " (recovered " + std::to_string(i) + ')';
+        }
+        return Shown(OpenNewEditor(free));
+    }
+
+    static bool IsInUse(const std::string& title) {
+        const auto titles = NoteTitles();
+        return Notes().IsTaken(title) || NoteStore::Exists(NoteStore::FileNameFor(title)) ||
+               std::find(titles.begin(), titles.end(), title) != titles.end();
+    }
+
+    static frmNote* Shown(const std::shared_ptr<frmNote>& editor) {
+        editor->MarkSaved();
+        editor->Show();
+        return editor.get();
+    }
+
+    static RecoveredNote Titled(RecoveredNote recovered, const std::string& title) {
+        recovered.record.Title = title;
+        return recovered;
+    }
+
+    std::set<const frmNote*> filled;
+};
+
+void ReportLoadErrors(const std::function<void()>& loading) {
     try {
         loading();
     } catch (const forms::RuntimeError& error) {
@@ -85,27 +129,14 @@ void ReportLoadErrors(void (*loading)()) {
     }
 }
 
-}  // namespace
-
-void FillNote(frmNote& note, const NoteRecord& record) {
-    if (record.AlarmState == "1") {
-        RequireAlarmIcon(note);
-    }
-    note.SetTitle(record.Title);
-    const std::string text = RecordText::WithLineBreaks(record.Text);
-    note.txtNote.text = text;
-    note.MarkSaved(text);
-    note.dtDate.value = record.AlarmDate;
-    note.dtTime.value = record.AlarmTime;
-    const bool isKnown = record.ColorIndex >= 1 && record.ColorIndex <= 5;
-    const std::size_t colorIndex = isKnown ? static_cast<std::size_t>(record.ColorIndex) : 5;
-    note.ApplyColor(restoredColors[colorIndex - 1], colorIndex);
-    note.ApplyFontSize(record.FontSize);
-    note.Show();
-    if (record.AudioAlarm == 1) {
-        note.chkAudioAlarm.value = 1;
+void BringBackUnsaved() {
+    UnsavedNotes unsaved;
+    for (const RecoveredNote& recovered : RecoveryCopy::Find()) {
+        ReportLoadErrors([&] { unsaved.BringBack(recovered); });
     }
 }
+
+}  // namespace
 
 void ReadNotes() {
     forms::SetMousePointer(forms::MousePointer::Hourglass);

@@ -26,18 +26,9 @@ constexpr std::array<ForbiddenCharacter, 7> forbiddenCharacters{{
     {'"', 10, "error.gif", "Note Title Error", "Note titles can't contain a double quote."},
 }};
 
-bool IsTaken(const std::string& title, const StandardCode::NotesTable& notes) {
-    for (int slot = 1; slot <= StandardCode::maximumNotes; ++slot) {
-        if (notes[slot].Title == title) {
-            return true;
-        }
-    }
-    return false;
-}
-
 }  // namespace
 
-Verdict Check(const std::string& title, const StandardCode::NotesTable& notes) {
+Verdict Check(const std::string& title, bool isTaken) {
     if (forms::IsNumeric(title)) {
         return {1, "letters.gif", " Note Title Error",
                 "Note titles can't contain numeric characters only.\r\n"
@@ -56,7 +47,7 @@ Verdict Check(const std::string& title, const StandardCode::NotesTable& notes) {
             return {forbidden.rule, forbidden.picture, forbidden.caption, forbidden.text, true};
         }
     }
-    if (IsTaken(title, notes)) {
+    if (isTaken) {
         return {11, "error.gif", "Name Already Exists",
                 "A note with this title already exits.\r\n\r\n"
                 "Please choose another title for your new note.",

@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include "app/StandardCode.h"
-
 namespace TitleRules {
 
 struct Verdict {
@@ -17,7 +15,8 @@ struct Verdict {
     bool HasMessage() const { return !picture.empty(); }
 };
 
-// What becomes of a new note's title, given the notes that are saved.
-Verdict Check(const std::string& title, const StandardCode::NotesTable& notes);
+// The first rule that a new note's title breaks. isTaken: a saved note has it, see
+// NoteStore::IsTaken().
+Verdict Check(const std::string& title, bool isTaken);
 
 }  // namespace TitleRules

@@ -11,8 +11,6 @@
 #include "forms/Runtime.h"
 #include "forms/Text.h"
 #include "notes/NotePrinting.h"
-#include "notes/NotesArray.h"
-#include "notes/frmNote.h"
 
 using StandardCode::Shared;
 
@@ -123,9 +121,7 @@ void frmDisplayNote::ShowPopupOn(int button) {
 
 void frmDisplayNote::Form_Unload(bool& cancel) {
     Shared().Answer = 0;
-    const bool holdsNote = forms::LoadedDefault<frmDisplayNote>() != this;
-    if (!holdsNote ||
-        !forms::Machine().files->FileExists(StandardCode::NotePath(forms::Trim(caption())))) {
+    if (!NoteStore::Exists(file)) {
         return;
     }
     if (!forms::Runtime::Current().IsSessionEnding() && IsToBeErased()) {
@@ -154,24 +150,23 @@ bool frmDisplayNote::IsToBeErased() {
 
 void frmDisplayNote::EraseNote() {
     StandardCode::ReportWriteErrors([this] {
-        const std::string path = StandardCode::NotePath(forms::Trim(caption()));
         // It may have gone while the question was open.
-        if (forms::Machine().files->FileExists(path)) {
-            forms::Machine().files->Recycle(path);
+        if (NoteStore::Exists(file)) {
+            StandardCode::Notes().Erase(file);
         }
-        StandardCode::NoteFileHolds(forms::Trim(caption()), "");
     });
 }
 
-void frmDisplayNote::ShowNote(const StandardCode::NoteRecord& note) {
-    shown = note;
-    shownText = RecordText::WithLineBreaks(note.Text);
+void frmDisplayNote::ShowNote(const StoredNote& note) {
+    file = note.file;
+    shown = note.record;
+    shownText = RecordText::WithLineBreaks(shown.Text);
     lblNoteText.text = shownText;
 }
 
 std::optional<StandardCode::NoteRecord> frmDisplayNote::SavedMeanwhile() const {
     try {
-        StandardCode::NoteRecord saved = NoteFile::Read(StandardCode::NotePath(caption));
+        StandardCode::NoteRecord saved = NoteStore::Read(file).record;
         return saved == shown ? std::nullopt : std::optional(std::move(saved));
     } catch (const forms::RuntimeError&) {
         return std::nullopt;  // the writing finds out what is wrong
@@ -187,14 +182,7 @@ bool frmDisplayNote::KeepSaved(StandardCode::NoteRecord note) {
 
 bool frmDisplayNote::KeepNote() {
     const auto saved = SavedMeanwhile();
-    if (!(saved ? KeepSaved(*saved) : ReWriteNote())) {
-        return false;
-    }
-    // The note is now in the file that has the whole caption as its name.
-    if (forms::Trim(caption()) != caption()) {
-        EraseNote();
-    }
-    return true;
+    return saved ? KeepSaved(*saved) : ReWriteNote();
 }
 
 bool frmDisplayNote::ReWriteNote() {
@@ -215,8 +203,7 @@ bool frmDisplayNote::WriteSilenced(StandardCode::NoteRecord& note) {
 bool frmDisplayNote::Write(StandardCode::NoteRecord& note, NoteFile::TimeField timeField) {
     return StandardCode::ReportWriteErrors([&] {
         note.Title = forms::Trim(caption());
-        StandardCode::SaveNoteFile(StandardCode::NotePath(caption), note, timeField);
-        StandardCode::NoteFileHolds(caption, note.Text);
+        StandardCode::Notes().Write(file, note, timeField);
     });
 }
 
@@ -247,7 +234,8 @@ void frmDisplayNote::mnuClose_Click() { Unload(); }
 namespace StandardCode {
 
 void DisplayNote(int slot) {
-    const NoteRecord note = Shared().NotesArray[slot];
+    const StoredNote stored = Notes().OfSlot(slot);
+    const NoteRecord& note = stored.record;
     const auto display = forms::New<frmDisplayNote>();
     display->caption = note.Title;
     Shared().WindowOnTopFlag =
@@ -255,7 +243,7 @@ void DisplayNote(int slot) {
     if (Shared().WindowOnTopFlag == 1) {
         display->MakeTopMost();
     }
-    display->ShowNote(note);
+    display->ShowNote(stored);
     if (note.ColorIndex >= 1 && note.ColorIndex <= lastColorIndex) {
         const NoteColor& shade = noteColors[static_cast<std::size_t>(note.ColorIndex - 1)];
         display->backColor = shade.back;

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "forms/Form.h"
-#include "notes/NoteFile.h"
+#include "notes/NoteStore.h"
 
 // Shows a saved note whose alarm is due. One instance a note; its caption is the note's title.
 // Closing it asks whether the note is to be erased; a note that is kept has its alarm switched off.
@@ -35,8 +35,10 @@ class frmDisplayNote : public forms::Form {
     void Form_Unload(bool& cancel) override;
     void Form_MouseUp(int button, int x, int y) override;
 
-    // Shows the note's text; what differs from it when the window closes was typed here.
-    void ShowNote(const StandardCode::NoteRecord& note);
+    // Shows the note's text; a text that differs from it when the window closes was typed here.
+    void ShowNote(const StoredNote& note);
+    // Of the note; empty for the default instance.
+    const std::string& File() const { return file; }
     // Writes the note's file from what the window shows, its alarm switched off: the file is
     // replaced in one step. A failure is shown in a box and leaves the file as it was; false then.
     bool ReWriteNote();
@@ -58,6 +60,7 @@ class frmDisplayNote : public forms::Form {
     void mnuErase_Click();
     void mnuClose_Click();
 
+    std::string file;
     StandardCode::NoteRecord shown;
     std::string shownText;
 };

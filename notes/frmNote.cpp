@@ -9,7 +9,7 @@
 #include "forms/Runtime.h"
 #include "forms/Text.h"
 #include "notes/NotePrinting.h"
-#include "notes/NotesArray.h"
+#include "notes/NoteStore.h"
 
 using StandardCode::Events;
 using StandardCode::Shared;
@@ -40,109 +40,131 @@ void frmNote::Form_Load() {
     Events().ControlPanel.Raise(PanelAction::UnloadIfVisible);
 }
 
-void frmNote::Form_Activate() { TextLengthAtActivate = forms::Utf16Length(txtNote.text()); }
+void frmNote::Form_Activate() {
+    // The length that is taken here hides from the closing that the text was changed before.
+    if (edited.IsOpen() && txtNote.text() != edited.SavedRecord().Text) {
+        NoteChanged = true;
+    }
+    TextLengthAtActivate = forms::Utf16Length(txtNote.text());
+}
 
 void frmNote::Form_Resize() { Arrange(); }
 
-void frmNote::SetTitle(const std::string& title) {
+void frmNote::BeginNote(const std::string& title) {
     caption = title;
-    holdsNote = true;
-    Shared().NoteTitles.push_back(title);
+    edited.Begin(title);
 }
 
-void frmNote::ForgetTitle() {
-    if (!holdsNote) {
-        return;
-    }
-    holdsNote = false;
-    auto& titles = Shared().NoteTitles;
-    const auto own = std::find(titles.begin(), titles.end(), caption());
-    if (own != titles.end()) {
-        titles.erase(own);
-    }
+void frmNote::BeginNote(const StoredNote& stored) {
+    caption = stored.record.Title;
+    edited.Begin(stored);
 }
 
 StandardCode::NoteRecord frmNote::Record() {
+    ComputeAlarmValues();
     StandardCode::NoteRecord record;
     record.Title = caption;
     record.Text = txtNote.text;
     record.AlarmDate = alarmValues.AlarmDayLong;
     record.AlarmTime = alarmValues.AlarmTimeOfDay;
-    const auto colors = ColorItems();
-    const auto color = std::find_if(colors.begin(), colors.end(),
-                                    [](const auto* item) { return item->checked(); });
-    record.ColorIndex =
-        static_cast<std::int16_t>(color == colors.end() ? 6 : color - colors.begin() + 1);
-    record.FontSize = mnu10.checked ? 10 : mnu12.checked ? 12 : mnu14.checked ? 14 : 16;
-    record.AlarmState = cmdAlarm.caption() == "&Set Alarm" ? "0" : "1";
-    record.AudioAlarm = chkAudioAlarm.value() == 1 ? 1 : 0;
+    record.ColorIndex = ColorIndex();
+    record.FontSize = FontSize();
+    record.AlarmState = IsAlarmSet() ? "1" : "0";
+    record.AudioAlarm = AudioAlarm();
+    record.Trailer = "yes";
     return record;
 }
 
-void frmNote::SaveFile() {
-    StandardCode::EnsureNotesFolder();
-    ComputeAlarmValues();
-    const StandardCode::NoteRecord record = Record();
-    StandardCode::SaveNoteFile(StandardCode::NotePath(record.Title), record);
-    StandardCode::NoteFileHolds(record.Title, record.Text);
-    recoveryCopy.Remove();
+std::int16_t frmNote::ColorIndex() {
+    const auto colors = ColorItems();
+    const auto color = std::find_if(colors.begin(), colors.end(),
+                                    [](const auto* item) { return item->checked(); });
+    return static_cast<std::int16_t>(color == colors.end() ? 6 : color - colors.begin() + 1);
 }
 
-void frmNote::WriteNote() {
-    saveFailed = !StandardCode::ReportWriteErrors([this] { SaveFile(); });
-    if (saveFailed) {
-        return;
+std::int16_t frmNote::FontSize() {
+    return mnu10.checked ? 10 : mnu12.checked ? 12 : mnu14.checked ? 14 : 16;
+}
+
+// Compares without a copy of the text: a hundred clocks come here each second.
+bool frmNote::IsSaved() {
+    const StandardCode::NoteRecord& saved = edited.SavedRecord();
+    ComputeAlarmValues();
+    return !edited.IsFileOther() && txtNote.text() == saved.Text &&
+           alarmValues.AlarmDayLong == saved.AlarmDate &&
+           alarmValues.AlarmTimeOfDay == saved.AlarmTime && ColorIndex() == saved.ColorIndex &&
+           FontSize() == saved.FontSize && IsAlarmSet() == (saved.AlarmState == "1") &&
+           AudioAlarm() == saved.AudioAlarm;
+}
+
+void frmNote::MarkSaved() { edited.SetSavedRecord(Record()); }
+
+void frmNote::SaveFile() { edited.Save(Record()); }
+
+bool frmNote::WriteNote() {
+    if (!StandardCode::ReportWriteErrors([this] { SaveFile(); })) {
+        return false;
     }
     StandardCode::LoadNotesArray();
-    if (Shared().NoteCount == StandardCode::maximumNotes) {
-        Events().MaximumReached.Raise();
-    }
+    return true;
 }
 
-void frmNote::SaveBeforeTheEnd() {
-    if (!holdsNote || NoteErased) {
-        return;
+bool frmNote::SaveBeforeTheEnd() {
+    if (!edited.IsOpen() || NoteErased) {
+        return true;
     }
     try {
         SaveFile();
+        return true;
     } catch (const forms::RuntimeError&) {
-        // Nobody can be asked any more; the next start brings the text back.
-        keepsRecoveryCopy = true;
-        KeepRecoveryCopy();
+        // Nobody can be asked any more; the next start brings the note back.
+        KeepRecoveryCopy(RecoveryCopy::When::Now);
+        edited.KeepCopyBeyondTheEnd();
+        return IsSaved() || edited.IsCopyWritten();
     }
 }
 
-void frmNote::KeepRecoveryCopy() {
-    if (!holdsNote) {
+void frmNote::KeepRecoveryCopy(RecoveryCopy::When when) {
+    if (!edited.IsOpen()) {
         return;
     }
-    if (txtNote.text() == savedText) {
-        recoveryCopy.Remove();
+    if (IsSaved()) {
+        edited.RemoveCopy();
     } else {
-        recoveryCopy.Keep(caption, txtNote.text);
+        edited.KeepCopy(Record(), when);
     }
 }
 
-bool frmNote::KeepForNextStart() {
-    KeepRecoveryCopy();
-    return txtNote.text() == savedText || recoveryCopy.IsWritten();
-}
-
-void frmNote::TakeRecovered(const RecoveredText& recovered) {
-    recoveryCopy.Adopt(recovered);
-    isRecovered = true;
-    if (txtNote.text() == recovered.text) {
-        recoveryCopy.Remove();
+void frmNote::TakeRecovered(const RecoveredNote& recovered) {
+    edited.Adopt(recovered);
+    const StandardCode::NoteRecord& record = recovered.record;
+    if (record == Record()) {
+        edited.RemoveCopy();
         return;
     }
-    txtNote.text = recovered.text;
+    txtNote.text = record.Text;
+    dtDate.value = record.AlarmDate;
+    dtTime.value = record.AlarmTime;
+    if (record.ColorIndex != ColorIndex() && record.ColorIndex >= 1 && record.ColorIndex <= 6) {
+        const auto index = static_cast<std::size_t>(record.ColorIndex);
+        ApplyColor(StandardCode::noteColors[index - 1], index);
+    }
+    ApplyFontSize(record.FontSize);
+    chkAudioAlarm.value = record.AudioAlarm == 1 ? 1 : 0;
     NoteChanged = true;
     windowState = forms::WindowState::Normal;
     Show();
+    if (IsAlarmSet() && record.AlarmState != "1") {
+        ClearAlarm();
+    } else if (record.AlarmState == "1") {
+        PresentAlarm(AlarmIcon());
+    }
+    // From now on the copy is this program's.
+    KeepRecoveryCopy(RecoveryCopy::When::Now);
 }
 
 void frmNote::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
-    if (!holdsNote) {
+    if (!edited.IsOpen()) {
         return;
     }
     if (mode == forms::UnloadMode::SessionEnd || forms::Runtime::Current().IsSessionEnding()) {
@@ -154,6 +176,18 @@ void frmNote::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
     } else {
         CloseSilently(cancel);
     }
+    if (!cancel) {
+        RecycleUnsaved();
+    }
+}
+
+// Two kinds of edits go without a save and without a question: those of a note that the toolbar was
+// to erase and did not, and those that keep the text's length in a note opened through the panel.
+void frmNote::RecycleUnsaved() {
+    const bool isUnnoticed = NoteErased ? isErasingDeclined : !NoteChanged;
+    if (isUnnoticed && !IsSaved()) {
+        edited.Recycle(Record());
+    }
 }
 
 void frmNote::CloseThroughPanel(bool& cancel) {
@@ -163,17 +197,14 @@ void frmNote::CloseThroughPanel(bool& cancel) {
     }
     if (NoteChanged && !NoteErased) {
         // The session may end before the answer comes.
-        KeepRecoveryCopy();
+        KeepRecoveryCopy(RecoveryCopy::When::Now);
         const auto answer =
             forms::MsgBox(" Would you like to save changes?     ",
                           {.buttons = forms::BoxButtons::YesNo, .icon = forms::BoxIcon::Question},
                           "Save Changes?");
-        if (answer != forms::BoxResult::No) {
-            WriteNote();
-            if (saveFailed) {
-                KeepOpen(cancel);
-                return;
-            }
+        if (answer != forms::BoxResult::No && !WriteNote()) {
+            KeepOpen(cancel);
+            return;
         }
         Events().ControlPanel.Raise(PanelAction::ReloadAndShow);
     }
@@ -183,12 +214,9 @@ void frmNote::CloseThroughPanel(bool& cancel) {
 }
 
 void frmNote::CloseSilently(bool& cancel) {
-    if (!NoteErased) {
-        WriteNote();
-        if (saveFailed) {
-            KeepOpen(cancel);
-            return;
-        }
+    if (!NoteErased && !WriteNote()) {
+        KeepOpen(cancel);
+        return;
     }
     Events().ControlPanel.Raise(PanelAction::Reload);
 }
@@ -201,12 +229,7 @@ void frmNote::KeepOpen(bool& cancel) {
     }
 }
 
-void frmNote::Form_Unload(bool& /*cancel*/) {
-    ForgetTitle();
-    if (!keepsRecoveryCopy) {
-        recoveryCopy.Remove();
-    }
-}
+void frmNote::Form_Unload(bool& /*cancel*/) { edited.End(); }
 
 void frmNote::Form_MouseUp(int button, int /*x*/, int /*y*/) { txtNote_MouseUp(button); }
 
@@ -257,9 +280,8 @@ void frmNote::tlbMain_ButtonClick(const std::string& key) {
 }
 
 void frmNote::SaveThisNote() {
-    WriteNote();
-    // The error was shown; closing the window must not take the text for saved.
-    if (saveFailed) {
+    if (!WriteNote()) {
+        // The error was shown; closing the window must not take the text for saved.
         NoteChanged = true;
         return;
     }
@@ -273,7 +295,7 @@ void frmNote::tmrNow_Timer() {
         std::string("System Date and Time is ") + forms::lineBreak + DateTimeText() + '.';
     ComputeAlarmValues();
     RestUntilTheAlarm();
-    KeepRecoveryCopy();
+    KeepRecoveryCopy(RecoveryCopy::When::AtMostEveryTwoSeconds);
 }
 
 void frmNote::mnuPrint_Click() { StandardCode::PrintNote(caption, txtNote.text); }
@@ -327,18 +349,14 @@ void frmNote::mnuKill_Click() {
                        .icon = forms::BoxIcon::Information,
                        .secondIsDefault = true},
                       "Kill Note");
-    if (answer != forms::BoxResult::Yes) {
+    isErasingDeclined = answer != forms::BoxResult::Yes;
+    if (isErasingDeclined) {
         return;
     }
-    const std::string path = StandardCode::NotePath(caption);
     try {
-        forms::Machine().files->Recycle(path);
+        edited.Erase();
     } catch (const forms::RuntimeError&) {
         // Whatever became of the file, the window goes.
-    }
-    // The closing may write the note back, and that may fail.
-    if (!forms::Machine().files->FileExists(path)) {
-        StandardCode::NoteFileHolds(caption, "");
     }
     try {
         Unload();
@@ -346,31 +364,3 @@ void frmNote::mnuKill_Click() {
         // As above: erasing reports nothing.
     }
 }
-
-namespace StandardCode {
-
-void NoteFileHolds(const std::string& title, const std::string& text) {
-    forms::Locale& locale = *forms::Machine().locale;
-    const std::string name = locale.ToUpper(title);
-    for (const auto& form : forms::Runtime::Current().LoadedForms()) {
-        auto* note = dynamic_cast<frmNote*>(form.get());
-        if (note != nullptr && note->HoldsNote() && note->caption().size() == title.size() &&
-            locale.ToUpper(note->caption()) == name) {
-            note->MarkSaved(text);
-        }
-    }
-}
-
-std::shared_ptr<frmNote> FindOpenNote(const std::string& title) {
-    for (const auto& form : forms::Runtime::Current().LoadedForms()) {
-        auto note = std::dynamic_pointer_cast<frmNote>(form);
-        if (note && note->HoldsNote() && note->caption() == title) {
-            return note;
-        }
-    }
-    return nullptr;
-}
-
-bool IsNoteOpen(const std::string& title) { return FindOpenNote(title) != nullptr; }
-
-}  // namespace StandardCode

@@ -2,7 +2,7 @@
 
 #include <array>
 #include <cstddef>
-#include <memory>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>
@@ -10,15 +10,16 @@
 #include "alarms/DueRules.h"
 #include "app/StandardCode.h"
 #include "forms/Form.h"
-#include "notes/Recovery.h"
+#include "notes/EditedNote.h"
+#include "notes/NoteEditor.h"
 
-// The editor of one note: its text, colour, font size and alarm. The caption is the note's title,
-// from which the name of its file follows. A restored or new note saves silently when its window
-// closes; one that is opened while the control panel is the way into the editors asks.
+// The editor of one note: its text, colour, font size and alarm. The caption is the note's title. A
+// restored or new note saves silently when its window closes; a note that was opened while the
+// control panel is the way into the editors asks. OpenEditor.h opens editors.
 //
 // An editor that was given no title holds no note: it saves, asks and deletes nothing. The default
 // instance, which is never shown, is one.
-class frmNote : public forms::Form {
+class frmNote : public forms::Form, public NoteEditor {
   public:
     frmNote() : Form("frmNote") {}
 
@@ -84,33 +85,31 @@ class frmNote : public forms::Form {
     // Written as the callback of an icon in the notification area, whose messages arrive as x.
     void Form_MouseMove(int button, int x, int y) override;
 
-    // Makes this the editor of the note with this title; once, after loading.
-    void SetTitle(const std::string& title);
-    bool HoldsNote() const { return holdsNote; }
+    // Makes this the editor of a new note with this title, or of a saved note; once, after loading.
+    void BeginNote(const std::string& title);
+    void BeginNote(const StoredNote& stored);
+    bool HoldsNote() const { return edited.IsOpen(); }
+    const EditedNote& Edited() const { return edited; }
 
-    // Saves the note and rebuilds the notes array. Errors are shown.
-    void WriteNote();
-    // Saves the note because the program is about to end, whatever the user would have been asked.
-    // What cannot be saved stays in a recovery copy.
-    void SaveBeforeTheEnd();
-
-    // The program leaves although saving failed: whether the text is safe in its recovery copy,
-    // from which the next start brings it back.
-    bool KeepForNextStart();
+    // Saves the note and rebuilds the notes array. An error is shown; false then.
+    bool WriteNote();
+    forms::Form& Window() override { return *this; }
+    bool SaveBeforeTheEnd() override;
 
     // Paints the text box and checks the entry of the colour menu with this number, 1 to 6.
     void ApplyColor(StandardCode::NoteColor color, std::size_t colorIndex);
     // 10, 12, 14 or 16 points; any other size changes nothing.
     void ApplyFontSize(int points);
-    // Presents the pickers' date and time as an alarm that is set. RuntimeError 53 where the alarm
-    // icon is missing.
-    void PresentAlarm();
+    // Presents the pickers' date and time as an alarm that is set.
+    void PresentAlarm(const forms::Picture& alarmIcon);
+    // RuntimeError 53 if it is missing.
+    static forms::Picture AlarmIcon();
 
-    // The text that the note's file holds: what differs from it is unsaved.
-    void MarkSaved(const std::string& text) { savedText = text; }
-    // Puts the unsaved text of a program that was killed into the editor and brings that up.
-    void TakeRecovered(const RecoveredText& recovered);
-    bool IsRecovered() const { return isRecovered; }
+    // There is nothing to save in the editor as it stands.
+    void MarkSaved();
+    // Shows the unsaved note of a program that was killed, and brings the editor up. RuntimeError
+    // 53 if an icon is missing; text, colour and size are shown then.
+    void TakeRecovered(const RecoveredNote& recovered);
 
     // Only ever deleted: the window adds no icon of its own.
     forms::TrayRecord TrayIconRecord;
@@ -125,13 +124,20 @@ class frmNote : public forms::Form {
     std::array<forms::Menu*, 6> ColorItems();
     std::array<forms::Menu*, 4> FontItems();
 
+    // The note as the editor shows it.
     StandardCode::NoteRecord Record();
+    std::int16_t ColorIndex();
+    std::int16_t FontSize();
+    std::int16_t AudioAlarm() { return chkAudioAlarm.value() == 1 ? 1 : 0; }
+    // Whether the file holds the note as the editor shows it, or the last saved one if the user has
+    // changed nothing since.
+    bool IsSaved();
     void SaveFile();
     void CloseThroughPanel(bool& cancel);
     void CloseSilently(bool& cancel);
     void KeepOpen(bool& cancel);
-    void KeepRecoveryCopy();
-    void ForgetTitle();
+    void RecycleUnsaved();
+    void KeepRecoveryCopy(RecoveryCopy::When when);
 
     bool IsAlarmSet() const;
     // Gives the button the caption that is the alarm's state.
@@ -145,6 +151,8 @@ class frmNote : public forms::Form {
     void SetAlarm();
     void ClearAlarm();
     void Fire();
+    // An alarm that has rung is no change that the user has to save.
+    void AcceptFiring();
     void ShowPickers(bool show);
     void ShowCalendar(bool show);
     void EnablePickers(bool enable);
@@ -170,27 +178,17 @@ class frmNote : public forms::Form {
 
     bool NoteChanged = false;
     bool NoteErased = false;
+    bool isErasingDeclined = false;  // the last time that it was asked about
     std::size_t TextLengthAtActivate = 0;
     DueRules::AlarmValues alarmValues;
     // The date and the time that they were computed from.
     std::optional<std::pair<forms::DateTime, forms::DateTime>> alarmValuesOf;
 
-    bool holdsNote = false;
-    bool saveFailed = false;  // the last saving
-    bool isRecovered = false;
-    bool keepsRecoveryCopy = false;  // beyond the end of this editor
-    std::string savedText;
-    RecoveryCopy recoveryCopy;
+    EditedNote edited{*this};
 };
 
 namespace StandardCode {
 
-// The file of this title's note now holds this text, whoever wrote it; empty where it was erased.
-// What open editors of that file show beyond it is unsaved from now on.
-void NoteFileHolds(const std::string& title, const std::string& text);
-// The open editor of the note with exactly this title, or null.
-std::shared_ptr<frmNote> FindOpenNote(const std::string& title);
-bool IsNoteOpen(const std::string& title);
 // Whether an editor's alarm sounds and waits for its box.
 bool IsNoteRinging();
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <functional>
 
 #include "forms/Environment.h"
@@ -17,8 +18,6 @@ constexpr const char* turnOffAlarm = "&Turn Off Alarm";
 
 // Looks at every second of the day at least once.
 constexpr int dueTestInterval = 600;
-
-forms::Picture AlarmIcon() { return forms::LoadPicture(forms::ApplicationPath("\\alarmon.ico")); }
 
 forms::Picture NoteIcon() { return forms::LoadPicture(forms::ApplicationPath("\\note.ico")); }
 
@@ -43,6 +42,10 @@ class Ringing {
 }  // namespace
 
 bool StandardCode::IsNoteRinging() { return RingingNotes() > 0; }
+
+forms::Picture frmNote::AlarmIcon() {
+    return forms::LoadPicture(forms::ApplicationPath("\\alarmon.ico"));
+}
 
 bool frmNote::IsAlarmSet() const { return cmdAlarm.caption() == turnOffAlarm; }
 
@@ -108,9 +111,8 @@ void frmNote::ClearAlarm() {
     ShowPickers(true);
 }
 
-void frmNote::PresentAlarm() {
-    const forms::Picture alarm = AlarmIcon();
-    icon = alarm;
+void frmNote::PresentAlarm(const forms::Picture& alarmIcon) {
+    icon = alarmIcon;
     ShowAlarmState(turnOffAlarm);
     tmrNote.enabled = true;
     tmrNote.interval = dueTestInterval;
@@ -118,7 +120,7 @@ void frmNote::PresentAlarm() {
     ShowPickers(false);
     EnablePickers(false);
     fraAlarm.caption = " Alarm Set ";
-    imgAlarm.picture = alarm;
+    imgAlarm.picture = alarmIcon;
     imgAlarm.visible = true;
     // The first tick of the clock may come after the alarm's own second.
     ComputeAlarmValues();
@@ -160,6 +162,7 @@ void frmNote::Fire() {
     EnablePickers(true);
     ShowCalendar(false);
     ShowPickers(true);
+    AcceptFiring();
     if (chkAudioAlarm.value() != 1) {
         return;
     }
@@ -168,6 +171,14 @@ void frmNote::Fire() {
     forms::MsgBox("           Turn Off Alarm?", {}, "Jotwright Audio Alarm");
     forms::Machine().sound->Stop();
     chkAudioAlarm.value = 0;
+    AcceptFiring();
+}
+
+void frmNote::AcceptFiring() {
+    StandardCode::NoteRecord saved = edited.SavedRecord();
+    saved.AlarmState = "0";
+    saved.AudioAlarm = std::min(saved.AudioAlarm, AudioAlarm());
+    edited.SetSavedRecord(saved);
 }
 
 // Goes by the default editor's alarm, which nobody sets: the clock stands still.

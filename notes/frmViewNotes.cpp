@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <memory>
 #include <set>
 #include <utility>
 #include <vector>
@@ -14,9 +15,10 @@
 #include "forms/Runtime.h"
 #include "forms/RuntimeError.h"
 #include "forms/Text.h"
-#include "notes/NotesArray.h"
+#include "notes/EditedNote.h"
+#include "notes/NoteEditor.h"
+#include "notes/NoteStore.h"
 #include "notes/OpenNote.h"
-#include "notes/frmNote.h"
 
 using StandardCode::Shared;
 
@@ -133,24 +135,29 @@ bool frmViewNotes::FillList() {
 
 void frmViewNotes::ListNotes() {
     std::vector<forms::ListView::Row> rows;
+    std::vector<std::string> files;
     std::set<std::string> keys;
-    for (const forms::FileEntry& file : Shared().NotesListing) {
+    const NoteStore& store = StandardCode::Notes();
+    for (const forms::FileEntry& file : store.Listing()) {
         try {
-            forms::ListView::Row row = RowOf(StandardCode::ReadListedNote(file));
+            forms::ListView::Row row = RowOf(store.Read(file).record);
             // Two files may hold the same title.
             if (!keys.insert(row.key).second) {
                 row.key.clear();
             }
             rows.push_back(std::move(row));
+            files.push_back(file.name);
         } catch (const forms::RuntimeError&) {
-            // What cannot be read has no row; rebuilding the array has dealt with it or will.
+            // A file that cannot be read has no row; rebuilding the array has reported it or will.
         }
     }
-    if (rows == lvwNotes.Rows()) {
+    const bool hadSelection = lvwNotes.SelectedRow() >= 0;
+    const std::string selected = hadSelection ? SelectedFile() : std::string();
+    const bool isSame = rows == lvwNotes.Rows() && files == rowFiles;
+    rowFiles = std::move(files);
+    if (isSame) {
         return;
     }
-    const bool hadSelection = lvwNotes.SelectedRow() >= 0;
-    const std::string selected = hadSelection ? SelectedTitle() : std::string();
     lvwNotes.BeginUpdate();
     lvwNotes.Clear();
     for (forms::ListView::Row& row : rows) {
@@ -158,24 +165,21 @@ void frmViewNotes::ListNotes() {
     }
     lvwNotes.EndUpdate();
     if (hadSelection) {
-        SelectTitle(selected);
+        SelectFile(selected);
     }
 }
 
-void frmViewNotes::SelectTitle(const std::string& title) {
-    const auto& rows = lvwNotes.Rows();
-    const auto row = std::find_if(rows.begin(), rows.end(), [&title](const auto& other) {
-        return other.texts[titleColumn] == title;
-    });
-    if (row == rows.end()) {
+void frmViewNotes::SelectFile(const std::string& file) {
+    const auto row = std::find(rowFiles.begin(), rowFiles.end(), file);
+    if (row == rowFiles.end()) {
         EnableActions(false);
     } else {
-        lvwNotes.Select(static_cast<int>(row - rows.begin()));
+        lvwNotes.Select(static_cast<int>(row - rowFiles.begin()));
     }
 }
 
 void frmViewNotes::ShowNotesArray() {
-    lblTotalNotes.caption = TotalText();
+    ShowLimit();
     lvwNotes.enabled = Shared().NoteCount > 0;
     if (listIsFilled) {
         ListNotes();
@@ -187,23 +191,26 @@ void frmViewNotes::EnableActions(bool enable) {
     cmdRemove.enabled = enable;
 }
 
-std::string frmViewNotes::SelectedTitle() const {
+std::size_t frmViewNotes::SelectedPlace() const {
     if (lvwNotes.SelectedRow() < 0) {
         throw forms::RuntimeError(forms::ErrorNumber::SubscriptOutOfRange);
     }
-    return lvwNotes.Rows()[static_cast<std::size_t>(lvwNotes.SelectedRow())].texts[titleColumn];
+    return static_cast<std::size_t>(lvwNotes.SelectedRow());
 }
 
-void frmViewNotes::EraseNote(const std::string& title) {
-    lvwNotes.RemoveRow(static_cast<std::size_t>(lvwNotes.SelectedRow()));
-    forms::Machine().files->Recycle(StandardCode::NotePath(forms::Trim(title)));
-    StandardCode::NoteFileHolds(forms::Trim(title), "");
+const std::string& frmViewNotes::SelectedTitle() const {
+    return lvwNotes.Rows()[SelectedPlace()].texts[titleColumn];
+}
+
+const std::string& frmViewNotes::SelectedFile() const { return rowFiles.at(SelectedPlace()); }
+
+void frmViewNotes::EraseSelectedNote() {
+    const std::size_t place = SelectedPlace();
+    const std::string file = rowFiles.at(place);
+    lvwNotes.RemoveRow(place);
+    rowFiles.erase(rowFiles.begin() + static_cast<std::ptrdiff_t>(place));
+    StandardCode::Notes().Erase(file);
     StandardCode::LoadNotesArray();
-    if (Shared().NoteCount < StandardCode::maximumNotes) {
-        StandardCode::Events().BelowMaximum.Raise();
-        cmdNew.enabled = true;
-        lblTotalNotes.foreColor = forms::black;
-    }
 }
 
 void frmViewNotes::lvwNotes_MouseUp(int button) {
@@ -213,16 +220,14 @@ void frmViewNotes::lvwNotes_MouseUp(int button) {
 }
 
 void frmViewNotes::cmdOpenAll_Click() {
-    const auto titles = Shared().NoteTitles;
-    const auto loaded = forms::Runtime::Current().LoadedForms();
-    for (const std::string& title : titles) {
-        for (const auto& form : loaded) {
-            const auto* note = dynamic_cast<frmNote*>(form.get());
-            if (note != nullptr && note->HoldsNote() && note->caption() == title) {
-                form->Show();
-                form->windowState = forms::WindowState::Normal;
-            }
-        }
+    // Handlers of a window that is shown may open and close others.
+    std::vector<std::shared_ptr<forms::Form>> windows;
+    for (const EditedNote* note : StandardCode::Notes().OpenNotes()) {
+        windows.push_back(note->Editor().Window().shared_from_this());
+    }
+    for (const auto& window : windows) {
+        window->Show();
+        window->windowState = forms::WindowState::Normal;
     }
 }
 
@@ -236,8 +241,11 @@ void frmViewNotes::cmdEdit_Click() {
         return;
     }
     const std::string title = SelectedTitle();
+    const std::string file = SelectedFile();
     for (int slot = 1; slot <= StandardCode::maximumNotes; ++slot) {
-        if (Shared().NotesArray[slot].Title == title) {
+        // Of several notes with this title, the one that is in the row's file.
+        if (Shared().NotesArray[slot].Title == title &&
+            StandardCode::Notes().OfSlot(slot).file == file) {
             StandardCode::OpenNote(slot);
             return;
         }
@@ -253,7 +261,7 @@ void frmViewNotes::cmdRemove_Click() {
                           {.buttons = forms::BoxButtons::YesNo, .icon = forms::BoxIcon::Critical},
                           "Deleting Note");
         if (answer == forms::BoxResult::Yes) {
-            EraseNote(title);
+            EraseSelectedNote();
         }
         EnableActions(false);
         lvwNotes.SetFocus();
@@ -313,11 +321,6 @@ void ConnectControlPanel() {
     Events().NotesArrayLoaded.Subscribe([] {
         if (auto* panel = forms::LoadedDefault<frmViewNotes>()) {
             panel->ShowNotesArray();
-        }
-    });
-    Events().MaximumReached.Subscribe([] {
-        if (auto* panel = forms::LoadedDefault<frmViewNotes>()) {
-            panel->ShowLimit();
         }
     });
 }

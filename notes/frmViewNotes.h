@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <vector>
 
 #include "forms/Form.h"
 
@@ -38,13 +40,16 @@ class frmViewNotes : public forms::Form {
     // Whether all notes could be loaded.
     bool FillList();
     void ListNotes();
-    void SelectTitle(const std::string& title);
+    void SelectFile(const std::string& file);
     void EnableActions(bool enable);
-    // RuntimeError 9 where no row is selected.
-    std::string SelectedTitle() const;
-    void EraseNote(const std::string& title);
+    // The note of the selected row, by title and by file. RuntimeError 9 if no row is selected.
+    std::size_t SelectedPlace() const;
+    const std::string& SelectedTitle() const;
+    const std::string& SelectedFile() const;
+    void EraseSelectedNote();
 
     bool listIsFilled = false;
+    std::vector<std::string> rowFiles;  // names of the rows' note files
 
     void lvwNotes_MouseUp(int button);
     void cmdOpenAll_Click();

@@ -9,7 +9,7 @@
 #include "alarms/DueRules.h"
 #include "alarms/SpecialAlarmsFile.h"
 #include "notes/NoteFile.h"
-#include "notes/NotesArray.h"
+#include "notes/NoteStore.h"
 #include "notes/TitleRules.h"
 #include "tests/support/RuleDevices.h"
 
@@ -110,19 +110,20 @@ namespace counted {
 }
 
 [[gnu::noinline]] void TitleRulesAmong100Notes(Stand& /*stand*/) {
-    benchmark::DoNotOptimize(TitleRules::Check("A title that is new", Shared().NotesArray));
+    benchmark::DoNotOptimize(TitleRules::Check(
+        "A title that is new", StandardCode::Notes().IsTaken("A title that is new")));
 }
 
 [[gnu::noinline]] void RebuildArrayUnchanged(Stand& /*stand*/) { StandardCode::LoadNotesArray(); }
 
 [[gnu::noinline]] void SaveNoteAndRebuildArray(Stand& stand) {
     stand.usual.FontSize = static_cast<std::int16_t>(10 + 2 * (++stand.saving % 2));
-    StandardCode::SaveNoteFile(StandardCode::NotePath("Note 1"), stand.usual);
+    StandardCode::Notes().Write("Note 1.txt", stand.usual);
     StandardCode::LoadNotesArray();
 }
 
 [[gnu::noinline]] void SaveUnchangedNoteAndRebuildArray(Stand& stand) {
-    StandardCode::SaveNoteFile(StandardCode::NotePath("Note 2"), Note(2, 200));
+    StandardCode::Notes().Write("Note 2.txt", Note(2, 200));
     StandardCode::LoadNotesArray();
     benchmark::DoNotOptimize(stand.saving);
 }

@@ -146,11 +146,22 @@ class RecordedSystem : public System {
         return previousInstance;
     }
     std::uint32_t Version() override { return version; }
+    std::string InstanceId() override { return instanceId; }
+    // The clock stands still meanwhile.
+    void Pause(int milliseconds) override {
+        paused += milliseconds;
+        if (onPause) {
+            onPause();
+        }
+    }
 
     std::string folder = "C:\\Jotwright";
     bool previousInstance = false;
     int timesAsked = 0;
     std::uint32_t version = 0x000A;  // 10.0
+    std::string instanceId = "000000000000000a";
+    int paused = 0;                 // milliseconds in all
+    std::function<void()> onPause;  // what happens elsewhere meanwhile
 };
 
 }  // namespace forms::headless

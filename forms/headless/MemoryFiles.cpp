@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "forms/Text.h"
 #include "forms/headless/HeadlessLocale.h"
@@ -37,6 +38,23 @@ bool IsValidName(std::string_view name) {
 }
 
 std::string FolderKey(const std::string& key) { return key.substr(0, key.rfind('\\')); }
+
+class MemoryLock : public FileLock {
+  public:
+    MemoryLock(std::weak_ptr<std::set<std::string>> allLocks, std::string lockKey)
+        : locks(std::move(allLocks)), key(std::move(lockKey)) {}
+    ~MemoryLock() override {
+        if (const auto all = locks.lock()) {
+            all->erase(key);
+        }
+    }
+    MemoryLock(const MemoryLock&) = delete;
+    MemoryLock& operator=(const MemoryLock&) = delete;
+
+  private:
+    std::weak_ptr<std::set<std::string>> locks;
+    std::string key;
+};
 
 }  // namespace
 
@@ -133,12 +151,17 @@ std::string MemoryFiles::Read(const std::string& path) {
     return bytes;
 }
 
-void MemoryFiles::WriteThrough(const std::string& path, const std::string& bytes) {
+void MemoryFiles::Write(const std::string& path, const std::string& bytes, WriteOptions options) {
     log.push_back("write " + path);
-    WriteSteps(Place(path), bytes);
+    const Place place(path);
+    if (options.mustBeNew && Find(place.key) != nullptr) {
+        Fail(ErrorNumber::FileAlreadyExists);
+    }
+    WriteSteps(place, bytes, options.durability);
 }
 
-void MemoryFiles::Replace(const std::string& from, const std::string& to) {
+void MemoryFiles::Replace(const std::string& from, const std::string& to, Durability durability) {
+    flushes += durability == Durability::Flushed ? 1 : 0;
     log.push_back("replace " + from + " " + to);
     const Place source(from);
     const Place target(to);
@@ -169,21 +192,24 @@ void MemoryFiles::Delete(const std::string& path) {
     Step([&] { Remove(path); }, [] {});
 }
 
-void MemoryFiles::Recycle(const std::string& path) {
+bool MemoryFiles::Recycle(const std::string& path) {
     log.push_back("recycle " + path);
     const Place place(path);
     if (dead) {
-        return;
+        return true;
     }
     CheckRemovable(place);
+    if (!hasRecycleBin) {
+        return false;
+    }
     Step(
         [&] {
-            if (hasRecycleBin) {
-                recycled.push_back(path);
-            }
+            recycled.push_back(path);
+            recycledBytes.push_back(FindFile(place).bytes);
             Remove(path);
         },
         [] {});
+    return true;
 }
 
 void MemoryFiles::Copy(const std::string& from, const std::string& to) {
@@ -192,7 +218,13 @@ void MemoryFiles::Copy(const std::string& from, const std::string& to) {
     const Place target(to);
     std::string bytes;
     Step([&] { bytes = FindFile(source).bytes; }, [] {});
-    WriteSteps(target, bytes);
+    WriteSteps(target, bytes, Durability::Flushed);
+}
+
+std::unique_ptr<FileLock> MemoryFiles::Lock(const std::string& path) {
+    const std::string key = Place(path).key;
+    const bool isFree = !dead && FolderExists(FolderKey(key)) && locks->insert(key).second;
+    return isFree ? std::make_unique<MemoryLock>(locks, key) : nullptr;
 }
 
 void MemoryFiles::PutFolder(const std::string& path) {
@@ -250,6 +282,14 @@ void MemoryFiles::SetReadOnly(const std::string& path, bool readOnly) {
 
 void MemoryFiles::SetDenied(const std::string& path, bool denied) {
     nodes.at(Place(path).key).denied = denied;
+}
+
+void MemoryFiles::SetLocked(const std::string& path, bool locked) {
+    if (locked) {
+        locks->insert(Place(path).key);
+    } else {
+        locks->erase(Place(path).key);
+    }
 }
 
 void MemoryFiles::FailAt(int step, ErrorNumber number) {
@@ -350,7 +390,7 @@ void MemoryFiles::Resize(Node& file, const std::string& bytes) {
     }
 }
 
-void MemoryFiles::WriteSteps(const Place& place, const std::string& bytes) {
+void MemoryFiles::WriteSteps(const Place& place, const std::string& bytes, Durability durability) {
     if (dead) {
         return;
     }
@@ -369,7 +409,13 @@ void MemoryFiles::WriteSteps(const Place& place, const std::string& bytes) {
         Resize(nodes.at(place.key), bytes.substr(0, count));
     };
     Step([&] { write(bytes.size()); }, [&] { write(bytes.size() / 2); });
-    Step([&] { unflushed.reset(); }, [] {});
+    if (durability == Durability::Flushed) {
+        ++flushes;
+        Step([&] { unflushed.reset(); }, [] {});
+    } else {
+        // A program that is killed leaves what it has written to the system.
+        unflushed.reset();
+    }
 }
 
 // part is what is left of the step where it is broken off in the middle.

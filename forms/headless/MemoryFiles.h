@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -19,8 +21,8 @@ struct Killed {};
 // refuses are refused. A copy is a snapshot.
 //
 // What can go wrong is counted in primitive steps, from 1: one for each Read, MakeFolder, Replace,
-// Delete and Recycle, three for WriteThrough (create or truncate, write, flush), four for Copy
-// (read and the three of writing).
+// Delete and Recycle, three for a flushed Write (create or truncate, write, flush), two for a
+// cached one, four for Copy (read and the three of writing).
 class MemoryFiles : public FileSystem {
   public:
     enum class Moment { Before, Middle, After };
@@ -33,11 +35,15 @@ class MemoryFiles : public FileSystem {
     std::vector<FileEntry> List(const std::string& folder, const std::string& suffix) override;
     std::string NameOnDisk(const std::string& path) override;
     std::string Read(const std::string& path) override;
-    void WriteThrough(const std::string& path, const std::string& bytes) override;
-    void Replace(const std::string& from, const std::string& to) override;
+    using FileSystem::Write;
+    void Write(const std::string& path, const std::string& bytes, WriteOptions options) override;
+    using FileSystem::Replace;
+    void Replace(const std::string& from, const std::string& to, Durability durability) override;
     void Delete(const std::string& path) override;
-    void Recycle(const std::string& path) override;
+    bool Recycle(const std::string& path) override;
     void Copy(const std::string& from, const std::string& to) override;
+    // A locked file is in no listing.
+    std::unique_ptr<FileLock> Lock(const std::string& path) override;
 
     // What a test does to the disk behind the program's back: no steps, no faults, no log.
     void PutFolder(const std::string& path);  // with every folder above it
@@ -46,6 +52,8 @@ class MemoryFiles : public FileSystem {
     std::optional<std::string> Peek(const std::string& path) const;
     // How often the program has listed a folder.
     int Listings() const { return listings; }
+    // How often the program has waited for the medium.
+    int Flushes() const { return flushes; }
     // Names of all files of a folder, as they are written on the disk.
     std::vector<std::string> Names(const std::string& folder) const;
 
@@ -54,6 +62,8 @@ class MemoryFiles : public FileSystem {
     void SetReadOnly(const std::string& path, bool readOnly);
     // As if another program held the file, or as if the user had no right to it (70).
     void SetDenied(const std::string& path, bool denied);
+    // As if another program that runs held the lock.
+    void SetLocked(const std::string& path, bool locked);
     // What is free from now on; without a number there is no limit. A write that does not fit
     // leaves what fits (61).
     void SetFreeSpace(std::optional<std::uint64_t> bytes) { freeSpace = bytes; }
@@ -70,7 +80,10 @@ class MemoryFiles : public FileSystem {
     // Steps since the beginning or since the last FailAt, KillAt, ClearFaults or Restart.
     int Steps() const { return steps; }
 
+    // Paths of the files in the Recycle Bin, in the order in which they came there.
     const std::vector<std::string>& RecycleBin() const { return recycled; }
+    // Their bytes.
+    const std::vector<std::string>& RecycledBytes() const { return recycledBytes; }
     // Every call that changes the disk or reads a file, failed ones too: "write C:\\a.txt",
     // "replace C:\\a.tmp C:\\a.txt", "read", "delete", "recycle", "copy", "folder".
     const std::vector<std::string>& Log() const { return log; }
@@ -95,7 +108,7 @@ class MemoryFiles : public FileSystem {
     void CheckWritable(const Place& place) const;
     void CheckRemovable(const Place& place);
     void Resize(Node& file, const std::string& bytes);
-    void WriteSteps(const Place& place, const std::string& bytes);
+    void WriteSteps(const Place& place, const std::string& bytes, Durability durability);
     template <class Whole, class Part>
     void Step(Whole whole, Part part);
     [[noreturn]] void Die();
@@ -103,9 +116,12 @@ class MemoryFiles : public FileSystem {
     std::map<std::string, Node> nodes;  // by upper-case path
     std::int64_t clock = 0;
     int listings = 0;
+    int flushes = 0;
+    std::shared_ptr<std::set<std::string>> locks = std::make_shared<std::set<std::string>>();
     std::optional<std::uint64_t> freeSpace;
     bool hasRecycleBin = true;
     std::vector<std::string> recycled;
+    std::vector<std::string> recycledBytes;
     std::vector<std::string> log;
     int steps = 0;
     int faultStep = 0;

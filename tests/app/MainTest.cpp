@@ -60,12 +60,11 @@ TEST_F(MainTest, TheSharedFlagsStartClear) {
     StandardCode::Shared().AlarmSounding = true;
     StandardCode::Shared().SoundRequested = true;
     StandardCode::Shared().ControlPanelMode = true;
-    StandardCode::Shared().NoteTitles = {"left over"};
     Start(StandardCode::Main);
     EXPECT_FALSE(StandardCode::Shared().AlarmSounding);
     EXPECT_FALSE(StandardCode::Shared().SoundRequested);
     EXPECT_FALSE(StandardCode::Shared().ControlPanelMode);
-    EXPECT_TRUE(StandardCode::Shared().NoteTitles.empty());
+    EXPECT_TRUE(StandardCode::NoteTitles().empty());
 }
 
 TEST_F(MainTest, TheSplashComesFirstAndTheMainWindowASecondLater) {

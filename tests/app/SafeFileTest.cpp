@@ -219,17 +219,22 @@ TEST_F(SafeFileTest, ErrorOfTheSavePassesOnEvenWhereTheTemporaryFileStays) {
         }
         std::string NameOnDisk(const std::string& p) override { return inner.NameOnDisk(p); }
         std::string Read(const std::string& p) override { return inner.Read(p); }
-        void WriteThrough(const std::string& p, const std::string& bytes) override {
-            inner.WriteThrough(p, bytes);
+        void Write(const std::string& p, const std::string& bytes,
+                   forms::WriteOptions options) override {
+            inner.Write(p, bytes, options);
         }
-        void Replace(const std::string& from, const std::string& to) override {
-            inner.Replace(from, to);
+        void Replace(const std::string& from, const std::string& to,
+                     forms::Durability durability) override {
+            inner.Replace(from, to, durability);
         }
         void Delete(const std::string&) override {
             throw forms::RuntimeError(ErrorNumber::PermissionDenied);
         }
-        void Recycle(const std::string& p) override { inner.Recycle(p); }
+        bool Recycle(const std::string& p) override { return inner.Recycle(p); }
         void Copy(const std::string& from, const std::string& to) override { inner.Copy(from, to); }
+        std::unique_ptr<forms::FileLock> Lock(const std::string& p) override {
+            return inner.Lock(p);
+        }
 
       private:
         MemoryFiles& inner;
@@ -242,33 +247,92 @@ TEST_F(SafeFileTest, ErrorOfTheSavePassesOnEvenWhereTheTemporaryFileStays) {
     EXPECT_EQ(files.Peek(path), newBytes);
 }
 
-TEST_F(SafeFileTest, ALeftoverThatCannotBeWrittenIsNotInTheWay) {
-    files.PutFile(folder + "\\~Jotwright1.tmp", "junk");
-    files.SetReadOnly(folder + "\\~Jotwright1.tmp", true);
-    files.PutFolder(folder + "\\~Jotwright2.tmp");
+const std::string dead = folder + "\\~Jotwright-0123456789abcdef-";
+
+TEST_F(SafeFileTest, ALeftoverOfTheSameNameIsNotInTheWay) {
+    const std::string own = folder + "\\~Jotwright-" + system.instanceId + "-";
+    files.PutFile(own + "1.tmp", "junk");
+    files.PutFolder(own + "2.tmp");
     EXPECT_TRUE(SafeFile::ReplaceFile(path, newBytes));
     EXPECT_EQ(files.Peek(path), newBytes);
-    EXPECT_EQ(files.Peek(folder + "\\~Jotwright1.tmp"), "junk");
+    EXPECT_EQ(files.Peek(own + "1.tmp"), "junk");
 }
 
-TEST_F(SafeFileTest, OnlyLeftoversAreRemoved) {
-    files.PutFile(folder + "\\~Jotwright1.tmp", "junk");
-    files.PutFile(folder + "\\~JOTWRIGHT12.TMP", "junk");
-    files.PutFile(folder + "\\mine.tmp", "mine");
-    files.PutFile(folder + "\\~Jotwright.txt", "mine");
-    files.PutFile(folder + "\\a~Jotwright1.tmp", "mine");
+TEST_F(SafeFileTest, TwoProgramsOnOneFolderUseNamesOfTheirOwn) {
+    files.KillAt(5, Moment::Before);
+    EXPECT_THROW(SafeFile::ReplaceFile(path, newBytes), Killed);
+    files.Restart();
+    const auto first = Names();
+    system.instanceId = "000000000000000b";
+    files.KillAt(5, Moment::Before);
+    EXPECT_THROW(SafeFile::ReplaceFile(path, newBytes + "!"), Killed);
+    files.Restart();
+    EXPECT_EQ(Names().size(), first.size() + 1);
+}
+
+TEST_F(SafeFileTest, OnlyLeftoversOfThisProgramAreRemoved) {
+    files.PutFile(dead + "1.tmp", "junk");
+    files.PutFile(dead + "12.tmp", "junk");
+    for (const char* name :
+         {"mine.tmp", "~Jotwright.txt", "~Jotwright report.tmp", "~Jotwright1.tmp",
+          "~Jotwright-.tmp", "~Jotwright-0123456789abcdef-.tmp", "~Jotwright--1.tmp",
+          "~Jotwright-xyz-1.tmp", "~Jotwright-0123456789abcdef-1a.tmp"}) {
+        files.PutFile(folder + '\\' + name, "mine");
+    }
     SafeFile::RemoveLeftovers(folder);
-    EXPECT_EQ(Names(), (std::vector<std::string>{"a~Jotwright1.tmp", "Dentist.txt", "mine.tmp",
-                                                 "~Jotwright.txt"}));
+    EXPECT_EQ(Names().size(), 10U);
+    EXPECT_FALSE(files.FileExists(dead + "1.tmp"));
+    EXPECT_FALSE(files.FileExists(dead + "12.tmp"));
+}
+
+TEST_F(SafeFileTest, LeftoversOfAProgramThatRunsStay) {
+    files.PutFile(dead + "1.tmp", "being written");
+    files.SetLocked(folder + "\\~Jotwright-0123456789abcdef.lock", true);
+    SafeFile::RemoveLeftovers(folder);
+    EXPECT_TRUE(files.FileExists(dead + "1.tmp"));
+    files.SetLocked(folder + "\\~Jotwright-0123456789abcdef.lock", false);
+    SafeFile::RemoveLeftovers(folder);
+    EXPECT_EQ(Names(), justTheNote);
 }
 
 TEST_F(SafeFileTest, RemovingLeftoversGoesOnBehindOneThatStays) {
-    files.PutFile(folder + "\\~Jotwright1.tmp", "junk");
-    files.PutFile(folder + "\\~Jotwright2.tmp", "junk");
-    files.SetDenied(folder + "\\~Jotwright1.tmp", true);
+    files.PutFile(dead + "1.tmp", "junk");
+    files.PutFile(dead + "2.tmp", "junk");
+    files.SetDenied(dead + "1.tmp", true);
     SafeFile::RemoveLeftovers(folder);
-    EXPECT_EQ(Names(), (std::vector<std::string>{"Dentist.txt", "~Jotwright1.tmp"}));
+    EXPECT_EQ(Names(),
+              (std::vector<std::string>{"Dentist.txt", "~Jotwright-0123456789abcdef-1.tmp"}));
     SafeFile::RemoveLeftovers("C:\\Nowhere");
+}
+
+TEST_F(SafeFileTest, AReplacementThatFailsAfterTheOldFileWentKeepsTheNewBytes) {
+    files.SetDenied(path, false);
+    EXPECT_EQ(ErrorOf([&] {
+                  SafeFile::ReplaceFile(path, newBytes, {.beforeRename = [&] {
+                                            files.Recycle(path);
+                                            files.FailAt(1, ErrorNumber::DeviceIoError);
+                                        }});
+              }),
+              57);
+    files.ClearFaults();
+    EXPECT_FALSE(files.FileExists(path));
+    ASSERT_EQ(Names().size(), 1U);
+    EXPECT_EQ(files.Peek(folder + '\\' + Names()[0]), newBytes);
+}
+
+TEST_F(SafeFileTest, ACachedReplacementIsNotFlushed) {
+    SafeFile::ReplaceFile(path, newBytes, {.durability = forms::Durability::Cached});
+    EXPECT_EQ(files.Peek(path), newBytes);
+    EXPECT_EQ(files.Flushes(), 0);
+    SafeFile::ReplaceFile(path, oldBytes);
+    EXPECT_EQ(files.Flushes(), 2);
+}
+
+TEST_F(SafeFileTest, NamesAreComparedAsTheFileSystemComparesThem) {
+    EXPECT_TRUE(SafeFile::IsSameName("a.txt", "A.TXT"));
+    EXPECT_TRUE(SafeFile::IsSameName("\xc3\xa4.txt ", "\xc3\x84.TXT."));
+    EXPECT_FALSE(SafeFile::IsSameName("a .txt", "a.txt"));
+    EXPECT_FALSE(SafeFile::IsSameName("a.txt", "b.txt"));
 }
 
 TEST_F(SafeFileTest, RemovingLeftoversFromAFolderThatCannotBeListedRaisesNothing) {

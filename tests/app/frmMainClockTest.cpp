@@ -1,5 +1,5 @@
 #include "alarms/SpecialAlarmsFile.h"
-#include "notes/NotesArray.h"
+#include "notes/NoteStore.h"
 #include "tests/support/WholeProgram.h"
 
 using namespace forms;

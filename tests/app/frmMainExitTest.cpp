@@ -88,7 +88,7 @@ TEST_F(frmMainExitTest, ExitRemovesTheIconAndClosesEveryWindow) {
     EXPECT_TRUE(runtime->HasEnded());
     EXPECT_FALSE(tray.icon.has_value());
     EXPECT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
-    EXPECT_TRUE(StandardCode::Shared().NoteTitles.empty());
+    EXPECT_TRUE(StandardCode::NoteTitles().empty());
     for (const auto& form : runtime->LoadedForms()) {
         EXPECT_FALSE(form->IsVisible());
     }

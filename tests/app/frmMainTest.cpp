@@ -2,6 +2,7 @@
 #include "app/dlgMsgBox.h"
 #include "app/frmMain.h"
 #include "forms/Environment.h"
+#include "notes/frmViewNotes.h"
 #include "tests/support/WholeProgram.h"
 
 using namespace forms;
@@ -355,7 +356,6 @@ TEST_F(frmMainTest, WithAHundredNotesTheLimitIsToldAtStart) {
                      BoxButtons::Ok, BoxResult::Ok, [this] {
                          // The notes are back; the cuckoo and the tray icon are still to come.
                          EXPECT_EQ(CountVisible<frmNote>(), 100);
-                         EXPECT_TRUE(Main().cmdMakeNote.enabled);
                          EXPECT_FALSE(Main().tmrCooKoo.enabled);
                          EXPECT_FALSE(tray.icon.has_value());
                      });
@@ -399,13 +399,64 @@ TEST_F(frmMainTest, SavingTheHundredthNoteTakesMakeNoteAway) {
     EXPECT_FALSE(Main().txtNoteTitle.enabled);
 }
 
-TEST_F(frmMainTest, AHundredAndFirstFileIsReported) {
+TEST_F(frmMainTest, WithAHundredAndOneFilesTheLimitHoldsAndEachActionReportsOnce) {
     for (int number = 1; number <= 101; ++number) {
-        PutNote("Note " + std::to_string(number));
+        PutNote("Note " + std::to_string(1000 + number));
     }
+    const auto captions = [this] {
+        std::vector<std::string> all;
+        for (const BoxRequest& box : stage->Boxes()) {
+            all.push_back(box.caption);
+        }
+        return all;
+    };
+    const std::string failed = "Error Loading Notes Array";
+    std::vector<std::string> expected{failed, "Jotwright: Maximum Notes Reached"};
     stage->improvise.box = [](const BoxRequest&) { return BoxResult::Ok; };
     StartQuietly();
-    ASSERT_FALSE(stage->Boxes().empty());
-    EXPECT_EQ(stage->Boxes().front().caption, "Error Loading Notes Array");
+    EXPECT_EQ(captions(), expected);
     EXPECT_EQ(stage->Boxes().front().text, "Error Number: 9) - Subscript out of range");
+    EXPECT_FALSE(Main().cmdMakeNote.enabled());
+    EXPECT_FALSE(Main().txtNoteTitle.enabled());
+    EXPECT_EQ(StandardCode::Shared().NoteCount, 100);
+
+    user->Click(Main().cmdViewNotes);
+    expected.push_back(failed);
+    EXPECT_EQ(captions(), expected);
+    EXPECT_EQ(Default<frmViewNotes>().lblTotalNotes.caption(),
+              "Total Notes: 100 ( Maximum Reached )");
+    EXPECT_FALSE(Default<frmViewNotes>().cmdNew.enabled());
+
+    user->Restore(Editor("Note 1001"));
+    user->Type(Editor("Note 1001").txtNote, "changed text");
+    StandardCode::Shared().ControlPanelMode = false;
+    user->CloseBox(Editor("Note 1001"));
+    expected.push_back(failed);
+    EXPECT_EQ(captions(), expected);
+
+    Start([this] { Main().Unload(); });
+    EXPECT_TRUE(runtime->HasEnded());
+    EXPECT_EQ(captions(), expected);
+}
+
+// One file that cannot be read, and many open notes: an exit that saves them all reports nothing
+// more.
+TEST_F(frmMainTest, OneBadFileIsNotReportedForEachNoteThatTheExitSaves) {
+    for (int number = 1; number <= 10; ++number) {
+        PutNote("Note " + std::to_string(1000 + number));
+    }
+    PutNote("Zebra", "#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    stage->improvise.box = [](const BoxRequest&) { return BoxResult::Ok; };
+    StartQuietly();
+    // The array and the restore report it, once each.
+    EXPECT_EQ(stage->Boxes().size(), 2U);
+    for (int number = 1; number <= 10; ++number) {
+        frmNote& note = Editor("Note " + std::to_string(1000 + number));
+        user->Restore(note);
+        user->Type(note.txtNote, "changed");
+    }
+    const std::size_t before = stage->Boxes().size();
+    Start([this] { Main().Unload(); });
+    EXPECT_TRUE(runtime->HasEnded());
+    EXPECT_EQ(stage->Boxes().size(), before);
 }

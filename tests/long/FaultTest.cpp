@@ -6,7 +6,7 @@
 #include "alarms/frmSpecialAlarms.h"
 #include "forms/Gestures.h"
 #include "notes/NoteFile.h"
-#include "notes/NotesArray.h"
+#include "notes/NoteStore.h"
 #include "notes/frmViewNotes.h"
 #include "tests/long/Scale.h"
 #include "tests/support/WholeProgram.h"

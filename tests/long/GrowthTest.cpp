@@ -145,9 +145,9 @@ Remains GrowthTest::Count() {
     return {runtime->LoadedForms().size(),
             stage->Survivors().size(),
             runtime->timers.Size(),
-            shared.NoteTitles.size(),
-            shared.ParsedNotes.size(),
-            shared.NotesListing.size(),
+            StandardCode::Notes().OpenNotes().size(),
+            shared.RecoveryPaths.size(),
+            StandardCode::Notes().Listing().size(),
             shared.NoteCount,
             FilesOfNotes()};
 }

@@ -5,7 +5,7 @@
 #include "forms/Gestures.h"
 #include "forms/Text.h"
 #include "notes/NoteFile.h"
-#include "notes/NotesArray.h"
+#include "notes/NoteStore.h"
 
 using namespace forms;
 using StandardCode::Shared;

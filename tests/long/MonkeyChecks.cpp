@@ -4,8 +4,9 @@
 #include "alarms/SpecialAlarmsFile.h"
 #include "forms/Text.h"
 #include "notes/NoteFile.h"
-#include "notes/NotesArray.h"
+#include "notes/NoteStore.h"
 #include "tests/long/Monkey.h"
+#include "tests/support/OpenNotes.h"
 
 using namespace forms;
 using StandardCode::Shared;
@@ -86,7 +87,7 @@ void Monkey::CheckNotes() {
         open.push_back(note->caption());
         EXPECT_TRUE(note->IsVisible()) << note->caption() << " is open and hidden";
     }
-    std::vector<std::string> titles = Shared().NoteTitles;
+    std::vector<std::string> titles = StandardCode::NoteTitles();
     std::sort(titles.begin(), titles.end());
     std::sort(open.begin(), open.end());
     EXPECT_EQ(titles, open) << "the list of open titles";
@@ -138,7 +139,8 @@ void Monkey::CheckVanished() {
     }
     const auto now = OpenTexts();
     for (const auto& [title, text] : before) {
-        if (now.count(title) != 0 || erased.count(title) != 0 || StandardCode::IsNoteOpen(title)) {
+        if (now.count(title) != 0 || erased.count(title) != 0 ||
+            testing_support::IsNoteOpen(title)) {
             continue;
         }
         StandardCode::NoteRecord record;

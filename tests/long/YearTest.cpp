@@ -3,7 +3,7 @@
 #include <random>
 
 #include "alarms/SpecialAlarmsFile.h"
-#include "notes/NotesArray.h"
+#include "notes/NoteStore.h"
 #include "tests/long/Scale.h"
 #include "tests/support/WholeProgram.h"
 

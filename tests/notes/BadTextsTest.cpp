@@ -38,7 +38,7 @@ TEST_F(BadTexts, WhateverIsPastedComesBack) {
         frmNote& note = MakeNote("Note", text);
         Advance(2000);
         user->CloseBox(note);
-        EXPECT_FALSE(StandardCode::IsNoteOpen("Note"));
+        EXPECT_FALSE(testing_support::IsNoteOpen("Note"));
         EXPECT_TRUE(Saved("Note").Text == text);
         RestartProgram();
         Start(StandardCode::ReadNotes);
@@ -53,14 +53,26 @@ TEST_F(BadTexts, NothingBehindAZeroByteIsLost) {
     EXPECT_EQ(Shown(bytes), "first second third");
     user->Restore(Editor("Note"));
     user->CloseBox(Editor("Note"));
-    EXPECT_EQ(FileOf("Note"), FileWith("first second third"));
+    EXPECT_EQ(FileOf("Note"), bytes);
+    EXPECT_EQ(Shown(bytes), "first second third");
+    user->Restore(Editor("Note"));
+    user->Type(Editor("Note").txtNote, "first second third!");
+    user->CloseBox(Editor("Note"));
+    EXPECT_EQ(FileOf("Note"), FileWith("first second third!"));
 }
 
 TEST_F(BadTexts, NothingBehindAZeroByteOfARecoveryCopyIsLost) {
-    files.PutFile("C:\\Jotwright\\Notes\\~Note.recovery",
-                  "Jotwright recovery copy\r\n4\r\nNote\r\nfirst\0second"s);
+    MakeNote("Note", "first_second");
+    Advance(2000);
+    const std::string copy = "C:\\Jotwright\\Notes\\~Note.recovery";
+    std::string bytes = files.Peek(copy).value_or("");
+    ASSERT_NE(bytes.find('_'), std::string::npos);
+    bytes[bytes.find('_')] = '\0';
+    RestartProgram();
+    files.PutFile(copy, bytes);
     Start(StandardCode::ReadNotes);
-    EXPECT_EQ(Editor("Note").txtNote.text(), "first second");
+    // Another program has changed the copy: it is no longer sure which note it is of.
+    EXPECT_EQ(Editor("Note (recovered)").txtNote.text(), "first second");
 }
 
 TEST_F(BadTexts, EveryLineBreakIsShownAndKept) {
@@ -72,7 +84,12 @@ TEST_F(BadTexts, EveryLineBreakIsShownAndKept) {
     EXPECT_EQ(files.Names("C:\\Jotwright\\Notes"), std::vector<std::string>{"Note.txt"});
     user->Restore(Editor("Note"));
     user->CloseBox(Editor("Note"));
-    EXPECT_EQ(FileOf("Note"), FileWith("a\r\nb\r\n\r\nc\r\n"));
+    EXPECT_EQ(FileOf("Note"), FileWith("a\r\nb\n\rc\r"));
+    EXPECT_EQ(Shown(*FileOf("Note")), "a\r\nb\r\n\r\nc\r\n");
+    user->Restore(Editor("Note"));
+    user->Type(Editor("Note").txtNote, "a\r\nb");
+    user->CloseBox(Editor("Note"));
+    EXPECT_EQ(FileOf("Note"), FileWith("a\r\nb"));
 }
 
 TEST_F(BadTexts, TheAlarmDisplayShowsEveryLineBreak) {
@@ -84,33 +101,34 @@ TEST_F(BadTexts, TheAlarmDisplayShowsEveryLineBreak) {
     EXPECT_EQ(StandardCode::LastDisplay()->lblNoteText.text(), "a\r\nb");
 }
 
-// A text with a double quote is written as it stands and cannot be read: the file stays as the user
-// has saved it, and so does the window.
-TEST_F(BadTexts, QuotesCostNoFile) {
+// A text with double quotes is written as it stands, and is found whole again by the fields that
+// follow it; no other note is touched.
+TEST_F(BadTexts, QuotesComeBackAndTheAlarmRings) {
+    const std::string tail = ",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
     for (const std::string& text : std::vector<std::string>{
-             "He said \"no\"", "\"", "5\" pipe", "x\" \"", "\"\"", "a\",", "\",#", "\"\r\n\""}) {
+             "He said \"no\"", "\"", "5\" pipe", "x\" \"", "\"\"", "a\",", "\",#", "\"\r\n\"",
+             "\"a\",\"b\"", "\"" + tail, "\"" + tail + "more"}) {
+        PutNote(Record("A before", "untouched"));
+        PutNote(Record("Z behind", "untouched"));
         frmNote& note = MakeNote("Note", text);
-        stage->improvise.box = [](const forms::BoxRequest& request) {
-            EXPECT_TRUE(request.caption == "Error Loading Notes Array" ||
-                        request.caption == "Error Loading File")
-                << request.caption << request.text;
-            return forms::BoxResult::Ok;
-        };
+        user->Pick(note.dtTime, forms::DateTime::FromTime(9, 1, 0));
+        user->Click(note.cmdAlarm);
         Start([&note] { note.WriteNote(); });
-        EXPECT_EQ(note.txtNote.text(), text);
-        const std::string bytes =
-            "\"Note\",\"" + text + "\",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
-        EXPECT_EQ(FileOf("Note"), bytes);
+        EXPECT_EQ(FileOf("Note"),
+                  "\"Note\",\"" + text + "\",#2004-05-14#,#09:01:00#,1,12,\"1\",0,\"yes\"\r\n");
+        EXPECT_EQ(StandardCode::Shared().NoteCount, 3);
         RestartProgram();
-        stage->improvise.box = [](const forms::BoxRequest& request) {
-            EXPECT_EQ(request.caption, "Error Loading File");
-            return forms::BoxResult::Ok;
-        };
+        SetNow(2004, 5, 14, 9, 0, 0);
         Start(StandardCode::ReadNotes);
-        EXPECT_EQ(FileOf("Note"), bytes) << text;
+        EXPECT_EQ(Editor("Note").txtNote.text(), text);
+        EXPECT_EQ(StandardCode::NoteTitles(),
+                  (std::vector<std::string>{"A before", "Note", "Z behind"}));
+        Advance(61'000);
+        EXPECT_EQ(Editor("Note").cmdAlarm.caption(), "&Set Alarm");
         EXPECT_TRUE(files.RecycleBin().empty()) << text;
         RestartProgram();
         files.Remove(PathOf("Note"));
+        SetNow(2004, 5, 14, 9, 0, 0);
     }
 }
 

@@ -44,11 +44,11 @@ TEST_F(BadTitles, WhatIsNoFileNameIsReportedAndTheTextStays) {
                  }
                  return emoji;
              }()}) {
-        ASSERT_TRUE(TitleRules::Check(title, StandardCode::Shared().NotesArray).IsAccepted());
+        ASSERT_TRUE(TitleRules::Check(title, false).IsAccepted());
         frmNote& note = MakeNote(title, "typed");
         ExpectWriteError(badName);
         user->CloseBox(note);
-        ASSERT_TRUE(StandardCode::IsNoteOpen(title)) << title;
+        ASSERT_TRUE(testing_support::IsNoteOpen(title)) << title;
         EXPECT_TRUE(note.IsVisible());
         EXPECT_EQ(note.txtNote.text(), "typed");
         EXPECT_TRUE(FilesOfNotes().empty()) << title;
@@ -58,7 +58,7 @@ TEST_F(BadTitles, WhatIsNoFileNameIsReportedAndTheTextStays) {
         stage->improvise.box = [](const forms::BoxRequest&) { return forms::BoxResult::Yes; };
         user->Click(note.tlbMain, "Erase");
         stage->improvise.box = nullptr;
-        ASSERT_FALSE(StandardCode::IsNoteOpen(title)) << title;
+        ASSERT_FALSE(testing_support::IsNoteOpen(title)) << title;
     }
     EXPECT_EQ(FilesAround(), around);
 }
@@ -93,7 +93,7 @@ TEST_F(BadTitles, WhatOnlyLooksStrangeIsSavedUnderItsOwnName) {
     };
     for (const std::string& title : titles) {
         user->CloseBox(MakeNote(title, "text of " + title));
-        EXPECT_FALSE(StandardCode::IsNoteOpen(title)) << title;
+        EXPECT_FALSE(testing_support::IsNoteOpen(title)) << title;
     }
     EXPECT_EQ(FilesOfNotes().size(), titles.size());
     RestartProgram();
@@ -118,34 +118,23 @@ TEST_F(BadTitles, ATitleInAFileNamesNoFileElsewhere) {
                        "CON"};
     for (const std::string& title : titles) {
         files.PutFile(PathOf("strange"), NoteFile::Encode(Record(title, "text")));
-        const std::string before = *FileOf("strange");
         Start(StandardCode::ReadNotes);
         frmNote& note = Editor(title);
         user->Restore(note);
         user->Type(note.txtNote, "typed");
         const Names around = FilesAround();
-        if (title != ".") {
-            stage->improvise.box = [&title](const forms::BoxRequest& request) {
-                EXPECT_EQ(request.caption, "WriteNote Sub Error") << title;
-                return forms::BoxResult::Ok;
-            };
-            user->CloseBox(note);
-            ASSERT_TRUE(StandardCode::IsNoteOpen(title)) << title;
-            EXPECT_EQ(note.txtNote.text(), "typed");
-            EXPECT_EQ(FilesOfNotes(), Names{"strange.txt"}) << title;
-        } else {
-            user->CloseBox(note);  // "..txt" is a name like any other
-            EXPECT_EQ(FilesOfNotes(), (Names{"..txt", "strange.txt"}));
-        }
-        EXPECT_EQ(FileOf("strange"), before);
+        user->CloseBox(note);
+        // The note stays in the file that it came from.
+        EXPECT_EQ(FileOf("strange"), NoteFile::Encode(Record(title, "typed"))) << title;
+        EXPECT_EQ(FilesOfNotes(), Names{"strange.txt"}) << title;
         EXPECT_EQ(FilesAround(), around) << title;
-        files.Remove(PathOf("."));
         RestartProgram();
     }
 }
 
 TEST_F(BadTitles, ErasingByAStrangeTitleErasesNothingElse) {
     files.PutFile("C:\\Jotwright\\kept.txt", "kept");
+    const auto fresh = files;
     for (const char* title : {"..\\kept", "C:\\Jotwright\\kept"}) {
         files.PutFile(PathOf("strange"), NoteFile::Encode(Record(title, "text")));
         Start(StandardCode::ReadNotes);
@@ -153,8 +142,9 @@ TEST_F(BadTitles, ErasingByAStrangeTitleErasesNothingElse) {
         user->Restore(Editor(title));
         user->Click(Editor(title).tlbMain, "Erase");
         EXPECT_EQ(files.Peek("C:\\Jotwright\\kept.txt"), "kept");
-        EXPECT_EQ(FilesOfNotes(), Names{"strange.txt"});
-        EXPECT_TRUE(files.RecycleBin().empty());
+        EXPECT_TRUE(FilesOfNotes().empty());
+        EXPECT_EQ(files.RecycleBin(), Names{PathOf("strange")});
+        files = fresh;
         RestartProgram();
     }
 }

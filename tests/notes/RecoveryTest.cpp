@@ -1,5 +1,7 @@
+#include <algorithm>
+
 #include "forms/Gestures.h"
-#include "notes/Recovery.h"
+#include "notes/RecoveryCopy.h"
 #include "tests/support/NoteProgram.h"
 
 // Text that was typed and not saved outlives a program that is killed.
@@ -170,7 +172,7 @@ TEST_F(RecoveryTest, TwoNewNotesOfOneTitleBothComeBack) {
     EXPECT_EQ(texts, (Names{"first", "second"}));
 }
 
-TEST_F(RecoveryTest, OfTwoNotesInOneFileTheOneSavedFirstIsKept) {
+TEST_F(RecoveryTest, OfTwoNotesInOneFileBothAreKept) {
     frmNote& first = MakeNote("Twin", "first");
     Start([&first] { first.WriteNote(); });
     Start([] { StandardCode::CreateNote("twin"); });
@@ -181,7 +183,7 @@ TEST_F(RecoveryTest, OfTwoNotesInOneFileTheOneSavedFirstIsKept) {
     Advance(2000);
     KillAndStartAgain();
     EXPECT_EQ(Editor("twin").txtNote.text(), "second");
-    EXPECT_EQ(Editor("Twin").txtNote.text(), "first");
+    EXPECT_EQ(Editor("Twin (recovered)").txtNote.text(), "first");
 }
 
 TEST_F(RecoveryTest, ACopyThatSomebodyRemovesIsWrittenAgain) {
@@ -270,7 +272,7 @@ TEST_F(RecoveryTest, ACopyOfWhatWasSavedAfterAllIsNoEdit) {
     user->Restore(note);
     StandardCode::Shared().ControlPanelMode = true;
     user->CloseBox(note);
-    EXPECT_FALSE(StandardCode::IsNoteOpen("Dentist"));
+    EXPECT_FALSE(testing_support::IsNoteOpen("Dentist"));
 }
 
 TEST_F(RecoveryTest, AKillAtAnyStepOfTheCopyLosesOnlyTheLastSeconds) {
@@ -296,6 +298,169 @@ TEST_F(RecoveryTest, AKillAtAnyStepOfTheCopyLosesOnlyTheLastSeconds) {
             EXPECT_TRUE(text == "first" || text == "second") << step << ": " << text;
         }
     }
+}
+
+TEST_F(RecoveryTest, AnAlarmAColorAndASizeThatWereNotSavedComeBackAndTheAlarmRings) {
+    PutNote(Record("Dentist", "text"));
+    Start(StandardCode::ReadNotes);
+    frmNote& note = Editor("Dentist");
+    user->Restore(note);
+    user->Pick(note.dtTime, forms::DateTime::FromTime(9, 1, 0));
+    user->Click(note.chkAudioAlarm);
+    user->Click(note.cmdAlarm);
+    forms::gestures::Choose(note.mnuBlue);
+    forms::gestures::Choose(note.mnu16);
+    Advance(2000);
+    KillAndStartAgain();
+    frmNote& again = Editor("Dentist");
+    EXPECT_EQ(again.cmdAlarm.caption(), "&Turn Off Alarm");
+    EXPECT_EQ(again.lblClock.caption(), "9:01:00 AM");
+    EXPECT_TRUE(again.mnuBlue.checked());
+    EXPECT_TRUE(again.mnu16.checked());
+    EXPECT_EQ(again.chkAudioAlarm.value(), 1);
+    EXPECT_EQ(Saved("Dentist").AlarmState, "0");
+    stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", forms::BoxIcon::None,
+                     forms::BoxButtons::Ok, BoxResult::Ok);
+    Advance(60'000);
+}
+
+TEST_F(RecoveryTest, AnAlarmThatWasTurnedOffAndNotSavedStaysOff) {
+    auto record = Record("Dentist", "text");
+    record.AlarmState = "1";
+    record.AlarmTime = forms::DateTime::FromTime(9, 1, 0);
+    PutNote(record);
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("Dentist"));
+    user->Click(Editor("Dentist").cmdAlarm);
+    Advance(2000);
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Set Alarm");
+    Advance(60'000);
+    EXPECT_EQ(Editor("Dentist").fraAlarm.caption(), " Schedule Alarm ");
+}
+
+TEST_F(RecoveryTest, AnAlarmThatRangNeedsNoCopy) {
+    auto record = Record("Dentist", "text");
+    record.AlarmState = "1";
+    record.AlarmTime = forms::DateTime::FromTime(9, 0, 5);
+    PutNote(record);
+    Start(StandardCode::ReadNotes);
+    Advance(10'000);
+    EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Set Alarm");
+    EXPECT_EQ(FilesOfNotes(), Names{"Dentist.txt"});
+}
+
+// A scanner holds the copy while the note is saved and closed; the copy then says less than the
+// file.
+TEST_F(RecoveryTest, ACopyThatCouldNotBeRemovedNeverTakesThePlaceOfASavedText) {
+    PutNote(Record("Dentist", "old"));
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("Dentist"));
+    user->Type(Editor("Dentist").txtNote, "first half");
+    Advance(2000);
+    const std::string copy = "C:\\Jotwright\\Notes\\~Dentist.recovery";
+    ASSERT_TRUE(files.Peek(copy).has_value());
+    files.SetDenied(copy, true);
+    user->Type(Editor("Dentist").txtNote, "first half, second half");
+    user->CloseBox(Editor("Dentist"));
+    files.SetDenied(copy, false);
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "first half, second half");
+    EXPECT_EQ(Editor("Dentist (recovered)").txtNote.text(), "first half");
+    while (!StandardCode::NoteTitles().empty()) {
+        user->CloseBox(Editor(StandardCode::NoteTitles().front()));
+    }
+    EXPECT_EQ(Saved("Dentist").Text, "first half, second half");
+    EXPECT_EQ(Saved("Dentist (recovered)").Text, "first half");
+    EXPECT_EQ(FilesOfNotes(), (Names{"Dentist (recovered).txt", "Dentist.txt"}));
+}
+
+TEST_F(RecoveryTest, ACopyOfAnOlderFileComesUpBesideTheNote) {
+    PutNote(Record("Dentist", "old"));
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("Dentist"));
+    user->Type(Editor("Dentist").txtNote, "typed");
+    Advance(2000);
+    RestartProgram();
+    PutNote(Record("Dentist", "by another machine"));
+    Start(StandardCode::ReadNotes);
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "by another machine");
+    EXPECT_EQ(Editor("Dentist").windowState(), forms::WindowState::Minimized);
+    EXPECT_EQ(Editor("Dentist (recovered)").txtNote.text(), "typed");
+    EXPECT_EQ(Editor("Dentist (recovered)").windowState(), forms::WindowState::Normal);
+    // Killed once more before it is saved, it comes back under its new name.
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("Dentist (recovered)").txtNote.text(), "typed");
+    EXPECT_EQ(StandardCode::NoteTitles().size(), 2U);
+}
+
+TEST_F(RecoveryTest, ANewNoteWhoseTitleWasTakenMeanwhileComesUpBesideTheOther) {
+    MakeNote("Dentist", "typed");
+    Advance(2000);
+    RestartProgram();
+    PutNote(Record("Dentist", "by another machine"));
+    Start(StandardCode::ReadNotes);
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "by another machine");
+    EXPECT_EQ(Editor("Dentist (recovered)").txtNote.text(), "typed");
+}
+
+TEST_F(RecoveryTest, ACopyOfAProgramThatRunsIsLeftAlone) {
+    PutNote(Record("Dentist", "old"));
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("Dentist"));
+    user->Type(Editor("Dentist").txtNote, "typed");
+    Advance(2000);
+    // Another program on the same folder.
+    files.SetLocked("C:\\Jotwright\\Notes\\~Jotwright-" + system.instanceId + ".lock", true);
+    const std::string first = system.instanceId;
+    system.instanceId = "000000000000000b";
+    const auto before = files.Peek("C:\\Jotwright\\Notes\\~Dentist.recovery");
+    RestartProgram();
+    files.SetLocked("C:\\Jotwright\\Notes\\~Jotwright-" + first + ".lock", true);
+    Start(StandardCode::ReadNotes);
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "old");
+    user->Restore(Editor("Dentist"));
+    user->Type(Editor("Dentist").txtNote, "typed here");
+    Advance(2000);
+    EXPECT_EQ(files.Peek("C:\\Jotwright\\Notes\\~Dentist.recovery"), before);
+    EXPECT_EQ(FilesOfNotes().size(), 3U);
+}
+
+TEST_F(RecoveryTest, ATornCopyComesUpBesideTheNote) {
+    PutNote(Record("Dentist", "saved"));
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("Dentist"));
+    user->Type(Editor("Dentist").txtNote, "typed before the power went");
+    Advance(2000);
+    const std::string copy = "C:\\Jotwright\\Notes\\~Dentist.recovery";
+    std::string bytes = files.Peek(copy).value_or("");
+    RestartProgram();
+    const std::size_t torn = bytes.find(" before");
+    ASSERT_NE(torn, std::string::npos);
+    std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(torn), bytes.end(), '\0');
+    files.PutFile(copy, bytes);
+    Start(StandardCode::ReadNotes);
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "saved");
+    EXPECT_TRUE(Editor("Dentist (recovered)").txtNote.text().starts_with("typed"));
+}
+
+TEST_F(RecoveryTest, CopiesAreNotFlushedAndWrittenAtMostEveryTwoSeconds) {
+    frmNote& note = MakeNote("Dentist", "typed");
+    Advance(2000);
+    const int flushes = files.Flushes();
+    files.ClearLog();
+    std::string text = "typed";
+    for (int tenths = 0; tenths < 200; ++tenths) {
+        text += 'x';
+        user->Type(note.txtNote, text);
+        Advance(100);
+    }
+    int copies = 0;
+    for (const std::string& entry : files.Log()) {
+        copies += entry.starts_with("replace ") ? 1 : 0;
+    }
+    EXPECT_EQ(copies, 10);
+    EXPECT_EQ(files.Flushes(), flushes);
 }
 
 }  // namespace

@@ -34,7 +34,7 @@ TEST_F(RestoreNotesTest, EveryNoteComesBackMinimised) {
     PutNote(Record("Beta", "second"));
     PutNote(Record("Alpha", "first"));
     Restore();
-    EXPECT_EQ(Shared().NoteTitles, (std::vector<std::string>{"Alpha", "Beta"}));
+    EXPECT_EQ(StandardCode::NoteTitles(), (std::vector<std::string>{"Alpha", "Beta"}));
     for (const char* title : {"Alpha", "Beta"}) {
         frmNote& note = Editor(title);
         EXPECT_TRUE(note.IsVisible());
@@ -165,8 +165,8 @@ TEST_F(RestoreNotesTest, ATitleThatDiffersFromTheFileNameIsTheNotes) {
     frmNote& note = Editor("title");
     user->Restore(note);
     user->CloseBox(note);
-    EXPECT_TRUE(FileOf("title").has_value());
-    EXPECT_TRUE(FileOf("file").has_value());
+    EXPECT_FALSE(FileOf("title").has_value());
+    EXPECT_EQ(FileOf("file"), NoteFile::Encode(Record("title", "text")));
 }
 
 TEST_F(RestoreNotesTest, ADamagedFileEndsTheRestoring) {
@@ -175,10 +175,10 @@ TEST_F(RestoreNotesTest, ADamagedFileEndsTheRestoring) {
     PutNote(Record("Gamma", ""));
     ExpectLoadError("Input past end of file");
     Restore();
-    EXPECT_TRUE(StandardCode::IsNoteOpen("Alpha"));
+    EXPECT_TRUE(testing_support::IsNoteOpen("Alpha"));
     EXPECT_EQ(Editor("Alpha").windowState(), WindowState::Minimized);
-    EXPECT_FALSE(StandardCode::IsNoteOpen("Beta"));
-    EXPECT_FALSE(StandardCode::IsNoteOpen("Gamma"));
+    EXPECT_FALSE(testing_support::IsNoteOpen("Beta"));
+    EXPECT_FALSE(testing_support::IsNoteOpen("Gamma"));
     EXPECT_TRUE(FileOf("Beta").has_value());
 }
 
@@ -200,7 +200,7 @@ TEST_F(RestoreNotesTest, AMissingAlarmIconEndsTheRestoring) {
     files.Remove("C:\\Jotwright\\alarmon.ico");
     ExpectLoadError("File not found");
     Restore();
-    EXPECT_FALSE(StandardCode::IsNoteOpen("Beta"));
+    EXPECT_FALSE(testing_support::IsNoteOpen("Beta"));
 }
 
 TEST_F(RestoreNotesTest, AMissingAlarmIconDoesNotCostTheAlarm) {

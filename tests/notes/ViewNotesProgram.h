@@ -7,8 +7,11 @@
 
 #include "app/StandardCode.h"
 #include "notes/NoteFile.h"
+#include "notes/NoteStore.h"
+#include "notes/RestoreNotes.h"
 #include "notes/frmNote.h"
 #include "notes/frmViewNotes.h"
+#include "tests/support/OpenNotes.h"
 #include "tests/support/TestProgram.h"
 
 namespace testing_support {

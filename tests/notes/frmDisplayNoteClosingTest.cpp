@@ -5,7 +5,7 @@
 
 #include "app/StandardCode.h"
 #include "forms/Gestures.h"
-#include "notes/NotesArray.h"
+#include "notes/NoteStore.h"
 #include "notes/frmDisplayNote.h"
 #include "tests/support/TestProgram.h"
 
@@ -196,19 +196,19 @@ TEST_F(DisplayClosing, ATextOutsideTheCodePageIsKeptWhole) {
     EXPECT_EQ(Shared().NotesArray[1].Text, text);
 }
 
-TEST_F(DisplayClosing, BlanksAroundTheTitleGoIntoTheFilesNameOnly) {
+TEST_F(DisplayClosing, BlanksAroundTheTitleAreTrimmedInTheFile) {
     // The title field, not the file's name, is what the display shows.
     const auto display =
         Open("\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n", dentist);
     ASSERT_EQ(display->caption(), " Dentist");
     ExpectQuestion(BoxResult::No);
     user->CloseBox(*display);
-    EXPECT_EQ(files.Names(notes), std::vector<std::string>{" Dentist.txt"});
-    EXPECT_EQ(files.Peek(notes + "\\ Dentist.txt"),
+    EXPECT_EQ(files.Names(notes), std::vector<std::string>{"Dentist.txt"});
+    EXPECT_EQ(files.Peek(dentist),
               "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(DisplayClosing, TheTrimmedTitlesFileStaysWhereItsReplacementFailed) {
+TEST_F(DisplayClosing, TheFileStaysIfItsReplacementFailed) {
     const std::string content =
         "\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
     const auto display = Open(content);
@@ -220,13 +220,14 @@ TEST_F(DisplayClosing, TheTrimmedTitlesFileStaysWhereItsReplacementFailed) {
     EXPECT_EQ(files.Peek(dentist), content);
 }
 
-TEST_F(DisplayClosing, LooksForTheTrimmedTitleOnly) {
+TEST_F(DisplayClosing, AsksAboutTheFileThatTheNoteCameFrom) {
     const auto display =
         Open("\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n",
              notes + "\\ Dentist.txt");
+    ExpectQuestion(BoxResult::Yes);
     user->CloseBox(*display);
     EXPECT_FALSE(display->IsLoaded());
-    EXPECT_EQ(files.Names(notes), std::vector<std::string>{" Dentist.txt"});
+    EXPECT_TRUE(files.Names(notes).empty());
 }
 
 TEST_F(DisplayClosing, ResetsTheAnswer) {

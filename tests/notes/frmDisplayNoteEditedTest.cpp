@@ -93,7 +93,8 @@ TEST_F(EditedUnderItsDisplay, WhatIsTypedIntoTheDisplayIsSavedAndTheEditorsTextI
     Advance(2000);
     RestartProgram();
     Start(StandardCode::ReadNotes);
-    EXPECT_EQ(Editor("Dentist").txtNote.text(), "of the editor");
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "of the display");
+    EXPECT_EQ(Editor("Dentist (recovered)").txtNote.text(), "of the editor");
 }
 
 TEST_F(EditedUnderItsDisplay, ErasingTheNoteLeavesTheEditorsTextInACopy) {

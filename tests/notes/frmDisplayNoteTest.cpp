@@ -7,7 +7,7 @@
 #include "app/Grid.h"
 #include "app/StandardCode.h"
 #include "forms/Gestures.h"
-#include "notes/NotesArray.h"
+#include "notes/NoteStore.h"
 #include "notes/frmDisplayNote.h"
 #include "tests/support/TestProgram.h"
 

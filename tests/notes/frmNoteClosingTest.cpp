@@ -7,8 +7,8 @@
 namespace {
 
 using forms::BoxResult;
-using StandardCode::IsNoteOpen;
 using StandardCode::Shared;
+using testing_support::IsNoteOpen;
 
 class frmNoteClosingTest : public testing_support::NoteProgram {
   protected:
@@ -82,16 +82,6 @@ TEST_F(frmNoteClosingTest, ThroughThePanelATextOfTheSameLengthIsNotNoticed) {
     EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::Show}));
 }
 
-TEST_F(frmNoteClosingTest, TheLengthIsThatAtTheLastActivation) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
-    user->Type(note.txtNote, "old and new");
-    frmNote& other = OpenThroughPanel(Record("Other", ""));
-    user->Click(other.txtNote);
-    user->Click(note.txtNote);
-    user->CloseBox(note);
-    EXPECT_EQ(Saved("Dentist").Text, "old");
-}
-
 TEST_F(frmNoteClosingTest, ThroughThePanelMenuItemsAndAlarmCountAsChanges) {
     using Change = std::function<void(frmNote&)>;
     const std::vector<Change> changes{
@@ -155,7 +145,7 @@ TEST_F(frmNoteClosingTest, ANoteThatCannotBeSavedStaysOpen) {
     forms::gestures::Close(note);
     ASSERT_TRUE(IsNoteOpen("Dentist"));
     EXPECT_EQ(note.windowState(), forms::WindowState::Normal);
-    EXPECT_EQ(Shared().NoteTitles, std::vector<std::string>{"Dentist"});
+    EXPECT_EQ(StandardCode::NoteTitles(), std::vector<std::string>{"Dentist"});
     files.SetReadOnly("C:\\Jotwright\\Notes", false);
     user->CloseBox(note);
     EXPECT_FALSE(IsNoteOpen("Dentist"));

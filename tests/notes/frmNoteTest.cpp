@@ -290,11 +290,9 @@ TEST_F(frmNoteTest, TheHundredthNoteReachesTheMaximum) {
     frmNote& first = MakeNote("One more");
     Start([&first] { first.WriteNote(); });
     EXPECT_EQ(Shared().NoteCount, 99);
-    EXPECT_EQ(maximumReached, 0);
     frmNote& second = MakeNote("The last");
     Start([&second] { second.WriteNote(); });
     EXPECT_EQ(Shared().NoteCount, 100);
-    EXPECT_EQ(maximumReached, 1);
 }
 
 TEST_F(frmNoteTest, ToolbarHelpAndAboutAskTheMainWindow) {
@@ -321,21 +319,21 @@ TEST_F(frmNoteTest, NoteTitlesListsTheOpenEditors) {
     MakeNote("First");
     frmNote& second = MakeNote("Second");
     MakeNote("Third");
-    EXPECT_EQ(Shared().NoteTitles, (Texts{"First", "Second", "Third"}));
+    EXPECT_EQ(StandardCode::NoteTitles(), (Texts{"First", "Second", "Third"}));
     user->CloseBox(second);
-    EXPECT_EQ(Shared().NoteTitles, (Texts{"First", "Third"}));
-    EXPECT_TRUE(StandardCode::IsNoteOpen("First"));
-    EXPECT_FALSE(StandardCode::IsNoteOpen("Second"));
-    EXPECT_FALSE(StandardCode::IsNoteOpen("first"));
+    EXPECT_EQ(StandardCode::NoteTitles(), (Texts{"First", "Third"}));
+    EXPECT_TRUE(testing_support::IsNoteOpen("First"));
+    EXPECT_FALSE(testing_support::IsNoteOpen("Second"));
+    EXPECT_FALSE(testing_support::IsNoteOpen("first"));
 }
 
 TEST_F(frmNoteTest, OneOfTwoNotesOfATitleLeavesTheOtherListed) {
     frmNote& first = MakeNote("Twin");
     Start([] { StandardCode::CreateNote("Twin"); });
-    EXPECT_EQ(Shared().NoteTitles, (Texts{"Twin", "Twin"}));
+    EXPECT_EQ(StandardCode::NoteTitles(), (Texts{"Twin", "Twin"}));
     user->CloseBox(first);
-    EXPECT_EQ(Shared().NoteTitles, Texts{"Twin"});
-    EXPECT_TRUE(StandardCode::IsNoteOpen("Twin"));
+    EXPECT_EQ(StandardCode::NoteTitles(), Texts{"Twin"});
+    EXPECT_TRUE(testing_support::IsNoteOpen("Twin"));
 }
 
 TEST_F(frmNoteTest, TheDefaultEditorHoldsNoNote) {
@@ -354,8 +352,8 @@ TEST_F(frmNoteTest, TheDefaultEditorHoldsNoNote) {
         Start([] { EXPECT_TRUE(forms::Default<frmNote>().Unload()); });
         EXPECT_TRUE(panel.empty());
     }
-    EXPECT_TRUE(Shared().NoteTitles.empty());
-    EXPECT_FALSE(StandardCode::IsNoteOpen("Note"));
+    EXPECT_TRUE(StandardCode::NoteTitles().empty());
+    EXPECT_FALSE(testing_support::IsNoteOpen("Note"));
     EXPECT_EQ(files.Names("C:\\Jotwright\\Notes"), Texts{"Note.txt"});
     EXPECT_EQ(files.Peek("C:\\Jotwright\\Notes\\Note.txt"), "mine");
 }

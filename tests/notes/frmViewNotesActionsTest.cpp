@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "notes/CreateNote.h"
-#include "notes/NotesArray.h"
+#include "notes/NoteStore.h"
 #include "notes/OpenNote.h"
 #include "notes/RestoreNotes.h"
 #include "notes/frmViewNotes.h"
@@ -35,7 +35,7 @@ TEST_F(ViewNotes, EditOpensTheSelectedNote) {
     CloseNote(*note);
 }
 
-TEST_F(ViewNotes, EditOfATitleHeldTwiceOpensTheFirst) {
+TEST_F(ViewNotes, EditOfATitleHeldTwiceOpensTheSelectedNote) {
     Put("One", Note("Same"));
     StandardCode::NoteRecord second = Note("Same");
     second.Text = "second";
@@ -44,27 +44,27 @@ TEST_F(ViewNotes, EditOfATitleHeldTwiceOpensTheFirst) {
     user->Select(Panel().lvwNotes, 1);
     user->Click(Panel().cmdEdit);
     ASSERT_TRUE(StandardCode::CurrentNote());
-    EXPECT_EQ(StandardCode::CurrentNote()->txtNote.text(), "Text of Same");
+    EXPECT_EQ(StandardCode::CurrentNote()->txtNote.text(), "second");
     CloseNote(*StandardCode::CurrentNote());
 }
 
 TEST_F(ViewNotes, EditOfANoteThatIsOpenBringsItsEditorUp) {
     Put("Milk");
     Start([] { StandardCode::ReadNotes(); });
-    const auto note = StandardCode::FindOpenNote("Milk");
+    auto* note = testing_support::FindOpenNote("Milk");
     user->Restore(*note);
     user->Type(note->txtNote, "typed and not saved");
     user->Minimize(*note);
     Open();
     user->Select(Panel().lvwNotes, 0);
     user->Click(Panel().cmdEdit);
-    EXPECT_EQ(StandardCode::CurrentNote(), note);
+    EXPECT_EQ(StandardCode::CurrentNote().get(), note);
     EXPECT_EQ(note->windowState(), forms::WindowState::Normal);
     EXPECT_EQ(note->txtNote.text(), "typed and not saved");
     EXPECT_TRUE(note->mnuHide.enabled());
     EXPECT_FALSE(note->mnuShow.enabled());
     EXPECT_FALSE(IsOpen());
-    EXPECT_EQ(Shared().NoteTitles, std::vector<std::string>{"Milk"});
+    EXPECT_EQ(StandardCode::NoteTitles(), std::vector<std::string>{"Milk"});
     CloseNotes();
 }
 
@@ -124,9 +124,9 @@ TEST_F(ViewNotes, OpenAllShowsEveryOpenNoteAtNormalSize) {
     Put("Milk");
     Put("Shopping");
     Start([] { StandardCode::ReadNotes(); });
-    ASSERT_EQ(Shared().NoteTitles.size(), 2U);
-    const auto milk = StandardCode::FindOpenNote("Milk");
-    const auto shopping = StandardCode::FindOpenNote("Shopping");
+    ASSERT_EQ(StandardCode::NoteTitles().size(), 2U);
+    auto* const milk = testing_support::FindOpenNote("Milk");
+    auto* const shopping = testing_support::FindOpenNote("Shopping");
     Start([&] { shopping->Hide(); });
     EXPECT_EQ(milk->windowState(), forms::WindowState::Minimized);
     Open();
@@ -151,8 +151,6 @@ TEST_F(ViewNotes, OpenAllLeavesClosedNotesClosed) {
 TEST_F(ViewNotes, OpenAllLeavesTheEditorWithoutANoteHidden) {
     Start([] { forms::Default<frmNote>().Load(); });
     frmNote& hidden = forms::Default<frmNote>();
-    // A note may have the title that stands in its design.
-    Shared().NoteTitles.push_back(hidden.caption);
     Put("Milk");
     Open();
     user->Click(Panel().cmdOpenAll);
@@ -291,7 +289,7 @@ TEST_F(ViewNotes, ARebuildDoesNotAllowWhatAnsweringNoHasShutOff) {
 TEST_F(ViewNotes, APanelThatWaitedHiddenShowsWhatWasSavedMeanwhile) {
     Raise(PanelAction::Reload);
     Start([] { StandardCode::CreateNote("Milk"); });
-    frmNote& note = *StandardCode::FindOpenNote("Milk");
+    frmNote& note = *testing_support::FindOpenNote("Milk");
     stage->ExpectBox("MILK has been saved.           ", "", BoxIcon::Information, BoxButtons::Ok,
                      BoxResult::Ok);
     user->Click(note.tlbMain, "Save");
@@ -312,7 +310,7 @@ TEST_F(ViewNotes, AListThatStaysTheSameIsNotDrawnAgain) {
 TEST_F(ViewNotes, TheHundredthNoteShowsInAPanelThatIsOpen) {
     PutMany(99);
     Start([] { StandardCode::CreateNote("The last"); });
-    frmNote& note = *StandardCode::FindOpenNote("The last");
+    frmNote& note = *testing_support::FindOpenNote("The last");
     Open();
     EXPECT_TRUE(Panel().cmdNew.enabled());
     stage->ExpectBox("THE LAST has been saved.           ", "", BoxIcon::Information,
@@ -328,7 +326,7 @@ TEST_F(ViewNotes, TheHundredthNoteShowsInAPanelThatIsOpen) {
 TEST_F(ViewNotes, AnEditorOfAnErasedNoteStaysAndSavesItAnew) {
     Put("Milk");
     Start([] { StandardCode::ReadNotes(); });
-    const auto note = StandardCode::FindOpenNote("Milk");
+    auto* note = testing_support::FindOpenNote("Milk");
     Open();
     user->Select(Panel().lvwNotes, 0);
     ExpectQuestion("MILK", BoxResult::Yes);

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "notes/NotesArray.h"
+#include "notes/NoteStore.h"
 #include "notes/frmViewNotes.h"
 #include "tests/notes/ViewNotesProgram.h"
 
@@ -161,32 +161,37 @@ TEST_F(ViewNotes, AHundredNotesAreTheMaximum) {
 
 TEST_F(ViewNotes, ErasingBelowTheMaximumAllowsNewNotesAgain) {
     PutMany(100);
-    int timesBelow = 0;
-    StandardCode::Events().BelowMaximum.Subscribe([&] { ++timesBelow; });
     Open();
     user->Select(Panel().lvwNotes, 41);
     ExpectQuestion("NOTE 1042", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
-    EXPECT_EQ(timesBelow, 1);
     EXPECT_TRUE(Panel().cmdNew.enabled());
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 99");
     EXPECT_EQ(Panel().lblTotalNotes.foreColor(), forms::black);
 }
 
-TEST_F(ViewNotes, ErasingAtTheMaximumStillAllowsNone) {
-    PutMany(100);
-    Put("Note 1001", Note("elsewhere"));
-    int timesBelow = 0;
-    StandardCode::Events().BelowMaximum.Subscribe([&] { ++timesBelow; });
+TEST_F(ViewNotes, ErasingOneOfAHundredAndOneStillAllowsNone) {
+    PutMany(101);
+    stage->ExpectBox("Error Number: 9) - Subscript out of range", "Error Loading Notes Array",
+                     forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
     Open();
+    EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 100 ( Maximum Reached )");
     user->Select(Panel().lvwNotes, 0);
-    // Its file is not named after its title, so nothing is found to delete.
-    ExpectQuestion("ELSEWHERE", BoxResult::Yes);
-    ExpectNothingSelected();
+    ExpectQuestion("NOTE 1001", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
-    EXPECT_EQ(timesBelow, 0);
     EXPECT_FALSE(Panel().cmdNew.enabled());
+    EXPECT_EQ(Panel().lblTotalNotes.foreColor(), red);
     EXPECT_EQ(files.Names(folder).size(), 100U);
+}
+
+TEST_F(ViewNotes, ANoteWhoseFileHasAnotherNameIsErased) {
+    Put("Note 1001", Note("elsewhere"));
+    Put("elsewhere else");
+    Open();
+    user->Select(Panel().lvwNotes, 1);
+    ExpectQuestion("ELSEWHERE", BoxResult::Yes);
+    user->Click(Panel().cmdRemove);
+    EXPECT_EQ(files.Names(folder), std::vector<std::string>{"elsewhere else.txt"});
 }
 
 TEST_F(ViewNotes, SelectingARowEnablesEditAndErase) {
@@ -286,7 +291,7 @@ TEST_F(ViewNotes, SavingWithThePanelOpenListsTheFolderOnceAndReadsOneFile) {
     files.ClearLog();
     StandardCode::NoteRecord changed = Note("Note 1050", "1");
     Start([&changed] {
-        StandardCode::SaveNoteFile(StandardCode::NotePath(changed.Title), changed);
+        StandardCode::Notes().Write(NoteStore::FileNameFor(changed.Title), changed);
         StandardCode::LoadNotesArray();
     });
     EXPECT_EQ(files.Listings() - before, 1);
@@ -303,7 +308,7 @@ TEST_F(ViewNotes, SavingWhatTheFileHoldsReadsOneFile) {
     Open();
     files.ClearLog();
     Start([] {
-        StandardCode::SaveNoteFile(StandardCode::NotePath("Note 1050"), Note("Note 1050"));
+        StandardCode::Notes().Write("Note 1050.txt", Note("Note 1050"));
         StandardCode::LoadNotesArray();
     });
     EXPECT_EQ(files.Log(), std::vector<std::string>{"read " + folder + "\\Note 1050.txt"});

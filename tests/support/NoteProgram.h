@@ -7,10 +7,11 @@
 #include "app/StandardCode.h"
 #include "notes/CreateNote.h"
 #include "notes/NoteFile.h"
-#include "notes/NotesArray.h"
+#include "notes/NoteStore.h"
 #include "notes/OpenNote.h"
 #include "notes/RestoreNotes.h"
 #include "notes/frmNote.h"
+#include "tests/support/OpenNotes.h"
 #include "tests/support/TestProgram.h"
 
 namespace testing_support {
@@ -56,7 +57,7 @@ class NoteProgram : public TestProgram {
 
     // The open editor with this title; fails the test and gives the hidden one where there is none.
     frmNote& Editor(const std::string& title) {
-        if (const auto note = StandardCode::FindOpenNote(title)) {
+        if (auto* note = FindOpenNote(title)) {
             return *note;
         }
         ADD_FAILURE() << "no editor is open for " << title;
@@ -117,7 +118,6 @@ class NoteProgram : public TestProgram {
     }
 
     std::vector<PanelAction> panel;
-    int maximumReached = 0;
     int helpShown = 0;
     int aboutShown = 0;
 
@@ -125,7 +125,6 @@ class NoteProgram : public TestProgram {
     void Listen() {
         auto& events = StandardCode::Events();
         events.ControlPanel.Subscribe([this](PanelAction action) { panel.push_back(action); });
-        events.MaximumReached.Subscribe([this] { ++maximumReached; });
         events.ShowHelp.Subscribe([this] { ++helpShown; });
         events.ShowAbout.Subscribe([this] { ++aboutShown; });
     }

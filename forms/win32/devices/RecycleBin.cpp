@@ -4,6 +4,7 @@
 #include <objbase.h>
 #include <shellapi.h>
 
+#include <algorithm>
 #include <string_view>
 
 #include "forms/win32/devices/Handle.h"
@@ -49,6 +50,30 @@ void WaitWithoutPosted(HANDLE thread) {
 }
 
 }  // namespace
+
+bool HasRecycleBin(const std::wstring& nativePath) {
+    const std::wstring path = ShellPath(nativePath);
+    wchar_t root[MAX_PATH]{};
+    if (::GetVolumePathNameW(path.c_str(), root, MAX_PATH) == 0 ||
+        ::GetDriveTypeW(root) != DRIVE_FIXED) {
+        return false;
+    }
+    wchar_t volume[MAX_PATH]{};
+    if (::GetVolumeNameForVolumeMountPointW(root, volume, MAX_PATH) == 0) {
+        return true;
+    }
+    // The user's choice for the volume bears the part of its name that stands in braces.
+    const std::wstring name = volume;
+    const std::size_t brace = std::min(name.find(L'{'), name.size());
+    const std::wstring key =
+        L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\BitBucket\\Volume\\" +
+        name.substr(brace, name.find(L'}') + 1 - brace);
+    DWORD isSwitchedOff = 0;
+    DWORD size = sizeof isSwitchedOff;
+    return ::RegGetValueW(HKEY_CURRENT_USER, key.c_str(), L"NukeOnDelete", RRF_RT_REG_DWORD,
+                          nullptr, &isSwitchedOff, &size) != ERROR_SUCCESS ||
+           isSwitchedOff == 0;
+}
 
 void MoveToRecycleBin(const std::wstring& nativePath) {
     std::wstring path = ShellPath(nativePath);

@@ -65,11 +65,13 @@ void Flush(HANDLE file, const std::wstring& nativePath) {
     }
 }
 
-// What a program that looks at every new file (a virus scanner, an indexer) causes.
-bool IsPassing(DWORD code) {
-    return code == ERROR_SHARING_VIOLATION || code == ERROR_LOCK_VIOLATION ||
-           code == ERROR_ACCESS_DENIED || code == ERROR_USER_MAPPED_FILE;
-}
+class WinFileLock : public FileLock {
+  public:
+    explicit WinFileLock(Handle lockedFile) : file(std::move(lockedFile)) {}
+
+  private:
+    Handle file;
+};
 
 }  // namespace
 
@@ -170,33 +172,35 @@ std::string WinFiles::Read(const std::string& path) {
     return bytes;
 }
 
-void WinFiles::WriteThrough(const std::string& path, const std::string& bytes) {
+void WinFiles::Write(const std::string& path, const std::string& bytes, WriteOptions options) {
     const std::wstring native = NativePath(path);
-    RefuseProtected(native);
+    if (!options.mustBeNew) {
+        RefuseProtected(native);
+    }
     const Handle file(::CreateFileW(native.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                    CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+                                    options.mustBeNew ? CREATE_NEW : CREATE_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) {
-        FailWith(::GetLastError(), native);
+        const DWORD code = ::GetLastError();
+        if (options.mustBeNew && (code == ERROR_FILE_EXISTS || code == ERROR_ALREADY_EXISTS)) {
+            throw RuntimeError(ErrorNumber::FileAlreadyExists);
+        }
+        FailWith(code, native);
     }
     WriteAll(file.get(), bytes, native);
-    Flush(file.get(), native);
+    if (options.durability == Durability::Flushed) {
+        Flush(file.get(), native);
+    }
 }
 
-void WinFiles::Replace(const std::string& from, const std::string& to) {
-    constexpr int pause = 20;  // milliseconds
-    constexpr int mostPauses = 5;
+void WinFiles::Replace(const std::string& from, const std::string& to, Durability durability) {
     const std::wstring source = NativePath(from);
     const std::wstring target = NativePath(to);
     CheckRemovable(source);
     RefuseProtected(target);
-    for (int pauses = 0; ::MoveFileExW(source.c_str(), target.c_str(),
-                                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0;
-         ++pauses) {
-        const DWORD code = ::GetLastError();
-        if (!IsPassing(code) || pauses == mostPauses) {
-            FailWith(code, target);
-        }
-        ::Sleep(pause);
+    const DWORD flushing = durability == Durability::Flushed ? MOVEFILE_WRITE_THROUGH : 0;
+    if (::MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | flushing) == 0) {
+        FailWith(::GetLastError(), target);
     }
 }
 
@@ -208,13 +212,23 @@ void WinFiles::Delete(const std::string& path) {
     }
 }
 
-void WinFiles::Recycle(const std::string& path) {
+bool WinFiles::Recycle(const std::string& path) {
     const std::wstring native = NativePath(path);
     CheckRemovable(native);
+    if (!HasRecycleBin(native)) {
+        return false;
+    }
     MoveToRecycleBin(native);
     if (FileExists(path)) {
-        Delete(path);
+        // Another program holds it, or the shell does not know such a path.
+        const Handle alone(
+            ::CreateFileW(native.c_str(), DELETE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+        if (!alone) {
+            FailWith(::GetLastError(), native);
+        }
+        return false;
     }
+    return true;
 }
 
 void WinFiles::Copy(const std::string& from, const std::string& to) {
@@ -228,6 +242,24 @@ void WinFiles::Copy(const std::string& from, const std::string& to) {
             attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
         FailWith(code, isFolder ? source : target);
     }
+}
+
+std::unique_ptr<FileLock> WinFiles::Lock(const std::string& path) {
+    const std::wstring native = NativePath(path);
+    Handle file(::CreateFileW(native.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE,
+                              FILE_SHARE_READ, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_HIDDEN,
+                              nullptr));
+    // Not every file server keeps share modes, but those of use keep locks.
+    OVERLAPPED start{};
+    if (!file || ::LockFileEx(file.get(), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1,
+                              0, &start) == 0) {
+        return nullptr;
+    }
+    // Only the holder of the lock may mark the file: it goes with the handle, however that is
+    // closed.
+    FILE_DISPOSITION_INFO disposition{TRUE};
+    ::SetFileInformationByHandle(file.get(), FileDispositionInfo, &disposition, sizeof disposition);
+    return std::make_unique<WinFileLock>(std::move(file));
 }
 
 }  // namespace forms::win32

@@ -16,13 +16,15 @@ class WinFiles : public FileSystem {
     std::vector<FileEntry> List(const std::string& folder, const std::string& suffix) override;
     std::string NameOnDisk(const std::string& path) override;
     std::string Read(const std::string& path) override;
-    void WriteThrough(const std::string& path, const std::string& bytes) override;
-    // Waits up to a tenth of a second for another program to let go of either file.
-    void Replace(const std::string& from, const std::string& to) override;
+    using FileSystem::Write;
+    void Write(const std::string& path, const std::string& bytes, WriteOptions options) override;
+    using FileSystem::Replace;
+    void Replace(const std::string& from, const std::string& to, Durability durability) override;
     void Delete(const std::string& path) override;
     // No message is handled meanwhile.
-    void Recycle(const std::string& path) override;
+    bool Recycle(const std::string& path) override;
     void Copy(const std::string& from, const std::string& to) override;
+    std::unique_ptr<FileLock> Lock(const std::string& path) override;
 };
 
 }  // namespace forms::win32

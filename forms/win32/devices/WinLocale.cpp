@@ -89,6 +89,16 @@ std::wstring ShortDatePicture(int year) {
     return result;
 }
 
+// The code page that files had before the system's was set to UTF-8.
+UINT CodePageOfLanguage() {
+    DWORD codePage = 0;
+    const int size =
+        ::GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
+                         reinterpret_cast<wchar_t*>(&codePage), sizeof codePage / sizeof(wchar_t));
+    constexpr DWORD western = 1252;
+    return size > 0 && codePage != 0 && codePage != CP_UTF8 ? codePage : western;
+}
+
 }  // namespace
 
 std::string WinLocale::ShortDate(DateTime value) {
@@ -128,7 +138,11 @@ std::optional<std::string> WinLocale::ToAnsi(const std::string& utf8) {
         return std::string();
     }
     if (::GetACP() == CP_UTF8) {
-        return ToValidUtf8(utf8) == utf8 ? std::optional(utf8) : std::nullopt;
+        // Other programs and other machines take bytes beyond ASCII for those of an older code
+        // page: such a text is to have a byte order mark.
+        const bool isAscii = std::all_of(
+            utf8.begin(), utf8.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+        return isAscii ? std::optional(utf8) : std::nullopt;
     }
     const std::wstring wide = Wide(utf8);
     const auto length = static_cast<int>(wide.size());
@@ -150,10 +164,17 @@ std::string WinLocale::FromAnsi(const std::string& bytes) {
     if (bytes.empty()) {
         return {};
     }
+    UINT codePage = ::GetACP();
+    if (codePage == CP_UTF8) {
+        if (ToValidUtf8(bytes) == bytes) {
+            return bytes;
+        }
+        codePage = CodePageOfLanguage();
+    }
     const auto length = static_cast<int>(bytes.size());
-    const int size = ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0);
+    const int size = ::MultiByteToWideChar(codePage, 0, bytes.data(), length, nullptr, 0);
     std::wstring wide(static_cast<std::size_t>(size), L'\0');
-    ::MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, wide.data(), size);
+    ::MultiByteToWideChar(codePage, 0, bytes.data(), length, wide.data(), size);
     return Narrow(wide);
 }
 

@@ -1,6 +1,9 @@
 #include "forms/win32/devices/WinSystem.h"
 
+#include <objbase.h>
+
 #include <algorithm>
+#include <cstdio>
 
 #include "forms/win32/Utf.h"
 
@@ -36,5 +39,22 @@ bool WinSystem::PreviousInstance() {
 }
 
 std::uint32_t WinSystem::Version() { return ::GetVersion() & 0xffffU; }
+
+std::string WinSystem::InstanceId() {
+    if (instanceId.empty()) {
+        GUID random{};
+        if (FAILED(::CoCreateGuid(&random))) {
+            random.Data1 = ::GetCurrentProcessId();
+            random.Data2 = static_cast<unsigned short>(::GetTickCount());
+        }
+        char digits[17]{};
+        std::snprintf(digits, sizeof digits, "%08lx%04x%04x",
+                      static_cast<unsigned long>(random.Data1), random.Data2, random.Data3);
+        instanceId = digits;
+    }
+    return instanceId;
+}
+
+void WinSystem::Pause(int milliseconds) { ::Sleep(static_cast<DWORD>(milliseconds)); }
 
 }  // namespace forms::win32

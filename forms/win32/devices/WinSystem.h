@@ -17,9 +17,12 @@ class WinSystem : public System {
     // Holds until this object goes. Later calls repeat the first answer.
     bool PreviousInstance() override;
     std::uint32_t Version() override;
+    std::string InstanceId() override;
+    void Pause(int milliseconds) override;
 
   private:
-    std::string folder;  // empty until it is first asked for
+    std::string folder;      // empty until it is first asked for
+    std::string instanceId;  // empty until it is first asked for
     std::wstring name;
     std::optional<bool> previous;
     Handle mutex{nullptr};

@@ -204,7 +204,7 @@ class WinShellHelpTest : public testing::Test {
     };
 
     std::string Make(const std::string& name, std::size_t size) {
-        files.WriteThrough(folder / name, std::string(size, 'x'));
+        files.Write(folder / name, std::string(size, 'x'));
         return folder / name;
     }
 
@@ -247,7 +247,7 @@ TEST_F(WinShellHelpTest, AStandInIsNoViewer) {
 class WinPicturesTest : public testing::Test {
   protected:
     Picture LoadBytes(const std::string& name, const std::string& bytes) {
-        files.WriteThrough(folder / name, bytes);
+        files.Write(folder / name, bytes);
         return pictures.Load(folder / name);
     }
 

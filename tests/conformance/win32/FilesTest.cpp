@@ -25,12 +25,6 @@ Handle OpenAlone(const std::string& path) {
                                 FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-DWORD WINAPI ReleaseSoon(void* handle) {
-    ::Sleep(30);
-    static_cast<Handle*>(handle)->reset();
-    return 0;
-}
-
 int ticks = 0;
 
 void CALLBACK CountTick(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/, DWORD /*time*/) {
@@ -62,17 +56,17 @@ class WinFilesTest : public testing::Test {
 
 TEST_F(WinFilesTest, WhatIsWrittenIsReadAgain) {
     const std::string bytes("one\r\ntwo\0\xff\x1a three", 17);
-    files.WriteThrough(note, bytes);
+    files.Write(note, bytes);
     EXPECT_EQ(files.Read(note), bytes);
-    files.WriteThrough(note, "short");
+    files.Write(note, "short");
     EXPECT_EQ(files.Read(note), "short");
-    files.WriteThrough(note, "");
+    files.Write(note, "");
     EXPECT_EQ(files.Read(note), "");
 }
 
 TEST_F(WinFilesTest, LargeFilesAreWholeAndTooLargeOnesRefused) {
     const std::string large(20U << 20U, 'x');
-    files.WriteThrough(note, large);
+    files.Write(note, large);
     EXPECT_TRUE(files.Read(note) == large);
     {
         const Handle file(::CreateFileW(Wide(note).c_str(), GENERIC_WRITE, 0, nullptr,
@@ -87,7 +81,7 @@ TEST_F(WinFilesTest, LargeFilesAreWholeAndTooLargeOnesRefused) {
 }
 
 TEST_F(WinFilesTest, FilesAndFoldersAreToldApart) {
-    files.WriteThrough(note, "x");
+    files.Write(note, "x");
     EXPECT_TRUE(files.FileExists(note));
     EXPECT_FALSE(files.FolderExists(note));
     EXPECT_TRUE(files.FolderExists(folder.Path()));
@@ -100,16 +94,16 @@ TEST_F(WinFilesTest, FilesAndFoldersAreToldApart) {
 
 TEST_F(WinFilesTest, NamesAreUnicode) {
     const std::string name = "\xc3\x9c\x62\x65r \xe6\x97\xa5\xe6\x9c\xac \xf0\x9f\x93\x9d.txt";
-    files.WriteThrough(folder / name, "x");
+    files.Write(folder / name, "x");
     EXPECT_EQ(Names(".txt"), std::vector{name});
     EXPECT_EQ(files.Read(folder / name), "x");
 }
 
 TEST_F(WinFilesTest, ListKnowsTheWholeSuffixInEitherCase) {
-    files.WriteThrough(folder / "a.txt", "12345");
-    files.WriteThrough(folder / "B.TXT", "");
-    files.WriteThrough(folder / "c.txt2", "");  // whose short name ends in .TXT
-    files.WriteThrough(folder / "dtxt", "");
+    files.Write(folder / "a.txt", "12345");
+    files.Write(folder / "B.TXT", "");
+    files.Write(folder / "c.txt2", "");  // whose short name ends in .TXT
+    files.Write(folder / "dtxt", "");
     files.MakeFolder(folder / "e.txt");
     EXPECT_EQ(Names(".txt"), (std::vector<std::string>{"B.TXT", "a.txt"}));
     EXPECT_EQ(Names("").size(), 4U);
@@ -118,17 +112,17 @@ TEST_F(WinFilesTest, ListKnowsTheWholeSuffixInEitherCase) {
 }
 
 TEST_F(WinFilesTest, NameOnDiskHasTheLettersOfTheDisk) {
-    files.WriteThrough(folder / "Shopping.txt", "x");
+    files.Write(folder / "Shopping.txt", "x");
     EXPECT_EQ(files.NameOnDisk(folder / "SHOPPING.TXT"), "Shopping.txt");
     EXPECT_EQ(files.NameOnDisk(folder / "Other.TXT"), "Other.TXT");
 }
 
 TEST_F(WinFilesTest, ListTellsSizeAndTimeOfChange) {
-    files.WriteThrough(note, "12345");
+    files.Write(note, "12345");
     const FileEntry first = files.List(folder.Path(), ".txt").at(0);
     EXPECT_EQ(first.size, 5U);
     ::Sleep(50);
-    files.WriteThrough(note, "54321");
+    files.Write(note, "54321");
     const FileEntry second = files.List(folder.Path(), ".txt").at(0);
     EXPECT_EQ(second.size, 5U);
     EXPECT_GT(second.changed, first.changed);
@@ -136,26 +130,26 @@ TEST_F(WinFilesTest, ListTellsSizeAndTimeOfChange) {
 
 TEST_F(WinFilesTest, MissingFilesAndFolders) {
     const std::string nowhere = folder / "missing\\note.txt";
-    files.WriteThrough(note, "x");
+    files.Write(note, "x");
     EXPECT_EQ(ErrorOf([&] { files.Read(other); }), 53);
     EXPECT_EQ(ErrorOf([&] { files.Delete(other); }), 53);
     EXPECT_EQ(ErrorOf([&] { files.Recycle(other); }), 53);
     EXPECT_EQ(ErrorOf([&] { files.Replace(other, note); }), 53);
     EXPECT_EQ(ErrorOf([&] { files.Copy(other, note); }), 53);
     EXPECT_EQ(ErrorOf([&] { files.Read(nowhere); }), 76);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough(nowhere, "x"); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.Write(nowhere, "x"); }), 76);
     EXPECT_EQ(ErrorOf([&] { files.Replace(note, nowhere); }), 76);
     EXPECT_EQ(ErrorOf([&] { files.Copy(note, nowhere); }), 76);
     EXPECT_EQ(ErrorOf([&] { files.MakeFolder(folder / "missing\\deep"); }), 76);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough(note + "\\inner.txt", "x"); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.Write(note + "\\inner.txt", "x"); }), 76);
     EXPECT_EQ(files.Read(note), "x");
 }
 
 TEST_F(WinFilesTest, ReadOnlyFilesAreLeftAlone) {
-    files.WriteThrough(note, "old");
-    files.WriteThrough(other, "new");
+    files.Write(note, "old");
+    files.Write(other, "new");
     SetAttributes(note, FILE_ATTRIBUTE_READONLY);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough(note, "new"); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Write(note, "new"); }), 75);
     EXPECT_EQ(ErrorOf([&] { files.Replace(other, note); }), 75);
     EXPECT_EQ(ErrorOf([&] { files.Replace(note, folder / "third.txt"); }), 75);
     EXPECT_EQ(ErrorOf([&] { files.Copy(other, note); }), 75);
@@ -169,10 +163,10 @@ TEST_F(WinFilesTest, ReadOnlyFilesAreLeftAlone) {
 }
 
 TEST_F(WinFilesTest, AFolderInTheFilesPlace) {
-    files.WriteThrough(other, "x");
+    files.Write(other, "x");
     files.MakeFolder(note);
     EXPECT_EQ(ErrorOf([&] { files.Read(note); }), 75);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough(note, "x"); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Write(note, "x"); }), 75);
     EXPECT_EQ(ErrorOf([&] { files.Replace(other, note); }), 75);
     EXPECT_EQ(ErrorOf([&] { files.Copy(other, note); }), 75);
     EXPECT_EQ(ErrorOf([&] { files.Copy(note, folder / "third.txt"); }), 75);
@@ -184,13 +178,13 @@ TEST_F(WinFilesTest, AFolderInTheFilesPlace) {
 }
 
 TEST_F(WinFilesTest, FilesThatAnotherHolds) {
-    files.WriteThrough(note, "old");
-    files.WriteThrough(other, "new");
+    files.Write(note, "old");
+    files.Write(other, "new");
     {
         const Handle held = OpenAlone(note);
         ASSERT_TRUE(held);
         EXPECT_EQ(ErrorOf([&] { files.Read(note); }), 70);
-        EXPECT_EQ(ErrorOf([&] { files.WriteThrough(note, "new"); }), 70);
+        EXPECT_EQ(ErrorOf([&] { files.Write(note, "new"); }), 70);
         EXPECT_EQ(ErrorOf([&] { files.Replace(other, note); }), 70);
         EXPECT_EQ(ErrorOf([&] { files.Copy(other, note); }), 70);
         EXPECT_EQ(ErrorOf([&] { files.Delete(note); }), 70);
@@ -200,7 +194,7 @@ TEST_F(WinFilesTest, FilesThatAnotherHolds) {
 }
 
 TEST_F(WinFilesTest, AFileThatAnotherWritesIsRead) {
-    files.WriteThrough(note, "x");
+    files.Write(note, "x");
     const Handle writer(::CreateFileW(Wide(note).c_str(), GENERIC_READ | GENERIC_WRITE | DELETE,
                                       FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                       FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -208,27 +202,35 @@ TEST_F(WinFilesTest, AFileThatAnotherWritesIsRead) {
     EXPECT_EQ(files.Read(note), "x");
 }
 
-TEST_F(WinFilesTest, ReplaceWaitsForAFileThatIsSoonLetGo) {
-    files.WriteThrough(note, "old");
-    files.WriteThrough(other, "new");
-    Handle held = OpenAlone(other);
-    ASSERT_TRUE(held);
-    const Handle releaser(::CreateThread(nullptr, 0, ReleaseSoon, &held, 0, nullptr));
-    EXPECT_EQ(ErrorOf([&] { files.Replace(other, note); }), 0);
-    ::WaitForSingleObject(releaser.get(), INFINITE);
-    EXPECT_EQ(files.Read(note), "new");
-    EXPECT_FALSE(files.FileExists(other));
+TEST_F(WinFilesTest, AFileThatMustBeNewIsNotWrittenOver) {
+    files.Write(note, "old");
+    EXPECT_EQ(ErrorOf([&] { files.Write(note, "new", {.mustBeNew = true}); }), 58);
+    EXPECT_EQ(files.Read(note), "old");
+    files.Write(other, "new", {.mustBeNew = true, .durability = Durability::Cached});
+    EXPECT_EQ(files.Read(other), "new");
+}
+
+TEST_F(WinFilesTest, ALockHoldsUntilItIsDestroyedAndLeavesNoFile) {
+    WinFiles otherProgram;
+    const std::string lockFile = folder / "a.lock";
+    auto lock = files.Lock(lockFile);
+    ASSERT_NE(lock, nullptr);
+    EXPECT_EQ(otherProgram.Lock(lockFile), nullptr);
+    lock.reset();
+    EXPECT_FALSE(files.FileExists(lockFile));
+    EXPECT_NE(otherProgram.Lock(lockFile), nullptr);
+    EXPECT_EQ(files.Lock(folder / "nowhere\\a.lock"), nullptr);
 }
 
 TEST_F(WinFilesTest, ReplaceRenamesOverAndAlsoToANewName) {
-    files.WriteThrough(note, "new");
+    files.Write(note, "new");
     files.Replace(note, other);
     EXPECT_FALSE(files.FileExists(note));
     EXPECT_EQ(files.Read(other), "new");
 }
 
 TEST_F(WinFilesTest, NothingButAPlainNameIsTaken) {
-    files.WriteThrough(note, "x");
+    files.Write(note, "x");
     for (const char* name : {"",
                              "a:b.txt",
                              "note.txt::$DATA",
@@ -256,7 +258,7 @@ TEST_F(WinFilesTest, NothingButAPlainNameIsTaken) {
                              "a\x01"}) {
         const std::string path = folder / name;
         if (*name != '\0') {
-            EXPECT_EQ(ErrorOf([&] { files.WriteThrough(path, "y"); }), 52) << name;
+            EXPECT_EQ(ErrorOf([&] { files.Write(path, "y"); }), 52) << name;
             EXPECT_EQ(ErrorOf([&] { files.Replace(note, path); }), 52) << name;
             EXPECT_EQ(ErrorOf([&] { files.Copy(note, path); }), 52) << name;
             EXPECT_EQ(ErrorOf([&] { files.MakeFolder(path); }), 52) << name;
@@ -268,7 +270,7 @@ TEST_F(WinFilesTest, NothingButAPlainNameIsTaken) {
     }
     for (const char* path : {"", "note.txt", "\\note.txt", "C:note.txt", "1:\\note.txt", "\\\\",
                              "\\\\server", "C:\\\\note.txt"}) {
-        EXPECT_EQ(ErrorOf([&] { files.WriteThrough(path, "y"); }), 52) << path;
+        EXPECT_EQ(ErrorOf([&] { files.Write(path, "y"); }), 52) << path;
     }
     EXPECT_EQ(Names(""), std::vector<std::string>{"note.txt"});
     EXPECT_EQ(files.Read(note), "x");
@@ -277,11 +279,11 @@ TEST_F(WinFilesTest, NothingButAPlainNameIsTaken) {
 TEST_F(WinFilesTest, NamesThatOnlyLookLikeDevicesAreTaken) {
     for (const char* name : {"console.txt", "com.txt", "com10.txt", "nul1.txt", "my con.txt",
                              ".txt", " x.txt", "a..txt", "100%.txt", "a;b.txt"}) {
-        files.WriteThrough(folder / name, name);
+        files.Write(folder / name, name);
         EXPECT_EQ(files.Read(folder / name), name);
     }
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough(folder / std::string(256, 'n'), "x"); }), 52);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough(folder / std::string(255, 'n'), "x"); }), 0);
+    EXPECT_EQ(ErrorOf([&] { files.Write(folder / std::string(256, 'n'), "x"); }), 52);
+    EXPECT_EQ(ErrorOf([&] { files.Write(folder / std::string(255, 'n'), "x"); }), 0);
 }
 
 TEST_F(WinFilesTest, PathsMayBeLong) {
@@ -292,20 +294,22 @@ TEST_F(WinFilesTest, PathsMayBeLong) {
     }
     EXPECT_TRUE(files.FolderExists(path));
     const std::string file = path + "\\note.txt";
-    files.WriteThrough(file + ".new", "x");
+    files.Write(file + ".new", "x");
     files.Replace(file + ".new", file);
     EXPECT_EQ(files.Read(file), "x");
     EXPECT_EQ(files.Read("\\\\?\\" + file), "x");
     EXPECT_EQ(files.List(path, ".txt").size(), 1U);
     files.Copy(file, file + ".copy");
-    files.Recycle(file);
+    // The shell knows no such path.
+    EXPECT_FALSE(files.Recycle(file));
+    files.Delete(file);
     files.Delete(file + ".copy");
     EXPECT_EQ(files.List(path, "").size(), 0U);
 }
 
 TEST_F(WinFilesTest, CopyAndDelete) {
-    files.WriteThrough(note, "x");
-    files.WriteThrough(other, "y");
+    files.Write(note, "x");
+    files.Write(other, "y");
     files.Copy(note, other);
     EXPECT_EQ(files.Read(other), "x");
     EXPECT_EQ(files.Read(note), "x");
@@ -317,7 +321,7 @@ TEST_F(WinFilesTest, RecycledFilesAreGoneAndNoTimerRunsMeanwhile) {
     ticks = 0;
     const UINT_PTR timer = ::SetTimer(nullptr, 0, 10, CountTick);
     ASSERT_NE(timer, 0U);
-    files.WriteThrough(note, "x");
+    files.Write(note, "x");
     ::Sleep(30);
     files.Recycle(note);
     EXPECT_EQ(ticks, 0);

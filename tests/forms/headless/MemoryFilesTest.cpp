@@ -33,8 +33,8 @@ class MemoryFilesTest : public testing::Test {
 };
 
 TEST_F(MemoryFilesTest, NamesAreFoundInAnyCaseAndKeepTheirOwn) {
-    files.WriteThrough("C:\\App\\Notes\\\xc3\x84rzte.txt", "one");
-    files.WriteThrough("c:\\app\\NOTES\\\xc3\xa4RZTE.TXT", "two");
+    files.Write("C:\\App\\Notes\\\xc3\x84rzte.txt", "one");
+    files.Write("c:\\app\\NOTES\\\xc3\xa4RZTE.TXT", "two");
     EXPECT_EQ(files.Read("C:\\App\\Notes\\\xc3\xa4rzte.txt"), "two");
     EXPECT_EQ(files.Names("C:\\App\\Notes"), std::vector<std::string>{"\xc3\x84rzte.txt"});
 }
@@ -50,10 +50,10 @@ TEST_F(MemoryFilesTest, ListingIsAlphabeticalWithoutFolders) {
 }
 
 TEST_F(MemoryFilesTest, ListingTellsSizeAndChange) {
-    files.WriteThrough("C:\\App\\Notes\\a.txt", "12345");
+    files.Write("C:\\App\\Notes\\a.txt", "12345");
     const FileEntry before = files.List("C:\\App\\Notes", ".txt").at(0);
     EXPECT_EQ(before.size, 5U);
-    files.WriteThrough("C:\\App\\Notes\\a.txt", "54321");
+    files.Write("C:\\App\\Notes\\a.txt", "54321");
     EXPECT_GT(files.List("C:\\App\\Notes", ".txt").at(0).changed, before.changed);
 }
 
@@ -67,26 +67,24 @@ TEST_F(MemoryFilesTest, RefusesNamesAsWindowsDoes) {
     for (const char* name : {"a*", "a?", "a\"", "a<", "a>", "a|", "a:b", "con", "CON.txt",
                              "nul.tar.txt", "Com1", "lpt9.x", "a\tb", " ", "..."}) {
         const std::string path = std::string("C:\\App\\Notes\\") + name;
-        EXPECT_EQ(ErrorOf([&] { files.WriteThrough(path, "x"); }), 52) << name;
+        EXPECT_EQ(ErrorOf([&] { files.Write(path, "x"); }), 52) << name;
         EXPECT_FALSE(files.FileExists(path));
     }
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes\\..\\a.txt", "x"); }), 52);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\..\\a.txt", "x"); }), 52);
     EXPECT_EQ(ErrorOf([&] { files.Read("relative.txt"); }), 52);
     EXPECT_EQ(ErrorOf([&] { files.Read("C:relative.txt"); }), 52);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes\\com0.txt", "x"); }), 0);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes\\Connie.txt", "x"); }), 0);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\com0.txt", "x"); }), 0);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\Connie.txt", "x"); }), 0);
 }
 
 TEST_F(MemoryFilesTest, RefusesLongNamesAndPaths) {
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\" + std::string(256, 'a'), ""); }), 52);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes\\" + std::string(247, 'a'), ""); }),
-              76);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes\\" + std::string(246, 'a'), ""); }),
-              0);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\" + std::string(256, 'a'), ""); }), 52);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\" + std::string(247, 'a'), ""); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\" + std::string(246, 'a'), ""); }), 0);
 }
 
 TEST_F(MemoryFilesTest, TrailingDotsAndBlanksAreDropped) {
-    files.WriteThrough("C:\\App\\Notes\\a.txt. .", "x");
+    files.Write("C:\\App\\Notes\\a.txt. .", "x");
     EXPECT_EQ(files.Names("C:\\App\\Notes"), std::vector<std::string>{"a.txt"});
     EXPECT_TRUE(files.FileExists("C:\\App\\Notes\\a.txt "));
 }
@@ -96,7 +94,7 @@ TEST_F(MemoryFilesTest, MissingFilesAndFolders) {
     EXPECT_EQ(ErrorOf([&] { files.Delete("C:\\App\\Notes\\a.txt"); }), 53);
     EXPECT_EQ(ErrorOf([&] { files.Replace("C:\\App\\a.txt", "C:\\App\\b.txt"); }), 53);
     EXPECT_EQ(ErrorOf([&] { files.Read("C:\\App\\None\\a.txt"); }), 76);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\None\\a.txt", "x"); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\None\\a.txt", "x"); }), 76);
     EXPECT_EQ(ErrorOf([&] { files.MakeFolder("C:\\None\\Notes"); }), 76);
 }
 
@@ -104,7 +102,7 @@ TEST_F(MemoryFilesTest, FoldersAreNoFiles) {
     EXPECT_TRUE(files.FolderExists("C:\\app\\notes\\"));
     EXPECT_FALSE(files.FileExists("C:\\App\\Notes"));
     EXPECT_EQ(ErrorOf([&] { files.Read("C:\\App\\Notes"); }), 75);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes", "x"); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes", "x"); }), 75);
     EXPECT_EQ(ErrorOf([&] { files.MakeFolder("C:\\App\\Notes"); }), 75);
     files.MakeFolder("C:\\App\\More");
     EXPECT_TRUE(files.FolderExists("C:\\App\\More"));
@@ -114,7 +112,7 @@ TEST_F(MemoryFilesTest, ReadOnlyFilesStay) {
     files.PutFile("C:\\App\\Notes\\a.txt", "old");
     files.PutFile("C:\\App\\Notes\\b.txt", "new");
     files.SetReadOnly("C:\\App\\Notes\\a.txt", true);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes\\a.txt", "x"); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\a.txt", "x"); }), 75);
     EXPECT_EQ(ErrorOf([&] { files.Delete("C:\\App\\Notes\\a.txt"); }), 75);
     EXPECT_EQ(ErrorOf([&] { files.Recycle("C:\\App\\Notes\\a.txt"); }), 75);
     EXPECT_EQ(ErrorOf([&] { files.Replace("C:\\App\\Notes\\b.txt", "C:\\App\\Notes\\a.txt"); }),
@@ -126,9 +124,9 @@ TEST_F(MemoryFilesTest, ReadOnlyFilesStay) {
 TEST_F(MemoryFilesTest, ReadOnlyFolderTakesNoNewNamesButItsFilesCanBeWritten) {
     files.PutFile("C:\\App\\Notes\\a.txt", "old");
     files.SetReadOnly("C:\\App\\Notes", true);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes\\b.txt", "x"); }), 75);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\b.txt", "x"); }), 75);
     EXPECT_EQ(ErrorOf([&] { files.Delete("C:\\App\\Notes\\a.txt"); }), 75);
-    files.WriteThrough("C:\\App\\Notes\\a.txt", "new");
+    files.Write("C:\\App\\Notes\\a.txt", "new");
     EXPECT_EQ(files.Read("C:\\App\\Notes\\a.txt"), "new");
 }
 
@@ -136,18 +134,18 @@ TEST_F(MemoryFilesTest, DeniedFilesAreNotRead) {
     files.PutFile("C:\\App\\Notes\\a.txt", "old");
     files.SetDenied("C:\\App\\Notes\\a.txt", true);
     EXPECT_EQ(ErrorOf([&] { files.Read("C:\\App\\Notes\\a.txt"); }), 70);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes\\a.txt", "x"); }), 70);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\a.txt", "x"); }), 70);
     EXPECT_EQ(ErrorOf([&] { files.Delete("C:\\App\\Notes\\a.txt"); }), 70);
 }
 
 TEST_F(MemoryFilesTest, FullDiskKeepsWhatFits) {
     files.SetFreeSpace(4);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes\\a.txt", "123456"); }), 61);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\a.txt", "123456"); }), 61);
     EXPECT_EQ(files.Peek("C:\\App\\Notes\\a.txt"), "1234");
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes\\b.txt", "1"); }), 61);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\b.txt", "1"); }), 61);
     files.Delete("C:\\App\\Notes\\a.txt");
-    files.WriteThrough("C:\\App\\Notes\\b.txt", "1234");
-    files.WriteThrough("C:\\App\\Notes\\b.txt", "4321");
+    files.Write("C:\\App\\Notes\\b.txt", "1234");
+    files.Write("C:\\App\\Notes\\b.txt", "4321");
     EXPECT_EQ(files.Peek("C:\\App\\Notes\\b.txt"), "4321");
 }
 
@@ -170,15 +168,31 @@ TEST_F(MemoryFilesTest, CopyOverwrites) {
 TEST_F(MemoryFilesTest, RecycleBinHoldsWhatWasRecycledWhereThereIsOne) {
     files.PutFile("C:\\App\\Notes\\a.txt", "a");
     files.PutFile("C:\\App\\Notes\\b.txt", "b");
-    files.Recycle("C:\\App\\Notes\\a.txt");
+    EXPECT_TRUE(files.Recycle("C:\\App\\Notes\\a.txt"));
     files.SetRecycleBin(false);
-    files.Recycle("C:\\App\\Notes\\b.txt");
+    EXPECT_FALSE(files.Recycle("C:\\App\\Notes\\b.txt"));
     EXPECT_EQ(files.RecycleBin(), std::vector<std::string>{"C:\\App\\Notes\\a.txt"});
-    EXPECT_TRUE(files.Names("C:\\App\\Notes").empty());
+    EXPECT_EQ(files.RecycledBytes(), std::vector<std::string>{"a"});
+    EXPECT_EQ(files.Names("C:\\App\\Notes"), std::vector<std::string>{"b.txt"});
+}
+
+TEST_F(MemoryFilesTest, AFileThatMustBeNewIsNotWrittenOver) {
+    files.PutFile("C:\\App\\Notes\\a.txt", "a");
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\A.txt", "b", {.mustBeNew = true}); }), 58);
+    EXPECT_EQ(files.Peek("C:\\App\\Notes\\a.txt"), "a");
+}
+
+TEST_F(MemoryFilesTest, ALockHoldsUntilItIsDestroyed) {
+    auto lock = files.Lock("C:\\App\\Notes\\a.lock");
+    EXPECT_NE(lock, nullptr);
+    EXPECT_EQ(files.Lock("C:\\App\\Notes\\A.lock"), nullptr);
+    EXPECT_EQ(files.Lock("C:\\App\\Nowhere\\a.lock"), nullptr);
+    lock.reset();
+    EXPECT_NE(files.Lock("C:\\App\\Notes\\a.lock"), nullptr);
 }
 
 TEST_F(MemoryFilesTest, LogNamesEveryCallInOrder) {
-    files.WriteThrough("C:\\App\\a.tmp", "a");
+    files.Write("C:\\App\\a.tmp", "a");
     files.Replace("C:\\App\\a.tmp", "C:\\App\\a.txt");
     ErrorOf([&] { files.Read("C:\\App\\b.txt"); });
     EXPECT_EQ(files.Log(), (std::vector<std::string>{"write C:\\App\\a.tmp",
@@ -191,9 +205,9 @@ TEST_F(MemoryFilesTest, LogNamesEveryCallInOrder) {
 TEST_F(MemoryFilesTest, FailsAtTheStepAskedFor) {
     files.PutFile("C:\\App\\Notes\\a.txt", "old");
     files.FailAt(2, ErrorNumber::DeviceIoError);
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes\\a.txt", "123456"); }), 57);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\a.txt", "123456"); }), 57);
     EXPECT_EQ(files.Peek("C:\\App\\Notes\\a.txt"), "123");
-    EXPECT_EQ(ErrorOf([&] { files.WriteThrough("C:\\App\\Notes\\a.txt", "123456"); }), 0);
+    EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\a.txt", "123456"); }), 0);
     EXPECT_EQ(files.Steps(), 5);
     files.FailAt(1, ErrorNumber::PermissionDenied);
     EXPECT_EQ(ErrorOf([&] { files.Read("C:\\App\\Notes\\a.txt"); }), 70);
@@ -212,7 +226,7 @@ class KilledWrite : public MemoryFilesTest, public testing::WithParamInterface<K
 TEST_P(KilledWrite, LeavesWhatHadReachedTheMedium) {
     files.PutFile("C:\\App\\Notes\\a.txt", "old!");
     files.KillAt(GetParam().step, GetParam().moment);
-    EXPECT_THROW(files.WriteThrough("C:\\App\\Notes\\a.txt", "new text"), Killed);
+    EXPECT_THROW(files.Write("C:\\App\\Notes\\a.txt", "new text"), Killed);
     files.Restart();
     EXPECT_EQ(files.Peek("C:\\App\\Notes\\a.txt"), GetParam().left);
 }
@@ -232,7 +246,7 @@ TEST_F(MemoryFilesTest, AfterAKillNothingHappensUntilTheRestart) {
     files.KillAt(1, Moment::Before);
     EXPECT_THROW(files.Replace("C:\\App\\Notes\\b.tmp", "C:\\App\\Notes\\a.txt"), Killed);
     files.Delete("C:\\App\\Notes\\a.txt");
-    files.WriteThrough("C:\\App\\Notes\\a.txt", "x");
+    files.Write("C:\\App\\Notes\\a.txt", "x");
     files.Copy("C:\\App\\Notes\\b.tmp", "C:\\App\\Notes\\c.txt");
     files.MakeFolder("C:\\App\\More");
     EXPECT_FALSE(files.FileExists("C:\\App\\Notes\\a.txt"));

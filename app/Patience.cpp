@@ -1,0 +1,34 @@
+#include "app/Patience.h"
+
+#include "app/StandardCode.h"
+#include "forms/Devices.h"
+#include "forms/Runtime.h"
+
+namespace Patience {
+
+namespace {
+
+// Milliseconds.
+constexpr int pause = 20;
+constexpr int timeForUser = 1500;
+constexpr int timeForTicks = 200;
+
+}  // namespace
+
+bool Wait() {
+    const forms::Runtime::Action action = forms::Runtime::Exists()
+                                              ? forms::Runtime::Current().CurrentAction()
+                                              : forms::Runtime::Action{};
+    StandardCode::RetryTime& time = StandardCode::Shared().TimeToRetry;
+    if (time.action != action.number) {
+        time = {action.number, action.isUsers ? timeForUser : timeForTicks};
+    }
+    if (time.left < pause) {
+        return false;
+    }
+    time.left -= pause;
+    forms::Machine().system->Pause(pause);
+    return true;
+}
+
+}  // namespace Patience

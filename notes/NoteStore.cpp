@@ -1,0 +1,360 @@
+#include "notes/NoteStore.h"
+
+#include <algorithm>
+
+#include "app/Patience.h"
+#include "app/RecordText.h"
+#include "app/SafeFile.h"
+#include "forms/MsgBox.h"
+#include "forms/Runtime.h"
+#include "notes/EditedNote.h"
+
+using StandardCode::NoteRecord;
+using StandardCode::Shared;
+
+namespace {
+
+constexpr const char* noteSuffix = ".txt";
+
+forms::FileSystem& Files() { return *forms::Machine().files; }
+
+std::string PathOf(const std::string& file) { return StandardCode::NotesFolder() + '\\' + file; }
+
+// Renames the file to one of its names with this ending.
+void RenameAside(const std::string& path, const std::string& ending) {
+    std::string target = path + ending;
+    for (int i = 2; Files().FileExists(target); ++i) {
+        target = path + " (" + std::to_string(i) + ')' + ending;
+    }
+    Patience::Try([&] { Files().Replace(path, target); });
+}
+
+void PutAside(const std::string& path, const std::string& ending) {
+    if (!Patience::Try([&] { return Files().Recycle(path); })) {
+        RenameAside(path, ending);
+    }
+}
+
+// Whether a file with these bytes already says what the record says.
+bool SaysTheSame(const std::string& bytes, const NoteRecord& record) {
+    NoteRecord held;
+    try {
+        NoteFile::Decode(bytes, held);
+    } catch (const forms::RuntimeError&) {
+        return false;
+    }
+    held.Text = RecordText::WithLineBreaks(held.Text);
+    return held == record;
+}
+
+}  // namespace
+
+std::vector<forms::FileEntry> NoteStore::List() {
+    return Patience::Try([] { return Files().List(StandardCode::NotesFolder(), noteSuffix); });
+}
+
+bool NoteStore::Load() {
+    int slot = 1;
+    bool isComplete = false;
+    std::optional<forms::RuntimeError> failure;
+    failingFile.clear();
+    try {
+        isComplete = LoadSlots(slot);
+    } catch (const forms::RuntimeError& error) {
+        failure = error;
+    }
+    for (int rest = slot; rest <= StandardCode::maximumNotes; ++rest) {
+        Shared().NotesArray[rest] = NoteRecord{};
+    }
+    TellOpenNotes();
+    if (!failure || *failure == forms::ErrorNumber::SubscriptOutOfRange) {
+        Shared().NoteCount = static_cast<std::int16_t>(slot - 1);
+        StandardCode::Events().NotesArrayLoaded.Raise();
+    }
+    if (failure) {
+        Report(*failure);
+    }
+    return isComplete;
+}
+
+bool NoteStore::LoadSlots(int& slot) {
+    listing.clear();
+    slotFiles.clear();
+    std::map<std::string, Parsed> before = std::exchange(parsed, {});
+    listing = List();
+    for (const forms::FileEntry& file : listing) {
+        failingFile = file.name;
+        if (slot > StandardCode::maximumNotes) {
+            throw forms::RuntimeError(forms::ErrorNumber::SubscriptOutOfRange);
+        }
+        try {
+            LoadSlot(slot, file, before);
+        } catch (const forms::RuntimeError& error) {
+            if (!(error == forms::ErrorNumber::InputPastEndOfFile)) {
+                // What could be read of it stays: its title is taken.
+                ++slot;
+                throw;
+            }
+            PutAside(PathOf(file.name), ".damaged");
+            Tell(file.name, std::nullopt);
+            failingFile.clear();
+            return false;
+        }
+        slotFiles.push_back(file.name);
+        ++slot;
+    }
+    failingFile.clear();
+    return true;
+}
+
+void NoteStore::LoadSlot(int slot, const forms::FileEntry& file,
+                         std::map<std::string, Parsed>& before) {
+    NoteRecord& record = Shared().NotesArray[slot];
+    auto known = before.extract(file.name);
+    if (known && known.mapped().size == file.size && known.mapped().changed == file.changed) {
+        record = known.mapped().record;
+        parsed.insert(std::move(known));
+        return;
+    }
+    record = NoteRecord{};
+    const std::string path = PathOf(file.name);
+    // A file that was in the way before, and has not changed, is not waited for once more.
+    const bool isKnownToFail =
+        std::any_of(reported.begin(), reported.end(),
+                    [&](const auto& report) { return report.second == file.name; });
+    const std::string bytes =
+        isKnownToFail ? Files().Read(path) : Patience::Try([&] { return Files().Read(path); });
+    NoteFile::Decode(bytes, record);
+    parsed[file.name] = {file.size, file.changed, NoteFile::Fingerprint(bytes), record};
+}
+
+void NoteStore::Report(const forms::RuntimeError& error) {
+    if (quiet > 0) {
+        return;
+    }
+    if (reportedListing != listing) {
+        reportedListing = listing;
+        reported.clear();
+    }
+    if (error == forms::ErrorNumber::SubscriptOutOfRange) {
+        const std::uint64_t action = forms::Runtime::Current().CurrentAction().number;
+        if (std::exchange(fullReportedIn, action) == action) {
+            return;
+        }
+    } else if (!reported.insert({error.number(), failingFile}).second) {
+        return;
+    }
+    forms::MsgBox("Error Number: " + std::to_string(error.number()) + ") - " + error.description(),
+                  {}, "Error Loading Notes Array");
+}
+
+StoredNote NoteStore::Read(const forms::FileEntry& file) const {
+    const auto known = parsed.find(file.name);
+    const bool isSame = known != parsed.end() && known->second.size == file.size &&
+                        known->second.changed == file.changed;
+    return isSame ? StoredNote{file.name, known->second.record, known->second.fingerprint}
+                  : Read(file.name);
+}
+
+StoredNote NoteStore::Read(const std::string& file) {
+    const std::string bytes = Patience::Try([&] { return Files().Read(PathOf(file)); });
+    StoredNote note{Files().NameOnDisk(PathOf(file)), {}, NoteFile::Fingerprint(bytes)};
+    NoteFile::Decode(bytes, note.record);
+    return note;
+}
+
+StoredNote NoteStore::OfSlot(int slot) const {
+    StoredNote note{{}, Shared().NotesArray[slot], {}};
+    const auto place = static_cast<std::size_t>(slot - 1);
+    if (place < slotFiles.size()) {
+        note.file = slotFiles[place];
+        // A file that was written since the array was rebuilt is not what the slot holds.
+        const auto known = parsed.find(note.file);
+        note.fingerprint = known == parsed.end() ? 0 : known->second.fingerprint;
+    }
+    return note;
+}
+
+bool NoteStore::Exists(const std::string& file) {
+    return !file.empty() && Files().FileExists(PathOf(file));
+}
+
+std::optional<std::uint64_t> NoteStore::FingerprintOf(const std::string& file) {
+    try {
+        return Exists(file) ? std::optional(NoteFile::Fingerprint(Files().Read(PathOf(file))))
+                            : std::nullopt;
+    } catch (const forms::RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+bool NoteStore::IsTaken(const std::string& title) const {
+    for (int slot = 1; slot <= StandardCode::maximumNotes; ++slot) {
+        if (Shared().NotesArray[slot].Title == title) {
+            return true;
+        }
+    }
+    const std::string file = FileNameFor(title);
+    return Exists(file) && Files().NameOnDisk(PathOf(file)) == file &&
+           std::find(slotFiles.begin(), slotFiles.end(), file) == slotFiles.end();
+}
+
+void NoteStore::Save(EditedNote& note, const NoteRecord& record) {
+    StandardCode::EnsureNotesFolder();
+    std::string file = note.File().empty() ? FileNameFor(record.Title) : note.File();
+    const bool exists = Exists(file);
+    if (exists) {
+        file = Files().NameOnDisk(PathOf(file));
+    }
+    const std::string path = PathOf(file);
+    std::optional<std::uint64_t> held;
+    try {
+        if (exists) {
+            const std::string bytes = Patience::Try([&] { return Files().Read(path); });
+            held = NoteFile::Fingerprint(bytes);
+            if (SaysTheSame(bytes, record)) {
+                note.SawFile(file, *held);
+                return;
+            }
+        }
+    } catch (const forms::RuntimeError&) {
+        // What cannot be read is put aside; that finds out what is wrong.
+    }
+    const std::string bytes = NoteFile::Encode(record);
+    SafeFile::ReplaceOptions options{.isKnownToDiffer = true};
+    if (exists && (!held || held != note.SeenFingerprint())) {
+        options.beforeRename = [&path] { PutAside(path, ".replaced"); };
+    }
+    Forget(file);
+    SafeFile::ReplaceFile(path, bytes, options);
+    const std::uint64_t fingerprint = NoteFile::Fingerprint(bytes);
+    note.SawFile(Files().NameOnDisk(path), fingerprint);
+    Tell(note.File(), fingerprint, &note);
+}
+
+void NoteStore::Write(const std::string& file, const NoteRecord& record,
+                      NoteFile::TimeField timeField) {
+    const std::string bytes = NoteFile::Encode(record, timeField);
+    try {
+        if (SafeFile::ReplaceFile(PathOf(file), bytes)) {
+            Forget(file);
+        }
+    } catch (const forms::RuntimeError&) {
+        Forget(file);
+        throw;
+    }
+    Tell(file, NoteFile::Fingerprint(bytes));
+}
+
+void NoteStore::Erase(const std::string& file) {
+    const std::string path = PathOf(file);
+    if (!Patience::Try([&] { return Files().Recycle(path); })) {
+        Patience::Try([&] { Files().Delete(path); });
+    }
+    Tell(file, std::nullopt);
+}
+
+void NoteStore::AdoptLeftovers() {
+    for (const std::string& path : SafeFile::FindLeftovers(StandardCode::NotesFolder())) {
+        try {
+            const std::string bytes = Files().Read(path);
+            NoteRecord record;
+            if (NoteFile::IsWhole(bytes)) {
+                NoteFile::Decode(bytes, record);
+                if (!Exists(FileNameFor(record.Title))) {
+                    Files().Replace(path, PathOf(FileNameFor(record.Title)));
+                    continue;
+                }
+            }
+            SafeFile::DeleteIfPossible(path);
+        } catch (const forms::RuntimeError&) {
+            // The file stays for the next start.
+        }
+    }
+}
+
+EditedNote* NoteStore::FindOpen(const std::string& file) const {
+    const auto found = std::find_if(open.begin(), open.end(), [&](const EditedNote* note) {
+        return !note->File().empty() && SafeFile::IsSameName(note->File(), file);
+    });
+    return found == open.end() ? nullptr : *found;
+}
+
+// After a loading: other programs may have changed, erased or renamed files of open notes.
+void NoteStore::TellOpenNotes() {
+    for (EditedNote* note : open) {
+        if (note->File().empty()) {
+            continue;
+        }
+        if (const auto known = parsed.find(note->File()); known != parsed.end()) {
+            note->FileHolds(known->second.fingerprint);
+        } else if (!Exists(note->File())) {
+            note->FileHolds(std::nullopt);
+        }
+    }
+}
+
+void NoteStore::Tell(const std::string& file, std::optional<std::uint64_t> fingerprint,
+                     const EditedNote* except) {
+    for (EditedNote* note : open) {
+        if (note != except && !note->File().empty() && SafeFile::IsSameName(note->File(), file)) {
+            note->FileHolds(fingerprint);
+        }
+    }
+}
+
+// Two savings may fall into one tick of the file system's clock: the size and the time of a file
+// that was written here prove nothing.
+void NoteStore::Forget(const std::string& file) {
+    std::erase_if(parsed, [&](const auto& entry) {
+        return entry.first.size() == file.size() && SafeFile::IsSameName(entry.first, file);
+    });
+}
+
+namespace StandardCode {
+
+std::shared_ptr<NoteStore> SharedNotes() {
+    if (!Shared().Store) {
+        Shared().Store = std::make_shared<NoteStore>();
+    }
+    return Shared().Store;
+}
+
+NoteStore& Notes() { return *SharedNotes(); }
+
+std::string NotesFolder() { return forms::ApplicationPath("\\Notes"); }
+
+std::string NotePath(const std::string& title) {
+    return NotesFolder() + '\\' + NoteStore::FileNameFor(title);
+}
+
+void EnsureNotesFolder() {
+    if (!Files().FolderExists(NotesFolder())) {
+        Files().MakeFolder(NotesFolder());
+    }
+}
+
+bool LoadNotesArray() { return Notes().Load(); }
+
+std::vector<std::string> NoteTitles() {
+    std::vector<std::string> titles;
+    for (const EditedNote* note : Notes().OpenNotes()) {
+        titles.push_back(note->Title());
+    }
+    return titles;
+}
+
+bool ReportWriteErrors(const std::function<void()>& saving) {
+    try {
+        saving();
+        return true;
+    } catch (const forms::RuntimeError& error) {
+        if (!(error == forms::ErrorNumber::KeyNotUnique)) {
+            forms::MsgBox(std::to_string(error.number()) + " - " + error.description(), {},
+                          "WriteNote Sub Error");
+        }
+        return false;
+    }
+}
+
+}  // namespace StandardCode

@@ -1,0 +1,146 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/StandardCode.h"
+#include "forms/Devices.h"
+#include "forms/RuntimeError.h"
+#include "notes/NoteFile.h"
+
+class EditedNote;
+
+// A note as its file has it.
+struct StoredNote {
+    std::string file;  // name, without folder; empty if there is none
+    StandardCode::NoteRecord record;
+    std::uint64_t fingerprint = 0;  // of the file's bytes
+};
+
+// The note files and the open notes. Only this class lists, reads, writes, rewrites, recycles and
+// remembers note files. A note is its file, whatever its title: two files of one title are two
+// notes. Names of files are compared as the file system compares them.
+//
+// A file that another program holds is tried again for a moment, see Patience. RuntimeErrors are
+// those of forms::FileSystem and NoteFile::Decode().
+class NoteStore {
+  public:
+    // While one exists, errors of Load() are not reported: the program ends.
+    class Quiet {
+      public:
+        explicit Quiet(NoteStore& noteStore) : store(noteStore) { ++store.quiet; }
+        ~Quiet() { --store.quiet; }
+        Quiet(const Quiet&) = delete;
+        Quiet& operator=(const Quiet&) = delete;
+
+      private:
+        NoteStore& store;
+    };
+
+    static std::string FileNameFor(const std::string& title) { return title + ".txt"; }
+
+    // Rebuilds NotesArray and NoteCount from the note files, then raises NotesArrayLoaded. A file
+    // with too few fields goes to the Recycle Bin and ends the listing. A file beyond the last slot
+    // leaves all slots filled and counted. Any other error leaves NoteCount as it was. Errors are
+    // shown in a box, behind which timers run; each one once until the folder changes, and the
+    // error of the last slot once for each action of the user. True if every listed note was
+    // loaded: to do it again at once would change nothing.
+    bool Load();
+
+    // The listing from which Load() has rebuilt the array.
+    const std::vector<forms::FileEntry>& Listing() const { return listing; }
+    // The note files as they are now, in the order of the folder's listing.
+    static std::vector<forms::FileEntry> List();
+    // The note of a listed file. A file that Load() has read and that has not changed is not read
+    // again.
+    StoredNote Read(const forms::FileEntry& file) const;
+    static StoredNote Read(const std::string& file);
+    // The note in this slot of NotesArray. RuntimeError 9 for a slot outside 1 to 100.
+    StoredNote OfSlot(int slot) const;
+    static bool Exists(const std::string& file);
+    // Nothing if there is no such file, or if it cannot be read.
+    static std::optional<std::uint64_t> FingerprintOf(const std::string& file);
+    // Whether a note of exactly this title is in NotesArray, or in a file that did not reach it.
+    bool IsTaken(const std::string& title) const;
+
+    // Writes the file of an open note, unless it says the same already. If the file holds what the
+    // editor neither read nor wrote, that goes to the Recycle Bin first, or to a file that has
+    // ".replaced" added to its name.
+    void Save(EditedNote& note, const StandardCode::NoteRecord& record);
+    // Writes a file, whole or not at all.
+    void Write(const std::string& file, const StandardCode::NoteRecord& record,
+               NoteFile::TimeField timeField = NoteFile::TimeField::Time);
+    // Moves a file to the Recycle Bin; deletes it if there is none. RuntimeError 53 if it is
+    // missing.
+    void Erase(const std::string& file);
+    // What a killed program left of its last save becomes the note if its file is missing, and is
+    // removed if not. Never raises an error.
+    static void AdoptLeftovers();
+
+    // The open notes, in the order in which they were opened.
+    const std::vector<EditedNote*>& OpenNotes() const { return open; }
+    EditedNote* FindOpen(const std::string& file) const;
+
+    // For EditedNote only.
+    void Add(EditedNote& note) { open.push_back(&note); }
+    void Remove(EditedNote& note) { std::erase(open, &note); }
+
+  private:
+    // A note as it was read when its file had this size and time of change.
+    struct Parsed {
+        std::uint64_t size = 0;
+        std::int64_t changed = 0;
+        std::uint64_t fingerprint = 0;
+        StandardCode::NoteRecord record;
+    };
+
+    // Returns whether all listed notes were loaded; raises the error that ended the loading.
+    bool LoadSlots(int& slot);
+    void LoadSlot(int slot, const forms::FileEntry& file, std::map<std::string, Parsed>& before);
+    void Report(const forms::RuntimeError& error);
+    void TellOpenNotes();
+    void Tell(const std::string& file, std::optional<std::uint64_t> fingerprint,
+              const EditedNote* except = nullptr);
+    void Forget(const std::string& file);
+
+    std::vector<forms::FileEntry> listing;
+    std::map<std::string, Parsed> parsed;  // by file name, as listed
+    std::vector<std::string> slotFiles;    // of slot 1 and the following
+    std::string failingFile;               // that ended the last loading
+    std::vector<forms::FileEntry> reportedListing;
+    std::set<std::pair<int, std::string>> reported;  // error number and file
+    std::uint64_t fullReportedIn = 0;                // action in which the last slot was reported
+    std::vector<EditedNote*> open;
+    int quiet = 0;
+};
+
+namespace StandardCode {
+
+// The program's store.
+NoteStore& Notes();
+std::shared_ptr<NoteStore> SharedNotes();
+
+// The folder of the note files, without a trailing backslash.
+std::string NotesFolder();
+// The path of the file that a new note of this title gets.
+std::string NotePath(const std::string& title);
+// Makes the folder of the note files if it is missing. Raises RuntimeErrors.
+void EnsureNotesFolder();
+
+// NoteStore::Load().
+bool LoadNotesArray();
+// Titles of the open notes, in the order in which they were opened.
+std::vector<std::string> NoteTitles();
+
+// Runs an operation that saves a note and shows the error that ends it; 457 ends it silently. True
+// if there was none.
+bool ReportWriteErrors(const std::function<void()>& saving);
+
+}  // namespace StandardCode

@@ -1,0 +1,242 @@
+#include "notes/RecoveryCopy.h"
+
+#include <charconv>
+#include <string_view>
+
+#include "app/RecordText.h"
+#include "app/SafeFile.h"
+#include "forms/Devices.h"
+#include "forms/RuntimeError.h"
+#include "forms/Text.h"
+#include "notes/NoteFile.h"
+#include "notes/NoteStore.h"
+
+namespace {
+
+constexpr const char* extension = ".recovery";
+constexpr std::string_view header = "Jotwright recovery copy 2\r\n";
+constexpr std::string_view lineEnd = "\r\n";
+constexpr std::int64_t pauseBetweenCopies = 2000;  // milliseconds
+// Bytes of a title that the name of a copy shows: together with the rest, any file system takes it.
+constexpr std::size_t shownOfTitle = 100;
+
+forms::FileSystem& Files() { return *forms::Machine().files; }
+
+std::string KeyOf(const std::string& path) { return forms::Machine().locale->ToUpper(path); }
+
+// A title may contain characters that file names cannot. Such a note cannot be saved, so its
+// recovery copy matters even more.
+std::string StemOf(const std::string& title) {
+    const std::string refused = "<>:\"/\\|?*";
+    std::string stem = "~";
+    std::size_t position = 0;
+    while (position < title.size() && stem.size() < shownOfTitle) {
+        const std::size_t start = position;
+        const char32_t character = forms::NextCharacter(title, position);
+        if (character < U' ' ||
+            (character < 0x80 && refused.find(static_cast<char>(character)) != std::string::npos)) {
+            stem += '_';
+        } else {
+            stem += title.substr(start, position - start);
+        }
+    }
+    return stem;
+}
+
+std::string FreePathFor(const std::string& title) {
+    const std::string stem = StandardCode::NotesFolder() + '\\' + StemOf(title);
+    const auto& inUse = StandardCode::Shared().RecoveryPaths;
+    std::string path = stem + extension;
+    for (int i = 2; inUse.contains(KeyOf(path)) || Files().FileExists(path); ++i) {
+        path = stem + '~' + std::to_string(i) + extension;
+    }
+    return path;
+}
+
+std::string Hexadecimal(std::uint64_t number) {
+    char digits[16];
+    const auto end = std::to_chars(std::begin(digits), std::end(digits), number, 16).ptr;
+    return {std::begin(digits), end};
+}
+
+std::optional<std::uint64_t> Number(std::string_view digits, int base) {
+    std::uint64_t number = 0;
+    const char* const last = digits.data() + digits.size();
+    const auto [end, error] = std::from_chars(digits.data(), last, number, base);
+    return error == std::errc() && end == last ? std::optional(number) : std::nullopt;
+}
+
+// "7\r\nDentist\r\n"
+std::string Counted(const std::string& text) {
+    return std::to_string(text.size()) + std::string(lineEnd) + text + std::string(lineEnd);
+}
+
+// Takes lines and counted texts off the front of the bytes of a copy.
+class CopyReader {
+  public:
+    explicit CopyReader(std::string_view allBytes) : bytes(allBytes) {}
+
+    std::optional<std::string_view> Line() {
+        const std::size_t end = bytes.find(lineEnd);
+        if (end == std::string_view::npos) {
+            return std::nullopt;
+        }
+        const std::string_view line = bytes.substr(0, end);
+        bytes.remove_prefix(end + lineEnd.size());
+        return line;
+    }
+
+    std::optional<std::string> Text() {
+        const auto line = Line();
+        const auto length = line ? Number(*line, 10) : std::nullopt;
+        if (!length || *length > bytes.size() ||
+            !bytes.substr(static_cast<std::size_t>(*length)).starts_with(lineEnd)) {
+            return std::nullopt;
+        }
+        const std::string_view text = bytes.substr(0, static_cast<std::size_t>(*length));
+        bytes.remove_prefix(text.size() + lineEnd.size());
+        return RecordText::WithoutZeros(forms::ToValidUtf8(text));
+    }
+
+    std::string_view Rest() const { return bytes; }
+
+  private:
+    std::string_view bytes;
+};
+
+std::string Encode(const RecoveredNote& note) {
+    StandardCode::NoteRecord untitled = note.record;
+    untitled.Title.clear();
+    const std::string contents =
+        Counted(note.file) + (note.base ? Hexadecimal(*note.base) : std::string("none")) +
+        std::string(lineEnd) + Counted(note.record.Title) + NoteFile::Compose(untitled);
+    return std::string(header) + forms::Machine().system->InstanceId() + std::string(lineEnd) +
+           Hexadecimal(NoteFile::Fingerprint(contents)) + std::string(lineEnd) + contents;
+}
+
+// A copy as it was read, and the program that wrote it.
+struct Decoded {
+    RecoveredNote note;
+    std::string instanceId;
+};
+
+std::optional<Decoded> Decode(const std::string& bytes) {
+    if (!bytes.starts_with(header)) {
+        return std::nullopt;
+    }
+    CopyReader reader(std::string_view(bytes).substr(header.size()));
+    const auto instanceId = reader.Line();
+    const auto checksum = reader.Line();
+    const std::string contents(reader.Rest());
+    const auto file = reader.Text();
+    const auto base = reader.Line();
+    const auto title = reader.Text();
+    if (!instanceId || !checksum || !file || !base || !title) {
+        return std::nullopt;
+    }
+    Decoded decoded;
+    decoded.instanceId = *instanceId;
+    decoded.note.file = *file;
+    decoded.note.base = Number(*base, 16);
+    decoded.note.isWhole = Number(*checksum, 16) == NoteFile::Fingerprint(contents);
+    try {
+        NoteFile::Parse(RecordText::WithoutZeros(forms::ToValidUtf8(std::string(reader.Rest()))),
+                        decoded.note.record);
+    } catch (const forms::RuntimeError&) {
+        decoded.note.isWhole = false;
+    }
+    decoded.note.record.Title = *title;
+    return decoded;
+}
+
+}  // namespace
+
+RecoveryCopy::~RecoveryCopy() { StandardCode::Shared().RecoveryPaths.erase(key); }
+
+void RecoveryCopy::Keep(const RecoveredNote& note, When when) {
+    const std::int64_t now = forms::Machine().clock->MonotonicMilliseconds();
+    if (when == When::AtMostEveryTwoSeconds && written && now - writtenAt < pauseBetweenCopies) {
+        return;
+    }
+    try {
+        const std::string newBytes = Encode(note);
+        if (newBytes == bytes && IsWritten()) {
+            return;
+        }
+        StandardCode::EnsureNotesFolder();
+        if (path.empty()) {
+            Use(FreePathFor(note.record.Title));
+        }
+        SafeFile::ReplaceFile(path, newBytes, {.durability = forms::Durability::Cached});
+        bytes = newBytes;
+        written = true;
+        writtenAt = now;
+    } catch (const forms::RuntimeError&) {
+        written = false;
+    }
+}
+
+bool RecoveryCopy::IsWritten() const { return written && Files().FileExists(path); }
+
+void RecoveryCopy::Remove() {
+    End([this] { Files().Delete(path); });
+}
+
+void RecoveryCopy::Recycle() {
+    End([this] {
+        if (!Files().Recycle(path)) {
+            Files().Delete(path);
+        }
+    });
+}
+
+void RecoveryCopy::End(const std::function<void()>& ending) {
+    if (path.empty()) {
+        return;
+    }
+    try {
+        if (Files().FileExists(path)) {
+            ending();
+        }
+        StandardCode::Shared().RecoveryPaths.erase(key);
+        path.clear();
+        key.clear();
+        bytes.clear();
+    } catch (const forms::RuntimeError&) {
+        // The path stays in use, so that the next call tries again.
+    }
+    written = false;
+}
+
+void RecoveryCopy::Adopt(const RecoveredNote& recovered) {
+    Use(recovered.path);
+    written = true;
+    writtenAt = forms::Machine().clock->MonotonicMilliseconds();
+}
+
+void RecoveryCopy::Use(const std::string& newPath) {
+    path = newPath;
+    key = KeyOf(newPath);
+    StandardCode::Shared().RecoveryPaths.insert(key);
+}
+
+std::vector<RecoveredNote> RecoveryCopy::Find() {
+    std::vector<RecoveredNote> found;
+    const std::string folder = StandardCode::NotesFolder();
+    for (const forms::FileEntry& file : Files().List(folder, extension)) {
+        const std::string path = folder + '\\' + file.name;
+        if (StandardCode::Shared().RecoveryPaths.contains(KeyOf(path))) {
+            continue;
+        }
+        try {
+            auto decoded = Decode(Files().Read(path));
+            if (decoded && !SafeFile::IsInUseBy(folder, decoded->instanceId)) {
+                decoded->note.path = path;
+                found.push_back(std::move(decoded->note));
+            }
+        } catch (const forms::RuntimeError&) {
+            // The others can still be saved.
+        }
+    }
+    return found;
+}

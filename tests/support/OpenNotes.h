@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+#include "notes/EditedNote.h"
+#include "notes/NoteStore.h"
+#include "notes/frmNote.h"
+
+namespace testing_support {
+
+// The first open editor of a note with exactly this title, or null.
+inline frmNote* FindOpenNote(const std::string& title) {
+    for (const EditedNote* note : StandardCode::Notes().OpenNotes()) {
+        if (note->Title() == title) {
+            return &static_cast<frmNote&>(note->Editor().Window());
+        }
+    }
+    return nullptr;
+}
+
+inline bool IsNoteOpen(const std::string& title) { return FindOpenNote(title) != nullptr; }
+
+}  // namespace testing_support
