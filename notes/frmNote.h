@@ -191,7 +191,5 @@ void NoteFileHolds(const std::string& title, const std::string& text);
 // The open editor of the note with exactly this title, or null.
 std::shared_ptr<frmNote> FindOpenNote(const std::string& title);
 bool IsNoteOpen(const std::string& title);
-// Whether an editor's alarm sounds and waits for its box.
-bool IsNoteRinging();
 
 }  // namespace StandardCode
