@@ -1,5 +1,8 @@
 #include "alarms/SpecialAlarmsFile.h"
 
+#include <optional>
+#include <utility>
+
 #include "app/RecordText.h"
 #include "app/StandardCode.h"
 #include "forms/Devices.h"
@@ -13,6 +16,29 @@ namespace {
 std::string TimeField(forms::DateTime time) {
     const std::string date = time.HasDate() ? forms::FormatIsoDate(time) + ' ' : std::string();
     return '#' + date + forms::FormatTime24(time) + '#';
+}
+
+struct Reading {
+    std::vector<Row> rows;
+    std::optional<forms::RuntimeError> error;  // that ended the reading before the last row
+};
+
+Reading ReadAll(const std::string& text, std::string (RecordText::Reader::*readMessage)()) {
+    Reading reading;
+    RecordText::Reader reader(text);
+    try {
+        while (reading.rows.size() < rowCount) {
+            Row row;
+            row.Day = reader.Text();
+            row.Time = reader.Date();
+            row.Message = (reader.*readMessage)();
+            row.Enabled = forms::ToInteger16(reader.Text());
+            reading.rows.push_back(row);
+        }
+    } catch (const forms::RuntimeError& error) {
+        reading.error = error;
+    }
+    return reading;
 }
 
 }  // namespace
@@ -32,14 +58,16 @@ std::string Encode(const std::array<Row, rowCount>& rows) {
 }
 
 void Decode(const std::string& bytes, std::vector<Row>& rows) {
-    RecordText::Reader reader(RecordText::FromBytes(bytes));
-    for (std::size_t i = 0; i < rowCount; ++i) {
-        Row row;
-        row.Day = reader.Text();
-        row.Time = reader.Date();
-        row.Message = reader.Text();
-        row.Enabled = forms::ToInteger16(reader.Text());
-        rows.push_back(row);
+    const std::string text = RecordText::FromBytes(bytes);
+    Reading best = ReadAll(text, &RecordText::Reader::TextBeforeLastField);
+    // A file that was written by other means need not have one row a line.
+    if (Reading other = ReadAll(text, &RecordText::Reader::Text);
+        other.rows.size() > best.rows.size()) {
+        best = std::move(other);
+    }
+    rows.insert(rows.end(), best.rows.begin(), best.rows.end());
+    if (best.error) {
+        throw forms::RuntimeError(*best.error);
     }
 }
 

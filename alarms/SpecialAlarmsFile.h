@@ -26,10 +26,15 @@ struct Row {
 std::string Folder();  // without a trailing backslash
 std::string Path();
 
+// One line a row. A message is written as it stands, double quotes included.
 std::string Encode(const std::array<Row, rowCount>& rows);
 
 // Takes any bytes. Appends each row that could be read as a whole, seven at most. RuntimeError 62
-// where there are fewer, 13 or 6 where a field cannot be converted.
+// if there are fewer, 13 or 6 if a field cannot be converted.
+//
+// A message ends at the first double quote that only the last field of the line follows: so each
+// message without line breaks is read back as it was written, whatever quotes it holds. If more
+// rows are found with messages that end at their first quote, the file is read in that way.
 void Decode(const std::string& bytes, std::vector<Row>& rows);
 
 // At this second of the week. A row whose time has a date is never due.

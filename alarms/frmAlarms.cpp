@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "alarms/Bell.h"
 #include "app/Grid.h"
 #include "app/Settings.h"
 #include "app/StandardCode.h"
@@ -107,11 +108,11 @@ void frmAlarms::cmdTest_Click() {
         }
         Shared().AlarmSoundPath = txtMyWaveFilePath.text;
     }
-    forms::Machine().sound->Play(Shared().AlarmSoundPath, forms::Sound::Mode::Loop);
-    MsgBox("        Sampling " + optAlarm[static_cast<std::size_t>(lastClicked)].caption() +
-               "          ",
-           {}, "Jotwright Audio Alarm");
-    forms::Machine().sound->Stop();
+    Bell::RingBehindBox(Shared().AlarmSoundPath,
+                        "        Sampling " +
+                            optAlarm[static_cast<std::size_t>(lastClicked)].caption() +
+                            "          ",
+                        {}, "Jotwright Audio Alarm");
 }
 
 void frmAlarms::cmdSave_Click() {

@@ -152,10 +152,7 @@ void frmSpecialAlarms::ReportIdenticalAlarms(Pair pair) {
 }
 
 SpecialAlarmsFile::Row frmSpecialAlarms::RowOf(std::size_t row) const {
-    // A double quote would end the message where the file is read, and make the rest unreadable.
-    std::string message = txtMessage[row].text;
-    std::replace(message.begin(), message.end(), '"', '\'');
-    return {cboDays[row].Text(), dtpTime[row].value, message,
+    return {cboDays[row].Text(), dtpTime[row].value, txtMessage[row].text,
             static_cast<std::int16_t>(chkEnabled[row].value)};
 }
 

@@ -12,6 +12,8 @@ namespace RecordText {
 namespace {
 
 constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
+constexpr std::string_view blanks = " \t";
+constexpr std::string_view lineEnds = "\r\n";
 
 forms::DateTime ReadDay(const std::string& day) {
     return day.find('/') == std::string::npos ? forms::ParseIsoDate(day)
@@ -98,18 +100,57 @@ std::int16_t Reader::IntegerOrZero() {
     return forms::IsNumeric(number) ? forms::ToInteger16(number) : std::int16_t{0};
 }
 
-Reader::Field Reader::Next() {
+std::string Reader::TextBeforeLastField() {
+    if (StartsWithQuote()) {
+        for (std::size_t quote = text.find('"', position + 1); quote != std::string::npos;
+             quote = text.find('"', quote + 1)) {
+            if (IsLastField(quote + 1)) {
+                ++position;
+                return Take(quote, true).text;
+            }
+        }
+    }
+    return Text();
+}
+
+bool Reader::IsLastField(std::size_t place) const {
+    place = std::min(text.find_first_not_of(blanks, place), text.size());
+    if (text.compare(place, 1, ",") == 0) {
+        place = std::min(text.find_first_not_of(blanks, place + 1), text.size());
+    } else if (place == text.size() || lineEnds.find(text[place]) != std::string_view::npos) {
+        return false;
+    }
+    if (text.compare(place, 1, "\"") == 0) {
+        place = std::min(text.find_first_of("\"\r\n", place + 1), text.size());
+        if (text.compare(place, 1, "\"") != 0) {
+            return false;
+        }
+        place = std::min(text.find_first_not_of(blanks, place + 1), text.size());
+    } else {
+        place = std::min(text.find_first_of("\",\r\n", place), text.size());
+    }
+    return place == text.size() || lineEnds.find(text[place]) != std::string_view::npos;
+}
+
+bool Reader::StartsWithQuote() {
     SkipBlanks();
+    return position < text.size() && text[position] == '"';
+}
+
+Reader::Field Reader::Next() {
+    const bool quoted = StartsWithQuote();
     if (position == text.size()) {
         throw forms::RuntimeError(forms::ErrorNumber::InputPastEndOfFile);
     }
-    const bool quoted = text[position] == '"';
     if (quoted) {
         ++position;
     }
     const std::size_t found =
         quoted ? text.find('"', position) : text.find_first_of(",\r\n", position);
-    const std::size_t end = std::min(found, text.size());
+    return Take(std::min(found, text.size()), quoted);
+}
+
+Reader::Field Reader::Take(std::size_t end, bool quoted) {
     Field field{text.substr(position, end - position), quoted};
     position = end;
     if (quoted && position < text.size()) {
@@ -122,9 +163,7 @@ Reader::Field Reader::Next() {
 }
 
 void Reader::SkipBlanks() {
-    while (position < text.size() && (text[position] == ' ' || text[position] == '\t')) {
-        ++position;
-    }
+    position = std::min(text.find_first_not_of(blanks, position), text.size());
 }
 
 void Reader::SkipDelimiter() {

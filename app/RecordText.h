@@ -34,6 +34,10 @@ class Reader {
     // From quote to quote, line breaks included; without a quote up to the next comma or line end.
     // A missing closing quote takes all that is left.
     std::string Text();
+    // As Text, for the last but one field of a line. A text that begins with a quote may hold
+    // quotes itself: it ends at the first quote that one more field follows up to the end of the
+    // line. If there is none it is read as by Text.
+    std::string TextBeforeLastField();
     // "yyyy-mm-dd", "hh:mm:ss" or both, with or without number signs, quoted or not; nothing at all
     // is the zero date. RuntimeError 13 for anything else.
     forms::DateTime Date();
@@ -49,6 +53,11 @@ class Reader {
     };
 
     Field Next();
+    // Reads the field up to this place, which holds its closing quote if it has an opening one.
+    Field Take(std::size_t end, bool quoted);
+    bool StartsWithQuote();
+    // Whether one field and no more lies between this place and the end of its line.
+    bool IsLastField(std::size_t place) const;
     void SkipBlanks();
     void SkipDelimiter();
 

@@ -1,6 +1,9 @@
 #include "app/Settings.h"
 
+#include <limits>
+
 #include "forms/Devices.h"
+#include "forms/RuntimeError.h"
 #include "forms/Text.h"
 
 namespace Settings {
@@ -15,7 +18,16 @@ std::string Read(const std::string& section, const std::string& key, int default
 }
 
 std::int16_t ReadInteger(const std::string& section, const std::string& key, int defaultValue) {
-    return forms::ToInteger16(Read(section, key, defaultValue));
+    const std::string value = Read(section, key, defaultValue);
+    try {
+        return forms::ToInteger16(value);
+    } catch (const forms::RuntimeError& error) {
+        if (!(error == forms::ErrorNumber::Overflow)) {
+            throw;
+        }
+        using Limits = std::numeric_limits<std::int16_t>;
+        return forms::Trim(value).starts_with('-') ? Limits::min() : Limits::max();
+    }
 }
 
 void Write(const std::string& section, const std::string& key, const std::string& value) {

@@ -31,7 +31,8 @@ inline constexpr const char* viewTips = "View Tips";  // "1" suppresses the tips
 std::string Read(const std::string& section, const std::string& key,
                  const std::string& defaultValue);
 std::string Read(const std::string& section, const std::string& key, int defaultValue);
-// RuntimeError 13 where the value is no number, 6 where it does not fit.
+// A number outside the range of 16 bits counts as the nearest one inside. RuntimeError 13 if the
+// value is no number.
 std::int16_t ReadInteger(const std::string& section, const std::string& key, int defaultValue);
 
 void Write(const std::string& section, const std::string& key, const std::string& value);

@@ -66,15 +66,16 @@ struct SharedValues {
     int TemporaryFiles = 0;  // made so far, see SafeFile
     RetryTime TimeToRetry;
 
-    std::string AlarmSoundPath;        // full path of the current alarm sound
-    bool AlarmSounding = false;        // keeps the cuckoo and further alarm sounds silent
-    int DisplaySoundsWaiting = 0;      // looping sounds of alarm displays that wait for their boxes
-    bool SoundRequested = false;       // an alarm display opened in this tick wants the sound
+    std::string AlarmSoundPath;  // full path of the current alarm sound
+    bool AlarmSounding = false;  // keeps the cuckoo and further alarm sounds silent
+    // Paths of the looping sounds that wait for their boxes; the last one is heard. See Bell.
+    std::vector<std::string> RingingSounds;
     bool ControlPanelMode = false;     // the control panel is the way into the editors
     bool BlinkPhase = false;           // one for all note windows
     std::string AlarmFlag;             // "1" or "0": alarm of the last note restored
     std::int16_t StartCookooFlag = 0;  // copy of setting "StartCookoo"
     std::int16_t WindowOnTopFlag = 0;  // copy of setting "WindowOnTop"
+    std::int16_t ViewTipsFlag = 0;     // setting "View Tips" as read at start-up
     std::int16_t NoteFlag = 0;         // cleared by note creation
     std::int16_t Answer = 0;           // of the erase question: 2 yes, 1 no
 

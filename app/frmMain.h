@@ -96,11 +96,6 @@ class frmMain : public forms::Form {
     void StartCuckooClock();
     void ShowControlPanel();
     void ShowHelpFile(int command);
-    // Both look at one and the same second, however long the opening of windows takes.
-    int CheckNoteAlarms(forms::DateTime now);  // how many notes were due
-    void CheckSpecialAlarms(forms::DateTime now);
-    static bool IsSpecialAlarmDue(forms::DateTime now);
-    void StartRequestedSound(int dueCount);
     void ConnectEvents();
 
     void cmdMakeNote_Click();

@@ -1,83 +1,18 @@
-#include "alarms/DueRules.h"
-#include "alarms/SpecialAlarmsFile.h"
-#include "alarms/StrikeTable.h"
-#include "app/StandardCode.h"
+#include "alarms/Bell.h"
+#include "alarms/CuckooClock.h"
+#include "alarms/NoteAlarmsCheck.h"
+#include "alarms/SpecialAlarmsCheck.h"
 #include "app/frmMain.h"
-#include "forms/MsgBox.h"
-#include "notes/NoteStore.h"
-#include "notes/frmDisplayNote.h"
-#include "notes/frmNote.h"
 
-// The main window's clock: saved notes, weekly alarms, the cuckoo.
-
-using StandardCode::Shared;
+// The main window's two clocks: alarms and the cuckoo.
 
 void frmMain::tmrNow_Timer() {
-    // A looping sound that waits for its box keeps the others silent until it is answered.
-    if (Shared().DisplaySoundsWaiting == 0) {
-        Shared().AlarmSounding = false;
-    }
-    Shared().SoundRequested = false;
+    Bell::ClearAlarmSounding();
+    // One second for all checks, however long the opening of windows takes.
     const forms::DateTime now = forms::Now();
-    const int dueCount = CheckNoteAlarms(now);
-    CheckSpecialAlarms(now);
-    StartRequestedSound(dueCount);
-}
-
-int frmMain::CheckNoteAlarms(forms::DateTime now) {
-    int dueCount = 0;
-    const auto& notes = Shared().NotesArray;
-    for (int slot = 1; slot <= StandardCode::maximumNotes; ++slot) {
-        if (notes[slot].Title.empty()) {
-            break;
-        }
-        // An open editor rings its own alarm.
-        if (DueRules::IsSavedNoteDue(notes[slot], now) &&
-            StandardCode::Notes().FindOpen(StandardCode::Notes().OfSlot(slot).file) == nullptr) {
-            StandardCode::DisplayNote(slot);
-            ++dueCount;
-        }
-    }
-    return dueCount;
-}
-
-void frmMain::CheckSpecialAlarms(forms::DateTime now) {
-    for (std::size_t row = 0; row < Shared().SpecialAlarmDay.size(); ++row) {
-        if (!SpecialAlarmsFile::IsDue(SpecialAlarmsFile::SharedRow(row), now)) {
-            continue;
-        }
-        std::string& message = Shared().SpecialAlarmMessage[row];
-        if (message.empty()) {
-            message = "No Special Message";
-        }
-        // The cuckoo's own timer goes on while the message waits: it would end the alarm's sound.
-        Shared().AlarmSounding = true;
-        forms::Machine().sound->Play(Shared().AlarmSoundPath, forms::Sound::Mode::Loop);
-        forms::MsgBox(
-            "Message for " + Shared().SpecialAlarmDay[row] + "               \r\n\r\n" + message,
-            {.icon = forms::BoxIcon::Information}, "Jotwright Daily Alarm");
-        forms::Machine().sound->Stop();
-        Shared().AlarmSounding = true;
-    }
-}
-
-bool frmMain::IsSpecialAlarmDue(forms::DateTime now) {
-    for (std::size_t row = 0; row < Shared().SpecialAlarmDay.size(); ++row) {
-        if (SpecialAlarmsFile::IsDue(SpecialAlarmsFile::SharedRow(row), now)) {
-            return true;
-        }
-    }
-    return false;
-}
-
-void frmMain::StartRequestedSound(int dueCount) {
-    if (Shared().AlarmSounding || dueCount == 0 || !Shared().SoundRequested) {
-        return;
-    }
-    if (const auto display = StandardCode::LastDisplay()) {
-        display->tmrSoundAlarm.enabled = true;
-        Shared().AlarmSounding = true;
-    }
+    const NoteAlarmsCheck::Opened opened = NoteAlarmsCheck::DisplayDue(now);
+    SpecialAlarmsCheck::RingDue(now);
+    NoteAlarmsCheck::StartSound(opened);
 }
 
 void frmMain::StartCuckooClock() {
@@ -99,23 +34,14 @@ void frmMain::cmdCookoo_Click() {
 }
 
 void frmMain::tmrCooKoo_Timer() {
-    // The flag is cleared every second; a note rings until its box is answered.
-    if (Shared().AlarmSounding || StandardCode::IsNoteRinging()) {
-        return;
-    }
-    const forms::DateTime now = forms::Now();
-    const int strikes = StrikeTable::StrikesAt(now.TimeOnly());
-    // Of two timers that are due together either may come first, and while the cuckoo strikes the
-    // main clock would wait.
-    if (strikes > 0 && !IsSpecialAlarmDue(now)) {
+    const int strikes = CuckooClock::StrikesDue(forms::Now());
+    if (strikes > 0) {
         StrikeCuckoo(strikes);
     }
 }
 
 void frmMain::StrikeCuckoo(int count) {
-    for (int strike = 0; strike < count; ++strike) {
-        forms::Machine().sound->PlayToEnd(forms::ApplicationPath("\\Cuckoo clock.wav"));
-    }
+    CuckooClock::Strike(count);
     struck = true;
     tmrCooKoo.enabled = false;
     // Restarts the clock's own second after the strikes.

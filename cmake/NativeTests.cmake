@@ -23,6 +23,8 @@ endfunction()
 jotwright_sources(test_sources tests/forms tests/forms/headless tests/app tests/notes tests/alarms
                   tests/tools tests/info)
 jotwright_sources(support_sources tests/support)
+set_source_files_properties(tests/info/frmAboutTest.cpp tests/info/frmSplashTest.cpp PROPERTIES
+                            COMPILE_DEFINITIONS "JOTWRIGHT_PROJECT_VERSION=\"${PROJECT_VERSION}\"")
 if(test_sources)
     jotwright_add_tests(jotwright_tests ${test_sources} ${support_sources})
 endif()

@@ -131,7 +131,8 @@ class Frame : public Control {
     Property<std::string> caption{*this, Aspect::Caption};
 };
 
-// A drop-down list. Raises Click when its index changes, by the user or by code.
+// A drop-down list. Raises Click when its index changes, by the user or by code, and when the user
+// chooses the entry again that is chosen already.
 class ComboBox : public Control {
   public:
     ComboBox(Form* parent, const char* controlName, int arrayIndex = 0)

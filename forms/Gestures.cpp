@@ -92,7 +92,13 @@ void Typed(TextBox& textBox) {
 
 void Select(ComboBox& comboBox, int index) {
     if (CanUse(comboBox)) {
-        Raise(comboBox.form, [&comboBox, index] { comboBox.listIndex = index; });
+        Raise(comboBox.form, [&comboBox, index] {
+            if (comboBox.listIndex() != index) {
+                comboBox.listIndex = index;
+            } else if (comboBox.Click) {
+                comboBox.Click();
+            }
+        });
     }
 }
 

@@ -18,7 +18,8 @@ enum class TimerPhase { FromStart, ClockSecond };
 
 // Polling timers that are due together see one second: forms::Now() in their handlers is the time
 // at which the tick could be given, however long the handlers before it took, until the handler
-// lets events in.
+// lets events in. In each second they tick in the order in which they were first switched on,
+// whatever held one of them up before.
 //
 // Ticks keep their phase: the next is due one interval after the last was due, settled before the
 // handler runs. Ticks that could not be given in time are dropped. A timer whose handler is still
@@ -47,8 +48,10 @@ class Timer final : public Observed {
   private:
     friend class TimerQueue;
     bool resting = false;
-    std::int64_t due = 0;                    // monotonic milliseconds
-    std::uint64_t sequence = 0;              // of those due together, the first queued ticks first
+    std::int64_t due = 0;  // monotonic milliseconds
+    // Of timers due together the one with the lowest number ticks first. A polling timer keeps the
+    // number of its first start; others get a new one for each tick. 0: never queued.
+    std::uint64_t sequence = 0;
     std::optional<std::int64_t> dueSecond;   // that the clock showed when the tick's turn came
     std::optional<std::int64_t> seenSecond;  // the same of the last tick
     bool queued = false;

@@ -1,5 +1,6 @@
 #include "forms/TimerQueue.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "forms/Devices.h"
@@ -13,7 +14,7 @@ namespace {
 
 constexpr std::int64_t second = 1000;
 constexpr std::int64_t middle = 500;
-// Deviations of the wall clock from the monotonic one that are too small to move a tick for.
+// Deviations of the wall clock from the monotonic one that are too small to move the grid for.
 constexpr std::int64_t tolerance = 50;
 
 std::int64_t MonotonicNow() { return Machine().clock->MonotonicMilliseconds(); }
@@ -66,7 +67,9 @@ std::int64_t TimerQueue::OffMiddle(std::int64_t moment, std::int64_t now) const 
 
 void TimerQueue::Enqueue(Timer& timer, std::int64_t due) {
     timer.due = due;
-    timer.sequence = ++lastSequence;
+    if (timer.phase == TimerPhase::FromStart || timer.sequence == 0) {
+        timer.sequence = ++lastSequence;
+    }
     timer.queued = true;
     queue.insert(&timer);
 }
@@ -103,28 +106,27 @@ void TimerQueue::StartAtOnce(Timer& timer) {
     }
 }
 
+std::int64_t TimerQueue::GridPointAfter(std::int64_t moment, std::int64_t distance) const {
+    std::int64_t sincePoint = (moment - gridAnchor.value_or(moment)) % distance;
+    if (sincePoint < 0) {
+        sincePoint += distance;
+    }
+    return moment - sincePoint + distance;
+}
+
 std::int64_t TimerQueue::FirstDue(const Timer& timer, std::int64_t now) const {
-    const std::int64_t interval = timer.interval;
     if (timer.phase == TimerPhase::FromStart) {
-        return now + interval;
+        return now + timer.interval;
     }
-    if (SeesEverySecond(timer)) {
-        const std::int64_t off = OffMiddle(now, now);
-        return off < 0 ? now - off : now - off + second;
-    }
-    const std::int64_t anchor = gridAnchor.value_or(now);
-    std::int64_t sinceTick = (now - anchor) % interval;
-    if (sinceTick < 0) {
-        sinceTick += interval;
-    }
-    return now - sinceTick + interval;
+    return GridPointAfter(now, SeesEverySecond(timer) ? second : timer.interval());
 }
 
 std::int64_t TimerQueue::NextAfter(const Timer& timer, std::int64_t lastDue, std::int64_t now,
                                    std::int64_t shown) const {
+    const std::int64_t sinceSecond = WallAt(now) % second;
     if (SeesEverySecond(timer) && WallAt(now) >= (shown + 1) * second) {
-        // Those before it took so long that there is another second to be seen.
-        return now;
+        // The ticks before this one took so long that another second has begun.
+        return std::max(now, GridPointAfter(now - sinceSecond - 1, second));
     }
     const std::int64_t interval = timer.interval;
     std::int64_t next = lastDue + interval;
@@ -134,16 +136,9 @@ std::int64_t TimerQueue::NextAfter(const Timer& timer, std::int64_t lastDue, std
     if (!SeesEverySecond(timer)) {
         return next;
     }
-    const std::int64_t off = OffMiddle(next, now);
-    if (off > tolerance || off < -tolerance) {
-        next -= off;
-    }
     // The handler is about to see the current second; it shall not see it again.
-    const std::int64_t nextSecond = now + second - WallAt(now) % second;
-    while (next < nextSecond) {
-        next += second;
-    }
-    return next;
+    const std::int64_t nextSecond = now - sinceSecond + second;
+    return GridPointAfter(std::max(next - middle, nextSecond) - 1, second);
 }
 
 std::optional<std::int64_t> TimerQueue::NextDue() const {
@@ -173,6 +168,7 @@ void TimerQueue::RunDue() {
     ForgetClock();
     const std::int64_t limit = MonotonicNow();
     MarkDue(limit);
+    KeepGridInPhase(limit);
     for (;;) {
         Timer* timer = nullptr;
         for (Timer* candidate : queue) {
@@ -214,9 +210,23 @@ void TimerQueue::RunDue() {
     }
 }
 
+void TimerQueue::KeepGridInPhase(std::int64_t now) {
+    if (!gridAnchor) {
+        return;
+    }
+    const std::int64_t off = OffMiddle(*gridAnchor, now);
+    if (off > tolerance || off < -tolerance) {
+        MoveGrid(now);
+    }
+}
+
 void TimerQueue::Realign() {
     ForgetClock();
-    const std::int64_t now = MonotonicNow();
+    MoveGrid(MonotonicNow());
+    Runtime::Current().Rearm();
+}
+
+void TimerQueue::MoveGrid(std::int64_t now) {
     gridAnchor = now - OffMiddle(now, now);
     const std::vector<Timer*> all(queue.begin(), queue.end());
     for (Timer* timer : all) {
@@ -231,7 +241,6 @@ void TimerQueue::Realign() {
             Enqueue(*timer, isLate ? now : FirstDue(*timer, now));
         }
     }
-    Runtime::Current().Rearm();
 }
 
 }  // namespace forms

@@ -58,6 +58,12 @@ class TimerQueue {
     std::int64_t WallAt(std::int64_t now) const;
     // Milliseconds from the middle of the wall clock's second to the moment, -500 to 499.
     std::int64_t OffMiddle(std::int64_t moment, std::int64_t now) const;
+    // The first moment after this one that lies a multiple of the distance from the grid's anchor.
+    std::int64_t GridPointAfter(std::int64_t moment, std::int64_t distance) const;
+    // Moves the grid, and all polling timers that are not due with it, to the middle of the second;
+    // the first function only if it has come too far off.
+    void KeepGridInPhase(std::int64_t now);
+    void MoveGrid(std::int64_t now);
     std::int64_t FirstDue(const Timer& timer, std::int64_t now) const;
     // For a tick that was due then and sees the shown second of the wall clock.
     std::int64_t NextAfter(const Timer& timer, std::int64_t lastDue, std::int64_t now,
@@ -68,8 +74,9 @@ class TimerQueue {
     std::set<Timer*, Earlier> queue;
     std::uint64_t lastSequence = 0;
     std::optional<DateTime> tickTime;
-    // Monotonic time of some middle of a second: where the ticks of all polling timers lie whose
-    // interval is no whole number of seconds. Not known before the first of them starts.
+    // Monotonic time of some middle of a second. The ticks of all polling timers lie on a grid
+    // through it, so that those for one second are due together. Not known before the first of them
+    // starts.
     std::optional<std::int64_t> gridAnchor;
     // The last reading of the wall clock, while it can be used again.
     mutable std::optional<std::int64_t> readAt;

@@ -13,7 +13,8 @@ namespace {
 
 using SpecialAlarmsFile::Row;
 
-bool HasQuote(const Row& row) { return (row.Day + row.Message).find('"') != std::string::npos; }
+// The window writes one of seven names as the day.
+bool HasQuoteInDay(const Row& row) { return row.Day.find('"') != std::string::npos; }
 
 void CheckRoundTrip(const std::vector<Row>& rows) {
     std::array<Row, SpecialAlarmsFile::rowCount> week;
@@ -43,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
         return 0;
     }
-    if (std::none_of(rows.begin(), rows.end(), HasQuote)) {
+    if (std::none_of(rows.begin(), rows.end(), HasQuoteInDay)) {
         CheckRoundTrip(rows);
     }
     return 0;

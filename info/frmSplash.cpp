@@ -6,6 +6,7 @@
 #include "app/Grid.h"
 #include "app/ProductTexts.h"
 #include "app/Settings.h"
+#include "app/StandardCode.h"
 #include "app/frmMain.h"
 #include "forms/Environment.h"
 #include "forms/Runtime.h"
@@ -59,18 +60,11 @@ void frmSplash::tmrSplash_Timer() {
 }
 
 void frmSplash::ShowTips() {
-    const std::int16_t hideTips =
-        Settings::ReadInteger(Settings::Startup::section, Settings::Startup::viewTips, 0);
-    // The window stays loaded with this value in its box, whatever the user saves meanwhile: the
-    // box shows it again when the tips are next opened from a menu.
-    const auto setBox = [hideTips] {
-        auto& tips = Default<frmTip>();
-        tips.Load();
-        tips.chkShowTips.value = hideTips;
-    };
-    setBox();
+    std::int16_t& hideTips = StandardCode::Shared().ViewTipsFlag;
+    hideTips = Settings::ReadInteger(Settings::Startup::section, Settings::Startup::viewTips, 0);
+    Default<frmTip>().Load();
     if (hideTips != 1) {
         Default<frmTip>().ShowModal();
-        setBox();
+        Default<frmTip>().Load();
     }
 }

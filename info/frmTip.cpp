@@ -2,6 +2,7 @@
 
 #include "app/Grid.h"
 #include "app/Settings.h"
+#include "app/StandardCode.h"
 #include "forms/Environment.h"
 
 namespace {
@@ -47,6 +48,10 @@ void frmTip::Design() {
 
 void frmTip::Form_Load() {
     icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
+    // Any number may be in the store; one that is no check mark leaves the box empty.
+    constexpr int grayed = 2;
+    const int viewTips = StandardCode::Shared().ViewTipsFlag;
+    chkShowTips.value = viewTips >= 0 && viewTips <= grayed ? viewTips : 0;
     lblTipText.fontSize = 12;
     lblTipText.foreColor = forms::Color{0, 0, 128};
     FillTips();

@@ -7,7 +7,8 @@
 #include "forms/Form.h"
 
 // Tips, one at a time. Shown modally at start-up, unless the user does not want them, and from the
-// main window's menus.
+// main window's menus. The check box always opens with the setting as it was at start-up
+// (ViewTipsFlag), whatever was saved since.
 class frmTip : public forms::Form {
   public:
     frmTip() : Form("frmTip") {}

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "alarms/Bell.h"
 #include "app/Grid.h"
 #include "app/RecordText.h"
 #include "app/Settings.h"
@@ -41,20 +42,6 @@ int FontSizeOf(const StandardCode::NoteRecord& note) {
         default:
             return 12;
     }
-}
-
-// Counts a sound that waits for its box, however the wait ends.
-class WaitingSound {
-  public:
-    WaitingSound() { ++Shared().DisplaySoundsWaiting; }
-    ~WaitingSound() { --Shared().DisplaySoundsWaiting; }
-    WaitingSound(const WaitingSound&) = delete;
-    WaitingSound& operator=(const WaitingSound&) = delete;
-};
-
-std::weak_ptr<frmDisplayNote>& LastOpened() {
-    static std::weak_ptr<frmDisplayNote> display;
-    return display;
 }
 
 }  // namespace
@@ -164,6 +151,11 @@ void frmDisplayNote::ShowNote(const StoredNote& note) {
     lblNoteText.text = shownText;
 }
 
+bool frmDisplayNote::ShowsAlarmOf(const StoredNote& note) const {
+    return file == note.file && shown.Title == note.record.Title &&
+           shown.AlarmDate == note.record.AlarmDate && shown.AlarmTime == note.record.AlarmTime;
+}
+
 std::optional<StandardCode::NoteRecord> frmDisplayNote::SavedMeanwhile() const {
     try {
         StandardCode::NoteRecord saved = NoteStore::Read(file).record;
@@ -208,21 +200,24 @@ bool frmDisplayNote::Write(StandardCode::NoteRecord& note, NoteFile::TimeField t
 }
 
 void frmDisplayNote::tmrSoundAlarm_Timer() {
-    forms::Sound& sound = *forms::Machine().sound;
     Shared().AlarmSounding = true;
     const bool loops =
         Settings::ReadInteger(Settings::Options::section, Settings::Options::noteLoops, 0) == 1;
-    if (loops) {
-        const WaitingSound waiting;
-        sound.Play(Shared().AlarmSoundPath, forms::Sound::Mode::Loop);
-        forms::MsgBox("      Turn Off Alarm?       ", {.icon = forms::BoxIcon::Information},
-                      "Jotwright Audio Alarm");
-        sound.Stop();
-    } else {
-        sound.Play(Shared().AlarmSoundPath, forms::Sound::Mode::Once);
+    // Another alarm may have begun to ring since this window opened. It goes on undisturbed.
+    if (!Bell::IsRinging()) {
+        StartSound(loops);
     }
     tmrSoundAlarm.enabled = false;
-    Shared().AlarmSounding = false;
+    Bell::ClearAlarmSounding();
+}
+
+void frmDisplayNote::StartSound(bool loops) {
+    if (loops) {
+        Bell::RingBehindBox(Shared().AlarmSoundPath, "      Turn Off Alarm?       ",
+                            {.icon = forms::BoxIcon::Information}, "Jotwright Audio Alarm");
+    } else {
+        forms::Machine().sound->Play(Shared().AlarmSoundPath, forms::Sound::Mode::Once);
+    }
 }
 
 void frmDisplayNote::mnuPrint_Click() { StandardCode::PrintNote(caption, lblNoteText.text); }
@@ -233,7 +228,7 @@ void frmDisplayNote::mnuClose_Click() { Unload(); }
 
 namespace StandardCode {
 
-void DisplayNote(int slot) {
+std::shared_ptr<frmDisplayNote> DisplayNote(int slot) {
     const StoredNote stored = Notes().OfSlot(slot);
     const NoteRecord& note = stored.record;
     const auto display = forms::New<frmDisplayNote>();
@@ -252,16 +247,16 @@ void DisplayNote(int slot) {
         display->lblJotwright.foreColor = shade.text;
     }
     display->lblNoteText.fontSize = FontSizeOf(note);
-    if (note.AudioAlarm == 1 && !Shared().AlarmSounding) {
-        Shared().SoundRequested = true;
-    }
-    LastOpened() = display;
     display->Show();
+    return display;
 }
 
-std::shared_ptr<frmDisplayNote> LastDisplay() {
-    auto display = LastOpened().lock();
-    return display && display->IsLoaded() ? display : nullptr;
+bool IsAlarmDisplayed(const StoredNote& note) {
+    const auto& loaded = forms::Runtime::Current().LoadedForms();
+    return std::any_of(loaded.begin(), loaded.end(), [&note](const auto& form) {
+        const auto* display = dynamic_cast<const frmDisplayNote*>(form.get());
+        return display != nullptr && display->ShowsAlarmOf(note);
+    });
 }
 
 }  // namespace StandardCode

@@ -20,7 +20,7 @@ class frmDisplayNote : public forms::Form {
     std::array<forms::Line, 2> Line1{{{this, "Line1"}, {this, "Line1"}}};
     forms::TextBox lblNoteText{this, "lblNoteText"};
 
-    // Plays the sound once, one second after it was switched on.
+    // Plays the sound one second after it was switched on, unless another alarm rings then.
     forms::Timer tmrSoundAlarm{this, "tmrSoundAlarm"};
 
     forms::Menu mnuPop{this, "mnuPop"};
@@ -39,6 +39,8 @@ class frmDisplayNote : public forms::Form {
     void ShowNote(const StoredNote& note);
     // Of the note; empty for the default instance.
     const std::string& File() const { return file; }
+    // Whether the window came up for this note, at the date and time that its alarm has now.
+    bool ShowsAlarmOf(const StoredNote& note) const;
     // Writes the note's file from what the window shows, its alarm switched off: the file is
     // replaced in one step. A failure is shown in a box and leaves the file as it was; false then.
     bool ReWriteNote();
@@ -56,6 +58,7 @@ class frmDisplayNote : public forms::Form {
     bool Write(StandardCode::NoteRecord& note, NoteFile::TimeField timeField);
     bool IsTextChanged() const { return lblNoteText.text() != shownText; }
     void tmrSoundAlarm_Timer();
+    void StartSound(bool loops);
     void mnuPrint_Click();
     void mnuErase_Click();
     void mnuClose_Click();
@@ -67,11 +70,11 @@ class frmDisplayNote : public forms::Form {
 
 namespace StandardCode {
 
-// Opens a display for the note in this slot of NotesArray. Where the note wants its alarm sound and
-// none is sounding, SoundRequested is set; the sound itself is left to the caller.
-void DisplayNote(int slot);
+// Opens a display for the note in this slot of NotesArray. The caller starts the sound, if any,
+// with tmrSoundAlarm.
+std::shared_ptr<frmDisplayNote> DisplayNote(int slot);
 
-// The display that was opened last; null when it is closed.
-std::shared_ptr<frmDisplayNote> LastDisplay();
+// Whether a display is open that came up for this note's present alarm.
+bool IsAlarmDisplayed(const StoredNote& note);
 
 }  // namespace StandardCode

@@ -186,10 +186,3 @@ class frmNote : public forms::Form, public NoteEditor {
 
     EditedNote edited{*this};
 };
-
-namespace StandardCode {
-
-// Whether an editor's alarm sounds and waits for its box.
-bool IsNoteRinging();
-
-}  // namespace StandardCode

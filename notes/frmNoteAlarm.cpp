@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "alarms/Bell.h"
 #include "forms/Environment.h"
 #include "forms/MsgBox.h"
 #include "forms/Runtime.h"
@@ -25,23 +26,7 @@ void ShowInformation(const std::string& text) {
     forms::MsgBox(text, {.icon = forms::BoxIcon::Information}, "Information");
 }
 
-int& RingingNotes() {
-    static int notes = 0;
-    return notes;
-}
-
-// Counts a sound that waits for its box, however the wait ends.
-class Ringing {
-  public:
-    Ringing() { ++RingingNotes(); }
-    ~Ringing() { --RingingNotes(); }
-    Ringing(const Ringing&) = delete;
-    Ringing& operator=(const Ringing&) = delete;
-};
-
 }  // namespace
-
-bool StandardCode::IsNoteRinging() { return RingingNotes() > 0; }
 
 forms::Picture frmNote::AlarmIcon() {
     return forms::LoadPicture(forms::ApplicationPath("\\alarmon.ico"));
@@ -166,10 +151,8 @@ void frmNote::Fire() {
     if (chkAudioAlarm.value() != 1) {
         return;
     }
-    const Ringing ringing;
-    forms::Machine().sound->Play(Shared().AlarmSoundPath, forms::Sound::Mode::Loop);
-    forms::MsgBox("           Turn Off Alarm?", {}, "Jotwright Audio Alarm");
-    forms::Machine().sound->Stop();
+    Bell::RingBehindBox(Shared().AlarmSoundPath, "           Turn Off Alarm?", {},
+                        "Jotwright Audio Alarm");
     chkAudioAlarm.value = 0;
     AcceptFiring();
 }

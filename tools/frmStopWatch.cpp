@@ -1,5 +1,7 @@
 #include "tools/frmStopWatch.h"
 
+#include <cstdint>
+#include <cstdlib>
 #include <string>
 
 #include "app/Grid.h"
@@ -108,8 +110,10 @@ void frmStopWatch::cmdSave_Click() {
 void frmStopWatch::cmdClose_Click() { Unload(); }
 
 void frmStopWatch::tmrMain_Timer() {
-    lblTime.caption =
-        forms::FormatTime24(forms::DateTime{forms::Now().seconds - StartTime.seconds});
+    // A negative date-time value has the time of day of its absolute value: that is what is shown
+    // after the wall clock was put back behind the start.
+    const std::int64_t elapsed = std::abs(forms::Now().seconds - StartTime.seconds);
+    lblTime.caption = forms::FormatTime24(forms::DateTime{elapsed});
 }
 
 void frmStopWatch::mnuFileSave_Click() { cmdSave_Click(); }

@@ -1,5 +1,6 @@
 #include "tools/frmTimer.h"
 
+#include "alarms/Bell.h"
 #include "app/Grid.h"
 #include "forms/Devices.h"
 #include "forms/Environment.h"
@@ -109,11 +110,8 @@ void frmTimer::tmrMain_Timer() {
 }
 
 void frmTimer::TimeIsUp() {
-    forms::Sound& sound = *forms::Machine().sound;
-    sound.Play(forms::ApplicationPath("\\Alert chime.wav"), forms::Sound::Mode::Loop);
-    forms::MsgBox("          Time Is Up        ", {.icon = forms::BoxIcon::Critical},
-                  "Jotwright Audio Alarm");
-    sound.Stop();
+    Bell::RingBehindBox(forms::ApplicationPath("\\Alert chime.wav"), "          Time Is Up        ",
+                        {.icon = forms::BoxIcon::Critical}, "Jotwright Audio Alarm");
     cmdStop_Click();
     tmrMain.enabled = false;
     lblTime.caption = "Time Left: 0 minutes 0 seconds.";

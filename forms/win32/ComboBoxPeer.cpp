@@ -52,9 +52,14 @@ class ComboBoxPeer : public Peer {
     }
 
     void OnCommand(int code) override {
-        if (code == CBN_SELCHANGE) {
-            gestures::Select(comboBox,
-                             static_cast<int>(::SendMessageW(handle, CB_GETCURSEL, 0, 0)));
+        if (code != CBN_SELCHANGE && code != CBN_SELENDOK) {
+            return;
+        }
+        const auto shown = static_cast<int>(::SendMessageW(handle, CB_GETCURSEL, 0, 0));
+        // An entry chosen in the open list is reported twice, the same entry chosen again perhaps
+        // only as the end of the choice.
+        if (code == CBN_SELENDOK || shown != comboBox.listIndex()) {
+            gestures::Select(comboBox, shown);
         }
     }
 

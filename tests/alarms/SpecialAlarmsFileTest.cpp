@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+#include <vector>
+
 #include "alarms/SpecialAlarmsFile.h"
 #include "tests/support/RuleDevices.h"
 
@@ -106,6 +110,97 @@ TEST_F(SpecialAlarmsFileTest, FieldsThatCannotBeConverted) {
     EXPECT_EQ(errorOf("\"Monday\",#08:00:00#,\"m\""), 62);
     EXPECT_EQ(errorOf("\"Monday\",#08:00:00#,\"m\",\"1\"\r\n"), 62);
     EXPECT_EQ(rows.size(), 2U);
+}
+
+// Pieces of which messages are made that look like the rest of their row, and like other rows.
+const std::vector<std::string> pieces{
+    "\"", "\"",       ",",          ",",      "1",           "0",    "-1",
+    " ",  "#",        "#08:00:00#", "Monday", "\"Tuesday\"", "\",1", "\"Friday\",#17:30:00#,\"",
+    "a",  "\xc3\xa9", "\t"};
+
+std::string RandomMessage(std::mt19937& random, const std::vector<std::string>& from) {
+    std::string message;
+    for (auto left = random() % 12; left > 0; --left) {
+        message += from[random() % from.size()];
+    }
+    return message;
+}
+
+TEST_F(SpecialAlarmsFileTest, EveryMessageOfOneLineRoundTrips) {
+    std::mt19937 random(1);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same messages in each run
+    for (int i = 0; i < 20'000; ++i) {
+        auto week = Week();
+        for (Row& row : week) {
+            row.Message = RandomMessage(random, pieces);
+            row.Enabled = static_cast<std::int16_t>(random() % 2);
+        }
+        const auto rows = Decoded(SpecialAlarmsFile::Encode(week));
+        ASSERT_TRUE(std::equal(rows.begin(), rows.end(), week.begin(), week.end()))
+            << SpecialAlarmsFile::Encode(week);
+    }
+}
+
+TEST_F(SpecialAlarmsFileTest, WhatCouldBeReadIsTheSameAfterEverySave) {
+    std::vector<std::string> withLineBreaks = pieces;
+    for (const char* piece : {"\r\n", "\r", "\n", "\",1\r\n", "\",1\r\n\"Monday\",#08:00:00#,\""}) {
+        withLineBreaks.emplace_back(piece);
+    }
+    std::mt19937 random(2);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same messages in each run
+    int read = 0;
+    for (int i = 0; i < 20'000; ++i) {
+        std::string bytes;
+        for (int row = 0; row < 7; ++row) {
+            bytes +=
+                "\"Monday\",#08:00:00#,\"" + RandomMessage(random, withLineBreaks) + "\",1\r\n";
+        }
+        std::vector<Row> rows;
+        if (ErrorOf([&] { SpecialAlarmsFile::Decode(bytes, rows); }) != 0) {
+            continue;
+        }
+        ++read;
+        std::array<Row, SpecialAlarmsFile::rowCount> week;
+        std::copy(rows.begin(), rows.end(), week.begin());
+        if (std::any_of(rows.begin(), rows.end(),
+                        [](const Row& row) { return row.Day.find('"') != std::string::npos; })) {
+            continue;  // the window writes the name of a day
+        }
+        ASSERT_EQ(Decoded(SpecialAlarmsFile::Encode(week)), rows) << bytes;
+    }
+    EXPECT_GT(read, 1000);
+}
+
+TEST_F(SpecialAlarmsFileTest, AMessageOfSeveralLinesMayHoldQuotes) {
+    const std::string bytes =
+        "\"Monday\",#08:00:00#,\"Say \"one\"\r\nand \"two\", then go\",1\r\n" + Line("Tuesday") +
+        Line("Friday") + Line("Friday") + Line("Friday") + Line("Friday") + Line("Sunday");
+    EXPECT_EQ(Decoded(bytes).at(0).Message, "Say \"one\"\r\nand \"two\", then go");
+    EXPECT_EQ(Decoded(bytes).at(6).Day, "Sunday");
+}
+
+TEST_F(SpecialAlarmsFileTest, FilesOfOtherFormsAreReadAsTheyStand) {
+    const std::vector<std::string> forms{
+        // one row after the other in one line
+        "\"Monday\",#08:00:00#,\"m\",1,",
+        // a field a line
+        "\"Monday\"\r\n#08:00:00#\r\n\"m\"\r\n1\r\n",
+        // blanks, and other line ends
+        " \"Monday\" , #08:00:00# , \"m\" , 1 \n",
+        // quotes where none are needed, and none where they are
+        "Monday,\"08:00:00\",m,\"1\"\r\n",
+        "\"Monday\",#08:00:00#,\"m\",\"1\"\r\n",
+    };
+    for (const std::string& form : forms) {
+        std::string bytes;
+        for (std::size_t row = 0; row < SpecialAlarmsFile::rowCount; ++row) {
+            bytes += form;
+        }
+        for (const Row& row : Decoded(bytes)) {
+            EXPECT_EQ(row.Day, "Monday") << form;
+            EXPECT_EQ(row.Time, DateTime::FromTime(8, 0, 0)) << form;
+            EXPECT_EQ(row.Message, "m") << form;
+            EXPECT_EQ(row.Enabled, 1) << form;
+        }
+    }
 }
 
 TEST_F(SpecialAlarmsFileTest, BinaryAndHugeFilesAreOnlyErrors) {

@@ -114,6 +114,10 @@ TEST_F(SpecialAlarms, TheFirstAndTheLastDateOfTheCalendarGiveTheirTime) {
 
 TEST_F(SpecialAlarms, EveryKindOfChangeEnablesSave) {
     Open();
+    EXPECT_FALSE(Window().cmdSave.enabled());
+    user->Select(Window().cboDays[0], "Monday");
+    EXPECT_TRUE(Window().cmdSave.enabled()) << "the same day, chosen again";
+    Window().cmdSave.enabled = false;
     user->Select(Window().cboDays[6], "Sunday");
     EXPECT_TRUE(Window().cmdSave.enabled());
     Window().cmdSave.enabled = false;
@@ -171,15 +175,36 @@ TEST_F(SpecialAlarms, TabsCommasNumberSignsAndEmojiComeBack) {
     EXPECT_EQ(Window().cboDays[1].Text(), "Friday");
 }
 
-TEST_F(SpecialAlarms, AQuoteInAMessageDoesNotSpoilTheFile) {
+TEST_F(SpecialAlarms, QuotesInMessagesAreKept) {
+    const std::vector<std::string> messages{"Say \"hello\", please",
+                                            "\"",
+                                            "\",1",
+                                            "a\",1,\"Tuesday\",#08:00:00#,\"b\",1",
+                                            "x\" 1",
+                                            "\",\"1\"",
+                                            "\", "};
     Open();
-    user->Type(Window().txtMessage[0], "Say \"hello\", please");
-    SetRow(1, "Friday", DateTime::FromTime(9, 0, 0), true);
+    for (std::size_t row = 0; row < messages.size(); ++row) {
+        user->Type(Window().txtMessage[row], messages[row]);
+    }
+    SetRow(6, "Friday", DateTime::FromTime(9, 0, 0), true);
     user->Click(Window().cmdSave);
     EXPECT_FALSE(IsOpen());
+    const std::string saved = files.Peek(path).value_or("");
+    EXPECT_TRUE(saved.starts_with("\"Monday\",#00:00:00#,\"Say \"hello\", please\",0\r\n"))
+        << saved;
+    Restart();
     Open();
-    EXPECT_EQ(Window().txtMessage[0].text(), "Say 'hello', please");
-    EXPECT_EQ(Window().cboDays[1].Text(), "Friday");
+    for (std::size_t row = 0; row < messages.size(); ++row) {
+        EXPECT_EQ(Window().txtMessage[row].text(), messages[row]);
+    }
+    EXPECT_EQ(Window().cboDays[6].Text(), "Friday");
+    user->Pick(Window().dtpTime[0], DateTime::FromTime(10, 0, 0));
+    user->Click(Window().cmdSave);
+    Open();
+    for (std::size_t row = 0; row < messages.size(); ++row) {
+        EXPECT_EQ(Window().txtMessage[row].text(), messages[row]);
+    }
 }
 
 TEST_F(SpecialAlarms, IdenticalEnabledRowsAreRefused) {

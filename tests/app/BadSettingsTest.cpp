@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "alarms/frmAlarms.h"
+#include "app/frmOptions.h"
 #include "forms/RuntimeError.h"
 #include "forms/Text.h"
 #include "tests/support/WholeProgram.h"
@@ -45,27 +46,26 @@ TEST_F(BadSettings, ANewNoteTakesAnyNumberAndReportsTheRest) {
     StartQuietly();
     int made = 0;
     for (const char* key : {"DefaultColor", "DefaultFontSize", "ShowDateTime"}) {
-        for (const std::string& value : numbers) {
-            Set(key, value);
-            user->CloseBox(MakeNote("note " + std::to_string(++made)));
+        for (const auto& values : {numbers, tooLarge}) {
+            for (const std::string& value : values) {
+                Set(key, value);
+                user->CloseBox(MakeNote("note " + std::to_string(++made)));
+            }
         }
-        const auto refuse = [&](const std::string& value, const std::string& description) {
+        const auto refuse = [&](const std::string& value) {
             Set(key, value);
             if (!Main().IsVisible()) {
                 user->Tray(514);
             }
-            stage->ExpectBox("Error Creating New Note. " + description + "      ", "Note Error",
+            stage->ExpectBox("Error Creating New Note. Type mismatch      ", "Note Error",
                              BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
             user->Type(Main().txtNoteTitle, "refused");
             user->Click(Main().cmdMakeNote);
             EXPECT_EQ(FindWindow<frmNote>("refused"), nullptr) << key << value;
             EXPECT_EQ(Main().txtNoteTitle.text(), "refused");
         };
-        for (const std::string& value : tooLarge) {
-            refuse(value, "Overflow");
-        }
         for (const std::string& value : noNumbers) {
-            refuse(value, "Type mismatch");
+            refuse(value);
         }
         settings.values.erase({"Options", key});
     }
@@ -82,6 +82,33 @@ TEST_F(BadSettings, ANoteIsSavedBeforeAnAlarmsSettingEndsTheProgram) {
     Advance(12000);
     EXPECT_TRUE(runtime->HasEnded());
     EXPECT_NE(files.Peek(NoteFile("Shopping")).value_or("").find("milk"), std::string::npos);
+}
+
+TEST_F(BadSettings, NoNumberEndsTheProgram) {
+    for (const auto& values : {numbers, tooLarge}) {
+        for (const std::string& value : values) {
+            PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",1,\"yes\"\r\n");
+            SetNow(2004, 5, 14, 9, 0, 0);
+            for (const char* key : {"WindowOnTop", "StartCookoo", "ShowDateTime", "IsService",
+                                    "DefaultColor", "DefaultFontSize", "NoteLoops"}) {
+                Set(key, value);
+            }
+            if (value == " 1 ") {
+                Set("NoteLoops", "0");
+            }
+            StartQuietly();
+            user->CloseBox(Editor("Dentist"));
+            Advance(12000);  // its display opens and sounds
+            EXPECT_NE(FindWindow<frmDisplayNote>("Dentist"), nullptr) << value;
+            EXPECT_EQ(sound.Count(forms::headless::RecordedSound::Kind::Once), 1) << value;
+            frmOptions& options = Shown<frmOptions>();
+            EXPECT_TRUE(options.IsVisible()) << value;
+            user->Click(options.cmdCancel);
+            ASSERT_FALSE(runtime->HasEnded()) << value;
+            sound.log.clear();
+            Restart();
+        }
+    }
 }
 
 TEST_F(BadSettings, AnyTextIsASoundPath) {

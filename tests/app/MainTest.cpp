@@ -58,11 +58,11 @@ TEST_F(MainTest, AFolderThatCannotBeMadeEndsTheProgramWithTheReport) {
 
 TEST_F(MainTest, TheSharedFlagsStartClear) {
     StandardCode::Shared().AlarmSounding = true;
-    StandardCode::Shared().SoundRequested = true;
+    StandardCode::Shared().RingingSounds = {"left over.wav"};
     StandardCode::Shared().ControlPanelMode = true;
     Start(StandardCode::Main);
     EXPECT_FALSE(StandardCode::Shared().AlarmSounding);
-    EXPECT_FALSE(StandardCode::Shared().SoundRequested);
+    EXPECT_TRUE(StandardCode::Shared().RingingSounds.empty());
     EXPECT_FALSE(StandardCode::Shared().ControlPanelMode);
     EXPECT_TRUE(StandardCode::NoteTitles().empty());
 }

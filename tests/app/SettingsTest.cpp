@@ -38,7 +38,9 @@ TEST_F(SettingsTest, ValueThatIsNoNumberIsATypeMismatch) {
     settings.values[{"Options", "WindowOnTop"}] = "";
     EXPECT_EQ(ErrorOf([] { Settings::ReadInteger("Options", "WindowOnTop", 0); }), 13);
     settings.values[{"Options", "WindowOnTop"}] = "40000";
-    EXPECT_EQ(ErrorOf([] { Settings::ReadInteger("Options", "WindowOnTop", 0); }), 6);
+    EXPECT_EQ(Settings::ReadInteger("Options", "WindowOnTop", 0), 32767);
+    settings.values[{"Options", "WindowOnTop"}] = " -1e400";
+    EXPECT_EQ(Settings::ReadInteger("Options", "WindowOnTop", 0), -32768);
 }
 
 TEST_F(SettingsTest, NamesInTheStore) {

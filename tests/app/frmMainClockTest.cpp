@@ -76,10 +76,12 @@ TEST_F(frmMainClockTest, AnAlarmSetForNoonFiresOnTheFirstTickWithinThatSecond) {
 
 TEST_F(frmMainClockTest, AnAlarmInThePastNeverFires) {
     PutAlarm("Past", "08:59:00", 1, false);
+    PutAlarm("Later", "09:30:00", 1, false);
     StartQuietly();
     CloseEditors();
-    Advance(60'000);
-    EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
+    Advance(26 * 3600 * std::int64_t{1000});  // past that time of the next day
+    EXPECT_EQ(FindWindow<frmDisplayNote>("Past"), nullptr);
+    EXPECT_NE(FindWindow<frmDisplayNote>("Later"), nullptr);
 }
 
 TEST_F(frmMainClockTest, AnotherDayDoesNotFire) {
@@ -295,7 +297,16 @@ TEST_F(frmMainClockTest, ALateTickMissesTheHour) {
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
 }
 
-TEST_F(frmMainClockTest, TheCuckooIsSilentWhileAnAlarmSounds) {
+TEST_F(frmMainClockTest, TheCuckooIsSilentWhileAlarmSoundingIsSet) {
+    SetNow(2004, 5, 14, 14, 59, 50);
+    StartQuietly();
+    user->Click(Main().cmdCookoo);
+    Main().tmrNow.Tick = [] { StandardCode::Shared().AlarmSounding = true; };
+    AdvanceTo(15, 0, 40);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
+}
+
+TEST_F(frmMainClockTest, TheCuckooIsSilentInTheSecondOfASpecialAlarm) {
     SetNow(2004, 5, 14, 14, 59, 50);
     StartQuietly();
     user->Click(Main().cmdCookoo);
@@ -306,7 +317,38 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentWhileAnAlarmSounds) {
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
 }
 
-TEST_F(frmMainClockTest, ASpecialAlarmIsNotMissedWhereTheCuckoosTickComesFirst) {
+TEST_F(frmMainClockTest, TheCuckooIsSilentInTheSecondOfANotesSound) {
+    SetNow(2004, 5, 14, 14, 59, 50);
+    PutAlarm("Dentist", "15:00:15", 1, true);
+    StartQuietly();
+    CloseEditors();
+    user->Click(Main().cmdCookoo);
+    AdvanceTo(15, 0, 40);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 1);
+}
+
+// However long the box of an alarm has held up the main clock before.
+TEST_F(frmMainClockTest, TheMainClockComesBeforeTheCuckooAlsoAfterABox) {
+    for (int held = 100; held <= 3000; held += 100) {
+        SetNow(2004, 5, 14, 14, 59, 40);
+        PutAlarm("Dentist", "15:00:15", 1, true);
+        settings.values[{"Options", "StartCookoo"}] = "1";
+        StartQuietly();
+        CloseEditors();
+        SetSpecialAlarm(0, "Friday", DateTime::FromTime(14, 59, 50), "now");
+        stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
+                         BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
+                         [this, held] { Advance(held); });
+        AdvanceTo(15, 0, 40);
+        EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0) << held;
+        EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 1) << held;
+        sound.log.clear();
+        Restart();
+    }
+}
+
+TEST_F(frmMainClockTest, ASpecialAlarmIsNotMissedThoughTheMainClockWasSwitchedOnLast) {
     SetNow(2004, 5, 14, 14, 59, 50);
     StartQuietly();
     user->Click(Main().cmdCookoo);

@@ -161,6 +161,13 @@ TEST_F(Events, AComboBoxRaisesClickForTheUserAndForCode) {
     EXPECT_EQ(Take(), (Lines{"day Tuesday", "day Wednesday"}));
 }
 
+TEST_F(Events, AComboBoxRaisesClickWhenTheSameEntryIsChosenAgain) {
+    stand->Select(Form().cboDay, 1);
+    stand->Select(Form().cboDay, 1);
+    Start([] { Form().cboDay.listIndex = 1; });
+    EXPECT_EQ(Take(), (Lines{"day Tuesday", "day Tuesday"}));
+}
+
 TEST_F(Events, AMenuEntryRunsItsHandler) {
     stand->Choose(Form().mnuSave);
     EXPECT_EQ(Take(), Lines{"save"});

@@ -30,7 +30,7 @@ TEST_F(About, TellsNameAndVersion) {
         EXPECT_EQ(window.lblAbout.caption(), "The Super Hero Of Note/Alarm Software.");
         EXPECT_EQ(window.lblAbout.fontSize(), 10);
         EXPECT_TRUE(window.lblAbout.foreColor().has_value());
-        EXPECT_EQ(window.lblVersion.caption(), std::string("Version ") + StandardCode::version);
+        EXPECT_EQ(window.lblVersion.caption(), "Version " JOTWRIGHT_PROJECT_VERSION);
         EXPECT_EQ(window.txtAbout.height(), 2100);
         EXPECT_EQ(window.cmdCancel.caption(), "&Close");
     });

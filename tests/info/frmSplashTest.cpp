@@ -25,7 +25,7 @@ TEST_F(Splash, ShowsMascotNameAndOwner) {
     auto& splash = forms::Default<frmSplash>();
     EXPECT_TRUE(splash.IsVisible());
     EXPECT_EQ(splash.imgLogo.picture().path, "C:\\Jotwright\\mascot.jpg");
-    EXPECT_EQ(splash.lblLogo.caption(), std::string("Jotwright Version ") + StandardCode::version);
+    EXPECT_EQ(splash.lblLogo.caption(), "Jotwright Version " JOTWRIGHT_PROJECT_VERSION);
     EXPECT_STREQ(splash.lblLogo.fontName, "Papyrus");
     EXPECT_EQ(splash.lblCopyright.caption(), StandardCode::ownershipNotice);
     EXPECT_EQ(splash.tmrSplash.interval(), 500);
@@ -97,11 +97,53 @@ TEST_F(Splash, TheBoxShowsTheValueReadAtStartUpAndOkWritesIt) {
     Advance(1000);
     EXPECT_EQ(settings.Read("Startup", "View Tips"), "1");
 
+    for (int opened = 0; opened < 3; ++opened) {
+        stage->ExpectModal<frmTip>([this](frmTip& tips) {
+            EXPECT_EQ(tips.chkShowTips.value(), 0);
+            user->Click(tips.cmdOK);
+        });
+        user->Choose(Main().mnuHelpShowTips);
+        EXPECT_EQ(settings.Read("Startup", "View Tips"), "0");
+    }
+}
+
+TEST_F(Splash, TipsThatWereSuppressedStaySuppressedHoweverOftenTheyAreOpened) {
+    StartQuietly();
+    for (int opened = 0; opened < 3; ++opened) {
+        stage->ExpectModal<frmTip>([this](frmTip& tips) {
+            EXPECT_EQ(tips.chkShowTips.value(), 1);
+            user->Click(tips.cmdOK);
+        });
+        user->Choose(Main().mnuHelpShowTips);
+        EXPECT_EQ(settings.Read("Startup", "View Tips"), "1");
+    }
+}
+
+TEST_F(Splash, AValueThatIsNoCheckMarkShowsTheTipsWithAnEmptyBox) {
+    for (const char* value : {"3", "-1", "32767", "40000", "-40000", "1e400"}) {
+        StoreViewTips(value);
+        int shown = 0;
+        stage->ExpectModal<frmTip>([&](frmTip& tips) {
+            ++shown;
+            EXPECT_EQ(tips.chkShowTips.value(), 0) << value;
+            user->CloseBox(tips);
+        });
+        Start(StandardCode::Main);
+        Advance(1000);
+        EXPECT_EQ(shown, 1) << value;
+        EXPECT_FALSE(runtime->HasEnded()) << value;
+        Restart();
+    }
+}
+
+TEST_F(Splash, AGrayedBoxIsShownAndCountsAsUnchecked) {
+    StoreViewTips("2");
     stage->ExpectModal<frmTip>([this](frmTip& tips) {
-        EXPECT_EQ(tips.chkShowTips.value(), 0);
+        EXPECT_EQ(tips.chkShowTips.value(), 2);
         user->Click(tips.cmdOK);
     });
-    user->Choose(Main().mnuHelpShowTips);
+    Start(StandardCode::Main);
+    Advance(1000);
     EXPECT_EQ(settings.Read("Startup", "View Tips"), "0");
 }
 

@@ -2,6 +2,8 @@
 
 #include "alarms/SpecialAlarmsFile.h"
 #include "tests/support/WholeProgram.h"
+#include "tools/frmStopWatch.h"
+#include "tools/frmTimer.h"
 
 // What happens to seconds and alarms when the wall clock does not just go on: daylight saving both
 // ways, a clock that is set, a machine that sleeps. docs/reliability.md says it in words.
@@ -113,7 +115,7 @@ TEST_F(ClockChangesTest, ASavedNoteThatWasAnsweredDoesNotComeUpInTheRepeatedHour
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
 }
 
-TEST_F(ClockChangesTest, ASavedNoteThatWasNotAnsweredComesUpAgainInTheRepeatedHour) {
+TEST_F(ClockChangesTest, ASavedNoteWhoseDisplayIsOpenDoesNotComeUpAgainInTheRepeatedHour) {
     PutAlarm("Dentist", "01:15:00");
     StartAt(1, 14, 50);
     CloseEditor("Dentist");
@@ -121,13 +123,11 @@ TEST_F(ClockChangesTest, ASavedNoteThatWasNotAnsweredComesUpAgainInTheRepeatedHo
     ASSERT_EQ(CountVisible<frmDisplayNote>(), 1);
     clock.MoveWallClock(-hour);
     Advance(2 * hour * 1000);
-    EXPECT_EQ(CountVisible<frmDisplayNote>(), 2);
-    // The second answer finds what the first has left.
+    EXPECT_EQ(CountVisible<frmDisplayNote>(), 1);
     stage->improvise.box = [](const BoxRequest&) { return BoxResult::No; };
     user->CloseBox(*FindWindow<frmDisplayNote>("Dentist"));
-    const auto kept = files.Peek(NoteFile("Dentist"));
-    user->CloseBox(*FindWindow<frmDisplayNote>("Dentist"));
-    EXPECT_EQ(files.Peek(NoteFile("Dentist")), kept);
+    stage->Jump(-3 * hour);
+    Advance(4 * hour * 1000);
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
 }
 
@@ -202,16 +202,24 @@ TEST_F(ClockChangesTest, SleepRingsNothingOfWhatWasSleptThroughAndGoesOnAtOnce) 
     }
 }
 
-TEST_F(ClockChangesTest, TheCountdownAndTheStopWatchGoByTheTimeThatPasses) {
+TEST_F(ClockChangesTest, TheCountdownGoesByTheTimeThatPassesAndTheStopWatchByTheWallClock) {
     StartAt(9, 0, 0);
-    int ticks = 0;
-    Main().tmrCheckSoundFile.Tick = [&ticks] { ++ticks; };
-    Main().tmrCheckSoundFile.enabled = false;
-    Main().tmrCheckSoundFile.enabled = true;  // 500 ms, from its start
+    frmTimer& timer = Shown<frmTimer>();
+    user->Type(timer.txtMinutes, "2");
+    user->Click(timer.cmdStart);
+    frmStopWatch& watch = Shown<frmStopWatch>();
+    user->Click(watch.cmdStart);
+    const auto left = [&timer] { return timer.lblTime.caption(); };
+    const auto elapsed = [&watch] { return watch.lblTime.caption(); };
     Advance(10'000);
+    EXPECT_EQ(left(), "Time Left:\r\n1 Minutes\r\n50 Seconds");
+    EXPECT_EQ(elapsed(), "00:00:10");
     stage->Jump(-hour);
     Advance(10'000);
+    EXPECT_EQ(left(), "Time Left:\r\n1 Minutes\r\n40 Seconds");
+    EXPECT_EQ(elapsed(), "00:59:40");
     stage->Jump(2 * hour);
     Advance(10'000);
-    EXPECT_EQ(ticks, 60);
+    EXPECT_EQ(left(), "Time Left:\r\n1 Minutes\r\n30 Seconds");
+    EXPECT_EQ(elapsed(), "01:00:30");
 }

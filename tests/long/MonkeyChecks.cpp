@@ -1,6 +1,7 @@
 // What must be true after each gesture of the monkey.
 #include <algorithm>
 
+#include "alarms/Bell.h"
 #include "alarms/SpecialAlarmsFile.h"
 #include "forms/Text.h"
 #include "notes/NoteFile.h"
@@ -99,7 +100,7 @@ void Monkey::CheckNotes() {
 }
 
 void Monkey::CheckSounds() {
-    EXPECT_EQ(Shared().DisplaySoundsWaiting, 0) << "no box is open";
+    EXPECT_FALSE(Bell::IsRinging()) << "no box is open";
     const bool loops =
         !sound.log.empty() && sound.log.back().kind == headless::RecordedSound::Kind::Loop;
     EXPECT_FALSE(loops) << "a sound loops and no box is open";

@@ -94,11 +94,12 @@ TEST_F(BadTexts, EveryLineBreakIsShownAndKept) {
 
 TEST_F(BadTexts, TheAlarmDisplayShowsEveryLineBreak) {
     files.PutFile(PathOf("Note"), FileWith("a\nb"));
-    Start([] {
+    std::shared_ptr<frmDisplayNote> display;
+    Start([&display] {
         StandardCode::LoadNotesArray();
-        StandardCode::DisplayNote(1);
+        display = StandardCode::DisplayNote(1);
     });
-    EXPECT_EQ(StandardCode::LastDisplay()->lblNoteText.text(), "a\r\nb");
+    EXPECT_EQ(display->lblNoteText.text(), "a\r\nb");
 }
 
 // A text with double quotes is written as it stands, and is found whole again by the fields that

@@ -48,8 +48,9 @@ class DisplayClosing : public testing_support::TestProgram {
                                          const std::string& path = dentist) {
         files.PutFile(path, content);
         Start([] { StandardCode::LoadNotesArray(); });
-        Start([] { StandardCode::DisplayNote(1); });
-        return StandardCode::LastDisplay();
+        std::shared_ptr<frmDisplayNote> display;
+        Start([&display] { display = StandardCode::DisplayNote(1); });
+        return display;
     }
 
     void ExpectQuestion(BoxResult answer, forms::headless::Script during = nullptr) {

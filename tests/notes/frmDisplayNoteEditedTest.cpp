@@ -16,11 +16,10 @@ class EditedUnderItsDisplay : public testing_support::NoteProgram {
         record.AlarmTime = forms::DateTime::FromTime(9, 30, 0);
         record.AlarmState = "1";
         PutNote(record);
-        Start([] {
+        Start([this] {
             StandardCode::LoadNotesArray();
-            StandardCode::DisplayNote(1);
+            display = StandardCode::DisplayNote(1);
         });
-        display = StandardCode::LastDisplay();
     }
 
     frmNote& Edit() {

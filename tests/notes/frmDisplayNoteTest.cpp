@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "alarms/Bell.h"
 #include "app/Grid.h"
 #include "app/StandardCode.h"
 #include "forms/Gestures.h"
@@ -50,8 +51,9 @@ class AlarmDisplay : public testing_support::TestProgram {
     }
 
     std::shared_ptr<frmDisplayNote> Display(int slot = 1) {
-        Start([slot] { StandardCode::DisplayNote(slot); });
-        return StandardCode::LastDisplay();
+        std::shared_ptr<frmDisplayNote> display;
+        Start([slot, &display] { display = StandardCode::DisplayNote(slot); });
+        return display;
     }
 
     std::shared_ptr<frmDisplayNote> DisplayColor(std::int16_t index) {
@@ -143,18 +145,9 @@ TEST_F(AlarmDisplay, ASettingThatIsNoNumberIsNotTrapped) {
     Start([] { StandardCode::DisplayNote(1); });
 }
 
-TEST_F(AlarmDisplay, RequestsTheSoundOnlyWhenTheNoteWantsItAndNoneIsSounding) {
-    Fill({.Title = "Dentist", .AudioAlarm = 0});
-    Display();
-    EXPECT_FALSE(Shared().SoundRequested);
+TEST_F(AlarmDisplay, ItsOpenerLeavesTheSoundToTheCaller) {
     Fill({.Title = "Dentist", .AudioAlarm = 1});
-    Shared().AlarmSounding = true;
-    Display();
-    EXPECT_FALSE(Shared().SoundRequested);
-    Shared().AlarmSounding = false;
     const auto display = Display();
-    EXPECT_TRUE(Shared().SoundRequested);
-    // The opener leaves the timer to its caller.
     EXPECT_FALSE(display->tmrSoundAlarm.enabled());
     Advance(5000);
     EXPECT_TRUE(sound.log.empty());
@@ -169,9 +162,7 @@ TEST_F(AlarmDisplay, EachDueNoteHasAWindowOfItsOwn) {
     EXPECT_TRUE(one->IsVisible());
     EXPECT_EQ(one->caption(), "One");
     EXPECT_EQ(two->caption(), "Two");
-    EXPECT_EQ(StandardCode::LastDisplay(), two);
     user->CloseBox(*two);
-    EXPECT_EQ(StandardCode::LastDisplay(), nullptr);
     EXPECT_TRUE(one->IsVisible());
 }
 
@@ -237,7 +228,7 @@ TEST_F(AlarmDisplay, LoopsTheSoundUntilItsBoxIsAnswered) {
                          EXPECT_TRUE(Shared().AlarmSounding);
                          Advance(60000);
                          EXPECT_TRUE(Shared().AlarmSounding);
-                         EXPECT_EQ(Shared().DisplaySoundsWaiting, 1);
+                         EXPECT_TRUE(Bell::IsRinging());
                          EXPECT_EQ(sound.log.size(), 1u);
                      });
     Advance(1000);
@@ -245,24 +236,31 @@ TEST_F(AlarmDisplay, LoopsTheSoundUntilItsBoxIsAnswered) {
     EXPECT_EQ(sound.log[1].kind, RecordedSound::Kind::Stop);
     EXPECT_FALSE(display->tmrSoundAlarm.enabled());
     EXPECT_FALSE(Shared().AlarmSounding);
-    EXPECT_EQ(Shared().DisplaySoundsWaiting, 0);
+    EXPECT_FALSE(Bell::IsRinging());
     Advance(10000);
     EXPECT_EQ(sound.log.size(), 2u);
 }
 
-TEST_F(AlarmDisplay, AFurtherDisplayOpensSilentlyWhileALoopWaits) {
-    Option("NoteLoops", "1");
-    Fill({.Title = "One", .AudioAlarm = 1});
-    Fill({.Title = "Two", .AudioAlarm = 1}, 2);
-    const auto one = Display(1);
-    SwitchSoundOn(*one);
-    Shared().SoundRequested = false;
-    stage->ExpectBox("      Turn Off Alarm?       ", "Jotwright Audio Alarm", BoxIcon::Information,
-                     BoxButtons::Ok, BoxResult::Ok, [&] {
-                         EXPECT_TRUE(Display(2)->IsVisible());
-                         EXPECT_FALSE(Shared().SoundRequested);
-                     });
-    Advance(1000);
+TEST_F(AlarmDisplay, IsSilentIfAnotherAlarmHasBegunToRing) {
+    for (const char* loops : {"0", "1"}) {
+        Option("NoteLoops", loops);
+        Fill({.Title = "Dentist", .AudioAlarm = 1});
+        const auto display = Display();
+        SwitchSoundOn(*display);
+        sound.log.clear();
+        stage->ExpectBox("now", "Jotwright Daily Alarm", BoxIcon::None, BoxButtons::Ok,
+                         BoxResult::Ok, [&] {
+                             Advance(5000);
+                             EXPECT_FALSE(display->tmrSoundAlarm.enabled());
+                             EXPECT_EQ(sound.log.size(), 1u);
+                             EXPECT_EQ(sound.PlayingPath(), "C:\\other.wav");
+                             EXPECT_TRUE(Shared().AlarmSounding);
+                         });
+        Start([] { Bell::RingBehindBox("C:\\other.wav", "now", {}, "Jotwright Daily Alarm"); });
+        Advance(5000);
+        EXPECT_EQ(sound.log.size(), 2u);
+        EXPECT_FALSE(sound.IsPlaying());
+    }
 }
 
 TEST_F(AlarmDisplay, TheSoundIsTheOneChosenWhenItPlays) {

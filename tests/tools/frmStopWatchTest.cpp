@@ -149,6 +149,20 @@ TEST_F(StopWatch, ARunOfADayWraps) {
     EXPECT_EQ(Shown(), "00:00:01");
 }
 
+TEST_F(StopWatch, AClockThatIsPutBackBehindTheStartShowsTheTimeBetween) {
+    user->Click(Window().cmdStart);
+    Advance(5000);
+    stage->Jump(-16);
+    Advance(1000);
+    EXPECT_EQ(Shown(), "00:00:10");
+    stage->Jump(-25 * 3600);
+    Advance(1000);
+    EXPECT_EQ(Shown(), "01:00:09");
+    stage->Jump(26 * 3600);
+    Advance(1000);
+    EXPECT_EQ(Shown(), "00:59:52");
+}
+
 TEST_F(StopWatch, CloseAndExitDiscardTheList) {
     Run(1000);
     user->Click(Window().cmdSave);

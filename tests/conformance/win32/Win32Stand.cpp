@@ -58,10 +58,14 @@ class Win32Stand : public Stand {
     }
     void Select(ComboBox& comboBox, int index) override {
         if (HWND handle = Reach(comboBox); handle != nullptr) {
+            ::SetActiveWindow(::GetAncestor(handle, GA_ROOT));
+            ::SetFocus(handle);
+            ::SendMessageW(handle, CB_SHOWDROPDOWN, TRUE, 0);
             ::SendMessageW(handle, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-            ::SendMessageW(::GetParent(handle), WM_COMMAND,
-                           MAKEWPARAM(::GetDlgCtrlID(handle), CBN_SELCHANGE),
-                           reinterpret_cast<LPARAM>(handle));
+            // Enter takes the entry that is marked in the open list.
+            ::SendMessageW(handle, WM_KEYDOWN, VK_RETURN, 0);
+            ::SendMessageW(handle, WM_CHAR, VK_RETURN, 0);
+            EXPECT_FALSE(::SendMessageW(handle, CB_GETDROPPEDSTATE, 0, 0));
         }
     }
     void Choose(Menu& entry) override {

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <memory>
+
+#include "forms/DateTime.h"
+
+class frmDisplayNote;
+
+// The main clock's check of the saved notes. A note that is open in an editor is left to the
+// editor's own test.
+namespace NoteAlarmsCheck {
+
+struct Opened {
+    std::shared_ptr<frmDisplayNote> last;  // null: no note was due
+    bool wantsSound = false;               // at least one of the notes has its audio alarm on
+};
+
+// Opens a display for each note that is due in this second.
+Opened DisplayDue(forms::DateTime now);
+
+// Switches on the sound of the display that was opened last, if a note wants it and no alarm
+// sounds.
+void StartSound(const Opened& opened);
+
+}  // namespace NoteAlarmsCheck

@@ -1,0 +1,156 @@
+#include "alarms/SpecialAlarmsFile.h"
+#include "tests/support/WholeProgram.h"
+#include "tools/frmTimer.h"
+
+// Alarms that fall due while another one rings: the machine plays one sound at a time, and no alarm
+// may fall silent before the user has closed its box.
+
+namespace {
+
+using namespace forms;
+using headless::RecordedSound;
+
+const std::string buzzer = "C:\\Jotwright\\Alarm buzzer.wav";
+const std::string chime = "C:\\Jotwright\\Alert chime.wav";
+
+// The program starts on Friday, 14 May 2004, 14:59:00, with the cuckoo clock on.
+class OneBell : public testing_support::WholeProgram {
+  protected:
+    void SetUp() override {
+        WholeProgram::SetUp();
+        SetNow(2004, 5, 14, 14, 59, 0);
+        settings.values[{"Options", "StartCookoo"}] = "1";
+    }
+
+    void PutAlarm(const std::string& title, const std::string& time) {
+        PutNote(title, "#2004-05-14#,#" + time + "#,1,12,\"1\",1,\"yes\"\r\n");
+    }
+
+    void Hide(const std::string& title) { user->CloseBox(Editor(title)); }
+
+    static void SetSpecialAlarm(DateTime time) {
+        SpecialAlarmsFile::StoreSharedRow(0, {"Friday", time, "now", 1});
+    }
+
+    void AdvanceTo(int hour, int minute, int second) {
+        const auto target = Combine(Today(), DateTime::FromTime(hour, minute, second));
+        while (Now() < target) {
+            Advance(100);
+        }
+    }
+
+    void ExpectEditorsBox(headless::Script during) {
+        stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", BoxIcon::None,
+                         BoxButtons::Ok, BoxResult::Ok, std::move(during));
+    }
+    void ExpectSpecialBox(headless::Script during) {
+        stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
+                         BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok, std::move(during));
+    }
+    void ExpectTimeIsUp(headless::Script during) {
+        stage->ExpectBox("          Time Is Up        ", "Jotwright Audio Alarm", BoxIcon::Critical,
+                         BoxButtons::Ok, BoxResult::Ok, std::move(during));
+    }
+
+    // The hidden note Dentist comes up at 15:00:05, the hour strikes at 15:00:15; the first sound
+    // plays on all the time.
+    headless::Script NothingEndsIt(const std::string& path) {
+        return [this, path] {
+            AdvanceTo(15, 0, 30);
+            EXPECT_NE(FindWindow<frmDisplayNote>("Dentist"), nullptr);
+            EXPECT_EQ(sound.PlayingPath(), path);
+            EXPECT_EQ(sound.log.size(), 1U);
+            EXPECT_TRUE(StandardCode::Shared().AlarmSounding);
+        };
+    }
+};
+
+TEST_F(OneBell, AnEditorsAlarmOutlastsHiddenNotesAndTheCuckoo) {
+    for (const char* loops : {"0", "1"}) {
+        SetNow(2004, 5, 14, 14, 59, 0);
+        sound.log.clear();
+        settings.values[{"Options", "NoteLoops"}] = loops;
+        PutAlarm("Dentist", "15:00:05");
+        PutAlarm("Rent", "15:00:00");
+        StartQuietly();
+        Hide("Dentist");
+        ExpectEditorsBox(NothingEndsIt(buzzer));
+        AdvanceTo(15, 0, 40);
+        EXPECT_EQ(sound.log.size(), 2U);
+        EXPECT_FALSE(sound.IsPlaying());
+        EXPECT_FALSE(StandardCode::Shared().AlarmSounding);
+        Restart();
+    }
+}
+
+TEST_F(OneBell, AHiddenNoteThatIsDueInTheSameSecondLeavesTheEditorsAlarmAlone) {
+    PutAlarm("Dentist", "15:00:00");
+    PutAlarm("Rent", "15:00:00");
+    StartQuietly();
+    Hide("Dentist");
+    ExpectEditorsBox(NothingEndsIt(buzzer));
+    AdvanceTo(15, 0, 40);
+    EXPECT_EQ(sound.log.size(), 2U);
+}
+
+TEST_F(OneBell, ACountdownsChimeOutlastsHiddenNotesAndTheCuckoo) {
+    PutAlarm("Dentist", "15:00:05");
+    StartQuietly();
+    Hide("Dentist");
+    frmTimer& timer = Shown<frmTimer>();
+    user->Type(timer.txtMinutes, "1");
+    user->Click(timer.cmdStart);
+    ExpectTimeIsUp(NothingEndsIt(chime));
+    AdvanceTo(15, 0, 40);
+    EXPECT_EQ(sound.log.size(), 2U);
+}
+
+TEST_F(OneBell, ASpecialAlarmOutlastsTheCuckoo) {
+    StartQuietly();
+    SetSpecialAlarm(DateTime::FromTime(15, 0, 0));
+    ExpectSpecialBox([this] {
+        AdvanceTo(15, 0, 30);
+        EXPECT_EQ(sound.PlayingPath(), buzzer);
+        EXPECT_EQ(sound.log.size(), 1U);
+    });
+    AdvanceTo(15, 0, 40);
+    EXPECT_EQ(sound.log.size(), 2U);
+}
+
+TEST_F(OneBell, OfTwoEditorsDueInOneSecondTheSecondRingsOnWhenTheFirstBoxIsClosed) {
+    PutAlarm("Dentist", "15:00:00");
+    PutAlarm("Rent", "15:00:00");
+    StartQuietly();
+    ExpectEditorsBox([this] {
+        ExpectEditorsBox([this] { EXPECT_EQ(sound.PlayingPath(), buzzer); });
+        Advance(5000);
+        EXPECT_EQ(sound.PlayingPath(), buzzer) << "this box still waits";
+    });
+    AdvanceTo(15, 0, 10);
+    EXPECT_FALSE(sound.IsPlaying());
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::Stop), 2);
+}
+
+TEST_F(OneBell, AnEditorRingsOnWhenASpecialAlarmAboveItIsClosed) {
+    PutAlarm("Rent", "15:00:00");
+    StartQuietly();
+    SetSpecialAlarm(DateTime::FromTime(15, 0, 10));
+    ExpectEditorsBox([this] {
+        ExpectSpecialBox([this] { EXPECT_TRUE(sound.IsPlaying()); });
+        AdvanceTo(15, 0, 30);
+        EXPECT_EQ(sound.PlayingPath(), buzzer) << "this box still waits";
+        EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
+    });
+    AdvanceTo(15, 0, 40);
+    EXPECT_FALSE(sound.IsPlaying());
+}
+
+TEST_F(OneBell, TheNextHourStrikesAgain) {
+    PutAlarm("Rent", "15:00:00");
+    StartQuietly();
+    ExpectEditorsBox(nullptr);
+    AdvanceTo(15, 0, 30);
+    EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 3);
+}
+
+}  // namespace
