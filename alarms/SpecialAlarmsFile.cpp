@@ -38,7 +38,7 @@ void Decode(const std::string& bytes, std::vector<Row>& rows) {
         row.Day = reader.Text();
         row.Time = reader.Date();
         row.Message = reader.Text();
-        row.Enabled = forms::ToInteger16(reader.Text());
+        row.Enabled = forms::ToInteger16(reader.Text(), forms::NumberFormat{});
         rows.push_back(row);
     }
 }

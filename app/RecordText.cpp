@@ -83,7 +83,9 @@ forms::DateTime Reader::Date() {
 
 std::int16_t Reader::Integer() {
     const Field field = Next();
-    return field.text.empty() && !field.quoted ? std::int16_t{0} : forms::ToInteger16(field.text);
+    return field.text.empty() && !field.quoted
+               ? std::int16_t{0}
+               : forms::ToInteger16(field.text, forms::NumberFormat{});
 }
 
 Reader::Field Reader::Next() {
