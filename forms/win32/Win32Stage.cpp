@@ -19,12 +19,6 @@ namespace {
 
 StageState* currentState = nullptr;
 
-// The resolution of what the user looks at.
-int CurrentDpi() {
-    HWND active = ::GetActiveWindow();
-    return active != nullptr ? DpiOf(active) : SystemDpi();
-}
-
 int DpiFor(const Form& form) {
     const FormWindow* window = FormWindow::Existing(form);
     return window != nullptr ? window->dpi : SystemDpi();
@@ -34,13 +28,18 @@ int DpiFor(const Form& form) {
 
 std::unique_ptr<Stage> MakeStage() { return std::make_unique<Win32Stage>(); }
 
-HWND WindowOf(Form& form) {
+HWND TrayWindowOf(Form& form, UINT iconId) {
     FormWindow* window = currentState != nullptr ? FormWindow::Of(form, *currentState) : nullptr;
     if (window == nullptr) {
         return nullptr;
     }
-    window->takesTrayMessages = true;
+    window->trayIconId = iconId;
     return window->handle;
+}
+
+HWND ExistingWindowOf(const Form& form) {
+    const FormWindow* window = FormWindow::Existing(form);
+    return window != nullptr ? window->handle : nullptr;
 }
 
 Win32Stage::Win32Stage() : state(std::make_unique<StageState>()) {
@@ -178,8 +177,6 @@ Size Win32Stage::FrameSize(const Form& form) {
     const SIZE frame = FormWindow::FrameSize(form, dpi);
     return Size{ToTwips(frame.cx, dpi), ToTwips(frame.cy, dpi)};
 }
-
-int Win32Stage::TwipsPerPixelX() { return 1440 / CurrentDpi(); }
 
 void Win32Stage::SetMousePointer(MousePointer pointer) {
     state->hourglass = pointer == MousePointer::Hourglass;

@@ -43,7 +43,6 @@ class Win32Stage : public Stage {
     Size MeasureText(const Form& form, const std::string& text, int fontSize) override;
     Size InnerSize(const Form& form) override;
     Size FrameSize(const Form& form) override;
-    int TwipsPerPixelX() override;
     void SetMousePointer(MousePointer pointer) override;
 
   private:
