@@ -148,6 +148,8 @@ class FormWindow {
     void OnActivate(WPARAM wParam);
     void OnSize(WPARAM kind);
     void OnMinMaxInfo(MINMAXINFO& info) const;
+    // suggestion: address of the RECT that the window is to take; it may be wrong.
+    void OnScaleChanged(int newDpi, LPARAM suggestion);
     void ReportPlace();
 
     bool IsTrayMessage(WPARAM wParam, LPARAM lParam) const;
@@ -155,6 +157,10 @@ class FormWindow {
     void OnMouseUp(int button, LPARAM lParam);
     // Deepest control at a point of the form; null for the form itself.
     Peer* HitTest(POINT point) const;
+
+    // While CreateWindow runs for it. The message that tells of the making may be forged, and its
+    // parameters with it.
+    inline static FormWindow* beingMade = nullptr;
 
     Form* form;
     bool filled = false;

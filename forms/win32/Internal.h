@@ -22,6 +22,8 @@ HWND ExistingWindowOf(const Form& form);
 
 // Called when the desktop's shell has started anew and its notification area is empty.
 inline std::function<void()> onTaskbarCreated;
+// Runs the timers that are due; set while the stage exists. Only for places where handlers may run.
+inline std::function<void()> runOverdueTimers;
 // Called when there are other monitors, or they have another size or scale.
 inline std::function<void()> onDisplayChange;
 

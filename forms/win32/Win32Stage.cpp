@@ -4,10 +4,12 @@
 #include <commctrl.h>
 
 #include "forms/Runtime.h"
+#include "forms/win32/Destroying.h"
 #include "forms/win32/Dpi.h"
 #include "forms/win32/Fonts.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Internal.h"
+#include "forms/win32/MessageFilter.h"
 #include "forms/win32/Pumps.h"
 #include "forms/win32/StageState.h"
 #include "forms/win32/Utf.h"
@@ -49,14 +51,21 @@ Win32Stage::Win32Stage() : state(std::make_unique<StageState>()) {
     ::InitCommonControlsEx(&controls);
     utility = std::make_unique<UtilityWindow>(*state);
     state->utility = utility->handle();
+    filter = std::make_unique<MessageFilter>(*utility);
     currentState = state.get();
+    runOverdueTimers = [this] { utility->RunOverdue(); };
 }
 
 Win32Stage::~Win32Stage() {
     currentState = nullptr;
+    runOverdueTimers = nullptr;
     while (!state->windows.empty()) {
-        ::DestroyWindow(state->windows.back()->handle);
+        FormWindow* window = state->windows.back();
+        if (!DestroyNative(window->handle)) {
+            delete window;  // it has no native window any more
+        }
     }
+    filter.reset();
     utility.reset();
     // The next stage of this thread starts with an empty queue.
     MSG left{};

@@ -8,6 +8,7 @@
 namespace forms::win32 {
 
 struct StageState;
+class MessageFilter;
 class UtilityWindow;
 
 // The stage that a person sees: windows and standard controls of the system. One exists at a time,
@@ -48,6 +49,7 @@ class Win32Stage : public Stage {
   private:
     std::unique_ptr<StageState> state;
     std::unique_ptr<UtilityWindow> utility;
+    std::unique_ptr<MessageFilter> filter;
 };
 
 }  // namespace forms::win32
