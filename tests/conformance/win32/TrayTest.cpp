@@ -101,6 +101,8 @@ TEST_F(TrayTest, AWindowOfAnotherScaleCountsTheSameColumns) {
 }
 
 TEST_F(TrayTest, AScaleWithoutAPlaceKeepsTheWindowWhereItIs) {
+    // Small enough for the screen at twice the scale.
+    ::SetWindowPos(Handle(), nullptr, 100, 100, 400, 300, SWP_NOZORDER);
     RECT place{};
     ::GetWindowRect(Handle(), &place);
     const RECT farAway{30000, 30000, 30400, 30300};
