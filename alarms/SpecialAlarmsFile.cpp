@@ -32,7 +32,7 @@ Reading ReadAll(const std::string& text, std::string (RecordText::Reader::*readM
             row.Day = reader.Text();
             row.Time = reader.Date();
             row.Message = (reader.*readMessage)();
-            row.Enabled = forms::ToInteger16(reader.Text());
+            row.Enabled = forms::ToInteger16(reader.Text(), forms::NumberFormat{});
             reading.rows.push_back(row);
         }
     } catch (const forms::RuntimeError& error) {

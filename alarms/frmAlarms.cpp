@@ -91,11 +91,12 @@ void frmAlarms::optAlarm_Click(int index) {
 }
 
 void frmAlarms::cmdMyWaveFile_Click() {
-    const std::string kept = txtMyWaveFilePath.text;
     cmdSave.enabled = true;
-    const auto chosen = forms::ShowOpenDialog(
-        *this, {.initialFolder = "c:\\", .filter = "Wav Files (*.wav)|*.wav|All Files (*.*)|*.*"});
-    txtMyWaveFilePath.text = chosen.value_or("").empty() ? kept : *chosen;
+    cdlMain.initialFolder = "c:\\";
+    cdlMain.filter = "Wav Files (*.wav)|*.wav|All Files (*.*)|*.*";
+    if (cdlMain.ShowOpen()) {
+        txtMyWaveFilePath.text = cdlMain.fileName;
+    }
 }
 
 void frmAlarms::cmdTest_Click() {

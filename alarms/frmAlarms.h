@@ -4,6 +4,7 @@
 #include <string>
 
 #include "alarms/AlarmSounds.h"
+#include "forms/CommonDialog.h"
 #include "forms/Form.h"
 
 // Chooses the sound of all alarms: one of the built-in ones or a file of the user's. A click on a
@@ -22,6 +23,7 @@ class frmAlarms : public forms::Form {
         {this, "optAlarm", 5},
     }};
     forms::TextBox txtMyWaveFilePath{this, "txtMyWaveFilePath"};
+    forms::CommonDialog cdlMain{this, "cdlMain"};
     forms::CommandButton cmdMyWaveFile{this, "cmdMyWaveFile"};
     forms::CommandButton cmdTest{this, "cmdTest"};
     forms::CommandButton cmdSave{this, "cmdSave"};

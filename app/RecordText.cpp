@@ -97,7 +97,9 @@ forms::DateTime Reader::DateOrZero() {
 
 std::int16_t Reader::IntegerOrZero() {
     const std::string number = Next().text;
-    return forms::IsNumeric(number) ? forms::ToInteger16(number) : std::int16_t{0};
+    return forms::IsNumeric(number, forms::NumberFormat{})
+               ? forms::ToInteger16(number, forms::NumberFormat{})
+               : std::int16_t{0};
 }
 
 std::string Reader::TextBeforeLastField() {

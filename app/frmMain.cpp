@@ -31,15 +31,6 @@ using forms::Default;
 using forms::MsgBox;
 using StandardCode::Shared;
 
-namespace {
-
-// The help viewer's command that shows the contents.
-constexpr int helpContents = 3;
-// And the one that shows the file given, whichever it showed before.
-constexpr int helpForceFile = 9;
-
-}  // namespace
-
 void frmMain::Form_Initialize() {
     lblCopyright.caption = StandardCode::ownershipNotice;
     std::string soundPath =
@@ -57,12 +48,12 @@ void frmMain::ConnectEvents() {
     events.NotesArrayLoaded.Subscribe(
         [this] { EnableNoteCreation(Shared().NoteCount < StandardCode::maximumNotes); });
     events.FocusNoteTitle.Subscribe([this] {
-        if (!IsVisible()) {
+        if (!IsVisible() || windowState() == forms::WindowState::Minimized) {
             mnuShow_Click();
         }
         txtNoteTitle.SetFocus();
     });
-    events.ShowHelp.Subscribe([this] { ShowHelpFile(helpForceFile); });
+    events.ShowHelp.Subscribe([this] { ShowHelpFile(forms::HelpCommand::ForceFile); });
     events.ShowAbout.Subscribe([this] { mnuAbout_Click(); });
     events.StopSoundCheck.Subscribe([this] { tmrCheckSoundFile.enabled = false; });
     events.MainIconWanted.Subscribe([this](forms::Picture& picture) { picture = icon; });
@@ -219,7 +210,7 @@ void frmMain::mnuToolsOptions_Click() { Default<frmOptions>().Show(); }
 
 void frmMain::mnuAbout_Click() { Default<frmAbout>().ShowModal(); }
 
-void frmMain::mnuHelp_Click() { ShowHelpFile(helpContents); }
+void frmMain::mnuHelp_Click() { ShowHelpFile(forms::HelpCommand::Contents); }
 
 void frmMain::mnuWebSite_Click() { OpenInBrowser(StandardCode::webSite); }
 
@@ -229,8 +220,10 @@ void frmMain::mnuAlarm_Click() { Default<frmAlarms>().ShowModal(); }
 
 void frmMain::mnuSpecialAlarms_Click() { Default<frmSpecialAlarms>().Show(); }
 
-void frmMain::ShowHelpFile(int command) {
-    forms::Machine().shell->ShowHelp(forms::ApplicationPath("\\JOTWRIGHT2.hlp"), command);
+void frmMain::ShowHelpFile(forms::HelpCommand command) {
+    cdgMain.helpFile = forms::ApplicationPath("\\JOTWRIGHT2.hlp");
+    cdgMain.helpCommand = command;
+    cdgMain.ShowHelp();
 }
 
 int frmMain::OpenInBrowser(const std::string& document) {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "forms/CommonDialog.h"
 #include "forms/Devices.h"
 #include "forms/Form.h"
 
@@ -28,6 +29,7 @@ class frmMain : public forms::Form {
     forms::Label lblClick{this, "lblClick"};
     forms::Image imgLogo{this, "imgLogo"};
     forms::Label lblCopyright{this, "lblCopyright"};
+    forms::CommonDialog cdgMain{this, "cdgMain"};
 
     forms::Timer tmrNow{this, "tmrNow", forms::TimerPhase::ClockSecond};
     forms::Timer tmrCooKoo{this, "tmrCooKoo", forms::TimerPhase::ClockSecond};
@@ -73,7 +75,8 @@ class frmMain : public forms::Form {
     void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
     void Form_Unload(bool& cancel) override;
     void Form_MouseUp(int button, int x, int y) override;
-    // Also the callback of the icon in the notification area, whose messages arrive as x.
+    // The callback of the icon in the notification area, whose messages arrive as x. Moves of the
+    // pointer only reset the mouse pointer.
     void Form_MouseMove(int button, int x, int y) override;
 
     // Restores every saved note into an editor of its own, minimised.
@@ -95,7 +98,7 @@ class frmMain : public forms::Form {
     void AddTrayIcon();
     void StartCuckooClock();
     void ShowControlPanel();
-    void ShowHelpFile(int command);
+    void ShowHelpFile(forms::HelpCommand command);
     void ConnectEvents();
 
     void cmdMakeNote_Click();

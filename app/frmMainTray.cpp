@@ -26,6 +26,10 @@ void frmMain::AddTrayIcon() {
 
 void frmMain::Form_MouseMove(int /*button*/, int x, int /*y*/) {
     forms::SetMousePointer(forms::MousePointer::Default);
+    // On a large scale the pointer itself passes the columns that are message numbers.
+    if (!IsTrayCallback()) {
+        return;
+    }
     switch (x / forms::TwipsPerPixelX()) {
         case TrayMessages::leftDoubleClick:
             txtNoteTitle.SetFocus();
@@ -64,6 +68,10 @@ void frmMain::mnuHide_Click() {
 }
 
 void frmMain::mnuShow_Click() {
+    // A window that was minimised before it was hidden would come back as an icon.
+    if (windowState() == forms::WindowState::Minimized) {
+        windowState = forms::WindowState::Normal;
+    }
     Show();
     txtNoteTitle.SetFocus();
     mnuHide.enabled = true;

@@ -65,3 +65,20 @@ endif()
 jotwright_add_check(check.hardening 60 "${scripts}/check-hardening"
                     "${JOTWRIGHT_WINDOWS_BUILD}/Jotwright.exe")
 jotwright_add_windows_check(windows.package 50 "${scripts}/test-package")
+
+# The pointer at every scale but 100 %, at which the driver's tests run. All use one prefix, whose
+# registry gets the scale.
+foreach(scale 125 150 175 200)
+    math(EXPR dpi "96 * ${scale} / 100" OUTPUT_FORMAT HEXADECIMAL)
+    string(REPLACE "0x" "000000" dpi "${dpi}")
+    file(WRITE "${PROJECT_BINARY_DIR}/scale-${scale}.reg"
+         "REGEDIT4\n\n[HKEY_CURRENT_USER\\Control Panel\\Desktop]\n\"LogPixels\"=dword:${dpi}\n")
+    math(EXPR width "1280 * ${scale} / 100")
+    math(EXPR height "1024 * ${scale} / 100")
+    jotwright_add_windows_check(windows.pointer.${scale} 60 "${scripts}/run-windows-tests" --app
+                                "${JOTWRIGHT_WINDOWS_BUILD}" windows_driver.exe
+                                --gtest_filter=Pointer.*)
+    set_tests_properties(windows.pointer.${scale} PROPERTIES
+        RESOURCE_LOCK windows_pointer ENVIRONMENT
+        "JOTWRIGHT_WINE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/pointer;JOTWRIGHT_TEST_SCREEN=${width}x${height};JOTWRIGHT_TEST_REGISTRY=${PROJECT_BINARY_DIR}/scale-${scale}.reg")
+endforeach()

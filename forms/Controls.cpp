@@ -107,6 +107,17 @@ void ListBox::Changed(Aspect aspect) {
     }
 }
 
+void ListView::SetText(Row& row, const std::string& columnKey, const std::string& text) const {
+    const auto column = std::find_if(columns.begin(), columns.end(), [&](const Column& candidate) {
+        return candidate.key == columnKey;
+    });
+    if (column == columns.end()) {
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    }
+    row.texts.resize(std::max(row.texts.size(), columns.size()));
+    row.texts[static_cast<std::size_t>(column - columns.begin())] = text;
+}
+
 void ListView::InsertRow(std::size_t position, Row row) {
     if (position > rows.size()) {
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);

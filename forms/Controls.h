@@ -10,6 +10,7 @@
 #include "forms/Control.h"
 #include "forms/DateTime.h"
 #include "forms/Devices.h"
+#include "forms/ImageList.h"
 
 // The kinds of control that the windows are made of. What raises an event is settled here, for both
 // stages: a handler runs when the user acts (see Gestures.h), and, where the comment says so, when
@@ -166,18 +167,21 @@ class ListView : public Control {
     struct Column {
         std::string heading;
         int width = 1440;  // twips
+        std::string key;   // unique unless empty
         bool operator==(const Column&) const = default;
     };
     struct Row {
         std::string key;                 // unique unless empty
-        int image = -1;                  // into images; -1: none
+        int image = -1;                  // place in imageList; -1: none
         std::vector<std::string> texts;  // one a column
         bool operator==(const Row&) const = default;
     };
 
-    std::vector<Column> columns;      // set in Design only
-    std::vector<std::string> images;  // resource names of the pictures; set in Design only
+    std::vector<Column> columns;           // set in Design only
+    const ImageList* imageList = nullptr;  // of the same form; set in Design only
 
+    // Puts a text into the column with this key. RuntimeError 9 if there is none.
+    void SetText(Row& row, const std::string& columnKey, const std::string& text) const;
     const std::vector<Row>& Rows() const { return rows; }
     // position counts from 0; RuntimeError 457 for a key that is there already.
     void InsertRow(std::size_t position, Row row);
@@ -253,10 +257,11 @@ class Toolbar : public Control {
     struct Button {
         std::string key;  // told apart by it
         std::string toolTip;
-        std::string image;  // resource name
+        std::string image;  // key in imageList
         bool enabled = true;
         bool operator==(const Button&) const = default;
     };
+    const ImageList* imageList = nullptr;  // of the same form; set in Design only
     Property<std::vector<Button>> buttons{*this, Aspect::Items};
     std::function<void(const std::string& key)> ButtonClick;
     bool CanHaveFocus() const override { return true; }

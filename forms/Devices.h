@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "forms/DateTime.h"
+#include "forms/Numbers.h"
 
 // The program's doors to the machine, one small interface each. The real ones live beside the real
 // stage; the recorded ones beside the headless stage. All are called on the user-interface thread
@@ -172,6 +173,7 @@ class Locale {
     virtual std::string ShortDate(DateTime value) = 0;    // "5/14/2004"
     virtual std::string TimeText(DateTime value) = 0;     // "9:30:00 AM"
     virtual std::string WeekdayName(DateTime value) = 0;  // "Friday"
+    virtual NumberFormat Numbers() = 0;
     virtual std::string ToUpper(const std::string& text) = 0;
     // The system's ANSI code page. ToAnsi is empty where a character does not fit.
     virtual std::optional<std::string> ToAnsi(const std::string& utf8) = 0;

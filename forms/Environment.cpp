@@ -8,8 +8,6 @@ Picture LoadPicture(const std::string& path) { return Machine().pictures->Load(p
 
 void SetMousePointer(MousePointer pointer) { Runtime::Current().stage.SetMousePointer(pointer); }
 
-int TwipsPerPixelX() { return Runtime::Current().stage.TwipsPerPixelX(); }
-
 std::optional<std::string> ShowOpenDialog(Form& form, const FileDialogRequest& request) {
     Runtime& runtime = Runtime::Current();
     std::optional<std::string> chosen;

@@ -13,7 +13,8 @@ class Form;
 
 Picture LoadPicture(const std::string& path);
 void SetMousePointer(MousePointer pointer);
-int TwipsPerPixelX();
+// Pixels are counted at 96 dpi, whatever the scale of a monitor; a stage converts its own to twips.
+constexpr int TwipsPerPixelX() { return 15; }
 // The system's dialog for opening a file; empty when the user cancels. Pumps.
 std::optional<std::string> ShowOpenDialog(Form& form, const FileDialogRequest& request);
 

@@ -298,4 +298,10 @@ void Form::Changed(Aspect aspect) {
     }
 }
 
+void Form::RaiseMouseMove(int button, int x, int y, bool fromTray) {
+    isTrayCallback = fromTray;
+    Form_MouseMove(button, x, y);
+    isTrayCallback = false;
+}
+
 }  // namespace forms

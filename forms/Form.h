@@ -116,6 +116,12 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     // The user moved the focus on the stage.
     void AdoptFocus(Control& control) { activeControl = &control; }
 
+    // Whether the Form_MouseMove that is running brings a message of the notification area, not a
+    // move of the pointer. To be read before the handler lets events in.
+    bool IsTrayCallback() const { return isTrayCallback; }
+    // For Gestures only.
+    void RaiseMouseMove(int button, int x, int y, bool fromTray);
+
     // Left to the stage: its own data of this form.
     struct StageData {
         virtual ~StageData() = default;
@@ -130,8 +136,10 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     virtual void Form_Resize() {}    // inner size changed; also before the first showing
     virtual void Form_QueryUnload(bool& /*cancel*/, UnloadMode /*mode*/) {}
     virtual void Form_Unload(bool& /*cancel*/) {}
-    virtual void Form_MouseUp(int /*button*/, int /*x*/, int /*y*/) {}    // twips
-    virtual void Form_MouseMove(int /*button*/, int /*x*/, int /*y*/) {}  // twips
+    virtual void Form_MouseUp(int /*button*/, int /*x*/, int /*y*/) {}  // twips
+    // x and y in twips, from the pointer. As the callback of an icon in the notification area (see
+    // IsTrayCallback) x is the message number times TwipsPerPixelX().
+    virtual void Form_MouseMove(int /*button*/, int /*x*/, int /*y*/) {}
 
   private:
     friend class Control;
@@ -158,6 +166,7 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     std::vector<Menu*> menus;
     std::vector<Timer*> timers;
     Control* activeControl = nullptr;
+    bool isTrayCallback = false;
 };
 
 }  // namespace forms

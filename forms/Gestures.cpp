@@ -173,13 +173,14 @@ void MouseUp(Form& form, int button, int x, int y) {
 
 void MouseMove(Form& form, int button, int x, int y) {
     if (form.IsUsable()) {
-        Raise(form, [&form, button, x, y] { form.Form_MouseMove(button, x, y); });
+        Raise(form, [&form, button, x, y] { form.RaiseMouseMove(button, x, y, false); });
     }
 }
 
 void TrayMessage(Form& form, int message) {
     if (form.IsLoaded()) {
-        Raise(form, [&form, message] { form.Form_MouseMove(0, message * TwipsPerPixelX(), 0); });
+        Raise(form,
+              [&form, message] { form.RaiseMouseMove(0, message * TwipsPerPixelX(), 0, true); });
     }
 }
 

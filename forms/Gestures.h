@@ -8,7 +8,9 @@
 // What the user did, one entry a gesture. Both stages report through these and only these, so that
 // what raises which event is settled once. Each runs its handlers inside Runtime::Dispatch. A
 // gesture on something that cannot be used (hidden, disabled, shut off by a modal form) does
-// nothing.
+// nothing. Exceptions are Typed, Close, Resize, Choose and TrayMessage. The first three report what
+// the window shows already, or what the system asks of it, and need only a loaded form; a menu may
+// belong to a form that is hidden; the tray reaches every form.
 namespace forms::gestures {
 
 bool CanUse(const Control& control);

@@ -15,7 +15,8 @@
 
 namespace forms {
 
-// Thrown to leave every handler on the stack when the program ends. Only Dispatch catches it.
+// Thrown to leave every handler on the stack when the program ends. Dispatch catches it. A handler
+// that catches it on the way, to leave something in order, throws it on.
 struct ProgramEnded {};
 
 // Holds the loaded forms and the timers and lets events in. One exists at a time.

@@ -50,7 +50,8 @@ class Stage {
 
     // The runtime ends: every pump returns soon.
     virtual void Quit() = 0;
-    // When to call TimerQueue::RunDue: monotonic milliseconds, or never.
+    // When to call Runtime::RunDueTimers next: monotonic milliseconds, or never. A moment that has
+    // passed means at once. However many events come, the call is not put off for long.
     virtual void ArmTimer(std::optional<std::int64_t> due) = 0;
 
     // Size of a text of several lines; fontSize in points, 0 for the form's own font.
@@ -58,7 +59,6 @@ class Stage {
     virtual Size InnerSize(const Form& form) = 0;
     // What title bar, menu bar and border add to the inner size.
     virtual Size FrameSize(const Form& form) = 0;
-    virtual int TwipsPerPixelX() = 0;
     virtual void SetMousePointer(MousePointer pointer) = 0;
 };
 

@@ -12,7 +12,8 @@ namespace forms {
 class Timer;
 
 // All timers of the program in the order of their next ticks. The stage keeps one native timer
-// armed for NextDue() and calls RunDue() when it fires. Ticks run only for loaded forms.
+// armed for NextDue() and calls Runtime::RunDueTimers() when it fires, which calls RunDue(). Ticks
+// run only for loaded forms.
 class TimerQueue {
   public:
     // A timer was switched on or off, went to rest, or its interval changed.

@@ -25,6 +25,7 @@ class frmNote : public forms::Form, public NoteEditor {
 
     forms::TextBox txtNote{this, "txtNote"};
     forms::Toolbar tlbMain{this, "tlbMain"};
+    forms::ImageList ilsMain{this, "ilsMain"};
 
     forms::Frame fraAlarm{this, "fraAlarm"};
     forms::Label lblDate{this, "lblDate"};

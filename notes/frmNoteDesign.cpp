@@ -49,7 +49,8 @@ std::array<forms::Menu*, 4> frmNote::FontItems() { return {&mnu10, &mnu12, &mnu1
 void frmNote::Design() {
     caption = "Note";
     borderStyle = forms::BorderStyle::Sizable;
-    // Narrower than the 514 pixels at which the pointer reaches a message of the notification area.
+    // Narrower than the 514 pixels of 96 dpi at which the pointer reaches a message of the
+    // notification area.
     width = 7200;
     height = heightWithDateTime;
     minimumWidth = 7200;
@@ -81,13 +82,17 @@ void frmNote::DesignToolbar() {
     tlbMain.accessibleName = "Note";
     // It stands above the text, which has the focus first: the Tab key comes to it from the end.
     tlbMain.tabIndex = lastTab;
+    for (const char* key : {"save", "kill", "print", "hide", "help", "about"}) {
+        ilsMain.images.push_back({key, std::string("tb_") + key});
+    }
+    tlbMain.imageList = &ilsMain;
     tlbMain.buttons = {
-        {"Save", "Click To Save This Note", "tb_save"},
-        {"Erase", "Click To Erase This Note", "tb_kill"},
-        {"Print", "Click To Print This Note", "tb_print"},
-        {"Hide", "Click To Hide This Note", "tb_hide"},
-        {"Help", "Jotwright Help Files", "tb_help"},
-        {"About", "About Jotwright", "tb_about"},
+        {"Save", "Click To Save This Note", "save"},
+        {"Erase", "Click To Erase This Note", "kill"},
+        {"Print", "Click To Print This Note", "print"},
+        {"Hide", "Click To Hide This Note", "hide"},
+        {"Help", "Jotwright Help Files", "help"},
+        {"About", "About Jotwright", "about"},
     };
     tlbMain.ButtonClick = [this](const std::string& key) { tlbMain_ButtonClick(key); };
 }

@@ -62,8 +62,10 @@ void frmViewNotes::Design() {
     lblTotalNotes.caption = "Total Notes: 0";
     lblTotalNotes.foreColor = forms::black;
     lblTotalNotes.Place(Grid::margin, Grid::margin, listWidth, Grid::lineHeight);
-    lvwNotes.columns = {{"Status", 780}, {"Note Title", 4320}, {"Alarm Time", 2490}};
-    lvwNotes.images = {"alarmset", "alarmnotset"};
+    lvwNotes.columns = {
+        {"Status", 780, "status"}, {"Note Title", 4320, "title"}, {"Alarm Time", 2490, "time"}};
+    ilsNotes.images = {{"set", "alarmset"}, {"not set", "alarmnotset"}};
+    lvwNotes.imageList = &ilsNotes;
     lvwNotes.accessibleName = "Notes";
     lvwNotes.Place(Grid::margin, 495, listWidth, 3870);
     lvwNotes.ItemClick = [this] { EnableActions(true); };

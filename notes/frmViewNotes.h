@@ -14,6 +14,7 @@ class frmViewNotes : public forms::Form {
 
     forms::Label lblTotalNotes{this, "lblTotalNotes"};
     forms::ListView lvwNotes{this, "lvwNotes"};
+    forms::ImageList ilsNotes{this, "ilsNotes"};
     forms::ListBox lstNotes{this, "lstNotes"};
     forms::Label lblSelNote{this, "lblSelNote"};
     forms::CommandButton cmdOpenAll{this, "cmdOpenAll"};

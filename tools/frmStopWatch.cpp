@@ -42,8 +42,9 @@ void frmStopWatch::Design() {
     cmdClose.Place(4320, 1185, Grid::buttonWidth, Grid::buttonHeight);
     cmdClose.Click = [this] { cmdClose_Click(); };
 
-    lvwTime.columns = {{" ", 480}, {"Run", 2010}, {"Ending Time", 2550}};
-    lvwTime.images = {"run"};
+    lvwTime.columns = {{" ", 480, "image"}, {"Run", 2010, "run"}, {"Ending Time", 2550, "time"}};
+    ilsTime.images = {{"run", "run"}};
+    lvwTime.imageList = &ilsTime;
     lvwTime.accessibleName = "Saved times";
     lvwTime.Place(Grid::margin, 1995, 5400, 2370);
 
@@ -94,9 +95,10 @@ void frmStopWatch::cmdStop_Click() {
 
 void frmStopWatch::cmdSave_Click() {
     SaveCount = forms::ToInteger16(SaveCount + 1.0);
-    lvwTime.InsertRow(0, {.key = "",
-                          .image = 0,
-                          .texts = {"", "   #" + std::to_string(SaveCount), lblTime.caption}});
+    forms::ListView::Row row{.key = "", .image = ilsTime.IndexOf("run"), .texts = {}};
+    lvwTime.SetText(row, "run", "   #" + std::to_string(SaveCount));
+    lvwTime.SetText(row, "time", lblTime.caption);
+    lvwTime.InsertRow(0, row);
     ShowSaveCount();
     TimeSaved = true;
     if (cmdSave.HasFocus()) {

@@ -17,6 +17,7 @@ class frmStopWatch : public forms::Form {
     forms::CommandButton cmdStop{this, "cmdStop"};
     forms::CommandButton cmdSave{this, "cmdSave"};
     forms::CommandButton cmdClose{this, "cmdClose"};
+    forms::ImageList ilsTime{this, "ilsTime"};
     forms::ListView lvwTime{this, "lvwTime"};
 
     forms::Timer tmrMain{this, "tmrMain"};

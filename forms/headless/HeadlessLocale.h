@@ -20,9 +20,12 @@ class HeadlessLocale : public Locale {
     std::array<std::string, 7> weekdayNames{"Sunday",   "Monday", "Tuesday", "Wednesday",
                                             "Thursday", "Friday", "Saturday"};
 
+    NumberFormat numbers;
+
     std::string ShortDate(DateTime value) override;
     std::string TimeText(DateTime value) override;
     std::string WeekdayName(DateTime value) override;
+    NumberFormat Numbers() override { return numbers; }
     std::string ToUpper(const std::string& text) override;
     std::optional<std::string> ToAnsi(const std::string& utf8) override;
     std::string FromAnsi(const std::string& bytes) override;

@@ -127,7 +127,6 @@ class HeadlessStage : public Stage {
     Size MeasureText(const Form& form, const std::string& text, int fontSize) override;
     Size InnerSize(const Form& form) override;
     Size FrameSize(const Form& form) override;
-    int TwipsPerPixelX() override { return 15; }
     void SetMousePointer(MousePointer newPointer) override { pointer = newPointer; }
 
     // The text that the user has typed and the program has not yet read (see User::Type).

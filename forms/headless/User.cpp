@@ -237,7 +237,9 @@ void User::CloseBox(Form& form) {
         Fail(what, "it has no close box");
         return;
     }
-    gestures::Close(form);
+    if (BringUp(form)) {
+        gestures::Close(form);
+    }
 }
 
 void User::Minimize(Form& form) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "forms/Gestures.h"
+#include "forms/win32/Destroying.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Peers.h"
 #include "forms/win32/Utf.h"
@@ -110,7 +111,7 @@ class DateTimePickerPeer : public Peer {
         Create();
         ::SetWindowPos(handle, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
         HWND made = handle;
-        ::DestroyWindow(before);
+        DestroyNative(before);
         handle = made;
         if (hadFocus) {
             ::SetFocus(handle);

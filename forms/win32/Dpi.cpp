@@ -48,6 +48,11 @@ int ToPixels(int twips, int dpi) { return ::MulDiv(twips, dpi, 1440); }
 
 int ToTwips(int pixels, int dpi) { return ::MulDiv(pixels, 1440, dpi); }
 
+int ToPointerTwips(int pixels, int dpi) {
+    const int twips = pixels * 1440;
+    return twips >= 0 ? twips / dpi : -((-twips + dpi - 1) / dpi);
+}
+
 RECT FrameAround(DWORD style, DWORD extendedStyle, bool hasMenuBar, int dpi) {
     static const auto adjust =
         FromUser32<BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT)>("AdjustWindowRectExForDpi");

@@ -16,6 +16,9 @@ int DpiOfMonitorAt(HWND window);
 
 int ToPixels(int twips, int dpi);
 int ToTwips(int pixels, int dpi);
+// Of the pixel that the pointer is on: rounded down, so that the pixel of 96 dpi which it lies in
+// is the same at every resolution.
+int ToPointerTwips(int pixels, int dpi);
 
 // How far the outer rectangle of a window reaches beyond its inside: left and top are negative.
 RECT FrameAround(DWORD style, DWORD extendedStyle, bool hasMenuBar, int dpi);

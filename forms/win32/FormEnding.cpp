@@ -1,4 +1,5 @@
 #include "forms/Runtime.h"
+#include "forms/win32/Destroying.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/UtilityWindow.h"
 
@@ -29,7 +30,7 @@ void FormWindow::DestroyIfDoomed() {
         return;
     }
     if (entered == 0) {
-        ::DestroyWindow(handle);
+        DestroyNative(handle);
     } else if (IsShown()) {
         // One of its handlers waits for a box, say.
         ::ShowWindow(handle, SW_HIDE);

@@ -2,12 +2,18 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 #include "forms/AccessKeys.h"
 #include "forms/Gestures.h"
 #include "forms/Runtime.h"
+#include "forms/win32/Destroying.h"
+#include "forms/win32/Dpi.h"
 #include "forms/win32/Drawing.h"
 #include "forms/win32/FormWindow.h"
+#include "forms/win32/Messages.h"
+#include "forms/win32/Placing.h"
 #include "forms/win32/ToolbarPeer.h"
 
 // What the system tells a form's window.
@@ -15,26 +21,47 @@ namespace forms::win32 {
 
 namespace {
 
-// From <winuser.h> of newer systems.
-constexpr UINT dpiChangedMessage = 0x02E0;
+constexpr int smallestDpi = 48;
+constexpr int largestDpi = 1920;
+
+// Other programs can send a message with a pointer to nowhere. Such memory is read as that of
+// another process is: the call fails and the program goes on.
+std::optional<RECT> RectAt(LPARAM address) {
+    RECT rect{};
+    SIZE_T count = 0;
+    const BOOL isRead = ::ReadProcessMemory(
+        ::GetCurrentProcess(), reinterpret_cast<const void*>(address), &rect, sizeof rect, &count);
+    const bool isWhole = isRead != FALSE && count == sizeof rect;
+    return isWhole ? std::optional(rect) : std::nullopt;
+}
+
+bool IsPlace(const RECT& rect, int captionHeight) {
+    constexpr LONG longest = 32767;
+    const LONG width = rect.right - rect.left;
+    const LONG height = rect.bottom - rect.top;
+    return rect.right > rect.left && rect.bottom > rect.top && width > 0 && width <= longest &&
+           height > 0 && height <= longest && placing::IsReachable(rect, captionHeight);
+}
 
 }  // namespace
 
 LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_NCCREATE) {
-        auto* creating = static_cast<FormWindow*>(
-            reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
-        creating->handle = window;
-        ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creating));
+    if (message == WM_NCCREATE && beingMade != nullptr) {
+        FormWindow* made = std::exchange(beingMade, nullptr);
+        made->handle = window;
+        ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made));
     }
     auto* target = reinterpret_cast<FormWindow*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
     if (target == nullptr) {
         return ::DefWindowProcW(window, message, wParam, lParam);
     }
+    if ((message == WM_DESTROY || message == WM_NCDESTROY) && !IsBeingDestroyed(window)) {
+        return 0;
+    }
     if (message == WM_NCDESTROY) {
         ::SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         if (target->IsLive()) {
-            target->Part();  // destroyed by somebody else
+            target->Part();  // a window that it belongs to is destroyed
         }
         const bool wasCreated =
             std::find(target->state.windows.begin(), target->state.windows.end(), target) !=
@@ -126,11 +153,8 @@ std::optional<LRESULT> FormWindow::OnLiveMessage(UINT message, WPARAM wParam, LP
         case WM_GETMINMAXINFO:
             OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam));
             return 0;
-        case dpiChangedMessage:
-            Rescale(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
-            if (!sizing) {
-                ReportPlace();
-            }
+        case scaleChangedMessage:
+            OnScaleChanged(HIWORD(wParam), lParam);
             return 0;
         case WM_SETCURSOR:
             if (state.hourglass && LOWORD(lParam) == HTCLIENT) {
@@ -293,6 +317,23 @@ void FormWindow::ReportPlace() {
                       report(place.bottom - place.top, known.height)};
     if (now != form->windowState() || (now == WindowState::Normal && !(bounds == known))) {
         gestures::Resize(*form, bounds, now);
+    }
+}
+
+void FormWindow::OnScaleChanged(int newDpi, LPARAM suggestion) {
+    if (newDpi < smallestDpi || newDpi > largestDpi) {
+        return;
+    }
+    std::optional<RECT> place = RectAt(suggestion);
+    if (!place || !IsPlace(*place, SystemMetric(SM_CYCAPTION, newDpi))) {
+        RECT now{};
+        ::GetWindowRect(handle, &now);
+        place = RECT{now.left, now.top, now.left + ::MulDiv(now.right - now.left, newDpi, dpi),
+                     now.top + ::MulDiv(now.bottom - now.top, newDpi, dpi)};
+    }
+    Rescale(newDpi, *place);
+    if (!sizing) {
+        ReportPlace();
     }
 }
 

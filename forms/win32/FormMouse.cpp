@@ -2,6 +2,7 @@
 #include <windowsx.h>
 
 #include "forms/Gestures.h"
+#include "forms/win32/Dpi.h"
 #include "forms/win32/FormWindow.h"
 
 // The pointer over a form: labels, group boxes and pictures let it through, and are found here.
@@ -51,11 +52,21 @@ Peer* FormWindow::HitTest(POINT point) const {
     return found != nullptr ? found : frame;
 }
 
+// The callback of an icon in the notification area looks like a move. A move with the same numbers
+// is one along the topmost row of pixels with the left button down; the pointer was there then.
+bool FormWindow::IsTrayMessage(WPARAM wParam, LPARAM lParam) const {
+    if (trayIconId == 0 || wParam != trayIconId || lParam < firstTrayMessage ||
+        lParam > lastTrayMessage) {
+        return false;
+    }
+    const DWORD place = ::GetMessagePos();
+    POINT pointer{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
+    ::ScreenToClient(handle, &pointer);
+    return pointer.x != GET_X_LPARAM(lParam) || pointer.y != GET_Y_LPARAM(lParam);
+}
+
 void FormWindow::OnMouseMove(WPARAM wParam, LPARAM lParam) {
-    // The callback of an icon in the notification area looks like a move. Where it could be a real
-    // one, a button is held down and the pointer is in the topmost row of pixels.
-    if (takesTrayMessages && wParam != 0 && lParam >= firstTrayMessage &&
-        lParam <= lastTrayMessage) {
+    if (IsTrayMessage(wParam, lParam)) {
         gestures::TrayMessage(*form, static_cast<int>(lParam));
         return;
     }
@@ -66,7 +77,8 @@ void FormWindow::OnMouseMove(WPARAM wParam, LPARAM lParam) {
     lastPointer = lParam;
     const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
     if (HitTest(point) == nullptr) {
-        gestures::MouseMove(*form, ButtonsOf(wParam), Twips(point.x), Twips(point.y));
+        gestures::MouseMove(*form, ButtonsOf(wParam), ToPointerTwips(point.x, dpi),
+                            ToPointerTwips(point.y, dpi));
     }
 }
 

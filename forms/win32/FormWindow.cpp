@@ -151,10 +151,12 @@ bool FormWindow::CreateBare() {
     dpi = SystemDpi();
     const DWORD topMost = form->IsTopMost() ? DWORD{WS_EX_TOPMOST} : DWORD{0};
     const RECT place = WantedPlace();
+    beingMade = this;
     handle = ::CreateWindowExW(ExtendedStyle(*form) | topMost, className, CaptionOf(*form).c_str(),
                                Style(*form), place.left, place.top, place.right - place.left,
                                place.bottom - place.top, BaseOwner(), nullptr,
-                               ::GetModuleHandleW(nullptr), this);
+                               ::GetModuleHandleW(nullptr), nullptr);
+    beingMade = nullptr;
     if (handle == nullptr) {
         return false;
     }

@@ -51,8 +51,8 @@ class FormWindow {
     int dpi = 0;
     // Message boxes and dialogs that shut the window off.
     int boxes = 0;
-    // Whether it owns an icon in the notification area, see WindowOf.
-    bool takesTrayMessages = false;
+    // Of the icon in the notification area that it owns, see TrayWindowOf; 0: none.
+    UINT trayIconId = 0;
     // To be brought to the foreground when it appears.
     bool wantsForeground = false;
 
@@ -148,12 +148,19 @@ class FormWindow {
     void OnActivate(WPARAM wParam);
     void OnSize(WPARAM kind);
     void OnMinMaxInfo(MINMAXINFO& info) const;
+    // suggestion: address of the RECT that the window is to take; it may be wrong.
+    void OnScaleChanged(int newDpi, LPARAM suggestion);
     void ReportPlace();
 
+    bool IsTrayMessage(WPARAM wParam, LPARAM lParam) const;
     void OnMouseMove(WPARAM wParam, LPARAM lParam);
     void OnMouseUp(int button, LPARAM lParam);
     // Deepest control at a point of the form; null for the form itself.
     Peer* HitTest(POINT point) const;
+
+    // While CreateWindow runs for it. The message that tells of the making may be forged, and its
+    // parameters with it.
+    inline static FormWindow* beingMade = nullptr;
 
     Form* form;
     bool filled = false;

@@ -111,14 +111,15 @@ class ListViewPeer : public Peer {
     }
 
     void MakeImages() {
-        if (listView.images.empty()) {
+        if (listView.imageList == nullptr) {
             return;
         }
+        const auto& wanted = listView.imageList->images;
         const int pixels = SystemMetric(SM_CXSMICON, window.dpi);
         HIMAGELIST made = ::ImageList_Create(pixels, pixels, ILC_COLOR32 | ILC_MASK,
-                                             static_cast<int>(listView.images.size()), 0);
-        for (const std::string& name : listView.images) {
-            ::ImageList_ReplaceIcon(made, -1, images::ResourceIcon(name, pixels));
+                                             static_cast<int>(wanted.size()), 0);
+        for (const auto& image : wanted) {
+            ::ImageList_ReplaceIcon(made, -1, images::ResourceIcon(image.resource, pixels));
         }
         ::SendMessageW(handle, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(made));
         ::ImageList_Destroy(pictures);

@@ -7,6 +7,7 @@
 
 #include "forms/Gestures.h"
 #include "forms/win32/Accessibility.h"
+#include "forms/win32/Destroying.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Utf.h"
 
@@ -153,6 +154,13 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
 LRESULT CALLBACK Peer::Procedure(HWND child, UINT message, WPARAM wParam, LPARAM lParam,
                                  UINT_PTR id, DWORD_PTR data) {
     auto& peer = *reinterpret_cast<Peer*>(data);
+    const bool isMade = message == WM_NCCREATE || message == WM_CREATE;
+    const bool isEnd = message == WM_DESTROY || message == WM_NCDESTROY;
+    // When it goes with its form it may have no parent any more.
+    const bool ends = IsBeingDestroyed(child) || IsBeingDestroyed(peer.window.handle);
+    if (isMade || (isEnd && !ends)) {
+        return 0;  // sent by another program: the control was made before, and stays
+    }
     if (message == WM_NCDESTROY) {
         ::RemoveWindowSubclass(child, &Peer::Procedure, id);
         peer.handle = nullptr;

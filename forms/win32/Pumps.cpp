@@ -8,6 +8,7 @@
 
 #include "forms/Runtime.h"
 #include "forms/win32/BoxText.h"
+#include "forms/win32/Internal.h"
 #include "forms/win32/LateLibrary.h"
 #include "forms/win32/Utf.h"
 
@@ -160,6 +161,10 @@ void Run(const std::function<bool()>& goesOn) {
         if (::GetMessageW(&message, nullptr, 0, 0) > 0 && !IsForForm(message)) {
             ::TranslateMessage(&message);
             ::DispatchMessageW(&message);
+        }
+        // The native timer would wait until no message is left.
+        if (runOverdueTimers) {
+            runOverdueTimers();
         }
     }
 }

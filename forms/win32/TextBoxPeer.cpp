@@ -114,6 +114,10 @@ class TextBoxPeer : public Peer {
                 }
                 return result;
             }
+            case EM_SETHANDLE:
+            case EM_SETWORDBREAKPROC:
+                // Sent by other programs only; the control would use what is no memory of its own.
+                return 0;
             case WM_LBUTTONDBLCLK:
                 doubleClicked = true;
                 return std::nullopt;

@@ -88,8 +88,9 @@ void ToolbarPeer::ShowButtons() {
     for (int i = 0; i < count; ++i) {
         const Toolbar::Button& button = buttons[static_cast<std::size_t>(i)];
         TBBUTTON item{};
-        item.iBitmap =
-            ::ImageList_ReplaceIcon(made, -1, images::ResourceIcon(button.image, pixels));
+        const std::string picture =
+            toolbar.imageList != nullptr ? toolbar.imageList->ResourceOf(button.image) : "";
+        item.iBitmap = ::ImageList_ReplaceIcon(made, -1, images::ResourceIcon(picture, pixels));
         item.idCommand = baseId + i;
         item.fsState = button.enabled ? TBSTATE_ENABLED : BYTE{0};
         item.fsStyle = BTNS_BUTTON;

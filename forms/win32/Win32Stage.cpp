@@ -4,10 +4,12 @@
 #include <commctrl.h>
 
 #include "forms/Runtime.h"
+#include "forms/win32/Destroying.h"
 #include "forms/win32/Dpi.h"
 #include "forms/win32/Fonts.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Internal.h"
+#include "forms/win32/MessageFilter.h"
 #include "forms/win32/Pumps.h"
 #include "forms/win32/StageState.h"
 #include "forms/win32/Utf.h"
@@ -19,12 +21,6 @@ namespace {
 
 StageState* currentState = nullptr;
 
-// The resolution of what the user looks at.
-int CurrentDpi() {
-    HWND active = ::GetActiveWindow();
-    return active != nullptr ? DpiOf(active) : SystemDpi();
-}
-
 int DpiFor(const Form& form) {
     const FormWindow* window = FormWindow::Existing(form);
     return window != nullptr ? window->dpi : SystemDpi();
@@ -34,13 +30,18 @@ int DpiFor(const Form& form) {
 
 std::unique_ptr<Stage> MakeStage() { return std::make_unique<Win32Stage>(); }
 
-HWND WindowOf(Form& form) {
+HWND TrayWindowOf(Form& form, UINT iconId) {
     FormWindow* window = currentState != nullptr ? FormWindow::Of(form, *currentState) : nullptr;
     if (window == nullptr) {
         return nullptr;
     }
-    window->takesTrayMessages = true;
+    window->trayIconId = iconId;
     return window->handle;
+}
+
+HWND ExistingWindowOf(const Form& form) {
+    const FormWindow* window = FormWindow::Existing(form);
+    return window != nullptr ? window->handle : nullptr;
 }
 
 Win32Stage::Win32Stage() : state(std::make_unique<StageState>()) {
@@ -50,14 +51,21 @@ Win32Stage::Win32Stage() : state(std::make_unique<StageState>()) {
     ::InitCommonControlsEx(&controls);
     utility = std::make_unique<UtilityWindow>(*state);
     state->utility = utility->handle();
+    filter = std::make_unique<MessageFilter>(*utility);
     currentState = state.get();
+    runOverdueTimers = [this] { utility->RunOverdue(); };
 }
 
 Win32Stage::~Win32Stage() {
     currentState = nullptr;
+    runOverdueTimers = nullptr;
     while (!state->windows.empty()) {
-        ::DestroyWindow(state->windows.back()->handle);
+        FormWindow* window = state->windows.back();
+        if (!DestroyNative(window->handle)) {
+            delete window;  // it has no native window any more
+        }
     }
+    filter.reset();
     utility.reset();
     // The next stage of this thread starts with an empty queue.
     MSG left{};
@@ -178,8 +186,6 @@ Size Win32Stage::FrameSize(const Form& form) {
     const SIZE frame = FormWindow::FrameSize(form, dpi);
     return Size{ToTwips(frame.cx, dpi), ToTwips(frame.cy, dpi)};
 }
-
-int Win32Stage::TwipsPerPixelX() { return 1440 / CurrentDpi(); }
 
 void Win32Stage::SetMousePointer(MousePointer pointer) {
     state->hourglass = pointer == MousePointer::Hourglass;

@@ -8,6 +8,7 @@
 namespace forms::win32 {
 
 struct StageState;
+class MessageFilter;
 class UtilityWindow;
 
 // The stage that a person sees: windows and standard controls of the system. One exists at a time,
@@ -43,12 +44,12 @@ class Win32Stage : public Stage {
     Size MeasureText(const Form& form, const std::string& text, int fontSize) override;
     Size InnerSize(const Form& form) override;
     Size FrameSize(const Form& form) override;
-    int TwipsPerPixelX() override;
     void SetMousePointer(MousePointer pointer) override;
 
   private:
     std::unique_ptr<StageState> state;
     std::unique_ptr<UtilityWindow> utility;
+    std::unique_ptr<MessageFilter> filter;
 };
 
 }  // namespace forms::win32

@@ -33,6 +33,22 @@ TEST_F(frmMainExitTest, ButtonAndMenusEndTheProgram) {
     }
 }
 
+TEST_F(frmMainExitTest, TheIconIsRemovedAtBothStepsOfTheExit) {
+    StartQuietly();
+    const auto record = tray.icon;
+    ASSERT_TRUE(record);
+    tray.log.clear();
+    user->Click(Main().cmdExit);
+    ASSERT_EQ(tray.log.size(), 2U);
+    for (const auto& entry : tray.log) {
+        EXPECT_FALSE(entry.add);
+        EXPECT_EQ(entry.record.iconId, record->iconId);
+        EXPECT_EQ(entry.record.owner, record->owner);
+        EXPECT_EQ(entry.record.tip, record->tip);
+    }
+    EXPECT_TRUE(tray.log[0].succeeded);
+}
+
 TEST_F(frmMainExitTest, TheIconIsRemovedBeforeTheOtherWindowsGo) {
     StartQuietly();
     auto& note = MakeNote("Dentist");

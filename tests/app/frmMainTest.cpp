@@ -2,6 +2,7 @@
 #include "app/dlgMsgBox.h"
 #include "app/frmMain.h"
 #include "forms/Environment.h"
+#include "forms/Gestures.h"
 #include "notes/frmViewNotes.h"
 #include "tests/support/WholeProgram.h"
 
@@ -134,6 +135,10 @@ TEST_F(frmMainTest, HidingAndShowing) {
 TEST_F(frmMainTest, ALeftClickOnTheTrayIconRestoresAMinimisedWindow) {
     StartQuietly();
     user->Minimize(Main());
+    Start([this] {
+        Main().mnuHide.enabled = false;
+        Main().mnuShow.enabled = true;
+    });
     user->Tray(514);
     EXPECT_EQ(Main().windowState(), WindowState::Normal);
     EXPECT_EQ(stage->Foreground(), &Main());
@@ -184,6 +189,54 @@ TEST_F(frmMainTest, TheMousePointerIsSetBack) {
     Start([] { SetMousePointer(MousePointer::Hourglass); });
     user->Tray(513);
     EXPECT_EQ(stage->Pointer(), MousePointer::Default);
+}
+
+TEST_F(frmMainTest, ThePointerIsNoTrayMessage) {
+    StartQuietly();
+    user->Click(Main().cmdTimer);
+    for (const int column : {512, 513, 514, 515, 516, 517, 518, 519}) {
+        for (const int twips : {0, 14}) {
+            Start([] { SetMousePointer(MousePointer::Hourglass); });
+            user->MouseMove(Main(), column * 15 + twips);
+            EXPECT_EQ(stage->Pointer(), MousePointer::Default) << column;
+        }
+    }
+    EXPECT_TRUE(stage->Popups().empty());
+    EXPECT_EQ(stage->Foreground(), nullptr);
+    EXPECT_FALSE(Main().txtNoteTitle.HasFocus());
+    EXPECT_NE(runtime->ActiveForm(), &Main());
+}
+
+// The menu lets the pointer move on while the message is being handled.
+TEST_F(frmMainTest, ThePointerIsNoTrayMessageWhileOneIsHandled) {
+    StartQuietly();
+    stage->ExpectPopup("mnuPop", [this](Menu&) -> Menu* {
+        gestures::MouseMove(Main(), 0, 517 * 15, 0);
+        return nullptr;
+    });
+    user->Tray(517);
+    EXPECT_EQ(stage->Popups().size(), 1U);
+}
+
+TEST_F(frmMainTest, ShowAfterMinimisingAndHidingBringsTheWindowBack) {
+    StartQuietly();
+    user->Minimize(Main());
+    stage->ExpectPopup("mnuPop", "mnuHide");
+    user->Tray(517);
+    ASSERT_FALSE(Main().IsShownOnStage());
+    stage->ExpectPopup("mnuPop", "mnuShow");
+    user->Tray(517);
+    EXPECT_TRUE(Main().IsShownOnStage());
+    EXPECT_EQ(Main().windowState(), WindowState::Normal);
+    EXPECT_EQ(stage->WindowOf(Main()).state, WindowState::Normal);
+    EXPECT_EQ(runtime->ActiveForm(), &Main());
+    EXPECT_TRUE(Main().txtNoteTitle.HasFocus());
+}
+
+TEST_F(frmMainTest, TheTipOfTheIconFillsItsField) {
+    StartQuietly();
+    ASSERT_TRUE(tray.icon);
+    EXPECT_EQ(tray.icon->tip, std::string("Jotwright") + '\0' + std::string(54, ' '));
 }
 
 TEST_F(frmMainTest, OtherTrayMessagesDoNothing) {

@@ -118,7 +118,25 @@ TEST_F(frmMainToolsTest, HelpShowsTheShippedFile) {
     ASSERT_EQ(shell.helpShown.size(), 2U);
     for (const auto& help : shell.helpShown) {
         EXPECT_EQ(help.file, "C:\\Jotwright\\JOTWRIGHT2.hlp");
+        EXPECT_EQ(help.command, 3);  // the contents
     }
+    EXPECT_EQ(Main().cdgMain.helpFile, "C:\\Jotwright\\JOTWRIGHT2.hlp");
+}
+
+TEST_F(frmMainToolsTest, HelpFromAnEditorForcesTheFile) {
+    StartQuietly();
+    user->Click(MakeNote("Dentist").tlbMain, "Help");
+    ASSERT_EQ(shell.helpShown.size(), 1U);
+    EXPECT_EQ(shell.helpShown[0].file, "C:\\Jotwright\\JOTWRIGHT2.hlp");
+    EXPECT_EQ(shell.helpShown[0].command, 9);
+}
+
+TEST_F(frmMainToolsTest, AboutFromAnEditorIsTheMainWindows) {
+    StartQuietly();
+    frmNote& note = MakeNote("Dentist");
+    stage->ExpectModal<frmAbout>([this](frmAbout& about) { user->CloseBox(about); });
+    user->Click(note.tlbMain, "About");
+    EXPECT_EQ(LoadedDefault<frmAbout>(), nullptr);
 }
 
 TEST_F(frmMainToolsTest, EveryWayIntoTheControlPanelIsTheWayIntoTheEditors) {
@@ -148,6 +166,19 @@ TEST_F(frmMainToolsTest, NewInTheControlPanelBringsBackAHiddenMainWindow) {
     EXPECT_TRUE(Main().txtNoteTitle.HasFocus());
     EXPECT_TRUE(Main().mnuHide.enabled);
     EXPECT_FALSE(Main().mnuShow.enabled);
+    EXPECT_EQ(LoadedDefault<frmViewNotes>(), nullptr);
+}
+
+TEST_F(frmMainToolsTest, NewInTheControlPanelBringsBackAMinimisedMainWindow) {
+    StartQuietly();
+    user->Click(Main().cmdViewNotes);
+    user->Minimize(Main());
+    user->Click(Default<frmViewNotes>().cmdNew);
+    EXPECT_TRUE(Main().IsShownOnStage());
+    EXPECT_EQ(Main().windowState(), WindowState::Normal);
+    EXPECT_EQ(stage->WindowOf(Main()).state, WindowState::Normal);
+    EXPECT_EQ(runtime->ActiveForm(), &Main());
+    EXPECT_TRUE(Main().txtNoteTitle.HasFocus());
     EXPECT_EQ(LoadedDefault<frmViewNotes>(), nullptr);
 }
 

@@ -170,14 +170,15 @@ TEST_F(Modality, TheProgramMayEndUnderABoxInAModalForm) {
     });
     stand->ExpectModal<frmSecond>([this, &reached](frmSecond& form) {
         form.cmdGo.Click = [&reached] {
-            Default<frmFirst>().tmrOne.enabled = true;
             Tell("Wait");
             reached.emplace_back("box");
         };
         stand->Click(form.cmdGo);
     });
-    stand->ExpectBox("Wait", "Message", BoxButtons::Ok, BoxResult::Ok,
-                     [this] { PumpUntil([this] { return runtime->HasEnded(); }); });
+    stand->ExpectBox("Wait", "Message", BoxButtons::Ok, BoxResult::Ok, [this] {
+        Default<frmFirst>().tmrOne.enabled = true;
+        PumpUntil([this] { return runtime->HasEnded(); });
+    });
     Start([&reached] {
         Default<frmSecond>().ShowModal();
         reached.emplace_back("modal");

@@ -71,8 +71,7 @@ TEST_F(BadTexts, NothingBehindAZeroByteOfARecoveryCopyIsLost) {
     RestartProgram();
     files.PutFile(copy, bytes);
     Start(StandardCode::ReadNotes);
-    // Another program has changed the copy: it is no longer sure which note it is of.
-    EXPECT_EQ(Editor("Note (recovered)").txtNote.text(), "first second");
+    EXPECT_EQ(Editor("Note").txtNote.text(), "first second");
 }
 
 TEST_F(BadTexts, EveryLineBreakIsShownAndKept) {

@@ -73,13 +73,17 @@ TEST_F(frmNoteTest, HasItsMenus) {
 TEST_F(frmNoteTest, HasItsToolbar) {
     frmNote& note = MakeNote("Dentist");
     using Button = forms::Toolbar::Button;
-    const std::vector<Button> expected{{"Save", "Click To Save This Note", "tb_save"},
-                                       {"Erase", "Click To Erase This Note", "tb_kill"},
-                                       {"Print", "Click To Print This Note", "tb_print"},
-                                       {"Hide", "Click To Hide This Note", "tb_hide"},
-                                       {"Help", "Jotwright Help Files", "tb_help"},
-                                       {"About", "About Jotwright", "tb_about"}};
+    const std::vector<Button> expected{{"Save", "Click To Save This Note", "save"},
+                                       {"Erase", "Click To Erase This Note", "kill"},
+                                       {"Print", "Click To Print This Note", "print"},
+                                       {"Hide", "Click To Hide This Note", "hide"},
+                                       {"Help", "Jotwright Help Files", "help"},
+                                       {"About", "About Jotwright", "about"}};
     EXPECT_EQ(note.tlbMain.buttons(), expected);
+    EXPECT_EQ(note.tlbMain.imageList, &note.ilsMain);
+    for (const Button& button : expected) {
+        EXPECT_EQ(note.ilsMain.ResourceOf(button.image), "tb_" + button.image);
+    }
 }
 
 TEST_F(frmNoteTest, StartsWhiteWithTwelvePoints) {
@@ -89,10 +93,6 @@ TEST_F(frmNoteTest, StartsWhiteWithTwelvePoints) {
     EXPECT_EQ(note.txtNote.fontSize(), 12);
     EXPECT_EQ(CheckedColors(note), Texts{"White"});
     EXPECT_EQ(CheckedFonts(note), Texts{"12 point"});
-}
-
-TEST_F(frmNoteTest, IsNarrowerThanTheMessagesOfTheNotificationArea) {
-    EXPECT_LT(forms::Default<frmNote>().width(), 514 * 15);
 }
 
 TEST_F(frmNoteTest, LoadingSetsIconPickersAndClock) {

@@ -54,14 +54,15 @@ TEST_F(ViewNotes, RowsShowTheAlarmInTheSystemsTexts) {
     Open();
     const auto& rows = Panel().lvwNotes.Rows();
     ASSERT_EQ(rows.size(), 3U);
-    const auto& images = Panel().lvwNotes.images;
+    ASSERT_EQ(Panel().lvwNotes.imageList, &Panel().ilsNotes);
+    const auto& images = Panel().ilsNotes.images;
     EXPECT_EQ(rows[0].key, "Dentist");
     EXPECT_EQ(rows[0].texts, (std::vector<std::string>{"", "Dentist", "5/14/2004 9:30:00 AM"}));
-    EXPECT_EQ(images.at(static_cast<std::size_t>(rows[0].image)), "alarmset");
+    EXPECT_EQ(images.at(static_cast<std::size_t>(rows[0].image)).resource, "alarmset");
     EXPECT_EQ(rows[1].texts, (std::vector<std::string>{"", "Midnight", "5/14/2004 12:00:00 AM"}));
     EXPECT_EQ(rows[2].key, "Shopping");
     EXPECT_EQ(rows[2].texts, (std::vector<std::string>{"", "Shopping", "Alarm Not Set"}));
-    EXPECT_EQ(images.at(static_cast<std::size_t>(rows[2].image)), "alarmnotset");
+    EXPECT_EQ(images.at(static_cast<std::size_t>(rows[2].image)).resource, "alarmnotset");
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 3");
     EXPECT_TRUE(Panel().lvwNotes.enabled());
 }

@@ -47,6 +47,9 @@ TEST_F(StopWatch, LoadsIdle) {
 TEST_F(StopWatch, ListHasThreeColumns) {
     const auto& columns = Window().lvwTime.columns;
     ASSERT_EQ(columns.size(), 3U);
+    EXPECT_EQ(columns[0].key, "image");
+    EXPECT_EQ(columns[1].key, "run");
+    EXPECT_EQ(columns[2].key, "time");
     EXPECT_EQ(columns[0].heading, " ");
     EXPECT_EQ(columns[1].heading, "Run");
     EXPECT_EQ(columns[2].heading, "Ending Time");
@@ -90,7 +93,8 @@ TEST_F(StopWatch, ARunIsSavedOnce) {
     EXPECT_FALSE(Window().mnuFileSave.enabled());
     EXPECT_EQ(Rows().size(), 1U);
     EXPECT_EQ(Rows()[0].image, 0);
-    EXPECT_EQ(Window().lvwTime.images, std::vector<std::string>{"run"});
+    EXPECT_EQ(Window().lvwTime.imageList, &Window().ilsTime);
+    EXPECT_EQ(Window().ilsTime.images.size(), 1U);
 }
 
 TEST_F(StopWatch, TheMenuSavesToo) {

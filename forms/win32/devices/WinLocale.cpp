@@ -57,6 +57,14 @@ std::wstring Formatted(Formatter formatter, DWORD flags, const SYSTEMTIME& time,
     return text;
 }
 
+// A text of the user's settings; empty where the system cannot tell.
+std::string Setting(LCTYPE type) {
+    wchar_t text[32]{};
+    const int length =
+        ::GetLocaleInfoW(LOCALE_USER_DEFAULT, type, text, static_cast<int>(std::size(text)));
+    return length > 0 ? Narrow(std::wstring_view(text)) : std::string();
+}
+
 std::wstring Padded(int number, std::size_t digits) {
     const std::wstring text = std::to_wstring(number);
     return std::wstring(digits - std::min(digits, text.size()), L'0') + text;
@@ -120,6 +128,12 @@ std::string WinLocale::WeekdayName(DateTime value) {
     const DateTime sunday = DateTime::FromDate(2000, 1, 2);
     const DateTime sameDay{sunday.seconds + value.Weekday() * secondsPerDay};
     return Narrow(Formatted(::GetDateFormatW, 0, SystemTimeOf(sameDay), L"dddd"));
+}
+
+NumberFormat WinLocale::Numbers() {
+    return {.decimalSign = Setting(LOCALE_SDECIMAL),
+            .thousandsSign = Setting(LOCALE_STHOUSAND),
+            .currencySymbol = Setting(LOCALE_SCURRENCY)};
 }
 
 std::string WinLocale::ToUpper(const std::string& text) {

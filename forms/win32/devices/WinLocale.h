@@ -9,6 +9,7 @@ class WinLocale : public Locale {
     std::string ShortDate(DateTime value) override;
     std::string TimeText(DateTime value) override;
     std::string WeekdayName(DateTime value) override;
+    NumberFormat Numbers() override;
     // As the file system folds letters, not as the language writes capitals (a dotless i stays
     // apart): what differs in upper case may be two files.
     std::string ToUpper(const std::string& text) override;

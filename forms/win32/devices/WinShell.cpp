@@ -41,11 +41,16 @@ int WinShell::Open(const std::string& document, const std::string& workingFolder
 }
 
 void WinShell::ShowHelp(const std::string& helpFile, int command) {
-    // HELP_FORCEFILE leaves a viewer that has the file where it is, and some viewers answer it by
-    // doing nothing at all; the contents are the file's first page and brought to the front.
-    const UINT shown = command == HELP_FORCEFILE ? HELP_CONTENTS : static_cast<UINT>(command);
-    const auto showInViewer = [path = Wide(helpFile), shown] {
-        return IsFile(path) && ::WinHelpW(::GetActiveWindow(), path.c_str(), shown, 0) != 0;
+    const auto ask = [path = Wide(helpFile)](UINT wanted) {
+        return ::WinHelpW(::GetActiveWindow(), path.c_str(), wanted, 0) != 0;
+    };
+    const auto showInViewer = [path = Wide(helpFile), command, ask] {
+        if (!IsFile(path) || !ask(static_cast<UINT>(command))) {
+            return false;
+        }
+        // HELP_FORCEFILE leaves a viewer that has the file where it is, behind other windows, and
+        // some viewers do nothing at all. The contents are the file's first page, in front.
+        return command != HELP_FORCEFILE || ask(HELP_CONTENTS);
     };
     if (hasHelpViewer && showInViewer()) {
         return;

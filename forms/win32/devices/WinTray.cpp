@@ -55,8 +55,8 @@ WinTray::~WinTray() {
 }
 
 bool WinTray::Add(const TrayRecord& record) {
-    Entry entry{
-        record.owner, record.owner != nullptr ? WindowOf(*record.owner) : nullptr, record, {}, 0};
+    HWND window = record.owner != nullptr ? TrayWindowOf(*record.owner, record.iconId) : nullptr;
+    Entry entry{record.owner, window, record, {}, 0};
     if (entry.window == nullptr) {
         return false;
     }
@@ -77,7 +77,9 @@ bool WinTray::Add(const TrayRecord& record) {
 bool WinTray::Delete(const TrayRecord& record) {
     const auto known = Find(record);
     if (known == entries.end()) {
-        return false;
+        HWND window = record.owner != nullptr ? ExistingWindowOf(*record.owner) : nullptr;
+        const Entry unknown{record.owner, window, record, {}, 0};
+        return window != nullptr && Notify(NIM_DELETE, unknown);
     }
     const bool deleted = Notify(NIM_DELETE, *known);
     entries.erase(known);
@@ -117,16 +119,22 @@ std::vector<WinTray::Entry>::iterator WinTray::Find(const TrayRecord& record) {
     });
 }
 
-bool WinTray::Notify(DWORD message, const Entry& entry) {
+NOTIFYICONDATAA WinTray::NativeRecord(const TrayRecord& record, HWND window, HICON icon) {
     NOTIFYICONDATAA data{};
     data.cbSize = NOTIFYICONDATAA_V1_SIZE;
-    data.hWnd = entry.window;
-    data.uID = entry.record.iconId;
-    data.uFlags = entry.record.flags;
-    data.uCallbackMessage = entry.record.callbackMessage;
-    data.hIcon = entry.icon.get();
-    const std::string tip = TipText(entry.record.tip);
+    data.hWnd = window;
+    data.uID = record.iconId;
+    data.uFlags = record.flags;
+    data.uCallbackMessage = record.callbackMessage;
+    data.hIcon = icon;
+    const std::string tip = TipText(record.tip);
+    std::memset(data.szTip, ' ', tipSize);
     std::memcpy(data.szTip, tip.c_str(), tip.size() + 1);
+    return data;
+}
+
+bool WinTray::Notify(DWORD message, const Entry& entry) {
+    NOTIFYICONDATAA data = NativeRecord(entry.record, entry.window, entry.icon.get());
     return ::Shell_NotifyIconA(message, &data) != 0;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+#include <shellapi.h>
 
 #include <memory>
 #include <string>
@@ -20,7 +21,11 @@ class WinTray : public Tray {
 
     // Where no notification area is there yet, the icon appears as soon as one is.
     bool Add(const TrayRecord& record) override;
+    // Asks the system even where this program has no such icon (any more).
     bool Delete(const TrayRecord& record) override;
+
+    // The tip in the system's code page, ended by a zero character and padded with blanks.
+    static NOTIFYICONDATAA NativeRecord(const TrayRecord& record, HWND window, HICON icon);
 
     // The notification area was made anew and has forgotten its icons.
     void AddAgain();

@@ -1,0 +1,27 @@
+#include "forms/ImageList.h"
+
+#include <algorithm>
+
+#include "forms/RuntimeError.h"
+
+namespace forms {
+
+int ImageList::IndexOf(std::string_view key) const {
+    const auto found = Find(key);
+    if (found == images.end()) {
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    }
+    return static_cast<int>(found - images.begin());
+}
+
+std::string ImageList::ResourceOf(std::string_view key) const {
+    const auto found = Find(key);
+    return found == images.end() ? std::string() : found->resource;
+}
+
+std::vector<ImageList::Image>::const_iterator ImageList::Find(std::string_view key) const {
+    return std::find_if(images.begin(), images.end(),
+                        [key](const Image& image) { return image.key == key; });
+}
+
+}  // namespace forms

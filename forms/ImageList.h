@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace forms {
+
+class Form;
+
+// The pictures that a toolbar or a list shows, told apart by their keys. A member of its form, as
+// the controls are, and filled in Design only.
+class ImageList {
+  public:
+    ImageList(Form* parent, const char* listName) : name(listName), form(*parent) {}
+    ImageList(const ImageList&) = delete;
+    ImageList& operator=(const ImageList&) = delete;
+
+    struct Image {
+        std::string key;
+        std::string resource;  // name of an icon that is compiled into the program
+        bool operator==(const Image&) const = default;
+    };
+
+    const char* const name;
+    Form& form;
+    std::vector<Image> images;
+
+    // Counts from 0. RuntimeError 9 if there is no such key.
+    int IndexOf(std::string_view key) const;
+    // The name of the icon; empty if there is no such key.
+    std::string ResourceOf(std::string_view key) const;
+
+  private:
+    std::vector<Image>::const_iterator Find(std::string_view key) const;
+};
+
+}  // namespace forms

@@ -1,0 +1,60 @@
+#include <windows.h>
+
+#include <algorithm>
+#include <functional>
+
+#include "tests/windows/DriverTest.h"
+
+namespace driver {
+
+namespace {
+
+// What still waits in the program's queue while keys pour in: some seconds' work.
+constexpr LRESULT mostWaiting = 2000;
+// Keys after which the program has had its chance. Many minutes' work.
+constexpr LRESULT mostKeys = 100000;
+
+}  // namespace
+
+// Keys that come faster than the program takes them, so that its queue never runs empty.
+class BusyQueue : public DriverTest {
+  protected:
+    // Until the condition holds.
+    static bool TypeUntil(const Window& box, const std::function<bool()>& condition) {
+        LRESULT sent = box.Send(WM_GETTEXTLENGTH);
+        while (sent < mostKeys) {
+            while (sent - box.Send(WM_GETTEXTLENGTH) < mostWaiting) {
+                for (int i = 0; i < 100; ++i, ++sent) {
+                    box.Post(WM_CHAR, sent % 20 == 19 ? L' ' : L'a', 1);
+                }
+            }
+            if (condition()) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    bool HasRecoveryCopy() const {
+        const auto names = FileNames(folder + "\\Notes");
+        return std::any_of(names.begin(), names.end(),
+                           [](const std::string& name) { return name.ends_with(".recovery"); });
+    }
+};
+
+TEST_F(BusyQueue, TheRecoveryCopyIsKeptAllTheSame) {
+    const Window main = StartProgram();
+    const Window box = MakeNote(main, "Typing").Only("Edit");
+    ASSERT_FALSE(HasRecoveryCopy());
+    EXPECT_TRUE(TypeUntil(box, [this] { return HasRecoveryCopy(); }));
+}
+
+TEST_F(BusyQueue, AlarmsRingAllTheSame) {
+    WriteNote("Ring", "\"Ring\",\"text\",#2031-06-02#,#09:00:30#,1,12,\"1\",0,\"yes\"\r\n");
+    const Window main = StartProgram();
+    const Window box = MakeNote(main, "Typing").Only("Edit");
+    const Window ring = program.WaitFor("Ring");
+    EXPECT_TRUE(TypeUntil(box, [&] { return !ring.IsMinimized(); }));
+}
+
+}  // namespace driver

@@ -1,0 +1,150 @@
+#include <windows.h>
+
+#include <string>
+
+#include "tests/windows/DriverTest.h"
+
+namespace driver {
+
+namespace {
+
+// Of the display that the test runs on.
+int Dpi() {
+    HDC screen = ::GetDC(nullptr);
+    const int dpi = ::GetDeviceCaps(screen, LOGPIXELSX);
+    ::ReleaseDC(nullptr, screen);
+    return dpi;
+}
+
+// A pixel of the screen in this column of 96 dpi.
+int PixelOfColumn(int column) { return (column * Dpi() + 95) / 96; }
+
+}  // namespace
+
+// Moves of the real pointer over windows whose mouse-move handlers take messages of the
+// notification area, too. Runs at every scale, see cmake/Checks.cmake.
+class Pointer : public DriverTest {
+  protected:
+    // Else the system would tell this program pixels of 96 dpi.
+    Pointer() { ::SetProcessDPIAware(); }
+
+    // x and y in pixels from the corner of the window's inside.
+    static void MoveTo(const Window& window, int x, int y) {
+        const POINT origin = window.ClientOrigin();
+        const POINT place{origin.x + x, origin.y + y};
+        UseHands("mousemove " + std::to_string(place.x) + ' ' + std::to_string(place.y));
+        WaitUntil("the pointer is there", [&] {
+            POINT now{};
+            return ::GetCursorPos(&now) != 0 && now.x == place.x && now.y == place.y;
+        });
+    }
+
+    // The timer's window in the corner of the screen, with the keyboard.
+    Window OpenTimer(const Window& main) {
+        main.Button("&Timer").Click();
+        const Window timer = program.WaitFor("Novelty Timer");
+        WaitUntilFilled(timer, "Edit");
+        ::SetWindowPos(timer.handle, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        BringUp(timer);
+        return timer;
+    }
+
+    static void BringUp(const Window& window) {
+        WaitUntil("the window is in the foreground", [&] {
+            ::SetForegroundWindow(window.handle);
+            return ::GetForegroundWindow() == window.handle;
+        });
+    }
+
+    // A real key comes to the program after the moves that were made before it. The timer gets it
+    // only if it kept the keyboard and no menu is open.
+    static void ExpectTimerHasKeyboard(const Window& timer, const std::string& typed) {
+        UseHands("key " + typed.substr(typed.size() - 1));
+        EXPECT_TRUE(ComesTrue([&] { return timer.Only("Edit").Text() == typed; }))
+            << timer.Only("Edit").Text() << " instead of " << typed;
+    }
+
+    static int InnerWidth(const Window& window) {
+        RECT inside{};
+        ::GetClientRect(window.handle, &inside);
+        return inside.right;
+    }
+};
+
+TEST_F(Pointer, MovesOverTheMainWindowAreNoTrayMessages) {
+    const Window main = StartProgram();
+    const Window timer = OpenTimer(main);
+    // The topmost rows of the window are background from edge to edge.
+    constexpr int row = 5;
+    MoveTo(main, 400, row);
+    for (const int column : {480, 481, 483, 512, 513, 514, 515, 516, 517, 518, 519}) {
+        for (const int x : {column, PixelOfColumn(column)}) {
+            if (x < InnerWidth(main)) {
+                MoveTo(main, x, row);
+            }
+        }
+    }
+    ExpectTimerHasKeyboard(timer, "7");
+    EXPECT_FALSE(program.OpenMenu());
+    EXPECT_FALSE(main.Only("Edit").HasFocus());
+    ExitProgram();
+}
+
+TEST_F(Pointer, MovesWithTheButtonDownAlongTheTopAreNoTrayMessages) {
+    const Window main = StartProgram();
+    const Window timer = OpenTimer(main);
+    MoveTo(main, 400, 0);
+    UseHands("mousedown 1");
+    for (int x = 512; x <= 519; ++x) {
+        if (x < InnerWidth(main)) {
+            MoveTo(main, x, 0);
+        }
+    }
+    MoveTo(main, 300, 0);
+    UseHands("mouseup 1");
+    BringUp(timer);
+    ExpectTimerHasKeyboard(timer, "7");
+    EXPECT_FALSE(program.OpenMenu());
+    // The button that opened the timer has kept the main window's focus.
+    BringUp(main);
+    WaitUntil("the main window has its focus back", [&] { return main.Focus() != main; });
+    EXPECT_EQ(main.Focus(), main.Button("&Timer")) << main.Focus().Description();
+    ExitProgram();
+}
+
+TEST_F(Pointer, TheEditorAnswersAtTheColumnsOf96Dpi) {
+    const Window main = StartProgram();
+    const Window note = MakeNote(main, "Dentist");
+    tray::LeftClick(main);
+    WaitUntil("the main window is back", [&] { return main.IsVisible(); });
+    const Window timer = OpenTimer(main);
+    const RECT beside = timer.Place();
+    ::SetWindowPos(note.handle, nullptr, beside.right, 0, 600 * Dpi() / 96, 600 * Dpi() / 96,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
+    // Above the toolbar.
+    constexpr int row = 1;
+    const auto moveTo = [&](int column) { MoveTo(note, PixelOfColumn(column), row); };
+
+    std::string typed;
+    for (const int column : {480, 483, 513, 516, 518}) {
+        moveTo(column);
+        typed += '7';
+        ExpectTimerHasKeyboard(timer, typed);
+        EXPECT_FALSE(program.OpenMenu()) << column;
+    }
+    for (const int column : {514, 515}) {
+        moveTo(510);
+        BringUp(timer);
+        moveTo(column);
+        EXPECT_TRUE(ComesTrue([&] { return ::GetForegroundWindow() == note.handle; })) << column;
+    }
+    moveTo(510);
+    BringUp(timer);
+    moveTo(517);
+    ASSERT_TRUE(ComesTrue([&] { return static_cast<bool>(program.OpenMenu()); }));
+    EXPECT_EQ(::GetForegroundWindow(), note.handle);
+    CloseMenu(program, note);
+    ExitProgram();
+}
+
+}  // namespace driver
