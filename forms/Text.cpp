@@ -139,8 +139,10 @@ std::int16_t ToInteger16(std::string_view text) {
 
 std::int16_t ToInteger16(double value) {
     const double rounded = std::nearbyint(value);
-    if (!(rounded >= std::numeric_limits<std::int16_t>::min() &&
-          rounded <= std::numeric_limits<std::int16_t>::max())) {
+    // Not a number does not fit either.
+    const bool fits = rounded >= std::numeric_limits<std::int16_t>::min() &&
+                      rounded <= std::numeric_limits<std::int16_t>::max();
+    if (!fits) {
         throw RuntimeError(ErrorNumber::Overflow);
     }
     return static_cast<std::int16_t>(rounded);

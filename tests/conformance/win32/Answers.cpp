@@ -35,7 +35,7 @@ Answers::Answers(const int& stayOpenFor) : stayOpen(stayOpenFor) {
                                ::GetModuleHandleW(nullptr), nullptr);
     ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     ::SetTimer(window, tickTimer, tickInterval,
-               [](HWND timerWindow, UINT, UINT_PTR, DWORD) { Of(timerWindow).OnTick(); });
+               [](HWND timerWindow, UINT, UINT_PTR, DWORD) CALLBACK { Of(timerWindow).OnTick(); });
 }
 
 Answers::~Answers() {
@@ -60,7 +60,7 @@ void Answers::Verify() {
 void Answers::Later(int milliseconds, Script script) {
     later = std::move(script);
     ::SetTimer(window, laterTimer, static_cast<UINT>(milliseconds),
-               [](HWND timerWindow, UINT, UINT_PTR id, DWORD) {
+               [](HWND timerWindow, UINT, UINT_PTR id, DWORD) CALLBACK {
                    ::KillTimer(timerWindow, id);
                    Of(timerWindow).later();
                });
