@@ -133,7 +133,14 @@ prepare_wine() {
     if [ ! -f "$WINEPREFIX/.ready" ]; then
         say "Making a Wine prefix in $WINEPREFIX (once, some seconds)"
         # LC_ALL=C.UTF-8 has no country: formats are those of the United States.
-        wine wineboot --init >/dev/null 2>&1 </dev/null || die "wineboot failed"
+        # Wine gives the helpers that it starts some seconds only, too few on a busy machine.
+        local tries=1
+        until wine wineboot --init >"$WINEPREFIX.log" 2>&1 </dev/null; do
+            [ "$tries" -lt 10 ] || die "wineboot failed, see $WINEPREFIX.log"
+            tries=$((tries + 1))
+            wineserver -k || true
+            wineserver -w || true
+        done
         # A crash is to end the program, not to open a box that waits for somebody.
         wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
             >/dev/null 2>&1 </dev/null || die "reg failed"
