@@ -120,7 +120,7 @@ void frmAlarms::cmdSave_Click() {
     const auto selected =
         std::find_if(optAlarm.begin(), optAlarm.end(),
                      [](const forms::OptionButton& option) { return option.value(); });
-    const auto index = static_cast<std::size_t>(selected - optAlarm.begin());
+    const auto index = static_cast<std::size_t>(std::distance(optAlarm.begin(), selected));
     if (index < ownFile) {
         SaveAndClose(builtInPaths[index]);
     } else if (index == ownFile) {

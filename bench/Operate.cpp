@@ -46,18 +46,15 @@ std::vector<Window> VisibleWindows() {
 
 Window WaitFor(const std::string& title) {
     Window found;
-    WaitUntil(
-        "there is a window " + title,
-        [&] {
-            for (const Window& window : VisibleWindows()) {
-                if (window.HasTitleBar() && window.Text() == title) {
-                    found = window;
-                    return true;
-                }
+    WaitUntil("there is a window " + title, [&] {
+        for (const Window& window : VisibleWindows()) {
+            if (window.HasTitleBar() && window.Text() == title) {
+                found = window;
+                return true;
             }
-            return false;
-        },
-        patience);
+        }
+        return false;
+    });
     return found;
 }
 
@@ -85,15 +82,12 @@ void OpenAll() {
     main.Button("Notes &Control Panel").Click();
     const Window panel = WaitFor("Notes Control Panel");
     panel.Button("&Open All Notes").Click();
-    WaitUntil(
-        "all notes are open",
-        [] {
-            const auto windows = VisibleWindows();
-            return std::none_of(windows.begin(), windows.end(), [](const Window& window) {
-                return window.ClassName() == "FormWindow" && window.IsMinimized();
-            });
-        },
-        patience);
+    WaitUntil("all notes are open", [] {
+        const auto windows = VisibleWindows();
+        return std::none_of(windows.begin(), windows.end(), [](const Window& window) {
+            return window.ClassName() == "FormWindow" && window.IsMinimized();
+        });
+    });
     main.Send(WM_NULL);
 }
 

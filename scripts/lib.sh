@@ -12,15 +12,29 @@ die() {
     exit 1
 }
 
-# wait_for <seconds> <command>...: polls until the command succeeds; fails when the time is over.
+# wait_for <seconds> <command>...: polls until the command succeeds. Fails when the machine has had
+# nothing else to do for so many seconds: on a busy machine anything may take longer. An hour ends
+# it in any case.
 wait_for() {
-    local tries=$(($1 * 10))
+    local per_second most=$(($1 * $(getconf CLK_TCK))) idle=0 start=$SECONDS last now step
+    per_second=$(getconf CLK_TCK)
+    last=$(idle_time)
     shift
     while ! "$@" >/dev/null 2>&1; do
-        tries=$((tries - 1))
-        [ "$tries" -gt 0 ] || return 1
         sleep 0.1
+        now=$(idle_time)
+        step=$((now - last)) last=$now
+        # A script that was stopped has not looked meanwhile.
+        idle=$((idle + (step < per_second / 5 ? step : per_second / 5)))
+        [ "$idle" -lt "$most" ] && [ $((SECONDS - start)) -lt 3600 ] || return 1
     done
+}
+
+# For how long a processor has had nothing to do since the machine's start, on average, in clock ticks.
+idle_time() {
+    local idle
+    read -r _ _ _ _ idle _ </proc/stat
+    printf '%s\n' "$((idle / $(getconf _NPROCESSORS_ONLN)))"
 }
 
 # Ends what this script started, last first.
@@ -47,7 +61,7 @@ build() {
     shift
     cd "$root" || die "no folder $root"
     say "Configuring $preset"
-    cmake --preset "$preset"
+    cmake --preset "$preset" || return
     say "Building $preset"
     cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}
 }
@@ -72,18 +86,26 @@ start_display() {
 window_manager_is_up() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
 
 # start_sound <folder>: a sound server of its own with one silent device, "cap"; programs find it
-# through PULSE_SERVER. The small latency keeps the times of a recording right.
+# through PULSE_SERVER. The small latency keeps the times of a recording right. The server is the
+# machine's, or else what install-packages has unpacked.
 start_sound() {
+    local own=$root/build/pulseaudio/usr server=(pulseaudio) library
+    if ! command -v pulseaudio >/dev/null; then
+        [ -x "$own/bin/pulseaudio" ] || die "pulseaudio is missing (scripts/install-packages test)"
+        library=$(find "$own/lib" -name 'libpulsecore-*.so' -printf '%h\n' -quit)
+        server=(env "LD_LIBRARY_PATH=$library" "$own/bin/pulseaudio"
+            --dl-search-path "$(find "$own/lib" -type d -path '*/pulse*/modules' -print -quit)")
+    fi
     export PULSE_RUNTIME_PATH="$1/pulse" PULSE_STATE_PATH="$1/pulse" PULSE_LATENCY_MSEC=30
     export PULSE_SERVER="unix:$1/pulse/native"
     mkdir -p "$1/pulse"
     chmod 700 "$1/pulse"
-    pulseaudio -n --daemonize=no --exit-idle-time=-1 --use-pid-file=no --disallow-exit \
+    "${server[@]}" -n --daemonize=no --exit-idle-time=-1 --use-pid-file=no --disallow-exit \
         -L "module-null-sink sink_name=cap" \
         -L "module-native-protocol-unix socket=$1/pulse/native auth-anonymous=1" \
         >"$1/pulseaudio.log" 2>&1 </dev/null &
     started+=("$!")
-    wait_for 20 pactl info || die "pulseaudio did not start, see $1/pulseaudio.log"
+    wait_for 60 pactl info || die "pulseaudio did not start, see $1/pulseaudio.log"
 }
 
 # wine_environment <prefix>: what every Wine process needs; no process is started.
@@ -91,6 +113,16 @@ wine_environment() {
     export WINEPREFIX="$1" WINEARCH=win64 WINEDEBUG=-all
     export WINEDLLOVERRIDES="mscoree=;mshtml="
     export LC_ALL=C.UTF-8
+}
+
+# wine_choices: all that depends on Wine's version.
+wine_choices() {
+    local version
+    version=$(wine --version | sed 's/^wine-\([0-9]*\).*/\1/')
+    # Since 9 the driver for PostScript spools pages in a form that only its own processor reads.
+    JOTWRIGHT_PRINT_PROCESSOR=wineps
+    [ "$version" -ge 9 ] || JOTWRIGHT_PRINT_PROCESSOR=winprint
+    export JOTWRIGHT_PRINT_PROCESSOR
 }
 
 # prepare_wine: makes the prefix at the first time and leaves its server running. Needs DISPLAY: a
@@ -101,7 +133,14 @@ prepare_wine() {
     if [ ! -f "$WINEPREFIX/.ready" ]; then
         say "Making a Wine prefix in $WINEPREFIX (once, some seconds)"
         # LC_ALL=C.UTF-8 has no country: formats are those of the United States.
-        wine wineboot --init >/dev/null 2>&1 </dev/null || die "wineboot failed"
+        # Wine gives the helpers that it starts some seconds only, too few on a busy machine.
+        local tries=1
+        until wine wineboot --init >"$WINEPREFIX.log" 2>&1 </dev/null; do
+            [ "$tries" -lt 10 ] || die "wineboot failed, see $WINEPREFIX.log"
+            tries=$((tries + 1))
+            wineserver -k || true
+            wineserver -w || true
+        done
         # A crash is to end the program, not to open a box that waits for somebody.
         wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
             >/dev/null 2>&1 </dev/null || die "reg failed"
@@ -127,7 +166,7 @@ begin_wine_run() {
     mkdir -p "$1"
     state=$(cd "$1" && pwd)
     exec 9>"$state/lock"
-    flock -w 1800 9 || die "another run has kept $state for half an hour"
+    flock -w 3600 9 || die "another run has kept $state for an hour"
     temp=$(mktemp -d "${TMPDIR:-/tmp}/jotwright.XXXXXX")
     trap end_wine_run EXIT
     trap 'exit 130' INT

@@ -192,7 +192,7 @@ void HeadlessStage::RunModal(Form& form) {
     const auto pin = form.shared_from_this();
     const bool next = !expected.empty() && std::holds_alternative<ExpectedModal>(expected.front());
     if (next && std::get<ExpectedModal>(expected.front()).matches(form)) {
-        TakeNext<ExpectedModal>()->script(form);
+        TakeNext<ExpectedModal>()->script(form);  // NOLINT(bugprone-unchecked-optional-access)
         if (form.IsVisible() && !Runtime::Current().HasEnded()) {
             Fail("The script for modal " + name + " has ended and the form is still open.");
         }

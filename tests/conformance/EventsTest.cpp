@@ -180,15 +180,15 @@ TEST_F(Events, APopupMenuRunsTheChosenEntryAndTimersGoOnUnderIt) {
         Form().tmrTick.interval = 40;
         Form().tmrTick.enabled = true;
     });
-    stand->stayOpen = 600;
     const int before = ticks;
-    stand->ExpectPopup(Form().mnuPop, &Form().mnuHide, [&] { EXPECT_GE(ticks, before + 5); });
+    stand->stayOpenUntil = [&] { return ticks >= before + 5; };
+    stand->ExpectPopup(Form().mnuPop, &Form().mnuHide);
     Start([] {
         Form().PopupMenu(Form().mnuPop);
         Form().Note("returned");
     });
     EXPECT_EQ(Take(), (Lines{"hide", "returned"}));
-    stand->stayOpen = 0;
+    stand->stayOpenUntil = nullptr;
     stand->Pump(100);
     stand->ExpectPopup(Form().mnuPop, nullptr);
     Start([] { Form().PopupMenu(Form().mnuPop); });

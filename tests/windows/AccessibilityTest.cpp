@@ -109,7 +109,7 @@ TEST_F(Accessibility, WhatComesUpByItselfIsSpokenOf) {
     CloseAndWait(rejection);
 
     CloseAndWait(program.WaitFor("Dentist"));
-    Clock::Set("2031-06-02 09:29:58");
+    LetAlarmCome("2031-06-02 09:29:58", "Dentist");
     const Window display = program.WaitFor("Dentist");
     WaitUntilFilled(display, "Edit");
     WaitUntil("the text has the focus", [&] { return display.Only("Edit").HasFocus(); });

@@ -125,7 +125,8 @@ TEST_F(BadInput, ATitleOfAMebibyteIsRefusedOnTheScreen) {
     const Window main = StartProgram();
     PutOnClipboard(std::string(1U << 20U, 'n'));
     main.Only("Edit").Send(WM_PASTE);
-    EXPECT_EQ(main.Only("Edit").Text().size(), 1U << 20U);
+    // Not every Wine brings a text of this size back to another process.
+    EXPECT_EQ(main.Only("Edit").Send(WM_GETTEXTLENGTH), 1 << 20);
     main.Button("Make &Note").Click();
     WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });
     Window editor;
@@ -236,8 +237,9 @@ TEST_F(BadInput, ASoundThatIsNoneRingsSilently) {
         WriteSetting("Config", "Alarm", path);
         WriteNote("Dentist",
                   "\"Dentist\",\"text\",#2031-06-02#,#09:30:00#,1,12,\"1\",1,\"yes\"\r\n");
-        Clock::Set("2031-06-02 09:29:55");
+        Clock::Set("2031-06-02 09:00:00");
         StartProgram();
+        LetAlarmCome("2031-06-02 09:29:58", alarmBox);
         const Box box(program, alarmBox);
         EXPECT_EQ(box.Text(), "           Turn Off Alarm?") << path;
         box.Press("OK");

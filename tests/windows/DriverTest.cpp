@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace driver {
@@ -54,7 +55,13 @@ Window DriverTest::MainWindow() const {
 Window DriverTest::StartProgram() {
     program.Start(executable);
     const Window main = MainWindow();
-    WaitUntil("the splash has gone", [this] { return !FindSplash(); });
+    WaitUntil("the splash has gone", [this] {
+        const auto windows = program.Windows();
+        return std::none_of(windows.begin(), windows.end(), [](const Window& window) {
+            return !window.HasTitleBar() && window.Text() == mainCaption &&
+                   !window.Children().empty();
+        });
+    });
     return main;
 }
 
@@ -75,6 +82,38 @@ void DriverTest::EndSession() const {
     }
 }
 
+void DriverTest::LetTimeCome(const std::string& time, const std::string& what,
+                             const std::function<bool()>& hasCome) const {
+    constexpr ULONGLONG standstill = 300;  // milliseconds
+    constexpr ULONGLONG passed = 6000;     // milliseconds
+    Clock::Set(time);
+    ULONGLONG set = ::GetTickCount64();
+    ULONGLONG lastLook = set;
+    bool stoodStill = false;
+    WaitUntil(what + " at " + time, [&] {
+        if (const Window main = FindMain()) {
+            main.Send(WM_NULL);
+        }
+        const ULONGLONG now = ::GetTickCount64();
+        stoodStill = stoodStill || now - lastLook > standstill;
+        lastLook = now;
+        if (hasCome()) {
+            return true;
+        }
+        if (stoodStill && now - set > passed) {
+            Clock::Set(time);
+            set = lastLook = ::GetTickCount64();
+            stoodStill = false;
+        }
+        return false;
+    });
+}
+
+void DriverTest::LetAlarmCome(const std::string& time, const std::string& caption) const {
+    LetTimeCome(time, "a window \"" + caption + "\" comes",
+                [&] { return !program.Visible(caption).empty(); });
+}
+
 std::string DriverTest::NotePath(const std::string& title) const {
     return folder + "\\Notes\\" + title + ".txt";
 }
@@ -84,7 +123,7 @@ bool DriverTest::NoteFileIs(const std::string& title, const std::string& bytes) 
 }
 
 void DriverTest::ExpectNote(const std::string& title, const std::string& bytes) const {
-    if (!ComesTrue([&] { return NoteFileIs(title, bytes); }, 5)) {
+    if (!ComesTrue([&] { return NoteFileIs(title, bytes); })) {
         EXPECT_EQ(WholeFile(NotePath(title)).value_or("(no file)"), bytes);
     }
 }

@@ -67,6 +67,15 @@ class DriverTest : public testing::Test {
     // Waits until it is visible.
     Window MainWindow() const;
 
+    // Sets the clock to this time, some seconds before an alarm or the like, and waits until that
+    // has come. What the program does on a second it leaves out if the machine stands still over
+    // that second, as if it had slept: if the program or this test stood still, the clock is set
+    // again.
+    void LetTimeCome(const std::string& time, const std::string& what,
+                     const std::function<bool()>& hasCome) const;
+    // Until a window with this caption is shown.
+    void LetAlarmCome(const std::string& time, const std::string& caption) const;
+
     std::string NotePath(const std::string& title) const;
     // A note file's bytes as they are to be: in one piece, without its line end.
     void ExpectNote(const std::string& title, const std::string& bytes) const;

@@ -78,8 +78,7 @@ void Exits::AskWhetherToErase() {
 void Exits::RingInAnEditor() {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     Begin();
-    Clock::Set("2031-06-02 09:00:58");
-    program.WaitFor(alarmBox);
+    LetAlarmCome("2031-06-02 09:00:58", alarmBox);
 }
 
 void Exits::RingInADisplay() {
@@ -87,8 +86,7 @@ void Exits::RingInADisplay() {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     Begin();
     CloseAndWait(program.WaitFor("Dentist"));
-    Clock::Set("2031-06-02 09:00:58");
-    program.WaitFor(alarmBox);
+    LetAlarmCome("2031-06-02 09:00:58", alarmBox);
 }
 
 void Exits::RingOnAWeekday() {
@@ -99,8 +97,7 @@ void Exits::RingOnAWeekday() {
     MakeFolder(folder + "\\SpecialAlarms");
     WriteWholeFile(folder + "\\SpecialAlarms\\SpecialAlarms.txt", rows);
     Begin();
-    Clock::Set("2031-06-02 09:00:58");
-    program.WaitFor("Jotwright Daily Alarm");
+    LetAlarmCome("2031-06-02 09:00:58", "Jotwright Daily Alarm");
 }
 
 void Exits::EndACountdown() {

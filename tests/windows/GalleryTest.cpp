@@ -280,7 +280,7 @@ TEST_F(Gallery, Displays) {
         restored.Close();
         WaitUntil("the editor has gone", [&] { return !restored.Exists(); });
     }
-    Clock::Set("2031-06-02 09:00:58");
+    LetAlarmCome("2031-06-02 09:00:58", "Due " + colors[0]);
     for (const std::string& color : colors) {
         program.WaitFor("Due " + color);
     }
@@ -342,7 +342,7 @@ TEST_F(Gallery, DailyAlarm) {
     const Window main = StartProgram();
     main.Button("S&pecial Alarms").Click();
     KeepAndClose("Special Alarms", "tools-special-alarms-set");
-    Clock::Set("2031-06-02 09:00:58");
+    LetAlarmCome("2031-06-02 09:00:58", "Jotwright Daily Alarm");
     KeepBox("Jotwright Daily Alarm", "box-daily-alarm", "OK");
     ExitProgram();
 }

@@ -52,21 +52,29 @@ LPARAM PlaceInRow(const Window& list, int row) {
     return MAKELPARAM(label.left + 10, (label.top + label.bottom) / 2);
 }
 
-// Clicks the picker's first field and types the fields one after the other.
-void TypeFields(const Window& picker, const std::vector<std::string>& fields) {
+// Clicks the picker's first field, types the fields one after the other and waits until they are
+// picked. A picker without the focus takes no characters: if it loses the focus before, all is
+// typed again.
+void TypeFields(const Window& picker, const std::vector<std::string>& fields,
+                const std::string& what, const std::function<bool()>& arePicked) {
     if (!picker.IsVisible() || !picker.IsEnabled()) {
         throw Failure("a user cannot pick a time in " + picker.Description());
     }
     const RECT place = picker.Place();
     const LPARAM first = MAKELPARAM(6, (place.bottom - place.top) / 2);
-    picker.Post(WM_LBUTTONDOWN, MK_LBUTTON, first);
-    picker.Post(WM_LBUTTONUP, 0, first);
-    for (const std::string& field : fields) {
-        for (const char character : field) {
-            picker.Post(WM_CHAR, static_cast<unsigned char>(character), 1);
+    WaitUntil(what, [&] {
+        picker.Post(WM_LBUTTONDOWN, MK_LBUTTON, first);
+        picker.Post(WM_LBUTTONUP, 0, first);
+        WaitUntil("the picker has the focus", [&] { return picker.HasFocus(); });
+        for (const std::string& field : fields) {
+            for (const char character : field) {
+                picker.Post(WM_CHAR, static_cast<unsigned char>(character), 1);
+            }
+            picker.Key(VK_RIGHT);
         }
-        picker.Key(VK_RIGHT);
-    }
+        WaitUntil(what, [&] { return arePicked() || !picker.HasFocus(); });
+        return arePicked();
+    });
 }
 
 }  // namespace
@@ -97,7 +105,7 @@ void ChooseFromPopup(const Program& program, const Window& control, const MenuPa
 void CloseMenu(const Program& program, const Window& receiver) {
     ComesTrue([&] {
         receiver.Key(VK_ESCAPE);
-        return ComesTrue([&] { return !program.OpenMenu(); }, 1);
+        return ComesTrueSoon([&] { return !program.OpenMenu(); });
     });
     WaitUntilMenuIsGone(program);
 }
@@ -115,20 +123,20 @@ void DoubleClick(const Window& control) {
 }
 
 void PickDate(const Window& picker, int year, int month, int day) {
-    TypeFields(picker, {std::to_string(month), std::to_string(day), std::to_string(year)});
-    WaitUntil("the date is picked", [&] {
-        const SYSTEMTIME time = Picked(picker);
-        return time.wYear == year && time.wMonth == month && time.wDay == day;
-    });
+    TypeFields(picker, {std::to_string(month), std::to_string(day), std::to_string(year)},
+               "the date is picked", [&] {
+                   const SYSTEMTIME time = Picked(picker);
+                   return time.wYear == year && time.wMonth == month && time.wDay == day;
+               });
 }
 
 void PickTime(const Window& picker, int hour, int minute) {
     const int shownHour = hour % 12 == 0 ? 12 : hour % 12;
-    TypeFields(picker, {std::to_string(shownHour), std::to_string(minute), hour < 12 ? "A" : "P"});
-    WaitUntil("the time is picked", [&] {
-        const SYSTEMTIME time = Picked(picker);
-        return time.wHour == hour && time.wMinute == minute;
-    });
+    TypeFields(picker, {std::to_string(shownHour), std::to_string(minute), hour < 12 ? "A" : "P"},
+               "the time is picked", [&] {
+                   const SYSTEMTIME time = Picked(picker);
+                   return time.wHour == hour && time.wMinute == minute;
+               });
 }
 
 SYSTEMTIME Picked(const Window& picker) {

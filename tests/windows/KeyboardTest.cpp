@@ -147,11 +147,17 @@ TEST_F(Keyboard, TheMenuBarOpensTheOtherWindows) {
     };
     for (const auto& [keys, caption] : entries) {
         WaitForKeyboard(main);
-        Window::PressKeys({VK_F10});
-        for (const WORD key : keys) {
-            ::Sleep(50);  // a menu that just opens takes no key
-            Window::PressKeys({key});
-        }
+        // A menu that just opens takes no key: after a pause that was too short, once more.
+        WaitUntil(std::string("the menu leads to ") + caption, [&] {
+            main.Post(WM_CANCELMODE);
+            WaitUntil("no menu is open", [&] { return !program.OpenMenu(); });
+            Window::PressKeys({VK_F10});
+            for (const WORD key : keys) {
+                ::Sleep(50);
+                Window::PressKeys({key});
+            }
+            return ComesTrueSoon([&] { return !program.Visible(caption).empty(); });
+        });
         const Window window = program.WaitFor(caption);
         ExpectTabRound(window);
         CloseByEscape(window);
@@ -239,7 +245,7 @@ TEST_F(Keyboard, AnAlarmDisplayHasItsMenuAndKeepsItsText) {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
     StartProgram();
     CloseAndWait(program.WaitFor("Dentist"));
-    Clock::Set("2031-06-02 09:29:58");
+    LetAlarmCome("2031-06-02 09:29:58", "Dentist");
     const Window display = program.WaitFor("Dentist");
     WaitUntilFilled(display, "Edit");
     WaitForKeyboard(display);
@@ -248,9 +254,11 @@ TEST_F(Keyboard, AnAlarmDisplayHasItsMenuAndKeepsItsText) {
     Window::PressKeys({VK_APPS});
     WaitUntil("a menu opens", [&] { return static_cast<bool>(program.OpenMenu()); });
     EXPECT_TRUE(display.Exists()) << "Escape does not answer an alarm";
-    ::Sleep(100);
-    Window::PressKeys({VK_UP});
-    Window::PressKeys({VK_RETURN});
+    WaitUntil("its last entry leads to the question", [&] {
+        Window::PressKeys({VK_UP});
+        Window::PressKeys({VK_RETURN});
+        return ComesTrueSoon([&] { return !program.Visible(displayQuestion).empty(); });
+    });
     Box(program, displayQuestion).Press("No");
     WaitUntil("the display closes", [&] { return !display.Exists(); });
 }

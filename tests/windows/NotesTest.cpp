@@ -183,14 +183,11 @@ TEST_F(Notes, WhatWasTypedComesBackWhenTheProgramWasKilled) {
     const std::string written =
         "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
     // The copy itself: while it is written, its text is in a temporary file already.
-    EXPECT_TRUE(ComesTrue(
-        [&] {
-            return WholeFile(folder + "\\Notes\\~Shopping.recovery")
-                       .value_or("")
-                       .find("milk, eggs and bread") != std::string::npos;
-        },
-        3))
-        << "a copy beside the note";
+    EXPECT_TRUE(ComesTrue([&] {
+        return WholeFile(folder + "\\Notes\\~Shopping.recovery")
+                   .value_or("")
+                   .find("milk, eggs and bread") != std::string::npos;
+    })) << "a copy beside the note";
     program.Kill();
     ExpectNote("Shopping", written);
 

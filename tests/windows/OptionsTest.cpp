@@ -164,7 +164,7 @@ TEST_F(Options, AlarmsStayOnTopAndLoop) {
     Press(options, loops);
     Apply(options);
 
-    Clock::Set("2031-06-02 09:00:58");
+    LetAlarmCome("2031-06-02 09:00:58", "Dentist");
     const Window display = program.WaitFor("Dentist");
     EXPECT_TRUE(display.IsTopMost());
     EXPECT_FALSE(main.IsTopMost());
@@ -176,7 +176,7 @@ TEST_F(Options, AlarmsStayOnTopAndLoop) {
     EXPECT_TRUE(options.Button(loops).IsChecked());
     Press(options, onTop);
     Apply(options);
-    Clock::Set("2031-06-02 09:01:58");
+    LetAlarmCome("2031-06-02 09:01:58", "Rent");
     EXPECT_FALSE(program.WaitFor("Rent").IsTopMost());
     EXPECT_TRUE(display.IsTopMost());
 }

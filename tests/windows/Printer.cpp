@@ -89,13 +89,13 @@ Printer::Printer() {
         throw Failure("no driver for a printer: error " + std::to_string(::GetLastError()));
     }
     std::wstring port = L"|cat >> " + forms::win32::Wide(PrintFile());
-    wchar_t processor[] = L"winprint";
+    std::wstring processor = forms::win32::Wide(Variable("JOTWRIGHT_PRINT_PROCESSOR"));
     wchar_t type[] = L"RAW";
     PRINTER_INFO_2W printer{};
     printer.pPrinterName = printerName;
     printer.pPortName = port.data();
     printer.pDriverName = driverName;
-    printer.pPrintProcessor = processor;
+    printer.pPrintProcessor = processor.data();
     printer.pDatatype = type;
     HANDLE added = ::AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&printer));
     if (added == nullptr) {

@@ -14,7 +14,6 @@ using forms::win32::Wide;
 
 namespace {
 
-constexpr DWORD endTimeout = 20000;  // milliseconds
 constexpr const char* menuClass = "#32768";
 constexpr const char* boxClass = "#32770";
 
@@ -74,6 +73,11 @@ std::size_t CountHandles(DWORD process) {
 
 }  // namespace
 
+bool Objects::AreNoMoreThan(const Objects& before) const {
+    return windows == before.windows && children == before.children && handles <= before.handles &&
+           gdi <= before.gdi && user <= before.user;
+}
+
 std::string Objects::Text() const {
     return std::to_string(windows) + " windows, " + std::to_string(children) + " children, " +
            std::to_string(handles) + " handles, " + std::to_string(gdi) + " GDI objects, " +
@@ -108,7 +112,7 @@ bool Program::Runs() const {
 }
 
 DWORD Program::WaitForEnd() {
-    if (::WaitForSingleObject(process, endTimeout) != WAIT_OBJECT_0) {
+    if (!ComesTrue([this] { return !Runs(); })) {
         throw Failure("the program does not end; its windows:" + Description());
     }
     DWORD code = 0;
@@ -120,7 +124,7 @@ DWORD Program::WaitForEnd() {
 void Program::Kill() {
     if (process != nullptr) {
         ::TerminateProcess(process, 1);
-        ::WaitForSingleObject(process, endTimeout);
+        ComesTrue([this] { return !Runs(); });
         Forget();
     }
 }

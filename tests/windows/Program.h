@@ -18,7 +18,8 @@ struct Objects {
     std::size_t gdi = 0;
     std::size_t user = 0;
 
-    bool operator==(const Objects&) const = default;
+    // As many windows, and no more of the rest.
+    bool AreNoMoreThan(const Objects& before) const;
     std::string Text() const;
 };
 

@@ -125,9 +125,8 @@ TEST_F(Shell, AlarmsGoByTheClockOnTheWallAfterEveryChange) {
     ::Sleep(1500);
     EXPECT_TRUE(editor.IsMinimized());
     // As at the end of summer time.
-    Clock::Set("2031-06-02 11:29:57");
-    Utility().Post(WM_TIMECHANGE);
-    WaitUntil("the note is brought up", [&] { return !editor.IsMinimized(); });
+    LetTimeCome("2031-06-02 11:29:57", "the note is brought up",
+                [&] { return !editor.IsMinimized(); });
     ExitProgram();
 }
 

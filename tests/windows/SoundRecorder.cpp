@@ -19,7 +19,6 @@ constexpr std::uint64_t headerSize = 44;
 constexpr std::uint64_t rate = 8000;
 constexpr std::size_t block = 800;  // a tenth of a second
 constexpr double loud = 300;        // of 32768
-constexpr std::size_t pause = rate / 20;
 // On a busy machine the sound stops for a while now and then.
 constexpr std::uint64_t restful = rate * 3;
 // Enough to tell the sounds apart: the cuckoo's second call, the pips of the clock.
@@ -107,25 +106,24 @@ bool SoundRecorder::HasSounded(std::uint64_t since) const {
     return std::any_of(samples.begin(), samples.end(), &IsLoud);
 }
 
-double SoundRecorder::SoundingTime(std::uint64_t since) const {
+double SoundRecorder::SoundingSeconds(std::uint64_t since) const {
     const auto samples = Samples(since);
-    const auto first = std::find_if(samples.begin(), samples.end(), &IsLoud);
-    const auto last = std::find_if(samples.rbegin(), samples.rend(), &IsLoud).base();
-    return first < last ? static_cast<double>(last - first) / static_cast<double>(rate) : 0;
+    return static_cast<double>(std::count_if(samples.begin(), samples.end(), &IsLoud)) /
+           static_cast<double>(rate);
 }
 
-int SoundRecorder::CountSounds(std::uint64_t since) const {
-    int sounds = 0;
-    std::size_t silent = pause;
-    for (const double sample : Samples(since)) {
-        if (!IsLoud(sample)) {
-            ++silent;
-            continue;
-        }
-        sounds += silent >= pause ? 1 : 0;
-        silent = 0;
+double SoundRecorder::SoundingSecondsOf(const std::string& wave) {
+    const auto byte = [&](std::size_t place) -> unsigned {
+        return static_cast<unsigned char>(wave.at(place));
+    };
+    constexpr std::size_t rateAt = 24;
+    const unsigned ownRate = byte(rateAt) | byte(rateAt + 1) << 8U | byte(rateAt + 2) << 16U;
+    int loudOnes = 0;
+    for (std::size_t place = headerSize; place + 1 < wave.size(); place += 2) {
+        const auto sample = static_cast<std::int16_t>(byte(place) | byte(place + 1) << 8U);
+        loudOnes += IsLoud(sample) ? 1 : 0;
     }
-    return sounds;
+    return static_cast<double>(loudOnes) / ownRate;
 }
 
 std::string SoundRecorder::WaitForSound(std::uint64_t since) const {

@@ -16,13 +16,13 @@ class SoundRecorder {
     // Waits until something has sounded since then, and tells which of the program's sounds it is,
     // by its file's name. Failure when all stays silent.
     std::string WaitForSound(std::uint64_t since) const;
-    // Waits until nothing has sounded for a second that began after this call.
+    // Waits until nothing has sounded for three seconds that began after this call.
     void WaitForSilence() const;
-    // From the first to the last that has sounded since then, in seconds.
-    double SoundingTime(std::uint64_t since) const;
-    // How many sounds have begun since then, with a pause of a twentieth of a second or more
-    // between one and the next.
-    int CountSounds(std::uint64_t since) const;
+    // For how many seconds something has sounded since then, without the pauses. A busy machine
+    // makes pauses longer and puts pauses into sounds, but plays no more and no less.
+    double SoundingSeconds(std::uint64_t since) const;
+    // The same of a sound file (16 bits, one channel), played once.
+    static double SoundingSecondsOf(const std::string& wave);
     // Whether something has sounded since then.
     bool HasSounded(std::uint64_t since) const;
 

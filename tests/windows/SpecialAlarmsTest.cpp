@@ -190,7 +190,7 @@ TEST_F(SpecialAlarms, RowsOfOneSecondComeOneAfterTheOther) {
         "\"Monday\",#00:00:00#,\"saved in the window\",0\r\n";
     WriteAlarms(saved);
     const Window main = StartProgram();
-    Clock::Set("2031-06-02 09:00:58");
+    LetAlarmCome("2031-06-02 09:00:58", alarmCaption);
     {
         const Box box(program, alarmCaption);
         EXPECT_GE(Clock::Now(), "2031-06-02 09:01:00");
@@ -223,13 +223,13 @@ TEST_F(SpecialAlarms, RowsOfOneSecondComeOneAfterTheOther) {
     program.WaitUntilGone(caption);
     EXPECT_EQ(WholeFile(Path()).value_or("").substr(0, 30),
               "\"Monday\",#09:01:00#,\"\",0\r\n\"Tue");
-    Clock::Set("2031-06-02 09:01:58");
+    LetAlarmCome("2031-06-02 09:01:58", alarmCaption);
     {
         const Box box(program, alarmCaption);
         EXPECT_EQ(box.Text(), std::string(heading) + "saved in the window");
         box.Press("OK");
     }
-    Clock::Set("2031-06-02 09:02:28");
+    LetAlarmCome("2031-06-02 09:02:28", alarmCaption);
     const Box box(program, alarmCaption);
     EXPECT_GE(Clock::Now(), "2031-06-02 09:02:30");
     EXPECT_EQ(box.Text(), std::string(heading) + "half past");

@@ -88,7 +88,7 @@ TEST_F(Tray, TheIconIsThereWhileTheProgramRuns) {
         UseHands("mousemove " + std::to_string(x) + ' ' +
                  std::to_string((area.top + area.bottom) / 2));
         UseHands("click 1");
-        return ComesTrue([&] { return main.IsVisible(); }, 1);
+        return ComesTrueSoon([&] { return main.IsVisible(); });
     });
     EXPECT_TRUE(shown);
     ExitProgram();

@@ -2,23 +2,72 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace driver {
 
-bool ComesTrue(const std::function<bool()>& condition, int seconds) {
-    const ULONGLONG end = ::GetTickCount64() + static_cast<ULONGLONG>(seconds) * 1000;
+namespace {
+
+constexpr DWORD betweenLooks = 15;  // milliseconds
+constexpr int looksOfAMoment = 100;
+constexpr unsigned long long longest = 3'600'000;  // milliseconds
+// What one look counts at most: a driver that was stopped has not looked meanwhile.
+constexpr unsigned long long mostAtOnce = 100;  // milliseconds
+
+unsigned long long EnoughIdle() {
+    const char* seconds = std::getenv("JOTWRIGHT_PATIENCE");
+    return (seconds != nullptr ? std::strtoull(seconds, nullptr, 10) : 60) * 1000;
+}
+
+unsigned long long IdleMilliseconds() {
+    FILETIME idle{};
+    FILETIME kernel{};
+    FILETIME user{};
+    ::GetSystemTimes(&idle, &kernel, &user);
+    SYSTEM_INFO system{};
+    ::GetSystemInfo(&system);
+    const auto ticks =
+        (static_cast<unsigned long long>(idle.dwHighDateTime) << 32U) | idle.dwLowDateTime;
+    return ticks / 10'000 / std::max<DWORD>(1, system.dwNumberOfProcessors);
+}
+
+}  // namespace
+
+Patience::Patience() : start(::GetTickCount64()), lastIdle(IdleMilliseconds()) {}
+
+bool Patience::HasEnded() {
+    const unsigned long long now = IdleMilliseconds();
+    idle += now > lastIdle ? std::min(now - lastIdle, mostAtOnce) : 0;
+    lastIdle = now;
+    return idle >= EnoughIdle() || ::GetTickCount64() - start >= longest;
+}
+
+bool ComesTrue(const std::function<bool()>& condition) {
+    Patience patience;
     while (!condition()) {
-        if (::GetTickCount64() >= end) {
+        if (patience.HasEnded()) {
             return false;
         }
-        ::Sleep(15);
+        ::Sleep(betweenLooks);
     }
     return true;
 }
 
-void WaitUntil(const std::string& what, const std::function<bool()>& condition, int seconds) {
-    if (!ComesTrue(condition, seconds)) {
+void WaitUntil(const std::string& what, const std::function<bool()>& condition) {
+    if (!ComesTrue(condition)) {
         throw Failure("waited in vain until " + what);
     }
+}
+
+bool ComesTrueSoon(const std::function<bool()>& condition) {
+    for (int look = 0; look < looksOfAMoment; ++look) {
+        if (condition()) {
+            return true;
+        }
+        ::Sleep(betweenLooks);
+    }
+    return condition();
 }
 
 }  // namespace driver

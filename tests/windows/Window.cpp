@@ -13,7 +13,10 @@ using forms::win32::Wide;
 
 namespace {
 
-constexpr UINT answerTimeout = 20000;  // milliseconds
+// Milliseconds. For a program that hangs in the message itself; one that answers nothing is found
+// out sooner.
+constexpr UINT answerTimeout = 3'600'000;
+constexpr UINT probeTimeout = 500;  // milliseconds
 
 INPUT KeyInput(WORD key, bool release) {
     INPUT input{};
@@ -170,10 +173,19 @@ void Window::Key(WPARAM virtualKey) const {
     Post(WM_KEYUP, virtualKey, down | static_cast<LPARAM>(0xC0000000U));
 }
 
+bool Window::Answers() const {
+    return ComesTrue([this] {
+        DWORD_PTR result = 0;
+        return ::SendMessageTimeoutW(handle, WM_NULL, 0, 0, SMTO_NORMAL, probeTimeout, &result) !=
+                   0 ||
+               !Exists();
+    });
+}
+
 LRESULT Window::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
     DWORD_PTR result = 0;
-    if (::SendMessageTimeoutW(handle, message, wParam, lParam, SMTO_NORMAL, answerTimeout,
-                              &result) == 0) {
+    if (!Answers() || ::SendMessageTimeoutW(handle, message, wParam, lParam, SMTO_NORMAL,
+                                            answerTimeout, &result) == 0) {
         throw Failure(Exists() ? "the program does not answer message " + std::to_string(message)
                                : "the window has gone");
     }

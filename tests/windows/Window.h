@@ -65,6 +65,8 @@ class Window {
     void Key(WPARAM virtualKey) const;
     void Close() const { Post(WM_CLOSE); }
 
+    // Whether the program answers messages before patience ends; true where the window has gone.
+    bool Answers() const;
     // Failure where the program does not answer.
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     void Post(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;

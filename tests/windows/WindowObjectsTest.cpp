@@ -67,7 +67,7 @@ void WindowObjects::MakeRingAndErase(const Window& main, int minute) {
               [&] { return static_cast<bool>(editor.FindChild("Button", editorTurnOff)); });
     HideNote(editor);
 
-    Clock::Set("2031-06-02 09:" + std::to_string(minute - 1) + ":58");
+    LetAlarmCome("2031-06-02 09:" + std::to_string(minute - 1) + ":58", title);
     const Window display = program.WaitFor(title);
     display.Send(WM_NULL);
     display.Close();
@@ -99,7 +99,7 @@ TEST_F(WindowObjects, ClosedWindowsLeaveNothingBehind) {
     EXPECT_GT(before.children, 10U);
     Round(main, 31);
     // Threads of the system that worked for the program end a little later.
-    ComesTrue([&] { return program.CountObjects() == before; }, 5);
+    ComesTrue([&] { return program.CountObjects().AreNoMoreThan(before); });
     const Objects after = program.CountObjects();
     Report("second_round", after);
     EXPECT_EQ(after.windows, before.windows) << program.Description();

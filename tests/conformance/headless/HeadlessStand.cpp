@@ -51,7 +51,7 @@ class HeadlessStand : public Stand {
     void ExpectModal(std::function<bool(const Form&)> matches,
                      std::function<void(Form&)> script) override {
         stage.ExpectModal<Form>([this, matches, script](Form& form) {
-            clock.Advance(stayOpen);
+            Stay();
             EXPECT_TRUE(matches(form)) << form.name << " is not the one that was expected";
             script(form);
         });
@@ -81,9 +81,15 @@ class HeadlessStand : public Stand {
     }
 
   private:
+    void Stay() {
+        for (int looks = 0; stayOpenUntil && !stayOpenUntil(); ++looks) {
+            ASSERT_LT(looks, mostLooks) << "what was waited for never happened";
+            clock.Advance(10);
+        }
+    }
     Script AfterStaying(Script script) {
         return [this, run = std::move(script)] {
-            clock.Advance(stayOpen);
+            Stay();
             if (run) {
                 run();
             }

@@ -13,10 +13,11 @@ namespace {
 
 constexpr UINT_PTR tickTimer = 1;
 constexpr UINT_PTR laterTimer = 2;
-constexpr UINT tickInterval = 10;
-// How long something may stand there before it counts as not expected; the time that an action may
-// take under load.
-constexpr ULONGLONG patience = 4000;
+constexpr UINT tickInterval = 10;   // milliseconds
+constexpr UINT laterInterval = 50;  // milliseconds
+// For how many ticks in a row something may stand there before it counts as not expected. Ticks
+// come only while the program waits: a slow action, or a process that is stopped, takes none.
+constexpr int patience = 400;
 
 std::string WithoutReturns(std::string text) {
     std::erase(text, '\r');
@@ -30,12 +31,12 @@ bool IsOnScreen(const Form& form) {
     return shown != nullptr && shown->IsShown();
 }
 
-Answers::Answers(const int& stayOpenFor) : stayOpen(stayOpenFor) {
+Answers::Answers(const std::function<bool()>& stayOpenUntil) : stayUntil(stayOpenUntil) {
     window = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
                                ::GetModuleHandleW(nullptr), nullptr);
     ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     ::SetTimer(window, tickTimer, tickInterval,
-               [](HWND timerWindow, UINT, UINT_PTR, DWORD) { Of(timerWindow).OnTick(); });
+               [](HWND timerWindow, UINT, UINT_PTR, DWORD) CALLBACK { Of(timerWindow).OnTick(); });
 }
 
 Answers::~Answers() {
@@ -57,24 +58,29 @@ void Answers::Verify() {
     expected.clear();
 }
 
-void Answers::Later(int milliseconds, Script script) {
+void Answers::Later(Script script) {
     later = std::move(script);
-    ::SetTimer(window, laterTimer, static_cast<UINT>(milliseconds),
-               [](HWND timerWindow, UINT, UINT_PTR id, DWORD) {
-                   ::KillTimer(timerWindow, id);
-                   Of(timerWindow).later();
+    ::SetTimer(window, laterTimer, laterInterval,
+               [](HWND timerWindow, UINT, UINT_PTR id, DWORD) CALLBACK {
+                   if (Of(timerWindow).HasStayedOpen()) {
+                       ::KillTimer(timerWindow, id);
+                       Of(timerWindow).later();
+                   }
                });
 }
 
 void Answers::PressKey(WPARAM key) const { ::PostMessageW(window, WM_KEYDOWN, key, 1); }
 
 bool Answers::HasStayedOpen() {
-    const ULONGLONG now = ::GetTickCount64();
-    openSince = openSince.value_or(now);
-    if (now - *openSince < static_cast<ULONGLONG>(stayOpen)) {
+    if (!stayUntil || stayUntil()) {
+        looks = 0;
+        return true;
+    }
+    if (++looks < Stand::mostLooks) {
         return false;
     }
-    openSince.reset();
+    ADD_FAILURE() << "what was waited for never happened";
+    looks = 0;
     return true;
 }
 
@@ -90,7 +96,7 @@ Expected Answers::TakeNext() {
 
 void Answers::OnTick() {
     if (AnswerBox() || AnswerModal() || AnswerPopup()) {
-        unexpectedSince.reset();
+        unexpectedFor = 0;
         return;
     }
     ComplainAboutTheUnexpected();
@@ -219,15 +225,13 @@ void Answers::ComplainAboutTheUnexpected() {
         }
     }
     if (strangeBox == nullptr && strangeForm == nullptr) {
-        unexpectedSince.reset();
+        unexpectedFor = 0;
         return;
     }
-    const ULONGLONG now = ::GetTickCount64();
-    if (now - unexpectedSince.value_or(now) < patience) {
-        unexpectedSince = unexpectedSince.value_or(now);
+    if (++unexpectedFor < patience) {
         return;
     }
-    unexpectedSince.reset();
+    unexpectedFor = 0;
     if (strangeBox != nullptr) {
         ADD_FAILURE() << "unexpected box " << TextOf(strangeBox);
         ::EndDialog(strangeBox, IDCANCEL);

@@ -4,7 +4,6 @@
 
 #include <deque>
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,8 +33,8 @@ bool IsOnScreen(const forms::Form& form);
 // that waits. What nobody expected is a failure, and is closed so that the test does not hang.
 class Answers {
   public:
-    // How long each stays open before it is answered, in milliseconds; read when it opens.
-    explicit Answers(const int& stayOpenFor);
+    // Each stays open until this is true before it is answered; see Stand.
+    explicit Answers(const std::function<bool()>& stayOpenUntil);
     ~Answers();
     Answers(const Answers&) = delete;
     Answers& operator=(const Answers&) = delete;
@@ -43,8 +42,8 @@ class Answers {
     void Expect(Expected next) { expected.push_back(std::move(next)); }
     // Everything that was expected has come.
     void Verify();
-    // Runs the script once, in whatever loop waits then.
-    void Later(int milliseconds, Script script);
+    // Runs the script once, a little later, in whatever loop waits then.
+    void Later(Script script);
     // In the loop that waits now, whoever's it is.
     void PressKey(WPARAM key) const;
 
@@ -62,13 +61,13 @@ class Answers {
     bool NextIs(Expected::Kind kind) const;
     Expected TakeNext();
 
-    const int& stayOpen;
+    const std::function<bool()>& stayUntil;
     HWND window = nullptr;
     std::deque<Expected> expected;
     std::vector<HWND> knownBoxes;  // that a script deals with
     std::vector<const forms::Form*> knownModals;
-    std::optional<ULONGLONG> unexpectedSince;
-    std::optional<ULONGLONG> openSince;
+    int unexpectedFor = 0;  // ticks
+    int looks = 0;
     Script later;
 };
 

@@ -229,12 +229,11 @@ TEST(BadSoundTest, WhatIsNoWaveIsSilentlyPassedOver) {
                 "data\xff\xff\xff\xff"s),
           std::string("\\\\localhost\\missing\\a.wav"), std::string("nonsense"),
           "C:\\" + std::string(65536, 'x') + ".wav"}) {
-        const ULONGLONG start = ::GetTickCount64();
+        SCOPED_TRACE(path.substr(0, 80));
         sound.Play(path, Sound::Mode::Once);
         sound.Play(path, Sound::Mode::Loop);
         sound.Stop();
         sound.PlayToEnd(path);
-        EXPECT_LT(::GetTickCount64() - start, 10000U) << path.substr(0, 80);
     }
 }
 

@@ -74,38 +74,42 @@ TEST(WinClockTest, TellsTheLocalTimeToTheSecond) {
 
 TEST(WinClockTest, TheSecondChangesWhereItsMillisecondsBeginAgain) {
     WinClock clock;
+    constexpr std::int64_t standstill = 100;  // milliseconds
     int changes = 0;
     DateTime last = clock.Now();
     int lastMillisecond = clock.MillisecondOfSecond();
-    const std::int64_t end = clock.MonotonicMilliseconds() + 2200;
-    while (clock.MonotonicMilliseconds() < end) {
+    std::int64_t lastLook = clock.MonotonicMilliseconds();
+    while (changes < 2) {
         const DateTime now = clock.Now();
         const int millisecond = clock.MillisecondOfSecond();
+        const std::int64_t look = clock.MonotonicMilliseconds();
         ASSERT_GE(millisecond, 0);
         ASSERT_LE(millisecond, 999);
-        if (now != last) {
+        if (look - lastLook > standstill) {
+            // Anything may have passed between these two.
+        } else if (now != last) {
             ++changes;
             EXPECT_LT(millisecond, 500);
             EXPECT_EQ(now.seconds, last.seconds + 1);
         } else {
             // The two readings may fall on both sides of a change.
-            EXPECT_TRUE(millisecond >= lastMillisecond || millisecond < 100);
+            EXPECT_TRUE(millisecond >= lastMillisecond || millisecond < 2 * standstill);
         }
         last = now;
         lastMillisecond = millisecond;
+        lastLook = look;
         ::Sleep(5);
     }
-    EXPECT_GE(changes, 2);
-    EXPECT_LE(changes, 3);
 }
 
 TEST(WinClockTest, MonotonicTimeGoesOn) {
     WinClock clock;
+    const auto before = static_cast<std::int64_t>(::GetTickCount64());
     const std::int64_t start = clock.MonotonicMilliseconds();
     ::Sleep(100);
     const std::int64_t passed = clock.MonotonicMilliseconds() - start;
     EXPECT_GE(passed, 90);
-    EXPECT_LT(passed, 5000);
+    EXPECT_LE(passed, static_cast<std::int64_t>(::GetTickCount64()) - before + 20);
 }
 
 class WinSettingsTest : public testing::Test {
@@ -151,13 +155,10 @@ TEST_F(WinSettingsTest, ValuesAreTextsBelowTheSection) {
 TEST(WinSoundTest, CallsReturn) {
     const TempFolder folder;
     WinSound sound;
-    WinClock clock;
-    const std::int64_t start = clock.MonotonicMilliseconds();
     sound.Play(folder / "missing.wav", Sound::Mode::Once);
     sound.Play(folder / "missing.wav", Sound::Mode::Loop);
     sound.Stop();
     sound.Stop();
-    EXPECT_LT(clock.MonotonicMilliseconds() - start, 10000);
 }
 
 TEST(WinTrayTest, AnIconThatWasNeverAddedCannotBeDeleted) {

@@ -25,7 +25,7 @@ using win32::Wide;
 // A user made of messages, as an automation tool sends them.
 class Win32Stand : public Stand {
   public:
-    Win32Stand() : stage(win32::MakeStage()), answers(stayOpen) {
+    Win32Stand() : stage(win32::MakeStage()), answers(stayOpenUntil) {
         Machine() = win32::MakeDevices();
     }
 
@@ -200,7 +200,7 @@ void Win32Stand::Drag(Form& form, const Script& during) {
         return;
     }
     bool done = false;
-    answers.Later(std::max(stayOpen, 50), [this, &done, &during] {
+    answers.Later([this, &done, &during] {
         during();
         done = true;
         answers.PressKey(VK_RETURN);

@@ -13,7 +13,6 @@ namespace driver {
 
 namespace {
 
-constexpr int settling = 5;  // seconds; threads of the system end a little later
 // Kilobytes that the system's allocator may keep, at once and for each cycle: under Wine it takes
 // about one a cycle although the blocks in use are the same, and its wastebasket forgets to free
 // the name of each file.
@@ -32,7 +31,8 @@ class GrowthRun : public DriverTest {
     // Minimized and brought back with all open notes, saved, erased by its toolbar.
     void InItsEditor(const Window& main, const std::string& title);
     void Cycle(const Window& main, int number);
-    // Waits until there is no more than before, where there was a before.
+    // Waits until there is no more than before, where there was a before: threads of the system end
+    // a little later.
     Objects Count(const Objects* before) const;
     void Report(const std::string& when, const Objects& objects, std::size_t memory) const;
 };
@@ -114,7 +114,7 @@ void GrowthRun::Cycle(const Window& main, int number) {
 
 Objects GrowthRun::Count(const Objects* before) const {
     if (before != nullptr) {
-        ComesTrue([&] { return program.CountObjects() == *before; }, settling);
+        ComesTrue([&] { return program.CountObjects().AreNoMoreThan(*before); });
     }
     return program.CountObjects();
 }

@@ -15,7 +15,6 @@ namespace driver {
 
 namespace {
 
-constexpr UINT answerTime = 10'000;  // milliseconds
 constexpr const char* boxClass = "#32770";
 constexpr UINT firstMenuCommand = 1000;
 constexpr int menuCommands = 40;
@@ -170,10 +169,7 @@ void MonkeyRun::ExpectAnswer() {
         if (window.ClassName() != "FormsUtility") {
             continue;
         }
-        DWORD_PTR result = 0;
-        if (::SendMessageTimeoutW(window.handle, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, answerTime,
-                                  &result) == 0 &&
-            window.Exists() && program.Runs()) {
+        if (!window.Answers() && program.Runs()) {
             throw Failure("the program does not answer");
         }
         memory = std::max(memory, program.PrivateKilobytes());

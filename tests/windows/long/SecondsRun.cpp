@@ -57,7 +57,6 @@ Window SecondsRun::ClockLabel(const Window& editor) {
 // Looks for changes of the label. A second that two looks in a row did not find is missed only if
 // the looks came in time: one that came late by more than a second says nothing.
 void SecondsRun::Watch(const Window& label, int seconds) {
-    const std::uint64_t end = Milliseconds() + static_cast<std::uint64_t>(seconds) * 1000;
     int shown = SecondShown(label.Text());
     int seen = 0;
     int missed = 0;
@@ -67,7 +66,11 @@ void SecondsRun::Watch(const Window& label, int seconds) {
     std::uint64_t longestLook = 0;
     int latest = 0;  // milliseconds into the second at which it was shown, at most
     std::map<int, int> lateness;
-    while (Milliseconds() < end) {
+    Patience patience;
+    while (seen + unknown + missed < seconds) {
+        if (patience.HasEnded()) {
+            throw Failure("waited in vain until the clock goes on");
+        }
         ::Sleep(look);
         const int now = SecondShown(label.Text());
         SYSTEMTIME wall{};
@@ -111,7 +114,6 @@ void SecondsRun::Watch(const Window& label, int seconds) {
     }
     EXPECT_EQ(missed, 0);
     EXPECT_EQ(doubled, 0);
-    EXPECT_GE(seen + unknown, seconds - 2);
 }
 
 TEST_F(SecondsRun, EverySecondIsSeenWithAHundredNotesABoxOpenAndBothProcessorsBusy) {

@@ -1,0 +1,56 @@
+# The tests of the programs built for Windows, under Wine: ctest --test-dir build/windows.
+enable_testing()
+set(scripts "${PROJECT_SOURCE_DIR}/scripts")
+
+# jotwright_add_windows_check(<name> <cost> <command>...): each has a display, a clock, a sound device and
+# a Wine prefix of its own and waits most of the while, so that several at once do not hurt each other.
+function(jotwright_add_windows_check name cost)
+    add_test(NAME ${name} COMMAND ${ARGN} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
+    set_tests_properties(${name} PROPERTIES COST ${cost} TIMEOUT ${jotwright_hang_guard}
+        ENVIRONMENT "JOTWRIGHT_WINE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/${name}")
+endfunction()
+
+jotwright_sources(conformance_sources tests/conformance)
+if(conformance_sources)
+    jotwright_add_windows_check(windows.conformance 50 "${scripts}/run-windows-tests"
+                                "${PROJECT_BINARY_DIR}" conformance_win32.exe)
+endif()
+jotwright_sources(driver_sources tests/windows)
+if(driver_sources)
+    set(shards 4)
+    math(EXPR last_shard "${shards} - 1")
+    foreach(shard RANGE ${last_shard})
+        jotwright_add_windows_check(windows.driver.${shard} 400 "${scripts}/run-windows-tests" --app
+                                    "${PROJECT_BINARY_DIR}" windows_driver.exe)
+        set_property(TEST windows.driver.${shard} APPEND PROPERTY ENVIRONMENT
+                     "GTEST_TOTAL_SHARDS=${shards}" "GTEST_SHARD_INDEX=${shard}")
+    endforeach()
+endif()
+jotwright_sources(windows_long_sources tests/windows/long)
+if(windows_long_sources)
+    # Short forms of what scripts/long-run does in full.
+    jotwright_add_windows_check(windows.long 100 "${scripts}/run-windows-tests" --app
+                                "${PROJECT_BINARY_DIR}" windows_long.exe)
+endif()
+jotwright_add_windows_check(check.hardening 1 "${scripts}/check-hardening"
+                            "${PROJECT_BINARY_DIR}/Jotwright.exe")
+jotwright_add_windows_check(windows.package 60 "${scripts}/test-package")
+set_property(TEST windows.package APPEND PROPERTY ENVIRONMENT
+             "JOTWRIGHT_PACKAGE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/windows.package")
+
+# The pointer at every scale but 100 %, at which the driver's tests run. All use one prefix, whose
+# registry gets the scale.
+foreach(scale 125 150 175 200)
+    math(EXPR dpi "96 * ${scale} / 100" OUTPUT_FORMAT HEXADECIMAL)
+    string(REPLACE "0x" "000000" dpi "${dpi}")
+    file(WRITE "${PROJECT_BINARY_DIR}/scale-${scale}.reg"
+         "REGEDIT4\n\n[HKEY_CURRENT_USER\\Control Panel\\Desktop]\n\"LogPixels\"=dword:${dpi}\n")
+    math(EXPR width "1280 * ${scale} / 100")
+    math(EXPR height "1024 * ${scale} / 100")
+    jotwright_add_windows_check(windows.pointer.${scale} 60 "${scripts}/run-windows-tests" --app
+                                "${PROJECT_BINARY_DIR}" windows_driver.exe
+                                "--gtest_filter=Pointer.*")
+    set_tests_properties(windows.pointer.${scale} PROPERTIES
+        RESOURCE_LOCK windows_pointer ENVIRONMENT
+        "JOTWRIGHT_WINE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/windows.pointer;JOTWRIGHT_TEST_SCREEN=${width}x${height};JOTWRIGHT_TEST_REGISTRY=${PROJECT_BINARY_DIR}/scale-${scale}.reg")
+endforeach()
