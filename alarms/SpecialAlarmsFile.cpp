@@ -61,9 +61,11 @@ void Decode(const std::string& bytes, std::vector<Row>& rows) {
     const std::string text = RecordText::FromBytes(bytes);
     Reading best = ReadAll(text, &RecordText::Reader::TextBeforeLastField);
     // A file that was written by other means need not have one row a line.
-    if (Reading other = ReadAll(text, &RecordText::Reader::Text);
-        other.rows.size() > best.rows.size()) {
-        best = std::move(other);
+    if (best.rows.size() < rowCount) {
+        Reading other = ReadAll(text, &RecordText::Reader::Text);
+        if (other.rows.size() > best.rows.size()) {
+            best = std::move(other);
+        }
     }
     rows.insert(rows.end(), best.rows.begin(), best.rows.end());
     if (best.error) {

@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "app/RecordText.h"
-#include "forms/RuntimeError.h"
 #include "forms/Text.h"
 
 namespace NoteFile {
@@ -18,16 +17,12 @@ namespace {
 // The fields behind the note's text: date, time, colour, font size, alarm state, audio, trailer.
 constexpr std::size_t fieldsBehindText = 7;
 
+// In form; the day or the time may still be impossible.
 bool IsDate(std::string_view field) {
-    if (field.size() < 2 || field.front() != '#' || field.back() != '#') {
-        return false;
-    }
-    try {
-        RecordText::Reader(std::string(field)).Date();
-        return true;
-    } catch (const forms::RuntimeError&) {
-        return false;
-    }
+    constexpr std::string_view partsOfDates = "0123456789-/: AMPamp";
+    return field.size() > 2 && field.front() == '#' && field.back() == '#' &&
+           field.substr(1, field.size() - 2).find_first_not_of(partsOfDates) ==
+               std::string_view::npos;
 }
 
 bool IsText(std::string_view field) {

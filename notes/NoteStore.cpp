@@ -57,7 +57,6 @@ bool NoteStore::Load() {
     int slot = 1;
     bool isComplete = false;
     std::optional<forms::RuntimeError> failure;
-    failingFile.clear();
     try {
         isComplete = LoadSlots(slot);
     } catch (const forms::RuntimeError& error) {
@@ -79,11 +78,10 @@ bool NoteStore::Load() {
 
 bool NoteStore::LoadSlots(int& slot) {
     listing.clear();
-    slotFiles.clear();
+    loaded = 0;
     std::map<std::string, Parsed> before = std::exchange(parsed, {});
     listing = List();
     for (const forms::FileEntry& file : listing) {
-        failingFile = file.name;
         if (slot > StandardCode::maximumNotes) {
             throw forms::RuntimeError(forms::ErrorNumber::SubscriptOutOfRange);
         }
@@ -97,13 +95,11 @@ bool NoteStore::LoadSlots(int& slot) {
             }
             PutAside(PathOf(file.name), ".damaged");
             Tell(file.name, std::nullopt);
-            failingFile.clear();
             return false;
         }
-        slotFiles.push_back(file.name);
+        ++loaded;
         ++slot;
     }
-    failingFile.clear();
     return true;
 }
 
@@ -141,8 +137,12 @@ void NoteStore::Report(const forms::RuntimeError& error) {
         if (std::exchange(fullReportedIn, action) == action) {
             return;
         }
-    } else if (!reported.insert({error.number(), failingFile}).second) {
-        return;
+    } else {
+        // The file behind the last one that was loaded; none if the folder could not be listed.
+        const std::string failing = loaded < listing.size() ? listing[loaded].name : std::string();
+        if (!reported.insert({error.number(), failing}).second) {
+            return;
+        }
     }
     forms::MsgBox("Error Number: " + std::to_string(error.number()) + ") - " + error.description(),
                   {}, "Error Loading Notes Array");
@@ -166,8 +166,8 @@ StoredNote NoteStore::Read(const std::string& file) {
 StoredNote NoteStore::OfSlot(int slot) const {
     StoredNote note{{}, Shared().NotesArray[slot], {}};
     const auto place = static_cast<std::size_t>(slot - 1);
-    if (place < slotFiles.size()) {
-        note.file = slotFiles[place];
+    if (place < loaded) {
+        note.file = listing[place].name;
         // A file that was written since the array was rebuilt is not what the slot holds.
         const auto known = parsed.find(note.file);
         note.fingerprint = known == parsed.end() ? 0 : known->second.fingerprint;
@@ -195,8 +195,10 @@ bool NoteStore::IsTaken(const std::string& title) const {
         }
     }
     const std::string file = FileNameFor(title);
+    const auto loadedEnd = listing.begin() + static_cast<std::ptrdiff_t>(loaded);
     return Exists(file) && Files().NameOnDisk(PathOf(file)) == file &&
-           std::find(slotFiles.begin(), slotFiles.end(), file) == slotFiles.end();
+           std::none_of(listing.begin(), loadedEnd,
+                        [&file](const forms::FileEntry& entry) { return entry.name == file; });
 }
 
 void NoteStore::Save(EditedNote& note, const NoteRecord& record) {

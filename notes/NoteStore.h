@@ -112,8 +112,7 @@ class NoteStore {
 
     std::vector<forms::FileEntry> listing;
     std::map<std::string, Parsed> parsed;  // by file name, as listed
-    std::vector<std::string> slotFiles;    // of slot 1 and the following
-    std::string failingFile;               // that ended the last loading
+    std::size_t loaded = 0;                // so many of its files are in slots, from slot 1 on
     std::vector<forms::FileEntry> reportedListing;
     std::set<std::pair<int, std::string>> reported;  // error number and file
     std::uint64_t fullReportedIn = 0;                // action in which the last slot was reported
