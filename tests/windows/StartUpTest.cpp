@@ -61,10 +61,12 @@ TEST_F(StartUp, ASecondCopySaysSoAndChangesNothing) {
     WriteNote("Dentist", bytes);
     const Window main = StartProgram();
     const Window editor = program.WaitFor("Dentist");
+    // But for the tip that comes where the pointer happens to rest.
     const auto visibleWindows = [](const Program& copy) {
         const auto windows = copy.Windows();
-        return std::count_if(windows.begin(), windows.end(),
-                             [](const Window& window) { return window.IsVisible(); });
+        return std::count_if(windows.begin(), windows.end(), [](const Window& window) {
+            return window.IsVisible() && window.ClassName() != "tooltips_class32";
+        });
     };
     const auto windows = visibleWindows(program);
 
@@ -79,7 +81,7 @@ TEST_F(StartUp, ASecondCopySaysSoAndChangesNothing) {
     EXPECT_EQ(second.WaitForEnd(), 0U);
 
     EXPECT_TRUE(program.Runs());
-    EXPECT_EQ(visibleWindows(program), windows);
+    EXPECT_EQ(visibleWindows(program), windows) << program.Description();
     EXPECT_TRUE(main.IsVisible());
     EXPECT_TRUE(editor.IsMinimized());
     ExpectNote("Dentist", bytes);
