@@ -2,6 +2,7 @@
 
 #include "alarms/DueRules.h"
 #include "app/StandardCode.h"
+#include "notes/EditedNote.h"
 #include "notes/NoteStore.h"
 #include "notes/frmDisplayNote.h"
 
@@ -20,8 +21,9 @@ Opened DisplayDue(forms::DateTime now) {
             continue;
         }
         const StoredNote stored = StandardCode::Notes().OfSlot(slot);
-        if (StandardCode::Notes().FindOpen(stored.file) != nullptr ||
-            StandardCode::IsAlarmDisplayed(stored)) {
+        const EditedNote* open = StandardCode::Notes().FindOpen(stored.file);
+        // Another note may have been saved to the file of the open one.
+        if ((open != nullptr && !open->IsFileOther()) || StandardCode::IsAlarmDisplayed(stored)) {
             continue;
         }
         if (note.AudioAlarm == 1 && !Shared().AlarmSounding) {

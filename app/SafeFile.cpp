@@ -91,13 +91,14 @@ bool ReplaceFile(const std::string& path, const std::string& bytes, const Replac
     MarkInUse(folder);
     // Renaming over a file would give it the letters of the new name.
     const std::string target = folder + '\\' + Files().NameOnDisk(path);
-    const std::string temporary =
-        Patience::Try([&] { return WriteTemporary(folder, bytes, options.durability); });
+    const auto write = [&] { return WriteTemporary(folder, bytes, options.durability); };
+    const std::string temporary = options.isPatient ? Patience::Try(write) : write();
     try {
         if (options.beforeRename) {
             options.beforeRename();
         }
-        Patience::Try([&] { Files().Replace(temporary, target, options.durability); });
+        const auto rename = [&] { Files().Replace(temporary, target, options.durability); };
+        options.isPatient ? Patience::Try(rename) : rename();
     } catch (const forms::RuntimeError&) {
         if (!options.beforeRename || Files().FileExists(target)) {
             DeleteIfPossible(temporary);

@@ -12,6 +12,8 @@ namespace SafeFile {
 
 struct ReplaceOptions {
     forms::Durability durability = forms::Durability::Flushed;
+    // Tries again while another program holds a file, see Patience.
+    bool isPatient = true;
     // The caller has read the file and knows that it holds other bytes.
     bool isKnownToDiffer = false;
     // Called when the new bytes are on the disk and the old file is still in its place. May move

@@ -131,11 +131,11 @@ void frmMain::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
     }
     // A note that could not be saved keeps its window, and the program with it, unless its text is
     // safe until the next start: leaving now would lose it.
-    const auto& open = StandardCode::Notes().OpenNotes();
-    const bool losesText = refused.size() > open.size() ||
-                           !std::all_of(open.begin(), open.end(), [](EditedNote* note) {
-                               return note->Editor().SaveBeforeTheEnd();
-                           });
+    const std::vector<EditedNote*> open = StandardCode::Notes().OpenNotes();
+    bool losesText = refused.size() > open.size();
+    for (const EditedNote* note : open) {
+        losesText = !note->Editor().KeepForNextStart() || losesText;
+    }
     if (losesText && !runtime.IsSessionEnding()) {
         cancel = true;
         forms::Machine().tray->Add(TrayIconRecord);

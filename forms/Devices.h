@@ -80,7 +80,7 @@ class FileSystem {
     virtual bool Recycle(const std::string& path) = 0;
     virtual void Copy(const std::string& from, const std::string& to) = 0;
     // Locks the file, which is made if it is missing; the folder must be there. Null if another
-    // program holds the lock, or if the file system has no locks. Any end of the program releases
+    // program holds the lock; a RuntimeError if there can be none. Any end of the program releases
     // it.
     virtual std::unique_ptr<FileLock> Lock(const std::string& path) = 0;
 };

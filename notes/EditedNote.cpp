@@ -54,6 +54,9 @@ void EditedNote::Erase() {
 }
 
 void EditedNote::KeepCopy(const StandardCode::NoteRecord& shown, RecoveryCopy::When when) {
+    if (!copy.IsDue(when)) {
+        return;
+    }
     RecoveredNote state;
     state.file = file;
     state.base =
@@ -71,17 +74,13 @@ void EditedNote::RemoveCopy() {
 void EditedNote::Adopt(const RecoveredNote& recovered) { copy.Adopt(recovered); }
 
 void EditedNote::FileHolds(std::optional<std::uint64_t> newFingerprint) {
-    isFileOther = newFingerprint.has_value() && newFingerprint != fingerprint;
-    if (!newFingerprint) {
-        // A text or an alarm that the editor shows is nowhere else from now on.
-        fingerprint.reset();
-        saved.Text.clear();
-        saved.AlarmState = "0";
-    }
+    isFileGone = !newFingerprint.has_value();
+    isFileOther = !isFileGone && newFingerprint != fingerprint;
 }
 
 void EditedNote::SawFile(const std::string& fileName, std::uint64_t seenFingerprint) {
     file = fileName;
     fingerprint = seenFingerprint;
     isFileOther = false;
+    isFileGone = false;
 }

@@ -44,6 +44,8 @@ class EditedNote {
     void SetSavedRecord(const StandardCode::NoteRecord& record) { saved = record; }
     // The file holds something that this editor has neither read nor written.
     bool IsFileOther() const { return isFileOther; }
+    // The file was there and is missing now.
+    bool IsFileGone() const { return isFileGone; }
 
     // Writes the file, unless it says the same already. What the file holds beyond the knowledge of
     // this editor is put aside first. Raises RuntimeErrors.
@@ -76,6 +78,7 @@ class EditedNote {
     std::string file;
     std::optional<std::uint64_t> fingerprint;  // of the file as it was last read or written here
     bool isFileOther = false;
+    bool isFileGone = false;
     StandardCode::NoteRecord saved;
     RecoveryCopy copy;
     bool keepsCopy = false;

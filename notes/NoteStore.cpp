@@ -47,6 +47,23 @@ bool SaysTheSame(const std::string& bytes, const NoteRecord& record) {
     return held == record;
 }
 
+// A note's file need not have its title as name.
+bool IsTitleInAnyFile(const std::string& title) {
+    if (NoteStore::Exists(NoteStore::FileNameFor(title))) {
+        return true;
+    }
+    for (const forms::FileEntry& file : NoteStore::List()) {
+        try {
+            if (NoteStore::Read(file.name).record.Title == title) {
+                return true;
+            }
+        } catch (const forms::RuntimeError&) {
+            // Whatever this file is, it is not found by a title.
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 std::vector<forms::FileEntry> NoteStore::List() {
@@ -66,6 +83,11 @@ bool NoteStore::Load() {
         Shared().NotesArray[rest] = NoteRecord{};
     }
     TellOpenNotes();
+    if (failure && loaded < listing.size()) {
+        // An editor of the file that failed: what the file holds is unknown if it cannot be read.
+        const std::string& file = listing[loaded].name;
+        Tell(file, FingerprintOf(file).value_or(0));
+    }
     if (!failure || *failure == forms::ErrorNumber::SubscriptOutOfRange) {
         Shared().NoteCount = static_cast<std::int16_t>(slot - 1);
         StandardCode::Events().NotesArrayLoaded.Raise();
@@ -235,10 +257,15 @@ void NoteStore::Save(EditedNote& note, const NoteRecord& record) {
 }
 
 void NoteStore::Write(const std::string& file, const NoteRecord& record,
-                      NoteFile::TimeField timeField) {
+                      NoteFile::TimeField timeField, std::optional<std::uint64_t> known) {
     const std::string bytes = NoteFile::Encode(record, timeField);
+    const std::string path = PathOf(file);
+    SafeFile::ReplaceOptions options;
+    if (known && Exists(file) && FingerprintOf(file) != known) {
+        options.beforeRename = [&path] { PutAside(path, ".replaced"); };
+    }
     try {
-        if (SafeFile::ReplaceFile(PathOf(file), bytes)) {
+        if (SafeFile::ReplaceFile(path, bytes, options)) {
             Forget(file);
         }
     } catch (const forms::RuntimeError&) {
@@ -263,7 +290,7 @@ void NoteStore::AdoptLeftovers() {
             NoteRecord record;
             if (NoteFile::IsWhole(bytes)) {
                 NoteFile::Decode(bytes, record);
-                if (!Exists(FileNameFor(record.Title))) {
+                if (!IsTitleInAnyFile(record.Title)) {
                     Files().Replace(path, PathOf(FileNameFor(record.Title)));
                     continue;
                 }

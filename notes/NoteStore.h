@@ -74,9 +74,11 @@ class NoteStore {
     // editor neither read nor wrote, that goes to the Recycle Bin first, or to a file that has
     // ".replaced" added to its name.
     void Save(EditedNote& note, const StandardCode::NoteRecord& record);
-    // Writes a file, whole or not at all.
+    // Writes a file, whole or not at all. If a fingerprint is given and the file holds something
+    // else, that is put aside as by Save().
     void Write(const std::string& file, const StandardCode::NoteRecord& record,
-               NoteFile::TimeField timeField = NoteFile::TimeField::Time);
+               NoteFile::TimeField timeField = NoteFile::TimeField::Time,
+               std::optional<std::uint64_t> known = std::nullopt);
     // Moves a file to the Recycle Bin; deletes it if there is none. RuntimeError 53 if it is
     // missing.
     void Erase(const std::string& file);

@@ -27,7 +27,8 @@ void OpenNote(int slot) {
     const StoredNote note = Notes().OfSlot(slot);
     // Of two editors of one file, the one that is closed last would write its old text over the
     // text that was saved in the other.
-    if (const EditedNote* open = Notes().FindOpen(note.file)) {
+    if (const EditedNote* open = Notes().FindOpen(note.file);
+        open != nullptr && !open->IsFileOther()) {
         forms::Form& window = open->Editor().Window();
         Shared().CurrentNote = window.weak_from_this();
         BringUp(static_cast<frmNote&>(window));

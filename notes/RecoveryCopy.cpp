@@ -153,11 +153,16 @@ std::optional<Decoded> Decode(const std::string& bytes) {
 
 RecoveryCopy::~RecoveryCopy() { StandardCode::Shared().RecoveryPaths.erase(key); }
 
+bool RecoveryCopy::IsDue(When when) const {
+    return when == When::Now || !triedAt ||
+           forms::Machine().clock->MonotonicMilliseconds() - *triedAt >= pauseBetweenCopies;
+}
+
 void RecoveryCopy::Keep(const RecoveredNote& note, When when) {
-    const std::int64_t now = forms::Machine().clock->MonotonicMilliseconds();
-    if (when == When::AtMostEveryTwoSeconds && written && now - writtenAt < pauseBetweenCopies) {
+    if (!IsDue(when)) {
         return;
     }
+    triedAt = forms::Machine().clock->MonotonicMilliseconds();
     try {
         const std::string newBytes = Encode(note);
         if (newBytes == bytes && IsWritten()) {
@@ -167,10 +172,10 @@ void RecoveryCopy::Keep(const RecoveredNote& note, When when) {
         if (path.empty()) {
             Use(FreePathFor(note.record.Title));
         }
-        SafeFile::ReplaceFile(path, newBytes, {.durability = forms::Durability::Cached});
+        SafeFile::ReplaceFile(path, newBytes,
+                              {.durability = forms::Durability::Cached, .isPatient = false});
         bytes = newBytes;
         written = true;
-        writtenAt = now;
     } catch (const forms::RuntimeError&) {
         written = false;
     }
@@ -179,39 +184,44 @@ void RecoveryCopy::Keep(const RecoveredNote& note, When when) {
 bool RecoveryCopy::IsWritten() const { return written && Files().FileExists(path); }
 
 void RecoveryCopy::Remove() {
-    End([this] { Files().Delete(path); });
-}
-
-void RecoveryCopy::Recycle() {
-    End([this] {
-        if (!Files().Recycle(path)) {
-            Files().Delete(path);
-        }
-    });
-}
-
-void RecoveryCopy::End(const std::function<void()>& ending) {
     if (path.empty()) {
         return;
     }
     try {
         if (Files().FileExists(path)) {
-            ending();
+            Files().Delete(path);
         }
-        StandardCode::Shared().RecoveryPaths.erase(key);
-        path.clear();
-        key.clear();
-        bytes.clear();
+        Forget();
     } catch (const forms::RuntimeError&) {
         // The path stays in use, so that the next call tries again.
+        written = false;
     }
+}
+
+void RecoveryCopy::Recycle() {
+    if (path.empty()) {
+        return;
+    }
+    try {
+        Files().Recycle(path);
+    } catch (const forms::RuntimeError&) {
+        // The copy stays for the next start.
+    }
+    Forget();
+}
+
+void RecoveryCopy::Forget() {
+    StandardCode::Shared().RecoveryPaths.erase(key);
+    path.clear();
+    key.clear();
+    bytes.clear();
     written = false;
+    triedAt.reset();
 }
 
 void RecoveryCopy::Adopt(const RecoveredNote& recovered) {
     Use(recovered.path);
     written = true;
-    writtenAt = forms::Machine().clock->MonotonicMilliseconds();
 }
 
 void RecoveryCopy::Use(const std::string& newPath) {

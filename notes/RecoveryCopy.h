@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -32,14 +31,16 @@ class RecoveryCopy {
     RecoveryCopy(const RecoveryCopy&) = delete;
     RecoveryCopy& operator=(const RecoveryCopy&) = delete;
 
+    // Whether Keep() would do anything: the last attempt may have been a moment ago.
+    bool IsDue(When when) const;
     // Writes the copy, unless it is there and holds just that.
     void Keep(const RecoveredNote& note, When when);
     // Whether the note that was kept last is on the disk.
     bool IsWritten() const;
     // Removes the copy if there is one.
     void Remove();
-    // Moves the copy to the Recycle Bin, from where the user can get it back; removes it if there
-    // is none.
+    // Moves the copy to the Recycle Bin, from where the user can get it back. If there is none, the
+    // copy stays for the next start.
     void Recycle();
     // Takes over a copy that an earlier run of the program left.
     void Adopt(const RecoveredNote& recovered);
@@ -50,12 +51,12 @@ class RecoveryCopy {
     static std::vector<RecoveredNote> Find();
 
   private:
-    void End(const std::function<void()>& ending);
+    void Forget();
     void Use(const std::string& newPath);
 
     std::string path;   // empty: no copy
     std::string key;    // the path as the file system compares it
     std::string bytes;  // of the copy
     bool written = false;
-    std::int64_t writtenAt = 0;  // monotonic milliseconds
+    std::optional<std::int64_t> triedAt;  // monotonic milliseconds
 };

@@ -4,6 +4,7 @@
 #include <functional>
 #include <set>
 
+#include "app/SafeFile.h"
 #include "forms/Environment.h"
 #include "forms/MsgBox.h"
 #include "forms/RuntimeError.h"
@@ -34,6 +35,10 @@ class UnsavedNotes {
   public:
     void BringBack(const RecoveredNote& recovered) {
         frmNote* editor = recovered.file.empty() ? NewEditor(recovered) : EditorOf(recovered);
+        if (editor == nullptr && IsInAFile(recovered.record)) {
+            SafeFile::DeleteIfPossible(recovered.path);
+            return;
+        }
         if (editor == nullptr) {
             editor = EditorBeside(recovered);
         }
@@ -45,8 +50,7 @@ class UnsavedNotes {
     // The note was never saved. Its file's name may be another note's, as it was before.
     static frmNote* NewEditor(const RecoveredNote& recovered) {
         const std::string file = NoteStore::FileNameFor(recovered.record.Title);
-        return IsAsKnown(recovered, file) ? Shown(OpenNewEditor(recovered.record.Title))
-                                          : EditorOfEqualFile(recovered, file);
+        return IsAsKnown(recovered, file) ? Shown(OpenNewEditor(recovered.record.Title)) : nullptr;
     }
 
     frmNote* EditorOf(const RecoveredNote& recovered) const {
@@ -56,7 +60,7 @@ class UnsavedNotes {
             return isFree ? Shown(OpenNewEditor(title)) : nullptr;
         }
         if (!IsAsKnown(recovered, recovered.file)) {
-            return EditorOfEqualFile(recovered, recovered.file);
+            return nullptr;
         }
         if (const EditedNote* open = Notes().FindOpen(recovered.file)) {
             frmNote& editor = EditorIn(*open);
@@ -68,20 +72,24 @@ class UnsavedNotes {
     // Whether the file holds what it held when the copy was made, so that no saved text is in
     // danger.
     static bool IsAsKnown(const RecoveredNote& recovered, const std::string& file) {
-        return !NoteStore::Exists(file) ||
-               (recovered.isWhole && NoteStore::FingerprintOf(file) == recovered.base);
+        return !NoteStore::Exists(file) || (recovered.isWhole && recovered.base.has_value() &&
+                                            NoteStore::FingerprintOf(file) == recovered.base);
     }
 
     static frmNote& EditorIn(const EditedNote& note) {
         return static_cast<frmNote&>(note.Editor().Window());
     }
 
-    // The editor of the file if that says what the copy says: the note was saved after all, and the
-    // copy could not be removed.
-    static frmNote* EditorOfEqualFile(const RecoveredNote& recovered, const std::string& file) {
-        const EditedNote* open = Notes().FindOpen(file);
-        const bool isEqual = open != nullptr && open->SavedRecord() == recovered.record;
-        return isEqual ? &EditorIn(*open) : nullptr;
+    // The note was saved after all, perhaps when an earlier start had brought it back, and the copy
+    // could not be removed.
+    static bool IsInAFile(const NoteRecord& recovered) {
+        const auto& open = Notes().OpenNotes();
+        return std::any_of(open.begin(), open.end(), [&recovered](const EditedNote* note) {
+            NoteRecord saved = note->SavedRecord();
+            const bool isOfThisTitle = saved.Title.starts_with(recovered.Title);
+            saved.Title = recovered.Title;
+            return isOfThisTitle && !note->File().empty() && saved == recovered;
+        });
     }
 
     static frmNote* OpenFile(const std::string& file) {

@@ -146,6 +146,7 @@ void frmDisplayNote::EraseNote() {
 
 void frmDisplayNote::ShowNote(const StoredNote& note) {
     file = note.file;
+    fingerprint = note.fingerprint;
     shown = note.record;
     shownText = RecordText::WithLineBreaks(shown.Text);
     lblNoteText.text = shownText;
@@ -156,10 +157,10 @@ bool frmDisplayNote::ShowsAlarmOf(const StoredNote& note) const {
            shown.AlarmDate == note.record.AlarmDate && shown.AlarmTime == note.record.AlarmTime;
 }
 
-std::optional<StandardCode::NoteRecord> frmDisplayNote::SavedMeanwhile() const {
+std::optional<StoredNote> frmDisplayNote::SavedMeanwhile() const {
     try {
-        StandardCode::NoteRecord saved = NoteStore::Read(file).record;
-        return saved == shown ? std::nullopt : std::optional(std::move(saved));
+        StoredNote saved = NoteStore::Read(file);
+        return saved.record == shown ? std::nullopt : std::optional(std::move(saved));
     } catch (const forms::RuntimeError&) {
         return std::nullopt;  // the writing finds out what is wrong
     }
@@ -174,7 +175,13 @@ bool frmDisplayNote::KeepSaved(StandardCode::NoteRecord note) {
 
 bool frmDisplayNote::KeepNote() {
     const auto saved = SavedMeanwhile();
-    return saved ? KeepSaved(*saved) : ReWriteNote();
+    if (!saved) {
+        return ReWriteNote();
+    }
+    if (!IsTextChanged()) {
+        fingerprint = saved->fingerprint;  // nothing of the file will be lost
+    }
+    return KeepSaved(saved->record);
 }
 
 bool frmDisplayNote::ReWriteNote() {
@@ -195,7 +202,7 @@ bool frmDisplayNote::WriteSilenced(StandardCode::NoteRecord& note) {
 bool frmDisplayNote::Write(StandardCode::NoteRecord& note, NoteFile::TimeField timeField) {
     return StandardCode::ReportWriteErrors([&] {
         note.Title = forms::Trim(caption());
-        StandardCode::Notes().Write(file, note, timeField);
+        StandardCode::Notes().Write(file, note, timeField, fingerprint);
     });
 }
 

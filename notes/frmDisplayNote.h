@@ -51,7 +51,7 @@ class frmDisplayNote : public forms::Form {
     void EraseNote();
     bool KeepNote();  // false where the note could not be written
     // The note as its file has it, where that is not what came up here.
-    std::optional<StandardCode::NoteRecord> SavedMeanwhile() const;
+    std::optional<StoredNote> SavedMeanwhile() const;
     bool KeepSaved(StandardCode::NoteRecord note);
     // With the note's alarm switched off.
     bool WriteSilenced(StandardCode::NoteRecord& note);
@@ -64,6 +64,7 @@ class frmDisplayNote : public forms::Form {
     void mnuClose_Click();
 
     std::string file;
+    std::uint64_t fingerprint = 0;  // of the file's contents that may be written over
     StandardCode::NoteRecord shown;
     std::string shownText;
 };

@@ -87,15 +87,23 @@ std::int16_t frmNote::FontSize() {
 }
 
 // Compares without a copy of the text: a hundred clocks come here each second.
-bool frmNote::IsSaved() {
+bool frmNote::ShowsSavedRecord() {
     const StandardCode::NoteRecord& saved = edited.SavedRecord();
     ComputeAlarmValues();
-    return !edited.IsFileOther() && txtNote.text() == saved.Text &&
-           alarmValues.AlarmDayLong == saved.AlarmDate &&
+    return txtNote.text() == saved.Text && alarmValues.AlarmDayLong == saved.AlarmDate &&
            alarmValues.AlarmTimeOfDay == saved.AlarmTime && ColorIndex() == saved.ColorIndex &&
            FontSize() == saved.FontSize && IsAlarmSet() == (saved.AlarmState == "1") &&
            AudioAlarm() == saved.AudioAlarm;
 }
+
+bool frmNote::IsSaved() {
+    if (edited.IsFileGone()) {
+        return txtNote.text().empty() && !IsAlarmSet();
+    }
+    return !edited.IsFileOther() && ShowsSavedRecord();
+}
+
+bool frmNote::IsUntouched() { return NoteStore::Exists(edited.File()) && ShowsSavedRecord(); }
 
 void frmNote::MarkSaved() { edited.SetSavedRecord(Record()); }
 
@@ -109,19 +117,27 @@ bool frmNote::WriteNote() {
     return true;
 }
 
-bool frmNote::SaveBeforeTheEnd() {
-    if (!edited.IsOpen() || NoteErased) {
-        return true;
+void frmNote::SaveBeforeTheEnd() {
+    if (!edited.IsOpen() || isErasingConfirmed) {
+        return;
+    }
+    if (NoteErased) {
+        KeepForNextStart();
+        return;
     }
     try {
-        SaveFile();
-        return true;
+        if (!IsUntouched()) {
+            SaveFile();
+        }
     } catch (const forms::RuntimeError&) {
-        // Nobody can be asked any more; the next start brings the note back.
-        KeepRecoveryCopy(RecoveryCopy::When::Now);
-        edited.KeepCopyBeyondTheEnd();
-        return IsSaved() || edited.IsCopyWritten();
+        KeepForNextStart();
     }
+}
+
+bool frmNote::KeepForNextStart() {
+    KeepRecoveryCopy(RecoveryCopy::When::Now);
+    edited.KeepCopyBeyondTheEnd();
+    return IsSaved() || edited.IsCopyWritten();
 }
 
 void frmNote::KeepRecoveryCopy(RecoveryCopy::When when) {
@@ -184,7 +200,7 @@ void frmNote::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
 // Two kinds of edits go without a save and without a question: those of a note that the toolbar was
 // to erase and did not, and those that keep the text's length in a note opened through the panel.
 void frmNote::RecycleUnsaved() {
-    const bool isUnnoticed = NoteErased ? isErasingDeclined : !NoteChanged;
+    const bool isUnnoticed = NoteErased ? !isErasingConfirmed : !NoteChanged;
     if (isUnnoticed && !IsSaved()) {
         edited.Recycle(Record());
     }
@@ -214,7 +230,8 @@ void frmNote::CloseThroughPanel(bool& cancel) {
 }
 
 void frmNote::CloseSilently(bool& cancel) {
-    if (!NoteErased && !WriteNote()) {
+    // A file that another program has changed is newer than an editor that nobody touched.
+    if (!NoteErased && !IsUntouched() && !WriteNote()) {
         KeepOpen(cancel);
         return;
     }
@@ -342,6 +359,8 @@ void frmNote::mnuShow_Click() {
 bool frmNote::mnuHide_Click() { return Unload(); }
 
 void frmNote::mnuKill_Click() {
+    // The program may end while the question waits.
+    isErasingConfirmed = false;
     const auto answer =
         forms::MsgBox("Are you sure you would like to erase " +
                           forms::Machine().locale->ToUpper(caption) + "?              ",
@@ -349,8 +368,8 @@ void frmNote::mnuKill_Click() {
                        .icon = forms::BoxIcon::Information,
                        .secondIsDefault = true},
                       "Kill Note");
-    isErasingDeclined = answer != forms::BoxResult::Yes;
-    if (isErasingDeclined) {
+    isErasingConfirmed = answer == forms::BoxResult::Yes;
+    if (!isErasingConfirmed) {
         return;
     }
     try {

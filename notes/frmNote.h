@@ -95,7 +95,8 @@ class frmNote : public forms::Form, public NoteEditor {
     // Saves the note and rebuilds the notes array. An error is shown; false then.
     bool WriteNote();
     forms::Form& Window() override { return *this; }
-    bool SaveBeforeTheEnd() override;
+    void SaveBeforeTheEnd() override;
+    bool KeepForNextStart() override;
 
     // Paints the text box and checks the entry of the colour menu with this number, 1 to 6.
     void ApplyColor(StandardCode::NoteColor color, std::size_t colorIndex);
@@ -130,9 +131,12 @@ class frmNote : public forms::Form, public NoteEditor {
     std::int16_t ColorIndex();
     std::int16_t FontSize();
     std::int16_t AudioAlarm() { return chkAudioAlarm.value() == 1 ? 1 : 0; }
-    // Whether the file holds the note as the editor shows it, or the last saved one if the user has
-    // changed nothing since.
+    // Whether the editor shows what it showed when there was last nothing to save.
+    bool ShowsSavedRecord();
+    // Whether nothing that the editor shows would be lost with it.
     bool IsSaved();
+    // There is a file, and the user has changed nothing.
+    bool IsUntouched();
     void SaveFile();
     void CloseThroughPanel(bool& cancel);
     void CloseSilently(bool& cancel);
@@ -179,7 +183,7 @@ class frmNote : public forms::Form, public NoteEditor {
 
     bool NoteChanged = false;
     bool NoteErased = false;
-    bool isErasingDeclined = false;  // the last time that it was asked about
+    bool isErasingConfirmed = false;
     std::size_t TextLengthAtActivate = 0;
     DueRules::AlarmValues alarmValues;
     // The date and the time that they were computed from.

@@ -223,8 +223,11 @@ void MemoryFiles::Copy(const std::string& from, const std::string& to) {
 
 std::unique_ptr<FileLock> MemoryFiles::Lock(const std::string& path) {
     const std::string key = Place(path).key;
-    const bool isFree = !dead && FolderExists(FolderKey(key)) && locks->insert(key).second;
-    return isFree ? std::make_unique<MemoryLock>(locks, key) : nullptr;
+    const Node* folder = Find(FolderKey(key));
+    if (dead || folder == nullptr || !folder->isFolder) {
+        Fail(ErrorNumber::PathNotFound);
+    }
+    return locks->insert(key).second ? std::make_unique<MemoryLock>(locks, key) : nullptr;
 }
 
 void MemoryFiles::PutFolder(const std::string& path) {

@@ -166,6 +166,7 @@ TEST_F(frmMainExitTest, AnExitWhileANoteAsksKeepsItsTextForTheNextStart) {
                          EXPECT_TRUE(runtime->HasEnded());
                      });
     user->CloseBox(note);
+    EXPECT_FALSE(files.FileExists(NoteFile("Dentist")));
     Restart();
     StartQuietly();
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");

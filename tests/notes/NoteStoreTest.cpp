@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <map>
 
+#include "alarms/NoteAlarmsCheck.h"
+#include "forms/Gestures.h"
 #include "forms/Text.h"
 #include "notes/EditedNote.h"
 #include "notes/NoteStore.h"
@@ -142,11 +144,15 @@ TEST_F(NoteStoreTest, StartAndExitWithNothingTouchedChangeNoByte) {
     files.PutFile(
         folder + "\\e.txt",
         "\"e\",\"lone\nbreak \x81 \xe4\",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    auto gray = Record("g", "gray, of 11 points");
+    gray.ColorIndex = 6;
+    gray.FontSize = 11;
+    PutAs("g.txt", gray);
     files.PutFile(folder + "\\f.txt",
                   "\"f\",\"spaced\" , #2004-05-14#, #12:00:00#, 1, 12, \"0\", 0, \"yes\"");
     const auto before = Folder();
     ReadAll();
-    ASSERT_EQ(StandardCode::Notes().OpenNotes().size(), 6U);
+    ASSERT_EQ(StandardCode::Notes().OpenNotes().size(), 7U);
     Advance(5000);
     EXPECT_EQ(Folder(), before);
     files.ClearLog();
@@ -202,9 +208,11 @@ TEST_F(NoteStoreTest, AnotherNotesFileGoesToTheRecycleBinBeforeANewNoteTakesIt) 
     // The open editor of that file knows that its text is unsaved.
     Advance(3000);
     EXPECT_EQ(InFolder().size(), 2U);
+    // Nobody has touched it, so it does not write its text over the newer one.
     user->CloseBox(Editor("Shopping"));
-    EXPECT_EQ(In("Shopping.txt").Text, "milk");
-    EXPECT_EQ(files.RecycleBin().size(), 2U);
+    EXPECT_EQ(In("Shopping.txt").Text, "bread");
+    ASSERT_EQ(files.RecycledBytes().size(), 2U);
+    EXPECT_NE(files.RecycledBytes()[1].find("milk"), std::string::npos);
 }
 
 TEST_F(NoteStoreTest, WithoutARecycleBinTheOldFileIsKeptUnderAnotherName) {
@@ -353,9 +361,102 @@ TEST_F(NoteStoreTest, AnErasedOrReplacedFileOfAnOpenEditorIsUnsaved) {
         Start([] { StandardCode::LoadNotesArray(); });
         Advance(2000);
         EXPECT_EQ(InFolder().size(), isErased ? 1U : 2U);
-        user->CloseBox(Editor("Dentist"));
-        EXPECT_EQ(Saved("Dentist").Text, "text");
+        user->Restore(Editor("Dentist"));
+        user->Click(Editor("Dentist").tlbMain, "Hide");
+        // A file that was changed elsewhere is newer than an editor that nobody touched.
+        EXPECT_EQ(Saved("Dentist").Text, isErased ? "text" : "by another program");
         EXPECT_EQ(files.RecycledBytes().size(), isErased ? 0U : 1U);
+    }
+}
+
+TEST_F(NoteStoreTest, AnEditIsWrittenOverAFileThatWasChangedElsewhere) {
+    PutNote(Record("Dentist", "text"));
+    ReadAll();
+    PutNote(Record("Dentist", "by another program"));
+    TypeInto(Editor("Dentist"), "typed here");
+    user->CloseBox(Editor("Dentist"));
+    EXPECT_EQ(Saved("Dentist").Text, "typed here");
+    ASSERT_EQ(files.RecycledBytes().size(), 1U);
+    EXPECT_NE(files.RecycledBytes()[0].find("by another program"), std::string::npos);
+}
+
+TEST_F(NoteStoreTest, AFileThatCannotBeReadAnyMoreMakesItsEditorUnsaved) {
+    PutNote(Record("Dentist", "text"));
+    ReadAll();
+    files.PutFile(PathOf("Dentist"),
+                  "\"Dentist\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    stage->ExpectBox("Error Number: 13) - Type mismatch", "Error Loading Notes Array",
+                     forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+    Start([] { StandardCode::LoadNotesArray(); });
+    Advance(2000);
+    EXPECT_EQ(InFolder().size(), 2U);
+}
+
+TEST_F(NoteStoreTest, AFolderThatIsGoneForAMomentLeavesNothingUnsaved) {
+    PutNote(Record("Dentist", "text"));
+    ReadAll();
+    const auto disk = files;
+    files.Remove(PathOf("Dentist"));
+    Start([] { StandardCode::LoadNotesArray(); });
+    files = disk;
+    Start([] { StandardCode::LoadNotesArray(); });
+    Advance(3000);
+    EXPECT_EQ(InFolder(), Names{"Dentist.txt"});
+}
+
+TEST_F(NoteStoreTest, TheAlarmOfANoteInTheFileOfAnotherRings) {
+    frmNote& first = MakeNote("Same", "one");
+    Start([&first] { first.WriteNote(); });
+    Start([] { StandardCode::CreateNote("Same"); });
+    auto& second = static_cast<frmNote&>(*runtime->LoadedForms().back());
+    user->Type(second.txtNote, "two");
+    user->Click(second.cmdAlarm);
+    user->CloseBox(second);
+    ASSERT_EQ(Shared().NotesArray[1].AlarmState, "1");
+    const auto opened =
+        NoteAlarmsCheck::DisplayDue(forms::Combine(forms::Today(), DateTime::FromTime(12, 0, 0)));
+    ASSERT_NE(opened.last, nullptr);
+    EXPECT_EQ(opened.last->lblNoteText.text(), "two");
+}
+
+TEST_F(NoteStoreTest, AnAlarmDisplayPutsANewerTextAside) {
+    auto record = Record("Dentist", "old");
+    record.AlarmState = "1";
+    PutNote(record);
+    Start([] { StandardCode::LoadNotesArray(); });
+    std::shared_ptr<frmDisplayNote> display;
+    Start([&] { display = StandardCode::DisplayNote(1); });
+    user->Type(display->lblNoteText, "two words");
+    PutNote(Record("Dentist", "a whole page"));
+    stage->ExpectBox("Would you like to erase this note?", " Erase Note?", forms::BoxIcon::Question,
+                     forms::BoxButtons::YesNo, BoxResult::No);
+    user->CloseBox(*display);
+    EXPECT_EQ(Saved("Dentist").Text, "two words");
+    ASSERT_EQ(files.RecycledBytes().size(), 1U);
+    EXPECT_NE(files.RecycledBytes()[0].find("a whole page"), std::string::npos);
+}
+
+TEST_F(NoteStoreTest, TheTextOfANoteWhoseErasingWasNotConfirmedOutlivesTheSession) {
+    for (const bool isAnswered : {true, false}) {
+        frmNote& note = MakeNote("Dentist", "typed");
+        stage->ExpectBox("Are you sure you would like to erase DENTIST?              ", "Kill Note",
+                         forms::BoxIcon::Information, forms::BoxButtons::YesNo, BoxResult::No,
+                         BoxResult::No, [isAnswered] {
+                             if (!isAnswered) {
+                                 forms::gestures::EndSession();
+                             }
+                         });
+        user->Click(note.tlbMain, "Erase");
+        if (isAnswered) {
+            user->Type(note.txtNote, "typed more");
+            forms::gestures::EndSession();
+        }
+        RestartProgram();
+        Start(StandardCode::ReadNotes);
+        EXPECT_EQ(Editor("Dentist").txtNote.text(), isAnswered ? "typed more" : "typed");
+        StandardCode::Shared().ControlPanelMode = false;
+        user->CloseBox(Editor("Dentist"));
+        files.Remove(PathOf("Dentist"));
     }
 }
 

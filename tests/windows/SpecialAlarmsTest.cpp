@@ -137,7 +137,7 @@ TEST_F(SpecialAlarms, OfEnabledRowsNoTwoMayBeIdentical) {
     program.WaitUntilGone(caption);
     const std::string saved = std::string(emptyRow) + "\"Tuesday\",#10:30:00#,\"\",1\r\n" +
                               "\"Friday\",#10:30:00#,\"\",0\r\n" + emptyRow +
-                              "\"Tuesday\",#10:30:00#,\"Say 'hello', then go\",0\r\n" + emptyRow +
+                              "\"Tuesday\",#10:30:00#,\"Say \"hello\", then go\",0\r\n" + emptyRow +
                               "\"Friday\",#10:30:00#,\"5 \x80 for the caf\xE9\",1\r\n";
     EXPECT_EQ(WholeFile(Path()).value_or("(no file)"), saved);
 

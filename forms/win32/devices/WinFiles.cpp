@@ -65,6 +65,18 @@ void Flush(HANDLE file, const std::wstring& nativePath) {
     }
 }
 
+// Whether the folder lists the file, which need not be open to this program.
+bool IsListed(const std::wstring& nativePath) {
+    WIN32_FIND_DATAW data{};
+    HANDLE first = ::FindFirstFileExW(nativePath.c_str(), FindExInfoBasic, &data,
+                                      FindExSearchNameMatch, nullptr, 0);
+    if (first == INVALID_HANDLE_VALUE) {
+        return false;
+    }
+    ::FindClose(first);
+    return true;
+}
+
 class WinFileLock : public FileLock {
   public:
     explicit WinFileLock(Handle lockedFile) : file(std::move(lockedFile)) {}
@@ -249,11 +261,24 @@ std::unique_ptr<FileLock> WinFiles::Lock(const std::string& path) {
     Handle file(::CreateFileW(native.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE,
                               FILE_SHARE_READ, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_HIDDEN,
                               nullptr));
+    if (!file) {
+        const DWORD code = ::GetLastError();
+        // The file of a holder is marked to go with its handle, which refuses access to it.
+        if (code == ERROR_SHARING_VIOLATION || code == ERROR_DELETE_PENDING ||
+            (code == ERROR_ACCESS_DENIED && IsListed(native))) {
+            return nullptr;
+        }
+        FailWith(code, native);
+    }
     // Not every file server keeps share modes, but those of use keep locks.
     OVERLAPPED start{};
-    if (!file || ::LockFileEx(file.get(), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1,
-                              0, &start) == 0) {
-        return nullptr;
+    if (::LockFileEx(file.get(), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0,
+                     &start) == 0) {
+        const DWORD code = ::GetLastError();
+        if (code == ERROR_LOCK_VIOLATION || code == ERROR_IO_PENDING) {
+            return nullptr;
+        }
+        FailWith(code, native);
     }
     // Only the holder of the lock may mark the file: it goes with the handle, however that is
     // closed.

@@ -219,7 +219,7 @@ TEST_F(WinFilesTest, ALockHoldsUntilItIsDestroyedAndLeavesNoFile) {
     lock.reset();
     EXPECT_FALSE(files.FileExists(lockFile));
     EXPECT_NE(otherProgram.Lock(lockFile), nullptr);
-    EXPECT_EQ(files.Lock(folder / "nowhere\\a.lock"), nullptr);
+    EXPECT_EQ(ErrorOf([&] { files.Lock(folder / "nowhere\\a.lock"); }), 76);
 }
 
 TEST_F(WinFilesTest, ReplaceRenamesOverAndAlsoToANewName) {

@@ -186,7 +186,7 @@ TEST_F(MemoryFilesTest, ALockHoldsUntilItIsDestroyed) {
     auto lock = files.Lock("C:\\App\\Notes\\a.lock");
     EXPECT_NE(lock, nullptr);
     EXPECT_EQ(files.Lock("C:\\App\\Notes\\A.lock"), nullptr);
-    EXPECT_EQ(files.Lock("C:\\App\\Nowhere\\a.lock"), nullptr);
+    EXPECT_EQ(ErrorOf([&] { files.Lock("C:\\App\\Nowhere\\a.lock"); }), 76);
     lock.reset();
     EXPECT_NE(files.Lock("C:\\App\\Notes\\a.lock"), nullptr);
 }
