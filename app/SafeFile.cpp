@@ -42,7 +42,7 @@ std::string WriteTemporary(const std::string& folder, const std::string& bytes,
                            forms::Durability durability) {
     constexpr int mostNames = 100;
     for (int tries = 1;; ++tries) {
-        const std::string path = NextTemporaryPath(folder);
+        std::string path = NextTemporaryPath(folder);
         try {
             Files().Write(path, bytes, {.mustBeNew = true, .durability = durability});
             return path;

@@ -32,7 +32,7 @@ std::shared_ptr<frmNote> CreateNote(const std::string& title) {
         Settings::ReadInteger(Settings::Options::section, Settings::Options::defaultColor, 0);
     const int fontSize = Settings::ReadInteger(Settings::Options::section,
                                                Settings::Options::defaultFontSize, missingFontSize);
-    const auto note = OpenNewEditor(title);
+    auto note = OpenNewEditor(title);
     ApplyDefaultColor(*note, color);
     ApplyDefaultFontSize(*note, fontSize);
     note->MarkSaved();

@@ -24,7 +24,8 @@ std::string PathOf(const std::string& file) { return StandardCode::NotesFolder()
 void RenameAside(const std::string& path, const std::string& ending) {
     std::string target = path + ending;
     for (int i = 2; Files().FileExists(target); ++i) {
-        target = path + " (" + std::to_string(i) + ')' + ending;
+        target = path;
+        target.append(" (").append(std::to_string(i)).append(")").append(ending);
     }
     Patience::Try([&] { Files().Replace(path, target); });
 }

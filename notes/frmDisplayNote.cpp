@@ -238,7 +238,7 @@ namespace StandardCode {
 std::shared_ptr<frmDisplayNote> DisplayNote(int slot) {
     const StoredNote stored = Notes().OfSlot(slot);
     const NoteRecord& note = stored.record;
-    const auto display = forms::New<frmDisplayNote>();
+    auto display = forms::New<frmDisplayNote>();
     display->caption = note.Title;
     Shared().WindowOnTopFlag =
         Settings::ReadInteger(Settings::Options::section, Settings::Options::windowOnTop, 0);

@@ -16,7 +16,6 @@ namespace {
 using forms::BoxResult;
 using forms::DateTime;
 using StandardCode::Shared;
-using testing_support::IsNoteOpen;
 using Names = std::vector<std::string>;
 
 const std::string folder = "C:\\Jotwright\\Notes";
