@@ -44,6 +44,8 @@ class NoteStore {
         NoteStore& store;
     };
 
+    bool IsQuiet() const { return quiet > 0; }
+
     static std::string FileNameFor(const std::string& title) { return title + ".txt"; }
 
     // Rebuilds NotesArray and NoteCount from the note files, then raises NotesArrayLoaded. A file

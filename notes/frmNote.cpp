@@ -103,11 +103,16 @@ bool frmNote::IsSaved() {
     return !edited.IsFileOther() && ShowsSavedRecord();
 }
 
-bool frmNote::IsUntouched() { return NoteStore::Exists(edited.File()) && ShowsSavedRecord(); }
+bool frmNote::IsUntouched() {
+    return !hasRung && NoteStore::Exists(edited.File()) && ShowsSavedRecord();
+}
 
 void frmNote::MarkSaved() { edited.SetSavedRecord(Record()); }
 
-void frmNote::SaveFile() { edited.Save(Record()); }
+void frmNote::SaveFile() {
+    edited.Save(Record());
+    hasRung = false;
+}
 
 bool frmNote::WriteNote() {
     if (!StandardCode::ReportWriteErrors([this] { SaveFile(); })) {
@@ -230,8 +235,12 @@ void frmNote::CloseThroughPanel(bool& cancel) {
 }
 
 void frmNote::CloseSilently(bool& cancel) {
-    // A file that another program has changed is newer than an editor that nobody touched.
-    if (!NoteErased && !IsUntouched() && !WriteNote()) {
+    // The exit changes no file that nobody touched, and a file that another program has changed is
+    // newer than an editor that nobody touched.
+    const bool isLeftAlone =
+        IsUntouched() && (StandardCode::Notes().IsQuiet() ||
+                          NoteStore::FingerprintOf(edited.File()) != edited.SeenFingerprint());
+    if (!NoteErased && !isLeftAlone && !WriteNote()) {
         KeepOpen(cancel);
         return;
     }

@@ -184,6 +184,7 @@ class frmNote : public forms::Form, public NoteEditor {
     bool NoteChanged = false;
     bool NoteErased = false;
     bool isErasingConfirmed = false;
+    bool hasRung = false;  // and the file still has the alarm
     std::size_t TextLengthAtActivate = 0;
     DueRules::AlarmValues alarmValues;
     // The date and the time that they were computed from.

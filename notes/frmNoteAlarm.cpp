@@ -158,6 +158,7 @@ void frmNote::Fire() {
 }
 
 void frmNote::AcceptFiring() {
+    hasRung = true;
     StandardCode::NoteRecord saved = edited.SavedRecord();
     saved.AlarmState = "0";
     saved.AudioAlarm = std::min(saved.AudioAlarm, AudioAlarm());

@@ -155,11 +155,25 @@ TEST_F(NoteStoreTest, StartAndExitWithNothingTouchedChangeNoByte) {
     Advance(5000);
     EXPECT_EQ(Folder(), before);
     files.ClearLog();
-    CloseAll();
+    {
+        const NoteStore::Quiet exit(StandardCode::Notes());
+        CloseAll();
+    }
     EXPECT_EQ(Folder(), before);
     for (const std::string& entry : files.Log()) {
         EXPECT_TRUE(entry.starts_with("read ")) << entry;
     }
+}
+
+TEST_F(NoteStoreTest, AnAlarmThatRangIsOffInTheFileOnceTheWindowCloses) {
+    auto record = Record("Dentist", "text");
+    record.AlarmState = "1";
+    record.AlarmTime = DateTime::FromTime(9, 0, 5);
+    PutNote(record);
+    ReadAll();
+    Advance(10'000);
+    user->CloseBox(Editor("Dentist"));
+    EXPECT_EQ(Saved("Dentist").AlarmState, "0");
 }
 
 // The system's code page is UTF-8, and that of its language 1252.
