@@ -1,7 +1,5 @@
 #pragma once
 
-#include <utility>
-
 #include "forms/RuntimeError.h"
 
 // Files that another program holds for a moment: a scanner, a sync client, a backup.

@@ -47,7 +47,7 @@ class NotesTable {
     std::array<NoteRecord, maximumNotes> slots;
 };
 
-// What is left of the time to try again, see Patience.
+// The time left for trying again in the current action, see Patience.
 struct RetryTime {
     std::uint64_t action = 0;
     int left = 0;  // milliseconds

@@ -14,7 +14,8 @@ namespace {
 
 constexpr std::int64_t second = 1000;
 constexpr std::int64_t middle = 500;
-// Deviations of the wall clock from the monotonic one that are too small to move the grid for.
+// The grid does not move if the wall clock has drifted from the monotonic clock by no more than
+// this.
 constexpr std::int64_t tolerance = 50;
 
 std::int64_t MonotonicNow() { return Machine().clock->MonotonicMilliseconds(); }

@@ -44,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         {
             RecoveryCopy copy;
             copy.Adopt(found);
-            copy.Keep(changed, RecoveryCopy::When::Now);
+            copy.Keep(changed);
             Check(copy.IsWritten());
         }
         const auto again = RecoveryCopy::Find();

@@ -48,7 +48,7 @@ void frmTip::Design() {
 
 void frmTip::Form_Load() {
     icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
-    // Any number may be in the store; one that is no check mark leaves the box empty.
+    // The store may hold any number. A number that is no check mark leaves the box empty.
     constexpr int grayed = 2;
     const int viewTips = StandardCode::Shared().ViewTipsFlag;
     chkShowTips.value = viewTips >= 0 && viewTips <= grayed ? viewTips : 0;

@@ -62,7 +62,7 @@ void EditedNote::KeepCopy(const StandardCode::NoteRecord& shown, RecoveryCopy::W
     state.base =
         file.empty() ? NoteStore::FingerprintOf(NoteStore::FileNameFor(title)) : fingerprint;
     state.record = shown;
-    copy.Keep(state, when);
+    copy.Keep(state);
     keepsCopy = false;
 }
 

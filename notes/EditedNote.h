@@ -39,7 +39,8 @@ class EditedNote {
     // The name of the file, without its folder; empty for a note that was never saved.
     const std::string& File() const { return file; }
 
-    // What the editor shows if there is nothing to save. Set when the editor was filled.
+    // The record that the editor shows if there is nothing to save. The editor sets it once it is
+    // filled.
     const StandardCode::NoteRecord& SavedRecord() const { return saved; }
     void SetSavedRecord(const StandardCode::NoteRecord& record) { saved = record; }
     // The file holds something that this editor has neither read nor written.

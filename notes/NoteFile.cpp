@@ -40,7 +40,8 @@ bool IsInteger(std::string_view field) {
     return !field.empty() && field.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-// Where the fields behind the note's text begin, if they end the file; else nothing.
+// The place where the fields behind the note's text begin. Nothing if the file does not end in
+// them.
 std::optional<std::size_t> FindFieldsBehindText(std::string_view text) {
     constexpr std::array<bool (*)(std::string_view), fieldsBehindText> isRight{
         IsDate, IsTime, IsInteger, IsInteger, IsText, IsInteger, IsText};
@@ -59,7 +60,8 @@ std::optional<std::size_t> FindFieldsBehindText(std::string_view text) {
 // The places of title and text in a file that ends in the right fields.
 struct Places {
     std::size_t titleEnd;  // the quote
-    std::size_t textEnd;   // the quote
+    std::size_t textStart;
+    std::size_t textEnd;  // the quote
     std::size_t rest;
 };
 
@@ -71,10 +73,13 @@ std::optional<Places> FindPlaces(std::string_view text) {
     }
     const std::size_t titleEnd = text.find('"', 1);
     const std::size_t textEnd = *rest - 2;  // before the comma
-    const bool isWhole = titleEnd != std::string_view::npos &&
-                         text.substr(titleEnd).starts_with(betweenTitleAndText) &&
-                         titleEnd + betweenTitleAndText.size() <= textEnd && text[textEnd] == '"';
-    return isWhole ? std::optional(Places{titleEnd, textEnd, *rest}) : std::nullopt;
+    if (titleEnd == std::string_view::npos ||
+        !text.substr(titleEnd).starts_with(betweenTitleAndText)) {
+        return std::nullopt;
+    }
+    const std::size_t textStart = titleEnd + betweenTitleAndText.size();
+    const bool isWhole = textStart <= textEnd && text[textEnd] == '"';
+    return isWhole ? std::optional(Places{titleEnd, textStart, textEnd, *rest}) : std::nullopt;
 }
 
 }  // namespace
@@ -97,9 +102,8 @@ std::string Encode(const StandardCode::NoteRecord& record, TimeField timeField) 
 void Parse(const std::string& text, StandardCode::NoteRecord& record) {
     RecordText::Reader reader(text);
     if (const auto places = FindPlaces(text)) {
-        const std::size_t textStart = places->titleEnd + 3;
         record.Title = text.substr(1, places->titleEnd - 1);
-        record.Text = text.substr(textStart, places->textEnd - textStart);
+        record.Text = text.substr(places->textStart, places->textEnd - places->textStart);
         reader = RecordText::Reader(text.substr(places->rest));
     } else {
         record.Title = reader.Text();

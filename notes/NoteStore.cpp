@@ -36,6 +36,11 @@ void PutAside(const std::string& path, const std::string& ending) {
     }
 }
 
+// The step of a replacement that keeps the old file if nobody here has read or written it.
+std::function<void()> PuttingAside(const std::string& path, bool isForeign) {
+    return isForeign ? [path] { PutAside(path, ".replaced"); } : std::function<void()>();
+}
+
 // Whether a file with these bytes already says what the record says.
 bool SaysTheSame(const std::string& bytes, const NoteRecord& record) {
     NoteRecord held;
@@ -84,8 +89,8 @@ bool NoteStore::Load() {
         Shared().NotesArray[rest] = NoteRecord{};
     }
     TellOpenNotes();
-    if (failure && loaded < listing.size()) {
-        // An editor of the file that failed: what the file holds is unknown if it cannot be read.
+    if (failure && loaded < listing.size() && FindOpen(listing[loaded].name) != nullptr) {
+        // If the file cannot be read, its contents are unknown.
         const std::string& file = listing[loaded].name;
         Tell(file, FingerprintOf(file).value_or(0));
     }
@@ -243,15 +248,13 @@ void NoteStore::Save(EditedNote& note, const NoteRecord& record) {
             }
         }
     } catch (const forms::RuntimeError&) {
-        // What cannot be read is put aside; that finds out what is wrong.
+        // A file that cannot be read is put aside; that finds out what is wrong.
     }
     const std::string bytes = NoteFile::Encode(record);
-    SafeFile::ReplaceOptions options{.isKnownToDiffer = true};
-    if (exists && (!held || held != note.SeenFingerprint())) {
-        options.beforeRename = [&path] { PutAside(path, ".replaced"); };
-    }
+    const bool isForeign = exists && (!held || held != note.SeenFingerprint());
     Forget(file);
-    SafeFile::ReplaceFile(path, bytes, options);
+    SafeFile::ReplaceFile(path, bytes,
+                          {.isKnownToDiffer = true, .beforeRename = PuttingAside(path, isForeign)});
     const std::uint64_t fingerprint = NoteFile::Fingerprint(bytes);
     note.SawFile(Files().NameOnDisk(path), fingerprint);
     Tell(note.File(), fingerprint, &note);
@@ -261,12 +264,9 @@ void NoteStore::Write(const std::string& file, const NoteRecord& record,
                       NoteFile::TimeField timeField, std::optional<std::uint64_t> known) {
     const std::string bytes = NoteFile::Encode(record, timeField);
     const std::string path = PathOf(file);
-    SafeFile::ReplaceOptions options;
-    if (known && Exists(file) && FingerprintOf(file) != known) {
-        options.beforeRename = [&path] { PutAside(path, ".replaced"); };
-    }
+    const bool isForeign = known && Exists(file) && FingerprintOf(file) != known;
     try {
-        if (SafeFile::ReplaceFile(path, bytes, options)) {
+        if (SafeFile::ReplaceFile(path, bytes, {.beforeRename = PuttingAside(path, isForeign)})) {
             Forget(file);
         }
     } catch (const forms::RuntimeError&) {

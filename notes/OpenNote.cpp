@@ -29,9 +29,9 @@ void OpenNote(int slot) {
     // text that was saved in the other.
     if (const EditedNote* open = Notes().FindOpen(note.file);
         open != nullptr && !open->IsFileOther()) {
-        forms::Form& window = open->Editor().Window();
-        Shared().CurrentNote = window.weak_from_this();
-        BringUp(static_cast<frmNote&>(window));
+        frmNote& editor = WindowOf(*open);
+        Shared().CurrentNote = editor.weak_from_this();
+        BringUp(editor);
         return;
     }
     const auto editor = OpenEditor(note);

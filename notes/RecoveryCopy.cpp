@@ -158,10 +158,7 @@ bool RecoveryCopy::IsDue(When when) const {
            forms::Machine().clock->MonotonicMilliseconds() - *triedAt >= pauseBetweenCopies;
 }
 
-void RecoveryCopy::Keep(const RecoveredNote& note, When when) {
-    if (!IsDue(when)) {
-        return;
-    }
+void RecoveryCopy::Keep(const RecoveredNote& note) {
     triedAt = forms::Machine().clock->MonotonicMilliseconds();
     try {
         const std::string newBytes = Encode(note);

@@ -31,10 +31,10 @@ class RecoveryCopy {
     RecoveryCopy(const RecoveryCopy&) = delete;
     RecoveryCopy& operator=(const RecoveryCopy&) = delete;
 
-    // Whether Keep() would do anything: the last attempt may have been a moment ago.
+    // Whether the last Keep() is long enough ago.
     bool IsDue(When when) const;
     // Writes the copy, unless it is there and holds just that.
-    void Keep(const RecoveredNote& note, When when);
+    void Keep(const RecoveredNote& note);
     // Whether the note that was kept last is on the disk.
     bool IsWritten() const;
     // Removes the copy if there is one.

@@ -63,7 +63,7 @@ class UnsavedNotes {
             return nullptr;
         }
         if (const EditedNote* open = Notes().FindOpen(recovered.file)) {
-            frmNote& editor = EditorIn(*open);
+            frmNote& editor = WindowOf(*open);
             return filled.contains(&editor) ? nullptr : &editor;
         }
         return OpenFile(recovered.file);  // an earlier file has ended the restoring
@@ -74,10 +74,6 @@ class UnsavedNotes {
     static bool IsAsKnown(const RecoveredNote& recovered, const std::string& file) {
         return !NoteStore::Exists(file) || (recovered.isWhole && recovered.base.has_value() &&
                                             NoteStore::FingerprintOf(file) == recovered.base);
-    }
-
-    static frmNote& EditorIn(const EditedNote& note) {
-        return static_cast<frmNote&>(note.Editor().Window());
     }
 
     // The note was saved after all, perhaps when an earlier start had brought it back, and the copy
