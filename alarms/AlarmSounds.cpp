@@ -4,8 +4,8 @@
 
 #include "app/Settings.h"
 #include "app/StandardCode.h"
-#include "forms/Devices.h"
-#include "forms/Text.h"
+#include "base/Text.h"
+#include "forms/Services.h"
 
 namespace AlarmSounds {
 
@@ -18,7 +18,7 @@ std::array<std::string, builtIns.size()> BuiltInPaths() {
 
 bool HasWaveExtension(const std::string& path) {
     constexpr std::size_t extensionLength = 4;
-    const std::string trimmed = forms::Trim(path);
+    const std::string trimmed = base::Trim(path);
     if (trimmed.size() < extensionLength) {
         return false;
     }

@@ -3,10 +3,11 @@
 #include "alarms/StrikeTable.h"
 #include "app/StandardCode.h"
 #include "forms/Devices.h"
+#include "forms/Services.h"
 
 namespace CuckooClock {
 
-int StrikesDue(forms::DateTime now) {
+int StrikesDue(base::DateTime now) {
     return StandardCode::Shared().AlarmSounding ? 0 : StrikeTable::StrikesAt(now.TimeOnly());
 }
 

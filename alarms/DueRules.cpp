@@ -1,7 +1,7 @@
 #include "alarms/DueRules.h"
 
+#include "base/Text.h"
 #include "forms/Devices.h"
-#include "forms/Text.h"
 
 namespace DueRules {
 
@@ -19,34 +19,34 @@ std::string LastCharacters(const std::string& text, int count) {
 
 }  // namespace
 
-AlarmValues ValuesOf(forms::DateTime date, forms::DateTime time) {
+AlarmValues ValuesOf(base::DateTime date, base::DateTime time) {
     const std::string monthAndDay =
         std::to_string(date.Month()) + '/' + std::to_string(date.Day()) + '/';
     const std::string year = std::to_string(date.Year());
-    return {forms::ParseMonthDayYear(monthAndDay + year),
-            forms::ParseMonthDayYear(monthAndDay + LastCharacters(year, 2)),
-            forms::ParseTime(forms::FormatTime24(time))};
+    return {base::ParseMonthDayYear(monthAndDay + year),
+            base::ParseMonthDayYear(monthAndDay + LastCharacters(year, 2)),
+            base::ParseTime(base::FormatTime24(time))};
 }
 
-bool IsEditorAlarmDue(const AlarmValues& values, forms::DateTime now) {
+bool IsEditorAlarmDue(const AlarmValues& values, base::DateTime now) {
     return now.TimeOnly() == values.AlarmTimeOfDay &&
            (now.DateOnly() == values.AlarmDayLong || now.DateOnly() == values.AlarmDayShort);
 }
 
-bool MayRingSoon(const AlarmValues& values, forms::DateTime now) {
+bool MayRingSoon(const AlarmValues& values, base::DateTime now) {
     constexpr std::int64_t soon = 3;
     const std::int64_t since = now.seconds - values.AlarmTimeOfDay.seconds;
-    return ((-since) % forms::secondsPerDay + forms::secondsPerDay) % forms::secondsPerDay <= soon;
+    return ((-since) % base::secondsPerDay + base::secondsPerDay) % base::secondsPerDay <= soon;
 }
 
-bool IsSavedNoteDue(const StandardCode::NoteRecord& note, forms::DateTime now) {
+bool IsSavedNoteDue(const StandardCode::NoteRecord& note, base::DateTime now) {
     return note.AlarmState == "1" && note.AlarmTime == now.TimeOnly() &&
            (note.AlarmDate == now.DateOnly() ||
             ComparisonText(now.DateOnly()) == forms::Machine().locale->GeneralDate(note.AlarmDate));
 }
 
-std::string ComparisonText(forms::DateTime today) {
-    return forms::FormatMonthDayYear(today).substr(0, 5) +
+std::string ComparisonText(base::DateTime today) {
+    return base::FormatMonthDayYear(today).substr(0, 5) +
            LastCharacters(forms::Machine().locale->ShortDate(today), 2);
 }
 

@@ -10,7 +10,7 @@ namespace NoteAlarmsCheck {
 
 using StandardCode::Shared;
 
-Opened DisplayDue(forms::DateTime now) {
+Opened DisplayDue(base::DateTime now) {
     Opened opened;
     for (int slot = 1; slot <= StandardCode::maximumNotes; ++slot) {
         const StandardCode::NoteRecord& note = Shared().NotesArray[slot];

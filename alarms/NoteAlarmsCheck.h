@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "forms/DateTime.h"
+#include "base/DateTime.h"
 
 class frmDisplayNote;
 
@@ -16,7 +16,7 @@ struct Opened {
 };
 
 // Opens a display for each note that is due in this second.
-Opened DisplayDue(forms::DateTime now);
+Opened DisplayDue(base::DateTime now);
 
 // Switches on the sound of the display that was opened last, if a note wants it and no alarm
 // sounds.

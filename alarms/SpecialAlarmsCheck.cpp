@@ -25,7 +25,7 @@ void Ring(std::size_t row) {
 
 }  // namespace
 
-void RingDue(forms::DateTime now) {
+void RingDue(base::DateTime now) {
     for (std::size_t row = 0; row < SpecialAlarmsFile::rowCount; ++row) {
         if (SpecialAlarmsFile::IsDue(SpecialAlarmsFile::SharedRow(row), now)) {
             Ring(row);

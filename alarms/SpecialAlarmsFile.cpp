@@ -5,22 +5,23 @@
 
 #include "app/RecordText.h"
 #include "app/StandardCode.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "forms/Devices.h"
-#include "forms/RuntimeError.h"
-#include "forms/Text.h"
+#include "forms/Services.h"
 
 namespace SpecialAlarmsFile {
 
 namespace {
 
-std::string TimeField(forms::DateTime time) {
-    const std::string date = time.HasDate() ? forms::FormatIsoDate(time) + ' ' : std::string();
-    return '#' + date + forms::FormatTime24(time) + '#';
+std::string TimeField(base::DateTime time) {
+    const std::string date = time.HasDate() ? base::FormatIsoDate(time) + ' ' : std::string();
+    return '#' + date + base::FormatTime24(time) + '#';
 }
 
 struct Reading {
     std::vector<Row> rows;
-    std::optional<forms::RuntimeError> error;  // that ended the reading before the last row
+    std::optional<base::RuntimeError> error;  // that ended the reading before the last row
 };
 
 Reading ReadAll(const std::string& text, std::string (RecordText::Reader::*readMessage)()) {
@@ -32,10 +33,10 @@ Reading ReadAll(const std::string& text, std::string (RecordText::Reader::*readM
             row.Day = reader.Text();
             row.Time = reader.Date();
             row.Message = (reader.*readMessage)();
-            row.Enabled = forms::ToInteger16(reader.Text(), forms::NumberFormat{});
+            row.Enabled = base::ToInteger16(reader.Text(), base::NumberFormat{});
             reading.rows.push_back(row);
         }
-    } catch (const forms::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         reading.error = error;
     }
     return reading;
@@ -52,7 +53,7 @@ std::string Encode(const std::array<Row, rowCount>& rows) {
     for (const Row& row : rows) {
         text += RecordText::Quoted(row.Day) + ',' + TimeField(row.Time) + ',' +
                 RecordText::Quoted(row.Message) + ',' + std::to_string(row.Enabled) +
-                forms::lineBreak;
+                base::lineBreak;
     }
     return RecordText::ToBytes(text);
 }
@@ -69,11 +70,11 @@ void Decode(const std::string& bytes, std::vector<Row>& rows) {
     }
     rows.insert(rows.end(), best.rows.begin(), best.rows.end());
     if (best.error) {
-        throw forms::RuntimeError(*best.error);
+        throw base::RuntimeError(*best.error);
     }
 }
 
-bool IsDue(const Row& row, forms::DateTime now) {
+bool IsDue(const Row& row, base::DateTime now) {
     return row.Enabled == 1 && row.Day == forms::Machine().locale->WeekdayName(now) &&
            row.Time == now.TimeOnly();
 }
@@ -109,7 +110,7 @@ void LoadSpecialAlarms() {
             return;
         }
         SpecialAlarmsFile::Decode(forms::Machine().files->Read(SpecialAlarmsFile::Path()), rows);
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         // What could be read still counts.
     }
     SpecialAlarmsFile::StoreSharedRows(rows);

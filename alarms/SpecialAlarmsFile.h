@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "forms/DateTime.h"
+#include "base/DateTime.h"
 
 // The seven weekly alarms: their file and when they are due.
 namespace SpecialAlarmsFile {
@@ -16,7 +16,7 @@ constexpr std::size_t rowCount = 7;
 
 struct Row {
     std::string Day;  // English weekday name
-    forms::DateTime Time;
+    base::DateTime Time;
     std::string Message;
     std::int16_t Enabled = 0;  // 1: enabled
 
@@ -38,7 +38,7 @@ std::string Encode(const std::array<Row, rowCount>& rows);
 void Decode(const std::string& bytes, std::vector<Row>& rows);
 
 // At this second of the week. A row whose time has a date is never due.
-bool IsDue(const Row& row, forms::DateTime now);
+bool IsDue(const Row& row, base::DateTime now);
 
 // A row of the shared arrays, index 0 to 6.
 Row SharedRow(std::size_t index);

@@ -2,9 +2,9 @@
 
 namespace StrikeTable {
 
-int StrikesAt(forms::DateTime timeOfDay) {
+int StrikesAt(base::DateTime timeOfDay) {
     for (const Entry& entry : entries) {
-        if (forms::ParseTime(entry.time) == timeOfDay) {
+        if (base::ParseTime(entry.time) == timeOfDay) {
             return entry.strikes;
         }
     }

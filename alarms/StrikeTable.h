@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "forms/DateTime.h"
+#include "base/DateTime.h"
 
 // When the cuckoo clock strikes, and how often.
 namespace StrikeTable {
@@ -24,6 +24,6 @@ inline constexpr std::array<Entry, 24> entries{{
 }};
 
 // Strikes at exactly this second; 0 for none. timeOfDay has no date.
-int StrikesAt(forms::DateTime timeOfDay);
+int StrikesAt(base::DateTime timeOfDay);
 
 }  // namespace StrikeTable

@@ -6,9 +6,9 @@
 #include "app/Grid.h"
 #include "app/Settings.h"
 #include "app/StandardCode.h"
-#include "forms/Environment.h"
+#include "base/RuntimeError.h"
 #include "forms/MsgBox.h"
-#include "forms/RuntimeError.h"
+#include "forms/Services.h"
 
 using forms::MsgBox;
 using StandardCode::Shared;
@@ -148,7 +148,7 @@ void frmAlarms::SaveOwnFile() {
 void frmAlarms::SaveAndClose(const std::string& path) {
     try {
         StandardCode::SaveAlarmSetting(path);
-    } catch (const forms::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         MsgBox(std::to_string(error.number()) + " - " + error.description() +
                    "\r\n\r\nThe alarm sound has not been saved.",
                {.icon = forms::BoxIcon::Exclamation}, "Error Saving Alarm Sound");

@@ -6,10 +6,10 @@
 
 #include "app/Grid.h"
 #include "app/SafeFile.h"
+#include "base/RuntimeError.h"
 #include "forms/Devices.h"
-#include "forms/Environment.h"
 #include "forms/MsgBox.h"
-#include "forms/RuntimeError.h"
+#include "forms/Services.h"
 
 using SpecialAlarmsFile::rowCount;
 
@@ -35,7 +35,7 @@ constexpr int timeWidth = 1320;
 constexpr int messageWidth = 3660;
 
 // consequence: what becomes of the alarms.
-void ReportError(const forms::RuntimeError& error, const std::string& consequence,
+void ReportError(const base::RuntimeError& error, const std::string& consequence,
                  const std::string& caption) {
     forms::MsgBox(
         std::to_string(error.number()) + " - " + error.description() + "\r\n\r\n" + consequence,
@@ -164,7 +164,7 @@ void frmSpecialAlarms::ReadSpecialAlarmsFile() {
     std::vector<SpecialAlarmsFile::Row> rows;
     try {
         SpecialAlarmsFile::Decode(disk.Read(SpecialAlarmsFile::Path()), rows);
-    } catch (const forms::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         ReportError(error,
                     "The special alarms that could not be read are shown as they were when they "
                     "were last loaded.",
@@ -216,7 +216,7 @@ void frmSpecialAlarms::cmdSave_Click() {
     }
     try {
         WriteSpecialAlarmsFile();
-    } catch (const forms::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         ReportError(error, "The special alarms have not been saved.",
                     "Error Saving Special Alarms");
         return;

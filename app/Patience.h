@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 // Files that another program holds for a moment: a scanner, a sync client, a backup.
 namespace Patience {
@@ -15,8 +15,8 @@ auto Try(Attempt attempt) {
     for (;;) {
         try {
             return attempt();
-        } catch (const forms::RuntimeError& error) {
-            if (!(error == forms::ErrorNumber::PermissionDenied) || !Wait()) {
+        } catch (const base::RuntimeError& error) {
+            if (!(error == base::ErrorNumber::PermissionDenied) || !Wait()) {
                 throw;
             }
         }

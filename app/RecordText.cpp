@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <optional>
 
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "forms/Devices.h"
-#include "forms/RuntimeError.h"
-#include "forms/Text.h"
 
 namespace RecordText {
 
@@ -15,31 +15,31 @@ constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
 constexpr std::string_view blanks = " \t";
 constexpr std::string_view lineEnds = "\r\n";
 
-forms::DateTime ReadDay(const std::string& day) {
-    return day.find('/') == std::string::npos ? forms::ParseIsoDate(day)
-                                              : forms::ParseMonthDayYear(day);
+base::DateTime ReadDay(const std::string& day) {
+    return day.find('/') == std::string::npos ? base::ParseIsoDate(day)
+                                              : base::ParseMonthDayYear(day);
 }
 
-forms::DateTime ReadDate(std::string_view field) {
-    std::string date = forms::Trim(field);
+base::DateTime ReadDate(std::string_view field) {
+    std::string date = base::Trim(field);
     if (date.size() >= 2 && date.starts_with('#') && date.ends_with('#')) {
-        date = forms::Trim(std::string_view(date).substr(1, date.size() - 2));
+        date = base::Trim(std::string_view(date).substr(1, date.size() - 2));
     }
     const std::size_t blank = date.find(' ');
     const std::size_t separator = date.find_first_of("-/");
     if (separator == std::string::npos) {
-        return forms::ParseTime(date);
+        return base::ParseTime(date);
     }
     if (blank == std::string::npos) {
         return ReadDay(date);
     }
-    return forms::Combine(ReadDay(date.substr(0, blank)), forms::ParseTime(date.substr(blank)));
+    return base::Combine(ReadDay(date.substr(0, blank)), base::ParseTime(date.substr(blank)));
 }
 
 }  // namespace
 
 std::string ToBytes(const std::string& text) {
-    const std::string valid = forms::ToValidUtf8(text);
+    const std::string valid = base::ToValidUtf8(text);
     const std::optional<std::string> ansi = forms::Machine().locale->ToAnsi(valid);
     return ansi ? *ansi : std::string(byteOrderMark) + valid;
 }
@@ -47,7 +47,7 @@ std::string ToBytes(const std::string& text) {
 std::string FromBytes(const std::string& bytes) {
     if (bytes.starts_with(byteOrderMark)) {
         return WithoutZeros(
-            forms::ToValidUtf8(std::string_view(bytes).substr(byteOrderMark.size())));
+            base::ToValidUtf8(std::string_view(bytes).substr(byteOrderMark.size())));
     }
     return WithoutZeros(forms::Machine().locale->FromAnsi(bytes));
 }
@@ -66,7 +66,7 @@ std::string WithLineBreaks(std::string_view text) {
             result += character;
             continue;
         }
-        result += forms::lineBreak;
+        result += base::lineBreak;
         if (character == '\r' && text.substr(position + 1).starts_with('\n')) {
             ++position;
         }
@@ -78,27 +78,27 @@ std::string Quoted(const std::string& text) { return '"' + text + '"'; }
 
 std::string Reader::Text() { return Next().text; }
 
-forms::DateTime Reader::Date() {
+base::DateTime Reader::Date() {
     const Field field = Next();
-    return field.text.empty() && !field.quoted ? forms::DateTime{} : ReadDate(field.text);
+    return field.text.empty() && !field.quoted ? base::DateTime{} : ReadDate(field.text);
 }
 
-forms::DateTime Reader::DateOrZero() {
-    const std::string date = forms::Trim(Next().text);
+base::DateTime Reader::DateOrZero() {
+    const std::string date = base::Trim(Next().text);
     if (date.size() >= 2 && date.starts_with('#') && date.ends_with('#')) {
         return ReadDate(date);
     }
     try {
         return ReadDate(date);
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         return {};
     }
 }
 
 std::int16_t Reader::IntegerOrZero() {
     const std::string number = Next().text;
-    return forms::IsNumeric(number, forms::NumberFormat{})
-               ? forms::ToInteger16(number, forms::NumberFormat{})
+    return base::IsNumeric(number, base::NumberFormat{})
+               ? base::ToInteger16(number, base::NumberFormat{})
                : std::int16_t{0};
 }
 
@@ -142,7 +142,7 @@ bool Reader::StartsWithQuote() {
 Reader::Field Reader::Next() {
     const bool quoted = StartsWithQuote();
     if (position == text.size()) {
-        throw forms::RuntimeError(forms::ErrorNumber::InputPastEndOfFile);
+        throw base::RuntimeError(base::ErrorNumber::InputPastEndOfFile);
     }
     if (quoted) {
         ++position;
@@ -169,7 +169,7 @@ void Reader::SkipBlanks() {
 }
 
 void Reader::SkipDelimiter() {
-    if (text.compare(position, 2, forms::lineBreak) == 0) {
+    if (text.compare(position, 2, base::lineBreak) == 0) {
         position += 2;
     } else if (position < text.size() &&
                std::string_view(",\r\n").find(text[position]) != std::string_view::npos) {

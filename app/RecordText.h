@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "forms/DateTime.h"
+#include "base/DateTime.h"
 
 // The comma-separated records that the program keeps its notes and weekly alarms in: texts between
 // double quotes as they stand, dates and times between number signs, bare integers.
@@ -40,9 +40,9 @@ class Reader {
     std::string TextBeforeLastField();
     // "yyyy-mm-dd", "hh:mm:ss" or both, with or without number signs, quoted or not; nothing at all
     // is the zero date. RuntimeError 13 for anything else.
-    forms::DateTime Date();
+    base::DateTime Date();
     // The same, but a text that is not between number signs is the zero date if it is no date.
-    forms::DateTime DateOrZero();
+    base::DateTime DateOrZero();
     // A text that is no number is 0. RuntimeError 6 if the number does not fit.
     std::int16_t IntegerOrZero();
 

@@ -5,7 +5,7 @@
 
 #include "app/Patience.h"
 #include "app/StandardCode.h"
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace SafeFile {
 
@@ -22,7 +22,7 @@ forms::FileSystem& Files() { return *forms::Machine().files; }
 bool HoldsAlready(const std::string& path, const std::string& bytes) {
     try {
         return Files().FileExists(path) && Files().Read(path) == bytes;
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         return false;  // the writing finds out what is wrong
     }
 }
@@ -46,8 +46,8 @@ std::string WriteTemporary(const std::string& folder, const std::string& bytes,
         try {
             Files().Write(path, bytes, {.mustBeNew = true, .durability = durability});
             return path;
-        } catch (const forms::RuntimeError& error) {
-            const bool isTaken = error == forms::ErrorNumber::FileAlreadyExists;
+        } catch (const base::RuntimeError& error) {
+            const bool isTaken = error == base::ErrorNumber::FileAlreadyExists;
             if (!isTaken) {
                 DeleteIfPossible(path);
             }
@@ -99,7 +99,7 @@ bool ReplaceFile(const std::string& path, const std::string& bytes, const Replac
         }
         const auto rename = [&] { Files().Replace(temporary, target, options.durability); };
         options.isPatient ? Patience::Try(rename) : rename();
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         if (!options.beforeRename || Files().FileExists(target)) {
             DeleteIfPossible(temporary);
         }
@@ -126,7 +126,7 @@ void MarkInUse(const std::string& folder) {
         if (auto lock = Files().Lock(LockPath(folder, forms::Machine().system->InstanceId()))) {
             locks[folder] = std::move(lock);
         }
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         // Without the lock, another program may take this one for ended; the next call tries again.
     }
 }
@@ -138,7 +138,7 @@ bool IsInUseBy(const std::string& folder, const std::string& instanceId) {
     try {
         return Files().FolderExists(folder) &&
                Files().Lock(LockPath(folder, instanceId)) == nullptr;
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         return false;
     }
 }
@@ -152,7 +152,7 @@ std::vector<std::string> FindLeftovers(const std::string& folder) {
                 paths.push_back(folder + '\\' + entry.name);
             }
         }
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         // The windows that read the folder report it.
     }
     return paths;
@@ -169,7 +169,7 @@ void DeleteIfPossible(const std::string& path) {
         if (Files().FileExists(path)) {
             Files().Delete(path);
         }
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         // The next start tries again.
     }
 }

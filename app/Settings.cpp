@@ -2,9 +2,10 @@
 
 #include <limits>
 
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "forms/Devices.h"
-#include "forms/RuntimeError.h"
-#include "forms/Text.h"
+#include "forms/Services.h"
 
 namespace Settings {
 
@@ -21,12 +22,12 @@ std::int16_t ReadInteger(const std::string& section, const std::string& key, int
     const std::string value = Read(section, key, defaultValue);
     try {
         return forms::ToInteger16(value);
-    } catch (const forms::RuntimeError& error) {
-        if (!(error == forms::ErrorNumber::Overflow)) {
+    } catch (const base::RuntimeError& error) {
+        if (!(error == base::ErrorNumber::Overflow)) {
             throw;
         }
         using Limits = std::numeric_limits<std::int16_t>;
-        return forms::Trim(value).starts_with('-') ? Limits::min() : Limits::max();
+        return base::Trim(value).starts_with('-') ? Limits::min() : Limits::max();
     }
 }
 

@@ -1,6 +1,6 @@
 #include "app/StandardCode.h"
 
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace StandardCode {
 
@@ -8,7 +8,7 @@ namespace {
 
 std::size_t IndexOf(int slot) {
     if (slot < 1 || slot > maximumNotes) {
-        throw forms::RuntimeError(forms::ErrorNumber::SubscriptOutOfRange);
+        throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange);
     }
     return static_cast<std::size_t>(slot - 1);
 }

@@ -7,10 +7,10 @@
 #include <set>
 #include <string>
 
+#include "base/DateTime.h"
+#include "base/Signal.h"
 #include "forms/Color.h"
-#include "forms/DateTime.h"
 #include "forms/Devices.h"
-#include "forms/Event.h"
 
 // The values that the whole program shares. All belong to the user-interface thread. An operation
 // of this module that needs a window is declared, in this namespace, by the file of its own
@@ -25,8 +25,8 @@ constexpr int maximumNotes = 100;
 struct NoteRecord {
     std::string Title;
     std::string Text;
-    forms::DateTime AlarmDate;
-    forms::DateTime AlarmTime;
+    base::DateTime AlarmDate;
+    base::DateTime AlarmTime;
     std::int16_t ColorIndex = 0;
     std::int16_t FontSize = 0;
     std::string AlarmState;  // "1" set, "0" not set
@@ -81,7 +81,7 @@ struct SharedValues {
 
     // The weekly alarms, rows 0 to 6.
     std::array<std::string, 7> SpecialAlarmDay;
-    std::array<forms::DateTime, 7> SpecialAlarmTime;
+    std::array<base::DateTime, 7> SpecialAlarmTime;
     std::array<std::string, 7> SpecialAlarmMessage;
     std::array<std::int16_t, 7> SpecialAlarmEnabled{};
 };
@@ -92,20 +92,20 @@ void Reset();
 // How a lower window reaches a higher one.
 struct SharedEvents {
     // The notes array was rebuilt; NoteCount holds the count.
-    forms::Event<> NotesArrayLoaded;
+    base::Signal<> NotesArrayLoaded;
     // An editor or a display was closed: unload the control panel, load it again so that the array
     // and its list are rebuilt, and leave it hidden, show it, or unload it once more.
     enum class PanelAction { Reload, ReloadAndShow, Show, UnloadIfVisible, LoadAndUnload };
-    forms::Event<PanelAction> ControlPanel;
+    base::Signal<PanelAction> ControlPanel;
     // The box for a new note's title is to have the focus.
-    forms::Event<> FocusNoteTitle;
+    base::Signal<> FocusNoteTitle;
     // Asks for the help file (help command 9) and for the About box.
-    forms::Event<> ShowHelp;
-    forms::Event<> ShowAbout;
+    base::Signal<> ShowHelp;
+    base::Signal<> ShowAbout;
     // Switches off the main window's check of the sound file.
-    forms::Event<> StopSoundCheck;
+    base::Signal<> StopSoundCheck;
     // The main window, where there is one, puts its icon into the argument.
-    forms::Event<forms::Picture&> MainIconWanted;
+    base::Signal<forms::Picture&> MainIconWanted;
 };
 
 SharedEvents& Events();

@@ -1,6 +1,6 @@
 #include "app/TrayMessages.h"
 
-#include "forms/Text.h"
+#include "base/Text.h"
 
 namespace TrayMessages {
 
@@ -15,16 +15,16 @@ std::string FixedTip(const std::string& caption) {
     std::size_t length = 0;
     for (std::size_t position = 0; position < caption.size();) {
         const std::size_t start = position;
-        forms::NextCharacter(caption, position);
+        base::NextCharacter(caption, position);
         const std::string character = caption.substr(start, position - start);
-        length += forms::Utf16Length(character);
+        length += base::Utf16Length(character);
         if (length >= tipLength) {
             break;
         }
         tip += character;
     }
     tip.push_back('\0');
-    tip.append(tipLength - forms::Utf16Length(tip), ' ');
+    tip.append(tipLength - base::Utf16Length(tip), ' ');
     return tip;
 }
 

@@ -1,7 +1,7 @@
 #include "app/dlgMsgBox.h"
 
-#include "forms/Environment.h"
 #include "forms/Runtime.h"
+#include "forms/Services.h"
 
 void dlgMsgBox::Design() {
     caption = "Dialog Caption";

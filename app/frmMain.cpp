@@ -11,9 +11,9 @@
 #include "app/StandardCode.h"
 #include "app/dlgMsgBox.h"
 #include "app/frmOptions.h"
-#include "forms/Environment.h"
 #include "forms/MsgBox.h"
 #include "forms/Runtime.h"
+#include "forms/Services.h"
 #include "info/frmAbout.h"
 #include "info/frmTip.h"
 #include "notes/CreateNote.h"
@@ -177,7 +177,7 @@ void frmMain::cmdMakeNote_Click() {
         txtNoteTitle.SetFocus();
         Shared().NoteFlag = 0;
         cmdHideMe_Click();
-    } catch (const forms::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         MsgBox("Error Creating New Note. " + error.description() + "      ",
                {.icon = forms::BoxIcon::Critical}, "Note Error");
     }
@@ -233,7 +233,7 @@ int frmMain::OpenInBrowser(const std::string& document) {
             MsgBox("Unable to open file!", {.icon = forms::BoxIcon::Exclamation}, "Attention");
         }
         return result;
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         MsgBox("Could Not Open Default Browser", {}, "Browser Error");
         return 0;
     }

@@ -3,13 +3,14 @@
 #include "alarms/NoteAlarmsCheck.h"
 #include "alarms/SpecialAlarmsCheck.h"
 #include "app/frmMain.h"
+#include "forms/Services.h"
 
 // The main window's two clocks: alarms and the cuckoo.
 
 void frmMain::tmrNow_Timer() {
     Bell::ClearAlarmSounding();
     // One second for all checks, however long the opening of windows takes.
-    const forms::DateTime now = forms::Now();
+    const base::DateTime now = forms::Now();
     const NoteAlarmsCheck::Opened opened = NoteAlarmsCheck::DisplayDue(now);
     SpecialAlarmsCheck::RingDue(now);
     NoteAlarmsCheck::StartSound(opened);

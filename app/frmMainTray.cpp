@@ -1,6 +1,6 @@
 #include "app/TrayMessages.h"
 #include "app/frmMain.h"
-#include "forms/Environment.h"
+#include "forms/Services.h"
 
 // The main window's life between the desktop and the notification area.
 

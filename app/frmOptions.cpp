@@ -5,10 +5,10 @@
 #include "app/Grid.h"
 #include "app/Settings.h"
 #include "app/StandardCode.h"
+#include "base/RuntimeError.h"
 #include "forms/Devices.h"
-#include "forms/Environment.h"
 #include "forms/MsgBox.h"
-#include "forms/RuntimeError.h"
+#include "forms/Services.h"
 
 namespace Options = Settings::Options;
 
@@ -180,7 +180,7 @@ void frmOptions::cmdApply_Click() {
     try {
         WriteSettings();
         UpdateStartupLink();
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         forms::MsgBox("Unable to create startup link.       ",
                       {.icon = forms::BoxIcon::Exclamation}, "Startup Link Error");
         return;

@@ -36,7 +36,7 @@ function(jotwright_add_tests name shards)
     endforeach()
 endfunction()
 
-jotwright_sources(test_sources tests/forms tests/forms/headless tests/app tests/notes tests/alarms
+jotwright_sources(test_sources tests/base tests/forms tests/forms/headless tests/app tests/notes tests/alarms
                   tests/tools tests/info)
 jotwright_sources(support_sources tests/support)
 set_source_files_properties(tests/info/frmAboutTest.cpp tests/info/frmSplashTest.cpp PROPERTIES

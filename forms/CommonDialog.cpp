@@ -1,6 +1,6 @@
 #include "forms/CommonDialog.h"
 
-#include "forms/Environment.h"
+#include "forms/Services.h"
 
 namespace forms {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "base/RuntimeError.h"
 #include "forms/Form.h"
 #include "forms/Runtime.h"
-#include "forms/RuntimeError.h"
 
 namespace forms {
 
@@ -61,7 +61,7 @@ void TextBox::MarkTyped() {
 
 CheckBox::CheckValue& CheckBox::CheckValue::operator=(int newValue) {
     if (newValue < 0 || newValue > 2) {
-        throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+        throw base::RuntimeError(base::ErrorNumber::InvalidPropertyValue);
     }
     Property<int>::operator=(newValue);
     return *this;
@@ -112,7 +112,7 @@ void ListView::SetText(Row& row, const std::string& columnKey, const std::string
         return candidate.key == columnKey;
     });
     if (column == columns.end()) {
-        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+        throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange);
     }
     row.texts.resize(std::max(row.texts.size(), columns.size()));
     row.texts[static_cast<std::size_t>(column - columns.begin())] = text;
@@ -120,12 +120,12 @@ void ListView::SetText(Row& row, const std::string& columnKey, const std::string
 
 void ListView::InsertRow(std::size_t position, Row row) {
     if (position > rows.size()) {
-        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+        throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange);
     }
     if (!row.key.empty() && std::any_of(rows.begin(), rows.end(), [&row](const Row& other) {
             return other.key == row.key;
         })) {
-        throw RuntimeError(ErrorNumber::KeyNotUnique);
+        throw base::RuntimeError(base::ErrorNumber::KeyNotUnique);
     }
     rows.insert(rows.begin() + static_cast<std::ptrdiff_t>(position), std::move(row));
     if (selectedRow >= static_cast<int>(position)) {
@@ -136,7 +136,7 @@ void ListView::InsertRow(std::size_t position, Row row) {
 
 void ListView::RemoveRow(std::size_t position) {
     if (position >= rows.size()) {
-        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+        throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange);
     }
     rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(position));
     if (selectedRow == static_cast<int>(position)) {

@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/DateTime.h"
 #include "forms/Control.h"
-#include "forms/DateTime.h"
 #include "forms/Devices.h"
 #include "forms/ImageList.h"
 
@@ -214,7 +214,7 @@ class DateTimePicker : public Control {
     DateTimePicker(Form* parent, const char* controlName, int arrayIndex = 0)
         : Control(parent, ControlKind::DateTimePicker, controlName), index(arrayIndex) {}
     const int index;
-    Property<DateTime> value{*this, Aspect::Value};
+    Property<base::DateTime> value{*this, Aspect::Value};
     Property<std::string> customFormat{*this, Aspect::Format};  // "h:mm tt"; empty: short date
     Property<bool> upDown{*this, Aspect::Format, false};
     ClickHandler Change;

@@ -1,7 +1,5 @@
 #include "forms/Devices.h"
 
-#include "forms/Runtime.h"
-
 namespace forms {
 
 Devices& Machine() {
@@ -9,25 +7,7 @@ Devices& Machine() {
     return devices;
 }
 
-// Every device is set before the runtime starts, which the analyzer cannot see.
-// NOLINTBEGIN(clang-analyzer-core.CallAndMessage)
-DateTime Now() {
-    if (Runtime::Exists()) {
-        if (const auto moment = Runtime::Current().timers.Moment()) {
-            return *moment;
-        }
-    }
-    return Machine().clock->Now();
-}
-
-DateTime Today() { return Now().DateOnly(); }
-
-std::string ApplicationPath(const std::string& relative) {
-    return Machine().system->ApplicationFolder() + relative;
-}
-// NOLINTEND(clang-analyzer-core.CallAndMessage)
-
-std::string Locale::GeneralDate(DateTime value) {
+std::string Locale::GeneralDate(base::DateTime value) {
     if (!value.HasDate()) {
         return TimeText(value);
     }

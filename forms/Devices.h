@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "forms/DateTime.h"
-#include "forms/Numbers.h"
+#include "base/DateTime.h"
+#include "base/Numbers.h"
 
 // The program's doors to the machine, one small interface each. The real ones live beside the real
 // stage; the recorded ones beside the headless stage. All are called on the user-interface thread
@@ -20,7 +20,7 @@ class Clock {
   public:
     virtual ~Clock() = default;
     // The wall clock: local date and time of day, whole seconds.
-    virtual DateTime Now() = 0;
+    virtual base::DateTime Now() = 0;
     // Milliseconds into the current second of the wall clock, 0 to 999.
     virtual int MillisecondOfSecond() = 0;
     // Milliseconds from some fixed moment; never goes back, whatever happens to the wall clock.
@@ -170,21 +170,21 @@ class Pictures {
 class Locale {
   public:
     virtual ~Locale() = default;
-    virtual std::string ShortDate(DateTime value) = 0;    // "5/14/2004"
-    virtual std::string TimeText(DateTime value) = 0;     // "9:30:00 AM"
-    virtual std::string WeekdayName(DateTime value) = 0;  // "Friday"
-    virtual NumberFormat Numbers() = 0;
+    virtual std::string ShortDate(base::DateTime value) = 0;    // "5/14/2004"
+    virtual std::string TimeText(base::DateTime value) = 0;     // "9:30:00 AM"
+    virtual std::string WeekdayName(base::DateTime value) = 0;  // "Friday"
+    virtual base::NumberFormat Numbers() = 0;
     virtual std::string ToUpper(const std::string& text) = 0;
     // The system's ANSI code page. ToAnsi is empty where a character does not fit.
     virtual std::optional<std::string> ToAnsi(const std::string& utf8) = 0;
     virtual std::string FromAnsi(const std::string& bytes) = 0;
     // Date and time as one text: short date, blank, time; the date alone where the time is
     // midnight, the time alone where the date is the zero date.
-    std::string GeneralDate(DateTime value);
+    std::string GeneralDate(base::DateTime value);
 
   private:
     // A hundred clocks show the same second.
-    DateTime lastMoment;
+    base::DateTime lastMoment;
     std::string lastMomentText;
 };
 
@@ -219,12 +219,5 @@ struct Devices {
 
 // The devices that the program runs on.
 Devices& Machine();
-
-// What the handlers ask most often.
-DateTime Now();    // date and time; in a tick of a polling timer that tick's, see Timer
-DateTime Today();  // date only
-// "C:\\Jotwright" + "\\logo.ico": a path below the application folder. relative begins with a
-// backslash.
-std::string ApplicationPath(const std::string& relative);
 
 }  // namespace forms

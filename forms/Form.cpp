@@ -53,7 +53,7 @@ void Form::Load() {
     }
     try {
         Form_Load();
-    } catch (const RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         // A form that failed to load is not there; whoever asked for it hears why.
         Discard();
         throw;

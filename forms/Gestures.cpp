@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "forms/Environment.h"
 #include "forms/Runtime.h"
+#include "forms/Services.h"
 
 namespace forms::gestures {
 
@@ -119,7 +119,7 @@ void Select(ListView& listView, int row) {
     }
 }
 
-void Pick(DateTimePicker& picker, DateTime value) {
+void Pick(DateTimePicker& picker, base::DateTime value) {
     if (CanUse(picker) && picker.value() != value) {
         Raise(picker.form, [&picker, value] {
             picker.value = value;

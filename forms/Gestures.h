@@ -23,7 +23,7 @@ void Typed(TextBox& textBox);  // real: the content is fetched when read
 void Select(ComboBox& comboBox, int index);
 void Select(ListBox& listBox, int index);
 void Select(ListView& listView, int row);
-void Pick(DateTimePicker& picker, DateTime value);
+void Pick(DateTimePicker& picker, base::DateTime value);
 void Focus(Control& control);
 
 // Keys that belong to the form. Enter where no button has the focus; Escape, which closes a dialog

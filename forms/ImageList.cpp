@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace forms {
 
 int ImageList::IndexOf(std::string_view key) const {
     const auto found = Find(key);
     if (found == images.end()) {
-        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+        throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange);
     }
     return static_cast<int>(found - images.begin());
 }

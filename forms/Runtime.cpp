@@ -64,10 +64,10 @@ void Runtime::Dispatch(Form* form, const std::function<void()>& handler) {
     try {
         try {
             handler();
-        } catch (const RuntimeError& error) {
+        } catch (const base::RuntimeError& error) {
             ReportAndEnd(error);
         } catch (const std::bad_alloc&) {
-            ReportAndEnd(RuntimeError(ErrorNumber::OutOfMemory));
+            ReportAndEnd(base::RuntimeError(base::ErrorNumber::OutOfMemory));
         }
     } catch (const ProgramEnded&) {
         // Every pump on the stack is returning; its callers leave their handlers in turn.
@@ -103,7 +103,7 @@ void Runtime::EndNow() {
     stage.Quit();
 }
 
-void Runtime::ReportAndEnd(const RuntimeError& error) {
+void Runtime::ReportAndEnd(const base::RuntimeError& error) {
     failing = true;
     BoxRequest request;
     request.text =
@@ -115,7 +115,7 @@ void Runtime::ReportAndEnd(const RuntimeError& error) {
     if (onFatalError && !ended) {
         try {
             onFatalError();
-        } catch (const RuntimeError&) {
+        } catch (const base::RuntimeError&) {
             // Nothing more can be done for what failed twice; the rest still ends in order.
         } catch (const std::bad_alloc&) {
             // As above.

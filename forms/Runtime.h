@@ -8,8 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "forms/Form.h"
-#include "forms/RuntimeError.h"
 #include "forms/Stage.h"
 #include "forms/TimerQueue.h"
 
@@ -89,7 +89,7 @@ class Runtime {
     void AddLoaded(Form& form);
     void RemoveLoaded(Form& form);
     void MarkDirty(Form& form);
-    void ReportAndEnd(const RuntimeError& error);
+    void ReportAndEnd(const base::RuntimeError& error);
     void EndNow();
     // leaving is hidden, minimised or unloaded: another form becomes active.
     void ActivateNext(const Form& leaving);

@@ -24,7 +24,7 @@ std::int64_t MonotonicNow() { return Machine().clock->MonotonicMilliseconds(); }
 std::int64_t WallNow() {
     Clock& clock = *Machine().clock;
     for (;;) {
-        const DateTime before = clock.Now();
+        const base::DateTime before = clock.Now();
         const int millisecond = clock.MillisecondOfSecond();
         if (clock.Now() == before) {
             return before.seconds * second + millisecond;
@@ -197,7 +197,7 @@ void TimerQueue::RunDue() {
         timer->seenSecond = shown;
         timer->running = true;
         if (timer->phase == TimerPhase::ClockSecond) {
-            tickTime = DateTime{shown};
+            tickTime = base::DateTime{shown};
         }
         runtime.Rearm();
         runtime.Dispatch(&timer->form, [timer] {

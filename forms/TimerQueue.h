@@ -5,7 +5,7 @@
 #include <optional>
 #include <set>
 
-#include "forms/DateTime.h"
+#include "base/DateTime.h"
 
 namespace forms {
 
@@ -39,7 +39,7 @@ class TimerQueue {
 
     // The time of the tick whose handler runs, if it is one of a polling timer and has not let
     // events in; this makes it do so.
-    std::optional<DateTime> Moment() const { return tickTime; }
+    std::optional<base::DateTime> Moment() const { return tickTime; }
     void LeaveMoment() { tickTime.reset(); }
 
     // The wall clock is to be read again, see WallAt.
@@ -74,7 +74,7 @@ class TimerQueue {
 
     std::set<Timer*, Earlier> queue;
     std::uint64_t lastSequence = 0;
-    std::optional<DateTime> tickTime;
+    std::optional<base::DateTime> tickTime;
     // Monotonic time of some middle of a second. The ticks of all polling timers lie on a grid
     // through it, so that those for one second are due together. Not known before the first of them
     // starts.

@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "forms/headless/HeadlessLocale.h"
 #include "notes/NoteFile.h"
 
@@ -30,10 +30,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     StandardCode::NoteRecord record;
     try {
         NoteFile::Decode(std::string(data, data + size), record);
-    } catch (const forms::RuntimeError& error) {
-        if (!(error == forms::ErrorNumber::InputPastEndOfFile) &&
-            !(error == forms::ErrorNumber::TypeMismatch) &&
-            !(error == forms::ErrorNumber::Overflow)) {
+    } catch (const base::RuntimeError& error) {
+        if (!(error == base::ErrorNumber::InputPastEndOfFile) &&
+            !(error == base::ErrorNumber::TypeMismatch) &&
+            !(error == base::ErrorNumber::Overflow)) {
             std::abort();
         }
         return 0;

@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "forms/Text.h"
+#include "base/Text.h"
 #include "forms/headless/HeadlessDevices.h"
 #include "forms/headless/HeadlessLocale.h"
 #include "forms/headless/MemoryFiles.h"
@@ -18,7 +18,7 @@ void Check(bool holds) {
 }
 
 bool CanBeShown(const std::string& text) {
-    return forms::ToValidUtf8(text) == text && text.find('\0') == std::string::npos;
+    return base::ToValidUtf8(text) == text && text.find('\0') == std::string::npos;
 }
 
 }  // namespace

@@ -4,8 +4,9 @@
 
 #include "alarms/AlarmSounds.h"
 #include "app/Settings.h"
-#include "forms/RuntimeError.h"
-#include "forms/Text.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "forms/Services.h"
 #include "forms/headless/HeadlessSettings.h"
 
 namespace {
@@ -36,8 +37,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Check(forms::IsNumeric(value));
         Settings::Write(Settings::Options::section, Settings::Options::defaultColor, number);
         Check(read() == number);
-    } catch (const forms::RuntimeError& error) {
-        Check(error == forms::ErrorNumber::TypeMismatch && !forms::IsNumeric(value));
+    } catch (const base::RuntimeError& error) {
+        Check(error == base::ErrorNumber::TypeMismatch && !forms::IsNumeric(value));
     }
     return 0;
 }

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "alarms/SpecialAlarmsFile.h"
+#include "base/RuntimeError.h"
 #include "forms/Devices.h"
-#include "forms/RuntimeError.h"
 #include "forms/headless/HeadlessLocale.h"
 
 namespace {
@@ -35,11 +35,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::vector<Row> rows;
     try {
         SpecialAlarmsFile::Decode(std::string(data, data + size), rows);
-    } catch (const forms::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         if (rows.size() >= SpecialAlarmsFile::rowCount ||
-            (!(error == forms::ErrorNumber::InputPastEndOfFile) &&
-             !(error == forms::ErrorNumber::TypeMismatch) &&
-             !(error == forms::ErrorNumber::Overflow))) {
+            (!(error == base::ErrorNumber::InputPastEndOfFile) &&
+             !(error == base::ErrorNumber::TypeMismatch) &&
+             !(error == base::ErrorNumber::Overflow))) {
             std::abort();
         }
         return 0;

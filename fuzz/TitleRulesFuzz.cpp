@@ -2,8 +2,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "forms/RuntimeError.h"
-#include "forms/Text.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "forms/headless/HeadlessDevices.h"
 #include "forms/headless/HeadlessLocale.h"
 #include "forms/headless/MemoryFiles.h"
@@ -24,11 +24,11 @@ void Check(bool holds) {
 bool Save(const std::string& title) {
     StandardCode::NoteRecord record;
     record.Title = title;
-    record.AlarmDate = forms::DateTime::FromDate(2004, 5, 14);
+    record.AlarmDate = base::DateTime::FromDate(2004, 5, 14);
     try {
         StandardCode::Notes().Write(NoteStore::FileNameFor(title), record);
         return true;
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         return false;
     }
 }
@@ -46,7 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     forms::Machine().system = &system;
     forms::Machine().files = &files;
 
-    const std::string title = forms::ToValidUtf8(std::string(data, data + size));
+    const std::string title = base::ToValidUtf8(std::string(data, data + size));
     StandardCode::Reset();
     const TitleRules::Verdict verdict = TitleRules::Check(title, false);
     Check(verdict.rule >= 0 && verdict.rule <= 10);

@@ -4,8 +4,8 @@
 
 #include "app/Grid.h"
 #include "app/ProductTexts.h"
-#include "forms/Environment.h"
-#include "forms/Text.h"
+#include "base/Text.h"
+#include "forms/Services.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ std::string AboutText() {
     };
     std::string text;
     for (const std::string& line : lines) {
-        text += line + forms::lineBreak;
+        text += line + base::lineBreak;
     }
     return text +
            "This computer program is protected by copyright laws. Unauthorized reproduction or "

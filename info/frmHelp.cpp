@@ -1,7 +1,7 @@
 #include "info/frmHelp.h"
 
 #include "app/Grid.h"
-#include "forms/Environment.h"
+#include "forms/Services.h"
 
 void frmHelp::Design() {
     caption = "Jotwright Help";

@@ -3,7 +3,7 @@
 #include "app/Grid.h"
 #include "app/Settings.h"
 #include "app/StandardCode.h"
-#include "forms/Environment.h"
+#include "forms/Services.h"
 
 namespace {
 

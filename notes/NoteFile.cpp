@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "app/RecordText.h"
-#include "forms/Text.h"
+#include "base/Text.h"
 
 namespace NoteFile {
 
@@ -86,13 +86,13 @@ std::optional<Places> FindPlaces(std::string_view text) {
 
 std::string Compose(const StandardCode::NoteRecord& record, TimeField timeField) {
     const std::string time = timeField == TimeField::Time
-                                 ? '#' + forms::FormatTime24(record.AlarmTime) + '#'
+                                 ? '#' + base::FormatTime24(record.AlarmTime) + '#'
                                  : Quoted("#12:00#");
     return Quoted(record.Title) + ',' + Quoted(record.Text) + ",#" +
-           forms::FormatIsoDate(record.AlarmDate) + "#," + time + ',' +
+           base::FormatIsoDate(record.AlarmDate) + "#," + time + ',' +
            std::to_string(record.ColorIndex) + ',' + std::to_string(record.FontSize) + ',' +
            Quoted(record.AlarmState) + ',' + std::to_string(record.AudioAlarm) + ",\"yes\"" +
-           forms::lineBreak;
+           base::lineBreak;
 }
 
 std::string Encode(const StandardCode::NoteRecord& record, TimeField timeField) {
@@ -123,8 +123,7 @@ void Decode(const std::string& bytes, StandardCode::NoteRecord& record) {
 }
 
 bool IsWhole(const std::string& bytes) {
-    return bytes.ends_with(forms::lineBreak) &&
-           FindPlaces(RecordText::FromBytes(bytes)).has_value();
+    return bytes.ends_with(base::lineBreak) && FindPlaces(RecordText::FromBytes(bytes)).has_value();
 }
 
 std::uint64_t Fingerprint(const std::string& bytes) {

@@ -1,8 +1,8 @@
 #include "notes/NotePrinting.h"
 
+#include "base/RuntimeError.h"
 #include "forms/Devices.h"
 #include "forms/MsgBox.h"
-#include "forms/RuntimeError.h"
 
 namespace StandardCode {
 
@@ -21,7 +21,7 @@ bool PrintDocument(const std::string& title, const std::string& text) {
         printer.Print(text);
         printer.EndDocument();
         return true;
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         return false;
     }
 }
@@ -29,7 +29,7 @@ bool PrintDocument(const std::string& title, const std::string& text) {
 void Abandon() {
     try {
         forms::Machine().printer->AbandonDocument();
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         // There was no document, or its printer is gone: the box tells the user enough.
     }
 }

@@ -7,6 +7,7 @@
 #include "app/SafeFile.h"
 #include "forms/MsgBox.h"
 #include "forms/Runtime.h"
+#include "forms/Services.h"
 #include "notes/EditedNote.h"
 
 using StandardCode::NoteRecord;
@@ -46,7 +47,7 @@ bool SaysTheSame(const std::string& bytes, const NoteRecord& record) {
     NoteRecord held;
     try {
         NoteFile::Decode(bytes, held);
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         return false;
     }
     held.Text = RecordText::WithLineBreaks(held.Text);
@@ -63,7 +64,7 @@ bool IsTitleInAnyFile(const std::string& title) {
             if (NoteStore::Read(file.name).record.Title == title) {
                 return true;
             }
-        } catch (const forms::RuntimeError&) {
+        } catch (const base::RuntimeError&) {
             // Whatever this file is, it is not found by a title.
         }
     }
@@ -79,10 +80,10 @@ std::vector<forms::FileEntry> NoteStore::List() {
 bool NoteStore::Load() {
     int slot = 1;
     bool isComplete = false;
-    std::optional<forms::RuntimeError> failure;
+    std::optional<base::RuntimeError> failure;
     try {
         isComplete = LoadSlots(slot);
-    } catch (const forms::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         failure = error;
     }
     for (int rest = slot; rest <= StandardCode::maximumNotes; ++rest) {
@@ -94,7 +95,7 @@ bool NoteStore::Load() {
         const std::string& file = listing[loaded].name;
         Tell(file, FingerprintOf(file).value_or(0));
     }
-    if (!failure || *failure == forms::ErrorNumber::SubscriptOutOfRange) {
+    if (!failure || *failure == base::ErrorNumber::SubscriptOutOfRange) {
         Shared().NoteCount = static_cast<std::int16_t>(slot - 1);
         StandardCode::Events().NotesArrayLoaded.Raise();
     }
@@ -111,12 +112,12 @@ bool NoteStore::LoadSlots(int& slot) {
     listing = List();
     for (const forms::FileEntry& file : listing) {
         if (slot > StandardCode::maximumNotes) {
-            throw forms::RuntimeError(forms::ErrorNumber::SubscriptOutOfRange);
+            throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange);
         }
         try {
             LoadSlot(slot, file, before);
-        } catch (const forms::RuntimeError& error) {
-            if (!(error == forms::ErrorNumber::InputPastEndOfFile)) {
+        } catch (const base::RuntimeError& error) {
+            if (!(error == base::ErrorNumber::InputPastEndOfFile)) {
                 // What could be read of it stays: its title is taken.
                 ++slot;
                 throw;
@@ -152,7 +153,7 @@ void NoteStore::LoadSlot(int slot, const forms::FileEntry& file,
     parsed[file.name] = {file.size, file.changed, NoteFile::Fingerprint(bytes), record};
 }
 
-void NoteStore::Report(const forms::RuntimeError& error) {
+void NoteStore::Report(const base::RuntimeError& error) {
     if (quiet > 0) {
         return;
     }
@@ -160,7 +161,7 @@ void NoteStore::Report(const forms::RuntimeError& error) {
         reportedListing = listing;
         reported.clear();
     }
-    if (error == forms::ErrorNumber::SubscriptOutOfRange) {
+    if (error == base::ErrorNumber::SubscriptOutOfRange) {
         const std::uint64_t action = forms::Runtime::Current().CurrentAction().number;
         if (std::exchange(fullReportedIn, action) == action) {
             return;
@@ -211,7 +212,7 @@ std::optional<std::uint64_t> NoteStore::FingerprintOf(const std::string& file) {
     try {
         return Exists(file) ? std::optional(NoteFile::Fingerprint(Files().Read(PathOf(file))))
                             : std::nullopt;
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         return std::nullopt;
     }
 }
@@ -247,7 +248,7 @@ void NoteStore::Save(EditedNote& note, const NoteRecord& record) {
                 return;
             }
         }
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         // A file that cannot be read is put aside; that finds out what is wrong.
     }
     const std::string bytes = NoteFile::Encode(record);
@@ -269,7 +270,7 @@ void NoteStore::Write(const std::string& file, const NoteRecord& record,
         if (SafeFile::ReplaceFile(path, bytes, {.beforeRename = PuttingAside(path, isForeign)})) {
             Forget(file);
         }
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         Forget(file);
         throw;
     }
@@ -297,7 +298,7 @@ void NoteStore::AdoptLeftovers() {
                 }
             }
             SafeFile::DeleteIfPossible(path);
-        } catch (const forms::RuntimeError&) {
+        } catch (const base::RuntimeError&) {
             // The file stays for the next start.
         }
     }
@@ -378,8 +379,8 @@ bool ReportWriteErrors(const std::function<void()>& saving) {
     try {
         saving();
         return true;
-    } catch (const forms::RuntimeError& error) {
-        if (!(error == forms::ErrorNumber::KeyNotUnique)) {
+    } catch (const base::RuntimeError& error) {
+        if (!(error == base::ErrorNumber::KeyNotUnique)) {
             forms::MsgBox(std::to_string(error.number()) + " - " + error.description(), {},
                           "WriteNote Sub Error");
         }

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "app/StandardCode.h"
+#include "base/RuntimeError.h"
 #include "forms/Devices.h"
-#include "forms/RuntimeError.h"
 #include "notes/NoteFile.h"
 
 class EditedNote;
@@ -108,7 +108,7 @@ class NoteStore {
     // Returns whether all listed notes were loaded; raises the error that ended the loading.
     bool LoadSlots(int& slot);
     void LoadSlot(int slot, const forms::FileEntry& file, std::map<std::string, Parsed>& before);
-    void Report(const forms::RuntimeError& error);
+    void Report(const base::RuntimeError& error);
     void TellOpenNotes();
     void Tell(const std::string& file, std::optional<std::uint64_t> fingerprint,
               const EditedNote* except = nullptr);

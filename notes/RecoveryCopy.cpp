@@ -5,9 +5,9 @@
 
 #include "app/RecordText.h"
 #include "app/SafeFile.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "forms/Devices.h"
-#include "forms/RuntimeError.h"
-#include "forms/Text.h"
 #include "notes/NoteFile.h"
 #include "notes/NoteStore.h"
 
@@ -32,7 +32,7 @@ std::string StemOf(const std::string& title) {
     std::size_t position = 0;
     while (position < title.size() && stem.size() < shownOfTitle) {
         const std::size_t start = position;
-        const char32_t character = forms::NextCharacter(title, position);
+        const char32_t character = base::NextCharacter(title, position);
         if (character < U' ' ||
             (character < 0x80 && refused.find(static_cast<char>(character)) != std::string::npos)) {
             stem += '_';
@@ -95,7 +95,7 @@ class CopyReader {
         }
         const std::string_view text = bytes.substr(0, static_cast<std::size_t>(*length));
         bytes.remove_prefix(text.size() + lineEnd.size());
-        return RecordText::WithoutZeros(forms::ToValidUtf8(text));
+        return RecordText::WithoutZeros(base::ToValidUtf8(text));
     }
 
     std::string_view Rest() const { return bytes; }
@@ -140,9 +140,9 @@ std::optional<Decoded> Decode(const std::string& bytes) {
     decoded.note.base = Number(*base, 16);
     decoded.note.isWhole = Number(*checksum, 16) == NoteFile::Fingerprint(contents);
     try {
-        NoteFile::Parse(RecordText::WithoutZeros(forms::ToValidUtf8(std::string(reader.Rest()))),
+        NoteFile::Parse(RecordText::WithoutZeros(base::ToValidUtf8(std::string(reader.Rest()))),
                         decoded.note.record);
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         decoded.note.isWhole = false;
     }
     decoded.note.record.Title = *title;
@@ -173,7 +173,7 @@ void RecoveryCopy::Keep(const RecoveredNote& note) {
                               {.durability = forms::Durability::Cached, .isPatient = false});
         bytes = newBytes;
         written = true;
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         written = false;
     }
 }
@@ -189,7 +189,7 @@ void RecoveryCopy::Remove() {
             Files().Delete(path);
         }
         Forget();
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         // The path stays in use, so that the next call tries again.
         written = false;
     }
@@ -201,7 +201,7 @@ void RecoveryCopy::Recycle() {
     }
     try {
         Files().Recycle(path);
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         // The copy stays for the next start.
     }
     Forget();
@@ -241,7 +241,7 @@ std::vector<RecoveredNote> RecoveryCopy::Find() {
                 decoded->note.path = path;
                 found.push_back(std::move(decoded->note));
             }
-        } catch (const forms::RuntimeError&) {
+        } catch (const base::RuntimeError&) {
             // The others can still be saved.
         }
     }

@@ -5,9 +5,9 @@
 #include <set>
 
 #include "app/SafeFile.h"
-#include "forms/Environment.h"
+#include "base/RuntimeError.h"
 #include "forms/MsgBox.h"
-#include "forms/RuntimeError.h"
+#include "forms/Services.h"
 #include "notes/EditedNote.h"
 #include "notes/NoteStore.h"
 #include "notes/OpenEditor.h"
@@ -91,7 +91,7 @@ class UnsavedNotes {
     static frmNote* OpenFile(const std::string& file) {
         try {
             return RestoreNote(NoteStore::Read(file)).get();
-        } catch (const forms::RuntimeError&) {
+        } catch (const base::RuntimeError&) {
             return nullptr;  // the file cannot be read; the unsaved note can
         }
     }
@@ -128,7 +128,7 @@ class UnsavedNotes {
 void ReportLoadErrors(const std::function<void()>& loading) {
     try {
         loading();
-    } catch (const forms::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         forms::MsgBox(error.description(), {}, "Error Loading File");
     }
 }

@@ -2,7 +2,8 @@
 
 #include <array>
 
-#include "forms/Text.h"
+#include "base/Text.h"
+#include "forms/Services.h"
 
 namespace TitleRules {
 
@@ -39,7 +40,7 @@ Verdict Check(const std::string& title, bool isTaken) {
         return {2, "mascot_error.gif", "  Note Title Error",
                 "Please Enter A Title For Your Note.\r\n", true};
     }
-    if (forms::Trim(title).empty()) {
+    if (base::Trim(title).empty()) {
         return {3, "", "", "", true};
     }
     for (const ForbiddenCharacter& forbidden : forbiddenCharacters) {

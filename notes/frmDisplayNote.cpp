@@ -7,10 +7,10 @@
 #include "app/RecordText.h"
 #include "app/Settings.h"
 #include "app/StandardCode.h"
-#include "forms/Environment.h"
+#include "base/Text.h"
 #include "forms/MsgBox.h"
 #include "forms/Runtime.h"
-#include "forms/Text.h"
+#include "forms/Services.h"
 #include "notes/NotePrinting.h"
 
 using StandardCode::Shared;
@@ -161,7 +161,7 @@ std::optional<StoredNote> frmDisplayNote::SavedMeanwhile() const {
     try {
         StoredNote saved = NoteStore::Read(file);
         return saved.record == shown ? std::nullopt : std::optional(std::move(saved));
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         return std::nullopt;  // the writing finds out what is wrong
     }
 }
@@ -201,7 +201,7 @@ bool frmDisplayNote::WriteSilenced(StandardCode::NoteRecord& note) {
 
 bool frmDisplayNote::Write(StandardCode::NoteRecord& note, NoteFile::TimeField timeField) {
     return StandardCode::ReportWriteErrors([&] {
-        note.Title = forms::Trim(caption());
+        note.Title = base::Trim(caption());
         StandardCode::Notes().Write(file, note, timeField, fingerprint);
     });
 }

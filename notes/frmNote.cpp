@@ -4,10 +4,10 @@
 
 #include "app/Settings.h"
 #include "app/TrayMessages.h"
-#include "forms/Environment.h"
+#include "base/Text.h"
 #include "forms/MsgBox.h"
 #include "forms/Runtime.h"
-#include "forms/Text.h"
+#include "forms/Services.h"
 #include "notes/NotePrinting.h"
 #include "notes/NoteStore.h"
 
@@ -33,10 +33,10 @@ void frmNote::Form_Load() {
     dtTime.upDown = true;
     icon = forms::LoadPicture(forms::ApplicationPath("\\note.ico"));
     dtDate.value = forms::Today();
-    dtTime.value = forms::DateTime::FromTime(12, 0, 0);
+    dtTime.value = base::DateTime::FromTime(12, 0, 0);
     tmrNow.enabled = true;
     tmrNow.interval = 1000;
-    lblSysTime.caption = std::string("Date and Time is ") + forms::lineBreak + DateTimeText() + '.';
+    lblSysTime.caption = std::string("Date and Time is ") + base::lineBreak + DateTimeText() + '.';
     Events().ControlPanel.Raise(PanelAction::UnloadIfVisible);
 }
 
@@ -45,7 +45,7 @@ void frmNote::Form_Activate() {
     if (edited.IsOpen() && txtNote.text() != edited.SavedRecord().Text) {
         NoteChanged = true;
     }
-    TextLengthAtActivate = forms::Utf16Length(txtNote.text());
+    TextLengthAtActivate = base::Utf16Length(txtNote.text());
 }
 
 void frmNote::Form_Resize() { Arrange(); }
@@ -134,7 +134,7 @@ void frmNote::SaveBeforeTheEnd() {
         if (!IsUntouched()) {
             SaveFile();
         }
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         KeepForNextStart();
     }
 }
@@ -213,7 +213,7 @@ void frmNote::RecycleUnsaved() {
 
 void frmNote::CloseThroughPanel(bool& cancel) {
     Events().ControlPanel.Raise(PanelAction::Reload);
-    if (forms::Utf16Length(txtNote.text()) != TextLengthAtActivate) {
+    if (base::Utf16Length(txtNote.text()) != TextLengthAtActivate) {
         NoteChanged = true;
     }
     if (NoteChanged && !NoteErased) {
@@ -318,7 +318,7 @@ void frmNote::SaveThisNote() {
 
 void frmNote::tmrNow_Timer() {
     lblSysTime.caption =
-        std::string("System Date and Time is ") + forms::lineBreak + DateTimeText() + '.';
+        std::string("System Date and Time is ") + base::lineBreak + DateTimeText() + '.';
     ComputeAlarmValues();
     RestUntilTheAlarm();
     KeepRecoveryCopy(RecoveryCopy::When::AtMostEveryTwoSeconds);
@@ -383,12 +383,12 @@ void frmNote::mnuKill_Click() {
     }
     try {
         edited.Erase();
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         // Whatever became of the file, the window goes.
     }
     try {
         Unload();
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         // As above: erasing reports nothing.
     }
 }

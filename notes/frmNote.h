@@ -188,7 +188,7 @@ class frmNote : public forms::Form, public NoteEditor {
     std::size_t TextLengthAtActivate = 0;
     DueRules::AlarmValues alarmValues;
     // The date and the time that they were computed from.
-    std::optional<std::pair<forms::DateTime, forms::DateTime>> alarmValuesOf;
+    std::optional<std::pair<base::DateTime, base::DateTime>> alarmValuesOf;
 
     EditedNote edited{*this};
 };

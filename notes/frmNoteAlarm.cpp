@@ -2,9 +2,9 @@
 #include <functional>
 
 #include "alarms/Bell.h"
-#include "forms/Environment.h"
 #include "forms/MsgBox.h"
 #include "forms/Runtime.h"
+#include "forms/Services.h"
 #include "notes/frmNote.h"
 
 // The editor's alarm: set, cleared, due.
@@ -35,7 +35,7 @@ forms::Picture frmNote::AlarmIcon() {
 bool frmNote::IsAlarmSet() const { return cmdAlarm.caption() == turnOffAlarm; }
 
 void frmNote::ComputeAlarmValues() {
-    const std::pair<forms::DateTime, forms::DateTime> picked{dtDate.value, dtTime.value};
+    const std::pair<base::DateTime, base::DateTime> picked{dtDate.value, dtTime.value};
     if (alarmValuesOf != picked) {
         alarmValues = DueRules::ValuesOf(picked.first, picked.second);
         alarmValuesOf = picked;
@@ -114,8 +114,8 @@ void frmNote::PresentAlarm(const forms::Picture& alarmIcon) {
 }
 
 void frmNote::FillCalendar() {
-    const forms::DateTime date = dtDate.value;
-    const std::string month = forms::EnglishMonthName(date.Month());
+    const base::DateTime date = dtDate.value;
+    const std::string month = base::EnglishMonthName(date.Month());
     if (!month.empty()) {
         lblCalMonth.caption = month;
     }

@@ -9,12 +9,12 @@
 
 #include "app/Grid.h"
 #include "app/StandardCode.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "forms/Devices.h"
-#include "forms/Environment.h"
 #include "forms/MsgBox.h"
 #include "forms/Runtime.h"
-#include "forms/RuntimeError.h"
-#include "forms/Text.h"
+#include "forms/Services.h"
 #include "notes/EditedNote.h"
 #include "notes/NoteEditor.h"
 #include "notes/NoteStore.h"
@@ -149,7 +149,7 @@ void frmViewNotes::ListNotes() {
             }
             rows.push_back(std::move(row));
             files.push_back(file.name);
-        } catch (const forms::RuntimeError&) {
+        } catch (const base::RuntimeError&) {
             // A file that cannot be read has no row; rebuilding the array has reported it or will.
         }
     }
@@ -195,7 +195,7 @@ void frmViewNotes::EnableActions(bool enable) {
 
 std::size_t frmViewNotes::SelectedPlace() const {
     if (lvwNotes.SelectedRow() < 0) {
-        throw forms::RuntimeError(forms::ErrorNumber::SubscriptOutOfRange);
+        throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange);
     }
     return static_cast<std::size_t>(lvwNotes.SelectedRow());
 }
@@ -267,7 +267,7 @@ void frmViewNotes::cmdRemove_Click() {
         }
         EnableActions(false);
         lvwNotes.SetFocus();
-    } catch (const forms::RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         forms::MsgBox("Please Select A File To Remove.", {.icon = forms::BoxIcon::Critical},
                       "Error Occured Removing Note");
     }

@@ -72,7 +72,7 @@ build() {
 start_display() {
     local number="$1/display-number"
     rm -f "$number"
-    setsid Xvfb -displayfd 3 -screen 0 "${2:-1280x1024}x24" -dpi 96 -nolisten tcp \
+    setsid Xvfb -displayfd 3 -screen 0 "${2:-1280x1024}x24" -dpi 96 -nolisten tcp -noreset \
         3>"$number" >"$1/xvfb.log" 2>&1 </dev/null &
     started+=("$!")
     wait_for 60 test -s "$number" || die "Xvfb did not start, see $1/xvfb.log"

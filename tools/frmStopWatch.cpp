@@ -5,9 +5,9 @@
 #include <string>
 
 #include "app/Grid.h"
+#include "base/Text.h"
 #include "forms/Devices.h"
-#include "forms/Environment.h"
-#include "forms/Text.h"
+#include "forms/Services.h"
 
 void frmStopWatch::Design() {
     caption = "Novelty Stop Watch";
@@ -94,7 +94,7 @@ void frmStopWatch::cmdStop_Click() {
 }
 
 void frmStopWatch::cmdSave_Click() {
-    SaveCount = forms::ToInteger16(SaveCount + 1.0);
+    SaveCount = base::ToInteger16(SaveCount + 1.0);
     forms::ListView::Row row{.key = "", .image = ilsTime.IndexOf("run"), .texts = {}};
     lvwTime.SetText(row, "run", "   #" + std::to_string(SaveCount));
     lvwTime.SetText(row, "time", lblTime.caption);
@@ -115,7 +115,7 @@ void frmStopWatch::tmrMain_Timer() {
     // A negative date-time value has the time of day of its absolute value: that is what is shown
     // after the wall clock was put back behind the start.
     const std::int64_t elapsed = std::abs(forms::Now().seconds - StartTime.seconds);
-    lblTime.caption = forms::FormatTime24(forms::DateTime{elapsed});
+    lblTime.caption = base::FormatTime24(base::DateTime{elapsed});
 }
 
 void frmStopWatch::mnuFileSave_Click() { cmdSave_Click(); }

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "forms/DateTime.h"
+#include "base/DateTime.h"
 #include "forms/Form.h"
 
 // A stop watch with a list of the runs that the user kept. Closing it discards the list.
@@ -28,7 +28,7 @@ class frmStopWatch : public forms::Form {
     forms::Menu sepFile{this, mnuFile, "sepFile"};
     forms::Menu mnuExit{this, mnuFile, "mnuExit"};
 
-    forms::DateTime StartTime;   // of the current run, by the wall clock
+    base::DateTime StartTime;    // of the current run, by the wall clock
     bool TimeSaved = false;      // a run was saved since the window was loaded
     std::int16_t SaveCount = 0;  // runs saved since the window was loaded or the list cleared
 

@@ -15,7 +15,7 @@
 
 namespace {
 
-using forms::DateTime;
+using base::DateTime;
 using StandardCode::NoteRecord;
 using StandardCode::Shared;
 
@@ -57,7 +57,7 @@ struct Stand {
     std::string usualBytes = NoteFile::Encode(usual);
     std::string largeBytes = NoteFile::Encode(large);
     DueRules::AlarmValues values = DueRules::ValuesOf(usual.AlarmDate, usual.AlarmTime);
-    DateTime now = forms::Combine(usual.AlarmDate, DateTime::FromTime(9, 29, 59));
+    DateTime now = base::Combine(usual.AlarmDate, DateTime::FromTime(9, 29, 59));
     std::array<SpecialAlarmsFile::Row, SpecialAlarmsFile::rowCount> weekly;
     std::string weeklyBytes;
     int saving = 0;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "forms/Text.h"
+#include "base/Text.h"
 
 namespace forms::headless {
 
@@ -62,7 +62,7 @@ bool RecordedTray::Delete(const TrayRecord& record) {
 std::string RecordedPrinter::Document::Text() const {
     std::string text;
     for (const Line& line : lines) {
-        text += line.text + lineBreak;
+        text += line.text + base::lineBreak;
     }
     return text;
 }
@@ -98,7 +98,7 @@ void RecordedPrinter::FailAt(int call) {
 void RecordedPrinter::Count() {
     ++calls;
     if (failingCall != 0 && calls >= failingCall) {
-        throw RuntimeError(ErrorNumber::PrinterError);
+        throw base::RuntimeError(base::ErrorNumber::PrinterError);
     }
 }
 
@@ -112,7 +112,7 @@ RecordedPrinter::Document& RecordedPrinter::Current() {
 int RecordedShell::Open(const std::string& document, const std::string& workingFolder) {
     opened.push_back({document, workingFolder});
     if (error) {
-        throw RuntimeError(*error);
+        throw base::RuntimeError(*error);
     }
     return result;
 }
@@ -120,16 +120,16 @@ int RecordedShell::Open(const std::string& document, const std::string& workingF
 void RecordedShell::ShowHelp(const std::string& helpFile, int command) {
     helpShown.push_back({helpFile, command});
     if (error) {
-        throw RuntimeError(*error);
+        throw base::RuntimeError(*error);
     }
 }
 
 Picture RecordedPictures::Load(const std::string& path) {
     if (!files.FileExists(path)) {
-        throw RuntimeError(ErrorNumber::FileNotFound);
+        throw base::RuntimeError(base::ErrorNumber::FileNotFound);
     }
     if (noPictures.count(path) != 0) {
-        throw RuntimeError(ErrorNumber::InvalidPicture);
+        throw base::RuntimeError(base::ErrorNumber::InvalidPicture);
     }
     loaded.push_back(path);
     const auto found = sizes.find(path);

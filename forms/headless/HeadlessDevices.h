@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "forms/Devices.h"
-#include "forms/RuntimeError.h"
 #include "forms/headless/VirtualClock.h"
 
 // Devices that record what they are asked and do what a test tells them.
@@ -23,7 +23,7 @@ class RecordedSound : public Sound {
     struct Entry {
         Kind kind;
         std::string path;  // empty for Stop
-        DateTime at;
+        base::DateTime at;
         std::int64_t moment;  // monotonic milliseconds
     };
 
@@ -113,7 +113,7 @@ class RecordedShell : public Shell {
     void ShowHelp(const std::string& helpFile, int command) override;
 
     int result = 33;
-    std::optional<ErrorNumber> error;  // raised by either call, after it is recorded
+    std::optional<base::ErrorNumber> error;  // raised by either call, after it is recorded
     std::vector<Opened> opened;
     std::vector<Help> helpShown;
 };

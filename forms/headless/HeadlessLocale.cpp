@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <stdexcept>
 
-#include "forms/Text.h"
+#include "base/Text.h"
 
 namespace forms::headless {
 
@@ -26,7 +26,7 @@ std::string Padded(int value, std::size_t width) {
 
 }  // namespace
 
-std::string HeadlessLocale::FormatLike(const std::string& format, DateTime value) const {
+std::string HeadlessLocale::FormatLike(const std::string& format, base::DateTime value) const {
     std::string result;
     for (std::size_t i = 0; i < format.size();) {
         const char letter = format[i];
@@ -73,11 +73,13 @@ std::string HeadlessLocale::FormatLike(const std::string& format, DateTime value
     return result;
 }
 
-std::string HeadlessLocale::ShortDate(DateTime value) { return FormatLike(shortDateFormat, value); }
+std::string HeadlessLocale::ShortDate(base::DateTime value) {
+    return FormatLike(shortDateFormat, value);
+}
 
-std::string HeadlessLocale::TimeText(DateTime value) { return FormatLike(timeFormat, value); }
+std::string HeadlessLocale::TimeText(base::DateTime value) { return FormatLike(timeFormat, value); }
 
-std::string HeadlessLocale::WeekdayName(DateTime value) {
+std::string HeadlessLocale::WeekdayName(base::DateTime value) {
     return weekdayNames[static_cast<std::size_t>(value.Weekday())];
 }
 
@@ -86,7 +88,7 @@ std::string HeadlessLocale::ToUpper(const std::string& text) { return UpperCase(
 std::optional<std::string> HeadlessLocale::ToAnsi(const std::string& utf8) {
     std::string bytes;
     for (std::size_t position = 0; position < utf8.size();) {
-        const char32_t character = NextCharacter(utf8, position);
+        const char32_t character = base::NextCharacter(utf8, position);
         const auto* const special = std::find(windows1252.begin(), windows1252.end(), character);
         if (character < 0x80 || (character >= 0xa0 && character <= 0xff)) {
             bytes += static_cast<char>(character);
@@ -104,7 +106,7 @@ std::string HeadlessLocale::FromAnsi(const std::string& bytes) {
     for (const char byte : bytes) {
         const auto code = static_cast<std::uint8_t>(byte);
         const bool isSpecial = code >= 0x80 && code <= 0x9f;
-        AppendCharacter(text, isSpecial ? windows1252[code - 0x80U] : char32_t{code});
+        base::AppendCharacter(text, isSpecial ? windows1252[code - 0x80U] : char32_t{code});
     }
     return text;
 }
@@ -117,9 +119,9 @@ std::string UpperCase(std::string_view utf8) {
     std::string upper;
     upper.reserve(utf8.size());
     for (std::size_t position = 0; position < utf8.size();) {
-        const char32_t character = NextCharacter(utf8, position);
-        AppendCharacter(upper,
-                        static_cast<char32_t>(towupper_l(static_cast<wint_t>(character), unicode)));
+        const char32_t character = base::NextCharacter(utf8, position);
+        base::AppendCharacter(
+            upper, static_cast<char32_t>(towupper_l(static_cast<wint_t>(character), unicode)));
     }
     return upper;
 }

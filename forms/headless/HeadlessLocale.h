@@ -20,18 +20,18 @@ class HeadlessLocale : public Locale {
     std::array<std::string, 7> weekdayNames{"Sunday",   "Monday", "Tuesday", "Wednesday",
                                             "Thursday", "Friday", "Saturday"};
 
-    NumberFormat numbers;
+    base::NumberFormat numbers;
 
-    std::string ShortDate(DateTime value) override;
-    std::string TimeText(DateTime value) override;
-    std::string WeekdayName(DateTime value) override;
-    NumberFormat Numbers() override { return numbers; }
+    std::string ShortDate(base::DateTime value) override;
+    std::string TimeText(base::DateTime value) override;
+    std::string WeekdayName(base::DateTime value) override;
+    base::NumberFormat Numbers() override { return numbers; }
     std::string ToUpper(const std::string& text) override;
     std::optional<std::string> ToAnsi(const std::string& utf8) override;
     std::string FromAnsi(const std::string& bytes) override;
 
   private:
-    std::string FormatLike(const std::string& format, DateTime value) const;
+    std::string FormatLike(const std::string& format, base::DateTime value) const;
 };
 
 // Each character to its simple upper-case form; what the file system compares names by.

@@ -4,9 +4,9 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "base/Text.h"
 #include "forms/Gestures.h"
 #include "forms/Runtime.h"
-#include "forms/Text.h"
 
 namespace forms::headless {
 
@@ -263,7 +263,7 @@ Size HeadlessStage::MeasureText(const Form& /*form*/, const std::string& text, i
     int column = 0;
     int widest = 0;
     for (std::size_t position = 0; position < text.size();) {
-        const char32_t character = NextCharacter(text, position);
+        const char32_t character = base::NextCharacter(text, position);
         if (character == U'\n') {
             ++lines;
             column = 0;

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "forms/Text.h"
+#include "base/Text.h"
 #include "forms/headless/HeadlessLocale.h"
 
 namespace forms::headless {
@@ -15,10 +15,10 @@ namespace {
 constexpr std::size_t longestName = 255;  // UTF-16 units
 constexpr std::size_t longestPath = 259;
 
-[[noreturn]] void Fail(ErrorNumber number) { throw RuntimeError(number); }
+[[noreturn]] void Fail(base::ErrorNumber number) { throw base::RuntimeError(number); }
 
 bool IsReservedName(std::string_view name) {
-    const std::string base = UpperCase(Trim(name.substr(0, name.find('.'))));
+    const std::string base = UpperCase(base::Trim(name.substr(0, name.find('.'))));
     if (base.size() == 4 && (base.starts_with("COM") || base.starts_with("LPT"))) {
         return base[3] >= '1' && base[3] <= '9';
     }
@@ -33,7 +33,7 @@ bool IsValidName(std::string_view name) {
                std::string_view("*?\"<>|:").find(c) != std::string_view::npos;
     });
     const bool hasOnlyDots = name.find_first_not_of('.') == std::string_view::npos;
-    return !hasOnlyDots && !hasBadCharacter && Utf16Length(name) <= longestName &&
+    return !hasOnlyDots && !hasBadCharacter && base::Utf16Length(name) <= longestName &&
            !IsReservedName(name);
 }
 
@@ -66,7 +66,7 @@ struct MemoryFiles::Place {
             path.pop_back();
         }
         if (path.size() < 2 || path[1] != ':' || (path.size() > 2 && path[2] != '\\')) {
-            Fail(ErrorNumber::BadFileName);
+            Fail(base::ErrorNumber::BadFileName);
         }
         key = UpperCase(path.substr(0, 2));
         for (std::size_t start = 3; start <= path.size();) {
@@ -76,13 +76,13 @@ struct MemoryFiles::Place {
                 name.pop_back();
             }
             if (!IsValidName(name)) {
-                Fail(ErrorNumber::BadFileName);
+                Fail(base::ErrorNumber::BadFileName);
             }
             key += '\\' + UpperCase(name);
             start = end + 1;
         }
-        if (Utf16Length(key) > longestPath) {
-            Fail(ErrorNumber::PathNotFound);
+        if (base::Utf16Length(key) > longestPath) {
+            Fail(base::ErrorNumber::PathNotFound);
         }
     }
 
@@ -95,14 +95,14 @@ MemoryFiles::MemoryFiles() { PutFolder("C:"); }
 bool MemoryFiles::FolderExists(const std::string& path) try {
     const Node* node = dead ? nullptr : Find(Place(path).key);
     return node != nullptr && node->isFolder;
-} catch (const RuntimeError&) {
+} catch (const base::RuntimeError&) {
     return false;
 }
 
 bool MemoryFiles::FileExists(const std::string& path) try {
     const Node* node = dead ? nullptr : Find(Place(path).key);
     return node != nullptr && !node->isFolder;
-} catch (const RuntimeError&) {
+} catch (const base::RuntimeError&) {
     return false;
 }
 
@@ -111,7 +111,7 @@ void MemoryFiles::MakeFolder(const std::string& path) {
     const Place place(path);
     CheckParent(place, true);
     if (Find(place.key) != nullptr) {
-        Fail(ErrorNumber::PathFileAccessError);
+        Fail(base::ErrorNumber::PathFileAccessError);
     }
     Step([&] { PutFolder(path); }, [] {});
 }
@@ -155,7 +155,7 @@ void MemoryFiles::Write(const std::string& path, const std::string& bytes, Write
     log.push_back("write " + path);
     const Place place(path);
     if (options.mustBeNew && Find(place.key) != nullptr) {
-        Fail(ErrorNumber::FileAlreadyExists);
+        Fail(base::ErrorNumber::FileAlreadyExists);
     }
     WriteSteps(place, bytes, options.durability);
 }
@@ -225,7 +225,7 @@ std::unique_ptr<FileLock> MemoryFiles::Lock(const std::string& path) {
     const std::string key = Place(path).key;
     const Node* folder = Find(FolderKey(key));
     if (dead || folder == nullptr || !folder->isFolder) {
-        Fail(ErrorNumber::PathNotFound);
+        Fail(base::ErrorNumber::PathNotFound);
     }
     return locks->insert(key).second ? std::make_unique<MemoryLock>(locks, key) : nullptr;
 }
@@ -295,7 +295,7 @@ void MemoryFiles::SetLocked(const std::string& path, bool locked) {
     }
 }
 
-void MemoryFiles::FailAt(int step, ErrorNumber number) {
+void MemoryFiles::FailAt(int step, base::ErrorNumber number) {
     ClearFaults();
     faultStep = step;
     fault = number;
@@ -334,13 +334,13 @@ MemoryFiles::Node& MemoryFiles::FindFile(const Place& place) {
     CheckParent(place, false);
     Node* node = Find(place.key);
     if (node == nullptr) {
-        Fail(ErrorNumber::FileNotFound);
+        Fail(base::ErrorNumber::FileNotFound);
     }
     if (node->isFolder) {
-        Fail(ErrorNumber::PathFileAccessError);
+        Fail(base::ErrorNumber::PathFileAccessError);
     }
     if (node->denied) {
-        Fail(ErrorNumber::PermissionDenied);
+        Fail(base::ErrorNumber::PermissionDenied);
     }
     return *node;
 }
@@ -348,13 +348,13 @@ MemoryFiles::Node& MemoryFiles::FindFile(const Place& place) {
 void MemoryFiles::CheckParent(const Place& place, bool changing) const {
     const Node* folder = Find(FolderKey(place.key));
     if (folder == nullptr || !folder->isFolder) {
-        Fail(ErrorNumber::PathNotFound);
+        Fail(base::ErrorNumber::PathNotFound);
     }
     if (folder->denied) {
-        Fail(ErrorNumber::PermissionDenied);
+        Fail(base::ErrorNumber::PermissionDenied);
     }
     if (changing && folder->readOnly) {
-        Fail(ErrorNumber::PathFileAccessError);
+        Fail(base::ErrorNumber::PathFileAccessError);
     }
 }
 
@@ -362,10 +362,10 @@ void MemoryFiles::CheckWritable(const Place& place) const {
     const Node* node = Find(place.key);
     CheckParent(place, node == nullptr);
     if (node != nullptr && (node->isFolder || node->readOnly)) {
-        Fail(ErrorNumber::PathFileAccessError);
+        Fail(base::ErrorNumber::PathFileAccessError);
     }
     if (node != nullptr && node->denied) {
-        Fail(ErrorNumber::PermissionDenied);
+        Fail(base::ErrorNumber::PermissionDenied);
     }
 }
 
@@ -373,7 +373,7 @@ void MemoryFiles::CheckRemovable(const Place& place) {
     const Node& node = FindFile(place);
     CheckParent(place, true);
     if (node.readOnly) {
-        Fail(ErrorNumber::PathFileAccessError);
+        Fail(base::ErrorNumber::PathFileAccessError);
     }
 }
 
@@ -389,7 +389,7 @@ void MemoryFiles::Resize(Node& file, const std::string& bytes) {
     file.changed = ++clock;
     if (!fits) {
         unflushed.reset();
-        Fail(ErrorNumber::DiskFull);
+        Fail(base::ErrorNumber::DiskFull);
     }
 }
 

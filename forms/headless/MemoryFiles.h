@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "forms/Devices.h"
-#include "forms/RuntimeError.h"
 
 namespace forms::headless {
 
@@ -70,7 +70,7 @@ class MemoryFiles : public FileSystem {
     void SetRecycleBin(bool present) { hasRecycleBin = present; }
 
     // The step with this number from now on fails; a failing write leaves half of its bytes.
-    void FailAt(int step, ErrorNumber number);
+    void FailAt(int step, base::ErrorNumber number);
     // The program is killed at the step with this number from now on: Killed is thrown. A write
     // that was not flushed is torn: its second half is zeros. An atomic step that is killed in its
     // middle did not happen. Until Restart() nothing is found on the disk and changes are ignored.
@@ -125,7 +125,7 @@ class MemoryFiles : public FileSystem {
     std::vector<std::string> log;
     int steps = 0;
     int faultStep = 0;
-    std::optional<ErrorNumber> fault;
+    std::optional<base::ErrorNumber> fault;
     Moment killMoment = Moment::Before;
     bool killing = false;
     bool dead = false;

@@ -199,7 +199,7 @@ void User::Select(ListView& listView, int row) {
     }
 }
 
-void User::Pick(DateTimePicker& picker, DateTime value) {
+void User::Pick(DateTimePicker& picker, base::DateTime value) {
     if (Reach("pick in " + NameOf(picker), picker) && TakeFocus(picker)) {
         gestures::Pick(picker, value);
     }

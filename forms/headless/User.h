@@ -32,7 +32,7 @@ class User {
     void Select(ComboBox& comboBox, const std::string& item);
     void Select(ListBox& listBox, int index);
     void Select(ListView& listView, int row);
-    void Pick(DateTimePicker& picker, DateTime value);
+    void Pick(DateTimePicker& picker, base::DateTime value);
 
     // From the menu bar.
     void Choose(Menu& entry);

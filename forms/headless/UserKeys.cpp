@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/Text.h"
 #include "forms/AccessKeys.h"
 #include "forms/Gestures.h"
 #include "forms/Runtime.h"
-#include "forms/Text.h"
 #include "forms/headless/User.h"
 
 namespace forms::headless {
@@ -30,7 +30,7 @@ void User::PressEnter() {
     } else if (focus != nullptr && focus->kind == ControlKind::TextBox &&
                static_cast<TextBox*>(focus)->multiLine) {
         auto& textBox = static_cast<TextBox&>(*focus);
-        Type(textBox, textBox.text() + lineBreak);
+        Type(textBox, textBox.text() + base::lineBreak);
     } else {
         if (form->DefaultButton() == nullptr) {
             Fail("press Enter", std::string("no button of ") + form->name + " listens to it");

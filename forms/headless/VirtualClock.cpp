@@ -18,16 +18,16 @@ std::int64_t WholeSeconds(std::int64_t milliseconds) {
 }  // namespace
 
 VirtualClock::VirtualClock() {
-    SetNow(Combine(DateTime::FromDate(2004, 5, 14), DateTime::FromTime(9, 0, 0)));
+    SetNow(base::Combine(base::DateTime::FromDate(2004, 5, 14), base::DateTime::FromTime(9, 0, 0)));
 }
 
-DateTime VirtualClock::Now() { return DateTime{WholeSeconds(wall)}; }
+base::DateTime VirtualClock::Now() { return base::DateTime{WholeSeconds(wall)}; }
 
 int VirtualClock::MillisecondOfSecond() {
     return static_cast<int>(wall - WholeSeconds(wall) * thousand);
 }
 
-void VirtualClock::SetNow(DateTime now, int millisecond) {
+void VirtualClock::SetNow(base::DateTime now, int millisecond) {
     wall = now.seconds * thousand + millisecond;
 }
 

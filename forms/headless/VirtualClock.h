@@ -4,7 +4,7 @@
 #include <functional>
 #include <optional>
 
-#include "forms/Devices.h"
+#include "forms/Services.h"
 
 namespace forms::headless {
 
@@ -15,13 +15,13 @@ class VirtualClock : public Clock {
     // Friday, 14 May 2004, 9:00:00.
     VirtualClock();
 
-    DateTime Now() override;
+    base::DateTime Now() override;
     int MillisecondOfSecond() override;
     std::int64_t MonotonicMilliseconds() override { return monotonic; }
 
     // Sets the wall clock before a program starts; nothing is told of it. A running program's clock
     // is changed with HeadlessStage::Jump.
-    void SetNow(DateTime now, int millisecond = 0);
+    void SetNow(base::DateTime now, int millisecond = 0);
     void MoveWallClock(std::int64_t seconds, std::int64_t milliseconds = 0);
 
     // Lets time pass: both clocks go on, and every alarm that falls due on the way is given at its

@@ -66,9 +66,9 @@ class DateTimePickerPeer : public Peer {
 
     void Adopt(const SYSTEMTIME& time) {
         if (ShowsTime()) {
-            gestures::Pick(picker, DateTime::FromTime(time.wHour, time.wMinute, 0));
-        } else if (DateTime::IsValidDate(time.wYear, time.wMonth, time.wDay)) {
-            gestures::Pick(picker, DateTime::FromDate(time.wYear, time.wMonth, time.wDay));
+            gestures::Pick(picker, base::DateTime::FromTime(time.wHour, time.wMinute, 0));
+        } else if (base::DateTime::IsValidDate(time.wYear, time.wMonth, time.wDay)) {
+            gestures::Pick(picker, base::DateTime::FromDate(time.wYear, time.wMonth, time.wDay));
         } else {
             // The native control knows years that the program does not.
             ShowValue();
@@ -76,12 +76,12 @@ class DateTimePickerPeer : public Peer {
     }
 
     void ShowValue() {
-        const DateTime value = picker.value;
+        const base::DateTime value = picker.value;
         // The native control knows no time without a date; the day is never seen. Of the days that
         // it does not know it shows the nearest; the picker's value stays what it is.
-        static const DateTime anyDay = DateTime::FromDate(2000, 1, 1);
-        static const DateTime firstDay = DateTime::FromDate(1753, 1, 1);
-        const DateTime day = ShowsTime() ? anyDay : std::max(value, firstDay);
+        static const base::DateTime anyDay = base::DateTime::FromDate(2000, 1, 1);
+        static const base::DateTime firstDay = base::DateTime::FromDate(1753, 1, 1);
+        const base::DateTime day = ShowsTime() ? anyDay : std::max(value, firstDay);
         SYSTEMTIME time{};
         time.wYear = static_cast<WORD>(day.Year());
         time.wMonth = static_cast<WORD>(day.Month());

@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "forms/Devices.h"
-#include "forms/RuntimeError.h"
 #include "forms/win32/Decoder.h"
 #include "forms/win32/Utf.h"
 
@@ -27,7 +27,7 @@ bool IsIconFile(const std::string& path) {
 std::string BytesOf(const std::string& path) {
     try {
         return Machine().files->FileExists(path) ? Machine().files->Read(path) : std::string();
-    } catch (const RuntimeError&) {
+    } catch (const base::RuntimeError&) {
         return {};
     }
 }

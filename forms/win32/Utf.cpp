@@ -1,6 +1,6 @@
 #include "forms/win32/Utf.h"
 
-#include "forms/Text.h"
+#include "base/Text.h"
 
 namespace forms::win32 {
 
@@ -10,7 +10,7 @@ std::wstring Wide(std::string_view utf8) {
     std::wstring utf16;
     utf16.reserve(utf8.size());
     for (std::size_t position = 0; position < utf8.size();) {
-        const char32_t character = NextCharacter(utf8, position);
+        const char32_t character = base::NextCharacter(utf8, position);
         if (character < 0x10000) {
             utf16.push_back(static_cast<wchar_t>(character));
         } else {
@@ -35,7 +35,7 @@ std::string Narrow(std::wstring_view utf16) {
                 ++position;
             }
         }
-        AppendCharacter(utf8, character);
+        base::AppendCharacter(utf8, character);
     }
     return utf8;
 }

@@ -5,11 +5,11 @@
 
 namespace {
 
+using base::DateTime;
 using DueRules::AlarmValues;
 using DueRules::ComparisonText;
 using DueRules::IsEditorAlarmDue;
 using DueRules::IsSavedNoteDue;
-using forms::DateTime;
 using StandardCode::NoteRecord;
 
 const DateTime friday = DateTime::FromDate(2004, 5, 14);

@@ -2,6 +2,7 @@
 
 #include "alarms/NoteAlarmsCheck.h"
 #include "app/StandardCode.h"
+#include "forms/Services.h"
 #include "notes/frmDisplayNote.h"
 #include "tests/support/TestProgram.h"
 
@@ -80,7 +81,7 @@ TEST_F(NoteAlarmsCheckTest, AnAlarmWhoseDisplayIsOpenComesUpOnce) {
     ASSERT_NE(first.last, nullptr);
     EXPECT_EQ(Check().last, nullptr);
     // Set anew, the alarm comes up beside the old display.
-    Shared().NotesArray[1].AlarmTime = forms::DateTime::FromTime(9, 1, 0);
+    Shared().NotesArray[1].AlarmTime = base::DateTime::FromTime(9, 1, 0);
     Advance(60'000);
     const Opened second = Check();
     ASSERT_NE(second.last, nullptr);

@@ -28,12 +28,12 @@ class OneBell : public testing_support::WholeProgram {
 
     void Hide(const std::string& title) { user->CloseBox(Editor(title)); }
 
-    static void SetSpecialAlarm(DateTime time) {
+    static void SetSpecialAlarm(base::DateTime time) {
         SpecialAlarmsFile::StoreSharedRow(0, {"Friday", time, "now", 1});
     }
 
     void AdvanceTo(int hour, int minute, int second) {
-        const auto target = Combine(Today(), DateTime::FromTime(hour, minute, second));
+        const auto target = base::Combine(Today(), base::DateTime::FromTime(hour, minute, second));
         while (Now() < target) {
             Advance(100);
         }
@@ -107,7 +107,7 @@ TEST_F(OneBell, ACountdownsChimeOutlastsHiddenNotesAndTheCuckoo) {
 
 TEST_F(OneBell, ASpecialAlarmOutlastsTheCuckoo) {
     StartQuietly();
-    SetSpecialAlarm(DateTime::FromTime(15, 0, 0));
+    SetSpecialAlarm(base::DateTime::FromTime(15, 0, 0));
     ExpectSpecialBox([this] {
         AdvanceTo(15, 0, 30);
         EXPECT_EQ(sound.PlayingPath(), buzzer);
@@ -134,7 +134,7 @@ TEST_F(OneBell, OfTwoEditorsDueInOneSecondTheSecondRingsOnWhenTheFirstBoxIsClose
 TEST_F(OneBell, AnEditorRingsOnWhenASpecialAlarmAboveItIsClosed) {
     PutAlarm("Rent", "15:00:00");
     StartQuietly();
-    SetSpecialAlarm(DateTime::FromTime(15, 0, 10));
+    SetSpecialAlarm(base::DateTime::FromTime(15, 0, 10));
     ExpectEditorsBox([this] {
         ExpectSpecialBox([this] { EXPECT_TRUE(sound.IsPlaying()); });
         AdvanceTo(15, 0, 30);

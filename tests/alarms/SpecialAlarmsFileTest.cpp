@@ -9,7 +9,7 @@
 
 namespace {
 
-using forms::DateTime;
+using base::DateTime;
 using SpecialAlarmsFile::Row;
 using StandardCode::LoadSpecialAlarms;
 using StandardCode::Shared;

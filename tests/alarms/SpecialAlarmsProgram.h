@@ -23,7 +23,7 @@ class SpecialAlarms : public TestProgram {
     static frmSpecialAlarms& Window() { return forms::Default<frmSpecialAlarms>(); }
     static bool IsOpen() { return forms::LoadedDefault<frmSpecialAlarms>() != nullptr; }
 
-    void SetRow(std::size_t row, const char* day, forms::DateTime time, bool enabled) {
+    void SetRow(std::size_t row, const char* day, base::DateTime time, bool enabled) {
         user->Select(Window().cboDays[row], day);
         user->Pick(Window().dtpTime[row], time);
         if ((Window().chkEnabled[row].value() == 1) != enabled) {

@@ -4,7 +4,7 @@
 
 namespace {
 
-using forms::DateTime;
+using base::DateTime;
 using StrikeTable::StrikesAt;
 
 TEST(StrikeTable, StrikesFifteenSecondsAfterEachHour) {
@@ -25,7 +25,7 @@ TEST(StrikeTable, NoonIsSilentAndMidnightAndElevenStrikeTwelve) {
 
 TEST(StrikeTable, EveryOtherSecondOfTheDayIsSilent) {
     int striking = 0;
-    for (int second = 0; second < forms::secondsPerDay; ++second) {
+    for (int second = 0; second < base::secondsPerDay; ++second) {
         striking += StrikesAt(DateTime{second}) != 0 ? 1 : 0;
     }
     EXPECT_EQ(striking, 23);
@@ -33,8 +33,8 @@ TEST(StrikeTable, EveryOtherSecondOfTheDayIsSilent) {
 
 TEST(StrikeTable, TheLastEntryIsNeverReached) {
     EXPECT_STREQ(StrikeTable::entries.back().time, "11:00:15 PM");
-    EXPECT_EQ(forms::ParseTime(StrikeTable::entries.back().time),
-              forms::ParseTime(StrikeTable::entries.front().time));
+    EXPECT_EQ(base::ParseTime(StrikeTable::entries.back().time),
+              base::ParseTime(StrikeTable::entries.front().time));
     EXPECT_EQ(StrikeTable::entries.back().strikes, 11);
 }
 

@@ -58,7 +58,7 @@ TEST_F(SpecialAlarms, RowsBehindADamagedOneAreShownAsTheyWereLoaded) {
     EXPECT_EQ(Window().txtMessage[0].text(), "new");
     EXPECT_EQ(Shared().SpecialAlarmMessage[0], "new");
     EXPECT_EQ(Window().cboDays[1].Text(), "Sunday");
-    EXPECT_EQ(Window().dtpTime[1].value(), forms::DateTime::FromTime(8, 0, 0));
+    EXPECT_EQ(Window().dtpTime[1].value(), base::DateTime::FromTime(8, 0, 0));
     EXPECT_EQ(Window().txtMessage[1].text(), "second");
     EXPECT_EQ(Window().chkEnabled[1].value(), 1);
     EXPECT_EQ(Shared().SpecialAlarmMessage[1], "second");
@@ -87,7 +87,7 @@ TEST_F(SpecialAlarms, AFailedSaveKeepsTheOldFileAndTheWindow) {
 }
 
 TEST_F(SpecialAlarms, AnErrorAtAnyStepOfASaveIsReportedAndTheNextSaveWorks) {
-    using forms::ErrorNumber;
+    using base::ErrorNumber;
     int saves = 0;
     int failures = 0;
     for (const bool withFile : {true, false}) {

@@ -6,7 +6,7 @@
 
 namespace {
 
-using forms::DateTime;
+using base::DateTime;
 using StandardCode::Shared;
 
 using testing_support::SpecialAlarms;

@@ -5,8 +5,8 @@
 
 #include "alarms/frmAlarms.h"
 #include "app/frmOptions.h"
-#include "forms/RuntimeError.h"
-#include "forms/Text.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "tests/support/WholeProgram.h"
 
 // Whatever text a hand has put into the store.
@@ -38,7 +38,7 @@ class BadSettings : public testing_support::WholeProgram {
 class ReadOnlySettings : public forms::headless::HeadlessSettings {
   public:
     void Write(const std::string&, const std::string&, const std::string&) override {
-        throw forms::RuntimeError(forms::ErrorNumber::InvalidProcedureCall);
+        throw base::RuntimeError(base::ErrorNumber::InvalidProcedureCall);
     }
 };
 

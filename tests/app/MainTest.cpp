@@ -166,7 +166,7 @@ TEST_F(MainTest, AnErrorThatNobodyTrapsSavesTheOpenNotesFirst) {
     user->Type(note.txtNote, "Call to move the appointment.");
     stage->ExpectBox("Run-time error '6':\r\n\r\nOverflow", "Jotwright", BoxIcon::Critical,
                      BoxButtons::Ok, BoxResult::Ok);
-    Start([] { throw RuntimeError(ErrorNumber::Overflow); });
+    Start([] { throw base::RuntimeError(base::ErrorNumber::Overflow); });
     EXPECT_TRUE(runtime->HasEnded());
     ASSERT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
     EXPECT_NE(files.Peek(NoteFile("Dentist"))->find("Call to move"), std::string::npos);

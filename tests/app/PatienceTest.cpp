@@ -1,12 +1,12 @@
 #include "app/Patience.h"
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/NoteProgram.h"
 
 namespace {
 
-using forms::ErrorNumber;
-using forms::RuntimeError;
+using base::ErrorNumber;
+using base::RuntimeError;
 
 class PatienceTest : public testing_support::NoteProgram {
   protected:

@@ -8,7 +8,7 @@ namespace {
 using testing_support::ErrorOf;
 using testing_support::RuleDevices;
 
-using forms::ErrorNumber;
+using base::ErrorNumber;
 using forms::headless::Killed;
 using forms::headless::MemoryFiles;
 using Moment = MemoryFiles::Moment;
@@ -228,7 +228,7 @@ TEST_F(SafeFileTest, ErrorOfTheSavePassesOnEvenWhereTheTemporaryFileStays) {
             inner.Replace(from, to, durability);
         }
         void Delete(const std::string&) override {
-            throw forms::RuntimeError(ErrorNumber::PermissionDenied);
+            throw base::RuntimeError(ErrorNumber::PermissionDenied);
         }
         bool Recycle(const std::string& p) override { return inner.Recycle(p); }
         void Copy(const std::string& from, const std::string& to) override { inner.Copy(from, to); }
@@ -338,7 +338,7 @@ TEST_F(SafeFileTest, NamesAreComparedAsTheFileSystemComparesThem) {
 TEST_F(SafeFileTest, RemovingLeftoversFromAFolderThatCannotBeListedRaisesNothing) {
     struct : MemoryFiles {
         std::vector<forms::FileEntry> List(const std::string&, const std::string&) override {
-            throw forms::RuntimeError(ErrorNumber::PermissionDenied);
+            throw base::RuntimeError(ErrorNumber::PermissionDenied);
         }
     } unreadable;
     forms::Machine().files = &unreadable;

@@ -33,13 +33,13 @@ class frmMainClockTest : public testing_support::WholeProgram {
     }
 
     void AdvanceTo(int hour, int minute, int second) {
-        const auto target = Combine(Today(), DateTime::FromTime(hour, minute, second));
+        const auto target = base::Combine(Today(), base::DateTime::FromTime(hour, minute, second));
         while (Now() < target) {
             Advance(100);
         }
     }
 
-    void SetSpecialAlarm(std::size_t row, const std::string& day, DateTime time,
+    void SetSpecialAlarm(std::size_t row, const std::string& day, base::DateTime time,
                          const std::string& message) {
         SpecialAlarmsFile::StoreSharedRow(row, {day, time, message, 1});
     }
@@ -71,7 +71,7 @@ TEST_F(frmMainClockTest, AnAlarmSetForNoonFiresOnTheFirstTickWithinThatSecond) {
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
     Advance(500);
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 1);
-    EXPECT_EQ(Now().TimeOnly(), DateTime::FromTime(12, 0, 0));
+    EXPECT_EQ(Now().TimeOnly(), base::DateTime::FromTime(12, 0, 0));
 }
 
 TEST_F(frmMainClockTest, AnAlarmInThePastNeverFires) {
@@ -145,7 +145,7 @@ TEST_F(frmMainClockTest, AWeeklyAlarmInTheSameSecondKeepsTheDisplaySilent) {
     PutAlarm("Dentist", "09:30:00", 1, true);
     StartQuietly();
     CloseEditors();
-    SetSpecialAlarm(0, "Friday", DateTime::FromTime(9, 30, 0), "now");
+    SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(9, 30, 0), "now");
     stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
                      BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
                      [this] { EXPECT_EQ(CountVisible<frmDisplayNote>(), 1); });
@@ -207,7 +207,7 @@ TEST_F(frmMainClockTest, ALoopingSoundKeepsFurtherDisplaysSilent) {
 
 TEST_F(frmMainClockTest, ASpecialAlarmShowsItsMessageAndSounds) {
     StartQuietly();
-    SetSpecialAlarm(2, "Friday", DateTime::FromTime(9, 5, 0), "Pay the rent");
+    SetSpecialAlarm(2, "Friday", base::DateTime::FromTime(9, 5, 0), "Pay the rent");
     stage->ExpectBox("Message for Friday               \r\n\r\nPay the rent",
                      "Jotwright Daily Alarm", BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
                      [this] { EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav"); });
@@ -217,7 +217,7 @@ TEST_F(frmMainClockTest, ASpecialAlarmShowsItsMessageAndSounds) {
 
 TEST_F(frmMainClockTest, ASpecialAlarmWithoutAMessageSaysSo) {
     StartQuietly();
-    SetSpecialAlarm(0, "Friday", DateTime::FromTime(9, 5, 0), "");
+    SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(9, 5, 0), "");
     stage->ExpectBox("Message for Friday               \r\n\r\nNo Special Message",
                      "Jotwright Daily Alarm", BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
     AdvanceTo(9, 5, 2);
@@ -226,9 +226,9 @@ TEST_F(frmMainClockTest, ASpecialAlarmWithoutAMessageSaysSo) {
 
 TEST_F(frmMainClockTest, TheTickIsBlockedWhileASpecialAlarmWaits) {
     StartQuietly();
-    SetSpecialAlarm(0, "Friday", DateTime::FromTime(9, 5, 0), "first");
-    SetSpecialAlarm(1, "Friday", DateTime::FromTime(9, 5, 0), "second");
-    SetSpecialAlarm(2, "Friday", DateTime::FromTime(9, 5, 10), "missed");
+    SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(9, 5, 0), "first");
+    SetSpecialAlarm(1, "Friday", base::DateTime::FromTime(9, 5, 0), "second");
+    SetSpecialAlarm(2, "Friday", base::DateTime::FromTime(9, 5, 10), "missed");
     stage->ExpectBox("Message for Friday               \r\n\r\nfirst", "Jotwright Daily Alarm",
                      BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
                      [this] { Advance(30'000); });
@@ -310,7 +310,7 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentInTheSecondOfASpecialAlarm) {
     SetNow(2004, 5, 14, 14, 59, 50);
     StartQuietly();
     user->Click(Main().cmdCookoo);
-    SetSpecialAlarm(0, "Friday", DateTime::FromTime(15, 0, 15), "now");
+    SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(15, 0, 15), "now");
     stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
                      BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
     AdvanceTo(15, 0, 40);
@@ -336,7 +336,7 @@ TEST_F(frmMainClockTest, TheMainClockComesBeforeTheCuckooAlsoAfterABox) {
         settings.values[{"Options", "StartCookoo"}] = "1";
         StartQuietly();
         CloseEditors();
-        SetSpecialAlarm(0, "Friday", DateTime::FromTime(14, 59, 50), "now");
+        SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(14, 59, 50), "now");
         stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
                          BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
                          [this, held] { Advance(held); });
@@ -356,7 +356,7 @@ TEST_F(frmMainClockTest, ASpecialAlarmIsNotMissedThoughTheMainClockWasSwitchedOn
         Main().tmrNow.enabled = false;
         Main().tmrNow.enabled = true;
     });
-    SetSpecialAlarm(0, "Friday", DateTime::FromTime(15, 0, 15), "now");
+    SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(15, 0, 15), "now");
     stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
                      BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
     AdvanceTo(15, 0, 40);
@@ -367,7 +367,7 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentAsLongAsASpecialAlarmWaits) {
     SetNow(2004, 5, 14, 14, 59, 50);
     StartQuietly();
     user->Click(Main().cmdCookoo);
-    SetSpecialAlarm(0, "Friday", DateTime::FromTime(15, 0, 15), "now");
+    SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(15, 0, 15), "now");
     stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
                      BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok, [this] {
                          stage->Jump(3600 - 10);

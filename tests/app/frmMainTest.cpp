@@ -1,8 +1,8 @@
 #include "app/ProductTexts.h"
 #include "app/dlgMsgBox.h"
 #include "app/frmMain.h"
-#include "forms/Environment.h"
 #include "forms/Gestures.h"
+#include "forms/Services.h"
 #include "notes/frmViewNotes.h"
 #include "tests/support/WholeProgram.h"
 

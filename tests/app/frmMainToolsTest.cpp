@@ -206,7 +206,7 @@ TEST_F(frmMainToolsTest, BrowserFailures) {
     stage->ExpectBox("Unable to open file!", "Attention", BoxIcon::Exclamation, BoxButtons::Ok,
                      BoxResult::Ok);
     user->Choose(Main().mnuVisitWeb);
-    shell.error = ErrorNumber::InvalidProcedureCall;
+    shell.error = base::ErrorNumber::InvalidProcedureCall;
     stage->ExpectBox("Could Not Open Default Browser", "Browser Error", BoxIcon::None,
                      BoxButtons::Ok, BoxResult::Ok);
     user->Choose(Main().mnuVisitWeb);

@@ -6,7 +6,7 @@
 
 #include "app/StandardCode.h"
 #include "app/frmOptions.h"
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "tests/support/TestProgram.h"
 
 namespace {
@@ -26,7 +26,7 @@ class FailingSettings : public forms::headless::HeadlessSettings {
     void Write(const std::string& section, const std::string& key,
                const std::string& value) override {
         if (++writes == failingWrite) {
-            throw forms::RuntimeError(forms::ErrorNumber::DeviceIoError);
+            throw base::RuntimeError(base::ErrorNumber::DeviceIoError);
         }
         HeadlessSettings::Write(section, key, value);
     }

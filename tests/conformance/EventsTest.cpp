@@ -1,4 +1,4 @@
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "tests/conformance/Stand.h"
 
 using namespace forms;
@@ -323,7 +323,7 @@ TEST_F(Events, AnErrorThatNobodyTrapsIsReportedAndEndsTheProgramInOrder) {
     runtime->onFatalError = [&order] { order.emplace_back("saved"); };
     Form().cmdOk.Click = [&order] {
         order.emplace_back("clicked");
-        throw RuntimeError(ErrorNumber::Overflow);
+        throw base::RuntimeError(base::ErrorNumber::Overflow);
     };
     stand->ExpectBox("Run-time error '6':\r\n\r\nOverflow", "Jotwright", BoxButtons::Ok,
                      BoxResult::Ok, [&order] { order.emplace_back("reported"); });
@@ -338,7 +338,7 @@ TEST_F(Events, AnErrorUnderAModalFormLeavesEveryHandler) {
     using namespace forms_under_test;
     bool wentOn = false;
     stand->ExpectModal<frmSecond>([this](frmSecond& form) {
-        form.cmdGo.Click = [] { throw RuntimeError(ErrorNumber::SubscriptOutOfRange); };
+        form.cmdGo.Click = [] { throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange); };
         stand->Click(form.cmdGo);
     });
     stand->ExpectBox("Run-time error '9':\r\n\r\nSubscript out of range", "Jotwright",

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "forms/Devices.h"
+#include "forms/Services.h"
 #include "tests/conformance/Stand.h"
 
 using namespace forms;

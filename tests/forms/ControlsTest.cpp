@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "forms/Controls.h"
 #include "forms/Form.h"
 #include "forms/Gestures.h"
 #include "forms/Runtime.h"
-#include "forms/Text.h"
 #include "tests/support/TestProgram.h"
 
 using namespace forms;
@@ -45,7 +45,7 @@ class frmControls : public Form {
         lstList.items = std::vector<std::string>{"one", "two"};
         lstList.Click = [this] { Note("list " + std::to_string(lstList.listIndex())); };
         lvwRows.ItemClick = [this] { Note("row " + std::to_string(lvwRows.SelectedRow())); };
-        dtpTime.Change = [this] { Note("picked " + FormatTime24(dtpTime.value)); };
+        dtpTime.Change = [this] { Note("picked " + base::FormatTime24(dtpTime.value)); };
         lblSized.autoSize = true;
         imgPicture.sizeToPicture = true;
     }
@@ -105,7 +105,7 @@ TEST_F(ControlsTest, ACheckBoxTakesZeroToTwoOnly) {
         try {
             Form().chkBox.value = wrong;
             ADD_FAILURE() << wrong << " was taken";
-        } catch (const RuntimeError& error) {
+        } catch (const base::RuntimeError& error) {
             EXPECT_EQ(error.number(), 380);
         }
     }
@@ -151,11 +151,11 @@ TEST_F(ControlsTest, AComboBoxRaisesClickWhenItsIndexChanges) {
 }
 
 TEST_F(ControlsTest, APickerRaisesChangeForTheUserOnly) {
-    Form().dtpTime.value = DateTime::FromTime(9, 30, 0);
+    Form().dtpTime.value = base::DateTime::FromTime(9, 30, 0);
     EXPECT_EQ(Form().Take(), Events{});
-    user->Pick(Form().dtpTime, DateTime::FromTime(9, 30, 0));
+    user->Pick(Form().dtpTime, base::DateTime::FromTime(9, 30, 0));
     EXPECT_EQ(Form().Take(), Events{});
-    user->Pick(Form().dtpTime, DateTime::FromTime(9, 31, 0));
+    user->Pick(Form().dtpTime, base::DateTime::FromTime(9, 31, 0));
     EXPECT_EQ(Form().Take(), Events{"picked 09:31:00"});
 }
 
@@ -170,11 +170,11 @@ TEST_F(ControlsTest, RowsHaveUniqueKeysAndPlaces) {
     try {
         rows.AddRow(Row("a"));
         ADD_FAILURE() << "a key was taken twice";
-    } catch (const RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         EXPECT_EQ(error.number(), 457);
     }
-    EXPECT_THROW(rows.RemoveRow(4), RuntimeError);
-    EXPECT_THROW(rows.InsertRow(5, Row("z")), RuntimeError);
+    EXPECT_THROW(rows.RemoveRow(4), base::RuntimeError);
+    EXPECT_THROW(rows.InsertRow(5, Row("z")), base::RuntimeError);
     EXPECT_EQ(rows.Rows().size(), 4U);
     rows.RemoveRow(0);
     EXPECT_EQ(rows.Rows()[0].key, "b");
@@ -219,7 +219,7 @@ TEST_F(ControlsTest, ALabelTakesTheSizeOfItsText) {
     EXPECT_EQ(Form().lblSized.height(), 240);
     Form().lblSized.fontSize = 16;
     EXPECT_EQ(Form().lblSized.width(), 900);
-    Form().lblSized.caption = std::string("123") + lineBreak + "4";
+    Form().lblSized.caption = std::string("123") + base::lineBreak + "4";
     EXPECT_EQ(Form().lblSized.height(), 960);
 }
 

@@ -217,8 +217,8 @@ TEST_F(FormTest, AFormMayBeLoadedAgainWhileItIsUnloaded) {
 TEST_F(FormTest, AFormThatFailsToLoadIsNotThere) {
     Start([] {
         auto form = New<frmFirst>();
-        form->onLoad = [] { throw RuntimeError(ErrorNumber::FileNotFound); };
-        EXPECT_THROW(form->Load(), RuntimeError);
+        form->onLoad = [] { throw base::RuntimeError(base::ErrorNumber::FileNotFound); };
+        EXPECT_THROW(form->Load(), base::RuntimeError);
         EXPECT_FALSE(form->IsLoaded());
     });
     EXPECT_TRUE(runtime->LoadedForms().empty());

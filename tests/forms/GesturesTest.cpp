@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "forms/Form.h"
 #include "forms/Gestures.h"
 #include "forms/MsgBox.h"
 #include "forms/Runtime.h"
-#include "forms/Text.h"
 #include "tests/support/TestProgram.h"
 
 using namespace forms;
@@ -186,7 +186,7 @@ TEST_F(GesturesTest, EnterAndEscapePressTheMarkedButtons) {
     Form().txtBody.SetFocus();
     user->PressEnter();
     EXPECT_EQ(Take(), Events{});
-    EXPECT_EQ(Form().txtBody.text(), lineBreak);
+    EXPECT_EQ(Form().txtBody.text(), base::lineBreak);
 }
 
 TEST_F(GesturesTest, EscapeClosesADialogThatHasNoButtonForIt) {

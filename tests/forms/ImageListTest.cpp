@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "base/RuntimeError.h"
 #include "forms/Controls.h"
 #include "forms/Form.h"
 #include "forms/ImageList.h"
-#include "forms/RuntimeError.h"
 #include "tests/support/TestProgram.h"
 
 namespace {
@@ -34,14 +34,14 @@ TEST_F(ImageListTest, FindsPicturesByKey) {
     EXPECT_EQ(list.IndexOf("off"), 1);
     EXPECT_EQ(list.ResourceOf("off"), "lamp_off");
     EXPECT_EQ(list.ResourceOf("Off"), "");
-    EXPECT_THROW(list.IndexOf("Off"), forms::RuntimeError);
+    EXPECT_THROW(list.IndexOf("Off"), base::RuntimeError);
 }
 
 TEST_F(ImageListTest, ARowsTextsGoByTheKeysOfTheColumns) {
     forms::ListView::Row row;
     Window().lvwMain.SetText(row, "lamp", "left");
     EXPECT_EQ(row.texts, (std::vector<std::string>{"", "left"}));
-    EXPECT_THROW(Window().lvwMain.SetText(row, "Lamp", "right"), forms::RuntimeError);
+    EXPECT_THROW(Window().lvwMain.SetText(row, "Lamp", "right"), base::RuntimeError);
 }
 
 }  // namespace

@@ -72,7 +72,7 @@ TEST_F(RuntimeTest, AnErrorThatNobodyTrapsIsReportedAndEndsTheProgram) {
     bool saved = false;
     runtime->onFatalError = [&saved] { saved = true; };
     Start([] { Default<frmFirst>().Show(); });
-    Default<frmFirst>().cmdGo.Click = [] { throw RuntimeError(ErrorNumber::Overflow); };
+    Default<frmFirst>().cmdGo.Click = [] { throw base::RuntimeError(base::ErrorNumber::Overflow); };
     ExpectReport("6", "Overflow");
     user->Click(Default<frmFirst>().cmdGo);
     EXPECT_TRUE(saved);
@@ -95,14 +95,14 @@ TEST_F(RuntimeTest, NothingIsSavedBeforeTheReportIsReadAndNothingRunsMeanwhile) 
                          Advance(1000);
                          order.emplace_back("read");
                      });
-    Start([] { throw RuntimeError(ErrorNumber::SubscriptOutOfRange); });
+    Start([] { throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange); });
     EXPECT_EQ(order, (std::vector<std::string>{"read", "saved"}));
 }
 
 TEST_F(RuntimeTest, AFailureWhileEndingIsNotReportedAgain) {
-    runtime->onFatalError = [] { throw RuntimeError(ErrorNumber::DiskFull); };
+    runtime->onFatalError = [] { throw base::RuntimeError(base::ErrorNumber::DiskFull); };
     ExpectReport("13", "Type mismatch");
-    Start([] { throw RuntimeError(ErrorNumber::TypeMismatch); });
+    Start([] { throw base::RuntimeError(base::ErrorNumber::TypeMismatch); });
     EXPECT_TRUE(runtime->HasEnded());
 }
 
@@ -118,7 +118,7 @@ TEST_F(RuntimeTest, AnErrorUnderABoxLeavesTheHandlerThatShowedIt) {
     Start([] {
         auto& form = Default<frmFirst>();
         form.tmrOne.interval = 100;
-        form.tmrOne.Tick = [] { throw RuntimeError(ErrorNumber::FileNotFound); };
+        form.tmrOne.Tick = [] { throw base::RuntimeError(base::ErrorNumber::FileNotFound); };
         form.tmrOne.enabled = true;
         form.Load();
     });
@@ -142,8 +142,8 @@ TEST_F(RuntimeTest, MemoryRunningOutIsReported) {
 TEST_F(RuntimeTest, AnErrorThatAHandlerTrapsIsItsOwnAffair) {
     Start([] {
         try {
-            throw RuntimeError(ErrorNumber::DiskFull);
-        } catch (const RuntimeError& error) {
+            throw base::RuntimeError(base::ErrorNumber::DiskFull);
+        } catch (const base::RuntimeError& error) {
             EXPECT_EQ(error.number(), 61);
         }
     });

@@ -224,20 +224,20 @@ TEST_F(TimerTest, PollingTimersTickInTheMiddleOfTheSecond) {
 TEST_F(TimerTest, APollingTimerSeesEverySecondOfADayOnceWhateverTheJitter) {
     for (const std::uint32_t seed : {1U, 2U, 3U}) {
         clock.SetJitter(450, seed);
-        DateTime last = clock.Now();
+        base::DateTime last = clock.Now();
         int seen = 0;
         int wrong = 0;
         Form().tmrClock.enabled = false;
         Form().tmrClock.Tick = [&] {
-            const DateTime now = clock.Now();
+            const base::DateTime now = clock.Now();
             wrong += now.seconds == last.seconds + 1 || (seen == 0 && now == last) ? 0 : 1;
             last = now;
             ++seen;
         };
         SwitchOn(Form().tmrClock, 1000);
-        Advance(secondsPerDay * 1000);
+        Advance(base::secondsPerDay * 1000);
         EXPECT_EQ(wrong, 0);
-        EXPECT_GE(seen, secondsPerDay - 1);
+        EXPECT_GE(seen, base::secondsPerDay - 1);
     }
 }
 
@@ -292,7 +292,7 @@ TEST_F(TimerTest, AJumpOfTheWallClockMovesPollingTimersOnly) {
 }
 
 TEST_F(TimerTest, AJumpOfTheWallClockDropsNoTickThatIsDue) {
-    DateTime seen;
+    base::DateTime seen;
     Form().tmrClock.Tick = [&] { seen = clock.Now(); };
     SwitchOn(Form().tmrClock, 1000);
     Advance(2000);
@@ -301,7 +301,7 @@ TEST_F(TimerTest, AJumpOfTheWallClockDropsNoTickThatIsDue) {
         clock.Pass(50);
     }
     stage->Jump(3600);
-    const DateTime second = clock.Now();
+    const base::DateTime second = clock.Now();
     Advance(100);
     EXPECT_EQ(seen, second);
 }

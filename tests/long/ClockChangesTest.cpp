@@ -36,7 +36,7 @@ class ClockChangesTest : public testing_support::WholeProgram {
         };
     }
 
-    static void SetSpecialAlarm(DateTime time) {
+    static void SetSpecialAlarm(base::DateTime time) {
         SpecialAlarmsFile::StoreSharedRow(0, {"Friday", time, "message", 1});
     }
 
@@ -50,8 +50,8 @@ class ClockChangesTest : public testing_support::WholeProgram {
     }
 
     int TimesSeen(int hours, int minutes, int seconds) {
-        const auto moment =
-            Combine(clock.Now().DateOnly(), DateTime::FromTime(hours, minutes, seconds));
+        const auto moment = base::Combine(clock.Now().DateOnly(),
+                                          base::DateTime::FromTime(hours, minutes, seconds));
         const auto found = seen.find(moment.seconds);
         return found == seen.end() ? 0 : found->second;
     }
@@ -61,7 +61,7 @@ class ClockChangesTest : public testing_support::WholeProgram {
     std::map<std::int64_t, int> seen;  // by second of the wall clock
     struct Ring {
         std::string caption;
-        DateTime at;
+        base::DateTime at;
     };
     std::vector<Ring> rung;
 };
@@ -72,7 +72,7 @@ class ClockChangesTest : public testing_support::WholeProgram {
 // fraction of the second does not change.
 TEST_F(ClockChangesTest, TheHourThatSummerTimeLeavesOutRingsNothing) {
     StartAt(1, 59, 50);
-    SetSpecialAlarm(DateTime::FromTime(2, 30, 0));
+    SetSpecialAlarm(base::DateTime::FromTime(2, 30, 0));
     Advance(9000);  // 1:59:59 and the fraction
     clock.MoveWallClock(hour);
     Advance(2 * hour * 1000);
@@ -81,16 +81,16 @@ TEST_F(ClockChangesTest, TheHourThatSummerTimeLeavesOutRingsNothing) {
     EXPECT_EQ(TimesSeen(3, 0, 0), 1);
     EXPECT_EQ(Strikes(), 3 + 4);  // three and four o'clock; two o'clock is left out
     for (const auto& [second, times] : seen) {
-        EXPECT_EQ(times, 1) << FormatTime24(DateTime{second});
+        EXPECT_EQ(times, 1) << base::FormatTime24(base::DateTime{second});
     }
 }
 
 TEST_F(ClockChangesTest, TheHourThatComesTwiceIsSeenTwice) {
     PutAlarm("Dentist", "01:15:00");
     StartAt(1, 0, 5);
-    SetSpecialAlarm(DateTime::FromTime(1, 30, 0));
+    SetSpecialAlarm(base::DateTime::FromTime(1, 30, 0));
     Advance((59 * minute + 54) * 1000);  // 1:59:59 and the fraction
-    ASSERT_EQ(clock.Now().TimeOnly(), DateTime::FromTime(2, 0, 0));
+    ASSERT_EQ(clock.Now().TimeOnly(), base::DateTime::FromTime(2, 0, 0));
     clock.MoveWallClock(-hour);
     Advance((hour + 30) * 1000);
     // As every clock on a wall does: what is due at a time of day is due whenever it is that time.
@@ -133,20 +133,20 @@ TEST_F(ClockChangesTest, ASavedNoteWhoseDisplayIsOpenDoesNotComeUpAgainInTheRepe
 
 TEST_F(ClockChangesTest, SettingTheClockForwardRingsNothingOfWhatWasLeftOut) {
     StartAt(9, 0, 0);
-    SetSpecialAlarm(DateTime::FromTime(9, 30, 0));
+    SetSpecialAlarm(base::DateTime::FromTime(9, 30, 0));
     Advance(5000);
     stage->Jump(hour);
     Advance(2 * hour * 1000);
     EXPECT_TRUE(rung.empty());
     EXPECT_EQ(Strikes(), 10 + 11);  // nine o'clock is left out, noon is silent
     for (const auto& [second, times] : seen) {
-        EXPECT_EQ(times, 1) << FormatTime24(DateTime{second});
+        EXPECT_EQ(times, 1) << base::FormatTime24(base::DateTime{second});
     }
 }
 
 TEST_F(ClockChangesTest, SettingTheClockBackRingsWhatComesAgain) {
     StartAt(9, 29, 50);
-    SetSpecialAlarm(DateTime::FromTime(9, 30, 0));
+    SetSpecialAlarm(base::DateTime::FromTime(9, 30, 0));
     Advance(20'000);
     stage->Jump(-minute);
     Advance(2 * minute * 1000);
@@ -166,7 +166,7 @@ TEST_F(ClockChangesTest, ACorrectionOfLessThanASecondNeitherMissesNorDoublesASec
                 seen.clear();
                 rung.clear();
                 StartAt(8, 59, 50);
-                SetSpecialAlarm(DateTime::FromTime(9, 0, 0));
+                SetSpecialAlarm(base::DateTime::FromTime(9, 0, 0));
                 Advance(9000 + millisecond);
                 if (isTold) {
                     stage->Jump(0, correction);
@@ -188,17 +188,17 @@ TEST_F(ClockChangesTest, ACorrectionOfLessThanASecondNeitherMissesNorDoublesASec
 TEST_F(ClockChangesTest, SleepRingsNothingOfWhatWasSleptThroughAndGoesOnAtOnce) {
     PutAlarm("Dentist", "10:30:00");
     StartAt(9, 0, 0);
-    SetSpecialAlarm(DateTime::FromTime(10, 0, 0));
+    SetSpecialAlarm(base::DateTime::FromTime(10, 0, 0));
     CloseEditor("Dentist");
     Advance(5000);
     stage->Suspend(3 * hour);
     EXPECT_TRUE(rung.empty());
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
-    SetSpecialAlarm(DateTime::FromTime(12, 1, 0));
+    SetSpecialAlarm(base::DateTime::FromTime(12, 1, 0));
     Advance(2 * minute * 1000);
     EXPECT_EQ(rung.size(), 1U);
     for (const auto& [second, times] : seen) {
-        EXPECT_EQ(times, 1) << FormatTime24(DateTime{second});
+        EXPECT_EQ(times, 1) << base::FormatTime24(base::DateTime{second});
     }
 }
 

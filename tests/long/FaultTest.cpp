@@ -41,9 +41,10 @@ struct Outcome {
 };
 
 constexpr const char* saveErrors = "WriteNote Sub Error";
-constexpr ErrorNumber errors[] = {ErrorNumber::DiskFull,      ErrorNumber::PermissionDenied,
-                                  ErrorNumber::PathNotFound,  ErrorNumber::PathFileAccessError,
-                                  ErrorNumber::DeviceIoError, ErrorNumber::FileNotFound};
+constexpr base::ErrorNumber errors[] = {
+    base::ErrorNumber::DiskFull,      base::ErrorNumber::PermissionDenied,
+    base::ErrorNumber::PathNotFound,  base::ErrorNumber::PathFileAccessError,
+    base::ErrorNumber::DeviceIoError, base::ErrorNumber::FileNotFound};
 
 class FaultTest : public testing_support::WholeProgram {
   protected:
@@ -101,7 +102,7 @@ class FaultTest : public testing_support::WholeProgram {
         if (withFile) {
             std::array<SpecialAlarmsFile::Row, SpecialAlarmsFile::rowCount> rows;
             for (auto& row : rows) {
-                row = {"Monday", DateTime::FromTime(9, 0, 0), "old", 0};
+                row = {"Monday", base::DateTime::FromTime(9, 0, 0), "old", 0};
             }
             files.PutFile(SpecialAlarmsFile::Path(), SpecialAlarmsFile::Encode(rows));
         }
@@ -277,9 +278,9 @@ class FaultTest : public testing_support::WholeProgram {
     void FailAtEachStep(const Operation& operation, Outcome& outcome) {
         const auto [before, after] = Undisturbed(operation, outcome);
         for (int step = 1; step <= outcome.steps; ++step) {
-            for (const ErrorNumber error : errors) {
+            for (const base::ErrorNumber error : errors) {
                 SCOPED_TRACE(std::string(operation.name) + ", step " + std::to_string(step) +
-                             " fails with " + DescriptionOf(error));
+                             " fails with " + base::DescriptionOf(error));
                 Prepare(operation);
                 const std::size_t boxesBefore = stage->Boxes().size();
                 files.FailAt(step, error);
@@ -295,9 +296,9 @@ class FaultTest : public testing_support::WholeProgram {
         }
     }
 
-    void ExpectReport(std::size_t boxesBefore, ErrorNumber error) {
+    void ExpectReport(std::size_t boxesBefore, base::ErrorNumber error) {
         const std::string text =
-            std::to_string(static_cast<int>(error)) + " - " + DescriptionOf(error);
+            std::to_string(static_cast<int>(error)) + " - " + base::DescriptionOf(error);
         bool reported = false;
         for (std::size_t i = boxesBefore; i < stage->Boxes().size(); ++i) {
             const BoxRequest& box = stage->Boxes()[i];

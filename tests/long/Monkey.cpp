@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/Text.h"
 #include "forms/Gestures.h"
-#include "forms/Text.h"
 #include "notes/NoteFile.h"
 #include "notes/NoteStore.h"
 
@@ -45,8 +45,8 @@ std::string Monkey::Story() const {
 }
 
 void Monkey::Note(const std::string& what) {
-    const DateTime now = clock.Now();
-    story.push_back(FormatIsoDate(now) + ' ' + FormatTime24(now) +
+    const base::DateTime now = clock.Now();
+    story.push_back(base::FormatIsoDate(now) + ' ' + base::FormatTime24(now) +
                     std::string(1U + static_cast<std::size_t>(depth) * 2U, ' ') + what);
     if (story.size() > keptStory) {
         story.pop_front();
@@ -83,7 +83,7 @@ void Monkey::RemoveDamaged() {
             if (name.ends_with(".txt")) {
                 ::NoteFile::Decode(files.Peek(path).value_or(""), record);
             }
-        } catch (const RuntimeError&) {
+        } catch (const base::RuntimeError&) {
             files.Remove(path);
         }
     }
@@ -129,9 +129,10 @@ void Monkey::Act() {
 }
 
 void Monkey::Sleep() {
-    const DateTime now = clock.Now();
-    const DateTime morning =
-        Combine(DateTime{now.DateOnly().seconds + secondsPerDay}, DateTime::FromTime(7, 0, 0));
+    const base::DateTime now = clock.Now();
+    const base::DateTime morning =
+        base::Combine(base::DateTime{now.DateOnly().seconds + base::secondsPerDay},
+                      base::DateTime::FromTime(7, 0, 0));
     Note("sleep");
     if (!runtime->HasEnded()) {
         Suspend(morning.seconds - now.seconds + Below(600));
@@ -351,9 +352,9 @@ void Monkey::AddTrouble(Choices& choices) {
                        }});
     choices.push_back({1, "a step will fail", [=, this] {
                            begin();
-                           const ErrorNumber errors[] = {
-                               ErrorNumber::DiskFull, ErrorNumber::PermissionDenied,
-                               ErrorNumber::DeviceIoError, ErrorNumber::PathNotFound};
+                           const base::ErrorNumber errors[] = {
+                               base::ErrorNumber::DiskFull, base::ErrorNumber::PermissionDenied,
+                               base::ErrorNumber::DeviceIoError, base::ErrorNumber::PathNotFound};
                            files.FailAt(1 + Below(12), errors[Below(4)]);
                        }});
     choices.push_back({1, "the printer and the shell fail", [=, this] {
@@ -425,7 +426,7 @@ void Monkey::Kill() {
         StandardCode::NoteRecord record;
         try {
             ::NoteFile::Decode(files.Peek(NoteFile(title)).value_or(""), record);
-        } catch (const RuntimeError&) {
+        } catch (const base::RuntimeError&) {
             record.Text.clear();
         }
         const bool isThere = editor != nullptr && editor->txtNote.text() == text;

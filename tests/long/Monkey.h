@@ -47,8 +47,8 @@ class Monkey : public testing_support::WholeProgram {
     std::string Characters(int count);
     std::string NoteText();
     std::string Title();
-    forms::DateTime NearDate();
-    forms::DateTime NearTime();
+    base::DateTime NearDate();
+    base::DateTime NearTime();
 
     void Listen();
     void Improvise();

@@ -45,14 +45,14 @@ std::string Monkey::Title() {
     return OneIn(3) ? Characters(1 + Below(12)) : "Note " + std::to_string(Below(15));
 }
 
-DateTime Monkey::NearDate() {
-    return DateTime{clock.Now().DateOnly().seconds +
-                    (OneIn(3) ? Below(20) - 5 : 0) * secondsPerDay};
+base::DateTime Monkey::NearDate() {
+    return base::DateTime{clock.Now().DateOnly().seconds +
+                          (OneIn(3) ? Below(20) - 5 : 0) * base::secondsPerDay};
 }
 
-DateTime Monkey::NearTime() {
-    const DateTime soon{clock.Now().seconds + Below(180)};
-    return DateTime::FromTime(soon.Hour(), soon.Minute(), 0);
+base::DateTime Monkey::NearTime() {
+    const base::DateTime soon{clock.Now().seconds + Below(180)};
+    return base::DateTime::FromTime(soon.Hour(), soon.Minute(), 0);
 }
 
 void Monkey::Type(TextBox& textBox) {

@@ -3,7 +3,7 @@
 
 #include "alarms/Bell.h"
 #include "alarms/SpecialAlarmsFile.h"
-#include "forms/Text.h"
+#include "base/Text.h"
 #include "notes/NoteFile.h"
 #include "notes/NoteStore.h"
 #include "tests/long/Monkey.h"
@@ -33,11 +33,11 @@ std::map<std::string, std::string> Monkey::OpenTexts() {
         auto* note = dynamic_cast<frmNote*>(form.get());
         if (note != nullptr && note->HoldsNote()) {
             texts[note->caption()] = note->txtNote.text();
-            ++sharers[locale.ToUpper(Trim(note->caption()))];
+            ++sharers[locale.ToUpper(base::Trim(note->caption()))];
         }
     }
     std::erase_if(texts, [&](const auto& entry) {
-        return sharers[locale.ToUpper(Trim(entry.first))] > 1 ||
+        return sharers[locale.ToUpper(base::Trim(entry.first))] > 1 ||
                entry.second.find('"') != std::string::npos;
     });
     return texts;
@@ -147,7 +147,7 @@ void Monkey::CheckVanished() {
         StandardCode::NoteRecord record;
         try {
             ::NoteFile::Decode(files.Peek(NoteFile(title)).value_or(""), record);
-        } catch (const RuntimeError& error) {
+        } catch (const base::RuntimeError& error) {
             ADD_FAILURE() << title << " was closed; its file: " << error.description();
             continue;
         }

@@ -3,6 +3,7 @@
 #include <random>
 
 #include "alarms/SpecialAlarmsFile.h"
+#include "forms/Services.h"
 #include "notes/NoteStore.h"
 #include "tests/long/Scale.h"
 #include "tests/support/WholeProgram.h"
@@ -26,13 +27,13 @@ struct Seconds {
     std::int64_t missed = 0;
     std::int64_t missedInStrikes = 0;
     std::int64_t doubled = 0;
-    std::optional<DateTime> last;
+    std::optional<base::DateTime> last;
 };
 
 // One alarm that is to ring, and what came of it.
 struct Planned {
     std::string what;
-    DateTime due;
+    base::DateTime due;
     int rung = 0;
 };
 
@@ -47,12 +48,12 @@ class YearTest : public testing_support::WholeProgram {
     }
 
     int Below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random); }
-    DateTime SomeMinute() { return DateTime::FromTime(Below(24), Below(60), 0); }
+    base::DateTime SomeMinute() { return base::DateTime::FromTime(Below(24), Below(60), 0); }
 
     void Watch(Timer& timer, Seconds& seconds) {
         const auto tick = timer.Tick;
         timer.Tick = [this, tick, &seconds] {
-            const DateTime now = forms::Now();
+            const base::DateTime now = forms::Now();
             ++seconds.seen;
             if (seconds.last) {
                 const std::int64_t step = now.seconds - seconds.last->seconds;
@@ -67,7 +68,7 @@ class YearTest : public testing_support::WholeProgram {
         };
     }
 
-    bool StruckSince(DateTime moment) const {
+    bool StruckSince(base::DateTime moment) const {
         return !sound.log.empty() &&
                std::any_of(sound.log.rbegin(),
                            sound.log.rbegin() + std::min<std::ptrdiff_t>(20, std::ssize(sound.log)),
@@ -78,13 +79,14 @@ class YearTest : public testing_support::WholeProgram {
     }
 
     void Rings(const std::string& what) {
-        const DateTime now = clock.Now();
+        const base::DateTime now = clock.Now();
         const auto found = std::find_if(planned.begin(), planned.end(), [&](const Planned& plan) {
             return plan.what == what && plan.due == now;
         });
         if (found == planned.end()) {
             ++unplanned;
-            ADD_FAILURE() << what << " rings at " << FormatIsoDate(now) << ' ' << FormatTime24(now);
+            ADD_FAILURE() << what << " rings at " << base::FormatIsoDate(now) << ' '
+                          << base::FormatTime24(now);
         } else {
             ++found->rung;
         }
@@ -132,27 +134,27 @@ class YearTest : public testing_support::WholeProgram {
         };
     }
 
-    void PlanDay(DateTime day) {
+    void PlanDay(base::DateTime day) {
         planned.clear();
         const std::size_t weekday = static_cast<std::size_t>((day.Weekday() + 6) % 7);
         planned.push_back(
-            {specialAlarms[weekday].Message, Combine(day, specialAlarms[weekday].Time)});
+            {specialAlarms[weekday].Message, base::Combine(day, specialAlarms[weekday].Time)});
         for (const char* title : {"Dentist", "Rent", "Call"}) {
-            const DateTime time = SomeMinute();
-            PutNote(title, '#' + FormatIsoDate(day) + "#,#" + FormatTime24(time) + "#,1,12,\"1\"," +
-                               std::to_string(Below(2)) + ",\"yes\"\r\n");
-            planned.push_back({std::string("saved ") + title, Combine(day, time)});
+            const base::DateTime time = SomeMinute();
+            PutNote(title, '#' + base::FormatIsoDate(day) + "#,#" + base::FormatTime24(time) +
+                               "#,1,12,\"1\"," + std::to_string(Below(2)) + ",\"yes\"\r\n");
+            planned.push_back({std::string("saved ") + title, base::Combine(day, time)});
         }
         Start([] { StandardCode::LoadNotesArray(); });
         frmNote& editor = Editor("Standing");
-        const DateTime time = SomeMinute();
+        const base::DateTime time = SomeMinute();
         user->Pick(editor.dtDate, day);
         user->Pick(editor.dtTime, time);
         if (editor.chkAudioAlarm.value() == 0) {
             user->Click(editor.chkAudioAlarm);
         }
         user->Click(editor.cmdAlarm);
-        planned.push_back({"editor", Combine(day, time)});
+        planned.push_back({"editor", base::Combine(day, time)});
     }
 
     void CloseDisplays() {
@@ -178,8 +180,8 @@ class YearTest : public testing_support::WholeProgram {
             ++alarms;
             missedAlarms += plan.rung == 0 ? 1 : 0;
             doubledAlarms += plan.rung > 1 ? 1 : 0;
-            EXPECT_EQ(plan.rung, 1)
-                << plan.what << " of " << FormatIsoDate(plan.due) << ' ' << FormatTime24(plan.due);
+            EXPECT_EQ(plan.rung, 1) << plan.what << " of " << base::FormatIsoDate(plan.due) << ' '
+                                    << base::FormatTime24(plan.due);
         }
     }
 
@@ -234,7 +236,7 @@ TEST_F(YearTest, EverySecondIsSeenOnceAndEachAlarmRingsOnce) {
         while (clock.Now().Hour() < 23) {
             Advance(100);
         }
-        while (clock.Now().TimeOnly() < DateTime::FromTime(23, 59, 59)) {
+        while (clock.Now().TimeOnly() < base::DateTime::FromTime(23, 59, 59)) {
             Advance(100);
         }
         CloseDisplays();
@@ -255,5 +257,5 @@ TEST_F(YearTest, EverySecondIsSeenOnceAndEachAlarmRingsOnce) {
                 doubledAlarms, unplanned);
     std::printf("strikes %d, missed %d, doubled %d\n", strikes, missedStrikes, doubledStrikes);
     EXPECT_EQ(missedStrikes + doubledStrikes, 0);
-    EXPECT_GE(main.seen + main.missedInStrikes, (days - 1) * secondsPerDay);
+    EXPECT_GE(main.seen + main.missedInStrikes, (days - 1) * base::secondsPerDay);
 }

@@ -111,7 +111,7 @@ TEST_F(BadTexts, QuotesComeBackAndTheAlarmRings) {
         PutNote(Record("A before", "untouched"));
         PutNote(Record("Z behind", "untouched"));
         frmNote& note = MakeNote("Note", text);
-        user->Pick(note.dtTime, forms::DateTime::FromTime(9, 1, 0));
+        user->Pick(note.dtTime, base::DateTime::FromTime(9, 1, 0));
         user->Click(note.cmdAlarm);
         Start([&note] { note.WriteNote(); });
         EXPECT_EQ(FileOf("Note"),

@@ -83,7 +83,7 @@ TEST_F(CreateNoteTest, ASettingThatIsNoNumberLeavesNoHalfMadeNote) {
             try {
                 StandardCode::CreateNote("Dentist");
                 ADD_FAILURE() << key;
-            } catch (const forms::RuntimeError& error) {
+            } catch (const base::RuntimeError& error) {
                 EXPECT_EQ(error.number(), 13) << key;
             }
         });

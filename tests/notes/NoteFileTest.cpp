@@ -11,7 +11,7 @@ namespace {
 using testing_support::ErrorOf;
 using testing_support::RuleDevices;
 
-using forms::DateTime;
+using base::DateTime;
 using StandardCode::NoteRecord;
 
 const std::string byteOrderMark = "\xef\xbb\xbf";
@@ -73,8 +73,8 @@ TEST_F(NoteFileTest, MidnightRoundTrips) {
 
 TEST_F(NoteFileTest, DateFieldHoldsNoTimeAndTimeFieldNoDate) {
     NoteRecord record = Dentist();
-    record.AlarmDate = forms::Combine(record.AlarmDate, DateTime::FromTime(1, 2, 3));
-    record.AlarmTime = forms::Combine(record.AlarmDate, record.AlarmTime);
+    record.AlarmDate = base::Combine(record.AlarmDate, DateTime::FromTime(1, 2, 3));
+    record.AlarmTime = base::Combine(record.AlarmDate, record.AlarmTime);
     EXPECT_EQ(Decoded(NoteFile::Encode(record)), Dentist());
 }
 
@@ -205,7 +205,7 @@ TEST_F(NoteFileTest, ReadsDatesAndTimesInEveryForm) {
     EXPECT_EQ(Decoded(WithFields("5/14/2004", "\"9:30:00 AM\"")).AlarmDate, day);
     EXPECT_EQ(Decoded(WithFields("5/14/2004", "\"9:30:00 AM\"")).AlarmTime, time);
     EXPECT_EQ(Decoded(WithFields("#2004-05-14 09:30:00#", "#09:30:00#")).AlarmDate,
-              forms::Combine(day, time));
+              base::Combine(day, time));
     EXPECT_EQ(Decoded(WithFields("#09:30:00#", "#09:30:00#")).AlarmDate, time);
     EXPECT_EQ(Decoded(WithFields("", "")).AlarmDate, DateTime{});
 }

@@ -2,8 +2,9 @@
 #include <map>
 
 #include "alarms/NoteAlarmsCheck.h"
+#include "base/Text.h"
 #include "forms/Gestures.h"
-#include "forms/Text.h"
+#include "forms/Services.h"
 #include "notes/EditedNote.h"
 #include "notes/NoteStore.h"
 #include "notes/frmDisplayNote.h"
@@ -13,8 +14,8 @@
 
 namespace {
 
+using base::DateTime;
 using forms::BoxResult;
-using forms::DateTime;
 using StandardCode::Shared;
 using Names = std::vector<std::string>;
 
@@ -184,7 +185,7 @@ class Utf8Locale : public forms::headless::HeadlessLocale {
         return isAscii ? std::optional(utf8) : std::nullopt;
     }
     std::string FromAnsi(const std::string& bytes) override {
-        return forms::ToValidUtf8(bytes) == bytes ? bytes : HeadlessLocale::FromAnsi(bytes);
+        return base::ToValidUtf8(bytes) == bytes ? bytes : HeadlessLocale::FromAnsi(bytes);
     }
 };
 
@@ -427,7 +428,7 @@ TEST_F(NoteStoreTest, TheAlarmOfANoteInTheFileOfAnotherRings) {
     user->CloseBox(second);
     ASSERT_EQ(Shared().NotesArray[1].AlarmState, "1");
     const auto opened =
-        NoteAlarmsCheck::DisplayDue(forms::Combine(forms::Today(), DateTime::FromTime(12, 0, 0)));
+        NoteAlarmsCheck::DisplayDue(base::Combine(forms::Today(), DateTime::FromTime(12, 0, 0)));
     ASSERT_NE(opened.last, nullptr);
     EXPECT_EQ(opened.last->lblNoteText.text(), "two");
 }

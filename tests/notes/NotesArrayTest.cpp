@@ -1,16 +1,16 @@
 #include <gtest/gtest.h>
 
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "notes/NoteStore.h"
 #include "tests/support/TestProgram.h"
 
 namespace {
 
+using base::DateTime;
+using base::ErrorNumber;
 using forms::BoxButtons;
 using forms::BoxIcon;
 using forms::BoxResult;
-using forms::DateTime;
-using forms::ErrorNumber;
 using StandardCode::LoadNotesArray;
 using StandardCode::NotePath;
 using StandardCode::NoteRecord;
@@ -305,7 +305,7 @@ TEST_F(NotesArrayTest, Error457IsSilent) {
     bool saved = true;
     Start([&] {
         saved = StandardCode::ReportWriteErrors(
-            [] { throw forms::RuntimeError(ErrorNumber::KeyNotUnique); });
+            [] { throw base::RuntimeError(ErrorNumber::KeyNotUnique); });
     });
     EXPECT_FALSE(saved);
 }

@@ -3,8 +3,8 @@
 
 namespace {
 
+using base::DateTime;
 using forms::Color;
-using forms::DateTime;
 using StandardCode::Shared;
 
 class OpenNoteTest : public testing_support::NoteProgram {
@@ -60,7 +60,7 @@ TEST_F(OpenNoteTest, ASlotOutsideTheArrayIsAnError) {
             try {
                 StandardCode::OpenNote(slot);
                 ADD_FAILURE() << slot;
-            } catch (const forms::RuntimeError& error) {
+            } catch (const base::RuntimeError& error) {
                 EXPECT_EQ(error.number(), 9) << slot;
             }
         });
@@ -77,7 +77,7 @@ TEST_F(OpenNoteTest, ShowsNoMessageOfItsOwn) {
         try {
             StandardCode::OpenNote(1);
             ADD_FAILURE();
-        } catch (const forms::RuntimeError& error) {
+        } catch (const base::RuntimeError& error) {
             EXPECT_EQ(error.number(), 53);
         }
     });

@@ -305,7 +305,7 @@ TEST_F(RecoveryTest, AnAlarmAColorAndASizeThatWereNotSavedComeBackAndTheAlarmRin
     Start(StandardCode::ReadNotes);
     frmNote& note = Editor("Dentist");
     user->Restore(note);
-    user->Pick(note.dtTime, forms::DateTime::FromTime(9, 1, 0));
+    user->Pick(note.dtTime, base::DateTime::FromTime(9, 1, 0));
     user->Click(note.chkAudioAlarm);
     user->Click(note.cmdAlarm);
     forms::gestures::Choose(note.mnuBlue);
@@ -327,7 +327,7 @@ TEST_F(RecoveryTest, AnAlarmAColorAndASizeThatWereNotSavedComeBackAndTheAlarmRin
 TEST_F(RecoveryTest, AnAlarmThatWasTurnedOffAndNotSavedStaysOff) {
     auto record = Record("Dentist", "text");
     record.AlarmState = "1";
-    record.AlarmTime = forms::DateTime::FromTime(9, 1, 0);
+    record.AlarmTime = base::DateTime::FromTime(9, 1, 0);
     PutNote(record);
     Start(StandardCode::ReadNotes);
     user->Restore(Editor("Dentist"));
@@ -342,7 +342,7 @@ TEST_F(RecoveryTest, AnAlarmThatWasTurnedOffAndNotSavedStaysOff) {
 TEST_F(RecoveryTest, AnAlarmThatRangNeedsNoCopy) {
     auto record = Record("Dentist", "text");
     record.AlarmState = "1";
-    record.AlarmTime = forms::DateTime::FromTime(9, 0, 5);
+    record.AlarmTime = base::DateTime::FromTime(9, 0, 5);
     PutNote(record);
     Start(StandardCode::ReadNotes);
     Advance(10'000);

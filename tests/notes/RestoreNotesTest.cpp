@@ -3,11 +3,11 @@
 
 namespace {
 
+using base::DateTime;
 using forms::BoxButtons;
 using forms::BoxIcon;
 using forms::BoxResult;
 using forms::Color;
-using forms::DateTime;
 using forms::WindowState;
 using StandardCode::Shared;
 

@@ -31,8 +31,8 @@ class ViewNotes : public TestProgram {
         StandardCode::NoteRecord note;
         note.Title = title;
         note.Text = "Text of " + title;
-        note.AlarmDate = forms::DateTime::FromDate(2004, 5, 14);
-        note.AlarmTime = forms::DateTime::FromTime(9, 30, 0);
+        note.AlarmDate = base::DateTime::FromDate(2004, 5, 14);
+        note.AlarmTime = base::DateTime::FromTime(9, 30, 0);
         note.ColorIndex = 1;
         note.FontSize = 12;
         note.AlarmState = alarmState;

@@ -71,7 +71,7 @@ TEST_F(DisplayClosing, NoKeepsTheNoteWithItsAlarmOff) {
     EXPECT_EQ(panelActions, std::vector<PanelAction>{PanelAction::LoadAndUnload});
     // Every reader still takes it.
     EXPECT_EQ(Shared().NoteCount, 1);
-    EXPECT_EQ(Shared().NotesArray[1].AlarmTime, forms::DateTime::FromTime(12, 0, 0));
+    EXPECT_EQ(Shared().NotesArray[1].AlarmTime, base::DateTime::FromTime(12, 0, 0));
     EXPECT_EQ(Shared().NotesArray[1].AlarmState, "0");
     EXPECT_EQ(Shared().NotesArray[1].AudioAlarm, 0);
 }

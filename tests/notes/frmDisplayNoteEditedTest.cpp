@@ -13,7 +13,7 @@ class EditedUnderItsDisplay : public testing_support::NoteProgram {
     void SetUp() override {
         NoteProgram::SetUp();
         auto record = Record("Dentist", "old");
-        record.AlarmTime = forms::DateTime::FromTime(9, 30, 0);
+        record.AlarmTime = base::DateTime::FromTime(9, 30, 0);
         record.AlarmState = "1";
         PutNote(record);
         Start([this] {
@@ -53,33 +53,33 @@ TEST_F(EditedUnderItsDisplay, KeepingTheNoteKeepsWhatWasSavedMeanwhile) {
     EXPECT_EQ(Saved("Dentist").Text, "new");
     EXPECT_EQ(Saved("Dentist").ColorIndex, 3);
     EXPECT_EQ(Saved("Dentist").AlarmState, "0");
-    EXPECT_EQ(Saved("Dentist").AlarmTime, forms::DateTime::FromTime(12, 0, 0));
+    EXPECT_EQ(Saved("Dentist").AlarmTime, base::DateTime::FromTime(12, 0, 0));
 }
 
 TEST_F(EditedUnderItsDisplay, AnAlarmThatWasSetMeanwhileStaysSet) {
     frmNote& note = Edit();
     user->Click(note.cmdAlarm);
-    user->Pick(note.dtTime, forms::DateTime::FromTime(10, 0, 0));
+    user->Pick(note.dtTime, base::DateTime::FromTime(10, 0, 0));
     user->Click(note.cmdAlarm);
     Start([&note] { Save(note); });
     const auto before = FileOf("Dentist");
     CloseDisplay(BoxResult::No);
     EXPECT_EQ(FileOf("Dentist"), before);
     EXPECT_EQ(Saved("Dentist").AlarmState, "1");
-    EXPECT_EQ(Saved("Dentist").AlarmTime, forms::DateTime::FromTime(10, 0, 0));
+    EXPECT_EQ(Saved("Dentist").AlarmTime, base::DateTime::FromTime(10, 0, 0));
 }
 
 TEST_F(EditedUnderItsDisplay, ATextTypedIntoTheDisplayLeavesTheNewAlarmSet) {
     frmNote& note = Edit();
     user->Click(note.cmdAlarm);
-    user->Pick(note.dtTime, forms::DateTime::FromTime(10, 0, 0));
+    user->Pick(note.dtTime, base::DateTime::FromTime(10, 0, 0));
     user->Click(note.cmdAlarm);
     Start([&note] { Save(note); });
     user->Type(display->lblNoteText, "of the display");
     CloseDisplay(BoxResult::No);
     EXPECT_EQ(Saved("Dentist").Text, "of the display");
     EXPECT_EQ(Saved("Dentist").AlarmState, "1");
-    EXPECT_EQ(Saved("Dentist").AlarmTime, forms::DateTime::FromTime(10, 0, 0));
+    EXPECT_EQ(Saved("Dentist").AlarmTime, base::DateTime::FromTime(10, 0, 0));
 }
 
 TEST_F(EditedUnderItsDisplay, WhatIsTypedIntoTheDisplayIsSavedAndTheEditorsTextIsKept) {

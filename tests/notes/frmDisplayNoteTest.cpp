@@ -172,7 +172,7 @@ TEST_F(AlarmDisplay, ASlotOutsideTheArrayIsAnError) {
             try {
                 StandardCode::DisplayNote(slot);
                 ADD_FAILURE() << slot;
-            } catch (const forms::RuntimeError& error) {
+            } catch (const base::RuntimeError& error) {
                 EXPECT_EQ(error.number(), 9);
             }
         });

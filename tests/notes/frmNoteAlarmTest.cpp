@@ -6,10 +6,10 @@
 
 namespace {
 
+using base::DateTime;
 using forms::BoxButtons;
 using forms::BoxIcon;
 using forms::BoxResult;
-using forms::DateTime;
 using forms::WindowState;
 using forms::headless::RecordedSound;
 using StandardCode::Shared;

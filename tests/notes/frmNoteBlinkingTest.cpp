@@ -48,7 +48,7 @@ TEST_F(frmNoteBlinkingTest, AnEditorThatIsOpenedLaterBlinks) {
 TEST_F(frmNoteBlinkingTest, AnAlarmWakesTheMachineBetweenTheSecondsOnlyWhenItIsNear) {
     SetNow(2004, 5, 14, 11, 59, 10);
     frmNote& note = MakeNote("Dentist");
-    note.dtTime.value = forms::DateTime::FromTime(12, 0, 0);
+    note.dtTime.value = base::DateTime::FromTime(12, 0, 0);
     user->Click(note.cmdAlarm);
     Advance(1000);
     EXPECT_EQ(WakeUps().size(), 1U);

@@ -89,8 +89,8 @@ TEST_F(frmNoteClosingTest, ThroughThePanelMenuItemsAndAlarmCountAsChanges) {
         [](frmNote& note) { forms::gestures::Choose(note.mnu16); },
         [this](frmNote& note) { user->Click(note.cmdAlarm); },
         [this](frmNote& note) { user->Choose(note.mnuAlarmStart); },
-        [this](frmNote& note) { user->Pick(note.dtDate, forms::DateTime::FromDate(2031, 1, 1)); },
-        [this](frmNote& note) { user->Pick(note.dtTime, forms::DateTime::FromTime(1, 0, 0)); },
+        [this](frmNote& note) { user->Pick(note.dtDate, base::DateTime::FromDate(2031, 1, 1)); },
+        [this](frmNote& note) { user->Pick(note.dtTime, base::DateTime::FromTime(1, 0, 0)); },
         [](frmNote& note) {
             forms::gestures::MouseUp(note.chkAudioAlarm, forms::leftButton, 0, 0);
         },
@@ -223,7 +223,7 @@ TEST_F(frmNoteClosingTest, MenuEraseThatCannotWriteTheNoteBackLosesNothing) {
     Start([&note] { note.WriteNote(); });
     ExpectEraseQuestion("DENTIST", BoxResult::Yes);
     ExpectWriteError("61 - Disk full");
-    files.FailAt(2, forms::ErrorNumber::DiskFull);  // the first step after the erasing
+    files.FailAt(2, base::ErrorNumber::DiskFull);  // the first step after the erasing
     user->Choose(note.mnuKillNote);
     EXPECT_FALSE(FileOf("Dentist").has_value());
     EXPECT_TRUE(IsNoteOpen("Dentist"));

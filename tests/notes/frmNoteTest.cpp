@@ -6,11 +6,11 @@
 
 namespace {
 
+using base::DateTime;
 using forms::BoxButtons;
 using forms::BoxIcon;
 using forms::BoxResult;
 using forms::Color;
-using forms::DateTime;
 using StandardCode::Shared;
 
 class frmNoteTest : public testing_support::NoteProgram {

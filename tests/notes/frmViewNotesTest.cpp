@@ -10,8 +10,8 @@
 
 namespace {
 
+using base::DateTime;
 using forms::BoxResult;
-using forms::DateTime;
 using StandardCode::Shared;
 using testing_support::ViewNotes;
 

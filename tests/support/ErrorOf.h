@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace testing_support {
 
@@ -9,7 +9,7 @@ template <class Action>
 int ErrorOf(Action action) {
     try {
         action();
-    } catch (const forms::RuntimeError& error) {
+    } catch (const base::RuntimeError& error) {
         return error.number();
     }
     return 0;

@@ -68,8 +68,8 @@ class NoteProgram : public TestProgram {
         StandardCode::NoteRecord record;
         record.Title = title;
         record.Text = text;
-        record.AlarmDate = forms::DateTime::FromDate(2004, 5, 14);
-        record.AlarmTime = forms::DateTime::FromTime(12, 0, 0);
+        record.AlarmDate = base::DateTime::FromDate(2004, 5, 14);
+        record.AlarmTime = base::DateTime::FromTime(12, 0, 0);
         record.ColorIndex = 1;
         record.FontSize = 12;
         record.AlarmState = "0";

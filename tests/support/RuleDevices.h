@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/StandardCode.h"
+#include "base/RuntimeError.h"
 #include "forms/Devices.h"
-#include "forms/RuntimeError.h"
 #include "forms/headless/HeadlessDevices.h"
 #include "forms/headless/HeadlessLocale.h"
 #include "forms/headless/HeadlessSettings.h"

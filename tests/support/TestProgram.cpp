@@ -67,8 +67,8 @@ void TestProgram::Restart() {
 }
 
 void TestProgram::SetNow(int year, int month, int day, int hour, int minute, int second) {
-    clock.SetNow(Combine(forms::DateTime::FromDate(year, month, day),
-                         forms::DateTime::FromTime(hour, minute, second)));
+    clock.SetNow(Combine(base::DateTime::FromDate(year, month, day),
+                         base::DateTime::FromTime(hour, minute, second)));
 }
 
 void TestProgram::Boot() {

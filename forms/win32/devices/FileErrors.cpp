@@ -9,7 +9,7 @@ namespace {
 
 struct Meaning {
     DWORD code;
-    ErrorNumber number;
+    base::ErrorNumber number;
 };
 
 // Not in every compiler's headers.
@@ -18,38 +18,38 @@ constexpr DWORD virusDeleted = 226;
 constexpr DWORD diskQuotaExceeded = 1295;
 
 constexpr auto meanings = std::to_array<Meaning>({
-    {ERROR_FILE_NOT_FOUND, ErrorNumber::FileNotFound},
-    {ERROR_INVALID_NAME, ErrorNumber::BadFileName},
-    {ERROR_BAD_PATHNAME, ErrorNumber::BadFileName},
-    {ERROR_FILENAME_EXCED_RANGE, ErrorNumber::BadFileName},
-    {ERROR_DISK_FULL, ErrorNumber::DiskFull},
-    {ERROR_HANDLE_DISK_FULL, ErrorNumber::DiskFull},
-    {diskQuotaExceeded, ErrorNumber::DiskFull},
-    {ERROR_ACCESS_DENIED, ErrorNumber::PermissionDenied},
-    {ERROR_SHARING_VIOLATION, ErrorNumber::PermissionDenied},
-    {ERROR_LOCK_VIOLATION, ErrorNumber::PermissionDenied},
-    {ERROR_WRITE_PROTECT, ErrorNumber::PermissionDenied},
-    {ERROR_NETWORK_ACCESS_DENIED, ErrorNumber::PermissionDenied},
-    {ERROR_USER_MAPPED_FILE, ErrorNumber::PermissionDenied},
-    {ERROR_DELETE_PENDING, ErrorNumber::PermissionDenied},
-    {ERROR_PRIVILEGE_NOT_HELD, ErrorNumber::PermissionDenied},
-    {ERROR_CANT_ACCESS_FILE, ErrorNumber::PermissionDenied},
-    {virusInfected, ErrorNumber::PermissionDenied},
-    {virusDeleted, ErrorNumber::PermissionDenied},
-    {ERROR_ALREADY_EXISTS, ErrorNumber::PathFileAccessError},
-    {ERROR_FILE_EXISTS, ErrorNumber::PathFileAccessError},
-    {ERROR_DIR_NOT_EMPTY, ErrorNumber::PathFileAccessError},
-    {ERROR_CURRENT_DIRECTORY, ErrorNumber::PathFileAccessError},
-    {ERROR_NOT_SAME_DEVICE, ErrorNumber::PathFileAccessError},
-    {ERROR_FILE_READ_ONLY, ErrorNumber::PathFileAccessError},
-    {ERROR_PATH_NOT_FOUND, ErrorNumber::PathNotFound},
-    {ERROR_INVALID_DRIVE, ErrorNumber::PathNotFound},
-    {ERROR_BAD_NETPATH, ErrorNumber::PathNotFound},
-    {ERROR_BAD_NET_NAME, ErrorNumber::PathNotFound},
-    {ERROR_BAD_UNIT, ErrorNumber::PathNotFound},
-    {ERROR_DIRECTORY, ErrorNumber::PathNotFound},
-    {ERROR_NETWORK_UNREACHABLE, ErrorNumber::PathNotFound},
-    {ERROR_HOST_UNREACHABLE, ErrorNumber::PathNotFound},
+    {ERROR_FILE_NOT_FOUND, base::ErrorNumber::FileNotFound},
+    {ERROR_INVALID_NAME, base::ErrorNumber::BadFileName},
+    {ERROR_BAD_PATHNAME, base::ErrorNumber::BadFileName},
+    {ERROR_FILENAME_EXCED_RANGE, base::ErrorNumber::BadFileName},
+    {ERROR_DISK_FULL, base::ErrorNumber::DiskFull},
+    {ERROR_HANDLE_DISK_FULL, base::ErrorNumber::DiskFull},
+    {diskQuotaExceeded, base::ErrorNumber::DiskFull},
+    {ERROR_ACCESS_DENIED, base::ErrorNumber::PermissionDenied},
+    {ERROR_SHARING_VIOLATION, base::ErrorNumber::PermissionDenied},
+    {ERROR_LOCK_VIOLATION, base::ErrorNumber::PermissionDenied},
+    {ERROR_WRITE_PROTECT, base::ErrorNumber::PermissionDenied},
+    {ERROR_NETWORK_ACCESS_DENIED, base::ErrorNumber::PermissionDenied},
+    {ERROR_USER_MAPPED_FILE, base::ErrorNumber::PermissionDenied},
+    {ERROR_DELETE_PENDING, base::ErrorNumber::PermissionDenied},
+    {ERROR_PRIVILEGE_NOT_HELD, base::ErrorNumber::PermissionDenied},
+    {ERROR_CANT_ACCESS_FILE, base::ErrorNumber::PermissionDenied},
+    {virusInfected, base::ErrorNumber::PermissionDenied},
+    {virusDeleted, base::ErrorNumber::PermissionDenied},
+    {ERROR_ALREADY_EXISTS, base::ErrorNumber::PathFileAccessError},
+    {ERROR_FILE_EXISTS, base::ErrorNumber::PathFileAccessError},
+    {ERROR_DIR_NOT_EMPTY, base::ErrorNumber::PathFileAccessError},
+    {ERROR_CURRENT_DIRECTORY, base::ErrorNumber::PathFileAccessError},
+    {ERROR_NOT_SAME_DEVICE, base::ErrorNumber::PathFileAccessError},
+    {ERROR_FILE_READ_ONLY, base::ErrorNumber::PathFileAccessError},
+    {ERROR_PATH_NOT_FOUND, base::ErrorNumber::PathNotFound},
+    {ERROR_INVALID_DRIVE, base::ErrorNumber::PathNotFound},
+    {ERROR_BAD_NETPATH, base::ErrorNumber::PathNotFound},
+    {ERROR_BAD_NET_NAME, base::ErrorNumber::PathNotFound},
+    {ERROR_BAD_UNIT, base::ErrorNumber::PathNotFound},
+    {ERROR_DIRECTORY, base::ErrorNumber::PathNotFound},
+    {ERROR_NETWORK_UNREACHABLE, base::ErrorNumber::PathNotFound},
+    {ERROR_HOST_UNREACHABLE, base::ErrorNumber::PathNotFound},
 });
 
 bool IsProtected(const std::wstring& nativePath) {
@@ -60,22 +60,22 @@ bool IsProtected(const std::wstring& nativePath) {
 
 }  // namespace
 
-ErrorNumber ErrorOfCode(DWORD code) {
+base::ErrorNumber ErrorOfCode(DWORD code) {
     const auto* found = std::find_if(meanings.begin(), meanings.end(),
                                      [code](const Meaning& entry) { return entry.code == code; });
-    return found == meanings.end() ? ErrorNumber::DeviceIoError : found->number;
+    return found == meanings.end() ? base::ErrorNumber::DeviceIoError : found->number;
 }
 
 void FailWith(DWORD code, const std::wstring& nativePath) {
     if (code == ERROR_ACCESS_DENIED) {
         RefuseProtected(nativePath);
     }
-    throw RuntimeError(ErrorOfCode(code));
+    throw base::RuntimeError(ErrorOfCode(code));
 }
 
 void RefuseProtected(const std::wstring& nativePath) {
     if (IsProtected(nativePath)) {
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
+        throw base::RuntimeError(base::ErrorNumber::PathFileAccessError);
     }
 }
 

@@ -4,12 +4,12 @@
 
 #include <string>
 
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace forms::win32 {
 
 // The error number that stands for a code of GetLastError.
-ErrorNumber ErrorOfCode(DWORD code);
+base::ErrorNumber ErrorOfCode(DWORD code);
 
 // Throws what code means for the file at this native path. A denied access is 75 where the path
 // leads to a folder or a read-only file, else 70.

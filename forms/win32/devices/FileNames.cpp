@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "forms/win32/Utf.h"
 
 namespace forms::win32 {
@@ -49,7 +49,7 @@ bool IsDrive(std::wstring_view path) {
            ((letter >= L'A' && letter <= L'Z') || (letter >= L'a' && letter <= L'z'));
 }
 
-[[noreturn]] void RefuseName() { throw RuntimeError(ErrorNumber::BadFileName); }
+[[noreturn]] void RefuseName() { throw base::RuntimeError(base::ErrorNumber::BadFileName); }
 
 }  // namespace
 

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "forms/win32/LateLibrary.h"
 
 namespace forms::win32 {
@@ -14,7 +14,7 @@ namespace {
 constexpr int pointsPerInch = 72;
 constexpr int averageCharactersPerTab = 8;
 
-[[noreturn]] void Fail() { throw RuntimeError(ErrorNumber::PrinterError); }
+[[noreturn]] void Fail() { throw base::RuntimeError(base::ErrorNumber::PrinterError); }
 
 std::wstring DefaultPrinterName() {
     static const auto getDefault =

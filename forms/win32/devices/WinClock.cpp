@@ -16,10 +16,10 @@ SYSTEMTIME LocalTime() {
 
 // Both come from the same clock cut off at the second, never rounded: a millisecond of 999 still
 // belongs to the second that Now tells.
-DateTime WinClock::Now() {
+base::DateTime WinClock::Now() {
     const SYSTEMTIME now = LocalTime();
-    return Combine(DateTime::FromDate(now.wYear, now.wMonth, now.wDay),
-                   DateTime::FromTime(now.wHour, now.wMinute, now.wSecond));
+    return base::Combine(base::DateTime::FromDate(now.wYear, now.wMonth, now.wDay),
+                         base::DateTime::FromTime(now.wHour, now.wMinute, now.wSecond));
 }
 
 int WinClock::MillisecondOfSecond() { return LocalTime().wMilliseconds; }

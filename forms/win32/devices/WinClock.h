@@ -1,12 +1,12 @@
 #pragma once
 
-#include "forms/Devices.h"
+#include "forms/Services.h"
 
 namespace forms::win32 {
 
 class WinClock : public Clock {
   public:
-    DateTime Now() override;
+    base::DateTime Now() override;
     int MillisecondOfSecond() override;
     std::int64_t MonotonicMilliseconds() override;
 };

@@ -28,7 +28,7 @@ std::uint64_t Joined(DWORD high, DWORD low) {
 
 DWORD AttributesOf(const std::string& path) try {
     return ::GetFileAttributesW(NativePath(path).c_str());
-} catch (const RuntimeError&) {
+} catch (const base::RuntimeError&) {
     return INVALID_FILE_ATTRIBUTES;
 }
 
@@ -49,7 +49,7 @@ void WriteAll(HANDLE file, const std::string& bytes, const std::wstring& nativeP
             FailWith(::GetLastError(), nativePath);
         }
         if (written == 0) {
-            throw RuntimeError(ErrorNumber::DiskFull);
+            throw base::RuntimeError(base::ErrorNumber::DiskFull);
         }
         position += written;
     }
@@ -122,7 +122,7 @@ std::vector<FileEntry> WinFiles::List(const std::string& folder, const std::stri
             return entries;
         }
         // The folder as a folder is no reason to be refused.
-        throw RuntimeError(ErrorOfCode(code));
+        throw base::RuntimeError(ErrorOfCode(code));
     }
     const std::unique_ptr<void, CloseFind> find(first);
     do {
@@ -140,7 +140,7 @@ std::vector<FileEntry> WinFiles::List(const std::string& folder, const std::stri
         }
     } while (::FindNextFileW(find.get(), &data) != 0);
     if (::GetLastError() != ERROR_NO_MORE_FILES) {
-        throw RuntimeError(ErrorOfCode(::GetLastError()));
+        throw base::RuntimeError(ErrorOfCode(::GetLastError()));
     }
     return entries;
 }
@@ -165,7 +165,7 @@ std::string WinFiles::Read(const std::string& path) {
         FailWith(::GetLastError(), native);
     }
     if (static_cast<std::uint64_t>(size.QuadPart) > largestFile) {
-        throw RuntimeError(ErrorNumber::DeviceIoError);
+        throw base::RuntimeError(base::ErrorNumber::DeviceIoError);
     }
     std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
     std::size_t filled = 0;
@@ -195,7 +195,7 @@ void WinFiles::Write(const std::string& path, const std::string& bytes, WriteOpt
     if (!file) {
         const DWORD code = ::GetLastError();
         if (options.mustBeNew && (code == ERROR_FILE_EXISTS || code == ERROR_ALREADY_EXISTS)) {
-            throw RuntimeError(ErrorNumber::FileAlreadyExists);
+            throw base::RuntimeError(base::ErrorNumber::FileAlreadyExists);
         }
         FailWith(code, native);
     }

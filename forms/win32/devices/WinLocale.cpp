@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "forms/Text.h"
+#include "base/Text.h"
 #include "forms/win32/Utf.h"
 
 namespace forms::win32 {
@@ -18,7 +18,7 @@ constexpr int calendarCycle = 400;
 
 // value as the system's calls take it; a year before their first becomes a later one that has the
 // same calendar.
-SYSTEMTIME SystemTimeOf(DateTime value) {
+SYSTEMTIME SystemTimeOf(base::DateTime value) {
     int year = value.Year();
     while (year < firstSystemYear) {
         year += calendarCycle;
@@ -109,28 +109,28 @@ UINT CodePageOfLanguage() {
 
 }  // namespace
 
-std::string WinLocale::ShortDate(DateTime value) {
+std::string WinLocale::ShortDate(base::DateTime value) {
     const SYSTEMTIME time = SystemTimeOf(value);
     const std::wstring text =
         value.Year() >= firstSystemYear
             ? Formatted(::GetDateFormatW, DATE_SHORTDATE, time, nullptr)
             : Formatted(::GetDateFormatW, 0, time, ShortDatePicture(value.Year()).c_str());
-    return text.empty() ? FormatMonthDayYear(value) : Narrow(text);
+    return text.empty() ? base::FormatMonthDayYear(value) : Narrow(text);
 }
 
-std::string WinLocale::TimeText(DateTime value) {
+std::string WinLocale::TimeText(base::DateTime value) {
     const std::wstring text = Formatted(::GetTimeFormatW, 0, SystemTimeOf(value), nullptr);
-    return text.empty() ? FormatTime24(value) : Narrow(text);
+    return text.empty() ? base::FormatTime24(value) : Narrow(text);
 }
 
-std::string WinLocale::WeekdayName(DateTime value) {
+std::string WinLocale::WeekdayName(base::DateTime value) {
     // Any week will do for the name, so take one that every calendar has.
-    const DateTime sunday = DateTime::FromDate(2000, 1, 2);
-    const DateTime sameDay{sunday.seconds + value.Weekday() * secondsPerDay};
+    const base::DateTime sunday = base::DateTime::FromDate(2000, 1, 2);
+    const base::DateTime sameDay{sunday.seconds + value.Weekday() * base::secondsPerDay};
     return Narrow(Formatted(::GetDateFormatW, 0, SystemTimeOf(sameDay), L"dddd"));
 }
 
-NumberFormat WinLocale::Numbers() {
+base::NumberFormat WinLocale::Numbers() {
     return {.decimalSign = Setting(LOCALE_SDECIMAL),
             .thousandsSign = Setting(LOCALE_STHOUSAND),
             .currencySymbol = Setting(LOCALE_SCURRENCY)};
@@ -180,7 +180,7 @@ std::string WinLocale::FromAnsi(const std::string& bytes) {
     }
     UINT codePage = ::GetACP();
     if (codePage == CP_UTF8) {
-        if (ToValidUtf8(bytes) == bytes) {
+        if (base::ToValidUtf8(bytes) == bytes) {
             return bytes;
         }
         codePage = CodePageOfLanguage();

@@ -6,10 +6,10 @@ namespace forms::win32 {
 
 class WinLocale : public Locale {
   public:
-    std::string ShortDate(DateTime value) override;
-    std::string TimeText(DateTime value) override;
-    std::string WeekdayName(DateTime value) override;
-    NumberFormat Numbers() override;
+    std::string ShortDate(base::DateTime value) override;
+    std::string TimeText(base::DateTime value) override;
+    std::string WeekdayName(base::DateTime value) override;
+    base::NumberFormat Numbers() override;
     // As the file system folds letters, not as the language writes capitals (a dotless i stays
     // apart): what differs in upper case may be two files.
     std::string ToUpper(const std::string& text) override;

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string_view>
 
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "forms/win32/Decoder.h"
 #include "forms/win32/devices/FileNames.h"
 
@@ -17,7 +17,7 @@ namespace {
 constexpr int twipsPerPixel = 15;
 constexpr int iconPixels = 32;
 
-[[noreturn]] void NoPicture() { throw RuntimeError(ErrorNumber::InvalidPicture); }
+[[noreturn]] void NoPicture() { throw base::RuntimeError(base::ErrorNumber::InvalidPicture); }
 
 struct IconHeader {
     WORD reserved;
@@ -73,7 +73,7 @@ SIZE SizeOf(const std::string& bytes) {
 bool GetFileData(const std::string& path, WIN32_FILE_ATTRIBUTE_DATA& data) try {
     return ::GetFileAttributesExW(NativePath(path).c_str(), GetFileExInfoStandard, &data) != 0 &&
            (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-} catch (const RuntimeError&) {
+} catch (const base::RuntimeError&) {
     return false;  // no name of a file
 }
 
@@ -82,7 +82,7 @@ bool GetFileData(const std::string& path, WIN32_FILE_ATTRIBUTE_DATA& data) try {
 Picture WinPictures::Load(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!GetFileData(path, data)) {
-        throw RuntimeError(ErrorNumber::FileNotFound);
+        throw base::RuntimeError(base::ErrorNumber::FileNotFound);
     }
     const auto joined = [](DWORD high, DWORD low) {
         return (static_cast<std::uint64_t>(high) << 32U) | low;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "forms/win32/Utf.h"
 
 namespace forms::win32 {
@@ -14,7 +14,7 @@ void WinPrinter::OnJob(Action action) try {
         job = std::make_unique<PrintJob>(fontSize);
     }
     action(*job);
-} catch (const RuntimeError&) {
+} catch (const base::RuntimeError&) {
     AbandonDocument();
     throw;
 }

@@ -6,7 +6,7 @@
 #include <memory>
 #include <type_traits>
 
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "forms/win32/Utf.h"
 
 namespace forms::win32 {
@@ -20,7 +20,7 @@ using Key = std::unique_ptr<std::remove_pointer_t<HKEY>, CloseKey>;
 
 void Check(LSTATUS status) {
     if (status != ERROR_SUCCESS) {
-        throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+        throw base::RuntimeError(base::ErrorNumber::InvalidProcedureCall);
     }
 }
 

@@ -154,28 +154,28 @@ TEST_F(BadInput, ACaptionOfAnyLengthHasItsWindow) {
 
 TEST_F(BadInput, DatesBeforeThoseOfTheNativeControlStayAsTheyAre) {
     for (const int year : {100, 1500, 1600, 1601, 1752}) {
-        const DateTime date = DateTime::FromDate(year, 6, 5);
+        const base::DateTime date = base::DateTime::FromDate(year, 6, 5);
         Start([&date] { Input().dtDate.value = date; });
         ExpectShown(Input().dtDate, 1753, 1, 1);
         EXPECT_EQ(Input().dtDate.value(), date) << year;
     }
     for (const int year : {1753, 1899, 2031, 9999}) {
-        Start([year] { Input().dtDate.value = DateTime::FromDate(year, 12, 30); });
+        Start([year] { Input().dtDate.value = base::DateTime::FromDate(year, 12, 30); });
         ExpectShown(Input().dtDate, year, 12, 30);
     }
 }
 
 TEST_F(BadInput, ATimePickerTakesTheTimeOfAnyDate) {
     Start([] {
-        Input().dtTime.value =
-            Combine(DateTime::FromDate(1066, 10, 14), DateTime::FromTime(9, 31, 0));
+        Input().dtTime.value = base::Combine(base::DateTime::FromDate(1066, 10, 14),
+                                             base::DateTime::FromTime(9, 31, 0));
     });
     EXPECT_EQ(Shown(Input().dtTime).wHour, 9);
     EXPECT_EQ(Shown(Input().dtTime).wMinute, 31);
 }
 
 TEST_F(BadInput, ADateThatOnlyTheNativeControlKnowsIsNotTaken) {
-    const DateTime date = DateTime::FromDate(2031, 6, 2);
+    const base::DateTime date = base::DateTime::FromDate(2031, 6, 2);
     Start([&date] { Input().dtDate.value = date; });
     for (const SYSTEMTIME& time : {SYSTEMTIME{30000, 1, 0, 1, 0, 0, 0, 0}, SYSTEMTIME{},
                                    SYSTEMTIME{2031, 2, 0, 30, 0, 0, 0, 0}}) {
@@ -184,7 +184,7 @@ TEST_F(BadInput, ADateThatOnlyTheNativeControlKnowsIsNotTaken) {
         ExpectShown(Input().dtDate, 2031, 6, 2);
     }
     Report(Input().dtDate, SYSTEMTIME{2032, 2, 0, 29, 0, 0, 0, 0});
-    EXPECT_EQ(Input().dtDate.value(), DateTime::FromDate(2032, 2, 29));
+    EXPECT_EQ(Input().dtDate.value(), base::DateTime::FromDate(2032, 2, 29));
 }
 
 // Some native controls take minutes to wrap one line of 64 KiB; lines of a usual length cost

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "forms/RuntimeError.h"
-#include "forms/Text.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "forms/win32/MakeDevices.h"
 #include "forms/win32/Utf.h"
 #include "forms/win32/devices/WinClock.h"
@@ -62,11 +62,11 @@ TEST(WinClockTest, TellsTheLocalTimeToTheSecond) {
     SYSTEMTIME before{};
     SYSTEMTIME after{};
     ::GetLocalTime(&before);
-    const DateTime now = clock.Now();
+    const base::DateTime now = clock.Now();
     ::GetLocalTime(&after);
     const auto moment = [](const SYSTEMTIME& time) {
-        return Combine(DateTime::FromDate(time.wYear, time.wMonth, time.wDay),
-                       DateTime::FromTime(time.wHour, time.wMinute, time.wSecond));
+        return base::Combine(base::DateTime::FromDate(time.wYear, time.wMonth, time.wDay),
+                             base::DateTime::FromTime(time.wHour, time.wMinute, time.wSecond));
     };
     EXPECT_LE(moment(before), now);
     EXPECT_LE(now, moment(after));
@@ -76,11 +76,11 @@ TEST(WinClockTest, TheSecondChangesWhereItsMillisecondsBeginAgain) {
     WinClock clock;
     constexpr std::int64_t standstill = 100;  // milliseconds
     int changes = 0;
-    DateTime last = clock.Now();
+    base::DateTime last = clock.Now();
     int lastMillisecond = clock.MillisecondOfSecond();
     std::int64_t lastLook = clock.MonotonicMilliseconds();
     while (changes < 2) {
-        const DateTime now = clock.Now();
+        const base::DateTime now = clock.Now();
         const int millisecond = clock.MillisecondOfSecond();
         const std::int64_t look = clock.MonotonicMilliseconds();
         ASSERT_GE(millisecond, 0);
@@ -318,7 +318,8 @@ TEST(WinLocaleTest, DatesAndTimesAreInTheUsersForm) {
     time.wMinute = 30;
     wchar_t text[100]{};
     ::GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, text, 100);
-    const DateTime value = Combine(DateTime::FromDate(2004, 5, 14), DateTime::FromTime(9, 30, 0));
+    const base::DateTime value =
+        base::Combine(base::DateTime::FromDate(2004, 5, 14), base::DateTime::FromTime(9, 30, 0));
     EXPECT_EQ(locale.ShortDate(value), Narrow(text));
     ::GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &time, nullptr, text, 100);
     EXPECT_EQ(locale.TimeText(value), Narrow(text));
@@ -329,7 +330,7 @@ TEST(WinLocaleTest, DatesAndTimesAreInTheUsersForm) {
 
 TEST(WinLocaleTest, YearsThatTheSystemDoesNotKnowHaveTheSameForm) {
     WinLocale locale;
-    const auto ofYear = [](int year) { return DateTime::FromDate(year, 5, 14); };
+    const auto ofYear = [](int year) { return base::DateTime::FromDate(year, 5, 14); };
     // 1234 and 2034 have the same calendar and differ in the century alone.
     std::string expected = locale.ShortDate(ofYear(2034));
     const std::size_t century = expected.find("2034");
@@ -340,7 +341,7 @@ TEST(WinLocaleTest, YearsThatTheSystemDoesNotKnowHaveTheSameForm) {
     EXPECT_EQ(locale.WeekdayName(ofYear(1234)), locale.WeekdayName(ofYear(2034)));
     EXPECT_FALSE(locale.ShortDate(ofYear(100)).empty());
     EXPECT_FALSE(locale.ShortDate(ofYear(9999)).empty());
-    EXPECT_FALSE(locale.ShortDate(DateTime{}).empty());
+    EXPECT_FALSE(locale.ShortDate(base::DateTime{}).empty());
     EXPECT_FALSE(locale.TimeText(ofYear(100)).empty());
 }
 

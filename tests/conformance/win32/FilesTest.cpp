@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "forms/win32/devices/FileErrors.h"
 #include "forms/win32/devices/Handle.h"
 #include "forms/win32/devices/WinFiles.h"
@@ -330,15 +330,15 @@ TEST_F(WinFilesTest, RecycledFilesAreGoneAndNoTimerRunsMeanwhile) {
 }
 
 TEST(FileErrorsTest, CodesOfTheSystemHaveTheirNumbers) {
-    EXPECT_EQ(ErrorOfCode(ERROR_DISK_FULL), ErrorNumber::DiskFull);
-    EXPECT_EQ(ErrorOfCode(ERROR_HANDLE_DISK_FULL), ErrorNumber::DiskFull);
-    EXPECT_EQ(ErrorOfCode(ERROR_SHARING_VIOLATION), ErrorNumber::PermissionDenied);
-    EXPECT_EQ(ErrorOfCode(ERROR_LOCK_VIOLATION), ErrorNumber::PermissionDenied);
-    EXPECT_EQ(ErrorOfCode(ERROR_ACCESS_DENIED), ErrorNumber::PermissionDenied);
-    EXPECT_EQ(ErrorOfCode(ERROR_PATH_NOT_FOUND), ErrorNumber::PathNotFound);
-    EXPECT_EQ(ErrorOfCode(ERROR_FILE_NOT_FOUND), ErrorNumber::FileNotFound);
-    EXPECT_EQ(ErrorOfCode(ERROR_INVALID_NAME), ErrorNumber::BadFileName);
-    EXPECT_EQ(ErrorOfCode(ERROR_CRC), ErrorNumber::DeviceIoError);
+    EXPECT_EQ(ErrorOfCode(ERROR_DISK_FULL), base::ErrorNumber::DiskFull);
+    EXPECT_EQ(ErrorOfCode(ERROR_HANDLE_DISK_FULL), base::ErrorNumber::DiskFull);
+    EXPECT_EQ(ErrorOfCode(ERROR_SHARING_VIOLATION), base::ErrorNumber::PermissionDenied);
+    EXPECT_EQ(ErrorOfCode(ERROR_LOCK_VIOLATION), base::ErrorNumber::PermissionDenied);
+    EXPECT_EQ(ErrorOfCode(ERROR_ACCESS_DENIED), base::ErrorNumber::PermissionDenied);
+    EXPECT_EQ(ErrorOfCode(ERROR_PATH_NOT_FOUND), base::ErrorNumber::PathNotFound);
+    EXPECT_EQ(ErrorOfCode(ERROR_FILE_NOT_FOUND), base::ErrorNumber::FileNotFound);
+    EXPECT_EQ(ErrorOfCode(ERROR_INVALID_NAME), base::ErrorNumber::BadFileName);
+    EXPECT_EQ(ErrorOfCode(ERROR_CRC), base::ErrorNumber::DeviceIoError);
 }
 
 }  // namespace forms::win32

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "forms/Environment.h"
+#include "forms/Services.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Internal.h"
 #include "forms/win32/Messages.h"

@@ -13,13 +13,13 @@ TEST(WinLocaleNumbers, AreThoseOfTheSystem) {
     ASSERT_NE(::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, L","), 0);
     ASSERT_NE(::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_STHOUSAND, L"\x202f"), 0);
     ASSERT_NE(::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SCURRENCY, L"\x20ac"), 0);
-    const NumberFormat french{",", "\xe2\x80\xaf", "\xe2\x82\xac"};
+    const base::NumberFormat french{",", "\xe2\x80\xaf", "\xe2\x82\xac"};
     EXPECT_EQ(locale.Numbers(), french);
     ::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, L".");
     ::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_STHOUSAND, L",");
     ::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SCURRENCY, L"$");
-    EXPECT_EQ(locale.Numbers(), NumberFormat{});
-    EXPECT_EQ(wasDecimal, NumberFormat{});
+    EXPECT_EQ(locale.Numbers(), base::NumberFormat{});
+    EXPECT_EQ(wasDecimal, base::NumberFormat{});
 }
 
 }  // namespace

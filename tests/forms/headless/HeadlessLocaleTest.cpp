@@ -6,28 +6,29 @@
 namespace forms::headless {
 namespace {
 
-const DateTime friday = Combine(DateTime::FromDate(2004, 5, 14), DateTime::FromTime(9, 30, 0));
+const base::DateTime friday =
+    base::Combine(base::DateTime::FromDate(2004, 5, 14), base::DateTime::FromTime(9, 30, 0));
 
 TEST(HeadlessLocale, AmericanFormatsByDefault) {
     HeadlessLocale locale;
     EXPECT_EQ(locale.ShortDate(friday), "5/14/2004");
     EXPECT_EQ(locale.TimeText(friday), "9:30:00 AM");
     EXPECT_EQ(locale.WeekdayName(friday), "Friday");
-    EXPECT_EQ(locale.TimeText(DateTime{}), "12:00:00 AM");
-    EXPECT_EQ(locale.TimeText(DateTime::FromTime(12, 0, 1)), "12:00:01 PM");
-    EXPECT_EQ(locale.TimeText(DateTime::FromTime(13, 5, 9)), "1:05:09 PM");
+    EXPECT_EQ(locale.TimeText(base::DateTime{}), "12:00:00 AM");
+    EXPECT_EQ(locale.TimeText(base::DateTime::FromTime(12, 0, 1)), "12:00:01 PM");
+    EXPECT_EQ(locale.TimeText(base::DateTime::FromTime(13, 5, 9)), "1:05:09 PM");
 }
 
 TEST(HeadlessLocale, OtherFormats) {
     HeadlessLocale locale;
     locale.shortDateFormat = "dd.MM.yyyy";
     locale.timeFormat = "HH:mm:ss";
-    EXPECT_EQ(locale.ShortDate(DateTime::FromDate(2004, 5, 4)), "04.05.2004");
+    EXPECT_EQ(locale.ShortDate(base::DateTime::FromDate(2004, 5, 4)), "04.05.2004");
     EXPECT_EQ(locale.TimeText(friday), "09:30:00");
     locale.shortDateFormat = "M/d/yy";
-    EXPECT_EQ(locale.ShortDate(DateTime::FromDate(2004, 5, 4)), "5/4/04");
+    EXPECT_EQ(locale.ShortDate(base::DateTime::FromDate(2004, 5, 4)), "5/4/04");
     locale.shortDateFormat = "d 'de' M/y";
-    EXPECT_EQ(locale.ShortDate(DateTime::FromDate(2004, 5, 4)), "4 de 5/4");
+    EXPECT_EQ(locale.ShortDate(base::DateTime::FromDate(2004, 5, 4)), "4 de 5/4");
     locale.timeFormat = "hh.mm t";
     EXPECT_EQ(locale.TimeText(friday), "09.30 A");
 }
@@ -43,7 +44,7 @@ TEST(HeadlessLocale, GeneralDateLeavesOutWhatIsZero) {
     EXPECT_EQ(locale.GeneralDate(friday), "5/14/2004 9:30:00 AM");
     EXPECT_EQ(locale.GeneralDate(friday.DateOnly()), "5/14/2004");
     EXPECT_EQ(locale.GeneralDate(friday.TimeOnly()), "9:30:00 AM");
-    EXPECT_EQ(locale.GeneralDate(DateTime{}), "12:00:00 AM");
+    EXPECT_EQ(locale.GeneralDate(base::DateTime{}), "12:00:00 AM");
 }
 
 TEST(HeadlessLocale, UpperCaseOfAllScripts) {

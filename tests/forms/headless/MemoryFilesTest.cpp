@@ -15,7 +15,7 @@ class MemoryFilesTest : public testing::Test {
     int ErrorOf(Action action) {
         try {
             action();
-        } catch (const RuntimeError& error) {
+        } catch (const base::RuntimeError& error) {
             return error.number();
         }
         return 0;
@@ -204,12 +204,12 @@ TEST_F(MemoryFilesTest, LogNamesEveryCallInOrder) {
 
 TEST_F(MemoryFilesTest, FailsAtTheStepAskedFor) {
     files.PutFile("C:\\App\\Notes\\a.txt", "old");
-    files.FailAt(2, ErrorNumber::DeviceIoError);
+    files.FailAt(2, base::ErrorNumber::DeviceIoError);
     EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\a.txt", "123456"); }), 57);
     EXPECT_EQ(files.Peek("C:\\App\\Notes\\a.txt"), "123");
     EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\a.txt", "123456"); }), 0);
     EXPECT_EQ(files.Steps(), 5);
-    files.FailAt(1, ErrorNumber::PermissionDenied);
+    files.FailAt(1, base::ErrorNumber::PermissionDenied);
     EXPECT_EQ(ErrorOf([&] { files.Read("C:\\App\\Notes\\a.txt"); }), 70);
     EXPECT_EQ(ErrorOf([&] { files.Read("C:\\App\\Notes\\a.txt"); }), 0);
 }

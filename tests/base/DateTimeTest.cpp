@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "forms/DateTime.h"
-#include "forms/RuntimeError.h"
+#include "base/DateTime.h"
+#include "base/RuntimeError.h"
 #include "tests/support/ErrorOf.h"
 
-namespace forms {
+namespace base {
 namespace {
 
 using testing_support::ErrorOf;
@@ -153,4 +153,4 @@ TEST(ParseIsoDate, ReadsYearMonthDay) {
 }
 
 }  // namespace
-}  // namespace forms
+}  // namespace base

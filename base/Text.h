@@ -4,9 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "forms/Numbers.h"
-
-namespace forms {
+namespace base {
 
 // Without leading and trailing blanks (U+0020 only; tabs and line breaks stay).
 std::string Trim(std::string_view text);
@@ -23,4 +21,4 @@ void AppendCharacter(std::string& utf8, char32_t character);
 
 inline constexpr const char* lineBreak = "\r\n";
 
-}  // namespace forms
+}  // namespace base

@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace forms {
+namespace base {
 
 // Numbers of the errors that the program reports to its user. The numbers and the descriptions
 // appear in message boxes, so they never change.
@@ -46,4 +46,4 @@ class RuntimeError : public std::runtime_error {
     ErrorNumber errorNumber;
 };
 
-}  // namespace forms
+}  // namespace base

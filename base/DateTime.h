@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-namespace forms {
+namespace base {
 
 // A local calendar date with a time of day, to the second; also a pure date (time 00:00:00) or a
 // pure time of day (date 1899-12-30, the zero date). Two values are equal only when date and time
@@ -58,4 +58,4 @@ DateTime ParseMonthDayYear(const std::string& text);
 // Reads "yyyy-mm-dd". RuntimeError 13 otherwise.
 DateTime ParseIsoDate(const std::string& text);
 
-}  // namespace forms
+}  // namespace base

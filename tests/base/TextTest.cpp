@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "forms/Text.h"
+#include "base/Text.h"
 
-namespace forms {
+namespace base {
 namespace {
 
 TEST(Trim, TakesBlanksOnly) {
@@ -56,4 +56,4 @@ TEST(Characters, WhatIsNoCharacterIsReplaced) {
 }
 
 }  // namespace
-}  // namespace forms
+}  // namespace base

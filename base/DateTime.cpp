@@ -1,4 +1,4 @@
-#include "forms/DateTime.h"
+#include "base/DateTime.h"
 
 #include <array>
 #include <charconv>
@@ -6,9 +6,9 @@
 #include <cstdio>
 #include <string_view>
 
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 
-namespace forms {
+namespace base {
 
 namespace {
 
@@ -242,4 +242,4 @@ DateTime ParseIsoDate(const std::string& text) {
     return DateTime::FromDate(year, month, day);
 }
 
-}  // namespace forms
+}  // namespace base

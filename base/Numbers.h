@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace forms {
+namespace base {
 
 // The signs that numbers are written with. An empty one is not in use.
 struct NumberFormat {
@@ -13,9 +13,6 @@ struct NumberFormat {
     std::string currencySymbol = "$";
     bool operator==(const NumberFormat&) const = default;
 };
-
-// The format that the user chose in the system's settings.
-NumberFormat UserNumbers();
 
 // Whether the text as a whole is a number. The text may have
 //   - blanks at both ends and around the signs,
@@ -26,14 +23,12 @@ NumberFormat UserNumbers();
 //   - an exponent: E or D, of either case, with digits and perhaps a sign.
 // "&H" and "&O" (or "&" alone) begin hexadecimal and octal numbers. Empty text is no number.
 bool IsNumeric(std::string_view text, const NumberFormat& format);
-bool IsNumeric(std::string_view text);  // in the user's format
 
 // The number in the text, rounded half to even to 16 bits. "&H" and "&O" give the bits of a 16-bit
 // number, or of a 32-bit one if there are more. RuntimeError 13 if the text is no number, 6 if the
 // number does not fit.
 std::int16_t ToInteger16(std::string_view text, const NumberFormat& format);
-std::int16_t ToInteger16(std::string_view text);  // in the user's format
 // The same rounding for a value. RuntimeError 6 if it does not fit.
 std::int16_t ToInteger16(double value);
 
-}  // namespace forms
+}  // namespace base

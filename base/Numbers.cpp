@@ -1,4 +1,4 @@
-#include "forms/Numbers.h"
+#include "base/Numbers.h"
 
 #include <charconv>
 #include <cmath>
@@ -6,10 +6,9 @@
 #include <optional>
 #include <system_error>
 
-#include "forms/Devices.h"
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 
-namespace forms {
+namespace base {
 
 namespace {
 
@@ -187,16 +186,9 @@ class NumberReader {
 
 }  // namespace
 
-NumberFormat UserNumbers() {
-    Locale* locale = Machine().locale;
-    return locale != nullptr ? locale->Numbers() : NumberFormat{};
-}
-
 bool IsNumeric(std::string_view text, const NumberFormat& format) {
     return NumberReader(text, format).Read().has_value();
 }
-
-bool IsNumeric(std::string_view text) { return IsNumeric(text, UserNumbers()); }
 
 std::int16_t ToInteger16(std::string_view text, const NumberFormat& format) {
     const std::optional<double> value = NumberReader(text, format).Read();
@@ -205,8 +197,6 @@ std::int16_t ToInteger16(std::string_view text, const NumberFormat& format) {
     }
     return ToInteger16(*value);
 }
-
-std::int16_t ToInteger16(std::string_view text) { return ToInteger16(text, UserNumbers()); }
 
 std::int16_t ToInteger16(double value) {
     const double rounded = std::nearbyint(value);
@@ -217,4 +207,4 @@ std::int16_t ToInteger16(double value) {
     return static_cast<std::int16_t>(rounded);
 }
 
-}  // namespace forms
+}  // namespace base

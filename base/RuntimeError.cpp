@@ -1,6 +1,6 @@
-#include "forms/RuntimeError.h"
+#include "base/RuntimeError.h"
 
-namespace forms {
+namespace base {
 
 std::string DescriptionOf(ErrorNumber number) {
     switch (number) {
@@ -44,4 +44,4 @@ std::string DescriptionOf(ErrorNumber number) {
     return "Application-defined or object-defined error";
 }
 
-}  // namespace forms
+}  // namespace base

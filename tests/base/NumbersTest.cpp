@@ -3,12 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "forms/Devices.h"
-#include "forms/Numbers.h"
-#include "forms/RuntimeError.h"
-#include "forms/headless/HeadlessLocale.h"
+#include "base/Numbers.h"
+#include "base/RuntimeError.h"
 
-namespace forms {
+namespace base {
 namespace {
 
 const NumberFormat american;
@@ -189,16 +187,5 @@ TEST(Numbers, OnesThatDoNotFitOverflow) {
     EXPECT_THROW(ToInteger16(40000.0), RuntimeError);
 }
 
-TEST(Numbers, GoByTheUsersFormat) {
-    headless::HeadlessLocale locale;
-    Machine() = Devices{};
-    Machine().locale = &locale;
-    EXPECT_EQ(ToInteger16("1,000"), 1000);
-    locale.numbers = german;
-    EXPECT_EQ(ToInteger16("3,5"), 4);
-    EXPECT_FALSE(IsNumeric("$5"));
-    Machine() = Devices{};
-}
-
 }  // namespace
-}  // namespace forms
+}  // namespace base

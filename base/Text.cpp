@@ -1,6 +1,6 @@
-#include "forms/Text.h"
+#include "base/Text.h"
 
-namespace forms {
+namespace base {
 
 namespace {
 
@@ -92,4 +92,4 @@ void AppendCharacter(std::string& utf8, char32_t character) {
     }
 }
 
-}  // namespace forms
+}  // namespace base
