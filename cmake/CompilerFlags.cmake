@@ -67,24 +67,29 @@ function(jotwright_flags target)
     target_link_options(${target} PRIVATE ${jotwright_link_flags})
 endfunction()
 
-# jotwright_precompile(<headers>): a library without code whose precompiled headers all test programs
-# of this build use. Its flags must be theirs. Headers of the project are not among them: they change,
-# and every source includes what it needs (check-tidy reads the sources without them).
-function(jotwright_precompile)
+# jotwright_precompile(<name> <headers>): a library without code whose precompiled headers other
+# targets of this build use. Its flags must be theirs. Headers of the project are not among them:
+# they change, and every source includes the headers that it needs (check-tidy reads the sources
+# without precompiled ones).
+function(jotwright_precompile name)
     file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/precompiled.cpp" CONTENT "")
-    add_library(precompiled OBJECT "${PROJECT_BINARY_DIR}/precompiled.cpp")
-    jotwright_flags(precompiled)
-    target_precompile_headers(precompiled PRIVATE ${ARGN} <gtest/gtest.h> <algorithm> <array>
-        <cstdint> <filesystem> <fstream> <functional> <map> <memory> <optional> <sstream> <string>
-        <utility> <vector>)
-    jotwright_use_precompiled(precompiled)
+    add_library(${name} OBJECT "${PROJECT_BINARY_DIR}/precompiled.cpp")
+    jotwright_flags(${name})
+    target_precompile_headers(${name} PRIVATE ${ARGN} <algorithm> <array> <cstdint> <functional>
+        <memory> <optional> <string> <string_view> <utility> <vector>)
+    jotwright_keep_for_ccache(${name})
 endfunction()
 
-function(jotwright_use_precompiled target)
-    if(NOT target STREQUAL precompiled)
-        target_precompile_headers(${target} REUSE_FROM precompiled)
-    endif()
+function(jotwright_use_precompiled target name)
+    target_precompile_headers(${target} REUSE_FROM ${name})
+    jotwright_keep_for_ccache(${target})
+endfunction()
+
+# ccache takes a source with precompiled headers only if it is compiled so.
+function(jotwright_keep_for_ccache target)
     if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-        target_compile_options(${target} PRIVATE -fpch-preprocess)   # for ccache
+        target_compile_options(${target} PRIVATE -fpch-preprocess)
+    else()
+        target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
     endif()
 endfunction()

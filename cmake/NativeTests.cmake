@@ -8,9 +8,9 @@ set(test_flags -O0)
 if(JOTWRIGHT_SANITIZE AND CMAKE_BUILD_TYPE STREQUAL Debug)
     list(APPEND test_flags -fno-sanitize=null,alignment,object-size,vptr)
 endif()
-jotwright_precompile()
-target_compile_options(precompiled PRIVATE ${test_flags})
-target_link_libraries(precompiled PRIVATE GTest::gtest Threads::Threads)
+jotwright_precompile(precompiled_tests <gtest/gtest.h> <filesystem> <fstream> <map> <sstream>)
+target_compile_options(precompiled_tests PRIVATE ${test_flags})
+target_link_libraries(precompiled_tests PRIVATE GTest::gtest Threads::Threads)
 
 # jotwright_add_tests(<name> <shards> <source>...): a GoogleTest program on the headless stage. ctest
 # runs it in so many parts: a process for each test would take ten times as long. Nothing is added
@@ -25,7 +25,7 @@ function(jotwright_add_tests name shards)
     target_compile_options(${name} PRIVATE ${test_flags})
     target_link_libraries(${name} PRIVATE jotwright_core headless forms
                           GTest::gtest GTest::gtest_main Threads::Threads)
-    jotwright_use_precompiled(${name})
+    jotwright_use_precompiled(${name} precompiled_tests)
     math(EXPR last_shard "${shards} - 1")
     foreach(shard RANGE ${last_shard})
         add_test(NAME native.${name}.${shard} COMMAND ${name} --gtest_brief=1

@@ -15,9 +15,10 @@ set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
 set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
 add_subdirectory("${GOOGLETEST_SOURCE}" googletest EXCLUDE_FROM_ALL)
 
-jotwright_precompile(<windows.h> <commctrl.h>)
-target_compile_options(precompiled PRIVATE -O1)
-target_link_libraries(precompiled PRIVATE gtest)
+jotwright_precompile(precompiled_tests <windows.h> <commctrl.h> <gtest/gtest.h> <filesystem>
+                     <fstream> <map> <sstream>)
+target_compile_options(precompiled_tests PRIVATE -O1)
+target_link_libraries(precompiled_tests PRIVATE gtest)
 
 # jotwright_add_windows_tests(<name> <source>...): a console program with GoogleTest. -O1: these
 # are built often and run once.
@@ -26,7 +27,7 @@ function(jotwright_add_windows_tests name)
     jotwright_flags(${name})
     target_compile_options(${name} PRIVATE -O1)
     target_link_libraries(${name} PRIVATE gtest gtest_main)
-    jotwright_use_precompiled(${name})
+    jotwright_use_precompiled(${name} precompiled_tests)
 endfunction()
 
 if(conformance_sources)
@@ -70,5 +71,5 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     jotwright_flags(syntax)
     target_compile_options(syntax PRIVATE -O1 -fsyntax-only)
     target_link_libraries(syntax PRIVATE gtest)
-    jotwright_use_precompiled(syntax)
+    jotwright_use_precompiled(syntax precompiled_tests)
 endif()
