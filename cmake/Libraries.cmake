@@ -1,5 +1,5 @@
-# jotwright_sources(<variable> <folder>...): the sources that stand directly in these folders.
-# New files are picked up by the next build. A folder may be missing or empty.
+# jotwright_sources(<variable> <folder>...): lists the sources directly in these folders. The next
+# build finds new files. A folder may be missing or empty.
 function(jotwright_sources variable)
     set(patterns)
     foreach(folder IN LISTS ARGN)
@@ -9,14 +9,14 @@ function(jotwright_sources variable)
     set(${variable} ${found} PARENT_SCOPE)
 endfunction()
 
-# jotwright_add_floor(<name> <folder>...): a static library of the sources in these folders,
-# without the program's entry point. <name>_SCOPE tells how to link further libraries to it:
-# a floor that has no source yet is an interface library.
-function(jotwright_add_floor name)
+# jotwright_add_library(<name> <folder>...): a static library of the sources in these folders,
+# without the program's entry point. If there are no sources yet, it is an interface library. Link
+# further libraries to it with the keyword in <name>_SCOPE.
+function(jotwright_add_library name)
     jotwright_sources(sources ${ARGN})
     list(FILTER sources EXCLUDE REGEX "/app/WinMain\\.cpp$")
     if(JOTWRIGHT_FUZZ)
-        # What reads files stands below the windows.
+        # The code that reads files does not depend on the windows.
         list(FILTER sources EXCLUDE REGEX "/(frm|dlg)[^/]*$")
     endif()
     if(sources)
