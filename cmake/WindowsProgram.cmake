@@ -1,8 +1,8 @@
-# The program itself. WinMain.cpp has a plain main(): the subsystem alone makes it a program
-# without a console, and it needs no Windows header.
+# The program. WinMain.cpp has a plain main() and needs no Windows header; the WIN32 subsystem alone
+# makes it a program without a console.
 set(entry "${PROJECT_SOURCE_DIR}/app/WinMain.cpp")
 if(NOT EXISTS "${entry}")
-    message(STATUS "app/WinMain.cpp is missing: Jotwright.exe is not built")
+    message(STATUS "app/WinMain.cpp not found: not building Jotwright.exe")
     return()
 endif()
 
