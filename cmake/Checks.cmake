@@ -20,8 +20,8 @@ jotwright_add_check(check.shell shellcheck -x run test .ci/run scripts/lib.sh
                     scripts/long-run scripts/make-installer scripts/package scripts/run-fuzzer
                     scripts/run-windows-tests scripts/run-windows32-tests scripts/test-package)
 
-# Short runs have no useful time limit per input, because a busy machine may pause a process for long.
-# Long runs do have one.
+# In these short runs the time limit per input only ends a hang, because a busy machine may pause the
+# fuzzer for long. Long runs have a strict limit.
 jotwright_sources(fuzz_sources fuzz)
 foreach(source IN LISTS fuzz_sources)
     get_filename_component(name "${source}" NAME_WE)
