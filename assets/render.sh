@@ -1,18 +1,18 @@
 #!/bin/sh
-# Renders every sound, icon and picture from its source, beside this script:
+# Renders every sound, icon and picture from its source. The folders are relative to this script:
 #
 #   sounds/make_sounds.py      -> sounds/*.wav
 #   icons/src/*.svg            -> icons/*.ico
 #   images/src/*.svg           -> images/*.ico
-#   pictures/src/*.svg         -> pictures/*.gif, pictures/*.jpg, and larger ones of each:
+#   pictures/src/*.svg         -> pictures/*.gif, pictures/*.jpg, and two larger versions of each:
 #                                 pictures/*@2x.png, pictures/*@3x.png
-#   pictures/src/mascot.svg    -> installer/side.bmp, beside the installer's last page
+#   pictures/src/mascot.svg    -> installer/side.bmp, the picture beside the installer's last page
 #
-# The rendered files are kept in the repository, so that a build needs none of the tools
-# below. Running it again without a change of a source gives the same files.
+# The rendered files are in the repository, so that a build needs none of the tools below. The
+# same sources give the same files.
 #
-# An icon NAME of size S is drawn from NAME-S.svg where there is one (drawn to the pixel
-# grid of that size), else from NAME.svg.
+# If NAME-S.svg exists, it is the source of icon NAME at size S, drawn to that size's pixel grid.
+# All other sizes are rendered from NAME.svg.
 set -eu
 
 cd "$(dirname "$0")"
@@ -44,7 +44,7 @@ icon() {
         [ -f "$source" ] || source=$folder/src/$name.svg
         png=$scratch/$name-$size.png
         rsvg-convert --width="$size" --height="$size" --output="$png" "$source"
-        # Large images are packed as PNG: as bitmaps they would be most of the file.
+        # Large images are stored as PNG; as bitmaps they would take most of the file.
         if [ "$size" -ge 192 ]; then
             set -- "$@" "--raw=$png"
         else
@@ -55,9 +55,9 @@ icon() {
     icotool --create --output="$folder/$name.ico" "$@"
 }
 
-# gif NAME: GIF has no partial transparency. Pixels on an edge are blended with a light
-# grey, close to the colour of a dialog, and those that are mostly empty are left out; so
-# an edge is smooth on a light window and has no dark fringe on any other.
+# gif NAME: GIF has no partial transparency, so edge pixels are blended with a light grey close to
+# the colour of a dialog, and those that are mostly transparent become fully transparent. Edges
+# are smooth on a light window and have no dark fringe on other colours.
 gif() {
     png=$scratch/$1.png
     rsvg-convert --output="$png" "pictures/src/$1.svg"
@@ -77,7 +77,7 @@ jpg() {
         -sampling-factor 4:4:4 -quality 92 -strip "pictures/$1.jpg"
 }
 
-# larger NAME: shown in place of the picture itself where more dots are to be filled.
+# larger NAME: renders the versions that are shown at higher scales in place of the picture itself.
 larger() {
     for times in 2 3; do
         rsvg-convert --zoom="$times" --output="pictures/$1@${times}x.png" "pictures/src/$1.svg"

@@ -1,16 +1,16 @@
-// Works a program for bench/compare, as its user would, and tells what it found on standard output.
+// Operates a program for bench/compare as a user would, and writes the results to standard output.
 //
 // usage: operate <command> [argument...]
 //
 //   answer <caption>       waits for a message box and presses its button
 //   open-all               opens all notes through the control panel and waits until they are shown
-//   hide                   hides the main window, as a user does who leaves the program to itself
-//   children <title>       counts the child windows of a window
-//   close <title>          closes a window that ends its program; the milliseconds until it has
-//   ended type <title> <keys>    opens a minimised note and types so many letters into the middle
-//   of its
-//                          text: the milliseconds that half of the keys stay below, and the most
-//                          that one took; painting is included
+//   hide                   hides the main window with its button
+//   children <title>       writes the number of child windows of a window
+//   close <title>          closes a window whose closing ends the program, and writes the
+//                          milliseconds until the process has ended
+//   type <title> <keys>    opens a minimised note, types <keys> letters into the middle of its
+//                          text, and writes the median and the maximum milliseconds of one key,
+//                          painting included
 #include <windows.h>
 
 #include <algorithm>

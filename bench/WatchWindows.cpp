@@ -1,17 +1,18 @@
-// Starts a program and tells when its windows appear on the X display.
+// Starts a program and reports when its windows appear on the X display.
 //
 // usage: watch_windows <seconds> <watch>... -- <command> [argument...]
 //
-// A watch is <count>:<regular expression>, extended and without regard to case, that is searched
-// for in "<class of the window>/<title>". It is met when so many different windows have been seen:
-// on the screen, or as icons of the window manager. For each watch a line is written as soon as it
-// is met, with the milliseconds since the program was started and the processor time in
-// milliseconds that the program's process has used until then:
+// A watch is <count>:<regular expression>. The expression is extended and case-insensitive, and is
+// matched against "<window class>/<title>". A watch is met when <count> different matching windows
+// have been seen, either on the screen or as icons of the window manager. When a watch is met, one
+// line is written. It gives the milliseconds since the program was started, and the processor time
+// in milliseconds that its process has used so far:
 //
 //   <number of the watch> <milliseconds> <processor milliseconds>
 //
-// The first line is "pid <number of the process>". Ends when all watches are met; the program goes
-// on. Status 1 when the time is over, 2 for wrong arguments, 3 without a display.
+// The first line is "pid <process ID>". watch_windows exits when all watches are met; the started
+// program keeps running. The exit status is 1 after <seconds> without all watches met, 2 for wrong
+// arguments and 3 without a display.
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
@@ -43,7 +44,7 @@ struct Watch {
 };
 
 int IgnoreError(Display* /*display*/, XErrorEvent* /*error*/) {
-    return 0;  // a window may go while it is looked at
+    return 0;  // a window may be destroyed while it is examined
 }
 
 std::vector<Window> WindowsOf(Display* display, Atom property) {
@@ -80,7 +81,7 @@ std::string DescriptionOf(Display* display, Window window) {
     return text;
 }
 
-// On the screen, or an icon.
+// Whether the window is on the screen or is an icon.
 bool IsThere(Display* display, Window window, Atom stateProperty) {
     XWindowAttributes attributes{};
     if (XGetWindowAttributes(display, window, &attributes) == 0) {
@@ -106,7 +107,7 @@ bool IsThere(Display* display, Window window, Atom stateProperty) {
     return state == IconicState;
 }
 
-// Of all threads of the process; milliseconds.
+// The processor time of all threads of the process, in milliseconds.
 double ProcessorTime(pid_t process) {
     double sum = 0;
     std::error_code none;
@@ -148,7 +149,7 @@ class Watcher {
         XSync(display, True);
     }
 
-    // Whether all watches were met in time.
+    // Returns whether all watches were met within the given seconds.
     bool Run(char** command, double seconds) {
         const auto start = Clock::now();
         const pid_t process = Start(display, command);
@@ -175,7 +176,7 @@ class Watcher {
 
   private:
     void LookOn() {
-        // Windows that are there but not shown yet are looked at again soon.
+        // Windows in "waiting" are examined again after this pause.
         constexpr int pause = 5;  // milliseconds
         pollfd events{ConnectionNumber(display), POLLIN, 0};
         if (XPending(display) == 0 && poll(&events, 1, pause) == 0 && waiting.empty()) {
@@ -201,7 +202,7 @@ class Watcher {
         std::erase_if(waiting, [this](Window window) { return Examine(window); });
     }
 
-    // Whether nothing more is to be found out about the window.
+    // Returns true if the window needs no further examination.
     bool Examine(Window window) {
         if (!IsThere(display, window, stateProperty)) {
             return false;
@@ -214,7 +215,7 @@ class Watcher {
                 matches = true;
             }
         }
-        // Another one may get its title later.
+        // A window that does not match yet may get its title later.
         if (matches) {
             others.insert(window);
         }
@@ -225,8 +226,8 @@ class Watcher {
     std::vector<Watch> watches;
     Atom clientList;
     Atom stateProperty;
-    std::set<Window> others;   // were there before, or have been counted
-    std::set<Window> waiting;  // managed, but not shown yet or without a known title
+    std::set<Window> others;   // existed before the start, or already counted
+    std::set<Window> waiting;  // managed, but not shown yet or not matching yet
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
-# What ctest runs besides the native tests: checks of the sources and short runs of the fuzzers, which
-# must be built (./test builds them). The tests on Windows are in WindowsChecks.cmake.
+# The tests that ctest runs in addition to the native tests: source checks, and short runs of the
+# fuzzers. The fuzzers must have been built; ./test builds them. WindowsChecks.cmake has the tests for
+# Windows.
 set(JOTWRIGHT_FUZZ_BUILD "${PROJECT_SOURCE_DIR}/build/fuzz" CACHE PATH "Built preset fuzz")
 set(scripts "${PROJECT_SOURCE_DIR}/scripts")
 
@@ -19,7 +20,8 @@ jotwright_add_check(check.shell shellcheck -x run test .ci/run scripts/lib.sh
                     scripts/long-run scripts/make-installer scripts/package scripts/run-fuzzer
                     scripts/run-windows-tests scripts/run-windows32-tests scripts/test-package)
 
-# The time for one input is no limit here, as a busy machine may stand still; long runs have one.
+# In these short runs the time limit per input only ends a hang, because a busy machine may pause the
+# fuzzer for long. Long runs have a strict limit.
 jotwright_sources(fuzz_sources fuzz)
 foreach(source IN LISTS fuzz_sources)
     get_filename_component(name "${source}" NAME_WE)

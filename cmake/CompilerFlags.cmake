@@ -1,5 +1,5 @@
-# Flags of every target of the project. They are plain lists that jotwright_flags() puts on a
-# target, so that third-party code built in the same tree (GoogleTest) is left alone.
+# Flags for every target of the project. jotwright_flags() sets them for each target separately, so
+# that third-party code built in the same tree (GoogleTest) does not get them.
 
 if(NOT CMAKE_BUILD_TYPE)
     set(CMAKE_BUILD_TYPE Debug CACHE STRING "Debug or Release" FORCE)
@@ -7,7 +7,7 @@ endif()
 
 find_program(CCACHE ccache)
 if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    # The tests have precompiled headers, which ccache takes on these terms.
+    # ccache caches sources that use precompiled headers only with these settings.
     set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_SLOPPINESS=pch_defines,time_macros "${CCACHE}")
 endif()
 
@@ -18,35 +18,37 @@ set(jotwright_compile_flags ${jotwright_warnings} -fstack-protector-strong
 set(jotwright_link_flags)
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
-    # A part of -Wconversion here, but not with g++, which is what the code is written to.
+    # clang++ includes this warning in -Wconversion; g++, the project's compiler, does not.
     list(APPEND jotwright_compile_flags -Wno-sign-conversion)
 endif()
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-    # Optimising, g++ 12 sees overlapping copies in the library's own operator+ of strings.
+    # With optimisation, g++ 12 wrongly warns of overlapping copies in the library's operator+ for
+    # strings.
     list(APPEND jotwright_compile_flags -Wno-restrict)
 endif()
 
 if(WIN32)
-    # The program has one thread.
+    # The program has only one thread: static locals need no locks.
     list(APPEND jotwright_compile_flags -ffunction-sections -fdata-sections
          -fno-threadsafe-statics)
     list(APPEND jotwright_link_flags
          -static -fstack-protector-strong -Wl,--gc-sections -Wl,--dynamicbase -Wl,--nxcompat $<$<CONFIG:Release>:-s>)
-    # The same sources are the same program, whenever it is built.
+    # Reproducible builds: the same sources give the same bytes at any time.
     list(APPEND jotwright_link_flags -Wl,--no-insert-timestamp)
-    # As the sections lie in memory: the system maps what is used instead of copying them all.
+    # Align sections in the file as in memory, so that Windows maps pages on demand instead of copying
+    # all sections.
     list(APPEND jotwright_link_flags -Wl,--file-alignment,4096)
     if(CMAKE_SIZEOF_VOID_P EQUAL 8)
         list(APPEND jotwright_link_flags -Wl,--high-entropy-va)
     endif()
-    # The library looks at indices, iterators and optionals as they are used.
+    # _GLIBCXX_ASSERTIONS: the library checks indices, iterators and optionals at run time.
     set(jotwright_definitions _GLIBCXX_ASSERTIONS UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0A00)
-    # Size matters more than speed: the program waits for its user.
+    # Optimise for size: the program waits for its user most of the time.
     set(CMAKE_CXX_FLAGS_RELEASE "-Os -DNDEBUG")
 else()
-    # Sanitized code at -Og compiles twice as fast as at -O1 and runs twice as fast as unoptimised;
-    # line tables are all that the reports need.
+    # Sanitized code at -Og compiles twice as fast as at -O1, and runs twice as fast as at -O0.
+    # Sanitizer reports need only line tables (-g1).
     set(CMAKE_CXX_FLAGS_DEBUG "-Og -g1")
     if(JOTWRIGHT_SANITIZE AND CMAKE_BUILD_TYPE STREQUAL Debug)
         set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all)
@@ -59,7 +61,7 @@ else()
     set(jotwright_definitions)
 endif()
 
-# Puts the project's flags on a target and the repository root on its include path.
+# jotwright_flags(<target>): sets the project's flags and adds the repository root to the include path.
 function(jotwright_flags target)
     target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
     target_compile_definitions(${target} PRIVATE ${jotwright_definitions})
@@ -67,10 +69,10 @@ function(jotwright_flags target)
     target_link_options(${target} PRIVATE ${jotwright_link_flags})
 endfunction()
 
-# jotwright_precompile(<name> <headers>): a library without code whose precompiled headers other
-# targets of this build use. Its flags must be theirs. Headers of the project are not among them:
-# they change, and every source includes the headers that it needs (check-tidy reads the sources
-# without precompiled ones).
+# jotwright_precompile(<name> <header>...): a library without code. Other targets of this build use
+# its precompiled headers, so its flags must equal theirs. The project's own headers are not
+# precompiled, because they change often. Every source must still include the headers that it needs:
+# check-tidy reads the sources without precompiled headers.
 function(jotwright_precompile name)
     file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/precompiled.cpp" CONTENT "")
     add_library(${name} OBJECT "${PROJECT_BINARY_DIR}/precompiled.cpp")
@@ -85,7 +87,7 @@ function(jotwright_use_precompiled target name)
     jotwright_keep_for_ccache(${target})
 endfunction()
 
-# ccache takes a source with precompiled headers only if it is compiled so.
+# ccache keeps the results of sources with precompiled headers only with these options.
 function(jotwright_keep_for_ccache target)
     if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
         target_compile_options(${target} PRIVATE -fpch-preprocess)

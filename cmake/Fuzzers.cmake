@@ -1,4 +1,4 @@
-# One libFuzzer program for each source in fuzz/, with everything below it instrumented.
+# One libFuzzer program for each source in fuzz/. The libraries that it links are instrumented too.
 if(NOT CMAKE_CXX_COMPILER_ID STREQUAL Clang)
     message(FATAL_ERROR "The fuzzers need clang++: cmake --preset fuzz")
 endif()

@@ -1,9 +1,9 @@
 find_package(GTest REQUIRED)
 find_package(Threads REQUIRED)
 
-# The tests' own code is quick enough as it is, and long to compile: without optimisation and without
-# those checks that a crash tells of as well (null), or that cost most and find least. The program's
-# own code has them all.
+# Test code takes long to compile and is fast enough without optimisation. It omits the sanitizer
+# checks that a crash reports as well (null), and those that cost most and find least. The program's
+# own code is built with all checks.
 set(test_flags -O0)
 if(JOTWRIGHT_SANITIZE AND CMAKE_BUILD_TYPE STREQUAL Debug)
     list(APPEND test_flags -fno-sanitize=null,alignment,object-size,vptr)
@@ -13,13 +13,8 @@ target_compile_options(precompiled_tests PRIVATE ${test_flags})
 target_link_libraries(precompiled_tests PRIVATE GTest::gtest Threads::Threads)
 
 # jotwright_add_tests(<name> <shards> <source>...): a GoogleTest program on the headless stage. ctest
-# runs it in so many parts: a process for each test would take ten times as long. Nothing is added
-# while there is no source.
+# runs it in <shards> parts; one process for each test would take ten times as long.
 function(jotwright_add_tests name shards)
-    if(NOT ARGN)
-        message(STATUS "${name}: no source yet")
-        return()
-    endif()
     add_executable(${name} ${ARGN})
     jotwright_flags(${name})
     target_compile_options(${name} PRIVATE ${test_flags})
@@ -41,19 +36,13 @@ jotwright_sources(test_sources tests/base tests/forms tests/forms/headless tests
 jotwright_sources(support_sources tests/support)
 set_source_files_properties(tests/info/frmAboutTest.cpp tests/info/frmSplashTest.cpp PROPERTIES
                             COMPILE_DEFINITIONS "JOTWRIGHT_PROJECT_VERSION=\"${PROJECT_VERSION}\"")
-if(test_sources)
-    jotwright_add_tests(jotwright_tests 8 ${test_sources} ${support_sources})
-endif()
+jotwright_add_tests(jotwright_tests 8 ${test_sources} ${support_sources})
 
-# The conformance suite: the same sources, once here and once for Windows.
+# The conformance suite. The build for Windows compiles the same sources (WindowsTests.cmake).
 jotwright_sources(conformance_sources tests/conformance)
-if(conformance_sources)
-    jotwright_sources(conformance_glue tests/conformance/headless)
-    jotwright_add_tests(conformance_headless 1 ${conformance_sources} ${conformance_glue})
-endif()
+jotwright_sources(conformance_glue tests/conformance/headless)
+jotwright_add_tests(conformance_headless 1 ${conformance_sources} ${conformance_glue})
 
-# What takes long: here in its short form, in full with scripts/long-run.
+# The long tests, in their short form. scripts/long-run runs them in full.
 jotwright_sources(long_sources tests/long)
-if(long_sources)
-    jotwright_add_tests(jotwright_long 4 ${long_sources} ${support_sources})
-endif()
+jotwright_add_tests(jotwright_long 4 ${long_sources} ${support_sources})

@@ -1,6 +1,6 @@
-# What bench/compare measures the program against, and what it works it with.
-add_executable(floor WIN32 "${PROJECT_SOURCE_DIR}/bench/Floor.cpp")
-jotwright_flags(floor)
+# The baseline for bench/compare, and the program with which it operates the windows.
+add_executable(baseline WIN32 "${PROJECT_SOURCE_DIR}/bench/Baseline.cpp")
+jotwright_flags(baseline)
 add_executable(operate "${PROJECT_SOURCE_DIR}/bench/Operate.cpp"
                "${PROJECT_SOURCE_DIR}/tests/windows/Wait.cpp"
                "${PROJECT_SOURCE_DIR}/tests/windows/Window.cpp")

@@ -1,45 +1,37 @@
-# The tests of the programs built for Windows, under Wine: ctest --test-dir build/windows.
+# The tests of the programs built for Windows, run under Wine by ctest --test-dir build/windows.
 enable_testing()
 set(scripts "${PROJECT_SOURCE_DIR}/scripts")
 
-# jotwright_add_windows_check(<name> <cost> <command>...): each has a display, a clock, a sound device and
-# a Wine prefix of its own and waits most of the while, so that several at once do not hurt each other.
+# jotwright_add_windows_check(<name> <cost> <command>...): adds a test under Wine. Each test has its own
+# display, clock, sound device and Wine prefix, and waits most of the time. Several tests can therefore
+# run in parallel.
 function(jotwright_add_windows_check name cost)
     add_test(NAME ${name} COMMAND ${ARGN} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
     set_tests_properties(${name} PROPERTIES COST ${cost} TIMEOUT ${jotwright_hang_guard}
         ENVIRONMENT "JOTWRIGHT_WINE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/${name}")
 endfunction()
 
-jotwright_sources(conformance_sources tests/conformance)
-if(conformance_sources)
-    jotwright_add_windows_check(windows.conformance 50 "${scripts}/run-windows-tests"
-                                "${PROJECT_BINARY_DIR}" conformance_win32.exe)
-endif()
-jotwright_sources(driver_sources tests/windows)
-if(driver_sources)
-    set(shards 4)
-    math(EXPR last_shard "${shards} - 1")
-    foreach(shard RANGE ${last_shard})
-        jotwright_add_windows_check(windows.driver.${shard} 400 "${scripts}/run-windows-tests" --app
-                                    "${PROJECT_BINARY_DIR}" windows_driver.exe)
-        set_property(TEST windows.driver.${shard} APPEND PROPERTY ENVIRONMENT
-                     "GTEST_TOTAL_SHARDS=${shards}" "GTEST_SHARD_INDEX=${shard}")
-    endforeach()
-endif()
-jotwright_sources(windows_long_sources tests/windows/long)
-if(windows_long_sources)
-    # Short forms of what scripts/long-run does in full.
-    jotwright_add_windows_check(windows.long 100 "${scripts}/run-windows-tests" --app
-                                "${PROJECT_BINARY_DIR}" windows_long.exe)
-endif()
+jotwright_add_windows_check(windows.conformance 50 "${scripts}/run-windows-tests"
+                            "${PROJECT_BINARY_DIR}" conformance_win32.exe)
+set(shards 4)
+math(EXPR last_shard "${shards} - 1")
+foreach(shard RANGE ${last_shard})
+    jotwright_add_windows_check(windows.driver.${shard} 400 "${scripts}/run-windows-tests" --app
+                                "${PROJECT_BINARY_DIR}" windows_driver.exe)
+    set_property(TEST windows.driver.${shard} APPEND PROPERTY ENVIRONMENT
+                 "GTEST_TOTAL_SHARDS=${shards}" "GTEST_SHARD_INDEX=${shard}")
+endforeach()
+# The long tests, in their short form. scripts/long-run runs them in full.
+jotwright_add_windows_check(windows.long 100 "${scripts}/run-windows-tests" --app
+                            "${PROJECT_BINARY_DIR}" windows_long.exe)
 jotwright_add_windows_check(check.hardening 1 "${scripts}/check-hardening"
                             "${PROJECT_BINARY_DIR}/Jotwright.exe")
 jotwright_add_windows_check(windows.package 60 "${scripts}/test-package")
 set_property(TEST windows.package APPEND PROPERTY ENVIRONMENT
              "JOTWRIGHT_PACKAGE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/windows.package")
 
-# The pointer at every scale but 100 %, at which the driver's tests run. All use one prefix, whose
-# registry gets the scale.
+# The pointer tests at the other scales; the driver tests run at 100 %. All scales share one prefix:
+# each test writes its scale into the prefix's registry.
 foreach(scale 125 150 175 200)
     math(EXPR dpi "96 * ${scale} / 100" OUTPUT_FORMAT HEXADECIMAL)
     string(REPLACE "0x" "000000" dpi "${dpi}")

@@ -1,32 +1,23 @@
-# The program itself. WinMain.cpp has a plain main(): the subsystem alone makes it a program
-# without a console, and it needs no Windows header.
+# The program. WinMain.cpp has a plain main() and needs no Windows header; the WIN32 subsystem alone
+# makes it a program without a console.
 set(entry "${PROJECT_SOURCE_DIR}/app/WinMain.cpp")
-if(NOT EXISTS "${entry}")
-    message(STATUS "app/WinMain.cpp is missing: Jotwright.exe is not built")
-    return()
-endif()
 
 set(resources "${PROJECT_SOURCE_DIR}/assets/jotwright.rc")
-if(NOT EXISTS "${resources}")
-    set(resources)
-endif()
 
 add_executable(Jotwright WIN32 "${entry}" ${resources})
 jotwright_flags(Jotwright)
 target_include_directories(Jotwright PRIVATE "${PROJECT_SOURCE_DIR}/assets")
 target_link_libraries(Jotwright PRIVATE jotwright_core win32)
 
-if(resources)
-    file(GLOB embedded CONFIGURE_DEPENDS
-         "${PROJECT_SOURCE_DIR}/assets/*.h"
-         "${PROJECT_SOURCE_DIR}/assets/icons/*" "${PROJECT_SOURCE_DIR}/assets/images/*")
-    set(manifest_folder "${PROJECT_BINARY_DIR}/manifest")
-    configure_file("${PROJECT_SOURCE_DIR}/assets/jotwright.manifest.in"
-                   "${manifest_folder}/jotwright.manifest" @ONLY)
-    target_include_directories(Jotwright PRIVATE "${manifest_folder}")
-    string(REPLACE "." "," version_numbers "${PROJECT_VERSION}.0")
-    set_source_files_properties("${resources}" PROPERTIES
-        OBJECT_DEPENDS "${embedded};${manifest_folder}/jotwright.manifest"
-        COMPILE_DEFINITIONS
-            "JOTWRIGHT_VERSION=${PROJECT_VERSION};JOTWRIGHT_VERSION_NUMBERS=${version_numbers}")
-endif()
+file(GLOB embedded CONFIGURE_DEPENDS
+     "${PROJECT_SOURCE_DIR}/assets/*.h"
+     "${PROJECT_SOURCE_DIR}/assets/icons/*" "${PROJECT_SOURCE_DIR}/assets/images/*")
+set(manifest_folder "${PROJECT_BINARY_DIR}/manifest")
+configure_file("${PROJECT_SOURCE_DIR}/assets/jotwright.manifest.in"
+               "${manifest_folder}/jotwright.manifest" @ONLY)
+target_include_directories(Jotwright PRIVATE "${manifest_folder}")
+string(REPLACE "." "," version_numbers "${PROJECT_VERSION}.0")
+set_source_files_properties("${resources}" PROPERTIES
+    OBJECT_DEPENDS "${embedded};${manifest_folder}/jotwright.manifest"
+    COMPILE_DEFINITIONS
+        "JOTWRIGHT_VERSION=${PROJECT_VERSION};JOTWRIGHT_VERSION_NUMBERS=${version_numbers}")

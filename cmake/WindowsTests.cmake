@@ -1,14 +1,11 @@
-# The test programs that run on Windows (or under Wine, see scripts/run-windows-tests). GoogleTest
-# is built from its source package, as there is none for this compiler.
+# The test programs that run on Windows, or under Wine (scripts/run-windows-tests). GoogleTest is built
+# from its source package, because Debian has no binary package for this compiler.
 jotwright_sources(conformance_sources tests/conformance tests/conformance/win32)
 jotwright_sources(driver_sources tests/windows)
-if(NOT conformance_sources AND NOT driver_sources)
-    return()
-endif()
 
 set(GOOGLETEST_SOURCE /usr/src/googletest CACHE PATH "Source folder of GoogleTest")
 if(NOT EXISTS "${GOOGLETEST_SOURCE}/CMakeLists.txt")
-    message(STATUS "No GoogleTest in ${GOOGLETEST_SOURCE}: only the program itself is built")
+    message(STATUS "GoogleTest not found in ${GOOGLETEST_SOURCE}: building only the program itself")
     return()
 endif()
 set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
@@ -20,8 +17,8 @@ jotwright_precompile(precompiled_tests <windows.h> <commctrl.h> <gtest/gtest.h> 
 target_compile_options(precompiled_tests PRIVATE -O1)
 target_link_libraries(precompiled_tests PRIVATE gtest)
 
-# jotwright_add_windows_tests(<name> <source>...): a console program with GoogleTest. -O1: these
-# are built often and run once.
+# jotwright_add_windows_tests(<name> <source>...): a console program with GoogleTest. It is built with
+# -O1, because tests are built often and run once for each build.
 function(jotwright_add_windows_tests name)
     add_executable(${name} ${ARGN})
     jotwright_flags(${name})
@@ -30,34 +27,31 @@ function(jotwright_add_windows_tests name)
     jotwright_use_precompiled(${name} precompiled_tests)
 endfunction()
 
-if(conformance_sources)
-    jotwright_add_windows_tests(conformance_win32 ${conformance_sources})
-    target_link_libraries(conformance_win32 PRIVATE jotwright_core win32)
-endif()
-# For the gallery: what the program itself opens nowhere. Looks like the program, hence its resources.
+jotwright_add_windows_tests(conformance_win32 ${conformance_sources})
+target_link_libraries(conformance_win32 PRIVATE jotwright_core win32)
+
+# spare_windows shows, for the gallery, the windows that the program itself never opens. It uses the
+# program's resources, so that they look the same.
 add_executable(spare_windows WIN32 "${PROJECT_SOURCE_DIR}/tests/gallery/SpareWindows.cpp" ${resources})
 jotwright_flags(spare_windows)
 target_include_directories(spare_windows PRIVATE "${PROJECT_SOURCE_DIR}/assets"
                            "${PROJECT_BINARY_DIR}/manifest")
 target_link_libraries(spare_windows PRIVATE jotwright_core win32)
-if(driver_sources)
-    jotwright_add_windows_tests(windows_driver ${driver_sources})
-    target_link_libraries(windows_driver PRIVATE win32 gdiplus oleacc oleaut32)
-endif()
 
-# What takes long on the real program, with what the driver's tests are made of.
+jotwright_add_windows_tests(windows_driver ${driver_sources})
+target_link_libraries(windows_driver PRIVATE win32 gdiplus oleacc oleaut32)
+
+# The long tests of the real program. They share the support sources of the driver tests.
 jotwright_sources(windows_long_sources tests/windows/long)
-if(windows_long_sources)
-    set(driver_support ${driver_sources})
-    list(FILTER driver_support EXCLUDE REGEX "/[A-Za-z]+Test\\.cpp$")
-    jotwright_add_windows_tests(windows_long ${windows_long_sources} ${driver_support}
-                                "${PROJECT_SOURCE_DIR}/tests/windows/DriverTest.cpp")
-    target_link_libraries(windows_long PRIVATE win32 gdiplus oleacc oleaut32)
-endif()
+set(driver_support ${driver_sources})
+list(FILTER driver_support EXCLUDE REGEX "/[A-Za-z]+Test\\.cpp$")
+jotwright_add_windows_tests(windows_long ${windows_long_sources} ${driver_support}
+                            "${PROJECT_SOURCE_DIR}/tests/windows/DriverTest.cpp")
+target_link_libraries(windows_long PRIVATE win32 gdiplus oleacc oleaut32)
 
-# The tests that call the system, read by the compiler and not compiled: they do not rot while nobody
-# builds for 32 bits. The program itself is built for 32 bits with each release. What was found good is
-# remembered as an empty object.
+# For 32 bits, the target "syntax" checks the tests that call Windows without generating code, so that
+# they keep compiling between releases. (Each release builds the program itself for 32 bits.) An empty
+# object file records that a source has passed.
 if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     set(calling_sources)
     foreach(source IN LISTS conformance_sources driver_sources windows_long_sources)

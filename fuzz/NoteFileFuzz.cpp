@@ -12,7 +12,8 @@ bool HasQuote(const StandardCode::NoteRecord& record) {
     return (record.Title + record.Text + record.AlarmState).find('"') != std::string::npos;
 }
 
-// What the writer does not keep: a time beside the date, a date beside the time, the trailer.
+// Returns the record without the values that the writer drops: the time part of the date, the date
+// part of the time, and the trailer.
 StandardCode::NoteRecord AsWritten(StandardCode::NoteRecord record) {
     record.AlarmDate = record.AlarmDate.DateOnly();
     record.AlarmTime = record.AlarmTime.TimeOnly();
@@ -22,8 +23,8 @@ StandardCode::NoteRecord AsWritten(StandardCode::NoteRecord record) {
 
 }  // namespace
 
-// Any bytes are a note or one of three errors, and a note that could be read can be shown whole and
-// survives being saved.
+// Checks that reading any bytes gives a note or one of three errors. A note that was read contains
+// no zero character, so that it can be shown completely, and is the same after saving and reading.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static forms::headless::HeadlessLocale locale;
     forms::Machine().locale = &locale;

@@ -23,7 +23,8 @@ bool CanBeShown(const std::string& text) {
 
 }  // namespace
 
-// Any bytes are a copy or are passed over; a note that was brought back can be kept again.
+// Checks that any bytes are a valid recovery copy or are skipped. A recovered note can be written
+// to a recovery copy again, and reading that copy gives the same note.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static forms::headless::VirtualClock clock;
     static forms::headless::HeadlessLocale locale;

@@ -19,8 +19,8 @@ void Check(bool holds) {
 
 }  // namespace
 
-// Any text in the store is a number of 16 bits or a type mismatch; a number is written as it is
-// read.
+// Checks that reading any stored text as an integer gives a 16-bit number or a type mismatch. A
+// number that was read and written is read as the same number.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     forms::headless::HeadlessSettings settings;
     forms::Machine().settings = &settings;

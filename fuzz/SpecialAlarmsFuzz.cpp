@@ -13,7 +13,7 @@ namespace {
 
 using SpecialAlarmsFile::Row;
 
-// The window writes one of seven names as the day.
+// Days with quotes are not round-tripped: the window writes only the seven names of the days.
 bool HasQuoteInDay(const Row& row) { return row.Day.find('"') != std::string::npos; }
 
 void CheckRoundTrip(const std::vector<Row>& rows) {
@@ -28,7 +28,8 @@ void CheckRoundTrip(const std::vector<Row>& rows) {
 
 }  // namespace
 
-// Any bytes are seven rows or one of three errors, and rows that could be read survive being saved.
+// Checks that reading any bytes gives seven rows or one of three errors. Rows that were read are
+// the same after saving and reading.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static forms::headless::HeadlessLocale locale;
     forms::Machine().locale = &locale;

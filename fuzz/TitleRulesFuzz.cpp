@@ -20,7 +20,7 @@ void Check(bool holds) {
     }
 }
 
-// Saves a note with this title as its editor would. False where it cannot be saved.
+// Saves a note with this title as its editor would. Returns false if the note cannot be saved.
 bool Save(const std::string& title) {
     StandardCode::NoteRecord record;
     record.Title = title;
@@ -35,8 +35,8 @@ bool Save(const std::string& title) {
 
 }  // namespace
 
-// Whatever is typed or pasted as a title is judged by one of the rules; a note whose title they
-// accept is saved under just that title or not at all.
+// Checks that every title gets the verdict of one of the rules. A note with an accepted title is
+// either saved under exactly that title or not saved.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static forms::headless::HeadlessLocale locale;
     static forms::headless::RecordedSystem system;

@@ -1,9 +1,9 @@
-# Shell functions shared by ./run, ./test and the scripts beside this file. To be sourced by bash
-# scripts that have set -euo pipefail.
+# Shell functions for ./run, ./test and the scripts in this folder. Source it from bash scripts that use
+# set -euo pipefail.
 # shellcheck shell=bash
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-started=()          # processes to end, in the order in which they were started
+started=()          # IDs of the processes to end, in the order of their start
 
 say() { printf '== %s\n' "$*"; }
 
@@ -12,9 +12,9 @@ die() {
     exit 1
 }
 
-# wait_for <seconds> <command>...: polls until the command succeeds. Fails when the machine has had
-# nothing else to do for so many seconds: on a busy machine anything may take longer. An hour ends
-# it in any case.
+# wait_for <seconds> <command>...: polls until the command succeeds. Only seconds in which the machine is
+# idle count: on a busy machine, everything takes longer. Fails after <seconds> idle seconds, or after an
+# hour.
 wait_for() {
     local per_second most=$(($1 * $(getconf CLK_TCK))) idle=0 start=$SECONDS last now step
     per_second=$(getconf CLK_TCK)
@@ -24,20 +24,21 @@ wait_for() {
         sleep 0.1
         now=$(idle_time)
         step=$((now - last)) last=$now
-        # A script that was stopped has not looked meanwhile.
+        # Count at most 0.2 s for each poll: this script may have been stopped since the last one.
         idle=$((idle + (step < per_second / 5 ? step : per_second / 5)))
         [ "$idle" -lt "$most" ] && [ $((SECONDS - start)) -lt 3600 ] || return 1
     done
 }
 
-# For how long a processor has had nothing to do since the machine's start, on average, in clock ticks.
+# idle_time: how long the processors have been idle since the machine started, on average, in clock
+# ticks.
 idle_time() {
     local idle
     read -r _ _ _ _ idle _ </proc/stat
     printf '%s\n' "$((idle / $(getconf _NPROCESSORS_ONLN)))"
 }
 
-# Ends what this script started, last first.
+# end_started: ends the processes in "started", the last one first.
 end_started() {
     local index
     for ((index = ${#started[@]} - 1; index >= 0; index--)); do
@@ -47,7 +48,7 @@ end_started() {
     started=()
 }
 
-# The version of the program, such as 1.0.0.
+# project_version: prints the version of the program, such as 1.0.0.
 project_version() {
     local version
     version=$(sed -n 's/^project(Jotwright VERSION \([0-9.]*\).*/\1/p' "$root/CMakeLists.txt")
@@ -66,9 +67,9 @@ build() {
     cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}
 }
 
-# start_display <folder for logs> [<width>x<height>]: an X server on a free display number with a window manager
-# (without one, each window that closes stalls Wine for two seconds). Sets DISPLAY and adds both to
-# the array "started". setsid: they outlive a Ctrl+C and the script that leaves them behind.
+# start_display <folder for logs> [<width>x<height>]: starts an X server on a free display number, and a
+# window manager: without one, each closing window stalls Wine for two seconds. Sets DISPLAY and adds
+# both processes to "started". setsid keeps them alive after Ctrl+C and after the end of the script.
 start_display() {
     local number="$1/display-number"
     rm -f "$number"
@@ -85,9 +86,9 @@ start_display() {
 
 window_manager_is_up() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
 
-# start_sound <folder>: a sound server of its own with one silent device, "cap"; programs find it
-# through PULSE_SERVER. The small latency keeps the times of a recording right. The server is the
-# machine's, or else what install-packages has unpacked.
+# start_sound <folder>: starts a separate sound server with one silent device, "cap". Sets PULSE_SERVER,
+# by which programs find it. The small latency keeps the times in a recording right. Uses the installed
+# pulseaudio, or else the one that install-packages has unpacked.
 start_sound() {
     local own=$root/build/pulseaudio/usr server=(pulseaudio) library
     if ! command -v pulseaudio >/dev/null; then
@@ -108,32 +109,33 @@ start_sound() {
     wait_for 60 pactl info || die "pulseaudio did not start, see $1/pulseaudio.log"
 }
 
-# wine_environment <prefix>: what every Wine process needs; no process is started.
+# wine_environment <prefix>: sets the variables that every Wine process needs. Starts no process.
 wine_environment() {
     export WINEPREFIX="$1" WINEARCH=win64 WINEDEBUG=-all
     export WINEDLLOVERRIDES="mscoree=;mshtml="
     export LC_ALL=C.UTF-8
 }
 
-# wine_choices: all that depends on Wine's version.
+# wine_choices: sets the variables that depend on Wine's version.
 wine_choices() {
     local version
     version=$(wine --version | sed 's/^wine-\([0-9]*\).*/\1/')
-    # Since 9 the driver for PostScript spools pages in a form that only its own processor reads.
+    # Since Wine 9, the PostScript driver spools pages in a format that only its own print processor
+    # reads.
     JOTWRIGHT_PRINT_PROCESSOR=wineps
     [ "$version" -ge 9 ] || JOTWRIGHT_PRINT_PROCESSOR=winprint
     export JOTWRIGHT_PRINT_PROCESSOR
 }
 
-# prepare_wine: makes the prefix at the first time and leaves its server running. Needs DISPLAY: a
-# prefix that is first used without one keeps a dead desktop that hangs later programs.
+# prepare_wine: makes the prefix if there is none, and leaves the Wine server running. Needs DISPLAY: if
+# a prefix is first used without a display, later programs hang on its broken desktop.
 prepare_wine() {
     [ -n "${DISPLAY:-}" ] || die "Wine needs a display"
     mkdir -p "$(dirname "$WINEPREFIX")"
     if [ ! -f "$WINEPREFIX/.ready" ]; then
-        say "Making a Wine prefix in $WINEPREFIX (once, some seconds)"
-        # LC_ALL=C.UTF-8 has no country: formats are those of the United States.
-        # Wine gives the helpers that it starts some seconds only, too few on a busy machine.
+        say "Making a Wine prefix in $WINEPREFIX (only once; takes some seconds)"
+        # LC_ALL=C.UTF-8 has no country, so Wine uses the formats of the United States.
+        # Wine waits only some seconds for the helpers that it starts, too short on a busy machine.
         local tries=1
         until wine wineboot --init >"$WINEPREFIX.log" 2>&1 </dev/null; do
             [ "$tries" -lt 10 ] || die "wineboot failed, see $WINEPREFIX.log"
@@ -141,32 +143,32 @@ prepare_wine() {
             wineserver -k || true
             wineserver -w || true
         done
-        # A crash is to end the program, not to open a box that waits for somebody.
+        # A crash must end the program, not open a box that waits for a user.
         wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
             >/dev/null 2>&1 </dev/null || die "reg failed"
         wineserver -w
         touch "$WINEPREFIX/.ready"
     fi
-    wineserver -p >/dev/null 2>&1 </dev/null   # it stays: it must not hold this script's output
+    wineserver -p >/dev/null 2>&1 </dev/null   # keeps running, so it must not hold this script's output
     wine cmd /c exit >/dev/null 2>&1 </dev/null || die "Wine does not start"
 }
 
-# windows_path <path>: an absolute path as Windows programs under Wine name it.
+# windows_path <path>: prints the absolute path in the form that Windows programs under Wine use.
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
-# begin_wine_run <state folder> [<width>x<height>]: for a script that runs programs under Wine and leaves nothing
-# behind but what is in that folder; one run at a time uses it. Sets "state", the folder's full
-# path, and "temp", a folder that is erased at the end, and starts a display. The Wine prefix is the
-# script's to name; its programs end with the script. When the script fails, a picture of the
-# display is left in the state folder.
+# begin_wine_run <state folder> [<width>x<height>]: for a script that runs programs under Wine and keeps
+# files only in the state folder. Waits until no other run uses the folder. Sets "state" to the folder's
+# full path and "temp" to a folder that is deleted at the end, and starts a display. The script chooses
+# the Wine prefix; all programs of the prefix end with the script. If the script fails, a picture of the
+# display stays in the state folder.
 #
-# The lock is descriptor 9. It must not live on in anything that is started: hence 9>&- with every
-# process that may outlive a line.
+# The lock is file descriptor 9. Started processes must not inherit it: close it with 9>&- for every
+# process that may outlive its command line.
 begin_wine_run() {
     mkdir -p "$1"
     state=$(cd "$1" && pwd)
     exec 9>"$state/lock"
-    flock -w 3600 9 || die "another run has kept $state for an hour"
+    flock -w 3600 9 || die "another run has been using $state for an hour"
     temp=$(mktemp -d "${TMPDIR:-/tmp}/jotwright.XXXXXX")
     trap end_wine_run EXIT
     trap 'exit 130' INT
@@ -181,10 +183,10 @@ end_wine_run() {
     trap - EXIT INT TERM HUP
     if [ "$status" -ne 0 ] && [ -n "${DISPLAY:-}" ]; then
         if timeout 20 import -window root "$state/failure.png" 2>/dev/null; then
-            say "The display at the end: $state/failure.png"
+            say "Picture of the display at the end: $state/failure.png"
         fi
     fi
-    # Ends every program of this prefix, and waits until all have gone.
+    # End every program of this prefix, and wait until all have ended.
     if [ -n "${WINEPREFIX:-}" ] && [ -n "${DISPLAY:-}" ]; then
         wineserver -k 2>/dev/null || true
         wineserver -w 2>/dev/null || true

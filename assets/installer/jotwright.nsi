@@ -1,20 +1,22 @@
-; The installer: for one user, without administrator rights. The notes lie beside the program, so the
-; program goes to a folder in which its user may write. Built by scripts/package, which passes
+; The installer. It installs for one user, without administrator rights. Jotwright keeps its notes
+; beside the program, so the program goes into a folder in which the user has write access.
+; scripts/make-installer builds it and defines
 ;
-;   VERSION        1.0.0
-;   STAGE          the folder whose files are installed, all of them, without the prepared shortcut
-;   DELETE_FILES   a script of this language that deletes exactly those files from $INSTDIR
+;   VERSION        for example 1.0.0
+;   STAGE          the folder with the files to install; all its files are installed
+;   DELETE_FILES   an NSIS script that deletes exactly those files from $INSTDIR
 ;   OUTPUT         the installer to write
 ;   TARGET         amd64-unicode or x86-unicode
 ;   ICON           the icon of installer and uninstaller
-;   SIDE_PICTURE   beside the last page
+;   SIDE_PICTURE   the picture beside the last page
 ;
 ; Command line:    setup.exe [/S] [/D=folder]
 ;                  Uninstall.exe [/S] [/ERASE]
-;   /S       asks and shows nothing. A copy that runs is closed, with its notes saved; after an
-;            upgrade it is started again. Exit codes: 0 done, 3 the program could not be closed.
-;   /D       another folder; the last argument, without quotes even where it holds blanks
-;   /ERASE   notes, special alarms and settings are erased as well
+;   /S       silent: shows no window. A running copy saves its notes and is closed; after an upgrade
+;            it is started again. Exit codes: 0 success, 3 the program could not be closed.
+;   /D       the folder to install into; must be the last argument, without quotes even if the path
+;            contains blanks
+;   /ERASE   also erases notes, special alarms and settings
 
 Unicode true
 Target ${TARGET}
@@ -47,7 +49,7 @@ VIAddVersionKey "FileDescription" "Jotwright setup"
 VIAddVersionKey "CompanyName" "Jotwright"
 VIAddVersionKey "LegalCopyright" "The Jotwright authors"
 
-Var Restart     ; 1 where a copy was running and is to run again
+Var Restart     ; 1 if a copy was running and must be started again
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
@@ -63,20 +65,21 @@ SpaceTexts none
 !insertmacro MUI_PAGE_FINISH
 
 !define MUI_COMPONENTSPAGE_SMALLDESC
-!define MUI_COMPONENTSPAGE_TEXT_TOP "Jotwright will be removed from $INSTDIR. Your notes stay there, unless you tick the second box."
+!define MUI_COMPONENTSPAGE_TEXT_TOP "Jotwright will be removed from $INSTDIR. Your notes stay there unless you tick the second box."
 !define MUI_COMPONENTSPAGE_TEXT_COMPLIST "Remove:"
 !insertmacro MUI_UNPAGE_COMPONENTS
 !insertmacro MUI_UNPAGE_INSTFILES
 
 !define MUI_UNTEXT_COMPONENTS_TITLE "Remove Jotwright"
-!define MUI_UNTEXT_COMPONENTS_SUBTITLE "The program goes. What you wrote stays, unless you say otherwise."
+!define MUI_UNTEXT_COMPONENTS_SUBTITLE "This removes the program. Your notes stay unless you choose to erase them."
 !insertmacro MUI_LANGUAGE "English"
 
-; ---- what installer and uninstaller share ----
+; ---- functions that installer and uninstaller share ----
 
 !macro SharedFunctions un
 
-; Puts 1 on the stack while the program in $INSTDIR runs: its file cannot be written then.
+; Pushes 1 if the program in $INSTDIR is running, otherwise 0. The file of a running program cannot be
+; opened for writing.
 Function ${un}ProgramRuns
     Push $0
     StrCpy $0 0
@@ -93,8 +96,8 @@ Function ${un}ProgramRuns
     Exch $0
 FunctionEnd
 
-; Tells the program in $INSTDIR to end as Windows does when the user signs out: it saves all open
-; notes and asks nothing. Copies that run from other folders are left alone.
+; Ends the program in $INSTDIR in the way that Windows does when the user signs out: the program saves
+; all open notes without asking. Does not end copies that run from other folders.
 Function ${un}EndProgram
     Push $0
     Push $1
@@ -113,8 +116,8 @@ Function ${un}EndProgram
         System::Call 'kernel32::QueryFullProcessImageNameW(p r2, i 0, w .r3, *i ${NSIS_MAX_STRLEN})'
         System::Call 'kernel32::CloseHandle(p r2)'
         ${If} $3 == "$INSTDIR\${PROGRAM}"
-            ; ENDSESSION_CLOSEAPP. The messages come from here and not from the system, which
-            ; would end the program afterwards if it did not do so itself.
+            ; lParam 1 is ENDSESSION_CLOSEAPP. Unlike Windows, the installer does not kill the
+            ; program if it keeps running after these messages.
             SendMessage $0 ${WM_QUERYENDSESSION} 0 1 $1 /TIMEOUT=5000
             ${If} $1 <> 0
                 SendMessage $0 ${WM_ENDSESSION} 1 1 /TIMEOUT=10000
@@ -128,7 +131,8 @@ Function ${un}EndProgram
     Pop $0
 FunctionEnd
 
-; Returns when the program does not run. Otherwise leaves the installer.
+; Closes the program in $INSTDIR if it is running. Returns only if it has ended; otherwise quits the
+; installer.
 Function ${un}CloseProgram
     Push $0
     Push $1
@@ -136,7 +140,7 @@ Function ${un}CloseProgram
     Pop $0
     ${If} $0 = 1
         MessageBox MB_OKCANCEL|MB_ICONINFORMATION \
-            "Jotwright is running and will be closed. What is in open notes is saved." \
+            "Jotwright is running and will be closed. Open notes will be saved." \
             /SD IDOK IDOK +2
         Quit
         StrCpy $Restart 1
@@ -158,7 +162,7 @@ Function ${un}CloseProgram
             SetErrorLevel 3
             MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION \
                 "Jotwright could not be closed. Right click the blue N in the notification area, \
-choose Exit, and then Retry." /SD IDCANCEL IDRETRY +2
+choose Exit, and then press Retry." /SD IDCANCEL IDRETRY +2
             Quit
             SetErrorLevel 0
         ${Loop}
@@ -174,7 +178,7 @@ FunctionEnd
 
 ; ---- installing ----
 
-; An upgrade goes where the notes are.
+; Skips the page for the folder in an upgrade: the program stays where the notes are.
 Function SkipWhenInstalled
     ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
     ${If} $0 != ""
@@ -208,8 +212,8 @@ Section "Jotwright" SectionInstall
     SectionGetSize ${SectionInstall} $0
     WriteRegDWORD HKCU "${UNINSTALL_KEY}" "EstimatedSize" $0
 
-    ; Without this nobody would ring the alarms until the next sign-in. With windows, the last
-    ; page asks.
+    ; Restart the program after a silent upgrade, because alarms ring only while it runs. In an
+    ; upgrade with windows, the last page offers to start it.
     ${If} ${Silent}
     ${AndIf} $Restart = 1
         Exec '"$INSTDIR\${PROGRAM}"'
@@ -244,8 +248,8 @@ Section "un.Jotwright" SectionProgram
     SectionIn RO
     Call un.CloseProgram
 
-    ; The one for all users is put there by the option "Start Jotwright when Windows starts", and
-    ; can be taken away by whoever could do that.
+    ; The option "Start Jotwright when Windows starts" makes the shortcut for all users. Deleting it
+    ; needs the same rights as making it; without them it stays.
     SetShellVarContext all
     StrCpy $0 "$SMSTARTUP\${PREPARED_SHORTCUT}"
     Call un.DeleteOurShortcut
@@ -259,11 +263,11 @@ Section "un.Jotwright" SectionProgram
     Delete "$INSTDIR\${PREPARED_SHORTCUT}"
     Delete "$INSTDIR\Uninstall.exe"
     DeleteRegKey HKCU "${UNINSTALL_KEY}"
-    ; Goes only when nothing is left in it, notes least of all.
+    ; RMDir removes the folder only if it is empty, so it never deletes notes.
     RMDir "$INSTDIR"
 SectionEnd
 
-; Only what the program makes: whatever else somebody keeps in these folders stays.
+; Deletes only files that the program makes. Other files in these folders stay.
 Section /o "un.Erase my notes, special alarms and settings" SectionErase
     Delete "$INSTDIR\Notes\*.txt"
     Delete "$INSTDIR\Notes\~*.recovery"
@@ -288,5 +292,5 @@ FunctionEnd
 !insertmacro MUI_UNFUNCTION_DESCRIPTION_BEGIN
     !insertmacro MUI_DESCRIPTION_TEXT ${SectionProgram} "The program and its shortcuts."
     !insertmacro MUI_DESCRIPTION_TEXT ${SectionErase} \
-        "All your notes and special alarms, and the options that you chose. They cannot be brought back."
+        "All your notes, special alarms and options. You cannot restore them."
 !insertmacro MUI_UNFUNCTION_DESCRIPTION_END

@@ -1,9 +1,8 @@
 #!/usr/bin/env python3
 """Synthesises the five alarm sounds into the folder given (default: the script's own).
 
-Uses the standard library only. The same sources give the same bytes: what sounds like
-noise comes from a seeded generator. Every sound starts and ends at zero, so it can be
-looped without a click.
+Uses only the standard library. The same sources give the same bytes, because the noise comes
+from a seeded generator. Every sound starts and ends at zero, so that it loops without a click.
 """
 
 import array
@@ -24,7 +23,7 @@ class Sound:
         self.data = [0.0] * round(seconds * RATE)
 
     def mix(self, start, seconds, voice):
-        """Adds voice(t), t in seconds from start; what runs past the end is dropped."""
+        """Adds voice(t), with t in seconds from start. Samples past the end are dropped."""
         first = round(start * RATE)
         for i in range(min(round(seconds * RATE), len(self.data) - first)):
             self.data[first + i] += voice(i / RATE)
@@ -52,7 +51,7 @@ class Sound:
 
 
 def gate(t, length, attack, release):
-    """An envelope that rises, holds and falls to zero at its length, without corners."""
+    """A smooth envelope that rises, holds, and falls to zero at its length."""
     if t < attack:
         return 0.5 - 0.5 * math.cos(math.pi * t / attack)
     if t > length - release:
@@ -75,7 +74,7 @@ def alarm_buzzer():
 
 
 def alert_chime():
-    """Three rising struck bars, C6 E6 G6, that ring into one another."""
+    """Three rising notes of struck bars, C6 E6 G6, each ringing into the next."""
     sound = Sound(2.40)
 
     def bar(frequency):
@@ -120,7 +119,7 @@ def cuckoo_clock():
 
     sound.mix(0.02, 0.34, pipe(739.99, 0.34))
     sound.mix(0.50, 0.62, pipe(587.33, 0.62))
-    # A little of the wooden case answers each call.
+    # Short echoes from the wooden case follow each call.
     dry = list(sound.data)
     for delay, level in ((0.031, 0.16), (0.067, 0.11), (0.113, 0.07), (0.171, 0.045)):
         shift = round(delay * RATE)

@@ -1,5 +1,5 @@
-// What the rules and stores cost that run for every note or every second. bench/instructions counts
-// the instructions of each of the functions in namespace "counted".
+// The cost of those rules and stores that run for every note or every second. bench/instructions
+// counts the instructions of each function in namespace "counted".
 #include <benchmark/benchmark.h>
 
 #include <memory>
@@ -35,7 +35,7 @@ NoteRecord Note(int number, std::size_t textLength) {
     return note;
 }
 
-// A hundred saved notes, of which the array was made, and what the works below act on.
+// A hundred saved notes, the notes array built from them, and the data for the functions below.
 struct Stand {
     Stand() {
         files().PutFolder(StandardCode::NotesFolder());
@@ -93,7 +93,7 @@ namespace counted {
     benchmark::DoNotOptimize(rows);
 }
 
-// What one open note asks each time its alarm timer ticks.
+// The test that an open note runs each time its alarm timer ticks.
 [[gnu::noinline]] void EditorDueTest(Stand& stand) {
     benchmark::DoNotOptimize(DueRules::IsEditorAlarmDue(stand.values, stand.now));
 }
@@ -102,7 +102,7 @@ namespace counted {
     benchmark::DoNotOptimize(DueRules::ValuesOf(stand.usual.AlarmDate, stand.usual.AlarmTime));
 }
 
-// What the main clock asks each second.
+// The test that the main clock runs each second.
 [[gnu::noinline]] void DueTestOf100SavedNotes(Stand& stand) {
     for (int slot = 1; slot <= StandardCode::maximumNotes; ++slot) {
         benchmark::DoNotOptimize(DueRules::IsSavedNoteDue(Shared().NotesArray[slot], stand.now));

@@ -1,22 +1,23 @@
-# Note programs of Debian, measured for bench/compare: from nothing, each with a fresh home, as a
-# user without rights. To be sourced by it.
+# Sourced by bench/compare: measures note programs that Debian packages. Each run starts with a fresh
+# home folder, as an unprivileged user.
 # shellcheck shell=bash
-# shellcheck disable=SC2017,SC2154  # a row is a whole number; temp and watcher are bench/compare's
+# shellcheck disable=SC2017  # the rows of notes need whole numbers
+# shellcheck disable=SC2154  # bench/compare sets temp and watcher
 
-peers=()
+rivals=()
 
-# A note's text of some two hundred bytes, the same for all programs.
-peer_text() {
+# rival_text <number>: the text of a note, about two hundred bytes, the same for all programs.
+rival_text() {
     echo "Note $1: call the dentist, water the plants, collect the parcel at the post office."
     echo "Second line with some more words so that the note has about two hundred bytes of text. $1"
 }
 
-# Each lays out so many notes in a home.
+# notes_of_<program> <home> <count>: stores <count> notes in a home folder.
 notes_of_xpad() {
     local note
     mkdir -p "$1/.config/xpad" "$1/.config/autostart"
     for ((note = 1; note <= $2; note++)); do
-        peer_text "$note" >"$1/.config/xpad/content-N$note"
+        rival_text "$note" >"$1/.config/xpad/content-N$note"
         printf '%s\n' "width 200" "height 150" "x $((note % 10 * 120))" "y $((note / 10 * 90))" \
             "follow_font 1" "follow_color 0" "sticky 0" "hidden 0" "back rgb($((155 + note)),$((255 - note)),153)" \
             "text rgb(0,0,0)" "fontname Sans 9" "content content-N$note" >"$1/.config/xpad/info-N$note"
@@ -29,7 +30,7 @@ notes_of_wmstickynotes() {
     for ((note = 1; note <= $2; note++)); do
         {
             echo "$((note % 10 * 120)),$((note / 10 * 90)),200,150,0,0,Yellow"
-            peer_text "$note"
+            rival_text "$note"
         } >"$1/.wmstickynotes/$note"
     done
 }
@@ -44,7 +45,7 @@ notes_of_tomboy-ng() {
             echo "<note version=\"0.3\" xmlns:link=\"$site/link\" xmlns:size=\"$site/size\" xmlns=\"$site\">"
             echo "<title>Note number $note</title><text xml:space=\"preserve\"><note-content version=\"0.1\">Note number $note"
             echo
-            peer_text "$note"
+            rival_text "$note"
             echo "</note-content></text><last-change-date>$date</last-change-date>"
             echo "<last-metadata-change-date>$date</last-metadata-change-date><create-date>$date</create-date>"
             echo "<cursor-position>1</cursor-position><selection-bound-position>1</selection-bound-position>"
@@ -57,10 +58,10 @@ notes_of_tomboy-ng() {
         FontSize=medium HelpLanguage=EN >"$1/.config/tomboy-ng/tomboy-ng.cfg"
 }
 
-# Its calendars are made in its own dialogs, so it is measured without an alarm.
+# KAlarm's calendars can only be created in its own dialogs, so KAlarm is measured without an alarm.
 notes_of_kalarm() { :; }
 
-# How its note windows are known.
+# windows_of <program>: the expression that matches its note windows.
 windows_of() {
     case $1 in
         xpad) echo xpad ;;
@@ -70,8 +71,9 @@ windows_of() {
     esac
 }
 
-# run_peer <program> <notes>: one start and end; values are kept under <program>-<notes>-<name>.
-run_peer() {
+# run_rival <program> <notes>: starts and ends the program once. The values are kept under
+# <program>-<notes>-<name>.
+run_rival() {
     local home=$temp/home name="$1-$2" unprivileged=() session other
     rm -rf "$home"
     mkdir -p "$home/.config" "$home/.local/share" "$home/.cache" "$home/run"
@@ -104,9 +106,9 @@ SESSION
     touch "$home/stop"
     wait "$session" || true
     kill "$pid" 2>/dev/null || true
-    # Helpers that it started, known by their home.
+    # End the helper processes that it started; they have the same HOME.
     for other in /proc/[0-9]*; do
-        # Some end meanwhile, some may not be looked at.
+        # Ignore processes that have ended, and those whose environment cannot be read.
         if { tr '\0' '\n' <"$other/environ"; } 2>/dev/null | grep -qx "HOME=$home"; then
             kill "${other#/proc/}" 2>/dev/null || true
         fi
@@ -116,24 +118,24 @@ SESSION
 
 is_installed() { command -v "$1" >/dev/null && command -v dbus-run-session >/dev/null; }
 
-measure_peers() {
+measure_rivals() {
     local app count
     for app in xpad wmstickynotes tomboy-ng; do
         if ! is_installed "$app"; then
-            say "$app is not installed: left out"
+            say "Skipping $app: not installed"
             continue
         fi
-        peers+=("$app")
+        rivals+=("$app")
         for count in 1 100; do
-            peer=$app notes=$count
-            repeat one_peer
+            rival=$app notes=$count
+            repeat one_rival
         done
     done
-    # With its 215 packages, a database server among them, it is measured only where it is at hand.
+    # KAlarm needs 215 packages, including a database server. It is measured only if it is installed.
     if is_installed kalarm; then
-        peer=kalarm notes=1
-        repeat one_peer
+        rival=kalarm notes=1
+        repeat one_rival
     fi
 }
 
-one_peer() { run_peer "$peer" "$notes"; }
+one_rival() { run_rival "$rival" "$notes"; }

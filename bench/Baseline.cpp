@@ -1,9 +1,9 @@
-// The floor that the program is measured against: a bare Windows program that makes plain top-level
-// windows and waits. Whatever a program that shows so many windows does, it cannot cost less.
+// The baseline for bench/compare: a bare Windows program that creates plain top-level windows and
+// waits. No program that shows the same number of windows can cost less.
 //
-// usage: floor <windows> <minimised|shown> [<child windows of each>]
+// usage: baseline <windows> <minimised|shown> [<child windows of each>]
 //
-// The windows are called "Floor 1", "Floor 2" and so on. Closing any of them ends the program.
+// The window titles are "Baseline 1", "Baseline 2" and so on. Closing any window ends the program.
 #include <windows.h>
 
 #include <cstdlib>
@@ -12,9 +12,9 @@
 
 namespace {
 
-constexpr wchar_t className[] = L"FloorWindow";
-constexpr wchar_t childClassName[] = L"FloorChild";
-constexpr int width = 460;  // pixels, as a note's window at 96 dpi
+constexpr wchar_t className[] = L"BaselineWindow";
+constexpr wchar_t childClassName[] = L"BaselineChild";
+constexpr int width = 460;  // pixels; the size of a note window at 96 dpi
 constexpr int height = 489;
 constexpr int childrenInRow = 4;
 constexpr int childWidth = 100;
@@ -40,7 +40,7 @@ void Register(const wchar_t* name, WNDPROC procedure) {
 }
 
 void MakeWindow(int number, int showCommand, int children) {
-    const std::wstring title = L"Floor " + std::to_wstring(number);
+    const std::wstring title = L"Baseline " + std::to_wstring(number);
     HWND window = ::CreateWindowExW(
         0, className, title.c_str(), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
         CW_USEDEFAULT, width, height, nullptr, nullptr, ::GetModuleHandleW(nullptr), nullptr);
@@ -64,7 +64,8 @@ int main(int count, char** arguments) {
     const int children = count > 3 ? std::atoi(arguments[3]) : 0;
     Register(className, &Procedure);
     Register(childClassName, &::DefWindowProcW);
-    // The first ShowWindow of a process is overruled by how it was started; this one is not meant.
+    // Windows replaces the command of a process's first ShowWindow by the one in its STARTUPINFO.
+    // This call uses up that replacement.
     ::ShowWindow(nullptr, SW_HIDE);
     for (int number = 1; number <= windows; ++number) {
         MakeWindow(number, minimised ? SW_SHOWMINNOACTIVE : SW_SHOW, children);

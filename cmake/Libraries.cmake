@@ -1,0 +1,24 @@
+# jotwright_sources(<variable> <folder>...): lists the sources directly in these folders. The next
+# build finds new files.
+function(jotwright_sources variable)
+    set(patterns)
+    foreach(folder IN LISTS ARGN)
+        list(APPEND patterns "${PROJECT_SOURCE_DIR}/${folder}/*.cpp")
+    endforeach()
+    file(GLOB found CONFIGURE_DEPENDS ${patterns})
+    set(${variable} ${found} PARENT_SCOPE)
+endfunction()
+
+# jotwright_add_library(<name> <folder>...): a static library of the sources in these folders,
+# without the program's entry point.
+function(jotwright_add_library name)
+    jotwright_sources(sources ${ARGN})
+    list(FILTER sources EXCLUDE REGEX "/app/WinMain\\.cpp$")
+    if(JOTWRIGHT_FUZZ)
+        # The code that reads files does not depend on the windows.
+        list(FILTER sources EXCLUDE REGEX "/(frm|dlg)[^/]*$")
+    endif()
+    add_library(${name} STATIC ${sources})
+    jotwright_flags(${name})
+    jotwright_use_precompiled(${name} precompiled)
+endfunction()
