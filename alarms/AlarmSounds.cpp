@@ -36,7 +36,7 @@ bool HasWaveExtension(const std::string& path) {
 namespace StandardCode {
 
 void SaveAlarmSetting(const std::string& path) {
-    Settings::Write(Settings::Config::section, Settings::Config::alarm, path);
+    Settings::alarm.Write(path);
     Shared().AlarmSoundPath = path;
 }
 

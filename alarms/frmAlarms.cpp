@@ -60,8 +60,7 @@ void frmAlarms::Design() {
 }
 
 void frmAlarms::Form_Load() {
-    Shared().AlarmSoundPath =
-        Settings::Read(Settings::Config::section, Settings::Config::alarm, "");
+    Shared().AlarmSoundPath = Settings::alarm.Read();
     const std::string& path = Shared().AlarmSoundPath;
     const auto paths = AlarmSounds::BuiltInPaths();
     if (path.empty()) {

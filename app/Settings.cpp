@@ -9,17 +9,19 @@
 
 namespace Settings {
 
-std::string Read(const std::string& section, const std::string& key,
-                 const std::string& defaultValue) {
-    return forms::Machine().settings->Read(section, key).value_or(defaultValue);
+template <>
+std::string Text::Read(const std::string& byDefault) const {
+    return forms::Machine().settings->Read(section, key).value_or(byDefault);
 }
 
-std::string Read(const std::string& section, const std::string& key, int defaultValue) {
-    return Read(section, key, std::to_string(defaultValue));
+template <>
+void Text::Write(const std::string& value) const {
+    forms::Machine().settings->Write(section, key, value);
 }
 
-std::int16_t ReadInteger(const std::string& section, const std::string& key, int defaultValue) {
-    const std::string value = Read(section, key, defaultValue);
+template <>
+std::int16_t Number::Read(const std::int16_t& byDefault) const {
+    const std::string value = Text{section, key}.Read(std::to_string(byDefault));
     try {
         return forms::ToInteger16(value);
     } catch (const base::RuntimeError& error) {
@@ -31,12 +33,9 @@ std::int16_t ReadInteger(const std::string& section, const std::string& key, int
     }
 }
 
-void Write(const std::string& section, const std::string& key, const std::string& value) {
-    forms::Machine().settings->Write(section, key, value);
-}
-
-void Write(const std::string& section, const std::string& key, int value) {
-    Write(section, key, std::to_string(value));
+template <>
+void Number::Write(const std::int16_t& value) const {
+    Text{section, key}.Write(std::to_string(value));
 }
 
 }  // namespace Settings

@@ -3,39 +3,41 @@
 #include <cstdint>
 #include <string>
 
-// The user's settings, read from the store at the moment of use; a missing one has the default that
-// the reader gives.
+// The user's settings. Nothing keeps them: each reader reads the store at the moment of use.
 namespace Settings {
 
-namespace Options {
-inline constexpr const char* section = "Options";
-inline constexpr const char* defaultColor = "DefaultColor";        // 0 white to 5 gray
-inline constexpr const char* defaultFontSize = "DefaultFontSize";  // 0 to 3: 10 to 16 points
-inline constexpr const char* windowOnTop = "WindowOnTop";
-inline constexpr const char* startCookoo = "StartCookoo";
-inline constexpr const char* showDateTime = "ShowDateTime";  // "1" hides them
-inline constexpr const char* noteLoops = "NoteLoops";
-inline constexpr const char* isService = "IsService";
-}  // namespace Options
+// One value of the store, under its section and its key.
+template <class T>
+struct Setting {
+    const char* section;
+    const char* key;
 
-namespace Config {
-inline constexpr const char* section = "Config";
-inline constexpr const char* alarm = "Alarm";  // full path of the alarm sound
-}  // namespace Config
+    // byDefault if the store has no such value. Numbers are stored as text: a number outside the
+    // range of 16 bits counts as the nearest one inside; RuntimeError 13 if it is no number.
+    T Read(const T& byDefault = T()) const;
+    void Write(const T& value) const;
+};
 
-namespace Startup {
-inline constexpr const char* section = "Startup";
-inline constexpr const char* viewTips = "View Tips";  // "1" suppresses the tips
-}  // namespace Startup
+using Number = Setting<std::int16_t>;
+using Text = Setting<std::string>;
 
-std::string Read(const std::string& section, const std::string& key,
-                 const std::string& defaultValue);
-std::string Read(const std::string& section, const std::string& key, int defaultValue);
-// A number outside the range of 16 bits counts as the nearest one inside. RuntimeError 13 if the
-// value is no number.
-std::int16_t ReadInteger(const std::string& section, const std::string& key, int defaultValue);
+template <>
+std::int16_t Number::Read(const std::int16_t& byDefault) const;
+template <>
+void Number::Write(const std::int16_t& value) const;
+template <>
+std::string Text::Read(const std::string& byDefault) const;
+template <>
+void Text::Write(const std::string& value) const;
 
-void Write(const std::string& section, const std::string& key, const std::string& value);
-void Write(const std::string& section, const std::string& key, int value);
+inline constexpr Number defaultColor{"Options", "DefaultColor"};        // 0 white to 5 gray
+inline constexpr Number defaultFontSize{"Options", "DefaultFontSize"};  // 0 to 3: 10 to 16 points
+inline constexpr Number windowOnTop{"Options", "WindowOnTop"};
+inline constexpr Number startCookoo{"Options", "StartCookoo"};
+inline constexpr Number showDateTime{"Options", "ShowDateTime"};  // 1 hides them
+inline constexpr Number noteLoops{"Options", "NoteLoops"};
+inline constexpr Number isService{"Options", "IsService"};  // starts with Windows
+inline constexpr Text alarm{"Config", "Alarm"};             // full path of the alarm sound
+inline constexpr Number viewTips{"Startup", "View Tips"};   // 1 suppresses the tips
 
 }  // namespace Settings

@@ -33,8 +33,7 @@ using StandardCode::Shared;
 
 void frmMain::Form_Initialize() {
     lblCopyright.caption = StandardCode::ownershipNotice;
-    std::string soundPath =
-        Settings::Read(Settings::Config::section, Settings::Config::alarm, Shared().AlarmSoundPath);
+    std::string soundPath = Settings::alarm.Read(Shared().AlarmSoundPath);
     if (soundPath.empty()) {
         soundPath = forms::ApplicationPath("\\Alarm buzzer.wav");
     }
@@ -65,8 +64,7 @@ void frmMain::Form_Load() {
     StandardCode::LoadNotesArray();
     ReadNotes();
     ApplyNoteLimit();
-    Shared().StartCookooFlag = Settings::ReadInteger(
-        Settings::Options::section, Settings::Options::startCookoo, Shared().StartCookooFlag);
+    Shared().StartCookooFlag = Settings::startCookoo.Read(Shared().StartCookooFlag);
     if (Shared().StartCookooFlag == 1) {
         StartCuckooClock();
     }

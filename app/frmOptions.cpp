@@ -10,8 +10,6 @@
 #include "forms/MsgBox.h"
 #include "forms/Services.h"
 
-namespace Options = Settings::Options;
-
 namespace {
 
 // Looked for and made under two spellings, which name the same file.
@@ -35,10 +33,14 @@ void SelectOption(std::array<forms::OptionButton, count>& buttons, int index) {
 
 // Any number may be in the store. One that is no check mark switches nothing on where the setting
 // is read, so the box is shown empty.
-void ReadInto(forms::CheckBox& box, const char* key, int byDefault) {
+void ReadInto(forms::CheckBox& box, Settings::Number setting, int byDefault) {
     constexpr int grayed = 2;
-    const int value = Settings::ReadInteger(Options::section, key, byDefault);
+    const int value = setting.Read(static_cast<std::int16_t>(byDefault));
     box.value = value >= 0 && value <= grayed ? value : 0;
+}
+
+void Store(Settings::Number setting, const forms::CheckBox& box) {
+    setting.Write(static_cast<std::int16_t>(box.value()));
 }
 
 }  // namespace
@@ -122,16 +124,16 @@ void frmOptions::Form_Load() {
     }
     icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
 
-    ReadInto(chkShowOnTop, Options::windowOnTop, chkShowOnTop.value);
-    ReadInto(chkCooKooOn, Options::startCookoo, chkCooKooOn.value);
+    ReadInto(chkShowOnTop, Settings::windowOnTop, chkShowOnTop.value);
+    ReadInto(chkCooKooOn, Settings::startCookoo, chkCooKooOn.value);
     StandardCode::Shared().StartCookooFlag = chkCooKooOn.value == 1 ? 1 : 0;
-    ReadInto(chkShowDateTime, Options::showDateTime, chkShowDateTime.value);
-    colorCode = Settings::ReadInteger(Options::section, Options::defaultColor, 0);
-    fontCode = Settings::ReadInteger(Options::section, Options::defaultFontSize, 0);
-    noteLoops = Settings::ReadInteger(Options::section, Options::noteLoops, noteLoops);
+    ReadInto(chkShowDateTime, Settings::showDateTime, chkShowDateTime.value);
+    colorCode = Settings::defaultColor.Read();
+    fontCode = Settings::defaultFontSize.Read();
+    noteLoops = Settings::noteLoops.Read(noteLoops);
     chkNoteLoops.value = noteLoops != 0 ? 1 : 0;
     // The colour as the default: both keys are always written together.
-    ReadInto(chkIsService, Options::isService, colorCode);
+    ReadInto(chkIsService, Settings::isService, colorCode);
     SelectOption(optDefaultColor, colorCode);
     SelectOption(optDefaultFont, fontCode);
 }
@@ -144,13 +146,13 @@ std::string frmOptions::GetWinVersion() const {
 }
 
 void frmOptions::WriteSettings() {
-    Settings::Write(Options::section, Options::defaultColor, colorCode);
-    Settings::Write(Options::section, Options::defaultFontSize, fontCode);
-    Settings::Write(Options::section, Options::windowOnTop, chkShowOnTop.value);
-    Settings::Write(Options::section, Options::startCookoo, chkCooKooOn.value);
-    Settings::Write(Options::section, Options::noteLoops, chkNoteLoops.value);
-    Settings::Write(Options::section, Options::isService, chkIsService.value);
-    Settings::Write(Options::section, Options::showDateTime, chkShowDateTime.value);
+    Settings::defaultColor.Write(colorCode);
+    Settings::defaultFontSize.Write(fontCode);
+    Store(Settings::windowOnTop, chkShowOnTop);
+    Store(Settings::startCookoo, chkCooKooOn);
+    Store(Settings::noteLoops, chkNoteLoops);
+    Store(Settings::isService, chkIsService);
+    Store(Settings::showDateTime, chkShowDateTime);
 }
 
 void frmOptions::UpdateStartupLink() {

@@ -25,18 +25,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     forms::headless::HeadlessSettings settings;
     forms::Machine().settings = &settings;
     const std::string value(data, data + size);
-    settings.values[{Settings::Options::section, Settings::Options::defaultColor}] = value;
-    Check(Settings::Read(Settings::Options::section, Settings::Options::defaultColor, 0) == value);
+    const Settings::Number setting = Settings::defaultColor;
+    settings.values[{setting.section, setting.key}] = value;
+    Check(Settings::Text{setting.section, setting.key}.Read() == value);
     AlarmSounds::HasWaveExtension(value);
-    const auto read = [] {
-        return Settings::ReadInteger(Settings::Options::section, Settings::Options::defaultColor,
-                                     0);
-    };
     try {
-        const std::int16_t number = read();
+        const std::int16_t number = setting.Read();
         Check(forms::IsNumeric(value));
-        Settings::Write(Settings::Options::section, Settings::Options::defaultColor, number);
-        Check(read() == number);
+        setting.Write(number);
+        Check(setting.Read() == number);
     } catch (const base::RuntimeError& error) {
         Check(error == base::ErrorNumber::TypeMismatch && !forms::IsNumeric(value));
     }

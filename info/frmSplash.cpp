@@ -61,7 +61,7 @@ void frmSplash::tmrSplash_Timer() {
 
 void frmSplash::ShowTips() {
     std::int16_t& hideTips = StandardCode::Shared().ViewTipsFlag;
-    hideTips = Settings::ReadInteger(Settings::Startup::section, Settings::Startup::viewTips, 0);
+    hideTips = Settings::viewTips.Read();
     Default<frmTip>().Load();
     if (hideTips != 1) {
         Default<frmTip>().ShowModal();

@@ -90,7 +90,6 @@ void frmTip::cmdNextTip_Click() {
 }
 
 void frmTip::cmdOK_Click() {
-    Settings::Write(Settings::Startup::section, Settings::Startup::viewTips,
-                    chkShowTips.value() == 1 ? "1" : "0");
+    Settings::viewTips.Write(chkShowTips.value() == 1 ? 1 : 0);
     Unload();
 }

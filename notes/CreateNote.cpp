@@ -1,5 +1,8 @@
 #include "notes/CreateNote.h"
 
+#include <array>
+#include <cstdint>
+
 #include "app/Settings.h"
 #include "notes/OpenEditor.h"
 
@@ -7,10 +10,10 @@ namespace StandardCode {
 
 namespace {
 
-// What the setting's codes 0 to 3 stand for; for any other code the editor keeps its own size.
+// The setting's codes 0 to 3. With any other code the editor keeps its own size.
 constexpr std::array fontSizes{10, 12, 14, 16};
-// No code but a size in points: an editor keeps its own size as long as nobody has chosen one.
-constexpr int missingFontSize = 12;
+// Deliberately not one of the codes: if the option was never stored, the editor keeps its own size.
+constexpr std::int16_t missingFontSize = 12;
 
 void ApplyDefaultColor(frmNote& note, int code) {
     const bool isKnown = code >= 0 && code < static_cast<int>(noteColors.size());
@@ -27,11 +30,9 @@ void ApplyDefaultFontSize(frmNote& note, int code) {
 }  // namespace
 
 std::shared_ptr<frmNote> CreateNote(const std::string& title) {
-    // Both before there is a window that an error would leave half made.
-    const int color =
-        Settings::ReadInteger(Settings::Options::section, Settings::Options::defaultColor, 0);
-    const int fontSize = Settings::ReadInteger(Settings::Options::section,
-                                               Settings::Options::defaultFontSize, missingFontSize);
+    // Both are read before the window is made, so that an error leaves no half-made window.
+    const int color = Settings::defaultColor.Read();
+    const int fontSize = Settings::defaultFontSize.Read(missingFontSize);
     auto note = OpenNewEditor(title);
     ApplyDefaultColor(*note, color);
     ApplyDefaultFontSize(*note, fontSize);

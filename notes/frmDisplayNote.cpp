@@ -208,8 +208,7 @@ bool frmDisplayNote::Write(StandardCode::NoteRecord& note, NoteFile::TimeField t
 
 void frmDisplayNote::tmrSoundAlarm_Timer() {
     Shared().AlarmSounding = true;
-    const bool loops =
-        Settings::ReadInteger(Settings::Options::section, Settings::Options::noteLoops, 0) == 1;
+    const bool loops = Settings::noteLoops.Read() == 1;
     // Another alarm may have begun to ring since this window opened. It goes on undisturbed.
     if (!Bell::IsRinging()) {
         StartSound(loops);
@@ -240,8 +239,7 @@ std::shared_ptr<frmDisplayNote> DisplayNote(int slot) {
     const NoteRecord& note = stored.record;
     auto display = forms::New<frmDisplayNote>();
     display->caption = note.Title;
-    Shared().WindowOnTopFlag =
-        Settings::ReadInteger(Settings::Options::section, Settings::Options::windowOnTop, 0);
+    Shared().WindowOnTopFlag = Settings::windowOnTop.Read();
     if (Shared().WindowOnTopFlag == 1) {
         display->MakeTopMost();
     }

@@ -22,9 +22,7 @@ std::string DateTimeText() { return forms::Machine().locale->GeneralDate(forms::
 }  // namespace
 
 void frmNote::Form_Load() {
-    const int hidesDateTime =
-        Settings::ReadInteger(Settings::Options::section, Settings::Options::showDateTime, 0);
-    ShowDateTimePanel(hidesDateTime != 1);
+    ShowDateTimePanel(Settings::showDateTime.Read() != 1);
     NoteErased = false;
     NoteChanged = false;
     tmrLabel.enabled = true;

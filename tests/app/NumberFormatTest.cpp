@@ -25,7 +25,7 @@ TEST_F(NumberFormat, ATitleThatIsANumberInItIsRefused) {
 
 TEST_F(NumberFormat, SettingsAreReadInIt) {
     settings.values[{"Options", "DefaultColor"}] = "3,5";
-    EXPECT_EQ(Settings::ReadInteger("Options", "DefaultColor", 0), 4);
+    EXPECT_EQ(Settings::defaultColor.Read(), 4);
 }
 
 TEST_F(NumberFormat, NoteFilesAreNot) {

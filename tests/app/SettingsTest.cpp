@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+
 #include "app/Settings.h"
 #include "tests/support/RuleDevices.h"
 
@@ -10,52 +13,51 @@ using testing_support::RuleDevices;
 
 class SettingsTest : public testing::Test, protected RuleDevices {};
 
-TEST_F(SettingsTest, AbsentKeyGivesTheCallersDefault) {
-    EXPECT_EQ(Settings::Read("Config", "Alarm", ""), "");
-    EXPECT_EQ(Settings::Read("Config", "Alarm", "C:\\a.wav"), "C:\\a.wav");
-    EXPECT_EQ(Settings::Read("Options", "DefaultFontSize", 12), "12");
-    EXPECT_EQ(Settings::ReadInteger("Options", "DefaultFontSize", 12), 12);
+TEST_F(SettingsTest, AMissingValueIsTheReadersDefault) {
+    EXPECT_EQ(Settings::alarm.Read(), "");
+    EXPECT_EQ(Settings::alarm.Read("C:\\a.wav"), "C:\\a.wav");
+    EXPECT_EQ(Settings::defaultFontSize.Read(), 0);
+    EXPECT_EQ(Settings::defaultFontSize.Read(12), 12);
     EXPECT_TRUE(settings.values.empty());
 }
 
-TEST_F(SettingsTest, WrittenValueComesBackAsText) {
-    Settings::Write("Options", "DefaultColor", 3);
+TEST_F(SettingsTest, ValuesAreStoredAsText) {
+    Settings::defaultColor.Write(3);
     EXPECT_EQ(settings.Read("Options", "DefaultColor"), "3");
-    EXPECT_EQ(Settings::Read("Options", "DefaultColor", 0), "3");
-    EXPECT_EQ(Settings::ReadInteger("Options", "DefaultColor", 0), 3);
-    Settings::Write("Config", "Alarm", "C:\\a b.wav");
-    EXPECT_EQ(Settings::Read("Config", "Alarm", ""), "C:\\a b.wav");
+    EXPECT_EQ(Settings::defaultColor.Read(), 3);
+    Settings::alarm.Write("C:\\a b.wav");
+    EXPECT_EQ(settings.Read("Config", "Alarm"), "C:\\a b.wav");
+    EXPECT_EQ(Settings::alarm.Read(), "C:\\a b.wav");
 }
 
-TEST_F(SettingsTest, EmptyValueIsNoAbsentKey) {
-    Settings::Write("Config", "Alarm", "");
-    EXPECT_EQ(Settings::Read("Config", "Alarm", "default"), "");
+TEST_F(SettingsTest, AnEmptyValueIsNotMissing) {
+    Settings::alarm.Write("");
+    EXPECT_EQ(Settings::alarm.Read("default"), "");
 }
 
-TEST_F(SettingsTest, ValueThatIsNoNumberIsATypeMismatch) {
+TEST_F(SettingsTest, AValueThatIsNoNumberIsATypeMismatch) {
     settings.values[{"Options", "WindowOnTop"}] = "yes";
-    EXPECT_EQ(ErrorOf([] { Settings::ReadInteger("Options", "WindowOnTop", 0); }), 13);
+    EXPECT_EQ(ErrorOf([] { Settings::windowOnTop.Read(); }), 13);
     settings.values[{"Options", "WindowOnTop"}] = "";
-    EXPECT_EQ(ErrorOf([] { Settings::ReadInteger("Options", "WindowOnTop", 0); }), 13);
+    EXPECT_EQ(ErrorOf([] { Settings::windowOnTop.Read(); }), 13);
     settings.values[{"Options", "WindowOnTop"}] = "40000";
-    EXPECT_EQ(Settings::ReadInteger("Options", "WindowOnTop", 0), 32767);
+    EXPECT_EQ(Settings::windowOnTop.Read(), 32767);
     settings.values[{"Options", "WindowOnTop"}] = " -1e400";
-    EXPECT_EQ(Settings::ReadInteger("Options", "WindowOnTop", 0), -32768);
+    EXPECT_EQ(Settings::windowOnTop.Read(), -32768);
 }
 
-TEST_F(SettingsTest, NamesInTheStore) {
-    EXPECT_STREQ(Settings::Options::section, "Options");
-    EXPECT_STREQ(Settings::Options::defaultColor, "DefaultColor");
-    EXPECT_STREQ(Settings::Options::defaultFontSize, "DefaultFontSize");
-    EXPECT_STREQ(Settings::Options::windowOnTop, "WindowOnTop");
-    EXPECT_STREQ(Settings::Options::startCookoo, "StartCookoo");
-    EXPECT_STREQ(Settings::Options::showDateTime, "ShowDateTime");
-    EXPECT_STREQ(Settings::Options::noteLoops, "NoteLoops");
-    EXPECT_STREQ(Settings::Options::isService, "IsService");
-    EXPECT_STREQ(Settings::Config::section, "Config");
-    EXPECT_STREQ(Settings::Config::alarm, "Alarm");
-    EXPECT_STREQ(Settings::Startup::section, "Startup");
-    EXPECT_STREQ(Settings::Startup::viewTips, "View Tips");
+TEST_F(SettingsTest, EachSettingHasItsNameInTheStore) {
+    using Name = std::pair<std::string, std::string>;
+    const auto nameOf = [](const auto& setting) { return Name(setting.section, setting.key); };
+    EXPECT_EQ(nameOf(Settings::defaultColor), Name("Options", "DefaultColor"));
+    EXPECT_EQ(nameOf(Settings::defaultFontSize), Name("Options", "DefaultFontSize"));
+    EXPECT_EQ(nameOf(Settings::windowOnTop), Name("Options", "WindowOnTop"));
+    EXPECT_EQ(nameOf(Settings::startCookoo), Name("Options", "StartCookoo"));
+    EXPECT_EQ(nameOf(Settings::showDateTime), Name("Options", "ShowDateTime"));
+    EXPECT_EQ(nameOf(Settings::noteLoops), Name("Options", "NoteLoops"));
+    EXPECT_EQ(nameOf(Settings::isService), Name("Options", "IsService"));
+    EXPECT_EQ(nameOf(Settings::alarm), Name("Config", "Alarm"));
+    EXPECT_EQ(nameOf(Settings::viewTips), Name("Startup", "View Tips"));
 }
 
 }  // namespace
