@@ -14,14 +14,7 @@ class frmAlarms : public forms::Form {
     frmAlarms() : Form("frmAlarms") {}
 
     forms::Frame fraAlarms{this, "fraAlarms"};
-    std::array<forms::OptionButton, 6> optAlarm{{
-        {this, "optAlarm", 0},
-        {this, "optAlarm", 1},
-        {this, "optAlarm", 2},
-        {this, "optAlarm", 3},
-        {this, "optAlarm", 4},
-        {this, "optAlarm", 5},
-    }};
+    forms::ControlArray<forms::OptionButton, 6> optAlarm{this, "optAlarm"};
     forms::TextBox txtMyWaveFilePath{this, "txtMyWaveFilePath"};
     forms::CommonDialog cdlMain{this, "cdlMain"};
     forms::CommandButton cmdMyWaveFile{this, "cmdMyWaveFile"};

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <optional>
 #include <utility>
@@ -19,51 +18,11 @@ class frmSpecialAlarms : public forms::Form {
     forms::Label lblAlarmDay{this, "lblAlarmDay"};
     forms::Label lblAlarmTime{this, "lblAlarmTime"};
     forms::Label lblMessage{this, "lblMessage"};
-    std::array<forms::Label, 7> lblNum{{
-        {this, "lblNum"},
-        {this, "lblNum"},
-        {this, "lblNum"},
-        {this, "lblNum"},
-        {this, "lblNum"},
-        {this, "lblNum"},
-        {this, "lblNum"},
-    }};
-    std::array<forms::CheckBox, 7> chkEnabled{{
-        {this, "chkEnabled"},
-        {this, "chkEnabled"},
-        {this, "chkEnabled"},
-        {this, "chkEnabled"},
-        {this, "chkEnabled"},
-        {this, "chkEnabled"},
-        {this, "chkEnabled"},
-    }};
-    std::array<forms::ComboBox, 7> cboDays{{
-        {this, "cboDays", 0},
-        {this, "cboDays", 1},
-        {this, "cboDays", 2},
-        {this, "cboDays", 3},
-        {this, "cboDays", 4},
-        {this, "cboDays", 5},
-        {this, "cboDays", 6},
-    }};
-    std::array<forms::DateTimePicker, 7> dtpTime{{
-        {this, "dtpTime", 0},
-        {this, "dtpTime", 1},
-        {this, "dtpTime", 2},
-        {this, "dtpTime", 3},
-        {this, "dtpTime", 4},
-        {this, "dtpTime", 5},
-        {this, "dtpTime", 6},
-    }};
-    std::array<forms::TextBox, 7> txtMessage{{
-        {this, "txtMessage"},
-        {this, "txtMessage"},
-        {this, "txtMessage"},
-        {this, "txtMessage"},
-        {this, "txtMessage"},
-        {this, "txtMessage"},
-        {this, "txtMessage"},
-    }};
+    forms::ControlArray<forms::Label, 7> lblNum{this, "lblNum"};
+    forms::ControlArray<forms::CheckBox, 7> chkEnabled{this, "chkEnabled"};
+    forms::ControlArray<forms::ComboBox, 7> cboDays{this, "cboDays"};
+    forms::ControlArray<forms::DateTimePicker, 7> dtpTime{this, "dtpTime"};
+    forms::ControlArray<forms::TextBox, 7> txtMessage{this, "txtMessage"};
     forms::CommandButton cmdSave{this, "cmdSave"};
     forms::CommandButton cmdCancel{this, "cmdCancel"};
 

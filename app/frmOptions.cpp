@@ -1,5 +1,6 @@
 #include "app/frmOptions.h"
 
+#include <array>
 #include <cstddef>
 
 #include "app/Grid.h"
@@ -23,7 +24,7 @@ constexpr const char* linkToMake =
 // Selects the button with this index. A code out of range, which only a hand in the store leaves
 // there, selects none.
 template <std::size_t count>
-void SelectOption(std::array<forms::OptionButton, count>& buttons, int index) {
+void SelectOption(forms::ControlArray<forms::OptionButton, count>& buttons, int index) {
     for (forms::OptionButton& button : buttons) {
         if (button.index == index) {
             button.value = true;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 
@@ -18,29 +17,10 @@ class frmOptions : public forms::Form {
     forms::CheckBox chkIsService{this, "chkIsService"};
     forms::CheckBox chkShowOnTop{this, "chkShowOnTop"};
     forms::Frame fraFont{this, "fraFont"};
-    std::array<forms::OptionButton, 4> optDefaultFont{{
-        {this, "optDefaultFont", 0},
-        {this, "optDefaultFont", 1},
-        {this, "optDefaultFont", 2},
-        {this, "optDefaultFont", 3},
-    }};
+    forms::ControlArray<forms::OptionButton, 4> optDefaultFont{this, "optDefaultFont"};
     forms::Frame fraDefaultColor{this, "fraDefaultColor"};
-    std::array<forms::OptionButton, 6> optDefaultColor{{
-        {this, "optDefaultColor", 0},
-        {this, "optDefaultColor", 1},
-        {this, "optDefaultColor", 2},
-        {this, "optDefaultColor", 3},
-        {this, "optDefaultColor", 4},
-        {this, "optDefaultColor", 5},
-    }};
-    std::array<forms::Shape, 6> shpColor{{
-        {this, "shpColor"},
-        {this, "shpColor"},
-        {this, "shpColor"},
-        {this, "shpColor"},
-        {this, "shpColor"},
-        {this, "shpColor"},
-    }};
+    forms::ControlArray<forms::OptionButton, 6> optDefaultColor{this, "optDefaultColor"};
+    forms::ControlArray<forms::Shape, 6> shpColor{this, "shpColor"};
     forms::CommandButton cmdApply{this, "cmdApply"};
     forms::CommandButton cmdCancel{this, "cmdCancel"};
 

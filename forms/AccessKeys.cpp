@@ -10,30 +10,16 @@ namespace forms {
 
 namespace {
 
-const std::string* CaptionOf(const Control& control) {
-    switch (control.kind) {
-        case ControlKind::Label: {
-            const auto& label = static_cast<const Label&>(control);
-            return label.useMnemonic ? &label.caption() : nullptr;
-        }
-        case ControlKind::CommandButton:
-            return &static_cast<const CommandButton&>(control).caption();
-        case ControlKind::CheckBox:
-            return &static_cast<const CheckBox&>(control).caption();
-        case ControlKind::OptionButton:
-            return &static_cast<const OptionButton&>(control).caption();
-        case ControlKind::Frame:
-            return &static_cast<const Frame&>(control).caption();
-        default:
-            return nullptr;
-    }
-}
-
 char Lower(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
 
-bool HasMnemonic(const std::string& caption, char letter) {
+bool HasMnemonic(const Control& control, char letter) {
+    const auto* captioned = dynamic_cast<const Captioned*>(&control);
+    if (captioned == nullptr || !captioned->useMnemonic) {
+        return false;
+    }
+    const std::string& caption = captioned->caption;
     for (std::size_t at = 0; at + 1 < caption.size(); ++at) {
         if (caption[at] == '&') {
             if (caption[at + 1] != '&' && Lower(caption[at + 1]) == Lower(letter)) {
@@ -45,10 +31,6 @@ bool HasMnemonic(const std::string& caption, char letter) {
     return false;
 }
 
-bool CanTakeFocus(const Control& control) {
-    return control.CanHaveFocus() && gestures::CanUse(control);
-}
-
 }  // namespace
 
 std::vector<Control*> AccessKeyTargets(const Form& form, char letter) {
@@ -57,9 +39,8 @@ std::vector<Control*> AccessKeyTargets(const Form& form, char letter) {
     std::vector<Control*> targets;
     std::size_t behindFocus = 0;
     for (std::size_t at = 0; at < order.size(); ++at) {
-        const std::string* caption = CaptionOf(*order[at]);
-        if (caption != nullptr && HasMnemonic(*caption, letter) && gestures::CanUse(*order[at])) {
-            while (at < order.size() && !CanTakeFocus(*order[at])) {
+        if (HasMnemonic(*order[at], letter) && gestures::CanUse(*order[at])) {
+            while (at < order.size() && !order[at]->CanTakeFocus()) {
                 ++at;
             }
             if (at < order.size()) {

@@ -23,7 +23,7 @@ void Control::PlaceIn(Control& newContainer, int newLeft, int newTop, int newWid
 }
 
 void Control::SetFocus() {
-    if (!CanHaveFocus() || !IsEffectivelyVisible() || !IsEffectivelyEnabled()) {
+    if (!CanTakeFocus()) {
         return;
     }
     form.activeControl = this;
@@ -43,6 +43,10 @@ bool Control::HasFocus() const {
     return Runtime::Current().ActiveForm() == &form && form.ActiveControl() == this;
 }
 
+bool Control::CanTakeFocus() const {
+    return CanHaveFocus() && IsEffectivelyVisible() && IsEffectivelyEnabled();
+}
+
 bool Control::IsEffectivelyVisible() const {
     return visible && (container == nullptr || container->IsEffectivelyVisible());
 }
@@ -54,6 +58,12 @@ bool Control::IsEffectivelyEnabled() const {
 void Control::Changed(Aspect aspect) {
     if (form.IsLoaded()) {
         Runtime::Current().stage.ControlChanged(*this, aspect);
+    }
+}
+
+void Control::Raise(const ClickHandler& handler) {
+    if (handler) {
+        handler();
     }
 }
 

@@ -85,6 +85,8 @@ class Control : public Observed {
     void SetFocus();
     bool HasFocus() const;
     virtual bool CanHaveFocus() const { return false; }
+    // Whether the user can give it the focus now (the form aside).
+    bool CanTakeFocus() const;
 
     // Whether the user can see it (the form aside): visible itself and in visible containers.
     bool IsEffectivelyVisible() const;
@@ -92,6 +94,12 @@ class Control : public Observed {
     bool IsEffectivelyEnabled() const;
 
     void Changed(Aspect aspect) override;
+    // For Gestures only: the user has clicked or double-clicked the control.
+    virtual void Clicked() {}
+    virtual void DoubleClicked() {}
+
+  protected:
+    static void Raise(const ClickHandler& handler);
 };
 
 }  // namespace forms

@@ -8,16 +8,6 @@
 
 namespace forms {
 
-namespace {
-
-void Raise(const ClickHandler& handler) {
-    if (handler) {
-        handler();
-    }
-}
-
-}  // namespace
-
 void Label::Changed(Aspect aspect) {
     Control::Changed(aspect);
     if (autoSize && (aspect == Aspect::Caption || aspect == Aspect::FontSize)) {
@@ -79,10 +69,10 @@ void OptionButton::Changed(Aspect aspect) {
     if (aspect != Aspect::Value || !value()) {
         return;
     }
-    for (Control* other : form.Controls()) {
-        if (other != this && other->kind == ControlKind::OptionButton &&
-            other->container == container) {
-            static_cast<OptionButton*>(other)->value = false;
+    for (Control* control : form.Controls()) {
+        auto* other = dynamic_cast<OptionButton*>(control);
+        if (other != nullptr && other != this && other->container == container) {
+            other->value = false;
         }
     }
     Raise(Click);

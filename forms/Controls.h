@@ -1,9 +1,11 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -17,14 +19,46 @@
 // code assigns a different value.
 namespace forms {
 
-enum class Alignment { Left, Center, Right };
-
-class Label : public Control {
+// Controls of one class that share a name. Option buttons also know their place in the array.
+template <class T, std::size_t count>
+class ControlArray : public std::array<T, count> {
   public:
-    Label(Form* parent, const char* controlName)
-        : Control(parent, ControlKind::Label, controlName) {}
+    ControlArray(Form* parent, const char* arrayName)
+        : ControlArray(parent, arrayName, std::make_index_sequence<count>()) {}
+
+  private:
+    template <std::size_t... indices>
+    ControlArray(Form* parent, const char* arrayName, std::index_sequence<indices...> /*places*/)
+        : std::array<T, count>{{Element<indices>(parent, arrayName)...}} {}
+
+    template <std::size_t index>
+    static T Element(Form* parent, const char* arrayName) {
+        if constexpr (std::is_constructible_v<T, Form*, const char*, int>) {
+            return T(parent, arrayName, static_cast<int>(index));
+        } else {
+            return T(parent, arrayName);
+        }
+    }
+};
+
+// A control with a caption of its own.
+class Captioned : public Control {
+  public:
+    using Control::Control;
 
     Property<std::string> caption{*this, Aspect::Caption};
+    // An ampersand in the caption marks an access key. Off where the caption is data, such as a
+    // title, which may contain an ampersand. Set in Design only.
+    bool useMnemonic = true;
+};
+
+enum class Alignment { Left, Center, Right };
+
+class Label : public Captioned {
+  public:
+    Label(Form* parent, const char* controlName)
+        : Captioned(parent, ControlKind::Label, controlName) {}
+
     Property<int> fontSize{*this, Aspect::FontSize, 0};  // points; 0: the form's font
     Property<std::optional<Color>> foreColor{*this, Aspect::ForeColor};  // none: the system's
     // Set in Design only. Empty: the form's font. Lives as long as the label, as a literal does.
@@ -33,11 +67,10 @@ class Label : public Control {
     Alignment alignment = Alignment::Left;
     // The label takes the size of its text whenever text or font size change.
     bool autoSize = false;
-    // An ampersand marks an access key unless this is off (a title may hold one).
-    bool useMnemonic = true;
     ClickHandler Click;
 
     void Changed(Aspect aspect) override;
+    void Clicked() override { Raise(Click); }
     void SizeToText();
 };
 
@@ -75,28 +108,28 @@ class TextBox : public Control {
 
     bool CanHaveFocus() const override { return true; }
     void Changed(Aspect aspect) override;
+    void DoubleClicked() override { Raise(DoubleClick); }
     // The user has changed the content on the stage, which fetches it when somebody reads.
     void MarkTyped();
 };
 
-class CommandButton : public Control {
+class CommandButton : public Captioned {
   public:
     CommandButton(Form* parent, const char* controlName)
-        : Control(parent, ControlKind::CommandButton, controlName) {}
-    Property<std::string> caption{*this, Aspect::Caption};
+        : Captioned(parent, ControlKind::CommandButton, controlName) {}
     // Pressed by Enter (from any control but another button) and by Escape.
     Property<bool> isDefault{*this, Aspect::Default, false};
     Property<bool> isCancel{*this, Aspect::Default, false};
     ClickHandler Click;
     bool CanHaveFocus() const override { return true; }
+    void Clicked() override { Raise(Click); }
 };
 
 // Raises Click whenever the value changes, by the user or by code.
-class CheckBox : public Control {
+class CheckBox : public Captioned {
   public:
     CheckBox(Form* parent, const char* controlName)
-        : Control(parent, ControlKind::CheckBox, controlName) {}
-    Property<std::string> caption{*this, Aspect::Caption};
+        : Captioned(parent, ControlKind::CheckBox, controlName) {}
 
     // 0 unchecked, 1 checked, 2 grayed; RuntimeError 380 for any other number.
     class CheckValue : public Property<int> {
@@ -108,37 +141,36 @@ class CheckBox : public Control {
     ClickHandler Click;
     bool CanHaveFocus() const override { return true; }
     void Changed(Aspect aspect) override;
+    void Clicked() override { value = value() == 1 ? 0 : 1; }
 };
 
 // One of the buttons of a container, of which at most one is selected. Raises Click when it becomes
 // selected, by the user or by code; nothing is raised for the button that loses the selection.
-class OptionButton : public Control {
+class OptionButton : public Captioned {
   public:
     OptionButton(Form* parent, const char* controlName, int arrayIndex = 0)
-        : Control(parent, ControlKind::OptionButton, controlName), index(arrayIndex) {}
+        : Captioned(parent, ControlKind::OptionButton, controlName), index(arrayIndex) {}
     const int index;  // place in its control array
-    Property<std::string> caption{*this, Aspect::Caption};
     Property<bool> value{*this, Aspect::Value, false};
     Property<std::optional<Color>> backColor{*this, Aspect::BackColor};  // none: the system's
     ClickHandler Click;
     bool CanHaveFocus() const override { return true; }
     void Changed(Aspect aspect) override;
+    void Clicked() override { value = true; }
 };
 
-class Frame : public Control {
+class Frame : public Captioned {
   public:
     Frame(Form* parent, const char* controlName)
-        : Control(parent, ControlKind::Frame, controlName) {}
-    Property<std::string> caption{*this, Aspect::Caption};
+        : Captioned(parent, ControlKind::Frame, controlName) {}
 };
 
 // A drop-down list. Raises Click when its index changes, by the user or by code, and when the user
 // chooses the entry again that is chosen already.
 class ComboBox : public Control {
   public:
-    ComboBox(Form* parent, const char* controlName, int arrayIndex = 0)
-        : Control(parent, ControlKind::ComboBox, controlName), index(arrayIndex) {}
-    const int index;
+    ComboBox(Form* parent, const char* controlName)
+        : Control(parent, ControlKind::ComboBox, controlName) {}
     std::vector<std::string> items;                     // set in Design only
     Property<int> listIndex{*this, Aspect::Value, -1};  // -1: none
     ClickHandler Click;
@@ -147,6 +179,7 @@ class ComboBox : public Control {
     void Changed(Aspect aspect) override;
 };
 
+// Only ever hidden: no stage shows one. Raises Click when its index changes.
 class ListBox : public Control {
   public:
     ListBox(Form* parent, const char* controlName)
@@ -154,7 +187,6 @@ class ListBox : public Control {
     Property<std::vector<std::string>> items{*this, Aspect::Items};
     Property<int> listIndex{*this, Aspect::Value, -1};
     ClickHandler Click;
-    bool CanHaveFocus() const override { return true; }
     void Changed(Aspect aspect) override;
 };
 
@@ -198,6 +230,7 @@ class ListView : public Control {
     ClickHandler ItemClick;  // the user selected a row
     ClickHandler DoubleClick;
     bool CanHaveFocus() const override { return true; }
+    void DoubleClicked() override { Raise(DoubleClick); }
 
   private:
     void RowsChanged();
@@ -211,9 +244,8 @@ class ListView : public Control {
 // time of day or a time of day without a date.
 class DateTimePicker : public Control {
   public:
-    DateTimePicker(Form* parent, const char* controlName, int arrayIndex = 0)
-        : Control(parent, ControlKind::DateTimePicker, controlName), index(arrayIndex) {}
-    const int index;
+    DateTimePicker(Form* parent, const char* controlName)
+        : Control(parent, ControlKind::DateTimePicker, controlName) {}
     Property<base::DateTime> value{*this, Aspect::Value};
     Property<std::string> customFormat{*this, Aspect::Format};  // "h:mm tt"; empty: short date
     Property<bool> upDown{*this, Aspect::Format, false};

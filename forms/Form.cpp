@@ -8,19 +8,12 @@ namespace forms {
 
 namespace {
 
-bool CanTakeFocus(const Control& control) {
-    return control.CanHaveFocus() && control.IsEffectivelyVisible() &&
-           control.IsEffectivelyEnabled();
-}
-
 template <class Matches>
 CommandButton* FindButton(const std::vector<Control*>& controls, Matches matches) {
     for (Control* control : controls) {
-        if (control->kind == ControlKind::CommandButton && CanTakeFocus(*control)) {
-            auto& button = static_cast<CommandButton&>(*control);
-            if (matches(button)) {
-                return &button;
-            }
+        auto* button = dynamic_cast<CommandButton*>(control);
+        if (button != nullptr && button->CanTakeFocus() && matches(*button)) {
+            return button;
         }
     }
     return nullptr;
@@ -208,7 +201,7 @@ void Form::PopupMenu(Menu& menu) {
 }
 
 Control* Form::ActiveControl() const {
-    if (activeControl != nullptr && CanTakeFocus(*activeControl)) {
+    if (activeControl != nullptr && activeControl->CanTakeFocus()) {
         return activeControl;
     }
     std::vector<Control*> order = TabOrder();
@@ -233,7 +226,7 @@ void Form::MoveFocusOn() {
 }
 
 bool Form::IsTabStop(const Control& control) const {
-    if (!CanTakeFocus(control)) {
+    if (!control.CanTakeFocus()) {
         return false;
     }
     if (control.kind != ControlKind::OptionButton) {
@@ -242,7 +235,7 @@ bool Form::IsTabStop(const Control& control) const {
     const Control* stop = nullptr;
     for (const Control* other : TabOrder()) {
         if (other->kind != ControlKind::OptionButton || other->container != control.container ||
-            !CanTakeFocus(*other)) {
+            !other->CanTakeFocus()) {
             continue;
         }
         if (static_cast<const OptionButton*>(other)->value()) {

@@ -32,39 +32,14 @@ bool CanUse(const Control& control) {
 }
 
 void Click(Control& control) {
-    if (!CanUse(control)) {
-        return;
-    }
-    switch (control.kind) {
-        case ControlKind::CommandButton:
-            Raise(control.form, static_cast<CommandButton&>(control).Click);
-            break;
-        case ControlKind::Label:
-            Raise(control.form, static_cast<Label&>(control).Click);
-            break;
-        case ControlKind::CheckBox: {
-            auto& box = static_cast<CheckBox&>(control);
-            Raise(control.form, [&box] { box.value = box.value() == 1 ? 0 : 1; });
-            break;
-        }
-        case ControlKind::OptionButton: {
-            auto& button = static_cast<OptionButton&>(control);
-            Raise(control.form, [&button] { button.value = true; });
-            break;
-        }
-        default:
-            break;
+    if (CanUse(control)) {
+        Raise(control.form, [&control] { control.Clicked(); });
     }
 }
 
 void DoubleClick(Control& control) {
-    if (!CanUse(control)) {
-        return;
-    }
-    if (control.kind == ControlKind::TextBox) {
-        Raise(control.form, static_cast<TextBox&>(control).DoubleClick);
-    } else if (control.kind == ControlKind::ListView) {
-        Raise(control.form, static_cast<ListView&>(control).DoubleClick);
+    if (CanUse(control)) {
+        Raise(control.form, [&control] { control.DoubleClicked(); });
     }
 }
 
@@ -77,12 +52,6 @@ void ClickToolbar(Toolbar& toolbar, const std::string& key) {
             Raise(toolbar.form, [&toolbar, key] { toolbar.ButtonClick(key); });
             return;
         }
-    }
-}
-
-void Type(TextBox& textBox, const std::string& newContent) {
-    if (CanUse(textBox) && !textBox.readOnly) {
-        Raise(textBox.form, [&textBox, &newContent] { textBox.text = newContent; });
     }
 }
 
@@ -99,12 +68,6 @@ void Select(ComboBox& comboBox, int index) {
                 comboBox.Click();
             }
         });
-    }
-}
-
-void Select(ListBox& listBox, int index) {
-    if (CanUse(listBox)) {
-        Raise(listBox.form, [&listBox, index] { listBox.listIndex = index; });
     }
 }
 

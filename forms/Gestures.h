@@ -15,13 +15,11 @@ namespace forms::gestures {
 
 bool CanUse(const Control& control);
 
-void Click(Control& control);  // button, check box, option button, label, image
+void Click(Control& control);
 void DoubleClick(Control& control);
 void ClickToolbar(Toolbar& toolbar, const std::string& key);
-void Type(TextBox& textBox, const std::string& newContent);  // headless: the whole new content
-void Typed(TextBox& textBox);  // real: the content is fetched when read
+void Typed(TextBox& textBox);  // the stage is asked for the content when it is read
 void Select(ComboBox& comboBox, int index);
-void Select(ListBox& listBox, int index);
 void Select(ListView& listView, int row);
 void Pick(DateTimePicker& picker, base::DateTime value);
 void Focus(Control& control);

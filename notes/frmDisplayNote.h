@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <memory>
 #include <optional>
 
@@ -17,7 +16,7 @@ class frmDisplayNote : public forms::Form {
     frmDisplayNote() : Form("frmDisplayNote") {}
 
     forms::Label lblJotwright{this, "lblJotwright"};
-    std::array<forms::Line, 2> Line1{{{this, "Line1"}, {this, "Line1"}}};
+    forms::ControlArray<forms::Line, 2> Line1{this, "Line1"};
     forms::TextBox lblNoteText{this, "lblNoteText"};
 
     // Plays the sound one second after it was switched on, unless another alarm rings then.

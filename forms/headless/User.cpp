@@ -171,20 +171,6 @@ void User::Select(ComboBox& comboBox, const std::string& item) {
     Select(comboBox, static_cast<int>(found - comboBox.items.begin()));
 }
 
-void User::Select(ListBox& listBox, int index) {
-    const std::string what = "select item " + std::to_string(index) + " of " + NameOf(listBox);
-    if (!Reach(what, listBox)) {
-        return;
-    }
-    if (index < 0 || index >= static_cast<int>(listBox.items().size())) {
-        Fail(what, "there is no such item");
-        return;
-    }
-    if (TakeFocus(listBox)) {
-        gestures::Select(listBox, index);
-    }
-}
-
 void User::Select(ListView& listView, int row) {
     const std::string what = "select row " + std::to_string(row) + " of " + NameOf(listView);
     if (!Reach(what, listView)) {

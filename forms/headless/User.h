@@ -30,7 +30,6 @@ class User {
     void Type(TextBox& textBox, const std::string& content);
     void Select(ComboBox& comboBox, int index);
     void Select(ComboBox& comboBox, const std::string& item);
-    void Select(ListBox& listBox, int index);
     void Select(ListView& listView, int row);
     void Pick(DateTimePicker& picker, base::DateTime value);
 

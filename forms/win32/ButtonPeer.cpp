@@ -18,14 +18,6 @@ class ButtonPeer : public Peer {
         CreateNative(WC_BUTTONW, button.caption, WS_TABSTOP | BS_PUSHBUTTON | BS_MULTILINE);
     }
 
-    void Apply(Aspect aspect) override {
-        if (aspect == Aspect::Caption) {
-            SetCaption(button.caption);
-        } else {
-            Peer::Apply(aspect);
-        }
-    }
-
     void OnCommand(int code) override {
         if (code == BN_CLICKED) {
             gestures::Click(button);

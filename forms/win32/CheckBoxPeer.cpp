@@ -21,9 +21,7 @@ class CheckBoxPeer : public Peer {
     }
 
     void Apply(Aspect aspect) override {
-        if (aspect == Aspect::Caption) {
-            SetCaption(box.caption);
-        } else if (aspect == Aspect::Value) {
+        if (aspect == Aspect::Value) {
             ShowValue();
         } else {
             Peer::Apply(aspect);

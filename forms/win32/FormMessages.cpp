@@ -14,7 +14,6 @@
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Messages.h"
 #include "forms/win32/Placing.h"
-#include "forms/win32/ToolbarPeer.h"
 
 // What the system tells a form's window.
 namespace forms::win32 {
@@ -196,8 +195,11 @@ std::optional<LRESULT> FormWindow::OnLiveMessage(UINT message, WPARAM wParam, LP
 
 void FormWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
     const int id = LOWORD(wParam);
-    if (Peer* peer = PeerOf(reinterpret_cast<HWND>(lParam));
-        peer != nullptr && peer->control.kind != ControlKind::Toolbar) {
+    if (std::any_of(peers.begin(), peers.end(),
+                    [id](const auto& peer) { return peer->PressButton(id); })) {
+        return;
+    }
+    if (Peer* peer = PeerOf(reinterpret_cast<HWND>(lParam)); peer != nullptr) {
         peer->OnCommand(HIWORD(wParam));
         return;
     }
@@ -208,15 +210,6 @@ void FormWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (id == IDCANCEL) {
         gestures::PressEscape(*form);
         return;
-    }
-    for (const auto& peer : peers) {
-        if (peer->control.kind == ControlKind::Toolbar) {
-            auto& toolbar = static_cast<ToolbarPeer&>(*peer);
-            if (toolbar.HasButton(id)) {
-                toolbar.Press(id);
-                return;
-            }
-        }
     }
     if (Menu* menu = menus.Find(id); menu != nullptr) {
         gestures::Choose(*menu);

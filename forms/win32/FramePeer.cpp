@@ -48,14 +48,6 @@ class FramePeer : public SurfacePeer {
         CreateNative(WC_BUTTONW, caption.empty() ? frame.accessibleName : caption, BS_GROUPBOX);
     }
 
-    void Apply(Aspect aspect) override {
-        if (aspect == Aspect::Caption) {
-            SetCaption(frame.caption);
-        } else {
-            SurfacePeer::Apply(aspect);
-        }
-    }
-
     void Paint(HDC dc) override {
         const Selected font(dc, Font());
         RECT border = Area();

@@ -26,14 +26,6 @@ class LabelPeer : public SurfacePeer {
         CreateNative(WC_STATICW, label.caption, style);
     }
 
-    void Apply(Aspect aspect) override {
-        if (aspect == Aspect::Caption) {
-            SetCaption(label.caption);
-        } else {
-            SurfacePeer::Apply(aspect);
-        }
-    }
-
   protected:
     HFONT Font() const override {
         return fonts::Get(label.fontName, label.fontSize, label.bold, window.dpi);

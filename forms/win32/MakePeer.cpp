@@ -1,3 +1,4 @@
+#include "forms/win32/PaintedPeer.h"
 #include "forms/win32/Peers.h"
 
 namespace forms::win32 {
@@ -19,7 +20,7 @@ std::unique_ptr<Peer> MakePeer(FormWindow& window, Control& control) {
         case ControlKind::ComboBox:
             return MakeComboBoxPeer(window, static_cast<ComboBox&>(control));
         case ControlKind::ListBox:
-            return MakeListBoxPeer(window, static_cast<ListBox&>(control));
+            return std::make_unique<PaintedPeer>(window, control);
         case ControlKind::ListView:
             return MakeListViewPeer(window, static_cast<ListView&>(control));
         case ControlKind::DateTimePicker:

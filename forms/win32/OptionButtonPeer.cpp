@@ -23,9 +23,7 @@ class OptionButtonPeer : public Peer {
     }
 
     void Apply(Aspect aspect) override {
-        if (aspect == Aspect::Caption) {
-            SetCaption(button.caption);
-        } else if (aspect == Aspect::Value) {
+        if (aspect == Aspect::Value) {
             ShowValue();
             MoveTabStop();
         } else {

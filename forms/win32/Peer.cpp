@@ -49,6 +49,9 @@ void Peer::Apply(Aspect aspect) {
         return;
     }
     switch (aspect) {
+        case Aspect::Caption:
+            SetCaption(static_cast<const Captioned&>(control).caption);
+            break;
         case Aspect::Visible:
             ::ShowWindow(handle, control.IsEffectivelyVisible() ? SW_SHOWNA : SW_HIDE);
             break;

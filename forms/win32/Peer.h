@@ -38,6 +38,8 @@ class Peer {
     virtual void Restyle();
 
     virtual void OnCommand(int /*code*/) {}  // WM_COMMAND
+    // Presses the button with this command number; false if it is none of the control's.
+    virtual bool PressButton(int /*id*/) { return false; }
     virtual std::optional<LRESULT> OnNotify(NMHDR& /*header*/) { return std::nullopt; }
     // WM_CTLCOLOR messages; null leaves the colours to the form.
     virtual HBRUSH OnColor(HDC /*dc*/) { return nullptr; }

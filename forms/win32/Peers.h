@@ -15,7 +15,6 @@ std::unique_ptr<Peer> MakeCheckBoxPeer(FormWindow& window, CheckBox& box);
 std::unique_ptr<Peer> MakeOptionButtonPeer(FormWindow& window, OptionButton& button);
 std::unique_ptr<Peer> MakeFramePeer(FormWindow& window, Frame& frame);
 std::unique_ptr<Peer> MakeComboBoxPeer(FormWindow& window, ComboBox& comboBox);
-std::unique_ptr<Peer> MakeListBoxPeer(FormWindow& window, ListBox& listBox);
 std::unique_ptr<Peer> MakeListViewPeer(FormWindow& window, ListView& listView);
 std::unique_ptr<Peer> MakeDateTimePickerPeer(FormWindow& window, DateTimePicker& picker);
 std::unique_ptr<Peer> MakeImagePeer(FormWindow& window, Image& image);

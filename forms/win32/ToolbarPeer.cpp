@@ -147,9 +147,7 @@ bool ToolbarPeer::OnKey(WPARAM key) {
             return true;
         case VK_RETURN:
         case VK_SPACE:
-            if (marked < count) {
-                Press(baseId + marked);
-            }
+            PressButton(baseId + marked);
             return true;
         default:
             return false;
@@ -180,7 +178,13 @@ const Toolbar::Button& ToolbarPeer::ButtonOf(int id) const {
     return toolbar.buttons()[static_cast<std::size_t>(id - baseId)];
 }
 
-void ToolbarPeer::Press(int id) { gestures::ClickToolbar(toolbar, ButtonOf(id).key); }
+bool ToolbarPeer::PressButton(int id) {
+    if (!HasButton(id)) {
+        return false;
+    }
+    gestures::ClickToolbar(toolbar, ButtonOf(id).key);
+    return true;
+}
 
 // Not left to the tips' own TTN_GETDISPINFO: the native control answers that with the text that the
 // button has for screen readers.

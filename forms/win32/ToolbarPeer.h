@@ -24,14 +24,14 @@ class ToolbarPeer : public Peer {
     void Layout() override;
     void Restyle() override;
 
-    bool HasButton(int id) const;
-    void Press(int id);
+    bool PressButton(int id) override;
     std::optional<LRESULT> OnNotify(NMHDR& header) override;
 
   protected:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
+    bool HasButton(int id) const;
     bool OnKey(WPARAM key);
     // Marks the next button that can be used from this place on, going by step, as the one that the
     // keyboard presses.

@@ -151,17 +151,8 @@ std::string SpokenName(const forms::Form& form, const Control& control) {
     if (!control.accessibleName.empty()) {
         return control.accessibleName;
     }
-    switch (control.kind) {
-        case ControlKind::CommandButton:
-            return static_cast<const forms::CommandButton&>(control).caption;
-        case ControlKind::CheckBox:
-            return static_cast<const forms::CheckBox&>(control).caption;
-        case ControlKind::OptionButton:
-            return static_cast<const forms::OptionButton&>(control).caption;
-        case ControlKind::Frame:
-            return static_cast<const forms::Frame&>(control).caption;
-        default:
-            break;
+    if (const auto* captioned = dynamic_cast<const forms::Captioned*>(&control)) {
+        return captioned->caption;
     }
     const std::vector<Control*> order = form.TabOrder();
     const auto at = std::find(order.begin(), order.end(), &control);

@@ -146,7 +146,7 @@ TEST_F(ControlsTest, AComboBoxRaisesClickWhenItsIndexChanges) {
     EXPECT_EQ(Form().Take(), Events{"combo two"});
     user->Select(Form().cboList, "three");
     EXPECT_EQ(Form().Take(), Events{"combo three"});
-    user->Select(Form().lstList, 1);
+    Form().lstList.listIndex = 1;
     EXPECT_EQ(Form().Take(), Events{"list 1"});
 }
 

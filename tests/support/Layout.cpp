@@ -56,22 +56,17 @@ struct Facts {
 };
 
 Facts FactsOf(const Control& control) {
-    switch (control.kind) {
-        case ControlKind::Label: {
-            const auto& label = static_cast<const forms::Label&>(control);
-            return {label.caption, label.fontSize, label.bold, label.useMnemonic, label.autoSize};
-        }
-        case ControlKind::CommandButton:
-            return {static_cast<const forms::CommandButton&>(control).caption};
-        case ControlKind::CheckBox:
-            return {static_cast<const forms::CheckBox&>(control).caption};
-        case ControlKind::OptionButton:
-            return {static_cast<const forms::OptionButton&>(control).caption};
-        case ControlKind::Frame:
-            return {static_cast<const forms::Frame&>(control).caption};
-        default:
-            return {};
+    Facts facts;
+    if (const auto* captioned = dynamic_cast<const forms::Captioned*>(&control)) {
+        facts.caption = captioned->caption;
+        facts.hasMnemonic = captioned->useMnemonic;
     }
+    if (const auto* label = dynamic_cast<const forms::Label*>(&control)) {
+        facts.points = label->fontSize;
+        facts.bold = label->bold;
+        facts.isAutoSized = label->autoSize;
+    }
+    return facts;
 }
 
 std::string WithoutMnemonic(const std::string& text) {
