@@ -207,4 +207,8 @@ std::int16_t ToInteger16(double value) {
     return static_cast<std::int16_t>(rounded);
 }
 
+std::int16_t CheckedAdd(std::int16_t a, int b) {
+    return ToInteger16(static_cast<double>(a) + static_cast<double>(b));
+}
+
 }  // namespace base

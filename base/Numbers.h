@@ -31,4 +31,7 @@ std::int16_t ToInteger16(std::string_view text, const NumberFormat& format);
 // The same rounding for a value. RuntimeError 6 if it does not fit.
 std::int16_t ToInteger16(double value);
 
+// The sum. RuntimeError 6 if it does not fit into 16 bits.
+std::int16_t CheckedAdd(std::int16_t a, int b);
+
 }  // namespace base

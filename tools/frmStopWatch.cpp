@@ -94,7 +94,7 @@ void frmStopWatch::cmdStop_Click() {
 }
 
 void frmStopWatch::cmdSave_Click() {
-    SaveCount = base::ToInteger16(SaveCount + 1.0);
+    SaveCount = base::CheckedAdd(SaveCount, 1);
     forms::ListView::Row row{.key = "", .image = ilsTime.IndexOf("run"), .texts = {}};
     lvwTime.SetText(row, "run", "   #" + std::to_string(SaveCount));
     lvwTime.SetText(row, "time", lblTime.caption);

@@ -51,7 +51,7 @@ void frmTimer::ShowTimeLeft(int minutes, const std::string& rest) {
 }
 
 std::int16_t frmTimer::MinutesLeft() const {
-    return base::ToInteger16(static_cast<double>(TotalMinutes) - 1 - ElapsedMinutes);
+    return base::CheckedAdd(TotalMinutes, -1 - ElapsedMinutes);
 }
 
 void frmTimer::cmdStart_Click() {
@@ -100,7 +100,7 @@ void frmTimer::tmrMain_Timer() {
                      " Minutes\r\n" + std::to_string(60 - SecondsCount) + " Seconds");
     }
     if (SecondsCount == 60) {
-        ElapsedMinutes = base::ToInteger16(ElapsedMinutes + 1.0);
+        ElapsedMinutes = base::CheckedAdd(ElapsedMinutes, 1);
         ShowTimeLeft(MinutesLeft(), " Minutes\r\n0 Seconds.");
         SecondsCount = 0;
     }

@@ -1,13 +1,17 @@
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 #include <vector>
 
 #include "base/Numbers.h"
 #include "base/RuntimeError.h"
+#include "tests/support/ErrorOf.h"
 
 namespace base {
 namespace {
+
+using testing_support::ErrorOf;
 
 const NumberFormat american;
 const NumberFormat german{",", ".", "\xe2\x82\xac"};
@@ -185,6 +189,14 @@ TEST(Numbers, OnesThatDoNotFitOverflow) {
         EXPECT_EQ(ErrorOfInteger(text), 6) << text;
     }
     EXPECT_THROW(ToInteger16(40000.0), RuntimeError);
+}
+
+TEST(Numbers, ASumThatDoesNotFitIsAnOverflow) {
+    EXPECT_EQ(CheckedAdd(32766, 1), 32767);
+    EXPECT_EQ(CheckedAdd(-32767, -1), -32768);
+    EXPECT_EQ(ErrorOf([] { CheckedAdd(32767, 1); }), 6);
+    EXPECT_EQ(ErrorOf([] { CheckedAdd(-32768, -1); }), 6);
+    EXPECT_EQ(ErrorOf([] { CheckedAdd(1, std::numeric_limits<int>::max()); }), 6);
 }
 
 }  // namespace
