@@ -387,8 +387,10 @@ void frmNote::mnuKill_Click() {
         // Whatever became of the file, the window goes.
     }
     try {
-        Unload();
+        // If the window stays, what is typed there from now on is wanted.
+        isErasingConfirmed = Unload();
     } catch (const base::RuntimeError&) {
         // As above: erasing reports nothing.
+        isErasingConfirmed = false;
     }
 }
