@@ -103,8 +103,15 @@ bool frmNote::IsSaved() {
     return !edited.IsFileOther() && ShowsSavedRecord();
 }
 
-bool frmNote::IsUntouched() {
-    return !hasRung && NoteStore::Exists(edited.File()) && ShowsSavedRecord();
+bool frmNote::LeavesFileAlone(bool isExit) {
+    if (!NoteStore::Exists(edited.File()) || !ShowsSavedRecord()) {
+        return false;
+    }
+    if (isExit && !hasRung) {
+        return true;
+    }
+    const auto held = NoteStore::FingerprintOf(edited.File());
+    return held ? held != edited.SeenFingerprint() : !hasRung;
 }
 
 void frmNote::MarkSaved() { edited.SetSavedRecord(Record()); }
@@ -131,7 +138,7 @@ void frmNote::SaveBeforeTheEnd() {
         return;
     }
     try {
-        if (!IsUntouched()) {
+        if (!LeavesFileAlone(true)) {
             SaveFile();
         }
     } catch (const base::RuntimeError&) {
@@ -235,12 +242,7 @@ void frmNote::CloseThroughPanel(bool& cancel) {
 }
 
 void frmNote::CloseSilently(bool& cancel) {
-    // The exit changes no file that nobody touched, and a file that another program has changed is
-    // newer than an editor that nobody touched.
-    const bool isLeftAlone =
-        IsUntouched() && (StandardCode::Notes().IsQuiet() ||
-                          NoteStore::FingerprintOf(edited.File()) != edited.SeenFingerprint());
-    if (!NoteErased && !isLeftAlone && !WriteNote()) {
+    if (!NoteErased && !LeavesFileAlone(StandardCode::Notes().IsQuiet()) && !WriteNote()) {
         KeepOpen(cancel);
         return;
     }

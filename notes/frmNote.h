@@ -135,8 +135,10 @@ class frmNote : public forms::Form, public NoteEditor {
     bool ShowsSavedRecord();
     // Whether nothing that the editor shows would be lost with it.
     bool IsSaved();
-    // There is a file, and the user has changed nothing.
-    bool IsUntouched();
+    // Whether the file stays as it is if the window goes: the user has changed nothing here, and
+    // either another program has changed the file, which is newer then, or the program exits and
+    // no alarm has to be switched off in the file.
+    bool LeavesFileAlone(bool isExit);
     void SaveFile();
     void CloseThroughPanel(bool& cancel);
     void CloseSilently(bool& cancel);

@@ -177,6 +177,57 @@ TEST_F(NoteStoreTest, AnAlarmThatRangIsOffInTheFileOnceTheWindowCloses) {
     EXPECT_EQ(Saved("Dentist").AlarmState, "0");
 }
 
+TEST_F(NoteStoreTest, AnAlarmThatRangLeavesAFileThatWasChangedElsewhere) {
+    const std::map<std::string, std::function<void()>> ends{
+        {"closing", [this] { user->CloseBox(Editor("Dentist")); }},
+        {"exit",
+         [this] {
+             const NoteStore::Quiet exit(StandardCode::Notes());
+             CloseAll();
+         }},
+        {"end of the session", [] { forms::gestures::EndSession(); }},
+    };
+    for (const auto& [how, end] : ends) {
+        SCOPED_TRACE(how);
+        SetNow(2004, 5, 14, 9, 0, 0);
+        auto record = Record("Dentist", "text");
+        record.AlarmState = "1";
+        record.AlarmTime = DateTime::FromTime(9, 0, 5);
+        PutNote(record);
+        ReadAll();
+        Advance(10'000);
+        ASSERT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Set Alarm");
+        record.Text = "by another program";
+        record.AlarmTime = DateTime::FromTime(17, 0, 0);
+        PutNote(record);
+        const auto bytes = FileOf("Dentist");
+        end();
+        EXPECT_TRUE(StandardCode::Notes().OpenNotes().empty());
+        EXPECT_EQ(FileOf("Dentist"), bytes);
+        RestartProgram();
+    }
+}
+
+TEST_F(NoteStoreTest, AnAlarmThatRangIsOffInTheFileAfterExitAndEndOfSession) {
+    for (const bool isExit : {true, false}) {
+        SetNow(2004, 5, 14, 9, 0, 0);
+        auto record = Record("Dentist", "text");
+        record.AlarmState = "1";
+        record.AlarmTime = DateTime::FromTime(9, 0, 5);
+        PutNote(record);
+        ReadAll();
+        Advance(10'000);
+        if (isExit) {
+            const NoteStore::Quiet exit(StandardCode::Notes());
+            CloseAll();
+        } else {
+            forms::gestures::EndSession();
+        }
+        EXPECT_EQ(Saved("Dentist").AlarmState, "0") << isExit;
+        RestartProgram();
+    }
+}
+
 // The system's code page is UTF-8, and that of its language 1252.
 class Utf8Locale : public forms::headless::HeadlessLocale {
   public:
