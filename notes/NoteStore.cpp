@@ -305,10 +305,17 @@ void NoteStore::AdoptLeftovers() {
 }
 
 EditedNote* NoteStore::FindOpen(const std::string& file) const {
-    const auto found = std::find_if(open.begin(), open.end(), [&](const EditedNote* note) {
-        return !note->File().empty() && SafeFile::IsSameName(note->File(), file);
-    });
-    return found == open.end() ? nullptr : *found;
+    EditedNote* other = nullptr;
+    for (EditedNote* note : open) {
+        if (note->File().empty() || !SafeFile::IsSameName(note->File(), file)) {
+            continue;
+        }
+        if (!note->IsFileOther()) {
+            return note;
+        }
+        other = other == nullptr ? note : other;
+    }
+    return other;
 }
 
 // After a loading: other programs may have changed, erased or renamed files of open notes.

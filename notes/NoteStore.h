@@ -90,6 +90,8 @@ class NoteStore {
 
     // The open notes, in the order in which they were opened.
     const std::vector<EditedNote*>& OpenNotes() const { return open; }
+    // The open note that is in this file. If the files of several have this name, the first of
+    // those that show what the file holds; if there is none, the first of all.
     EditedNote* FindOpen(const std::string& file) const;
 
     // For EditedNote only.

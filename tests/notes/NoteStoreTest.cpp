@@ -484,6 +484,23 @@ TEST_F(NoteStoreTest, TheAlarmOfANoteInTheFileOfAnotherRings) {
     EXPECT_EQ(opened.last->lblNoteText.text(), "two");
 }
 
+TEST_F(NoteStoreTest, TheAlarmOfAFileWithTwoEditorsRingsInTheOneThatSavedIt) {
+    frmNote& first = MakeNote("Same", "one");
+    Start([&first] { first.WriteNote(); });
+    Start([] { StandardCode::CreateNote("Same"); });
+    auto& second = static_cast<frmNote&>(*runtime->LoadedForms().back());
+    user->Click(second.cmdAlarm);
+    Start([&second] { second.WriteNote(); });
+    EXPECT_EQ(&StandardCode::Notes().FindOpen("same.TXT")->Editor().Window(), &second);
+    const auto opened =
+        NoteAlarmsCheck::DisplayDue(base::Combine(forms::Today(), DateTime::FromTime(12, 0, 0)));
+    EXPECT_EQ(opened.last, nullptr);
+    // If neither shows what the file holds, it is the first.
+    PutNote(Record("Same", "by another program"));
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_EQ(&StandardCode::Notes().FindOpen("Same.txt")->Editor().Window(), &first);
+}
+
 TEST_F(NoteStoreTest, AnAlarmDisplayPutsANewerTextAside) {
     auto record = Record("Dentist", "old");
     record.AlarmState = "1";
