@@ -90,11 +90,6 @@ bool NoteStore::Load() {
         Shared().NotesArray[rest] = NoteRecord{};
     }
     TellOpenNotes();
-    if (failure && loaded < listing.size() && FindOpen(listing[loaded].name) != nullptr) {
-        // If the file cannot be read, its contents are unknown.
-        const std::string& file = listing[loaded].name;
-        Tell(file, FingerprintOf(file).value_or(0));
-    }
     if (!failure || *failure == base::ErrorNumber::SubscriptOutOfRange) {
         Shared().NoteCount = static_cast<std::int16_t>(slot - 1);
         StandardCode::Events().NotesArrayLoaded.Raise();
@@ -177,12 +172,15 @@ void NoteStore::Report(const base::RuntimeError& error) {
                   {}, "Error Loading Notes Array");
 }
 
-StoredNote NoteStore::Read(const forms::FileEntry& file) const {
+StoredNote NoteStore::Read(const forms::FileEntry& file) {
     const auto known = parsed.find(file.name);
-    const bool isSame = known != parsed.end() && known->second.size == file.size &&
-                        known->second.changed == file.changed;
-    return isSame ? StoredNote{file.name, known->second.record, known->second.fingerprint}
-                  : Read(file.name);
+    if (known != parsed.end() && known->second.size == file.size &&
+        known->second.changed == file.changed) {
+        return {file.name, known->second.record, known->second.fingerprint};
+    }
+    StoredNote note = Read(file.name);
+    unslotted[file.name] = {file.size, file.changed, note.fingerprint};
+    return note;
 }
 
 StoredNote NoteStore::Read(const std::string& file) {
@@ -320,6 +318,7 @@ EditedNote* NoteStore::FindOpen(const std::string& file) const {
 
 // After a loading: other programs may have changed, erased or renamed files of open notes.
 void NoteStore::TellOpenNotes() {
+    const std::map<std::string, Seen> before = std::exchange(unslotted, {});
     for (EditedNote* note : open) {
         if (note->File().empty()) {
             continue;
@@ -328,8 +327,32 @@ void NoteStore::TellOpenNotes() {
             note->FileHolds(known->second.fingerprint);
         } else if (!Exists(note->File())) {
             note->FileHolds(std::nullopt);
+        } else if (const forms::FileEntry* file = FindListed(note->File())) {
+            note->FileHolds(FingerprintOfUnslotted(*file, before));
         }
     }
+}
+
+std::uint64_t NoteStore::FingerprintOfUnslotted(const forms::FileEntry& file,
+                                                const std::map<std::string, Seen>& before) {
+    Seen& seen = unslotted[file.name];
+    const auto last = before.find(file.name);
+    const bool isUnchanged = last != before.end() && last->second.size == file.size &&
+                             last->second.changed == file.changed;
+    if (isUnchanged && last->second.fingerprint) {
+        seen = last->second;
+    } else {
+        seen = {file.size, file.changed, FingerprintOf(file.name)};
+    }
+    // If the file cannot be read, its contents are unknown.
+    return seen.fingerprint.value_or(0);
+}
+
+const forms::FileEntry* NoteStore::FindListed(const std::string& file) const {
+    const auto found = std::find_if(listing.begin(), listing.end(), [&](const auto& entry) {
+        return entry.name.size() == file.size() && SafeFile::IsSameName(entry.name, file);
+    });
+    return found == listing.end() ? nullptr : &*found;
 }
 
 void NoteStore::Tell(const std::string& file, std::optional<std::uint64_t> fingerprint,
@@ -344,9 +367,11 @@ void NoteStore::Tell(const std::string& file, std::optional<std::uint64_t> finge
 // Two savings may fall into one tick of the file system's clock: the size and the time of a file
 // that was written here prove nothing.
 void NoteStore::Forget(const std::string& file) {
-    std::erase_if(parsed, [&](const auto& entry) {
+    const auto isOfFile = [&](const auto& entry) {
         return entry.first.size() == file.size() && SafeFile::IsSameName(entry.first, file);
-    });
+    };
+    std::erase_if(parsed, isOfFile);
+    std::erase_if(unslotted, isOfFile);
 }
 
 namespace StandardCode {

@@ -457,6 +457,71 @@ TEST_F(NoteStoreTest, AFileThatCannotBeReadAnyMoreMakesItsEditorUnsaved) {
     EXPECT_EQ(InFolder().size(), 2U);
 }
 
+TEST_F(NoteStoreTest, AnEditorWhoseFileIsInNoSlotNoticesItsChange) {
+    for (const bool isFull : {true, false}) {
+        SCOPED_TRACE(isFull ? "more than 100 files" : "behind a file that fails");
+        files.PutFolder(folder);
+        for (int i = 1; isFull && i <= 100; ++i) {
+            PutAs("Note " + std::to_string(1000 + i) + ".txt", Record("Note", "text"));
+        }
+        PutAs("Zebra.txt", Record("Zebra", "stripes"));
+        Start(StandardCode::ReadNotes);
+        if (!isFull) {
+            files.PutFile(folder + "\\abad.txt",
+                          "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+        }
+        stage->improvise.box = [](const forms::BoxRequest&) { return BoxResult::Ok; };
+        const auto load = [this] { Start([] { StandardCode::LoadNotesArray(); }); };
+        const auto isRead = [this] {
+            return std::count(files.Log().begin(), files.Log().end(),
+                              "read " + folder + "\\Zebra.txt");
+        };
+        load();
+        const EditedNote& note = *StandardCode::Notes().FindOpen("Zebra.txt");
+        EXPECT_FALSE(note.IsFileOther());
+        files.ClearLog();
+        load();
+        load();
+        EXPECT_EQ(isRead(), 0);
+        PutAs("Zebra.txt", Record("Zebra", "spots"));
+        load();
+        EXPECT_TRUE(note.IsFileOther());
+        EXPECT_EQ(isRead(), 1);
+        load();
+        EXPECT_EQ(isRead(), 1);
+        Advance(2000);
+        EXPECT_EQ(files.List(folder, ".recovery").size(), 1U);
+        // Written again as it was, by a program that gives it another time.
+        PutAs("Zebra.txt", Record("Zebra", "stripes"));
+        load();
+        EXPECT_FALSE(note.IsFileOther());
+        files.Remove(folder + "\\Zebra.txt");
+        load();
+        EXPECT_TRUE(note.IsFileGone());
+        RestartProgram();
+        for (const std::string& name : InFolder()) {
+            files.Remove(folder + '\\' + name);
+        }
+    }
+}
+
+TEST_F(NoteStoreTest, AFileInNoSlotThatWasHeldIsReadWhenItIsFree) {
+    files.PutFolder(folder);
+    PutAs("Zebra.txt", Record("Zebra", "stripes"));
+    Start(StandardCode::ReadNotes);
+    files.PutFile(folder + "\\abad.txt",
+                  "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    stage->improvise.box = [](const forms::BoxRequest&) { return BoxResult::Ok; };
+    PutAs("Zebra.txt", Record("Zebra", "stripes"));
+    files.SetDenied(folder + "\\Zebra.txt", true);
+    Start([] { StandardCode::LoadNotesArray(); });
+    const EditedNote& note = *StandardCode::Notes().FindOpen("Zebra.txt");
+    EXPECT_TRUE(note.IsFileOther());
+    files.SetDenied(folder + "\\Zebra.txt", false);
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_FALSE(note.IsFileOther());
+}
+
 TEST_F(NoteStoreTest, AFolderThatIsGoneForAMomentLeavesNothingUnsaved) {
     PutNote(Record("Dentist", "text"));
     ReadAll();
