@@ -206,12 +206,16 @@ bool NoteStore::Exists(const std::string& file) {
     return !file.empty() && Files().FileExists(PathOf(file));
 }
 
-std::optional<std::uint64_t> NoteStore::FingerprintOf(const std::string& file) {
-    try {
-        return Exists(file) ? std::optional(NoteFile::Fingerprint(Files().Read(PathOf(file))))
-                            : std::nullopt;
-    } catch (const base::RuntimeError&) {
+std::optional<std::uint64_t> NoteStore::FingerprintOf(const std::string& file, bool isPatient) {
+    if (!Exists(file)) {
         return std::nullopt;
+    }
+    const auto read = [&] { return NoteFile::Fingerprint(Files().Read(PathOf(file))); };
+    try {
+        return isPatient ? Patience::Try(read) : read();
+    } catch (const base::RuntimeError&) {
+        // It may have gone meanwhile.
+        return Exists(file) ? std::optional(unknownContents) : std::nullopt;
     }
 }
 
@@ -263,7 +267,8 @@ void NoteStore::Write(const std::string& file, const NoteRecord& record,
                       NoteFile::TimeField timeField, std::optional<std::uint64_t> known) {
     const std::string bytes = NoteFile::Encode(record, timeField);
     const std::string path = PathOf(file);
-    const bool isForeign = known && Exists(file) && FingerprintOf(file) != known;
+    const auto held = known ? FingerprintOf(file) : std::nullopt;
+    const bool isForeign = held && (held == unknownContents || held != known);
     try {
         if (SafeFile::ReplaceFile(path, bytes, {.beforeRename = PuttingAside(path, isForeign)})) {
             Forget(file);
@@ -339,13 +344,14 @@ std::uint64_t NoteStore::FingerprintOfUnslotted(const forms::FileEntry& file,
     const auto last = before.find(file.name);
     const bool isUnchanged = last != before.end() && last->second.size == file.size &&
                              last->second.changed == file.changed;
-    if (isUnchanged && last->second.fingerprint) {
+    if (isUnchanged && last->second.fingerprint != unknownContents) {
         seen = last->second;
     } else {
-        seen = {file.size, file.changed, FingerprintOf(file.name)};
+        // A file that could not be read before is not waited for once more.
+        const auto fingerprint = FingerprintOf(file.name, !isUnchanged);
+        seen = {file.size, file.changed, fingerprint.value_or(unknownContents)};
     }
-    // If the file cannot be read, its contents are unknown.
-    return seen.fingerprint.value_or(0);
+    return seen.fingerprint;
 }
 
 const forms::FileEntry* NoteStore::FindListed(const std::string& file) const {

@@ -68,8 +68,12 @@ class NoteStore {
     // The note in this slot of NotesArray. RuntimeError 9 for a slot outside 1 to 100.
     StoredNote OfSlot(int slot) const;
     static bool Exists(const std::string& file);
-    // Nothing if there is no such file, or if it cannot be read.
-    static std::optional<std::uint64_t> FingerprintOf(const std::string& file);
+    // The fingerprint of a file that cannot be read: it equals no other, nor itself.
+    static constexpr std::uint64_t unknownContents = 0;
+    // Nothing if there is no such file. With patience, a file that another program holds is waited
+    // for.
+    static std::optional<std::uint64_t> FingerprintOf(const std::string& file,
+                                                      bool isPatient = true);
     // Whether a note of exactly this title is in NotesArray, or in a file that did not reach it.
     bool IsTaken(const std::string& title) const;
 
@@ -112,7 +116,7 @@ class NoteStore {
     struct Seen {
         std::uint64_t size = 0;
         std::int64_t changed = 0;
-        std::optional<std::uint64_t> fingerprint;  // none if the file could not be read
+        std::uint64_t fingerprint = 0;
     };
 
     // Returns whether all listed notes were loaded; raises the error that ended the loading.

@@ -72,8 +72,9 @@ class UnsavedNotes {
     // Whether the file holds what it held when the copy was made, so that no saved text is in
     // danger.
     static bool IsAsKnown(const RecoveredNote& recovered, const std::string& file) {
-        return !NoteStore::Exists(file) || (recovered.isWhole && recovered.base.has_value() &&
-                                            NoteStore::FingerprintOf(file) == recovered.base);
+        const auto held = NoteStore::FingerprintOf(file);
+        return !held ||
+               (recovered.isWhole && held != NoteStore::unknownContents && held == recovered.base);
     }
 
     // The note was saved after all, perhaps when an earlier start had brought it back, and the copy

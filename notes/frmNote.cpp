@@ -111,7 +111,8 @@ bool frmNote::LeavesFileAlone(bool isExit) {
         return true;
     }
     const auto held = NoteStore::FingerprintOf(edited.File());
-    return held ? held != edited.SeenFingerprint() : !hasRung;
+    // If the file cannot be read, the saving of the alarm reports why.
+    return held == NoteStore::unknownContents ? !hasRung : held != edited.SeenFingerprint();
 }
 
 void frmNote::MarkSaved() { edited.SetSavedRecord(Record()); }

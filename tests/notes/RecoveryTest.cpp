@@ -15,6 +15,13 @@ class RecoveryTest : public testing_support::NoteProgram {
   protected:
     Names FilesOfNotes() const { return files.Names("C:\\Jotwright\\Notes"); }
 
+    // The path of the only copy.
+    std::string CopyPath() {
+        const auto copies = files.List("C:\\Jotwright\\Notes", ".recovery");
+        EXPECT_EQ(copies.size(), 1U);
+        return "C:\\Jotwright\\Notes\\" + (copies.empty() ? "none" : copies.front().name);
+    }
+
     // The process dies without a word and the program is started again.
     void KillAndStartAgain() {
         RestartProgram();
@@ -242,7 +249,7 @@ TEST_F(RecoveryTest, AFullDiskIsTriedAgainWithoutAWord) {
 }
 
 TEST_F(RecoveryTest, ACopyThatCannotBeReadIsNotWrittenOver) {
-    const std::string damaged = "C:\\Jotwright\\Notes\\~Dentist.recovery";
+    const std::string damaged = "C:\\Jotwright\\Notes\\~Dentist-" + system.instanceId + ".recovery";
     files.PutFolder("C:\\Jotwright\\Notes");
     files.PutFile(damaged, "somebody may still read this");
     Start(StandardCode::ReadNotes);
@@ -281,7 +288,9 @@ TEST_F(RecoveryTest, AKillAtAnyStepOfTheCopyLosesOnlyTheLastSeconds) {
         for (const auto moment : {forms::headless::MemoryFiles::Moment::Before,
                                   forms::headless::MemoryFiles::Moment::Middle,
                                   forms::headless::MemoryFiles::Moment::After}) {
-            files.Remove("C:\\Jotwright\\Notes\\~Dentist.recovery");
+            for (const auto& copy : files.List("C:\\Jotwright\\Notes", ".recovery")) {
+                files.Remove("C:\\Jotwright\\Notes\\" + copy.name);
+            }
             RestartProgram();
             Start(StandardCode::ReadNotes);
             user->Restore(Editor("Dentist"));
@@ -358,7 +367,7 @@ TEST_F(RecoveryTest, ACopyThatCouldNotBeRemovedNeverTakesThePlaceOfASavedText) {
     user->Restore(Editor("Dentist"));
     user->Type(Editor("Dentist").txtNote, "first half");
     Advance(2000);
-    const std::string copy = "C:\\Jotwright\\Notes\\~Dentist.recovery";
+    const std::string copy = CopyPath();
     ASSERT_TRUE(files.Peek(copy).has_value());
     files.SetDenied(copy, true);
     user->Type(Editor("Dentist").txtNote, "first half, second half");
@@ -414,7 +423,8 @@ TEST_F(RecoveryTest, ACopyOfAProgramThatRunsIsLeftAlone) {
     files.SetLocked("C:\\Jotwright\\Notes\\~Jotwright-" + system.instanceId + ".lock", true);
     const std::string first = system.instanceId;
     system.instanceId = "000000000000000b";
-    const auto before = files.Peek("C:\\Jotwright\\Notes\\~Dentist.recovery");
+    const std::string copy = CopyPath();
+    const auto before = files.Peek(copy);
     RestartProgram();
     files.SetLocked("C:\\Jotwright\\Notes\\~Jotwright-" + first + ".lock", true);
     Start(StandardCode::ReadNotes);
@@ -422,7 +432,7 @@ TEST_F(RecoveryTest, ACopyOfAProgramThatRunsIsLeftAlone) {
     user->Restore(Editor("Dentist"));
     user->Type(Editor("Dentist").txtNote, "typed here");
     Advance(2000);
-    EXPECT_EQ(files.Peek("C:\\Jotwright\\Notes\\~Dentist.recovery"), before);
+    EXPECT_EQ(files.Peek(copy), before);
     EXPECT_EQ(FilesOfNotes().size(), 3U);
 }
 
@@ -432,7 +442,7 @@ TEST_F(RecoveryTest, ATornCopyComesUpBesideTheNote) {
     user->Restore(Editor("Dentist"));
     user->Type(Editor("Dentist").txtNote, "typed before the power went");
     Advance(2000);
-    const std::string copy = "C:\\Jotwright\\Notes\\~Dentist.recovery";
+    const std::string copy = CopyPath();
     std::string bytes = files.Peek(copy).value_or("");
     RestartProgram();
     const std::size_t torn = bytes.find(" before");
@@ -442,6 +452,74 @@ TEST_F(RecoveryTest, ATornCopyComesUpBesideTheNote) {
     Start(StandardCode::ReadNotes);
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "saved");
     EXPECT_TRUE(Editor("Dentist (recovered)").txtNote.text().starts_with("typed"));
+}
+
+TEST_F(RecoveryTest, ACopyAndAFileThatAreHeldForAMomentAtTheStartAreWaitedFor) {
+    PutNote(Record("Dentist", "old"));
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("Dentist"));
+    user->Type(Editor("Dentist").txtNote, "typed");
+    Advance(2000);
+    const std::string copy = CopyPath();
+    RestartProgram();
+    files.SetDenied(copy, true);
+    int pauses = 0;
+    system.onPause = [&] {
+        ++pauses;
+        if (pauses == 3) {
+            files.SetDenied(copy, false);
+            files.SetDenied(PathOf("Dentist"), true);
+        } else if (pauses == 6) {
+            files.SetDenied(PathOf("Dentist"), false);
+        }
+    };
+    Start(StandardCode::ReadNotes);
+    EXPECT_EQ(pauses, 6);
+    EXPECT_EQ(StandardCode::NoteTitles(), Names{"Dentist"});
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed");
+}
+
+// What each of two programs sees that look at the folder in the same moment.
+struct FilesBeforeTheOther : forms::headless::MemoryFiles {
+    bool FileExists(const std::string& path) override {
+        return !path.ends_with(".recovery") && MemoryFiles::FileExists(path);
+    }
+};
+
+TEST_F(RecoveryTest, TwoProgramsThatWriteACopyInTheSameMomentDoNotShareIt) {
+    FilesBeforeTheOther disk;
+    forms::Machine().files = &disk;
+    disk.PutFolder("C:\\Jotwright\\Notes");
+    for (const char* instance : {"000000000000000a", "000000000000000b"}) {
+        system.instanceId = instance;
+        StandardCode::Shared().RecoveryPaths.clear();
+        RecoveredNote note;
+        note.record = Record("Dentist", instance);
+        RecoveryCopy().Keep(note);
+    }
+    EXPECT_EQ(disk.Names("C:\\Jotwright\\Notes").size(), 2U);
+    forms::Machine().files = &files;
+}
+
+TEST_F(RecoveryTest, TwoProgramsThatTakeOverOneCopyDoNotShareIt) {
+    MakeNote("Dentist", "typed");
+    Advance(2000);
+    RestartProgram();
+    const auto found = RecoveryCopy::Find();
+    ASSERT_EQ(found.size(), 1U);
+    RecoveryCopy first;
+    first.Adopt(found[0]);
+    StandardCode::Shared().RecoveryPaths.clear();
+    system.instanceId = "000000000000000b";
+    RecoveryCopy second;
+    second.Adopt(found[0]);
+    RecoveredNote note = found[0];
+    for (auto [copy, text] : {std::pair{&first, "typed here"}, {&second, "typed there"}}) {
+        note.record.Text = text;
+        copy->Keep(note);
+        EXPECT_TRUE(copy->IsWritten());
+    }
+    EXPECT_EQ(FilesOfNotes().size(), 2U);
 }
 
 TEST_F(RecoveryTest, CopiesAreNotFlushedAndWrittenAtMostEveryTwoSeconds) {
