@@ -21,25 +21,9 @@ forms::FileSystem& Files() { return *forms::Machine().files; }
 
 std::string PathOf(const std::string& file) { return StandardCode::NotesFolder() + '\\' + file; }
 
-// Renames the file to one of its names with this ending.
-void RenameAside(const std::string& path, const std::string& ending) {
-    std::string target = path + ending;
-    for (int i = 2; Files().FileExists(target); ++i) {
-        target = path;
-        target.append(" (").append(std::to_string(i)).append(")").append(ending);
-    }
-    Patience::Try([&] { Files().Replace(path, target); });
-}
-
-void PutAside(const std::string& path, const std::string& ending) {
-    if (!Patience::Try([&] { return Files().Recycle(path); })) {
-        RenameAside(path, ending);
-    }
-}
-
 // The step of a replacement that keeps the old file if nobody here has read or written it.
 std::function<void()> PuttingAside(const std::string& path, bool isForeign) {
-    return isForeign ? [path] { PutAside(path, ".replaced"); } : std::function<void()>();
+    return isForeign ? [path] { SafeFile::PutAside(path, ".replaced"); } : std::function<void()>();
 }
 
 // Whether a file with these bytes already says what the record says.
@@ -117,7 +101,7 @@ bool NoteStore::LoadSlots(int& slot) {
                 ++slot;
                 throw;
             }
-            PutAside(PathOf(file.name), ".damaged");
+            SafeFile::PutAside(PathOf(file.name), ".damaged");
             Tell(file.name, std::nullopt);
             return false;
         }
