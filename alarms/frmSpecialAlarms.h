@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -85,6 +86,8 @@ class frmSpecialAlarms : public forms::Form {
     void ShowRows(const std::vector<SpecialAlarmsFile::Row>& rows);
     // Raises RuntimeErrors.
     void WriteSpecialAlarmsFile();
+
+    std::optional<std::string> shownFile;  // its bytes, if all of its rows could be read
 
     void Row_Change();
     void cmdSave_Click();
