@@ -141,6 +141,7 @@ void frmDisplayNote::EraseNote() {
         if (NoteStore::Exists(file)) {
             StandardCode::Notes().Erase(file);
         }
+        copy.Remove();
     });
 }
 
@@ -200,10 +201,39 @@ bool frmDisplayNote::WriteSilenced(StandardCode::NoteRecord& note) {
 }
 
 bool frmDisplayNote::Write(StandardCode::NoteRecord& note, NoteFile::TimeField timeField) {
-    return StandardCode::ReportWriteErrors([&] {
-        note.Title = base::Trim(caption());
-        StandardCode::Notes().Write(file, note, timeField, fingerprint);
-    });
+    note.Title = base::Trim(caption());
+    const auto write = [&] {
+        try {
+            StandardCode::Notes().Write(file, note, timeField, fingerprint);
+        } catch (const base::RuntimeError&) {
+            // The program may end behind the box.
+            KeepCopy(note);
+            throw;
+        }
+        copy.Remove();
+    };
+    const forms::Runtime& runtime = forms::Runtime::Current();
+    if (!runtime.IsSessionEnding() && !runtime.HasEnded()) {
+        return StandardCode::ReportWriteErrors(write);
+    }
+    // Nobody would close a box.
+    try {
+        write();
+        return true;
+    } catch (const base::RuntimeError&) {
+        return false;
+    }
+}
+
+void frmDisplayNote::KeepCopy(const StandardCode::NoteRecord& note) {
+    if (IsTextChanged()) {
+        RecoveredNote typed;
+        typed.file = file;
+        typed.base = fingerprint;
+        typed.record = note;
+        typed.record.Trailer = "yes";
+        copy.Keep(typed);
+    }
 }
 
 void frmDisplayNote::tmrSoundAlarm_Timer() {
