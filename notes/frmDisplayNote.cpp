@@ -46,6 +46,10 @@ int FontSizeOf(const StandardCode::NoteRecord& note) {
 
 }  // namespace
 
+frmDisplayNote::~frmDisplayNote() {
+    std::erase(Shared().AlarmDisplays, static_cast<const frmDisplayNote*>(this));
+}
+
 void frmDisplayNote::Design() {
     caption = "note";
     borderStyle = forms::BorderStyle::Sizable;
@@ -146,6 +150,7 @@ void frmDisplayNote::EraseNote() {
 }
 
 void frmDisplayNote::ShowNote(const StoredNote& note) {
+    Shared().AlarmDisplays.push_back(this);
     file = note.file;
     fingerprint = note.fingerprint;
     shown = note.record;
@@ -289,10 +294,10 @@ std::shared_ptr<frmDisplayNote> DisplayNote(int slot) {
 }
 
 bool IsAlarmDisplayed(const StoredNote& note) {
-    const auto& loaded = forms::Runtime::Current().LoadedForms();
-    return std::any_of(loaded.begin(), loaded.end(), [&note](const auto& form) {
-        const auto* display = dynamic_cast<const frmDisplayNote*>(form.get());
-        return display != nullptr && display->ShowsAlarmOf(note);
+    const auto& displays = Shared().AlarmDisplays;
+    // A closed display may live on while a handler knows it.
+    return std::any_of(displays.begin(), displays.end(), [&note](const frmDisplayNote* display) {
+        return display->IsLoaded() && display->ShowsAlarmOf(note);
     });
 }
 

@@ -16,6 +16,9 @@
 class frmDisplayNote : public forms::Form {
   public:
     frmDisplayNote() : Form("frmDisplayNote") {}
+    ~frmDisplayNote() override;
+    frmDisplayNote(const frmDisplayNote&) = delete;
+    frmDisplayNote& operator=(const frmDisplayNote&) = delete;
 
     forms::Label lblJotwright{this, "lblJotwright"};
     std::array<forms::Line, 2> Line1{{{this, "Line1"}, {this, "Line1"}}};
@@ -36,7 +39,8 @@ class frmDisplayNote : public forms::Form {
     void Form_Unload(bool& cancel) override;
     void Form_MouseUp(int button, int x, int y) override;
 
-    // Shows the note's text; a text that differs from it when the window closes was typed here.
+    // Shows the note's text; a text that differs from it when the window closes was typed here. To
+    // be called once.
     void ShowNote(const StoredNote& note);
     // Of the note; empty for the default instance.
     const std::string& File() const { return file; }
