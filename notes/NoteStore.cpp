@@ -210,10 +210,15 @@ bool NoteStore::IsTaken(const std::string& title) const {
         }
     }
     const std::string file = FileNameFor(title);
+    if (!Exists(file)) {
+        return false;
+    }
+    const std::string onDisk = Files().NameOnDisk(PathOf(file));
     const auto loadedEnd = listing.begin() + static_cast<std::ptrdiff_t>(loaded);
-    return Exists(file) && Files().NameOnDisk(PathOf(file)) == file &&
+    // The letters of the title decide, not those of the extension.
+    return onDisk.size() == file.size() && onDisk.starts_with(title) &&
            std::none_of(listing.begin(), loadedEnd,
-                        [&file](const forms::FileEntry& entry) { return entry.name == file; });
+                        [&](const forms::FileEntry& entry) { return entry.name == onDisk; });
 }
 
 void NoteStore::Save(EditedNote& note, const NoteRecord& record) {

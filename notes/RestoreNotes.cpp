@@ -34,6 +34,9 @@ void RestoreFiles() {
 class UnsavedNotes {
   public:
     void BringBack(const RecoveredNote& recovered) {
+        // First: without its icon the alarm could not be shown, and the copy would lose it.
+        const forms::Picture alarmIcon =
+            recovered.record.AlarmState == "1" ? frmNote::AlarmIcon() : forms::Picture{};
         frmNote* editor = recovered.file.empty() ? NewEditor(recovered) : EditorOf(recovered);
         if (editor == nullptr && IsInAFile(recovered.record)) {
             SafeFile::DeleteIfPossible(recovered.path);
@@ -42,7 +45,7 @@ class UnsavedNotes {
         if (editor == nullptr) {
             editor = EditorBeside(recovered);
         }
-        editor->TakeRecovered(Titled(recovered, editor->caption));
+        editor->TakeRecovered(Titled(recovered, editor->caption), alarmIcon);
         filled.insert(editor);
     }
 
@@ -83,10 +86,21 @@ class UnsavedNotes {
         const auto& open = Notes().OpenNotes();
         return std::any_of(open.begin(), open.end(), [&recovered](const EditedNote* note) {
             NoteRecord saved = note->SavedRecord();
-            const bool isOfThisTitle = saved.Title.starts_with(recovered.Title);
+            const bool isOfThisTitle = saved.Title == recovered.Title ||
+                                       saved.Title.starts_with(TitleBeside(recovered.Title, ""));
             saved.Title = recovered.Title;
             return isOfThisTitle && !note->File().empty() && saved == recovered;
         });
+    }
+
+    // "<title> (recovered" and the ending. A title loses its last characters if its file's name
+    // would be too long with the addition.
+    static std::string TitleBeside(const std::string& title, const std::string& ending) {
+        const std::string addition = " (recovered";
+        constexpr std::size_t longestEnding = 6;  // " 9999)"
+        const std::size_t most = SafeFile::LongestName(NotesFolder()) -
+                                 NoteStore::FileNameFor(addition).size() - longestEnding;
+        return SafeFile::Shortened(title, most) + addition + ending;
     }
 
     static frmNote* OpenFile(const std::string& file) {
@@ -99,9 +113,9 @@ class UnsavedNotes {
 
     static frmNote* EditorBeside(const RecoveredNote& recovered) {
         const std::string& title = recovered.record.Title;
-        std::string free = title + " (recovered)";
+        std::string free = TitleBeside(title, ")");
         for (int i = 2; IsInUse(free); ++i) {
-            free = title + " (recovered " + std::to_string(i) + ')';
+            free = TitleBeside(title, ' ' + std::to_string(i) + ')');
         }
         return Shown(OpenNewEditor(free));
     }

@@ -164,9 +164,9 @@ void frmNote::KeepRecoveryCopy(RecoveryCopy::When when) {
     }
 }
 
-void frmNote::TakeRecovered(const RecoveredNote& recovered) {
+void frmNote::TakeRecovered(const RecoveredNote& recovered, const forms::Picture& alarmIcon) {
     edited.Adopt(recovered);
-    const StandardCode::NoteRecord& record = recovered.record;
+    StandardCode::NoteRecord record = recovered.record;
     if (record == Record()) {
         edited.RemoveCopy();
         return;
@@ -186,7 +186,7 @@ void frmNote::TakeRecovered(const RecoveredNote& recovered) {
     if (IsAlarmSet() && record.AlarmState != "1") {
         ClearAlarm();
     } else if (record.AlarmState == "1") {
-        PresentAlarm(AlarmIcon());
+        PresentAlarm(alarmIcon);
     }
     // From now on the copy is this program's.
     KeepRecoveryCopy(RecoveryCopy::When::Now);

@@ -109,9 +109,9 @@ class frmNote : public forms::Form, public NoteEditor {
 
     // There is nothing to save in the editor as it stands.
     void MarkSaved();
-    // Shows the unsaved note of a program that was killed, and brings the editor up. RuntimeError
-    // 53 if an icon is missing; text, colour and size are shown then.
-    void TakeRecovered(const RecoveredNote& recovered);
+    // Shows the unsaved note of a program that was killed, and brings the editor up. The icon is
+    // needed if the note's alarm is set, see AlarmIcon().
+    void TakeRecovered(const RecoveredNote& recovered, const forms::Picture& alarmIcon);
 
     // Only ever deleted: the window adds no icon of its own.
     forms::TrayRecord TrayIconRecord;

@@ -345,6 +345,24 @@ TEST_F(NoteStoreTest, ATitleOfAFileBeyondADamagedOneIsTaken) {
     EXPECT_FALSE(StandardCode::Notes().IsTaken("What?"));
 }
 
+TEST_F(NoteStoreTest, TheLettersOfTheExtensionDoNotFreeATitle) {
+    files.PutFolder(folder);
+    files.PutFile(folder + "\\abad.txt",
+                  "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    PutAs("Zebra.TXT", Record("Zebra", "stripes"));
+    stage->ExpectBox("Error Number: 13) - Type mismatch", "Error Loading Notes Array",
+                     forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_TRUE(StandardCode::Notes().IsTaken("Zebra"));
+    EXPECT_FALSE(StandardCode::Notes().IsTaken("zebra"));
+    EXPECT_FALSE(StandardCode::Notes().IsTaken("Zebra "));
+    // Once it is in a slot, the title of the note decides.
+    files.Remove(folder + "\\abad.txt");
+    PutAs("Zebra.TXT", Record("Horse", "stripes"));
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_FALSE(StandardCode::Notes().IsTaken("Zebra"));
+}
+
 TEST_F(NoteStoreTest, TitlesInAnySlotAreTakenExactly) {
     for (const int slot : {1, 50, 100}) {
         Shared().NotesArray[slot].Title = "Shopping";

@@ -479,6 +479,73 @@ TEST_F(RecoveryTest, ACopyAndAFileThatAreHeldForAMomentAtTheStartAreWaitedFor) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed");
 }
 
+TEST_F(RecoveryTest, ACopyIsNotDroppedForANoteWhoseTitleBeginsAlike) {
+    PutNote(Record("ABC", "typed"));
+    PutNote(Record("A", "old"));
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("A"));
+    user->Type(Editor("A").txtNote, "typed");
+    Advance(2000);
+    RestartProgram();
+    PutNote(Record("A", "by another machine"));
+    Start(StandardCode::ReadNotes);
+    EXPECT_EQ(Editor("A (recovered)").txtNote.text(), "typed");
+    // One that was saved under such a title is.
+    user->CloseBox(Editor("A (recovered)"));
+    ASSERT_EQ(Saved("A (recovered)").Text, "typed");
+    RecoveredNote again;
+    again.file = "A.txt";
+    again.base = 1;
+    again.record = Record("A", "typed");
+    RecoveryCopy().Keep(again);
+    KillAndStartAgain();
+    EXPECT_EQ(StandardCode::NoteTitles(), (Names{"A (recovered)", "A", "ABC"}));
+    EXPECT_EQ(FilesOfNotes().size(), 3U);
+}
+
+TEST_F(RecoveryTest, AMissingAlarmIconDoesNotCostTheAlarmOfACopy) {
+    PutNote(Record("Dentist", "text"));
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("Dentist"));
+    user->Pick(Editor("Dentist").dtTime, base::DateTime::FromTime(17, 0, 0));
+    user->Click(Editor("Dentist").cmdAlarm);
+    Advance(2000);
+    const std::string icon = "C:\\Jotwright\\alarmon.ico";
+    const std::string picture = files.Peek(icon).value_or("");
+    files.Remove(icon);
+    RestartProgram();
+    stage->ExpectBox("File not found", "Error Loading File", forms::BoxIcon::None,
+                     forms::BoxButtons::Ok, BoxResult::Ok);
+    Start(StandardCode::ReadNotes);
+    Advance(3000);
+    EXPECT_EQ(StandardCode::NoteTitles(), Names{"Dentist"});
+    files.PutFile(icon, picture);
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Turn Off Alarm");
+    EXPECT_EQ(Editor("Dentist").lblClock.caption(), "5:00:00 PM");
+}
+
+TEST_F(RecoveryTest, ARecoveredNoteWithALongTitleCanBeSaved) {
+    // With its folder and extension, as long as a path may be.
+    const std::string title(259 - std::string("C:\\Jotwright\\Notes\\.txt").size(), 'x');
+    PutNote(Record(title, "old"));
+    Start(StandardCode::ReadNotes);
+    for (const char* text : {"first", "second"}) {
+        user->Restore(Editor(title));
+        user->Type(Editor(title).txtNote, text);
+        Advance(2000);
+        RestartProgram();
+        PutNote(Record(title, std::string("newer than the ") + text));
+        Start(StandardCode::ReadNotes);
+        ASSERT_EQ(StandardCode::NoteTitles().size(), *text == 'f' ? 2U : 3U);
+        const std::string beside =
+            title.substr(0, 219) + (*text == 'f' ? " (recovered)" : " (recovered 2)");
+        EXPECT_EQ(Editor(beside).txtNote.text(), text);
+        user->CloseBox(Editor(beside));
+        EXPECT_EQ(Saved(beside).Text, text);
+    }
+}
+
 // What each of two programs sees that look at the folder in the same moment.
 struct FilesBeforeTheOther : forms::headless::MemoryFiles {
     bool FileExists(const std::string& path) override {
