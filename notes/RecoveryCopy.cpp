@@ -16,6 +16,7 @@ namespace {
 
 constexpr const char* extension = ".recovery";
 constexpr std::string_view header = "Jotwright recovery copy 2\r\n";
+constexpr std::string_view earlierHeader = "Jotwright recovery copy\r\n";
 constexpr std::string_view lineEnd = "\r\n";
 constexpr std::int64_t pauseBetweenCopies = 2000;  // milliseconds
 // Bytes of a title that the name of a copy shows: together with the rest, any file system takes it.
@@ -123,7 +124,25 @@ struct Decoded {
     std::string instanceId;
 };
 
+// A copy of an earlier version has title and text, and nothing of the note's file.
+std::optional<Decoded> DecodeEarlier(std::string_view contents) {
+    CopyReader reader(contents);
+    const auto title = reader.Text();
+    if (!title) {
+        return std::nullopt;
+    }
+    Decoded decoded;
+    decoded.note.isTextOnly = true;
+    decoded.note.record.Title = *title;
+    decoded.note.record.Text =
+        RecordText::WithoutZeros(base::ToValidUtf8(std::string(reader.Rest())));
+    return decoded;
+}
+
 std::optional<Decoded> Decode(const std::string& bytes) {
+    if (bytes.starts_with(earlierHeader)) {
+        return DecodeEarlier(std::string_view(bytes).substr(earlierHeader.size()));
+    }
     if (!bytes.starts_with(header)) {
         return std::nullopt;
     }

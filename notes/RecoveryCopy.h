@@ -16,6 +16,8 @@ struct RecoveredNote {
     std::optional<std::uint64_t> base;
     StandardCode::NoteRecord record;
     bool isWhole = true;  // false: the machine stopped while the copy was written
+    // The copy is one of an earlier version, which kept no other fields than title and text.
+    bool isTextOnly = false;
 };
 
 // The recovery copy of one editor, a file beside the notes in case the program is killed. Nothing

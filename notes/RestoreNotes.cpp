@@ -38,7 +38,7 @@ class UnsavedNotes {
         const forms::Picture alarmIcon =
             recovered.record.AlarmState == "1" ? frmNote::AlarmIcon() : forms::Picture{};
         frmNote* editor = recovered.file.empty() ? NewEditor(recovered) : EditorOf(recovered);
-        if (editor == nullptr && IsInAFile(recovered.record)) {
+        if (editor == nullptr && IsInAFile(recovered)) {
             SafeFile::DeleteIfPossible(recovered.path);
             return;
         }
@@ -82,14 +82,17 @@ class UnsavedNotes {
 
     // The note was saved after all, perhaps when an earlier start had brought it back, and the copy
     // could not be removed.
-    static bool IsInAFile(const NoteRecord& recovered) {
+    static bool IsInAFile(const RecoveredNote& recovered) {
         const auto& open = Notes().OpenNotes();
-        return std::any_of(open.begin(), open.end(), [&recovered](const EditedNote* note) {
+        return std::any_of(open.begin(), open.end(), [&](const EditedNote* note) {
             NoteRecord saved = note->SavedRecord();
-            const bool isOfThisTitle = saved.Title == recovered.Title ||
-                                       saved.Title.starts_with(TitleBeside(recovered.Title, ""));
-            saved.Title = recovered.Title;
-            return isOfThisTitle && !note->File().empty() && saved == recovered;
+            const std::string& title = recovered.record.Title;
+            const bool isOfThisTitle =
+                saved.Title == title || saved.Title.starts_with(TitleBeside(title, ""));
+            saved.Title = title;
+            return isOfThisTitle && !note->File().empty() &&
+                   (recovered.isTextOnly ? saved.Text == recovered.record.Text
+                                         : saved == recovered.record);
         });
     }
 

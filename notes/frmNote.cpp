@@ -167,6 +167,10 @@ void frmNote::KeepRecoveryCopy(RecoveryCopy::When when) {
 void frmNote::TakeRecovered(const RecoveredNote& recovered, const forms::Picture& alarmIcon) {
     edited.Adopt(recovered);
     StandardCode::NoteRecord record = recovered.record;
+    if (recovered.isTextOnly) {
+        record = Record();
+        record.Text = recovered.record.Text;
+    }
     if (record == Record()) {
         edited.RemoveCopy();
         return;

@@ -546,6 +546,36 @@ TEST_F(RecoveryTest, ARecoveredNoteWithALongTitleCanBeSaved) {
     }
 }
 
+TEST_F(RecoveryTest, ACopyOfAnEarlierVersionComesUpBesideTheNote) {
+    auto record = Record("Dentist", "saved");
+    record.ColorIndex = 3;
+    PutNote(record);
+    const auto put = [this](const std::string& title, const std::string& text) {
+        files.PutFile("C:\\Jotwright\\Notes\\~" + title + ".recovery",
+                      "Jotwright recovery copy\r\n" + std::to_string(title.size()) + "\r\n" +
+                          title + "\r\n" + text);
+    };
+    put("Dentist", "typed \"quoted\",\r\nlines \xc3\xa4");
+    put("New", "never saved");
+    PutNote(Record("Same", "saved after all"));
+    put("Same", "saved after all");
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "saved");
+    frmNote& beside = Editor("Dentist (recovered)");
+    EXPECT_EQ(beside.txtNote.text(), "typed \"quoted\",\r\nlines \xc3\xa4");
+    EXPECT_EQ(beside.windowState(), forms::WindowState::Normal);
+    EXPECT_EQ(beside.dtDate.value(), base::DateTime::FromDate(2004, 5, 14));
+    EXPECT_EQ(beside.dtTime.value(), base::DateTime::FromTime(12, 0, 0));
+    EXPECT_EQ(Editor("New").txtNote.text(), "never saved");
+    EXPECT_EQ(StandardCode::NoteTitles().size(), 4U);
+    // Both are unsaved, and outlive another kill.
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("New").txtNote.text(), "never saved");
+    user->CloseBox(Editor("Dentist (recovered)"));
+    EXPECT_EQ(Saved("Dentist (recovered)").Text, "typed \"quoted\",\r\nlines \xc3\xa4");
+    EXPECT_EQ(Saved("Dentist").Text, "saved");
+}
+
 // What each of two programs sees that look at the folder in the same moment.
 struct FilesBeforeTheOther : forms::headless::MemoryFiles {
     bool FileExists(const std::string& path) override {
