@@ -1,9 +1,10 @@
 #include "alarms/SpecialAlarmsFile.h"
 
-#include <optional>
 #include <utility>
 
+#include "app/Patience.h"
 #include "app/RecordText.h"
+#include "app/SafeFile.h"
 #include "app/StandardCode.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -74,6 +75,31 @@ void Decode(const std::string& bytes, std::vector<Row>& rows) {
     }
 }
 
+std::optional<std::string> Read() {
+    forms::FileSystem& disk = *forms::Machine().files;
+    return Patience::Try(
+        [&] { return disk.FileExists(Path()) ? std::optional(disk.Read(Path())) : std::nullopt; });
+}
+
+void Write(const std::array<Row, rowCount>& rows, const std::optional<std::string>& known) {
+    forms::FileSystem& disk = *forms::Machine().files;
+    if (!disk.FolderExists(Folder())) {
+        disk.MakeFolder(Folder());
+    }
+    SafeFile::ReplaceOptions options;
+    try {
+        const auto held = Read();
+        options.isKnownToDiffer = held && held != Encode(rows);
+        if (held && held != known) {
+            options.beforeRename = [] { SafeFile::PutAside(Path(), ".replaced"); };
+        }
+    } catch (const base::RuntimeError&) {
+        // The putting aside finds out what is wrong.
+        options.beforeRename = [] { SafeFile::PutAside(Path(), ".replaced"); };
+    }
+    SafeFile::ReplaceFile(Path(), Encode(rows), options);
+}
+
 bool IsDue(const Row& row, base::DateTime now) {
     return row.Enabled == 1 && row.Day == forms::Machine().locale->WeekdayName(now) &&
            row.Time == now.TimeOnly();
@@ -106,10 +132,9 @@ namespace StandardCode {
 void LoadSpecialAlarms() {
     std::vector<SpecialAlarmsFile::Row> rows;
     try {
-        if (!forms::Machine().files->FileExists(SpecialAlarmsFile::Path())) {
-            return;
+        if (const auto bytes = SpecialAlarmsFile::Read()) {
+            SpecialAlarmsFile::Decode(*bytes, rows);
         }
-        SpecialAlarmsFile::Decode(forms::Machine().files->Read(SpecialAlarmsFile::Path()), rows);
     } catch (const base::RuntimeError&) {
         // What could be read still counts.
     }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -36,6 +37,14 @@ std::string Encode(const std::array<Row, rowCount>& rows);
 // message without line breaks is read back as it was written, whatever quotes it holds. If more
 // rows are found with messages that end at their first quote, the file is read in that way.
 void Decode(const std::string& bytes, std::vector<Row>& rows);
+
+// The bytes of the file; nothing if there is none. A file that another program holds is tried again
+// for a moment, see Patience. RuntimeErrors are those of forms::FileSystem.
+std::optional<std::string> Read();
+// Replaces the file whole, and makes the folder if it is missing. A file that does not hold the
+// known bytes, or cannot be read, goes to the Recycle Bin first, or gets ".replaced" behind its
+// name. On a RuntimeError nothing has replaced the file.
+void Write(const std::array<Row, rowCount>& rows, const std::optional<std::string>& known);
 
 // At this second of the week. A row whose time has a date is never due.
 bool IsDue(const Row& row, base::DateTime now);

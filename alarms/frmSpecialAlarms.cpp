@@ -5,9 +5,7 @@
 #include <vector>
 
 #include "app/Grid.h"
-#include "app/SafeFile.h"
 #include "base/RuntimeError.h"
-#include "forms/Devices.h"
 #include "forms/MsgBox.h"
 #include "forms/Services.h"
 
@@ -157,13 +155,15 @@ SpecialAlarmsFile::Row frmSpecialAlarms::RowOf(std::size_t row) const {
 }
 
 void frmSpecialAlarms::ReadSpecialAlarmsFile() {
-    forms::FileSystem& disk = *forms::Machine().files;
-    if (!disk.FileExists(SpecialAlarmsFile::Path())) {
-        return;
-    }
     std::vector<SpecialAlarmsFile::Row> rows;
+    shownFile.reset();
     try {
-        SpecialAlarmsFile::Decode(disk.Read(SpecialAlarmsFile::Path()), rows);
+        const auto bytes = SpecialAlarmsFile::Read();
+        if (!bytes) {
+            return;
+        }
+        SpecialAlarmsFile::Decode(*bytes, rows);
+        shownFile = bytes;
     } catch (const base::RuntimeError& error) {
         ReportError(error,
                     "The special alarms that could not be read are shown as they were when they "
@@ -197,11 +197,7 @@ void frmSpecialAlarms::WriteSpecialAlarmsFile() {
     for (std::size_t i = 0; i < rowCount; ++i) {
         rows[i] = RowOf(i);
     }
-    forms::FileSystem& disk = *forms::Machine().files;
-    if (!disk.FolderExists(SpecialAlarmsFile::Folder())) {
-        disk.MakeFolder(SpecialAlarmsFile::Folder());
-    }
-    SafeFile::ReplaceFile(SpecialAlarmsFile::Path(), SpecialAlarmsFile::Encode(rows));
+    SpecialAlarmsFile::Write(rows, shownFile);
     // The clock goes by what was saved, also where it cannot be read back.
     SpecialAlarmsFile::StoreSharedRows(rows);
     ReadSpecialAlarmsFile();

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -44,6 +45,8 @@ class frmSpecialAlarms : public forms::Form {
     void ShowRows(const std::vector<SpecialAlarmsFile::Row>& rows);
     // Raises RuntimeErrors.
     void WriteSpecialAlarmsFile();
+
+    std::optional<std::string> shownFile;  // its bytes, if all of its rows could be read
 
     void Row_Change();
     void cmdSave_Click();

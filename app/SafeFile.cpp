@@ -1,11 +1,13 @@
 #include "app/SafeFile.h"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "app/Patience.h"
 #include "app/StandardCode.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 
 namespace SafeFile {
 
@@ -58,6 +60,17 @@ std::string WriteTemporary(const std::string& folder, const std::string& bytes,
     }
 }
 
+// The path with the ending behind the file's name.
+std::string PathAside(const std::string& path, const std::string& ending) {
+    const std::size_t nameStart = path.find_last_of('\\') + 1;
+    const std::string name = path.substr(nameStart);
+    const std::string folder = path.substr(0, nameStart - 1);
+    // A name that was longer already may stay as long as it is.
+    const std::size_t most = std::max(LongestName(folder), base::Utf16Length(name));
+    return folder + '\\' + Shortened(name, most - std::min(most, base::Utf16Length(ending))) +
+           ending;
+}
+
 bool IsAll(const std::string& text, bool (*isRight)(char)) {
     return !text.empty() && std::all_of(text.begin(), text.end(), isRight);
 }
@@ -106,6 +119,37 @@ bool ReplaceFile(const std::string& path, const std::string& bytes, const Replac
         throw;
     }
     return true;
+}
+
+void PutAside(const std::string& path, const std::string& ending) {
+    if (Patience::Try([&] { return Files().Recycle(path); })) {
+        return;
+    }
+    std::string target = PathAside(path, ending);
+    for (int i = 2; Files().FileExists(target); ++i) {
+        target = PathAside(path, " (" + std::to_string(i) + ')' + ending);
+    }
+    Patience::Try([&] { Files().Replace(path, target); });
+}
+
+std::size_t LongestName(const std::string& folder) {
+    constexpr std::size_t ofName = 255;
+    constexpr std::size_t ofPath = 259;
+    // In a folder so deep, other programs have no use for any path.
+    constexpr std::size_t least = 100;
+    const std::size_t used = base::Utf16Length(folder) + 1;
+    return std::clamp(ofPath - std::min(ofPath, used), least, ofName);
+}
+
+std::string Shortened(const std::string& text, std::size_t units) {
+    std::size_t end = 0;
+    for (std::size_t next = 0, used = 0; next < text.size(); end = next) {
+        used += base::NextCharacter(text, next) > 0xffff ? 2 : 1;
+        if (used > units) {
+            break;
+        }
+    }
+    return text.substr(0, end);
 }
 
 bool IsSameName(const std::string& a, const std::string& b) {

@@ -28,6 +28,17 @@ struct ReplaceOptions {
 bool ReplaceFile(const std::string& path, const std::string& bytes,
                  const ReplaceOptions& options = {});
 
+// Moves the file to the Recycle Bin. If there is none, the file gets the ending behind its name,
+// which is shortened if the new name would be too long, and a number if that name is in use. A file
+// that another program holds is tried again, see Patience. Raises RuntimeErrors.
+void PutAside(const std::string& path, const std::string& ending);
+
+// The most UTF-16 units of a name, such that a file of this name in the folder has a path that
+// every program takes.
+std::size_t LongestName(const std::string& folder);
+// The beginning of the text, of at most so many UTF-16 units.
+std::string Shortened(const std::string& text, std::size_t units);
+
 // Whether both paths or names are of one file, as the file system compares them.
 bool IsSameName(const std::string& a, const std::string& b);
 

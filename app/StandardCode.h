@@ -16,6 +16,7 @@
 // of this module that needs a window is declared, in this namespace, by the file of its own
 // subject.
 class NoteStore;
+class frmDisplayNote;
 
 namespace StandardCode {
 
@@ -57,9 +58,10 @@ struct RetryTime {
 struct SharedValues {
     NotesTable NotesArray;
     std::int16_t NoteCount = 0;
-    std::shared_ptr<NoteStore> Store;        // made by Notes()
-    std::weak_ptr<forms::Form> CurrentNote;  // the editor that OpenNote opened last
-    std::set<std::string> RecoveryPaths;     // of the copies of open editors, in capitals
+    std::shared_ptr<NoteStore> Store;                  // made by Notes()
+    std::weak_ptr<forms::Form> CurrentNote;            // the editor that OpenNote opened last
+    std::vector<const frmDisplayNote*> AlarmDisplays;  // those that show a note
+    std::set<std::string> RecoveryPaths;               // of the copies of open editors, in capitals
 
     // By folder: tells other programs that this one works there, see SafeFile.
     std::map<std::string, std::unique_ptr<forms::FileLock>> FolderLocks;

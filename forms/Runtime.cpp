@@ -57,7 +57,7 @@ void Runtime::Dispatch(Form* form, const std::function<void()>& handler) {
     }
     const std::shared_ptr<Form> pin = form != nullptr ? form->shared_from_this() : nullptr;
     if (busyCount == 0) {
-        action = {++actions, true};
+        BeginUsersAction();
     }
     ++depth;
     ++busyCount;

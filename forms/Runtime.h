@@ -50,6 +50,9 @@ class Runtime {
         bool isUsers = false;  // a gesture, not a round of ticks
     };
     Action CurrentAction() const { return action; }
+    // What the handler that runs does from here on is a new action of the user, who started the
+    // program.
+    void BeginUsersAction() { action = {++actions, true}; }
 
     // Called when the program ends because of an error that nobody trapped, before the forms go.
     // What it throws is ignored.

@@ -51,6 +51,8 @@ void frmSplash::tmrSplash_Timer() {
         ++TickCount;
         return;
     }
+    // The user waits for the notes: files that other programs hold are worth the longer wait.
+    forms::Runtime::Current().BeginUsersAction();
     Default<frmMain>().Show();
     Default<frmNote>().Load();
     Default<frmDisplayNote>().Load();

@@ -59,8 +59,9 @@ void EditedNote::KeepCopy(const StandardCode::NoteRecord& shown, RecoveryCopy::W
     }
     RecoveredNote state;
     state.file = file;
+    // A copy must not keep the window waiting.
     state.base =
-        file.empty() ? NoteStore::FingerprintOf(NoteStore::FileNameFor(title)) : fingerprint;
+        file.empty() ? NoteStore::FingerprintOf(NoteStore::FileNameFor(title), false) : fingerprint;
     state.record = shown;
     copy.Keep(state);
     keepsCopy = false;
@@ -75,7 +76,8 @@ void EditedNote::Adopt(const RecoveredNote& recovered) { copy.Adopt(recovered); 
 
 void EditedNote::FileHolds(std::optional<std::uint64_t> newFingerprint) {
     isFileGone = !newFingerprint.has_value();
-    isFileOther = !isFileGone && newFingerprint != fingerprint;
+    isFileOther = !isFileGone &&
+                  (newFingerprint == NoteStore::unknownContents || newFingerprint != fingerprint);
 }
 
 void EditedNote::SawFile(const std::string& fileName, std::uint64_t seenFingerprint) {

@@ -21,25 +21,9 @@ forms::FileSystem& Files() { return *forms::Machine().files; }
 
 std::string PathOf(const std::string& file) { return StandardCode::NotesFolder() + '\\' + file; }
 
-// Renames the file to one of its names with this ending.
-void RenameAside(const std::string& path, const std::string& ending) {
-    std::string target = path + ending;
-    for (int i = 2; Files().FileExists(target); ++i) {
-        target = path;
-        target.append(" (").append(std::to_string(i)).append(")").append(ending);
-    }
-    Patience::Try([&] { Files().Replace(path, target); });
-}
-
-void PutAside(const std::string& path, const std::string& ending) {
-    if (!Patience::Try([&] { return Files().Recycle(path); })) {
-        RenameAside(path, ending);
-    }
-}
-
 // The step of a replacement that keeps the old file if nobody here has read or written it.
 std::function<void()> PuttingAside(const std::string& path, bool isForeign) {
-    return isForeign ? [path] { PutAside(path, ".replaced"); } : std::function<void()>();
+    return isForeign ? [path] { SafeFile::PutAside(path, ".replaced"); } : std::function<void()>();
 }
 
 // Whether a file with these bytes already says what the record says.
@@ -90,11 +74,6 @@ bool NoteStore::Load() {
         Shared().NotesArray[rest] = NoteRecord{};
     }
     TellOpenNotes();
-    if (failure && loaded < listing.size() && FindOpen(listing[loaded].name) != nullptr) {
-        // If the file cannot be read, its contents are unknown.
-        const std::string& file = listing[loaded].name;
-        Tell(file, FingerprintOf(file).value_or(0));
-    }
     if (!failure || *failure == base::ErrorNumber::SubscriptOutOfRange) {
         Shared().NoteCount = static_cast<std::int16_t>(slot - 1);
         StandardCode::Events().NotesArrayLoaded.Raise();
@@ -122,7 +101,7 @@ bool NoteStore::LoadSlots(int& slot) {
                 ++slot;
                 throw;
             }
-            PutAside(PathOf(file.name), ".damaged");
+            SafeFile::PutAside(PathOf(file.name), ".damaged");
             Tell(file.name, std::nullopt);
             return false;
         }
@@ -177,12 +156,15 @@ void NoteStore::Report(const base::RuntimeError& error) {
                   {}, "Error Loading Notes Array");
 }
 
-StoredNote NoteStore::Read(const forms::FileEntry& file) const {
+StoredNote NoteStore::Read(const forms::FileEntry& file) {
     const auto known = parsed.find(file.name);
-    const bool isSame = known != parsed.end() && known->second.size == file.size &&
-                        known->second.changed == file.changed;
-    return isSame ? StoredNote{file.name, known->second.record, known->second.fingerprint}
-                  : Read(file.name);
+    if (known != parsed.end() && known->second.size == file.size &&
+        known->second.changed == file.changed) {
+        return {file.name, known->second.record, known->second.fingerprint};
+    }
+    StoredNote note = Read(file.name);
+    unslotted[file.name] = {file.size, file.changed, note.fingerprint};
+    return note;
 }
 
 StoredNote NoteStore::Read(const std::string& file) {
@@ -208,12 +190,16 @@ bool NoteStore::Exists(const std::string& file) {
     return !file.empty() && Files().FileExists(PathOf(file));
 }
 
-std::optional<std::uint64_t> NoteStore::FingerprintOf(const std::string& file) {
-    try {
-        return Exists(file) ? std::optional(NoteFile::Fingerprint(Files().Read(PathOf(file))))
-                            : std::nullopt;
-    } catch (const base::RuntimeError&) {
+std::optional<std::uint64_t> NoteStore::FingerprintOf(const std::string& file, bool isPatient) {
+    if (!Exists(file)) {
         return std::nullopt;
+    }
+    const auto read = [&] { return NoteFile::Fingerprint(Files().Read(PathOf(file))); };
+    try {
+        return isPatient ? Patience::Try(read) : read();
+    } catch (const base::RuntimeError&) {
+        // It may have gone meanwhile.
+        return Exists(file) ? std::optional(unknownContents) : std::nullopt;
     }
 }
 
@@ -224,10 +210,15 @@ bool NoteStore::IsTaken(const std::string& title) const {
         }
     }
     const std::string file = FileNameFor(title);
+    if (!Exists(file)) {
+        return false;
+    }
+    const std::string onDisk = Files().NameOnDisk(PathOf(file));
     const auto loadedEnd = listing.begin() + static_cast<std::ptrdiff_t>(loaded);
-    return Exists(file) && Files().NameOnDisk(PathOf(file)) == file &&
+    // The letters of the title decide, not those of the extension.
+    return onDisk.size() == file.size() && onDisk.starts_with(title) &&
            std::none_of(listing.begin(), loadedEnd,
-                        [&file](const forms::FileEntry& entry) { return entry.name == file; });
+                        [&](const forms::FileEntry& entry) { return entry.name == onDisk; });
 }
 
 void NoteStore::Save(EditedNote& note, const NoteRecord& record) {
@@ -265,7 +256,8 @@ void NoteStore::Write(const std::string& file, const NoteRecord& record,
                       NoteFile::TimeField timeField, std::optional<std::uint64_t> known) {
     const std::string bytes = NoteFile::Encode(record, timeField);
     const std::string path = PathOf(file);
-    const bool isForeign = known && Exists(file) && FingerprintOf(file) != known;
+    const auto held = known ? FingerprintOf(file) : std::nullopt;
+    const bool isForeign = held && (held == unknownContents || held != known);
     try {
         if (SafeFile::ReplaceFile(path, bytes, {.beforeRename = PuttingAside(path, isForeign)})) {
             Forget(file);
@@ -305,14 +297,22 @@ void NoteStore::AdoptLeftovers() {
 }
 
 EditedNote* NoteStore::FindOpen(const std::string& file) const {
-    const auto found = std::find_if(open.begin(), open.end(), [&](const EditedNote* note) {
-        return !note->File().empty() && SafeFile::IsSameName(note->File(), file);
-    });
-    return found == open.end() ? nullptr : *found;
+    EditedNote* other = nullptr;
+    for (EditedNote* note : open) {
+        if (note->File().empty() || !SafeFile::IsSameName(note->File(), file)) {
+            continue;
+        }
+        if (!note->IsFileOther()) {
+            return note;
+        }
+        other = other == nullptr ? note : other;
+    }
+    return other;
 }
 
 // After a loading: other programs may have changed, erased or renamed files of open notes.
 void NoteStore::TellOpenNotes() {
+    const std::map<std::string, Seen> before = std::exchange(unslotted, {});
     for (EditedNote* note : open) {
         if (note->File().empty()) {
             continue;
@@ -321,8 +321,33 @@ void NoteStore::TellOpenNotes() {
             note->FileHolds(known->second.fingerprint);
         } else if (!Exists(note->File())) {
             note->FileHolds(std::nullopt);
+        } else if (const forms::FileEntry* file = FindListed(note->File())) {
+            note->FileHolds(FingerprintOfUnslotted(*file, before));
         }
     }
+}
+
+std::uint64_t NoteStore::FingerprintOfUnslotted(const forms::FileEntry& file,
+                                                const std::map<std::string, Seen>& before) {
+    Seen& seen = unslotted[file.name];
+    const auto last = before.find(file.name);
+    const bool isUnchanged = last != before.end() && last->second.size == file.size &&
+                             last->second.changed == file.changed;
+    if (isUnchanged && last->second.fingerprint != unknownContents) {
+        seen = last->second;
+    } else {
+        // A file that could not be read before is not waited for once more.
+        const auto fingerprint = FingerprintOf(file.name, !isUnchanged);
+        seen = {file.size, file.changed, fingerprint.value_or(unknownContents)};
+    }
+    return seen.fingerprint;
+}
+
+const forms::FileEntry* NoteStore::FindListed(const std::string& file) const {
+    const auto found = std::find_if(listing.begin(), listing.end(), [&](const auto& entry) {
+        return entry.name.size() == file.size() && SafeFile::IsSameName(entry.name, file);
+    });
+    return found == listing.end() ? nullptr : &*found;
 }
 
 void NoteStore::Tell(const std::string& file, std::optional<std::uint64_t> fingerprint,
@@ -337,9 +362,11 @@ void NoteStore::Tell(const std::string& file, std::optional<std::uint64_t> finge
 // Two savings may fall into one tick of the file system's clock: the size and the time of a file
 // that was written here prove nothing.
 void NoteStore::Forget(const std::string& file) {
-    std::erase_if(parsed, [&](const auto& entry) {
+    const auto isOfFile = [&](const auto& entry) {
         return entry.first.size() == file.size() && SafeFile::IsSameName(entry.first, file);
-    });
+    };
+    std::erase_if(parsed, isOfFile);
+    std::erase_if(unslotted, isOfFile);
 }
 
 namespace StandardCode {

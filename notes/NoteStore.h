@@ -52,8 +52,9 @@ class NoteStore {
     // with too few fields goes to the Recycle Bin and ends the listing. A file beyond the last slot
     // leaves all slots filled and counted. Any other error leaves NoteCount as it was. Errors are
     // shown in a box, behind which timers run; each one once until the folder changes, and the
-    // error of the last slot once for each action of the user. True if every listed note was
-    // loaded: to do it again at once would change nothing.
+    // error of the last slot once for each action of the user. Tells every open note if its file
+    // has changed, also if that is not in a slot. True if every listed note was loaded: to do it
+    // again at once would change nothing.
     bool Load();
 
     // The listing from which Load() has rebuilt the array.
@@ -62,13 +63,17 @@ class NoteStore {
     static std::vector<forms::FileEntry> List();
     // The note of a listed file. A file that Load() has read and that has not changed is not read
     // again.
-    StoredNote Read(const forms::FileEntry& file) const;
+    StoredNote Read(const forms::FileEntry& file);
     static StoredNote Read(const std::string& file);
     // The note in this slot of NotesArray. RuntimeError 9 for a slot outside 1 to 100.
     StoredNote OfSlot(int slot) const;
     static bool Exists(const std::string& file);
-    // Nothing if there is no such file, or if it cannot be read.
-    static std::optional<std::uint64_t> FingerprintOf(const std::string& file);
+    // The fingerprint of a file that cannot be read: it equals no other, nor itself.
+    static constexpr std::uint64_t unknownContents = 0;
+    // Nothing if there is no such file. With patience, a file that another program holds is waited
+    // for.
+    static std::optional<std::uint64_t> FingerprintOf(const std::string& file,
+                                                      bool isPatient = true);
     // Whether a note of exactly this title is in NotesArray, or in a file that did not reach it.
     bool IsTaken(const std::string& title) const;
 
@@ -90,6 +95,8 @@ class NoteStore {
 
     // The open notes, in the order in which they were opened.
     const std::vector<EditedNote*>& OpenNotes() const { return open; }
+    // The open note that is in this file. If the files of several have this name, the first of
+    // those that show what the file holds; if there is none, the first of all.
     EditedNote* FindOpen(const std::string& file) const;
 
     // For EditedNote only.
@@ -105,18 +112,31 @@ class NoteStore {
         StandardCode::NoteRecord record;
     };
 
+    // A file at this size and time of change.
+    struct Seen {
+        std::uint64_t size = 0;
+        std::int64_t changed = 0;
+        std::uint64_t fingerprint = 0;
+    };
+
     // Returns whether all listed notes were loaded; raises the error that ended the loading.
     bool LoadSlots(int& slot);
     void LoadSlot(int slot, const forms::FileEntry& file, std::map<std::string, Parsed>& before);
     void Report(const base::RuntimeError& error);
     void TellOpenNotes();
+    // Of the file of an open note that is in no slot. A file whose size and time are those that
+    // were seen last is not read.
+    std::uint64_t FingerprintOfUnslotted(const forms::FileEntry& file,
+                                         const std::map<std::string, Seen>& before);
+    const forms::FileEntry* FindListed(const std::string& file) const;
     void Tell(const std::string& file, std::optional<std::uint64_t> fingerprint,
               const EditedNote* except = nullptr);
     void Forget(const std::string& file);
 
     std::vector<forms::FileEntry> listing;
-    std::map<std::string, Parsed> parsed;  // by file name, as listed
-    std::size_t loaded = 0;                // so many of its files are in slots, from slot 1 on
+    std::map<std::string, Parsed> parsed;   // by file name, as listed
+    std::map<std::string, Seen> unslotted;  // by file name: of open notes that are in no slot
+    std::size_t loaded = 0;                 // so many of its files are in slots, from slot 1 on
     std::vector<forms::FileEntry> reportedListing;
     std::set<std::pair<int, std::string>> reported;  // error number and file
     std::uint64_t fullReportedIn = 0;                // action in which the last slot was reported

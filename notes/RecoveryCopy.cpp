@@ -3,6 +3,7 @@
 #include <charconv>
 #include <string_view>
 
+#include "app/Patience.h"
 #include "app/RecordText.h"
 #include "app/SafeFile.h"
 #include "base/RuntimeError.h"
@@ -15,6 +16,7 @@ namespace {
 
 constexpr const char* extension = ".recovery";
 constexpr std::string_view header = "Jotwright recovery copy 2\r\n";
+constexpr std::string_view earlierHeader = "Jotwright recovery copy\r\n";
 constexpr std::string_view lineEnd = "\r\n";
 constexpr std::int64_t pauseBetweenCopies = 2000;  // milliseconds
 // Bytes of a title that the name of a copy shows: together with the rest, any file system takes it.
@@ -43,8 +45,10 @@ std::string StemOf(const std::string& title) {
     return stem;
 }
 
+// With the instance id: two programs on one folder never choose the same name.
 std::string FreePathFor(const std::string& title) {
-    const std::string stem = StandardCode::NotesFolder() + '\\' + StemOf(title);
+    const std::string stem = StandardCode::NotesFolder() + '\\' + StemOf(title) + '-' +
+                             forms::Machine().system->InstanceId();
     const auto& inUse = StandardCode::Shared().RecoveryPaths;
     std::string path = stem + extension;
     for (int i = 2; inUse.contains(KeyOf(path)) || Files().FileExists(path); ++i) {
@@ -120,7 +124,25 @@ struct Decoded {
     std::string instanceId;
 };
 
+// A copy of an earlier version has title and text, and nothing of the note's file.
+std::optional<Decoded> DecodeEarlier(std::string_view contents) {
+    CopyReader reader(contents);
+    const auto title = reader.Text();
+    if (!title) {
+        return std::nullopt;
+    }
+    Decoded decoded;
+    decoded.note.isTextOnly = true;
+    decoded.note.record.Title = *title;
+    decoded.note.record.Text =
+        RecordText::WithoutZeros(base::ToValidUtf8(std::string(reader.Rest())));
+    return decoded;
+}
+
 std::optional<Decoded> Decode(const std::string& bytes) {
+    if (bytes.starts_with(earlierHeader)) {
+        return DecodeEarlier(std::string_view(bytes).substr(earlierHeader.size()));
+    }
     if (!bytes.starts_with(header)) {
         return std::nullopt;
     }
@@ -217,7 +239,14 @@ void RecoveryCopy::Forget() {
 }
 
 void RecoveryCopy::Adopt(const RecoveredNote& recovered) {
-    Use(recovered.path);
+    Use(FreePathFor(recovered.record.Title));
+    try {
+        Files().Replace(recovered.path, path, forms::Durability::Cached);
+    } catch (const base::RuntimeError&) {
+        // Another program holds it, or has taken it over.
+        StandardCode::Shared().RecoveryPaths.erase(key);
+        Use(recovered.path);
+    }
     written = true;
 }
 
@@ -230,13 +259,14 @@ void RecoveryCopy::Use(const std::string& newPath) {
 std::vector<RecoveredNote> RecoveryCopy::Find() {
     std::vector<RecoveredNote> found;
     const std::string folder = StandardCode::NotesFolder();
-    for (const forms::FileEntry& file : Files().List(folder, extension)) {
+    for (const forms::FileEntry& file :
+         Patience::Try([&] { return Files().List(folder, extension); })) {
         const std::string path = folder + '\\' + file.name;
         if (StandardCode::Shared().RecoveryPaths.contains(KeyOf(path))) {
             continue;
         }
         try {
-            auto decoded = Decode(Files().Read(path));
+            auto decoded = Decode(Patience::Try([&] { return Files().Read(path); }));
             if (decoded && !SafeFile::IsInUseBy(folder, decoded->instanceId)) {
                 decoded->note.path = path;
                 found.push_back(std::move(decoded->note));

@@ -12,10 +12,12 @@ struct RecoveredNote {
     std::string path;  // of the copy
     std::string file;  // the name of the note's file; empty for a note that was never saved
     // Of that file when the copy was made; for a note that was never saved, of the file that has
-    // its title as name. Nothing if there was no such file.
+    // its title as name. Nothing if there was no such file; see NoteStore::unknownContents.
     std::optional<std::uint64_t> base;
     StandardCode::NoteRecord record;
     bool isWhole = true;  // false: the machine stopped while the copy was written
+    // The copy is one of an earlier version, which kept no other fields than title and text.
+    bool isTextOnly = false;
 };
 
 // The recovery copy of one editor, a file beside the notes in case the program is killed. Nothing
@@ -42,7 +44,8 @@ class RecoveryCopy {
     // Moves the copy to the Recycle Bin, from where the user can get it back. If there is none, the
     // copy stays for the next start.
     void Recycle();
-    // Takes over a copy that an earlier run of the program left.
+    // Takes over a copy that an earlier run of the program left, and gives it a name of this
+    // program's.
     void Adopt(const RecoveredNote& recovered);
 
     // The copies that earlier runs left, in the order of the folder's listing. Those of editors

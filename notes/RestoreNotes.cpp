@@ -34,15 +34,18 @@ void RestoreFiles() {
 class UnsavedNotes {
   public:
     void BringBack(const RecoveredNote& recovered) {
+        // First: without its icon the alarm could not be shown, and the copy would lose it.
+        const forms::Picture alarmIcon =
+            recovered.record.AlarmState == "1" ? frmNote::AlarmIcon() : forms::Picture{};
         frmNote* editor = recovered.file.empty() ? NewEditor(recovered) : EditorOf(recovered);
-        if (editor == nullptr && IsInAFile(recovered.record)) {
+        if (editor == nullptr && IsInAFile(recovered)) {
             SafeFile::DeleteIfPossible(recovered.path);
             return;
         }
         if (editor == nullptr) {
             editor = EditorBeside(recovered);
         }
-        editor->TakeRecovered(Titled(recovered, editor->caption));
+        editor->TakeRecovered(Titled(recovered, editor->caption), alarmIcon);
         filled.insert(editor);
     }
 
@@ -72,20 +75,35 @@ class UnsavedNotes {
     // Whether the file holds what it held when the copy was made, so that no saved text is in
     // danger.
     static bool IsAsKnown(const RecoveredNote& recovered, const std::string& file) {
-        return !NoteStore::Exists(file) || (recovered.isWhole && recovered.base.has_value() &&
-                                            NoteStore::FingerprintOf(file) == recovered.base);
+        const auto held = NoteStore::FingerprintOf(file);
+        return !held ||
+               (recovered.isWhole && held != NoteStore::unknownContents && held == recovered.base);
     }
 
     // The note was saved after all, perhaps when an earlier start had brought it back, and the copy
     // could not be removed.
-    static bool IsInAFile(const NoteRecord& recovered) {
+    static bool IsInAFile(const RecoveredNote& recovered) {
         const auto& open = Notes().OpenNotes();
-        return std::any_of(open.begin(), open.end(), [&recovered](const EditedNote* note) {
+        return std::any_of(open.begin(), open.end(), [&](const EditedNote* note) {
             NoteRecord saved = note->SavedRecord();
-            const bool isOfThisTitle = saved.Title.starts_with(recovered.Title);
-            saved.Title = recovered.Title;
-            return isOfThisTitle && !note->File().empty() && saved == recovered;
+            const std::string& title = recovered.record.Title;
+            const bool isOfThisTitle =
+                saved.Title == title || saved.Title.starts_with(TitleBeside(title, ""));
+            saved.Title = title;
+            return isOfThisTitle && !note->File().empty() &&
+                   (recovered.isTextOnly ? saved.Text == recovered.record.Text
+                                         : saved == recovered.record);
         });
+    }
+
+    // "<title> (recovered" and the ending. A title loses its last characters if its file's name
+    // would be too long with the addition.
+    static std::string TitleBeside(const std::string& title, const std::string& ending) {
+        const std::string addition = " (recovered";
+        constexpr std::size_t longestEnding = 6;  // " 9999)"
+        const std::size_t most = SafeFile::LongestName(NotesFolder()) -
+                                 NoteStore::FileNameFor(addition).size() - longestEnding;
+        return SafeFile::Shortened(title, most) + addition + ending;
     }
 
     static frmNote* OpenFile(const std::string& file) {
@@ -98,9 +116,9 @@ class UnsavedNotes {
 
     static frmNote* EditorBeside(const RecoveredNote& recovered) {
         const std::string& title = recovered.record.Title;
-        std::string free = title + " (recovered)";
+        std::string free = TitleBeside(title, ")");
         for (int i = 2; IsInUse(free); ++i) {
-            free = title + " (recovered " + std::to_string(i) + ')';
+            free = TitleBeside(title, ' ' + std::to_string(i) + ')');
         }
         return Shown(OpenNewEditor(free));
     }

@@ -46,6 +46,10 @@ int FontSizeOf(const StandardCode::NoteRecord& note) {
 
 }  // namespace
 
+frmDisplayNote::~frmDisplayNote() {
+    std::erase(Shared().AlarmDisplays, static_cast<const frmDisplayNote*>(this));
+}
+
 void frmDisplayNote::Design() {
     caption = "note";
     borderStyle = forms::BorderStyle::Sizable;
@@ -141,10 +145,12 @@ void frmDisplayNote::EraseNote() {
         if (NoteStore::Exists(file)) {
             StandardCode::Notes().Erase(file);
         }
+        copy.Remove();
     });
 }
 
 void frmDisplayNote::ShowNote(const StoredNote& note) {
+    Shared().AlarmDisplays.push_back(this);
     file = note.file;
     fingerprint = note.fingerprint;
     shown = note.record;
@@ -200,10 +206,39 @@ bool frmDisplayNote::WriteSilenced(StandardCode::NoteRecord& note) {
 }
 
 bool frmDisplayNote::Write(StandardCode::NoteRecord& note, NoteFile::TimeField timeField) {
-    return StandardCode::ReportWriteErrors([&] {
-        note.Title = base::Trim(caption());
-        StandardCode::Notes().Write(file, note, timeField, fingerprint);
-    });
+    note.Title = base::Trim(caption());
+    const auto write = [&] {
+        try {
+            StandardCode::Notes().Write(file, note, timeField, fingerprint);
+        } catch (const base::RuntimeError&) {
+            // The program may end behind the box.
+            KeepCopy(note);
+            throw;
+        }
+        copy.Remove();
+    };
+    const forms::Runtime& runtime = forms::Runtime::Current();
+    if (!runtime.IsSessionEnding() && !runtime.HasEnded()) {
+        return StandardCode::ReportWriteErrors(write);
+    }
+    // Nobody would close a box.
+    try {
+        write();
+        return true;
+    } catch (const base::RuntimeError&) {
+        return false;
+    }
+}
+
+void frmDisplayNote::KeepCopy(const StandardCode::NoteRecord& note) {
+    if (IsTextChanged()) {
+        RecoveredNote typed;
+        typed.file = file;
+        typed.base = fingerprint;
+        typed.record = note;
+        typed.record.Trailer = "yes";
+        copy.Keep(typed);
+    }
 }
 
 void frmDisplayNote::tmrSoundAlarm_Timer() {
@@ -257,10 +292,10 @@ std::shared_ptr<frmDisplayNote> DisplayNote(int slot) {
 }
 
 bool IsAlarmDisplayed(const StoredNote& note) {
-    const auto& loaded = forms::Runtime::Current().LoadedForms();
-    return std::any_of(loaded.begin(), loaded.end(), [&note](const auto& form) {
-        const auto* display = dynamic_cast<const frmDisplayNote*>(form.get());
-        return display != nullptr && display->ShowsAlarmOf(note);
+    const auto& displays = Shared().AlarmDisplays;
+    // A closed display may live on while a handler knows it.
+    return std::any_of(displays.begin(), displays.end(), [&note](const frmDisplayNote* display) {
+        return display->IsLoaded() && display->ShowsAlarmOf(note);
     });
 }
 

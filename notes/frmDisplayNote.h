@@ -5,6 +5,7 @@
 
 #include "forms/Form.h"
 #include "notes/NoteStore.h"
+#include "notes/RecoveryCopy.h"
 
 // Shows a saved note whose alarm is due. One instance a note; its caption is the note's title.
 // Closing it asks whether the note is to be erased; a note that is kept has its alarm switched off.
@@ -14,6 +15,9 @@
 class frmDisplayNote : public forms::Form {
   public:
     frmDisplayNote() : Form("frmDisplayNote") {}
+    ~frmDisplayNote() override;
+    frmDisplayNote(const frmDisplayNote&) = delete;
+    frmDisplayNote& operator=(const frmDisplayNote&) = delete;
 
     forms::Label lblJotwright{this, "lblJotwright"};
     forms::ControlArray<forms::Line, 2> Line1{this, "Line1"};
@@ -34,14 +38,16 @@ class frmDisplayNote : public forms::Form {
     void Form_Unload(bool& cancel) override;
     void Form_MouseUp(int button, int x, int y) override;
 
-    // Shows the note's text; a text that differs from it when the window closes was typed here.
+    // Shows the note's text; a text that differs from it when the window closes was typed here. To
+    // be called once.
     void ShowNote(const StoredNote& note);
     // Of the note; empty for the default instance.
     const std::string& File() const { return file; }
     // Whether the window came up for this note, at the date and time that its alarm has now.
     bool ShowsAlarmOf(const StoredNote& note) const;
     // Writes the note's file from what the window shows, its alarm switched off: the file is
-    // replaced in one step. A failure is shown in a box and leaves the file as it was; false then.
+    // replaced in one step. A failure is shown in a box, unless the session ends, and leaves the
+    // file as it was; false then. A text that was typed here lies in a recovery copy then.
     bool ReWriteNote();
 
   private:
@@ -55,6 +61,7 @@ class frmDisplayNote : public forms::Form {
     // With the note's alarm switched off.
     bool WriteSilenced(StandardCode::NoteRecord& note);
     bool Write(StandardCode::NoteRecord& note, NoteFile::TimeField timeField);
+    void KeepCopy(const StandardCode::NoteRecord& note);
     bool IsTextChanged() const { return lblNoteText.text() != shownText; }
     void tmrSoundAlarm_Timer();
     void StartSound(bool loops);
@@ -66,6 +73,7 @@ class frmDisplayNote : public forms::Form {
     std::uint64_t fingerprint = 0;  // of the file's contents that may be written over
     StandardCode::NoteRecord shown;
     std::string shownText;
+    RecoveryCopy copy;  // of a text that was typed here and could not be written
 };
 
 namespace StandardCode {

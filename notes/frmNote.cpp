@@ -101,8 +101,16 @@ bool frmNote::IsSaved() {
     return !edited.IsFileOther() && ShowsSavedRecord();
 }
 
-bool frmNote::IsUntouched() {
-    return !hasRung && NoteStore::Exists(edited.File()) && ShowsSavedRecord();
+bool frmNote::LeavesFileAlone(bool isExit) {
+    if (!NoteStore::Exists(edited.File()) || !ShowsSavedRecord()) {
+        return false;
+    }
+    if (isExit && !hasRung) {
+        return true;
+    }
+    const auto held = NoteStore::FingerprintOf(edited.File());
+    // If the file cannot be read, the saving of the alarm reports why.
+    return held == NoteStore::unknownContents ? !hasRung : held != edited.SeenFingerprint();
 }
 
 void frmNote::MarkSaved() { edited.SetSavedRecord(Record()); }
@@ -129,7 +137,7 @@ void frmNote::SaveBeforeTheEnd() {
         return;
     }
     try {
-        if (!IsUntouched()) {
+        if (!LeavesFileAlone(true)) {
             SaveFile();
         }
     } catch (const base::RuntimeError&) {
@@ -154,9 +162,13 @@ void frmNote::KeepRecoveryCopy(RecoveryCopy::When when) {
     }
 }
 
-void frmNote::TakeRecovered(const RecoveredNote& recovered) {
+void frmNote::TakeRecovered(const RecoveredNote& recovered, const forms::Picture& alarmIcon) {
     edited.Adopt(recovered);
-    const StandardCode::NoteRecord& record = recovered.record;
+    StandardCode::NoteRecord record = recovered.record;
+    if (recovered.isTextOnly) {
+        record = Record();
+        record.Text = recovered.record.Text;
+    }
     if (record == Record()) {
         edited.RemoveCopy();
         return;
@@ -176,7 +188,7 @@ void frmNote::TakeRecovered(const RecoveredNote& recovered) {
     if (IsAlarmSet() && record.AlarmState != "1") {
         ClearAlarm();
     } else if (record.AlarmState == "1") {
-        PresentAlarm(AlarmIcon());
+        PresentAlarm(alarmIcon);
     }
     // From now on the copy is this program's.
     KeepRecoveryCopy(RecoveryCopy::When::Now);
@@ -233,12 +245,7 @@ void frmNote::CloseThroughPanel(bool& cancel) {
 }
 
 void frmNote::CloseSilently(bool& cancel) {
-    // The exit changes no file that nobody touched, and a file that another program has changed is
-    // newer than an editor that nobody touched.
-    const bool isLeftAlone =
-        IsUntouched() && (StandardCode::Notes().IsQuiet() ||
-                          NoteStore::FingerprintOf(edited.File()) != edited.SeenFingerprint());
-    if (!NoteErased && !isLeftAlone && !WriteNote()) {
+    if (!NoteErased && !LeavesFileAlone(StandardCode::Notes().IsQuiet()) && !WriteNote()) {
         KeepOpen(cancel);
         return;
     }
@@ -385,8 +392,10 @@ void frmNote::mnuKill_Click() {
         // Whatever became of the file, the window goes.
     }
     try {
-        Unload();
+        // If the window stays, what is typed there from now on is wanted.
+        isErasingConfirmed = Unload();
     } catch (const base::RuntimeError&) {
         // As above: erasing reports nothing.
+        isErasingConfirmed = false;
     }
 }

@@ -109,9 +109,9 @@ class frmNote : public forms::Form, public NoteEditor {
 
     // There is nothing to save in the editor as it stands.
     void MarkSaved();
-    // Shows the unsaved note of a program that was killed, and brings the editor up. RuntimeError
-    // 53 if an icon is missing; text, colour and size are shown then.
-    void TakeRecovered(const RecoveredNote& recovered);
+    // Shows the unsaved note of a program that was killed, and brings the editor up. The icon is
+    // needed if the note's alarm is set, see AlarmIcon().
+    void TakeRecovered(const RecoveredNote& recovered, const forms::Picture& alarmIcon);
 
     // Only ever deleted: the window adds no icon of its own.
     forms::TrayRecord TrayIconRecord;
@@ -135,8 +135,10 @@ class frmNote : public forms::Form, public NoteEditor {
     bool ShowsSavedRecord();
     // Whether nothing that the editor shows would be lost with it.
     bool IsSaved();
-    // There is a file, and the user has changed nothing.
-    bool IsUntouched();
+    // Whether the file stays as it is if the window goes: the user has changed nothing here, and
+    // either another program has changed the file, which is newer then, or the program exits and
+    // no alarm has to be switched off in the file.
+    bool LeavesFileAlone(bool isExit);
     void SaveFile();
     void CloseThroughPanel(bool& cancel);
     void CloseSilently(bool& cancel);

@@ -5,6 +5,7 @@
 #include "forms/MsgBox.h"
 #include "forms/Runtime.h"
 #include "forms/Services.h"
+#include "notes/NoteStore.h"
 #include "notes/frmNote.h"
 
 // The editor's alarm: set, cleared, due.
@@ -181,10 +182,9 @@ void frmNote::ShowAlarmState(const char* buttonCaption) {
     if (this != &forms::Default<frmNote>()) {
         return;
     }
-    for (const auto& form : forms::Runtime::Current().LoadedForms()) {
-        if (auto* note = dynamic_cast<frmNote*>(form.get())) {
-            note->FollowBlinking();
-        }
+    FollowBlinking();
+    for (const EditedNote* note : StandardCode::Notes().OpenNotes()) {
+        static_cast<frmNote&>(note->Editor().Window()).FollowBlinking();
     }
 }
 

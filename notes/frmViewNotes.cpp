@@ -139,7 +139,7 @@ void frmViewNotes::ListNotes() {
     std::vector<forms::ListView::Row> rows;
     std::vector<std::string> files;
     std::set<std::string> keys;
-    const NoteStore& store = StandardCode::Notes();
+    NoteStore& store = StandardCode::Notes();
     for (const forms::FileEntry& file : store.Listing()) {
         try {
             forms::ListView::Row row = RowOf(store.Read(file).record);

@@ -142,6 +142,64 @@ TEST_F(SpecialAlarms, AnErrorAtAnyStepOfASaveIsReportedAndTheNextSaveWorks) {
     EXPECT_GT(saves, failures);
 }
 
+TEST_F(SpecialAlarms, AFileThatIsHeldForAMomentIsWaitedFor) {
+    PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
+    for (const bool isWindow : {false, true}) {
+        files.SetDenied(path, true);
+        int pauses = 0;
+        system.onPause = [&] {
+            if (++pauses == 5) {
+                files.SetDenied(path, false);
+            }
+        };
+        Shared().SpecialAlarmMessage[0].clear();
+        if (isWindow) {
+            Open();
+            EXPECT_EQ(Window().txtMessage[0].text(), "old");
+        } else {
+            Start(StandardCode::LoadSpecialAlarms);
+        }
+        EXPECT_EQ(Shared().SpecialAlarmMessage[0], "old") << isWindow;
+        EXPECT_EQ(pauses, 5);
+    }
+}
+
+TEST_F(SpecialAlarms, AFileThatWasNotShownIsPutAsideBeforeASaveReplacesIt) {
+    const std::string folder = "C:\\Jotwright\\SpecialAlarms";
+    for (const bool hasBin : {true, false}) {
+        files.SetRecycleBin(hasBin);
+        PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
+        const auto before = files.Peek(path);
+        files.SetDenied(path, true);
+        ExpectReadError("70 - Permission denied");
+        Open();
+        files.SetDenied(path, false);
+        const std::string message = hasBin ? "first" : "second";
+        user->Type(Window().txtMessage[1], message);
+        user->Click(Window().cmdSave);
+        EXPECT_FALSE(IsOpen());
+        EXPECT_NE(files.Peek(path).value_or("").find(message), std::string::npos);
+        EXPECT_EQ(hasBin ? files.RecycledBytes().at(0) : files.Peek(path + ".replaced"), before);
+    }
+    EXPECT_EQ(files.Names(folder).size(), 2U);
+}
+
+TEST_F(SpecialAlarms, AFileThatAnotherProgramChangedMeanwhileIsPutAside) {
+    PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
+    Open();
+    user->Type(Window().txtMessage[0], "new");
+    PutFile("\"Friday\",#17:30:00#,\"by another program\",1\r\n", 6);
+    const auto before = files.Peek(path);
+    user->Click(Window().cmdSave);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(files.RecycledBytes(), std::vector<std::string>{before.value_or("")});
+    // What was shown and saved here is replaced as before.
+    Open();
+    user->Type(Window().txtMessage[0], "newer");
+    user->Click(Window().cmdSave);
+    EXPECT_EQ(files.RecycledBytes().size(), 1U);
+}
+
 // Until somebody sees to it.
 TEST_F(SpecialAlarms, WhatKeepsTheDiskFromBeingWrittenIsReportedAtEachSave) {
     struct Condition {

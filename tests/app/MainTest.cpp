@@ -15,6 +15,21 @@ const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
 
 }  // namespace
 
+// As long as for what the user does: the start is one action.
+TEST_F(MainTest, FilesThatAreHeldAtTheStartAreWaitedForASecondAndAHalf) {
+    PutNote("Dentist");
+    files.SetDenied(NoteFile("Dentist"), true);
+    int pauses = 0;
+    system.onPause = [&] {
+        if (++pauses == 60) {
+            files.SetDenied(NoteFile("Dentist"), false);
+        }
+    };
+    StartQuietly();
+    EXPECT_EQ(pauses, 60);
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
+}
+
 TEST_F(MainTest, ASecondCopyShowsThePictureBoxAndChangesNothing) {
     system.previousInstance = true;
     files.ClearLog();

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "app/SafeFile.h"
+#include "base/Text.h"
 #include "tests/support/RuleDevices.h"
 
 namespace {
@@ -326,6 +329,41 @@ TEST_F(SafeFileTest, ACachedReplacementIsNotFlushed) {
     EXPECT_EQ(files.Flushes(), 0);
     SafeFile::ReplaceFile(path, oldBytes);
     EXPECT_EQ(files.Flushes(), 2);
+}
+
+TEST_F(SafeFileTest, AFileIsPutAsideUnderAShorterNameIfItsOwnIsTooLong) {
+    files.SetRecycleBin(false);
+    const std::size_t longest = 259 - folder.size() - 1;
+    for (const std::string& character : {std::string("x"), std::string("\xf0\x9f\x98\x80")}) {
+        std::string stem;
+        for (std::size_t i = 0; i < (longest - 4) / (character == "x" ? 1 : 2); ++i) {
+            stem += character;
+        }
+        const std::string held = folder + '\\' + stem + ".txt";
+        for (const char* bytes : {"first", "second"}) {
+            files.PutFile(held, bytes);
+            SafeFile::PutAside(held, ".replaced");
+            EXPECT_FALSE(files.FileExists(held));
+        }
+        files.Remove(path);
+        std::set<std::string> kept;
+        for (const std::string& name : Names()) {
+            EXPECT_TRUE(name.ends_with(".replaced")) << name;
+            EXPECT_EQ(base::ToValidUtf8(name), name);
+            kept.insert(files.Peek(folder + '\\' + name).value_or(""));
+            files.Remove(folder + '\\' + name);
+        }
+        EXPECT_EQ(kept, (std::set<std::string>{"first", "second"}));
+    }
+}
+
+TEST_F(SafeFileTest, InADeepFolderNamesAreNotShortenedToNothing) {
+    EXPECT_EQ(SafeFile::LongestName("C:\\a"), 254U);
+    EXPECT_EQ(SafeFile::LongestName("C:"), 255U);
+    EXPECT_EQ(SafeFile::LongestName("C:\\" + std::string(300, 'd')), 100U);
+    EXPECT_EQ(SafeFile::Shortened("a\xc3\xa4\xf0\x9f\x98\x80", 3), "a\xc3\xa4");
+    EXPECT_EQ(SafeFile::Shortened("abc", 3), "abc");
+    EXPECT_EQ(SafeFile::Shortened("abc", 0), "");
 }
 
 TEST_F(SafeFileTest, NamesAreComparedAsTheFileSystemComparesThem) {

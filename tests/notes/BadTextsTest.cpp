@@ -64,7 +64,7 @@ TEST_F(BadTexts, NothingBehindAZeroByteIsLost) {
 TEST_F(BadTexts, NothingBehindAZeroByteOfARecoveryCopyIsLost) {
     MakeNote("Note", "first_second");
     Advance(2000);
-    const std::string copy = "C:\\Jotwright\\Notes\\~Note.recovery";
+    const std::string copy = "C:\\Jotwright\\Notes\\~Note-" + system.instanceId + ".recovery";
     std::string bytes = files.Peek(copy).value_or("");
     ASSERT_NE(bytes.find('_'), std::string::npos);
     bytes[bytes.find('_')] = '\0';

@@ -177,6 +177,57 @@ TEST_F(NoteStoreTest, AnAlarmThatRangIsOffInTheFileOnceTheWindowCloses) {
     EXPECT_EQ(Saved("Dentist").AlarmState, "0");
 }
 
+TEST_F(NoteStoreTest, AnAlarmThatRangLeavesAFileThatWasChangedElsewhere) {
+    const std::map<std::string, std::function<void()>> ends{
+        {"closing", [this] { user->CloseBox(Editor("Dentist")); }},
+        {"exit",
+         [this] {
+             const NoteStore::Quiet exit(StandardCode::Notes());
+             CloseAll();
+         }},
+        {"end of the session", [] { forms::gestures::EndSession(); }},
+    };
+    for (const auto& [how, end] : ends) {
+        SCOPED_TRACE(how);
+        SetNow(2004, 5, 14, 9, 0, 0);
+        auto record = Record("Dentist", "text");
+        record.AlarmState = "1";
+        record.AlarmTime = DateTime::FromTime(9, 0, 5);
+        PutNote(record);
+        ReadAll();
+        Advance(10'000);
+        ASSERT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Set Alarm");
+        record.Text = "by another program";
+        record.AlarmTime = DateTime::FromTime(17, 0, 0);
+        PutNote(record);
+        const auto bytes = FileOf("Dentist");
+        end();
+        EXPECT_TRUE(StandardCode::Notes().OpenNotes().empty());
+        EXPECT_EQ(FileOf("Dentist"), bytes);
+        RestartProgram();
+    }
+}
+
+TEST_F(NoteStoreTest, AnAlarmThatRangIsOffInTheFileAfterExitAndEndOfSession) {
+    for (const bool isExit : {true, false}) {
+        SetNow(2004, 5, 14, 9, 0, 0);
+        auto record = Record("Dentist", "text");
+        record.AlarmState = "1";
+        record.AlarmTime = DateTime::FromTime(9, 0, 5);
+        PutNote(record);
+        ReadAll();
+        Advance(10'000);
+        if (isExit) {
+            const NoteStore::Quiet exit(StandardCode::Notes());
+            CloseAll();
+        } else {
+            forms::gestures::EndSession();
+        }
+        EXPECT_EQ(Saved("Dentist").AlarmState, "0") << isExit;
+        RestartProgram();
+    }
+}
+
 // The system's code page is UTF-8, and that of its language 1252.
 class Utf8Locale : public forms::headless::HeadlessLocale {
   public:
@@ -294,6 +345,24 @@ TEST_F(NoteStoreTest, ATitleOfAFileBeyondADamagedOneIsTaken) {
     EXPECT_FALSE(StandardCode::Notes().IsTaken("What?"));
 }
 
+TEST_F(NoteStoreTest, TheLettersOfTheExtensionDoNotFreeATitle) {
+    files.PutFolder(folder);
+    files.PutFile(folder + "\\abad.txt",
+                  "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    PutAs("Zebra.TXT", Record("Zebra", "stripes"));
+    stage->ExpectBox("Error Number: 13) - Type mismatch", "Error Loading Notes Array",
+                     forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_TRUE(StandardCode::Notes().IsTaken("Zebra"));
+    EXPECT_FALSE(StandardCode::Notes().IsTaken("zebra"));
+    EXPECT_FALSE(StandardCode::Notes().IsTaken("Zebra "));
+    // Once it is in a slot, the title of the note decides.
+    files.Remove(folder + "\\abad.txt");
+    PutAs("Zebra.TXT", Record("Horse", "stripes"));
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_FALSE(StandardCode::Notes().IsTaken("Zebra"));
+}
+
 TEST_F(NoteStoreTest, TitlesInAnySlotAreTakenExactly) {
     for (const int slot : {1, 50, 100}) {
         Shared().NotesArray[slot].Title = "Shopping";
@@ -406,6 +475,71 @@ TEST_F(NoteStoreTest, AFileThatCannotBeReadAnyMoreMakesItsEditorUnsaved) {
     EXPECT_EQ(InFolder().size(), 2U);
 }
 
+TEST_F(NoteStoreTest, AnEditorWhoseFileIsInNoSlotNoticesItsChange) {
+    for (const bool isFull : {true, false}) {
+        SCOPED_TRACE(isFull ? "more than 100 files" : "behind a file that fails");
+        files.PutFolder(folder);
+        for (int i = 1; isFull && i <= 100; ++i) {
+            PutAs("Note " + std::to_string(1000 + i) + ".txt", Record("Note", "text"));
+        }
+        PutAs("Zebra.txt", Record("Zebra", "stripes"));
+        Start(StandardCode::ReadNotes);
+        if (!isFull) {
+            files.PutFile(folder + "\\abad.txt",
+                          "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+        }
+        stage->improvise.box = [](const forms::BoxRequest&) { return BoxResult::Ok; };
+        const auto load = [this] { Start([] { StandardCode::LoadNotesArray(); }); };
+        const auto isRead = [this] {
+            return std::count(files.Log().begin(), files.Log().end(),
+                              "read " + folder + "\\Zebra.txt");
+        };
+        load();
+        const EditedNote& note = *StandardCode::Notes().FindOpen("Zebra.txt");
+        EXPECT_FALSE(note.IsFileOther());
+        files.ClearLog();
+        load();
+        load();
+        EXPECT_EQ(isRead(), 0);
+        PutAs("Zebra.txt", Record("Zebra", "spots"));
+        load();
+        EXPECT_TRUE(note.IsFileOther());
+        EXPECT_EQ(isRead(), 1);
+        load();
+        EXPECT_EQ(isRead(), 1);
+        Advance(2000);
+        EXPECT_EQ(files.List(folder, ".recovery").size(), 1U);
+        // Written again as it was, by a program that gives it another time.
+        PutAs("Zebra.txt", Record("Zebra", "stripes"));
+        load();
+        EXPECT_FALSE(note.IsFileOther());
+        files.Remove(folder + "\\Zebra.txt");
+        load();
+        EXPECT_TRUE(note.IsFileGone());
+        RestartProgram();
+        for (const std::string& name : InFolder()) {
+            files.Remove(folder + '\\' + name);
+        }
+    }
+}
+
+TEST_F(NoteStoreTest, AFileInNoSlotThatWasHeldIsReadWhenItIsFree) {
+    files.PutFolder(folder);
+    PutAs("Zebra.txt", Record("Zebra", "stripes"));
+    Start(StandardCode::ReadNotes);
+    files.PutFile(folder + "\\abad.txt",
+                  "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    stage->improvise.box = [](const forms::BoxRequest&) { return BoxResult::Ok; };
+    PutAs("Zebra.txt", Record("Zebra", "stripes"));
+    files.SetDenied(folder + "\\Zebra.txt", true);
+    Start([] { StandardCode::LoadNotesArray(); });
+    const EditedNote& note = *StandardCode::Notes().FindOpen("Zebra.txt");
+    EXPECT_TRUE(note.IsFileOther());
+    files.SetDenied(folder + "\\Zebra.txt", false);
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_FALSE(note.IsFileOther());
+}
+
 TEST_F(NoteStoreTest, AFolderThatIsGoneForAMomentLeavesNothingUnsaved) {
     PutNote(Record("Dentist", "text"));
     ReadAll();
@@ -431,6 +565,23 @@ TEST_F(NoteStoreTest, TheAlarmOfANoteInTheFileOfAnotherRings) {
         NoteAlarmsCheck::DisplayDue(base::Combine(forms::Today(), DateTime::FromTime(12, 0, 0)));
     ASSERT_NE(opened.last, nullptr);
     EXPECT_EQ(opened.last->lblNoteText.text(), "two");
+}
+
+TEST_F(NoteStoreTest, TheAlarmOfAFileWithTwoEditorsRingsInTheOneThatSavedIt) {
+    frmNote& first = MakeNote("Same", "one");
+    Start([&first] { first.WriteNote(); });
+    Start([] { StandardCode::CreateNote("Same"); });
+    auto& second = static_cast<frmNote&>(*runtime->LoadedForms().back());
+    user->Click(second.cmdAlarm);
+    Start([&second] { second.WriteNote(); });
+    EXPECT_EQ(&StandardCode::Notes().FindOpen("same.TXT")->Editor().Window(), &second);
+    const auto opened =
+        NoteAlarmsCheck::DisplayDue(base::Combine(forms::Today(), DateTime::FromTime(12, 0, 0)));
+    EXPECT_EQ(opened.last, nullptr);
+    // If neither shows what the file holds, it is the first.
+    PutNote(Record("Same", "by another program"));
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_EQ(&StandardCode::Notes().FindOpen("Same.txt")->Editor().Window(), &first);
 }
 
 TEST_F(NoteStoreTest, AnAlarmDisplayPutsANewerTextAside) {

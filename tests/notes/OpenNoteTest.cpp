@@ -95,6 +95,21 @@ TEST_F(OpenNoteTest, TheCurrentNoteIsTheLastOneOpened) {
     EXPECT_EQ(StandardCode::CurrentNote(), nullptr);
 }
 
+TEST_F(OpenNoteTest, OfTwoEditorsOfOneFileTheOneThatSavedItIsBroughtUp) {
+    MakeNote("Same", "one");
+    Start([] { StandardCode::CreateNote("Same"); });
+    auto& second = static_cast<frmNote&>(*runtime->LoadedForms().back());
+    user->Type(second.txtNote, "two");
+    Start([this] { Editor("Same").WriteNote(); });
+    Start([&second] { second.WriteNote(); });
+    ASSERT_EQ(StandardCode::Notes().OpenNotes().size(), 2U);
+    for (int times = 1; times <= 2; ++times) {
+        Open(1);
+        EXPECT_EQ(StandardCode::Notes().OpenNotes().size(), 2U);
+        EXPECT_EQ(StandardCode::CurrentNote().get(), &second);
+    }
+}
+
 TEST_F(OpenNoteTest, ThePanelMayRebuildTheArrayMeanwhile) {
     PutNote(Record("Dentist", "text"));
     Start(StandardCode::LoadNotesArray);

@@ -15,6 +15,13 @@ class RecoveryTest : public testing_support::NoteProgram {
   protected:
     Names FilesOfNotes() const { return files.Names("C:\\Jotwright\\Notes"); }
 
+    // The path of the only copy.
+    std::string CopyPath() {
+        const auto copies = files.List("C:\\Jotwright\\Notes", ".recovery");
+        EXPECT_EQ(copies.size(), 1U);
+        return "C:\\Jotwright\\Notes\\" + (copies.empty() ? "none" : copies.front().name);
+    }
+
     // The process dies without a word and the program is started again.
     void KillAndStartAgain() {
         RestartProgram();
@@ -242,7 +249,7 @@ TEST_F(RecoveryTest, AFullDiskIsTriedAgainWithoutAWord) {
 }
 
 TEST_F(RecoveryTest, ACopyThatCannotBeReadIsNotWrittenOver) {
-    const std::string damaged = "C:\\Jotwright\\Notes\\~Dentist.recovery";
+    const std::string damaged = "C:\\Jotwright\\Notes\\~Dentist-" + system.instanceId + ".recovery";
     files.PutFolder("C:\\Jotwright\\Notes");
     files.PutFile(damaged, "somebody may still read this");
     Start(StandardCode::ReadNotes);
@@ -281,7 +288,9 @@ TEST_F(RecoveryTest, AKillAtAnyStepOfTheCopyLosesOnlyTheLastSeconds) {
         for (const auto moment : {forms::headless::MemoryFiles::Moment::Before,
                                   forms::headless::MemoryFiles::Moment::Middle,
                                   forms::headless::MemoryFiles::Moment::After}) {
-            files.Remove("C:\\Jotwright\\Notes\\~Dentist.recovery");
+            for (const auto& copy : files.List("C:\\Jotwright\\Notes", ".recovery")) {
+                files.Remove("C:\\Jotwright\\Notes\\" + copy.name);
+            }
             RestartProgram();
             Start(StandardCode::ReadNotes);
             user->Restore(Editor("Dentist"));
@@ -358,7 +367,7 @@ TEST_F(RecoveryTest, ACopyThatCouldNotBeRemovedNeverTakesThePlaceOfASavedText) {
     user->Restore(Editor("Dentist"));
     user->Type(Editor("Dentist").txtNote, "first half");
     Advance(2000);
-    const std::string copy = "C:\\Jotwright\\Notes\\~Dentist.recovery";
+    const std::string copy = CopyPath();
     ASSERT_TRUE(files.Peek(copy).has_value());
     files.SetDenied(copy, true);
     user->Type(Editor("Dentist").txtNote, "first half, second half");
@@ -414,7 +423,8 @@ TEST_F(RecoveryTest, ACopyOfAProgramThatRunsIsLeftAlone) {
     files.SetLocked("C:\\Jotwright\\Notes\\~Jotwright-" + system.instanceId + ".lock", true);
     const std::string first = system.instanceId;
     system.instanceId = "000000000000000b";
-    const auto before = files.Peek("C:\\Jotwright\\Notes\\~Dentist.recovery");
+    const std::string copy = CopyPath();
+    const auto before = files.Peek(copy);
     RestartProgram();
     files.SetLocked("C:\\Jotwright\\Notes\\~Jotwright-" + first + ".lock", true);
     Start(StandardCode::ReadNotes);
@@ -422,7 +432,7 @@ TEST_F(RecoveryTest, ACopyOfAProgramThatRunsIsLeftAlone) {
     user->Restore(Editor("Dentist"));
     user->Type(Editor("Dentist").txtNote, "typed here");
     Advance(2000);
-    EXPECT_EQ(files.Peek("C:\\Jotwright\\Notes\\~Dentist.recovery"), before);
+    EXPECT_EQ(files.Peek(copy), before);
     EXPECT_EQ(FilesOfNotes().size(), 3U);
 }
 
@@ -432,7 +442,7 @@ TEST_F(RecoveryTest, ATornCopyComesUpBesideTheNote) {
     user->Restore(Editor("Dentist"));
     user->Type(Editor("Dentist").txtNote, "typed before the power went");
     Advance(2000);
-    const std::string copy = "C:\\Jotwright\\Notes\\~Dentist.recovery";
+    const std::string copy = CopyPath();
     std::string bytes = files.Peek(copy).value_or("");
     RestartProgram();
     const std::size_t torn = bytes.find(" before");
@@ -442,6 +452,171 @@ TEST_F(RecoveryTest, ATornCopyComesUpBesideTheNote) {
     Start(StandardCode::ReadNotes);
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "saved");
     EXPECT_TRUE(Editor("Dentist (recovered)").txtNote.text().starts_with("typed"));
+}
+
+TEST_F(RecoveryTest, ACopyAndAFileThatAreHeldForAMomentAtTheStartAreWaitedFor) {
+    PutNote(Record("Dentist", "old"));
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("Dentist"));
+    user->Type(Editor("Dentist").txtNote, "typed");
+    Advance(2000);
+    const std::string copy = CopyPath();
+    RestartProgram();
+    files.SetDenied(copy, true);
+    int pauses = 0;
+    system.onPause = [&] {
+        ++pauses;
+        if (pauses == 3) {
+            files.SetDenied(copy, false);
+            files.SetDenied(PathOf("Dentist"), true);
+        } else if (pauses == 6) {
+            files.SetDenied(PathOf("Dentist"), false);
+        }
+    };
+    Start(StandardCode::ReadNotes);
+    EXPECT_EQ(pauses, 6);
+    EXPECT_EQ(StandardCode::NoteTitles(), Names{"Dentist"});
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed");
+}
+
+TEST_F(RecoveryTest, ACopyIsNotDroppedForANoteWhoseTitleBeginsAlike) {
+    PutNote(Record("ABC", "typed"));
+    PutNote(Record("A", "old"));
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("A"));
+    user->Type(Editor("A").txtNote, "typed");
+    Advance(2000);
+    RestartProgram();
+    PutNote(Record("A", "by another machine"));
+    Start(StandardCode::ReadNotes);
+    EXPECT_EQ(Editor("A (recovered)").txtNote.text(), "typed");
+    // One that was saved under such a title is.
+    user->CloseBox(Editor("A (recovered)"));
+    ASSERT_EQ(Saved("A (recovered)").Text, "typed");
+    RecoveredNote again;
+    again.file = "A.txt";
+    again.base = 1;
+    again.record = Record("A", "typed");
+    RecoveryCopy().Keep(again);
+    KillAndStartAgain();
+    EXPECT_EQ(StandardCode::NoteTitles(), (Names{"A (recovered)", "A", "ABC"}));
+    EXPECT_EQ(FilesOfNotes().size(), 3U);
+}
+
+TEST_F(RecoveryTest, AMissingAlarmIconDoesNotCostTheAlarmOfACopy) {
+    PutNote(Record("Dentist", "text"));
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("Dentist"));
+    user->Pick(Editor("Dentist").dtTime, base::DateTime::FromTime(17, 0, 0));
+    user->Click(Editor("Dentist").cmdAlarm);
+    Advance(2000);
+    const std::string icon = "C:\\Jotwright\\alarmon.ico";
+    const std::string picture = files.Peek(icon).value_or("");
+    files.Remove(icon);
+    RestartProgram();
+    stage->ExpectBox("File not found", "Error Loading File", forms::BoxIcon::None,
+                     forms::BoxButtons::Ok, BoxResult::Ok);
+    Start(StandardCode::ReadNotes);
+    Advance(3000);
+    EXPECT_EQ(StandardCode::NoteTitles(), Names{"Dentist"});
+    files.PutFile(icon, picture);
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Turn Off Alarm");
+    EXPECT_EQ(Editor("Dentist").lblClock.caption(), "5:00:00 PM");
+}
+
+TEST_F(RecoveryTest, ARecoveredNoteWithALongTitleCanBeSaved) {
+    // With its folder and extension, as long as a path may be.
+    const std::string title(259 - std::string("C:\\Jotwright\\Notes\\.txt").size(), 'x');
+    PutNote(Record(title, "old"));
+    Start(StandardCode::ReadNotes);
+    for (const char* text : {"first", "second"}) {
+        user->Restore(Editor(title));
+        user->Type(Editor(title).txtNote, text);
+        Advance(2000);
+        RestartProgram();
+        PutNote(Record(title, std::string("newer than the ") + text));
+        Start(StandardCode::ReadNotes);
+        ASSERT_EQ(StandardCode::NoteTitles().size(), *text == 'f' ? 2U : 3U);
+        const std::string beside =
+            title.substr(0, 219) + (*text == 'f' ? " (recovered)" : " (recovered 2)");
+        EXPECT_EQ(Editor(beside).txtNote.text(), text);
+        user->CloseBox(Editor(beside));
+        EXPECT_EQ(Saved(beside).Text, text);
+    }
+}
+
+TEST_F(RecoveryTest, ACopyOfAnEarlierVersionComesUpBesideTheNote) {
+    auto record = Record("Dentist", "saved");
+    record.ColorIndex = 3;
+    PutNote(record);
+    const auto put = [this](const std::string& title, const std::string& text) {
+        files.PutFile("C:\\Jotwright\\Notes\\~" + title + ".recovery",
+                      "Jotwright recovery copy\r\n" + std::to_string(title.size()) + "\r\n" +
+                          title + "\r\n" + text);
+    };
+    put("Dentist", "typed \"quoted\",\r\nlines \xc3\xa4");
+    put("New", "never saved");
+    PutNote(Record("Same", "saved after all"));
+    put("Same", "saved after all");
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "saved");
+    frmNote& beside = Editor("Dentist (recovered)");
+    EXPECT_EQ(beside.txtNote.text(), "typed \"quoted\",\r\nlines \xc3\xa4");
+    EXPECT_EQ(beside.windowState(), forms::WindowState::Normal);
+    EXPECT_EQ(beside.dtDate.value(), base::DateTime::FromDate(2004, 5, 14));
+    EXPECT_EQ(beside.dtTime.value(), base::DateTime::FromTime(12, 0, 0));
+    EXPECT_EQ(Editor("New").txtNote.text(), "never saved");
+    EXPECT_EQ(StandardCode::NoteTitles().size(), 4U);
+    // Both are unsaved, and outlive another kill.
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("New").txtNote.text(), "never saved");
+    user->CloseBox(Editor("Dentist (recovered)"));
+    EXPECT_EQ(Saved("Dentist (recovered)").Text, "typed \"quoted\",\r\nlines \xc3\xa4");
+    EXPECT_EQ(Saved("Dentist").Text, "saved");
+}
+
+// What each of two programs sees that look at the folder in the same moment.
+struct FilesBeforeTheOther : forms::headless::MemoryFiles {
+    bool FileExists(const std::string& path) override {
+        return !path.ends_with(".recovery") && MemoryFiles::FileExists(path);
+    }
+};
+
+TEST_F(RecoveryTest, TwoProgramsThatWriteACopyInTheSameMomentDoNotShareIt) {
+    FilesBeforeTheOther disk;
+    forms::Machine().files = &disk;
+    disk.PutFolder("C:\\Jotwright\\Notes");
+    for (const char* instance : {"000000000000000a", "000000000000000b"}) {
+        system.instanceId = instance;
+        StandardCode::Shared().RecoveryPaths.clear();
+        RecoveredNote note;
+        note.record = Record("Dentist", instance);
+        RecoveryCopy().Keep(note);
+    }
+    EXPECT_EQ(disk.Names("C:\\Jotwright\\Notes").size(), 2U);
+    forms::Machine().files = &files;
+}
+
+TEST_F(RecoveryTest, TwoProgramsThatTakeOverOneCopyDoNotShareIt) {
+    MakeNote("Dentist", "typed");
+    Advance(2000);
+    RestartProgram();
+    const auto found = RecoveryCopy::Find();
+    ASSERT_EQ(found.size(), 1U);
+    RecoveryCopy first;
+    first.Adopt(found[0]);
+    StandardCode::Shared().RecoveryPaths.clear();
+    system.instanceId = "000000000000000b";
+    RecoveryCopy second;
+    second.Adopt(found[0]);
+    RecoveredNote note = found[0];
+    for (auto [copy, text] : {std::pair{&first, "typed here"}, {&second, "typed there"}}) {
+        note.record.Text = text;
+        copy->Keep(note);
+        EXPECT_TRUE(copy->IsWritten());
+    }
+    EXPECT_EQ(FilesOfNotes().size(), 2U);
 }
 
 TEST_F(RecoveryTest, CopiesAreNotFlushedAndWrittenAtMostEveryTwoSeconds) {

@@ -6,7 +6,9 @@
 #include "app/StandardCode.h"
 #include "forms/Gestures.h"
 #include "notes/NoteStore.h"
+#include "notes/RestoreNotes.h"
 #include "notes/frmDisplayNote.h"
+#include "tests/support/OpenNotes.h"
 #include "tests/support/TestProgram.h"
 
 // What becomes of the note when its alarm display is closed.
@@ -56,6 +58,17 @@ class DisplayClosing : public testing_support::TestProgram {
     void ExpectQuestion(BoxResult answer, forms::headless::Script during = nullptr) {
         stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
                          BoxButtons::YesNo, answer, std::move(during));
+    }
+
+    void ExpectTypedTextAtTheNextStart() {
+        files.SetReadOnly(dentist, false);
+        Restart();
+        Start(StandardCode::ReadNotes);
+        frmNote* note = testing_support::FindOpenNote("Dentist");
+        ASSERT_NE(note, nullptr);
+        EXPECT_EQ(note->txtNote.text(), "typed here");
+        EXPECT_EQ(note->cmdAlarm.caption(), "&Set Alarm");
+        EXPECT_EQ(StandardCode::NoteTitles().size(), 1U);
     }
 
     std::vector<PanelAction> panelActions;
@@ -283,6 +296,68 @@ TEST_F(DisplayClosing, TextThatCannotBeWrittenKeepsTheWindow) {
     user->CloseBox(*display);
     EXPECT_FALSE(display->IsLoaded());
     EXPECT_NE(files.Peek(dentist)->find("typed here"), std::string::npos);
+}
+
+TEST_F(DisplayClosing, TextThatCannotBeWrittenOutlivesTheEndOfTheSession) {
+    auto display = Open();
+    user->Type(display->lblNoteText, "typed here");
+    files.SetReadOnly(dentist, true);
+    forms::gestures::EndSession();
+    EXPECT_TRUE(stage->Boxes().empty());
+    EXPECT_TRUE(runtime->LoadedForms().empty());
+    EXPECT_EQ(files.Peek(dentist), ringing);
+    display.reset();
+    ExpectTypedTextAtTheNextStart();
+}
+
+TEST_F(DisplayClosing, TextOutlivesTheEndOfTheSessionBehindTheReport) {
+    auto display = Open();
+    user->Type(display->lblNoteText, "typed here");
+    files.SetReadOnly(dentist, true);
+    ExpectQuestion(BoxResult::No);
+    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
+                     BoxButtons::Ok, BoxResult::Ok, [] { forms::gestures::EndSession(); });
+    user->CloseBox(*display);
+    EXPECT_TRUE(runtime->HasEnded());
+    display.reset();
+    ExpectTypedTextAtTheNextStart();
+}
+
+TEST_F(DisplayClosing, TextOutlivesTheEndOfTheSessionBehindTheQuestion) {
+    auto display = Open();
+    user->Type(display->lblNoteText, "typed here");
+    files.SetReadOnly(dentist, true);
+    ExpectQuestion(BoxResult::No, [] { forms::gestures::EndSession(); });
+    user->CloseBox(*display);
+    EXPECT_TRUE(runtime->HasEnded());
+    display.reset();
+    ExpectTypedTextAtTheNextStart();
+}
+
+TEST_F(DisplayClosing, ANoteWhoseTextNobodyTypedNeedsNoCopyAtTheEndOfTheSession) {
+    const auto display = Open();
+    files.SetReadOnly(dentist, true);
+    forms::gestures::EndSession();
+    EXPECT_EQ(files.Peek(dentist), ringing);
+    EXPECT_EQ(files.List(notes, ".recovery").size(), 0U);
+}
+
+TEST_F(DisplayClosing, TheCopyOfATextIsGoneOnceTheTextIsSavedOrErased) {
+    for (const BoxResult answer : {BoxResult::No, BoxResult::Yes}) {
+        const auto display = Open();
+        user->Type(display->lblNoteText, "typed here");
+        files.SetReadOnly(dentist, true);
+        ExpectQuestion(BoxResult::No);
+        stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
+                         BoxButtons::Ok, BoxResult::Ok);
+        user->CloseBox(*display);
+        EXPECT_EQ(files.List(notes, ".recovery").size(), 1U);
+        files.SetReadOnly(dentist, false);
+        ExpectQuestion(answer);
+        user->CloseBox(*display);
+        EXPECT_FALSE(display->IsLoaded());
+        EXPECT_EQ(files.List(notes, ".recovery").size(), 0U);
+    }
 }
 
 TEST_F(DisplayClosing, AFailingEraseIsReported) {

@@ -233,6 +233,38 @@ TEST_F(frmNoteClosingTest, MenuEraseThatCannotWriteTheNoteBackLosesNothing) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
 }
 
+TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatCouldNotCloseTheWindowIsSaved) {
+    frmNote& note = MakeNote("Dentist", "text");
+    Start([&note] { note.WriteNote(); });
+    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectWriteError("61 - Disk full");
+    files.FailAt(2, base::ErrorNumber::DiskFull);
+    user->Choose(note.mnuKillNote);
+    files.ClearFaults();
+    ASSERT_TRUE(IsNoteOpen("Dentist"));
+    user->Type(note.txtNote, "typed afterwards");
+    forms::gestures::EndSession();
+    EXPECT_TRUE(runtime->LoadedForms().empty());
+    EXPECT_EQ(Saved("Dentist").Text, "typed afterwards");
+}
+
+TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatFailedOnTheWayIsSaved) {
+    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    bool fails = true;
+    StandardCode::Events().ControlPanel.Subscribe([&fails](PanelAction) {
+        if (fails) {
+            throw base::RuntimeError(base::ErrorNumber::OutOfMemory);
+        }
+    });
+    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    user->Choose(note.mnuKillNote);
+    fails = false;
+    ASSERT_TRUE(IsNoteOpen("Dentist"));
+    user->Type(note.txtNote, "typed afterwards");
+    forms::gestures::EndSession();
+    EXPECT_EQ(Saved("Dentist").Text, "typed afterwards");
+}
+
 TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseIsForGoodUnlessSaved) {
     frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
     stage->ExpectPopup("mnuPop", "mnuKill");

@@ -184,9 +184,14 @@ TEST_F(Notes, WhatWasTypedComesBackWhenTheProgramWasKilled) {
         "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
     // The copy itself: while it is written, its text is in a temporary file already.
     EXPECT_TRUE(ComesTrue([&] {
-        return WholeFile(folder + "\\Notes\\~Shopping.recovery")
-                   .value_or("")
-                   .find("milk, eggs and bread") != std::string::npos;
+        for (const std::string& name : FileNames(folder + "\\Notes")) {
+            if (name.ends_with(".recovery")) {
+                return WholeFile(folder + "\\Notes\\" + name)
+                           .value_or("")
+                           .find("milk, eggs and bread") != std::string::npos;
+            }
+        }
+        return false;
     })) << "a copy beside the note";
     program.Kill();
     ExpectNote("Shopping", written);

@@ -5,6 +5,8 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "forms/win32/devices/Handle.h"
@@ -21,6 +23,39 @@ std::wstring ShellPath(std::wstring_view nativePath) {
         return L"\\\\" + std::wstring(nativePath.substr(longNetworkPrefix.size()));
     }
     return std::wstring(nativePath.substr(longPrefix.size()));
+}
+
+std::optional<DWORD> RegistryNumber(HKEY hive, const std::wstring& key, const wchar_t* value) {
+    DWORD number = 0;
+    DWORD size = sizeof number;
+    return ::RegGetValueW(hive, key.c_str(), value, RRF_RT_REG_DWORD, nullptr, &number, &size) ==
+                   ERROR_SUCCESS
+               ? std::optional(number)
+               : std::nullopt;
+}
+
+bool IsForbiddenByPolicy() {
+    const std::wstring key = L"Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
+    return RegistryNumber(HKEY_CURRENT_USER, key, L"NoRecycleFiles").value_or(0) != 0 ||
+           RegistryNumber(HKEY_LOCAL_MACHINE, key, L"NoRecycleFiles").value_or(0) != 0;
+}
+
+std::uint64_t SizeOf(const std::wstring& nativePath) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    ::GetFileAttributesExW(nativePath.c_str(), GetFileExInfoStandard, &data);
+    return static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U | data.nFileSizeLow;
+}
+
+// Bytes. The user's choice for the volume is in mebibytes; until there is one, the system takes a
+// twentieth of the volume or more.
+std::uint64_t CapacityOf(const wchar_t* root, std::optional<DWORD> chosen) {
+    if (chosen) {
+        return static_cast<std::uint64_t>(*chosen) << 20U;
+    }
+    constexpr unsigned leastShare = 20;
+    ULARGE_INTEGER total{};
+    ::GetDiskFreeSpaceExW(root, nullptr, &total, nullptr);
+    return total.QuadPart / leastShare;
 }
 
 DWORD WINAPI RecycleOnThread(void* argument) {
@@ -54,13 +89,13 @@ void WaitWithoutPosted(HANDLE thread) {
 bool HasRecycleBin(const std::wstring& nativePath) {
     const std::wstring path = ShellPath(nativePath);
     wchar_t root[MAX_PATH]{};
-    if (::GetVolumePathNameW(path.c_str(), root, MAX_PATH) == 0 ||
+    if (IsForbiddenByPolicy() || ::GetVolumePathNameW(path.c_str(), root, MAX_PATH) == 0 ||
         ::GetDriveTypeW(root) != DRIVE_FIXED) {
         return false;
     }
     wchar_t volume[MAX_PATH]{};
     if (::GetVolumeNameForVolumeMountPointW(root, volume, MAX_PATH) == 0) {
-        return true;
+        return SizeOf(nativePath) <= CapacityOf(root, std::nullopt);
     }
     // The user's choice for the volume bears the part of its name that stands in braces.
     const std::wstring name = volume;
@@ -68,11 +103,9 @@ bool HasRecycleBin(const std::wstring& nativePath) {
     const std::wstring key =
         L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\BitBucket\\Volume\\" +
         name.substr(brace, name.find(L'}') + 1 - brace);
-    DWORD isSwitchedOff = 0;
-    DWORD size = sizeof isSwitchedOff;
-    return ::RegGetValueW(HKEY_CURRENT_USER, key.c_str(), L"NukeOnDelete", RRF_RT_REG_DWORD,
-                          nullptr, &isSwitchedOff, &size) != ERROR_SUCCESS ||
-           isSwitchedOff == 0;
+    return RegistryNumber(HKEY_CURRENT_USER, key, L"NukeOnDelete").value_or(0) == 0 &&
+           SizeOf(nativePath) <=
+               CapacityOf(root, RegistryNumber(HKEY_CURRENT_USER, key, L"MaxCapacity"));
 }
 
 void MoveToRecycleBin(const std::wstring& nativePath) {

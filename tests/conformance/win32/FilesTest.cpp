@@ -329,6 +329,48 @@ TEST_F(WinFilesTest, RecycledFilesAreGoneAndNoTimerRunsMeanwhile) {
     EXPECT_FALSE(files.FileExists(note));
 }
 
+// A number in the registry for as long as a test takes.
+class RegistryChoice {
+  public:
+    RegistryChoice(std::wstring choiceKey, const wchar_t* choiceValue, DWORD number)
+        : key(std::move(choiceKey)), value(choiceValue) {
+        EXPECT_EQ(::RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), value, REG_DWORD, &number,
+                                    sizeof number),
+                  ERROR_SUCCESS);
+    }
+    ~RegistryChoice() { ::RegDeleteKeyValueW(HKEY_CURRENT_USER, key.c_str(), value); }
+    RegistryChoice(const RegistryChoice&) = delete;
+    RegistryChoice& operator=(const RegistryChoice&) = delete;
+
+  private:
+    std::wstring key;
+    const wchar_t* value;
+};
+
+TEST_F(WinFilesTest, WhatTheShellWouldDestroyIsNotGivenToIt) {
+    const std::wstring explorer = L"Software\\Microsoft\\Windows\\CurrentVersion\\";
+    wchar_t root[MAX_PATH]{};
+    wchar_t volume[MAX_PATH]{};
+    ASSERT_NE(::GetVolumePathNameW(Wide(note).c_str(), root, MAX_PATH), 0);
+    ASSERT_NE(::GetVolumeNameForVolumeMountPointW(root, volume, MAX_PATH), 0);
+    const std::wstring name = volume;
+    const std::size_t brace = name.find(L'{');
+    const RegistryChoice oneMebibyte(explorer + L"Explorer\\BitBucket\\Volume\\" +
+                                         name.substr(brace, name.find(L'}') + 1 - brace),
+                                     L"MaxCapacity", 1);
+    files.Write(note, std::string((1U << 20U) + 1, 'x'));
+    EXPECT_FALSE(files.Recycle(note));
+    EXPECT_TRUE(files.FileExists(note));
+    files.Write(note, std::string(1U << 20U, 'x'));
+    {
+        const RegistryChoice policy(explorer + L"Policies\\Explorer", L"NoRecycleFiles", 1);
+        EXPECT_FALSE(files.Recycle(note));
+        EXPECT_TRUE(files.FileExists(note));
+    }
+    EXPECT_TRUE(files.Recycle(note));
+    EXPECT_FALSE(files.FileExists(note));
+}
+
 TEST(FileErrorsTest, CodesOfTheSystemHaveTheirNumbers) {
     EXPECT_EQ(ErrorOfCode(ERROR_DISK_FULL), base::ErrorNumber::DiskFull);
     EXPECT_EQ(ErrorOfCode(ERROR_HANDLE_DISK_FULL), base::ErrorNumber::DiskFull);
