@@ -119,11 +119,23 @@ void Parse(const std::string& text, StandardCode::NoteRecord& record) {
 }
 
 void Decode(const std::string& bytes, StandardCode::NoteRecord& record) {
-    Parse(RecordText::FromBytes(bytes), record);
+    const std::string text = RecordText::FromBytes(bytes);
+    const auto places = FindPlaces(text) ? std::nullopt : FindPlaces(bytes);
+    if (!places) {
+        Parse(text, record);
+        return;
+    }
+    // The code page has pairs of bytes, and the last byte of the title or of the text has taken the
+    // quote behind it for the second half of a character.
+    Parse("\"\",\"\"," + bytes.substr(places->rest), record);
+    record.Title = RecordText::FromBytes(bytes.substr(1, places->titleEnd - 1));
+    record.Text =
+        RecordText::FromBytes(bytes.substr(places->textStart, places->textEnd - places->textStart));
 }
 
 bool IsWhole(const std::string& bytes) {
-    return bytes.ends_with(base::lineBreak) && FindPlaces(RecordText::FromBytes(bytes)).has_value();
+    return bytes.ends_with(base::lineBreak) &&
+           (FindPlaces(RecordText::FromBytes(bytes)) || FindPlaces(bytes));
 }
 
 std::uint64_t Fingerprint(const std::string& bytes) {

@@ -4,20 +4,14 @@
 #include <wctype.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <stdexcept>
 
 #include "base/Text.h"
+#include "forms/headless/CodePages.h"
 
 namespace forms::headless {
 
 namespace {
-
-// Characters of code page 1252 from 0x80 to 0x9f; the five bytes without one stand for themselves.
-constexpr std::array<char32_t, 32> windows1252{
-    0x20ac, 0x0081, 0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008d, 0x017d, 0x008f, 0x0090, 0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
-    0x2013, 0x2014, 0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, 0x009d, 0x017e, 0x0178};
 
 std::string Padded(int value, std::size_t width) {
     std::string digits = std::to_string(value);
@@ -86,29 +80,19 @@ std::string HeadlessLocale::WeekdayName(base::DateTime value) {
 std::string HeadlessLocale::ToUpper(const std::string& text) { return UpperCase(text); }
 
 std::optional<std::string> HeadlessLocale::ToAnsi(const std::string& utf8) {
-    std::string bytes;
-    for (std::size_t position = 0; position < utf8.size();) {
-        const char32_t character = base::NextCharacter(utf8, position);
-        const auto* const special = std::find(windows1252.begin(), windows1252.end(), character);
-        if (character < 0x80 || (character >= 0xa0 && character <= 0xff)) {
-            bytes += static_cast<char>(character);
-        } else if (special != windows1252.end()) {
-            bytes += static_cast<char>(0x80 + (special - windows1252.begin()));
-        } else {
-            return std::nullopt;
-        }
+    if (codePage != utf8CodePage) {
+        return ToCodePage(codePage, utf8);
     }
-    return bytes;
+    const bool isAscii = std::all_of(utf8.begin(), utf8.end(),
+                                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return isAscii ? std::optional(utf8) : std::nullopt;
 }
 
 std::string HeadlessLocale::FromAnsi(const std::string& bytes) {
-    std::string text;
-    for (const char byte : bytes) {
-        const auto code = static_cast<std::uint8_t>(byte);
-        const bool isSpecial = code >= 0x80 && code <= 0x9f;
-        base::AppendCharacter(text, isSpecial ? windows1252[code - 0x80U] : char32_t{code});
+    if (codePage != utf8CodePage) {
+        return FromCodePage(codePage, bytes);
     }
-    return text;
+    return base::ToValidUtf8(bytes) == bytes ? bytes : FromCodePage(languageCodePage, bytes);
 }
 
 std::string UpperCase(std::string_view utf8) {

@@ -22,6 +22,10 @@ class HeadlessLocale : public Locale {
 
     base::NumberFormat numbers;
 
+    static constexpr int utf8CodePage = 65001;
+    int codePage = 1252;          // of the system: 1252, 932, 936 or 65001 (UTF-8)
+    int languageCodePage = 1252;  // the older one of its language, if the system's is UTF-8
+
     std::string ShortDate(base::DateTime value) override;
     std::string TimeText(base::DateTime value) override;
     std::string WeekdayName(base::DateTime value) override;

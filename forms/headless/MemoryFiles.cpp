@@ -122,7 +122,11 @@ std::vector<FileEntry> MemoryFiles::List(const std::string& folder, const std::s
     if (!FolderExists(folder)) {
         return entries;
     }
-    const std::string prefix = Place(folder).key + '\\';
+    const std::string folderKey = Place(folder).key;
+    if (Find(folderKey)->denied) {
+        Fail(base::ErrorNumber::PermissionDenied);
+    }
+    const std::string prefix = folderKey + '\\';
     const std::string upperSuffix = UpperCase(suffix);
     for (auto at = nodes.lower_bound(prefix); at != nodes.end() && at->first.starts_with(prefix);
          ++at) {
@@ -440,7 +444,11 @@ void MemoryFiles::Step(Whole whole, Part part) {
     if (killMoment == Moment::Middle) {
         part();
     } else if (killMoment == Moment::After) {
-        whole();
+        try {
+            whole();
+        } catch (const base::RuntimeError&) {
+            // The program does not live to hear of it.
+        }
     }
     Die();
 }

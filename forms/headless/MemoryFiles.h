@@ -60,7 +60,8 @@ class MemoryFiles : public FileSystem {
     // A read-only file cannot be changed, replaced or deleted; in a read-only folder nothing can be
     // made, renamed or deleted (75).
     void SetReadOnly(const std::string& path, bool readOnly);
-    // As if another program held the file, or as if the user had no right to it (70).
+    // As if another program held the file, or as if the user had no right to it (70). A folder's
+    // files can neither be listed, read nor changed.
     void SetDenied(const std::string& path, bool denied);
     // As if another program that runs held the lock.
     void SetLocked(const std::string& path, bool locked);

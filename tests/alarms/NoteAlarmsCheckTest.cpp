@@ -38,33 +38,29 @@ TEST_F(NoteAlarmsCheckTest, WithoutADueNoteThereIsNothing) {
     EXPECT_FALSE(Shared().AlarmSounding);
 }
 
-TEST_F(NoteAlarmsCheckTest, ANoteWithoutAudioAlarmWantsNoSound) {
-    PutAlarm(1, "Dentist", 0);
-    const Opened opened = Check();
-    ASSERT_NE(opened.last, nullptr);
-    EXPECT_FALSE(opened.wantsSound);
-    NoteAlarmsCheck::StartSound(opened);
-    EXPECT_FALSE(opened.last->tmrSoundAlarm.enabled());
-}
-
-TEST_F(NoteAlarmsCheckTest, NoSoundIsWantedWhileAnAlarmSounds) {
-    PutAlarm(1, "Dentist", 1);
-    Shared().AlarmSounding = true;
-    const Opened opened = Check();
-    ASSERT_NE(opened.last, nullptr);
-    EXPECT_FALSE(opened.wantsSound);
-}
-
-TEST_F(NoteAlarmsCheckTest, TheLastDisplayGetsTheSoundOfAnyOfThem) {
-    PutAlarm(1, "One", 1);
-    PutAlarm(2, "Two", 0);
-    const Opened opened = Check();
-    ASSERT_NE(opened.last, nullptr);
-    EXPECT_EQ(opened.last->caption(), "Two");
-    EXPECT_TRUE(opened.wantsSound);
-    NoteAlarmsCheck::StartSound(opened);
-    EXPECT_TRUE(opened.last->tmrSoundAlarm.enabled());
-    EXPECT_TRUE(Shared().AlarmSounding);
+// Any of the due notes can ask for the sound; the last display plays it.
+TEST_F(NoteAlarmsCheckTest, TheLastDisplaySoundsIfAnyNoteAsksForItInSilence) {
+    struct Case {
+        std::int16_t firstAudio;
+        std::int16_t secondAudio;
+        bool alarmSounds;
+        bool wantsSound;
+    };
+    for (const Case& test : {Case{0, 0, false, false}, Case{1, 0, false, true},
+                             Case{0, 1, false, true}, Case{1, 1, true, false}}) {
+        SCOPED_TRACE(testing::Message() << test.firstAudio << test.secondAudio << test.alarmSounds);
+        Restart();
+        PutAlarm(1, "One", test.firstAudio);
+        PutAlarm(2, "Two", test.secondAudio);
+        Shared().AlarmSounding = test.alarmSounds;
+        const Opened opened = Check();
+        ASSERT_NE(opened.last, nullptr);
+        EXPECT_EQ(opened.last->caption(), "Two");
+        EXPECT_EQ(opened.wantsSound, test.wantsSound);
+        NoteAlarmsCheck::StartSound(opened);
+        EXPECT_EQ(opened.last->tmrSoundAlarm.enabled(), test.wantsSound);
+        EXPECT_EQ(Shared().AlarmSounding, test.wantsSound || test.alarmSounds);
+    }
 }
 
 TEST_F(NoteAlarmsCheckTest, ADisplayThatWasClosedMeanwhileIsSilent) {

@@ -243,3 +243,58 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionWaitsForNoAnswer) {
     StartQuietly();
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
 }
+
+// One file that cannot be read, and many open notes: an exit that saves them all reports nothing
+// more.
+TEST_F(frmMainExitTest, OneBadFileIsNotReportedForEachNoteThatTheExitSaves) {
+    for (int number = 1; number <= 10; ++number) {
+        PutNote("Note " + std::to_string(1000 + number));
+    }
+    PutNote("Zebra", "#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    stage->improvise.box = [](const BoxRequest&) { return BoxResult::Ok; };
+    StartQuietly();
+    // The array and the restore report it, once each.
+    EXPECT_EQ(stage->Boxes().size(), 2U);
+    for (int number = 1; number <= 10; ++number) {
+        frmNote& note = Editor("Note " + std::to_string(1000 + number));
+        user->Restore(note);
+        user->Type(note.txtNote, "changed");
+    }
+    const std::size_t before = stage->Boxes().size();
+    Start([this] { Main().Unload(); });
+    EXPECT_TRUE(runtime->HasEnded());
+    EXPECT_EQ(stage->Boxes().size(), before);
+}
+
+TEST_F(frmMainExitTest, AnAlarmThatTheExitLeavesToTheRecoveryCopyRingsAfterTheNextStart) {
+    PutNote("Dentist");
+    files.SetReadOnly(NoteFile("Dentist"), true);
+    StartQuietly();
+    frmNote& note = Editor("Dentist");
+    user->Restore(note);
+    user->Pick(note.dtTime, base::DateTime::FromTime(9, 5, 0));
+    user->Click(note.chkAudioAlarm);
+    user->Click(note.cmdAlarm);
+    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
+                     BoxButtons::Ok, BoxResult::Ok);
+    user->Click(Main().cmdExit);
+    ASSERT_TRUE(runtime->HasEnded());
+    const auto saved = files.Peek(NoteFile("Dentist"));
+    ASSERT_TRUE(saved);
+    EXPECT_NE(saved->find("\"0\",0,\"yes\""), std::string::npos) << "the alarm is saved";
+
+    Restart();
+    StartQuietly();
+    EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Turn Off Alarm");
+    user->Minimize(Editor("Dentist"));
+    bool hasRung = false;
+    stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", BoxIcon::None,
+                     BoxButtons::Ok, BoxResult::Ok, [&] {
+                         hasRung = true;
+                         EXPECT_TRUE(sound.IsPlaying());
+                         EXPECT_EQ(Now().TimeOnly(), base::DateTime::FromTime(9, 5, 0));
+                     });
+    Advance(300'000);
+    EXPECT_TRUE(hasRung);
+    EXPECT_EQ(Editor("Dentist").windowState(), WindowState::Normal);
+}

@@ -17,6 +17,18 @@ class Splash : public testing_support::WholeProgram {
     void StoreViewTips(const std::string& value) {
         settings.values[{"Startup", "View Tips"}] = value;
     }
+
+    // However often the user opens the tips and presses OK, the box shows this and OK stores it.
+    void ExpectEachTimeInTheMenu(int checked) {
+        for (int opened = 0; opened < 3; ++opened) {
+            stage->ExpectModal<frmTip>([this, checked](frmTip& tips) {
+                EXPECT_EQ(tips.chkShowTips.value(), checked);
+                user->Click(tips.cmdOK);
+            });
+            user->Choose(Main().mnuHelpShowTips);
+            EXPECT_EQ(settings.Read("Startup", "View Tips"), std::to_string(checked));
+        }
+    }
 };
 
 TEST_F(Splash, ShowsMascotNameAndOwner) {
@@ -78,16 +90,6 @@ TEST_F(Splash, TheTipsAreShownModallyUnlessTheUserSwitchedThemOff) {
     EXPECT_FALSE(LoadedDefault<frmTip>()->IsVisible());
 }
 
-TEST_F(Splash, SuppressedTipsStillOpenFromTheMenu) {
-    StartQuietly();
-    stage->ExpectModal<frmTip>([this](frmTip& tips) {
-        EXPECT_EQ(tips.chkShowTips.value(), 1);
-        user->Click(tips.cmdOK);
-    });
-    user->Choose(Main().mnuHelpShowTips);
-    EXPECT_EQ(settings.Read("Startup", "View Tips"), "1");
-}
-
 TEST_F(Splash, TheBoxShowsTheValueReadAtStartUpAndOkWritesIt) {
     stage->ExpectModal<frmTip>([this](frmTip& tips) {
         user->Click(tips.chkShowTips);
@@ -96,27 +98,12 @@ TEST_F(Splash, TheBoxShowsTheValueReadAtStartUpAndOkWritesIt) {
     Start(StandardCode::Main);
     Advance(1000);
     EXPECT_EQ(settings.Read("Startup", "View Tips"), "1");
-
-    for (int opened = 0; opened < 3; ++opened) {
-        stage->ExpectModal<frmTip>([this](frmTip& tips) {
-            EXPECT_EQ(tips.chkShowTips.value(), 0);
-            user->Click(tips.cmdOK);
-        });
-        user->Choose(Main().mnuHelpShowTips);
-        EXPECT_EQ(settings.Read("Startup", "View Tips"), "0");
-    }
+    ExpectEachTimeInTheMenu(0);
 }
 
 TEST_F(Splash, TipsThatWereSuppressedStaySuppressedHoweverOftenTheyAreOpened) {
     StartQuietly();
-    for (int opened = 0; opened < 3; ++opened) {
-        stage->ExpectModal<frmTip>([this](frmTip& tips) {
-            EXPECT_EQ(tips.chkShowTips.value(), 1);
-            user->Click(tips.cmdOK);
-        });
-        user->Choose(Main().mnuHelpShowTips);
-        EXPECT_EQ(settings.Read("Startup", "View Tips"), "1");
-    }
+    ExpectEachTimeInTheMenu(1);
 }
 
 TEST_F(Splash, AValueThatIsNoCheckMarkShowsTheTipsWithAnEmptyBox) {

@@ -266,11 +266,7 @@ class FaultTest : public testing_support::WholeProgram {
                 Restart();
                 ++outcome.cases;
                 ExpectOldOrNew(operation, before, after, outcome);
-                StartAgain();
-                ExpectNoLeftovers();
-                if (!operation.typed.empty()) {
-                    EXPECT_EQ(Editor("Dentist").txtNote.text(), operation.typed);
-                }
+                ExpectTextComesBack(operation);
             }
         }
     }
@@ -279,20 +275,37 @@ class FaultTest : public testing_support::WholeProgram {
         const auto [before, after] = Undisturbed(operation, outcome);
         for (int step = 1; step <= outcome.steps; ++step) {
             for (const base::ErrorNumber error : errors) {
-                SCOPED_TRACE(std::string(operation.name) + ", step " + std::to_string(step) +
-                             " fails with " + base::DescriptionOf(error));
-                Prepare(operation);
-                const std::size_t boxesBefore = stage->Boxes().size();
-                files.FailAt(step, error);
-                Act(operation);
-                ++outcome.cases;
-                ExpectOldOrNew(operation, before, after, outcome);
-                if (WatchedFiles() != after && operation.reports) {
-                    ExpectReport(boxesBefore, error);
+                for (const bool goesOn : {true, false}) {
+                    SCOPED_TRACE(std::string(operation.name) + ", step " + std::to_string(step) +
+                                 " fails with " + base::DescriptionOf(error) +
+                                 (goesOn ? "" : ", then the program is started again"));
+                    Prepare(operation);
+                    const std::size_t boxesBefore = stage->Boxes().size();
+                    files.FailAt(step, error);
+                    Act(operation);
+                    ++outcome.cases;
+                    ExpectOldOrNew(operation, before, after, outcome);
+                    if (WatchedFiles() != after && operation.reports) {
+                        ExpectReport(boxesBefore, error);
+                    }
+                    files.ClearFaults();
+                    if (goesOn) {
+                        ExpectTextIsKept(operation);
+                    } else {
+                        Restart();
+                        ExpectTextComesBack(operation);
+                    }
                 }
-                files.ClearFaults();
-                ExpectTextIsKept(operation);
             }
+        }
+    }
+
+    // At the next start.
+    void ExpectTextComesBack(const Operation& operation) {
+        StartAgain();
+        ExpectNoLeftovers();
+        if (!operation.typed.empty()) {
+            EXPECT_EQ(Editor("Dentist").txtNote.text(), operation.typed);
         }
     }
 

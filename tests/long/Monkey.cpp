@@ -279,7 +279,7 @@ void Monkey::AddControl(Control& control, Choices& choices) {
                     choices.push_back({1, "button " + button.key + " of " + name,
                                        [this, &toolbar, key = button.key] {
                                            if (key == "Erase") {
-                                               erased.insert(toolbar.form.caption());
+                                               erased.insert(toolbar.form.weak_from_this());
                                            }
                                            user->Click(toolbar, key);
                                        }});
@@ -414,24 +414,18 @@ void Monkey::Kill() {
         Advance(promised);
     }
     const bool isCalm = clock.MonotonicMilliseconds() - calmSince >= promised && !everTrouble;
-    const auto texts = runtime->HasEnded() ? std::map<std::string, std::string>() : OpenTexts();
+    const auto texts = runtime->HasEnded() ? std::vector<OpenText>() : OpenTexts();
     Restart();
     StartProgram();
     userDropped = true;
     if (!isCalm || runtime->HasEnded()) {
         return;
     }
-    for (const auto& [title, text] : texts) {
-        const auto* editor = FindWindow<frmNote>(title);
-        StandardCode::NoteRecord record;
-        try {
-            ::NoteFile::Decode(files.Peek(NoteFile(title)).value_or(""), record);
-        } catch (const base::RuntimeError&) {
-            record.Text.clear();
-        }
-        const bool isThere = editor != nullptr && editor->txtNote.text() == text;
-        EXPECT_TRUE(isThere || record.Text == text || text.empty())
-            << title << " has lost: " << text;
+    for (const OpenText& note : texts) {
+        // A new note without a word is not worth a copy.
+        const bool isEmpty = note.text.empty() && !note.wasSaved;
+        EXPECT_TRUE(isEmpty || IsInEditor(note) || IsInFile(note))
+            << note.title << " has lost: " << note.text;
     }
 }
 

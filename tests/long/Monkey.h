@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
-#include <map>
+#include <memory>
 #include <random>
 #include <set>
 #include <string>
@@ -41,6 +41,15 @@ class Monkey : public testing_support::WholeProgram {
         std::function<void()> act;
     };
     using Choices = std::vector<Choice>;
+
+    using Window = std::weak_ptr<forms::Form>;
+    struct OpenText {
+        Window window;
+        std::string title;
+        std::string file;  // that the text is in once it is saved
+        bool wasSaved;
+        std::string text;
+    };
 
     int Below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random); }
     bool OneIn(int number) { return Below(number) == 0; }
@@ -85,8 +94,12 @@ class Monkey : public testing_support::WholeProgram {
     void CheckSounds();
     void CheckFiles();
     void CheckVanished();
-    // Texts of the open editors by title; titles that stand for one file are left out.
-    std::map<std::string, std::string> OpenTexts();
+    // What the open editors show, in the order in which they were opened.
+    std::vector<OpenText> OpenTexts() const;
+    // Whether the note's file says so, or was put aside with this text because another note has
+    // taken its place.
+    bool IsInFile(const OpenText& note) const;
+    static bool IsInEditor(const OpenText& note);
 
     std::mt19937 random;
     std::deque<std::string> story;
@@ -96,13 +109,13 @@ class Monkey : public testing_support::WholeProgram {
     std::size_t mostForms = 0;
     std::size_t mostNotes = 0;
     int depth = 0;
-    bool trouble = false;        // a device fails now
-    bool everTrouble = false;    // since the program's start
-    bool behindItsBack = false;  // files changed that the program has not read since
-    bool userDropped = false;    // this gesture answered that something be erased or not saved
-    std::int64_t calmSince = 0;  // monotonic: no trouble and nothing typed since then
-    std::map<std::string, std::string> before;  // OpenTexts before the gesture
-    std::set<std::string> erased;               // titles of editors whose Erase button was pressed
+    bool trouble = false;          // a device fails now
+    bool everTrouble = false;      // since the program's start
+    bool behindItsBack = false;    // files changed that the program has not read since
+    bool userDropped = false;      // this gesture answered that something be erased or not saved
+    std::int64_t calmSince = 0;    // monotonic: no trouble and nothing typed since then
+    std::vector<OpenText> before;  // OpenTexts before the gesture
+    std::set<Window, std::owner_less<Window>> erased;  // editors whose Erase button was pressed
 };
 
 }  // namespace long_tests

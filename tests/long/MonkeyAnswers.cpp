@@ -62,10 +62,6 @@ void Monkey::Type(TextBox& textBox) {
     if (isNote && OneIn(2)) {
         text = textBox.text() + text;
     }
-    // A note's file has no way to hold a double quote: what becomes of one is settled elsewhere.
-    if (!isTitle) {
-        std::erase(text, '"');
-    }
     constexpr std::size_t longest = 4000;
     calmSince = clock.MonotonicMilliseconds();
     user->Type(textBox, text.size() > longest ? std::string() : text);

@@ -3,11 +3,10 @@
 
 #include "alarms/Bell.h"
 #include "alarms/SpecialAlarmsFile.h"
-#include "base/Text.h"
+#include "notes/EditedNote.h"
 #include "notes/NoteFile.h"
 #include "notes/NoteStore.h"
 #include "tests/long/Monkey.h"
-#include "tests/support/OpenNotes.h"
 
 using namespace forms;
 using StandardCode::Shared;
@@ -26,21 +25,42 @@ bool IsDisplay(const Form& form) { return dynamic_cast<const frmDisplayNote*>(&f
 
 }  // namespace
 
-std::map<std::string, std::string> Monkey::OpenTexts() {
-    std::map<std::string, std::string> texts;
-    std::map<std::string, int> sharers;
-    for (const auto& form : runtime->LoadedForms()) {
-        auto* note = dynamic_cast<frmNote*>(form.get());
-        if (note != nullptr && note->HoldsNote()) {
-            texts[note->caption()] = note->txtNote.text();
-            ++sharers[locale.ToUpper(base::Trim(note->caption()))];
-        }
+std::vector<Monkey::OpenText> Monkey::OpenTexts() const {
+    std::vector<OpenText> texts;
+    for (const EditedNote* note : StandardCode::Notes().OpenNotes()) {
+        auto& editor = static_cast<frmNote&>(note->Editor().Window());
+        const bool wasSaved = !note->File().empty();
+        texts.push_back({editor.weak_from_this(), note->Title(),
+                         wasSaved ? note->File() : NoteStore::FileNameFor(note->Title()), wasSaved,
+                         editor.txtNote.text()});
     }
-    std::erase_if(texts, [&](const auto& entry) {
-        return sharers[locale.ToUpper(base::Trim(entry.first))] > 1 ||
-               entry.second.find('"') != std::string::npos;
-    });
     return texts;
+}
+
+bool Monkey::IsInFile(const OpenText& note) const {
+    const auto says = [&note](const std::string& bytes) {
+        StandardCode::NoteRecord record;
+        try {
+            ::NoteFile::Decode(bytes, record);
+            return record.Text == note.text;
+        } catch (const base::RuntimeError&) {
+            return false;
+        }
+    };
+    if (says(files.Peek(notesFolder + '\\' + note.file).value_or(""))) {
+        return true;
+    }
+    const auto& recycled = files.RecycledBytes();
+    return std::any_of(recycled.rbegin(), recycled.rend(), says);
+}
+
+bool Monkey::IsInEditor(const OpenText& note) {
+    const auto& open = StandardCode::Notes().OpenNotes();
+    return std::any_of(open.begin(), open.end(), [&note](const EditedNote* other) {
+        return (other->Title() == note.title ||
+                other->Title().starts_with(note.title + " (recovered")) &&
+               static_cast<frmNote&>(other->Editor().Window()).txtNote.text() == note.text;
+    });
 }
 
 void Monkey::Check() {
@@ -94,7 +114,7 @@ void Monkey::CheckNotes() {
     EXPECT_EQ(titles, open) << "the list of open titles";
     if (auto* main = LoadedDefault<frmMain>()) {
         const bool isRoom = Shared().NoteCount < StandardCode::maximumNotes;
-        EXPECT_TRUE(main->cmdMakeNote.enabled() == isRoom || (!isRoom && everTrouble));
+        EXPECT_EQ(main->cmdMakeNote.enabled(), isRoom);
         EXPECT_EQ(main->txtNoteTitle.enabled(), main->cmdMakeNote.enabled());
     }
 }
@@ -132,26 +152,21 @@ void Monkey::CheckFiles() {
     }
 }
 
-// An editor that closed without being told to drop anything has left its text in the file.
+// An editor that closed without being told to drop anything has left its text in its file.
 void Monkey::CheckVanished() {
     // Through the control panel, a text that has kept its length is no change.
     if (userDropped || behindItsBack || Shared().ControlPanelMode) {
         return;
     }
-    const auto now = OpenTexts();
-    for (const auto& [title, text] : before) {
-        if (now.count(title) != 0 || erased.count(title) != 0 ||
-            testing_support::IsNoteOpen(title)) {
-            continue;
-        }
-        StandardCode::NoteRecord record;
-        try {
-            ::NoteFile::Decode(files.Peek(NoteFile(title)).value_or(""), record);
-        } catch (const base::RuntimeError& error) {
-            ADD_FAILURE() << title << " was closed; its file: " << error.description();
-            continue;
-        }
-        EXPECT_EQ(record.Text, text) << title << " was closed";
+    const auto& open = StandardCode::Notes().OpenNotes();
+    for (const OpenText& note : before) {
+        const auto window = note.window.lock();
+        const bool isOpen =
+            std::any_of(open.begin(), open.end(), [&window](const EditedNote* other) {
+                return &other->Editor().Window() == window.get();
+            });
+        EXPECT_TRUE(isOpen || erased.contains(note.window) || IsInFile(note))
+            << note.title << " was closed; " << note.file << " does not say: " << note.text;
     }
 }
 

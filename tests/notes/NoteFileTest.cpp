@@ -110,6 +110,30 @@ TEST_F(NoteFileTest, TextOutsideTheCodePageIsUtf8BehindAMark) {
     EXPECT_EQ(Decoded(bytes), record);
 }
 
+TEST_F(NoteFileTest, AQuoteBehindTheFirstByteOfAPairStillEndsTitleAndText) {
+    const std::string fields = ",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
+    for (const int codePage : {932, 936}) {
+        locale.codePage = codePage;
+        for (const auto& [title, text] : {std::pair<std::string, std::string>{"caf\xe4", "plain"},
+                                          {"plain", "caf\xe4"},
+                                          {"caf\xe4", "\"a\xe4\" b\xe4"},
+                                          {"\xe4", ""}}) {
+            const std::string bytes = '"' + title + "\",\"" + text + '"' + fields;
+            const NoteRecord record = Decoded(bytes);
+            EXPECT_EQ(record.Title, locale.FromAnsi(title)) << codePage;
+            EXPECT_EQ(record.Text, locale.FromAnsi(text)) << codePage;
+            EXPECT_EQ(record.AlarmDate, DateTime::FromDate(2004, 5, 14));
+            EXPECT_EQ(record.AlarmTime, DateTime::FromTime(9, 30, 0));
+            EXPECT_EQ(record.ColorIndex, 5);
+            EXPECT_EQ(record.FontSize, 12);
+            EXPECT_EQ(record.AlarmState, "1");
+            EXPECT_EQ(record.AudioAlarm, 1);
+            EXPECT_EQ(record.Trailer, "yes");
+            EXPECT_TRUE(NoteFile::IsWhole(bytes));
+        }
+    }
+}
+
 TEST_F(NoteFileTest, ReadsAMarkedFileThatAnotherProgramSaved) {
     EXPECT_EQ(Decoded(byteOrderMark + NoteFile::Encode(Dentist())), Dentist());
     NoteRecord broken = Dentist();

@@ -303,13 +303,18 @@ TEST_F(AlarmDisplay, ItsMenuOpensOnTheRightButton) {
 TEST_F(AlarmDisplay, PrintsWhatItShows) {
     Fill({.Title = "Dentist", .Text = "call"});
     const auto display = Display();
+    user->Type(display->lblNoteText, "call\r\n\r\nask");
     stage->ExpectPopup("mnuPop", "mnuPrint");
     user->RightClick(*display);
     ASSERT_EQ(printer.documents.size(), 1u);
     EXPECT_TRUE(printer.documents[0].ended);
-    const std::string printed = printer.documents[0].Text();
-    EXPECT_NE(printed.find("Note Title: Dentist"), std::string::npos);
-    EXPECT_NE(printed.find("call"), std::string::npos);
+    const auto& lines = printer.documents[0].lines;
+    const std::vector<std::string> texts{"", "", "Note Title: Dentist", "", "call\r\n\r\nask"};
+    ASSERT_EQ(lines.size(), texts.size());
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        EXPECT_EQ(lines[i].text, texts[i]) << i;
+        EXPECT_EQ(lines[i].fontSize, i < 2 ? 0 : 12) << i;
+    }
     EXPECT_TRUE(display->IsVisible());
 }
 

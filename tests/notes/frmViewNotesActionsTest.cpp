@@ -65,7 +65,33 @@ TEST_F(ViewNotes, EditOfANoteThatIsOpenBringsItsEditorUp) {
     EXPECT_FALSE(note->mnuShow.enabled());
     EXPECT_FALSE(IsOpen());
     EXPECT_EQ(StandardCode::NoteTitles(), std::vector<std::string>{"Milk"});
-    CloseNotes();
+    // Nothing was typed since the window came up; the text is not the saved one all the same.
+    ASSERT_TRUE(Shared().ControlPanelMode);
+    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
+                     BoxButtons::YesNo, BoxResult::Yes);
+    user->CloseBox(*note);
+    EXPECT_TRUE(StandardCode::NoteTitles().empty());
+    EXPECT_EQ(Shared().NotesArray[1].Text, "typed and not saved");
+}
+
+TEST_F(ViewNotes, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
+    Put("Milk");
+    StandardCode::NoteRecord untitled = Note("");
+    untitled.Text = "of nobody";
+    Put("x", untitled);
+    Open();
+    ASSERT_EQ(Titles(), (std::vector<std::string>{"Milk", ""}));
+    user->Select(Panel().lvwNotes, 1);
+    user->Click(Panel().cmdEdit);
+    ASSERT_TRUE(StandardCode::CurrentNote());
+    EXPECT_EQ(StandardCode::CurrentNote()->txtNote.text(), "of nobody");
+    CloseNote(*StandardCode::CurrentNote());
+    Open();
+    user->Select(Panel().lvwNotes, 1);
+    ExpectQuestion("", BoxResult::Yes);
+    user->Click(Panel().cmdRemove);
+    EXPECT_EQ(files.Names(folder), std::vector<std::string>{"Milk.txt"});
+    EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
 }
 
 TEST_F(ViewNotes, WhatWasSavedThroughThePanelIsNotUndoneByAnotherEditor) {

@@ -230,13 +230,31 @@ TEST_F(ViewNotes, ErasingTheLastNoteShutsTheListOff) {
     EXPECT_FALSE(Panel().lvwNotes.enabled());
 }
 
-TEST_F(ViewNotes, ErasingTrimsTheTitleOfTheFile) {
+TEST_F(ViewNotes, ErasingAsksWithTheTitleAndErasesTheFileOfTheRow) {
     Put("Padded", Note("  Padded "));
     Open();
     user->Select(Panel().lvwNotes, 0);
     ExpectQuestion("  PADDED ", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_TRUE(files.Names(folder).empty());
+}
+
+TEST_F(ViewNotes, OfTwoTitlesThatDifferInABlankOnlyTheChosenOneIsErased) {
+    for (const std::string erased : {"Dentist", "Dentist "}) {
+        const std::string kept = erased == "Dentist" ? "Dentist " : "Dentist";
+        Put("Dentist");
+        Put("Dentist ");
+        Open();
+        const auto titles = Titles();
+        ASSERT_EQ(titles.size(), 2U);
+        user->Select(Panel().lvwNotes, titles[0] == erased ? 0 : 1);
+        ExpectQuestion(erased == "Dentist" ? "DENTIST" : "DENTIST ", BoxResult::Yes);
+        user->Click(Panel().cmdRemove);
+        EXPECT_EQ(files.Names(folder), std::vector<std::string>{kept + ".txt"});
+        EXPECT_EQ(files.RecycleBin().back(), folder + "\\" + erased + ".txt");
+        EXPECT_EQ(Titles(), std::vector<std::string>{kept});
+        user->Click(Panel().cmdOK);
+    }
 }
 
 TEST_F(ViewNotes, AnsweringNoKeepsFileAndRowAndWaitsForAnotherClick) {

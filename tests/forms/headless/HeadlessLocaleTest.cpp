@@ -71,6 +71,41 @@ TEST(HeadlessLocale, CharactersOutsideTheCodePageDoNotFit) {
     EXPECT_EQ(locale.ToAnsi("\xc2\x80"), std::nullopt);
 }
 
+TEST(HeadlessLocale, DoubleByteCodePagesHavePairsOfBytes) {
+    HeadlessLocale locale;
+    struct Case {
+        int codePage;
+        std::string bytes;
+        std::string text;
+    };
+    for (const Case& test : {Case{932, "a\x95\x5c\xb1", "a\xe8\xa1\xa8\xef\xbd\xb1"},
+                             Case{936, "a\xb1\xed\x81\x5c", "a\xe8\xa1\xa8\xe4\xb9\x97"}}) {
+        locale.codePage = test.codePage;
+        EXPECT_EQ(locale.FromAnsi(test.bytes), test.text);
+        EXPECT_EQ(locale.ToAnsi(test.text), test.bytes);
+        EXPECT_EQ(locale.ToAnsi("\xc3\xa4"), std::nullopt);
+    }
+}
+
+TEST(HeadlessLocale, TheFirstByteOfAPairTakesTheNextWithIt) {
+    HeadlessLocale locale;
+    locale.codePage = 932;
+    EXPECT_EQ(locale.FromAnsi("\xe4\",x\xe4"), "\xe3\x83\xbb,x\xe3\x83\xbb");
+    locale.codePage = 936;
+    EXPECT_EQ(locale.FromAnsi("\xe4\",x\xe4"), "?,x?");
+}
+
+TEST(HeadlessLocale, UnderUtf8OtherBytesAreOfTheLanguagesCodePage) {
+    HeadlessLocale locale;
+    locale.codePage = 65001;
+    EXPECT_EQ(locale.FromAnsi("\xc3\xa4"), "\xc3\xa4");
+    EXPECT_EQ(locale.FromAnsi("\xe4"), "\xc3\xa4");
+    EXPECT_EQ(locale.ToAnsi("\xc3\xa4"), std::nullopt);
+    EXPECT_EQ(locale.ToAnsi("plain"), "plain");
+    locale.languageCodePage = 932;
+    EXPECT_EQ(locale.FromAnsi("\x95\x5c"), "\xe8\xa1\xa8");
+}
+
 TEST(HeadlessSettings, KeepsWhatIsWritten) {
     HeadlessSettings settings;
     EXPECT_EQ(settings.Read("Options", "DefaultColor"), std::nullopt);

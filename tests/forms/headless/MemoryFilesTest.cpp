@@ -130,6 +130,15 @@ TEST_F(MemoryFilesTest, ReadOnlyFolderTakesNoNewNamesButItsFilesCanBeWritten) {
     EXPECT_EQ(files.Read("C:\\App\\Notes\\a.txt"), "new");
 }
 
+TEST_F(MemoryFilesTest, ADeniedFolderIsNotListed) {
+    files.PutFile("C:\\App\\Notes\\a.txt", "text");
+    files.SetDenied("C:\\App\\Notes", true);
+    EXPECT_TRUE(files.FolderExists("C:\\App\\Notes"));
+    EXPECT_EQ(ErrorOf([&] { files.List("C:\\App\\Notes", ".txt"); }), 70);
+    files.SetDenied("C:\\App\\Notes", false);
+    EXPECT_EQ(files.List("C:\\App\\Notes", ".txt").size(), 1U);
+}
+
 TEST_F(MemoryFilesTest, DeniedFilesAreNotRead) {
     files.PutFile("C:\\App\\Notes\\a.txt", "old");
     files.SetDenied("C:\\App\\Notes\\a.txt", true);

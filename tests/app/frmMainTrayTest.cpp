@@ -1,0 +1,112 @@
+#include "app/frmMain.h"
+#include "forms/Gestures.h"
+#include "forms/Services.h"
+#include "tests/support/WholeProgram.h"
+
+// The icon in the notification area and its messages.
+
+using namespace forms;
+
+namespace {
+
+using frmMainTrayTest = testing_support::WholeProgram;
+
+}  // namespace
+
+TEST_F(frmMainTrayTest, TheTrayRecord) {
+    StartQuietly();
+    ASSERT_TRUE(tray.icon.has_value());
+    EXPECT_EQ(tray.icon->structureSize, 88U);
+    EXPECT_EQ(tray.icon->owner, &Main());
+    EXPECT_EQ(tray.icon->iconId, 1U);
+    EXPECT_EQ(tray.icon->flags, 7U);
+    EXPECT_EQ(tray.icon->callbackMessage, 512U);
+    EXPECT_EQ(tray.icon->iconPath, "C:\\Jotwright\\logo.ico");
+    EXPECT_EQ(tray.icon->tip, std::string("Jotwright\0", 10) + std::string(54, ' '));
+}
+
+TEST_F(frmMainTrayTest, ALeftClickOnTheTrayIconRestoresAMinimisedWindow) {
+    StartQuietly();
+    user->Minimize(Main());
+    Start([this] {
+        Main().mnuHide.enabled = false;
+        Main().mnuShow.enabled = true;
+    });
+    user->Tray(514);
+    EXPECT_EQ(Main().windowState(), WindowState::Normal);
+    EXPECT_EQ(stage->Foreground(), &Main());
+    EXPECT_TRUE(Main().mnuHide.enabled);
+    EXPECT_FALSE(Main().mnuShow.enabled);
+}
+
+TEST_F(frmMainTrayTest, ALeftClickOnTheTrayIconShowsAHiddenWindow) {
+    StartQuietly();
+    user->Click(Main().cmdHideMe);
+    user->Tray(514);
+    EXPECT_TRUE(Main().IsShownOnStage());
+    EXPECT_EQ(stage->Foreground(), &Main());
+    EXPECT_FALSE(Main().txtNoteTitle.HasFocus());
+    EXPECT_TRUE(Main().mnuHide.enabled);
+    EXPECT_FALSE(Main().mnuShow.enabled);
+}
+
+TEST_F(frmMainTrayTest, ADoubleClickOnTheTrayIconAlsoFocusesTheTitle) {
+    StartQuietly();
+    user->Minimize(Main());
+    user->Tray(515);
+    EXPECT_EQ(Main().windowState(), WindowState::Normal);
+    user->Click(Main().cmdHideMe);
+    user->Tray(515);
+    EXPECT_TRUE(Main().IsShownOnStage());
+    EXPECT_EQ(stage->Foreground(), &Main());
+    EXPECT_TRUE(Main().txtNoteTitle.HasFocus());
+    EXPECT_TRUE(Main().mnuHide.enabled);
+    EXPECT_FALSE(Main().mnuShow.enabled);
+}
+
+TEST_F(frmMainTrayTest, ARightClickOnTheTrayIconOpensTheMenuWhileTheWindowIsHidden) {
+    StartQuietly();
+    user->Click(Main().cmdHideMe);
+    stage->ExpectPopup("mnuPop", [this](Menu&) -> Menu* {
+        EXPECT_EQ(stage->Foreground(), &Main());
+        return nullptr;
+    });
+    user->Tray(517);
+    EXPECT_FALSE(Main().IsShownOnStage());
+}
+
+TEST_F(frmMainTrayTest, OtherTrayMessagesDoNothing) {
+    StartQuietly();
+    user->Click(Main().cmdHideMe);
+    for (const int message : {512, 513, 516, 518, 519}) {
+        user->Tray(message);
+    }
+    EXPECT_FALSE(Main().IsShownOnStage());
+}
+
+TEST_F(frmMainTrayTest, ThePointerIsNoTrayMessage) {
+    StartQuietly();
+    user->Click(Main().cmdTimer);
+    for (const int column : {512, 513, 514, 515, 516, 517, 518, 519}) {
+        for (const int twips : {0, 14}) {
+            Start([] { SetMousePointer(MousePointer::Hourglass); });
+            user->MouseMove(Main(), column * 15 + twips);
+            EXPECT_EQ(stage->Pointer(), MousePointer::Default) << column;
+        }
+    }
+    EXPECT_TRUE(stage->Popups().empty());
+    EXPECT_EQ(stage->Foreground(), nullptr);
+    EXPECT_FALSE(Main().txtNoteTitle.HasFocus());
+    EXPECT_NE(runtime->ActiveForm(), &Main());
+}
+
+// The menu lets the pointer move on while the message is being handled.
+TEST_F(frmMainTrayTest, ThePointerIsNoTrayMessageWhileOneIsHandled) {
+    StartQuietly();
+    stage->ExpectPopup("mnuPop", [this](Menu&) -> Menu* {
+        gestures::MouseMove(Main(), 0, 517 * 15, 0);
+        return nullptr;
+    });
+    user->Tray(517);
+    EXPECT_EQ(stage->Popups().size(), 1U);
+}

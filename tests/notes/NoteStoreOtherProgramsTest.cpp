@@ -1,0 +1,211 @@
+#include <algorithm>
+#include <string>
+
+#include "tests/notes/NoteStoreProgram.h"
+
+// Other programs change, damage, remove and hold the files of open notes.
+
+namespace {
+
+using forms::BoxResult;
+using StandardCode::Shared;
+using NoteStoreOtherProgramsTest = testing_support::NoteStoreProgram;
+
+TEST_F(NoteStoreOtherProgramsTest, ADamagedFileOfAnOpenEditorIsKeptAndWrittenAgain) {
+    PutNote(Record("Dentist", "text"));
+    ReadAll();
+    Advance(2000);
+    files.PutFile(PathOf("Dentist"), "\"Dent");
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_TRUE(InFolder().empty());
+    Advance(2000);
+    ASSERT_EQ(InFolder().size(), 1U);
+    RestartProgram();
+    ReadAll();
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
+    user->CloseBox(Editor("Dentist"));
+    EXPECT_EQ(Saved("Dentist").Text, "text");
+    EXPECT_EQ(InFolder(), Names{"Dentist.txt"});
+}
+
+TEST_F(NoteStoreOtherProgramsTest, AnErasedOrReplacedFileOfAnOpenEditorIsUnsaved) {
+    for (const bool isErased : {true, false}) {
+        files.PutFolder(folder);
+        PutNote(Record("Dentist", "text"));
+        ReadAll();
+        if (isErased) {
+            files.Remove(PathOf("Dentist"));
+        } else {
+            PutNote(Record("Dentist", "by another program"));
+        }
+        Start([] { StandardCode::LoadNotesArray(); });
+        Advance(2000);
+        EXPECT_EQ(InFolder().size(), isErased ? 1U : 2U);
+        user->Restore(Editor("Dentist"));
+        user->Click(Editor("Dentist").tlbMain, "Hide");
+        // A file that was changed elsewhere is newer than an editor that nobody touched.
+        EXPECT_EQ(Saved("Dentist").Text, isErased ? "text" : "by another program");
+        EXPECT_EQ(files.RecycledBytes().size(), isErased ? 0U : 1U);
+    }
+}
+
+TEST_F(NoteStoreOtherProgramsTest, AnEditIsWrittenOverAFileThatWasChangedElsewhere) {
+    PutNote(Record("Dentist", "text"));
+    ReadAll();
+    PutNote(Record("Dentist", "by another program"));
+    TypeInto(Editor("Dentist"), "typed here");
+    user->CloseBox(Editor("Dentist"));
+    EXPECT_EQ(Saved("Dentist").Text, "typed here");
+    ASSERT_EQ(files.RecycledBytes().size(), 1U);
+    EXPECT_NE(files.RecycledBytes()[0].find("by another program"), std::string::npos);
+}
+
+TEST_F(NoteStoreOtherProgramsTest, AFileThatCannotBeReadAnyMoreMakesItsEditorUnsaved) {
+    PutNote(Record("Dentist", "text"));
+    ReadAll();
+    files.PutFile(PathOf("Dentist"),
+                  "\"Dentist\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    stage->ExpectBox("Error Number: 13) - Type mismatch", "Error Loading Notes Array",
+                     forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+    Start([] { StandardCode::LoadNotesArray(); });
+    Advance(2000);
+    EXPECT_EQ(InFolder().size(), 2U);
+}
+
+TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesItsChange) {
+    for (const bool isFull : {true, false}) {
+        SCOPED_TRACE(isFull ? "more than 100 files" : "behind a file that fails");
+        files.PutFolder(folder);
+        for (int i = 1; isFull && i <= 100; ++i) {
+            PutAs("Note " + std::to_string(1000 + i) + ".txt", Record("Note", "text"));
+        }
+        PutAs("Zebra.txt", Record("Zebra", "stripes"));
+        Start(StandardCode::ReadNotes);
+        if (!isFull) {
+            files.PutFile(folder + "\\abad.txt",
+                          "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+        }
+        stage->improvise.box = [](const forms::BoxRequest&) { return BoxResult::Ok; };
+        const auto load = [this] { Start([] { StandardCode::LoadNotesArray(); }); };
+        const auto isRead = [this] {
+            return std::count(files.Log().begin(), files.Log().end(),
+                              "read " + folder + "\\Zebra.txt");
+        };
+        load();
+        const EditedNote& note = *StandardCode::Notes().FindOpen("Zebra.txt");
+        EXPECT_FALSE(note.IsFileOther());
+        files.ClearLog();
+        load();
+        load();
+        EXPECT_EQ(isRead(), 0);
+        PutAs("Zebra.txt", Record("Zebra", "spots"));
+        load();
+        EXPECT_TRUE(note.IsFileOther());
+        EXPECT_EQ(isRead(), 1);
+        load();
+        EXPECT_EQ(isRead(), 1);
+        Advance(2000);
+        EXPECT_EQ(files.List(folder, ".recovery").size(), 1U);
+        // Written again as it was, by a program that gives it another time.
+        PutAs("Zebra.txt", Record("Zebra", "stripes"));
+        load();
+        EXPECT_FALSE(note.IsFileOther());
+        files.Remove(folder + "\\Zebra.txt");
+        load();
+        EXPECT_TRUE(note.IsFileGone());
+        RestartProgram();
+        for (const std::string& name : InFolder()) {
+            files.Remove(folder + '\\' + name);
+        }
+    }
+}
+
+TEST_F(NoteStoreOtherProgramsTest, AFileInNoSlotThatWasHeldIsReadWhenItIsFree) {
+    files.PutFolder(folder);
+    PutAs("Zebra.txt", Record("Zebra", "stripes"));
+    Start(StandardCode::ReadNotes);
+    files.PutFile(folder + "\\abad.txt",
+                  "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    stage->improvise.box = [](const forms::BoxRequest&) { return BoxResult::Ok; };
+    PutAs("Zebra.txt", Record("Zebra", "stripes"));
+    files.SetDenied(folder + "\\Zebra.txt", true);
+    Start([] { StandardCode::LoadNotesArray(); });
+    const EditedNote& note = *StandardCode::Notes().FindOpen("Zebra.txt");
+    EXPECT_TRUE(note.IsFileOther());
+    files.SetDenied(folder + "\\Zebra.txt", false);
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_FALSE(note.IsFileOther());
+}
+
+TEST_F(NoteStoreOtherProgramsTest, AFolderThatIsGoneForAMomentLeavesNothingUnsaved) {
+    for (const bool isNoticed : {true, false}) {
+        SCOPED_TRACE(isNoticed ? "the array is rebuilt" : "nobody looks when it is back");
+        PutNote(Record("Dentist", "text"));
+        ReadAll();
+        const auto disk = files;
+        files.Remove(PathOf("Dentist"));
+        files.Remove(folder);
+        Start([] { StandardCode::LoadNotesArray(); });
+        EXPECT_TRUE(Shared().NotesArray[1].Title.empty());
+        // The editor holds the only text now.
+        Advance(5000);
+        EXPECT_EQ(InFolder().size(), 1U);
+        files = disk;
+        if (isNoticed) {
+            Start([] { StandardCode::LoadNotesArray(); });
+            Advance(3000);
+            EXPECT_EQ(InFolder(), Names{"Dentist.txt"});
+        }
+        Advance(5000);
+        const auto before = files.Peek(PathOf("Dentist"));
+        user->Restore(Editor("Dentist"));
+        user->CloseBox(Editor("Dentist"));
+        EXPECT_EQ(files.Peek(PathOf("Dentist")), before);
+        EXPECT_EQ(InFolder(), Names{"Dentist.txt"});
+    }
+}
+
+TEST_F(NoteStoreOtherProgramsTest, AFileThatIsHeldForAMomentIsWaitedFor) {
+    PutNote(Record("Dentist", "old"));
+    ReadAll();
+    TypeInto(Editor("Dentist"), "new");
+    files.SetDenied(PathOf("Dentist"), true);
+    int pauses = 0;
+    system.onPause = [&] {
+        if (++pauses == 20) {
+            files.SetDenied(PathOf("Dentist"), false);
+        }
+    };
+    user->Click(Editor("Dentist").tlbMain, "Hide");
+    EXPECT_EQ(Saved("Dentist").Text, "new");
+    EXPECT_EQ(pauses, 20);
+}
+
+TEST_F(NoteStoreOtherProgramsTest, AFileThatStaysHeldIsReportedAfterASecondAndAHalf) {
+    PutNote(Record("Dentist", "old"));
+    ReadAll();
+    TypeInto(Editor("Dentist"), "new");
+    files.SetDenied(PathOf("Dentist"), true);
+    system.paused = 0;
+    ExpectWriteError("70 - Permission denied");
+    user->Click(Editor("Dentist").tlbMain, "Hide");
+    EXPECT_EQ(system.paused, 1500);
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "new");
+    files.SetDenied(PathOf("Dentist"), false);
+    user->Click(Editor("Dentist").tlbMain, "Hide");
+    EXPECT_EQ(Saved("Dentist").Text, "new");
+}
+
+TEST_F(NoteStoreOtherProgramsTest, AFileInPlaceOfTheFolderIsReportedAtEachSave) {
+    files.PutFile(folder, "a file");
+    ReadAll();
+    frmNote& note = MakeNote("Dentist", "text");
+    ExpectWriteError("75 - Path/File access error");
+    user->CloseBox(note);
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
+    files.Remove(folder);
+    user->CloseBox(note);
+    EXPECT_EQ(Saved("Dentist").Text, "text");
+}
+
+}  // namespace
