@@ -69,6 +69,8 @@ build() {
 # start_display <folder for logs> [<width>x<height>]: an X server on a free display number with a window manager
 # (without one, each window that closes stalls Wine for two seconds). Sets DISPLAY and adds both to
 # the array "started". setsid: they outlive a Ctrl+C and the script that leaves them behind.
+# -noreset: when its last client leaves, the server would drop the connections that are being opened,
+# and the window manager would end with "Failed to open the display".
 start_display() {
     local number="$1/display-number"
     rm -f "$number"
@@ -78,12 +80,23 @@ start_display() {
     wait_for 60 test -s "$number" || die "Xvfb did not start, see $1/xvfb.log"
     DISPLAY=":$(tr -d '[:space:]' <"$number")"
     export DISPLAY
-    setsid openbox --sm-disable >"$1/openbox.log" 2>&1 </dev/null &
-    started+=("$!")
-    wait_for 60 window_manager_is_up || die "openbox did not start, see $1/openbox.log"
+    start_window_manager "$1/openbox.log"
+    wait_for 60 window_manager_is_up "$1/openbox.log" ||
+        die "openbox did not start, see $1/openbox.log"
 }
 
-window_manager_is_up() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
+# start_window_manager <log>: sets "window_manager", its process.
+start_window_manager() {
+    setsid openbox --sm-disable >>"$1" 2>&1 </dev/null &
+    window_manager=$!
+    started+=("$window_manager")
+}
+
+# window_manager_is_up <log>: starts it again if it has ended meanwhile.
+window_manager_is_up() {
+    kill -0 "$window_manager" 2>/dev/null || start_window_manager "$1"
+    xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'
+}
 
 # start_sound <folder>: a sound server of its own with one silent device, "cap"; programs find it
 # through PULSE_SERVER. The small latency keeps the times of a recording right. The server is the
