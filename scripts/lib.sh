@@ -70,6 +70,8 @@ build() {
 # start_display <folder for logs> [<width>x<height>]: starts an X server on a free display number, and a
 # window manager: without one, each closing window stalls Wine for two seconds. Sets DISPLAY and adds
 # both processes to "started". setsid keeps them alive after Ctrl+C and after the end of the script.
+# -noreset: without it, the server drops connections that are being opened when its last client leaves,
+# and the window manager ends with "Failed to open the display".
 start_display() {
     local number="$1/display-number"
     rm -f "$number"
@@ -79,12 +81,23 @@ start_display() {
     wait_for 60 test -s "$number" || die "Xvfb did not start, see $1/xvfb.log"
     DISPLAY=":$(tr -d '[:space:]' <"$number")"
     export DISPLAY
-    setsid openbox --sm-disable >"$1/openbox.log" 2>&1 </dev/null &
-    started+=("$!")
-    wait_for 60 window_manager_is_up || die "openbox did not start, see $1/openbox.log"
+    start_window_manager "$1/openbox.log"
+    wait_for 60 window_manager_is_up "$1/openbox.log" ||
+        die "openbox did not start, see $1/openbox.log"
 }
 
-window_manager_is_up() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
+# start_window_manager <log>: sets "window_manager", its process.
+start_window_manager() {
+    setsid openbox --sm-disable >>"$1" 2>&1 </dev/null &
+    window_manager=$!
+    started+=("$window_manager")
+}
+
+# window_manager_is_up <log>: starts it again if it has ended.
+window_manager_is_up() {
+    kill -0 "$window_manager" 2>/dev/null || start_window_manager "$1"
+    xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'
+}
 
 # start_sound <folder>: starts a separate sound server with one silent device, "cap". Sets PULSE_SERVER,
 # by which programs find it. The small latency keeps the times in a recording right. Uses the installed

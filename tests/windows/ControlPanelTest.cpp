@@ -223,6 +223,59 @@ TEST_F(ControlPanel, EditsWithADoubleClickAndAsksBeforeItSaves) {
     EXPECT_EQ(CellText(panel.Only(listClass), 1, 2), "6/2/2031 12:00:00 PM");
 }
 
+TEST_F(ControlPanel, AsksAboutATextThatWasTypedBeforeItsWindowWasActivatedAgain) {
+    const Window main = StartWithTwoClosedNotes();
+    const Window panel = OpenPanel(main);
+    DoubleClickRow(panel.Only(listClass), 1);
+    Window editor = program.WaitFor("Shopping");
+    WaitUntilFilled(editor, "Edit");
+    BringUp(editor);
+    editor.Only("Edit").Type("milk and eggs");
+    BringUp(main);
+    BringUp(editor);
+    editor.Close();
+    Box(program, saveQuestion).Press("No");
+    WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
+    ExpectNote("Shopping", shopping);
+
+    // The panel's Edit is an activation, too, if the note is open already.
+    const auto edit = [this](const Window& openPanel) {
+        ClickRow(openPanel.Only(listClass), 1);
+        WaitForActions(openPanel, true);
+        openPanel.Button("&Edit").Click();
+    };
+    WaitUntilFilled(program.WaitFor(panelCaption), listClass);
+    edit(program.WaitFor(panelCaption));
+    editor = program.WaitFor("Shopping");
+    WaitUntilFilled(editor, "Edit");
+    editor.Only("Edit").Type("milk and bread");
+    program.WaitUntilGone(panelCaption);
+    edit(OpenPanel(main));
+    program.WaitUntilGone(panelCaption);
+    WaitUntil("the editor is active", [&] { return editor.Only("Edit").HasFocus(); });
+    EXPECT_EQ(program.Visible("Shopping").size(), 1U);
+    EXPECT_EQ(editor.Only("Edit").Text(), "milk and bread");
+    editor.Close();
+    Box(program, saveQuestion).Press("Yes");
+    WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
+    ExpectNote("Shopping",
+               "\"Shopping\",\"milk and bread\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+}
+
+TEST_F(ControlPanel, NewBringsTheMinimizedMainWindowBack) {
+    const Window main = StartProgram();
+    const Window panel = OpenPanel(main);
+    main.Post(WM_SYSCOMMAND, SC_MINIMIZE);
+    WaitUntil("the main window is minimized", [&] { return main.IsMinimized(); });
+    BringUp(panel);
+    panel.Button("&New").Click();
+    program.WaitUntilGone(panelCaption);
+    WaitUntil("the title box has the focus", [&] {
+        return main.IsVisible() && !main.IsMinimized() && main.Only("Edit").HasFocus();
+    });
+    ExitProgram();
+}
+
 TEST_F(ControlPanel, OfAHundredNotesSaysSoInRedUntilOneIsErased) {
     const Window main = StartProgram();
     for (int i = 1; i <= 100; ++i) {

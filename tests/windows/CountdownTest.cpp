@@ -3,9 +3,38 @@
 #include <cstdio>
 #include <optional>
 
+#include "forms/win32/Utf.h"
 #include "tests/windows/DriverTest.h"
 
 namespace driver {
+
+namespace {
+
+// The signs in the user's numbers, for programs that start while this object lives.
+class NumberSigns {
+  public:
+    NumberSigns(const std::string& decimal, const std::string& thousands) {
+        Exchange(LOCALE_SDECIMAL, decimal, oldDecimal);
+        Exchange(LOCALE_STHOUSAND, thousands, oldThousands);
+    }
+    ~NumberSigns() {
+        ::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, oldDecimal);
+        ::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_STHOUSAND, oldThousands);
+    }
+    NumberSigns(const NumberSigns&) = delete;
+    NumberSigns& operator=(const NumberSigns&) = delete;
+
+  private:
+    static void Exchange(LCTYPE type, const std::string& sign, wchar_t (&old)[8]) {
+        ::GetLocaleInfoW(LOCALE_USER_DEFAULT, type, old, 8);
+        EXPECT_NE(::SetLocaleInfoW(LOCALE_USER_DEFAULT, type, forms::win32::Wide(sign).c_str()), 0);
+    }
+
+    wchar_t oldDecimal[8]{};
+    wchar_t oldThousands[8]{};
+};
+
+}  // namespace
 
 // Its seconds are real ones, whatever the clock shows.
 class Countdown : public DriverTest {
@@ -263,6 +292,26 @@ TEST_F(Countdown, EntriesAreRoundedAndKeptCountersGoOn) {
     box.Press("OK");
     program.WaitForEnd();
     ExpectNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+}
+
+TEST_F(Countdown, TheDecimalSignIsTheUsers) {
+    const NumberSigns german(",", ".");
+    const Window main = StartProgram();
+    const Window timer = Open(main);
+    const std::vector<std::pair<std::string, std::string>> entries{
+        {"2,5", "2"}, {"3,5", "4"}, {"1.000", "1000"}};
+    for (const auto& [entry, minutes] : entries) {
+        Start(timer, entry);
+        WaitUntil("it runs", [&] { return timer.Button("&Stop Timer").IsEnabled(); });
+        EXPECT_EQ(timer.Only("Edit").Text(), minutes) << entry;
+        Stop(timer);
+    }
+    // A number alone is no title.
+    main.Only("Edit").Type("-2,5");
+    main.Button("Make &Note").Click();
+    program.WaitFor(" Note Title Error").Close();
+    program.WaitUntilGone(" Note Title Error");
+    ExitProgram();
 }
 
 }  // namespace driver

@@ -135,9 +135,13 @@ void DriverTest::WriteNote(const std::string& title, const std::string& bytes) c
 
 Window DriverTest::OpenRestored(const std::string& title) const {
     const Window editor = program.WaitFor(title);
-    editor.Post(WM_SYSCOMMAND, SC_RESTORE);
-    WaitUntilFilled(editor, "Edit");
+    Restore(editor);
     return editor;
+}
+
+void DriverTest::Restore(const Window& window) {
+    window.Post(WM_SYSCOMMAND, SC_RESTORE);
+    WaitUntilFilled(window, "Edit");
 }
 
 void DriverTest::WaitUntilFilled(const Window& window, const std::string& className) {
@@ -158,6 +162,25 @@ Window DriverTest::MakeNote(const Window& main, const std::string& title) {
 void DriverTest::HideNote(const Window& editor) {
     PressToolbar(editor.Only(toolbarClass), toolbarHide);
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
+}
+
+void DriverTest::BringUp(const Window& window) {
+    WaitUntil("the window is in the foreground", [&] {
+        ::SetForegroundWindow(window.handle);
+        return ::GetForegroundWindow() == window.handle;
+    });
+    window.Send(WM_NULL);
+}
+
+std::string DriverTest::CopyPath(const std::string& name) const {
+    return folder + "\\Notes\\~" + name + ".recovery";
+}
+
+// The copy itself: while it is written, its text is in a temporary file already.
+void DriverTest::WaitForCopy(const std::string& name, const std::string& part) const {
+    WaitUntil("a copy holds " + part, [&] {
+        return WholeFile(CopyPath(name)).value_or("").find(part) != std::string::npos;
+    });
 }
 
 void DriverTest::CloseAndWait(const Window& window) {

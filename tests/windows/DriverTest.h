@@ -84,6 +84,7 @@ class DriverTest : public testing::Test {
 
     // Restores the minimized editor of a note and waits until its controls are there.
     Window OpenRestored(const std::string& title) const;
+    static void Restore(const Window& window);
     // Waits until the window is not minimized and all of its controls are there; one of this class
     // is among them.
     static void WaitUntilFilled(const Window& window, const std::string& className);
@@ -91,6 +92,12 @@ class DriverTest : public testing::Test {
     Window MakeNote(const Window& main, const std::string& title);
     // Presses the toolbar's Hide and waits until the window has gone.
     void HideNote(const Window& editor);
+    // Brings a window to the foreground and waits until it is there.
+    static void BringUp(const Window& window);
+    // Of a file that keeps an unsaved text: "Shopping" names ~Shopping.recovery.
+    std::string CopyPath(const std::string& name) const;
+    // Waits until that file holds this.
+    void WaitForCopy(const std::string& name, const std::string& part) const;
     // Closes a window that is about to go without a question, and waits until it has gone.
     static void CloseAndWait(const Window& window);
     // Opens each window that the main window's menu bar leads to, shows it when its controls are

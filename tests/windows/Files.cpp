@@ -86,6 +86,7 @@ std::vector<std::string> FileNames(const std::string& folder) {
             names.push_back(Narrow(entry.path().filename().wstring()));
         }
     }
+    std::sort(names.begin(), names.end());
     return names;
 }
 

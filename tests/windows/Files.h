@@ -22,7 +22,7 @@ void WriteWholeFile(const std::string& path, const std::string& bytes);
 void RenameOver(const std::string& from, const std::string& to);
 // A missing one is no error.
 void RemoveFile(const std::string& path);
-// Without the lock of a program that runs.
+// In the order of their bytes, without the lock of a program that runs.
 std::vector<std::string> FileNames(const std::string& folder);
 // With all that is in it; a missing one is no error.
 void RemoveFolder(const std::string& path);

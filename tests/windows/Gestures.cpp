@@ -53,8 +53,8 @@ LPARAM PlaceInRow(const Window& list, int row) {
 }
 
 // Clicks the picker's first field, types the fields one after the other and waits until they are
-// picked. A picker without the focus takes no characters: if it loses the focus before, all is
-// typed again.
+// picked. A picker without the focus takes no characters, and one that was never painted does not
+// know its first field: all is typed again until it is picked.
 void TypeFields(const Window& picker, const std::vector<std::string>& fields,
                 const std::string& what, const std::function<bool()>& arePicked) {
     if (!picker.IsVisible() || !picker.IsEnabled()) {
@@ -62,7 +62,11 @@ void TypeFields(const Window& picker, const std::vector<std::string>& fields,
     }
     const RECT place = picker.Place();
     const LPARAM first = MAKELPARAM(6, (place.bottom - place.top) / 2);
+    bool isTyped = false;
     WaitUntil(what, [&] {
+        if (isTyped && arePicked()) {
+            return true;
+        }
         picker.Post(WM_LBUTTONDOWN, MK_LBUTTON, first);
         picker.Post(WM_LBUTTONUP, 0, first);
         WaitUntil("the picker has the focus", [&] { return picker.HasFocus(); });
@@ -72,8 +76,8 @@ void TypeFields(const Window& picker, const std::vector<std::string>& fields,
             }
             picker.Key(VK_RIGHT);
         }
-        WaitUntil(what, [&] { return arePicked() || !picker.HasFocus(); });
-        return arePicked();
+        isTyped = true;
+        return ComesTrueSoon(arePicked);
     });
 }
 

@@ -11,21 +11,10 @@ using forms::win32::Wide;
 
 namespace {
 
-// The program's help file as the system's viewer has it open.
-Window HelpWindow() { return Window(::FindWindowW(nullptr, L"Jotwright Help")); }
-
-void ExpectHelpAndCloseIt() {
-    WaitUntil("the help is shown", [] { return HelpWindow() && HelpWindow().IsVisible(); });
-    const Window help = HelpWindow();
-    help.Close();
-    WaitUntil("the help has gone", [&] { return !help.Exists(); });
-}
-
-// Of whatever process.
-Window WindowOfProgram(const std::string& caption, const std::string& executable) {
-    const Window found(::FindWindowW(nullptr, Wide(caption).c_str()));
+// The path of the executable whose window this is; empty if there is no such window.
+std::string ProgramOf(const Window& window) {
     DWORD process = 0;
-    ::GetWindowThreadProcessId(found.handle, &process);
+    ::GetWindowThreadProcessId(window.handle, &process);
     HANDLE handle = ::OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process);
     if (handle == nullptr) {
         return {};
@@ -34,27 +23,66 @@ Window WindowOfProgram(const std::string& caption, const std::string& executable
     DWORD length = MAX_PATH;
     const bool known = ::QueryFullProcessImageNameW(handle, 0, path, &length) != 0;
     ::CloseHandle(handle);
-    return known && Narrow(path) == executable ? found : Window();
+    return known ? Narrow(path) : std::string();
+}
+
+// Of whatever process.
+Window WindowOfProgram(const std::string& caption, const std::string& executable) {
+    const Window found(::FindWindowW(nullptr, Wide(caption).c_str()));
+    return ProgramOf(found) == executable ? found : Window();
+}
+
+// The program's help file as the system's viewer has it open. The program has a window of this
+// caption, too, which it never opens for the help.
+Window HelpWindow() { return Window(::FindWindowW(nullptr, L"Jotwright Help")); }
+
+void AddText(const Window& window, std::string& text) {
+    for (const Window& child : window.Children()) {
+        text += child.Text() + '\n';
+        AddText(child, text);
+    }
+}
+
+// All that the viewer shows.
+std::string TextOf(const Window& window) {
+    std::string text;
+    AddText(window, text);
+    return text;
+}
+
+bool IsContents(const std::string& text) {
+    return text.find("Jotwright keeps coloured notes on your desktop") != std::string::npos &&
+           text.find("Where your notes are: files, back-ups, another computer") !=
+               std::string::npos;
+}
+
+void ExpectContentsAndCloseThem() {
+    WaitUntil("the help is shown", [] { return HelpWindow() && HelpWindow().IsVisible(); });
+    const Window help = HelpWindow();
+    EXPECT_TRUE(ProgramOf(help).ends_with("\\winhlp32.exe")) << ProgramOf(help);
+    EXPECT_TRUE(ComesTrue([&] { return IsContents(TextOf(help)); })) << TextOf(help);
+    help.Close();
+    WaitUntil("the help has gone", [&] { return !help.Exists(); });
 }
 
 }  // namespace
 
 class Help : public DriverTest {};
 
-TEST_F(Help, TheMenuOpensTheHelpFile) {
+TEST_F(Help, TheMenuOpensTheContents) {
     const Window main = StartProgram();
     ASSERT_FALSE(HelpWindow());
     ChooseFromMenuBar(program, main, {2, 1});
-    ExpectHelpAndCloseIt();
+    ExpectContentsAndCloseThem();
     ExitProgram();
 }
 
-TEST_F(Help, TheButtonOfANoteOpensTheHelpFile) {
+TEST_F(Help, TheButtonOfANoteOpensTheContents) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Dentist");
     ASSERT_FALSE(HelpWindow());
     PressToolbar(editor.Only("ToolbarWindow32"), 4);
-    ExpectHelpAndCloseIt();
+    ExpectContentsAndCloseThem();
     ExitProgram();
 }
 

@@ -49,13 +49,6 @@ class Pointer : public DriverTest {
         return timer;
     }
 
-    static void BringUp(const Window& window) {
-        WaitUntil("the window is in the foreground", [&] {
-            ::SetForegroundWindow(window.handle);
-            return ::GetForegroundWindow() == window.handle;
-        });
-    }
-
     // A real key comes to the program after the moves that were made before it. The timer gets it
     // only if it kept the keyboard and no menu is open.
     static void ExpectTimerHasKeyboard(const Window& timer, const std::string& typed) {

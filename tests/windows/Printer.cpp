@@ -52,18 +52,27 @@ constexpr const char* description =
 
 std::string PrintFile() { return Variable("JOTWRIGHT_PRINT_FILE"); }
 
-// Lines without the blanks around them; empty ones are left out.
-std::string Words(const std::string& text) {
-    std::istringstream lines(text);
-    std::string words;
-    for (std::string line; std::getline(lines, line);) {
-        const std::size_t first = line.find_first_not_of(" \t\r\f");
-        if (first != std::string::npos) {
-            const std::size_t last = line.find_last_not_of(" \t\r\f");
-            words += line.substr(first, last - first + 1) + '\n';
+// The value of an attribute that begins a tag, as in yMin="12.5".
+double Number(const std::string& tag, const std::string& name) {
+    const std::size_t start = tag.find(name + "=\"");
+    return start == std::string::npos ? 0 : std::stod(tag.substr(start + name.size() + 2));
+}
+
+// As pdftotext describes a page: a tag for each line, and in it a tag around each word.
+std::vector<Printer::Line> Lines(const std::string& page) {
+    std::vector<Printer::Line> lines;
+    std::istringstream rows(page);
+    for (std::string row; std::getline(rows, row);) {
+        if (row.find("<line ") != std::string::npos) {
+            const double top = Number(row, "yMin");
+            lines.push_back({top, Number(row, "yMax") - top, {}});
+        } else if (row.find("<word ") != std::string::npos && !lines.empty()) {
+            const std::size_t start = row.find('>') + 1;
+            std::string& words = lines.back().words;
+            words += (words.empty() ? "" : " ") + row.substr(start, row.rfind("</") - start);
         }
     }
-    return words;
+    return lines;
 }
 
 }  // namespace
@@ -114,13 +123,13 @@ Printer::~Printer() {
     }
 }
 
-std::string Printer::WaitForPage() {
+std::vector<Printer::Line> Printer::WaitForPage() {
     WaitUntil("a page is printed", [] {
         const auto bytes = WholeFile(UnixPath(PrintFile()));
         return bytes && bytes->find("%%EOF") != std::string::npos;
     });
     AskHost("print-text");
-    return Words(WholeFile(UnixPath(PrintFile() + ".txt")).value_or(""));
+    return Lines(WholeFile(UnixPath(PrintFile() + ".txt")).value_or(""));
 }
 
 }  // namespace driver

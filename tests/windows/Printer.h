@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace driver {
 
@@ -13,9 +14,13 @@ class Printer {
     Printer(const Printer&) = delete;
     Printer& operator=(const Printer&) = delete;
 
-    // Waits for a page, and tells the words on it, line by line, without empty lines and the blanks
-    // around a line.
-    static std::string WaitForPage();
+    struct Line {
+        double top;     // points below the edge of the paper
+        double height;  // points
+        std::string words;
+    };
+    // Waits for a page, and tells the lines on it.
+    static std::vector<Line> WaitForPage();
 };
 
 }  // namespace driver

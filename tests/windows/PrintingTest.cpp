@@ -24,7 +24,20 @@ TEST_F(Printing, ANoteIsPrintedWithItsTitle) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
     editor.Only("Edit").Type("Milk and eggs\r\nBread");
     ChooseFromMenuBar(program, editor, {0, 0});
-    EXPECT_EQ(Printer::WaitForPage(), "Note Title: Shopping\nMilk and eggs\nBread\n");
+    const auto lines = Printer::WaitForPage();
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[0].words, "Note Title: Shopping");
+    EXPECT_EQ(lines[1].words, "Milk and eggs");
+    EXPECT_EQ(lines[2].words, "Bread");
+    // One line is left empty below the title, and above it two of the smaller usual font.
+    constexpr double margin = 54;  // points
+    constexpr double usualSize = 10.0 / 12;
+    const double step = lines[2].top - lines[1].top;
+    EXPECT_GT(step, 12);
+    EXPECT_LT(step, 16);
+    EXPECT_NEAR(lines[1].top - lines[0].top, 2 * step, 1);
+    EXPECT_NEAR(lines[0].top - margin, 2 * usualSize * step, 3);
+    EXPECT_NEAR(lines[0].height, lines[2].height, 0.1);
     EXPECT_TRUE(program.Visible(error).empty());
 }
 

@@ -56,19 +56,31 @@ struct HandleList {
 constexpr ULONG listOfHandles = 64;
 using QuerySystem = LONG(WINAPI*)(ULONG information, void* memory, ULONG size, ULONG* needed);
 
-// GetProcessHandleCount would tell it sooner, but not everywhere.
-std::size_t CountHandles(DWORD process) {
+// Empty where the system does not tell. GetProcessHandleCount would tell their count sooner, but
+// not everywhere.
+std::vector<HANDLE> HandlesOf(DWORD process) {
     const auto query = reinterpret_cast<QuerySystem>(reinterpret_cast<void*>(
         ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation")));
     std::vector<ULONG_PTR> memory(1 << 17);
     const auto size = static_cast<ULONG>(memory.size() * sizeof(ULONG_PTR));
     if (query == nullptr || query(listOfHandles, memory.data(), size, nullptr) != 0) {
-        return 0;
+        return {};
     }
     const auto& list = *reinterpret_cast<const HandleList*>(memory.data());
-    return static_cast<std::size_t>(
-        std::count_if(list.entries, list.entries + list.count,
-                      [&](const HandleEntry& entry) { return entry.process == process; }));
+    std::vector<HANDLE> handles;
+    for (const HandleEntry* entry = list.entries; entry != list.entries + list.count; ++entry) {
+        if (entry->process == process) {
+            handles.push_back(reinterpret_cast<HANDLE>(entry->handle));
+        }
+    }
+    return handles;
+}
+
+bool AreOfOneObject(HANDLE a, HANDLE b) {
+    using Compare = BOOL(WINAPI*)(HANDLE, HANDLE);
+    const auto compare = reinterpret_cast<Compare>(reinterpret_cast<void*>(
+        ::GetProcAddress(::GetModuleHandleW(L"kernelbase.dll"), "CompareObjectHandles")));
+    return compare != nullptr && compare(a, b) != 0;
 }
 
 }  // namespace
@@ -129,6 +141,32 @@ void Program::Kill() {
     }
 }
 
+void Program::CloseMutex(const std::string& name) const {
+    HANDLE mutex = ::OpenMutexW(SYNCHRONIZE, FALSE, Wide(name).c_str());
+    if (mutex == nullptr) {
+        throw Failure("there is no mutex " + name);
+    }
+    bool isClosed = false;
+    for (HANDLE handle : HandlesOf(id)) {
+        HANDLE copy = nullptr;
+        if (::DuplicateHandle(process, handle, ::GetCurrentProcess(), &copy, 0, FALSE,
+                              DUPLICATE_SAME_ACCESS) == 0) {
+            continue;
+        }
+        const bool isWanted = AreOfOneObject(mutex, copy);
+        ::CloseHandle(copy);
+        if (isWanted && ::DuplicateHandle(process, handle, ::GetCurrentProcess(), &copy, 0, FALSE,
+                                          DUPLICATE_SAME_ACCESS | DUPLICATE_CLOSE_SOURCE) != 0) {
+            ::CloseHandle(copy);
+            isClosed = true;
+        }
+    }
+    ::CloseHandle(mutex);
+    if (!isClosed) {
+        throw Failure("the program has no mutex " + name);
+    }
+}
+
 std::vector<Window> Program::Windows() const {
     Search search{id, {}};
     ::EnumWindows(&Collect, reinterpret_cast<LPARAM>(&search));
@@ -172,7 +210,7 @@ Objects Program::CountObjects() const {
         ++objects.windows;
         ::EnumChildWindows(window.handle, &CountOne, reinterpret_cast<LPARAM>(&objects.children));
     }
-    objects.handles = CountHandles(id);
+    objects.handles = HandlesOf(id).size();
     objects.gdi = ::GetGuiResources(process, GR_GDIOBJECTS);
     objects.user = ::GetGuiResources(process, GR_USEROBJECTS);
     return objects;

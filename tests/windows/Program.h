@@ -37,6 +37,9 @@ class Program {
     // Waits for the end; the exit code.
     DWORD WaitForEnd();
     void Kill();
+    // Closes the program's handle of a mutex: another copy no longer finds it, as if this one ran
+    // in another session. Failure if the program has none.
+    void CloseMutex(const std::string& name) const;
 
     // Top-level windows, those on top first, hidden ones included.
     std::vector<Window> Windows() const;

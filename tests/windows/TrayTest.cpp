@@ -63,6 +63,21 @@ TEST_F(Tray, ARightClickOpensTheMenuEvenWhileTheWindowIsHidden) {
     WaitUntil("the main window hides", [&] { return !main.IsVisible(); });
 }
 
+TEST_F(Tray, ShowRestoresAWindowThatWasMinimizedBeforeItWasHidden) {
+    const Window main = StartProgram();
+    main.Post(WM_SYSCOMMAND, SC_MINIMIZE);
+    WaitUntil("the main window is minimized", [&] { return main.IsMinimized(); });
+    tray::RightClick(main);
+    ChooseFromOpenMenu(program, main, {trayHide});
+    WaitUntil("the main window hides", [&] { return !main.IsVisible(); });
+    tray::RightClick(main);
+    ChooseFromOpenMenu(program, main, {trayShow});
+    WaitUntil("the title box has the focus", [&] {
+        return main.IsVisible() && !main.IsMinimized() && main.Only("Edit").HasFocus();
+    });
+    ExitProgram();
+}
+
 TEST_F(Tray, ExitEndsTheProgramAndSavesItsNotes) {
     const Window main = StartProgram();
     MakeNote(main, "Shopping").Only("Edit").Type("milk");

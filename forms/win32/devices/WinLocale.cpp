@@ -89,9 +89,9 @@ std::wstring ShortDatePicture(int year) {
         }
         const std::size_t end = std::min(picture.find_first_not_of(L'y', position), picture.size());
         const std::size_t count = end - position;
-        result += L'\'';
+        // Not in quotes: together with those of a text beside them they would be one of its
+        // letters.
         result += count > 2 ? Padded(year, 4) : Padded(year % 100, count);
-        result += L'\'';
         position = end;
     }
     return result;
@@ -108,6 +108,8 @@ UINT CodePageOfLanguage() {
 }
 
 }  // namespace
+
+WinLocale::WinLocale() : WinLocale(::GetACP()) {}
 
 std::string WinLocale::ShortDate(base::DateTime value) {
     const SYSTEMTIME time = SystemTimeOf(value);
@@ -151,7 +153,7 @@ std::optional<std::string> WinLocale::ToAnsi(const std::string& utf8) {
     if (utf8.empty()) {
         return std::string();
     }
-    if (::GetACP() == CP_UTF8) {
+    if (ansiCodePage == CP_UTF8) {
         // Other programs and other machines take bytes beyond ASCII for those of an older code
         // page: such a text is to have a byte order mark.
         const bool isAscii = std::all_of(
@@ -161,14 +163,14 @@ std::optional<std::string> WinLocale::ToAnsi(const std::string& utf8) {
     const std::wstring wide = Wide(utf8);
     const auto length = static_cast<int>(wide.size());
     BOOL isReplaced = FALSE;
-    const int size = ::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), length,
+    const int size = ::WideCharToMultiByte(ansiCodePage, WC_NO_BEST_FIT_CHARS, wide.data(), length,
                                            nullptr, 0, nullptr, &isReplaced);
     if (size <= 0 || isReplaced != FALSE) {
         return std::nullopt;
     }
     std::string bytes(static_cast<std::size_t>(size), '\0');
-    ::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), length, bytes.data(), size,
-                          nullptr, &isReplaced);
+    ::WideCharToMultiByte(ansiCodePage, WC_NO_BEST_FIT_CHARS, wide.data(), length, bytes.data(),
+                          size, nullptr, &isReplaced);
     // Some code pages have several characters for one: what would come back as another does not
     // fit.
     return isReplaced == FALSE && FromAnsi(bytes) == utf8 ? std::optional(bytes) : std::nullopt;
@@ -178,7 +180,7 @@ std::string WinLocale::FromAnsi(const std::string& bytes) {
     if (bytes.empty()) {
         return {};
     }
-    UINT codePage = ::GetACP();
+    UINT codePage = ansiCodePage;
     if (codePage == CP_UTF8) {
         if (base::ToValidUtf8(bytes) == bytes) {
             return bytes;

@@ -6,6 +6,10 @@ namespace forms::win32 {
 
 class WinLocale : public Locale {
   public:
+    WinLocale();
+    // codePage: takes the place of the system's.
+    explicit WinLocale(unsigned codePage) : ansiCodePage(codePage) {}
+
     std::string ShortDate(base::DateTime value) override;
     std::string TimeText(base::DateTime value) override;
     std::string WeekdayName(base::DateTime value) override;
@@ -15,6 +19,9 @@ class WinLocale : public Locale {
     std::string ToUpper(const std::string& text) override;
     std::optional<std::string> ToAnsi(const std::string& utf8) override;
     std::string FromAnsi(const std::string& bytes) override;
+
+  private:
+    const unsigned ansiCodePage;
 };
 
 }  // namespace forms::win32

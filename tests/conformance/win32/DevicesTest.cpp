@@ -13,7 +13,6 @@
 #include "forms/win32/Utf.h"
 #include "forms/win32/devices/WinClock.h"
 #include "forms/win32/devices/WinFiles.h"
-#include "forms/win32/devices/WinLocale.h"
 #include "forms/win32/devices/WinPictures.h"
 #include "forms/win32/devices/WinPrinter.h"
 #include "forms/win32/devices/WinSettings.h"
@@ -306,81 +305,6 @@ TEST_F(WinPicturesTest, AChangedFileIsLoadedAnew) {
     EXPECT_EQ(LoadBytes("a.gif", png2x3).width, 30);
     files.Delete(folder / "a.gif");
     EXPECT_EQ(ErrorOf([&] { pictures.Load(folder / "a.gif"); }), 53);
-}
-
-TEST(WinLocaleTest, DatesAndTimesAreInTheUsersForm) {
-    WinLocale locale;
-    SYSTEMTIME time{};
-    time.wYear = 2004;
-    time.wMonth = 5;
-    time.wDay = 14;
-    time.wHour = 9;
-    time.wMinute = 30;
-    wchar_t text[100]{};
-    ::GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, text, 100);
-    const base::DateTime value =
-        base::Combine(base::DateTime::FromDate(2004, 5, 14), base::DateTime::FromTime(9, 30, 0));
-    EXPECT_EQ(locale.ShortDate(value), Narrow(text));
-    ::GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &time, nullptr, text, 100);
-    EXPECT_EQ(locale.TimeText(value), Narrow(text));
-    ::GetDateFormatW(LOCALE_USER_DEFAULT, 0, &time, L"dddd", text, 100);
-    EXPECT_EQ(locale.WeekdayName(value), Narrow(text));
-    EXPECT_EQ(locale.GeneralDate(value), locale.ShortDate(value) + " " + locale.TimeText(value));
-}
-
-TEST(WinLocaleTest, YearsThatTheSystemDoesNotKnowHaveTheSameForm) {
-    WinLocale locale;
-    const auto ofYear = [](int year) { return base::DateTime::FromDate(year, 5, 14); };
-    // 1234 and 2034 have the same calendar and differ in the century alone.
-    std::string expected = locale.ShortDate(ofYear(2034));
-    const std::size_t century = expected.find("2034");
-    if (century != std::string::npos) {
-        expected.replace(century, 4, "1234");
-    }
-    EXPECT_EQ(locale.ShortDate(ofYear(1234)), expected);
-    EXPECT_EQ(locale.WeekdayName(ofYear(1234)), locale.WeekdayName(ofYear(2034)));
-    EXPECT_FALSE(locale.ShortDate(ofYear(100)).empty());
-    EXPECT_FALSE(locale.ShortDate(ofYear(9999)).empty());
-    EXPECT_FALSE(locale.ShortDate(base::DateTime{}).empty());
-    EXPECT_FALSE(locale.TimeText(ofYear(100)).empty());
-}
-
-TEST(WinLocaleTest, UpperCase) {
-    WinLocale locale;
-    EXPECT_EQ(locale.ToUpper(""), "");
-    EXPECT_EQ(locale.ToUpper("Note 1 i"), "NOTE 1 I");
-    EXPECT_EQ(locale.ToUpper("\xc3\xbc\xd0\xb6"), "\xc3\x9c\xd0\x96");
-}
-
-TEST(WinLocaleTest, AnsiTextsComeBackWhole) {
-    WinLocale locale;
-    EXPECT_EQ(locale.ToAnsi(""), "");
-    EXPECT_EQ(locale.FromAnsi(""), "");
-    EXPECT_EQ(locale.ToAnsi("plain\r\n\ttext"), "plain\r\n\ttext");
-    EXPECT_EQ(locale.FromAnsi("plain\r\n\ttext"), "plain\r\n\ttext");
-    for (const char* text : {"\xc3\xa9", "\xce\xa9", "\xe6\x97\xa5", "\xd0\x96", "\xe2\x82\xac",
-                             "\xf0\x9f\x93\x9d", "\xc2\xa5\x5c", "\xe2\x88\x9e"}) {
-        const std::optional<std::string> bytes = locale.ToAnsi(text);
-        EXPECT_TRUE(!bytes || locale.FromAnsi(*bytes) == text) << text;
-    }
-    EXPECT_FALSE(locale.ToAnsi("\xff not UTF-8").has_value());
-}
-
-TEST(WinLocaleTest, NothingIsReplacedByWhatLooksAlike) {
-    if (::GetACP() != 1252) {
-        GTEST_SKIP() << "the code page is another";
-    }
-    WinLocale locale;
-    EXPECT_EQ(locale.ToAnsi("\xc3\xa9\xe2\x82\xac"), "\xe9\x80");
-    EXPECT_EQ(locale.FromAnsi("\xe9\x80"), "\xc3\xa9\xe2\x82\xac");
-    EXPECT_FALSE(locale.ToAnsi("\xc4\x80").has_value());      // A with a bar, not A
-    EXPECT_FALSE(locale.ToAnsi("\xe2\x88\x9e").has_value());  // infinity, not 8
-    EXPECT_FALSE(locale.ToAnsi("\xe6\x97\xa5").has_value());
-    std::string all;
-    for (int code = 0; code < 256; ++code) {
-        all += static_cast<char>(code);
-    }
-    EXPECT_EQ(locale.ToAnsi(locale.FromAnsi(all)), all);
 }
 
 TEST(WinSystemTest, TheApplicationFolderHoldsTheProgram) {

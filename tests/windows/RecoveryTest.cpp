@@ -1,0 +1,155 @@
+#include <windows.h>
+
+#include "forms/win32/Utf.h"
+#include "tests/windows/DriverTest.h"
+#include "tests/windows/Picture.h"
+
+namespace driver {
+
+namespace {
+
+using forms::win32::Wide;
+
+constexpr COLORREF yellow = RGB(255, 255, 0);
+
+// The user's choice to do without the Recycle Bin on the disk of a folder, as long as this object
+// lives.
+class NoRecycleBin {
+  public:
+    explicit NoRecycleBin(const std::string& folder) {
+        wchar_t root[MAX_PATH]{};
+        wchar_t volume[MAX_PATH]{};
+        if (::GetVolumePathNameW(Wide(folder).c_str(), root, MAX_PATH) == 0 ||
+            ::GetVolumeNameForVolumeMountPointW(root, volume, MAX_PATH) == 0) {
+            throw Failure("the disk of " + folder + " has no name");
+        }
+        const std::wstring name = volume;
+        key = L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\BitBucket\\Volume\\" +
+              name.substr(name.find(L'{'), name.find(L'}') + 1 - name.find(L'{'));
+        const DWORD yes = 1;
+        ::RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), L"NukeOnDelete", REG_DWORD, &yes,
+                          sizeof yes);
+    }
+    ~NoRecycleBin() { ::RegDeleteKeyValueW(HKEY_CURRENT_USER, key.c_str(), L"NukeOnDelete"); }
+    NoRecycleBin(const NoRecycleBin&) = delete;
+    NoRecycleBin& operator=(const NoRecycleBin&) = delete;
+
+  private:
+    std::wstring key;
+};
+
+}  // namespace
+
+class Recovery : public DriverTest {
+  protected:
+    static std::string Shopping(const std::string& title, const std::string& text) {
+        return '"' + title + "\",\"" + text + "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
+    }
+    // For half past nine and a minute, with a sound.
+    static void SetAlarm(const Window& editor);
+    // The editor of a note whose program was killed.
+    Window WaitForUnsaved(const std::string& title) const;
+    std::vector<std::string> Files() const { return FileNames(folder + "\\Notes"); }
+};
+
+void Recovery::SetAlarm(const Window& editor) {
+    PickTime(TimePicker(editor), 9, 31);
+    editor.Button(audioBoxCaption).Click();
+    editor.Button(editorSet).Click();
+    WaitUntil("the alarm is set",
+              [&] { return static_cast<bool>(editor.FindChild("Button", editorTurnOff)); });
+}
+
+Window Recovery::WaitForUnsaved(const std::string& title) const {
+    const Window editor = program.WaitFor(title);
+    WaitUntilFilled(editor, "Edit");
+    return editor;
+}
+
+TEST_F(Recovery, ATextWhoseFileHasChangedComesUpBesideIt) {
+    WriteNote("Shopping", Shopping("Shopping", "milk"));
+    StartProgram();
+    OpenRestored("Shopping").Only("Edit").Type("milk and eggs");
+    WaitForCopy("Shopping", "milk and eggs");
+    program.Kill();
+    WriteNote("Shopping", Shopping("Shopping", "bread"));
+
+    StartProgram();
+    EXPECT_EQ(WaitForUnsaved("Shopping (recovered)").Only("Edit").Text(), "milk and eggs");
+    EXPECT_TRUE(program.WaitFor("Shopping").IsMinimized());
+    EXPECT_EQ(OpenRestored("Shopping").Only("Edit").Text(), "bread");
+    ExpectNote("Shopping", Shopping("Shopping", "bread"));
+    EXPECT_FALSE(FileExists(NotePath("Shopping (recovered)")));
+    ExitProgram();
+    ExpectNote("Shopping", Shopping("Shopping", "bread"));
+    ExpectNote("Shopping (recovered)", Shopping("Shopping (recovered)", "milk and eggs"));
+    EXPECT_EQ(Files(), (std::vector<std::string>{"Shopping (recovered).txt", "Shopping.txt"}));
+}
+
+TEST_F(Recovery, AnAlarmAColorAndASizeThatWereNotSavedComeBack) {
+    const std::string saved = Shopping("Dentist", "Call");
+    WriteNote("Dentist", saved);
+    const Window main = StartProgram();
+    const Window dentist = OpenRestored("Dentist");
+    ChooseFromPopup(program, dentist.Only("Edit"), popupYellow);
+    ChooseFromPopup(program, dentist.Only("Edit"), popup14Points);
+    SetAlarm(dentist);
+    // One that was never saved.
+    const Window rent = MakeNote(main, "Rent");
+    rent.Only("Edit").Type("Pay");
+    PickDate(DatePicker(rent), 2031, 6, 5);
+    SetAlarm(rent);
+    WaitForCopy("Dentist", "\"Call\",#2031-06-02#,#09:31:00#,5,14,\"1\",1,\"yes\"");
+    WaitForCopy("Rent", "\"Pay\",#2031-06-05#,#09:31:00#,1,12,\"1\",1,\"yes\"");
+    program.Kill();
+    ExpectNote("Dentist", saved);
+    EXPECT_FALSE(FileExists(NotePath("Rent")));
+
+    StartProgram();
+    const Window again = WaitForUnsaved("Dentist");
+    EXPECT_EQ(again.Only("Edit").Text(), "Call");
+    BringUp(again);
+    EXPECT_TRUE(ComesTrue([&] { return Picture(again.Only("Edit")).Share(yellow) > 0.8; }));
+    EXPECT_TRUE(again.FindChild("Button", editorTurnOff));
+    EXPECT_TRUE(again.FindChild("Static", "9:31:00 AM"));
+    EXPECT_TRUE(again.Button(audioBoxCaption).IsChecked());
+    const Window unsaved = WaitForUnsaved("Rent");
+    EXPECT_EQ(unsaved.Only("Edit").Text(), "Pay");
+    EXPECT_TRUE(unsaved.FindChild("Button", editorTurnOff));
+    EXPECT_TRUE(unsaved.FindChild("Static", "5, 2031"));
+    ExpectNote("Dentist", saved);
+
+    const std::uint64_t before = recorder.Now();
+    LetAlarmCome("2031-06-02 09:30:58", alarmBox);
+    EXPECT_EQ(recorder.WaitForSound(before), "Alarm buzzer.wav");
+    Box(program, alarmBox).Press("OK");
+    HideNote(again);
+    ExpectNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:31:00#,5,14,\"0\",0,\"yes\"\r\n");
+    EXPECT_TRUE(unsaved.FindChild("Button", editorTurnOff));
+    ExitProgram();
+    ExpectNote("Rent", "\"Rent\",\"Pay\",#2031-06-05#,#09:31:00#,1,12,\"1\",1,\"yes\"\r\n");
+    EXPECT_EQ(Files(), (std::vector<std::string>{"Dentist.txt", "Rent.txt"}));
+}
+
+TEST_F(Recovery, WithoutARecycleBinFilesAreRenamed) {
+    const NoRecycleBin noBin(folder);
+    WriteNote("Bad", "\"Bad\",\"no");
+    WriteNote("Shopping", Shopping("Shopping", "milk"));
+    StartProgram();
+    const Window editor = OpenRestored("Shopping");
+    EXPECT_FALSE(FileExists(NotePath("Bad")));
+    EXPECT_EQ(WholeFile(NotePath("Bad") + ".damaged"), "\"Bad\",\"no");
+
+    // What another program has saved meanwhile.
+    WriteNote("Shopping", Shopping("Shopping", "bread"));
+    editor.Only("Edit").Type("milk and eggs");
+    PressToolbar(editor.Only(toolbarClass), toolbarSave);
+    Box(program, "").Press("OK");
+    ExpectNote("Shopping", Shopping("Shopping", "milk and eggs"));
+    EXPECT_EQ(WholeFile(NotePath("Shopping") + ".replaced"), Shopping("Shopping", "bread"));
+    ExitProgram();
+    EXPECT_EQ(Files(), (std::vector<std::string>{"Bad.txt.damaged", "Shopping.txt",
+                                                 "Shopping.txt.replaced"}));
+}
+
+}  // namespace driver

@@ -1,0 +1,111 @@
+#include "tests/windows/DriverTest.h"
+
+namespace driver {
+
+// Two sessions of a user's, or two machines, may share the folder of the notes.
+class TwoPrograms : public DriverTest {
+  protected:
+    // Starts a second copy beside the first, which it does not know of.
+    void StartSecond();
+    Window SecondMain() const;
+    static std::string Shopping(const std::string& text) {
+        return "\"Shopping\",\"" + text + "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
+    }
+    std::string InNotes(const std::string& name) const { return folder + "\\Notes\\" + name; }
+    // The second line of a copy names the program that keeps it.
+    std::string InstanceOf(const std::string& copyName) const;
+
+    Program second;
+};
+
+Window TwoPrograms::SecondMain() const {
+    for (const Window& window : second.Windows()) {
+        if (window.HasTitleBar() && window.Text() == mainCaption && window.IsVisible()) {
+            return window;
+        }
+    }
+    return {};
+}
+
+void TwoPrograms::StartSecond() {
+    program.CloseMutex("Local\\Jotwright.Instance");
+    second.Start(executable);
+    WaitUntil("the second main window is shown",
+              [this] { return static_cast<bool>(SecondMain()); });
+}
+
+std::string TwoPrograms::InstanceOf(const std::string& copyName) const {
+    const std::string bytes = WholeFile(CopyPath(copyName)).value();
+    const std::size_t start = bytes.find("\r\n") + 2;
+    return bytes.substr(start, bytes.find("\r\n", start) - start);
+}
+
+TEST_F(TwoPrograms, NeitherTouchesWhatTheOtherHasUnsaved) {
+    WriteNote("Shopping", Shopping("milk"));
+    StartProgram();
+    const Window first = OpenRestored("Shopping");
+    first.Only("Edit").Type("milk and eggs");
+    WaitForCopy("Shopping", "milk and eggs");
+    const std::string copy = WholeFile(CopyPath("Shopping")).value();
+    // A file that the first one is writing, and files that programs have left that were killed.
+    const std::string beingWritten = "~Jotwright-" + InstanceOf("Shopping") + "-999.tmp";
+    WriteWholeFile(InNotes(beingWritten),
+                   "\"Rent\",\"pay\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    WriteWholeFile(InNotes("~Jotwright-0123456789abcdef-1.tmp"), "\"Half\",\"a no");
+    WriteWholeFile(InNotes("~Jotwright-0123456789abcdef-2.tmp"),
+                   "\"Lost\",\"text\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+
+    StartSecond();
+    const Window other = second.WaitFor("Shopping");
+    EXPECT_TRUE(other.IsMinimized());
+    Restore(other);
+    EXPECT_EQ(other.Only("Edit").Text(), "milk");
+    EXPECT_TRUE(second.WaitFor("Lost").IsMinimized());
+    EXPECT_EQ(
+        FileNames(folder + "\\Notes"),
+        (std::vector<std::string>{"Lost.txt", "Shopping.txt", beingWritten, "~Shopping.recovery"}));
+    EXPECT_EQ(WholeFile(CopyPath("Shopping")), copy);
+
+    // Both copies stand side by side, and so do both saved texts: the later one has the file.
+    other.Only("Edit").Type("bread");
+    WaitForCopy("Shopping~2", "bread");
+    EXPECT_EQ(WholeFile(CopyPath("Shopping")), copy);
+    HideNote(other);
+    ExpectNote("Shopping", Shopping("bread"));
+    EXPECT_FALSE(FileExists(CopyPath("Shopping~2")));
+    EXPECT_EQ(first.Only("Edit").Text(), "milk and eggs");
+    WaitForCopy("Shopping", "milk and eggs");
+    SecondMain().Close();
+    EXPECT_EQ(second.WaitForEnd(), 0U);
+    HideNote(first);
+    ExpectNote("Shopping", Shopping("milk and eggs"));
+    EXPECT_FALSE(FileExists(CopyPath("Shopping")));
+    ExpectNote("Lost", "\"Lost\",\"text\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+}
+
+TEST_F(TwoPrograms, WhatTheFirstLeavesWhenItIsKilledComesBackAtTheNextStart) {
+    WriteNote("Shopping", Shopping("milk"));
+    StartProgram();
+    OpenRestored("Shopping").Only("Edit").Type("milk and eggs");
+    WaitForCopy("Shopping", "milk and eggs");
+    const std::string beingWritten = "~Jotwright-" + InstanceOf("Shopping") + "-999.tmp";
+    WriteWholeFile(InNotes(beingWritten), "\"Half\",\"a no");
+    StartSecond();
+    EXPECT_TRUE(second.WaitFor("Shopping").IsMinimized());
+    program.Kill();
+    SecondMain().Close();
+    EXPECT_EQ(second.WaitForEnd(), 0U);
+    ExpectNote("Shopping", Shopping("milk"));
+    EXPECT_TRUE(FileExists(InNotes(beingWritten)));
+
+    StartProgram();
+    const Window again = program.WaitFor("Shopping");
+    WaitUntilFilled(again, "Edit");
+    EXPECT_EQ(again.Only("Edit").Text(), "milk and eggs");
+    EXPECT_FALSE(FileExists(InNotes(beingWritten)));
+    ExitProgram();
+    ExpectNote("Shopping", Shopping("milk and eggs"));
+    EXPECT_EQ(FileNames(folder + "\\Notes"), std::vector<std::string>{"Shopping.txt"});
+}
+
+}  // namespace driver
