@@ -8,7 +8,7 @@
 #include "app/Settings.h"
 #include "app/StandardCode.h"
 #include "app/frmMain.h"
-#include "forms/Runtime.h"
+#include "forms/Application.h"
 #include "forms/Services.h"
 #include "info/frmTip.h"
 #include "notes/frmDisplayNote.h"

@@ -8,8 +8,8 @@
 #include "app/Settings.h"
 #include "app/StandardCode.h"
 #include "base/Text.h"
+#include "forms/Application.h"
 #include "forms/MsgBox.h"
-#include "forms/Runtime.h"
 #include "forms/Services.h"
 #include "notes/NotePrinting.h"
 
@@ -111,9 +111,9 @@ void frmDisplayNote::Form_Unload(bool& cancel) {
     if (!NoteStore::Exists(file)) {
         return;
     }
-    if (!forms::Runtime::Current().IsSessionEnding() && IsToBeErased()) {
+    if (!forms::Application::Current().IsSessionEnding() && IsToBeErased()) {
         EraseNote();
-    } else if (!KeepNote() && IsTextChanged() && !forms::Runtime::Current().IsSessionEnding()) {
+    } else if (!KeepNote() && IsTextChanged() && !forms::Application::Current().IsSessionEnding()) {
         // What was typed here is nowhere else.
         cancel = true;
         return;
@@ -259,7 +259,7 @@ std::shared_ptr<frmDisplayNote> DisplayNote(int slot) {
 }
 
 bool IsAlarmDisplayed(const StoredNote& note) {
-    const auto& loaded = forms::Runtime::Current().LoadedForms();
+    const auto& loaded = forms::Application::Current().LoadedForms();
     return std::any_of(loaded.begin(), loaded.end(), [&note](const auto& form) {
         const auto* display = dynamic_cast<const frmDisplayNote*>(form.get());
         return display != nullptr && display->ShowsAlarmOf(note);

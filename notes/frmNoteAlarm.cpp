@@ -2,8 +2,8 @@
 #include <functional>
 
 #include "alarms/Bell.h"
+#include "forms/Application.h"
 #include "forms/MsgBox.h"
-#include "forms/Runtime.h"
 #include "forms/Services.h"
 #include "notes/frmNote.h"
 
@@ -181,7 +181,7 @@ void frmNote::ShowAlarmState(const char* buttonCaption) {
     if (this != &forms::Default<frmNote>()) {
         return;
     }
-    for (const auto& form : forms::Runtime::Current().LoadedForms()) {
+    for (const auto& form : forms::Application::Current().LoadedForms()) {
         if (auto* note = dynamic_cast<frmNote*>(form.get())) {
             note->FollowBlinking();
         }
