@@ -7,8 +7,8 @@
 #include "app/StandardCode.h"
 #include "app/dlgMsgBox.h"
 #include "app/frmMain.h"
+#include "forms/Application.h"
 #include "forms/Devices.h"
-#include "forms/Runtime.h"
 #include "info/frmSplash.h"
 #include "notes/EditedNote.h"
 #include "notes/NoteEditor.h"
@@ -36,6 +36,13 @@ void SaveWhatIsOpen() {
 
 }  // namespace
 
+const forms::ApplicationInfo applicationInfo{
+    .name = "Jotwright",
+    .registryKey = "Software\\Jotwright",
+    .mutexName = "Local\\Jotwright.Instance",
+    .savingText = "The open notes are being saved.",
+};
+
 void Main() {
     Reset();
     if (forms::Machine().system->PreviousInstance()) {
@@ -52,7 +59,7 @@ void Main() {
     NoteStore::AdoptLeftovers();
     SafeFile::RemoveLeftovers(SpecialAlarmsFile::Folder());
     ConnectControlPanel();
-    forms::Runtime::Current().onFatalError = SaveWhatIsOpen;
+    forms::Application::Current().onFatalError = SaveWhatIsOpen;
 
     auto& splash = forms::Default<frmSplash>();
     splash.Show();

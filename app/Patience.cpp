@@ -1,8 +1,8 @@
 #include "app/Patience.h"
 
 #include "app/StandardCode.h"
+#include "forms/Application.h"
 #include "forms/Devices.h"
-#include "forms/Runtime.h"
 
 namespace Patience {
 
@@ -16,9 +16,9 @@ constexpr int timeForTicks = 200;
 }  // namespace
 
 bool Wait() {
-    const forms::Runtime::Action action = forms::Runtime::Exists()
-                                              ? forms::Runtime::Current().CurrentAction()
-                                              : forms::Runtime::Action{};
+    const forms::Application::Action action = forms::Application::Exists()
+                                                  ? forms::Application::Current().CurrentAction()
+                                                  : forms::Application::Action{};
     StandardCode::RetryTime& time = StandardCode::Shared().TimeToRetry;
     if (time.action != action.number) {
         time = {action.number, action.isUsers ? timeForUser : timeForTicks};

@@ -8,9 +8,10 @@
 int main() {
     forms::win32::RestrictLibrarySearch();
     // Never destroyed: the windows that are left go with the process, at once.
-    forms::Stage& stage = *forms::win32::MakeStage().release();
-    forms::Machine() = forms::win32::MakeDevices();
-    forms::Runtime runtime(stage);
+    const forms::ApplicationInfo& application = StandardCode::applicationInfo;
+    forms::Stage& stage = *forms::win32::MakeStage(application).release();
+    forms::Machine() = forms::win32::MakeDevices(application);
+    forms::Runtime runtime(stage, application.name);
     runtime.Run(StandardCode::Main);
     return 0;
 }

@@ -1,6 +1,6 @@
 #include "app/dlgMsgBox.h"
 
-#include "forms/Runtime.h"
+#include "forms/Application.h"
 #include "forms/Services.h"
 
 void dlgMsgBox::Design() {

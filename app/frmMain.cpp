@@ -11,8 +11,8 @@
 #include "app/StandardCode.h"
 #include "app/dlgMsgBox.h"
 #include "app/frmOptions.h"
+#include "forms/Application.h"
 #include "forms/MsgBox.h"
-#include "forms/Runtime.h"
 #include "forms/Services.h"
 #include "info/frmAbout.h"
 #include "info/frmTip.h"
@@ -103,7 +103,7 @@ void frmMain::ApplyNoteLimit() {
 
 void frmMain::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
     cancel = false;
-    forms::Runtime& runtime = forms::Runtime::Current();
+    const forms::Application& application = forms::Application::Current();
     forms::Machine().tray->Delete(TrayIconRecord);
     if (auto* note = forms::LoadedDefault<frmNote>()) {
         note->Unload();
@@ -112,7 +112,7 @@ void frmMain::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
     // Closing a note loads the control panel anew, so the list grows while it is worked off.
     std::vector<Form*> refused;
     for (;;) {
-        const auto& loaded = runtime.LoadedForms();
+        const auto& loaded = application.LoadedForms();
         const auto next = std::find_if(loaded.begin(), loaded.end(), [&](const auto& form) {
             return form.get() != this &&
                    std::find(refused.begin(), refused.end(), form.get()) == refused.end();
@@ -134,7 +134,7 @@ void frmMain::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
     for (const EditedNote* note : open) {
         losesText = !note->Editor().KeepForNextStart() || losesText;
     }
-    if (losesText && !runtime.IsSessionEnding()) {
+    if (losesText && !application.IsSessionEnding()) {
         cancel = true;
         forms::Machine().tray->Add(TrayIconRecord);
     }
@@ -145,7 +145,7 @@ void frmMain::Form_Unload(bool& /*cancel*/) {
         windowState = forms::WindowState::Maximized;
     }
     forms::Machine().tray->Delete(TrayIconRecord);
-    forms::Runtime::Current().End();
+    forms::Application::Current().End();
 }
 
 void frmMain::cmdMakeNote_Click() {

@@ -10,8 +10,6 @@ namespace forms {
 
 namespace {
 
-Runtime* current = nullptr;
-
 // The stage holds what the user has typed until somebody reads it.
 void FetchTypedTexts(const Form& form) {
     for (Control* control : form.Controls()) {
@@ -21,14 +19,10 @@ void FetchTypedTexts(const Form& form) {
     }
 }
 
-bool SameForm(const std::weak_ptr<Form>& weak, const Form& form) {
-    const auto locked = weak.lock();
-    return !locked || locked.get() == &form;
-}
-
 }  // namespace
 
-Runtime::Runtime(Stage& runtimeStage) : stage(runtimeStage) { current = this; }
+Runtime::Runtime(Stage& runtimeStage, std::string name)
+    : stage(runtimeStage), programName(std::move(name)) {}
 
 Runtime::~Runtime() {
     ended = true;
@@ -37,12 +31,9 @@ Runtime::~Runtime() {
     }
     defaults.clear();
     loaded.clear();
-    current = nullptr;
 }
 
-Runtime& Runtime::Current() { return *current; }
-
-bool Runtime::Exists() { return current != nullptr; }
+Runtime& Runtime::Current() { return static_cast<Runtime&>(Application::Current()); }
 
 void Runtime::Run(const std::function<void()>& startUp) {
     Dispatch(nullptr, startUp);
@@ -108,7 +99,7 @@ void Runtime::ReportAndEnd(const base::RuntimeError& error) {
     BoxRequest request;
     request.text =
         "Run-time error '" + std::to_string(error.number()) + "':\r\n\r\n" + error.description();
-    request.caption = "Jotwright";
+    request.caption = programName;
     request.options.icon = BoxIcon::Critical;
     Settle();
     stage.ShowMessageBox(request);
@@ -146,7 +137,7 @@ void Runtime::Wait(const std::function<void()>& pump) {
 }
 
 void Runtime::Settle() {
-    if (const auto active = activeForm.lock(); active && active->IsLoaded()) {
+    if (Form* active = ActiveForm(); active != nullptr && active->IsLoaded()) {
         active->MoveFocusOn();
     }
     std::vector<std::weak_ptr<Form>> toShow;
@@ -156,37 +147,6 @@ void Runtime::Settle() {
         if (form && form->IsLoaded()) {
             form->shownOnStage = form->visible;
             stage.ShowOrHide(*form);
-        }
-    }
-}
-
-void Runtime::MarkDirty(Form& form) {
-    std::erase_if(dirty, [&form](const auto& weak) { return SameForm(weak, form); });
-    dirty.push_back(form.weak_from_this());
-}
-
-void Runtime::FormActivated(Form& form) {
-    if (ActiveForm() == &form || !form.IsLoaded()) {
-        return;
-    }
-    activeForm = form.weak_from_this();
-    std::erase_if(activationOrder, [&form](const auto& weak) { return SameForm(weak, form); });
-    activationOrder.push_back(activeForm);
-    form.Form_Activate();
-}
-
-void Runtime::ActivateNext(const Form& leaving) {
-    if (ended || ActiveForm() != &leaving) {
-        return;
-    }
-    activeForm.reset();
-    for (auto at = activationOrder.rbegin(); at != activationOrder.rend(); ++at) {
-        const auto form = at->lock();
-        if (form && form.get() != &leaving && form->IsUsable() &&
-            form->windowState() != WindowState::Minimized) {
-            MarkDirty(*form);
-            FormActivated(*form);
-            return;
         }
     }
 }
@@ -218,23 +178,6 @@ void Runtime::ArmNow() {
         armedFor = due;
         stage.ArmTimer(due);
     }
-}
-
-Form* Runtime::FindDefault(std::type_index type) const {
-    const auto found = defaults.find(type);
-    return found == defaults.end() ? nullptr : found->second.get();
-}
-
-void Runtime::Create(const std::shared_ptr<Form>& form) {
-    form->Design();
-    form->Form_Initialize();
-}
-
-void Runtime::AddLoaded(Form& form) { loaded.push_back(form.shared_from_this()); }
-
-void Runtime::RemoveLoaded(Form& form) {
-    std::erase_if(loaded, [&form](const auto& other) { return other.get() == &form; });
-    std::erase_if(defaults, [&form](const auto& entry) { return entry.second.get() == &form; });
 }
 
 }  // namespace forms

@@ -8,7 +8,7 @@
 #include "app/Settings.h"
 #include "app/StandardCode.h"
 #include "app/frmMain.h"
-#include "forms/Runtime.h"
+#include "forms/Application.h"
 #include "forms/Services.h"
 #include "info/frmTip.h"
 #include "notes/frmDisplayNote.h"
@@ -52,7 +52,7 @@ void frmSplash::tmrSplash_Timer() {
         return;
     }
     // The user waits for the notes: files that other programs hold are worth the longer wait.
-    forms::Runtime::Current().BeginUsersAction();
+    forms::Application::Current().BeginUsersAction();
     Default<frmMain>().Show();
     Default<frmNote>().Load();
     Default<frmDisplayNote>().Load();

@@ -5,8 +5,8 @@
 #include "app/Patience.h"
 #include "app/RecordText.h"
 #include "app/SafeFile.h"
+#include "forms/Application.h"
 #include "forms/MsgBox.h"
-#include "forms/Runtime.h"
 #include "forms/Services.h"
 #include "notes/EditedNote.h"
 
@@ -141,7 +141,7 @@ void NoteStore::Report(const base::RuntimeError& error) {
         reported.clear();
     }
     if (error == base::ErrorNumber::SubscriptOutOfRange) {
-        const std::uint64_t action = forms::Runtime::Current().CurrentAction().number;
+        const std::uint64_t action = forms::Application::Current().CurrentAction().number;
         if (std::exchange(fullReportedIn, action) == action) {
             return;
         }

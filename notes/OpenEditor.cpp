@@ -3,7 +3,7 @@
 #include <array>
 
 #include "app/RecordText.h"
-#include "forms/Runtime.h"
+#include "forms/Application.h"
 
 namespace StandardCode {
 

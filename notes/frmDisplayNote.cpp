@@ -8,8 +8,8 @@
 #include "app/Settings.h"
 #include "app/StandardCode.h"
 #include "base/Text.h"
+#include "forms/Application.h"
 #include "forms/MsgBox.h"
-#include "forms/Runtime.h"
 #include "forms/Services.h"
 #include "notes/NotePrinting.h"
 
@@ -115,9 +115,9 @@ void frmDisplayNote::Form_Unload(bool& cancel) {
     if (!NoteStore::Exists(file)) {
         return;
     }
-    if (!forms::Runtime::Current().IsSessionEnding() && IsToBeErased()) {
+    if (!forms::Application::Current().IsSessionEnding() && IsToBeErased()) {
         EraseNote();
-    } else if (!KeepNote() && IsTextChanged() && !forms::Runtime::Current().IsSessionEnding()) {
+    } else if (!KeepNote() && IsTextChanged() && !forms::Application::Current().IsSessionEnding()) {
         // What was typed here is nowhere else.
         cancel = true;
         return;
@@ -217,8 +217,8 @@ bool frmDisplayNote::Write(StandardCode::NoteRecord& note, NoteFile::TimeField t
         }
         copy.Remove();
     };
-    const forms::Runtime& runtime = forms::Runtime::Current();
-    if (!runtime.IsSessionEnding() && !runtime.HasEnded()) {
+    const forms::Application& program = forms::Application::Current();
+    if (!program.IsSessionEnding() && !program.HasEnded()) {
         return StandardCode::ReportWriteErrors(write);
     }
     // Nobody would close a box.

@@ -5,8 +5,8 @@
 #include "app/Settings.h"
 #include "app/TrayMessages.h"
 #include "base/Text.h"
+#include "forms/Application.h"
 #include "forms/MsgBox.h"
-#include "forms/Runtime.h"
 #include "forms/Services.h"
 #include "notes/NotePrinting.h"
 #include "notes/NoteStore.h"
@@ -198,7 +198,7 @@ void frmNote::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
     if (!edited.IsOpen()) {
         return;
     }
-    if (mode == forms::UnloadMode::SessionEnd || forms::Runtime::Current().IsSessionEnding()) {
+    if (mode == forms::UnloadMode::SessionEnd || forms::Application::Current().IsSessionEnding()) {
         SaveBeforeTheEnd();
         return;
     }

@@ -2,8 +2,8 @@
 #include <functional>
 
 #include "alarms/Bell.h"
+#include "forms/Application.h"
 #include "forms/MsgBox.h"
-#include "forms/Runtime.h"
 #include "forms/Services.h"
 #include "notes/NoteStore.h"
 #include "notes/frmNote.h"

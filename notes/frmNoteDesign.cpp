@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "app/Grid.h"
-#include "forms/Runtime.h"
+#include "forms/Application.h"
 #include "notes/frmNote.h"
 
 // The editor's controls and their places.

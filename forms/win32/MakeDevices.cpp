@@ -1,6 +1,7 @@
 #include "forms/win32/MakeDevices.h"
 
 #include "forms/win32/Internal.h"
+#include "forms/win32/Utf.h"
 #include "forms/win32/devices/WinClock.h"
 #include "forms/win32/devices/WinFiles.h"
 #include "forms/win32/devices/WinLocale.h"
@@ -28,7 +29,10 @@ struct AllDevices {
     WinLocale locale;
     WinSystem system;
 
-    AllDevices() {
+    explicit AllDevices(const ApplicationInfo& application)
+        : settings(Wide(application.registryKey)),
+          printer(Wide(application.name)),
+          system(Wide(application.mutexName)) {
         onTaskbarCreated = [this] { tray.AddAgain(); };
         onDisplayChange = [this] { tray.FollowScale(); };
     }
@@ -42,8 +46,8 @@ struct AllDevices {
 
 }  // namespace
 
-Devices MakeDevices() {
-    static AllDevices all;
+Devices MakeDevices(const ApplicationInfo& application) {
+    static AllDevices all(application);
     Devices devices;
     devices.clock = &all.clock;
     devices.files = &all.files;

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace forms::win32 {
@@ -13,6 +14,7 @@ class FormWindow;
 struct StageState {
     std::vector<FormWindow*> windows;  // that exist natively; last is the one used last
     HWND utility = nullptr;            // hidden; see UtilityWindow.h
+    std::wstring savingText;           // see ApplicationInfo
     // Above 0 while the stage itself shows, moves or activates windows: what the system then
     // reports is no gesture.
     int applying = 0;

@@ -130,7 +130,7 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ENDSESSION:
             if (wParam != FALSE && RuntimeRuns()) {
                 // Where saving takes long, the system tells the user what it waits for.
-                ::ShutdownBlockReasonCreate(window, L"The open notes are being saved.");
+                ::ShutdownBlockReasonCreate(window, state.savingText.c_str());
                 gestures::EndSession();
                 ::ShutdownBlockReasonDestroy(window);
             }

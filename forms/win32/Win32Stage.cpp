@@ -28,7 +28,9 @@ int DpiFor(const Form& form) {
 
 }  // namespace
 
-std::unique_ptr<Stage> MakeStage() { return std::make_unique<Win32Stage>(); }
+std::unique_ptr<Stage> MakeStage(const ApplicationInfo& application) {
+    return std::make_unique<Win32Stage>(application);
+}
 
 HWND TrayWindowOf(Form& form, UINT iconId) {
     FormWindow* window = currentState != nullptr ? FormWindow::Of(form, *currentState) : nullptr;
@@ -44,7 +46,8 @@ HWND ExistingWindowOf(const Form& form) {
     return window != nullptr ? window->handle : nullptr;
 }
 
-Win32Stage::Win32Stage() : state(std::make_unique<StageState>()) {
+Win32Stage::Win32Stage(const ApplicationInfo& application) : state(std::make_unique<StageState>()) {
+    state->savingText = Wide(application.savingText);
     INITCOMMONCONTROLSEX controls{};
     controls.dwSize = sizeof controls;
     controls.dwICC = ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES | ICC_DATE_CLASSES;

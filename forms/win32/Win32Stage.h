@@ -15,7 +15,7 @@ class UtilityWindow;
 // on the thread that made it, and it outlives the runtime.
 class Win32Stage : public Stage {
   public:
-    Win32Stage();
+    explicit Win32Stage(const ApplicationInfo& application);
     ~Win32Stage() override;
     Win32Stage(const Win32Stage&) = delete;
     Win32Stage& operator=(const Win32Stage&) = delete;

@@ -89,7 +89,7 @@ class StandTest : public ::testing::Test {
     void SetUp() override {
         forms_under_test::Log().clear();
         stand = MakeStand();
-        runtime = std::make_unique<forms::Runtime>(stand->Stage());
+        runtime = std::make_unique<forms::Runtime>(stand->Stage(), "Program");
     }
     void TearDown() override {
         stand->Verify();

@@ -1,6 +1,7 @@
 #include <string>
 
 #include "alarms/frmKillAlarm.h"
+#include "app/Main.h"
 #include "forms/Devices.h"
 #include "forms/Runtime.h"
 #include "forms/win32/MakeDevices.h"
@@ -13,9 +14,10 @@
 // picture can be taken. usage: spare_windows frmHelp|dlgInput|frmKillAlarm|frmSplash
 int main(int count, char** arguments) {
     const std::string name = count > 1 ? arguments[1] : "";
-    const auto stage = forms::win32::MakeStage();
-    forms::Machine() = forms::win32::MakeDevices();
-    forms::Runtime runtime(*stage);
+    const forms::ApplicationInfo& application = StandardCode::applicationInfo;
+    const auto stage = forms::win32::MakeStage(application);
+    forms::Machine() = forms::win32::MakeDevices(application);
+    forms::Runtime runtime(*stage, application.name);
     runtime.Run([&name] {
         if (name == "frmHelp") {
             forms::Default<frmHelp>().Show();

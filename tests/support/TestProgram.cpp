@@ -75,7 +75,7 @@ void TestProgram::Boot() {
     StandardCode::Reset();
     stage = std::make_unique<WatchedStage>(clock);
     stage->onFailure = [](const std::string& message) { ADD_FAILURE() << message; };
-    runtime = std::make_unique<forms::Runtime>(*stage);
+    runtime = std::make_unique<forms::Runtime>(*stage, "Jotwright");
     user = std::make_unique<forms::headless::User>(*stage, tray);
 }
 

@@ -172,14 +172,29 @@ void DriverTest::BringUp(const Window& window) {
     window.Send(WM_NULL);
 }
 
-std::string DriverTest::CopyPath(const std::string& name) const {
-    return folder + "\\Notes\\~" + name + ".recovery";
+std::vector<std::string> DriverTest::CopyPaths(const std::string& title) const {
+    std::vector<std::string> paths;
+    for (const std::string& name : FileNames(folder + "\\Notes")) {
+        if (name.starts_with("~" + title + "-") && name.ends_with(".recovery")) {
+            paths.push_back(folder + "\\Notes\\" + name);
+        }
+    }
+    return paths;
 }
 
-// The copy itself: while it is written, its text is in a temporary file already.
-void DriverTest::WaitForCopy(const std::string& name, const std::string& part) const {
+std::string DriverTest::CopyPath(const std::string& title) const {
+    const std::vector<std::string> paths = CopyPaths(title);
+    EXPECT_EQ(paths.size(), 1U) << title;
+    return paths.empty() ? std::string() : paths.front();
+}
+
+// While a copy is written, its text is in a temporary file already.
+void DriverTest::WaitForCopy(const std::string& title, const std::string& part) const {
     WaitUntil("a copy holds " + part, [&] {
-        return WholeFile(CopyPath(name)).value_or("").find(part) != std::string::npos;
+        const std::vector<std::string> paths = CopyPaths(title);
+        return std::any_of(paths.begin(), paths.end(), [&part](const std::string& path) {
+            return WholeFile(path).value_or("").find(part) != std::string::npos;
+        });
     });
 }
 

@@ -94,9 +94,11 @@ class DriverTest : public testing::Test {
     void HideNote(const Window& editor);
     // Brings a window to the foreground and waits until it is there.
     static void BringUp(const Window& window);
-    // Of a file that keeps an unsaved text: "Shopping" names ~Shopping.recovery.
-    std::string CopyPath(const std::string& name) const;
-    // Waits until that file holds this.
+    // Paths of the files that keep unsaved texts of this title: ~Shopping-<instance>.recovery.
+    std::vector<std::string> CopyPaths(const std::string& title) const;
+    // The only one; fails the test if there is another number.
+    std::string CopyPath(const std::string& title) const;
+    // Waits until one of them holds this.
     void WaitForCopy(const std::string& name, const std::string& part) const;
     // Closes a window that is about to go without a question, and waits until it has gone.
     static void CloseAndWait(const Window& window);

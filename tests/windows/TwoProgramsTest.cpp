@@ -46,7 +46,8 @@ TEST_F(TwoPrograms, NeitherTouchesWhatTheOtherHasUnsaved) {
     const Window first = OpenRestored("Shopping");
     first.Only("Edit").Type("milk and eggs");
     WaitForCopy("Shopping", "milk and eggs");
-    const std::string copy = WholeFile(CopyPath("Shopping")).value();
+    const std::string firstCopy = CopyPath("Shopping");
+    const std::string copy = WholeFile(firstCopy).value();
     // A file that the first one is writing, and files that programs have left that were killed.
     const std::string beingWritten = "~Jotwright-" + InstanceOf("Shopping") + "-999.tmp";
     WriteWholeFile(InNotes(beingWritten),
@@ -61,25 +62,26 @@ TEST_F(TwoPrograms, NeitherTouchesWhatTheOtherHasUnsaved) {
     Restore(other);
     EXPECT_EQ(other.Only("Edit").Text(), "milk");
     EXPECT_TRUE(second.WaitFor("Lost").IsMinimized());
-    EXPECT_EQ(
-        FileNames(folder + "\\Notes"),
-        (std::vector<std::string>{"Lost.txt", "Shopping.txt", beingWritten, "~Shopping.recovery"}));
-    EXPECT_EQ(WholeFile(CopyPath("Shopping")), copy);
+    EXPECT_EQ(FileNames(folder + "\\Notes"),
+              (std::vector<std::string>{"Lost.txt", "Shopping.txt", beingWritten,
+                                        firstCopy.substr(firstCopy.rfind('\\') + 1)}));
+    EXPECT_EQ(WholeFile(firstCopy), copy);
 
     // Both copies stand side by side, and so do both saved texts: the later one has the file.
     other.Only("Edit").Type("bread");
-    WaitForCopy("Shopping~2", "bread");
-    EXPECT_EQ(WholeFile(CopyPath("Shopping")), copy);
+    WaitForCopy("Shopping", "bread");
+    EXPECT_EQ(CopyPaths("Shopping").size(), 2U);
+    EXPECT_EQ(WholeFile(firstCopy), copy);
     HideNote(other);
     ExpectNote("Shopping", Shopping("bread"));
-    EXPECT_FALSE(FileExists(CopyPath("Shopping~2")));
+    EXPECT_EQ(CopyPaths("Shopping"), std::vector<std::string>{firstCopy});
     EXPECT_EQ(first.Only("Edit").Text(), "milk and eggs");
     WaitForCopy("Shopping", "milk and eggs");
     SecondMain().Close();
     EXPECT_EQ(second.WaitForEnd(), 0U);
     HideNote(first);
     ExpectNote("Shopping", Shopping("milk and eggs"));
-    EXPECT_FALSE(FileExists(CopyPath("Shopping")));
+    EXPECT_TRUE(CopyPaths("Shopping").empty());
     ExpectNote("Lost", "\"Lost\",\"text\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 

@@ -59,7 +59,7 @@ std::size_t WithoutHalfCharacter(std::wstring_view text, std::size_t count) {
 
 }  // namespace
 
-PrintJob::PrintJob(int fontPoints)
+PrintJob::PrintJob(const std::wstring& name, int fontPoints)
     : context(::CreateDCW(L"WINSPOOL", DefaultPrinterName().c_str(), nullptr, nullptr)) {
     if (!context) {
         Fail();
@@ -71,7 +71,7 @@ PrintJob::PrintJob(int fontPoints)
     SetFontSize(fontPoints);
     DOCINFOW document{};
     document.cbSize = sizeof document;
-    document.lpszDocName = L"Jotwright";
+    document.lpszDocName = name.c_str();
     if (::StartDocW(context.get(), &document) <= 0) {
         Fail();
     }

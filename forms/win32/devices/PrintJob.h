@@ -12,8 +12,8 @@ namespace forms::win32 {
 // needed. Every failure is a RuntimeError 482. A job that goes without End is abandoned.
 class PrintJob {
   public:
-    // Begins the document.
-    explicit PrintJob(int fontPoints);
+    // Begins the document. name: as the list of the printer's jobs shows it.
+    PrintJob(const std::wstring& name, int fontPoints);
     ~PrintJob();
     PrintJob(const PrintJob&) = delete;
     PrintJob& operator=(const PrintJob&) = delete;

@@ -11,7 +11,7 @@ namespace forms::win32 {
 template <class Action>
 void WinPrinter::OnJob(Action action) try {
     if (!job) {
-        job = std::make_unique<PrintJob>(fontSize);
+        job = std::make_unique<PrintJob>(documentName, fontSize);
     }
     action(*job);
 } catch (const base::RuntimeError&) {

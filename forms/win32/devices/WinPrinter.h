@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <utility>
 
 #include "forms/Devices.h"
 #include "forms/win32/devices/PrintJob.h"
@@ -9,6 +11,8 @@ namespace forms::win32 {
 
 class WinPrinter : public Printer {
   public:
+    explicit WinPrinter(std::wstring nameOfDocuments) : documentName(std::move(nameOfDocuments)) {}
+
     // Each line of the text becomes a line of the page. After a failure the document is abandoned;
     // the next call begins another.
     void Print(const std::string& text) override;
@@ -22,6 +26,7 @@ class WinPrinter : public Printer {
     template <class Action>
     void OnJob(Action action);
 
+    const std::wstring documentName;
     static constexpr int usualFontSize = 10;  // points
     int fontSize = usualFontSize;
     std::unique_ptr<PrintJob> job;

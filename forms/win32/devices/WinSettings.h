@@ -7,8 +7,8 @@ namespace forms::win32 {
 // Text values in the user's part of the registry, a key for each section.
 class WinSettings : public SettingsStore {
   public:
-    explicit WinSettings(std::wstring rootKey = L"Software\\Jotwright")
-        : root(std::move(rootKey)) {}
+    // rootKey: below HKEY_CURRENT_USER.
+    explicit WinSettings(std::wstring rootKey) : root(std::move(rootKey)) {}
 
     // Empty where the value is missing or no text.
     std::optional<std::string> Read(const std::string& section, const std::string& key) override;
@@ -18,7 +18,7 @@ class WinSettings : public SettingsStore {
 
   private:
     std::wstring PathOf(const std::string& section) const;
-    std::wstring root;  // below HKEY_CURRENT_USER
+    std::wstring root;
 };
 
 }  // namespace forms::win32

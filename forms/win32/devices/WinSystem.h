@@ -10,8 +10,7 @@ namespace forms::win32 {
 class WinSystem : public System {
   public:
     // The name of the mutex by which copies of the program in the user's session know each other.
-    explicit WinSystem(std::wstring mutexName = L"Local\\Jotwright.Instance")
-        : name(std::move(mutexName)) {}
+    explicit WinSystem(std::wstring mutexName) : name(std::move(mutexName)) {}
 
     std::string ApplicationFolder() override;
     // Holds until this object goes. Later calls repeat the first answer.

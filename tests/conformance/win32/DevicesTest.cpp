@@ -40,8 +40,8 @@ std::string FromHex(std::string_view hex) {
 }  // namespace
 
 TEST(MakeDevicesTest, EveryDeviceIsThereAndStaysTheSame) {
-    const Devices first = MakeDevices();
-    const Devices second = MakeDevices();
+    const Devices first = MakeDevices({});
+    const Devices second = MakeDevices({});
     EXPECT_NE(first.clock, nullptr);
     EXPECT_NE(first.files, nullptr);
     EXPECT_NE(first.settings, nullptr);
@@ -175,7 +175,7 @@ TEST(WinPrinterTest, WithoutAPrinterPrintingIsAnError) {
     if (size != 0) {
         GTEST_SKIP() << "there is a printer";
     }
-    WinPrinter printer;
+    WinPrinter printer(L"Document");
     printer.SetFontSize(12);
     EXPECT_EQ(ErrorOf([&] { printer.Print(""); }), 482);
     EXPECT_EQ(ErrorOf([&] { printer.Print("text"); }), 482);
@@ -308,7 +308,7 @@ TEST_F(WinPicturesTest, AChangedFileIsLoadedAnew) {
 }
 
 TEST(WinSystemTest, TheApplicationFolderHoldsTheProgram) {
-    WinSystem system;
+    WinSystem system(L"Local\\Unused by tests");
     wchar_t path[2000]{};
     ::GetModuleFileNameW(nullptr, path, 2000);
     const std::string folder = system.ApplicationFolder();
@@ -332,7 +332,7 @@ TEST(WinSystemTest, TheSecondCopyKnowsOfTheFirst) {
 }
 
 TEST(WinSystemTest, VersionIsMajorAndMinor) {
-    WinSystem system;
+    WinSystem system(L"Local\\Unused by tests");
     EXPECT_GE(system.Version() & 0xffU, 5U);
     EXPECT_LE(system.Version(), 0xffffU);
 }

@@ -22,11 +22,16 @@ using namespace forms;
 using win32::FormWindow;
 using win32::Wide;
 
+const ApplicationInfo application{.name = "Program",
+                                  .registryKey = "Software\\Conformance",
+                                  .mutexName = "Local\\Conformance",
+                                  .savingText = "Saving."};
+
 // A user made of messages, as an automation tool sends them.
 class Win32Stand : public Stand {
   public:
-    Win32Stand() : stage(win32::MakeStage()), answers(stayOpenUntil) {
-        Machine() = win32::MakeDevices();
+    Win32Stand() : stage(win32::MakeStage(application)), answers(stayOpenUntil) {
+        Machine() = win32::MakeDevices(application);
     }
 
     ~Win32Stand() override {

@@ -1,0 +1,118 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <typeindex>
+#include <unordered_map>
+#include <vector>
+
+#include "forms/Form.h"
+
+namespace forms {
+
+// Thrown to leave every handler on the stack when the program ends. Runtime::Dispatch catches it. A
+// handler that catches it on the way, to leave something in order, throws it on.
+struct ProgramEnded {};
+
+// The running program as its windows see it: the forms that are loaded, the default instance of
+// each class, the active form, and the end. Runtime implements it; one exists at a time.
+class Application {
+  public:
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+
+    static Application& Current();
+    static bool Exists();
+
+    // Loaded forms in the order in which they were loaded.
+    const std::vector<std::shared_ptr<Form>>& LoadedForms() const { return loaded; }
+    Form* ActiveForm() const { return activeForm.lock().get(); }
+
+    // Ends the program at once: no further event, all pumps return, every handler is left.
+    [[noreturn]] virtual void End() = 0;
+    bool HasEnded() const { return ended; }
+    // The session of the system's user is ending: forms save and ask nothing.
+    bool IsSessionEnding() const { return sessionEnding; }
+    void MarkSessionEnding() { sessionEnding = true; }
+
+    // A gesture or a round of ticks, with all that its handlers do. Numbers are never used again.
+    struct Action {
+        std::uint64_t number = 0;
+        bool isUsers = false;  // a gesture, not a round of ticks
+    };
+    Action CurrentAction() const { return action; }
+    // The rest of the handler that runs counts as a new action of the user, who started the
+    // program.
+    void BeginUsersAction() { action = {++actions, true}; }
+
+    // Called when the program ends because of an error that nobody trapped, before the forms go.
+    // Exceptions from it are ignored.
+    std::function<void()> onFatalError;
+
+    // The form becomes the active one: Form_Activate runs unless it is active already.
+    void FormActivated(Form& form);
+
+  protected:
+    Application();
+    virtual ~Application();
+
+    std::vector<std::shared_ptr<Form>> loaded;
+    std::vector<std::weak_ptr<Form>> dirty;  // visibility or state to be shown by the stage
+    std::unordered_map<std::type_index, std::shared_ptr<Form>> defaults;
+    Action action;
+    std::uint64_t actions = 0;  // so far
+    bool ended = false;
+
+  private:
+    friend class Form;
+    friend class Control;
+    template <class T>
+    friend T& Default();
+    template <class T>
+    friend T* LoadedDefault();
+    template <class T>
+    friend std::shared_ptr<T> New();
+
+    static void Create(Form& form);
+    Form* FindDefault(std::type_index type) const;
+    void AddLoaded(Form& form);
+    void RemoveLoaded(Form& form);
+    void MarkDirty(Form& form);
+    // leaving is hidden, minimised or unloaded: another form becomes active.
+    void ActivateNext(const Form& leaving);
+
+    std::vector<std::weak_ptr<Form>> activationOrder;  // last is the most recent
+    std::weak_ptr<Form> activeForm;
+    bool sessionEnding = false;
+};
+
+// The default instance of a class; made when first mentioned, not loaded by that.
+template <class T>
+T& Default() {
+    Application& application = Application::Current();
+    auto& slot = application.defaults[std::type_index(typeid(T))];
+    if (!slot) {
+        auto form = std::make_shared<T>();
+        slot = form;
+        Application::Create(*form);
+    }
+    return static_cast<T&>(*application.defaults[std::type_index(typeid(T))]);
+}
+
+// The default instance if it is loaded, else null.
+template <class T>
+T* LoadedDefault() {
+    Form* form = Application::Current().FindDefault(std::type_index(typeid(T)));
+    return form != nullptr && form->IsLoaded() ? static_cast<T*>(form) : nullptr;
+}
+
+// A further instance. The caller's pointer keeps it until it is loaded; then the runtime does.
+template <class T>
+std::shared_ptr<T> New() {
+    auto form = std::make_shared<T>();
+    Application::Create(*form);
+    return form;
+}
+
+}  // namespace forms
