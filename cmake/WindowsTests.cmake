@@ -30,7 +30,10 @@ function(jotwright_add_windows_tests name)
 endfunction()
 
 if(conformance_sources)
-    jotwright_add_windows_tests(conformance_win32 ${conformance_sources})
+    set(recorder "${PROJECT_SOURCE_DIR}/tests/windows/SoundRecorder.cpp"
+                 "${PROJECT_SOURCE_DIR}/tests/windows/Files.cpp"
+                 "${PROJECT_SOURCE_DIR}/tests/windows/Wait.cpp")
+    jotwright_add_windows_tests(conformance_win32 ${conformance_sources} ${recorder})
     target_link_libraries(conformance_win32 PRIVATE jotwright_core win32)
 endif()
 # For the gallery: what the program itself opens nowhere. Looks like the program, hence its resources.
