@@ -17,7 +17,6 @@
 #include "forms/win32/devices/WinPrinter.h"
 #include "forms/win32/devices/WinSettings.h"
 #include "forms/win32/devices/WinShell.h"
-#include "forms/win32/devices/WinSound.h"
 #include "forms/win32/devices/WinSystem.h"
 #include "forms/win32/devices/WinTray.h"
 #include "tests/conformance/win32/TempFolder.h"
@@ -148,16 +147,6 @@ TEST_F(WinSettingsTest, ValuesAreTextsBelowTheSection) {
     ::RegSetKeyValueW(HKEY_CURRENT_USER, (root + L"\\Config").c_str(), L"Number", REG_DWORD,
                       &number, sizeof number);
     EXPECT_FALSE(settings.Read("Config", "Number").has_value());
-}
-
-// Whether anything is heard depends on the machine; that no call fails or hangs does not.
-TEST(WinSoundTest, CallsReturn) {
-    const TempFolder folder;
-    WinSound sound;
-    sound.Play(folder / "missing.wav", Sound::Mode::Once);
-    sound.Play(folder / "missing.wav", Sound::Mode::Loop);
-    sound.Stop();
-    sound.Stop();
 }
 
 TEST(WinTrayTest, AnIconThatWasNeverAddedCannotBeDeleted) {
