@@ -7,7 +7,7 @@
 
 int main() {
     forms::win32::RestrictLibrarySearch();
-    // Never destroyed: the windows that are left go with the process, at once.
+    // Never destroyed: the end of the process removes the remaining windows at once.
     forms::Stage& stage = *forms::win32::MakeStage().release();
     forms::Machine() = forms::win32::MakeDevices();
     forms::Runtime runtime(stage);
