@@ -23,15 +23,15 @@ inline constexpr std::array<BuiltIn, 5> builtIns{{
 // Full paths of the built-in sounds.
 std::array<std::string, builtIns.size()> BuiltInPaths();
 
-// Whether the last four characters, blanks around the path aside, are ".wav" in letters of either
-// case. The file itself is not looked at.
+// Whether the path ends in ".wav" in upper or lower case, apart from blanks around the path. Does
+// not look at the file.
 bool HasWaveExtension(const std::string& path);
 
 }  // namespace AlarmSounds
 
 namespace StandardCode {
 
-// Makes this the sound of every alarm, for this run and for later ones.
+// Makes the path the sound of every alarm, in this run and in later ones.
 void SaveAlarmSetting(const std::string& path);
 
 }  // namespace StandardCode

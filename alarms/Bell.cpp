@@ -9,7 +9,7 @@ namespace {
 
 using StandardCode::Shared;
 
-// One sound that waits. It is forgotten too if the program ends under the box.
+// One sound whose box is open. The destructor also forgets it if the program ends under the box.
 class Ring {
   public:
     explicit Ring(const std::string& path) {

@@ -5,11 +5,11 @@
 // The hourly chime.
 namespace CuckooClock {
 
-// How often to strike in this second; 0 while an alarm sounds. The main clock must have looked at
-// the same second before: it sets AlarmSounding for the alarms of that second.
+// The number of strikes that are due in this second; 0 while an alarm sounds. Call it after the
+// main clock's checks of the same second, which set AlarmSounding for the alarms of that second.
 int StrikesDue(base::DateTime now);
 
-// Plays the cuckoo count times, one after the other, and returns after the last.
+// Plays the cuckoo count times in a row, and returns after the last strike.
 void Strike(int count);
 
 }  // namespace CuckooClock

@@ -5,33 +5,33 @@
 #include "app/StandardCode.h"
 #include "base/DateTime.h"
 
-// When a note's alarm is due. Every comparison is exact to the second: a second that nobody looked
-// at is missed.
+// When a note's alarm is due. Every comparison is exact to the second: an alarm whose second is not
+// tested does not ring.
 namespace DueRules {
 
-// What an editor compares the clock with.
+// The values that an editor compares with the clock.
 struct AlarmValues {
     base::DateTime AlarmDayLong;
-    // The day again, by way of a text with a two-digit year: its year is one of 1930 to 2029.
+    // The same day, converted by way of a text with a two-digit year: its year is in 1930 to 2029.
     base::DateTime AlarmDayShort;
     base::DateTime AlarmTimeOfDay;
 };
 
-// From the editor's pickers: the day of date and the time of day of time.
+// Takes the day from date and the time of day from time, the values of the editor's pickers.
 AlarmValues ValuesOf(base::DateTime date, base::DateTime time);
 
 // The editor's own test; either day may match.
 bool IsEditorAlarmDue(const AlarmValues& values, base::DateTime now);
 
-// Whether the editor's own test may come true within the next seconds, on whatever day. While it
-// may not, nobody needs to look more often than once in each second.
+// Whether the editor's own test may come true within the next seconds, on any day. If not, one test
+// in each second is enough.
 bool MayRingSoon(const AlarmValues& values, base::DateTime now);
 
-// The main clock's test of a saved note. The locale's short date plays a part.
+// The main clock's test of a saved note. Its result depends on the locale's short date.
 bool IsSavedNoteDue(const StandardCode::NoteRecord& note, base::DateTime now);
 
-// The text that an alarm date's own text may equal instead of the date itself: the first five
-// characters of "m/d/yyyy" and the last two of the short date. It matches by accident only.
+// The first five characters of "m/d/yyyy" and the last two of the short date. IsSavedNoteDue also
+// accepts an alarm date whose own text equals this one, which happens only by accident.
 std::string ComparisonText(base::DateTime today);
 
 }  // namespace DueRules

@@ -22,7 +22,7 @@ Opened DisplayDue(base::DateTime now) {
         }
         const StoredNote stored = StandardCode::Notes().OfSlot(slot);
         const EditedNote* open = StandardCode::Notes().FindOpen(stored.file);
-        // Another note may have been saved to the file of the open one.
+        // The open note may no longer own the file: another note may have been saved to it.
         if ((open != nullptr && !open->IsFileOther()) || StandardCode::IsAlarmDisplayed(stored)) {
             continue;
         }

@@ -6,8 +6,8 @@
 
 class frmDisplayNote;
 
-// The main clock's check of the saved notes. A note that is open in an editor is left to the
-// editor's own test.
+// The main clock's check of the saved notes. It skips notes that are open in an editor, because the
+// editor tests its own alarm.
 namespace NoteAlarmsCheck {
 
 struct Opened {
@@ -18,8 +18,8 @@ struct Opened {
 // Opens a display for each note that is due in this second.
 Opened DisplayDue(base::DateTime now);
 
-// Switches on the sound of the display that was opened last, if a note wants it and no alarm
-// sounds.
+// Switches on the sound of the display that was opened last, if one of the notes wants it and no
+// alarm sounds.
 void StartSound(const Opened& opened);
 
 }  // namespace NoteAlarmsCheck

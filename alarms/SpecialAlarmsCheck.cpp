@@ -19,7 +19,7 @@ void Ring(std::size_t row) {
         Shared().AlarmSoundPath,
         "Message for " + Shared().SpecialAlarmDay[row] + "               \r\n\r\n" + message,
         {.icon = forms::BoxIcon::Information}, "Jotwright Daily Alarm");
-    // Keeps the cuckoo and a note's sound silent for the rest of this second.
+    // Suppresses the cuckoo and the sound of a note for the rest of this second.
     Shared().AlarmSounding = true;
 }
 

@@ -5,7 +5,7 @@
 // The main clock's check of the weekly alarms.
 namespace SpecialAlarmsCheck {
 
-// Rings each alarm that is due in this second, one after the other: returns when the user has
+// Rings all alarms that are due in this second, one after the other, and returns when the user has
 // closed the last message.
 void RingDue(base::DateTime now);
 

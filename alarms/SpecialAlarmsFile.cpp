@@ -22,7 +22,7 @@ std::string TimeField(base::DateTime time) {
 
 struct Reading {
     std::vector<Row> rows;
-    std::optional<base::RuntimeError> error;  // that ended the reading before the last row
+    std::optional<base::RuntimeError> error;  // ended the reading before the last row
 };
 
 Reading ReadAll(const std::string& text, std::string (RecordText::Reader::*readMessage)()) {
@@ -62,7 +62,7 @@ std::string Encode(const std::array<Row, rowCount>& rows) {
 void Decode(const std::string& bytes, std::vector<Row>& rows) {
     const std::string text = RecordText::FromBytes(bytes);
     Reading best = ReadAll(text, &RecordText::Reader::TextBeforeLastField);
-    // A file that was written by other means need not have one row a line.
+    // Other programs need not write one row a line.
     if (best.rows.size() < rowCount) {
         Reading other = ReadAll(text, &RecordText::Reader::Text);
         if (other.rows.size() > best.rows.size()) {
@@ -136,7 +136,7 @@ void LoadSpecialAlarms() {
             SpecialAlarmsFile::Decode(*bytes, rows);
         }
     } catch (const base::RuntimeError&) {
-        // What could be read still counts.
+        // Keep the rows that could be read.
     }
     SpecialAlarmsFile::StoreSharedRows(rows);
 }

@@ -27,15 +27,15 @@ struct Row {
 std::string Folder();  // without a trailing backslash
 std::string Path();
 
-// One line a row. A message is written as it stands, double quotes included.
+// Writes one line for each row. A message is written unchanged, double quotes included.
 std::string Encode(const std::array<Row, rowCount>& rows);
 
-// Takes any bytes. Appends each row that could be read as a whole, seven at most. RuntimeError 62
-// if there are fewer, 13 or 6 if a field cannot be converted.
+// Appends every complete row, at most seven. Accepts any bytes. RuntimeError 62 if there are fewer
+// than seven rows, 13 or 6 if a field cannot be converted.
 //
-// A message ends at the first double quote that only the last field of the line follows: so each
-// message without line breaks is read back as it was written, whatever quotes it holds. If more
-// rows are found with messages that end at their first quote, the file is read in that way.
+// A message ends at the first double quote after which only the last field of the line follows. So
+// each message without line breaks is read back as it was written, with all its quotes. If the file
+// gives more rows when messages end at their first quote, it is read in that way.
 void Decode(const std::string& bytes, std::vector<Row>& rows);
 
 // The bytes of the file; nothing if there is none. A file that another program holds is tried again
@@ -46,21 +46,22 @@ std::optional<std::string> Read();
 // name. On a RuntimeError nothing has replaced the file.
 void Write(const std::array<Row, rowCount>& rows, const std::optional<std::string>& known);
 
-// At this second of the week. A row whose time has a date is never due.
+// Whether the row is enabled and due at this second of the week. A row whose time has a date is
+// never due.
 bool IsDue(const Row& row, base::DateTime now);
 
 // A row of the shared arrays, index 0 to 6.
 Row SharedRow(std::size_t index);
 void StoreSharedRow(std::size_t index, const Row& row);
-// The first rows, at most rowCount; those behind them stay.
+// Stores the first rows, at most rowCount. The rows after them stay unchanged.
 void StoreSharedRows(std::span<const Row> rows);
 
 }  // namespace SpecialAlarmsFile
 
 namespace StandardCode {
 
-// Fills the shared arrays from the file. Without a file they stay as they are; an error ends the
-// reading silently and the rows read so far are kept.
+// Fills the shared arrays from the file. Without a file they stay unchanged. An error ends the
+// reading silently, and the rows before it are kept.
 void LoadSpecialAlarms();
 
 }  // namespace StandardCode

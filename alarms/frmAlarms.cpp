@@ -15,7 +15,7 @@ using StandardCode::Shared;
 
 namespace {
 
-// The option button of the user's own file.
+// Index of the option button for the user's own file.
 constexpr std::size_t ownFile = AlarmSounds::builtIns.size();
 
 }  // namespace
@@ -40,7 +40,7 @@ void frmAlarms::Design() {
         optionTop += Grid::choiceDistance;
     }
     txtMyWaveFilePath.accessibleName = "Path of the selected .wav file";
-    // Below the caption of the option that it belongs to.
+    // Below the caption of its option button.
     txtMyWaveFilePath.PlaceIn(fraAlarms, 450, 2595 + Grid::fieldInButton, 3030, Grid::fieldHeight);
     cmdMyWaveFile.caption = "&Browse";
     cmdMyWaveFile.PlaceIn(fraAlarms, 3600, 2595, Grid::buttonWidth, Grid::buttonHeight);
@@ -80,7 +80,7 @@ void frmAlarms::optAlarm_Click(int index) {
     const auto place = static_cast<std::size_t>(index);
     lastClicked = index;
     cmdMyWaveFile.enabled = place == ownFile;
-    // A file of the user's has to be chosen first.
+    // The user's own file must be chosen before it can be saved.
     cmdSave.enabled = place != ownFile;
     optAlarm[place].value = true;
     builtInPaths = AlarmSounds::BuiltInPaths();

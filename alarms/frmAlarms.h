@@ -7,8 +7,8 @@
 #include "forms/CommonDialog.h"
 #include "forms/Form.h"
 
-// Chooses the sound of all alarms: one of the built-in ones or a file of the user's. A click on a
-// built-in sound is in force at once, whether or not it is saved.
+// Chooses the sound of all alarms: a built-in sound or a file of the user's. A click on a built-in
+// sound takes effect at once, even if it is not saved.
 class frmAlarms : public forms::Form {
   public:
     frmAlarms() : Form("frmAlarms") {}
@@ -27,7 +27,7 @@ class frmAlarms : public forms::Form {
 
   private:
     void SaveOwnFile();
-    // Stays open where the setting cannot be written, and says so.
+    // If the setting cannot be written, reports the error and leaves the window open.
     void SaveAndClose(const std::string& path);
     void optAlarm_Click(int index);
     void cmdMyWaveFile_Click();

@@ -2,8 +2,8 @@
 
 #include "forms/Form.h"
 
-// Asks whether the current alarm is to stop; the button switches off the main window's check of the
-// sound file. Loaded hidden at start-up.
+// Offers to stop the current alarm. The button switches off the main window's timer that checks the
+// sound file. The window is loaded hidden at start-up.
 class frmKillAlarm : public forms::Form {
   public:
     frmKillAlarm() : Form("frmKillAlarm") {}

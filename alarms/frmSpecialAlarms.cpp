@@ -21,7 +21,7 @@ constexpr int firstRowTop = headingTop + Grid::lineHeight + Grid::smallGap;
 constexpr int rowDistance = Grid::fieldHeight + 90;
 constexpr int buttonTop = firstRowTop + 7 * rowDistance + 30;
 
-// The columns.
+// Left edges of the columns, in twips.
 constexpr int numberLeft = Grid::margin;
 constexpr int enabledLeft = 600;
 constexpr int dayLeft = 2220;
@@ -32,7 +32,7 @@ constexpr int dayWidth = 1500;
 constexpr int timeWidth = 1320;
 constexpr int messageWidth = 3660;
 
-// consequence: what becomes of the alarms.
+// consequence: the sentence that says what happens to the alarms.
 void ReportError(const base::RuntimeError& error, const std::string& consequence,
                  const std::string& caption) {
     forms::MsgBox(
@@ -99,7 +99,7 @@ void frmSpecialAlarms::DesignRow(std::size_t row) {
     txtMessage[row].Place(messageLeft, place, messageWidth, Grid::fieldHeight);
     txtMessage[row].Change = [this] { Row_Change(); };
 
-    // The Tab key goes along the rows: the places that the arrays take together, dealt out anew.
+    // Tab moves row by row, although the controls are declared column by column.
     int tab = 5 + static_cast<int>(row) * 5;
     lblNum[row].tabIndex = tab++;
     chkEnabled[row].tabIndex = tab++;
@@ -178,7 +178,7 @@ void frmSpecialAlarms::ReadSpecialAlarmsFile() {
 }
 
 void frmSpecialAlarms::ShowRows(const std::vector<SpecialAlarmsFile::Row>& rows) {
-    // A name that is no day keeps the day of the row before.
+    // A name that is not a day keeps the day of the previous row.
     int dayIndex = 0;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const auto day = std::find(dayNames.begin(), dayNames.end(), rows[i].Day);
@@ -198,7 +198,7 @@ void frmSpecialAlarms::WriteSpecialAlarmsFile() {
         rows[i] = RowOf(i);
     }
     SpecialAlarmsFile::Write(rows, shownFile);
-    // The clock goes by what was saved, also where it cannot be read back.
+    // The main clock uses the saved rows even if they cannot be read back.
     SpecialAlarmsFile::StoreSharedRows(rows);
     ReadSpecialAlarmsFile();
 }

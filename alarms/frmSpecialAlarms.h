@@ -9,7 +9,7 @@
 #include "alarms/SpecialAlarmsFile.h"
 #include "forms/Form.h"
 
-// The editor of the seven weekly alarms. Saving also refreshes the rows that the main clock tests.
+// The editor of the seven weekly alarms. Saving also updates the rows that the main clock tests.
 class frmSpecialAlarms : public forms::Form {
   public:
     frmSpecialAlarms() : Form("frmSpecialAlarms") {}
@@ -35,15 +35,15 @@ class frmSpecialAlarms : public forms::Form {
 
     void DesignHeadings();
     void DesignRow(std::size_t row);
-    // Both rows of a pair that is enabled for one day and time.
+    // Two enabled rows with the same day and time, if any.
     std::optional<Pair> FindIdenticalAlarms() const;
     bool AreIdentical(std::size_t i, std::size_t j) const;
     void ReportIdenticalAlarms(Pair pair);
     SpecialAlarmsFile::Row RowOf(std::size_t row) const;
-    // Reports what cannot be read; those rows are shown as the clock knows them.
+    // Reports rows that cannot be read, and shows those rows as the main clock has them.
     void ReadSpecialAlarmsFile();
     void ShowRows(const std::vector<SpecialAlarmsFile::Row>& rows);
-    // Raises RuntimeErrors.
+    // Raises RuntimeErrors if the file cannot be written.
     void WriteSpecialAlarmsFile();
 
     std::optional<std::string> shownFile;  // its bytes, if all of its rows could be read

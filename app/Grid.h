@@ -1,12 +1,12 @@
 #pragma once
 
-// The measures that all windows are laid out with, in twips. They leave room for the message fonts
-// of all versions of the system.
+// Measures for the layout of all windows, in twips. They leave room for the message fonts of all
+// versions of the system.
 namespace Grid {
 
-inline constexpr int margin = 180;   // between a window's edge and what stands in it
+inline constexpr int margin = 180;   // between the edge of a window and its contents
 inline constexpr int gap = 120;      // between controls, and between frames
-inline constexpr int smallGap = 60;  // between a label and what it names below it
+inline constexpr int smallGap = 60;  // between a label and the control below it
 
 inline constexpr int buttonWidth = 1260;
 inline constexpr int buttonHeight = 375;
@@ -15,12 +15,12 @@ inline constexpr int choiceHeight = 270;  // check boxes and option buttons
 inline constexpr int choiceDistance = 375;
 inline constexpr int lineHeight = 255;  // a line of the message font
 
-// Within a frame, counted from its own corner.
+// Inside a frame, from the frame's own corner.
 inline constexpr int frameSide = 180;
 inline constexpr int frameTop = 330;
 inline constexpr int frameBottom = 180;
 
-// From the top of a field or a button to that of a label, or a field, in the same line.
+// From the top of a field or a button to the top of a label, or of a field, in the same line.
 inline constexpr int labelInField = (fieldHeight - lineHeight) / 2;
 inline constexpr int labelInButton = (buttonHeight - lineHeight) / 2;
 inline constexpr int fieldInButton = (buttonHeight - fieldHeight) / 2;

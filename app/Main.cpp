@@ -19,14 +19,14 @@ namespace StandardCode {
 
 namespace {
 
-// The program is about to end over an error that nobody trapped: what the user wrote is saved, and
-// no icon is left behind.
+// Runs before an error that no handler trapped ends the program. Saves all open notes and removes
+// the icon from the notification area.
 void SaveWhatIsOpen() {
     for (const EditedNote* note : Notes().OpenNotes()) {
         try {
             note->Editor().SaveBeforeTheEnd();
         } catch (const std::bad_alloc&) {
-            // A note that is too large to be saved must not keep the others from it.
+            // If one note is too large to be saved, save the others.
         }
     }
     if (auto* main = forms::LoadedDefault<frmMain>()) {
@@ -52,7 +52,8 @@ void Main() {
             "  Jotwright Is Running", "logo.ico");
         return;
     }
-    // With a file in the folder's place the program starts, and each save says why it fails.
+    // If a file has the name of the folder, the program starts all the same; each save then reports
+    // the error.
     if (!forms::Machine().files->FileExists(NotesFolder())) {
         EnsureNotesFolder();
     }

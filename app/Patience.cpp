@@ -8,7 +8,7 @@ namespace Patience {
 
 namespace {
 
-// Milliseconds.
+// In milliseconds.
 constexpr int pause = 20;
 constexpr int timeForUser = 1500;
 constexpr int timeForTicks = 200;

@@ -2,14 +2,15 @@
 
 #include "base/RuntimeError.h"
 
-// Files that another program holds for a moment: a scanner, a sync client, a backup.
+// Retries for files that another program holds briefly: a virus scanner, a sync client, a backup.
 namespace Patience {
 
-// Pauses for some milliseconds. False, at once, if the time for this action of the user (1.5 s in
-// all) or this round of ticks (200 ms in all) is used up.
+// Pauses for some milliseconds. Returns false at once if the time is used up: 1.5 s in all for one
+// action of the user, 200 ms in all for one round of ticks.
 bool Wait();
 
-// The result of the attempt, which is repeated while it raises RuntimeError 70 and Wait() allows.
+// Returns the result of the attempt. Repeats the attempt while it raises RuntimeError 70 and Wait()
+// returns true.
 template <class Attempt>
 auto Try(Attempt attempt) {
     for (;;) {

@@ -5,8 +5,8 @@
 
 namespace StandardCode {
 
-// From the project() line of CMakeLists.txt, as are the versions in the program's resources and in
-// the names of its packages.
+// The version stands in the project() line of CMakeLists.txt, which also sets the version in the
+// program's resources and in the names of its packages.
 const char* const version = JOTWRIGHT_TEXT(JOTWRIGHT_VERSION);
 
 }  // namespace StandardCode

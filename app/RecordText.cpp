@@ -159,7 +159,7 @@ Reader::Field Reader::Take(std::size_t end, bool quoted) {
         ++position;
         SkipBlanks();
     }
-    // Anything else that follows a closing quote begins the next field.
+    // If no delimiter follows the closing quote, the next field begins there.
     SkipDelimiter();
     return field;
 }

@@ -7,43 +7,43 @@
 
 #include "base/DateTime.h"
 
-// The comma-separated records that the program keeps its notes and weekly alarms in: texts between
-// double quotes as they stand, dates and times between number signs, bare integers.
+// The format of the files of notes and weekly alarms: comma-separated records of texts between
+// double quotes, dates and times between number signs, and bare integers. Texts have no escapes.
 namespace RecordText {
 
-// The bytes of a file: the system's ANSI code page where every character fits it, otherwise UTF-8
-// behind a byte order mark.
+// The bytes of a file: in the system's ANSI code page if it has every character, otherwise in UTF-8
+// after a byte order mark.
 std::string ToBytes(const std::string& text);
-// The UTF-8 text of a file in either encoding, without zero characters. Takes any bytes.
+// The UTF-8 text of a file in either encoding, without zero characters. Accepts any bytes.
 std::string FromBytes(const std::string& bytes);
 
-// A blank for every zero character: a text box shows nothing of what follows one, and what it does
-// not show would be lost with the next save.
+// Replaces every zero character by a blank. A text box would show nothing after a zero character,
+// and the next save would lose that text.
 std::string WithoutZeros(std::string text);
-// CR LF for every line break: text boxes run the lines together at any other.
+// Makes every line break CR LF. Text boxes join lines that end in anything else.
 std::string WithLineBreaks(std::string_view text);
 
 std::string Quoted(const std::string& text);
 
-// Reads the fields of a file one after the other, across its line ends. Each call raises
-// RuntimeError 62 where no field is left.
+// Reads the fields of a file in order, across line ends. Each call raises RuntimeError 62 if no
+// field is left.
 class Reader {
   public:
     explicit Reader(std::string fileText) : text(std::move(fileText)) {}
 
-    // From quote to quote, line breaks included; without a quote up to the next comma or line end.
-    // A missing closing quote takes all that is left.
+    // Reads from quote to quote, line breaks included. Without an opening quote, reads up to the
+    // next comma or line end. If the closing quote is missing, takes all that is left.
     std::string Text();
-    // As Text, for the last but one field of a line. A text that begins with a quote may hold
-    // quotes itself: it ends at the first quote that one more field follows up to the end of the
-    // line. If there is none it is read as by Text.
+    // Like Text, for the last field but one of a line. A text that begins with a quote may contain
+    // quotes: it ends at the first quote after which exactly one more field follows on the line. If
+    // there is no such quote, the text is read as by Text.
     std::string TextBeforeLastField();
-    // "yyyy-mm-dd", "hh:mm:ss" or both, with or without number signs, quoted or not; nothing at all
-    // is the zero date. RuntimeError 13 for anything else.
+    // Reads "yyyy-mm-dd", "hh:mm:ss" or both, with or without number signs, quoted or not. An empty
+    // field is the zero date. RuntimeError 13 for anything else.
     base::DateTime Date();
-    // The same, but a text that is not between number signs is the zero date if it is no date.
+    // Like Date, but a text that is neither between number signs nor a date gives the zero date.
     base::DateTime DateOrZero();
-    // A text that is no number is 0. RuntimeError 6 if the number does not fit.
+    // Gives 0 if the text is not a number. RuntimeError 6 if the number does not fit.
     std::int16_t IntegerOrZero();
 
   private:
@@ -53,10 +53,11 @@ class Reader {
     };
 
     Field Next();
-    // Reads the field up to this place, which holds its closing quote if it has an opening one.
+    // Reads the field that ends at this place. The place of a quoted field is that of its closing
+    // quote.
     Field Take(std::size_t end, bool quoted);
     bool StartsWithQuote();
-    // Whether one field and no more lies between this place and the end of its line.
+    // Whether exactly one field lies between this place and the end of its line.
     bool IsLastField(std::size_t place) const;
     void SkipBlanks();
     void SkipDelimiter();

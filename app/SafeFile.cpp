@@ -13,8 +13,8 @@ namespace SafeFile {
 
 namespace {
 
-// "~Jotwright-0123456789abcdef-7.tmp". Short, whatever the name of the file is that it stands for:
-// a name beside a long title must not be longer than the system takes.
+// "~Jotwright-0123456789abcdef-7.tmp". The name does not contain the name of the file that it
+// replaces: beside a file with a long title it might exceed the limit of the system.
 constexpr std::string_view temporaryPrefix = "~Jotwright-";
 constexpr std::string_view temporarySuffix = ".tmp";
 constexpr std::string_view lockSuffix = ".lock";
@@ -25,7 +25,7 @@ bool HoldsAlready(const std::string& path, const std::string& bytes) {
     try {
         return Files().FileExists(path) && Files().Read(path) == bytes;
     } catch (const base::RuntimeError&) {
-        return false;  // the writing finds out what is wrong
+        return false;  // the write reports the error
     }
 }
 
@@ -39,7 +39,7 @@ std::string NextTemporaryPath(const std::string& folder) {
            std::string(temporarySuffix);
 }
 
-// Writes the bytes to a file of its own; the file's path.
+// Writes the bytes to a new temporary file, and returns its path.
 std::string WriteTemporary(const std::string& folder, const std::string& bytes,
                            forms::Durability durability) {
     constexpr int mostNames = 100;
@@ -79,7 +79,7 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool IsHexDigit(char c) { return IsDigit(c) || (c >= 'a' && c <= 'f'); }
 
-// The instance id in the name of a temporary file; empty if the name is none.
+// The instance id in the name of a temporary file; empty if the name is not of that form.
 std::string InstanceOf(const std::string& name) {
     if (!name.starts_with(temporaryPrefix) || !name.ends_with(temporarySuffix)) {
         return {};
@@ -102,7 +102,7 @@ bool ReplaceFile(const std::string& path, const std::string& bytes, const Replac
     }
     const std::string folder = path.substr(0, path.find_last_of('\\'));
     MarkInUse(folder);
-    // Renaming over a file would give it the letters of the new name.
+    // Use the name on the disk: a rename over a file would change the letter case of its name.
     const std::string target = folder + '\\' + Files().NameOnDisk(path);
     const auto write = [&] { return WriteTemporary(folder, bytes, options.durability); };
     const std::string temporary = options.isPatient ? Patience::Try(write) : write();
@@ -171,7 +171,8 @@ void MarkInUse(const std::string& folder) {
             locks[folder] = std::move(lock);
         }
     } catch (const base::RuntimeError&) {
-        // Without the lock, another program may take this one for ended; the next call tries again.
+        // Without the lock, another program may assume that this one has ended. The next call tries
+        // again.
     }
 }
 
@@ -197,7 +198,7 @@ std::vector<std::string> FindLeftovers(const std::string& folder) {
             }
         }
     } catch (const base::RuntimeError&) {
-        // The windows that read the folder report it.
+        // The windows that read the folder report the error.
     }
     return paths;
 }

@@ -6,25 +6,25 @@
 
 #include "forms/Devices.h"
 
-// Files that are replaced whole or not at all, whenever the program or the machine stops. Programs
-// on several machines may share a folder: each program's temporary files have names of its own.
+// Replaces files whole or not at all, even if the program or the machine stops meanwhile. Several
+// machines may share a folder: the names of temporary files differ from program to program.
 namespace SafeFile {
 
 struct ReplaceOptions {
     forms::Durability durability = forms::Durability::Flushed;
-    // Tries again while another program holds a file, see Patience.
+    // Tries again while another program holds a file; see Patience.
     bool isPatient = true;
-    // The caller has read the file and knows that it holds other bytes.
+    // The caller has read the file and knows that its bytes differ.
     bool isKnownToDiffer = false;
-    // Called when the new bytes are on the disk and the old file is still in its place. May move
-    // the old file away; if the replacement then fails, the new bytes stay in a temporary file,
-    // which FindLeftovers() finds at the next start.
+    // Called when the new bytes are on the disk and the old file is still in place. May move the
+    // old file away. If the replacement then fails, the new bytes stay in a temporary file, and
+    // FindLeftovers() finds it at the next start.
     std::function<void()> beforeRename{};
 };
 
-// Gives the file these bytes; an existing file keeps the letters of its name. False when it held
-// them already and nothing was written. On a RuntimeError the file is as it was. The folder must be
-// there.
+// Gives the file these bytes. An existing file keeps the letter case of its name. Returns false,
+// and writes nothing, if the file held these bytes already. On a RuntimeError the file is
+// unchanged. The folder must exist.
 bool ReplaceFile(const std::string& path, const std::string& bytes,
                  const ReplaceOptions& options = {});
 
@@ -39,20 +39,20 @@ std::size_t LongestName(const std::string& folder);
 // The beginning of the text, of at most so many UTF-16 units.
 std::string Shortened(const std::string& text, std::size_t units);
 
-// Whether both paths or names are of one file, as the file system compares them.
+// Whether both paths or names mean the same file, by the rules of the file system.
 bool IsSameName(const std::string& a, const std::string& b);
 
-// Tells other programs that this one works in the folder, until the program ends. Repeated calls do
-// nothing. Never raises an error.
+// Marks the folder for other programs as in use by this one, until the program ends. Repeated calls
+// do nothing. Never raises an error.
 void MarkInUse(const std::string& folder);
-// Whether the program with this instance id is another one and works in the folder.
+// Whether a program with this instance id, other than this one, works in the folder.
 bool IsInUseBy(const std::string& folder, const std::string& instanceId);
 
-// Paths of the temporary files that programs of this kind left in the folder when they were killed.
-// Those of programs that still run are not among them. Never raises an error.
+// Paths of the temporary files that killed copies of the program left in the folder. Files of
+// copies that still run are not included. Never raises an error.
 std::vector<std::string> FindLeftovers(const std::string& folder);
 
-// Removes what FindLeftovers() finds. Never raises an error.
+// Removes the files that FindLeftovers() finds. Never raises an error.
 void RemoveLeftovers(const std::string& folder);
 
 // Never raises an error.

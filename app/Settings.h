@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-// The user's settings. Nothing keeps them: each reader reads the store at the moment of use.
+// The user's settings. They are not cached: every read goes to the store.
 namespace Settings {
 
 // One value of the store, under its section and its key.
@@ -12,8 +12,9 @@ struct Setting {
     const char* section;
     const char* key;
 
-    // byDefault if the store has no such value. Numbers are stored as text: a number outside the
-    // range of 16 bits counts as the nearest one inside; RuntimeError 13 if it is no number.
+    // Returns byDefault if the store has no such value. Numbers are stored as text. A number
+    // outside the range of 16 bits becomes the nearest one inside; RuntimeError 13 if the text is
+    // not a number.
     T Read(const T& byDefault = T()) const;
     void Write(const T& value) const;
 };
@@ -34,10 +35,10 @@ inline constexpr Number defaultColor{"Options", "DefaultColor"};        // 0 whi
 inline constexpr Number defaultFontSize{"Options", "DefaultFontSize"};  // 0 to 3: 10 to 16 points
 inline constexpr Number windowOnTop{"Options", "WindowOnTop"};
 inline constexpr Number startCookoo{"Options", "StartCookoo"};
-inline constexpr Number showDateTime{"Options", "ShowDateTime"};  // 1 hides them
+inline constexpr Number showDateTime{"Options", "ShowDateTime"};  // 1: hidden
 inline constexpr Number noteLoops{"Options", "NoteLoops"};
-inline constexpr Number isService{"Options", "IsService"};  // starts with Windows
+inline constexpr Number isService{"Options", "IsService"};  // 1: starts with Windows
 inline constexpr Text alarm{"Config", "Alarm"};             // full path of the alarm sound
-inline constexpr Number viewTips{"Startup", "View Tips"};   // 1 suppresses the tips
+inline constexpr Number viewTips{"Startup", "View Tips"};   // 1: no tips at start-up
 
 }  // namespace Settings

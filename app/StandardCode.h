@@ -12,9 +12,8 @@
 #include "forms/Color.h"
 #include "forms/Devices.h"
 
-// The values that the whole program shares. All belong to the user-interface thread. An operation
-// of this module that needs a window is declared, in this namespace, by the file of its own
-// subject.
+// Values that the whole program shares. Only the user-interface thread uses them. If an operation
+// of StandardCode needs a window, the file of its own subject declares it, in this namespace.
 class NoteStore;
 class frmDisplayNote;
 
@@ -48,13 +47,13 @@ class NotesTable {
     std::array<NoteRecord, maximumNotes> slots;
 };
 
-// The time left for trying again in the current action, see Patience.
+// The remaining time for retries in the current action; see Patience.
 struct RetryTime {
     std::uint64_t action = 0;
     int left = 0;  // milliseconds
 };
 
-// What the windows share. Reset() gives the state at the start of the process.
+// Values that the windows share. Reset() restores the state at the start of the process.
 struct SharedValues {
     NotesTable NotesArray;
     std::int16_t NoteCount = 0;
@@ -63,23 +62,23 @@ struct SharedValues {
     std::vector<const frmDisplayNote*> AlarmDisplays;  // those that show a note
     std::set<std::string> RecoveryPaths;               // of the copies of open editors, in capitals
 
-    // By folder: tells other programs that this one works there, see SafeFile.
+    // Locks by folder; they show other programs that this one works there. See SafeFile.
     std::map<std::string, std::unique_ptr<forms::FileLock>> FolderLocks;
-    int TemporaryFiles = 0;  // made so far, see SafeFile
+    int TemporaryFiles = 0;  // number made so far; see SafeFile
     RetryTime TimeToRetry;
 
     std::string AlarmSoundPath;  // full path of the current alarm sound
-    bool AlarmSounding = false;  // keeps the cuckoo and further alarm sounds silent
-    // Paths of the looping sounds that wait for their boxes; the last one is heard. See Bell.
+    bool AlarmSounding = false;  // suppresses the cuckoo and further alarm sounds
+    // Paths of the looping sounds whose boxes are open. The last one plays. See Bell.
     std::vector<std::string> RingingSounds;
-    bool ControlPanelMode = false;     // the control panel is the way into the editors
-    bool BlinkPhase = false;           // one for all note windows
+    bool ControlPanelMode = false;     // the user opens editors from the control panel
+    bool BlinkPhase = false;           // shared by all note windows
     std::string AlarmFlag;             // "1" or "0": alarm of the last note restored
     std::int16_t StartCookooFlag = 0;  // copy of setting "StartCookoo"
     std::int16_t WindowOnTopFlag = 0;  // copy of setting "WindowOnTop"
     std::int16_t ViewTipsFlag = 0;     // setting "View Tips" as read at start-up
     std::int16_t NoteFlag = 0;         // cleared by note creation
-    std::int16_t Answer = 0;           // of the erase question: 2 yes, 1 no
+    std::int16_t Answer = 0;           // to the erase question: 2 yes, 1 no
 
     // The weekly alarms, rows 0 to 6.
     std::array<std::string, 7> SpecialAlarmDay;
@@ -91,29 +90,29 @@ struct SharedValues {
 SharedValues& Shared();
 void Reset();
 
-// How a lower window reaches a higher one.
+// Signals by which a lower window reaches a higher one.
 struct SharedEvents {
     // The notes array was rebuilt; NoteCount holds the count.
     base::Signal<> NotesArrayLoaded;
-    // An editor or a display was closed: unload the control panel, load it again so that the array
-    // and its list are rebuilt, and leave it hidden, show it, or unload it once more.
+    // Commands to the control panel. Reload, ReloadAndShow and LoadAndUnload unload it and load it
+    // again, so that the array and its list are rebuilt, and leave it hidden, shown or unloaded.
     enum class PanelAction { Reload, ReloadAndShow, Show, UnloadIfVisible, LoadAndUnload };
     base::Signal<PanelAction> ControlPanel;
-    // The box for a new note's title is to have the focus.
+    // Moves the focus to the box for a new note's title.
     base::Signal<> FocusNoteTitle;
-    // Asks for the help file (help command 9) and for the About box.
+    // Shows the help file (help command 9) or the About box.
     base::Signal<> ShowHelp;
     base::Signal<> ShowAbout;
-    // Switches off the main window's check of the sound file.
+    // Switches off the main window's timer that checks the sound file.
     base::Signal<> StopSoundCheck;
-    // The main window, where there is one, puts its icon into the argument.
+    // The main window, if it is loaded, copies its icon to the argument.
     base::Signal<forms::Picture&> MainIconWanted;
 };
 
 SharedEvents& Events();
 
-// The shades of the editor, of new notes, the options and the alarm display. Index 1 white, 2 red,
-// 3 green, 4 blue, 5 yellow, 6 gray, as in the note file.
+// The shades of the editor, of new notes, of the options and of the alarm display. Index as in the
+// note file: 1 white, 2 red, 3 green, 4 blue, 5 yellow, 6 gray.
 struct NoteColor {
     forms::Color back;
     forms::Color text;

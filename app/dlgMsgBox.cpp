@@ -13,10 +13,10 @@ void dlgMsgBox::Design() {
     imgMsg.visible = false;
 
     lblMsg.autoSize = true;
-    // Messages quote what the user typed.
+    // Messages quote texts of the user, which may contain ampersands.
     lblMsg.useMnemonic = false;
-    // Beside a picture of the usual size, and clear of the button; a message that is taller than
-    // its picture stays here.
+    // The place beside a picture of the usual size, and clear of the button. A message that is
+    // taller than its picture stays here.
     lblMsg.left = 1405;
     lblMsg.top = 240;
 

@@ -15,7 +15,7 @@ class dlgMsgBox : public forms::Form {
     forms::CommandButton cmdOk{this, "cmdOk"};
 
     void Design() override;
-    // Sizes the dialog to its message and its picture, where it has one.
+    // Sizes the dialog to its message and its picture, if it has one.
     void Arrange();
 
   private:
@@ -25,12 +25,12 @@ class dlgMsgBox : public forms::Form {
 namespace StandardCode {
 
 // Shows the dialog and returns when the user has closed it. picture is the bare name of a file in
-// the application folder; none or an empty one shows the message alone. A missing message or
-// picture becomes an empty text in the caller's variable. RuntimeError 53 where the picture's file
-// is missing: the dialog is then not shown.
+// the application folder; without it, or if it is empty, only the message is shown. A missing
+// message or picture becomes an empty text in the caller's variable. RuntimeError 53, without a
+// dialog, if the file of the picture is missing.
 void PictureMessageBox(std::optional<std::string>& message, const std::string& caption,
                        std::optional<std::string>& picture);
-// The same for callers that have texts.
+// Overload for callers that have both texts.
 void PictureMessageBox(const std::string& message, const std::string& caption,
                        const std::string& picture);
 

@@ -109,7 +109,7 @@ void frmMain::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
         note->Unload();
     }
     const NoteStore::Quiet quiet(StandardCode::Notes());
-    // Closing a note loads the control panel anew, so the list grows while it is worked off.
+    // Closing a note reloads the control panel, so the list grows during this loop.
     std::vector<Form*> refused;
     for (;;) {
         const auto& loaded = application.LoadedForms();
@@ -120,15 +120,15 @@ void frmMain::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
         if (next == loaded.end()) {
             break;
         }
-        // The list changes while the form unloads: a copy keeps it.
+        // A copy, because the list changes while the form unloads.
         // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
         const std::shared_ptr<Form> form = *next;
         if (!form->Unload()) {
             refused.push_back(form.get());
         }
     }
-    // A note that could not be saved keeps its window, and the program with it, unless its text is
-    // safe until the next start: leaving now would lose it.
+    // If a note could not be saved, its window stays open and the program goes on, unless the text
+    // is safe until the next start. Otherwise the text would be lost.
     const std::vector<EditedNote*> open = StandardCode::Notes().OpenNotes();
     bool losesText = refused.size() > open.size();
     for (const EditedNote* note : open) {

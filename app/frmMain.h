@@ -6,9 +6,9 @@
 #include "forms/Devices.h"
 #include "forms/Form.h"
 
-// The program's hub: the box in which a new note is named, the buttons that open the tools, the
-// icon in the notification area, and the clock that rings saved notes and weekly alarms. Closing it
-// ends the program.
+// The program's main window: the box for the title of a new note, the buttons that open the tools,
+// the icon in the notification area, and the clock that rings saved notes and weekly alarms.
+// Closing it ends the program.
 class frmMain : public forms::Form {
   public:
     frmMain() : Form("frmMain") {}
@@ -75,18 +75,19 @@ class frmMain : public forms::Form {
     void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
     void Form_Unload(bool& cancel) override;
     void Form_MouseUp(int button, int x, int y) override;
-    // The callback of the icon in the notification area, whose messages arrive as x. Moves of the
+    // The callback of the icon in the notification area passes its message as x. Moves of the
     // pointer only reset the mouse pointer.
     void Form_MouseMove(int button, int x, int y) override;
 
     // Restores every saved note into an editor of its own, minimised.
     void ReadNotes();
-    // Plays the cuckoo count times, one after the other; nothing else runs meanwhile.
+    // Plays the cuckoo count times in a row. No other handler runs before it returns.
     void StrikeCuckoo(int count);
-    // Asks the shell to open a document or an address; above 32 is success. Failures are shown.
+    // Opens a document or an address with the shell and returns the shell's result; above 32 is
+    // success. Reports failures to the user.
     int OpenInBrowser(const std::string& document);
 
-    // The icon is in the notification area from Form_Load to Form_QueryUnload.
+    // The icon is shown from Form_Load to Form_QueryUnload.
     forms::TrayRecord TrayIconRecord;
 
   private:
@@ -123,5 +124,5 @@ class frmMain : public forms::Form {
     void mnuAlarm_Click();
     void mnuSpecialAlarms_Click();
 
-    bool struck = false;  // the cuckoo has struck; nothing asks for it
+    bool struck = false;  // whether the cuckoo has struck; kept, but not read
 };

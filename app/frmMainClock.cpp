@@ -9,7 +9,7 @@
 
 void frmMain::tmrNow_Timer() {
     Bell::ClearAlarmSounding();
-    // One second for all checks, however long the opening of windows takes.
+    // All checks use the same second, even if opening windows takes longer.
     const base::DateTime now = forms::Now();
     const NoteAlarmsCheck::Opened opened = NoteAlarmsCheck::DisplayDue(now);
     SpecialAlarmsCheck::RingDue(now);
@@ -45,7 +45,7 @@ void frmMain::StrikeCuckoo(int count) {
     CuckooClock::Strike(count);
     struck = true;
     tmrCooKoo.enabled = false;
-    // Restarts the clock's own second after the strikes.
+    // The interval of the clock starts again after the strikes.
     if (lblCooKoo.visible) {
         tmrCooKoo.enabled = true;
     }

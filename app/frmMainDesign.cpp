@@ -1,7 +1,7 @@
 #include "app/Grid.h"
 #include "app/frmMain.h"
 
-// The main window's captions, places and the handlers behind each control and entry.
+// Captions, places and handlers of the main window's controls and menus.
 
 using forms::Alignment;
 using Grid::buttonHeight;
@@ -13,7 +13,7 @@ using Grid::margin;
 
 namespace {
 
-// The buttons of the tool bin stand in two columns.
+// The buttons of the tool bin are in two columns.
 constexpr int toolWidth = 2730;
 constexpr int secondTool = frameSide + toolWidth + Grid::gap;
 constexpr int toolDistance = buttonHeight + Grid::gap;
@@ -33,7 +33,7 @@ void frmMain::Design() {
     tmrNow.Tick = [this] { tmrNow_Timer(); };
     tmrCooKoo.interval = 1000;
     tmrCooKoo.Tick = [this] { tmrCooKoo_Timer(); };
-    // Nothing happens on their ticks; the stop-alarm window switches the sound check off.
+    // Their ticks do nothing. The stop-alarm window switches the sound check off.
     tmrSpecialNotes.interval = 1000;
     tmrSpecialNotes.enabled = true;
     tmrCheckSoundFile.interval = 500;

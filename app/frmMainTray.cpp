@@ -2,13 +2,13 @@
 #include "app/frmMain.h"
 #include "forms/Services.h"
 
-// The main window's life between the desktop and the notification area.
+// The main window and its icon in the notification area.
 
 namespace {
 
 constexpr std::uint32_t recordSize = 88;
 constexpr std::uint32_t messageIconAndTip = 7;
-// The mouse-move message: the tray's events reach the mouse-move handler.
+// Makes the events of the icon arrive in the mouse-move handler.
 constexpr std::uint32_t mouseMoveMessage = 512;
 
 }  // namespace
@@ -26,7 +26,7 @@ void frmMain::AddTrayIcon() {
 
 void frmMain::Form_MouseMove(int /*button*/, int x, int /*y*/) {
     forms::SetMousePointer(forms::MousePointer::Default);
-    // On a large scale the pointer itself passes the columns that are message numbers.
+    // On a large scale the real pointer also crosses the columns whose numbers are messages.
     if (!IsTrayCallback()) {
         return;
     }
@@ -42,7 +42,7 @@ void frmMain::Form_MouseMove(int /*button*/, int x, int /*y*/) {
             Show();
             break;
         case TrayMessages::rightButtonUp:
-            // Else the menu would stay when the user clicks elsewhere.
+            // Without this, the menu would stay open if the user clicks elsewhere.
             BringToForeground();
             PopupMenu(mnuPop);
             break;
@@ -68,7 +68,7 @@ void frmMain::mnuHide_Click() {
 }
 
 void frmMain::mnuShow_Click() {
-    // A window that was minimised before it was hidden would come back as an icon.
+    // Otherwise a window that was minimised before it was hidden would come back minimised.
     if (windowState() == forms::WindowState::Minimized) {
         windowState = forms::WindowState::Normal;
     }

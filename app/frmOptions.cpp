@@ -13,7 +13,7 @@
 
 namespace {
 
-// Looked for and made under two spellings, which name the same file.
+// The two spellings name the same file; the search uses one, the creation the other.
 constexpr const char* linkToFind =
     "C:\\Documents and Settings\\All Users\\Start Menu\\Programs\\Startup\\Shortcut to "
     "Jotwright.lnk";
@@ -21,8 +21,8 @@ constexpr const char* linkToMake =
     "C:\\Documents and Settings\\All Users\\Start Menu\\Programs\\Startup\\Shortcut To "
     "Jotwright.lnk";
 
-// Selects the button with this index. A code out of range, which only a hand in the store leaves
-// there, selects none.
+// Selects the button with this index. An index out of range selects none; it occurs only if the
+// store was edited by hand.
 template <std::size_t count>
 void SelectOption(forms::ControlArray<forms::OptionButton, count>& buttons, int index) {
     for (forms::OptionButton& button : buttons) {
@@ -32,8 +32,8 @@ void SelectOption(forms::ControlArray<forms::OptionButton, count>& buttons, int 
     }
 }
 
-// Any number may be in the store. One that is no check mark switches nothing on where the setting
-// is read, so the box is shown empty.
+// Shows a setting in a check box. The store may hold any number. A number that is not a valid check
+// mark switches nothing on, so the box is shown empty.
 void ReadInto(forms::CheckBox& box, Settings::Number setting, int byDefault) {
     constexpr int grayed = 2;
     const int value = setting.Read(static_cast<std::int16_t>(byDefault));
@@ -133,7 +133,7 @@ void frmOptions::Form_Load() {
     fontCode = Settings::defaultFontSize.Read();
     noteLoops = Settings::noteLoops.Read(noteLoops);
     chkNoteLoops.value = noteLoops != 0 ? 1 : 0;
-    // The colour as the default: both keys are always written together.
+    // The default is the colour, but it is never used: both keys are always written together.
     ReadInto(chkIsService, Settings::isService, colorCode);
     SelectOption(optDefaultColor, colorCode);
     SelectOption(optDefaultFont, fontCode);

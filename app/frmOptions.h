@@ -27,7 +27,7 @@ class frmOptions : public forms::Form {
     void Design() override;
     void Form_Load() override;
 
-    // The system's version as text: the major number and a hundredth of the minor one, "5.01".
+    // The version of the system as text, major number and two digits of the minor number: "5.01".
     std::string GetWinVersion() const;
 
   private:

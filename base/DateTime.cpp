@@ -37,7 +37,7 @@ std::string Format(const char* pattern, int first, int second, int third) {
     return buffer.data();
 }
 
-// Walks over the text of a date or a time.
+// Scans the text of a date or a time from left to right.
 class Scanner {
   public:
     explicit Scanner(std::string_view scanned) : text(scanned) {}
@@ -58,7 +58,8 @@ class Scanner {
         return true;
     }
 
-    // A number of at most maximumDigits digits. Returns how many digits it had.
+    // Reads a number of at most maximumDigits digits and returns how many digits it had.
+    // RuntimeError 13 if there is none, or if it is longer.
     int Number(int maximumDigits, int& value) {
         const std::size_t start = position;
         while (!AtEnd() && text[position] >= '0' && text[position] <= '9') {

@@ -5,9 +5,9 @@
 
 namespace base {
 
-// A local calendar date with a time of day, to the second; also a pure date (time 00:00:00) or a
-// pure time of day (date 1899-12-30, the zero date). Two values are equal only when date and time
-// are. Valid for the years 100 to 9999.
+// A local calendar date with a time of day, to the second. A pure date has the time 00:00:00; a
+// pure time of day has the zero date, 1899-12-30. Two values are equal only if both date and time
+// are equal. Valid for the years 100 to 9999.
 struct DateTime {
     // Seconds since 1899-12-30 00:00:00, negative before.
     std::int64_t seconds = 0;
@@ -15,9 +15,9 @@ struct DateTime {
     bool operator==(const DateTime&) const = default;
     auto operator<=>(const DateTime&) const = default;
 
-    // month 1 to 12 and day as the calendar has them; anything else is RuntimeError 13.
+    // Year 100 to 9999, month 1 to 12, a day that the month has. RuntimeError 13 for other values.
     static DateTime FromDate(int year, int month, int day);
-    // hour 0 to 23; anything else is RuntimeError 13.
+    // Hour 0 to 23, minute and second 0 to 59. RuntimeError 13 for other values.
     static DateTime FromTime(int hour, int minute, int second);
     static bool IsValidDate(int year, int month, int day);
 
@@ -37,7 +37,7 @@ struct DateTime {
 
 constexpr std::int64_t secondsPerDay = 86400;
 
-// date's day with time's time of day.
+// The day of date with the time of day of time.
 DateTime Combine(DateTime date, DateTime time);
 
 // "14:05:09", 24-hour clock.
@@ -49,13 +49,13 @@ std::string FormatMonthDayYear(DateTime value);
 // "January" to "December"; empty for any other number.
 std::string EnglishMonthName(int month);
 
-// Lenient reading of a time text such as "9:30:00 AM", "23:00:15 PM", "14:05" or "12:00". An hour
-// above 12 keeps its value whatever the suffix says; 12 AM is midnight. RuntimeError 13 otherwise.
+// Reads a time such as "9:30:00 AM", "23:00:15 PM", "14:05" or "12:00". The suffix does not change
+// an hour above 12; 12 AM is midnight. RuntimeError 13 if the text is no such time.
 DateTime ParseTime(const std::string& text);
-// Reads "m/d/yyyy" or "m/d/yy" (00 to 29 belong to 2000, 30 to 99 to 1900). RuntimeError 13
-// otherwise.
+// Reads "m/d/yyyy" or "m/d/yy" (00 to 29 belong to 2000, 30 to 99 to 1900). RuntimeError 13 for any
+// other text.
 DateTime ParseMonthDayYear(const std::string& text);
-// Reads "yyyy-mm-dd". RuntimeError 13 otherwise.
+// Reads "yyyy-mm-dd". RuntimeError 13 for any other text.
 DateTime ParseIsoDate(const std::string& text);
 
 }  // namespace base

@@ -17,7 +17,7 @@ constexpr std::string_view narrowNoBreakSpace = "\xe2\x80\xaf";
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-// Of a number that no double can hold: whether it is too near to zero, not too far from it.
+// Whether a number that does not fit in a double is too small; otherwise it is too large.
 bool IsSmall(const std::string& plain) {
     const std::size_t exponent = plain.find('E');
     return exponent != std::string::npos ? plain.compare(exponent, 2, "E-") == 0
@@ -34,7 +34,7 @@ double ValueOf(const std::string& plain) {
     return value;
 }
 
-// Reads a text from its start to its end, once.
+// Parses one text. Call Read() once.
 class NumberReader {
   public:
     NumberReader(std::string_view text, const NumberFormat& numberFormat)
@@ -66,7 +66,8 @@ class NumberReader {
         return sign != format.decimalSign && Skip(sign);
     }
 
-    // Other blanks may stand before a sign that follows the number.
+    // A blank counts as a thousands sign only before a digit: blanks may also precede a trailing
+    // sign.
     bool SkipBlankBeforeDigit() {
         return rest.size() > 1 && rest[0] == ' ' && IsDigit(rest[1]) && Skip(" ");
     }
@@ -78,8 +79,8 @@ class NumberReader {
         }
     }
 
-    // Blanks, a sign, the currency symbol and the parenthesis of this end. False if there is one
-    // more of them than may be.
+    // Skips the blanks, the sign, the currency symbol and the parentheses at one end of the number.
+    // False if the number has a second sign or a second currency symbol.
     bool SkipSurroundings(char parenthesis) {
         for (;;) {
             if (Skip(" ")) {
@@ -132,7 +133,7 @@ class NumberReader {
         return isNegative || opened == 1 ? -value : value;
     }
 
-    // True if there is none.
+    // Reads the exponent. False if it has no digits; true also if the number has no exponent.
     bool TakeExponent(std::string& plain) {
         if (rest.empty() || std::string_view("eEdD").find(rest.front()) == std::string::npos) {
             return true;

@@ -28,11 +28,11 @@ enum class ErrorNumber {
     PrinterError = 482,
 };
 
-// The text that belongs to a number, as it is shown to the user ("Overflow").
+// The description of an error as the user sees it ("Overflow").
 std::string DescriptionOf(ErrorNumber number);
 
-// A failure that a handler may trap and report in its own words. What no handler traps is reported
-// by the runtime, which then ends the program in order.
+// A failure that a handler may trap and report in its own words. If no handler traps it, the
+// runtime reports it and ends the program in an orderly way.
 class RuntimeError : public std::runtime_error {
   public:
     explicit RuntimeError(ErrorNumber number)

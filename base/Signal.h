@@ -6,9 +6,9 @@
 
 namespace base {
 
-// Lets a lower file reach a higher one without including it: the lower file declares and raises the
-// signal, the higher one subscribes. Subscribers are called in the order in which they subscribed,
-// and stay subscribed for the life of the signal.
+// Lets code in a lower layer reach a higher layer without including it: the lower layer declares
+// and raises the signal, the higher layer subscribes. Subscribers are called in the order in which
+// they subscribed, and stay subscribed for the life of the signal.
 template <class... Args>
 class Signal {
   public:

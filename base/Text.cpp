@@ -52,7 +52,8 @@ char32_t NextCharacter(std::string_view utf8, std::size_t& position) {
     }
     char32_t character = lead & (0x3fU >> following);
     for (int i = 0; i < following; ++i) {
-        // The byte behind the lead decides over long forms, surrogates and what is above U+10FFFF.
+        // The range of the second byte excludes overlong forms, surrogates and values above
+        // U+10FFFF.
         const bool isSecond = i == 0;
         const unsigned char low = !isSecond      ? 0x80
                                   : lead == 0xe0 ? 0xa0

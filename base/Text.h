@@ -6,17 +6,18 @@
 
 namespace base {
 
-// Without leading and trailing blanks (U+0020 only; tabs and line breaks stay).
+// The text without leading and trailing blanks (U+0020 only; tabs and line breaks stay).
 std::string Trim(std::string_view text);
 
-// Length in UTF-16 units of UTF-8 text; what Windows calls the number of characters.
+// The length in UTF-16 units, which Windows calls the number of characters.
 std::size_t Utf16Length(std::string_view utf8);
-// Well-formed UTF-8: invalid sequences become U+FFFD. Used on every text that comes from outside.
+// Makes the text well-formed UTF-8: invalid sequences become U+FFFD. Call it on every text that
+// comes from outside the program.
 std::string ToValidUtf8(std::string_view bytes);
-// The character that begins at position, which is moved behind it; U+FFFD for an invalid sequence.
-// position is below the text's size.
+// Returns the character at position, and moves position to the next one. An invalid sequence gives
+// U+FFFD. position must be less than the size of the text.
 char32_t NextCharacter(std::string_view utf8, std::size_t& position);
-// Anything that is no character (surrogates, above U+10FFFF) is appended as U+FFFD.
+// Appends U+FFFD if the value is not a character (a surrogate, or above U+10FFFF).
 void AppendCharacter(std::string& utf8, char32_t character);
 
 inline constexpr const char* lineBreak = "\r\n";

@@ -2,7 +2,7 @@
 
 #include "forms/Form.h"
 
-// Asks whether a message is to be erased and leaves the answer in Shared().Answer: 2 yes, 1 no.
+// Asks whether to erase a message. The answer is in Shared().Answer: 2 yes, 1 no.
 class dlgInput : public forms::Form {
   public:
     dlgInput() : Form("dlgInput") {}

@@ -4,9 +4,9 @@
 
 #include "forms/Form.h"
 
-// The first window. Its timer, which the start-up routine switches on, finishes the start-up on its
-// second tick: it opens the main window, loads the hidden windows, closes the splash and shows the
-// tips.
+// The first window. The start-up routine switches its timer on. On the second tick the window
+// finishes the start-up: it opens the main window, loads the hidden windows, closes itself and
+// shows the tips.
 class frmSplash : public forms::Form {
   public:
     frmSplash() : Form("frmSplash") {}
@@ -21,7 +21,7 @@ class frmSplash : public forms::Form {
 
   private:
     void tmrSplash_Timer();
-    // Returns when the user has closed the tips, where they are shown.
+    // Shows the tips, unless the user has switched them off, and returns when they are closed.
     void ShowTips();
 
     std::int16_t TickCount = 0;

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Index of the tip after which the last one follows.
+// Index of the last tip but one. The last tip follows it.
 constexpr int lastButOne = 8;
 
 }  // namespace
@@ -40,7 +40,7 @@ void frmTip::Design() {
     cmdOK.isDefault = true;
     cmdOK.Place(5280, 2880, Grid::buttonWidth, Grid::buttonHeight);
     cmdOK.Click = [this] { cmdOK_Click(); };
-    // The first to have the focus: Enter is what a reader of tips presses.
+    // OK has the focus first, so that Enter closes the tips.
     cmdOK.tabIndex = 0;
     chkShowTips.tabIndex = 1;
     cmdNextTip.tabIndex = 2;
@@ -48,7 +48,7 @@ void frmTip::Design() {
 
 void frmTip::Form_Load() {
     icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
-    // The store may hold any number. A number that is no check mark leaves the box empty.
+    // The store may hold any number. If it is not a valid check mark, the box stays empty.
     constexpr int grayed = 2;
     const int viewTips = StandardCode::Shared().ViewTipsFlag;
     chkShowTips.value = viewTips >= 0 && viewTips <= grayed ? viewTips : 0;

@@ -6,9 +6,9 @@
 
 #include "forms/Form.h"
 
-// Tips, one at a time. Shown modally at start-up, unless the user does not want them, and from the
-// main window's menus. The check box always opens with the setting as it was at start-up
-// (ViewTipsFlag), whatever was saved since.
+// Shows one tip at a time. The window opens modally at start-up, unless the user has switched the
+// tips off, and from the menus of the main window. The check box always opens with the setting as
+// it was read at start-up (ViewTipsFlag), whatever has been saved since.
 class frmTip : public forms::Form {
   public:
     frmTip() : Form("frmTip") {}

@@ -102,7 +102,7 @@ void frmStopWatch::cmdSave_Click() {
     ShowSaveCount();
     TimeSaved = true;
     if (cmdSave.HasFocus()) {
-        // The next run is what follows, not the end of all.
+        // Move the focus to Start, not to Close.
         cmdStart.SetFocus();
     }
     cmdSave.enabled = false;
@@ -112,8 +112,8 @@ void frmStopWatch::cmdSave_Click() {
 void frmStopWatch::cmdClose_Click() { Unload(); }
 
 void frmStopWatch::tmrMain_Timer() {
-    // A negative date-time value has the time of day of its absolute value: that is what is shown
-    // after the wall clock was put back behind the start.
+    // After the wall clock was set back to before the start, the difference is negative. A negative
+    // date-time value has the time of day of its absolute value, so that value is shown.
     const std::int64_t elapsed = std::abs(forms::Now().seconds - StartTime.seconds);
     lblTime.caption = base::FormatTime24(base::DateTime{elapsed});
 }

@@ -29,7 +29,7 @@ class frmStopWatch : public forms::Form {
     forms::Menu mnuExit{this, mnuFile, "mnuExit"};
 
     base::DateTime StartTime;    // of the current run, by the wall clock
-    bool TimeSaved = false;      // a run was saved since the window was loaded
+    bool TimeSaved = false;      // whether a run was saved since the window was loaded
     std::int16_t SaveCount = 0;  // runs saved since the window was loaded or the list cleared
 
     void Design() override;

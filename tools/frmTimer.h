@@ -20,8 +20,8 @@ class frmTimer : public forms::Form {
 
     forms::Timer tmrMain{this, "tmrMain"};
 
-    // The counters live as long as the window: neither Start nor Stop sets the last two back, so a
-    // run that was stopped is continued by the next one. RuntimeError 6 where one leaves its range.
+    // The counters live as long as the window. Start and Stop do not reset the last two, so the
+    // next run continues a run that was stopped. RuntimeError 6 if a counter leaves its range.
     std::int16_t TotalMinutes = 0;    // as entered
     std::int16_t ElapsedMinutes = 0;  // whole minutes counted; back to 0 when the time is up
     std::int16_t SecondsCount = 0;    // in the current minute; back to 0 at 60

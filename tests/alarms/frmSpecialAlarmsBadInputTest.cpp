@@ -7,7 +7,7 @@
 
 #include "tests/alarms/SpecialAlarmsProgram.h"
 
-// Files that are not as they should be, messages of every kind, disks that refuse.
+// Damaged files, messages of every kind, and disks that refuse a save.
 
 namespace {
 

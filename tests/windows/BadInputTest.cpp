@@ -37,7 +37,7 @@ void PutOnClipboard(const std::string& text) {
 
 class BadInput : public DriverTest {
   protected:
-    // What lies in the program's folder and above it.
+    // The contents of the program's folder and of the folder above it.
     std::vector<std::string> FilesAround() const {
         auto names = FileNames(folder);
         const auto above = FileNames(FolderOf(folder));
@@ -58,7 +58,7 @@ class BadInput : public DriverTest {
     }
 };
 
-TEST_F(BadInput, WhatIsPastedIsSavedByteForByte) {
+TEST_F(BadInput, PastedTextIsSavedByteForByte) {
     const std::string scripts = Repeated(
         "\xF0\x9F\x98\x80 \xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D e\xCC\x81\t\xE6\x97\xA5\r\n", 65536);
     const std::string lines = Repeated("0123456789 abc\r\n", 65536);
@@ -95,7 +95,7 @@ TEST_F(BadInput, ANoteOfAMebibyteIsRestoredAndSavedAgain) {
     EXPECT_TRUE(NoteFileIs("Long", bytes));
 }
 
-TEST_F(BadInput, ATitleThatIsNoFileNameIsReportedAndItsTextStays) {
+TEST_F(BadInput, ATitleThatCannotBeAFileNameIsReportedAndItsTextStays) {
     const Window main = StartProgram();
     const auto around = FilesAround();
     for (const std::string& title : {std::string("CON"), std::string("nul"), std::string("COM1"),
@@ -125,7 +125,7 @@ TEST_F(BadInput, ATitleOfAMebibyteIsRefusedOnTheScreen) {
     const Window main = StartProgram();
     PutOnClipboard(std::string(1U << 20U, 'n'));
     main.Only("Edit").Send(WM_PASTE);
-    // Not every Wine brings a text of this size back to another process.
+    // Not every version of Wine can return a text of this size to another process.
     EXPECT_EQ(main.Only("Edit").Send(WM_GETTEXTLENGTH), 1 << 20);
     main.Button("Make &Note").Click();
     WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });
@@ -152,7 +152,7 @@ TEST_F(BadInput, ATitleOfAMebibyteIsRefusedOnTheScreen) {
     EXPECT_TRUE(program.Runs());
 }
 
-TEST_F(BadInput, TitlesThatOnlyLookStrangeAreFileNames) {
+TEST_F(BadInput, UnusualTitlesAreAcceptedAsFileNames) {
     const Window main = StartProgram();
     for (const char* title : {"a ", "console", "COM10", "\xF0\x9F\x98\x80",
                               "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D", "e\xCC\x81"}) {
@@ -176,7 +176,7 @@ TEST_F(BadInput, ATitleInAFileNamesNoFileElsewhere) {
     EXPECT_EQ(FilesAround(), around);
 }
 
-TEST_F(BadInput, ADateThatThePickerDoesNotKnowStaysInTheFile) {
+TEST_F(BadInput, ADateOutsideThePickersRangeStaysInTheFile) {
     const std::string bytes = "\"Old\",\"text\",#1500-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n";
     WriteNote("Old", bytes);
     StartProgram();
@@ -187,7 +187,7 @@ TEST_F(BadInput, ADateThatThePickerDoesNotKnowStaysInTheFile) {
     ExitProgram();
 }
 
-TEST_F(BadInput, NothingBehindAZeroByteIsLostAndEveryLineBreakShows) {
+TEST_F(BadInput, TextAfterAZeroByteIsKeptAndEveryLineBreakShows) {
     WriteNote("Odd", "\"Odd\",\"first\0second\nthird\rfourth\""s + alarmOff);
     StartProgram();
     const Window text = OpenRestored("Odd").Only("Edit");
@@ -224,7 +224,7 @@ TEST_F(BadInput, SpecialAlarmsThatCannotBeSavedStayInTheirWindow) {
     ExitProgram();
 }
 
-TEST_F(BadInput, ASoundThatIsNoneRingsSilently) {
+TEST_F(BadInput, AnInvalidSoundFileRingsSilently) {
     WriteWholeFile(folder + "\\none.wav", "This is no wave.");
     for (const std::string& path :
          {folder + "\\none.wav", folder, std::string("\\\\localhost\\missing\\a.wav")}) {
@@ -242,7 +242,7 @@ TEST_F(BadInput, ASoundThatIsNoneRingsSilently) {
     RemoveFile(folder + "\\none.wav");
 }
 
-TEST_F(BadInput, ASettingThatIsNoNumberIsReportedForANewNote) {
+TEST_F(BadInput, ASettingThatIsNotANumberIsReportedForANewNote) {
     WriteSetting("Options", "DefaultColor", "mauve");
     const Window main = StartProgram();
     main.Only("Edit").Type("Dentist");
@@ -254,7 +254,7 @@ TEST_F(BadInput, ASettingThatIsNoNumberIsReportedForANewNote) {
     ExitProgram();
 }
 
-TEST_F(BadInput, ArgumentsAreNoInput) {
+TEST_F(BadInput, ArgumentsAreIgnored) {
     const std::string arguments = "/x \"..\\..\\evil\" -- \"a*\" nul " + std::string(30000, 'x');
     program.Start(executable, arguments);
     const Window main = MainWindow();

@@ -91,7 +91,7 @@ TEST_F(Help, TheShippedShortcutStartsTheProgram) {
     const HINSTANCE result =
         ::ShellExecuteW(nullptr, L"open", Wide(shortcut).c_str(), nullptr, L"C:\\", SW_SHOWNORMAL);
     EXPECT_GT(reinterpret_cast<INT_PTR>(result), 32);
-    // The splash has the same caption, but no menu.
+    // The splash has the same caption, but no menu bar.
     Window main;
     WaitUntil("the main window is shown", [&] {
         main = WindowOfProgram(mainCaption, executable);

@@ -16,7 +16,7 @@ constexpr const char* appointment = "Call to move the appointment.\r\nAsk for a 
 
 class Notes : public DriverTest {};
 
-TEST_F(Notes, ANewNoteIsWrittenAsTheUserHasMadeIt) {
+TEST_F(Notes, ANewNoteIsWrittenWithAllThatTheUserEntered) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Dentist");
     WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });
@@ -51,7 +51,7 @@ TEST_F(Notes, ANewNoteIsWrittenAsTheUserHasMadeIt) {
                "#2031-06-05#,#09:31:00#,5,14,\"1\",1,\"yes\"\r\n");
 }
 
-TEST_F(Notes, ANoteComesBackMinimizedWithAllThatWasSaved) {
+TEST_F(Notes, ANoteComesBackMinimizedWithEverythingSaved) {
     {
         const Window editor = MakeNote(StartProgram(), "Dentist");
         ChooseFromPopup(program, editor.Only("Edit"), popupYellow);
@@ -62,7 +62,7 @@ TEST_F(Notes, ANoteComesBackMinimizedWithAllThatWasSaved) {
         editor.Button(audioBoxCaption).Click();
         editor.Button(editorSet).Click();
     }
-    // The open note is saved by the end of the program.
+    // The end of the program saves the open note.
     ExitProgram();
     const auto bytes = WholeFile(NotePath("Dentist"));
     ASSERT_TRUE(bytes);
@@ -125,7 +125,7 @@ TEST_F(Notes, TheToolbarErasesANote) {
     EXPECT_FALSE(FileExists(NotePath("Shopping")));
 }
 
-TEST_F(Notes, TheMenuErasesANoteThatClosingWritesAnew) {
+TEST_F(Notes, TheMenuErasesANoteThatClosingWritesAgain) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Shopping");
     editor.Only("Edit").Type("milk");
@@ -139,7 +139,7 @@ TEST_F(Notes, TheMenuErasesANoteThatClosingWritesAnew) {
                "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(Notes, SavingSaysSo) {
+TEST_F(Notes, SavingIsConfirmed) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
     PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
     const Box box(program, "");
@@ -208,7 +208,7 @@ TEST_F(Notes, TextsWithQuotesComeBackWhole) {
     EXPECT_EQ(FileNames(folder + "\\Notes").size(), 3U);
 }
 
-TEST_F(Notes, WhatWasTypedComesBackWhenTheProgramWasKilled) {
+TEST_F(Notes, TypedTextComesBackAfterTheProgramWasKilled) {
     const Window main = StartProgram();
     const Window saved = MakeNote(main, "Shopping");
     saved.Only("Edit").Type("milk");

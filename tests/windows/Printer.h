@@ -5,8 +5,8 @@
 
 namespace driver {
 
-// A printer of the system, the default one as long as this object lives. What it prints is kept as
-// the host's print file.
+// Adds a printer to the system and makes it the default one while the object exists. Its output is
+// kept in the host's print file.
 class Printer {
   public:
     Printer();

@@ -37,7 +37,7 @@ BOOL CALLBACK CountOne(HWND /*window*/, LPARAM data) {
     return TRUE;
 }
 
-// As the system lists the handles of all processes.
+// The structures of the system's list of all handles.
 struct HandleEntry {
     void* object;
     ULONG_PTR process;

@@ -55,7 +55,7 @@ TEST(MakeDevicesTest, EveryDeviceIsThereAndStaysTheSame) {
     EXPECT_EQ(first.files, second.files);
 }
 
-TEST(WinClockTest, TellsTheLocalTimeToTheSecond) {
+TEST(WinClockTest, ReturnsTheLocalTimeToTheSecond) {
     WinClock clock;
     SYSTEMTIME before{};
     SYSTEMTIME after{};
@@ -70,7 +70,7 @@ TEST(WinClockTest, TellsTheLocalTimeToTheSecond) {
     EXPECT_LE(now, moment(after));
 }
 
-TEST(WinClockTest, TheSecondChangesWhereItsMillisecondsBeginAgain) {
+TEST(WinClockTest, TheSecondChangesWhenItsMillisecondsWrap) {
     WinClock clock;
     constexpr std::int64_t standstill = 100;  // milliseconds
     int changes = 0;
@@ -84,13 +84,13 @@ TEST(WinClockTest, TheSecondChangesWhereItsMillisecondsBeginAgain) {
         ASSERT_GE(millisecond, 0);
         ASSERT_LE(millisecond, 999);
         if (look - lastLook > standstill) {
-            // Anything may have passed between these two.
+            // The machine stood still; the two readings cannot be compared.
         } else if (now != last) {
             ++changes;
             EXPECT_LT(millisecond, 500);
             EXPECT_EQ(now.seconds, last.seconds + 1);
         } else {
-            // The two readings may fall on both sides of a change.
+            // The second may have changed between the two readings.
             EXPECT_TRUE(millisecond >= lastMillisecond || millisecond < 2 * standstill);
         }
         last = now;
@@ -100,7 +100,7 @@ TEST(WinClockTest, TheSecondChangesWhereItsMillisecondsBeginAgain) {
     }
 }
 
-TEST(WinClockTest, MonotonicTimeGoesOn) {
+TEST(WinClockTest, MonotonicTimeAdvances) {
     WinClock clock;
     const auto before = static_cast<std::int64_t>(::GetTickCount64());
     const std::int64_t start = clock.MonotonicMilliseconds();
@@ -121,7 +121,7 @@ class WinSettingsTest : public testing::Test {
     WinSettings settings;
 };
 
-TEST_F(WinSettingsTest, WhatIsWrittenIsReadAgain) {
+TEST_F(WinSettingsTest, WrittenValuesAreReadBack) {
     EXPECT_FALSE(settings.Read("Config", "Alarm").has_value());
     settings.Write("Config", "Alarm", "C:\\a b.wav");
     settings.Write("Options", "Alarm", "");
@@ -154,7 +154,7 @@ TEST(WinTrayTest, AnIconThatWasNeverAddedCannotBeDeleted) {
     TrayRecord record;
     record.iconId = 1;
     EXPECT_FALSE(tray.Delete(record));
-    EXPECT_FALSE(tray.Add(record));  // no window that could own it
+    EXPECT_FALSE(tray.Add(record));  // there is no window that could own it
     EXPECT_FALSE(tray.Delete(record));
 }
 
@@ -172,7 +172,7 @@ TEST(WinPrinterTest, WithoutAPrinterPrintingIsAnError) {
     EXPECT_EQ(ErrorOf([&] { printer.EndDocument(); }), 0);
 }
 
-TEST(WinShellTest, AMissingDocumentIsAResultCode) {
+TEST(WinShellTest, AMissingDocumentGivesAResultCode) {
     const TempFolder folder;
     WinShell shell;
     EXPECT_LE(shell.Open(folder / "missing.txt", folder.Path()), 32);
@@ -211,14 +211,14 @@ TEST_F(WinShellHelpTest, WithoutAViewerThePageBesideTheHelpFileIsOpened) {
     EXPECT_EQ(shell.folders, (std::vector<std::string>{folder.Path(), folder.Path()}));
 }
 
-TEST_F(WinShellHelpTest, ThePageStandsInForAMissingHelpFile) {
+TEST_F(WinShellHelpTest, ThePageReplacesAMissingHelpFile) {
     const std::string page = Make("a.html", 1);
     RecordingShell shell(true);
     shell.ShowHelp(folder / "a.hlp", HELP_FORCEFILE);
     EXPECT_EQ(shell.opened, std::vector<std::string>{page});
 }
 
-TEST_F(WinShellHelpTest, WhereBothAreMissingNothingIsOpened) {
+TEST_F(WinShellHelpTest, IfBothAreMissingNothingIsOpened) {
     for (const bool hasViewer : {false, true}) {
         RecordingShell shell(hasViewer);
         EXPECT_EQ(ErrorOf([&] { shell.ShowHelp(folder / "missing.hlp", HELP_FORCEFILE); }), 0);
@@ -226,7 +226,7 @@ TEST_F(WinShellHelpTest, WhereBothAreMissingNothingIsOpened) {
     }
 }
 
-TEST_F(WinShellHelpTest, AStandInIsNoViewer) {
+TEST_F(WinShellHelpTest, AStandInDoesNotCountAsAViewer) {
     EXPECT_FALSE(WinShell::IsHelpViewer(Wide(folder / "missing.exe")));
     EXPECT_FALSE(WinShell::IsHelpViewer(Wide(folder.Path())));
     EXPECT_FALSE(WinShell::IsHelpViewer(Wide(Make("stand-in.exe", 12000))));
@@ -280,7 +280,7 @@ TEST_F(WinPicturesTest, IconsAreThirtyTwoPixelsSquare) {
     EXPECT_EQ(ErrorOf([&] { LoadBytes("c.ico", icon.substr(0, 5)); }), 481);
 }
 
-TEST_F(WinPicturesTest, WhatIsNoPictureIsAnError) {
+TEST_F(WinPicturesTest, FilesThatAreNotPicturesRaiseAnError) {
     EXPECT_EQ(ErrorOf([&] { pictures.Load(folder / "missing.gif"); }), 53);
     EXPECT_EQ(ErrorOf([&] { pictures.Load(folder / "missing\\a.gif"); }), 53);
     EXPECT_EQ(ErrorOf([&] { pictures.Load(folder.Path()); }), 53);
@@ -288,7 +288,7 @@ TEST_F(WinPicturesTest, WhatIsNoPictureIsAnError) {
     EXPECT_EQ(ErrorOf([&] { LoadBytes("empty.gif", ""); }), 481);
 }
 
-TEST_F(WinPicturesTest, AChangedFileIsLoadedAnew) {
+TEST_F(WinPicturesTest, AChangedFileIsLoadedAgain) {
     EXPECT_EQ(LoadBytes("a.gif", gif6x7).width, 90);
     EXPECT_EQ(pictures.Load(folder / "a.gif").width, 90);
     EXPECT_EQ(LoadBytes("a.gif", png2x3).width, 30);
@@ -306,7 +306,7 @@ TEST(WinSystemTest, TheApplicationFolderHoldsTheProgram) {
     EXPECT_EQ(Narrow(path).find('\\', folder.size() + 1), std::string::npos);
 }
 
-TEST(WinSystemTest, TheSecondCopyKnowsOfTheFirst) {
+TEST(WinSystemTest, TheSecondCopyDetectsTheFirst) {
     const std::wstring name = L"Local\\Jotwright.Test." + std::to_wstring(::GetCurrentProcessId());
     {
         WinSystem first(name);

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-// The windows of this thread, as the system knows them.
+// The windows of this thread, from the system's list.
 namespace conformance {
 
 std::string TextOf(HWND window);
