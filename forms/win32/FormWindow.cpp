@@ -248,14 +248,9 @@ int FormWindow::LineThickness() const {
 
 // Both edges are rounded, so that what touches in twips touches in pixels.
 RECT FormWindow::AreaOf(const Control& control) const {
-    int left = control.left;
-    int top = control.top;
-    for (const Control* outer = control.container; outer != nullptr; outer = outer->container) {
-        left += outer->left;
-        top += outer->top;
-    }
-    return RECT{Pixels(left), Pixels(top), Pixels(left + control.width),
-                Pixels(top + control.height)};
+    const Rect place = control.PlaceOnForm();
+    return RECT{Pixels(place.left), Pixels(place.top), Pixels(place.left + place.width),
+                Pixels(place.top + place.height)};
 }
 
 HFONT FormWindow::FormFont() const { return fonts::Get(std::string(), 0, false, dpi); }

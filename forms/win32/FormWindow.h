@@ -97,11 +97,8 @@ class FormWindow {
     void InvalidateSurface(const RECT& area);
     // The default button is drawn as one, or the push button that has the focus.
     void MarkDefaultButton(const Peer* focused);
-    // Leads the focus on where several captions have this access key; the system would press one of
-    // them. False where it is for the system.
-    bool FollowSharedKey(wchar_t letter);
-    // The right-button menu of what has the focus was asked for by keyboard.
-    void OpenMenuByKeyboard();
+    // The menu key was pressed. False if the control that has the focus opens its own menu.
+    bool OpenMenuByKeyboard();
 
     static DWORD Style(const Form& form);
     static DWORD ExtendedStyle(const Form& form);
@@ -155,8 +152,8 @@ class FormWindow {
     bool IsTrayMessage(WPARAM wParam, LPARAM lParam) const;
     void OnMouseMove(WPARAM wParam, LPARAM lParam);
     void OnMouseUp(int button, LPARAM lParam);
-    // Deepest control at a point of the form; null for the form itself.
-    Peer* HitTest(POINT point) const;
+    // The control under a point of the form, in pixels; null for the form itself.
+    Control* ControlAt(POINT point) const;
 
     // While CreateWindow runs for it. The message that tells of the making may be forged, and its
     // parameters with it.
