@@ -61,7 +61,7 @@ LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam,
     if (message == WM_NCDESTROY) {
         ::SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         if (target->IsLive()) {
-            target->Part();  // a window that it belongs to is destroyed
+            target->DetachFromForm();  // a window that it belongs to is destroyed
         }
         const bool wasCreated =
             std::find(target->state.windows.begin(), target->state.windows.end(), target) !=

@@ -70,8 +70,8 @@ class FormWindow {
     // Gives the focus to the form's active control.
     void RestoreFocus();
     // The form is gone; destroys the window now or as soon as possible.
-    void Doom();
-    void DestroyIfDoomed();
+    void ScheduleDestroy();
+    void DestroyIfScheduled();
     void UserSettingsChanged();
     // The monitors have changed: a window out of the user's reach comes back onto one.
     void ComeIntoReach();
@@ -128,7 +128,7 @@ class FormWindow {
     void MarkUsed();
     void ReleaseOwned();
     void GoBackToBaseOwner();
-    void Part();
+    void DetachFromForm();
     HWND BaseOwner() const;
     void LayoutControls();
     void Rescale(int newDpi, const RECT& suggested);
@@ -162,7 +162,7 @@ class FormWindow {
     Form* form;
     bool filled = false;
     HWND modalOwner = nullptr;  // the form's window before which this one stays while it is modal
-    bool doomed = false;
+    bool destroyScheduled = false;
     bool sizing = false;  // the user drags the window or its border
     int entered = 0;
     LPARAM lastPointer = -1;
