@@ -22,6 +22,15 @@ void Control::PlaceIn(Control& newContainer, int newLeft, int newTop, int newWid
     Place(newLeft, newTop, newWidth, newHeight);
 }
 
+Rect Control::PlaceOnForm() const {
+    Rect place{left, top, width, height};
+    for (const Control* outer = container; outer != nullptr; outer = outer->container) {
+        place.left += outer->left;
+        place.top += outer->top;
+    }
+    return place;
+}
+
 void Control::SetFocus() {
     if (!CanTakeFocus()) {
         return;

@@ -70,13 +70,13 @@ class Control : public Observed {
     // Order of the Tab key among the form's controls; -1 stands for the order of declaration.
     // Set in Design only.
     int tabIndex = -1;
-    // The menu key opens the menu of the form instead of the control's own. Set in Design only.
-    bool leavesMenuKey = false;
     // Name that a screen reader speaks where the control has no caption and no label before it.
     std::string accessibleName;
 
     MouseHandler MouseUp;
 
+    // From the corner of the form's inside, whatever contains the control.
+    Rect PlaceOnForm() const;
     void Place(int newLeft, int newTop, int newWidth, int newHeight);
     void PlaceIn(Control& newContainer, int newLeft, int newTop, int newWidth, int newHeight);
 
@@ -87,6 +87,14 @@ class Control : public Observed {
     virtual bool CanHaveFocus() const { return false; }
     // Whether the user can give it the focus now (the form aside).
     bool CanTakeFocus() const;
+    // Whether the Tab key stops at it now.
+    virtual bool IsTabStop() const { return CanTakeFocus(); }
+    // Whether it uses the Enter key itself while it has the focus.
+    virtual bool TakesEnter() const { return false; }
+    // Whether the menu key opens a menu of its own.
+    virtual bool HasOwnMenu() const { return false; }
+    // Of controls that overlap under the pointer the one with the highest rank is found; 0: never.
+    virtual int PointerRank() const { return 3; }
 
     // Whether the user can see it (the form aside): visible itself and in visible containers.
     bool IsEffectivelyVisible() const;

@@ -78,6 +78,18 @@ void OptionButton::Changed(Aspect aspect) {
     Raise(Click);
 }
 
+bool OptionButton::IsTabStop() const {
+    const OptionButton* stop = nullptr;
+    for (const Control* control : form.TabOrder()) {
+        const auto* button = dynamic_cast<const OptionButton*>(control);
+        const bool isOfGroup = button != nullptr && button->container == container;
+        if (isOfGroup && button->CanTakeFocus() && (stop == nullptr || button->value())) {
+            stop = button;
+        }
+    }
+    return stop == this;
+}
+
 std::string ComboBox::Text() const {
     const int chosen = listIndex;
     return chosen < 0 ? std::string() : items.at(static_cast<std::size_t>(chosen));

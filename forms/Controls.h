@@ -99,6 +99,8 @@ class TextBox : public Control {
 
     bool multiLine = false;  // set in Design only
     bool readOnly = false;   // set in Design only
+    // The menu key opens the menu of the form instead of the text's own. Set in Design only.
+    bool leavesMenuKey = false;
     Property<int> fontSize{*this, Aspect::FontSize, 0};
     Property<std::optional<Color>> backColor{*this, Aspect::BackColor};  // none: the system's
     Property<std::optional<Color>> foreColor{*this, Aspect::ForeColor};
@@ -109,6 +111,8 @@ class TextBox : public Control {
     bool CanHaveFocus() const override { return true; }
     void Changed(Aspect aspect) override;
     void DoubleClicked() override { Raise(DoubleClick); }
+    bool TakesEnter() const override { return multiLine && !readOnly; }
+    bool HasOwnMenu() const override { return !leavesMenuKey; }
     // The user has changed the content on the stage, which fetches it when somebody reads.
     void MarkTyped();
 };
@@ -157,12 +161,15 @@ class OptionButton : public Captioned {
     bool CanHaveFocus() const override { return true; }
     void Changed(Aspect aspect) override;
     void Clicked() override { value = true; }
+    // Once in a container: the selected button, else the first one that can be used.
+    bool IsTabStop() const override;
 };
 
 class Frame : public Captioned {
   public:
     Frame(Form* parent, const char* controlName)
         : Captioned(parent, ControlKind::Frame, controlName) {}
+    int PointerRank() const override { return 1; }
 };
 
 // A drop-down list. Raises Click when its index changes, by the user or by code, and when the user
@@ -263,6 +270,7 @@ class Image : public Control {
     const char* resourceName = "";
     bool sizeToPicture = false;  // set in Design only
     void Changed(Aspect aspect) override;
+    int PointerRank() const override { return 2; }
 };
 
 enum class ShapeKind { Rectangle, RoundedRectangle, Circle };
@@ -274,12 +282,14 @@ class Shape : public Control {
     ShapeKind shape = ShapeKind::Rectangle;  // set in Design only
     Property<Color> fillColor{*this, Aspect::BackColor, white};
     Property<Color> borderColor{*this, Aspect::ForeColor, black};
+    int PointerRank() const override { return 0; }
 };
 
 class Line : public Control {
   public:
     Line(Form* parent, const char* controlName) : Control(parent, ControlKind::Line, controlName) {}
     Property<Color> color{*this, Aspect::ForeColor, black};
+    int PointerRank() const override { return 0; }
 };
 
 class Toolbar : public Control {
@@ -297,6 +307,8 @@ class Toolbar : public Control {
     Property<std::vector<Button>> buttons{*this, Aspect::Items};
     std::function<void(const std::string& key)> ButtonClick;
     bool CanHaveFocus() const override { return true; }
+    // Presses the button that the arrow keys have reached.
+    bool TakesEnter() const override { return true; }
 };
 
 }  // namespace forms

@@ -210,7 +210,7 @@ Control* Form::ActiveControl() const {
         std::rotate(order.begin(), before, order.end());
     }
     const auto next = std::find_if(order.begin(), order.end(),
-                                   [this](const Control* control) { return IsTabStop(*control); });
+                                   [](const Control* control) { return control->IsTabStop(); });
     return next == order.end() ? nullptr : *next;
 }
 
@@ -225,26 +225,24 @@ void Form::MoveFocusOn() {
     }
 }
 
-bool Form::IsTabStop(const Control& control) const {
-    if (!control.CanTakeFocus()) {
-        return false;
-    }
-    if (control.kind != ControlKind::OptionButton) {
-        return true;
-    }
-    const Control* stop = nullptr;
-    for (const Control* other : TabOrder()) {
-        if (other->kind != ControlKind::OptionButton || other->container != control.container ||
-            !other->CanTakeFocus()) {
+Control* Form::ControlAt(int x, int y) const {
+    Control* found = nullptr;
+    int rank = 0;
+    for (Control* control : controls) {
+        const Rect place = control->PlaceOnForm();
+        const bool isUnder = x >= place.left && x < place.left + place.width && y >= place.top &&
+                             y < place.top + place.height;
+        if (!isUnder || !control->IsEffectivelyVisible() || control->PointerRank() == 0) {
             continue;
         }
-        if (static_cast<const OptionButton*>(other)->value()) {
-            stop = other;
-            break;
+        // An inner frame lies above the outer one, wherever it is declared.
+        const bool isOuter = found != nullptr && found->container == control;
+        if (control->PointerRank() > rank || (control->PointerRank() == rank && !isOuter)) {
+            found = control;
+            rank = control->PointerRank();
         }
-        stop = stop == nullptr ? other : stop;
     }
-    return stop == &control;
+    return found;
 }
 
 CommandButton* Form::DefaultButton() const {

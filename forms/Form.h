@@ -100,9 +100,8 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     Control* ActiveControl() const;
     // The controls in the order of the Tab key, frames and labels included.
     std::vector<Control*> TabOrder() const;
-    // Whether the Tab key stops at it: once in a group of option buttons, at the selected one, else
-    // at the first.
-    bool IsTabStop(const Control& control) const;
+    // The control under the pointer, x and y in twips; null where it is over the form itself.
+    Control* ControlAt(int x, int y) const;
     // The button that Enter (from what is no button) and Escape press; null where none can be used.
     CommandButton* DefaultButton() const;
     CommandButton* CancelButton() const;

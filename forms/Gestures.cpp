@@ -99,29 +99,6 @@ void Focus(Control& control) {
     }
 }
 
-void PressEnter(Form& form) {
-    if (CommandButton* button = form.DefaultButton(); button != nullptr) {
-        Click(*button);
-    }
-}
-
-void PressEscape(Form& form) {
-    if (CommandButton* button = form.CancelButton(); button != nullptr) {
-        Click(*button);
-    } else if (form.borderStyle == BorderStyle::Dialog && form.IsUsable()) {
-        Close(form);
-    }
-}
-
-void PressMenuKey(Form& form) {
-    Control* focused = form.ActiveControl();
-    if (focused != nullptr && focused->MouseUp) {
-        MouseUp(*focused, rightButton, focused->width / 2, focused->height / 2);
-    } else {
-        MouseUp(form, rightButton, 0, 0);
-    }
-}
-
 void MouseUp(Control& control, int button, int x, int y) {
     if (CanUse(control) && control.MouseUp) {
         Raise(control.form, [&control, button, x, y] { control.MouseUp(button, x, y); });

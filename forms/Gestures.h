@@ -24,14 +24,6 @@ void Select(ListView& listView, int row);
 void Pick(DateTimePicker& picker, base::DateTime value);
 void Focus(Control& control);
 
-// Keys that belong to the form. Enter where no button has the focus; Escape, which closes a dialog
-// that has no button for it.
-void PressEnter(Form& form);
-void PressEscape(Form& form);
-// The menu key or Shift+F10: the right mouse button over what has the focus and listens to it, else
-// over the form.
-void PressMenuKey(Form& form);
-
 // x and y in twips from the corner of the control or of the form's inside.
 void MouseUp(Control& control, int button, int x, int y);
 void MouseUp(Form& form, int button, int x, int y);

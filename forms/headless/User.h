@@ -53,7 +53,7 @@ class User {
     void PressEnter();
     void PressEscape();
     void PressMenuKey();
-    void Tab();
+    void Tab(bool backward = false);
     // Alt and a letter.
     void AccessKey(Form& form, char letter);
 

@@ -1,10 +1,6 @@
 // The keyboard of the scripted user.
-#include <algorithm>
-#include <vector>
-
 #include "base/Text.h"
-#include "forms/AccessKeys.h"
-#include "forms/Gestures.h"
+#include "forms/Keyboard.h"
 #include "forms/Runtime.h"
 #include "forms/headless/User.h"
 
@@ -24,70 +20,48 @@ void User::PressEnter() {
     if (form == nullptr) {
         return;
     }
-    Control* focus = form->ActiveControl();
-    if (focus != nullptr && focus->kind == ControlKind::CommandButton) {
-        Click(*focus);
-    } else if (focus != nullptr && focus->kind == ControlKind::TextBox &&
-               static_cast<TextBox*>(focus)->multiLine) {
-        auto& textBox = static_cast<TextBox&>(*focus);
-        Type(textBox, textBox.text() + base::lineBreak);
-    } else {
-        if (form->DefaultButton() == nullptr) {
+    switch (gestures::PressEnter(*form)) {
+        case gestures::KeyUse::Used:
+            break;
+        case gestures::KeyUse::Unused:
             Fail("press Enter", std::string("no button of ") + form->name + " listens to it");
-        }
-        gestures::PressEnter(*form);
+            break;
+        case gestures::KeyUse::ByControl:
+            if (auto* textBox = dynamic_cast<TextBox*>(form->ActiveControl())) {
+                Type(*textBox, textBox->text() + base::lineBreak);
+            } else {
+                Fail("press Enter", "a tool bar has no button that the arrow keys have reached");
+            }
+            break;
     }
 }
 
 void User::PressEscape() {
     Form* form = FormWithKeyboard("press Escape");
-    if (form == nullptr) {
-        return;
-    }
-    if (form->CancelButton() == nullptr && form->borderStyle != BorderStyle::Dialog) {
+    if (form != nullptr && gestures::PressEscape(*form) == gestures::KeyUse::Unused) {
         Fail("press Escape", std::string("nothing of ") + form->name + " listens to it");
     }
-    gestures::PressEscape(*form);
 }
 
+// A menu of the control's own has nothing of the program's.
 void User::PressMenuKey() {
     if (Form* form = FormWithKeyboard("press the menu key")) {
         gestures::PressMenuKey(*form);
     }
 }
 
-void User::Tab() {
+void User::Tab(bool backward) {
     Form* form = FormWithKeyboard("press Tab");
-    if (form == nullptr) {
-        return;
+    if (form != nullptr && gestures::PressTab(*form, backward) == gestures::KeyUse::Unused) {
+        Fail("press Tab", std::string("nothing on ") + form->name + " can have the focus");
     }
-    const std::vector<Control*> order = form->TabOrder();
-    const auto current = std::find(order.begin(), order.end(), form->ActiveControl());
-    const std::size_t start = current == order.end()
-                                  ? order.size() - 1
-                                  : static_cast<std::size_t>(current - order.begin());
-    for (std::size_t step = 1; step <= order.size(); ++step) {
-        Control* next = order[(start + step) % order.size()];
-        if (form->IsTabStop(*next)) {
-            gestures::Focus(*next);
-            return;
-        }
-    }
-    Fail("press Tab", std::string("nothing on ") + form->name + " can have the focus");
 }
 
 void User::AccessKey(Form& form, char letter) {
     const std::string what = std::string("press Alt+") + letter + " on " + form.name;
-    if (!Reach(what, form)) {
-        return;
-    }
-    const std::vector<Control*> targets = AccessKeyTargets(form, letter);
-    if (targets.empty()) {
+    if (Reach(what, form) && BringUp(form) &&
+        gestures::PressAccessKey(form, letter) == gestures::KeyUse::Unused) {
         Fail(what, "nothing there that can be used has this key");
-    } else if (targets.size() > 1) {
-        gestures::Focus(*targets.front());
-    } else {
-        Click(*targets.front());
     }
 }
 

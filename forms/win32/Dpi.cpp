@@ -53,6 +53,8 @@ int ToPointerTwips(int pixels, int dpi) {
     return twips >= 0 ? twips / dpi : -((-twips + dpi - 1) / dpi);
 }
 
+int ToMiddleTwips(int pixels, int dpi) { return ::MulDiv(2 * pixels + 1, 720, dpi); }
+
 RECT FrameAround(DWORD style, DWORD extendedStyle, bool hasMenuBar, int dpi) {
     static const auto adjust =
         FromUser32<BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT)>("AdjustWindowRectExForDpi");

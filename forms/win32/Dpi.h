@@ -19,6 +19,8 @@ int ToTwips(int pixels, int dpi);
 // Of the pixel that the pointer is on: rounded down, so that the pixel of 96 dpi which it lies in
 // is the same at every resolution.
 int ToPointerTwips(int pixels, int dpi);
+// Of the middle of a pixel, which lies inside a control if the pixel belongs to it.
+int ToMiddleTwips(int pixels, int dpi);
 
 // How far the outer rectangle of a window reaches beyond its inside: left and top are negative.
 RECT FrameAround(DWORD style, DWORD extendedStyle, bool hasMenuBar, int dpi);

@@ -7,7 +7,7 @@
 
 namespace forms::win32 {
 
-void FormWindow::Doom() {
+void FormWindow::ScheduleDestroy() {
     const Applying applying(state);
     // Only one that is active must choose who follows it at once: hiding a hundred notes one by one
     // would be most of the time that leaving takes.
@@ -15,18 +15,18 @@ void FormWindow::Doom() {
         Hide();
     }
     ReleaseOwned();
-    Part();
-    doomed = true;
+    DetachFromForm();
+    destroyScheduled = true;
     // It goes with the next message. When the program is just ending, that never comes: the system
     // takes all windows of a process faster than they could be destroyed one by one.
     if (::PostMessageW(state.utility, UtilityWindow::destroyMessage, 0,
                        reinterpret_cast<LPARAM>(handle)) == 0) {
-        DestroyIfDoomed();
+        DestroyIfScheduled();
     }
 }
 
-void FormWindow::DestroyIfDoomed() {
-    if (!doomed) {
+void FormWindow::DestroyIfScheduled() {
+    if (!destroyScheduled) {
         return;
     }
     if (entered == 0) {

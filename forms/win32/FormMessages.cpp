@@ -5,12 +5,13 @@
 #include <optional>
 #include <utility>
 
-#include "forms/AccessKeys.h"
 #include "forms/Gestures.h"
+#include "forms/Keyboard.h"
 #include "forms/Runtime.h"
 #include "forms/win32/Destroying.h"
 #include "forms/win32/Dpi.h"
 #include "forms/win32/Drawing.h"
+#include "forms/win32/FormKeys.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Messages.h"
 #include "forms/win32/Placing.h"
@@ -60,7 +61,7 @@ LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam,
     if (message == WM_NCDESTROY) {
         ::SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         if (target->IsLive()) {
-            target->Part();  // a window that it belongs to is destroyed
+            target->DetachFromForm();  // a window that it belongs to is destroyed
         }
         const bool wasCreated =
             std::find(target->state.windows.begin(), target->state.windows.end(), target) !=
@@ -204,7 +205,9 @@ void FormWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
         return;
     }
     if (id == IDOK) {
-        gestures::PressEnter(*form);
+        if (CommandButton* button = form->DefaultButton(); button != nullptr) {
+            gestures::Click(*button);
+        }
         return;
     }
     if (id == IDCANCEL) {
@@ -216,30 +219,14 @@ void FormWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
     }
 }
 
-// The access key of a label or a frame may arrive as two of these: to the label itself, and on to
-// what follows it.
 void FormWindow::OnNextControl(WPARAM wParam, LPARAM lParam) {
-    HWND target = LOWORD(lParam) != 0 ? reinterpret_cast<HWND>(wParam)
-                                      : ::GetNextDlgTabItem(handle, ::GetFocus(), wParam != 0);
-    if (target != nullptr) {
+    HWND before = ::GetFocus();
+    if (LOWORD(lParam) == 0) {
+        gestures::PressTab(*form, wParam != 0);
+    } else if (HWND target = reinterpret_cast<HWND>(wParam); target != nullptr) {
         ::SetFocus(target);
     }
-}
-
-bool FormWindow::FollowSharedKey(wchar_t letter) {
-    if (!IsLive() || letter > 0x7F) {
-        return false;
-    }
-    const auto targets = AccessKeyTargets(*form, static_cast<char>(letter));
-    const Peer* peer = targets.size() > 1 ? PeerOf(*targets.front()) : nullptr;
-    if (peer == nullptr || peer->handle == nullptr) {
-        return false;
-    }
-    const bool before = state.movingFocus;
-    state.movingFocus = true;
-    ::SetFocus(peer->handle);
-    state.movingFocus = before;
-    return true;
+    SelectTextAfterKey(*this, before);
 }
 
 std::optional<LRESULT> FormWindow::OnNotify(NMHDR& header) {

@@ -2,6 +2,7 @@
 #include <windowsx.h>
 
 #include "forms/Gestures.h"
+#include "forms/Keyboard.h"
 #include "forms/win32/Dpi.h"
 #include "forms/win32/FormWindow.h"
 
@@ -21,35 +22,8 @@ int ButtonsOf(WPARAM keys) {
 
 }  // namespace
 
-Peer* FormWindow::HitTest(POINT point) const {
-    Peer* frame = nullptr;
-    Peer* found = nullptr;
-    for (const auto& peer : peers) {
-        const Control& control = peer->control;
-        const RECT area = peer->Area();
-        if (!control.IsEffectivelyVisible() || ::PtInRect(&area, point) == 0) {
-            continue;
-        }
-        switch (control.kind) {
-            case ControlKind::Frame:
-                if (frame == nullptr || control.container == &frame->control) {
-                    frame = peer.get();
-                }
-                break;
-            case ControlKind::Shape:
-            case ControlKind::Line:
-                break;
-            case ControlKind::Image:
-                if (found == nullptr || found->control.kind == ControlKind::Image) {
-                    found = peer.get();
-                }
-                break;
-            default:
-                found = peer.get();
-                break;
-        }
-    }
-    return found != nullptr ? found : frame;
+Control* FormWindow::ControlAt(POINT point) const {
+    return form->ControlAt(ToMiddleTwips(point.x, dpi), ToMiddleTwips(point.y, dpi));
 }
 
 // The callback of an icon in the notification area looks like a move. A move with the same numbers
@@ -76,7 +50,7 @@ void FormWindow::OnMouseMove(WPARAM wParam, LPARAM lParam) {
     }
     lastPointer = lParam;
     const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-    if (HitTest(point) == nullptr) {
+    if (ControlAt(point) == nullptr) {
         gestures::MouseMove(*form, ButtonsOf(wParam), ToPointerTwips(point.x, dpi),
                             ToPointerTwips(point.y, dpi));
     }
@@ -84,23 +58,19 @@ void FormWindow::OnMouseMove(WPARAM wParam, LPARAM lParam) {
 
 void FormWindow::OnMouseUp(int button, LPARAM lParam) {
     const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-    Peer* peer = HitTest(point);
-    if (peer == nullptr) {
+    Control* control = ControlAt(point);
+    if (control == nullptr) {
         gestures::MouseUp(*form, button, Twips(point.x), Twips(point.y));
         return;
     }
-    if (!gestures::CanUse(peer->control)) {
-        return;
-    }
-    Control& control = peer->control;
-    const RECT area = peer->Area();
-    gestures::MouseUp(control, button, Twips(point.x - area.left), Twips(point.y - area.top));
+    const RECT area = AreaOf(*control);
+    gestures::MouseUp(*control, button, Twips(point.x - area.left), Twips(point.y - area.top));
     if (button == leftButton && IsLive()) {
-        gestures::Click(control);
+        gestures::Click(*control);
     }
 }
 
-void FormWindow::OpenMenuByKeyboard() {
+bool FormWindow::OpenMenuByKeyboard() {
     const Peer* focused = PeerOf(::GetFocus());
     RECT area{};
     ::GetClientRect(handle, &area);
@@ -110,8 +80,9 @@ void FormWindow::OpenMenuByKeyboard() {
     POINT place{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
     ::ClientToScreen(handle, &place);
     state.menuPlace = place;
-    gestures::PressMenuKey(*form);
+    const gestures::KeyUse use = gestures::PressMenuKey(*form);
     state.menuPlace.reset();
+    return use != gestures::KeyUse::ByControl;
 }
 
 }  // namespace forms::win32

@@ -26,7 +26,7 @@ struct Link : Form::StageData {
     FormWindow* window = nullptr;
     ~Link() override {
         if (window != nullptr) {
-            window->Doom();
+            window->ScheduleDestroy();
         }
     }
 };
@@ -38,7 +38,7 @@ int DepthOf(const Control& control) {
 }  // namespace
 
 FormWindow::Entry::~Entry() {
-    if (--window.entered == 0 && window.doomed) {
+    if (--window.entered == 0 && window.destroyScheduled) {
         ::PostMessageW(window.state.utility, UtilityWindow::destroyMessage, 0,
                        reinterpret_cast<LPARAM>(window.handle));
     }
@@ -215,8 +215,8 @@ void FormWindow::CreateControls() {
     }
 }
 
-// From here on the form's window is none of the form's business.
-void FormWindow::Part() {
+// The form no longer knows this window, and the window no longer touches the form.
+void FormWindow::DetachFromForm() {
     if (auto* link = static_cast<Link*>(form->stageData.get()); link != nullptr) {
         link->window = nullptr;
     }
@@ -248,14 +248,9 @@ int FormWindow::LineThickness() const {
 
 // Both edges are rounded, so that what touches in twips touches in pixels.
 RECT FormWindow::AreaOf(const Control& control) const {
-    int left = control.left;
-    int top = control.top;
-    for (const Control* outer = control.container; outer != nullptr; outer = outer->container) {
-        left += outer->left;
-        top += outer->top;
-    }
-    return RECT{Pixels(left), Pixels(top), Pixels(left + control.width),
-                Pixels(top + control.height)};
+    const Rect place = control.PlaceOnForm();
+    return RECT{Pixels(place.left), Pixels(place.top), Pixels(place.left + place.width),
+                Pixels(place.top + place.height)};
 }
 
 HFONT FormWindow::FormFont() const { return fonts::Get(std::string(), 0, false, dpi); }
@@ -298,7 +293,7 @@ void FormWindow::ApplyIcon() {
 }
 
 void FormWindow::UpdateEnabled() {
-    // While a box is up, the one who opened it has seen to that.
+    // While a box is open, pumps::OthersShutOff decides which windows are enabled.
     if (boxes == 0) {
         const bool canBeUsed = form->IsUsable() || !form->IsVisible();
         if (canBeUsed != (::IsWindowEnabled(handle) != 0)) {

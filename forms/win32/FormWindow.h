@@ -70,8 +70,8 @@ class FormWindow {
     // Gives the focus to the form's active control.
     void RestoreFocus();
     // The form is gone; destroys the window now or as soon as possible.
-    void Doom();
-    void DestroyIfDoomed();
+    void ScheduleDestroy();
+    void DestroyIfScheduled();
     void UserSettingsChanged();
     // The monitors have changed: a window out of the user's reach comes back onto one.
     void ComeIntoReach();
@@ -97,11 +97,8 @@ class FormWindow {
     void InvalidateSurface(const RECT& area);
     // The default button is drawn as one, or the push button that has the focus.
     void MarkDefaultButton(const Peer* focused);
-    // Leads the focus on where several captions have this access key; the system would press one of
-    // them. False where it is for the system.
-    bool FollowSharedKey(wchar_t letter);
-    // The right-button menu of what has the focus was asked for by keyboard.
-    void OpenMenuByKeyboard();
+    // The menu key was pressed. False if the control that has the focus opens its own menu.
+    bool OpenMenuByKeyboard();
 
     static DWORD Style(const Form& form);
     static DWORD ExtendedStyle(const Form& form);
@@ -131,7 +128,7 @@ class FormWindow {
     void MarkUsed();
     void ReleaseOwned();
     void GoBackToBaseOwner();
-    void Part();
+    void DetachFromForm();
     HWND BaseOwner() const;
     void LayoutControls();
     void Rescale(int newDpi, const RECT& suggested);
@@ -155,8 +152,8 @@ class FormWindow {
     bool IsTrayMessage(WPARAM wParam, LPARAM lParam) const;
     void OnMouseMove(WPARAM wParam, LPARAM lParam);
     void OnMouseUp(int button, LPARAM lParam);
-    // Deepest control at a point of the form; null for the form itself.
-    Peer* HitTest(POINT point) const;
+    // The control under a point of the form, in pixels; null for the form itself.
+    Control* ControlAt(POINT point) const;
 
     // While CreateWindow runs for it. The message that tells of the making may be forged, and its
     // parameters with it.
@@ -165,7 +162,7 @@ class FormWindow {
     Form* form;
     bool filled = false;
     HWND modalOwner = nullptr;  // the form's window before which this one stays while it is modal
-    bool doomed = false;
+    bool destroyScheduled = false;
     bool sizing = false;  // the user drags the window or its border
     int entered = 0;
     LPARAM lastPointer = -1;

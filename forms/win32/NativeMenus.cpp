@@ -6,18 +6,18 @@
 
 namespace forms::win32 {
 
-void NativeMenus::Number(const Form& form) {
+void NativeMenus::AssignIds(const Form& form) {
     if (entries.empty()) {
         for (Menu* menu : form.Menus()) {
-            Number(*menu);
+            AssignIds(*menu);
         }
     }
 }
 
-void NativeMenus::Number(Menu& menu) {
+void NativeMenus::AssignIds(Menu& menu) {
     entries.push_back(&menu);
     for (Menu* entry : menu.entries) {
-        Number(*entry);
+        AssignIds(*entry);
     }
 }
 
@@ -54,7 +54,7 @@ void NativeMenus::AppendEntries(HMENU to, const std::vector<Menu*>& from,
 }
 
 void NativeMenus::MakeBar(HWND window, const Form& form) {
-    Number(form);
+    AssignIds(form);
     std::vector<Menu*> inBar;
     for (Menu* menu : form.Menus()) {
         if (menu->inMenuBar && menu->visible) {
@@ -75,7 +75,7 @@ void NativeMenus::MakeBar(HWND window, const Form& form) {
 }
 
 HMENU NativeMenus::MakePopup(const Menu& menu) {
-    Number(menu.form);
+    AssignIds(menu.form);
     HMENU popup = ::CreatePopupMenu();
     AppendEntries(popup, menu.entries, nullptr);
     return popup;

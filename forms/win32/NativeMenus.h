@@ -30,8 +30,8 @@ class NativeMenus {
 
   private:
     // Numbers the entries, once. A window that has never shown a menu keeps no list of them.
-    void Number(const Form& form);
-    void Number(Menu& menu);
+    void AssignIds(const Form& form);
+    void AssignIds(Menu& menu);
     int IdOf(const Menu& menu) const;
     void AppendEntries(HMENU to, const std::vector<Menu*>& from,
                        std::map<HMENU, const Menu*>* made) const;

@@ -19,13 +19,11 @@ class OptionButtonPeer : public Peer {
     void Create() override {
         CreateNative(WC_BUTTONW, button.caption, BS_RADIOBUTTON | BS_MULTILINE);
         ShowValue();
-        MoveTabStop();
     }
 
     void Apply(Aspect aspect) override {
         if (aspect == Aspect::Value) {
             ShowValue();
-            MoveTabStop();
         } else {
             Peer::Apply(aspect);
         }
@@ -69,25 +67,6 @@ class OptionButtonPeer : public Peer {
 
     void ShowValue() {
         ::SendMessageW(handle, BM_SETCHECK, button.value() ? BST_CHECKED : BST_UNCHECKED, 0);
-    }
-
-    // The Tab key goes to the selected button of a group, or to the first one.
-    void MoveTabStop() {
-        const Control* stop = nullptr;
-        for (const Control* other : button.form.Controls()) {
-            if (IsOfGroup(*other) &&
-                (stop == nullptr || static_cast<const OptionButton*>(other)->value())) {
-                stop = other;
-            }
-        }
-        for (const Control* other : button.form.Controls()) {
-            const Peer* peer = IsOfGroup(*other) ? window.PeerOf(*other) : nullptr;
-            if (peer != nullptr && peer->handle != nullptr) {
-                const LONG_PTR style = ::GetWindowLongPtrW(peer->handle, GWL_STYLE);
-                ::SetWindowLongPtrW(peer->handle, GWL_STYLE,
-                                    other == stop ? style | WS_TABSTOP : style & ~WS_TABSTOP);
-            }
-        }
     }
 
     bool IsOfGroup(const Control& other) const {

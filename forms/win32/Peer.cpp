@@ -138,17 +138,11 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
             return std::nullopt;
         case WM_KEYUP:
             // Not every kind of control passes the menu key on to the system.
-            if (wParam == VK_APPS && (control.MouseUp || control.leavesMenuKey)) {
-                window.OpenMenuByKeyboard();
-                return 0;
-            }
-            return std::nullopt;
+            return wParam == VK_APPS && window.OpenMenuByKeyboard() ? std::optional<LRESULT>(0)
+                                                                    : std::nullopt;
         case WM_CONTEXTMENU:
-            if (lParam == -1 && (control.MouseUp || control.leavesMenuKey)) {
-                window.OpenMenuByKeyboard();
-                return 0;
-            }
-            return std::nullopt;
+            return lParam == -1 && window.OpenMenuByKeyboard() ? std::optional<LRESULT>(0)
+                                                               : std::nullopt;
         default:
             return std::nullopt;
     }

@@ -8,6 +8,7 @@
 
 #include "forms/Runtime.h"
 #include "forms/win32/BoxText.h"
+#include "forms/win32/FormKeys.h"
 #include "forms/win32/Internal.h"
 #include "forms/win32/LateLibrary.h"
 #include "forms/win32/Utf.h"
@@ -16,29 +17,14 @@ namespace forms::win32::pumps {
 
 namespace {
 
-// A letter with Alt, or without it where what has the focus takes no letters.
-bool IsAccessKey(MSG& message) {
-    if (message.message != WM_CHAR) {
-        return message.message == WM_SYSCHAR;
-    }
-    const LRESULT code = ::SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam,
-                                        reinterpret_cast<LPARAM>(&message));
-    return (code & (DLGC_WANTCHARS | DLGC_WANTMESSAGE)) == 0;
-}
-
-// Keys that move the focus, press the default button or belong to a control's caption.
+// Keys that move the focus, press a button or belong to a control's caption.
 bool IsForForm(MSG& message) {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) {
         return false;
     }
     HWND root = message.hwnd != nullptr ? ::GetAncestor(message.hwnd, GA_ROOT) : nullptr;
     FormWindow* window = root != nullptr ? FormWindow::From(root) : nullptr;
-    if (window == nullptr) {
-        return false;
-    }
-    return (IsAccessKey(message) &&
-            window->FollowSharedKey(static_cast<wchar_t>(message.wParam))) ||
-           ::IsDialogMessageW(root, &message) != 0;
+    return window != nullptr && TakeKey(*window, message);
 }
 
 // In the loop of a box or dialog: the forms that can be used meanwhile have their keys, too. The

@@ -221,17 +221,9 @@ class TextBoxPeer : public Peer {
     // The Tab key leaves a box of several lines, and coming back does not select a whole note,
     // which the next key would replace.
     LRESULT DialogCode(UINT message, WPARAM wParam, LPARAM lParam) {
-        LRESULT code = Default(message, wParam, lParam);
-        if (!textBox.multiLine) {
-            return code;
-        }
-        code &= ~LRESULT{DLGC_WANTTAB | DLGC_WANTALLKEYS | DLGC_HASSETSEL};
-        const auto* key = reinterpret_cast<const MSG*>(lParam);
-        if (key != nullptr && key->message == WM_KEYDOWN && key->wParam == VK_RETURN &&
-            !textBox.readOnly) {
-            code |= DLGC_WANTMESSAGE;
-        }
-        return code;
+        const LRESULT code = Default(message, wParam, lParam);
+        const LRESULT left = DLGC_WANTTAB | DLGC_WANTALLKEYS | DLGC_HASSETSEL;
+        return textBox.multiLine ? code & ~left : code;
     }
 
     // There where the text needs it. Without the bar there is room for at least as much text in a

@@ -105,12 +105,8 @@ void ToolbarPeer::ShowButtons() {
 // The native control knows some of these keys, but not on every system.
 std::optional<LRESULT> ToolbarPeer::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_GETDLGCODE: {
-            const auto* key = reinterpret_cast<const MSG*>(lParam);
-            const bool isEnter =
-                key != nullptr && key->message == WM_KEYDOWN && key->wParam == VK_RETURN;
-            return DLGC_WANTARROWS | (isEnter ? DLGC_WANTMESSAGE : 0);
-        }
+        case WM_GETDLGCODE:
+            return DLGC_WANTARROWS;
         case WM_SETFOCUS: {
             const auto result = Peer::OnMessage(message, wParam, lParam);
             if (window.IsLive()) {

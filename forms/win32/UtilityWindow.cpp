@@ -120,9 +120,9 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;  // sent by another program: this object destroys the window
         case destroyMessage:
             // Somebody else may have destroyed it meanwhile.
-            if (auto* doomed = FormWindow::From(reinterpret_cast<HWND>(lParam));
-                doomed != nullptr) {
-                doomed->DestroyIfDoomed();
+            if (auto* closing = FormWindow::From(reinterpret_cast<HWND>(lParam));
+                closing != nullptr) {
+                closing->DestroyIfScheduled();
             }
             return 0;
         case WM_QUERYENDSESSION:

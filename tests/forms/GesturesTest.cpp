@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "forms/Form.h"
 #include "forms/Gestures.h"
+#include "forms/Keyboard.h"
 #include "forms/MsgBox.h"
 #include "forms/Runtime.h"
 #include "tests/support/TestProgram.h"

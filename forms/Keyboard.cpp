@@ -1,0 +1,141 @@
+#include "forms/Keyboard.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "forms/Gestures.h"
+#include "forms/Runtime.h"
+
+namespace forms::gestures {
+
+namespace {
+
+char Lower(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+bool HasMnemonic(const Control& control, char letter) {
+    const auto* captioned = dynamic_cast<const Captioned*>(&control);
+    if (captioned == nullptr || !captioned->useMnemonic) {
+        return false;
+    }
+    const std::string& caption = captioned->caption;
+    for (std::size_t at = 0; at + 1 < caption.size(); ++at) {
+        if (caption[at] == '&') {
+            if (caption[at + 1] != '&' && Lower(caption[at + 1]) == Lower(letter)) {
+                return true;
+            }
+            ++at;
+        }
+    }
+    return false;
+}
+
+// In the order of the Tab key, beginning behind what has the focus.
+std::vector<Control*> AccessKeyTargets(const Form& form, char letter) {
+    const std::vector<Control*> order = form.TabOrder();
+    const Control* focused = form.ActiveControl();
+    std::vector<Control*> targets;
+    std::size_t behindFocus = 0;
+    for (std::size_t at = 0; at < order.size(); ++at) {
+        if (HasMnemonic(*order[at], letter) && CanUse(*order[at])) {
+            while (at < order.size() && !order[at]->CanTakeFocus()) {
+                ++at;
+            }
+            if (at < order.size()) {
+                targets.push_back(order[at]);
+            }
+        }
+        if (at < order.size() && order[at] == focused) {
+            behindFocus = targets.size();
+        }
+    }
+    const auto first = targets.begin() + static_cast<std::ptrdiff_t>(behindFocus);
+    std::rotate(targets.begin(), first, targets.end());
+    return targets;
+}
+
+// Unlike Focus, which reports what the stage shows already.
+void MoveFocus(Control& control) {
+    control.form.AdoptFocus(control);
+    Runtime::Current().stage.FocusMoved(control);
+}
+
+}  // namespace
+
+KeyUse PressTab(Form& form, bool backward) {
+    std::vector<Control*> order = form.TabOrder();
+    if (backward) {
+        std::reverse(order.begin(), order.end());
+    }
+    if (const auto focused = std::find(order.begin(), order.end(), form.ActiveControl());
+        focused != order.end()) {
+        std::rotate(order.begin(), focused + 1, order.end());
+    }
+    const auto next = std::find_if(order.begin(), order.end(),
+                                   [](const Control* control) { return control->IsTabStop(); });
+    if (!form.IsUsable() || next == order.end()) {
+        return KeyUse::Unused;
+    }
+    MoveFocus(**next);
+    return KeyUse::Used;
+}
+
+KeyUse PressAccessKey(Form& form, char letter) {
+    const std::vector<Control*> targets = AccessKeyTargets(form, letter);
+    if (letter <= ' ' || targets.empty()) {
+        return KeyUse::Unused;
+    }
+    MoveFocus(*targets.front());
+    if (targets.size() == 1) {
+        Click(*targets.front());
+    }
+    return KeyUse::Used;
+}
+
+KeyUse PressEnter(Form& form) {
+    Control* focused = form.ActiveControl();
+    if (focused != nullptr && focused->TakesEnter()) {
+        return KeyUse::ByControl;
+    }
+    auto* button = dynamic_cast<CommandButton*>(focused);
+    if (button != nullptr) {
+        // It may have the focus only because nothing was given it: from here on it has.
+        Focus(*button);
+    } else {
+        button = form.DefaultButton();
+    }
+    if (button == nullptr) {
+        return KeyUse::Unused;
+    }
+    Click(*button);
+    return KeyUse::Used;
+}
+
+KeyUse PressEscape(Form& form) {
+    if (CommandButton* button = form.CancelButton(); button != nullptr) {
+        Click(*button);
+        return KeyUse::Used;
+    }
+    if (form.borderStyle == BorderStyle::Dialog && form.IsUsable()) {
+        Close(form);
+        return KeyUse::Used;
+    }
+    return KeyUse::Unused;
+}
+
+KeyUse PressMenuKey(Form& form) {
+    Control* focused = form.ActiveControl();
+    if (focused != nullptr && focused->MouseUp) {
+        MouseUp(*focused, rightButton, focused->width / 2, focused->height / 2);
+    } else if (focused != nullptr && focused->HasOwnMenu()) {
+        return KeyUse::ByControl;
+    } else {
+        MouseUp(form, rightButton, 0, 0);
+    }
+    return KeyUse::Used;
+}
+
+}  // namespace forms::gestures
