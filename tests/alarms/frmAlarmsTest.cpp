@@ -44,22 +44,6 @@ class AlarmChooser : public testing_support::TestProgram {
     }
 };
 
-TEST_F(AlarmChooser, HasTheGivenCaptions) {
-    frmAlarms& window = Open();
-    EXPECT_EQ(window.caption(), "Choose An Alarm");
-    EXPECT_EQ(window.fraAlarms.caption(), "Choose An Alarm");
-    const char* captions[] = {"Buzzer Alarm", "Alert Chime", "Cuckoo Clock",
-                              "Alarm Clock",  "Bell Alarm",  "Selected .wav File"};
-    for (std::size_t index = 0; index < 6; ++index) {
-        EXPECT_EQ(window.optAlarm[index].caption(), captions[index]);
-        EXPECT_EQ(window.optAlarm[index].index, static_cast<int>(index));
-    }
-    EXPECT_EQ(window.cmdMyWaveFile.caption(), "&Browse");
-    EXPECT_EQ(window.cmdTest.caption(), "&Test");
-    EXPECT_EQ(window.cmdSave.caption(), "&Save");
-    EXPECT_EQ(window.cmdCancel.caption(), "&Cancel");
-}
-
 TEST_F(AlarmChooser, WithoutASettingSelectsTheBuzzerAndWritesNothing) {
     Shared().AlarmSoundPath = "before";
     frmAlarms& window = Open();

@@ -13,29 +13,13 @@ using testing_support::SpecialAlarms;
 
 TEST_F(SpecialAlarms, LoadsWithoutAFile) {
     Open();
-    EXPECT_EQ(Window().caption(), "Special Alarms");
-    EXPECT_EQ(Window().icon().path, "C:\\Jotwright\\logo.ico");
-    EXPECT_EQ(Window().lblSPA.caption(),
-              "Jotwright allows up to seven special alarms to be set.  These alarms will go off "
-              "every week for the time set.  Note: the 'Enabled' button must be checked before the "
-              "alarm is activated.");
-    EXPECT_EQ(Window().lblEnable.caption(), "Check To Enable");
-    EXPECT_EQ(Window().lblAlarmDay.caption(), "Alarm Day");
-    EXPECT_EQ(Window().lblAlarmTime.caption(), "Alarm Time");
-    EXPECT_EQ(Window().lblMessage.caption(), "Alarm Message");
-    EXPECT_EQ(Window().cmdSave.caption(), "&Save");
-    EXPECT_EQ(Window().cmdSave.toolTip(), "Save Changes and Close");
-    EXPECT_EQ(Window().cmdCancel.caption(), "&Close");
-    EXPECT_EQ(Window().cmdCancel.toolTip(), "Discard Changes and Close");
     EXPECT_FALSE(Window().cmdSave.enabled());
     for (std::size_t i = 0; i < 7; ++i) {
-        EXPECT_EQ(Window().lblNum[i].caption(), "#" + std::to_string(i + 1));
         EXPECT_EQ(Window().cboDays[i].Text(), "Monday");
         EXPECT_EQ(Window().dtpTime[i].value(), DateTime{});
         EXPECT_EQ(Window().dtpTime[i].customFormat(), "hh:mm tt");
         EXPECT_TRUE(Window().dtpTime[i].upDown());
         EXPECT_EQ(Window().txtMessage[i].text(), "");
-        EXPECT_EQ(Window().chkEnabled[i].caption(), "Enabled");
         EXPECT_EQ(Window().chkEnabled[i].value(), 0);
     }
     EXPECT_EQ(Window().cboDays[0].items,

@@ -18,31 +18,6 @@ class frmMainTest : public testing_support::WholeProgram {
 
 }  // namespace
 
-TEST_F(frmMainTest, CaptionsAndToolTips) {
-    StartQuietly();
-    auto& main = Main();
-    EXPECT_EQ(main.caption(), "Jotwright");
-    EXPECT_EQ(main.fraNotes.caption(), "Note Center");
-    EXPECT_EQ(main.Label1.caption(), "Enter A Name For Your New Note.");
-    EXPECT_EQ(main.Label1.toolTip(), "Right click to view the menu.");
-    ExpectControl(main.cmdMakeNote, "Make &Note", "Make a new note");
-    EXPECT_EQ(main.fraTools.caption(), "Tool Bin");
-    ExpectControl(main.cmdSpecialAlarms, "S&pecial Alarms", "View or Edit Special Alarms");
-    ExpectControl(main.cmdViewNotes, "Notes &Control Panel", "Open the notes control panel");
-    ExpectControl(main.cmdTimer, "&Timer", "Open the timer");
-    ExpectControl(main.cmdStopWatch, "&Stop Watch", "Open the stop watch");
-    ExpectControl(main.cmdCookoo, "Start CooKoo &Clock", "Start the cookoo clock");
-    ExpectControl(main.cmdHideMe, "&Hide Me", "Hide Jotwright In Tray");
-    ExpectControl(main.cmdExit, "E&xit", "Close Jotwright");
-    EXPECT_EQ(main.lblCooKoo.caption(), "CooKoo Clock Is Activated");
-    EXPECT_FALSE(main.lblCooKoo.visible);
-    EXPECT_EQ(main.lblClick.caption(), "Right click to view main menu.");
-    EXPECT_EQ(main.imgLogo.toolTip(), "Click the logo  to visit the Jotwright website.");
-    EXPECT_EQ(main.imgLogo.picture().path, "C:\\Jotwright\\jotwright_title.gif");
-    EXPECT_EQ(main.lblCopyright.caption(), StandardCode::ownershipNotice);
-    EXPECT_EQ(main.lblCopyright.toolTip(), "Right click to view the menu.");
-}
-
 TEST_F(frmMainTest, TimersAtStart) {
     StartQuietly();
     EXPECT_EQ(Main().tmrNow.interval(), 1000);

@@ -72,34 +72,6 @@ class Options : public testing_support::TestProgram {
     }
 };
 
-TEST_F(Options, Captions) {
-    Open();
-    EXPECT_EQ(Window().caption(), "Note Options");
-    EXPECT_EQ(Window().icon().path, "C:\\Jotwright\\logo.ico");
-    EXPECT_EQ(Window().fraGeneral.caption(), "General Options");
-    EXPECT_EQ(Window().chkNoteLoops.caption(), "Play Note Alarms Continuously." +
-                                                   std::string(19, ' ') +
-                                                   "( Alarms will play one time if unchecked )");
-    EXPECT_EQ(Window().chkIsService.caption(), "Start Jotwright when Windows starts." +
-                                                   std::string(4, ' ') +
-                                                   "(Option Available For Windows XP only!)");
-    EXPECT_EQ(Window().fraDefaultColor.caption(), " Default Note Color");
-    EXPECT_EQ(Window().chkShowDateTime.caption(), "Hide System Date And Time In Note Editor");
-    EXPECT_EQ(Window().chkCooKooOn.caption(), "Start CooKoo Clock When Jotwright Starts");
-    EXPECT_EQ(Window().chkShowOnTop.caption(), "Show Jotwright Notes On Top Of All Windows");
-    EXPECT_EQ(Window().fraFont.caption(), "Default Font Size");
-    const char* sizes[] = {"10 point", "12 point", "14 point", "16 point"};
-    for (std::size_t i = 0; i < 4; ++i) {
-        EXPECT_EQ(Window().optDefaultFont[i].caption(), sizes[i]);
-    }
-    const char* colors[] = {"White", "Red", "Green", "Blue", "Yellow", "Gray"};
-    for (std::size_t i = 0; i < 6; ++i) {
-        EXPECT_EQ(Window().optDefaultColor[i].caption(), colors[i]);
-    }
-    EXPECT_EQ(Window().cmdApply.caption(), "A&pply");
-    EXPECT_EQ(Window().cmdCancel.caption(), "&Cancel");
-}
-
 TEST_F(Options, ColorButtonsShowTheirColors) {
     Open();
     const forms::Color colors[] = {{0xff, 0xff, 0xff}, {0xff, 0x80, 0x80}, {0x00, 0xc0, 0x00},

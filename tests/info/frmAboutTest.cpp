@@ -25,14 +25,9 @@ class About : public testing_support::TestProgram {
 
 TEST_F(About, ShowsNameAndVersion) {
     Show([](frmAbout& window) {
-        EXPECT_EQ(window.caption(), "About Jotwright");
-        EXPECT_EQ(window.icon().path, "C:\\Jotwright\\logo.ico");
-        EXPECT_EQ(window.lblAbout.caption(), "The Super Hero Of Note/Alarm Software.");
-        EXPECT_EQ(window.lblAbout.fontSize(), 10);
         EXPECT_TRUE(window.lblAbout.foreColor().has_value());
         EXPECT_EQ(window.lblVersion.caption(), "Version " JOTWRIGHT_PROJECT_VERSION);
         EXPECT_EQ(window.txtAbout.height(), 2100);
-        EXPECT_EQ(window.cmdCancel.caption(), "&Close");
     });
 }
 

@@ -40,52 +40,6 @@ class frmNoteTest : public testing_support::NoteProgram {
 
 using Texts = std::vector<std::string>;
 
-TEST_F(frmNoteTest, HasItsCaptionsAndToolTips) {
-    frmNote& note = MakeNote("Dentist");
-    EXPECT_EQ(note.caption(), "Dentist");
-    EXPECT_EQ(note.txtNote.toolTip(), "  Double Click To View The  Menu.");
-    EXPECT_TRUE(note.txtNote.multiLine);
-    EXPECT_EQ(note.fraCurrentTime.caption(), "Current System Time");
-    EXPECT_EQ(note.fraAlarm.caption(), "Schedule Alarm");
-    EXPECT_EQ(note.lblDate.caption(), "Select Alarm Date");
-    EXPECT_EQ(note.lblTime.caption(), "Select Alarm Time");
-    EXPECT_EQ(note.chkAudioAlarm.caption(), "Turn On Audio Alarm");
-    EXPECT_EQ(note.cmdAlarm.caption(), "&Set Alarm");
-    EXPECT_EQ(note.imgBell.toolTip(), "Audio Alarm Set");
-}
-
-TEST_F(frmNoteTest, HasItsMenus) {
-    frmNote& note = MakeNote("Dentist");
-    EXPECT_EQ(note.mnuFile.caption(), "File");
-    EXPECT_EQ(Captions(note.mnuFile), (Texts{"Print Note", "-", "Erase Note"}));
-    EXPECT_EQ(note.mnuAlarm.caption(), "Alarm");
-    EXPECT_EQ(Captions(note.mnuAlarm), (Texts{"Start Alarm", "Stop Alarm"}));
-    EXPECT_EQ(note.mnuPop.caption(), "Options");
-    EXPECT_EQ(Captions(note.mnuPop),
-              (Texts{"Background Color", "Font Size", "-", "Show Me", "Hide Me", "Erase Note"}));
-    EXPECT_EQ(Captions(note.mnuColor), (Texts{"White", "Red", "Green", "Blue", "Yellow", "Gray"}));
-    EXPECT_EQ(Captions(note.mnuFont), (Texts{"10 point", "12 point", "14 point", "16 point"}));
-    EXPECT_TRUE(note.mnuFile.inMenuBar);
-    EXPECT_TRUE(note.mnuAlarm.inMenuBar);
-    EXPECT_FALSE(note.mnuPop.inMenuBar);
-}
-
-TEST_F(frmNoteTest, HasItsToolbar) {
-    frmNote& note = MakeNote("Dentist");
-    using Button = forms::Toolbar::Button;
-    const std::vector<Button> expected{{"Save", "Click To Save This Note", "save"},
-                                       {"Erase", "Click To Erase This Note", "kill"},
-                                       {"Print", "Click To Print This Note", "print"},
-                                       {"Hide", "Click To Hide This Note", "hide"},
-                                       {"Help", "Jotwright Help Files", "help"},
-                                       {"About", "About Jotwright", "about"}};
-    EXPECT_EQ(note.tlbMain.buttons(), expected);
-    EXPECT_EQ(note.tlbMain.imageList, &note.ilsMain);
-    for (const Button& button : expected) {
-        EXPECT_EQ(note.ilsMain.ResourceOf(button.image), "tb_" + button.image);
-    }
-}
-
 TEST_F(frmNoteTest, StartsWhiteWithTwelvePoints) {
     frmNote& note = forms::Default<frmNote>();
     EXPECT_EQ(note.txtNote.backColor(), (Color{255, 255, 255}));

@@ -17,24 +17,6 @@ using testing_support::ViewNotes;
 
 constexpr forms::Color red{255, 0, 0};
 
-TEST_F(ViewNotes, CaptionsAndColumns) {
-    Open();
-    EXPECT_EQ(Panel().caption(), "Notes Control Panel");
-    EXPECT_EQ(Panel().icon().path, "C:\\Jotwright\\logo.ico");
-    EXPECT_EQ(Panel().cmdOpenAll.caption(), "&Open All Notes");
-    EXPECT_EQ(Panel().cmdNew.caption(), "&New");
-    EXPECT_EQ(Panel().cmdEdit.caption(), "&Edit");
-    EXPECT_EQ(Panel().cmdRemove.caption(), "&Erase");
-    EXPECT_EQ(Panel().cmdOK.caption(), "&Close");
-    EXPECT_EQ(Panel().lblSelNote.caption(),
-              "Highlight any note and click 'Erase' to remove that note.");
-    const auto& columns = Panel().lvwNotes.columns;
-    ASSERT_EQ(columns.size(), 3U);
-    EXPECT_EQ(columns[0].heading, "Status");
-    EXPECT_EQ(columns[1].heading, "Note Title");
-    EXPECT_EQ(columns[2].heading, "Alarm Time");
-}
-
 TEST_F(ViewNotes, WithoutNotesTheListIsShutOff) {
     Open();
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 0");

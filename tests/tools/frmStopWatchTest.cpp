@@ -27,32 +27,13 @@ class StopWatch : public testing_support::TestProgram {
 };
 
 TEST_F(StopWatch, LoadsIdle) {
-    EXPECT_EQ(Window().caption(), "Novelty Stop Watch");
-    EXPECT_EQ(Window().icon().path, "C:\\Jotwright\\logo.ico");
-    EXPECT_EQ(Window().cmdStart.caption(), "&Start");
-    EXPECT_EQ(Window().cmdStop.caption(), "S&top");
-    EXPECT_EQ(Window().cmdSave.caption(), "Sa&ve");
-    EXPECT_EQ(Window().cmdClose.caption(), "&Close");
-    EXPECT_EQ(Window().lblMessage.caption(), "Elapsed Time");
     EXPECT_EQ(Shown(), "00:00:00");
     EXPECT_EQ(Window().lblTrys.caption(), "Total Watch Starts: 0");
-    EXPECT_EQ(Window().cmdSave.toolTip(), "Click To Save The Current Time");
     EXPECT_TRUE(Window().cmdStart.enabled());
     EXPECT_FALSE(Window().cmdStop.enabled());
     EXPECT_FALSE(Window().cmdSave.enabled());
     EXPECT_FALSE(Window().mnuFileSave.enabled());
     EXPECT_FALSE(Window().tmrMain.enabled());
-}
-
-TEST_F(StopWatch, ListHasThreeColumns) {
-    const auto& columns = Window().lvwTime.columns;
-    ASSERT_EQ(columns.size(), 3U);
-    EXPECT_EQ(columns[0].key, "image");
-    EXPECT_EQ(columns[1].key, "run");
-    EXPECT_EQ(columns[2].key, "time");
-    EXPECT_EQ(columns[0].heading, " ");
-    EXPECT_EQ(columns[1].heading, "Run");
-    EXPECT_EQ(columns[2].heading, "Ending Time");
 }
 
 TEST_F(StopWatch, MeasuresFromTheMomentOfStart) {

@@ -34,12 +34,6 @@ class NoveltyTimer : public testing_support::TestProgram {
 };
 
 TEST_F(NoveltyTimer, LoadsIdle) {
-    EXPECT_EQ(Window().caption(), "Novelty Timer");
-    EXPECT_EQ(Window().icon().path, "C:\\Jotwright\\logo.ico");
-    EXPECT_EQ(Window().cmdStart.caption(), "&Start Timer");
-    EXPECT_EQ(Window().cmdStop.caption(), "&Stop Timer");
-    EXPECT_EQ(Window().cmdClose.caption(), "&Close");
-    EXPECT_EQ(Window().lblInst.caption(), "Enter Time In Total Minutes");
     EXPECT_EQ(Shown(), "Time Left:\r\n0 Minutes\r\n0 Seconds");
     EXPECT_TRUE(Window().cmdStart.enabled());
     EXPECT_FALSE(Window().cmdStop.enabled());
