@@ -18,7 +18,7 @@ class Runtime final : public Application {
   public:
     // name: of the program, the caption of the report of a fatal error.
     Runtime(Stage& runtimeStage, std::string name);
-    ~Runtime();
+    ~Runtime() override;
     Runtime(const Runtime&) = delete;
     Runtime& operator=(const Runtime&) = delete;
 

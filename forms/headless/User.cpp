@@ -25,7 +25,7 @@ bool User::Fail(const std::string& what, const std::string& why) {
     return false;
 }
 
-bool User::Reach(const std::string& what, Form& form) {
+bool User::RequireReachable(const std::string& what, Form& form) {
     const std::string inTheWay = stage.WhatIsInTheWay();
     if (!Runtime::Exists() || Runtime::Current().HasEnded()) {
         return Fail(what, "the program has ended");
@@ -45,8 +45,8 @@ bool User::Reach(const std::string& what, Form& form) {
     return true;
 }
 
-bool User::Reach(const std::string& what, Control& control) {
-    if (!Reach(what, control.form)) {
+bool User::RequireReachable(const std::string& what, Control& control) {
+    if (!RequireReachable(what, control.form)) {
         return false;
     }
     if (control.form.windowState() == WindowState::Minimized) {
@@ -79,7 +79,7 @@ bool User::TakeFocus(Control& control) {
 }
 
 void User::Click(Control& control) {
-    if (!Reach("click " + NameOf(control), control) || !TakeFocus(control)) {
+    if (!RequireReachable("click " + NameOf(control), control) || !TakeFocus(control)) {
         return;
     }
     const std::weak_ptr<Form> alive = control.form.weak_from_this();
@@ -92,14 +92,14 @@ void User::Click(Control& control) {
 }
 
 void User::DoubleClick(Control& control) {
-    if (Reach("double-click " + NameOf(control), control) && TakeFocus(control)) {
+    if (RequireReachable("double-click " + NameOf(control), control) && TakeFocus(control)) {
         gestures::DoubleClick(control);
     }
 }
 
 void User::Click(Toolbar& toolbar, const std::string& key) {
     const std::string what = "click button " + key + " of " + NameOf(toolbar);
-    if (!Reach(what, toolbar)) {
+    if (!RequireReachable(what, toolbar)) {
         return;
     }
     const auto& buttons = toolbar.buttons();
@@ -116,26 +116,26 @@ void User::Click(Toolbar& toolbar, const std::string& key) {
 }
 
 void User::RightClick(Control& control) {
-    if (Reach("right-click " + NameOf(control), control) && BringUp(control.form)) {
+    if (RequireReachable("right-click " + NameOf(control), control) && BringUp(control.form)) {
         gestures::MouseUp(control, rightButton, 0, 0);
     }
 }
 
 void User::RightClick(Form& form) {
-    if (Reach(std::string("right-click ") + form.name, form) && BringUp(form)) {
+    if (RequireReachable(std::string("right-click ") + form.name, form) && BringUp(form)) {
         gestures::MouseUp(form, rightButton, 0, 0);
     }
 }
 
 void User::MouseMove(Form& form, int x, int y) {
-    if (Reach(std::string("move the pointer over ") + form.name, form)) {
+    if (RequireReachable(std::string("move the pointer over ") + form.name, form)) {
         gestures::MouseMove(form, 0, x, y);
     }
 }
 
 void User::Type(TextBox& textBox, const std::string& content) {
     const std::string what = "type into " + NameOf(textBox);
-    if (!Reach(what, textBox)) {
+    if (!RequireReachable(what, textBox)) {
         return;
     }
     if (textBox.readOnly) {
@@ -150,7 +150,7 @@ void User::Type(TextBox& textBox, const std::string& content) {
 
 void User::Select(ComboBox& comboBox, int index) {
     const std::string what = "select item " + std::to_string(index) + " of " + NameOf(comboBox);
-    if (!Reach(what, comboBox)) {
+    if (!RequireReachable(what, comboBox)) {
         return;
     }
     if (index < 0 || index >= static_cast<int>(comboBox.items.size())) {
@@ -173,7 +173,7 @@ void User::Select(ComboBox& comboBox, const std::string& item) {
 
 void User::Select(ListView& listView, int row) {
     const std::string what = "select row " + std::to_string(row) + " of " + NameOf(listView);
-    if (!Reach(what, listView)) {
+    if (!RequireReachable(what, listView)) {
         return;
     }
     if (row < 0 || row >= static_cast<int>(listView.Rows().size())) {
@@ -186,14 +186,14 @@ void User::Select(ListView& listView, int row) {
 }
 
 void User::Pick(DateTimePicker& picker, base::DateTime value) {
-    if (Reach("pick in " + NameOf(picker), picker) && TakeFocus(picker)) {
+    if (RequireReachable("pick in " + NameOf(picker), picker) && TakeFocus(picker)) {
         gestures::Pick(picker, value);
     }
 }
 
 void User::Choose(Menu& entry) {
     const std::string what = std::string("choose ") + entry.form.name + "." + entry.name;
-    if (!Reach(what, entry.form)) {
+    if (!RequireReachable(what, entry.form)) {
         return;
     }
     const std::string why = WhyNotChoosable(entry, nullptr);
@@ -216,7 +216,7 @@ void User::Tray(int message) {
 
 void User::CloseBox(Form& form) {
     const std::string what = std::string("close ") + form.name;
-    if (!Reach(what, form)) {
+    if (!RequireReachable(what, form)) {
         return;
     }
     if (form.borderStyle == BorderStyle::None) {
@@ -230,7 +230,7 @@ void User::CloseBox(Form& form) {
 
 void User::Minimize(Form& form) {
     const std::string what = std::string("minimise ") + form.name;
-    if (!Reach(what, form)) {
+    if (!RequireReachable(what, form)) {
         return;
     }
     if (form.borderStyle != BorderStyle::Fixed && form.borderStyle != BorderStyle::Sizable) {
@@ -243,7 +243,7 @@ void User::Minimize(Form& form) {
 
 void User::Restore(Form& form) {
     const std::string what = std::string("restore ") + form.name;
-    if (!Reach(what, form)) {
+    if (!RequireReachable(what, form)) {
         return;
     }
     if (form.windowState() == WindowState::Normal) {
@@ -258,7 +258,7 @@ void User::Restore(Form& form) {
 
 void User::Maximize(Form& form) {
     const std::string what = std::string("maximise ") + form.name;
-    if (!Reach(what, form)) {
+    if (!RequireReachable(what, form)) {
         return;
     }
     if (form.borderStyle != BorderStyle::Sizable) {
@@ -273,7 +273,7 @@ void User::Maximize(Form& form) {
 
 void User::Size(Form& form, int width, int height) {
     const std::string what = std::string("size ") + form.name;
-    if (!Reach(what, form)) {
+    if (!RequireReachable(what, form)) {
         return;
     }
     if (form.borderStyle != BorderStyle::Sizable || form.windowState() != WindowState::Normal) {
@@ -290,7 +290,7 @@ void User::Size(Form& form, int width, int height) {
 
 void User::Drag(Form& form, int left, int top, const Script& during) {
     const std::string what = std::string("drag ") + form.name;
-    if (!Reach(what, form)) {
+    if (!RequireReachable(what, form)) {
         return;
     }
     if (form.borderStyle == BorderStyle::None || form.windowState() != WindowState::Normal) {

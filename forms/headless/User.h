@@ -59,8 +59,9 @@ class User {
 
   private:
     bool Fail(const std::string& what, const std::string& why);
-    bool Reach(const std::string& what, Form& form);
-    bool Reach(const std::string& what, Control& control);
+    // False, with a failure of the test, if a person could not act on it now.
+    bool RequireReachable(const std::string& what, Form& form);
+    bool RequireReachable(const std::string& what, Control& control);
     // False when the form's own handler has unloaded it.
     bool BringUp(Form& form);
     bool TakeFocus(Control& control);

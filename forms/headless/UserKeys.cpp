@@ -12,7 +12,7 @@ Form* User::FormWithKeyboard(const std::string& what) {
         Fail(what, "no form is active");
         return nullptr;
     }
-    return Reach(what, *form) ? form : nullptr;
+    return RequireReachable(what, *form) ? form : nullptr;
 }
 
 void User::PressEnter() {
@@ -59,7 +59,7 @@ void User::Tab(bool backward) {
 
 void User::AccessKey(Form& form, char letter) {
     const std::string what = std::string("press Alt+") + letter + " on " + form.name;
-    if (Reach(what, form) && BringUp(form) &&
+    if (RequireReachable(what, form) && BringUp(form) &&
         gestures::PressAccessKey(form, letter) == gestures::KeyUse::Unused) {
         Fail(what, "nothing there that can be used has this key");
     }

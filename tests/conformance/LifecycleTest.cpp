@@ -221,11 +221,9 @@ TEST_F(Lifecycle, TheFormUsedLastBecomesActiveWhenTheActiveOneGoes) {
     stand->Click(Default<frmFirst>().cmdGo);
     EXPECT_EQ(runtime->ActiveForm(), &Default<frmFirst>());
     stand->CloseBox(Default<frmFirst>());
-    stand->Pump(50);
-    EXPECT_EQ(runtime->ActiveForm(), &Default<frmThird>());
+    EXPECT_TRUE(PumpUntil([this] { return runtime->ActiveForm() == &Default<frmThird>(); }));
     Start([] { Default<frmThird>().Hide(); });
-    stand->Pump(50);
-    EXPECT_EQ(runtime->ActiveForm(), &Default<frmSecond>());
+    EXPECT_TRUE(PumpUntil([this] { return runtime->ActiveForm() == &Default<frmSecond>(); }));
 }
 
 TEST_F(Lifecycle, TheUserMinimisesAndRestores) {
