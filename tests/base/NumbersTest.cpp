@@ -14,7 +14,7 @@ const NumberFormat german{",", ".", "\xe2\x82\xac"};
 const NumberFormat french{",", "\xe2\x80\xaf", "\xe2\x82\xac"};   // narrow no-break space
 const NumberFormat olderFrench{",", "\xc2\xa0", "\xe2\x82\xac"};  // no-break space
 const NumberFormat swiss{".", "\xe2\x80\x99", "CHF"};             // a typographic apostrophe
-const NumberFormat egyptian{".", ",", "EGP"};                     // begins like an exponent
+const NumberFormat egyptian{".", ",", "EGP"};  // begins with the letter of an exponent
 
 int ErrorOfInteger(const std::string& text, const NumberFormat& format = american) {
     try {

@@ -172,7 +172,7 @@ TEST_F(FormTest, AHandlerMayUnloadItsOwnForm) {
         auto& form = Default<frmFirst>();
         form.cmdGo.Click = [&form] {
             form.Unload();
-            EXPECT_EQ(std::string(form.cmdGo.name), "cmdGo");  // still there
+            EXPECT_EQ(std::string(form.cmdGo.name), "cmdGo");  // the form still exists
         };
         form.Show();
     });

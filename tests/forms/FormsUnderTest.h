@@ -8,7 +8,7 @@
 
 namespace forms_under_test {
 
-// What happened, in order.
+// The events so far, in order.
 inline std::vector<std::string>& Log() {
     static std::vector<std::string> log;
     return log;
@@ -20,7 +20,7 @@ inline std::vector<std::string> TakeLog() {
     return taken;
 }
 
-// A form that logs its life and lets a test do something at each moment of it.
+// Logs the events of its life. A test can add an action to each event.
 class LoggingForm : public forms::Form {
   public:
     explicit LoggingForm(const char* className) : Form(className) {}

@@ -220,7 +220,7 @@ TEST_F(GesturesTest, TheFocusGoesOnWhenAHandlerHasDisabledWhatHadIt) {
     Form().cmdOk.Click = [] {
         Form().cmdOk.enabled = false;
         Form().cmdOther.enabled = false;
-        // Disabled for a moment only.
+        // Disabled only for a moment.
         Form().cmdCancel.enabled = false;
         Form().cmdCancel.enabled = true;
     };

@@ -7,7 +7,7 @@
 #include "forms/Timer.h"
 #include "tests/support/TestProgram.h"
 
-// Which second a tick is for when the ticks before it have taken their time.
+// The second that forms::Now() gives to a tick if earlier ticks of the round took long.
 
 using namespace forms;
 using Seconds = std::vector<std::int64_t>;
@@ -56,7 +56,7 @@ TEST_F(TimerMomentTest, TicksThatAreDueTogetherSeeOneSecond) {
     busy = 700;
     Advance(3000);
     EXPECT_EQ(first, (Seconds{0, 1, 2}));
-    // The second that has begun meanwhile is seen at once.
+    // The tick for the second that began during the long tick comes at once.
     EXPECT_EQ(second, (Seconds{0, 1, 2}));
 }
 
@@ -79,7 +79,8 @@ TEST_F(TimerMomentTest, ATickThatIsGivenUnderABoxIsForItsOwnSecond) {
     stage->ExpectBox("Turn it off?", "Alarm", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok, [&] {
         Advance(10);
         EXPECT_EQ(second, Seconds{0});
-        // The second that has begun meanwhile is seen in its middle, as always.
+        // The tick for the second that began during the wait comes in the middle of that second, as
+        // usual.
         Advance(200);
         EXPECT_EQ(second, (Seconds{0, 1}));
         Advance(1800);
@@ -88,7 +89,7 @@ TEST_F(TimerMomentTest, ATickThatIsGivenUnderABoxIsForItsOwnSecond) {
     EXPECT_EQ(second, (Seconds{0, 1, 2}));
     Advance(500);
     EXPECT_EQ(second, (Seconds{0, 1, 2, 3}));
-    // After the box it is the time that it is.
+    // After the box, forms::Now() gives the real time again.
     EXPECT_EQ(first.front(), 3);
 }
 

@@ -7,7 +7,7 @@
 #include "forms/Timer.h"
 #include "tests/support/TestProgram.h"
 
-// In which order the polling timers tick within one second.
+// The order in which polling timers tick within one second.
 
 using namespace forms;
 
@@ -50,7 +50,7 @@ class TimerOrder : public testing_support::TestProgram {
         }
     }
 
-    // The next tick of the first timer shows a box for this long.
+    // At its next tick the first timer shows a box for this long.
     void HoldUp(int milliseconds) {
         heldUp = true;
         stage->ExpectBox("Turn it off?", "Alarm", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok,
@@ -65,7 +65,7 @@ class TimerOrder : public testing_support::TestProgram {
     bool heldUp = false;
     bool isFirstHeldUp = false;
     int secondTicks = 0;
-    int wrong = 0;  // ticks of the second timer for a second that the first has not seen
+    int wrong = 0;  // ticks of the second timer for a second that the first has not had
 };
 
 TEST_F(TimerOrder, ABoxThatHoldsUpTheFirstDoesNotReverseThem) {
@@ -109,8 +109,8 @@ TEST_F(TimerOrder, TheOneThatIsSwitchedOnAnewKeepsItsPlace) {
 TEST_F(TimerOrder, ClocksThatDriftApartDoNotReverseThem) {
     for (const int partsPerMillion : {100, -100}) {
         clock.SetDrift(partsPerMillion);
-        // The timer that is switched on later would lie in the exact middle of the second, the
-        // other one where the drift has left it.
+        // The timer that is switched on later would tick exactly in the middle of the second, the
+        // other one where the drift has moved it.
         for (int minutes = 1; minutes < 30; ++minutes) {
             Form().tmrSecond.enabled = false;
             Advance(minutes * 60'000);

@@ -124,14 +124,14 @@ TEST_F(TimerTest, MissedTicksAreDroppedAndThePhaseIsKept) {
     Form().tmrFast.Tick = [this] {
         ticks.push_back(Elapsed());
         if (ticks.size() == 1) {
-            clock.Pass(3250);  // a handler that takes its time
+            clock.Pass(3250);  // a slow handler
         }
     };
     SwitchOn(Form().tmrFast, 1000);
     Advance(6000);
     EXPECT_EQ(ticks.front(), 1000);
     EXPECT_EQ(ticks.back(), 6000);
-    // The next was set before the handler ran; 3000 and 4000 are lost.
+    // The next tick was computed before the handler ran; the ticks at 3000 and 4000 are dropped.
     EXPECT_EQ(ticks, (Moments{1000, 4250, 5000, 6000}));
 }
 
@@ -156,7 +156,8 @@ TEST_F(TimerTest, IsNotEnteredAgainWhileItsHandlerRunsAndOthersGoOn) {
     Advance(1500);
     ticks.clear();
     Advance(3000);
-    // What fell due under the box is given once, late; then the phase is kept.
+    // The ticks that were due while the box was open are replaced by one late tick. Then the phase
+    // is as before.
     EXPECT_EQ(ticks, (Moments{11'000, 12'000, 13'000, 14'000}));
 }
 
@@ -256,7 +257,7 @@ TEST_F(TimerTest, PollingTimersOfOneIntervalWakeTheMachineTogether) {
     }
     Advance(9001);
     EXPECT_EQ(wakeUps, 10);
-    EXPECT_EQ(given, 29);  // the third was switched on after the first middle of a second
+    EXPECT_EQ(given, 29);  // the third was switched on after the middle of the first second
 }
 
 TEST_F(TimerTest, TimersOfOtherIntervalsShareAGridTooWhereTheyPoll) {
@@ -296,7 +297,7 @@ TEST_F(TimerTest, AJumpOfTheWallClockDropsNoTickThatIsDue) {
     Form().tmrClock.Tick = [&] { seen = clock.Now(); };
     SwitchOn(Form().tmrClock, 1000);
     Advance(2000);
-    clock.Pass(1000);  // busy, into the second half of a second
+    clock.Pass(1000);  // busy until the second half of a second
     while (clock.MillisecondOfSecond() < 600) {
         clock.Pass(50);
     }
@@ -344,7 +345,7 @@ TEST_F(TimerTest, ATimerThatRestsDoesNotTickAndTicksAtOnceWhenItIsWoken) {
     Form().tmrBlink.Wake();
     Advance(1500);
     EXPECT_EQ(ticks, (Moments{3500, 4100, 4700}));
-    // It is awake already.
+    // The timer is awake already, so Wake() changes nothing.
     Form().tmrBlink.Wake();
     Advance(600);
     EXPECT_EQ(ticks, (Moments{3500, 4100, 4700, 5300}));

@@ -9,8 +9,8 @@
 #include "info/frmHelp.h"
 #include "info/frmSplash.h"
 
-// Shows a window that the program holds ready and opens nowhere, or not for long, so that its
-// picture can be taken. usage: spare_windows frmHelp|dlgInput|frmKillAlarm|frmSplash
+// Shows a window that the program opens nowhere, or only briefly, so that its picture can be taken.
+// usage: spare_windows frmHelp|dlgInput|frmKillAlarm|frmSplash
 int main(int count, char** arguments) {
     const std::string name = count > 1 ? arguments[1] : "";
     const auto stage = forms::win32::MakeStage();

@@ -4,7 +4,7 @@
 
 namespace testing_support {
 
-// The number of the error that the action raises, 0 for none.
+// The number of the error that the action raises, or 0.
 template <class Action>
 int ErrorOf(Action action) {
     try {

@@ -17,16 +17,16 @@ constexpr int smallestGap = 30;
 constexpr int frameSide = 120;
 constexpr int frameTop = 270;  // below the caption
 constexpr int frameBottom = 60;
-constexpr int buttonPadding = 180;  // both sides together
-constexpr int boxOfChoice = 285;    // check mark or ring, and what separates it from the caption
+constexpr int buttonPadding = 180;  // both sides in all
+constexpr int boxOfChoice = 285;    // the check mark or ring, and its distance from the caption
 constexpr int frameCaptionInset = 300;
 
 constexpr int messageFontPoints = 9;
 constexpr int emUnits = 2048;
 constexpr int twipsPerPoint = 20;
 
-// How wide the printable characters from the blank on are, in units of which the height of the font
-// has 2048. As in the widest of the fonts that systems use for messages.
+// Widths of the printable characters from the blank on, in 1/2048 of the font's height. Taken from
+// the widest of the fonts that systems use for messages.
 constexpr std::array<int, 95> widths{
     561,  582,  803,  1210, 1104, 1675, 1639, 471,  618,  618,  854,  1401, 444,  819,  444,  797,
     1104, 1104, 1104, 1104, 1104, 1104, 1104, 1104, 1104, 1104, 444,  444,  1401, 1401, 1401, 918,
@@ -46,7 +46,7 @@ Place PlaceOf(const Control& control) {
     return {control.left, control.top, control.left + control.width, control.top + control.height};
 }
 
-// What is said of a control.
+// The properties that decide how the text of a control is drawn.
 struct Facts {
     std::string caption;
     int points = 0;
@@ -95,9 +95,9 @@ int WidthOf(const std::string& text, int points, bool bold) {
     return static_cast<int>(std::ceil(units * em / emUnits * (bold ? 1.08 : 1.0)));
 }
 
-// One that the user sees, and that takes room.
+// Whether the control is visible and takes up room.
 bool IsSeen(const Control& control, int formHeight) {
-    // What lies below the form's edge is there for a higher form.
+    // Controls below the form's edge become visible if the form is made higher.
     const bool isBelow = control.container == nullptr && control.top >= formHeight;
     const bool isInside = control.container == nullptr || IsSeen(*control.container, formHeight);
     return control.IsEffectivelyVisible() && control.width > 0 && !isBelow && isInside;
@@ -113,7 +113,7 @@ void CheckPlace(const Control& control, const forms::Form& form, int margin,
         inside = {frameSide, hasCaption ? frameTop : frameSide, outer.width - frameSide,
                   outer.height - frameBottom};
     } else if (control.kind == ControlKind::Toolbar) {
-        // Its buttons have a border that is seen only below the pointer.
+        // The buttons of a toolbar have a border that only the pointer makes visible.
         constexpr int buttonBorder = 120;
         inside.left -= buttonBorder;
         inside.top -= buttonBorder;
@@ -191,7 +191,7 @@ void CheckRow(const Control& a, const Control& b, std::vector<std::string>& faul
     }
 }
 
-// From the form's own corner.
+// The place of a control, counted from the corner of the form.
 Place PlaceOnForm(const Control& control) {
     Place place = PlaceOf(control);
     for (const Control* outer = control.container; outer != nullptr; outer = outer->container) {
@@ -220,7 +220,7 @@ void CheckTabOrder(const std::vector<const Control*>& seen, std::vector<std::str
         }
         before = control;
     }
-    // It may begin in the middle, where the user is wanted first.
+    // The order may begin in the middle, at the control that is used first.
     if (backward.size() > 1) {
         faults.insert(faults.end(), backward.begin(), backward.end());
     }

@@ -6,10 +6,10 @@
 
 #include "forms/Form.h"
 
-// What a window looks like to somebody who measures it. All lengths are twips.
+// Measures the layout of windows. All lengths are twips.
 namespace testing_support {
 
-// What is wrong with the layout of a loaded form as it stands, a sentence each:
+// The faults in the layout of a loaded form in its present state, one sentence each:
 //
 //   - a visible control lies outside of the form or its frame, or too near to its edge
 //   - two visible controls overlap or touch (a shape may have other controls on it)
@@ -18,10 +18,10 @@ namespace testing_support {
 //   - the Tab key goes back up or to the left more than once
 std::vector<std::string> LayoutFaults(const forms::Form& form, int margin);
 
-// The access keys that several controls and menus of the form have, in upper case, sorted.
+// The access keys that two or more controls and menus of the form share, in upper case, sorted.
 std::string SharedAccessKeys(const forms::Form& form);
 
-// The size of a text in the widest message font; wrapped where a width is given.
+// The size of a text in the widest message font. If a width is given, the text is wrapped.
 struct TextSize {
     int width = 0;
     int height = 0;

@@ -16,7 +16,8 @@
 
 namespace testing_support {
 
-// Note windows without the main window and the control panel: what they ask of those is recorded.
+// Note windows without the main window and the control panel. Their signals to those two are
+// recorded.
 class NoteProgram : public TestProgram {
   protected:
     using PanelAction = StandardCode::SharedEvents::PanelAction;
@@ -55,7 +56,7 @@ class NoteProgram : public TestProgram {
         return Editor(record.Title);
     }
 
-    // The open editor with this title; fails the test and gives the hidden one where there is none.
+    // The open editor with this title. If there is none, fails the test and returns the hidden one.
     frmNote& Editor(const std::string& title) {
         if (auto* note = FindOpenNote(title)) {
             return *note;
@@ -90,7 +91,7 @@ class NoteProgram : public TestProgram {
         return files.Peek(PathOf(title));
     }
 
-    // The saved note; an empty one where there is no file.
+    // The saved note; an empty one if there is no file.
     StandardCode::NoteRecord Saved(const std::string& title) {
         StandardCode::NoteRecord record;
         if (const auto bytes = FileOf(title)) {

@@ -11,8 +11,8 @@
 
 namespace testing_support {
 
-// The doors that rules and stores go through, for tests that need no windows: fresh devices and
-// fresh shared values, the program in C:\Jotwright.
+// Devices for tests of rules and stores that need no windows: fresh devices and fresh shared
+// values, with the program in C:\Jotwright.
 class RuleDevices {
   public:
     RuleDevices() {

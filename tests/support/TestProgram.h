@@ -19,7 +19,7 @@ namespace testing_support {
 
 inline const std::string applicationFolder = "C:\\Jotwright";
 
-// The stage of TestProgram: keeps an eye on every form that is loaded.
+// The stage of TestProgram. Keeps track of every form that is loaded.
 class WatchedStage : public forms::headless::HeadlessStage {
   public:
     using HeadlessStage::HeadlessStage;
@@ -35,8 +35,8 @@ class WatchedStage : public forms::headless::HeadlessStage {
     std::vector<Watched> watched;
 };
 
-// A fresh machine and a runtime on the headless stage for each test. Files: the shipped ones in
-// C:\Jotwright, nothing else. Time: Friday, 14 May 2004, 9:00:00. The test fails at its end when an
+// A fresh machine and a runtime on the headless stage for each test. The only files are the shipped
+// ones, in C:\Jotwright. The time is Friday, 14 May 2004, 9:00:00. At its end a test fails if an
 // expectation was not met, a form outlives the runtime, or a timer is queued although no form is
 // loaded.
 class TestProgram : public ::testing::Test {
@@ -46,13 +46,13 @@ class TestProgram : public ::testing::Test {
     void SetUp() override;
     void TearDown() override;
 
-    // Runs a start-up routine, or anything else, as the runtime runs a handler.
+    // Runs code as the runtime runs a handler: a start-up routine, or any other.
     void Start(const std::function<void()>& handler) { runtime->Dispatch(nullptr, handler); }
     void Advance(std::int64_t milliseconds) { stage->Advance(milliseconds); }
-    // Ends the process without any event and starts another on the same disk, with the same
-    // settings and clock; what was recorded so far is kept.
+    // Ends the process without any event and starts another one on the same disk, with the same
+    // settings and clock. All records so far are kept.
     void Restart();
-    // Lets the clock show this moment before the program starts.
+    // Sets the clock before the program starts.
     void SetNow(int year, int month, int day, int hour, int minute, int second);
 
     forms::headless::VirtualClock clock;
@@ -66,7 +66,7 @@ class TestProgram : public ::testing::Test {
     forms::headless::RecordedPictures pictures{files};
     forms::headless::RecordedSystem system;
 
-    // Made by SetUp, replaced by Restart.
+    // SetUp makes these, Restart replaces them.
     std::unique_ptr<WatchedStage> stage;
     std::unique_ptr<forms::Runtime> runtime;
     std::unique_ptr<forms::headless::User> user;

@@ -13,17 +13,17 @@
 
 namespace testing_support {
 
-// The whole program as its user meets it, from the start-up routine on.
+// The whole program as its user sees it, from the start-up routine on.
 class WholeProgram : public TestProgram {
   protected:
-    // Starts without the tips and lets the splash screen pass.
+    // Starts without the tips and waits until the splash screen has gone.
     void StartQuietly() {
         settings.values[{"Startup", "View Tips"}] = "1";
         Start(StandardCode::Main);
         Advance(1000);
     }
 
-    // The default instance of a window, shown by the program itself.
+    // The default instance of a window that the program itself has shown.
     template <class T>
     T& Shown() {
         Start([] { forms::Default<T>().Show(); });
@@ -32,7 +32,7 @@ class WholeProgram : public TestProgram {
 
     frmMain& Main() { return forms::Default<frmMain>(); }
 
-    // Types a title and presses Make Note; the editor that opened.
+    // Types a title and presses Make Note. Returns the editor that opened.
     frmNote& MakeNote(const std::string& title) {
         if (!Main().IsVisible()) {
             user->Tray(514);
@@ -42,7 +42,7 @@ class WholeProgram : public TestProgram {
         return Editor(title);
     }
 
-    // The open editor with this title; fails the test and gives the hidden one where there is none.
+    // The open editor with this title. If there is none, fails the test and returns the hidden one.
     frmNote& Editor(const std::string& title) {
         if (auto* note = FindWindow<frmNote>(title)) {
             return *note;
@@ -75,7 +75,7 @@ class WholeProgram : public TestProgram {
         return applicationFolder + "\\Notes\\" + title + ".txt";
     }
 
-    // A saved note as WriteNote leaves it.
+    // Puts a note file on the disk, in the form that WriteNote gives it.
     void PutNote(const std::string& title,
                  const std::string& tail =
                      "#2004-05-14#,#12:00:00#,1,12,"

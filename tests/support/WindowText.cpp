@@ -27,7 +27,7 @@ std::string FileName(const forms::Picture& picture) {
     return picture.path.substr(picture.path.rfind('\\') + 1);
 }
 
-// Collects the properties of one line that differ from the usual.
+// Collects the properties of one line that differ from their usual values.
 class Line {
   public:
     explicit Line(std::string start) : text(std::move(start)) {}

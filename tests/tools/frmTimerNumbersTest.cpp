@@ -8,7 +8,7 @@
 
 namespace {
 
-// The countdown's entry in the user's number format.
+// Entries of the countdown in the user's number format.
 class frmTimerNumbersTest : public testing_support::TestProgram {
   protected:
     void SetUp() override {

@@ -151,7 +151,7 @@ TEST_F(NoveltyTimer, OneMinuteCountsDownChimesAndReports) {
     ExpectTimeUp([&] {
         EXPECT_EQ(Shown(), "Time Left:\r\n-1 Minutes\r\n0 Seconds.");
         EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alert chime.wav");
-        // The clock stands while the box waits.
+        // The countdown stands still while the box is open.
         Advance(90'000);
         EXPECT_EQ(Shown(), "Time Left:\r\n-1 Minutes\r\n0 Seconds.");
         EXPECT_EQ(Window().SecondsCount, 0);

@@ -11,7 +11,7 @@ using namespace forms_under_test;
 
 namespace {
 
-// A stage that fails wrongly would let every other test pass, so its own failures are tested.
+// If the stage did not report errors, all other tests would pass. So its reports are tested, too.
 class HeadlessStageTest : public testing_support::TestProgram {
   protected:
     void SetUp() override {
@@ -190,7 +190,7 @@ TEST_F(HeadlessStageTest, TheUserDoesNothingThatAPersonCouldNotDo) {
     user->Restore(form);
     user->Tray(514);
     ExpectFailure("there is none");
-    user->PressEnter();  // on the button, which has the focus
+    user->PressEnter();  // presses the button, which has the focus
     EXPECT_EQ(clicks, 1);
     user->PressEscape();
     ExpectFailure("listens");

@@ -214,7 +214,7 @@ TEST_F(MemoryFilesTest, FailsAtTheStepAskedFor) {
     EXPECT_EQ(ErrorOf([&] { files.Read("C:\\App\\Notes\\a.txt"); }), 0);
 }
 
-// What a file that held "old!" holds after its writing was killed.
+// The contents of a file that held "old!", after the process was killed at one step of a write.
 struct KillCase {
     int step;
     Moment moment;
