@@ -26,7 +26,7 @@ class BellTest : public testing_support::TestProgram {
                          std::move(during));
     }
 
-    // "loop <path>" and "stop", in order.
+    // All sounds so far, in order: "loop <path>" and "stop".
     std::vector<std::string> Sounds() const {
         std::vector<std::string> sounds;
         for (const RecordedSound::Entry& entry : sound.log) {

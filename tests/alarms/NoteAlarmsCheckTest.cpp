@@ -11,7 +11,7 @@ namespace {
 using NoteAlarmsCheck::Opened;
 using StandardCode::Shared;
 
-// The program stands at Friday, 14 May 2004, 9:00:00.
+// The program starts on Friday, 14 May 2004, 9:00:00.
 class NoteAlarmsCheckTest : public testing_support::TestProgram {
   protected:
     static void PutAlarm(int slot, const std::string& title, std::int16_t audio) {
@@ -80,7 +80,7 @@ TEST_F(NoteAlarmsCheckTest, AnAlarmWhoseDisplayIsOpenComesUpOnce) {
     const Opened first = Check();
     ASSERT_NE(first.last, nullptr);
     EXPECT_EQ(Check().last, nullptr);
-    // Set anew, the alarm comes up beside the old display.
+    // After a change of its time, the alarm opens another display beside the old one.
     Shared().NotesArray[1].AlarmTime = base::DateTime::FromTime(9, 1, 0);
     Advance(60'000);
     const Opened second = Check();

@@ -2,8 +2,8 @@
 #include "tests/support/WholeProgram.h"
 #include "tools/frmTimer.h"
 
-// Alarms that fall due while another one rings: the machine plays one sound at a time, and no alarm
-// may fall silent before the user has closed its box.
+// Alarms that are due while another alarm rings. The machine plays one sound at a time, and no
+// alarm may fall silent before the user has closed its box.
 
 namespace {
 
@@ -52,8 +52,8 @@ class OneBell : public testing_support::WholeProgram {
                          BoxButtons::Ok, BoxResult::Ok, std::move(during));
     }
 
-    // The hidden note Dentist comes up at 15:00:05, the hour strikes at 15:00:15; the first sound
-    // plays on all the time.
+    // The hidden note Dentist is due at 15:00:05, and the hour strikes at 15:00:15. The first sound
+    // must play on through both.
     headless::Script NothingEndsIt(const std::string& path) {
         return [this, path] {
             AdvanceTo(15, 0, 30);

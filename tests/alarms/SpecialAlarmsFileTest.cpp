@@ -112,7 +112,7 @@ TEST_F(SpecialAlarmsFileTest, FieldsThatCannotBeConverted) {
     EXPECT_EQ(rows.size(), 2U);
 }
 
-// Pieces of which messages are made that look like the rest of their row, and like other rows.
+// Pieces for messages that look like the rest of their row, or like other rows.
 const std::vector<std::string> pieces{
     "\"", "\"",       ",",          ",",      "1",           "0",    "-1",
     " ",  "#",        "#08:00:00#", "Monday", "\"Tuesday\"", "\",1", "\"Friday\",#17:30:00#,\"",
@@ -162,7 +162,7 @@ TEST_F(SpecialAlarmsFileTest, WhatCouldBeReadIsTheSameAfterEverySave) {
         std::copy(rows.begin(), rows.end(), week.begin());
         if (std::any_of(rows.begin(), rows.end(),
                         [](const Row& row) { return row.Day.find('"') != std::string::npos; })) {
-            continue;  // the window writes the name of a day
+            continue;  // the window only writes names of days
         }
         ASSERT_EQ(Decoded(SpecialAlarmsFile::Encode(week)), rows) << bytes;
     }
@@ -179,13 +179,13 @@ TEST_F(SpecialAlarmsFileTest, AMessageOfSeveralLinesMayHoldQuotes) {
 
 TEST_F(SpecialAlarmsFileTest, FilesOfOtherFormsAreReadAsTheyStand) {
     const std::vector<std::string> forms{
-        // one row after the other in one line
+        // all rows in one line
         "\"Monday\",#08:00:00#,\"m\",1,",
-        // a field a line
+        // one line for each field
         "\"Monday\"\r\n#08:00:00#\r\n\"m\"\r\n1\r\n",
-        // blanks, and other line ends
+        // blanks, and other line breaks
         " \"Monday\" , #08:00:00# , \"m\" , 1 \n",
-        // quotes where none are needed, and none where they are
+        // quotes around fields that need none, and none around those that do
         "Monday,\"08:00:00\",m,\"1\"\r\n",
         "\"Monday\",#08:00:00#,\"m\",\"1\"\r\n",
     };

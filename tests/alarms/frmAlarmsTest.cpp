@@ -128,7 +128,7 @@ TEST_F(AlarmChooser, CancelKeepsTheClickedSoundForThisRunOnly) {
     EXPECT_EQ(forms::LoadedDefault<frmAlarms>(), nullptr);
     EXPECT_EQ(Shared().AlarmSoundPath, folder + "\\Bell alarm.wav");
     EXPECT_EQ(Stored(), folder + "\\Alert chime.wav");
-    // Opening it again takes the setting.
+    // The next opening reads the setting.
     Open();
     EXPECT_EQ(Shared().AlarmSoundPath, folder + "\\Alert chime.wav");
 }
@@ -222,7 +222,7 @@ TEST_F(AlarmChooser, TestWithoutAnOwnFileSaysSo) {
     EXPECT_EQ(Shared().AlarmSoundPath, before);
 }
 
-// Selects the own file and gets Save enabled.
+// Selects the user's own file and enables Save.
 class OwnFile : public AlarmChooser {
   protected:
     void SetUp() override {

@@ -7,7 +7,7 @@
 
 #include "tests/alarms/SpecialAlarmsProgram.h"
 
-// Files that are not as they should be, messages of every kind, disks that refuse.
+// Damaged files, messages of every kind, and disks that refuse a save.
 
 namespace {
 
@@ -142,7 +142,6 @@ TEST_F(SpecialAlarms, AnErrorAtAnyStepOfASaveIsReportedAndTheNextSaveWorks) {
     EXPECT_GT(saves, failures);
 }
 
-// Until somebody sees to it.
 TEST_F(SpecialAlarms, WhatKeepsTheDiskFromBeingWrittenIsReportedAtEachSave) {
     struct Condition {
         std::function<void(bool)> set;

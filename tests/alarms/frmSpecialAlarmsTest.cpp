@@ -242,7 +242,7 @@ TEST_F(SpecialAlarms, OfSeveralPairsTheFirstOfTheSearchIsNamed) {
     SetRow(6, "Friday", DateTime::FromTime(17, 30, 0), true);
     SetRow(1, "Sunday", DateTime::FromTime(17, 30, 0), true);
     SetRow(3, "Sunday", DateTime::FromTime(17, 30, 0), true);
-    // The pair of row 1 and row 7 comes up only when it is row 7's turn.
+    // The search finds the pair of rows 1 and 7 only when it comes to row 7.
     ExpectIdentical("2", "4");
     user->Click(Window().cmdSave);
 }
