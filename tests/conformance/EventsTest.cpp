@@ -312,7 +312,7 @@ TEST_F(Events, AnAccessKeyOfSeveralCaptionsGoesFromOneToTheNext) {
     stand->PressAccessKey(Form(), 'O');
     EXPECT_TRUE(Form().cmdOk.HasFocus());
     EXPECT_EQ(Take(), Lines{});
-    // One that cannot be used does not count.
+    // A disabled button is passed over.
     Start([] { Form().cmdOk.enabled = false; });
     stand->PressAccessKey(Form(), 'o');
     EXPECT_EQ(Take(), Lines{"cancel"});

@@ -16,8 +16,8 @@
 #include "forms/Runtime.h"
 #include "tests/forms/FormsUnderTest.h"
 
-// The conformance suite is written once and run on each stage: what it says holds on the screen of
-// a person and on the one of a test. A Stand is a stage with a user before it.
+// The conformance suite is written once and runs on each stage: the rules that it proves hold on a
+// real screen and in the tests. A Stand is a stage and a scripted user.
 namespace conformance {
 
 using Script = std::function<void()>;
@@ -27,13 +27,13 @@ class Stand {
     virtual ~Stand() = default;
 
     virtual forms::Stage& Stage() = 0;
-    // Lets this much time pass, with all that happens meanwhile: virtual or real.
+    // Lets this much time pass, virtual or real, with all events in it.
     virtual void Pump(int milliseconds) = 0;
     virtual std::int64_t Milliseconds() = 0;
-    // The handler that calls it is busy for so long.
+    // Makes the calling handler slow: it takes this much time.
     virtual void BeBusy(int milliseconds) = 0;
 
-    // Gestures. Each returns when what it set off is over.
+    // Gestures. Each returns when everything that it caused has ended.
     virtual void Click(forms::Control& control) = 0;
     virtual void Type(forms::TextBox& textBox, const std::string& content) = 0;
     virtual void Select(forms::ComboBox& comboBox, int index) = 0;
@@ -41,21 +41,21 @@ class Stand {
     virtual void CloseBox(forms::Form& form) = 0;
     virtual void Minimize(forms::Form& form) = 0;
     virtual void Restore(forms::Form& form) = 0;
-    // Keys for the active form.
+    // Keys, for the active form.
     virtual void PressTab() = 0;
     virtual void PressEnter() = 0;
     virtual void PressEscape() = 0;
     virtual void PressMenuKey() = 0;
     virtual void PressAccessKey(forms::Form& form, char letter) = 0;
-    // The script runs while the user holds the title bar.
+    // Runs the script while the user holds the title bar.
     virtual void Drag(forms::Form& form, const Script& during) = 0;
 
-    // What the user answers, in the order in which things open. If this is set, each stays open, or
-    // is held, until it is true: only then its script runs and it is answered. Meanwhile nothing
-    // but its own loop runs.
+    // The user's answers, in the order in which boxes, forms and menus open. If stayOpenUntil is
+    // set, each stays open until it returns true; then the script runs and the answer is given.
+    // Until then only the loop of the box, form or menu runs.
     std::function<bool()> stayOpenUntil;
-    // How often what is waited for is looked at, ten milliseconds apart or more, before that is
-    // taken to be in vain. Looks are counted and not the time: on a busy machine they come later.
+    // The number of looks at a condition, at least ten milliseconds apart, before the wait fails.
+    // Looks are counted instead of time, because on a busy machine they come later.
     static constexpr int mostLooks = 12'000;
     virtual void ExpectBox(const std::string& text, const std::string& caption,
                            forms::BoxButtons buttons, forms::BoxResult answer,
@@ -67,12 +67,12 @@ class Stand {
         ExpectModal([](const forms::Form& form) { return dynamic_cast<const T*>(&form); },
                     [run = std::move(script)](forms::Form& form) { run(dynamic_cast<T&>(form)); });
     }
-    // entry: one of the menu's own entries, or null for none.
+    // entry: an entry of this menu, or null if the user chooses none.
     virtual void ExpectPopup(forms::Menu& menu, forms::Menu* entry, Script during = nullptr) = 0;
-    // Fails for whatever was expected and never came.
+    // Fails if something that was expected has not come.
     virtual void Verify() = 0;
 
-    // What the user sees.
+    // The screen as the user sees it.
     virtual bool IsShown(forms::Form& form) = 0;
     virtual bool CanBeUsed(forms::Form& form) = 0;
     virtual bool CanBeUsed(forms::Control& control) = 0;
@@ -81,7 +81,7 @@ class Stand {
     virtual bool IsShownChecked(forms::Control& checkBoxOrOption) = 0;
 };
 
-// Made by the glue of each stage.
+// Each stage defines this function.
 std::unique_ptr<Stand> MakeStand();
 
 class StandTest : public ::testing::Test {
@@ -98,7 +98,7 @@ class StandTest : public ::testing::Test {
     }
 
     void Start(const Script& handler) { runtime->Dispatch(nullptr, handler); }
-    // Lets time pass until the condition holds.
+    // Pumps until the condition holds. Fails after mostLooks looks.
     void PumpUntil(const std::function<bool()>& condition) {
         for (int tries = 0; !condition(); ++tries) {
             ASSERT_LT(tries, conformance::Stand::mostLooks) << "what was waited for never happened";

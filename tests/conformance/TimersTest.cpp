@@ -6,8 +6,9 @@
 using namespace forms;
 using namespace forms_under_test;
 
-// A real machine may be busy, or stand still for a while: that makes ticks fewer and never more. So
-// these tests wait for ticks as long as it takes, and fail where there are more than time allows.
+// A real machine may be busy, or stand still for a while. That makes ticks fewer, never more. So
+// these tests wait for ticks as long as it takes, and fail if there are more ticks than the time
+// allows.
 namespace {
 
 class Timers : public conformance::StandTest {
@@ -58,7 +59,7 @@ TEST_F(Timers, KeepTheirPhaseThoughTheirHandlersTakeTime) {
         last = now;
         stand->BeBusy(busy);
     };
-    // A timer that began to count anew after each handler would never tick so soon.
+    // If the interval started again after each handler, no tick would come so soon.
     PumpUntil([&inPhase] { return inPhase >= 5; });
     EXPECT_LE(ticks, (stand->Milliseconds() - start) / interval + 1);
 }
@@ -73,7 +74,7 @@ TEST_F(Timers, MissedTicksAreDropped) {
         stand->BeBusy(800);
         start = stand->Milliseconds();
     });
-    // One that was missed is made up for.
+    // One missed tick is made up for.
     const auto possible = [&] { return before + 2 + (stand->Milliseconds() - start) / 40; };
     stand->Pump(20);
     EXPECT_LE(ticks, possible());
@@ -104,7 +105,7 @@ TEST_F(Timers, AreNotEnteredAgainUnderTheirOwnBoxAndOthersGoOn) {
     stand->stayOpenUntil = [&] { return ticks > 0 && others >= othersBefore + 5; };
     stand->ExpectBox("Wait", "Message", BoxButtons::Ok, BoxResult::Ok, [&] {
         EXPECT_EQ(ticks, 1);
-        // A loop inside the box's loop changes nothing.
+        // A message loop inside the loop of the box gives the timer no tick, either.
         othersBefore = others;
         PumpUntil([&] { return others >= othersBefore + 3; });
         EXPECT_EQ(ticks, 1);
@@ -212,10 +213,10 @@ TEST_F(Timers, PollingTimersSeeEverySecondOnce) {
         std::int64_t moment;  // milliseconds
     };
     std::vector<Look> looks;
-    // Another timer tells where the machine stood still: a second that was over meanwhile is
-    // nobody's fault.
+    // A second timer notices when the machine stood still. A second that passed while it stood
+    // still does not count.
     std::int64_t lastPulse = stand->Milliseconds();
-    std::vector<Look> standstills;  // by their ends
+    std::vector<Look> standstills;  // with the times of their ends
     int pulses = 0;
     StartCounting(Form().tmrTwo, 50, pulses);
     Form().tmrTwo.Tick = [&] {
@@ -235,7 +236,7 @@ TEST_F(Timers, PollingTimersSeeEverySecondOnce) {
     int judged = 0;
     std::size_t next = 1;
     PumpUntil([&] {
-        // A moment later, when the other timer has told of the time up to the last look.
+        // Wait until the second timer has covered the time up to the last look.
         while (next < looks.size() && lastPulse > looks[next].moment) {
             const bool stoodStill =
                 std::any_of(standstills.begin(), standstills.end(), [&](const Look& end) {

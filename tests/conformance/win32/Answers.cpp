@@ -15,8 +15,8 @@ constexpr UINT_PTR tickTimer = 1;
 constexpr UINT_PTR laterTimer = 2;
 constexpr UINT tickInterval = 10;   // milliseconds
 constexpr UINT laterInterval = 50;  // milliseconds
-// For how many ticks in a row something may stand there before it counts as not expected. Ticks
-// come only while the program waits: a slow action, or a process that is stopped, takes none.
+// The number of ticks in a row for which a window may be open before it counts as unexpected. Ticks
+// come only while the program waits, so a slow action or a stopped process uses up none of them.
 constexpr int patience = 400;
 
 std::string WithoutReturns(std::string text) {

@@ -11,7 +11,7 @@
 
 namespace conformance {
 
-// Something that will open, and what the user does then.
+// A box, form or menu that will open, and the user's response.
 struct Expected {
     enum class Kind { Box, Modal, Popup };
     Kind kind = Kind::Box;
@@ -26,25 +26,26 @@ struct Expected {
     Script during;
 };
 
-// The form's window is on the screen.
+// Whether the form's window is on the screen.
 bool IsOnScreen(const forms::Form& form);
 
-// Answers what opens, in the order in which it is expected, from a timer, which ticks in every loop
-// that waits. What nobody expected is a failure, and is closed so that the test does not hang.
+// Answers boxes, forms and menus in the order in which they are expected. Works from a timer, which
+// ticks in every loop that waits. An unexpected window fails the test and is closed, so that the
+// test does not hang.
 class Answers {
   public:
-    // Each stays open until this is true before it is answered; see Stand.
+    // Nothing is answered before stayOpenUntil returns true; see Stand.
     explicit Answers(const std::function<bool()>& stayOpenUntil);
     ~Answers();
     Answers(const Answers&) = delete;
     Answers& operator=(const Answers&) = delete;
 
     void Expect(Expected next) { expected.push_back(std::move(next)); }
-    // Everything that was expected has come.
+    // Fails unless everything that was expected has come.
     void Verify();
-    // Runs the script once, a little later, in whatever loop waits then.
+    // Runs the script once, a little later, in the loop that waits then.
     void Later(Script script);
-    // In the loop that waits now, whoever's it is.
+    // Sends a key to the loop that waits now, which need not be the program's.
     void PressKey(WPARAM key) const;
 
   private:
@@ -56,7 +57,7 @@ class Answers {
     static void PressButton(HWND box, forms::BoxResult answer);
     void ChooseByKeys(const Expected& popup) const;
     void ComplainAboutTheUnexpected();
-    // Asked while what is expected next is open.
+    // Call only while the next expected window is open.
     bool HasStayedOpen();
     bool NextIs(Expected::Kind kind) const;
     Expected TakeNext();
@@ -64,7 +65,7 @@ class Answers {
     const std::function<bool()>& stayUntil;
     HWND window = nullptr;
     std::deque<Expected> expected;
-    std::vector<HWND> knownBoxes;  // that a script deals with
+    std::vector<HWND> knownBoxes;  // boxes that a script deals with
     std::vector<const forms::Form*> knownModals;
     int unexpectedFor = 0;  // ticks
     int looks = 0;

@@ -62,7 +62,7 @@ class BadInput : public conformance::StandTest {
         EXPECT_EQ(time.wMonth, month);
         EXPECT_EQ(time.wDay, day);
     }
-    // As the native control reports what its user has picked.
+    // Sends the notification of the native control for a change by the user.
     static void Report(DateTimePicker& picker, const SYSTEMTIME& time) {
         HWND handle = HandleOf(picker);
         NMDATETIMECHANGE change{};
@@ -187,8 +187,8 @@ TEST_F(BadInput, ADateThatOnlyTheNativeControlKnowsIsNotTaken) {
     EXPECT_EQ(Input().dtDate.value(), base::DateTime::FromDate(2032, 2, 29));
 }
 
-// Some native controls take minutes to wrap one line of 64 KiB; lines of a usual length cost
-// nothing.
+// The lines are of a usual length, because some native controls take minutes to wrap one line of 64
+// KiB.
 TEST_F(BadInput, WhateverIsPastedIsTheText) {
     for (const std::string& text :
          {std::string(8192, 'x'), Repeated(std::string(500, 'x') + "\r\n", 65536),
@@ -200,7 +200,7 @@ TEST_F(BadInput, WhateverIsPastedIsTheText) {
     }
     Paste(Input().txtLine, std::string(1U << 20U, 'x'));
     EXPECT_EQ(Input().txtLine.text().size(), 1U << 20U);
-    // The keyboard goes on where the clipboard has stopped.
+    // Typing continues after the pasted text.
     ::SendMessageW(HandleOf(Input().txtLine), WM_CHAR, 'y', 1);
     EXPECT_EQ(Input().txtLine.text().size(), (1U << 20U) + 1);
     const std::string lines = Repeated("0123456789abcde\r\n", 40000);

@@ -2,7 +2,8 @@
 
 #include "tests/conformance/Stand.h"
 
-// The system gives timers their turn when no other message is left. Here there is always one.
+// The system delivers timer messages only if the queue has no others. Here the queue is never
+// empty.
 
 namespace forms::win32 {
 
@@ -10,8 +11,8 @@ namespace {
 
 using namespace forms_under_test;
 
-// Posts itself a message for each that it gets. Gives up after so many that an hour would not do
-// for them.
+// Posts itself a new message for each one that it receives. Gives up after so many messages that an
+// hour would not be enough for them.
 class Flood {
   public:
     Flood() {
@@ -29,7 +30,7 @@ class Flood {
         ::PostMessageW(window, WM_APP, 0, 0);
     }
     void Stop() { runs = false; }
-    // Messages so far.
+    // The number of messages so far.
     int Count() const { return count; }
     bool Runs() const { return runs; }
 
@@ -59,7 +60,7 @@ class BusyQueue : public conformance::StandTest {
   protected:
     static frmFirst& Form() { return Default<frmFirst>(); }
 
-    // Stops the flood at the third tick that comes while it runs.
+    // Counts the ticks during the flood, and stops it at the third.
     void StartCounting() {
         Start([this] {
             Form().Show();
@@ -89,7 +90,7 @@ TEST_F(BusyQueue, TimersTickWhileABoxIsOpen) {
     StartCounting();
     stand->ExpectBox("text", "caption", BoxButtons::Ok, BoxResult::Ok, [this] {
         flood.Start();
-        // The loop that runs here is the box's own, as far as the program knows.
+        // To the program, this loop is the box's own.
         MSG message{};
         while (flood.Runs() && ::GetMessageW(&message, nullptr, 0, 0) > 0) {
             ::TranslateMessage(&message);
@@ -103,7 +104,7 @@ TEST_F(BusyQueue, TimersTickWhileABoxIsOpen) {
 TEST_F(BusyQueue, AnIdleProgramGetsNoMessagesForItsTimers) {
     Start([] { Form().Show(); });
     stand->Pump(300);
-    // No timer is on: the queue stays empty.
+    // No timer is on, so the queue stays empty.
     MSG message{};
     EXPECT_EQ(::PeekMessageW(&message, nullptr, WM_APP, WM_APP + 10, PM_NOREMOVE), 0);
 }

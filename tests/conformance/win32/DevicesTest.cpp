@@ -86,13 +86,13 @@ TEST(WinClockTest, TheSecondChangesWhereItsMillisecondsBeginAgain) {
         ASSERT_GE(millisecond, 0);
         ASSERT_LE(millisecond, 999);
         if (look - lastLook > standstill) {
-            // Anything may have passed between these two.
+            // The machine stood still; the two readings cannot be compared.
         } else if (now != last) {
             ++changes;
             EXPECT_LT(millisecond, 500);
             EXPECT_EQ(now.seconds, last.seconds + 1);
         } else {
-            // The two readings may fall on both sides of a change.
+            // The second may have changed between the two readings.
             EXPECT_TRUE(millisecond >= lastMillisecond || millisecond < 2 * standstill);
         }
         last = now;
@@ -151,7 +151,7 @@ TEST_F(WinSettingsTest, ValuesAreTextsBelowTheSection) {
     EXPECT_FALSE(settings.Read("Config", "Number").has_value());
 }
 
-// Whether anything is heard depends on the machine; that no call fails or hangs does not.
+// Whether a sound is audible depends on the machine. The test is that no call fails or hangs.
 TEST(WinSoundTest, CallsReturn) {
     const TempFolder folder;
     WinSound sound;
@@ -166,7 +166,7 @@ TEST(WinTrayTest, AnIconThatWasNeverAddedCannotBeDeleted) {
     TrayRecord record;
     record.iconId = 1;
     EXPECT_FALSE(tray.Delete(record));
-    EXPECT_FALSE(tray.Add(record));  // no window that could own it
+    EXPECT_FALSE(tray.Add(record));  // there is no window that could own it
     EXPECT_FALSE(tray.Delete(record));
 }
 
@@ -331,7 +331,7 @@ TEST(WinLocaleTest, DatesAndTimesAreInTheUsersForm) {
 TEST(WinLocaleTest, YearsThatTheSystemDoesNotKnowHaveTheSameForm) {
     WinLocale locale;
     const auto ofYear = [](int year) { return base::DateTime::FromDate(year, 5, 14); };
-    // 1234 and 2034 have the same calendar and differ in the century alone.
+    // 1234 and 2034 have the same calendar and differ only in the century.
     std::string expected = locale.ShortDate(ofYear(2034));
     const std::size_t century = expected.find("2034");
     if (century != std::string::npos) {

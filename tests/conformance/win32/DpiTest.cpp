@@ -12,7 +12,7 @@ TEST(DpiTest, ThePointerFindsEveryColumnOf96DpiAtEachScale) {
         for (int pixel = 0; pixel < 600 * dpi / 96; ++pixel) {
             const int column = ToPointerTwips(pixel, dpi) / 15;
             EXPECT_EQ(column, pixel * 96 / dpi) << dpi;
-            EXPECT_LE(column - before, 1) << dpi;  // no column is left out
+            EXPECT_LE(column - before, 1) << dpi;  // no column is skipped
             before = column;
         }
     }

@@ -19,7 +19,7 @@ namespace {
 
 using testing_support::ErrorOf;
 
-// Holds a file so that nobody else can open it.
+// Opens a file so that no other program can open it.
 Handle OpenAlone(const std::string& path) {
     return Handle(::CreateFileW(Wide(path).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
                                 FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -102,7 +102,7 @@ TEST_F(WinFilesTest, NamesAreUnicode) {
 TEST_F(WinFilesTest, ListKnowsTheWholeSuffixInEitherCase) {
     files.Write(folder / "a.txt", "12345");
     files.Write(folder / "B.TXT", "");
-    files.Write(folder / "c.txt2", "");  // whose short name ends in .TXT
+    files.Write(folder / "c.txt2", "");  // its short name ends in .TXT
     files.Write(folder / "dtxt", "");
     files.MakeFolder(folder / "e.txt");
     EXPECT_EQ(Names(".txt"), (std::vector<std::string>{"B.TXT", "a.txt"}));
@@ -300,7 +300,7 @@ TEST_F(WinFilesTest, PathsMayBeLong) {
     EXPECT_EQ(files.Read("\\\\?\\" + file), "x");
     EXPECT_EQ(files.List(path, ".txt").size(), 1U);
     files.Copy(file, file + ".copy");
-    // The shell knows no such path.
+    // The shell does not accept such a path.
     EXPECT_FALSE(files.Recycle(file));
     files.Delete(file);
     files.Delete(file + ".copy");

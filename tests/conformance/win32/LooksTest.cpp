@@ -68,7 +68,7 @@ TEST(Placing, TheCascadeTakesTheFirstFreePlace) {
     EXPECT_EQ(second.left, first.left + step);
     EXPECT_EQ(second.top, first.top + step);
     taken.push_back({second.left, second.top});
-    // The first has gone elsewhere.
+    // The first window has been moved away.
     taken.front() = {first.left + 300, first.top};
     const RECT third = placing::Cascaded({400, 300}, step, taken);
     EXPECT_EQ(third.left, first.left);

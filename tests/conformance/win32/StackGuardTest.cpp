@@ -11,7 +11,7 @@
 #include "tests/conformance/win32/TempFolder.h"
 
 extern "C" std::uintptr_t
-    __stack_chk_guard;  // NOLINT(bugprone-reserved-identifier): the compiler's
+    __stack_chk_guard;  // NOLINT(bugprone-reserved-identifier): the compiler's name
 
 namespace forms::win32 {
 
@@ -20,7 +20,7 @@ namespace {
 constexpr const wchar_t* taskName = L"JOTWRIGHT_STACK_GUARD_TASK";
 constexpr DWORD cameBack = 7;
 
-// 0, as the compiler cannot know.
+// Bytes to write beyond the array. Volatile, so that the compiler does not know the number.
 volatile std::size_t beyond = 0;
 
 [[gnu::noinline]] char OverrunByOne() {
@@ -37,7 +37,7 @@ volatile std::size_t beyond = 0;
     return line[beyond / 1024];
 }
 
-// What this program does instead of its tests when one of them has started it for that.
+// Runs a task instead of the tests if a test started this program with one.
 bool DoTask() {
     wchar_t task[2 * MAX_PATH]{};
     if (::GetEnvironmentVariableW(taskName, task, 2 * MAX_PATH) == 0) {
@@ -62,7 +62,7 @@ bool DoTask() {
 
 const bool isTask = DoTask();
 
-// How a start of this program with a task has ended.
+// Starts this program with a task and returns its exit status.
 DWORD StatusOf(const std::wstring& task) {
     wchar_t self[MAX_PATH]{};
     ::GetModuleFileNameW(nullptr, self, MAX_PATH);

@@ -9,7 +9,7 @@
 
 namespace forms::win32 {
 
-// A new folder below the system's temporary one; goes with everything in it.
+// A new folder in the system's temporary folder. The destructor removes it with its contents.
 class TempFolder {
   public:
     TempFolder() {

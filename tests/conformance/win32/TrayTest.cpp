@@ -85,7 +85,7 @@ TEST_F(TrayTest, OnlyTheNumberOfTheIconMakesOne) {
     EXPECT_EQ(Window().fromPointer.size(), 5U);
 }
 
-// As on monitors of different scales.
+// Monitors can have different scales.
 TEST_F(TrayTest, AWindowOfAnotherScaleCountsTheSameColumns) {
     RECT place{};
     ::GetWindowRect(Handle(), &place);
@@ -101,7 +101,7 @@ TEST_F(TrayTest, AWindowOfAnotherScaleCountsTheSameColumns) {
 }
 
 TEST_F(TrayTest, AScaleWithoutAPlaceKeepsTheWindowWhereItIs) {
-    // Small enough for the screen at twice the scale.
+    // Small enough to fit the screen at twice the scale.
     ::SetWindowPos(Handle(), nullptr, 100, 100, 400, 300, SWP_NOZORDER);
     RECT place{};
     ::GetWindowRect(Handle(), &place);

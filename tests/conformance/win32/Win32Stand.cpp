@@ -22,7 +22,7 @@ using namespace forms;
 using win32::FormWindow;
 using win32::Wide;
 
-// A user made of messages, as an automation tool sends them.
+// A user who acts through messages, like an automation tool.
 class Win32Stand : public Stand {
   public:
     Win32Stand() : stage(win32::MakeStage()), answers(stayOpenUntil) {
@@ -62,7 +62,7 @@ class Win32Stand : public Stand {
             ::SetFocus(handle);
             ::SendMessageW(handle, CB_SHOWDROPDOWN, TRUE, 0);
             ::SendMessageW(handle, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-            // Enter takes the entry that is marked in the open list.
+            // Enter chooses the entry that is marked in the open list.
             ::SendMessageW(handle, WM_KEYDOWN, VK_RETURN, 0);
             ::SendMessageW(handle, WM_CHAR, VK_RETURN, 0);
             EXPECT_FALSE(::SendMessageW(handle, CB_GETDROPPEDSTATE, 0, 0));
@@ -191,9 +191,9 @@ class Win32Stand : public Stand {
     Answers answers;
 };
 
-// Moving by keyboard is a loop of the system's own. Where windows are moved by somebody else (an X
-// window manager) the system returns from it at once; then a loop that is not the program's does
-// what the system's would: it takes whatever message comes.
+// Moving a window by keyboard runs a loop of the system. If an X window manager moves the windows,
+// the system returns at once. Then this function runs a loop that does the same: it takes every
+// message.
 void Win32Stand::Drag(Form& form, const Script& during) {
     FormWindow* target = Reach(form);
     if (target == nullptr) {
