@@ -11,8 +11,8 @@
 
 namespace driver {
 
-// What a screen reader can speak of. A name that the program gives to the system's accessibility
-// service is not told by Wine; which control is given which is tested with the models.
+// The names that a screen reader can read out. Wine does not report names that the program gives to
+// the system's accessibility service; tests of the models check those.
 class Accessibility : public DriverTest {
   protected:
     static void ExpectSpoken(const Window& window);
@@ -25,7 +25,7 @@ std::string WithoutAccessKey(std::string caption) {
     return caption;
 }
 
-// The control's own text is what it holds, not what it is for.
+// Whether the control's own text is its value rather than its name.
 bool IsField(const std::string& className) {
     return className == "Edit" || className == "ComboBox" || className == DATETIMEPICK_CLASSA;
 }
@@ -35,7 +35,8 @@ bool Has(const Accessible& object, LONG state) { return (object.state & state) !
 }  // namespace
 
 void Accessibility::ExpectSpoken(const Window& window) {
-    // The focus may come a moment after the window: not between two looks at one control.
+    // The focus may move to a control after the window opens. Wait for it, so that it does not move
+    // between two looks at one control.
     ComesTrue([&] {
         const auto controls = window.Children();
         return std::any_of(controls.begin(), controls.end(),
@@ -91,7 +92,7 @@ TEST_F(Accessibility, EveryWindowIsSpokenOf) {
     EXPECT_EQ(AccessibleOf(panel.Only(listClass)).name, "Notes");
     CloseAndWait(panel);
 
-    // An alarm and its sound are told in words, too.
+    // An alarm and its sound have names, too.
     const Window editor = OpenRestored("Dentist");
     ExpectSpoken(editor);
     for (const char* spoken : {" Alarm Set ", "Alarm Set", "Audio Alarm Set", "5, 2031"}) {

@@ -10,7 +10,7 @@ namespace driver {
 
 namespace {
 
-// The import libraries do not have it.
+// The import libraries do not contain this GUID.
 constexpr GUID accessibleInterface{
     0x618736e0, 0x3c3d, 0x11cf, {0x81, 0x0c, 0x00, 0xaa, 0x00, 0x38, 0x9b, 0x71}};
 

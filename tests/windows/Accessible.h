@@ -8,14 +8,14 @@
 
 namespace driver {
 
-// What the system tells a screen reader of a window.
+// The properties of a window that the system reports to a screen reader.
 struct Accessible {
     std::string name;
-    LONG role = 0;  // ROLE_SYSTEM_...; 0: it tells nothing
+    LONG role = 0;  // ROLE_SYSTEM_...; 0 if the system reports nothing
     LONG state = 0;
 };
 
-// Of its inside, or of one of the elements in it, counted from 1.
+// Describes the client area, or one element in it, counted from 1.
 Accessible AccessibleOf(const Window& window, LONG child = 0);
 
 }  // namespace driver

@@ -22,7 +22,7 @@ class AlarmSounds : public DriverTest {
   protected:
     Window Open(const Window& main) const;
     static void Select(const Window& window, const std::string& option);
-    // A box that has nothing but its text.
+    // Expects a box with this text only, and presses OK.
     void ExpectBox(const std::string& boxCaption, const std::string& text) const;
 };
 
@@ -46,7 +46,7 @@ void AlarmSounds::ExpectBox(const std::string& boxCaption, const std::string& te
 }
 
 TEST_F(AlarmSounds, AFileOfTheUsersOwnIsTriedAndSaved) {
-    // Not quite the path of a built-in sound.
+    // Differs from the path of a built-in sound only in its case.
     const std::string stored = folder + "\\" + LowerCase("Bell alarm.wav");
     ASSERT_NE(stored, folder + "\\Bell alarm.wav");
     WriteSetting("Config", "Alarm", stored);
@@ -59,7 +59,7 @@ TEST_F(AlarmSounds, AFileOfTheUsersOwnIsTriedAndSaved) {
     EXPECT_TRUE(window.Button(ownFile).IsChecked());
     EXPECT_EQ(window.Only("Edit").Text(), stored);
 
-    // Saving has to wait until a file has been looked for, be it in vain.
+    // Save is enabled only after the dialog for a file was opened, even if it was cancelled.
     Select(window, "Alert Chime");
     EXPECT_TRUE(window.Button("&Save").IsEnabled());
     EXPECT_FALSE(window.Button("&Browse").IsEnabled());
@@ -99,7 +99,7 @@ TEST_F(AlarmSounds, AFileOfTheUsersOwnIsTriedAndSaved) {
         const Box box(program, alarmBox);
         EXPECT_EQ(box.Text(), "        Sampling Selected .wav File          ");
         EXPECT_EQ(recorder.WaitForSound(before), "Alarm clock.wav");
-        // The file sounds for 0.3 seconds.
+        // The file plays for 0.3 seconds.
         EXPECT_TRUE(ComesTrue([&] { return recorder.SoundingSeconds(before) > 0.7; }))
             << "it loops";
         box.Press("OK");

@@ -16,7 +16,7 @@ class Alarms : public DriverTest {
     // Starts the program with a saved note whose alarm is set for one minute past nine, and closes
     // its editor.
     Window StartWithClosedNote();
-    // Until the alarm display of that note comes up; at once, as the clock is moved.
+    // Waits for the alarm display of that note. It comes soon, because the clock is set forward.
     Window WaitForAlarm();
     void CloseDisplay(const Window& display);
 
@@ -82,7 +82,7 @@ TEST_F(Alarms, TheNoteOfAClosedEditorIsDisplayedOnceWithItsSound) {
         return picture.Share(blue) > 0.8 && picture.Share(white) > 0.001 &&
                picture.Share(black) == 0;
     })) << "white on blue";
-    // It sounds once, and nobody is asked to stop it.
+    // The sound plays once, without a box that stops it.
     recorder.WaitForSilence();
     EXPECT_TRUE(program.Visible(alarmBox).empty());
     Clock::WaitFor("2031-06-02 09:01:05");
@@ -122,7 +122,7 @@ TEST_F(Alarms, TheSoundOfADisplayLoopsUntilItsBoxIsClosed) {
     EXPECT_EQ(box.Text(), "      Turn Off Alarm?       ");
     const std::uint64_t start = recorder.Now();
     EXPECT_EQ(recorder.WaitForSound(start), "Alarm buzzer.wav");
-    // More than once through.
+    // The sound plays more than once.
     Clock::WaitFor("2031-06-02 09:01:05");
     EXPECT_EQ(recorder.WaitForSound(recorder.Now()), "Alarm buzzer.wav");
     box.Press("OK");
@@ -157,8 +157,8 @@ TEST_F(Alarms, AnOpenEditorRingsItself) {
     ExpectNote(title, "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-// Both alarms are due in one second: the second note comes up while the first one's box is open and
-// shuts it off, so it must stay below the box.
+// Both alarms are due in one second. The second note comes up while the box of the first is open
+// and disables it, so the note must stay below the box.
 TEST_F(Alarms, ANoteThatComesUpBesideAnOpenBoxDoesNotCoverIt) {
     WriteNote(title, "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     WriteNote("Rent", "\"Rent\",\"Pay\",#2031-06-02#,#09:01:00#,4,12,\"1\",0,\"yes\"\r\n");
@@ -210,7 +210,7 @@ TEST_F(Alarms, AnAlarmComesUpWhileAMenuIsOpen) {
 TEST_F(Alarms, AnAlarmComesUpWhileAWindowIsMoved) {
     const Window main = StartWithClosedNote();
     const RECT place = main.Place();
-    // The window's title bar, held fast and moved a little.
+    // Press the button on the window's title bar and move a little.
     UseHands("mousemove " + std::to_string((place.left + place.right) / 2) + ' ' +
              std::to_string(place.top + 10) + " mousedown 1");
     UseHands("mousemove_relative 20 20");

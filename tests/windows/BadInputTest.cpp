@@ -37,7 +37,7 @@ void PutOnClipboard(const std::string& text) {
 
 class BadInput : public DriverTest {
   protected:
-    // What lies in the program's folder and above it.
+    // The contents of the program's folder and of the folder above it.
     std::vector<std::string> FilesAround() const {
         auto names = FileNames(folder);
         const auto above = FileNames(FolderOf(folder));
@@ -125,7 +125,7 @@ TEST_F(BadInput, ATitleOfAMebibyteIsRefusedOnTheScreen) {
     const Window main = StartProgram();
     PutOnClipboard(std::string(1U << 20U, 'n'));
     main.Only("Edit").Send(WM_PASTE);
-    // Not every Wine brings a text of this size back to another process.
+    // Not every version of Wine can return a text of this size to another process.
     EXPECT_EQ(main.Only("Edit").Send(WM_GETTEXTLENGTH), 1 << 20);
     main.Button("Make &Note").Click();
     WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });

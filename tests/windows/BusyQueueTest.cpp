@@ -9,17 +9,17 @@ namespace driver {
 
 namespace {
 
-// What still waits in the program's queue while keys pour in: some seconds' work.
+// The most keys that wait in the program's queue: work for some seconds.
 constexpr LRESULT mostWaiting = 2000;
-// Keys after which the program has had its chance. Many minutes' work.
+// The test fails after this many keys: work for many minutes.
 constexpr LRESULT mostKeys = 100000;
 
 }  // namespace
 
-// Keys that come faster than the program takes them, so that its queue never runs empty.
+// Sends keys faster than the program handles them, so that its queue is never empty.
 class BusyQueue : public DriverTest {
   protected:
-    // Until the condition holds.
+    // Sends keys until the condition holds; false if it never does.
     static bool TypeUntil(const Window& box, const std::function<bool()>& condition) {
         LRESULT sent = box.Send(WM_GETTEXTLENGTH);
         while (sent < mostKeys) {

@@ -33,7 +33,7 @@ long long NowSeconds() {
     return Seconds(now);
 }
 
-// How far the clock goes ahead of the real one.
+// The seconds by which the clock is ahead of the real one.
 long long offset = 0;
 
 }  // namespace
@@ -47,7 +47,7 @@ void Clock::Set(const std::string& text) {
         const long long late = NowSeconds() - SecondsOf(text);
         return late >= 0 && late < 5;
     });
-    // As the system does when somebody sets its clock.
+    // The system sends this message when its clock is set.
     ::SendNotifyMessageW(HWND_BROADCAST, WM_TIMECHANGE, 0, 0);
 }
 

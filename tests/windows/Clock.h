@@ -6,14 +6,14 @@
 
 namespace driver {
 
-// The clock of the program and of this driver, which can be moved; time runs on from there. Timers
-// and tick counts do not notice.
+// The clock of the program and of this driver, which tests can set. Real time runs on from there.
+// Timers and tick counts are not affected.
 class Clock {
   public:
-    // text: "2031-06-02 09:30:57". The fraction of the second is left as it is.
+    // text: for example "2031-06-02 09:30:57". The fraction of the second does not change.
     static void Set(const std::string& text);
     static std::string Now();
-    // Waits until the clock shows this time of today or a later one.
+    // Waits until the clock shows this time, or a later one of the same day.
     static void WaitFor(const std::string& text);
 };
 

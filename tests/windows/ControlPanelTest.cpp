@@ -18,7 +18,7 @@ class ControlPanel : public DriverTest {
     // The same, with both editors closed.
     Window StartWithTwoClosedNotes();
     void WaitForActions(const Window& panel, bool enabled) const;
-    // Whether the panel's total has this text, in the first of these colours.
+    // Whether the panel's total has this text, drawn in color and not in otherColor.
     static bool TotalIsIn(const Window& panel, const std::string& total, COLORREF color,
                           COLORREF otherColor);
 
@@ -81,7 +81,7 @@ TEST_F(ControlPanel, ListsTheNotesAndErasesThem) {
         panel.FindChild("Static", "Highlight any note and click 'Erase' to remove that note."));
     WaitForActions(panel, false);
 
-    // With nothing selected, from the menu.
+    // From the menu, without a selected row.
     ChooseFromPopup(program, list, eraseSelected);
     const Box error(program, "Error Occured Removing Note");
     EXPECT_EQ(error.Text(), "Please Select A File To Remove.");
@@ -97,7 +97,7 @@ TEST_F(ControlPanel, ListsTheNotesAndErasesThem) {
     EXPECT_EQ(RowCount(list), 2);
     ExpectNote("Shopping", shopping);
 
-    // A click on the row that is selected already.
+    // Click the row that is already selected.
     ClickRow(list, 1);
     WaitForActions(panel, true);
     panel.Button("&Erase").Click();
@@ -133,7 +133,7 @@ TEST_F(ControlPanel, OpensAllNotesAndStaysRightWhileTheyAreOpen) {
     WaitUntilFilled(shoppingEditor, "Edit");
     EXPECT_TRUE(panel.IsVisible());
 
-    // Saved in its editor.
+    // Save a note in its editor.
     const Window list = panel.Only(listClass);
     EXPECT_EQ(CellText(list, 1, 2), "Alarm Not Set");
     shoppingEditor.Button(editorSet).Click();
@@ -144,7 +144,7 @@ TEST_F(ControlPanel, OpensAllNotesAndStaysRightWhileTheyAreOpen) {
     EXPECT_TRUE(ComesTrue([&] { return CellText(list, 1, 2) == "6/2/2031 12:00:00 PM"; }));
     EXPECT_EQ(RowPicture(list, 1), RowPicture(list, 0));
 
-    // Erased in the panel: its editor stays, and writes it anew.
+    // Erase a note in the panel. Its editor stays open, and Save writes the file again.
     ClickRow(list, 0);
     WaitForActions(panel, true);
     panel.Button("&Erase").Click();
@@ -157,7 +157,7 @@ TEST_F(ControlPanel, OpensAllNotesAndStaysRightWhileTheyAreOpen) {
     EXPECT_TRUE(ComesTrue([&] { return RowCount(list) == 2; }));
     EXPECT_TRUE(panel.FindChild("Static", "Total Notes: 2"));
 
-    // From the menu, with an editor hidden behind its icon and one closed.
+    // From the menu, while one editor is minimised and the other is closed.
     dentistEditor.Post(WM_SYSCOMMAND, SC_MINIMIZE);
     WaitUntil("the editor is minimized", [&] { return dentistEditor.IsMinimized(); });
     shoppingEditor.Close();
@@ -167,7 +167,7 @@ TEST_F(ControlPanel, OpensAllNotesAndStaysRightWhileTheyAreOpen) {
     WaitUntil("the open note is shown", [&] { return !dentistEditor.IsMinimized(); });
     EXPECT_TRUE(program.Visible("Shopping").empty());
 
-    // A new note: the main window comes back for its title.
+    // New brings the main window back, with the focus in the box for the title.
     main.Button("&Hide Me").Click();
     WaitUntil("the main window hides", [&] { return !main.IsVisible(); });
     panel.Button("&New").Click();
@@ -182,7 +182,7 @@ TEST_F(ControlPanel, EditsWithADoubleClickAndAsksBeforeItSaves) {
     WaitUntilFilled(editor, "Edit");
     program.WaitUntilGone(panelCaption);
     EXPECT_EQ(editor.Only("Edit").Text(), "milk");
-    // Nobody notices a text of the same length.
+    // A change that keeps the length is not asked about.
     editor.Only("Edit").Type("eggs");
     CloseAndWait(editor);
     panel = program.WaitFor(panelCaption);

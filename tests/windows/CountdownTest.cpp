@@ -7,7 +7,7 @@
 
 namespace driver {
 
-// Its seconds are real ones, whatever the clock shows.
+// The countdown counts real seconds, whatever the clock shows.
 class Countdown : public DriverTest {
   protected:
     struct Left {
@@ -19,10 +19,10 @@ class Countdown : public DriverTest {
     static void Start(const Window& timer, const std::string& entry);
     static void Stop(const Window& timer);
     static bool Shows(const Window& timer, const std::string& minutes, const std::string& seconds);
-    // The seconds that it shows, in one of its two exact forms; nothing for any other text.
+    // The time left, if the label has one of its two exact forms; otherwise nothing.
     static std::optional<Left> Shown(const Window& timer);
     static Left WaitUntilItCounts(const Window& timer);
-    // Starts it and stops it when it has counted; the first that it showed.
+    // Starts the timer, waits for its first tick and stops it. Returns the time that it showed.
     static Left CountOne(const Window& timer, const std::string& entry);
     void ReadAllTips(const Window& main);
     void ReadAbout(const Window& main);
@@ -72,7 +72,7 @@ std::optional<Countdown::Left> Countdown::Shown(const Window& timer) {
     return std::nullopt;
 }
 
-// The first second has been counted.
+// Waits until the first second has been counted.
 Countdown::Left Countdown::WaitUntilItCounts(const Window& timer) {
     std::optional<Left> left;
     WaitUntil("it counts", [&] {
@@ -104,7 +104,7 @@ void Countdown::ReadAllTips(const Window& main) {
         "Thats all of the tips we have. Have fun using the Jotwright!",
     };
     const std::string caption = "Jotwright - Tips and Tricks";
-    // The box shows what was read at the start of the program, not what was saved since.
+    // The check box shows the setting as it was read at start-up, whatever was saved later.
     WriteSetting("Startup", "View Tips", "0");
     ChooseFromMenuBar(program, main, barShowTips);
     const Window tips = program.WaitFor(caption);
@@ -125,7 +125,7 @@ void Countdown::ReadAllTips(const Window& main) {
     program.WaitUntilGone(caption);
     EXPECT_EQ(Setting("Startup", "View Tips"), "1");
 
-    // The next time it is a window of its own again.
+    // When it is opened again, the window begins with the first tip.
     ChooseFromMenuBar(program, main, barShowTips);
     const Window again = program.WaitFor(caption);
     WaitUntilFilled(again, "Static");
@@ -173,7 +173,7 @@ TEST_F(Countdown, AMinuteIsCountedBesideOtherWindows) {
     ReadAbout(main);
     Clock::Set("2031-06-02 17:00:00");
 
-    // It has counted on beside all that, and goes on to the end without going back.
+    // The timer went on counting meanwhile. It counts to the end and never up.
     const auto isUp = [&] { return !program.Visible(alarmBox).empty(); };
     std::uint64_t before = recorder.Now();
     WaitUntil("the minute is over", [&] {
@@ -185,13 +185,13 @@ TEST_F(Countdown, AMinuteIsCountedBesideOtherWindows) {
         }
         return isUp();
     });
-    // Sixty real seconds, but for the part of one before the first tick.
+    // Sixty real seconds, less the part of a second before the first tick.
     EXPECT_GE(::GetTickCount64() - start, 59'000U);
     const Box box(program, alarmBox);
     EXPECT_EQ(box.Text(), "          Time Is Up        ");
     EXPECT_TRUE(Shows(timer, "-1 Minutes", "0 Seconds."));
     EXPECT_EQ(recorder.WaitForSound(before), "Alert chime.wav");
-    // The chime sounds for 1.7 seconds.
+    // The chime lasts 1.7 seconds.
     EXPECT_TRUE(ComesTrue([&] { return recorder.SoundingSeconds(before) > 2.5; })) << "it loops";
     EXPECT_TRUE(Shows(timer, "-1 Minutes", "0 Seconds."));
     box.Press("OK");
@@ -235,9 +235,9 @@ TEST_F(Countdown, EntriesAreRoundedAndKeptCountersGoOn) {
     EXPECT_TRUE(ComesTrue([&] { return timer.Only("Edit").HasFocus(); }));
     EXPECT_EQ(timer.Only("Edit").Text(), "");
 
-    // It never ends by itself, and the seconds that it has counted are kept.
-    // Each run goes on below the second at which the last one stopped, and does not begin with 59
-    // again. Seconds more may have passed before the click that stops it.
+    // A negative entry never ends, and the counted seconds are kept. Each run continues below the
+    // second at which the last one stopped; it does not begin at 59 again. More seconds may pass
+    // before the click that stops a run.
     const Left first = CountOne(timer, "-3");
     EXPECT_EQ(first.minutes, -4);
     const Left second = CountOne(timer, "5");
@@ -256,7 +256,7 @@ TEST_F(Countdown, EntriesAreRoundedAndKeptCountersGoOn) {
     }
     WaitUntil("it stands", [&] { return timer.Button("&Start Timer").IsEnabled(); });
 
-    // What no counter can hold ends the program, which saves its notes first.
+    // An entry beyond the range of the counters ends the program, which first saves its notes.
     Start(timer, "40000");
     const Box box(program, mainCaption);
     EXPECT_EQ(box.Text(), "Run-time error '6':\r\n\r\nOverflow");

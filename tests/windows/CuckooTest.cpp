@@ -19,12 +19,13 @@ std::string LittleEndian(std::uint32_t value, int bytes) {
     return text;
 }
 
-// A cuckoo in a hurry: four tenths of a second of sound, one of silence. The sound device may
-// swallow some milliseconds of each call: in shorter ones, twelve of these would be a call.
+// A short call of the cuckoo: 0.4 seconds of sound, then 0.1 seconds of silence. The sound device
+// may lose some milliseconds of each call. If the calls were shorter, the losses of twelve calls
+// could add up to one call.
 std::string ShortCall() {
     constexpr std::uint32_t rate = 8000;
     constexpr std::uint32_t samples = rate / 2;
-    constexpr double height = 700;  // Hz; what the recorder takes for the cuckoo
+    constexpr double height = 700;  // Hz; the recorder takes this for the cuckoo
     std::string data;
     for (std::uint32_t i = 0; i < samples; ++i) {
         const double wave = std::sin(2 * std::numbers::pi * height * i / rate);
@@ -44,17 +45,18 @@ class Cuckoo : public DriverTest {
   protected:
     void TearDown() override;
 
-    // So that twelve of them do not take twenty seconds.
+    // Without it, twelve calls would take twenty seconds.
     void UseShortCall();
     std::string SoundPath() const { return folder + "\\Cuckoo clock.wav"; }
     static bool Runs(const Window& main);
-    // Lets it be fifteen seconds past this hour, and counts the calls by how long they sounded.
+    // Sets the clock to fifteen seconds past the hour, and counts the calls by the seconds of
+    // sound.
     void ExpectCalls(const std::string& hour, int calls) const;
     int Calls(std::uint64_t since) const;
-    // The clock goes over the hour while an alarm sounds.
+    // Lets the clock pass the hour while an alarm sounds.
     void ExpectOnlyTheAlarm(const std::string& hour) const;
 
-    std::optional<std::string> shipped;  // the sound, while another one is used
+    std::optional<std::string> shipped;  // the shipped sound, while another one replaces it
 };
 
 void Cuckoo::UseShortCall() {
@@ -83,7 +85,7 @@ void Cuckoo::ExpectCalls(const std::string& hour, int calls) const {
     } else {
         Clock::Set(hour + ":00:13");
     }
-    // The first call would have come in the second before.
+    // The first call would have come in the second before this one.
     Clock::WaitFor(hour + ":00:17");
     recorder.WaitForSilence();
     EXPECT_EQ(Calls(before), calls) << hour;
@@ -149,7 +151,7 @@ TEST_F(Cuckoo, IsSilentWhileAnAlarmSounds) {
     ExpectOnlyTheAlarm("2031-06-02 15");
     Box(program, "Jotwright Daily Alarm").Press("OK");
 
-    // The alarm of a display, then that of an editor.
+    // First with the alarm of a display, then with that of an editor.
     for (const char* hour : {"17", "18"}) {
         LetAlarmCome("2031-06-02 " + std::to_string(std::stoi(hour) - 1) + ":59:58", alarmBox);
         const Box box(program, alarmBox);

@@ -143,7 +143,7 @@ Window DriverTest::OpenRestored(const std::string& title) const {
 void DriverTest::WaitUntilFilled(const Window& window, const std::string& className) {
     WaitUntil("the window is filled",
               [&] { return !window.IsMinimized() && !window.ChildrenOfClass(className).empty(); });
-    // Answered when the program has done what it was at.
+    // Returns when the program has handled its earlier messages.
     window.Send(WM_NULL);
 }
 

@@ -15,9 +15,8 @@
 
 namespace driver {
 
-// Each test starts with an application folder that holds nothing but what is shipped, with no
-// settings but that the tips are not wanted, and with the clock at nine o'clock of the morning of
-// Monday the 2nd of June 2031.
+// Each test starts with an application folder that holds only the shipped files. The only setting
+// is that no tips are shown. The clock starts at Monday, 2 June 2031, 9:00:00.
 class DriverTest : public testing::Test {
   protected:
     static constexpr const char* mainCaption = "Jotwright";
@@ -31,7 +30,7 @@ class DriverTest : public testing::Test {
     static constexpr const char* listClass = "SysListView32";
     static constexpr const char* toolbarClass = "ToolbarWindow32";
 
-    // Places in the editor's toolbar.
+    // Places of buttons in the editor's toolbar.
     static constexpr int toolbarSave = 0;
     static constexpr int toolbarErase = 1;
     static constexpr int toolbarHide = 3;
@@ -59,45 +58,44 @@ class DriverTest : public testing::Test {
     // Starts the program and waits for its main window.
     Window StartProgram();
     void ExitProgram();
-    // Tells all windows what Windows tells them when the user's session ends.
+    // Sends all windows the messages that Windows sends when the user's session ends.
     void EndSession() const;
-    // Visible or not; a null window where there is none.
+    // The main window, visible or not; a null window if there is none.
     Window FindMain() const;
     Window FindSplash() const;
-    // Waits until it is visible.
+    // Waits until the main window is visible.
     Window MainWindow() const;
 
-    // Sets the clock to this time, some seconds before an alarm or the like, and waits until that
-    // has come. What the program does on a second it leaves out if the machine stands still over
-    // that second, as if it had slept: if the program or this test stood still, the clock is set
-    // again.
+    // Sets the clock to this time, some seconds before an alarm or another event, and waits until
+    // hasCome is true. If the program or this test stands still in the second of the event, the
+    // program leaves the event out, as after a sleep. In that case the clock is set again.
     void LetTimeCome(const std::string& time, const std::string& what,
                      const std::function<bool()>& hasCome) const;
-    // Until a window with this caption is shown.
+    // The same for a window with this caption.
     void LetAlarmCome(const std::string& time, const std::string& caption) const;
 
     std::string NotePath(const std::string& title) const;
-    // A note file's bytes as they are to be: in one piece, without its line end.
+    // Expects the note file to hold exactly these bytes, up to its line end.
     void ExpectNote(const std::string& title, const std::string& bytes) const;
     void WriteNote(const std::string& title, const std::string& bytes) const;
     bool NoteFileIs(const std::string& title, const std::string& bytes) const;
 
     // Restores the minimized editor of a note and waits until its controls are there.
     Window OpenRestored(const std::string& title) const;
-    // Waits until the window is not minimized and all of its controls are there; one of this class
-    // is among them.
+    // Waits until the window is not minimized and has all its controls; className is the class of
+    // one of them.
     static void WaitUntilFilled(const Window& window, const std::string& className);
     // Types a title, presses Make Note, and waits for the editor.
     Window MakeNote(const Window& main, const std::string& title);
     // Presses the toolbar's Hide and waits until the window has gone.
     void HideNote(const Window& editor);
-    // Closes a window that is about to go without a question, and waits until it has gone.
+    // Closes a window that asks no question, and waits until it has gone.
     static void CloseAndWait(const Window& window);
-    // Opens each window that the main window's menu bar leads to, shows it when its controls are
-    // there, and closes it.
+    // Opens each window of the main window's menu bar, calls show when its controls are there, and
+    // closes it.
     void ForEachMenuBarWindow(const Window& main,
                               const std::function<void(const Window&)>& show) const;
-    // Presses the main window's button and waits for the list.
+    // Presses the button of the main window and waits for the list.
     Window OpenPanel(const Window& main) const;
     static Window DatePicker(const Window& editor);
     static Window TimePicker(const Window& editor);

@@ -8,13 +8,13 @@ namespace {
 constexpr COLORREF black = RGB(0, 0, 0);
 constexpr COLORREF white = RGB(255, 255, 255);
 
-constexpr int border = 4;  // of a text box, in pixels, at most
+constexpr int border = 4;  // of a text box, in pixels; the most that a system has
 
 struct Shade {
     int number;  // in the file, or in the menu
     COLORREF back;
     COLORREF text;
-    const char* saved;  // the number in the file when the note has been closed
+    const char* saved;  // the number in the file after the note was closed
 };
 
 constexpr Shade restoredShades[]{
@@ -31,7 +31,7 @@ constexpr Shade menuShades[]{
     {5, RGB(192, 192, 192), black, "6"}, {0, white, black, "1"},
 };
 
-// Whether a text box shows some text in these colours and no other.
+// Whether a text box shows text in these two colours and in no other.
 bool IsPainted(const Window& textBox, COLORREF back, COLORREF text) {
     return ComesTrue([&] {
         const Picture picture(textBox, border);
@@ -61,11 +61,11 @@ TEST_F(Editors, RestoredNotesHaveStrongColorsAndTheirAlarms) {
         const std::string title = "Note " + std::to_string(shade.number);
         const Window editor = OpenRestored(title);
         EXPECT_TRUE(IsPainted(editor.Only("Edit"), shade.back, shade.text)) << shade.number;
-        // The sound is wanted, yet no alarm is set.
+        // The check box for the sound is on, although no alarm is set.
         EXPECT_TRUE(editor.Button(audioBoxCaption).IsChecked());
         EXPECT_TRUE(editor.FindChild("Button", editorSet));
         HideNote(editor);
-        // A size that is none of the four has become the editor's own.
+        // The size in the file was none of the four, so the editor wrote its own.
         ExpectNote(title, '"' + title + "\",\"some text\",#2031-06-02#,#12:00:00#," + shade.saved +
                               ",12,\"0\",1,\"yes\"\r\n");
     }
@@ -87,7 +87,7 @@ TEST_F(Editors, TheMenuGivesEveryColorToTheText) {
         ExpectNote("Shopping", std::string("\"Shopping\",\"some text\",#2031-06-02#,#12:00:00#,") +
                                    shade.saved + ",12,\"0\",0,\"yes\"\r\n");
     }
-    // The menu opens by a double click as well, and closes without a choice.
+    // A double click opens the menu, too. It closes without a choice.
     DoubleClick(text);
     WaitUntil("a menu opens", [&] { return static_cast<bool>(program.OpenMenu()); });
     CloseMenu(program, text);
@@ -104,7 +104,7 @@ TEST_F(Editors, ARestoredNoteIsSavedWithoutAQuestionUnlessItWasToBeErased) {
     CloseAndWait(shopping);
     ExpectNote("Shopping", "\"Shopping\",\"eggs" + rest);
 
-    // One that was not erased after all is no longer saved.
+    // After Erase was cancelled, closing no longer saves the note.
     const Window rent = OpenRestored("Rent");
     rent.Only("Edit").Type("pay later");
     PressToolbar(rent.Only(toolbarClass), toolbarErase);
@@ -150,7 +150,7 @@ TEST_F(Editors, AnAlarmOfNoonRingsAndOneOfThePastDoesNot) {
     EXPECT_GE(Clock::Now(), "2031-06-02 12:00:00");
     WaitUntilFilled(lunch, "Edit");
     EXPECT_TRUE(lunch.FindChild("Button", editorSet));
-    // It wants no sound, so nothing is asked.
+    // The note wants no sound, so no box opens.
     Clock::WaitFor("2031-06-02 12:00:03");
     EXPECT_TRUE(program.Visible(alarmBox).empty());
     EXPECT_TRUE(past.IsMinimized());
@@ -160,8 +160,8 @@ TEST_F(Editors, AnAlarmOfNoonRingsAndOneOfThePastDoesNot) {
 
 class Displays : public DriverTest {
   protected:
-    // Starts the program with these notes, closes their editors, and waits for the first one's
-    // alarm, one minute past nine.
+    // Starts the program with these notes, closes their editors, and waits for the alarm of the
+    // first, which is due at 9:01.
     Window Ring(const std::vector<std::string>& titles, const std::string& rest);
 };
 
@@ -173,8 +173,8 @@ Window Displays::Ring(const std::vector<std::string>& titles, const std::string&
     for (const std::string& title : titles) {
         CloseAndWait(program.WaitFor(title));
     }
-    // Closing has written what the editor made of it, and left the panel loaded. It is loaded anew
-    // with what the files hold now.
+    // Closing an editor rewrote its file and left the panel loaded. Reload the panel, so that it
+    // reads the files as they are written here.
     CloseAndWait(OpenPanel(FindMain()));
     for (const std::string& title : titles) {
         WriteNote(title, '"' + title + "\",\"some text\",#2031-06-02#,#09:01:00#," + rest);
@@ -201,7 +201,7 @@ TEST_F(Displays, OfErasedNotesCloseWithoutAQuestion) {
     CloseAndWait(dentist);
     EXPECT_FALSE(FileExists(NotePath("Dentist")));
 
-    // The other one is there, and its menu asks.
+    // The file of the other note is there, so its display asks before it closes.
     RightClick(rent.Child("Static", "Jotwright Note"));
     ChooseFromOpenMenu(program, rent, {2});
     Box(program, displayQuestion).Press("No");

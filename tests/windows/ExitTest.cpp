@@ -10,10 +10,10 @@ constexpr const char* eraseQuestion = "Kill Note";
 
 }  // namespace
 
-// The ends of the program, from whatever it is at.
+// The ends of the program, in every state that it can be in.
 class Exits : public DriverTest {
   public:
-    // Bring the program into a state.
+    // Each of these brings the program into a state.
     void RejectATitle();
     void AskWhetherToErase();
     void RingInAnEditor();
@@ -24,15 +24,15 @@ class Exits : public DriverTest {
     void LookForASoundFile();
     void ShowThePanel();
 
-    // Answer what an exit asks in that state.
+    // Each of these answers the question that the exit asks in a state.
     void KeepDisplayedNote();
     void SaveChanges();
 
   protected:
-    // Starts the program with a note whose text is in its editor only.
+    // Starts the program with a note whose text is only in its editor.
     void Begin();
     void ExitThroughTray() const;
-    // The note of the beginning is on the disk, and nothing else was left behind.
+    // Expects the note of Begin() on the disk, and no other files.
     void ExpectSaved() const;
 
     Window main;
@@ -152,7 +152,7 @@ void Exits::SaveChanges() { Box(program, saveQuestion).Press("Yes"); }
 struct BusyState {
     const char* name;
     void (Exits::*enter)();
-    // Null where an exit asks nothing.
+    // Null if the exit asks nothing.
     void (Exits::*answer)();
 };
 
@@ -207,7 +207,7 @@ TEST_F(Exits, WhatTheUserDoesNotWantToSaveIsNotSaved) {
     ExpectSaved();
 }
 
-// Its title is no file name.
+// The title cannot be a file name.
 TEST_F(Exits, ANoteThatCannotBeSavedIsBackAtTheNextStart) {
     main = StartProgram();
     editor = MakeNote(main, "Milk?");
@@ -266,7 +266,7 @@ TEST_F(Exits, TheSessionEndsWhileAWindowIsMoved) {
     ExpectSaved();
 }
 
-// Whether the text was wanted is not known: the next start shows it, unsaved.
+// The user has not answered whether to save. The next start shows the text as unsaved.
 TEST_F(Exits, TheSessionEndsWhileTheExitAsks) {
     WriteNote(title, saved);
     main = StartProgram();
@@ -292,7 +292,7 @@ TEST_F(Exits, TheSessionEndsWhileTheProgramStarts) {
     EndSession();
     EXPECT_EQ(program.WaitForEnd(), 0U);
 
-    // A note that cannot be read is reported before the main window is there.
+    // A note that cannot be read is reported before the main window opens.
     const std::string damaged = "\"Bad\",\"x\",#2031-13-77#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
     WriteNote("Bad", damaged);
     program.Start(executable);

@@ -81,7 +81,7 @@ void RemoveFile(const std::string& path) {
 std::vector<std::string> FileNames(const std::string& folder) {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(PathOf(folder))) {
-        // The program that runs holds a lock in the folder.
+        // A running program holds a lock in the folder.
         if (entry.path().extension() != L".lock") {
             names.push_back(Narrow(entry.path().filename().wstring()));
         }

@@ -8,7 +8,7 @@
 
 namespace driver {
 
-// Any program of the same user can send any message to the windows of this one.
+// Any program of the same user can send any message to the windows of this program.
 class ForgedMessages : public DriverTest {
   protected:
     static constexpr UINT scaleChanged = 0x02E0;  // WM_DPICHANGED
@@ -16,7 +16,7 @@ class ForgedMessages : public DriverTest {
     // Addresses at which the program has no memory.
     static constexpr LPARAM nowhere[] = {0, 1, 0x7FFF0000};
 
-    // An editor with a text that no file holds.
+    // Opens an editor and types a text that no file holds.
     Window OpenEditor() {
         const Window main = StartProgram();
         const Window editor = MakeNote(main, "Dentist");
@@ -24,7 +24,7 @@ class ForgedMessages : public DriverTest {
         return editor;
     }
 
-    // The editor, all that is in it, and the other windows of the program.
+    // The editor, all its controls, and the other windows of the program.
     std::vector<Window> Targets(const Window& editor) const {
         std::vector<Window> targets = editor.Children();
         targets.push_back(editor);
@@ -135,7 +135,7 @@ TEST_F(ForgedMessages, MessagesWithBadPointers) {
     for (const Window& target : Targets(editor)) {
         for (const UINT message : messages) {
             for (const LPARAM address : nowhere) {
-                // The system refuses some of them itself.
+                // The system itself refuses some of these messages.
                 ::PostMessageW(target.handle, message, static_cast<WPARAM>(address), address);
             }
         }
@@ -154,7 +154,7 @@ TEST_F(ForgedMessages, SentToTheText) {
         ::SendNotifyMessageW(box.handle, message, 0x1234, 0x1234);
     }
     ExpectAlive(editor, "a foreign memory");
-    DoubleClick(box);  // looks for the borders of a word, then opens the menu
+    DoubleClick(box);  // calls the word-break procedure, then opens the menu
     CloseMenu(program, box);
     ExpectAlive(editor, "a double click");
     ExpectSavedAtTheEnd(editor);

@@ -28,11 +28,11 @@ bool IsPainted(const Window& window) {
 
 void WaitUntilPainted(const Window& window) {
     WaitUntil("the window is painted", [&] { return IsPainted(window); });
-    // It is on its way to the display.
+    // Give the display time to show it.
     ::Sleep(timeToPaint);
 }
 
-// Without what hangs over the edge of the screen.
+// The part of the rectangle that is on the screen.
 RECT Visible(const RECT& place) {
     const RECT screen{0, 0, ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)};
     RECT seen{};
@@ -52,13 +52,13 @@ std::string LongText() {
 
 }  // namespace
 
-// Opens every window in every state that matters and keeps a picture of it (see scripts/gallery);
-// what the windows do is tested elsewhere. Pictures are named "<group>-<what is seen>".
+// Opens every window in every state that matters and keeps a picture of it (see scripts/gallery).
+// Other tests check what the windows do. Pictures are named "<group>-<what is seen>".
 class Gallery : public DriverTest {
   protected:
     // Waits until the window has been drawn.
     static void Keep(const Window& window, const std::string& name);
-    // The window together with the menu of the right button over this control.
+    // Keeps a picture of the window with the menu of the right button over this control.
     void KeepWithMenu(const Window& window, const Window& control, const std::string& name) const;
     void KeepAndClose(const std::string& caption, const std::string& name) const;
     void KeepBox(const std::string& caption, const std::string& name,
@@ -81,7 +81,7 @@ void Gallery::Keep(const Window& window, const std::string& name) {
 
 void Gallery::KeepWithMenu(const Window& window, const Window& control,
                            const std::string& name) const {
-    // Menus open at the pointer.
+    // The menu opens at the pointer.
     const RECT area = control.Place();
     UseHands("mousemove " + std::to_string((area.left + area.right) / 2) + ' ' +
              std::to_string((area.top + area.bottom) / 2));
@@ -274,7 +274,7 @@ TEST_F(Gallery, Displays) {
     for (const std::string& color : colors) {
         const Window restored = program.WaitFor("Due " + color);
         if (color == "gray") {
-            // It came back yellow, as saved notes do.
+            // A restored note is yellow instead of gray, so choose gray again.
             ChooseFromPopup(program, OpenRestored("Due gray").Only("Edit"), {0, 5});
         }
         restored.Close();

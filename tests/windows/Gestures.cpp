@@ -25,7 +25,7 @@ void WaitForMenu(const Program& program) {
     WaitUntil("a menu opens", [&] { return static_cast<bool>(program.OpenMenu()); });
 }
 
-// The first entry has been selected already.
+// Chooses the rest of the path, from this level on. The first entry of the menu must be selected.
 void Walk(const Window& receiver, const MenuPath& path, std::size_t from) {
     for (std::size_t level = from; level < path.size(); ++level) {
         if (level > from) {
@@ -42,7 +42,7 @@ void WaitUntilMenuIsGone(const Program& program) {
     WaitUntil("the menu closes", [&] { return !program.OpenMenu(); });
 }
 
-// On the text of the row's first column.
+// A point on the text of the row's first column.
 LPARAM PlaceInRow(const Window& list, int row) {
     RECT wanted{};
     wanted.left = LVIR_LABEL;
@@ -52,9 +52,9 @@ LPARAM PlaceInRow(const Window& list, int row) {
     return MAKELPARAM(label.left + 10, (label.top + label.bottom) / 2);
 }
 
-// Clicks the picker's first field, types the fields one after the other and waits until they are
-// picked. A picker without the focus takes no characters: if it loses the focus before, all is
-// typed again.
+// Clicks the first field of the picker, types the fields one after the other and waits until the
+// values are picked. A picker without the focus takes no characters: if it loses the focus,
+// everything is typed again.
 void TypeFields(const Window& picker, const std::vector<std::string>& fields,
                 const std::string& what, const std::function<bool()>& arePicked) {
     if (!picker.IsVisible() || !picker.IsEnabled()) {

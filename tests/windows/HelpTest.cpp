@@ -11,7 +11,7 @@ using forms::win32::Wide;
 
 namespace {
 
-// The program's help file as the system's viewer has it open.
+// The window of the system's viewer with the program's help file.
 Window HelpWindow() { return Window(::FindWindowW(nullptr, L"Jotwright Help")); }
 
 void ExpectHelpAndCloseIt() {
@@ -21,7 +21,7 @@ void ExpectHelpAndCloseIt() {
     WaitUntil("the help has gone", [&] { return !help.Exists(); });
 }
 
-// Of whatever process.
+// The window with this caption, if it belongs to a process of this executable.
 Window WindowOfProgram(const std::string& caption, const std::string& executable) {
     const Window found(::FindWindowW(nullptr, Wide(caption).c_str()));
     DWORD process = 0;
@@ -63,7 +63,7 @@ TEST_F(Help, TheShippedShortcutStartsTheProgram) {
     const HINSTANCE result =
         ::ShellExecuteW(nullptr, L"open", Wide(shortcut).c_str(), nullptr, L"C:\\", SW_SHOWNORMAL);
     EXPECT_GT(reinterpret_cast<INT_PTR>(result), 32);
-    // The splash has the same caption, but no menu.
+    // The splash has the same caption, but no menu bar.
     Window main;
     WaitUntil("the main window is shown", [&] {
         main = WindowOfProgram(mainCaption, executable);

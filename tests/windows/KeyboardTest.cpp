@@ -7,17 +7,18 @@
 
 namespace driver {
 
-// The windows under true key strokes, without a mouse.
+// Works the windows by real key strokes, without a mouse.
 class Keyboard : public DriverTest {
   protected:
-    // Waits until keys go to this window.
+    // Waits until the window receives keys.
     static void WaitForKeyboard(const Window& window);
-    // The next key is not pressed before the focus has moved on.
+    // Presses Tab and waits until the focus has moved.
     static void PressTab(const Window& window);
-    // Goes round with the Tab key and back to where it began: reaches everything, as one reads.
+    // Presses Tab until the focus is back at the start. Expects that it reaches all controls in
+    // reading order.
     static void ExpectTabRound(const Window& window);
-    // Presses keys until they have had their effect. If the machine is busy, Wine may let go a key
-    // such as Alt when the focus arrives, in the middle of what is pressed.
+    // Presses keys until they have had their effect. On a busy machine, Wine may release a key such
+    // as Alt when the focus arrives in the middle of a combination.
     static void PressUntil(const std::string& what, const std::vector<WORD>& keys,
                            const std::function<bool()>& effect);
     void ExpectMenuBy(const std::vector<WORD>& keys, const Window& window) const;
@@ -37,7 +38,7 @@ bool IsInteractive(const Window& control) {
     return control.IsVisible() && control.IsEnabled() && name != "Static" && !isFrame;
 }
 
-// Up or to the left, as nobody reads.
+// Whether the step goes up or to the left, against the reading order.
 bool GoesBack(const Window& from, const Window& to) {
     const RECT before = from.Place();
     const RECT next = to.Place();
@@ -74,7 +75,7 @@ void Keyboard::ExpectTabRound(const Window& window) {
     }
     EXPECT_LE(round.size(), most) << "the Tab key never comes back in " << window.Description();
     for (const Window& control : window.Children()) {
-        // Of a group of option buttons it reaches one; the arrow keys go to the others.
+        // Tab reaches one option button of a group; the arrow keys reach the others.
         if (IsInteractive(control) && !IsOptionButton(control)) {
             EXPECT_EQ(std::count(round.begin(), round.end(), control), 1)
                 << control.Description() << " in " << window.Description();
@@ -135,7 +136,7 @@ TEST_F(Keyboard, TheMainWindowsAccessKeysOpenTheToolsAndEscapeClosesThem) {
         ExpectTabRound(tool);
         CloseByEscape(tool);
     }
-    // Two captions have this key: it leads from the one to the other, with Alt and without.
+    // Two captions share this key. It moves the focus between them, with Alt and without.
     WaitForKeyboard(main);
     PressUntil("the focus moves", {VK_MENU, 'C'},
                [&] { return main.Button("Start CooKoo &Clock").HasFocus(); });
@@ -161,7 +162,7 @@ TEST_F(Keyboard, TheMenuBarOpensTheOtherWindows) {
     };
     for (const auto& [keys, caption] : entries) {
         WaitForKeyboard(main);
-        // A menu that just opens takes no key: after a pause that was too short, once more.
+        // A menu that is just opening ignores keys. If the pause was too short, try again.
         WaitUntil(std::string("the menu leads to ") + caption, [&] {
             main.Post(WM_CANCELMODE);
             WaitUntil("no menu is open", [&] { return !program.OpenMenu(); });

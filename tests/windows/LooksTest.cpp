@@ -14,7 +14,7 @@
 
 namespace driver {
 
-// Where windows open and what their title bars offer; how they look is seen in the gallery.
+// Places and title bars of windows. The gallery shows their looks.
 class Looks : public DriverTest {};
 
 namespace {
@@ -25,8 +25,8 @@ bool IsOnScreen(const Window& window) {
            place.bottom <= ::GetSystemMetrics(SM_CYSCREEN);
 }
 
-// How much of the small icon in the title bar is the same in both windows, 0 to 1. The icon itself
-// cannot be asked for: another program's is not told.
+// The share of the small icon in the title bar that is equal in both windows, 0 to 1. Compares
+// pixels, because the icon of another program's window cannot be read.
 double SameIcon(const Picture& a, const Picture& b) {
     constexpr int left = 4;
     constexpr int top = 4;
@@ -47,7 +47,7 @@ Picture PictureOf(const Window& window) {
     return Picture(window);
 }
 
-// With its title bar drawn, whose icon has some colours.
+// Waits until the title bar is drawn: its icon then has several colours.
 Picture PictureWithIcon(const Window& window) {
     std::optional<Picture> picture;
     WaitUntil("the icon is drawn", [&] {
@@ -109,15 +109,14 @@ TEST_F(Looks, EveryWindowHasAnIconAndNoneOfFixedSizeCanBeMaximised) {
 
 namespace {
 
-// What the system says when a window has come to a monitor of another scale; place: where it is
-// to be there.
+// Sends the message of a move to a monitor with another scale. place: the new place of the window.
 void ChangeScale(const Window& window, int dpi, const RECT& place) {
     const Remote<RECT> suggested(window, place);
     window.Send(0x02E0, MAKEWPARAM(dpi, dpi), suggested.Parameter());  // WM_DPICHANGED
 }
 
-// Where the text in a window begins, from the top of the screen; edge: how many pixels of the
-// window's edge are no text. Nothing while none is drawn.
+// The top of the text in a window, in screen coordinates; nothing if no text is drawn. edge: the
+// width of the border, in pixels, that is left out.
 std::optional<int> TopOfText(const Window& window, int edge) {
     const Picture picture(window, edge);
     for (int y = 0; y < picture.Height(); ++y) {
@@ -173,7 +172,7 @@ TEST_F(Looks, WhatIsTypedStandsBesideItsLabelAtAnyScale) {
         ChangeScale(window, dpi,
                     {0, 20, (first.right - first.left) * dpi / 96,
                      20 + (first.bottom - first.top) * dpi / 96});
-        // When both are drawn.
+        // Wait until both texts are drawn.
         EXPECT_TRUE(ComesTrue([&] {
             const std::optional<int> wanted = TopOfText(label, 0);
             if (!wanted) {
@@ -195,7 +194,7 @@ TEST_F(Looks, WhatIsTypedStandsBesideItsLabelAtAnyScale) {
 
 namespace {
 
-// The user's message font as long as this lives, for programs that start meanwhile.
+// Makes the user's message font italic while the object exists, for programs that start meanwhile.
 class SlantedMessageFont {
   public:
     SlantedMessageFont() {
@@ -218,7 +217,7 @@ class SlantedMessageFont {
     NONCLIENTMETRICSW before{};
 };
 
-// From the first to the last column with a dark pixel in it.
+// The number of columns from the first to the last one that has a dark pixel.
 int DarkWidth(const std::function<COLORREF(int, int)>& at, const RECT& area) {
     int first = area.right;
     int last = area.right - 1;
@@ -233,7 +232,7 @@ int DarkWidth(const std::function<COLORREF(int, int)>& at, const RECT& area) {
     return last - first + 1;
 }
 
-// Of a text in the message font that nothing cuts off.
+// The width of a text in the message font, drawn with enough room.
 int WholeWidth(const wchar_t* text, int dpi, COLORREF background) {
     constexpr int width = 1000;
     constexpr int height = 200;
@@ -258,7 +257,7 @@ int WholeWidth(const wchar_t* text, int dpi, COLORREF background) {
 
 }  // namespace
 
-// Letters may reach beyond the width that the font tells of a text, slanted ones more than others.
+// Letters may extend beyond the width that the font reports, above all slanted letters.
 TEST_F(Looks, CaptionsOfFramesAreWhole) {
     const SlantedMessageFont slanted;
     const Window main = StartProgram();
@@ -269,7 +268,7 @@ TEST_F(Looks, CaptionsOfFramesAreWhole) {
             const Picture picture = PictureOf(main);
             const RECT frame = main.Button("Note Center").Place();
             const int lineHeight = -forms::win32::MessageFont(dpi).lfHeight;
-            // Without the border's own columns.
+            // Leave out the columns of the border.
             const RECT caption{frame.left + 4, frame.top, frame.right - 4, frame.top + lineHeight};
             return DarkWidth([&](int x, int y) { return picture.At(x, y); }, caption) ==
                    WholeWidth(L"Note Center", dpi, picture.At(caption.right, caption.bottom));
@@ -279,7 +278,7 @@ TEST_F(Looks, CaptionsOfFramesAreWhole) {
     ExitProgram();
 }
 
-// The two lines above the text of an alarm display.
+// Measures the two lines above the text of an alarm display.
 TEST_F(Looks, LinesAreAsThickAsTheScaleAsks) {
     WriteNote("Due",
               "\"Due\",\"Take the cake out\",#2031-06-02#,#09:01:00#,1,12,\"1\",0,\"yes\"\r\n");

@@ -60,7 +60,7 @@ TEST_F(Notes, ANoteComesBackMinimizedWithAllThatWasSaved) {
         editor.Button(audioBoxCaption).Click();
         editor.Button(editorSet).Click();
     }
-    // The open note is saved by the end of the program.
+    // The end of the program saves the open note.
     ExitProgram();
     const auto bytes = WholeFile(NotePath("Dentist"));
     ASSERT_TRUE(bytes);
@@ -182,7 +182,7 @@ TEST_F(Notes, WhatWasTypedComesBackWhenTheProgramWasKilled) {
     editor.Only("Edit").Type("milk, eggs and bread");
     const std::string written =
         "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
-    // The copy itself: while it is written, its text is in a temporary file already.
+    // Look at the copy itself. While it is written, its text is already in a temporary file.
     EXPECT_TRUE(ComesTrue([&] {
         return WholeFile(folder + "\\Notes\\~Shopping.recovery")
                    .value_or("")

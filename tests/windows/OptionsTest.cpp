@@ -23,7 +23,7 @@ int HeightOf(const Window& window) {
     return place.bottom - place.top;
 }
 
-// The version of Windows that one program is told, as long as this object lives.
+// Makes Wine report this version of Windows to the program while the object exists.
 class ToldWindowsVersion {
   public:
     explicit ToldWindowsVersion(const std::wstring& version) {
@@ -47,11 +47,11 @@ class Options : public DriverTest {
   protected:
     void SetUp() override {
         DriverTest::SetUp();
-        ToldWindowsVersion::Forget();  // left by a run that was killed
+        ToldWindowsVersion::Forget();  // a killed run may have left it
     }
 
     Window OpenOptions(const Window& main) const;
-    // Checks or unchecks a box or chooses an option.
+    // Clicks a check box or an option button.
     static void Press(const Window& options, const std::string& button);
     void Apply(const Window& options) const;
     static void ExpectSettings(const std::string& color, const std::string& fontSize,
@@ -118,7 +118,7 @@ TEST_F(Options, ApplyWritesAllAndCancelNothing) {
     EXPECT_TRUE(options.Button("14 point").IsChecked());
     EXPECT_TRUE(options.Button(onTop).IsChecked());
     EXPECT_FALSE(options.Button(loops).IsChecked());
-    // Closing it is no applying either.
+    // Closing the window does not apply the options, either.
     Press(options, "Gray");
     CloseAndWait(options);
     EXPECT_EQ(Setting("Options", "DefaultColor"), "4");
@@ -228,7 +228,7 @@ TEST_F(StartupLink, IsMadeOnceAndDeleted) {
     EXPECT_EQ(Setting("Options", "IsService"), "1");
     EXPECT_EQ(WholeFile(link), WholeFile(folder + "\\Shortcut To Jotwright.lnk"));
 
-    // One that is there is left as it is.
+    // An existing link is left unchanged.
     WriteWholeFile(link, "the user's own");
     options = OpenOptions(main);
     EXPECT_TRUE(options.Button(startWithWindows).IsChecked());

@@ -11,19 +11,19 @@
 
 namespace driver {
 
-// What the screen shows of a window.
+// The pixels of a window on the screen.
 class Picture {
   public:
-    // margin: how many pixels are left out on each side.
+    // margin: the number of pixels to leave out on each side.
     explicit Picture(const Window& window, int margin = 0);
 
     int Width() const { return width; }
     int Height() const { return height; }
     COLORREF At(int x, int y) const;
-    // How much of the picture has exactly this colour, 0 to 1.
+    // The share of pixels with exactly this colour, 0 to 1.
     double Share(COLORREF color) const;
-    // Whether a square of this picture is the picture in this file, drawn where nothing but one
-    // colour was. A pixel aside is taken.
+    // Whether a square of this picture shows the picture in this file, drawn on a background of one
+    // colour. The place may be off by one pixel.
     bool Shows(const std::string& path, POINT place, int size) const;
 
   private:

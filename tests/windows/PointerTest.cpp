@@ -8,7 +8,7 @@ namespace driver {
 
 namespace {
 
-// Of the display that the test runs on.
+// The scale of the display, in dots per inch.
 int Dpi() {
     HDC screen = ::GetDC(nullptr);
     const int dpi = ::GetDeviceCaps(screen, LOGPIXELSX);
@@ -16,19 +16,19 @@ int Dpi() {
     return dpi;
 }
 
-// A pixel of the screen in this column of 96 dpi.
+// The screen pixel of a column at 96 dpi.
 int PixelOfColumn(int column) { return (column * Dpi() + 95) / 96; }
 
 }  // namespace
 
-// Moves of the real pointer over windows whose mouse-move handlers take messages of the
-// notification area, too. Runs at every scale, see cmake/Checks.cmake.
+// Moves the real pointer over windows whose mouse-move handlers also take messages of the
+// notification area. Runs at every scale; see cmake/Checks.cmake.
 class Pointer : public DriverTest {
   protected:
-    // Else the system would tell this program pixels of 96 dpi.
+    // Otherwise the system would give this program coordinates at 96 dpi.
     Pointer() { ::SetProcessDPIAware(); }
 
-    // x and y in pixels from the corner of the window's inside.
+    // x and y in pixels from the corner of the client area.
     static void MoveTo(const Window& window, int x, int y) {
         const POINT origin = window.ClientOrigin();
         const POINT place{origin.x + x, origin.y + y};
@@ -39,7 +39,7 @@ class Pointer : public DriverTest {
         });
     }
 
-    // The timer's window in the corner of the screen, with the keyboard.
+    // Opens the timer's window in the corner of the screen and gives it the keyboard.
     Window OpenTimer(const Window& main) {
         main.Button("&Timer").Click();
         const Window timer = program.WaitFor("Novelty Timer");
@@ -56,7 +56,7 @@ class Pointer : public DriverTest {
         });
     }
 
-    // A real key comes to the program after the moves that were made before it. The timer gets it
+    // A real key reaches the program after all earlier moves of the pointer. The timer gets the key
     // only if it kept the keyboard and no menu is open.
     static void ExpectTimerHasKeyboard(const Window& timer, const std::string& typed) {
         UseHands("key " + typed.substr(typed.size() - 1));
@@ -74,7 +74,7 @@ class Pointer : public DriverTest {
 TEST_F(Pointer, MovesOverTheMainWindowAreNoTrayMessages) {
     const Window main = StartProgram();
     const Window timer = OpenTimer(main);
-    // The topmost rows of the window are background from edge to edge.
+    // The topmost rows of the window have no controls.
     constexpr int row = 5;
     MoveTo(main, 400, row);
     for (const int column : {480, 481, 483, 512, 513, 514, 515, 516, 517, 518, 519}) {
@@ -105,7 +105,7 @@ TEST_F(Pointer, MovesWithTheButtonDownAlongTheTopAreNoTrayMessages) {
     BringUp(timer);
     ExpectTimerHasKeyboard(timer, "7");
     EXPECT_FALSE(program.OpenMenu());
-    // The button that opened the timer has kept the main window's focus.
+    // In the main window, the button that opened the timer still has the focus.
     BringUp(main);
     WaitUntil("the main window has its focus back", [&] { return main.Focus() != main; });
     EXPECT_EQ(main.Focus(), main.Button("&Timer")) << main.Focus().Description();
@@ -121,7 +121,7 @@ TEST_F(Pointer, TheEditorAnswersAtTheColumnsOf96Dpi) {
     const RECT beside = timer.Place();
     ::SetWindowPos(note.handle, nullptr, beside.right, 0, 600 * Dpi() / 96, 600 * Dpi() / 96,
                    SWP_NOZORDER | SWP_NOACTIVATE);
-    // Above the toolbar.
+    // A row above the toolbar.
     constexpr int row = 1;
     const auto moveTo = [&](int column) { MoveTo(note, PixelOfColumn(column), row); };
 

@@ -17,7 +17,7 @@ namespace {
 wchar_t printerName[] = L"Test printer";
 wchar_t driverName[] = L"Test printer driver";
 
-// The least that the system's driver for PostScript asks of a description.
+// The smallest printer description that the system's PostScript driver accepts.
 constexpr const char* description =
     "*PPD-Adobe: \"4.3\"\n"
     "*FormatVersion: \"4.3\"\n"
@@ -52,7 +52,7 @@ constexpr const char* description =
 
 std::string PrintFile() { return Variable("JOTWRIGHT_PRINT_FILE"); }
 
-// Lines without the blanks around them; empty ones are left out.
+// The lines of the text without blanks around them and without empty lines.
 std::string Words(const std::string& text) {
     std::istringstream lines(text);
     std::string words;
@@ -73,7 +73,7 @@ Printer::Printer() {
     WriteWholeFile(file, description);
     RemoveFile(UnixPath(PrintFile()));
     std::wstring data = forms::win32::Wide(file);
-    // Programs are served by drivers of their own kind.
+    // A 32-bit program needs a 32-bit driver.
     std::wstring environment = sizeof(void*) == 8 ? L"Windows x64" : L"Windows NT x86";
     wchar_t code[] = L"wineps.drv";
     DRIVER_INFO_3W printerDriver{};

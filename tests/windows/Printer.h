@@ -4,8 +4,8 @@
 
 namespace driver {
 
-// A printer of the system, the default one as long as this object lives. What it prints is kept as
-// the host's print file.
+// Adds a printer to the system and makes it the default one while the object exists. Its output is
+// kept in the host's print file.
 class Printer {
   public:
     Printer();
@@ -13,7 +13,7 @@ class Printer {
     Printer(const Printer&) = delete;
     Printer& operator=(const Printer&) = delete;
 
-    // Waits for a page, and tells the words on it, line by line, without empty lines and the blanks
+    // Waits for a page, and returns its words line by line, without empty lines and without blanks
     // around a line.
     static std::string WaitForPage();
 };

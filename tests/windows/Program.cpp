@@ -37,7 +37,7 @@ BOOL CALLBACK CountOne(HWND /*window*/, LPARAM data) {
     return TRUE;
 }
 
-// As the system lists the handles of all processes.
+// The structures of the system's list of all handles.
 struct HandleEntry {
     void* object;
     ULONG_PTR process;
@@ -56,7 +56,7 @@ struct HandleList {
 constexpr ULONG listOfHandles = 64;
 using QuerySystem = LONG(WINAPI*)(ULONG information, void* memory, ULONG size, ULONG* needed);
 
-// GetProcessHandleCount would tell it sooner, but not everywhere.
+// GetProcessHandleCount would be simpler, but does not work on every system.
 std::size_t CountHandles(DWORD process) {
     const auto query = reinterpret_cast<QuerySystem>(reinterpret_cast<void*>(
         ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation")));

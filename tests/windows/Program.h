@@ -10,20 +10,20 @@
 
 namespace driver {
 
-// What a process holds at a moment. Where the system does not tell a number, it is 0.
+// The objects of a process at one moment. A number that the system does not report is 0.
 struct Objects {
     std::size_t windows = 0;   // top-level ones, hidden ones included
-    std::size_t children = 0;  // and all in them
-    std::size_t handles = 0;   // of files, events, threads and the like
+    std::size_t children = 0;  // all windows inside them
+    std::size_t handles = 0;   // of files, events, threads and others
     std::size_t gdi = 0;
     std::size_t user = 0;
 
-    // As many windows, and no more of the rest.
+    // Whether there are exactly as many windows, and no more objects of the other kinds.
     bool AreNoMoreThan(const Objects& before) const;
     std::string Text() const;
 };
 
-// One running copy of the program under test. Killed with this object, unless it has ended.
+// One running copy of the program under test. The destructor kills it if it still runs.
 class Program {
   public:
     Program() = default;
@@ -31,25 +31,26 @@ class Program {
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    // path: of the executable. Failure where it does not start.
+    // path: the executable. Raises Failure if it does not start.
     void Start(const std::string& path, const std::string& arguments = "");
     bool Runs() const;
-    // Waits for the end; the exit code.
+    // Waits for the end of the program and returns the exit code.
     DWORD WaitForEnd();
     void Kill();
 
-    // Top-level windows, those on top first, hidden ones included.
+    // All top-level windows, the topmost first, including hidden ones.
     std::vector<Window> Windows() const;
-    // Visible top-level windows with this caption and class (any, where it is empty).
+    // Visible top-level windows with this caption and this class; an empty class matches any.
     std::vector<Window> Visible(const std::string& caption,
                                 const std::string& className = "") const;
-    // Waits for a visible one.
+    // Waits for such a window.
     Window WaitFor(const std::string& caption, const std::string& className = "") const;
     void WaitUntilGone(const std::string& caption) const;
     Objects CountObjects() const;
-    // Memory that is the program's own, in kilobytes; 0 where the system does not tell.
+    // The memory that belongs to the program alone, in kilobytes; 0 if the system does not report
+    // it.
     std::size_t PrivateKilobytes() const;
-    // A menu that is open; a null window where none is.
+    // The open menu; a null window if there is none.
     Window OpenMenu() const;
     std::string Description() const;
 
@@ -60,14 +61,14 @@ class Program {
     DWORD id = 0;
 };
 
-// A box of the system: its text, and the buttons by their captions without access keys.
+// A message box: its text, and its buttons by their captions without access keys.
 class Box {
   public:
-    // Waits for it.
+    // Waits for the box.
     Box(const Program& boxProgram, const std::string& caption);
 
     std::string Text() const;
-    // Presses a button and waits until the box has gone.
+    // Presses a button and waits until the box has closed.
     void Press(const std::string& button) const;
 
     Window window;

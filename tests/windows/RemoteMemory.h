@@ -8,7 +8,7 @@
 
 namespace driver {
 
-// Memory in the process of a window, for messages whose parameters are pointers.
+// Memory in the process of a window, for messages with pointers as parameters.
 class RemoteMemory {
   public:
     RemoteMemory(const Window& window, std::size_t size);
@@ -26,7 +26,7 @@ class RemoteMemory {
     void* address = nullptr;
 };
 
-// One value of a plain type.
+// One value of a trivially copyable type.
 template <typename T>
 class Remote : public RemoteMemory {
   public:

@@ -4,10 +4,10 @@
 
 namespace driver {
 
-// What Windows tells its programs: another shell, other monitors, another time.
+// Broadcasts of Windows: a new shell, a change of monitors, a change of the time.
 class Shell : public DriverTest {
   protected:
-    // The hidden window that hears it.
+    // The hidden window that receives them.
     Window Utility() const;
     static RECT WorkArea();
     static bool IsInWorkArea(const Window& window);
@@ -50,7 +50,7 @@ void Shell::MoveTo(const Window& window, int x, int y) {
 TEST_F(Shell, TheIconComesBackWithANewShell) {
     const Window main = StartProgram();
     ASSERT_TRUE(tray::HasIcon(main));
-    // As the new shell has it.
+    // The program's icon in the data of the shell. Remove it, as the end of a shell does.
     NOTIFYICONDATAW icon{};
     icon.cbSize = sizeof icon;
     icon.hWnd = main.handle;
@@ -88,7 +88,7 @@ TEST_F(Shell, WindowsComeBackFromAMonitorThatHasGone) {
     ::GetWindowPlacement(minimized.handle, &placement);
     ::OffsetRect(&placement.rcNormalPosition, 5000, 0);
     ::SetWindowPlacement(minimized.handle, &placement);
-    // Half out of the screen, but within reach: the user may want it there.
+    // The window is partly off the screen, but within reach. The user may have put it there.
     MoveTo(main, work.right - 300, 200);
     const RECT mainPlace = main.Place();
     EXPECT_FALSE(IsInWorkArea(editor));
@@ -116,7 +116,7 @@ TEST_F(Shell, AlarmsGoByTheClockOnTheWallAfterEveryChange) {
     StartProgram();
     const Window editor = program.WaitFor("Dentist");
     ASSERT_TRUE(editor.IsMinimized());
-    // Forward past the alarm, as after a sleep, and back again: what was passed over is not due.
+    // Past the alarm, as after a sleep, and back again. An alarm that was passed over is not due.
     Clock::Set("2031-06-02 12:30:00");
     Utility().Post(WM_POWERBROADCAST, PBT_APMSUSPEND);
     Utility().Post(WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC);
@@ -124,7 +124,7 @@ TEST_F(Shell, AlarmsGoByTheClockOnTheWallAfterEveryChange) {
     Utility().Post(WM_TIMECHANGE);
     ::Sleep(1500);
     EXPECT_TRUE(editor.IsMinimized());
-    // As at the end of summer time.
+    // The same time comes again, as at the end of summer time.
     LetTimeCome("2031-06-02 11:29:57", "the note is brought up",
                 [&] { return !editor.IsMinimized(); });
     ExitProgram();

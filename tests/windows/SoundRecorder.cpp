@@ -19,9 +19,10 @@ constexpr std::uint64_t headerSize = 44;
 constexpr std::uint64_t rate = 8000;
 constexpr std::size_t block = 800;  // a tenth of a second
 constexpr double loud = 300;        // of 32768
-// On a busy machine the sound stops for a while now and then.
+// Three seconds: on a busy machine, a sound may pause for a while.
 constexpr std::uint64_t restful = rate * 3;
-// Enough to tell the sounds apart: the cuckoo's second call, the pips of the clock.
+// Long enough to tell the sounds apart: it covers the cuckoo's second call and the pips of the
+// clock.
 constexpr std::uint64_t longEnough = rate * 7 / 10;
 
 struct Band {
@@ -30,7 +31,7 @@ struct Band {
     const char* sound;
 };
 
-// Only one sound has its strongest component in each band.
+// Each band contains the strongest component of exactly one sound.
 constexpr std::array bands{
     Band{150, 300, "Alarm buzzer.wav"},  Band{500, 850, "Cuckoo clock.wav"},
     Band{1000, 1700, "Alert chime.wav"}, Band{1900, 2200, "Alarm clock.wav"},
@@ -39,7 +40,7 @@ constexpr std::array bands{
 
 bool IsLoud(double sample) { return std::abs(sample) > loud; }
 
-// The power of one frequency in a block, weighted so that its neighbours hardly count.
+// The power of one frequency in a block. A window function suppresses its neighbours.
 double Power(const double* samples, double frequency) {
     const double step = 2 * std::numbers::pi * frequency / static_cast<double>(rate);
     double real = 0;

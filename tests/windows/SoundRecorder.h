@@ -6,24 +6,24 @@
 
 namespace driver {
 
-// Listens to what the sound device is given.
+// Analyses the output to the sound device.
 class SoundRecorder {
   public:
     SoundRecorder();
 
-    // A moment, as the number of samples recorded so far.
+    // The present moment, as the number of samples recorded so far.
     std::uint64_t Now() const;
-    // Waits until something has sounded since then, and tells which of the program's sounds it is,
-    // by its file's name. Failure when all stays silent.
+    // Waits for a sound after this moment. Returns which of the program's sounds it is, by the name
+    // of its file. Raises Failure if there is only silence.
     std::string WaitForSound(std::uint64_t since) const;
-    // Waits until nothing has sounded for three seconds that began after this call.
+    // Waits for three seconds of silence that begin after this call.
     void WaitForSilence() const;
-    // For how many seconds something has sounded since then, without the pauses. A busy machine
-    // makes pauses longer and puts pauses into sounds, but plays no more and no less.
+    // The seconds of sound since this moment, without the pauses. On a busy machine pauses become
+    // longer, and sounds get pauses, but the amount of sound stays the same.
     double SoundingSeconds(std::uint64_t since) const;
-    // The same of a sound file (16 bits, one channel), played once.
+    // The seconds of sound in a sound file (16 bits, one channel), played once.
     static double SoundingSecondsOf(const std::string& wave);
-    // Whether something has sounded since then.
+    // Whether there was any sound since this moment.
     bool HasSounded(std::uint64_t since) const;
 
   private:

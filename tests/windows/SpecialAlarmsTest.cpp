@@ -20,7 +20,7 @@ constexpr std::size_t rowCount = 7;
 constexpr int tuesday = 1;
 constexpr int friday = 4;
 
-// From the top of the window downwards.
+// The controls of a column, from top to bottom.
 std::vector<Window> Column(std::vector<Window> cells) {
     std::sort(cells.begin(), cells.end(),
               [](const Window& a, const Window& b) { return a.Place().top < b.Place().top; });
@@ -43,7 +43,7 @@ class SpecialAlarms : public DriverTest {
     static void Enable(const Window& checkBox, bool enable);
     // Sets a row to 10:30 of this day and enables it.
     static void Fill(const Rows& rows, std::size_t row, int day);
-    // Waits until the changes can be saved, and presses the button.
+    // Waits until Save is enabled, and presses it.
     static void Save(const Window& window);
     void Close(const Window& window) const;
     void ExpectIdentical(int first, int second) const;
@@ -121,7 +121,7 @@ TEST_F(SpecialAlarms, OfEnabledRowsNoTwoMayBeIdentical) {
     ExpectIdentical(2, 5);
     EXPECT_FALSE(FileExists(Path()));
 
-    // The last row is found as well, and named last.
+    // The last row is compared, too, and is named second.
     Enable(rows.enabled[4], false);
     Fill(rows, 6, friday);
     Fill(rows, 2, friday);
@@ -129,7 +129,7 @@ TEST_F(SpecialAlarms, OfEnabledRowsNoTwoMayBeIdentical) {
     ExpectIdentical(3, 7);
     EXPECT_FALSE(FileExists(Path()));
 
-    // A disabled row takes no part.
+    // A disabled row may equal another row.
     Enable(rows.enabled[2], false);
     rows.messages[4].Type("Say \"hello\", then go");
     rows.messages[6].Type("5 \xE2\x82\xAC for the caf\xC3\xA9");
@@ -141,7 +141,7 @@ TEST_F(SpecialAlarms, OfEnabledRowsNoTwoMayBeIdentical) {
                               "\"Friday\",#10:30:00#,\"5 \x80 for the caf\xE9\",1\r\n";
     EXPECT_EQ(WholeFile(Path()).value_or("(no file)"), saved);
 
-    // What was saved is shown again; what is changed and not saved is forgotten.
+    // The window opens with the saved rows; changes that were not saved are lost.
     window = Open(main);
     EXPECT_FALSE(window.Button("&Save").IsEnabled());
     rows = RowsOf(window);
@@ -195,7 +195,7 @@ TEST_F(SpecialAlarms, RowsOfOneSecondComeOneAfterTheOther) {
         const Box box(program, alarmCaption);
         EXPECT_GE(Clock::Now(), "2031-06-02 09:01:00");
         EXPECT_EQ(box.Text(), std::string(heading) + "No Special Message");
-        // The sound is 1.6 seconds long: it loops.
+        // The sound lasts 1.6 seconds, so it loops.
         Clock::WaitFor("2031-06-02 09:01:04");
         EXPECT_EQ(recorder.WaitForSound(recorder.Now()), "Alarm buzzer.wav");
         box.Press("OK");
@@ -210,13 +210,13 @@ TEST_F(SpecialAlarms, RowsOfOneSecondComeOneAfterTheOther) {
     ExpectNoBox();
     EXPECT_EQ(WholeFile(Path()).value_or("(no file)"), saved);
 
-    // The message that stood in for the empty one is in neither the window nor the file, and what
-    // is saved rings without a new start.
+    // The box for a row without a message showed a default text. That text is in neither the window
+    // nor the file. Rows that are saved ring without a restart of the program.
     const Window window = Open(main);
     const Rows rows = RowsOf(window);
     EXPECT_EQ(rows.messages[0].Text(), "");
     Enable(rows.enabled[0], false);
-    Enable(rows.enabled[3], false);  // as the window shows it, identical to the one with a date
+    Enable(rows.enabled[3], false);  // the window shows it as identical to the row with a date
     PickTime(rows.times[6], 9, 2);
     Enable(rows.enabled[6], true);
     Save(window);

@@ -13,7 +13,7 @@ TEST_F(StartUp, TheFirstStartMakesTheFolderAndShowsSplashMainWindowAndTips) {
     ULONGLONG startTime = 0;
     Window splash;
     WaitUntil("the splash is shown before the main window", [&] {
-        // It is short: a test that stood still has missed it, and starts the program again.
+        // The splash is short. If this test stood still and missed it, start the program again.
         if (!program.Runs() || mainIsShown()) {
             startTime = ::GetTickCount64();
             program.Start(executable);
@@ -25,7 +25,7 @@ TEST_F(StartUp, TheFirstStartMakesTheFolderAndShowsSplashMainWindowAndTips) {
     EXPECT_FALSE(FolderExists(folder + "\\SpecialAlarms"));
 
     const Window main = MainWindow();
-    // The splash stays for two ticks of half a second.
+    // The splash stays open for two ticks of half a second.
     EXPECT_GT(::GetTickCount64() - startTime, 900U);
     EXPECT_TRUE(main.HasTitleBar());
 
@@ -61,7 +61,7 @@ TEST_F(StartUp, ASecondCopySaysSoAndChangesNothing) {
     WriteNote("Dentist", bytes);
     const Window main = StartProgram();
     const Window editor = program.WaitFor("Dentist");
-    // But for the tip that comes where the pointer happens to rest.
+    // Leave out tool tips: one may open if the pointer happens to rest on a control.
     const auto visibleWindows = [](const Program& copy) {
         const auto windows = copy.Windows();
         return std::count_if(windows.begin(), windows.end(), [](const Window& window) {

@@ -8,7 +8,7 @@ class StopWatch : public DriverTest {
     inline static const MenuPath barClear{0, 1};
 
     Window Open(const Window& main) const;
-    // Up to the moment when it can be saved; the time that the watch shows.
+    // Starts the watch and stops it at atLeast or later. Returns the time that it shows.
     static std::string Run(const Window& watch, const std::string& atLeast);
     static std::string Shown(const Window& watch);
     static void WaitUntilItShows(const Window& watch, const std::string& atLeast);
@@ -73,7 +73,7 @@ TEST_F(StopWatch, RunsAreSavedOnceAndListedTheNewestFirst) {
     const std::string first = Run(watch, "00:00:01");
     watch.Button("Sa&ve").Click();
     WaitForRows(watch, 1);
-    // Neither the button nor the menu saves it again.
+    // Neither the button nor the menu saves the run a second time.
     watch.Button("Sa&ve").Post(BM_CLICK);
     ChooseFromMenuBar(program, watch, barSave);
     WaitForRows(watch, 1);

@@ -6,7 +6,7 @@ class System : public DriverTest {};
 
 TEST_F(System, LettersOfAllTheWorldAreKept) {
     const std::string title = "Z\xC3\xBCrich \xCE\xA9";  // a u umlaut, an omega
-    const std::string text = "\xE6\x97\xA5\xE6\x9C\xAC\r\n\xF0\x9F\x98\x80";  // and beyond
+    const std::string text = "\xE6\x97\xA5\xE6\x9C\xAC\r\n\xF0\x9F\x98\x80";  // and beyond U+FFFF
     const Window editor = MakeNote(StartProgram(), title);
     editor.Only("Edit").Type(text);
     EXPECT_EQ(editor.Only("Edit").Text(), text);

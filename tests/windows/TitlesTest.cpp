@@ -29,11 +29,11 @@ constexpr Rejection rejections[]{
     {"a\"b", "error.gif", "Note Title Error", "Note titles can't contain a double quote."},
     {"Shopping", "error.gif", "Name Already Exists",
      "A note with this title already exits.\r\n\r\nPlease choose another title for your new note."},
-    // Of two rules, the first decides.
+    // If a title breaks two rules, the first rule decides.
     {"Shopping.", "error.gif", "Note Title Error", "Note titles can't contain a period."},
 };
 
-// Where the picture stands in its box, in pixels, and how large all of them are.
+// The place of the picture in its box, and the size of all pictures, in pixels.
 constexpr POINT picturePlace{8, 23};
 constexpr int pictureSize = 72;
 
@@ -41,7 +41,7 @@ constexpr int pictureSize = 72;
 
 class Titles : public DriverTest {
   protected:
-    // Presses Make Note; the box that rejects the title.
+    // Presses Make Note and returns the box that rejects the title.
     Window Reject(const Window& main, const Rejection& rejection);
     bool ShowsPicture(const Window& box, const std::string& name) const;
 };
@@ -74,7 +74,7 @@ TEST_F(Titles, ThatBreakARuleAreRejectedWithAPicture) {
     for (const Rejection& rejection : rejections) {
         const Window box = Reject(main, rejection);
         EXPECT_TRUE(ShowsPicture(box, rejection.picture)) << rejection.title;
-        // As large as the picture and the text ask for.
+        // The box fits the picture and the text.
         const RECT text = box.Child("Static", rejection.text).Place();
         const RECT place = box.Place();
         EXPECT_NEAR(place.bottom - place.top, pictureSize + 1300 / 15, 1);
@@ -89,7 +89,7 @@ TEST_F(Titles, ThatBreakARuleAreRejectedWithAPicture) {
                 << rejection.title;
         }
     }
-    // Blanks get no message; one that came would take the main window's place.
+    // Blanks open no box. A box would disable the main window.
     title.Type("   ");
     main.Button("Make &Note").Click();
     WaitUntil("the title box is emptied", [&] { return title.Text().empty(); });
@@ -111,7 +111,7 @@ TEST_F(Titles, ThatBreakNoRuleAreTakenAsTheyAreTyped) {
         EXPECT_EQ(titleBox.Text(), "");
         return editor;
     };
-    // A colour that no one knows is gray; the size is the editor's own.
+    // An unknown colour becomes gray. The size is the editor's own.
     const Window plans = makeNote("2004 plans");
     EXPECT_TRUE(
         ComesTrue([&] { return Picture(plans.Only("Edit")).Share(RGB(192, 192, 192)) > 0.8; }));
@@ -119,12 +119,12 @@ TEST_F(Titles, ThatBreakNoRuleAreTakenAsTheyAreTyped) {
     ExpectNote("2004 plans",
                "\"2004 plans\",\"\",#2031-06-02#,#12:00:00#,6,12,\"0\",0,\"yes\"\r\n");
 
-    // Two of one title, as long as neither is saved.
+    // Two notes may have the same title until one of them is saved.
     makeNote("Rent");
     makeNote("Rent");
     EXPECT_EQ(program.Visible("Rent").size(), 2U);
 
-    // The file's name is the same, the title is not.
+    // Titles that differ only in case share one file.
     HideNote(makeNote("shopping"));
     EXPECT_TRUE(ComesTrue([&] {
         return WholeFile(NotePath("Shopping")).value_or("").starts_with("\"shopping\",\"\"");

@@ -9,12 +9,12 @@
 
 namespace driver {
 
-// The tips that come when the pointer rests on something.
+// Tips that open when the pointer rests on a control.
 class ToolTips : public DriverTest {
   protected:
-    // The one that is shown; a null window where none is.
+    // The open tip; a null window if there is none.
     Window Shown() const;
-    // Puts the pointer here and waits for the tip.
+    // Moves the pointer to this place and waits for the tip.
     void ExpectTipAt(POINT place, const std::string& text);
     void ExpectTip(const Window& control, const std::string& text);
 };
@@ -29,7 +29,7 @@ Window ToolTips::Shown() const {
 
 void ToolTips::ExpectTipAt(POINT place, const std::string& text) {
     std::string shown;
-    // A tip goes by itself: a test that stood still may miss it.
+    // A tip closes by itself, so a test that stood still may miss it.
     WaitUntil("a tip is shown that says: " + text, [&] {
         UseHands("mousemove 1 1");
         WaitUntil("no tip is left", [this] { return !Shown(); });
@@ -98,7 +98,7 @@ TEST_F(ToolTips, AreShownWhereAnAlarmIsSetAndWhereItRings) {
     EXPECT_EQ(program.WaitForEnd(), 0U);
 }
 
-// What fits in one line at one scale does so at another.
+// A text that fits in one line at one scale must fit at another.
 TEST_F(ToolTips, MayBeAsWideAsTheScaleAsks) {
     const Window main = StartProgram();
     ExpectTip(main.Button("Make &Note"), "Make a new note");

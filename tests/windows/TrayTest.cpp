@@ -4,7 +4,7 @@ namespace driver {
 
 namespace {
 
-// The icons stand at the right end of the task bar.
+// The icons are at the right end of the task bar.
 constexpr int lastIcon = 10;
 constexpr int iconDistance = 20;
 constexpr int mostIcons = 8;
@@ -79,11 +79,11 @@ TEST_F(Tray, TheIconIsThereWhileTheProgramRuns) {
     const Window taskBar(::FindWindowW(L"Shell_TrayWnd", nullptr));
     ASSERT_TRUE(taskBar);
     const RECT area = taskBar.Place();
-    // Icons of programs that were killed may stand before it for a while.
+    // For a while, icons of killed programs may stand before this one.
     int icon = 0;
     const bool shown = ComesTrue([&] {
         const int x = area.right - lastIcon - iconDistance * (icon++ % mostIcons);
-        // The pointer has to come from elsewhere.
+        // The pointer must enter the icon from outside.
         UseHands("mousemove 600 500");
         UseHands("mousemove " + std::to_string(x) + ' ' +
                  std::to_string((area.top + area.bottom) / 2));

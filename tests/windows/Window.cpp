@@ -13,8 +13,8 @@ using forms::win32::Wide;
 
 namespace {
 
-// Milliseconds. For a program that hangs in the message itself; one that answers nothing is found
-// out sooner.
+// In milliseconds. This limit is for a program that hangs while it handles the message. A program
+// that answers no messages at all is found sooner.
 constexpr UINT answerTimeout = 3'600'000;
 constexpr UINT probeTimeout = 500;  // milliseconds
 
@@ -50,7 +50,7 @@ Window Window::Focus() const {
     return Window(info.hwndFocus);
 }
 
-// A window may go while it is looked at.
+// The window may be destroyed during this call.
 std::string Window::Text() const {
     try {
         const LRESULT length = Send(WM_GETTEXTLENGTH);
@@ -144,7 +144,7 @@ void Window::Type(const std::string& text) const {
     if (!IsVisible() || !IsEnabled() || !Parent().IsEnabled()) {
         throw Failure("a user cannot type into " + Description());
     }
-    // Boxes of one line report the change themselves; those of several are left to the program.
+    // Single-line boxes notify their window of the change. Multi-line boxes do not.
     Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(text).c_str()));
 }
 

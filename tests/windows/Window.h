@@ -7,10 +7,10 @@
 
 namespace driver {
 
-// A window of the program or a control in one. All text is UTF-8.
+// A window of the program, or a control in a window. All text is UTF-8.
 //
-// What a user does is posted, not sent: its handler may open a box, and a sender would wait for
-// the box to close.
+// Actions of the user are posted, not sent: a handler may open a box, and a sender would wait until
+// that box is closed.
 class Window {
   public:
     Window() = default;
@@ -30,44 +30,45 @@ class Window {
     }
     bool HasTitleBar() const { return (Style() & WS_CAPTION) == WS_CAPTION; }
     bool HasFocus() const;
-    // The control, or the window itself, that has the focus of this window's program.
+    // The control that has the focus in this window's program, or the window itself.
     Window Focus() const;
     LONG_PTR Style() const { return ::GetWindowLongPtrW(handle, GWL_STYLE); }
     RECT Place() const;          // on the screen
     POINT ClientOrigin() const;  // on the screen
-    std::string Text() const;    // "(gone)" where there is no such window any more
+    std::string Text() const;    // "(gone)" if the window no longer exists
     std::string ClassName() const;
     Window Parent() const { return Window(::GetParent(handle)); }
-    // For reports of failures.
+    // A description for reports of failures.
     std::string Description() const;
 
     std::vector<Window> Children() const;
     std::vector<Window> ChildrenOfClass(const std::string& className) const;
-    // The visible child with this caption (of this class, unless it is empty); a null window where
-    // there is none.
+    // The visible child with this caption and this class (an empty class matches any); a null
+    // window if there is none.
     Window FindChild(const std::string& className, const std::string& caption) const;
-    // As above. Failure where there is none.
+    // The same, but raises Failure if there is none.
     Window Child(const std::string& className, const std::string& caption) const;
     Window Button(const std::string& caption) const { return Child("Button", caption); }
-    // The only visible child of this class. Failure where there are none or several.
+    // The only visible child of this class. Raises Failure if there are none or several.
     Window Only(const std::string& className) const;
 
-    // Presses a button, a check box or an option button. Failure unless a user could.
+    // Presses a button, a check box or an option button. Raises Failure if a user could not.
     void Click() const;
     bool IsChecked() const { return Send(BM_GETCHECK) == BST_CHECKED; }
-    // Replaces the text as a user's typing would.
+    // Replaces the text, with the notifications of typing.
     void Type(const std::string& text) const;
-    // Typed with the real keyboard, wherever the focus is. Letters, digits and blanks only.
+    // Types on the real keyboard, into whichever window has the focus. Letters, digits and blanks
+    // only.
     static void TypeKeys(const std::string& text);
-    // Real keys, wherever the focus is: pressed one after the other, released in the opposite
-    // order.
+    // Presses real keys one after the other and releases them in reverse order. They go to the
+    // window that has the focus.
     static void PressKeys(const std::vector<WORD>& virtualKeys);
     void Key(WPARAM virtualKey) const;
     void Close() const { Post(WM_CLOSE); }
 
-    // Whether the program answers messages before patience ends; true where the window has gone.
+    // Whether the program answers a message before patience ends; true if the window has gone.
     bool Answers() const;
-    // Failure where the program does not answer.
+    // Raises Failure if the program does not answer.
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     void Post(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
 };

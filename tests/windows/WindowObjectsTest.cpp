@@ -6,11 +6,11 @@ namespace driver {
 
 class WindowObjects : public DriverTest {
   protected:
-    // Waits until the window is there with all that is in it, and closes it.
+    // Waits until the window and its controls are there, and closes it.
     void Close(const std::string& caption) const;
     void OpenAndCloseTools(const Window& main) const;
     void OpenAndCloseBoxes(const Window& main) const;
-    // Makes a note, lets its alarm come up at this time of two digits past nine, and erases it.
+    // Makes a note, lets its alarm come at this minute (two digits) past nine, and erases the note.
     void MakeRingAndErase(const Window& main, int minute);
     void Round(const Window& main, int minute);
     void Report(const std::string& when, const Objects& objects) const;
@@ -92,13 +92,13 @@ void WindowObjects::Report(const std::string& when, const Objects& objects) cons
 TEST_F(WindowObjects, ClosedWindowsLeaveNothingBehind) {
     const Window main = StartProgram();
     Report("start", program.CountObjects());
-    // What is made once and kept comes with the first round.
+    // The first round creates the objects that are made once and kept.
     Round(main, 21);
     const Objects before = program.CountObjects();
     Report("first_round", before);
     EXPECT_GT(before.children, 10U);
     Round(main, 31);
-    // Threads of the system that worked for the program end a little later.
+    // Threads that the system started for the program end a little later.
     ComesTrue([&] { return program.CountObjects().AreNoMoreThan(before); });
     const Objects after = program.CountObjects();
     Report("second_round", after);

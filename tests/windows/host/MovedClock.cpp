@@ -1,11 +1,11 @@
-// The moved clock of scripts/run-windows32-tests: a library that is loaded before a 32-bit Wine.
-// That Wine asks the system for the time by names that the library of this kind for other programs
-// does not know. Built without the system's headers, as those of a 32-bit system need not be there:
-// what is used of it is declared here.
+// The clock that tests move, for scripts/run-windows32-tests: a library to preload into a 32-bit
+// Wine. That Wine reads the time through system calls that libfaketime does not cover. The library
+// is built without the system's headers, because a 64-bit system need not have those for 32 bits.
+// It declares the functions that it uses.
 //
-// The file that FAKETIME_TIMESTAMP_FILE names holds the seconds by which the clock is moved, for
-// example "+3600" or "-5"; it is read at each look at the clock. Where it cannot be read, the clock
-// is right.
+// The file named by FAKETIME_TIMESTAMP_FILE holds the seconds by which the clock is moved, for
+// example "+3600" or "-5". It is read each time the clock is read. If it cannot be read, the clock
+// is not moved.
 
 extern "C" {
 
@@ -15,7 +15,7 @@ int read(int descriptor, void* bytes, unsigned count);
 int close(int descriptor);
 int syscall(int number, ...);
 
-// As the system has them on 32-bit machines, for times beyond 2038.
+// The layout of 64-bit times on 32-bit systems, for times beyond 2038.
 struct Seconds64 {
     long long seconds;
     int fraction;  // nanoseconds or microseconds

@@ -6,16 +6,16 @@
 #include "tests/windows/DriverTest.h"
 #include "tests/windows/long/Load.h"
 
-// Notes are made, edited, hidden, reopened and erased in the real program, again and again: nothing
-// may be left of them. JOTWRIGHT_CYCLES says how often.
+// Makes, edits, hides, reopens and erases notes in the real program, again and again, and checks
+// that nothing is left of them. JOTWRIGHT_CYCLES is the number of repetitions.
 
 namespace driver {
 
 namespace {
 
-// Kilobytes that the system's allocator may keep, at once and for each cycle: under Wine it takes
-// about one a cycle although the blocks in use are the same, and its wastebasket forgets to free
-// the name of each file.
+// Kilobytes by which the program may grow, once and for each cycle. Under Wine it grows by about
+// one in each cycle although the blocks in use stay the same, and Wine's wastebasket never frees
+// the name of a file.
 constexpr std::size_t slack = 512;
 constexpr std::size_t slackOfCycle = 2;
 
@@ -24,15 +24,16 @@ constexpr std::size_t slackOfCycle = 2;
 class GrowthRun : public DriverTest {
   protected:
     Window OpenPanelFromTray(const Window& main) const;
-    // Erases the only note of the panel, and closes that.
+    // Erases the only note of the panel, and closes the panel.
     void EraseAndClose(const Window& panel) const;
-    // Closed and opened in the control panel, erased there.
+    // Closes the note, opens it in the control panel, and erases it there.
     void ThroughThePanel(const Window& main, const std::string& title);
-    // Minimized and brought back with all open notes, saved, erased by its toolbar.
+    // Minimises the note, brings it back with all open notes, saves it, and erases it by its
+    // toolbar.
     void InItsEditor(const Window& main, const std::string& title);
     void Cycle(const Window& main, int number);
-    // Waits until there is no more than before, where there was a before: threads of the system end
-    // a little later.
+    // Counts the program's objects. If before is given, waits until there are no more than before:
+    // threads of the system end a little later.
     Objects Count(const Objects* before) const;
     void Report(const std::string& when, const Objects& objects, std::size_t memory) const;
 };
@@ -96,7 +97,7 @@ void GrowthRun::InItsEditor(const Window& main, const std::string& title) {
     }
 }
 
-// Every note has a title of its own: nothing that is kept by title can hide.
+// Every note has a new title, so that anything kept by title shows as growth.
 void GrowthRun::Cycle(const Window& main, int number) {
     if (!main.IsVisible()) {
         tray::LeftClick(main);

@@ -8,8 +8,8 @@
 #include "tests/windows/DriverTest.h"
 #include "tests/windows/long/Load.h"
 
-// The program is killed while somebody types and saves and both processors are busy, again and
-// again. JOTWRIGHT_KILLS says how often, JOTWRIGHT_SEED where chance begins.
+// Kills the program again and again, while a user types and saves and both processors are busy.
+// JOTWRIGHT_KILLS is the number of kills, JOTWRIGHT_SEED the seed of the random numbers.
 
 namespace driver {
 
@@ -17,8 +17,8 @@ namespace {
 
 constexpr const char* fields = ",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
 constexpr std::uint64_t promised = 2000;  // milliseconds of typing that may be lost
-constexpr DWORD keystroke = 80;           // milliseconds, of somebody who types fast
-constexpr std::uint64_t standstill = 50;  // milliseconds; less is nothing unusual
+constexpr DWORD keystroke = 80;           // milliseconds, of a fast typist
+constexpr std::uint64_t standstill = 50;  // milliseconds; shorter ones are usual
 
 struct Typed {
     std::uint64_t at;  // milliseconds
@@ -27,7 +27,7 @@ struct Typed {
 
 std::uint64_t Milliseconds() { return ::GetTickCount64(); }
 
-// The text of a note's file; nothing where that is no whole note.
+// The text of a note's file; nothing if the file is not a whole note.
 std::optional<std::string> TextOf(const std::string& title, const std::string& bytes) {
     const std::string start = '"' + title + "\",\"";
     const std::string end = '"' + std::string(fields);
@@ -42,14 +42,14 @@ std::optional<std::string> TextOf(const std::string& title, const std::string& b
 
 class KillRun : public DriverTest {
   protected:
-    // How long somebody types: seldom so long that a whole recovery copy is written meanwhile.
+    // Milliseconds of typing before the kill. Rarely long enough for a whole recovery copy.
     unsigned Delay() {
         return 50 + static_cast<unsigned>(random() % (random() % 4 == 0 ? 3500 : 700));
     }
-    // Of the note's editor once it shows what a restart makes of it.
+    // The text box of the note's editor, when it shows the text that a restart brings back.
     Window TextBoxOf(const std::string& title);
-    // Types and saves until the moment of the kill. The moments are those before which the text
-    // was typed.
+    // Types and saves until the moment of the kill. Each recorded moment is before the text was
+    // typed.
     void TypeUntil(std::uint64_t end, const Window& editor);
     void CloseTheBox(std::uint64_t end);
     void CheckTheFile();
@@ -57,13 +57,13 @@ class KillRun : public DriverTest {
 
     std::mt19937 random;
     std::uint64_t killedAt = 0;
-    std::vector<Typed> typed;        // since the last kill, the text before it first
-    std::vector<std::string> saved;  // what the file may hold
+    std::vector<Typed> typed;        // since the start, beginning with the restored text
+    std::vector<std::string> saved;  // the texts that the file may hold
     int words = 0;
     int oldFiles = 0;
     int newFiles = 0;
     std::uint64_t worstLoss = 0;  // milliseconds
-    // For how long the driver, or the program that it typed into, stood still since the start.
+    // How long the driver, or the program that it types into, stood still since the start.
     std::uint64_t stall = 0;
     std::uint64_t worstStall = 0;
     int lostSome = 0;
@@ -108,7 +108,7 @@ void KillRun::TypeUntil(std::uint64_t end, const Window& editor) {
     }
 }
 
-// "... has been saved."
+// Closes the box "... has been saved."
 void KillRun::CloseTheBox(std::uint64_t end) {
     while (Milliseconds() < end) {
         const auto boxes = program.Visible("", "#32770");
@@ -141,10 +141,10 @@ void KillRun::CheckTheEditor() {
         return;
     }
     ++lostSome;
-    // What was typed right after the text that came back is the oldest of what is gone.
+    // The first text typed after the restored one is the oldest text that was lost.
     const std::uint64_t loss = killedAt - (last - 1)->at;
     worstLoss = std::max(worstLoss, loss);
-    // No program is more punctual than its machine, which let the driver wait as well.
+    // The program cannot be faster than its machine, which also delayed the driver.
     EXPECT_LE(loss, promised + stall);
 }
 
@@ -166,7 +166,7 @@ TEST_F(KillRun, TheNoteIsOldOrNewAndAtMostTwoSecondsOfTypingAreGone) {
         typed = {{Milliseconds(), text.Text()}};
         worstStall = std::max(worstStall, stall);
         stall = 0;
-        // What is in the file now is what any later save replaces.
+        // The file may keep its present contents until the next save.
         saved = {TextOf("Typed", WholeFile(NotePath("Typed")).value_or("")).value_or("")};
         try {
             TypeUntil(Milliseconds() + Delay(), text.Parent());

@@ -6,8 +6,8 @@
 
 namespace driver {
 
-// Keeps every processor busy as long as it lives, at the priority of any other program;
-// JOTWRIGHT_LOAD says how many, 0 where other programs do so already.
+// Keeps every processor busy while the object exists, at the priority of other programs.
+// JOTWRIGHT_LOAD is the number of busy threads; set it to 0 if other programs make the load.
 class Load {
   public:
     Load();
@@ -20,7 +20,7 @@ class Load {
     std::vector<std::thread> threads;
 };
 
-// A number from the environment, this one where there is none.
+// A number from the environment, or otherwise if the variable is not set.
 int Number(const char* variable, int otherwise);
 
 }  // namespace driver

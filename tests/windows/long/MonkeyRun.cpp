@@ -7,9 +7,10 @@
 #include "tests/windows/DriverTest.h"
 #include "tests/windows/long/Load.h"
 
-// Somebody who does anything, in any order, to the real program. JOTWRIGHT_MONKEY_SECONDS says how
-// long, JOTWRIGHT_SEED where chance begins (but the program goes by the real time: no two runs are
-// the same). The program must answer at any time and never end but in order.
+// Does anything that a user can do, in random order, to the real program. JOTWRIGHT_MONKEY_SECONDS
+// is the length of the run, JOTWRIGHT_SEED the seed of the random numbers. The program uses real
+// time, so no two runs are the same. The program must answer at all times, and may only end in an
+// orderly way.
 
 namespace driver {
 
@@ -34,7 +35,7 @@ class MonkeyRun : public DriverTest {
     void ActOnBox(const Window& box);
     void ActOnForm(const Window& form);
     void ActOnChild(const Window& child);
-    // Fails when the program hangs.
+    // Fails if the program hangs.
     void ExpectAnswer();
     void ExpectWholeNotes();
     void StartAgain();
@@ -89,7 +90,7 @@ void MonkeyRun::Act() {
     if (window.ClassName() == "#32768") {
         const WPARAM keys[] = {VK_DOWN, VK_DOWN, VK_RETURN, VK_ESCAPE};
         window.Key(keys[Below(4)]);
-        // A menu that nobody answers stays open for ever.
+        // If no choice is made, a menu stays open for ever.
         if (Below(3) == 0) {
             main.Post(WM_CANCELMODE);
         }
@@ -150,7 +151,7 @@ void MonkeyRun::ActOnChild(const Window& child) {
     } else if (kind == "ComboBox") {
         Choose(child, Below(7));
     } else if (kind == "ToolbarWindow32") {
-        // Not Print and Help, which start other programs.
+        // Print and Help are left out, because they start other programs.
         const int buttons[] = {0, 1, 3, 5};
         PressToolbar(child, buttons[Below(4)]);
     } else if (kind == "Button") {
@@ -211,7 +212,7 @@ TEST_F(MonkeyRun, TheProgramAnswersAndEndsInOrderWhateverTheUserDoes) {
         try {
             Act();
         } catch (const Failure&) {
-            // The window has gone meanwhile, or has become one that a user cannot use.
+            // The window has closed, or has become disabled or hidden, since it was chosen.
         }
         ::Sleep(static_cast<DWORD>(Below(20)));
         if (gestures % 20 == 0 && program.Runs()) {

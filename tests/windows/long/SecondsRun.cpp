@@ -6,8 +6,8 @@
 #include "tests/windows/DriverTest.h"
 #include "tests/windows/long/Load.h"
 
-// The real program sees every second of the clock: its editor shows what its timer of a second saw
-// last. JOTWRIGHT_SECONDS says how long it is watched.
+// Checks that the real program notices every second of the clock: the editor shows the last time
+// that its one-second timer saw. JOTWRIGHT_SECONDS is the length of the run.
 
 namespace driver {
 
@@ -18,7 +18,8 @@ constexpr int look = 20;  // milliseconds between two looks
 
 std::uint64_t Milliseconds() { return ::GetTickCount64(); }
 
-// Seconds of the day in "System Date and Time is \r\n6/2/2031 9:00:01 AM."; -1 for anything else.
+// The second of the day in "System Date and Time is \r
+// 6/2/2031 9:00:01 AM."; -1 for other texts.
 int SecondShown(const std::string& text) {
     int month = 0;
     int day = 0;
@@ -54,8 +55,8 @@ Window SecondsRun::ClockLabel(const Window& editor) {
     throw Failure("no clock in " + editor.Description());
 }
 
-// Looks for changes of the label. A second that two looks in a row did not find is missed only if
-// the looks came in time: one that came late by more than a second says nothing.
+// Watches for changes of the label. A second counts as missed only if the looks were in time: if a
+// look was late by more than a second, the seconds before it prove nothing.
 void SecondsRun::Watch(const Window& label, int seconds) {
     int shown = SecondShown(label.Text());
     int seen = 0;
@@ -64,7 +65,7 @@ void SecondsRun::Watch(const Window& label, int seconds) {
     int unknown = 0;
     std::uint64_t lastLook = Milliseconds();
     std::uint64_t longestLook = 0;
-    int latest = 0;  // milliseconds into the second at which it was shown, at most
+    int latest = 0;  // longest delay of a shown second, in milliseconds
     std::map<int, int> lateness;
     Patience patience;
     while (seen + unknown + missed < seconds) {
@@ -127,7 +128,7 @@ TEST_F(SecondsRun, EverySecondIsSeenWithAHundredNotesABoxOpenAndBothProcessorsBu
     Box(program, "Jotwright: Maximum Notes Reached").Press("OK");
     MainWindow();
     const Window editor = OpenRestored("Note 7");
-    // A box stays open all the while.
+    // A box stays open for the whole run.
     PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
     const Window box = program.WaitFor("", "#32770");
     WaitUntil("the clock runs", [&] {
