@@ -128,7 +128,7 @@ TEST_F(Events, ACheckBoxRaisesClickForTheUserAndForCode) {
     EXPECT_EQ(Take(), Lines{});
 }
 
-TEST_F(Events, ACheckBoxThatItsHandlerSetsBackShowsWhatTheModelSays) {
+TEST_F(Events, ACheckBoxThatItsHandlerResetsShowsTheModelsValue) {
     Form().chkSound.Click = [] {
         if (Form().chkSound.value() == 1) {
             Form().chkSound.value = 0;
@@ -195,7 +195,7 @@ TEST_F(Events, APopupMenuRunsTheChosenEntryAndTimersGoOnUnderIt) {
     EXPECT_EQ(Take(), Lines{});
 }
 
-TEST_F(Events, WhatIsDisabledOrHiddenIsOutOfReach) {
+TEST_F(Events, DisabledAndHiddenControlsCannotBeReached) {
     Start([] {
         Form().cmdOk.enabled = false;
         Form().fraColor.enabled = false;
@@ -256,7 +256,7 @@ TEST_F(Events, EscapeClosesADialogThatHasNoButtonForIt) {
     EXPECT_TRUE(Form().IsLoaded());
 }
 
-TEST_F(Events, TheFocusGoesOnWhenAHandlerHasDisabledWhatHadIt) {
+TEST_F(Events, TheFocusMovesOnIfAHandlerDisablesItsControl) {
     Start([] { Form().cmdOk.SetFocus(); });
     Form().cmdOk.Click = [] {
         Form().cmdOk.enabled = false;
@@ -290,7 +290,7 @@ TEST_F(Events, TheMenuKeyOpensTheMenuOfTheRightButton) {
     EXPECT_EQ(Take(), Lines{"sound 1"});
 }
 
-TEST_F(Events, AccessKeysPressButtonsAndLeadFromLabelsToWhatFollows) {
+TEST_F(Events, AccessKeysPressButtonsAndLeadFromLabelsToTheNextControl) {
     Start([] { Form().cmdCancel.SetFocus(); });
     stand->PressAccessKey(Form(), 'n');
     EXPECT_TRUE(Form().txtName.HasFocus());
@@ -300,7 +300,7 @@ TEST_F(Events, AccessKeysPressButtonsAndLeadFromLabelsToWhatFollows) {
     EXPECT_EQ(Take(), (Lines{"ok", "sound 1"}));
 }
 
-TEST_F(Events, AnAccessKeyOfSeveralCaptionsGoesFromOneToTheNext) {
+TEST_F(Events, AnAccessKeyOfSeveralCaptionsCyclesThroughThem) {
     Start([] {
         Form().cmdCancel.caption = "Cl&ose";
         Form().txtName.SetFocus();
@@ -318,7 +318,7 @@ TEST_F(Events, AnAccessKeyOfSeveralCaptionsGoesFromOneToTheNext) {
     EXPECT_EQ(Take(), Lines{"cancel"});
 }
 
-TEST_F(Events, AnErrorThatNobodyTrapsIsReportedAndEndsTheProgramInOrder) {
+TEST_F(Events, AnUntrappedErrorIsReportedAndEndsTheProgramInOrder) {
     Lines order;
     runtime->onFatalError = [&order] { order.emplace_back("saved"); };
     Form().cmdOk.Click = [&order] {

@@ -72,7 +72,7 @@ TEST_F(Lifecycle, UnloadMayRefuseTheUser) {
     EXPECT_TRUE(stand->IsShown(Default<frmFirst>()));
 }
 
-TEST_F(Lifecycle, UnloadingWhileBeingAskedLeavesTheAnswerToTheFirstCall) {
+TEST_F(Lifecycle, UnloadDuringQueryUnloadFailsAndTheFirstCallDecides) {
     Start([] {
         Default<frmFirst>().onQueryUnload = [](bool& cancel, UnloadMode) {
             cancel = true;
@@ -184,7 +184,7 @@ TEST_F(Lifecycle, UnloadMayUnloadAnotherFormAndLoadAThird) {
     EXPECT_EQ(runtime->ActiveForm(), &Default<frmThird>());
 }
 
-TEST_F(Lifecycle, ADefaultInstanceIsMadeAnewAfterItWasUnloaded) {
+TEST_F(Lifecycle, ADefaultInstanceIsMadeAgainAfterItWasUnloaded) {
     Start([] {
         Default<frmFirst>().Show();
         Default<frmFirst>().txtName.text = "old";

@@ -16,7 +16,7 @@ class Modality : public conformance::StandTest {
 
 }  // namespace
 
-TEST_F(Modality, ABoxGivesTheAnswer) {
+TEST_F(Modality, ABoxReturnsTheAnswer) {
     stand->ExpectBox("Yes?", "Question", BoxButtons::YesNo, BoxResult::Yes);
     stand->ExpectBox("No?", "Question", BoxButtons::YesNo, BoxResult::No);
     stand->ExpectBox("Two\r\nlines", "Message", BoxButtons::Ok, BoxResult::Ok);
@@ -36,7 +36,7 @@ TEST_F(Modality, AFormShownInTheHandlerIsThereWhenItsBoxOpens) {
     });
 }
 
-TEST_F(Modality, AModalFormShutsOffWhatIsVisibleAndNotWhatIsShownLater) {
+TEST_F(Modality, AModalFormDisablesVisibleFormsButNotLaterOnes) {
     Start([] { Default<frmFirst>().Show(); });
     stand->ExpectModal<frmSecond>([this](frmSecond& form) {
         EXPECT_FALSE(stand->CanBeUsed(Default<frmFirst>()));

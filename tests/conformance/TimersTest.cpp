@@ -44,7 +44,7 @@ TEST_F(Timers, StopWhenSwitchedOff) {
     EXPECT_EQ(ticks, before);
 }
 
-TEST_F(Timers, KeepTheirPhaseThoughTheirHandlersTakeTime) {
+TEST_F(Timers, KeepTheirPhaseDespiteSlowHandlers) {
     constexpr int interval = 50;
     constexpr int busy = 20;
     int ticks = 0;
@@ -82,7 +82,7 @@ TEST_F(Timers, MissedTicksAreDropped) {
     EXPECT_LE(ticks, possible());
 }
 
-TEST_F(Timers, AreNotEnteredAgainUnderTheirOwnBoxAndOthersGoOn) {
+TEST_F(Timers, AreNotReenteredUnderTheirOwnBoxAndOthersGoOn) {
     int depth = 0;
     int deepest = 0;
     int ticks = 0;
@@ -178,7 +178,7 @@ TEST_F(Timers, SwitchingOffInTheHandlerIsTheLastTick) {
     EXPECT_EQ(ticks, 2);
 }
 
-TEST_F(Timers, SwitchingOffAndOnInTheHandlerGoesOn) {
+TEST_F(Timers, SwitchingOffAndOnInTheHandlerKeepsTheTimerRunning) {
     int ticks = 0;
     StartCounting(Form().tmrOne, 30, ticks);
     Form().tmrOne.Tick = [&ticks] {
@@ -189,7 +189,7 @@ TEST_F(Timers, SwitchingOffAndOnInTheHandlerGoesOn) {
     PumpUntil([&ticks] { return ticks >= 5; });
 }
 
-TEST_F(Timers, OneMaySwitchOffTheOther) {
+TEST_F(Timers, OneTimerMaySwitchOffAnother) {
     int ticks = 0;
     StartCounting(Form().tmrTwo, 30, ticks);
     int own = 0;

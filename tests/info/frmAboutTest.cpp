@@ -23,7 +23,7 @@ class About : public testing_support::TestProgram {
     }
 };
 
-TEST_F(About, TellsNameAndVersion) {
+TEST_F(About, ShowsNameAndVersion) {
     Show([](frmAbout& window) {
         EXPECT_EQ(window.caption(), "About Jotwright");
         EXPECT_EQ(window.icon().path, "C:\\Jotwright\\logo.ico");
@@ -36,7 +36,7 @@ TEST_F(About, TellsNameAndVersion) {
     });
 }
 
-TEST_F(About, ItsLinesStandInTheirOrder) {
+TEST_F(About, ShowsItsLinesInOrder) {
     Show([](frmAbout& window) {
         const std::string& text = window.txtAbout.text();
         std::size_t position = 0;

@@ -107,7 +107,7 @@ TEST_F(Splash, TheBoxShowsTheValueReadAtStartUpAndOkWritesIt) {
     }
 }
 
-TEST_F(Splash, TipsThatWereSuppressedStaySuppressedHoweverOftenTheyAreOpened) {
+TEST_F(Splash, OpeningSuppressedTipsKeepsThemSuppressed) {
     StartQuietly();
     for (int opened = 0; opened < 3; ++opened) {
         stage->ExpectModal<frmTip>([this](frmTip& tips) {
@@ -119,7 +119,7 @@ TEST_F(Splash, TipsThatWereSuppressedStaySuppressedHoweverOftenTheyAreOpened) {
     }
 }
 
-TEST_F(Splash, AValueThatIsNoCheckMarkShowsTheTipsWithAnEmptyBox) {
+TEST_F(Splash, AnInvalidCheckMarkShowsTheTipsWithAnEmptyBox) {
     for (const char* value : {"3", "-1", "32767", "40000", "-40000", "1e400"}) {
         StoreViewTips(value);
         int shown = 0;
@@ -147,7 +147,7 @@ TEST_F(Splash, AGrayedBoxIsShownAndCountsAsUnchecked) {
     EXPECT_EQ(settings.Read("Startup", "View Tips"), "0");
 }
 
-TEST_F(Splash, TimersRunBehindTheTips) {
+TEST_F(Splash, TimersRunWhileTheTipsAreOpen) {
     SetNow(2004, 5, 14, 9, 0, 0);
     stage->ExpectModal<frmTip>([this](frmTip& tips) {
         Main().tmrCooKoo.enabled = true;
@@ -160,7 +160,7 @@ TEST_F(Splash, TimersRunBehindTheTips) {
     Advance(1000);
 }
 
-TEST_F(Splash, AValueThatIsNoNumberEndsTheProgram) {
+TEST_F(Splash, AValueThatIsNotANumberEndsTheProgram) {
     StoreViewTips("often");
     stage->ExpectBox("Run-time error '13':\r\n\r\nType mismatch", "Jotwright",
                      forms::BoxIcon::Critical, forms::BoxButtons::Ok, forms::BoxResult::Ok);

@@ -67,7 +67,7 @@ TEST_F(Tips, NineStepsReachTheLastTipAndDisableTheButton) {
     });
 }
 
-TEST_F(Tips, OpenAnewWithTheFirstTip) {
+TEST_F(Tips, OpenAgainWithTheFirstTip) {
     Show([this](frmTip& window) { user->Click(window.cmdNextTip); });
     Show([](frmTip& window) { EXPECT_EQ(window.lblTipText.caption(), wantedTips[0]); });
 }

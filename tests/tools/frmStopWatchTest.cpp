@@ -55,7 +55,7 @@ TEST_F(StopWatch, ListHasThreeColumns) {
     EXPECT_EQ(columns[2].heading, "Ending Time");
 }
 
-TEST_F(StopWatch, RunsFromTheMomentOfItsStart) {
+TEST_F(StopWatch, MeasuresFromTheMomentOfStart) {
     Advance(4321);
     user->Click(Window().cmdStart);
     EXPECT_EQ(Shown(), "00:00:00");
@@ -105,7 +105,7 @@ TEST_F(StopWatch, TheMenuSavesToo) {
     EXPECT_FALSE(Window().cmdSave.enabled());
 }
 
-TEST_F(StopWatch, ANewRunCannotSaveTheOldOne) {
+TEST_F(StopWatch, StartingANewRunDisablesSave) {
     Run(2000);
     user->Click(Window().cmdStart);
     EXPECT_FALSE(Window().cmdSave.enabled());
@@ -132,7 +132,7 @@ TEST_F(StopWatch, TheLabelCountsSavedRunsOnly) {
     EXPECT_EQ(Window().lblTrys.caption(), "Total Watch Starts: 1");
 }
 
-TEST_F(StopWatch, ClearingBeginsAtOneAgain) {
+TEST_F(StopWatch, ClearRestartsTheNumbersAtOne) {
     Run(1000);
     user->Click(Window().cmdSave);
     Run(1000);
@@ -153,7 +153,7 @@ TEST_F(StopWatch, ARunOfADayWraps) {
     EXPECT_EQ(Shown(), "00:00:01");
 }
 
-TEST_F(StopWatch, AClockThatIsPutBackBehindTheStartShowsTheTimeBetween) {
+TEST_F(StopWatch, AClockSetBackToBeforeTheStartShowsTheDifference) {
     user->Click(Window().cmdStart);
     Advance(5000);
     stage->Jump(-16);

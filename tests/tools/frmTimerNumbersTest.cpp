@@ -26,7 +26,7 @@ class frmTimerNumbersTest : public testing_support::TestProgram {
     }
 };
 
-TEST_F(frmTimerNumbersTest, TheCommaIsTheDecimalSignWhereTheUserChoseIt) {
+TEST_F(frmTimerNumbersTest, TheUsersDecimalCommaIsAccepted) {
     EXPECT_EQ(MinutesOf("2,5"), "25");
     locale.numbers = {",", ".", "\xe2\x82\xac"};
     EXPECT_EQ(MinutesOf("2,5"), "2");
@@ -34,7 +34,7 @@ TEST_F(frmTimerNumbersTest, TheCommaIsTheDecimalSignWhereTheUserChoseIt) {
     EXPECT_EQ(MinutesOf("1.000"), "1000");
 }
 
-TEST_F(frmTimerNumbersTest, SignsAndSymbolsAreTaken) {
+TEST_F(frmTimerNumbersTest, SignsAndSymbolsAreAccepted) {
     for (const auto& [entry, minutes] :
          {std::pair("5-", "-5"), std::pair("$5", "5"), std::pair("(5)", "-5"),
           std::pair("&H10", "16"), std::pair("1d2", "100"), std::pair("5,", "5")}) {

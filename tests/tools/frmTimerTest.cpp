@@ -64,7 +64,7 @@ TEST_F(NoveltyTimer, AnEmptyEntryIsRefused) {
     EXPECT_FALSE(Window().tmrMain.enabled());
 }
 
-TEST_F(NoveltyTimer, AnEntryThatIsNoNumberIsRefusedAndCleared) {
+TEST_F(NoveltyTimer, AnEntryThatIsNotANumberIsRefusedAndCleared) {
     for (const char* entry : {"ten", "   ", "5 min", "1,5x"}) {
         stage->ExpectBox("Please Enter Numeric Values Only.         ", "Non-Numeric Entry",
                          BoxIcon::Exclamation, BoxButtons::Ok, BoxResult::Ok);
@@ -75,7 +75,7 @@ TEST_F(NoveltyTimer, AnEntryThatIsNoNumberIsRefusedAndCleared) {
     }
 }
 
-TEST_F(NoveltyTimer, StartShowsTheMinutesAndShutsTheEntry) {
+TEST_F(NoveltyTimer, StartShowsTheMinutesAndDisablesTheEntry) {
     StartWith("5");
     EXPECT_EQ(Shown(), "Time Left:\r\n5 minutes\r\n0 seconds");
     EXPECT_FALSE(Window().txtMinutes.enabled());
@@ -172,7 +172,7 @@ TEST_F(NoveltyTimer, OneMinuteCountsDownChimesAndReports) {
     EXPECT_EQ(Shown(), "Time Left: 0 minutes 0 seconds.");
 }
 
-TEST_F(NoveltyTimer, ZeroMinutesAreUpAtTheFirstTickAndLeaveTheirSecond) {
+TEST_F(NoveltyTimer, ZeroMinutesEndAtTheFirstTickAndItsSecondIsKept) {
     StartWith("0");
     ExpectTimeUp([&] { EXPECT_EQ(Shown(), "Time Left:\r\n-1 Minutes\r\n59 Seconds"); });
     Advance(1000);
@@ -208,7 +208,7 @@ TEST_F(NoveltyTimer, StopKeepsTheCountersForTheNextRun) {
     EXPECT_EQ(Shown(), "Time Left:\r\n2 Minutes\r\n29 Seconds");
 }
 
-TEST_F(NoveltyTimer, ARunShorterThanTheKeptMinutesPassesByItsEnd) {
+TEST_F(NoveltyTimer, ARunShorterThanTheKeptMinutesMissesItsEnd) {
     StartWith("5");
     Advance(120'000);
     user->Click(Window().cmdStop);

@@ -66,7 +66,7 @@ void Accessibility::ExpectSpoken(const Window& window) {
     }
 }
 
-TEST_F(Accessibility, EveryWindowIsSpokenOf) {
+TEST_F(Accessibility, EveryWindowHasNamesForAScreenReader) {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-05#,#09:30:00#,1,12,\"1\",1,\"yes\"\r\n");
     const Window main = StartProgram();
     WaitUntil("the title box has the focus", [&] { return main.Only("Edit").HasFocus(); });
@@ -100,7 +100,7 @@ TEST_F(Accessibility, EveryWindowIsSpokenOf) {
     }
 }
 
-TEST_F(Accessibility, WhatComesUpByItselfIsSpokenOf) {
+TEST_F(Accessibility, WindowsThatOpenByThemselvesHaveNames) {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
     const Window main = StartProgram();
     main.Button("Make &Note").Click();

@@ -159,7 +159,7 @@ TEST_F(Alarms, AnOpenEditorRingsItself) {
 
 // Both alarms are due in one second. The second note comes up while the box of the first is open
 // and disables it, so the note must stay below the box.
-TEST_F(Alarms, ANoteThatComesUpBesideAnOpenBoxDoesNotCoverIt) {
+TEST_F(Alarms, ANoteThatComesUpDoesNotCoverAnOpenBox) {
     WriteNote(title, "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     WriteNote("Rent", "\"Rent\",\"Pay\",#2031-06-02#,#09:01:00#,4,12,\"1\",0,\"yes\"\r\n");
     StartProgram();

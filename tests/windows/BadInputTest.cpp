@@ -58,7 +58,7 @@ class BadInput : public DriverTest {
     }
 };
 
-TEST_F(BadInput, WhatIsPastedIsSavedByteForByte) {
+TEST_F(BadInput, PastedTextIsSavedByteForByte) {
     const std::string scripts = Repeated(
         "\xF0\x9F\x98\x80 \xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D e\xCC\x81\t\xE6\x97\xA5\r\n", 65536);
     const std::string lines = Repeated("0123456789 abc\r\n", 65536);
@@ -95,7 +95,7 @@ TEST_F(BadInput, ANoteOfAMebibyteIsRestoredAndSavedAgain) {
     EXPECT_TRUE(NoteFileIs("Long", bytes));
 }
 
-TEST_F(BadInput, ATitleThatIsNoFileNameIsReportedAndItsTextStays) {
+TEST_F(BadInput, ATitleThatCannotBeAFileNameIsReportedAndItsTextStays) {
     const Window main = StartProgram();
     const auto around = FilesAround();
     for (const std::string& title : {std::string("CON"), std::string("nul"), std::string("COM1"),
@@ -152,7 +152,7 @@ TEST_F(BadInput, ATitleOfAMebibyteIsRefusedOnTheScreen) {
     EXPECT_TRUE(program.Runs());
 }
 
-TEST_F(BadInput, TitlesThatOnlyLookStrangeAreFileNames) {
+TEST_F(BadInput, UnusualTitlesAreAcceptedAsFileNames) {
     const Window main = StartProgram();
     for (const char* title : {"a ", "console", "COM10", "\xF0\x9F\x98\x80",
                               "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D", "e\xCC\x81"}) {
@@ -176,7 +176,7 @@ TEST_F(BadInput, ATitleInAFileNamesNoFileElsewhere) {
     EXPECT_EQ(FilesAround(), around);
 }
 
-TEST_F(BadInput, ADateThatThePickerDoesNotKnowStaysInTheFile) {
+TEST_F(BadInput, ADateOutsideThePickersRangeStaysInTheFile) {
     const std::string bytes = "\"Old\",\"text\",#1500-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n";
     WriteNote("Old", bytes);
     StartProgram();
@@ -187,7 +187,7 @@ TEST_F(BadInput, ADateThatThePickerDoesNotKnowStaysInTheFile) {
     ExitProgram();
 }
 
-TEST_F(BadInput, NothingBehindAZeroByteIsLostAndEveryLineBreakShows) {
+TEST_F(BadInput, TextAfterAZeroByteIsKeptAndEveryLineBreakShows) {
     WriteNote("Odd", "\"Odd\",\"first\0second\nthird\rfourth\""s + alarmOff);
     StartProgram();
     const Window text = OpenRestored("Odd").Only("Edit");
@@ -224,7 +224,7 @@ TEST_F(BadInput, SpecialAlarmsThatCannotBeSavedStayInTheirWindow) {
     ExitProgram();
 }
 
-TEST_F(BadInput, ASoundThatIsNoneRingsSilently) {
+TEST_F(BadInput, AnInvalidSoundFileRingsSilently) {
     WriteWholeFile(folder + "\\none.wav", "This is no wave.");
     for (const std::string& path :
          {folder + "\\none.wav", folder, std::string("\\\\localhost\\missing\\a.wav")}) {
@@ -242,7 +242,7 @@ TEST_F(BadInput, ASoundThatIsNoneRingsSilently) {
     RemoveFile(folder + "\\none.wav");
 }
 
-TEST_F(BadInput, ASettingThatIsNoNumberIsReportedForANewNote) {
+TEST_F(BadInput, ASettingThatIsNotANumberIsReportedForANewNote) {
     WriteSetting("Options", "DefaultColor", "mauve");
     const Window main = StartProgram();
     main.Only("Edit").Type("Dentist");
@@ -254,7 +254,7 @@ TEST_F(BadInput, ASettingThatIsNoNumberIsReportedForANewNote) {
     ExitProgram();
 }
 
-TEST_F(BadInput, ArgumentsAreNoInput) {
+TEST_F(BadInput, ArgumentsAreIgnored) {
     const std::string arguments = "/x \"..\\..\\evil\" -- \"a*\" nul " + std::string(30000, 'x');
     program.Start(executable, arguments);
     const Window main = MainWindow();

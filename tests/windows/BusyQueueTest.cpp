@@ -42,14 +42,14 @@ class BusyQueue : public DriverTest {
     }
 };
 
-TEST_F(BusyQueue, TheRecoveryCopyIsKeptAllTheSame) {
+TEST_F(BusyQueue, TheRecoveryCopyIsStillWritten) {
     const Window main = StartProgram();
     const Window box = MakeNote(main, "Typing").Only("Edit");
     ASSERT_FALSE(HasRecoveryCopy());
     EXPECT_TRUE(TypeUntil(box, [this] { return HasRecoveryCopy(); }));
 }
 
-TEST_F(BusyQueue, AlarmsRingAllTheSame) {
+TEST_F(BusyQueue, AlarmsStillRing) {
     WriteNote("Ring", "\"Ring\",\"text\",#2031-06-02#,#09:00:30#,1,12,\"1\",0,\"yes\"\r\n");
     const Window main = StartProgram();
     const Window box = MakeNote(main, "Typing").Only("Edit");

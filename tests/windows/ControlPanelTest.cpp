@@ -122,7 +122,7 @@ TEST_F(ControlPanel, ListsTheNotesAndErasesThem) {
     program.WaitUntilGone(panelCaption);
 }
 
-TEST_F(ControlPanel, OpensAllNotesAndStaysRightWhileTheyAreOpen) {
+TEST_F(ControlPanel, OpensAllNotesAndStaysCorrectWhileTheyAreOpen) {
     const Window main = StartWithTwoNotes();
     const Window dentistEditor = program.WaitFor("Dentist");
     const Window shoppingEditor = program.WaitFor("Shopping");
@@ -223,7 +223,7 @@ TEST_F(ControlPanel, EditsWithADoubleClickAndAsksBeforeItSaves) {
     EXPECT_EQ(CellText(panel.Only(listClass), 1, 2), "6/2/2031 12:00:00 PM");
 }
 
-TEST_F(ControlPanel, OfAHundredNotesSaysSoInRedUntilOneIsErased) {
+TEST_F(ControlPanel, ShowsTheLimitInRedUntilANoteIsErased) {
     const Window main = StartProgram();
     for (int i = 1; i <= 100; ++i) {
         const std::string title = "Note " + std::to_string(1000 + i);

@@ -158,7 +158,7 @@ void Countdown::ReadAbout(const Window& main) {
     WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });
 }
 
-TEST_F(Countdown, AMinuteIsCountedBesideOtherWindows) {
+TEST_F(Countdown, CountsAMinuteWhileOtherWindowsAreOpen) {
     const Window main = StartProgram();
     const Window timer = Open(main);
     const ULONGLONG start = ::GetTickCount64();

@@ -94,7 +94,7 @@ TEST_F(Editors, TheMenuGivesEveryColorToTheText) {
     EXPECT_TRUE(editor.IsVisible());
 }
 
-TEST_F(Editors, ARestoredNoteIsSavedWithoutAQuestionUnlessItWasToBeErased) {
+TEST_F(Editors, ARestoredNoteIsSavedWithoutAQuestionUnlessEraseWasCancelled) {
     const std::string rest = "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
     WriteNote("Shopping", "\"Shopping\",\"milk" + rest);
     WriteNote("Rent", "\"Rent\",\"pay" + rest);
@@ -137,7 +137,7 @@ TEST_F(Editors, TheMenuStartsAndStopsTheAlarm) {
     EXPECT_TRUE(DatePicker(editor).IsEnabled());
 }
 
-TEST_F(Editors, AnAlarmOfNoonRingsAndOneOfThePastDoesNot) {
+TEST_F(Editors, AnAlarmAtNoonRingsAndAPastAlarmDoesNot) {
     WriteNote("Lunch", "\"Lunch\",\"Eat\",#2031-06-02#,#12:00:00#,1,12,\"1\",0,\"yes\"\r\n");
     WriteNote("Past", "\"Past\",\"Gone\",#2031-06-02#,#11:59:00#,1,12,\"1\",1,\"yes\"\r\n");
     Clock::Set("2031-06-02 11:59:30");

@@ -195,7 +195,7 @@ INSTANTIATE_TEST_SUITE_P(
                     BusyState{"TheControlPanel", &Exits::ShowThePanel, &Exits::SaveChanges}),
     [](const auto& state) { return std::string(state.param.name); });
 
-TEST_F(Exits, WhatTheUserDoesNotWantToSaveIsNotSaved) {
+TEST_F(Exits, DeclinedChangesAreNotSaved) {
     WriteNote(title, saved);
     main = StartProgram();
     OpenPanel(main);
@@ -226,7 +226,7 @@ TEST_F(Exits, ANoteThatCannotBeSavedIsBackAtTheNextStart) {
     EXPECT_EQ(again.Only("Edit").Text(), "two pints");
 }
 
-TEST_F(Exits, AShutDownThatIsCalledOffLeavesEverythingAsItIs) {
+TEST_F(Exits, ACancelledShutDownChangesNothing) {
     Begin();
     const auto windows = program.Windows();
     for (const Window& window : windows) {
@@ -302,7 +302,7 @@ TEST_F(Exits, TheSessionEndsWhileTheProgramStarts) {
     ExpectNote("Bad", damaged);
 }
 
-TEST_F(Exits, TheSessionEndsWhileASecondCopySaysThatItIsOne) {
+TEST_F(Exits, TheSessionEndsWhileASecondCopyShowsItsMessage) {
     Begin();
     Program second;
     second.Start(executable);

@@ -160,7 +160,7 @@ TEST_F(ForgedMessages, SentToTheText) {
     ExpectSavedAtTheEnd(editor);
 }
 
-TEST_F(ForgedMessages, FromATrayThatIsNone) {
+TEST_F(ForgedMessages, TrayMessagesWithBadNumbers) {
     const Window editor = OpenEditor();
     for (LPARAM message = 0; message < 0x400; ++message) {
         if (message < WM_MOUSEFIRST || message > WM_MOUSELAST) {

@@ -79,7 +79,7 @@ TEST_F(Looks, NotesOpenInACascade) {
     ExitProgram();
 }
 
-TEST_F(Looks, EveryWindowHasAnIconAndNoneOfFixedSizeCanBeMaximised) {
+TEST_F(Looks, EveryWindowHasAnIconAndFixedOnesCannotBeMaximised) {
     const Window main = StartProgram();
     const Picture mainPicture = PictureWithIcon(main);
     const auto check = [&](const Window& window) {
@@ -159,7 +159,7 @@ TEST_F(Looks, AWindowTakesTheScaleOfItsMonitor) {
     ExitProgram();
 }
 
-TEST_F(Looks, WhatIsTypedStandsBesideItsLabelAtAnyScale) {
+TEST_F(Looks, FieldTextsAlignWithTheirLabelsAtAnyScale) {
     const Window main = StartProgram();
     main.Button("S&pecial Alarms").Click();
     const Window window = program.WaitFor("Special Alarms");
@@ -279,7 +279,7 @@ TEST_F(Looks, CaptionsOfFramesAreWhole) {
 }
 
 // Measures the two lines above the text of an alarm display.
-TEST_F(Looks, LinesAreAsThickAsTheScaleAsks) {
+TEST_F(Looks, LinesHaveTheThicknessOfTheirScale) {
     WriteNote("Due",
               "\"Due\",\"Take the cake out\",#2031-06-02#,#09:01:00#,1,12,\"1\",0,\"yes\"\r\n");
     const Window main = StartProgram();

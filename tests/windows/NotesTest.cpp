@@ -14,7 +14,7 @@ constexpr const char* appointment = "Call to move the appointment.\r\nAsk for a 
 
 class Notes : public DriverTest {};
 
-TEST_F(Notes, ANewNoteIsWrittenAsTheUserHasMadeIt) {
+TEST_F(Notes, ANewNoteIsWrittenWithAllThatTheUserEntered) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Dentist");
     WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });
@@ -49,7 +49,7 @@ TEST_F(Notes, ANewNoteIsWrittenAsTheUserHasMadeIt) {
                "#2031-06-05#,#09:31:00#,5,14,\"1\",1,\"yes\"\r\n");
 }
 
-TEST_F(Notes, ANoteComesBackMinimizedWithAllThatWasSaved) {
+TEST_F(Notes, ANoteComesBackMinimizedWithEverythingSaved) {
     {
         const Window editor = MakeNote(StartProgram(), "Dentist");
         ChooseFromPopup(program, editor.Only("Edit"), popupYellow);
@@ -123,7 +123,7 @@ TEST_F(Notes, TheToolbarErasesANote) {
     EXPECT_FALSE(FileExists(NotePath("Shopping")));
 }
 
-TEST_F(Notes, TheMenuErasesANoteThatClosingWritesAnew) {
+TEST_F(Notes, TheMenuErasesANoteThatClosingWritesAgain) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Shopping");
     editor.Only("Edit").Type("milk");
@@ -137,7 +137,7 @@ TEST_F(Notes, TheMenuErasesANoteThatClosingWritesAnew) {
                "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(Notes, SavingSaysSo) {
+TEST_F(Notes, SavingIsConfirmed) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
     PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
     const Box box(program, "");
@@ -170,7 +170,7 @@ TEST_F(Notes, ANoteFileThatAnotherProgramHoldsIsReportedAndSavedWhenItIsFree) {
         WholeFile(NotePath("Shopping")).value().starts_with("\"Shopping\",\"milk and bread\","));
 }
 
-TEST_F(Notes, WhatWasTypedComesBackWhenTheProgramWasKilled) {
+TEST_F(Notes, TypedTextComesBackAfterTheProgramWasKilled) {
     const Window main = StartProgram();
     const Window saved = MakeNote(main, "Shopping");
     saved.Only("Edit").Type("milk");

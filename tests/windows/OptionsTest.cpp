@@ -91,7 +91,7 @@ void Options::ExpectSettings(const std::string& color, const std::string& fontSi
     EXPECT_EQ(Setting("Options", "WindowOnTop"), topMost);
 }
 
-TEST_F(Options, ApplyWritesAllAndCancelNothing) {
+TEST_F(Options, ApplyWritesAllOptionsAndCancelNone) {
     const Window main = StartProgram();
     Window options = OpenOptions(main);
     EXPECT_TRUE(options.Button("White").IsChecked());
@@ -242,7 +242,7 @@ TEST_F(StartupLink, IsMadeOnceAndDeleted) {
     EXPECT_FALSE(FileExists(link));
 }
 
-TEST_F(StartupLink, ThatCannotBeMadeIsReported) {
+TEST_F(StartupLink, AFailureToMakeItIsReported) {
     const Window options = OpenOptions(StartProgram());
     Press(options, startWithWindows);
     Press(options, "Blue");

@@ -71,7 +71,7 @@ class Pointer : public DriverTest {
     }
 };
 
-TEST_F(Pointer, MovesOverTheMainWindowAreNoTrayMessages) {
+TEST_F(Pointer, MovesOverTheMainWindowAreNotTrayMessages) {
     const Window main = StartProgram();
     const Window timer = OpenTimer(main);
     // The topmost rows of the window have no controls.
@@ -90,7 +90,7 @@ TEST_F(Pointer, MovesOverTheMainWindowAreNoTrayMessages) {
     ExitProgram();
 }
 
-TEST_F(Pointer, MovesWithTheButtonDownAlongTheTopAreNoTrayMessages) {
+TEST_F(Pointer, MovesAlongTheTopWithTheButtonDownAreNotTrayMessages) {
     const Window main = StartProgram();
     const Window timer = OpenTimer(main);
     MoveTo(main, 400, 0);

@@ -9,7 +9,7 @@ class Printing : public DriverTest {
     static constexpr const char* error = "Print Error";
 };
 
-TEST_F(Printing, WithoutAPrinterTheUserIsTold) {
+TEST_F(Printing, AMissingPrinterIsReported) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
     PressToolbar(editor.Only("ToolbarWindow32"), toolbarPrint);
     const Box box(program, error);

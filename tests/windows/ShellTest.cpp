@@ -63,7 +63,7 @@ TEST_F(Shell, TheIconComesBackWithANewShell) {
     EXPECT_FALSE(tray::HasIcon(main));
 }
 
-TEST_F(Shell, WindowsComeBackFromAMonitorThatHasGone) {
+TEST_F(Shell, WindowsComeBackFromARemovedMonitor) {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n");
     const Window main = StartProgram();
     const Window minimized = program.WaitFor("Dentist");
@@ -111,7 +111,7 @@ TEST_F(Shell, WindowsComeBackFromAMonitorThatHasGone) {
     EXPECT_EQ(program.WaitForEnd(), 0U);
 }
 
-TEST_F(Shell, AlarmsGoByTheClockOnTheWallAfterEveryChange) {
+TEST_F(Shell, AlarmsFollowTheWallClockAfterEveryChange) {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#11:30:00#,1,12,\"1\",0,\"yes\"\r\n");
     StartProgram();
     const Window editor = program.WaitFor("Dentist");

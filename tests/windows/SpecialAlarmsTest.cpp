@@ -111,7 +111,7 @@ void SpecialAlarms::WriteAlarms(const std::string& bytes) const {
     WriteWholeFile(Path(), bytes);
 }
 
-TEST_F(SpecialAlarms, OfEnabledRowsNoTwoMayBeIdentical) {
+TEST_F(SpecialAlarms, NoTwoEnabledRowsMayBeIdentical) {
     const Window main = StartProgram();
     Window window = Open(main);
     Rows rows = RowsOf(window);
@@ -179,7 +179,7 @@ TEST_F(SpecialAlarms, EveryKindOfChangeCanBeSaved) {
     EXPECT_FALSE(FileExists(Path()));
 }
 
-TEST_F(SpecialAlarms, RowsOfOneSecondComeOneAfterTheOther) {
+TEST_F(SpecialAlarms, RowsOfOneSecondRingOneAfterTheOther) {
     const std::string saved =
         "\"Monday\",#09:01:00#,\"\",1\r\n"
         "\"Tuesday\",#09:01:00#,\"another day\",1\r\n"

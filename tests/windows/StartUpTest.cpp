@@ -48,7 +48,7 @@ TEST_F(StartUp, TheFirstStartMakesTheFolderAndShowsSplashMainWindowAndTips) {
     ExitProgram();
 }
 
-TEST_F(StartUp, TheTipsAreNotShownToWhoDoesNotWantThem) {
+TEST_F(StartUp, SuppressedTipsAreNotShown) {
     const Window main = StartProgram();
     EXPECT_TRUE(program.Visible("Jotwright - Tips and Tricks").empty());
     EXPECT_TRUE(main.IsEnabled());

@@ -4,7 +4,7 @@ namespace driver {
 
 class System : public DriverTest {};
 
-TEST_F(System, LettersOfAllTheWorldAreKept) {
+TEST_F(System, LettersOfAllScriptsAreKept) {
     const std::string title = "Z\xC3\xBCrich \xCE\xA9";  // a u umlaut, an omega
     const std::string text = "\xE6\x97\xA5\xE6\x9C\xAC\r\n\xF0\x9F\x98\x80";  // and beyond U+FFFF
     const Window editor = MakeNote(StartProgram(), title);
@@ -63,7 +63,7 @@ TEST_F(System, TheWebSiteOpensInTheBrowser) {
     EXPECT_TRUE(main.IsEnabled());
 }
 
-TEST_F(System, ADamagedFileIsTakenAwayAndTheOthersStay) {
+TEST_F(System, ADamagedFileIsRemovedAndTheOthersStay) {
     WriteNote("Bad", "\"Bad\",\"no");
     WriteNote("Good", "\"Good\",\"text\",#2031-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n");
     StartProgram();

@@ -67,7 +67,7 @@ bool Titles::ShowsPicture(const Window& box, const std::string& name) const {
     });
 }
 
-TEST_F(Titles, ThatBreakARuleAreRejectedWithAPicture) {
+TEST_F(Titles, InvalidTitlesAreRejectedWithAPicture) {
     WriteNote("Shopping", "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
     const Window main = StartProgram();
     const Window title = main.Only("Edit");
@@ -98,7 +98,7 @@ TEST_F(Titles, ThatBreakARuleAreRejectedWithAPicture) {
     EXPECT_EQ(FileNames(folder + "\\Notes").size(), 1U);
 }
 
-TEST_F(Titles, ThatBreakNoRuleAreTakenAsTheyAreTyped) {
+TEST_F(Titles, ValidTitlesAreTakenAsTyped) {
     WriteSetting("Options", "DefaultColor", "7");
     WriteNote("Shopping", "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
     const Window main = StartProgram();

@@ -99,7 +99,7 @@ TEST_F(ToolTips, AreShownWhereAnAlarmIsSetAndWhereItRings) {
 }
 
 // A text that fits in one line at one scale must fit at another.
-TEST_F(ToolTips, MayBeAsWideAsTheScaleAsks) {
+TEST_F(ToolTips, WidenWithTheScale) {
     const Window main = StartProgram();
     ExpectTip(main.Button("Make &Note"), "Make a new note");
     const Window tips = Shown();

@@ -101,7 +101,7 @@ HWND OpenBox() { return ::FindWindowW(L"#32770", L"Long"); }
 
 }  // namespace
 
-TEST(BoxTextTest, TextsThatFitStandAsTheyAre) {
+TEST(BoxTextTest, TextsThatFitAreUnchanged) {
     for (const std::wstring& text :
          {std::wstring(), std::wstring(L"  Would you?  "), std::wstring(80, L'x'),
           std::wstring(50 * 30, L' '), std::wstring(L"a\r\n\r\nb"), std::wstring(29, L'\n')}) {
@@ -109,7 +109,7 @@ TEST(BoxTextTest, TextsThatFitStandAsTheyAre) {
     }
 }
 
-TEST(BoxTextTest, LongerOnesEndInAnEllipsis) {
+TEST(BoxTextTest, LongerTextsEndInAnEllipsis) {
     EXPECT_EQ(TextThatFits(std::wstring(50 * 30 + 1, L' ')),
               std::wstring(50 * 30, L' ') + L'\u2026');
     EXPECT_EQ(TextThatFits(std::wstring(31, L'\n')), std::wstring(29, L'\n') + L'\u2026');
@@ -117,7 +117,7 @@ TEST(BoxTextTest, LongerOnesEndInAnEllipsis) {
     EXPECT_EQ(TextThatFits(blanks + L"\xd83d\xde00 and more"), blanks + L'\u2026');
 }
 
-TEST(BoxTextTest, WordsThatNoRowHoldsAreBroken) {
+TEST(BoxTextTest, WordsLongerThanALineAreBroken) {
     const std::wstring word(80, L'x');
     EXPECT_EQ(TextThatFits(word + word + L"x and"), word + L"\r\n" + word + L"\r\nx and");
     const std::wstring emoji = std::wstring(79, L'x') + L"\xd83d\xde00";
@@ -125,7 +125,7 @@ TEST(BoxTextTest, WordsThatNoRowHoldsAreBroken) {
     EXPECT_LE(TextThatFits(std::wstring(65536, L'x')).size(), 1600U);
 }
 
-TEST_F(BadInput, ABoxOfAnyTextIsAnsweredOnTheScreen) {
+TEST_F(BadInput, ABoxWithAnyTextFitsTheScreen) {
     for (const std::string& text : {std::string(65536, 'x'), Repeated("some words ", 65536),
                                     Repeated("line\r\n", 65536), Repeated("\xe6\x97\xa5", 65536)}) {
         stand->ExpectBox(Narrow(TextThatFits(Wide(text))), "Long", BoxButtons::Ok, BoxResult::Ok,
@@ -141,7 +141,7 @@ TEST_F(BadInput, ABoxOfAnyTextIsAnsweredOnTheScreen) {
     }
 }
 
-TEST_F(BadInput, ACaptionOfAnyLengthHasItsWindow) {
+TEST_F(BadInput, AWindowMayHaveACaptionOfAnyLength) {
     Start([] { Input().caption = std::string(1U << 20U, 'x'); });
     EXPECT_EQ(::GetWindowTextLengthW(FormWindow::Existing(Input())->handle), 1024);
     Start([] { Default<frmInput>().Unload(); });
@@ -152,7 +152,7 @@ TEST_F(BadInput, ACaptionOfAnyLengthHasItsWindow) {
     EXPECT_TRUE(stand->IsShown(Input()));
 }
 
-TEST_F(BadInput, DatesBeforeThoseOfTheNativeControlStayAsTheyAre) {
+TEST_F(BadInput, DatesBeforeTheNativeControlsRangeAreUnchanged) {
     for (const int year : {100, 1500, 1600, 1601, 1752}) {
         const base::DateTime date = base::DateTime::FromDate(year, 6, 5);
         Start([&date] { Input().dtDate.value = date; });
@@ -174,7 +174,7 @@ TEST_F(BadInput, ATimePickerTakesTheTimeOfAnyDate) {
     EXPECT_EQ(Shown(Input().dtTime).wMinute, 31);
 }
 
-TEST_F(BadInput, ADateThatOnlyTheNativeControlKnowsIsNotTaken) {
+TEST_F(BadInput, ADateThatOnlyTheNativeControlAllowsIsRejected) {
     const base::DateTime date = base::DateTime::FromDate(2031, 6, 2);
     Start([&date] { Input().dtDate.value = date; });
     for (const SYSTEMTIME& time : {SYSTEMTIME{30000, 1, 0, 1, 0, 0, 0, 0}, SYSTEMTIME{},
@@ -189,7 +189,7 @@ TEST_F(BadInput, ADateThatOnlyTheNativeControlKnowsIsNotTaken) {
 
 // The lines are of a usual length, because some native controls take minutes to wrap one line of 64
 // KiB.
-TEST_F(BadInput, WhateverIsPastedIsTheText) {
+TEST_F(BadInput, PastedTextIsUnchanged) {
     for (const std::string& text :
          {std::string(8192, 'x'), Repeated(std::string(500, 'x') + "\r\n", 65536),
           Repeated("0123456789abcde\r\n", 1U << 20U),
@@ -209,7 +209,7 @@ TEST_F(BadInput, WhateverIsPastedIsTheText) {
     EXPECT_EQ(Input().txtNote.text(), lines + 'y');
 }
 
-TEST(BadSoundTest, WhatIsNoWaveIsSilentlyPassedOver) {
+TEST(BadSoundTest, FilesThatAreNotWaveFilesPlayNothing) {
     const TempFolder folder;
     const auto write = [&folder](const std::string& name, const std::string& bytes) {
         const std::string path = folder / name;
@@ -237,7 +237,7 @@ TEST(BadSoundTest, WhatIsNoWaveIsSilentlyPassedOver) {
     }
 }
 
-TEST(LibrarySearchTest, NoLibraryOfTheCurrentFolderOrBesideTheProgramIsLoaded) {
+TEST(LibrarySearchTest, LibrariesInTheCurrentFolderOrBesideTheProgramAreNotLoaded) {
     const TempFolder folder;
     const std::wstring planted = L"jotwright-planted.dll";
     wchar_t self[MAX_PATH]{};

@@ -40,7 +40,7 @@ std::string FromHex(std::string_view hex) {
 
 }  // namespace
 
-TEST(MakeDevicesTest, EveryDeviceIsThereAndStaysTheSame) {
+TEST(MakeDevicesTest, EveryDeviceExistsAndStaysTheSame) {
     const Devices first = MakeDevices();
     const Devices second = MakeDevices();
     EXPECT_NE(first.clock, nullptr);
@@ -57,7 +57,7 @@ TEST(MakeDevicesTest, EveryDeviceIsThereAndStaysTheSame) {
     EXPECT_EQ(first.files, second.files);
 }
 
-TEST(WinClockTest, TellsTheLocalTimeToTheSecond) {
+TEST(WinClockTest, ReturnsTheLocalTimeToTheSecond) {
     WinClock clock;
     SYSTEMTIME before{};
     SYSTEMTIME after{};
@@ -72,7 +72,7 @@ TEST(WinClockTest, TellsTheLocalTimeToTheSecond) {
     EXPECT_LE(now, moment(after));
 }
 
-TEST(WinClockTest, TheSecondChangesWhereItsMillisecondsBeginAgain) {
+TEST(WinClockTest, TheSecondChangesWhenItsMillisecondsWrap) {
     WinClock clock;
     constexpr std::int64_t standstill = 100;  // milliseconds
     int changes = 0;
@@ -102,7 +102,7 @@ TEST(WinClockTest, TheSecondChangesWhereItsMillisecondsBeginAgain) {
     }
 }
 
-TEST(WinClockTest, MonotonicTimeGoesOn) {
+TEST(WinClockTest, MonotonicTimeAdvances) {
     WinClock clock;
     const auto before = static_cast<std::int64_t>(::GetTickCount64());
     const std::int64_t start = clock.MonotonicMilliseconds();
@@ -123,7 +123,7 @@ class WinSettingsTest : public testing::Test {
     WinSettings settings;
 };
 
-TEST_F(WinSettingsTest, WhatIsWrittenIsReadAgain) {
+TEST_F(WinSettingsTest, WrittenValuesAreReadBack) {
     EXPECT_FALSE(settings.Read("Config", "Alarm").has_value());
     settings.Write("Config", "Alarm", "C:\\a b.wav");
     settings.Write("Options", "Alarm", "");
@@ -184,7 +184,7 @@ TEST(WinPrinterTest, WithoutAPrinterPrintingIsAnError) {
     EXPECT_EQ(ErrorOf([&] { printer.EndDocument(); }), 0);
 }
 
-TEST(WinShellTest, AMissingDocumentIsAResultCode) {
+TEST(WinShellTest, AMissingDocumentGivesAResultCode) {
     const TempFolder folder;
     WinShell shell;
     EXPECT_LE(shell.Open(folder / "missing.txt", folder.Path()), 32);
@@ -223,14 +223,14 @@ TEST_F(WinShellHelpTest, WithoutAViewerThePageBesideTheHelpFileIsOpened) {
     EXPECT_EQ(shell.folders, (std::vector<std::string>{folder.Path(), folder.Path()}));
 }
 
-TEST_F(WinShellHelpTest, ThePageStandsInForAMissingHelpFile) {
+TEST_F(WinShellHelpTest, ThePageReplacesAMissingHelpFile) {
     const std::string page = Make("a.html", 1);
     RecordingShell shell(true);
     shell.ShowHelp(folder / "a.hlp", HELP_FORCEFILE);
     EXPECT_EQ(shell.opened, std::vector<std::string>{page});
 }
 
-TEST_F(WinShellHelpTest, WhereBothAreMissingNothingIsOpened) {
+TEST_F(WinShellHelpTest, IfBothAreMissingNothingIsOpened) {
     for (const bool hasViewer : {false, true}) {
         RecordingShell shell(hasViewer);
         EXPECT_EQ(ErrorOf([&] { shell.ShowHelp(folder / "missing.hlp", HELP_FORCEFILE); }), 0);
@@ -238,7 +238,7 @@ TEST_F(WinShellHelpTest, WhereBothAreMissingNothingIsOpened) {
     }
 }
 
-TEST_F(WinShellHelpTest, AStandInIsNoViewer) {
+TEST_F(WinShellHelpTest, AStandInDoesNotCountAsAViewer) {
     EXPECT_FALSE(WinShell::IsHelpViewer(Wide(folder / "missing.exe")));
     EXPECT_FALSE(WinShell::IsHelpViewer(Wide(folder.Path())));
     EXPECT_FALSE(WinShell::IsHelpViewer(Wide(Make("stand-in.exe", 12000))));
@@ -292,7 +292,7 @@ TEST_F(WinPicturesTest, IconsAreThirtyTwoPixelsSquare) {
     EXPECT_EQ(ErrorOf([&] { LoadBytes("c.ico", icon.substr(0, 5)); }), 481);
 }
 
-TEST_F(WinPicturesTest, WhatIsNoPictureIsAnError) {
+TEST_F(WinPicturesTest, FilesThatAreNotPicturesRaiseAnError) {
     EXPECT_EQ(ErrorOf([&] { pictures.Load(folder / "missing.gif"); }), 53);
     EXPECT_EQ(ErrorOf([&] { pictures.Load(folder / "missing\\a.gif"); }), 53);
     EXPECT_EQ(ErrorOf([&] { pictures.Load(folder.Path()); }), 53);
@@ -300,7 +300,7 @@ TEST_F(WinPicturesTest, WhatIsNoPictureIsAnError) {
     EXPECT_EQ(ErrorOf([&] { LoadBytes("empty.gif", ""); }), 481);
 }
 
-TEST_F(WinPicturesTest, AChangedFileIsLoadedAnew) {
+TEST_F(WinPicturesTest, AChangedFileIsLoadedAgain) {
     EXPECT_EQ(LoadBytes("a.gif", gif6x7).width, 90);
     EXPECT_EQ(pictures.Load(folder / "a.gif").width, 90);
     EXPECT_EQ(LoadBytes("a.gif", png2x3).width, 30);
@@ -308,7 +308,7 @@ TEST_F(WinPicturesTest, AChangedFileIsLoadedAnew) {
     EXPECT_EQ(ErrorOf([&] { pictures.Load(folder / "a.gif"); }), 53);
 }
 
-TEST(WinLocaleTest, DatesAndTimesAreInTheUsersForm) {
+TEST(WinLocaleTest, DatesAndTimesHaveTheUsersFormat) {
     WinLocale locale;
     SYSTEMTIME time{};
     time.wYear = 2004;
@@ -328,7 +328,7 @@ TEST(WinLocaleTest, DatesAndTimesAreInTheUsersForm) {
     EXPECT_EQ(locale.GeneralDate(value), locale.ShortDate(value) + " " + locale.TimeText(value));
 }
 
-TEST(WinLocaleTest, YearsThatTheSystemDoesNotKnowHaveTheSameForm) {
+TEST(WinLocaleTest, YearsThatTheSystemCannotFormatHaveTheSameFormat) {
     WinLocale locale;
     const auto ofYear = [](int year) { return base::DateTime::FromDate(year, 5, 14); };
     // 1234 and 2034 have the same calendar and differ only in the century.
@@ -352,7 +352,7 @@ TEST(WinLocaleTest, UpperCase) {
     EXPECT_EQ(locale.ToUpper("\xc3\xbc\xd0\xb6"), "\xc3\x9c\xd0\x96");
 }
 
-TEST(WinLocaleTest, AnsiTextsComeBackWhole) {
+TEST(WinLocaleTest, AnsiTextsRoundTrip) {
     WinLocale locale;
     EXPECT_EQ(locale.ToAnsi(""), "");
     EXPECT_EQ(locale.FromAnsi(""), "");
@@ -366,7 +366,7 @@ TEST(WinLocaleTest, AnsiTextsComeBackWhole) {
     EXPECT_FALSE(locale.ToAnsi("\xff not UTF-8").has_value());
 }
 
-TEST(WinLocaleTest, NothingIsReplacedByWhatLooksAlike) {
+TEST(WinLocaleTest, CharactersAreNotReplacedBySimilarOnes) {
     if (::GetACP() != 1252) {
         GTEST_SKIP() << "the code page is another";
     }
@@ -383,7 +383,7 @@ TEST(WinLocaleTest, NothingIsReplacedByWhatLooksAlike) {
     EXPECT_EQ(locale.ToAnsi(locale.FromAnsi(all)), all);
 }
 
-TEST(WinSystemTest, TheApplicationFolderHoldsTheProgram) {
+TEST(WinSystemTest, TheApplicationFolderContainsTheProgram) {
     WinSystem system;
     wchar_t path[2000]{};
     ::GetModuleFileNameW(nullptr, path, 2000);
@@ -393,7 +393,7 @@ TEST(WinSystemTest, TheApplicationFolderHoldsTheProgram) {
     EXPECT_EQ(Narrow(path).find('\\', folder.size() + 1), std::string::npos);
 }
 
-TEST(WinSystemTest, TheSecondCopyKnowsOfTheFirst) {
+TEST(WinSystemTest, TheSecondCopyDetectsTheFirst) {
     const std::wstring name = L"Local\\Jotwright.Test." + std::to_wstring(::GetCurrentProcessId());
     {
         WinSystem first(name);

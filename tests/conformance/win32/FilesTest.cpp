@@ -54,7 +54,7 @@ class WinFilesTest : public testing::Test {
 
 }  // namespace
 
-TEST_F(WinFilesTest, WhatIsWrittenIsReadAgain) {
+TEST_F(WinFilesTest, WrittenBytesAreReadBack) {
     const std::string bytes("one\r\ntwo\0\xff\x1a three", 17);
     files.Write(note, bytes);
     EXPECT_EQ(files.Read(note), bytes);
@@ -99,7 +99,7 @@ TEST_F(WinFilesTest, NamesAreUnicode) {
     EXPECT_EQ(files.Read(folder / name), "x");
 }
 
-TEST_F(WinFilesTest, ListKnowsTheWholeSuffixInEitherCase) {
+TEST_F(WinFilesTest, ListComparesTheWholeSuffixInEitherCase) {
     files.Write(folder / "a.txt", "12345");
     files.Write(folder / "B.TXT", "");
     files.Write(folder / "c.txt2", "");  // its short name ends in .TXT
@@ -111,13 +111,13 @@ TEST_F(WinFilesTest, ListKnowsTheWholeSuffixInEitherCase) {
     EXPECT_EQ(files.List(folder / "a.txt", ".txt").size(), 0U);
 }
 
-TEST_F(WinFilesTest, NameOnDiskHasTheLettersOfTheDisk) {
+TEST_F(WinFilesTest, NameOnDiskHasTheCaseOfTheDisk) {
     files.Write(folder / "Shopping.txt", "x");
     EXPECT_EQ(files.NameOnDisk(folder / "SHOPPING.TXT"), "Shopping.txt");
     EXPECT_EQ(files.NameOnDisk(folder / "Other.TXT"), "Other.TXT");
 }
 
-TEST_F(WinFilesTest, ListTellsSizeAndTimeOfChange) {
+TEST_F(WinFilesTest, ListReportsSizeAndTimeOfChange) {
     files.Write(note, "12345");
     const FileEntry first = files.List(folder.Path(), ".txt").at(0);
     EXPECT_EQ(first.size, 5U);
@@ -177,7 +177,7 @@ TEST_F(WinFilesTest, AFolderInTheFilesPlace) {
     EXPECT_TRUE(files.FolderExists(note));
 }
 
-TEST_F(WinFilesTest, FilesThatAnotherHolds) {
+TEST_F(WinFilesTest, FilesThatAnotherProgramHolds) {
     files.Write(note, "old");
     files.Write(other, "new");
     {
@@ -193,7 +193,7 @@ TEST_F(WinFilesTest, FilesThatAnotherHolds) {
     EXPECT_EQ(files.Read(other), "new");
 }
 
-TEST_F(WinFilesTest, AFileThatAnotherWritesIsRead) {
+TEST_F(WinFilesTest, AFileThatAnotherProgramWritesCanBeRead) {
     files.Write(note, "x");
     const Handle writer(::CreateFileW(Wide(note).c_str(), GENERIC_READ | GENERIC_WRITE | DELETE,
                                       FILE_SHARE_READ, nullptr, OPEN_EXISTING,
@@ -222,14 +222,14 @@ TEST_F(WinFilesTest, ALockHoldsUntilItIsDestroyedAndLeavesNoFile) {
     EXPECT_EQ(ErrorOf([&] { files.Lock(folder / "nowhere\\a.lock"); }), 76);
 }
 
-TEST_F(WinFilesTest, ReplaceRenamesOverAndAlsoToANewName) {
+TEST_F(WinFilesTest, ReplaceRenamesOverAFileAndToANewName) {
     files.Write(note, "new");
     files.Replace(note, other);
     EXPECT_FALSE(files.FileExists(note));
     EXPECT_EQ(files.Read(other), "new");
 }
 
-TEST_F(WinFilesTest, NothingButAPlainNameIsTaken) {
+TEST_F(WinFilesTest, OnlyPlainNamesAreAccepted) {
     files.Write(note, "x");
     for (const char* name : {"",
                              "a:b.txt",
@@ -276,7 +276,7 @@ TEST_F(WinFilesTest, NothingButAPlainNameIsTaken) {
     EXPECT_EQ(files.Read(note), "x");
 }
 
-TEST_F(WinFilesTest, NamesThatOnlyLookLikeDevicesAreTaken) {
+TEST_F(WinFilesTest, NamesThatOnlyResembleDevicesAreAccepted) {
     for (const char* name : {"console.txt", "com.txt", "com10.txt", "nul1.txt", "my con.txt",
                              ".txt", " x.txt", "a..txt", "100%.txt", "a;b.txt"}) {
         files.Write(folder / name, name);
@@ -329,7 +329,7 @@ TEST_F(WinFilesTest, RecycledFilesAreGoneAndNoTimerRunsMeanwhile) {
     EXPECT_FALSE(files.FileExists(note));
 }
 
-TEST(FileErrorsTest, CodesOfTheSystemHaveTheirNumbers) {
+TEST(FileErrorsTest, SystemErrorCodesMapToErrorNumbers) {
     EXPECT_EQ(ErrorOfCode(ERROR_DISK_FULL), base::ErrorNumber::DiskFull);
     EXPECT_EQ(ErrorOfCode(ERROR_HANDLE_DISK_FULL), base::ErrorNumber::DiskFull);
     EXPECT_EQ(ErrorOfCode(ERROR_SHARING_VIOLATION), base::ErrorNumber::PermissionDenied);

@@ -115,7 +115,7 @@ TEST(StackGuardTest, EachStartHasItsOwnSecret) {
     }
 }
 
-TEST(StackGuardTest, WhoWritesBeyondAnArrayEndsTheProgramAtOnce) {
+TEST(StackGuardTest, AWriteBeyondAnArrayEndsTheProgramAtOnce) {
     EXPECT_EQ(StatusOf(L"stay inside"), cameBack) << "what follows would prove nothing";
     EXPECT_EQ(StatusOf(L"overrun"), STATUS_STACK_BUFFER_OVERRUN);
     EXPECT_EQ(StatusOf(L"library, stay inside"), cameBack) << "what follows would prove nothing";

@@ -54,7 +54,7 @@ TEST_F(TrayTest, TheTipFillsItsFieldWithBlanks) {
     EXPECT_EQ(std::string(WinTray::NativeRecord(record, Handle(), nullptr).szTip, 64), record.tip);
 }
 
-TEST_F(TrayTest, AnIconThatSomebodyElseAddedIsRemovedToo) {
+TEST_F(TrayTest, AnIconAddedThroughAnotherDeviceIsRemovedToo) {
     WinTray other;
     other.Add(record);
     WinTray tray;
@@ -65,7 +65,7 @@ TEST_F(TrayTest, AnIconThatSomebodyElseAddedIsRemovedToo) {
     EXPECT_FALSE(tray.Delete(record));
 }
 
-TEST_F(TrayTest, OnlyTheNumberOfTheIconMakesOne) {
+TEST_F(TrayTest, OnlyMessagesWithTheIconsNumberAreFromTheTray) {
     WinTray tray;
     tray.Add(record);
     ::SetCursorPos(0, 0);
@@ -100,7 +100,7 @@ TEST_F(TrayTest, AWindowOfAnotherScaleCountsTheSameColumns) {
     }
 }
 
-TEST_F(TrayTest, AScaleWithoutAPlaceKeepsTheWindowWhereItIs) {
+TEST_F(TrayTest, AScaleChangeWithABadPlaceKeepsTheWindowInPlace) {
     // Small enough to fit the screen at twice the scale.
     ::SetWindowPos(Handle(), nullptr, 100, 100, 400, 300, SWP_NOZORDER);
     RECT place{};

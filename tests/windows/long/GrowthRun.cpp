@@ -125,7 +125,7 @@ void GrowthRun::Report(const std::string& when, const Objects& objects, std::siz
     std::fflush(stdout);
 }
 
-TEST_F(GrowthRun, NotesThatWereErasedLeaveNothingBehind) {
+TEST_F(GrowthRun, ErasedNotesLeaveNothingBehind) {
     const int cycles = std::max(2, Number("JOTWRIGHT_CYCLES", 6));
     const int warm = std::max(2, cycles / 10);
     const Window main = StartProgram();

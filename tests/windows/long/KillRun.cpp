@@ -148,7 +148,7 @@ void KillRun::CheckTheEditor() {
     EXPECT_LE(loss, promised + stall);
 }
 
-TEST_F(KillRun, TheNoteIsOldOrNewAndAtMostTwoSecondsOfTypingAreGone) {
+TEST_F(KillRun, TheNoteIsOldOrNewAndAtMostTwoSecondsOfTypingAreLost) {
     const int kills = Number("JOTWRIGHT_KILLS", 5);
     const auto seed = static_cast<unsigned>(Number("JOTWRIGHT_SEED", 1));
     std::printf("JOTWRIGHT_SEED=%u, %d kills\n", seed, kills);
