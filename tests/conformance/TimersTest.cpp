@@ -105,7 +105,7 @@ TEST_F(Timers, AreNotReenteredUnderTheirOwnBoxAndOthersGoOn) {
     stand->stayOpenUntil = [&] { return ticks > 0 && others >= othersBefore + 5; };
     stand->ExpectBox("Wait", "Message", BoxButtons::Ok, BoxResult::Ok, [&] {
         EXPECT_EQ(ticks, 1);
-        // The loop of a nested box changes nothing.
+        // A message loop inside the loop of the box gives the timer no tick, either.
         othersBefore = others;
         PumpUntil([&] { return others >= othersBefore + 3; });
         EXPECT_EQ(ticks, 1);

@@ -95,7 +95,7 @@ int WidthOf(const std::string& text, int points, bool bold) {
     return static_cast<int>(std::ceil(units * em / emUnits * (bold ? 1.08 : 1.0)));
 }
 
-// Whether the user sees the control, and whether it takes up room.
+// Whether the control is visible and takes up room.
 bool IsSeen(const Control& control, int formHeight) {
     // Controls below the form's edge become visible if the form is made higher.
     const bool isBelow = control.container == nullptr && control.top >= formHeight;

@@ -8,7 +8,7 @@
 
 namespace driver {
 
-// What the system reports to a screen reader about a window.
+// The properties of a window that the system reports to a screen reader.
 struct Accessible {
     std::string name;
     LONG role = 0;  // ROLE_SYSTEM_...; 0 if the system reports nothing

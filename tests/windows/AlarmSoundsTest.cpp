@@ -22,7 +22,7 @@ class AlarmSounds : public DriverTest {
   protected:
     Window Open(const Window& main) const;
     static void Select(const Window& window, const std::string& option);
-    // Expects a box without an icon and with no text but this.
+    // Expects a box with this text only, and presses OK.
     void ExpectBox(const std::string& boxCaption, const std::string& text) const;
 };
 

@@ -154,7 +154,7 @@ void Countdown::ReadAllTips(const Window& main) {
     program.WaitUntilGone(caption);
     EXPECT_EQ(Setting("Startup", "View Tips"), "1");
 
-    // After the start the tips are a window without an owner.
+    // When it is opened again, the window begins with the first tip.
     ChooseFromMenuBar(program, main, barShowTips);
     const Window again = program.WaitFor(caption);
     WaitUntilFilled(again, "Static");

@@ -16,7 +16,7 @@
 namespace driver {
 
 // Each test starts with an application folder that holds only the shipped files. The only setting
-// is that no tips are shown. The clock stands at Monday, 2 June 2031, 9:00:00.
+// is that no tips are shown. The clock starts at Monday, 2 June 2031, 9:00:00.
 class DriverTest : public testing::Test {
   protected:
     static constexpr const char* mainCaption = "Jotwright";

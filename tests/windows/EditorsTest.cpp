@@ -31,7 +31,7 @@ constexpr Shade menuShades[]{
     {5, RGB(192, 192, 192), black, "6"}, {0, white, black, "1"},
 };
 
-// Whether a text box is painted in these two colours only.
+// Whether a text box shows text in these two colours and in no other.
 bool IsPainted(const Window& textBox, COLORREF back, COLORREF text) {
     return ComesTrue([&] {
         const Picture picture(textBox, border);

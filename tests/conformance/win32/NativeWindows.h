@@ -9,7 +9,7 @@
 namespace conformance {
 
 std::string TextOf(HWND window);
-// In the order of the system's enumeration, topmost first.
+// The visible windows of this class, topmost first.
 std::vector<HWND> VisibleWindowsOfClass(const wchar_t* name);
 std::vector<HWND> ChildrenOfClass(HWND parent, const wchar_t* name);
 

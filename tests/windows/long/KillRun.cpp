@@ -57,7 +57,7 @@ class KillRun : public DriverTest {
 
     std::mt19937 random;
     std::uint64_t killedAt = 0;
-    std::vector<Typed> typed;        // since the last kill, the text before it first
+    std::vector<Typed> typed;        // since the start, beginning with the restored text
     std::vector<std::string> saved;  // the texts that the file may hold
     int words = 0;
     int oldFiles = 0;
@@ -166,7 +166,7 @@ TEST_F(KillRun, TheNoteIsOldOrNewAndAtMostTwoSecondsOfTypingAreLost) {
         typed = {{Milliseconds(), text.Text()}};
         worstStall = std::max(worstStall, stall);
         stall = 0;
-        // From now on, a later save replaces the present contents of the file.
+        // The file may keep its present contents until the next save.
         saved = {TextOf("Typed", WholeFile(NotePath("Typed")).value_or("")).value_or("")};
         try {
             TypeUntil(Milliseconds() + Delay(), text.Parent());

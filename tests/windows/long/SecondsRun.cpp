@@ -65,7 +65,7 @@ void SecondsRun::Watch(const Window& label, int seconds) {
     int unknown = 0;
     std::uint64_t lastLook = Milliseconds();
     std::uint64_t longestLook = 0;
-    int latest = 0;  // milliseconds into a second at which it was shown, at most
+    int latest = 0;  // longest delay of a shown second, in milliseconds
     std::map<int, int> lateness;
     Patience patience;
     while (seen + unknown + missed < seconds) {
