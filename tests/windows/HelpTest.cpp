@@ -26,7 +26,7 @@ std::string ProgramOf(const Window& window) {
     return known ? Narrow(path) : std::string();
 }
 
-// Of whatever process.
+// The window with this caption, if it belongs to a process of this executable.
 Window WindowOfProgram(const std::string& caption, const std::string& executable) {
     const Window found(::FindWindowW(nullptr, Wide(caption).c_str()));
     return ProgramOf(found) == executable ? found : Window();
@@ -50,10 +50,10 @@ std::string TextOf(const Window& window) {
     return text;
 }
 
+// Only the contents list the topics with a colon behind each.
 bool IsContents(const std::string& text) {
-    return text.find("Jotwright keeps coloured notes on your desktop") != std::string::npos &&
-           text.find("Where your notes are: files, back-ups, another computer") !=
-               std::string::npos;
+    return text.find("Special alarms: ") != std::string::npos &&
+           text.find("Where your notes are: ") != std::string::npos;
 }
 
 void ExpectContentsAndCloseThem() {
