@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "tests/windows/Gestures.h"
+
 namespace driver {
 
 DriverTest::DriverTest() : executable(Variable("JOTWRIGHT_EXE")), folder(FolderOf(executable)) {}
@@ -16,6 +18,9 @@ void DriverTest::SetUp() {
     EraseSettings();
     WriteSetting("Startup", "View Tips", "1");
     Clock::Set("2031-06-02 09:00:00");
+    // A menu that opens below the real pointer selects the entry there, and the keys that follow
+    // lead elsewhere.
+    UseHands("mousemove 1279 2");
 }
 
 void DriverTest::TearDown() {
