@@ -86,18 +86,20 @@ void Write(const std::array<Row, rowCount>& rows, const std::optional<std::strin
     if (!disk.FolderExists(Folder())) {
         disk.MakeFolder(Folder());
     }
+    const std::string bytes = Encode(rows);
     SafeFile::ReplaceOptions options;
+    bool isForeign = true;
     try {
         const auto held = Read();
-        options.isKnownToDiffer = held && held != Encode(rows);
-        if (held && held != known) {
-            options.beforeRename = [] { SafeFile::PutAside(Path(), ".replaced"); };
-        }
+        options.isKnownToDiffer = held && held != bytes;
+        isForeign = held && held != known;
     } catch (const base::RuntimeError&) {
-        // The putting aside finds out what is wrong.
+        // Putting the file aside reports why it cannot be read.
+    }
+    if (isForeign) {
         options.beforeRename = [] { SafeFile::PutAside(Path(), ".replaced"); };
     }
-    SafeFile::ReplaceFile(Path(), Encode(rows), options);
+    SafeFile::ReplaceFile(Path(), bytes, options);
 }
 
 bool IsDue(const Row& row, base::DateTime now) {
