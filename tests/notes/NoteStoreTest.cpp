@@ -11,7 +11,26 @@ namespace {
 using base::DateTime;
 using forms::BoxResult;
 using StandardCode::Shared;
-using NoteStoreTest = testing_support::NoteStoreProgram;
+
+class NoteStoreTest : public testing_support::NoteStoreProgram {
+  protected:
+    // Loads the array from a damaged file and, behind it, the note "Zebra" in the given file.
+    void LoadBehindADamagedFile(const std::string& file) {
+        files.PutFolder(folder);
+        files.PutFile(folder + "\\abad.txt",
+                      "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+        PutAs(file, Record("Zebra", "stripes"));
+        stage->ExpectBox("Error Number: 13) - Type mismatch", "Error Loading Notes Array",
+                         forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+        Start([] { StandardCode::LoadNotesArray(); });
+    }
+
+    static void ExpectOnlyZebraIsTaken() {
+        EXPECT_TRUE(StandardCode::Notes().IsTaken("Zebra"));
+        EXPECT_FALSE(StandardCode::Notes().IsTaken("zebra"));
+        EXPECT_FALSE(StandardCode::Notes().IsTaken("Zebra "));
+    }
+};
 
 TEST_F(NoteStoreTest, TwoFilesOfOneTitleAreTwoNotes) {
     PutAs("Dentist.txt", Record("Dentist", "new"));
@@ -221,31 +240,15 @@ TEST_F(NoteStoreTest, AKillBetweenTheRecycleBinAndTheNewFileLosesNeither) {
 }
 
 TEST_F(NoteStoreTest, ATitleOfAFileBeyondADamagedOneIsTaken) {
-    files.PutFolder(folder);
-    files.PutFile(folder + "\\abad.txt",
-                  "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
-    PutAs("Zebra.txt", Record("Zebra", "stripes"));
-    stage->ExpectBox("Error Number: 13) - Type mismatch", "Error Loading Notes Array",
-                     forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
-    Start([] { StandardCode::LoadNotesArray(); });
-    EXPECT_TRUE(StandardCode::Notes().IsTaken("Zebra"));
-    EXPECT_FALSE(StandardCode::Notes().IsTaken("zebra"));
-    EXPECT_FALSE(StandardCode::Notes().IsTaken("Zebra "));
+    LoadBehindADamagedFile("Zebra.txt");
+    ExpectOnlyZebraIsTaken();
     EXPECT_TRUE(StandardCode::Notes().IsTaken("abad"));
     EXPECT_FALSE(StandardCode::Notes().IsTaken("What?"));
 }
 
 TEST_F(NoteStoreTest, TheLettersOfTheExtensionDoNotFreeATitle) {
-    files.PutFolder(folder);
-    files.PutFile(folder + "\\abad.txt",
-                  "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
-    PutAs("Zebra.TXT", Record("Zebra", "stripes"));
-    stage->ExpectBox("Error Number: 13) - Type mismatch", "Error Loading Notes Array",
-                     forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
-    Start([] { StandardCode::LoadNotesArray(); });
-    EXPECT_TRUE(StandardCode::Notes().IsTaken("Zebra"));
-    EXPECT_FALSE(StandardCode::Notes().IsTaken("zebra"));
-    EXPECT_FALSE(StandardCode::Notes().IsTaken("Zebra "));
+    LoadBehindADamagedFile("Zebra.TXT");
+    ExpectOnlyZebraIsTaken();
     // Once it is in a slot, the title of the note decides.
     files.Remove(folder + "\\abad.txt");
     PutAs("Zebra.TXT", Record("Horse", "stripes"));

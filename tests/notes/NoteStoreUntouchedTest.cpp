@@ -9,7 +9,26 @@
 namespace {
 
 using base::DateTime;
-using NoteStoreUntouchedTest = testing_support::NoteStoreProgram;
+
+class NoteStoreUntouchedTest : public testing_support::NoteStoreProgram {
+  protected:
+    // The open note "Dentist" rings at 9:00:05 and is not touched; its saved record.
+    StandardCode::NoteRecord LetDentistRing() {
+        SetNow(2004, 5, 14, 9, 0, 0);
+        auto record = Record("Dentist", "text");
+        record.AlarmState = "1";
+        record.AlarmTime = DateTime::FromTime(9, 0, 5);
+        PutNote(record);
+        ReadAll();
+        Advance(10'000);
+        return record;
+    }
+
+    void Exit() {
+        const NoteStore::Quiet exit(StandardCode::Notes());
+        CloseAll();
+    }
+};
 
 TEST_F(NoteStoreUntouchedTest, StartAndExitWithNothingTouchedChangeNoByte) {
     PutAs("a.txt", Record("a", "plain"));
@@ -32,10 +51,7 @@ TEST_F(NoteStoreUntouchedTest, StartAndExitWithNothingTouchedChangeNoByte) {
     Advance(5000);
     EXPECT_EQ(Folder(), before);
     files.ClearLog();
-    {
-        const NoteStore::Quiet exit(StandardCode::Notes());
-        CloseAll();
-    }
+    Exit();
     EXPECT_EQ(Folder(), before);
     for (const std::string& entry : files.Log()) {
         EXPECT_TRUE(entry.starts_with("read ")) << entry;
@@ -43,12 +59,7 @@ TEST_F(NoteStoreUntouchedTest, StartAndExitWithNothingTouchedChangeNoByte) {
 }
 
 TEST_F(NoteStoreUntouchedTest, AnAlarmThatRangIsOffInTheFileOnceTheWindowCloses) {
-    auto record = Record("Dentist", "text");
-    record.AlarmState = "1";
-    record.AlarmTime = DateTime::FromTime(9, 0, 5);
-    PutNote(record);
-    ReadAll();
-    Advance(10'000);
+    LetDentistRing();
     user->CloseBox(Editor("Dentist"));
     EXPECT_EQ(Saved("Dentist").AlarmState, "0");
 }
@@ -56,22 +67,12 @@ TEST_F(NoteStoreUntouchedTest, AnAlarmThatRangIsOffInTheFileOnceTheWindowCloses)
 TEST_F(NoteStoreUntouchedTest, AnAlarmThatRangLeavesAFileThatWasChangedElsewhere) {
     const std::map<std::string, std::function<void()>> ends{
         {"closing", [this] { user->CloseBox(Editor("Dentist")); }},
-        {"exit",
-         [this] {
-             const NoteStore::Quiet exit(StandardCode::Notes());
-             CloseAll();
-         }},
+        {"exit", [this] { Exit(); }},
         {"end of the session", [] { forms::gestures::EndSession(); }},
     };
     for (const auto& [how, end] : ends) {
         SCOPED_TRACE(how);
-        SetNow(2004, 5, 14, 9, 0, 0);
-        auto record = Record("Dentist", "text");
-        record.AlarmState = "1";
-        record.AlarmTime = DateTime::FromTime(9, 0, 5);
-        PutNote(record);
-        ReadAll();
-        Advance(10'000);
+        auto record = LetDentistRing();
         ASSERT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Set Alarm");
         record.Text = "by another program";
         record.AlarmTime = DateTime::FromTime(17, 0, 0);
@@ -86,16 +87,9 @@ TEST_F(NoteStoreUntouchedTest, AnAlarmThatRangLeavesAFileThatWasChangedElsewhere
 
 TEST_F(NoteStoreUntouchedTest, AnAlarmThatRangIsOffInTheFileAfterExitAndEndOfSession) {
     for (const bool isExit : {true, false}) {
-        SetNow(2004, 5, 14, 9, 0, 0);
-        auto record = Record("Dentist", "text");
-        record.AlarmState = "1";
-        record.AlarmTime = DateTime::FromTime(9, 0, 5);
-        PutNote(record);
-        ReadAll();
-        Advance(10'000);
+        LetDentistRing();
         if (isExit) {
-            const NoteStore::Quiet exit(StandardCode::Notes());
-            CloseAll();
+            Exit();
         } else {
             forms::gestures::EndSession();
         }
