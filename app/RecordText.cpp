@@ -39,6 +39,9 @@ base::DateTime ReadDate(std::string_view field) {
 }  // namespace
 
 std::string ToBytes(const std::string& text) {
+    if (base::IsAscii(text)) {
+        return text;
+    }
     const std::string valid = base::ToValidUtf8(text);
     const std::optional<std::string> ansi = forms::Machine().locale->ToAnsi(valid);
     return ansi ? *ansi : std::string(byteOrderMark) + valid;
@@ -49,11 +52,14 @@ std::string FromBytes(const std::string& bytes) {
         return WithoutZeros(
             base::ToValidUtf8(std::string_view(bytes).substr(byteOrderMark.size())));
     }
-    return WithoutZeros(forms::Machine().locale->FromAnsi(bytes));
+    return WithoutZeros(base::IsAscii(bytes) ? bytes : forms::Machine().locale->FromAnsi(bytes));
 }
 
 std::string WithoutZeros(std::string text) {
-    std::replace(text.begin(), text.end(), '\0', ' ');
+    for (std::size_t zero = text.find('\0'); zero != std::string::npos;
+         zero = text.find('\0', zero + 1)) {
+        text[zero] = ' ';
+    }
     return text;
 }
 

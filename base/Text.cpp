@@ -1,5 +1,7 @@
 #include "base/Text.h"
 
+#include <algorithm>
+
 namespace base {
 
 namespace {
@@ -19,6 +21,11 @@ std::string_view WithoutBlanks(std::string_view text) {
 }  // namespace
 
 std::string Trim(std::string_view text) { return std::string(WithoutBlanks(text)); }
+
+bool IsAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
 
 std::size_t Utf16Length(std::string_view utf8) {
     std::size_t length = 0;

@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "app/RecordText.h"
 #include "base/Text.h"
@@ -82,6 +83,24 @@ std::optional<Places> FindPlaces(std::string_view text) {
     return isWhole ? std::optional(Places{titleEnd, textStart, textEnd, *rest}) : std::nullopt;
 }
 
+// Gives the record its title and its text, and returns the reader of the fields behind them.
+RecordText::Reader TakeTitleAndText(const std::string& text, const Places& places,
+                                    StandardCode::NoteRecord& record) {
+    record.Title = text.substr(1, places.titleEnd - 1);
+    record.Text = text.substr(places.textStart, places.textEnd - places.textStart);
+    return RecordText::Reader(text.substr(places.rest));
+}
+
+void ReadFieldsBehindText(RecordText::Reader reader, StandardCode::NoteRecord& record) {
+    record.AlarmDate = reader.DateOrZero();
+    record.AlarmTime = reader.DateOrZero();
+    record.ColorIndex = reader.IntegerOrZero();
+    record.FontSize = reader.IntegerOrZero();
+    record.AlarmState = reader.Text();
+    record.AudioAlarm = reader.IntegerOrZero();
+    record.Trailer = reader.Text();
+}
+
 }  // namespace
 
 std::string Compose(const StandardCode::NoteRecord& record, TimeField timeField) {
@@ -100,37 +119,29 @@ std::string Encode(const StandardCode::NoteRecord& record, TimeField timeField) 
 }
 
 void Parse(const std::string& text, StandardCode::NoteRecord& record) {
-    RecordText::Reader reader(text);
     if (const auto places = FindPlaces(text)) {
-        record.Title = text.substr(1, places->titleEnd - 1);
-        record.Text = text.substr(places->textStart, places->textEnd - places->textStart);
-        reader = RecordText::Reader(text.substr(places->rest));
-    } else {
-        record.Title = reader.Text();
-        record.Text = reader.Text();
+        ReadFieldsBehindText(TakeTitleAndText(text, *places, record), record);
+        return;
     }
-    record.AlarmDate = reader.DateOrZero();
-    record.AlarmTime = reader.DateOrZero();
-    record.ColorIndex = reader.IntegerOrZero();
-    record.FontSize = reader.IntegerOrZero();
-    record.AlarmState = reader.Text();
-    record.AudioAlarm = reader.IntegerOrZero();
-    record.Trailer = reader.Text();
+    RecordText::Reader reader(text);
+    record.Title = reader.Text();
+    record.Text = reader.Text();
+    ReadFieldsBehindText(std::move(reader), record);
 }
 
 void Decode(const std::string& bytes, StandardCode::NoteRecord& record) {
     const std::string text = RecordText::FromBytes(bytes);
-    const auto places = FindPlaces(text) ? std::nullopt : FindPlaces(bytes);
+    const auto places = text == bytes || FindPlaces(text) ? std::nullopt : FindPlaces(bytes);
     if (!places) {
         Parse(text, record);
         return;
     }
     // The code page has pairs of bytes, and the last byte of the title or of the text has taken the
     // quote behind it for the second half of a character.
-    Parse("\"\",\"\"," + bytes.substr(places->rest), record);
-    record.Title = RecordText::FromBytes(bytes.substr(1, places->titleEnd - 1));
-    record.Text =
-        RecordText::FromBytes(bytes.substr(places->textStart, places->textEnd - places->textStart));
+    RecordText::Reader reader = TakeTitleAndText(bytes, *places, record);
+    record.Title = RecordText::FromBytes(record.Title);
+    record.Text = RecordText::FromBytes(record.Text);
+    ReadFieldsBehindText(std::move(reader), record);
 }
 
 bool IsWhole(const std::string& bytes) {

@@ -117,7 +117,8 @@ void NoteStore::LoadSlot(int slot, const forms::FileEntry& file,
     auto known = before.extract(file.name);
     if (known && known.mapped().size == file.size && known.mapped().changed == file.changed) {
         record = known.mapped().record;
-        parsed.insert(std::move(known));
+        // Folders are usually listed in the order of names.
+        parsed.insert(parsed.end(), std::move(known));
         return;
     }
     record = NoteRecord{};

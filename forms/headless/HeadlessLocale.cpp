@@ -83,9 +83,7 @@ std::optional<std::string> HeadlessLocale::ToAnsi(const std::string& utf8) {
     if (codePage != utf8CodePage) {
         return ToCodePage(codePage, utf8);
     }
-    const bool isAscii = std::all_of(utf8.begin(), utf8.end(),
-                                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-    return isAscii ? std::optional(utf8) : std::nullopt;
+    return base::IsAscii(utf8) ? std::optional(utf8) : std::nullopt;
 }
 
 std::string HeadlessLocale::FromAnsi(const std::string& bytes) {

@@ -12,6 +12,15 @@ TEST(Trim, TakesBlanksOnly) {
     EXPECT_EQ(Trim("\t a \r\n"), "\t a \r\n");
 }
 
+TEST(IsAscii, EveryByteIsBelow128) {
+    EXPECT_TRUE(IsAscii(""));
+    EXPECT_TRUE(IsAscii(std::string("a\0\x7f", 3)));
+    EXPECT_FALSE(IsAscii("a\x80"));
+    EXPECT_FALSE(
+        IsAscii("\xff"
+                "a"));
+}
+
 TEST(Utf16Length, CountsUnits) {
     EXPECT_EQ(Utf16Length(""), 0U);
     EXPECT_EQ(Utf16Length("abc"), 3U);

@@ -156,9 +156,7 @@ std::optional<std::string> WinLocale::ToAnsi(const std::string& utf8) {
     if (ansiCodePage == CP_UTF8) {
         // Other programs and other machines take bytes beyond ASCII for those of an older code
         // page: such a text is to have a byte order mark.
-        const bool isAscii = std::all_of(
-            utf8.begin(), utf8.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-        return isAscii ? std::optional(utf8) : std::nullopt;
+        return base::IsAscii(utf8) ? std::optional(utf8) : std::nullopt;
     }
     const std::wstring wide = Wide(utf8);
     const auto length = static_cast<int>(wide.size());
