@@ -62,12 +62,24 @@ std::string Encode(const std::array<Row, rowCount>& rows) {
 void Decode(const std::string& bytes, std::vector<Row>& rows) {
     const std::string text = RecordText::FromBytes(bytes);
     Reading best = ReadAll(text, &RecordText::Reader::TextBeforeLastField);
-    // Other programs need not write one row a line.
-    if (best.rows.size() < rowCount) {
-        Reading other = ReadAll(text, &RecordText::Reader::Text);
+    const auto tryOther = [&best](Reading other) {
         if (other.rows.size() > best.rows.size()) {
             best = std::move(other);
         }
+    };
+    if (best.rows.size() < rowCount) {
+        // Other programs need not write one row a line.
+        tryOther(ReadAll(text, &RecordText::Reader::Text));
+    }
+    if (best.rows.size() < rowCount) {
+        // In a code page with pairs of bytes, the last byte of a message may have taken the quote
+        // behind it for the second half of a character.
+        Reading ofBytes = ReadAll(bytes, &RecordText::Reader::TextBeforeLastField);
+        for (Row& row : ofBytes.rows) {
+            row.Day = RecordText::FromBytes(row.Day);
+            row.Message = RecordText::FromBytes(row.Message);
+        }
+        tryOther(std::move(ofBytes));
     }
     rows.insert(rows.end(), best.rows.begin(), best.rows.end());
     if (best.error) {

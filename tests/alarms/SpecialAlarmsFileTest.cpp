@@ -84,6 +84,23 @@ TEST_F(SpecialAlarmsFileTest, MessagesOutsideTheCodePageRoundTrip) {
     EXPECT_NE(SpecialAlarmsFile::Encode(week).find("\"\x80\""), std::string::npos);
 }
 
+TEST_F(SpecialAlarmsFileTest, AQuoteBehindTheFirstByteOfAPairStillEndsTheMessage) {
+    for (const int codePage : {932, 936}) {
+        locale.codePage = codePage;
+        for (std::size_t changed = 0; changed < SpecialAlarmsFile::rowCount; ++changed) {
+            std::string bytes;
+            for (std::size_t i = 0; i < SpecialAlarmsFile::rowCount; ++i) {
+                const std::string message = i == changed ? "a \"caf\xe9\" caf\xe9" : "m";
+                bytes += "\"Monday\",#08:00:00#,\"" + message + "\",1\r\n";
+            }
+            const auto rows = Decoded(bytes);
+            ASSERT_EQ(rows.size(), SpecialAlarmsFile::rowCount) << codePage << ' ' << changed;
+            EXPECT_EQ(rows[changed].Message, locale.FromAnsi("a \"caf\xe9\" caf\xe9"));
+            EXPECT_EQ(rows[(changed + 1) % SpecialAlarmsFile::rowCount].Message, "m");
+        }
+    }
+}
+
 TEST_F(SpecialAlarmsFileTest, FewerThanSevenRowsAreAnErrorBehindThoseRead) {
     std::string bytes;
     for (std::size_t count = 0; count < SpecialAlarmsFile::rowCount; ++count) {
