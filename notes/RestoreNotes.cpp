@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <set>
+#include <vector>
 
 #include "app/SafeFile.h"
 #include "base/RuntimeError.h"
@@ -23,8 +24,8 @@ std::shared_ptr<frmNote> RestoreNote(const StoredNote& note) {
     return editor;
 }
 
-void RestoreFiles() {
-    for (const forms::FileEntry& file : NoteStore::List()) {
+void RestoreFiles(const std::vector<forms::FileEntry>& files) {
+    for (const forms::FileEntry& file : files) {
         RestoreNote(Notes().Read(file))->windowState = forms::WindowState::Minimized;
     }
 }
@@ -162,8 +163,12 @@ void BringBackUnsaved() {
 
 void ReadNotes() {
     forms::SetMousePointer(forms::MousePointer::Hourglass);
-    ReportLoadErrors(RestoreFiles);
-    ReportLoadErrors(BringBackUnsaved);
+    ReportLoadErrors([] {
+        const auto files = NoteStore::List();
+        // A file that ends the restoring does not cost the unsaved notes.
+        ReportLoadErrors([&files] { RestoreFiles(files); });
+        BringBackUnsaved();
+    });
 }
 
 }  // namespace StandardCode

@@ -62,14 +62,14 @@ TEST_F(MissingFolderTest, AFileCalledNotesIsLeftAloneAndEachSaveFails) {
 TEST_F(MissingFolderTest, AnUnreadableFolderIsReportedAndEachSaveFails) {
     PutNote("Other");
     files.SetDenied(notesFolder, true);
-    std::set<std::string> reports;
+    std::multiset<std::string> reports;
     stage->improvise.box = [&reports](const BoxRequest& box) {
         reports.insert(box.caption + ": " + box.text);
         return BoxResult::Ok;
     };
     StartQuietly();
     stage->improvise.box = nullptr;
-    EXPECT_EQ(reports, (std::set<std::string>{
+    EXPECT_EQ(reports, (std::multiset<std::string>{
                            "Error Loading Notes Array: Error Number: 70) - Permission denied",
                            "Error Loading File: Permission denied"}));
     EXPECT_TRUE(Main().IsShownOnStage());
