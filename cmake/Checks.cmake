@@ -1,7 +1,5 @@
 # The tests that ctest runs in addition to the native tests: source checks, and short runs of the
-# fuzzers. The fuzzers must have been built; ./test builds them. WindowsChecks.cmake has the tests for
-# Windows.
-set(JOTWRIGHT_FUZZ_BUILD "${PROJECT_SOURCE_DIR}/build/fuzz" CACHE PATH "Built preset fuzz")
+# fuzzers. WindowsChecks.cmake has the tests for Windows.
 set(scripts "${PROJECT_SOURCE_DIR}/scripts")
 
 # jotwright_add_check(<name> <command>...)
@@ -20,13 +18,14 @@ jotwright_add_check(check.shell shellcheck -x run test .ci/run scripts/lib.sh
                     scripts/long-run scripts/make-installer scripts/package scripts/run-fuzzer
                     scripts/run-windows-tests scripts/run-windows32-tests scripts/test-package)
 
+if(NOT JOTWRIGHT_FUZZERS)
+    return()
+endif()
 # In these short runs the time limit per input only ends a hang, because a busy machine may pause the
 # fuzzer for long. Long runs have a strict limit.
-jotwright_sources(fuzz_sources fuzz)
 foreach(source IN LISTS fuzz_sources)
     get_filename_component(name "${source}" NAME_WE)
-    jotwright_add_check(fuzz.${name} nice "${scripts}/run-fuzzer"
-                        "${JOTWRIGHT_FUZZ_BUILD}/fuzz_${name}" 10
+    jotwright_add_check(fuzz.${name} nice "${scripts}/run-fuzzer" $<TARGET_FILE:fuzz_${name}> 5
                         -timeout=${jotwright_hang_guard})
     set_tests_properties(fuzz.${name} PROPERTIES COST 100)
 endforeach()

@@ -9,17 +9,21 @@ function(jotwright_sources variable)
     set(${variable} ${found} PARENT_SCOPE)
 endfunction()
 
+# jotwright_instrument(<target>): libFuzzer follows the paths through the target's code.
+function(jotwright_instrument target)
+    if(JOTWRIGHT_FUZZERS)
+        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
+endfunction()
+
 # jotwright_add_library(<name> <folder>...): a static library of the sources in these folders,
 # without the program's entry point.
 function(jotwright_add_library name)
     jotwright_sources(sources ${ARGN})
     list(FILTER sources EXCLUDE REGEX "/app/WinMain\\.cpp$")
-    if(JOTWRIGHT_FUZZ)
-        # The code that reads files does not depend on the windows.
-        list(FILTER sources EXCLUDE REGEX "/(frm|dlg)[^/]*$")
-    endif()
     add_library(${name} STATIC ${sources})
     jotwright_flags(${name})
+    jotwright_instrument(${name})
     # With -O3, g++ 12 warns of the library's own code if its headers are precompiled.
     if(WIN32 OR NOT CMAKE_BUILD_TYPE STREQUAL Release)
         jotwright_use_precompiled(${name} precompiled)

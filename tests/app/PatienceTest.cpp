@@ -55,7 +55,7 @@ TEST_F(PatienceTest, AnActionGoesOnWithItsTimeAfterABox) {
 }
 
 TEST_F(PatienceTest, OnlyAFileThatAnotherProgramHoldsIsTriedAgain) {
-    Start([this] {
+    Start([] {
         for (const auto& [error, attempts] :
              {std::pair{ErrorNumber::PermissionDenied, 76}, {ErrorNumber::DiskFull, 1}}) {
             int made = 0;
