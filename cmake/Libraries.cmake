@@ -16,9 +16,9 @@ function(jotwright_instrument target)
     endif()
 endfunction()
 
-# jotwright_add_library(<name> <folder>...): a static library of the sources in these folders,
-# without the program's entry point.
-function(jotwright_add_library name)
+# jotwright_add_library(<name> <precompiled> <folder>...): a static library of the sources in these
+# folders, without the program's entry point. See jotwright_precompile.
+function(jotwright_add_library name precompiled)
     jotwright_sources(sources ${ARGN})
     list(FILTER sources EXCLUDE REGEX "/app/WinMain\\.cpp$")
     add_library(${name} STATIC ${sources})
@@ -26,6 +26,6 @@ function(jotwright_add_library name)
     jotwright_instrument(${name})
     # With -O3, g++ 12 warns of the library's own code if its headers are precompiled.
     if(WIN32 OR NOT CMAKE_BUILD_TYPE STREQUAL Release)
-        jotwright_use_precompiled(${name} precompiled)
+        jotwright_use_precompiled(${name} ${precompiled})
     endif()
 endfunction()
