@@ -99,17 +99,13 @@ void Write(const std::array<Row, rowCount>& rows, const std::optional<std::strin
         disk.MakeFolder(Folder());
     }
     const std::string bytes = Encode(rows);
-    SafeFile::ReplaceOptions options;
-    bool isForeign = true;
+    SafeFile::ReplaceOptions options{.isForeign = true};
     try {
         const auto held = Read();
         options.isKnownToDiffer = held && held != bytes;
-        isForeign = held && held != known;
+        options.isForeign = held && held != known;
     } catch (const base::RuntimeError&) {
         // Putting the file aside reports why it cannot be read.
-    }
-    if (isForeign) {
-        options.beforeRename = [] { SafeFile::PutAside(Path(), ".replaced"); };
     }
     SafeFile::ReplaceFile(Path(), bytes, options);
 }

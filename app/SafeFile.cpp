@@ -107,13 +107,13 @@ bool ReplaceFile(const std::string& path, const std::string& bytes, const Replac
     const auto write = [&] { return WriteTemporary(folder, bytes, options.durability); };
     const std::string temporary = options.isPatient ? Patience::Try(write) : write();
     try {
-        if (options.beforeRename) {
-            options.beforeRename();
+        if (options.isForeign) {
+            PutAside(path, ".replaced");
         }
         const auto rename = [&] { Files().Replace(temporary, target, options.durability); };
         options.isPatient ? Patience::Try(rename) : rename();
     } catch (const base::RuntimeError&) {
-        if (!options.beforeRename || Files().FileExists(target)) {
+        if (!options.isForeign || Files().FileExists(target)) {
             DeleteIfPossible(temporary);
         }
         throw;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,10 +15,10 @@ struct ReplaceOptions {
     bool isPatient = true;
     // The caller has read the file and knows that its bytes differ.
     bool isKnownToDiffer = false;
-    // Called when the new bytes are on the disk and the old file is still in place. May move the
-    // old file away. If the replacement then fails, the new bytes stay in a temporary file, and
-    // FindLeftovers() finds it at the next start.
-    std::function<void()> beforeRename{};
+    // Nobody here has read or written the old file: it is put aside with the ending ".replaced",
+    // see PutAside(), when the new bytes are on the disk. If the replacement then fails, the new
+    // bytes stay in a temporary file, and FindLeftovers() finds it at the next start.
+    bool isForeign = false;
 };
 
 // Gives the file these bytes. An existing file keeps the letter case of its name. Returns false,

@@ -21,11 +21,6 @@ forms::FileSystem& Files() { return *forms::Machine().files; }
 
 std::string PathOf(const std::string& file) { return StandardCode::NotesFolder() + '\\' + file; }
 
-// The step of a replacement that keeps the old file if nobody here has read or written it.
-std::function<void()> PuttingAside(const std::string& path, bool isForeign) {
-    return isForeign ? [path] { SafeFile::PutAside(path, ".replaced"); } : std::function<void()>();
-}
-
 // Whether a file with these bytes already says what the record says.
 bool SaysTheSame(const std::string& bytes, const NoteRecord& record) {
     NoteRecord held;
@@ -246,8 +241,7 @@ void NoteStore::Save(EditedNote& note, const NoteRecord& record) {
     const std::string bytes = NoteFile::Encode(record);
     const bool isForeign = exists && (!held || held != note.SeenFingerprint());
     Forget(file);
-    SafeFile::ReplaceFile(path, bytes,
-                          {.isKnownToDiffer = true, .beforeRename = PuttingAside(path, isForeign)});
+    SafeFile::ReplaceFile(path, bytes, {.isKnownToDiffer = true, .isForeign = isForeign});
     const std::uint64_t fingerprint = NoteFile::Fingerprint(bytes);
     note.SawFile(Files().NameOnDisk(path), fingerprint);
     Tell(note.File(), fingerprint, &note);
@@ -260,7 +254,7 @@ void NoteStore::Write(const std::string& file, const NoteRecord& record,
     const auto held = known ? FingerprintOf(file) : std::nullopt;
     const bool isForeign = held && (held == unknownContents || held != known);
     try {
-        if (SafeFile::ReplaceFile(path, bytes, {.beforeRename = PuttingAside(path, isForeign)})) {
+        if (SafeFile::ReplaceFile(path, bytes, {.isForeign = isForeign})) {
             Forget(file);
         }
     } catch (const base::RuntimeError&) {

@@ -310,17 +310,31 @@ TEST_F(SafeFileTest, RemovingLeftoversGoesOnBehindOneThatStays) {
 
 TEST_F(SafeFileTest, AReplacementThatFailsAfterTheOldFileWentKeepsTheNewBytes) {
     files.SetDenied(path, false);
-    EXPECT_EQ(ErrorOf([&] {
-                  SafeFile::ReplaceFile(path, newBytes, {.beforeRename = [&] {
-                                            files.Recycle(path);
-                                            files.FailAt(1, ErrorNumber::DeviceIoError);
-                                        }});
-              }),
-              57);
-    files.ClearFaults();
-    EXPECT_FALSE(files.FileExists(path));
-    ASSERT_EQ(Names().size(), 1U);
-    EXPECT_EQ(files.Peek(folder + '\\' + Names()[0]), newBytes);
+    int kept = 0;
+    for (int step = 1;; ++step) {
+        files.PutFile(path, oldBytes);
+        files.FailAt(step, ErrorNumber::DeviceIoError);
+        const int error = ErrorOf([&] {
+            SafeFile::ReplaceFile(path, newBytes, {.isKnownToDiffer = true, .isForeign = true});
+        });
+        files.ClearFaults();
+        ASSERT_EQ(Names().size(), 1U) << step;
+        const auto held = files.Peek(folder + '\\' + Names()[0]);
+        if (error == 0) {
+            EXPECT_EQ(held, newBytes);
+            break;
+        }
+        EXPECT_EQ(error, 57);
+        if (files.FileExists(path)) {
+            EXPECT_EQ(held, oldBytes) << step;
+            continue;
+        }
+        EXPECT_EQ(held, newBytes) << step;
+        EXPECT_EQ(files.RecycledBytes(), std::vector<std::string>{oldBytes});
+        ++kept;
+        files.Remove(folder + '\\' + Names()[0]);
+    }
+    EXPECT_EQ(kept, 1);
 }
 
 TEST_F(SafeFileTest, ACachedReplacementIsNotFlushed) {
