@@ -112,63 +112,32 @@ void frmMain::DesignControls() {
 }
 
 void frmMain::DesignMenus() {
-    mnuFile.caption = "&File";
-    mnuFileSep.caption = "-";
-    mnuFileExit.caption = "&Exit";
     mnuFileExit.Click = [this] { cmdExit_Click(); };
 
-    mnuTools.caption = "&Tools";
-    mnuToolsSpecialAlarms.caption = "Special A&larms";
     mnuToolsSpecialAlarms.Click = [this] { mnuSpecialAlarms_Click(); };
-    mnuToolsControlPanel.caption = "Notes Co&ntrol Panel";
     mnuToolsControlPanel.Click = [this] { ShowControlPanel(); };
-    mnuToolsTimer.caption = "&Timer";
     mnuToolsTimer.Click = [this] { cmdTimer_Click(); };
-    mnuToolsStopWatch.caption = "&Stop Watch";
     mnuToolsStopWatch.Click = [this] { cmdStopWatch_Click(); };
-    mnuSepOpt.caption = "O&ptions";
-    mnuToolsChangeAlarm.caption = "&Choose Alarm Sound";
     mnuToolsChangeAlarm.Click = [this] { mnuAlarm_Click(); };
-    mnuToolsOptions.caption = "Note Options";
     mnuToolsOptions.Click = [this] { mnuToolsOptions_Click(); };
 
-    mnuFileHelp.caption = "&Help";
-    mnuHelpAbout.caption = "&About";
     mnuHelpAbout.Click = [this] { mnuAbout_Click(); };
-    mnuHelpHelp.caption = "&Help Files";
     mnuHelpHelp.Click = [this] { mnuHelp_Click(); };
-    mnuVisitWeb.caption = "&Visit Jotwright Web Site";
     mnuVisitWeb.Click = [this] { mnuWebSite_Click(); };
-    mnuHelpShowTips.caption = "&Show Jotwright Tips";
     mnuHelpShowTips.Click = [this] { mnuTips_Click(); };
 
-    mnuPop.caption = "Pop";
     mnuPop.inMenuBar = false;
-    mnuAbout.caption = "About Jotwright";
     mnuAbout.Click = [this] { mnuAbout_Click(); };
-    mnuHelp.caption = "Help";
     mnuHelp.Click = [this] { mnuHelp_Click(); };
-    mnuWebSite.caption = "Visit Jotwright Web Site";
     mnuWebSite.Click = [this] { mnuWebSite_Click(); };
-    mnuTips.caption = "Show Jotwright Tips";
     mnuTips.Click = [this] { mnuTips_Click(); };
-    mnuSep2.caption = "-";
-    mnuHide.caption = "Hide Jotwright";
     mnuHide.Click = [this] { mnuHide_Click(); };
-    mnuShow.caption = "Show Jotwright";
     mnuShow.enabled = false;
     mnuShow.Click = [this] { mnuShow_Click(); };
-    mnuTimer.caption = "Timer";
     mnuTimer.Click = [this] { cmdTimer_Click(); };
-    mnuStopWatch.caption = "Stop Watch";
     mnuStopWatch.Click = [this] { cmdStopWatch_Click(); };
-    mnuAlarm.caption = "Change Alarm Sound";
     mnuAlarm.Click = [this] { mnuAlarm_Click(); };
-    mnuSpecialAlarms.caption = "Special Alarms";
     mnuSpecialAlarms.Click = [this] { mnuSpecialAlarms_Click(); };
-    mnuControlPanel.caption = "Notes Control Panel";
     mnuControlPanel.Click = [this] { ShowControlPanel(); };
-    sep1.caption = "-";
-    mnuExit.caption = "Exit";
     mnuExit.Click = [this] { cmdExit_Click(); };
 }

@@ -78,14 +78,9 @@ void frmDisplayNote::Design() {
     tmrSoundAlarm.interval = 1000;
     tmrSoundAlarm.Tick = [this] { tmrSoundAlarm_Timer(); };
 
-    mnuPop.caption = "Menu";
     mnuPop.inMenuBar = false;
-    mnuPrint.caption = "Print Note";
     mnuPrint.Click = [this] { mnuPrint_Click(); };
-    mnuErase.caption = "Erase Note";
     mnuErase.Click = [this] { mnuErase_Click(); };
-    mnuSep.caption = "-";
-    mnuClose.caption = "Close";
     mnuClose.Click = [this] { mnuClose_Click(); };
 }
 

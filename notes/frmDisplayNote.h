@@ -26,11 +26,11 @@ class frmDisplayNote : public forms::Form {
     // Plays the sound one second after it was switched on, unless another alarm rings then.
     forms::Timer tmrSoundAlarm{this, "tmrSoundAlarm"};
 
-    forms::Menu mnuPop{this, "mnuPop"};
-    forms::Menu mnuPrint{this, mnuPop, "mnuPrint"};
-    forms::Menu mnuErase{this, mnuPop, "mnuErase"};
-    forms::Menu mnuSep{this, mnuPop, "mnuSep"};
-    forms::Menu mnuClose{this, mnuPop, "mnuClose"};
+    forms::Menu mnuPop{this, "mnuPop", "Menu"};
+    forms::Menu mnuPrint{this, mnuPop, "mnuPrint", "Print Note"};
+    forms::Menu mnuErase{this, mnuPop, "mnuErase", "Erase Note"};
+    forms::Menu mnuSep{this, mnuPop, "mnuSep", "-"};
+    forms::Menu mnuClose{this, mnuPop, "mnuClose", "Close"};
 
     void Design() override;
     void Form_Load() override;

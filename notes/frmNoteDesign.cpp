@@ -157,42 +157,25 @@ void frmNote::DesignDateTime() {
 }
 
 void frmNote::DesignMenus() {
-    mnuFile.caption = "File";
-    mnuPrint.caption = "Print Note";
     mnuPrint.Click = [this] { mnuPrint_Click(); };
-    sepFile.caption = "-";
-    mnuKillNote.caption = "Erase Note";
     mnuKillNote.Click = [this] { mnuKill_Click(); };
-    mnuAlarm.caption = "Alarm";
-    mnuAlarmStart.caption = "Start Alarm";
     mnuAlarmStart.Click = [this] { mnuAlarmStart_Click(); };
-    mnuAlarmStop.caption = "Stop Alarm";
     mnuAlarmStop.Click = [this] { mnuAlarmStop_Click(); };
 
-    mnuPop.caption = "Options";
     mnuPop.inMenuBar = false;
-    mnuColor.caption = "Background Color";
-    constexpr std::array colorNames{"White", "Red", "Green", "Blue", "Yellow", "Gray"};
     const auto colors = ColorItems();
     for (std::size_t i = 0; i < colors.size(); ++i) {
-        colors[i]->caption = colorNames[i];
         colors[i]->Click = [this, i] { mnuColorItem_Click(i + 1); };
     }
     mnuWhite.checked = true;
-    mnuFont.caption = "Font Size";
     constexpr std::array fontSizes{10, 12, 14, 16};
     const auto fonts = FontItems();
     for (std::size_t i = 0; i < fonts.size(); ++i) {
-        fonts[i]->caption = std::to_string(fontSizes[i]) + " point";
         fonts[i]->Click = [this, points = fontSizes[i]] { mnuFontItem_Click(points); };
     }
     mnu12.checked = true;
-    sep1.caption = "-";
-    mnuShow.caption = "Show Me";
     mnuShow.Click = [this] { mnuShow_Click(); };
-    mnuHide.caption = "Hide Me";
     mnuHide.Click = [this] { mnuHide_Click(); };
-    mnuKill.caption = "Erase Note";
     mnuKill.Click = [this] { mnuKill_Click(); };
 }
 

@@ -78,11 +78,8 @@ void frmViewNotes::Design() {
     DesignButtons();
 
     mnuPop.inMenuBar = false;
-    mnuEditNote.caption = "Edit Selected Note";
     mnuEditNote.Click = [this] { cmdEdit_Click(); };
-    mnuEraseNote.caption = "Erase Selected Note";
     mnuEraseNote.Click = [this] { cmdRemove_Click(); };
-    mnuOpenAll.caption = "Open All Notes";
     mnuOpenAll.Click = [this] { cmdOpenAll_Click(); };
 }
 

@@ -24,9 +24,9 @@ class frmViewNotes : public forms::Form {
     forms::CommandButton cmdOK{this, "cmdOK"};
 
     forms::Menu mnuPop{this, "mnuPop"};
-    forms::Menu mnuEditNote{this, mnuPop, "mnuEditNote"};
-    forms::Menu mnuEraseNote{this, mnuPop, "mnuEraseNote"};
-    forms::Menu mnuOpenAll{this, mnuPop, "mnuOpenAll"};
+    forms::Menu mnuEditNote{this, mnuPop, "mnuEditNote", "Edit Selected Note"};
+    forms::Menu mnuEraseNote{this, mnuPop, "mnuEraseNote", "Erase Selected Note"};
+    forms::Menu mnuOpenAll{this, mnuPop, "mnuOpenAll", "Open All Notes"};
 
     void Design() override;
     void Form_Load() override;
