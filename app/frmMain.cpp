@@ -131,8 +131,8 @@ void frmMain::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
     // is safe until the next start. Otherwise the text would be lost.
     const std::vector<EditedNote*> open = StandardCode::Notes().OpenNotes();
     bool losesText = refused.size() > open.size();
-    for (const EditedNote* note : open) {
-        losesText = !note->Editor().KeepForNextStart() || losesText;
+    for (EditedNote* note : open) {
+        losesText = !note->KeepForNextStart() || losesText;
     }
     if (losesText && !application.IsSessionEnding()) {
         cancel = true;

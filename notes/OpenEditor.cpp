@@ -18,41 +18,37 @@ constexpr std::array<NoteColor, 5> restoredColors{{
     {{255, 255, 0}, forms::black},
 }};
 
+std::shared_ptr<frmNote> LoadedEditor(const StoredNote& note) {
+    auto editor = forms::New<frmNote>();
+    editor->Load();
+    editor->caption = note.record.Title;
+    editor->edited.Begin(note);
+    return editor;
+}
+
 }  // namespace
 
 std::shared_ptr<frmNote> OpenEditor(const StoredNote& note) {
-    const NoteRecord& record = note.record;
-    const bool isAlarmSet = record.AlarmState == "1";
+    NoteRecord record = note.record;
     // First: an editor without its alarm would save the note without it.
-    const forms::Picture alarmIcon = isAlarmSet ? frmNote::AlarmIcon() : forms::Picture{};
-    auto editor = forms::New<frmNote>();
-    editor->Load();
-    editor->BeginNote(note);
-    editor->txtNote.text = RecordText::WithLineBreaks(record.Text);
-    editor->dtDate.value = record.AlarmDate;
-    editor->dtTime.value = record.AlarmTime;
+    const forms::Picture alarmIcon =
+        record.AlarmState == "1" ? frmNote::AlarmIcon() : forms::Picture{};
+    auto editor = LoadedEditor(note);
+    record.Text = RecordText::WithLineBreaks(record.Text);
+    editor->Fill(record, alarmIcon);
     const bool isKnown = record.ColorIndex >= 1 && record.ColorIndex <= 5;
     const std::size_t colorIndex = isKnown ? static_cast<std::size_t>(record.ColorIndex) : 5;
     editor->ApplyColor(restoredColors[colorIndex - 1], colorIndex);
-    editor->ApplyFontSize(record.FontSize);
     // Showing compares the text with the saved one.
     editor->MarkSaved();
     editor->Show();
-    if (record.AudioAlarm == 1) {
-        editor->chkAudioAlarm.value = 1;
-    }
-    if (isAlarmSet) {
-        editor->PresentAlarm(alarmIcon);
-    }
-    editor->MarkSaved();
     return editor;
 }
 
 std::shared_ptr<frmNote> OpenNewEditor(const std::string& title) {
-    auto editor = forms::New<frmNote>();
-    editor->Load();
-    editor->BeginNote(title);
-    return editor;
+    StoredNote note;
+    note.record.Title = title;
+    return LoadedEditor(note);
 }
 
 }  // namespace StandardCode

@@ -3,8 +3,6 @@
 #include <memory>
 #include <string>
 
-#include "notes/EditedNote.h"
-#include "notes/NoteEditor.h"
 #include "notes/NoteStore.h"
 #include "notes/frmNote.h"
 
@@ -17,10 +15,5 @@ std::shared_ptr<frmNote> OpenEditor(const StoredNote& note);
 // Opens an editor for a new note, with the settings of an editor that was given none, and does not
 // show it.
 std::shared_ptr<frmNote> OpenNewEditor(const std::string& title);
-
-// The window of an open note: frmNote is the only editor.
-inline frmNote& WindowOf(const EditedNote& note) {
-    return static_cast<frmNote&>(note.Editor().Window());
-}
 
 }  // namespace StandardCode

@@ -33,15 +33,8 @@ std::int16_t ColorIndexOf(const std::optional<forms::Color>& backColor) {
 }
 
 int FontSizeOf(const StandardCode::NoteRecord& note) {
-    switch (note.FontSize) {
-        case 10:
-        case 12:
-        case 14:
-        case 16:
-            return note.FontSize;
-        default:
-            return 12;
-    }
+    const auto& sizes = StandardCode::fontSizes;
+    return std::find(sizes.begin(), sizes.end(), note.FontSize) == sizes.end() ? 12 : note.FontSize;
 }
 
 }  // namespace
