@@ -93,37 +93,21 @@ class frmMain : public forms::Form {
 
   private:
     void DesignControls();
-    void DesignMenus();
-    void ApplyNoteLimit();
-    void ShowMaximumReached();
-    void EnableNoteCreation(bool enable);
-    void AddTrayIcon();
-    void StartCuckooClock();
-    void ShowControlPanel();
-    void ShowHelpFile(forms::HelpCommand command);
+    void ConnectCommands();
     void ConnectEvents();
+    void EnableNoteCreation(bool enable);
+    void ApplyNoteLimit();
+    void RunCuckooClock(bool run);
+    void AddTrayIcon();
+    void ShowNormal();
+    void ShowHelpFile(forms::HelpCommand command);
 
     void cmdMakeNote_Click();
-    void cmdSpecialAlarms_Click();
-    void cmdViewNotes_Click();
-    void cmdTimer_Click();
-    void cmdStopWatch_Click();
     void cmdCookoo_Click();
-    void cmdHideMe_Click();
-    void cmdExit_Click();
-    void imgLogo_MouseUp(int button);
-    void ShowPopupOn(int button);
     void tmrNow_Timer();
     void tmrCooKoo_Timer();
-    void mnuToolsOptions_Click();
-    void mnuAbout_Click();
-    void mnuHelp_Click();
-    void mnuWebSite_Click();
-    void mnuTips_Click();
     void mnuHide_Click();
     void mnuShow_Click();
-    void mnuAlarm_Click();
-    void mnuSpecialAlarms_Click();
 
     bool struck = false;  // whether the cuckoo has struck; kept, but not read
 };
