@@ -28,7 +28,7 @@ void ApplyDefaultFontSize(frmNote& note, int code) {
 }  // namespace
 
 std::shared_ptr<frmNote> CreateNote(const std::string& title) {
-    // Both are read before the window is made, so that an error leaves no half-made window.
+    // Read both before the window is made, so that an error leaves no half-made window.
     const int color = Settings::defaultColor.Read();
     const int fontSize = Settings::defaultFontSize.Read(missingFontSize);
     auto note = OpenNewEditor(title);

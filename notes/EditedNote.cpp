@@ -55,7 +55,7 @@ bool EditedNote::LeavesFileAlone(bool isExit) const {
         return true;
     }
     const auto held = NoteStore::FingerprintOf(file);
-    // If the file cannot be read, the saving of the alarm reports why.
+    // If the file cannot be read, saving the alarm reports the error.
     return held == NoteStore::unknownContents ? !hasRung : held != fingerprint;
 }
 
@@ -102,7 +102,7 @@ void EditedNote::KeepCopy(RecoveryCopy::When when) {
     }
     RecoveredNote state;
     state.file = file;
-    // A copy must not keep the window waiting.
+    // Not patient: a recovery copy must not make the window wait for another program.
     state.base =
         file.empty() ? NoteStore::FingerprintOf(NoteStore::FileNameFor(title), false) : fingerprint;
     state.record = editor.Record();

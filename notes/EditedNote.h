@@ -36,7 +36,7 @@ class EditedNote {
 
     // The record that the editor showed when there was last nothing to save.
     const StandardCode::NoteRecord& SavedRecord() const { return saved; }
-    // There is nothing to save in the editor as it stands.
+    // Takes the note as the editor shows it now for saved.
     void MarkSaved();
     // An alarm that has rung is no change that the user has to save. The editor's audio alarm is 1
     // or 0, as in the record.
@@ -52,8 +52,8 @@ class EditedNote {
     // no alarm has to be switched off in the file.
     bool LeavesFileAlone(bool isExit) const;
 
-    // Writes the file, unless it says the same already. Contents of the file that this editor has
-    // neither read nor written are put aside first. Raises RuntimeErrors.
+    // Writes the file, unless it has these fields already. Contents of the file that this editor
+    // has neither read nor written are put aside first. Raises RuntimeErrors.
     void Save();
     // Moves the file to the Recycle Bin; does nothing for a note that was never saved. Raises
     // RuntimeErrors.
@@ -88,7 +88,7 @@ class EditedNote {
     bool isFileOther = false;
     bool isFileGone = false;
     StandardCode::NoteRecord saved;
-    bool hasRung = false;  // and the file still has the alarm
+    bool hasRung = false;  // the alarm has rung, and the file still has it set
     RecoveryCopy copy;
     bool keepsCopy = false;
 };

@@ -20,7 +20,7 @@ namespace {
 constexpr const char* setAlarm = "&Set Alarm";
 constexpr const char* turnOffAlarm = "&Turn Off Alarm";
 
-// Milliseconds. Looks at every second of the day at least once.
+// Milliseconds; short enough to see every second of the day.
 constexpr int dueTestInterval = 600;
 
 // Places in the alarm frame.
@@ -121,7 +121,7 @@ void NoteAlarm::Set(bool set, const forms::Picture& icon) {
         note.tmrNote.interval = dueTestInterval;
         note.fraAlarm.caption = " Alarm Set ";
         FillCalendar();
-        // The first tick of the clock may come after the alarm's own second.
+        // At once: the first tick of the clock may come after the alarm's own second.
         RestUntilNear();
     }
     if (this == &forms::Default<frmNote>().alarm) {

@@ -8,12 +8,11 @@
 
 namespace StandardCode {
 
-// Opens an editor for a note and shows it: text, colours, font size, audio alarm, and its alarm if
-// it is set. RuntimeError 53 if an icon is missing; no editor is left behind then.
+// Opens an editor for a note, fills it with all fields and shows it. RuntimeError 53 if an icon is
+// missing; then no editor is left behind.
 std::shared_ptr<frmNote> OpenEditor(const StoredNote& note);
 
-// Opens an editor for a new note, with the settings of an editor that was given none, and does not
-// show it.
+// Opens an editor for a new note, white and with 12 points. Does not show it.
 std::shared_ptr<frmNote> OpenNewEditor(const std::string& title);
 
 }  // namespace StandardCode

@@ -107,7 +107,8 @@ void frmNote::Form_Load() {
 }
 
 void frmNote::Form_Activate() {
-    // The length that is taken here hides from the closing that the text was changed before.
+    // Closing compares the length with the one that is stored here, so it would miss a text that
+    // was changed before.
     if (edited.IsOpen() && txtNote.text() != edited.SavedRecord().Text) {
         NoteChanged = true;
     }
@@ -227,15 +228,15 @@ void frmNote::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
     }
     cancel = !(Shared().ControlPanelMode ? CloseThroughPanel() : CloseSilently());
     if (cancel) {
-        // The note could not be saved: its text is only in this window.
+        // The note could not be saved. Its text is only in this window, so show it.
         if (windowState() == forms::WindowState::Minimized) {
             windowState = forms::WindowState::Normal;
         }
         return;
     }
-    // Two kinds of edits go without a save and without a question: those of a note that the toolbar
-    // was to erase and did not, and those that keep the text's length in a note opened through the
-    // panel.
+    // Two kinds of edits were neither saved nor asked about: edits of a note whose erasing by the
+    // toolbar was answered with No, and edits that keep the text's length in a note that was opened
+    // through the panel.
     if (NoteErased ? !isErasingConfirmed : !NoteChanged) {
         edited.RecycleUnsaved();
     }
@@ -247,7 +248,7 @@ bool frmNote::CloseThroughPanel() {
         NoteChanged = true;
     }
     if (NoteChanged && !NoteErased) {
-        // The session may end before the answer comes.
+        // The session may end before the user answers.
         edited.KeepCopy(RecoveryCopy::When::Now);
         const auto answer =
             forms::MsgBox(" Would you like to save changes?     ",
@@ -318,7 +319,7 @@ void frmNote::tlbMain_ButtonClick(const std::string& key) {
 
 void frmNote::SaveThisNote() {
     if (!WriteNote()) {
-        // The error was shown; closing the window must not take the text for saved.
+        // The error was shown. Mark the note as changed, so that closing asks again.
         NoteChanged = true;
         return;
     }
@@ -364,7 +365,7 @@ void frmNote::mnuShow_Click() {
 }
 
 void frmNote::mnuKill_Click() {
-    // The program may end while the question waits.
+    // Not yet confirmed: the program may end while the question waits.
     isErasingConfirmed = false;
     const auto answer =
         forms::MsgBox("Are you sure you would like to erase " +
@@ -380,13 +381,13 @@ void frmNote::mnuKill_Click() {
     try {
         edited.Erase();
     } catch (const base::RuntimeError&) {
-        // Whatever became of the file, the window goes.
+        // Erasing reports no error: the window closes all the same.
     }
     try {
-        // If the window stays, what is typed there from now on is wanted.
+        // If the window stays open, its text must be saved again.
         isErasingConfirmed = Unload();
     } catch (const base::RuntimeError&) {
-        // As above: erasing reports nothing.
+        // As above.
         isErasingConfirmed = false;
     }
 }

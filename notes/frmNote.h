@@ -80,10 +80,12 @@ class frmNote : public forms::Form, public NoteEditor {
     void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
     void Form_Unload(bool& cancel) override;
     void Form_MouseUp(int button, int x, int y) override;
-    // Written as the callback of an icon in the notification area, whose messages arrive as x.
+    // Acts as the callback of an icon in the notification area: x in pixels is the number of a
+    // message.
     void Form_MouseMove(int button, int x, int y) override;
 
-    // Saves the note and rebuilds the notes array. An error is shown; false then.
+    // Saves the note and rebuilds the notes array. If saving fails, shows the error and returns
+    // false.
     bool WriteNote();
     forms::Form& Window() override { return *this; }
     StandardCode::NoteRecord Record() override;
@@ -95,17 +97,17 @@ class frmNote : public forms::Form, public NoteEditor {
     void Fill(const StandardCode::NoteRecord& record, const forms::Picture& alarmIcon);
     // Paints the text box and checks the entry of the colour menu with this number, 1 to 6.
     void ApplyColor(StandardCode::NoteColor color, std::size_t newColorIndex);
-    // 10, 12, 14 or 16 points; any other size changes nothing.
+    // 10, 12, 14 or 16 points. Any other size changes nothing.
     void ApplyFontSize(int points);
-    // RuntimeError 53 if it is missing.
+    // The icon of a window whose alarm is set. RuntimeError 53 if its file is missing.
     static forms::Picture AlarmIcon();
-    // There is nothing to save in the editor as it stands.
+    // Takes the note as the editor shows it now for saved.
     void MarkSaved() { edited.MarkSaved(); }
-    // Shows the unsaved note of a program that was killed, and brings the editor up. The icon as in
-    // Fill().
+    // Shows the unsaved note of a program that was killed, and brings the window up. For the icon,
+    // see Fill().
     void TakeRecovered(const RecoveredNote& recovered, const forms::Picture& alarmIcon);
 
-    // Only ever deleted: the window adds no icon of its own.
+    // The window adds no icon of its own. It only deletes this one.
     forms::TrayRecord TrayIconRecord;
     NoteAlarm alarm{*this};
     EditedNote edited{*this};
