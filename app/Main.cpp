@@ -1,8 +1,7 @@
 #include "app/Main.h"
 
-#include <new>
-
 #include "alarms/SpecialAlarmsFile.h"
+#include "app/Exit.h"
 #include "app/SafeFile.h"
 #include "app/StandardCode.h"
 #include "app/dlgMsgBox.h"
@@ -10,8 +9,6 @@
 #include "forms/Application.h"
 #include "forms/Devices.h"
 #include "info/frmSplash.h"
-#include "notes/EditedNote.h"
-#include "notes/NoteEditor.h"
 #include "notes/NoteStore.h"
 #include "notes/frmViewNotes.h"
 
@@ -19,16 +16,9 @@ namespace StandardCode {
 
 namespace {
 
-// Runs before an error that no handler trapped ends the program. Saves all open notes and removes
-// the icon from the notification area.
-void SaveWhatIsOpen() {
-    for (const EditedNote* note : Notes().OpenNotes()) {
-        try {
-            note->Editor().SaveBeforeTheEnd();
-        } catch (const std::bad_alloc&) {
-            // If one note is too large to be saved, save the others.
-        }
-    }
+// Runs before an error that no handler trapped ends the program.
+void SaveAndRemoveIcon() {
+    SaveOpenNotes();
     if (auto* main = forms::LoadedDefault<frmMain>()) {
         forms::Machine().tray->Delete(main->TrayIconRecord);
     }
@@ -60,7 +50,7 @@ void Main() {
     NoteStore::AdoptLeftovers();
     SafeFile::RemoveLeftovers(SpecialAlarmsFile::Folder());
     ConnectControlPanel();
-    forms::Application::Current().onFatalError = SaveWhatIsOpen;
+    forms::Application::Current().onFatalError = SaveAndRemoveIcon;
 
     auto& splash = forms::Default<frmSplash>();
     splash.Show();

@@ -65,7 +65,7 @@ std::string PathAside(const std::string& path, const std::string& ending) {
     const std::size_t nameStart = path.find_last_of('\\') + 1;
     const std::string name = path.substr(nameStart);
     const std::string folder = path.substr(0, nameStart - 1);
-    // A name that was longer already may stay as long as it is.
+    // A name that is longer than that keeps its length.
     const std::size_t most = std::max(LongestName(folder), base::Utf16Length(name));
     return folder + '\\' + Shortened(name, most - std::min(most, base::Utf16Length(ending))) +
            ending;
@@ -135,7 +135,7 @@ void PutAside(const std::string& path, const std::string& ending) {
 std::size_t LongestName(const std::string& folder) {
     constexpr std::size_t ofName = 255;
     constexpr std::size_t ofPath = 259;
-    // In a folder so deep, other programs have no use for any path.
+    // If the folder's path leaves less room, other programs cannot use the file anyway.
     constexpr std::size_t least = 100;
     const std::size_t used = base::Utf16Length(folder) + 1;
     return std::clamp(ofPath - std::min(ofPath, used), least, ofName);

@@ -126,4 +126,7 @@ inline constexpr std::array<NoteColor, 6> noteColors{{
     {{192, 192, 192}, forms::black},
 }};
 
+// The font sizes of notes in points, in the order of the setting's codes 0 to 3.
+inline constexpr std::array fontSizes{10, 12, 14, 16};
+
 }  // namespace StandardCode

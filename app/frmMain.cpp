@@ -1,14 +1,18 @@
 #include "app/frmMain.h"
 
-#include <algorithm>
-#include <vector>
-
+#include "alarms/Bell.h"
+#include "alarms/CuckooClock.h"
+#include "alarms/NoteAlarmsCheck.h"
+#include "alarms/SpecialAlarmsCheck.h"
 #include "alarms/SpecialAlarmsFile.h"
 #include "alarms/frmAlarms.h"
 #include "alarms/frmSpecialAlarms.h"
+#include "app/Exit.h"
+#include "app/Grid.h"
 #include "app/ProductTexts.h"
 #include "app/Settings.h"
 #include "app/StandardCode.h"
+#include "app/TrayMessages.h"
 #include "app/dlgMsgBox.h"
 #include "app/frmOptions.h"
 #include "forms/Application.h"
@@ -17,7 +21,6 @@
 #include "info/frmAbout.h"
 #include "info/frmTip.h"
 #include "notes/CreateNote.h"
-#include "notes/EditedNote.h"
 #include "notes/NoteStore.h"
 #include "notes/RestoreNotes.h"
 #include "notes/TitleRules.h"
@@ -29,7 +32,143 @@
 
 using forms::Default;
 using forms::MsgBox;
+using Grid::buttonHeight;
+using Grid::buttonWidth;
+using Grid::frameSide;
+using Grid::frameTop;
+using Grid::lineHeight;
+using Grid::margin;
 using StandardCode::Shared;
+
+namespace {
+
+// The buttons of the tool bin are in two columns.
+constexpr int toolWidth = 2730;
+constexpr int secondTool = frameSide + toolWidth + Grid::gap;
+constexpr int toolDistance = buttonHeight + Grid::gap;
+
+constexpr std::uint32_t recordSize = 88;
+constexpr std::uint32_t messageIconAndTip = 7;
+// Makes the events of the icon arrive in the mouse-move handler.
+constexpr std::uint32_t mouseMoveMessage = 512;
+
+}  // namespace
+
+void frmMain::Design() {
+    caption = "Jotwright";
+    borderStyle = forms::BorderStyle::Fixed;
+    centerOnScreen = true;
+    innerWidth = 6300;
+    innerHeight = 5220;
+    mnuPop.inMenuBar = false;
+    mnuShow.enabled = false;
+    DesignControls();
+    ConnectCommands();
+    tmrNow.interval = 1000;
+    tmrNow.enabled = true;
+    tmrNow.Tick = [this] { tmrNow_Timer(); };
+    tmrCooKoo.interval = 1000;
+    tmrCooKoo.Tick = [this] { tmrCooKoo_Timer(); };
+    // Their ticks do nothing. The stop-alarm window switches the sound check off.
+    tmrSpecialNotes.interval = 1000;
+    tmrSpecialNotes.enabled = true;
+    tmrCheckSoundFile.interval = 500;
+    tmrCheckSoundFile.enabled = true;
+}
+
+void frmMain::DesignControls() {
+    imgLogo.Place(margin, margin, 3900, 1050);
+    imgLogo.toolTip = "Click the logo  to visit the Jotwright website.";
+    imgLogo.accessibleName = "Jotwright logo";
+
+    fraNotes.caption = "Note Center";
+    fraNotes.Place(margin, 1350, 5940, 1200);
+    Label1.caption = "Enter A Name For Your New Note.";
+    Label1.toolTip = "Right click to view the menu.";
+    Label1.PlaceIn(fraNotes, frameSide, frameTop, 5580, lineHeight);
+    txtNoteTitle.accessibleName = "Enter A Name For Your New Note.";
+    txtNoteTitle.PlaceIn(fraNotes, frameSide, 645 + Grid::fieldInButton, 4200, Grid::fieldHeight);
+    cmdMakeNote.caption = "Make &Note";
+    cmdMakeNote.toolTip = "Make a new note";
+    cmdMakeNote.isDefault = true;
+    cmdMakeNote.PlaceIn(fraNotes, 4500, 645, buttonWidth, buttonHeight);
+
+    fraTools.caption = "Tool Bin";
+    fraTools.Place(margin, 2670, 5940, 1875);
+    cmdSpecialAlarms.caption = "S&pecial Alarms";
+    cmdSpecialAlarms.toolTip = "View or Edit Special Alarms";
+    cmdSpecialAlarms.PlaceIn(fraTools, frameSide, frameTop, toolWidth, buttonHeight);
+    cmdViewNotes.caption = "Notes &Control Panel";
+    cmdViewNotes.toolTip = "Open the notes control panel";
+    cmdViewNotes.PlaceIn(fraTools, secondTool, frameTop, toolWidth, buttonHeight);
+    cmdTimer.caption = "&Timer";
+    cmdTimer.toolTip = "Open the timer";
+    cmdTimer.PlaceIn(fraTools, frameSide, frameTop + toolDistance, toolWidth, buttonHeight);
+    cmdStopWatch.caption = "&Stop Watch";
+    cmdStopWatch.toolTip = "Open the stop watch";
+    cmdStopWatch.PlaceIn(fraTools, secondTool, frameTop + toolDistance, toolWidth, buttonHeight);
+    cmdCookoo.caption = "Start CooKoo &Clock";
+    cmdCookoo.toolTip = "Start the cookoo clock";
+    cmdCookoo.PlaceIn(fraTools, frameSide, frameTop + 2 * toolDistance, toolWidth, buttonHeight);
+    lblCooKoo.caption = "CooKoo Clock Is Activated";
+    lblCooKoo.visible = false;
+    lblCooKoo.PlaceIn(fraTools, secondTool, frameTop + 2 * toolDistance + Grid::labelInButton,
+                      toolWidth, lineHeight);
+    lblCooKoo.alignment = forms::Alignment::Center;
+
+    cmdHideMe.caption = "&Hide Me";
+    cmdHideMe.toolTip = "Hide Jotwright In Tray";
+    cmdHideMe.Place(3480, 4665, buttonWidth, buttonHeight);
+    cmdExit.caption = "E&xit";
+    cmdExit.toolTip = "Close Jotwright";
+    cmdExit.Place(4860, 4665, buttonWidth, buttonHeight);
+
+    lblClick.caption = "Right click to view main menu.";
+    lblClick.Place(margin, 4665 + Grid::labelInButton, 3180, lineHeight);
+    lblCopyright.toolTip = "Right click to view the menu.";
+    lblCopyright.Place(4200, 450, 1920, 2 * lineHeight);
+    lblCopyright.alignment = forms::Alignment::Right;
+}
+
+// The handlers of the controls and menus. An action has up to three: a button, an entry in the menu
+// bar and one in the pop-up menu.
+void frmMain::ConnectCommands() {
+    cmdMakeNote.Click = [this] { cmdMakeNote_Click(); };
+    cmdSpecialAlarms.Click = mnuToolsSpecialAlarms.Click =
+        mnuSpecialAlarms.Click = [] { Default<frmSpecialAlarms>().Show(); };
+    cmdViewNotes.Click = mnuToolsControlPanel.Click = mnuControlPanel.Click = [] {
+        Shared().ControlPanelMode = true;
+        Default<frmViewNotes>().Show();
+    };
+    cmdTimer.Click = mnuToolsTimer.Click = mnuTimer.Click = [] { Default<frmTimer>().Show(); };
+    cmdStopWatch.Click = mnuToolsStopWatch.Click =
+        mnuStopWatch.Click = [] { Default<frmStopWatch>().Show(); };
+    cmdCookoo.Click = [this] { cmdCookoo_Click(); };
+    cmdHideMe.Click = mnuHide.Click = [this] { mnuHide_Click(); };
+    cmdExit.Click = mnuFileExit.Click = mnuExit.Click = [this] { Unload(); };
+    mnuToolsChangeAlarm.Click = mnuAlarm.Click = [] { Default<frmAlarms>().ShowModal(); };
+    mnuToolsOptions.Click = [] { Default<frmOptions>().Show(); };
+    mnuHelpAbout.Click = mnuAbout.Click = [] { Default<frmAbout>().ShowModal(); };
+    mnuHelpHelp.Click = mnuHelp.Click = [this] { ShowHelpFile(forms::HelpCommand::Contents); };
+    mnuVisitWeb.Click = mnuWebSite.Click = [this] { OpenInBrowser(StandardCode::webSite); };
+    mnuHelpShowTips.Click = mnuTips.Click = [] { Default<frmTip>().ShowModal(); };
+    mnuShow.Click = [this] { mnuShow_Click(); };
+
+    const auto showPopup = [this](int button, int x, int y) { Form_MouseUp(button, x, y); };
+    fraNotes.MouseUp = showPopup;
+    Label1.MouseUp = showPopup;
+    fraTools.MouseUp = showPopup;
+    lblCooKoo.MouseUp = showPopup;
+    lblClick.MouseUp = showPopup;
+    lblCopyright.MouseUp = showPopup;
+    imgLogo.MouseUp = [this](int button, int x, int y) {
+        if (button == forms::leftButton) {
+            mnuWebSite.Click();
+        } else {
+            Form_MouseUp(button, x, y);
+        }
+    };
+}
 
 void frmMain::Form_Initialize() {
     lblCopyright.caption = StandardCode::ownershipNotice;
@@ -53,20 +192,19 @@ void frmMain::ConnectEvents() {
         txtNoteTitle.SetFocus();
     });
     events.ShowHelp.Subscribe([this] { ShowHelpFile(forms::HelpCommand::ForceFile); });
-    events.ShowAbout.Subscribe([this] { mnuAbout_Click(); });
+    events.ShowAbout.Subscribe([this] { mnuAbout.Click(); });
     events.StopSoundCheck.Subscribe([this] { tmrCheckSoundFile.enabled = false; });
     events.MainIconWanted.Subscribe([this](forms::Picture& picture) { picture = icon; });
 }
 
 void frmMain::Form_Load() {
     icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
-    cmdSpecialAlarms.caption = "S&pecial Alarms";
     StandardCode::LoadNotesArray();
     ReadNotes();
     ApplyNoteLimit();
     Shared().StartCookooFlag = Settings::startCookoo.Read(Shared().StartCookooFlag);
     if (Shared().StartCookooFlag == 1) {
-        StartCuckooClock();
+        RunCuckooClock(true);
     }
     imgLogo.picture = forms::LoadPicture(forms::ApplicationPath("\\jotwright_title.gif"));
     AddTrayIcon();
@@ -83,58 +221,21 @@ void frmMain::EnableNoteCreation(bool enable) {
     txtNoteTitle.enabled = enable;
 }
 
-void frmMain::ShowMaximumReached() {
-    MsgBox(
-        "The maximum number of 100 notes has been reached.\r\n\r\n"
-        "Exsiting notes will have to be deleted before more can be created.\r\n ",
-        {.icon = forms::BoxIcon::Information}, "Jotwright: Maximum Notes Reached");
-}
-
 void frmMain::ApplyNoteLimit() {
     const bool canCreate = Shared().NoteCount < StandardCode::maximumNotes;
     if (!canCreate) {
-        ShowMaximumReached();
+        MsgBox(
+            "The maximum number of 100 notes has been reached.\r\n\r\n"
+            "Exsiting notes will have to be deleted before more can be created.\r\n ",
+            {.icon = forms::BoxIcon::Information}, "Jotwright: Maximum Notes Reached");
     }
     EnableNoteCreation(canCreate);
-    if (auto* panel = forms::LoadedDefault<frmViewNotes>()) {
-        panel->cmdNew.enabled = canCreate;
-    }
 }
 
 void frmMain::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
     cancel = false;
-    const forms::Application& application = forms::Application::Current();
     forms::Machine().tray->Delete(TrayIconRecord);
-    if (auto* note = forms::LoadedDefault<frmNote>()) {
-        note->Unload();
-    }
-    const NoteStore::Quiet quiet(StandardCode::Notes());
-    // Closing a note reloads the control panel, so the list grows during this loop.
-    std::vector<Form*> refused;
-    for (;;) {
-        const auto& loaded = application.LoadedForms();
-        const auto next = std::find_if(loaded.begin(), loaded.end(), [&](const auto& form) {
-            return form.get() != this &&
-                   std::find(refused.begin(), refused.end(), form.get()) == refused.end();
-        });
-        if (next == loaded.end()) {
-            break;
-        }
-        // A copy, because the list changes while the form unloads.
-        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-        const std::shared_ptr<Form> form = *next;
-        if (!form->Unload()) {
-            refused.push_back(form.get());
-        }
-    }
-    // If a note could not be saved, its window stays open and the program goes on, unless the text
-    // is safe until the next start. Otherwise the text would be lost.
-    const std::vector<EditedNote*> open = StandardCode::Notes().OpenNotes();
-    bool losesText = refused.size() > open.size();
-    for (const EditedNote* note : open) {
-        losesText = !note->Editor().KeepForNextStart() || losesText;
-    }
-    if (losesText && !application.IsSessionEnding()) {
+    if (!StandardCode::CloseAllBut(*this) && !forms::Application::Current().IsSessionEnding()) {
         cancel = true;
         forms::Machine().tray->Add(TrayIconRecord);
     }
@@ -150,12 +251,7 @@ void frmMain::Form_Unload(bool& /*cancel*/) {
 
 void frmMain::cmdMakeNote_Click() {
     try {
-        if (Shared().NoteCount < StandardCode::maximumNotes) {
-            EnableNoteCreation(true);
-        } else {
-            ShowMaximumReached();
-            EnableNoteCreation(false);
-        }
+        ApplyNoteLimit();
         const std::string title = txtNoteTitle.text;
         const TitleRules::Verdict verdict =
             TitleRules::Check(title, StandardCode::Notes().IsTaken(title));
@@ -174,49 +270,106 @@ void frmMain::cmdMakeNote_Click() {
         txtNoteTitle.text = "";
         txtNoteTitle.SetFocus();
         Shared().NoteFlag = 0;
-        cmdHideMe_Click();
+        mnuHide_Click();
     } catch (const base::RuntimeError& error) {
         MsgBox("Error Creating New Note. " + error.description() + "      ",
                {.icon = forms::BoxIcon::Critical}, "Note Error");
     }
 }
 
-void frmMain::cmdSpecialAlarms_Click() { mnuSpecialAlarms_Click(); }
-
-void frmMain::cmdViewNotes_Click() { ShowControlPanel(); }
-
-void frmMain::ShowControlPanel() {
-    Shared().ControlPanelMode = true;
-    Default<frmViewNotes>().Show();
+void frmMain::RunCuckooClock(bool run) {
+    tmrCooKoo.enabled = run;
+    cmdCookoo.caption = run ? "Stop CooKoo &Clock" : "Start CooKoo &Clock";
+    cmdCookoo.toolTip = run ? "Stop the Cookoo Clock" : "Start the Cookoo Clock";
+    lblCooKoo.visible = run;
 }
 
-void frmMain::cmdTimer_Click() { Default<frmTimer>().Show(); }
+void frmMain::cmdCookoo_Click() { RunCuckooClock(!tmrCooKoo.enabled); }
 
-void frmMain::cmdStopWatch_Click() { Default<frmStopWatch>().Show(); }
+void frmMain::tmrNow_Timer() {
+    Bell::ClearAlarmSounding();
+    // All checks use the same second, even if opening windows takes longer.
+    const base::DateTime now = forms::Now();
+    const NoteAlarmsCheck::Opened opened = NoteAlarmsCheck::DisplayDue(now);
+    SpecialAlarmsCheck::RingDue(now);
+    NoteAlarmsCheck::StartSound(opened);
+}
 
-void frmMain::cmdExit_Click() { Unload(); }
-
-void frmMain::imgLogo_MouseUp(int button) {
-    if (button == forms::leftButton) {
-        mnuWebSite_Click();
-    } else {
-        ShowPopupOn(button);
+void frmMain::tmrCooKoo_Timer() {
+    const int strikes = CuckooClock::StrikesDue(forms::Now());
+    if (strikes > 0) {
+        StrikeCuckoo(strikes);
     }
 }
 
-void frmMain::mnuToolsOptions_Click() { Default<frmOptions>().Show(); }
+void frmMain::StrikeCuckoo(int count) {
+    CuckooClock::Strike(count);
+    struck = true;
+    if (tmrCooKoo.enabled) {
+        // The interval of the clock starts again after the strikes.
+        tmrCooKoo.enabled = false;
+        tmrCooKoo.enabled = true;
+    }
+}
 
-void frmMain::mnuAbout_Click() { Default<frmAbout>().ShowModal(); }
+void frmMain::AddTrayIcon() {
+    TrayIconRecord.structureSize = recordSize;
+    TrayIconRecord.owner = this;
+    TrayIconRecord.iconId = 1;
+    TrayIconRecord.flags = messageIconAndTip;
+    TrayIconRecord.callbackMessage = mouseMoveMessage;
+    TrayIconRecord.iconPath = icon().path;
+    TrayIconRecord.tip = TrayMessages::FixedTip(caption);
+    forms::Machine().tray->Add(TrayIconRecord);
+}
 
-void frmMain::mnuHelp_Click() { ShowHelpFile(forms::HelpCommand::Contents); }
+void frmMain::Form_MouseMove(int /*button*/, int x, int /*y*/) {
+    forms::SetMousePointer(forms::MousePointer::Default);
+    // On a large scale the real pointer also crosses the columns whose numbers are messages.
+    if (!IsTrayCallback()) {
+        return;
+    }
+    switch (x / forms::TwipsPerPixelX()) {
+        case TrayMessages::leftDoubleClick:
+            txtNoteTitle.SetFocus();
+            [[fallthrough]];
+        case TrayMessages::leftButtonUp:
+            ShowNormal();
+            BringToForeground();
+            break;
+        case TrayMessages::rightButtonUp:
+            // Without this, the menu would stay open if the user clicks elsewhere.
+            BringToForeground();
+            PopupMenu(mnuPop);
+            break;
+        default:
+            break;
+    }
+}
 
-void frmMain::mnuWebSite_Click() { OpenInBrowser(StandardCode::webSite); }
+void frmMain::Form_MouseUp(int button, int /*x*/, int /*y*/) {
+    if (button == forms::rightButton) {
+        PopupMenu(mnuPop);
+    }
+}
 
-void frmMain::mnuTips_Click() { Default<frmTip>().ShowModal(); }
+void frmMain::mnuHide_Click() {
+    Hide();
+    mnuHide.enabled = false;
+    mnuShow.enabled = true;
+}
 
-void frmMain::mnuAlarm_Click() { Default<frmAlarms>().ShowModal(); }
+void frmMain::ShowNormal() {
+    windowState = forms::WindowState::Normal;
+    Show();
+    mnuHide.enabled = true;
+    mnuShow.enabled = false;
+}
 
-void frmMain::mnuSpecialAlarms_Click() { Default<frmSpecialAlarms>().Show(); }
+void frmMain::mnuShow_Click() {
+    ShowNormal();
+    txtNoteTitle.SetFocus();
+}
 
 void frmMain::ShowHelpFile(forms::HelpCommand command) {
     cdgMain.helpFile = forms::ApplicationPath("\\JOTWRIGHT2.hlp");

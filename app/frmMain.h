@@ -36,38 +36,39 @@ class frmMain : public forms::Form {
     forms::Timer tmrSpecialNotes{this, "tmrSpecialNotes", forms::TimerPhase::ClockSecond};
     forms::Timer tmrCheckSoundFile{this, "tmrCheckSoundFile"};
 
-    forms::Menu mnuFile{this, "mnuFile"};
-    forms::Menu mnuFileSep{this, mnuFile, "mnuFileSep"};
-    forms::Menu mnuFileExit{this, mnuFile, "mnuFileExit"};
-    forms::Menu mnuTools{this, "mnuTools"};
-    forms::Menu mnuToolsSpecialAlarms{this, mnuTools, "mnuToolsSpecialAlarms"};
-    forms::Menu mnuToolsControlPanel{this, mnuTools, "mnuToolsControlPanel"};
-    forms::Menu mnuToolsTimer{this, mnuTools, "mnuToolsTimer"};
-    forms::Menu mnuToolsStopWatch{this, mnuTools, "mnuToolsStopWatch"};
-    forms::Menu mnuSepOpt{this, mnuTools, "mnuSepOpt"};
-    forms::Menu mnuToolsChangeAlarm{this, mnuSepOpt, "mnuToolsChangeAlarm"};
-    forms::Menu mnuToolsOptions{this, mnuSepOpt, "mnuToolsOptions"};
-    forms::Menu mnuFileHelp{this, "mnuFileHelp"};
-    forms::Menu mnuHelpAbout{this, mnuFileHelp, "mnuHelpAbout"};
-    forms::Menu mnuHelpHelp{this, mnuFileHelp, "mnuHelpHelp"};
-    forms::Menu mnuVisitWeb{this, mnuFileHelp, "mnuVisitWeb"};
-    forms::Menu mnuHelpShowTips{this, mnuFileHelp, "mnuHelpShowTips"};
+    forms::Menu mnuFile{this, "mnuFile", "&File"};
+    forms::Menu mnuFileSep{this, mnuFile, "mnuFileSep", "-"};
+    forms::Menu mnuFileExit{this, mnuFile, "mnuFileExit", "&Exit"};
+    forms::Menu mnuTools{this, "mnuTools", "&Tools"};
+    forms::Menu mnuToolsSpecialAlarms{this, mnuTools, "mnuToolsSpecialAlarms", "Special A&larms"};
+    forms::Menu mnuToolsControlPanel{this, mnuTools, "mnuToolsControlPanel",
+                                     "Notes Co&ntrol Panel"};
+    forms::Menu mnuToolsTimer{this, mnuTools, "mnuToolsTimer", "&Timer"};
+    forms::Menu mnuToolsStopWatch{this, mnuTools, "mnuToolsStopWatch", "&Stop Watch"};
+    forms::Menu mnuSepOpt{this, mnuTools, "mnuSepOpt", "O&ptions"};
+    forms::Menu mnuToolsChangeAlarm{this, mnuSepOpt, "mnuToolsChangeAlarm", "&Choose Alarm Sound"};
+    forms::Menu mnuToolsOptions{this, mnuSepOpt, "mnuToolsOptions", "Note Options"};
+    forms::Menu mnuFileHelp{this, "mnuFileHelp", "&Help"};
+    forms::Menu mnuHelpAbout{this, mnuFileHelp, "mnuHelpAbout", "&About"};
+    forms::Menu mnuHelpHelp{this, mnuFileHelp, "mnuHelpHelp", "&Help Files"};
+    forms::Menu mnuVisitWeb{this, mnuFileHelp, "mnuVisitWeb", "&Visit Jotwright Web Site"};
+    forms::Menu mnuHelpShowTips{this, mnuFileHelp, "mnuHelpShowTips", "&Show Jotwright Tips"};
 
-    forms::Menu mnuPop{this, "mnuPop"};
-    forms::Menu mnuAbout{this, mnuPop, "mnuAbout"};
-    forms::Menu mnuHelp{this, mnuPop, "mnuHelp"};
-    forms::Menu mnuWebSite{this, mnuPop, "mnuWebSite"};
-    forms::Menu mnuTips{this, mnuPop, "mnuTips"};
-    forms::Menu mnuSep2{this, mnuPop, "mnuSep2"};
-    forms::Menu mnuHide{this, mnuPop, "mnuHide"};
-    forms::Menu mnuShow{this, mnuPop, "mnuShow"};
-    forms::Menu mnuTimer{this, mnuPop, "mnuTimer"};
-    forms::Menu mnuStopWatch{this, mnuPop, "mnuStopWatch"};
-    forms::Menu mnuAlarm{this, mnuPop, "mnuAlarm"};
-    forms::Menu mnuSpecialAlarms{this, mnuPop, "mnuSpecialAlarms"};
-    forms::Menu mnuControlPanel{this, mnuPop, "mnuControlPanel"};
-    forms::Menu sep1{this, mnuPop, "sep1"};
-    forms::Menu mnuExit{this, mnuPop, "mnuExit"};
+    forms::Menu mnuPop{this, "mnuPop", "Pop"};
+    forms::Menu mnuAbout{this, mnuPop, "mnuAbout", "About Jotwright"};
+    forms::Menu mnuHelp{this, mnuPop, "mnuHelp", "Help"};
+    forms::Menu mnuWebSite{this, mnuPop, "mnuWebSite", "Visit Jotwright Web Site"};
+    forms::Menu mnuTips{this, mnuPop, "mnuTips", "Show Jotwright Tips"};
+    forms::Menu mnuSep2{this, mnuPop, "mnuSep2", "-"};
+    forms::Menu mnuHide{this, mnuPop, "mnuHide", "Hide Jotwright"};
+    forms::Menu mnuShow{this, mnuPop, "mnuShow", "Show Jotwright"};
+    forms::Menu mnuTimer{this, mnuPop, "mnuTimer", "Timer"};
+    forms::Menu mnuStopWatch{this, mnuPop, "mnuStopWatch", "Stop Watch"};
+    forms::Menu mnuAlarm{this, mnuPop, "mnuAlarm", "Change Alarm Sound"};
+    forms::Menu mnuSpecialAlarms{this, mnuPop, "mnuSpecialAlarms", "Special Alarms"};
+    forms::Menu mnuControlPanel{this, mnuPop, "mnuControlPanel", "Notes Control Panel"};
+    forms::Menu sep1{this, mnuPop, "sep1", "-"};
+    forms::Menu mnuExit{this, mnuPop, "mnuExit", "Exit"};
 
     void Design() override;
     void Form_Initialize() override;
@@ -92,37 +93,21 @@ class frmMain : public forms::Form {
 
   private:
     void DesignControls();
-    void DesignMenus();
-    void ApplyNoteLimit();
-    void ShowMaximumReached();
-    void EnableNoteCreation(bool enable);
-    void AddTrayIcon();
-    void StartCuckooClock();
-    void ShowControlPanel();
-    void ShowHelpFile(forms::HelpCommand command);
+    void ConnectCommands();
     void ConnectEvents();
+    void EnableNoteCreation(bool enable);
+    void ApplyNoteLimit();
+    void RunCuckooClock(bool run);
+    void AddTrayIcon();
+    void ShowNormal();
+    void ShowHelpFile(forms::HelpCommand command);
 
     void cmdMakeNote_Click();
-    void cmdSpecialAlarms_Click();
-    void cmdViewNotes_Click();
-    void cmdTimer_Click();
-    void cmdStopWatch_Click();
     void cmdCookoo_Click();
-    void cmdHideMe_Click();
-    void cmdExit_Click();
-    void imgLogo_MouseUp(int button);
-    void ShowPopupOn(int button);
     void tmrNow_Timer();
     void tmrCooKoo_Timer();
-    void mnuToolsOptions_Click();
-    void mnuAbout_Click();
-    void mnuHelp_Click();
-    void mnuWebSite_Click();
-    void mnuTips_Click();
     void mnuHide_Click();
     void mnuShow_Click();
-    void mnuAlarm_Click();
-    void mnuSpecialAlarms_Click();
 
     bool struck = false;  // whether the cuckoo has struck; kept, but not read
 };

@@ -5,13 +5,19 @@
 
 namespace forms {
 
-Menu::Menu(Form* parentForm, const char* menuName)
-    : name(menuName), form(*parentForm), parent(nullptr) {
+Menu::Menu(Form* parentForm, const char* menuName, const char* menuCaption)
+    : name(menuName),
+      form(*parentForm),
+      parent(nullptr),
+      caption(*this, Aspect::Caption, menuCaption) {
     form.menus.push_back(this);
 }
 
-Menu::Menu(Form* parentForm, Menu& parentMenu, const char* menuName)
-    : name(menuName), form(*parentForm), parent(&parentMenu) {
+Menu::Menu(Form* parentForm, Menu& parentMenu, const char* menuName, const char* menuCaption)
+    : name(menuName),
+      form(*parentForm),
+      parent(&parentMenu),
+      caption(*this, Aspect::Caption, menuCaption) {
     parentMenu.entries.push_back(this);
 }
 

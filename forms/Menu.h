@@ -15,8 +15,8 @@ class Form;
 // the menu bar unless inMenuBar is cleared in Design.
 class Menu final : public Observed {
   public:
-    Menu(Form* parentForm, const char* menuName);
-    Menu(Form* parentForm, Menu& parentMenu, const char* menuName);
+    Menu(Form* parentForm, const char* menuName, const char* menuCaption = "");
+    Menu(Form* parentForm, Menu& parentMenu, const char* menuName, const char* menuCaption = "");
 
     const char* const name;
     Form& form;
@@ -24,7 +24,7 @@ class Menu final : public Observed {
     std::vector<Menu*> entries;
     bool inMenuBar = true;  // top-level only; false: opened with PopupMenu alone
 
-    Property<std::string> caption{*this, Aspect::Caption};
+    Property<std::string> caption;
     Property<bool> enabled{*this, Aspect::Enabled, true};
     Property<bool> visible{*this, Aspect::Visible, true};
     Property<bool> checked{*this, Aspect::Checked, false};

@@ -1,6 +1,5 @@
 #include "notes/CreateNote.h"
 
-#include <array>
 #include <cstdint>
 
 #include "app/Settings.h"
@@ -10,9 +9,8 @@ namespace StandardCode {
 
 namespace {
 
-// The setting's codes 0 to 3. With any other code the editor keeps its own size.
-constexpr std::array fontSizes{10, 12, 14, 16};
-// Deliberately not one of the codes: if the option was never stored, the editor keeps its own size.
+// Deliberately not one of the codes 0 to 3: if the option was never stored, the editor keeps its
+// own size.
 constexpr std::int16_t missingFontSize = 12;
 
 void ApplyDefaultColor(frmNote& note, int code) {
@@ -30,7 +28,7 @@ void ApplyDefaultFontSize(frmNote& note, int code) {
 }  // namespace
 
 std::shared_ptr<frmNote> CreateNote(const std::string& title) {
-    // Both are read before the window is made, so that an error leaves no half-made window.
+    // Read both before the window is made, so that an error leaves no half-made window.
     const int color = Settings::defaultColor.Read();
     const int fontSize = Settings::defaultFontSize.Read(missingFontSize);
     auto note = OpenNewEditor(title);

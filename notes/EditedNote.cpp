@@ -1,5 +1,9 @@
 #include "notes/EditedNote.h"
 
+#include <algorithm>
+
+#include "base/RuntimeError.h"
+#include "notes/NoteEditor.h"
 #include "notes/NoteStore.h"
 
 EditedNote::~EditedNote() {
@@ -8,20 +12,11 @@ EditedNote::~EditedNote() {
     }
 }
 
-void EditedNote::Begin(const std::string& newTitle) {
-    title = newTitle;
-    Register();
-}
-
 void EditedNote::Begin(const StoredNote& stored) {
     title = stored.record.Title;
     if (!stored.file.empty()) {
         SawFile(stored.file, stored.fingerprint);
     }
-    Register();
-}
-
-void EditedNote::Register() {
     store = StandardCode::SharedNotes();
     store->Add(*this);
 }
@@ -36,14 +31,39 @@ void EditedNote::End() {
     }
 }
 
-void EditedNote::Recycle(const StandardCode::NoteRecord& shown) {
-    KeepCopy(shown, RecoveryCopy::When::Now);
-    copy.Recycle();
+void EditedNote::MarkSaved() { saved = editor.Record(); }
+
+void EditedNote::AcceptFiring(std::int16_t audioAlarm) {
+    hasRung = true;
+    saved.AlarmState = "0";
+    saved.AudioAlarm = std::min(saved.AudioAlarm, audioAlarm);
 }
 
-void EditedNote::Save(const StandardCode::NoteRecord& record) {
+bool EditedNote::IsSaved() const {
+    if (isFileGone) {
+        const StandardCode::NoteRecord shown = editor.Record();
+        return shown.Text.empty() && shown.AlarmState == "0";
+    }
+    return !isFileOther && editor.Shows(saved);
+}
+
+bool EditedNote::LeavesFileAlone(bool isExit) const {
+    if (!NoteStore::Exists(file) || !editor.Shows(saved)) {
+        return false;
+    }
+    if (isExit && !hasRung) {
+        return true;
+    }
+    const auto held = NoteStore::FingerprintOf(file);
+    // If the file cannot be read, saving the alarm reports the error.
+    return held == NoteStore::unknownContents ? !hasRung : held != fingerprint;
+}
+
+void EditedNote::Save() {
+    const StandardCode::NoteRecord record = editor.Record();
     store->Save(*this, record);
     saved = record;
+    hasRung = false;
     RemoveCopy();
 }
 
@@ -53,16 +73,39 @@ void EditedNote::Erase() {
     }
 }
 
-void EditedNote::KeepCopy(const StandardCode::NoteRecord& shown, RecoveryCopy::When when) {
+void EditedNote::SaveBeforeTheEnd() {
+    try {
+        if (!LeavesFileAlone(true)) {
+            Save();
+        }
+    } catch (const base::RuntimeError&) {
+        KeepForNextStart();
+    }
+}
+
+bool EditedNote::KeepForNextStart() {
+    KeepCopy(RecoveryCopy::When::Now);
+    keepsCopy = true;
+    return IsSaved() || copy.IsWritten();
+}
+
+void EditedNote::KeepCopy(RecoveryCopy::When when) {
+    if (!IsOpen()) {
+        return;
+    }
+    if (IsSaved()) {
+        RemoveCopy();
+        return;
+    }
     if (!copy.IsDue(when)) {
         return;
     }
     RecoveredNote state;
     state.file = file;
-    // A copy must not keep the window waiting.
+    // Not patient: a recovery copy must not make the window wait for another program.
     state.base =
         file.empty() ? NoteStore::FingerprintOf(NoteStore::FileNameFor(title), false) : fingerprint;
-    state.record = shown;
+    state.record = editor.Record();
     copy.Keep(state);
     keepsCopy = false;
 }
@@ -73,6 +116,13 @@ void EditedNote::RemoveCopy() {
 }
 
 void EditedNote::Adopt(const RecoveredNote& recovered) { copy.Adopt(recovered); }
+
+void EditedNote::RecycleUnsaved() {
+    if (!IsSaved()) {
+        KeepCopy(RecoveryCopy::When::Now);
+        copy.Recycle();
+    }
+}
 
 void EditedNote::FileHolds(std::optional<std::uint64_t> newFingerprint) {
     isFileGone = !newFingerprint.has_value();

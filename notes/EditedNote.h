@@ -12,9 +12,8 @@ class NoteEditor;
 class NoteStore;
 struct StoredNote;
 
-// The note in one editor: the file that it is, the state of that file that the editor knows, and
-// the recovery copy of what is not saved. From Begin() to End() the store has it in its list of
-// open notes.
+// The note in one editor: its file, the contents of that file that the editor knows, and the
+// recovery copy of an unsaved note. The store lists it among the open notes from Begin() to End().
 class EditedNote {
   public:
     explicit EditedNote(NoteEditor& noteEditor) : editor(noteEditor) {}
@@ -22,16 +21,12 @@ class EditedNote {
     EditedNote(const EditedNote&) = delete;
     EditedNote& operator=(const EditedNote&) = delete;
 
-    // A new note. Its file is named after the title when it is first saved.
-    void Begin(const std::string& newTitle);
-    // A note as it was read. Without a file it is a new one.
+    // A note as it was read. Without a file it is a new note; its file is named after the title
+    // when it is first saved.
     void Begin(const StoredNote& stored);
-    // Leaves the list of open notes, and removes the recovery copy unless it is to outlive the
-    // editor.
+    // Leaves the list of open notes, and removes the recovery copy unless KeepForNextStart() has
+    // kept it.
     void End();
-    // The note as the editor shows it is not saved, and the user was not asked: it goes to the
-    // Recycle Bin as a recovery copy.
-    void Recycle(const StandardCode::NoteRecord& shown);
     bool IsOpen() const { return store != nullptr; }
 
     NoteEditor& Editor() const { return editor; }
@@ -39,30 +34,44 @@ class EditedNote {
     // The name of the file, without its folder; empty for a note that was never saved.
     const std::string& File() const { return file; }
 
-    // The record that the editor shows if there is nothing to save. The editor sets it once it is
-    // filled.
+    // The record that the editor showed when there was last nothing to save.
     const StandardCode::NoteRecord& SavedRecord() const { return saved; }
-    void SetSavedRecord(const StandardCode::NoteRecord& record) { saved = record; }
+    // Takes the note as the editor shows it now for saved.
+    void MarkSaved();
+    // An alarm that has rung is no change that the user has to save. The editor's audio alarm is 1
+    // or 0, as in the record.
+    void AcceptFiring(std::int16_t audioAlarm);
     // The file holds something that this editor has neither read nor written.
     bool IsFileOther() const { return isFileOther; }
     // The file was there and is missing now.
     bool IsFileGone() const { return isFileGone; }
+    // Whether closing the editor would lose nothing that it shows.
+    bool IsSaved() const;
+    // Whether closing the editor must not write the file: the user has changed nothing here, and
+    // either another program has changed the file, which is newer then, or the program exits and
+    // no alarm has to be switched off in the file.
+    bool LeavesFileAlone(bool isExit) const;
 
-    // Writes the file, unless it says the same already. What the file holds beyond the knowledge of
-    // this editor is put aside first. Raises RuntimeErrors.
-    void Save(const StandardCode::NoteRecord& record);
-    // Moves the file to the Recycle Bin; nothing for a note that was never saved. Raises
+    // Writes the file, unless it has these fields already. Contents of the file that this editor
+    // has neither read nor written are put aside first. Raises RuntimeErrors.
+    void Save();
+    // Moves the file to the Recycle Bin; does nothing for a note that was never saved. Raises
     // RuntimeErrors.
     void Erase();
+    // Saves the note; if that fails, keeps it for the next start.
+    void SaveBeforeTheEnd();
+    // Leaves the file as it is. A note that is not saved stays in a recovery copy, from which the
+    // next start brings it back. False if the note is neither in its file nor in the copy.
+    bool KeepForNextStart();
 
-    // Writes a recovery copy; at most every two seconds unless it is to be done at once.
-    void KeepCopy(const StandardCode::NoteRecord& shown, RecoveryCopy::When when);
+    // If the note is not saved, writes its recovery copy; if it is, removes the copy. Does nothing
+    // in an editor that holds no note.
+    void KeepCopy(RecoveryCopy::When when);
     void RemoveCopy();
-    bool IsCopyWritten() const { return copy.IsWritten(); }
     // Takes over the copy that an earlier run of the program left.
     void Adopt(const RecoveredNote& recovered);
-    // The copy stays when the editor ends.
-    void KeepCopyBeyondTheEnd() { keepsCopy = true; }
+    // If the note is not saved, moves it to the Recycle Bin as a recovery copy.
+    void RecycleUnsaved();
 
     // For the store only. The file now has this fingerprint; none if it is gone.
     void FileHolds(std::optional<std::uint64_t> newFingerprint);
@@ -71,8 +80,6 @@ class EditedNote {
     std::optional<std::uint64_t> SeenFingerprint() const { return fingerprint; }
 
   private:
-    void Register();
-
     NoteEditor& editor;
     std::shared_ptr<NoteStore> store;  // null: holds no note
     std::string title;
@@ -81,6 +88,7 @@ class EditedNote {
     bool isFileOther = false;
     bool isFileGone = false;
     StandardCode::NoteRecord saved;
+    bool hasRung = false;  // the alarm has rung, and the file still has it set
     RecoveryCopy copy;
     bool keepsCopy = false;
 };

@@ -1,19 +1,19 @@
 #pragma once
 
-namespace forms {
-class Form;
-}
+#include "app/StandardCode.h"
 
-// The window of an open note, as the store and the windows above it know it.
+// The window of an open note, as EditedNote and the files of higher layers know it.
 class NoteEditor {
   public:
     virtual forms::Form& Window() = 0;
-    // Saves because the program ends, whatever the user would have been asked. A note that cannot
-    // be saved is kept for the next start.
+    // The note as the window shows it.
+    virtual StandardCode::NoteRecord Record() = 0;
+    // Whether Record() would equal this record. Does not copy the text: a hundred editors call this
+    // each second.
+    virtual bool Shows(const StandardCode::NoteRecord& record) = 0;
+    // Saves the note without a question, because the program ends. A note that cannot be saved is
+    // kept for the next start.
     virtual void SaveBeforeTheEnd() = 0;
-    // Leaves the file as it is and the note, if it is not saved, to a recovery copy, from which the
-    // next start brings it back. False if the note is neither in its file nor in the copy.
-    virtual bool KeepForNextStart() = 0;
 
   protected:
     ~NoteEditor() = default;

@@ -30,7 +30,7 @@ void Abandon() {
     try {
         forms::Machine().printer->AbandonDocument();
     } catch (const base::RuntimeError&) {
-        // There was no document, or its printer is gone: the box tells the user enough.
+        // There was no document, or its printer is gone. The box below reports the failure.
     }
 }
 

@@ -4,7 +4,7 @@
 
 namespace StandardCode {
 
-// Prints a note on the default printer. A failure is shown and nothing is printed.
+// Prints a note on the default printer. If that fails, shows an error and abandons the document.
 void PrintNote(const std::string& title, const std::string& text);
 
 }  // namespace StandardCode

@@ -17,7 +17,7 @@
 
 class EditedNote;
 
-// A note as its file has it.
+// A note as it was read from its file.
 struct StoredNote {
     std::string file;  // name, without folder; empty if there is none
     StandardCode::NoteRecord record;
@@ -28,11 +28,11 @@ struct StoredNote {
 // remembers note files. A note is its file, whatever its title: two files of one title are two
 // notes. Names of files are compared as the file system compares them.
 //
-// A file that another program holds is tried again for a moment, see Patience. RuntimeErrors are
-// those of forms::FileSystem and NoteFile::Decode().
+// If another program holds a file, the store tries again for a moment; see Patience. RuntimeErrors
+// are those of forms::FileSystem and NoteFile::Decode().
 class NoteStore {
   public:
-    // While one exists, errors of Load() are not reported: the program ends.
+    // While an object of this class exists, Load() reports no errors. For the end of the program.
     class Quiet {
       public:
         explicit Quiet(NoteStore& noteStore) : store(noteStore) { ++store.quiet; }
@@ -51,52 +51,51 @@ class NoteStore {
     // Rebuilds NotesArray and NoteCount from the note files, then raises NotesArrayLoaded. A file
     // with too few fields goes to the Recycle Bin and ends the listing. A file beyond the last slot
     // leaves all slots filled and counted. Any other error leaves NoteCount as it was. Errors are
-    // shown in a box, behind which timers run; each one once until the folder changes, and the
-    // error of the last slot once for each action of the user. Tells every open note if its file
-    // has changed, also if that is not in a slot. True if every listed note was loaded: to do it
-    // again at once would change nothing.
+    // shown in a box, and timers tick while it is open. Each error is shown once until the folder
+    // changes, the error of the last slot once for each action of the user. Tells every open note
+    // if its file has changed, even if the file is in no slot. Returns whether every listed note
+    // was loaded. If so, a second call would change nothing.
     bool Load();
 
-    // The listing from which Load() has rebuilt the array.
+    // The listing from which the last Load() rebuilt the array.
     const std::vector<forms::FileEntry>& Listing() const { return listing; }
     // The note files as they are now, in the order of the folder's listing.
     static std::vector<forms::FileEntry> List();
-    // The note of a listed file. A file that Load() has read and that has not changed is not read
+    // The note in a listed file. If the file has not changed since Load() read it, it is not read
     // again.
     StoredNote Read(const forms::FileEntry& file);
     static StoredNote Read(const std::string& file);
     // The note in this slot of NotesArray. RuntimeError 9 for a slot outside 1 to 100.
     StoredNote OfSlot(int slot) const;
     static bool Exists(const std::string& file);
-    // The fingerprint of a file that cannot be read: it equals no other, nor itself.
+    // The fingerprint of a file that cannot be read. Two of them do not mean equal contents.
     static constexpr std::uint64_t unknownContents = 0;
-    // Nothing if there is no such file. With patience, a file that another program holds is waited
-    // for.
+    // Nothing if there is no such file. If isPatient, waits for a file that another program holds.
     static std::optional<std::uint64_t> FingerprintOf(const std::string& file,
                                                       bool isPatient = true);
     // Whether a note of exactly this title is in NotesArray, or in a file that did not reach it.
     bool IsTaken(const std::string& title) const;
 
-    // Writes the file of an open note, unless it says the same already. If the file holds what the
-    // editor neither read nor wrote, that goes to the Recycle Bin first, or to a file that has
-    // ".replaced" added to its name.
+    // Writes the file of an open note, unless the file has these fields already. Contents that the
+    // editor neither read nor wrote go to the Recycle Bin first, or to a file that has ".replaced"
+    // added to its name.
     void Save(EditedNote& note, const StandardCode::NoteRecord& record);
-    // Writes a file, whole or not at all. If a fingerprint is given and the file holds something
-    // else, that is put aside as by Save().
+    // Writes a file, whole or not at all. If a fingerprint is given and the file has another one,
+    // its contents are put aside as by Save().
     void Write(const std::string& file, const StandardCode::NoteRecord& record,
                NoteFile::TimeField timeField = NoteFile::TimeField::Time,
                std::optional<std::uint64_t> known = std::nullopt);
     // Moves a file to the Recycle Bin; deletes it if there is none. RuntimeError 53 if it is
     // missing.
     void Erase(const std::string& file);
-    // What a killed program left of its last save becomes the note if its file is missing, and is
-    // removed if not. Never raises an error.
+    // Handles temporary files that a killed program left during a save. If the note's file is
+    // missing, the temporary file takes its place; otherwise it is removed. Never raises an error.
     static void AdoptLeftovers();
 
     // The open notes, in the order in which they were opened.
     const std::vector<EditedNote*>& OpenNotes() const { return open; }
-    // The open note that is in this file. If the files of several have this name, the first of
-    // those that show what the file holds; if there is none, the first of all.
+    // The open note that belongs to this file. If several do, the first whose editor knows the
+    // file's present contents, or else the first of all. Null if there is none.
     EditedNote* FindOpen(const std::string& file) const;
 
     // For EditedNote only.
@@ -124,8 +123,8 @@ class NoteStore {
     void LoadSlot(int slot, const forms::FileEntry& file, std::map<std::string, Parsed>& before);
     void Report(const base::RuntimeError& error);
     void TellOpenNotes();
-    // Of the file of an open note that is in no slot. A file whose size and time are those that
-    // were seen last is not read.
+    // The fingerprint of an open note's file that is in no slot. The file is read only if its size
+    // or its time of change differs from the last look.
     std::uint64_t FingerprintOfUnslotted(const forms::FileEntry& file,
                                          const std::map<std::string, Seen>& before);
     const forms::FileEntry* FindListed(const std::string& file) const;
@@ -136,7 +135,7 @@ class NoteStore {
     std::vector<forms::FileEntry> listing;
     std::map<std::string, Parsed> parsed;   // by file name, as listed
     std::map<std::string, Seen> unslotted;  // by file name: of open notes that are in no slot
-    std::size_t loaded = 0;                 // so many of its files are in slots, from slot 1 on
+    std::size_t loaded = 0;                 // files of the listing in slots, from slot 1 on
     std::vector<forms::FileEntry> reportedListing;
     std::set<std::pair<int, std::string>> reported;  // error number and file
     std::uint64_t fullReportedIn = 0;                // action in which the last slot was reported
@@ -162,8 +161,8 @@ bool LoadNotesArray();
 // Titles of the open notes, in the order in which they were opened.
 std::vector<std::string> NoteTitles();
 
-// Runs an operation that saves a note and shows the error that ends it; 457 ends it silently. True
-// if there was none.
+// Runs an operation that saves a note. Shows the error that ends it, except error 457. Returns true
+// if there was no error.
 bool ReportWriteErrors(const std::function<void()>& saving);
 
 }  // namespace StandardCode

@@ -3,24 +3,16 @@
 #include <memory>
 #include <string>
 
-#include "notes/EditedNote.h"
-#include "notes/NoteEditor.h"
 #include "notes/NoteStore.h"
 #include "notes/frmNote.h"
 
 namespace StandardCode {
 
-// Opens an editor for a note and shows it: text, colours, font size, audio alarm, and its alarm if
-// it is set. RuntimeError 53 if an icon is missing; no editor is left behind then.
+// Opens an editor for a note, fills it with all fields and shows it. RuntimeError 53 if an icon is
+// missing; then no editor is left behind.
 std::shared_ptr<frmNote> OpenEditor(const StoredNote& note);
 
-// Opens an editor for a new note, with the settings of an editor that was given none, and does not
-// show it.
+// Opens an editor for a new note, white and with 12 points. Does not show it.
 std::shared_ptr<frmNote> OpenNewEditor(const std::string& title);
-
-// The window of an open note: frmNote is the only editor.
-inline frmNote& WindowOf(const EditedNote& note) {
-    return static_cast<frmNote&>(note.Editor().Window());
-}
 
 }  // namespace StandardCode

@@ -25,8 +25,8 @@ void BringUp(frmNote& note) {
 void OpenNote(int slot) {
     // A copy: loading an editor closes the control panel, which may rebuild the array.
     const StoredNote note = Notes().OfSlot(slot);
-    // Of two editors of one file, the one that is closed last would write its old text over the
-    // text that was saved in the other.
+    // A file must not have two editors: the editor that is closed last would write its old text
+    // over the text that was saved in the other.
     if (const EditedNote* open = Notes().FindOpen(note.file);
         open != nullptr && !open->IsFileOther()) {
         frmNote& editor = WindowOf(*open);

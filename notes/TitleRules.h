@@ -6,7 +6,7 @@ namespace TitleRules {
 
 struct Verdict {
     int rule = 0;         // 1 to 11: the first rule that the title breaks; 0: none
-    std::string picture;  // of the message; empty where there is none
+    std::string picture;  // of the message; empty if there is no message
     std::string caption;
     std::string text;
     bool clearTitle = false;  // the title box is emptied and gets the focus
@@ -15,8 +15,7 @@ struct Verdict {
     bool HasMessage() const { return !picture.empty(); }
 };
 
-// The first rule that a new note's title breaks. isTaken: a saved note has it, see
-// NoteStore::IsTaken().
+// Checks the title of a new note. isTaken: a saved note has this title, see NoteStore::IsTaken().
 Verdict Check(const std::string& title, bool isTaken);
 
 }  // namespace TitleRules

@@ -20,7 +20,7 @@ namespace {
 using Grid::margin;
 constexpr int lineTop = 510;
 constexpr int textTop = 660;
-// The colour index of a shade that is none of the others.
+// The colour index of any shade that has no index of its own.
 constexpr std::int16_t lastColorIndex = 6;
 
 std::int16_t ColorIndexOf(const std::optional<forms::Color>& backColor) {
@@ -33,15 +33,8 @@ std::int16_t ColorIndexOf(const std::optional<forms::Color>& backColor) {
 }
 
 int FontSizeOf(const StandardCode::NoteRecord& note) {
-    switch (note.FontSize) {
-        case 10:
-        case 12:
-        case 14:
-        case 16:
-            return note.FontSize;
-        default:
-            return 12;
-    }
+    const auto& sizes = StandardCode::fontSizes;
+    return std::find(sizes.begin(), sizes.end(), note.FontSize) == sizes.end() ? 12 : note.FontSize;
 }
 
 }  // namespace
@@ -71,21 +64,17 @@ void frmDisplayNote::Design() {
     lblNoteText.fontSize = 12;
     lblNoteText.toolTip = "Right Click Above Lines To Access Menu";
     lblNoteText.accessibleName = "Note";
-    // Nothing else here can have the focus: the window's menu would be out of the keyboard's reach.
+    // The text is the only control that can have the focus. Without this, the keyboard could not
+    // open the window's menu.
     lblNoteText.leavesMenuKey = true;
     lblNoteText.Place(margin, textTop, 4440, 2820);
 
     tmrSoundAlarm.interval = 1000;
     tmrSoundAlarm.Tick = [this] { tmrSoundAlarm_Timer(); };
 
-    mnuPop.caption = "Menu";
     mnuPop.inMenuBar = false;
-    mnuPrint.caption = "Print Note";
     mnuPrint.Click = [this] { mnuPrint_Click(); };
-    mnuErase.caption = "Erase Note";
     mnuErase.Click = [this] { mnuErase_Click(); };
-    mnuSep.caption = "-";
-    mnuClose.caption = "Close";
     mnuClose.Click = [this] { mnuClose_Click(); };
 }
 
@@ -118,7 +107,7 @@ void frmDisplayNote::Form_Unload(bool& cancel) {
     if (!forms::Application::Current().IsSessionEnding() && IsToBeErased()) {
         EraseNote();
     } else if (!KeepNote() && IsTextChanged() && !forms::Application::Current().IsSessionEnding()) {
-        // What was typed here is nowhere else.
+        // The text that was typed here is only in this window.
         cancel = true;
         return;
     }
@@ -133,7 +122,7 @@ bool frmDisplayNote::IsToBeErased() {
                    {.buttons = forms::BoxButtons::YesNo, .icon = forms::BoxIcon::Question},
                    " Erase Note?") == forms::BoxResult::Yes;
     } catch (const forms::ProgramEnded&) {
-        // The program ended before there was an answer.
+        // The program ended before the user answered.
         KeepNote();
         throw;
     }
@@ -141,7 +130,7 @@ bool frmDisplayNote::IsToBeErased() {
 
 void frmDisplayNote::EraseNote() {
     StandardCode::ReportWriteErrors([this] {
-        // It may have gone while the question was open.
+        // The file may have been removed while the question was open.
         if (NoteStore::Exists(file)) {
             StandardCode::Notes().Erase(file);
         }
@@ -168,7 +157,7 @@ std::optional<StoredNote> frmDisplayNote::SavedMeanwhile() const {
         StoredNote saved = NoteStore::Read(file);
         return saved.record == shown ? std::nullopt : std::optional(std::move(saved));
     } catch (const base::RuntimeError&) {
-        return std::nullopt;  // the writing finds out what is wrong
+        return std::nullopt;  // writing the file reports the error
     }
 }
 
@@ -185,7 +174,7 @@ bool frmDisplayNote::KeepNote() {
         return ReWriteNote();
     }
     if (!IsTextChanged()) {
-        fingerprint = saved->fingerprint;  // nothing of the file will be lost
+        fingerprint = saved->fingerprint;  // writing keeps the file's text
     }
     return KeepSaved(saved->record);
 }
@@ -211,7 +200,7 @@ bool frmDisplayNote::Write(StandardCode::NoteRecord& note, NoteFile::TimeField t
         try {
             StandardCode::Notes().Write(file, note, timeField, fingerprint);
         } catch (const base::RuntimeError&) {
-            // The program may end behind the box.
+            // The program may end while the box of the error is open.
             KeepCopy(note);
             throw;
         }
@@ -221,7 +210,7 @@ bool frmDisplayNote::Write(StandardCode::NoteRecord& note, NoteFile::TimeField t
     if (!program.IsSessionEnding() && !program.HasEnded()) {
         return StandardCode::ReportWriteErrors(write);
     }
-    // Nobody would close a box.
+    // At the end of the session no user would close a box.
     try {
         write();
         return true;
@@ -244,7 +233,7 @@ void frmDisplayNote::KeepCopy(const StandardCode::NoteRecord& note) {
 void frmDisplayNote::tmrSoundAlarm_Timer() {
     Shared().AlarmSounding = true;
     const bool loops = Settings::noteLoops.Read() == 1;
-    // Another alarm may have begun to ring since this window opened. It goes on undisturbed.
+    // Another alarm may have begun to ring since this window opened. Do not interrupt it.
     if (!Bell::IsRinging()) {
         StartSound(loops);
     }
@@ -293,7 +282,7 @@ std::shared_ptr<frmDisplayNote> DisplayNote(int slot) {
 
 bool IsAlarmDisplayed(const StoredNote& note) {
     const auto& displays = Shared().AlarmDisplays;
-    // A closed display may live on while a handler knows it.
+    // A handler may keep a display alive that was closed.
     return std::any_of(displays.begin(), displays.end(), [&note](const frmDisplayNote* display) {
         return display->IsLoaded() && display->ShowsAlarmOf(note);
     });

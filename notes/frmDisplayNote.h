@@ -7,10 +7,12 @@
 #include "notes/NoteStore.h"
 #include "notes/RecoveryCopy.h"
 
-// Shows a saved note whose alarm is due. One instance a note; its caption is the note's title.
-// Closing it asks whether the note is to be erased; a note that is kept has its alarm switched off.
-// What was saved in an editor meanwhile stays, also an alarm that was set anew; but a text that was
-// typed here goes before that of the file.
+// Shows a saved note whose alarm is due. Each note has its own instance; the caption is the note's
+// title. Closing the window asks whether to erase the note. If the note is kept, its alarm is
+// switched off in the file. Changes that an editor saved while the window was open are kept, and an
+// alarm that was set again stays set. A text that was typed here takes precedence over the text of
+// the file.
+//
 // The default instance is loaded hidden at start-up, holds no note and closes silently.
 class frmDisplayNote : public forms::Form {
   public:
@@ -23,14 +25,14 @@ class frmDisplayNote : public forms::Form {
     forms::ControlArray<forms::Line, 2> Line1{this, "Line1"};
     forms::TextBox lblNoteText{this, "lblNoteText"};
 
-    // Plays the sound one second after it was switched on, unless another alarm rings then.
+    // Plays the sound one second after the timer was switched on, unless another alarm rings then.
     forms::Timer tmrSoundAlarm{this, "tmrSoundAlarm"};
 
-    forms::Menu mnuPop{this, "mnuPop"};
-    forms::Menu mnuPrint{this, mnuPop, "mnuPrint"};
-    forms::Menu mnuErase{this, mnuPop, "mnuErase"};
-    forms::Menu mnuSep{this, mnuPop, "mnuSep"};
-    forms::Menu mnuClose{this, mnuPop, "mnuClose"};
+    forms::Menu mnuPop{this, "mnuPop", "Menu"};
+    forms::Menu mnuPrint{this, mnuPop, "mnuPrint", "Print Note"};
+    forms::Menu mnuErase{this, mnuPop, "mnuErase", "Erase Note"};
+    forms::Menu mnuSep{this, mnuPop, "mnuSep", "-"};
+    forms::Menu mnuClose{this, mnuPop, "mnuClose", "Close"};
 
     void Design() override;
     void Form_Load() override;
@@ -38,27 +40,27 @@ class frmDisplayNote : public forms::Form {
     void Form_Unload(bool& cancel) override;
     void Form_MouseUp(int button, int x, int y) override;
 
-    // Shows the note's text; a text that differs from it when the window closes was typed here. To
-    // be called once.
+    // Shows the note's text. Call it once. If the text differs from this one when the window
+    // closes, the user has typed it here.
     void ShowNote(const StoredNote& note);
-    // Of the note; empty for the default instance.
+    // The name of the note's file; empty for the default instance.
     const std::string& File() const { return file; }
-    // Whether the window came up for this note, at the date and time that its alarm has now.
+    // Whether the window opened for this note and for the date and time of its present alarm.
     bool ShowsAlarmOf(const StoredNote& note) const;
-    // Writes the note's file from what the window shows, its alarm switched off: the file is
-    // replaced in one step. A failure is shown in a box, unless the session ends, and leaves the
-    // file as it was; false then. A text that was typed here lies in a recovery copy then.
+    // Replaces the note's file in one step by the note as the window shows it, with the alarm
+    // switched off. On a failure, returns false and leaves the file as it was; a text that was
+    // typed here is then kept in a recovery copy. The failure is shown, unless the session ends.
     bool ReWriteNote();
 
   private:
     void ShowPopupOn(int button);
-    bool IsToBeErased();  // as the user answers
+    bool IsToBeErased();  // asks the user
     void EraseNote();
-    bool KeepNote();  // false where the note could not be written
-    // The note as its file has it, where that is not what came up here.
+    bool KeepNote();  // false if the note could not be written
+    // The note in the file, if it differs from the note that this window opened with.
     std::optional<StoredNote> SavedMeanwhile() const;
     bool KeepSaved(StandardCode::NoteRecord note);
-    // With the note's alarm switched off.
+    // Switches the note's alarm off and writes it.
     bool WriteSilenced(StandardCode::NoteRecord& note);
     bool Write(StandardCode::NoteRecord& note, NoteFile::TimeField timeField);
     void KeepCopy(const StandardCode::NoteRecord& note);
@@ -70,10 +72,10 @@ class frmDisplayNote : public forms::Form {
     void mnuClose_Click();
 
     std::string file;
-    std::uint64_t fingerprint = 0;  // of the file's contents that may be written over
+    std::uint64_t fingerprint = 0;  // of the file's contents that may be overwritten
     StandardCode::NoteRecord shown;
     std::string shownText;
-    RecoveryCopy copy;  // of a text that was typed here and could not be written
+    RecoveryCopy copy;  // of the note, if a text that was typed here could not be saved
 };
 
 namespace StandardCode {
@@ -82,7 +84,7 @@ namespace StandardCode {
 // with tmrSoundAlarm.
 std::shared_ptr<frmDisplayNote> DisplayNote(int slot);
 
-// Whether a display is open that came up for this note's present alarm.
+// Whether a display is open for this note's present alarm.
 bool IsAlarmDisplayed(const StoredNote& note);
 
 }  // namespace StandardCode

@@ -1,6 +1,7 @@
 #include "notes/frmNote.h"
 
 #include <algorithm>
+#include <array>
 
 #include "app/Settings.h"
 #include "app/TrayMessages.h"
@@ -19,14 +20,81 @@ namespace {
 
 std::string DateTimeText() { return forms::Machine().locale->GeneralDate(forms::Now()); }
 
+void ShowInformation(const std::string& text) {
+    forms::MsgBox(text, {.icon = forms::BoxIcon::Information}, "Information");
+}
+
 }  // namespace
 
+void frmNote::Design() {
+    caption = "Note";
+    borderStyle = forms::BorderStyle::Sizable;
+    // Narrower than the 514 pixels of 96 dpi at which the pointer reaches a message of the
+    // notification area.
+    width = 7200;
+    minimumWidth = 7200;
+    minimumHeight = 5250;
+    TrayIconRecord.owner = this;
+
+    txtNote.multiLine = true;
+    txtNote.toolTip = "  Double Click To View The  Menu.";
+    txtNote.accessibleName = "Note text";
+    txtNote.DoubleClick = [this] { PopupMenu(mnuPop); };
+    txtNote.MouseUp = [this](int button, int x, int y) { Form_MouseUp(button, x, y); };
+    tlbMain.ButtonClick = [this](const std::string& key) { tlbMain_ButtonClick(key); };
+
+    layout.Design();
+    alarm.Design();
+    dtDate.Change = [this] { NoteChanged = true; };
+    dtTime.Change = [this] { NoteChanged = true; };
+    cmdAlarm.Click = [this] { cmdAlarm_Click(); };
+    chkAudioAlarm.Click = [this] { imgBell.visible = chkAudioAlarm.value() == 1; };
+    chkAudioAlarm.MouseUp = [this](int button, int, int) {
+        if (button == forms::leftButton) {
+            NoteChanged = true;
+        }
+    };
+
+    cmdShowDateTime.Click = [this] { layout.TogglePanel(); };
+
+    tmrNow.Tick = [this] { tmrNow_Timer(); };
+    tmrNote.Tick = [this] { alarm.FireIfDue(); };
+    tmrLabel.interval = 750;
+    DesignMenus();
+}
+
+void frmNote::DesignMenus() {
+    mnuPrint.Click = [this] { StandardCode::PrintNote(caption, txtNote.text); };
+    mnuKillNote.Click = [this] { mnuKill_Click(); };
+    mnuAlarmStart.Click = [this] { mnuAlarmStart_Click(); };
+    mnuAlarmStop.Click = [this] { mnuAlarmStop_Click(); };
+
+    mnuPop.inMenuBar = false;
+    for (std::size_t i = 0; i < mnuColor.entries.size(); ++i) {
+        mnuColor.entries[i]->Click = [this, i] {
+            ApplyColor(StandardCode::noteColors[i], i + 1);
+            NoteChanged = true;
+        };
+    }
+    for (std::size_t i = 0; i < mnuFont.entries.size(); ++i) {
+        mnuFont.entries[i]->Click = [this, i] {
+            ApplyFontSize(StandardCode::fontSizes[i]);
+            NoteChanged = true;
+        };
+    }
+    ApplyColor(StandardCode::noteColors[0], 1);
+    ApplyFontSize(12);
+    mnuShow.Click = [this] { mnuShow_Click(); };
+    mnuHide.Click = [this] { Unload(); };
+    mnuKill.Click = [this] { mnuKill_Click(); };
+}
+
 void frmNote::Form_Load() {
-    ShowDateTimePanel(Settings::showDateTime.Read() != 1);
+    layout.ShowPanel(Settings::showDateTime.Read() != 1);
     NoteErased = false;
     NoteChanged = false;
     tmrLabel.enabled = true;
-    FollowBlinking();
+    alarm.FollowBlinking();
     dtTime.customFormat = "h:mm tt";
     dtTime.upDown = true;
     icon = forms::LoadPicture(forms::ApplicationPath("\\note.ico"));
@@ -39,89 +107,40 @@ void frmNote::Form_Load() {
 }
 
 void frmNote::Form_Activate() {
-    // The length that is taken here hides from the closing that the text was changed before.
+    // Closing compares the length with the one that is stored here, so it would miss a text that
+    // was changed before.
     if (edited.IsOpen() && txtNote.text() != edited.SavedRecord().Text) {
         NoteChanged = true;
     }
     TextLengthAtActivate = base::Utf16Length(txtNote.text());
 }
 
-void frmNote::Form_Resize() { Arrange(); }
-
-void frmNote::BeginNote(const std::string& title) {
-    caption = title;
-    edited.Begin(title);
-}
-
-void frmNote::BeginNote(const StoredNote& stored) {
-    caption = stored.record.Title;
-    edited.Begin(stored);
-}
+void frmNote::Form_Resize() { layout.Arrange(); }
 
 StandardCode::NoteRecord frmNote::Record() {
-    ComputeAlarmValues();
     StandardCode::NoteRecord record;
     record.Title = caption;
     record.Text = txtNote.text;
-    record.AlarmDate = alarmValues.AlarmDayLong;
-    record.AlarmTime = alarmValues.AlarmTimeOfDay;
-    record.ColorIndex = ColorIndex();
-    record.FontSize = FontSize();
-    record.AlarmState = IsAlarmSet() ? "1" : "0";
-    record.AudioAlarm = AudioAlarm();
+    record.AlarmDate = alarm.Values().AlarmDayLong;
+    record.AlarmTime = alarm.Values().AlarmTimeOfDay;
+    record.ColorIndex = static_cast<std::int16_t>(colorIndex);
+    record.FontSize = static_cast<std::int16_t>(txtNote.fontSize);
+    record.AlarmState = alarm.IsSet() ? "1" : "0";
+    record.AudioAlarm = alarm.AudioAlarm();
     record.Trailer = "yes";
     return record;
 }
 
-std::int16_t frmNote::ColorIndex() {
-    const auto colors = ColorItems();
-    const auto color = std::find_if(colors.begin(), colors.end(),
-                                    [](const auto* item) { return item->checked(); });
-    return static_cast<std::int16_t>(color == colors.end() ? 6 : color - colors.begin() + 1);
-}
-
-std::int16_t frmNote::FontSize() {
-    return mnu10.checked ? 10 : mnu12.checked ? 12 : mnu14.checked ? 14 : 16;
-}
-
-// Compares without a copy of the text: a hundred clocks come here each second.
-bool frmNote::ShowsSavedRecord() {
-    const StandardCode::NoteRecord& saved = edited.SavedRecord();
-    ComputeAlarmValues();
-    return txtNote.text() == saved.Text && alarmValues.AlarmDayLong == saved.AlarmDate &&
-           alarmValues.AlarmTimeOfDay == saved.AlarmTime && ColorIndex() == saved.ColorIndex &&
-           FontSize() == saved.FontSize && IsAlarmSet() == (saved.AlarmState == "1") &&
-           AudioAlarm() == saved.AudioAlarm;
-}
-
-bool frmNote::IsSaved() {
-    if (edited.IsFileGone()) {
-        return txtNote.text().empty() && !IsAlarmSet();
-    }
-    return !edited.IsFileOther() && ShowsSavedRecord();
-}
-
-bool frmNote::LeavesFileAlone(bool isExit) {
-    if (!NoteStore::Exists(edited.File()) || !ShowsSavedRecord()) {
-        return false;
-    }
-    if (isExit && !hasRung) {
-        return true;
-    }
-    const auto held = NoteStore::FingerprintOf(edited.File());
-    // If the file cannot be read, the saving of the alarm reports why.
-    return held == NoteStore::unknownContents ? !hasRung : held != edited.SeenFingerprint();
-}
-
-void frmNote::MarkSaved() { edited.SetSavedRecord(Record()); }
-
-void frmNote::SaveFile() {
-    edited.Save(Record());
-    hasRung = false;
+bool frmNote::Shows(const StandardCode::NoteRecord& record) {
+    return txtNote.text() == record.Text && alarm.Values().AlarmDayLong == record.AlarmDate &&
+           alarm.Values().AlarmTimeOfDay == record.AlarmTime &&
+           static_cast<std::int16_t>(colorIndex) == record.ColorIndex &&
+           txtNote.fontSize() == record.FontSize && alarm.IsSet() == (record.AlarmState == "1") &&
+           alarm.AudioAlarm() == record.AudioAlarm;
 }
 
 bool frmNote::WriteNote() {
-    if (!StandardCode::ReportWriteErrors([this] { SaveFile(); })) {
+    if (!StandardCode::ReportWriteErrors([this] { edited.Save(); })) {
         return false;
     }
     StandardCode::LoadNotesArray();
@@ -129,37 +148,51 @@ bool frmNote::WriteNote() {
 }
 
 void frmNote::SaveBeforeTheEnd() {
-    if (!edited.IsOpen() || isErasingConfirmed) {
+    if (isErasingConfirmed) {
         return;
     }
     if (NoteErased) {
-        KeepForNextStart();
-        return;
-    }
-    try {
-        if (!LeavesFileAlone(true)) {
-            SaveFile();
-        }
-    } catch (const base::RuntimeError&) {
-        KeepForNextStart();
-    }
-}
-
-bool frmNote::KeepForNextStart() {
-    KeepRecoveryCopy(RecoveryCopy::When::Now);
-    edited.KeepCopyBeyondTheEnd();
-    return IsSaved() || edited.IsCopyWritten();
-}
-
-void frmNote::KeepRecoveryCopy(RecoveryCopy::When when) {
-    if (!edited.IsOpen()) {
-        return;
-    }
-    if (IsSaved()) {
-        edited.RemoveCopy();
+        edited.KeepForNextStart();
     } else {
-        edited.KeepCopy(Record(), when);
+        edited.SaveBeforeTheEnd();
     }
+}
+
+void frmNote::Fill(const StandardCode::NoteRecord& record, const forms::Picture& alarmIcon) {
+    txtNote.text = record.Text;
+    dtDate.value = record.AlarmDate;
+    dtTime.value = record.AlarmTime;
+    ApplyFontSize(record.FontSize);
+    chkAudioAlarm.value = record.AudioAlarm == 1 ? 1 : 0;
+    if (record.AlarmState == "1") {
+        alarm.Restore(alarmIcon);
+    } else if (alarm.IsSet()) {
+        alarm.Clear();
+    }
+}
+
+void frmNote::ApplyColor(StandardCode::NoteColor color, std::size_t newColorIndex) {
+    colorIndex = newColorIndex;
+    txtNote.backColor = color.back;
+    txtNote.foreColor = color.text;
+    for (std::size_t i = 0; i < mnuColor.entries.size(); ++i) {
+        mnuColor.entries[i]->checked = i + 1 == colorIndex;
+    }
+}
+
+void frmNote::ApplyFontSize(int points) {
+    const auto& sizes = StandardCode::fontSizes;
+    if (std::find(sizes.begin(), sizes.end(), points) == sizes.end()) {
+        return;
+    }
+    txtNote.fontSize = points;
+    for (std::size_t i = 0; i < sizes.size(); ++i) {
+        mnuFont.entries[i]->checked = sizes[i] == points;
+    }
+}
+
+forms::Picture frmNote::AlarmIcon() {
+    return forms::LoadPicture(forms::ApplicationPath("\\alarmon.ico"));
 }
 
 void frmNote::TakeRecovered(const RecoveredNote& recovered, const forms::Picture& alarmIcon) {
@@ -173,25 +206,16 @@ void frmNote::TakeRecovered(const RecoveredNote& recovered, const forms::Picture
         edited.RemoveCopy();
         return;
     }
-    txtNote.text = record.Text;
-    dtDate.value = record.AlarmDate;
-    dtTime.value = record.AlarmTime;
-    if (record.ColorIndex != ColorIndex() && record.ColorIndex >= 1 && record.ColorIndex <= 6) {
-        const auto index = static_cast<std::size_t>(record.ColorIndex);
+    Fill(record, alarmIcon);
+    const auto index = static_cast<std::size_t>(record.ColorIndex);
+    if (index != colorIndex && index >= 1 && index <= StandardCode::noteColors.size()) {
         ApplyColor(StandardCode::noteColors[index - 1], index);
     }
-    ApplyFontSize(record.FontSize);
-    chkAudioAlarm.value = record.AudioAlarm == 1 ? 1 : 0;
     NoteChanged = true;
     windowState = forms::WindowState::Normal;
     Show();
-    if (IsAlarmSet() && record.AlarmState != "1") {
-        ClearAlarm();
-    } else if (record.AlarmState == "1") {
-        PresentAlarm(alarmIcon);
-    }
     // From now on the copy is this program's.
-    KeepRecoveryCopy(RecoveryCopy::When::Now);
+    edited.KeepCopy(RecoveryCopy::When::Now);
 }
 
 void frmNote::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
@@ -202,79 +226,68 @@ void frmNote::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
         SaveBeforeTheEnd();
         return;
     }
-    if (Shared().ControlPanelMode) {
-        CloseThroughPanel(cancel);
-    } else {
-        CloseSilently(cancel);
+    cancel = !(Shared().ControlPanelMode ? CloseThroughPanel() : CloseSilently());
+    if (cancel) {
+        // The note could not be saved. Its text is only in this window, so show it.
+        if (windowState() == forms::WindowState::Minimized) {
+            windowState = forms::WindowState::Normal;
+        }
+        return;
     }
-    if (!cancel) {
-        RecycleUnsaved();
-    }
-}
-
-// Two kinds of edits go without a save and without a question: those of a note that the toolbar was
-// to erase and did not, and those that keep the text's length in a note opened through the panel.
-void frmNote::RecycleUnsaved() {
-    const bool isUnnoticed = NoteErased ? !isErasingConfirmed : !NoteChanged;
-    if (isUnnoticed && !IsSaved()) {
-        edited.Recycle(Record());
+    // Two kinds of edits were neither saved nor asked about: edits of a note whose erasing by the
+    // toolbar was answered with No, and edits that keep the text's length in a note that was opened
+    // through the panel.
+    if (NoteErased ? !isErasingConfirmed : !NoteChanged) {
+        edited.RecycleUnsaved();
     }
 }
 
-void frmNote::CloseThroughPanel(bool& cancel) {
+bool frmNote::CloseThroughPanel() {
     Events().ControlPanel.Raise(PanelAction::Reload);
     if (base::Utf16Length(txtNote.text()) != TextLengthAtActivate) {
         NoteChanged = true;
     }
     if (NoteChanged && !NoteErased) {
-        // The session may end before the answer comes.
-        KeepRecoveryCopy(RecoveryCopy::When::Now);
+        // The session may end before the user answers.
+        edited.KeepCopy(RecoveryCopy::When::Now);
         const auto answer =
             forms::MsgBox(" Would you like to save changes?     ",
                           {.buttons = forms::BoxButtons::YesNo, .icon = forms::BoxIcon::Question},
                           "Save Changes?");
         if (answer != forms::BoxResult::No && !WriteNote()) {
-            KeepOpen(cancel);
-            return;
+            return false;
         }
         Events().ControlPanel.Raise(PanelAction::ReloadAndShow);
     }
     if (!NoteChanged) {
         Events().ControlPanel.Raise(PanelAction::Show);
     }
+    return true;
 }
 
-void frmNote::CloseSilently(bool& cancel) {
-    if (!NoteErased && !LeavesFileAlone(StandardCode::Notes().IsQuiet()) && !WriteNote()) {
-        KeepOpen(cancel);
-        return;
+bool frmNote::CloseSilently() {
+    if (!NoteErased && !edited.LeavesFileAlone(StandardCode::Notes().IsQuiet()) && !WriteNote()) {
+        return false;
     }
     Events().ControlPanel.Raise(PanelAction::Reload);
-}
-
-// A note that could not be saved keeps its window: the text is nowhere else.
-void frmNote::KeepOpen(bool& cancel) {
-    cancel = true;
-    if (windowState() == forms::WindowState::Minimized) {
-        windowState = forms::WindowState::Normal;
-    }
+    return true;
 }
 
 void frmNote::Form_Unload(bool& /*cancel*/) { edited.End(); }
 
-void frmNote::Form_MouseUp(int button, int /*x*/, int /*y*/) { txtNote_MouseUp(button); }
+void frmNote::Form_MouseUp(int button, int /*x*/, int /*y*/) {
+    if (button == forms::rightButton) {
+        PopupMenu(mnuPop);
+    }
+}
 
 void frmNote::Form_MouseMove(int /*button*/, int x, int /*y*/) {
     TrayIconRecord.tip = TrayMessages::FixedTip(caption);
     switch (x / forms::TwipsPerPixelX()) {
         case TrayMessages::leftButtonUp:
         case TrayMessages::leftDoubleClick:
-            windowState = forms::WindowState::Normal;
+            mnuShow_Click();
             BringToForeground();
-            mnuHide.enabled = true;
-            mnuShow.enabled = false;
-            Show();
-            forms::Machine().tray->Delete(TrayIconRecord);
             break;
         case TrayMessages::rightButtonUp:
             BringToForeground();
@@ -285,12 +298,6 @@ void frmNote::Form_MouseMove(int /*button*/, int x, int /*y*/) {
     }
 }
 
-void frmNote::txtNote_MouseUp(int button) {
-    if (button == forms::rightButton) {
-        PopupMenu(mnuPop);
-    }
-}
-
 void frmNote::tlbMain_ButtonClick(const std::string& key) {
     if (key == "Save") {
         SaveThisNote();
@@ -298,9 +305,9 @@ void frmNote::tlbMain_ButtonClick(const std::string& key) {
         NoteErased = true;
         mnuKill_Click();
     } else if (key == "Print") {
-        mnuPrint_Click();
+        mnuPrint.Click();
     } else if (key == "Hide") {
-        if (mnuHide_Click()) {
+        if (Unload()) {
             NoteChanged = false;
         }
     } else if (key == "Help") {
@@ -312,7 +319,7 @@ void frmNote::tlbMain_ButtonClick(const std::string& key) {
 
 void frmNote::SaveThisNote() {
     if (!WriteNote()) {
-        // The error was shown; closing the window must not take the text for saved.
+        // The error was shown. Mark the note as changed, so that closing asks again.
         NoteChanged = true;
         return;
     }
@@ -321,44 +328,31 @@ void frmNote::SaveThisNote() {
                   {.icon = forms::BoxIcon::Information}, "");
 }
 
+void frmNote::cmdAlarm_Click() {
+    alarm.Toggle();
+    NoteChanged = true;
+}
+
 void frmNote::tmrNow_Timer() {
     lblSysTime.caption =
         std::string("System Date and Time is ") + base::lineBreak + DateTimeText() + '.';
-    ComputeAlarmValues();
-    RestUntilTheAlarm();
-    KeepRecoveryCopy(RecoveryCopy::When::AtMostEveryTwoSeconds);
+    alarm.RestUntilNear();
+    edited.KeepCopy(RecoveryCopy::When::AtMostEveryTwoSeconds);
 }
 
-void frmNote::mnuPrint_Click() { StandardCode::PrintNote(caption, txtNote.text); }
-
-void frmNote::mnuColorItem_Click(std::size_t colorIndex) {
-    ApplyColor(StandardCode::noteColors[colorIndex - 1], colorIndex);
-    NoteChanged = true;
-}
-
-void frmNote::mnuFontItem_Click(int points) {
-    ApplyFontSize(points);
-    NoteChanged = true;
-}
-
-void frmNote::ApplyColor(StandardCode::NoteColor color, std::size_t colorIndex) {
-    txtNote.backColor = color.back;
-    txtNote.foreColor = color.text;
-    const auto items = ColorItems();
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        items[i]->checked = i + 1 == colorIndex;
+void frmNote::mnuAlarmStart_Click() {
+    if (alarm.IsSet()) {
+        ShowInformation("    Alarm Already Started     ");
+    } else {
+        cmdAlarm_Click();
     }
 }
 
-void frmNote::ApplyFontSize(int points) {
-    constexpr std::array sizes{10, 12, 14, 16};
-    if (std::find(sizes.begin(), sizes.end(), points) == sizes.end()) {
-        return;
-    }
-    txtNote.fontSize = points;
-    const auto items = FontItems();
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        items[i]->checked = sizes[i] == points;
+void frmNote::mnuAlarmStop_Click() {
+    if (alarm.IsSet()) {
+        cmdAlarm_Click();
+    } else {
+        ShowInformation("   Alarm Not Set              ");
     }
 }
 
@@ -370,10 +364,8 @@ void frmNote::mnuShow_Click() {
     forms::Machine().tray->Delete(TrayIconRecord);
 }
 
-bool frmNote::mnuHide_Click() { return Unload(); }
-
 void frmNote::mnuKill_Click() {
-    // The program may end while the question waits.
+    // Not yet confirmed: the program may end while the question waits.
     isErasingConfirmed = false;
     const auto answer =
         forms::MsgBox("Are you sure you would like to erase " +
@@ -389,13 +381,13 @@ void frmNote::mnuKill_Click() {
     try {
         edited.Erase();
     } catch (const base::RuntimeError&) {
-        // Whatever became of the file, the window goes.
+        // Erasing reports no error: the window closes all the same.
     }
     try {
-        // If the window stays, what is typed there from now on is wanted.
+        // If the window stays open, its text must be saved again.
         isErasingConfirmed = Unload();
     } catch (const base::RuntimeError&) {
-        // As above: erasing reports nothing.
+        // As above.
         isErasingConfirmed = false;
     }
 }

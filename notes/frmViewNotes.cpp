@@ -78,11 +78,8 @@ void frmViewNotes::Design() {
     DesignButtons();
 
     mnuPop.inMenuBar = false;
-    mnuEditNote.caption = "Edit Selected Note";
     mnuEditNote.Click = [this] { cmdEdit_Click(); };
-    mnuEraseNote.caption = "Erase Selected Note";
     mnuEraseNote.Click = [this] { cmdRemove_Click(); };
-    mnuOpenAll.caption = "Open All Notes";
     mnuOpenAll.Click = [this] { cmdOpenAll_Click(); };
 }
 
@@ -109,7 +106,7 @@ void frmViewNotes::DesignButtons() {
 void frmViewNotes::Form_Load() {
     icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
     lstNotes.items = std::vector<std::string>{};
-    // Once more where a damaged note had to go first.
+    // A damaged note ended the first loading and was moved away: load again.
     if (!FillList()) {
         StandardCode::LoadNotesArray();
     }
@@ -143,14 +140,14 @@ void frmViewNotes::ListNotes() {
     for (const forms::FileEntry& file : store.Listing()) {
         try {
             forms::ListView::Row row = RowOf(store.Read(file).record);
-            // Two files may hold the same title.
+            // Two files may hold the same title, but keys of rows are unique.
             if (!keys.insert(row.key).second) {
                 row.key.clear();
             }
             rows.push_back(std::move(row));
             files.push_back(file.name);
         } catch (const base::RuntimeError&) {
-            // A file that cannot be read has no row; rebuilding the array has reported it or will.
+            // A file that cannot be read has no row. LoadNotesArray() reports the error.
         }
     }
     const bool hadSelection = lvwNotes.SelectedRow() >= 0;
@@ -222,7 +219,7 @@ void frmViewNotes::lvwNotes_MouseUp(int button) {
 }
 
 void frmViewNotes::cmdOpenAll_Click() {
-    // Handlers of a window that is shown may open and close others.
+    // Copy the list first: handlers that Show() runs may open and close windows.
     std::vector<std::shared_ptr<forms::Form>> windows;
     for (const EditedNote* note : StandardCode::Notes().OpenNotes()) {
         windows.push_back(note->Editor().Window().shared_from_this());
@@ -245,7 +242,7 @@ void frmViewNotes::cmdEdit_Click() {
     const std::string title = SelectedTitle();
     const std::string file = SelectedFile();
     for (int slot = 1; slot <= StandardCode::maximumNotes; ++slot) {
-        // Of several notes with this title, the one that is in the row's file.
+        // Several notes may have this title; the row's note is the one in the row's file.
         if (Shared().NotesArray[slot].Title == title &&
             StandardCode::Notes().OfSlot(slot).file == file) {
             StandardCode::OpenNote(slot);
@@ -309,7 +306,7 @@ void ActOnControlPanel(SharedEvents::PanelAction action) {
             UnloadControlPanelIfVisible();
             break;
         case SharedEvents::PanelAction::LoadAndUnload:
-            // Loading a panel that is loaded already would rebuild nothing.
+            // Loading a panel that is loaded already would not rebuild the array.
             ReloadControlPanel();
             forms::Default<frmViewNotes>().Unload();
             break;

@@ -6,8 +6,8 @@
 
 #include "forms/Form.h"
 
-// The notes control panel: lists every saved note with its alarm, opens and erases them. While it
-// is loaded, shown or not, its list follows each rebuilding of the notes array.
+// The notes control panel: lists every saved note with its alarm, and opens and erases notes. While
+// the panel is loaded, shown or not, its list follows each rebuilding of the notes array.
 class frmViewNotes : public forms::Form {
   public:
     frmViewNotes() : Form("frmViewNotes") {}
@@ -24,9 +24,9 @@ class frmViewNotes : public forms::Form {
     forms::CommandButton cmdOK{this, "cmdOK"};
 
     forms::Menu mnuPop{this, "mnuPop"};
-    forms::Menu mnuEditNote{this, mnuPop, "mnuEditNote"};
-    forms::Menu mnuEraseNote{this, mnuPop, "mnuEraseNote"};
-    forms::Menu mnuOpenAll{this, mnuPop, "mnuOpenAll"};
+    forms::Menu mnuEditNote{this, mnuPop, "mnuEditNote", "Edit Selected Note"};
+    forms::Menu mnuEraseNote{this, mnuPop, "mnuEraseNote", "Erase Selected Note"};
+    forms::Menu mnuOpenAll{this, mnuPop, "mnuOpenAll", "Open All Notes"};
 
     void Design() override;
     void Form_Load() override;
@@ -38,12 +38,12 @@ class frmViewNotes : public forms::Form {
 
   private:
     void DesignButtons();
-    // Whether all notes could be loaded.
+    // Returns whether all notes could be loaded.
     bool FillList();
     void ListNotes();
     void SelectFile(const std::string& file);
     void EnableActions(bool enable);
-    // The note of the selected row, by title and by file. RuntimeError 9 if no row is selected.
+    // The index, the title and the file of the selected row. RuntimeError 9 if no row is selected.
     std::size_t SelectedPlace() const;
     const std::string& SelectedTitle() const;
     const std::string& SelectedFile() const;
@@ -62,8 +62,8 @@ class frmViewNotes : public forms::Form {
 
 namespace StandardCode {
 
-// Lets the windows below reach the default control panel through the shared events. Once a process,
-// before the first of them is loaded.
+// Subscribes the default control panel to the shared events, so that lower windows can reach it.
+// Call it once, before the first window is loaded.
 void ConnectControlPanel();
 
 }  // namespace StandardCode

@@ -48,13 +48,8 @@ void frmStopWatch::Design() {
     lvwTime.accessibleName = "Saved times";
     lvwTime.Place(Grid::margin, 1995, 5400, 2370);
 
-    mnuFile.caption = "&File";
-    mnuFileSave.caption = "&Save Current Time";
     mnuFileSave.Click = [this] { mnuFileSave_Click(); };
-    mnuClearSavedTimes.caption = "&Clear Saved Times";
     mnuClearSavedTimes.Click = [this] { mnuClearSavedTimes_Click(); };
-    sepFile.caption = "-";
-    mnuExit.caption = "E&xit";
     mnuExit.Click = [this] { mnuExit_Click(); };
 
     tmrMain.interval = 1000;

@@ -22,11 +22,11 @@ class frmStopWatch : public forms::Form {
 
     forms::Timer tmrMain{this, "tmrMain"};
 
-    forms::Menu mnuFile{this, "mnuFile"};
-    forms::Menu mnuFileSave{this, mnuFile, "mnuFileSave"};
-    forms::Menu mnuClearSavedTimes{this, mnuFile, "mnuClearSavedTimes"};
-    forms::Menu sepFile{this, mnuFile, "sepFile"};
-    forms::Menu mnuExit{this, mnuFile, "mnuExit"};
+    forms::Menu mnuFile{this, "mnuFile", "&File"};
+    forms::Menu mnuFileSave{this, mnuFile, "mnuFileSave", "&Save Current Time"};
+    forms::Menu mnuClearSavedTimes{this, mnuFile, "mnuClearSavedTimes", "&Clear Saved Times"};
+    forms::Menu sepFile{this, mnuFile, "sepFile", "-"};
+    forms::Menu mnuExit{this, mnuFile, "mnuExit", "E&xit"};
 
     base::DateTime StartTime;    // of the current run, by the wall clock
     bool TimeSaved = false;      // whether a run was saved since the window was loaded

@@ -28,7 +28,7 @@ bool IsDisplay(const Form& form) { return dynamic_cast<const frmDisplayNote*>(&f
 std::vector<Monkey::OpenText> Monkey::OpenTexts() const {
     std::vector<OpenText> texts;
     for (const EditedNote* note : StandardCode::Notes().OpenNotes()) {
-        auto& editor = static_cast<frmNote&>(note->Editor().Window());
+        frmNote& editor = StandardCode::WindowOf(*note);
         const bool wasSaved = !note->File().empty();
         texts.push_back({editor.weak_from_this(), note->Title(),
                          wasSaved ? note->File() : NoteStore::FileNameFor(note->Title()), wasSaved,
@@ -59,7 +59,7 @@ bool Monkey::IsInEditor(const OpenText& note) {
     return std::any_of(open.begin(), open.end(), [&note](const EditedNote* other) {
         return (other->Title() == note.title ||
                 other->Title().starts_with(note.title + " (recovered")) &&
-               static_cast<frmNote&>(other->Editor().Window()).txtNote.text() == note.text;
+               StandardCode::WindowOf(*other).txtNote.text() == note.text;
     });
 }
 
@@ -102,7 +102,7 @@ void Monkey::CheckNotes() {
     std::vector<std::string> open;
     for (const auto& form : runtime->LoadedForms()) {
         auto* note = dynamic_cast<frmNote*>(form.get());
-        if (note == nullptr || !note->HoldsNote()) {
+        if (note == nullptr || !note->edited.IsOpen()) {
             continue;
         }
         open.push_back(note->caption());

@@ -362,7 +362,7 @@ TEST_F(frmNoteAlarmTest, TheClockBlinksAtTheDefaultEditorsAlarmOnly) {
     EXPECT_EQ(note.lblClock.caption(), "12:00:00 PM");
     EXPECT_FALSE(Shared().BlinkPhase);
     user->Click(note.cmdAlarm);
-    Start([] { forms::Default<frmNote>().PresentAlarm(frmNote::AlarmIcon()); });
+    Start([] { forms::Default<frmNote>().alarm.Restore(frmNote::AlarmIcon()); });
     Advance(750);
     EXPECT_TRUE(Shared().BlinkPhase);
     EXPECT_EQ(note.lblClock.caption(), "****");
@@ -374,7 +374,7 @@ TEST_F(frmNoteAlarmTest, TheClockBlinksAtTheDefaultEditorsAlarmOnly) {
 TEST_F(frmNoteAlarmTest, TheBlinkPhaseIsOneForAllNotes) {
     frmNote& first = MakeNote("First");
     frmNote& second = MakeNote("Second");
-    Start([] { forms::Default<frmNote>().PresentAlarm(frmNote::AlarmIcon()); });
+    Start([] { forms::Default<frmNote>().alarm.Restore(frmNote::AlarmIcon()); });
     Advance(750);
     EXPECT_FALSE(Shared().BlinkPhase);
     EXPECT_NE(first.lblClock.caption(), second.lblClock.caption());

@@ -10,7 +10,7 @@ namespace {
 class frmNoteBlinkingTest : public testing_support::NoteProgram {
   protected:
     void SetDefaultAlarm() {
-        Start([] { forms::Default<frmNote>().PresentAlarm(frmNote::AlarmIcon()); });
+        Start([] { forms::Default<frmNote>().alarm.Restore(frmNote::AlarmIcon()); });
     }
 
     // Where in the second the program wakes up, in the next three seconds.

@@ -169,15 +169,6 @@ TEST_F(frmNoteTest, AFontItemSizesChecksAndIsSaved) {
     }
 }
 
-TEST_F(frmNoteTest, NoFontItemCheckedIsSavedAsSixteen) {
-    frmNote& note = MakeNote("Dentist");
-    Start([&note] {
-        note.mnu12.checked = false;
-        note.WriteNote();
-    });
-    EXPECT_EQ(Saved("Dentist").FontSize, 16);
-}
-
 TEST_F(frmNoteTest, TheOptionsMenuOpensByDoubleClickAndRightButton) {
     frmNote& note = MakeNote("Dentist");
     stage->ExpectPopupDismissed("mnuPop");

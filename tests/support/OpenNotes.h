@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "notes/EditedNote.h"
 #include "notes/NoteStore.h"
 #include "notes/frmNote.h"
 
@@ -12,7 +11,7 @@ namespace testing_support {
 inline frmNote* FindOpenNote(const std::string& title) {
     for (const EditedNote* note : StandardCode::Notes().OpenNotes()) {
         if (note->Title() == title) {
-            return &static_cast<frmNote&>(note->Editor().Window());
+            return &StandardCode::WindowOf(*note);
         }
     }
     return nullptr;
