@@ -16,7 +16,8 @@ jotwright_add_check(check.shell shellcheck -x run test .ci/run scripts/lib.sh
                     scripts/busy-run scripts/check-format scripts/check-help scripts/gallery
                     scripts/install-packages scripts/check-hardening scripts/layout-app
                     scripts/long-run scripts/make-installer scripts/package scripts/run-fuzzer
-                    scripts/run-windows-tests scripts/run-windows32-tests scripts/test-package)
+                    scripts/run-windows-tests scripts/run-windows32-tests scripts/test-on
+                    scripts/test-package)
 
 if(NOT JOTWRIGHT_FUZZERS)
     return()
