@@ -40,19 +40,6 @@ class OneBell : public testing_support::WholeProgram {
         }
     }
 
-    void ExpectEditorsBox(headless::Script during) {
-        stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", BoxIcon::None,
-                         BoxButtons::Ok, BoxResult::Ok, std::move(during));
-    }
-    void ExpectSpecialBox(headless::Script during) {
-        stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
-                         BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok, std::move(during));
-    }
-    void ExpectTimeIsUp(headless::Script during) {
-        stage->ExpectBox("          Time Is Up        ", "Jotwright Audio Alarm", BoxIcon::Critical,
-                         BoxButtons::Ok, BoxResult::Ok, std::move(during));
-    }
-
     // The hidden note Dentist is due at 15:00:05, and the hour strikes at 15:00:15. The first sound
     // must play on through both.
     headless::Script NothingEndsIt(const std::string& path) {
@@ -77,7 +64,7 @@ TEST_F(OneBell, AnEditorsAlarmOutlastsHiddenNotesAndTheCuckoo) {
             PutAlarm("Rent", "15:00:00");
             StartQuietly();
             Hide("Dentist");
-            ExpectEditorsBox(NothingEndsIt(buzzer));
+            ExpectEditorAlarm(NothingEndsIt(buzzer));
             AdvanceTo(15, 0, 40);
             EXPECT_EQ(sound.log.size(), 2U);
             EXPECT_FALSE(sound.IsPlaying());
@@ -92,8 +79,7 @@ TEST_F(OneBell, ADisplaysLoopOutlastsTheCuckoo) {
     PutAlarm("Dentist", "14:59:50");
     StartQuietly();
     Hide("Dentist");
-    stage->ExpectBox("      Turn Off Alarm?       ", "Jotwright Audio Alarm", BoxIcon::Information,
-                     BoxButtons::Ok, BoxResult::Ok, NothingEndsIt(buzzer));
+    ExpectDisplayAlarm(NothingEndsIt(buzzer));
     AdvanceTo(15, 0, 40);
     EXPECT_EQ(sound.log.size(), 2U);
     EXPECT_FALSE(sound.IsPlaying());
@@ -109,8 +95,8 @@ TEST_F(OneBell, ASampleOutlastsTheCuckooAndHiddenNotes) {
         StartQuietly();
         Hide("Dentist");
         stage->ExpectModal<frmAlarms>([this](frmAlarms& chooser) {
-            stage->ExpectBox("        Sampling Buzzer Alarm          ", "Jotwright Audio Alarm",
-                             BoxIcon::None, BoxButtons::Ok, BoxResult::Ok, NothingEndsIt(buzzer));
+            ExpectMessage("        Sampling Buzzer Alarm          ", "Jotwright Audio Alarm",
+                          BoxIcon::None, NothingEndsIt(buzzer));
             user->Click(chooser.cmdTest);
             EXPECT_FALSE(sound.IsPlaying());
             user->Click(chooser.cmdCancel);
@@ -137,7 +123,7 @@ TEST_F(OneBell, ACountdownsChimeOutlastsHiddenNotesAndTheCuckoo) {
 TEST_F(OneBell, ASpecialAlarmOutlastsTheCuckoo) {
     StartQuietly();
     SetSpecialAlarm(base::DateTime::FromTime(15, 0, 0));
-    ExpectSpecialBox([this] {
+    ExpectDailyAlarm("now", [this] {
         AdvanceTo(15, 0, 30);
         EXPECT_EQ(sound.PlayingPath(), buzzer);
         EXPECT_EQ(sound.log.size(), 1U);
@@ -150,8 +136,8 @@ TEST_F(OneBell, OfTwoEditorsDueInOneSecondTheSecondRingsOnWhenTheFirstBoxIsClose
     PutAlarm("Dentist", "15:00:00");
     PutAlarm("Rent", "15:00:00");
     StartQuietly();
-    ExpectEditorsBox([this] {
-        ExpectEditorsBox([this] { EXPECT_EQ(sound.PlayingPath(), buzzer); });
+    ExpectEditorAlarm([this] {
+        ExpectEditorAlarm([this] { EXPECT_EQ(sound.PlayingPath(), buzzer); });
         Advance(5000);
         EXPECT_EQ(sound.PlayingPath(), buzzer) << "this box still waits";
     });
@@ -164,8 +150,8 @@ TEST_F(OneBell, AnEditorRingsOnWhenASpecialAlarmAboveItIsClosed) {
     PutAlarm("Rent", "15:00:00");
     StartQuietly();
     SetSpecialAlarm(base::DateTime::FromTime(15, 0, 10));
-    ExpectEditorsBox([this] {
-        ExpectSpecialBox([this] { EXPECT_TRUE(sound.IsPlaying()); });
+    ExpectEditorAlarm([this] {
+        ExpectDailyAlarm("now", [this] { EXPECT_TRUE(sound.IsPlaying()); });
         AdvanceTo(15, 0, 30);
         EXPECT_EQ(sound.PlayingPath(), buzzer) << "this box still waits";
         EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
@@ -177,7 +163,7 @@ TEST_F(OneBell, AnEditorRingsOnWhenASpecialAlarmAboveItIsClosed) {
 TEST_F(OneBell, TheNextHourStrikesAgain) {
     PutAlarm("Rent", "15:00:00");
     StartQuietly();
-    ExpectEditorsBox(nullptr);
+    ExpectEditorAlarm();
     AdvanceTo(15, 0, 30);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 3);
 }

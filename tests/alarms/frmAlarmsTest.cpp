@@ -8,9 +8,7 @@
 
 namespace {
 
-using forms::BoxButtons;
 using forms::BoxIcon;
-using forms::BoxResult;
 using forms::headless::RecordedSound;
 using StandardCode::Shared;
 
@@ -38,10 +36,6 @@ class AlarmChooser : public testing_support::TestProgram {
         return selected;
     }
     std::string Stored() { return settings.Read("Config", "Alarm").value_or("(nothing)"); }
-    void ExpectBox(const std::string& text, const std::string& caption, BoxIcon icon,
-                   forms::headless::Script during = nullptr) {
-        stage->ExpectBox(text, caption, icon, BoxButtons::Ok, BoxResult::Ok, std::move(during));
-    }
 };
 
 TEST_F(AlarmChooser, WithoutASettingSelectsTheBuzzerAndWritesNothing) {
@@ -64,7 +58,7 @@ TEST_F(AlarmChooser, AnEmptySettingIsTakenAsMissing) {
 
 TEST_F(AlarmChooser, TheSoundSelectedByLoadingCountsAsClicked) {
     frmAlarms& window = OpenWith(folder + "\\Bell alarm.wav");
-    ExpectBox("        Sampling Bell Alarm          ", "Jotwright Audio Alarm", BoxIcon::None);
+    ExpectMessage("        Sampling Bell Alarm          ", "Jotwright Audio Alarm", BoxIcon::None);
     user->Click(window.cmdTest);
     user->Click(window.cmdSave);
     EXPECT_EQ(Stored(), folder + "\\Bell alarm.wav");
@@ -162,14 +156,14 @@ TEST_F(AlarmChooser, ACancelledBrowseKeepsTheText) {
 TEST_F(AlarmChooser, TestLoopsTheSoundBehindItsMessage) {
     frmAlarms& window = Open();
     user->Click(window.optAlarm[3]);
-    ExpectBox("        Sampling Alarm Clock          ", "Jotwright Audio Alarm", BoxIcon::None,
-              [&] {
-                  ASSERT_EQ(sound.log.size(), 1u);
-                  EXPECT_EQ(sound.log[0].kind, RecordedSound::Kind::Loop);
-                  EXPECT_EQ(sound.log[0].path, folder + "\\Alarm clock.wav");
-                  Advance(60000);
-                  EXPECT_TRUE(sound.IsPlaying());
-              });
+    ExpectMessage("        Sampling Alarm Clock          ", "Jotwright Audio Alarm", BoxIcon::None,
+                  [&] {
+                      ASSERT_EQ(sound.log.size(), 1u);
+                      EXPECT_EQ(sound.log[0].kind, RecordedSound::Kind::Loop);
+                      EXPECT_EQ(sound.log[0].path, folder + "\\Alarm clock.wav");
+                      Advance(60000);
+                      EXPECT_TRUE(sound.IsPlaying());
+                  });
     user->Click(window.cmdTest);
     ASSERT_EQ(sound.log.size(), 2u);
     EXPECT_EQ(sound.log[1].kind, RecordedSound::Kind::Stop);
@@ -179,8 +173,8 @@ TEST_F(AlarmChooser, TestTakesTheUsersOwnFileIntoUse) {
     frmAlarms& window = Open();
     user->Click(window.optAlarm[5]);
     user->Type(window.txtMyWaveFilePath, ownWave);
-    ExpectBox("        Sampling Selected .wav File          ", "Jotwright Audio Alarm",
-              BoxIcon::None);
+    ExpectMessage("        Sampling Selected .wav File          ", "Jotwright Audio Alarm",
+                  BoxIcon::None);
     user->Click(window.cmdTest);
     EXPECT_EQ(sound.log.at(0).path, ownWave);
     EXPECT_EQ(Shared().AlarmSoundPath, ownWave);
@@ -189,8 +183,8 @@ TEST_F(AlarmChooser, TestTakesTheUsersOwnFileIntoUse) {
 
 TEST_F(AlarmChooser, AnOwnFileThatDoesNotExistIsSampledAllTheSame) {
     frmAlarms& window = OpenWith("D:\\nowhere.wav");
-    ExpectBox("        Sampling Selected .wav File          ", "Jotwright Audio Alarm",
-              BoxIcon::None);
+    ExpectMessage("        Sampling Selected .wav File          ", "Jotwright Audio Alarm",
+                  BoxIcon::None);
     user->Click(window.cmdTest);
     EXPECT_EQ(sound.log.at(0).path, "D:\\nowhere.wav");
 }
@@ -199,7 +193,7 @@ TEST_F(AlarmChooser, TestWithoutAnOwnFileSaysSo) {
     frmAlarms& window = Open();
     user->Click(window.optAlarm[5]);
     const std::string before = Shared().AlarmSoundPath;
-    ExpectBox("Please Select A .wav File To Play", "No File To Test", BoxIcon::Information);
+    ExpectMessage("Please Select A .wav File To Play", "No File To Test", BoxIcon::Information);
     user->Click(window.cmdTest);
     EXPECT_TRUE(window.txtMyWaveFilePath.HasFocus());
     EXPECT_TRUE(sound.log.empty());
@@ -228,7 +222,7 @@ TEST_F(OwnFile, IsSavedWithItsBlanksWhateverTheCaseOfItsExtension) {
 }
 
 TEST_F(OwnFile, WithoutAPathIsNotSaved) {
-    ExpectBox("Please Select A .wav File", "No File Selected", BoxIcon::Information);
+    ExpectMessage("Please Select A .wav File", "No File Selected", BoxIcon::Information);
     user->Click(Window().cmdSave);
     EXPECT_TRUE(Window().IsVisible());
     EXPECT_TRUE(Window().txtMyWaveFilePath.HasFocus());
@@ -238,8 +232,8 @@ TEST_F(OwnFile, WithoutAPathIsNotSaved) {
 TEST_F(OwnFile, WithAnotherExtensionIsRefusedAndTheBoxEmptied) {
     for (const char* path : {"D:\\bell.wave", "D:\\bell.mp3", "wav", "D:\\bell.wav\t", "   "}) {
         user->Type(Window().txtMyWaveFilePath, path);
-        ExpectBox("The File Selected Was Not A Valid .wav File!       ", "Error Loading .wav File",
-                  BoxIcon::None);
+        ExpectMessage("The File Selected Was Not A Valid .wav File!       ",
+                      "Error Loading .wav File", BoxIcon::None);
         user->Click(Window().cmdSave);
         EXPECT_EQ(Window().txtMyWaveFilePath.text(), "") << path;
         EXPECT_TRUE(Window().IsVisible());

@@ -13,9 +13,7 @@
 
 namespace {
 
-using forms::BoxButtons;
 using forms::BoxIcon;
-using forms::BoxResult;
 
 const std::vector<std::string> numbers{"-1",     "6",     "-32768", "32767", " 1 ",
                                        "&HFFFF", "1.5e2", "+3",     "1,000", "2."};
@@ -28,10 +26,6 @@ class BadSettings : public testing_support::WholeProgram {
   protected:
     void Set(const std::string& key, const std::string& value) {
         settings.values[{"Options", key}] = value;
-    }
-    void ExpectFatal(const std::string& text) {
-        stage->ExpectBox("Run-time error " + text, "Jotwright", BoxIcon::Critical, BoxButtons::Ok,
-                         BoxResult::Ok);
     }
 };
 
@@ -55,10 +49,10 @@ TEST_F(BadSettings, ANewNoteTakesAnyNumberAndReportsTheRest) {
         const auto refuse = [&](const std::string& value) {
             Set(key, value);
             if (!Main().IsVisible()) {
-                user->Tray(514);
+                ClickTrayIcon();
             }
-            stage->ExpectBox("Error Creating New Note. Type mismatch      ", "Note Error",
-                             BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+            ExpectMessage("Error Creating New Note. Type mismatch      ", "Note Error",
+                          BoxIcon::Critical);
             user->Type(Main().txtNoteTitle, "refused");
             user->Click(Main().cmdMakeNote);
             EXPECT_EQ(FindWindow<frmNote>("refused"), nullptr) << key << value;
@@ -78,7 +72,7 @@ TEST_F(BadSettings, ANoteIsSavedBeforeAnAlarmsSettingEndsTheProgram) {
     user->CloseBox(Editor("Dentist"));
     user->Type(MakeNote("Shopping").txtNote, "milk");
     Set("WindowOnTop", "always");
-    ExpectFatal("'13':\r\n\r\nType mismatch");
+    ExpectRunTimeError(13, "Type mismatch");
     Advance(12000);
     EXPECT_TRUE(runtime->HasEnded());
     EXPECT_NE(files.Peek(NoteFile("Shopping")).value_or("").find("milk"), std::string::npos);
@@ -120,8 +114,7 @@ TEST_F(BadSettings, AnyTextIsASoundPath) {
         PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",1,\"yes\"\r\n");
         SetNow(2004, 5, 14, 9, 0, 0);
         StartQuietly();
-        stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", BoxIcon::None,
-                         BoxButtons::Ok, BoxResult::Ok);
+        ExpectEditorAlarm();
         Advance(12000);
         EXPECT_EQ(sound.log.back().kind, forms::headless::RecordedSound::Kind::Stop);
         stage->ExpectModal<frmAlarms>([&](frmAlarms& window) {
@@ -140,9 +133,9 @@ TEST_F(BadSettings, ASoundThatCannotBeStoredIsReportedAndTheWindowStays) {
     forms::Machine().settings = &refusing;
     Start([] { forms::Default<frmAlarms>().Show(); });
     user->Click(forms::Default<frmAlarms>().optAlarm[1]);
-    stage->ExpectBox(
+    ExpectMessage(
         "5 - Invalid procedure call or argument\r\n\r\nThe alarm sound has not been saved.",
-        "Error Saving Alarm Sound", BoxIcon::Exclamation, BoxButtons::Ok, BoxResult::Ok);
+        "Error Saving Alarm Sound", BoxIcon::Exclamation);
     user->Click(forms::Default<frmAlarms>().cmdSave);
     ASSERT_FALSE(runtime->HasEnded());
     EXPECT_TRUE(forms::Default<frmAlarms>().IsVisible());

@@ -17,18 +17,14 @@ TEST_F(ControlPanelTest, ErasingOneOfAHundredNotesAllowsNewOnesInTheMainWindow) 
     for (int number = 1; number <= 100; ++number) {
         PutNote("Note " + std::to_string(1000 + number));
     }
-    stage->ExpectBox(
-        "The maximum number of 100 notes has been reached.\r\n\r\n"
-        "Exsiting notes will have to be deleted before more can be created.\r\n ",
-        "Jotwright: Maximum Notes Reached", BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    ExpectMaximumReached();
     StartQuietly();
     user->Click(Main().cmdViewNotes);
     EXPECT_FALSE(Main().cmdMakeNote.enabled());
     EXPECT_FALSE(Main().txtNoteTitle.enabled());
     EXPECT_FALSE(Panel().cmdNew.enabled());
     user->Select(Panel().lvwNotes, 0);
-    stage->ExpectBox("Would you like to erase        \r\n           NOTE 1001?       ",
-                     "Deleting Note", BoxIcon::Critical, BoxButtons::YesNo, BoxResult::Yes);
+    ExpectDeletingNoteQuestion("NOTE 1001", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_TRUE(Main().cmdMakeNote.enabled());
     EXPECT_TRUE(Main().txtNoteTitle.enabled());
@@ -58,8 +54,7 @@ TEST_F(ControlPanelTest, ANoteErasedUnderItsOpenEditorOutlivesAKill) {
     user->Restore(Editor("Dentist"));
     user->Click(Main().cmdViewNotes);
     user->Select(Panel().lvwNotes, 0);
-    stage->ExpectBox("Would you like to erase        \r\n           DENTIST?       ",
-                     "Deleting Note", BoxIcon::Critical, BoxButtons::YesNo, BoxResult::Yes);
+    ExpectDeletingNoteQuestion("DENTIST", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_FALSE(files.Peek(NoteFile("Dentist")).has_value());
     Advance(2000);
@@ -78,8 +73,7 @@ TEST_F(ControlPanelTest, ANoteErasedInItsAlarmDisplayLeavesTheArray) {
     Advance(30 * 60'000);
     auto* display = FindWindow<frmDisplayNote>("Dentist");
     ASSERT_NE(display, nullptr);
-    stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::Yes);
+    ExpectEraseNoteQuestion(BoxResult::Yes);
     user->CloseBox(*display);
     EXPECT_EQ(StandardCode::Shared().NoteCount, 0);
     EXPECT_EQ(StandardCode::Shared().NotesArray[1].Title, "");

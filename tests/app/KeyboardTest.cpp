@@ -96,9 +96,7 @@ TEST_F(Keyboard, EnterEditsTheSelectedNoteAndErasingLeadsBackToTheList) {
     auto& panel = Shown<frmViewNotes>();
     EXPECT_TRUE(panel.lvwNotes.HasFocus());
     user->Select(panel.lvwNotes, 0);
-    stage->ExpectBox("Would you like to erase        \r\n           DENTIST?       ",
-                     "Deleting Note", forms::BoxIcon::Critical, forms::BoxButtons::YesNo,
-                     forms::BoxResult::Yes);
+    ExpectDeletingNoteQuestion("DENTIST", forms::BoxResult::Yes);
     user->Click(panel.cmdRemove);
     EXPECT_TRUE(panel.lvwNotes.HasFocus());
     user->Select(panel.lvwNotes, 0);
@@ -110,7 +108,7 @@ TEST_F(Keyboard, TheMenuKeyReachesEveryPopUp) {
     const auto none = [](forms::Menu&) -> forms::Menu* { return nullptr; };
     stage->ExpectPopup("mnuPop", none);
     user->Click(Main().cmdHideMe);
-    user->Tray(514);
+    ClickTrayIcon();
     Main().cmdTimer.SetFocus();
     user->PressMenuKey();
 

@@ -65,8 +65,7 @@ TEST_F(MainTest, AnExistingNotesFolderAndItsFilesAreLeftAlone) {
 
 TEST_F(MainTest, AFolderThatCannotBeMadeEndsTheProgramWithTheReport) {
     files.SetReadOnly(testing_support::applicationFolder, true);
-    stage->ExpectBox("Run-time error '75':\r\n\r\nPath/File access error", "Jotwright",
-                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(75, "Path/File access error");
     Start(StandardCode::Main);
     EXPECT_TRUE(runtime->HasEnded());
 }
@@ -158,8 +157,7 @@ TEST_F(MainTest, AnEmptyAlarmSoundIsTheBuzzer) {
 
 TEST_F(MainTest, AMissingTitlePictureEndsTheProgram) {
     files.Remove("C:\\Jotwright\\jotwright_title.gif");
-    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(53, "File not found");
     Start(StandardCode::Main);
     Advance(1000);
     EXPECT_TRUE(runtime->HasEnded());
@@ -168,8 +166,7 @@ TEST_F(MainTest, AMissingTitlePictureEndsTheProgram) {
 
 TEST_F(MainTest, ASettingThatIsNoNumberEndsTheProgram) {
     settings.values[{"Options", "StartCookoo"}] = "yes";
-    stage->ExpectBox("Run-time error '13':\r\n\r\nType mismatch", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(13, "Type mismatch");
     Start(StandardCode::Main);
     Advance(1000);
     EXPECT_TRUE(runtime->HasEnded());
@@ -179,8 +176,7 @@ TEST_F(MainTest, AnErrorThatNobodyTrapsSavesTheOpenNotesFirst) {
     StartQuietly();
     auto& note = MakeNote("Dentist");
     user->Type(note.txtNote, "Call to move the appointment.");
-    stage->ExpectBox("Run-time error '6':\r\n\r\nOverflow", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(6, "Overflow");
     Start([] { throw base::RuntimeError(base::ErrorNumber::Overflow); });
     EXPECT_TRUE(runtime->HasEnded());
     ASSERT_TRUE(files.Peek(NoteFile("Dentist")).has_value());

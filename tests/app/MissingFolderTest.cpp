@@ -18,10 +18,7 @@ class MissingFolderTest : public testing_support::WholeProgram {
         frmNote& note = MakeNote("Dentist");
         user->Type(note.txtNote, "typed");
         Advance(5000);
-        const auto expectReport = [&] {
-            stage->ExpectBox(report, "WriteNote Sub Error", BoxIcon::None, BoxButtons::Ok,
-                             BoxResult::Ok);
-        };
+        const auto expectReport = [&] { ExpectWriteError(report); };
         for (const char* key : {"Save", "Hide", "Save"}) {
             expectReport();
             user->Click(note.tlbMain, key);
@@ -30,7 +27,7 @@ class MissingFolderTest : public testing_support::WholeProgram {
         expectReport();
         user->CloseBox(note);
         expectReport();
-        user->Tray(514);
+        ClickTrayIcon();
         user->Click(Main().cmdExit);
         EXPECT_FALSE(runtime->HasEnded());
         EXPECT_TRUE(tray.icon.has_value());
@@ -40,7 +37,7 @@ class MissingFolderTest : public testing_support::WholeProgram {
     void ExpectSaveToWork() {
         user->CloseBox(Editor("Dentist"));
         EXPECT_NE(files.Peek(NoteFile("Dentist")).value_or("").find("typed"), std::string::npos);
-        user->Tray(514);
+        ClickTrayIcon();
         user->Click(Main().cmdExit);
         EXPECT_TRUE(runtime->HasEnded());
     }

@@ -44,8 +44,8 @@ TEST_F(PatienceTest, ARoundOfTicksMayWaitAFifthOfASecondInAll) {
 }
 
 TEST_F(PatienceTest, AnActionGoesOnWithItsTimeAfterABox) {
-    stage->ExpectBox("wait", "", forms::BoxIcon::None, forms::BoxButtons::Ok, forms::BoxResult::Ok,
-                     forms::BoxResult::Ok, [this] { Start([this] { EXPECT_EQ(UseUp(), 1500); }); });
+    ExpectMessage("wait", "", forms::BoxIcon::None,
+                  [this] { Start([this] { EXPECT_EQ(UseUp(), 1500); }); });
     Start([this] {
         const auto action = runtime->CurrentAction();
         forms::MsgBox("wait", {}, "");

@@ -9,10 +9,6 @@
 
 namespace {
 
-using forms::BoxButtons;
-using forms::BoxIcon;
-using forms::BoxResult;
-
 class PictureBox : public testing_support::TestProgram {
   protected:
     // Shows the box and runs the script on it; the script or the user closes it.
@@ -139,8 +135,7 @@ TEST_F(PictureBox, GivenTextsStayInTheCallersVariables) {
 }
 
 TEST_F(PictureBox, AMissingPictureFileIsNotTrapped) {
-    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(53, "File not found");
     Start([] { StandardCode::PictureMessageBox("text", "Caption", "nowhere.gif"); });
     EXPECT_TRUE(runtime->HasEnded());
 }

@@ -146,9 +146,7 @@ TEST_F(frmMainClockTest, AWeeklyAlarmInTheSameSecondKeepsTheDisplaySilent) {
     StartQuietly();
     CloseEditors();
     SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(9, 30, 0), "now");
-    stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
-                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
-                     [this] { EXPECT_EQ(CountVisible<frmDisplayNote>(), 1); });
+    ExpectDailyAlarm("now", [this] { EXPECT_EQ(CountVisible<frmDisplayNote>(), 1); });
     AdvanceTo(9, 30, 5);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 0);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::Loop), 1);
@@ -177,8 +175,7 @@ TEST_F(frmMainClockTest, TheArrayFollowsWhatBecameOfADisplayedNote) {
         user->CloseBox(MakeNote(answer == BoxResult::No ? "Y" : "Z"));
         auto* display = FindWindow<frmDisplayNote>(answer == BoxResult::No ? "A" : "B");
         ASSERT_NE(display, nullptr);
-        stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
-                         BoxButtons::YesNo, answer);
+        ExpectEraseNoteQuestion(answer);
         user->CloseBox(*display);
         EXPECT_EQ(StandardCode::Shared().NotesArray[1].AlarmState, "0");
         EXPECT_EQ(StandardCode::Shared().NoteCount, 3);
@@ -192,12 +189,11 @@ TEST_F(frmMainClockTest, ALoopingSoundKeepsFurtherDisplaysSilent) {
     PutAlarm("B", "09:30:10", 1, true);
     StartQuietly();
     CloseEditors();
-    stage->ExpectBox("      Turn Off Alarm?       ", "Jotwright Audio Alarm", BoxIcon::Information,
-                     BoxButtons::Ok, BoxResult::Ok, [this] {
-                         Advance(20'000);
-                         EXPECT_EQ(CountVisible<frmDisplayNote>(), 2);
-                         EXPECT_EQ(sound.Count(RecordedSound::Kind::Loop), 1);
-                     });
+    ExpectDisplayAlarm([this] {
+        Advance(20'000);
+        EXPECT_EQ(CountVisible<frmDisplayNote>(), 2);
+        EXPECT_EQ(sound.Count(RecordedSound::Kind::Loop), 1);
+    });
     AdvanceTo(9, 30, 2);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::Stop), 1);
     Advance(5000);
@@ -208,8 +204,7 @@ TEST_F(frmMainClockTest, ALoopingSoundKeepsFurtherDisplaysSilent) {
 TEST_F(frmMainClockTest, ASpecialAlarmShowsItsMessageAndSounds) {
     StartQuietly();
     SetSpecialAlarm(2, "Friday", base::DateTime::FromTime(9, 5, 0), "Pay the rent");
-    stage->ExpectBox("Message for Friday               \r\n\r\nPay the rent",
-                     "Jotwright Daily Alarm", BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
+    ExpectDailyAlarm("Pay the rent",
                      [this] { EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav"); });
     AdvanceTo(9, 5, 2);
     EXPECT_FALSE(sound.IsPlaying());
@@ -218,8 +213,7 @@ TEST_F(frmMainClockTest, ASpecialAlarmShowsItsMessageAndSounds) {
 TEST_F(frmMainClockTest, ASpecialAlarmWithoutAMessageSaysSo) {
     StartQuietly();
     SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(9, 5, 0), "");
-    stage->ExpectBox("Message for Friday               \r\n\r\nNo Special Message",
-                     "Jotwright Daily Alarm", BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    ExpectDailyAlarm("No Special Message");
     AdvanceTo(9, 5, 2);
     EXPECT_EQ(StandardCode::Shared().SpecialAlarmMessage[0], "No Special Message");
 }
@@ -229,11 +223,8 @@ TEST_F(frmMainClockTest, TheTickIsBlockedWhileASpecialAlarmWaits) {
     SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(9, 5, 0), "first");
     SetSpecialAlarm(1, "Friday", base::DateTime::FromTime(9, 5, 0), "second");
     SetSpecialAlarm(2, "Friday", base::DateTime::FromTime(9, 5, 10), "missed");
-    stage->ExpectBox("Message for Friday               \r\n\r\nfirst", "Jotwright Daily Alarm",
-                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
-                     [this] { Advance(30'000); });
-    stage->ExpectBox("Message for Friday               \r\n\r\nsecond", "Jotwright Daily Alarm",
-                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    ExpectDailyAlarm("first", [this] { Advance(30'000); });
+    ExpectDailyAlarm("second");
     AdvanceTo(9, 6, 0);
 }
 
@@ -311,8 +302,7 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentInTheSecondOfASpecialAlarm) {
     StartQuietly();
     user->Click(Main().cmdCookoo);
     SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(15, 0, 15), "now");
-    stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
-                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    ExpectDailyAlarm("now");
     AdvanceTo(15, 0, 40);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
 }
@@ -337,9 +327,7 @@ TEST_F(frmMainClockTest, TheMainClockComesBeforeTheCuckooAlsoAfterABox) {
         StartQuietly();
         CloseEditors();
         SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(14, 59, 50), "now");
-        stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
-                         BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
-                         [this, held] { Advance(held); });
+        ExpectDailyAlarm("now", [this, held] { Advance(held); });
         AdvanceTo(15, 0, 40);
         EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0) << held;
         EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 1) << held;
@@ -357,8 +345,7 @@ TEST_F(frmMainClockTest, ASpecialAlarmIsNotMissedThoughTheMainClockWasSwitchedOn
         Main().tmrNow.enabled = true;
     });
     SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(15, 0, 15), "now");
-    stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
-                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    ExpectDailyAlarm("now");
     AdvanceTo(15, 0, 40);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
 }
@@ -368,12 +355,11 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentAsLongAsASpecialAlarmWaits) {
     StartQuietly();
     user->Click(Main().cmdCookoo);
     SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(15, 0, 15), "now");
-    stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
-                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok, [this] {
-                         stage->Jump(3600 - 10);
-                         Advance(20'000);  // past the next hour
-                         EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav");
-                     });
+    ExpectDailyAlarm("now", [this] {
+        stage->Jump(3600 - 10);
+        Advance(20'000);  // past the next hour
+        EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav");
+    });
     AdvanceTo(16, 0, 40);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
     EXPECT_FALSE(StandardCode::Shared().AlarmSounding);
@@ -384,11 +370,10 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentAsLongAsAnEditorRings) {
     PutAlarm("Dentist", "15:00:00", 1, true);
     StartQuietly();
     user->Click(Main().cmdCookoo);
-    stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok, [this] {
-                         Advance(30'000);
-                         EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav");
-                     });
+    ExpectEditorAlarm([this] {
+        Advance(30'000);
+        EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav");
+    });
     AdvanceTo(15, 0, 40);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
     stage->Jump(3600 - 60);

@@ -18,10 +18,7 @@ TEST_F(frmMainExitTest, ButtonAndMenusEndTheProgram) {
     const std::vector<std::function<void()>> ways{
         [this] { user->Click(Main().cmdExit); },
         [this] { user->Choose(Main().mnuFileExit); },
-        [this] {
-            stage->ExpectPopup("mnuPop", "mnuExit");
-            user->Tray(517);
-        },
+        [this] { ChooseFromTrayMenu("mnuExit"); },
     };
     for (const auto& leave : ways) {
         StartQuietly();
@@ -54,10 +51,8 @@ TEST_F(frmMainExitTest, TheIconIsRemovedBeforeTheOtherWindowsGo) {
     auto& note = MakeNote("Dentist");
     StandardCode::Shared().ControlPanelMode = true;
     user->Type(note.txtNote, "text");
-    user->Tray(514);
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::Yes,
-                     [this] { EXPECT_FALSE(tray.icon.has_value()); });
+    ClickTrayIcon();
+    ExpectSaveQuestion(BoxResult::Yes, [this] { EXPECT_FALSE(tray.icon.has_value()); });
     user->Click(Main().cmdExit);
     EXPECT_TRUE(runtime->HasEnded());
 }
@@ -67,7 +62,7 @@ TEST_F(frmMainExitTest, NotesAreClosedInTheOrderInWhichTheyWereOpened) {
     for (const char* title : {"Zebra", "Ape", "Lion"}) {
         user->Type(MakeNote(title).txtNote, "text");
     }
-    user->Tray(514);
+    ClickTrayIcon();
     files.ClearLog();
     user->Click(Main().cmdExit);
     std::vector<std::string> saved;
@@ -82,8 +77,7 @@ TEST_F(frmMainExitTest, NotesAreClosedInTheOrderInWhichTheyWereOpened) {
 TEST_F(frmMainExitTest, AMinimisedMainWindowIsMaximisedAsItGoes) {
     StartQuietly();
     user->Minimize(Main());
-    stage->ExpectPopup("mnuPop", "mnuExit");
-    user->Tray(517);
+    ChooseFromTrayMenu("mnuExit");
     EXPECT_TRUE(runtime->HasEnded());
     EXPECT_EQ(Main().windowState(), WindowState::Maximized);
 }
@@ -99,7 +93,7 @@ TEST_F(frmMainExitTest, ExitRemovesTheIconAndClosesEveryWindow) {
     StartQuietly();
     auto& note = MakeNote("Dentist");
     user->Type(note.txtNote, "text");
-    user->Tray(514);
+    ClickTrayIcon();
     user->CloseBox(Main());
     EXPECT_TRUE(runtime->HasEnded());
     EXPECT_FALSE(tray.icon.has_value());
@@ -115,13 +109,11 @@ TEST_F(frmMainExitTest, ExitFromTheTrayWhileABoxIsOpen) {
     user->Click(Main().cmdHideMe);
     shell.result = 0;
     stage->ExpectPopup("mnuPop", "mnuWebSite");
-    stage->ExpectBox("Unable to open file!", "Attention", BoxIcon::Exclamation, BoxButtons::Ok,
-                     BoxResult::Ok, [this] {
-                         stage->ExpectPopup("mnuPop", "mnuExit");
-                         user->Tray(517);
-                         EXPECT_TRUE(runtime->HasEnded());
-                     });
-    user->Tray(517);
+    ExpectMessage("Unable to open file!", "Attention", BoxIcon::Exclamation, [this] {
+        ChooseFromTrayMenu("mnuExit");
+        EXPECT_TRUE(runtime->HasEnded());
+    });
+    RightClickTrayIcon();
     EXPECT_FALSE(tray.icon.has_value());
 }
 
@@ -130,9 +122,8 @@ TEST_F(frmMainExitTest, ANoteThatCannotBeSavedStopsTheExit) {
     auto& note = MakeNote("Dentist");
     user->Type(note.txtNote, "must not be lost");
     files.SetReadOnly("C:\\Jotwright\\Notes", true);
-    user->Tray(514);
-    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ClickTrayIcon();
+    ExpectWriteError("75 - Path/File access error");
     user->Click(Main().cmdExit);
     EXPECT_FALSE(runtime->HasEnded());
     EXPECT_TRUE(tray.icon.has_value());
@@ -159,12 +150,10 @@ TEST_F(frmMainExitTest, AnExitWhileANoteAsksKeepsItsTextForTheNextStart) {
     auto& note = MakeNote("Dentist");
     StandardCode::Shared().ControlPanelMode = true;
     user->Type(note.txtNote, "text");
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::No, [this] {
-                         stage->ExpectPopup("mnuPop", "mnuExit");
-                         user->Tray(517);
-                         EXPECT_TRUE(runtime->HasEnded());
-                     });
+    ExpectSaveQuestion(BoxResult::No, [this] {
+        ChooseFromTrayMenu("mnuExit");
+        EXPECT_TRUE(runtime->HasEnded());
+    });
     user->CloseBox(note);
     EXPECT_FALSE(files.FileExists(NoteFile("Dentist")));
     Restart();
@@ -179,15 +168,13 @@ TEST_F(frmMainExitTest, AnExitWaitsForTheAnswerThatAnAlarmDisplayWants) {
     Advance(12'000);
     auto* display = FindWindow<frmDisplayNote>("Dentist");
     ASSERT_NE(display, nullptr);
-    stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::No, [this] {
-                         stage->ExpectPopup("mnuPop", "mnuExit");
-                         user->Tray(517);
-                         EXPECT_FALSE(runtime->HasEnded());
-                     });
+    ExpectEraseNoteQuestion(BoxResult::No, [this] {
+        ChooseFromTrayMenu("mnuExit");
+        EXPECT_FALSE(runtime->HasEnded());
+    });
     user->CloseBox(*display);
     EXPECT_TRUE(tray.icon.has_value());
-    user->Tray(514);
+    ClickTrayIcon();
     user->Click(Main().cmdExit);
     EXPECT_TRUE(runtime->HasEnded());
 }
@@ -197,12 +184,11 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionEndsAnExitThatWaitsForAnAnswer) {
     auto& note = MakeNote("Dentist");
     StandardCode::Shared().ControlPanelMode = true;
     user->Type(note.txtNote, "text");
-    user->Tray(514);
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::No, [this] {
-                         gestures::EndSession();
-                         EXPECT_TRUE(runtime->HasEnded());
-                     });
+    ClickTrayIcon();
+    ExpectSaveQuestion(BoxResult::No, [this] {
+        gestures::EndSession();
+        EXPECT_TRUE(runtime->HasEnded());
+    });
     user->Click(Main().cmdExit);
     EXPECT_FALSE(tray.icon.has_value());
     Restart();
@@ -218,11 +204,10 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionKeepsWhatADisplayThatAsksHolds) {
     auto* display = FindWindow<frmDisplayNote>("Dentist");
     ASSERT_NE(display, nullptr);
     user->Type(display->lblNoteText, "moved to Friday");
-    stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::Yes, [this] {
-                         gestures::EndSession();
-                         EXPECT_TRUE(runtime->HasEnded());
-                     });
+    ExpectEraseNoteQuestion(BoxResult::Yes, [this] {
+        gestures::EndSession();
+        EXPECT_TRUE(runtime->HasEnded());
+    });
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(NoteFile("Dentist")),
               "\"Dentist\",\"moved to Friday\",#2004-05-14#,\"#12:00#\",1,12,\"0\",0,\"yes\"\r\n");
@@ -233,11 +218,10 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionWaitsForNoAnswer) {
     auto& note = MakeNote("Dentist");
     StandardCode::Shared().ControlPanelMode = true;
     user->Type(note.txtNote, "text");
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::No, [this] {
-                         gestures::EndSession();
-                         EXPECT_TRUE(runtime->HasEnded());
-                     });
+    ExpectSaveQuestion(BoxResult::No, [this] {
+        gestures::EndSession();
+        EXPECT_TRUE(runtime->HasEnded());
+    });
     user->CloseBox(note);
     Restart();
     StartQuietly();
@@ -275,8 +259,7 @@ TEST_F(frmMainExitTest, AnAlarmThatTheExitLeavesToTheRecoveryCopyRingsAfterTheNe
     user->Pick(note.dtTime, base::DateTime::FromTime(9, 5, 0));
     user->Click(note.chkAudioAlarm);
     user->Click(note.cmdAlarm);
-    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectWriteError("75 - Path/File access error");
     user->Click(Main().cmdExit);
     ASSERT_TRUE(runtime->HasEnded());
     const auto saved = files.Peek(NoteFile("Dentist"));
@@ -288,12 +271,11 @@ TEST_F(frmMainExitTest, AnAlarmThatTheExitLeavesToTheRecoveryCopyRingsAfterTheNe
     EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Turn Off Alarm");
     user->Minimize(Editor("Dentist"));
     bool hasRung = false;
-    stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok, [&] {
-                         hasRung = true;
-                         EXPECT_TRUE(sound.IsPlaying());
-                         EXPECT_EQ(Now().TimeOnly(), base::DateTime::FromTime(9, 5, 0));
-                     });
+    ExpectEditorAlarm([&] {
+        hasRung = true;
+        EXPECT_TRUE(sound.IsPlaying());
+        EXPECT_EQ(Now().TimeOnly(), base::DateTime::FromTime(9, 5, 0));
+    });
     Advance(300'000);
     EXPECT_TRUE(hasRung);
     EXPECT_EQ(Editor("Dentist").windowState(), WindowState::Normal);

@@ -44,7 +44,7 @@ class frmMainLimitTest : public testing_support::WholeProgram {
     // Opens the panel; what its button and its label say.
     void ExpectPanel(const std::string& total, bool isRoom) {
         if (!Main().IsShownOnStage()) {
-            user->Tray(514);
+            ClickTrayIcon();
         }
         user->Click(Main().cmdViewNotes);
         EXPECT_EQ(Default<frmViewNotes>().lblTotalNotes.caption(), total);
@@ -79,13 +79,12 @@ TEST_F(frmMainLimitTest, BelowTheLimitAClickEnablesTheTitleBoxBeforeTheTitleIsLo
 TEST_F(frmMainLimitTest, WithAHundredNotesTheLimitIsToldAtStart) {
     PutNotes(100);
     settings.values[{"Options", "StartCookoo"}] = "1";
-    stage->ExpectBox(maximumText, maximumCaption, BoxIcon::Information, BoxButtons::Ok,
-                     BoxResult::Ok, [this] {
-                         // The notes are back; the cuckoo and the tray icon are still to come.
-                         EXPECT_EQ(CountVisible<frmNote>(), 100);
-                         EXPECT_FALSE(Main().tmrCooKoo.enabled);
-                         EXPECT_FALSE(tray.icon.has_value());
-                     });
+    ExpectMaximumReached([this] {
+        // The notes are back; the cuckoo and the tray icon are still to come.
+        EXPECT_EQ(CountVisible<frmNote>(), 100);
+        EXPECT_FALSE(Main().tmrCooKoo.enabled);
+        EXPECT_FALSE(tray.icon.has_value());
+    });
     StartQuietly();
     EXPECT_TRUE(Main().tmrCooKoo.enabled);
     EXPECT_TRUE(tray.icon.has_value());
@@ -97,14 +96,12 @@ TEST_F(frmMainLimitTest, WithAHundredNotesTheLimitIsToldAtStart) {
 
 TEST_F(frmMainLimitTest, AtTheLimitAClickThatGetsThroughStillMakesTheNote) {
     PutNotes(100);
-    stage->ExpectBox(maximumText, maximumCaption, BoxIcon::Information, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectMaximumReached();
     StartQuietly();
     Main().cmdMakeNote.enabled = true;
     Main().txtNoteTitle.enabled = true;
     user->Type(Main().txtNoteTitle, "One more");
-    stage->ExpectBox(maximumText, maximumCaption, BoxIcon::Information, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectMaximumReached();
     user->Click(Main().cmdMakeNote);
     EXPECT_FALSE(Main().cmdMakeNote.enabled);
     EXPECT_FALSE(Main().txtNoteTitle.enabled);
@@ -190,7 +187,7 @@ TEST_F(frmMainLimitTest, AboveTheLimitAClickThatGetsThroughIsToldAsAtTheLimit) {
     auto& second = MakeNote("B");
     user->Click(first.tlbMain, "Hide");
     user->Click(second.tlbMain, "Hide");
-    user->Tray(514);
+    ClickTrayIcon();
     Main().cmdMakeNote.enabled = true;
     Main().txtNoteTitle.enabled = true;
     user->Type(Main().txtNoteTitle, "One more");

@@ -124,8 +124,7 @@ TEST_F(frmMainMakeNoteTest, AMissingPictureIsReportedAsAnErrorOfTheNote) {
     StartQuietly();
     files.Remove("C:\\Jotwright\\note.ico");
     user->Type(Main().txtNoteTitle, "Dentist");
-    stage->ExpectBox("Error Creating New Note. File not found      ", "Note Error",
-                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+    ExpectMessage("Error Creating New Note. File not found      ", "Note Error", BoxIcon::Critical);
     user->Click(Main().cmdMakeNote);
     EXPECT_FALSE(runtime->HasEnded());
 }
@@ -134,8 +133,7 @@ TEST_F(frmMainMakeNoteTest, AMissingPictureOfARejectionIsAnErrorOfTheNote) {
     StartQuietly();
     files.Remove("C:\\Jotwright\\error.gif");
     user->Type(Main().txtNoteTitle, "a.b");
-    stage->ExpectBox("Error Creating New Note. File not found      ", "Note Error",
-                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+    ExpectMessage("Error Creating New Note. File not found      ", "Note Error", BoxIcon::Critical);
     user->Click(Main().cmdMakeNote);
     EXPECT_EQ(Main().txtNoteTitle.text(), "a.b");
     EXPECT_FALSE(runtime->HasEnded());
@@ -145,8 +143,7 @@ TEST_F(frmMainMakeNoteTest, ADefaultThatIsNoNumberIsAnErrorOfTheNote) {
     settings.values[{"Options", "DefaultColor"}] = "blue";
     StartQuietly();
     user->Type(Main().txtNoteTitle, "Dentist");
-    stage->ExpectBox("Error Creating New Note. Type mismatch      ", "Note Error",
-                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+    ExpectMessage("Error Creating New Note. Type mismatch      ", "Note Error", BoxIcon::Critical);
     user->Click(Main().cmdMakeNote);
     EXPECT_EQ(Main().txtNoteTitle.text(), "Dentist");
     EXPECT_TRUE(Main().IsShownOnStage());

@@ -39,7 +39,7 @@ class frmMainToolsTest : public testing_support::WholeProgram {
         user->Choose(barEntry);
         stage->ExpectPopup("mnuPop", trayEntry);
         stage->ExpectModal<T>(close);
-        user->Tray(517);
+        RightClickTrayIcon();
         EXPECT_EQ(LoadedDefault<T>(), nullptr);
     }
 
@@ -50,10 +50,7 @@ class frmMainToolsTest : public testing_support::WholeProgram {
         return [this, &entry] { user->Choose(entry); };
     }
     std::function<void()> FromTray(const std::string& entry) {
-        return [this, entry] {
-            stage->ExpectPopup("mnuPop", entry);
-            user->Tray(517);
-        };
+        return [this, entry] { ChooseFromTrayMenu(entry); };
     }
 
     int OpenInBrowser(const std::string& document) {
@@ -200,14 +197,11 @@ TEST_F(frmMainToolsTest, BrowserFailures) {
     EXPECT_EQ(OpenInBrowser("readme.htm"), 33);
     EXPECT_EQ(shell.opened.back().document, "readme.htm");
     shell.result = 32;
-    stage->ExpectBox("Unable to open file!", "Attention", BoxIcon::Exclamation, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectMessage("Unable to open file!", "Attention", BoxIcon::Exclamation);
     EXPECT_EQ(OpenInBrowser("readme.htm"), 32);
-    stage->ExpectBox("Unable to open file!", "Attention", BoxIcon::Exclamation, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectMessage("Unable to open file!", "Attention", BoxIcon::Exclamation);
     user->Choose(Main().mnuVisitWeb);
     shell.error = base::ErrorNumber::InvalidProcedureCall;
-    stage->ExpectBox("Could Not Open Default Browser", "Browser Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectMessage("Could Not Open Default Browser", "Browser Error", BoxIcon::None);
     user->Choose(Main().mnuVisitWeb);
 }

@@ -11,9 +11,7 @@
 
 namespace {
 
-using forms::BoxButtons;
 using forms::BoxIcon;
-using forms::BoxResult;
 
 const std::string startupFolder =
     "C:\\Documents and Settings\\All Users\\Start Menu\\Programs\\Startup";
@@ -56,8 +54,8 @@ class Options : public testing_support::TestProgram {
     static int SelectedFont() { return Selected(Window().optDefaultFont); }
 
     void ExpectLinkError() {
-        stage->ExpectBox("Unable to create startup link.       ", "Startup Link Error",
-                         BoxIcon::Exclamation, BoxButtons::Ok, BoxResult::Ok);
+        ExpectMessage("Unable to create startup link.       ", "Startup Link Error",
+                      BoxIcon::Exclamation);
     }
 
   private:
@@ -150,8 +148,7 @@ TEST_F(Options, NumbersThatAreNoCheckMarksLeaveTheBoxesEmpty) {
 
 TEST_F(Options, ATextThatIsNoNumberIsNotTrapped) {
     Set("WindowOnTop", "yes");
-    stage->ExpectBox("Run-time error '13':\r\n\r\nType mismatch", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(13, "Type mismatch");
     Open();
     EXPECT_TRUE(runtime->HasEnded());
 }

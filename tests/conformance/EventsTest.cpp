@@ -325,8 +325,8 @@ TEST_F(Events, AnUntrappedErrorIsReportedAndEndsTheProgramInOrder) {
         order.emplace_back("clicked");
         throw base::RuntimeError(base::ErrorNumber::Overflow);
     };
-    stand->ExpectBox("Run-time error '6':\r\n\r\nOverflow", "Program", BoxButtons::Ok,
-                     BoxResult::Ok, [&order] { order.emplace_back("reported"); });
+    ExpectMessage("Run-time error '6':\r\n\r\nOverflow", "Program",
+                  [&order] { order.emplace_back("reported"); });
     const auto pin = Form().shared_from_this();
     stand->Click(Form().cmdOk);
     EXPECT_EQ(order, (Lines{"clicked", "reported", "saved"}));
@@ -341,8 +341,7 @@ TEST_F(Events, AnErrorUnderAModalFormLeavesEveryHandler) {
         form.cmdGo.Click = [] { throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange); };
         stand->Click(form.cmdGo);
     });
-    stand->ExpectBox("Run-time error '9':\r\n\r\nSubscript out of range", "Program", BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectMessage("Run-time error '9':\r\n\r\nSubscript out of range", "Program");
     Start([&wentOn] {
         Default<frmSecond>().ShowModal();
         wentOn = true;

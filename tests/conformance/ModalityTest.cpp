@@ -17,9 +17,9 @@ class Modality : public conformance::StandTest {
 }  // namespace
 
 TEST_F(Modality, ABoxReturnsTheAnswer) {
-    stand->ExpectBox("Yes?", "Question", BoxButtons::YesNo, BoxResult::Yes);
-    stand->ExpectBox("No?", "Question", BoxButtons::YesNo, BoxResult::No);
-    stand->ExpectBox("Two\r\nlines", "Message", BoxButtons::Ok, BoxResult::Ok);
+    ExpectQuestion("Yes?", "Question", BoxResult::Yes);
+    ExpectQuestion("No?", "Question", BoxResult::No);
+    ExpectMessage("Two\r\nlines", "Message");
     Start([] {
         EXPECT_EQ(Ask("Yes?"), BoxResult::Yes);
         EXPECT_EQ(Ask("No?"), BoxResult::No);
@@ -28,8 +28,7 @@ TEST_F(Modality, ABoxReturnsTheAnswer) {
 }
 
 TEST_F(Modality, AFormShownInTheHandlerIsThereWhenItsBoxOpens) {
-    stand->ExpectBox("Look", "Message", BoxButtons::Ok, BoxResult::Ok,
-                     [this] { EXPECT_TRUE(stand->IsShown(Default<frmFirst>())); });
+    ExpectMessage("Look", "Message", [this] { EXPECT_TRUE(stand->IsShown(Default<frmFirst>())); });
     Start([] {
         Default<frmFirst>().Show();
         Tell("Look");
@@ -102,8 +101,8 @@ TEST_F(Modality, BoxesNestInModalFormsAndModalFormsInBoxes) {
     });
     stand->ExpectModal<frmSecond>([this](frmSecond& form) { stand->Click(form.cmdGo); });
     bool nested = false;
-    stand->ExpectBox("Sure?", "Question", BoxButtons::YesNo, BoxResult::No,
-                     [this, &nested] { PumpUntil([&nested] { return nested; }); });
+    ExpectQuestion("Sure?", "Question", BoxResult::No,
+                   [this, &nested] { PumpUntil([&nested] { return nested; }); });
     stand->ExpectModal<frmThird>([this, &nested](frmThird& form) {
         EXPECT_FALSE(stand->CanBeUsed(Default<frmSecond>()));
         EXPECT_TRUE(stand->CanBeUsed(form));
@@ -132,8 +131,8 @@ TEST_F(Modality, AFormMayBeUnloadedWhileItsOwnBoxIsOpen) {
         };
         Default<frmFirst>().Show();
     });
-    stand->ExpectBox("Wait", "Message", BoxButtons::Ok, BoxResult::Ok,
-                     [this] { PumpUntil([] { return LoadedDefault<frmFirst>() == nullptr; }); });
+    ExpectMessage("Wait", "Message",
+                  [this] { PumpUntil([] { return LoadedDefault<frmFirst>() == nullptr; }); });
     stand->Click(Default<frmFirst>().cmdGo);
     EXPECT_EQ(LoadedDefault<frmFirst>(), nullptr);
 }
@@ -175,7 +174,7 @@ TEST_F(Modality, TheProgramMayEndUnderABoxInAModalForm) {
         };
         stand->Click(form.cmdGo);
     });
-    stand->ExpectBox("Wait", "Message", BoxButtons::Ok, BoxResult::Ok, [this] {
+    ExpectMessage("Wait", "Message", [this] {
         Default<frmFirst>().tmrOne.enabled = true;
         PumpUntil([this] { return runtime->HasEnded(); });
     });

@@ -103,7 +103,7 @@ TEST_F(Timers, AreNotReenteredUnderTheirOwnBoxAndOthersGoOn) {
         Form().tmrOne.enabled = true;
     });
     stand->stayOpenUntil = [&] { return ticks > 0 && others >= othersBefore + 5; };
-    stand->ExpectBox("Wait", "Message", BoxButtons::Ok, BoxResult::Ok, [&] {
+    ExpectMessage("Wait", "Message", [&] {
         EXPECT_EQ(ticks, 1);
         // A message loop inside the loop of the box gives the timer no tick, either.
         othersBefore = others;
@@ -119,7 +119,7 @@ TEST_F(Timers, GoOnUnderABox) {
     StartCounting(Form().tmrOne, 40, ticks);
     const int before = ticks;
     stand->stayOpenUntil = [&] { return ticks >= before + 5; };
-    stand->ExpectBox("Wait", "Message", BoxButtons::Ok, BoxResult::Ok);
+    ExpectMessage("Wait", "Message");
     Start([] { MsgBox("Wait", {}, "Message"); });
     EXPECT_GE(ticks, before + 5);
 }

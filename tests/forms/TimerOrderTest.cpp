@@ -53,12 +53,11 @@ class TimerOrder : public testing_support::TestProgram {
     // At its next tick the first timer shows a box for this long.
     void HoldUp(int milliseconds) {
         heldUp = true;
-        stage->ExpectBox("Turn it off?", "Alarm", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok,
-                         [this, milliseconds] {
-                             isFirstHeldUp = true;
-                             Advance(milliseconds);
-                             isFirstHeldUp = false;
-                         });
+        ExpectMessage("Turn it off?", "Alarm", BoxIcon::None, [this, milliseconds] {
+            isFirstHeldUp = true;
+            Advance(milliseconds);
+            isFirstHeldUp = false;
+        });
     }
 
     std::int64_t seenByFirst = 0;

@@ -149,8 +149,7 @@ TEST_F(Splash, TimersRunWhileTheTipsAreOpen) {
 
 TEST_F(Splash, AValueThatIsNotANumberEndsTheProgram) {
     StoreViewTips("often");
-    stage->ExpectBox("Run-time error '13':\r\n\r\nType mismatch", "Jotwright",
-                     forms::BoxIcon::Critical, forms::BoxButtons::Ok, forms::BoxResult::Ok);
+    ExpectRunTimeError(13, "Type mismatch");
     Start(StandardCode::Main);
     Advance(1000);
     EXPECT_TRUE(runtime->HasEnded());
@@ -158,8 +157,7 @@ TEST_F(Splash, AValueThatIsNotANumberEndsTheProgram) {
 
 TEST_F(Splash, AMissingMascotEndsTheProgram) {
     files.Remove("C:\\Jotwright\\mascot.jpg");
-    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright",
-                     forms::BoxIcon::Critical, forms::BoxButtons::Ok, forms::BoxResult::Ok);
+    ExpectRunTimeError(53, "File not found");
     Start(StandardCode::Main);
     EXPECT_TRUE(runtime->HasEnded());
 }

@@ -8,10 +8,6 @@
 
 namespace {
 
-using forms::BoxButtons;
-using forms::BoxIcon;
-using forms::BoxResult;
-
 const std::vector<std::string> wantedTips = {
     "Create up to 100 personalized notes.",
     "To view the main menu - Right click the Jotwright Icon in the system tray or Right click any "
@@ -98,8 +94,7 @@ TEST_F(Tips, TheCloseBoxWritesNothing) {
 
 TEST_F(Tips, AMissingIconIsAnErrorOfLoading) {
     files.Remove("C:\\Jotwright\\logo.ico");
-    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(53, "File not found");
     Start([] { forms::Default<frmTip>().ShowModal(); });
 }
 

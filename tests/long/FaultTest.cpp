@@ -161,7 +161,7 @@ class FaultTest : public testing_support::WholeProgram {
              [this] {
                  user->Restore(Editor("Dentist"));
                  user->CloseBox(Editor("Dentist"));
-                 user->Tray(514);
+                 ClickTrayIcon();
                  user->Click(Main().cmdViewNotes);
                  user->Select(Default<frmViewNotes>().lvwNotes, 0);
              },
@@ -188,7 +188,7 @@ class FaultTest : public testing_support::WholeProgram {
              [this] {
                  TypeInto("Other", "other new");
                  TypeAndWait();
-                 user->Tray(514);
+                 ClickTrayIcon();
              },
              [this] { user->Click(Main().cmdExit); }, newText},
             {"end of the session",

@@ -56,7 +56,7 @@ struct Remains {
 class GrowthTest : public testing_support::WholeProgram {
   protected:
     frmViewNotes& OpenPanel() {
-        user->Tray(514);
+        ClickTrayIcon();
         user->Click(Main().cmdViewNotes);
         return Default<frmViewNotes>();
     }
@@ -96,14 +96,11 @@ void GrowthTest::ThroughThePanel(const std::string& title) {
     frmNote& again = Editor(title);
     user->Type(again.txtNote, "another, longer text of " + title);
     Advance(2500);
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::Yes);
+    ExpectSaveQuestion(BoxResult::Yes);
     user->CloseBox(again);
     auto& panel = Default<frmViewNotes>();
     user->Select(panel.lvwNotes, 0);
-    stage->ExpectBox(
-        "Would you like to erase        \r\n           " + locale.ToUpper(title) + "?       ",
-        "Deleting Note", BoxIcon::Critical, BoxButtons::YesNo, BoxResult::Yes);
+    ExpectDeletingNoteQuestion(locale.ToUpper(title), BoxResult::Yes);
     user->Click(panel.cmdRemove);
 }
 
@@ -117,13 +114,10 @@ void GrowthTest::InItsEditor(const std::string& title) {
     user->Click(OpenPanel().cmdOpenAll);
     user->Type(note.txtNote, "another text of " + title);
     Advance(2500);
-    stage->ExpectBox(locale.ToUpper(title) + " has been saved.           ", "",
-                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    ExpectSaved(locale.ToUpper(title));
     user->Click(note.tlbMain, "Save");
     EXPECT_TRUE(files.Peek(NoteFile(title)).has_value());
-    stage->ExpectBox(
-        "Are you sure you would like to erase " + locale.ToUpper(title) + "?              ",
-        "Kill Note", BoxIcon::Information, BoxButtons::YesNo, BoxResult::Yes, BoxResult::No);
+    ExpectKillNoteQuestion(locale.ToUpper(title), BoxResult::Yes);
     user->Click(note.tlbMain, "Erase");
 }
 

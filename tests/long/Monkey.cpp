@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/TrayMessages.h"
 #include "base/Text.h"
 #include "forms/Gestures.h"
 #include "notes/NoteFile.h"
@@ -206,7 +207,9 @@ void Monkey::AddForm(Form& form, Choices& choices) {
     }
     choices.push_back({1, "right-click " + name, [this, &form] { user->RightClick(form); }});
     choices.push_back({1, "move over " + name, [this, &form] {
-                           const int special[] = {514, 515, 517, Below(800)};
+                           const int special[] = {TrayMessages::leftButtonUp,
+                                                  TrayMessages::leftDoubleClick,
+                                                  TrayMessages::rightButtonUp, Below(800)};
                            user->MouseMove(form, special[Below(4)] * 15);
                        }});
     std::vector<Menu*> entries;
@@ -306,9 +309,9 @@ void Monkey::AddWorld(Choices& choices) {
     choices.push_back({20, "seconds pass", pass(10'000)});
     choices.push_back({4, "minutes pass", pass(300'000)});
     if (tray.icon) {
-        choices.push_back({20, "tray click", [this] { user->Tray(514); }});
-        choices.push_back({3, "tray double click", [this] { user->Tray(515); }});
-        choices.push_back({10, "tray right click", [this] { user->Tray(517); }});
+        choices.push_back({20, "tray click", [this] { ClickTrayIcon(); }});
+        choices.push_back({3, "tray double click", [this] { DoubleClickTrayIcon(); }});
+        choices.push_back({10, "tray right click", [this] { RightClickTrayIcon(); }});
     }
     choices.push_back(
         {1, "the clock is set", [this] { stage->Jump(Below(7200) - 3600, Below(2000) - 1000); }});

@@ -1,6 +1,7 @@
 // What the monkey types, and what it answers when something opens.
 #include <array>
 
+#include "app/TrayMessages.h"
 #include "tests/long/Monkey.h"
 
 using namespace forms;
@@ -146,7 +147,8 @@ void Monkey::Meanwhile() {
         Note("the clock is set");
         stage->Jump(Below(120) - 60, Below(1000));
     } else {
-        const int messages[] = {514, 515, 517};
+        const int messages[] = {TrayMessages::leftButtonUp, TrayMessages::leftDoubleClick,
+                                TrayMessages::rightButtonUp};
         const int message = messages[Below(3)];
         Note("tray " + std::to_string(message));
         user->Tray(message);

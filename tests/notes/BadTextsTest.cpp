@@ -155,11 +155,9 @@ TEST_F(BadTexts, DatesThatAreNoneAreReportedAndTheFileStays) {
                              "#2004-13-01#", "#-2004-01-01#", "#99999999999999999999-1-1#"}) {
         const std::string bytes = FileWith("text", date);
         files.PutFile(PathOf("Note"), bytes);
-        stage->ExpectBox("Type mismatch", "Error Loading File", forms::BoxIcon::None,
-                         forms::BoxButtons::Ok, forms::BoxResult::Ok);
+        ExpectLoadError("Type mismatch");
         Start(StandardCode::ReadNotes);
-        stage->ExpectBox("Error Number: 13) - Type mismatch", "Error Loading Notes Array",
-                         forms::BoxIcon::None, forms::BoxButtons::Ok, forms::BoxResult::Ok);
+        ExpectNotesArrayError("Error Number: 13) - Type mismatch");
         Start(StandardCode::LoadNotesArray);
         EXPECT_EQ(FileOf("Note"), bytes) << date;
         EXPECT_TRUE(runtime->LoadedForms().empty());
@@ -171,8 +169,7 @@ TEST_F(BadTexts, NumbersOutOfRangeAreReportedOrPassedOver) {
         const std::string bytes = "\"Note\",\"text\",#2004-05-14#,#09:30:00#," +
                                   std::string(numbers) + ",\"0\",0,\"yes\"\r\n";
         files.PutFile(PathOf("Note"), bytes);
-        stage->ExpectBox("Overflow", "Error Loading File", forms::BoxIcon::None,
-                         forms::BoxButtons::Ok, forms::BoxResult::Ok);
+        ExpectLoadError("Overflow");
         Start(StandardCode::ReadNotes);
         EXPECT_EQ(FileOf("Note"), bytes);
     }

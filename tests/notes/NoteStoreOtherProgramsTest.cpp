@@ -65,8 +65,7 @@ TEST_F(NoteStoreOtherProgramsTest, AFileThatCannotBeReadAnyMoreMakesItsEditorUns
     ReadAll();
     files.PutFile(PathOf("Dentist"),
                   "\"Dentist\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
-    stage->ExpectBox("Error Number: 13) - Type mismatch", "Error Loading Notes Array",
-                     forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+    ExpectNotesArrayError("Error Number: 13) - Type mismatch");
     Start([] { StandardCode::LoadNotesArray(); });
     Advance(2000);
     EXPECT_EQ(InFolder().size(), 2U);

@@ -20,8 +20,7 @@ class NoteStoreTest : public testing_support::NoteStoreProgram {
         files.PutFile(folder + "\\abad.txt",
                       "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
         PutAs(file, Record("Zebra", "stripes"));
-        stage->ExpectBox("Error Number: 13) - Type mismatch", "Error Loading Notes Array",
-                         forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+        ExpectNotesArrayError("Error Number: 13) - Type mismatch");
         Start([] { StandardCode::LoadNotesArray(); });
     }
 
@@ -72,11 +71,10 @@ TEST_F(NoteStoreTest, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
 
     Start([] { StandardCode::OpenNote(2); });
     user->Type(EditorOf("x.txt").txtNote, "typed later");
-    stage->ExpectBox(" has been saved.           ", "", forms::BoxIcon::Information,
-                     forms::BoxButtons::Ok, BoxResult::Ok);
+    ExpectSaved("");
     user->Click(EditorOf("x.txt").tlbMain, "Save");
     EXPECT_EQ(In("x.txt").Text, "typed later");
-    ExpectEraseQuestion("", BoxResult::Yes);
+    ExpectKillNoteQuestion("", BoxResult::Yes);
     user->Click(EditorOf("x.txt").tlbMain, "Erase");
     EXPECT_EQ(InFolder(), Names{"a.txt"});
     EXPECT_EQ(files.RecycleBin(), Names{folder + "\\x.txt"});
@@ -89,8 +87,7 @@ TEST_F(NoteStoreTest, ANoteWithoutATitleRingsAndTurnsOffTheAlarmOfItsFile) {
     record.AlarmTime = DateTime::FromTime(9, 0, 5);
     PutAs("x.txt", record);
     ReadAll();
-    stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", forms::BoxIcon::None,
-                     forms::BoxButtons::Ok, BoxResult::Ok);
+    ExpectEditorAlarm();
     Advance(10'000);
     CloseAll();
     EXPECT_EQ(In("x.txt").AlarmState, "0");
@@ -107,8 +104,7 @@ TEST_F(NoteStoreTest, TheAlarmDisplayOfANoteWithoutATitleGoesByItsFile) {
         std::shared_ptr<frmDisplayNote> display;
         Start([&display] { display = StandardCode::DisplayNote(2); });
         EXPECT_EQ(display->lblNoteText.text(), "text");
-        stage->ExpectBox("Would you like to erase this note?", " Erase Note?",
-                         forms::BoxIcon::Question, forms::BoxButtons::YesNo, answer);
+        ExpectEraseNoteQuestion(answer);
         user->CloseBox(*display);
         EXPECT_EQ(In("a.txt").Text, "neighbour");
         if (answer == BoxResult::No) {
@@ -129,7 +125,7 @@ TEST_F(NoteStoreTest, EachOfTwoNotesOfOneTitleIsErasedAndOpenedByItself) {
     EXPECT_EQ(EditorOf("Dentist.txt").txtNote.text(), "new");
     Start([] { StandardCode::OpenNote(2); });
     EXPECT_EQ(StandardCode::Notes().OpenNotes().size(), 2U);
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     user->Click(EditorOf("Dentist_old.txt").tlbMain, "Erase");
     EXPECT_EQ(InFolder(), Names{"Dentist.txt"});
 }
@@ -143,8 +139,7 @@ TEST_F(NoteStoreTest, ABlankAtTheEndOfATitleMakesAnotherNote) {
     ASSERT_EQ(Shared().NotesArray[1].Title, "Dentist ");
     for (const BoxResult answer : {BoxResult::No, BoxResult::Yes}) {
         Start([] { StandardCode::DisplayNote(1); });
-        stage->ExpectBox("Would you like to erase this note?", " Erase Note?",
-                         forms::BoxIcon::Question, forms::BoxButtons::YesNo, answer);
+        ExpectEraseNoteQuestion(answer);
         for (const auto& form : std::vector(runtime->LoadedForms())) {
             if (auto* display = dynamic_cast<frmDisplayNote*>(form.get())) {
                 user->CloseBox(*display);
@@ -271,8 +266,7 @@ TEST_F(NoteStoreTest, OneBadFileIsReportedOnceUntilTheFolderChanges) {
     PutAs("b.txt", Record("b", "text"));
     files.SetDenied(folder + "\\b.txt", true);
     const auto expectReport = [this] {
-        stage->ExpectBox("Error Number: 70) - Permission denied", "Error Loading Notes Array",
-                         forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+        ExpectNotesArrayError("Error Number: 70) - Permission denied");
     };
     expectReport();
     Start([] {
@@ -296,8 +290,7 @@ TEST_F(NoteStoreTest, TheHundredAndFirstFileIsReportedOnceForEachAction) {
         PutAs("Note " + std::to_string(1000 + i) + ".txt", Record("Note", "text"));
     }
     for (int action = 1; action <= 2; ++action) {
-        stage->ExpectBox("Error Number: 9) - Subscript out of range", "Error Loading Notes Array",
-                         forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+        ExpectNotesArrayError("Error Number: 9) - Subscript out of range");
         Start([] {
             StandardCode::LoadNotesArray();
             StandardCode::LoadNotesArray();
@@ -348,8 +341,7 @@ TEST_F(NoteStoreTest, AnAlarmDisplayPutsANewerTextAside) {
     Start([&] { display = StandardCode::DisplayNote(1); });
     user->Type(display->lblNoteText, "two words");
     PutNote(Record("Dentist", "a whole page"));
-    stage->ExpectBox("Would you like to erase this note?", " Erase Note?", forms::BoxIcon::Question,
-                     forms::BoxButtons::YesNo, BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_EQ(Saved("Dentist").Text, "two words");
     ASSERT_EQ(files.RecycledBytes().size(), 1U);

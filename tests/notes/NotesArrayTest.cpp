@@ -2,24 +2,21 @@
 
 #include "base/RuntimeError.h"
 #include "notes/NoteStore.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 
 namespace {
 
 using base::DateTime;
 using base::ErrorNumber;
-using forms::BoxButtons;
-using forms::BoxIcon;
-using forms::BoxResult;
 using StandardCode::LoadNotesArray;
 using StandardCode::NotePath;
 using StandardCode::NoteRecord;
 using StandardCode::Shared;
 
-class NotesArrayTest : public testing_support::TestProgram {
+class NotesArrayTest : public testing_support::ProductProgram {
   protected:
     void SetUp() override {
-        TestProgram::SetUp();
+        ProductProgram::SetUp();
         files.PutFolder(StandardCode::NotesFolder());
         StandardCode::Events().NotesArrayLoaded.Subscribe([this] { ++timesLoaded; });
     }
@@ -42,11 +39,6 @@ class NotesArrayTest : public testing_support::TestProgram {
 
     void Load() {
         Start([] { LoadNotesArray(); });
-    }
-
-    void ExpectErrorBox(const std::string& text) {
-        stage->ExpectBox(text, "Error Loading Notes Array", BoxIcon::None, BoxButtons::Ok,
-                         BoxResult::Ok);
     }
 
     std::vector<std::string> Titles() {
@@ -147,7 +139,7 @@ TEST_F(NotesArrayTest, FieldThatCannotBeConvertedIsReportedAndLeavesTheCount) {
     files.PutFile(NotePath("b"),
                   "\"b\",\"say hi\",#2004-15-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n");
     PutNote("c");
-    ExpectErrorBox("Error Number: 13) - Type mismatch");
+    ExpectNotesArrayError("Error Number: 13) - Type mismatch");
     Load();
     EXPECT_EQ(Shared().NoteCount, 1);
     EXPECT_EQ(timesLoaded, 1);
@@ -160,7 +152,7 @@ TEST_F(NotesArrayTest, FieldThatCannotBeConvertedIsReportedAndLeavesTheCount) {
 TEST_F(NotesArrayTest, NumberTooLargeIsReported) {
     files.PutFile(NotePath("a"),
                   "\"a\",\"t\",#2004-05-14#,#09:30:00#,99999,12,\"1\",1,\"yes\"\r\n");
-    ExpectErrorBox("Error Number: 6) - Overflow");
+    ExpectNotesArrayError("Error Number: 6) - Overflow");
     Load();
     EXPECT_EQ(timesLoaded, 0);
 }
@@ -168,14 +160,14 @@ TEST_F(NotesArrayTest, NumberTooLargeIsReported) {
 TEST_F(NotesArrayTest, FileThatCannotBeReadIsReported) {
     PutNote("a");
     files.SetDenied(NotePath("a"), true);
-    ExpectErrorBox("Error Number: 70) - Permission denied");
+    ExpectNotesArrayError("Error Number: 70) - Permission denied");
     Load();
 }
 
 TEST_F(NotesArrayTest, ShortFileThatCannotBeRemovedIsReported) {
     files.PutFile(NotePath("a"), "\"a\"");
     files.SetReadOnly(NotePath("a"), true);
-    ExpectErrorBox("Error Number: 75) - Path/File access error");
+    ExpectNotesArrayError("Error Number: 75) - Path/File access error");
     Load();
     EXPECT_TRUE(Titles().empty());
 }
@@ -193,7 +185,7 @@ TEST_F(NotesArrayTest, TheHundredAndFirstFileIsAnError) {
     for (int i = 1; i <= 101; ++i) {
         PutNote("Note " + std::to_string(i));
     }
-    ExpectErrorBox("Error Number: 9) - Subscript out of range");
+    ExpectNotesArrayError("Error Number: 9) - Subscript out of range");
     Load();
     EXPECT_EQ(Shared().NoteCount, 100);
     EXPECT_EQ(timesLoaded, 1);
@@ -280,8 +272,7 @@ TEST_F(NotesArrayTest, FolderIsMadeWhereItIsMissing) {
 
 TEST_F(NotesArrayTest, WriteErrorsAreReported) {
     bool saved = true;
-    stage->ExpectBox("70 - Permission denied", "WriteNote Sub Error", BoxIcon::None, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectWriteError("70 - Permission denied");
     PutNote("a");
     files.SetDenied(NotePath("a"), true);
     Start([&] {
@@ -292,8 +283,7 @@ TEST_F(NotesArrayTest, WriteErrorsAreReported) {
 }
 
 TEST_F(NotesArrayTest, TitleThatIsNoFileNameIsReported) {
-    stage->ExpectBox("52 - Bad file name or number", "WriteNote Sub Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectWriteError("52 - Bad file name or number");
     Start([&] {
         StandardCode::ReportWriteErrors(
             [] { StandardCode::Notes().Write("what?.txt", Note("what?")); });

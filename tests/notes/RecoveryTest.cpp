@@ -103,7 +103,7 @@ TEST_F(RecoveryTest, EveryOrderlyEndRemovesTheCopy) {
     frmNote& erased = OpenThroughPanel(Record("Dropped", "old"));
     user->Type(erased.txtNote, "new");
     Advance(2000);
-    ExpectEraseQuestion("DROPPED", BoxResult::Yes);
+    ExpectKillNoteQuestion("DROPPED", BoxResult::Yes);
     user->Click(erased.tlbMain, "Erase");
     EXPECT_TRUE(FilesOfNotes().empty());
 
@@ -155,8 +155,7 @@ TEST_F(RecoveryTest, ColorAndAlarmOfTheNoteStay) {
     // An earlier file now ends the restoring.
     files.PutFile(PathOf("Aaa"), "damaged");
     RestartProgram();
-    stage->ExpectBox("Input past end of file", "Error Loading File", forms::BoxIcon::None,
-                     forms::BoxButtons::Ok, BoxResult::Ok);
+    ExpectLoadError("Input past end of file");
     Start(StandardCode::ReadNotes);
     frmNote& note = Editor("Dentist");
     EXPECT_EQ(note.txtNote.text(), "new");
@@ -328,8 +327,7 @@ TEST_F(RecoveryTest, AnAlarmAColorAndASizeThatWereNotSavedComeBackAndTheAlarmRin
     EXPECT_TRUE(again.mnu16.checked());
     EXPECT_EQ(again.chkAudioAlarm.value(), 1);
     EXPECT_EQ(Saved("Dentist").AlarmState, "0");
-    stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", forms::BoxIcon::None,
-                     forms::BoxButtons::Ok, BoxResult::Ok);
+    ExpectEditorAlarm();
     Advance(60'000);
 }
 
@@ -514,8 +512,7 @@ TEST_F(RecoveryTest, AMissingAlarmIconDoesNotCostTheAlarmOfACopy) {
     const std::string picture = files.Peek(icon).value_or("");
     files.Remove(icon);
     RestartProgram();
-    stage->ExpectBox("File not found", "Error Loading File", forms::BoxIcon::None,
-                     forms::BoxButtons::Ok, BoxResult::Ok);
+    ExpectLoadError("File not found");
     Start(StandardCode::ReadNotes);
     Advance(3000);
     EXPECT_EQ(StandardCode::NoteTitles(), Names{"Dentist"});

@@ -4,9 +4,6 @@
 namespace {
 
 using base::DateTime;
-using forms::BoxButtons;
-using forms::BoxIcon;
-using forms::BoxResult;
 using forms::Color;
 using forms::WindowState;
 using StandardCode::Shared;
@@ -14,11 +11,6 @@ using StandardCode::Shared;
 class RestoreNotesTest : public testing_support::NoteProgram {
   protected:
     void Restore() { Start(StandardCode::ReadNotes); }
-
-    void ExpectLoadError(const std::string& description) {
-        stage->ExpectBox(description, "Error Loading File", BoxIcon::None, BoxButtons::Ok,
-                         BoxResult::Ok);
-    }
 };
 
 TEST_F(RestoreNotesTest, AnEmptyOrMissingFolderOpensNothing) {

@@ -12,17 +12,17 @@
 #include "notes/frmNote.h"
 #include "notes/frmViewNotes.h"
 #include "tests/support/OpenNotes.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 
 namespace testing_support {
 
 // The control panel and the editors, without the main window.
-class ViewNotes : public TestProgram {
+class ViewNotes : public ProductProgram {
   protected:
     const std::string folder = applicationFolder + "\\Notes";
 
     void SetUp() override {
-        TestProgram::SetUp();
+        ProductProgram::SetUp();
         files.PutFolder(folder);
         StandardCode::ConnectControlPanel();
     }
@@ -80,15 +80,9 @@ class ViewNotes : public TestProgram {
         }
     }
 
-    void ExpectQuestion(const std::string& titleInCapitals, forms::BoxResult answer) {
-        stage->ExpectBox("Would you like to erase" + std::string(8, ' ') + "\r\n" +
-                             std::string(11, ' ') + titleInCapitals + "?" + std::string(7, ' '),
-                         "Deleting Note", forms::BoxIcon::Critical, forms::BoxButtons::YesNo,
-                         answer);
-    }
     void ExpectNothingSelected() {
-        stage->ExpectBox("Please Select A File To Remove.", "Error Occured Removing Note",
-                         forms::BoxIcon::Critical, forms::BoxButtons::Ok, forms::BoxResult::Ok);
+        ExpectMessage("Please Select A File To Remove.", "Error Occured Removing Note",
+                      forms::BoxIcon::Critical);
     }
 };
 

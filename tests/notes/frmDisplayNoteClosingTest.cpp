@@ -9,14 +9,12 @@
 #include "notes/RestoreNotes.h"
 #include "notes/frmDisplayNote.h"
 #include "tests/support/OpenNotes.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 
 // What becomes of the note when its alarm display is closed.
 
 namespace {
 
-using forms::BoxButtons;
-using forms::BoxIcon;
 using forms::BoxResult;
 using StandardCode::Shared;
 using PanelAction = StandardCode::SharedEvents::PanelAction;
@@ -30,10 +28,10 @@ const std::string silenced =
     "\"Dentist\",\"Call to move the appointment.\r\nAsk for a Friday.\","
     "#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n";
 
-class DisplayClosing : public testing_support::TestProgram {
+class DisplayClosing : public testing_support::ProductProgram {
   protected:
     void SetUp() override {
-        TestProgram::SetUp();
+        ProductProgram::SetUp();
         files.PutFolder(notes);
         Watch();
     }
@@ -55,11 +53,6 @@ class DisplayClosing : public testing_support::TestProgram {
         return display;
     }
 
-    void ExpectQuestion(BoxResult answer, forms::headless::Script during = nullptr) {
-        stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
-                         BoxButtons::YesNo, answer, std::move(during));
-    }
-
     void ExpectTypedTextAtTheNextStart() {
         files.SetReadOnly(dentist, false);
         Restart();
@@ -76,7 +69,7 @@ class DisplayClosing : public testing_support::TestProgram {
 
 TEST_F(DisplayClosing, NoKeepsTheNoteWithItsAlarmOff) {
     const auto display = Open();
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_FALSE(display->IsLoaded());
     EXPECT_EQ(files.Peek(dentist), silenced);
@@ -91,7 +84,7 @@ TEST_F(DisplayClosing, NoKeepsTheNoteWithItsAlarmOff) {
 
 TEST_F(DisplayClosing, YesErasesTheNote) {
     const auto display = Open();
-    ExpectQuestion(BoxResult::Yes);
+    ExpectEraseNoteQuestion(BoxResult::Yes);
     user->CloseBox(*display);
     EXPECT_FALSE(display->IsLoaded());
     EXPECT_TRUE(files.Names(notes).empty());
@@ -103,7 +96,7 @@ TEST_F(DisplayClosing, YesErasesTheNote) {
 TEST_F(DisplayClosing, YesErasesWithoutARecycleBinToo) {
     files.SetRecycleBin(false);
     const auto display = Open();
-    ExpectQuestion(BoxResult::Yes);
+    ExpectEraseNoteQuestion(BoxResult::Yes);
     user->CloseBox(*display);
     EXPECT_TRUE(files.Names(notes).empty());
 }
@@ -112,7 +105,7 @@ TEST_F(DisplayClosing, TheMenuAsksTheSameQuestion) {
     for (const std::string entry : {"mnuErase", "mnuClose"}) {
         const auto display = Open();
         stage->ExpectPopup("mnuPop", entry);
-        ExpectQuestion(BoxResult::No, [&] { EXPECT_TRUE(display->IsVisible()); });
+        ExpectEraseNoteQuestion(BoxResult::No, [&] { EXPECT_TRUE(display->IsVisible()); });
         user->RightClick(*display);
         EXPECT_FALSE(display->IsLoaded());
         EXPECT_EQ(files.Peek(dentist), silenced);
@@ -131,7 +124,7 @@ TEST_F(DisplayClosing, ANoteErasedElsewhereAsksNothing) {
 TEST_F(DisplayClosing, TheSecondDisplayOfANoteAsksNothingOnceItIsErased) {
     const auto first = Open();
     const auto second = Open();
-    ExpectQuestion(BoxResult::Yes);
+    ExpectEraseNoteQuestion(BoxResult::Yes);
     user->CloseBox(*first);
     user->CloseBox(*second);
     EXPECT_TRUE(files.Names(notes).empty());
@@ -139,14 +132,14 @@ TEST_F(DisplayClosing, TheSecondDisplayOfANoteAsksNothingOnceItIsErased) {
 
 TEST_F(DisplayClosing, ANoteErasedWhileTheQuestionIsOpenIsNoError) {
     const auto display = Open();
-    ExpectQuestion(BoxResult::Yes, [&] { files.Remove(dentist); });
+    ExpectEraseNoteQuestion(BoxResult::Yes, [&] { files.Remove(dentist); });
     user->CloseBox(*display);
     EXPECT_FALSE(display->IsLoaded());
 }
 
 TEST_F(DisplayClosing, NoBringsBackANoteErasedWhileTheQuestionWasOpen) {
     const auto display = Open();
-    ExpectQuestion(BoxResult::No, [&] { files.Remove(dentist); });
+    ExpectEraseNoteQuestion(BoxResult::No, [&] { files.Remove(dentist); });
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist), silenced);
 }
@@ -155,7 +148,7 @@ TEST_F(DisplayClosing, TheDateIsTheDayOfClosing) {
     SetNow(2004, 5, 14, 23, 59, 0);
     const auto display = Open();
     Advance(120000);
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_NE(files.Peek(dentist).value().find(",#2004-05-15#,\"#12:00#\","), std::string::npos);
 }
@@ -164,7 +157,7 @@ TEST_F(DisplayClosing, EveryColourComesBackAsItsIndex) {
     for (const std::string index : {"1", "2", "3", "4", "5", "6"}) {
         const auto display = Open("\"Dentist\",\"call\",#2004-05-14#,#09:30:00#," + index +
                                   ",12,\"1\",1,\"yes\"\r\n");
-        ExpectQuestion(BoxResult::No);
+        ExpectEraseNoteQuestion(BoxResult::No);
         user->CloseBox(*display);
         EXPECT_EQ(files.Peek(dentist), "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\"," + index +
                                            ",12,\"0\",0,\"yes\"\r\n");
@@ -174,7 +167,7 @@ TEST_F(DisplayClosing, EveryColourComesBackAsItsIndex) {
 TEST_F(DisplayClosing, AnyOtherColourIsWrittenAsSix) {
     const auto display =
         Open("\"Dentist\",\"call\",#2004-05-14#,#09:30:00#,0,12,\"1\",1,\"yes\"\r\n");
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist),
               "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\",6,12,\"0\",0,\"yes\"\r\n");
@@ -185,7 +178,7 @@ TEST_F(DisplayClosing, TheFontSizeIsTheOneShown) {
          {std::pair{"10", "10"}, {"14", "14"}, {"16", "16"}, {"11", "12"}}) {
         const auto display = Open("\"Dentist\",\"call\",#2004-05-14#,#09:30:00#,5," +
                                   std::string(stored) + ",\"1\",1,\"yes\"\r\n");
-        ExpectQuestion(BoxResult::No);
+        ExpectEraseNoteQuestion(BoxResult::No);
         user->CloseBox(*display);
         EXPECT_EQ(files.Peek(dentist), "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\",5," +
                                            std::string(written) + ",\"0\",0,\"yes\"\r\n");
@@ -195,7 +188,7 @@ TEST_F(DisplayClosing, TheFontSizeIsTheOneShown) {
 TEST_F(DisplayClosing, WhatTheUserTypedIsKept) {
     const auto display = Open();
     user->Type(display->lblNoteText, "moved");
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist),
               "\"Dentist\",\"moved\",#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n");
@@ -205,7 +198,7 @@ TEST_F(DisplayClosing, ATextOutsideTheCodePageIsKeptWhole) {
     const auto display = Open();
     const std::string text = "\xD0\x9F\xD1\x80\xD0\xB8\xD0\xB2\xD0\xB5\xD1\x82 \xF0\x9F\x95\x91";
     user->Type(display->lblNoteText, text);
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_EQ(Shared().NotesArray[1].Text, text);
 }
@@ -215,7 +208,7 @@ TEST_F(DisplayClosing, BlanksAroundTheTitleAreTrimmedInTheFile) {
     const auto display =
         Open("\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n", dentist);
     ASSERT_EQ(display->caption(), " Dentist");
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_EQ(files.Names(notes), std::vector<std::string>{"Dentist.txt"});
     EXPECT_EQ(files.Peek(dentist),
@@ -227,9 +220,8 @@ TEST_F(DisplayClosing, TheFileStaysIfItsReplacementFailed) {
         "\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
     const auto display = Open(content);
     files.SetFreeSpace(0);
-    ExpectQuestion(BoxResult::No);
-    stage->ExpectBox("61 - Disk full", "WriteNote Sub Error", BoxIcon::None, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectEraseNoteQuestion(BoxResult::No);
+    ExpectWriteError("61 - Disk full");
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist), content);
 }
@@ -238,7 +230,7 @@ TEST_F(DisplayClosing, AsksAboutTheFileThatTheNoteCameFrom) {
     const auto display =
         Open("\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n",
              notes + "\\ Dentist.txt");
-    ExpectQuestion(BoxResult::Yes);
+    ExpectEraseNoteQuestion(BoxResult::Yes);
     user->CloseBox(*display);
     EXPECT_FALSE(display->IsLoaded());
     EXPECT_TRUE(files.Names(notes).empty());
@@ -247,7 +239,7 @@ TEST_F(DisplayClosing, AsksAboutTheFileThatTheNoteCameFrom) {
 TEST_F(DisplayClosing, ResetsTheAnswer) {
     Shared().Answer = 2;
     const auto display = Open();
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_EQ(Shared().Answer, 0);
 }
@@ -273,9 +265,8 @@ TEST_F(DisplayClosing, TheEndOfTheSessionKeepsTheNoteAndAsksNothing) {
 TEST_F(DisplayClosing, AFailingRewriteIsReportedAndLosesNothing) {
     const auto display = Open();
     files.SetReadOnly(dentist, true);
-    ExpectQuestion(BoxResult::No);
-    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectEraseNoteQuestion(BoxResult::No);
+    ExpectWriteError("75 - Path/File access error");
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist), ringing);
     EXPECT_EQ(panelActions.size(), 1u);
@@ -285,14 +276,13 @@ TEST_F(DisplayClosing, TextThatCannotBeWrittenKeepsTheWindow) {
     const auto display = Open();
     user->Type(display->lblNoteText, "typed here");
     files.SetReadOnly(dentist, true);
-    ExpectQuestion(BoxResult::No);
-    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectEraseNoteQuestion(BoxResult::No);
+    ExpectWriteError("75 - Path/File access error");
     user->CloseBox(*display);
     EXPECT_TRUE(display->IsVisible());
     EXPECT_EQ(display->lblNoteText.text(), "typed here");
     files.SetReadOnly(dentist, false);
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_FALSE(display->IsLoaded());
     EXPECT_NE(files.Peek(dentist)->find("typed here"), std::string::npos);
@@ -314,9 +304,8 @@ TEST_F(DisplayClosing, TextOutlivesTheEndOfTheSessionBehindTheReport) {
     auto display = Open();
     user->Type(display->lblNoteText, "typed here");
     files.SetReadOnly(dentist, true);
-    ExpectQuestion(BoxResult::No);
-    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok, [] { forms::gestures::EndSession(); });
+    ExpectEraseNoteQuestion(BoxResult::No);
+    ExpectWriteError("75 - Path/File access error", [] { forms::gestures::EndSession(); });
     user->CloseBox(*display);
     EXPECT_TRUE(runtime->HasEnded());
     display.reset();
@@ -327,7 +316,7 @@ TEST_F(DisplayClosing, TextOutlivesTheEndOfTheSessionBehindTheQuestion) {
     auto display = Open();
     user->Type(display->lblNoteText, "typed here");
     files.SetReadOnly(dentist, true);
-    ExpectQuestion(BoxResult::No, [] { forms::gestures::EndSession(); });
+    ExpectEraseNoteQuestion(BoxResult::No, [] { forms::gestures::EndSession(); });
     user->CloseBox(*display);
     EXPECT_TRUE(runtime->HasEnded());
     display.reset();
@@ -347,13 +336,12 @@ TEST_F(DisplayClosing, TheCopyOfATextIsGoneOnceTheTextIsSavedOrErased) {
         const auto display = Open();
         user->Type(display->lblNoteText, "typed here");
         files.SetReadOnly(dentist, true);
-        ExpectQuestion(BoxResult::No);
-        stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
-                         BoxButtons::Ok, BoxResult::Ok);
+        ExpectEraseNoteQuestion(BoxResult::No);
+        ExpectWriteError("75 - Path/File access error");
         user->CloseBox(*display);
         EXPECT_EQ(files.List(notes, ".recovery").size(), 1U);
         files.SetReadOnly(dentist, false);
-        ExpectQuestion(answer);
+        ExpectEraseNoteQuestion(answer);
         user->CloseBox(*display);
         EXPECT_FALSE(display->IsLoaded());
         EXPECT_EQ(files.List(notes, ".recovery").size(), 0U);
@@ -363,9 +351,8 @@ TEST_F(DisplayClosing, TheCopyOfATextIsGoneOnceTheTextIsSavedOrErased) {
 TEST_F(DisplayClosing, AFailingEraseIsReported) {
     const auto display = Open();
     files.SetDenied(dentist, true);
-    ExpectQuestion(BoxResult::Yes);
-    stage->ExpectBox("70 - Permission denied", "WriteNote Sub Error", BoxIcon::None, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectEraseNoteQuestion(BoxResult::Yes);
+    ExpectWriteError("70 - Permission denied");
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist), ringing);
     EXPECT_FALSE(runtime->HasEnded());
@@ -374,9 +361,8 @@ TEST_F(DisplayClosing, AFailingEraseIsReported) {
 TEST_F(DisplayClosing, AFullDiskLeavesTheOldNote) {
     const auto display = Open();
     files.SetFreeSpace(10);
-    ExpectQuestion(BoxResult::No);
-    stage->ExpectBox("61 - Disk full", "WriteNote Sub Error", BoxIcon::None, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectEraseNoteQuestion(BoxResult::No);
+    ExpectWriteError("61 - Disk full");
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist), ringing);
 }
@@ -391,7 +377,7 @@ TEST_F(DisplayClosing, AKillAtAnyStepLeavesOneWholeNote) {
                                   MemoryFiles::Moment::After}) {
             auto display = Open();
             bool killed = false;
-            ExpectQuestion(BoxResult::No, [&] { files.KillAt(step, moment); });
+            ExpectEraseNoteQuestion(BoxResult::No, [&] { files.KillAt(step, moment); });
             try {
                 Start([&] { display->Unload(); });
             } catch (const forms::headless::Killed&) {

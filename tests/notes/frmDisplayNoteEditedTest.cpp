@@ -33,8 +33,7 @@ class EditedUnderItsDisplay : public testing_support::NoteProgram {
     static void Save(frmNote& note) { note.WriteNote(); }
 
     void CloseDisplay(BoxResult answer) {
-        stage->ExpectBox("Would you like to erase this note?", " Erase Note?",
-                         forms::BoxIcon::Question, forms::BoxButtons::YesNo, answer);
+        ExpectEraseNoteQuestion(answer);
         user->CloseBox(*display);
         EXPECT_FALSE(display->IsLoaded());
         display.reset();

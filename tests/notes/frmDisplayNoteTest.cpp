@@ -10,15 +10,13 @@
 #include "forms/Gestures.h"
 #include "notes/NoteStore.h"
 #include "notes/frmDisplayNote.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 
 // The display of a note whose alarm is due: how it opens, what it shows, its sound and its menu.
 
 namespace {
 
-using forms::BoxButtons;
 using forms::BoxIcon;
-using forms::BoxResult;
 using forms::Color;
 using forms::headless::RecordedSound;
 using StandardCode::Shared;
@@ -33,10 +31,10 @@ struct Given {
     std::int16_t AudioAlarm = 0;
 };
 
-class AlarmDisplay : public testing_support::TestProgram {
+class AlarmDisplay : public testing_support::ProductProgram {
   protected:
     void SetUp() override {
-        TestProgram::SetUp();
+        ProductProgram::SetUp();
         Shared().AlarmSoundPath = buzzer;
     }
 
@@ -140,8 +138,7 @@ TEST_F(AlarmDisplay, IsTopMostOnlyWhenTheUserWantsIt) {
 TEST_F(AlarmDisplay, ASettingThatIsNoNumberIsNotTrapped) {
     Fill({.Title = "Dentist"});
     Option("WindowOnTop", "yes");
-    stage->ExpectBox("Run-time error '13':\r\n\r\nType mismatch", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(13, "Type mismatch");
     Start([] { StandardCode::DisplayNote(1); });
 }
 
@@ -220,17 +217,16 @@ TEST_F(AlarmDisplay, LoopsTheSoundUntilItsBoxIsAnswered) {
     SwitchSoundOn(*display);
     // The main window's clock clears it on its next tick.
     Shared().AlarmSounding = false;
-    stage->ExpectBox("      Turn Off Alarm?       ", "Jotwright Audio Alarm", BoxIcon::Information,
-                     BoxButtons::Ok, BoxResult::Ok, [&] {
-                         ASSERT_EQ(sound.log.size(), 1u);
-                         EXPECT_EQ(sound.log[0].kind, RecordedSound::Kind::Loop);
-                         EXPECT_EQ(sound.log[0].path, buzzer);
-                         EXPECT_TRUE(Shared().AlarmSounding);
-                         Advance(60000);
-                         EXPECT_TRUE(Shared().AlarmSounding);
-                         EXPECT_TRUE(Bell::IsRinging());
-                         EXPECT_EQ(sound.log.size(), 1u);
-                     });
+    ExpectDisplayAlarm([&] {
+        ASSERT_EQ(sound.log.size(), 1u);
+        EXPECT_EQ(sound.log[0].kind, RecordedSound::Kind::Loop);
+        EXPECT_EQ(sound.log[0].path, buzzer);
+        EXPECT_TRUE(Shared().AlarmSounding);
+        Advance(60000);
+        EXPECT_TRUE(Shared().AlarmSounding);
+        EXPECT_TRUE(Bell::IsRinging());
+        EXPECT_EQ(sound.log.size(), 1u);
+    });
     Advance(1000);
     ASSERT_EQ(sound.log.size(), 2u);
     EXPECT_EQ(sound.log[1].kind, RecordedSound::Kind::Stop);
@@ -248,14 +244,13 @@ TEST_F(AlarmDisplay, IsSilentIfAnotherAlarmHasBegunToRing) {
         const auto display = Display();
         SwitchSoundOn(*display);
         sound.log.clear();
-        stage->ExpectBox("now", "Jotwright Daily Alarm", BoxIcon::None, BoxButtons::Ok,
-                         BoxResult::Ok, [&] {
-                             Advance(5000);
-                             EXPECT_FALSE(display->tmrSoundAlarm.enabled());
-                             EXPECT_EQ(sound.log.size(), 1u);
-                             EXPECT_EQ(sound.PlayingPath(), "C:\\other.wav");
-                             EXPECT_TRUE(Shared().AlarmSounding);
-                         });
+        ExpectMessage("now", "Jotwright Daily Alarm", BoxIcon::None, [&] {
+            Advance(5000);
+            EXPECT_FALSE(display->tmrSoundAlarm.enabled());
+            EXPECT_EQ(sound.log.size(), 1u);
+            EXPECT_EQ(sound.PlayingPath(), "C:\\other.wav");
+            EXPECT_TRUE(Shared().AlarmSounding);
+        });
         Start([] { Bell::RingBehindBox("C:\\other.wav", "now", {}, "Jotwright Daily Alarm"); });
         Advance(5000);
         EXPECT_EQ(sound.log.size(), 2u);
@@ -323,10 +318,7 @@ TEST_F(AlarmDisplay, ReportsAPrinterThatFails) {
     const auto display = Display();
     printer.FailAt(1);
     stage->ExpectPopup("mnuPop", "mnuPrint");
-    stage->ExpectBox(
-        "         Jotwright encountered a printing error. \r\n"
-        "Please make sure printer is turned on and try again.",
-        "Print Error", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok);
+    ExpectPrintError();
     user->RightClick(*display);
     EXPECT_TRUE(display->IsVisible());
 }

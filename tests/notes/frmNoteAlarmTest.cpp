@@ -7,9 +7,7 @@
 namespace {
 
 using base::DateTime;
-using forms::BoxButtons;
 using forms::BoxIcon;
-using forms::BoxResult;
 using forms::WindowState;
 using forms::headless::RecordedSound;
 using StandardCode::Shared;
@@ -39,13 +37,8 @@ class frmNoteAlarmTest : public testing_support::NoteProgram {
         return note;
     }
 
-    void ExpectAudioBox(forms::headless::Script during = nullptr) {
-        stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", BoxIcon::None,
-                         BoxButtons::Ok, BoxResult::Ok, std::move(during));
-    }
-
     void ExpectInformation(const std::string& text) {
-        stage->ExpectBox(text, "Information", BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+        ExpectMessage(text, "Information", BoxIcon::Information);
     }
 
   private:
@@ -239,7 +232,7 @@ TEST_F(frmNoteAlarmTest, WithAudioTheSoundLoopsUntilItsBoxIsAnswered) {
     frmNote& note = SetFor("Dentist", today, DateTime::FromTime(12, 0, 0));
     user->Click(note.chkAudioAlarm);
     EXPECT_TRUE(note.imgBell.visible());
-    ExpectAudioBox([&] {
+    ExpectEditorAlarm([&] {
         EXPECT_TRUE(sound.IsPlaying());
         EXPECT_EQ(note.cmdAlarm.caption(), "&Set Alarm");
         EXPECT_EQ(note.chkAudioAlarm.value(), 1);
@@ -262,7 +255,7 @@ TEST_F(frmNoteAlarmTest, OfTwoInOneSecondTheOtherRingsThoughTheBoxOfTheFirstCome
     frmNote& first = SetFor("Dentist", today, DateTime::FromTime(12, 0, 0));
     user->Click(first.chkAudioAlarm);
     frmNote& other = SetFor("Rent", today, DateTime::FromTime(12, 0, 0));
-    ExpectAudioBox([&] {
+    ExpectEditorAlarm([&] {
         clock.Pass(1200);
         Advance(1);
         ExpectNotSet(other);
@@ -321,7 +314,7 @@ TEST_F(frmNoteAlarmTest, UncheckingTheAudioBoxAfterFiringIsNoChangeEither) {
     record.AlarmState = "1";
     record.AudioAlarm = 1;
     frmNote& note = OpenThroughPanel(record);
-    ExpectAudioBox();
+    ExpectEditorAlarm();
     Advance(3000);
     EXPECT_EQ(note.chkAudioAlarm.value(), 0);
     user->CloseBox(note);
@@ -346,8 +339,8 @@ TEST_F(frmNoteAlarmTest, TwoNotesFireInOneSecond) {
         first.chkAudioAlarm.value = 1;
         second.chkAudioAlarm.value = 1;
     });
-    ExpectAudioBox([&] {
-        ExpectAudioBox([&] { ExpectNotSet(first); });
+    ExpectEditorAlarm([&] {
+        ExpectEditorAlarm([&] { ExpectNotSet(first); });
         Advance(1000);
     });
     Advance(3000);
@@ -391,8 +384,7 @@ TEST_F(frmNoteAlarmTest, TheBellShowsWhileTheAudioAlarmIsOn) {
 TEST_F(frmNoteAlarmTest, AMissingAlarmIconIsReported) {
     frmNote& note = MakeNote("Dentist", "text");
     files.Remove("C:\\Jotwright\\alarmon.ico");
-    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(53, "File not found");
     user->Click(note.cmdAlarm);
     EXPECT_TRUE(runtime->HasEnded());
 }

@@ -116,8 +116,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelTheKeyboardOnTheAudioBoxIsNoChange) {
 TEST_F(frmNoteClosingTest, SavingSettlesTheChanges) {
     frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
     forms::gestures::Choose(note.mnuRed);
-    stage->ExpectBox("DENTIST has been saved.           ", "", forms::BoxIcon::Information,
-                     forms::BoxButtons::Ok, BoxResult::Ok);
+    ExpectSaved("DENTIST");
     user->Click(note.tlbMain, "Save");
     user->CloseBox(note);
     EXPECT_EQ(Saved("Dentist").ColorIndex, 2);
@@ -172,7 +171,7 @@ TEST_F(frmNoteClosingTest, ToolbarEraseDeletesForGood) {
     frmNote& note = MakeNote("Dentist", "text");
     Start([&note] { note.WriteNote(); });
     panel.clear();
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     user->Click(note.tlbMain, "Erase");
     EXPECT_FALSE(IsNoteOpen("Dentist"));
     EXPECT_FALSE(FileOf("Dentist").has_value());
@@ -183,7 +182,7 @@ TEST_F(frmNoteClosingTest, ToolbarEraseDeletesForGood) {
 TEST_F(frmNoteClosingTest, ToolbarEraseAnsweredNoKeepsTheNoteAndNeverSavesIt) {
     frmNote& note = MakeNote("Dentist", "first");
     Start([&note] { note.WriteNote(); });
-    ExpectEraseQuestion("DENTIST", BoxResult::No);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::No);
     user->Click(note.tlbMain, "Erase");
     ASSERT_TRUE(IsNoteOpen("Dentist"));
     user->Type(note.txtNote, "second");
@@ -196,13 +195,13 @@ TEST_F(frmNoteClosingTest, ToolbarEraseAnsweredNoKeepsTheNoteAndNeverSavesIt) {
 
 TEST_F(frmNoteClosingTest, ThroughThePanelToolbarEraseAsksNothingMore) {
     frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     user->Click(note.tlbMain, "Erase");
     EXPECT_FALSE(FileOf("Dentist").has_value());
     EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::Show}));
     frmNote& changed = OpenThroughPanel(Record("Plumber", "old"));
     user->Type(changed.txtNote, "old and new");
-    ExpectEraseQuestion("PLUMBER", BoxResult::Yes);
+    ExpectKillNoteQuestion("PLUMBER", BoxResult::Yes);
     user->Click(changed.tlbMain, "Erase");
     EXPECT_FALSE(FileOf("Plumber").has_value());
     EXPECT_EQ(panel, Actions{PanelAction::Reload});
@@ -211,7 +210,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelToolbarEraseAsksNothingMore) {
 TEST_F(frmNoteClosingTest, MenuEraseWritesTheNoteBackAtOnce) {
     frmNote& note = MakeNote("Dentist", "text");
     Start([&note] { note.WriteNote(); });
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     user->Choose(note.mnuKillNote);
     EXPECT_FALSE(IsNoteOpen("Dentist"));
     EXPECT_EQ(files.RecycleBin().size(), 1U);
@@ -221,7 +220,7 @@ TEST_F(frmNoteClosingTest, MenuEraseWritesTheNoteBackAtOnce) {
 TEST_F(frmNoteClosingTest, MenuEraseThatCannotWriteTheNoteBackLosesNothing) {
     frmNote& note = MakeNote("Dentist", "text");
     Start([&note] { note.WriteNote(); });
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     ExpectWriteError("61 - Disk full");
     files.FailAt(2, base::ErrorNumber::DiskFull);  // the first step after the erasing
     user->Choose(note.mnuKillNote);
@@ -236,7 +235,7 @@ TEST_F(frmNoteClosingTest, MenuEraseThatCannotWriteTheNoteBackLosesNothing) {
 TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatCouldNotCloseTheWindowIsSaved) {
     frmNote& note = MakeNote("Dentist", "text");
     Start([&note] { note.WriteNote(); });
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     ExpectWriteError("61 - Disk full");
     files.FailAt(2, base::ErrorNumber::DiskFull);
     user->Choose(note.mnuKillNote);
@@ -256,7 +255,7 @@ TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatFailedOnTheWayIsSaved) {
             throw base::RuntimeError(base::ErrorNumber::OutOfMemory);
         }
     });
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     user->Choose(note.mnuKillNote);
     fails = false;
     ASSERT_TRUE(IsNoteOpen("Dentist"));
@@ -268,7 +267,7 @@ TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatFailedOnTheWayIsSaved) {
 TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseIsForGoodUnlessSaved) {
     frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
     stage->ExpectPopup("mnuPop", "mnuKill");
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     user->RightClick(note);
     EXPECT_FALSE(FileOf("Dentist").has_value());
 }
@@ -276,7 +275,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseIsForGoodUnlessSaved) {
 TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseOfAChangedNoteCanSaveItBack) {
     frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
     user->Type(note.txtNote, "old and new");
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     ExpectSaveQuestion(BoxResult::Yes);
     user->Choose(note.mnuKillNote);
     EXPECT_EQ(Saved("Dentist").Text, "old and new");
@@ -284,14 +283,14 @@ TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseOfAChangedNoteCanSaveItBack) 
 
 TEST_F(frmNoteClosingTest, ErasingIgnoresAFileThatIsMissingOrHeld) {
     frmNote& unsaved = MakeNote("Unsaved", "text");
-    ExpectEraseQuestion("UNSAVED", BoxResult::Yes);
+    ExpectKillNoteQuestion("UNSAVED", BoxResult::Yes);
     user->Click(unsaved.tlbMain, "Erase");
     EXPECT_FALSE(IsNoteOpen("Unsaved"));
     EXPECT_FALSE(FileOf("Unsaved").has_value());
     frmNote& held = MakeNote("Held", "text");
     Start([&held] { held.WriteNote(); });
     files.SetDenied(PathOf("Held"), true);
-    ExpectEraseQuestion("HELD", BoxResult::Yes);
+    ExpectKillNoteQuestion("HELD", BoxResult::Yes);
     user->Click(held.tlbMain, "Erase");
     EXPECT_FALSE(IsNoteOpen("Held"));
     EXPECT_TRUE(FileOf("Held").has_value());
@@ -330,7 +329,7 @@ TEST_F(frmNoteClosingTest, BeforeTheEndEverythingIsSavedButWhatWasErased) {
     user->Type(kept.txtNote, "new");
     frmNote& erased = OpenThroughPanel(Record("Erased", "old"));
     user->Type(erased.txtNote, "new");
-    ExpectEraseQuestion("ERASED", BoxResult::No);
+    ExpectKillNoteQuestion("ERASED", BoxResult::No);
     user->Click(erased.tlbMain, "Erase");
     Start([&] {
         kept.SaveBeforeTheEnd();
@@ -345,7 +344,7 @@ TEST_F(frmNoteClosingTest, ATitleThatIsNoFileNameCannotBeSavedButErased) {
     ExpectWriteError("52 - Bad file name or number");
     user->CloseBox(note);
     ASSERT_TRUE(IsNoteOpen("What?"));
-    ExpectEraseQuestion("WHAT?", BoxResult::Yes);
+    ExpectKillNoteQuestion("WHAT?", BoxResult::Yes);
     user->Click(note.tlbMain, "Erase");
     EXPECT_FALSE(IsNoteOpen("What?"));
 }

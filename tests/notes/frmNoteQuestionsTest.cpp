@@ -36,9 +36,7 @@ TEST_F(frmNoteQuestionsTest, EditOfAnOpenNoteWithUnsavedTextAsksWhenItCloses) {
 TEST_F(frmNoteQuestionsTest, TheProgramMayEndWhileTheSaveQuestionWaits) {
     frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
     user->Type(note.txtNote, "old and new");
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?",
-                     forms::BoxIcon::Question, forms::BoxButtons::YesNo, BoxResult::Yes,
-                     BoxResult::Yes, [this] { Start([this] { runtime->End(); }); });
+    ExpectSaveQuestion(BoxResult::Yes, [this] { Start([this] { runtime->End(); }); });
     user->CloseBox(note);
     EXPECT_TRUE(runtime->HasEnded());
     EXPECT_EQ(Saved("Dentist").Text, "old");
@@ -60,13 +58,11 @@ TEST_F(frmNoteQuestionsTest, AnEditThatNobodyNoticedIsInTheRecycleBin) {
 TEST_F(frmNoteQuestionsTest, TheTextOfANoteWhoseErasingWasNotConfirmedOutlivesTheSession) {
     for (const bool isAnswered : {true, false}) {
         frmNote& note = MakeNote("Dentist", "typed");
-        stage->ExpectBox("Are you sure you would like to erase DENTIST?              ", "Kill Note",
-                         forms::BoxIcon::Information, forms::BoxButtons::YesNo, BoxResult::No,
-                         BoxResult::No, [isAnswered] {
-                             if (!isAnswered) {
-                                 forms::gestures::EndSession();
-                             }
-                         });
+        ExpectKillNoteQuestion("DENTIST", BoxResult::No, [isAnswered] {
+            if (!isAnswered) {
+                forms::gestures::EndSession();
+            }
+        });
         user->Click(note.tlbMain, "Erase");
         if (isAnswered) {
             user->Type(note.txtNote, "typed more");
@@ -118,7 +114,7 @@ TEST_F(frmNoteQuestionsTest, WithoutARecycleBinTheTextOfANoteThatWasNotErasedSta
     ReadAll();
     frmNote& note = Editor("Dentist");
     TypeInto(note, "typed");
-    ExpectEraseQuestion("DENTIST", BoxResult::No);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::No);
     user->Click(note.tlbMain, "Erase");
     user->Type(note.txtNote, "typed more");
     user->CloseBox(note);

@@ -7,9 +7,6 @@
 namespace {
 
 using base::DateTime;
-using forms::BoxButtons;
-using forms::BoxIcon;
-using forms::BoxResult;
 using forms::Color;
 using StandardCode::Shared;
 
@@ -193,8 +190,7 @@ TEST_F(frmNoteTest, TheOptionsMenuOpensByDoubleClickAndRightButton) {
 
 TEST_F(frmNoteTest, ToolbarSaveWritesTheFileAndSaysSo) {
     frmNote& note = MakeNote("Dentist", "Call.\r\nAsk.");
-    stage->ExpectBox("DENTIST has been saved.           ", "", BoxIcon::Information, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectSaved("DENTIST");
     user->Click(note.tlbMain, "Save");
     EXPECT_EQ(FileOf("Dentist"),
               "\"Dentist\",\"Call.\r\nAsk.\",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");

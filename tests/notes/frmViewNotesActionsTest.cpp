@@ -12,8 +12,6 @@
 
 namespace {
 
-using forms::BoxButtons;
-using forms::BoxIcon;
 using forms::BoxResult;
 using StandardCode::Shared;
 using testing_support::ViewNotes;
@@ -67,8 +65,7 @@ TEST_F(ViewNotes, EditOfANoteThatIsOpenBringsItsEditorUp) {
     EXPECT_EQ(StandardCode::NoteTitles(), std::vector<std::string>{"Milk"});
     // Nothing was typed since the window came up; the text is not the saved one all the same.
     ASSERT_TRUE(Shared().ControlPanelMode);
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::Yes);
+    ExpectSaveQuestion(BoxResult::Yes);
     user->CloseBox(*note);
     EXPECT_TRUE(StandardCode::NoteTitles().empty());
     EXPECT_EQ(Shared().NotesArray[1].Text, "typed and not saved");
@@ -88,7 +85,7 @@ TEST_F(ViewNotes, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
     CloseNote(*StandardCode::CurrentNote());
     Open();
     user->Select(Panel().lvwNotes, 1);
-    ExpectQuestion("", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_EQ(files.Names(folder), std::vector<std::string>{"Milk.txt"});
     EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
@@ -101,8 +98,7 @@ TEST_F(ViewNotes, WhatWasSavedThroughThePanelIsNotUndoneByAnotherEditor) {
     user->Select(Panel().lvwNotes, 0);
     user->Click(Panel().cmdEdit);
     user->Type(StandardCode::CurrentNote()->txtNote, "what was typed last");
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::Yes);
+    ExpectSaveQuestion(BoxResult::Yes);
     user->CloseBox(*StandardCode::CurrentNote());
     CloseNotes();
     Start([] { StandardCode::LoadNotesArray(); });
@@ -134,7 +130,7 @@ TEST_F(ViewNotes, ThePopupMenuActsOnTheSelectedNote) {
     Open();
     user->Select(Panel().lvwNotes, 0);
     stage->ExpectPopup("mnuPop", "mnuEraseNote");
-    ExpectQuestion("MILK", BoxResult::No);
+    ExpectDeletingNoteQuestion("MILK", BoxResult::No);
     user->RightClick(Panel().lvwNotes);
     ASSERT_EQ(stage->Popups().size(), 1U);
     EXPECT_EQ(
@@ -303,7 +299,7 @@ TEST_F(ViewNotes, ARebuildDoesNotAllowWhatAnsweringNoHasShutOff) {
     Put("Shopping");
     Open();
     user->Select(Panel().lvwNotes, 0);
-    ExpectQuestion("SHOPPING", BoxResult::No);
+    ExpectDeletingNoteQuestion("SHOPPING", BoxResult::No);
     user->Click(Panel().cmdRemove);
     Put("Milk");
     Start([] { StandardCode::LoadNotesArray(); });
@@ -316,8 +312,7 @@ TEST_F(ViewNotes, APanelThatWaitedHiddenShowsWhatWasSavedMeanwhile) {
     Raise(PanelAction::Reload);
     Start([] { StandardCode::CreateNote("Milk"); });
     frmNote& note = *testing_support::FindOpenNote("Milk");
-    stage->ExpectBox("MILK has been saved.           ", "", BoxIcon::Information, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectSaved("MILK");
     user->Click(note.tlbMain, "Save");
     Open();
     EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
@@ -339,8 +334,7 @@ TEST_F(ViewNotes, TheHundredthNoteShowsInAPanelThatIsOpen) {
     frmNote& note = *testing_support::FindOpenNote("The last");
     Open();
     EXPECT_TRUE(Panel().cmdNew.enabled());
-    stage->ExpectBox("THE LAST has been saved.           ", "", BoxIcon::Information,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectSaved("THE LAST");
     user->Click(note.tlbMain, "Save");
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 100 ( Maximum Reached )");
     EXPECT_EQ(Panel().lblTotalNotes.foreColor(), (forms::Color{255, 0, 0}));
@@ -355,12 +349,11 @@ TEST_F(ViewNotes, AnEditorOfAnErasedNoteStaysAndSavesItAnew) {
     auto* note = testing_support::FindOpenNote("Milk");
     Open();
     user->Select(Panel().lvwNotes, 0);
-    ExpectQuestion("MILK", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("MILK", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_TRUE(Titles().empty());
     ASSERT_TRUE(note->IsLoaded());
-    stage->ExpectBox("MILK has been saved.           ", "", BoxIcon::Information, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectSaved("MILK");
     user->Restore(*note);
     user->Click(note->tlbMain, "Save");
     EXPECT_TRUE(files.FileExists(folder + "\\Milk.txt"));
@@ -375,8 +368,7 @@ TEST_F(ViewNotes, AnEditorClosedThroughThePanelComesBackToIt) {
     user->Click(Panel().cmdEdit);
     const auto note = StandardCode::CurrentNote();
     user->Type(note->txtNote, "more than before, and longer");
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::Yes);
+    ExpectSaveQuestion(BoxResult::Yes);
     user->CloseBox(*note);
     ASSERT_TRUE(IsOpen());
     EXPECT_TRUE(Panel().IsVisible());

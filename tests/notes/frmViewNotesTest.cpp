@@ -82,7 +82,7 @@ TEST_F(ViewNotes, TwoFilesOfOneTitleHaveTwoRows) {
     EXPECT_EQ(rows[1].key, "");
     EXPECT_EQ(rows[1].texts[1], "Same");
     user->Select(Panel().lvwNotes, 1);
-    ExpectQuestion("SAME", BoxResult::No);
+    ExpectDeletingNoteQuestion("SAME", BoxResult::No);
     user->Click(Panel().cmdRemove);
 }
 
@@ -146,7 +146,7 @@ TEST_F(ViewNotes, ErasingBelowTheMaximumAllowsNewNotesAgain) {
     PutMany(100);
     Open();
     user->Select(Panel().lvwNotes, 41);
-    ExpectQuestion("NOTE 1042", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("NOTE 1042", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_TRUE(Panel().cmdNew.enabled());
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 99");
@@ -155,12 +155,11 @@ TEST_F(ViewNotes, ErasingBelowTheMaximumAllowsNewNotesAgain) {
 
 TEST_F(ViewNotes, ErasingOneOfAHundredAndOneStillAllowsNone) {
     PutMany(101);
-    stage->ExpectBox("Error Number: 9) - Subscript out of range", "Error Loading Notes Array",
-                     forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+    ExpectNotesArrayError("Error Number: 9) - Subscript out of range");
     Open();
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 100 ( Maximum Reached )");
     user->Select(Panel().lvwNotes, 0);
-    ExpectQuestion("NOTE 1001", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("NOTE 1001", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_FALSE(Panel().cmdNew.enabled());
     EXPECT_EQ(Panel().lblTotalNotes.foreColor(), red);
@@ -172,7 +171,7 @@ TEST_F(ViewNotes, ANoteWhoseFileHasAnotherNameIsErased) {
     Put("elsewhere else");
     Open();
     user->Select(Panel().lvwNotes, 1);
-    ExpectQuestion("ELSEWHERE", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("ELSEWHERE", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_EQ(files.Names(folder), std::vector<std::string>{"elsewhere else.txt"});
 }
@@ -191,7 +190,7 @@ TEST_F(ViewNotes, ErasingAsksInCapitalsAndRecyclesTheFile) {
     Put("Shopping");
     Open();
     user->Select(Panel().lvwNotes, 1);
-    ExpectQuestion("SHOPPING", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("SHOPPING", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
     EXPECT_EQ(files.Names(folder), std::vector<std::string>{"Milk.txt"});
@@ -206,7 +205,7 @@ TEST_F(ViewNotes, ErasingTheLastNoteShutsTheListOff) {
     Put("Only");
     Open();
     user->Select(Panel().lvwNotes, 0);
-    ExpectQuestion("ONLY", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("ONLY", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 0");
     EXPECT_FALSE(Panel().lvwNotes.enabled());
@@ -216,7 +215,7 @@ TEST_F(ViewNotes, ErasingAsksWithTheTitleAndErasesTheFileOfTheRow) {
     Put("Padded", Note("  Padded "));
     Open();
     user->Select(Panel().lvwNotes, 0);
-    ExpectQuestion("  PADDED ", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("  PADDED ", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_TRUE(files.Names(folder).empty());
 }
@@ -230,7 +229,7 @@ TEST_F(ViewNotes, OfTwoTitlesThatDifferInABlankOnlyTheChosenOneIsErased) {
         const auto titles = Titles();
         ASSERT_EQ(titles.size(), 2U);
         user->Select(Panel().lvwNotes, titles[0] == erased ? 0 : 1);
-        ExpectQuestion(erased == "Dentist" ? "DENTIST" : "DENTIST ", BoxResult::Yes);
+        ExpectDeletingNoteQuestion(erased == "Dentist" ? "DENTIST" : "DENTIST ", BoxResult::Yes);
         user->Click(Panel().cmdRemove);
         EXPECT_EQ(files.Names(folder), std::vector<std::string>{kept + ".txt"});
         EXPECT_EQ(files.RecycleBin().back(), folder + "\\" + erased + ".txt");
@@ -243,7 +242,7 @@ TEST_F(ViewNotes, AnsweringNoKeepsFileAndRowAndWaitsForAnotherClick) {
     Put("Milk");
     Open();
     user->Select(Panel().lvwNotes, 0);
-    ExpectQuestion("MILK", BoxResult::No);
+    ExpectDeletingNoteQuestion("MILK", BoxResult::No);
     user->Click(Panel().cmdRemove);
     EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
     EXPECT_TRUE(files.FileExists(folder + "\\Milk.txt"));
@@ -268,7 +267,7 @@ TEST_F(ViewNotes, AFileThatCannotBeDeletedIsReported) {
     Open();
     files.SetDenied(folder + "\\Milk.txt", true);
     user->Select(Panel().lvwNotes, 0);
-    ExpectQuestion("MILK", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("MILK", BoxResult::Yes);
     ExpectNothingSelected();
     user->Click(Panel().cmdRemove);
     EXPECT_TRUE(files.Peek(folder + "\\Milk.txt").has_value());

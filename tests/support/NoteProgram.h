@@ -12,18 +12,18 @@
 #include "notes/RestoreNotes.h"
 #include "notes/frmNote.h"
 #include "tests/support/OpenNotes.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 
 namespace testing_support {
 
 // Note windows without the main window and the control panel. Their signals to those two are
 // recorded.
-class NoteProgram : public TestProgram {
+class NoteProgram : public ProductProgram {
   protected:
     using PanelAction = StandardCode::SharedEvents::PanelAction;
 
     void SetUp() override {
-        TestProgram::SetUp();
+        ProductProgram::SetUp();
         Listen();
     }
 
@@ -100,22 +100,6 @@ class NoteProgram : public TestProgram {
             ADD_FAILURE() << title << " is not saved";
         }
         return record;
-    }
-
-    void ExpectWriteError(const std::string& text) {
-        stage->ExpectBox(text, "WriteNote Sub Error", forms::BoxIcon::None, forms::BoxButtons::Ok,
-                         forms::BoxResult::Ok);
-    }
-
-    void ExpectSaveQuestion(forms::BoxResult answer) {
-        stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?",
-                         forms::BoxIcon::Question, forms::BoxButtons::YesNo, answer);
-    }
-
-    void ExpectEraseQuestion(const std::string& capitals, forms::BoxResult answer) {
-        stage->ExpectBox("Are you sure you would like to erase " + capitals + "?              ",
-                         "Kill Note", forms::BoxIcon::Information, forms::BoxButtons::YesNo, answer,
-                         forms::BoxResult::No);
     }
 
     std::vector<PanelAction> panel;

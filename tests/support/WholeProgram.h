@@ -9,12 +9,12 @@
 #include "info/frmTip.h"
 #include "notes/frmDisplayNote.h"
 #include "notes/frmNote.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 
 namespace testing_support {
 
 // The whole program as its user sees it, from the start-up routine on.
-class WholeProgram : public TestProgram {
+class WholeProgram : public ProductProgram {
   protected:
     // Starts without the tips and waits until the splash screen has gone.
     void StartQuietly() {
@@ -32,10 +32,16 @@ class WholeProgram : public TestProgram {
 
     frmMain& Main() { return forms::Default<frmMain>(); }
 
+    // Opens the menu of the icon in the notification area and chooses the entry.
+    void ChooseFromTrayMenu(const std::string& entry) {
+        stage->ExpectPopup("mnuPop", entry);
+        RightClickTrayIcon();
+    }
+
     // Types a title and presses Make Note. Returns the editor that opened.
     frmNote& MakeNote(const std::string& title) {
         if (!Main().IsVisible()) {
-            user->Tray(514);
+            ClickTrayIcon();
         }
         user->Type(Main().txtNoteTitle, title);
         user->Click(Main().cmdMakeNote);

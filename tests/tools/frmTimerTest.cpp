@@ -2,20 +2,18 @@
 
 #include <string>
 
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 #include "tools/frmTimer.h"
 
 namespace {
 
-using forms::BoxButtons;
 using forms::BoxIcon;
-using forms::BoxResult;
 using Sounds = forms::headless::RecordedSound;
 
-class NoveltyTimer : public testing_support::TestProgram {
+class NoveltyTimer : public testing_support::ProductProgram {
   protected:
     void SetUp() override {
-        TestProgram::SetUp();
+        ProductProgram::SetUp();
         Start([] { forms::Default<frmTimer>().Show(); });
     }
 
@@ -25,11 +23,6 @@ class NoveltyTimer : public testing_support::TestProgram {
     void StartWith(const std::string& entry) {
         user->Type(Window().txtMinutes, entry);
         user->Click(Window().cmdStart);
-    }
-
-    void ExpectTimeUp(const forms::headless::Script& during = nullptr) {
-        stage->ExpectBox("          Time Is Up        ", "Jotwright Audio Alarm", BoxIcon::Critical,
-                         BoxButtons::Ok, BoxResult::Ok, during);
     }
 };
 
@@ -44,14 +37,13 @@ TEST_F(NoveltyTimer, LoadsIdle) {
 TEST_F(NoveltyTimer, AMissingIconIsAnErrorOfLoading) {
     Start([&] { Window().Unload(); });
     files.Remove("C:\\Jotwright\\logo.ico");
-    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(53, "File not found");
     Start([&] { Window().Show(); });
 }
 
 TEST_F(NoveltyTimer, AnEmptyEntryIsRefused) {
-    stage->ExpectBox("Please Enter A Start Time.               ", "No Minutes Entered",
-                     BoxIcon::Exclamation, BoxButtons::Ok, BoxResult::Ok);
+    ExpectMessage("Please Enter A Start Time.               ", "No Minutes Entered",
+                  BoxIcon::Exclamation);
     user->Click(Window().cmdStart);
     EXPECT_TRUE(Window().txtMinutes.HasFocus());
     EXPECT_TRUE(Window().cmdStart.enabled());
@@ -60,8 +52,8 @@ TEST_F(NoveltyTimer, AnEmptyEntryIsRefused) {
 
 TEST_F(NoveltyTimer, AnEntryThatIsNotANumberIsRefusedAndCleared) {
     for (const char* entry : {"ten", "   ", "5 min", "1,5x"}) {
-        stage->ExpectBox("Please Enter Numeric Values Only.         ", "Non-Numeric Entry",
-                         BoxIcon::Exclamation, BoxButtons::Ok, BoxResult::Ok);
+        ExpectMessage("Please Enter Numeric Values Only.         ", "Non-Numeric Entry",
+                      BoxIcon::Exclamation);
         StartWith(entry);
         EXPECT_EQ(Window().txtMinutes.text(), "");
         EXPECT_TRUE(Window().txtMinutes.HasFocus());
@@ -91,16 +83,14 @@ TEST_F(NoveltyTimer, EntriesAreRoundedHalfToEven) {
 }
 
 TEST_F(NoveltyTimer, AnEntryBeyondSixteenBitsOverflows) {
-    stage->ExpectBox("Run-time error '6':\r\n\r\nOverflow", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(6, "Overflow");
     StartWith("32768");
     EXPECT_TRUE(runtime->HasEnded());
 }
 
 TEST_F(NoveltyTimer, TheLowestEntryOverflowsAtItsFirstTick) {
     StartWith("-32768");
-    stage->ExpectBox("Run-time error '6':\r\n\r\nOverflow", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(6, "Overflow");
     Advance(1000);
 }
 
@@ -142,7 +132,7 @@ TEST_F(NoveltyTimer, OneMinuteCountsDownChimesAndReports) {
     EXPECT_EQ(Shown(), "Time Left:\r\n0 Minutes\r\n59 Seconds");
     Advance(58'000);
     EXPECT_EQ(Shown(), "Time Left:\r\n0 Minutes\r\n1 Seconds");
-    ExpectTimeUp([&] {
+    ExpectTimeIsUp([&] {
         EXPECT_EQ(Shown(), "Time Left:\r\n-1 Minutes\r\n0 Seconds.");
         EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alert chime.wav");
         // The countdown stands still while the box is open.
@@ -168,7 +158,7 @@ TEST_F(NoveltyTimer, OneMinuteCountsDownChimesAndReports) {
 
 TEST_F(NoveltyTimer, ZeroMinutesEndAtTheFirstTickAndItsSecondIsKept) {
     StartWith("0");
-    ExpectTimeUp([&] { EXPECT_EQ(Shown(), "Time Left:\r\n-1 Minutes\r\n59 Seconds"); });
+    ExpectTimeIsUp([&] { EXPECT_EQ(Shown(), "Time Left:\r\n-1 Minutes\r\n59 Seconds"); });
     Advance(1000);
     EXPECT_EQ(Window().SecondsCount, 1);
     StartWith("2");

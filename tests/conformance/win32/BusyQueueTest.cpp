@@ -88,7 +88,7 @@ TEST_F(BusyQueue, TimersTickInTheProgramsOwnLoop) {
 
 TEST_F(BusyQueue, TimersTickWhileABoxIsOpen) {
     StartCounting();
-    stand->ExpectBox("text", "caption", BoxButtons::Ok, BoxResult::Ok, [this] {
+    ExpectMessage("text", "caption", [this] {
         flood.Start();
         // To the program, this loop is the box's own.
         MSG message{};
