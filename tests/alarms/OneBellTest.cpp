@@ -23,8 +23,8 @@ class OneBell : public testing_support::WholeProgram {
         settings.values[{"Options", "StartCookoo"}] = "1";
     }
 
-    void PutAlarm(const std::string& title, const std::string& time) {
-        PutNote(title, "#2004-05-14#,#" + time + "#,1,12,\"1\",1,\"yes\"\r\n");
+    void PutAlarm(const std::string& title, int hour, int minute, int second = 0) {
+        PutNote(Note(title).WithAlarmAt(hour, minute, second).WithSound());
     }
 
     void Hide(const std::string& title) { user->CloseBox(Editor(title)); }
@@ -55,13 +55,13 @@ class OneBell : public testing_support::WholeProgram {
 
 TEST_F(OneBell, AnEditorsAlarmOutlastsHiddenNotesAndTheCuckoo) {
     for (const char* loops : {"0", "1"}) {
-        for (const char* hiddenAlarm : {"15:00:00", "15:00:05"}) {
-            SCOPED_TRACE(std::string(loops) + ' ' + hiddenAlarm);
+        for (const int hiddenAlarm : {0, 5}) {
+            SCOPED_TRACE(std::string(loops) + ' ' + std::to_string(hiddenAlarm));
             SetNow(2004, 5, 14, 14, 59, 0);
             sound.log.clear();
             settings.values[{"Options", "NoteLoops"}] = loops;
-            PutAlarm("Dentist", hiddenAlarm);
-            PutAlarm("Rent", "15:00:00");
+            PutAlarm("Dentist", 15, 0, hiddenAlarm);
+            PutAlarm("Rent", 15, 0);
             StartQuietly();
             Hide("Dentist");
             ExpectEditorAlarm(NothingEndsIt(buzzer));
@@ -76,7 +76,7 @@ TEST_F(OneBell, AnEditorsAlarmOutlastsHiddenNotesAndTheCuckoo) {
 
 TEST_F(OneBell, ADisplaysLoopOutlastsTheCuckoo) {
     settings.values[{"Options", "NoteLoops"}] = "1";
-    PutAlarm("Dentist", "14:59:50");
+    PutAlarm("Dentist", 14, 59, 50);
     StartQuietly();
     Hide("Dentist");
     ExpectDisplayAlarm(NothingEndsIt(buzzer));
@@ -91,7 +91,7 @@ TEST_F(OneBell, ASampleOutlastsTheCuckooAndHiddenNotes) {
         SetNow(2004, 5, 14, 14, 59, 0);
         sound.log.clear();
         settings.values[{"Options", "NoteLoops"}] = loops;
-        PutAlarm("Dentist", "15:00:05");
+        PutAlarm("Dentist", 15, 0, 5);
         StartQuietly();
         Hide("Dentist");
         stage->ExpectModal<frmAlarms>([this](frmAlarms& chooser) {
@@ -109,7 +109,7 @@ TEST_F(OneBell, ASampleOutlastsTheCuckooAndHiddenNotes) {
 }
 
 TEST_F(OneBell, ACountdownsChimeOutlastsHiddenNotesAndTheCuckoo) {
-    PutAlarm("Dentist", "15:00:05");
+    PutAlarm("Dentist", 15, 0, 5);
     StartQuietly();
     Hide("Dentist");
     frmTimer& timer = Shown<frmTimer>();
@@ -133,8 +133,8 @@ TEST_F(OneBell, ASpecialAlarmOutlastsTheCuckoo) {
 }
 
 TEST_F(OneBell, OfTwoEditorsDueInOneSecondTheSecondRingsOnWhenTheFirstBoxIsClosed) {
-    PutAlarm("Dentist", "15:00:00");
-    PutAlarm("Rent", "15:00:00");
+    PutAlarm("Dentist", 15, 0);
+    PutAlarm("Rent", 15, 0);
     StartQuietly();
     ExpectEditorAlarm([this] {
         ExpectEditorAlarm([this] { EXPECT_EQ(sound.PlayingPath(), buzzer); });
@@ -147,7 +147,7 @@ TEST_F(OneBell, OfTwoEditorsDueInOneSecondTheSecondRingsOnWhenTheFirstBoxIsClose
 }
 
 TEST_F(OneBell, AnEditorRingsOnWhenASpecialAlarmAboveItIsClosed) {
-    PutAlarm("Rent", "15:00:00");
+    PutAlarm("Rent", 15, 0);
     StartQuietly();
     SetSpecialAlarm(base::DateTime::FromTime(15, 0, 10));
     ExpectEditorAlarm([this] {
@@ -161,7 +161,7 @@ TEST_F(OneBell, AnEditorRingsOnWhenASpecialAlarmAboveItIsClosed) {
 }
 
 TEST_F(OneBell, TheNextHourStrikesAgain) {
-    PutAlarm("Rent", "15:00:00");
+    PutAlarm("Rent", 15, 0);
     StartQuietly();
     ExpectEditorAlarm();
     AdvanceTo(15, 0, 30);

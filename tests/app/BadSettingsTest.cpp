@@ -67,7 +67,7 @@ TEST_F(BadSettings, ANewNoteTakesAnyNumberAndReportsTheRest) {
 }
 
 TEST_F(BadSettings, ANoteIsSavedBeforeAnAlarmsSettingEndsTheProgram) {
-    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n");
+    PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
     user->Type(MakeNote("Shopping").txtNote, "milk");
@@ -75,13 +75,13 @@ TEST_F(BadSettings, ANoteIsSavedBeforeAnAlarmsSettingEndsTheProgram) {
     ExpectRunTimeError(13, "Type mismatch");
     Advance(12000);
     EXPECT_TRUE(runtime->HasEnded());
-    EXPECT_NE(files.Peek(NoteFile("Shopping")).value_or("").find("milk"), std::string::npos);
+    EXPECT_NE(FileOf("Shopping").value_or("").find("milk"), std::string::npos);
 }
 
 TEST_F(BadSettings, NoNumberEndsTheProgram) {
     for (const auto& values : {numbers, tooLarge}) {
         for (const std::string& value : values) {
-            PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",1,\"yes\"\r\n");
+            PutNote(Note("Dentist").WithAlarmAt(9, 0, 10).WithSound());
             SetNow(2004, 5, 14, 9, 0, 0);
             for (const char* key : {"WindowOnTop", "StartCookoo", "ShowDateTime", "IsService",
                                     "DefaultColor", "DefaultFontSize", "NoteLoops"}) {
@@ -111,7 +111,7 @@ TEST_F(BadSettings, AnyTextIsASoundPath) {
                                   "C:\\Jotwright\\logo.ico", "..\\..\\x", "con", "a\r\nb",
                                   "\xf0\x9f\x98\x80.wav", std::string(65536, 'x')}) {
         settings.values[{"Config", "Alarm"}] = path;
-        PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",1,\"yes\"\r\n");
+        PutNote(Note("Dentist").WithAlarmAt(9, 0, 10).WithSound());
         SetNow(2004, 5, 14, 9, 0, 0);
         StartQuietly();
         ExpectEditorAlarm();

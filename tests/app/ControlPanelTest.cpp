@@ -15,7 +15,7 @@ class ControlPanelTest : public testing_support::WholeProgram {
 
 TEST_F(ControlPanelTest, ErasingOneOfAHundredNotesAllowsNewOnesInTheMainWindow) {
     for (int number = 1; number <= 100; ++number) {
-        PutNote("Note " + std::to_string(1000 + number));
+        PutNote(Note("Note " + std::to_string(1000 + number)));
     }
     ExpectMaximumReached();
     StartQuietly();
@@ -34,7 +34,7 @@ TEST_F(ControlPanelTest, ErasingOneOfAHundredNotesAllowsNewOnesInTheMainWindow) 
 
 TEST_F(ControlPanelTest, ErasingOneOfAHundredNotesInItsEditorAllowsNewOnes) {
     for (int number = 1; number <= 100; ++number) {
-        PutNote("Note " + std::to_string(1000 + number));
+        PutNote(Note("Note " + std::to_string(1000 + number)));
     }
     stage->improvise.box = [](const BoxRequest& box) {
         return box.options.buttons == BoxButtons::YesNo ? BoxResult::Yes : BoxResult::Ok;
@@ -49,14 +49,14 @@ TEST_F(ControlPanelTest, ErasingOneOfAHundredNotesInItsEditorAllowsNewOnes) {
 }
 
 TEST_F(ControlPanelTest, ANoteErasedUnderItsOpenEditorOutlivesAKill) {
-    PutNote("Dentist");
+    PutNote(Note("Dentist"));
     StartQuietly();
     user->Restore(Editor("Dentist"));
     user->Click(Main().cmdViewNotes);
     user->Select(Panel().lvwNotes, 0);
     ExpectDeletingNoteQuestion("DENTIST", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
-    EXPECT_FALSE(files.Peek(NoteFile("Dentist")).has_value());
+    EXPECT_FALSE(FileOf("Dentist").has_value());
     Advance(2000);
     Restart();
     StartQuietly();
@@ -64,7 +64,7 @@ TEST_F(ControlPanelTest, ANoteErasedUnderItsOpenEditorOutlivesAKill) {
 }
 
 TEST_F(ControlPanelTest, ANoteErasedInItsAlarmDisplayLeavesTheArray) {
-    PutNote("Dentist", "#2004-05-14#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+    PutNote(Note("Dentist").WithAlarmAt(9, 30));
     StartQuietly();
     // A silent close leaves the panel loaded, and hidden.
     user->Restore(Editor("Dentist"));

@@ -98,7 +98,7 @@ TEST_F(Layout, AlarmDisplay) {
 }
 
 TEST_F(Layout, ControlPanel) {
-    PutNote("Dentist");
+    PutNote(Note("Dentist"));
     auto& panel = Shown<frmViewNotes>();
     ExpectGood(panel);
     int columns = 0;

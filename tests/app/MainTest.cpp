@@ -17,12 +17,12 @@ const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
 
 // As long as for what the user does: the start is one action.
 TEST_F(MainTest, FilesThatAreHeldAtTheStartAreWaitedForASecondAndAHalf) {
-    PutNote("Dentist");
-    files.SetDenied(NoteFile("Dentist"), true);
+    PutNote(Note("Dentist"));
+    files.SetDenied(PathOf("Dentist"), true);
     int pauses = 0;
     system.onPause = [&] {
         if (++pauses == 60) {
-            files.SetDenied(NoteFile("Dentist"), false);
+            files.SetDenied(PathOf("Dentist"), false);
         }
     };
     StartQuietly();
@@ -55,11 +55,11 @@ TEST_F(MainTest, TheNotesFolderIsMadeWhenItIsMissing) {
 }
 
 TEST_F(MainTest, AnExistingNotesFolderAndItsFilesAreLeftAlone) {
-    PutNote("Dentist");
+    PutNote(Note("Dentist"));
     files.PutFile(notesFolder + "\\picture.png", "not a note");
-    const auto before = files.Peek(NoteFile("Dentist"));
+    const auto before = FileOf("Dentist");
     StartQuietly();
-    EXPECT_EQ(files.Peek(NoteFile("Dentist")), before);
+    EXPECT_EQ(FileOf("Dentist"), before);
     EXPECT_EQ(files.Peek(notesFolder + "\\picture.png"), "not a note");
 }
 
@@ -117,7 +117,7 @@ TEST_F(MainTest, AFreshUserHasTheDefaults) {
 }
 
 TEST_F(MainTest, AFreshUsersAlarmIsNotOnTopAndSoundsOnce) {
-    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",1,\"yes\"\r\n");
+    PutNote(Note("Dentist").WithAlarmAt(9, 0, 10).WithSound());
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
     Advance(12000);
@@ -130,7 +130,7 @@ TEST_F(MainTest, AFreshUsersAlarmIsNotOnTopAndSoundsOnce) {
 
 TEST_F(MainTest, OnlyTheAlarmsDisplayIsEverOnTop) {
     settings.values[{"Options", "WindowOnTop"}] = "1";
-    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n");
+    PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
     MakeNote("Another");
@@ -179,8 +179,8 @@ TEST_F(MainTest, AnErrorThatNobodyTrapsSavesTheOpenNotesFirst) {
     ExpectRunTimeError(6, "Overflow");
     Start([] { throw base::RuntimeError(base::ErrorNumber::Overflow); });
     EXPECT_TRUE(runtime->HasEnded());
-    ASSERT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
-    EXPECT_NE(files.Peek(NoteFile("Dentist"))->find("Call to move"), std::string::npos);
+    ASSERT_TRUE(FileOf("Dentist").has_value());
+    EXPECT_NE(FileOf("Dentist")->find("Call to move"), std::string::npos);
     EXPECT_FALSE(tray.icon.has_value());
 }
 
@@ -196,7 +196,7 @@ TEST_F(MainTest, TemporaryFilesOfAKilledSaveAreRemoved) {
     } catch (const headless::Killed&) {
     }
     Restart();
-    EXPECT_FALSE(files.Peek(NoteFile("Dentist")).has_value());
+    EXPECT_FALSE(FileOf("Dentist").has_value());
     const auto before = files.Names(notesFolder);
     const auto isTemporary = [](const std::string& name) { return name.ends_with(".tmp"); };
     ASSERT_TRUE(std::any_of(before.begin(), before.end(), isTemporary));

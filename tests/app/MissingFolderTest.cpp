@@ -36,7 +36,7 @@ class MissingFolderTest : public testing_support::WholeProgram {
 
     void ExpectSaveToWork() {
         user->CloseBox(Editor("Dentist"));
-        EXPECT_NE(files.Peek(NoteFile("Dentist")).value_or("").find("typed"), std::string::npos);
+        EXPECT_NE(FileOf("Dentist").value_or("").find("typed"), std::string::npos);
         ClickTrayIcon();
         user->Click(Main().cmdExit);
         EXPECT_TRUE(runtime->HasEnded());
@@ -57,7 +57,7 @@ TEST_F(MissingFolderTest, AFileCalledNotesIsLeftAloneAndEachSaveFails) {
 }
 
 TEST_F(MissingFolderTest, AnUnreadableFolderIsReportedAndEachSaveFails) {
-    PutNote("Other");
+    PutNote(Note("Other"));
     files.SetDenied(notesFolder, true);
     std::set<std::string> reports;
     stage->improvise.box = [&reports](const BoxRequest& box) {

@@ -10,11 +10,6 @@ namespace {
 // The program starts on Friday, 14 May 2004, 9:00:00 and its main window is up at 9:00:01.
 class frmMainClockTest : public testing_support::WholeProgram {
   protected:
-    void PutAlarm(const std::string& title, const std::string& time, int color, bool withSound) {
-        PutNote(title, "#2004-05-14#,#" + time + "#," + std::to_string(color) + ",12,\"1\"," +
-                           (withSound ? "1" : "0") + ",\"yes\"\r\n");
-    }
-
     // As after hiding every note: saved, and no editor is open.
     void CloseEditors() {
         for (;;) {
@@ -48,7 +43,7 @@ class frmMainClockTest : public testing_support::WholeProgram {
 }  // namespace
 
 TEST_F(frmMainClockTest, ASavedNoteComesUpOnceInItsSecond) {
-    PutAlarm("Dentist", "09:30:00", 2, false);
+    PutNote(Note("Dentist").WithAlarmAt(9, 30).InColor(2));
     StartQuietly();
     CloseEditors();
     AdvanceTo(9, 29, 59);
@@ -64,7 +59,7 @@ TEST_F(frmMainClockTest, ASavedNoteComesUpOnceInItsSecond) {
 }
 
 TEST_F(frmMainClockTest, AnAlarmSetForNoonFiresOnTheFirstTickWithinThatSecond) {
-    PutAlarm("Noon", "12:00:00", 1, false);
+    PutNote(Note("Noon").WithAlarmAt(12, 0));
     StartQuietly();
     CloseEditors();
     AdvanceTo(12, 0, 0);
@@ -75,8 +70,8 @@ TEST_F(frmMainClockTest, AnAlarmSetForNoonFiresOnTheFirstTickWithinThatSecond) {
 }
 
 TEST_F(frmMainClockTest, AnAlarmInThePastNeverFires) {
-    PutAlarm("Past", "08:59:00", 1, false);
-    PutAlarm("Later", "09:30:00", 1, false);
+    PutNote(Note("Past").WithAlarmAt(8, 59));
+    PutNote(Note("Later").WithAlarmAt(9, 30));
     StartQuietly();
     CloseEditors();
     Advance(26 * 3600 * std::int64_t{1000});  // past that time of the next day
@@ -85,7 +80,7 @@ TEST_F(frmMainClockTest, AnAlarmInThePastNeverFires) {
 }
 
 TEST_F(frmMainClockTest, AnotherDayDoesNotFire) {
-    PutNote("Tomorrow", "#2004-05-15#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+    PutNote(Note("Tomorrow").WithAlarmAt(9, 30).On(base::DateTime::FromDate(2004, 5, 15)));
     StartQuietly();
     CloseEditors();
     AdvanceTo(9, 31, 0);
@@ -93,7 +88,7 @@ TEST_F(frmMainClockTest, AnotherDayDoesNotFire) {
 }
 
 TEST_F(frmMainClockTest, AnOpenEditorRingsAndNothingElse) {
-    PutAlarm("Dentist", "09:30:00", 1, false);
+    PutNote(Note("Dentist").WithAlarmAt(9, 30));
     StartQuietly();
     EXPECT_EQ(Editor("Dentist").windowState(), WindowState::Minimized);
     AdvanceTo(9, 30, 1);
@@ -103,7 +98,7 @@ TEST_F(frmMainClockTest, AnOpenEditorRingsAndNothingElse) {
 }
 
 TEST_F(frmMainClockTest, TheSoundStartsOneSecondAfterTheDisplayOpened) {
-    PutAlarm("Dentist", "09:30:00", 1, true);
+    PutNote(Note("Dentist").WithAlarmAt(9, 30).WithSound());
     StartQuietly();
     CloseEditors();
     AdvanceTo(9, 30, 1);
@@ -116,8 +111,8 @@ TEST_F(frmMainClockTest, TheSoundStartsOneSecondAfterTheDisplayOpened) {
 }
 
 TEST_F(frmMainClockTest, OfSeveralNotesDueOnlyTheLastOpenedSounds) {
-    PutAlarm("A", "09:30:00", 1, true);
-    PutAlarm("B", "09:30:00", 1, true);
+    PutNote(Note("A").WithAlarmAt(9, 30).WithSound());
+    PutNote(Note("B").WithAlarmAt(9, 30).WithSound());
     StartQuietly();
     CloseEditors();
     AdvanceTo(9, 30, 3);
@@ -126,8 +121,8 @@ TEST_F(frmMainClockTest, OfSeveralNotesDueOnlyTheLastOpenedSounds) {
 }
 
 TEST_F(frmMainClockTest, TheLastDisplaySoundsEvenWhereOnlyAnotherNoteAskedForIt) {
-    PutAlarm("A", "09:30:00", 1, true);
-    PutAlarm("B", "09:30:00", 1, false);
+    PutNote(Note("A").WithAlarmAt(9, 30).WithSound());
+    PutNote(Note("B").WithAlarmAt(9, 30));
     StartQuietly();
     CloseEditors();
     AdvanceTo(9, 30, 1);
@@ -142,7 +137,7 @@ TEST_F(frmMainClockTest, TheLastDisplaySoundsEvenWhereOnlyAnotherNoteAskedForIt)
 }
 
 TEST_F(frmMainClockTest, AWeeklyAlarmInTheSameSecondKeepsTheDisplaySilent) {
-    PutAlarm("Dentist", "09:30:00", 1, true);
+    PutNote(Note("Dentist").WithAlarmAt(9, 30).WithSound());
     StartQuietly();
     CloseEditors();
     SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(9, 30, 0), "now");
@@ -153,11 +148,11 @@ TEST_F(frmMainClockTest, AWeeklyAlarmInTheSameSecondKeepsTheDisplaySilent) {
 }
 
 TEST_F(frmMainClockTest, TheCheckEndsAtTheFirstNoteWithoutATitle) {
-    PutAlarm("A", "09:30:00", 1, false);
-    PutAlarm("C", "09:30:00", 1, false);
+    PutNote(Note("A").WithAlarmAt(9, 30));
+    PutNote(Note("C").WithAlarmAt(9, 30));
     StartQuietly();
     CloseEditors();
-    files.PutFile(NoteFile("B"), "\"\",\"\",#2004-05-14#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+    PutNoteAs("B.txt", Note("", "").WithAlarmAt(9, 30));
     Start(StandardCode::LoadNotesArray);
     AdvanceTo(9, 30, 2);
     EXPECT_NE(FindWindow<frmDisplayNote>("A"), nullptr);
@@ -165,8 +160,8 @@ TEST_F(frmMainClockTest, TheCheckEndsAtTheFirstNoteWithoutATitle) {
 }
 
 TEST_F(frmMainClockTest, TheArrayFollowsWhatBecameOfADisplayedNote) {
-    PutAlarm("A", "09:30:00", 1, false);
-    PutAlarm("B", "09:30:00", 1, false);
+    PutNote(Note("A").WithAlarmAt(9, 30));
+    PutNote(Note("B").WithAlarmAt(9, 30));
     StartQuietly();
     CloseEditors();
     AdvanceTo(9, 30, 1);
@@ -185,8 +180,8 @@ TEST_F(frmMainClockTest, TheArrayFollowsWhatBecameOfADisplayedNote) {
 
 TEST_F(frmMainClockTest, ALoopingSoundKeepsFurtherDisplaysSilent) {
     settings.values[{"Options", "NoteLoops"}] = "1";
-    PutAlarm("A", "09:30:00", 1, true);
-    PutAlarm("B", "09:30:10", 1, true);
+    PutNote(Note("A").WithAlarmAt(9, 30).WithSound());
+    PutNote(Note("B").WithAlarmAt(9, 30, 10).WithSound());
     StartQuietly();
     CloseEditors();
     ExpectDisplayAlarm([this] {
@@ -309,7 +304,7 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentInTheSecondOfASpecialAlarm) {
 
 TEST_F(frmMainClockTest, TheCuckooIsSilentInTheSecondOfANotesSound) {
     SetNow(2004, 5, 14, 14, 59, 50);
-    PutAlarm("Dentist", "15:00:15", 1, true);
+    PutNote(Note("Dentist").WithAlarmAt(15, 0, 15).WithSound());
     StartQuietly();
     CloseEditors();
     user->Click(Main().cmdCookoo);
@@ -322,7 +317,7 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentInTheSecondOfANotesSound) {
 TEST_F(frmMainClockTest, TheMainClockComesBeforeTheCuckooAlsoAfterABox) {
     for (int held = 100; held <= 3000; held += 100) {
         SetNow(2004, 5, 14, 14, 59, 40);
-        PutAlarm("Dentist", "15:00:15", 1, true);
+        PutNote(Note("Dentist").WithAlarmAt(15, 0, 15).WithSound());
         settings.values[{"Options", "StartCookoo"}] = "1";
         StartQuietly();
         CloseEditors();
@@ -367,7 +362,7 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentAsLongAsASpecialAlarmWaits) {
 
 TEST_F(frmMainClockTest, TheCuckooIsSilentAsLongAsAnEditorRings) {
     SetNow(2004, 5, 14, 14, 59, 50);
-    PutAlarm("Dentist", "15:00:00", 1, true);
+    PutNote(Note("Dentist").WithAlarmAt(15, 0).WithSound());
     StartQuietly();
     user->Click(Main().cmdCookoo);
     ExpectEditorAlarm([this] {

@@ -89,7 +89,7 @@ TEST_F(frmMainExitTest, AMainWindowOfNormalSizeKeepsIt) {
 }
 
 TEST_F(frmMainExitTest, ExitRemovesTheIconAndClosesEveryWindow) {
-    PutNote("Restored");
+    PutNote(Note("Restored"));
     StartQuietly();
     auto& note = MakeNote("Dentist");
     user->Type(note.txtNote, "text");
@@ -97,7 +97,7 @@ TEST_F(frmMainExitTest, ExitRemovesTheIconAndClosesEveryWindow) {
     user->CloseBox(Main());
     EXPECT_TRUE(runtime->HasEnded());
     EXPECT_FALSE(tray.icon.has_value());
-    EXPECT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
+    EXPECT_TRUE(FileOf("Dentist").has_value());
     EXPECT_TRUE(StandardCode::NoteTitles().empty());
     for (const auto& form : runtime->LoadedForms()) {
         EXPECT_FALSE(form->IsVisible());
@@ -131,7 +131,7 @@ TEST_F(frmMainExitTest, ANoteThatCannotBeSavedStopsTheExit) {
     files.SetReadOnly("C:\\Jotwright\\Notes", false);
     user->Click(Main().cmdExit);
     EXPECT_TRUE(runtime->HasEnded());
-    EXPECT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
+    EXPECT_TRUE(FileOf("Dentist").has_value());
 }
 
 TEST_F(frmMainExitTest, TheEndOfTheSessionSavesAndAsksNothing) {
@@ -141,7 +141,7 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionSavesAndAsksNothing) {
     StandardCode::Shared().ControlPanelMode = true;
     gestures::EndSession();
     EXPECT_TRUE(runtime->HasEnded());
-    EXPECT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
+    EXPECT_TRUE(FileOf("Dentist").has_value());
     EXPECT_FALSE(tray.icon.has_value());
 }
 
@@ -155,14 +155,14 @@ TEST_F(frmMainExitTest, AnExitWhileANoteAsksKeepsItsTextForTheNextStart) {
         EXPECT_TRUE(runtime->HasEnded());
     });
     user->CloseBox(note);
-    EXPECT_FALSE(files.FileExists(NoteFile("Dentist")));
+    EXPECT_FALSE(files.FileExists(PathOf("Dentist")));
     Restart();
     StartQuietly();
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
 }
 
 TEST_F(frmMainExitTest, AnExitWaitsForTheAnswerThatAnAlarmDisplayWants) {
-    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n");
+    PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
     Advance(12'000);
@@ -197,7 +197,7 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionEndsAnExitThatWaitsForAnAnswer) {
 }
 
 TEST_F(frmMainExitTest, TheEndOfTheSessionKeepsWhatADisplayThatAsksHolds) {
-    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n");
+    PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
     Advance(12'000);
@@ -209,7 +209,7 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionKeepsWhatADisplayThatAsksHolds) {
         EXPECT_TRUE(runtime->HasEnded());
     });
     user->CloseBox(*display);
-    EXPECT_EQ(files.Peek(NoteFile("Dentist")),
+    EXPECT_EQ(FileOf("Dentist"),
               "\"Dentist\",\"moved to Friday\",#2004-05-14#,\"#12:00#\",1,12,\"0\",0,\"yes\"\r\n");
 }
 
@@ -232,9 +232,9 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionWaitsForNoAnswer) {
 // more.
 TEST_F(frmMainExitTest, OneBadFileIsNotReportedForEachNoteThatTheExitSaves) {
     for (int number = 1; number <= 10; ++number) {
-        PutNote("Note " + std::to_string(1000 + number));
+        PutNote(Note("Note " + std::to_string(1000 + number)));
     }
-    PutNote("Zebra", "#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    PutNoteWithBadDate("Zebra");
     stage->improvise.box = [](const BoxRequest&) { return BoxResult::Ok; };
     StartQuietly();
     // The array and the restore report it, once each.
@@ -251,8 +251,8 @@ TEST_F(frmMainExitTest, OneBadFileIsNotReportedForEachNoteThatTheExitSaves) {
 }
 
 TEST_F(frmMainExitTest, AnAlarmThatTheExitLeavesToTheRecoveryCopyRingsAfterTheNextStart) {
-    PutNote("Dentist");
-    files.SetReadOnly(NoteFile("Dentist"), true);
+    PutNote(Note("Dentist"));
+    files.SetReadOnly(PathOf("Dentist"), true);
     StartQuietly();
     frmNote& note = Editor("Dentist");
     user->Restore(note);
@@ -262,7 +262,7 @@ TEST_F(frmMainExitTest, AnAlarmThatTheExitLeavesToTheRecoveryCopyRingsAfterTheNe
     ExpectWriteError("75 - Path/File access error");
     user->Click(Main().cmdExit);
     ASSERT_TRUE(runtime->HasEnded());
-    const auto saved = files.Peek(NoteFile("Dentist"));
+    const auto saved = FileOf("Dentist");
     ASSERT_TRUE(saved);
     EXPECT_NE(saved->find("\"0\",0,\"yes\""), std::string::npos) << "the alarm is saved";
 

@@ -14,7 +14,7 @@ class frmMainLimitTest : public testing_support::WholeProgram {
     // "Note 1001" and the following.
     void PutNotes(int count) {
         for (int number = 1; number <= count; ++number) {
-            PutNote("Note " + std::to_string(1000 + number));
+            PutNote(Note("Note " + std::to_string(1000 + number)));
         }
     }
 
@@ -158,8 +158,8 @@ TEST_F(frmMainLimitTest, TwoNewNotesBesideNinetyNineReachTheLimitAsAtStart) {
     EXPECT_EQ(StandardCode::Shared().NoteCount, 100);
     EXPECT_EQ(StandardCode::Shared().NotesArray[100].Title, "Note 1098");
     ExpectRoomForNewNotes(false);
-    EXPECT_TRUE(files.Peek(NoteFile("A")).has_value());
-    EXPECT_TRUE(files.Peek(NoteFile("B")).has_value());
+    EXPECT_TRUE(FileOf("A").has_value());
+    EXPECT_TRUE(FileOf("B").has_value());
 
     // The editors that closed have loaded the panel already.
     ExpectPanel("Total Notes: 100 ( Maximum Reached )", false);

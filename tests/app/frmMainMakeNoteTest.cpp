@@ -48,7 +48,7 @@ TEST_F(frmMainMakeNoteTest, MakingANoteOpensItsEditorAndHidesTheMainWindow) {
     EXPECT_TRUE(Main().mnuShow.enabled);
     EXPECT_FALSE(StandardCode::Shared().ControlPanelMode);
     EXPECT_EQ(StandardCode::Shared().NoteFlag, 0);
-    EXPECT_FALSE(files.Peek(NoteFile(" Dentist ")).has_value());
+    EXPECT_FALSE(FileOf(" Dentist ").has_value());
 }
 
 TEST_F(frmMainMakeNoteTest, EnterInTheTitleBoxMakesTheNote) {
@@ -100,7 +100,7 @@ TEST_F(frmMainMakeNoteTest, ATitleOfBlanksIsClearedWithoutAMessage) {
 }
 
 TEST_F(frmMainMakeNoteTest, ASavedTitleIsRejectedInTheSameLettersOnly) {
-    PutNote("Shopping");
+    PutNote(Note("Shopping"));
     StartQuietly();
     ExpectRejection("Shopping", "error.gif", "Name Already Exists",
                     "A note with this title already exits.\r\n\r\nPlease choose another title for "
@@ -110,7 +110,7 @@ TEST_F(frmMainMakeNoteTest, ASavedTitleIsRejectedInTheSameLettersOnly) {
     user->CloseBox(note);
     // The names are one to the disk: the new note takes the place of the saved one.
     EXPECT_EQ(files.Names("C:\\Jotwright\\Notes"), std::vector<std::string>{"Shopping.txt"});
-    EXPECT_NE(files.Peek(NoteFile("Shopping"))->find("in small letters"), std::string::npos);
+    EXPECT_NE(FileOf("Shopping")->find("in small letters"), std::string::npos);
 }
 
 TEST_F(frmMainMakeNoteTest, TwoNewNotesWithOneTitleMayBeOpen) {

@@ -137,7 +137,7 @@ TEST_F(frmMainToolsTest, AboutFromAnEditorIsTheMainWindows) {
 }
 
 TEST_F(frmMainToolsTest, EveryWayIntoTheControlPanelIsTheWayIntoTheEditors) {
-    PutNote("Restored");
+    PutNote(Note("Restored"));
     StartQuietly();
     EXPECT_FALSE(PanelMode());
     user->CloseBox(Editor("Restored"));

@@ -40,10 +40,6 @@ class ClockChangesTest : public testing_support::WholeProgram {
         SpecialAlarmsFile::StoreSharedRow(0, {"Friday", time, "message", 1});
     }
 
-    void PutAlarm(const std::string& title, const std::string& time) {
-        PutNote(title, "#2004-05-14#,#" + time + "#,1,12,\"1\",0,\"yes\"\r\n");
-    }
-
     void CloseEditor(const std::string& title) {
         user->Restore(Editor(title));
         user->CloseBox(Editor(title));
@@ -86,7 +82,7 @@ TEST_F(ClockChangesTest, TheHourThatSummerTimeLeavesOutRingsNothing) {
 }
 
 TEST_F(ClockChangesTest, TheHourThatComesTwiceIsSeenTwice) {
-    PutAlarm("Dentist", "01:15:00");
+    PutNote(Note("Dentist").WithAlarmAt(1, 15));
     StartAt(1, 0, 5);
     SetSpecialAlarm(base::DateTime::FromTime(1, 30, 0));
     Advance((59 * minute + 54) * 1000);  // 1:59:59 and the fraction
@@ -102,7 +98,7 @@ TEST_F(ClockChangesTest, TheHourThatComesTwiceIsSeenTwice) {
 }
 
 TEST_F(ClockChangesTest, ASavedNoteThatWasAnsweredDoesNotComeUpInTheRepeatedHour) {
-    PutAlarm("Dentist", "01:15:00");
+    PutNote(Note("Dentist").WithAlarmAt(1, 15));
     StartAt(1, 14, 50);
     CloseEditor("Dentist");
     Advance(20'000);
@@ -116,7 +112,7 @@ TEST_F(ClockChangesTest, ASavedNoteThatWasAnsweredDoesNotComeUpInTheRepeatedHour
 }
 
 TEST_F(ClockChangesTest, ASavedNoteWhoseDisplayIsOpenDoesNotComeUpAgainInTheRepeatedHour) {
-    PutAlarm("Dentist", "01:15:00");
+    PutNote(Note("Dentist").WithAlarmAt(1, 15));
     StartAt(1, 14, 50);
     CloseEditor("Dentist");
     Advance(20'000);
@@ -186,7 +182,7 @@ TEST_F(ClockChangesTest, ACorrectionOfLessThanASecondNeitherMissesNorDoublesASec
 }
 
 TEST_F(ClockChangesTest, SleepRingsNothingOfWhatWasSleptThroughAndGoesOnAtOnce) {
-    PutAlarm("Dentist", "10:30:00");
+    PutNote(Note("Dentist").WithAlarmAt(10, 30));
     StartAt(9, 0, 0);
     SetSpecialAlarm(base::DateTime::FromTime(10, 0, 0));
     CloseEditor("Dentist");

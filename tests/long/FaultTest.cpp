@@ -60,8 +60,8 @@ class FaultTest : public testing_support::WholeProgram {
         files.PutFolder(testing_support::applicationFolder + "\\Notes");
         SetNow(2004, 5, 14, 9, 0, 0);
         answer = BoxResult::Yes;
-        PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"0\",0,\"yes\"\r\n", "old");
-        PutNote("Other", "#2004-05-14#,#12:00:00#,3,12,\"0\",0,\"yes\"\r\n", "other");
+        PutNote(Note("Dentist", "old").At(9, 0, 10));
+        PutNote(Note("Other", "other").InColor(3));
         StartAgain();
         operation.prepare();
     }
@@ -90,7 +90,7 @@ class FaultTest : public testing_support::WholeProgram {
     frmDisplayNote& ShowDisplay() {
         user->Restore(Editor("Dentist"));
         user->CloseBox(Editor("Dentist"));
-        PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n", "old");
+        PutNote(Note("Dentist", "old").WithAlarmAt(9, 0, 10));
         Start([] { StandardCode::LoadNotesArray(); });
         Advance(12'000);
         auto* display = FindWindow<frmDisplayNote>("Dentist");
@@ -135,7 +135,7 @@ class FaultTest : public testing_support::WholeProgram {
              [=, this] { user->CloseBox(dentist()); }, "", false, false},
             {"first save of a new note",
              [this] {
-                 files.Remove(NoteFile("Dentist"));
+                 files.Remove(PathOf("Dentist"));
                  TypeAndWait();
              },
              [=, this] { user->Click(dentist().tlbMain, "Save"); }, newText},
@@ -223,7 +223,7 @@ class FaultTest : public testing_support::WholeProgram {
         bool changed = false;
         bool gone = false;
         for (const auto& [path, bytes] : WatchedFiles()) {
-            const bool mayBeGone = operation.erases && path == NoteFile("Dentist");
+            const bool mayBeGone = operation.erases && path == PathOf("Dentist");
             EXPECT_TRUE(bytes == before.at(path) || bytes == after.at(path) ||
                         (mayBeGone && !bytes))
                 << path << ": " << bytes.value_or("(none)");
@@ -332,7 +332,7 @@ class FaultTest : public testing_support::WholeProgram {
         auto* note = FindWindow<frmNote>("Dentist");
         if (note == nullptr) {
             StandardCode::NoteRecord saved;
-            NoteFile::Decode(files.Peek(NoteFile("Dentist")).value_or(""), saved);
+            NoteFile::Decode(FileOf("Dentist").value_or(""), saved);
             EXPECT_EQ(saved.Text, operation.typed);
             return;
         }
@@ -342,7 +342,7 @@ class FaultTest : public testing_support::WholeProgram {
         }
         user->Click(note->tlbMain, "Save");
         StandardCode::NoteRecord saved;
-        NoteFile::Decode(files.Peek(NoteFile("Dentist")).value_or(""), saved);
+        NoteFile::Decode(FileOf("Dentist").value_or(""), saved);
         EXPECT_EQ(saved.Text, operation.typed);
     }
 
@@ -397,7 +397,7 @@ TEST_F(FaultTest, WhatLastsIsReportedAtEachSaveAndTheSaveAfterItWorks) {
         std::string report;  // empty: the program sees to it itself
     };
     const std::string folder = testing_support::applicationFolder + "\\Notes";
-    const std::string path = NoteFile("Dentist");
+    const std::string path = PathOf("Dentist");
     const std::vector<Condition> conditions{
         {"full disk", [&] { files.SetFreeSpace(0); }, [&] { files.SetFreeSpace(std::nullopt); },
          "61 - Disk full"},

@@ -91,7 +91,7 @@ void GrowthTest::ThroughThePanel(const std::string& title) {
     user->Type(made.txtNote, "the text of " + title);
     Advance(2500);
     user->CloseBox(made);
-    EXPECT_TRUE(files.Peek(NoteFile(title)).has_value());
+    EXPECT_TRUE(FileOf(title).has_value());
     EditTheOnlyNote();
     frmNote& again = Editor(title);
     user->Type(again.txtNote, "another, longer text of " + title);
@@ -116,7 +116,7 @@ void GrowthTest::InItsEditor(const std::string& title) {
     Advance(2500);
     ExpectSaved(locale.ToUpper(title));
     user->Click(note.tlbMain, "Save");
-    EXPECT_TRUE(files.Peek(NoteFile(title)).has_value());
+    EXPECT_TRUE(FileOf(title).has_value());
     ExpectKillNoteQuestion(locale.ToUpper(title), BoxResult::Yes);
     user->Click(note.tlbMain, "Erase");
 }

@@ -45,7 +45,7 @@ std::string Monkey::Story() const {
     return text;
 }
 
-void Monkey::Note(const std::string& what) {
+void Monkey::Log(const std::string& what) {
     const base::DateTime now = clock.Now();
     story.push_back(base::FormatIsoDate(now) + ' ' + base::FormatTime24(now) +
                     std::string(1U + static_cast<std::size_t>(depth) * 2U, ' ') + what);
@@ -60,7 +60,7 @@ void Monkey::Listen() {
 
 void Monkey::StartProgram() {
     ++starts;
-    Note("start");
+    Log("start");
     EndTrouble();
     RemoveDamaged();
     sound.log.clear();  // what a program plays ends with it
@@ -82,7 +82,7 @@ void Monkey::RemoveDamaged() {
         StandardCode::NoteRecord record;
         try {
             if (name.ends_with(".txt")) {
-                ::NoteFile::Decode(files.Peek(path).value_or(""), record);
+                NoteFile::Decode(files.Peek(path).value_or(""), record);
             }
         } catch (const base::RuntimeError&) {
             files.Remove(path);
@@ -134,7 +134,7 @@ void Monkey::Sleep() {
     const base::DateTime morning =
         base::Combine(base::DateTime{now.DateOnly().seconds + base::secondsPerDay},
                       base::DateTime::FromTime(7, 0, 0));
-    Note("sleep");
+    Log("sleep");
     if (!runtime->HasEnded()) {
         Suspend(morning.seconds - now.seconds + Below(600));
     }
@@ -158,7 +158,7 @@ void Monkey::Do(const Choices& choices) {
     for (const Choice& choice : choices) {
         place -= choice.weight;
         if (place < 0) {
-            Note(choice.what);
+            Log(choice.what);
             const auto act = choice.act;
             act();
             return;
@@ -375,7 +375,7 @@ void Monkey::AddTrouble(Choices& choices) {
     choices.push_back({1, "somebody puts a note there", [=, this] {
                            begin();
                            behindItsBack = true;
-                           PutNote("Put " + std::to_string(Below(20)));
+                           PutNote(Note("Put " + std::to_string(Below(20))));
                        }});
     choices.push_back({1, "somebody damages a note", [=, this] {
                            begin();
@@ -404,7 +404,7 @@ void Monkey::FillUp() {
     Restart();
     const std::size_t wanted = StandardCode::maximumNotes - static_cast<std::size_t>(Below(3));
     for (int number = 1; files.Names(notesFolder).size() < wanted; ++number) {
-        PutNote("Filler " + std::to_string(number));
+        PutNote(Note("Filler " + std::to_string(number)));
     }
     StartProgram();
 }

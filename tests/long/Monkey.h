@@ -75,7 +75,7 @@ class Monkey : public testing_support::WholeProgram {
     void AddWorld(Choices& choices);
     void AddTrouble(Choices& choices);
     void Do(const Choices& choices);
-    void Note(const std::string& what);
+    void Log(const std::string& what);
 
     void Type(forms::TextBox& textBox);
     void StartProgram();

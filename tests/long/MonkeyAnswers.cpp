@@ -79,7 +79,7 @@ void Monkey::Improvise() {
 }
 
 BoxResult Monkey::AnswerBox(const BoxRequest& box) {
-    Note("box " + box.caption + ": " + box.text);
+    Log("box " + box.caption + ": " + box.text);
     if (box.text.starts_with("Run-time error") && !trouble) {
         ADD_FAILURE() << box.text;
     }
@@ -130,7 +130,7 @@ Menu* Monkey::ChooseFrom(Menu& menu) {
     if (std::string(chosen->name) == "mnuExit" && !OneIn(4)) {
         return nullptr;
     }
-    Note(std::string("menu ") + chosen->name);
+    Log(std::string("menu ") + chosen->name);
     return chosen;
 }
 
@@ -141,16 +141,16 @@ void Monkey::Meanwhile() {
     ++depth;
     const int kind = Below(10);
     if (kind < 7 || !tray.icon) {
-        Note("time passes");
+        Log("time passes");
         Advance(1 + Below(kind == 0 ? 60'000 : 3000));
     } else if (kind == 7) {
-        Note("the clock is set");
+        Log("the clock is set");
         stage->Jump(Below(120) - 60, Below(1000));
     } else {
         const int messages[] = {TrayMessages::leftButtonUp, TrayMessages::leftDoubleClick,
                                 TrayMessages::rightButtonUp};
         const int message = messages[Below(3)];
-        Note("tray " + std::to_string(message));
+        Log("tray " + std::to_string(message));
         user->Tray(message);
     }
     --depth;

@@ -41,7 +41,7 @@ bool Monkey::IsInFile(const OpenText& note) const {
     const auto says = [&note](const std::string& bytes) {
         StandardCode::NoteRecord record;
         try {
-            ::NoteFile::Decode(bytes, record);
+            NoteFile::Decode(bytes, record);
             return record.Text == note.text;
         } catch (const base::RuntimeError&) {
             return false;

@@ -15,12 +15,12 @@ using headless::MemoryFiles;
 
 namespace {
 
-const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
-constexpr const char* fields = ",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
+using testing_support::Note;
 
-const std::string milk = std::string("\"Shopping\",\"milk\"") + fields;
-const std::string lost = std::string("\"Lost\",\"found\"") + fields;
-const std::string there = std::string("\"There\",\"saved\"") + fields;
+const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
+const std::string milk = NoteFile::Compose(Note("Shopping", "milk"));
+const std::string lost = NoteFile::Compose(Note("Lost", "found"));
+const std::string there = NoteFile::Compose(Note("There", "saved"));
 const std::string half = "\"b\",\"half a note";
 
 struct Operation {
@@ -88,7 +88,7 @@ class PutAsideFaultTest : public testing_support::WholeProgram {
         const auto leaveOver = [this] {
             Put("~Jotwright-0123456789abcdef-3.tmp", lost);
             Put("~Jotwright-0123456789abcdef-4.tmp", lost.substr(0, 20));
-            Put("~Jotwright-0123456789abcdef-5.tmp", std::string("\"There\",\"older\"") + fields);
+            Put("~Jotwright-0123456789abcdef-5.tmp", NoteFile::Compose(Note("There", "older")));
             Put("There.txt", there);
         };
         return {
@@ -133,7 +133,7 @@ class PutAsideFaultTest : public testing_support::WholeProgram {
         return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
             StandardCode::NoteRecord record;
             try {
-                ::NoteFile::Decode(files.Peek(notesFolder + '\\' + name).value_or(""), record);
+                NoteFile::Decode(files.Peek(notesFolder + '\\' + name).value_or(""), record);
             } catch (const base::RuntimeError&) {
                 return false;
             }
@@ -161,7 +161,7 @@ class PutAsideFaultTest : public testing_support::WholeProgram {
         ExpectAll(operation);
         if (!operation.file.empty()) {
             const std::string bytes = files.Peek(notesFolder + '\\' + operation.file).value_or("");
-            EXPECT_TRUE(::NoteFile::IsWhole(bytes)) << operation.file << ": " << bytes;
+            EXPECT_TRUE(NoteFile::IsWhole(bytes)) << operation.file << ": " << bytes;
         }
         for (const std::string& name : files.Names(notesFolder)) {
             EXPECT_FALSE(name.ends_with(".tmp")) << name;

@@ -141,8 +141,9 @@ class YearTest : public testing_support::WholeProgram {
             {specialAlarms[weekday].Message, base::Combine(day, specialAlarms[weekday].Time)});
         for (const char* title : {"Dentist", "Rent", "Call"}) {
             const base::DateTime time = SomeMinute();
-            PutNote(title, '#' + base::FormatIsoDate(day) + "#,#" + base::FormatTime24(time) +
-                               "#,1,12,\"1\"," + std::to_string(Below(2)) + ",\"yes\"\r\n");
+            Note note = Note(title).WithAlarmAt(time).On(day);
+            note.AudioAlarm = static_cast<std::int16_t>(Below(2));
+            PutNote(note);
             planned.push_back({std::string("saved ") + title, base::Combine(day, time)});
         }
         Start([] { StandardCode::LoadNotesArray(); });

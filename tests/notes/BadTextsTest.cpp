@@ -108,8 +108,8 @@ TEST_F(BadTexts, QuotesComeBackAndTheAlarmRings) {
     for (const std::string& text : std::vector<std::string>{
              "He said \"no\"", "\"", "5\" pipe", "x\" \"", "\"\"", "a\",", "\",#", "\"\r\n\"",
              "\"a\",\"b\"", "\"" + tail, "\"" + tail + "more"}) {
-        PutNote(Record("A before", "untouched"));
-        PutNote(Record("Z behind", "untouched"));
+        PutNote(Note("A before", "untouched"));
+        PutNote(Note("Z behind", "untouched"));
         frmNote& note = MakeNote("Note", text);
         user->Pick(note.dtTime, base::DateTime::FromTime(9, 1, 0));
         user->Click(note.cmdAlarm);

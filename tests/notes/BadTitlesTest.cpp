@@ -117,7 +117,7 @@ TEST_F(BadTitles, ATitleInAFileNamesNoFileElsewhere) {
                        ".",
                        "CON"};
     for (const std::string& title : titles) {
-        files.PutFile(PathOf("strange"), NoteFile::Encode(Record(title, "text")));
+        files.PutFile(PathOf("strange"), NoteFile::Encode(Note(title)));
         Start(StandardCode::ReadNotes);
         frmNote& note = Editor(title);
         user->Restore(note);
@@ -125,7 +125,7 @@ TEST_F(BadTitles, ATitleInAFileNamesNoFileElsewhere) {
         const Names around = FilesAround();
         user->CloseBox(note);
         // The note stays in the file that it came from.
-        EXPECT_EQ(FileOf("strange"), NoteFile::Encode(Record(title, "typed"))) << title;
+        EXPECT_EQ(FileOf("strange"), NoteFile::Encode(Note(title, "typed"))) << title;
         EXPECT_EQ(FilesOfNotes(), Names{"strange.txt"}) << title;
         EXPECT_EQ(FilesAround(), around) << title;
         RestartProgram();
@@ -136,7 +136,7 @@ TEST_F(BadTitles, ErasingByAStrangeTitleErasesNothingElse) {
     files.PutFile("C:\\Jotwright\\kept.txt", "kept");
     const auto fresh = files;
     for (const char* title : {"..\\kept", "C:\\Jotwright\\kept"}) {
-        files.PutFile(PathOf("strange"), NoteFile::Encode(Record(title, "text")));
+        files.PutFile(PathOf("strange"), NoteFile::Encode(Note(title)));
         Start(StandardCode::ReadNotes);
         stage->improvise.box = [](const forms::BoxRequest&) { return forms::BoxResult::Yes; };
         user->Restore(Editor(title));

@@ -4,11 +4,13 @@
 
 #include "notes/NoteFile.h"
 #include "notes/NoteStore.h"
+#include "tests/support/Note.h"
 #include "tests/support/RuleDevices.h"
 
 namespace {
 
 using testing_support::ErrorOf;
+using testing_support::Note;
 using testing_support::RuleDevices;
 
 using base::DateTime;
@@ -19,15 +21,10 @@ const std::string byteOrderMark = "\xef\xbb\xbf";
 class NoteFileTest : public testing::Test, protected RuleDevices {
   protected:
     static NoteRecord Dentist() {
-        return {"Dentist",
-                "Call to move the appointment.\r\nAsk for a Friday.",
-                DateTime::FromDate(2004, 5, 14),
-                DateTime::FromTime(9, 30, 0),
-                5,
-                12,
-                "1",
-                1,
-                "yes"};
+        return Note("Dentist", "Call to move the appointment.\r\nAsk for a Friday.")
+            .WithAlarmAt(9, 30)
+            .WithSound()
+            .InColor(5);
     }
 
     static NoteRecord Decoded(const std::string& bytes) {

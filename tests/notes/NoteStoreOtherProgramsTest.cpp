@@ -12,7 +12,7 @@ using StandardCode::Shared;
 using NoteStoreOtherProgramsTest = testing_support::NoteStoreProgram;
 
 TEST_F(NoteStoreOtherProgramsTest, ADamagedFileOfAnOpenEditorIsKeptAndWrittenAgain) {
-    PutNote(Record("Dentist", "text"));
+    PutNote(Note("Dentist"));
     ReadAll();
     Advance(2000);
     files.PutFile(PathOf("Dentist"), "\"Dent");
@@ -31,12 +31,12 @@ TEST_F(NoteStoreOtherProgramsTest, ADamagedFileOfAnOpenEditorIsKeptAndWrittenAga
 TEST_F(NoteStoreOtherProgramsTest, AnErasedOrReplacedFileOfAnOpenEditorIsUnsaved) {
     for (const bool isErased : {true, false}) {
         files.PutFolder(folder);
-        PutNote(Record("Dentist", "text"));
+        PutNote(Note("Dentist"));
         ReadAll();
         if (isErased) {
             files.Remove(PathOf("Dentist"));
         } else {
-            PutNote(Record("Dentist", "by another program"));
+            PutNote(Note("Dentist", "by another program"));
         }
         Start([] { StandardCode::LoadNotesArray(); });
         Advance(2000);
@@ -50,9 +50,9 @@ TEST_F(NoteStoreOtherProgramsTest, AnErasedOrReplacedFileOfAnOpenEditorIsUnsaved
 }
 
 TEST_F(NoteStoreOtherProgramsTest, AnEditIsWrittenOverAFileThatWasChangedElsewhere) {
-    PutNote(Record("Dentist", "text"));
+    PutNote(Note("Dentist"));
     ReadAll();
-    PutNote(Record("Dentist", "by another program"));
+    PutNote(Note("Dentist", "by another program"));
     TypeInto(Editor("Dentist"), "typed here");
     user->CloseBox(Editor("Dentist"));
     EXPECT_EQ(Saved("Dentist").Text, "typed here");
@@ -61,10 +61,9 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditIsWrittenOverAFileThatWasChangedElsewhe
 }
 
 TEST_F(NoteStoreOtherProgramsTest, AFileThatCannotBeReadAnyMoreMakesItsEditorUnsaved) {
-    PutNote(Record("Dentist", "text"));
+    PutNote(Note("Dentist"));
     ReadAll();
-    files.PutFile(PathOf("Dentist"),
-                  "\"Dentist\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    PutNoteWithBadDate("Dentist");
     ExpectNotesArrayError("Error Number: 13) - Type mismatch");
     Start([] { StandardCode::LoadNotesArray(); });
     Advance(2000);
@@ -76,13 +75,12 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesItsChange) 
         SCOPED_TRACE(isFull ? "more than 100 files" : "behind a file that fails");
         files.PutFolder(folder);
         for (int i = 1; isFull && i <= 100; ++i) {
-            PutAs("Note " + std::to_string(1000 + i) + ".txt", Record("Note", "text"));
+            PutNoteAs("Note " + std::to_string(1000 + i) + ".txt", Note("Note"));
         }
-        PutAs("Zebra.txt", Record("Zebra", "stripes"));
+        PutNote(Note("Zebra", "stripes"));
         Start(StandardCode::ReadNotes);
         if (!isFull) {
-            files.PutFile(folder + "\\abad.txt",
-                          "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+            PutNoteWithBadDate("abad");
         }
         stage->improvise.box = [](const forms::BoxRequest&) { return BoxResult::Ok; };
         const auto load = [this] { Start([] { StandardCode::LoadNotesArray(); }); };
@@ -97,7 +95,7 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesItsChange) 
         load();
         load();
         EXPECT_EQ(isRead(), 0);
-        PutAs("Zebra.txt", Record("Zebra", "spots"));
+        PutNote(Note("Zebra", "spots"));
         load();
         EXPECT_TRUE(note.IsFileOther());
         EXPECT_EQ(isRead(), 1);
@@ -106,7 +104,7 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesItsChange) 
         Advance(2000);
         EXPECT_EQ(files.List(folder, ".recovery").size(), 1U);
         // Written again as it was, by a program that gives it another time.
-        PutAs("Zebra.txt", Record("Zebra", "stripes"));
+        PutNote(Note("Zebra", "stripes"));
         load();
         EXPECT_FALSE(note.IsFileOther());
         files.Remove(folder + "\\Zebra.txt");
@@ -121,12 +119,11 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesItsChange) 
 
 TEST_F(NoteStoreOtherProgramsTest, AFileInNoSlotThatWasHeldIsReadWhenItIsFree) {
     files.PutFolder(folder);
-    PutAs("Zebra.txt", Record("Zebra", "stripes"));
+    PutNote(Note("Zebra", "stripes"));
     Start(StandardCode::ReadNotes);
-    files.PutFile(folder + "\\abad.txt",
-                  "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    PutNoteWithBadDate("abad");
     stage->improvise.box = [](const forms::BoxRequest&) { return BoxResult::Ok; };
-    PutAs("Zebra.txt", Record("Zebra", "stripes"));
+    PutNote(Note("Zebra", "stripes"));
     files.SetDenied(folder + "\\Zebra.txt", true);
     Start([] { StandardCode::LoadNotesArray(); });
     const EditedNote& note = *StandardCode::Notes().FindOpen("Zebra.txt");
@@ -139,7 +136,7 @@ TEST_F(NoteStoreOtherProgramsTest, AFileInNoSlotThatWasHeldIsReadWhenItIsFree) {
 TEST_F(NoteStoreOtherProgramsTest, AFolderThatIsGoneForAMomentLeavesNothingUnsaved) {
     for (const bool isNoticed : {true, false}) {
         SCOPED_TRACE(isNoticed ? "the array is rebuilt" : "nobody looks when it is back");
-        PutNote(Record("Dentist", "text"));
+        PutNote(Note("Dentist"));
         ReadAll();
         const auto disk = files;
         files.Remove(PathOf("Dentist"));
@@ -156,16 +153,16 @@ TEST_F(NoteStoreOtherProgramsTest, AFolderThatIsGoneForAMomentLeavesNothingUnsav
             EXPECT_EQ(InFolder(), Names{"Dentist.txt"});
         }
         Advance(5000);
-        const auto before = files.Peek(PathOf("Dentist"));
+        const auto before = FileOf("Dentist");
         user->Restore(Editor("Dentist"));
         user->CloseBox(Editor("Dentist"));
-        EXPECT_EQ(files.Peek(PathOf("Dentist")), before);
+        EXPECT_EQ(FileOf("Dentist"), before);
         EXPECT_EQ(InFolder(), Names{"Dentist.txt"});
     }
 }
 
 TEST_F(NoteStoreOtherProgramsTest, AFileThatIsHeldForAMomentIsWaitedFor) {
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     ReadAll();
     TypeInto(Editor("Dentist"), "new");
     files.SetDenied(PathOf("Dentist"), true);
@@ -181,7 +178,7 @@ TEST_F(NoteStoreOtherProgramsTest, AFileThatIsHeldForAMomentIsWaitedFor) {
 }
 
 TEST_F(NoteStoreOtherProgramsTest, AFileThatStaysHeldIsReportedAfterASecondAndAHalf) {
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     ReadAll();
     TypeInto(Editor("Dentist"), "new");
     files.SetDenied(PathOf("Dentist"), true);

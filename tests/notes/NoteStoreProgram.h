@@ -17,11 +17,6 @@ class NoteStoreProgram : public NoteProgram {
 
     const std::string folder = applicationFolder + "\\Notes";
 
-    void PutAs(const std::string& file, const StandardCode::NoteRecord& record) {
-        files.PutFolder(folder);
-        files.PutFile(folder + '\\' + file, NoteFile::Encode(record));
-    }
-
     StandardCode::NoteRecord In(const std::string& file) {
         StandardCode::NoteRecord record;
         NoteFile::Decode(files.Peek(folder + '\\' + file).value_or(""), record);

@@ -17,9 +17,8 @@ class NoteStoreTest : public testing_support::NoteStoreProgram {
     // Loads the array from a damaged file and, behind it, the note "Zebra" in the given file.
     void LoadBehindADamagedFile(const std::string& file) {
         files.PutFolder(folder);
-        files.PutFile(folder + "\\abad.txt",
-                      "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
-        PutAs(file, Record("Zebra", "stripes"));
+        PutNoteWithBadDate("abad");
+        PutNoteAs(file, Note("Zebra", "stripes"));
         ExpectNotesArrayError("Error Number: 13) - Type mismatch");
         Start([] { StandardCode::LoadNotesArray(); });
     }
@@ -32,8 +31,8 @@ class NoteStoreTest : public testing_support::NoteStoreProgram {
 };
 
 TEST_F(NoteStoreTest, TwoFilesOfOneTitleAreTwoNotes) {
-    PutAs("Dentist.txt", Record("Dentist", "new"));
-    PutAs("Dentist_old.txt", Record("Dentist", "old"));
+    PutNote(Note("Dentist", "new"));
+    PutNoteAs("Dentist_old.txt", Note("Dentist", "old"));
     ReadAll();
     ASSERT_EQ(StandardCode::Notes().OpenNotes().size(), 2U);
     TypeInto(EditorOf("Dentist.txt"), "newest");
@@ -45,7 +44,7 @@ TEST_F(NoteStoreTest, TwoFilesOfOneTitleAreTwoNotes) {
 }
 
 TEST_F(NoteStoreTest, AFileWhoseNameDiffersFromItsTitleIsRewrittenInPlace) {
-    PutAs("x.txt", Record("Real title", "old"));
+    PutNoteAs("x.txt", Note("Real title", "old"));
     ReadAll();
     TypeInto(EditorOf("x.txt"), "new");
     CloseAll();
@@ -55,8 +54,8 @@ TEST_F(NoteStoreTest, AFileWhoseNameDiffersFromItsTitleIsRewrittenInPlace) {
 }
 
 TEST_F(NoteStoreTest, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
-    PutAs("a.txt", Record("a", "neighbour"));
-    PutAs("x.txt", Record("", "old"));
+    PutNote(Note("a", "neighbour"));
+    PutNoteAs("x.txt", Note("", "old"));
     ReadAll();
     EXPECT_EQ(EditorOf("x.txt").caption(), "");
     TypeInto(EditorOf("x.txt"), "typed");
@@ -81,11 +80,7 @@ TEST_F(NoteStoreTest, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
 }
 
 TEST_F(NoteStoreTest, ANoteWithoutATitleRingsAndTurnsOffTheAlarmOfItsFile) {
-    auto record = Record("", "text");
-    record.AlarmState = "1";
-    record.AudioAlarm = 1;
-    record.AlarmTime = DateTime::FromTime(9, 0, 5);
-    PutAs("x.txt", record);
+    PutNoteAs("x.txt", Note("").WithAlarmAt(9, 0, 5).WithSound());
     ReadAll();
     ExpectEditorAlarm();
     Advance(10'000);
@@ -95,10 +90,8 @@ TEST_F(NoteStoreTest, ANoteWithoutATitleRingsAndTurnsOffTheAlarmOfItsFile) {
 }
 
 TEST_F(NoteStoreTest, TheAlarmDisplayOfANoteWithoutATitleGoesByItsFile) {
-    auto record = Record("", "text");
-    record.AlarmState = "1";
-    PutAs("a.txt", Record("a", "neighbour"));
-    PutAs("x.txt", record);
+    PutNote(Note("a", "neighbour"));
+    PutNoteAs("x.txt", Note("").WithAlarm());
     Start([] { StandardCode::LoadNotesArray(); });
     for (const BoxResult answer : {BoxResult::No, BoxResult::Yes}) {
         std::shared_ptr<frmDisplayNote> display;
@@ -116,8 +109,8 @@ TEST_F(NoteStoreTest, TheAlarmDisplayOfANoteWithoutATitleGoesByItsFile) {
 }
 
 TEST_F(NoteStoreTest, EachOfTwoNotesOfOneTitleIsErasedAndOpenedByItself) {
-    PutAs("Dentist.txt", Record("Dentist", "new"));
-    PutAs("Dentist_old.txt", Record("Dentist", "old"));
+    PutNote(Note("Dentist", "new"));
+    PutNoteAs("Dentist_old.txt", Note("Dentist", "old"));
     Start([] { StandardCode::LoadNotesArray(); });
     Start([] { StandardCode::OpenNote(2); });
     EXPECT_EQ(EditorOf("Dentist_old.txt").txtNote.text(), "old");
@@ -131,10 +124,8 @@ TEST_F(NoteStoreTest, EachOfTwoNotesOfOneTitleIsErasedAndOpenedByItself) {
 }
 
 TEST_F(NoteStoreTest, ABlankAtTheEndOfATitleMakesAnotherNote) {
-    PutAs("Dentist.txt", Record("Dentist", "one"));
-    auto other = Record("Dentist ", "two");
-    other.AlarmState = "1";
-    PutAs("Dentist .txt", other);
+    PutNote(Note("Dentist", "one"));
+    PutNote(Note("Dentist ", "two").WithAlarm());
     Start([] { StandardCode::LoadNotesArray(); });
     ASSERT_EQ(Shared().NotesArray[1].Title, "Dentist ");
     for (const BoxResult answer : {BoxResult::No, BoxResult::Yes}) {
@@ -152,13 +143,13 @@ TEST_F(NoteStoreTest, ABlankAtTheEndOfATitleMakesAnotherNote) {
 }
 
 TEST_F(NoteStoreTest, AnotherNotesFileGoesToTheRecycleBinBeforeANewNoteTakesIt) {
-    PutAs("Shopping.txt", Record("Shopping", "milk"));
+    PutNote(Note("Shopping", "milk"));
     ReadAll();
     frmNote& other = MakeNote("shopping", "bread");
     user->CloseBox(other);
     EXPECT_EQ(In("Shopping.txt").Text, "bread");
     ASSERT_EQ(files.RecycleBin(), Names{folder + "\\Shopping.txt"});
-    EXPECT_EQ(files.RecycledBytes()[0], NoteFile::Encode(Record("Shopping", "milk")));
+    EXPECT_EQ(files.RecycledBytes()[0], NoteFile::Encode(Note("Shopping", "milk")));
     // The open editor of that file knows that its text is unsaved.
     Advance(3000);
     EXPECT_EQ(InFolder().size(), 2U);
@@ -171,7 +162,7 @@ TEST_F(NoteStoreTest, AnotherNotesFileGoesToTheRecycleBinBeforeANewNoteTakesIt) 
 
 TEST_F(NoteStoreTest, WithoutARecycleBinTheOldFileIsKeptUnderAnotherName) {
     files.SetRecycleBin(false);
-    PutAs("Shopping.txt", Record("Shopping", "milk"));
+    PutNote(Note("Shopping", "milk"));
     for (const char* text : {"bread", "butter"}) {
         user->CloseBox(MakeNote("shopping", text));
     }
@@ -196,7 +187,7 @@ TEST_F(NoteStoreTest, OfTwoNewNotesOfOneTitleBothTextsAreKept) {
 
 TEST_F(NoteStoreTest, AKillBetweenTheRecycleBinAndTheNewFileLosesNeither) {
     using forms::headless::MemoryFiles;
-    const std::string milk = NoteFile::Encode(Record("Shopping", "milk"));
+    const std::string milk = NoteFile::Encode(Note("Shopping", "milk"));
     for (const bool hasRecycleBin : {true, false}) {
         files.SetRecycleBin(hasRecycleBin);
         bool isKilled = true;
@@ -209,7 +200,7 @@ TEST_F(NoteStoreTest, AKillBetweenTheRecycleBinAndTheNewFileLosesNeither) {
                 for (const std::string& name : InFolder()) {
                     files.Remove(folder + '\\' + name);
                 }
-                PutAs("Shopping.txt", Record("Shopping", "milk"));
+                PutNote(Note("Shopping", "milk"));
                 const std::size_t recycled = files.RecycledBytes().size();
                 frmNote& other = MakeNote("shopping", "bread");
                 files.KillAt(step, moment);
@@ -246,7 +237,7 @@ TEST_F(NoteStoreTest, TheLettersOfTheExtensionDoNotFreeATitle) {
     ExpectOnlyZebraIsTaken();
     // Once it is in a slot, the title of the note decides.
     files.Remove(folder + "\\abad.txt");
-    PutAs("Zebra.TXT", Record("Horse", "stripes"));
+    PutNoteAs("Zebra.TXT", Note("Horse", "stripes"));
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_FALSE(StandardCode::Notes().IsTaken("Zebra"));
 }
@@ -262,8 +253,8 @@ TEST_F(NoteStoreTest, TitlesInAnySlotAreTakenExactly) {
 }
 
 TEST_F(NoteStoreTest, OneBadFileIsReportedOnceUntilTheFolderChanges) {
-    PutAs("a.txt", Record("a", "text"));
-    PutAs("b.txt", Record("b", "text"));
+    PutNote(Note("a"));
+    PutNote(Note("b"));
     files.SetDenied(folder + "\\b.txt", true);
     const auto expectReport = [this] {
         ExpectNotesArrayError("Error Number: 70) - Permission denied");
@@ -275,10 +266,10 @@ TEST_F(NoteStoreTest, OneBadFileIsReportedOnceUntilTheFolderChanges) {
     });
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_FALSE(stage->HasExpectations());
-    PutAs("a.txt", Record("a", "changed"));
+    PutNote(Note("a", "changed"));
     expectReport();
     Start([] { StandardCode::LoadNotesArray(); });
-    PutAs("a.txt", Record("a", "changed again"));
+    PutNote(Note("a", "changed again"));
     Start([] {
         const NoteStore::Quiet quiet(StandardCode::Notes());
         StandardCode::LoadNotesArray();
@@ -287,7 +278,7 @@ TEST_F(NoteStoreTest, OneBadFileIsReportedOnceUntilTheFolderChanges) {
 
 TEST_F(NoteStoreTest, TheHundredAndFirstFileIsReportedOnceForEachAction) {
     for (int i = 1; i <= 101; ++i) {
-        PutAs("Note " + std::to_string(1000 + i) + ".txt", Record("Note", "text"));
+        PutNoteAs("Note " + std::to_string(1000 + i) + ".txt", Note("Note"));
     }
     for (int action = 1; action <= 2; ++action) {
         ExpectNotesArrayError("Error Number: 9) - Subscript out of range");
@@ -327,20 +318,18 @@ TEST_F(NoteStoreTest, TheAlarmOfAFileWithTwoEditorsRingsInTheOneThatSavedIt) {
         NoteAlarmsCheck::DisplayDue(base::Combine(forms::Today(), DateTime::FromTime(12, 0, 0)));
     EXPECT_EQ(opened.last, nullptr);
     // If neither shows what the file holds, it is the first.
-    PutNote(Record("Same", "by another program"));
+    PutNote(Note("Same", "by another program"));
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_EQ(&StandardCode::Notes().FindOpen("Same.txt")->Editor().Window(), &first);
 }
 
 TEST_F(NoteStoreTest, AnAlarmDisplayPutsANewerTextAside) {
-    auto record = Record("Dentist", "old");
-    record.AlarmState = "1";
-    PutNote(record);
+    PutNote(Note("Dentist", "old").WithAlarm());
     Start([] { StandardCode::LoadNotesArray(); });
     std::shared_ptr<frmDisplayNote> display;
     Start([&] { display = StandardCode::DisplayNote(1); });
     user->Type(display->lblNoteText, "two words");
-    PutNote(Record("Dentist", "a whole page"));
+    PutNote(Note("Dentist", "a whole page"));
     ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_EQ(Saved("Dentist").Text, "two words");
@@ -360,12 +349,12 @@ TEST_F(NoteStoreTest, ADamagedFileIsRenamedIfThereIsNoRecycleBin) {
 TEST_F(NoteStoreTest, AWholeLeftoverBecomesTheNoteThatIsMissing) {
     files.PutFolder(folder);
     const std::string mine = folder + "\\~Jotwright-0123456789abcdef-3.tmp";
-    files.PutFile(mine, NoteFile::Encode(Record("Lost", "found")));
+    files.PutFile(mine, NoteFile::Encode(Note("Lost", "found")));
     files.PutFile(folder + "\\~Jotwright-0123456789abcdef-4.tmp",
-                  NoteFile::Encode(Record("Half", "gone")).substr(0, 20));
-    PutNote(Record("There", "saved"));
+                  NoteFile::Encode(Note("Half", "gone")).substr(0, 20));
+    PutNote(Note("There", "saved"));
     files.PutFile(folder + "\\~Jotwright-0123456789abcdef-5.tmp",
-                  NoteFile::Encode(Record("There", "older")));
+                  NoteFile::Encode(Note("There", "older")));
     files.PutFile(folder + "\\~Jotwright-00000000000000ff-1.tmp", "of a program that runs");
     files.SetLocked(folder + "\\~Jotwright-00000000000000ff.lock", true);
     files.PutFile(folder + "\\~Jotwright report.tmp", "the user's");

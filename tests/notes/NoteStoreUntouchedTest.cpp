@@ -15,9 +15,7 @@ class NoteStoreUntouchedTest : public testing_support::NoteStoreProgram {
     // The open note "Dentist" rings at 9:00:05 and is not touched; its saved record.
     StandardCode::NoteRecord LetDentistRing() {
         SetNow(2004, 5, 14, 9, 0, 0);
-        auto record = Record("Dentist", "text");
-        record.AlarmState = "1";
-        record.AlarmTime = DateTime::FromTime(9, 0, 5);
+        const Note record = Note("Dentist").WithAlarmAt(9, 0, 5);
         PutNote(record);
         ReadAll();
         Advance(10'000);
@@ -31,18 +29,15 @@ class NoteStoreUntouchedTest : public testing_support::NoteStoreProgram {
 };
 
 TEST_F(NoteStoreUntouchedTest, StartAndExitWithNothingTouchedChangeNoByte) {
-    PutAs("a.txt", Record("a", "plain"));
-    PutAs("b.txt", Record("b", "5\" pipe, \"quoted\", and \"\r\n\""));
-    PutAs("c.txt", Record("c", "umlaut \xc3\xa4 snowman \xe2\x98\x83"));
+    PutNote(Note("a", "plain"));
+    PutNote(Note("b", "5\" pipe, \"quoted\", and \"\r\n\""));
+    PutNote(Note("c", "umlaut \xc3\xa4 snowman \xe2\x98\x83"));
     files.PutFile(folder + "\\d.txt",
-                  NoteFile::Encode(Record("d", "fired"), NoteFile::TimeField::RewrittenText));
+                  NoteFile::Encode(Note("d", "fired"), NoteFile::TimeField::RewrittenText));
     files.PutFile(
         folder + "\\e.txt",
         "\"e\",\"lone\nbreak \x81 \xe4\",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
-    auto gray = Record("g", "gray, of 11 points");
-    gray.ColorIndex = 6;
-    gray.FontSize = 11;
-    PutAs("g.txt", gray);
+    PutNote(Note("g", "gray, of 11 points").InColor(6).InPoints(11));
     files.PutFile(folder + "\\f.txt",
                   "\"f\",\"spaced\" , #2004-05-14#, #12:00:00#, 1, 12, \"0\", 0, \"yes\"");
     const auto before = Folder();

@@ -21,21 +21,11 @@ class NotesArrayTest : public testing_support::ProductProgram {
         StandardCode::Events().NotesArrayLoaded.Subscribe([this] { ++timesLoaded; });
     }
 
-    static NoteRecord Note(const std::string& title) {
-        return {title,
-                "Text of " + title,
-                DateTime::FromDate(2004, 5, 14),
-                DateTime::FromTime(9, 30, 0),
-                5,
-                12,
-                "1",
-                1,
-                "yes"};
+    static Note DueNote(const std::string& title) {
+        return Note(title, "Text of " + title).WithAlarmAt(9, 30).WithSound().InColor(5);
     }
-
-    void PutNote(const std::string& title) {
-        files.PutFile(NotePath(title), NoteFile::Encode(Note(title)));
-    }
+    using ProductProgram::PutNote;
+    void PutNote(const std::string& title) { PutNote(DueNote(title)); }
 
     void Load() {
         Start([] { LoadNotesArray(); });
@@ -83,7 +73,7 @@ TEST_F(NotesArrayTest, SlotsFollowTheListing) {
     Load();
     EXPECT_EQ(Shared().NoteCount, 3);
     EXPECT_EQ(Titles(), (std::vector<std::string>{"a", "b", "C"}));
-    EXPECT_EQ(Shared().NotesArray[3], Note("C"));
+    EXPECT_EQ(Shared().NotesArray[3], DueNote("C"));
     EXPECT_EQ(Shared().NotesArray[4], NoteRecord{});
 }
 
@@ -99,13 +89,13 @@ TEST_F(NotesArrayTest, NotesThatAreGoneLeaveEmptySlots) {
 }
 
 TEST_F(NotesArrayTest, TitleComesFromTheFileNotItsName) {
-    files.PutFile(NotePath("x"), NoteFile::Encode(Note("Real title")));
+    PutNoteAs("x.txt", DueNote("Real title"));
     Load();
     EXPECT_EQ(Shared().NotesArray[1].Title, "Real title");
 }
 
 TEST_F(NotesArrayTest, RewrittenNoteIsLoaded) {
-    NoteRecord record = Note("a");
+    Note record = DueNote("a");
     record.AlarmState = "0";
     files.PutFile(NotePath("a"), NoteFile::Encode(record, NoteFile::TimeField::RewrittenText));
     Load();
@@ -199,8 +189,8 @@ TEST_F(NotesArrayTest, UnchangedFilesAreNotReadAgain) {
     files.ClearLog();
     Load();
     EXPECT_TRUE(files.Log().empty());
-    EXPECT_EQ(Shared().NotesArray[1], Note("a"));
-    EXPECT_EQ(Shared().NotesArray[2], Note("b"));
+    EXPECT_EQ(Shared().NotesArray[1], DueNote("a"));
+    EXPECT_EQ(Shared().NotesArray[2], DueNote("b"));
     PutNote("a");
     Load();
     EXPECT_EQ(files.Log(), std::vector<std::string>{"read " + NotePath("a")});
@@ -243,7 +233,7 @@ TEST_F(NotesArrayTest, OwnSavingsAreSeenWhateverTheFileTimeSays) {
     CoarseClockFiles coarse;
     coarse.PutFolder(StandardCode::NotesFolder());
     forms::Machine().files = &coarse;
-    NoteRecord record = Note("Caf\xc3\xa9");
+    NoteRecord record = DueNote("Caf\xc3\xa9");
     StandardCode::Notes().Write("Caf\xc3\xa9.txt", record);
     Load();
     EXPECT_EQ(Shared().NotesArray[1].AlarmState, "1");
@@ -255,11 +245,11 @@ TEST_F(NotesArrayTest, OwnSavingsAreSeenWhateverTheFileTimeSays) {
 }
 
 TEST_F(NotesArrayTest, SavingWritesTheFormAskedFor) {
-    StandardCode::Notes().Write("a.txt", Note("a"));
-    EXPECT_EQ(files.Peek(NotePath("a")), NoteFile::Encode(Note("a")));
-    StandardCode::Notes().Write("a.txt", Note("a"), NoteFile::TimeField::RewrittenText);
+    StandardCode::Notes().Write("a.txt", DueNote("a"));
+    EXPECT_EQ(files.Peek(NotePath("a")), NoteFile::Encode(DueNote("a")));
+    StandardCode::Notes().Write("a.txt", DueNote("a"), NoteFile::TimeField::RewrittenText);
     EXPECT_EQ(files.Peek(NotePath("a")),
-              NoteFile::Encode(Note("a"), NoteFile::TimeField::RewrittenText));
+              NoteFile::Encode(DueNote("a"), NoteFile::TimeField::RewrittenText));
 }
 
 TEST_F(NotesArrayTest, FolderIsMadeWhereItIsMissing) {
@@ -277,7 +267,7 @@ TEST_F(NotesArrayTest, WriteErrorsAreReported) {
     files.SetDenied(NotePath("a"), true);
     Start([&] {
         saved = StandardCode::ReportWriteErrors(
-            [] { StandardCode::Notes().Write("a.txt", Note("b")); });
+            [] { StandardCode::Notes().Write("a.txt", DueNote("b")); });
     });
     EXPECT_FALSE(saved);
 }
@@ -286,7 +276,7 @@ TEST_F(NotesArrayTest, TitleThatIsNoFileNameIsReported) {
     ExpectWriteError("52 - Bad file name or number");
     Start([&] {
         StandardCode::ReportWriteErrors(
-            [] { StandardCode::Notes().Write("what?.txt", Note("what?")); });
+            [] { StandardCode::Notes().Write("what?.txt", DueNote("what?")); });
     });
     EXPECT_TRUE(files.Names(StandardCode::NotesFolder()).empty());
 }

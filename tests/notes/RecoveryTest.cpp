@@ -30,7 +30,7 @@ class RecoveryTest : public testing_support::NoteProgram {
 };
 
 TEST_F(RecoveryTest, TypingIsKeptWithinTwoSeconds) {
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     Start(StandardCode::ReadNotes);
     user->Restore(Editor("Dentist"));
     user->Type(Editor("Dentist").txtNote, "new \"quoted\"\r\nlines");
@@ -87,20 +87,20 @@ TEST_F(RecoveryTest, TheListOfNotesDoesNotShowCopies) {
 }
 
 TEST_F(RecoveryTest, EveryOrderlyEndRemovesTheCopy) {
-    frmNote& dropped = OpenThroughPanel(Record("Dropped", "old"));
+    frmNote& dropped = OpenThroughPanel(Note("Dropped", "old"));
     user->Type(dropped.txtNote, "old and new");
     Advance(2000);
     ExpectSaveQuestion(BoxResult::No);
     user->CloseBox(dropped);
     EXPECT_EQ(FilesOfNotes(), Names{"Dropped.txt"});
 
-    frmNote& unnoticed = OpenThroughPanel(Record("Dropped", "old"));
+    frmNote& unnoticed = OpenThroughPanel(Note("Dropped", "old"));
     user->Type(unnoticed.txtNote, "new");
     Advance(2000);
     user->CloseBox(unnoticed);
     EXPECT_EQ(FilesOfNotes(), Names{"Dropped.txt"});
 
-    frmNote& erased = OpenThroughPanel(Record("Dropped", "old"));
+    frmNote& erased = OpenThroughPanel(Note("Dropped", "old"));
     user->Type(erased.txtNote, "new");
     Advance(2000);
     ExpectKillNoteQuestion("DROPPED", BoxResult::Yes);
@@ -120,7 +120,7 @@ TEST_F(RecoveryTest, EveryOrderlyEndRemovesTheCopy) {
 }
 
 TEST_F(RecoveryTest, ARecoveredTextIsDroppedAsAnyEdit) {
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     Start(StandardCode::ReadNotes);
     user->Restore(Editor("Dentist"));
     user->Type(Editor("Dentist").txtNote, "new");
@@ -144,10 +144,7 @@ TEST_F(RecoveryTest, ASecondKillLosesNothing) {
 }
 
 TEST_F(RecoveryTest, ColorAndAlarmOfTheNoteStay) {
-    auto record = Record("Dentist", "old");
-    record.ColorIndex = 3;
-    record.AlarmState = "1";
-    PutNote(record);
+    PutNote(Note("Dentist", "old").WithAlarm().InColor(3));
     Start(StandardCode::ReadNotes);
     user->Restore(Editor("Dentist"));
     user->Type(Editor("Dentist").txtNote, "new");
@@ -260,7 +257,7 @@ TEST_F(RecoveryTest, ACopyThatCannotBeReadIsNotWrittenOver) {
 }
 
 TEST_F(RecoveryTest, ARestoredNoteThatIsLeftAloneNeedsNoCopy) {
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     Start(StandardCode::ReadNotes);
     files.ClearLog();
     Advance(3000);
@@ -270,7 +267,7 @@ TEST_F(RecoveryTest, ARestoredNoteThatIsLeftAloneNeedsNoCopy) {
 TEST_F(RecoveryTest, ACopyOfWhatWasSavedAfterAllIsNoEdit) {
     MakeNote("Dentist", "typed");
     Advance(2000);
-    PutNote(Record("Dentist", "typed"));
+    PutNote(Note("Dentist", "typed"));
     KillAndStartAgain();
     EXPECT_EQ(FilesOfNotes(), Names{"Dentist.txt"});
     frmNote& note = Editor("Dentist");
@@ -282,7 +279,7 @@ TEST_F(RecoveryTest, ACopyOfWhatWasSavedAfterAllIsNoEdit) {
 }
 
 TEST_F(RecoveryTest, AKillAtAnyStepOfTheCopyLosesOnlyTheLastSeconds) {
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     for (int step = 1; step <= 12; ++step) {
         for (const auto moment : {forms::headless::MemoryFiles::Moment::Before,
                                   forms::headless::MemoryFiles::Moment::Middle,
@@ -309,7 +306,7 @@ TEST_F(RecoveryTest, AKillAtAnyStepOfTheCopyLosesOnlyTheLastSeconds) {
 }
 
 TEST_F(RecoveryTest, AnAlarmAColorAndASizeThatWereNotSavedComeBackAndTheAlarmRings) {
-    PutNote(Record("Dentist", "text"));
+    PutNote(Note("Dentist"));
     Start(StandardCode::ReadNotes);
     frmNote& note = Editor("Dentist");
     user->Restore(note);
@@ -332,10 +329,7 @@ TEST_F(RecoveryTest, AnAlarmAColorAndASizeThatWereNotSavedComeBackAndTheAlarmRin
 }
 
 TEST_F(RecoveryTest, AnAlarmThatWasTurnedOffAndNotSavedStaysOff) {
-    auto record = Record("Dentist", "text");
-    record.AlarmState = "1";
-    record.AlarmTime = base::DateTime::FromTime(9, 1, 0);
-    PutNote(record);
+    PutNote(Note("Dentist").WithAlarmAt(9, 1));
     Start(StandardCode::ReadNotes);
     user->Restore(Editor("Dentist"));
     user->Click(Editor("Dentist").cmdAlarm);
@@ -347,10 +341,7 @@ TEST_F(RecoveryTest, AnAlarmThatWasTurnedOffAndNotSavedStaysOff) {
 }
 
 TEST_F(RecoveryTest, AnAlarmThatRangNeedsNoCopy) {
-    auto record = Record("Dentist", "text");
-    record.AlarmState = "1";
-    record.AlarmTime = base::DateTime::FromTime(9, 0, 5);
-    PutNote(record);
+    PutNote(Note("Dentist").WithAlarmAt(9, 0, 5));
     Start(StandardCode::ReadNotes);
     Advance(10'000);
     EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Set Alarm");
@@ -360,7 +351,7 @@ TEST_F(RecoveryTest, AnAlarmThatRangNeedsNoCopy) {
 // A scanner holds the copy while the note is saved and closed; the copy then says less than the
 // file.
 TEST_F(RecoveryTest, ACopyThatCouldNotBeRemovedNeverTakesThePlaceOfASavedText) {
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     Start(StandardCode::ReadNotes);
     user->Restore(Editor("Dentist"));
     user->Type(Editor("Dentist").txtNote, "first half");
@@ -383,13 +374,13 @@ TEST_F(RecoveryTest, ACopyThatCouldNotBeRemovedNeverTakesThePlaceOfASavedText) {
 }
 
 TEST_F(RecoveryTest, ACopyOfAnOlderFileComesUpBesideTheNote) {
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     Start(StandardCode::ReadNotes);
     user->Restore(Editor("Dentist"));
     user->Type(Editor("Dentist").txtNote, "typed");
     Advance(2000);
     RestartProgram();
-    PutNote(Record("Dentist", "by another machine"));
+    PutNote(Note("Dentist", "by another machine"));
     Start(StandardCode::ReadNotes);
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "by another machine");
     EXPECT_EQ(Editor("Dentist").windowState(), forms::WindowState::Minimized);
@@ -405,14 +396,14 @@ TEST_F(RecoveryTest, ANewNoteWhoseTitleWasTakenMeanwhileComesUpBesideTheOther) {
     MakeNote("Dentist", "typed");
     Advance(2000);
     RestartProgram();
-    PutNote(Record("Dentist", "by another machine"));
+    PutNote(Note("Dentist", "by another machine"));
     Start(StandardCode::ReadNotes);
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "by another machine");
     EXPECT_EQ(Editor("Dentist (recovered)").txtNote.text(), "typed");
 }
 
 TEST_F(RecoveryTest, ACopyOfAProgramThatRunsIsLeftAlone) {
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     Start(StandardCode::ReadNotes);
     user->Restore(Editor("Dentist"));
     user->Type(Editor("Dentist").txtNote, "typed");
@@ -435,7 +426,7 @@ TEST_F(RecoveryTest, ACopyOfAProgramThatRunsIsLeftAlone) {
 }
 
 TEST_F(RecoveryTest, ATornCopyComesUpBesideTheNote) {
-    PutNote(Record("Dentist", "saved"));
+    PutNote(Note("Dentist", "saved"));
     Start(StandardCode::ReadNotes);
     user->Restore(Editor("Dentist"));
     user->Type(Editor("Dentist").txtNote, "typed before the power went");
@@ -453,7 +444,7 @@ TEST_F(RecoveryTest, ATornCopyComesUpBesideTheNote) {
 }
 
 TEST_F(RecoveryTest, ACopyAndAFileThatAreHeldForAMomentAtTheStartAreWaitedFor) {
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     Start(StandardCode::ReadNotes);
     user->Restore(Editor("Dentist"));
     user->Type(Editor("Dentist").txtNote, "typed");
@@ -478,14 +469,14 @@ TEST_F(RecoveryTest, ACopyAndAFileThatAreHeldForAMomentAtTheStartAreWaitedFor) {
 }
 
 TEST_F(RecoveryTest, ACopyIsNotDroppedForANoteWhoseTitleBeginsAlike) {
-    PutNote(Record("ABC", "typed"));
-    PutNote(Record("A", "old"));
+    PutNote(Note("ABC", "typed"));
+    PutNote(Note("A", "old"));
     Start(StandardCode::ReadNotes);
     user->Restore(Editor("A"));
     user->Type(Editor("A").txtNote, "typed");
     Advance(2000);
     RestartProgram();
-    PutNote(Record("A", "by another machine"));
+    PutNote(Note("A", "by another machine"));
     Start(StandardCode::ReadNotes);
     EXPECT_EQ(Editor("A (recovered)").txtNote.text(), "typed");
     // One that was saved under such a title is.
@@ -494,7 +485,7 @@ TEST_F(RecoveryTest, ACopyIsNotDroppedForANoteWhoseTitleBeginsAlike) {
     RecoveredNote again;
     again.file = "A.txt";
     again.base = 1;
-    again.record = Record("A", "typed");
+    again.record = Note("A", "typed");
     RecoveryCopy().Keep(again);
     KillAndStartAgain();
     EXPECT_EQ(StandardCode::NoteTitles(), (Names{"A (recovered)", "A", "ABC"}));
@@ -502,7 +493,7 @@ TEST_F(RecoveryTest, ACopyIsNotDroppedForANoteWhoseTitleBeginsAlike) {
 }
 
 TEST_F(RecoveryTest, AMissingAlarmIconDoesNotCostTheAlarmOfACopy) {
-    PutNote(Record("Dentist", "text"));
+    PutNote(Note("Dentist"));
     Start(StandardCode::ReadNotes);
     user->Restore(Editor("Dentist"));
     user->Pick(Editor("Dentist").dtTime, base::DateTime::FromTime(17, 0, 0));
@@ -525,14 +516,14 @@ TEST_F(RecoveryTest, AMissingAlarmIconDoesNotCostTheAlarmOfACopy) {
 TEST_F(RecoveryTest, ARecoveredNoteWithALongTitleCanBeSaved) {
     // With its folder and extension, as long as a path may be.
     const std::string title(259 - std::string("C:\\Jotwright\\Notes\\.txt").size(), 'x');
-    PutNote(Record(title, "old"));
+    PutNote(Note(title, "old"));
     Start(StandardCode::ReadNotes);
     for (const char* text : {"first", "second"}) {
         user->Restore(Editor(title));
         user->Type(Editor(title).txtNote, text);
         Advance(2000);
         RestartProgram();
-        PutNote(Record(title, std::string("newer than the ") + text));
+        PutNote(Note(title, std::string("newer than the ") + text));
         Start(StandardCode::ReadNotes);
         ASSERT_EQ(StandardCode::NoteTitles().size(), *text == 'f' ? 2U : 3U);
         const std::string beside =
@@ -544,9 +535,7 @@ TEST_F(RecoveryTest, ARecoveredNoteWithALongTitleCanBeSaved) {
 }
 
 TEST_F(RecoveryTest, ACopyOfAnEarlierVersionComesUpBesideTheNote) {
-    auto record = Record("Dentist", "saved");
-    record.ColorIndex = 3;
-    PutNote(record);
+    PutNote(Note("Dentist", "saved").InColor(3));
     const auto put = [this](const std::string& title, const std::string& text) {
         files.PutFile("C:\\Jotwright\\Notes\\~" + title + ".recovery",
                       "Jotwright recovery copy\r\n" + std::to_string(title.size()) + "\r\n" +
@@ -554,7 +543,7 @@ TEST_F(RecoveryTest, ACopyOfAnEarlierVersionComesUpBesideTheNote) {
     };
     put("Dentist", "typed \"quoted\",\r\nlines \xc3\xa4");
     put("New", "never saved");
-    PutNote(Record("Same", "saved after all"));
+    PutNote(Note("Same", "saved after all"));
     put("Same", "saved after all");
     KillAndStartAgain();
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "saved");
@@ -588,7 +577,7 @@ TEST_F(RecoveryTest, TwoProgramsThatWriteACopyInTheSameMomentDoNotShareIt) {
         system.instanceId = instance;
         StandardCode::Shared().RecoveryPaths.clear();
         RecoveredNote note;
-        note.record = Record("Dentist", instance);
+        note.record = Note("Dentist", instance);
         RecoveryCopy().Keep(note);
     }
     EXPECT_EQ(disk.Names("C:\\Jotwright\\Notes").size(), 2U);

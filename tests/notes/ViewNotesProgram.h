@@ -27,24 +27,9 @@ class ViewNotes : public ProductProgram {
         StandardCode::ConnectControlPanel();
     }
 
-    static StandardCode::NoteRecord Note(const std::string& title, const char* alarmState = "0") {
-        StandardCode::NoteRecord note;
-        note.Title = title;
-        note.Text = "Text of " + title;
-        note.AlarmDate = base::DateTime::FromDate(2004, 5, 14);
-        note.AlarmTime = base::DateTime::FromTime(9, 30, 0);
-        note.ColorIndex = 1;
-        note.FontSize = 12;
-        note.AlarmState = alarmState;
-        return note;
-    }
-    void Put(const std::string& fileName, const StandardCode::NoteRecord& note) {
-        files.PutFile(folder + "\\" + fileName + ".txt", NoteFile::Encode(note));
-    }
-    void Put(const std::string& title) { Put(title, Note(title)); }
     void PutMany(int count) {
         for (int i = 1; i <= count; ++i) {
-            Put("Note " + std::to_string(1000 + i));
+            PutNote(Note("Note " + std::to_string(1000 + i)));
         }
     }
 

@@ -12,10 +12,7 @@ class EditedUnderItsDisplay : public testing_support::NoteProgram {
   protected:
     void SetUp() override {
         NoteProgram::SetUp();
-        auto record = Record("Dentist", "old");
-        record.AlarmTime = base::DateTime::FromTime(9, 30, 0);
-        record.AlarmState = "1";
-        PutNote(record);
+        PutNote(Note("Dentist", "old").WithAlarmAt(9, 30));
         Start([this] {
             StandardCode::LoadNotesArray();
             display = StandardCode::DisplayNote(1);

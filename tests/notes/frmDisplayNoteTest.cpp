@@ -23,14 +23,6 @@ using StandardCode::Shared;
 
 const std::string buzzer = "C:\\Jotwright\\Alarm buzzer.wav";
 
-struct Given {
-    std::string Title;
-    std::string Text = {};
-    std::int16_t ColorIndex = 0;
-    std::int16_t FontSize = 0;
-    std::int16_t AudioAlarm = 0;
-};
-
 class AlarmDisplay : public testing_support::ProductProgram {
   protected:
     void SetUp() override {
@@ -38,15 +30,7 @@ class AlarmDisplay : public testing_support::ProductProgram {
         Shared().AlarmSoundPath = buzzer;
     }
 
-    static void Fill(const Given& given, int slot = 1) {
-        StandardCode::NoteRecord& note = Shared().NotesArray[slot];
-        note = StandardCode::NoteRecord{};
-        note.Title = given.Title;
-        note.Text = given.Text;
-        note.ColorIndex = given.ColorIndex;
-        note.FontSize = given.FontSize;
-        note.AudioAlarm = given.AudioAlarm;
-    }
+    static void Fill(const Note& note, int slot = 1) { Shared().NotesArray[slot] = note; }
 
     std::shared_ptr<frmDisplayNote> Display(int slot = 1) {
         std::shared_ptr<frmDisplayNote> display;
@@ -55,7 +39,7 @@ class AlarmDisplay : public testing_support::ProductProgram {
     }
 
     std::shared_ptr<frmDisplayNote> DisplayColor(std::int16_t index) {
-        Fill({.Title = "Dentist", .Text = "call", .ColorIndex = index, .FontSize = 12});
+        Fill(Note("Dentist", "call").InColor(index));
         return Display();
     }
 
@@ -73,7 +57,7 @@ class AlarmDisplay : public testing_support::ProductProgram {
 };
 
 TEST_F(AlarmDisplay, ShowsTheNote) {
-    Fill({.Title = "Dentist", .Text = "line 1\r\nline 2", .ColorIndex = 5, .FontSize = 14});
+    Fill(Note("Dentist", "line 1\r\nline 2").InColor(5).InPoints(14));
     const auto display = Display();
     ASSERT_TRUE(display);
     EXPECT_TRUE(display->IsVisible());
@@ -114,17 +98,17 @@ TEST_F(AlarmDisplay, KeepsItsDesignColoursForAnyOtherIndex) {
 
 TEST_F(AlarmDisplay, TakesTheNotesFontSizeWhereItIsOneOfTheFour) {
     for (const std::int16_t size : std::vector<std::int16_t>{10, 12, 14, 16}) {
-        Fill({.Title = "Dentist", .FontSize = size});
+        Fill(Note("Dentist").InPoints(size));
         EXPECT_EQ(Display()->lblNoteText.fontSize(), size);
     }
     for (const std::int16_t size : std::vector<std::int16_t>{0, 8, 11, 18, -12}) {
-        Fill({.Title = "Dentist", .FontSize = size});
+        Fill(Note("Dentist").InPoints(size));
         EXPECT_EQ(Display()->lblNoteText.fontSize(), 12) << size;
     }
 }
 
 TEST_F(AlarmDisplay, IsTopMostOnlyWhenTheUserWantsIt) {
-    Fill({.Title = "Dentist"});
+    Fill(Note("Dentist"));
     EXPECT_FALSE(Display()->IsTopMost());
     EXPECT_EQ(Shared().WindowOnTopFlag, 0);
     Option("WindowOnTop", "1");
@@ -136,14 +120,14 @@ TEST_F(AlarmDisplay, IsTopMostOnlyWhenTheUserWantsIt) {
 }
 
 TEST_F(AlarmDisplay, ASettingThatIsNoNumberIsNotTrapped) {
-    Fill({.Title = "Dentist"});
+    Fill(Note("Dentist"));
     Option("WindowOnTop", "yes");
     ExpectRunTimeError(13, "Type mismatch");
     Start([] { StandardCode::DisplayNote(1); });
 }
 
 TEST_F(AlarmDisplay, ItsOpenerLeavesTheSoundToTheCaller) {
-    Fill({.Title = "Dentist", .AudioAlarm = 1});
+    Fill(Note("Dentist").WithSound());
     const auto display = Display();
     EXPECT_FALSE(display->tmrSoundAlarm.enabled());
     Advance(5000);
@@ -151,8 +135,8 @@ TEST_F(AlarmDisplay, ItsOpenerLeavesTheSoundToTheCaller) {
 }
 
 TEST_F(AlarmDisplay, EachDueNoteHasAWindowOfItsOwn) {
-    Fill({.Title = "One"});
-    Fill({.Title = "Two"}, 2);
+    Fill(Note("One"));
+    Fill(Note("Two"), 2);
     const auto one = Display(1);
     const auto two = Display(2);
     EXPECT_NE(one, two);
@@ -177,7 +161,7 @@ TEST_F(AlarmDisplay, ASlotOutsideTheArrayIsAnError) {
 }
 
 TEST_F(AlarmDisplay, ItsTextFollowsTheWindowsSize) {
-    Fill({.Title = "Dentist"});
+    Fill(Note("Dentist"));
     const auto display = Display();
     user->Size(*display, 9000, 6000);
     EXPECT_EQ(display->lblNoteText.width(), display->ScaleWidth() - 2 * Grid::margin);
@@ -194,7 +178,7 @@ TEST_F(AlarmDisplay, PlaysTheSoundOnceWithoutABox) {
         if (setting) {
             Option("NoteLoops", *setting);
         }
-        Fill({.Title = "Dentist", .AudioAlarm = 1});
+        Fill(Note("Dentist").WithSound());
         const auto display = Display();
         SwitchSoundOn(*display);
         Advance(999);
@@ -212,7 +196,7 @@ TEST_F(AlarmDisplay, PlaysTheSoundOnceWithoutABox) {
 
 TEST_F(AlarmDisplay, LoopsTheSoundUntilItsBoxIsAnswered) {
     Option("NoteLoops", "1");
-    Fill({.Title = "Dentist", .AudioAlarm = 1});
+    Fill(Note("Dentist").WithSound());
     const auto display = Display();
     SwitchSoundOn(*display);
     // The main window's clock clears it on its next tick.
@@ -240,7 +224,7 @@ TEST_F(AlarmDisplay, LoopsTheSoundUntilItsBoxIsAnswered) {
 TEST_F(AlarmDisplay, IsSilentIfAnotherAlarmHasBegunToRing) {
     for (const char* loops : {"0", "1"}) {
         Option("NoteLoops", loops);
-        Fill({.Title = "Dentist", .AudioAlarm = 1});
+        Fill(Note("Dentist").WithSound());
         const auto display = Display();
         SwitchSoundOn(*display);
         sound.log.clear();
@@ -259,7 +243,7 @@ TEST_F(AlarmDisplay, IsSilentIfAnotherAlarmHasBegunToRing) {
 }
 
 TEST_F(AlarmDisplay, TheSoundIsTheOneChosenWhenItPlays) {
-    Fill({.Title = "Dentist", .AudioAlarm = 1});
+    Fill(Note("Dentist").WithSound());
     const auto display = Display();
     SwitchSoundOn(*display);
     Shared().AlarmSoundPath = "D:\\other.wav";
@@ -268,7 +252,7 @@ TEST_F(AlarmDisplay, TheSoundIsTheOneChosenWhenItPlays) {
 }
 
 TEST_F(AlarmDisplay, AClosedDisplayPlaysNothing) {
-    Fill({.Title = "Dentist", .AudioAlarm = 1});
+    Fill(Note("Dentist").WithSound());
     const auto display = Display();
     SwitchSoundOn(*display);
     user->CloseBox(*display);
@@ -277,7 +261,7 @@ TEST_F(AlarmDisplay, AClosedDisplayPlaysNothing) {
 }
 
 TEST_F(AlarmDisplay, ItsMenuOpensOnTheRightButton) {
-    Fill({.Title = "Dentist"});
+    Fill(Note("Dentist"));
     const auto display = Display();
     EXPECT_TRUE(display->mnuSep.IsSeparator());
     stage->ExpectPopupDismissed("mnuPop");
@@ -296,7 +280,7 @@ TEST_F(AlarmDisplay, ItsMenuOpensOnTheRightButton) {
 }
 
 TEST_F(AlarmDisplay, PrintsWhatItShows) {
-    Fill({.Title = "Dentist", .Text = "call"});
+    Fill(Note("Dentist", "call"));
     const auto display = Display();
     user->Type(display->lblNoteText, "call\r\n\r\nask");
     stage->ExpectPopup("mnuPop", "mnuPrint");
@@ -314,7 +298,7 @@ TEST_F(AlarmDisplay, PrintsWhatItShows) {
 }
 
 TEST_F(AlarmDisplay, ReportsAPrinterThatFails) {
-    Fill({.Title = "Dentist", .Text = "call"});
+    Fill(Note("Dentist", "call"));
     const auto display = Display();
     printer.FailAt(1);
     stage->ExpectPopup("mnuPop", "mnuPrint");

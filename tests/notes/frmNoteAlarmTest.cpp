@@ -112,8 +112,7 @@ TEST_F(frmNoteAlarmTest, TheMenuStartsAndStops) {
 }
 
 TEST_F(frmNoteAlarmTest, StartAlarmOnASetAlarmShowsItsBoxAndChangesNothing) {
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
+    const Note record = Note("Dentist", "").WithAlarm();
     frmNote& note = OpenThroughPanel(record);
     ExpectInformation("    Alarm Already Started     ");
     user->Choose(note.mnuAlarmStart);
@@ -124,7 +123,7 @@ TEST_F(frmNoteAlarmTest, StartAlarmOnASetAlarmShowsItsBoxAndChangesNothing) {
 }
 
 TEST_F(frmNoteAlarmTest, StopAlarmWithoutAnAlarmShowsItsBoxAndChangesNothing) {
-    const auto record = Record("Dentist", "");
+    const auto record = Note("Dentist", "");
     frmNote& note = OpenThroughPanel(record);
     ExpectInformation("   Alarm Not Set              ");
     user->Choose(note.mnuAlarmStop);
@@ -266,9 +265,7 @@ TEST_F(frmNoteAlarmTest, OfTwoInOneSecondTheOtherRingsThoughTheBoxOfTheFirstCome
 
 TEST_F(frmNoteAlarmTest, TheMarkerOfARestoredAlarmGoesWhenItFires) {
     SetNow(2004, 5, 14, 11, 59, 58);
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
-    PutNote(record);
+    PutNote(Note("Dentist", "").WithAlarm());
     Start(StandardCode::ReadNotes);
     frmNote& note = Editor("Dentist");
     EXPECT_TRUE(note.imgAlarm.visible());
@@ -278,9 +275,7 @@ TEST_F(frmNoteAlarmTest, TheMarkerOfARestoredAlarmGoesWhenItFires) {
 }
 
 TEST_F(frmNoteAlarmTest, TheMarkerOfARestoredAlarmGoesWhenItIsTurnedOff) {
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
-    frmNote& note = OpenThroughPanel(record);
+    frmNote& note = OpenThroughPanel(Note("Dentist", "").WithAlarm());
     ASSERT_TRUE(note.imgAlarm.visible());
     user->Click(note.cmdAlarm);
     EXPECT_FALSE(note.imgAlarm.visible());
@@ -289,9 +284,7 @@ TEST_F(frmNoteAlarmTest, TheMarkerOfARestoredAlarmGoesWhenItIsTurnedOff) {
 
 TEST_F(frmNoteAlarmTest, ANoteThatIsRestoredInItsSecondFires) {
     SetNow(2004, 5, 14, 12, 0, 0);
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
-    PutNote(record);
+    PutNote(Note("Dentist", "").WithAlarm());
     Start(StandardCode::ReadNotes);
     Advance(999);
     ExpectNotSet(Editor("Dentist"));
@@ -299,9 +292,7 @@ TEST_F(frmNoteAlarmTest, ANoteThatIsRestoredInItsSecondFires) {
 
 TEST_F(frmNoteAlarmTest, FiringIsNoChange) {
     SetNow(2004, 5, 14, 11, 59, 58);
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
-    frmNote& note = OpenThroughPanel(record);
+    frmNote& note = OpenThroughPanel(Note("Dentist", "").WithAlarm());
     Advance(3000);
     ExpectNotSet(note);
     user->CloseBox(note);
@@ -310,10 +301,7 @@ TEST_F(frmNoteAlarmTest, FiringIsNoChange) {
 
 TEST_F(frmNoteAlarmTest, UncheckingTheAudioBoxAfterFiringIsNoChangeEither) {
     SetNow(2004, 5, 14, 11, 59, 58);
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
-    record.AudioAlarm = 1;
-    frmNote& note = OpenThroughPanel(record);
+    frmNote& note = OpenThroughPanel(Note("Dentist", "").WithAlarm().WithSound());
     ExpectEditorAlarm();
     Advance(3000);
     EXPECT_EQ(note.chkAudioAlarm.value(), 0);

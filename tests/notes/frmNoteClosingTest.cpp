@@ -16,7 +16,7 @@ class frmNoteClosingTest : public testing_support::NoteProgram {
 };
 
 TEST_F(frmNoteClosingTest, ARestoredNoteSavesItsTextWithoutAQuestion) {
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     Start(StandardCode::ReadNotes);
     frmNote& note = Editor("Dentist");
     user->Restore(note);
@@ -45,7 +45,7 @@ TEST_F(frmNoteClosingTest, ToolbarHideClosesAndSaves) {
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelAnUnchangedNoteShowsThePanelAgain) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     const auto before = FileOf("Dentist");
     user->CloseBox(note);
     EXPECT_FALSE(IsNoteOpen("Dentist"));
@@ -54,7 +54,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelAnUnchangedNoteShowsThePanelAgain) {
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelALongerTextIsAskedAbout) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "old and new");
     ExpectSaveQuestion(BoxResult::Yes);
     user->CloseBox(note);
@@ -64,7 +64,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelALongerTextIsAskedAbout) {
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelNoDropsTheChanges) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "old and new");
     ExpectSaveQuestion(BoxResult::No);
     user->CloseBox(note);
@@ -74,7 +74,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelNoDropsTheChanges) {
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelATextOfTheSameLengthIsNotNoticed) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "new");
     user->CloseBox(note);
     EXPECT_FALSE(IsNoteOpen("Dentist"));
@@ -96,7 +96,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelMenuItemsAndAlarmCountAsChanges) {
         },
     };
     for (const Change& change : changes) {
-        frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+        frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
         change(note);
         ExpectSaveQuestion(BoxResult::No);
         user->CloseBox(note);
@@ -105,7 +105,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelMenuItemsAndAlarmCountAsChanges) {
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelTheKeyboardOnTheAudioBoxIsNoChange) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     forms::gestures::Click(note.chkAudioAlarm);
     forms::gestures::MouseUp(note.chkAudioAlarm, forms::rightButton, 0, 0);
     ASSERT_EQ(note.chkAudioAlarm.value(), 1);
@@ -114,7 +114,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelTheKeyboardOnTheAudioBoxIsNoChange) {
 }
 
 TEST_F(frmNoteClosingTest, SavingSettlesTheChanges) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     forms::gestures::Choose(note.mnuRed);
     ExpectSaved("DENTIST");
     user->Click(note.tlbMain, "Save");
@@ -124,7 +124,7 @@ TEST_F(frmNoteClosingTest, SavingSettlesTheChanges) {
 }
 
 TEST_F(frmNoteClosingTest, ASavingThatFailedIsAskedAboutAtTheEnd) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "new");
     files.SetDenied(PathOf("Dentist"), true);
     ExpectWriteError("70 - Permission denied");
@@ -152,7 +152,7 @@ TEST_F(frmNoteClosingTest, ANoteThatCannotBeSavedStaysOpen) {
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelANoteThatCannotBeSavedStaysOpen) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     forms::gestures::Choose(note.mnuRed);
     files.SetDenied(PathOf("Dentist"), true);
     ExpectSaveQuestion(BoxResult::Yes);
@@ -194,12 +194,12 @@ TEST_F(frmNoteClosingTest, ToolbarEraseAnsweredNoKeepsTheNoteAndNeverSavesIt) {
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelToolbarEraseAsksNothingMore) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     user->Click(note.tlbMain, "Erase");
     EXPECT_FALSE(FileOf("Dentist").has_value());
     EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::Show}));
-    frmNote& changed = OpenThroughPanel(Record("Plumber", "old"));
+    frmNote& changed = OpenThroughPanel(Note("Plumber", "old"));
     user->Type(changed.txtNote, "old and new");
     ExpectKillNoteQuestion("PLUMBER", BoxResult::Yes);
     user->Click(changed.tlbMain, "Erase");
@@ -248,7 +248,7 @@ TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatCouldNotCloseTheWindowIsSa
 }
 
 TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatFailedOnTheWayIsSaved) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     bool fails = true;
     StandardCode::Events().ControlPanel.Subscribe([&fails](PanelAction) {
         if (fails) {
@@ -265,7 +265,7 @@ TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatFailedOnTheWayIsSaved) {
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseIsForGoodUnlessSaved) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     stage->ExpectPopup("mnuPop", "mnuKill");
     ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     user->RightClick(note);
@@ -273,7 +273,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseIsForGoodUnlessSaved) {
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseOfAChangedNoteCanSaveItBack) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "old and new");
     ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     ExpectSaveQuestion(BoxResult::Yes);
@@ -298,7 +298,7 @@ TEST_F(frmNoteClosingTest, ErasingIgnoresAFileThatIsMissingOrHeld) {
 
 TEST_F(frmNoteClosingTest, TheEndOfTheSessionSavesAndAsksNothing) {
     frmNote& fresh = MakeNote("Fresh", "typed");
-    frmNote& opened = OpenThroughPanel(Record("Opened", "old"));
+    frmNote& opened = OpenThroughPanel(Note("Opened", "old"));
     user->Type(opened.txtNote, "new");
     forms::gestures::Choose(opened.mnuRed);
     panel.clear();
@@ -325,9 +325,9 @@ TEST_F(frmNoteClosingTest, TheEndOfTheSessionIsNotHeldUpByAFailure) {
 }
 
 TEST_F(frmNoteClosingTest, BeforeTheEndEverythingIsSavedButWhatWasErased) {
-    frmNote& kept = OpenThroughPanel(Record("Kept", "old"));
+    frmNote& kept = OpenThroughPanel(Note("Kept", "old"));
     user->Type(kept.txtNote, "new");
-    frmNote& erased = OpenThroughPanel(Record("Erased", "old"));
+    frmNote& erased = OpenThroughPanel(Note("Erased", "old"));
     user->Type(erased.txtNote, "new");
     ExpectKillNoteQuestion("ERASED", BoxResult::No);
     user->Click(erased.tlbMain, "Erase");

@@ -10,8 +10,8 @@ using StandardCode::Shared;
 using frmNoteQuestionsTest = testing_support::NoteStoreProgram;
 
 TEST_F(frmNoteQuestionsTest, ATextThatWasChangedBeforeAnActivationIsAskedAbout) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
-    frmNote& other = OpenThroughPanel(Record("Other", ""));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
+    frmNote& other = OpenThroughPanel(Note("Other", ""));
     user->Type(note.txtNote, "old and new");
     user->Click(other.txtNote);
     user->Click(note.txtNote);
@@ -21,11 +21,11 @@ TEST_F(frmNoteQuestionsTest, ATextThatWasChangedBeforeAnActivationIsAskedAbout) 
 }
 
 TEST_F(frmNoteQuestionsTest, EditOfAnOpenNoteWithUnsavedTextAsksWhenItCloses) {
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     ReadAll();
     TypeInto(Editor("Dentist"), "old and new");
     Shared().ControlPanelMode = true;
-    frmNote& other = OpenThroughPanel(Record("Other", ""));
+    frmNote& other = OpenThroughPanel(Note("Other", ""));
     user->Click(other.txtNote);
     Start([] { StandardCode::OpenNote(1); });
     ExpectSaveQuestion(BoxResult::No);
@@ -34,7 +34,7 @@ TEST_F(frmNoteQuestionsTest, EditOfAnOpenNoteWithUnsavedTextAsksWhenItCloses) {
 }
 
 TEST_F(frmNoteQuestionsTest, TheProgramMayEndWhileTheSaveQuestionWaits) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "old and new");
     ExpectSaveQuestion(BoxResult::Yes, [this] { Start([this] { runtime->End(); }); });
     user->CloseBox(note);
@@ -46,7 +46,7 @@ TEST_F(frmNoteQuestionsTest, TheProgramMayEndWhileTheSaveQuestionWaits) {
 }
 
 TEST_F(frmNoteQuestionsTest, AnEditThatNobodyNoticedIsInTheRecycleBin) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "new");
     user->CloseBox(note);
     EXPECT_EQ(Saved("Dentist").Text, "old");
@@ -79,7 +79,7 @@ TEST_F(frmNoteQuestionsTest, TheTextOfANoteWhoseErasingWasNotConfirmedOutlivesTh
 
 TEST_F(frmNoteQuestionsTest, WithoutARecycleBinAnEditThatNobodyNoticedStaysForTheNextStart) {
     files.SetRecycleBin(false);
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "new");
     user->CloseBox(note);
     EXPECT_EQ(Saved("Dentist").Text, "old");
@@ -95,7 +95,7 @@ TEST_F(frmNoteQuestionsTest, WithoutARecycleBinAnEditThatNobodyNoticedStaysForTh
 
 TEST_F(frmNoteQuestionsTest, WithoutARecycleBinTheUnnoticedEditNeverReplacesALaterSave) {
     files.SetRecycleBin(false);
-    frmNote& unnoticed = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& unnoticed = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(unnoticed.txtNote, "new");
     user->CloseBox(unnoticed);
     Start([] { StandardCode::OpenNote(1); });
@@ -110,7 +110,7 @@ TEST_F(frmNoteQuestionsTest, WithoutARecycleBinTheUnnoticedEditNeverReplacesALat
 
 TEST_F(frmNoteQuestionsTest, WithoutARecycleBinTheTextOfANoteThatWasNotErasedStays) {
     files.SetRecycleBin(false);
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     ReadAll();
     frmNote& note = Editor("Dentist");
     TypeInto(note, "typed");

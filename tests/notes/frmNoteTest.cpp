@@ -235,7 +235,7 @@ TEST_F(frmNoteTest, MakesAMissingFolderWhenItSaves) {
 
 TEST_F(frmNoteTest, TheHundredthNoteReachesTheMaximum) {
     for (int i = 1; i <= 98; ++i) {
-        PutNote(Record("Note " + std::to_string(i), ""));
+        PutNote(Note("Note " + std::to_string(i), ""));
     }
     frmNote& first = MakeNote("One more");
     Start([&first] { first.WriteNote(); });

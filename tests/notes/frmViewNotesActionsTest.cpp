@@ -18,15 +18,15 @@ using testing_support::ViewNotes;
 using PanelAction = StandardCode::SharedEvents::PanelAction;
 
 TEST_F(ViewNotes, EditOpensTheSelectedNote) {
-    Put("Milk");
-    Put("Shopping");
+    PutNote(Note("Milk"));
+    PutNote(Note("Shopping"));
     Open();
     user->Select(Panel().lvwNotes, 1);
     user->Click(Panel().cmdEdit);
     const auto note = StandardCode::CurrentNote();
     ASSERT_TRUE(note);
     EXPECT_EQ(note->caption(), "Shopping");
-    EXPECT_EQ(note->txtNote.text(), "Text of Shopping");
+    EXPECT_EQ(note->txtNote.text(), "text");
     EXPECT_TRUE(note->IsVisible());
     // An editor that loads sends the panel away.
     EXPECT_FALSE(IsOpen());
@@ -34,10 +34,8 @@ TEST_F(ViewNotes, EditOpensTheSelectedNote) {
 }
 
 TEST_F(ViewNotes, EditOfATitleHeldTwiceOpensTheSelectedNote) {
-    Put("One", Note("Same"));
-    StandardCode::NoteRecord second = Note("Same");
-    second.Text = "second";
-    Put("Two", second);
+    PutNoteAs("One.txt", Note("Same"));
+    PutNoteAs("Two.txt", Note("Same", "second"));
     Open();
     user->Select(Panel().lvwNotes, 1);
     user->Click(Panel().cmdEdit);
@@ -47,7 +45,7 @@ TEST_F(ViewNotes, EditOfATitleHeldTwiceOpensTheSelectedNote) {
 }
 
 TEST_F(ViewNotes, EditOfANoteThatIsOpenBringsItsEditorUp) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Start([] { StandardCode::ReadNotes(); });
     auto* note = testing_support::FindOpenNote("Milk");
     user->Restore(*note);
@@ -72,10 +70,8 @@ TEST_F(ViewNotes, EditOfANoteThatIsOpenBringsItsEditorUp) {
 }
 
 TEST_F(ViewNotes, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
-    Put("Milk");
-    StandardCode::NoteRecord untitled = Note("");
-    untitled.Text = "of nobody";
-    Put("x", untitled);
+    PutNote(Note("Milk"));
+    PutNoteAs("x.txt", Note("", "of nobody"));
     Open();
     ASSERT_EQ(Titles(), (std::vector<std::string>{"Milk", ""}));
     user->Select(Panel().lvwNotes, 1);
@@ -92,7 +88,7 @@ TEST_F(ViewNotes, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
 }
 
 TEST_F(ViewNotes, WhatWasSavedThroughThePanelIsNotUndoneByAnotherEditor) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Start([] { StandardCode::ReadNotes(); });
     Open();
     user->Select(Panel().lvwNotes, 0);
@@ -106,7 +102,7 @@ TEST_F(ViewNotes, WhatWasSavedThroughThePanelIsNotUndoneByAnotherEditor) {
 }
 
 TEST_F(ViewNotes, ADoubleClickEdits) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Open();
     user->Select(Panel().lvwNotes, 0);
     user->DoubleClick(Panel().lvwNotes);
@@ -116,7 +112,7 @@ TEST_F(ViewNotes, ADoubleClickEdits) {
 }
 
 TEST_F(ViewNotes, EditingWithNothingSelectedDoesNothing) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Open();
     user->DoubleClick(Panel().lvwNotes);
     stage->ExpectPopup("mnuPop", "mnuEditNote");
@@ -126,7 +122,7 @@ TEST_F(ViewNotes, EditingWithNothingSelectedDoesNothing) {
 }
 
 TEST_F(ViewNotes, ThePopupMenuActsOnTheSelectedNote) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Open();
     user->Select(Panel().lvwNotes, 0);
     stage->ExpectPopup("mnuPop", "mnuEraseNote");
@@ -143,8 +139,8 @@ TEST_F(ViewNotes, ThePopupMenuActsOnTheSelectedNote) {
 }
 
 TEST_F(ViewNotes, OpenAllShowsEveryOpenNoteAtNormalSize) {
-    Put("Milk");
-    Put("Shopping");
+    PutNote(Note("Milk"));
+    PutNote(Note("Shopping"));
     Start([] { StandardCode::ReadNotes(); });
     ASSERT_EQ(StandardCode::NoteTitles().size(), 2U);
     auto* const milk = testing_support::FindOpenNote("Milk");
@@ -162,7 +158,7 @@ TEST_F(ViewNotes, OpenAllShowsEveryOpenNoteAtNormalSize) {
 }
 
 TEST_F(ViewNotes, OpenAllLeavesClosedNotesClosed) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Open();
     user->Click(Panel().cmdOpenAll);
     stage->ExpectPopup("mnuPop", "mnuOpenAll");
@@ -173,7 +169,7 @@ TEST_F(ViewNotes, OpenAllLeavesClosedNotesClosed) {
 TEST_F(ViewNotes, OpenAllLeavesTheEditorWithoutANoteHidden) {
     Start([] { forms::Default<frmNote>().Load(); });
     frmNote& hidden = forms::Default<frmNote>();
-    Put("Milk");
+    PutNote(Note("Milk"));
     Open();
     user->Click(Panel().cmdOpenAll);
     EXPECT_FALSE(hidden.IsVisible());
@@ -198,9 +194,9 @@ TEST_F(ViewNotes, CloseUnloads) {
 }
 
 TEST_F(ViewNotes, ReloadRebuildsTheListAndHidesThePanel) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Open();
-    Put("Shopping");
+    PutNote(Note("Shopping"));
     EXPECT_EQ(Titles().size(), 1U);
     Raise(PanelAction::Reload);
     ASSERT_TRUE(IsOpen());
@@ -210,7 +206,7 @@ TEST_F(ViewNotes, ReloadRebuildsTheListAndHidesThePanel) {
 }
 
 TEST_F(ViewNotes, ReloadLoadsAPanelThatWasNotLoaded) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Raise(PanelAction::Reload);
     ASSERT_TRUE(IsOpen());
     EXPECT_FALSE(Panel().IsVisible());
@@ -218,9 +214,9 @@ TEST_F(ViewNotes, ReloadLoadsAPanelThatWasNotLoaded) {
 }
 
 TEST_F(ViewNotes, ReloadAndShowAndShow) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Open();
-    Put("Shopping");
+    PutNote(Note("Shopping"));
     Raise(PanelAction::Show);
     EXPECT_EQ(Titles().size(), 1U);
     Raise(PanelAction::ReloadAndShow);
@@ -243,7 +239,7 @@ TEST_F(ViewNotes, UnloadIfVisibleLeavesAHiddenPanelLoaded) {
 }
 
 TEST_F(ViewNotes, LoadAndUnloadRebuildsTheArrayOnly) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Raise(PanelAction::LoadAndUnload);
     EXPECT_FALSE(IsOpen());
     EXPECT_EQ(Shared().NoteCount, 1);
@@ -251,7 +247,7 @@ TEST_F(ViewNotes, LoadAndUnloadRebuildsTheArrayOnly) {
 }
 
 TEST_F(ViewNotes, LoadAndUnloadRebuildsTheArrayOfALoadedPanel) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Raise(PanelAction::Reload);
     ASSERT_EQ(Shared().NoteCount, 1);
     files.Remove(folder + "\\Milk.txt");
@@ -262,9 +258,9 @@ TEST_F(ViewNotes, LoadAndUnloadRebuildsTheArrayOfALoadedPanel) {
 }
 
 TEST_F(ViewNotes, RebuildingTheArrayUpdatesTotalAndList) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Open();
-    Put("Shopping", Note("Shopping", "1"));
+    PutNote(Note("Shopping").WithAlarmAt(9, 30));
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 2");
     ASSERT_EQ(Titles(), (std::vector<std::string>{"Milk", "Shopping"}));
@@ -278,11 +274,11 @@ TEST_F(ViewNotes, RebuildingTheArrayUpdatesTotalAndList) {
 }
 
 TEST_F(ViewNotes, ARebuildKeepsTheSelectedNote) {
-    Put("Milk");
-    Put("Shopping");
+    PutNote(Note("Milk"));
+    PutNote(Note("Shopping"));
     Open();
     user->Select(Panel().lvwNotes, 1);
-    Put("Dentist");
+    PutNote(Note("Dentist"));
     Start([] { StandardCode::LoadNotesArray(); });
     ASSERT_EQ(Titles(), (std::vector<std::string>{"Dentist", "Milk", "Shopping"}));
     EXPECT_EQ(Panel().lvwNotes.SelectedRow(), 2);
@@ -296,12 +292,12 @@ TEST_F(ViewNotes, ARebuildKeepsTheSelectedNote) {
 }
 
 TEST_F(ViewNotes, ARebuildDoesNotAllowWhatAnsweringNoHasShutOff) {
-    Put("Shopping");
+    PutNote(Note("Shopping"));
     Open();
     user->Select(Panel().lvwNotes, 0);
     ExpectDeletingNoteQuestion("SHOPPING", BoxResult::No);
     user->Click(Panel().cmdRemove);
-    Put("Milk");
+    PutNote(Note("Milk"));
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_EQ(Panel().lvwNotes.SelectedRow(), 1);
     EXPECT_FALSE(Panel().cmdEdit.enabled());
@@ -344,7 +340,7 @@ TEST_F(ViewNotes, TheHundredthNoteShowsInAPanelThatIsOpen) {
 }
 
 TEST_F(ViewNotes, AnEditorOfAnErasedNoteStaysAndSavesItAnew) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Start([] { StandardCode::ReadNotes(); });
     auto* note = testing_support::FindOpenNote("Milk");
     Open();
@@ -362,7 +358,7 @@ TEST_F(ViewNotes, AnEditorOfAnErasedNoteStaysAndSavesItAnew) {
 }
 
 TEST_F(ViewNotes, AnEditorClosedThroughThePanelComesBackToIt) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Open();
     user->Select(Panel().lvwNotes, 0);
     user->Click(Panel().cmdEdit);

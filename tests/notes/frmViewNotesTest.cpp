@@ -28,11 +28,9 @@ TEST_F(ViewNotes, WithoutNotesTheListIsShutOff) {
 }
 
 TEST_F(ViewNotes, RowsShowTheAlarmInTheSystemsTexts) {
-    Put("Dentist", Note("Dentist", "1"));
-    Put("Shopping");
-    StandardCode::NoteRecord midnight = Note("Midnight", "1");
-    midnight.AlarmTime = DateTime{};
-    Put("Midnight", midnight);
+    PutNote(Note("Dentist").WithAlarmAt(9, 30));
+    PutNote(Note("Shopping"));
+    PutNote(Note("Midnight").WithAlarmAt(DateTime{}));
     Open();
     const auto& rows = Panel().lvwNotes.Rows();
     ASSERT_EQ(rows.size(), 3U);
@@ -50,7 +48,9 @@ TEST_F(ViewNotes, RowsShowTheAlarmInTheSystemsTexts) {
 }
 
 TEST_F(ViewNotes, AnyAlarmStateButZeroIsAnAlarm) {
-    Put("Odd", Note("Odd", "yes"));
+    Note odd = Note("Odd").At(9, 30);
+    odd.AlarmState = "yes";
+    PutNote(odd);
     Open();
     EXPECT_EQ(Panel().lvwNotes.Rows()[0].texts[2], "5/14/2004 9:30:00 AM");
 }
@@ -65,16 +65,16 @@ TEST_F(ViewNotes, ARewrittenNoteIsListedWithItsAlarmOff) {
 }
 
 TEST_F(ViewNotes, LoadingKeepsTheNotesArrayCurrent) {
-    Put("A");
-    Put("B");
+    PutNote(Note("A"));
+    PutNote(Note("B"));
     Open();
     EXPECT_EQ(Shared().NoteCount, 2);
     EXPECT_EQ(Shared().NotesArray[2].Title, "B");
 }
 
 TEST_F(ViewNotes, TwoFilesOfOneTitleHaveTwoRows) {
-    Put("One", Note("Same"));
-    Put("Two", Note("Same"));
+    PutNoteAs("One.txt", Note("Same"));
+    PutNoteAs("Two.txt", Note("Same"));
     Open();
     const auto& rows = Panel().lvwNotes.Rows();
     ASSERT_EQ(rows.size(), 2U);
@@ -87,8 +87,8 @@ TEST_F(ViewNotes, TwoFilesOfOneTitleHaveTwoRows) {
 }
 
 TEST_F(ViewNotes, AFileThatCannotBeReadHasNoRow) {
-    Put("A");
-    Put("C");
+    PutNote(Note("A"));
+    PutNote(Note("C"));
     files.PutFile(folder + "\\B1.txt", "\"cut\"");
     files.PutFile(folder + "\\B2.txt", "\"cut off too\"");
     files.PutFile(folder + "\\B3.txt", "");
@@ -109,12 +109,10 @@ TEST_F(ViewNotes, FillingTheListReadsEachFileOnce) {
 }
 
 TEST_F(ViewNotes, ANoteChangedBehindTheProgramsBackIsReadAgain) {
-    Put("A");
+    PutNote(Note("A"));
     Open();
     user->Click(Panel().cmdOK);
-    StandardCode::NoteRecord changed = Note("A", "1");
-    changed.Text = "longer than before";
-    Put("A", changed);
+    PutNote(Note("A", "longer than before").WithAlarmAt(9, 30));
     Open();
     EXPECT_EQ(Panel().lvwNotes.Rows()[0].texts[2], "5/14/2004 9:30:00 AM");
 }
@@ -167,8 +165,8 @@ TEST_F(ViewNotes, ErasingOneOfAHundredAndOneStillAllowsNone) {
 }
 
 TEST_F(ViewNotes, ANoteWhoseFileHasAnotherNameIsErased) {
-    Put("Note 1001", Note("elsewhere"));
-    Put("elsewhere else");
+    PutNoteAs("Note 1001.txt", Note("elsewhere"));
+    PutNote(Note("elsewhere else"));
     Open();
     user->Select(Panel().lvwNotes, 1);
     ExpectDeletingNoteQuestion("ELSEWHERE", BoxResult::Yes);
@@ -177,7 +175,7 @@ TEST_F(ViewNotes, ANoteWhoseFileHasAnotherNameIsErased) {
 }
 
 TEST_F(ViewNotes, SelectingARowEnablesEditAndErase) {
-    Put("A");
+    PutNote(Note("A"));
     Open();
     EXPECT_FALSE(Panel().cmdEdit.enabled());
     user->Select(Panel().lvwNotes, 0);
@@ -186,8 +184,8 @@ TEST_F(ViewNotes, SelectingARowEnablesEditAndErase) {
 }
 
 TEST_F(ViewNotes, ErasingAsksInCapitalsAndRecyclesTheFile) {
-    Put("Milk");
-    Put("Shopping");
+    PutNote(Note("Milk"));
+    PutNote(Note("Shopping"));
     Open();
     user->Select(Panel().lvwNotes, 1);
     ExpectDeletingNoteQuestion("SHOPPING", BoxResult::Yes);
@@ -202,7 +200,7 @@ TEST_F(ViewNotes, ErasingAsksInCapitalsAndRecyclesTheFile) {
 }
 
 TEST_F(ViewNotes, ErasingTheLastNoteShutsTheListOff) {
-    Put("Only");
+    PutNote(Note("Only"));
     Open();
     user->Select(Panel().lvwNotes, 0);
     ExpectDeletingNoteQuestion("ONLY", BoxResult::Yes);
@@ -212,7 +210,7 @@ TEST_F(ViewNotes, ErasingTheLastNoteShutsTheListOff) {
 }
 
 TEST_F(ViewNotes, ErasingAsksWithTheTitleAndErasesTheFileOfTheRow) {
-    Put("Padded", Note("  Padded "));
+    PutNoteAs("Padded.txt", Note("  Padded "));
     Open();
     user->Select(Panel().lvwNotes, 0);
     ExpectDeletingNoteQuestion("  PADDED ", BoxResult::Yes);
@@ -223,8 +221,8 @@ TEST_F(ViewNotes, ErasingAsksWithTheTitleAndErasesTheFileOfTheRow) {
 TEST_F(ViewNotes, OfTwoTitlesThatDifferInABlankOnlyTheChosenOneIsErased) {
     for (const std::string erased : {"Dentist", "Dentist "}) {
         const std::string kept = erased == "Dentist" ? "Dentist " : "Dentist";
-        Put("Dentist");
-        Put("Dentist ");
+        PutNote(Note("Dentist"));
+        PutNote(Note("Dentist "));
         Open();
         const auto titles = Titles();
         ASSERT_EQ(titles.size(), 2U);
@@ -239,7 +237,7 @@ TEST_F(ViewNotes, OfTwoTitlesThatDifferInABlankOnlyTheChosenOneIsErased) {
 }
 
 TEST_F(ViewNotes, AnsweringNoKeepsFileAndRowAndWaitsForAnotherClick) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Open();
     user->Select(Panel().lvwNotes, 0);
     ExpectDeletingNoteQuestion("MILK", BoxResult::No);
@@ -254,7 +252,7 @@ TEST_F(ViewNotes, AnsweringNoKeepsFileAndRowAndWaitsForAnotherClick) {
 }
 
 TEST_F(ViewNotes, ErasingWithNothingSelectedIsReported) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Open();
     stage->ExpectPopup("mnuPop", "mnuEraseNote");
     ExpectNothingSelected();
@@ -263,7 +261,7 @@ TEST_F(ViewNotes, ErasingWithNothingSelectedIsReported) {
 }
 
 TEST_F(ViewNotes, AFileThatCannotBeDeletedIsReported) {
-    Put("Milk");
+    PutNote(Note("Milk"));
     Open();
     files.SetDenied(folder + "\\Milk.txt", true);
     user->Select(Panel().lvwNotes, 0);
@@ -289,7 +287,7 @@ TEST_F(ViewNotes, SavingWithThePanelOpenListsTheFolderOnceAndReadsOneFile) {
     Open();
     const int before = files.Listings();
     files.ClearLog();
-    StandardCode::NoteRecord changed = Note("Note 1050", "1");
+    const Note changed = Note("Note 1050").WithAlarmAt(9, 30);
     Start([&changed] {
         StandardCode::Notes().Write(NoteStore::FileNameFor(changed.Title), changed);
         StandardCode::LoadNotesArray();

@@ -65,32 +65,6 @@ class NoteProgram : public ProductProgram {
         return forms::Default<frmNote>();
     }
 
-    static StandardCode::NoteRecord Record(const std::string& title, const std::string& text) {
-        StandardCode::NoteRecord record;
-        record.Title = title;
-        record.Text = text;
-        record.AlarmDate = base::DateTime::FromDate(2004, 5, 14);
-        record.AlarmTime = base::DateTime::FromTime(12, 0, 0);
-        record.ColorIndex = 1;
-        record.FontSize = 12;
-        record.AlarmState = "0";
-        record.Trailer = "yes";
-        return record;
-    }
-
-    static std::string PathOf(const std::string& title) {
-        return applicationFolder + "\\Notes\\" + title + ".txt";
-    }
-
-    void PutNote(const StandardCode::NoteRecord& record) {
-        files.PutFolder(applicationFolder + "\\Notes");
-        files.PutFile(PathOf(record.Title), NoteFile::Encode(record));
-    }
-
-    std::optional<std::string> FileOf(const std::string& title) const {
-        return files.Peek(PathOf(title));
-    }
-
     // The saved note; an empty one if there is no file.
     StandardCode::NoteRecord Saved(const std::string& title) {
         StandardCode::NoteRecord record;

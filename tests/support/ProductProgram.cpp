@@ -2,10 +2,34 @@
 
 #include <utility>
 
+#include "notes/NoteFile.h"
+
 namespace testing_support {
 
 using forms::BoxIcon;
 using forms::BoxResult;
+
+std::string ProductProgram::PathOf(const std::string& title) {
+    return applicationFolder + "\\Notes\\" + title + ".txt";
+}
+
+void ProductProgram::PutNote(const StandardCode::NoteRecord& record) {
+    files.PutFile(PathOf(record.Title), NoteFile::Encode(record));
+}
+
+void ProductProgram::PutNoteAs(const std::string& fileName,
+                               const StandardCode::NoteRecord& record) {
+    files.PutFile(applicationFolder + "\\Notes\\" + fileName, NoteFile::Encode(record));
+}
+
+void ProductProgram::PutNoteWithBadDate(const std::string& title) {
+    files.PutFile(PathOf(title),
+                  '"' + title + "\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+}
+
+std::optional<std::string> ProductProgram::FileOf(const std::string& title) const {
+    return files.Peek(PathOf(title));
+}
 
 void ProductProgram::ExpectWriteError(const std::string& text, Script during) {
     ExpectMessage(text, "WriteNote Sub Error", BoxIcon::None, std::move(during));

@@ -1,16 +1,31 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
+#include "tests/support/Note.h"
 #include "tests/support/TestProgram.h"
 
 namespace testing_support {
 
-// TestProgram with the message boxes that the notes and their alarms open. Each function expects
-// one box with its exact text, caption, icon, buttons and default button.
+// TestProgram with the files of notes, and with the message boxes that the notes and their alarms
+// open.
 class ProductProgram : public TestProgram {
   protected:
+    using Note = testing_support::Note;
     using Script = forms::headless::Script;
+
+    static std::string PathOf(const std::string& title);
+    // Puts the file of a note on the disk, as the program writes it.
+    void PutNote(const StandardCode::NoteRecord& record);
+    // The same under any file name.
+    void PutNoteAs(const std::string& fileName, const StandardCode::NoteRecord& record);
+    // Puts the file of a note whose date, 30 February, no reader accepts.
+    void PutNoteWithBadDate(const std::string& title);
+    // The bytes of a note's file.
+    std::optional<std::string> FileOf(const std::string& title) const;
+
+    // Each of these expects one box with its exact text, caption, icon, buttons and default button.
 
     // The error box of a note that cannot be saved or erased.
     void ExpectWriteError(const std::string& text, Script during = nullptr);

@@ -76,19 +76,6 @@ class WholeProgram : public ProductProgram {
         }
         return count;
     }
-
-    std::string NoteFile(const std::string& title) {
-        return applicationFolder + "\\Notes\\" + title + ".txt";
-    }
-
-    // Puts a note file on the disk, in the form that WriteNote gives it.
-    void PutNote(const std::string& title,
-                 const std::string& tail =
-                     "#2004-05-14#,#12:00:00#,1,12,"
-                     "\"0\",0,\"yes\"\r\n",
-                 const std::string& text = "text") {
-        files.PutFile(NoteFile(title), "\"" + title + "\",\"" + text + "\"," + tail);
-    }
 };
 
 }  // namespace testing_support
