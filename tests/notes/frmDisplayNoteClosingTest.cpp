@@ -5,6 +5,7 @@
 
 #include "app/StandardCode.h"
 #include "forms/Gestures.h"
+#include "notes/NoteFile.h"
 #include "notes/NoteStore.h"
 #include "notes/RestoreNotes.h"
 #include "notes/frmDisplayNote.h"
@@ -44,12 +45,29 @@ class DisplayClosing : public testing_support::ProductProgram {
         });
     }
 
+    static Note DueNote(const std::string& title = "Dentist") {
+        return Note(title, "call").WithAlarmAt(9, 30).WithSound().InColor(5);
+    }
+
+    // Displays the only note, whose file holds these bytes.
     std::shared_ptr<frmDisplayNote> Open(const std::string& content = ringing,
-                                         const std::string& path = dentist) {
-        files.PutFile(path, content);
+                                         const std::string& fileName = "Dentist.txt") {
+        files.PutFile(notes + '\\' + fileName, content);
         Start([] { StandardCode::LoadNotesArray(); });
         std::shared_ptr<frmDisplayNote> display;
         Start([&display] { display = StandardCode::DisplayNote(1); });
+        return display;
+    }
+    std::shared_ptr<frmDisplayNote> Open(const StandardCode::NoteRecord& note,
+                                         const std::string& fileName = "Dentist.txt") {
+        return Open(NoteFile::Encode(note), fileName);
+    }
+
+    // The user has typed "typed here", and the file is read-only.
+    std::shared_ptr<frmDisplayNote> OpenWithTextThatCannotBeWritten() {
+        auto display = Open();
+        user->Type(display->lblNoteText, "typed here");
+        files.SetReadOnly(dentist, true);
         return display;
     }
 
@@ -154,19 +172,17 @@ TEST_F(DisplayClosing, TheDateIsTheDayOfClosing) {
 }
 
 TEST_F(DisplayClosing, EveryColourComesBackAsItsIndex) {
-    for (const std::string index : {"1", "2", "3", "4", "5", "6"}) {
-        const auto display = Open("\"Dentist\",\"call\",#2004-05-14#,#09:30:00#," + index +
-                                  ",12,\"1\",1,\"yes\"\r\n");
+    for (int index = 1; index <= 6; ++index) {
+        const auto display = Open(DueNote().InColor(index));
         ExpectEraseNoteQuestion(BoxResult::No);
         user->CloseBox(*display);
-        EXPECT_EQ(files.Peek(dentist), "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\"," + index +
-                                           ",12,\"0\",0,\"yes\"\r\n");
+        EXPECT_EQ(files.Peek(dentist), "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\"," +
+                                           std::to_string(index) + ",12,\"0\",0,\"yes\"\r\n");
     }
 }
 
 TEST_F(DisplayClosing, AnyOtherColourIsWrittenAsSix) {
-    const auto display =
-        Open("\"Dentist\",\"call\",#2004-05-14#,#09:30:00#,0,12,\"1\",1,\"yes\"\r\n");
+    const auto display = Open(DueNote().InColor(0));
     ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist),
@@ -174,14 +190,12 @@ TEST_F(DisplayClosing, AnyOtherColourIsWrittenAsSix) {
 }
 
 TEST_F(DisplayClosing, TheFontSizeIsTheOneShown) {
-    for (const auto& [stored, written] :
-         {std::pair{"10", "10"}, {"14", "14"}, {"16", "16"}, {"11", "12"}}) {
-        const auto display = Open("\"Dentist\",\"call\",#2004-05-14#,#09:30:00#,5," +
-                                  std::string(stored) + ",\"1\",1,\"yes\"\r\n");
+    for (const auto& [stored, written] : {std::pair{10, 10}, {14, 14}, {16, 16}, {11, 12}}) {
+        const auto display = Open(DueNote().InPoints(stored));
         ExpectEraseNoteQuestion(BoxResult::No);
         user->CloseBox(*display);
         EXPECT_EQ(files.Peek(dentist), "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\",5," +
-                                           std::string(written) + ",\"0\",0,\"yes\"\r\n");
+                                           std::to_string(written) + ",\"0\",0,\"yes\"\r\n");
     }
 }
 
@@ -205,8 +219,7 @@ TEST_F(DisplayClosing, ATextOutsideTheCodePageIsKeptWhole) {
 
 TEST_F(DisplayClosing, BlanksAroundTheTitleAreTrimmedInTheFile) {
     // The title field, not the file's name, is what the display shows.
-    const auto display =
-        Open("\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n", dentist);
+    const auto display = Open(DueNote(" Dentist"));
     ASSERT_EQ(display->caption(), " Dentist");
     ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
@@ -216,20 +229,17 @@ TEST_F(DisplayClosing, BlanksAroundTheTitleAreTrimmedInTheFile) {
 }
 
 TEST_F(DisplayClosing, TheFileStaysIfItsReplacementFailed) {
-    const std::string content =
-        "\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
-    const auto display = Open(content);
+    const Note note = DueNote(" Dentist");
+    const auto display = Open(note);
     files.SetFreeSpace(0);
     ExpectEraseNoteQuestion(BoxResult::No);
     ExpectWriteError("61 - Disk full");
     user->CloseBox(*display);
-    EXPECT_EQ(files.Peek(dentist), content);
+    EXPECT_EQ(files.Peek(dentist), NoteFile::Encode(note));
 }
 
 TEST_F(DisplayClosing, AsksAboutTheFileThatTheNoteCameFrom) {
-    const auto display =
-        Open("\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n",
-             notes + "\\ Dentist.txt");
+    const auto display = Open(DueNote(" Dentist"), " Dentist.txt");
     ExpectEraseNoteQuestion(BoxResult::Yes);
     user->CloseBox(*display);
     EXPECT_FALSE(display->IsLoaded());
@@ -245,13 +255,13 @@ TEST_F(DisplayClosing, ResetsTheAnswer) {
 }
 
 TEST_F(DisplayClosing, TheDefaultInstanceHoldsNoNote) {
-    const std::string other = "\"note\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
-    files.PutFile(notes + "\\note.txt", other);
+    const Note other = DueNote("note");
+    PutNote(other);
     Start([] { forms::Default<frmDisplayNote>().Load(); });
     ASSERT_EQ(forms::Default<frmDisplayNote>().caption(), "note");
     Start([] { forms::Default<frmDisplayNote>().Unload(); });
     EXPECT_EQ(forms::LoadedDefault<frmDisplayNote>(), nullptr);
-    EXPECT_EQ(files.Peek(notes + "\\note.txt"), other);
+    EXPECT_EQ(FileOf("note"), NoteFile::Encode(other));
     EXPECT_TRUE(panelActions.empty());
 }
 
@@ -273,9 +283,7 @@ TEST_F(DisplayClosing, AFailingRewriteIsReportedAndLosesNothing) {
 }
 
 TEST_F(DisplayClosing, TextThatCannotBeWrittenKeepsTheWindow) {
-    const auto display = Open();
-    user->Type(display->lblNoteText, "typed here");
-    files.SetReadOnly(dentist, true);
+    const auto display = OpenWithTextThatCannotBeWritten();
     ExpectEraseNoteQuestion(BoxResult::No);
     ExpectWriteError("75 - Path/File access error");
     user->CloseBox(*display);
@@ -289,9 +297,7 @@ TEST_F(DisplayClosing, TextThatCannotBeWrittenKeepsTheWindow) {
 }
 
 TEST_F(DisplayClosing, TextThatCannotBeWrittenOutlivesTheEndOfTheSession) {
-    auto display = Open();
-    user->Type(display->lblNoteText, "typed here");
-    files.SetReadOnly(dentist, true);
+    auto display = OpenWithTextThatCannotBeWritten();
     forms::gestures::EndSession();
     EXPECT_TRUE(stage->Boxes().empty());
     EXPECT_TRUE(runtime->LoadedForms().empty());
@@ -301,9 +307,7 @@ TEST_F(DisplayClosing, TextThatCannotBeWrittenOutlivesTheEndOfTheSession) {
 }
 
 TEST_F(DisplayClosing, TextOutlivesTheEndOfTheSessionBehindTheReport) {
-    auto display = Open();
-    user->Type(display->lblNoteText, "typed here");
-    files.SetReadOnly(dentist, true);
+    auto display = OpenWithTextThatCannotBeWritten();
     ExpectEraseNoteQuestion(BoxResult::No);
     ExpectWriteError("75 - Path/File access error", [] { forms::gestures::EndSession(); });
     user->CloseBox(*display);
@@ -313,9 +317,7 @@ TEST_F(DisplayClosing, TextOutlivesTheEndOfTheSessionBehindTheReport) {
 }
 
 TEST_F(DisplayClosing, TextOutlivesTheEndOfTheSessionBehindTheQuestion) {
-    auto display = Open();
-    user->Type(display->lblNoteText, "typed here");
-    files.SetReadOnly(dentist, true);
+    auto display = OpenWithTextThatCannotBeWritten();
     ExpectEraseNoteQuestion(BoxResult::No, [] { forms::gestures::EndSession(); });
     user->CloseBox(*display);
     EXPECT_TRUE(runtime->HasEnded());
@@ -333,9 +335,7 @@ TEST_F(DisplayClosing, ANoteWhoseTextNobodyTypedNeedsNoCopyAtTheEndOfTheSession)
 
 TEST_F(DisplayClosing, TheCopyOfATextIsGoneOnceTheTextIsSavedOrErased) {
     for (const BoxResult answer : {BoxResult::No, BoxResult::Yes}) {
-        const auto display = Open();
-        user->Type(display->lblNoteText, "typed here");
-        files.SetReadOnly(dentist, true);
+        const auto display = OpenWithTextThatCannotBeWritten();
         ExpectEraseNoteQuestion(BoxResult::No);
         ExpectWriteError("75 - Path/File access error");
         user->CloseBox(*display);
