@@ -15,7 +15,7 @@ const std::string buzzer = "C:\\Jotwright\\Alarm buzzer.wav";
 const std::string chime = "C:\\Jotwright\\Alert chime.wav";
 
 // The program starts on Friday, 14 May 2004, 14:59:00, with the cuckoo clock on.
-class OneBell : public testing_support::WholeProgram {
+class OneBellTest : public testing_support::WholeProgram {
   protected:
     void SetUp() override {
         WholeProgram::SetUp();
@@ -53,7 +53,7 @@ class OneBell : public testing_support::WholeProgram {
     }
 };
 
-TEST_F(OneBell, AnEditorsAlarmOutlastsHiddenNotesAndTheCuckoo) {
+TEST_F(OneBellTest, AnEditorsAlarmOutlastsHiddenNotesAndTheCuckoo) {
     for (const char* loops : {"0", "1"}) {
         for (const int hiddenAlarm : {0, 5}) {
             SCOPED_TRACE(std::string(loops) + ' ' + std::to_string(hiddenAlarm));
@@ -74,7 +74,7 @@ TEST_F(OneBell, AnEditorsAlarmOutlastsHiddenNotesAndTheCuckoo) {
     }
 }
 
-TEST_F(OneBell, ADisplaysLoopOutlastsTheCuckoo) {
+TEST_F(OneBellTest, ADisplaysLoopOutlastsTheCuckoo) {
     settings.values[{"Options", "NoteLoops"}] = "1";
     PutAlarm("Dentist", 14, 59, 50);
     StartQuietly();
@@ -85,7 +85,7 @@ TEST_F(OneBell, ADisplaysLoopOutlastsTheCuckoo) {
     EXPECT_FALSE(sound.IsPlaying());
 }
 
-TEST_F(OneBell, ASampleOutlastsTheCuckooAndHiddenNotes) {
+TEST_F(OneBellTest, ASampleOutlastsTheCuckooAndHiddenNotes) {
     for (const char* loops : {"0", "1"}) {
         SCOPED_TRACE(loops);
         SetNow(2004, 5, 14, 14, 59, 0);
@@ -108,7 +108,7 @@ TEST_F(OneBell, ASampleOutlastsTheCuckooAndHiddenNotes) {
     }
 }
 
-TEST_F(OneBell, ACountdownsChimeOutlastsHiddenNotesAndTheCuckoo) {
+TEST_F(OneBellTest, ACountdownsChimeOutlastsHiddenNotesAndTheCuckoo) {
     PutAlarm("Dentist", 15, 0, 5);
     StartQuietly();
     Hide("Dentist");
@@ -120,7 +120,7 @@ TEST_F(OneBell, ACountdownsChimeOutlastsHiddenNotesAndTheCuckoo) {
     EXPECT_EQ(sound.log.size(), 2U);
 }
 
-TEST_F(OneBell, ASpecialAlarmOutlastsTheCuckoo) {
+TEST_F(OneBellTest, ASpecialAlarmOutlastsTheCuckoo) {
     StartQuietly();
     SetSpecialAlarm(base::DateTime::FromTime(15, 0, 0));
     ExpectDailyAlarm("now", [this] {
@@ -132,7 +132,7 @@ TEST_F(OneBell, ASpecialAlarmOutlastsTheCuckoo) {
     EXPECT_EQ(sound.log.size(), 2U);
 }
 
-TEST_F(OneBell, OfTwoEditorsDueInOneSecondTheSecondRingsOnWhenTheFirstBoxIsClosed) {
+TEST_F(OneBellTest, OfTwoEditorsDueInOneSecondTheSecondRingsOnWhenTheFirstBoxIsClosed) {
     PutAlarm("Dentist", 15, 0);
     PutAlarm("Rent", 15, 0);
     StartQuietly();
@@ -146,7 +146,7 @@ TEST_F(OneBell, OfTwoEditorsDueInOneSecondTheSecondRingsOnWhenTheFirstBoxIsClose
     EXPECT_EQ(sound.Count(RecordedSound::Kind::Stop), 2);
 }
 
-TEST_F(OneBell, AnEditorRingsOnWhenASpecialAlarmAboveItIsClosed) {
+TEST_F(OneBellTest, AnEditorRingsOnWhenASpecialAlarmAboveItIsClosed) {
     PutAlarm("Rent", 15, 0);
     StartQuietly();
     SetSpecialAlarm(base::DateTime::FromTime(15, 0, 10));
@@ -160,7 +160,7 @@ TEST_F(OneBell, AnEditorRingsOnWhenASpecialAlarmAboveItIsClosed) {
     EXPECT_FALSE(sound.IsPlaying());
 }
 
-TEST_F(OneBell, TheNextHourStrikesAgain) {
+TEST_F(OneBellTest, TheNextHourStrikesAgain) {
     PutAlarm("Rent", 15, 0);
     StartQuietly();
     ExpectEditorAlarm();

@@ -12,7 +12,7 @@
 namespace testing_support {
 
 // The window of the weekly alarms and their file.
-class SpecialAlarms : public TestProgram {
+class SpecialAlarmsProgram : public TestProgram {
   protected:
     inline static const std::string path = "C:\\Jotwright\\SpecialAlarms\\SpecialAlarms.txt";
     inline static const std::string emptyRow = "\"Monday\",#00:00:00#,\"\",0\r\n";

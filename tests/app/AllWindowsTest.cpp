@@ -28,7 +28,7 @@ namespace {
 // writes the file, and "git diff" shows the change.
 constexpr const char* goldenFile = "tests/golden/windows.txt";
 
-class AllWindows : public testing_support::WholeProgram {
+class AllWindowsTest : public testing_support::WholeProgram {
   protected:
     template <class T>
     std::string Text() {
@@ -56,7 +56,7 @@ class AllWindows : public testing_support::WholeProgram {
     }
 };
 
-TEST_F(AllWindows, AreAsTheGoldenTextHasThem) {
+TEST_F(AllWindowsTest, AreAsTheGoldenTextHasThem) {
     const std::string all = Everything();
     if (std::getenv("JOTWRIGHT_WRITE_GOLDEN") != nullptr) {
         std::ofstream(goldenFile, std::ios::binary) << all;

@@ -22,7 +22,7 @@ const std::vector<std::string> tooLarge{"32768", "-32769", "1e400", "&HFFFFFFFFF
 const std::vector<std::string> noNumbers{
     "", "abc", "1x", "0x10", "1 2", "\xef\xbc\x91", "\t1", "--1", std::string(65536, 'x')};
 
-class BadSettings : public testing_support::WholeProgram {
+class BadSettingsTest : public testing_support::WholeProgram {
   protected:
     void Set(const std::string& key, const std::string& value) {
         settings.values[{"Options", key}] = value;
@@ -36,7 +36,7 @@ class ReadOnlySettings : public forms::headless::HeadlessSettings {
     }
 };
 
-TEST_F(BadSettings, ANewNoteTakesAnyNumberAndReportsTheRest) {
+TEST_F(BadSettingsTest, ANewNoteTakesAnyNumberAndReportsTheRest) {
     StartQuietly();
     int made = 0;
     for (const char* key : {"DefaultColor", "DefaultFontSize", "ShowDateTime"}) {
@@ -66,7 +66,7 @@ TEST_F(BadSettings, ANewNoteTakesAnyNumberAndReportsTheRest) {
     EXPECT_FALSE(runtime->HasEnded());
 }
 
-TEST_F(BadSettings, ANoteIsSavedBeforeAnAlarmsSettingEndsTheProgram) {
+TEST_F(BadSettingsTest, ANoteIsSavedBeforeAnAlarmsSettingEndsTheProgram) {
     PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
@@ -78,7 +78,7 @@ TEST_F(BadSettings, ANoteIsSavedBeforeAnAlarmsSettingEndsTheProgram) {
     EXPECT_NE(FileOf("Shopping").value_or("").find("milk"), std::string::npos);
 }
 
-TEST_F(BadSettings, NoNumberEndsTheProgram) {
+TEST_F(BadSettingsTest, NoNumberEndsTheProgram) {
     for (const auto& values : {numbers, tooLarge}) {
         for (const std::string& value : values) {
             PutNote(Note("Dentist").WithAlarmAt(9, 0, 10).WithSound());
@@ -105,7 +105,7 @@ TEST_F(BadSettings, NoNumberEndsTheProgram) {
     }
 }
 
-TEST_F(BadSettings, AnyTextIsASoundPath) {
+TEST_F(BadSettingsTest, AnyTextIsASoundPath) {
     for (const std::string& path :
          std::vector<std::string>{"nonsense", "C:\\", "C:\\Jotwright", "\\\\server\\share\\a.wav",
                                   "C:\\Jotwright\\logo.ico", "..\\..\\x", "con", "a\r\nb",
@@ -128,7 +128,7 @@ TEST_F(BadSettings, AnyTextIsASoundPath) {
     }
 }
 
-TEST_F(BadSettings, ASoundThatCannotBeStoredIsReportedAndTheWindowStays) {
+TEST_F(BadSettingsTest, ASoundThatCannotBeStoredIsReportedAndTheWindowStays) {
     ReadOnlySettings refusing;
     forms::Machine().settings = &refusing;
     Start([] { forms::Default<frmAlarms>().Show(); });

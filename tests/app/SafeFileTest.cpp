@@ -117,9 +117,10 @@ TEST_F(SafeFileTest, StepsOfASave) {
     EXPECT_EQ(files.Steps(), stepsOfReplacing);
 }
 
-class KilledSave : public SafeFileTest, public testing::WithParamInterface<KillPoint> {};
+class SafeFileKilledSaveTest : public SafeFileTest,
+                               public testing::WithParamInterface<KillPoint> {};
 
-TEST_P(KilledSave, LeavesTheOldFileOrTheNewOneWhole) {
+TEST_P(SafeFileKilledSaveTest, LeavesTheOldFileOrTheNewOneWhole) {
     files.KillAt(GetParam().step, GetParam().moment);
     EXPECT_THROW(SafeFile::ReplaceFile(path, newBytes), Killed);
     files.Restart();
@@ -134,7 +135,7 @@ TEST_P(KilledSave, LeavesTheOldFileOrTheNewOneWhole) {
     EXPECT_EQ(Names(), justTheNote);
 }
 
-TEST_P(KilledSave, ANewFileIsThereWholeOrNotAtAll) {
+TEST_P(SafeFileKilledSaveTest, ANewFileIsThereWholeOrNotAtAll) {
     const std::string other = folder + "\\Other.txt";
     files.KillAt(GetParam().step, GetParam().moment);
     try {
@@ -151,12 +152,12 @@ TEST_P(KilledSave, ANewFileIsThereWholeOrNotAtAll) {
     EXPECT_EQ(files.Peek(path), oldBytes);
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryStep, KilledSave,
+INSTANTIATE_TEST_SUITE_P(EveryStep, SafeFileKilledSaveTest,
                          testing::ValuesIn(EveryKillPoint(stepsOfReplacing)));
 
-class FailedSave : public SafeFileTest, public testing::WithParamInterface<int> {};
+class SafeFileFailedSaveTest : public SafeFileTest, public testing::WithParamInterface<int> {};
 
-TEST_P(FailedSave, LeavesTheOldFileAndNoOther) {
+TEST_P(SafeFileFailedSaveTest, LeavesTheOldFileAndNoOther) {
     files.FailAt(GetParam(), ErrorNumber::DeviceIoError);
     const int error = ErrorOf([] { SafeFile::ReplaceFile(path, newBytes); });
     if (GetParam() == 1) {
@@ -170,7 +171,8 @@ TEST_P(FailedSave, LeavesTheOldFileAndNoOther) {
     EXPECT_EQ(Names(), justTheNote);
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryStep, FailedSave, testing::Range(1, stepsOfReplacing + 1));
+INSTANTIATE_TEST_SUITE_P(EveryStep, SafeFileFailedSaveTest,
+                         testing::Range(1, stepsOfReplacing + 1));
 
 TEST_F(SafeFileTest, FullDiskKeepsTheOldFile) {
     for (std::uint64_t space = 0; space < newBytes.size(); ++space) {

@@ -32,7 +32,7 @@ class FailingSettings : public forms::headless::HeadlessSettings {
     int failingWrite = 0;
 };
 
-class Options : public testing_support::TestProgram {
+class frmOptionsTest : public testing_support::TestProgram {
   protected:
     void SetUp() override {
         TestProgram::SetUp();
@@ -70,7 +70,7 @@ class Options : public testing_support::TestProgram {
     }
 };
 
-TEST_F(Options, ColorButtonsShowTheirColors) {
+TEST_F(frmOptionsTest, ColorButtonsShowTheirColors) {
     Open();
     const forms::Color colors[] = {{0xff, 0xff, 0xff}, {0xff, 0x80, 0x80}, {0x00, 0xc0, 0x00},
                                    {0x80, 0x80, 0xff}, {0xff, 0xff, 0x00}, {0xc0, 0xc0, 0xc0}};
@@ -80,7 +80,7 @@ TEST_F(Options, ColorButtonsShowTheirColors) {
     }
 }
 
-TEST_F(Options, AFreshUserGetsTheDefaults) {
+TEST_F(frmOptionsTest, AFreshUserGetsTheDefaults) {
     StandardCode::Shared().StartCookooFlag = 1;
     Open();
     EXPECT_EQ(SelectedColor(), 0);
@@ -94,7 +94,7 @@ TEST_F(Options, AFreshUserGetsTheDefaults) {
     EXPECT_TRUE(settings.values.empty());
 }
 
-TEST_F(Options, LoadShowsWhatIsStored) {
+TEST_F(frmOptionsTest, LoadShowsWhatIsStored) {
     Set("DefaultColor", "4");
     Set("DefaultFontSize", "3");
     Set("WindowOnTop", "1");
@@ -113,13 +113,13 @@ TEST_F(Options, LoadShowsWhatIsStored) {
     EXPECT_EQ(StandardCode::Shared().StartCookooFlag, 1);
 }
 
-TEST_F(Options, AnyNoteLoopsButZeroChecksTheBox) {
+TEST_F(frmOptionsTest, AnyNoteLoopsButZeroChecksTheBox) {
     Set("NoteLoops", "7");
     Open();
     EXPECT_EQ(Window().chkNoteLoops.value(), 1);
 }
 
-TEST_F(Options, AMissingIsServiceTakesTheColorCode) {
+TEST_F(frmOptionsTest, AMissingIsServiceTakesTheColorCode) {
     Set("DefaultColor", "1");
     Open();
     EXPECT_EQ(Window().chkIsService.value(), 1);
@@ -128,13 +128,13 @@ TEST_F(Options, AMissingIsServiceTakesTheColorCode) {
     EXPECT_TRUE(files.FileExists(startupLink));
 }
 
-TEST_F(Options, AMissingIsServiceBesideAColorCodeThatIsNoCheckMarkLeavesTheBoxEmpty) {
+TEST_F(frmOptionsTest, AMissingIsServiceBesideAColorCodeThatIsNoCheckMarkLeavesTheBoxEmpty) {
     Set("DefaultColor", "4");
     Open();
     EXPECT_EQ(Window().chkIsService.value(), 0);
 }
 
-TEST_F(Options, NumbersThatAreNoCheckMarksLeaveTheBoxesEmpty) {
+TEST_F(frmOptionsTest, NumbersThatAreNoCheckMarksLeaveTheBoxesEmpty) {
     for (const char* key : {"WindowOnTop", "StartCookoo", "ShowDateTime", "IsService"}) {
         Set(key, "5");
     }
@@ -146,14 +146,14 @@ TEST_F(Options, NumbersThatAreNoCheckMarksLeaveTheBoxesEmpty) {
     EXPECT_EQ(Window().chkIsService.value(), 0);
 }
 
-TEST_F(Options, ATextThatIsNoNumberIsNotTrapped) {
+TEST_F(frmOptionsTest, ATextThatIsNoNumberIsNotTrapped) {
     Set("WindowOnTop", "yes");
     ExpectRunTimeError(13, "Type mismatch");
     Open();
     EXPECT_TRUE(runtime->HasEnded());
 }
 
-TEST_F(Options, ACodeOutOfRangeSelectsNoneAndStays) {
+TEST_F(frmOptionsTest, ACodeOutOfRangeSelectsNoneAndStays) {
     Set("DefaultColor", "9");
     Set("DefaultFontSize", "-1");
     Set("IsService", "0");
@@ -166,7 +166,7 @@ TEST_F(Options, ACodeOutOfRangeSelectsNoneAndStays) {
     EXPECT_EQ(Get("DefaultFontSize"), "1");
 }
 
-TEST_F(Options, WindowsVersionTexts) {
+TEST_F(frmOptionsTest, WindowsVersionTexts) {
     Open();
     const std::pair<std::uint32_t, const char*> versions[] = {
         {0x0105, "5.01"}, {0x0005, "5.00"}, {0x000A, "10.00"},   {0x0106, "6.01"},
@@ -177,7 +177,7 @@ TEST_F(Options, WindowsVersionTexts) {
     }
 }
 
-TEST_F(Options, OnlyVersionsAboveFiveCanStartWithWindows) {
+TEST_F(frmOptionsTest, OnlyVersionsAboveFiveCanStartWithWindows) {
     for (const auto& [version, available] :
          std::map<std::uint32_t, bool>{{0x0005, false}, {0x5A04, false}, {0x0105, true}}) {
         system.version = version;
@@ -187,7 +187,7 @@ TEST_F(Options, OnlyVersionsAboveFiveCanStartWithWindows) {
     }
 }
 
-TEST_F(Options, ApplyWritesAllSevenKeysEvenWhenNothingChanged) {
+TEST_F(frmOptionsTest, ApplyWritesAllSevenKeysEvenWhenNothingChanged) {
     Open();
     user->Click(Window().cmdApply);
     EXPECT_FALSE(IsOpen());
@@ -198,7 +198,7 @@ TEST_F(Options, ApplyWritesAllSevenKeysEvenWhenNothingChanged) {
     }
 }
 
-TEST_F(Options, ApplyWritesWhatIsChosen) {
+TEST_F(frmOptionsTest, ApplyWritesWhatIsChosen) {
     Open();
     user->Click(Window().optDefaultColor[5]);
     user->Click(Window().optDefaultFont[2]);
@@ -214,7 +214,7 @@ TEST_F(Options, ApplyWritesWhatIsChosen) {
     EXPECT_EQ(Get("IsService"), "0");
 }
 
-TEST_F(Options, EachBoxHasItsOwnKey) {
+TEST_F(frmOptionsTest, EachBoxHasItsOwnKey) {
     const std::pair<forms::CheckBox frmOptions::*, const char*> boxes[] = {
         {&frmOptions::chkNoteLoops, "NoteLoops"},
         {&frmOptions::chkShowDateTime, "ShowDateTime"},
@@ -232,7 +232,7 @@ TEST_F(Options, EachBoxHasItsOwnKey) {
     }
 }
 
-TEST_F(Options, CancelAndTheCloseBoxWriteNothing) {
+TEST_F(frmOptionsTest, CancelAndTheCloseBoxWriteNothing) {
     Open();
     user->Click(Window().chkShowOnTop);
     user->Click(Window().optDefaultColor[3]);
@@ -246,7 +246,7 @@ TEST_F(Options, CancelAndTheCloseBoxWriteNothing) {
     EXPECT_FALSE(files.FileExists(startupLink));
 }
 
-TEST_F(Options, CheckingStartWithWindowsMakesTheLinkOnce) {
+TEST_F(frmOptionsTest, CheckingStartWithWindowsMakesTheLinkOnce) {
     Open();
     user->Click(Window().chkIsService);
     user->Click(Window().cmdApply);
@@ -260,7 +260,7 @@ TEST_F(Options, CheckingStartWithWindowsMakesTheLinkOnce) {
     EXPECT_EQ(files.Peek(startupLink), "older");
 }
 
-TEST_F(Options, UncheckingStartWithWindowsDeletesTheLink) {
+TEST_F(frmOptionsTest, UncheckingStartWithWindowsDeletesTheLink) {
     Set("IsService", "1");
     files.PutFile(startupLink, "link");
     Open();
@@ -270,7 +270,7 @@ TEST_F(Options, UncheckingStartWithWindowsDeletesTheLink) {
     EXPECT_EQ(Get("IsService"), "0");
 }
 
-TEST_F(Options, CheckingAndUncheckingMakesNoLink) {
+TEST_F(frmOptionsTest, CheckingAndUncheckingMakesNoLink) {
     Open();
     user->Click(Window().chkIsService);
     user->Click(Window().chkIsService);
@@ -278,7 +278,7 @@ TEST_F(Options, CheckingAndUncheckingMakesNoLink) {
     EXPECT_FALSE(files.FileExists(startupLink));
 }
 
-TEST_F(Options, AMissingShippedLinkIsReportedAfterTheSettingsAreWritten) {
+TEST_F(frmOptionsTest, AMissingShippedLinkIsReportedAfterTheSettingsAreWritten) {
     files.Remove(shippedLink);
     Open();
     user->Click(Window().chkIsService);
@@ -289,7 +289,7 @@ TEST_F(Options, AMissingShippedLinkIsReportedAfterTheSettingsAreWritten) {
     EXPECT_EQ(settings.values.size(), 7U);
 }
 
-TEST_F(Options, AStartupFolderElsewhereIsReported) {
+TEST_F(frmOptionsTest, AStartupFolderElsewhereIsReported) {
     files.Remove(startupFolder);
     Open();
     user->Click(Window().chkIsService);
@@ -298,7 +298,7 @@ TEST_F(Options, AStartupFolderElsewhereIsReported) {
     EXPECT_TRUE(IsOpen());
 }
 
-TEST_F(Options, ALinkThatCannotBeDeletedIsReported) {
+TEST_F(frmOptionsTest, ALinkThatCannotBeDeletedIsReported) {
     files.PutFile(startupLink, "link");
     files.SetDenied(startupLink, true);
     Open();
@@ -308,7 +308,7 @@ TEST_F(Options, ALinkThatCannotBeDeletedIsReported) {
     EXPECT_TRUE(files.FileExists(startupLink));
 }
 
-TEST_F(Options, ASettingThatCannotBeWrittenKeepsThoseBefore) {
+TEST_F(frmOptionsTest, ASettingThatCannotBeWrittenKeepsThoseBefore) {
     FailingSettings failing;
     failing.failingWrite = 3;
     forms::Machine().settings = &failing;

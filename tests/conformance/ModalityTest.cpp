@@ -6,7 +6,7 @@ using conformance::Lines;
 
 namespace {
 
-class Modality : public conformance::StandTest {
+class ModalityTest : public conformance::StandTest {
   protected:
     static BoxResult Ask(const std::string& text) {
         return MsgBox(text, {BoxButtons::YesNo}, "Question");
@@ -16,7 +16,7 @@ class Modality : public conformance::StandTest {
 
 }  // namespace
 
-TEST_F(Modality, ABoxReturnsTheAnswer) {
+TEST_F(ModalityTest, ABoxReturnsTheAnswer) {
     ExpectQuestion("Yes?", "Question", BoxResult::Yes);
     ExpectQuestion("No?", "Question", BoxResult::No);
     ExpectMessage("Two\r\nlines", "Message");
@@ -27,7 +27,7 @@ TEST_F(Modality, ABoxReturnsTheAnswer) {
     });
 }
 
-TEST_F(Modality, AFormShownInTheHandlerIsThereWhenItsBoxOpens) {
+TEST_F(ModalityTest, AFormShownInTheHandlerIsThereWhenItsBoxOpens) {
     ExpectMessage("Look", "Message", [this] { EXPECT_TRUE(stand->IsShown(Default<frmFirst>())); });
     Start([] {
         Default<frmFirst>().Show();
@@ -35,7 +35,7 @@ TEST_F(Modality, AFormShownInTheHandlerIsThereWhenItsBoxOpens) {
     });
 }
 
-TEST_F(Modality, AModalFormDisablesVisibleFormsButNotLaterOnes) {
+TEST_F(ModalityTest, AModalFormDisablesVisibleFormsButNotLaterOnes) {
     Start([] { Default<frmFirst>().Show(); });
     stand->ExpectModal<frmSecond>([this](frmSecond& form) {
         EXPECT_FALSE(stand->CanBeUsed(Default<frmFirst>()));
@@ -52,7 +52,7 @@ TEST_F(Modality, AModalFormDisablesVisibleFormsButNotLaterOnes) {
     EXPECT_TRUE(stand->CanBeUsed(Default<frmThird>()));
 }
 
-TEST_F(Modality, AModalFormReturnsWhenItIsHidden) {
+TEST_F(ModalityTest, AModalFormReturnsWhenItIsHidden) {
     bool returned = false;
     stand->ExpectModal<frmSecond>([this](frmSecond& form) {
         form.cmdGo.Click = [&form] { form.Hide(); };
@@ -65,7 +65,7 @@ TEST_F(Modality, AModalFormReturnsWhenItIsHidden) {
     EXPECT_TRUE(returned);
 }
 
-TEST_F(Modality, AModalFormMayBeShownAgain) {
+TEST_F(ModalityTest, AModalFormMayBeShownAgain) {
     int times = 0;
     for (int round = 0; round < 2; ++round) {
         stand->ExpectModal<frmSecond>([this, &times](frmSecond& form) {
@@ -81,7 +81,7 @@ TEST_F(Modality, AModalFormMayBeShownAgain) {
     EXPECT_EQ(times, 2);
 }
 
-TEST_F(Modality, BoxesNestInModalFormsAndModalFormsInBoxes) {
+TEST_F(ModalityTest, BoxesNestInModalFormsAndModalFormsInBoxes) {
     Lines order;
     Start([&order] {
         auto& first = Default<frmFirst>();
@@ -117,7 +117,7 @@ TEST_F(Modality, BoxesNestInModalFormsAndModalFormsInBoxes) {
     EXPECT_TRUE(stand->CanBeUsed(Default<frmFirst>()));
 }
 
-TEST_F(Modality, AFormMayBeUnloadedWhileItsOwnBoxIsOpen) {
+TEST_F(ModalityTest, AFormMayBeUnloadedWhileItsOwnBoxIsOpen) {
     Start([] {
         Default<frmSecond>().tmrOne.interval = 40;
         Default<frmSecond>().tmrOne.Tick = [] {
@@ -137,7 +137,7 @@ TEST_F(Modality, AFormMayBeUnloadedWhileItsOwnBoxIsOpen) {
     EXPECT_EQ(LoadedDefault<frmFirst>(), nullptr);
 }
 
-TEST_F(Modality, AnOuterModalFormMayCloseBeforeTheInner) {
+TEST_F(ModalityTest, AnOuterModalFormMayCloseBeforeTheInner) {
     Lines order;
     Start([&order] {
         Default<frmSecond>().cmdGo.Click = [&order] {
@@ -160,7 +160,7 @@ TEST_F(Modality, AnOuterModalFormMayCloseBeforeTheInner) {
     EXPECT_EQ(order, (Lines{"third", "second"}));
 }
 
-TEST_F(Modality, TheProgramMayEndUnderABoxInAModalForm) {
+TEST_F(ModalityTest, TheProgramMayEndUnderABoxInAModalForm) {
     Lines reached;
     Start([] {
         Default<frmFirst>().tmrOne.interval = 40;

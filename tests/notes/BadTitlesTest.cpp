@@ -15,7 +15,7 @@ using Names = std::vector<std::string>;
 
 constexpr const char* badName = "52 - Bad file name or number";
 
-class BadTitles : public testing_support::NoteProgram {
+class BadTitlesTest : public testing_support::NoteProgram {
   protected:
     Names FilesOfNotes() const { return files.Names("C:\\Jotwright\\Notes"); }
     // Every file that a save may touch but must not.
@@ -30,7 +30,7 @@ class BadTitles : public testing_support::NoteProgram {
     }
 };
 
-TEST_F(BadTitles, WhatIsNoFileNameIsReportedAndTheTextStays) {
+TEST_F(BadTitlesTest, WhatIsNoFileNameIsReportedAndTheTextStays) {
     const Names around = FilesAround();
     for (const std::string& title : std::vector<std::string>{
              "CON", "con", "Nul", "AUX ", "PRN", "COM1", "lpt9", "CONIN$", "conout$", "a*b", "a?b",
@@ -63,7 +63,7 @@ TEST_F(BadTitles, WhatIsNoFileNameIsReportedAndTheTextStays) {
     EXPECT_EQ(FilesAround(), around);
 }
 
-TEST_F(BadTitles, APathLongerThanTheSystemTakesIsReported) {
+TEST_F(BadTitlesTest, APathLongerThanTheSystemTakesIsReported) {
     const std::string title(250, 'n');
     frmNote& note = MakeNote(title, "typed");
     ExpectWriteError("76 - Path not found");
@@ -72,7 +72,7 @@ TEST_F(BadTitles, APathLongerThanTheSystemTakesIsReported) {
     EXPECT_TRUE(FilesOfNotes().empty());
 }
 
-TEST_F(BadTitles, WhatOnlyLooksStrangeIsSavedUnderItsOwnName) {
+TEST_F(BadTitlesTest, WhatOnlyLooksStrangeIsSavedUnderItsOwnName) {
     const Names titles{
         "a",
         "a ",
@@ -105,7 +105,7 @@ TEST_F(BadTitles, WhatOnlyLooksStrangeIsSavedUnderItsOwnName) {
 }
 
 // The title in a note's file is whatever somebody has written there.
-TEST_F(BadTitles, ATitleInAFileNamesNoFileElsewhere) {
+TEST_F(BadTitlesTest, ATitleInAFileNamesNoFileElsewhere) {
     const Names titles{"..\\evil",
                        "..\\SpecialAlarms\\SpecialAlarms",
                        "x\\..\\..\\evil",
@@ -132,7 +132,7 @@ TEST_F(BadTitles, ATitleInAFileNamesNoFileElsewhere) {
     }
 }
 
-TEST_F(BadTitles, ErasingByAStrangeTitleErasesNothingElse) {
+TEST_F(BadTitlesTest, ErasingByAStrangeTitleErasesNothingElse) {
     files.PutFile("C:\\Jotwright\\kept.txt", "kept");
     const auto fresh = files;
     for (const char* title : {"..\\kept", "C:\\Jotwright\\kept"}) {
@@ -149,7 +149,7 @@ TEST_F(BadTitles, ErasingByAStrangeTitleErasesNothingElse) {
     }
 }
 
-TEST_F(BadTitles, AFolderInTheFilesPlaceIsReported) {
+TEST_F(BadTitlesTest, AFolderInTheFilesPlaceIsReported) {
     files.PutFolder("C:\\Jotwright\\Notes\\Dentist.txt");
     frmNote& note = MakeNote("Dentist", "typed");
     ExpectWriteError("75 - Path/File access error");

@@ -17,7 +17,7 @@
 namespace testing_support {
 
 // The control panel and the editors, without the main window.
-class ViewNotes : public ProductProgram {
+class ViewNotesProgram : public ProductProgram {
   protected:
     const std::string folder = applicationFolder + "\\Notes";
 

@@ -29,7 +29,7 @@ const std::string silenced =
     "\"Dentist\",\"Call to move the appointment.\r\nAsk for a Friday.\","
     "#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n";
 
-class DisplayClosing : public testing_support::ProductProgram {
+class frmDisplayNoteClosingTest : public testing_support::ProductProgram {
   protected:
     void SetUp() override {
         ProductProgram::SetUp();
@@ -85,7 +85,7 @@ class DisplayClosing : public testing_support::ProductProgram {
     std::vector<PanelAction> panelActions;
 };
 
-TEST_F(DisplayClosing, NoKeepsTheNoteWithItsAlarmOff) {
+TEST_F(frmDisplayNoteClosingTest, NoKeepsTheNoteWithItsAlarmOff) {
     const auto display = Open();
     ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
@@ -100,7 +100,7 @@ TEST_F(DisplayClosing, NoKeepsTheNoteWithItsAlarmOff) {
     EXPECT_EQ(Shared().NotesArray[1].AudioAlarm, 0);
 }
 
-TEST_F(DisplayClosing, YesErasesTheNote) {
+TEST_F(frmDisplayNoteClosingTest, YesErasesTheNote) {
     const auto display = Open();
     ExpectEraseNoteQuestion(BoxResult::Yes);
     user->CloseBox(*display);
@@ -111,7 +111,7 @@ TEST_F(DisplayClosing, YesErasesTheNote) {
     EXPECT_EQ(Shared().NoteCount, 0);
 }
 
-TEST_F(DisplayClosing, YesErasesWithoutARecycleBinToo) {
+TEST_F(frmDisplayNoteClosingTest, YesErasesWithoutARecycleBinToo) {
     files.SetRecycleBin(false);
     const auto display = Open();
     ExpectEraseNoteQuestion(BoxResult::Yes);
@@ -119,7 +119,7 @@ TEST_F(DisplayClosing, YesErasesWithoutARecycleBinToo) {
     EXPECT_TRUE(files.Names(notes).empty());
 }
 
-TEST_F(DisplayClosing, TheMenuAsksTheSameQuestion) {
+TEST_F(frmDisplayNoteClosingTest, TheMenuAsksTheSameQuestion) {
     for (const std::string entry : {"mnuErase", "mnuClose"}) {
         const auto display = Open();
         stage->ExpectPopup("mnuPop", entry);
@@ -130,7 +130,7 @@ TEST_F(DisplayClosing, TheMenuAsksTheSameQuestion) {
     }
 }
 
-TEST_F(DisplayClosing, ANoteErasedElsewhereAsksNothing) {
+TEST_F(frmDisplayNoteClosingTest, ANoteErasedElsewhereAsksNothing) {
     const auto display = Open();
     files.Remove(dentist);
     user->CloseBox(*display);
@@ -139,7 +139,7 @@ TEST_F(DisplayClosing, ANoteErasedElsewhereAsksNothing) {
     EXPECT_TRUE(panelActions.empty());
 }
 
-TEST_F(DisplayClosing, TheSecondDisplayOfANoteAsksNothingOnceItIsErased) {
+TEST_F(frmDisplayNoteClosingTest, TheSecondDisplayOfANoteAsksNothingOnceItIsErased) {
     const auto first = Open();
     const auto second = Open();
     ExpectEraseNoteQuestion(BoxResult::Yes);
@@ -148,21 +148,21 @@ TEST_F(DisplayClosing, TheSecondDisplayOfANoteAsksNothingOnceItIsErased) {
     EXPECT_TRUE(files.Names(notes).empty());
 }
 
-TEST_F(DisplayClosing, ANoteErasedWhileTheQuestionIsOpenIsNoError) {
+TEST_F(frmDisplayNoteClosingTest, ANoteErasedWhileTheQuestionIsOpenIsNoError) {
     const auto display = Open();
     ExpectEraseNoteQuestion(BoxResult::Yes, [&] { files.Remove(dentist); });
     user->CloseBox(*display);
     EXPECT_FALSE(display->IsLoaded());
 }
 
-TEST_F(DisplayClosing, NoBringsBackANoteErasedWhileTheQuestionWasOpen) {
+TEST_F(frmDisplayNoteClosingTest, NoBringsBackANoteErasedWhileTheQuestionWasOpen) {
     const auto display = Open();
     ExpectEraseNoteQuestion(BoxResult::No, [&] { files.Remove(dentist); });
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist), silenced);
 }
 
-TEST_F(DisplayClosing, TheDateIsTheDayOfClosing) {
+TEST_F(frmDisplayNoteClosingTest, TheDateIsTheDayOfClosing) {
     SetNow(2004, 5, 14, 23, 59, 0);
     const auto display = Open();
     Advance(120000);
@@ -171,7 +171,7 @@ TEST_F(DisplayClosing, TheDateIsTheDayOfClosing) {
     EXPECT_NE(files.Peek(dentist).value().find(",#2004-05-15#,\"#12:00#\","), std::string::npos);
 }
 
-TEST_F(DisplayClosing, EveryColourComesBackAsItsIndex) {
+TEST_F(frmDisplayNoteClosingTest, EveryColourComesBackAsItsIndex) {
     for (int index = 1; index <= 6; ++index) {
         const auto display = Open(DueNote().InColor(index));
         ExpectEraseNoteQuestion(BoxResult::No);
@@ -181,7 +181,7 @@ TEST_F(DisplayClosing, EveryColourComesBackAsItsIndex) {
     }
 }
 
-TEST_F(DisplayClosing, AnyOtherColourIsWrittenAsSix) {
+TEST_F(frmDisplayNoteClosingTest, AnyOtherColourIsWrittenAsSix) {
     const auto display = Open(DueNote().InColor(0));
     ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
@@ -189,7 +189,7 @@ TEST_F(DisplayClosing, AnyOtherColourIsWrittenAsSix) {
               "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\",6,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(DisplayClosing, TheFontSizeIsTheOneShown) {
+TEST_F(frmDisplayNoteClosingTest, TheFontSizeIsTheOneShown) {
     for (const auto& [stored, written] : {std::pair{10, 10}, {14, 14}, {16, 16}, {11, 12}}) {
         const auto display = Open(DueNote().InPoints(stored));
         ExpectEraseNoteQuestion(BoxResult::No);
@@ -199,7 +199,7 @@ TEST_F(DisplayClosing, TheFontSizeIsTheOneShown) {
     }
 }
 
-TEST_F(DisplayClosing, WhatTheUserTypedIsKept) {
+TEST_F(frmDisplayNoteClosingTest, WhatTheUserTypedIsKept) {
     const auto display = Open();
     user->Type(display->lblNoteText, "moved");
     ExpectEraseNoteQuestion(BoxResult::No);
@@ -208,7 +208,7 @@ TEST_F(DisplayClosing, WhatTheUserTypedIsKept) {
               "\"Dentist\",\"moved\",#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(DisplayClosing, ATextOutsideTheCodePageIsKeptWhole) {
+TEST_F(frmDisplayNoteClosingTest, ATextOutsideTheCodePageIsKeptWhole) {
     const auto display = Open();
     const std::string text = "\xD0\x9F\xD1\x80\xD0\xB8\xD0\xB2\xD0\xB5\xD1\x82 \xF0\x9F\x95\x91";
     user->Type(display->lblNoteText, text);
@@ -217,7 +217,7 @@ TEST_F(DisplayClosing, ATextOutsideTheCodePageIsKeptWhole) {
     EXPECT_EQ(Shared().NotesArray[1].Text, text);
 }
 
-TEST_F(DisplayClosing, BlanksAroundTheTitleAreTrimmedInTheFile) {
+TEST_F(frmDisplayNoteClosingTest, BlanksAroundTheTitleAreTrimmedInTheFile) {
     // The title field, not the file's name, is what the display shows.
     const auto display = Open(DueNote(" Dentist"));
     ASSERT_EQ(display->caption(), " Dentist");
@@ -228,7 +228,7 @@ TEST_F(DisplayClosing, BlanksAroundTheTitleAreTrimmedInTheFile) {
               "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(DisplayClosing, TheFileStaysIfItsReplacementFailed) {
+TEST_F(frmDisplayNoteClosingTest, TheFileStaysIfItsReplacementFailed) {
     const Note note = DueNote(" Dentist");
     const auto display = Open(note);
     files.SetFreeSpace(0);
@@ -238,7 +238,7 @@ TEST_F(DisplayClosing, TheFileStaysIfItsReplacementFailed) {
     EXPECT_EQ(files.Peek(dentist), NoteFile::Encode(note));
 }
 
-TEST_F(DisplayClosing, AsksAboutTheFileThatTheNoteCameFrom) {
+TEST_F(frmDisplayNoteClosingTest, AsksAboutTheFileThatTheNoteCameFrom) {
     const auto display = Open(DueNote(" Dentist"), " Dentist.txt");
     ExpectEraseNoteQuestion(BoxResult::Yes);
     user->CloseBox(*display);
@@ -246,7 +246,7 @@ TEST_F(DisplayClosing, AsksAboutTheFileThatTheNoteCameFrom) {
     EXPECT_TRUE(files.Names(notes).empty());
 }
 
-TEST_F(DisplayClosing, ResetsTheAnswer) {
+TEST_F(frmDisplayNoteClosingTest, ResetsTheAnswer) {
     Shared().Answer = 2;
     const auto display = Open();
     ExpectEraseNoteQuestion(BoxResult::No);
@@ -254,7 +254,7 @@ TEST_F(DisplayClosing, ResetsTheAnswer) {
     EXPECT_EQ(Shared().Answer, 0);
 }
 
-TEST_F(DisplayClosing, TheDefaultInstanceHoldsNoNote) {
+TEST_F(frmDisplayNoteClosingTest, TheDefaultInstanceHoldsNoNote) {
     const Note other = DueNote("note");
     PutNote(other);
     Start([] { forms::Default<frmDisplayNote>().Load(); });
@@ -265,14 +265,14 @@ TEST_F(DisplayClosing, TheDefaultInstanceHoldsNoNote) {
     EXPECT_TRUE(panelActions.empty());
 }
 
-TEST_F(DisplayClosing, TheEndOfTheSessionKeepsTheNoteAndAsksNothing) {
+TEST_F(frmDisplayNoteClosingTest, TheEndOfTheSessionKeepsTheNoteAndAsksNothing) {
     const auto display = Open();
     forms::gestures::EndSession();
     EXPECT_FALSE(display->IsLoaded());
     EXPECT_EQ(files.Peek(dentist), silenced);
 }
 
-TEST_F(DisplayClosing, AFailingRewriteIsReportedAndLosesNothing) {
+TEST_F(frmDisplayNoteClosingTest, AFailingRewriteIsReportedAndLosesNothing) {
     const auto display = Open();
     files.SetReadOnly(dentist, true);
     ExpectEraseNoteQuestion(BoxResult::No);
@@ -282,7 +282,7 @@ TEST_F(DisplayClosing, AFailingRewriteIsReportedAndLosesNothing) {
     EXPECT_EQ(panelActions.size(), 1u);
 }
 
-TEST_F(DisplayClosing, TextThatCannotBeWrittenKeepsTheWindow) {
+TEST_F(frmDisplayNoteClosingTest, TextThatCannotBeWrittenKeepsTheWindow) {
     const auto display = OpenWithTextThatCannotBeWritten();
     ExpectEraseNoteQuestion(BoxResult::No);
     ExpectWriteError("75 - Path/File access error");
@@ -296,7 +296,7 @@ TEST_F(DisplayClosing, TextThatCannotBeWrittenKeepsTheWindow) {
     EXPECT_NE(files.Peek(dentist)->find("typed here"), std::string::npos);
 }
 
-TEST_F(DisplayClosing, TextThatCannotBeWrittenOutlivesTheEndOfTheSession) {
+TEST_F(frmDisplayNoteClosingTest, TextThatCannotBeWrittenOutlivesTheEndOfTheSession) {
     auto display = OpenWithTextThatCannotBeWritten();
     forms::gestures::EndSession();
     EXPECT_TRUE(stage->Boxes().empty());
@@ -306,7 +306,7 @@ TEST_F(DisplayClosing, TextThatCannotBeWrittenOutlivesTheEndOfTheSession) {
     ExpectTypedTextAtTheNextStart();
 }
 
-TEST_F(DisplayClosing, TextOutlivesTheEndOfTheSessionBehindTheReport) {
+TEST_F(frmDisplayNoteClosingTest, TextOutlivesTheEndOfTheSessionBehindTheReport) {
     auto display = OpenWithTextThatCannotBeWritten();
     ExpectEraseNoteQuestion(BoxResult::No);
     ExpectWriteError("75 - Path/File access error", [] { forms::gestures::EndSession(); });
@@ -316,7 +316,7 @@ TEST_F(DisplayClosing, TextOutlivesTheEndOfTheSessionBehindTheReport) {
     ExpectTypedTextAtTheNextStart();
 }
 
-TEST_F(DisplayClosing, TextOutlivesTheEndOfTheSessionBehindTheQuestion) {
+TEST_F(frmDisplayNoteClosingTest, TextOutlivesTheEndOfTheSessionBehindTheQuestion) {
     auto display = OpenWithTextThatCannotBeWritten();
     ExpectEraseNoteQuestion(BoxResult::No, [] { forms::gestures::EndSession(); });
     user->CloseBox(*display);
@@ -325,7 +325,7 @@ TEST_F(DisplayClosing, TextOutlivesTheEndOfTheSessionBehindTheQuestion) {
     ExpectTypedTextAtTheNextStart();
 }
 
-TEST_F(DisplayClosing, ANoteWhoseTextNobodyTypedNeedsNoCopyAtTheEndOfTheSession) {
+TEST_F(frmDisplayNoteClosingTest, ANoteWhoseTextNobodyTypedNeedsNoCopyAtTheEndOfTheSession) {
     const auto display = Open();
     files.SetReadOnly(dentist, true);
     forms::gestures::EndSession();
@@ -333,7 +333,7 @@ TEST_F(DisplayClosing, ANoteWhoseTextNobodyTypedNeedsNoCopyAtTheEndOfTheSession)
     EXPECT_EQ(files.List(notes, ".recovery").size(), 0U);
 }
 
-TEST_F(DisplayClosing, TheCopyOfATextIsGoneOnceTheTextIsSavedOrErased) {
+TEST_F(frmDisplayNoteClosingTest, TheCopyOfATextIsGoneOnceTheTextIsSavedOrErased) {
     for (const BoxResult answer : {BoxResult::No, BoxResult::Yes}) {
         const auto display = OpenWithTextThatCannotBeWritten();
         ExpectEraseNoteQuestion(BoxResult::No);
@@ -348,7 +348,7 @@ TEST_F(DisplayClosing, TheCopyOfATextIsGoneOnceTheTextIsSavedOrErased) {
     }
 }
 
-TEST_F(DisplayClosing, AFailingEraseIsReported) {
+TEST_F(frmDisplayNoteClosingTest, AFailingEraseIsReported) {
     const auto display = Open();
     files.SetDenied(dentist, true);
     ExpectEraseNoteQuestion(BoxResult::Yes);
@@ -358,7 +358,7 @@ TEST_F(DisplayClosing, AFailingEraseIsReported) {
     EXPECT_FALSE(runtime->HasEnded());
 }
 
-TEST_F(DisplayClosing, AFullDiskLeavesTheOldNote) {
+TEST_F(frmDisplayNoteClosingTest, AFullDiskLeavesTheOldNote) {
     const auto display = Open();
     files.SetFreeSpace(10);
     ExpectEraseNoteQuestion(BoxResult::No);
@@ -369,7 +369,7 @@ TEST_F(DisplayClosing, AFullDiskLeavesTheOldNote) {
 
 // Whenever the program is killed on its way through the closing, the disk holds the old note or the
 // new one.
-TEST_F(DisplayClosing, AKillAtAnyStepLeavesOneWholeNote) {
+TEST_F(frmDisplayNoteClosingTest, AKillAtAnyStepLeavesOneWholeNote) {
     using forms::headless::MemoryFiles;
     bool reachedEnd = false;
     for (int step = 1; step < 40 && !reachedEnd; ++step) {

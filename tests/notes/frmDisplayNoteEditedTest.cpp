@@ -8,7 +8,7 @@ namespace {
 using forms::BoxResult;
 using Names = std::vector<std::string>;
 
-class EditedUnderItsDisplay : public testing_support::NoteProgram {
+class frmDisplayNoteEditedTest : public testing_support::NoteProgram {
   protected:
     void SetUp() override {
         NoteProgram::SetUp();
@@ -39,7 +39,7 @@ class EditedUnderItsDisplay : public testing_support::NoteProgram {
     std::shared_ptr<frmDisplayNote> display;
 };
 
-TEST_F(EditedUnderItsDisplay, KeepingTheNoteKeepsWhatWasSavedMeanwhile) {
+TEST_F(frmDisplayNoteEditedTest, KeepingTheNoteKeepsWhatWasSavedMeanwhile) {
     frmNote& note = Edit();
     user->Type(note.txtNote, "new");
     stage->ExpectPopup("mnuPop", "mnuGreen");
@@ -52,7 +52,7 @@ TEST_F(EditedUnderItsDisplay, KeepingTheNoteKeepsWhatWasSavedMeanwhile) {
     EXPECT_EQ(Saved("Dentist").AlarmTime, base::DateTime::FromTime(12, 0, 0));
 }
 
-TEST_F(EditedUnderItsDisplay, AnAlarmThatWasSetMeanwhileStaysSet) {
+TEST_F(frmDisplayNoteEditedTest, AnAlarmThatWasSetMeanwhileStaysSet) {
     frmNote& note = Edit();
     user->Click(note.cmdAlarm);
     user->Pick(note.dtTime, base::DateTime::FromTime(10, 0, 0));
@@ -65,7 +65,7 @@ TEST_F(EditedUnderItsDisplay, AnAlarmThatWasSetMeanwhileStaysSet) {
     EXPECT_EQ(Saved("Dentist").AlarmTime, base::DateTime::FromTime(10, 0, 0));
 }
 
-TEST_F(EditedUnderItsDisplay, ATextTypedIntoTheDisplayLeavesTheNewAlarmSet) {
+TEST_F(frmDisplayNoteEditedTest, ATextTypedIntoTheDisplayLeavesTheNewAlarmSet) {
     frmNote& note = Edit();
     user->Click(note.cmdAlarm);
     user->Pick(note.dtTime, base::DateTime::FromTime(10, 0, 0));
@@ -78,7 +78,7 @@ TEST_F(EditedUnderItsDisplay, ATextTypedIntoTheDisplayLeavesTheNewAlarmSet) {
     EXPECT_EQ(Saved("Dentist").AlarmTime, base::DateTime::FromTime(10, 0, 0));
 }
 
-TEST_F(EditedUnderItsDisplay, WhatIsTypedIntoTheDisplayIsSavedAndTheEditorsTextIsKept) {
+TEST_F(frmDisplayNoteEditedTest, WhatIsTypedIntoTheDisplayIsSavedAndTheEditorsTextIsKept) {
     frmNote& note = Edit();
     user->Type(note.txtNote, "of the editor");
     Start([&note] { Save(note); });
@@ -92,7 +92,7 @@ TEST_F(EditedUnderItsDisplay, WhatIsTypedIntoTheDisplayIsSavedAndTheEditorsTextI
     EXPECT_EQ(Editor("Dentist (recovered)").txtNote.text(), "of the editor");
 }
 
-TEST_F(EditedUnderItsDisplay, ErasingTheNoteLeavesTheEditorsTextInACopy) {
+TEST_F(frmDisplayNoteEditedTest, ErasingTheNoteLeavesTheEditorsTextInACopy) {
     Edit();
     CloseDisplay(BoxResult::Yes);
     EXPECT_FALSE(FileOf("Dentist").has_value());

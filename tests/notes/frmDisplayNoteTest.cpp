@@ -23,7 +23,7 @@ using StandardCode::Shared;
 
 const std::string buzzer = "C:\\Jotwright\\Alarm buzzer.wav";
 
-class AlarmDisplay : public testing_support::ProductProgram {
+class frmDisplayNoteTest : public testing_support::ProductProgram {
   protected:
     void SetUp() override {
         ProductProgram::SetUp();
@@ -56,7 +56,7 @@ class AlarmDisplay : public testing_support::ProductProgram {
     }
 };
 
-TEST_F(AlarmDisplay, ShowsTheNote) {
+TEST_F(frmDisplayNoteTest, ShowsTheNote) {
     Fill(Note("Dentist", "line 1\r\nline 2").InColor(5).InPoints(14));
     const auto display = Display();
     ASSERT_TRUE(display);
@@ -74,7 +74,7 @@ TEST_F(AlarmDisplay, ShowsTheNote) {
     EXPECT_FALSE(display->tmrSoundAlarm.enabled());
 }
 
-TEST_F(AlarmDisplay, TakesTheNotesColour) {
+TEST_F(frmDisplayNoteTest, TakesTheNotesColour) {
     const std::vector<Color> backs = {{255, 255, 255}, {255, 128, 128}, {0, 192, 0},
                                       {128, 128, 255}, {255, 255, 0},   {192, 192, 192}};
     for (std::int16_t index = 1; index <= 6; ++index) {
@@ -86,7 +86,7 @@ TEST_F(AlarmDisplay, TakesTheNotesColour) {
     }
 }
 
-TEST_F(AlarmDisplay, KeepsItsDesignColoursForAnyOtherIndex) {
+TEST_F(frmDisplayNoteTest, KeepsItsDesignColoursForAnyOtherIndex) {
     Start([] { forms::Default<frmDisplayNote>(); });
     for (const std::int16_t index : std::vector<std::int16_t>{0, 7, -1, 32767}) {
         const auto display = DisplayColor(index);
@@ -96,7 +96,7 @@ TEST_F(AlarmDisplay, KeepsItsDesignColoursForAnyOtherIndex) {
     }
 }
 
-TEST_F(AlarmDisplay, TakesTheNotesFontSizeWhereItIsOneOfTheFour) {
+TEST_F(frmDisplayNoteTest, TakesTheNotesFontSizeWhereItIsOneOfTheFour) {
     for (const std::int16_t size : std::vector<std::int16_t>{10, 12, 14, 16}) {
         Fill(Note("Dentist").InPoints(size));
         EXPECT_EQ(Display()->lblNoteText.fontSize(), size);
@@ -107,7 +107,7 @@ TEST_F(AlarmDisplay, TakesTheNotesFontSizeWhereItIsOneOfTheFour) {
     }
 }
 
-TEST_F(AlarmDisplay, IsTopMostOnlyWhenTheUserWantsIt) {
+TEST_F(frmDisplayNoteTest, IsTopMostOnlyWhenTheUserWantsIt) {
     Fill(Note("Dentist"));
     EXPECT_FALSE(Display()->IsTopMost());
     EXPECT_EQ(Shared().WindowOnTopFlag, 0);
@@ -119,14 +119,14 @@ TEST_F(AlarmDisplay, IsTopMostOnlyWhenTheUserWantsIt) {
     EXPECT_EQ(Shared().WindowOnTopFlag, 2);
 }
 
-TEST_F(AlarmDisplay, ASettingThatIsNoNumberIsNotTrapped) {
+TEST_F(frmDisplayNoteTest, ASettingThatIsNoNumberIsNotTrapped) {
     Fill(Note("Dentist"));
     Option("WindowOnTop", "yes");
     ExpectRunTimeError(13, "Type mismatch");
     Start([] { StandardCode::DisplayNote(1); });
 }
 
-TEST_F(AlarmDisplay, ItsOpenerLeavesTheSoundToTheCaller) {
+TEST_F(frmDisplayNoteTest, ItsOpenerLeavesTheSoundToTheCaller) {
     Fill(Note("Dentist").WithSound());
     const auto display = Display();
     EXPECT_FALSE(display->tmrSoundAlarm.enabled());
@@ -134,7 +134,7 @@ TEST_F(AlarmDisplay, ItsOpenerLeavesTheSoundToTheCaller) {
     EXPECT_TRUE(sound.log.empty());
 }
 
-TEST_F(AlarmDisplay, EachDueNoteHasAWindowOfItsOwn) {
+TEST_F(frmDisplayNoteTest, EachDueNoteHasAWindowOfItsOwn) {
     Fill(Note("One"));
     Fill(Note("Two"), 2);
     const auto one = Display(1);
@@ -147,7 +147,7 @@ TEST_F(AlarmDisplay, EachDueNoteHasAWindowOfItsOwn) {
     EXPECT_TRUE(one->IsVisible());
 }
 
-TEST_F(AlarmDisplay, ASlotOutsideTheArrayIsAnError) {
+TEST_F(frmDisplayNoteTest, ASlotOutsideTheArrayIsAnError) {
     for (const int slot : {0, 101}) {
         Start([slot] {
             try {
@@ -160,7 +160,7 @@ TEST_F(AlarmDisplay, ASlotOutsideTheArrayIsAnError) {
     }
 }
 
-TEST_F(AlarmDisplay, ItsTextFollowsTheWindowsSize) {
+TEST_F(frmDisplayNoteTest, ItsTextFollowsTheWindowsSize) {
     Fill(Note("Dentist"));
     const auto display = Display();
     user->Size(*display, 9000, 6000);
@@ -171,7 +171,7 @@ TEST_F(AlarmDisplay, ItsTextFollowsTheWindowsSize) {
     EXPECT_EQ(display->Line1[1].width(), display->ScaleWidth() - 2 * Grid::margin);
 }
 
-TEST_F(AlarmDisplay, PlaysTheSoundOnceWithoutABox) {
+TEST_F(frmDisplayNoteTest, PlaysTheSoundOnceWithoutABox) {
     for (const auto& setting : {std::optional<std::string>(), std::optional<std::string>("0"),
                                 std::optional<std::string>("2")}) {
         sound.log.clear();
@@ -194,7 +194,7 @@ TEST_F(AlarmDisplay, PlaysTheSoundOnceWithoutABox) {
     }
 }
 
-TEST_F(AlarmDisplay, LoopsTheSoundUntilItsBoxIsAnswered) {
+TEST_F(frmDisplayNoteTest, LoopsTheSoundUntilItsBoxIsAnswered) {
     Option("NoteLoops", "1");
     Fill(Note("Dentist").WithSound());
     const auto display = Display();
@@ -221,7 +221,7 @@ TEST_F(AlarmDisplay, LoopsTheSoundUntilItsBoxIsAnswered) {
     EXPECT_EQ(sound.log.size(), 2u);
 }
 
-TEST_F(AlarmDisplay, IsSilentIfAnotherAlarmHasBegunToRing) {
+TEST_F(frmDisplayNoteTest, IsSilentIfAnotherAlarmHasBegunToRing) {
     for (const char* loops : {"0", "1"}) {
         Option("NoteLoops", loops);
         Fill(Note("Dentist").WithSound());
@@ -242,7 +242,7 @@ TEST_F(AlarmDisplay, IsSilentIfAnotherAlarmHasBegunToRing) {
     }
 }
 
-TEST_F(AlarmDisplay, TheSoundIsTheOneChosenWhenItPlays) {
+TEST_F(frmDisplayNoteTest, TheSoundIsTheOneChosenWhenItPlays) {
     Fill(Note("Dentist").WithSound());
     const auto display = Display();
     SwitchSoundOn(*display);
@@ -251,7 +251,7 @@ TEST_F(AlarmDisplay, TheSoundIsTheOneChosenWhenItPlays) {
     EXPECT_EQ(sound.log.at(0).path, "D:\\other.wav");
 }
 
-TEST_F(AlarmDisplay, AClosedDisplayPlaysNothing) {
+TEST_F(frmDisplayNoteTest, AClosedDisplayPlaysNothing) {
     Fill(Note("Dentist").WithSound());
     const auto display = Display();
     SwitchSoundOn(*display);
@@ -260,7 +260,7 @@ TEST_F(AlarmDisplay, AClosedDisplayPlaysNothing) {
     EXPECT_TRUE(sound.log.empty());
 }
 
-TEST_F(AlarmDisplay, ItsMenuOpensOnTheRightButton) {
+TEST_F(frmDisplayNoteTest, ItsMenuOpensOnTheRightButton) {
     Fill(Note("Dentist"));
     const auto display = Display();
     EXPECT_TRUE(display->mnuSep.IsSeparator());
@@ -279,7 +279,7 @@ TEST_F(AlarmDisplay, ItsMenuOpensOnTheRightButton) {
     EXPECT_EQ(stage->Popups().size(), 2u);
 }
 
-TEST_F(AlarmDisplay, PrintsWhatItShows) {
+TEST_F(frmDisplayNoteTest, PrintsWhatItShows) {
     Fill(Note("Dentist", "call"));
     const auto display = Display();
     user->Type(display->lblNoteText, "call\r\n\r\nask");
@@ -297,7 +297,7 @@ TEST_F(AlarmDisplay, PrintsWhatItShows) {
     EXPECT_TRUE(display->IsVisible());
 }
 
-TEST_F(AlarmDisplay, ReportsAPrinterThatFails) {
+TEST_F(frmDisplayNoteTest, ReportsAPrinterThatFails) {
     Fill(Note("Dentist", "call"));
     const auto display = Display();
     printer.FailAt(1);

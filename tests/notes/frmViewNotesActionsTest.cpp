@@ -14,10 +14,10 @@ namespace {
 
 using forms::BoxResult;
 using StandardCode::Shared;
-using testing_support::ViewNotes;
+using frmViewNotesActionsTest = testing_support::ViewNotesProgram;
 using PanelAction = StandardCode::SharedEvents::PanelAction;
 
-TEST_F(ViewNotes, EditOpensTheSelectedNote) {
+TEST_F(frmViewNotesActionsTest, EditOpensTheSelectedNote) {
     PutNote(Note("Milk"));
     PutNote(Note("Shopping"));
     Open();
@@ -33,7 +33,7 @@ TEST_F(ViewNotes, EditOpensTheSelectedNote) {
     CloseNote(*note);
 }
 
-TEST_F(ViewNotes, EditOfATitleHeldTwiceOpensTheSelectedNote) {
+TEST_F(frmViewNotesActionsTest, EditOfATitleHeldTwiceOpensTheSelectedNote) {
     PutNoteAs("One.txt", Note("Same"));
     PutNoteAs("Two.txt", Note("Same", "second"));
     Open();
@@ -44,7 +44,7 @@ TEST_F(ViewNotes, EditOfATitleHeldTwiceOpensTheSelectedNote) {
     CloseNote(*StandardCode::CurrentNote());
 }
 
-TEST_F(ViewNotes, EditOfANoteThatIsOpenBringsItsEditorUp) {
+TEST_F(frmViewNotesActionsTest, EditOfANoteThatIsOpenBringsItsEditorUp) {
     PutNote(Note("Milk"));
     Start([] { StandardCode::ReadNotes(); });
     auto* note = testing_support::FindOpenNote("Milk");
@@ -69,7 +69,7 @@ TEST_F(ViewNotes, EditOfANoteThatIsOpenBringsItsEditorUp) {
     EXPECT_EQ(Shared().NotesArray[1].Text, "typed and not saved");
 }
 
-TEST_F(ViewNotes, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
+TEST_F(frmViewNotesActionsTest, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
     PutNote(Note("Milk"));
     PutNoteAs("x.txt", Note("", "of nobody"));
     Open();
@@ -87,7 +87,7 @@ TEST_F(ViewNotes, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
     EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
 }
 
-TEST_F(ViewNotes, WhatWasSavedThroughThePanelIsNotUndoneByAnotherEditor) {
+TEST_F(frmViewNotesActionsTest, WhatWasSavedThroughThePanelIsNotUndoneByAnotherEditor) {
     PutNote(Note("Milk"));
     Start([] { StandardCode::ReadNotes(); });
     Open();
@@ -101,7 +101,7 @@ TEST_F(ViewNotes, WhatWasSavedThroughThePanelIsNotUndoneByAnotherEditor) {
     EXPECT_EQ(Shared().NotesArray[1].Text, "what was typed last");
 }
 
-TEST_F(ViewNotes, ADoubleClickEdits) {
+TEST_F(frmViewNotesActionsTest, ADoubleClickEdits) {
     PutNote(Note("Milk"));
     Open();
     user->Select(Panel().lvwNotes, 0);
@@ -111,7 +111,7 @@ TEST_F(ViewNotes, ADoubleClickEdits) {
     CloseNote(*StandardCode::CurrentNote());
 }
 
-TEST_F(ViewNotes, EditingWithNothingSelectedDoesNothing) {
+TEST_F(frmViewNotesActionsTest, EditingWithNothingSelectedDoesNothing) {
     PutNote(Note("Milk"));
     Open();
     user->DoubleClick(Panel().lvwNotes);
@@ -121,7 +121,7 @@ TEST_F(ViewNotes, EditingWithNothingSelectedDoesNothing) {
     EXPECT_TRUE(IsOpen());
 }
 
-TEST_F(ViewNotes, ThePopupMenuActsOnTheSelectedNote) {
+TEST_F(frmViewNotesActionsTest, ThePopupMenuActsOnTheSelectedNote) {
     PutNote(Note("Milk"));
     Open();
     user->Select(Panel().lvwNotes, 0);
@@ -138,7 +138,7 @@ TEST_F(ViewNotes, ThePopupMenuActsOnTheSelectedNote) {
     CloseNote(*StandardCode::CurrentNote());
 }
 
-TEST_F(ViewNotes, OpenAllShowsEveryOpenNoteAtNormalSize) {
+TEST_F(frmViewNotesActionsTest, OpenAllShowsEveryOpenNoteAtNormalSize) {
     PutNote(Note("Milk"));
     PutNote(Note("Shopping"));
     Start([] { StandardCode::ReadNotes(); });
@@ -157,7 +157,7 @@ TEST_F(ViewNotes, OpenAllShowsEveryOpenNoteAtNormalSize) {
     CloseNotes();
 }
 
-TEST_F(ViewNotes, OpenAllLeavesClosedNotesClosed) {
+TEST_F(frmViewNotesActionsTest, OpenAllLeavesClosedNotesClosed) {
     PutNote(Note("Milk"));
     Open();
     user->Click(Panel().cmdOpenAll);
@@ -166,7 +166,7 @@ TEST_F(ViewNotes, OpenAllLeavesClosedNotesClosed) {
     EXPECT_EQ(runtime->LoadedForms().size(), 1U);
 }
 
-TEST_F(ViewNotes, OpenAllLeavesTheEditorWithoutANoteHidden) {
+TEST_F(frmViewNotesActionsTest, OpenAllLeavesTheEditorWithoutANoteHidden) {
     Start([] { forms::Default<frmNote>().Load(); });
     frmNote& hidden = forms::Default<frmNote>();
     PutNote(Note("Milk"));
@@ -175,7 +175,7 @@ TEST_F(ViewNotes, OpenAllLeavesTheEditorWithoutANoteHidden) {
     EXPECT_FALSE(hidden.IsVisible());
 }
 
-TEST_F(ViewNotes, NewAsksForTheTitleBoxAndCloses) {
+TEST_F(frmViewNotesActionsTest, NewAsksForTheTitleBoxAndCloses) {
     int timesAsked = 0;
     StandardCode::Events().FocusNoteTitle.Subscribe([&] {
         ++timesAsked;
@@ -187,13 +187,13 @@ TEST_F(ViewNotes, NewAsksForTheTitleBoxAndCloses) {
     EXPECT_FALSE(IsOpen());
 }
 
-TEST_F(ViewNotes, CloseUnloads) {
+TEST_F(frmViewNotesActionsTest, CloseUnloads) {
     Open();
     user->Click(Panel().cmdOK);
     EXPECT_FALSE(IsOpen());
 }
 
-TEST_F(ViewNotes, ReloadRebuildsTheListAndHidesThePanel) {
+TEST_F(frmViewNotesActionsTest, ReloadRebuildsTheListAndHidesThePanel) {
     PutNote(Note("Milk"));
     Open();
     PutNote(Note("Shopping"));
@@ -205,7 +205,7 @@ TEST_F(ViewNotes, ReloadRebuildsTheListAndHidesThePanel) {
     EXPECT_EQ(Shared().NoteCount, 2);
 }
 
-TEST_F(ViewNotes, ReloadLoadsAPanelThatWasNotLoaded) {
+TEST_F(frmViewNotesActionsTest, ReloadLoadsAPanelThatWasNotLoaded) {
     PutNote(Note("Milk"));
     Raise(PanelAction::Reload);
     ASSERT_TRUE(IsOpen());
@@ -213,7 +213,7 @@ TEST_F(ViewNotes, ReloadLoadsAPanelThatWasNotLoaded) {
     EXPECT_FALSE(Shared().ControlPanelMode);
 }
 
-TEST_F(ViewNotes, ReloadAndShowAndShow) {
+TEST_F(frmViewNotesActionsTest, ReloadAndShowAndShow) {
     PutNote(Note("Milk"));
     Open();
     PutNote(Note("Shopping"));
@@ -227,7 +227,7 @@ TEST_F(ViewNotes, ReloadAndShowAndShow) {
     EXPECT_TRUE(Panel().IsVisible());
 }
 
-TEST_F(ViewNotes, UnloadIfVisibleLeavesAHiddenPanelLoaded) {
+TEST_F(frmViewNotesActionsTest, UnloadIfVisibleLeavesAHiddenPanelLoaded) {
     Raise(PanelAction::UnloadIfVisible);
     EXPECT_FALSE(IsOpen());
     Raise(PanelAction::Reload);
@@ -238,7 +238,7 @@ TEST_F(ViewNotes, UnloadIfVisibleLeavesAHiddenPanelLoaded) {
     EXPECT_FALSE(IsOpen());
 }
 
-TEST_F(ViewNotes, LoadAndUnloadRebuildsTheArrayOnly) {
+TEST_F(frmViewNotesActionsTest, LoadAndUnloadRebuildsTheArrayOnly) {
     PutNote(Note("Milk"));
     Raise(PanelAction::LoadAndUnload);
     EXPECT_FALSE(IsOpen());
@@ -246,7 +246,7 @@ TEST_F(ViewNotes, LoadAndUnloadRebuildsTheArrayOnly) {
     EXPECT_FALSE(Shared().ControlPanelMode);
 }
 
-TEST_F(ViewNotes, LoadAndUnloadRebuildsTheArrayOfALoadedPanel) {
+TEST_F(frmViewNotesActionsTest, LoadAndUnloadRebuildsTheArrayOfALoadedPanel) {
     PutNote(Note("Milk"));
     Raise(PanelAction::Reload);
     ASSERT_EQ(Shared().NoteCount, 1);
@@ -257,7 +257,7 @@ TEST_F(ViewNotes, LoadAndUnloadRebuildsTheArrayOfALoadedPanel) {
     EXPECT_EQ(Shared().NotesArray[1].Title, "");
 }
 
-TEST_F(ViewNotes, RebuildingTheArrayUpdatesTotalAndList) {
+TEST_F(frmViewNotesActionsTest, RebuildingTheArrayUpdatesTotalAndList) {
     PutNote(Note("Milk"));
     Open();
     PutNote(Note("Shopping").WithAlarmAt(9, 30));
@@ -273,7 +273,7 @@ TEST_F(ViewNotes, RebuildingTheArrayUpdatesTotalAndList) {
     EXPECT_FALSE(Panel().lvwNotes.enabled());
 }
 
-TEST_F(ViewNotes, ARebuildKeepsTheSelectedNote) {
+TEST_F(frmViewNotesActionsTest, ARebuildKeepsTheSelectedNote) {
     PutNote(Note("Milk"));
     PutNote(Note("Shopping"));
     Open();
@@ -291,7 +291,7 @@ TEST_F(ViewNotes, ARebuildKeepsTheSelectedNote) {
     EXPECT_FALSE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(ViewNotes, ARebuildDoesNotAllowWhatAnsweringNoHasShutOff) {
+TEST_F(frmViewNotesActionsTest, ARebuildDoesNotAllowWhatAnsweringNoHasShutOff) {
     PutNote(Note("Shopping"));
     Open();
     user->Select(Panel().lvwNotes, 0);
@@ -304,7 +304,7 @@ TEST_F(ViewNotes, ARebuildDoesNotAllowWhatAnsweringNoHasShutOff) {
     EXPECT_FALSE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(ViewNotes, APanelThatWaitedHiddenShowsWhatWasSavedMeanwhile) {
+TEST_F(frmViewNotesActionsTest, APanelThatWaitedHiddenShowsWhatWasSavedMeanwhile) {
     Raise(PanelAction::Reload);
     Start([] { StandardCode::CreateNote("Milk"); });
     frmNote& note = *testing_support::FindOpenNote("Milk");
@@ -315,7 +315,7 @@ TEST_F(ViewNotes, APanelThatWaitedHiddenShowsWhatWasSavedMeanwhile) {
     CloseNote(note);
 }
 
-TEST_F(ViewNotes, AListThatStaysTheSameIsNotDrawnAgain) {
+TEST_F(frmViewNotesActionsTest, AListThatStaysTheSameIsNotDrawnAgain) {
     PutMany(3);
     Open();
     Start([] { StandardCode::LoadNotesArray(); });
@@ -324,7 +324,7 @@ TEST_F(ViewNotes, AListThatStaysTheSameIsNotDrawnAgain) {
     EXPECT_EQ(stage->ChangesShown(), before);
 }
 
-TEST_F(ViewNotes, TheHundredthNoteShowsInAPanelThatIsOpen) {
+TEST_F(frmViewNotesActionsTest, TheHundredthNoteShowsInAPanelThatIsOpen) {
     PutMany(99);
     Start([] { StandardCode::CreateNote("The last"); });
     frmNote& note = *testing_support::FindOpenNote("The last");
@@ -339,7 +339,7 @@ TEST_F(ViewNotes, TheHundredthNoteShowsInAPanelThatIsOpen) {
     CloseNote(note);
 }
 
-TEST_F(ViewNotes, AnEditorOfAnErasedNoteStaysAndSavesItAnew) {
+TEST_F(frmViewNotesActionsTest, AnEditorOfAnErasedNoteStaysAndSavesItAnew) {
     PutNote(Note("Milk"));
     Start([] { StandardCode::ReadNotes(); });
     auto* note = testing_support::FindOpenNote("Milk");
@@ -357,7 +357,7 @@ TEST_F(ViewNotes, AnEditorOfAnErasedNoteStaysAndSavesItAnew) {
     CloseNote(*note);
 }
 
-TEST_F(ViewNotes, AnEditorClosedThroughThePanelComesBackToIt) {
+TEST_F(frmViewNotesActionsTest, AnEditorClosedThroughThePanelComesBackToIt) {
     PutNote(Note("Milk"));
     Open();
     user->Select(Panel().lvwNotes, 0);

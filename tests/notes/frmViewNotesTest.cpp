@@ -13,11 +13,11 @@ namespace {
 using base::DateTime;
 using forms::BoxResult;
 using StandardCode::Shared;
-using testing_support::ViewNotes;
+using frmViewNotesTest = testing_support::ViewNotesProgram;
 
 constexpr forms::Color red{255, 0, 0};
 
-TEST_F(ViewNotes, WithoutNotesTheListIsShutOff) {
+TEST_F(frmViewNotesTest, WithoutNotesTheListIsShutOff) {
     Open();
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 0");
     EXPECT_EQ(Panel().lblTotalNotes.foreColor(), forms::black);
@@ -27,7 +27,7 @@ TEST_F(ViewNotes, WithoutNotesTheListIsShutOff) {
     EXPECT_FALSE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(ViewNotes, RowsShowTheAlarmInTheSystemsTexts) {
+TEST_F(frmViewNotesTest, RowsShowTheAlarmInTheSystemsTexts) {
     PutNote(Note("Dentist").WithAlarmAt(9, 30));
     PutNote(Note("Shopping"));
     PutNote(Note("Midnight").WithAlarmAt(DateTime{}));
@@ -47,7 +47,7 @@ TEST_F(ViewNotes, RowsShowTheAlarmInTheSystemsTexts) {
     EXPECT_TRUE(Panel().lvwNotes.enabled());
 }
 
-TEST_F(ViewNotes, AnyAlarmStateButZeroIsAnAlarm) {
+TEST_F(frmViewNotesTest, AnyAlarmStateButZeroIsAnAlarm) {
     Note odd = Note("Odd").At(9, 30);
     odd.AlarmState = "yes";
     PutNote(odd);
@@ -55,7 +55,7 @@ TEST_F(ViewNotes, AnyAlarmStateButZeroIsAnAlarm) {
     EXPECT_EQ(Panel().lvwNotes.Rows()[0].texts[2], "5/14/2004 9:30:00 AM");
 }
 
-TEST_F(ViewNotes, ARewrittenNoteIsListedWithItsAlarmOff) {
+TEST_F(frmViewNotesTest, ARewrittenNoteIsListedWithItsAlarmOff) {
     files.PutFile(folder + "\\Milk.txt",
                   "\"Milk\",\"text\",#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n");
     Open();
@@ -64,7 +64,7 @@ TEST_F(ViewNotes, ARewrittenNoteIsListedWithItsAlarmOff) {
               (std::vector<std::string>{"", "Milk", "Alarm Not Set"}));
 }
 
-TEST_F(ViewNotes, LoadingKeepsTheNotesArrayCurrent) {
+TEST_F(frmViewNotesTest, LoadingKeepsTheNotesArrayCurrent) {
     PutNote(Note("A"));
     PutNote(Note("B"));
     Open();
@@ -72,7 +72,7 @@ TEST_F(ViewNotes, LoadingKeepsTheNotesArrayCurrent) {
     EXPECT_EQ(Shared().NotesArray[2].Title, "B");
 }
 
-TEST_F(ViewNotes, TwoFilesOfOneTitleHaveTwoRows) {
+TEST_F(frmViewNotesTest, TwoFilesOfOneTitleHaveTwoRows) {
     PutNoteAs("One.txt", Note("Same"));
     PutNoteAs("Two.txt", Note("Same"));
     Open();
@@ -86,7 +86,7 @@ TEST_F(ViewNotes, TwoFilesOfOneTitleHaveTwoRows) {
     user->Click(Panel().cmdRemove);
 }
 
-TEST_F(ViewNotes, AFileThatCannotBeReadHasNoRow) {
+TEST_F(frmViewNotesTest, AFileThatCannotBeReadHasNoRow) {
     PutNote(Note("A"));
     PutNote(Note("C"));
     files.PutFile(folder + "\\B1.txt", "\"cut\"");
@@ -98,7 +98,7 @@ TEST_F(ViewNotes, AFileThatCannotBeReadHasNoRow) {
     EXPECT_EQ(files.Names(folder), (std::vector<std::string>{"A.txt", "B3.txt", "C.txt"}));
 }
 
-TEST_F(ViewNotes, FillingTheListReadsEachFileOnce) {
+TEST_F(frmViewNotesTest, FillingTheListReadsEachFileOnce) {
     PutMany(50);
     files.ClearLog();
     Open();
@@ -108,7 +108,7 @@ TEST_F(ViewNotes, FillingTheListReadsEachFileOnce) {
               50);
 }
 
-TEST_F(ViewNotes, ANoteChangedBehindTheProgramsBackIsReadAgain) {
+TEST_F(frmViewNotesTest, ANoteChangedBehindTheProgramsBackIsReadAgain) {
     PutNote(Note("A"));
     Open();
     user->Click(Panel().cmdOK);
@@ -117,7 +117,7 @@ TEST_F(ViewNotes, ANoteChangedBehindTheProgramsBackIsReadAgain) {
     EXPECT_EQ(Panel().lvwNotes.Rows()[0].texts[2], "5/14/2004 9:30:00 AM");
 }
 
-TEST_F(ViewNotes, ManyRowsAreDrawnAtOnceLikeOne) {
+TEST_F(frmViewNotesTest, ManyRowsAreDrawnAtOnceLikeOne) {
     const auto changesOfLoading = [this] {
         const auto before = stage->ChangesShown();
         Start([] { Panel().Load(); });
@@ -131,7 +131,7 @@ TEST_F(ViewNotes, ManyRowsAreDrawnAtOnceLikeOne) {
     EXPECT_EQ(changesOfLoading(), ofOne);
 }
 
-TEST_F(ViewNotes, AHundredNotesAreTheMaximum) {
+TEST_F(frmViewNotesTest, AHundredNotesAreTheMaximum) {
     PutMany(100);
     Open();
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 100 ( Maximum Reached )");
@@ -140,7 +140,7 @@ TEST_F(ViewNotes, AHundredNotesAreTheMaximum) {
     EXPECT_EQ(Panel().lvwNotes.Rows().size(), 100U);
 }
 
-TEST_F(ViewNotes, ErasingBelowTheMaximumAllowsNewNotesAgain) {
+TEST_F(frmViewNotesTest, ErasingBelowTheMaximumAllowsNewNotesAgain) {
     PutMany(100);
     Open();
     user->Select(Panel().lvwNotes, 41);
@@ -151,7 +151,7 @@ TEST_F(ViewNotes, ErasingBelowTheMaximumAllowsNewNotesAgain) {
     EXPECT_EQ(Panel().lblTotalNotes.foreColor(), forms::black);
 }
 
-TEST_F(ViewNotes, ErasingOneOfAHundredAndOneStillAllowsNone) {
+TEST_F(frmViewNotesTest, ErasingOneOfAHundredAndOneStillAllowsNone) {
     PutMany(101);
     ExpectNotesArrayError("Error Number: 9) - Subscript out of range");
     Open();
@@ -164,7 +164,7 @@ TEST_F(ViewNotes, ErasingOneOfAHundredAndOneStillAllowsNone) {
     EXPECT_EQ(files.Names(folder).size(), 100U);
 }
 
-TEST_F(ViewNotes, ANoteWhoseFileHasAnotherNameIsErased) {
+TEST_F(frmViewNotesTest, ANoteWhoseFileHasAnotherNameIsErased) {
     PutNoteAs("Note 1001.txt", Note("elsewhere"));
     PutNote(Note("elsewhere else"));
     Open();
@@ -174,7 +174,7 @@ TEST_F(ViewNotes, ANoteWhoseFileHasAnotherNameIsErased) {
     EXPECT_EQ(files.Names(folder), std::vector<std::string>{"elsewhere else.txt"});
 }
 
-TEST_F(ViewNotes, SelectingARowEnablesEditAndErase) {
+TEST_F(frmViewNotesTest, SelectingARowEnablesEditAndErase) {
     PutNote(Note("A"));
     Open();
     EXPECT_FALSE(Panel().cmdEdit.enabled());
@@ -183,7 +183,7 @@ TEST_F(ViewNotes, SelectingARowEnablesEditAndErase) {
     EXPECT_TRUE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(ViewNotes, ErasingAsksInCapitalsAndRecyclesTheFile) {
+TEST_F(frmViewNotesTest, ErasingAsksInCapitalsAndRecyclesTheFile) {
     PutNote(Note("Milk"));
     PutNote(Note("Shopping"));
     Open();
@@ -199,7 +199,7 @@ TEST_F(ViewNotes, ErasingAsksInCapitalsAndRecyclesTheFile) {
     EXPECT_FALSE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(ViewNotes, ErasingTheLastNoteShutsTheListOff) {
+TEST_F(frmViewNotesTest, ErasingTheLastNoteShutsTheListOff) {
     PutNote(Note("Only"));
     Open();
     user->Select(Panel().lvwNotes, 0);
@@ -209,7 +209,7 @@ TEST_F(ViewNotes, ErasingTheLastNoteShutsTheListOff) {
     EXPECT_FALSE(Panel().lvwNotes.enabled());
 }
 
-TEST_F(ViewNotes, ErasingAsksWithTheTitleAndErasesTheFileOfTheRow) {
+TEST_F(frmViewNotesTest, ErasingAsksWithTheTitleAndErasesTheFileOfTheRow) {
     PutNoteAs("Padded.txt", Note("  Padded "));
     Open();
     user->Select(Panel().lvwNotes, 0);
@@ -218,7 +218,7 @@ TEST_F(ViewNotes, ErasingAsksWithTheTitleAndErasesTheFileOfTheRow) {
     EXPECT_TRUE(files.Names(folder).empty());
 }
 
-TEST_F(ViewNotes, OfTwoTitlesThatDifferInABlankOnlyTheChosenOneIsErased) {
+TEST_F(frmViewNotesTest, OfTwoTitlesThatDifferInABlankOnlyTheChosenOneIsErased) {
     for (const std::string erased : {"Dentist", "Dentist "}) {
         const std::string kept = erased == "Dentist" ? "Dentist " : "Dentist";
         PutNote(Note("Dentist"));
@@ -236,7 +236,7 @@ TEST_F(ViewNotes, OfTwoTitlesThatDifferInABlankOnlyTheChosenOneIsErased) {
     }
 }
 
-TEST_F(ViewNotes, AnsweringNoKeepsFileAndRowAndWaitsForAnotherClick) {
+TEST_F(frmViewNotesTest, AnsweringNoKeepsFileAndRowAndWaitsForAnotherClick) {
     PutNote(Note("Milk"));
     Open();
     user->Select(Panel().lvwNotes, 0);
@@ -251,7 +251,7 @@ TEST_F(ViewNotes, AnsweringNoKeepsFileAndRowAndWaitsForAnotherClick) {
     EXPECT_TRUE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(ViewNotes, ErasingWithNothingSelectedIsReported) {
+TEST_F(frmViewNotesTest, ErasingWithNothingSelectedIsReported) {
     PutNote(Note("Milk"));
     Open();
     stage->ExpectPopup("mnuPop", "mnuEraseNote");
@@ -260,7 +260,7 @@ TEST_F(ViewNotes, ErasingWithNothingSelectedIsReported) {
     EXPECT_TRUE(files.FileExists(folder + "\\Milk.txt"));
 }
 
-TEST_F(ViewNotes, AFileThatCannotBeDeletedIsReported) {
+TEST_F(frmViewNotesTest, AFileThatCannotBeDeletedIsReported) {
     PutNote(Note("Milk"));
     Open();
     files.SetDenied(folder + "\\Milk.txt", true);
@@ -271,7 +271,7 @@ TEST_F(ViewNotes, AFileThatCannotBeDeletedIsReported) {
     EXPECT_TRUE(files.Peek(folder + "\\Milk.txt").has_value());
 }
 
-TEST_F(ViewNotes, OpeningThePanelListsTheFolderOnce) {
+TEST_F(frmViewNotesTest, OpeningThePanelListsTheFolderOnce) {
     PutMany(100);
     Start([] { StandardCode::LoadNotesArray(); });
     const int before = files.Listings();
@@ -282,7 +282,7 @@ TEST_F(ViewNotes, OpeningThePanelListsTheFolderOnce) {
     EXPECT_EQ(Titles().size(), 100U);
 }
 
-TEST_F(ViewNotes, SavingWithThePanelOpenListsTheFolderOnceAndReadsOneFile) {
+TEST_F(frmViewNotesTest, SavingWithThePanelOpenListsTheFolderOnceAndReadsOneFile) {
     PutMany(100);
     Open();
     const int before = files.Listings();
@@ -301,7 +301,7 @@ TEST_F(ViewNotes, SavingWithThePanelOpenListsTheFolderOnceAndReadsOneFile) {
     EXPECT_EQ(Panel().lvwNotes.Rows()[49].texts[2], "5/14/2004 9:30:00 AM");
 }
 
-TEST_F(ViewNotes, SavingWhatTheFileHoldsReadsOneFile) {
+TEST_F(frmViewNotesTest, SavingWhatTheFileHoldsReadsOneFile) {
     PutMany(100);
     Open();
     files.ClearLog();

@@ -18,7 +18,7 @@ std::string LowerCase(std::string text) {
 
 }  // namespace
 
-class AlarmSounds : public DriverTest {
+class AlarmSoundsTest : public DriverTest {
   protected:
     Window Open(const Window& main) const;
     static void Select(const Window& window, const std::string& option);
@@ -26,26 +26,26 @@ class AlarmSounds : public DriverTest {
     void ExpectBox(const std::string& boxCaption, const std::string& text) const;
 };
 
-Window AlarmSounds::Open(const Window& main) const {
+Window AlarmSoundsTest::Open(const Window& main) const {
     ChooseFromMenuBar(program, main, barChooseAlarmSound);
     const Window window = program.WaitFor(caption);
     WaitUntilFilled(window, "Edit");
     return window;
 }
 
-void AlarmSounds::Select(const Window& window, const std::string& option) {
+void AlarmSoundsTest::Select(const Window& window, const std::string& option) {
     window.Button(option).Click();
     WaitUntil("the option is selected", [&] { return window.Button(option).IsChecked(); });
     window.Send(WM_NULL);
 }
 
-void AlarmSounds::ExpectBox(const std::string& boxCaption, const std::string& text) const {
+void AlarmSoundsTest::ExpectBox(const std::string& boxCaption, const std::string& text) const {
     const Box box(program, boxCaption);
     EXPECT_EQ(box.Text(), text);
     box.Press("OK");
 }
 
-TEST_F(AlarmSounds, AFileOfTheUsersOwnIsTriedAndSaved) {
+TEST_F(AlarmSoundsTest, AFileOfTheUsersOwnIsTriedAndSaved) {
     // Differs from the path of a built-in sound only in its case.
     const std::string stored = folder + "\\" + LowerCase("Bell alarm.wav");
     ASSERT_NE(stored, folder + "\\Bell alarm.wav");
@@ -126,7 +126,7 @@ TEST_F(AlarmSounds, AFileOfTheUsersOwnIsTriedAndSaved) {
     EXPECT_EQ(window.Only("Edit").Text(), "  " + own + " ");
 }
 
-TEST_F(AlarmSounds, ASoundThatWasClickedButNotSavedIsKeptForThisRun) {
+TEST_F(AlarmSoundsTest, ASoundThatWasClickedButNotSavedIsKeptForThisRun) {
     WriteSetting("Config", "Alarm", folder + "\\Alarm clock.wav");
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     const Window main = StartProgram();

@@ -35,7 +35,7 @@ void PutOnClipboard(const std::string& text) {
 
 }  // namespace
 
-class BadInput : public DriverTest {
+class BadInputTest : public DriverTest {
   protected:
     // The contents of the program's folder and of the folder above it.
     std::vector<std::string> FilesAround() const {
@@ -58,7 +58,7 @@ class BadInput : public DriverTest {
     }
 };
 
-TEST_F(BadInput, PastedTextIsSavedByteForByte) {
+TEST_F(BadInputTest, PastedTextIsSavedByteForByte) {
     const std::string scripts = Repeated(
         "\xF0\x9F\x98\x80 \xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D e\xCC\x81\t\xE6\x97\xA5\r\n", 65536);
     const std::string lines = Repeated("0123456789 abc\r\n", 65536);
@@ -85,7 +85,7 @@ TEST_F(BadInput, PastedTextIsSavedByteForByte) {
     EXPECT_TRUE(NoteFileIs("lines", "\"lines\",\"" + lines + '"' + alarmOff));
 }
 
-TEST_F(BadInput, ANoteOfAMebibyteIsRestoredAndSavedAgain) {
+TEST_F(BadInputTest, ANoteOfAMebibyteIsRestoredAndSavedAgain) {
     const std::string bytes =
         "\"Long\",\"" + Repeated("0123456789 abc\r\n", 1U << 20U) + '"' + alarmOff;
     WriteNote("Long", bytes);
@@ -95,7 +95,7 @@ TEST_F(BadInput, ANoteOfAMebibyteIsRestoredAndSavedAgain) {
     EXPECT_TRUE(NoteFileIs("Long", bytes));
 }
 
-TEST_F(BadInput, ATitleThatCannotBeAFileNameIsReportedAndItsTextStays) {
+TEST_F(BadInputTest, ATitleThatCannotBeAFileNameIsReportedAndItsTextStays) {
     const Window main = StartProgram();
     const auto around = FilesAround();
     for (const std::string& title : {std::string("CON"), std::string("nul"), std::string("COM1"),
@@ -121,7 +121,7 @@ TEST_F(BadInput, ATitleThatCannotBeAFileNameIsReportedAndItsTextStays) {
     EXPECT_TRUE(program.Runs());
 }
 
-TEST_F(BadInput, ATitleOfAMebibyteIsRefusedOnTheScreen) {
+TEST_F(BadInputTest, ATitleOfAMebibyteIsRefusedOnTheScreen) {
     const Window main = StartProgram();
     PutOnClipboard(std::string(1U << 20U, 'n'));
     main.Only("Edit").Send(WM_PASTE);
@@ -152,7 +152,7 @@ TEST_F(BadInput, ATitleOfAMebibyteIsRefusedOnTheScreen) {
     EXPECT_TRUE(program.Runs());
 }
 
-TEST_F(BadInput, UnusualTitlesAreAcceptedAsFileNames) {
+TEST_F(BadInputTest, UnusualTitlesAreAcceptedAsFileNames) {
     const Window main = StartProgram();
     for (const char* title : {"a ", "console", "COM10", "\xF0\x9F\x98\x80",
                               "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D", "e\xCC\x81"}) {
@@ -165,7 +165,7 @@ TEST_F(BadInput, UnusualTitlesAreAcceptedAsFileNames) {
     EXPECT_EQ(NoteFiles().size(), 6U);
 }
 
-TEST_F(BadInput, ATitleInAFileNamesNoFileElsewhere) {
+TEST_F(BadInputTest, ATitleInAFileNamesNoFileElsewhere) {
     WriteNote("strange", "\"..\\evil\",\"text\"" + alarmOff);
     StartProgram();
     const auto around = FilesAround();
@@ -176,7 +176,7 @@ TEST_F(BadInput, ATitleInAFileNamesNoFileElsewhere) {
     EXPECT_EQ(FilesAround(), around);
 }
 
-TEST_F(BadInput, ADateOutsideThePickersRangeStaysInTheFile) {
+TEST_F(BadInputTest, ADateOutsideThePickersRangeStaysInTheFile) {
     const std::string bytes = "\"Old\",\"text\",#1500-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n";
     WriteNote("Old", bytes);
     StartProgram();
@@ -187,7 +187,7 @@ TEST_F(BadInput, ADateOutsideThePickersRangeStaysInTheFile) {
     ExitProgram();
 }
 
-TEST_F(BadInput, TextAfterAZeroByteIsKeptAndEveryLineBreakShows) {
+TEST_F(BadInputTest, TextAfterAZeroByteIsKeptAndEveryLineBreakShows) {
     WriteNote("Odd", "\"Odd\",\"first\0second\nthird\rfourth\""s + alarmOff);
     StartProgram();
     const Window text = OpenRestored("Odd").Only("Edit");
@@ -201,7 +201,7 @@ TEST_F(BadInput, TextAfterAZeroByteIsKeptAndEveryLineBreakShows) {
     ExpectNote("Odd", "\"Odd\",\"first second\r\nthird\r\nfourth.\"" + alarmOff);
 }
 
-TEST_F(BadInput, SpecialAlarmsThatCannotBeSavedStayInTheirWindow) {
+TEST_F(BadInputTest, SpecialAlarmsThatCannotBeSavedStayInTheirWindow) {
     MakeFolder(folder + "\\SpecialAlarms");
     MakeFolder(folder + "\\SpecialAlarms\\SpecialAlarms.txt");
     const Window main = StartProgram();
@@ -224,7 +224,7 @@ TEST_F(BadInput, SpecialAlarmsThatCannotBeSavedStayInTheirWindow) {
     ExitProgram();
 }
 
-TEST_F(BadInput, AnInvalidSoundFileRingsSilently) {
+TEST_F(BadInputTest, AnInvalidSoundFileRingsSilently) {
     WriteWholeFile(folder + "\\none.wav", "This is no wave.");
     for (const std::string& path :
          {folder + "\\none.wav", folder, std::string("\\\\localhost\\missing\\a.wav")}) {
@@ -242,7 +242,7 @@ TEST_F(BadInput, AnInvalidSoundFileRingsSilently) {
     RemoveFile(folder + "\\none.wav");
 }
 
-TEST_F(BadInput, ASettingThatIsNotANumberIsReportedForANewNote) {
+TEST_F(BadInputTest, ASettingThatIsNotANumberIsReportedForANewNote) {
     WriteSetting("Options", "DefaultColor", "mauve");
     const Window main = StartProgram();
     main.Only("Edit").Type("Dentist");
@@ -254,7 +254,7 @@ TEST_F(BadInput, ASettingThatIsNotANumberIsReportedForANewNote) {
     ExitProgram();
 }
 
-TEST_F(BadInput, ArgumentsAreIgnored) {
+TEST_F(BadInputTest, ArgumentsAreIgnored) {
     const std::string arguments = "/x \"..\\..\\evil\" -- \"a*\" nul " + std::string(30000, 'x');
     program.Start(executable, arguments);
     const Window main = MainWindow();

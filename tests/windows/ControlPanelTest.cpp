@@ -11,7 +11,7 @@ constexpr const char* eraseQuestion = "Deleting Note";
 
 }  // namespace
 
-class ControlPanel : public DriverTest {
+class ControlPanelTest : public DriverTest {
   protected:
     // Starts the program with a note whose alarm is set and one without; both are minimized.
     Window StartWithTwoNotes();
@@ -32,28 +32,28 @@ class ControlPanel : public DriverTest {
     inline static const MenuPath openAll{2};
 };
 
-Window ControlPanel::StartWithTwoNotes() {
+Window ControlPanelTest::StartWithTwoNotes() {
     WriteNote("Dentist", dentist);
     WriteNote("Shopping", shopping);
     return StartProgram();
 }
 
-Window ControlPanel::StartWithTwoClosedNotes() {
+Window ControlPanelTest::StartWithTwoClosedNotes() {
     const Window main = StartWithTwoNotes();
     CloseAndWait(program.WaitFor("Dentist"));
     CloseAndWait(program.WaitFor("Shopping"));
     return main;
 }
 
-void ControlPanel::WaitForActions(const Window& panel, bool enabled) const {
+void ControlPanelTest::WaitForActions(const Window& panel, bool enabled) const {
     WaitUntil("the buttons follow the selection", [&] {
         return panel.Button("&Edit").IsEnabled() == enabled &&
                panel.Button("&Erase").IsEnabled() == enabled;
     });
 }
 
-bool ControlPanel::TotalIsIn(const Window& panel, const std::string& total, COLORREF color,
-                             COLORREF otherColor) {
+bool ControlPanelTest::TotalIsIn(const Window& panel, const std::string& total, COLORREF color,
+                                 COLORREF otherColor) {
     return ComesTrue([&] {
         const Window label = panel.FindChild("Static", total);
         if (!label) {
@@ -64,7 +64,7 @@ bool ControlPanel::TotalIsIn(const Window& panel, const std::string& total, COLO
     });
 }
 
-TEST_F(ControlPanel, ListsTheNotesAndErasesThem) {
+TEST_F(ControlPanelTest, ListsTheNotesAndErasesThem) {
     const Window panel = OpenPanel(StartWithTwoNotes());
     const Window list = panel.Only(listClass);
     EXPECT_EQ(ColumnHeading(list, 0), "Status");
@@ -122,7 +122,7 @@ TEST_F(ControlPanel, ListsTheNotesAndErasesThem) {
     program.WaitUntilGone(panelCaption);
 }
 
-TEST_F(ControlPanel, OpensAllNotesAndStaysCorrectWhileTheyAreOpen) {
+TEST_F(ControlPanelTest, OpensAllNotesAndStaysCorrectWhileTheyAreOpen) {
     const Window main = StartWithTwoNotes();
     const Window dentistEditor = program.WaitFor("Dentist");
     const Window shoppingEditor = program.WaitFor("Shopping");
@@ -175,7 +175,7 @@ TEST_F(ControlPanel, OpensAllNotesAndStaysCorrectWhileTheyAreOpen) {
     EXPECT_TRUE(ComesTrue([&] { return main.IsVisible() && main.Only("Edit").HasFocus(); }));
 }
 
-TEST_F(ControlPanel, EditsWithADoubleClickAndAsksBeforeItSaves) {
+TEST_F(ControlPanelTest, EditsWithADoubleClickAndAsksBeforeItSaves) {
     Window panel = OpenPanel(StartWithTwoClosedNotes());
     DoubleClickRow(panel.Only(listClass), 1);
     Window editor = program.WaitFor("Shopping");
@@ -223,7 +223,7 @@ TEST_F(ControlPanel, EditsWithADoubleClickAndAsksBeforeItSaves) {
     EXPECT_EQ(CellText(panel.Only(listClass), 1, 2), "6/2/2031 12:00:00 PM");
 }
 
-TEST_F(ControlPanel, AsksAboutATextThatWasTypedBeforeItsWindowWasActivatedAgain) {
+TEST_F(ControlPanelTest, AsksAboutATextThatWasTypedBeforeItsWindowWasActivatedAgain) {
     const Window main = StartWithTwoClosedNotes();
     const Window panel = OpenPanel(main);
     DoubleClickRow(panel.Only(listClass), 1);
@@ -262,7 +262,7 @@ TEST_F(ControlPanel, AsksAboutATextThatWasTypedBeforeItsWindowWasActivatedAgain)
                "\"Shopping\",\"milk and bread\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(ControlPanel, NewBringsTheMinimizedMainWindowBack) {
+TEST_F(ControlPanelTest, NewBringsTheMinimizedMainWindowBack) {
     const Window main = StartProgram();
     const Window panel = OpenPanel(main);
     main.Post(WM_SYSCOMMAND, SC_MINIMIZE);
@@ -276,7 +276,7 @@ TEST_F(ControlPanel, NewBringsTheMinimizedMainWindowBack) {
     ExitProgram();
 }
 
-TEST_F(ControlPanel, ShowsTheLimitInRedUntilANoteIsErased) {
+TEST_F(ControlPanelTest, ShowsTheLimitInRedUntilANoteIsErased) {
     const Window main = StartProgram();
     for (int i = 1; i <= 100; ++i) {
         const std::string title = "Note " + std::to_string(1000 + i);

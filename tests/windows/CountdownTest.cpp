@@ -37,7 +37,7 @@ class NumberSigns {
 }  // namespace
 
 // The countdown counts real seconds, whatever the clock shows.
-class Countdown : public DriverTest {
+class CountdownTest : public DriverTest {
   protected:
     struct Left {
         int minutes;
@@ -57,19 +57,19 @@ class Countdown : public DriverTest {
     void ReadAbout(const Window& main);
 };
 
-Window Countdown::Open(const Window& main) const {
+Window CountdownTest::Open(const Window& main) const {
     main.Button("&Timer").Click();
     const Window timer = program.WaitFor("Novelty Timer");
     WaitUntilFilled(timer, "Edit");
     return timer;
 }
 
-void Countdown::Start(const Window& timer, const std::string& entry) {
+void CountdownTest::Start(const Window& timer, const std::string& entry) {
     timer.Only("Edit").Type(entry);
     timer.Button("&Start Timer").Click();
 }
 
-void Countdown::Stop(const Window& timer) {
+void CountdownTest::Stop(const Window& timer) {
     WaitUntil("it runs", [&] { return timer.Button("&Stop Timer").IsEnabled(); });
     timer.Button("&Stop Timer").Click();
     WaitUntil("it stands", [&] { return timer.Button("&Start Timer").IsEnabled(); });
@@ -78,12 +78,13 @@ void Countdown::Stop(const Window& timer) {
     EXPECT_TRUE(timer.Only("Edit").HasFocus());
 }
 
-bool Countdown::Shows(const Window& timer, const std::string& minutes, const std::string& seconds) {
+bool CountdownTest::Shows(const Window& timer, const std::string& minutes,
+                          const std::string& seconds) {
     return static_cast<bool>(
         timer.FindChild("Static", "Time Left:\r\n" + minutes + "\r\n" + seconds));
 }
 
-std::optional<Countdown::Left> Countdown::Shown(const Window& timer) {
+std::optional<CountdownTest::Left> CountdownTest::Shown(const Window& timer) {
     for (const Window& label : timer.ChildrenOfClass("Static")) {
         const std::string text = label.Text();
         Left left{};
@@ -102,7 +103,7 @@ std::optional<Countdown::Left> Countdown::Shown(const Window& timer) {
 }
 
 // Waits until the first second has been counted.
-Countdown::Left Countdown::WaitUntilItCounts(const Window& timer) {
+CountdownTest::Left CountdownTest::WaitUntilItCounts(const Window& timer) {
     std::optional<Left> left;
     WaitUntil("it counts", [&] {
         left = Shown(timer);
@@ -111,14 +112,14 @@ Countdown::Left Countdown::WaitUntilItCounts(const Window& timer) {
     return *left;
 }
 
-Countdown::Left Countdown::CountOne(const Window& timer, const std::string& entry) {
+CountdownTest::Left CountdownTest::CountOne(const Window& timer, const std::string& entry) {
     Start(timer, entry);
     const Left left = WaitUntilItCounts(timer);
     Stop(timer);
     return left;
 }
 
-void Countdown::ReadAllTips(const Window& main) {
+void CountdownTest::ReadAllTips(const Window& main) {
     const std::vector<std::string> texts{
         "Create up to 100 personalized notes.",
         "To view the main menu - Right click the Jotwright Icon in the system tray or Right click "
@@ -165,7 +166,7 @@ void Countdown::ReadAllTips(const Window& main) {
     EXPECT_EQ(Setting("Startup", "View Tips"), "1");
 }
 
-void Countdown::ReadAbout(const Window& main) {
+void CountdownTest::ReadAbout(const Window& main) {
     ChooseFromMenuBar(program, main, barAbout);
     const Window about = program.WaitFor("About Jotwright");
     WaitUntilFilled(about, "Edit");
@@ -187,7 +188,7 @@ void Countdown::ReadAbout(const Window& main) {
     WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });
 }
 
-TEST_F(Countdown, CountsAMinuteWhileOtherWindowsAreOpen) {
+TEST_F(CountdownTest, CountsAMinuteWhileOtherWindowsAreOpen) {
     const Window main = StartProgram();
     const Window timer = Open(main);
     const ULONGLONG start = ::GetTickCount64();
@@ -232,7 +233,7 @@ TEST_F(Countdown, CountsAMinuteWhileOtherWindowsAreOpen) {
     EXPECT_FALSE(timer.Button("&Stop Timer").IsEnabled());
 }
 
-TEST_F(Countdown, EntriesAreRoundedAndKeptCountersGoOn) {
+TEST_F(CountdownTest, EntriesAreRoundedAndKeptCountersGoOn) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Dentist");
     editor.Only("Edit").Type("Call");
@@ -294,7 +295,7 @@ TEST_F(Countdown, EntriesAreRoundedAndKeptCountersGoOn) {
     ExpectNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(Countdown, TheDecimalSignIsTheUsers) {
+TEST_F(CountdownTest, TheDecimalSignIsTheUsers) {
     const NumberSigns german(",", ".");
     const Window main = StartProgram();
     const Window timer = Open(main);

@@ -43,13 +43,13 @@ bool IsPainted(const Window& textBox, COLORREF back, COLORREF text) {
 
 }  // namespace
 
-class Editors : public DriverTest {
+class EditorsTest : public DriverTest {
   protected:
     inline static const MenuPath barStartAlarm{1, 0};
     inline static const MenuPath barStopAlarm{1, 1};
 };
 
-TEST_F(Editors, RestoredNotesHaveStrongColorsAndTheirAlarms) {
+TEST_F(EditorsTest, RestoredNotesHaveStrongColorsAndTheirAlarms) {
     WriteNote("Rang", "\"Rang\",\"Call\",#2031-06-01#,\"#12:00#\",1,12,\"0\",0,\"yes\"\r\n");
     for (const Shade& shade : restoredShades) {
         const std::string title = "Note " + std::to_string(shade.number);
@@ -75,7 +75,7 @@ TEST_F(Editors, RestoredNotesHaveStrongColorsAndTheirAlarms) {
     ExpectTime(TimePicker(rang), 12, 0);
 }
 
-TEST_F(Editors, TheMenuGivesEveryColorToTheText) {
+TEST_F(EditorsTest, TheMenuGivesEveryColorToTheText) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
     const Window text = editor.Only("Edit");
     text.Type("some text");
@@ -94,7 +94,7 @@ TEST_F(Editors, TheMenuGivesEveryColorToTheText) {
     EXPECT_TRUE(editor.IsVisible());
 }
 
-TEST_F(Editors, ARestoredNoteIsSavedWithoutAQuestionUnlessEraseWasCancelled) {
+TEST_F(EditorsTest, ARestoredNoteIsSavedWithoutAQuestionUnlessEraseWasCancelled) {
     const std::string rest = "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
     WriteNote("Shopping", "\"Shopping\",\"milk" + rest);
     WriteNote("Rent", "\"Rent\",\"pay" + rest);
@@ -114,7 +114,7 @@ TEST_F(Editors, ARestoredNoteIsSavedWithoutAQuestionUnlessEraseWasCancelled) {
     ExpectNote("Rent", "\"Rent\",\"pay" + rest);
 }
 
-TEST_F(Editors, TheMenuStartsAndStopsTheAlarm) {
+TEST_F(EditorsTest, TheMenuStartsAndStopsTheAlarm) {
     const Window editor = MakeNote(StartProgram(), "Dentist");
     ChooseFromMenuBar(program, editor, barStopAlarm);
     const Box notSet(program, "Information");
@@ -137,7 +137,7 @@ TEST_F(Editors, TheMenuStartsAndStopsTheAlarm) {
     EXPECT_TRUE(DatePicker(editor).IsEnabled());
 }
 
-TEST_F(Editors, AnAlarmAtNoonRingsAndAPastAlarmDoesNot) {
+TEST_F(EditorsTest, AnAlarmAtNoonRingsAndAPastAlarmDoesNot) {
     WriteNote("Lunch", "\"Lunch\",\"Eat\",#2031-06-02#,#12:00:00#,1,12,\"1\",0,\"yes\"\r\n");
     WriteNote("Past", "\"Past\",\"Gone\",#2031-06-02#,#11:59:00#,1,12,\"1\",1,\"yes\"\r\n");
     Clock::Set("2031-06-02 11:59:30");
@@ -158,14 +158,14 @@ TEST_F(Editors, AnAlarmAtNoonRingsAndAPastAlarmDoesNot) {
     EXPECT_EQ(program.Visible("Lunch").size(), 1U);
 }
 
-class Displays : public DriverTest {
+class EditorsDisplaysTest : public DriverTest {
   protected:
     // Starts the program with these notes, closes their editors, and waits for the alarm of the
     // first, which is due at 9:01.
     Window Ring(const std::vector<std::string>& titles, const std::string& rest);
 };
 
-Window Displays::Ring(const std::vector<std::string>& titles, const std::string& rest) {
+Window EditorsDisplaysTest::Ring(const std::vector<std::string>& titles, const std::string& rest) {
     for (const std::string& title : titles) {
         WriteNote(title, '"' + title + "\",\"some text\",#2031-06-02#,#09:01:00#," + rest);
     }
@@ -184,7 +184,7 @@ Window Displays::Ring(const std::vector<std::string>& titles, const std::string&
     return program.WaitFor(titles.front());
 }
 
-TEST_F(Displays, OfAnUnknownColorKeepTheirOwn) {
+TEST_F(EditorsDisplaysTest, OfAnUnknownColorKeepTheirOwn) {
     const Window display = Ring({"Dentist"}, "0,12,\"1\",0,\"yes\"\r\n");
     EXPECT_TRUE(IsPainted(display.Only("Edit"), white, black));
     display.Close();
@@ -194,7 +194,7 @@ TEST_F(Displays, OfAnUnknownColorKeepTheirOwn) {
                "\"Dentist\",\"some text\",#2031-06-02#,\"#12:00#\",6,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(Displays, OfErasedNotesCloseWithoutAQuestion) {
+TEST_F(EditorsDisplaysTest, OfErasedNotesCloseWithoutAQuestion) {
     const Window dentist = Ring({"Dentist", "Rent"}, "4,12,\"1\",0,\"yes\"\r\n");
     const Window rent = program.WaitFor("Rent");
     RemoveFile(NotePath("Dentist"));

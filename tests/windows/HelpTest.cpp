@@ -67,9 +67,9 @@ void ExpectContentsAndCloseThem() {
 
 }  // namespace
 
-class Help : public DriverTest {};
+class HelpTest : public DriverTest {};
 
-TEST_F(Help, TheMenuOpensTheContents) {
+TEST_F(HelpTest, TheMenuOpensTheContents) {
     const Window main = StartProgram();
     ASSERT_FALSE(HelpWindow());
     ChooseFromMenuBar(program, main, {2, 1});
@@ -77,7 +77,7 @@ TEST_F(Help, TheMenuOpensTheContents) {
     ExitProgram();
 }
 
-TEST_F(Help, TheButtonOfANoteOpensTheContents) {
+TEST_F(HelpTest, TheButtonOfANoteOpensTheContents) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Dentist");
     ASSERT_FALSE(HelpWindow());
@@ -86,7 +86,7 @@ TEST_F(Help, TheButtonOfANoteOpensTheContents) {
     ExitProgram();
 }
 
-TEST_F(Help, TheShippedShortcutStartsTheProgram) {
+TEST_F(HelpTest, TheShippedShortcutStartsTheProgram) {
     const std::string shortcut = folder + "\\Shortcut To Jotwright.lnk";
     const HINSTANCE result =
         ::ShellExecuteW(nullptr, L"open", Wide(shortcut).c_str(), nullptr, L"C:\\", SW_SHOWNORMAL);

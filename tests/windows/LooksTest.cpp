@@ -15,7 +15,7 @@
 namespace driver {
 
 // Places and title bars of windows. The gallery shows their looks.
-class Looks : public DriverTest {};
+class LooksTest : public DriverTest {};
 
 namespace {
 
@@ -64,7 +64,7 @@ Picture PictureWithIcon(const Window& window) {
 
 }  // namespace
 
-TEST_F(Looks, NotesOpenInACascade) {
+TEST_F(LooksTest, NotesOpenInACascade) {
     const Window main = StartProgram();
     const Window first = MakeNote(main, "First");
     tray::LeftClick(main);
@@ -79,7 +79,7 @@ TEST_F(Looks, NotesOpenInACascade) {
     ExitProgram();
 }
 
-TEST_F(Looks, EveryWindowHasAnIconAndFixedOnesCannotBeMaximised) {
+TEST_F(LooksTest, EveryWindowHasAnIconAndFixedOnesCannotBeMaximised) {
     const Window main = StartProgram();
     const Picture mainPicture = PictureWithIcon(main);
     const auto check = [&](const Window& window) {
@@ -131,7 +131,7 @@ std::optional<int> TopOfText(const Window& window, int edge) {
 
 }  // namespace
 
-TEST_F(Looks, AWindowTakesTheScaleOfItsMonitor) {
+TEST_F(LooksTest, AWindowTakesTheScaleOfItsMonitor) {
     const Window main = StartProgram();
     const auto extent = [](const Window& window) {
         const RECT place = window.Place();
@@ -159,7 +159,7 @@ TEST_F(Looks, AWindowTakesTheScaleOfItsMonitor) {
     ExitProgram();
 }
 
-TEST_F(Looks, FieldTextsAlignWithTheirLabelsAtAnyScale) {
+TEST_F(LooksTest, FieldTextsAlignWithTheirLabelsAtAnyScale) {
     const Window main = StartProgram();
     main.Button("S&pecial Alarms").Click();
     const Window window = program.WaitFor("Special Alarms");
@@ -258,7 +258,7 @@ int WholeWidth(const wchar_t* text, int dpi, COLORREF background) {
 }  // namespace
 
 // Letters may extend beyond the width that the font reports, above all slanted letters.
-TEST_F(Looks, CaptionsOfFramesAreWhole) {
+TEST_F(LooksTest, CaptionsOfFramesAreWhole) {
     const SlantedMessageFont slanted;
     const Window main = StartProgram();
     for (const int dpi : {96, 120, 144, 192}) {
@@ -279,7 +279,7 @@ TEST_F(Looks, CaptionsOfFramesAreWhole) {
 }
 
 // Measures the two lines above the text of an alarm display.
-TEST_F(Looks, LinesHaveTheThicknessOfTheirScale) {
+TEST_F(LooksTest, LinesHaveTheThicknessOfTheirScale) {
     WriteNote("Due",
               "\"Due\",\"Take the cake out\",#2031-06-02#,#09:01:00#,1,12,\"1\",0,\"yes\"\r\n");
     const Window main = StartProgram();

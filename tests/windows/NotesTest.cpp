@@ -14,9 +14,9 @@ constexpr const char* appointment = "Call to move the appointment.\r\nAsk for a 
 
 }  // namespace
 
-class Notes : public DriverTest {};
+class NotesTest : public DriverTest {};
 
-TEST_F(Notes, ANewNoteIsWrittenWithAllThatTheUserEntered) {
+TEST_F(NotesTest, ANewNoteIsWrittenWithAllThatTheUserEntered) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Dentist");
     WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });
@@ -51,7 +51,7 @@ TEST_F(Notes, ANewNoteIsWrittenWithAllThatTheUserEntered) {
                "#2031-06-05#,#09:31:00#,5,14,\"1\",1,\"yes\"\r\n");
 }
 
-TEST_F(Notes, ANoteComesBackMinimizedWithEverythingSaved) {
+TEST_F(NotesTest, ANoteComesBackMinimizedWithEverythingSaved) {
     {
         const Window editor = MakeNote(StartProgram(), "Dentist");
         ChooseFromPopup(program, editor.Only("Edit"), popupYellow);
@@ -89,7 +89,7 @@ TEST_F(Notes, ANoteComesBackMinimizedWithEverythingSaved) {
     ExitProgram();
 }
 
-TEST_F(Notes, AUserWritesANoteWithTheKeyboardAlone) {
+TEST_F(NotesTest, AUserWritesANoteWithTheKeyboardAlone) {
     const Window main = StartProgram();
     WaitUntil("the title box has the focus", [&] { return main.Only("Edit").HasFocus(); });
     Window::TypeKeys("shopping list");
@@ -107,7 +107,7 @@ TEST_F(Notes, AUserWritesANoteWithTheKeyboardAlone) {
                "\"yes\"\r\n");
 }
 
-TEST_F(Notes, TheToolbarErasesANote) {
+TEST_F(NotesTest, TheToolbarErasesANote) {
     const Window main = StartProgram();
     HideNote(MakeNote(main, "Shopping"));
     ExitProgram();
@@ -125,7 +125,7 @@ TEST_F(Notes, TheToolbarErasesANote) {
     EXPECT_FALSE(FileExists(NotePath("Shopping")));
 }
 
-TEST_F(Notes, TheMenuErasesANoteThatClosingWritesAgain) {
+TEST_F(NotesTest, TheMenuErasesANoteThatClosingWritesAgain) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Shopping");
     editor.Only("Edit").Type("milk");
@@ -139,7 +139,7 @@ TEST_F(Notes, TheMenuErasesANoteThatClosingWritesAgain) {
                "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(Notes, SavingIsConfirmed) {
+TEST_F(NotesTest, SavingIsConfirmed) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
     PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
     const Box box(program, "");
@@ -149,7 +149,7 @@ TEST_F(Notes, SavingIsConfirmed) {
     EXPECT_TRUE(editor.IsVisible());
 }
 
-TEST_F(Notes, ANoteFileThatAnotherProgramHoldsIsReportedAndSavedWhenItIsFree) {
+TEST_F(NotesTest, ANoteFileThatAnotherProgramHoldsIsReportedAndSavedWhenItIsFree) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
     editor.Only("Edit").Type("milk");
     PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
@@ -172,7 +172,7 @@ TEST_F(Notes, ANoteFileThatAnotherProgramHoldsIsReportedAndSavedWhenItIsFree) {
         WholeFile(NotePath("Shopping")).value().starts_with("\"Shopping\",\"milk and bread\","));
 }
 
-TEST_F(Notes, TextsWithQuotesComeBackWhole) {
+TEST_F(NotesTest, TextsWithQuotesComeBackWhole) {
     const std::pair<const char*, std::string> notes[] = {
         {"Pipes", "5\" pipe, 3/4\" tap"},
         {"Quoted", "\"To be, or not to be,\" he said.\r\n\"That is it.\""},
@@ -208,7 +208,7 @@ TEST_F(Notes, TextsWithQuotesComeBackWhole) {
     EXPECT_EQ(FileNames(folder + "\\Notes").size(), 3U);
 }
 
-TEST_F(Notes, TypedTextComesBackAfterTheProgramWasKilled) {
+TEST_F(NotesTest, TypedTextComesBackAfterTheProgramWasKilled) {
     const Window main = StartProgram();
     const Window saved = MakeNote(main, "Shopping");
     saved.Only("Edit").Type("milk");

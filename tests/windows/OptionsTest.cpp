@@ -43,7 +43,7 @@ class ToldWindowsVersion {
 
 }  // namespace
 
-class Options : public DriverTest {
+class OptionsTest : public DriverTest {
   protected:
     void SetUp() override {
         DriverTest::SetUp();
@@ -60,28 +60,28 @@ class Options : public DriverTest {
                                const std::string& topMost);
 };
 
-Window Options::OpenOptions(const Window& main) const {
+Window OptionsTest::OpenOptions(const Window& main) const {
     ChooseFromMenuBar(program, main, barNoteOptions);
     const Window options = program.WaitFor(caption);
     WaitUntilFilled(options, "Button");
     return options;
 }
 
-void Options::Press(const Window& options, const std::string& button) {
+void OptionsTest::Press(const Window& options, const std::string& button) {
     const bool before = options.Button(button).IsChecked();
     options.Button(button).Click();
     WaitUntil("the choice is shown", [&] { return options.Button(button).IsChecked() != before; });
 }
 
-void Options::Apply(const Window& options) const {
+void OptionsTest::Apply(const Window& options) const {
     options.Button("A&pply").Click();
     program.WaitUntilGone(caption);
 }
 
-void Options::ExpectSettings(const std::string& color, const std::string& fontSize,
-                             const std::string& loopsValue, const std::string& hides,
-                             const std::string& cuckoo, const std::string& service,
-                             const std::string& topMost) {
+void OptionsTest::ExpectSettings(const std::string& color, const std::string& fontSize,
+                                 const std::string& loopsValue, const std::string& hides,
+                                 const std::string& cuckoo, const std::string& service,
+                                 const std::string& topMost) {
     EXPECT_EQ(Setting("Options", "DefaultColor"), color);
     EXPECT_EQ(Setting("Options", "DefaultFontSize"), fontSize);
     EXPECT_EQ(Setting("Options", "NoteLoops"), loopsValue);
@@ -91,7 +91,7 @@ void Options::ExpectSettings(const std::string& color, const std::string& fontSi
     EXPECT_EQ(Setting("Options", "WindowOnTop"), topMost);
 }
 
-TEST_F(Options, ApplyWritesAllOptionsAndCancelNone) {
+TEST_F(OptionsTest, ApplyWritesAllOptionsAndCancelNone) {
     const Window main = StartProgram();
     Window options = OpenOptions(main);
     EXPECT_TRUE(options.Button("White").IsChecked());
@@ -124,7 +124,7 @@ TEST_F(Options, ApplyWritesAllOptionsAndCancelNone) {
     EXPECT_EQ(Setting("Options", "DefaultColor"), "4");
 }
 
-TEST_F(Options, TheNextNoteHasTheDefaultsAndNoDateAndTime) {
+TEST_F(OptionsTest, TheNextNoteHasTheDefaultsAndNoDateAndTime) {
     const Window main = StartProgram();
     const Window before = MakeNote(main, "Before");
     EXPECT_EQ(HeightOf(before), 489);
@@ -153,7 +153,7 @@ TEST_F(Options, TheNextNoteHasTheDefaultsAndNoDateAndTime) {
     ExpectNote("Shopping", "\"Shopping\",\"\",#2031-06-02#,#12:00:00#,3,16,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(Options, AlarmsStayOnTopAndLoop) {
+TEST_F(OptionsTest, AlarmsStayOnTopAndLoop) {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     WriteNote("Rent", "\"Rent\",\"Pay\",#2031-06-02#,#09:02:00#,1,12,\"1\",0,\"yes\"\r\n");
     const Window main = StartProgram();
@@ -181,7 +181,7 @@ TEST_F(Options, AlarmsStayOnTopAndLoop) {
     EXPECT_TRUE(display.IsTopMost());
 }
 
-TEST_F(Options, TheCuckooClockRunsFromTheStart) {
+TEST_F(OptionsTest, TheCuckooClockRunsFromTheStart) {
     {
         const Window main = StartProgram();
         const Window options = OpenOptions(main);
@@ -196,21 +196,21 @@ TEST_F(Options, TheCuckooClockRunsFromTheStart) {
     EXPECT_TRUE(OpenOptions(main).Button(startCuckoo).IsChecked());
 }
 
-TEST_F(Options, OlderWindowsCannotStartTheProgram) {
+TEST_F(OptionsTest, OlderWindowsCannotStartTheProgram) {
     const ToldWindowsVersion windows2000(L"win2k");
     const Window options = OpenOptions(StartProgram());
     EXPECT_FALSE(options.Button(startWithWindows).IsEnabled());
     EXPECT_TRUE(options.Button(onTop).IsEnabled());
 }
 
-class StartupLink : public Options {
+class OptionsStartupLinkTest : public OptionsTest {
   protected:
     void SetUp() override {
-        Options::SetUp();
+        OptionsTest::SetUp();
         RemoveFolder(allUsers);
     }
     void TearDown() override {
-        Options::TearDown();
+        OptionsTest::TearDown();
         RemoveFolder(allUsers);
     }
 
@@ -219,7 +219,7 @@ class StartupLink : public Options {
     const std::string link = startup + "\\Shortcut To Jotwright.lnk";
 };
 
-TEST_F(StartupLink, IsMadeOnceAndDeleted) {
+TEST_F(OptionsStartupLinkTest, IsMadeOnceAndDeleted) {
     MakeFolder(startup);
     const Window main = StartProgram();
     Window options = OpenOptions(main);
@@ -242,7 +242,7 @@ TEST_F(StartupLink, IsMadeOnceAndDeleted) {
     EXPECT_FALSE(FileExists(link));
 }
 
-TEST_F(StartupLink, AFailureToMakeItIsReported) {
+TEST_F(OptionsStartupLinkTest, AFailureToMakeItIsReported) {
     const Window options = OpenOptions(StartProgram());
     Press(options, startWithWindows);
     Press(options, "Blue");

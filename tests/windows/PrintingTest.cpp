@@ -3,13 +3,13 @@
 
 namespace driver {
 
-class Printing : public DriverTest {
+class PrintingTest : public DriverTest {
   protected:
     static constexpr int toolbarPrint = 2;
     static constexpr const char* error = "Print Error";
 };
 
-TEST_F(Printing, AMissingPrinterIsReported) {
+TEST_F(PrintingTest, AMissingPrinterIsReported) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
     PressToolbar(editor.Only("ToolbarWindow32"), toolbarPrint);
     const Box box(program, error);
@@ -19,7 +19,7 @@ TEST_F(Printing, AMissingPrinterIsReported) {
     box.Press("OK");
 }
 
-TEST_F(Printing, ANoteIsPrintedWithItsTitle) {
+TEST_F(PrintingTest, ANoteIsPrintedWithItsTitle) {
     const Printer printer;
     const Window editor = MakeNote(StartProgram(), "Shopping");
     editor.Only("Edit").Type("Milk and eggs\r\nBread");

@@ -40,7 +40,7 @@ class NoRecycleBin {
 
 }  // namespace
 
-class Recovery : public DriverTest {
+class RecoveryTest : public DriverTest {
   protected:
     static std::string Shopping(const std::string& title, const std::string& text) {
         return '"' + title + "\",\"" + text + "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
@@ -52,7 +52,7 @@ class Recovery : public DriverTest {
     std::vector<std::string> Files() const { return FileNames(folder + "\\Notes"); }
 };
 
-void Recovery::SetAlarm(const Window& editor) {
+void RecoveryTest::SetAlarm(const Window& editor) {
     PickTime(TimePicker(editor), 9, 31);
     editor.Button(audioBoxCaption).Click();
     editor.Button(editorSet).Click();
@@ -60,13 +60,13 @@ void Recovery::SetAlarm(const Window& editor) {
               [&] { return static_cast<bool>(editor.FindChild("Button", editorTurnOff)); });
 }
 
-Window Recovery::WaitForUnsaved(const std::string& title) const {
+Window RecoveryTest::WaitForUnsaved(const std::string& title) const {
     const Window editor = program.WaitFor(title);
     WaitUntilFilled(editor, "Edit");
     return editor;
 }
 
-TEST_F(Recovery, ATextWhoseFileHasChangedComesUpBesideIt) {
+TEST_F(RecoveryTest, ATextWhoseFileHasChangedComesUpBesideIt) {
     WriteNote("Shopping", Shopping("Shopping", "milk"));
     StartProgram();
     OpenRestored("Shopping").Only("Edit").Type("milk and eggs");
@@ -86,7 +86,7 @@ TEST_F(Recovery, ATextWhoseFileHasChangedComesUpBesideIt) {
     EXPECT_EQ(Files(), (std::vector<std::string>{"Shopping (recovered).txt", "Shopping.txt"}));
 }
 
-TEST_F(Recovery, AnAlarmAColorAndASizeThatWereNotSavedComeBack) {
+TEST_F(RecoveryTest, AnAlarmAColorAndASizeThatWereNotSavedComeBack) {
     const std::string saved = Shopping("Dentist", "Call");
     WriteNote("Dentist", saved);
     const Window main = StartProgram();
@@ -131,7 +131,7 @@ TEST_F(Recovery, AnAlarmAColorAndASizeThatWereNotSavedComeBack) {
     EXPECT_EQ(Files(), (std::vector<std::string>{"Dentist.txt", "Rent.txt"}));
 }
 
-TEST_F(Recovery, WithoutARecycleBinFilesAreRenamed) {
+TEST_F(RecoveryTest, WithoutARecycleBinFilesAreRenamed) {
     const NoRecycleBin noBin(folder);
     WriteNote("Bad", "\"Bad\",\"no");
     WriteNote("Shopping", Shopping("Shopping", "milk"));

@@ -3,7 +3,7 @@
 namespace driver {
 
 // A note is its file, whatever its title.
-class SameTitles : public DriverTest {
+class SameTitlesTest : public DriverTest {
   protected:
     // Two files, "First" and "Second", of the title "Shopping". Starts the program and restores
     // both editors.
@@ -20,7 +20,7 @@ class SameTitles : public DriverTest {
     const std::vector<std::string> bothFiles{"First.txt", "Second.txt"};
 };
 
-void SameTitles::StartWithTwo() {
+void SameTitlesTest::StartWithTwo() {
     WriteNote("First", Bytes("milk"));
     WriteNote("Second", Bytes("bread"));
     StartProgram();
@@ -31,7 +31,7 @@ void SameTitles::StartWithTwo() {
     }
 }
 
-Window SameTitles::EditorOf(const std::string& text) const {
+Window SameTitlesTest::EditorOf(const std::string& text) const {
     Window found;
     WaitUntil("an editor shows " + text, [&] {
         for (const Window& editor : program.Visible("Shopping")) {
@@ -45,7 +45,7 @@ Window SameTitles::EditorOf(const std::string& text) const {
     return found;
 }
 
-Window SameTitles::EditRow(const Window& panel, int row, const std::string& text) const {
+Window SameTitlesTest::EditRow(const Window& panel, int row, const std::string& text) const {
     EXPECT_EQ(CellText(panel.Only(listClass), row, 1), "Shopping");
     DoubleClickRow(panel.Only(listClass), row);
     const Window editor = EditorOf(text);
@@ -53,7 +53,7 @@ Window SameTitles::EditRow(const Window& panel, int row, const std::string& text
     return editor;
 }
 
-TEST_F(SameTitles, EachNoteIsSavedToItsOwnFile) {
+TEST_F(SameTitlesTest, EachNoteIsSavedToItsOwnFile) {
     StartWithTwo();
     const Window first = EditorOf("milk");
     const Window second = EditorOf("bread");
@@ -82,7 +82,7 @@ TEST_F(SameTitles, EachNoteIsSavedToItsOwnFile) {
     EXPECT_EQ(Files(), bothFiles);
 }
 
-TEST_F(SameTitles, TheEndOfTheProgramSavesTheNoteThatWasChanged) {
+TEST_F(SameTitlesTest, TheEndOfTheProgramSavesTheNoteThatWasChanged) {
     StartWithTwo();
     EditorOf("bread").Only("Edit").Type("bread and butter");
     ExitProgram();
@@ -91,7 +91,7 @@ TEST_F(SameTitles, TheEndOfTheProgramSavesTheNoteThatWasChanged) {
     EXPECT_EQ(Files(), bothFiles);
 }
 
-TEST_F(SameTitles, OneIsErasedWithoutTheOther) {
+TEST_F(SameTitlesTest, OneIsErasedWithoutTheOther) {
     StartWithTwo();
     const Window first = EditorOf("milk");
     const Window second = EditorOf("bread");

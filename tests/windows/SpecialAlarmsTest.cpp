@@ -29,7 +29,7 @@ std::vector<Window> Column(std::vector<Window> cells) {
 
 }  // namespace
 
-class SpecialAlarms : public DriverTest {
+class SpecialAlarmsTest : public DriverTest {
   protected:
     struct Rows {
         std::vector<Window> enabled;
@@ -52,14 +52,14 @@ class SpecialAlarms : public DriverTest {
     void ExpectNoBox() const { EXPECT_TRUE(program.Visible(alarmCaption).empty()); }
 };
 
-Window SpecialAlarms::Open(const Window& main) const {
+Window SpecialAlarmsTest::Open(const Window& main) const {
     main.Button("S&pecial Alarms").Click();
     const Window window = program.WaitFor(caption);
     WaitUntilFilled(window, "Edit");
     return window;
 }
 
-SpecialAlarms::Rows SpecialAlarms::RowsOf(const Window& window) {
+SpecialAlarmsTest::Rows SpecialAlarmsTest::RowsOf(const Window& window) {
     auto enabled = window.ChildrenOfClass("Button");
     std::erase_if(enabled, [](const Window& button) { return button.Text() != "Enabled"; });
     Rows rows{Column(enabled), Column(window.ChildrenOfClass("ComboBox")),
@@ -73,28 +73,28 @@ SpecialAlarms::Rows SpecialAlarms::RowsOf(const Window& window) {
     return rows;
 }
 
-void SpecialAlarms::Enable(const Window& checkBox, bool enable) {
+void SpecialAlarmsTest::Enable(const Window& checkBox, bool enable) {
     checkBox.Click();
     WaitUntil("the box is changed", [&] { return checkBox.IsChecked() == enable; });
 }
 
-void SpecialAlarms::Fill(const Rows& rows, std::size_t row, int day) {
+void SpecialAlarmsTest::Fill(const Rows& rows, std::size_t row, int day) {
     Choose(rows.days[row], day);
     PickTime(rows.times[row], 10, 30);
     Enable(rows.enabled[row], true);
 }
 
-void SpecialAlarms::Save(const Window& window) {
+void SpecialAlarmsTest::Save(const Window& window) {
     WaitUntil("the changes can be saved", [&] { return window.Button("&Save").IsEnabled(); });
     window.Button("&Save").Click();
 }
 
-void SpecialAlarms::Close(const Window& window) const {
+void SpecialAlarmsTest::Close(const Window& window) const {
     window.Button("&Close").Click();
     program.WaitUntilGone(caption);
 }
 
-void SpecialAlarms::ExpectIdentical(int first, int second) const {
+void SpecialAlarmsTest::ExpectIdentical(int first, int second) const {
     const Box box(program, "Error - Identical Alarms");
     EXPECT_EQ(box.Text(), "                    Alarm Number: " + std::to_string(first) +
                               "\r\n                               and \r\n"
@@ -106,12 +106,12 @@ void SpecialAlarms::ExpectIdentical(int first, int second) const {
     EXPECT_FALSE(program.Visible(caption).empty());
 }
 
-void SpecialAlarms::WriteAlarms(const std::string& bytes) const {
+void SpecialAlarmsTest::WriteAlarms(const std::string& bytes) const {
     MakeFolder(folder + "\\SpecialAlarms");
     WriteWholeFile(Path(), bytes);
 }
 
-TEST_F(SpecialAlarms, NoTwoEnabledRowsMayBeIdentical) {
+TEST_F(SpecialAlarmsTest, NoTwoEnabledRowsMayBeIdentical) {
     const Window main = StartProgram();
     Window window = Open(main);
     Rows rows = RowsOf(window);
@@ -155,7 +155,7 @@ TEST_F(SpecialAlarms, NoTwoEnabledRowsMayBeIdentical) {
     EXPECT_EQ(WholeFile(Path()).value_or("(no file)"), saved);
 }
 
-TEST_F(SpecialAlarms, EveryKindOfChangeCanBeSaved) {
+TEST_F(SpecialAlarmsTest, EveryKindOfChangeCanBeSaved) {
     const Window main = StartProgram();
     const std::vector<std::function<void(const Rows&)>> changes{
         [](const Rows& rows) { Choose(rows.days[0], friday); },
@@ -179,7 +179,7 @@ TEST_F(SpecialAlarms, EveryKindOfChangeCanBeSaved) {
     EXPECT_FALSE(FileExists(Path()));
 }
 
-TEST_F(SpecialAlarms, RowsOfOneSecondRingOneAfterTheOther) {
+TEST_F(SpecialAlarmsTest, RowsOfOneSecondRingOneAfterTheOther) {
     const std::string saved =
         "\"Monday\",#09:01:00#,\"\",1\r\n"
         "\"Tuesday\",#09:01:00#,\"another day\",1\r\n"
@@ -236,7 +236,7 @@ TEST_F(SpecialAlarms, RowsOfOneSecondRingOneAfterTheOther) {
     box.Press("OK");
 }
 
-TEST_F(SpecialAlarms, ADamagedFileIsReportedWhenTheWindowOpens) {
+TEST_F(SpecialAlarmsTest, ADamagedFileIsReportedWhenTheWindowOpens) {
     const std::string whole = "\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n";
     WriteAlarms(whole + "\"Monday\",#08:0");
     const Window main = StartProgram();

@@ -2,9 +2,9 @@
 
 namespace driver {
 
-class System : public DriverTest {};
+class SystemTest : public DriverTest {};
 
-TEST_F(System, LettersOfAllScriptsAreKept) {
+TEST_F(SystemTest, LettersOfAllScriptsAreKept) {
     const std::string title = "Z\xC3\xBCrich \xCE\xA9";  // a u umlaut, an omega
     const std::string text = "\xE6\x97\xA5\xE6\x9C\xAC\r\n\xF0\x9F\x98\x80";  // and beyond U+FFFF
     const Window editor = MakeNote(StartProgram(), title);
@@ -22,7 +22,7 @@ TEST_F(System, LettersOfAllScriptsAreKept) {
     ExpectNote(title, bytes);
 }
 
-TEST_F(System, WesternLettersAreWrittenInTheSystemsCodePage) {
+TEST_F(SystemTest, WesternLettersAreWrittenInTheSystemsCodePage) {
     const Window editor = MakeNote(StartProgram(), "Caf\xC3\xA9");
     editor.Only("Edit").Type("5 \xE2\x82\xAC");  // a euro
     HideNote(editor);
@@ -30,7 +30,7 @@ TEST_F(System, WesternLettersAreWrittenInTheSystemsCodePage) {
                "\"Caf\xE9\",\"5 \x80\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(System, AHundredNotesComeBackAndNoMoreCanBeMade) {
+TEST_F(SystemTest, AHundredNotesComeBackAndNoMoreCanBeMade) {
     for (int i = 1; i <= 100; ++i) {
         const std::string title = "Note " + std::to_string(i);
         WriteNote(title,
@@ -53,7 +53,7 @@ TEST_F(System, AHundredNotesComeBackAndNoMoreCanBeMade) {
     ExitProgram();
 }
 
-TEST_F(System, TheHundredAndFirstNoteIsReportedOnceForEachAction) {
+TEST_F(SystemTest, TheHundredAndFirstNoteIsReportedOnceForEachAction) {
     for (int i = 1001; i <= 1101; ++i) {
         const std::string title = "Note " + std::to_string(i);
         WriteNote(title,
@@ -104,7 +104,7 @@ TEST_F(System, TheHundredAndFirstNoteIsReportedOnceForEachAction) {
     EXPECT_TRUE(program.Visible("Error Loading Notes Array").empty());
 }
 
-TEST_F(System, TheWebSiteOpensInTheBrowser) {
+TEST_F(SystemTest, TheWebSiteOpensInTheBrowser) {
     const std::string log = UnixPath(Variable("JOTWRIGHT_BROWSER_LOG"));
     WriteWholeFile(log, "");
     const Window main = StartProgram();
@@ -114,7 +114,7 @@ TEST_F(System, TheWebSiteOpensInTheBrowser) {
     EXPECT_TRUE(main.IsEnabled());
 }
 
-TEST_F(System, ADamagedFileIsRemovedAndTheOthersStay) {
+TEST_F(SystemTest, ADamagedFileIsRemovedAndTheOthersStay) {
     WriteNote("Bad", "\"Bad\",\"no");
     WriteNote("Good", "\"Good\",\"text\",#2031-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n");
     StartProgram();

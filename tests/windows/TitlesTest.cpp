@@ -39,14 +39,14 @@ constexpr int pictureSize = 72;
 
 }  // namespace
 
-class Titles : public DriverTest {
+class TitlesTest : public DriverTest {
   protected:
     // Presses Make Note and returns the box that rejects the title.
     Window Reject(const Window& main, const Rejection& rejection);
     bool ShowsPicture(const Window& box, const std::string& name) const;
 };
 
-Window Titles::Reject(const Window& main, const Rejection& rejection) {
+Window TitlesTest::Reject(const Window& main, const Rejection& rejection) {
     main.Only("Edit").Type(rejection.title);
     main.Button("Make &Note").Click();
     const Window box = program.WaitFor(rejection.caption);
@@ -55,7 +55,7 @@ Window Titles::Reject(const Window& main, const Rejection& rejection) {
     return box;
 }
 
-bool Titles::ShowsPicture(const Window& box, const std::string& name) const {
+bool TitlesTest::ShowsPicture(const Window& box, const std::string& name) const {
     return ComesTrue([&] {
         const Picture shown(box);
         const POINT origin = box.ClientOrigin();
@@ -67,7 +67,7 @@ bool Titles::ShowsPicture(const Window& box, const std::string& name) const {
     });
 }
 
-TEST_F(Titles, InvalidTitlesAreRejectedWithAPicture) {
+TEST_F(TitlesTest, InvalidTitlesAreRejectedWithAPicture) {
     WriteNote("Shopping", "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
     const Window main = StartProgram();
     const Window title = main.Only("Edit");
@@ -98,7 +98,7 @@ TEST_F(Titles, InvalidTitlesAreRejectedWithAPicture) {
     EXPECT_EQ(FileNames(folder + "\\Notes").size(), 1U);
 }
 
-TEST_F(Titles, ValidTitlesAreTakenAsTyped) {
+TEST_F(TitlesTest, ValidTitlesAreTakenAsTyped) {
     WriteSetting("Options", "DefaultColor", "7");
     WriteNote("Shopping", "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
     const Window main = StartProgram();

@@ -3,7 +3,7 @@
 namespace driver {
 
 // Two sessions of a user's, or two machines, may share the folder of the notes.
-class TwoPrograms : public DriverTest {
+class TwoProgramsTest : public DriverTest {
   protected:
     // Starts a second copy beside the first, which it does not know of.
     void StartSecond();
@@ -18,7 +18,7 @@ class TwoPrograms : public DriverTest {
     Program second;
 };
 
-Window TwoPrograms::SecondMain() const {
+Window TwoProgramsTest::SecondMain() const {
     for (const Window& window : second.Windows()) {
         if (window.HasTitleBar() && window.Text() == mainCaption && window.IsVisible()) {
             return window;
@@ -27,20 +27,20 @@ Window TwoPrograms::SecondMain() const {
     return {};
 }
 
-void TwoPrograms::StartSecond() {
+void TwoProgramsTest::StartSecond() {
     program.CloseMutex("Local\\Jotwright.Instance");
     second.Start(executable);
     WaitUntil("the second main window is shown",
               [this] { return static_cast<bool>(SecondMain()); });
 }
 
-std::string TwoPrograms::InstanceOf(const std::string& copyName) const {
+std::string TwoProgramsTest::InstanceOf(const std::string& copyName) const {
     const std::string bytes = WholeFile(CopyPath(copyName)).value();
     const std::size_t start = bytes.find("\r\n") + 2;
     return bytes.substr(start, bytes.find("\r\n", start) - start);
 }
 
-TEST_F(TwoPrograms, NeitherTouchesWhatTheOtherHasUnsaved) {
+TEST_F(TwoProgramsTest, NeitherTouchesWhatTheOtherHasUnsaved) {
     WriteNote("Shopping", Shopping("milk"));
     StartProgram();
     const Window first = OpenRestored("Shopping");
@@ -85,7 +85,7 @@ TEST_F(TwoPrograms, NeitherTouchesWhatTheOtherHasUnsaved) {
     ExpectNote("Lost", "\"Lost\",\"text\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(TwoPrograms, WhatTheFirstLeavesWhenItIsKilledComesBackAtTheNextStart) {
+TEST_F(TwoProgramsTest, WhatTheFirstLeavesWhenItIsKilledComesBackAtTheNextStart) {
     WriteNote("Shopping", Shopping("milk"));
     StartProgram();
     OpenRestored("Shopping").Only("Edit").Type("milk and eggs");

@@ -39,7 +39,7 @@ class frmInput : public Form {
     }
 };
 
-class BadInput : public conformance::StandTest {
+class BadInputTest : public conformance::StandTest {
   protected:
     void SetUp() override {
         StandTest::SetUp();
@@ -124,7 +124,7 @@ TEST(BoxTextTest, WordsLongerThanALineAreBroken) {
     EXPECT_LE(TextThatFits(std::wstring(65536, L'x')).size(), 1600U);
 }
 
-TEST_F(BadInput, ABoxWithAnyTextFitsTheScreen) {
+TEST_F(BadInputTest, ABoxWithAnyTextFitsTheScreen) {
     for (const std::string& text : {std::string(65536, 'x'), Repeated("some words ", 65536),
                                     Repeated("line\r\n", 65536), Repeated("\xe6\x97\xa5", 65536)}) {
         ExpectMessage(Narrow(TextThatFits(Wide(text))), "Long", [] {
@@ -139,7 +139,7 @@ TEST_F(BadInput, ABoxWithAnyTextFitsTheScreen) {
     }
 }
 
-TEST_F(BadInput, AWindowMayHaveACaptionOfAnyLength) {
+TEST_F(BadInputTest, AWindowMayHaveACaptionOfAnyLength) {
     Start([] { Input().caption = std::string(1U << 20U, 'x'); });
     EXPECT_EQ(::GetWindowTextLengthW(FormWindow::Existing(Input())->handle), 1024);
     Start([] { Default<frmInput>().Unload(); });
@@ -150,7 +150,7 @@ TEST_F(BadInput, AWindowMayHaveACaptionOfAnyLength) {
     EXPECT_TRUE(stand->IsShown(Input()));
 }
 
-TEST_F(BadInput, DatesBeforeTheNativeControlsRangeAreUnchanged) {
+TEST_F(BadInputTest, DatesBeforeTheNativeControlsRangeAreUnchanged) {
     for (const int year : {100, 1500, 1600, 1601, 1752}) {
         const base::DateTime date = base::DateTime::FromDate(year, 6, 5);
         Start([&date] { Input().dtDate.value = date; });
@@ -163,7 +163,7 @@ TEST_F(BadInput, DatesBeforeTheNativeControlsRangeAreUnchanged) {
     }
 }
 
-TEST_F(BadInput, ATimePickerTakesTheTimeOfAnyDate) {
+TEST_F(BadInputTest, ATimePickerTakesTheTimeOfAnyDate) {
     Start([] {
         Input().dtTime.value = base::Combine(base::DateTime::FromDate(1066, 10, 14),
                                              base::DateTime::FromTime(9, 31, 0));
@@ -172,7 +172,7 @@ TEST_F(BadInput, ATimePickerTakesTheTimeOfAnyDate) {
     EXPECT_EQ(Shown(Input().dtTime).wMinute, 31);
 }
 
-TEST_F(BadInput, ADateThatOnlyTheNativeControlAllowsIsRejected) {
+TEST_F(BadInputTest, ADateThatOnlyTheNativeControlAllowsIsRejected) {
     const base::DateTime date = base::DateTime::FromDate(2031, 6, 2);
     Start([&date] { Input().dtDate.value = date; });
     for (const SYSTEMTIME& time : {SYSTEMTIME{30000, 1, 0, 1, 0, 0, 0, 0}, SYSTEMTIME{},
@@ -187,7 +187,7 @@ TEST_F(BadInput, ADateThatOnlyTheNativeControlAllowsIsRejected) {
 
 // The lines are of a usual length, because some native controls take minutes to wrap one line of 64
 // KiB.
-TEST_F(BadInput, PastedTextIsUnchanged) {
+TEST_F(BadInputTest, PastedTextIsUnchanged) {
     for (const std::string& text :
          {std::string(8192, 'x'), Repeated(Repeated("x", 500) + "\r\n", 65536),
           Repeated("0123456789abcde\r\n", 1U << 20U),
