@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "forms/headless/HeadlessLocale.h"
-#include "forms/headless/HeadlessSettings.h"
 
 namespace forms::headless {
 namespace {
@@ -104,14 +103,6 @@ TEST(HeadlessLocaleTest, UnderUtf8OtherBytesAreOfTheLanguagesCodePage) {
     EXPECT_EQ(locale.ToAnsi("plain"), "plain");
     locale.languageCodePage = 932;
     EXPECT_EQ(locale.FromAnsi("\x95\x5c"), "\xe8\xa1\xa8");
-}
-
-TEST(HeadlessSettingsTest, KeepsWhatIsWritten) {
-    HeadlessSettings settings;
-    EXPECT_EQ(settings.Read("Options", "DefaultColor"), std::nullopt);
-    settings.Write("Options", "DefaultColor", "3");
-    EXPECT_EQ(settings.Read("Options", "DefaultColor"), "3");
-    EXPECT_EQ(settings.Read("Config", "DefaultColor"), std::nullopt);
 }
 
 }  // namespace
