@@ -38,7 +38,7 @@ class WholeProgram : public ProductProgram {
         RightClickTrayIcon();
     }
 
-    // Types a title and presses Make Note. Returns the editor that opened.
+    // Types a title and clicks Make Note. Returns the editor that opened.
     frmNote& MakeNote(const std::string& title) {
         if (!Main().IsVisible()) {
             ClickTrayIcon();

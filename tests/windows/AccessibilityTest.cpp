@@ -115,10 +115,10 @@ TEST_F(AccessibilityTest, WindowsThatOpenByThemselvesHaveNames) {
     WaitUntilFilled(display, "Edit");
     WaitUntil("the text has the focus", [&] { return display.Only("Edit").HasFocus(); });
     ExpectSpoken(display);
-    display.Close();
+    display.CloseBox();
     const Box question(program, displayQuestion);
     EXPECT_EQ(AccessibleOf(question.window).name, displayQuestion);
-    question.Press("No");
+    question.Click("No");
 }
 
 TEST_F(AccessibilityTest, TheToolbarsButtonsHaveNames) {

@@ -30,7 +30,7 @@ Window AlarmsTest::StartWithClosedNote() {
     WriteNote(title, saved);
     const Window main = StartProgram();
     const Window editor = program.WaitFor(title);
-    editor.Close();
+    editor.CloseBox();
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     ExpectNote(title, saved);
     return main;
@@ -44,8 +44,8 @@ Window AlarmsTest::WaitForAlarm() {
 }
 
 void AlarmsTest::CloseDisplay(const Window& display) {
-    display.Close();
-    Box(program, displayQuestion).Press("No");
+    display.CloseBox();
+    Box(program, displayQuestion).Click("No");
     WaitUntil("the display has gone", [&] { return !display.Exists(); });
 }
 
@@ -88,10 +88,10 @@ TEST_F(AlarmsTest, TheNoteOfAClosedEditorIsDisplayedOnceWithItsSound) {
     Clock::WaitFor("2031-06-02 09:01:05");
     EXPECT_EQ(program.Visible(title).size(), 1U);
 
-    display.Close();
+    display.CloseBox();
     const Box question(program, displayQuestion);
     EXPECT_EQ(question.Text(), "Would you like to erase this note?");
-    question.Press("No");
+    question.Click("No");
     WaitUntil("the display has gone", [&] { return !display.Exists(); });
     ExpectNote(title,
                "\"Dentist\",\"Call to move\r\nthe appointment.\",#2031-06-02#,\"#12:00#\",4,14,"
@@ -105,8 +105,8 @@ TEST_F(AlarmsTest, ADisplayedNoteCanBeErased) {
     // A sound comes one second after the window.
     recorder.WaitForSilence();
     EXPECT_FALSE(recorder.HasSounded(before)) << "the note wants no sound";
-    display.Close();
-    Box(program, displayQuestion).Press("Yes");
+    display.CloseBox();
+    Box(program, displayQuestion).Click("Yes");
     WaitUntil("the display has gone", [&] { return !display.Exists(); });
     EXPECT_FALSE(FileExists(NotePath(title)));
 }
@@ -116,7 +116,7 @@ TEST_F(AlarmsTest, TheSoundOfADisplayLoopsUntilItsBoxIsClosed) {
     WriteNote(title, "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     StartProgram();
     const Window editor = program.WaitFor(title);
-    editor.Close();
+    editor.CloseBox();
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
 
     const Window display = WaitForAlarm();
@@ -127,7 +127,7 @@ TEST_F(AlarmsTest, TheSoundOfADisplayLoopsUntilItsBoxIsClosed) {
     // The sound plays more than once.
     Clock::WaitFor("2031-06-02 09:01:05");
     EXPECT_EQ(recorder.WaitForSound(recorder.Now()), "Alarm buzzer.wav");
-    box.Press("OK");
+    box.Click("OK");
     recorder.WaitForSilence();
     EXPECT_TRUE(display.IsVisible());
 }
@@ -148,7 +148,7 @@ TEST_F(AlarmsTest, AnOpenEditorRingsItself) {
     EXPECT_EQ(recorder.WaitForSound(recorder.Now()), "Alarm buzzer.wav") << "it loops";
     EXPECT_EQ(program.Visible(title).size(), 1U) << "no display besides";
     EXPECT_EQ(program.Visible(alarmBox).size(), 1U);
-    box.Press("OK");
+    box.Click("OK");
     recorder.WaitForSilence();
 
     EXPECT_TRUE(editor.FindChild("Button", editorSet));
@@ -182,7 +182,7 @@ TEST_F(AlarmsTest, ANoteThatComesUpDoesNotCoverAnOpenBox) {
         return false;
     };
     EXPECT_TRUE(ComesTrue(liesBelowTheBox));
-    box.Press("OK");
+    box.Click("OK");
     WaitUntil("the second note can be used", [&] { return rent.IsEnabled(); });
 }
 
@@ -195,7 +195,7 @@ TEST_F(AlarmsTest, AnAlarmComesUpWhileABoxIsOpen) {
     EXPECT_TRUE(box.window.Exists());
     CloseDisplay(display);
     EXPECT_TRUE(box.window.Exists());
-    box.Press("No");
+    box.Click("No");
     EXPECT_TRUE(other.IsVisible());
 }
 

@@ -74,7 +74,7 @@ TEST_F(BadInputTest, PastedTextIsSavedByteForByte) {
         HideNote(editor);
         ExpectNote(title, (title == "scripts" ? "\xEF\xBB\xBF" : "") + ('"' + title + "\",\"") +
                               text + '"' + alarmOff);
-        tray::LeftClick(main);
+        tray::Click(main);
         MainWindow();
     }
     ExitProgram();
@@ -103,17 +103,17 @@ TEST_F(BadInputTest, ATitleThatCannotBeAFileNameIsReportedAndItsTextStays) {
                                      std::string("tab\tstop"), std::string(252, 'n')}) {
         const Window editor = MakeNote(main, title);
         editor.Only("Edit").Type("typed");
-        PressToolbar(editor.Only("ToolbarWindow32"), toolbarHide);
+        ClickToolbar(editor.Only("ToolbarWindow32"), toolbarHide);
         const Box report(program, "WriteNote Sub Error");
         EXPECT_EQ(report.Text(), "52 - Bad file name or number");
-        report.Press("OK");
+        report.Click("OK");
         EXPECT_TRUE(editor.IsVisible());
         EXPECT_EQ(editor.Only("Edit").Text(), "typed") << title;
         EXPECT_TRUE(NoteFiles().empty()) << title;
-        PressToolbar(editor.Only("ToolbarWindow32"), toolbarErase);
-        Box(program, "Kill Note").Press("Yes");
+        ClickToolbar(editor.Only("ToolbarWindow32"), toolbarErase);
+        Box(program, "Kill Note").Click("Yes");
         WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
-        tray::LeftClick(main);
+        tray::Click(main);
         MainWindow();
     }
     EXPECT_TRUE(NoteFiles().empty());
@@ -140,13 +140,13 @@ TEST_F(BadInputTest, ATitleOfAMebibyteIsRefusedOnTheScreen) {
     });
     WaitUntilFilled(editor, "Edit");
     editor.Only("Edit").Type("typed");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarHide);
-    Box(program, "WriteNote Sub Error").Press("OK");
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarHide);
+    Box(program, "WriteNote Sub Error").Click("OK");
     EXPECT_EQ(editor.Only("Edit").Text(), "typed");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarErase);
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarErase);
     const Box question(program, "Kill Note");
     ExpectOnScreen(question.window);
-    question.Press("Yes");
+    question.Click("Yes");
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     EXPECT_TRUE(NoteFiles().empty());
     EXPECT_TRUE(program.Runs());
@@ -158,7 +158,7 @@ TEST_F(BadInputTest, UnusualTitlesAreAcceptedAsFileNames) {
                               "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D", "e\xCC\x81"}) {
         HideNote(MakeNote(main, title));
         EXPECT_TRUE(FileExists(NotePath(title))) << title;
-        tray::LeftClick(main);
+        tray::Click(main);
         MainWindow();
     }
     EXPECT_FALSE(FileExists(NotePath("a")));
@@ -214,7 +214,7 @@ TEST_F(BadInputTest, SpecialAlarmsThatCannotBeSavedStayInTheirWindow) {
     const Box report(program, "Error Saving Special Alarms");
     EXPECT_EQ(report.Text(),
               "75 - Path/File access error\r\n\r\nThe special alarms have not been saved.");
-    report.Press("OK");
+    report.Click("OK");
     EXPECT_EQ(window.ChildrenOfClass("Edit").front().Text(), "Pay the rent");
     RemoveFolder(folder + "\\SpecialAlarms\\SpecialAlarms.txt");
     window.Button("&Save").Click();
@@ -236,7 +236,7 @@ TEST_F(BadInputTest, AnInvalidSoundFileRingsSilently) {
         LetAlarmCome("2031-06-02 09:29:58", alarmBox);
         const Box box(program, alarmBox);
         EXPECT_EQ(box.Text(), "           Turn Off Alarm?") << path;
-        box.Press("OK");
+        box.Click("OK");
         ExitProgram();
     }
     RemoveFile(folder + "\\none.wav");
@@ -249,7 +249,7 @@ TEST_F(BadInputTest, ASettingThatIsNotANumberIsReportedForANewNote) {
     main.Button("Make &Note").Click();
     const Box report(program, "Note Error");
     EXPECT_EQ(report.Text(), "Error Creating New Note. Type mismatch      ");
-    report.Press("OK");
+    report.Click("OK");
     EXPECT_EQ(main.Only("Edit").Text(), "Dentist");
     ExitProgram();
 }

@@ -161,7 +161,7 @@ void CountdownTest::ReadAllTips(const Window& main) {
     WaitUntilFilled(again, "Static");
     EXPECT_TRUE(again.FindChild("Static", texts.front()));
     EXPECT_TRUE(again.Button("&Don't Show Tips at Startup").IsChecked());
-    again.Close();
+    again.CloseBox();
     program.WaitUntilGone(caption);
     EXPECT_EQ(Setting("Startup", "View Tips"), "1");
 }
@@ -224,7 +224,7 @@ TEST_F(CountdownTest, CountsAMinuteWhileOtherWindowsAreOpen) {
     // The chime lasts 1.7 seconds.
     EXPECT_TRUE(ComesTrue([&] { return recorder.SoundingSeconds(before) > 2.5; })) << "it loops";
     EXPECT_TRUE(Shows(timer, "-1 Minutes", "0 Seconds."));
-    box.Press("OK");
+    box.Click("OK");
     recorder.WaitForSilence();
     EXPECT_TRUE(timer.FindChild("Static", "Time Left: 0 minutes 0 seconds."));
     EXPECT_TRUE(timer.Only("Edit").IsEnabled());
@@ -237,7 +237,7 @@ TEST_F(CountdownTest, EntriesAreRoundedAndKeptCountersGoOn) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Dentist");
     editor.Only("Edit").Type("Call");
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is shown", [&] { return main.IsVisible(); });
     const Window timer = Open(main);
     const std::vector<std::pair<std::string, std::string>> entries{
@@ -253,14 +253,14 @@ TEST_F(CountdownTest, EntriesAreRoundedAndKeptCountersGoOn) {
     {
         const Box box(program, "No Minutes Entered");
         EXPECT_EQ(box.Text(), "Please Enter A Start Time.               ");
-        box.Press("OK");
+        box.Click("OK");
     }
     EXPECT_TRUE(ComesTrue([&] { return timer.Only("Edit").HasFocus(); }));
     Start(timer, "ten");
     {
         const Box box(program, "Non-Numeric Entry");
         EXPECT_EQ(box.Text(), "Please Enter Numeric Values Only.         ");
-        box.Press("OK");
+        box.Click("OK");
     }
     EXPECT_TRUE(ComesTrue([&] { return timer.Only("Edit").HasFocus(); }));
     EXPECT_EQ(timer.Only("Edit").Text(), "");
@@ -282,7 +282,7 @@ TEST_F(CountdownTest, EntriesAreRoundedAndKeptCountersGoOn) {
         EXPECT_EQ(third->minutes, -1);
         EXPECT_LT(third->seconds, second.seconds);
         EXPECT_EQ(recorder.WaitForSound(before), "Alert chime.wav");
-        box.Press("OK");
+        box.Click("OK");
     }
     WaitUntil("it stands", [&] { return timer.Button("&Start Timer").IsEnabled(); });
 
@@ -290,7 +290,7 @@ TEST_F(CountdownTest, EntriesAreRoundedAndKeptCountersGoOn) {
     Start(timer, "40000");
     const Box box(program, mainCaption);
     EXPECT_EQ(box.Text(), "Run-time error '6':\r\n\r\nOverflow");
-    box.Press("OK");
+    box.Click("OK");
     program.WaitForEnd();
     ExpectNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
@@ -310,7 +310,7 @@ TEST_F(CountdownTest, TheDecimalSignIsTheUsers) {
     // A number alone is no title.
     main.Only("Edit").Type("-2,5");
     main.Button("Make &Note").Click();
-    program.WaitFor(" Note Title Error").Close();
+    program.WaitFor(" Note Title Error").CloseBox();
     program.WaitUntilGone(" Note Title Error");
     ExitProgram();
 }

@@ -144,19 +144,19 @@ TEST_F(CuckooTest, IsSilentWhileAnAlarmSounds) {
     WriteWholeFile(folder + "\\SpecialAlarms\\SpecialAlarms.txt", alarms);
     const Window main = StartProgram();
     const Window editor = program.WaitFor("Dentist");
-    editor.Close();
+    editor.CloseBox();
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     EXPECT_TRUE(Runs(main));
 
     ExpectOnlyTheAlarm("2031-06-02 15");
-    Box(program, "Jotwright Daily Alarm").Press("OK");
+    Box(program, "Jotwright Daily Alarm").Click("OK");
 
     // First with the alarm of a display, then with that of an editor.
     for (const char* hour : {"17", "18"}) {
         LetAlarmCome("2031-06-02 " + std::to_string(std::stoi(hour) - 1) + ":59:58", alarmBox);
         const Box box(program, alarmBox);
         ExpectOnlyTheAlarm(std::string("2031-06-02 ") + hour);
-        box.Press("OK");
+        box.Click("OK");
     }
     recorder.WaitForSilence();
     ExpectCalls("2031-06-02 19", 7);

@@ -82,8 +82,8 @@ TEST_F(EditorsTest, TheMenuGivesEveryColorToTheText) {
     for (const Shade& shade : menuShades) {
         ChooseFromPopup(program, text, {0, shade.number});
         EXPECT_TRUE(IsPainted(text, shade.back, shade.text)) << shade.number;
-        PressToolbar(editor.Only(toolbarClass), toolbarSave);
-        Box(program, "").Press("OK");
+        ClickToolbar(editor.Only(toolbarClass), toolbarSave);
+        Box(program, "").Click("OK");
         ExpectNote("Shopping", std::string("\"Shopping\",\"some text\",#2031-06-02#,#12:00:00#,") +
                                    shade.saved + ",12,\"0\",0,\"yes\"\r\n");
     }
@@ -107,8 +107,8 @@ TEST_F(EditorsTest, ARestoredNoteIsSavedWithoutAQuestionUnlessEraseWasCancelled)
     // After Erase was cancelled, closing no longer saves the note.
     const Window rent = OpenRestored("Rent");
     rent.Only("Edit").Type("pay later");
-    PressToolbar(rent.Only(toolbarClass), toolbarErase);
-    Box(program, "Kill Note").Press("No");
+    ClickToolbar(rent.Only(toolbarClass), toolbarErase);
+    Box(program, "Kill Note").Click("No");
     EXPECT_TRUE(rent.IsVisible());
     CloseAndWait(rent);
     ExpectNote("Rent", "\"Rent\",\"pay" + rest);
@@ -119,7 +119,7 @@ TEST_F(EditorsTest, TheMenuStartsAndStopsTheAlarm) {
     ChooseFromMenuBar(program, editor, barStopAlarm);
     const Box notSet(program, "Information");
     EXPECT_EQ(notSet.Text(), "   Alarm Not Set              ");
-    notSet.Press("OK");
+    notSet.Click("OK");
     ChooseFromMenuBar(program, editor, barStartAlarm);
     WaitUntil("the alarm is set",
               [&] { return static_cast<bool>(editor.FindChild("Button", editorTurnOff)); });
@@ -127,7 +127,7 @@ TEST_F(EditorsTest, TheMenuStartsAndStopsTheAlarm) {
     ChooseFromMenuBar(program, editor, barStartAlarm);
     const Box started(program, "Information");
     EXPECT_EQ(started.Text(), "    Alarm Already Started     ");
-    started.Press("OK");
+    started.Click("OK");
     EXPECT_TRUE(editor.FindChild("Button", editorTurnOff));
     ChooseFromMenuBar(program, editor, barStopAlarm);
     WaitUntil("the alarm is off",
@@ -187,8 +187,8 @@ Window EditorsDisplaysTest::Ring(const std::vector<std::string>& titles, const s
 TEST_F(EditorsDisplaysTest, OfAnUnknownColorKeepTheirOwn) {
     const Window display = Ring({"Dentist"}, "0,12,\"1\",0,\"yes\"\r\n");
     EXPECT_TRUE(IsPainted(display.Only("Edit"), white, black));
-    display.Close();
-    Box(program, displayQuestion).Press("No");
+    display.CloseBox();
+    Box(program, displayQuestion).Click("No");
     WaitUntil("the display has gone", [&] { return !display.Exists(); });
     ExpectNote("Dentist",
                "\"Dentist\",\"some text\",#2031-06-02#,\"#12:00#\",6,12,\"0\",0,\"yes\"\r\n");
@@ -204,7 +204,7 @@ TEST_F(EditorsDisplaysTest, OfErasedNotesCloseWithoutAQuestion) {
     // The file of the other note is there, so its display asks before it closes.
     RightClick(rent.Child("Static", "Jotwright Note"));
     ChooseFromOpenMenu(program, rent, {2});
-    Box(program, displayQuestion).Press("No");
+    Box(program, displayQuestion).Click("No");
     WaitUntil("the display has gone", [&] { return !rent.Exists(); });
     ExpectNote("Rent", "\"Rent\",\"some text\",#2031-06-02#,\"#12:00#\",4,12,\"0\",0,\"yes\"\r\n");
 }

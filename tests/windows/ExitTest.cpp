@@ -46,7 +46,7 @@ void ExitTest::Begin() {
     main = StartProgram();
     editor = MakeNote(main, title);
     editor.Only("Edit").Type("milk");
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is shown again", [this] { return main.IsVisible(); });
 }
 
@@ -145,9 +145,9 @@ void ExitTest::ShowThePanel() {
     OpenPanel(main);
 }
 
-void ExitTest::KeepDisplayedNote() { Box(program, displayQuestion).Press("No"); }
+void ExitTest::KeepDisplayedNote() { Box(program, displayQuestion).Click("No"); }
 
-void ExitTest::SaveChanges() { Box(program, saveQuestion).Press("Yes"); }
+void ExitTest::SaveChanges() { Box(program, saveQuestion).Click("Yes"); }
 
 struct BusyState {
     const char* name;
@@ -202,7 +202,7 @@ TEST_F(ExitTest, DeclinedChangesAreNotSaved) {
     const Window restored = OpenRestored(title);
     restored.Only("Edit").Type("milk and eggs");
     main.Button("E&xit").Click();
-    Box(program, saveQuestion).Press("No");
+    Box(program, saveQuestion).Click("No");
     EXPECT_EQ(program.WaitForEnd(), 0U);
     ExpectSaved();
 }
@@ -212,12 +212,12 @@ TEST_F(ExitTest, ANoteThatCannotBeSavedIsBackAtTheNextStart) {
     main = StartProgram();
     editor = MakeNote(main, "Milk?");
     editor.Only("Edit").Type("two pints");
-    PressToolbar(editor.Only(toolbarClass), toolbarHide);
+    ClickToolbar(editor.Only(toolbarClass), toolbarHide);
     const Box error(program, "WriteNote Sub Error");
-    error.Press("OK");
+    error.Click("OK");
     EXPECT_TRUE(editor.IsVisible());
     ExitThroughTray();
-    Box(program, "WriteNote Sub Error").Press("OK");
+    Box(program, "WriteNote Sub Error").Click("OK");
     EXPECT_EQ(program.WaitForEnd(), 0U);
 
     StartProgram();

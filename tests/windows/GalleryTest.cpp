@@ -100,7 +100,7 @@ void GalleryTest::KeepWithMenu(const Window& window, const Window& control,
 void GalleryTest::KeepAndClose(const std::string& caption, const std::string& name) const {
     const Window window = program.WaitFor(caption);
     Keep(window, name);
-    window.Close();
+    window.CloseBox();
     program.WaitUntilGone(caption);
 }
 
@@ -108,7 +108,7 @@ void GalleryTest::KeepBox(const std::string& caption, const std::string& name,
                           const std::string& button) const {
     const Box box(program, caption);
     Keep(box.window, name);
-    box.Press(button);
+    box.Click(button);
 }
 
 void GalleryTest::PutNote(const std::string& title, const std::string& text, int color, int points,
@@ -136,14 +136,14 @@ TEST_F(GalleryTest, Start) {
         tips.Button("&Next Tip").Click();
     }
     Keep(tips, "start-tips-last");
-    tips.Close();
+    tips.CloseBox();
     program.WaitUntilGone("Jotwright - Tips and Tricks");
 
     Program second;
     second.Start(executable);
     const Window box = second.WaitFor("  Jotwright Is Running");
     Keep(box, "start-already-running");
-    box.Close();
+    box.CloseBox();
     second.WaitForEnd();
     ExitProgram();
 }
@@ -162,7 +162,7 @@ TEST_F(GalleryTest, Main) {
     Reject(main, "a.b", "Note Title Error", "rejected-period");
     const Window first = MakeNote(main, "Twice");
     HideNote(first);
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is back", [&] { return main.IsVisible(); });
     Reject(main, "Twice", "Name Already Exists", "rejected-twice");
     ExitProgram();
@@ -179,7 +179,7 @@ TEST_F(GalleryTest, Tools) {
     KeepBox("Jotwright Audio Alarm", "box-sampling", "OK");
     sounds.Button("Selected .wav File").Click();
     Keep(sounds, "tools-alarm-sound-own");
-    sounds.Close();
+    sounds.CloseBox();
     program.WaitUntilGone("Choose An Alarm");
     ChooseFromMenuBar(program, main, barNoteOptions);
     KeepAndClose("Note Options", "tools-options");
@@ -196,7 +196,7 @@ TEST_F(GalleryTest, Tools) {
     WaitUntil("it runs", [&] { return timer.Button("&Stop Timer").IsEnabled(); });
     ::Sleep(1500);
     Keep(timer, "tools-timer-running");
-    timer.Close();
+    timer.CloseBox();
 
     main.Button("&Stop Watch").Click();
     const Window watch = program.WaitFor("Novelty Stop Watch");
@@ -233,9 +233,9 @@ TEST_F(GalleryTest, Editor) {
     ChooseFromMenuBar(program, editor, {1, 0});
     KeepBox("Information", "box-alarm-started", "OK");
     KeepWithMenu(editor, text, "editor-menu");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
     KeepBox("", "box-saved", "OK");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarErase);
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarErase);
     KeepBox("Kill Note", "box-erase", "No");
     editor.Button("Hide &System Date/Time").Click();
     Keep(editor, "editor-no-clock");
@@ -277,7 +277,7 @@ TEST_F(GalleryTest, Displays) {
             // A restored note is yellow instead of gray, so choose gray again.
             ChooseFromPopup(program, OpenRestored("Due gray").Only("Edit"), {0, 5});
         }
-        restored.Close();
+        restored.CloseBox();
         WaitUntil("the editor has gone", [&] { return !restored.Exists(); });
     }
     LetAlarmCome("2031-06-02 09:00:58", "Due " + colors[0]);
@@ -288,7 +288,7 @@ TEST_F(GalleryTest, Displays) {
         Keep(program.WaitFor("Due " + color), "display-" + color);
     }
     const Window display = program.WaitFor("Due yellow");
-    display.Close();
+    display.CloseBox();
     KeepBox(" Erase Note?", "box-erase-due", "No");
     main.Post(WM_CLOSE);
 }
@@ -307,12 +307,12 @@ TEST_F(GalleryTest, ControlPanel) {
     main.Button("Notes &Control Panel").Click();
     const Window panel = program.WaitFor("Notes Control Panel");
     WaitUntilFilled(panel, listClass);
-    ClickRow(panel.Only(listClass), 0);
+    SelectRow(panel.Only(listClass), 0);
     WaitUntil("the row is selected", [&] { return panel.Button("&Erase").IsEnabled(); });
     Keep(panel, "panel-notes");
     panel.Button("&Erase").Click();
     KeepBox("Deleting Note", "box-panel-erase", "No");
-    panel.Close();
+    panel.CloseBox();
     ExitProgram();
 }
 

@@ -61,7 +61,7 @@ void ExpectContentsAndCloseThem() {
     const Window help = HelpWindow();
     EXPECT_TRUE(ProgramOf(help).ends_with("\\winhlp32.exe")) << ProgramOf(help);
     EXPECT_TRUE(ComesTrue([&] { return IsContents(TextOf(help)); })) << TextOf(help);
-    help.Close();
+    help.CloseBox();
     WaitUntil("the help has gone", [&] { return !help.Exists(); });
 }
 
@@ -81,7 +81,7 @@ TEST_F(HelpTest, TheButtonOfANoteOpensTheContents) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Dentist");
     ASSERT_FALSE(HelpWindow());
-    PressToolbar(editor.Only("ToolbarWindow32"), 4);
+    ClickToolbar(editor.Only("ToolbarWindow32"), 4);
     ExpectContentsAndCloseThem();
     ExitProgram();
 }
@@ -97,7 +97,7 @@ TEST_F(HelpTest, TheShippedShortcutStartsTheProgram) {
         main = WindowOfProgram(mainCaption, executable);
         return main && main.IsVisible() && ::GetMenu(main.handle) != nullptr;
     });
-    main.Close();
+    main.CloseBox();
     WaitUntil("the program has ended", [&] { return !main.Exists(); });
 }
 

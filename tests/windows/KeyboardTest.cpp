@@ -273,7 +273,7 @@ TEST_F(KeyboardTest, AnAlarmDisplayHasItsMenuAndKeepsItsText) {
         Window::PressKeys({VK_RETURN});
         return ComesTrueSoon([&] { return !program.Visible(displayQuestion).empty(); });
     });
-    Box(program, displayQuestion).Press("No");
+    Box(program, displayQuestion).Click("No");
     WaitUntil("the display closes", [&] { return !display.Exists(); });
 }
 

@@ -67,7 +67,7 @@ Picture PictureWithIcon(const Window& window) {
 TEST_F(LooksTest, NotesOpenInACascade) {
     const Window main = StartProgram();
     const Window first = MakeNote(main, "First");
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is back", [&] { return main.IsVisible(); });
     const Window second = MakeNote(main, "Second");
     EXPECT_TRUE(IsOnScreen(first)) << first.Description();
@@ -92,7 +92,7 @@ TEST_F(LooksTest, EveryWindowHasAnIconAndFixedOnesCannotBeMaximised) {
     main.Button("Make &Note").Click();
     const Window rejection = program.WaitFor("  Note Title Error");
     check(rejection);
-    rejection.Close();
+    rejection.CloseBox();
     program.WaitUntilGone("  Note Title Error");
     for (const auto& [button, caption] :
          {std::pair("S&pecial Alarms", "Special Alarms"),
@@ -101,7 +101,7 @@ TEST_F(LooksTest, EveryWindowHasAnIconAndFixedOnesCannotBeMaximised) {
         main.Button(button).Click();
         const Window window = program.WaitFor(caption);
         check(window);
-        window.Close();
+        window.CloseBox();
         program.WaitUntilGone(caption);
     }
     ExitProgram();
@@ -187,7 +187,7 @@ TEST_F(LooksTest, FieldTextsAlignWithTheirLabelsAtAnyScale) {
         })) << dpi
             << " dots per inch";
     }
-    window.Close();
+    window.CloseBox();
     program.WaitUntilGone("Special Alarms");
     ExitProgram();
 }
@@ -284,7 +284,7 @@ TEST_F(LooksTest, LinesHaveTheThicknessOfTheirScale) {
               "\"Due\",\"Take the cake out\",#2031-06-02#,#09:01:00#,1,12,\"1\",0,\"yes\"\r\n");
     const Window main = StartProgram();
     const Window restored = program.WaitFor("Due");
-    restored.Close();
+    restored.CloseBox();
     WaitUntil("the editor has gone", [&] { return !restored.Exists(); });
     LetAlarmCome("2031-06-02 09:00:58", "Due");
     const Window display = program.WaitFor("Due");
@@ -305,9 +305,9 @@ TEST_F(LooksTest, LinesHaveTheThicknessOfTheirScale) {
     ChangeScale(display, 192,
                 {20, 20, 20 + (place.right - place.left) * 2, 20 + (place.bottom - place.top) * 2});
     EXPECT_TRUE(ComesTrue([&] { return rowsOfLines() == 4; }));
-    display.Close();
+    display.CloseBox();
     const Box box(program, " Erase Note?");
-    box.Press("No");
+    box.Click("No");
     main.Post(WM_CLOSE);
 }
 

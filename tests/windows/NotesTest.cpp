@@ -70,7 +70,7 @@ TEST_F(NotesTest, ANoteComesBackMinimizedWithEverythingSaved) {
     StartProgram();
     const Window editor = program.WaitFor("Dentist");
     EXPECT_TRUE(editor.IsMinimized());
-    editor.Post(WM_SYSCOMMAND, SC_RESTORE);
+    editor.Restore();
     WaitUntil("the editor is filled",
               [&] { return !editor.IsMinimized() && editor.ChildrenOfClass("Edit").size() == 1; });
     EXPECT_EQ(editor.Only("Edit").Text(), appointment);
@@ -115,10 +115,10 @@ TEST_F(NotesTest, TheToolbarErasesANote) {
 
     StartProgram();
     const Window editor = OpenRestored("Shopping");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarErase);
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarErase);
     const Box question(program, "Kill Note");
     EXPECT_EQ(question.Text(), "Are you sure you would like to erase SHOPPING?              ");
-    question.Press("Yes");
+    question.Click("Yes");
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     EXPECT_FALSE(FileExists(NotePath("Shopping")));
     ExitProgram();
@@ -130,10 +130,10 @@ TEST_F(NotesTest, TheMenuErasesANoteThatClosingWritesAgain) {
     const Window editor = MakeNote(main, "Shopping");
     editor.Only("Edit").Type("milk");
     ChooseFromMenuBar(program, editor, barEraseNote);
-    Box(program, "Kill Note").Press("No");
+    Box(program, "Kill Note").Click("No");
     EXPECT_TRUE(editor.IsVisible());
     ChooseFromMenuBar(program, editor, barEraseNote);
-    Box(program, "Kill Note").Press("Yes");
+    Box(program, "Kill Note").Click("Yes");
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     ExpectNote("Shopping",
                "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
@@ -141,33 +141,33 @@ TEST_F(NotesTest, TheMenuErasesANoteThatClosingWritesAgain) {
 
 TEST_F(NotesTest, SavingIsConfirmed) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
     const Box box(program, "");
     EXPECT_EQ(box.Text(), "SHOPPING has been saved.           ");
     EXPECT_TRUE(FileExists(NotePath("Shopping")));
-    box.Press("OK");
+    box.Click("OK");
     EXPECT_TRUE(editor.IsVisible());
 }
 
 TEST_F(NotesTest, ANoteFileThatAnotherProgramHoldsIsReportedAndSavedWhenItIsFree) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
     editor.Only("Edit").Type("milk");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
-    Box(program, "").Press("OK");
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    Box(program, "").Click("OK");
     const std::string before = WholeFile(NotePath("Shopping")).value();
     HANDLE holder = ::CreateFileW(forms::win32::Wide(NotePath("Shopping")).c_str(), GENERIC_READ, 0,
                                   nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(holder, INVALID_HANDLE_VALUE);
     editor.Only("Edit").Type("milk and bread");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
     const Box report(program, "WriteNote Sub Error");
     EXPECT_EQ(report.Text(), "70 - Permission denied");
-    report.Press("OK");
+    report.Click("OK");
     ::CloseHandle(holder);
     EXPECT_EQ(editor.Only("Edit").Text(), "milk and bread");
     EXPECT_EQ(WholeFile(NotePath("Shopping")).value(), before);
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
-    Box(program, "").Press("OK");
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    Box(program, "").Click("OK");
     EXPECT_TRUE(
         WholeFile(NotePath("Shopping")).value().starts_with("\"Shopping\",\"milk and bread\","));
 }
@@ -188,7 +188,7 @@ TEST_F(NotesTest, TextsWithQuotesComeBackWhole) {
         editor.Only("Edit").Type(text);
         HideNote(editor);
         ExpectNote(title, bytesOf(title, text));
-        tray::LeftClick(main);
+        tray::Click(main);
         MainWindow();
     }
     ExitProgram();

@@ -52,7 +52,7 @@ class OptionsTest : public DriverTest {
 
     Window OpenOptions(const Window& main) const;
     // Clicks a check box or an option button.
-    static void Press(const Window& options, const std::string& button);
+    static void Click(const Window& options, const std::string& button);
     void Apply(const Window& options) const;
     static void ExpectSettings(const std::string& color, const std::string& fontSize,
                                const std::string& loopsValue, const std::string& hides,
@@ -67,7 +67,7 @@ Window OptionsTest::OpenOptions(const Window& main) const {
     return options;
 }
 
-void OptionsTest::Press(const Window& options, const std::string& button) {
+void OptionsTest::Click(const Window& options, const std::string& button) {
     const bool before = options.Button(button).IsChecked();
     options.Button(button).Click();
     WaitUntil("the choice is shown", [&] { return options.Button(button).IsChecked() != before; });
@@ -96,8 +96,8 @@ TEST_F(OptionsTest, ApplyWritesAllOptionsAndCancelNone) {
     Window options = OpenOptions(main);
     EXPECT_TRUE(options.Button("White").IsChecked());
     EXPECT_TRUE(options.Button("10 point").IsChecked());
-    Press(options, "Green");
-    Press(options, loops);
+    Click(options, "Green");
+    Click(options, loops);
     options.Button("&Cancel").Click();
     program.WaitUntilGone(caption);
     ExpectSettings("", "", "", "", "", "", "");
@@ -107,9 +107,9 @@ TEST_F(OptionsTest, ApplyWritesAllOptionsAndCancelNone) {
 
     options = OpenOptions(main);
     EXPECT_TRUE(options.Button("White").IsChecked());
-    Press(options, "Yellow");
-    Press(options, "14 point");
-    Press(options, onTop);
+    Click(options, "Yellow");
+    Click(options, "14 point");
+    Click(options, onTop);
     Apply(options);
     ExpectSettings("4", "2", "0", "0", "0", "0", "1");
 
@@ -119,7 +119,7 @@ TEST_F(OptionsTest, ApplyWritesAllOptionsAndCancelNone) {
     EXPECT_TRUE(options.Button(onTop).IsChecked());
     EXPECT_FALSE(options.Button(loops).IsChecked());
     // Closing the window does not apply the options, either.
-    Press(options, "Gray");
+    Click(options, "Gray");
     CloseAndWait(options);
     EXPECT_EQ(Setting("Options", "DefaultColor"), "4");
 }
@@ -131,12 +131,12 @@ TEST_F(OptionsTest, TheNextNoteHasTheDefaultsAndNoDateAndTime) {
     HideNote(before);
     ExpectNote("Before", "\"Before\",\"\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is back", [&] { return main.IsVisible(); });
     const Window options = OpenOptions(main);
-    Press(options, "Green");
-    Press(options, "16 point");
-    Press(options, hideDateTime);
+    Click(options, "Green");
+    Click(options, "16 point");
+    Click(options, hideDateTime);
     Apply(options);
     const Window editor = MakeNote(main, "Shopping");
     EXPECT_TRUE(ComesTrue([&] { return Picture(editor.Only("Edit")).Share(green) > 0.8; }));
@@ -160,8 +160,8 @@ TEST_F(OptionsTest, AlarmsStayOnTopAndLoop) {
     CloseAndWait(program.WaitFor("Dentist"));
     CloseAndWait(program.WaitFor("Rent"));
     Window options = OpenOptions(main);
-    Press(options, onTop);
-    Press(options, loops);
+    Click(options, onTop);
+    Click(options, loops);
     Apply(options);
 
     LetAlarmCome("2031-06-02 09:00:58", "Dentist");
@@ -170,11 +170,11 @@ TEST_F(OptionsTest, AlarmsStayOnTopAndLoop) {
     EXPECT_FALSE(main.IsTopMost());
     const Box box(program, alarmBox);
     EXPECT_EQ(box.Text(), "      Turn Off Alarm?       ");
-    box.Press("OK");
+    box.Click("OK");
 
     options = OpenOptions(main);
     EXPECT_TRUE(options.Button(loops).IsChecked());
-    Press(options, onTop);
+    Click(options, onTop);
     Apply(options);
     LetAlarmCome("2031-06-02 09:01:58", "Rent");
     EXPECT_FALSE(program.WaitFor("Rent").IsTopMost());
@@ -185,7 +185,7 @@ TEST_F(OptionsTest, TheCuckooClockRunsFromTheStart) {
     {
         const Window main = StartProgram();
         const Window options = OpenOptions(main);
-        Press(options, startCuckoo);
+        Click(options, startCuckoo);
         Apply(options);
         EXPECT_TRUE(main.FindChild("Button", "Start CooKoo &Clock")) << "at the next start";
         ExitProgram();
@@ -223,7 +223,7 @@ TEST_F(OptionsStartupLinkTest, IsMadeOnceAndDeleted) {
     MakeFolder(startup);
     const Window main = StartProgram();
     Window options = OpenOptions(main);
-    Press(options, startWithWindows);
+    Click(options, startWithWindows);
     Apply(options);
     EXPECT_EQ(Setting("Options", "IsService"), "1");
     EXPECT_EQ(WholeFile(link), WholeFile(folder + "\\Shortcut To Jotwright.lnk"));
@@ -236,7 +236,7 @@ TEST_F(OptionsStartupLinkTest, IsMadeOnceAndDeleted) {
     EXPECT_EQ(WholeFile(link), "the user's own");
 
     options = OpenOptions(main);
-    Press(options, startWithWindows);
+    Click(options, startWithWindows);
     Apply(options);
     EXPECT_EQ(Setting("Options", "IsService"), "0");
     EXPECT_FALSE(FileExists(link));
@@ -244,12 +244,12 @@ TEST_F(OptionsStartupLinkTest, IsMadeOnceAndDeleted) {
 
 TEST_F(OptionsStartupLinkTest, AFailureToMakeItIsReported) {
     const Window options = OpenOptions(StartProgram());
-    Press(options, startWithWindows);
-    Press(options, "Blue");
+    Click(options, startWithWindows);
+    Click(options, "Blue");
     options.Button("A&pply").Click();
     const Box box(program, "Startup Link Error");
     EXPECT_EQ(box.Text(), "Unable to create startup link.       ");
-    box.Press("OK");
+    box.Click("OK");
     EXPECT_TRUE(options.IsVisible());
     ExpectSettings("3", "0", "0", "0", "0", "1", "0");
     EXPECT_FALSE(FileExists(link));

@@ -108,7 +108,7 @@ TEST_F(PointerTest, MovesAlongTheTopWithTheButtonDownAreNotTrayMessages) {
 TEST_F(PointerTest, TheEditorAnswersAtTheColumnsOf96Dpi) {
     const Window main = StartProgram();
     const Window note = MakeNote(main, "Dentist");
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is back", [&] { return main.IsVisible(); });
     const Window timer = OpenTimer(main);
     const RECT beside = timer.Place();

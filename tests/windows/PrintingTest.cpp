@@ -11,12 +11,12 @@ class PrintingTest : public DriverTest {
 
 TEST_F(PrintingTest, AMissingPrinterIsReported) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarPrint);
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarPrint);
     const Box box(program, error);
     EXPECT_EQ(box.Text(),
               "         Jotwright encountered a printing error. \r\nPlease make sure printer is "
               "turned on and try again.");
-    box.Press("OK");
+    box.Click("OK");
 }
 
 TEST_F(PrintingTest, ANoteIsPrintedWithItsTitle) {

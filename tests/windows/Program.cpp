@@ -267,7 +267,7 @@ std::string Box::Text() const {
     return text;
 }
 
-void Box::Press(const std::string& button) const {
+void Box::Click(const std::string& button) const {
     for (const Window& child : window.ChildrenOfClass("Button")) {
         std::string caption = child.Text();
         std::erase(caption, '&');

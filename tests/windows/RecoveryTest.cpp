@@ -122,7 +122,7 @@ TEST_F(RecoveryTest, AnAlarmAColorAndASizeThatWereNotSavedComeBack) {
     const std::uint64_t before = recorder.Now();
     LetAlarmCome("2031-06-02 09:30:58", alarmBox);
     EXPECT_EQ(recorder.WaitForSound(before), "Alarm buzzer.wav");
-    Box(program, alarmBox).Press("OK");
+    Box(program, alarmBox).Click("OK");
     HideNote(again);
     ExpectNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:31:00#,5,14,\"0\",0,\"yes\"\r\n");
     EXPECT_TRUE(unsaved.FindChild("Button", editorTurnOff));
@@ -143,8 +143,8 @@ TEST_F(RecoveryTest, WithoutARecycleBinFilesAreRenamed) {
     // What another program has saved meanwhile.
     WriteNote("Shopping", Shopping("Shopping", "bread"));
     editor.Only("Edit").Type("milk and eggs");
-    PressToolbar(editor.Only(toolbarClass), toolbarSave);
-    Box(program, "").Press("OK");
+    ClickToolbar(editor.Only(toolbarClass), toolbarSave);
+    Box(program, "").Click("OK");
     ExpectNote("Shopping", Shopping("Shopping", "milk and eggs"));
     EXPECT_EQ(WholeFile(NotePath("Shopping") + ".replaced"), Shopping("Shopping", "bread"));
     ExitProgram();

@@ -74,8 +74,8 @@ TEST_F(SameTitlesTest, EachNoteIsSavedToItsOwnFile) {
     WaitUntilFilled(panel, listClass);
     const Window again = EditRow(panel, 0, "milk and eggs");
     again.Only("Edit").Type("milk");
-    again.Close();
-    Box(program, saveQuestion).Press("Yes");
+    again.CloseBox();
+    Box(program, saveQuestion).Click("Yes");
     WaitUntil("the editor has gone", [&] { return !again.Exists(); });
     ExpectNote("First", Bytes("milk"));
     ExpectNote("Second", Bytes("bread and butter"));
@@ -95,8 +95,8 @@ TEST_F(SameTitlesTest, OneIsErasedWithoutTheOther) {
     StartWithTwo();
     const Window first = EditorOf("milk");
     const Window second = EditorOf("bread");
-    PressToolbar(first.Only(toolbarClass), toolbarErase);
-    Box(program, "Kill Note").Press("Yes");
+    ClickToolbar(first.Only(toolbarClass), toolbarErase);
+    Box(program, "Kill Note").Click("Yes");
     WaitUntil("the editor has gone", [&] { return !first.Exists(); });
     EXPECT_EQ(Files(), std::vector<std::string>{"Second.txt"});
     EXPECT_EQ(second.Only("Edit").Text(), "bread");
@@ -109,10 +109,10 @@ TEST_F(SameTitlesTest, OneIsErasedWithoutTheOther) {
     const Window panel = OpenPanel(FindMain());
     const Window list = panel.Only(listClass);
     ASSERT_EQ(RowCount(list), 2);
-    ClickRow(list, 1);
+    SelectRow(list, 1);
     WaitUntil("a note is selected", [&] { return panel.Button("&Erase").IsEnabled(); });
     panel.Button("&Erase").Click();
-    Box(program, "Deleting Note").Press("Yes");
+    Box(program, "Deleting Note").Click("Yes");
     WaitUntil("the row is gone", [&] { return RowCount(list) == 1; });
     WaitUntil("the file is gone", [&] { return !FileExists(NotePath("Second")); });
     EXPECT_EQ(Files(), std::vector<std::string>{"First.txt"});

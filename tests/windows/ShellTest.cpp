@@ -70,7 +70,7 @@ TEST_F(ShellTest, WindowsComeBackFromARemovedMonitor) {
     const Window editor = MakeNote(main, "Shopping");
     WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });
     const Window timer = [&] {
-        tray::LeftClick(main);
+        tray::Click(main);
         WaitUntil("the main window is back", [&] { return main.IsVisible(); });
         main.Button("&Timer").Click();
         return program.WaitFor("Novelty Timer");
@@ -99,15 +99,15 @@ TEST_F(ShellTest, WindowsComeBackFromARemovedMonitor) {
     EXPECT_TRUE(IsInWorkArea(box.window));
     const RECT after = main.Place();
     EXPECT_TRUE(::EqualRect(&after, &mainPlace));
-    box.Press("OK");
+    box.Click("OK");
     MoveTo(timer, 100, -2000);
     Utility().Send(WM_SETTINGCHANGE, SPI_SETWORKAREA);
     EXPECT_TRUE(IsInWorkArea(timer));
 
-    minimized.Post(WM_SYSCOMMAND, SC_RESTORE);
+    minimized.Restore();
     WaitUntilFilled(minimized, "Edit");
     EXPECT_TRUE(IsInWorkArea(minimized));
-    main.Close();
+    main.CloseBox();
     EXPECT_EQ(program.WaitForEnd(), 0U);
 }
 

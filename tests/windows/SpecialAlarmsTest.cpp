@@ -43,7 +43,7 @@ class SpecialAlarmsTest : public DriverTest {
     static void Enable(const Window& checkBox, bool enable);
     // Sets a row to 10:30 of this day and enables it.
     static void Fill(const Rows& rows, std::size_t row, int day);
-    // Waits until Save is enabled, and presses it.
+    // Waits until Save is enabled, and clicks it.
     static void Save(const Window& window);
     void Close(const Window& window) const;
     void ExpectIdentical(int first, int second) const;
@@ -79,7 +79,7 @@ void SpecialAlarmsTest::Enable(const Window& checkBox, bool enable) {
 }
 
 void SpecialAlarmsTest::Fill(const Rows& rows, std::size_t row, int day) {
-    Choose(rows.days[row], day);
+    Select(rows.days[row], day);
     PickTime(rows.times[row], 10, 30);
     Enable(rows.enabled[row], true);
 }
@@ -102,7 +102,7 @@ void SpecialAlarmsTest::ExpectIdentical(int first, int second) const {
                               std::to_string(second) +
                               "\r\n          Have the same day and time set.\r\n\r\n"
                               "  Alarms can't be set for the same day and time.      ");
-    box.Press("OK");
+    box.Click("OK");
     EXPECT_FALSE(program.Visible(caption).empty());
 }
 
@@ -158,7 +158,7 @@ TEST_F(SpecialAlarmsTest, NoTwoEnabledRowsMayBeIdentical) {
 TEST_F(SpecialAlarmsTest, EveryKindOfChangeCanBeSaved) {
     const Window main = StartProgram();
     const std::vector<std::function<void(const Rows&)>> changes{
-        [](const Rows& rows) { Choose(rows.days[0], friday); },
+        [](const Rows& rows) { Select(rows.days[0], friday); },
         [](const Rows& rows) { PickTime(rows.times[1], 15, 45); },
         [](const Rows& rows) { rows.messages[2].Type("x"); },
         [](const Rows& rows) { Enable(rows.enabled[3], true); },
@@ -198,13 +198,13 @@ TEST_F(SpecialAlarmsTest, RowsOfOneSecondRingOneAfterTheOther) {
         // The sound lasts 1.6 seconds, so it loops.
         Clock::WaitFor("2031-06-02 09:01:04");
         EXPECT_EQ(recorder.WaitForSound(recorder.Now()), "Alarm buzzer.wav");
-        box.Press("OK");
+        box.Click("OK");
     }
     {
         const Box box(program, alarmCaption);
         EXPECT_EQ(box.Text(), std::string(heading) + "second");
         EXPECT_EQ(recorder.WaitForSound(recorder.Now()), "Alarm buzzer.wav");
-        box.Press("OK");
+        box.Click("OK");
     }
     recorder.WaitForSilence();
     ExpectNoBox();
@@ -227,13 +227,13 @@ TEST_F(SpecialAlarmsTest, RowsOfOneSecondRingOneAfterTheOther) {
     {
         const Box box(program, alarmCaption);
         EXPECT_EQ(box.Text(), std::string(heading) + "saved in the window");
-        box.Press("OK");
+        box.Click("OK");
     }
     LetAlarmCome("2031-06-02 09:02:28", alarmCaption);
     const Box box(program, alarmCaption);
     EXPECT_GE(Clock::Now(), "2031-06-02 09:02:30");
     EXPECT_EQ(box.Text(), std::string(heading) + "half past");
-    box.Press("OK");
+    box.Click("OK");
 }
 
 TEST_F(SpecialAlarmsTest, ADamagedFileIsReportedWhenTheWindowOpens) {
@@ -241,7 +241,7 @@ TEST_F(SpecialAlarmsTest, ADamagedFileIsReportedWhenTheWindowOpens) {
     WriteAlarms(whole + "\"Monday\",#08:0");
     const Window main = StartProgram();
     main.Button("S&pecial Alarms").Click();
-    Box(program, "Error Loading Special Alarms").Press("OK");
+    Box(program, "Error Loading Special Alarms").Click("OK");
     const Window window = program.WaitFor(caption);
     WaitUntilFilled(window, "Edit");
     const Rows rows = RowsOf(window);

@@ -99,7 +99,7 @@ TEST_F(StartUpTest, EveryExitEndsTheProgramAndTakesItsIconAway) {
     };
     exitBy([](const Window& main) { main.Button("E&xit").Click(); });
     exitBy([this](const Window& main) { ChooseFromMenuBar(program, main, barFileExit); });
-    exitBy([](const Window& main) { main.Close(); });
+    exitBy([](const Window& main) { main.CloseBox(); });
 }
 
 }  // namespace driver

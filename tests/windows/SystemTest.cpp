@@ -41,7 +41,7 @@ TEST_F(SystemTest, AHundredNotesComeBackAndNoMoreCanBeMade) {
     EXPECT_EQ(box.Text(),
               "The maximum number of 100 notes has been reached.\r\n\r\nExsiting notes will have "
               "to be deleted before more can be created.\r\n ");
-    box.Press("OK");
+    box.Click("OK");
     const Window main = MainWindow();
     EXPECT_FALSE(main.Button("Make &Note").IsEnabled());
     EXPECT_FALSE(main.Only("Edit").IsEnabled());
@@ -62,7 +62,7 @@ TEST_F(SystemTest, TheHundredAndFirstNoteIsReportedOnceForEachAction) {
     const auto closeReport = [this] {
         const Box report(program, "Error Loading Notes Array");
         EXPECT_EQ(report.Text(), "Error Number: 9) - Subscript out of range");
-        report.Press("OK");
+        report.Click("OK");
     };
     program.Start(executable);
     closeReport();
@@ -77,7 +77,7 @@ TEST_F(SystemTest, TheHundredAndFirstNoteIsReportedOnceForEachAction) {
         return static_cast<bool>(next);
     });
     EXPECT_EQ(next.Text(), "Jotwright: Maximum Notes Reached");
-    Box(program, next.Text()).Press("OK");
+    Box(program, next.Text()).Click("OK");
     const Window main = MainWindow();
     EXPECT_FALSE(main.Button("Make &Note").IsEnabled());
     EXPECT_FALSE(main.Only("Edit").IsEnabled());
@@ -91,10 +91,10 @@ TEST_F(SystemTest, TheHundredAndFirstNoteIsReportedOnceForEachAction) {
 
     // Two fewer, and there is room for one.
     for (const char* total : {"Total Notes: 100 ( Maximum Reached )", "Total Notes: 99"}) {
-        ClickRow(panel.Only(listClass), 0);
+        SelectRow(panel.Only(listClass), 0);
         WaitUntil("a note is selected", [&] { return panel.Button("&Erase").IsEnabled(); });
         panel.Button("&Erase").Click();
-        Box(program, "Deleting Note").Press("Yes");
+        Box(program, "Deleting Note").Click("Yes");
         WaitUntil("the row is gone", [&] { return !panel.Button("&Erase").IsEnabled(); });
         EXPECT_TRUE(panel.FindChild("Static", total));
     }

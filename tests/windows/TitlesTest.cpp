@@ -41,7 +41,7 @@ constexpr int pictureSize = 72;
 
 class TitlesTest : public DriverTest {
   protected:
-    // Presses Make Note and returns the box that rejects the title.
+    // Clicks Make Note and returns the box that rejects the title.
     Window Reject(const Window& main, const Rejection& rejection);
     bool ShowsPicture(const Window& box, const std::string& name) const;
 };
@@ -103,7 +103,7 @@ TEST_F(TitlesTest, ValidTitlesAreTakenAsTyped) {
     WriteNote("Shopping", "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
     const Window main = StartProgram();
     const auto makeNote = [&](const std::string& title) {
-        tray::LeftClick(main);
+        tray::Click(main);
         WaitUntil("the main window is back", [&] { return main.IsVisible(); });
         const Window titleBox = main.Only("Edit");
         const Window editor = MakeNote(main, title);

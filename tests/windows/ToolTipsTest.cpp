@@ -92,9 +92,9 @@ TEST_F(ToolTipsTest, AreShownWhereAnAlarmIsSetAndWhereItRings) {
     const Window display = program.WaitFor("Dentist");
     ExpectTip(display.Child("Static", "Jotwright Note"), "Left Click To View PopUp Menu");
     ExpectTip(display.Only("Edit"), "Right Click Above Lines To Access Menu");
-    display.Close();
-    Box(program, displayQuestion).Press("No");
-    main.Close();
+    display.CloseBox();
+    Box(program, displayQuestion).Click("No");
+    main.CloseBox();
     EXPECT_EQ(program.WaitForEnd(), 0U);
 }
 

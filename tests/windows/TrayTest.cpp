@@ -25,16 +25,16 @@ Window TrayTest::StartHidden() {
 
 TEST_F(TrayTest, ALeftClickShowsTheHiddenWindow) {
     const Window main = StartHidden();
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is shown", [&] { return main.IsVisible(); });
     EXPECT_TRUE(main.IsEnabled());
 }
 
 TEST_F(TrayTest, ALeftClickRestoresTheMinimizedWindow) {
     const Window main = StartProgram();
-    main.Post(WM_SYSCOMMAND, SC_MINIMIZE);
+    main.Minimize();
     WaitUntil("the main window is minimized", [&] { return main.IsMinimized(); });
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is restored",
               [&] { return !main.IsMinimized() && main.IsVisible(); });
 }
@@ -42,7 +42,7 @@ TEST_F(TrayTest, ALeftClickRestoresTheMinimizedWindow) {
 TEST_F(TrayTest, ADoubleClickGoesToTheTitleBox) {
     const Window main = StartProgram();
     main.Button("&Timer").Click();
-    program.WaitFor("Novelty Timer").Close();
+    program.WaitFor("Novelty Timer").CloseBox();
     program.WaitUntilGone("Novelty Timer");
     main.Button("&Hide Me").Click();
     WaitUntil("the main window hides", [&] { return !main.IsVisible(); });
@@ -65,7 +65,7 @@ TEST_F(TrayTest, ARightClickOpensTheMenuEvenWhileTheWindowIsHidden) {
 
 TEST_F(TrayTest, ShowRestoresAWindowThatWasMinimizedBeforeItWasHidden) {
     const Window main = StartProgram();
-    main.Post(WM_SYSCOMMAND, SC_MINIMIZE);
+    main.Minimize();
     WaitUntil("the main window is minimized", [&] { return main.IsMinimized(); });
     tray::RightClick(main);
     ChooseFromOpenMenu(program, main, {trayHide});

@@ -77,7 +77,7 @@ TEST_F(TwoProgramsTest, NeitherTouchesWhatTheOtherHasUnsaved) {
     EXPECT_EQ(CopyPaths("Shopping"), std::vector<std::string>{firstCopy});
     EXPECT_EQ(first.Only("Edit").Text(), "milk and eggs");
     WaitForCopy("Shopping", "milk and eggs");
-    SecondMain().Close();
+    SecondMain().CloseBox();
     EXPECT_EQ(second.WaitForEnd(), 0U);
     HideNote(first);
     ExpectNote("Shopping", Shopping("milk and eggs"));
@@ -95,7 +95,7 @@ TEST_F(TwoProgramsTest, WhatTheFirstLeavesWhenItIsKilledComesBackAtTheNextStart)
     StartSecond();
     EXPECT_TRUE(second.WaitFor("Shopping").IsMinimized());
     program.Kill();
-    SecondMain().Close();
+    SecondMain().CloseBox();
     EXPECT_EQ(second.WaitForEnd(), 0U);
     ExpectNote("Shopping", Shopping("milk"));
     EXPECT_TRUE(FileExists(InNotes(beingWritten)));

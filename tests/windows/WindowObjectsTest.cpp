@@ -19,7 +19,7 @@ class WindowObjectsTest : public DriverTest {
 void WindowObjectsTest::Close(const std::string& caption) const {
     const Window window = program.WaitFor(caption);
     window.Send(WM_NULL);
-    window.Close();
+    window.CloseBox();
     program.WaitUntilGone(caption);
 }
 
@@ -50,8 +50,8 @@ void WindowObjectsTest::OpenAndCloseBoxes(const Window& main) const {
     const Window timer = program.WaitFor("Novelty Timer");
     WaitUntilFilled(timer, "Edit");
     timer.Button("&Start Timer").Click();
-    Box(program, "No Minutes Entered").Press("OK");
-    timer.Close();
+    Box(program, "No Minutes Entered").Click("OK");
+    timer.CloseBox();
     program.WaitUntilGone("Novelty Timer");
 }
 
@@ -70,10 +70,10 @@ void WindowObjectsTest::MakeRingAndErase(const Window& main, int minute) {
     LetAlarmCome("2031-06-02 09:" + std::to_string(minute - 1) + ":58", title);
     const Window display = program.WaitFor(title);
     display.Send(WM_NULL);
-    display.Close();
-    Box(program, " Erase Note?").Press("Yes");
+    display.CloseBox();
+    Box(program, " Erase Note?").Click("Yes");
     WaitUntil("the display has gone", [&] { return !display.Exists(); });
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is shown", [&] { return main.IsVisible(); });
 }
 
