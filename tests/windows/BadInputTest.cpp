@@ -242,18 +242,6 @@ TEST_F(BadInputTest, AnInvalidSoundFileRingsSilently) {
     RemoveFile(folder + "\\none.wav");
 }
 
-TEST_F(BadInputTest, ASettingThatIsNotANumberIsReportedForANewNote) {
-    WriteSetting("Options", "DefaultColor", "mauve");
-    const Window main = StartProgram();
-    main.Only("Edit").Type("Dentist");
-    main.Button("Make &Note").Click();
-    const Box report(program, "Note Error");
-    EXPECT_EQ(report.Text(), "Error Creating New Note. Type mismatch      ");
-    report.Click("OK");
-    EXPECT_EQ(main.Only("Edit").Text(), "Dentist");
-    ExitProgram();
-}
-
 TEST_F(BadInputTest, ArgumentsAreIgnored) {
     const std::string arguments = "/x \"..\\..\\evil\" -- \"a*\" nul " + std::string(30000, 'x');
     program.Start(executable, arguments);

@@ -1,5 +1,3 @@
-#include <utility>
-
 #include "forms/win32/Utf.h"
 #include "tests/windows/DriverTest.h"
 #include "tests/windows/Picture.h"
@@ -125,30 +123,6 @@ TEST_F(NotesTest, TheToolbarErasesANote) {
     EXPECT_FALSE(FileExists(NotePath("Shopping")));
 }
 
-TEST_F(NotesTest, TheMenuErasesANoteThatClosingWritesAgain) {
-    const Window main = StartProgram();
-    const Window editor = MakeNote(main, "Shopping");
-    editor.Only("Edit").Type("milk");
-    ChooseFromMenuBar(program, editor, barEraseNote);
-    Box(program, "Kill Note").Click("No");
-    EXPECT_TRUE(editor.IsVisible());
-    ChooseFromMenuBar(program, editor, barEraseNote);
-    Box(program, "Kill Note").Click("Yes");
-    WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
-    ExpectNote("Shopping",
-               "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
-}
-
-TEST_F(NotesTest, SavingIsConfirmed) {
-    const Window editor = MakeNote(StartProgram(), "Shopping");
-    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
-    const Box box(program, "");
-    EXPECT_EQ(box.Text(), "SHOPPING has been saved.           ");
-    EXPECT_TRUE(FileExists(NotePath("Shopping")));
-    box.Click("OK");
-    EXPECT_TRUE(editor.IsVisible());
-}
-
 TEST_F(NotesTest, ANoteFileThatAnotherProgramHoldsIsReportedAndSavedWhenItIsFree) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
     editor.Only("Edit").Type("milk");
@@ -170,42 +144,6 @@ TEST_F(NotesTest, ANoteFileThatAnotherProgramHoldsIsReportedAndSavedWhenItIsFree
     Box(program, "").Click("OK");
     EXPECT_TRUE(
         WholeFile(NotePath("Shopping")).value().starts_with("\"Shopping\",\"milk and bread\","));
-}
-
-TEST_F(NotesTest, TextsWithQuotesComeBackWhole) {
-    const std::pair<const char*, std::string> notes[] = {
-        {"Pipes", "5\" pipe, 3/4\" tap"},
-        {"Quoted", "\"To be, or not to be,\" he said.\r\n\"That is it.\""},
-        {"Fields", "a\",\"b\",#2031-01-01#,\""},
-    };
-    const std::string rest = "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
-    const auto bytesOf = [&rest](const std::string& title, const std::string& text) {
-        return '"' + title + "\",\"" + text + rest;
-    };
-    const Window main = StartProgram();
-    for (const auto& [title, text] : notes) {
-        const Window editor = MakeNote(main, title);
-        editor.Only("Edit").Type(text);
-        HideNote(editor);
-        ExpectNote(title, bytesOf(title, text));
-        tray::Click(main);
-        MainWindow();
-    }
-    ExitProgram();
-
-    StartProgram();
-    for (const auto& [title, text] : notes) {
-        EXPECT_EQ(OpenRestored(title).Only("Edit").Text(), text);
-    }
-    // The one that is changed is saved, and the others stay as they are.
-    const Window pipes = program.WaitFor("Pipes");
-    pipes.Only("Edit").Type("6\" pipe");
-    HideNote(pipes);
-    ExitProgram();
-    ExpectNote("Pipes", bytesOf("Pipes", "6\" pipe"));
-    ExpectNote("Quoted", bytesOf("Quoted", notes[1].second));
-    ExpectNote("Fields", bytesOf("Fields", notes[2].second));
-    EXPECT_EQ(FileNames(folder + "\\Notes").size(), 3U);
 }
 
 TEST_F(NotesTest, TypedTextComesBackAfterTheProgramWasKilled) {

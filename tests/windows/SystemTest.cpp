@@ -53,57 +53,6 @@ TEST_F(SystemTest, AHundredNotesComeBackAndNoMoreCanBeMade) {
     ExitProgram();
 }
 
-TEST_F(SystemTest, TheHundredAndFirstNoteIsReportedOnceForEachAction) {
-    for (int i = 1001; i <= 1101; ++i) {
-        const std::string title = "Note " + std::to_string(i);
-        WriteNote(title,
-                  '"' + title + "\",\"text\",#2031-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n");
-    }
-    const auto closeReport = [this] {
-        const Box report(program, "Error Loading Notes Array");
-        EXPECT_EQ(report.Text(), "Error Number: 9) - Subscript out of range");
-        report.Click("OK");
-    };
-    program.Start(executable);
-    closeReport();
-    // Of all reports the next one is that of the limit.
-    Window next;
-    WaitUntil("the next box comes", [&] {
-        for (const Window& window : program.Windows()) {
-            if (window.IsVisible() && window.ClassName() == "#32770") {
-                next = window;
-            }
-        }
-        return static_cast<bool>(next);
-    });
-    EXPECT_EQ(next.Text(), "Jotwright: Maximum Notes Reached");
-    Box(program, next.Text()).Click("OK");
-    const Window main = MainWindow();
-    EXPECT_FALSE(main.Button("Make &Note").IsEnabled());
-    EXPECT_FALSE(main.Only("Edit").IsEnabled());
-
-    main.Button("Notes &Control Panel").Click();
-    closeReport();
-    const Window panel = program.WaitFor(panelCaption);
-    WaitUntilFilled(panel, listClass);
-    EXPECT_TRUE(panel.FindChild("Static", "Total Notes: 100 ( Maximum Reached )"));
-    EXPECT_FALSE(panel.Button("&New").IsEnabled());
-
-    // Two fewer, and there is room for one.
-    for (const char* total : {"Total Notes: 100 ( Maximum Reached )", "Total Notes: 99"}) {
-        SelectRow(panel.Only(listClass), 0);
-        WaitUntil("a note is selected", [&] { return panel.Button("&Erase").IsEnabled(); });
-        panel.Button("&Erase").Click();
-        Box(program, "Deleting Note").Click("Yes");
-        WaitUntil("the row is gone", [&] { return !panel.Button("&Erase").IsEnabled(); });
-        EXPECT_TRUE(panel.FindChild("Static", total));
-    }
-    EXPECT_TRUE(panel.Button("&New").IsEnabled());
-    EXPECT_TRUE(main.Button("Make &Note").IsEnabled());
-    EXPECT_TRUE(main.Only("Edit").IsEnabled());
-    EXPECT_TRUE(program.Visible("Error Loading Notes Array").empty());
-}
-
 TEST_F(SystemTest, TheWebSiteOpensInTheBrowser) {
     const std::string log = UnixPath(Variable("JOTWRIGHT_BROWSER_LOG"));
     WriteWholeFile(log, "");
