@@ -142,7 +142,7 @@ TEST_F(frmSpecialAlarmsBadInputTest, AnErrorAtAnyStepOfASaveIsReportedAndTheNext
     EXPECT_GT(saves, failures);
 }
 
-TEST_F(frmSpecialAlarmsBadInputTest, AFileThatIsHeldForAMomentIsWaitedFor) {
+TEST_F(frmSpecialAlarmsBadInputTest, ReadingWaitsForAFileThatIsInUseForAMoment) {
     PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
     for (const bool isWindow : {false, true}) {
         files.SetDenied(path, true);

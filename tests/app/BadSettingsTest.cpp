@@ -9,7 +9,7 @@
 #include "base/Text.h"
 #include "tests/support/WholeProgram.h"
 
-// Whatever text a hand has put into the store.
+// Settings may hold any text, because the user can edit them by hand.
 
 namespace {
 
@@ -36,7 +36,7 @@ class ReadOnlySettings : public forms::headless::HeadlessSettings {
     }
 };
 
-TEST_F(BadSettingsTest, ANewNoteTakesAnyNumberAndReportsTheRest) {
+TEST_F(BadSettingsTest, ANewNoteAcceptsAnyNumberAndReportsOtherTexts) {
     StartQuietly();
     int made = 0;
     for (const char* key : {"DefaultColor", "DefaultFontSize", "ShowDateTime"}) {
@@ -66,7 +66,7 @@ TEST_F(BadSettingsTest, ANewNoteTakesAnyNumberAndReportsTheRest) {
     EXPECT_FALSE(runtime->HasEnded());
 }
 
-TEST_F(BadSettingsTest, ANoteIsSavedBeforeAnAlarmsSettingEndsTheProgram) {
+TEST_F(BadSettingsTest, OpenNotesAreSavedBeforeABadSettingEndsTheProgram) {
     PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
@@ -92,7 +92,7 @@ TEST_F(BadSettingsTest, NoNumberEndsTheProgram) {
             }
             StartQuietly();
             user->CloseBox(Editor("Dentist"));
-            Advance(12000);  // its display opens and sounds
+            Advance(12000);  // the display opens and sounds
             EXPECT_NE(FindWindow<frmDisplayNote>("Dentist"), nullptr) << value;
             EXPECT_EQ(sound.Count(forms::headless::RecordedSound::Kind::Once), 1) << value;
             frmOptions& options = Shown<frmOptions>();

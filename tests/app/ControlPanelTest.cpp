@@ -48,7 +48,7 @@ TEST_F(ControlPanelTest, ErasingOneOfAHundredNotesInItsEditorAllowsNewOnes) {
     EXPECT_TRUE(Main().txtNoteTitle.enabled());
 }
 
-TEST_F(ControlPanelTest, ANoteErasedUnderItsOpenEditorOutlivesAKill) {
+TEST_F(ControlPanelTest, TheTextOfAnEditorWhoseNoteWasErasedOutlivesAKill) {
     PutNote(Note("Dentist"));
     StartQuietly();
     user->Restore(Editor("Dentist"));
@@ -66,7 +66,7 @@ TEST_F(ControlPanelTest, ANoteErasedUnderItsOpenEditorOutlivesAKill) {
 TEST_F(ControlPanelTest, ANoteErasedInItsAlarmDisplayLeavesTheArray) {
     PutNote(Note("Dentist").WithAlarmAt(9, 30));
     StartQuietly();
-    // A silent close leaves the panel loaded, and hidden.
+    // Closing without a question leaves the panel loaded but hidden.
     user->Restore(Editor("Dentist"));
     user->CloseBox(Editor("Dentist"));
     ASSERT_NE(LoadedDefault<frmViewNotes>(), nullptr);

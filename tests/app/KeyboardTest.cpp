@@ -17,7 +17,7 @@
 #include "tools/frmStopWatch.h"
 #include "tools/frmTimer.h"
 
-// The windows under the hands of somebody who has no mouse, or cannot see.
+// The windows for users who have no mouse, and for users of a screen reader.
 namespace {
 
 using forms::Control;
@@ -58,7 +58,7 @@ TEST_F(KeyboardTest, EscapeClosesWindowsThatCanBeCancelled) {
     ExpectEscapeCloses<dlgInput>();
 }
 
-TEST_F(KeyboardTest, TheStopWatchIsWorkedWithOneKey) {
+TEST_F(KeyboardTest, OneKeyStartsAndStopsTheStopWatch) {
     auto& watch = Shown<frmStopWatch>();
     EXPECT_TRUE(watch.cmdStart.HasFocus());
     user->PressEnter();
@@ -70,7 +70,7 @@ TEST_F(KeyboardTest, TheStopWatchIsWorkedWithOneKey) {
     EXPECT_EQ(watch.lvwTime.Rows().size(), 1U);
 }
 
-TEST_F(KeyboardTest, SavingFromTheStopWatchsMenuLeavesTheFocus) {
+TEST_F(KeyboardTest, SavingFromTheStopWatchMenuKeepsTheFocus) {
     auto& watch = Shown<frmStopWatch>();
     user->Click(watch.cmdStart);
     user->Click(watch.cmdStop);
@@ -144,7 +144,7 @@ TEST_F(KeyboardTest, TheToolbarFollowsTheLastControlOfTheEditor) {
                                                  "cmdShowDateTime", "tlbMain", "txtNote"}));
 }
 
-// What a screen reader speaks: a name given to it, the caption, or a label just before.
+// The name that a screen reader speaks: the accessible name, the caption, or the label just before.
 std::string SpokenName(const forms::Form& form, const Control& control) {
     if (!control.accessibleName.empty()) {
         return control.accessibleName;

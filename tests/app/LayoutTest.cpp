@@ -125,7 +125,8 @@ TEST_F(LayoutTest, Timer) {
     ExpectGood(timer);
 }
 
-// Its sizes follow from its message and picture; at the edges there is less room than elsewhere.
+// The size of the box depends on its message and picture. It has narrower margins than other
+// windows.
 TEST_F(LayoutTest, PictureMessageBox) {
     constexpr int margin = 45;
     for (const char* picture : {"error.gif", ""}) {
@@ -140,8 +141,8 @@ TEST_F(LayoutTest, PictureMessageBox) {
     }
 }
 
-// An access key that several captions have goes from one to the next; which have it is fixed by the
-// captions.
+// If several controls have the same access key, it moves the focus from one to the next. The
+// captions, and with them these keys, are given.
 TEST_F(LayoutTest, AccessKeys) {
     EXPECT_EQ(SharedAccessKeys(Main()),
               "CHT");  // "Notes &Control Panel", "Start CooKoo &Clock"; ...

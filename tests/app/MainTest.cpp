@@ -15,8 +15,8 @@ const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
 
 }  // namespace
 
-// As long as for what the user does: the start is one action.
-TEST_F(MainTest, FilesThatAreHeldAtTheStartAreWaitedForASecondAndAHalf) {
+// The start may wait as long as any action of the user.
+TEST_F(MainTest, TheStartWaitsOneAndAHalfSecondsForFilesInUse) {
     PutNote(Note("Dentist"));
     files.SetDenied(PathOf("Dentist"), true);
     int pauses = 0;
@@ -49,7 +49,7 @@ TEST_F(MainTest, ASecondCopyShowsThePictureBoxAndChangesNothing) {
     EXPECT_TRUE(tray.log.empty());
 }
 
-TEST_F(MainTest, TheNotesFolderIsMadeWhenItIsMissing) {
+TEST_F(MainTest, AMissingNotesFolderIsMade) {
     Start(StandardCode::Main);
     EXPECT_TRUE(files.FolderExists(notesFolder));
 }
@@ -95,7 +95,7 @@ TEST_F(MainTest, TheSplashComesFirstAndTheMainWindowASecondLater) {
     EXPECT_EQ(LoadedDefault<frmSplash>(), nullptr);
 }
 
-TEST_F(MainTest, AFreshUserSeesTheTips) {
+TEST_F(MainTest, ANewUserSeesTheTips) {
     stage->ExpectModal<frmTip>([this](frmTip& tips) {
         EXPECT_TRUE(Main().IsShownOnStage());
         user->CloseBox(tips);
@@ -104,7 +104,7 @@ TEST_F(MainTest, AFreshUserSeesTheTips) {
     Advance(1000);
 }
 
-TEST_F(MainTest, AFreshUserHasTheDefaults) {
+TEST_F(MainTest, ANewUserHasTheDefaults) {
     StartQuietly();
     EXPECT_EQ(StandardCode::Shared().AlarmSoundPath, "C:\\Jotwright\\Alarm buzzer.wav");
     EXPECT_FALSE(Main().tmrCooKoo.enabled);
@@ -116,7 +116,7 @@ TEST_F(MainTest, AFreshUserHasTheDefaults) {
     EXPECT_EQ(note.cmdShowDateTime.caption(), "Hide &System Date/Time");
 }
 
-TEST_F(MainTest, AFreshUsersAlarmIsNotOnTopAndSoundsOnce) {
+TEST_F(MainTest, ForANewUserAnAlarmIsNotOnTopAndSoundsOnce) {
     PutNote(Note("Dentist").WithAlarmAt(9, 0, 10).WithSound());
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
@@ -142,7 +142,7 @@ TEST_F(MainTest, OnlyTheAlarmsDisplayIsEverOnTop) {
     }
 }
 
-TEST_F(MainTest, TheStoredAlarmSoundIsTaken) {
+TEST_F(MainTest, TheStoredAlarmSoundIsUsed) {
     settings.values[{"Config", "Alarm"}] = "D:\\own.wav";
     StartQuietly();
     EXPECT_EQ(StandardCode::Shared().AlarmSoundPath, "D:\\own.wav");
@@ -172,7 +172,7 @@ TEST_F(MainTest, ASettingThatIsNoNumberEndsTheProgram) {
     EXPECT_TRUE(runtime->HasEnded());
 }
 
-TEST_F(MainTest, AnErrorThatNobodyTrapsSavesTheOpenNotesFirst) {
+TEST_F(MainTest, AnUntrappedErrorSavesTheOpenNotesFirst) {
     StartQuietly();
     auto& note = MakeNote("Dentist");
     user->Type(note.txtNote, "Call to move the appointment.");
@@ -188,7 +188,8 @@ TEST_F(MainTest, TemporaryFilesOfAKilledSaveAreRemoved) {
     StartQuietly();
     auto& note = MakeNote("Dentist");
     user->Type(note.txtNote, "first");
-    // The note's own temporary file is written in three steps: killed after the second.
+    // The temporary file of the note is written in three steps. Kill the program after the second
+    // step.
     files.KillAt(3, headless::MemoryFiles::Moment::After);
     try {
         user->CloseBox(note);

@@ -3,8 +3,8 @@
 #include "app/frmMain.h"
 #include "tests/support/WholeProgram.h"
 
-// The folder of the notes cannot be used: the program starts, each save says why it failed, the
-// text stays in its window, and the exit does not cost it.
+// If the folder of the notes cannot be used, the program still starts. Each save reports why it
+// failed, and the text stays in its window. An exit does not lose it.
 
 using namespace forms;
 

@@ -11,7 +11,7 @@ namespace {
 
 class dlgMsgBoxTest : public testing_support::TestProgram {
   protected:
-    // Shows the box and runs the script on it; the script or the user closes it.
+    // Shows the box, runs the script, and closes the box if it is still open.
     void Show(const std::string& message, const std::string& caption, const std::string& picture,
               const std::function<void(dlgMsgBox&)>& script) {
         stage->ExpectModal<dlgMsgBox>([&](dlgMsgBox& dialog) {
@@ -34,7 +34,7 @@ TEST_F(dlgMsgBoxTest, DesignCaptions) {
     EXPECT_EQ(forms::Default<dlgMsgBox>().cmdOk.caption(), "OK");
 }
 
-TEST_F(dlgMsgBoxTest, WithoutAPictureIsSizedToItsText) {
+TEST_F(dlgMsgBoxTest, WithoutAPictureTheBoxIsSizedToItsText) {
     Show("A message", "Caption", "", [](dlgMsgBox& dialog) {
         const int textWidth = dialog.lblMsg.width;
         const int textHeight = dialog.lblMsg.height;
@@ -92,7 +92,7 @@ TEST_F(dlgMsgBoxTest, ATextHigherThanThePictureKeepsItsPlace) {
         EXPECT_EQ(dialog.cmdOk.top(), textHeight + 400);
         EXPECT_EQ(dialog.cmdOk.left(), dialog.width() - 1100);
         EXPECT_GE(dialog.cmdOk.top(), designTop + textHeight + Grid::gap);
-        // Beside the picture, not on it.
+        // The text lies beside the picture, not on it.
         EXPECT_GE(dialog.lblMsg.left(), 125 + 1080);
     });
 }
@@ -104,7 +104,7 @@ TEST_F(dlgMsgBoxTest, LineBreaksGrowTheDialog) {
          [&](dlgMsgBox& dialog) { EXPECT_EQ(dialog.height() - 1300, 3 * (oneLine - 1300)); });
 }
 
-TEST_F(dlgMsgBoxTest, CaptionAndMessageStandAsTheyAreGiven) {
+TEST_F(dlgMsgBoxTest, CaptionAndMessageAreShownUnchanged) {
     Show("     Tom && Jerry & co.   ", "  Two Blanks  ", "", [](dlgMsgBox& dialog) {
         EXPECT_EQ(dialog.caption(), "  Two Blanks  ");
         EXPECT_EQ(dialog.lblMsg.caption(), "     Tom && Jerry & co.   ");
@@ -112,7 +112,7 @@ TEST_F(dlgMsgBoxTest, CaptionAndMessageStandAsTheyAreGiven) {
     });
 }
 
-TEST_F(dlgMsgBoxTest, AMissingMessageOrPictureIsReplacedInTheCallersVariable) {
+TEST_F(dlgMsgBoxTest, AMissingMessageOrPictureIsReplacedInTheVariableOfTheCaller) {
     std::optional<std::string> message;
     std::optional<std::string> picture;
     stage->ExpectModal<dlgMsgBox>([&](dlgMsgBox& dialog) {
@@ -125,7 +125,7 @@ TEST_F(dlgMsgBoxTest, AMissingMessageOrPictureIsReplacedInTheCallersVariable) {
     EXPECT_EQ(picture, "");
 }
 
-TEST_F(dlgMsgBoxTest, GivenTextsStayInTheCallersVariables) {
+TEST_F(dlgMsgBoxTest, GivenTextsStayInTheVariablesOfTheCaller) {
     std::optional<std::string> message = "text";
     std::optional<std::string> picture = "error.gif";
     stage->ExpectModal<dlgMsgBox>([&](dlgMsgBox& dialog) { user->Click(dialog.cmdOk); });
@@ -155,7 +155,7 @@ TEST_F(dlgMsgBoxTest, EnterEscapeAndTheCloseBoxCloseIt) {
     });
 }
 
-TEST_F(dlgMsgBoxTest, TheNextOneKeepsNothingOfTheLast) {
+TEST_F(dlgMsgBoxTest, TheNextBoxKeepsNothingOfTheLastBox) {
     Show("text", "Caption", "error.gif", [](dlgMsgBox&) {});
     Show("text", "Caption", "", [](dlgMsgBox& dialog) {
         EXPECT_TRUE(dialog.imgMsg.picture().path.empty());

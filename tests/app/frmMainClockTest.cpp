@@ -10,7 +10,7 @@ namespace {
 // The program starts on Friday, 14 May 2004, 9:00:00 and its main window is up at 9:00:01.
 class frmMainClockTest : public testing_support::WholeProgram {
   protected:
-    // As after hiding every note: saved, and no editor is open.
+    // Closes all editors, which saves their notes.
     void CloseEditors() {
         for (;;) {
             frmNote* open = nullptr;
@@ -42,7 +42,7 @@ class frmMainClockTest : public testing_support::WholeProgram {
 
 }  // namespace
 
-TEST_F(frmMainClockTest, ASavedNoteComesUpOnceInItsSecond) {
+TEST_F(frmMainClockTest, ASavedNoteIsDisplayedOnceInItsSecond) {
     PutNote(Note("Dentist").WithAlarmAt(9, 30).InColor(2));
     StartQuietly();
     CloseEditors();
@@ -74,7 +74,7 @@ TEST_F(frmMainClockTest, AnAlarmInThePastNeverFires) {
     PutNote(Note("Later").WithAlarmAt(9, 30));
     StartQuietly();
     CloseEditors();
-    Advance(26 * 3600 * std::int64_t{1000});  // past that time of the next day
+    Advance(26 * 3600 * std::int64_t{1000});  // past the same time of the next day
     EXPECT_EQ(FindWindow<frmDisplayNote>("Past"), nullptr);
     EXPECT_NE(FindWindow<frmDisplayNote>("Later"), nullptr);
 }
@@ -87,7 +87,7 @@ TEST_F(frmMainClockTest, AnotherDayDoesNotFire) {
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
 }
 
-TEST_F(frmMainClockTest, AnOpenEditorRingsAndNothingElse) {
+TEST_F(frmMainClockTest, OnlyTheOpenEditorOfANoteRings) {
     PutNote(Note("Dentist").WithAlarmAt(9, 30));
     StartQuietly();
     EXPECT_EQ(Editor("Dentist").windowState(), WindowState::Minimized);
@@ -110,7 +110,7 @@ TEST_F(frmMainClockTest, TheSoundStartsOneSecondAfterTheDisplayOpened) {
     EXPECT_EQ(sound.log.back().path, "C:\\Jotwright\\Alarm buzzer.wav");
 }
 
-TEST_F(frmMainClockTest, OfSeveralNotesDueOnlyTheLastOpenedSounds) {
+TEST_F(frmMainClockTest, IfSeveralNotesAreDueOnlyTheLastDisplaySounds) {
     PutNote(Note("A").WithAlarmAt(9, 30).WithSound());
     PutNote(Note("B").WithAlarmAt(9, 30).WithSound());
     StartQuietly();
@@ -120,7 +120,7 @@ TEST_F(frmMainClockTest, OfSeveralNotesDueOnlyTheLastOpenedSounds) {
     EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 1);
 }
 
-TEST_F(frmMainClockTest, TheLastDisplaySoundsEvenWhereOnlyAnotherNoteAskedForIt) {
+TEST_F(frmMainClockTest, TheLastDisplaySoundsEvenIfOnlyAnotherNoteHasAnAudioAlarm) {
     PutNote(Note("A").WithAlarmAt(9, 30).WithSound());
     PutNote(Note("B").WithAlarmAt(9, 30));
     StartQuietly();
@@ -159,7 +159,7 @@ TEST_F(frmMainClockTest, TheCheckEndsAtTheFirstNoteWithoutATitle) {
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 1);
 }
 
-TEST_F(frmMainClockTest, TheArrayFollowsWhatBecameOfADisplayedNote) {
+TEST_F(frmMainClockTest, TheArrayFollowsTheAnswerAboutADisplayedNote) {
     PutNote(Note("A").WithAlarmAt(9, 30));
     PutNote(Note("B").WithAlarmAt(9, 30));
     StartQuietly();
@@ -258,7 +258,7 @@ TEST_F(frmMainClockTest, TheCuckooStrikesTheHourFifteenSecondsLate) {
     EXPECT_TRUE(Main().tmrCooKoo.enabled);
 }
 
-TEST_F(frmMainClockTest, NoonIsSilentMidnightAndElevenAtNightStrikeTwelve) {
+TEST_F(frmMainClockTest, NoonIsSilentAndMidnightAndElevenAtNightStrikeTwelve) {
     SetNow(2004, 5, 14, 11, 59, 50);
     StartQuietly();
     user->Click(Main().cmdCookoo);
@@ -278,7 +278,7 @@ TEST_F(frmMainClockTest, ALateTickMissesTheHour) {
     user->Click(Main().cmdCookoo);
     AdvanceTo(14, 0, 14);
     Advance(600);
-    clock.Pass(1500);  // busy over the whole second
+    clock.Pass(1500);  // the handler is busy for the whole second
     Advance(3000);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
 }
@@ -313,8 +313,8 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentInTheSecondOfANotesSound) {
     EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 1);
 }
 
-// However long the box of an alarm has held up the main clock before.
-TEST_F(frmMainClockTest, TheMainClockComesBeforeTheCuckooAlsoAfterABox) {
+// This holds however long the box of an alarm has delayed the main clock before.
+TEST_F(frmMainClockTest, TheMainClockTicksBeforeTheCuckooAlsoAfterABox) {
     for (int held = 100; held <= 3000; held += 100) {
         SetNow(2004, 5, 14, 14, 59, 40);
         PutNote(Note("Dentist").WithAlarmAt(15, 0, 15).WithSound());
@@ -331,7 +331,7 @@ TEST_F(frmMainClockTest, TheMainClockComesBeforeTheCuckooAlsoAfterABox) {
     }
 }
 
-TEST_F(frmMainClockTest, ASpecialAlarmIsNotMissedThoughTheMainClockWasSwitchedOnLast) {
+TEST_F(frmMainClockTest, ASpecialAlarmIsNotMissedIfTheMainClockWasSwitchedOnLast) {
     SetNow(2004, 5, 14, 14, 59, 50);
     StartQuietly();
     user->Click(Main().cmdCookoo);
@@ -345,7 +345,7 @@ TEST_F(frmMainClockTest, ASpecialAlarmIsNotMissedThoughTheMainClockWasSwitchedOn
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
 }
 
-TEST_F(frmMainClockTest, TheCuckooIsSilentAsLongAsASpecialAlarmWaits) {
+TEST_F(frmMainClockTest, TheCuckooIsSilentWhileASpecialAlarmWaits) {
     SetNow(2004, 5, 14, 14, 59, 50);
     StartQuietly();
     user->Click(Main().cmdCookoo);
@@ -360,7 +360,7 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentAsLongAsASpecialAlarmWaits) {
     EXPECT_FALSE(StandardCode::Shared().AlarmSounding);
 }
 
-TEST_F(frmMainClockTest, TheCuckooIsSilentAsLongAsAnEditorRings) {
+TEST_F(frmMainClockTest, TheCuckooIsSilentWhileAnEditorRings) {
     SetNow(2004, 5, 14, 14, 59, 50);
     PutNote(Note("Dentist").WithAlarmAt(15, 0).WithSound());
     StartQuietly();

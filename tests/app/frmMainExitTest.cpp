@@ -14,7 +14,7 @@ using frmMainExitTest = testing_support::WholeProgram;
 
 }  // namespace
 
-TEST_F(frmMainExitTest, ButtonAndMenusEndTheProgram) {
+TEST_F(frmMainExitTest, TheButtonAndTheMenusEndTheProgram) {
     const std::vector<std::function<void()>> ways{
         [this] { user->Click(Main().cmdExit); },
         [this] { user->Choose(Main().mnuFileExit); },
@@ -74,7 +74,7 @@ TEST_F(frmMainExitTest, NotesAreClosedInTheOrderInWhichTheyWereOpened) {
     EXPECT_EQ(saved, (std::vector<std::string>{"Zebra.txt", "Ape.txt", "Lion.txt"}));
 }
 
-TEST_F(frmMainExitTest, AMinimisedMainWindowIsMaximisedAsItGoes) {
+TEST_F(frmMainExitTest, AMinimizedMainWindowIsMaximizedByTheExit) {
     StartQuietly();
     user->Minimize(Main());
     ChooseFromTrayMenu("mnuExit");
@@ -161,7 +161,7 @@ TEST_F(frmMainExitTest, AnExitWhileANoteAsksKeepsItsTextForTheNextStart) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
 }
 
-TEST_F(frmMainExitTest, AnExitWaitsForTheAnswerThatAnAlarmDisplayWants) {
+TEST_F(frmMainExitTest, AnExitWaitsForTheAnswerToAnAlarmDisplay) {
     PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
@@ -196,7 +196,7 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionEndsAnExitThatWaitsForAnAnswer) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
 }
 
-TEST_F(frmMainExitTest, TheEndOfTheSessionKeepsWhatADisplayThatAsksHolds) {
+TEST_F(frmMainExitTest, TheEndOfTheSessionKeepsTheTextOfADisplayThatAsks) {
     PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
@@ -213,7 +213,7 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionKeepsWhatADisplayThatAsksHolds) {
               "\"Dentist\",\"moved to Friday\",#2004-05-14#,\"#12:00#\",1,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(frmMainExitTest, TheEndOfTheSessionWaitsForNoAnswer) {
+TEST_F(frmMainExitTest, TheEndOfTheSessionDoesNotWaitForAnAnswer) {
     StartQuietly();
     auto& note = MakeNote("Dentist");
     StandardCode::Shared().ControlPanelMode = true;
@@ -228,16 +228,15 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionWaitsForNoAnswer) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
 }
 
-// One file that cannot be read, and many open notes: an exit that saves them all reports nothing
-// more.
-TEST_F(frmMainExitTest, OneBadFileIsNotReportedForEachNoteThatTheExitSaves) {
+// With one unreadable file and many open notes, an exit that saves all notes reports nothing more.
+TEST_F(frmMainExitTest, TheExitDoesNotReportABadFileOnceForEachNote) {
     for (int number = 1; number <= 10; ++number) {
         PutNote(Note("Note " + std::to_string(1000 + number)));
     }
     PutNoteWithBadDate("Zebra");
     stage->improvise.box = [](const BoxRequest&) { return BoxResult::Ok; };
     StartQuietly();
-    // The array and the restore report it, once each.
+    // Loading the array and restoring the notes report the file once each.
     EXPECT_EQ(stage->Boxes().size(), 2U);
     for (int number = 1; number <= 10; ++number) {
         frmNote& note = Editor("Note " + std::to_string(1000 + number));
@@ -250,7 +249,7 @@ TEST_F(frmMainExitTest, OneBadFileIsNotReportedForEachNoteThatTheExitSaves) {
     EXPECT_EQ(stage->Boxes().size(), before);
 }
 
-TEST_F(frmMainExitTest, AnAlarmThatTheExitLeavesToTheRecoveryCopyRingsAfterTheNextStart) {
+TEST_F(frmMainExitTest, AnAlarmThatIsOnlyInARecoveryCopyRingsAfterTheNextStart) {
     PutNote(Note("Dentist"));
     files.SetReadOnly(PathOf("Dentist"), true);
     StartQuietly();

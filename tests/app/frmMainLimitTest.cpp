@@ -3,7 +3,7 @@
 #include "notes/frmViewNotes.h"
 #include "tests/support/WholeProgram.h"
 
-// At most a hundred notes.
+// There are at most a hundred notes.
 
 using namespace forms;
 
@@ -18,7 +18,7 @@ class frmMainLimitTest : public testing_support::WholeProgram {
         }
     }
 
-    // Every box is closed with OK.
+    // The user closes every box with OK.
     void StartWithNotes(int count) {
         PutNotes(count);
         stage->improvise.box = [](const BoxRequest& box) {
@@ -41,7 +41,7 @@ class frmMainLimitTest : public testing_support::WholeProgram {
         EXPECT_EQ(Main().txtNoteTitle.enabled(), isRoom);
     }
 
-    // Opens the panel; what its button and its label say.
+    // Opens the panel and checks its button and its label.
     void ExpectPanel(const std::string& total, bool isRoom) {
         if (!Main().IsShownOnStage()) {
             ClickTrayIcon();
@@ -65,7 +65,7 @@ constexpr const char* maximumText =
 
 }  // namespace
 
-TEST_F(frmMainLimitTest, BelowTheLimitAClickEnablesTheTitleBoxBeforeTheTitleIsLookedAt) {
+TEST_F(frmMainLimitTest, BelowTheLimitAClickEnablesTheTitleBoxBeforeTheTitleIsChecked) {
     StartQuietly();
     user->Type(Main().txtNoteTitle, "2004");
     Main().txtNoteTitle.enabled = false;
@@ -76,11 +76,11 @@ TEST_F(frmMainLimitTest, BelowTheLimitAClickEnablesTheTitleBoxBeforeTheTitleIsLo
     user->Click(Main().cmdMakeNote);
 }
 
-TEST_F(frmMainLimitTest, WithAHundredNotesTheLimitIsToldAtStart) {
+TEST_F(frmMainLimitTest, WithAHundredNotesTheLimitIsReportedAtTheStart) {
     PutNotes(100);
     settings.values[{"Options", "StartCookoo"}] = "1";
     ExpectMaximumReached([this] {
-        // The notes are back; the cuckoo and the tray icon are still to come.
+        // The notes are restored. The cuckoo and the tray icon come later.
         EXPECT_EQ(CountVisible<frmNote>(), 100);
         EXPECT_FALSE(Main().tmrCooKoo.enabled);
         EXPECT_FALSE(tray.icon.has_value());
@@ -94,7 +94,7 @@ TEST_F(frmMainLimitTest, WithAHundredNotesTheLimitIsToldAtStart) {
     EXPECT_EQ(CountVisible<frmNote>(), 100);
 }
 
-TEST_F(frmMainLimitTest, AtTheLimitAClickThatGetsThroughStillMakesTheNote) {
+TEST_F(frmMainLimitTest, AtTheLimitAClickOnTheEnabledButtonStillMakesTheNote) {
     PutNotes(100);
     ExpectMaximumReached();
     StartQuietly();
@@ -108,7 +108,7 @@ TEST_F(frmMainLimitTest, AtTheLimitAClickThatGetsThroughStillMakesTheNote) {
     EXPECT_NE(FindWindow<frmNote>("One more"), nullptr);
 }
 
-TEST_F(frmMainLimitTest, SavingTheHundredthNoteTakesMakeNoteAway) {
+TEST_F(frmMainLimitTest, SavingTheHundredthNoteDisablesMakeNote) {
     PutNotes(99);
     StartQuietly();
     auto& note = MakeNote("The hundredth");
@@ -119,7 +119,7 @@ TEST_F(frmMainLimitTest, SavingTheHundredthNoteTakesMakeNoteAway) {
     EXPECT_FALSE(Main().txtNoteTitle.enabled);
 }
 
-TEST_F(frmMainLimitTest, WithAHundredAndOneFilesTheLimitHoldsAndEachActionReportsOnce) {
+TEST_F(frmMainLimitTest, WithAHundredAndOneFilesTheLimitAppliesAndEachActionReportsOnce) {
     StartWithNotes(101);
     std::vector<std::string> expected{loadFailed, maximumCaption};
     EXPECT_EQ(Captions(), expected);
@@ -143,7 +143,7 @@ TEST_F(frmMainLimitTest, WithAHundredAndOneFilesTheLimitHoldsAndEachActionReport
     EXPECT_EQ(Captions(), expected);
 }
 
-TEST_F(frmMainLimitTest, TwoNewNotesBesideNinetyNineReachTheLimitAsAtStart) {
+TEST_F(frmMainLimitTest, TwoNewNotesBesideNinetyNineReachTheLimitAsAtTheStart) {
     StartWithNotes(99);
     auto& first = MakeNote("A");
     auto& second = MakeNote("B");
@@ -165,7 +165,7 @@ TEST_F(frmMainLimitTest, TwoNewNotesBesideNinetyNineReachTheLimitAsAtStart) {
     ExpectPanel("Total Notes: 100 ( Maximum Reached )", false);
     EXPECT_EQ(Captions(), expected);
 
-    // The limit holds until so many are erased that there is room again.
+    // The limit applies until enough notes are erased.
     EraseFirstInPanel();
     expected.emplace_back("Deleting Note");
     EXPECT_EQ(Captions(), expected);
@@ -181,7 +181,7 @@ TEST_F(frmMainLimitTest, TwoNewNotesBesideNinetyNineReachTheLimitAsAtStart) {
     ExpectRoomForNewNotes(true);
 }
 
-TEST_F(frmMainLimitTest, AboveTheLimitAClickThatGetsThroughIsToldAsAtTheLimit) {
+TEST_F(frmMainLimitTest, AboveTheLimitAClickOnTheEnabledButtonReportsTheLimit) {
     StartWithNotes(99);
     auto& first = MakeNote("A");
     auto& second = MakeNote("B");

@@ -67,7 +67,7 @@ TEST_F(frmMainMakeNoteTest, ANumericTitleIsRejectedAndStaysInTheBox) {
     MakeNote("2004 plans");
 }
 
-TEST_F(frmMainMakeNoteTest, RejectedTitlesAreClearedAndFocused) {
+TEST_F(frmMainMakeNoteTest, ARejectedTitleIsClearedAndTheBoxGetsTheFocus) {
     StartQuietly();
     const auto expectCleared = [this] {
         EXPECT_EQ(Main().txtNoteTitle.text(), "");
@@ -99,7 +99,7 @@ TEST_F(frmMainMakeNoteTest, ATitleOfBlanksIsClearedWithoutAMessage) {
     EXPECT_TRUE(Main().IsVisible());
 }
 
-TEST_F(frmMainMakeNoteTest, ASavedTitleIsRejectedInTheSameLettersOnly) {
+TEST_F(frmMainMakeNoteTest, ASavedTitleIsRejectedInTheSameCaseOnly) {
     PutNote(Note("Shopping"));
     StartQuietly();
     ExpectRejection("Shopping", "error.gif", "Name Already Exists",
@@ -108,12 +108,12 @@ TEST_F(frmMainMakeNoteTest, ASavedTitleIsRejectedInTheSameLettersOnly) {
     auto& note = MakeNote("shopping");
     user->Type(note.txtNote, "in small letters");
     user->CloseBox(note);
-    // The names are one to the disk: the new note takes the place of the saved one.
+    // To the disk the two names are the same, so the new note replaces the saved one.
     EXPECT_EQ(files.Names("C:\\Jotwright\\Notes"), std::vector<std::string>{"Shopping.txt"});
     EXPECT_NE(FileOf("Shopping")->find("in small letters"), std::string::npos);
 }
 
-TEST_F(frmMainMakeNoteTest, TwoNewNotesWithOneTitleMayBeOpen) {
+TEST_F(frmMainMakeNoteTest, TwoNewNotesWithTheSameTitleMayBeOpen) {
     StartQuietly();
     MakeNote("Shopping");
     MakeNote("Shopping");
@@ -129,7 +129,7 @@ TEST_F(frmMainMakeNoteTest, AMissingPictureIsReportedAsAnErrorOfTheNote) {
     EXPECT_FALSE(runtime->HasEnded());
 }
 
-TEST_F(frmMainMakeNoteTest, AMissingPictureOfARejectionIsAnErrorOfTheNote) {
+TEST_F(frmMainMakeNoteTest, AMissingPictureOfARejectionIsReportedAsAnErrorOfTheNote) {
     StartQuietly();
     files.Remove("C:\\Jotwright\\error.gif");
     user->Type(Main().txtNoteTitle, "a.b");
@@ -139,7 +139,7 @@ TEST_F(frmMainMakeNoteTest, AMissingPictureOfARejectionIsAnErrorOfTheNote) {
     EXPECT_FALSE(runtime->HasEnded());
 }
 
-TEST_F(frmMainMakeNoteTest, ADefaultThatIsNoNumberIsAnErrorOfTheNote) {
+TEST_F(frmMainMakeNoteTest, ADefaultThatIsNoNumberIsReportedAsAnErrorOfTheNote) {
     settings.values[{"Options", "DefaultColor"}] = "blue";
     StartQuietly();
     user->Type(Main().txtNoteTitle, "Dentist");

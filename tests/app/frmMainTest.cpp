@@ -76,7 +76,7 @@ TEST_F(frmMainTest, HidingAndShowing) {
     EXPECT_FALSE(Main().IsShownOnStage());
 }
 
-TEST_F(frmMainTest, ShowAfterMinimisingAndHidingBringsTheWindowBack) {
+TEST_F(frmMainTest, ShowAfterMinimizingAndHidingBringsTheWindowBack) {
     StartQuietly();
     user->Minimize(Main());
     ChooseFromTrayMenu("mnuHide");

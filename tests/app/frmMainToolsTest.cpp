@@ -13,10 +13,10 @@ using namespace forms;
 
 namespace {
 
-// What the main window's buttons and menus open.
+// The windows that the buttons and menus of the main window open.
 class frmMainToolsTest : public testing_support::WholeProgram {
   protected:
-    // The action shows the tool beside the main window; the tool is closed again.
+    // Expects that the action shows the tool beside the main window. Closes the tool again.
     template <class T>
     void ExpectTool(const std::function<void()>& act) {
         act();
@@ -28,7 +28,7 @@ class frmMainToolsTest : public testing_support::WholeProgram {
         EXPECT_EQ(LoadedDefault<T>(), nullptr);
     }
 
-    // Both ways show the dialog modally; the user closes it.
+    // Expects that both menus show the dialog modally. Closes the dialog.
     template <class T>
     void ExpectDialog(Menu& barEntry, const std::string& trayEntry) {
         const auto close = [this](T& dialog) {
@@ -128,7 +128,7 @@ TEST_F(frmMainToolsTest, HelpFromAnEditorForcesTheFile) {
     EXPECT_EQ(shell.helpShown[0].command, 9);
 }
 
-TEST_F(frmMainToolsTest, AboutFromAnEditorIsTheMainWindows) {
+TEST_F(frmMainToolsTest, AboutFromAnEditorIsThatOfTheMainWindow) {
     StartQuietly();
     frmNote& note = MakeNote("Dentist");
     stage->ExpectModal<frmAbout>([this](frmAbout& about) { user->CloseBox(about); });
@@ -136,7 +136,7 @@ TEST_F(frmMainToolsTest, AboutFromAnEditorIsTheMainWindows) {
     EXPECT_EQ(LoadedDefault<frmAbout>(), nullptr);
 }
 
-TEST_F(frmMainToolsTest, EveryWayIntoTheControlPanelIsTheWayIntoTheEditors) {
+TEST_F(frmMainToolsTest, EveryWayToOpenTheControlPanelSwitchesItsModeOn) {
     PutNote(Note("Restored"));
     StartQuietly();
     EXPECT_FALSE(PanelMode());
@@ -166,7 +166,7 @@ TEST_F(frmMainToolsTest, NewInTheControlPanelBringsBackAHiddenMainWindow) {
     EXPECT_EQ(LoadedDefault<frmViewNotes>(), nullptr);
 }
 
-TEST_F(frmMainToolsTest, NewInTheControlPanelBringsBackAMinimisedMainWindow) {
+TEST_F(frmMainToolsTest, NewInTheControlPanelBringsBackAMinimizedMainWindow) {
     StartQuietly();
     user->Click(Main().cmdViewNotes);
     user->Minimize(Main());

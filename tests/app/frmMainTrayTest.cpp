@@ -30,7 +30,7 @@ TEST_F(frmMainTrayTest, TheTrayRecord) {
     EXPECT_EQ(tray.icon->tip, std::string("Jotwright\0", 10) + std::string(54, ' '));
 }
 
-TEST_F(frmMainTrayTest, ALeftClickOnTheTrayIconRestoresAMinimisedWindow) {
+TEST_F(frmMainTrayTest, ALeftClickOnTheTrayIconRestoresAMinimizedWindow) {
     StartQuietly();
     user->Minimize(Main());
     Start([this] {
@@ -105,8 +105,8 @@ TEST_F(frmMainTrayTest, ThePointerIsNoTrayMessage) {
     EXPECT_NE(runtime->ActiveForm(), &Main());
 }
 
-// The menu lets the pointer move on while the message is being handled.
-TEST_F(frmMainTrayTest, ThePointerIsNoTrayMessageWhileOneIsHandled) {
+// While the menu is open, the pointer may move, although the message is still being handled.
+TEST_F(frmMainTrayTest, ThePointerIsNoTrayMessageWhileATrayMessageIsHandled) {
     StartQuietly();
     stage->ExpectPopup("mnuPop", [this](Menu&) -> Menu* {
         gestures::MouseMove(Main(), 0, TrayMessages::rightButtonUp * 15, 0);

@@ -18,7 +18,7 @@ const std::string startupFolder =
 const std::string startupLink = startupFolder + "\\Shortcut To Jotwright.lnk";
 const std::string shippedLink = "C:\\Jotwright\\Shortcut To Jotwright.lnk";
 
-// A store that fails at the writing with this number, counted from 1.
+// A store in which the write with this number fails; the first has number 1.
 class FailingSettings : public forms::headless::HeadlessSettings {
   public:
     void Write(const std::string& section, const std::string& key,
@@ -80,7 +80,7 @@ TEST_F(frmOptionsTest, ColorButtonsShowTheirColors) {
     }
 }
 
-TEST_F(frmOptionsTest, AFreshUserGetsTheDefaults) {
+TEST_F(frmOptionsTest, ANewUserGetsTheDefaults) {
     StandardCode::Shared().StartCookooFlag = 1;
     Open();
     EXPECT_EQ(SelectedColor(), 0);
@@ -94,7 +94,7 @@ TEST_F(frmOptionsTest, AFreshUserGetsTheDefaults) {
     EXPECT_TRUE(settings.values.empty());
 }
 
-TEST_F(frmOptionsTest, LoadShowsWhatIsStored) {
+TEST_F(frmOptionsTest, LoadShowsTheStoredValues) {
     Set("DefaultColor", "4");
     Set("DefaultFontSize", "3");
     Set("WindowOnTop", "1");
@@ -119,16 +119,16 @@ TEST_F(frmOptionsTest, AnyNoteLoopsButZeroChecksTheBox) {
     EXPECT_EQ(Window().chkNoteLoops.value(), 1);
 }
 
-TEST_F(frmOptionsTest, AMissingIsServiceTakesTheColorCode) {
+TEST_F(frmOptionsTest, WithoutIsServiceTheBoxTakesTheColorCode) {
     Set("DefaultColor", "1");
     Open();
     EXPECT_EQ(Window().chkIsService.value(), 1);
-    // Its handler ran, so that applying makes the link.
+    // The handler of the box has run, so applying makes the link.
     user->Click(Window().cmdApply);
     EXPECT_TRUE(files.FileExists(startupLink));
 }
 
-TEST_F(frmOptionsTest, AMissingIsServiceBesideAColorCodeThatIsNoCheckMarkLeavesTheBoxEmpty) {
+TEST_F(frmOptionsTest, WithoutIsServiceAColorCodeThatIsNoCheckMarkLeavesTheBoxEmpty) {
     Set("DefaultColor", "4");
     Open();
     EXPECT_EQ(Window().chkIsService.value(), 0);
@@ -153,7 +153,7 @@ TEST_F(frmOptionsTest, ATextThatIsNoNumberIsNotTrapped) {
     EXPECT_TRUE(runtime->HasEnded());
 }
 
-TEST_F(frmOptionsTest, ACodeOutOfRangeSelectsNoneAndStays) {
+TEST_F(frmOptionsTest, ACodeOutOfRangeSelectsNoButtonAndStays) {
     Set("DefaultColor", "9");
     Set("DefaultFontSize", "-1");
     Set("IsService", "0");
@@ -198,7 +198,7 @@ TEST_F(frmOptionsTest, ApplyWritesAllSevenKeysEvenWhenNothingChanged) {
     }
 }
 
-TEST_F(frmOptionsTest, ApplyWritesWhatIsChosen) {
+TEST_F(frmOptionsTest, ApplyWritesTheChosenValues) {
     Open();
     user->Click(Window().optDefaultColor[5]);
     user->Click(Window().optDefaultFont[2]);
@@ -289,7 +289,7 @@ TEST_F(frmOptionsTest, AMissingShippedLinkIsReportedAfterTheSettingsAreWritten) 
     EXPECT_EQ(settings.values.size(), 7U);
 }
 
-TEST_F(frmOptionsTest, AStartupFolderElsewhereIsReported) {
+TEST_F(frmOptionsTest, AStartupFolderInAnotherPlaceIsReported) {
     files.Remove(startupFolder);
     Open();
     user->Click(Window().chkIsService);
@@ -308,7 +308,7 @@ TEST_F(frmOptionsTest, ALinkThatCannotBeDeletedIsReported) {
     EXPECT_TRUE(files.FileExists(startupLink));
 }
 
-TEST_F(frmOptionsTest, ASettingThatCannotBeWrittenKeepsThoseBefore) {
+TEST_F(frmOptionsTest, IfASettingCannotBeWrittenTheOnesBeforeItStay) {
     FailingSettings failing;
     failing.failingWrite = 3;
     forms::Machine().settings = &failing;

@@ -18,7 +18,7 @@ class frmSplashTest : public testing_support::WholeProgram {
         settings.values[{"Startup", "View Tips"}] = value;
     }
 
-    // However often the user opens the tips and presses OK, the box shows this and OK stores it.
+    // Expects that each time the tips are opened, the box has this state and OK stores it.
     void ExpectEachTimeInTheMenu(int checked) {
         for (int opened = 0; opened < 3; ++opened) {
             stage->ExpectModal<frmTip>([this, checked](frmTip& tips) {

@@ -52,7 +52,7 @@ TEST_F(frmTipTest, LoadsWithTheFirstTip) {
     });
 }
 
-TEST_F(frmTipTest, NineStepsReachTheLastTipAndDisableTheButton) {
+TEST_F(frmTipTest, NineClicksReachTheLastTipAndDisableTheButton) {
     Show([this](frmTip& window) {
         for (std::size_t index = 1; index < wantedTips.size(); ++index) {
             EXPECT_TRUE(window.cmdNextTip.enabled()) << index;
@@ -63,7 +63,7 @@ TEST_F(frmTipTest, NineStepsReachTheLastTipAndDisableTheButton) {
     });
 }
 
-TEST_F(frmTipTest, OpenAgainWithTheFirstTip) {
+TEST_F(frmTipTest, TheTipsOpenAgainWithTheFirst) {
     Show([this](frmTip& window) { user->Click(window.cmdNextTip); });
     Show([](frmTip& window) { EXPECT_EQ(window.lblTipText.caption(), wantedTips[0]); });
 }

@@ -11,8 +11,9 @@
 #include "tests/long/Scale.h"
 #include "tests/support/WholeProgram.h"
 
-// Everything that can go wrong at the disk, at every step of everything that writes there: the
-// program is killed, or the step fails. What was saved is old or new, what was typed comes back.
+// Every operation that writes to the disk, with a fault at each of its steps: the program is
+// killed, or the step fails. Afterwards each saved file is the old or the new one, and typed text
+// comes back.
 
 using namespace forms;
 using headless::Killed;
@@ -24,9 +25,9 @@ using Disk = std::map<std::string, std::optional<std::string>>;
 
 struct Operation {
     const char* name;
-    std::function<void()> prepare;  // in a program that has started
+    std::function<void()> prepare;  // runs in a program that has started
     std::function<void()> act;
-    // What the user has typed into the editor of Dentist, or nothing.
+    // The text that the user has typed into the editor of Dentist, or nothing.
     std::string typed{};
     bool erases = false;  // the note may be gone afterwards
     bool reports = true;  // errors are shown in the box of the save
@@ -53,7 +54,7 @@ class FaultTest : public testing_support::WholeProgram {
         shipped = files;
     }
 
-    // A fresh machine, the program started and the user at the point of doing it.
+    // Starts the program on a new machine and prepares the operation.
     void Prepare(const Operation& operation) {
         Restart();
         files = shipped;
@@ -217,7 +218,7 @@ class FaultTest : public testing_support::WholeProgram {
         }
     }
 
-    // Each file is as it was before or as it is to be, and nothing in between.
+    // Expects each file to hold its bytes from before or from after the operation.
     void ExpectOldOrNew(const Operation& operation, const Disk& before, const Disk& after,
                         Outcome& outcome) {
         bool changed = false;
@@ -242,7 +243,7 @@ class FaultTest : public testing_support::WholeProgram {
         }
     }
 
-    // How the operation goes when nothing is in its way.
+    // Runs the operation without a fault. Returns the files from before and from after it.
     std::pair<Disk, Disk> Undisturbed(const Operation& operation, Outcome& outcome) {
         Prepare(operation);
         const Disk before = WatchedFiles();
@@ -300,7 +301,7 @@ class FaultTest : public testing_support::WholeProgram {
         }
     }
 
-    // At the next start.
+    // Expects the text after the next start.
     void ExpectTextComesBack(const Operation& operation) {
         StartAgain();
         ExpectNoLeftovers();
@@ -320,7 +321,8 @@ class FaultTest : public testing_support::WholeProgram {
         EXPECT_TRUE(reported) << "no report \"" << text << '"';
     }
 
-    // In the window, and the next save works; or the program has ended, and it comes back.
+    // Expects the text in its window, and the next save to work. If the program has ended, expects
+    // the text after the next start.
     void ExpectTextIsKept(const Operation& operation) {
         if (operation.typed.empty()) {
             return;
@@ -362,13 +364,13 @@ class FaultTest : public testing_support::WholeProgram {
     }
 
     MemoryFiles shipped;
-    std::string newText = "brand new";  // what the user types
+    std::string newText = "brand new";  // the text that the user types
     BoxResult answer = BoxResult::Yes;
 };
 
 }  // namespace
 
-TEST_F(FaultTest, AKillAtAnyStepLeavesTheOldOrTheNew) {
+TEST_F(FaultTest, AKillAtAnyStepLeavesTheOldOrTheNewNote) {
     std::string longText;
     for (int line = 0; line < 2000; ++line) {
         longText += "line " + std::to_string(line) + " of a long text\r\n";
@@ -382,19 +384,19 @@ TEST_F(FaultTest, AKillAtAnyStepLeavesTheOldOrTheNew) {
     }
 }
 
-TEST_F(FaultTest, AnErrorAtAnyStepIsReportedAndCostsNothing) {
+TEST_F(FaultTest, AnErrorAtAnyStepIsReportedAndLosesNothing) {
     ForEachOperation([this](const Operation& operation, Outcome& outcome) {
         FailAtEachStep(operation, outcome);
     });
 }
 
-// Faults that last until somebody sees to them, as the user meets them.
-TEST_F(FaultTest, WhatLastsIsReportedAtEachSaveAndTheSaveAfterItWorks) {
+// Faults that last until the user removes their cause.
+TEST_F(FaultTest, ALastingFaultIsReportedAtEachSaveAndTheSaveAfterItWorks) {
     struct Condition {
         const char* name;
         std::function<void()> begin;
         std::function<void()> end;
-        std::string report;  // empty: the program sees to it itself
+        std::string report;  // empty if the program removes the cause itself
     };
     const std::string folder = testing_support::applicationFolder + "\\Notes";
     const std::string path = PathOf("Dentist");

@@ -16,7 +16,7 @@ namespace long_tests {
 namespace {
 
 constexpr std::size_t keptStory = 60;
-constexpr std::int64_t promised = 2100;  // after which what was typed outlives a kill
+constexpr std::int64_t promised = 2100;  // milliseconds after which typed text outlives a kill
 constexpr int crowded = 40;
 const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
 
@@ -63,7 +63,7 @@ void Monkey::StartProgram() {
     Log("start");
     EndTrouble();
     RemoveDamaged();
-    sound.log.clear();  // what a program plays ends with it
+    sound.log.clear();  // a sound ends with its program
     everTrouble = false;
     depth = 0;
     erased.clear();
@@ -75,7 +75,7 @@ void Monkey::StartProgram() {
     calmSince = clock.MonotonicMilliseconds();
 }
 
-// One of them keeps the program from reading the others, and says so at every turn.
+// A damaged file keeps the program from reading the others, and is reported again and again.
 void Monkey::RemoveDamaged() {
     for (const std::string& name : files.Names(notesFolder)) {
         const std::string path = notesFolder + '\\' + name;
@@ -140,7 +140,7 @@ void Monkey::Sleep() {
     }
 }
 
-// Time that is slept through brings no tick, and so does not count as calm.
+// There are no ticks during sleep, so the time does not count as calm.
 void Monkey::Suspend(std::int64_t seconds) {
     stage->Suspend(seconds);
     calmSince = clock.MonotonicMilliseconds();
@@ -296,7 +296,7 @@ void Monkey::AddControl(Control& control, Choices& choices) {
         case ControlKind::ListBox:
             break;
         default:
-            // The way out would be taken all the time.
+            // With the weight of other buttons, the exit would be chosen too often.
             choices.push_back({name == "frmMain.cmdExit" ? 1 : 3, "click " + name, click});
             break;
     }
@@ -409,7 +409,8 @@ void Monkey::FillUp() {
     StartProgram();
 }
 
-// As from outside: no handler, no event. What was typed two seconds ago is there afterwards.
+// Kills the program from outside: no handler runs and no event comes. Text that was typed more than
+// two seconds ago must come back.
 void Monkey::Kill() {
     ++kills;
     if (trouble || OneIn(2)) {
@@ -425,7 +426,7 @@ void Monkey::Kill() {
         return;
     }
     for (const OpenText& note : texts) {
-        // A new note without a word is not worth a copy.
+        // An empty new note gets no copy.
         const bool isEmpty = note.text.empty() && !note.wasSaved;
         EXPECT_TRUE(isEmpty || IsInEditor(note) || IsInFile(note))
             << note.title << " has lost: " << note.text;

@@ -1,4 +1,4 @@
-// What the monkey types, and what it answers when something opens.
+// The texts that the monkey types, and its answers when something opens.
 #include <array>
 
 #include "app/TrayMessages.h"
@@ -90,7 +90,7 @@ BoxResult Monkey::AnswerBox(const BoxRequest& box) {
     }
     const bool yes = OneIn(2);
     const bool asksToSave = box.caption == "Save Changes?";
-    // The alarm display writes its own text whatever the answer.
+    // The alarm display saves its own text with either answer.
     if (yes != asksToSave || box.caption == " Erase Note?") {
         userDropped = true;
     }
@@ -126,7 +126,7 @@ Menu* Monkey::ChooseFrom(Menu& menu) {
         return nullptr;
     }
     Menu* chosen = entries[static_cast<std::size_t>(Below(static_cast<int>(entries.size())))];
-    // The way out would be taken all the time.
+    // With the weight of other entries, the exit would be chosen too often.
     if (std::string(chosen->name) == "mnuExit" && !OneIn(4)) {
         return nullptr;
     }

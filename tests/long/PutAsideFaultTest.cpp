@@ -6,8 +6,8 @@
 #include "notes/NoteStore.h"
 #include "tests/support/WholeProgram.h"
 
-// What moves a file out of the way, or into its place: at each step the program is killed, the step
-// fails, or the disk is full or read-only. Nothing that was in a file or in a window is lost.
+// Operations that put a file aside or move it into its place. At each step the program is killed,
+// the step fails, or the disk is full or read-only. No text of a file or of a window may be lost.
 
 using namespace forms;
 using headless::Killed;
@@ -153,7 +153,7 @@ class PutAsideFaultTest : public testing_support::WholeProgram {
             << "lost: " << operation.typed;
     }
 
-    // The next start finds everything and clears up.
+    // Expects that the next start finds all texts and removes the temporary files.
     void ExpectAllAfterTheNextStart(const Operation& operation) {
         Restart();
         ExpectFiles(operation);
@@ -168,7 +168,7 @@ class PutAsideFaultTest : public testing_support::WholeProgram {
         }
     }
 
-    // Each step of the operation, from 1.
+    // The number of steps of the operation.
     int StepsOf(const Operation& operation) {
         Prepare(operation);
         files.ClearFaults();

@@ -6,7 +6,7 @@
 #include "notes/frmDisplayNote.h"
 #include "tests/support/NoteProgram.h"
 
-// Texts of every kind, and files that are not as the program would have written them.
+// Texts of all kinds, and files that the program would not have written in this form.
 
 namespace {
 
@@ -14,7 +14,7 @@ using namespace std::string_literals;
 
 class BadTextsTest : public testing_support::NoteProgram {
   protected:
-    // The text box of the note in the file, after a start of the program.
+    // Starts the program with this file. Returns the text in the text box of the note.
     std::string Shown(const std::string& bytes) {
         files.PutFile(PathOf("Note"), bytes);
         RestartProgram();
@@ -27,7 +27,7 @@ class BadTextsTest : public testing_support::NoteProgram {
     }
 };
 
-TEST_F(BadTextsTest, WhateverIsPastedComesBack) {
+TEST_F(BadTextsTest, AnyPastedTextComesBack) {
     std::string scripts;
     while (scripts.size() < 65536) {
         scripts += "\xf0\x9f\x98\x80\xd7\xa9\xd7\x9c e\xcc\x81\t\xe6\x97\xa5\r\n";
@@ -48,7 +48,7 @@ TEST_F(BadTextsTest, WhateverIsPastedComesBack) {
     }
 }
 
-TEST_F(BadTextsTest, NothingBehindAZeroByteIsLost) {
+TEST_F(BadTextsTest, TheTextAfterAZeroByteIsKept) {
     const std::string bytes = FileWith("first\0second\0third"s);
     EXPECT_EQ(Shown(bytes), "first second third");
     user->Restore(Editor("Note"));
@@ -61,7 +61,7 @@ TEST_F(BadTextsTest, NothingBehindAZeroByteIsLost) {
     EXPECT_EQ(FileOf("Note"), FileWith("first second third!"));
 }
 
-TEST_F(BadTextsTest, NothingBehindAZeroByteOfARecoveryCopyIsLost) {
+TEST_F(BadTextsTest, TheTextAfterAZeroByteOfARecoveryCopyIsKept) {
     MakeNote("Note", "first_second");
     Advance(2000);
     const std::string copy = "C:\\Jotwright\\Notes\\~Note-" + system.instanceId + ".recovery";
@@ -78,7 +78,7 @@ TEST_F(BadTextsTest, EveryLineBreakIsShownAndKept) {
     EXPECT_EQ(Shown(FileWith("a\nb\n\nc")), "a\r\nb\r\n\r\nc");
     EXPECT_EQ(Shown(FileWith("a\rb\r\rc")), "a\r\nb\r\n\r\nc");
     EXPECT_EQ(Shown(FileWith("a\r\nb\n\rc\r")), "a\r\nb\r\n\r\nc\r\n");
-    // What is only shown is no change: nothing has to be kept for the next start.
+    // Showing a text does not change it, so nothing must be kept for the next start.
     Advance(2000);
     EXPECT_EQ(files.Names("C:\\Jotwright\\Notes"), std::vector<std::string>{"Note.txt"});
     user->Restore(Editor("Note"));
@@ -101,9 +101,9 @@ TEST_F(BadTextsTest, TheAlarmDisplayShowsEveryLineBreak) {
     EXPECT_EQ(display->lblNoteText.text(), "a\r\nb");
 }
 
-// A text with double quotes is written as it stands, and is found whole again by the fields that
-// follow it; no other note is touched.
-TEST_F(BadTextsTest, QuotesComeBackAndTheAlarmRings) {
+// A text with double quotes is written unchanged. The reader finds its end by the fields that
+// follow it. Other notes are not touched.
+TEST_F(BadTextsTest, ATextWithQuotesComesBackAndTheAlarmRings) {
     const std::string tail = ",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
     for (const std::string& text : std::vector<std::string>{
              "He said \"no\"", "\"", "5\" pipe", "x\" \"", "\"\"", "a\",", "\",#", "\"\r\n\"",
@@ -132,7 +132,7 @@ TEST_F(BadTextsTest, QuotesComeBackAndTheAlarmRings) {
     }
 }
 
-TEST_F(BadTextsTest, DatesThatPickersDoNotKnowStay) {
+TEST_F(BadTextsTest, DatesThatThePickersCannotShowStay) {
     for (const char* date : {"#0100-01-01#", "#0512-02-29#", "#1500-06-05#", "#1600-12-31#",
                              "#1752-09-14#", "#1899-12-30#", "#9999-12-31#"}) {
         const std::string bytes = FileWith("text", date);
@@ -150,7 +150,7 @@ TEST_F(BadTextsTest, DatesThatPickersDoNotKnowStay) {
     }
 }
 
-TEST_F(BadTextsTest, DatesThatAreNoneAreReportedAndTheFileStays) {
+TEST_F(BadTextsTest, ImpossibleDatesAreReportedAndTheFileStays) {
     for (const char* date : {"#0000-00-00#", "#0099-12-31#", "#10000-01-01#", "#2004-02-30#",
                              "#2004-13-01#", "#-2004-01-01#", "#99999999999999999999-1-1#"}) {
         const std::string bytes = FileWith("text", date);
@@ -164,7 +164,7 @@ TEST_F(BadTextsTest, DatesThatAreNoneAreReportedAndTheFileStays) {
     }
 }
 
-TEST_F(BadTextsTest, NumbersOutOfRangeAreReportedOrPassedOver) {
+TEST_F(BadTextsTest, NumbersOutOfRangeAreReportedOrIgnored) {
     for (const char* numbers : {"32768,12", "1,-32769", "1,1e5", "1,99999999999999999999"}) {
         const std::string bytes = "\"Note\",\"text\",#2004-05-14#,#09:30:00#," +
                                   std::string(numbers) + ",\"0\",0,\"yes\"\r\n";

@@ -3,7 +3,7 @@
 
 #include "tests/notes/NoteStoreProgram.h"
 
-// Other programs change, damage, remove and hold the files of open notes.
+// Other programs change, damage, remove and lock the files of open notes.
 
 namespace {
 
@@ -43,7 +43,7 @@ TEST_F(NoteStoreOtherProgramsTest, AnErasedOrReplacedFileOfAnOpenEditorIsUnsaved
         EXPECT_EQ(InFolder().size(), isErased ? 1U : 2U);
         user->Restore(Editor("Dentist"));
         user->Click(Editor("Dentist").tlbMain, "Hide");
-        // A file that was changed elsewhere is newer than an editor that nobody touched.
+        // A file that another program changed is newer than an editor without an edit.
         EXPECT_EQ(Saved("Dentist").Text, isErased ? "text" : "by another program");
         EXPECT_EQ(files.RecycledBytes().size(), isErased ? 0U : 1U);
     }
@@ -60,7 +60,7 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditIsWrittenOverAFileThatWasChangedElsewhe
     EXPECT_NE(files.RecycledBytes()[0].find("by another program"), std::string::npos);
 }
 
-TEST_F(NoteStoreOtherProgramsTest, AFileThatCannotBeReadAnyMoreMakesItsEditorUnsaved) {
+TEST_F(NoteStoreOtherProgramsTest, IfItsFileCanNoLongerBeReadAnEditorIsUnsaved) {
     PutNote(Note("Dentist"));
     ReadAll();
     PutNoteWithBadDate("Dentist");
@@ -70,7 +70,7 @@ TEST_F(NoteStoreOtherProgramsTest, AFileThatCannotBeReadAnyMoreMakesItsEditorUns
     EXPECT_EQ(InFolder().size(), 2U);
 }
 
-TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesItsChange) {
+TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesAChangeOfTheFile) {
     for (const bool isFull : {true, false}) {
         SCOPED_TRACE(isFull ? "more than 100 files" : "behind a file that fails");
         files.PutFolder(folder);
@@ -103,7 +103,7 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesItsChange) 
         EXPECT_EQ(isRead(), 1);
         Advance(2000);
         EXPECT_EQ(files.List(folder, ".recovery").size(), 1U);
-        // Written again as it was, by a program that gives it another time.
+        // Another program writes the same bytes again, which changes the time of the file.
         PutNote(Note("Zebra", "stripes"));
         load();
         EXPECT_FALSE(note.IsFileOther());
@@ -117,7 +117,7 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesItsChange) 
     }
 }
 
-TEST_F(NoteStoreOtherProgramsTest, AFileInNoSlotThatWasHeldIsReadWhenItIsFree) {
+TEST_F(NoteStoreOtherProgramsTest, AFileInNoSlotThatWasInUseIsReadLater) {
     files.PutFolder(folder);
     PutNote(Note("Zebra", "stripes"));
     Start(StandardCode::ReadNotes);
@@ -133,7 +133,7 @@ TEST_F(NoteStoreOtherProgramsTest, AFileInNoSlotThatWasHeldIsReadWhenItIsFree) {
     EXPECT_FALSE(note.IsFileOther());
 }
 
-TEST_F(NoteStoreOtherProgramsTest, AFolderThatIsGoneForAMomentLeavesNothingUnsaved) {
+TEST_F(NoteStoreOtherProgramsTest, AFolderThatIsMissingForAMomentLeavesNothingUnsaved) {
     for (const bool isNoticed : {true, false}) {
         SCOPED_TRACE(isNoticed ? "the array is rebuilt" : "nobody looks when it is back");
         PutNote(Note("Dentist"));
@@ -143,7 +143,7 @@ TEST_F(NoteStoreOtherProgramsTest, AFolderThatIsGoneForAMomentLeavesNothingUnsav
         files.Remove(folder);
         Start([] { StandardCode::LoadNotesArray(); });
         EXPECT_TRUE(Shared().NotesArray[1].Title.empty());
-        // The editor holds the only text now.
+        // Now only the editor has the text.
         Advance(5000);
         EXPECT_EQ(InFolder().size(), 1U);
         files = disk;
@@ -161,7 +161,7 @@ TEST_F(NoteStoreOtherProgramsTest, AFolderThatIsGoneForAMomentLeavesNothingUnsav
     }
 }
 
-TEST_F(NoteStoreOtherProgramsTest, AFileThatIsHeldForAMomentIsWaitedFor) {
+TEST_F(NoteStoreOtherProgramsTest, ASaveWaitsForAFileThatIsInUseForAMoment) {
     PutNote(Note("Dentist", "old"));
     ReadAll();
     TypeInto(Editor("Dentist"), "new");
@@ -177,7 +177,7 @@ TEST_F(NoteStoreOtherProgramsTest, AFileThatIsHeldForAMomentIsWaitedFor) {
     EXPECT_EQ(pauses, 20);
 }
 
-TEST_F(NoteStoreOtherProgramsTest, AFileThatStaysHeldIsReportedAfterASecondAndAHalf) {
+TEST_F(NoteStoreOtherProgramsTest, AFileThatStaysInUseIsReportedAfterOneAndAHalfSeconds) {
     PutNote(Note("Dentist", "old"));
     ReadAll();
     TypeInto(Editor("Dentist"), "new");

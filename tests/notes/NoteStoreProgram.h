@@ -10,7 +10,7 @@
 
 namespace testing_support {
 
-// Note windows on a folder that is looked at file by file.
+// Note windows, with access to each file in the folder of the notes.
 class NoteStoreProgram : public NoteProgram {
   protected:
     using Names = std::vector<std::string>;
@@ -54,7 +54,7 @@ class NoteStoreProgram : public NoteProgram {
         }
     }
 
-    // The bytes of the whole folder.
+    // The names and bytes of all files in the folder.
     std::map<std::string, std::string> Folder() const {
         std::map<std::string, std::string> all;
         for (const std::string& name : files.Names(folder)) {

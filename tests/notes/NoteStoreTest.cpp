@@ -4,7 +4,7 @@
 #include "notes/frmDisplayNote.h"
 #include "tests/notes/NoteStoreProgram.h"
 
-// A note is its file, whatever its title.
+// A note is identified by its file, not by its title.
 
 namespace {
 
@@ -14,7 +14,7 @@ using StandardCode::Shared;
 
 class NoteStoreTest : public testing_support::NoteStoreProgram {
   protected:
-    // Loads the array from a damaged file and, behind it, the note "Zebra" in the given file.
+    // Loads the array from a damaged file and, after it, the note "Zebra" in the given file.
     void LoadBehindADamagedFile(const std::string& file) {
         files.PutFolder(folder);
         PutNoteWithBadDate("abad");
@@ -30,7 +30,7 @@ class NoteStoreTest : public testing_support::NoteStoreProgram {
     }
 };
 
-TEST_F(NoteStoreTest, TwoFilesOfOneTitleAreTwoNotes) {
+TEST_F(NoteStoreTest, TwoFilesWithTheSameTitleAreTwoNotes) {
     PutNote(Note("Dentist", "new"));
     PutNoteAs("Dentist_old.txt", Note("Dentist", "old"));
     ReadAll();
@@ -89,7 +89,7 @@ TEST_F(NoteStoreTest, ANoteWithoutATitleRingsAndTurnsOffTheAlarmOfItsFile) {
     EXPECT_EQ(InFolder(), Names{"x.txt"});
 }
 
-TEST_F(NoteStoreTest, TheAlarmDisplayOfANoteWithoutATitleGoesByItsFile) {
+TEST_F(NoteStoreTest, TheAlarmDisplayOfANoteWithoutATitleUsesItsFile) {
     PutNote(Note("a", "neighbour"));
     PutNoteAs("x.txt", Note("").WithAlarm());
     Start([] { StandardCode::LoadNotesArray(); });
@@ -108,7 +108,7 @@ TEST_F(NoteStoreTest, TheAlarmDisplayOfANoteWithoutATitleGoesByItsFile) {
     EXPECT_EQ(InFolder(), Names{"a.txt"});
 }
 
-TEST_F(NoteStoreTest, EachOfTwoNotesOfOneTitleIsErasedAndOpenedByItself) {
+TEST_F(NoteStoreTest, TwoNotesWithTheSameTitleAreOpenedAndErasedSeparately) {
     PutNote(Note("Dentist", "new"));
     PutNoteAs("Dentist_old.txt", Note("Dentist", "old"));
     Start([] { StandardCode::LoadNotesArray(); });
@@ -150,10 +150,10 @@ TEST_F(NoteStoreTest, AnotherNotesFileGoesToTheRecycleBinBeforeANewNoteTakesIt) 
     EXPECT_EQ(In("Shopping.txt").Text, "bread");
     ASSERT_EQ(files.RecycleBin(), Names{folder + "\\Shopping.txt"});
     EXPECT_EQ(files.RecycledBytes()[0], NoteFile::Encode(Note("Shopping", "milk")));
-    // The open editor of that file knows that its text is unsaved.
+    // The open editor of the old file is now unsaved.
     Advance(3000);
     EXPECT_EQ(InFolder().size(), 2U);
-    // Nobody has touched it, so it does not write its text over the newer one.
+    // It has no edit, so closing it does not replace the newer text.
     user->CloseBox(Editor("Shopping"));
     EXPECT_EQ(In("Shopping.txt").Text, "bread");
     ASSERT_EQ(files.RecycledBytes().size(), 2U);
@@ -173,7 +173,7 @@ TEST_F(NoteStoreTest, WithoutARecycleBinTheOldFileIsKeptUnderAnotherName) {
     EXPECT_EQ(In("Shopping.txt (2).replaced").Text, "bread");
 }
 
-TEST_F(NoteStoreTest, OfTwoNewNotesOfOneTitleBothTextsAreKept) {
+TEST_F(NoteStoreTest, TheTextsOfTwoNewNotesWithTheSameTitleAreBothKept) {
     frmNote& first = MakeNote("Same", "one");
     Start([] { StandardCode::CreateNote("Same"); });
     auto& second = static_cast<frmNote&>(*runtime->LoadedForms().back());
@@ -225,24 +225,24 @@ TEST_F(NoteStoreTest, AKillBetweenTheRecycleBinAndTheNewFileLosesNeither) {
     }
 }
 
-TEST_F(NoteStoreTest, ATitleOfAFileBeyondADamagedOneIsTaken) {
+TEST_F(NoteStoreTest, TheTitleOfAFileAfterADamagedFileIsTaken) {
     LoadBehindADamagedFile("Zebra.txt");
     ExpectOnlyZebraIsTaken();
     EXPECT_TRUE(StandardCode::Notes().IsTaken("abad"));
     EXPECT_FALSE(StandardCode::Notes().IsTaken("What?"));
 }
 
-TEST_F(NoteStoreTest, TheLettersOfTheExtensionDoNotFreeATitle) {
+TEST_F(NoteStoreTest, ATitleIsTakenWhateverTheCaseOfTheExtension) {
     LoadBehindADamagedFile("Zebra.TXT");
     ExpectOnlyZebraIsTaken();
-    // Once it is in a slot, the title of the note decides.
+    // As soon as the note is in a slot, its title is compared instead of its file name.
     files.Remove(folder + "\\abad.txt");
     PutNoteAs("Zebra.TXT", Note("Horse", "stripes"));
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_FALSE(StandardCode::Notes().IsTaken("Zebra"));
 }
 
-TEST_F(NoteStoreTest, TitlesInAnySlotAreTakenExactly) {
+TEST_F(NoteStoreTest, ATitleInASlotIsTakenInTheSameCaseOnly) {
     for (const int slot : {1, 50, 100}) {
         Shared().NotesArray[slot].Title = "Shopping";
         EXPECT_TRUE(StandardCode::Notes().IsTaken("Shopping")) << slot;
@@ -291,7 +291,7 @@ TEST_F(NoteStoreTest, TheHundredAndFirstFileIsReportedOnceForEachAction) {
     EXPECT_EQ(Shared().NotesArray[100].Title, "Note");
 }
 
-TEST_F(NoteStoreTest, TheAlarmOfANoteInTheFileOfAnotherRings) {
+TEST_F(NoteStoreTest, TheAlarmOfANoteInTheFileOfAnotherNoteRings) {
     frmNote& first = MakeNote("Same", "one");
     Start([&first] { first.WriteNote(); });
     Start([] { StandardCode::CreateNote("Same"); });
@@ -306,7 +306,7 @@ TEST_F(NoteStoreTest, TheAlarmOfANoteInTheFileOfAnotherRings) {
     EXPECT_EQ(opened.last->lblNoteText.text(), "two");
 }
 
-TEST_F(NoteStoreTest, TheAlarmOfAFileWithTwoEditorsRingsInTheOneThatSavedIt) {
+TEST_F(NoteStoreTest, TheAlarmOfAFileWithTwoEditorsRingsInTheEditorThatSavedIt) {
     frmNote& first = MakeNote("Same", "one");
     Start([&first] { first.WriteNote(); });
     Start([] { StandardCode::CreateNote("Same"); });
@@ -317,7 +317,7 @@ TEST_F(NoteStoreTest, TheAlarmOfAFileWithTwoEditorsRingsInTheOneThatSavedIt) {
     const auto opened =
         NoteAlarmsCheck::DisplayDue(base::Combine(forms::Today(), DateTime::FromTime(12, 0, 0)));
     EXPECT_EQ(opened.last, nullptr);
-    // If neither shows what the file holds, it is the first.
+    // If neither editor shows the text of the file, the first editor rings.
     PutNote(Note("Same", "by another program"));
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_EQ(&StandardCode::Notes().FindOpen("Same.txt")->Editor().Window(), &first);
@@ -346,7 +346,7 @@ TEST_F(NoteStoreTest, ADamagedFileIsRenamedIfThereIsNoRecycleBin) {
     EXPECT_EQ(files.Peek(folder + "\\b.txt.damaged"), "\"b\",\"half a");
 }
 
-TEST_F(NoteStoreTest, AWholeLeftoverBecomesTheNoteThatIsMissing) {
+TEST_F(NoteStoreTest, AWholeLeftoverBecomesTheMissingNote) {
     files.PutFolder(folder);
     const std::string mine = folder + "\\~Jotwright-0123456789abcdef-3.tmp";
     files.PutFile(mine, NoteFile::Encode(Note("Lost", "found")));

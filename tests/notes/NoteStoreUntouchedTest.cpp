@@ -4,7 +4,7 @@
 #include "forms/Gestures.h"
 #include "tests/notes/NoteStoreProgram.h"
 
-// Notes that nobody touches keep every byte of their files.
+// Notes without an edit keep every byte of their files.
 
 namespace {
 
@@ -12,7 +12,7 @@ using base::DateTime;
 
 class NoteStoreUntouchedTest : public testing_support::NoteStoreProgram {
   protected:
-    // The open note "Dentist" rings at 9:00:05 and is not touched; its saved record.
+    // The open note "Dentist" rings at 9:00:05 and is not edited. Returns its saved record.
     StandardCode::NoteRecord LetDentistRing() {
         SetNow(2004, 5, 14, 9, 0, 0);
         const Note record = Note("Dentist").WithAlarmAt(9, 0, 5);
@@ -93,7 +93,7 @@ TEST_F(NoteStoreUntouchedTest, AnAlarmThatRangIsOffInTheFileAfterExitAndEndOfSes
     }
 }
 
-TEST_F(NoteStoreUntouchedTest, UnderUtf8NoByteChangesEither) {
+TEST_F(NoteStoreUntouchedTest, UnderUtf8NoByteChanges) {
     locale.codePage = 65001;
     files.PutFolder(folder);
     const std::string tail = "\",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";

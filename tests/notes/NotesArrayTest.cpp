@@ -77,7 +77,7 @@ TEST_F(NotesArrayTest, SlotsFollowTheListing) {
     EXPECT_EQ(Shared().NotesArray[4], NoteRecord{});
 }
 
-TEST_F(NotesArrayTest, NotesThatAreGoneLeaveEmptySlots) {
+TEST_F(NotesArrayTest, RemovedNotesLeaveEmptySlots) {
     PutNote("a");
     PutNote("b");
     Load();
@@ -88,7 +88,7 @@ TEST_F(NotesArrayTest, NotesThatAreGoneLeaveEmptySlots) {
     EXPECT_EQ(Shared().NotesArray[2], NoteRecord{});
 }
 
-TEST_F(NotesArrayTest, TitleComesFromTheFileNotItsName) {
+TEST_F(NotesArrayTest, TheTitleComesFromTheContentsOfTheFile) {
     PutNoteAs("x.txt", DueNote("Real title"));
     Load();
     EXPECT_EQ(Shared().NotesArray[1].Title, "Real title");
@@ -134,7 +134,7 @@ TEST_F(NotesArrayTest, FieldThatCannotBeConvertedIsReportedAndLeavesTheCount) {
     EXPECT_EQ(Shared().NoteCount, 1);
     EXPECT_EQ(timesLoaded, 1);
     EXPECT_EQ(files.RecycleBin(), std::vector<std::string>{});
-    // The damaged note's title stays taken.
+    // The title of the damaged note stays taken.
     EXPECT_EQ(Titles(), (std::vector<std::string>{"a", "b"}));
     EXPECT_EQ(Shared().NotesArray[2].AlarmState, "");
 }
@@ -196,7 +196,7 @@ TEST_F(NotesArrayTest, UnchangedFilesAreNotReadAgain) {
     EXPECT_EQ(files.Log(), std::vector<std::string>{"read " + NotePath("a")});
 }
 
-TEST_F(NotesArrayTest, AFileThatWasGoneMeanwhileIsReadAgain) {
+TEST_F(NotesArrayTest, AFileThatWasRemovedAndCameBackIsReadAgain) {
     PutNote("a");
     PutNote("b");
     Load();
@@ -208,7 +208,7 @@ TEST_F(NotesArrayTest, AFileThatWasGoneMeanwhileIsReadAgain) {
     EXPECT_EQ(files.Log(), std::vector<std::string>{"read " + NotePath("b")});
 }
 
-TEST_F(NotesArrayTest, ChangesOfTheArrayDoNotReachWhatIsRemembered) {
+TEST_F(NotesArrayTest, ChangesOfTheArrayDoNotChangeTheRememberedRecords) {
     PutNote("a");
     Load();
     Shared().NotesArray[1].AlarmState = "changed";
@@ -216,7 +216,7 @@ TEST_F(NotesArrayTest, ChangesOfTheArrayDoNotReachWhatIsRemembered) {
     EXPECT_EQ(Shared().NotesArray[1].AlarmState, "1");
 }
 
-// A file system whose clock ticks coarsely gives two savings of one length the same time.
+// A file system with a coarse clock: two saves of the same length may get the same time.
 class CoarseClockFiles : public forms::headless::MemoryFiles {
   public:
     std::vector<forms::FileEntry> List(const std::string& folder,
@@ -229,7 +229,7 @@ class CoarseClockFiles : public forms::headless::MemoryFiles {
     }
 };
 
-TEST_F(NotesArrayTest, OwnSavingsAreSeenWhateverTheFileTimeSays) {
+TEST_F(NotesArrayTest, TheProgramsOwnSavesAreSeenWhateverTheFileTime) {
     CoarseClockFiles coarse;
     coarse.PutFolder(StandardCode::NotesFolder());
     forms::Machine().files = &coarse;
@@ -244,7 +244,7 @@ TEST_F(NotesArrayTest, OwnSavingsAreSeenWhateverTheFileTimeSays) {
     forms::Machine().files = &files;
 }
 
-TEST_F(NotesArrayTest, SavingWritesTheFormAskedFor) {
+TEST_F(NotesArrayTest, SavingWritesTheRequestedForm) {
     StandardCode::Notes().Write("a.txt", DueNote("a"));
     EXPECT_EQ(files.Peek(NotePath("a")), NoteFile::Encode(DueNote("a")));
     StandardCode::Notes().Write("a.txt", DueNote("a"), NoteFile::TimeField::RewrittenText);
@@ -252,7 +252,7 @@ TEST_F(NotesArrayTest, SavingWritesTheFormAskedFor) {
               NoteFile::Encode(DueNote("a"), NoteFile::TimeField::RewrittenText));
 }
 
-TEST_F(NotesArrayTest, FolderIsMadeWhereItIsMissing) {
+TEST_F(NotesArrayTest, AMissingFolderIsMade) {
     StandardCode::EnsureNotesFolder();
     EXPECT_TRUE(files.Log().empty());
     files.Remove(StandardCode::NotesFolder());
@@ -290,7 +290,7 @@ TEST_F(NotesArrayTest, Error457IsSilent) {
     EXPECT_FALSE(saved);
 }
 
-TEST_F(NotesArrayTest, NoErrorNoReport) {
+TEST_F(NotesArrayTest, WithoutAnErrorThereIsNoReport) {
     bool saved = false;
     Start([&] { saved = StandardCode::ReportWriteErrors([] {}); });
     EXPECT_TRUE(saved);

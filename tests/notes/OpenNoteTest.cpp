@@ -14,7 +14,7 @@ class OpenNoteTest : public testing_support::NoteProgram {
     }
 };
 
-TEST_F(OpenNoteTest, OpensTheSlotsNote) {
+TEST_F(OpenNoteTest, OpensTheNoteOfTheSlot) {
     Shared().NotesArray[7] = Note("Dentist", "Call.\r\nAsk.")
                                  .At(9, 30)
                                  .On(DateTime::FromDate(2031, 2, 3))
@@ -90,7 +90,7 @@ TEST_F(OpenNoteTest, TheCurrentNoteIsTheLastOneOpened) {
     EXPECT_EQ(StandardCode::CurrentNote(), nullptr);
 }
 
-TEST_F(OpenNoteTest, OfTwoEditorsOfOneFileTheOneThatSavedItIsBroughtUp) {
+TEST_F(OpenNoteTest, IfAFileHasTwoEditorsTheOneThatSavedItComesUp) {
     MakeNote("Same", "one");
     Start([] { StandardCode::CreateNote("Same"); });
     auto& second = static_cast<frmNote&>(*runtime->LoadedForms().back());

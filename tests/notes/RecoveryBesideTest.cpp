@@ -2,7 +2,8 @@
 
 #include "tests/notes/RecoveryProgram.h"
 
-// A recovery copy of a note whose file has changed since comes up as a second note beside it.
+// If the file of a note has changed since its recovery copy was written, the copy comes up as a
+// second note beside it.
 
 namespace {
 
@@ -17,14 +18,14 @@ TEST_F(RecoveryBesideTest, ACopyOfAnOlderFileComesUpBesideTheNote) {
     EXPECT_EQ(Editor("Dentist").windowState(), forms::WindowState::Minimized);
     EXPECT_EQ(Editor("Dentist (recovered)").txtNote.text(), "typed");
     EXPECT_EQ(Editor("Dentist (recovered)").windowState(), forms::WindowState::Normal);
-    // Killed once more before it is saved, it comes back under its new name.
+    // If the program is killed again before the copy is saved, it comes back under its new name.
     KillAndStartAgain();
     EXPECT_EQ(Editor("Dentist (recovered)").txtNote.text(), "typed");
     EXPECT_EQ(StandardCode::NoteTitles().size(), 2U);
 }
 
-// A scanner holds the copy while the note is saved and closed; the copy then says less than the
-// file.
+// A virus scanner has the copy open while the note is saved and closed. Afterwards the copy is
+// older than the file.
 TEST_F(RecoveryBesideTest, ACopyThatCouldNotBeRemovedNeverReplacesASavedText) {
     EditSaved(Note("Dentist", "old"), "first half");
     const std::string copy = CopyPath();
@@ -88,7 +89,7 @@ TEST_F(RecoveryBesideTest, ACopyOfAnEarlierVersionComesUpBesideTheNote) {
     EXPECT_EQ(beside.dtTime.value(), base::DateTime::FromTime(12, 0, 0));
     EXPECT_EQ(Editor("New").txtNote.text(), "never saved");
     EXPECT_EQ(StandardCode::NoteTitles().size(), 4U);
-    // Both are unsaved, and outlive another kill.
+    // Both notes are unsaved and survive another kill.
     KillAndStartAgain();
     EXPECT_EQ(Editor("New").txtNote.text(), "never saved");
     user->CloseBox(Editor("Dentist (recovered)"));
@@ -103,7 +104,7 @@ TEST_F(RecoveryBesideTest, ACopyIsNotDroppedIfAnotherTitleOnlyBeginsTheSame) {
     PutNote(Note("A", "by another machine"));
     Start(StandardCode::ReadNotes);
     EXPECT_EQ(Editor("A (recovered)").txtNote.text(), "typed");
-    // One that was saved under such a title is.
+    // The copy is dropped if its text was saved under such a title.
     user->CloseBox(Editor("A (recovered)"));
     ASSERT_EQ(Saved("A (recovered)").Text, "typed");
     RecoveredNote again;
@@ -117,7 +118,7 @@ TEST_F(RecoveryBesideTest, ACopyIsNotDroppedIfAnotherTitleOnlyBeginsTheSame) {
 }
 
 TEST_F(RecoveryBesideTest, ARecoveredNoteWithALongTitleCanBeSaved) {
-    // With its folder and extension, as long as a path may be.
+    // With its folder and extension, the path has the maximum length.
     const std::string title(259 - std::string("C:\\Jotwright\\Notes\\.txt").size(), 'x');
     PutNote(Note(title, "old"));
     Start(StandardCode::ReadNotes);

@@ -8,7 +8,7 @@ using RecoveryOtherProgramsTest = testing_support::RecoveryProgram;
 
 TEST_F(RecoveryOtherProgramsTest, ACopyOfARunningProgramIsLeftAlone) {
     EditSaved(Note("Dentist", "old"), "typed");
-    // Another program on the same folder.
+    // Another program runs on the same folder.
     files.SetLocked(folder + "\\~Jotwright-" + system.instanceId + ".lock", true);
     const std::string first = system.instanceId;
     system.instanceId = "000000000000000b";
@@ -46,7 +46,7 @@ TEST_F(RecoveryOtherProgramsTest, TheStartWaitsForACopyAndAFileThatAreInUse) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed");
 }
 
-// What each of two programs sees that look at the folder in the same moment.
+// The folder as two programs see it that look at the same time: neither sees the copy of the other.
 struct FilesBeforeTheOther : forms::headless::MemoryFiles {
     bool FileExists(const std::string& path) override {
         return !path.ends_with(".recovery") && MemoryFiles::FileExists(path);

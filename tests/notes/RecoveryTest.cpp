@@ -66,7 +66,7 @@ TEST_F(RecoveryTest, ACopyThatEqualsTheSavedNoteIsNoEdit) {
 
 TEST_F(RecoveryTest, TheNoteKeepsItsColorAndItsAlarm) {
     EditSaved(Note("Dentist", "old").WithAlarm().InColor(3), "new");
-    // An earlier file now ends the restoring.
+    // A damaged file that is read earlier ends the restoring.
     files.PutFile(PathOf("Aaa"), "damaged");
     RestartProgram();
     ExpectLoadError("Input past end of file");

@@ -22,7 +22,7 @@ TEST_F(RestoreNotesTest, AnEmptyOrMissingFolderOpensNothing) {
     EXPECT_EQ(stage->Pointer(), forms::MousePointer::Hourglass);
 }
 
-TEST_F(RestoreNotesTest, EveryNoteComesBackMinimised) {
+TEST_F(RestoreNotesTest, EveryNoteComesBackMinimized) {
     PutNote(Note("Beta", "second"));
     PutNote(Note("Alpha", "first"));
     Restore();
@@ -43,7 +43,7 @@ struct RestoredColorCase {
     const char* item;
 };
 
-TEST_F(RestoreNotesTest, ColorsAreStrongAndWhatIsUnknownIsYellow) {
+TEST_F(RestoreNotesTest, ColorsAreStrongAndAnUnknownColorIsYellow) {
     const std::vector<RestoredColorCase> cases{
         {1, {255, 255, 255}, {0, 0, 0}, "White"}, {2, {255, 0, 0}, {255, 255, 255}, "Red"},
         {3, {0, 255, 0}, {0, 0, 0}, "Green"},     {4, {0, 0, 255}, {255, 255, 255}, "Blue"},
@@ -65,7 +65,7 @@ TEST_F(RestoreNotesTest, ColorsAreStrongAndWhatIsUnknownIsYellow) {
     }
 }
 
-TEST_F(RestoreNotesTest, OnlyTheFourFontSizesAreTaken) {
+TEST_F(RestoreNotesTest, OnlyTheFourFontSizesAreAccepted) {
     const std::vector<std::pair<int, int>> cases{{10, 10}, {12, 12}, {14, 14},
                                                  {16, 16}, {11, 12}, {0, 12}};
     for (const auto& [saved, shown] : cases) {
@@ -108,7 +108,7 @@ TEST_F(RestoreNotesTest, AnAlarmComesBackSet) {
     EXPECT_FALSE(note.dtTime.enabled());
 }
 
-TEST_F(RestoreNotesTest, TheSharedAlarmFlagIsThatOfTheLastNote) {
+TEST_F(RestoreNotesTest, TheSharedAlarmFlagIsTheFlagOfTheLastNote) {
     PutNote(Note("Alpha", "").WithAlarm());
     PutNote(Note("Beta", ""));
     Restore();
@@ -137,7 +137,7 @@ TEST_F(RestoreNotesTest, ARewrittenNoteComesBackWithItsAlarmOff) {
     EXPECT_EQ(note.dtTime.value(), DateTime::FromTime(12, 0, 0));
 }
 
-TEST_F(RestoreNotesTest, ATitleThatDiffersFromTheFileNameIsTheNotes) {
+TEST_F(RestoreNotesTest, TheTitleComesFromTheFileEvenIfTheFileNameDiffers) {
     files.PutFolder("C:\\Jotwright\\Notes");
     files.PutFile(PathOf("file"), NoteFile::Encode(Note("title")));
     Restore();
@@ -180,7 +180,7 @@ TEST_F(RestoreNotesTest, AMissingAlarmIconEndsTheRestoring) {
     EXPECT_FALSE(testing_support::IsNoteOpen("Beta"));
 }
 
-TEST_F(RestoreNotesTest, AMissingAlarmIconDoesNotCostTheAlarm) {
+TEST_F(RestoreNotesTest, TheAlarmStaysSetIfTheAlarmIconIsMissing) {
     const Note record = Note("Alpha").WithAlarm();
     PutNote(record);
     files.Remove("C:\\Jotwright\\alarmon.ico");

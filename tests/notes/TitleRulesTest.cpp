@@ -20,7 +20,7 @@ void ExpectVerdict(const std::string& title, int rule, const std::string& pictur
     EXPECT_EQ(verdict.HasMessage(), !text.empty()) << title;
 }
 
-TEST(TitleRulesTest, NumberAloneIsRejectedAndStays) {
+TEST(TitleRulesTest, ANumberIsRejectedAndStays) {
     for (const char* title : {"2004", "-5", "1,000.50", "1e5", " 7 ", ".5"}) {
         ExpectVerdict(title, 1, "letters.gif", " Note Title Error",
                       "Note titles can't contain numeric characters only.\r\n"
@@ -29,14 +29,16 @@ TEST(TitleRulesTest, NumberAloneIsRejectedAndStays) {
     }
 }
 
-TEST(TitleRulesTest, NumberWithLettersPasses) { ExpectVerdict("2004 plans", 0, "", "", "", false); }
+TEST(TitleRulesTest, ANumberWithLettersIsAccepted) {
+    ExpectVerdict("2004 plans", 0, "", "", "", false);
+}
 
 TEST(TitleRulesTest, EmptyTitle) {
     ExpectVerdict("", 2, "mascot_error.gif", "  Note Title Error",
                   "Please Enter A Title For Your Note.\r\n", true);
 }
 
-TEST(TitleRulesTest, BlanksGetNoMessage) {
+TEST(TitleRulesTest, BlanksAreRejectedWithoutAMessage) {
     ExpectVerdict(" ", 3, "", "", "", true);
     ExpectVerdict("   ", 3, "", "", "", true);
 }
@@ -79,7 +81,7 @@ TEST(TitleRulesTest, TakenTitle) {
                   true, true);
 }
 
-TEST(TitleRulesTest, OtherCharactersThatFileNamesCannotHoldPass) {
+TEST(TitleRulesTest, OtherCharactersThatFileNamesCannotHoldAreAccepted) {
     for (const char* title : {"a*b", "a?b", "a|b", "a<b", "a>b", "con", "\xce\xb1", "a, b", "\t"}) {
         EXPECT_TRUE(Check(title, false).IsAccepted()) << title;
     }

@@ -51,7 +51,7 @@ class ViewNotesProgram : public ProductProgram {
     void Raise(StandardCode::SharedEvents::PanelAction action) {
         Start([action] { StandardCode::Events().ControlPanel.Raise(action); });
     }
-    // What ends an editor here is not what is tested.
+    // Closes an editor without a question. These tests are not about closing.
     void CloseNote(forms::Form& note) {
         StandardCode::Shared().ControlPanelMode = false;
         Start([&note] { note.Unload(); });

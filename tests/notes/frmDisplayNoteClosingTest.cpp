@@ -12,7 +12,7 @@
 #include "tests/support/OpenNotes.h"
 #include "tests/support/ProductProgram.h"
 
-// What becomes of the note when its alarm display is closed.
+// Closing the alarm display of a note: the question, and its effect on the file.
 
 namespace {
 
@@ -37,7 +37,7 @@ class frmDisplayNoteClosingTest : public testing_support::ProductProgram {
         Watch();
     }
 
-    // Stands for the control panel, which rebuilds the array.
+    // Rebuilds the array, as the control panel does.
     void Watch() {
         StandardCode::Events().ControlPanel.Subscribe([this](PanelAction action) {
             panelActions.push_back(action);
@@ -93,7 +93,7 @@ TEST_F(frmDisplayNoteClosingTest, NoKeepsTheNoteWithItsAlarmOff) {
     EXPECT_EQ(files.Peek(dentist), silenced);
     EXPECT_EQ(files.Names(notes), std::vector<std::string>{"Dentist.txt"});
     EXPECT_EQ(panelActions, std::vector<PanelAction>{PanelAction::LoadAndUnload});
-    // Every reader still takes it.
+    // The file can still be read.
     EXPECT_EQ(Shared().NoteCount, 1);
     EXPECT_EQ(Shared().NotesArray[1].AlarmTime, base::DateTime::FromTime(12, 0, 0));
     EXPECT_EQ(Shared().NotesArray[1].AlarmState, "0");
@@ -139,7 +139,7 @@ TEST_F(frmDisplayNoteClosingTest, ANoteErasedElsewhereAsksNothing) {
     EXPECT_TRUE(panelActions.empty());
 }
 
-TEST_F(frmDisplayNoteClosingTest, TheSecondDisplayOfANoteAsksNothingOnceItIsErased) {
+TEST_F(frmDisplayNoteClosingTest, TheSecondDisplayOfAnErasedNoteAsksNothing) {
     const auto first = Open();
     const auto second = Open();
     ExpectEraseNoteQuestion(BoxResult::Yes);
@@ -171,7 +171,7 @@ TEST_F(frmDisplayNoteClosingTest, TheDateIsTheDayOfClosing) {
     EXPECT_NE(files.Peek(dentist).value().find(",#2004-05-15#,\"#12:00#\","), std::string::npos);
 }
 
-TEST_F(frmDisplayNoteClosingTest, EveryColourComesBackAsItsIndex) {
+TEST_F(frmDisplayNoteClosingTest, EveryColorIsWrittenAsItsIndex) {
     for (int index = 1; index <= 6; ++index) {
         const auto display = Open(DueNote().InColor(index));
         ExpectEraseNoteQuestion(BoxResult::No);
@@ -181,7 +181,7 @@ TEST_F(frmDisplayNoteClosingTest, EveryColourComesBackAsItsIndex) {
     }
 }
 
-TEST_F(frmDisplayNoteClosingTest, AnyOtherColourIsWrittenAsSix) {
+TEST_F(frmDisplayNoteClosingTest, AnyOtherColorIsWrittenAsSix) {
     const auto display = Open(DueNote().InColor(0));
     ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
@@ -189,7 +189,7 @@ TEST_F(frmDisplayNoteClosingTest, AnyOtherColourIsWrittenAsSix) {
               "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\",6,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(frmDisplayNoteClosingTest, TheFontSizeIsTheOneShown) {
+TEST_F(frmDisplayNoteClosingTest, TheFontSizeIsTheSizeShown) {
     for (const auto& [stored, written] : {std::pair{10, 10}, {14, 14}, {16, 16}, {11, 12}}) {
         const auto display = Open(DueNote().InPoints(stored));
         ExpectEraseNoteQuestion(BoxResult::No);
@@ -199,7 +199,7 @@ TEST_F(frmDisplayNoteClosingTest, TheFontSizeIsTheOneShown) {
     }
 }
 
-TEST_F(frmDisplayNoteClosingTest, WhatTheUserTypedIsKept) {
+TEST_F(frmDisplayNoteClosingTest, TheTypedTextIsKept) {
     const auto display = Open();
     user->Type(display->lblNoteText, "moved");
     ExpectEraseNoteQuestion(BoxResult::No);
@@ -218,7 +218,7 @@ TEST_F(frmDisplayNoteClosingTest, ATextOutsideTheCodePageIsKeptWhole) {
 }
 
 TEST_F(frmDisplayNoteClosingTest, BlanksAroundTheTitleAreTrimmedInTheFile) {
-    // The title field, not the file's name, is what the display shows.
+    // The display shows the title field, not the name of the file.
     const auto display = Open(DueNote(" Dentist"));
     ASSERT_EQ(display->caption(), " Dentist");
     ExpectEraseNoteQuestion(BoxResult::No);
@@ -325,7 +325,7 @@ TEST_F(frmDisplayNoteClosingTest, TextOutlivesTheEndOfTheSessionBehindTheQuestio
     ExpectTypedTextAtTheNextStart();
 }
 
-TEST_F(frmDisplayNoteClosingTest, ANoteWhoseTextNobodyTypedNeedsNoCopyAtTheEndOfTheSession) {
+TEST_F(frmDisplayNoteClosingTest, WithoutTypedTextTheEndOfTheSessionLeavesNoCopy) {
     const auto display = Open();
     files.SetReadOnly(dentist, true);
     forms::gestures::EndSession();
@@ -333,7 +333,7 @@ TEST_F(frmDisplayNoteClosingTest, ANoteWhoseTextNobodyTypedNeedsNoCopyAtTheEndOf
     EXPECT_EQ(files.List(notes, ".recovery").size(), 0U);
 }
 
-TEST_F(frmDisplayNoteClosingTest, TheCopyOfATextIsGoneOnceTheTextIsSavedOrErased) {
+TEST_F(frmDisplayNoteClosingTest, SavingOrErasingTheTextRemovesItsCopy) {
     for (const BoxResult answer : {BoxResult::No, BoxResult::Yes}) {
         const auto display = OpenWithTextThatCannotBeWritten();
         ExpectEraseNoteQuestion(BoxResult::No);
@@ -367,8 +367,7 @@ TEST_F(frmDisplayNoteClosingTest, AFullDiskLeavesTheOldNote) {
     EXPECT_EQ(files.Peek(dentist), ringing);
 }
 
-// Whenever the program is killed on its way through the closing, the disk holds the old note or the
-// new one.
+// Wherever the program is killed during the closing, the disk holds the old note or the new note.
 TEST_F(frmDisplayNoteClosingTest, AKillAtAnyStepLeavesOneWholeNote) {
     using forms::headless::MemoryFiles;
     bool reachedEnd = false;

@@ -6,7 +6,6 @@
 namespace {
 
 using forms::BoxResult;
-using Names = std::vector<std::string>;
 
 class frmDisplayNoteEditedTest : public testing_support::NoteProgram {
   protected:
@@ -39,7 +38,7 @@ class frmDisplayNoteEditedTest : public testing_support::NoteProgram {
     std::shared_ptr<frmDisplayNote> display;
 };
 
-TEST_F(frmDisplayNoteEditedTest, KeepingTheNoteKeepsWhatWasSavedMeanwhile) {
+TEST_F(frmDisplayNoteEditedTest, KeepingTheNoteKeepsTheTextThatWasSavedMeanwhile) {
     frmNote& note = Edit();
     user->Type(note.txtNote, "new");
     stage->ExpectPopup("mnuPop", "mnuGreen");
@@ -78,7 +77,7 @@ TEST_F(frmDisplayNoteEditedTest, ATextTypedIntoTheDisplayLeavesTheNewAlarmSet) {
     EXPECT_EQ(Saved("Dentist").AlarmTime, base::DateTime::FromTime(10, 0, 0));
 }
 
-TEST_F(frmDisplayNoteEditedTest, WhatIsTypedIntoTheDisplayIsSavedAndTheEditorsTextIsKept) {
+TEST_F(frmDisplayNoteEditedTest, TextTypedIntoTheDisplayIsSavedAndTheTextOfTheEditorIsKept) {
     frmNote& note = Edit();
     user->Type(note.txtNote, "of the editor");
     Start([&note] { Save(note); });
@@ -92,7 +91,7 @@ TEST_F(frmDisplayNoteEditedTest, WhatIsTypedIntoTheDisplayIsSavedAndTheEditorsTe
     EXPECT_EQ(Editor("Dentist (recovered)").txtNote.text(), "of the editor");
 }
 
-TEST_F(frmDisplayNoteEditedTest, ErasingTheNoteLeavesTheEditorsTextInACopy) {
+TEST_F(frmDisplayNoteEditedTest, ErasingTheNoteLeavesTheTextOfTheEditorInACopy) {
     Edit();
     CloseDisplay(BoxResult::Yes);
     EXPECT_FALSE(FileOf("Dentist").has_value());

@@ -47,7 +47,7 @@ class frmDisplayNoteTest : public testing_support::ProductProgram {
         settings.values[{"Options", key}] = value;
     }
 
-    // As the main window's clock does it.
+    // Switches the sound on, as the clock of the main window does.
     void SwitchSoundOn(frmDisplayNote& display) {
         Start([&display] {
             display.tmrSoundAlarm.enabled = true;
@@ -74,7 +74,7 @@ TEST_F(frmDisplayNoteTest, ShowsTheNote) {
     EXPECT_FALSE(display->tmrSoundAlarm.enabled());
 }
 
-TEST_F(frmDisplayNoteTest, TakesTheNotesColour) {
+TEST_F(frmDisplayNoteTest, TakesTheColorOfTheNote) {
     const std::vector<Color> backs = {{255, 255, 255}, {255, 128, 128}, {0, 192, 0},
                                       {128, 128, 255}, {255, 255, 0},   {192, 192, 192}};
     for (std::int16_t index = 1; index <= 6; ++index) {
@@ -86,7 +86,7 @@ TEST_F(frmDisplayNoteTest, TakesTheNotesColour) {
     }
 }
 
-TEST_F(frmDisplayNoteTest, KeepsItsDesignColoursForAnyOtherIndex) {
+TEST_F(frmDisplayNoteTest, KeepsItsDesignColorsForAnyOtherIndex) {
     Start([] { forms::Default<frmDisplayNote>(); });
     for (const std::int16_t index : std::vector<std::int16_t>{0, 7, -1, 32767}) {
         const auto display = DisplayColor(index);
@@ -96,7 +96,7 @@ TEST_F(frmDisplayNoteTest, KeepsItsDesignColoursForAnyOtherIndex) {
     }
 }
 
-TEST_F(frmDisplayNoteTest, TakesTheNotesFontSizeWhereItIsOneOfTheFour) {
+TEST_F(frmDisplayNoteTest, TakesTheFontSizeOfTheNoteIfItIsOneOfTheFour) {
     for (const std::int16_t size : std::vector<std::int16_t>{10, 12, 14, 16}) {
         Fill(Note("Dentist").InPoints(size));
         EXPECT_EQ(Display()->lblNoteText.fontSize(), size);
@@ -107,7 +107,7 @@ TEST_F(frmDisplayNoteTest, TakesTheNotesFontSizeWhereItIsOneOfTheFour) {
     }
 }
 
-TEST_F(frmDisplayNoteTest, IsTopMostOnlyWhenTheUserWantsIt) {
+TEST_F(frmDisplayNoteTest, IsTopMostOnlyIfTheSettingSaysSo) {
     Fill(Note("Dentist"));
     EXPECT_FALSE(Display()->IsTopMost());
     EXPECT_EQ(Shared().WindowOnTopFlag, 0);
@@ -126,7 +126,7 @@ TEST_F(frmDisplayNoteTest, ASettingThatIsNoNumberIsNotTrapped) {
     Start([] { StandardCode::DisplayNote(1); });
 }
 
-TEST_F(frmDisplayNoteTest, ItsOpenerLeavesTheSoundToTheCaller) {
+TEST_F(frmDisplayNoteTest, OpeningItDoesNotStartTheSound) {
     Fill(Note("Dentist").WithSound());
     const auto display = Display();
     EXPECT_FALSE(display->tmrSoundAlarm.enabled());
@@ -134,7 +134,7 @@ TEST_F(frmDisplayNoteTest, ItsOpenerLeavesTheSoundToTheCaller) {
     EXPECT_TRUE(sound.log.empty());
 }
 
-TEST_F(frmDisplayNoteTest, EachDueNoteHasAWindowOfItsOwn) {
+TEST_F(frmDisplayNoteTest, EachDueNoteHasItsOwnWindow) {
     Fill(Note("One"));
     Fill(Note("Two"), 2);
     const auto one = Display(1);
@@ -160,7 +160,7 @@ TEST_F(frmDisplayNoteTest, ASlotOutsideTheArrayIsAnError) {
     }
 }
 
-TEST_F(frmDisplayNoteTest, ItsTextFollowsTheWindowsSize) {
+TEST_F(frmDisplayNoteTest, ItsTextFollowsTheSizeOfTheWindow) {
     Fill(Note("Dentist"));
     const auto display = Display();
     user->Size(*display, 9000, 6000);
@@ -199,7 +199,7 @@ TEST_F(frmDisplayNoteTest, LoopsTheSoundUntilItsBoxIsAnswered) {
     Fill(Note("Dentist").WithSound());
     const auto display = Display();
     SwitchSoundOn(*display);
-    // The main window's clock clears it on its next tick.
+    // The clock of the main window clears it at its next tick.
     Shared().AlarmSounding = false;
     ExpectDisplayAlarm([&] {
         ASSERT_EQ(sound.log.size(), 1u);
@@ -242,7 +242,7 @@ TEST_F(frmDisplayNoteTest, IsSilentIfAnotherAlarmHasBegunToRing) {
     }
 }
 
-TEST_F(frmDisplayNoteTest, TheSoundIsTheOneChosenWhenItPlays) {
+TEST_F(frmDisplayNoteTest, TheSoundIsTheOneThatIsChosenWhenItPlays) {
     Fill(Note("Dentist").WithSound());
     const auto display = Display();
     SwitchSoundOn(*display);
@@ -260,7 +260,7 @@ TEST_F(frmDisplayNoteTest, AClosedDisplayPlaysNothing) {
     EXPECT_TRUE(sound.log.empty());
 }
 
-TEST_F(frmDisplayNoteTest, ItsMenuOpensOnTheRightButton) {
+TEST_F(frmDisplayNoteTest, TheRightButtonOpensItsMenu) {
     Fill(Note("Dentist"));
     const auto display = Display();
     EXPECT_TRUE(display->mnuSep.IsSeparator());
@@ -272,14 +272,14 @@ TEST_F(frmDisplayNoteTest, ItsMenuOpensOnTheRightButton) {
     EXPECT_EQ(stage->Popups()[0].captions,
               (std::vector<std::string>{"Print Note", "Erase Note", "-", "Close"}));
     EXPECT_FALSE(display->mnuPop.inMenuBar);
-    // No other button opens it.
+    // No other button opens the menu.
     forms::gestures::MouseUp(*display, forms::leftButton, 100, 100);
     forms::gestures::MouseUp(display->lblJotwright, forms::leftButton, 100, 100);
     forms::gestures::MouseUp(display->lblJotwright, forms::middleButton, 100, 100);
     EXPECT_EQ(stage->Popups().size(), 2u);
 }
 
-TEST_F(frmDisplayNoteTest, PrintsWhatItShows) {
+TEST_F(frmDisplayNoteTest, PrintsTheTextThatItShows) {
     Fill(Note("Dentist", "call"));
     const auto display = Display();
     user->Type(display->lblNoteText, "call\r\n\r\nask");
@@ -297,7 +297,7 @@ TEST_F(frmDisplayNoteTest, PrintsWhatItShows) {
     EXPECT_TRUE(display->IsVisible());
 }
 
-TEST_F(frmDisplayNoteTest, ReportsAPrinterThatFails) {
+TEST_F(frmDisplayNoteTest, ReportsAFailingPrinter) {
     Fill(Note("Dentist", "call"));
     const auto display = Display();
     printer.FailAt(1);

@@ -2,7 +2,7 @@
 #include "notes/frmNote.h"
 #include "tests/support/NoteProgram.h"
 
-// The editor's own alarm: set, cleared, due.
+// The alarm of an editor: setting it, clearing it, and firing.
 
 namespace {
 
@@ -59,7 +59,7 @@ class frmNoteAlarmTest : public testing_support::NoteProgram {
 
 const DateTime today = DateTime::FromDate(2004, 5, 14);
 
-TEST_F(frmNoteAlarmTest, StartsNotSet) {
+TEST_F(frmNoteAlarmTest, AtFirstTheAlarmIsNotSet) {
     frmNote& note = MakeNote("Dentist");
     ExpectNotSet(note);
     EXPECT_FALSE(note.imgAlarm.visible());
@@ -76,7 +76,7 @@ TEST_F(frmNoteAlarmTest, SettingShowsTheCalendarLeaf) {
     EXPECT_EQ(note.lblClock.caption(), "9:30:00 AM");
 }
 
-TEST_F(frmNoteAlarmTest, TheMonthIsEnglishAndTheTimeTheSystems) {
+TEST_F(frmNoteAlarmTest, TheMonthIsEnglishAndTheTimeIsInTheFormatOfTheSystem) {
     locale.timeFormat = "HH:mm";
     frmNote& note =
         SetFor("Dentist", DateTime::FromDate(2031, 12, 1), DateTime::FromTime(21, 5, 0));
@@ -117,7 +117,7 @@ TEST_F(frmNoteAlarmTest, StartAlarmOnASetAlarmShowsItsBoxAndChangesNothing) {
     ExpectInformation("    Alarm Already Started     ");
     user->Choose(note.mnuAlarmStart);
     ExpectSet(note);
-    // Nothing changed: nothing is asked.
+    // Nothing has changed, so closing asks nothing.
     user->CloseBox(note);
     EXPECT_EQ(Saved("Dentist"), record);
 }
@@ -177,7 +177,7 @@ TEST_F(frmNoteAlarmTest, FiresInItsSecond) {
     EXPECT_FALSE(FileOf("Dentist").has_value());
 }
 
-TEST_F(frmNoteAlarmTest, FiresInWhicheverSecondOfTheMinuteItIsDue) {
+TEST_F(frmNoteAlarmTest, FiresInAnySecondOfTheMinute) {
     for (int second = 0; second < 60; ++second) {
         SetNow(2004, 5, 14, 11, 59, second);
         frmNote& note = MakeNote("Second " + std::to_string(second));
@@ -192,13 +192,13 @@ TEST_F(frmNoteAlarmTest, FiresInWhicheverSecondOfTheMinuteItIsDue) {
     }
 }
 
-TEST_F(frmNoteAlarmTest, ATimeThatIsPastNeverFires) {
+TEST_F(frmNoteAlarmTest, AnAlarmInThePastNeverFires) {
     frmNote& note = SetFor("Dentist", today, DateTime::FromTime(8, 59, 0));
     Advance(26LL * 3600 * 1000);
     ExpectSet(note);
 }
 
-TEST_F(frmNoteAlarmTest, ASecondThatWasSleptThroughIsMissed) {
+TEST_F(frmNoteAlarmTest, AnAlarmDuringSleepIsMissed) {
     SetNow(2004, 5, 14, 11, 59, 0);
     frmNote& note = SetFor("Dentist", today, DateTime::FromTime(12, 0, 0));
     stage->Suspend(3600);
@@ -206,7 +206,7 @@ TEST_F(frmNoteAlarmTest, ASecondThatWasSleptThroughIsMissed) {
     ExpectSet(note);
 }
 
-TEST_F(frmNoteAlarmTest, ADateOfTheLastCenturyMatchesByItsTwoDigits) {
+TEST_F(frmNoteAlarmTest, ADateOfTheLastCenturyMatchesByTheTwoDigitsOfItsYear) {
     SetNow(2004, 5, 14, 11, 59, 59);
     frmNote& note =
         SetFor("Dentist", DateTime::FromDate(1904, 5, 14), DateTime::FromTime(12, 0, 0));
@@ -249,7 +249,7 @@ TEST_F(frmNoteAlarmTest, WithAudioTheSoundLoopsUntilItsBoxIsAnswered) {
     EXPECT_FALSE(Shared().AlarmSounding);
 }
 
-TEST_F(frmNoteAlarmTest, OfTwoInOneSecondTheOtherRingsThoughTheBoxOfTheFirstComesUpSlowly) {
+TEST_F(frmNoteAlarmTest, TheSecondOfTwoAlarmsRingsEvenIfTheBoxOfTheFirstOpensSlowly) {
     SetNow(2004, 5, 14, 11, 59, 50);
     frmNote& first = SetFor("Dentist", today, DateTime::FromTime(12, 0, 0));
     user->Click(first.chkAudioAlarm);
@@ -263,7 +263,7 @@ TEST_F(frmNoteAlarmTest, OfTwoInOneSecondTheOtherRingsThoughTheBoxOfTheFirstCome
     ExpectNotSet(first);
 }
 
-TEST_F(frmNoteAlarmTest, TheMarkerOfARestoredAlarmGoesWhenItFires) {
+TEST_F(frmNoteAlarmTest, FiringRemovesTheMarkerOfARestoredAlarm) {
     SetNow(2004, 5, 14, 11, 59, 58);
     PutNote(Note("Dentist", "").WithAlarm());
     Start(StandardCode::ReadNotes);
@@ -274,7 +274,7 @@ TEST_F(frmNoteAlarmTest, TheMarkerOfARestoredAlarmGoesWhenItFires) {
     ExpectNotSet(note);
 }
 
-TEST_F(frmNoteAlarmTest, TheMarkerOfARestoredAlarmGoesWhenItIsTurnedOff) {
+TEST_F(frmNoteAlarmTest, TurningItOffRemovesTheMarkerOfARestoredAlarm) {
     frmNote& note = OpenThroughPanel(Note("Dentist", "").WithAlarm());
     ASSERT_TRUE(note.imgAlarm.visible());
     user->Click(note.cmdAlarm);
@@ -282,7 +282,7 @@ TEST_F(frmNoteAlarmTest, TheMarkerOfARestoredAlarmGoesWhenItIsTurnedOff) {
     ExpectNotSet(note);
 }
 
-TEST_F(frmNoteAlarmTest, ANoteThatIsRestoredInItsSecondFires) {
+TEST_F(frmNoteAlarmTest, ANoteThatIsRestoredInTheSecondOfItsAlarmFires) {
     SetNow(2004, 5, 14, 12, 0, 0);
     PutNote(Note("Dentist", "").WithAlarm());
     Start(StandardCode::ReadNotes);
@@ -299,7 +299,7 @@ TEST_F(frmNoteAlarmTest, FiringIsNoChange) {
     EXPECT_EQ(Saved("Dentist").AlarmState, "1");
 }
 
-TEST_F(frmNoteAlarmTest, UncheckingTheAudioBoxAfterFiringIsNoChangeEither) {
+TEST_F(frmNoteAlarmTest, UncheckingTheAudioBoxAfterFiringIsNoChange) {
     SetNow(2004, 5, 14, 11, 59, 58);
     frmNote& note = OpenThroughPanel(Note("Dentist", "").WithAlarm().WithSound());
     ExpectEditorAlarm();
@@ -337,7 +337,7 @@ TEST_F(frmNoteAlarmTest, TwoNotesFireInOneSecond) {
     EXPECT_FALSE(sound.IsPlaying());
 }
 
-TEST_F(frmNoteAlarmTest, TheClockBlinksAtTheDefaultEditorsAlarmOnly) {
+TEST_F(frmNoteAlarmTest, TheClockBlinksOnlyForTheAlarmOfTheDefaultEditor) {
     frmNote& note = SetFor("Dentist", today, DateTime::FromTime(12, 0, 0));
     Advance(3000);
     EXPECT_EQ(note.lblClock.caption(), "12:00:00 PM");
@@ -352,7 +352,7 @@ TEST_F(frmNoteAlarmTest, TheClockBlinksAtTheDefaultEditorsAlarmOnly) {
     EXPECT_EQ(note.lblClock.caption(), "");
 }
 
-TEST_F(frmNoteAlarmTest, TheBlinkPhaseIsOneForAllNotes) {
+TEST_F(frmNoteAlarmTest, AllNotesBlinkTogether) {
     frmNote& first = MakeNote("First");
     frmNote& second = MakeNote("Second");
     Start([] { forms::Default<frmNote>().PresentAlarm(frmNote::AlarmIcon()); });

@@ -2,7 +2,7 @@
 #include "notes/frmNote.h"
 #include "tests/support/NoteProgram.h"
 
-// What closing and erasing a note do to its file, and what they ask.
+// Closing and erasing a note: the questions, and the effect on its file.
 
 namespace {
 
@@ -29,7 +29,7 @@ TEST_F(frmNoteClosingTest, ARestoredNoteSavesItsTextWithoutAQuestion) {
     EXPECT_EQ(Shared().NotesArray[1].Text, "new");
 }
 
-TEST_F(frmNoteClosingTest, ANewNoteIsSavedEvenWhenEmpty) {
+TEST_F(frmNoteClosingTest, ANewNoteIsSavedEvenIfItIsEmpty) {
     frmNote& note = MakeNote("Dentist");
     stage->ExpectPopup("mnuPop", "Hide Me");
     user->RightClick(note);
@@ -53,7 +53,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelAnUnchangedNoteShowsThePanelAgain) {
     EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::Show}));
 }
 
-TEST_F(frmNoteClosingTest, ThroughThePanelALongerTextIsAskedAbout) {
+TEST_F(frmNoteClosingTest, ThroughThePanelALongerTextAsksAQuestion) {
     frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "old and new");
     ExpectSaveQuestion(BoxResult::Yes);
@@ -63,7 +63,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelALongerTextIsAskedAbout) {
     EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::ReloadAndShow}));
 }
 
-TEST_F(frmNoteClosingTest, ThroughThePanelNoDropsTheChanges) {
+TEST_F(frmNoteClosingTest, ThroughThePanelNoDiscardsTheChanges) {
     frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "old and new");
     ExpectSaveQuestion(BoxResult::No);
@@ -113,7 +113,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelTheKeyboardOnTheAudioBoxIsNoChange) {
     EXPECT_EQ(Saved("Dentist").AudioAlarm, 0);
 }
 
-TEST_F(frmNoteClosingTest, SavingSettlesTheChanges) {
+TEST_F(frmNoteClosingTest, AfterSavingThereIsNothingToAsk) {
     frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     forms::gestures::Choose(note.mnuRed);
     ExpectSaved("DENTIST");
@@ -123,7 +123,7 @@ TEST_F(frmNoteClosingTest, SavingSettlesTheChanges) {
     EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::Show}));
 }
 
-TEST_F(frmNoteClosingTest, ASavingThatFailedIsAskedAboutAtTheEnd) {
+TEST_F(frmNoteClosingTest, AFailedSaveAsksAtTheEnd) {
     frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "new");
     files.SetDenied(PathOf("Dentist"), true);
@@ -167,7 +167,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelANoteThatCannotBeSavedStaysOpen) {
     EXPECT_EQ(Saved("Dentist").ColorIndex, 2);
 }
 
-TEST_F(frmNoteClosingTest, ToolbarEraseDeletesForGood) {
+TEST_F(frmNoteClosingTest, ToolbarEraseRemovesTheFile) {
     frmNote& note = MakeNote("Dentist", "text");
     Start([&note] { note.WriteNote(); });
     panel.clear();
@@ -222,7 +222,7 @@ TEST_F(frmNoteClosingTest, MenuEraseThatCannotWriteTheNoteBackLosesNothing) {
     Start([&note] { note.WriteNote(); });
     ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     ExpectWriteError("61 - Disk full");
-    files.FailAt(2, base::ErrorNumber::DiskFull);  // the first step after the erasing
+    files.FailAt(2, base::ErrorNumber::DiskFull);  // the first step after the file is erased
     user->Choose(note.mnuKillNote);
     EXPECT_FALSE(FileOf("Dentist").has_value());
     EXPECT_TRUE(IsNoteOpen("Dentist"));
@@ -232,7 +232,7 @@ TEST_F(frmNoteClosingTest, MenuEraseThatCannotWriteTheNoteBackLosesNothing) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
 }
 
-TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatCouldNotCloseTheWindowIsSaved) {
+TEST_F(frmNoteClosingTest, TextTypedAfterAnEraseThatCouldNotCloseTheWindowIsSaved) {
     frmNote& note = MakeNote("Dentist", "text");
     Start([&note] { note.WriteNote(); });
     ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
@@ -247,7 +247,7 @@ TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatCouldNotCloseTheWindowIsSa
     EXPECT_EQ(Saved("Dentist").Text, "typed afterwards");
 }
 
-TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatFailedOnTheWayIsSaved) {
+TEST_F(frmNoteClosingTest, TextTypedAfterAnEraseThatFailedHalfwayIsSaved) {
     frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     bool fails = true;
     StandardCode::Events().ControlPanel.Subscribe([&fails](PanelAction) {
@@ -264,7 +264,7 @@ TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatFailedOnTheWayIsSaved) {
     EXPECT_EQ(Saved("Dentist").Text, "typed afterwards");
 }
 
-TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseIsForGoodUnlessSaved) {
+TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseIsFinalUnlessTheNoteIsSaved) {
     frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     stage->ExpectPopup("mnuPop", "mnuKill");
     ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
@@ -281,7 +281,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseOfAChangedNoteCanSaveItBack) 
     EXPECT_EQ(Saved("Dentist").Text, "old and new");
 }
 
-TEST_F(frmNoteClosingTest, ErasingIgnoresAFileThatIsMissingOrHeld) {
+TEST_F(frmNoteClosingTest, ErasingIgnoresAFileThatIsMissingOrInUse) {
     frmNote& unsaved = MakeNote("Unsaved", "text");
     ExpectKillNoteQuestion("UNSAVED", BoxResult::Yes);
     user->Click(unsaved.tlbMain, "Erase");
@@ -310,7 +310,7 @@ TEST_F(frmNoteClosingTest, TheEndOfTheSessionSavesAndAsksNothing) {
     EXPECT_TRUE(panel.empty());
 }
 
-TEST_F(frmNoteClosingTest, TheEndOfTheSessionIsNotHeldUpByAFailure) {
+TEST_F(frmNoteClosingTest, AFailureDoesNotDelayTheEndOfTheSession) {
     MakeNote("Dentist", "typed");
     files.PutFolder("C:\\Jotwright\\Notes");
     files.PutFile(PathOf("Dentist"), "held");
@@ -324,7 +324,7 @@ TEST_F(frmNoteClosingTest, TheEndOfTheSessionIsNotHeldUpByAFailure) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed");
 }
 
-TEST_F(frmNoteClosingTest, BeforeTheEndEverythingIsSavedButWhatWasErased) {
+TEST_F(frmNoteClosingTest, BeforeTheEndAllNotesButErasedOnesAreSaved) {
     frmNote& kept = OpenThroughPanel(Note("Kept", "old"));
     user->Type(kept.txtNote, "new");
     frmNote& erased = OpenThroughPanel(Note("Erased", "old"));
@@ -339,7 +339,7 @@ TEST_F(frmNoteClosingTest, BeforeTheEndEverythingIsSavedButWhatWasErased) {
     EXPECT_EQ(Saved("Erased").Text, "old");
 }
 
-TEST_F(frmNoteClosingTest, ATitleThatIsNoFileNameCannotBeSavedButErased) {
+TEST_F(frmNoteClosingTest, ANoteWhoseTitleIsNoFileNameCanOnlyBeErased) {
     frmNote& note = MakeNote("What?", "text");
     ExpectWriteError("52 - Bad file name or number");
     user->CloseBox(note);

@@ -3,13 +3,13 @@
 #include "notes/frmNote.h"
 #include "tests/support/NoteProgram.h"
 
-// The editor's answers to the messages of the notification area, which are places of the pointer.
+// The messages of the notification area arrive at the editor as positions of the pointer.
 
 namespace {
 
 class frmNotePointerTest : public testing_support::NoteProgram {};
 
-TEST_F(frmNotePointerTest, ShowMeBringsUpAMinimisedNote) {
+TEST_F(frmNotePointerTest, ShowMeBringsUpAMinimizedNote) {
     frmNote& note = MakeNote("Dentist");
     user->Minimize(note);
     forms::gestures::Choose(note.mnuShow);
@@ -49,7 +49,7 @@ TEST_F(frmNotePointerTest, ThePointerAtTheRightButtonsMessageOpensTheMenu) {
     EXPECT_TRUE(tray.log.empty());
 }
 
-TEST_F(frmNotePointerTest, ThePointerElsewhereDoesNothingButSetTheTip) {
+TEST_F(frmNotePointerTest, ThePointerInOtherPlacesOnlySetsTheTip) {
     frmNote& note = MakeNote("Dentist");
     Start([&note] { note.mnuHide.enabled = false; });
     for (const int message : {513, 516, 518}) {  // button down left and right, right double click

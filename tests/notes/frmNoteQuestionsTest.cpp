@@ -1,7 +1,7 @@
 #include "forms/Gestures.h"
 #include "tests/notes/NoteStoreProgram.h"
 
-// What becomes of a text whose saving or erasing is asked about, or should have been.
+// Texts that are kept although a question about saving or erasing was not answered, or not asked.
 
 namespace {
 
@@ -9,7 +9,7 @@ using forms::BoxResult;
 using StandardCode::Shared;
 using frmNoteQuestionsTest = testing_support::NoteStoreProgram;
 
-TEST_F(frmNoteQuestionsTest, ATextThatWasChangedBeforeAnActivationIsAskedAbout) {
+TEST_F(frmNoteQuestionsTest, ATextThatWasChangedBeforeAnActivationAsksAQuestion) {
     frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     frmNote& other = OpenThroughPanel(Note("Other", ""));
     user->Type(note.txtNote, "old and new");
@@ -45,7 +45,7 @@ TEST_F(frmNoteQuestionsTest, TheProgramMayEndWhileTheSaveQuestionWaits) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "old and new");
 }
 
-TEST_F(frmNoteQuestionsTest, AnEditThatNobodyNoticedIsInTheRecycleBin) {
+TEST_F(frmNoteQuestionsTest, AnUnnoticedEditGoesToTheRecycleBin) {
     frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "new");
     user->CloseBox(note);
@@ -55,7 +55,7 @@ TEST_F(frmNoteQuestionsTest, AnEditThatNobodyNoticedIsInTheRecycleBin) {
     EXPECT_NE(files.RecycledBytes()[0].find("\"new\""), std::string::npos);
 }
 
-TEST_F(frmNoteQuestionsTest, TheTextOfANoteWhoseErasingWasNotConfirmedOutlivesTheSession) {
+TEST_F(frmNoteQuestionsTest, IfErasingIsNotConfirmedTheTextOutlivesTheSession) {
     for (const bool isAnswered : {true, false}) {
         frmNote& note = MakeNote("Dentist", "typed");
         ExpectKillNoteQuestion("DENTIST", BoxResult::No, [isAnswered] {
@@ -77,7 +77,7 @@ TEST_F(frmNoteQuestionsTest, TheTextOfANoteWhoseErasingWasNotConfirmedOutlivesTh
     }
 }
 
-TEST_F(frmNoteQuestionsTest, WithoutARecycleBinAnEditThatNobodyNoticedStaysForTheNextStart) {
+TEST_F(frmNoteQuestionsTest, WithoutARecycleBinAnUnnoticedEditStaysForTheNextStart) {
     files.SetRecycleBin(false);
     frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "new");

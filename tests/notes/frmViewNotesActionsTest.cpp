@@ -28,12 +28,12 @@ TEST_F(frmViewNotesActionsTest, EditOpensTheSelectedNote) {
     EXPECT_EQ(note->caption(), "Shopping");
     EXPECT_EQ(note->txtNote.text(), "text");
     EXPECT_TRUE(note->IsVisible());
-    // An editor that loads sends the panel away.
+    // Loading an editor hides the panel.
     EXPECT_FALSE(IsOpen());
     CloseNote(*note);
 }
 
-TEST_F(frmViewNotesActionsTest, EditOfATitleHeldTwiceOpensTheSelectedNote) {
+TEST_F(frmViewNotesActionsTest, EditOpensTheSelectedOfTwoNotesWithTheSameTitle) {
     PutNoteAs("One.txt", Note("Same"));
     PutNoteAs("Two.txt", Note("Same", "second"));
     Open();
@@ -44,7 +44,7 @@ TEST_F(frmViewNotesActionsTest, EditOfATitleHeldTwiceOpensTheSelectedNote) {
     CloseNote(*StandardCode::CurrentNote());
 }
 
-TEST_F(frmViewNotesActionsTest, EditOfANoteThatIsOpenBringsItsEditorUp) {
+TEST_F(frmViewNotesActionsTest, EditOfAnOpenNoteBringsUpItsEditor) {
     PutNote(Note("Milk"));
     Start([] { StandardCode::ReadNotes(); });
     auto* note = testing_support::FindOpenNote("Milk");
@@ -61,7 +61,7 @@ TEST_F(frmViewNotesActionsTest, EditOfANoteThatIsOpenBringsItsEditorUp) {
     EXPECT_FALSE(note->mnuShow.enabled());
     EXPECT_FALSE(IsOpen());
     EXPECT_EQ(StandardCode::NoteTitles(), std::vector<std::string>{"Milk"});
-    // Nothing was typed since the window came up; the text is not the saved one all the same.
+    // Nothing was typed since the window was activated, but the text differs from the saved text.
     ASSERT_TRUE(Shared().ControlPanelMode);
     ExpectSaveQuestion(BoxResult::Yes);
     user->CloseBox(*note);
@@ -87,7 +87,7 @@ TEST_F(frmViewNotesActionsTest, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
     EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
 }
 
-TEST_F(frmViewNotesActionsTest, WhatWasSavedThroughThePanelIsNotUndoneByAnotherEditor) {
+TEST_F(frmViewNotesActionsTest, AnotherEditorDoesNotUndoASaveThroughThePanel) {
     PutNote(Note("Milk"));
     Start([] { StandardCode::ReadNotes(); });
     Open();
@@ -291,7 +291,7 @@ TEST_F(frmViewNotesActionsTest, ARebuildKeepsTheSelectedNote) {
     EXPECT_FALSE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(frmViewNotesActionsTest, ARebuildDoesNotAllowWhatAnsweringNoHasShutOff) {
+TEST_F(frmViewNotesActionsTest, ARebuildDoesNotEnableTheControlsThatAnsweringNoDisabled) {
     PutNote(Note("Shopping"));
     Open();
     user->Select(Panel().lvwNotes, 0);
@@ -304,7 +304,7 @@ TEST_F(frmViewNotesActionsTest, ARebuildDoesNotAllowWhatAnsweringNoHasShutOff) {
     EXPECT_FALSE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(frmViewNotesActionsTest, APanelThatWaitedHiddenShowsWhatWasSavedMeanwhile) {
+TEST_F(frmViewNotesActionsTest, AHiddenPanelShowsNotesSavedMeanwhileWhenItComesBack) {
     Raise(PanelAction::Reload);
     Start([] { StandardCode::CreateNote("Milk"); });
     frmNote& note = *testing_support::FindOpenNote("Milk");
@@ -315,7 +315,7 @@ TEST_F(frmViewNotesActionsTest, APanelThatWaitedHiddenShowsWhatWasSavedMeanwhile
     CloseNote(note);
 }
 
-TEST_F(frmViewNotesActionsTest, AListThatStaysTheSameIsNotDrawnAgain) {
+TEST_F(frmViewNotesActionsTest, AnUnchangedListIsNotDrawnAgain) {
     PutMany(3);
     Open();
     Start([] { StandardCode::LoadNotesArray(); });
@@ -324,7 +324,7 @@ TEST_F(frmViewNotesActionsTest, AListThatStaysTheSameIsNotDrawnAgain) {
     EXPECT_EQ(stage->ChangesShown(), before);
 }
 
-TEST_F(frmViewNotesActionsTest, TheHundredthNoteShowsInAPanelThatIsOpen) {
+TEST_F(frmViewNotesActionsTest, TheHundredthNoteAppearsInAnOpenPanel) {
     PutMany(99);
     Start([] { StandardCode::CreateNote("The last"); });
     frmNote& note = *testing_support::FindOpenNote("The last");
@@ -339,7 +339,7 @@ TEST_F(frmViewNotesActionsTest, TheHundredthNoteShowsInAPanelThatIsOpen) {
     CloseNote(note);
 }
 
-TEST_F(frmViewNotesActionsTest, AnEditorOfAnErasedNoteStaysAndSavesItAnew) {
+TEST_F(frmViewNotesActionsTest, TheEditorOfAnErasedNoteStaysAndSavesTheNoteAgain) {
     PutNote(Note("Milk"));
     Start([] { StandardCode::ReadNotes(); });
     auto* note = testing_support::FindOpenNote("Milk");
@@ -357,7 +357,7 @@ TEST_F(frmViewNotesActionsTest, AnEditorOfAnErasedNoteStaysAndSavesItAnew) {
     CloseNote(*note);
 }
 
-TEST_F(frmViewNotesActionsTest, AnEditorClosedThroughThePanelComesBackToIt) {
+TEST_F(frmViewNotesActionsTest, ClosingAnEditorShowsThePanelAgain) {
     PutNote(Note("Milk"));
     Open();
     user->Select(Panel().lvwNotes, 0);

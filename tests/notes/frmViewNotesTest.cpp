@@ -17,7 +17,7 @@ using frmViewNotesTest = testing_support::ViewNotesProgram;
 
 constexpr forms::Color red{255, 0, 0};
 
-TEST_F(frmViewNotesTest, WithoutNotesTheListIsShutOff) {
+TEST_F(frmViewNotesTest, WithoutNotesTheListIsDisabled) {
     Open();
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 0");
     EXPECT_EQ(Panel().lblTotalNotes.foreColor(), forms::black);
@@ -27,7 +27,7 @@ TEST_F(frmViewNotesTest, WithoutNotesTheListIsShutOff) {
     EXPECT_FALSE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(frmViewNotesTest, RowsShowTheAlarmInTheSystemsTexts) {
+TEST_F(frmViewNotesTest, RowsShowTheAlarmInTheFormatsOfTheSystem) {
     PutNote(Note("Dentist").WithAlarmAt(9, 30));
     PutNote(Note("Shopping"));
     PutNote(Note("Midnight").WithAlarmAt(DateTime{}));
@@ -72,7 +72,7 @@ TEST_F(frmViewNotesTest, LoadingKeepsTheNotesArrayCurrent) {
     EXPECT_EQ(Shared().NotesArray[2].Title, "B");
 }
 
-TEST_F(frmViewNotesTest, TwoFilesOfOneTitleHaveTwoRows) {
+TEST_F(frmViewNotesTest, TwoFilesWithTheSameTitleHaveTwoRows) {
     PutNoteAs("One.txt", Note("Same"));
     PutNoteAs("Two.txt", Note("Same"));
     Open();
@@ -94,7 +94,7 @@ TEST_F(frmViewNotesTest, AFileThatCannotBeReadHasNoRow) {
     files.PutFile(folder + "\\B3.txt", "");
     Open();
     EXPECT_EQ(Titles(), (std::vector<std::string>{"A", "C"}));
-    // Each rebuild of the array has removed one.
+    // Each rebuild of the array has removed one file.
     EXPECT_EQ(files.Names(folder), (std::vector<std::string>{"A.txt", "B3.txt", "C.txt"}));
 }
 
@@ -108,7 +108,7 @@ TEST_F(frmViewNotesTest, FillingTheListReadsEachFileOnce) {
               50);
 }
 
-TEST_F(frmViewNotesTest, ANoteChangedBehindTheProgramsBackIsReadAgain) {
+TEST_F(frmViewNotesTest, ANoteThatAnotherProgramChangedIsReadAgain) {
     PutNote(Note("A"));
     Open();
     user->Click(Panel().cmdOK);
@@ -117,7 +117,7 @@ TEST_F(frmViewNotesTest, ANoteChangedBehindTheProgramsBackIsReadAgain) {
     EXPECT_EQ(Panel().lvwNotes.Rows()[0].texts[2], "5/14/2004 9:30:00 AM");
 }
 
-TEST_F(frmViewNotesTest, ManyRowsAreDrawnAtOnceLikeOne) {
+TEST_F(frmViewNotesTest, ManyRowsAreDrawnAtOnce) {
     const auto changesOfLoading = [this] {
         const auto before = stage->ChangesShown();
         Start([] { Panel().Load(); });
@@ -199,7 +199,7 @@ TEST_F(frmViewNotesTest, ErasingAsksInCapitalsAndRecyclesTheFile) {
     EXPECT_FALSE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(frmViewNotesTest, ErasingTheLastNoteShutsTheListOff) {
+TEST_F(frmViewNotesTest, ErasingTheLastNoteDisablesTheList) {
     PutNote(Note("Only"));
     Open();
     user->Select(Panel().lvwNotes, 0);
@@ -218,7 +218,7 @@ TEST_F(frmViewNotesTest, ErasingAsksWithTheTitleAndErasesTheFileOfTheRow) {
     EXPECT_TRUE(files.Names(folder).empty());
 }
 
-TEST_F(frmViewNotesTest, OfTwoTitlesThatDifferInABlankOnlyTheChosenOneIsErased) {
+TEST_F(frmViewNotesTest, IfTwoTitlesDifferInABlankOnlyTheChosenNoteIsErased) {
     for (const std::string erased : {"Dentist", "Dentist "}) {
         const std::string kept = erased == "Dentist" ? "Dentist " : "Dentist";
         PutNote(Note("Dentist"));
@@ -301,7 +301,7 @@ TEST_F(frmViewNotesTest, SavingWithThePanelOpenListsTheFolderOnceAndReadsOneFile
     EXPECT_EQ(Panel().lvwNotes.Rows()[49].texts[2], "5/14/2004 9:30:00 AM");
 }
 
-TEST_F(frmViewNotesTest, SavingWhatTheFileHoldsReadsOneFile) {
+TEST_F(frmViewNotesTest, SavingAnUnchangedNoteReadsOneFile) {
     PutMany(100);
     Open();
     files.ClearLog();

@@ -36,7 +36,7 @@ TEST_F(frmStopWatchTest, LoadsIdle) {
     EXPECT_FALSE(Window().tmrMain.enabled());
 }
 
-TEST_F(frmStopWatchTest, MeasuresFromTheMomentOfStart) {
+TEST_F(frmStopWatchTest, MeasuresFromTheMomentOfTheStart) {
     Advance(4321);
     user->Click(Window().cmdStart);
     EXPECT_EQ(Shown(), "00:00:00");
@@ -134,7 +134,7 @@ TEST_F(frmStopWatchTest, ARunOfADayWraps) {
     EXPECT_EQ(Shown(), "00:00:01");
 }
 
-TEST_F(frmStopWatchTest, AClockSetBackToBeforeTheStartShowsTheDifference) {
+TEST_F(frmStopWatchTest, AClockThatIsSetBackBeforeTheStartShowsTheDifference) {
     user->Click(Window().cmdStart);
     Advance(5000);
     stage->Jump(-16);

@@ -126,7 +126,7 @@ TEST_F(frmTimerTest, ACounterThatIsNotPositiveShowsTheWholeMinutes) {
     EXPECT_EQ(Shown(), "Time Left:\r\n4 Minutes\r\n59 Seconds");
 }
 
-TEST_F(frmTimerTest, OneMinuteCountsDownChimesAndReports) {
+TEST_F(frmTimerTest, ACountdownOfOneMinuteChimesAndReports) {
     StartWith("1");
     Advance(1000);
     EXPECT_EQ(Shown(), "Time Left:\r\n0 Minutes\r\n59 Seconds");
@@ -192,7 +192,7 @@ TEST_F(frmTimerTest, StopKeepsTheCountersForTheNextRun) {
     EXPECT_EQ(Shown(), "Time Left:\r\n2 Minutes\r\n29 Seconds");
 }
 
-TEST_F(frmTimerTest, ARunShorterThanTheKeptMinutesMissesItsEnd) {
+TEST_F(frmTimerTest, ARunShorterThanTheKeptMinutesNeverEnds) {
     StartWith("5");
     Advance(120'000);
     user->Click(Window().cmdStop);
@@ -202,7 +202,7 @@ TEST_F(frmTimerTest, ARunShorterThanTheKeptMinutesMissesItsEnd) {
     EXPECT_TRUE(Window().tmrMain.enabled());
 }
 
-TEST_F(frmTimerTest, ClosingForgetsTheCounters) {
+TEST_F(frmTimerTest, ClosingResetsTheCounters) {
     StartWith("5");
     Advance(90'000);
     user->Click(Window().cmdClose);

@@ -121,7 +121,7 @@ TEST_F(AccessibilityTest, WindowsThatOpenByThemselvesHaveNames) {
     question.Click("No");
 }
 
-TEST_F(AccessibilityTest, TheToolbarsButtonsHaveNames) {
+TEST_F(AccessibilityTest, TheButtonsOfTheToolbarHaveNames) {
     const Window editor = MakeNote(StartProgram(), "Dentist");
     const Window toolbar = editor.Only(toolbarClass);
     EXPECT_EQ(AccessibleOf(toolbar).name, "Note");

@@ -45,7 +45,7 @@ void AlarmSoundsTest::ExpectMessage(const std::string& text, const std::string& 
     box.Click("OK");
 }
 
-TEST_F(AlarmSoundsTest, AFileOfTheUsersOwnIsTriedAndSaved) {
+TEST_F(AlarmSoundsTest, AnOwnSoundFileIsTestedAndSaved) {
     // Differs from the path of a built-in sound only in its case.
     const std::string stored = folder + "\\" + LowerCase("Bell alarm.wav");
     ASSERT_NE(stored, folder + "\\Bell alarm.wav");

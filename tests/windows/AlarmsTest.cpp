@@ -102,7 +102,7 @@ TEST_F(AlarmsTest, ADisplayedNoteCanBeErased) {
     StartWithClosedNote();
     const std::uint64_t before = recorder.Now();
     const Window display = WaitForAlarm();
-    // A sound comes one second after the window.
+    // A sound would come one second after the window.
     recorder.WaitForSilence();
     EXPECT_FALSE(recorder.HasSounded(before)) << "the note wants no sound";
     display.CloseBox();
@@ -132,7 +132,7 @@ TEST_F(AlarmsTest, TheSoundOfADisplayLoopsUntilItsBoxIsClosed) {
     EXPECT_TRUE(display.IsVisible());
 }
 
-TEST_F(AlarmsTest, AnOpenEditorRingsItself) {
+TEST_F(AlarmsTest, AnOpenEditorRings) {
     WriteNote(title, "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     StartProgram();
     const Window editor = program.WaitFor(title);

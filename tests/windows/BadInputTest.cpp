@@ -165,7 +165,7 @@ TEST_F(BadInputTest, UnusualTitlesAreAcceptedAsFileNames) {
     EXPECT_EQ(NoteFiles().size(), 6U);
 }
 
-TEST_F(BadInputTest, ATitleInAFileNamesNoFileElsewhere) {
+TEST_F(BadInputTest, ATitleInAFileNeverNamesAnotherFile) {
     WriteNote("strange", "\"..\\evil\",\"text\"" + alarmOff);
     StartProgram();
     const auto around = FilesAround();

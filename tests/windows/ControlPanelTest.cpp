@@ -157,7 +157,7 @@ TEST_F(ControlPanelTest, OpensAllNotesAndStaysCorrectWhileTheyAreOpen) {
     EXPECT_TRUE(ComesTrue([&] { return RowCount(list) == 2; }));
     EXPECT_TRUE(panel.FindChild("Static", "Total Notes: 2"));
 
-    // From the menu, while one editor is minimised and the other is closed.
+    // From the menu, while one editor is minimized and the other is closed.
     dentistEditor.Minimize();
     WaitUntil("the editor is minimized", [&] { return dentistEditor.IsMinimized(); });
     shoppingEditor.CloseBox();
@@ -182,7 +182,7 @@ TEST_F(ControlPanelTest, EditsWithADoubleClickAndAsksBeforeItSaves) {
     WaitUntilFilled(editor, "Edit");
     program.WaitUntilGone(panelCaption);
     EXPECT_EQ(editor.Only("Edit").Text(), "milk");
-    // A change that keeps the length is not asked about.
+    // A change that keeps the length asks no question.
     editor.Only("Edit").Type("eggs");
     CloseAndWait(editor);
     panel = program.WaitFor(panelCaption);

@@ -10,7 +10,7 @@ namespace driver {
 
 namespace {
 
-// The signs in the user's numbers, for programs that start while this object lives.
+// Changes the number signs of the user while the object exists, for programs that start meanwhile.
 class NumberSigns {
   public:
     NumberSigns(const std::string& decimal, const std::string& thousands) {
@@ -238,7 +238,7 @@ TEST_F(CountdownTest, AnEntryBeyondItsRangeEndsTheProgramWhichFirstSavesItsNotes
     ExpectNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(CountdownTest, TheDecimalSignIsTheUsers) {
+TEST_F(CountdownTest, TheDecimalSignOfTheUserIsAccepted) {
     const NumberSigns german(",", ".");
     const Window main = StartProgram();
     const Window timer = Open(main);

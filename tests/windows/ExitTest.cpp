@@ -10,7 +10,7 @@ constexpr const char* eraseQuestion = "Kill Note";
 
 }  // namespace
 
-// The ends of the program, in every state that it can be in.
+// Ends the program in each of its states.
 class ExitTest : public DriverTest {
   public:
     // Each of these brings the program into a state.

@@ -32,8 +32,8 @@ Window WindowOfProgram(const std::string& caption, const std::string& executable
     return ProgramOf(found) == executable ? found : Window();
 }
 
-// The program's help file as the system's viewer has it open. The program has a window of this
-// caption, too, which it never opens for the help.
+// The window of the system's viewer with the program's help file. The program has a window with the
+// same caption, but does not open it for the help.
 Window HelpWindow() { return Window(::FindWindowW(nullptr, L"Jotwright Help")); }
 
 void AddText(const Window& window, std::string& text) {
@@ -43,14 +43,14 @@ void AddText(const Window& window, std::string& text) {
     }
 }
 
-// All that the viewer shows.
+// The whole text in the viewer.
 std::string TextOf(const Window& window) {
     std::string text;
     AddText(window, text);
     return text;
 }
 
-// Only the contents list the topics with a colon behind each.
+// Only the contents list the topics with a colon after each.
 bool IsContents(const std::string& text) {
     return text.find("Special alarms: ") != std::string::npos &&
            text.find("Where your notes are: ") != std::string::npos;

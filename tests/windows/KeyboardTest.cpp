@@ -123,7 +123,7 @@ void KeyboardTest::CloseByEscape(const Window& window) const {
     WaitUntil("Escape closes the window", [&] { return !window.Exists(); });
 }
 
-TEST_F(KeyboardTest, TheMainWindowsAccessKeysOpenTheToolsAndEscapeClosesThem) {
+TEST_F(KeyboardTest, AccessKeysOfTheMainWindowOpenTheToolsAndEscapeClosesThem) {
     const Window main = StartProgram();
     ExpectTabRound(main);
     const std::pair<WORD, const char*> tools[] = {
@@ -231,7 +231,7 @@ TEST_F(KeyboardTest, ANoteIsMadeWrittenSavedAndClosed) {
     PressUntil("the editor closes", {VK_MENU, VK_F4}, [&] { return !editor.Exists(); });
 }
 
-TEST_F(KeyboardTest, TheControlPanelIsWorkedFromItsList) {
+TEST_F(KeyboardTest, TheControlPanelCanBeUsedFromItsList) {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n");
     WriteNote("Shopping", "\"Shopping\",\"milk\",#2031-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n");
     const Window main = StartProgram();

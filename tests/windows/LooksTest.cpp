@@ -79,7 +79,7 @@ TEST_F(LooksTest, NotesOpenInACascade) {
     ExitProgram();
 }
 
-TEST_F(LooksTest, EveryWindowHasAnIconAndFixedOnesCannotBeMaximised) {
+TEST_F(LooksTest, EveryWindowHasAnIconAndFixedWindowsCannotBeMaximized) {
     const Window main = StartProgram();
     const Picture mainPicture = PictureWithIcon(main);
     const auto check = [&](const Window& window) {

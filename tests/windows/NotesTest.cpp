@@ -14,7 +14,7 @@ constexpr const char* appointment = "Call to move the appointment.\r\nAsk for a 
 
 class NotesTest : public DriverTest {};
 
-TEST_F(NotesTest, ANewNoteIsWrittenWithAllThatTheUserEntered) {
+TEST_F(NotesTest, ANewNoteIsSavedWithAllItsFields) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Dentist");
     WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });
@@ -87,7 +87,7 @@ TEST_F(NotesTest, ANoteComesBackMinimizedWithEverythingSaved) {
     ExitProgram();
 }
 
-TEST_F(NotesTest, AUserWritesANoteWithTheKeyboardAlone) {
+TEST_F(NotesTest, ANoteCanBeWrittenWithTheKeyboardOnly) {
     const Window main = StartProgram();
     WaitUntil("the title box has the focus", [&] { return main.Only("Edit").HasFocus(); });
     Window::TypeKeys("shopping list");
@@ -123,7 +123,7 @@ TEST_F(NotesTest, TheToolbarErasesANote) {
     EXPECT_FALSE(FileExists(NotePath("Shopping")));
 }
 
-TEST_F(NotesTest, ANoteFileThatAnotherProgramHoldsIsReportedAndSavedWhenItIsFree) {
+TEST_F(NotesTest, ANoteFileInUseIsReportedAndSavedLater) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
     editor.Only("Edit").Type("milk");
     ClickToolbar(editor.Only("ToolbarWindow32"), toolbarSave);

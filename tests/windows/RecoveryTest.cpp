@@ -12,8 +12,7 @@ using forms::win32::Wide;
 
 constexpr COLORREF yellow = RGB(255, 255, 0);
 
-// The user's choice to do without the Recycle Bin on the disk of a folder, as long as this object
-// lives.
+// Switches the Recycle Bin off for the disk of a folder while the object exists, as a user can.
 class NoRecycleBin {
   public:
     explicit NoRecycleBin(const std::string& folder) {
@@ -45,7 +44,7 @@ class RecoveryTest : public DriverTest {
     static std::string Shopping(const std::string& title, const std::string& text) {
         return '"' + title + "\",\"" + text + "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
     }
-    // For half past nine and a minute, with a sound.
+    // Sets an alarm for 9:31, with a sound.
     static void SetAlarm(const Window& editor);
     // The editor of a note whose program was killed.
     Window WaitForUnsaved(const std::string& title) const;
@@ -86,7 +85,7 @@ TEST_F(RecoveryTest, ATextWhoseFileHasChangedComesUpBesideIt) {
     EXPECT_EQ(Files(), (std::vector<std::string>{"Shopping (recovered).txt", "Shopping.txt"}));
 }
 
-TEST_F(RecoveryTest, AnAlarmAColorAndASizeThatWereNotSavedComeBack) {
+TEST_F(RecoveryTest, UnsavedAlarmColorAndFontSizeComeBack) {
     const std::string saved = Shopping("Dentist", "Call");
     WriteNote("Dentist", saved);
     const Window main = StartProgram();
@@ -94,7 +93,7 @@ TEST_F(RecoveryTest, AnAlarmAColorAndASizeThatWereNotSavedComeBack) {
     ChooseFromPopup(program, dentist.Only("Edit"), popupYellow);
     ChooseFromPopup(program, dentist.Only("Edit"), popup14Points);
     SetAlarm(dentist);
-    // One that was never saved.
+    // A note that was never saved.
     const Window rent = MakeNote(main, "Rent");
     rent.Only("Edit").Type("Pay");
     PickDate(DatePicker(rent), 2031, 6, 5);
@@ -140,7 +139,7 @@ TEST_F(RecoveryTest, WithoutARecycleBinFilesAreRenamed) {
     EXPECT_FALSE(FileExists(NotePath("Bad")));
     EXPECT_EQ(WholeFile(NotePath("Bad") + ".damaged"), "\"Bad\",\"no");
 
-    // What another program has saved meanwhile.
+    // The note that another program has saved meanwhile.
     WriteNote("Shopping", Shopping("Shopping", "bread"));
     editor.Only("Edit").Type("milk and eggs");
     ClickToolbar(editor.Only(toolbarClass), toolbarSave);

@@ -2,15 +2,15 @@
 
 namespace driver {
 
-// A note is its file, whatever its title.
+// A note is identified by its file, not by its title.
 class SameTitlesTest : public DriverTest {
   protected:
-    // Two files, "First" and "Second", of the title "Shopping". Starts the program and restores
-    // both editors.
+    // Starts the program with two files, "First" and "Second", whose notes have the title
+    // "Shopping", and restores both editors.
     void StartWithTwo();
     // The editor that shows this text.
     Window EditorOf(const std::string& text) const;
-    // Of the panel's only row or rows.
+    // Opens the note of a row with a double click. Returns its editor, which shows this text.
     Window EditRow(const Window& panel, int row, const std::string& text) const;
     static std::string Bytes(const std::string& text) {
         return "\"Shopping\",\"" + text + "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
@@ -65,7 +65,7 @@ TEST_F(SameTitlesTest, EachNoteIsSavedToItsOwnFile) {
     HideNote(second);
     ExpectNote("Second", Bytes("bread and butter"));
 
-    // Each row opens its own.
+    // Each row opens its own note.
     Window panel = OpenPanel(FindMain());
     EXPECT_TRUE(panel.FindChild("Static", "Total Notes: 2"));
     ASSERT_EQ(RowCount(panel.Only(listClass)), 2);

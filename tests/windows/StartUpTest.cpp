@@ -55,7 +55,7 @@ TEST_F(StartUpTest, SuppressedTipsAreNotShown) {
     ExitProgram();
 }
 
-TEST_F(StartUpTest, ASecondCopySaysSoAndChangesNothing) {
+TEST_F(StartUpTest, ASecondCopyShowsAMessageAndChangesNothing) {
     const std::string bytes =
         "\"Dentist\",\"Call\",#2031-06-05#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
     WriteNote("Dentist", bytes);
@@ -89,7 +89,7 @@ TEST_F(StartUpTest, ASecondCopySaysSoAndChangesNothing) {
     ExitProgram();
 }
 
-TEST_F(StartUpTest, EveryExitEndsTheProgramAndTakesItsIconAway) {
+TEST_F(StartUpTest, EveryExitEndsTheProgramAndRemovesItsIcon) {
     const auto exitBy = [this](const std::function<void(const Window&)>& leave) {
         const Window main = StartProgram();
         EXPECT_TRUE(tray::HasIcon(main));

@@ -91,7 +91,7 @@ TEST_F(TitlesTest, InvalidTitlesAreRejectedWithAPicture) {
     EXPECT_EQ(FileNames(folder + "\\Notes").size(), 1U);
 }
 
-TEST_F(TitlesTest, ValidTitlesAreTakenAsTyped) {
+TEST_F(TitlesTest, ValidTitlesAreKeptAsTyped) {
     WriteSetting("Options", "DefaultColor", "7");
     WriteNote("Shopping", "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
     const Window main = StartProgram();

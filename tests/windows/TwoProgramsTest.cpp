@@ -2,10 +2,10 @@
 
 namespace driver {
 
-// Two sessions of a user's, or two machines, may share the folder of the notes.
+// Two sessions of a user, or two machines, may share the folder of the notes.
 class TwoProgramsTest : public DriverTest {
   protected:
-    // Starts a second copy beside the first, which it does not know of.
+    // Starts a second copy that does not detect the first.
     void StartSecond();
     Window SecondMain() const;
     static std::string Shopping(const std::string& text) {
@@ -40,7 +40,7 @@ std::string TwoProgramsTest::InstanceOf(const std::string& copyName) const {
     return bytes.substr(start, bytes.find("\r\n", start) - start);
 }
 
-TEST_F(TwoProgramsTest, NeitherTouchesWhatTheOtherHasUnsaved) {
+TEST_F(TwoProgramsTest, NeitherTouchesTheUnsavedTextsOfTheOther) {
     WriteNote("Shopping", Shopping("milk"));
     StartProgram();
     const Window first = OpenRestored("Shopping");
@@ -48,7 +48,7 @@ TEST_F(TwoProgramsTest, NeitherTouchesWhatTheOtherHasUnsaved) {
     WaitForCopy("Shopping", "milk and eggs");
     const std::string firstCopy = CopyPath("Shopping");
     const std::string copy = WholeFile(firstCopy).value();
-    // A file that the first one is writing, and files that programs have left that were killed.
+    // A file that the first program is writing, and files that killed programs have left.
     const std::string beingWritten = "~Jotwright-" + InstanceOf("Shopping") + "-999.tmp";
     WriteWholeFile(InNotes(beingWritten),
                    "\"Rent\",\"pay\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
@@ -67,7 +67,8 @@ TEST_F(TwoProgramsTest, NeitherTouchesWhatTheOtherHasUnsaved) {
                                         firstCopy.substr(firstCopy.rfind('\\') + 1)}));
     EXPECT_EQ(WholeFile(firstCopy), copy);
 
-    // Both copies stand side by side, and so do both saved texts: the later one has the file.
+    // Both recovery copies exist, and later both saved texts. The text that is saved last has the
+    // file of the note.
     other.Only("Edit").Type("bread");
     WaitForCopy("Shopping", "bread");
     EXPECT_EQ(CopyPaths("Shopping").size(), 2U);
@@ -85,7 +86,7 @@ TEST_F(TwoProgramsTest, NeitherTouchesWhatTheOtherHasUnsaved) {
     ExpectNote("Lost", "\"Lost\",\"text\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(TwoProgramsTest, WhatTheFirstLeavesWhenItIsKilledComesBackAtTheNextStart) {
+TEST_F(TwoProgramsTest, UnsavedTextsOfTheFirstComeBackAfterItIsKilled) {
     WriteNote("Shopping", Shopping("milk"));
     StartProgram();
     OpenRestored("Shopping").Only("Edit").Type("milk and eggs");

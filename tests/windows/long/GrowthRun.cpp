@@ -28,7 +28,7 @@ class GrowthRun : public DriverTest {
     void EraseAndClose(const Window& panel) const;
     // Closes the note, opens it in the control panel, and erases it there.
     void ThroughThePanel(const Window& main, const std::string& title);
-    // Minimises the note, brings it back with all open notes, saves it, and erases it by its
+    // Minimizes the note, brings it back with all open notes, saves it, and erases it by its
     // toolbar.
     void InItsEditor(const Window& main, const std::string& title);
     void Cycle(const Window& main, int number);
