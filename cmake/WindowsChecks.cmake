@@ -41,7 +41,7 @@ foreach(scale 125 150 175 200)
     math(EXPR height "1024 * ${scale} / 100")
     jotwright_add_windows_check(windows.pointer.${scale} 60 "${scripts}/run-windows-tests" --app
                                 "${PROJECT_BINARY_DIR}" windows_driver.exe
-                                "--gtest_filter=Pointer.*")
+                                "--gtest_filter=PointerTest.*")
     set_tests_properties(windows.pointer.${scale} PROPERTIES
         RESOURCE_LOCK windows_pointer ENVIRONMENT
         "JOTWRIGHT_WINE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/windows.pointer;JOTWRIGHT_TEST_SCREEN=${width}x${height};JOTWRIGHT_TEST_REGISTRY=${PROJECT_BINARY_DIR}/scale-${scale}.reg")

@@ -124,18 +124,24 @@ StandardCode::NoteRecord frmNote::Record() {
     record.AlarmDate = alarm.Values().AlarmDayLong;
     record.AlarmTime = alarm.Values().AlarmTimeOfDay;
     record.ColorIndex = static_cast<std::int16_t>(colorIndex);
-    record.FontSize = static_cast<std::int16_t>(txtNote.fontSize);
+    record.FontSize = FontSize();
     record.AlarmState = alarm.IsSet() ? "1" : "0";
     record.AudioAlarm = alarm.AudioAlarm();
     record.Trailer = "yes";
     return record;
 }
 
+std::int16_t frmNote::FontSize() const {
+    const int size = txtNote.fontSize;
+    return size == 10 || size == 12 || size == 14 ? static_cast<std::int16_t>(size)
+                                                  : std::int16_t{16};
+}
+
 bool frmNote::Shows(const StandardCode::NoteRecord& record) {
     return txtNote.text() == record.Text && alarm.Values().AlarmDayLong == record.AlarmDate &&
            alarm.Values().AlarmTimeOfDay == record.AlarmTime &&
            static_cast<std::int16_t>(colorIndex) == record.ColorIndex &&
-           txtNote.fontSize() == record.FontSize && alarm.IsSet() == (record.AlarmState == "1") &&
+           FontSize() == record.FontSize && alarm.IsSet() == (record.AlarmState == "1") &&
            alarm.AudioAlarm() == record.AudioAlarm;
 }
 

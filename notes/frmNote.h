@@ -114,6 +114,8 @@ class frmNote : public forms::Form, public NoteEditor {
 
   private:
     void DesignMenus();
+    // As the file has it: 10, 12 or 14; 16 for any other size.
+    std::int16_t FontSize() const;
     bool CloseThroughPanel();
     bool CloseSilently();
 

@@ -21,9 +21,8 @@ class BellTest : public testing_support::TestProgram {
         Bell::RingBehindBox(path, text, {}, "Alarm");
     }
 
-    void ExpectBox(const std::string& text, forms::headless::Script during = nullptr) {
-        stage->ExpectBox(text, "Alarm", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok,
-                         std::move(during));
+    void ExpectBell(const std::string& text, forms::headless::Script during = nullptr) {
+        ExpectMessage(text, "Alarm", BoxIcon::None, std::move(during));
     }
 
     // All sounds so far, in order: "loop <path>" and "stop".
@@ -40,7 +39,7 @@ class BellTest : public testing_support::TestProgram {
 };
 
 TEST_F(BellTest, LoopsBehindItsBoxAndGivesTheAnswer) {
-    stage->ExpectBox("Stop it?", "Bell", BoxIcon::Question, BoxButtons::YesNo, BoxResult::No, [&] {
+    ExpectQuestion("Stop it?", "Bell", BoxIcon::Question, BoxResult::No, [&] {
         EXPECT_TRUE(Bell::IsRinging());
         EXPECT_TRUE(Shared().AlarmSounding);
         EXPECT_EQ(Sounds(), std::vector<std::string>{"loop " + alarmSound});
@@ -56,8 +55,8 @@ TEST_F(BellTest, LoopsBehindItsBoxAndGivesTheAnswer) {
 }
 
 TEST_F(BellTest, TheSoundOfTheBoxBelowStartsAgain) {
-    ExpectBox("below", [&] {
-        ExpectBox("above", [&] { EXPECT_EQ(sound.PlayingPath(), chime); });
+    ExpectBell("below", [&] {
+        ExpectBell("above", [&] { EXPECT_EQ(sound.PlayingPath(), chime); });
         Start([] { Ring(chime, "above"); });
         EXPECT_TRUE(Bell::IsRinging());
         EXPECT_EQ(sound.PlayingPath(), alarmSound);
@@ -69,10 +68,10 @@ TEST_F(BellTest, TheSoundOfTheBoxBelowStartsAgain) {
 }
 
 TEST_F(BellTest, AlarmSoundingIsSetUntilTheLastBoxIsClosed) {
-    ExpectBox("below", [&] {
+    ExpectBell("below", [&] {
         Bell::ClearAlarmSounding();
         EXPECT_TRUE(Shared().AlarmSounding);
-        ExpectBox("above");
+        ExpectBell("above");
         Start([] { Ring(chime, "above"); });
         EXPECT_TRUE(Shared().AlarmSounding);
     });
@@ -81,7 +80,7 @@ TEST_F(BellTest, AlarmSoundingIsSetUntilTheLastBoxIsClosed) {
 }
 
 TEST_F(BellTest, DoesNotRingAnyMoreWhenTheProgramHasEndedUnderTheBox) {
-    ExpectBox("below", [this] { Start([this] { runtime->End(); }); });
+    ExpectBell("below", [this] { Start([this] { runtime->End(); }); });
     Start([] { Ring(alarmSound, "below"); });
     EXPECT_TRUE(runtime->HasEnded());
     EXPECT_FALSE(Bell::IsRinging());

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "alarms/DueRules.h"
+#include "tests/support/Note.h"
 #include "tests/support/RuleDevices.h"
 
 namespace {
@@ -21,8 +22,8 @@ DateTime At(DateTime day, int hour, int minute, int second) {
 
 class DueRulesTest : public testing::Test, protected testing_support::RuleDevices {
   protected:
-    static NoteRecord Note(DateTime date, DateTime time) {
-        return {"Dentist", "", date, time, 1, 10, "1", 0, "yes"};
+    static NoteRecord DueOn(DateTime date, DateTime time) {
+        return testing_support::Note("Dentist").On(date).WithAlarmAt(time);
     }
 };
 
@@ -87,7 +88,7 @@ TEST_F(DueRulesTest, EditorAlarmMayRingSoonInItsLastSecondsOfAnyDay) {
 }
 
 TEST_F(DueRulesTest, SavedNoteIsDueInItsSecondOnly) {
-    const NoteRecord note = Note(friday, halfPastNine);
+    const NoteRecord note = DueOn(friday, halfPastNine);
     EXPECT_TRUE(IsSavedNoteDue(note, At(friday, 9, 30, 0)));
     EXPECT_FALSE(IsSavedNoteDue(note, At(friday, 9, 29, 59)));
     EXPECT_FALSE(IsSavedNoteDue(note, At(friday, 9, 30, 1)));
@@ -97,21 +98,21 @@ TEST_F(DueRulesTest, SavedNoteIsDueInItsSecondOnly) {
 TEST_F(DueRulesTest, SavedNoteIsDueInEveryYear) {
     for (const int year : {1999, 2029, 2030, 2031, 2099}) {
         const DateTime day = DateTime::FromDate(year, 6, 1);
-        EXPECT_TRUE(IsSavedNoteDue(Note(day, halfPastNine), At(day, 9, 30, 0))) << year;
+        EXPECT_TRUE(IsSavedNoteDue(DueOn(day, halfPastNine), At(day, 9, 30, 0))) << year;
     }
 }
 
 TEST_F(DueRulesTest, OnlyAlarmStateOneIsLookedAt) {
     for (const char* state : {"0", "", "2", " 1", "yes"}) {
-        NoteRecord note = Note(friday, halfPastNine);
+        NoteRecord note = DueOn(friday, halfPastNine);
         note.AlarmState = state;
         EXPECT_FALSE(IsSavedNoteDue(note, At(friday, 9, 30, 0))) << state;
     }
 }
 
 TEST_F(DueRulesTest, SavedDateWithATimeOrSavedTimeWithADateIsNeverDue) {
-    EXPECT_FALSE(IsSavedNoteDue(Note(At(friday, 9, 30, 0), halfPastNine), At(friday, 9, 30, 0)));
-    EXPECT_FALSE(IsSavedNoteDue(Note(friday, At(friday, 9, 30, 0)), At(friday, 9, 30, 0)));
+    EXPECT_FALSE(IsSavedNoteDue(DueOn(At(friday, 9, 30, 0), halfPastNine), At(friday, 9, 30, 0)));
+    EXPECT_FALSE(IsSavedNoteDue(DueOn(friday, At(friday, 9, 30, 0)), At(friday, 9, 30, 0)));
 }
 
 TEST_F(DueRulesTest, ComparisonTextIsOdd) {
@@ -131,12 +132,12 @@ TEST_F(DueRulesTest, ComparisonTextEndsWithTheEndOfTheShortDate) {
 }
 
 TEST_F(DueRulesTest, ComparisonTextMatchesAnotherCenturyWithShortYears) {
-    const NoteRecord old = Note(DateTime::FromDate(1904, 5, 14), halfPastNine);
+    const NoteRecord old = DueOn(DateTime::FromDate(1904, 5, 14), halfPastNine);
     EXPECT_FALSE(IsSavedNoteDue(old, At(friday, 9, 30, 0)));
     locale.shortDateFormat = "M/d/yy";
     EXPECT_TRUE(IsSavedNoteDue(old, At(friday, 9, 30, 0)));
     EXPECT_FALSE(IsSavedNoteDue(old, At(friday, 9, 30, 1)));
-    EXPECT_FALSE(IsSavedNoteDue(Note(DateTime::FromDate(1904, 12, 25), halfPastNine),
+    EXPECT_FALSE(IsSavedNoteDue(DueOn(DateTime::FromDate(1904, 12, 25), halfPastNine),
                                 At(DateTime::FromDate(2004, 12, 25), 9, 30, 0)));
 }
 

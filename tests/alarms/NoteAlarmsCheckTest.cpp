@@ -4,7 +4,7 @@
 #include "app/StandardCode.h"
 #include "forms/Services.h"
 #include "notes/frmDisplayNote.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 
 namespace {
 
@@ -12,15 +12,12 @@ using NoteAlarmsCheck::Opened;
 using StandardCode::Shared;
 
 // The program starts on Friday, 14 May 2004, 9:00:00.
-class NoteAlarmsCheckTest : public testing_support::TestProgram {
+class NoteAlarmsCheckTest : public testing_support::ProductProgram {
   protected:
-    static void PutAlarm(int slot, const std::string& title, std::int16_t audio) {
-        StandardCode::NoteRecord& note = Shared().NotesArray[slot];
-        note.Title = title;
-        note.AlarmDate = forms::Today();
-        note.AlarmTime = forms::Now().TimeOnly();
-        note.AlarmState = "1";
-        note.AudioAlarm = audio;
+    static void SetDue(int slot, const std::string& title, bool withSound) {
+        Note note = Note(title).WithAlarmAt(forms::Now().TimeOnly()).On(forms::Today());
+        note.AudioAlarm = withSound ? 1 : 0;
+        Shared().NotesArray[slot] = note;
     }
 
     Opened Check() {
@@ -41,17 +38,18 @@ TEST_F(NoteAlarmsCheckTest, WithoutADueNoteThereIsNothing) {
 // Any of the due notes can ask for the sound; the last display plays it.
 TEST_F(NoteAlarmsCheckTest, TheLastDisplaySoundsIfAnyNoteAsksForItInSilence) {
     struct Case {
-        std::int16_t firstAudio;
-        std::int16_t secondAudio;
+        bool firstHasSound;
+        bool secondHasSound;
         bool alarmSounds;
         bool wantsSound;
     };
-    for (const Case& test : {Case{0, 0, false, false}, Case{1, 0, false, true},
-                             Case{0, 1, false, true}, Case{1, 1, true, false}}) {
-        SCOPED_TRACE(testing::Message() << test.firstAudio << test.secondAudio << test.alarmSounds);
+    for (const Case& test : {Case{false, false, false, false}, Case{true, false, false, true},
+                             Case{false, true, false, true}, Case{true, true, true, false}}) {
+        SCOPED_TRACE(testing::Message()
+                     << test.firstHasSound << test.secondHasSound << test.alarmSounds);
         Restart();
-        PutAlarm(1, "One", test.firstAudio);
-        PutAlarm(2, "Two", test.secondAudio);
+        SetDue(1, "One", test.firstHasSound);
+        SetDue(2, "Two", test.secondHasSound);
         Shared().AlarmSounding = test.alarmSounds;
         const Opened opened = Check();
         ASSERT_NE(opened.last, nullptr);
@@ -64,7 +62,7 @@ TEST_F(NoteAlarmsCheckTest, TheLastDisplaySoundsIfAnyNoteAsksForItInSilence) {
 }
 
 TEST_F(NoteAlarmsCheckTest, ADisplayThatWasClosedMeanwhileIsSilent) {
-    PutAlarm(1, "Dentist", 1);
+    SetDue(1, "Dentist", true);
     const Opened opened = Check();
     user->CloseBox(*opened.last);
     NoteAlarmsCheck::StartSound(opened);
@@ -72,7 +70,7 @@ TEST_F(NoteAlarmsCheckTest, ADisplayThatWasClosedMeanwhileIsSilent) {
 }
 
 TEST_F(NoteAlarmsCheckTest, AnAlarmWhoseDisplayIsOpenComesUpOnce) {
-    PutAlarm(1, "Dentist", 1);
+    SetDue(1, "Dentist", true);
     const Opened first = Check();
     ASSERT_NE(first.last, nullptr);
     EXPECT_EQ(Check().last, nullptr);

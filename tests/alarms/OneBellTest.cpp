@@ -15,7 +15,7 @@ const std::string buzzer = "C:\\Jotwright\\Alarm buzzer.wav";
 const std::string chime = "C:\\Jotwright\\Alert chime.wav";
 
 // The program starts on Friday, 14 May 2004, 14:59:00, with the cuckoo clock on.
-class OneBell : public testing_support::WholeProgram {
+class OneBellTest : public testing_support::WholeProgram {
   protected:
     void SetUp() override {
         WholeProgram::SetUp();
@@ -23,8 +23,8 @@ class OneBell : public testing_support::WholeProgram {
         settings.values[{"Options", "StartCookoo"}] = "1";
     }
 
-    void PutAlarm(const std::string& title, const std::string& time) {
-        PutNote(title, "#2004-05-14#,#" + time + "#,1,12,\"1\",1,\"yes\"\r\n");
+    void PutAlarm(const std::string& title, int hour, int minute, int second = 0) {
+        PutNote(Note(title).WithAlarmAt(hour, minute, second).WithSound());
     }
 
     void Hide(const std::string& title) { user->CloseBox(Editor(title)); }
@@ -40,19 +40,6 @@ class OneBell : public testing_support::WholeProgram {
         }
     }
 
-    void ExpectEditorsBox(headless::Script during) {
-        stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", BoxIcon::None,
-                         BoxButtons::Ok, BoxResult::Ok, std::move(during));
-    }
-    void ExpectSpecialBox(headless::Script during) {
-        stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
-                         BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok, std::move(during));
-    }
-    void ExpectTimeIsUp(headless::Script during) {
-        stage->ExpectBox("          Time Is Up        ", "Jotwright Audio Alarm", BoxIcon::Critical,
-                         BoxButtons::Ok, BoxResult::Ok, std::move(during));
-    }
-
     // The hidden note Dentist is due at 15:00:05, and the hour strikes at 15:00:15. The first sound
     // must play on through both.
     headless::Script NothingEndsIt(const std::string& path) {
@@ -66,18 +53,18 @@ class OneBell : public testing_support::WholeProgram {
     }
 };
 
-TEST_F(OneBell, AnEditorsAlarmOutlastsHiddenNotesAndTheCuckoo) {
+TEST_F(OneBellTest, AnEditorsAlarmOutlastsHiddenNotesAndTheCuckoo) {
     for (const char* loops : {"0", "1"}) {
-        for (const char* hiddenAlarm : {"15:00:00", "15:00:05"}) {
-            SCOPED_TRACE(std::string(loops) + ' ' + hiddenAlarm);
+        for (const int hiddenAlarm : {0, 5}) {
+            SCOPED_TRACE(std::string(loops) + ' ' + std::to_string(hiddenAlarm));
             SetNow(2004, 5, 14, 14, 59, 0);
             sound.log.clear();
             settings.values[{"Options", "NoteLoops"}] = loops;
-            PutAlarm("Dentist", hiddenAlarm);
-            PutAlarm("Rent", "15:00:00");
+            PutAlarm("Dentist", 15, 0, hiddenAlarm);
+            PutAlarm("Rent", 15, 0);
             StartQuietly();
             Hide("Dentist");
-            ExpectEditorsBox(NothingEndsIt(buzzer));
+            ExpectEditorAlarm(NothingEndsIt(buzzer));
             AdvanceTo(15, 0, 40);
             EXPECT_EQ(sound.log.size(), 2U);
             EXPECT_FALSE(sound.IsPlaying());
@@ -87,30 +74,29 @@ TEST_F(OneBell, AnEditorsAlarmOutlastsHiddenNotesAndTheCuckoo) {
     }
 }
 
-TEST_F(OneBell, ADisplaysLoopOutlastsTheCuckoo) {
+TEST_F(OneBellTest, ADisplaysLoopOutlastsTheCuckoo) {
     settings.values[{"Options", "NoteLoops"}] = "1";
-    PutAlarm("Dentist", "14:59:50");
+    PutAlarm("Dentist", 14, 59, 50);
     StartQuietly();
     Hide("Dentist");
-    stage->ExpectBox("      Turn Off Alarm?       ", "Jotwright Audio Alarm", BoxIcon::Information,
-                     BoxButtons::Ok, BoxResult::Ok, NothingEndsIt(buzzer));
+    ExpectDisplayAlarm(NothingEndsIt(buzzer));
     AdvanceTo(15, 0, 40);
     EXPECT_EQ(sound.log.size(), 2U);
     EXPECT_FALSE(sound.IsPlaying());
 }
 
-TEST_F(OneBell, ASampleOutlastsTheCuckooAndHiddenNotes) {
+TEST_F(OneBellTest, ASampleOutlastsTheCuckooAndHiddenNotes) {
     for (const char* loops : {"0", "1"}) {
         SCOPED_TRACE(loops);
         SetNow(2004, 5, 14, 14, 59, 0);
         sound.log.clear();
         settings.values[{"Options", "NoteLoops"}] = loops;
-        PutAlarm("Dentist", "15:00:05");
+        PutAlarm("Dentist", 15, 0, 5);
         StartQuietly();
         Hide("Dentist");
         stage->ExpectModal<frmAlarms>([this](frmAlarms& chooser) {
-            stage->ExpectBox("        Sampling Buzzer Alarm          ", "Jotwright Audio Alarm",
-                             BoxIcon::None, BoxButtons::Ok, BoxResult::Ok, NothingEndsIt(buzzer));
+            ExpectMessage("        Sampling Buzzer Alarm          ", "Jotwright Audio Alarm",
+                          BoxIcon::None, NothingEndsIt(buzzer));
             user->Click(chooser.cmdTest);
             EXPECT_FALSE(sound.IsPlaying());
             user->Click(chooser.cmdCancel);
@@ -122,8 +108,8 @@ TEST_F(OneBell, ASampleOutlastsTheCuckooAndHiddenNotes) {
     }
 }
 
-TEST_F(OneBell, ACountdownsChimeOutlastsHiddenNotesAndTheCuckoo) {
-    PutAlarm("Dentist", "15:00:05");
+TEST_F(OneBellTest, ACountdownsChimeOutlastsHiddenNotesAndTheCuckoo) {
+    PutAlarm("Dentist", 15, 0, 5);
     StartQuietly();
     Hide("Dentist");
     frmTimer& timer = Shown<frmTimer>();
@@ -134,10 +120,10 @@ TEST_F(OneBell, ACountdownsChimeOutlastsHiddenNotesAndTheCuckoo) {
     EXPECT_EQ(sound.log.size(), 2U);
 }
 
-TEST_F(OneBell, ASpecialAlarmOutlastsTheCuckoo) {
+TEST_F(OneBellTest, ASpecialAlarmOutlastsTheCuckoo) {
     StartQuietly();
     SetSpecialAlarm(base::DateTime::FromTime(15, 0, 0));
-    ExpectSpecialBox([this] {
+    ExpectDailyAlarm("now", [this] {
         AdvanceTo(15, 0, 30);
         EXPECT_EQ(sound.PlayingPath(), buzzer);
         EXPECT_EQ(sound.log.size(), 1U);
@@ -146,12 +132,12 @@ TEST_F(OneBell, ASpecialAlarmOutlastsTheCuckoo) {
     EXPECT_EQ(sound.log.size(), 2U);
 }
 
-TEST_F(OneBell, OfTwoEditorsDueInOneSecondTheSecondRingsOnWhenTheFirstBoxIsClosed) {
-    PutAlarm("Dentist", "15:00:00");
-    PutAlarm("Rent", "15:00:00");
+TEST_F(OneBellTest, OfTwoEditorsDueInOneSecondTheSecondRingsOnWhenTheFirstBoxIsClosed) {
+    PutAlarm("Dentist", 15, 0);
+    PutAlarm("Rent", 15, 0);
     StartQuietly();
-    ExpectEditorsBox([this] {
-        ExpectEditorsBox([this] { EXPECT_EQ(sound.PlayingPath(), buzzer); });
+    ExpectEditorAlarm([this] {
+        ExpectEditorAlarm([this] { EXPECT_EQ(sound.PlayingPath(), buzzer); });
         Advance(5000);
         EXPECT_EQ(sound.PlayingPath(), buzzer) << "this box still waits";
     });
@@ -160,12 +146,12 @@ TEST_F(OneBell, OfTwoEditorsDueInOneSecondTheSecondRingsOnWhenTheFirstBoxIsClose
     EXPECT_EQ(sound.Count(RecordedSound::Kind::Stop), 2);
 }
 
-TEST_F(OneBell, AnEditorRingsOnWhenASpecialAlarmAboveItIsClosed) {
-    PutAlarm("Rent", "15:00:00");
+TEST_F(OneBellTest, AnEditorRingsOnWhenASpecialAlarmAboveItIsClosed) {
+    PutAlarm("Rent", 15, 0);
     StartQuietly();
     SetSpecialAlarm(base::DateTime::FromTime(15, 0, 10));
-    ExpectEditorsBox([this] {
-        ExpectSpecialBox([this] { EXPECT_TRUE(sound.IsPlaying()); });
+    ExpectEditorAlarm([this] {
+        ExpectDailyAlarm("now", [this] { EXPECT_TRUE(sound.IsPlaying()); });
         AdvanceTo(15, 0, 30);
         EXPECT_EQ(sound.PlayingPath(), buzzer) << "this box still waits";
         EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
@@ -174,10 +160,10 @@ TEST_F(OneBell, AnEditorRingsOnWhenASpecialAlarmAboveItIsClosed) {
     EXPECT_FALSE(sound.IsPlaying());
 }
 
-TEST_F(OneBell, TheNextHourStrikesAgain) {
-    PutAlarm("Rent", "15:00:00");
+TEST_F(OneBellTest, TheNextHourStrikesAgain) {
+    PutAlarm("Rent", 15, 0);
     StartQuietly();
-    ExpectEditorsBox(nullptr);
+    ExpectEditorAlarm();
     AdvanceTo(15, 0, 30);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 3);
 }

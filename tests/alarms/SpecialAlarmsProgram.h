@@ -12,7 +12,7 @@
 namespace testing_support {
 
 // The window of the weekly alarms and their file.
-class SpecialAlarms : public TestProgram {
+class SpecialAlarmsProgram : public TestProgram {
   protected:
     inline static const std::string path = "C:\\Jotwright\\SpecialAlarms\\SpecialAlarms.txt";
     inline static const std::string emptyRow = "\"Monday\",#00:00:00#,\"\",0\r\n";
@@ -31,25 +31,22 @@ class SpecialAlarms : public TestProgram {
         }
     }
     void ExpectIdentical(const char* first, const char* second) {
-        stage->ExpectBox(std::string(20, ' ') + "Alarm Number: " + first + "\r\n" +
-                             std::string(31, ' ') + "and \r\n" + std::string(20, ' ') +
-                             "Alarm Number: " + second + "\r\n" + std::string(10, ' ') +
-                             "Have the same day and time set.\r\n\r\n"
-                             "  Alarms can't be set for the same day and time.      ",
-                         "Error - Identical Alarms", forms::BoxIcon::Exclamation,
-                         forms::BoxButtons::Ok, forms::BoxResult::Ok);
+        ExpectMessage(std::string(20, ' ') + "Alarm Number: " + first + "\r\n" +
+                          std::string(31, ' ') + "and \r\n" + std::string(20, ' ') +
+                          "Alarm Number: " + second + "\r\n" + std::string(10, ' ') +
+                          "Have the same day and time set.\r\n\r\n"
+                          "  Alarms can't be set for the same day and time.      ",
+                      "Error - Identical Alarms", forms::BoxIcon::Exclamation);
     }
     void ExpectReadError(const std::string& error) {
-        stage->ExpectBox(error +
-                             "\r\n\r\nThe special alarms that could not be read are shown as they "
-                             "were when they were last loaded.",
-                         "Error Loading Special Alarms", forms::BoxIcon::Exclamation,
-                         forms::BoxButtons::Ok, forms::BoxResult::Ok);
+        ExpectMessage(error +
+                          "\r\n\r\nThe special alarms that could not be read are shown as they "
+                          "were when they were last loaded.",
+                      "Error Loading Special Alarms", forms::BoxIcon::Exclamation);
     }
     void ExpectWriteError(const std::string& error) {
-        stage->ExpectBox(error + "\r\n\r\nThe special alarms have not been saved.",
-                         "Error Saving Special Alarms", forms::BoxIcon::Exclamation,
-                         forms::BoxButtons::Ok, forms::BoxResult::Ok);
+        ExpectMessage(error + "\r\n\r\nThe special alarms have not been saved.",
+                      "Error Saving Special Alarms", forms::BoxIcon::Exclamation);
     }
     void PutFile(const std::string& firstRows, int emptyRows) {
         std::string text = firstRows;

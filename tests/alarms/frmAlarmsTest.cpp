@@ -8,16 +8,14 @@
 
 namespace {
 
-using forms::BoxButtons;
 using forms::BoxIcon;
-using forms::BoxResult;
 using forms::headless::RecordedSound;
 using StandardCode::Shared;
 
 const std::string folder = "C:\\Jotwright";
 const std::string ownWave = "D:\\sounds\\my own.wav";
 
-class AlarmChooser : public testing_support::TestProgram {
+class frmAlarmsTest : public testing_support::TestProgram {
   protected:
     frmAlarms& Open() {
         Start([] { forms::Default<frmAlarms>().Show(); });
@@ -38,13 +36,9 @@ class AlarmChooser : public testing_support::TestProgram {
         return selected;
     }
     std::string Stored() { return settings.Read("Config", "Alarm").value_or("(nothing)"); }
-    void ExpectBox(const std::string& text, const std::string& caption, BoxIcon icon,
-                   forms::headless::Script during = nullptr) {
-        stage->ExpectBox(text, caption, icon, BoxButtons::Ok, BoxResult::Ok, std::move(during));
-    }
 };
 
-TEST_F(AlarmChooser, WithoutASettingSelectsTheBuzzerAndWritesNothing) {
+TEST_F(frmAlarmsTest, WithoutASettingSelectsTheBuzzerAndWritesNothing) {
     Shared().AlarmSoundPath = "before";
     frmAlarms& window = Open();
     EXPECT_EQ(Selected(window), 0);
@@ -54,7 +48,7 @@ TEST_F(AlarmChooser, WithoutASettingSelectsTheBuzzerAndWritesNothing) {
     EXPECT_FALSE(window.cmdMyWaveFile.enabled());
 }
 
-TEST_F(AlarmChooser, AnEmptySettingIsTakenAsMissing) {
+TEST_F(frmAlarmsTest, AnEmptySettingIsTakenAsMissing) {
     frmAlarms& window = OpenWith("");
     EXPECT_EQ(Selected(window), 0);
     EXPECT_EQ(window.txtMyWaveFilePath.text(), "");
@@ -62,15 +56,15 @@ TEST_F(AlarmChooser, AnEmptySettingIsTakenAsMissing) {
     EXPECT_EQ(Stored(), "");
 }
 
-TEST_F(AlarmChooser, TheSoundSelectedByLoadingCountsAsClicked) {
+TEST_F(frmAlarmsTest, TheSoundSelectedByLoadingCountsAsClicked) {
     frmAlarms& window = OpenWith(folder + "\\Bell alarm.wav");
-    ExpectBox("        Sampling Bell Alarm          ", "Jotwright Audio Alarm", BoxIcon::None);
+    ExpectMessage("        Sampling Bell Alarm          ", "Jotwright Audio Alarm", BoxIcon::None);
     user->Click(window.cmdTest);
     user->Click(window.cmdSave);
     EXPECT_EQ(Stored(), folder + "\\Bell alarm.wav");
 }
 
-TEST_F(AlarmChooser, SelectsTheStoredBuiltInSound) {
+TEST_F(frmAlarmsTest, SelectsTheStoredBuiltInSound) {
     const char* names[] = {"\\Alarm buzzer.wav", "\\Alert chime.wav", "\\Cuckoo clock.wav",
                            "\\Alarm clock.wav", "\\Bell alarm.wav"};
     for (int index = 0; index < 5; ++index) {
@@ -83,7 +77,7 @@ TEST_F(AlarmChooser, SelectsTheStoredBuiltInSound) {
     }
 }
 
-TEST_F(AlarmChooser, SelectsTheUsersOwnFileAndShowsItsPath) {
+TEST_F(frmAlarmsTest, SelectsTheUsersOwnFileAndShowsItsPath) {
     frmAlarms& window = OpenWith(ownWave);
     EXPECT_EQ(Selected(window), 5);
     EXPECT_EQ(window.txtMyWaveFilePath.text(), ownWave);
@@ -92,20 +86,20 @@ TEST_F(AlarmChooser, SelectsTheUsersOwnFileAndShowsItsPath) {
     EXPECT_TRUE(window.cmdMyWaveFile.enabled());
 }
 
-TEST_F(AlarmChooser, ComparesTheStoredPathInTheCaseOfItsLetters) {
+TEST_F(frmAlarmsTest, ComparesTheStoredPathInTheCaseOfItsLetters) {
     frmAlarms& window = OpenWith(folder + "\\alarm buzzer.wav");
     EXPECT_EQ(Selected(window), 5);
     EXPECT_EQ(window.txtMyWaveFilePath.text(), folder + "\\alarm buzzer.wav");
 }
 
-TEST_F(AlarmChooser, AClickOnABuiltInSoundIsInForceAtOnce) {
+TEST_F(frmAlarmsTest, AClickOnABuiltInSoundIsInForceAtOnce) {
     frmAlarms& window = OpenWith(folder + "\\Alert chime.wav");
     user->Click(window.optAlarm[4]);
     EXPECT_EQ(Shared().AlarmSoundPath, folder + "\\Bell alarm.wav");
     EXPECT_EQ(Stored(), folder + "\\Alert chime.wav");
 }
 
-TEST_F(AlarmChooser, CancelKeepsTheClickedSoundForThisRunOnly) {
+TEST_F(frmAlarmsTest, CancelKeepsTheClickedSoundForThisRunOnly) {
     frmAlarms& window = OpenWith(folder + "\\Alert chime.wav");
     user->Click(window.optAlarm[4]);
     user->Click(window.cmdCancel);
@@ -117,7 +111,7 @@ TEST_F(AlarmChooser, CancelKeepsTheClickedSoundForThisRunOnly) {
     EXPECT_EQ(Shared().AlarmSoundPath, folder + "\\Alert chime.wav");
 }
 
-TEST_F(AlarmChooser, SaveStoresTheSelectedBuiltInSound) {
+TEST_F(frmAlarmsTest, SaveStoresTheSelectedBuiltInSound) {
     frmAlarms& window = Open();
     user->Click(window.optAlarm[2]);
     user->Click(window.cmdSave);
@@ -126,7 +120,7 @@ TEST_F(AlarmChooser, SaveStoresTheSelectedBuiltInSound) {
     EXPECT_EQ(Shared().AlarmSoundPath, folder + "\\Cuckoo clock.wav");
 }
 
-TEST_F(AlarmChooser, TheOwnFileDisablesSaveUntilBrowseEvenWhenThatIsCancelled) {
+TEST_F(frmAlarmsTest, TheOwnFileDisablesSaveUntilBrowseEvenWhenThatIsCancelled) {
     frmAlarms& window = Open();
     const std::string before = Shared().AlarmSoundPath;
     user->Click(window.optAlarm[5]);
@@ -141,7 +135,7 @@ TEST_F(AlarmChooser, TheOwnFileDisablesSaveUntilBrowseEvenWhenThatIsCancelled) {
     EXPECT_FALSE(window.cmdMyWaveFile.enabled());
 }
 
-TEST_F(AlarmChooser, BrowsePutsTheChosenFileIntoTheBox) {
+TEST_F(frmAlarmsTest, BrowsePutsTheChosenFileIntoTheBox) {
     frmAlarms& window = Open();
     user->Click(window.optAlarm[5]);
     stage->ExpectOpenDialog(ownWave);
@@ -152,54 +146,54 @@ TEST_F(AlarmChooser, BrowsePutsTheChosenFileIntoTheBox) {
     EXPECT_EQ(stage->OpenDialogs()[0].filter, "Wav Files (*.wav)|*.wav|All Files (*.*)|*.*");
 }
 
-TEST_F(AlarmChooser, ACancelledBrowseKeepsTheText) {
+TEST_F(frmAlarmsTest, ACancelledBrowseKeepsTheText) {
     frmAlarms& window = OpenWith(ownWave);
     stage->ExpectOpenDialog(std::nullopt);
     user->Click(window.cmdMyWaveFile);
     EXPECT_EQ(window.txtMyWaveFilePath.text(), ownWave);
 }
 
-TEST_F(AlarmChooser, TestLoopsTheSoundBehindItsMessage) {
+TEST_F(frmAlarmsTest, TestLoopsTheSoundBehindItsMessage) {
     frmAlarms& window = Open();
     user->Click(window.optAlarm[3]);
-    ExpectBox("        Sampling Alarm Clock          ", "Jotwright Audio Alarm", BoxIcon::None,
-              [&] {
-                  ASSERT_EQ(sound.log.size(), 1u);
-                  EXPECT_EQ(sound.log[0].kind, RecordedSound::Kind::Loop);
-                  EXPECT_EQ(sound.log[0].path, folder + "\\Alarm clock.wav");
-                  Advance(60000);
-                  EXPECT_TRUE(sound.IsPlaying());
-              });
+    ExpectMessage("        Sampling Alarm Clock          ", "Jotwright Audio Alarm", BoxIcon::None,
+                  [&] {
+                      ASSERT_EQ(sound.log.size(), 1u);
+                      EXPECT_EQ(sound.log[0].kind, RecordedSound::Kind::Loop);
+                      EXPECT_EQ(sound.log[0].path, folder + "\\Alarm clock.wav");
+                      Advance(60000);
+                      EXPECT_TRUE(sound.IsPlaying());
+                  });
     user->Click(window.cmdTest);
     ASSERT_EQ(sound.log.size(), 2u);
     EXPECT_EQ(sound.log[1].kind, RecordedSound::Kind::Stop);
 }
 
-TEST_F(AlarmChooser, TestTakesTheUsersOwnFileIntoUse) {
+TEST_F(frmAlarmsTest, TestTakesTheUsersOwnFileIntoUse) {
     frmAlarms& window = Open();
     user->Click(window.optAlarm[5]);
     user->Type(window.txtMyWaveFilePath, ownWave);
-    ExpectBox("        Sampling Selected .wav File          ", "Jotwright Audio Alarm",
-              BoxIcon::None);
+    ExpectMessage("        Sampling Selected .wav File          ", "Jotwright Audio Alarm",
+                  BoxIcon::None);
     user->Click(window.cmdTest);
     EXPECT_EQ(sound.log.at(0).path, ownWave);
     EXPECT_EQ(Shared().AlarmSoundPath, ownWave);
     EXPECT_EQ(Stored(), "(nothing)");
 }
 
-TEST_F(AlarmChooser, AnOwnFileThatDoesNotExistIsSampledAllTheSame) {
+TEST_F(frmAlarmsTest, AnOwnFileThatDoesNotExistIsSampledAllTheSame) {
     frmAlarms& window = OpenWith("D:\\nowhere.wav");
-    ExpectBox("        Sampling Selected .wav File          ", "Jotwright Audio Alarm",
-              BoxIcon::None);
+    ExpectMessage("        Sampling Selected .wav File          ", "Jotwright Audio Alarm",
+                  BoxIcon::None);
     user->Click(window.cmdTest);
     EXPECT_EQ(sound.log.at(0).path, "D:\\nowhere.wav");
 }
 
-TEST_F(AlarmChooser, TestWithoutAnOwnFileSaysSo) {
+TEST_F(frmAlarmsTest, TestWithoutAnOwnFileSaysSo) {
     frmAlarms& window = Open();
     user->Click(window.optAlarm[5]);
     const std::string before = Shared().AlarmSoundPath;
-    ExpectBox("Please Select A .wav File To Play", "No File To Test", BoxIcon::Information);
+    ExpectMessage("Please Select A .wav File To Play", "No File To Test", BoxIcon::Information);
     user->Click(window.cmdTest);
     EXPECT_TRUE(window.txtMyWaveFilePath.HasFocus());
     EXPECT_TRUE(sound.log.empty());
@@ -207,10 +201,10 @@ TEST_F(AlarmChooser, TestWithoutAnOwnFileSaysSo) {
 }
 
 // Selects the user's own file and enables Save.
-class OwnFile : public AlarmChooser {
+class frmAlarmsOwnFileTest : public frmAlarmsTest {
   protected:
     void SetUp() override {
-        AlarmChooser::SetUp();
+        frmAlarmsTest::SetUp();
         frmAlarms& window = Open();
         user->Click(window.optAlarm[5]);
         stage->ExpectOpenDialog(std::nullopt);
@@ -219,7 +213,7 @@ class OwnFile : public AlarmChooser {
     frmAlarms& Window() { return forms::Default<frmAlarms>(); }
 };
 
-TEST_F(OwnFile, IsSavedWithItsBlanksWhateverTheCaseOfItsExtension) {
+TEST_F(frmAlarmsOwnFileTest, IsSavedWithItsBlanksWhateverTheCaseOfItsExtension) {
     user->Type(Window().txtMyWaveFilePath, "  D:\\bell.WaV  ");
     user->Click(Window().cmdSave);
     EXPECT_EQ(forms::LoadedDefault<frmAlarms>(), nullptr);
@@ -227,19 +221,19 @@ TEST_F(OwnFile, IsSavedWithItsBlanksWhateverTheCaseOfItsExtension) {
     EXPECT_EQ(Shared().AlarmSoundPath, "  D:\\bell.WaV  ");
 }
 
-TEST_F(OwnFile, WithoutAPathIsNotSaved) {
-    ExpectBox("Please Select A .wav File", "No File Selected", BoxIcon::Information);
+TEST_F(frmAlarmsOwnFileTest, WithoutAPathIsNotSaved) {
+    ExpectMessage("Please Select A .wav File", "No File Selected", BoxIcon::Information);
     user->Click(Window().cmdSave);
     EXPECT_TRUE(Window().IsVisible());
     EXPECT_TRUE(Window().txtMyWaveFilePath.HasFocus());
     EXPECT_EQ(Stored(), "(nothing)");
 }
 
-TEST_F(OwnFile, WithAnotherExtensionIsRefusedAndTheBoxEmptied) {
+TEST_F(frmAlarmsOwnFileTest, WithAnotherExtensionIsRefusedAndTheBoxEmptied) {
     for (const char* path : {"D:\\bell.wave", "D:\\bell.mp3", "wav", "D:\\bell.wav\t", "   "}) {
         user->Type(Window().txtMyWaveFilePath, path);
-        ExpectBox("The File Selected Was Not A Valid .wav File!       ", "Error Loading .wav File",
-                  BoxIcon::None);
+        ExpectMessage("The File Selected Was Not A Valid .wav File!       ",
+                      "Error Loading .wav File", BoxIcon::None);
         user->Click(Window().cmdSave);
         EXPECT_EQ(Window().txtMyWaveFilePath.text(), "") << path;
         EXPECT_TRUE(Window().IsVisible());
@@ -247,7 +241,7 @@ TEST_F(OwnFile, WithAnotherExtensionIsRefusedAndTheBoxEmptied) {
     }
 }
 
-TEST_F(OwnFile, NeedsNothingButItsExtension) {
+TEST_F(frmAlarmsOwnFileTest, NeedsNothingButItsExtension) {
     user->Type(Window().txtMyWaveFilePath, ".wav");
     user->Click(Window().cmdSave);
     EXPECT_EQ(Stored(), ".wav");

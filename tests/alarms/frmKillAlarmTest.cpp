@@ -6,9 +6,9 @@
 
 namespace {
 
-class StopAlarm : public testing_support::WholeProgram {};
+class frmKillAlarmTest : public testing_support::WholeProgram {};
 
-TEST_F(StopAlarm, AsksItsQuestion) {
+TEST_F(frmKillAlarmTest, AsksItsQuestion) {
     Start([] { forms::Default<frmKillAlarm>().Show(); });
     auto& window = forms::Default<frmKillAlarm>();
     EXPECT_EQ(window.caption(), "Jotwright Alarm");
@@ -18,13 +18,13 @@ TEST_F(StopAlarm, AsksItsQuestion) {
     user->CloseBox(window);
 }
 
-TEST_F(StopAlarm, TakesTheMainWindowsIcon) {
+TEST_F(frmKillAlarmTest, TakesTheMainWindowsIcon) {
     StartQuietly();
     ASSERT_FALSE(Main().icon().path.empty());
     EXPECT_EQ(forms::Default<frmKillAlarm>().icon(), Main().icon());
 }
 
-TEST_F(StopAlarm, TheButtonSwitchesOffTheSoundCheckAndNothingElse) {
+TEST_F(frmKillAlarmTest, TheButtonSwitchesOffTheSoundCheckAndNothingElse) {
     StartQuietly();
     Start([] { forms::Default<frmKillAlarm>().Show(); });
     ASSERT_TRUE(Main().tmrCheckSoundFile.enabled());
@@ -36,7 +36,7 @@ TEST_F(StopAlarm, TheButtonSwitchesOffTheSoundCheckAndNothingElse) {
     EXPECT_TRUE(sound.log.empty());
 }
 
-TEST_F(StopAlarm, IsHarmlessWithoutAMainWindow) {
+TEST_F(frmKillAlarmTest, IsHarmlessWithoutAMainWindow) {
     Start([] { forms::Default<frmKillAlarm>().Show(); });
     user->Click(forms::Default<frmKillAlarm>().Command1);
     EXPECT_TRUE(forms::Default<frmKillAlarm>().IsVisible());

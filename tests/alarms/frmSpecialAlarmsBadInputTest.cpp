@@ -13,9 +13,9 @@ namespace {
 
 using namespace std::string_literals;
 using StandardCode::Shared;
-using testing_support::SpecialAlarms;
+using frmSpecialAlarmsBadInputTest = testing_support::SpecialAlarmsProgram;
 
-TEST_F(SpecialAlarms, AFileOfFewerRowsIsReportedAndRepairedBySaving) {
+TEST_F(frmSpecialAlarmsBadInputTest, AFileOfFewerRowsIsReportedAndRepairedBySaving) {
     PutFile("\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n", 5);
     ExpectReadError("62 - Input past end of file");
     Open();
@@ -33,7 +33,7 @@ TEST_F(SpecialAlarms, AFileOfFewerRowsIsReportedAndRepairedBySaving) {
     Open();
 }
 
-TEST_F(SpecialAlarms, AnEmptyFileIsReported) {
+TEST_F(frmSpecialAlarmsBadInputTest, AnEmptyFileIsReported) {
     files.PutFile(path, "");
     ExpectReadError("62 - Input past end of file");
     Open();
@@ -42,14 +42,14 @@ TEST_F(SpecialAlarms, AnEmptyFileIsReported) {
     EXPECT_EQ(Window().chkEnabled[0].value(), 0);
 }
 
-TEST_F(SpecialAlarms, LinesAfterTheSeventhAreNotRead) {
+TEST_F(frmSpecialAlarmsBadInputTest, LinesAfterTheSeventhAreNotRead) {
     PutFile("", 7);
     files.PutFile(path, *files.Peek(path) + "\"Friday\",#noon#,\"no row\"\r\n");
     Open();
     EXPECT_TRUE(IsOpen());
 }
 
-TEST_F(SpecialAlarms, RowsBehindADamagedOneAreShownAsTheyWereLoaded) {
+TEST_F(frmSpecialAlarmsBadInputTest, RowsBehindADamagedOneAreShownAsTheyWereLoaded) {
     PutFile("\"Friday\",#17:30:00#,\"first\",1\r\n\"Sunday\",#08:00:00#,\"second\",1\r\n", 5);
     Start(StandardCode::LoadSpecialAlarms);
     PutFile("\"Tuesday\",#09:00:00#,\"new\",1\r\n\"Sunday\",#eight#,\"lost\",1\r\n", 5);
@@ -64,7 +64,7 @@ TEST_F(SpecialAlarms, RowsBehindADamagedOneAreShownAsTheyWereLoaded) {
     EXPECT_EQ(Shared().SpecialAlarmMessage[1], "second");
 }
 
-TEST_F(SpecialAlarms, AFailedSaveKeepsTheOldFileAndTheWindow) {
+TEST_F(frmSpecialAlarmsBadInputTest, AFailedSaveKeepsTheOldFileAndTheWindow) {
     PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
     const auto before = files.Peek(path);
     Open();
@@ -86,7 +86,7 @@ TEST_F(SpecialAlarms, AFailedSaveKeepsTheOldFileAndTheWindow) {
     EXPECT_EQ(Shared().SpecialAlarmMessage[0], "new");
 }
 
-TEST_F(SpecialAlarms, AnErrorAtAnyStepOfASaveIsReportedAndTheNextSaveWorks) {
+TEST_F(frmSpecialAlarmsBadInputTest, AnErrorAtAnyStepOfASaveIsReportedAndTheNextSaveWorks) {
     using base::ErrorNumber;
     int saves = 0;
     int failures = 0;
@@ -142,7 +142,7 @@ TEST_F(SpecialAlarms, AnErrorAtAnyStepOfASaveIsReportedAndTheNextSaveWorks) {
     EXPECT_GT(saves, failures);
 }
 
-TEST_F(SpecialAlarms, AFileThatIsHeldForAMomentIsWaitedFor) {
+TEST_F(frmSpecialAlarmsBadInputTest, ReadingWaitsForAFileThatIsInUseForAMoment) {
     PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
     for (const bool isWindow : {false, true}) {
         files.SetDenied(path, true);
@@ -164,7 +164,7 @@ TEST_F(SpecialAlarms, AFileThatIsHeldForAMomentIsWaitedFor) {
     }
 }
 
-TEST_F(SpecialAlarms, AFileThatWasNotShownIsPutAsideBeforeASaveReplacesIt) {
+TEST_F(frmSpecialAlarmsBadInputTest, AFileThatWasNotShownIsPutAsideBeforeASaveReplacesIt) {
     const std::string folder = "C:\\Jotwright\\SpecialAlarms";
     for (const bool hasBin : {true, false}) {
         files.SetRecycleBin(hasBin);
@@ -184,7 +184,7 @@ TEST_F(SpecialAlarms, AFileThatWasNotShownIsPutAsideBeforeASaveReplacesIt) {
     EXPECT_EQ(files.Names(folder).size(), 2U);
 }
 
-TEST_F(SpecialAlarms, AFileThatAnotherProgramChangedMeanwhileIsPutAside) {
+TEST_F(frmSpecialAlarmsBadInputTest, AFileThatAnotherProgramChangedMeanwhileIsPutAside) {
     PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
     Open();
     user->Type(Window().txtMessage[0], "new");
@@ -201,7 +201,7 @@ TEST_F(SpecialAlarms, AFileThatAnotherProgramChangedMeanwhileIsPutAside) {
 }
 
 // Until somebody sees to it.
-TEST_F(SpecialAlarms, WhatKeepsTheDiskFromBeingWrittenIsReportedAtEachSave) {
+TEST_F(frmSpecialAlarmsBadInputTest, WhatKeepsTheDiskFromBeingWrittenIsReportedAtEachSave) {
     struct Condition {
         std::function<void(bool)> set;
         std::string report;
@@ -235,7 +235,7 @@ TEST_F(SpecialAlarms, WhatKeepsTheDiskFromBeingWrittenIsReportedAtEachSave) {
     }
 }
 
-TEST_F(SpecialAlarms, AFolderThatHasGoneIsMadeAnew) {
+TEST_F(frmSpecialAlarmsBadInputTest, AFolderThatHasGoneIsMadeAnew) {
     PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
     Open();
     user->Type(Window().txtMessage[0], "new");
@@ -246,7 +246,7 @@ TEST_F(SpecialAlarms, AFolderThatHasGoneIsMadeAnew) {
     EXPECT_TRUE(files.Peek(path)->starts_with("\"Friday\",#17:30:00#,\"new\",1\r\n"));
 }
 
-TEST_F(SpecialAlarms, AFolderThatCannotBeMadeIsReported) {
+TEST_F(frmSpecialAlarmsBadInputTest, AFolderThatCannotBeMadeIsReported) {
     files.PutFile("C:\\Jotwright\\SpecialAlarms", "a file");
     Open();
     user->Type(Window().txtMessage[0], "new");
@@ -257,7 +257,7 @@ TEST_F(SpecialAlarms, AFolderThatCannotBeMadeIsReported) {
     EXPECT_EQ(files.Peek("C:\\Jotwright\\SpecialAlarms"), "a file");
 }
 
-TEST_F(SpecialAlarms, MessagesOfAnyKindComeBackWhole) {
+TEST_F(frmSpecialAlarmsBadInputTest, MessagesOfAnyKindComeBackWhole) {
     const std::vector<std::string> messages{
         std::string(65536, 'x'),
         "tab\tand , comma",
@@ -281,7 +281,7 @@ TEST_F(SpecialAlarms, MessagesOfAnyKindComeBackWhole) {
     }
 }
 
-TEST_F(SpecialAlarms, WhatFollowsAZeroByteIsKept) {
+TEST_F(frmSpecialAlarmsBadInputTest, WhatFollowsAZeroByteIsKept) {
     PutFile("\"Friday\",#17:30:00#,\"Pay\0the rent\",1\r\n"s, 6);
     Open();
     EXPECT_EQ(Window().txtMessage[0].text(), "Pay the rent");

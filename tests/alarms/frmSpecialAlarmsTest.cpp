@@ -9,9 +9,9 @@ namespace {
 using base::DateTime;
 using StandardCode::Shared;
 
-using testing_support::SpecialAlarms;
+using frmSpecialAlarmsTest = testing_support::SpecialAlarmsProgram;
 
-TEST_F(SpecialAlarms, LoadsWithoutAFile) {
+TEST_F(frmSpecialAlarmsTest, LoadsWithoutAFile) {
     Open();
     EXPECT_FALSE(Window().cmdSave.enabled());
     for (std::size_t i = 0; i < 7; ++i) {
@@ -27,7 +27,7 @@ TEST_F(SpecialAlarms, LoadsWithoutAFile) {
                                         "Saturday", "Sunday"}));
 }
 
-TEST_F(SpecialAlarms, LoadShowsTheFileAndRefreshesTheSharedRows) {
+TEST_F(frmSpecialAlarmsTest, LoadShowsTheFileAndRefreshesTheSharedRows) {
     PutFile("\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n\"Sunday\",#08:05:30#,\"\",0\r\n", 5);
     Open();
     EXPECT_EQ(Window().cboDays[0].Text(), "Friday");
@@ -44,7 +44,7 @@ TEST_F(SpecialAlarms, LoadShowsTheFileAndRefreshesTheSharedRows) {
     EXPECT_EQ(Shared().SpecialAlarmEnabled[0], 1);
 }
 
-TEST_F(SpecialAlarms, AnUnknownDayKeepsTheDayOfTheRowBefore) {
+TEST_F(frmSpecialAlarmsTest, AnUnknownDayKeepsTheDayOfTheRowBefore) {
     PutFile(
         "\"Freitag\",#00:00:00#,\"\",0\r\n\"Tuesday\",#00:00:00#,\"\",0\r\n"
         "\"tuesday\",#00:00:00#,\"\",0\r\n\"\",#00:00:00#,\"\",0\r\n",
@@ -58,21 +58,21 @@ TEST_F(SpecialAlarms, AnUnknownDayKeepsTheDayOfTheRowBefore) {
     EXPECT_EQ(Shared().SpecialAlarmDay[0], "Freitag");
 }
 
-TEST_F(SpecialAlarms, AStoredDateIsKeptForTheClockAndDroppedByThePicker) {
+TEST_F(frmSpecialAlarmsTest, AStoredDateIsKeptForTheClockAndDroppedByThePicker) {
     PutFile("\"Friday\",#2004-05-14 17:30:00#,\"\",1\r\n", 6);
     Open();
     EXPECT_EQ(Window().dtpTime[0].value(), DateTime::FromTime(17, 30, 0));
     EXPECT_TRUE(Shared().SpecialAlarmTime[0].HasDate());
 }
 
-TEST_F(SpecialAlarms, AnyMarkButOneIsUnchecked) {
+TEST_F(frmSpecialAlarmsTest, AnyMarkButOneIsUnchecked) {
     PutFile("\"Friday\",#17:30:00#,\"\",-1\r\n\"Friday\",#17:30:00#,\"\",2\r\n", 5);
     Open();
     EXPECT_EQ(Window().chkEnabled[0].value(), 0);
     EXPECT_EQ(Window().chkEnabled[1].value(), 0);
 }
 
-TEST_F(SpecialAlarms, SavingAfterAFileCouldNotBeOpenedLosesNoAlarm) {
+TEST_F(frmSpecialAlarmsTest, SavingAfterAFileCouldNotBeOpenedLosesNoAlarm) {
     PutFile("\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n", 6);
     const auto before = files.Peek(path);
     Start(StandardCode::LoadSpecialAlarms);
@@ -86,7 +86,7 @@ TEST_F(SpecialAlarms, SavingAfterAFileCouldNotBeOpenedLosesNoAlarm) {
     EXPECT_EQ(files.Peek(path), before);
 }
 
-TEST_F(SpecialAlarms, TheFirstAndTheLastDateOfTheCalendarGiveTheirTime) {
+TEST_F(frmSpecialAlarmsTest, TheFirstAndTheLastDateOfTheCalendarGiveTheirTime) {
     PutFile(
         "\"Friday\",#0100-01-01 17:30:00#,\"\",1\r\n"
         "\"Friday\",#9999-12-31 23:59:59#,\"\",1\r\n",
@@ -96,7 +96,7 @@ TEST_F(SpecialAlarms, TheFirstAndTheLastDateOfTheCalendarGiveTheirTime) {
     EXPECT_EQ(Window().dtpTime[1].value(), DateTime::FromTime(23, 59, 59));
 }
 
-TEST_F(SpecialAlarms, EveryKindOfChangeEnablesSave) {
+TEST_F(frmSpecialAlarmsTest, EveryKindOfChangeEnablesSave) {
     Open();
     EXPECT_FALSE(Window().cmdSave.enabled());
     user->Select(Window().cboDays[0], "Monday");
@@ -115,7 +115,7 @@ TEST_F(SpecialAlarms, EveryKindOfChangeEnablesSave) {
     EXPECT_TRUE(Window().cmdSave.enabled());
 }
 
-TEST_F(SpecialAlarms, SaveWritesSevenLinesRefreshesTheSharedRowsAndCloses) {
+TEST_F(frmSpecialAlarmsTest, SaveWritesSevenLinesRefreshesTheSharedRowsAndCloses) {
     Open();
     SetRow(0, "Friday", DateTime::FromTime(17, 30, 0), true);
     user->Type(Window().txtMessage[0], "Pay the rent, now");
@@ -133,7 +133,7 @@ TEST_F(SpecialAlarms, SaveWritesSevenLinesRefreshesTheSharedRowsAndCloses) {
     EXPECT_EQ(Shared().SpecialAlarmEnabled[6], 0);
 }
 
-TEST_F(SpecialAlarms, SavedAlarmsComeBack) {
+TEST_F(frmSpecialAlarmsTest, SavedAlarmsComeBack) {
     Open();
     SetRow(3, "Thursday", DateTime::FromTime(0, 0, 0), true);
     user->Type(Window().txtMessage[3], "M\xc3\xbcll \xe2\x80\x93 \xd0\x94\xd0\xb0");
@@ -145,7 +145,7 @@ TEST_F(SpecialAlarms, SavedAlarmsComeBack) {
     EXPECT_EQ(Window().chkEnabled[3].value(), 1);
 }
 
-TEST_F(SpecialAlarms, TabsCommasNumberSignsAndEmojiComeBack) {
+TEST_F(frmSpecialAlarmsTest, TabsCommasNumberSignsAndEmojiComeBack) {
     const std::string message =
         "  a\tb, #c# 'd' \xf0\x9f\x8e\x82\xf0\x9f\x91\xa9\xe2\x80\x8d\xf0\x9f\x92\xbb ";
     Open();
@@ -159,7 +159,7 @@ TEST_F(SpecialAlarms, TabsCommasNumberSignsAndEmojiComeBack) {
     EXPECT_EQ(Window().cboDays[1].Text(), "Friday");
 }
 
-TEST_F(SpecialAlarms, QuotesInMessagesAreKept) {
+TEST_F(frmSpecialAlarmsTest, QuotesInMessagesAreKept) {
     const std::vector<std::string> messages{"Say \"hello\", please",
                                             "\"",
                                             "\",1",
@@ -191,7 +191,7 @@ TEST_F(SpecialAlarms, QuotesInMessagesAreKept) {
     }
 }
 
-TEST_F(SpecialAlarms, IdenticalEnabledRowsAreRefused) {
+TEST_F(frmSpecialAlarmsTest, IdenticalEnabledRowsAreRefused) {
     Open();
     SetRow(1, "Friday", DateTime::FromTime(17, 30, 0), true);
     SetRow(4, "Friday", DateTime::FromTime(17, 30, 0), true);
@@ -202,7 +202,7 @@ TEST_F(SpecialAlarms, IdenticalEnabledRowsAreRefused) {
     EXPECT_FALSE(files.FileExists(path));
 }
 
-TEST_F(SpecialAlarms, TheLastRowIsComparedToo) {
+TEST_F(frmSpecialAlarmsTest, TheLastRowIsComparedToo) {
     Open();
     SetRow(6, "Friday", DateTime::FromTime(17, 30, 0), true);
     SetRow(2, "Friday", DateTime::FromTime(17, 30, 0), true);
@@ -211,7 +211,7 @@ TEST_F(SpecialAlarms, TheLastRowIsComparedToo) {
     EXPECT_TRUE(IsOpen());
 }
 
-TEST_F(SpecialAlarms, TheLastTwoRowsAreComparedToo) {
+TEST_F(frmSpecialAlarmsTest, TheLastTwoRowsAreComparedToo) {
     Open();
     SetRow(5, "Friday", DateTime::FromTime(17, 30, 0), true);
     SetRow(6, "Friday", DateTime::FromTime(17, 30, 0), true);
@@ -220,7 +220,7 @@ TEST_F(SpecialAlarms, TheLastTwoRowsAreComparedToo) {
     EXPECT_TRUE(IsOpen());
 }
 
-TEST_F(SpecialAlarms, OfSeveralPairsTheFirstOfTheSearchIsNamed) {
+TEST_F(frmSpecialAlarmsTest, OfSeveralPairsTheFirstOfTheSearchIsNamed) {
     Open();
     SetRow(0, "Friday", DateTime::FromTime(17, 30, 0), true);
     SetRow(6, "Friday", DateTime::FromTime(17, 30, 0), true);
@@ -231,7 +231,7 @@ TEST_F(SpecialAlarms, OfSeveralPairsTheFirstOfTheSearchIsNamed) {
     user->Click(Window().cmdSave);
 }
 
-TEST_F(SpecialAlarms, ADisabledRowMayShareDayAndTime) {
+TEST_F(frmSpecialAlarmsTest, ADisabledRowMayShareDayAndTime) {
     Open();
     SetRow(1, "Friday", DateTime::FromTime(17, 30, 0), true);
     SetRow(4, "Friday", DateTime::FromTime(17, 30, 0), false);
@@ -240,7 +240,7 @@ TEST_F(SpecialAlarms, ADisabledRowMayShareDayAndTime) {
     EXPECT_TRUE(files.FileExists(path));
 }
 
-TEST_F(SpecialAlarms, OtherDaysAndOtherTimesMayBeEnabledTogether) {
+TEST_F(frmSpecialAlarmsTest, OtherDaysAndOtherTimesMayBeEnabledTogether) {
     Open();
     SetRow(0, "Friday", DateTime::FromTime(17, 30, 0), true);
     SetRow(1, "Saturday", DateTime::FromTime(17, 30, 0), true);
@@ -249,7 +249,7 @@ TEST_F(SpecialAlarms, OtherDaysAndOtherTimesMayBeEnabledTogether) {
     EXPECT_FALSE(IsOpen());
 }
 
-TEST_F(SpecialAlarms, CloseDiscardsWithoutAsking) {
+TEST_F(frmSpecialAlarmsTest, CloseDiscardsWithoutAsking) {
     Open();
     user->Type(Window().txtMessage[0], "lost");
     user->Click(Window().cmdCancel);
@@ -258,7 +258,7 @@ TEST_F(SpecialAlarms, CloseDiscardsWithoutAsking) {
     EXPECT_EQ(Shared().SpecialAlarmMessage[0], "");
 }
 
-TEST_F(SpecialAlarms, TabGoesAlongTheRows) {
+TEST_F(frmSpecialAlarmsTest, TabGoesAlongTheRows) {
     Open();
     EXPECT_EQ(Window().ActiveControl(), &Window().chkEnabled[0]);
     user->Tab();

@@ -24,11 +24,11 @@
 
 namespace {
 
-// Every window as it opens. If a change was wanted, run the test with JOTWRIGHT_WRITE_GOLDEN=1: it
-// writes the file, and "git diff" shows the change.
+// Compares every window as it opens with the golden text. If a change was intended, run the test
+// with JOTWRIGHT_WRITE_GOLDEN=1: it writes the file, and "git diff" shows the change.
 constexpr const char* goldenFile = "tests/golden/windows.txt";
 
-class AllWindows : public testing_support::WholeProgram {
+class AllWindowsTest : public testing_support::WholeProgram {
   protected:
     template <class T>
     std::string Text() {
@@ -50,13 +50,13 @@ class AllWindows : public testing_support::WholeProgram {
     }
 
   private:
-    // The version changes with each release, the golden text does not.
+    // The version changes with each release, but the golden text should not.
     static std::string WithoutVersion(const std::string& text) {
         return std::regex_replace(text, std::regex("Version [0-9.]+"), "Version ...");
     }
 };
 
-TEST_F(AllWindows, AreAsTheGoldenTextHasThem) {
+TEST_F(AllWindowsTest, AllWindowsMatchTheGoldenText) {
     const std::string all = Everything();
     if (std::getenv("JOTWRIGHT_WRITE_GOLDEN") != nullptr) {
         std::ofstream(goldenFile, std::ios::binary) << all;

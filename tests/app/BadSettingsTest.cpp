@@ -9,13 +9,11 @@
 #include "base/Text.h"
 #include "tests/support/WholeProgram.h"
 
-// Whatever text a hand has put into the store.
+// Settings may hold any text, because the user can edit them by hand.
 
 namespace {
 
-using forms::BoxButtons;
 using forms::BoxIcon;
-using forms::BoxResult;
 
 const std::vector<std::string> numbers{"-1",     "6",     "-32768", "32767", " 1 ",
                                        "&HFFFF", "1.5e2", "+3",     "1,000", "2."};
@@ -24,14 +22,10 @@ const std::vector<std::string> tooLarge{"32768", "-32769", "1e400", "&HFFFFFFFFF
 const std::vector<std::string> noNumbers{
     "", "abc", "1x", "0x10", "1 2", "\xef\xbc\x91", "\t1", "--1", std::string(65536, 'x')};
 
-class BadSettings : public testing_support::WholeProgram {
+class BadSettingsTest : public testing_support::WholeProgram {
   protected:
     void Set(const std::string& key, const std::string& value) {
         settings.values[{"Options", key}] = value;
-    }
-    void ExpectFatal(const std::string& text) {
-        stage->ExpectBox("Run-time error " + text, "Jotwright", BoxIcon::Critical, BoxButtons::Ok,
-                         BoxResult::Ok);
     }
 };
 
@@ -42,7 +36,7 @@ class ReadOnlySettings : public forms::headless::HeadlessSettings {
     }
 };
 
-TEST_F(BadSettings, ANewNoteTakesAnyNumberAndReportsTheRest) {
+TEST_F(BadSettingsTest, ANewNoteAcceptsAnyNumberAndReportsOtherTexts) {
     StartQuietly();
     int made = 0;
     for (const char* key : {"DefaultColor", "DefaultFontSize", "ShowDateTime"}) {
@@ -55,10 +49,10 @@ TEST_F(BadSettings, ANewNoteTakesAnyNumberAndReportsTheRest) {
         const auto refuse = [&](const std::string& value) {
             Set(key, value);
             if (!Main().IsVisible()) {
-                user->Tray(514);
+                ClickTrayIcon();
             }
-            stage->ExpectBox("Error Creating New Note. Type mismatch      ", "Note Error",
-                             BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+            ExpectMessage("Error Creating New Note. Type mismatch      ", "Note Error",
+                          BoxIcon::Critical);
             user->Type(Main().txtNoteTitle, "refused");
             user->Click(Main().cmdMakeNote);
             EXPECT_EQ(FindWindow<frmNote>("refused"), nullptr) << key << value;
@@ -72,22 +66,22 @@ TEST_F(BadSettings, ANewNoteTakesAnyNumberAndReportsTheRest) {
     EXPECT_FALSE(runtime->HasEnded());
 }
 
-TEST_F(BadSettings, ANoteIsSavedBeforeAnAlarmsSettingEndsTheProgram) {
-    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n");
+TEST_F(BadSettingsTest, OpenNotesAreSavedBeforeABadSettingEndsTheProgram) {
+    PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
     user->Type(MakeNote("Shopping").txtNote, "milk");
     Set("WindowOnTop", "always");
-    ExpectFatal("'13':\r\n\r\nType mismatch");
+    ExpectRunTimeError(13, "Type mismatch");
     Advance(12000);
     EXPECT_TRUE(runtime->HasEnded());
-    EXPECT_NE(files.Peek(NoteFile("Shopping")).value_or("").find("milk"), std::string::npos);
+    EXPECT_NE(FileOf("Shopping").value_or("").find("milk"), std::string::npos);
 }
 
-TEST_F(BadSettings, NoNumberEndsTheProgram) {
+TEST_F(BadSettingsTest, NoNumberEndsTheProgram) {
     for (const auto& values : {numbers, tooLarge}) {
         for (const std::string& value : values) {
-            PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",1,\"yes\"\r\n");
+            PutNote(Note("Dentist").WithAlarmAt(9, 0, 10).WithSound());
             SetNow(2004, 5, 14, 9, 0, 0);
             for (const char* key : {"WindowOnTop", "StartCookoo", "ShowDateTime", "IsService",
                                     "DefaultColor", "DefaultFontSize", "NoteLoops"}) {
@@ -98,7 +92,7 @@ TEST_F(BadSettings, NoNumberEndsTheProgram) {
             }
             StartQuietly();
             user->CloseBox(Editor("Dentist"));
-            Advance(12000);  // its display opens and sounds
+            Advance(12000);  // the display opens and sounds
             EXPECT_NE(FindWindow<frmDisplayNote>("Dentist"), nullptr) << value;
             EXPECT_EQ(sound.Count(forms::headless::RecordedSound::Kind::Once), 1) << value;
             frmOptions& options = Shown<frmOptions>();
@@ -111,17 +105,16 @@ TEST_F(BadSettings, NoNumberEndsTheProgram) {
     }
 }
 
-TEST_F(BadSettings, AnyTextIsASoundPath) {
+TEST_F(BadSettingsTest, AnyTextIsASoundPath) {
     for (const std::string& path :
          std::vector<std::string>{"nonsense", "C:\\", "C:\\Jotwright", "\\\\server\\share\\a.wav",
                                   "C:\\Jotwright\\logo.ico", "..\\..\\x", "con", "a\r\nb",
                                   "\xf0\x9f\x98\x80.wav", std::string(65536, 'x')}) {
         settings.values[{"Config", "Alarm"}] = path;
-        PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",1,\"yes\"\r\n");
+        PutNote(Note("Dentist").WithAlarmAt(9, 0, 10).WithSound());
         SetNow(2004, 5, 14, 9, 0, 0);
         StartQuietly();
-        stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", BoxIcon::None,
-                         BoxButtons::Ok, BoxResult::Ok);
+        ExpectEditorAlarm();
         Advance(12000);
         EXPECT_EQ(sound.log.back().kind, forms::headless::RecordedSound::Kind::Stop);
         stage->ExpectModal<frmAlarms>([&](frmAlarms& window) {
@@ -135,14 +128,14 @@ TEST_F(BadSettings, AnyTextIsASoundPath) {
     }
 }
 
-TEST_F(BadSettings, ASoundThatCannotBeStoredIsReportedAndTheWindowStays) {
+TEST_F(BadSettingsTest, ASoundThatCannotBeStoredIsReportedAndTheWindowStays) {
     ReadOnlySettings refusing;
     forms::Machine().settings = &refusing;
     Start([] { forms::Default<frmAlarms>().Show(); });
     user->Click(forms::Default<frmAlarms>().optAlarm[1]);
-    stage->ExpectBox(
+    ExpectMessage(
         "5 - Invalid procedure call or argument\r\n\r\nThe alarm sound has not been saved.",
-        "Error Saving Alarm Sound", BoxIcon::Exclamation, BoxButtons::Ok, BoxResult::Ok);
+        "Error Saving Alarm Sound", BoxIcon::Exclamation);
     user->Click(forms::Default<frmAlarms>().cmdSave);
     ASSERT_FALSE(runtime->HasEnded());
     EXPECT_TRUE(forms::Default<frmAlarms>().IsVisible());

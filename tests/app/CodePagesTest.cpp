@@ -8,8 +8,8 @@
 #include "notes/frmViewNotes.h"
 #include "tests/support/WholeProgram.h"
 
-// A start and an exit with nothing touched, on systems of different code pages and with files of
-// all of them: no byte changes.
+// The program starts and exits without an edit, on systems with different code pages and with note
+// files in all of them. No byte of a file may change.
 
 using namespace forms;
 
@@ -18,7 +18,7 @@ namespace {
 const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
 const std::string tail = "\",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
 
-// The system's code page, and that of its language.
+// The code page of the system, and the code page of its language.
 class CodePagesTest : public testing_support::WholeProgram,
                       public testing::WithParamInterface<std::tuple<int, int>> {
   protected:
@@ -34,7 +34,7 @@ class CodePagesTest : public testing_support::WholeProgram,
 
     void PutNotes() {
         Put("ascii.txt", "\"ascii\",\"5\\\" pipe, \"quoted\"" + tail);
-        // Western, Japanese, Chinese: the last byte stands before a quote in title and text.
+        // Western, Japanese and Chinese texts, in which a last byte stands before a quote.
         Put("western.txt", "\"Stra\xdf\x65 \xe4\",\"gr\xfc\xdf dich, caf\xe9" + tail);
         Put("japanese.txt", "\"\x93\xfa\x96\x7b\",\"\x95\x5c \x83\x5c\xb1, \x94\x5c" + tail);
         Put("chinese.txt", "\"\xc4\xe3\xba\xc3\",\"\xb1\xed\x81\x5c\xd5\x5c" + tail);
@@ -49,7 +49,7 @@ class CodePagesTest : public testing_support::WholeProgram,
         Put("half a pair.txt", "\"half a pair\",\"\x81\x82\x83" + tail);
         Put("no line break.txt",
             "\"no line break\",\"lone\nbreak\rs" + tail.substr(0, tail.size() - 2));
-        // Two of one title, and one without.
+        // Two notes with the same title, and one without a title.
         Put("one.txt", "\"Same \xe4\",\"one" + tail);
         Put("two.txt", "\"Same \xe4\",\"two" + tail);
         Put("x.txt", "\"\",\"no title" + tail);
@@ -115,7 +115,7 @@ TEST_P(CodePagesTest, ClosingEachEditorChangesNoByteEither) {
     ExpectOnlyReads();
 }
 
-TEST_P(CodePagesTest, WhatIsTypedComesBackAndTheOtherFilesStayAsTheyWere) {
+TEST_P(CodePagesTest, TypedTextComesBackAndOtherFilesDoNotChange) {
     auto before = Notes();
     StartQuietly();
     const std::string text = "\xe6\x97\xa5\xe6\x9c\xac gr\xc3\xbc\xc3\x9f \xe4\xbd\xa0";

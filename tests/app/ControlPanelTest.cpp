@@ -15,20 +15,16 @@ class ControlPanelTest : public testing_support::WholeProgram {
 
 TEST_F(ControlPanelTest, ErasingOneOfAHundredNotesAllowsNewOnesInTheMainWindow) {
     for (int number = 1; number <= 100; ++number) {
-        PutNote("Note " + std::to_string(1000 + number));
+        PutNote(Note("Note " + std::to_string(1000 + number)));
     }
-    stage->ExpectBox(
-        "The maximum number of 100 notes has been reached.\r\n\r\n"
-        "Exsiting notes will have to be deleted before more can be created.\r\n ",
-        "Jotwright: Maximum Notes Reached", BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    ExpectMaximumReached();
     StartQuietly();
     user->Click(Main().cmdViewNotes);
     EXPECT_FALSE(Main().cmdMakeNote.enabled());
     EXPECT_FALSE(Main().txtNoteTitle.enabled());
     EXPECT_FALSE(Panel().cmdNew.enabled());
     user->Select(Panel().lvwNotes, 0);
-    stage->ExpectBox("Would you like to erase        \r\n           NOTE 1001?       ",
-                     "Deleting Note", BoxIcon::Critical, BoxButtons::YesNo, BoxResult::Yes);
+    ExpectDeletingNoteQuestion("NOTE 1001", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_TRUE(Main().cmdMakeNote.enabled());
     EXPECT_TRUE(Main().txtNoteTitle.enabled());
@@ -38,7 +34,7 @@ TEST_F(ControlPanelTest, ErasingOneOfAHundredNotesAllowsNewOnesInTheMainWindow) 
 
 TEST_F(ControlPanelTest, ErasingOneOfAHundredNotesInItsEditorAllowsNewOnes) {
     for (int number = 1; number <= 100; ++number) {
-        PutNote("Note " + std::to_string(1000 + number));
+        PutNote(Note("Note " + std::to_string(1000 + number)));
     }
     stage->improvise.box = [](const BoxRequest& box) {
         return box.options.buttons == BoxButtons::YesNo ? BoxResult::Yes : BoxResult::Ok;
@@ -52,16 +48,15 @@ TEST_F(ControlPanelTest, ErasingOneOfAHundredNotesInItsEditorAllowsNewOnes) {
     EXPECT_TRUE(Main().txtNoteTitle.enabled());
 }
 
-TEST_F(ControlPanelTest, ANoteErasedUnderItsOpenEditorOutlivesAKill) {
-    PutNote("Dentist");
+TEST_F(ControlPanelTest, TheTextOfAnEditorWhoseNoteWasErasedOutlivesAKill) {
+    PutNote(Note("Dentist"));
     StartQuietly();
     user->Restore(Editor("Dentist"));
     user->Click(Main().cmdViewNotes);
     user->Select(Panel().lvwNotes, 0);
-    stage->ExpectBox("Would you like to erase        \r\n           DENTIST?       ",
-                     "Deleting Note", BoxIcon::Critical, BoxButtons::YesNo, BoxResult::Yes);
+    ExpectDeletingNoteQuestion("DENTIST", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
-    EXPECT_FALSE(files.Peek(NoteFile("Dentist")).has_value());
+    EXPECT_FALSE(FileOf("Dentist").has_value());
     Advance(2000);
     Restart();
     StartQuietly();
@@ -69,17 +64,16 @@ TEST_F(ControlPanelTest, ANoteErasedUnderItsOpenEditorOutlivesAKill) {
 }
 
 TEST_F(ControlPanelTest, ANoteErasedInItsAlarmDisplayLeavesTheArray) {
-    PutNote("Dentist", "#2004-05-14#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+    PutNote(Note("Dentist").WithAlarmAt(9, 30));
     StartQuietly();
-    // A silent close leaves the panel loaded, and hidden.
+    // Closing without a question leaves the panel loaded but hidden.
     user->Restore(Editor("Dentist"));
     user->CloseBox(Editor("Dentist"));
     ASSERT_NE(LoadedDefault<frmViewNotes>(), nullptr);
     Advance(30 * 60'000);
     auto* display = FindWindow<frmDisplayNote>("Dentist");
     ASSERT_NE(display, nullptr);
-    stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::Yes);
+    ExpectEraseNoteQuestion(BoxResult::Yes);
     user->CloseBox(*display);
     EXPECT_EQ(StandardCode::Shared().NoteCount, 0);
     EXPECT_EQ(StandardCode::Shared().NotesArray[1].Title, "");

@@ -17,14 +17,14 @@
 #include "tools/frmStopWatch.h"
 #include "tools/frmTimer.h"
 
-// The windows under the hands of somebody who has no mouse, or cannot see.
+// The windows for users who have no mouse, and for users of a screen reader.
 namespace {
 
 using forms::Control;
 using forms::ControlKind;
 using forms::Default;
 
-class Keyboard : public testing_support::WholeProgram {
+class KeyboardTest : public testing_support::WholeProgram {
   protected:
     void SetUp() override {
         WholeProgram::SetUp();
@@ -39,13 +39,13 @@ class Keyboard : public testing_support::WholeProgram {
     }
 };
 
-TEST_F(Keyboard, EnterInTheTitleBoxMakesTheNote) {
+TEST_F(KeyboardTest, EnterInTheTitleBoxMakesTheNote) {
     user->Type(Main().txtNoteTitle, "Dentist");
     user->PressEnter();
     EXPECT_TRUE(Editor("Dentist").txtNote.HasFocus());
 }
 
-TEST_F(Keyboard, EscapeClosesWindowsThatCanBeCancelled) {
+TEST_F(KeyboardTest, EscapeClosesWindowsThatCanBeCancelled) {
     ExpectEscapeCloses<frmTimer>();
     ExpectEscapeCloses<frmStopWatch>();
     ExpectEscapeCloses<frmViewNotes>();
@@ -58,7 +58,7 @@ TEST_F(Keyboard, EscapeClosesWindowsThatCanBeCancelled) {
     ExpectEscapeCloses<dlgInput>();
 }
 
-TEST_F(Keyboard, TheStopWatchIsWorkedWithOneKey) {
+TEST_F(KeyboardTest, OneKeyStartsAndStopsTheStopWatch) {
     auto& watch = Shown<frmStopWatch>();
     EXPECT_TRUE(watch.cmdStart.HasFocus());
     user->PressEnter();
@@ -70,7 +70,7 @@ TEST_F(Keyboard, TheStopWatchIsWorkedWithOneKey) {
     EXPECT_EQ(watch.lvwTime.Rows().size(), 1U);
 }
 
-TEST_F(Keyboard, SavingFromTheStopWatchsMenuLeavesTheFocus) {
+TEST_F(KeyboardTest, SavingFromTheStopWatchMenuKeepsTheFocus) {
     auto& watch = Shown<frmStopWatch>();
     user->Click(watch.cmdStart);
     user->Click(watch.cmdStop);
@@ -79,7 +79,7 @@ TEST_F(Keyboard, SavingFromTheStopWatchsMenuLeavesTheFocus) {
     EXPECT_TRUE(watch.lvwTime.HasFocus());
 }
 
-TEST_F(Keyboard, TheTimerIsStartedAndStoppedFromItsEntry) {
+TEST_F(KeyboardTest, TheTimerIsStartedAndStoppedFromItsEntry) {
     auto& timer = Shown<frmTimer>();
     user->Type(timer.txtMinutes, "5");
     user->PressEnter();
@@ -88,7 +88,7 @@ TEST_F(Keyboard, TheTimerIsStartedAndStoppedFromItsEntry) {
     EXPECT_TRUE(timer.txtMinutes.HasFocus());
 }
 
-TEST_F(Keyboard, EnterEditsTheSelectedNoteAndErasingLeadsBackToTheList) {
+TEST_F(KeyboardTest, EnterEditsTheSelectedNoteAndErasingLeadsBackToTheList) {
     MakeNote("Dentist");
     user->CloseBox(Editor("Dentist"));
     MakeNote("Shopping");
@@ -96,9 +96,7 @@ TEST_F(Keyboard, EnterEditsTheSelectedNoteAndErasingLeadsBackToTheList) {
     auto& panel = Shown<frmViewNotes>();
     EXPECT_TRUE(panel.lvwNotes.HasFocus());
     user->Select(panel.lvwNotes, 0);
-    stage->ExpectBox("Would you like to erase        \r\n           DENTIST?       ",
-                     "Deleting Note", forms::BoxIcon::Critical, forms::BoxButtons::YesNo,
-                     forms::BoxResult::Yes);
+    ExpectDeletingNoteQuestion("DENTIST", forms::BoxResult::Yes);
     user->Click(panel.cmdRemove);
     EXPECT_TRUE(panel.lvwNotes.HasFocus());
     user->Select(panel.lvwNotes, 0);
@@ -106,11 +104,11 @@ TEST_F(Keyboard, EnterEditsTheSelectedNoteAndErasingLeadsBackToTheList) {
     EXPECT_TRUE(Editor("Shopping").IsVisible());
 }
 
-TEST_F(Keyboard, TheMenuKeyReachesEveryPopUp) {
+TEST_F(KeyboardTest, TheMenuKeyReachesEveryPopUp) {
     const auto none = [](forms::Menu&) -> forms::Menu* { return nullptr; };
     stage->ExpectPopup("mnuPop", none);
     user->Click(Main().cmdHideMe);
-    user->Tray(514);
+    ClickTrayIcon();
     Main().cmdTimer.SetFocus();
     user->PressMenuKey();
 
@@ -135,7 +133,7 @@ TEST_F(Keyboard, TheMenuKeyReachesEveryPopUp) {
     user->PressMenuKey();
 }
 
-TEST_F(Keyboard, TheToolbarFollowsTheLastControlOfTheEditor) {
+TEST_F(KeyboardTest, TheToolbarFollowsTheLastControlOfTheEditor) {
     frmNote& note = MakeNote("Dentist");
     std::vector<std::string> visited;
     do {
@@ -146,7 +144,7 @@ TEST_F(Keyboard, TheToolbarFollowsTheLastControlOfTheEditor) {
                                                  "cmdShowDateTime", "tlbMain", "txtNote"}));
 }
 
-// What a screen reader speaks: a name given to it, the caption, or a label just before.
+// The name that a screen reader speaks: the accessible name, the caption, or the label just before.
 std::string SpokenName(const forms::Form& form, const Control& control) {
     if (!control.accessibleName.empty()) {
         return control.accessibleName;
@@ -174,7 +172,7 @@ void ExpectNames(const forms::Form& form) {
     EXPECT_EQ(twice, names.end()) << "twice in " << form.name << ": " << *twice;
 }
 
-TEST_F(Keyboard, EveryControlHasANameOfItsOwn) {
+TEST_F(KeyboardTest, EveryControlHasANameOfItsOwn) {
     ExpectNames(Main());
     ExpectNames(MakeNote("Dentist"));
     ExpectNames(Shown<frmDisplayNote>());

@@ -23,7 +23,7 @@ using forms::Default;
 using testing_support::LayoutFaults;
 using testing_support::SharedAccessKeys;
 
-class Layout : public testing_support::WholeProgram {
+class LayoutTest : public testing_support::WholeProgram {
   protected:
     void SetUp() override {
         WholeProgram::SetUp();
@@ -37,19 +37,19 @@ class Layout : public testing_support::WholeProgram {
     }
 };
 
-TEST_F(Layout, MainWindow) {
+TEST_F(LayoutTest, MainWindow) {
     ExpectGood(Main());
     user->Click(Main().cmdCookoo);
     ASSERT_TRUE(Main().lblCooKoo.visible());
     ExpectGood(Main());
 }
 
-TEST_F(Layout, Splash) {
+TEST_F(LayoutTest, Splash) {
     Start([] { Default<frmSplash>().Show(); });
     ExpectGood(Default<frmSplash>());
 }
 
-TEST_F(Layout, Tips) {
+TEST_F(LayoutTest, Tips) {
     auto& tips = Shown<frmTip>();
     for (int tip = 0; tip < 9; ++tip) {
         ExpectGood(tips);
@@ -58,7 +58,7 @@ TEST_F(Layout, Tips) {
     ExpectGood(tips);
 }
 
-TEST_F(Layout, Editor) {
+TEST_F(LayoutTest, Editor) {
     frmNote& note = MakeNote("Dentist");
     ExpectGood(note);
     user->Click(note.cmdAlarm);
@@ -69,7 +69,7 @@ TEST_F(Layout, Editor) {
     ExpectGood(note);
 }
 
-TEST_F(Layout, EditorOfAnySize) {
+TEST_F(LayoutTest, EditorOfAnySize) {
     frmNote& note = MakeNote("Dentist");
     for (const auto& [width, height] :
          {std::pair(note.minimumWidth, note.minimumHeight), std::pair(12'000, 9'000)}) {
@@ -83,11 +83,11 @@ TEST_F(Layout, EditorOfAnySize) {
     }
 }
 
-TEST_F(Layout, EditorIsNarrowerThanTheFirstTrayMessage) {
+TEST_F(LayoutTest, EditorIsNarrowerThanTheFirstTrayMessage) {
     EXPECT_LT(MakeNote("Dentist").width(), 514 * 15);
 }
 
-TEST_F(Layout, AlarmDisplay) {
+TEST_F(LayoutTest, AlarmDisplay) {
     auto& display = Shown<frmDisplayNote>();
     ExpectGood(display);
     Start([&display] {
@@ -97,8 +97,8 @@ TEST_F(Layout, AlarmDisplay) {
     ExpectGood(display);
 }
 
-TEST_F(Layout, ControlPanel) {
-    PutNote("Dentist");
+TEST_F(LayoutTest, ControlPanel) {
+    PutNote(Note("Dentist"));
     auto& panel = Shown<frmViewNotes>();
     ExpectGood(panel);
     int columns = 0;
@@ -109,24 +109,25 @@ TEST_F(Layout, ControlPanel) {
     EXPECT_LE(columns, panel.lvwNotes.width() - borderAndScrollBar);
 }
 
-TEST_F(Layout, SpecialAlarms) { ExpectGood(Shown<frmSpecialAlarms>()); }
-TEST_F(Layout, AlarmSounds) { ExpectGood(Shown<frmAlarms>()); }
-TEST_F(Layout, StopAlarm) { ExpectGood(Shown<frmKillAlarm>()); }
-TEST_F(Layout, Options) { ExpectGood(Shown<frmOptions>()); }
-TEST_F(Layout, StopWatch) { ExpectGood(Shown<frmStopWatch>()); }
-TEST_F(Layout, About) { ExpectGood(Shown<frmAbout>()); }
-TEST_F(Layout, Help) { ExpectGood(Shown<frmHelp>()); }
-TEST_F(Layout, Question) { ExpectGood(Shown<dlgInput>()); }
+TEST_F(LayoutTest, SpecialAlarms) { ExpectGood(Shown<frmSpecialAlarms>()); }
+TEST_F(LayoutTest, AlarmSounds) { ExpectGood(Shown<frmAlarms>()); }
+TEST_F(LayoutTest, StopAlarm) { ExpectGood(Shown<frmKillAlarm>()); }
+TEST_F(LayoutTest, Options) { ExpectGood(Shown<frmOptions>()); }
+TEST_F(LayoutTest, StopWatch) { ExpectGood(Shown<frmStopWatch>()); }
+TEST_F(LayoutTest, About) { ExpectGood(Shown<frmAbout>()); }
+TEST_F(LayoutTest, Help) { ExpectGood(Shown<frmHelp>()); }
+TEST_F(LayoutTest, Question) { ExpectGood(Shown<dlgInput>()); }
 
-TEST_F(Layout, Timer) {
+TEST_F(LayoutTest, Timer) {
     auto& timer = Shown<frmTimer>();
     ExpectGood(timer);
     Start([&timer] { timer.lblTime.caption = "Time Left: 0 minutes 0 seconds."; });
     ExpectGood(timer);
 }
 
-// Its sizes follow from its message and picture; at the edges there is less room than elsewhere.
-TEST_F(Layout, PictureMessageBox) {
+// The size of the box depends on its message and picture. It has narrower margins than other
+// windows.
+TEST_F(LayoutTest, PictureMessageBox) {
     constexpr int margin = 45;
     for (const char* picture : {"error.gif", ""}) {
         stage->ExpectModal<dlgMsgBox>([&](dlgMsgBox& dialog) {
@@ -140,9 +141,9 @@ TEST_F(Layout, PictureMessageBox) {
     }
 }
 
-// An access key that several captions have goes from one to the next; which have it is fixed by the
-// captions.
-TEST_F(Layout, AccessKeys) {
+// If several controls have the same access key, it moves the focus from one to the next. The
+// captions, and with them these keys, are given.
+TEST_F(LayoutTest, AccessKeys) {
     EXPECT_EQ(SharedAccessKeys(Main()),
               "CHT");  // "Notes &Control Panel", "Start CooKoo &Clock"; ...
     EXPECT_EQ(SharedAccessKeys(MakeNote("Dentist")),

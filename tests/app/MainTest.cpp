@@ -15,14 +15,14 @@ const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
 
 }  // namespace
 
-// As long as for what the user does: the start is one action.
-TEST_F(MainTest, FilesThatAreHeldAtTheStartAreWaitedForASecondAndAHalf) {
-    PutNote("Dentist");
-    files.SetDenied(NoteFile("Dentist"), true);
+// The start may wait as long as any action of the user.
+TEST_F(MainTest, TheStartWaitsOneAndAHalfSecondsForFilesInUse) {
+    PutNote(Note("Dentist"));
+    files.SetDenied(PathOf("Dentist"), true);
     int pauses = 0;
     system.onPause = [&] {
         if (++pauses == 60) {
-            files.SetDenied(NoteFile("Dentist"), false);
+            files.SetDenied(PathOf("Dentist"), false);
         }
     };
     StartQuietly();
@@ -49,24 +49,23 @@ TEST_F(MainTest, ASecondCopyShowsThePictureBoxAndChangesNothing) {
     EXPECT_TRUE(tray.log.empty());
 }
 
-TEST_F(MainTest, TheNotesFolderIsMadeWhenItIsMissing) {
+TEST_F(MainTest, AMissingNotesFolderIsMade) {
     Start(StandardCode::Main);
     EXPECT_TRUE(files.FolderExists(notesFolder));
 }
 
 TEST_F(MainTest, AnExistingNotesFolderAndItsFilesAreLeftAlone) {
-    PutNote("Dentist");
+    PutNote(Note("Dentist"));
     files.PutFile(notesFolder + "\\picture.png", "not a note");
-    const auto before = files.Peek(NoteFile("Dentist"));
+    const auto before = FileOf("Dentist");
     StartQuietly();
-    EXPECT_EQ(files.Peek(NoteFile("Dentist")), before);
+    EXPECT_EQ(FileOf("Dentist"), before);
     EXPECT_EQ(files.Peek(notesFolder + "\\picture.png"), "not a note");
 }
 
 TEST_F(MainTest, AFolderThatCannotBeMadeEndsTheProgramWithTheReport) {
     files.SetReadOnly(testing_support::applicationFolder, true);
-    stage->ExpectBox("Run-time error '75':\r\n\r\nPath/File access error", "Jotwright",
-                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(75, "Path/File access error");
     Start(StandardCode::Main);
     EXPECT_TRUE(runtime->HasEnded());
 }
@@ -96,7 +95,7 @@ TEST_F(MainTest, TheSplashComesFirstAndTheMainWindowASecondLater) {
     EXPECT_EQ(LoadedDefault<frmSplash>(), nullptr);
 }
 
-TEST_F(MainTest, AFreshUserSeesTheTips) {
+TEST_F(MainTest, ANewUserSeesTheTips) {
     stage->ExpectModal<frmTip>([this](frmTip& tips) {
         EXPECT_TRUE(Main().IsShownOnStage());
         user->CloseBox(tips);
@@ -105,7 +104,7 @@ TEST_F(MainTest, AFreshUserSeesTheTips) {
     Advance(1000);
 }
 
-TEST_F(MainTest, AFreshUserHasTheDefaults) {
+TEST_F(MainTest, ANewUserHasTheDefaults) {
     StartQuietly();
     EXPECT_EQ(StandardCode::Shared().AlarmSoundPath, "C:\\Jotwright\\Alarm buzzer.wav");
     EXPECT_FALSE(Main().tmrCooKoo.enabled);
@@ -117,8 +116,8 @@ TEST_F(MainTest, AFreshUserHasTheDefaults) {
     EXPECT_EQ(note.cmdShowDateTime.caption(), "Hide &System Date/Time");
 }
 
-TEST_F(MainTest, AFreshUsersAlarmIsNotOnTopAndSoundsOnce) {
-    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",1,\"yes\"\r\n");
+TEST_F(MainTest, ForANewUserAnAlarmIsNotOnTopAndSoundsOnce) {
+    PutNote(Note("Dentist").WithAlarmAt(9, 0, 10).WithSound());
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
     Advance(12000);
@@ -131,7 +130,7 @@ TEST_F(MainTest, AFreshUsersAlarmIsNotOnTopAndSoundsOnce) {
 
 TEST_F(MainTest, OnlyTheAlarmsDisplayIsEverOnTop) {
     settings.values[{"Options", "WindowOnTop"}] = "1";
-    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n");
+    PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
     MakeNote("Another");
@@ -143,7 +142,7 @@ TEST_F(MainTest, OnlyTheAlarmsDisplayIsEverOnTop) {
     }
 }
 
-TEST_F(MainTest, TheStoredAlarmSoundIsTaken) {
+TEST_F(MainTest, TheStoredAlarmSoundIsUsed) {
     settings.values[{"Config", "Alarm"}] = "D:\\own.wav";
     StartQuietly();
     EXPECT_EQ(StandardCode::Shared().AlarmSoundPath, "D:\\own.wav");
@@ -158,8 +157,7 @@ TEST_F(MainTest, AnEmptyAlarmSoundIsTheBuzzer) {
 
 TEST_F(MainTest, AMissingTitlePictureEndsTheProgram) {
     files.Remove("C:\\Jotwright\\jotwright_title.gif");
-    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(53, "File not found");
     Start(StandardCode::Main);
     Advance(1000);
     EXPECT_TRUE(runtime->HasEnded());
@@ -168,23 +166,21 @@ TEST_F(MainTest, AMissingTitlePictureEndsTheProgram) {
 
 TEST_F(MainTest, ASettingThatIsNoNumberEndsTheProgram) {
     settings.values[{"Options", "StartCookoo"}] = "yes";
-    stage->ExpectBox("Run-time error '13':\r\n\r\nType mismatch", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(13, "Type mismatch");
     Start(StandardCode::Main);
     Advance(1000);
     EXPECT_TRUE(runtime->HasEnded());
 }
 
-TEST_F(MainTest, AnErrorThatNobodyTrapsSavesTheOpenNotesFirst) {
+TEST_F(MainTest, AnUntrappedErrorSavesTheOpenNotesFirst) {
     StartQuietly();
     auto& note = MakeNote("Dentist");
     user->Type(note.txtNote, "Call to move the appointment.");
-    stage->ExpectBox("Run-time error '6':\r\n\r\nOverflow", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(6, "Overflow");
     Start([] { throw base::RuntimeError(base::ErrorNumber::Overflow); });
     EXPECT_TRUE(runtime->HasEnded());
-    ASSERT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
-    EXPECT_NE(files.Peek(NoteFile("Dentist"))->find("Call to move"), std::string::npos);
+    ASSERT_TRUE(FileOf("Dentist").has_value());
+    EXPECT_NE(FileOf("Dentist")->find("Call to move"), std::string::npos);
     EXPECT_FALSE(tray.icon.has_value());
 }
 
@@ -192,7 +188,8 @@ TEST_F(MainTest, TemporaryFilesOfAKilledSaveAreRemoved) {
     StartQuietly();
     auto& note = MakeNote("Dentist");
     user->Type(note.txtNote, "first");
-    // The note's own temporary file is written in three steps: killed after the second.
+    // The temporary file of the note is written in three steps. Kill the program after the second
+    // step.
     files.KillAt(3, headless::MemoryFiles::Moment::After);
     try {
         user->CloseBox(note);
@@ -200,7 +197,7 @@ TEST_F(MainTest, TemporaryFilesOfAKilledSaveAreRemoved) {
     } catch (const headless::Killed&) {
     }
     Restart();
-    EXPECT_FALSE(files.Peek(NoteFile("Dentist")).has_value());
+    EXPECT_FALSE(FileOf("Dentist").has_value());
     const auto before = files.Names(notesFolder);
     const auto isTemporary = [](const std::string& name) { return name.ends_with(".tmp"); };
     ASSERT_TRUE(std::any_of(before.begin(), before.end(), isTemporary));

@@ -3,8 +3,8 @@
 #include "app/frmMain.h"
 #include "tests/support/WholeProgram.h"
 
-// The folder of the notes cannot be used: the program starts, each save says why it failed, the
-// text stays in its window, and the exit does not cost it.
+// If the folder of the notes cannot be used, the program still starts. Each save reports why it
+// failed, and the text stays in its window. An exit does not lose it.
 
 using namespace forms;
 
@@ -18,10 +18,7 @@ class MissingFolderTest : public testing_support::WholeProgram {
         frmNote& note = MakeNote("Dentist");
         user->Type(note.txtNote, "typed");
         Advance(5000);
-        const auto expectReport = [&] {
-            stage->ExpectBox(report, "WriteNote Sub Error", BoxIcon::None, BoxButtons::Ok,
-                             BoxResult::Ok);
-        };
+        const auto expectReport = [&] { ExpectWriteError(report); };
         for (const char* key : {"Save", "Hide", "Save"}) {
             expectReport();
             user->Click(note.tlbMain, key);
@@ -30,7 +27,7 @@ class MissingFolderTest : public testing_support::WholeProgram {
         expectReport();
         user->CloseBox(note);
         expectReport();
-        user->Tray(514);
+        ClickTrayIcon();
         user->Click(Main().cmdExit);
         EXPECT_FALSE(runtime->HasEnded());
         EXPECT_TRUE(tray.icon.has_value());
@@ -39,8 +36,8 @@ class MissingFolderTest : public testing_support::WholeProgram {
 
     void ExpectSaveToWork() {
         user->CloseBox(Editor("Dentist"));
-        EXPECT_NE(files.Peek(NoteFile("Dentist")).value_or("").find("typed"), std::string::npos);
-        user->Tray(514);
+        EXPECT_NE(FileOf("Dentist").value_or("").find("typed"), std::string::npos);
+        ClickTrayIcon();
         user->Click(Main().cmdExit);
         EXPECT_TRUE(runtime->HasEnded());
     }
@@ -60,7 +57,7 @@ TEST_F(MissingFolderTest, AFileCalledNotesIsLeftAloneAndEachSaveFails) {
 }
 
 TEST_F(MissingFolderTest, AnUnreadableFolderIsReportedAndEachSaveFails) {
-    PutNote("Other");
+    PutNote(Note("Other"));
     files.SetDenied(notesFolder, true);
     std::multiset<std::string> reports;
     stage->improvise.box = [&reports](const BoxRequest& box) {

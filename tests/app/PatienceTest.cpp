@@ -10,7 +10,7 @@ using base::RuntimeError;
 
 class PatienceTest : public testing_support::NoteProgram {
   protected:
-    // Pauses as long as it may.
+    // Pauses as long as it is allowed to. Returns the milliseconds.
     int UseUp() {
         const int before = system.paused;
         while (Patience::Wait()) {
@@ -19,7 +19,7 @@ class PatienceTest : public testing_support::NoteProgram {
     }
 };
 
-TEST_F(PatienceTest, AnActionOfTheUserMayWaitASecondAndAHalfInAll) {
+TEST_F(PatienceTest, AnActionOfTheUserWaitsAtMostOneAndAHalfSeconds) {
     Start([this] {
         EXPECT_EQ(UseUp(), 1500);
         EXPECT_EQ(UseUp(), 0);
@@ -27,7 +27,7 @@ TEST_F(PatienceTest, AnActionOfTheUserMayWaitASecondAndAHalfInAll) {
     Start([this] { EXPECT_EQ(UseUp(), 1500); });
 }
 
-TEST_F(PatienceTest, ARoundOfTicksMayWaitAFifthOfASecondInAll) {
+TEST_F(PatienceTest, ARoundOfTicksWaitsAtMostAFifthOfASecond) {
     frmNote& note = MakeNote("Dentist");
     frmNote& other = MakeNote("Other");
     int waited = 0;
@@ -43,9 +43,9 @@ TEST_F(PatienceTest, ARoundOfTicksMayWaitAFifthOfASecondInAll) {
     EXPECT_EQ(waited, 200);
 }
 
-TEST_F(PatienceTest, AnActionGoesOnWithItsTimeAfterABox) {
-    stage->ExpectBox("wait", "", forms::BoxIcon::None, forms::BoxButtons::Ok, forms::BoxResult::Ok,
-                     forms::BoxResult::Ok, [this] { Start([this] { EXPECT_EQ(UseUp(), 1500); }); });
+TEST_F(PatienceTest, AfterABoxTheActionIsTheSame) {
+    ExpectMessage("wait", "", forms::BoxIcon::None,
+                  [this] { Start([this] { EXPECT_EQ(UseUp(), 1500); }); });
     Start([this] {
         const auto action = runtime->CurrentAction();
         forms::MsgBox("wait", {}, "");
@@ -54,7 +54,7 @@ TEST_F(PatienceTest, AnActionGoesOnWithItsTimeAfterABox) {
     });
 }
 
-TEST_F(PatienceTest, OnlyAFileThatAnotherProgramHoldsIsTriedAgain) {
+TEST_F(PatienceTest, OnlyAFileInUseIsTriedAgain) {
     Start([] {
         for (const auto& [error, attempts] :
              {std::pair{ErrorNumber::PermissionDenied, 76}, {ErrorNumber::DiskFull, 1}}) {

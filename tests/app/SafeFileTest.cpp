@@ -42,7 +42,7 @@ TEST_F(SafeFileTest, MakesANewFile) {
     EXPECT_EQ(files.Peek(path), oldBytes);
 }
 
-TEST_F(SafeFileTest, WritesNothingWhereTheFileHoldsTheseBytes) {
+TEST_F(SafeFileTest, WritesNothingIfTheFileHoldsTheseBytes) {
     EXPECT_FALSE(SafeFile::ReplaceFile(path, oldBytes));
     EXPECT_EQ(files.Log(), std::vector<std::string>{"read " + path});
     EXPECT_TRUE(SafeFile::ReplaceFile(path, oldBytes + " "));
@@ -56,19 +56,19 @@ TEST_F(SafeFileTest, AnEmptyFileIsMadeToo) {
     EXPECT_FALSE(SafeFile::ReplaceFile(empty, ""));
 }
 
-TEST_F(SafeFileTest, FileNameInOtherLettersKeepsThoseOfTheDisk) {
+TEST_F(SafeFileTest, TheFileKeepsTheCaseOfItsNameOnDisk) {
     EXPECT_TRUE(SafeFile::ReplaceFile(folder + "\\dENTIST.txt", newBytes));
     EXPECT_EQ(Names(), justTheNote);
     EXPECT_EQ(files.Peek(path), newBytes);
 }
 
-TEST_F(SafeFileTest, AnotherNameThatEndsAlikeIsLeftAlone) {
+TEST_F(SafeFileTest, AFileWhoseNameEndsTheSameIsLeftAlone) {
     EXPECT_TRUE(SafeFile::ReplaceFile(folder + "\\tist.txt", newBytes));
     EXPECT_EQ(Names(), (std::vector<std::string>{"Dentist.txt", "tist.txt"}));
     EXPECT_EQ(files.Peek(path), oldBytes);
 }
 
-TEST_F(SafeFileTest, ATitleAsLongAsTheSystemTakesCanBeSaved) {
+TEST_F(SafeFileTest, TheLongestTitleThatTheSystemAllowsCanBeSaved) {
     const std::string longest = folder + '\\' + std::string(259 - folder.size() - 5, 'x') + ".txt";
     EXPECT_TRUE(SafeFile::ReplaceFile(longest, newBytes));
     EXPECT_EQ(files.Peek(longest), newBytes);
@@ -84,7 +84,7 @@ TEST_F(SafeFileTest, NamesThatTheSystemRefusesLeaveNothingBehind) {
     }
 }
 
-// What is on the disk while the new bytes are on their way must never be taken for a note.
+// No temporary file may ever be read as a note.
 TEST_F(SafeFileTest, TheTemporaryFileIsNotListedAsANote) {
     files.KillAt(5, Moment::Before);
     EXPECT_THROW(SafeFile::ReplaceFile(path, newBytes), Killed);
@@ -108,7 +108,7 @@ std::vector<KillPoint> EveryKillPoint(int steps) {
     return points;
 }
 
-// Reading what is there, creating the temporary file, writing, flushing, renaming.
+// Reading the old file, creating the temporary file, writing, flushing, renaming.
 constexpr int stepsOfReplacing = 5;
 
 TEST_F(SafeFileTest, StepsOfASave) {
@@ -117,9 +117,10 @@ TEST_F(SafeFileTest, StepsOfASave) {
     EXPECT_EQ(files.Steps(), stepsOfReplacing);
 }
 
-class KilledSave : public SafeFileTest, public testing::WithParamInterface<KillPoint> {};
+class SafeFileKilledSaveTest : public SafeFileTest,
+                               public testing::WithParamInterface<KillPoint> {};
 
-TEST_P(KilledSave, LeavesTheOldFileOrTheNewOneWhole) {
+TEST_P(SafeFileKilledSaveTest, LeavesTheWholeOldFileOrTheWholeNewFile) {
     files.KillAt(GetParam().step, GetParam().moment);
     EXPECT_THROW(SafeFile::ReplaceFile(path, newBytes), Killed);
     files.Restart();
@@ -134,12 +135,13 @@ TEST_P(KilledSave, LeavesTheOldFileOrTheNewOneWhole) {
     EXPECT_EQ(Names(), justTheNote);
 }
 
-TEST_P(KilledSave, ANewFileIsThereWholeOrNotAtAll) {
+TEST_P(SafeFileKilledSaveTest, LeavesAWholeNewFileOrNone) {
     const std::string other = folder + "\\Other.txt";
     files.KillAt(GetParam().step, GetParam().moment);
     try {
         SafeFile::ReplaceFile(other, newBytes);
-        EXPECT_EQ(GetParam().step, stepsOfReplacing);  // nothing to read, so one step less
+        // There is no old file to read, so there is one step less.
+        EXPECT_EQ(GetParam().step, stepsOfReplacing);
     } catch (const Killed&) {
         EXPECT_LT(GetParam().step, stepsOfReplacing);
     }
@@ -151,16 +153,16 @@ TEST_P(KilledSave, ANewFileIsThereWholeOrNotAtAll) {
     EXPECT_EQ(files.Peek(path), oldBytes);
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryStep, KilledSave,
+INSTANTIATE_TEST_SUITE_P(EveryStep, SafeFileKilledSaveTest,
                          testing::ValuesIn(EveryKillPoint(stepsOfReplacing)));
 
-class FailedSave : public SafeFileTest, public testing::WithParamInterface<int> {};
+class SafeFileFailedSaveTest : public SafeFileTest, public testing::WithParamInterface<int> {};
 
-TEST_P(FailedSave, LeavesTheOldFileAndNoOther) {
+TEST_P(SafeFileFailedSaveTest, LeavesTheOldFileAndNoOther) {
     files.FailAt(GetParam(), ErrorNumber::DeviceIoError);
     const int error = ErrorOf([] { SafeFile::ReplaceFile(path, newBytes); });
     if (GetParam() == 1) {
-        // The old bytes could not be compared; that does not keep the new ones from being saved.
+        // The old bytes could not be compared. The new bytes are saved all the same.
         EXPECT_EQ(error, 0);
         EXPECT_EQ(files.Peek(path), newBytes);
     } else {
@@ -170,7 +172,8 @@ TEST_P(FailedSave, LeavesTheOldFileAndNoOther) {
     EXPECT_EQ(Names(), justTheNote);
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryStep, FailedSave, testing::Range(1, stepsOfReplacing + 1));
+INSTANTIATE_TEST_SUITE_P(EveryStep, SafeFileFailedSaveTest,
+                         testing::Range(1, stepsOfReplacing + 1));
 
 TEST_F(SafeFileTest, FullDiskKeepsTheOldFile) {
     for (std::uint64_t space = 0; space < newBytes.size(); ++space) {
@@ -198,7 +201,7 @@ TEST_F(SafeFileTest, ReadOnlyFolderStays) {
     EXPECT_EQ(Names(), justTheNote);
 }
 
-TEST_F(SafeFileTest, FileHeldByAnotherProgramStays) {
+TEST_F(SafeFileTest, FileInUseStays) {
     files.SetDenied(path, true);
     EXPECT_EQ(ErrorOf([] { SafeFile::ReplaceFile(path, newBytes); }), 70);
     EXPECT_EQ(files.Peek(path), oldBytes);
@@ -209,7 +212,7 @@ TEST_F(SafeFileTest, MissingFolderIsReported) {
     EXPECT_EQ(ErrorOf([] { SafeFile::ReplaceFile("C:\\Nowhere\\a.txt", newBytes); }), 76);
 }
 
-TEST_F(SafeFileTest, ErrorOfTheSavePassesOnEvenWhereTheTemporaryFileStays) {
+TEST_F(SafeFileTest, TheErrorOfTheSaveIsRaisedEvenIfTheTemporaryFileStays) {
     files.FailAt(4, ErrorNumber::DeviceIoError);
     class StuckFiles : public forms::FileSystem {
       public:
@@ -252,7 +255,7 @@ TEST_F(SafeFileTest, ErrorOfTheSavePassesOnEvenWhereTheTemporaryFileStays) {
 
 const std::string dead = folder + "\\~Jotwright-0123456789abcdef-";
 
-TEST_F(SafeFileTest, ALeftoverOfTheSameNameIsNotInTheWay) {
+TEST_F(SafeFileTest, ALeftoverOfTheSameNameDoesNotPreventTheSave) {
     const std::string own = folder + "\\~Jotwright-" + system.instanceId + "-";
     files.PutFile(own + "1.tmp", "junk");
     files.PutFolder(own + "2.tmp");
@@ -261,7 +264,7 @@ TEST_F(SafeFileTest, ALeftoverOfTheSameNameIsNotInTheWay) {
     EXPECT_EQ(files.Peek(own + "1.tmp"), "junk");
 }
 
-TEST_F(SafeFileTest, TwoProgramsOnOneFolderUseNamesOfTheirOwn) {
+TEST_F(SafeFileTest, TwoProgramsOnOneFolderUseDifferentTemporaryNames) {
     files.KillAt(5, Moment::Before);
     EXPECT_THROW(SafeFile::ReplaceFile(path, newBytes), Killed);
     files.Restart();
@@ -288,7 +291,7 @@ TEST_F(SafeFileTest, OnlyLeftoversOfThisProgramAreRemoved) {
     EXPECT_FALSE(files.FileExists(dead + "12.tmp"));
 }
 
-TEST_F(SafeFileTest, LeftoversOfAProgramThatRunsStay) {
+TEST_F(SafeFileTest, LeftoversOfARunningProgramStay) {
     files.PutFile(dead + "1.tmp", "being written");
     files.SetLocked(folder + "\\~Jotwright-0123456789abcdef.lock", true);
     SafeFile::RemoveLeftovers(folder);
@@ -298,7 +301,7 @@ TEST_F(SafeFileTest, LeftoversOfAProgramThatRunsStay) {
     EXPECT_EQ(Names(), justTheNote);
 }
 
-TEST_F(SafeFileTest, RemovingLeftoversGoesOnBehindOneThatStays) {
+TEST_F(SafeFileTest, ALeftoverThatCannotBeRemovedDoesNotStopTheRemovingOfOthers) {
     files.PutFile(dead + "1.tmp", "junk");
     files.PutFile(dead + "2.tmp", "junk");
     files.SetDenied(dead + "1.tmp", true);
@@ -308,7 +311,7 @@ TEST_F(SafeFileTest, RemovingLeftoversGoesOnBehindOneThatStays) {
     SafeFile::RemoveLeftovers("C:\\Nowhere");
 }
 
-TEST_F(SafeFileTest, AReplacementThatFailsAfterTheOldFileWentKeepsTheNewBytes) {
+TEST_F(SafeFileTest, AReplacementThatFailsAfterTheOldFileIsGoneKeepsTheNewBytes) {
     files.SetDenied(path, false);
     int kept = 0;
     for (int step = 1;; ++step) {
@@ -345,7 +348,7 @@ TEST_F(SafeFileTest, ACachedReplacementIsNotFlushed) {
     EXPECT_EQ(files.Flushes(), 2);
 }
 
-TEST_F(SafeFileTest, AFileIsPutAsideUnderAShorterNameIfItsOwnIsTooLong) {
+TEST_F(SafeFileTest, AFileWithALongNameIsPutAsideUnderAShorterName) {
     files.SetRecycleBin(false);
     const std::size_t longest = 259 - folder.size() - 1;
     for (const std::string& character : {std::string("x"), std::string("\xf0\x9f\x98\x80")}) {

@@ -13,7 +13,7 @@ using testing_support::RuleDevices;
 
 class SettingsTest : public testing::Test, protected RuleDevices {};
 
-TEST_F(SettingsTest, AMissingValueIsTheReadersDefault) {
+TEST_F(SettingsTest, AMissingValueReadsAsTheDefaultOfTheReader) {
     EXPECT_EQ(Settings::alarm.Read(), "");
     EXPECT_EQ(Settings::alarm.Read("C:\\a.wav"), "C:\\a.wav");
     EXPECT_EQ(Settings::defaultFontSize.Read(), 0);

@@ -9,13 +9,9 @@
 
 namespace {
 
-using forms::BoxButtons;
-using forms::BoxIcon;
-using forms::BoxResult;
-
-class PictureBox : public testing_support::TestProgram {
+class dlgMsgBoxTest : public testing_support::TestProgram {
   protected:
-    // Shows the box and runs the script on it; the script or the user closes it.
+    // Shows the box, runs the script, and closes the box if it is still open.
     void Show(const std::string& message, const std::string& caption, const std::string& picture,
               const std::function<void(dlgMsgBox&)>& script) {
         stage->ExpectModal<dlgMsgBox>([&](dlgMsgBox& dialog) {
@@ -33,12 +29,12 @@ class PictureBox : public testing_support::TestProgram {
     }
 };
 
-TEST_F(PictureBox, DesignCaptions) {
+TEST_F(dlgMsgBoxTest, DesignCaptions) {
     EXPECT_EQ(forms::Default<dlgMsgBox>().caption(), "Dialog Caption");
     EXPECT_EQ(forms::Default<dlgMsgBox>().cmdOk.caption(), "OK");
 }
 
-TEST_F(PictureBox, WithoutAPictureIsSizedToItsText) {
+TEST_F(dlgMsgBoxTest, WithoutAPictureTheBoxIsSizedToItsText) {
     Show("A message", "Caption", "", [](dlgMsgBox& dialog) {
         const int textWidth = dialog.lblMsg.width;
         const int textHeight = dialog.lblMsg.height;
@@ -55,7 +51,7 @@ TEST_F(PictureBox, WithoutAPictureIsSizedToItsText) {
     });
 }
 
-TEST_F(PictureBox, ATextLowerThanThePictureStandsBesideIt) {
+TEST_F(dlgMsgBoxTest, ATextLowerThanThePictureStandsBesideIt) {
     GivePicture("error.gif", 1080, 900);
     Show("A message", "Caption", "error.gif", [](dlgMsgBox& dialog) {
         EXPECT_EQ(dialog.imgMsg.picture().path, "C:\\Jotwright\\error.gif");
@@ -71,7 +67,7 @@ TEST_F(PictureBox, ATextLowerThanThePictureStandsBesideIt) {
     });
 }
 
-TEST_F(PictureBox, ATextAsHighAsThePictureStandsBesideIt) {
+TEST_F(dlgMsgBoxTest, ATextAsHighAsThePictureStandsBesideIt) {
     const int lineHeight = 300;  // at 10 points on this stage
     GivePicture("error.gif", 600, lineHeight);
     Show("A message", "Caption", "error.gif", [&](dlgMsgBox& dialog) {
@@ -81,7 +77,7 @@ TEST_F(PictureBox, ATextAsHighAsThePictureStandsBesideIt) {
     });
 }
 
-TEST_F(PictureBox, ATextHigherThanThePictureKeepsItsPlace) {
+TEST_F(dlgMsgBoxTest, ATextHigherThanThePictureKeepsItsPlace) {
     GivePicture("error.gif", 1080, 480);
     forms::Default<dlgMsgBox>();
     const int designLeft = forms::Default<dlgMsgBox>().lblMsg.left;
@@ -96,19 +92,19 @@ TEST_F(PictureBox, ATextHigherThanThePictureKeepsItsPlace) {
         EXPECT_EQ(dialog.cmdOk.top(), textHeight + 400);
         EXPECT_EQ(dialog.cmdOk.left(), dialog.width() - 1100);
         EXPECT_GE(dialog.cmdOk.top(), designTop + textHeight + Grid::gap);
-        // Beside the picture, not on it.
+        // The text lies beside the picture, not on it.
         EXPECT_GE(dialog.lblMsg.left(), 125 + 1080);
     });
 }
 
-TEST_F(PictureBox, LineBreaksGrowTheDialog) {
+TEST_F(dlgMsgBoxTest, LineBreaksGrowTheDialog) {
     int oneLine = 0;
     Show("one", "Caption", "", [&](dlgMsgBox& dialog) { oneLine = dialog.height; });
     Show("one\r\ntwo\r\nthree", "Caption", "",
          [&](dlgMsgBox& dialog) { EXPECT_EQ(dialog.height() - 1300, 3 * (oneLine - 1300)); });
 }
 
-TEST_F(PictureBox, CaptionAndMessageStandAsTheyAreGiven) {
+TEST_F(dlgMsgBoxTest, CaptionAndMessageAreShownUnchanged) {
     Show("     Tom && Jerry & co.   ", "  Two Blanks  ", "", [](dlgMsgBox& dialog) {
         EXPECT_EQ(dialog.caption(), "  Two Blanks  ");
         EXPECT_EQ(dialog.lblMsg.caption(), "     Tom && Jerry & co.   ");
@@ -116,7 +112,7 @@ TEST_F(PictureBox, CaptionAndMessageStandAsTheyAreGiven) {
     });
 }
 
-TEST_F(PictureBox, AMissingMessageOrPictureIsReplacedInTheCallersVariable) {
+TEST_F(dlgMsgBoxTest, AMissingMessageOrPictureIsReplacedInTheVariableOfTheCaller) {
     std::optional<std::string> message;
     std::optional<std::string> picture;
     stage->ExpectModal<dlgMsgBox>([&](dlgMsgBox& dialog) {
@@ -129,7 +125,7 @@ TEST_F(PictureBox, AMissingMessageOrPictureIsReplacedInTheCallersVariable) {
     EXPECT_EQ(picture, "");
 }
 
-TEST_F(PictureBox, GivenTextsStayInTheCallersVariables) {
+TEST_F(dlgMsgBoxTest, GivenTextsStayInTheVariablesOfTheCaller) {
     std::optional<std::string> message = "text";
     std::optional<std::string> picture = "error.gif";
     stage->ExpectModal<dlgMsgBox>([&](dlgMsgBox& dialog) { user->Click(dialog.cmdOk); });
@@ -138,14 +134,13 @@ TEST_F(PictureBox, GivenTextsStayInTheCallersVariables) {
     EXPECT_EQ(picture, "error.gif");
 }
 
-TEST_F(PictureBox, AMissingPictureFileIsNotTrapped) {
-    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+TEST_F(dlgMsgBoxTest, AMissingPictureFileIsNotTrapped) {
+    ExpectRunTimeError(53, "File not found");
     Start([] { StandardCode::PictureMessageBox("text", "Caption", "nowhere.gif"); });
     EXPECT_TRUE(runtime->HasEnded());
 }
 
-TEST_F(PictureBox, EnterEscapeAndTheCloseBoxCloseIt) {
+TEST_F(dlgMsgBoxTest, EnterEscapeAndTheCloseBoxCloseIt) {
     Show("text", "Caption", "", [&](dlgMsgBox& dialog) {
         user->PressEnter();
         EXPECT_FALSE(dialog.IsLoaded());
@@ -160,7 +155,7 @@ TEST_F(PictureBox, EnterEscapeAndTheCloseBoxCloseIt) {
     });
 }
 
-TEST_F(PictureBox, TheNextOneKeepsNothingOfTheLast) {
+TEST_F(dlgMsgBoxTest, TheNextBoxKeepsNothingOfTheLastBox) {
     Show("text", "Caption", "error.gif", [](dlgMsgBox&) {});
     Show("text", "Caption", "", [](dlgMsgBox& dialog) {
         EXPECT_TRUE(dialog.imgMsg.picture().path.empty());
@@ -169,7 +164,7 @@ TEST_F(PictureBox, TheNextOneKeepsNothingOfTheLast) {
     });
 }
 
-TEST_F(PictureBox, TheButtonLiesInsideTheDialog) {
+TEST_F(dlgMsgBoxTest, TheButtonLiesInsideTheDialog) {
     GivePicture("error.gif", 1080, 1080);
     const auto check = [](dlgMsgBox& dialog) {
         EXPECT_LE(dialog.cmdOk.left() + dialog.cmdOk.width(), dialog.ScaleWidth() - 60);

@@ -10,12 +10,7 @@ namespace {
 // The program starts on Friday, 14 May 2004, 9:00:00 and its main window is up at 9:00:01.
 class frmMainClockTest : public testing_support::WholeProgram {
   protected:
-    void PutAlarm(const std::string& title, const std::string& time, int color, bool withSound) {
-        PutNote(title, "#2004-05-14#,#" + time + "#," + std::to_string(color) + ",12,\"1\"," +
-                           (withSound ? "1" : "0") + ",\"yes\"\r\n");
-    }
-
-    // As after hiding every note: saved, and no editor is open.
+    // Closes all editors, which saves their notes.
     void CloseEditors() {
         for (;;) {
             frmNote* open = nullptr;
@@ -47,8 +42,8 @@ class frmMainClockTest : public testing_support::WholeProgram {
 
 }  // namespace
 
-TEST_F(frmMainClockTest, ASavedNoteComesUpOnceInItsSecond) {
-    PutAlarm("Dentist", "09:30:00", 2, false);
+TEST_F(frmMainClockTest, ASavedNoteIsDisplayedOnceInItsSecond) {
+    PutNote(Note("Dentist").WithAlarmAt(9, 30).InColor(2));
     StartQuietly();
     CloseEditors();
     AdvanceTo(9, 29, 59);
@@ -64,7 +59,7 @@ TEST_F(frmMainClockTest, ASavedNoteComesUpOnceInItsSecond) {
 }
 
 TEST_F(frmMainClockTest, AnAlarmSetForNoonFiresOnTheFirstTickWithinThatSecond) {
-    PutAlarm("Noon", "12:00:00", 1, false);
+    PutNote(Note("Noon").WithAlarmAt(12, 0));
     StartQuietly();
     CloseEditors();
     AdvanceTo(12, 0, 0);
@@ -75,25 +70,25 @@ TEST_F(frmMainClockTest, AnAlarmSetForNoonFiresOnTheFirstTickWithinThatSecond) {
 }
 
 TEST_F(frmMainClockTest, AnAlarmInThePastNeverFires) {
-    PutAlarm("Past", "08:59:00", 1, false);
-    PutAlarm("Later", "09:30:00", 1, false);
+    PutNote(Note("Past").WithAlarmAt(8, 59));
+    PutNote(Note("Later").WithAlarmAt(9, 30));
     StartQuietly();
     CloseEditors();
-    Advance(26 * 3600 * std::int64_t{1000});  // past that time of the next day
+    Advance(26 * 3600 * std::int64_t{1000});  // past the same time of the next day
     EXPECT_EQ(FindWindow<frmDisplayNote>("Past"), nullptr);
     EXPECT_NE(FindWindow<frmDisplayNote>("Later"), nullptr);
 }
 
 TEST_F(frmMainClockTest, AnotherDayDoesNotFire) {
-    PutNote("Tomorrow", "#2004-05-15#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+    PutNote(Note("Tomorrow").WithAlarmAt(9, 30).On(base::DateTime::FromDate(2004, 5, 15)));
     StartQuietly();
     CloseEditors();
     AdvanceTo(9, 31, 0);
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
 }
 
-TEST_F(frmMainClockTest, AnOpenEditorRingsAndNothingElse) {
-    PutAlarm("Dentist", "09:30:00", 1, false);
+TEST_F(frmMainClockTest, OnlyTheOpenEditorOfANoteRings) {
+    PutNote(Note("Dentist").WithAlarmAt(9, 30));
     StartQuietly();
     EXPECT_EQ(Editor("Dentist").windowState(), WindowState::Minimized);
     AdvanceTo(9, 30, 1);
@@ -103,7 +98,7 @@ TEST_F(frmMainClockTest, AnOpenEditorRingsAndNothingElse) {
 }
 
 TEST_F(frmMainClockTest, TheSoundStartsOneSecondAfterTheDisplayOpened) {
-    PutAlarm("Dentist", "09:30:00", 1, true);
+    PutNote(Note("Dentist").WithAlarmAt(9, 30).WithSound());
     StartQuietly();
     CloseEditors();
     AdvanceTo(9, 30, 1);
@@ -115,9 +110,9 @@ TEST_F(frmMainClockTest, TheSoundStartsOneSecondAfterTheDisplayOpened) {
     EXPECT_EQ(sound.log.back().path, "C:\\Jotwright\\Alarm buzzer.wav");
 }
 
-TEST_F(frmMainClockTest, OfSeveralNotesDueOnlyTheLastOpenedSounds) {
-    PutAlarm("A", "09:30:00", 1, true);
-    PutAlarm("B", "09:30:00", 1, true);
+TEST_F(frmMainClockTest, IfSeveralNotesAreDueOnlyTheLastDisplaySounds) {
+    PutNote(Note("A").WithAlarmAt(9, 30).WithSound());
+    PutNote(Note("B").WithAlarmAt(9, 30).WithSound());
     StartQuietly();
     CloseEditors();
     AdvanceTo(9, 30, 3);
@@ -125,9 +120,9 @@ TEST_F(frmMainClockTest, OfSeveralNotesDueOnlyTheLastOpenedSounds) {
     EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 1);
 }
 
-TEST_F(frmMainClockTest, TheLastDisplaySoundsEvenWhereOnlyAnotherNoteAskedForIt) {
-    PutAlarm("A", "09:30:00", 1, true);
-    PutAlarm("B", "09:30:00", 1, false);
+TEST_F(frmMainClockTest, TheLastDisplaySoundsEvenIfOnlyAnotherNoteHasAnAudioAlarm) {
+    PutNote(Note("A").WithAlarmAt(9, 30).WithSound());
+    PutNote(Note("B").WithAlarmAt(9, 30));
     StartQuietly();
     CloseEditors();
     AdvanceTo(9, 30, 1);
@@ -142,33 +137,31 @@ TEST_F(frmMainClockTest, TheLastDisplaySoundsEvenWhereOnlyAnotherNoteAskedForIt)
 }
 
 TEST_F(frmMainClockTest, AWeeklyAlarmInTheSameSecondKeepsTheDisplaySilent) {
-    PutAlarm("Dentist", "09:30:00", 1, true);
+    PutNote(Note("Dentist").WithAlarmAt(9, 30).WithSound());
     StartQuietly();
     CloseEditors();
     SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(9, 30, 0), "now");
-    stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
-                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
-                     [this] { EXPECT_EQ(CountVisible<frmDisplayNote>(), 1); });
+    ExpectDailyAlarm("now", [this] { EXPECT_EQ(CountVisible<frmDisplayNote>(), 1); });
     AdvanceTo(9, 30, 5);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 0);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::Loop), 1);
 }
 
 TEST_F(frmMainClockTest, TheCheckEndsAtTheFirstNoteWithoutATitle) {
-    PutAlarm("A", "09:30:00", 1, false);
-    PutAlarm("C", "09:30:00", 1, false);
+    PutNote(Note("A").WithAlarmAt(9, 30));
+    PutNote(Note("C").WithAlarmAt(9, 30));
     StartQuietly();
     CloseEditors();
-    files.PutFile(NoteFile("B"), "\"\",\"\",#2004-05-14#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+    PutNoteAs("B.txt", Note("", "").WithAlarmAt(9, 30));
     Start(StandardCode::LoadNotesArray);
     AdvanceTo(9, 30, 2);
     EXPECT_NE(FindWindow<frmDisplayNote>("A"), nullptr);
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 1);
 }
 
-TEST_F(frmMainClockTest, TheArrayFollowsWhatBecameOfADisplayedNote) {
-    PutAlarm("A", "09:30:00", 1, false);
-    PutAlarm("B", "09:30:00", 1, false);
+TEST_F(frmMainClockTest, TheArrayFollowsTheAnswerAboutADisplayedNote) {
+    PutNote(Note("A").WithAlarmAt(9, 30));
+    PutNote(Note("B").WithAlarmAt(9, 30));
     StartQuietly();
     CloseEditors();
     AdvanceTo(9, 30, 1);
@@ -177,8 +170,7 @@ TEST_F(frmMainClockTest, TheArrayFollowsWhatBecameOfADisplayedNote) {
         user->CloseBox(MakeNote(answer == BoxResult::No ? "Y" : "Z"));
         auto* display = FindWindow<frmDisplayNote>(answer == BoxResult::No ? "A" : "B");
         ASSERT_NE(display, nullptr);
-        stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
-                         BoxButtons::YesNo, answer);
+        ExpectEraseNoteQuestion(answer);
         user->CloseBox(*display);
         EXPECT_EQ(StandardCode::Shared().NotesArray[1].AlarmState, "0");
         EXPECT_EQ(StandardCode::Shared().NoteCount, 3);
@@ -188,16 +180,15 @@ TEST_F(frmMainClockTest, TheArrayFollowsWhatBecameOfADisplayedNote) {
 
 TEST_F(frmMainClockTest, ALoopingSoundKeepsFurtherDisplaysSilent) {
     settings.values[{"Options", "NoteLoops"}] = "1";
-    PutAlarm("A", "09:30:00", 1, true);
-    PutAlarm("B", "09:30:10", 1, true);
+    PutNote(Note("A").WithAlarmAt(9, 30).WithSound());
+    PutNote(Note("B").WithAlarmAt(9, 30, 10).WithSound());
     StartQuietly();
     CloseEditors();
-    stage->ExpectBox("      Turn Off Alarm?       ", "Jotwright Audio Alarm", BoxIcon::Information,
-                     BoxButtons::Ok, BoxResult::Ok, [this] {
-                         Advance(20'000);
-                         EXPECT_EQ(CountVisible<frmDisplayNote>(), 2);
-                         EXPECT_EQ(sound.Count(RecordedSound::Kind::Loop), 1);
-                     });
+    ExpectDisplayAlarm([this] {
+        Advance(20'000);
+        EXPECT_EQ(CountVisible<frmDisplayNote>(), 2);
+        EXPECT_EQ(sound.Count(RecordedSound::Kind::Loop), 1);
+    });
     AdvanceTo(9, 30, 2);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::Stop), 1);
     Advance(5000);
@@ -208,8 +199,7 @@ TEST_F(frmMainClockTest, ALoopingSoundKeepsFurtherDisplaysSilent) {
 TEST_F(frmMainClockTest, ASpecialAlarmShowsItsMessageAndSounds) {
     StartQuietly();
     SetSpecialAlarm(2, "Friday", base::DateTime::FromTime(9, 5, 0), "Pay the rent");
-    stage->ExpectBox("Message for Friday               \r\n\r\nPay the rent",
-                     "Jotwright Daily Alarm", BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
+    ExpectDailyAlarm("Pay the rent",
                      [this] { EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav"); });
     AdvanceTo(9, 5, 2);
     EXPECT_FALSE(sound.IsPlaying());
@@ -218,8 +208,7 @@ TEST_F(frmMainClockTest, ASpecialAlarmShowsItsMessageAndSounds) {
 TEST_F(frmMainClockTest, ASpecialAlarmWithoutAMessageSaysSo) {
     StartQuietly();
     SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(9, 5, 0), "");
-    stage->ExpectBox("Message for Friday               \r\n\r\nNo Special Message",
-                     "Jotwright Daily Alarm", BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    ExpectDailyAlarm("No Special Message");
     AdvanceTo(9, 5, 2);
     EXPECT_EQ(StandardCode::Shared().SpecialAlarmMessage[0], "No Special Message");
 }
@@ -229,11 +218,8 @@ TEST_F(frmMainClockTest, TheTickIsBlockedWhileASpecialAlarmWaits) {
     SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(9, 5, 0), "first");
     SetSpecialAlarm(1, "Friday", base::DateTime::FromTime(9, 5, 0), "second");
     SetSpecialAlarm(2, "Friday", base::DateTime::FromTime(9, 5, 10), "missed");
-    stage->ExpectBox("Message for Friday               \r\n\r\nfirst", "Jotwright Daily Alarm",
-                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
-                     [this] { Advance(30'000); });
-    stage->ExpectBox("Message for Friday               \r\n\r\nsecond", "Jotwright Daily Alarm",
-                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    ExpectDailyAlarm("first", [this] { Advance(30'000); });
+    ExpectDailyAlarm("second");
     AdvanceTo(9, 6, 0);
 }
 
@@ -272,7 +258,7 @@ TEST_F(frmMainClockTest, TheCuckooStrikesTheHourFifteenSecondsLate) {
     EXPECT_TRUE(Main().tmrCooKoo.enabled);
 }
 
-TEST_F(frmMainClockTest, NoonIsSilentMidnightAndElevenAtNightStrikeTwelve) {
+TEST_F(frmMainClockTest, NoonIsSilentAndMidnightAndElevenAtNightStrikeTwelve) {
     SetNow(2004, 5, 14, 11, 59, 50);
     StartQuietly();
     user->Click(Main().cmdCookoo);
@@ -292,7 +278,7 @@ TEST_F(frmMainClockTest, ALateTickMissesTheHour) {
     user->Click(Main().cmdCookoo);
     AdvanceTo(14, 0, 14);
     Advance(600);
-    clock.Pass(1500);  // busy over the whole second
+    clock.Pass(1500);  // the handler is busy for the whole second
     Advance(3000);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
 }
@@ -311,15 +297,14 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentInTheSecondOfASpecialAlarm) {
     StartQuietly();
     user->Click(Main().cmdCookoo);
     SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(15, 0, 15), "now");
-    stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
-                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    ExpectDailyAlarm("now");
     AdvanceTo(15, 0, 40);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
 }
 
 TEST_F(frmMainClockTest, TheCuckooIsSilentInTheSecondOfANotesSound) {
     SetNow(2004, 5, 14, 14, 59, 50);
-    PutAlarm("Dentist", "15:00:15", 1, true);
+    PutNote(Note("Dentist").WithAlarmAt(15, 0, 15).WithSound());
     StartQuietly();
     CloseEditors();
     user->Click(Main().cmdCookoo);
@@ -328,18 +313,16 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentInTheSecondOfANotesSound) {
     EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 1);
 }
 
-// However long the box of an alarm has held up the main clock before.
-TEST_F(frmMainClockTest, TheMainClockComesBeforeTheCuckooAlsoAfterABox) {
+// This holds however long the box of an alarm has delayed the main clock before.
+TEST_F(frmMainClockTest, TheMainClockTicksBeforeTheCuckooAlsoAfterABox) {
     for (int held = 100; held <= 3000; held += 100) {
         SetNow(2004, 5, 14, 14, 59, 40);
-        PutAlarm("Dentist", "15:00:15", 1, true);
+        PutNote(Note("Dentist").WithAlarmAt(15, 0, 15).WithSound());
         settings.values[{"Options", "StartCookoo"}] = "1";
         StartQuietly();
         CloseEditors();
         SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(14, 59, 50), "now");
-        stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
-                         BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok,
-                         [this, held] { Advance(held); });
+        ExpectDailyAlarm("now", [this, held] { Advance(held); });
         AdvanceTo(15, 0, 40);
         EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0) << held;
         EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 1) << held;
@@ -348,7 +331,7 @@ TEST_F(frmMainClockTest, TheMainClockComesBeforeTheCuckooAlsoAfterABox) {
     }
 }
 
-TEST_F(frmMainClockTest, ASpecialAlarmIsNotMissedThoughTheMainClockWasSwitchedOnLast) {
+TEST_F(frmMainClockTest, ASpecialAlarmIsNotMissedIfTheMainClockWasSwitchedOnLast) {
     SetNow(2004, 5, 14, 14, 59, 50);
     StartQuietly();
     user->Click(Main().cmdCookoo);
@@ -357,38 +340,35 @@ TEST_F(frmMainClockTest, ASpecialAlarmIsNotMissedThoughTheMainClockWasSwitchedOn
         Main().tmrNow.enabled = true;
     });
     SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(15, 0, 15), "now");
-    stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
-                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    ExpectDailyAlarm("now");
     AdvanceTo(15, 0, 40);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
 }
 
-TEST_F(frmMainClockTest, TheCuckooIsSilentAsLongAsASpecialAlarmWaits) {
+TEST_F(frmMainClockTest, TheCuckooIsSilentWhileASpecialAlarmWaits) {
     SetNow(2004, 5, 14, 14, 59, 50);
     StartQuietly();
     user->Click(Main().cmdCookoo);
     SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(15, 0, 15), "now");
-    stage->ExpectBox("Message for Friday               \r\n\r\nnow", "Jotwright Daily Alarm",
-                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok, [this] {
-                         stage->Jump(3600 - 10);
-                         Advance(20'000);  // past the next hour
-                         EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav");
-                     });
+    ExpectDailyAlarm("now", [this] {
+        stage->Jump(3600 - 10);
+        Advance(20'000);  // past the next hour
+        EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav");
+    });
     AdvanceTo(16, 0, 40);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
     EXPECT_FALSE(StandardCode::Shared().AlarmSounding);
 }
 
-TEST_F(frmMainClockTest, TheCuckooIsSilentAsLongAsAnEditorRings) {
+TEST_F(frmMainClockTest, TheCuckooIsSilentWhileAnEditorRings) {
     SetNow(2004, 5, 14, 14, 59, 50);
-    PutAlarm("Dentist", "15:00:00", 1, true);
+    PutNote(Note("Dentist").WithAlarmAt(15, 0).WithSound());
     StartQuietly();
     user->Click(Main().cmdCookoo);
-    stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok, [this] {
-                         Advance(30'000);
-                         EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav");
-                     });
+    ExpectEditorAlarm([this] {
+        Advance(30'000);
+        EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav");
+    });
     AdvanceTo(15, 0, 40);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
     stage->Jump(3600 - 60);

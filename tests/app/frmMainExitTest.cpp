@@ -14,14 +14,11 @@ using frmMainExitTest = testing_support::WholeProgram;
 
 }  // namespace
 
-TEST_F(frmMainExitTest, ButtonAndMenusEndTheProgram) {
+TEST_F(frmMainExitTest, TheButtonAndTheMenusEndTheProgram) {
     const std::vector<std::function<void()>> ways{
         [this] { user->Click(Main().cmdExit); },
         [this] { user->Choose(Main().mnuFileExit); },
-        [this] {
-            stage->ExpectPopup("mnuPop", "mnuExit");
-            user->Tray(517);
-        },
+        [this] { ChooseFromTrayMenu("mnuExit"); },
     };
     for (const auto& leave : ways) {
         StartQuietly();
@@ -54,10 +51,8 @@ TEST_F(frmMainExitTest, TheIconIsRemovedBeforeTheOtherWindowsGo) {
     auto& note = MakeNote("Dentist");
     StandardCode::Shared().ControlPanelMode = true;
     user->Type(note.txtNote, "text");
-    user->Tray(514);
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::Yes,
-                     [this] { EXPECT_FALSE(tray.icon.has_value()); });
+    ClickTrayIcon();
+    ExpectSaveQuestion(BoxResult::Yes, [this] { EXPECT_FALSE(tray.icon.has_value()); });
     user->Click(Main().cmdExit);
     EXPECT_TRUE(runtime->HasEnded());
 }
@@ -67,7 +62,7 @@ TEST_F(frmMainExitTest, NotesAreClosedInTheOrderInWhichTheyWereOpened) {
     for (const char* title : {"Zebra", "Ape", "Lion"}) {
         user->Type(MakeNote(title).txtNote, "text");
     }
-    user->Tray(514);
+    ClickTrayIcon();
     files.ClearLog();
     user->Click(Main().cmdExit);
     std::vector<std::string> saved;
@@ -79,11 +74,10 @@ TEST_F(frmMainExitTest, NotesAreClosedInTheOrderInWhichTheyWereOpened) {
     EXPECT_EQ(saved, (std::vector<std::string>{"Zebra.txt", "Ape.txt", "Lion.txt"}));
 }
 
-TEST_F(frmMainExitTest, AMinimisedMainWindowIsMaximisedAsItGoes) {
+TEST_F(frmMainExitTest, AMinimizedMainWindowIsMaximizedByTheExit) {
     StartQuietly();
     user->Minimize(Main());
-    stage->ExpectPopup("mnuPop", "mnuExit");
-    user->Tray(517);
+    ChooseFromTrayMenu("mnuExit");
     EXPECT_TRUE(runtime->HasEnded());
     EXPECT_EQ(Main().windowState(), WindowState::Maximized);
 }
@@ -95,15 +89,15 @@ TEST_F(frmMainExitTest, AMainWindowOfNormalSizeKeepsIt) {
 }
 
 TEST_F(frmMainExitTest, ExitRemovesTheIconAndClosesEveryWindow) {
-    PutNote("Restored");
+    PutNote(Note("Restored"));
     StartQuietly();
     auto& note = MakeNote("Dentist");
     user->Type(note.txtNote, "text");
-    user->Tray(514);
+    ClickTrayIcon();
     user->CloseBox(Main());
     EXPECT_TRUE(runtime->HasEnded());
     EXPECT_FALSE(tray.icon.has_value());
-    EXPECT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
+    EXPECT_TRUE(FileOf("Dentist").has_value());
     EXPECT_TRUE(StandardCode::NoteTitles().empty());
     for (const auto& form : runtime->LoadedForms()) {
         EXPECT_FALSE(form->IsVisible());
@@ -115,13 +109,11 @@ TEST_F(frmMainExitTest, ExitFromTheTrayWhileABoxIsOpen) {
     user->Click(Main().cmdHideMe);
     shell.result = 0;
     stage->ExpectPopup("mnuPop", "mnuWebSite");
-    stage->ExpectBox("Unable to open file!", "Attention", BoxIcon::Exclamation, BoxButtons::Ok,
-                     BoxResult::Ok, [this] {
-                         stage->ExpectPopup("mnuPop", "mnuExit");
-                         user->Tray(517);
-                         EXPECT_TRUE(runtime->HasEnded());
-                     });
-    user->Tray(517);
+    ExpectMessage("Unable to open file!", "Attention", BoxIcon::Exclamation, [this] {
+        ChooseFromTrayMenu("mnuExit");
+        EXPECT_TRUE(runtime->HasEnded());
+    });
+    RightClickTrayIcon();
     EXPECT_FALSE(tray.icon.has_value());
 }
 
@@ -130,9 +122,8 @@ TEST_F(frmMainExitTest, ANoteThatCannotBeSavedStopsTheExit) {
     auto& note = MakeNote("Dentist");
     user->Type(note.txtNote, "must not be lost");
     files.SetReadOnly("C:\\Jotwright\\Notes", true);
-    user->Tray(514);
-    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ClickTrayIcon();
+    ExpectWriteError("75 - Path/File access error");
     user->Click(Main().cmdExit);
     EXPECT_FALSE(runtime->HasEnded());
     EXPECT_TRUE(tray.icon.has_value());
@@ -140,7 +131,7 @@ TEST_F(frmMainExitTest, ANoteThatCannotBeSavedStopsTheExit) {
     files.SetReadOnly("C:\\Jotwright\\Notes", false);
     user->Click(Main().cmdExit);
     EXPECT_TRUE(runtime->HasEnded());
-    EXPECT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
+    EXPECT_TRUE(FileOf("Dentist").has_value());
 }
 
 TEST_F(frmMainExitTest, TheEndOfTheSessionSavesAndAsksNothing) {
@@ -150,7 +141,7 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionSavesAndAsksNothing) {
     StandardCode::Shared().ControlPanelMode = true;
     gestures::EndSession();
     EXPECT_TRUE(runtime->HasEnded());
-    EXPECT_TRUE(files.Peek(NoteFile("Dentist")).has_value());
+    EXPECT_TRUE(FileOf("Dentist").has_value());
     EXPECT_FALSE(tray.icon.has_value());
 }
 
@@ -159,35 +150,31 @@ TEST_F(frmMainExitTest, AnExitWhileANoteAsksKeepsItsTextForTheNextStart) {
     auto& note = MakeNote("Dentist");
     StandardCode::Shared().ControlPanelMode = true;
     user->Type(note.txtNote, "text");
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::No, [this] {
-                         stage->ExpectPopup("mnuPop", "mnuExit");
-                         user->Tray(517);
-                         EXPECT_TRUE(runtime->HasEnded());
-                     });
+    ExpectSaveQuestion(BoxResult::No, [this] {
+        ChooseFromTrayMenu("mnuExit");
+        EXPECT_TRUE(runtime->HasEnded());
+    });
     user->CloseBox(note);
-    EXPECT_FALSE(files.FileExists(NoteFile("Dentist")));
+    EXPECT_FALSE(files.FileExists(PathOf("Dentist")));
     Restart();
     StartQuietly();
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
 }
 
-TEST_F(frmMainExitTest, AnExitWaitsForTheAnswerThatAnAlarmDisplayWants) {
-    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n");
+TEST_F(frmMainExitTest, AnExitWaitsForTheAnswerToAnAlarmDisplay) {
+    PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
     Advance(12'000);
     auto* display = FindWindow<frmDisplayNote>("Dentist");
     ASSERT_NE(display, nullptr);
-    stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::No, [this] {
-                         stage->ExpectPopup("mnuPop", "mnuExit");
-                         user->Tray(517);
-                         EXPECT_FALSE(runtime->HasEnded());
-                     });
+    ExpectEraseNoteQuestion(BoxResult::No, [this] {
+        ChooseFromTrayMenu("mnuExit");
+        EXPECT_FALSE(runtime->HasEnded());
+    });
     user->CloseBox(*display);
     EXPECT_TRUE(tray.icon.has_value());
-    user->Tray(514);
+    ClickTrayIcon();
     user->Click(Main().cmdExit);
     EXPECT_TRUE(runtime->HasEnded());
 }
@@ -197,12 +184,11 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionEndsAnExitThatWaitsForAnAnswer) {
     auto& note = MakeNote("Dentist");
     StandardCode::Shared().ControlPanelMode = true;
     user->Type(note.txtNote, "text");
-    user->Tray(514);
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::No, [this] {
-                         gestures::EndSession();
-                         EXPECT_TRUE(runtime->HasEnded());
-                     });
+    ClickTrayIcon();
+    ExpectSaveQuestion(BoxResult::No, [this] {
+        gestures::EndSession();
+        EXPECT_TRUE(runtime->HasEnded());
+    });
     user->Click(Main().cmdExit);
     EXPECT_FALSE(tray.icon.has_value());
     Restart();
@@ -210,50 +196,47 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionEndsAnExitThatWaitsForAnAnswer) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
 }
 
-TEST_F(frmMainExitTest, TheEndOfTheSessionKeepsWhatADisplayThatAsksHolds) {
-    PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n");
+TEST_F(frmMainExitTest, TheEndOfTheSessionKeepsTheTextOfADisplayThatAsks) {
+    PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
     StartQuietly();
     user->CloseBox(Editor("Dentist"));
     Advance(12'000);
     auto* display = FindWindow<frmDisplayNote>("Dentist");
     ASSERT_NE(display, nullptr);
     user->Type(display->lblNoteText, "moved to Friday");
-    stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::Yes, [this] {
-                         gestures::EndSession();
-                         EXPECT_TRUE(runtime->HasEnded());
-                     });
+    ExpectEraseNoteQuestion(BoxResult::Yes, [this] {
+        gestures::EndSession();
+        EXPECT_TRUE(runtime->HasEnded());
+    });
     user->CloseBox(*display);
-    EXPECT_EQ(files.Peek(NoteFile("Dentist")),
+    EXPECT_EQ(FileOf("Dentist"),
               "\"Dentist\",\"moved to Friday\",#2004-05-14#,\"#12:00#\",1,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(frmMainExitTest, TheEndOfTheSessionWaitsForNoAnswer) {
+TEST_F(frmMainExitTest, TheEndOfTheSessionDoesNotWaitForAnAnswer) {
     StartQuietly();
     auto& note = MakeNote("Dentist");
     StandardCode::Shared().ControlPanelMode = true;
     user->Type(note.txtNote, "text");
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::No, [this] {
-                         gestures::EndSession();
-                         EXPECT_TRUE(runtime->HasEnded());
-                     });
+    ExpectSaveQuestion(BoxResult::No, [this] {
+        gestures::EndSession();
+        EXPECT_TRUE(runtime->HasEnded());
+    });
     user->CloseBox(note);
     Restart();
     StartQuietly();
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
 }
 
-// One file that cannot be read, and many open notes: an exit that saves them all reports nothing
-// more.
-TEST_F(frmMainExitTest, OneBadFileIsNotReportedForEachNoteThatTheExitSaves) {
+// With one unreadable file and many open notes, an exit that saves all notes reports nothing more.
+TEST_F(frmMainExitTest, TheExitDoesNotReportABadFileOnceForEachNote) {
     for (int number = 1; number <= 10; ++number) {
-        PutNote("Note " + std::to_string(1000 + number));
+        PutNote(Note("Note " + std::to_string(1000 + number)));
     }
-    PutNote("Zebra", "#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    PutNoteWithBadDate("Zebra");
     stage->improvise.box = [](const BoxRequest&) { return BoxResult::Ok; };
     StartQuietly();
-    // The array and the restore report it, once each.
+    // Loading the array and restoring the notes report the file once each.
     EXPECT_EQ(stage->Boxes().size(), 2U);
     for (int number = 1; number <= 10; ++number) {
         frmNote& note = Editor("Note " + std::to_string(1000 + number));
@@ -266,20 +249,19 @@ TEST_F(frmMainExitTest, OneBadFileIsNotReportedForEachNoteThatTheExitSaves) {
     EXPECT_EQ(stage->Boxes().size(), before);
 }
 
-TEST_F(frmMainExitTest, AnAlarmThatTheExitLeavesToTheRecoveryCopyRingsAfterTheNextStart) {
-    PutNote("Dentist");
-    files.SetReadOnly(NoteFile("Dentist"), true);
+TEST_F(frmMainExitTest, AnAlarmThatIsOnlyInARecoveryCopyRingsAfterTheNextStart) {
+    PutNote(Note("Dentist"));
+    files.SetReadOnly(PathOf("Dentist"), true);
     StartQuietly();
     frmNote& note = Editor("Dentist");
     user->Restore(note);
     user->Pick(note.dtTime, base::DateTime::FromTime(9, 5, 0));
     user->Click(note.chkAudioAlarm);
     user->Click(note.cmdAlarm);
-    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectWriteError("75 - Path/File access error");
     user->Click(Main().cmdExit);
     ASSERT_TRUE(runtime->HasEnded());
-    const auto saved = files.Peek(NoteFile("Dentist"));
+    const auto saved = FileOf("Dentist");
     ASSERT_TRUE(saved);
     EXPECT_NE(saved->find("\"0\",0,\"yes\""), std::string::npos) << "the alarm is saved";
 
@@ -288,12 +270,11 @@ TEST_F(frmMainExitTest, AnAlarmThatTheExitLeavesToTheRecoveryCopyRingsAfterTheNe
     EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Turn Off Alarm");
     user->Minimize(Editor("Dentist"));
     bool hasRung = false;
-    stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok, [&] {
-                         hasRung = true;
-                         EXPECT_TRUE(sound.IsPlaying());
-                         EXPECT_EQ(Now().TimeOnly(), base::DateTime::FromTime(9, 5, 0));
-                     });
+    ExpectEditorAlarm([&] {
+        hasRung = true;
+        EXPECT_TRUE(sound.IsPlaying());
+        EXPECT_EQ(Now().TimeOnly(), base::DateTime::FromTime(9, 5, 0));
+    });
     Advance(300'000);
     EXPECT_TRUE(hasRung);
     EXPECT_EQ(Editor("Dentist").windowState(), WindowState::Normal);

@@ -3,7 +3,7 @@
 #include "notes/frmViewNotes.h"
 #include "tests/support/WholeProgram.h"
 
-// At most a hundred notes.
+// There are at most a hundred notes.
 
 using namespace forms;
 
@@ -14,11 +14,11 @@ class frmMainLimitTest : public testing_support::WholeProgram {
     // "Note 1001" and the following.
     void PutNotes(int count) {
         for (int number = 1; number <= count; ++number) {
-            PutNote("Note " + std::to_string(1000 + number));
+            PutNote(Note("Note " + std::to_string(1000 + number)));
         }
     }
 
-    // Every box is closed with OK.
+    // The user closes every box with OK.
     void StartWithNotes(int count) {
         PutNotes(count);
         stage->improvise.box = [](const BoxRequest& box) {
@@ -41,10 +41,10 @@ class frmMainLimitTest : public testing_support::WholeProgram {
         EXPECT_EQ(Main().txtNoteTitle.enabled(), isRoom);
     }
 
-    // Opens the panel; what its button and its label say.
+    // Opens the panel and checks its button and its label.
     void ExpectPanel(const std::string& total, bool isRoom) {
         if (!Main().IsShownOnStage()) {
-            user->Tray(514);
+            ClickTrayIcon();
         }
         user->Click(Main().cmdViewNotes);
         EXPECT_EQ(Default<frmViewNotes>().lblTotalNotes.caption(), total);
@@ -65,7 +65,7 @@ constexpr const char* maximumText =
 
 }  // namespace
 
-TEST_F(frmMainLimitTest, BelowTheLimitAClickEnablesTheTitleBoxBeforeTheTitleIsLookedAt) {
+TEST_F(frmMainLimitTest, BelowTheLimitAClickEnablesTheTitleBoxBeforeTheTitleIsChecked) {
     StartQuietly();
     user->Type(Main().txtNoteTitle, "2004");
     Main().txtNoteTitle.enabled = false;
@@ -76,16 +76,15 @@ TEST_F(frmMainLimitTest, BelowTheLimitAClickEnablesTheTitleBoxBeforeTheTitleIsLo
     user->Click(Main().cmdMakeNote);
 }
 
-TEST_F(frmMainLimitTest, WithAHundredNotesTheLimitIsToldAtStart) {
+TEST_F(frmMainLimitTest, WithAHundredNotesTheLimitIsReportedAtTheStart) {
     PutNotes(100);
     settings.values[{"Options", "StartCookoo"}] = "1";
-    stage->ExpectBox(maximumText, maximumCaption, BoxIcon::Information, BoxButtons::Ok,
-                     BoxResult::Ok, [this] {
-                         // The notes are back; the cuckoo and the tray icon are still to come.
-                         EXPECT_EQ(CountVisible<frmNote>(), 100);
-                         EXPECT_FALSE(Main().tmrCooKoo.enabled);
-                         EXPECT_FALSE(tray.icon.has_value());
-                     });
+    ExpectMaximumReached([this] {
+        // The notes are restored. The cuckoo and the tray icon come later.
+        EXPECT_EQ(CountVisible<frmNote>(), 100);
+        EXPECT_FALSE(Main().tmrCooKoo.enabled);
+        EXPECT_FALSE(tray.icon.has_value());
+    });
     StartQuietly();
     EXPECT_TRUE(Main().tmrCooKoo.enabled);
     EXPECT_TRUE(tray.icon.has_value());
@@ -95,23 +94,21 @@ TEST_F(frmMainLimitTest, WithAHundredNotesTheLimitIsToldAtStart) {
     EXPECT_EQ(CountVisible<frmNote>(), 100);
 }
 
-TEST_F(frmMainLimitTest, AtTheLimitAClickThatGetsThroughStillMakesTheNote) {
+TEST_F(frmMainLimitTest, AtTheLimitAClickOnTheEnabledButtonStillMakesTheNote) {
     PutNotes(100);
-    stage->ExpectBox(maximumText, maximumCaption, BoxIcon::Information, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectMaximumReached();
     StartQuietly();
     Main().cmdMakeNote.enabled = true;
     Main().txtNoteTitle.enabled = true;
     user->Type(Main().txtNoteTitle, "One more");
-    stage->ExpectBox(maximumText, maximumCaption, BoxIcon::Information, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectMaximumReached();
     user->Click(Main().cmdMakeNote);
     EXPECT_FALSE(Main().cmdMakeNote.enabled);
     EXPECT_FALSE(Main().txtNoteTitle.enabled);
     EXPECT_NE(FindWindow<frmNote>("One more"), nullptr);
 }
 
-TEST_F(frmMainLimitTest, SavingTheHundredthNoteTakesMakeNoteAway) {
+TEST_F(frmMainLimitTest, SavingTheHundredthNoteDisablesMakeNote) {
     PutNotes(99);
     StartQuietly();
     auto& note = MakeNote("The hundredth");
@@ -122,7 +119,7 @@ TEST_F(frmMainLimitTest, SavingTheHundredthNoteTakesMakeNoteAway) {
     EXPECT_FALSE(Main().txtNoteTitle.enabled);
 }
 
-TEST_F(frmMainLimitTest, WithAHundredAndOneFilesTheLimitHoldsAndEachActionReportsOnce) {
+TEST_F(frmMainLimitTest, WithAHundredAndOneFilesTheLimitAppliesAndEachActionReportsOnce) {
     StartWithNotes(101);
     std::vector<std::string> expected{loadFailed, maximumCaption};
     EXPECT_EQ(Captions(), expected);
@@ -146,7 +143,7 @@ TEST_F(frmMainLimitTest, WithAHundredAndOneFilesTheLimitHoldsAndEachActionReport
     EXPECT_EQ(Captions(), expected);
 }
 
-TEST_F(frmMainLimitTest, TwoNewNotesBesideNinetyNineReachTheLimitAsAtStart) {
+TEST_F(frmMainLimitTest, TwoNewNotesBesideNinetyNineReachTheLimitAsAtTheStart) {
     StartWithNotes(99);
     auto& first = MakeNote("A");
     auto& second = MakeNote("B");
@@ -161,14 +158,14 @@ TEST_F(frmMainLimitTest, TwoNewNotesBesideNinetyNineReachTheLimitAsAtStart) {
     EXPECT_EQ(StandardCode::Shared().NoteCount, 100);
     EXPECT_EQ(StandardCode::Shared().NotesArray[100].Title, "Note 1098");
     ExpectRoomForNewNotes(false);
-    EXPECT_TRUE(files.Peek(NoteFile("A")).has_value());
-    EXPECT_TRUE(files.Peek(NoteFile("B")).has_value());
+    EXPECT_TRUE(FileOf("A").has_value());
+    EXPECT_TRUE(FileOf("B").has_value());
 
     // The editors that closed have loaded the panel already.
     ExpectPanel("Total Notes: 100 ( Maximum Reached )", false);
     EXPECT_EQ(Captions(), expected);
 
-    // The limit holds until so many are erased that there is room again.
+    // The limit applies until enough notes are erased.
     EraseFirstInPanel();
     expected.emplace_back("Deleting Note");
     EXPECT_EQ(Captions(), expected);
@@ -184,13 +181,13 @@ TEST_F(frmMainLimitTest, TwoNewNotesBesideNinetyNineReachTheLimitAsAtStart) {
     ExpectRoomForNewNotes(true);
 }
 
-TEST_F(frmMainLimitTest, AboveTheLimitAClickThatGetsThroughIsToldAsAtTheLimit) {
+TEST_F(frmMainLimitTest, AboveTheLimitAClickOnTheEnabledButtonReportsTheLimit) {
     StartWithNotes(99);
     auto& first = MakeNote("A");
     auto& second = MakeNote("B");
     user->Click(first.tlbMain, "Hide");
     user->Click(second.tlbMain, "Hide");
-    user->Tray(514);
+    ClickTrayIcon();
     Main().cmdMakeNote.enabled = true;
     Main().txtNoteTitle.enabled = true;
     user->Type(Main().txtNoteTitle, "One more");

@@ -48,7 +48,7 @@ TEST_F(frmMainMakeNoteTest, MakingANoteOpensItsEditorAndHidesTheMainWindow) {
     EXPECT_TRUE(Main().mnuShow.enabled);
     EXPECT_FALSE(StandardCode::Shared().ControlPanelMode);
     EXPECT_EQ(StandardCode::Shared().NoteFlag, 0);
-    EXPECT_FALSE(files.Peek(NoteFile(" Dentist ")).has_value());
+    EXPECT_FALSE(FileOf(" Dentist ").has_value());
 }
 
 TEST_F(frmMainMakeNoteTest, EnterInTheTitleBoxMakesTheNote) {
@@ -67,7 +67,7 @@ TEST_F(frmMainMakeNoteTest, ANumericTitleIsRejectedAndStaysInTheBox) {
     MakeNote("2004 plans");
 }
 
-TEST_F(frmMainMakeNoteTest, RejectedTitlesAreClearedAndFocused) {
+TEST_F(frmMainMakeNoteTest, ARejectedTitleIsClearedAndTheBoxGetsTheFocus) {
     StartQuietly();
     const auto expectCleared = [this] {
         EXPECT_EQ(Main().txtNoteTitle.text(), "");
@@ -99,8 +99,8 @@ TEST_F(frmMainMakeNoteTest, ATitleOfBlanksIsClearedWithoutAMessage) {
     EXPECT_TRUE(Main().IsVisible());
 }
 
-TEST_F(frmMainMakeNoteTest, ASavedTitleIsRejectedInTheSameLettersOnly) {
-    PutNote("Shopping");
+TEST_F(frmMainMakeNoteTest, ASavedTitleIsRejectedInTheSameCaseOnly) {
+    PutNote(Note("Shopping"));
     StartQuietly();
     ExpectRejection("Shopping", "error.gif", "Name Already Exists",
                     "A note with this title already exits.\r\n\r\nPlease choose another title for "
@@ -108,12 +108,12 @@ TEST_F(frmMainMakeNoteTest, ASavedTitleIsRejectedInTheSameLettersOnly) {
     auto& note = MakeNote("shopping");
     user->Type(note.txtNote, "in small letters");
     user->CloseBox(note);
-    // The names are one to the disk: the new note takes the place of the saved one.
+    // To the disk the two names are the same, so the new note replaces the saved one.
     EXPECT_EQ(files.Names("C:\\Jotwright\\Notes"), std::vector<std::string>{"Shopping.txt"});
-    EXPECT_NE(files.Peek(NoteFile("Shopping"))->find("in small letters"), std::string::npos);
+    EXPECT_NE(FileOf("Shopping")->find("in small letters"), std::string::npos);
 }
 
-TEST_F(frmMainMakeNoteTest, TwoNewNotesWithOneTitleMayBeOpen) {
+TEST_F(frmMainMakeNoteTest, TwoNewNotesWithTheSameTitleMayBeOpen) {
     StartQuietly();
     MakeNote("Shopping");
     MakeNote("Shopping");
@@ -124,29 +124,26 @@ TEST_F(frmMainMakeNoteTest, AMissingPictureIsReportedAsAnErrorOfTheNote) {
     StartQuietly();
     files.Remove("C:\\Jotwright\\note.ico");
     user->Type(Main().txtNoteTitle, "Dentist");
-    stage->ExpectBox("Error Creating New Note. File not found      ", "Note Error",
-                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+    ExpectMessage("Error Creating New Note. File not found      ", "Note Error", BoxIcon::Critical);
     user->Click(Main().cmdMakeNote);
     EXPECT_FALSE(runtime->HasEnded());
 }
 
-TEST_F(frmMainMakeNoteTest, AMissingPictureOfARejectionIsAnErrorOfTheNote) {
+TEST_F(frmMainMakeNoteTest, AMissingPictureOfARejectionIsReportedAsAnErrorOfTheNote) {
     StartQuietly();
     files.Remove("C:\\Jotwright\\error.gif");
     user->Type(Main().txtNoteTitle, "a.b");
-    stage->ExpectBox("Error Creating New Note. File not found      ", "Note Error",
-                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+    ExpectMessage("Error Creating New Note. File not found      ", "Note Error", BoxIcon::Critical);
     user->Click(Main().cmdMakeNote);
     EXPECT_EQ(Main().txtNoteTitle.text(), "a.b");
     EXPECT_FALSE(runtime->HasEnded());
 }
 
-TEST_F(frmMainMakeNoteTest, ADefaultThatIsNoNumberIsAnErrorOfTheNote) {
+TEST_F(frmMainMakeNoteTest, ADefaultThatIsNoNumberIsReportedAsAnErrorOfTheNote) {
     settings.values[{"Options", "DefaultColor"}] = "blue";
     StartQuietly();
     user->Type(Main().txtNoteTitle, "Dentist");
-    stage->ExpectBox("Error Creating New Note. Type mismatch      ", "Note Error",
-                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
+    ExpectMessage("Error Creating New Note. Type mismatch      ", "Note Error", BoxIcon::Critical);
     user->Click(Main().cmdMakeNote);
     EXPECT_EQ(Main().txtNoteTitle.text(), "Dentist");
     EXPECT_TRUE(Main().IsShownOnStage());

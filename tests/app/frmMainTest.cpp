@@ -7,6 +7,8 @@ using namespace forms;
 
 namespace {
 
+constexpr int leftButtonDown = 513;
+
 class frmMainTest : public testing_support::WholeProgram {
   protected:
     static void ExpectControl(const CommandButton& button, const std::string& caption,
@@ -65,25 +67,21 @@ TEST_F(frmMainTest, HidingAndShowing) {
     EXPECT_TRUE(tray.icon.has_value());
     EXPECT_FALSE(Main().mnuHide.enabled);
     EXPECT_TRUE(Main().mnuShow.enabled);
-    stage->ExpectPopup("mnuPop", "mnuShow");
-    user->Tray(517);
+    ChooseFromTrayMenu("mnuShow");
     EXPECT_TRUE(Main().IsShownOnStage());
     EXPECT_TRUE(Main().txtNoteTitle.HasFocus());
     EXPECT_TRUE(Main().mnuHide.enabled);
     EXPECT_FALSE(Main().mnuShow.enabled);
-    stage->ExpectPopup("mnuPop", "mnuHide");
-    user->Tray(517);
+    ChooseFromTrayMenu("mnuHide");
     EXPECT_FALSE(Main().IsShownOnStage());
 }
 
-TEST_F(frmMainTest, ShowAfterMinimisingAndHidingBringsTheWindowBack) {
+TEST_F(frmMainTest, ShowAfterMinimizingAndHidingBringsTheWindowBack) {
     StartQuietly();
     user->Minimize(Main());
-    stage->ExpectPopup("mnuPop", "mnuHide");
-    user->Tray(517);
+    ChooseFromTrayMenu("mnuHide");
     ASSERT_FALSE(Main().IsShownOnStage());
-    stage->ExpectPopup("mnuPop", "mnuShow");
-    user->Tray(517);
+    ChooseFromTrayMenu("mnuShow");
     EXPECT_TRUE(Main().IsShownOnStage());
     EXPECT_EQ(Main().windowState(), WindowState::Normal);
     EXPECT_EQ(stage->WindowOf(Main()).state, WindowState::Normal);
@@ -96,7 +94,7 @@ TEST_F(frmMainTest, TheMousePointerIsSetBack) {
     StartQuietly();
     EXPECT_EQ(stage->Pointer(), MousePointer::Default);
     Start([] { SetMousePointer(MousePointer::Hourglass); });
-    user->Tray(513);
+    user->Tray(leftButtonDown);
     EXPECT_EQ(stage->Pointer(), MousePointer::Default);
 }
 

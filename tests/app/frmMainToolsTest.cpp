@@ -13,10 +13,10 @@ using namespace forms;
 
 namespace {
 
-// What the main window's buttons and menus open.
+// The windows that the buttons and menus of the main window open.
 class frmMainToolsTest : public testing_support::WholeProgram {
   protected:
-    // The action shows the tool beside the main window; the tool is closed again.
+    // Expects that the action shows the tool beside the main window. Closes the tool again.
     template <class T>
     void ExpectTool(const std::function<void()>& act) {
         act();
@@ -28,7 +28,7 @@ class frmMainToolsTest : public testing_support::WholeProgram {
         EXPECT_EQ(LoadedDefault<T>(), nullptr);
     }
 
-    // Both ways show the dialog modally; the user closes it.
+    // Expects that both menus show the dialog modally. Closes the dialog.
     template <class T>
     void ExpectDialog(Menu& barEntry, const std::string& trayEntry) {
         const auto close = [this](T& dialog) {
@@ -39,7 +39,7 @@ class frmMainToolsTest : public testing_support::WholeProgram {
         user->Choose(barEntry);
         stage->ExpectPopup("mnuPop", trayEntry);
         stage->ExpectModal<T>(close);
-        user->Tray(517);
+        RightClickTrayIcon();
         EXPECT_EQ(LoadedDefault<T>(), nullptr);
     }
 
@@ -50,10 +50,7 @@ class frmMainToolsTest : public testing_support::WholeProgram {
         return [this, &entry] { user->Choose(entry); };
     }
     std::function<void()> FromTray(const std::string& entry) {
-        return [this, entry] {
-            stage->ExpectPopup("mnuPop", entry);
-            user->Tray(517);
-        };
+        return [this, entry] { ChooseFromTrayMenu(entry); };
     }
 
     int OpenInBrowser(const std::string& document) {
@@ -131,7 +128,7 @@ TEST_F(frmMainToolsTest, HelpFromAnEditorForcesTheFile) {
     EXPECT_EQ(shell.helpShown[0].command, 9);
 }
 
-TEST_F(frmMainToolsTest, AboutFromAnEditorIsTheMainWindows) {
+TEST_F(frmMainToolsTest, AboutFromAnEditorIsThatOfTheMainWindow) {
     StartQuietly();
     frmNote& note = MakeNote("Dentist");
     stage->ExpectModal<frmAbout>([this](frmAbout& about) { user->CloseBox(about); });
@@ -139,8 +136,8 @@ TEST_F(frmMainToolsTest, AboutFromAnEditorIsTheMainWindows) {
     EXPECT_EQ(LoadedDefault<frmAbout>(), nullptr);
 }
 
-TEST_F(frmMainToolsTest, EveryWayIntoTheControlPanelIsTheWayIntoTheEditors) {
-    PutNote("Restored");
+TEST_F(frmMainToolsTest, EveryWayToOpenTheControlPanelSwitchesItsModeOn) {
+    PutNote(Note("Restored"));
     StartQuietly();
     EXPECT_FALSE(PanelMode());
     user->CloseBox(Editor("Restored"));
@@ -169,7 +166,7 @@ TEST_F(frmMainToolsTest, NewInTheControlPanelBringsBackAHiddenMainWindow) {
     EXPECT_EQ(LoadedDefault<frmViewNotes>(), nullptr);
 }
 
-TEST_F(frmMainToolsTest, NewInTheControlPanelBringsBackAMinimisedMainWindow) {
+TEST_F(frmMainToolsTest, NewInTheControlPanelBringsBackAMinimizedMainWindow) {
     StartQuietly();
     user->Click(Main().cmdViewNotes);
     user->Minimize(Main());
@@ -200,14 +197,11 @@ TEST_F(frmMainToolsTest, BrowserFailures) {
     EXPECT_EQ(OpenInBrowser("readme.htm"), 33);
     EXPECT_EQ(shell.opened.back().document, "readme.htm");
     shell.result = 32;
-    stage->ExpectBox("Unable to open file!", "Attention", BoxIcon::Exclamation, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectMessage("Unable to open file!", "Attention", BoxIcon::Exclamation);
     EXPECT_EQ(OpenInBrowser("readme.htm"), 32);
-    stage->ExpectBox("Unable to open file!", "Attention", BoxIcon::Exclamation, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectMessage("Unable to open file!", "Attention", BoxIcon::Exclamation);
     user->Choose(Main().mnuVisitWeb);
     shell.error = base::ErrorNumber::InvalidProcedureCall;
-    stage->ExpectBox("Could Not Open Default Browser", "Browser Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectMessage("Could Not Open Default Browser", "Browser Error", BoxIcon::None);
     user->Choose(Main().mnuVisitWeb);
 }

@@ -1,3 +1,4 @@
+#include "app/TrayMessages.h"
 #include "app/frmMain.h"
 #include "forms/Gestures.h"
 #include "forms/Services.h"
@@ -8,6 +9,10 @@
 using namespace forms;
 
 namespace {
+
+// Mouse messages that the program ignores: movement, left and right button down, right double
+// click, middle button down.
+constexpr int otherMessages[] = {512, 513, 516, 518, 519};
 
 using frmMainTrayTest = testing_support::WholeProgram;
 
@@ -25,14 +30,14 @@ TEST_F(frmMainTrayTest, TheTrayRecord) {
     EXPECT_EQ(tray.icon->tip, std::string("Jotwright\0", 10) + std::string(54, ' '));
 }
 
-TEST_F(frmMainTrayTest, ALeftClickOnTheTrayIconRestoresAMinimisedWindow) {
+TEST_F(frmMainTrayTest, ALeftClickOnTheTrayIconRestoresAMinimizedWindow) {
     StartQuietly();
     user->Minimize(Main());
     Start([this] {
         Main().mnuHide.enabled = false;
         Main().mnuShow.enabled = true;
     });
-    user->Tray(514);
+    ClickTrayIcon();
     EXPECT_EQ(Main().windowState(), WindowState::Normal);
     EXPECT_EQ(stage->Foreground(), &Main());
     EXPECT_TRUE(Main().mnuHide.enabled);
@@ -42,7 +47,7 @@ TEST_F(frmMainTrayTest, ALeftClickOnTheTrayIconRestoresAMinimisedWindow) {
 TEST_F(frmMainTrayTest, ALeftClickOnTheTrayIconShowsAHiddenWindow) {
     StartQuietly();
     user->Click(Main().cmdHideMe);
-    user->Tray(514);
+    ClickTrayIcon();
     EXPECT_TRUE(Main().IsShownOnStage());
     EXPECT_EQ(stage->Foreground(), &Main());
     EXPECT_FALSE(Main().txtNoteTitle.HasFocus());
@@ -53,10 +58,10 @@ TEST_F(frmMainTrayTest, ALeftClickOnTheTrayIconShowsAHiddenWindow) {
 TEST_F(frmMainTrayTest, ADoubleClickOnTheTrayIconAlsoFocusesTheTitle) {
     StartQuietly();
     user->Minimize(Main());
-    user->Tray(515);
+    DoubleClickTrayIcon();
     EXPECT_EQ(Main().windowState(), WindowState::Normal);
     user->Click(Main().cmdHideMe);
-    user->Tray(515);
+    DoubleClickTrayIcon();
     EXPECT_TRUE(Main().IsShownOnStage());
     EXPECT_EQ(stage->Foreground(), &Main());
     EXPECT_TRUE(Main().txtNoteTitle.HasFocus());
@@ -71,14 +76,14 @@ TEST_F(frmMainTrayTest, ARightClickOnTheTrayIconOpensTheMenuWhileTheWindowIsHidd
         EXPECT_EQ(stage->Foreground(), &Main());
         return nullptr;
     });
-    user->Tray(517);
+    RightClickTrayIcon();
     EXPECT_FALSE(Main().IsShownOnStage());
 }
 
 TEST_F(frmMainTrayTest, OtherTrayMessagesDoNothing) {
     StartQuietly();
     user->Click(Main().cmdHideMe);
-    for (const int message : {512, 513, 516, 518, 519}) {
+    for (const int message : otherMessages) {
         user->Tray(message);
     }
     EXPECT_FALSE(Main().IsShownOnStage());
@@ -100,13 +105,13 @@ TEST_F(frmMainTrayTest, ThePointerIsNoTrayMessage) {
     EXPECT_NE(runtime->ActiveForm(), &Main());
 }
 
-// The menu lets the pointer move on while the message is being handled.
-TEST_F(frmMainTrayTest, ThePointerIsNoTrayMessageWhileOneIsHandled) {
+// While the menu is open, the pointer may move, although the message is still being handled.
+TEST_F(frmMainTrayTest, ThePointerIsNoTrayMessageWhileATrayMessageIsHandled) {
     StartQuietly();
     stage->ExpectPopup("mnuPop", [this](Menu&) -> Menu* {
-        gestures::MouseMove(Main(), 0, 517 * 15, 0);
+        gestures::MouseMove(Main(), 0, TrayMessages::rightButtonUp * 15, 0);
         return nullptr;
     });
-    user->Tray(517);
+    RightClickTrayIcon();
     EXPECT_EQ(stage->Popups().size(), 1U);
 }

@@ -11,16 +11,14 @@
 
 namespace {
 
-using forms::BoxButtons;
 using forms::BoxIcon;
-using forms::BoxResult;
 
 const std::string startupFolder =
     "C:\\Documents and Settings\\All Users\\Start Menu\\Programs\\Startup";
 const std::string startupLink = startupFolder + "\\Shortcut To Jotwright.lnk";
 const std::string shippedLink = "C:\\Jotwright\\Shortcut To Jotwright.lnk";
 
-// A store that fails at the writing with this number, counted from 1.
+// A store in which the write with this number fails; the first has number 1.
 class FailingSettings : public forms::headless::HeadlessSettings {
   public:
     void Write(const std::string& section, const std::string& key,
@@ -34,7 +32,7 @@ class FailingSettings : public forms::headless::HeadlessSettings {
     int failingWrite = 0;
 };
 
-class Options : public testing_support::TestProgram {
+class frmOptionsTest : public testing_support::TestProgram {
   protected:
     void SetUp() override {
         TestProgram::SetUp();
@@ -56,8 +54,8 @@ class Options : public testing_support::TestProgram {
     static int SelectedFont() { return Selected(Window().optDefaultFont); }
 
     void ExpectLinkError() {
-        stage->ExpectBox("Unable to create startup link.       ", "Startup Link Error",
-                         BoxIcon::Exclamation, BoxButtons::Ok, BoxResult::Ok);
+        ExpectMessage("Unable to create startup link.       ", "Startup Link Error",
+                      BoxIcon::Exclamation);
     }
 
   private:
@@ -72,7 +70,7 @@ class Options : public testing_support::TestProgram {
     }
 };
 
-TEST_F(Options, ColorButtonsShowTheirColors) {
+TEST_F(frmOptionsTest, ColorButtonsShowTheirColors) {
     Open();
     const forms::Color colors[] = {{0xff, 0xff, 0xff}, {0xff, 0x80, 0x80}, {0x00, 0xc0, 0x00},
                                    {0x80, 0x80, 0xff}, {0xff, 0xff, 0x00}, {0xc0, 0xc0, 0xc0}};
@@ -82,7 +80,7 @@ TEST_F(Options, ColorButtonsShowTheirColors) {
     }
 }
 
-TEST_F(Options, AFreshUserGetsTheDefaults) {
+TEST_F(frmOptionsTest, ANewUserGetsTheDefaults) {
     StandardCode::Shared().StartCookooFlag = 1;
     Open();
     EXPECT_EQ(SelectedColor(), 0);
@@ -96,7 +94,7 @@ TEST_F(Options, AFreshUserGetsTheDefaults) {
     EXPECT_TRUE(settings.values.empty());
 }
 
-TEST_F(Options, LoadShowsWhatIsStored) {
+TEST_F(frmOptionsTest, LoadShowsTheStoredValues) {
     Set("DefaultColor", "4");
     Set("DefaultFontSize", "3");
     Set("WindowOnTop", "1");
@@ -115,28 +113,28 @@ TEST_F(Options, LoadShowsWhatIsStored) {
     EXPECT_EQ(StandardCode::Shared().StartCookooFlag, 1);
 }
 
-TEST_F(Options, AnyNoteLoopsButZeroChecksTheBox) {
+TEST_F(frmOptionsTest, AnyNoteLoopsButZeroChecksTheBox) {
     Set("NoteLoops", "7");
     Open();
     EXPECT_EQ(Window().chkNoteLoops.value(), 1);
 }
 
-TEST_F(Options, AMissingIsServiceTakesTheColorCode) {
+TEST_F(frmOptionsTest, WithoutIsServiceTheBoxTakesTheColorCode) {
     Set("DefaultColor", "1");
     Open();
     EXPECT_EQ(Window().chkIsService.value(), 1);
-    // Its handler ran, so that applying makes the link.
+    // The handler of the box has run, so applying makes the link.
     user->Click(Window().cmdApply);
     EXPECT_TRUE(files.FileExists(startupLink));
 }
 
-TEST_F(Options, AMissingIsServiceBesideAColorCodeThatIsNoCheckMarkLeavesTheBoxEmpty) {
+TEST_F(frmOptionsTest, WithoutIsServiceAColorCodeThatIsNoCheckMarkLeavesTheBoxEmpty) {
     Set("DefaultColor", "4");
     Open();
     EXPECT_EQ(Window().chkIsService.value(), 0);
 }
 
-TEST_F(Options, NumbersThatAreNoCheckMarksLeaveTheBoxesEmpty) {
+TEST_F(frmOptionsTest, NumbersThatAreNoCheckMarksLeaveTheBoxesEmpty) {
     for (const char* key : {"WindowOnTop", "StartCookoo", "ShowDateTime", "IsService"}) {
         Set(key, "5");
     }
@@ -148,15 +146,14 @@ TEST_F(Options, NumbersThatAreNoCheckMarksLeaveTheBoxesEmpty) {
     EXPECT_EQ(Window().chkIsService.value(), 0);
 }
 
-TEST_F(Options, ATextThatIsNoNumberIsNotTrapped) {
+TEST_F(frmOptionsTest, ATextThatIsNoNumberIsNotTrapped) {
     Set("WindowOnTop", "yes");
-    stage->ExpectBox("Run-time error '13':\r\n\r\nType mismatch", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(13, "Type mismatch");
     Open();
     EXPECT_TRUE(runtime->HasEnded());
 }
 
-TEST_F(Options, ACodeOutOfRangeSelectsNoneAndStays) {
+TEST_F(frmOptionsTest, ACodeOutOfRangeSelectsNoButtonAndStays) {
     Set("DefaultColor", "9");
     Set("DefaultFontSize", "-1");
     Set("IsService", "0");
@@ -169,7 +166,7 @@ TEST_F(Options, ACodeOutOfRangeSelectsNoneAndStays) {
     EXPECT_EQ(Get("DefaultFontSize"), "1");
 }
 
-TEST_F(Options, WindowsVersionTexts) {
+TEST_F(frmOptionsTest, WindowsVersionTexts) {
     Open();
     const std::pair<std::uint32_t, const char*> versions[] = {
         {0x0105, "5.01"}, {0x0005, "5.00"}, {0x000A, "10.00"},   {0x0106, "6.01"},
@@ -180,7 +177,7 @@ TEST_F(Options, WindowsVersionTexts) {
     }
 }
 
-TEST_F(Options, OnlyVersionsAboveFiveCanStartWithWindows) {
+TEST_F(frmOptionsTest, OnlyVersionsAboveFiveCanStartWithWindows) {
     for (const auto& [version, available] :
          std::map<std::uint32_t, bool>{{0x0005, false}, {0x5A04, false}, {0x0105, true}}) {
         system.version = version;
@@ -190,7 +187,7 @@ TEST_F(Options, OnlyVersionsAboveFiveCanStartWithWindows) {
     }
 }
 
-TEST_F(Options, ApplyWritesAllSevenKeysEvenWhenNothingChanged) {
+TEST_F(frmOptionsTest, ApplyWritesAllSevenKeysEvenWhenNothingChanged) {
     Open();
     user->Click(Window().cmdApply);
     EXPECT_FALSE(IsOpen());
@@ -201,7 +198,7 @@ TEST_F(Options, ApplyWritesAllSevenKeysEvenWhenNothingChanged) {
     }
 }
 
-TEST_F(Options, ApplyWritesWhatIsChosen) {
+TEST_F(frmOptionsTest, ApplyWritesTheChosenValues) {
     Open();
     user->Click(Window().optDefaultColor[5]);
     user->Click(Window().optDefaultFont[2]);
@@ -217,7 +214,7 @@ TEST_F(Options, ApplyWritesWhatIsChosen) {
     EXPECT_EQ(Get("IsService"), "0");
 }
 
-TEST_F(Options, EachBoxHasItsOwnKey) {
+TEST_F(frmOptionsTest, EachBoxHasItsOwnKey) {
     const std::pair<forms::CheckBox frmOptions::*, const char*> boxes[] = {
         {&frmOptions::chkNoteLoops, "NoteLoops"},
         {&frmOptions::chkShowDateTime, "ShowDateTime"},
@@ -235,7 +232,7 @@ TEST_F(Options, EachBoxHasItsOwnKey) {
     }
 }
 
-TEST_F(Options, CancelAndTheCloseBoxWriteNothing) {
+TEST_F(frmOptionsTest, CancelAndTheCloseBoxWriteNothing) {
     Open();
     user->Click(Window().chkShowOnTop);
     user->Click(Window().optDefaultColor[3]);
@@ -249,7 +246,7 @@ TEST_F(Options, CancelAndTheCloseBoxWriteNothing) {
     EXPECT_FALSE(files.FileExists(startupLink));
 }
 
-TEST_F(Options, CheckingStartWithWindowsMakesTheLinkOnce) {
+TEST_F(frmOptionsTest, CheckingStartWithWindowsMakesTheLinkOnce) {
     Open();
     user->Click(Window().chkIsService);
     user->Click(Window().cmdApply);
@@ -263,7 +260,7 @@ TEST_F(Options, CheckingStartWithWindowsMakesTheLinkOnce) {
     EXPECT_EQ(files.Peek(startupLink), "older");
 }
 
-TEST_F(Options, UncheckingStartWithWindowsDeletesTheLink) {
+TEST_F(frmOptionsTest, UncheckingStartWithWindowsDeletesTheLink) {
     Set("IsService", "1");
     files.PutFile(startupLink, "link");
     Open();
@@ -273,7 +270,7 @@ TEST_F(Options, UncheckingStartWithWindowsDeletesTheLink) {
     EXPECT_EQ(Get("IsService"), "0");
 }
 
-TEST_F(Options, CheckingAndUncheckingMakesNoLink) {
+TEST_F(frmOptionsTest, CheckingAndUncheckingMakesNoLink) {
     Open();
     user->Click(Window().chkIsService);
     user->Click(Window().chkIsService);
@@ -281,7 +278,7 @@ TEST_F(Options, CheckingAndUncheckingMakesNoLink) {
     EXPECT_FALSE(files.FileExists(startupLink));
 }
 
-TEST_F(Options, AMissingShippedLinkIsReportedAfterTheSettingsAreWritten) {
+TEST_F(frmOptionsTest, AMissingShippedLinkIsReportedAfterTheSettingsAreWritten) {
     files.Remove(shippedLink);
     Open();
     user->Click(Window().chkIsService);
@@ -292,7 +289,7 @@ TEST_F(Options, AMissingShippedLinkIsReportedAfterTheSettingsAreWritten) {
     EXPECT_EQ(settings.values.size(), 7U);
 }
 
-TEST_F(Options, AStartupFolderElsewhereIsReported) {
+TEST_F(frmOptionsTest, AStartupFolderInAnotherPlaceIsReported) {
     files.Remove(startupFolder);
     Open();
     user->Click(Window().chkIsService);
@@ -301,7 +298,7 @@ TEST_F(Options, AStartupFolderElsewhereIsReported) {
     EXPECT_TRUE(IsOpen());
 }
 
-TEST_F(Options, ALinkThatCannotBeDeletedIsReported) {
+TEST_F(frmOptionsTest, ALinkThatCannotBeDeletedIsReported) {
     files.PutFile(startupLink, "link");
     files.SetDenied(startupLink, true);
     Open();
@@ -311,7 +308,7 @@ TEST_F(Options, ALinkThatCannotBeDeletedIsReported) {
     EXPECT_TRUE(files.FileExists(startupLink));
 }
 
-TEST_F(Options, ASettingThatCannotBeWrittenKeepsThoseBefore) {
+TEST_F(frmOptionsTest, IfASettingCannotBeWrittenTheOnesBeforeItStay) {
     FailingSettings failing;
     failing.failingWrite = 3;
     forms::Machine().settings = &failing;

@@ -9,14 +9,14 @@ namespace {
 
 using testing_support::ErrorOf;
 
-TEST(DateTime, ZeroDateIsTheThirtiethOfDecember1899) {
+TEST(DateTimeTest, ZeroDateIsTheThirtiethOfDecember1899) {
     EXPECT_EQ(DateTime::FromDate(1899, 12, 30).seconds, 0);
     EXPECT_FALSE(DateTime{}.HasDate());
     EXPECT_FALSE(DateTime{}.HasTime());
     EXPECT_EQ(DateTime{}.Year(), 1899);
 }
 
-TEST(DateTime, PartsOfADateAndTime) {
+TEST(DateTimeTest, PartsOfADateAndTime) {
     const DateTime value = Combine(DateTime::FromDate(2004, 5, 14), DateTime::FromTime(9, 30, 15));
     EXPECT_EQ(value.Year(), 2004);
     EXPECT_EQ(value.Month(), 5);
@@ -31,7 +31,7 @@ TEST(DateTime, PartsOfADateAndTime) {
     EXPECT_EQ(value.TimeOnly(), DateTime::FromTime(9, 30, 15));
 }
 
-TEST(DateTime, PartsBeforeTheZeroDate) {
+TEST(DateTimeTest, PartsBeforeTheZeroDate) {
     const DateTime value =
         Combine(DateTime::FromDate(1899, 12, 29), DateTime::FromTime(23, 59, 59));
     EXPECT_EQ(value.seconds, -1);
@@ -41,7 +41,7 @@ TEST(DateTime, PartsBeforeTheZeroDate) {
     EXPECT_EQ(value.TimeOnly(), DateTime::FromTime(23, 59, 59));
 }
 
-TEST(DateTime, EveryDayOfFourHundredYearsFollowsTheOneBefore) {
+TEST(DateTimeTest, EveryDayOfFourHundredYearsFollowsTheOneBefore) {
     DateTime day = DateTime::FromDate(1899, 12, 30);
     int weekday = day.Weekday();
     EXPECT_EQ(weekday, 6);
@@ -55,7 +55,7 @@ TEST(DateTime, EveryDayOfFourHundredYearsFollowsTheOneBefore) {
     EXPECT_EQ(FormatIsoDate(day), "2299-12-30");
 }
 
-TEST(DateTime, ValidDates) {
+TEST(DateTimeTest, ValidDates) {
     EXPECT_TRUE(DateTime::IsValidDate(2004, 2, 29));
     EXPECT_FALSE(DateTime::IsValidDate(2003, 2, 29));
     EXPECT_FALSE(DateTime::IsValidDate(1900, 2, 29));
@@ -71,7 +71,7 @@ TEST(DateTime, ValidDates) {
     EXPECT_FALSE(DateTime::IsValidDate(10000, 1, 1));
 }
 
-TEST(DateTime, ImpossibleDatesAndTimesAreTypeMismatches) {
+TEST(DateTimeTest, ImpossibleDatesAndTimesAreTypeMismatches) {
     EXPECT_EQ(ErrorOf([] { DateTime::FromDate(2003, 2, 29); }), 13);
     EXPECT_EQ(ErrorOf([] { DateTime::FromTime(24, 0, 0); }), 13);
     EXPECT_EQ(ErrorOf([] { DateTime::FromTime(-1, 0, 0); }), 13);
@@ -79,7 +79,7 @@ TEST(DateTime, ImpossibleDatesAndTimesAreTypeMismatches) {
     EXPECT_EQ(ErrorOf([] { DateTime::FromTime(0, 0, 60); }), 13);
 }
 
-TEST(DateTime, Formats) {
+TEST(DateTimeTest, Formats) {
     const DateTime value = Combine(DateTime::FromDate(812, 5, 4), DateTime::FromTime(3, 4, 5));
     EXPECT_EQ(FormatIsoDate(value), "0812-05-04");
     EXPECT_EQ(FormatMonthDayYear(value), "5/4/812");
@@ -87,14 +87,14 @@ TEST(DateTime, Formats) {
     EXPECT_EQ(FormatMonthDayYear(DateTime::FromDate(2004, 12, 25)), "12/25/2004");
 }
 
-TEST(DateTime, EnglishMonthNames) {
+TEST(DateTimeTest, EnglishMonthNames) {
     EXPECT_EQ(EnglishMonthName(1), "January");
     EXPECT_EQ(EnglishMonthName(12), "December");
     EXPECT_EQ(EnglishMonthName(0), "");
     EXPECT_EQ(EnglishMonthName(13), "");
 }
 
-TEST(ParseTime, ReadsBothClocks) {
+TEST(DateTimeParseTimeTest, ReadsBothClocks) {
     EXPECT_EQ(ParseTime("9:30:00 AM"), DateTime::FromTime(9, 30, 0));
     EXPECT_EQ(ParseTime("1:00:15 PM"), DateTime::FromTime(13, 0, 15));
     EXPECT_EQ(ParseTime("1:00:15pm"), DateTime::FromTime(13, 0, 15));
@@ -104,18 +104,18 @@ TEST(ParseTime, ReadsBothClocks) {
     EXPECT_EQ(ParseTime("9 PM"), DateTime::FromTime(21, 0, 0));
 }
 
-TEST(ParseTime, TwelveOClock) {
+TEST(DateTimeParseTimeTest, TwelveOClock) {
     EXPECT_EQ(ParseTime("12:00:15 AM"), DateTime::FromTime(0, 0, 15));
     EXPECT_EQ(ParseTime("12:00:15 PM"), DateTime::FromTime(12, 0, 15));
 }
 
-TEST(ParseTime, HourAboveTwelveKeepsItsValueWhateverTheSuffix) {
+TEST(DateTimeParseTimeTest, HourAboveTwelveKeepsItsValueWhateverTheSuffix) {
     EXPECT_EQ(ParseTime("23:00:15 PM"), DateTime::FromTime(23, 0, 15));
     EXPECT_EQ(ParseTime("23:00:15 AM"), DateTime::FromTime(23, 0, 15));
     EXPECT_EQ(ParseTime("13:00 P"), DateTime::FromTime(13, 0, 0));
 }
 
-TEST(ParseTime, AnythingElseIsATypeMismatch) {
+TEST(DateTimeParseTimeTest, AnythingElseIsATypeMismatch) {
     for (const char* text :
          {"", " ", "9", "AM", "24:00:00", "9:60", "9:30:60", "9:", "9:30:", ":30", "9:30:00:00",
           "9:30 XM", "9:30 AM AM", "123:00", "-9:30", "9.30", "99999999999:00"}) {
@@ -123,27 +123,27 @@ TEST(ParseTime, AnythingElseIsATypeMismatch) {
     }
 }
 
-TEST(ParseMonthDayYear, ReadsLongAndShortYears) {
+TEST(DateTimeParseMonthDayYearTest, ReadsLongAndShortYears) {
     EXPECT_EQ(ParseMonthDayYear("5/14/2004"), DateTime::FromDate(2004, 5, 14));
     EXPECT_EQ(ParseMonthDayYear("05/14/04"), DateTime::FromDate(2004, 5, 14));
     EXPECT_EQ(ParseMonthDayYear(" 12/25/2004 "), DateTime::FromDate(2004, 12, 25));
 }
 
-TEST(ParseMonthDayYear, ShortYearsSpan1930To2029) {
+TEST(DateTimeParseMonthDayYearTest, ShortYearsSpan1930To2029) {
     EXPECT_EQ(ParseMonthDayYear("1/1/00").Year(), 2000);
     EXPECT_EQ(ParseMonthDayYear("1/1/29").Year(), 2029);
     EXPECT_EQ(ParseMonthDayYear("1/1/30").Year(), 1930);
     EXPECT_EQ(ParseMonthDayYear("1/1/99").Year(), 1999);
 }
 
-TEST(ParseMonthDayYear, AnythingElseIsATypeMismatch) {
+TEST(DateTimeParseMonthDayYearTest, AnythingElseIsATypeMismatch) {
     for (const char* text : {"", "5/14", "5-14-2004", "14/5/2004", "2/29/2003", "5/14/20045",
                              "5/14/", "/14/2004", "5/14/2004x", "5/14/0050", "a/b/c"}) {
         EXPECT_EQ(ErrorOf([&] { ParseMonthDayYear(text); }), 13) << text;
     }
 }
 
-TEST(ParseIsoDate, ReadsYearMonthDay) {
+TEST(DateTimeParseIsoDateTest, ReadsYearMonthDay) {
     EXPECT_EQ(ParseIsoDate("2004-05-14"), DateTime::FromDate(2004, 5, 14));
     EXPECT_EQ(ParseIsoDate("0100-1-2"), DateTime::FromDate(100, 1, 2));
     for (const char* text : {"", "2004-05", "2004/05/14", "2003-02-29", "2004-05-014", "14-05-2004",

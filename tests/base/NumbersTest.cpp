@@ -48,7 +48,7 @@ void ExpectNoNumbers(const NumberFormat& format, const std::vector<std::string>&
     }
 }
 
-TEST(Numbers, PlainOnes) {
+TEST(NumbersTest, PlainOnes) {
     ExpectNumbers(american, {{"2004", 2004},
                              {"12", 12},
                              {"007", 7},
@@ -61,7 +61,7 @@ TEST(Numbers, PlainOnes) {
                              {"-0", 0}});
 }
 
-TEST(Numbers, ASignStandsBeforeOrBehind) {
+TEST(NumbersTest, ASignStandsBeforeOrBehind) {
     ExpectNumbers(american, {{"-5", -5},
                              {"+5", 5},
                              {"5-", -5},
@@ -76,7 +76,7 @@ TEST(Numbers, ASignStandsBeforeOrBehind) {
                                "(5-)", "((5))", "-(5)", "1-2", ")5("});
 }
 
-TEST(Numbers, TheCurrencySymbolStandsAtEitherEnd) {
+TEST(NumbersTest, TheCurrencySymbolStandsAtEitherEnd) {
     ExpectNumbers(american, {{"$5", 5},
                              {"-$5", -5},
                              {"$-5", -5},
@@ -96,7 +96,7 @@ TEST(Numbers, TheCurrencySymbolStandsAtEitherEnd) {
     ExpectNumbers(egyptian, {{"5EGP", 5}, {"5E2", 500}});
 }
 
-TEST(Numbers, ThousandsSignsAreIgnoredBeforeTheDecimalSign) {
+TEST(NumbersTest, ThousandsSignsAreIgnoredBeforeTheDecimalSign) {
     ExpectNumbers(american, {{"1,000", 1000},
                              {"1,0,0", 100},
                              {"5,", 5},
@@ -107,7 +107,7 @@ TEST(Numbers, ThousandsSignsAreIgnoredBeforeTheDecimalSign) {
     ExpectNoNumbers(american, {",", ",.", "1.5,0", "1.2.3", "5 5"});
 }
 
-TEST(Numbers, GermanOnes) {
+TEST(NumbersTest, GermanOnes) {
     ExpectNumbers(german, {{"2,5", 2},
                            {"3,5", 4},
                            {"1.000", 1000},
@@ -119,7 +119,7 @@ TEST(Numbers, GermanOnes) {
     ExpectNoNumbers(german, {"1,2,3", "1,5.0"});
 }
 
-TEST(Numbers, FrenchOnes) {
+TEST(NumbersTest, FrenchOnes) {
     for (const NumberFormat& format : {french, olderFrench}) {
         ExpectNumbers(format, {{"2,5", 2},
                                {"1\xe2\x80\xaf"
@@ -137,13 +137,13 @@ TEST(Numbers, FrenchOnes) {
     }
 }
 
-TEST(Numbers, OnesWithoutAThousandsSign) {
+TEST(NumbersTest, OnesWithoutAThousandsSign) {
     const NumberFormat bare{".", "", ""};
     ExpectNumbers(bare, {{"1000.4", 1000}});
     ExpectNoNumbers(bare, {"1,000", "$5", ""});
 }
 
-TEST(Numbers, Exponents) {
+TEST(NumbersTest, Exponents) {
     ExpectNumbers(american, {{"1e2", 100},
                              {"1E+2", 100},
                              {"1d2", 100},
@@ -156,7 +156,7 @@ TEST(Numbers, Exponents) {
     ExpectNoNumbers(american, {"1e", "1e+", "e5", "1e5.0", "1e 5", "1e2e3"});
 }
 
-TEST(Numbers, HexadecimalAndOctalOnes) {
+TEST(NumbersTest, HexadecimalAndOctalOnes) {
     ExpectNumbers(american, {{"&H10", 16},
                              {"&hff", 255},
                              {"&HFFFF", -1},
@@ -168,19 +168,19 @@ TEST(Numbers, HexadecimalAndOctalOnes) {
     ExpectNoNumbers(american, {"&", "&H", "&HG", "&O8", "&H-1", "&H1.5"});
 }
 
-TEST(Numbers, EverythingElseIsNone) {
+TEST(NumbersTest, EverythingElseIsNone) {
     ExpectNoNumbers(american, {"", " ", "2004 plans", "a", "twelve", "12pt", ".", "-.", "5\t",
                                "\r\n5", "0x10", "inf", "nan", "infinity", "\xd9\xa3"});
 }
 
-TEST(Numbers, AreRoundedHalfToEven) {
+TEST(NumbersTest, AreRoundedHalfToEven) {
     ExpectNumbers(american,
                   {{"0.5", 0}, {"1.5", 2}, {"2.5", 2}, {"-2.5", -2}, {"2.51", 3}, {"(3.5)", -4}});
     EXPECT_EQ(ToInteger16(12.5), 12);
     EXPECT_EQ(ToInteger16(13.5), 14);
 }
 
-TEST(Numbers, OnesThatDoNotFitOverflow) {
+TEST(NumbersTest, OnesThatDoNotFitOverflow) {
     for (const std::string& text :
          {std::string("32768"), std::string("32767.5"), std::string("-32769"), std::string("1e999"),
           std::string("(40000)"), std::string(400, '9'), std::string("&H10000"),
@@ -191,7 +191,7 @@ TEST(Numbers, OnesThatDoNotFitOverflow) {
     EXPECT_THROW(ToInteger16(40000.0), RuntimeError);
 }
 
-TEST(Numbers, ASumThatDoesNotFitIsAnOverflow) {
+TEST(NumbersTest, ASumThatDoesNotFitIsAnOverflow) {
     EXPECT_EQ(CheckedAdd(32766, 1), 32767);
     EXPECT_EQ(CheckedAdd(-32767, -1), -32768);
     EXPECT_EQ(ErrorOf([] { CheckedAdd(32767, 1); }), 6);

@@ -5,14 +5,14 @@
 namespace base {
 namespace {
 
-TEST(Trim, TakesBlanksOnly) {
+TEST(TextTrimTest, TakesBlanksOnly) {
     EXPECT_EQ(Trim("  a b  "), "a b");
     EXPECT_EQ(Trim("   "), "");
     EXPECT_EQ(Trim(""), "");
     EXPECT_EQ(Trim("\t a \r\n"), "\t a \r\n");
 }
 
-TEST(IsAscii, EveryByteIsBelow128) {
+TEST(TextIsAsciiTest, EveryByteIsBelow128) {
     EXPECT_TRUE(IsAscii(""));
     EXPECT_TRUE(IsAscii(std::string("a\0\x7f", 3)));
     EXPECT_FALSE(IsAscii("a\x80"));
@@ -21,19 +21,19 @@ TEST(IsAscii, EveryByteIsBelow128) {
                 "a"));
 }
 
-TEST(Utf16Length, CountsUnits) {
+TEST(TextUtf16LengthTest, CountsUnits) {
     EXPECT_EQ(Utf16Length(""), 0U);
     EXPECT_EQ(Utf16Length("abc"), 3U);
     EXPECT_EQ(Utf16Length("\xc3\xa4\xe2\x82\xac"), 2U);
     EXPECT_EQ(Utf16Length("\xf0\x9f\x98\x80"), 2U);
 }
 
-TEST(ToValidUtf8, KeepsWellFormedText) {
+TEST(TextToValidUtf8Test, KeepsWellFormedText) {
     const std::string text("a\0\xc3\xa4\xe2\x82\xac\xf0\x9f\x98\x80\xf4\x8f\xbf\xbf", 15);
     EXPECT_EQ(ToValidUtf8(text), text);
 }
 
-TEST(ToValidUtf8, ReplacesInvalidSequences) {
+TEST(TextToValidUtf8Test, ReplacesInvalidSequences) {
     const std::string bad = "\xef\xbf\xbd";
     EXPECT_EQ(ToValidUtf8("\x80"), bad);
     EXPECT_EQ(ToValidUtf8("a\xc3"), "a" + bad);
@@ -46,7 +46,7 @@ TEST(ToValidUtf8, ReplacesInvalidSequences) {
     EXPECT_EQ(ToValidUtf8("\xff\xfe"), bad + bad);
 }
 
-TEST(Characters, RoundTripThroughAppendAndNext) {
+TEST(TextCharactersTest, RoundTripThroughAppendAndNext) {
     for (char32_t character : {U'\0', U'a', U'\x7f', U'\x80', U'\x7ff', U'\x800', U'\xd7ff',
                                U'\xe000', U'\xffff', U'\x10000', U'\x10ffff'}) {
         std::string text;
@@ -57,7 +57,7 @@ TEST(Characters, RoundTripThroughAppendAndNext) {
     }
 }
 
-TEST(Characters, WhatIsNoCharacterIsReplaced) {
+TEST(TextCharactersTest, WhatIsNoCharacterIsReplaced) {
     std::string text;
     AppendCharacter(text, static_cast<char32_t>(0xd800));
     AppendCharacter(text, static_cast<char32_t>(0x110000));

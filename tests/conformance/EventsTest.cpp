@@ -77,7 +77,7 @@ class frmEvents : public Form {
     void Note(const std::string& event) { events.push_back(event); }
 };
 
-class Events : public conformance::StandTest {
+class EventsTest : public conformance::StandTest {
   protected:
     void SetUp() override {
         StandTest::SetUp();
@@ -94,13 +94,13 @@ class Events : public conformance::StandTest {
 
 }  // namespace
 
-TEST_F(Events, AClickRaisesClickOnce) {
+TEST_F(EventsTest, AClickRaisesClickOnce) {
     stand->Click(Form().cmdOk);
     EXPECT_EQ(Take(), Lines{"ok"});
     EXPECT_TRUE(Form().cmdOk.HasFocus());
 }
 
-TEST_F(Events, ATextRaisesChangeForTheUserAndForCode) {
+TEST_F(EventsTest, ATextRaisesChangeForTheUserAndForCode) {
     stand->Type(Form().txtName, "typed");
     EXPECT_EQ(Take(), Lines{"name typed"});
     Start([] { Form().txtName.text = "by code"; });
@@ -110,14 +110,14 @@ TEST_F(Events, ATextRaisesChangeForTheUserAndForCode) {
     EXPECT_EQ(stand->ShownText(Form().txtName), "by code");
 }
 
-TEST_F(Events, TextsAreUnicode) {
+TEST_F(EventsTest, TextsAreUnicode) {
     stand->Type(Form().txtName, "na\xC3\xAFve \xE6\x97\xA5\xE6\x9C\xAC");
     EXPECT_EQ(Form().txtName.text(), "na\xC3\xAFve \xE6\x97\xA5\xE6\x9C\xAC");
     Start([] { Form().cmdOk.caption = "\xC3\x84ndern"; });
     EXPECT_EQ(stand->ShownCaption(Form().cmdOk), "\xC3\x84ndern");
 }
 
-TEST_F(Events, ACheckBoxRaisesClickForTheUserAndForCode) {
+TEST_F(EventsTest, ACheckBoxRaisesClickForTheUserAndForCode) {
     stand->Click(Form().chkSound);
     EXPECT_EQ(Take(), Lines{"sound 1"});
     EXPECT_TRUE(stand->IsShownChecked(Form().chkSound));
@@ -128,7 +128,7 @@ TEST_F(Events, ACheckBoxRaisesClickForTheUserAndForCode) {
     EXPECT_EQ(Take(), Lines{});
 }
 
-TEST_F(Events, ACheckBoxThatItsHandlerResetsShowsTheModelsValue) {
+TEST_F(EventsTest, ACheckBoxThatItsHandlerResetsShowsTheModelsValue) {
     Form().chkSound.Click = [] {
         if (Form().chkSound.value() == 1) {
             Form().chkSound.value = 0;
@@ -139,7 +139,7 @@ TEST_F(Events, ACheckBoxThatItsHandlerResetsShowsTheModelsValue) {
     EXPECT_FALSE(stand->IsShownChecked(Form().chkSound));
 }
 
-TEST_F(Events, OptionButtonsExcludeEachOtherWithinTheirFrame) {
+TEST_F(EventsTest, OptionButtonsExcludeEachOtherWithinTheirFrame) {
     stand->Click(Form().optRed);
     stand->Click(Form().optBlue);
     Start([] { Form().optBig.value = true; });
@@ -155,25 +155,25 @@ TEST_F(Events, OptionButtonsExcludeEachOtherWithinTheirFrame) {
     EXPECT_EQ(Take(), Lines{});
 }
 
-TEST_F(Events, AComboBoxRaisesClickForTheUserAndForCode) {
+TEST_F(EventsTest, AComboBoxRaisesClickForTheUserAndForCode) {
     stand->Select(Form().cboDay, 1);
     Start([] { Form().cboDay.listIndex = 2; });
     EXPECT_EQ(Take(), (Lines{"day Tuesday", "day Wednesday"}));
 }
 
-TEST_F(Events, AComboBoxRaisesClickWhenTheSameEntryIsChosenAgain) {
+TEST_F(EventsTest, AComboBoxRaisesClickWhenTheSameEntryIsChosenAgain) {
     stand->Select(Form().cboDay, 1);
     stand->Select(Form().cboDay, 1);
     Start([] { Form().cboDay.listIndex = 1; });
     EXPECT_EQ(Take(), (Lines{"day Tuesday", "day Tuesday"}));
 }
 
-TEST_F(Events, AMenuEntryRunsItsHandler) {
+TEST_F(EventsTest, AMenuEntryRunsItsHandler) {
     stand->Choose(Form().mnuSave);
     EXPECT_EQ(Take(), Lines{"save"});
 }
 
-TEST_F(Events, APopupMenuRunsTheChosenEntryAndTimersGoOnUnderIt) {
+TEST_F(EventsTest, APopupMenuRunsTheChosenEntryAndTimersGoOnUnderIt) {
     int ticks = 0;
     Start([&ticks] {
         Form().tmrTick.Tick = [&ticks] { ++ticks; };
@@ -195,7 +195,7 @@ TEST_F(Events, APopupMenuRunsTheChosenEntryAndTimersGoOnUnderIt) {
     EXPECT_EQ(Take(), Lines{});
 }
 
-TEST_F(Events, DisabledAndHiddenControlsCannotBeReached) {
+TEST_F(EventsTest, DisabledAndHiddenControlsCannotBeReached) {
     Start([] {
         Form().cmdOk.enabled = false;
         Form().fraColor.enabled = false;
@@ -218,7 +218,7 @@ TEST_F(Events, DisabledAndHiddenControlsCannotBeReached) {
     EXPECT_EQ(Take(), (Lines{"ok", "blue", "big"}));
 }
 
-TEST_F(Events, TabGoesThroughTheControlsInOrder) {
+TEST_F(EventsTest, TabGoesThroughTheControlsInOrder) {
     Start([] {
         Form().optBlue.value = true;
         Form().optBig.value = true;
@@ -235,7 +235,7 @@ TEST_F(Events, TabGoesThroughTheControlsInOrder) {
     EXPECT_EQ(Take(), Lines{});
 }
 
-TEST_F(Events, EnterAndEscapePressTheirButtons) {
+TEST_F(EventsTest, EnterAndEscapePressTheirButtons) {
     Start([] { Form().txtName.SetFocus(); });
     stand->PressEnter();
     stand->PressEscape();
@@ -245,7 +245,7 @@ TEST_F(Events, EnterAndEscapePressTheirButtons) {
     EXPECT_EQ(Take(), Lines{"cancel"});
 }
 
-TEST_F(Events, EscapeClosesADialogThatHasNoButtonForIt) {
+TEST_F(EventsTest, EscapeClosesADialogThatHasNoButtonForIt) {
     using namespace forms_under_test;
     auto& dialog = Default<frmSecond>();
     dialog.borderStyle = BorderStyle::Dialog;
@@ -256,7 +256,7 @@ TEST_F(Events, EscapeClosesADialogThatHasNoButtonForIt) {
     EXPECT_TRUE(Form().IsLoaded());
 }
 
-TEST_F(Events, TheFocusMovesOnIfAHandlerDisablesItsControl) {
+TEST_F(EventsTest, TheFocusMovesOnIfAHandlerDisablesItsControl) {
     Start([] { Form().cmdOk.SetFocus(); });
     Form().cmdOk.Click = [] {
         Form().cmdOk.enabled = false;
@@ -272,7 +272,7 @@ TEST_F(Events, TheFocusMovesOnIfAHandlerDisablesItsControl) {
     EXPECT_EQ(Take(), Lines{"sound 1"});
 }
 
-TEST_F(Events, TheMenuKeyOpensTheMenuOfTheRightButton) {
+TEST_F(EventsTest, TheMenuKeyOpensTheMenuOfTheRightButton) {
     Form().optBlue.MouseUp = [](int button, int, int) {
         if (button == rightButton) {
             Form().PopupMenu(Form().mnuPop);
@@ -290,7 +290,7 @@ TEST_F(Events, TheMenuKeyOpensTheMenuOfTheRightButton) {
     EXPECT_EQ(Take(), Lines{"sound 1"});
 }
 
-TEST_F(Events, AccessKeysPressButtonsAndLeadFromLabelsToTheNextControl) {
+TEST_F(EventsTest, AccessKeysPressButtonsAndLeadFromLabelsToTheNextControl) {
     Start([] { Form().cmdCancel.SetFocus(); });
     stand->PressAccessKey(Form(), 'n');
     EXPECT_TRUE(Form().txtName.HasFocus());
@@ -300,7 +300,7 @@ TEST_F(Events, AccessKeysPressButtonsAndLeadFromLabelsToTheNextControl) {
     EXPECT_EQ(Take(), (Lines{"ok", "sound 1"}));
 }
 
-TEST_F(Events, AnAccessKeyOfSeveralCaptionsCyclesThroughThem) {
+TEST_F(EventsTest, AnAccessKeyOfSeveralCaptionsCyclesThroughThem) {
     Start([] {
         Form().cmdCancel.caption = "Cl&ose";
         Form().txtName.SetFocus();
@@ -318,15 +318,15 @@ TEST_F(Events, AnAccessKeyOfSeveralCaptionsCyclesThroughThem) {
     EXPECT_EQ(Take(), Lines{"cancel"});
 }
 
-TEST_F(Events, AnUntrappedErrorIsReportedAndEndsTheProgramInOrder) {
+TEST_F(EventsTest, AnUntrappedErrorIsReportedAndEndsTheProgramInOrder) {
     Lines order;
     runtime->onFatalError = [&order] { order.emplace_back("saved"); };
     Form().cmdOk.Click = [&order] {
         order.emplace_back("clicked");
         throw base::RuntimeError(base::ErrorNumber::Overflow);
     };
-    stand->ExpectBox("Run-time error '6':\r\n\r\nOverflow", "Program", BoxButtons::Ok,
-                     BoxResult::Ok, [&order] { order.emplace_back("reported"); });
+    ExpectMessage("Run-time error '6':\r\n\r\nOverflow", "Program",
+                  [&order] { order.emplace_back("reported"); });
     const auto pin = Form().shared_from_this();
     stand->Click(Form().cmdOk);
     EXPECT_EQ(order, (Lines{"clicked", "reported", "saved"}));
@@ -334,15 +334,14 @@ TEST_F(Events, AnUntrappedErrorIsReportedAndEndsTheProgramInOrder) {
     EXPECT_FALSE(stand->IsShown(static_cast<frmEvents&>(*pin)));
 }
 
-TEST_F(Events, AnErrorUnderAModalFormLeavesEveryHandler) {
+TEST_F(EventsTest, AnErrorUnderAModalFormLeavesEveryHandler) {
     using namespace forms_under_test;
     bool wentOn = false;
     stand->ExpectModal<frmSecond>([this](frmSecond& form) {
         form.cmdGo.Click = [] { throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange); };
         stand->Click(form.cmdGo);
     });
-    stand->ExpectBox("Run-time error '9':\r\n\r\nSubscript out of range", "Program", BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectMessage("Run-time error '9':\r\n\r\nSubscript out of range", "Program");
     Start([&wentOn] {
         Default<frmSecond>().ShowModal();
         wentOn = true;

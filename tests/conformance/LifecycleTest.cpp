@@ -7,11 +7,11 @@ using conformance::Lines;
 
 namespace {
 
-class Lifecycle : public conformance::StandTest {};
+class LifecycleTest : public conformance::StandTest {};
 
 }  // namespace
 
-TEST_F(Lifecycle, LoadsShowsHidesAndUnloadsInOrder) {
+TEST_F(LifecycleTest, LoadsShowsHidesAndUnloadsInOrder) {
     Start([] { Default<frmFirst>().Show(); });
     EXPECT_TRUE(stand->IsShown(Default<frmFirst>()));
     Start([] { Default<frmFirst>().Hide(); });
@@ -25,13 +25,13 @@ TEST_F(Lifecycle, LoadsShowsHidesAndUnloadsInOrder) {
     EXPECT_EQ(LoadedDefault<frmFirst>(), nullptr);
 }
 
-TEST_F(Lifecycle, ALoadedFormIsNotShown) {
+TEST_F(LifecycleTest, ALoadedFormIsNotShown) {
     Start([] { Default<frmFirst>().Load(); });
     stand->Pump(50);
     EXPECT_FALSE(stand->IsShown(Default<frmFirst>()));
 }
 
-TEST_F(Lifecycle, AFormShownAndHiddenInOneHandlerIsNotShown) {
+TEST_F(LifecycleTest, AFormShownAndHiddenInOneHandlerIsNotShown) {
     Start([] {
         Default<frmFirst>().Show();
         Default<frmFirst>().Hide();
@@ -39,7 +39,7 @@ TEST_F(Lifecycle, AFormShownAndHiddenInOneHandlerIsNotShown) {
     EXPECT_FALSE(stand->IsShown(Default<frmFirst>()));
 }
 
-TEST_F(Lifecycle, TheUserClosesAForm) {
+TEST_F(LifecycleTest, TheUserClosesAForm) {
     Start([] { Default<frmFirst>().Show(); });
     const std::weak_ptr<Form> form = Default<frmFirst>().weak_from_this();
     stand->CloseBox(Default<frmFirst>());
@@ -47,7 +47,7 @@ TEST_F(Lifecycle, TheUserClosesAForm) {
     EXPECT_TRUE(runtime->LoadedForms().empty());
 }
 
-TEST_F(Lifecycle, QueryUnloadMayRefuseTheUser) {
+TEST_F(LifecycleTest, QueryUnloadMayRefuseTheUser) {
     Start([] {
         Default<frmFirst>().onQueryUnload = [](bool& cancel, UnloadMode mode) {
             cancel = true;
@@ -61,7 +61,7 @@ TEST_F(Lifecycle, QueryUnloadMayRefuseTheUser) {
     EXPECT_TRUE(stand->IsShown(Default<frmFirst>()));
 }
 
-TEST_F(Lifecycle, UnloadMayRefuseTheUser) {
+TEST_F(LifecycleTest, UnloadMayRefuseTheUser) {
     Start([] {
         Default<frmFirst>().onUnload = [](bool& cancel) { cancel = true; };
         Default<frmFirst>().Show();
@@ -72,7 +72,7 @@ TEST_F(Lifecycle, UnloadMayRefuseTheUser) {
     EXPECT_TRUE(stand->IsShown(Default<frmFirst>()));
 }
 
-TEST_F(Lifecycle, UnloadDuringQueryUnloadFailsAndTheFirstCallDecides) {
+TEST_F(LifecycleTest, UnloadDuringQueryUnloadFailsAndTheFirstCallDecides) {
     Start([] {
         Default<frmFirst>().onQueryUnload = [](bool& cancel, UnloadMode) {
             cancel = true;
@@ -84,7 +84,7 @@ TEST_F(Lifecycle, UnloadDuringQueryUnloadFailsAndTheFirstCallDecides) {
     EXPECT_TRUE(stand->IsShown(Default<frmFirst>()));
 }
 
-TEST_F(Lifecycle, AClickMayUnloadItsOwnForm) {
+TEST_F(LifecycleTest, AClickMayUnloadItsOwnForm) {
     bool wentOn = false;
     Start([&wentOn] {
         auto& form = Default<frmFirst>();
@@ -101,7 +101,7 @@ TEST_F(Lifecycle, AClickMayUnloadItsOwnForm) {
     EXPECT_TRUE(form.expired());
 }
 
-TEST_F(Lifecycle, AClickMayUnloadAnotherFormAndItsOwn) {
+TEST_F(LifecycleTest, AClickMayUnloadAnotherFormAndItsOwn) {
     Start([] {
         Default<frmSecond>().Show();
         Default<frmFirst>().cmdGo.Click = [] {
@@ -117,7 +117,7 @@ TEST_F(Lifecycle, AClickMayUnloadAnotherFormAndItsOwn) {
                                 "frmFirst.Unload"}));
 }
 
-TEST_F(Lifecycle, ATextThatIsTypedMayUnloadItsOwnForm) {
+TEST_F(LifecycleTest, ATextThatIsTypedMayUnloadItsOwnForm) {
     Start([] {
         auto& form = Default<frmFirst>();
         form.txtName.Change = [&form] {
@@ -132,7 +132,7 @@ TEST_F(Lifecycle, ATextThatIsTypedMayUnloadItsOwnForm) {
     EXPECT_TRUE(form.expired());
 }
 
-TEST_F(Lifecycle, ATimerMayUnloadItsOwnForm) {
+TEST_F(LifecycleTest, ATimerMayUnloadItsOwnForm) {
     int ticks = 0;
     Start([&ticks] {
         auto& form = Default<frmFirst>();
@@ -153,7 +153,7 @@ TEST_F(Lifecycle, ATimerMayUnloadItsOwnForm) {
     EXPECT_TRUE(form.expired());
 }
 
-TEST_F(Lifecycle, QueryUnloadMayUnloadAnotherForm) {
+TEST_F(LifecycleTest, QueryUnloadMayUnloadAnotherForm) {
     Start([] {
         Default<frmSecond>().Show();
         Default<frmFirst>().onQueryUnload = [](bool&, UnloadMode) {
@@ -168,7 +168,7 @@ TEST_F(Lifecycle, QueryUnloadMayUnloadAnotherForm) {
     EXPECT_TRUE(runtime->LoadedForms().empty());
 }
 
-TEST_F(Lifecycle, UnloadMayUnloadAnotherFormAndLoadAThird) {
+TEST_F(LifecycleTest, UnloadMayUnloadAnotherFormAndLoadAThird) {
     Start([] {
         Default<frmSecond>().Show();
         Default<frmFirst>().onUnload = [](bool&) {
@@ -184,7 +184,7 @@ TEST_F(Lifecycle, UnloadMayUnloadAnotherFormAndLoadAThird) {
     EXPECT_EQ(runtime->ActiveForm(), &Default<frmThird>());
 }
 
-TEST_F(Lifecycle, ADefaultInstanceIsMadeAgainAfterItWasUnloaded) {
+TEST_F(LifecycleTest, ADefaultInstanceIsMadeAgainAfterItWasUnloaded) {
     Start([] {
         Default<frmFirst>().Show();
         Default<frmFirst>().txtName.text = "old";
@@ -196,7 +196,7 @@ TEST_F(Lifecycle, ADefaultInstanceIsMadeAgainAfterItWasUnloaded) {
     EXPECT_EQ(stand->ShownText(Default<frmFirst>().txtName), "");
 }
 
-TEST_F(Lifecycle, FurtherInstancesLiveBesideTheDefault) {
+TEST_F(LifecycleTest, FurtherInstancesLiveBesideTheDefault) {
     std::weak_ptr<frmFirst> further;
     Start([&further] {
         Default<frmFirst>().Show();
@@ -212,7 +212,7 @@ TEST_F(Lifecycle, FurtherInstancesLiveBesideTheDefault) {
     EXPECT_TRUE(stand->IsShown(Default<frmFirst>()));
 }
 
-TEST_F(Lifecycle, TheFormUsedLastBecomesActiveWhenTheActiveOneGoes) {
+TEST_F(LifecycleTest, TheFormUsedLastBecomesActiveWhenTheActiveOneGoes) {
     Start([] {
         Default<frmFirst>().Show();
         Default<frmSecond>().Show();
@@ -226,7 +226,7 @@ TEST_F(Lifecycle, TheFormUsedLastBecomesActiveWhenTheActiveOneGoes) {
     PumpUntil([this] { return runtime->ActiveForm() == &Default<frmSecond>(); });
 }
 
-TEST_F(Lifecycle, TheUserMinimisesAndRestores) {
+TEST_F(LifecycleTest, TheUserMinimisesAndRestores) {
     Start([] { Default<frmFirst>().Show(); });
     stand->Minimize(Default<frmFirst>());
     EXPECT_EQ(Default<frmFirst>().windowState(), WindowState::Minimized);
@@ -239,7 +239,7 @@ TEST_F(Lifecycle, TheUserMinimisesAndRestores) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(Lifecycle, AFormShownMinimisedIsFilledWhenItIsRestored) {
+TEST_F(LifecycleTest, AFormShownMinimisedIsFilledWhenItIsRestored) {
     Start([] {
         Default<frmFirst>().windowState = WindowState::Minimized;
         Default<frmFirst>().txtName.text = "waiting";
@@ -253,7 +253,7 @@ TEST_F(Lifecycle, AFormShownMinimisedIsFilledWhenItIsRestored) {
     EXPECT_EQ(Default<frmFirst>().txtName.text(), "typed");
 }
 
-TEST_F(Lifecycle, TheSessionEndsInTheOrderOfLoading) {
+TEST_F(LifecycleTest, TheSessionEndsInTheOrderOfLoading) {
     Start([] {
         Default<frmSecond>().Load();
         Default<frmFirst>().Show();

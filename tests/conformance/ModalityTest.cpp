@@ -6,7 +6,7 @@ using conformance::Lines;
 
 namespace {
 
-class Modality : public conformance::StandTest {
+class ModalityTest : public conformance::StandTest {
   protected:
     static BoxResult Ask(const std::string& text) {
         return MsgBox(text, {BoxButtons::YesNo}, "Question");
@@ -16,10 +16,10 @@ class Modality : public conformance::StandTest {
 
 }  // namespace
 
-TEST_F(Modality, ABoxReturnsTheAnswer) {
-    stand->ExpectBox("Yes?", "Question", BoxButtons::YesNo, BoxResult::Yes);
-    stand->ExpectBox("No?", "Question", BoxButtons::YesNo, BoxResult::No);
-    stand->ExpectBox("Two\r\nlines", "Message", BoxButtons::Ok, BoxResult::Ok);
+TEST_F(ModalityTest, ABoxReturnsTheAnswer) {
+    ExpectQuestion("Yes?", "Question", BoxResult::Yes);
+    ExpectQuestion("No?", "Question", BoxResult::No);
+    ExpectMessage("Two\r\nlines", "Message");
     Start([] {
         EXPECT_EQ(Ask("Yes?"), BoxResult::Yes);
         EXPECT_EQ(Ask("No?"), BoxResult::No);
@@ -27,16 +27,15 @@ TEST_F(Modality, ABoxReturnsTheAnswer) {
     });
 }
 
-TEST_F(Modality, AFormShownInTheHandlerIsThereWhenItsBoxOpens) {
-    stand->ExpectBox("Look", "Message", BoxButtons::Ok, BoxResult::Ok,
-                     [this] { EXPECT_TRUE(stand->IsShown(Default<frmFirst>())); });
+TEST_F(ModalityTest, AFormShownInTheHandlerIsThereWhenItsBoxOpens) {
+    ExpectMessage("Look", "Message", [this] { EXPECT_TRUE(stand->IsShown(Default<frmFirst>())); });
     Start([] {
         Default<frmFirst>().Show();
         Tell("Look");
     });
 }
 
-TEST_F(Modality, AModalFormDisablesVisibleFormsButNotLaterOnes) {
+TEST_F(ModalityTest, AModalFormDisablesVisibleFormsButNotLaterOnes) {
     Start([] { Default<frmFirst>().Show(); });
     stand->ExpectModal<frmSecond>([this](frmSecond& form) {
         EXPECT_FALSE(stand->CanBeUsed(Default<frmFirst>()));
@@ -53,7 +52,7 @@ TEST_F(Modality, AModalFormDisablesVisibleFormsButNotLaterOnes) {
     EXPECT_TRUE(stand->CanBeUsed(Default<frmThird>()));
 }
 
-TEST_F(Modality, AModalFormReturnsWhenItIsHidden) {
+TEST_F(ModalityTest, AModalFormReturnsWhenItIsHidden) {
     bool returned = false;
     stand->ExpectModal<frmSecond>([this](frmSecond& form) {
         form.cmdGo.Click = [&form] { form.Hide(); };
@@ -66,7 +65,7 @@ TEST_F(Modality, AModalFormReturnsWhenItIsHidden) {
     EXPECT_TRUE(returned);
 }
 
-TEST_F(Modality, AModalFormMayBeShownAgain) {
+TEST_F(ModalityTest, AModalFormMayBeShownAgain) {
     int times = 0;
     for (int round = 0; round < 2; ++round) {
         stand->ExpectModal<frmSecond>([this, &times](frmSecond& form) {
@@ -82,7 +81,7 @@ TEST_F(Modality, AModalFormMayBeShownAgain) {
     EXPECT_EQ(times, 2);
 }
 
-TEST_F(Modality, BoxesNestInModalFormsAndModalFormsInBoxes) {
+TEST_F(ModalityTest, BoxesNestInModalFormsAndModalFormsInBoxes) {
     Lines order;
     Start([&order] {
         auto& first = Default<frmFirst>();
@@ -102,8 +101,8 @@ TEST_F(Modality, BoxesNestInModalFormsAndModalFormsInBoxes) {
     });
     stand->ExpectModal<frmSecond>([this](frmSecond& form) { stand->Click(form.cmdGo); });
     bool nested = false;
-    stand->ExpectBox("Sure?", "Question", BoxButtons::YesNo, BoxResult::No,
-                     [this, &nested] { PumpUntil([&nested] { return nested; }); });
+    ExpectQuestion("Sure?", "Question", BoxResult::No,
+                   [this, &nested] { PumpUntil([&nested] { return nested; }); });
     stand->ExpectModal<frmThird>([this, &nested](frmThird& form) {
         EXPECT_FALSE(stand->CanBeUsed(Default<frmSecond>()));
         EXPECT_TRUE(stand->CanBeUsed(form));
@@ -118,7 +117,7 @@ TEST_F(Modality, BoxesNestInModalFormsAndModalFormsInBoxes) {
     EXPECT_TRUE(stand->CanBeUsed(Default<frmFirst>()));
 }
 
-TEST_F(Modality, AFormMayBeUnloadedWhileItsOwnBoxIsOpen) {
+TEST_F(ModalityTest, AFormMayBeUnloadedWhileItsOwnBoxIsOpen) {
     Start([] {
         Default<frmSecond>().tmrOne.interval = 40;
         Default<frmSecond>().tmrOne.Tick = [] {
@@ -132,13 +131,13 @@ TEST_F(Modality, AFormMayBeUnloadedWhileItsOwnBoxIsOpen) {
         };
         Default<frmFirst>().Show();
     });
-    stand->ExpectBox("Wait", "Message", BoxButtons::Ok, BoxResult::Ok,
-                     [this] { PumpUntil([] { return LoadedDefault<frmFirst>() == nullptr; }); });
+    ExpectMessage("Wait", "Message",
+                  [this] { PumpUntil([] { return LoadedDefault<frmFirst>() == nullptr; }); });
     stand->Click(Default<frmFirst>().cmdGo);
     EXPECT_EQ(LoadedDefault<frmFirst>(), nullptr);
 }
 
-TEST_F(Modality, AnOuterModalFormMayCloseBeforeTheInner) {
+TEST_F(ModalityTest, AnOuterModalFormMayCloseBeforeTheInner) {
     Lines order;
     Start([&order] {
         Default<frmSecond>().cmdGo.Click = [&order] {
@@ -161,7 +160,7 @@ TEST_F(Modality, AnOuterModalFormMayCloseBeforeTheInner) {
     EXPECT_EQ(order, (Lines{"third", "second"}));
 }
 
-TEST_F(Modality, TheProgramMayEndUnderABoxInAModalForm) {
+TEST_F(ModalityTest, TheProgramMayEndUnderABoxInAModalForm) {
     Lines reached;
     Start([] {
         Default<frmFirst>().tmrOne.interval = 40;
@@ -175,7 +174,7 @@ TEST_F(Modality, TheProgramMayEndUnderABoxInAModalForm) {
         };
         stand->Click(form.cmdGo);
     });
-    stand->ExpectBox("Wait", "Message", BoxButtons::Ok, BoxResult::Ok, [this] {
+    ExpectMessage("Wait", "Message", [this] {
         Default<frmFirst>().tmrOne.enabled = true;
         PumpUntil([this] { return runtime->HasEnded(); });
     });

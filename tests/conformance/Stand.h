@@ -98,6 +98,17 @@ class StandTest : public ::testing::Test {
     }
 
     void Start(const Script& handler) { runtime->Dispatch(nullptr, handler); }
+    // The next thing that opens is a message box with an OK button.
+    void ExpectMessage(const std::string& text, const std::string& caption,
+                       Script during = nullptr) {
+        stand->ExpectBox(text, caption, forms::BoxButtons::Ok, forms::BoxResult::Ok,
+                         std::move(during));
+    }
+    // The same for a box with the buttons Yes and No.
+    void ExpectQuestion(const std::string& text, const std::string& caption,
+                        forms::BoxResult answer, Script during = nullptr) {
+        stand->ExpectBox(text, caption, forms::BoxButtons::YesNo, answer, std::move(during));
+    }
     // Pumps until the condition holds. Fails after mostLooks looks.
     void PumpUntil(const std::function<bool()>& condition) {
         for (int tries = 0; !condition(); ++tries) {

@@ -11,7 +11,7 @@ using namespace forms_under_test;
 // allows.
 namespace {
 
-class Timers : public conformance::StandTest {
+class TimersTest : public conformance::StandTest {
   protected:
     static frmFirst& Form() { return Default<frmFirst>(); }
     void StartCounting(Timer& timer, int interval, int& count) {
@@ -26,7 +26,7 @@ class Timers : public conformance::StandTest {
 
 }  // namespace
 
-TEST_F(Timers, TickWhileTheirFormIsHidden) {
+TEST_F(TimersTest, TickWhileTheirFormIsHidden) {
     int ticks = 0;
     const std::int64_t start = stand->Milliseconds();
     StartCounting(Form().tmrOne, 50, ticks);
@@ -34,7 +34,7 @@ TEST_F(Timers, TickWhileTheirFormIsHidden) {
     EXPECT_LE(ticks, (stand->Milliseconds() - start) / 50 + 1);
 }
 
-TEST_F(Timers, StopWhenSwitchedOff) {
+TEST_F(TimersTest, StopWhenSwitchedOff) {
     int ticks = 0;
     StartCounting(Form().tmrOne, 30, ticks);
     PumpUntil([&ticks] { return ticks > 1; });
@@ -44,7 +44,7 @@ TEST_F(Timers, StopWhenSwitchedOff) {
     EXPECT_EQ(ticks, before);
 }
 
-TEST_F(Timers, KeepTheirPhaseDespiteSlowHandlers) {
+TEST_F(TimersTest, KeepTheirPhaseDespiteSlowHandlers) {
     constexpr int interval = 50;
     constexpr int busy = 20;
     int ticks = 0;
@@ -64,7 +64,7 @@ TEST_F(Timers, KeepTheirPhaseDespiteSlowHandlers) {
     EXPECT_LE(ticks, (stand->Milliseconds() - start) / interval + 1);
 }
 
-TEST_F(Timers, MissedTicksAreDropped) {
+TEST_F(TimersTest, MissedTicksAreDropped) {
     int ticks = 0;
     StartCounting(Form().tmrOne, 40, ticks);
     PumpUntil([&ticks] { return ticks > 0; });
@@ -82,7 +82,7 @@ TEST_F(Timers, MissedTicksAreDropped) {
     EXPECT_LE(ticks, possible());
 }
 
-TEST_F(Timers, AreNotReenteredUnderTheirOwnBoxAndOthersGoOn) {
+TEST_F(TimersTest, AreNotReenteredUnderTheirOwnBoxAndOthersGoOn) {
     int depth = 0;
     int deepest = 0;
     int ticks = 0;
@@ -103,7 +103,7 @@ TEST_F(Timers, AreNotReenteredUnderTheirOwnBoxAndOthersGoOn) {
         Form().tmrOne.enabled = true;
     });
     stand->stayOpenUntil = [&] { return ticks > 0 && others >= othersBefore + 5; };
-    stand->ExpectBox("Wait", "Message", BoxButtons::Ok, BoxResult::Ok, [&] {
+    ExpectMessage("Wait", "Message", [&] {
         EXPECT_EQ(ticks, 1);
         // A message loop inside the loop of the box gives the timer no tick, either.
         othersBefore = others;
@@ -114,17 +114,17 @@ TEST_F(Timers, AreNotReenteredUnderTheirOwnBoxAndOthersGoOn) {
     EXPECT_EQ(deepest, 1);
 }
 
-TEST_F(Timers, GoOnUnderABox) {
+TEST_F(TimersTest, GoOnUnderABox) {
     int ticks = 0;
     StartCounting(Form().tmrOne, 40, ticks);
     const int before = ticks;
     stand->stayOpenUntil = [&] { return ticks >= before + 5; };
-    stand->ExpectBox("Wait", "Message", BoxButtons::Ok, BoxResult::Ok);
+    ExpectMessage("Wait", "Message");
     Start([] { MsgBox("Wait", {}, "Message"); });
     EXPECT_GE(ticks, before + 5);
 }
 
-TEST_F(Timers, GoOnUnderAModalForm) {
+TEST_F(TimersTest, GoOnUnderAModalForm) {
     int ticks = 0;
     StartCounting(Form().tmrOne, 40, ticks);
     const int before = ticks;
@@ -136,7 +136,7 @@ TEST_F(Timers, GoOnUnderAModalForm) {
     Start([] { Default<frmSecond>().ShowModal(); });
 }
 
-TEST_F(Timers, GoOnWhileTheUserDragsAWindow) {
+TEST_F(TimersTest, GoOnWhileTheUserDragsAWindow) {
     int ticks = 0;
     StartCounting(Form().tmrOne, 40, ticks);
     Start([] { Form().Show(); });
@@ -150,7 +150,7 @@ TEST_F(Timers, GoOnWhileTheUserDragsAWindow) {
     EXPECT_TRUE(held);
 }
 
-TEST_F(Timers, AnIntervalChangedInTheHandlerCountsFromThere) {
+TEST_F(TimersTest, AnIntervalChangedInTheHandlerCountsFromThere) {
     int ticks = 0;
     StartCounting(Form().tmrOne, 30, ticks);
     Form().tmrOne.Tick = [&ticks] {
@@ -162,7 +162,7 @@ TEST_F(Timers, AnIntervalChangedInTheHandlerCountsFromThere) {
     EXPECT_EQ(ticks, 1);
 }
 
-TEST_F(Timers, SwitchingOffInTheHandlerIsTheLastTick) {
+TEST_F(TimersTest, SwitchingOffInTheHandlerIsTheLastTick) {
     int ticks = 0;
     StartCounting(Form().tmrOne, 30, ticks);
     Form().tmrOne.Tick = [&ticks] {
@@ -178,7 +178,7 @@ TEST_F(Timers, SwitchingOffInTheHandlerIsTheLastTick) {
     EXPECT_EQ(ticks, 2);
 }
 
-TEST_F(Timers, SwitchingOffAndOnInTheHandlerKeepsTheTimerRunning) {
+TEST_F(TimersTest, SwitchingOffAndOnInTheHandlerKeepsTheTimerRunning) {
     int ticks = 0;
     StartCounting(Form().tmrOne, 30, ticks);
     Form().tmrOne.Tick = [&ticks] {
@@ -189,7 +189,7 @@ TEST_F(Timers, SwitchingOffAndOnInTheHandlerKeepsTheTimerRunning) {
     PumpUntil([&ticks] { return ticks >= 5; });
 }
 
-TEST_F(Timers, OneTimerMaySwitchOffAnother) {
+TEST_F(TimersTest, OneTimerMaySwitchOffAnother) {
     int ticks = 0;
     StartCounting(Form().tmrTwo, 30, ticks);
     int own = 0;
@@ -202,7 +202,7 @@ TEST_F(Timers, OneTimerMaySwitchOffAnother) {
     EXPECT_LE(ticks, 1);
 }
 
-TEST_F(Timers, PollingTimersSeeEverySecondOnce) {
+TEST_F(TimersTest, PollingTimersSeeEverySecondOnce) {
     class frmClock : public forms::Form {
       public:
         frmClock() : Form("frmClock") {}

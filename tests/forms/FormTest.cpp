@@ -67,8 +67,8 @@ TEST_F(FormTest, AFormShownAndHiddenInOneHandlerNeverAppears) {
 }
 
 TEST_F(FormTest, IsShownBeforeABoxOpens) {
-    stage->ExpectBox("Hello", "Caption", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok,
-                     [this] { EXPECT_TRUE(stage->WindowOf(Default<frmFirst>()).shown); });
+    ExpectMessage("Hello", "Caption", BoxIcon::None,
+                  [this] { EXPECT_TRUE(stage->WindowOf(Default<frmFirst>()).shown); });
     Start([] {
         Default<frmFirst>().Show();
         MsgBox("Hello", {}, "Caption");

@@ -159,8 +159,8 @@ TEST_F(GesturesTest, ATrayMessageArrivesAsAPlaceEvenAtAHiddenForm) {
     record.owner = &Form();
     EXPECT_TRUE(tray.Add(record));
     Start([] { Form().Hide(); });
-    user->Tray(514);
-    EXPECT_EQ(Take(), Events{"x " + std::to_string(514 * 15)});
+    ClickTrayIcon();
+    EXPECT_EQ(Take(), Events{"x 7710"});
     EXPECT_TRUE(tray.Delete(record));
 }
 
@@ -168,8 +168,7 @@ TEST_F(GesturesTest, ATrayMessageArrivesBehindABoxAndAModalForm) {
     TrayRecord record;
     record.owner = &Form();
     EXPECT_TRUE(tray.Add(record));
-    stage->ExpectBox("Hello", "Box", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok,
-                     [this] { user->Tray(517); });
+    ExpectMessage("Hello", "Box", BoxIcon::None, [this] { RightClickTrayIcon(); });
     Start([] { MsgBox("Hello", {}, "Box"); });
     EXPECT_EQ(Take(), Events{"x 7755"});
 }

@@ -107,8 +107,7 @@ TEST_F(ModalTest, NestsModalInBoxInModal) {
         user->Click(form.cmdGo);
         EXPECT_EQ(LoadedDefault<frmSecond>(), nullptr);
     });
-    stage->ExpectBox("Sure?", "Question", BoxIcon::None, BoxButtons::YesNo, BoxResult::No,
-                     [this] { Advance(1000); });
+    ExpectQuestion("Sure?", "Question", BoxIcon::None, BoxResult::No, [this] { Advance(1000); });
     stage->ExpectModal<frmThird>([this](frmThird& form) {
         EXPECT_EQ(stage->OpenWaits(), 3U);
         EXPECT_FALSE(Default<frmSecond>().IsUsable());

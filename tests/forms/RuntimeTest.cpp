@@ -13,13 +13,7 @@ using namespace forms_under_test;
 
 namespace {
 
-class RuntimeTest : public testing_support::TestProgram {
-  protected:
-    void ExpectReport(const std::string& number, const std::string& description) {
-        stage->ExpectBox("Run-time error '" + number + "':\r\n\r\n" + description, "Jotwright",
-                         BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok);
-    }
-};
+class RuntimeTest : public testing_support::TestProgram {};
 
 }  // namespace
 
@@ -73,7 +67,7 @@ TEST_F(RuntimeTest, AnErrorThatNobodyTrapsIsReportedAndEndsTheProgram) {
     runtime->onFatalError = [&saved] { saved = true; };
     Start([] { Default<frmFirst>().Show(); });
     Default<frmFirst>().cmdGo.Click = [] { throw base::RuntimeError(base::ErrorNumber::Overflow); };
-    ExpectReport("6", "Overflow");
+    ExpectRunTimeError(6, "Overflow");
     user->Click(Default<frmFirst>().cmdGo);
     EXPECT_TRUE(saved);
     EXPECT_TRUE(runtime->HasEnded());
@@ -90,25 +84,24 @@ TEST_F(RuntimeTest, NothingIsSavedBeforeTheReportIsReadAndNothingRunsMeanwhile) 
         form.tmrOne.enabled = true;
         form.Show();
     });
-    stage->ExpectBox("Run-time error '9':\r\n\r\nSubscript out of range", "Jotwright",
-                     BoxIcon::Critical, BoxButtons::Ok, BoxResult::Ok, [&] {
-                         Advance(1000);
-                         order.emplace_back("read");
-                     });
+    ExpectRunTimeError(9, "Subscript out of range", [&] {
+        Advance(1000);
+        order.emplace_back("read");
+    });
     Start([] { throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange); });
     EXPECT_EQ(order, (std::vector<std::string>{"read", "saved"}));
 }
 
 TEST_F(RuntimeTest, AFailureWhileEndingIsNotReportedAgain) {
     runtime->onFatalError = [] { throw base::RuntimeError(base::ErrorNumber::DiskFull); };
-    ExpectReport("13", "Type mismatch");
+    ExpectRunTimeError(13, "Type mismatch");
     Start([] { throw base::RuntimeError(base::ErrorNumber::TypeMismatch); });
     EXPECT_TRUE(runtime->HasEnded());
 }
 
 TEST_F(RuntimeTest, MemoryThatRunsOutWhileEndingStillEndsInOrder) {
     runtime->onFatalError = [] { throw std::bad_alloc(); };
-    ExpectReport("7", "Out of memory");
+    ExpectRunTimeError(7, "Out of memory");
     Start([] { throw std::bad_alloc(); });
     EXPECT_TRUE(runtime->HasEnded());
 }
@@ -122,9 +115,8 @@ TEST_F(RuntimeTest, AnErrorUnderABoxLeavesTheHandlerThatShowedIt) {
         form.tmrOne.enabled = true;
         form.Load();
     });
-    stage->ExpectBox("Hello", "Box", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok,
-                     [this] { Advance(100); });
-    ExpectReport("53", "File not found");
+    ExpectMessage("Hello", "Box", BoxIcon::None, [this] { Advance(100); });
+    ExpectRunTimeError(53, "File not found");
     Start([&wentOn] {
         MsgBox("Hello", {}, "Box");
         wentOn = true;
@@ -134,7 +126,7 @@ TEST_F(RuntimeTest, AnErrorUnderABoxLeavesTheHandlerThatShowedIt) {
 }
 
 TEST_F(RuntimeTest, MemoryRunningOutIsReported) {
-    ExpectReport("7", "Out of memory");
+    ExpectRunTimeError(7, "Out of memory");
     Start([] { throw std::bad_alloc(); });
     EXPECT_TRUE(runtime->HasEnded());
 }
@@ -160,9 +152,8 @@ TEST_F(RuntimeTest, EndLeavesEveryHandlerOnTheStack) {
         };
         user->Click(form.cmdGo);
     });
-    stage->ExpectBox("Inner", "Box", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok, [] {
-        Runtime::Current().Dispatch(nullptr, [] { Runtime::Current().End(); });
-    });
+    ExpectMessage("Inner", "Box", BoxIcon::None,
+                  [] { Runtime::Current().Dispatch(nullptr, [] { Runtime::Current().End(); }); });
     Start([&reached] {
         Default<frmSecond>().ShowModal();
         reached.emplace_back("outer");

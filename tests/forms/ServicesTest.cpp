@@ -7,7 +7,7 @@
 namespace forms {
 namespace {
 
-TEST(Services, NumbersAreReadInTheUsersFormat) {
+TEST(ServicesTest, NumbersAreReadInTheUsersFormat) {
     headless::HeadlessLocale locale;
     Machine() = Devices{};
     Machine().locale = &locale;

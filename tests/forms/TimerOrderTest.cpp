@@ -20,7 +20,7 @@ class frmTwoClocks : public Form {
     Timer tmrSecond{this, "tmrSecond", TimerPhase::ClockSecond};
 };
 
-class TimerOrder : public testing_support::TestProgram {
+class TimerOrderTest : public testing_support::TestProgram {
   protected:
     void SetUp() override {
         TestProgram::SetUp();
@@ -53,12 +53,11 @@ class TimerOrder : public testing_support::TestProgram {
     // At its next tick the first timer shows a box for this long.
     void HoldUp(int milliseconds) {
         heldUp = true;
-        stage->ExpectBox("Turn it off?", "Alarm", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok,
-                         [this, milliseconds] {
-                             isFirstHeldUp = true;
-                             Advance(milliseconds);
-                             isFirstHeldUp = false;
-                         });
+        ExpectMessage("Turn it off?", "Alarm", BoxIcon::None, [this, milliseconds] {
+            isFirstHeldUp = true;
+            Advance(milliseconds);
+            isFirstHeldUp = false;
+        });
     }
 
     std::int64_t seenByFirst = 0;
@@ -68,7 +67,7 @@ class TimerOrder : public testing_support::TestProgram {
     int wrong = 0;  // ticks of the second timer for a second that the first has not had
 };
 
-TEST_F(TimerOrder, ABoxThatHoldsUpTheFirstDoesNotReverseThem) {
+TEST_F(TimerOrderTest, ABoxThatHoldsUpTheFirstDoesNotReverseThem) {
     Form().tmrSecond.enabled = true;
     for (int held = 100; held < 3000; held += 100) {
         HoldUp(held);
@@ -78,7 +77,7 @@ TEST_F(TimerOrder, ABoxThatHoldsUpTheFirstDoesNotReverseThem) {
     EXPECT_GT(secondTicks, 29 * 4);
 }
 
-TEST_F(TimerOrder, AFirstTickThatTakesItsTimeDoesNotReverseThem) {
+TEST_F(TimerOrderTest, AFirstTickThatTakesItsTimeDoesNotReverseThem) {
     Form().tmrSecond.enabled = true;
     for (const int busy : {300, 700, 900, 1100, 1700, 2300}) {
         bool isBusy = true;
@@ -94,7 +93,7 @@ TEST_F(TimerOrder, AFirstTickThatTakesItsTimeDoesNotReverseThem) {
     EXPECT_EQ(wrong, 0);
 }
 
-TEST_F(TimerOrder, TheOneThatIsSwitchedOnAnewKeepsItsPlace) {
+TEST_F(TimerOrderTest, TheOneThatIsSwitchedOnAnewKeepsItsPlace) {
     Form().tmrSecond.enabled = true;
     Advance(1700);
     for (int i = 0; i < 5; ++i) {
@@ -106,7 +105,7 @@ TEST_F(TimerOrder, TheOneThatIsSwitchedOnAnewKeepsItsPlace) {
     EXPECT_GT(secondTicks, 5);
 }
 
-TEST_F(TimerOrder, ClocksThatDriftApartDoNotReverseThem) {
+TEST_F(TimerOrderTest, ClocksThatDriftApartDoNotReverseThem) {
     for (const int partsPerMillion : {100, -100}) {
         clock.SetDrift(partsPerMillion);
         // The timer that is switched on later would tick exactly in the middle of the second, the

@@ -148,7 +148,7 @@ TEST_F(TimerTest, IsNotEnteredAgainWhileItsHandlerRunsAndOthersGoOn) {
     Form().tmrSlow.Tick = [&others] { ++others; };
     SwitchOn(Form().tmrFast, 1000);
     SwitchOn(Form().tmrSlow, 500);
-    stage->ExpectBox("Wait", "Box", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok, [&] {
+    ExpectMessage("Wait", "Box", BoxIcon::None, [&] {
         Advance(10'000);
         EXPECT_EQ(ticks, Moments{1000});
         EXPECT_GE(others, 20);
@@ -208,8 +208,7 @@ TEST_F(TimerTest, ATimerSwitchedOffUnderABoxStaysOff) {
     Form().tmrSlow.Tick = [] { Form().tmrFast.enabled = false; };
     SwitchOn(Form().tmrFast, 100);
     SwitchOn(Form().tmrSlow, 150);
-    stage->ExpectBox("Wait", "Box", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok,
-                     [this] { Advance(100); });
+    ExpectMessage("Wait", "Box", BoxIcon::None, [this] { Advance(100); });
     Advance(1000);
     EXPECT_EQ(ticks, Moments{100});
 }

@@ -6,7 +6,7 @@
 
 namespace {
 
-class EraseQuestion : public testing_support::TestProgram {
+class dlgInputTest : public testing_support::TestProgram {
   protected:
     void Ask(const std::function<void(dlgInput&)>& script) {
         stage->ExpectModal<dlgInput>(script);
@@ -15,7 +15,7 @@ class EraseQuestion : public testing_support::TestProgram {
     }
 };
 
-TEST_F(EraseQuestion, YesLeavesTwo) {
+TEST_F(dlgInputTest, YesSetsTheAnswerToTwo) {
     Ask([this](dlgInput& window) {
         EXPECT_EQ(window.caption(), "Erase Message");
         EXPECT_EQ(window.lblMsg.caption(), "Would You Like To Erase This Message?");
@@ -24,12 +24,12 @@ TEST_F(EraseQuestion, YesLeavesTwo) {
     EXPECT_EQ(StandardCode::Shared().Answer, 2);
 }
 
-TEST_F(EraseQuestion, NoLeavesOne) {
+TEST_F(dlgInputTest, NoSetsTheAnswerToOne) {
     Ask([this](dlgInput& window) { user->Click(window.cmdNo); });
     EXPECT_EQ(StandardCode::Shared().Answer, 1);
 }
 
-TEST_F(EraseQuestion, ClosingItLeavesTheAnswerAlone) {
+TEST_F(dlgInputTest, TheCloseBoxDoesNotChangeTheAnswer) {
     StandardCode::Shared().Answer = 2;
     Ask([this](dlgInput& window) { user->CloseBox(window); });
     EXPECT_EQ(StandardCode::Shared().Answer, 2);

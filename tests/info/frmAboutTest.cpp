@@ -9,7 +9,7 @@
 
 namespace {
 
-class About : public testing_support::TestProgram {
+class frmAboutTest : public testing_support::TestProgram {
   protected:
     void Show(const std::function<void(frmAbout&)>& script) {
         stage->ExpectModal<frmAbout>([&](frmAbout& window) {
@@ -23,7 +23,7 @@ class About : public testing_support::TestProgram {
     }
 };
 
-TEST_F(About, ShowsNameAndVersion) {
+TEST_F(frmAboutTest, ShowsNameAndVersion) {
     Show([](frmAbout& window) {
         EXPECT_TRUE(window.lblAbout.foreColor().has_value());
         EXPECT_EQ(window.lblVersion.caption(), "Version " JOTWRIGHT_PROJECT_VERSION);
@@ -31,7 +31,7 @@ TEST_F(About, ShowsNameAndVersion) {
     });
 }
 
-TEST_F(About, ShowsItsLinesInOrder) {
+TEST_F(frmAboutTest, ShowsItsLinesInOrder) {
     Show([](frmAbout& window) {
         const std::string& text = window.txtAbout.text();
         std::size_t position = 0;
@@ -51,7 +51,7 @@ TEST_F(About, ShowsItsLinesInOrder) {
     });
 }
 
-TEST_F(About, EscapeAndTheCloseBoxCloseIt) {
+TEST_F(frmAboutTest, EscapeAndTheCloseBoxCloseIt) {
     Show([this](frmAbout& window) {
         user->PressEscape();
         EXPECT_FALSE(window.IsLoaded());

@@ -5,9 +5,9 @@
 
 namespace {
 
-class Help : public testing_support::TestProgram {};
+class frmHelpTest : public testing_support::TestProgram {};
 
-TEST_F(Help, ShowsItsPage) {
+TEST_F(frmHelpTest, ShowsItsPage) {
     Start([] { forms::Default<frmHelp>().Show(); });
     auto& window = forms::Default<frmHelp>();
     EXPECT_EQ(window.caption(), "Jotwright Help");
@@ -25,7 +25,7 @@ TEST_F(Help, ShowsItsPage) {
               "blue N).");
 }
 
-TEST_F(Help, CloseUnloadsIt) {
+TEST_F(frmHelpTest, CloseUnloadsIt) {
     Start([] { forms::Default<frmHelp>().Show(); });
     user->Click(forms::Default<frmHelp>().cmdClose);
     EXPECT_EQ(forms::LoadedDefault<frmHelp>(), nullptr);

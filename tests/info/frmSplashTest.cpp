@@ -12,13 +12,13 @@ namespace {
 
 using forms::LoadedDefault;
 
-class Splash : public testing_support::WholeProgram {
+class frmSplashTest : public testing_support::WholeProgram {
   protected:
     void StoreViewTips(const std::string& value) {
         settings.values[{"Startup", "View Tips"}] = value;
     }
 
-    // However often the user opens the tips and presses OK, the box shows this and OK stores it.
+    // Expects that each time the tips are opened, the box has this state and OK stores it.
     void ExpectEachTimeInTheMenu(int checked) {
         for (int opened = 0; opened < 3; ++opened) {
             stage->ExpectModal<frmTip>([this, checked](frmTip& tips) {
@@ -31,7 +31,7 @@ class Splash : public testing_support::WholeProgram {
     }
 };
 
-TEST_F(Splash, ShowsMascotNameAndOwner) {
+TEST_F(frmSplashTest, ShowsMascotNameAndOwner) {
     StoreViewTips("1");
     Start(StandardCode::Main);
     auto& splash = forms::Default<frmSplash>();
@@ -44,7 +44,7 @@ TEST_F(Splash, ShowsMascotNameAndOwner) {
     EXPECT_TRUE(splash.tmrSplash.enabled());
 }
 
-TEST_F(Splash, ItsTimerIsOffUntilTheStartUpRoutineSwitchesItOn) {
+TEST_F(frmSplashTest, ItsTimerIsOffUntilTheStartUpRoutineSwitchesItOn) {
     Start([] { forms::Default<frmSplash>().Show(); });
     EXPECT_FALSE(forms::Default<frmSplash>().tmrSplash.enabled());
     Advance(5000);
@@ -52,7 +52,7 @@ TEST_F(Splash, ItsTimerIsOffUntilTheStartUpRoutineSwitchesItOn) {
     EXPECT_EQ(LoadedDefault<frmMain>(), nullptr);
 }
 
-TEST_F(Splash, TheFirstTickOnlyCounts) {
+TEST_F(frmSplashTest, TheFirstTickOnlyCounts) {
     StoreViewTips("1");
     Start(StandardCode::Main);
     Advance(999);
@@ -60,7 +60,7 @@ TEST_F(Splash, TheFirstTickOnlyCounts) {
     EXPECT_EQ(LoadedDefault<frmMain>(), nullptr);
 }
 
-TEST_F(Splash, TheSecondTickOpensTheMainWindowAndLoadsTheHiddenOnes) {
+TEST_F(frmSplashTest, TheSecondTickOpensTheMainWindowAndLoadsTheHiddenOnes) {
     StoreViewTips("1");
     Start(StandardCode::Main);
     Advance(1000);
@@ -75,7 +75,7 @@ TEST_F(Splash, TheSecondTickOpensTheMainWindowAndLoadsTheHiddenOnes) {
     }
 }
 
-TEST_F(Splash, TheTipsAreShownModallyUnlessTheUserSwitchedThemOff) {
+TEST_F(frmSplashTest, TheTipsAreShownModallyUnlessTheUserSwitchedThemOff) {
     stage->ExpectModal<frmTip>([this](frmTip& tips) {
         EXPECT_EQ(LoadedDefault<frmSplash>(), nullptr);
         EXPECT_TRUE(Main().IsVisible());
@@ -90,7 +90,7 @@ TEST_F(Splash, TheTipsAreShownModallyUnlessTheUserSwitchedThemOff) {
     EXPECT_FALSE(LoadedDefault<frmTip>()->IsVisible());
 }
 
-TEST_F(Splash, TheBoxShowsTheValueReadAtStartUpAndOkWritesIt) {
+TEST_F(frmSplashTest, TheBoxShowsTheValueReadAtStartUpAndOkWritesIt) {
     stage->ExpectModal<frmTip>([this](frmTip& tips) {
         user->Click(tips.chkShowTips);
         user->Click(tips.cmdOK);
@@ -101,12 +101,12 @@ TEST_F(Splash, TheBoxShowsTheValueReadAtStartUpAndOkWritesIt) {
     ExpectEachTimeInTheMenu(0);
 }
 
-TEST_F(Splash, OpeningSuppressedTipsKeepsThemSuppressed) {
+TEST_F(frmSplashTest, OpeningSuppressedTipsKeepsThemSuppressed) {
     StartQuietly();
     ExpectEachTimeInTheMenu(1);
 }
 
-TEST_F(Splash, AnInvalidCheckMarkShowsTheTipsWithAnEmptyBox) {
+TEST_F(frmSplashTest, AnInvalidCheckMarkShowsTheTipsWithAnEmptyBox) {
     for (const char* value : {"3", "-1", "32767", "40000", "-40000", "1e400"}) {
         StoreViewTips(value);
         int shown = 0;
@@ -123,7 +123,7 @@ TEST_F(Splash, AnInvalidCheckMarkShowsTheTipsWithAnEmptyBox) {
     }
 }
 
-TEST_F(Splash, AGrayedBoxIsShownAndCountsAsUnchecked) {
+TEST_F(frmSplashTest, AGrayedBoxIsShownAndCountsAsUnchecked) {
     StoreViewTips("2");
     stage->ExpectModal<frmTip>([this](frmTip& tips) {
         EXPECT_EQ(tips.chkShowTips.value(), 2);
@@ -134,7 +134,7 @@ TEST_F(Splash, AGrayedBoxIsShownAndCountsAsUnchecked) {
     EXPECT_EQ(settings.Read("Startup", "View Tips"), "0");
 }
 
-TEST_F(Splash, TimersRunWhileTheTipsAreOpen) {
+TEST_F(frmSplashTest, TimersRunWhileTheTipsAreOpen) {
     SetNow(2004, 5, 14, 9, 0, 0);
     stage->ExpectModal<frmTip>([this](frmTip& tips) {
         Main().tmrCooKoo.enabled = true;
@@ -147,19 +147,17 @@ TEST_F(Splash, TimersRunWhileTheTipsAreOpen) {
     Advance(1000);
 }
 
-TEST_F(Splash, AValueThatIsNotANumberEndsTheProgram) {
+TEST_F(frmSplashTest, AValueThatIsNotANumberEndsTheProgram) {
     StoreViewTips("often");
-    stage->ExpectBox("Run-time error '13':\r\n\r\nType mismatch", "Jotwright",
-                     forms::BoxIcon::Critical, forms::BoxButtons::Ok, forms::BoxResult::Ok);
+    ExpectRunTimeError(13, "Type mismatch");
     Start(StandardCode::Main);
     Advance(1000);
     EXPECT_TRUE(runtime->HasEnded());
 }
 
-TEST_F(Splash, AMissingMascotEndsTheProgram) {
+TEST_F(frmSplashTest, AMissingMascotEndsTheProgram) {
     files.Remove("C:\\Jotwright\\mascot.jpg");
-    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright",
-                     forms::BoxIcon::Critical, forms::BoxButtons::Ok, forms::BoxResult::Ok);
+    ExpectRunTimeError(53, "File not found");
     Start(StandardCode::Main);
     EXPECT_TRUE(runtime->HasEnded());
 }

@@ -8,10 +8,6 @@
 
 namespace {
 
-using forms::BoxButtons;
-using forms::BoxIcon;
-using forms::BoxResult;
-
 const std::vector<std::string> wantedTips = {
     "Create up to 100 personalized notes.",
     "To view the main menu - Right click the Jotwright Icon in the system tray or Right click any "
@@ -26,7 +22,7 @@ const std::vector<std::string> wantedTips = {
     "Thats all of the tips we have. Have fun using the Jotwright!",
 };
 
-class Tips : public testing_support::TestProgram {
+class frmTipTest : public testing_support::TestProgram {
   protected:
     void Show(const std::function<void(frmTip&)>& script) {
         stage->ExpectModal<frmTip>([&](frmTip& window) {
@@ -41,7 +37,7 @@ class Tips : public testing_support::TestProgram {
     std::optional<std::string> Stored() { return settings.Read("Startup", "View Tips"); }
 };
 
-TEST_F(Tips, LoadsWithTheFirstTip) {
+TEST_F(frmTipTest, LoadsWithTheFirstTip) {
     Show([](frmTip& window) {
         EXPECT_EQ(window.caption(), "Jotwright - Tips and Tricks");
         EXPECT_EQ(window.icon().path, "C:\\Jotwright\\logo.ico");
@@ -56,7 +52,7 @@ TEST_F(Tips, LoadsWithTheFirstTip) {
     });
 }
 
-TEST_F(Tips, NineStepsReachTheLastTipAndDisableTheButton) {
+TEST_F(frmTipTest, NineClicksReachTheLastTipAndDisableTheButton) {
     Show([this](frmTip& window) {
         for (std::size_t index = 1; index < wantedTips.size(); ++index) {
             EXPECT_TRUE(window.cmdNextTip.enabled()) << index;
@@ -67,12 +63,12 @@ TEST_F(Tips, NineStepsReachTheLastTipAndDisableTheButton) {
     });
 }
 
-TEST_F(Tips, OpenAgainWithTheFirstTip) {
+TEST_F(frmTipTest, TheTipsOpenAgainWithTheFirst) {
     Show([this](frmTip& window) { user->Click(window.cmdNextTip); });
     Show([](frmTip& window) { EXPECT_EQ(window.lblTipText.caption(), wantedTips[0]); });
 }
 
-TEST_F(Tips, OkWritesTheCheckedBox) {
+TEST_F(frmTipTest, OkWritesTheCheckedBox) {
     Show([this](frmTip& window) {
         user->Click(window.chkShowTips);
         EXPECT_EQ(Stored(), std::nullopt);
@@ -82,13 +78,13 @@ TEST_F(Tips, OkWritesTheCheckedBox) {
     EXPECT_EQ(Stored(), "1");
 }
 
-TEST_F(Tips, OkWritesTheUncheckedBox) {
+TEST_F(frmTipTest, OkWritesTheUncheckedBox) {
     settings.Write("Startup", "View Tips", "1");
     Show([this](frmTip& window) { user->Click(window.cmdOK); });
     EXPECT_EQ(Stored(), "0");
 }
 
-TEST_F(Tips, TheCloseBoxWritesNothing) {
+TEST_F(frmTipTest, TheCloseBoxWritesNothing) {
     Show([this](frmTip& window) {
         user->Click(window.chkShowTips);
         user->CloseBox(window);
@@ -96,10 +92,9 @@ TEST_F(Tips, TheCloseBoxWritesNothing) {
     EXPECT_EQ(Stored(), std::nullopt);
 }
 
-TEST_F(Tips, AMissingIconIsAnErrorOfLoading) {
+TEST_F(frmTipTest, AMissingIconIsAnErrorOfLoading) {
     files.Remove("C:\\Jotwright\\logo.ico");
-    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(53, "File not found");
     Start([] { forms::Default<frmTip>().ShowModal(); });
 }
 

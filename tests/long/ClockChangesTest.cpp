@@ -5,8 +5,8 @@
 #include "tools/frmStopWatch.h"
 #include "tools/frmTimer.h"
 
-// What happens to seconds and alarms when the wall clock does not just go on: daylight saving both
-// ways, a clock that is set, a machine that sleeps. docs/reliability.md says it in words.
+// Seconds and alarms when the wall clock jumps: the start and end of daylight saving time, a clock
+// that is set, and a machine that sleeps. docs/reliability.md has the table.
 
 using namespace forms;
 using headless::RecordedSound;
@@ -18,8 +18,8 @@ constexpr std::int64_t minute = 60;
 
 class ClockChangesTest : public testing_support::WholeProgram {
   protected:
-    // Friday, 14 May 2004, at this time, with the cuckoo on and what every second's ticks see
-    // counted.
+    // Starts the program on Friday, 14 May 2004, at this time, with the cuckoo on. Counts how often
+    // the ticks see each second.
     void StartAt(int hours, int minutes, int seconds) {
         SetNow(2004, 5, 14, hours, minutes, seconds);
         settings.values[{"Options", "StartCookoo"}] = "1";
@@ -38,10 +38,6 @@ class ClockChangesTest : public testing_support::WholeProgram {
 
     static void SetSpecialAlarm(base::DateTime time) {
         SpecialAlarmsFile::StoreSharedRow(0, {"Friday", time, "message", 1});
-    }
-
-    void PutAlarm(const std::string& title, const std::string& time) {
-        PutNote(title, "#2004-05-14#,#" + time + "#,1,12,\"1\",0,\"yes\"\r\n");
     }
 
     void CloseEditor(const std::string& title) {
@@ -68,9 +64,9 @@ class ClockChangesTest : public testing_support::WholeProgram {
 
 }  // namespace
 
-// The system moves the local time by an hour and sends no message that the clock was set; the
-// fraction of the second does not change.
-TEST_F(ClockChangesTest, TheHourThatSummerTimeLeavesOutRingsNothing) {
+// The system moves the local time by an hour without a message that the clock was set. The fraction
+// of the second does not change.
+TEST_F(ClockChangesTest, AlarmsInTheHourThatSummerTimeSkipsDoNotRing) {
     StartAt(1, 59, 50);
     SetSpecialAlarm(base::DateTime::FromTime(2, 30, 0));
     Advance(9000);  // 1:59:59 and the fraction
@@ -79,30 +75,30 @@ TEST_F(ClockChangesTest, TheHourThatSummerTimeLeavesOutRingsNothing) {
     EXPECT_TRUE(rung.empty());
     EXPECT_EQ(TimesSeen(2, 30, 0), 0);
     EXPECT_EQ(TimesSeen(3, 0, 0), 1);
-    EXPECT_EQ(Strikes(), 3 + 4);  // three and four o'clock; two o'clock is left out
+    EXPECT_EQ(Strikes(), 3 + 4);  // three and four o'clock; two o'clock is skipped
     for (const auto& [second, times] : seen) {
         EXPECT_EQ(times, 1) << base::FormatTime24(base::DateTime{second});
     }
 }
 
-TEST_F(ClockChangesTest, TheHourThatComesTwiceIsSeenTwice) {
-    PutAlarm("Dentist", "01:15:00");
+TEST_F(ClockChangesTest, AlarmsInTheRepeatedHourRingTwice) {
+    PutNote(Note("Dentist").WithAlarmAt(1, 15));
     StartAt(1, 0, 5);
     SetSpecialAlarm(base::DateTime::FromTime(1, 30, 0));
     Advance((59 * minute + 54) * 1000);  // 1:59:59 and the fraction
     ASSERT_EQ(clock.Now().TimeOnly(), base::DateTime::FromTime(2, 0, 0));
     clock.MoveWallClock(-hour);
     Advance((hour + 30) * 1000);
-    // As every clock on a wall does: what is due at a time of day is due whenever it is that time.
+    // An alarm that is due at a time of day rings each time the clock shows that time.
     EXPECT_EQ(rung.size(), 2U);
     EXPECT_EQ(Strikes(), 1 + 1 + 2);
     EXPECT_EQ(TimesSeen(1, 30, 0), 2);
-    // The editor's own alarm is over once it has rung.
+    // The alarm of an editor is turned off when it has rung.
     EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Set Alarm");
 }
 
-TEST_F(ClockChangesTest, ASavedNoteThatWasAnsweredDoesNotComeUpInTheRepeatedHour) {
-    PutAlarm("Dentist", "01:15:00");
+TEST_F(ClockChangesTest, AClosedDisplayDoesNotComeUpAgainInTheRepeatedHour) {
+    PutNote(Note("Dentist").WithAlarmAt(1, 15));
     StartAt(1, 14, 50);
     CloseEditor("Dentist");
     Advance(20'000);
@@ -115,8 +111,8 @@ TEST_F(ClockChangesTest, ASavedNoteThatWasAnsweredDoesNotComeUpInTheRepeatedHour
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
 }
 
-TEST_F(ClockChangesTest, ASavedNoteWhoseDisplayIsOpenDoesNotComeUpAgainInTheRepeatedHour) {
-    PutAlarm("Dentist", "01:15:00");
+TEST_F(ClockChangesTest, AnOpenDisplayDoesNotComeUpAgainInTheRepeatedHour) {
+    PutNote(Note("Dentist").WithAlarmAt(1, 15));
     StartAt(1, 14, 50);
     CloseEditor("Dentist");
     Advance(20'000);
@@ -131,20 +127,20 @@ TEST_F(ClockChangesTest, ASavedNoteWhoseDisplayIsOpenDoesNotComeUpAgainInTheRepe
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
 }
 
-TEST_F(ClockChangesTest, SettingTheClockForwardRingsNothingOfWhatWasLeftOut) {
+TEST_F(ClockChangesTest, AlarmsThatASetClockSkipsDoNotRing) {
     StartAt(9, 0, 0);
     SetSpecialAlarm(base::DateTime::FromTime(9, 30, 0));
     Advance(5000);
     stage->Jump(hour);
     Advance(2 * hour * 1000);
     EXPECT_TRUE(rung.empty());
-    EXPECT_EQ(Strikes(), 10 + 11);  // nine o'clock is left out, noon is silent
+    EXPECT_EQ(Strikes(), 10 + 11);  // nine o'clock is skipped, noon is silent
     for (const auto& [second, times] : seen) {
         EXPECT_EQ(times, 1) << base::FormatTime24(base::DateTime{second});
     }
 }
 
-TEST_F(ClockChangesTest, SettingTheClockBackRingsWhatComesAgain) {
+TEST_F(ClockChangesTest, AlarmsRingAgainAfterTheClockIsSetBack) {
     StartAt(9, 29, 50);
     SetSpecialAlarm(base::DateTime::FromTime(9, 30, 0));
     Advance(20'000);
@@ -155,7 +151,7 @@ TEST_F(ClockChangesTest, SettingTheClockBackRingsWhatComesAgain) {
     EXPECT_EQ(TimesSeen(9, 30, 59), 1);
 }
 
-// Programs that keep the time right move it by fractions of a second.
+// Programs that synchronize the clock move it by fractions of a second.
 TEST_F(ClockChangesTest, ACorrectionOfLessThanASecondNeitherMissesNorDoublesASecond) {
     for (const bool isTold : {true, false}) {
         for (int millisecond = 0; millisecond < 1000; millisecond += 50) {
@@ -185,8 +181,8 @@ TEST_F(ClockChangesTest, ACorrectionOfLessThanASecondNeitherMissesNorDoublesASec
     }
 }
 
-TEST_F(ClockChangesTest, SleepRingsNothingOfWhatWasSleptThroughAndGoesOnAtOnce) {
-    PutAlarm("Dentist", "10:30:00");
+TEST_F(ClockChangesTest, AlarmsDuringSleepDoNotRingAndTheClockGoesOnAtOnce) {
+    PutNote(Note("Dentist").WithAlarmAt(10, 30));
     StartAt(9, 0, 0);
     SetSpecialAlarm(base::DateTime::FromTime(10, 0, 0));
     CloseEditor("Dentist");
@@ -202,7 +198,7 @@ TEST_F(ClockChangesTest, SleepRingsNothingOfWhatWasSleptThroughAndGoesOnAtOnce) 
     }
 }
 
-TEST_F(ClockChangesTest, TheCountdownGoesByTheTimeThatPassesAndTheStopWatchByTheWallClock) {
+TEST_F(ClockChangesTest, TheCountdownUsesElapsedTimeAndTheStopWatchTheWallClock) {
     StartAt(9, 0, 0);
     frmTimer& timer = Shown<frmTimer>();
     user->Type(timer.txtMinutes, "2");

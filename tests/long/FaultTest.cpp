@@ -11,8 +11,9 @@
 #include "tests/long/Scale.h"
 #include "tests/support/WholeProgram.h"
 
-// Everything that can go wrong at the disk, at every step of everything that writes there: the
-// program is killed, or the step fails. What was saved is old or new, what was typed comes back.
+// Every operation that writes to the disk, with a fault at each of its steps: the program is
+// killed, or the step fails. Afterwards each saved file is the old or the new one, and typed text
+// comes back.
 
 using namespace forms;
 using headless::Killed;
@@ -24,9 +25,9 @@ using Disk = std::map<std::string, std::optional<std::string>>;
 
 struct Operation {
     const char* name;
-    std::function<void()> prepare;  // in a program that has started
+    std::function<void()> prepare;  // runs in a program that has started
     std::function<void()> act;
-    // What the user has typed into the editor of Dentist, or nothing.
+    // The text that the user has typed into the editor of Dentist, or nothing.
     std::string typed{};
     bool erases = false;  // the note may be gone afterwards
     bool reports = true;  // errors are shown in the box of the save
@@ -53,15 +54,15 @@ class FaultTest : public testing_support::WholeProgram {
         shipped = files;
     }
 
-    // A fresh machine, the program started and the user at the point of doing it.
+    // Starts the program on a new machine and prepares the operation.
     void Prepare(const Operation& operation) {
         Restart();
         files = shipped;
         files.PutFolder(testing_support::applicationFolder + "\\Notes");
         SetNow(2004, 5, 14, 9, 0, 0);
         answer = BoxResult::Yes;
-        PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"0\",0,\"yes\"\r\n", "old");
-        PutNote("Other", "#2004-05-14#,#12:00:00#,3,12,\"0\",0,\"yes\"\r\n", "other");
+        PutNote(Note("Dentist", "old").At(9, 0, 10));
+        PutNote(Note("Other", "other").InColor(3));
         StartAgain();
         operation.prepare();
     }
@@ -90,7 +91,7 @@ class FaultTest : public testing_support::WholeProgram {
     frmDisplayNote& ShowDisplay() {
         user->Restore(Editor("Dentist"));
         user->CloseBox(Editor("Dentist"));
-        PutNote("Dentist", "#2004-05-14#,#09:00:10#,1,12,\"1\",0,\"yes\"\r\n", "old");
+        PutNote(Note("Dentist", "old").WithAlarmAt(9, 0, 10));
         Start([] { StandardCode::LoadNotesArray(); });
         Advance(12'000);
         auto* display = FindWindow<frmDisplayNote>("Dentist");
@@ -135,7 +136,7 @@ class FaultTest : public testing_support::WholeProgram {
              [=, this] { user->CloseBox(dentist()); }, "", false, false},
             {"first save of a new note",
              [this] {
-                 files.Remove(NoteFile("Dentist"));
+                 files.Remove(PathOf("Dentist"));
                  TypeAndWait();
              },
              [=, this] { user->Click(dentist().tlbMain, "Save"); }, newText},
@@ -161,7 +162,7 @@ class FaultTest : public testing_support::WholeProgram {
              [this] {
                  user->Restore(Editor("Dentist"));
                  user->CloseBox(Editor("Dentist"));
-                 user->Tray(514);
+                 ClickTrayIcon();
                  user->Click(Main().cmdViewNotes);
                  user->Select(Default<frmViewNotes>().lvwNotes, 0);
              },
@@ -188,7 +189,7 @@ class FaultTest : public testing_support::WholeProgram {
              [this] {
                  TypeInto("Other", "other new");
                  TypeAndWait();
-                 user->Tray(514);
+                 ClickTrayIcon();
              },
              [this] { user->Click(Main().cmdExit); }, newText},
             {"end of the session",
@@ -217,13 +218,13 @@ class FaultTest : public testing_support::WholeProgram {
         }
     }
 
-    // Each file is as it was before or as it is to be, and nothing in between.
+    // Expects each file to hold its bytes from before or from after the operation.
     void ExpectOldOrNew(const Operation& operation, const Disk& before, const Disk& after,
                         Outcome& outcome) {
         bool changed = false;
         bool gone = false;
         for (const auto& [path, bytes] : WatchedFiles()) {
-            const bool mayBeGone = operation.erases && path == NoteFile("Dentist");
+            const bool mayBeGone = operation.erases && path == PathOf("Dentist");
             EXPECT_TRUE(bytes == before.at(path) || bytes == after.at(path) ||
                         (mayBeGone && !bytes))
                 << path << ": " << bytes.value_or("(none)");
@@ -242,7 +243,7 @@ class FaultTest : public testing_support::WholeProgram {
         }
     }
 
-    // How the operation goes when nothing is in its way.
+    // Runs the operation without a fault. Returns the files from before and from after it.
     std::pair<Disk, Disk> Undisturbed(const Operation& operation, Outcome& outcome) {
         Prepare(operation);
         const Disk before = WatchedFiles();
@@ -300,7 +301,7 @@ class FaultTest : public testing_support::WholeProgram {
         }
     }
 
-    // At the next start.
+    // Expects the text after the next start.
     void ExpectTextComesBack(const Operation& operation) {
         StartAgain();
         ExpectNoLeftovers();
@@ -320,7 +321,8 @@ class FaultTest : public testing_support::WholeProgram {
         EXPECT_TRUE(reported) << "no report \"" << text << '"';
     }
 
-    // In the window, and the next save works; or the program has ended, and it comes back.
+    // Expects the text in its window, and the next save to work. If the program has ended, expects
+    // the text after the next start.
     void ExpectTextIsKept(const Operation& operation) {
         if (operation.typed.empty()) {
             return;
@@ -332,7 +334,7 @@ class FaultTest : public testing_support::WholeProgram {
         auto* note = FindWindow<frmNote>("Dentist");
         if (note == nullptr) {
             StandardCode::NoteRecord saved;
-            NoteFile::Decode(files.Peek(NoteFile("Dentist")).value_or(""), saved);
+            NoteFile::Decode(FileOf("Dentist").value_or(""), saved);
             EXPECT_EQ(saved.Text, operation.typed);
             return;
         }
@@ -342,7 +344,7 @@ class FaultTest : public testing_support::WholeProgram {
         }
         user->Click(note->tlbMain, "Save");
         StandardCode::NoteRecord saved;
-        NoteFile::Decode(files.Peek(NoteFile("Dentist")).value_or(""), saved);
+        NoteFile::Decode(FileOf("Dentist").value_or(""), saved);
         EXPECT_EQ(saved.Text, operation.typed);
     }
 
@@ -362,13 +364,13 @@ class FaultTest : public testing_support::WholeProgram {
     }
 
     MemoryFiles shipped;
-    std::string newText = "brand new";  // what the user types
+    std::string newText = "brand new";  // the text that the user types
     BoxResult answer = BoxResult::Yes;
 };
 
 }  // namespace
 
-TEST_F(FaultTest, AKillAtAnyStepLeavesTheOldOrTheNew) {
+TEST_F(FaultTest, AKillAtAnyStepLeavesTheOldOrTheNewNote) {
     std::string longText;
     for (int line = 0; line < 2000; ++line) {
         longText += "line " + std::to_string(line) + " of a long text\r\n";
@@ -382,22 +384,22 @@ TEST_F(FaultTest, AKillAtAnyStepLeavesTheOldOrTheNew) {
     }
 }
 
-TEST_F(FaultTest, AnErrorAtAnyStepIsReportedAndCostsNothing) {
+TEST_F(FaultTest, AnErrorAtAnyStepIsReportedAndLosesNothing) {
     ForEachOperation([this](const Operation& operation, Outcome& outcome) {
         FailAtEachStep(operation, outcome);
     });
 }
 
-// Faults that last until somebody sees to them, as the user meets them.
-TEST_F(FaultTest, WhatLastsIsReportedAtEachSaveAndTheSaveAfterItWorks) {
+// Faults that last until the user removes their cause.
+TEST_F(FaultTest, ALastingFaultIsReportedAtEachSaveAndTheSaveAfterItWorks) {
     struct Condition {
         const char* name;
         std::function<void()> begin;
         std::function<void()> end;
-        std::string report;  // empty: the program sees to it itself
+        std::string report;  // empty if the program removes the cause itself
     };
     const std::string folder = testing_support::applicationFolder + "\\Notes";
-    const std::string path = NoteFile("Dentist");
+    const std::string path = PathOf("Dentist");
     const std::vector<Condition> conditions{
         {"full disk", [&] { files.SetFreeSpace(0); }, [&] { files.SetFreeSpace(std::nullopt); },
          "61 - Disk full"},

@@ -7,13 +7,12 @@
 #include "tests/long/Scale.h"
 #include "tests/support/WholeProgram.h"
 
-// Notes are made, edited, hidden, reopened and erased, again and again: nothing may be left of
-// them.
+// Notes are made, edited, hidden, reopened and erased many times. They may leave nothing behind.
 
 using namespace forms;
 
 #if defined(__SANITIZE_ADDRESS__)
-// Of the address sanitizer, which does not come with its headers everywhere.
+// A function of the address sanitizer, whose headers are not installed everywhere.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
@@ -21,10 +20,10 @@ namespace {
 
 constexpr int shortCycles = 250;
 constexpr int fullCycles = 10'000;
-// What an allocator may keep for later; a ninth of a byte for each cycle of the full form.
+// The bytes that an allocator may keep: a ninth of a byte for each cycle of the full form.
 constexpr std::int64_t slack = 1024;
 
-// Bytes that are allocated now.
+// The number of bytes that are allocated now.
 std::int64_t HeapInUse() {
 #if defined(__SANITIZE_ADDRESS__)
     return static_cast<std::int64_t>(__sanitizer_get_current_allocated_bytes());
@@ -33,7 +32,7 @@ std::int64_t HeapInUse() {
 #endif
 }
 
-// What a note may leave behind, beside memory.
+// Things that a note may leave behind, other than memory.
 struct Remains {
     std::size_t forms;
     std::size_t survivors;  // forms that exist, loaded or not
@@ -56,7 +55,7 @@ struct Remains {
 class GrowthTest : public testing_support::WholeProgram {
   protected:
     frmViewNotes& OpenPanel() {
-        user->Tray(514);
+        ClickTrayIcon();
         user->Click(Main().cmdViewNotes);
         return Default<frmViewNotes>();
     }
@@ -72,17 +71,17 @@ class GrowthTest : public testing_support::WholeProgram {
         }
     }
 
-    // Closed and opened in the control panel, erased there.
+    // A note that is closed, opened in the control panel, and erased there.
     void ThroughThePanel(const std::string& title);
-    // Minimised and brought back with all open notes, saved, erased by its toolbar.
+    // A note that is minimized, brought back with all open notes, saved, and erased by its toolbar.
     void InItsEditor(const std::string& title);
     void Cycle(int number);
-    // Recovery copies and all else that lies beside the notes, included.
+    // Counts recovery copies and all other files too.
     std::size_t FilesOfNotes() {
         return files.Names(testing_support::applicationFolder + "\\Notes").size();
     }
     Remains Count();
-    // What the stage and the devices have written down so far.
+    // Empties the records of the stage and the devices.
     void ForgetRecords();
 };
 
@@ -91,43 +90,37 @@ void GrowthTest::ThroughThePanel(const std::string& title) {
     user->Type(made.txtNote, "the text of " + title);
     Advance(2500);
     user->CloseBox(made);
-    EXPECT_TRUE(files.Peek(NoteFile(title)).has_value());
+    EXPECT_TRUE(FileOf(title).has_value());
     EditTheOnlyNote();
     frmNote& again = Editor(title);
     user->Type(again.txtNote, "another, longer text of " + title);
     Advance(2500);
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::Yes);
+    ExpectSaveQuestion(BoxResult::Yes);
     user->CloseBox(again);
     auto& panel = Default<frmViewNotes>();
     user->Select(panel.lvwNotes, 0);
-    stage->ExpectBox(
-        "Would you like to erase        \r\n           " + locale.ToUpper(title) + "?       ",
-        "Deleting Note", BoxIcon::Critical, BoxButtons::YesNo, BoxResult::Yes);
+    ExpectDeletingNoteQuestion(locale.ToUpper(title), BoxResult::Yes);
     user->Click(panel.cmdRemove);
 }
 
 void GrowthTest::InItsEditor(const std::string& title) {
     frmNote& note = MakeNote(title);
     user->Type(note.txtNote, "the text of " + title);
-    // Its recovery copy.
+    // The recovery copy of the note.
     Advance(2500);
     EXPECT_EQ(FilesOfNotes(), 1U);
     user->Minimize(note);
     user->Click(OpenPanel().cmdOpenAll);
     user->Type(note.txtNote, "another text of " + title);
     Advance(2500);
-    stage->ExpectBox(locale.ToUpper(title) + " has been saved.           ", "",
-                     BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+    ExpectSaved(locale.ToUpper(title));
     user->Click(note.tlbMain, "Save");
-    EXPECT_TRUE(files.Peek(NoteFile(title)).has_value());
-    stage->ExpectBox(
-        "Are you sure you would like to erase " + locale.ToUpper(title) + "?              ",
-        "Kill Note", BoxIcon::Information, BoxButtons::YesNo, BoxResult::Yes, BoxResult::No);
+    EXPECT_TRUE(FileOf(title).has_value());
+    ExpectKillNoteQuestion(locale.ToUpper(title), BoxResult::Yes);
     user->Click(note.tlbMain, "Erase");
 }
 
-// Every note has a title of its own: nothing that is kept by title can hide.
+// Every note has a different title, so data that the program keeps for each title would add up.
 void GrowthTest::Cycle(int number) {
     const std::string title = "Note " + std::to_string(100'000 + number);
     if (number % 2 == 0) {
@@ -162,7 +155,7 @@ void GrowthTest::ForgetRecords() {
 
 }  // namespace
 
-TEST_F(GrowthTest, NotesThatWereErasedLeaveNothingBehind) {
+TEST_F(GrowthTest, ErasedNotesLeaveNothingBehind) {
     const int cycles = static_cast<int>(long_tests::Scaled(shortCycles, fullCycles));
     const int warm = static_cast<int>(long_tests::Scaled(50, 1000));
     files.SetRecycleBin(false);

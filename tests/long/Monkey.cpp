@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/TrayMessages.h"
 #include "base/Text.h"
 #include "forms/Gestures.h"
 #include "notes/NoteFile.h"
@@ -15,7 +16,7 @@ namespace long_tests {
 namespace {
 
 constexpr std::size_t keptStory = 60;
-constexpr std::int64_t promised = 2100;  // after which what was typed outlives a kill
+constexpr std::int64_t promised = 2100;  // milliseconds after which typed text outlives a kill
 constexpr int crowded = 40;
 const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
 
@@ -44,7 +45,7 @@ std::string Monkey::Story() const {
     return text;
 }
 
-void Monkey::Note(const std::string& what) {
+void Monkey::Log(const std::string& what) {
     const base::DateTime now = clock.Now();
     story.push_back(base::FormatIsoDate(now) + ' ' + base::FormatTime24(now) +
                     std::string(1U + static_cast<std::size_t>(depth) * 2U, ' ') + what);
@@ -59,10 +60,10 @@ void Monkey::Listen() {
 
 void Monkey::StartProgram() {
     ++starts;
-    Note("start");
+    Log("start");
     EndTrouble();
     RemoveDamaged();
-    sound.log.clear();  // what a program plays ends with it
+    sound.log.clear();  // a sound ends with its program
     everTrouble = false;
     depth = 0;
     erased.clear();
@@ -74,14 +75,14 @@ void Monkey::StartProgram() {
     calmSince = clock.MonotonicMilliseconds();
 }
 
-// One of them keeps the program from reading the others, and says so at every turn.
+// A damaged file keeps the program from reading the others, and is reported again and again.
 void Monkey::RemoveDamaged() {
     for (const std::string& name : files.Names(notesFolder)) {
         const std::string path = notesFolder + '\\' + name;
         StandardCode::NoteRecord record;
         try {
             if (name.ends_with(".txt")) {
-                ::NoteFile::Decode(files.Peek(path).value_or(""), record);
+                NoteFile::Decode(files.Peek(path).value_or(""), record);
             }
         } catch (const base::RuntimeError&) {
             files.Remove(path);
@@ -133,13 +134,13 @@ void Monkey::Sleep() {
     const base::DateTime morning =
         base::Combine(base::DateTime{now.DateOnly().seconds + base::secondsPerDay},
                       base::DateTime::FromTime(7, 0, 0));
-    Note("sleep");
+    Log("sleep");
     if (!runtime->HasEnded()) {
         Suspend(morning.seconds - now.seconds + Below(600));
     }
 }
 
-// Time that is slept through brings no tick, and so does not count as calm.
+// There are no ticks during sleep, so the time does not count as calm.
 void Monkey::Suspend(std::int64_t seconds) {
     stage->Suspend(seconds);
     calmSince = clock.MonotonicMilliseconds();
@@ -157,7 +158,7 @@ void Monkey::Do(const Choices& choices) {
     for (const Choice& choice : choices) {
         place -= choice.weight;
         if (place < 0) {
-            Note(choice.what);
+            Log(choice.what);
             const auto act = choice.act;
             act();
             return;
@@ -206,7 +207,9 @@ void Monkey::AddForm(Form& form, Choices& choices) {
     }
     choices.push_back({1, "right-click " + name, [this, &form] { user->RightClick(form); }});
     choices.push_back({1, "move over " + name, [this, &form] {
-                           const int special[] = {514, 515, 517, Below(800)};
+                           const int special[] = {TrayMessages::leftButtonUp,
+                                                  TrayMessages::leftDoubleClick,
+                                                  TrayMessages::rightButtonUp, Below(800)};
                            user->MouseMove(form, special[Below(4)] * 15);
                        }});
     std::vector<Menu*> entries;
@@ -293,7 +296,7 @@ void Monkey::AddControl(Control& control, Choices& choices) {
         case ControlKind::ListBox:
             break;
         default:
-            // The way out would be taken all the time.
+            // With the weight of other buttons, the exit would be chosen too often.
             choices.push_back({name == "frmMain.cmdExit" ? 1 : 3, "click " + name, click});
             break;
     }
@@ -306,9 +309,9 @@ void Monkey::AddWorld(Choices& choices) {
     choices.push_back({20, "seconds pass", pass(10'000)});
     choices.push_back({4, "minutes pass", pass(300'000)});
     if (tray.icon) {
-        choices.push_back({20, "tray click", [this] { user->Tray(514); }});
-        choices.push_back({3, "tray double click", [this] { user->Tray(515); }});
-        choices.push_back({10, "tray right click", [this] { user->Tray(517); }});
+        choices.push_back({20, "tray click", [this] { ClickTrayIcon(); }});
+        choices.push_back({3, "tray double click", [this] { DoubleClickTrayIcon(); }});
+        choices.push_back({10, "tray right click", [this] { RightClickTrayIcon(); }});
     }
     choices.push_back(
         {1, "the clock is set", [this] { stage->Jump(Below(7200) - 3600, Below(2000) - 1000); }});
@@ -372,7 +375,7 @@ void Monkey::AddTrouble(Choices& choices) {
     choices.push_back({1, "somebody puts a note there", [=, this] {
                            begin();
                            behindItsBack = true;
-                           PutNote("Put " + std::to_string(Below(20)));
+                           PutNote(Note("Put " + std::to_string(Below(20))));
                        }});
     choices.push_back({1, "somebody damages a note", [=, this] {
                            begin();
@@ -401,12 +404,13 @@ void Monkey::FillUp() {
     Restart();
     const std::size_t wanted = StandardCode::maximumNotes - static_cast<std::size_t>(Below(3));
     for (int number = 1; files.Names(notesFolder).size() < wanted; ++number) {
-        PutNote("Filler " + std::to_string(number));
+        PutNote(Note("Filler " + std::to_string(number)));
     }
     StartProgram();
 }
 
-// As from outside: no handler, no event. What was typed two seconds ago is there afterwards.
+// Kills the program from outside: no handler runs and no event comes. Text that was typed more than
+// two seconds ago must come back.
 void Monkey::Kill() {
     ++kills;
     if (trouble || OneIn(2)) {
@@ -422,7 +426,7 @@ void Monkey::Kill() {
         return;
     }
     for (const OpenText& note : texts) {
-        // A new note without a word is not worth a copy.
+        // An empty new note gets no copy.
         const bool isEmpty = note.text.empty() && !note.wasSaved;
         EXPECT_TRUE(isEmpty || IsInEditor(note) || IsInFile(note))
             << note.title << " has lost: " << note.text;

@@ -14,15 +14,15 @@
 
 namespace long_tests {
 
-// Somebody who does anything that can be done, in any order: clicks, types, picks, chooses, closes,
-// answers, lets time pass, sets the clock, lets the machine sleep, fills the disk, kills the
-// program. After each gesture everything that must always be true is looked at.
+// Works the whole program with random gestures: clicks, types, picks, chooses, closes, answers,
+// lets time pass, sets the clock, lets the machine sleep, fills the disk, and kills the program.
+// Checks the invariants after each gesture.
 class Monkey : public testing_support::WholeProgram {
   protected:
     void SetUp() override;
 
     void Begin(std::uint32_t seed);
-    // One gesture, and the check of what must hold after it.
+    // Makes one gesture, and checks the invariants.
     void Act();
     // The machine sleeps until about seven in the morning of the next day.
     void Sleep();
@@ -46,7 +46,7 @@ class Monkey : public testing_support::WholeProgram {
     struct OpenText {
         Window window;
         std::string title;
-        std::string file;  // that the text is in once it is saved
+        std::string file;  // to which the text is saved
         bool wasSaved;
         std::string text;
     };
@@ -64,7 +64,7 @@ class Monkey : public testing_support::WholeProgram {
     forms::BoxResult AnswerBox(const forms::BoxRequest& box);
     void WorkModal(forms::Form& form);
     forms::Menu* ChooseFrom(forms::Menu& menu);
-    // Time passes, the tray is used, while something is open.
+    // Lets time pass or uses the tray icon while something is open.
     void Meanwhile();
 
     std::vector<forms::Form*> UsableForms();
@@ -75,7 +75,7 @@ class Monkey : public testing_support::WholeProgram {
     void AddWorld(Choices& choices);
     void AddTrouble(Choices& choices);
     void Do(const Choices& choices);
-    void Note(const std::string& what);
+    void Log(const std::string& what);
 
     void Type(forms::TextBox& textBox);
     void StartProgram();
@@ -83,21 +83,21 @@ class Monkey : public testing_support::WholeProgram {
     void EndTrouble();
     void Kill();
     void ThinOut();
-    // As many notes as there may be, or nearly.
+    // Makes as many notes as are allowed, or nearly as many.
     void FillUp();
     void Suspend(std::int64_t seconds);
 
-    // What must always be true; see docs/reliability.md.
+    // The invariants; see docs/reliability.md.
     void Check();
     void CheckWindows();
     void CheckNotes();
     void CheckSounds();
     void CheckFiles();
     void CheckVanished();
-    // What the open editors show, in the order in which they were opened.
+    // The texts that the open editors show, in the order in which they were opened.
     std::vector<OpenText> OpenTexts() const;
-    // Whether the note's file says so, or was put aside with this text because another note has
-    // taken its place.
+    // Whether the file of the note holds this text, or was put aside with it because another note
+    // replaced it.
     bool IsInFile(const OpenText& note) const;
     static bool IsInEditor(const OpenText& note);
 
@@ -111,9 +111,9 @@ class Monkey : public testing_support::WholeProgram {
     int depth = 0;
     bool trouble = false;          // a device fails now
     bool everTrouble = false;      // since the program's start
-    bool behindItsBack = false;    // files changed that the program has not read since
-    bool userDropped = false;      // this gesture answered that something be erased or not saved
-    std::int64_t calmSince = 0;    // monotonic: no trouble and nothing typed since then
+    bool behindItsBack = false;    // files have changed that the program has not read since
+    bool userDropped = false;      // in this gesture the user chose to erase or not to save
+    std::int64_t calmSince = 0;    // monotonic time since which there was no trouble and no typing
     std::vector<OpenText> before;  // OpenTexts before the gesture
     std::set<Window, std::owner_less<Window>> erased;  // editors whose Erase button was pressed
 };

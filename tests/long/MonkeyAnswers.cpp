@@ -1,6 +1,7 @@
-// What the monkey types, and what it answers when something opens.
+// The texts that the monkey types, and its answers when something opens.
 #include <array>
 
+#include "app/TrayMessages.h"
 #include "tests/long/Monkey.h"
 
 using namespace forms;
@@ -78,7 +79,7 @@ void Monkey::Improvise() {
 }
 
 BoxResult Monkey::AnswerBox(const BoxRequest& box) {
-    Note("box " + box.caption + ": " + box.text);
+    Log("box " + box.caption + ": " + box.text);
     if (box.text.starts_with("Run-time error") && !trouble) {
         ADD_FAILURE() << box.text;
     }
@@ -89,7 +90,7 @@ BoxResult Monkey::AnswerBox(const BoxRequest& box) {
     }
     const bool yes = OneIn(2);
     const bool asksToSave = box.caption == "Save Changes?";
-    // The alarm display writes its own text whatever the answer.
+    // The alarm display saves its own text with either answer.
     if (yes != asksToSave || box.caption == " Erase Note?") {
         userDropped = true;
     }
@@ -125,11 +126,11 @@ Menu* Monkey::ChooseFrom(Menu& menu) {
         return nullptr;
     }
     Menu* chosen = entries[static_cast<std::size_t>(Below(static_cast<int>(entries.size())))];
-    // The way out would be taken all the time.
+    // With the weight of other entries, the exit would be chosen too often.
     if (std::string(chosen->name) == "mnuExit" && !OneIn(4)) {
         return nullptr;
     }
-    Note(std::string("menu ") + chosen->name);
+    Log(std::string("menu ") + chosen->name);
     return chosen;
 }
 
@@ -140,15 +141,16 @@ void Monkey::Meanwhile() {
     ++depth;
     const int kind = Below(10);
     if (kind < 7 || !tray.icon) {
-        Note("time passes");
+        Log("time passes");
         Advance(1 + Below(kind == 0 ? 60'000 : 3000));
     } else if (kind == 7) {
-        Note("the clock is set");
+        Log("the clock is set");
         stage->Jump(Below(120) - 60, Below(1000));
     } else {
-        const int messages[] = {514, 515, 517};
+        const int messages[] = {TrayMessages::leftButtonUp, TrayMessages::leftDoubleClick,
+                                TrayMessages::rightButtonUp};
         const int message = messages[Below(3)];
-        Note("tray " + std::to_string(message));
+        Log("tray " + std::to_string(message));
         user->Tray(message);
     }
     --depth;

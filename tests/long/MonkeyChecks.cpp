@@ -1,4 +1,4 @@
-// What must be true after each gesture of the monkey.
+// The invariants that are checked after each gesture of the monkey.
 #include <algorithm>
 
 #include "alarms/Bell.h"
@@ -16,7 +16,7 @@ namespace long_tests {
 namespace {
 
 const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
-// The clock's next tick and what it sets going.
+// The milliseconds until the next tick of the main clock, and the sound that this tick starts.
 constexpr std::int64_t settled = 2100;
 
 bool IsNote(const Form& form) { return dynamic_cast<const frmNote*>(&form) != nullptr; }
@@ -41,7 +41,7 @@ bool Monkey::IsInFile(const OpenText& note) const {
     const auto says = [&note](const std::string& bytes) {
         StandardCode::NoteRecord record;
         try {
-            ::NoteFile::Decode(bytes, record);
+            NoteFile::Decode(bytes, record);
             return record.Text == note.text;
         } catch (const base::RuntimeError&) {
             return false;
@@ -80,8 +80,8 @@ void Monkey::CheckWindows() {
         const auto& window = headless::HeadlessStage::WindowOf(*form);
         EXPECT_EQ(window.shown, form->IsVisible()) << form->name;
         EXPECT_EQ(window.usable, form->IsUsable() || !form->IsVisible()) << form->name;
-        // No modal form is open: nothing is shut off.
-        EXPECT_TRUE(!form->IsVisible() || form->IsUsable()) << form->name << " is shut off";
+        // No modal form is open, so no form is disabled.
+        EXPECT_TRUE(!form->IsVisible() || form->IsUsable()) << form->name << " is disabled";
         if (form->IsVisible()) {
             EXPECT_EQ(window.state, form->windowState()) << form->name;
         }
@@ -152,9 +152,9 @@ void Monkey::CheckFiles() {
     }
 }
 
-// An editor that closed without being told to drop anything has left its text in its file.
+// If an editor was closed and the user did not discard its text, its file holds the text.
 void Monkey::CheckVanished() {
-    // Through the control panel, a text that has kept its length is no change.
+    // In the mode of the control panel, a text of the same length does not count as a change.
     if (userDropped || behindItsBack || Shared().ControlPanelMode) {
         return;
     }

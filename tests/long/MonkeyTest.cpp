@@ -5,12 +5,12 @@
 
 namespace {
 
-// Days of the monkey's life; each has some hundred gestures, and a night.
+// The number of days of the test. Each has some hundred gestures, and a night.
 class MonkeyTest : public long_tests::Monkey {};
 
 }  // namespace
 
-TEST_F(MonkeyTest, NothingBreaksWhateverTheUserDoes) {
+TEST_F(MonkeyTest, RandomGesturesBreakNoInvariant) {
     const std::int64_t days = long_tests::Scaled(20, 3653);
     constexpr int gesturesOfADay = 250;
     Begin(long_tests::Seed());

@@ -6,8 +6,8 @@
 #include "notes/NoteStore.h"
 #include "tests/support/WholeProgram.h"
 
-// What moves a file out of the way, or into its place: at each step the program is killed, the step
-// fails, or the disk is full or read-only. Nothing that was in a file or in a window is lost.
+// Operations that put a file aside or move it into its place. At each step the program is killed,
+// the step fails, or the disk is full or read-only. No text of a file or of a window may be lost.
 
 using namespace forms;
 using headless::Killed;
@@ -15,12 +15,12 @@ using headless::MemoryFiles;
 
 namespace {
 
-const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
-constexpr const char* fields = ",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
+using testing_support::Note;
 
-const std::string milk = std::string("\"Shopping\",\"milk\"") + fields;
-const std::string lost = std::string("\"Lost\",\"found\"") + fields;
-const std::string there = std::string("\"There\",\"saved\"") + fields;
+const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
+const std::string milk = NoteFile::Compose(Note("Shopping", "milk"));
+const std::string lost = NoteFile::Compose(Note("Lost", "found"));
+const std::string there = NoteFile::Compose(Note("There", "saved"));
 const std::string half = "\"b\",\"half a note";
 
 struct Operation {
@@ -88,7 +88,7 @@ class PutAsideFaultTest : public testing_support::WholeProgram {
         const auto leaveOver = [this] {
             Put("~Jotwright-0123456789abcdef-3.tmp", lost);
             Put("~Jotwright-0123456789abcdef-4.tmp", lost.substr(0, 20));
-            Put("~Jotwright-0123456789abcdef-5.tmp", std::string("\"There\",\"older\"") + fields);
+            Put("~Jotwright-0123456789abcdef-5.tmp", NoteFile::Compose(Note("There", "older")));
             Put("There.txt", there);
         };
         return {
@@ -133,7 +133,7 @@ class PutAsideFaultTest : public testing_support::WholeProgram {
         return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
             StandardCode::NoteRecord record;
             try {
-                ::NoteFile::Decode(files.Peek(notesFolder + '\\' + name).value_or(""), record);
+                NoteFile::Decode(files.Peek(notesFolder + '\\' + name).value_or(""), record);
             } catch (const base::RuntimeError&) {
                 return false;
             }
@@ -153,7 +153,7 @@ class PutAsideFaultTest : public testing_support::WholeProgram {
             << "lost: " << operation.typed;
     }
 
-    // The next start finds everything and clears up.
+    // Expects that the next start finds all texts and removes the temporary files.
     void ExpectAllAfterTheNextStart(const Operation& operation) {
         Restart();
         ExpectFiles(operation);
@@ -161,14 +161,14 @@ class PutAsideFaultTest : public testing_support::WholeProgram {
         ExpectAll(operation);
         if (!operation.file.empty()) {
             const std::string bytes = files.Peek(notesFolder + '\\' + operation.file).value_or("");
-            EXPECT_TRUE(::NoteFile::IsWhole(bytes)) << operation.file << ": " << bytes;
+            EXPECT_TRUE(NoteFile::IsWhole(bytes)) << operation.file << ": " << bytes;
         }
         for (const std::string& name : files.Names(notesFolder)) {
             EXPECT_FALSE(name.ends_with(".tmp")) << name;
         }
     }
 
-    // Each step of the operation, from 1.
+    // The number of steps of the operation.
     int StepsOf(const Operation& operation) {
         Prepare(operation);
         files.ClearFaults();

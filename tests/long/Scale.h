@@ -2,15 +2,15 @@
 
 #include <cstdint>
 
-// How much a long test does. Its short form is a part of every test run; the full one has a command
-// of its own (scripts/long-run), which sets JOTWRIGHT_LONG.
+// The size of a long test. Every test run includes its short form. scripts/long-run runs the full
+// form, with JOTWRIGHT_LONG set.
 namespace long_tests {
 
 bool IsFull();
-// The first number in the short form, the second in the full one.
+// The first number in the short form, the second in the full form.
 std::int64_t Scaled(std::int64_t shortForm, std::int64_t fullForm);
-// Where all chance comes from: JOTWRIGHT_SEED, else a number that differs from run to run in the
-// full form and is always the same in the short one. Printed when it is first asked for.
+// The seed of all random numbers: JOTWRIGHT_SEED if it is set. If not, it is always the same in the
+// short form, and differs from run to run in the full form. The first call prints it.
 std::uint32_t Seed();
 
 }  // namespace long_tests

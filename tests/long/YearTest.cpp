@@ -8,20 +8,20 @@
 #include "tests/long/Scale.h"
 #include "tests/support/WholeProgram.h"
 
-// A year of the whole program with every wake-up late by chance and the wall clock going a little
-// wrong: each second is seen once, each alarm rings once.
+// The whole program runs for a year. Every wake-up is late by a random time, and the wall clock is
+// slightly fast or slow. The program sees each second once, and each alarm rings once.
 
 using namespace forms;
 
 namespace {
 
 constexpr int worstJitter = 400;    // milliseconds
-constexpr int cuckooLength = 1700;  // milliseconds, of the wave that is shipped
+constexpr int cuckooLength = 1700;  // milliseconds, the length of the shipped file
 constexpr std::int64_t secondsPerHour = 3600;
-// 1 to 11 in the morning, none at noon, 1 to 10 after it, 12 at eleven at night and at midnight.
+// 1 to 11 in the morning, none at noon, 1 to 10 in the afternoon, and 12 at 11 pm and at midnight.
 constexpr int strikesOfADay = 66 + 55 + 12 + 12;
 
-// What the ticks of one timer have seen of the wall clock.
+// The seconds of the wall clock that the ticks of one timer have seen.
 struct Seconds {
     std::int64_t seen = 0;
     std::int64_t missed = 0;
@@ -30,7 +30,7 @@ struct Seconds {
     std::optional<base::DateTime> last;
 };
 
-// One alarm that is to ring, and what came of it.
+// One alarm that should ring, and how often it has rung.
 struct Planned {
     std::string what;
     base::DateTime due;
@@ -141,8 +141,9 @@ class YearTest : public testing_support::WholeProgram {
             {specialAlarms[weekday].Message, base::Combine(day, specialAlarms[weekday].Time)});
         for (const char* title : {"Dentist", "Rent", "Call"}) {
             const base::DateTime time = SomeMinute();
-            PutNote(title, '#' + base::FormatIsoDate(day) + "#,#" + base::FormatTime24(time) +
-                               "#,1,12,\"1\"," + std::to_string(Below(2)) + ",\"yes\"\r\n");
+            Note note = Note(title).WithAlarmAt(time).On(day);
+            note.AudioAlarm = static_cast<std::int16_t>(Below(2));
+            PutNote(note);
             planned.push_back({std::string("saved ") + title, base::Combine(day, time)});
         }
         Start([] { StandardCode::LoadNotesArray(); });
@@ -223,7 +224,7 @@ TEST_F(YearTest, EverySecondIsSeenOnceAndEachAlarmRingsOnce) {
     clock.SetJitter(worstJitter, long_tests::Seed());
 
     for (int day = 0; day < days; ++day) {
-        // To the first moments of the next day, whatever the clock's drift was.
+        // Go on to the start of the next day, whatever the drift of the clock was.
         while (clock.Now().Hour() == 23) {
             Advance(1000 - clock.MillisecondOfSecond());
         }

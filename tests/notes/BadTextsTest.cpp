@@ -6,15 +6,15 @@
 #include "notes/frmDisplayNote.h"
 #include "tests/support/NoteProgram.h"
 
-// Texts of every kind, and files that are not as the program would have written them.
+// Texts of all kinds, and files that the program would not have written in this form.
 
 namespace {
 
 using namespace std::string_literals;
 
-class BadTexts : public testing_support::NoteProgram {
+class BadTextsTest : public testing_support::NoteProgram {
   protected:
-    // The text box of the note in the file, after a start of the program.
+    // Starts the program with this file. Returns the text in the text box of the note.
     std::string Shown(const std::string& bytes) {
         files.PutFile(PathOf("Note"), bytes);
         RestartProgram();
@@ -27,7 +27,7 @@ class BadTexts : public testing_support::NoteProgram {
     }
 };
 
-TEST_F(BadTexts, WhateverIsPastedComesBack) {
+TEST_F(BadTextsTest, AnyPastedTextComesBack) {
     std::string scripts;
     while (scripts.size() < 65536) {
         scripts += "\xf0\x9f\x98\x80\xd7\xa9\xd7\x9c e\xcc\x81\t\xe6\x97\xa5\r\n";
@@ -48,7 +48,7 @@ TEST_F(BadTexts, WhateverIsPastedComesBack) {
     }
 }
 
-TEST_F(BadTexts, NothingBehindAZeroByteIsLost) {
+TEST_F(BadTextsTest, TheTextAfterAZeroByteIsKept) {
     const std::string bytes = FileWith("first\0second\0third"s);
     EXPECT_EQ(Shown(bytes), "first second third");
     user->Restore(Editor("Note"));
@@ -61,7 +61,7 @@ TEST_F(BadTexts, NothingBehindAZeroByteIsLost) {
     EXPECT_EQ(FileOf("Note"), FileWith("first second third!"));
 }
 
-TEST_F(BadTexts, NothingBehindAZeroByteOfARecoveryCopyIsLost) {
+TEST_F(BadTextsTest, TheTextAfterAZeroByteOfARecoveryCopyIsKept) {
     MakeNote("Note", "first_second");
     Advance(2000);
     const std::string copy = "C:\\Jotwright\\Notes\\~Note-" + system.instanceId + ".recovery";
@@ -74,11 +74,11 @@ TEST_F(BadTexts, NothingBehindAZeroByteOfARecoveryCopyIsLost) {
     EXPECT_EQ(Editor("Note").txtNote.text(), "first second");
 }
 
-TEST_F(BadTexts, EveryLineBreakIsShownAndKept) {
+TEST_F(BadTextsTest, EveryLineBreakIsShownAndKept) {
     EXPECT_EQ(Shown(FileWith("a\nb\n\nc")), "a\r\nb\r\n\r\nc");
     EXPECT_EQ(Shown(FileWith("a\rb\r\rc")), "a\r\nb\r\n\r\nc");
     EXPECT_EQ(Shown(FileWith("a\r\nb\n\rc\r")), "a\r\nb\r\n\r\nc\r\n");
-    // What is only shown is no change: nothing has to be kept for the next start.
+    // Showing a text does not change it, so nothing must be kept for the next start.
     Advance(2000);
     EXPECT_EQ(files.Names("C:\\Jotwright\\Notes"), std::vector<std::string>{"Note.txt"});
     user->Restore(Editor("Note"));
@@ -91,7 +91,7 @@ TEST_F(BadTexts, EveryLineBreakIsShownAndKept) {
     EXPECT_EQ(FileOf("Note"), FileWith("a\r\nb"));
 }
 
-TEST_F(BadTexts, TheAlarmDisplayShowsEveryLineBreak) {
+TEST_F(BadTextsTest, TheAlarmDisplayShowsEveryLineBreak) {
     files.PutFile(PathOf("Note"), FileWith("a\nb"));
     std::shared_ptr<frmDisplayNote> display;
     Start([&display] {
@@ -101,15 +101,15 @@ TEST_F(BadTexts, TheAlarmDisplayShowsEveryLineBreak) {
     EXPECT_EQ(display->lblNoteText.text(), "a\r\nb");
 }
 
-// A text with double quotes is written as it stands, and is found whole again by the fields that
-// follow it; no other note is touched.
-TEST_F(BadTexts, QuotesComeBackAndTheAlarmRings) {
+// A text with double quotes is written unchanged. The reader finds its end by the fields that
+// follow it. Other notes are not touched.
+TEST_F(BadTextsTest, ATextWithQuotesComesBackAndTheAlarmRings) {
     const std::string tail = ",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
     for (const std::string& text : std::vector<std::string>{
              "He said \"no\"", "\"", "5\" pipe", "x\" \"", "\"\"", "a\",", "\",#", "\"\r\n\"",
              "\"a\",\"b\"", "\"" + tail, "\"" + tail + "more"}) {
-        PutNote(Record("A before", "untouched"));
-        PutNote(Record("Z behind", "untouched"));
+        PutNote(Note("A before", "untouched"));
+        PutNote(Note("Z behind", "untouched"));
         frmNote& note = MakeNote("Note", text);
         user->Pick(note.dtTime, base::DateTime::FromTime(9, 1, 0));
         user->Click(note.cmdAlarm);
@@ -132,7 +132,7 @@ TEST_F(BadTexts, QuotesComeBackAndTheAlarmRings) {
     }
 }
 
-TEST_F(BadTexts, DatesThatPickersDoNotKnowStay) {
+TEST_F(BadTextsTest, DatesThatThePickersCannotShowStay) {
     for (const char* date : {"#0100-01-01#", "#0512-02-29#", "#1500-06-05#", "#1600-12-31#",
                              "#1752-09-14#", "#1899-12-30#", "#9999-12-31#"}) {
         const std::string bytes = FileWith("text", date);
@@ -150,29 +150,26 @@ TEST_F(BadTexts, DatesThatPickersDoNotKnowStay) {
     }
 }
 
-TEST_F(BadTexts, DatesThatAreNoneAreReportedAndTheFileStays) {
+TEST_F(BadTextsTest, ImpossibleDatesAreReportedAndTheFileStays) {
     for (const char* date : {"#0000-00-00#", "#0099-12-31#", "#10000-01-01#", "#2004-02-30#",
                              "#2004-13-01#", "#-2004-01-01#", "#99999999999999999999-1-1#"}) {
         const std::string bytes = FileWith("text", date);
         files.PutFile(PathOf("Note"), bytes);
-        stage->ExpectBox("Type mismatch", "Error Loading File", forms::BoxIcon::None,
-                         forms::BoxButtons::Ok, forms::BoxResult::Ok);
+        ExpectLoadError("Type mismatch");
         Start(StandardCode::ReadNotes);
-        stage->ExpectBox("Error Number: 13) - Type mismatch", "Error Loading Notes Array",
-                         forms::BoxIcon::None, forms::BoxButtons::Ok, forms::BoxResult::Ok);
+        ExpectNotesArrayError("Error Number: 13) - Type mismatch");
         Start(StandardCode::LoadNotesArray);
         EXPECT_EQ(FileOf("Note"), bytes) << date;
         EXPECT_TRUE(runtime->LoadedForms().empty());
     }
 }
 
-TEST_F(BadTexts, NumbersOutOfRangeAreReportedOrPassedOver) {
+TEST_F(BadTextsTest, NumbersOutOfRangeAreReportedOrIgnored) {
     for (const char* numbers : {"32768,12", "1,-32769", "1,1e5", "1,99999999999999999999"}) {
         const std::string bytes = "\"Note\",\"text\",#2004-05-14#,#09:30:00#," +
                                   std::string(numbers) + ",\"0\",0,\"yes\"\r\n";
         files.PutFile(PathOf("Note"), bytes);
-        stage->ExpectBox("Overflow", "Error Loading File", forms::BoxIcon::None,
-                         forms::BoxButtons::Ok, forms::BoxResult::Ok);
+        ExpectLoadError("Overflow");
         Start(StandardCode::ReadNotes);
         EXPECT_EQ(FileOf("Note"), bytes);
     }

@@ -7,7 +7,7 @@
 #include "notes/TitleRules.h"
 #include "tests/support/NoteProgram.h"
 
-// Titles that the rules let pass and that are no file names, or look as if they were none.
+// Titles that the rules accept although they are no file names, and unusual titles that are.
 
 namespace {
 
@@ -15,10 +15,10 @@ using Names = std::vector<std::string>;
 
 constexpr const char* badName = "52 - Bad file name or number";
 
-class BadTitles : public testing_support::NoteProgram {
+class BadTitlesTest : public testing_support::NoteProgram {
   protected:
     Names FilesOfNotes() const { return files.Names("C:\\Jotwright\\Notes"); }
-    // Every file that a save may touch but must not.
+    // The files that no save may change.
     Names FilesAround() const {
         Names names = files.Names("C:\\Jotwright");
         for (const char* folder :
@@ -30,13 +30,13 @@ class BadTitles : public testing_support::NoteProgram {
     }
 };
 
-TEST_F(BadTitles, WhatIsNoFileNameIsReportedAndTheTextStays) {
+TEST_F(BadTitlesTest, ATitleThatIsNoFileNameIsReportedAndTheTextStays) {
     const Names around = FilesAround();
     for (const std::string& title : std::vector<std::string>{
              "CON", "con", "Nul", "AUX ", "PRN", "COM1", "lpt9", "CONIN$", "conout$", "a*b", "a?b",
              "a|b", "a<b", "a>b", "tab\tstop", "line\r\nbreak", "bell\a", std::string(252, 'n'),
              std::string(65536, 'n'),
-             // 126 characters that take two units each
+             // 126 characters of two UTF-16 units each
              [] {
                  std::string emoji;
                  for (int i = 0; i < 126; ++i) {
@@ -63,7 +63,7 @@ TEST_F(BadTitles, WhatIsNoFileNameIsReportedAndTheTextStays) {
     EXPECT_EQ(FilesAround(), around);
 }
 
-TEST_F(BadTitles, APathLongerThanTheSystemTakesIsReported) {
+TEST_F(BadTitlesTest, APathThatIsTooLongForTheSystemIsReported) {
     const std::string title(250, 'n');
     frmNote& note = MakeNote(title, "typed");
     ExpectWriteError("76 - Path not found");
@@ -72,7 +72,7 @@ TEST_F(BadTitles, APathLongerThanTheSystemTakesIsReported) {
     EXPECT_TRUE(FilesOfNotes().empty());
 }
 
-TEST_F(BadTitles, WhatOnlyLooksStrangeIsSavedUnderItsOwnName) {
+TEST_F(BadTitlesTest, AnUnusualTitleThatIsAFileNameIsSavedUnderIt) {
     const Names titles{
         "a",
         "a ",
@@ -85,11 +85,11 @@ TEST_F(BadTitles, WhatOnlyLooksStrangeIsSavedUnderItsOwnName) {
         "[x] {y} (z) + = ! @ # $ ^ & , `",
         "\xf0\x9f\x98\x80",                      // beyond the first plane
         "\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d",      // from right to left
-        "e\xcc\x81 and \xc3\xa9",                // combined and in one
+        "e\xcc\x81 and \xc3\xa9",                // decomposed and composed
         "\xe6\x97\xa5\xe6\x9c\xac\xe8\xaa\x9e",  // ideographs
         "\xe2\x80\xae"
         "txt"
-        "\xe2\x80\xac",  // turned around
+        "\xe2\x80\xac",  // with reversed direction
     };
     for (const std::string& title : titles) {
         user->CloseBox(MakeNote(title, "text of " + title));
@@ -104,8 +104,8 @@ TEST_F(BadTitles, WhatOnlyLooksStrangeIsSavedUnderItsOwnName) {
     }
 }
 
-// The title in a note's file is whatever somebody has written there.
-TEST_F(BadTitles, ATitleInAFileNamesNoFileElsewhere) {
+// The title in the file of a note may be any text.
+TEST_F(BadTitlesTest, ATitleInAFileNeverNamesAnotherFile) {
     const Names titles{"..\\evil",
                        "..\\SpecialAlarms\\SpecialAlarms",
                        "x\\..\\..\\evil",
@@ -117,26 +117,26 @@ TEST_F(BadTitles, ATitleInAFileNamesNoFileElsewhere) {
                        ".",
                        "CON"};
     for (const std::string& title : titles) {
-        files.PutFile(PathOf("strange"), NoteFile::Encode(Record(title, "text")));
+        files.PutFile(PathOf("strange"), NoteFile::Encode(Note(title)));
         Start(StandardCode::ReadNotes);
         frmNote& note = Editor(title);
         user->Restore(note);
         user->Type(note.txtNote, "typed");
         const Names around = FilesAround();
         user->CloseBox(note);
-        // The note stays in the file that it came from.
-        EXPECT_EQ(FileOf("strange"), NoteFile::Encode(Record(title, "typed"))) << title;
+        // The note is saved to the file from which it was read.
+        EXPECT_EQ(FileOf("strange"), NoteFile::Encode(Note(title, "typed"))) << title;
         EXPECT_EQ(FilesOfNotes(), Names{"strange.txt"}) << title;
         EXPECT_EQ(FilesAround(), around) << title;
         RestartProgram();
     }
 }
 
-TEST_F(BadTitles, ErasingByAStrangeTitleErasesNothingElse) {
+TEST_F(BadTitlesTest, ErasingANoteWithAnUnusualTitleErasesNoOtherFile) {
     files.PutFile("C:\\Jotwright\\kept.txt", "kept");
     const auto fresh = files;
     for (const char* title : {"..\\kept", "C:\\Jotwright\\kept"}) {
-        files.PutFile(PathOf("strange"), NoteFile::Encode(Record(title, "text")));
+        files.PutFile(PathOf("strange"), NoteFile::Encode(Note(title)));
         Start(StandardCode::ReadNotes);
         stage->improvise.box = [](const forms::BoxRequest&) { return forms::BoxResult::Yes; };
         user->Restore(Editor(title));
@@ -149,7 +149,7 @@ TEST_F(BadTitles, ErasingByAStrangeTitleErasesNothingElse) {
     }
 }
 
-TEST_F(BadTitles, AFolderInTheFilesPlaceIsReported) {
+TEST_F(BadTitlesTest, AFolderInPlaceOfTheFileIsReported) {
     files.PutFolder("C:\\Jotwright\\Notes\\Dentist.txt");
     frmNote& note = MakeNote("Dentist", "typed");
     ExpectWriteError("75 - Path/File access error");

@@ -75,7 +75,7 @@ TEST_F(CreateNoteTest, TakesTheDefaultFontSizeByItsPlaceInTheMenu) {
     }
 }
 
-TEST_F(CreateNoteTest, ASettingThatIsNoNumberLeavesNoHalfMadeNote) {
+TEST_F(CreateNoteTest, ASettingThatIsNoNumberLeavesNoUnfinishedNote) {
     for (const char* key : {"DefaultColor", "DefaultFontSize", "ShowDateTime"}) {
         settings.values.clear();
         settings.values[{"Options", key}] = "blue";
@@ -93,7 +93,7 @@ TEST_F(CreateNoteTest, ASettingThatIsNoNumberLeavesNoHalfMadeNote) {
     EXPECT_TRUE(StandardCode::NoteTitles().empty());
 }
 
-TEST_F(CreateNoteTest, TwoNotesOfOneTitleCanBeOpen) {
+TEST_F(CreateNoteTest, TwoNotesWithTheSameTitleCanBeOpen) {
     Start([] {
         StandardCode::CreateNote("Twin");
         StandardCode::CreateNote("Twin");

@@ -4,11 +4,13 @@
 
 #include "notes/NoteFile.h"
 #include "notes/NoteStore.h"
+#include "tests/support/Note.h"
 #include "tests/support/RuleDevices.h"
 
 namespace {
 
 using testing_support::ErrorOf;
+using testing_support::Note;
 using testing_support::RuleDevices;
 
 using base::DateTime;
@@ -19,15 +21,10 @@ const std::string byteOrderMark = "\xef\xbb\xbf";
 class NoteFileTest : public testing::Test, protected RuleDevices {
   protected:
     static NoteRecord Dentist() {
-        return {"Dentist",
-                "Call to move the appointment.\r\nAsk for a Friday.",
-                DateTime::FromDate(2004, 5, 14),
-                DateTime::FromTime(9, 30, 0),
-                5,
-                12,
-                "1",
-                1,
-                "yes"};
+        return Note("Dentist", "Call to move the appointment.\r\nAsk for a Friday.")
+            .WithAlarmAt(9, 30)
+            .WithSound()
+            .InColor(5);
     }
 
     static NoteRecord Decoded(const std::string& bytes) {
@@ -47,7 +44,7 @@ TEST_F(NoteFileTest, WritesTheRecordByteForByte) {
               "#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n");
 }
 
-TEST_F(NoteFileTest, RewrittenNoteHasItsTimeAsAText) {
+TEST_F(NoteFileTest, ARewrittenNoteHasItsTimeAsText) {
     NoteRecord record = Dentist();
     record.AlarmState = "0";
     record.AudioAlarm = 0;
@@ -71,7 +68,7 @@ TEST_F(NoteFileTest, MidnightRoundTrips) {
     EXPECT_EQ(Decoded(NoteFile::Encode(record)), record);
 }
 
-TEST_F(NoteFileTest, DateFieldHoldsNoTimeAndTimeFieldNoDate) {
+TEST_F(NoteFileTest, TheDateFieldHoldsNoTimeAndTheTimeFieldNoDate) {
     NoteRecord record = Dentist();
     record.AlarmDate = base::Combine(record.AlarmDate, DateTime::FromTime(1, 2, 3));
     record.AlarmTime = base::Combine(record.AlarmDate, record.AlarmTime);
@@ -92,7 +89,7 @@ TEST_F(NoteFileTest, CommasBlanksSignsAndLooseLineBreaksRoundTrip) {
     EXPECT_EQ(Decoded(NoteFile::Encode(record)), record);
 }
 
-TEST_F(NoteFileTest, TextInTheCodePageIsWrittenInIt) {
+TEST_F(NoteFileTest, TextInTheCodePageIsWrittenInTheCodePage) {
     NoteRecord record = Dentist();
     record.Title = "Caf\xc3\xa9";
     record.Text = "5 \xe2\x82\xac";
@@ -101,7 +98,7 @@ TEST_F(NoteFileTest, TextInTheCodePageIsWrittenInIt) {
     EXPECT_EQ(Decoded(bytes), record);
 }
 
-TEST_F(NoteFileTest, TextOutsideTheCodePageIsUtf8BehindAMark) {
+TEST_F(NoteFileTest, TextOutsideTheCodePageIsWrittenAsUtf8AfterAMark) {
     NoteRecord record = Dentist();
     record.Text = "\xce\xb1 \xf0\x9f\x98\x80 \xc3\xa9";
     const std::string bytes = NoteFile::Encode(record);
@@ -110,7 +107,7 @@ TEST_F(NoteFileTest, TextOutsideTheCodePageIsUtf8BehindAMark) {
     EXPECT_EQ(Decoded(bytes), record);
 }
 
-TEST_F(NoteFileTest, AQuoteBehindTheFirstByteOfAPairStillEndsTitleAndText) {
+TEST_F(NoteFileTest, AQuoteAfterTheFirstByteOfAPairStillEndsTitleAndText) {
     const std::string fields = ",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
     for (const int codePage : {932, 936}) {
         locale.codePage = codePage;
@@ -147,7 +144,7 @@ TEST_F(NoteFileTest, ReadsAMarkedFileThatAnotherProgramSaved) {
               broken);
 }
 
-TEST_F(NoteFileTest, MarkAloneIsAnEmptyFile) {
+TEST_F(NoteFileTest, AMarkAloneIsAnEmptyFile) {
     EXPECT_EQ(ErrorOfDecoding(byteOrderMark), 62);
     EXPECT_EQ(ErrorOfDecoding(""), 62);
 }
@@ -188,7 +185,7 @@ TEST_F(NoteFileTest, AFileThatDoesNotEndInTheRightFieldsIsReadFieldByField) {
     EXPECT_EQ(ErrorOfDecoding("\"a\",\"b\"c\",5,12,\"1\",1"), 62);
 }
 
-TEST_F(NoteFileTest, WhatFollowsAClosingQuote) {
+TEST_F(NoteFileTest, BlanksAfterAClosingQuoteAreSkippedAndOtherTextStartsTheNextField) {
     const std::string rest = ",\"t\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
     EXPECT_EQ(Decoded("\"a\"  \t" + rest).Text, "t");
     const NoteRecord read = Decoded("\"a\"b,#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n");
@@ -245,7 +242,7 @@ TEST_F(NoteFileTest, ImpossibleDatesAreTypeMismatches) {
     }
 }
 
-TEST_F(NoteFileTest, WhatIsNoDateIsTheZeroDate) {
+TEST_F(NoteFileTest, TextThatIsNoDateIsTheZeroDate) {
     for (const char* date : {"#2004-05-14", "2004-05-14#", "#", "#2004-05-14#x", "tomorrow", "\"\"",
                              "#2004-05-14 #x", "12"}) {
         EXPECT_EQ(Decoded(WithFields(date, "#09:30:00#")).AlarmDate, DateTime{}) << date;
@@ -266,9 +263,9 @@ TEST_F(NoteFileTest, Integers) {
     }
 }
 
-// Cut anywhere, the file is too short, or what is left of a field cannot be converted, or it only
-// lost the end of its last text.
-TEST_F(NoteFileTest, EveryTruncationIsAnErrorOrCostsOnlyTheTrailer) {
+// If the file is cut anywhere, it is too short, or a field cannot be converted, or only the end of
+// the last field is missing.
+TEST_F(NoteFileTest, EveryTruncationIsAnErrorOrLosesOnlyTheTrailer) {
     const std::string bytes = NoteFile::Encode(Dentist());
     const std::size_t trailer = bytes.size() - 7;  // "yes" with its quotes, CR LF
     for (std::size_t length = 0; length < bytes.size(); ++length) {
@@ -300,11 +297,11 @@ TEST_F(NoteFileTest, FieldsRunOutAtEveryBoundary) {
     EXPECT_EQ(ErrorOfDecoding(bytes + "\r\n"), 0);  // an empty trailer
 }
 
-TEST_F(NoteFileTest, WhatFollowsTheNinthFieldIsIgnored) {
+TEST_F(NoteFileTest, TextAfterTheNinthFieldIsIgnored) {
     EXPECT_EQ(Decoded(NoteFile::Encode(Dentist()) + "\"more\",1,2,3\r\n\xff\x00"), Dentist());
 }
 
-TEST_F(NoteFileTest, MissingClosingQuoteTakesTheRest) {
+TEST_F(NoteFileTest, WithoutItsClosingQuoteAFieldTakesTheRest) {
     NoteRecord read;
     EXPECT_EQ(ErrorOf([&] { NoteFile::Decode("\"a\",\"b,#2004-05-14#,5\r\n", read); }), 62);
     EXPECT_EQ(read.Text, "b,#2004-05-14#,5\r\n");
@@ -334,7 +331,7 @@ TEST_F(NoteFileTest, ZeroBytesAreReadAsBlanks) {
     EXPECT_EQ(ErrorOfDecoding(std::string(4096, '\0')), 62);
 }
 
-TEST_F(NoteFileTest, RandomBytesNeverDoMoreThanFail) {
+TEST_F(NoteFileTest, RandomBytesAtWorstRaiseAnError) {
     std::mt19937 random(20040514);
     for (int round = 0; round < 20000; ++round) {
         std::string bytes(random() % 60, ' ');

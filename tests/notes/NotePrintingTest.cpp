@@ -8,13 +8,6 @@ class NotePrintingTest : public testing_support::NoteProgram {
     void Print() {
         Start([] { StandardCode::PrintNote("Dentist", "Call.\r\nAsk."); });
     }
-
-    void ExpectPrintError() {
-        stage->ExpectBox(
-            "         Jotwright encountered a printing error. \r\n"
-            "Please make sure printer is turned on and try again.",
-            "Print Error", forms::BoxIcon::None, forms::BoxButtons::Ok, forms::BoxResult::Ok);
-    }
 };
 
 TEST_F(NotePrintingTest, PrintsTitleAndTextInTwelvePoints) {

@@ -3,7 +3,7 @@
 
 #include "tests/notes/NoteStoreProgram.h"
 
-// Other programs change, damage, remove and hold the files of open notes.
+// Other programs change, damage, remove and lock the files of open notes.
 
 namespace {
 
@@ -12,7 +12,7 @@ using StandardCode::Shared;
 using NoteStoreOtherProgramsTest = testing_support::NoteStoreProgram;
 
 TEST_F(NoteStoreOtherProgramsTest, ADamagedFileOfAnOpenEditorIsKeptAndWrittenAgain) {
-    PutNote(Record("Dentist", "text"));
+    PutNote(Note("Dentist"));
     ReadAll();
     Advance(2000);
     files.PutFile(PathOf("Dentist"), "\"Dent");
@@ -31,28 +31,28 @@ TEST_F(NoteStoreOtherProgramsTest, ADamagedFileOfAnOpenEditorIsKeptAndWrittenAga
 TEST_F(NoteStoreOtherProgramsTest, AnErasedOrReplacedFileOfAnOpenEditorIsUnsaved) {
     for (const bool isErased : {true, false}) {
         files.PutFolder(folder);
-        PutNote(Record("Dentist", "text"));
+        PutNote(Note("Dentist"));
         ReadAll();
         if (isErased) {
             files.Remove(PathOf("Dentist"));
         } else {
-            PutNote(Record("Dentist", "by another program"));
+            PutNote(Note("Dentist", "by another program"));
         }
         Start([] { StandardCode::LoadNotesArray(); });
         Advance(2000);
         EXPECT_EQ(InFolder().size(), isErased ? 1U : 2U);
         user->Restore(Editor("Dentist"));
         user->Click(Editor("Dentist").tlbMain, "Hide");
-        // A file that was changed elsewhere is newer than an editor that nobody touched.
+        // A file that another program changed is newer than an editor without an edit.
         EXPECT_EQ(Saved("Dentist").Text, isErased ? "text" : "by another program");
         EXPECT_EQ(files.RecycledBytes().size(), isErased ? 0U : 1U);
     }
 }
 
 TEST_F(NoteStoreOtherProgramsTest, AnEditIsWrittenOverAFileThatWasChangedElsewhere) {
-    PutNote(Record("Dentist", "text"));
+    PutNote(Note("Dentist"));
     ReadAll();
-    PutNote(Record("Dentist", "by another program"));
+    PutNote(Note("Dentist", "by another program"));
     TypeInto(Editor("Dentist"), "typed here");
     user->CloseBox(Editor("Dentist"));
     EXPECT_EQ(Saved("Dentist").Text, "typed here");
@@ -60,30 +60,27 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditIsWrittenOverAFileThatWasChangedElsewhe
     EXPECT_NE(files.RecycledBytes()[0].find("by another program"), std::string::npos);
 }
 
-TEST_F(NoteStoreOtherProgramsTest, AFileThatCannotBeReadAnyMoreMakesItsEditorUnsaved) {
-    PutNote(Record("Dentist", "text"));
+TEST_F(NoteStoreOtherProgramsTest, IfItsFileCanNoLongerBeReadAnEditorIsUnsaved) {
+    PutNote(Note("Dentist"));
     ReadAll();
-    files.PutFile(PathOf("Dentist"),
-                  "\"Dentist\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
-    stage->ExpectBox("Error Number: 13) - Type mismatch", "Error Loading Notes Array",
-                     forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+    PutNoteWithBadDate("Dentist");
+    ExpectNotesArrayError("Error Number: 13) - Type mismatch");
     Start([] { StandardCode::LoadNotesArray(); });
     Advance(2000);
     EXPECT_EQ(InFolder().size(), 2U);
 }
 
-TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesItsChange) {
+TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesAChangeOfTheFile) {
     for (const bool isFull : {true, false}) {
         SCOPED_TRACE(isFull ? "more than 100 files" : "behind a file that fails");
         files.PutFolder(folder);
         for (int i = 1; isFull && i <= 100; ++i) {
-            PutAs("Note " + std::to_string(1000 + i) + ".txt", Record("Note", "text"));
+            PutNoteAs("Note " + std::to_string(1000 + i) + ".txt", Note("Note"));
         }
-        PutAs("Zebra.txt", Record("Zebra", "stripes"));
+        PutNote(Note("Zebra", "stripes"));
         Start(StandardCode::ReadNotes);
         if (!isFull) {
-            files.PutFile(folder + "\\abad.txt",
-                          "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+            PutNoteWithBadDate("abad");
         }
         stage->improvise.box = [](const forms::BoxRequest&) { return BoxResult::Ok; };
         const auto load = [this] { Start([] { StandardCode::LoadNotesArray(); }); };
@@ -98,7 +95,7 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesItsChange) 
         load();
         load();
         EXPECT_EQ(isRead(), 0);
-        PutAs("Zebra.txt", Record("Zebra", "spots"));
+        PutNote(Note("Zebra", "spots"));
         load();
         EXPECT_TRUE(note.IsFileOther());
         EXPECT_EQ(isRead(), 1);
@@ -106,8 +103,8 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesItsChange) 
         EXPECT_EQ(isRead(), 1);
         Advance(2000);
         EXPECT_EQ(files.List(folder, ".recovery").size(), 1U);
-        // Written again as it was, by a program that gives it another time.
-        PutAs("Zebra.txt", Record("Zebra", "stripes"));
+        // Another program writes the same bytes again, which changes the time of the file.
+        PutNote(Note("Zebra", "stripes"));
         load();
         EXPECT_FALSE(note.IsFileOther());
         files.Remove(folder + "\\Zebra.txt");
@@ -120,14 +117,13 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesItsChange) 
     }
 }
 
-TEST_F(NoteStoreOtherProgramsTest, AFileInNoSlotThatWasHeldIsReadWhenItIsFree) {
+TEST_F(NoteStoreOtherProgramsTest, AFileInNoSlotThatWasInUseIsReadLater) {
     files.PutFolder(folder);
-    PutAs("Zebra.txt", Record("Zebra", "stripes"));
+    PutNote(Note("Zebra", "stripes"));
     Start(StandardCode::ReadNotes);
-    files.PutFile(folder + "\\abad.txt",
-                  "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
+    PutNoteWithBadDate("abad");
     stage->improvise.box = [](const forms::BoxRequest&) { return BoxResult::Ok; };
-    PutAs("Zebra.txt", Record("Zebra", "stripes"));
+    PutNote(Note("Zebra", "stripes"));
     files.SetDenied(folder + "\\Zebra.txt", true);
     Start([] { StandardCode::LoadNotesArray(); });
     const EditedNote& note = *StandardCode::Notes().FindOpen("Zebra.txt");
@@ -137,17 +133,17 @@ TEST_F(NoteStoreOtherProgramsTest, AFileInNoSlotThatWasHeldIsReadWhenItIsFree) {
     EXPECT_FALSE(note.IsFileOther());
 }
 
-TEST_F(NoteStoreOtherProgramsTest, AFolderThatIsGoneForAMomentLeavesNothingUnsaved) {
+TEST_F(NoteStoreOtherProgramsTest, AFolderThatIsMissingForAMomentLeavesNothingUnsaved) {
     for (const bool isNoticed : {true, false}) {
         SCOPED_TRACE(isNoticed ? "the array is rebuilt" : "nobody looks when it is back");
-        PutNote(Record("Dentist", "text"));
+        PutNote(Note("Dentist"));
         ReadAll();
         const auto disk = files;
         files.Remove(PathOf("Dentist"));
         files.Remove(folder);
         Start([] { StandardCode::LoadNotesArray(); });
         EXPECT_TRUE(Shared().NotesArray[1].Title.empty());
-        // The editor holds the only text now.
+        // Now only the editor has the text.
         Advance(5000);
         EXPECT_EQ(InFolder().size(), 1U);
         files = disk;
@@ -157,16 +153,16 @@ TEST_F(NoteStoreOtherProgramsTest, AFolderThatIsGoneForAMomentLeavesNothingUnsav
             EXPECT_EQ(InFolder(), Names{"Dentist.txt"});
         }
         Advance(5000);
-        const auto before = files.Peek(PathOf("Dentist"));
+        const auto before = FileOf("Dentist");
         user->Restore(Editor("Dentist"));
         user->CloseBox(Editor("Dentist"));
-        EXPECT_EQ(files.Peek(PathOf("Dentist")), before);
+        EXPECT_EQ(FileOf("Dentist"), before);
         EXPECT_EQ(InFolder(), Names{"Dentist.txt"});
     }
 }
 
-TEST_F(NoteStoreOtherProgramsTest, AFileThatIsHeldForAMomentIsWaitedFor) {
-    PutNote(Record("Dentist", "old"));
+TEST_F(NoteStoreOtherProgramsTest, ASaveWaitsForAFileThatIsInUseForAMoment) {
+    PutNote(Note("Dentist", "old"));
     ReadAll();
     TypeInto(Editor("Dentist"), "new");
     files.SetDenied(PathOf("Dentist"), true);
@@ -181,8 +177,8 @@ TEST_F(NoteStoreOtherProgramsTest, AFileThatIsHeldForAMomentIsWaitedFor) {
     EXPECT_EQ(pauses, 20);
 }
 
-TEST_F(NoteStoreOtherProgramsTest, AFileThatStaysHeldIsReportedAfterASecondAndAHalf) {
-    PutNote(Record("Dentist", "old"));
+TEST_F(NoteStoreOtherProgramsTest, AFileThatStaysInUseIsReportedAfterOneAndAHalfSeconds) {
+    PutNote(Note("Dentist", "old"));
     ReadAll();
     TypeInto(Editor("Dentist"), "new");
     files.SetDenied(PathOf("Dentist"), true);

@@ -10,17 +10,12 @@
 
 namespace testing_support {
 
-// Note windows on a folder that is looked at file by file.
+// Note windows, with access to each file in the folder of the notes.
 class NoteStoreProgram : public NoteProgram {
   protected:
     using Names = std::vector<std::string>;
 
     const std::string folder = applicationFolder + "\\Notes";
-
-    void PutAs(const std::string& file, const StandardCode::NoteRecord& record) {
-        files.PutFolder(folder);
-        files.PutFile(folder + '\\' + file, NoteFile::Encode(record));
-    }
 
     StandardCode::NoteRecord In(const std::string& file) {
         StandardCode::NoteRecord record;
@@ -59,7 +54,7 @@ class NoteStoreProgram : public NoteProgram {
         }
     }
 
-    // The bytes of the whole folder.
+    // The names and bytes of all files in the folder.
     std::map<std::string, std::string> Folder() const {
         std::map<std::string, std::string> all;
         for (const std::string& name : files.Names(folder)) {

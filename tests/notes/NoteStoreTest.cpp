@@ -4,7 +4,7 @@
 #include "notes/frmDisplayNote.h"
 #include "tests/notes/NoteStoreProgram.h"
 
-// A note is its file, whatever its title.
+// A note is identified by its file, not by its title.
 
 namespace {
 
@@ -14,14 +14,12 @@ using StandardCode::Shared;
 
 class NoteStoreTest : public testing_support::NoteStoreProgram {
   protected:
-    // Loads the array from a damaged file and, behind it, the note "Zebra" in the given file.
+    // Loads the array from a damaged file and, after it, the note "Zebra" in the given file.
     void LoadBehindADamagedFile(const std::string& file) {
         files.PutFolder(folder);
-        files.PutFile(folder + "\\abad.txt",
-                      "\"abad\",\"text\",#2004-02-30#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
-        PutAs(file, Record("Zebra", "stripes"));
-        stage->ExpectBox("Error Number: 13) - Type mismatch", "Error Loading Notes Array",
-                         forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+        PutNoteWithBadDate("abad");
+        PutNoteAs(file, Note("Zebra", "stripes"));
+        ExpectNotesArrayError("Error Number: 13) - Type mismatch");
         Start([] { StandardCode::LoadNotesArray(); });
     }
 
@@ -32,9 +30,9 @@ class NoteStoreTest : public testing_support::NoteStoreProgram {
     }
 };
 
-TEST_F(NoteStoreTest, TwoFilesOfOneTitleAreTwoNotes) {
-    PutAs("Dentist.txt", Record("Dentist", "new"));
-    PutAs("Dentist_old.txt", Record("Dentist", "old"));
+TEST_F(NoteStoreTest, TwoFilesWithTheSameTitleAreTwoNotes) {
+    PutNote(Note("Dentist", "new"));
+    PutNoteAs("Dentist_old.txt", Note("Dentist", "old"));
     ReadAll();
     ASSERT_EQ(StandardCode::Notes().OpenNotes().size(), 2U);
     TypeInto(EditorOf("Dentist.txt"), "newest");
@@ -46,7 +44,7 @@ TEST_F(NoteStoreTest, TwoFilesOfOneTitleAreTwoNotes) {
 }
 
 TEST_F(NoteStoreTest, AFileWhoseNameDiffersFromItsTitleIsRewrittenInPlace) {
-    PutAs("x.txt", Record("Real title", "old"));
+    PutNoteAs("x.txt", Note("Real title", "old"));
     ReadAll();
     TypeInto(EditorOf("x.txt"), "new");
     CloseAll();
@@ -56,8 +54,8 @@ TEST_F(NoteStoreTest, AFileWhoseNameDiffersFromItsTitleIsRewrittenInPlace) {
 }
 
 TEST_F(NoteStoreTest, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
-    PutAs("a.txt", Record("a", "neighbour"));
-    PutAs("x.txt", Record("", "old"));
+    PutNote(Note("a", "neighbour"));
+    PutNoteAs("x.txt", Note("", "old"));
     ReadAll();
     EXPECT_EQ(EditorOf("x.txt").caption(), "");
     TypeInto(EditorOf("x.txt"), "typed");
@@ -72,43 +70,34 @@ TEST_F(NoteStoreTest, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
 
     Start([] { StandardCode::OpenNote(2); });
     user->Type(EditorOf("x.txt").txtNote, "typed later");
-    stage->ExpectBox(" has been saved.           ", "", forms::BoxIcon::Information,
-                     forms::BoxButtons::Ok, BoxResult::Ok);
+    ExpectSaved("");
     user->Click(EditorOf("x.txt").tlbMain, "Save");
     EXPECT_EQ(In("x.txt").Text, "typed later");
-    ExpectEraseQuestion("", BoxResult::Yes);
+    ExpectKillNoteQuestion("", BoxResult::Yes);
     user->Click(EditorOf("x.txt").tlbMain, "Erase");
     EXPECT_EQ(InFolder(), Names{"a.txt"});
     EXPECT_EQ(files.RecycleBin(), Names{folder + "\\x.txt"});
 }
 
 TEST_F(NoteStoreTest, ANoteWithoutATitleRingsAndTurnsOffTheAlarmOfItsFile) {
-    auto record = Record("", "text");
-    record.AlarmState = "1";
-    record.AudioAlarm = 1;
-    record.AlarmTime = DateTime::FromTime(9, 0, 5);
-    PutAs("x.txt", record);
+    PutNoteAs("x.txt", Note("").WithAlarmAt(9, 0, 5).WithSound());
     ReadAll();
-    stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", forms::BoxIcon::None,
-                     forms::BoxButtons::Ok, BoxResult::Ok);
+    ExpectEditorAlarm();
     Advance(10'000);
     CloseAll();
     EXPECT_EQ(In("x.txt").AlarmState, "0");
     EXPECT_EQ(InFolder(), Names{"x.txt"});
 }
 
-TEST_F(NoteStoreTest, TheAlarmDisplayOfANoteWithoutATitleGoesByItsFile) {
-    auto record = Record("", "text");
-    record.AlarmState = "1";
-    PutAs("a.txt", Record("a", "neighbour"));
-    PutAs("x.txt", record);
+TEST_F(NoteStoreTest, TheAlarmDisplayOfANoteWithoutATitleUsesItsFile) {
+    PutNote(Note("a", "neighbour"));
+    PutNoteAs("x.txt", Note("").WithAlarm());
     Start([] { StandardCode::LoadNotesArray(); });
     for (const BoxResult answer : {BoxResult::No, BoxResult::Yes}) {
         std::shared_ptr<frmDisplayNote> display;
         Start([&display] { display = StandardCode::DisplayNote(2); });
         EXPECT_EQ(display->lblNoteText.text(), "text");
-        stage->ExpectBox("Would you like to erase this note?", " Erase Note?",
-                         forms::BoxIcon::Question, forms::BoxButtons::YesNo, answer);
+        ExpectEraseNoteQuestion(answer);
         user->CloseBox(*display);
         EXPECT_EQ(In("a.txt").Text, "neighbour");
         if (answer == BoxResult::No) {
@@ -119,9 +108,9 @@ TEST_F(NoteStoreTest, TheAlarmDisplayOfANoteWithoutATitleGoesByItsFile) {
     EXPECT_EQ(InFolder(), Names{"a.txt"});
 }
 
-TEST_F(NoteStoreTest, EachOfTwoNotesOfOneTitleIsErasedAndOpenedByItself) {
-    PutAs("Dentist.txt", Record("Dentist", "new"));
-    PutAs("Dentist_old.txt", Record("Dentist", "old"));
+TEST_F(NoteStoreTest, TwoNotesWithTheSameTitleAreOpenedAndErasedSeparately) {
+    PutNote(Note("Dentist", "new"));
+    PutNoteAs("Dentist_old.txt", Note("Dentist", "old"));
     Start([] { StandardCode::LoadNotesArray(); });
     Start([] { StandardCode::OpenNote(2); });
     EXPECT_EQ(EditorOf("Dentist_old.txt").txtNote.text(), "old");
@@ -129,22 +118,19 @@ TEST_F(NoteStoreTest, EachOfTwoNotesOfOneTitleIsErasedAndOpenedByItself) {
     EXPECT_EQ(EditorOf("Dentist.txt").txtNote.text(), "new");
     Start([] { StandardCode::OpenNote(2); });
     EXPECT_EQ(StandardCode::Notes().OpenNotes().size(), 2U);
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     user->Click(EditorOf("Dentist_old.txt").tlbMain, "Erase");
     EXPECT_EQ(InFolder(), Names{"Dentist.txt"});
 }
 
 TEST_F(NoteStoreTest, ABlankAtTheEndOfATitleMakesAnotherNote) {
-    PutAs("Dentist.txt", Record("Dentist", "one"));
-    auto other = Record("Dentist ", "two");
-    other.AlarmState = "1";
-    PutAs("Dentist .txt", other);
+    PutNote(Note("Dentist", "one"));
+    PutNote(Note("Dentist ", "two").WithAlarm());
     Start([] { StandardCode::LoadNotesArray(); });
     ASSERT_EQ(Shared().NotesArray[1].Title, "Dentist ");
     for (const BoxResult answer : {BoxResult::No, BoxResult::Yes}) {
         Start([] { StandardCode::DisplayNote(1); });
-        stage->ExpectBox("Would you like to erase this note?", " Erase Note?",
-                         forms::BoxIcon::Question, forms::BoxButtons::YesNo, answer);
+        ExpectEraseNoteQuestion(answer);
         for (const auto& form : std::vector(runtime->LoadedForms())) {
             if (auto* display = dynamic_cast<frmDisplayNote*>(form.get())) {
                 user->CloseBox(*display);
@@ -157,17 +143,17 @@ TEST_F(NoteStoreTest, ABlankAtTheEndOfATitleMakesAnotherNote) {
 }
 
 TEST_F(NoteStoreTest, AnotherNotesFileGoesToTheRecycleBinBeforeANewNoteTakesIt) {
-    PutAs("Shopping.txt", Record("Shopping", "milk"));
+    PutNote(Note("Shopping", "milk"));
     ReadAll();
     frmNote& other = MakeNote("shopping", "bread");
     user->CloseBox(other);
     EXPECT_EQ(In("Shopping.txt").Text, "bread");
     ASSERT_EQ(files.RecycleBin(), Names{folder + "\\Shopping.txt"});
-    EXPECT_EQ(files.RecycledBytes()[0], NoteFile::Encode(Record("Shopping", "milk")));
-    // The open editor of that file knows that its text is unsaved.
+    EXPECT_EQ(files.RecycledBytes()[0], NoteFile::Encode(Note("Shopping", "milk")));
+    // The open editor of the old file is now unsaved.
     Advance(3000);
     EXPECT_EQ(InFolder().size(), 2U);
-    // Nobody has touched it, so it does not write its text over the newer one.
+    // It has no edit, so closing it does not replace the newer text.
     user->CloseBox(Editor("Shopping"));
     EXPECT_EQ(In("Shopping.txt").Text, "bread");
     ASSERT_EQ(files.RecycledBytes().size(), 2U);
@@ -176,7 +162,7 @@ TEST_F(NoteStoreTest, AnotherNotesFileGoesToTheRecycleBinBeforeANewNoteTakesIt) 
 
 TEST_F(NoteStoreTest, WithoutARecycleBinTheOldFileIsKeptUnderAnotherName) {
     files.SetRecycleBin(false);
-    PutAs("Shopping.txt", Record("Shopping", "milk"));
+    PutNote(Note("Shopping", "milk"));
     for (const char* text : {"bread", "butter"}) {
         user->CloseBox(MakeNote("shopping", text));
     }
@@ -187,7 +173,7 @@ TEST_F(NoteStoreTest, WithoutARecycleBinTheOldFileIsKeptUnderAnotherName) {
     EXPECT_EQ(In("Shopping.txt (2).replaced").Text, "bread");
 }
 
-TEST_F(NoteStoreTest, OfTwoNewNotesOfOneTitleBothTextsAreKept) {
+TEST_F(NoteStoreTest, TheTextsOfTwoNewNotesWithTheSameTitleAreBothKept) {
     frmNote& first = MakeNote("Same", "one");
     Start([] { StandardCode::CreateNote("Same"); });
     auto& second = static_cast<frmNote&>(*runtime->LoadedForms().back());
@@ -201,7 +187,7 @@ TEST_F(NoteStoreTest, OfTwoNewNotesOfOneTitleBothTextsAreKept) {
 
 TEST_F(NoteStoreTest, AKillBetweenTheRecycleBinAndTheNewFileLosesNeither) {
     using forms::headless::MemoryFiles;
-    const std::string milk = NoteFile::Encode(Record("Shopping", "milk"));
+    const std::string milk = NoteFile::Encode(Note("Shopping", "milk"));
     for (const bool hasRecycleBin : {true, false}) {
         files.SetRecycleBin(hasRecycleBin);
         bool isKilled = true;
@@ -214,7 +200,7 @@ TEST_F(NoteStoreTest, AKillBetweenTheRecycleBinAndTheNewFileLosesNeither) {
                 for (const std::string& name : InFolder()) {
                     files.Remove(folder + '\\' + name);
                 }
-                PutAs("Shopping.txt", Record("Shopping", "milk"));
+                PutNote(Note("Shopping", "milk"));
                 const std::size_t recycled = files.RecycledBytes().size();
                 frmNote& other = MakeNote("shopping", "bread");
                 files.KillAt(step, moment);
@@ -239,24 +225,24 @@ TEST_F(NoteStoreTest, AKillBetweenTheRecycleBinAndTheNewFileLosesNeither) {
     }
 }
 
-TEST_F(NoteStoreTest, ATitleOfAFileBeyondADamagedOneIsTaken) {
+TEST_F(NoteStoreTest, TheTitleOfAFileAfterADamagedFileIsTaken) {
     LoadBehindADamagedFile("Zebra.txt");
     ExpectOnlyZebraIsTaken();
     EXPECT_TRUE(StandardCode::Notes().IsTaken("abad"));
     EXPECT_FALSE(StandardCode::Notes().IsTaken("What?"));
 }
 
-TEST_F(NoteStoreTest, TheLettersOfTheExtensionDoNotFreeATitle) {
+TEST_F(NoteStoreTest, ATitleIsTakenWhateverTheCaseOfTheExtension) {
     LoadBehindADamagedFile("Zebra.TXT");
     ExpectOnlyZebraIsTaken();
-    // Once it is in a slot, the title of the note decides.
+    // As soon as the note is in a slot, its title is compared instead of its file name.
     files.Remove(folder + "\\abad.txt");
-    PutAs("Zebra.TXT", Record("Horse", "stripes"));
+    PutNoteAs("Zebra.TXT", Note("Horse", "stripes"));
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_FALSE(StandardCode::Notes().IsTaken("Zebra"));
 }
 
-TEST_F(NoteStoreTest, TitlesInAnySlotAreTakenExactly) {
+TEST_F(NoteStoreTest, ATitleInASlotIsTakenInTheSameCaseOnly) {
     for (const int slot : {1, 50, 100}) {
         Shared().NotesArray[slot].Title = "Shopping";
         EXPECT_TRUE(StandardCode::Notes().IsTaken("Shopping")) << slot;
@@ -267,12 +253,11 @@ TEST_F(NoteStoreTest, TitlesInAnySlotAreTakenExactly) {
 }
 
 TEST_F(NoteStoreTest, OneBadFileIsReportedOnceUntilTheFolderChanges) {
-    PutAs("a.txt", Record("a", "text"));
-    PutAs("b.txt", Record("b", "text"));
+    PutNote(Note("a"));
+    PutNote(Note("b"));
     files.SetDenied(folder + "\\b.txt", true);
     const auto expectReport = [this] {
-        stage->ExpectBox("Error Number: 70) - Permission denied", "Error Loading Notes Array",
-                         forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+        ExpectNotesArrayError("Error Number: 70) - Permission denied");
     };
     expectReport();
     Start([] {
@@ -281,10 +266,10 @@ TEST_F(NoteStoreTest, OneBadFileIsReportedOnceUntilTheFolderChanges) {
     });
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_FALSE(stage->HasExpectations());
-    PutAs("a.txt", Record("a", "changed"));
+    PutNote(Note("a", "changed"));
     expectReport();
     Start([] { StandardCode::LoadNotesArray(); });
-    PutAs("a.txt", Record("a", "changed again"));
+    PutNote(Note("a", "changed again"));
     Start([] {
         const NoteStore::Quiet quiet(StandardCode::Notes());
         StandardCode::LoadNotesArray();
@@ -293,11 +278,10 @@ TEST_F(NoteStoreTest, OneBadFileIsReportedOnceUntilTheFolderChanges) {
 
 TEST_F(NoteStoreTest, TheHundredAndFirstFileIsReportedOnceForEachAction) {
     for (int i = 1; i <= 101; ++i) {
-        PutAs("Note " + std::to_string(1000 + i) + ".txt", Record("Note", "text"));
+        PutNoteAs("Note " + std::to_string(1000 + i) + ".txt", Note("Note"));
     }
     for (int action = 1; action <= 2; ++action) {
-        stage->ExpectBox("Error Number: 9) - Subscript out of range", "Error Loading Notes Array",
-                         forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+        ExpectNotesArrayError("Error Number: 9) - Subscript out of range");
         Start([] {
             StandardCode::LoadNotesArray();
             StandardCode::LoadNotesArray();
@@ -307,7 +291,7 @@ TEST_F(NoteStoreTest, TheHundredAndFirstFileIsReportedOnceForEachAction) {
     EXPECT_EQ(Shared().NotesArray[100].Title, "Note");
 }
 
-TEST_F(NoteStoreTest, TheAlarmOfANoteInTheFileOfAnotherRings) {
+TEST_F(NoteStoreTest, TheAlarmOfANoteInTheFileOfAnotherNoteRings) {
     frmNote& first = MakeNote("Same", "one");
     Start([&first] { first.WriteNote(); });
     Start([] { StandardCode::CreateNote("Same"); });
@@ -322,7 +306,7 @@ TEST_F(NoteStoreTest, TheAlarmOfANoteInTheFileOfAnotherRings) {
     EXPECT_EQ(opened.last->lblNoteText.text(), "two");
 }
 
-TEST_F(NoteStoreTest, TheAlarmOfAFileWithTwoEditorsRingsInTheOneThatSavedIt) {
+TEST_F(NoteStoreTest, TheAlarmOfAFileWithTwoEditorsRingsInTheEditorThatSavedIt) {
     frmNote& first = MakeNote("Same", "one");
     Start([&first] { first.WriteNote(); });
     Start([] { StandardCode::CreateNote("Same"); });
@@ -333,23 +317,20 @@ TEST_F(NoteStoreTest, TheAlarmOfAFileWithTwoEditorsRingsInTheOneThatSavedIt) {
     const auto opened =
         NoteAlarmsCheck::DisplayDue(base::Combine(forms::Today(), DateTime::FromTime(12, 0, 0)));
     EXPECT_EQ(opened.last, nullptr);
-    // If neither shows what the file holds, it is the first.
-    PutNote(Record("Same", "by another program"));
+    // If neither editor shows the text of the file, the first editor rings.
+    PutNote(Note("Same", "by another program"));
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_EQ(&StandardCode::Notes().FindOpen("Same.txt")->Editor().Window(), &first);
 }
 
 TEST_F(NoteStoreTest, AnAlarmDisplayPutsANewerTextAside) {
-    auto record = Record("Dentist", "old");
-    record.AlarmState = "1";
-    PutNote(record);
+    PutNote(Note("Dentist", "old").WithAlarm());
     Start([] { StandardCode::LoadNotesArray(); });
     std::shared_ptr<frmDisplayNote> display;
     Start([&] { display = StandardCode::DisplayNote(1); });
     user->Type(display->lblNoteText, "two words");
-    PutNote(Record("Dentist", "a whole page"));
-    stage->ExpectBox("Would you like to erase this note?", " Erase Note?", forms::BoxIcon::Question,
-                     forms::BoxButtons::YesNo, BoxResult::No);
+    PutNote(Note("Dentist", "a whole page"));
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_EQ(Saved("Dentist").Text, "two words");
     ASSERT_EQ(files.RecycledBytes().size(), 1U);
@@ -365,15 +346,15 @@ TEST_F(NoteStoreTest, ADamagedFileIsRenamedIfThereIsNoRecycleBin) {
     EXPECT_EQ(files.Peek(folder + "\\b.txt.damaged"), "\"b\",\"half a");
 }
 
-TEST_F(NoteStoreTest, AWholeLeftoverBecomesTheNoteThatIsMissing) {
+TEST_F(NoteStoreTest, AWholeLeftoverBecomesTheMissingNote) {
     files.PutFolder(folder);
     const std::string mine = folder + "\\~Jotwright-0123456789abcdef-3.tmp";
-    files.PutFile(mine, NoteFile::Encode(Record("Lost", "found")));
+    files.PutFile(mine, NoteFile::Encode(Note("Lost", "found")));
     files.PutFile(folder + "\\~Jotwright-0123456789abcdef-4.tmp",
-                  NoteFile::Encode(Record("Half", "gone")).substr(0, 20));
-    PutNote(Record("There", "saved"));
+                  NoteFile::Encode(Note("Half", "gone")).substr(0, 20));
+    PutNote(Note("There", "saved"));
     files.PutFile(folder + "\\~Jotwright-0123456789abcdef-5.tmp",
-                  NoteFile::Encode(Record("There", "older")));
+                  NoteFile::Encode(Note("There", "older")));
     files.PutFile(folder + "\\~Jotwright-00000000000000ff-1.tmp", "of a program that runs");
     files.SetLocked(folder + "\\~Jotwright-00000000000000ff.lock", true);
     files.PutFile(folder + "\\~Jotwright report.tmp", "the user's");

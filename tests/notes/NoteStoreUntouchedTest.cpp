@@ -4,7 +4,7 @@
 #include "forms/Gestures.h"
 #include "tests/notes/NoteStoreProgram.h"
 
-// Notes that nobody touches keep every byte of their files.
+// Notes without an edit keep every byte of their files.
 
 namespace {
 
@@ -12,12 +12,10 @@ using base::DateTime;
 
 class NoteStoreUntouchedTest : public testing_support::NoteStoreProgram {
   protected:
-    // The open note "Dentist" rings at 9:00:05 and is not touched; its saved record.
+    // The open note "Dentist" rings at 9:00:05 and is not edited. Returns its saved record.
     StandardCode::NoteRecord LetDentistRing() {
         SetNow(2004, 5, 14, 9, 0, 0);
-        auto record = Record("Dentist", "text");
-        record.AlarmState = "1";
-        record.AlarmTime = DateTime::FromTime(9, 0, 5);
+        const Note record = Note("Dentist").WithAlarmAt(9, 0, 5);
         PutNote(record);
         ReadAll();
         Advance(10'000);
@@ -31,18 +29,15 @@ class NoteStoreUntouchedTest : public testing_support::NoteStoreProgram {
 };
 
 TEST_F(NoteStoreUntouchedTest, StartAndExitWithNothingTouchedChangeNoByte) {
-    PutAs("a.txt", Record("a", "plain"));
-    PutAs("b.txt", Record("b", "5\" pipe, \"quoted\", and \"\r\n\""));
-    PutAs("c.txt", Record("c", "umlaut \xc3\xa4 snowman \xe2\x98\x83"));
+    PutNote(Note("a", "plain"));
+    PutNote(Note("b", "5\" pipe, \"quoted\", and \"\r\n\""));
+    PutNote(Note("c", "umlaut \xc3\xa4 snowman \xe2\x98\x83"));
     files.PutFile(folder + "\\d.txt",
-                  NoteFile::Encode(Record("d", "fired"), NoteFile::TimeField::RewrittenText));
+                  NoteFile::Encode(Note("d", "fired"), NoteFile::TimeField::RewrittenText));
     files.PutFile(
         folder + "\\e.txt",
         "\"e\",\"lone\nbreak \x81 \xe4\",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
-    auto gray = Record("g", "gray, of 11 points");
-    gray.ColorIndex = 6;
-    gray.FontSize = 11;
-    PutAs("g.txt", gray);
+    PutNote(Note("g", "gray, of 11 points").InColor(6).InPoints(11));
     files.PutFile(folder + "\\f.txt",
                   "\"f\",\"spaced\" , #2004-05-14#, #12:00:00#, 1, 12, \"0\", 0, \"yes\"");
     const auto before = Folder();
@@ -98,7 +93,7 @@ TEST_F(NoteStoreUntouchedTest, AnAlarmThatRangIsOffInTheFileAfterExitAndEndOfSes
     }
 }
 
-TEST_F(NoteStoreUntouchedTest, UnderUtf8NoByteChangesEither) {
+TEST_F(NoteStoreUntouchedTest, UnderUtf8NoByteChanges) {
     locale.codePage = 65001;
     files.PutFolder(folder);
     const std::string tail = "\",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";

@@ -2,51 +2,33 @@
 
 #include "base/RuntimeError.h"
 #include "notes/NoteStore.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 
 namespace {
 
 using base::DateTime;
 using base::ErrorNumber;
-using forms::BoxButtons;
-using forms::BoxIcon;
-using forms::BoxResult;
 using StandardCode::LoadNotesArray;
 using StandardCode::NotePath;
 using StandardCode::NoteRecord;
 using StandardCode::Shared;
 
-class NotesArrayTest : public testing_support::TestProgram {
+class NotesArrayTest : public testing_support::ProductProgram {
   protected:
     void SetUp() override {
-        TestProgram::SetUp();
+        ProductProgram::SetUp();
         files.PutFolder(StandardCode::NotesFolder());
         StandardCode::Events().NotesArrayLoaded.Subscribe([this] { ++timesLoaded; });
     }
 
-    static NoteRecord Note(const std::string& title) {
-        return {title,
-                "Text of " + title,
-                DateTime::FromDate(2004, 5, 14),
-                DateTime::FromTime(9, 30, 0),
-                5,
-                12,
-                "1",
-                1,
-                "yes"};
+    static Note DueNote(const std::string& title) {
+        return Note(title, "Text of " + title).WithAlarmAt(9, 30).WithSound().InColor(5);
     }
-
-    void PutNote(const std::string& title) {
-        files.PutFile(NotePath(title), NoteFile::Encode(Note(title)));
-    }
+    using ProductProgram::PutNote;
+    void PutNote(const std::string& title) { PutNote(DueNote(title)); }
 
     void Load() {
         Start([] { LoadNotesArray(); });
-    }
-
-    void ExpectErrorBox(const std::string& text) {
-        stage->ExpectBox(text, "Error Loading Notes Array", BoxIcon::None, BoxButtons::Ok,
-                         BoxResult::Ok);
     }
 
     std::vector<std::string> Titles() {
@@ -91,11 +73,11 @@ TEST_F(NotesArrayTest, SlotsFollowTheListing) {
     Load();
     EXPECT_EQ(Shared().NoteCount, 3);
     EXPECT_EQ(Titles(), (std::vector<std::string>{"a", "b", "C"}));
-    EXPECT_EQ(Shared().NotesArray[3], Note("C"));
+    EXPECT_EQ(Shared().NotesArray[3], DueNote("C"));
     EXPECT_EQ(Shared().NotesArray[4], NoteRecord{});
 }
 
-TEST_F(NotesArrayTest, NotesThatAreGoneLeaveEmptySlots) {
+TEST_F(NotesArrayTest, RemovedNotesLeaveEmptySlots) {
     PutNote("a");
     PutNote("b");
     Load();
@@ -106,14 +88,14 @@ TEST_F(NotesArrayTest, NotesThatAreGoneLeaveEmptySlots) {
     EXPECT_EQ(Shared().NotesArray[2], NoteRecord{});
 }
 
-TEST_F(NotesArrayTest, TitleComesFromTheFileNotItsName) {
-    files.PutFile(NotePath("x"), NoteFile::Encode(Note("Real title")));
+TEST_F(NotesArrayTest, TheTitleComesFromTheContentsOfTheFile) {
+    PutNoteAs("x.txt", DueNote("Real title"));
     Load();
     EXPECT_EQ(Shared().NotesArray[1].Title, "Real title");
 }
 
 TEST_F(NotesArrayTest, RewrittenNoteIsLoaded) {
-    NoteRecord record = Note("a");
+    Note record = DueNote("a");
     record.AlarmState = "0";
     files.PutFile(NotePath("a"), NoteFile::Encode(record, NoteFile::TimeField::RewrittenText));
     Load();
@@ -147,12 +129,12 @@ TEST_F(NotesArrayTest, FieldThatCannotBeConvertedIsReportedAndLeavesTheCount) {
     files.PutFile(NotePath("b"),
                   "\"b\",\"say hi\",#2004-15-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n");
     PutNote("c");
-    ExpectErrorBox("Error Number: 13) - Type mismatch");
+    ExpectNotesArrayError("Error Number: 13) - Type mismatch");
     Load();
     EXPECT_EQ(Shared().NoteCount, 1);
     EXPECT_EQ(timesLoaded, 1);
     EXPECT_EQ(files.RecycleBin(), std::vector<std::string>{});
-    // The damaged note's title stays taken.
+    // The title of the damaged note stays taken.
     EXPECT_EQ(Titles(), (std::vector<std::string>{"a", "b"}));
     EXPECT_EQ(Shared().NotesArray[2].AlarmState, "");
 }
@@ -160,7 +142,7 @@ TEST_F(NotesArrayTest, FieldThatCannotBeConvertedIsReportedAndLeavesTheCount) {
 TEST_F(NotesArrayTest, NumberTooLargeIsReported) {
     files.PutFile(NotePath("a"),
                   "\"a\",\"t\",#2004-05-14#,#09:30:00#,99999,12,\"1\",1,\"yes\"\r\n");
-    ExpectErrorBox("Error Number: 6) - Overflow");
+    ExpectNotesArrayError("Error Number: 6) - Overflow");
     Load();
     EXPECT_EQ(timesLoaded, 0);
 }
@@ -168,14 +150,14 @@ TEST_F(NotesArrayTest, NumberTooLargeIsReported) {
 TEST_F(NotesArrayTest, FileThatCannotBeReadIsReported) {
     PutNote("a");
     files.SetDenied(NotePath("a"), true);
-    ExpectErrorBox("Error Number: 70) - Permission denied");
+    ExpectNotesArrayError("Error Number: 70) - Permission denied");
     Load();
 }
 
 TEST_F(NotesArrayTest, ShortFileThatCannotBeRemovedIsReported) {
     files.PutFile(NotePath("a"), "\"a\"");
     files.SetReadOnly(NotePath("a"), true);
-    ExpectErrorBox("Error Number: 75) - Path/File access error");
+    ExpectNotesArrayError("Error Number: 75) - Path/File access error");
     Load();
     EXPECT_TRUE(Titles().empty());
 }
@@ -193,7 +175,7 @@ TEST_F(NotesArrayTest, TheHundredAndFirstFileIsAnError) {
     for (int i = 1; i <= 101; ++i) {
         PutNote("Note " + std::to_string(i));
     }
-    ExpectErrorBox("Error Number: 9) - Subscript out of range");
+    ExpectNotesArrayError("Error Number: 9) - Subscript out of range");
     Load();
     EXPECT_EQ(Shared().NoteCount, 100);
     EXPECT_EQ(timesLoaded, 1);
@@ -207,14 +189,14 @@ TEST_F(NotesArrayTest, UnchangedFilesAreNotReadAgain) {
     files.ClearLog();
     Load();
     EXPECT_TRUE(files.Log().empty());
-    EXPECT_EQ(Shared().NotesArray[1], Note("a"));
-    EXPECT_EQ(Shared().NotesArray[2], Note("b"));
+    EXPECT_EQ(Shared().NotesArray[1], DueNote("a"));
+    EXPECT_EQ(Shared().NotesArray[2], DueNote("b"));
     PutNote("a");
     Load();
     EXPECT_EQ(files.Log(), std::vector<std::string>{"read " + NotePath("a")});
 }
 
-TEST_F(NotesArrayTest, AFileThatWasGoneMeanwhileIsReadAgain) {
+TEST_F(NotesArrayTest, AFileThatWasRemovedAndCameBackIsReadAgain) {
     PutNote("a");
     PutNote("b");
     Load();
@@ -226,7 +208,7 @@ TEST_F(NotesArrayTest, AFileThatWasGoneMeanwhileIsReadAgain) {
     EXPECT_EQ(files.Log(), std::vector<std::string>{"read " + NotePath("b")});
 }
 
-TEST_F(NotesArrayTest, ChangesOfTheArrayDoNotReachWhatIsRemembered) {
+TEST_F(NotesArrayTest, ChangesOfTheArrayDoNotChangeTheRememberedRecords) {
     PutNote("a");
     Load();
     Shared().NotesArray[1].AlarmState = "changed";
@@ -234,7 +216,7 @@ TEST_F(NotesArrayTest, ChangesOfTheArrayDoNotReachWhatIsRemembered) {
     EXPECT_EQ(Shared().NotesArray[1].AlarmState, "1");
 }
 
-// A file system whose clock ticks coarsely gives two savings of one length the same time.
+// A file system with a coarse clock: two saves of the same length may get the same time.
 class CoarseClockFiles : public forms::headless::MemoryFiles {
   public:
     std::vector<forms::FileEntry> List(const std::string& folder,
@@ -247,11 +229,11 @@ class CoarseClockFiles : public forms::headless::MemoryFiles {
     }
 };
 
-TEST_F(NotesArrayTest, OwnSavingsAreSeenWhateverTheFileTimeSays) {
+TEST_F(NotesArrayTest, TheProgramsOwnSavesAreSeenWhateverTheFileTime) {
     CoarseClockFiles coarse;
     coarse.PutFolder(StandardCode::NotesFolder());
     forms::Machine().files = &coarse;
-    NoteRecord record = Note("Caf\xc3\xa9");
+    NoteRecord record = DueNote("Caf\xc3\xa9");
     StandardCode::Notes().Write("Caf\xc3\xa9.txt", record);
     Load();
     EXPECT_EQ(Shared().NotesArray[1].AlarmState, "1");
@@ -262,15 +244,15 @@ TEST_F(NotesArrayTest, OwnSavingsAreSeenWhateverTheFileTimeSays) {
     forms::Machine().files = &files;
 }
 
-TEST_F(NotesArrayTest, SavingWritesTheFormAskedFor) {
-    StandardCode::Notes().Write("a.txt", Note("a"));
-    EXPECT_EQ(files.Peek(NotePath("a")), NoteFile::Encode(Note("a")));
-    StandardCode::Notes().Write("a.txt", Note("a"), NoteFile::TimeField::RewrittenText);
+TEST_F(NotesArrayTest, SavingWritesTheRequestedForm) {
+    StandardCode::Notes().Write("a.txt", DueNote("a"));
+    EXPECT_EQ(files.Peek(NotePath("a")), NoteFile::Encode(DueNote("a")));
+    StandardCode::Notes().Write("a.txt", DueNote("a"), NoteFile::TimeField::RewrittenText);
     EXPECT_EQ(files.Peek(NotePath("a")),
-              NoteFile::Encode(Note("a"), NoteFile::TimeField::RewrittenText));
+              NoteFile::Encode(DueNote("a"), NoteFile::TimeField::RewrittenText));
 }
 
-TEST_F(NotesArrayTest, FolderIsMadeWhereItIsMissing) {
+TEST_F(NotesArrayTest, AMissingFolderIsMade) {
     StandardCode::EnsureNotesFolder();
     EXPECT_TRUE(files.Log().empty());
     files.Remove(StandardCode::NotesFolder());
@@ -280,23 +262,21 @@ TEST_F(NotesArrayTest, FolderIsMadeWhereItIsMissing) {
 
 TEST_F(NotesArrayTest, WriteErrorsAreReported) {
     bool saved = true;
-    stage->ExpectBox("70 - Permission denied", "WriteNote Sub Error", BoxIcon::None, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectWriteError("70 - Permission denied");
     PutNote("a");
     files.SetDenied(NotePath("a"), true);
     Start([&] {
         saved = StandardCode::ReportWriteErrors(
-            [] { StandardCode::Notes().Write("a.txt", Note("b")); });
+            [] { StandardCode::Notes().Write("a.txt", DueNote("b")); });
     });
     EXPECT_FALSE(saved);
 }
 
 TEST_F(NotesArrayTest, TitleThatIsNoFileNameIsReported) {
-    stage->ExpectBox("52 - Bad file name or number", "WriteNote Sub Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectWriteError("52 - Bad file name or number");
     Start([&] {
         StandardCode::ReportWriteErrors(
-            [] { StandardCode::Notes().Write("what?.txt", Note("what?")); });
+            [] { StandardCode::Notes().Write("what?.txt", DueNote("what?")); });
     });
     EXPECT_TRUE(files.Names(StandardCode::NotesFolder()).empty());
 }
@@ -310,7 +290,7 @@ TEST_F(NotesArrayTest, Error457IsSilent) {
     EXPECT_FALSE(saved);
 }
 
-TEST_F(NotesArrayTest, NoErrorNoReport) {
+TEST_F(NotesArrayTest, WithoutAnErrorThereIsNoReport) {
     bool saved = false;
     Start([&] { saved = StandardCode::ReportWriteErrors([] {}); });
     EXPECT_TRUE(saved);

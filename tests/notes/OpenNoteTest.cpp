@@ -14,14 +14,13 @@ class OpenNoteTest : public testing_support::NoteProgram {
     }
 };
 
-TEST_F(OpenNoteTest, OpensTheSlotsNote) {
-    auto record = Record("Dentist", "Call.\r\nAsk.");
-    record.AlarmDate = DateTime::FromDate(2031, 2, 3);
-    record.AlarmTime = DateTime::FromTime(9, 30, 0);
-    record.ColorIndex = 4;
-    record.FontSize = 14;
-    record.AudioAlarm = 1;
-    Shared().NotesArray[7] = record;
+TEST_F(OpenNoteTest, OpensTheNoteOfTheSlot) {
+    Shared().NotesArray[7] = Note("Dentist", "Call.\r\nAsk.")
+                                 .At(9, 30)
+                                 .On(DateTime::FromDate(2031, 2, 3))
+                                 .InColor(4)
+                                 .InPoints(14)
+                                 .WithSound();
     Open(7);
     frmNote& note = Editor("Dentist");
     EXPECT_EQ(StandardCode::CurrentNote().get(), &note);
@@ -41,9 +40,7 @@ TEST_F(OpenNoteTest, OpensTheSlotsNote) {
 }
 
 TEST_F(OpenNoteTest, AnAlarmIsPresentedAndKeptInTheSlot) {
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
-    Shared().NotesArray[1] = record;
+    Shared().NotesArray[1] = Note("Dentist", "").WithAlarm();
     Shared().AlarmFlag = "before";
     Open(1);
     frmNote& note = Editor("Dentist");
@@ -69,9 +66,7 @@ TEST_F(OpenNoteTest, ASlotOutsideTheArrayIsAnError) {
 }
 
 TEST_F(OpenNoteTest, ShowsNoMessageOfItsOwn) {
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
-    Shared().NotesArray[1] = record;
+    Shared().NotesArray[1] = Note("Dentist", "").WithAlarm();
     files.Remove("C:\\Jotwright\\alarmon.ico");
     Start([] {
         try {
@@ -86,8 +81,8 @@ TEST_F(OpenNoteTest, ShowsNoMessageOfItsOwn) {
 
 TEST_F(OpenNoteTest, TheCurrentNoteIsTheLastOneOpened) {
     EXPECT_EQ(StandardCode::CurrentNote(), nullptr);
-    Shared().NotesArray[1] = Record("First", "");
-    Shared().NotesArray[2] = Record("Second", "");
+    Shared().NotesArray[1] = Note("First", "");
+    Shared().NotesArray[2] = Note("Second", "");
     Open(1);
     Open(2);
     EXPECT_EQ(StandardCode::CurrentNote().get(), &Editor("Second"));
@@ -95,7 +90,7 @@ TEST_F(OpenNoteTest, TheCurrentNoteIsTheLastOneOpened) {
     EXPECT_EQ(StandardCode::CurrentNote(), nullptr);
 }
 
-TEST_F(OpenNoteTest, OfTwoEditorsOfOneFileTheOneThatSavedItIsBroughtUp) {
+TEST_F(OpenNoteTest, IfAFileHasTwoEditorsTheOneThatSavedItComesUp) {
     MakeNote("Same", "one");
     Start([] { StandardCode::CreateNote("Same"); });
     auto& second = static_cast<frmNote&>(*runtime->LoadedForms().back());
@@ -111,7 +106,7 @@ TEST_F(OpenNoteTest, OfTwoEditorsOfOneFileTheOneThatSavedItIsBroughtUp) {
 }
 
 TEST_F(OpenNoteTest, ThePanelMayRebuildTheArrayMeanwhile) {
-    PutNote(Record("Dentist", "text"));
+    PutNote(Note("Dentist"));
     Start(StandardCode::LoadNotesArray);
     StandardCode::Events().ControlPanel.Subscribe([](PanelAction) {
         Shared().NotesArray = StandardCode::NotesTable{};

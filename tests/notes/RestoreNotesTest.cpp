@@ -4,9 +4,6 @@
 namespace {
 
 using base::DateTime;
-using forms::BoxButtons;
-using forms::BoxIcon;
-using forms::BoxResult;
 using forms::Color;
 using forms::WindowState;
 using StandardCode::Shared;
@@ -14,11 +11,6 @@ using StandardCode::Shared;
 class RestoreNotesTest : public testing_support::NoteProgram {
   protected:
     void Restore() { Start(StandardCode::ReadNotes); }
-
-    void ExpectLoadError(const std::string& description) {
-        stage->ExpectBox(description, "Error Loading File", BoxIcon::None, BoxButtons::Ok,
-                         BoxResult::Ok);
-    }
 };
 
 TEST_F(RestoreNotesTest, AnEmptyOrMissingFolderOpensNothing) {
@@ -30,9 +22,9 @@ TEST_F(RestoreNotesTest, AnEmptyOrMissingFolderOpensNothing) {
     EXPECT_EQ(stage->Pointer(), forms::MousePointer::Hourglass);
 }
 
-TEST_F(RestoreNotesTest, EveryNoteComesBackMinimised) {
-    PutNote(Record("Beta", "second"));
-    PutNote(Record("Alpha", "first"));
+TEST_F(RestoreNotesTest, EveryNoteComesBackMinimized) {
+    PutNote(Note("Beta", "second"));
+    PutNote(Note("Alpha", "first"));
     Restore();
     EXPECT_EQ(StandardCode::NoteTitles(), (std::vector<std::string>{"Alpha", "Beta"}));
     for (const char* title : {"Alpha", "Beta"}) {
@@ -51,7 +43,7 @@ struct RestoredColorCase {
     const char* item;
 };
 
-TEST_F(RestoreNotesTest, ColorsAreStrongAndWhatIsUnknownIsYellow) {
+TEST_F(RestoreNotesTest, ColorsAreStrongAndAnUnknownColorIsYellow) {
     const std::vector<RestoredColorCase> cases{
         {1, {255, 255, 255}, {0, 0, 0}, "White"}, {2, {255, 0, 0}, {255, 255, 255}, "Red"},
         {3, {0, 255, 0}, {0, 0, 0}, "Green"},     {4, {0, 0, 255}, {255, 255, 255}, "Blue"},
@@ -60,9 +52,7 @@ TEST_F(RestoreNotesTest, ColorsAreStrongAndWhatIsUnknownIsYellow) {
         {99, {255, 255, 0}, {0, 0, 0}, "Yellow"},
     };
     for (const RestoredColorCase& one : cases) {
-        auto record = Record("Note " + std::to_string(one.index), "");
-        record.ColorIndex = static_cast<std::int16_t>(one.index);
-        PutNote(record);
+        PutNote(Note("Note " + std::to_string(one.index), "").InColor(one.index));
     }
     Restore();
     for (const RestoredColorCase& one : cases) {
@@ -75,13 +65,11 @@ TEST_F(RestoreNotesTest, ColorsAreStrongAndWhatIsUnknownIsYellow) {
     }
 }
 
-TEST_F(RestoreNotesTest, OnlyTheFourFontSizesAreTaken) {
+TEST_F(RestoreNotesTest, OnlyTheFourFontSizesAreAccepted) {
     const std::vector<std::pair<int, int>> cases{{10, 10}, {12, 12}, {14, 14},
                                                  {16, 16}, {11, 12}, {0, 12}};
     for (const auto& [saved, shown] : cases) {
-        auto record = Record("Size " + std::to_string(saved), "");
-        record.FontSize = static_cast<std::int16_t>(saved);
-        PutNote(record);
+        PutNote(Note("Size " + std::to_string(saved), "").InPoints(saved));
     }
     Restore();
     for (const auto& [saved, shown] : cases) {
@@ -94,11 +82,7 @@ TEST_F(RestoreNotesTest, OnlyTheFourFontSizesAreTaken) {
 }
 
 TEST_F(RestoreNotesTest, AnAlarmComesBackSet) {
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
-    record.AlarmDate = DateTime::FromDate(2004, 5, 20);
-    record.AlarmTime = DateTime::FromTime(9, 30, 15);
-    PutNote(record);
+    PutNote(Note("Dentist", "").WithAlarmAt(9, 30, 15).On(DateTime::FromDate(2004, 5, 20)));
     Restore();
     frmNote& note = Editor("Dentist");
     EXPECT_EQ(note.icon().path, "C:\\Jotwright\\alarmon.ico");
@@ -124,23 +108,18 @@ TEST_F(RestoreNotesTest, AnAlarmComesBackSet) {
     EXPECT_FALSE(note.dtTime.enabled());
 }
 
-TEST_F(RestoreNotesTest, TheSharedAlarmFlagIsThatOfTheLastNote) {
-    auto record = Record("Alpha", "");
-    record.AlarmState = "1";
-    PutNote(record);
-    PutNote(Record("Beta", ""));
+TEST_F(RestoreNotesTest, TheSharedAlarmFlagIsTheFlagOfTheLastNote) {
+    PutNote(Note("Alpha", "").WithAlarm());
+    PutNote(Note("Beta", ""));
     Restore();
     EXPECT_EQ(Shared().AlarmFlag, "0");
-    record.Title = "Gamma";
-    PutNote(record);
+    PutNote(Note("Gamma", "").WithAlarm());
     Restore();
     EXPECT_EQ(Shared().AlarmFlag, "1");
 }
 
 TEST_F(RestoreNotesTest, TheAudioBoxComesBackWithoutAnAlarm) {
-    auto record = Record("Dentist", "");
-    record.AudioAlarm = 1;
-    PutNote(record);
+    PutNote(Note("Dentist", "").WithSound());
     Restore();
     EXPECT_EQ(Editor("Dentist").chkAudioAlarm.value(), 1);
     EXPECT_TRUE(Editor("Dentist").imgBell.visible());
@@ -158,21 +137,21 @@ TEST_F(RestoreNotesTest, ARewrittenNoteComesBackWithItsAlarmOff) {
     EXPECT_EQ(note.dtTime.value(), DateTime::FromTime(12, 0, 0));
 }
 
-TEST_F(RestoreNotesTest, ATitleThatDiffersFromTheFileNameIsTheNotes) {
+TEST_F(RestoreNotesTest, TheTitleComesFromTheFileEvenIfTheFileNameDiffers) {
     files.PutFolder("C:\\Jotwright\\Notes");
-    files.PutFile(PathOf("file"), NoteFile::Encode(Record("title", "text")));
+    files.PutFile(PathOf("file"), NoteFile::Encode(Note("title")));
     Restore();
     frmNote& note = Editor("title");
     user->Restore(note);
     user->CloseBox(note);
     EXPECT_FALSE(FileOf("title").has_value());
-    EXPECT_EQ(FileOf("file"), NoteFile::Encode(Record("title", "text")));
+    EXPECT_EQ(FileOf("file"), NoteFile::Encode(Note("title")));
 }
 
 TEST_F(RestoreNotesTest, ADamagedFileEndsTheRestoring) {
-    PutNote(Record("Alpha", ""));
+    PutNote(Note("Alpha", ""));
     files.PutFile(PathOf("Beta"), "\"Beta\",\"text\"");
-    PutNote(Record("Gamma", ""));
+    PutNote(Note("Gamma", ""));
     ExpectLoadError("Input past end of file");
     Restore();
     EXPECT_TRUE(testing_support::IsNoteOpen("Alpha"));
@@ -186,26 +165,23 @@ TEST_F(RestoreNotesTest, ABadDateEndsTheRestoring) {
     files.PutFolder("C:\\Jotwright\\Notes");
     files.PutFile(PathOf("Alpha"),
                   "\"Alpha\",\"\",#2004-13-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
-    PutNote(Record("Beta", ""));
+    PutNote(Note("Beta", ""));
     ExpectLoadError("Type mismatch");
     Restore();
     EXPECT_TRUE(runtime->LoadedForms().empty());
 }
 
 TEST_F(RestoreNotesTest, AMissingAlarmIconEndsTheRestoring) {
-    auto record = Record("Alpha", "");
-    record.AlarmState = "1";
-    PutNote(record);
-    PutNote(Record("Beta", ""));
+    PutNote(Note("Alpha", "").WithAlarm());
+    PutNote(Note("Beta", ""));
     files.Remove("C:\\Jotwright\\alarmon.ico");
     ExpectLoadError("File not found");
     Restore();
     EXPECT_FALSE(testing_support::IsNoteOpen("Beta"));
 }
 
-TEST_F(RestoreNotesTest, AMissingAlarmIconDoesNotCostTheAlarm) {
-    auto record = Record("Alpha", "text");
-    record.AlarmState = "1";
+TEST_F(RestoreNotesTest, TheAlarmStaysSetIfTheAlarmIconIsMissing) {
+    const Note record = Note("Alpha").WithAlarm();
     PutNote(record);
     files.Remove("C:\\Jotwright\\alarmon.ico");
     ExpectLoadError("File not found");
@@ -215,13 +191,11 @@ TEST_F(RestoreNotesTest, AMissingAlarmIconDoesNotCostTheAlarm) {
 }
 
 TEST_F(RestoreNotesTest, RestoringAndClosingLeavesTheFileAsItWas) {
-    auto record = Record("Dentist", "Call.\r\nAsk.");
-    record.AlarmTime = DateTime::FromTime(23, 59, 58);
-    record.AlarmState = "1";
-    record.AudioAlarm = 1;
-    record.ColorIndex = 3;
-    record.FontSize = 16;
-    PutNote(record);
+    PutNote(Note("Dentist", "Call.\r\nAsk.")
+                .WithAlarmAt(23, 59, 58)
+                .WithSound()
+                .InColor(3)
+                .InPoints(16));
     const auto before = FileOf("Dentist");
     Restore();
     files.ClearLog();

@@ -20,7 +20,7 @@ void ExpectVerdict(const std::string& title, int rule, const std::string& pictur
     EXPECT_EQ(verdict.HasMessage(), !text.empty()) << title;
 }
 
-TEST(TitleRules, NumberAloneIsRejectedAndStays) {
+TEST(TitleRulesTest, ANumberIsRejectedAndStays) {
     for (const char* title : {"2004", "-5", "1,000.50", "1e5", " 7 ", ".5"}) {
         ExpectVerdict(title, 1, "letters.gif", " Note Title Error",
                       "Note titles can't contain numeric characters only.\r\n"
@@ -29,19 +29,21 @@ TEST(TitleRules, NumberAloneIsRejectedAndStays) {
     }
 }
 
-TEST(TitleRules, NumberWithLettersPasses) { ExpectVerdict("2004 plans", 0, "", "", "", false); }
+TEST(TitleRulesTest, ANumberWithLettersIsAccepted) {
+    ExpectVerdict("2004 plans", 0, "", "", "", false);
+}
 
-TEST(TitleRules, EmptyTitle) {
+TEST(TitleRulesTest, EmptyTitle) {
     ExpectVerdict("", 2, "mascot_error.gif", "  Note Title Error",
                   "Please Enter A Title For Your Note.\r\n", true);
 }
 
-TEST(TitleRules, BlanksGetNoMessage) {
+TEST(TitleRulesTest, BlanksAreRejectedWithoutAMessage) {
     ExpectVerdict(" ", 3, "", "", "", true);
     ExpectVerdict("   ", 3, "", "", "", true);
 }
 
-TEST(TitleRules, ForbiddenCharacters) {
+TEST(TitleRulesTest, ForbiddenCharacters) {
     ExpectVerdict("a/b", 4, "no_Fslash.gif", "  Note Title Error",
                   "Note titles can't contain a forwardslash.", true);
     ExpectVerdict("a\\b", 5, "no_Fslash.gif", "  Note Title Error",
@@ -58,7 +60,7 @@ TEST(TitleRules, ForbiddenCharacters) {
                   "Note titles can't contain a double quote.", true);
 }
 
-TEST(TitleRules, TheFirstRuleThatIsBrokenDecides) {
+TEST(TitleRulesTest, TheFirstRuleThatIsBrokenDecides) {
     EXPECT_EQ(Check("1.5", false).rule, 1);
     EXPECT_EQ(Check("\"';:.\\/", false).rule, 4);
     EXPECT_EQ(Check("\"';:.\\", false).rule, 5);
@@ -68,16 +70,18 @@ TEST(TitleRules, TheFirstRuleThatIsBrokenDecides) {
     EXPECT_EQ(Check("\"'", false).rule, 9);
 }
 
-TEST(TitleRules, PeriodIsRejectedBeforeTheDuplicateTest) { EXPECT_EQ(Check("a.b", true).rule, 6); }
+TEST(TitleRulesTest, PeriodIsRejectedBeforeTheDuplicateTest) {
+    EXPECT_EQ(Check("a.b", true).rule, 6);
+}
 
-TEST(TitleRules, TakenTitle) {
+TEST(TitleRulesTest, TakenTitle) {
     ExpectVerdict("Shopping", 11, "error.gif", "Name Already Exists",
                   "A note with this title already exits.\r\n\r\n"
                   "Please choose another title for your new note.",
                   true, true);
 }
 
-TEST(TitleRules, OtherCharactersThatFileNamesCannotHoldPass) {
+TEST(TitleRulesTest, OtherCharactersThatFileNamesCannotHoldAreAccepted) {
     for (const char* title : {"a*b", "a?b", "a|b", "a<b", "a>b", "con", "\xce\xb1", "a, b", "\t"}) {
         EXPECT_TRUE(Check(title, false).IsAccepted()) << title;
     }

@@ -12,39 +12,24 @@
 #include "notes/frmNote.h"
 #include "notes/frmViewNotes.h"
 #include "tests/support/OpenNotes.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 
 namespace testing_support {
 
 // The control panel and the editors, without the main window.
-class ViewNotes : public TestProgram {
+class ViewNotesProgram : public ProductProgram {
   protected:
     const std::string folder = applicationFolder + "\\Notes";
 
     void SetUp() override {
-        TestProgram::SetUp();
+        ProductProgram::SetUp();
         files.PutFolder(folder);
         StandardCode::ConnectControlPanel();
     }
 
-    static StandardCode::NoteRecord Note(const std::string& title, const char* alarmState = "0") {
-        StandardCode::NoteRecord note;
-        note.Title = title;
-        note.Text = "Text of " + title;
-        note.AlarmDate = base::DateTime::FromDate(2004, 5, 14);
-        note.AlarmTime = base::DateTime::FromTime(9, 30, 0);
-        note.ColorIndex = 1;
-        note.FontSize = 12;
-        note.AlarmState = alarmState;
-        return note;
-    }
-    void Put(const std::string& fileName, const StandardCode::NoteRecord& note) {
-        files.PutFile(folder + "\\" + fileName + ".txt", NoteFile::Encode(note));
-    }
-    void Put(const std::string& title) { Put(title, Note(title)); }
     void PutMany(int count) {
         for (int i = 1; i <= count; ++i) {
-            Put("Note " + std::to_string(1000 + i));
+            PutNote(Note("Note " + std::to_string(1000 + i)));
         }
     }
 
@@ -66,7 +51,7 @@ class ViewNotes : public TestProgram {
     void Raise(StandardCode::SharedEvents::PanelAction action) {
         Start([action] { StandardCode::Events().ControlPanel.Raise(action); });
     }
-    // What ends an editor here is not what is tested.
+    // Closes an editor without a question. These tests are not about closing.
     void CloseNote(forms::Form& note) {
         StandardCode::Shared().ControlPanelMode = false;
         Start([&note] { note.Unload(); });
@@ -80,15 +65,9 @@ class ViewNotes : public TestProgram {
         }
     }
 
-    void ExpectQuestion(const std::string& titleInCapitals, forms::BoxResult answer) {
-        stage->ExpectBox("Would you like to erase" + std::string(8, ' ') + "\r\n" +
-                             std::string(11, ' ') + titleInCapitals + "?" + std::string(7, ' '),
-                         "Deleting Note", forms::BoxIcon::Critical, forms::BoxButtons::YesNo,
-                         answer);
-    }
     void ExpectNothingSelected() {
-        stage->ExpectBox("Please Select A File To Remove.", "Error Occured Removing Note",
-                         forms::BoxIcon::Critical, forms::BoxButtons::Ok, forms::BoxResult::Ok);
+        ExpectMessage("Please Select A File To Remove.", "Error Occured Removing Note",
+                      forms::BoxIcon::Critical);
     }
 };
 

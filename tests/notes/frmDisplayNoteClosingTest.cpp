@@ -5,18 +5,17 @@
 
 #include "app/StandardCode.h"
 #include "forms/Gestures.h"
+#include "notes/NoteFile.h"
 #include "notes/NoteStore.h"
 #include "notes/RestoreNotes.h"
 #include "notes/frmDisplayNote.h"
 #include "tests/support/OpenNotes.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 
-// What becomes of the note when its alarm display is closed.
+// Closing the alarm display of a note: the question, and its effect on the file.
 
 namespace {
 
-using forms::BoxButtons;
-using forms::BoxIcon;
 using forms::BoxResult;
 using StandardCode::Shared;
 using PanelAction = StandardCode::SharedEvents::PanelAction;
@@ -30,15 +29,15 @@ const std::string silenced =
     "\"Dentist\",\"Call to move the appointment.\r\nAsk for a Friday.\","
     "#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n";
 
-class DisplayClosing : public testing_support::TestProgram {
+class frmDisplayNoteClosingTest : public testing_support::ProductProgram {
   protected:
     void SetUp() override {
-        TestProgram::SetUp();
+        ProductProgram::SetUp();
         files.PutFolder(notes);
         Watch();
     }
 
-    // Stands for the control panel, which rebuilds the array.
+    // Rebuilds the array, as the control panel does.
     void Watch() {
         StandardCode::Events().ControlPanel.Subscribe([this](PanelAction action) {
             panelActions.push_back(action);
@@ -46,18 +45,30 @@ class DisplayClosing : public testing_support::TestProgram {
         });
     }
 
+    static Note DueNote(const std::string& title = "Dentist") {
+        return Note(title, "call").WithAlarmAt(9, 30).WithSound().InColor(5);
+    }
+
+    // Displays the only note, whose file holds these bytes.
     std::shared_ptr<frmDisplayNote> Open(const std::string& content = ringing,
-                                         const std::string& path = dentist) {
-        files.PutFile(path, content);
+                                         const std::string& fileName = "Dentist.txt") {
+        files.PutFile(notes + '\\' + fileName, content);
         Start([] { StandardCode::LoadNotesArray(); });
         std::shared_ptr<frmDisplayNote> display;
         Start([&display] { display = StandardCode::DisplayNote(1); });
         return display;
     }
+    std::shared_ptr<frmDisplayNote> Open(const StandardCode::NoteRecord& note,
+                                         const std::string& fileName = "Dentist.txt") {
+        return Open(NoteFile::Encode(note), fileName);
+    }
 
-    void ExpectQuestion(BoxResult answer, forms::headless::Script during = nullptr) {
-        stage->ExpectBox("Would you like to erase this note?", " Erase Note?", BoxIcon::Question,
-                         BoxButtons::YesNo, answer, std::move(during));
+    // The user has typed "typed here", and the file is read-only.
+    std::shared_ptr<frmDisplayNote> OpenWithTextThatCannotBeWritten() {
+        auto display = Open();
+        user->Type(display->lblNoteText, "typed here");
+        files.SetReadOnly(dentist, true);
+        return display;
     }
 
     void ExpectTypedTextAtTheNextStart() {
@@ -74,24 +85,24 @@ class DisplayClosing : public testing_support::TestProgram {
     std::vector<PanelAction> panelActions;
 };
 
-TEST_F(DisplayClosing, NoKeepsTheNoteWithItsAlarmOff) {
+TEST_F(frmDisplayNoteClosingTest, NoKeepsTheNoteWithItsAlarmOff) {
     const auto display = Open();
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_FALSE(display->IsLoaded());
     EXPECT_EQ(files.Peek(dentist), silenced);
     EXPECT_EQ(files.Names(notes), std::vector<std::string>{"Dentist.txt"});
     EXPECT_EQ(panelActions, std::vector<PanelAction>{PanelAction::LoadAndUnload});
-    // Every reader still takes it.
+    // The file can still be read.
     EXPECT_EQ(Shared().NoteCount, 1);
     EXPECT_EQ(Shared().NotesArray[1].AlarmTime, base::DateTime::FromTime(12, 0, 0));
     EXPECT_EQ(Shared().NotesArray[1].AlarmState, "0");
     EXPECT_EQ(Shared().NotesArray[1].AudioAlarm, 0);
 }
 
-TEST_F(DisplayClosing, YesErasesTheNote) {
+TEST_F(frmDisplayNoteClosingTest, YesErasesTheNote) {
     const auto display = Open();
-    ExpectQuestion(BoxResult::Yes);
+    ExpectEraseNoteQuestion(BoxResult::Yes);
     user->CloseBox(*display);
     EXPECT_FALSE(display->IsLoaded());
     EXPECT_TRUE(files.Names(notes).empty());
@@ -100,26 +111,26 @@ TEST_F(DisplayClosing, YesErasesTheNote) {
     EXPECT_EQ(Shared().NoteCount, 0);
 }
 
-TEST_F(DisplayClosing, YesErasesWithoutARecycleBinToo) {
+TEST_F(frmDisplayNoteClosingTest, YesErasesWithoutARecycleBinToo) {
     files.SetRecycleBin(false);
     const auto display = Open();
-    ExpectQuestion(BoxResult::Yes);
+    ExpectEraseNoteQuestion(BoxResult::Yes);
     user->CloseBox(*display);
     EXPECT_TRUE(files.Names(notes).empty());
 }
 
-TEST_F(DisplayClosing, TheMenuAsksTheSameQuestion) {
+TEST_F(frmDisplayNoteClosingTest, TheMenuAsksTheSameQuestion) {
     for (const std::string entry : {"mnuErase", "mnuClose"}) {
         const auto display = Open();
         stage->ExpectPopup("mnuPop", entry);
-        ExpectQuestion(BoxResult::No, [&] { EXPECT_TRUE(display->IsVisible()); });
+        ExpectEraseNoteQuestion(BoxResult::No, [&] { EXPECT_TRUE(display->IsVisible()); });
         user->RightClick(*display);
         EXPECT_FALSE(display->IsLoaded());
         EXPECT_EQ(files.Peek(dentist), silenced);
     }
 }
 
-TEST_F(DisplayClosing, ANoteErasedElsewhereAsksNothing) {
+TEST_F(frmDisplayNoteClosingTest, ANoteErasedElsewhereAsksNothing) {
     const auto display = Open();
     files.Remove(dentist);
     user->CloseBox(*display);
@@ -128,180 +139,165 @@ TEST_F(DisplayClosing, ANoteErasedElsewhereAsksNothing) {
     EXPECT_TRUE(panelActions.empty());
 }
 
-TEST_F(DisplayClosing, TheSecondDisplayOfANoteAsksNothingOnceItIsErased) {
+TEST_F(frmDisplayNoteClosingTest, TheSecondDisplayOfAnErasedNoteAsksNothing) {
     const auto first = Open();
     const auto second = Open();
-    ExpectQuestion(BoxResult::Yes);
+    ExpectEraseNoteQuestion(BoxResult::Yes);
     user->CloseBox(*first);
     user->CloseBox(*second);
     EXPECT_TRUE(files.Names(notes).empty());
 }
 
-TEST_F(DisplayClosing, ANoteErasedWhileTheQuestionIsOpenIsNoError) {
+TEST_F(frmDisplayNoteClosingTest, ANoteErasedWhileTheQuestionIsOpenIsNoError) {
     const auto display = Open();
-    ExpectQuestion(BoxResult::Yes, [&] { files.Remove(dentist); });
+    ExpectEraseNoteQuestion(BoxResult::Yes, [&] { files.Remove(dentist); });
     user->CloseBox(*display);
     EXPECT_FALSE(display->IsLoaded());
 }
 
-TEST_F(DisplayClosing, NoBringsBackANoteErasedWhileTheQuestionWasOpen) {
+TEST_F(frmDisplayNoteClosingTest, NoBringsBackANoteErasedWhileTheQuestionWasOpen) {
     const auto display = Open();
-    ExpectQuestion(BoxResult::No, [&] { files.Remove(dentist); });
+    ExpectEraseNoteQuestion(BoxResult::No, [&] { files.Remove(dentist); });
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist), silenced);
 }
 
-TEST_F(DisplayClosing, TheDateIsTheDayOfClosing) {
+TEST_F(frmDisplayNoteClosingTest, TheDateIsTheDayOfClosing) {
     SetNow(2004, 5, 14, 23, 59, 0);
     const auto display = Open();
     Advance(120000);
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_NE(files.Peek(dentist).value().find(",#2004-05-15#,\"#12:00#\","), std::string::npos);
 }
 
-TEST_F(DisplayClosing, EveryColourComesBackAsItsIndex) {
-    for (const std::string index : {"1", "2", "3", "4", "5", "6"}) {
-        const auto display = Open("\"Dentist\",\"call\",#2004-05-14#,#09:30:00#," + index +
-                                  ",12,\"1\",1,\"yes\"\r\n");
-        ExpectQuestion(BoxResult::No);
+TEST_F(frmDisplayNoteClosingTest, EveryColorIsWrittenAsItsIndex) {
+    for (int index = 1; index <= 6; ++index) {
+        const auto display = Open(DueNote().InColor(index));
+        ExpectEraseNoteQuestion(BoxResult::No);
         user->CloseBox(*display);
-        EXPECT_EQ(files.Peek(dentist), "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\"," + index +
-                                           ",12,\"0\",0,\"yes\"\r\n");
+        EXPECT_EQ(files.Peek(dentist), "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\"," +
+                                           std::to_string(index) + ",12,\"0\",0,\"yes\"\r\n");
     }
 }
 
-TEST_F(DisplayClosing, AnyOtherColourIsWrittenAsSix) {
-    const auto display =
-        Open("\"Dentist\",\"call\",#2004-05-14#,#09:30:00#,0,12,\"1\",1,\"yes\"\r\n");
-    ExpectQuestion(BoxResult::No);
+TEST_F(frmDisplayNoteClosingTest, AnyOtherColorIsWrittenAsSix) {
+    const auto display = Open(DueNote().InColor(0));
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist),
               "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\",6,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(DisplayClosing, TheFontSizeIsTheOneShown) {
-    for (const auto& [stored, written] :
-         {std::pair{"10", "10"}, {"14", "14"}, {"16", "16"}, {"11", "12"}}) {
-        const auto display = Open("\"Dentist\",\"call\",#2004-05-14#,#09:30:00#,5," +
-                                  std::string(stored) + ",\"1\",1,\"yes\"\r\n");
-        ExpectQuestion(BoxResult::No);
+TEST_F(frmDisplayNoteClosingTest, TheFontSizeIsTheSizeShown) {
+    for (const auto& [stored, written] : {std::pair{10, 10}, {14, 14}, {16, 16}, {11, 12}}) {
+        const auto display = Open(DueNote().InPoints(stored));
+        ExpectEraseNoteQuestion(BoxResult::No);
         user->CloseBox(*display);
         EXPECT_EQ(files.Peek(dentist), "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\",5," +
-                                           std::string(written) + ",\"0\",0,\"yes\"\r\n");
+                                           std::to_string(written) + ",\"0\",0,\"yes\"\r\n");
     }
 }
 
-TEST_F(DisplayClosing, WhatTheUserTypedIsKept) {
+TEST_F(frmDisplayNoteClosingTest, TheTypedTextIsKept) {
     const auto display = Open();
     user->Type(display->lblNoteText, "moved");
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist),
               "\"Dentist\",\"moved\",#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(DisplayClosing, ATextOutsideTheCodePageIsKeptWhole) {
+TEST_F(frmDisplayNoteClosingTest, ATextOutsideTheCodePageIsKeptWhole) {
     const auto display = Open();
     const std::string text = "\xD0\x9F\xD1\x80\xD0\xB8\xD0\xB2\xD0\xB5\xD1\x82 \xF0\x9F\x95\x91";
     user->Type(display->lblNoteText, text);
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_EQ(Shared().NotesArray[1].Text, text);
 }
 
-TEST_F(DisplayClosing, BlanksAroundTheTitleAreTrimmedInTheFile) {
-    // The title field, not the file's name, is what the display shows.
-    const auto display =
-        Open("\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n", dentist);
+TEST_F(frmDisplayNoteClosingTest, BlanksAroundTheTitleAreTrimmedInTheFile) {
+    // The display shows the title field, not the name of the file.
+    const auto display = Open(DueNote(" Dentist"));
     ASSERT_EQ(display->caption(), " Dentist");
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_EQ(files.Names(notes), std::vector<std::string>{"Dentist.txt"});
     EXPECT_EQ(files.Peek(dentist),
               "\"Dentist\",\"call\",#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(DisplayClosing, TheFileStaysIfItsReplacementFailed) {
-    const std::string content =
-        "\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
-    const auto display = Open(content);
+TEST_F(frmDisplayNoteClosingTest, TheFileStaysIfItsReplacementFailed) {
+    const Note note = DueNote(" Dentist");
+    const auto display = Open(note);
     files.SetFreeSpace(0);
-    ExpectQuestion(BoxResult::No);
-    stage->ExpectBox("61 - Disk full", "WriteNote Sub Error", BoxIcon::None, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectEraseNoteQuestion(BoxResult::No);
+    ExpectWriteError("61 - Disk full");
     user->CloseBox(*display);
-    EXPECT_EQ(files.Peek(dentist), content);
+    EXPECT_EQ(files.Peek(dentist), NoteFile::Encode(note));
 }
 
-TEST_F(DisplayClosing, AsksAboutTheFileThatTheNoteCameFrom) {
-    const auto display =
-        Open("\" Dentist\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n",
-             notes + "\\ Dentist.txt");
-    ExpectQuestion(BoxResult::Yes);
+TEST_F(frmDisplayNoteClosingTest, AsksAboutTheFileThatTheNoteCameFrom) {
+    const auto display = Open(DueNote(" Dentist"), " Dentist.txt");
+    ExpectEraseNoteQuestion(BoxResult::Yes);
     user->CloseBox(*display);
     EXPECT_FALSE(display->IsLoaded());
     EXPECT_TRUE(files.Names(notes).empty());
 }
 
-TEST_F(DisplayClosing, ResetsTheAnswer) {
+TEST_F(frmDisplayNoteClosingTest, ResetsTheAnswer) {
     Shared().Answer = 2;
     const auto display = Open();
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_EQ(Shared().Answer, 0);
 }
 
-TEST_F(DisplayClosing, TheDefaultInstanceHoldsNoNote) {
-    const std::string other = "\"note\",\"call\",#2004-05-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
-    files.PutFile(notes + "\\note.txt", other);
+TEST_F(frmDisplayNoteClosingTest, TheDefaultInstanceHoldsNoNote) {
+    const Note other = DueNote("note");
+    PutNote(other);
     Start([] { forms::Default<frmDisplayNote>().Load(); });
     ASSERT_EQ(forms::Default<frmDisplayNote>().caption(), "note");
     Start([] { forms::Default<frmDisplayNote>().Unload(); });
     EXPECT_EQ(forms::LoadedDefault<frmDisplayNote>(), nullptr);
-    EXPECT_EQ(files.Peek(notes + "\\note.txt"), other);
+    EXPECT_EQ(FileOf("note"), NoteFile::Encode(other));
     EXPECT_TRUE(panelActions.empty());
 }
 
-TEST_F(DisplayClosing, TheEndOfTheSessionKeepsTheNoteAndAsksNothing) {
+TEST_F(frmDisplayNoteClosingTest, TheEndOfTheSessionKeepsTheNoteAndAsksNothing) {
     const auto display = Open();
     forms::gestures::EndSession();
     EXPECT_FALSE(display->IsLoaded());
     EXPECT_EQ(files.Peek(dentist), silenced);
 }
 
-TEST_F(DisplayClosing, AFailingRewriteIsReportedAndLosesNothing) {
+TEST_F(frmDisplayNoteClosingTest, AFailingRewriteIsReportedAndLosesNothing) {
     const auto display = Open();
     files.SetReadOnly(dentist, true);
-    ExpectQuestion(BoxResult::No);
-    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectEraseNoteQuestion(BoxResult::No);
+    ExpectWriteError("75 - Path/File access error");
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist), ringing);
     EXPECT_EQ(panelActions.size(), 1u);
 }
 
-TEST_F(DisplayClosing, TextThatCannotBeWrittenKeepsTheWindow) {
-    const auto display = Open();
-    user->Type(display->lblNoteText, "typed here");
-    files.SetReadOnly(dentist, true);
-    ExpectQuestion(BoxResult::No);
-    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok);
+TEST_F(frmDisplayNoteClosingTest, TextThatCannotBeWrittenKeepsTheWindow) {
+    const auto display = OpenWithTextThatCannotBeWritten();
+    ExpectEraseNoteQuestion(BoxResult::No);
+    ExpectWriteError("75 - Path/File access error");
     user->CloseBox(*display);
     EXPECT_TRUE(display->IsVisible());
     EXPECT_EQ(display->lblNoteText.text(), "typed here");
     files.SetReadOnly(dentist, false);
-    ExpectQuestion(BoxResult::No);
+    ExpectEraseNoteQuestion(BoxResult::No);
     user->CloseBox(*display);
     EXPECT_FALSE(display->IsLoaded());
     EXPECT_NE(files.Peek(dentist)->find("typed here"), std::string::npos);
 }
 
-TEST_F(DisplayClosing, TextThatCannotBeWrittenOutlivesTheEndOfTheSession) {
-    auto display = Open();
-    user->Type(display->lblNoteText, "typed here");
-    files.SetReadOnly(dentist, true);
+TEST_F(frmDisplayNoteClosingTest, TextThatCannotBeWrittenOutlivesTheEndOfTheSession) {
+    auto display = OpenWithTextThatCannotBeWritten();
     forms::gestures::EndSession();
     EXPECT_TRUE(stage->Boxes().empty());
     EXPECT_TRUE(runtime->LoadedForms().empty());
@@ -310,31 +306,26 @@ TEST_F(DisplayClosing, TextThatCannotBeWrittenOutlivesTheEndOfTheSession) {
     ExpectTypedTextAtTheNextStart();
 }
 
-TEST_F(DisplayClosing, TextOutlivesTheEndOfTheSessionBehindTheReport) {
-    auto display = Open();
-    user->Type(display->lblNoteText, "typed here");
-    files.SetReadOnly(dentist, true);
-    ExpectQuestion(BoxResult::No);
-    stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
-                     BoxButtons::Ok, BoxResult::Ok, [] { forms::gestures::EndSession(); });
+TEST_F(frmDisplayNoteClosingTest, TextOutlivesTheEndOfTheSessionBehindTheReport) {
+    auto display = OpenWithTextThatCannotBeWritten();
+    ExpectEraseNoteQuestion(BoxResult::No);
+    ExpectWriteError("75 - Path/File access error", [] { forms::gestures::EndSession(); });
     user->CloseBox(*display);
     EXPECT_TRUE(runtime->HasEnded());
     display.reset();
     ExpectTypedTextAtTheNextStart();
 }
 
-TEST_F(DisplayClosing, TextOutlivesTheEndOfTheSessionBehindTheQuestion) {
-    auto display = Open();
-    user->Type(display->lblNoteText, "typed here");
-    files.SetReadOnly(dentist, true);
-    ExpectQuestion(BoxResult::No, [] { forms::gestures::EndSession(); });
+TEST_F(frmDisplayNoteClosingTest, TextOutlivesTheEndOfTheSessionBehindTheQuestion) {
+    auto display = OpenWithTextThatCannotBeWritten();
+    ExpectEraseNoteQuestion(BoxResult::No, [] { forms::gestures::EndSession(); });
     user->CloseBox(*display);
     EXPECT_TRUE(runtime->HasEnded());
     display.reset();
     ExpectTypedTextAtTheNextStart();
 }
 
-TEST_F(DisplayClosing, ANoteWhoseTextNobodyTypedNeedsNoCopyAtTheEndOfTheSession) {
+TEST_F(frmDisplayNoteClosingTest, WithoutTypedTextTheEndOfTheSessionLeavesNoCopy) {
     const auto display = Open();
     files.SetReadOnly(dentist, true);
     forms::gestures::EndSession();
@@ -342,48 +333,42 @@ TEST_F(DisplayClosing, ANoteWhoseTextNobodyTypedNeedsNoCopyAtTheEndOfTheSession)
     EXPECT_EQ(files.List(notes, ".recovery").size(), 0U);
 }
 
-TEST_F(DisplayClosing, TheCopyOfATextIsGoneOnceTheTextIsSavedOrErased) {
+TEST_F(frmDisplayNoteClosingTest, SavingOrErasingTheTextRemovesItsCopy) {
     for (const BoxResult answer : {BoxResult::No, BoxResult::Yes}) {
-        const auto display = Open();
-        user->Type(display->lblNoteText, "typed here");
-        files.SetReadOnly(dentist, true);
-        ExpectQuestion(BoxResult::No);
-        stage->ExpectBox("75 - Path/File access error", "WriteNote Sub Error", BoxIcon::None,
-                         BoxButtons::Ok, BoxResult::Ok);
+        const auto display = OpenWithTextThatCannotBeWritten();
+        ExpectEraseNoteQuestion(BoxResult::No);
+        ExpectWriteError("75 - Path/File access error");
         user->CloseBox(*display);
         EXPECT_EQ(files.List(notes, ".recovery").size(), 1U);
         files.SetReadOnly(dentist, false);
-        ExpectQuestion(answer);
+        ExpectEraseNoteQuestion(answer);
         user->CloseBox(*display);
         EXPECT_FALSE(display->IsLoaded());
         EXPECT_EQ(files.List(notes, ".recovery").size(), 0U);
     }
 }
 
-TEST_F(DisplayClosing, AFailingEraseIsReported) {
+TEST_F(frmDisplayNoteClosingTest, AFailingEraseIsReported) {
     const auto display = Open();
     files.SetDenied(dentist, true);
-    ExpectQuestion(BoxResult::Yes);
-    stage->ExpectBox("70 - Permission denied", "WriteNote Sub Error", BoxIcon::None, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectEraseNoteQuestion(BoxResult::Yes);
+    ExpectWriteError("70 - Permission denied");
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist), ringing);
     EXPECT_FALSE(runtime->HasEnded());
 }
 
-TEST_F(DisplayClosing, AFullDiskLeavesTheOldNote) {
+TEST_F(frmDisplayNoteClosingTest, AFullDiskLeavesTheOldNote) {
     const auto display = Open();
     files.SetFreeSpace(10);
-    ExpectQuestion(BoxResult::No);
-    stage->ExpectBox("61 - Disk full", "WriteNote Sub Error", BoxIcon::None, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectEraseNoteQuestion(BoxResult::No);
+    ExpectWriteError("61 - Disk full");
     user->CloseBox(*display);
     EXPECT_EQ(files.Peek(dentist), ringing);
 }
 
-// Whenever the program is killed on its way through the closing, the disk holds the old note or the
-// new one.
-TEST_F(DisplayClosing, AKillAtAnyStepLeavesOneWholeNote) {
+// Wherever the program is killed during the closing, the disk holds the old note or the new note.
+TEST_F(frmDisplayNoteClosingTest, AKillAtAnyStepLeavesOneWholeNote) {
     using forms::headless::MemoryFiles;
     bool reachedEnd = false;
     for (int step = 1; step < 40 && !reachedEnd; ++step) {
@@ -391,7 +376,7 @@ TEST_F(DisplayClosing, AKillAtAnyStepLeavesOneWholeNote) {
                                   MemoryFiles::Moment::After}) {
             auto display = Open();
             bool killed = false;
-            ExpectQuestion(BoxResult::No, [&] { files.KillAt(step, moment); });
+            ExpectEraseNoteQuestion(BoxResult::No, [&] { files.KillAt(step, moment); });
             try {
                 Start([&] { display->Unload(); });
             } catch (const forms::headless::Killed&) {

@@ -6,16 +6,12 @@
 namespace {
 
 using forms::BoxResult;
-using Names = std::vector<std::string>;
 
-class EditedUnderItsDisplay : public testing_support::NoteProgram {
+class frmDisplayNoteEditedTest : public testing_support::NoteProgram {
   protected:
     void SetUp() override {
         NoteProgram::SetUp();
-        auto record = Record("Dentist", "old");
-        record.AlarmTime = base::DateTime::FromTime(9, 30, 0);
-        record.AlarmState = "1";
-        PutNote(record);
+        PutNote(Note("Dentist", "old").WithAlarmAt(9, 30));
         Start([this] {
             StandardCode::LoadNotesArray();
             display = StandardCode::DisplayNote(1);
@@ -33,8 +29,7 @@ class EditedUnderItsDisplay : public testing_support::NoteProgram {
     static void Save(frmNote& note) { note.WriteNote(); }
 
     void CloseDisplay(BoxResult answer) {
-        stage->ExpectBox("Would you like to erase this note?", " Erase Note?",
-                         forms::BoxIcon::Question, forms::BoxButtons::YesNo, answer);
+        ExpectEraseNoteQuestion(answer);
         user->CloseBox(*display);
         EXPECT_FALSE(display->IsLoaded());
         display.reset();
@@ -43,7 +38,7 @@ class EditedUnderItsDisplay : public testing_support::NoteProgram {
     std::shared_ptr<frmDisplayNote> display;
 };
 
-TEST_F(EditedUnderItsDisplay, KeepingTheNoteKeepsWhatWasSavedMeanwhile) {
+TEST_F(frmDisplayNoteEditedTest, KeepingTheNoteKeepsTheTextThatWasSavedMeanwhile) {
     frmNote& note = Edit();
     user->Type(note.txtNote, "new");
     stage->ExpectPopup("mnuPop", "mnuGreen");
@@ -56,7 +51,7 @@ TEST_F(EditedUnderItsDisplay, KeepingTheNoteKeepsWhatWasSavedMeanwhile) {
     EXPECT_EQ(Saved("Dentist").AlarmTime, base::DateTime::FromTime(12, 0, 0));
 }
 
-TEST_F(EditedUnderItsDisplay, AnAlarmThatWasSetMeanwhileStaysSet) {
+TEST_F(frmDisplayNoteEditedTest, AnAlarmThatWasSetMeanwhileStaysSet) {
     frmNote& note = Edit();
     user->Click(note.cmdAlarm);
     user->Pick(note.dtTime, base::DateTime::FromTime(10, 0, 0));
@@ -69,7 +64,7 @@ TEST_F(EditedUnderItsDisplay, AnAlarmThatWasSetMeanwhileStaysSet) {
     EXPECT_EQ(Saved("Dentist").AlarmTime, base::DateTime::FromTime(10, 0, 0));
 }
 
-TEST_F(EditedUnderItsDisplay, ATextTypedIntoTheDisplayLeavesTheNewAlarmSet) {
+TEST_F(frmDisplayNoteEditedTest, ATextTypedIntoTheDisplayLeavesTheNewAlarmSet) {
     frmNote& note = Edit();
     user->Click(note.cmdAlarm);
     user->Pick(note.dtTime, base::DateTime::FromTime(10, 0, 0));
@@ -82,7 +77,7 @@ TEST_F(EditedUnderItsDisplay, ATextTypedIntoTheDisplayLeavesTheNewAlarmSet) {
     EXPECT_EQ(Saved("Dentist").AlarmTime, base::DateTime::FromTime(10, 0, 0));
 }
 
-TEST_F(EditedUnderItsDisplay, WhatIsTypedIntoTheDisplayIsSavedAndTheEditorsTextIsKept) {
+TEST_F(frmDisplayNoteEditedTest, TextTypedIntoTheDisplayIsSavedAndTheTextOfTheEditorIsKept) {
     frmNote& note = Edit();
     user->Type(note.txtNote, "of the editor");
     Start([&note] { Save(note); });
@@ -96,7 +91,7 @@ TEST_F(EditedUnderItsDisplay, WhatIsTypedIntoTheDisplayIsSavedAndTheEditorsTextI
     EXPECT_EQ(Editor("Dentist (recovered)").txtNote.text(), "of the editor");
 }
 
-TEST_F(EditedUnderItsDisplay, ErasingTheNoteLeavesTheEditorsTextInACopy) {
+TEST_F(frmDisplayNoteEditedTest, ErasingTheNoteLeavesTheTextOfTheEditorInACopy) {
     Edit();
     CloseDisplay(BoxResult::Yes);
     EXPECT_FALSE(FileOf("Dentist").has_value());

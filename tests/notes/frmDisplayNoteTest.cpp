@@ -10,45 +10,27 @@
 #include "forms/Gestures.h"
 #include "notes/NoteStore.h"
 #include "notes/frmDisplayNote.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 
 // The display of a note whose alarm is due: how it opens, what it shows, its sound and its menu.
 
 namespace {
 
-using forms::BoxButtons;
 using forms::BoxIcon;
-using forms::BoxResult;
 using forms::Color;
 using forms::headless::RecordedSound;
 using StandardCode::Shared;
 
 const std::string buzzer = "C:\\Jotwright\\Alarm buzzer.wav";
 
-struct Given {
-    std::string Title;
-    std::string Text = {};
-    std::int16_t ColorIndex = 0;
-    std::int16_t FontSize = 0;
-    std::int16_t AudioAlarm = 0;
-};
-
-class AlarmDisplay : public testing_support::TestProgram {
+class frmDisplayNoteTest : public testing_support::ProductProgram {
   protected:
     void SetUp() override {
-        TestProgram::SetUp();
+        ProductProgram::SetUp();
         Shared().AlarmSoundPath = buzzer;
     }
 
-    static void Fill(const Given& given, int slot = 1) {
-        StandardCode::NoteRecord& note = Shared().NotesArray[slot];
-        note = StandardCode::NoteRecord{};
-        note.Title = given.Title;
-        note.Text = given.Text;
-        note.ColorIndex = given.ColorIndex;
-        note.FontSize = given.FontSize;
-        note.AudioAlarm = given.AudioAlarm;
-    }
+    static void Fill(const Note& note, int slot = 1) { Shared().NotesArray[slot] = note; }
 
     std::shared_ptr<frmDisplayNote> Display(int slot = 1) {
         std::shared_ptr<frmDisplayNote> display;
@@ -57,7 +39,7 @@ class AlarmDisplay : public testing_support::TestProgram {
     }
 
     std::shared_ptr<frmDisplayNote> DisplayColor(std::int16_t index) {
-        Fill({.Title = "Dentist", .Text = "call", .ColorIndex = index, .FontSize = 12});
+        Fill(Note("Dentist", "call").InColor(index));
         return Display();
     }
 
@@ -65,7 +47,7 @@ class AlarmDisplay : public testing_support::TestProgram {
         settings.values[{"Options", key}] = value;
     }
 
-    // As the main window's clock does it.
+    // Switches the sound on, as the clock of the main window does.
     void SwitchSoundOn(frmDisplayNote& display) {
         Start([&display] {
             display.tmrSoundAlarm.enabled = true;
@@ -74,8 +56,8 @@ class AlarmDisplay : public testing_support::TestProgram {
     }
 };
 
-TEST_F(AlarmDisplay, ShowsTheNote) {
-    Fill({.Title = "Dentist", .Text = "line 1\r\nline 2", .ColorIndex = 5, .FontSize = 14});
+TEST_F(frmDisplayNoteTest, ShowsTheNote) {
+    Fill(Note("Dentist", "line 1\r\nline 2").InColor(5).InPoints(14));
     const auto display = Display();
     ASSERT_TRUE(display);
     EXPECT_TRUE(display->IsVisible());
@@ -92,7 +74,7 @@ TEST_F(AlarmDisplay, ShowsTheNote) {
     EXPECT_FALSE(display->tmrSoundAlarm.enabled());
 }
 
-TEST_F(AlarmDisplay, TakesTheNotesColour) {
+TEST_F(frmDisplayNoteTest, TakesTheColorOfTheNote) {
     const std::vector<Color> backs = {{255, 255, 255}, {255, 128, 128}, {0, 192, 0},
                                       {128, 128, 255}, {255, 255, 0},   {192, 192, 192}};
     for (std::int16_t index = 1; index <= 6; ++index) {
@@ -104,7 +86,7 @@ TEST_F(AlarmDisplay, TakesTheNotesColour) {
     }
 }
 
-TEST_F(AlarmDisplay, KeepsItsDesignColoursForAnyOtherIndex) {
+TEST_F(frmDisplayNoteTest, KeepsItsDesignColorsForAnyOtherIndex) {
     Start([] { forms::Default<frmDisplayNote>(); });
     for (const std::int16_t index : std::vector<std::int16_t>{0, 7, -1, 32767}) {
         const auto display = DisplayColor(index);
@@ -114,19 +96,19 @@ TEST_F(AlarmDisplay, KeepsItsDesignColoursForAnyOtherIndex) {
     }
 }
 
-TEST_F(AlarmDisplay, TakesTheNotesFontSizeWhereItIsOneOfTheFour) {
+TEST_F(frmDisplayNoteTest, TakesTheFontSizeOfTheNoteIfItIsOneOfTheFour) {
     for (const std::int16_t size : std::vector<std::int16_t>{10, 12, 14, 16}) {
-        Fill({.Title = "Dentist", .FontSize = size});
+        Fill(Note("Dentist").InPoints(size));
         EXPECT_EQ(Display()->lblNoteText.fontSize(), size);
     }
     for (const std::int16_t size : std::vector<std::int16_t>{0, 8, 11, 18, -12}) {
-        Fill({.Title = "Dentist", .FontSize = size});
+        Fill(Note("Dentist").InPoints(size));
         EXPECT_EQ(Display()->lblNoteText.fontSize(), 12) << size;
     }
 }
 
-TEST_F(AlarmDisplay, IsTopMostOnlyWhenTheUserWantsIt) {
-    Fill({.Title = "Dentist"});
+TEST_F(frmDisplayNoteTest, IsTopMostOnlyIfTheSettingSaysSo) {
+    Fill(Note("Dentist"));
     EXPECT_FALSE(Display()->IsTopMost());
     EXPECT_EQ(Shared().WindowOnTopFlag, 0);
     Option("WindowOnTop", "1");
@@ -137,25 +119,24 @@ TEST_F(AlarmDisplay, IsTopMostOnlyWhenTheUserWantsIt) {
     EXPECT_EQ(Shared().WindowOnTopFlag, 2);
 }
 
-TEST_F(AlarmDisplay, ASettingThatIsNoNumberIsNotTrapped) {
-    Fill({.Title = "Dentist"});
+TEST_F(frmDisplayNoteTest, ASettingThatIsNoNumberIsNotTrapped) {
+    Fill(Note("Dentist"));
     Option("WindowOnTop", "yes");
-    stage->ExpectBox("Run-time error '13':\r\n\r\nType mismatch", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(13, "Type mismatch");
     Start([] { StandardCode::DisplayNote(1); });
 }
 
-TEST_F(AlarmDisplay, ItsOpenerLeavesTheSoundToTheCaller) {
-    Fill({.Title = "Dentist", .AudioAlarm = 1});
+TEST_F(frmDisplayNoteTest, OpeningItDoesNotStartTheSound) {
+    Fill(Note("Dentist").WithSound());
     const auto display = Display();
     EXPECT_FALSE(display->tmrSoundAlarm.enabled());
     Advance(5000);
     EXPECT_TRUE(sound.log.empty());
 }
 
-TEST_F(AlarmDisplay, EachDueNoteHasAWindowOfItsOwn) {
-    Fill({.Title = "One"});
-    Fill({.Title = "Two"}, 2);
+TEST_F(frmDisplayNoteTest, EachDueNoteHasItsOwnWindow) {
+    Fill(Note("One"));
+    Fill(Note("Two"), 2);
     const auto one = Display(1);
     const auto two = Display(2);
     EXPECT_NE(one, two);
@@ -166,7 +147,7 @@ TEST_F(AlarmDisplay, EachDueNoteHasAWindowOfItsOwn) {
     EXPECT_TRUE(one->IsVisible());
 }
 
-TEST_F(AlarmDisplay, ASlotOutsideTheArrayIsAnError) {
+TEST_F(frmDisplayNoteTest, ASlotOutsideTheArrayIsAnError) {
     for (const int slot : {0, 101}) {
         Start([slot] {
             try {
@@ -179,8 +160,8 @@ TEST_F(AlarmDisplay, ASlotOutsideTheArrayIsAnError) {
     }
 }
 
-TEST_F(AlarmDisplay, ItsTextFollowsTheWindowsSize) {
-    Fill({.Title = "Dentist"});
+TEST_F(frmDisplayNoteTest, ItsTextFollowsTheSizeOfTheWindow) {
+    Fill(Note("Dentist"));
     const auto display = Display();
     user->Size(*display, 9000, 6000);
     EXPECT_EQ(display->lblNoteText.width(), display->ScaleWidth() - 2 * Grid::margin);
@@ -190,14 +171,14 @@ TEST_F(AlarmDisplay, ItsTextFollowsTheWindowsSize) {
     EXPECT_EQ(display->Line1[1].width(), display->ScaleWidth() - 2 * Grid::margin);
 }
 
-TEST_F(AlarmDisplay, PlaysTheSoundOnceWithoutABox) {
+TEST_F(frmDisplayNoteTest, PlaysTheSoundOnceWithoutABox) {
     for (const auto& setting : {std::optional<std::string>(), std::optional<std::string>("0"),
                                 std::optional<std::string>("2")}) {
         sound.log.clear();
         if (setting) {
             Option("NoteLoops", *setting);
         }
-        Fill({.Title = "Dentist", .AudioAlarm = 1});
+        Fill(Note("Dentist").WithSound());
         const auto display = Display();
         SwitchSoundOn(*display);
         Advance(999);
@@ -213,24 +194,23 @@ TEST_F(AlarmDisplay, PlaysTheSoundOnceWithoutABox) {
     }
 }
 
-TEST_F(AlarmDisplay, LoopsTheSoundUntilItsBoxIsAnswered) {
+TEST_F(frmDisplayNoteTest, LoopsTheSoundUntilItsBoxIsAnswered) {
     Option("NoteLoops", "1");
-    Fill({.Title = "Dentist", .AudioAlarm = 1});
+    Fill(Note("Dentist").WithSound());
     const auto display = Display();
     SwitchSoundOn(*display);
-    // The main window's clock clears it on its next tick.
+    // The clock of the main window clears it at its next tick.
     Shared().AlarmSounding = false;
-    stage->ExpectBox("      Turn Off Alarm?       ", "Jotwright Audio Alarm", BoxIcon::Information,
-                     BoxButtons::Ok, BoxResult::Ok, [&] {
-                         ASSERT_EQ(sound.log.size(), 1u);
-                         EXPECT_EQ(sound.log[0].kind, RecordedSound::Kind::Loop);
-                         EXPECT_EQ(sound.log[0].path, buzzer);
-                         EXPECT_TRUE(Shared().AlarmSounding);
-                         Advance(60000);
-                         EXPECT_TRUE(Shared().AlarmSounding);
-                         EXPECT_TRUE(Bell::IsRinging());
-                         EXPECT_EQ(sound.log.size(), 1u);
-                     });
+    ExpectDisplayAlarm([&] {
+        ASSERT_EQ(sound.log.size(), 1u);
+        EXPECT_EQ(sound.log[0].kind, RecordedSound::Kind::Loop);
+        EXPECT_EQ(sound.log[0].path, buzzer);
+        EXPECT_TRUE(Shared().AlarmSounding);
+        Advance(60000);
+        EXPECT_TRUE(Shared().AlarmSounding);
+        EXPECT_TRUE(Bell::IsRinging());
+        EXPECT_EQ(sound.log.size(), 1u);
+    });
     Advance(1000);
     ASSERT_EQ(sound.log.size(), 2u);
     EXPECT_EQ(sound.log[1].kind, RecordedSound::Kind::Stop);
@@ -241,21 +221,20 @@ TEST_F(AlarmDisplay, LoopsTheSoundUntilItsBoxIsAnswered) {
     EXPECT_EQ(sound.log.size(), 2u);
 }
 
-TEST_F(AlarmDisplay, IsSilentIfAnotherAlarmHasBegunToRing) {
+TEST_F(frmDisplayNoteTest, IsSilentIfAnotherAlarmHasBegunToRing) {
     for (const char* loops : {"0", "1"}) {
         Option("NoteLoops", loops);
-        Fill({.Title = "Dentist", .AudioAlarm = 1});
+        Fill(Note("Dentist").WithSound());
         const auto display = Display();
         SwitchSoundOn(*display);
         sound.log.clear();
-        stage->ExpectBox("now", "Jotwright Daily Alarm", BoxIcon::None, BoxButtons::Ok,
-                         BoxResult::Ok, [&] {
-                             Advance(5000);
-                             EXPECT_FALSE(display->tmrSoundAlarm.enabled());
-                             EXPECT_EQ(sound.log.size(), 1u);
-                             EXPECT_EQ(sound.PlayingPath(), "C:\\other.wav");
-                             EXPECT_TRUE(Shared().AlarmSounding);
-                         });
+        ExpectMessage("now", "Jotwright Daily Alarm", BoxIcon::None, [&] {
+            Advance(5000);
+            EXPECT_FALSE(display->tmrSoundAlarm.enabled());
+            EXPECT_EQ(sound.log.size(), 1u);
+            EXPECT_EQ(sound.PlayingPath(), "C:\\other.wav");
+            EXPECT_TRUE(Shared().AlarmSounding);
+        });
         Start([] { Bell::RingBehindBox("C:\\other.wav", "now", {}, "Jotwright Daily Alarm"); });
         Advance(5000);
         EXPECT_EQ(sound.log.size(), 2u);
@@ -263,8 +242,8 @@ TEST_F(AlarmDisplay, IsSilentIfAnotherAlarmHasBegunToRing) {
     }
 }
 
-TEST_F(AlarmDisplay, TheSoundIsTheOneChosenWhenItPlays) {
-    Fill({.Title = "Dentist", .AudioAlarm = 1});
+TEST_F(frmDisplayNoteTest, TheSoundIsTheOneThatIsChosenWhenItPlays) {
+    Fill(Note("Dentist").WithSound());
     const auto display = Display();
     SwitchSoundOn(*display);
     Shared().AlarmSoundPath = "D:\\other.wav";
@@ -272,8 +251,8 @@ TEST_F(AlarmDisplay, TheSoundIsTheOneChosenWhenItPlays) {
     EXPECT_EQ(sound.log.at(0).path, "D:\\other.wav");
 }
 
-TEST_F(AlarmDisplay, AClosedDisplayPlaysNothing) {
-    Fill({.Title = "Dentist", .AudioAlarm = 1});
+TEST_F(frmDisplayNoteTest, AClosedDisplayPlaysNothing) {
+    Fill(Note("Dentist").WithSound());
     const auto display = Display();
     SwitchSoundOn(*display);
     user->CloseBox(*display);
@@ -281,8 +260,8 @@ TEST_F(AlarmDisplay, AClosedDisplayPlaysNothing) {
     EXPECT_TRUE(sound.log.empty());
 }
 
-TEST_F(AlarmDisplay, ItsMenuOpensOnTheRightButton) {
-    Fill({.Title = "Dentist"});
+TEST_F(frmDisplayNoteTest, TheRightButtonOpensItsMenu) {
+    Fill(Note("Dentist"));
     const auto display = Display();
     EXPECT_TRUE(display->mnuSep.IsSeparator());
     stage->ExpectPopupDismissed("mnuPop");
@@ -293,15 +272,15 @@ TEST_F(AlarmDisplay, ItsMenuOpensOnTheRightButton) {
     EXPECT_EQ(stage->Popups()[0].captions,
               (std::vector<std::string>{"Print Note", "Erase Note", "-", "Close"}));
     EXPECT_FALSE(display->mnuPop.inMenuBar);
-    // No other button opens it.
+    // No other button opens the menu.
     forms::gestures::MouseUp(*display, forms::leftButton, 100, 100);
     forms::gestures::MouseUp(display->lblJotwright, forms::leftButton, 100, 100);
     forms::gestures::MouseUp(display->lblJotwright, forms::middleButton, 100, 100);
     EXPECT_EQ(stage->Popups().size(), 2u);
 }
 
-TEST_F(AlarmDisplay, PrintsWhatItShows) {
-    Fill({.Title = "Dentist", .Text = "call"});
+TEST_F(frmDisplayNoteTest, PrintsTheTextThatItShows) {
+    Fill(Note("Dentist", "call"));
     const auto display = Display();
     user->Type(display->lblNoteText, "call\r\n\r\nask");
     stage->ExpectPopup("mnuPop", "mnuPrint");
@@ -318,15 +297,12 @@ TEST_F(AlarmDisplay, PrintsWhatItShows) {
     EXPECT_TRUE(display->IsVisible());
 }
 
-TEST_F(AlarmDisplay, ReportsAPrinterThatFails) {
-    Fill({.Title = "Dentist", .Text = "call"});
+TEST_F(frmDisplayNoteTest, ReportsAFailingPrinter) {
+    Fill(Note("Dentist", "call"));
     const auto display = Display();
     printer.FailAt(1);
     stage->ExpectPopup("mnuPop", "mnuPrint");
-    stage->ExpectBox(
-        "         Jotwright encountered a printing error. \r\n"
-        "Please make sure printer is turned on and try again.",
-        "Print Error", BoxIcon::None, BoxButtons::Ok, BoxResult::Ok);
+    ExpectPrintError();
     user->RightClick(*display);
     EXPECT_TRUE(display->IsVisible());
 }

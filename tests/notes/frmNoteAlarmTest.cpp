@@ -2,14 +2,12 @@
 #include "notes/frmNote.h"
 #include "tests/support/NoteProgram.h"
 
-// The editor's own alarm: set, cleared, due.
+// The alarm of an editor: setting it, clearing it, and firing.
 
 namespace {
 
 using base::DateTime;
-using forms::BoxButtons;
 using forms::BoxIcon;
-using forms::BoxResult;
 using forms::WindowState;
 using forms::headless::RecordedSound;
 using StandardCode::Shared;
@@ -39,13 +37,8 @@ class frmNoteAlarmTest : public testing_support::NoteProgram {
         return note;
     }
 
-    void ExpectAudioBox(forms::headless::Script during = nullptr) {
-        stage->ExpectBox("           Turn Off Alarm?", "Jotwright Audio Alarm", BoxIcon::None,
-                         BoxButtons::Ok, BoxResult::Ok, std::move(during));
-    }
-
     void ExpectInformation(const std::string& text) {
-        stage->ExpectBox(text, "Information", BoxIcon::Information, BoxButtons::Ok, BoxResult::Ok);
+        ExpectMessage(text, "Information", BoxIcon::Information);
     }
 
   private:
@@ -66,7 +59,7 @@ class frmNoteAlarmTest : public testing_support::NoteProgram {
 
 const DateTime today = DateTime::FromDate(2004, 5, 14);
 
-TEST_F(frmNoteAlarmTest, StartsNotSet) {
+TEST_F(frmNoteAlarmTest, AtFirstTheAlarmIsNotSet) {
     frmNote& note = MakeNote("Dentist");
     ExpectNotSet(note);
     EXPECT_FALSE(note.imgAlarm.visible());
@@ -83,7 +76,7 @@ TEST_F(frmNoteAlarmTest, SettingShowsTheCalendarLeaf) {
     EXPECT_EQ(note.lblClock.caption(), "9:30:00 AM");
 }
 
-TEST_F(frmNoteAlarmTest, TheMonthIsEnglishAndTheTimeTheSystems) {
+TEST_F(frmNoteAlarmTest, TheMonthIsEnglishAndTheTimeIsInTheFormatOfTheSystem) {
     locale.timeFormat = "HH:mm";
     frmNote& note =
         SetFor("Dentist", DateTime::FromDate(2031, 12, 1), DateTime::FromTime(21, 5, 0));
@@ -119,19 +112,18 @@ TEST_F(frmNoteAlarmTest, TheMenuStartsAndStops) {
 }
 
 TEST_F(frmNoteAlarmTest, StartAlarmOnASetAlarmShowsItsBoxAndChangesNothing) {
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
+    const Note record = Note("Dentist", "").WithAlarm();
     frmNote& note = OpenThroughPanel(record);
     ExpectInformation("    Alarm Already Started     ");
     user->Choose(note.mnuAlarmStart);
     ExpectSet(note);
-    // Nothing changed: nothing is asked.
+    // Nothing has changed, so closing asks nothing.
     user->CloseBox(note);
     EXPECT_EQ(Saved("Dentist"), record);
 }
 
 TEST_F(frmNoteAlarmTest, StopAlarmWithoutAnAlarmShowsItsBoxAndChangesNothing) {
-    const auto record = Record("Dentist", "");
+    const auto record = Note("Dentist", "");
     frmNote& note = OpenThroughPanel(record);
     ExpectInformation("   Alarm Not Set              ");
     user->Choose(note.mnuAlarmStop);
@@ -185,7 +177,7 @@ TEST_F(frmNoteAlarmTest, FiresInItsSecond) {
     EXPECT_FALSE(FileOf("Dentist").has_value());
 }
 
-TEST_F(frmNoteAlarmTest, FiresInWhicheverSecondOfTheMinuteItIsDue) {
+TEST_F(frmNoteAlarmTest, FiresInAnySecondOfTheMinute) {
     for (int second = 0; second < 60; ++second) {
         SetNow(2004, 5, 14, 11, 59, second);
         frmNote& note = MakeNote("Second " + std::to_string(second));
@@ -200,13 +192,13 @@ TEST_F(frmNoteAlarmTest, FiresInWhicheverSecondOfTheMinuteItIsDue) {
     }
 }
 
-TEST_F(frmNoteAlarmTest, ATimeThatIsPastNeverFires) {
+TEST_F(frmNoteAlarmTest, AnAlarmInThePastNeverFires) {
     frmNote& note = SetFor("Dentist", today, DateTime::FromTime(8, 59, 0));
     Advance(26LL * 3600 * 1000);
     ExpectSet(note);
 }
 
-TEST_F(frmNoteAlarmTest, ASecondThatWasSleptThroughIsMissed) {
+TEST_F(frmNoteAlarmTest, AnAlarmDuringSleepIsMissed) {
     SetNow(2004, 5, 14, 11, 59, 0);
     frmNote& note = SetFor("Dentist", today, DateTime::FromTime(12, 0, 0));
     stage->Suspend(3600);
@@ -214,7 +206,7 @@ TEST_F(frmNoteAlarmTest, ASecondThatWasSleptThroughIsMissed) {
     ExpectSet(note);
 }
 
-TEST_F(frmNoteAlarmTest, ADateOfTheLastCenturyMatchesByItsTwoDigits) {
+TEST_F(frmNoteAlarmTest, ADateOfTheLastCenturyMatchesByTheTwoDigitsOfItsYear) {
     SetNow(2004, 5, 14, 11, 59, 59);
     frmNote& note =
         SetFor("Dentist", DateTime::FromDate(1904, 5, 14), DateTime::FromTime(12, 0, 0));
@@ -239,7 +231,7 @@ TEST_F(frmNoteAlarmTest, WithAudioTheSoundLoopsUntilItsBoxIsAnswered) {
     frmNote& note = SetFor("Dentist", today, DateTime::FromTime(12, 0, 0));
     user->Click(note.chkAudioAlarm);
     EXPECT_TRUE(note.imgBell.visible());
-    ExpectAudioBox([&] {
+    ExpectEditorAlarm([&] {
         EXPECT_TRUE(sound.IsPlaying());
         EXPECT_EQ(note.cmdAlarm.caption(), "&Set Alarm");
         EXPECT_EQ(note.chkAudioAlarm.value(), 1);
@@ -257,12 +249,12 @@ TEST_F(frmNoteAlarmTest, WithAudioTheSoundLoopsUntilItsBoxIsAnswered) {
     EXPECT_FALSE(Shared().AlarmSounding);
 }
 
-TEST_F(frmNoteAlarmTest, OfTwoInOneSecondTheOtherRingsThoughTheBoxOfTheFirstComesUpSlowly) {
+TEST_F(frmNoteAlarmTest, TheSecondOfTwoAlarmsRingsEvenIfTheBoxOfTheFirstOpensSlowly) {
     SetNow(2004, 5, 14, 11, 59, 50);
     frmNote& first = SetFor("Dentist", today, DateTime::FromTime(12, 0, 0));
     user->Click(first.chkAudioAlarm);
     frmNote& other = SetFor("Rent", today, DateTime::FromTime(12, 0, 0));
-    ExpectAudioBox([&] {
+    ExpectEditorAlarm([&] {
         clock.Pass(1200);
         Advance(1);
         ExpectNotSet(other);
@@ -271,11 +263,9 @@ TEST_F(frmNoteAlarmTest, OfTwoInOneSecondTheOtherRingsThoughTheBoxOfTheFirstCome
     ExpectNotSet(first);
 }
 
-TEST_F(frmNoteAlarmTest, TheMarkerOfARestoredAlarmGoesWhenItFires) {
+TEST_F(frmNoteAlarmTest, FiringRemovesTheMarkerOfARestoredAlarm) {
     SetNow(2004, 5, 14, 11, 59, 58);
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
-    PutNote(record);
+    PutNote(Note("Dentist", "").WithAlarm());
     Start(StandardCode::ReadNotes);
     frmNote& note = Editor("Dentist");
     EXPECT_TRUE(note.imgAlarm.visible());
@@ -284,21 +274,17 @@ TEST_F(frmNoteAlarmTest, TheMarkerOfARestoredAlarmGoesWhenItFires) {
     ExpectNotSet(note);
 }
 
-TEST_F(frmNoteAlarmTest, TheMarkerOfARestoredAlarmGoesWhenItIsTurnedOff) {
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
-    frmNote& note = OpenThroughPanel(record);
+TEST_F(frmNoteAlarmTest, TurningItOffRemovesTheMarkerOfARestoredAlarm) {
+    frmNote& note = OpenThroughPanel(Note("Dentist", "").WithAlarm());
     ASSERT_TRUE(note.imgAlarm.visible());
     user->Click(note.cmdAlarm);
     EXPECT_FALSE(note.imgAlarm.visible());
     ExpectNotSet(note);
 }
 
-TEST_F(frmNoteAlarmTest, ANoteThatIsRestoredInItsSecondFires) {
+TEST_F(frmNoteAlarmTest, ANoteThatIsRestoredInTheSecondOfItsAlarmFires) {
     SetNow(2004, 5, 14, 12, 0, 0);
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
-    PutNote(record);
+    PutNote(Note("Dentist", "").WithAlarm());
     Start(StandardCode::ReadNotes);
     Advance(999);
     ExpectNotSet(Editor("Dentist"));
@@ -306,22 +292,17 @@ TEST_F(frmNoteAlarmTest, ANoteThatIsRestoredInItsSecondFires) {
 
 TEST_F(frmNoteAlarmTest, FiringIsNoChange) {
     SetNow(2004, 5, 14, 11, 59, 58);
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
-    frmNote& note = OpenThroughPanel(record);
+    frmNote& note = OpenThroughPanel(Note("Dentist", "").WithAlarm());
     Advance(3000);
     ExpectNotSet(note);
     user->CloseBox(note);
     EXPECT_EQ(Saved("Dentist").AlarmState, "1");
 }
 
-TEST_F(frmNoteAlarmTest, UncheckingTheAudioBoxAfterFiringIsNoChangeEither) {
+TEST_F(frmNoteAlarmTest, UncheckingTheAudioBoxAfterFiringIsNoChange) {
     SetNow(2004, 5, 14, 11, 59, 58);
-    auto record = Record("Dentist", "");
-    record.AlarmState = "1";
-    record.AudioAlarm = 1;
-    frmNote& note = OpenThroughPanel(record);
-    ExpectAudioBox();
+    frmNote& note = OpenThroughPanel(Note("Dentist", "").WithAlarm().WithSound());
+    ExpectEditorAlarm();
     Advance(3000);
     EXPECT_EQ(note.chkAudioAlarm.value(), 0);
     user->CloseBox(note);
@@ -346,8 +327,8 @@ TEST_F(frmNoteAlarmTest, TwoNotesFireInOneSecond) {
         first.chkAudioAlarm.value = 1;
         second.chkAudioAlarm.value = 1;
     });
-    ExpectAudioBox([&] {
-        ExpectAudioBox([&] { ExpectNotSet(first); });
+    ExpectEditorAlarm([&] {
+        ExpectEditorAlarm([&] { ExpectNotSet(first); });
         Advance(1000);
     });
     Advance(3000);
@@ -356,7 +337,7 @@ TEST_F(frmNoteAlarmTest, TwoNotesFireInOneSecond) {
     EXPECT_FALSE(sound.IsPlaying());
 }
 
-TEST_F(frmNoteAlarmTest, TheClockBlinksAtTheDefaultEditorsAlarmOnly) {
+TEST_F(frmNoteAlarmTest, TheClockBlinksOnlyForTheAlarmOfTheDefaultEditor) {
     frmNote& note = SetFor("Dentist", today, DateTime::FromTime(12, 0, 0));
     Advance(3000);
     EXPECT_EQ(note.lblClock.caption(), "12:00:00 PM");
@@ -371,7 +352,7 @@ TEST_F(frmNoteAlarmTest, TheClockBlinksAtTheDefaultEditorsAlarmOnly) {
     EXPECT_EQ(note.lblClock.caption(), "");
 }
 
-TEST_F(frmNoteAlarmTest, TheBlinkPhaseIsOneForAllNotes) {
+TEST_F(frmNoteAlarmTest, AllNotesBlinkTogether) {
     frmNote& first = MakeNote("First");
     frmNote& second = MakeNote("Second");
     Start([] { forms::Default<frmNote>().alarm.Restore(frmNote::AlarmIcon()); });
@@ -391,8 +372,7 @@ TEST_F(frmNoteAlarmTest, TheBellShowsWhileTheAudioAlarmIsOn) {
 TEST_F(frmNoteAlarmTest, AMissingAlarmIconIsReported) {
     frmNote& note = MakeNote("Dentist", "text");
     files.Remove("C:\\Jotwright\\alarmon.ico");
-    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(53, "File not found");
     user->Click(note.cmdAlarm);
     EXPECT_TRUE(runtime->HasEnded());
 }

@@ -3,7 +3,7 @@
 #include "notes/frmNote.h"
 #include "tests/support/NoteProgram.h"
 
-// The clocks of the editors blink while the default editor's alarm is set, which no user can do.
+// The clocks of the editors blink while the alarm of the default editor is set. No user can set it.
 
 namespace {
 
@@ -13,7 +13,8 @@ class frmNoteBlinkingTest : public testing_support::NoteProgram {
         Start([] { forms::Default<frmNote>().alarm.Restore(frmNote::AlarmIcon()); });
     }
 
-    // Where in the second the program wakes up, in the next three seconds.
+    // The milliseconds within the second at which the program wakes up during the next three
+    // seconds.
     std::set<std::int64_t> WakeUps() {
         std::set<std::int64_t> places;
         for (int i = 0; i < 3000; ++i) {
@@ -24,7 +25,7 @@ class frmNoteBlinkingTest : public testing_support::NoteProgram {
     }
 };
 
-TEST_F(frmNoteBlinkingTest, TheClockStandsStillAgainWhenTheDefaultAlarmIsSetNoMore) {
+TEST_F(frmNoteBlinkingTest, TheClockStopsBlinkingWhenTheDefaultAlarmIsCleared) {
     frmNote& note = MakeNote("Dentist");
     SetDefaultAlarm();
     Advance(750);
@@ -57,7 +58,7 @@ TEST_F(frmNoteBlinkingTest, AnAlarmWakesTheMachineBetweenTheSecondsOnlyWhenItIsN
     EXPECT_GT(WakeUps().size(), 1U);
 }
 
-TEST_F(frmNoteBlinkingTest, WhatDoesNotBlinkDoesNotWakeTheMachine) {
+TEST_F(frmNoteBlinkingTest, AnEditorThatDoesNotBlinkDoesNotWakeTheMachine) {
     Start([] { forms::Default<frmNote>().Load(); });
     MakeNote("Dentist");
     Advance(1000);

@@ -2,7 +2,7 @@
 #include "notes/frmNote.h"
 #include "tests/support/NoteProgram.h"
 
-// What closing and erasing a note do to its file, and what they ask.
+// Closing and erasing a note: the questions, and the effect on its file.
 
 namespace {
 
@@ -16,7 +16,7 @@ class frmNoteClosingTest : public testing_support::NoteProgram {
 };
 
 TEST_F(frmNoteClosingTest, ARestoredNoteSavesItsTextWithoutAQuestion) {
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     Start(StandardCode::ReadNotes);
     frmNote& note = Editor("Dentist");
     user->Restore(note);
@@ -29,7 +29,7 @@ TEST_F(frmNoteClosingTest, ARestoredNoteSavesItsTextWithoutAQuestion) {
     EXPECT_EQ(Shared().NotesArray[1].Text, "new");
 }
 
-TEST_F(frmNoteClosingTest, ANewNoteIsSavedEvenWhenEmpty) {
+TEST_F(frmNoteClosingTest, ANewNoteIsSavedEvenIfItIsEmpty) {
     frmNote& note = MakeNote("Dentist");
     stage->ExpectPopup("mnuPop", "Hide Me");
     user->RightClick(note);
@@ -45,7 +45,7 @@ TEST_F(frmNoteClosingTest, ToolbarHideClosesAndSaves) {
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelAnUnchangedNoteShowsThePanelAgain) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     const auto before = FileOf("Dentist");
     user->CloseBox(note);
     EXPECT_FALSE(IsNoteOpen("Dentist"));
@@ -53,8 +53,8 @@ TEST_F(frmNoteClosingTest, ThroughThePanelAnUnchangedNoteShowsThePanelAgain) {
     EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::Show}));
 }
 
-TEST_F(frmNoteClosingTest, ThroughThePanelALongerTextIsAskedAbout) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+TEST_F(frmNoteClosingTest, ThroughThePanelALongerTextAsksAQuestion) {
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "old and new");
     ExpectSaveQuestion(BoxResult::Yes);
     user->CloseBox(note);
@@ -63,8 +63,8 @@ TEST_F(frmNoteClosingTest, ThroughThePanelALongerTextIsAskedAbout) {
     EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::ReloadAndShow}));
 }
 
-TEST_F(frmNoteClosingTest, ThroughThePanelNoDropsTheChanges) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+TEST_F(frmNoteClosingTest, ThroughThePanelNoDiscardsTheChanges) {
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "old and new");
     ExpectSaveQuestion(BoxResult::No);
     user->CloseBox(note);
@@ -74,7 +74,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelNoDropsTheChanges) {
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelATextOfTheSameLengthIsNotNoticed) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "new");
     user->CloseBox(note);
     EXPECT_FALSE(IsNoteOpen("Dentist"));
@@ -96,7 +96,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelMenuItemsAndAlarmCountAsChanges) {
         },
     };
     for (const Change& change : changes) {
-        frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+        frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
         change(note);
         ExpectSaveQuestion(BoxResult::No);
         user->CloseBox(note);
@@ -105,7 +105,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelMenuItemsAndAlarmCountAsChanges) {
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelTheKeyboardOnTheAudioBoxIsNoChange) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     forms::gestures::Click(note.chkAudioAlarm);
     forms::gestures::MouseUp(note.chkAudioAlarm, forms::rightButton, 0, 0);
     ASSERT_EQ(note.chkAudioAlarm.value(), 1);
@@ -113,19 +113,18 @@ TEST_F(frmNoteClosingTest, ThroughThePanelTheKeyboardOnTheAudioBoxIsNoChange) {
     EXPECT_EQ(Saved("Dentist").AudioAlarm, 0);
 }
 
-TEST_F(frmNoteClosingTest, SavingSettlesTheChanges) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+TEST_F(frmNoteClosingTest, AfterSavingThereIsNothingToAsk) {
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     forms::gestures::Choose(note.mnuRed);
-    stage->ExpectBox("DENTIST has been saved.           ", "", forms::BoxIcon::Information,
-                     forms::BoxButtons::Ok, BoxResult::Ok);
+    ExpectSaved("DENTIST");
     user->Click(note.tlbMain, "Save");
     user->CloseBox(note);
     EXPECT_EQ(Saved("Dentist").ColorIndex, 2);
     EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::Show}));
 }
 
-TEST_F(frmNoteClosingTest, ASavingThatFailedIsAskedAboutAtTheEnd) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+TEST_F(frmNoteClosingTest, AFailedSaveAsksAtTheEnd) {
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "new");
     files.SetDenied(PathOf("Dentist"), true);
     ExpectWriteError("70 - Permission denied");
@@ -153,7 +152,7 @@ TEST_F(frmNoteClosingTest, ANoteThatCannotBeSavedStaysOpen) {
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelANoteThatCannotBeSavedStaysOpen) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     forms::gestures::Choose(note.mnuRed);
     files.SetDenied(PathOf("Dentist"), true);
     ExpectSaveQuestion(BoxResult::Yes);
@@ -168,11 +167,11 @@ TEST_F(frmNoteClosingTest, ThroughThePanelANoteThatCannotBeSavedStaysOpen) {
     EXPECT_EQ(Saved("Dentist").ColorIndex, 2);
 }
 
-TEST_F(frmNoteClosingTest, ToolbarEraseDeletesForGood) {
+TEST_F(frmNoteClosingTest, ToolbarEraseRemovesTheFile) {
     frmNote& note = MakeNote("Dentist", "text");
     Start([&note] { note.WriteNote(); });
     panel.clear();
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     user->Click(note.tlbMain, "Erase");
     EXPECT_FALSE(IsNoteOpen("Dentist"));
     EXPECT_FALSE(FileOf("Dentist").has_value());
@@ -183,7 +182,7 @@ TEST_F(frmNoteClosingTest, ToolbarEraseDeletesForGood) {
 TEST_F(frmNoteClosingTest, ToolbarEraseAnsweredNoKeepsTheNoteAndNeverSavesIt) {
     frmNote& note = MakeNote("Dentist", "first");
     Start([&note] { note.WriteNote(); });
-    ExpectEraseQuestion("DENTIST", BoxResult::No);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::No);
     user->Click(note.tlbMain, "Erase");
     ASSERT_TRUE(IsNoteOpen("Dentist"));
     user->Type(note.txtNote, "second");
@@ -195,14 +194,14 @@ TEST_F(frmNoteClosingTest, ToolbarEraseAnsweredNoKeepsTheNoteAndNeverSavesIt) {
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelToolbarEraseAsksNothingMore) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     user->Click(note.tlbMain, "Erase");
     EXPECT_FALSE(FileOf("Dentist").has_value());
     EXPECT_EQ(panel, (Actions{PanelAction::Reload, PanelAction::Show}));
-    frmNote& changed = OpenThroughPanel(Record("Plumber", "old"));
+    frmNote& changed = OpenThroughPanel(Note("Plumber", "old"));
     user->Type(changed.txtNote, "old and new");
-    ExpectEraseQuestion("PLUMBER", BoxResult::Yes);
+    ExpectKillNoteQuestion("PLUMBER", BoxResult::Yes);
     user->Click(changed.tlbMain, "Erase");
     EXPECT_FALSE(FileOf("Plumber").has_value());
     EXPECT_EQ(panel, Actions{PanelAction::Reload});
@@ -211,7 +210,7 @@ TEST_F(frmNoteClosingTest, ThroughThePanelToolbarEraseAsksNothingMore) {
 TEST_F(frmNoteClosingTest, MenuEraseWritesTheNoteBackAtOnce) {
     frmNote& note = MakeNote("Dentist", "text");
     Start([&note] { note.WriteNote(); });
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     user->Choose(note.mnuKillNote);
     EXPECT_FALSE(IsNoteOpen("Dentist"));
     EXPECT_EQ(files.RecycleBin().size(), 1U);
@@ -221,9 +220,9 @@ TEST_F(frmNoteClosingTest, MenuEraseWritesTheNoteBackAtOnce) {
 TEST_F(frmNoteClosingTest, MenuEraseThatCannotWriteTheNoteBackLosesNothing) {
     frmNote& note = MakeNote("Dentist", "text");
     Start([&note] { note.WriteNote(); });
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     ExpectWriteError("61 - Disk full");
-    files.FailAt(2, base::ErrorNumber::DiskFull);  // the first step after the erasing
+    files.FailAt(2, base::ErrorNumber::DiskFull);  // the first step after the file is erased
     user->Choose(note.mnuKillNote);
     EXPECT_FALSE(FileOf("Dentist").has_value());
     EXPECT_TRUE(IsNoteOpen("Dentist"));
@@ -233,10 +232,10 @@ TEST_F(frmNoteClosingTest, MenuEraseThatCannotWriteTheNoteBackLosesNothing) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
 }
 
-TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatCouldNotCloseTheWindowIsSaved) {
+TEST_F(frmNoteClosingTest, TextTypedAfterAnEraseThatCouldNotCloseTheWindowIsSaved) {
     frmNote& note = MakeNote("Dentist", "text");
     Start([&note] { note.WriteNote(); });
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     ExpectWriteError("61 - Disk full");
     files.FailAt(2, base::ErrorNumber::DiskFull);
     user->Choose(note.mnuKillNote);
@@ -248,15 +247,15 @@ TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatCouldNotCloseTheWindowIsSa
     EXPECT_EQ(Saved("Dentist").Text, "typed afterwards");
 }
 
-TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatFailedOnTheWayIsSaved) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+TEST_F(frmNoteClosingTest, TextTypedAfterAnEraseThatFailedHalfwayIsSaved) {
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     bool fails = true;
     StandardCode::Events().ControlPanel.Subscribe([&fails](PanelAction) {
         if (fails) {
             throw base::RuntimeError(base::ErrorNumber::OutOfMemory);
         }
     });
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     user->Choose(note.mnuKillNote);
     fails = false;
     ASSERT_TRUE(IsNoteOpen("Dentist"));
@@ -265,33 +264,33 @@ TEST_F(frmNoteClosingTest, WhatIsTypedAfterAnEraseThatFailedOnTheWayIsSaved) {
     EXPECT_EQ(Saved("Dentist").Text, "typed afterwards");
 }
 
-TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseIsForGoodUnlessSaved) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseIsFinalUnlessTheNoteIsSaved) {
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     stage->ExpectPopup("mnuPop", "mnuKill");
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     user->RightClick(note);
     EXPECT_FALSE(FileOf("Dentist").has_value());
 }
 
 TEST_F(frmNoteClosingTest, ThroughThePanelMenuEraseOfAChangedNoteCanSaveItBack) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "old and new");
-    ExpectEraseQuestion("DENTIST", BoxResult::Yes);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
     ExpectSaveQuestion(BoxResult::Yes);
     user->Choose(note.mnuKillNote);
     EXPECT_EQ(Saved("Dentist").Text, "old and new");
 }
 
-TEST_F(frmNoteClosingTest, ErasingIgnoresAFileThatIsMissingOrHeld) {
+TEST_F(frmNoteClosingTest, ErasingIgnoresAFileThatIsMissingOrInUse) {
     frmNote& unsaved = MakeNote("Unsaved", "text");
-    ExpectEraseQuestion("UNSAVED", BoxResult::Yes);
+    ExpectKillNoteQuestion("UNSAVED", BoxResult::Yes);
     user->Click(unsaved.tlbMain, "Erase");
     EXPECT_FALSE(IsNoteOpen("Unsaved"));
     EXPECT_FALSE(FileOf("Unsaved").has_value());
     frmNote& held = MakeNote("Held", "text");
     Start([&held] { held.WriteNote(); });
     files.SetDenied(PathOf("Held"), true);
-    ExpectEraseQuestion("HELD", BoxResult::Yes);
+    ExpectKillNoteQuestion("HELD", BoxResult::Yes);
     user->Click(held.tlbMain, "Erase");
     EXPECT_FALSE(IsNoteOpen("Held"));
     EXPECT_TRUE(FileOf("Held").has_value());
@@ -299,7 +298,7 @@ TEST_F(frmNoteClosingTest, ErasingIgnoresAFileThatIsMissingOrHeld) {
 
 TEST_F(frmNoteClosingTest, TheEndOfTheSessionSavesAndAsksNothing) {
     frmNote& fresh = MakeNote("Fresh", "typed");
-    frmNote& opened = OpenThroughPanel(Record("Opened", "old"));
+    frmNote& opened = OpenThroughPanel(Note("Opened", "old"));
     user->Type(opened.txtNote, "new");
     forms::gestures::Choose(opened.mnuRed);
     panel.clear();
@@ -311,7 +310,7 @@ TEST_F(frmNoteClosingTest, TheEndOfTheSessionSavesAndAsksNothing) {
     EXPECT_TRUE(panel.empty());
 }
 
-TEST_F(frmNoteClosingTest, TheEndOfTheSessionIsNotHeldUpByAFailure) {
+TEST_F(frmNoteClosingTest, AFailureDoesNotDelayTheEndOfTheSession) {
     MakeNote("Dentist", "typed");
     files.PutFolder("C:\\Jotwright\\Notes");
     files.PutFile(PathOf("Dentist"), "held");
@@ -325,12 +324,12 @@ TEST_F(frmNoteClosingTest, TheEndOfTheSessionIsNotHeldUpByAFailure) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed");
 }
 
-TEST_F(frmNoteClosingTest, BeforeTheEndEverythingIsSavedButWhatWasErased) {
-    frmNote& kept = OpenThroughPanel(Record("Kept", "old"));
+TEST_F(frmNoteClosingTest, BeforeTheEndAllNotesButErasedOnesAreSaved) {
+    frmNote& kept = OpenThroughPanel(Note("Kept", "old"));
     user->Type(kept.txtNote, "new");
-    frmNote& erased = OpenThroughPanel(Record("Erased", "old"));
+    frmNote& erased = OpenThroughPanel(Note("Erased", "old"));
     user->Type(erased.txtNote, "new");
-    ExpectEraseQuestion("ERASED", BoxResult::No);
+    ExpectKillNoteQuestion("ERASED", BoxResult::No);
     user->Click(erased.tlbMain, "Erase");
     Start([&] {
         kept.SaveBeforeTheEnd();
@@ -340,12 +339,12 @@ TEST_F(frmNoteClosingTest, BeforeTheEndEverythingIsSavedButWhatWasErased) {
     EXPECT_EQ(Saved("Erased").Text, "old");
 }
 
-TEST_F(frmNoteClosingTest, ATitleThatIsNoFileNameCannotBeSavedButErased) {
+TEST_F(frmNoteClosingTest, ANoteWhoseTitleIsNoFileNameCanOnlyBeErased) {
     frmNote& note = MakeNote("What?", "text");
     ExpectWriteError("52 - Bad file name or number");
     user->CloseBox(note);
     ASSERT_TRUE(IsNoteOpen("What?"));
-    ExpectEraseQuestion("WHAT?", BoxResult::Yes);
+    ExpectKillNoteQuestion("WHAT?", BoxResult::Yes);
     user->Click(note.tlbMain, "Erase");
     EXPECT_FALSE(IsNoteOpen("What?"));
 }

@@ -1,14 +1,15 @@
+#include "app/TrayMessages.h"
 #include "forms/Gestures.h"
 #include "notes/frmNote.h"
 #include "tests/support/NoteProgram.h"
 
-// The editor's answers to the messages of the notification area, which are places of the pointer.
+// The messages of the notification area arrive at the editor as positions of the pointer.
 
 namespace {
 
 class frmNotePointerTest : public testing_support::NoteProgram {};
 
-TEST_F(frmNotePointerTest, ShowMeBringsUpAMinimisedNote) {
+TEST_F(frmNotePointerTest, ShowMeBringsUpAMinimizedNote) {
     frmNote& note = MakeNote("Dentist");
     user->Minimize(note);
     forms::gestures::Choose(note.mnuShow);
@@ -22,7 +23,7 @@ TEST_F(frmNotePointerTest, ShowMeBringsUpAMinimisedNote) {
 }
 
 TEST_F(frmNotePointerTest, ThePointerAtTheLeftButtonsMessageShowsTheNote) {
-    for (const int message : {514, 515}) {
+    for (const int message : {TrayMessages::leftButtonUp, TrayMessages::leftDoubleClick}) {
         tray.log.clear();
         frmNote& note = MakeNote("Note " + std::to_string(message));
         user->Size(note, 9000, 8000);
@@ -43,17 +44,17 @@ TEST_F(frmNotePointerTest, ThePointerAtTheRightButtonsMessageOpensTheMenu) {
     frmNote& note = MakeNote("Dentist");
     user->Size(note, 9000, 8000);
     stage->ExpectPopupDismissed("mnuPop");
-    user->MouseMove(note, 517 * 15);
+    user->MouseMove(note, TrayMessages::rightButtonUp * 15);
     EXPECT_EQ(stage->Foreground(), &note);
     EXPECT_TRUE(tray.log.empty());
 }
 
-TEST_F(frmNotePointerTest, ThePointerElsewhereDoesNothingButSetTheTip) {
+TEST_F(frmNotePointerTest, ThePointerInOtherPlacesOnlySetsTheTip) {
     frmNote& note = MakeNote("Dentist");
     Start([&note] { note.mnuHide.enabled = false; });
-    user->MouseMove(note, 513 * 15);
-    user->MouseMove(note, 516 * 15);
-    user->MouseMove(note, 518 * 15);
+    for (const int message : {513, 516, 518}) {  // button down left and right, right double click
+        user->MouseMove(note, message * 15);
+    }
     EXPECT_FALSE(note.mnuHide.enabled());
     EXPECT_TRUE(tray.log.empty());
     EXPECT_EQ(note.TrayIconRecord.tip, "Dentist" + std::string(1, '\0') + std::string(64 - 8, ' '));

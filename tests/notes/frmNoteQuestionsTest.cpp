@@ -1,7 +1,7 @@
 #include "forms/Gestures.h"
 #include "tests/notes/NoteStoreProgram.h"
 
-// What becomes of a text whose saving or erasing is asked about, or should have been.
+// Texts that are kept although a question about saving or erasing was not answered, or not asked.
 
 namespace {
 
@@ -9,9 +9,9 @@ using forms::BoxResult;
 using StandardCode::Shared;
 using frmNoteQuestionsTest = testing_support::NoteStoreProgram;
 
-TEST_F(frmNoteQuestionsTest, ATextThatWasChangedBeforeAnActivationIsAskedAbout) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
-    frmNote& other = OpenThroughPanel(Record("Other", ""));
+TEST_F(frmNoteQuestionsTest, ATextThatWasChangedBeforeAnActivationAsksAQuestion) {
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
+    frmNote& other = OpenThroughPanel(Note("Other", ""));
     user->Type(note.txtNote, "old and new");
     user->Click(other.txtNote);
     user->Click(note.txtNote);
@@ -21,11 +21,11 @@ TEST_F(frmNoteQuestionsTest, ATextThatWasChangedBeforeAnActivationIsAskedAbout) 
 }
 
 TEST_F(frmNoteQuestionsTest, EditOfAnOpenNoteWithUnsavedTextAsksWhenItCloses) {
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     ReadAll();
     TypeInto(Editor("Dentist"), "old and new");
     Shared().ControlPanelMode = true;
-    frmNote& other = OpenThroughPanel(Record("Other", ""));
+    frmNote& other = OpenThroughPanel(Note("Other", ""));
     user->Click(other.txtNote);
     Start([] { StandardCode::OpenNote(1); });
     ExpectSaveQuestion(BoxResult::No);
@@ -34,11 +34,9 @@ TEST_F(frmNoteQuestionsTest, EditOfAnOpenNoteWithUnsavedTextAsksWhenItCloses) {
 }
 
 TEST_F(frmNoteQuestionsTest, TheProgramMayEndWhileTheSaveQuestionWaits) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "old and new");
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?",
-                     forms::BoxIcon::Question, forms::BoxButtons::YesNo, BoxResult::Yes,
-                     BoxResult::Yes, [this] { Start([this] { runtime->End(); }); });
+    ExpectSaveQuestion(BoxResult::Yes, [this] { Start([this] { runtime->End(); }); });
     user->CloseBox(note);
     EXPECT_TRUE(runtime->HasEnded());
     EXPECT_EQ(Saved("Dentist").Text, "old");
@@ -47,8 +45,8 @@ TEST_F(frmNoteQuestionsTest, TheProgramMayEndWhileTheSaveQuestionWaits) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "old and new");
 }
 
-TEST_F(frmNoteQuestionsTest, AnEditThatNobodyNoticedIsInTheRecycleBin) {
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+TEST_F(frmNoteQuestionsTest, AnUnnoticedEditGoesToTheRecycleBin) {
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "new");
     user->CloseBox(note);
     EXPECT_EQ(Saved("Dentist").Text, "old");
@@ -57,16 +55,14 @@ TEST_F(frmNoteQuestionsTest, AnEditThatNobodyNoticedIsInTheRecycleBin) {
     EXPECT_NE(files.RecycledBytes()[0].find("\"new\""), std::string::npos);
 }
 
-TEST_F(frmNoteQuestionsTest, TheTextOfANoteWhoseErasingWasNotConfirmedOutlivesTheSession) {
+TEST_F(frmNoteQuestionsTest, IfErasingIsNotConfirmedTheTextOutlivesTheSession) {
     for (const bool isAnswered : {true, false}) {
         frmNote& note = MakeNote("Dentist", "typed");
-        stage->ExpectBox("Are you sure you would like to erase DENTIST?              ", "Kill Note",
-                         forms::BoxIcon::Information, forms::BoxButtons::YesNo, BoxResult::No,
-                         BoxResult::No, [isAnswered] {
-                             if (!isAnswered) {
-                                 forms::gestures::EndSession();
-                             }
-                         });
+        ExpectKillNoteQuestion("DENTIST", BoxResult::No, [isAnswered] {
+            if (!isAnswered) {
+                forms::gestures::EndSession();
+            }
+        });
         user->Click(note.tlbMain, "Erase");
         if (isAnswered) {
             user->Type(note.txtNote, "typed more");
@@ -81,9 +77,9 @@ TEST_F(frmNoteQuestionsTest, TheTextOfANoteWhoseErasingWasNotConfirmedOutlivesTh
     }
 }
 
-TEST_F(frmNoteQuestionsTest, WithoutARecycleBinAnEditThatNobodyNoticedStaysForTheNextStart) {
+TEST_F(frmNoteQuestionsTest, WithoutARecycleBinAnUnnoticedEditStaysForTheNextStart) {
     files.SetRecycleBin(false);
-    frmNote& note = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(note.txtNote, "new");
     user->CloseBox(note);
     EXPECT_EQ(Saved("Dentist").Text, "old");
@@ -99,7 +95,7 @@ TEST_F(frmNoteQuestionsTest, WithoutARecycleBinAnEditThatNobodyNoticedStaysForTh
 
 TEST_F(frmNoteQuestionsTest, WithoutARecycleBinTheUnnoticedEditNeverReplacesALaterSave) {
     files.SetRecycleBin(false);
-    frmNote& unnoticed = OpenThroughPanel(Record("Dentist", "old"));
+    frmNote& unnoticed = OpenThroughPanel(Note("Dentist", "old"));
     user->Type(unnoticed.txtNote, "new");
     user->CloseBox(unnoticed);
     Start([] { StandardCode::OpenNote(1); });
@@ -114,11 +110,11 @@ TEST_F(frmNoteQuestionsTest, WithoutARecycleBinTheUnnoticedEditNeverReplacesALat
 
 TEST_F(frmNoteQuestionsTest, WithoutARecycleBinTheTextOfANoteThatWasNotErasedStays) {
     files.SetRecycleBin(false);
-    PutNote(Record("Dentist", "old"));
+    PutNote(Note("Dentist", "old"));
     ReadAll();
     frmNote& note = Editor("Dentist");
     TypeInto(note, "typed");
-    ExpectEraseQuestion("DENTIST", BoxResult::No);
+    ExpectKillNoteQuestion("DENTIST", BoxResult::No);
     user->Click(note.tlbMain, "Erase");
     user->Type(note.txtNote, "typed more");
     user->CloseBox(note);

@@ -2,14 +2,11 @@
 #include "notes/frmNote.h"
 #include "tests/support/NoteProgram.h"
 
-// The editor's controls, menus, tool bar and panel; closing and the alarm have tests of their own.
+// The controls, menus, toolbar and panel of the editor. Closing and the alarm have their own tests.
 
 namespace {
 
 using base::DateTime;
-using forms::BoxButtons;
-using forms::BoxIcon;
-using forms::BoxResult;
 using forms::Color;
 using StandardCode::Shared;
 
@@ -40,7 +37,7 @@ class frmNoteTest : public testing_support::NoteProgram {
 
 using Texts = std::vector<std::string>;
 
-TEST_F(frmNoteTest, StartsWhiteWithTwelvePoints) {
+TEST_F(frmNoteTest, ANewNoteIsWhiteAndInTwelvePoints) {
     frmNote& note = forms::Default<frmNote>();
     EXPECT_EQ(note.txtNote.backColor(), (Color{255, 255, 255}));
     EXPECT_EQ(note.txtNote.foreColor(), (Color{0, 0, 0}));
@@ -83,7 +80,7 @@ TEST_F(frmNoteTest, ShowsTheDateAndTimeUnlessTheSettingHidesThem) {
     EXPECT_EQ(MakeNote("Other").height(), 7335);
 }
 
-TEST_F(frmNoteTest, TheDateAndTimePanelIsCutOffWhenHidden) {
+TEST_F(frmNoteTest, TheWindowIsSmallerIfTheDateAndTimePanelIsHidden) {
     frmNote& note = MakeNote("Dentist");
     const int textHeight = note.txtNote.height;
     const auto bottomOf = [](const forms::Control& control) {
@@ -102,7 +99,7 @@ TEST_F(frmNoteTest, TheDateAndTimePanelIsCutOffWhenHidden) {
     EXPECT_LE(bottomOf(note.fraCurrentTime), note.ScaleHeight());
 }
 
-TEST_F(frmNoteTest, TheTextTakesTheRoomOfALargerWindow) {
+TEST_F(frmNoteTest, TheTextFillsALargerWindow) {
     frmNote& note = MakeNote("Dentist");
     const int width = note.txtNote.width;
     const int height = note.txtNote.height;
@@ -138,7 +135,7 @@ struct ColorCase {
     Color text;
 };
 
-TEST_F(frmNoteTest, AColorItemPaintsChecksAndIsSaved) {
+TEST_F(frmNoteTest, AColorItemIsAppliedCheckedAndSaved) {
     const std::vector<ColorCase> cases{
         {2, "Red", {255, 128, 128}, {0, 0, 0}},        {3, "Green", {0, 192, 0}, {0, 0, 0}},
         {4, "Blue", {128, 128, 255}, {255, 255, 255}}, {5, "Yellow", {255, 255, 0}, {0, 0, 0}},
@@ -156,7 +153,7 @@ TEST_F(frmNoteTest, AColorItemPaintsChecksAndIsSaved) {
     }
 }
 
-TEST_F(frmNoteTest, AFontItemSizesChecksAndIsSaved) {
+TEST_F(frmNoteTest, AFontItemIsAppliedCheckedAndSaved) {
     frmNote& note = MakeNote("Dentist");
     for (const int points : {10, 14, 16, 12}) {
         const std::string item = std::to_string(points) + " point";
@@ -167,6 +164,15 @@ TEST_F(frmNoteTest, AFontItemSizesChecksAndIsSaved) {
         Start([&note] { note.WriteNote(); });
         EXPECT_EQ(Saved("Dentist").FontSize, points);
     }
+}
+
+TEST_F(frmNoteTest, AnyOtherFontSizeIsSavedAsSixteen) {
+    frmNote& note = MakeNote("Dentist");
+    Start([&note] {
+        note.txtNote.fontSize = 11;
+        note.WriteNote();
+    });
+    EXPECT_EQ(Saved("Dentist").FontSize, 16);
 }
 
 TEST_F(frmNoteTest, TheOptionsMenuOpensByDoubleClickAndRightButton) {
@@ -184,8 +190,7 @@ TEST_F(frmNoteTest, TheOptionsMenuOpensByDoubleClickAndRightButton) {
 
 TEST_F(frmNoteTest, ToolbarSaveWritesTheFileAndSaysSo) {
     frmNote& note = MakeNote("Dentist", "Call.\r\nAsk.");
-    stage->ExpectBox("DENTIST has been saved.           ", "", BoxIcon::Information, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectSaved("DENTIST");
     user->Click(note.tlbMain, "Save");
     EXPECT_EQ(FileOf("Dentist"),
               "\"Dentist\",\"Call.\r\nAsk.\",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
@@ -193,7 +198,7 @@ TEST_F(frmNoteTest, ToolbarSaveWritesTheFileAndSaysSo) {
     EXPECT_EQ(Shared().NotesArray[1].Title, "Dentist");
 }
 
-TEST_F(frmNoteTest, ToolbarSaveThatFailsClaimsNothing) {
+TEST_F(frmNoteTest, AFailedToolbarSaveDoesNotReportSuccess) {
     frmNote& note = MakeNote("Dentist", "text");
     files.SetFreeSpace(3);
     ExpectWriteError("61 - Disk full");
@@ -230,7 +235,7 @@ TEST_F(frmNoteTest, MakesAMissingFolderWhenItSaves) {
 
 TEST_F(frmNoteTest, TheHundredthNoteReachesTheMaximum) {
     for (int i = 1; i <= 98; ++i) {
-        PutNote(Record("Note " + std::to_string(i), ""));
+        PutNote(Note("Note " + std::to_string(i), ""));
     }
     frmNote& first = MakeNote("One more");
     Start([&first] { first.WriteNote(); });
@@ -240,7 +245,7 @@ TEST_F(frmNoteTest, TheHundredthNoteReachesTheMaximum) {
     EXPECT_EQ(Shared().NoteCount, 100);
 }
 
-TEST_F(frmNoteTest, ToolbarHelpAndAboutAskTheMainWindow) {
+TEST_F(frmNoteTest, ToolbarHelpAndAboutAreHandledByTheMainWindow) {
     frmNote& note = MakeNote("Dentist");
     user->Click(note.tlbMain, "Help");
     EXPECT_EQ(helpShown, 1);
@@ -272,7 +277,7 @@ TEST_F(frmNoteTest, NoteTitlesListsTheOpenEditors) {
     EXPECT_FALSE(testing_support::IsNoteOpen("first"));
 }
 
-TEST_F(frmNoteTest, OneOfTwoNotesOfATitleLeavesTheOtherListed) {
+TEST_F(frmNoteTest, ClosingOneOfTwoNotesWithTheSameTitleLeavesTheOtherListed) {
     frmNote& first = MakeNote("Twin");
     Start([] { StandardCode::CreateNote("Twin"); });
     EXPECT_EQ(StandardCode::NoteTitles(), (Texts{"Twin", "Twin"}));

@@ -12,34 +12,30 @@
 
 namespace {
 
-using forms::BoxButtons;
-using forms::BoxIcon;
 using forms::BoxResult;
 using StandardCode::Shared;
-using testing_support::ViewNotes;
+using frmViewNotesActionsTest = testing_support::ViewNotesProgram;
 using PanelAction = StandardCode::SharedEvents::PanelAction;
 
-TEST_F(ViewNotes, EditOpensTheSelectedNote) {
-    Put("Milk");
-    Put("Shopping");
+TEST_F(frmViewNotesActionsTest, EditOpensTheSelectedNote) {
+    PutNote(Note("Milk"));
+    PutNote(Note("Shopping"));
     Open();
     user->Select(Panel().lvwNotes, 1);
     user->Click(Panel().cmdEdit);
     const auto note = StandardCode::CurrentNote();
     ASSERT_TRUE(note);
     EXPECT_EQ(note->caption(), "Shopping");
-    EXPECT_EQ(note->txtNote.text(), "Text of Shopping");
+    EXPECT_EQ(note->txtNote.text(), "text");
     EXPECT_TRUE(note->IsVisible());
-    // An editor that loads sends the panel away.
+    // Loading an editor hides the panel.
     EXPECT_FALSE(IsOpen());
     CloseNote(*note);
 }
 
-TEST_F(ViewNotes, EditOfATitleHeldTwiceOpensTheSelectedNote) {
-    Put("One", Note("Same"));
-    StandardCode::NoteRecord second = Note("Same");
-    second.Text = "second";
-    Put("Two", second);
+TEST_F(frmViewNotesActionsTest, EditOpensTheSelectedOfTwoNotesWithTheSameTitle) {
+    PutNoteAs("One.txt", Note("Same"));
+    PutNoteAs("Two.txt", Note("Same", "second"));
     Open();
     user->Select(Panel().lvwNotes, 1);
     user->Click(Panel().cmdEdit);
@@ -48,8 +44,8 @@ TEST_F(ViewNotes, EditOfATitleHeldTwiceOpensTheSelectedNote) {
     CloseNote(*StandardCode::CurrentNote());
 }
 
-TEST_F(ViewNotes, EditOfANoteThatIsOpenBringsItsEditorUp) {
-    Put("Milk");
+TEST_F(frmViewNotesActionsTest, EditOfAnOpenNoteBringsUpItsEditor) {
+    PutNote(Note("Milk"));
     Start([] { StandardCode::ReadNotes(); });
     auto* note = testing_support::FindOpenNote("Milk");
     user->Restore(*note);
@@ -65,20 +61,17 @@ TEST_F(ViewNotes, EditOfANoteThatIsOpenBringsItsEditorUp) {
     EXPECT_FALSE(note->mnuShow.enabled());
     EXPECT_FALSE(IsOpen());
     EXPECT_EQ(StandardCode::NoteTitles(), std::vector<std::string>{"Milk"});
-    // Nothing was typed since the window came up; the text is not the saved one all the same.
+    // Nothing was typed since the window was activated, but the text differs from the saved text.
     ASSERT_TRUE(Shared().ControlPanelMode);
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::Yes);
+    ExpectSaveQuestion(BoxResult::Yes);
     user->CloseBox(*note);
     EXPECT_TRUE(StandardCode::NoteTitles().empty());
     EXPECT_EQ(Shared().NotesArray[1].Text, "typed and not saved");
 }
 
-TEST_F(ViewNotes, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
-    Put("Milk");
-    StandardCode::NoteRecord untitled = Note("");
-    untitled.Text = "of nobody";
-    Put("x", untitled);
+TEST_F(frmViewNotesActionsTest, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
+    PutNote(Note("Milk"));
+    PutNoteAs("x.txt", Note("", "of nobody"));
     Open();
     ASSERT_EQ(Titles(), (std::vector<std::string>{"Milk", ""}));
     user->Select(Panel().lvwNotes, 1);
@@ -88,29 +81,28 @@ TEST_F(ViewNotes, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
     CloseNote(*StandardCode::CurrentNote());
     Open();
     user->Select(Panel().lvwNotes, 1);
-    ExpectQuestion("", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_EQ(files.Names(folder), std::vector<std::string>{"Milk.txt"});
     EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
 }
 
-TEST_F(ViewNotes, WhatWasSavedThroughThePanelIsNotUndoneByAnotherEditor) {
-    Put("Milk");
+TEST_F(frmViewNotesActionsTest, AnotherEditorDoesNotUndoASaveThroughThePanel) {
+    PutNote(Note("Milk"));
     Start([] { StandardCode::ReadNotes(); });
     Open();
     user->Select(Panel().lvwNotes, 0);
     user->Click(Panel().cmdEdit);
     user->Type(StandardCode::CurrentNote()->txtNote, "what was typed last");
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::Yes);
+    ExpectSaveQuestion(BoxResult::Yes);
     user->CloseBox(*StandardCode::CurrentNote());
     CloseNotes();
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_EQ(Shared().NotesArray[1].Text, "what was typed last");
 }
 
-TEST_F(ViewNotes, ADoubleClickEdits) {
-    Put("Milk");
+TEST_F(frmViewNotesActionsTest, ADoubleClickEdits) {
+    PutNote(Note("Milk"));
     Open();
     user->Select(Panel().lvwNotes, 0);
     user->DoubleClick(Panel().lvwNotes);
@@ -119,8 +111,8 @@ TEST_F(ViewNotes, ADoubleClickEdits) {
     CloseNote(*StandardCode::CurrentNote());
 }
 
-TEST_F(ViewNotes, EditingWithNothingSelectedDoesNothing) {
-    Put("Milk");
+TEST_F(frmViewNotesActionsTest, EditingWithNothingSelectedDoesNothing) {
+    PutNote(Note("Milk"));
     Open();
     user->DoubleClick(Panel().lvwNotes);
     stage->ExpectPopup("mnuPop", "mnuEditNote");
@@ -129,12 +121,12 @@ TEST_F(ViewNotes, EditingWithNothingSelectedDoesNothing) {
     EXPECT_TRUE(IsOpen());
 }
 
-TEST_F(ViewNotes, ThePopupMenuActsOnTheSelectedNote) {
-    Put("Milk");
+TEST_F(frmViewNotesActionsTest, ThePopupMenuActsOnTheSelectedNote) {
+    PutNote(Note("Milk"));
     Open();
     user->Select(Panel().lvwNotes, 0);
     stage->ExpectPopup("mnuPop", "mnuEraseNote");
-    ExpectQuestion("MILK", BoxResult::No);
+    ExpectDeletingNoteQuestion("MILK", BoxResult::No);
     user->RightClick(Panel().lvwNotes);
     ASSERT_EQ(stage->Popups().size(), 1U);
     EXPECT_EQ(
@@ -146,9 +138,9 @@ TEST_F(ViewNotes, ThePopupMenuActsOnTheSelectedNote) {
     CloseNote(*StandardCode::CurrentNote());
 }
 
-TEST_F(ViewNotes, OpenAllShowsEveryOpenNoteAtNormalSize) {
-    Put("Milk");
-    Put("Shopping");
+TEST_F(frmViewNotesActionsTest, OpenAllShowsEveryOpenNoteAtNormalSize) {
+    PutNote(Note("Milk"));
+    PutNote(Note("Shopping"));
     Start([] { StandardCode::ReadNotes(); });
     ASSERT_EQ(StandardCode::NoteTitles().size(), 2U);
     auto* const milk = testing_support::FindOpenNote("Milk");
@@ -165,8 +157,8 @@ TEST_F(ViewNotes, OpenAllShowsEveryOpenNoteAtNormalSize) {
     CloseNotes();
 }
 
-TEST_F(ViewNotes, OpenAllLeavesClosedNotesClosed) {
-    Put("Milk");
+TEST_F(frmViewNotesActionsTest, OpenAllLeavesClosedNotesClosed) {
+    PutNote(Note("Milk"));
     Open();
     user->Click(Panel().cmdOpenAll);
     stage->ExpectPopup("mnuPop", "mnuOpenAll");
@@ -174,16 +166,16 @@ TEST_F(ViewNotes, OpenAllLeavesClosedNotesClosed) {
     EXPECT_EQ(runtime->LoadedForms().size(), 1U);
 }
 
-TEST_F(ViewNotes, OpenAllLeavesTheEditorWithoutANoteHidden) {
+TEST_F(frmViewNotesActionsTest, OpenAllLeavesTheEditorWithoutANoteHidden) {
     Start([] { forms::Default<frmNote>().Load(); });
     frmNote& hidden = forms::Default<frmNote>();
-    Put("Milk");
+    PutNote(Note("Milk"));
     Open();
     user->Click(Panel().cmdOpenAll);
     EXPECT_FALSE(hidden.IsVisible());
 }
 
-TEST_F(ViewNotes, NewAsksForTheTitleBoxAndCloses) {
+TEST_F(frmViewNotesActionsTest, NewAsksForTheTitleBoxAndCloses) {
     int timesAsked = 0;
     StandardCode::Events().FocusNoteTitle.Subscribe([&] {
         ++timesAsked;
@@ -195,16 +187,16 @@ TEST_F(ViewNotes, NewAsksForTheTitleBoxAndCloses) {
     EXPECT_FALSE(IsOpen());
 }
 
-TEST_F(ViewNotes, CloseUnloads) {
+TEST_F(frmViewNotesActionsTest, CloseUnloads) {
     Open();
     user->Click(Panel().cmdOK);
     EXPECT_FALSE(IsOpen());
 }
 
-TEST_F(ViewNotes, ReloadRebuildsTheListAndHidesThePanel) {
-    Put("Milk");
+TEST_F(frmViewNotesActionsTest, ReloadRebuildsTheListAndHidesThePanel) {
+    PutNote(Note("Milk"));
     Open();
-    Put("Shopping");
+    PutNote(Note("Shopping"));
     EXPECT_EQ(Titles().size(), 1U);
     Raise(PanelAction::Reload);
     ASSERT_TRUE(IsOpen());
@@ -213,18 +205,18 @@ TEST_F(ViewNotes, ReloadRebuildsTheListAndHidesThePanel) {
     EXPECT_EQ(Shared().NoteCount, 2);
 }
 
-TEST_F(ViewNotes, ReloadLoadsAPanelThatWasNotLoaded) {
-    Put("Milk");
+TEST_F(frmViewNotesActionsTest, ReloadLoadsAPanelThatWasNotLoaded) {
+    PutNote(Note("Milk"));
     Raise(PanelAction::Reload);
     ASSERT_TRUE(IsOpen());
     EXPECT_FALSE(Panel().IsVisible());
     EXPECT_FALSE(Shared().ControlPanelMode);
 }
 
-TEST_F(ViewNotes, ReloadAndShowAndShow) {
-    Put("Milk");
+TEST_F(frmViewNotesActionsTest, ReloadAndShowAndShow) {
+    PutNote(Note("Milk"));
     Open();
-    Put("Shopping");
+    PutNote(Note("Shopping"));
     Raise(PanelAction::Show);
     EXPECT_EQ(Titles().size(), 1U);
     Raise(PanelAction::ReloadAndShow);
@@ -235,7 +227,7 @@ TEST_F(ViewNotes, ReloadAndShowAndShow) {
     EXPECT_TRUE(Panel().IsVisible());
 }
 
-TEST_F(ViewNotes, UnloadIfVisibleLeavesAHiddenPanelLoaded) {
+TEST_F(frmViewNotesActionsTest, UnloadIfVisibleLeavesAHiddenPanelLoaded) {
     Raise(PanelAction::UnloadIfVisible);
     EXPECT_FALSE(IsOpen());
     Raise(PanelAction::Reload);
@@ -246,16 +238,16 @@ TEST_F(ViewNotes, UnloadIfVisibleLeavesAHiddenPanelLoaded) {
     EXPECT_FALSE(IsOpen());
 }
 
-TEST_F(ViewNotes, LoadAndUnloadRebuildsTheArrayOnly) {
-    Put("Milk");
+TEST_F(frmViewNotesActionsTest, LoadAndUnloadRebuildsTheArrayOnly) {
+    PutNote(Note("Milk"));
     Raise(PanelAction::LoadAndUnload);
     EXPECT_FALSE(IsOpen());
     EXPECT_EQ(Shared().NoteCount, 1);
     EXPECT_FALSE(Shared().ControlPanelMode);
 }
 
-TEST_F(ViewNotes, LoadAndUnloadRebuildsTheArrayOfALoadedPanel) {
-    Put("Milk");
+TEST_F(frmViewNotesActionsTest, LoadAndUnloadRebuildsTheArrayOfALoadedPanel) {
+    PutNote(Note("Milk"));
     Raise(PanelAction::Reload);
     ASSERT_EQ(Shared().NoteCount, 1);
     files.Remove(folder + "\\Milk.txt");
@@ -265,10 +257,10 @@ TEST_F(ViewNotes, LoadAndUnloadRebuildsTheArrayOfALoadedPanel) {
     EXPECT_EQ(Shared().NotesArray[1].Title, "");
 }
 
-TEST_F(ViewNotes, RebuildingTheArrayUpdatesTotalAndList) {
-    Put("Milk");
+TEST_F(frmViewNotesActionsTest, RebuildingTheArrayUpdatesTotalAndList) {
+    PutNote(Note("Milk"));
     Open();
-    Put("Shopping", Note("Shopping", "1"));
+    PutNote(Note("Shopping").WithAlarmAt(9, 30));
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 2");
     ASSERT_EQ(Titles(), (std::vector<std::string>{"Milk", "Shopping"}));
@@ -281,12 +273,12 @@ TEST_F(ViewNotes, RebuildingTheArrayUpdatesTotalAndList) {
     EXPECT_FALSE(Panel().lvwNotes.enabled());
 }
 
-TEST_F(ViewNotes, ARebuildKeepsTheSelectedNote) {
-    Put("Milk");
-    Put("Shopping");
+TEST_F(frmViewNotesActionsTest, ARebuildKeepsTheSelectedNote) {
+    PutNote(Note("Milk"));
+    PutNote(Note("Shopping"));
     Open();
     user->Select(Panel().lvwNotes, 1);
-    Put("Dentist");
+    PutNote(Note("Dentist"));
     Start([] { StandardCode::LoadNotesArray(); });
     ASSERT_EQ(Titles(), (std::vector<std::string>{"Dentist", "Milk", "Shopping"}));
     EXPECT_EQ(Panel().lvwNotes.SelectedRow(), 2);
@@ -299,32 +291,31 @@ TEST_F(ViewNotes, ARebuildKeepsTheSelectedNote) {
     EXPECT_FALSE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(ViewNotes, ARebuildDoesNotAllowWhatAnsweringNoHasShutOff) {
-    Put("Shopping");
+TEST_F(frmViewNotesActionsTest, ARebuildDoesNotEnableTheControlsThatAnsweringNoDisabled) {
+    PutNote(Note("Shopping"));
     Open();
     user->Select(Panel().lvwNotes, 0);
-    ExpectQuestion("SHOPPING", BoxResult::No);
+    ExpectDeletingNoteQuestion("SHOPPING", BoxResult::No);
     user->Click(Panel().cmdRemove);
-    Put("Milk");
+    PutNote(Note("Milk"));
     Start([] { StandardCode::LoadNotesArray(); });
     EXPECT_EQ(Panel().lvwNotes.SelectedRow(), 1);
     EXPECT_FALSE(Panel().cmdEdit.enabled());
     EXPECT_FALSE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(ViewNotes, APanelThatWaitedHiddenShowsWhatWasSavedMeanwhile) {
+TEST_F(frmViewNotesActionsTest, AHiddenPanelShowsNotesSavedMeanwhileWhenItComesBack) {
     Raise(PanelAction::Reload);
     Start([] { StandardCode::CreateNote("Milk"); });
     frmNote& note = *testing_support::FindOpenNote("Milk");
-    stage->ExpectBox("MILK has been saved.           ", "", BoxIcon::Information, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectSaved("MILK");
     user->Click(note.tlbMain, "Save");
     Open();
     EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
     CloseNote(note);
 }
 
-TEST_F(ViewNotes, AListThatStaysTheSameIsNotDrawnAgain) {
+TEST_F(frmViewNotesActionsTest, AnUnchangedListIsNotDrawnAgain) {
     PutMany(3);
     Open();
     Start([] { StandardCode::LoadNotesArray(); });
@@ -333,14 +324,13 @@ TEST_F(ViewNotes, AListThatStaysTheSameIsNotDrawnAgain) {
     EXPECT_EQ(stage->ChangesShown(), before);
 }
 
-TEST_F(ViewNotes, TheHundredthNoteShowsInAPanelThatIsOpen) {
+TEST_F(frmViewNotesActionsTest, TheHundredthNoteAppearsInAnOpenPanel) {
     PutMany(99);
     Start([] { StandardCode::CreateNote("The last"); });
     frmNote& note = *testing_support::FindOpenNote("The last");
     Open();
     EXPECT_TRUE(Panel().cmdNew.enabled());
-    stage->ExpectBox("THE LAST has been saved.           ", "", BoxIcon::Information,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectSaved("THE LAST");
     user->Click(note.tlbMain, "Save");
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 100 ( Maximum Reached )");
     EXPECT_EQ(Panel().lblTotalNotes.foreColor(), (forms::Color{255, 0, 0}));
@@ -349,18 +339,17 @@ TEST_F(ViewNotes, TheHundredthNoteShowsInAPanelThatIsOpen) {
     CloseNote(note);
 }
 
-TEST_F(ViewNotes, AnEditorOfAnErasedNoteStaysAndSavesItAnew) {
-    Put("Milk");
+TEST_F(frmViewNotesActionsTest, TheEditorOfAnErasedNoteStaysAndSavesTheNoteAgain) {
+    PutNote(Note("Milk"));
     Start([] { StandardCode::ReadNotes(); });
     auto* note = testing_support::FindOpenNote("Milk");
     Open();
     user->Select(Panel().lvwNotes, 0);
-    ExpectQuestion("MILK", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("MILK", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_TRUE(Titles().empty());
     ASSERT_TRUE(note->IsLoaded());
-    stage->ExpectBox("MILK has been saved.           ", "", BoxIcon::Information, BoxButtons::Ok,
-                     BoxResult::Ok);
+    ExpectSaved("MILK");
     user->Restore(*note);
     user->Click(note->tlbMain, "Save");
     EXPECT_TRUE(files.FileExists(folder + "\\Milk.txt"));
@@ -368,15 +357,14 @@ TEST_F(ViewNotes, AnEditorOfAnErasedNoteStaysAndSavesItAnew) {
     CloseNote(*note);
 }
 
-TEST_F(ViewNotes, AnEditorClosedThroughThePanelComesBackToIt) {
-    Put("Milk");
+TEST_F(frmViewNotesActionsTest, ClosingAnEditorShowsThePanelAgain) {
+    PutNote(Note("Milk"));
     Open();
     user->Select(Panel().lvwNotes, 0);
     user->Click(Panel().cmdEdit);
     const auto note = StandardCode::CurrentNote();
     user->Type(note->txtNote, "more than before, and longer");
-    stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?", BoxIcon::Question,
-                     BoxButtons::YesNo, BoxResult::Yes);
+    ExpectSaveQuestion(BoxResult::Yes);
     user->CloseBox(*note);
     ASSERT_TRUE(IsOpen());
     EXPECT_TRUE(Panel().IsVisible());

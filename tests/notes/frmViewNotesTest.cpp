@@ -13,11 +13,11 @@ namespace {
 using base::DateTime;
 using forms::BoxResult;
 using StandardCode::Shared;
-using testing_support::ViewNotes;
+using frmViewNotesTest = testing_support::ViewNotesProgram;
 
 constexpr forms::Color red{255, 0, 0};
 
-TEST_F(ViewNotes, WithoutNotesTheListIsShutOff) {
+TEST_F(frmViewNotesTest, WithoutNotesTheListIsDisabled) {
     Open();
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 0");
     EXPECT_EQ(Panel().lblTotalNotes.foreColor(), forms::black);
@@ -27,12 +27,10 @@ TEST_F(ViewNotes, WithoutNotesTheListIsShutOff) {
     EXPECT_FALSE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(ViewNotes, RowsShowTheAlarmInTheSystemsTexts) {
-    Put("Dentist", Note("Dentist", "1"));
-    Put("Shopping");
-    StandardCode::NoteRecord midnight = Note("Midnight", "1");
-    midnight.AlarmTime = DateTime{};
-    Put("Midnight", midnight);
+TEST_F(frmViewNotesTest, RowsShowTheAlarmInTheFormatsOfTheSystem) {
+    PutNote(Note("Dentist").WithAlarmAt(9, 30));
+    PutNote(Note("Shopping"));
+    PutNote(Note("Midnight").WithAlarmAt(DateTime{}));
     Open();
     const auto& rows = Panel().lvwNotes.Rows();
     ASSERT_EQ(rows.size(), 3U);
@@ -49,13 +47,15 @@ TEST_F(ViewNotes, RowsShowTheAlarmInTheSystemsTexts) {
     EXPECT_TRUE(Panel().lvwNotes.enabled());
 }
 
-TEST_F(ViewNotes, AnyAlarmStateButZeroIsAnAlarm) {
-    Put("Odd", Note("Odd", "yes"));
+TEST_F(frmViewNotesTest, AnyAlarmStateButZeroIsAnAlarm) {
+    Note odd = Note("Odd").At(9, 30);
+    odd.AlarmState = "yes";
+    PutNote(odd);
     Open();
     EXPECT_EQ(Panel().lvwNotes.Rows()[0].texts[2], "5/14/2004 9:30:00 AM");
 }
 
-TEST_F(ViewNotes, ARewrittenNoteIsListedWithItsAlarmOff) {
+TEST_F(frmViewNotesTest, ARewrittenNoteIsListedWithItsAlarmOff) {
     files.PutFile(folder + "\\Milk.txt",
                   "\"Milk\",\"text\",#2004-05-14#,\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n");
     Open();
@@ -64,17 +64,17 @@ TEST_F(ViewNotes, ARewrittenNoteIsListedWithItsAlarmOff) {
               (std::vector<std::string>{"", "Milk", "Alarm Not Set"}));
 }
 
-TEST_F(ViewNotes, LoadingKeepsTheNotesArrayCurrent) {
-    Put("A");
-    Put("B");
+TEST_F(frmViewNotesTest, LoadingKeepsTheNotesArrayCurrent) {
+    PutNote(Note("A"));
+    PutNote(Note("B"));
     Open();
     EXPECT_EQ(Shared().NoteCount, 2);
     EXPECT_EQ(Shared().NotesArray[2].Title, "B");
 }
 
-TEST_F(ViewNotes, TwoFilesOfOneTitleHaveTwoRows) {
-    Put("One", Note("Same"));
-    Put("Two", Note("Same"));
+TEST_F(frmViewNotesTest, TwoFilesWithTheSameTitleHaveTwoRows) {
+    PutNoteAs("One.txt", Note("Same"));
+    PutNoteAs("Two.txt", Note("Same"));
     Open();
     const auto& rows = Panel().lvwNotes.Rows();
     ASSERT_EQ(rows.size(), 2U);
@@ -82,23 +82,23 @@ TEST_F(ViewNotes, TwoFilesOfOneTitleHaveTwoRows) {
     EXPECT_EQ(rows[1].key, "");
     EXPECT_EQ(rows[1].texts[1], "Same");
     user->Select(Panel().lvwNotes, 1);
-    ExpectQuestion("SAME", BoxResult::No);
+    ExpectDeletingNoteQuestion("SAME", BoxResult::No);
     user->Click(Panel().cmdRemove);
 }
 
-TEST_F(ViewNotes, AFileThatCannotBeReadHasNoRow) {
-    Put("A");
-    Put("C");
+TEST_F(frmViewNotesTest, AFileThatCannotBeReadHasNoRow) {
+    PutNote(Note("A"));
+    PutNote(Note("C"));
     files.PutFile(folder + "\\B1.txt", "\"cut\"");
     files.PutFile(folder + "\\B2.txt", "\"cut off too\"");
     files.PutFile(folder + "\\B3.txt", "");
     Open();
     EXPECT_EQ(Titles(), (std::vector<std::string>{"A", "C"}));
-    // Each rebuild of the array has removed one.
+    // Each rebuild of the array has removed one file.
     EXPECT_EQ(files.Names(folder), (std::vector<std::string>{"A.txt", "B3.txt", "C.txt"}));
 }
 
-TEST_F(ViewNotes, FillingTheListReadsEachFileOnce) {
+TEST_F(frmViewNotesTest, FillingTheListReadsEachFileOnce) {
     PutMany(50);
     files.ClearLog();
     Open();
@@ -108,18 +108,16 @@ TEST_F(ViewNotes, FillingTheListReadsEachFileOnce) {
               50);
 }
 
-TEST_F(ViewNotes, ANoteChangedBehindTheProgramsBackIsReadAgain) {
-    Put("A");
+TEST_F(frmViewNotesTest, ANoteThatAnotherProgramChangedIsReadAgain) {
+    PutNote(Note("A"));
     Open();
     user->Click(Panel().cmdOK);
-    StandardCode::NoteRecord changed = Note("A", "1");
-    changed.Text = "longer than before";
-    Put("A", changed);
+    PutNote(Note("A", "longer than before").WithAlarmAt(9, 30));
     Open();
     EXPECT_EQ(Panel().lvwNotes.Rows()[0].texts[2], "5/14/2004 9:30:00 AM");
 }
 
-TEST_F(ViewNotes, ManyRowsAreDrawnAtOnceLikeOne) {
+TEST_F(frmViewNotesTest, ManyRowsAreDrawnAtOnce) {
     const auto changesOfLoading = [this] {
         const auto before = stage->ChangesShown();
         Start([] { Panel().Load(); });
@@ -133,7 +131,7 @@ TEST_F(ViewNotes, ManyRowsAreDrawnAtOnceLikeOne) {
     EXPECT_EQ(changesOfLoading(), ofOne);
 }
 
-TEST_F(ViewNotes, AHundredNotesAreTheMaximum) {
+TEST_F(frmViewNotesTest, AHundredNotesAreTheMaximum) {
     PutMany(100);
     Open();
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 100 ( Maximum Reached )");
@@ -142,43 +140,42 @@ TEST_F(ViewNotes, AHundredNotesAreTheMaximum) {
     EXPECT_EQ(Panel().lvwNotes.Rows().size(), 100U);
 }
 
-TEST_F(ViewNotes, ErasingBelowTheMaximumAllowsNewNotesAgain) {
+TEST_F(frmViewNotesTest, ErasingBelowTheMaximumAllowsNewNotesAgain) {
     PutMany(100);
     Open();
     user->Select(Panel().lvwNotes, 41);
-    ExpectQuestion("NOTE 1042", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("NOTE 1042", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_TRUE(Panel().cmdNew.enabled());
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 99");
     EXPECT_EQ(Panel().lblTotalNotes.foreColor(), forms::black);
 }
 
-TEST_F(ViewNotes, ErasingOneOfAHundredAndOneStillAllowsNone) {
+TEST_F(frmViewNotesTest, ErasingOneOfAHundredAndOneStillAllowsNone) {
     PutMany(101);
-    stage->ExpectBox("Error Number: 9) - Subscript out of range", "Error Loading Notes Array",
-                     forms::BoxIcon::None, forms::BoxButtons::Ok, BoxResult::Ok);
+    ExpectNotesArrayError("Error Number: 9) - Subscript out of range");
     Open();
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 100 ( Maximum Reached )");
     user->Select(Panel().lvwNotes, 0);
-    ExpectQuestion("NOTE 1001", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("NOTE 1001", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_FALSE(Panel().cmdNew.enabled());
     EXPECT_EQ(Panel().lblTotalNotes.foreColor(), red);
     EXPECT_EQ(files.Names(folder).size(), 100U);
 }
 
-TEST_F(ViewNotes, ANoteWhoseFileHasAnotherNameIsErased) {
-    Put("Note 1001", Note("elsewhere"));
-    Put("elsewhere else");
+TEST_F(frmViewNotesTest, ANoteWhoseFileHasAnotherNameIsErased) {
+    PutNoteAs("Note 1001.txt", Note("elsewhere"));
+    PutNote(Note("elsewhere else"));
     Open();
     user->Select(Panel().lvwNotes, 1);
-    ExpectQuestion("ELSEWHERE", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("ELSEWHERE", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_EQ(files.Names(folder), std::vector<std::string>{"elsewhere else.txt"});
 }
 
-TEST_F(ViewNotes, SelectingARowEnablesEditAndErase) {
-    Put("A");
+TEST_F(frmViewNotesTest, SelectingARowEnablesEditAndErase) {
+    PutNote(Note("A"));
     Open();
     EXPECT_FALSE(Panel().cmdEdit.enabled());
     user->Select(Panel().lvwNotes, 0);
@@ -186,12 +183,12 @@ TEST_F(ViewNotes, SelectingARowEnablesEditAndErase) {
     EXPECT_TRUE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(ViewNotes, ErasingAsksInCapitalsAndRecyclesTheFile) {
-    Put("Milk");
-    Put("Shopping");
+TEST_F(frmViewNotesTest, ErasingAsksInCapitalsAndRecyclesTheFile) {
+    PutNote(Note("Milk"));
+    PutNote(Note("Shopping"));
     Open();
     user->Select(Panel().lvwNotes, 1);
-    ExpectQuestion("SHOPPING", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("SHOPPING", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
     EXPECT_EQ(files.Names(folder), std::vector<std::string>{"Milk.txt"});
@@ -202,35 +199,35 @@ TEST_F(ViewNotes, ErasingAsksInCapitalsAndRecyclesTheFile) {
     EXPECT_FALSE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(ViewNotes, ErasingTheLastNoteShutsTheListOff) {
-    Put("Only");
+TEST_F(frmViewNotesTest, ErasingTheLastNoteDisablesTheList) {
+    PutNote(Note("Only"));
     Open();
     user->Select(Panel().lvwNotes, 0);
-    ExpectQuestion("ONLY", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("ONLY", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_EQ(Panel().lblTotalNotes.caption(), "Total Notes: 0");
     EXPECT_FALSE(Panel().lvwNotes.enabled());
 }
 
-TEST_F(ViewNotes, ErasingAsksWithTheTitleAndErasesTheFileOfTheRow) {
-    Put("Padded", Note("  Padded "));
+TEST_F(frmViewNotesTest, ErasingAsksWithTheTitleAndErasesTheFileOfTheRow) {
+    PutNoteAs("Padded.txt", Note("  Padded "));
     Open();
     user->Select(Panel().lvwNotes, 0);
-    ExpectQuestion("  PADDED ", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("  PADDED ", BoxResult::Yes);
     user->Click(Panel().cmdRemove);
     EXPECT_TRUE(files.Names(folder).empty());
 }
 
-TEST_F(ViewNotes, OfTwoTitlesThatDifferInABlankOnlyTheChosenOneIsErased) {
+TEST_F(frmViewNotesTest, IfTwoTitlesDifferInABlankOnlyTheChosenNoteIsErased) {
     for (const std::string erased : {"Dentist", "Dentist "}) {
         const std::string kept = erased == "Dentist" ? "Dentist " : "Dentist";
-        Put("Dentist");
-        Put("Dentist ");
+        PutNote(Note("Dentist"));
+        PutNote(Note("Dentist "));
         Open();
         const auto titles = Titles();
         ASSERT_EQ(titles.size(), 2U);
         user->Select(Panel().lvwNotes, titles[0] == erased ? 0 : 1);
-        ExpectQuestion(erased == "Dentist" ? "DENTIST" : "DENTIST ", BoxResult::Yes);
+        ExpectDeletingNoteQuestion(erased == "Dentist" ? "DENTIST" : "DENTIST ", BoxResult::Yes);
         user->Click(Panel().cmdRemove);
         EXPECT_EQ(files.Names(folder), std::vector<std::string>{kept + ".txt"});
         EXPECT_EQ(files.RecycleBin().back(), folder + "\\" + erased + ".txt");
@@ -239,11 +236,11 @@ TEST_F(ViewNotes, OfTwoTitlesThatDifferInABlankOnlyTheChosenOneIsErased) {
     }
 }
 
-TEST_F(ViewNotes, AnsweringNoKeepsFileAndRowAndWaitsForAnotherClick) {
-    Put("Milk");
+TEST_F(frmViewNotesTest, AnsweringNoKeepsFileAndRowAndWaitsForAnotherClick) {
+    PutNote(Note("Milk"));
     Open();
     user->Select(Panel().lvwNotes, 0);
-    ExpectQuestion("MILK", BoxResult::No);
+    ExpectDeletingNoteQuestion("MILK", BoxResult::No);
     user->Click(Panel().cmdRemove);
     EXPECT_EQ(Titles(), std::vector<std::string>{"Milk"});
     EXPECT_TRUE(files.FileExists(folder + "\\Milk.txt"));
@@ -254,8 +251,8 @@ TEST_F(ViewNotes, AnsweringNoKeepsFileAndRowAndWaitsForAnotherClick) {
     EXPECT_TRUE(Panel().cmdRemove.enabled());
 }
 
-TEST_F(ViewNotes, ErasingWithNothingSelectedIsReported) {
-    Put("Milk");
+TEST_F(frmViewNotesTest, ErasingWithNothingSelectedIsReported) {
+    PutNote(Note("Milk"));
     Open();
     stage->ExpectPopup("mnuPop", "mnuEraseNote");
     ExpectNothingSelected();
@@ -263,18 +260,18 @@ TEST_F(ViewNotes, ErasingWithNothingSelectedIsReported) {
     EXPECT_TRUE(files.FileExists(folder + "\\Milk.txt"));
 }
 
-TEST_F(ViewNotes, AFileThatCannotBeDeletedIsReported) {
-    Put("Milk");
+TEST_F(frmViewNotesTest, AFileThatCannotBeDeletedIsReported) {
+    PutNote(Note("Milk"));
     Open();
     files.SetDenied(folder + "\\Milk.txt", true);
     user->Select(Panel().lvwNotes, 0);
-    ExpectQuestion("MILK", BoxResult::Yes);
+    ExpectDeletingNoteQuestion("MILK", BoxResult::Yes);
     ExpectNothingSelected();
     user->Click(Panel().cmdRemove);
     EXPECT_TRUE(files.Peek(folder + "\\Milk.txt").has_value());
 }
 
-TEST_F(ViewNotes, OpeningThePanelListsTheFolderOnce) {
+TEST_F(frmViewNotesTest, OpeningThePanelListsTheFolderOnce) {
     PutMany(100);
     Start([] { StandardCode::LoadNotesArray(); });
     const int before = files.Listings();
@@ -285,12 +282,12 @@ TEST_F(ViewNotes, OpeningThePanelListsTheFolderOnce) {
     EXPECT_EQ(Titles().size(), 100U);
 }
 
-TEST_F(ViewNotes, SavingWithThePanelOpenListsTheFolderOnceAndReadsOneFile) {
+TEST_F(frmViewNotesTest, SavingWithThePanelOpenListsTheFolderOnceAndReadsOneFile) {
     PutMany(100);
     Open();
     const int before = files.Listings();
     files.ClearLog();
-    StandardCode::NoteRecord changed = Note("Note 1050", "1");
+    const Note changed = Note("Note 1050").WithAlarmAt(9, 30);
     Start([&changed] {
         StandardCode::Notes().Write(NoteStore::FileNameFor(changed.Title), changed);
         StandardCode::LoadNotesArray();
@@ -304,7 +301,7 @@ TEST_F(ViewNotes, SavingWithThePanelOpenListsTheFolderOnceAndReadsOneFile) {
     EXPECT_EQ(Panel().lvwNotes.Rows()[49].texts[2], "5/14/2004 9:30:00 AM");
 }
 
-TEST_F(ViewNotes, SavingWhatTheFileHoldsReadsOneFile) {
+TEST_F(frmViewNotesTest, SavingAnUnchangedNoteReadsOneFile) {
     PutMany(100);
     Open();
     files.ClearLog();

@@ -12,18 +12,18 @@
 #include "notes/RestoreNotes.h"
 #include "notes/frmNote.h"
 #include "tests/support/OpenNotes.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 
 namespace testing_support {
 
 // Note windows without the main window and the control panel. Their signals to those two are
 // recorded.
-class NoteProgram : public TestProgram {
+class NoteProgram : public ProductProgram {
   protected:
     using PanelAction = StandardCode::SharedEvents::PanelAction;
 
     void SetUp() override {
-        TestProgram::SetUp();
+        ProductProgram::SetUp();
         Listen();
     }
 
@@ -65,32 +65,6 @@ class NoteProgram : public TestProgram {
         return forms::Default<frmNote>();
     }
 
-    static StandardCode::NoteRecord Record(const std::string& title, const std::string& text) {
-        StandardCode::NoteRecord record;
-        record.Title = title;
-        record.Text = text;
-        record.AlarmDate = base::DateTime::FromDate(2004, 5, 14);
-        record.AlarmTime = base::DateTime::FromTime(12, 0, 0);
-        record.ColorIndex = 1;
-        record.FontSize = 12;
-        record.AlarmState = "0";
-        record.Trailer = "yes";
-        return record;
-    }
-
-    static std::string PathOf(const std::string& title) {
-        return applicationFolder + "\\Notes\\" + title + ".txt";
-    }
-
-    void PutNote(const StandardCode::NoteRecord& record) {
-        files.PutFolder(applicationFolder + "\\Notes");
-        files.PutFile(PathOf(record.Title), NoteFile::Encode(record));
-    }
-
-    std::optional<std::string> FileOf(const std::string& title) const {
-        return files.Peek(PathOf(title));
-    }
-
     // The saved note; an empty one if there is no file.
     StandardCode::NoteRecord Saved(const std::string& title) {
         StandardCode::NoteRecord record;
@@ -100,22 +74,6 @@ class NoteProgram : public TestProgram {
             ADD_FAILURE() << title << " is not saved";
         }
         return record;
-    }
-
-    void ExpectWriteError(const std::string& text) {
-        stage->ExpectBox(text, "WriteNote Sub Error", forms::BoxIcon::None, forms::BoxButtons::Ok,
-                         forms::BoxResult::Ok);
-    }
-
-    void ExpectSaveQuestion(forms::BoxResult answer) {
-        stage->ExpectBox(" Would you like to save changes?     ", "Save Changes?",
-                         forms::BoxIcon::Question, forms::BoxButtons::YesNo, answer);
-    }
-
-    void ExpectEraseQuestion(const std::string& capitals, forms::BoxResult answer) {
-        stage->ExpectBox("Are you sure you would like to erase " + capitals + "?              ",
-                         "Kill Note", forms::BoxIcon::Information, forms::BoxButtons::YesNo, answer,
-                         forms::BoxResult::No);
     }
 
     std::vector<PanelAction> panel;

@@ -1,6 +1,9 @@
 #include "tests/support/TestProgram.h"
 
+#include <utility>
+
 #include "app/StandardCode.h"
+#include "app/TrayMessages.h"
 #include "forms/Form.h"
 
 namespace testing_support {
@@ -70,6 +73,29 @@ void TestProgram::SetNow(int year, int month, int day, int hour, int minute, int
     clock.SetNow(Combine(base::DateTime::FromDate(year, month, day),
                          base::DateTime::FromTime(hour, minute, second)));
 }
+
+void TestProgram::ExpectMessage(const std::string& text, const std::string& caption,
+                                forms::BoxIcon icon, forms::headless::Script during) {
+    stage->ExpectBox(text, caption, icon, forms::BoxButtons::Ok, forms::BoxResult::Ok,
+                     forms::BoxResult::Ok, std::move(during));
+}
+
+void TestProgram::ExpectQuestion(const std::string& text, const std::string& caption,
+                                 forms::BoxIcon icon, forms::BoxResult answer,
+                                 forms::headless::Script during) {
+    stage->ExpectBox(text, caption, icon, forms::BoxButtons::YesNo, answer, forms::BoxResult::Yes,
+                     std::move(during));
+}
+
+void TestProgram::ExpectRunTimeError(int number, const std::string& description,
+                                     forms::headless::Script during) {
+    ExpectMessage("Run-time error '" + std::to_string(number) + "':\r\n\r\n" + description,
+                  "Jotwright", forms::BoxIcon::Critical, std::move(during));
+}
+
+void TestProgram::ClickTrayIcon() { user->Tray(TrayMessages::leftButtonUp); }
+void TestProgram::DoubleClickTrayIcon() { user->Tray(TrayMessages::leftDoubleClick); }
+void TestProgram::RightClickTrayIcon() { user->Tray(TrayMessages::rightButtonUp); }
 
 void TestProgram::Boot() {
     StandardCode::Reset();

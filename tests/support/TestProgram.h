@@ -55,6 +55,22 @@ class TestProgram : public ::testing::Test {
     // Sets the clock before the program starts.
     void SetNow(int year, int month, int day, int hour, int minute, int second);
 
+    // The next thing that opens is a message box with exactly these properties and an OK button.
+    // The script runs while the box is open; see HeadlessStage::ExpectBox.
+    void ExpectMessage(const std::string& text, const std::string& caption, forms::BoxIcon icon,
+                       forms::headless::Script during = nullptr);
+    // The same for a box with the buttons Yes and No, of which Yes is the default button.
+    void ExpectQuestion(const std::string& text, const std::string& caption, forms::BoxIcon icon,
+                        forms::BoxResult answer, forms::headless::Script during = nullptr);
+    // The report of an error that no handler has trapped.
+    void ExpectRunTimeError(int number, const std::string& description,
+                            forms::headless::Script during = nullptr);
+
+    // Gestures on the icon in the notification area. They work behind boxes and modal forms too.
+    void ClickTrayIcon();
+    void DoubleClickTrayIcon();
+    void RightClickTrayIcon();
+
     forms::headless::VirtualClock clock;
     forms::headless::MemoryFiles files;
     forms::headless::HeadlessSettings settings;

@@ -9,12 +9,12 @@
 #include "info/frmTip.h"
 #include "notes/frmDisplayNote.h"
 #include "notes/frmNote.h"
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 
 namespace testing_support {
 
 // The whole program as its user sees it, from the start-up routine on.
-class WholeProgram : public TestProgram {
+class WholeProgram : public ProductProgram {
   protected:
     // Starts without the tips and waits until the splash screen has gone.
     void StartQuietly() {
@@ -32,10 +32,16 @@ class WholeProgram : public TestProgram {
 
     frmMain& Main() { return forms::Default<frmMain>(); }
 
-    // Types a title and presses Make Note. Returns the editor that opened.
+    // Opens the menu of the icon in the notification area and chooses the entry.
+    void ChooseFromTrayMenu(const std::string& entry) {
+        stage->ExpectPopup("mnuPop", entry);
+        RightClickTrayIcon();
+    }
+
+    // Types a title and clicks Make Note. Returns the editor that opened.
     frmNote& MakeNote(const std::string& title) {
         if (!Main().IsVisible()) {
-            user->Tray(514);
+            ClickTrayIcon();
         }
         user->Type(Main().txtNoteTitle, title);
         user->Click(Main().cmdMakeNote);
@@ -69,19 +75,6 @@ class WholeProgram : public TestProgram {
             count += dynamic_cast<T*>(form.get()) != nullptr && form->IsVisible() ? 1 : 0;
         }
         return count;
-    }
-
-    std::string NoteFile(const std::string& title) {
-        return applicationFolder + "\\Notes\\" + title + ".txt";
-    }
-
-    // Puts a note file on the disk, in the form that WriteNote gives it.
-    void PutNote(const std::string& title,
-                 const std::string& tail =
-                     "#2004-05-14#,#12:00:00#,1,12,"
-                     "\"0\",0,\"yes\"\r\n",
-                 const std::string& text = "text") {
-        files.PutFile(NoteFile(title), "\"" + title + "\",\"" + text + "\"," + tail);
     }
 };
 

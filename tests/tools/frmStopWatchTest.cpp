@@ -8,7 +8,7 @@
 
 namespace {
 
-class StopWatch : public testing_support::TestProgram {
+class frmStopWatchTest : public testing_support::TestProgram {
   protected:
     void SetUp() override {
         TestProgram::SetUp();
@@ -26,7 +26,7 @@ class StopWatch : public testing_support::TestProgram {
     }
 };
 
-TEST_F(StopWatch, LoadsIdle) {
+TEST_F(frmStopWatchTest, LoadsIdle) {
     EXPECT_EQ(Shown(), "00:00:00");
     EXPECT_EQ(Window().lblTrys.caption(), "Total Watch Starts: 0");
     EXPECT_TRUE(Window().cmdStart.enabled());
@@ -36,7 +36,7 @@ TEST_F(StopWatch, LoadsIdle) {
     EXPECT_FALSE(Window().tmrMain.enabled());
 }
 
-TEST_F(StopWatch, MeasuresFromTheMomentOfStart) {
+TEST_F(frmStopWatchTest, MeasuresFromTheMomentOfTheStart) {
     Advance(4321);
     user->Click(Window().cmdStart);
     EXPECT_EQ(Shown(), "00:00:00");
@@ -52,7 +52,7 @@ TEST_F(StopWatch, MeasuresFromTheMomentOfStart) {
     EXPECT_EQ(Shown(), "01:01:02");
 }
 
-TEST_F(StopWatch, StopKeepsTheLastTick) {
+TEST_F(frmStopWatchTest, StopKeepsTheLastTick) {
     Run(5900);
     EXPECT_EQ(Shown(), "00:00:05");
     EXPECT_TRUE(Window().cmdStart.enabled());
@@ -65,7 +65,7 @@ TEST_F(StopWatch, StopKeepsTheLastTick) {
     EXPECT_EQ(Rows()[0].texts, (std::vector<std::string>{"", "   #1", "00:00:05"}));
 }
 
-TEST_F(StopWatch, ARunIsSavedOnce) {
+TEST_F(frmStopWatchTest, ARunIsSavedOnce) {
     EXPECT_FALSE(Window().TimeSaved);
     Run(2000);
     user->Click(Window().cmdSave);
@@ -78,7 +78,7 @@ TEST_F(StopWatch, ARunIsSavedOnce) {
     EXPECT_EQ(Window().ilsTime.images.size(), 1U);
 }
 
-TEST_F(StopWatch, TheMenuSavesToo) {
+TEST_F(frmStopWatchTest, TheMenuSavesToo) {
     Run(2000);
     user->Choose(Window().mnuFileSave);
     EXPECT_EQ(Rows().size(), 1U);
@@ -86,7 +86,7 @@ TEST_F(StopWatch, TheMenuSavesToo) {
     EXPECT_FALSE(Window().cmdSave.enabled());
 }
 
-TEST_F(StopWatch, StartingANewRunDisablesSave) {
+TEST_F(frmStopWatchTest, StartingANewRunDisablesSave) {
     Run(2000);
     user->Click(Window().cmdStart);
     EXPECT_FALSE(Window().cmdSave.enabled());
@@ -94,7 +94,7 @@ TEST_F(StopWatch, StartingANewRunDisablesSave) {
     EXPECT_EQ(Shown(), "00:00:00");
 }
 
-TEST_F(StopWatch, TheNewestRunIsListedFirst) {
+TEST_F(frmStopWatchTest, TheNewestRunIsListedFirst) {
     for (int seconds = 1; seconds <= 3; ++seconds) {
         Run(seconds * 1000);
         user->Click(Window().cmdSave);
@@ -105,7 +105,7 @@ TEST_F(StopWatch, TheNewestRunIsListedFirst) {
     EXPECT_EQ(Rows()[2].texts, (std::vector<std::string>{"", "   #1", "00:00:01"}));
 }
 
-TEST_F(StopWatch, TheLabelCountsSavedRunsOnly) {
+TEST_F(frmStopWatchTest, TheLabelCountsSavedRunsOnly) {
     Run(1000);
     Run(1000);
     EXPECT_EQ(Window().lblTrys.caption(), "Total Watch Starts: 0");
@@ -113,7 +113,7 @@ TEST_F(StopWatch, TheLabelCountsSavedRunsOnly) {
     EXPECT_EQ(Window().lblTrys.caption(), "Total Watch Starts: 1");
 }
 
-TEST_F(StopWatch, ClearRestartsTheNumbersAtOne) {
+TEST_F(frmStopWatchTest, ClearRestartsTheNumbersAtOne) {
     Run(1000);
     user->Click(Window().cmdSave);
     Run(1000);
@@ -127,14 +127,14 @@ TEST_F(StopWatch, ClearRestartsTheNumbersAtOne) {
     EXPECT_EQ(Window().lblTrys.caption(), "Total Watch Starts: 1");
 }
 
-TEST_F(StopWatch, ARunOfADayWraps) {
+TEST_F(frmStopWatchTest, ARunOfADayWraps) {
     user->Click(Window().cmdStart);
     stage->Suspend(86'400);
     Advance(1000);
     EXPECT_EQ(Shown(), "00:00:01");
 }
 
-TEST_F(StopWatch, AClockSetBackToBeforeTheStartShowsTheDifference) {
+TEST_F(frmStopWatchTest, AClockThatIsSetBackBeforeTheStartShowsTheDifference) {
     user->Click(Window().cmdStart);
     Advance(5000);
     stage->Jump(-16);
@@ -148,7 +148,7 @@ TEST_F(StopWatch, AClockSetBackToBeforeTheStartShowsTheDifference) {
     EXPECT_EQ(Shown(), "00:59:52");
 }
 
-TEST_F(StopWatch, CloseAndExitDiscardTheList) {
+TEST_F(frmStopWatchTest, CloseAndExitDiscardTheList) {
     Run(1000);
     user->Click(Window().cmdSave);
     user->Click(Window().cmdClose);

@@ -26,7 +26,7 @@ class frmTimerNumbersTest : public testing_support::TestProgram {
     }
 };
 
-TEST_F(frmTimerNumbersTest, TheUsersDecimalCommaIsAccepted) {
+TEST_F(frmTimerNumbersTest, TheDecimalCommaOfTheUserIsAccepted) {
     EXPECT_EQ(MinutesOf("2,5"), "25");
     locale.numbers = {",", ".", "\xe2\x82\xac"};
     EXPECT_EQ(MinutesOf("2,5"), "2");

@@ -2,20 +2,18 @@
 
 #include <string>
 
-#include "tests/support/TestProgram.h"
+#include "tests/support/ProductProgram.h"
 #include "tools/frmTimer.h"
 
 namespace {
 
-using forms::BoxButtons;
 using forms::BoxIcon;
-using forms::BoxResult;
 using Sounds = forms::headless::RecordedSound;
 
-class NoveltyTimer : public testing_support::TestProgram {
+class frmTimerTest : public testing_support::ProductProgram {
   protected:
     void SetUp() override {
-        TestProgram::SetUp();
+        ProductProgram::SetUp();
         Start([] { forms::Default<frmTimer>().Show(); });
     }
 
@@ -26,14 +24,9 @@ class NoveltyTimer : public testing_support::TestProgram {
         user->Type(Window().txtMinutes, entry);
         user->Click(Window().cmdStart);
     }
-
-    void ExpectTimeUp(const forms::headless::Script& during = nullptr) {
-        stage->ExpectBox("          Time Is Up        ", "Jotwright Audio Alarm", BoxIcon::Critical,
-                         BoxButtons::Ok, BoxResult::Ok, during);
-    }
 };
 
-TEST_F(NoveltyTimer, LoadsIdle) {
+TEST_F(frmTimerTest, LoadsIdle) {
     EXPECT_EQ(Shown(), "Time Left:\r\n0 Minutes\r\n0 Seconds");
     EXPECT_TRUE(Window().cmdStart.enabled());
     EXPECT_FALSE(Window().cmdStop.enabled());
@@ -41,27 +34,26 @@ TEST_F(NoveltyTimer, LoadsIdle) {
     EXPECT_TRUE(Window().txtMinutes.HasFocus());
 }
 
-TEST_F(NoveltyTimer, AMissingIconIsAnErrorOfLoading) {
+TEST_F(frmTimerTest, AMissingIconIsAnErrorOfLoading) {
     Start([&] { Window().Unload(); });
     files.Remove("C:\\Jotwright\\logo.ico");
-    stage->ExpectBox("Run-time error '53':\r\n\r\nFile not found", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(53, "File not found");
     Start([&] { Window().Show(); });
 }
 
-TEST_F(NoveltyTimer, AnEmptyEntryIsRefused) {
-    stage->ExpectBox("Please Enter A Start Time.               ", "No Minutes Entered",
-                     BoxIcon::Exclamation, BoxButtons::Ok, BoxResult::Ok);
+TEST_F(frmTimerTest, AnEmptyEntryIsRefused) {
+    ExpectMessage("Please Enter A Start Time.               ", "No Minutes Entered",
+                  BoxIcon::Exclamation);
     user->Click(Window().cmdStart);
     EXPECT_TRUE(Window().txtMinutes.HasFocus());
     EXPECT_TRUE(Window().cmdStart.enabled());
     EXPECT_FALSE(Window().tmrMain.enabled());
 }
 
-TEST_F(NoveltyTimer, AnEntryThatIsNotANumberIsRefusedAndCleared) {
+TEST_F(frmTimerTest, AnEntryThatIsNotANumberIsRefusedAndCleared) {
     for (const char* entry : {"ten", "   ", "5 min", "1,5x"}) {
-        stage->ExpectBox("Please Enter Numeric Values Only.         ", "Non-Numeric Entry",
-                         BoxIcon::Exclamation, BoxButtons::Ok, BoxResult::Ok);
+        ExpectMessage("Please Enter Numeric Values Only.         ", "Non-Numeric Entry",
+                      BoxIcon::Exclamation);
         StartWith(entry);
         EXPECT_EQ(Window().txtMinutes.text(), "");
         EXPECT_TRUE(Window().txtMinutes.HasFocus());
@@ -69,7 +61,7 @@ TEST_F(NoveltyTimer, AnEntryThatIsNotANumberIsRefusedAndCleared) {
     }
 }
 
-TEST_F(NoveltyTimer, StartShowsTheMinutesAndDisablesTheEntry) {
+TEST_F(frmTimerTest, StartShowsTheMinutesAndDisablesTheEntry) {
     StartWith("5");
     EXPECT_EQ(Shown(), "Time Left:\r\n5 minutes\r\n0 seconds");
     EXPECT_FALSE(Window().txtMinutes.enabled());
@@ -79,7 +71,7 @@ TEST_F(NoveltyTimer, StartShowsTheMinutesAndDisablesTheEntry) {
     EXPECT_EQ(Window().tmrMain.interval(), 1000);
 }
 
-TEST_F(NoveltyTimer, EntriesAreRoundedHalfToEven) {
+TEST_F(frmTimerTest, EntriesAreRoundedHalfToEven) {
     const std::pair<const char*, const char*> entries[] = {
         {"2.5", "2"}, {"3.5", "4"}, {"  7  ", "7"}, {"+6", "6"}, {"0.5", "0"}, {"-2.5", "-2"}};
     for (const auto& [entry, minutes] : entries) {
@@ -90,21 +82,19 @@ TEST_F(NoveltyTimer, EntriesAreRoundedHalfToEven) {
     }
 }
 
-TEST_F(NoveltyTimer, AnEntryBeyondSixteenBitsOverflows) {
-    stage->ExpectBox("Run-time error '6':\r\n\r\nOverflow", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+TEST_F(frmTimerTest, AnEntryBeyondSixteenBitsOverflows) {
+    ExpectRunTimeError(6, "Overflow");
     StartWith("32768");
     EXPECT_TRUE(runtime->HasEnded());
 }
 
-TEST_F(NoveltyTimer, TheLowestEntryOverflowsAtItsFirstTick) {
+TEST_F(frmTimerTest, TheLowestEntryOverflowsAtItsFirstTick) {
     StartWith("-32768");
-    stage->ExpectBox("Run-time error '6':\r\n\r\nOverflow", "Jotwright", BoxIcon::Critical,
-                     BoxButtons::Ok, BoxResult::Ok);
+    ExpectRunTimeError(6, "Overflow");
     Advance(1000);
 }
 
-TEST_F(NoveltyTimer, TheFirstTickComesASecondAfterTheStart) {
+TEST_F(frmTimerTest, TheFirstTickComesASecondAfterTheStart) {
     Advance(370);
     StartWith("5");
     Advance(999);
@@ -113,7 +103,7 @@ TEST_F(NoveltyTimer, TheFirstTickComesASecondAfterTheStart) {
     EXPECT_EQ(Shown(), "Time Left:\r\n4 Minutes\r\n59 Seconds");
 }
 
-TEST_F(NoveltyTimer, SecondsWrapAtAMinute) {
+TEST_F(frmTimerTest, SecondsWrapAtAMinute) {
     StartWith("5");
     Advance(59'000);
     EXPECT_EQ(Shown(), "Time Left:\r\n4 Minutes\r\n1 Seconds");
@@ -125,7 +115,7 @@ TEST_F(NoveltyTimer, SecondsWrapAtAMinute) {
     EXPECT_EQ(Shown(), "Time Left:\r\n3 Minutes\r\n59 Seconds");
 }
 
-TEST_F(NoveltyTimer, ACounterThatIsNotPositiveShowsTheWholeMinutes) {
+TEST_F(frmTimerTest, ACounterThatIsNotPositiveShowsTheWholeMinutes) {
     StartWith("5");
     Window().SecondsCount = -2;
     Advance(1000);
@@ -136,13 +126,13 @@ TEST_F(NoveltyTimer, ACounterThatIsNotPositiveShowsTheWholeMinutes) {
     EXPECT_EQ(Shown(), "Time Left:\r\n4 Minutes\r\n59 Seconds");
 }
 
-TEST_F(NoveltyTimer, OneMinuteCountsDownChimesAndReports) {
+TEST_F(frmTimerTest, ACountdownOfOneMinuteChimesAndReports) {
     StartWith("1");
     Advance(1000);
     EXPECT_EQ(Shown(), "Time Left:\r\n0 Minutes\r\n59 Seconds");
     Advance(58'000);
     EXPECT_EQ(Shown(), "Time Left:\r\n0 Minutes\r\n1 Seconds");
-    ExpectTimeUp([&] {
+    ExpectTimeIsUp([&] {
         EXPECT_EQ(Shown(), "Time Left:\r\n-1 Minutes\r\n0 Seconds.");
         EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alert chime.wav");
         // The countdown stands still while the box is open.
@@ -166,9 +156,9 @@ TEST_F(NoveltyTimer, OneMinuteCountsDownChimesAndReports) {
     EXPECT_EQ(Shown(), "Time Left: 0 minutes 0 seconds.");
 }
 
-TEST_F(NoveltyTimer, ZeroMinutesEndAtTheFirstTickAndItsSecondIsKept) {
+TEST_F(frmTimerTest, ZeroMinutesEndAtTheFirstTickAndItsSecondIsKept) {
     StartWith("0");
-    ExpectTimeUp([&] { EXPECT_EQ(Shown(), "Time Left:\r\n-1 Minutes\r\n59 Seconds"); });
+    ExpectTimeIsUp([&] { EXPECT_EQ(Shown(), "Time Left:\r\n-1 Minutes\r\n59 Seconds"); });
     Advance(1000);
     EXPECT_EQ(Window().SecondsCount, 1);
     StartWith("2");
@@ -176,7 +166,7 @@ TEST_F(NoveltyTimer, ZeroMinutesEndAtTheFirstTickAndItsSecondIsKept) {
     EXPECT_EQ(Shown(), "Time Left:\r\n1 Minutes\r\n58 Seconds");
 }
 
-TEST_F(NoveltyTimer, ANegativeEntryRunsUntilStopped) {
+TEST_F(frmTimerTest, ANegativeEntryRunsUntilStopped) {
     StartWith("-3");
     Advance(1000);
     EXPECT_EQ(Shown(), "Time Left:\r\n-4 Minutes\r\n59 Seconds");
@@ -186,7 +176,7 @@ TEST_F(NoveltyTimer, ANegativeEntryRunsUntilStopped) {
     EXPECT_EQ(Shown(), "Time Left:\r\n0 Minutes\r\n0 Seconds");
 }
 
-TEST_F(NoveltyTimer, StopKeepsTheCountersForTheNextRun) {
+TEST_F(frmTimerTest, StopKeepsTheCountersForTheNextRun) {
     StartWith("5");
     Advance(150'000);
     user->Click(Window().cmdStop);
@@ -202,7 +192,7 @@ TEST_F(NoveltyTimer, StopKeepsTheCountersForTheNextRun) {
     EXPECT_EQ(Shown(), "Time Left:\r\n2 Minutes\r\n29 Seconds");
 }
 
-TEST_F(NoveltyTimer, ARunShorterThanTheKeptMinutesMissesItsEnd) {
+TEST_F(frmTimerTest, ARunShorterThanTheKeptMinutesNeverEnds) {
     StartWith("5");
     Advance(120'000);
     user->Click(Window().cmdStop);
@@ -212,7 +202,7 @@ TEST_F(NoveltyTimer, ARunShorterThanTheKeptMinutesMissesItsEnd) {
     EXPECT_TRUE(Window().tmrMain.enabled());
 }
 
-TEST_F(NoveltyTimer, ClosingForgetsTheCounters) {
+TEST_F(frmTimerTest, ClosingResetsTheCounters) {
     StartWith("5");
     Advance(90'000);
     user->Click(Window().cmdClose);

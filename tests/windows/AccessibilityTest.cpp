@@ -13,7 +13,7 @@ namespace driver {
 
 // The names that a screen reader can read out. Wine does not report names that the program gives to
 // the system's accessibility service; tests of the models check those.
-class Accessibility : public DriverTest {
+class AccessibilityTest : public DriverTest {
   protected:
     static void ExpectSpoken(const Window& window);
 };
@@ -34,7 +34,7 @@ bool Has(const Accessible& object, LONG state) { return (object.state & state) !
 
 }  // namespace
 
-void Accessibility::ExpectSpoken(const Window& window) {
+void AccessibilityTest::ExpectSpoken(const Window& window) {
     // The focus may move to a control after the window opens. Wait for it, so that it does not move
     // between two looks at one control.
     ComesTrue([&] {
@@ -66,7 +66,7 @@ void Accessibility::ExpectSpoken(const Window& window) {
     }
 }
 
-TEST_F(Accessibility, EveryWindowHasNamesForAScreenReader) {
+TEST_F(AccessibilityTest, EveryWindowHasNamesForAScreenReader) {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-05#,#09:30:00#,1,12,\"1\",1,\"yes\"\r\n");
     const Window main = StartProgram();
     WaitUntil("the title box has the focus", [&] { return main.Only("Edit").HasFocus(); });
@@ -100,7 +100,7 @@ TEST_F(Accessibility, EveryWindowHasNamesForAScreenReader) {
     }
 }
 
-TEST_F(Accessibility, WindowsThatOpenByThemselvesHaveNames) {
+TEST_F(AccessibilityTest, WindowsThatOpenByThemselvesHaveNames) {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
     const Window main = StartProgram();
     main.Button("Make &Note").Click();
@@ -115,13 +115,13 @@ TEST_F(Accessibility, WindowsThatOpenByThemselvesHaveNames) {
     WaitUntilFilled(display, "Edit");
     WaitUntil("the text has the focus", [&] { return display.Only("Edit").HasFocus(); });
     ExpectSpoken(display);
-    display.Close();
+    display.CloseBox();
     const Box question(program, displayQuestion);
     EXPECT_EQ(AccessibleOf(question.window).name, displayQuestion);
-    question.Press("No");
+    question.Click("No");
 }
 
-TEST_F(Accessibility, TheToolbarsButtonsHaveNames) {
+TEST_F(AccessibilityTest, TheButtonsOfTheToolbarHaveNames) {
     const Window editor = MakeNote(StartProgram(), "Dentist");
     const Window toolbar = editor.Only(toolbarClass);
     EXPECT_EQ(AccessibleOf(toolbar).name, "Note");

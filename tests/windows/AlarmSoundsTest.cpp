@@ -18,34 +18,34 @@ std::string LowerCase(std::string text) {
 
 }  // namespace
 
-class AlarmSounds : public DriverTest {
+class AlarmSoundsTest : public DriverTest {
   protected:
     Window Open(const Window& main) const;
-    static void Select(const Window& window, const std::string& option);
-    // Expects a box with this text only, and presses OK.
-    void ExpectBox(const std::string& boxCaption, const std::string& text) const;
+    static void Click(const Window& window, const std::string& option);
+    // Expects a box with exactly this text, and clicks OK.
+    void ExpectMessage(const std::string& text, const std::string& boxCaption) const;
 };
 
-Window AlarmSounds::Open(const Window& main) const {
+Window AlarmSoundsTest::Open(const Window& main) const {
     ChooseFromMenuBar(program, main, barChooseAlarmSound);
     const Window window = program.WaitFor(caption);
     WaitUntilFilled(window, "Edit");
     return window;
 }
 
-void AlarmSounds::Select(const Window& window, const std::string& option) {
+void AlarmSoundsTest::Click(const Window& window, const std::string& option) {
     window.Button(option).Click();
     WaitUntil("the option is selected", [&] { return window.Button(option).IsChecked(); });
     window.Send(WM_NULL);
 }
 
-void AlarmSounds::ExpectBox(const std::string& boxCaption, const std::string& text) const {
+void AlarmSoundsTest::ExpectMessage(const std::string& text, const std::string& boxCaption) const {
     const Box box(program, boxCaption);
     EXPECT_EQ(box.Text(), text);
-    box.Press("OK");
+    box.Click("OK");
 }
 
-TEST_F(AlarmSounds, AFileOfTheUsersOwnIsTriedAndSaved) {
+TEST_F(AlarmSoundsTest, AnOwnSoundFileIsTestedAndSaved) {
     // Differs from the path of a built-in sound only in its case.
     const std::string stored = folder + "\\" + LowerCase("Bell alarm.wav");
     ASSERT_NE(stored, folder + "\\Bell alarm.wav");
@@ -60,10 +60,10 @@ TEST_F(AlarmSounds, AFileOfTheUsersOwnIsTriedAndSaved) {
     EXPECT_EQ(window.Only("Edit").Text(), stored);
 
     // Save is enabled only after the dialog for a file was opened, even if it was cancelled.
-    Select(window, "Alert Chime");
+    Click(window, "Alert Chime");
     EXPECT_TRUE(window.Button("&Save").IsEnabled());
     EXPECT_FALSE(window.Button("&Browse").IsEnabled());
-    Select(window, ownFile);
+    Click(window, ownFile);
     EXPECT_FALSE(window.Button("&Save").IsEnabled());
     window.Button("&Browse").Click();
     const auto dialog = [&] {
@@ -82,13 +82,13 @@ TEST_F(AlarmSounds, AFileOfTheUsersOwnIsTriedAndSaved) {
 
     window.Only("Edit").Type("");
     window.Button("&Test").Click();
-    ExpectBox("No File To Test", "Please Select A .wav File To Play");
+    ExpectMessage("Please Select A .wav File To Play", "No File To Test");
     EXPECT_TRUE(ComesTrue([&] { return window.Only("Edit").HasFocus(); }));
     window.Button("&Save").Click();
-    ExpectBox("No File Selected", "Please Select A .wav File");
+    ExpectMessage("Please Select A .wav File", "No File Selected");
     window.Only("Edit").Type("C:\\sounds\\bell.wave");
     window.Button("&Save").Click();
-    ExpectBox("Error Loading .wav File", "The File Selected Was Not A Valid .wav File!       ");
+    ExpectMessage("The File Selected Was Not A Valid .wav File!       ", "Error Loading .wav File");
     EXPECT_TRUE(ComesTrue([&] { return window.Only("Edit").Text().empty(); }));
     EXPECT_EQ(Setting("Config", "Alarm"), stored);
 
@@ -102,7 +102,7 @@ TEST_F(AlarmSounds, AFileOfTheUsersOwnIsTriedAndSaved) {
         // The file plays for 0.3 seconds.
         EXPECT_TRUE(ComesTrue([&] { return recorder.SoundingSeconds(before) > 0.7; }))
             << "it loops";
-        box.Press("OK");
+        box.Click("OK");
     }
     recorder.WaitForSilence();
     before = recorder.Now();
@@ -114,7 +114,7 @@ TEST_F(AlarmSounds, AFileOfTheUsersOwnIsTriedAndSaved) {
         // A sound would have begun by then.
         recorder.WaitForSilence();
         EXPECT_FALSE(recorder.HasSounded(before)) << "there is no such file";
-        box.Press("OK");
+        box.Click("OK");
     }
 
     window.Only("Edit").Type("  " + own + " ");
@@ -126,13 +126,13 @@ TEST_F(AlarmSounds, AFileOfTheUsersOwnIsTriedAndSaved) {
     EXPECT_EQ(window.Only("Edit").Text(), "  " + own + " ");
 }
 
-TEST_F(AlarmSounds, ASoundThatWasClickedButNotSavedIsKeptForThisRun) {
+TEST_F(AlarmSoundsTest, ASoundThatWasClickedButNotSavedIsKeptForThisRun) {
     WriteSetting("Config", "Alarm", folder + "\\Alarm clock.wav");
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     const Window main = StartProgram();
     const Window window = Open(main);
     EXPECT_TRUE(window.Button("Alarm Clock").IsChecked());
-    Select(window, "Bell Alarm");
+    Click(window, "Bell Alarm");
     window.Button("&Cancel").Click();
     program.WaitUntilGone(caption);
     EXPECT_EQ(Setting("Config", "Alarm"), folder + "\\Alarm clock.wav");
@@ -141,7 +141,7 @@ TEST_F(AlarmSounds, ASoundThatWasClickedButNotSavedIsKeptForThisRun) {
     LetAlarmCome("2031-06-02 09:00:58", alarmBox);
     const Box box(program, alarmBox);
     EXPECT_EQ(recorder.WaitForSound(before), "Bell alarm.wav");
-    box.Press("OK");
+    box.Click("OK");
     recorder.WaitForSilence();
 }
 

@@ -11,7 +11,7 @@ constexpr COLORREF black = RGB(0, 0, 0);
 
 }  // namespace
 
-class Alarms : public DriverTest {
+class AlarmsTest : public DriverTest {
   protected:
     // Starts the program with a saved note whose alarm is set for one minute past nine, and closes
     // its editor.
@@ -26,30 +26,30 @@ class Alarms : public DriverTest {
         "\"yes\"\r\n";
 };
 
-Window Alarms::StartWithClosedNote() {
+Window AlarmsTest::StartWithClosedNote() {
     WriteNote(title, saved);
     const Window main = StartProgram();
     const Window editor = program.WaitFor(title);
-    editor.Close();
+    editor.CloseBox();
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     ExpectNote(title, saved);
     return main;
 }
 
-Window Alarms::WaitForAlarm() {
+Window AlarmsTest::WaitForAlarm() {
     LetAlarmCome("2031-06-02 09:00:58", title);
     const Window display = program.WaitFor(title);
     EXPECT_GE(Clock::Now(), "2031-06-02 09:01:00");
     return display;
 }
 
-void Alarms::CloseDisplay(const Window& display) {
-    display.Close();
-    Box(program, displayQuestion).Press("No");
+void AlarmsTest::CloseDisplay(const Window& display) {
+    display.CloseBox();
+    Box(program, displayQuestion).Click("No");
     WaitUntil("the display has gone", [&] { return !display.Exists(); });
 }
 
-TEST_F(Alarms, TheNoteOfAClosedEditorIsDisplayedOnceWithItsSound) {
+TEST_F(AlarmsTest, TheNoteOfAClosedEditorIsDisplayedOnceWithItsSound) {
     const Window main = StartProgram();
     ChooseFromMenuBar(program, main, barChooseAlarmSound);
     const Window sounds = program.WaitFor("Choose An Alarm");
@@ -88,35 +88,35 @@ TEST_F(Alarms, TheNoteOfAClosedEditorIsDisplayedOnceWithItsSound) {
     Clock::WaitFor("2031-06-02 09:01:05");
     EXPECT_EQ(program.Visible(title).size(), 1U);
 
-    display.Close();
+    display.CloseBox();
     const Box question(program, displayQuestion);
     EXPECT_EQ(question.Text(), "Would you like to erase this note?");
-    question.Press("No");
+    question.Click("No");
     WaitUntil("the display has gone", [&] { return !display.Exists(); });
     ExpectNote(title,
                "\"Dentist\",\"Call to move\r\nthe appointment.\",#2031-06-02#,\"#12:00#\",4,14,"
                "\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(Alarms, ADisplayedNoteCanBeErased) {
+TEST_F(AlarmsTest, ADisplayedNoteCanBeErased) {
     StartWithClosedNote();
     const std::uint64_t before = recorder.Now();
     const Window display = WaitForAlarm();
-    // A sound comes one second after the window.
+    // A sound would come one second after the window.
     recorder.WaitForSilence();
     EXPECT_FALSE(recorder.HasSounded(before)) << "the note wants no sound";
-    display.Close();
-    Box(program, displayQuestion).Press("Yes");
+    display.CloseBox();
+    Box(program, displayQuestion).Click("Yes");
     WaitUntil("the display has gone", [&] { return !display.Exists(); });
     EXPECT_FALSE(FileExists(NotePath(title)));
 }
 
-TEST_F(Alarms, TheSoundOfADisplayLoopsUntilItsBoxIsClosed) {
+TEST_F(AlarmsTest, TheSoundOfADisplayLoopsUntilItsBoxIsClosed) {
     WriteSetting("Options", "NoteLoops", "1");
     WriteNote(title, "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     StartProgram();
     const Window editor = program.WaitFor(title);
-    editor.Close();
+    editor.CloseBox();
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
 
     const Window display = WaitForAlarm();
@@ -127,12 +127,12 @@ TEST_F(Alarms, TheSoundOfADisplayLoopsUntilItsBoxIsClosed) {
     // The sound plays more than once.
     Clock::WaitFor("2031-06-02 09:01:05");
     EXPECT_EQ(recorder.WaitForSound(recorder.Now()), "Alarm buzzer.wav");
-    box.Press("OK");
+    box.Click("OK");
     recorder.WaitForSilence();
     EXPECT_TRUE(display.IsVisible());
 }
 
-TEST_F(Alarms, AnOpenEditorRingsItself) {
+TEST_F(AlarmsTest, AnOpenEditorRings) {
     WriteNote(title, "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     StartProgram();
     const Window editor = program.WaitFor(title);
@@ -148,7 +148,7 @@ TEST_F(Alarms, AnOpenEditorRingsItself) {
     EXPECT_EQ(recorder.WaitForSound(recorder.Now()), "Alarm buzzer.wav") << "it loops";
     EXPECT_EQ(program.Visible(title).size(), 1U) << "no display besides";
     EXPECT_EQ(program.Visible(alarmBox).size(), 1U);
-    box.Press("OK");
+    box.Click("OK");
     recorder.WaitForSilence();
 
     EXPECT_TRUE(editor.FindChild("Button", editorSet));
@@ -161,7 +161,7 @@ TEST_F(Alarms, AnOpenEditorRingsItself) {
 
 // Both alarms are due in one second. The second note comes up while the box of the first is open
 // and disables it, so the note must stay below the box.
-TEST_F(Alarms, ANoteThatComesUpDoesNotCoverAnOpenBox) {
+TEST_F(AlarmsTest, ANoteThatComesUpDoesNotCoverAnOpenBox) {
     WriteNote(title, "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     WriteNote("Rent", "\"Rent\",\"Pay\",#2031-06-02#,#09:01:00#,4,12,\"1\",0,\"yes\"\r\n");
     StartProgram();
@@ -182,11 +182,11 @@ TEST_F(Alarms, ANoteThatComesUpDoesNotCoverAnOpenBox) {
         return false;
     };
     EXPECT_TRUE(ComesTrue(liesBelowTheBox));
-    box.Press("OK");
+    box.Click("OK");
     WaitUntil("the second note can be used", [&] { return rent.IsEnabled(); });
 }
 
-TEST_F(Alarms, AnAlarmComesUpWhileABoxIsOpen) {
+TEST_F(AlarmsTest, AnAlarmComesUpWhileABoxIsOpen) {
     const Window main = StartWithClosedNote();
     const Window other = MakeNote(main, "Other");
     ChooseFromMenuBar(program, other, barEraseNote);
@@ -195,11 +195,11 @@ TEST_F(Alarms, AnAlarmComesUpWhileABoxIsOpen) {
     EXPECT_TRUE(box.window.Exists());
     CloseDisplay(display);
     EXPECT_TRUE(box.window.Exists());
-    box.Press("No");
+    box.Click("No");
     EXPECT_TRUE(other.IsVisible());
 }
 
-TEST_F(Alarms, AnAlarmComesUpWhileAMenuIsOpen) {
+TEST_F(AlarmsTest, AnAlarmComesUpWhileAMenuIsOpen) {
     const Window main = StartWithClosedNote();
     RightClick(main);
     WaitUntil("a menu opens", [&] { return static_cast<bool>(program.OpenMenu()); });
@@ -209,7 +209,7 @@ TEST_F(Alarms, AnAlarmComesUpWhileAMenuIsOpen) {
     CloseDisplay(display);
 }
 
-TEST_F(Alarms, AnAlarmComesUpWhileAWindowIsMoved) {
+TEST_F(AlarmsTest, AnAlarmComesUpWhileAWindowIsMoved) {
     const Window main = StartWithClosedNote();
     const RECT place = main.Place();
     // Press the button on the window's title bar and move a little.
@@ -231,7 +231,7 @@ TEST_F(Alarms, AnAlarmComesUpWhileAWindowIsMoved) {
     CloseDisplay(display);
 }
 
-TEST_F(Alarms, AnAlarmComesUpWhileAFileIsChosen) {
+TEST_F(AlarmsTest, AnAlarmComesUpWhileAFileIsChosen) {
     const Window main = StartWithClosedNote();
     ChooseFromMenuBar(program, main, barChooseAlarmSound);
     const Window sounds = program.WaitFor("Choose An Alarm");

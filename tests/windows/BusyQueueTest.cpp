@@ -17,7 +17,7 @@ constexpr LRESULT mostKeys = 100000;
 }  // namespace
 
 // Sends keys faster than the program handles them, so that its queue is never empty.
-class BusyQueue : public DriverTest {
+class BusyQueueTest : public DriverTest {
   protected:
     // Sends keys until the condition holds; false if it never does.
     static bool TypeUntil(const Window& box, const std::function<bool()>& condition) {
@@ -42,14 +42,14 @@ class BusyQueue : public DriverTest {
     }
 };
 
-TEST_F(BusyQueue, TheRecoveryCopyIsStillWritten) {
+TEST_F(BusyQueueTest, TheRecoveryCopyIsStillWritten) {
     const Window main = StartProgram();
     const Window box = MakeNote(main, "Typing").Only("Edit");
     ASSERT_FALSE(HasRecoveryCopy());
     EXPECT_TRUE(TypeUntil(box, [this] { return HasRecoveryCopy(); }));
 }
 
-TEST_F(BusyQueue, AlarmsStillRing) {
+TEST_F(BusyQueueTest, AlarmsStillRing) {
     WriteNote("Ring", "\"Ring\",\"text\",#2031-06-02#,#09:00:30#,1,12,\"1\",0,\"yes\"\r\n");
     const Window main = StartProgram();
     const Window box = MakeNote(main, "Typing").Only("Edit");

@@ -11,7 +11,7 @@ constexpr const char* eraseQuestion = "Deleting Note";
 
 }  // namespace
 
-class ControlPanel : public DriverTest {
+class ControlPanelTest : public DriverTest {
   protected:
     // Starts the program with a note whose alarm is set and one without; both are minimized.
     Window StartWithTwoNotes();
@@ -32,28 +32,28 @@ class ControlPanel : public DriverTest {
     inline static const MenuPath openAll{2};
 };
 
-Window ControlPanel::StartWithTwoNotes() {
+Window ControlPanelTest::StartWithTwoNotes() {
     WriteNote("Dentist", dentist);
     WriteNote("Shopping", shopping);
     return StartProgram();
 }
 
-Window ControlPanel::StartWithTwoClosedNotes() {
+Window ControlPanelTest::StartWithTwoClosedNotes() {
     const Window main = StartWithTwoNotes();
     CloseAndWait(program.WaitFor("Dentist"));
     CloseAndWait(program.WaitFor("Shopping"));
     return main;
 }
 
-void ControlPanel::WaitForActions(const Window& panel, bool enabled) const {
+void ControlPanelTest::WaitForActions(const Window& panel, bool enabled) const {
     WaitUntil("the buttons follow the selection", [&] {
         return panel.Button("&Edit").IsEnabled() == enabled &&
                panel.Button("&Erase").IsEnabled() == enabled;
     });
 }
 
-bool ControlPanel::TotalIsIn(const Window& panel, const std::string& total, COLORREF color,
-                             COLORREF otherColor) {
+bool ControlPanelTest::TotalIsIn(const Window& panel, const std::string& total, COLORREF color,
+                                 COLORREF otherColor) {
     return ComesTrue([&] {
         const Window label = panel.FindChild("Static", total);
         if (!label) {
@@ -64,7 +64,7 @@ bool ControlPanel::TotalIsIn(const Window& panel, const std::string& total, COLO
     });
 }
 
-TEST_F(ControlPanel, ListsTheNotesAndErasesThem) {
+TEST_F(ControlPanelTest, ListsTheNotesAndErasesThem) {
     const Window panel = OpenPanel(StartWithTwoNotes());
     const Window list = panel.Only(listClass);
     EXPECT_EQ(ColumnHeading(list, 0), "Status");
@@ -85,36 +85,36 @@ TEST_F(ControlPanel, ListsTheNotesAndErasesThem) {
     ChooseFromPopup(program, list, eraseSelected);
     const Box error(program, "Error Occured Removing Note");
     EXPECT_EQ(error.Text(), "Please Select A File To Remove.");
-    error.Press("OK");
+    error.Click("OK");
 
-    ClickRow(list, 1);
+    SelectRow(list, 1);
     WaitForActions(panel, true);
     panel.Button("&Erase").Click();
     const Box question(program, eraseQuestion);
     EXPECT_EQ(question.Text(), "Would you like to erase        \r\n           SHOPPING?       ");
-    question.Press("No");
+    question.Click("No");
     WaitForActions(panel, false);
     EXPECT_EQ(RowCount(list), 2);
     ExpectNote("Shopping", shopping);
 
     // Click the row that is already selected.
-    ClickRow(list, 1);
+    SelectRow(list, 1);
     WaitForActions(panel, true);
     panel.Button("&Erase").Click();
-    Box(program, eraseQuestion).Press("Yes");
+    Box(program, eraseQuestion).Click("Yes");
     WaitUntil("the row has gone", [&] { return RowCount(list) == 1; });
     WaitForActions(panel, false);
     EXPECT_EQ(CellText(list, 0, 1), "Dentist");
     EXPECT_FALSE(FileExists(NotePath("Shopping")));
     EXPECT_TRUE(panel.FindChild("Static", "Total Notes: 1"));
 
-    ClickRow(list, 0);
+    SelectRow(list, 0);
     WaitForActions(panel, true);
     RightClickRow(list, 0);
     ChooseFromOpenMenu(program, panel, eraseSelected);
     const Box last(program, eraseQuestion);
     EXPECT_EQ(last.Text(), "Would you like to erase        \r\n           DENTIST?       ");
-    last.Press("Yes");
+    last.Click("Yes");
     WaitUntil("the list is empty", [&] { return RowCount(list) == 0 && !list.IsEnabled(); });
     EXPECT_TRUE(panel.FindChild("Static", "Total Notes: 0"));
     EXPECT_FALSE(FileExists(NotePath("Dentist")));
@@ -122,7 +122,7 @@ TEST_F(ControlPanel, ListsTheNotesAndErasesThem) {
     program.WaitUntilGone(panelCaption);
 }
 
-TEST_F(ControlPanel, OpensAllNotesAndStaysCorrectWhileTheyAreOpen) {
+TEST_F(ControlPanelTest, OpensAllNotesAndStaysCorrectWhileTheyAreOpen) {
     const Window main = StartWithTwoNotes();
     const Window dentistEditor = program.WaitFor("Dentist");
     const Window shoppingEditor = program.WaitFor("Shopping");
@@ -139,28 +139,28 @@ TEST_F(ControlPanel, OpensAllNotesAndStaysCorrectWhileTheyAreOpen) {
     shoppingEditor.Button(editorSet).Click();
     WaitUntil("the alarm is set",
               [&] { return static_cast<bool>(shoppingEditor.FindChild("Button", editorTurnOff)); });
-    PressToolbar(shoppingEditor.Only(toolbarClass), toolbarSave);
-    Box(program, "").Press("OK");
+    ClickToolbar(shoppingEditor.Only(toolbarClass), toolbarSave);
+    Box(program, "").Click("OK");
     EXPECT_TRUE(ComesTrue([&] { return CellText(list, 1, 2) == "6/2/2031 12:00:00 PM"; }));
     EXPECT_EQ(RowPicture(list, 1), RowPicture(list, 0));
 
     // Erase a note in the panel. Its editor stays open, and Save writes the file again.
-    ClickRow(list, 0);
+    SelectRow(list, 0);
     WaitForActions(panel, true);
     panel.Button("&Erase").Click();
-    Box(program, eraseQuestion).Press("Yes");
+    Box(program, eraseQuestion).Click("Yes");
     WaitUntil("the row has gone", [&] { return RowCount(list) == 1; });
     EXPECT_TRUE(dentistEditor.IsVisible());
-    PressToolbar(dentistEditor.Only(toolbarClass), toolbarSave);
-    Box(program, "").Press("OK");
+    ClickToolbar(dentistEditor.Only(toolbarClass), toolbarSave);
+    Box(program, "").Click("OK");
     ExpectNote("Dentist", dentist);
     EXPECT_TRUE(ComesTrue([&] { return RowCount(list) == 2; }));
     EXPECT_TRUE(panel.FindChild("Static", "Total Notes: 2"));
 
-    // From the menu, while one editor is minimised and the other is closed.
-    dentistEditor.Post(WM_SYSCOMMAND, SC_MINIMIZE);
+    // From the menu, while one editor is minimized and the other is closed.
+    dentistEditor.Minimize();
     WaitUntil("the editor is minimized", [&] { return dentistEditor.IsMinimized(); });
-    shoppingEditor.Close();
+    shoppingEditor.CloseBox();
     WaitUntil("the editor has gone", [&] { return !shoppingEditor.Exists(); });
     panel = program.WaitFor(panelCaption);
     ChooseFromPopup(program, panel.Only(listClass), openAll);
@@ -175,14 +175,14 @@ TEST_F(ControlPanel, OpensAllNotesAndStaysCorrectWhileTheyAreOpen) {
     EXPECT_TRUE(ComesTrue([&] { return main.IsVisible() && main.Only("Edit").HasFocus(); }));
 }
 
-TEST_F(ControlPanel, EditsWithADoubleClickAndAsksBeforeItSaves) {
+TEST_F(ControlPanelTest, EditsWithADoubleClickAndAsksBeforeItSaves) {
     Window panel = OpenPanel(StartWithTwoClosedNotes());
     DoubleClickRow(panel.Only(listClass), 1);
     Window editor = program.WaitFor("Shopping");
     WaitUntilFilled(editor, "Edit");
     program.WaitUntilGone(panelCaption);
     EXPECT_EQ(editor.Only("Edit").Text(), "milk");
-    // A change that keeps the length is not asked about.
+    // A change that keeps the length asks no question.
     editor.Only("Edit").Type("eggs");
     CloseAndWait(editor);
     panel = program.WaitFor(panelCaption);
@@ -194,17 +194,17 @@ TEST_F(ControlPanel, EditsWithADoubleClickAndAsksBeforeItSaves) {
     editor = program.WaitFor("Shopping");
     WaitUntilFilled(editor, "Edit");
     editor.Only("Edit").Type("milk and eggs");
-    editor.Close();
+    editor.CloseBox();
     const Box first(program, saveQuestion);
     EXPECT_EQ(first.Text(), " Would you like to save changes?     ");
-    first.Press("No");
+    first.Click("No");
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     ExpectNote("Shopping", shopping);
     panel = program.WaitFor(panelCaption);
     WaitUntilFilled(panel, listClass);
     EXPECT_EQ(RowCount(panel.Only(listClass)), 2);
 
-    ClickRow(panel.Only(listClass), 1);
+    SelectRow(panel.Only(listClass), 1);
     WaitForActions(panel, true);
     panel.Button("&Edit").Click();
     editor = program.WaitFor("Shopping");
@@ -213,8 +213,8 @@ TEST_F(ControlPanel, EditsWithADoubleClickAndAsksBeforeItSaves) {
     editor.Button(editorSet).Click();
     WaitUntil("the alarm is set",
               [&] { return static_cast<bool>(editor.FindChild("Button", editorTurnOff)); });
-    PressToolbar(editor.Only(toolbarClass), toolbarHide);
-    Box(program, saveQuestion).Press("Yes");
+    ClickToolbar(editor.Only(toolbarClass), toolbarHide);
+    Box(program, saveQuestion).Click("Yes");
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     ExpectNote("Shopping",
                "\"Shopping\",\"milk and eggs\",#2031-06-02#,#12:00:00#,1,12,\"1\",0,\"yes\"\r\n");
@@ -223,7 +223,7 @@ TEST_F(ControlPanel, EditsWithADoubleClickAndAsksBeforeItSaves) {
     EXPECT_EQ(CellText(panel.Only(listClass), 1, 2), "6/2/2031 12:00:00 PM");
 }
 
-TEST_F(ControlPanel, AsksAboutATextThatWasTypedBeforeItsWindowWasActivatedAgain) {
+TEST_F(ControlPanelTest, AsksAboutATextThatWasTypedBeforeItsWindowWasActivatedAgain) {
     const Window main = StartWithTwoClosedNotes();
     const Window panel = OpenPanel(main);
     DoubleClickRow(panel.Only(listClass), 1);
@@ -233,14 +233,14 @@ TEST_F(ControlPanel, AsksAboutATextThatWasTypedBeforeItsWindowWasActivatedAgain)
     editor.Only("Edit").Type("milk and eggs");
     BringUp(main);
     BringUp(editor);
-    editor.Close();
-    Box(program, saveQuestion).Press("No");
+    editor.CloseBox();
+    Box(program, saveQuestion).Click("No");
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     ExpectNote("Shopping", shopping);
 
     // The panel's Edit is an activation, too, if the note is open already.
     const auto edit = [this](const Window& openPanel) {
-        ClickRow(openPanel.Only(listClass), 1);
+        SelectRow(openPanel.Only(listClass), 1);
         WaitForActions(openPanel, true);
         openPanel.Button("&Edit").Click();
     };
@@ -255,17 +255,17 @@ TEST_F(ControlPanel, AsksAboutATextThatWasTypedBeforeItsWindowWasActivatedAgain)
     WaitUntil("the editor is active", [&] { return editor.Only("Edit").HasFocus(); });
     EXPECT_EQ(program.Visible("Shopping").size(), 1U);
     EXPECT_EQ(editor.Only("Edit").Text(), "milk and bread");
-    editor.Close();
-    Box(program, saveQuestion).Press("Yes");
+    editor.CloseBox();
+    Box(program, saveQuestion).Click("Yes");
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     ExpectNote("Shopping",
                "\"Shopping\",\"milk and bread\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(ControlPanel, NewBringsTheMinimizedMainWindowBack) {
+TEST_F(ControlPanelTest, NewBringsTheMinimizedMainWindowBack) {
     const Window main = StartProgram();
     const Window panel = OpenPanel(main);
-    main.Post(WM_SYSCOMMAND, SC_MINIMIZE);
+    main.Minimize();
     WaitUntil("the main window is minimized", [&] { return main.IsMinimized(); });
     BringUp(panel);
     panel.Button("&New").Click();
@@ -276,7 +276,7 @@ TEST_F(ControlPanel, NewBringsTheMinimizedMainWindowBack) {
     ExitProgram();
 }
 
-TEST_F(ControlPanel, ShowsTheLimitInRedUntilANoteIsErased) {
+TEST_F(ControlPanelTest, ShowsTheLimitInRedUntilANoteIsErased) {
     const Window main = StartProgram();
     for (int i = 1; i <= 100; ++i) {
         const std::string title = "Note " + std::to_string(1000 + i);
@@ -291,10 +291,10 @@ TEST_F(ControlPanel, ShowsTheLimitInRedUntilANoteIsErased) {
     EXPECT_FALSE(main.Button("Make &Note").IsEnabled());
     EXPECT_FALSE(main.Only("Edit").IsEnabled());
 
-    ClickRow(panel.Only(listClass), 0);
+    SelectRow(panel.Only(listClass), 0);
     WaitForActions(panel, true);
     panel.Button("&Erase").Click();
-    Box(program, eraseQuestion).Press("Yes");
+    Box(program, eraseQuestion).Click("Yes");
     WaitUntil("notes can be made again", [&] { return panel.Button("&New").IsEnabled(); });
     EXPECT_TRUE(TotalIsIn(panel, "Total Notes: 99", black, red));
     EXPECT_TRUE(main.Button("Make &Note").IsEnabled());

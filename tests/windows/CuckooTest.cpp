@@ -41,7 +41,7 @@ std::string ShortCall() {
 
 }  // namespace
 
-class Cuckoo : public DriverTest {
+class CuckooTest : public DriverTest {
   protected:
     void TearDown() override;
 
@@ -59,24 +59,24 @@ class Cuckoo : public DriverTest {
     std::optional<std::string> shipped;  // the shipped sound, while another one replaces it
 };
 
-void Cuckoo::UseShortCall() {
+void CuckooTest::UseShortCall() {
     shipped = WholeFile(SoundPath()).value();
     WriteWholeFile(SoundPath(), ShortCall());
 }
 
-void Cuckoo::TearDown() {
+void CuckooTest::TearDown() {
     DriverTest::TearDown();
     if (shipped) {
         WriteWholeFile(SoundPath(), *shipped);
     }
 }
 
-bool Cuckoo::Runs(const Window& main) {
+bool CuckooTest::Runs(const Window& main) {
     return main.FindChild("Button", stopCaption) &&
            main.FindChild("Static", "CooKoo Clock Is Activated");
 }
 
-void Cuckoo::ExpectCalls(const std::string& hour, int calls) const {
+void CuckooTest::ExpectCalls(const std::string& hour, int calls) const {
     const std::uint64_t before = recorder.Now();
     if (calls > 0) {
         LetTimeCome(hour + ":00:13", "something sounds",
@@ -91,18 +91,18 @@ void Cuckoo::ExpectCalls(const std::string& hour, int calls) const {
     EXPECT_EQ(Calls(before), calls) << hour;
 }
 
-int Cuckoo::Calls(std::uint64_t since) const {
+int CuckooTest::Calls(std::uint64_t since) const {
     const double once = SoundRecorder::SoundingSecondsOf(WholeFile(SoundPath()).value());
     return static_cast<int>(std::lround(recorder.SoundingSeconds(since) / once));
 }
 
-void Cuckoo::ExpectOnlyTheAlarm(const std::string& hour) const {
+void CuckooTest::ExpectOnlyTheAlarm(const std::string& hour) const {
     Clock::Set(hour + ":00:13");
     Clock::WaitFor(hour + ":00:17");
     EXPECT_EQ(recorder.WaitForSound(recorder.Now()), "Alarm buzzer.wav") << hour;
 }
 
-TEST_F(Cuckoo, StrikesTheHour) {
+TEST_F(CuckooTest, StrikesTheHour) {
     Clock::Set("2031-06-02 14:50:00");
     const Window main = StartProgram();
     EXPECT_FALSE(Runs(main));
@@ -113,7 +113,7 @@ TEST_F(Cuckoo, StrikesTheHour) {
     EXPECT_EQ(recorder.WaitForSound(before), "Cuckoo clock.wav");
 }
 
-TEST_F(Cuckoo, StrikesAsOftenAsItsTableSays) {
+TEST_F(CuckooTest, StrikesAsOftenAsItsTableSays) {
     UseShortCall();
     WriteSetting("Options", "StartCookoo", "1");
     Clock::Set("2031-06-02 11:59:50");
@@ -130,7 +130,7 @@ TEST_F(Cuckoo, StrikesAsOftenAsItsTableSays) {
     ExpectCalls("2031-06-03 01", 0);
 }
 
-TEST_F(Cuckoo, IsSilentWhileAnAlarmSounds) {
+TEST_F(CuckooTest, IsSilentWhileAnAlarmSounds) {
     UseShortCall();
     WriteSetting("Options", "StartCookoo", "1");
     WriteSetting("Options", "NoteLoops", "1");
@@ -144,19 +144,19 @@ TEST_F(Cuckoo, IsSilentWhileAnAlarmSounds) {
     WriteWholeFile(folder + "\\SpecialAlarms\\SpecialAlarms.txt", alarms);
     const Window main = StartProgram();
     const Window editor = program.WaitFor("Dentist");
-    editor.Close();
+    editor.CloseBox();
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     EXPECT_TRUE(Runs(main));
 
     ExpectOnlyTheAlarm("2031-06-02 15");
-    Box(program, "Jotwright Daily Alarm").Press("OK");
+    Box(program, "Jotwright Daily Alarm").Click("OK");
 
     // First with the alarm of a display, then with that of an editor.
     for (const char* hour : {"17", "18"}) {
         LetAlarmCome("2031-06-02 " + std::to_string(std::stoi(hour) - 1) + ":59:58", alarmBox);
         const Box box(program, alarmBox);
         ExpectOnlyTheAlarm(std::string("2031-06-02 ") + hour);
-        box.Press("OK");
+        box.Click("OK");
     }
     recorder.WaitForSilence();
     ExpectCalls("2031-06-02 19", 7);

@@ -71,7 +71,7 @@ Window DriverTest::StartProgram() {
 }
 
 void DriverTest::ExitProgram() {
-    FindMain().Close();
+    FindMain().CloseBox();
     EXPECT_EQ(program.WaitForEnd(), 0U);
 }
 
@@ -145,7 +145,7 @@ Window DriverTest::OpenRestored(const std::string& title) const {
 }
 
 void DriverTest::Restore(const Window& window) {
-    window.Post(WM_SYSCOMMAND, SC_RESTORE);
+    window.Restore();
     WaitUntilFilled(window, "Edit");
 }
 
@@ -165,7 +165,7 @@ Window DriverTest::MakeNote(const Window& main, const std::string& title) {
 }
 
 void DriverTest::HideNote(const Window& editor) {
-    PressToolbar(editor.Only(toolbarClass), toolbarHide);
+    ClickToolbar(editor.Only(toolbarClass), toolbarHide);
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
 }
 
@@ -204,7 +204,7 @@ void DriverTest::WaitForCopy(const std::string& title, const std::string& part) 
 }
 
 void DriverTest::CloseAndWait(const Window& window) {
-    window.Close();
+    window.CloseBox();
     WaitUntil("the window has gone", [&] { return !window.Exists(); });
 }
 

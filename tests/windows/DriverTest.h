@@ -86,9 +86,9 @@ class DriverTest : public testing::Test {
     // Waits until the window is not minimized and has all its controls; className is the class of
     // one of them.
     static void WaitUntilFilled(const Window& window, const std::string& className);
-    // Types a title, presses Make Note, and waits for the editor.
+    // Types a title, clicks Make Note, and waits for the editor.
     Window MakeNote(const Window& main, const std::string& title);
-    // Presses the toolbar's Hide and waits until the window has gone.
+    // Clicks Hide in the toolbar and waits until the window has gone.
     void HideNote(const Window& editor);
     // Brings a window to the foreground and waits until it is there.
     static void BringUp(const Window& window);
@@ -104,7 +104,7 @@ class DriverTest : public testing::Test {
     // closes it.
     void ForEachMenuBarWindow(const Window& main,
                               const std::function<void(const Window&)>& show) const;
-    // Presses the button of the main window and waits for the list.
+    // Clicks the button of the main window and waits for the list.
     Window OpenPanel(const Window& main) const;
     static Window DatePicker(const Window& editor);
     static Window TimePicker(const Window& editor);

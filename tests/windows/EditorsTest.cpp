@@ -43,13 +43,28 @@ bool IsPainted(const Window& textBox, COLORREF back, COLORREF text) {
 
 }  // namespace
 
-class Editors : public DriverTest {
+class EditorsTest : public DriverTest {
   protected:
-    inline static const MenuPath barStartAlarm{1, 0};
-    inline static const MenuPath barStopAlarm{1, 1};
+    // Starts the program with a note whose alarm is due at 9:01 and whose fields end in this text,
+    // closes its editor, and waits for its display.
+    Window ShowDisplay(const std::string& title, const std::string& rest);
 };
 
-TEST_F(Editors, RestoredNotesHaveStrongColorsAndTheirAlarms) {
+Window EditorsTest::ShowDisplay(const std::string& title, const std::string& rest) {
+    const std::string note = '"' + title + "\",\"some text\",#2031-06-02#,#09:01:00#," + rest;
+    WriteNote(title, note);
+    StartProgram();
+    CloseAndWait(program.WaitFor(title));
+    // Closing the editor rewrote its file and left the panel loaded. Reload the panel, so that it
+    // reads the file as it is written here.
+    CloseAndWait(OpenPanel(FindMain()));
+    WriteNote(title, note);
+    CloseAndWait(OpenPanel(FindMain()));
+    LetAlarmCome("2031-06-02 09:00:58", title);
+    return program.WaitFor(title);
+}
+
+TEST_F(EditorsTest, RestoredNotesHaveStrongColorsAndTheirAlarms) {
     WriteNote("Rang", "\"Rang\",\"Call\",#2031-06-01#,\"#12:00#\",1,12,\"0\",0,\"yes\"\r\n");
     for (const Shade& shade : restoredShades) {
         const std::string title = "Note " + std::to_string(shade.number);
@@ -75,15 +90,15 @@ TEST_F(Editors, RestoredNotesHaveStrongColorsAndTheirAlarms) {
     ExpectTime(TimePicker(rang), 12, 0);
 }
 
-TEST_F(Editors, TheMenuGivesEveryColorToTheText) {
+TEST_F(EditorsTest, TheMenuGivesEveryColorToTheText) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
     const Window text = editor.Only("Edit");
     text.Type("some text");
     for (const Shade& shade : menuShades) {
         ChooseFromPopup(program, text, {0, shade.number});
         EXPECT_TRUE(IsPainted(text, shade.back, shade.text)) << shade.number;
-        PressToolbar(editor.Only(toolbarClass), toolbarSave);
-        Box(program, "").Press("OK");
+        ClickToolbar(editor.Only(toolbarClass), toolbarSave);
+        Box(program, "").Click("OK");
         ExpectNote("Shopping", std::string("\"Shopping\",\"some text\",#2031-06-02#,#12:00:00#,") +
                                    shade.saved + ",12,\"0\",0,\"yes\"\r\n");
     }
@@ -94,50 +109,7 @@ TEST_F(Editors, TheMenuGivesEveryColorToTheText) {
     EXPECT_TRUE(editor.IsVisible());
 }
 
-TEST_F(Editors, ARestoredNoteIsSavedWithoutAQuestionUnlessEraseWasCancelled) {
-    const std::string rest = "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
-    WriteNote("Shopping", "\"Shopping\",\"milk" + rest);
-    WriteNote("Rent", "\"Rent\",\"pay" + rest);
-    StartProgram();
-    const Window shopping = OpenRestored("Shopping");
-    shopping.Only("Edit").Type("eggs");
-    CloseAndWait(shopping);
-    ExpectNote("Shopping", "\"Shopping\",\"eggs" + rest);
-
-    // After Erase was cancelled, closing no longer saves the note.
-    const Window rent = OpenRestored("Rent");
-    rent.Only("Edit").Type("pay later");
-    PressToolbar(rent.Only(toolbarClass), toolbarErase);
-    Box(program, "Kill Note").Press("No");
-    EXPECT_TRUE(rent.IsVisible());
-    CloseAndWait(rent);
-    ExpectNote("Rent", "\"Rent\",\"pay" + rest);
-}
-
-TEST_F(Editors, TheMenuStartsAndStopsTheAlarm) {
-    const Window editor = MakeNote(StartProgram(), "Dentist");
-    ChooseFromMenuBar(program, editor, barStopAlarm);
-    const Box notSet(program, "Information");
-    EXPECT_EQ(notSet.Text(), "   Alarm Not Set              ");
-    notSet.Press("OK");
-    ChooseFromMenuBar(program, editor, barStartAlarm);
-    WaitUntil("the alarm is set",
-              [&] { return static_cast<bool>(editor.FindChild("Button", editorTurnOff)); });
-    EXPECT_TRUE(editor.FindChild("Static", "12:00:00 PM"));
-    ChooseFromMenuBar(program, editor, barStartAlarm);
-    const Box started(program, "Information");
-    EXPECT_EQ(started.Text(), "    Alarm Already Started     ");
-    started.Press("OK");
-    EXPECT_TRUE(editor.FindChild("Button", editorTurnOff));
-    ChooseFromMenuBar(program, editor, barStopAlarm);
-    WaitUntil("the alarm is off",
-              [&] { return static_cast<bool>(editor.FindChild("Button", editorSet)); });
-    EXPECT_TRUE(editor.FindChild("Button", " Schedule Alarm "));
-    EXPECT_TRUE(DatePicker(editor).IsVisible());
-    EXPECT_TRUE(DatePicker(editor).IsEnabled());
-}
-
-TEST_F(Editors, AnAlarmAtNoonRingsAndAPastAlarmDoesNot) {
+TEST_F(EditorsTest, AnAlarmAtNoonRingsAndAPastAlarmDoesNot) {
     WriteNote("Lunch", "\"Lunch\",\"Eat\",#2031-06-02#,#12:00:00#,1,12,\"1\",0,\"yes\"\r\n");
     WriteNote("Past", "\"Past\",\"Gone\",#2031-06-02#,#11:59:00#,1,12,\"1\",1,\"yes\"\r\n");
     Clock::Set("2031-06-02 11:59:30");
@@ -158,55 +130,14 @@ TEST_F(Editors, AnAlarmAtNoonRingsAndAPastAlarmDoesNot) {
     EXPECT_EQ(program.Visible("Lunch").size(), 1U);
 }
 
-class Displays : public DriverTest {
-  protected:
-    // Starts the program with these notes, closes their editors, and waits for the alarm of the
-    // first, which is due at 9:01.
-    Window Ring(const std::vector<std::string>& titles, const std::string& rest);
-};
-
-Window Displays::Ring(const std::vector<std::string>& titles, const std::string& rest) {
-    for (const std::string& title : titles) {
-        WriteNote(title, '"' + title + "\",\"some text\",#2031-06-02#,#09:01:00#," + rest);
-    }
-    StartProgram();
-    for (const std::string& title : titles) {
-        CloseAndWait(program.WaitFor(title));
-    }
-    // Closing an editor rewrote its file and left the panel loaded. Reload the panel, so that it
-    // reads the files as they are written here.
-    CloseAndWait(OpenPanel(FindMain()));
-    for (const std::string& title : titles) {
-        WriteNote(title, '"' + title + "\",\"some text\",#2031-06-02#,#09:01:00#," + rest);
-    }
-    CloseAndWait(OpenPanel(FindMain()));
-    LetAlarmCome("2031-06-02 09:00:58", titles.front());
-    return program.WaitFor(titles.front());
-}
-
-TEST_F(Displays, OfAnUnknownColorKeepTheirOwn) {
-    const Window display = Ring({"Dentist"}, "0,12,\"1\",0,\"yes\"\r\n");
+TEST_F(EditorsTest, ADisplayOfAnUnknownColorKeepsItsOwn) {
+    const Window display = ShowDisplay("Dentist", "0,12,\"1\",0,\"yes\"\r\n");
     EXPECT_TRUE(IsPainted(display.Only("Edit"), white, black));
-    display.Close();
-    Box(program, displayQuestion).Press("No");
+    display.CloseBox();
+    Box(program, displayQuestion).Click("No");
     WaitUntil("the display has gone", [&] { return !display.Exists(); });
     ExpectNote("Dentist",
                "\"Dentist\",\"some text\",#2031-06-02#,\"#12:00#\",6,12,\"0\",0,\"yes\"\r\n");
-}
-
-TEST_F(Displays, OfErasedNotesCloseWithoutAQuestion) {
-    const Window dentist = Ring({"Dentist", "Rent"}, "4,12,\"1\",0,\"yes\"\r\n");
-    const Window rent = program.WaitFor("Rent");
-    RemoveFile(NotePath("Dentist"));
-    CloseAndWait(dentist);
-    EXPECT_FALSE(FileExists(NotePath("Dentist")));
-
-    // The file of the other note is there, so its display asks before it closes.
-    RightClick(rent.Child("Static", "Jotwright Note"));
-    ChooseFromOpenMenu(program, rent, {2});
-    Box(program, displayQuestion).Press("No");
-    WaitUntil("the display has gone", [&] { return !rent.Exists(); });
-    ExpectNote("Rent", "\"Rent\",\"some text\",#2031-06-02#,\"#12:00#\",4,12,\"0\",0,\"yes\"\r\n");
 }
 
 }  // namespace driver

@@ -10,8 +10,8 @@ constexpr const char* eraseQuestion = "Kill Note";
 
 }  // namespace
 
-// The ends of the program, in every state that it can be in.
-class Exits : public DriverTest {
+// Ends the program in each of its states.
+class ExitTest : public DriverTest {
   public:
     // Each of these brings the program into a state.
     void RejectATitle();
@@ -42,46 +42,46 @@ class Exits : public DriverTest {
         "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
 };
 
-void Exits::Begin() {
+void ExitTest::Begin() {
     main = StartProgram();
     editor = MakeNote(main, title);
     editor.Only("Edit").Type("milk");
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is shown again", [this] { return main.IsVisible(); });
 }
 
-void Exits::ExitThroughTray() const {
+void ExitTest::ExitThroughTray() const {
     tray::RightClick(main);
     ChooseFromOpenMenu(program, main, {trayExit});
 }
 
-void Exits::ExpectSaved() const {
+void ExitTest::ExpectSaved() const {
     ExpectNote(title, saved);
     for (const std::string& name : FileNames(folder + "\\Notes")) {
         EXPECT_TRUE(name.ends_with(".txt")) << name;
     }
 }
 
-void Exits::RejectATitle() {
+void ExitTest::RejectATitle() {
     Begin();
     main.Only("Edit").Type("2004");
     main.Button("Make &Note").Click();
     program.WaitFor(" Note Title Error");
 }
 
-void Exits::AskWhetherToErase() {
+void ExitTest::AskWhetherToErase() {
     Begin();
     ChooseFromMenuBar(program, editor, barEraseNote);
     program.WaitFor(eraseQuestion);
 }
 
-void Exits::RingInAnEditor() {
+void ExitTest::RingInAnEditor() {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     Begin();
     LetAlarmCome("2031-06-02 09:00:58", alarmBox);
 }
 
-void Exits::RingInADisplay() {
+void ExitTest::RingInADisplay() {
     WriteSetting("Options", "NoteLoops", "1");
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     Begin();
@@ -89,7 +89,7 @@ void Exits::RingInADisplay() {
     LetAlarmCome("2031-06-02 09:00:58", alarmBox);
 }
 
-void Exits::RingOnAWeekday() {
+void ExitTest::RingOnAWeekday() {
     std::string rows = "\"Monday\",#09:01:00#,\"Pay the rent\",1\r\n";
     for (const char* day : {"Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday"}) {
         rows += '"' + std::string(day) + "\",#12:00:00#,\"\",0\r\n";
@@ -100,7 +100,7 @@ void Exits::RingOnAWeekday() {
     LetAlarmCome("2031-06-02 09:00:58", "Jotwright Daily Alarm");
 }
 
-void Exits::EndACountdown() {
+void ExitTest::EndACountdown() {
     Begin();
     main.Button("&Timer").Click();
     const Window timer = program.WaitFor("Novelty Timer");
@@ -109,7 +109,7 @@ void Exits::EndACountdown() {
     program.WaitFor(alarmBox);
 }
 
-void Exits::ShowEveryTool() {
+void ExitTest::ShowEveryTool() {
     Begin();
     main.Button("&Timer").Click();
     const Window timer = program.WaitFor("Novelty Timer");
@@ -125,7 +125,7 @@ void Exits::ShowEveryTool() {
     program.WaitFor("About Jotwright");
 }
 
-void Exits::LookForASoundFile() {
+void ExitTest::LookForASoundFile() {
     Begin();
     ChooseFromMenuBar(program, main, barChooseAlarmSound);
     const Window sounds = program.WaitFor("Choose An Alarm");
@@ -140,27 +140,27 @@ void Exits::LookForASoundFile() {
     });
 }
 
-void Exits::ShowThePanel() {
+void ExitTest::ShowThePanel() {
     Begin();
     OpenPanel(main);
 }
 
-void Exits::KeepDisplayedNote() { Box(program, displayQuestion).Press("No"); }
+void ExitTest::KeepDisplayedNote() { Box(program, displayQuestion).Click("No"); }
 
-void Exits::SaveChanges() { Box(program, saveQuestion).Press("Yes"); }
+void ExitTest::SaveChanges() { Box(program, saveQuestion).Click("Yes"); }
 
 struct BusyState {
     const char* name;
-    void (Exits::*enter)();
+    void (ExitTest::*enter)();
     // Null if the exit asks nothing.
-    void (Exits::*answer)();
+    void (ExitTest::*answer)();
 };
 
 void PrintTo(const BusyState& state, std::ostream* out) { *out << state.name; }
 
-class ExitsFrom : public Exits, public testing::WithParamInterface<BusyState> {};
+class ExitFromTest : public ExitTest, public testing::WithParamInterface<BusyState> {};
 
-TEST_P(ExitsFrom, ThroughTheNotificationArea) {
+TEST_P(ExitFromTest, ThroughTheNotificationArea) {
     (this->*GetParam().enter)();
     EXPECT_TRUE(tray::HasIcon(main));
     ExitThroughTray();
@@ -172,7 +172,7 @@ TEST_P(ExitsFrom, ThroughTheNotificationArea) {
     ExpectSaved();
 }
 
-TEST_P(ExitsFrom, AsTheSessionEnds) {
+TEST_P(ExitFromTest, AsTheSessionEnds) {
     (this->*GetParam().enter)();
     EXPECT_TRUE(tray::HasIcon(main));
     EndSession();
@@ -182,42 +182,42 @@ TEST_P(ExitsFrom, AsTheSessionEnds) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Busy, ExitsFrom,
-    testing::Values(BusyState{"ARejectedTitle", &Exits::RejectATitle, nullptr},
-                    BusyState{"TheQuestionWhetherToErase", &Exits::AskWhetherToErase, nullptr},
-                    BusyState{"AnAlarmInAnEditor", &Exits::RingInAnEditor, nullptr},
-                    BusyState{"AnAlarmInADisplay", &Exits::RingInADisplay,
-                              &Exits::KeepDisplayedNote},
-                    BusyState{"AWeeklyAlarm", &Exits::RingOnAWeekday, nullptr},
-                    BusyState{"ACountdownThatIsOver", &Exits::EndACountdown, nullptr},
-                    BusyState{"EveryToolAndAModalWindow", &Exits::ShowEveryTool, nullptr},
-                    BusyState{"AFileDialog", &Exits::LookForASoundFile, nullptr},
-                    BusyState{"TheControlPanel", &Exits::ShowThePanel, &Exits::SaveChanges}),
+    Busy, ExitFromTest,
+    testing::Values(BusyState{"ARejectedTitle", &ExitTest::RejectATitle, nullptr},
+                    BusyState{"TheQuestionWhetherToErase", &ExitTest::AskWhetherToErase, nullptr},
+                    BusyState{"AnAlarmInAnEditor", &ExitTest::RingInAnEditor, nullptr},
+                    BusyState{"AnAlarmInADisplay", &ExitTest::RingInADisplay,
+                              &ExitTest::KeepDisplayedNote},
+                    BusyState{"AWeeklyAlarm", &ExitTest::RingOnAWeekday, nullptr},
+                    BusyState{"ACountdownThatIsOver", &ExitTest::EndACountdown, nullptr},
+                    BusyState{"EveryToolAndAModalWindow", &ExitTest::ShowEveryTool, nullptr},
+                    BusyState{"AFileDialog", &ExitTest::LookForASoundFile, nullptr},
+                    BusyState{"TheControlPanel", &ExitTest::ShowThePanel, &ExitTest::SaveChanges}),
     [](const auto& state) { return std::string(state.param.name); });
 
-TEST_F(Exits, DeclinedChangesAreNotSaved) {
+TEST_F(ExitTest, DeclinedChangesAreNotSaved) {
     WriteNote(title, saved);
     main = StartProgram();
     OpenPanel(main);
     const Window restored = OpenRestored(title);
     restored.Only("Edit").Type("milk and eggs");
     main.Button("E&xit").Click();
-    Box(program, saveQuestion).Press("No");
+    Box(program, saveQuestion).Click("No");
     EXPECT_EQ(program.WaitForEnd(), 0U);
     ExpectSaved();
 }
 
 // The title cannot be a file name.
-TEST_F(Exits, ANoteThatCannotBeSavedIsBackAtTheNextStart) {
+TEST_F(ExitTest, ANoteThatCannotBeSavedIsBackAtTheNextStart) {
     main = StartProgram();
     editor = MakeNote(main, "Milk?");
     editor.Only("Edit").Type("two pints");
-    PressToolbar(editor.Only(toolbarClass), toolbarHide);
+    ClickToolbar(editor.Only(toolbarClass), toolbarHide);
     const Box error(program, "WriteNote Sub Error");
-    error.Press("OK");
+    error.Click("OK");
     EXPECT_TRUE(editor.IsVisible());
     ExitThroughTray();
-    Box(program, "WriteNote Sub Error").Press("OK");
+    Box(program, "WriteNote Sub Error").Click("OK");
     EXPECT_EQ(program.WaitForEnd(), 0U);
 
     StartProgram();
@@ -226,7 +226,7 @@ TEST_F(Exits, ANoteThatCannotBeSavedIsBackAtTheNextStart) {
     EXPECT_EQ(again.Only("Edit").Text(), "two pints");
 }
 
-TEST_F(Exits, ACancelledShutDownChangesNothing) {
+TEST_F(ExitTest, ACancelledShutDownChangesNothing) {
     Begin();
     const auto windows = program.Windows();
     for (const Window& window : windows) {
@@ -243,7 +243,7 @@ TEST_F(Exits, ACancelledShutDownChangesNothing) {
     ExpectSaved();
 }
 
-TEST_F(Exits, TheSessionEndsWhileAMenuIsOpen) {
+TEST_F(ExitTest, TheSessionEndsWhileAMenuIsOpen) {
     Begin();
     RightClick(main);
     WaitUntil("a menu opens", [this] { return static_cast<bool>(program.OpenMenu()); });
@@ -252,7 +252,7 @@ TEST_F(Exits, TheSessionEndsWhileAMenuIsOpen) {
     ExpectSaved();
 }
 
-TEST_F(Exits, TheSessionEndsWhileAWindowIsMoved) {
+TEST_F(ExitTest, TheSessionEndsWhileAWindowIsMoved) {
     Begin();
     main.Post(WM_SYSCOMMAND, SC_MOVE);
     WaitUntil("the window is moved", [this] {
@@ -267,7 +267,7 @@ TEST_F(Exits, TheSessionEndsWhileAWindowIsMoved) {
 }
 
 // The user has not answered whether to save. The next start shows the text as unsaved.
-TEST_F(Exits, TheSessionEndsWhileTheExitAsks) {
+TEST_F(ExitTest, TheSessionEndsWhileTheExitAsks) {
     WriteNote(title, saved);
     main = StartProgram();
     OpenPanel(main);
@@ -286,7 +286,7 @@ TEST_F(Exits, TheSessionEndsWhileTheExitAsks) {
     EXPECT_EQ(again.Only("Edit").Text(), "milk and eggs");
 }
 
-TEST_F(Exits, TheSessionEndsWhileTheProgramStarts) {
+TEST_F(ExitTest, TheSessionEndsWhileTheProgramStarts) {
     program.Start(executable);
     WaitUntil("the splash is shown", [this] { return static_cast<bool>(FindSplash()); });
     EndSession();
@@ -302,7 +302,7 @@ TEST_F(Exits, TheSessionEndsWhileTheProgramStarts) {
     ExpectNote("Bad", damaged);
 }
 
-TEST_F(Exits, TheSessionEndsWhileASecondCopyShowsItsMessage) {
+TEST_F(ExitTest, TheSessionEndsWhileASecondCopyShowsItsMessage) {
     Begin();
     Program second;
     second.Start(executable);

@@ -9,7 +9,7 @@
 namespace driver {
 
 // Any program of the same user can send any message to the windows of this program.
-class ForgedMessages : public DriverTest {
+class ForgedMessagesTest : public DriverTest {
   protected:
     static constexpr UINT scaleChanged = 0x02E0;  // WM_DPICHANGED
     static constexpr UINT scaledSize = 0x02E4;    // WM_GETDPISCALEDSIZE
@@ -63,7 +63,7 @@ class ForgedMessages : public DriverTest {
     const std::string text = "Ask about the tooth.";
 };
 
-TEST_F(ForgedMessages, AScaleChangeWithABadPlace) {
+TEST_F(ForgedMessagesTest, AScaleChangeWithABadPlace) {
     const Window editor = OpenEditor();
     for (const LPARAM address : nowhere) {
         for (const int dpi : {0, 1, 96, 144, 65535}) {
@@ -78,7 +78,7 @@ TEST_F(ForgedMessages, AScaleChangeWithABadPlace) {
     ExpectSavedAtTheEnd(editor);
 }
 
-TEST_F(ForgedMessages, TheEndOfAWindow) {
+TEST_F(ForgedMessagesTest, TheEndOfAWindow) {
     const Window editor = OpenEditor();
     for (const Window& target : Targets(editor)) {
         for (const UINT message : {WM_DESTROY, WM_NCDESTROY}) {
@@ -90,7 +90,7 @@ TEST_F(ForgedMessages, TheEndOfAWindow) {
     ExpectSavedAtTheEnd(editor);
 }
 
-TEST_F(ForgedMessages, TheEndOfTheProgram) {
+TEST_F(ForgedMessagesTest, TheEndOfTheProgram) {
     const Window editor = OpenEditor();
     const DWORD thread = ::GetWindowThreadProcessId(editor.handle, nullptr);
     ::PostThreadMessageW(thread, WM_QUIT, 0, 0);
@@ -105,7 +105,7 @@ TEST_F(ForgedMessages, TheEndOfTheProgram) {
     ExpectSavedAtTheEnd(editor);
 }
 
-TEST_F(ForgedMessages, TimersWithACallback) {
+TEST_F(ForgedMessagesTest, TimersWithACallback) {
     const Window editor = OpenEditor();
     for (const Window& target : Targets(editor)) {
         if (target == editor || target.ClassName() != "Edit") {
@@ -118,7 +118,7 @@ TEST_F(ForgedMessages, TimersWithACallback) {
     ExpectSavedAtTheEnd(editor);
 }
 
-TEST_F(ForgedMessages, MessagesWithBadPointers) {
+TEST_F(ForgedMessagesTest, MessagesWithBadPointers) {
     const Window editor = OpenEditor();
     const UINT messages[] = {
         WM_NCCREATE,     WM_CREATE,         WM_NCCALCSIZE,       WM_GETMINMAXINFO,
@@ -147,7 +147,7 @@ TEST_F(ForgedMessages, MessagesWithBadPointers) {
     ExpectSavedAtTheEnd(editor);
 }
 
-TEST_F(ForgedMessages, SentToTheText) {
+TEST_F(ForgedMessagesTest, SentToTheText) {
     const Window editor = OpenEditor();
     const Window box = editor.Only("Edit");
     for (const UINT message : {UINT{EM_SETHANDLE}, UINT{EM_SETWORDBREAKPROC}, UINT{WM_NCCREATE}}) {
@@ -160,7 +160,7 @@ TEST_F(ForgedMessages, SentToTheText) {
     ExpectSavedAtTheEnd(editor);
 }
 
-TEST_F(ForgedMessages, TrayMessagesWithBadNumbers) {
+TEST_F(ForgedMessagesTest, TrayMessagesWithBadNumbers) {
     const Window editor = OpenEditor();
     for (LPARAM message = 0; message < 0x400; ++message) {
         if (message < WM_MOUSEFIRST || message > WM_MOUSELAST) {

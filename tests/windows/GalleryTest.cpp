@@ -54,7 +54,7 @@ std::string LongText() {
 
 // Opens every window in every state that matters and keeps a picture of it (see scripts/gallery).
 // Other tests check what the windows do. Pictures are named "<group>-<what is seen>".
-class Gallery : public DriverTest {
+class GalleryTest : public DriverTest {
   protected:
     // Waits until the window has been drawn.
     static void Keep(const Window& window, const std::string& name);
@@ -71,7 +71,7 @@ class Gallery : public DriverTest {
                          const std::string& name) const;
 };
 
-void Gallery::Keep(const Window& window, const std::string& name) {
+void GalleryTest::Keep(const Window& window, const std::string& name) {
     Bring(window);
     window.Send(WM_NULL);
     ::Sleep(timeToPaint);
@@ -79,8 +79,8 @@ void Gallery::Keep(const Window& window, const std::string& name) {
     TakePicture(name, Visible(window.Place()));
 }
 
-void Gallery::KeepWithMenu(const Window& window, const Window& control,
-                           const std::string& name) const {
+void GalleryTest::KeepWithMenu(const Window& window, const Window& control,
+                               const std::string& name) const {
     // The menu opens at the pointer.
     const RECT area = control.Place();
     UseHands("mousemove " + std::to_string((area.left + area.right) / 2) + ' ' +
@@ -97,35 +97,35 @@ void Gallery::KeepWithMenu(const Window& window, const Window& control,
     UseHands("mousemove 0 0");
 }
 
-void Gallery::KeepAndClose(const std::string& caption, const std::string& name) const {
+void GalleryTest::KeepAndClose(const std::string& caption, const std::string& name) const {
     const Window window = program.WaitFor(caption);
     Keep(window, name);
-    window.Close();
+    window.CloseBox();
     program.WaitUntilGone(caption);
 }
 
-void Gallery::KeepBox(const std::string& caption, const std::string& name,
-                      const std::string& button) const {
+void GalleryTest::KeepBox(const std::string& caption, const std::string& name,
+                          const std::string& button) const {
     const Box box(program, caption);
     Keep(box.window, name);
-    box.Press(button);
+    box.Click(button);
 }
 
-void Gallery::PutNote(const std::string& title, const std::string& text, int color, int points,
-                      bool alarm) const {
+void GalleryTest::PutNote(const std::string& title, const std::string& text, int color, int points,
+                          bool alarm) const {
     WriteNote(title, '"' + title + "\",\"" + text + "\",#2031-06-02#,#09:01:00#," +
                          std::to_string(color) + ',' + std::to_string(points) + ",\"" +
                          (alarm ? "1" : "0") + "\",0,\"yes\"\r\n");
 }
 
-void Gallery::Reject(const Window& main, const std::string& title, const std::string& caption,
-                     const std::string& name) const {
+void GalleryTest::Reject(const Window& main, const std::string& title, const std::string& caption,
+                         const std::string& name) const {
     main.Only("Edit").Type(title);
     main.Button("Make &Note").Click();
     KeepAndClose(caption, name);
 }
 
-TEST_F(Gallery, Start) {
+TEST_F(GalleryTest, Start) {
     EraseSettings();
     program.Start(executable);
     const Window tips = program.WaitFor("Jotwright - Tips and Tricks");
@@ -136,19 +136,19 @@ TEST_F(Gallery, Start) {
         tips.Button("&Next Tip").Click();
     }
     Keep(tips, "start-tips-last");
-    tips.Close();
+    tips.CloseBox();
     program.WaitUntilGone("Jotwright - Tips and Tricks");
 
     Program second;
     second.Start(executable);
     const Window box = second.WaitFor("  Jotwright Is Running");
     Keep(box, "start-already-running");
-    box.Close();
+    box.CloseBox();
     second.WaitForEnd();
     ExitProgram();
 }
 
-TEST_F(Gallery, Main) {
+TEST_F(GalleryTest, Main) {
     const Window main = StartProgram();
     Keep(main, "main");
     KeepWithMenu(main, main, "main-menu");
@@ -162,13 +162,13 @@ TEST_F(Gallery, Main) {
     Reject(main, "a.b", "Note Title Error", "rejected-period");
     const Window first = MakeNote(main, "Twice");
     HideNote(first);
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is back", [&] { return main.IsVisible(); });
     Reject(main, "Twice", "Name Already Exists", "rejected-twice");
     ExitProgram();
 }
 
-TEST_F(Gallery, Tools) {
+TEST_F(GalleryTest, Tools) {
     const Window main = StartProgram();
     main.Button("S&pecial Alarms").Click();
     KeepAndClose("Special Alarms", "tools-special-alarms");
@@ -179,7 +179,7 @@ TEST_F(Gallery, Tools) {
     KeepBox("Jotwright Audio Alarm", "box-sampling", "OK");
     sounds.Button("Selected .wav File").Click();
     Keep(sounds, "tools-alarm-sound-own");
-    sounds.Close();
+    sounds.CloseBox();
     program.WaitUntilGone("Choose An Alarm");
     ChooseFromMenuBar(program, main, barNoteOptions);
     KeepAndClose("Note Options", "tools-options");
@@ -196,7 +196,7 @@ TEST_F(Gallery, Tools) {
     WaitUntil("it runs", [&] { return timer.Button("&Stop Timer").IsEnabled(); });
     ::Sleep(1500);
     Keep(timer, "tools-timer-running");
-    timer.Close();
+    timer.CloseBox();
 
     main.Button("&Stop Watch").Click();
     const Window watch = program.WaitFor("Novelty Stop Watch");
@@ -213,7 +213,7 @@ TEST_F(Gallery, Tools) {
     ExitProgram();
 }
 
-TEST_F(Gallery, Editor) {
+TEST_F(GalleryTest, Editor) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Dentist");
     const Window text = editor.Only("Edit");
@@ -233,9 +233,9 @@ TEST_F(Gallery, Editor) {
     ChooseFromMenuBar(program, editor, {1, 0});
     KeepBox("Information", "box-alarm-started", "OK");
     KeepWithMenu(editor, text, "editor-menu");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
     KeepBox("", "box-saved", "OK");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarErase);
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarErase);
     KeepBox("Kill Note", "box-erase", "No");
     editor.Button("Hide &System Date/Time").Click();
     Keep(editor, "editor-no-clock");
@@ -250,7 +250,7 @@ TEST_F(Gallery, Editor) {
     ExitProgram();
 }
 
-TEST_F(Gallery, Restored) {
+TEST_F(GalleryTest, Restored) {
     PutNote("Restored red", "A note that was red when it was saved.", 2);
     PutNote("Restored green", "A note that was green when it was saved.", 3, 16);
     PutNote("Restored blue", "A note that was blue when it was saved.", 4, 14, true);
@@ -264,7 +264,7 @@ TEST_F(Gallery, Restored) {
     ExitProgram();
 }
 
-TEST_F(Gallery, Displays) {
+TEST_F(GalleryTest, Displays) {
     const std::vector<std::string> colors{"white", "red", "green", "blue", "yellow", "gray"};
     for (std::size_t i = 0; i < colors.size(); ++i) {
         PutNote("Due " + colors[i], i == 0 ? LongText() : "Take the cake out of the oven.",
@@ -277,7 +277,7 @@ TEST_F(Gallery, Displays) {
             // A restored note is yellow instead of gray, so choose gray again.
             ChooseFromPopup(program, OpenRestored("Due gray").Only("Edit"), {0, 5});
         }
-        restored.Close();
+        restored.CloseBox();
         WaitUntil("the editor has gone", [&] { return !restored.Exists(); });
     }
     LetAlarmCome("2031-06-02 09:00:58", "Due " + colors[0]);
@@ -288,12 +288,12 @@ TEST_F(Gallery, Displays) {
         Keep(program.WaitFor("Due " + color), "display-" + color);
     }
     const Window display = program.WaitFor("Due yellow");
-    display.Close();
+    display.CloseBox();
     KeepBox(" Erase Note?", "box-erase-due", "No");
     main.Post(WM_CLOSE);
 }
 
-TEST_F(Gallery, ControlPanel) {
+TEST_F(GalleryTest, ControlPanel) {
     Window main = StartProgram();
     main.Button("Notes &Control Panel").Click();
     KeepAndClose("Notes Control Panel", "panel-empty");
@@ -307,16 +307,16 @@ TEST_F(Gallery, ControlPanel) {
     main.Button("Notes &Control Panel").Click();
     const Window panel = program.WaitFor("Notes Control Panel");
     WaitUntilFilled(panel, listClass);
-    ClickRow(panel.Only(listClass), 0);
+    SelectRow(panel.Only(listClass), 0);
     WaitUntil("the row is selected", [&] { return panel.Button("&Erase").IsEnabled(); });
     Keep(panel, "panel-notes");
     panel.Button("&Erase").Click();
     KeepBox("Deleting Note", "box-panel-erase", "No");
-    panel.Close();
+    panel.CloseBox();
     ExitProgram();
 }
 
-TEST_F(Gallery, Limit) {
+TEST_F(GalleryTest, Limit) {
     for (int i = 1; i <= 100; ++i) {
         PutNote("Note " + std::to_string(i), "text", 1 + i % 5, 12, i % 3 == 0);
     }
@@ -330,7 +330,7 @@ TEST_F(Gallery, Limit) {
     ExitProgram();
 }
 
-TEST_F(Gallery, DailyAlarm) {
+TEST_F(GalleryTest, DailyAlarm) {
     MakeFolder(folder + "\\SpecialAlarms");
     std::string rows =
         "\"Monday\",#09:01:00#,\"Pay the rent\",1\r\n"
@@ -347,8 +347,8 @@ TEST_F(Gallery, DailyAlarm) {
     ExitProgram();
 }
 
-void Gallery::KeepSpareWindow(const std::string& form, const std::string& caption,
-                              const std::string& name) const {
+void GalleryTest::KeepSpareWindow(const std::string& form, const std::string& caption,
+                                  const std::string& name) const {
     wchar_t path[MAX_PATH]{};
     ::GetModuleFileNameW(nullptr, path, MAX_PATH);
     const std::string built = FolderOf(forms::win32::Narrow(path)) + "\\spare_windows.exe";
@@ -359,7 +359,7 @@ void Gallery::KeepSpareWindow(const std::string& form, const std::string& captio
     Keep(shown.WaitFor(caption), name);
 }
 
-TEST_F(Gallery, SpareWindows) {
+TEST_F(GalleryTest, SpareWindows) {
     KeepSpareWindow("frmHelp", "Jotwright Help", "spare-help");
     KeepSpareWindow("dlgInput", "Erase Message", "spare-question");
     KeepSpareWindow("frmKillAlarm", "Jotwright Alarm", "spare-stop-alarm");

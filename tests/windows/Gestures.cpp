@@ -29,13 +29,13 @@ void WaitForMenu(const Program& program) {
 void Walk(const Window& receiver, const MenuPath& path, std::size_t from) {
     for (std::size_t level = from; level < path.size(); ++level) {
         if (level > from) {
-            receiver.Key(VK_RIGHT);
+            receiver.Press(VK_RIGHT);
         }
         for (int i = 0; i < path[level]; ++i) {
-            receiver.Key(VK_DOWN);
+            receiver.Press(VK_DOWN);
         }
     }
-    receiver.Key(VK_RETURN);
+    receiver.Press(VK_RETURN);
 }
 
 void WaitUntilMenuIsGone(const Program& program) {
@@ -74,7 +74,7 @@ void TypeFields(const Window& picker, const std::vector<std::string>& fields,
             for (const char character : field) {
                 picker.Post(WM_CHAR, static_cast<unsigned char>(character), 1);
             }
-            picker.Key(VK_RIGHT);
+            picker.Press(VK_RIGHT);
         }
         isTyped = true;
         return ComesTrueSoon(arePicked);
@@ -85,7 +85,7 @@ void TypeFields(const Window& picker, const std::vector<std::string>& fields,
 
 void ChooseFromOpenMenu(const Program& program, const Window& receiver, const MenuPath& path) {
     WaitForMenu(program);
-    receiver.Key(VK_DOWN);  // selects the first entry
+    receiver.Press(VK_DOWN);  // selects the first entry
     Walk(receiver, path, 0);
     WaitUntilMenuIsGone(program);
 }
@@ -93,9 +93,9 @@ void ChooseFromOpenMenu(const Program& program, const Window& receiver, const Me
 void ChooseFromMenuBar(const Program& program, const Window& window, const MenuPath& path) {
     window.Post(WM_SYSCOMMAND, SC_KEYMENU, 0);
     for (int i = 0; i < path.front(); ++i) {
-        window.Key(VK_RIGHT);
+        window.Press(VK_RIGHT);
     }
-    window.Key(VK_DOWN);  // opens the menu, its first entry selected
+    window.Press(VK_DOWN);  // opens the menu, its first entry selected
     WaitForMenu(program);
     Walk(window, path, 1);
     WaitUntilMenuIsGone(program);
@@ -108,7 +108,7 @@ void ChooseFromPopup(const Program& program, const Window& control, const MenuPa
 
 void CloseMenu(const Program& program, const Window& receiver) {
     ComesTrue([&] {
-        receiver.Key(VK_ESCAPE);
+        receiver.Press(VK_ESCAPE);
         return ComesTrueSoon([&] { return !program.OpenMenu(); });
     });
     WaitUntilMenuIsGone(program);
@@ -149,7 +149,7 @@ SYSTEMTIME Picked(const Window& picker) {
     return value.Value();
 }
 
-void PressToolbar(const Window& toolbar, int number) {
+void ClickToolbar(const Window& toolbar, int number) {
     const Remote<RECT> area(toolbar);
     toolbar.Send(TB_GETITEMRECT, static_cast<WPARAM>(number), area.Parameter());
     const RECT button = area.Value();
@@ -174,14 +174,14 @@ std::string CellText(const Window& list, int row, int column) {
     return forms::win32::Narrow(result);
 }
 
-void ClickRow(const Window& list, int row) {
+void SelectRow(const Window& list, int row) {
     const LPARAM place = PlaceInRow(list, row);
     list.Post(WM_LBUTTONDOWN, MK_LBUTTON, place);
     list.Post(WM_LBUTTONUP, 0, place);
 }
 
 void DoubleClickRow(const Window& list, int row) {
-    ClickRow(list, row);
+    SelectRow(list, row);
     const LPARAM place = PlaceInRow(list, row);
     list.Post(WM_LBUTTONDBLCLK, MK_LBUTTON, place);
     list.Post(WM_LBUTTONUP, 0, place);
@@ -215,7 +215,7 @@ int RowPicture(const Window& list, int row) {
     return request.Value().iImage;
 }
 
-void Choose(const Window& comboBox, int index) {
+void Select(const Window& comboBox, int index) {
     comboBox.Send(CB_SETCURSEL, static_cast<WPARAM>(index));
     comboBox.Parent().Send(WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(comboBox.handle), CBN_SELCHANGE),
                            reinterpret_cast<LPARAM>(comboBox.handle));
@@ -240,13 +240,13 @@ void TakePicture(const std::string& name, const RECT& part) {
 
 namespace tray {
 
-void LeftClick(const Window& owner) {
+void Click(const Window& owner) {
     owner.Post(WM_MOUSEMOVE, trayIconId, WM_LBUTTONDOWN);
     owner.Post(WM_MOUSEMOVE, trayIconId, WM_LBUTTONUP);
 }
 
 void DoubleClick(const Window& owner) {
-    LeftClick(owner);
+    Click(owner);
     owner.Post(WM_MOUSEMOVE, trayIconId, WM_LBUTTONDBLCLK);
     owner.Post(WM_MOUSEMOVE, trayIconId, WM_LBUTTONUP);
 }

@@ -28,19 +28,19 @@ void PickDate(const Window& picker, int year, int month, int day);
 void PickTime(const Window& picker, int hour, int minute);
 SYSTEMTIME Picked(const Window& picker);
 
-// Presses the toolbar's button with this number, from 0.
-void PressToolbar(const Window& toolbar, int number);
+// Clicks the toolbar's button with this number, from 0.
+void ClickToolbar(const Window& toolbar, int number);
 
 int RowCount(const Window& list);
 std::string CellText(const Window& list, int row, int column);
-void ClickRow(const Window& list, int row);
+void SelectRow(const Window& list, int row);
 void DoubleClickRow(const Window& list, int row);
 void RightClickRow(const Window& list, int row);
 std::string ColumnHeading(const Window& list, int column);
 // The number of the picture in the first column of a row.
 int RowPicture(const Window& list, int row);
 
-void Choose(const Window& comboBox, int index);
+void Select(const Window& comboBox, int index);
 
 // Sends a request to the host; see scripts/run-windows-tests.
 void AskHost(const std::string& line);
@@ -53,7 +53,7 @@ void TakePicture(const std::string& name, const RECT& part);
 
 // Messages of the program's icon in the notification area to the window that owns the icon.
 namespace tray {
-void LeftClick(const Window& owner);
+void Click(const Window& owner);
 void DoubleClick(const Window& owner);
 void RightClick(const Window& owner);
 // Whether the notification area holds an icon of this window. The window may be gone already.

@@ -32,8 +32,8 @@ Window WindowOfProgram(const std::string& caption, const std::string& executable
     return ProgramOf(found) == executable ? found : Window();
 }
 
-// The program's help file as the system's viewer has it open. The program has a window of this
-// caption, too, which it never opens for the help.
+// The window of the system's viewer with the program's help file. The program has a window with the
+// same caption, but does not open it for the help.
 Window HelpWindow() { return Window(::FindWindowW(nullptr, L"Jotwright Help")); }
 
 void AddText(const Window& window, std::string& text) {
@@ -43,14 +43,14 @@ void AddText(const Window& window, std::string& text) {
     }
 }
 
-// All that the viewer shows.
+// The whole text in the viewer.
 std::string TextOf(const Window& window) {
     std::string text;
     AddText(window, text);
     return text;
 }
 
-// Only the contents list the topics with a colon behind each.
+// Only the contents list the topics with a colon after each.
 bool IsContents(const std::string& text) {
     return text.find("Special alarms: ") != std::string::npos &&
            text.find("Where your notes are: ") != std::string::npos;
@@ -61,15 +61,15 @@ void ExpectContentsAndCloseThem() {
     const Window help = HelpWindow();
     EXPECT_TRUE(ProgramOf(help).ends_with("\\winhlp32.exe")) << ProgramOf(help);
     EXPECT_TRUE(ComesTrue([&] { return IsContents(TextOf(help)); })) << TextOf(help);
-    help.Close();
+    help.CloseBox();
     WaitUntil("the help has gone", [&] { return !help.Exists(); });
 }
 
 }  // namespace
 
-class Help : public DriverTest {};
+class HelpTest : public DriverTest {};
 
-TEST_F(Help, TheMenuOpensTheContents) {
+TEST_F(HelpTest, TheMenuOpensTheContents) {
     const Window main = StartProgram();
     ASSERT_FALSE(HelpWindow());
     ChooseFromMenuBar(program, main, {2, 1});
@@ -77,16 +77,16 @@ TEST_F(Help, TheMenuOpensTheContents) {
     ExitProgram();
 }
 
-TEST_F(Help, TheButtonOfANoteOpensTheContents) {
+TEST_F(HelpTest, TheButtonOfANoteOpensTheContents) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Dentist");
     ASSERT_FALSE(HelpWindow());
-    PressToolbar(editor.Only("ToolbarWindow32"), 4);
+    ClickToolbar(editor.Only("ToolbarWindow32"), 4);
     ExpectContentsAndCloseThem();
     ExitProgram();
 }
 
-TEST_F(Help, TheShippedShortcutStartsTheProgram) {
+TEST_F(HelpTest, TheShippedShortcutStartsTheProgram) {
     const std::string shortcut = folder + "\\Shortcut To Jotwright.lnk";
     const HINSTANCE result =
         ::ShellExecuteW(nullptr, L"open", Wide(shortcut).c_str(), nullptr, L"C:\\", SW_SHOWNORMAL);
@@ -97,7 +97,7 @@ TEST_F(Help, TheShippedShortcutStartsTheProgram) {
         main = WindowOfProgram(mainCaption, executable);
         return main && main.IsVisible() && ::GetMenu(main.handle) != nullptr;
     });
-    main.Close();
+    main.CloseBox();
     WaitUntil("the program has ended", [&] { return !main.Exists(); });
 }
 

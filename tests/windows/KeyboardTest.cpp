@@ -8,7 +8,7 @@
 namespace driver {
 
 // Works the windows by real key strokes, without a mouse.
-class Keyboard : public DriverTest {
+class KeyboardTest : public DriverTest {
   protected:
     // Waits until the window receives keys.
     static void WaitForKeyboard(const Window& window);
@@ -47,7 +47,7 @@ bool GoesBack(const Window& from, const Window& to) {
 
 }  // namespace
 
-void Keyboard::WaitForKeyboard(const Window& window) {
+void KeyboardTest::WaitForKeyboard(const Window& window) {
     WaitUntil("the window has the keyboard", [&] {
         const Window focus = window.Focus();
         return ::GetForegroundWindow() == window.handle &&
@@ -55,14 +55,14 @@ void Keyboard::WaitForKeyboard(const Window& window) {
     });
 }
 
-void Keyboard::PressTab(const Window& window) {
+void KeyboardTest::PressTab(const Window& window) {
     const Window before = window.Focus();
     Window::PressKeys({VK_TAB});
     WaitUntil("the focus moves on from " + before.Description(),
               [&] { return window.Focus() && window.Focus() != before; });
 }
 
-void Keyboard::ExpectTabRound(const Window& window) {
+void KeyboardTest::ExpectTabRound(const Window& window) {
     WaitForKeyboard(window);
     std::vector<Window> round{window.Focus()};
     constexpr std::size_t most = 60;
@@ -93,8 +93,8 @@ void Keyboard::ExpectTabRound(const Window& window) {
     EXPECT_LE(timesBack, 1) << window.Description() << backward;
 }
 
-void Keyboard::PressUntil(const std::string& what, const std::vector<WORD>& keys,
-                          const std::function<bool()>& effect) {
+void KeyboardTest::PressUntil(const std::string& what, const std::vector<WORD>& keys,
+                              const std::function<bool()>& effect) {
     WaitUntil(what, [&] {
         if (effect()) {
             return true;
@@ -104,7 +104,7 @@ void Keyboard::PressUntil(const std::string& what, const std::vector<WORD>& keys
     });
 }
 
-void Keyboard::ExpectMenuBy(const std::vector<WORD>& keys, const Window& window) const {
+void KeyboardTest::ExpectMenuBy(const std::vector<WORD>& keys, const Window& window) const {
     WaitForKeyboard(window);
     PressUntil("a menu opens in " + window.Description(), keys,
                [&] { return static_cast<bool>(program.OpenMenu()); });
@@ -112,18 +112,18 @@ void Keyboard::ExpectMenuBy(const std::vector<WORD>& keys, const Window& window)
     WaitUntil("the menu closes", [&] { return !program.OpenMenu(); });
 }
 
-void Keyboard::ExpectMenu(const Window& window) const {
+void KeyboardTest::ExpectMenu(const Window& window) const {
     ExpectMenuBy({VK_SHIFT, VK_F10}, window);
     ExpectMenuBy({VK_APPS}, window);
 }
 
-void Keyboard::CloseByEscape(const Window& window) const {
+void KeyboardTest::CloseByEscape(const Window& window) const {
     WaitForKeyboard(window);
     Window::PressKeys({VK_ESCAPE});
     WaitUntil("Escape closes the window", [&] { return !window.Exists(); });
 }
 
-TEST_F(Keyboard, TheMainWindowsAccessKeysOpenTheToolsAndEscapeClosesThem) {
+TEST_F(KeyboardTest, AccessKeysOfTheMainWindowOpenTheToolsAndEscapeClosesThem) {
     const Window main = StartProgram();
     ExpectTabRound(main);
     const std::pair<WORD, const char*> tools[] = {
@@ -152,7 +152,7 @@ TEST_F(Keyboard, TheMainWindowsAccessKeysOpenTheToolsAndEscapeClosesThem) {
     EXPECT_EQ(program.WaitForEnd(), 0U);
 }
 
-TEST_F(Keyboard, TheMenuBarOpensTheOtherWindows) {
+TEST_F(KeyboardTest, TheMenuBarOpensTheOtherWindows) {
     const Window main = StartProgram();
     const std::pair<std::vector<WORD>, const char*> entries[] = {
         {{'T', 'P', 'C'}, "Choose An Alarm"},
@@ -180,7 +180,7 @@ TEST_F(Keyboard, TheMenuBarOpensTheOtherWindows) {
     EXPECT_EQ(Setting("Startup", "View Tips"), "1") << "Escape stores nothing";
 }
 
-TEST_F(Keyboard, ANoteIsMadeWrittenSavedAndClosed) {
+TEST_F(KeyboardTest, ANoteIsMadeWrittenSavedAndClosed) {
     const Window main = StartProgram();
     WaitForKeyboard(main);
     Window::TypeKeys("2004");
@@ -231,7 +231,7 @@ TEST_F(Keyboard, ANoteIsMadeWrittenSavedAndClosed) {
     PressUntil("the editor closes", {VK_MENU, VK_F4}, [&] { return !editor.Exists(); });
 }
 
-TEST_F(Keyboard, TheControlPanelIsWorkedFromItsList) {
+TEST_F(KeyboardTest, TheControlPanelCanBeUsedFromItsList) {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n");
     WriteNote("Shopping", "\"Shopping\",\"milk\",#2031-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n");
     const Window main = StartProgram();
@@ -255,7 +255,7 @@ TEST_F(Keyboard, TheControlPanelIsWorkedFromItsList) {
     CloseByEscape(program.WaitFor(panelCaption));
 }
 
-TEST_F(Keyboard, AnAlarmDisplayHasItsMenuAndKeepsItsText) {
+TEST_F(KeyboardTest, AnAlarmDisplayHasItsMenuAndKeepsItsText) {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
     StartProgram();
     CloseAndWait(program.WaitFor("Dentist"));
@@ -273,7 +273,7 @@ TEST_F(Keyboard, AnAlarmDisplayHasItsMenuAndKeepsItsText) {
         Window::PressKeys({VK_RETURN});
         return ComesTrueSoon([&] { return !program.Visible(displayQuestion).empty(); });
     });
-    Box(program, displayQuestion).Press("No");
+    Box(program, displayQuestion).Click("No");
     WaitUntil("the display closes", [&] { return !display.Exists(); });
 }
 

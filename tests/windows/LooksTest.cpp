@@ -15,7 +15,7 @@
 namespace driver {
 
 // Places and title bars of windows. The gallery shows their looks.
-class Looks : public DriverTest {};
+class LooksTest : public DriverTest {};
 
 namespace {
 
@@ -64,10 +64,10 @@ Picture PictureWithIcon(const Window& window) {
 
 }  // namespace
 
-TEST_F(Looks, NotesOpenInACascade) {
+TEST_F(LooksTest, NotesOpenInACascade) {
     const Window main = StartProgram();
     const Window first = MakeNote(main, "First");
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is back", [&] { return main.IsVisible(); });
     const Window second = MakeNote(main, "Second");
     EXPECT_TRUE(IsOnScreen(first)) << first.Description();
@@ -79,7 +79,7 @@ TEST_F(Looks, NotesOpenInACascade) {
     ExitProgram();
 }
 
-TEST_F(Looks, EveryWindowHasAnIconAndFixedOnesCannotBeMaximised) {
+TEST_F(LooksTest, EveryWindowHasAnIconAndFixedWindowsCannotBeMaximized) {
     const Window main = StartProgram();
     const Picture mainPicture = PictureWithIcon(main);
     const auto check = [&](const Window& window) {
@@ -92,7 +92,7 @@ TEST_F(Looks, EveryWindowHasAnIconAndFixedOnesCannotBeMaximised) {
     main.Button("Make &Note").Click();
     const Window rejection = program.WaitFor("  Note Title Error");
     check(rejection);
-    rejection.Close();
+    rejection.CloseBox();
     program.WaitUntilGone("  Note Title Error");
     for (const auto& [button, caption] :
          {std::pair("S&pecial Alarms", "Special Alarms"),
@@ -101,7 +101,7 @@ TEST_F(Looks, EveryWindowHasAnIconAndFixedOnesCannotBeMaximised) {
         main.Button(button).Click();
         const Window window = program.WaitFor(caption);
         check(window);
-        window.Close();
+        window.CloseBox();
         program.WaitUntilGone(caption);
     }
     ExitProgram();
@@ -131,7 +131,7 @@ std::optional<int> TopOfText(const Window& window, int edge) {
 
 }  // namespace
 
-TEST_F(Looks, AWindowTakesTheScaleOfItsMonitor) {
+TEST_F(LooksTest, AWindowTakesTheScaleOfItsMonitor) {
     const Window main = StartProgram();
     const auto extent = [](const Window& window) {
         const RECT place = window.Place();
@@ -159,7 +159,7 @@ TEST_F(Looks, AWindowTakesTheScaleOfItsMonitor) {
     ExitProgram();
 }
 
-TEST_F(Looks, FieldTextsAlignWithTheirLabelsAtAnyScale) {
+TEST_F(LooksTest, FieldTextsAlignWithTheirLabelsAtAnyScale) {
     const Window main = StartProgram();
     main.Button("S&pecial Alarms").Click();
     const Window window = program.WaitFor("Special Alarms");
@@ -187,7 +187,7 @@ TEST_F(Looks, FieldTextsAlignWithTheirLabelsAtAnyScale) {
         })) << dpi
             << " dots per inch";
     }
-    window.Close();
+    window.CloseBox();
     program.WaitUntilGone("Special Alarms");
     ExitProgram();
 }
@@ -258,7 +258,7 @@ int WholeWidth(const wchar_t* text, int dpi, COLORREF background) {
 }  // namespace
 
 // Letters may extend beyond the width that the font reports, above all slanted letters.
-TEST_F(Looks, CaptionsOfFramesAreWhole) {
+TEST_F(LooksTest, CaptionsOfFramesAreWhole) {
     const SlantedMessageFont slanted;
     const Window main = StartProgram();
     for (const int dpi : {96, 120, 144, 192}) {
@@ -279,12 +279,12 @@ TEST_F(Looks, CaptionsOfFramesAreWhole) {
 }
 
 // Measures the two lines above the text of an alarm display.
-TEST_F(Looks, LinesHaveTheThicknessOfTheirScale) {
+TEST_F(LooksTest, LinesHaveTheThicknessOfTheirScale) {
     WriteNote("Due",
               "\"Due\",\"Take the cake out\",#2031-06-02#,#09:01:00#,1,12,\"1\",0,\"yes\"\r\n");
     const Window main = StartProgram();
     const Window restored = program.WaitFor("Due");
-    restored.Close();
+    restored.CloseBox();
     WaitUntil("the editor has gone", [&] { return !restored.Exists(); });
     LetAlarmCome("2031-06-02 09:00:58", "Due");
     const Window display = program.WaitFor("Due");
@@ -305,9 +305,9 @@ TEST_F(Looks, LinesHaveTheThicknessOfTheirScale) {
     ChangeScale(display, 192,
                 {20, 20, 20 + (place.right - place.left) * 2, 20 + (place.bottom - place.top) * 2});
     EXPECT_TRUE(ComesTrue([&] { return rowsOfLines() == 4; }));
-    display.Close();
+    display.CloseBox();
     const Box box(program, " Erase Note?");
-    box.Press("No");
+    box.Click("No");
     main.Post(WM_CLOSE);
 }
 

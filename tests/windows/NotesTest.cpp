@@ -1,5 +1,3 @@
-#include <utility>
-
 #include "forms/win32/Utf.h"
 #include "tests/windows/DriverTest.h"
 #include "tests/windows/Picture.h"
@@ -14,9 +12,9 @@ constexpr const char* appointment = "Call to move the appointment.\r\nAsk for a 
 
 }  // namespace
 
-class Notes : public DriverTest {};
+class NotesTest : public DriverTest {};
 
-TEST_F(Notes, ANewNoteIsWrittenWithAllThatTheUserEntered) {
+TEST_F(NotesTest, ANewNoteIsSavedWithAllItsFields) {
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Dentist");
     WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });
@@ -51,7 +49,7 @@ TEST_F(Notes, ANewNoteIsWrittenWithAllThatTheUserEntered) {
                "#2031-06-05#,#09:31:00#,5,14,\"1\",1,\"yes\"\r\n");
 }
 
-TEST_F(Notes, ANoteComesBackMinimizedWithEverythingSaved) {
+TEST_F(NotesTest, ANoteComesBackMinimizedWithEverythingSaved) {
     {
         const Window editor = MakeNote(StartProgram(), "Dentist");
         ChooseFromPopup(program, editor.Only("Edit"), popupYellow);
@@ -70,7 +68,7 @@ TEST_F(Notes, ANoteComesBackMinimizedWithEverythingSaved) {
     StartProgram();
     const Window editor = program.WaitFor("Dentist");
     EXPECT_TRUE(editor.IsMinimized());
-    editor.Post(WM_SYSCOMMAND, SC_RESTORE);
+    editor.Restore();
     WaitUntil("the editor is filled",
               [&] { return !editor.IsMinimized() && editor.ChildrenOfClass("Edit").size() == 1; });
     EXPECT_EQ(editor.Only("Edit").Text(), appointment);
@@ -89,7 +87,7 @@ TEST_F(Notes, ANoteComesBackMinimizedWithEverythingSaved) {
     ExitProgram();
 }
 
-TEST_F(Notes, AUserWritesANoteWithTheKeyboardAlone) {
+TEST_F(NotesTest, ANoteCanBeWrittenWithTheKeyboardOnly) {
     const Window main = StartProgram();
     WaitUntil("the title box has the focus", [&] { return main.Only("Edit").HasFocus(); });
     Window::TypeKeys("shopping list");
@@ -107,7 +105,7 @@ TEST_F(Notes, AUserWritesANoteWithTheKeyboardAlone) {
                "\"yes\"\r\n");
 }
 
-TEST_F(Notes, TheToolbarErasesANote) {
+TEST_F(NotesTest, TheToolbarErasesANote) {
     const Window main = StartProgram();
     HideNote(MakeNote(main, "Shopping"));
     ExitProgram();
@@ -115,100 +113,40 @@ TEST_F(Notes, TheToolbarErasesANote) {
 
     StartProgram();
     const Window editor = OpenRestored("Shopping");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarErase);
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarErase);
     const Box question(program, "Kill Note");
     EXPECT_EQ(question.Text(), "Are you sure you would like to erase SHOPPING?              ");
-    question.Press("Yes");
+    question.Click("Yes");
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     EXPECT_FALSE(FileExists(NotePath("Shopping")));
     ExitProgram();
     EXPECT_FALSE(FileExists(NotePath("Shopping")));
 }
 
-TEST_F(Notes, TheMenuErasesANoteThatClosingWritesAgain) {
-    const Window main = StartProgram();
-    const Window editor = MakeNote(main, "Shopping");
-    editor.Only("Edit").Type("milk");
-    ChooseFromMenuBar(program, editor, barEraseNote);
-    Box(program, "Kill Note").Press("No");
-    EXPECT_TRUE(editor.IsVisible());
-    ChooseFromMenuBar(program, editor, barEraseNote);
-    Box(program, "Kill Note").Press("Yes");
-    WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
-    ExpectNote("Shopping",
-               "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
-}
-
-TEST_F(Notes, SavingIsConfirmed) {
-    const Window editor = MakeNote(StartProgram(), "Shopping");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
-    const Box box(program, "");
-    EXPECT_EQ(box.Text(), "SHOPPING has been saved.           ");
-    EXPECT_TRUE(FileExists(NotePath("Shopping")));
-    box.Press("OK");
-    EXPECT_TRUE(editor.IsVisible());
-}
-
-TEST_F(Notes, ANoteFileThatAnotherProgramHoldsIsReportedAndSavedWhenItIsFree) {
+TEST_F(NotesTest, ANoteFileInUseIsReportedAndSavedLater) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
     editor.Only("Edit").Type("milk");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
-    Box(program, "").Press("OK");
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    Box(program, "").Click("OK");
     const std::string before = WholeFile(NotePath("Shopping")).value();
     HANDLE holder = ::CreateFileW(forms::win32::Wide(NotePath("Shopping")).c_str(), GENERIC_READ, 0,
                                   nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(holder, INVALID_HANDLE_VALUE);
     editor.Only("Edit").Type("milk and bread");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
     const Box report(program, "WriteNote Sub Error");
     EXPECT_EQ(report.Text(), "70 - Permission denied");
-    report.Press("OK");
+    report.Click("OK");
     ::CloseHandle(holder);
     EXPECT_EQ(editor.Only("Edit").Text(), "milk and bread");
     EXPECT_EQ(WholeFile(NotePath("Shopping")).value(), before);
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
-    Box(program, "").Press("OK");
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    Box(program, "").Click("OK");
     EXPECT_TRUE(
         WholeFile(NotePath("Shopping")).value().starts_with("\"Shopping\",\"milk and bread\","));
 }
 
-TEST_F(Notes, TextsWithQuotesComeBackWhole) {
-    const std::pair<const char*, std::string> notes[] = {
-        {"Pipes", "5\" pipe, 3/4\" tap"},
-        {"Quoted", "\"To be, or not to be,\" he said.\r\n\"That is it.\""},
-        {"Fields", "a\",\"b\",#2031-01-01#,\""},
-    };
-    const std::string rest = "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
-    const auto bytesOf = [&rest](const std::string& title, const std::string& text) {
-        return '"' + title + "\",\"" + text + rest;
-    };
-    const Window main = StartProgram();
-    for (const auto& [title, text] : notes) {
-        const Window editor = MakeNote(main, title);
-        editor.Only("Edit").Type(text);
-        HideNote(editor);
-        ExpectNote(title, bytesOf(title, text));
-        tray::LeftClick(main);
-        MainWindow();
-    }
-    ExitProgram();
-
-    StartProgram();
-    for (const auto& [title, text] : notes) {
-        EXPECT_EQ(OpenRestored(title).Only("Edit").Text(), text);
-    }
-    // The one that is changed is saved, and the others stay as they are.
-    const Window pipes = program.WaitFor("Pipes");
-    pipes.Only("Edit").Type("6\" pipe");
-    HideNote(pipes);
-    ExitProgram();
-    ExpectNote("Pipes", bytesOf("Pipes", "6\" pipe"));
-    ExpectNote("Quoted", bytesOf("Quoted", notes[1].second));
-    ExpectNote("Fields", bytesOf("Fields", notes[2].second));
-    EXPECT_EQ(FileNames(folder + "\\Notes").size(), 3U);
-}
-
-TEST_F(Notes, TypedTextComesBackAfterTheProgramWasKilled) {
+TEST_F(NotesTest, TypedTextComesBackAfterTheProgramWasKilled) {
     const Window main = StartProgram();
     const Window saved = MakeNote(main, "Shopping");
     saved.Only("Edit").Type("milk");

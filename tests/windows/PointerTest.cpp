@@ -23,10 +23,10 @@ int PixelOfColumn(int column) { return (column * Dpi() + 95) / 96; }
 
 // Moves the real pointer over windows whose mouse-move handlers also take messages of the
 // notification area. Runs at every scale; see cmake/Checks.cmake.
-class Pointer : public DriverTest {
+class PointerTest : public DriverTest {
   protected:
     // Otherwise the system would give this program coordinates at 96 dpi.
-    Pointer() { ::SetProcessDPIAware(); }
+    PointerTest() { ::SetProcessDPIAware(); }
 
     // x and y in pixels from the corner of the client area.
     static void MoveTo(const Window& window, int x, int y) {
@@ -64,7 +64,7 @@ class Pointer : public DriverTest {
     }
 };
 
-TEST_F(Pointer, MovesOverTheMainWindowAreNotTrayMessages) {
+TEST_F(PointerTest, MovesOverTheMainWindowAreNotTrayMessages) {
     const Window main = StartProgram();
     const Window timer = OpenTimer(main);
     // The topmost rows of the window have no controls.
@@ -83,7 +83,7 @@ TEST_F(Pointer, MovesOverTheMainWindowAreNotTrayMessages) {
     ExitProgram();
 }
 
-TEST_F(Pointer, MovesAlongTheTopWithTheButtonDownAreNotTrayMessages) {
+TEST_F(PointerTest, MovesAlongTheTopWithTheButtonDownAreNotTrayMessages) {
     const Window main = StartProgram();
     const Window timer = OpenTimer(main);
     MoveTo(main, 400, 0);
@@ -105,10 +105,10 @@ TEST_F(Pointer, MovesAlongTheTopWithTheButtonDownAreNotTrayMessages) {
     ExitProgram();
 }
 
-TEST_F(Pointer, TheEditorAnswersAtTheColumnsOf96Dpi) {
+TEST_F(PointerTest, TheEditorAnswersAtTheColumnsOf96Dpi) {
     const Window main = StartProgram();
     const Window note = MakeNote(main, "Dentist");
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is back", [&] { return main.IsVisible(); });
     const Window timer = OpenTimer(main);
     const RECT beside = timer.Place();

@@ -19,7 +19,7 @@ class Printer {
         double height;  // points
         std::string words;
     };
-    // Waits for a page, and tells the lines on it.
+    // Waits for a page, and returns the lines on it.
     static std::vector<Line> WaitForPage();
 };
 

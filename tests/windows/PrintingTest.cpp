@@ -3,23 +3,23 @@
 
 namespace driver {
 
-class Printing : public DriverTest {
+class PrintingTest : public DriverTest {
   protected:
     static constexpr int toolbarPrint = 2;
     static constexpr const char* error = "Print Error";
 };
 
-TEST_F(Printing, AMissingPrinterIsReported) {
+TEST_F(PrintingTest, AMissingPrinterIsReported) {
     const Window editor = MakeNote(StartProgram(), "Shopping");
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarPrint);
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarPrint);
     const Box box(program, error);
     EXPECT_EQ(box.Text(),
               "         Jotwright encountered a printing error. \r\nPlease make sure printer is "
               "turned on and try again.");
-    box.Press("OK");
+    box.Click("OK");
 }
 
-TEST_F(Printing, ANoteIsPrintedWithItsTitle) {
+TEST_F(PrintingTest, ANoteIsPrintedWithItsTitle) {
     const Printer printer;
     const Window editor = MakeNote(StartProgram(), "Shopping");
     editor.Only("Edit").Type("Milk and eggs\r\nBread");

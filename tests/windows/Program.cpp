@@ -56,8 +56,8 @@ struct HandleList {
 constexpr ULONG listOfHandles = 64;
 using QuerySystem = LONG(WINAPI*)(ULONG information, void* memory, ULONG size, ULONG* needed);
 
-// Empty where the system does not tell. GetProcessHandleCount would tell their count sooner, but
-// not everywhere.
+// Empty if the system does not report them. GetProcessHandleCount would be simpler, but not every
+// system has it.
 std::vector<HANDLE> HandlesOf(DWORD process) {
     const auto query = reinterpret_cast<QuerySystem>(reinterpret_cast<void*>(
         ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation")));
@@ -267,7 +267,7 @@ std::string Box::Text() const {
     return text;
 }
 
-void Box::Press(const std::string& button) const {
+void Box::Click(const std::string& button) const {
     for (const Window& child : window.ChildrenOfClass("Button")) {
         std::string caption = child.Text();
         std::erase(caption, '&');

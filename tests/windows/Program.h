@@ -71,8 +71,8 @@ class Box {
     Box(const Program& boxProgram, const std::string& caption);
 
     std::string Text() const;
-    // Presses a button and waits until the box has closed.
-    void Press(const std::string& button) const;
+    // Clicks a button and waits until the box has closed.
+    void Click(const std::string& button) const;
 
     Window window;
 };

@@ -12,8 +12,7 @@ using forms::win32::Wide;
 
 constexpr COLORREF yellow = RGB(255, 255, 0);
 
-// The user's choice to do without the Recycle Bin on the disk of a folder, as long as this object
-// lives.
+// Switches the Recycle Bin off for the disk of a folder while the object exists, as a user can.
 class NoRecycleBin {
   public:
     explicit NoRecycleBin(const std::string& folder) {
@@ -40,19 +39,19 @@ class NoRecycleBin {
 
 }  // namespace
 
-class Recovery : public DriverTest {
+class RecoveryTest : public DriverTest {
   protected:
     static std::string Shopping(const std::string& title, const std::string& text) {
         return '"' + title + "\",\"" + text + "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
     }
-    // For half past nine and a minute, with a sound.
+    // Sets an alarm for 9:31, with a sound.
     static void SetAlarm(const Window& editor);
     // The editor of a note whose program was killed.
     Window WaitForUnsaved(const std::string& title) const;
     std::vector<std::string> Files() const { return FileNames(folder + "\\Notes"); }
 };
 
-void Recovery::SetAlarm(const Window& editor) {
+void RecoveryTest::SetAlarm(const Window& editor) {
     PickTime(TimePicker(editor), 9, 31);
     editor.Button(audioBoxCaption).Click();
     editor.Button(editorSet).Click();
@@ -60,13 +59,13 @@ void Recovery::SetAlarm(const Window& editor) {
               [&] { return static_cast<bool>(editor.FindChild("Button", editorTurnOff)); });
 }
 
-Window Recovery::WaitForUnsaved(const std::string& title) const {
+Window RecoveryTest::WaitForUnsaved(const std::string& title) const {
     const Window editor = program.WaitFor(title);
     WaitUntilFilled(editor, "Edit");
     return editor;
 }
 
-TEST_F(Recovery, ATextWhoseFileHasChangedComesUpBesideIt) {
+TEST_F(RecoveryTest, ATextWhoseFileHasChangedComesUpBesideIt) {
     WriteNote("Shopping", Shopping("Shopping", "milk"));
     StartProgram();
     OpenRestored("Shopping").Only("Edit").Type("milk and eggs");
@@ -86,7 +85,7 @@ TEST_F(Recovery, ATextWhoseFileHasChangedComesUpBesideIt) {
     EXPECT_EQ(Files(), (std::vector<std::string>{"Shopping (recovered).txt", "Shopping.txt"}));
 }
 
-TEST_F(Recovery, AnAlarmAColorAndASizeThatWereNotSavedComeBack) {
+TEST_F(RecoveryTest, UnsavedAlarmColorAndFontSizeComeBack) {
     const std::string saved = Shopping("Dentist", "Call");
     WriteNote("Dentist", saved);
     const Window main = StartProgram();
@@ -94,7 +93,7 @@ TEST_F(Recovery, AnAlarmAColorAndASizeThatWereNotSavedComeBack) {
     ChooseFromPopup(program, dentist.Only("Edit"), popupYellow);
     ChooseFromPopup(program, dentist.Only("Edit"), popup14Points);
     SetAlarm(dentist);
-    // One that was never saved.
+    // A note that was never saved.
     const Window rent = MakeNote(main, "Rent");
     rent.Only("Edit").Type("Pay");
     PickDate(DatePicker(rent), 2031, 6, 5);
@@ -122,7 +121,7 @@ TEST_F(Recovery, AnAlarmAColorAndASizeThatWereNotSavedComeBack) {
     const std::uint64_t before = recorder.Now();
     LetAlarmCome("2031-06-02 09:30:58", alarmBox);
     EXPECT_EQ(recorder.WaitForSound(before), "Alarm buzzer.wav");
-    Box(program, alarmBox).Press("OK");
+    Box(program, alarmBox).Click("OK");
     HideNote(again);
     ExpectNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:31:00#,5,14,\"0\",0,\"yes\"\r\n");
     EXPECT_TRUE(unsaved.FindChild("Button", editorTurnOff));
@@ -131,7 +130,7 @@ TEST_F(Recovery, AnAlarmAColorAndASizeThatWereNotSavedComeBack) {
     EXPECT_EQ(Files(), (std::vector<std::string>{"Dentist.txt", "Rent.txt"}));
 }
 
-TEST_F(Recovery, WithoutARecycleBinFilesAreRenamed) {
+TEST_F(RecoveryTest, WithoutARecycleBinFilesAreRenamed) {
     const NoRecycleBin noBin(folder);
     WriteNote("Bad", "\"Bad\",\"no");
     WriteNote("Shopping", Shopping("Shopping", "milk"));
@@ -140,11 +139,11 @@ TEST_F(Recovery, WithoutARecycleBinFilesAreRenamed) {
     EXPECT_FALSE(FileExists(NotePath("Bad")));
     EXPECT_EQ(WholeFile(NotePath("Bad") + ".damaged"), "\"Bad\",\"no");
 
-    // What another program has saved meanwhile.
+    // The note that another program has saved meanwhile.
     WriteNote("Shopping", Shopping("Shopping", "bread"));
     editor.Only("Edit").Type("milk and eggs");
-    PressToolbar(editor.Only(toolbarClass), toolbarSave);
-    Box(program, "").Press("OK");
+    ClickToolbar(editor.Only(toolbarClass), toolbarSave);
+    Box(program, "").Click("OK");
     ExpectNote("Shopping", Shopping("Shopping", "milk and eggs"));
     EXPECT_EQ(WholeFile(NotePath("Shopping") + ".replaced"), Shopping("Shopping", "bread"));
     ExitProgram();

@@ -2,15 +2,15 @@
 
 namespace driver {
 
-// A note is its file, whatever its title.
-class SameTitles : public DriverTest {
+// A note is identified by its file, not by its title.
+class SameTitlesTest : public DriverTest {
   protected:
-    // Two files, "First" and "Second", of the title "Shopping". Starts the program and restores
-    // both editors.
+    // Starts the program with two files, "First" and "Second", whose notes have the title
+    // "Shopping", and restores both editors.
     void StartWithTwo();
     // The editor that shows this text.
     Window EditorOf(const std::string& text) const;
-    // Of the panel's only row or rows.
+    // Opens the note of a row with a double click. Returns its editor, which shows this text.
     Window EditRow(const Window& panel, int row, const std::string& text) const;
     static std::string Bytes(const std::string& text) {
         return "\"Shopping\",\"" + text + "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
@@ -20,7 +20,7 @@ class SameTitles : public DriverTest {
     const std::vector<std::string> bothFiles{"First.txt", "Second.txt"};
 };
 
-void SameTitles::StartWithTwo() {
+void SameTitlesTest::StartWithTwo() {
     WriteNote("First", Bytes("milk"));
     WriteNote("Second", Bytes("bread"));
     StartProgram();
@@ -31,7 +31,7 @@ void SameTitles::StartWithTwo() {
     }
 }
 
-Window SameTitles::EditorOf(const std::string& text) const {
+Window SameTitlesTest::EditorOf(const std::string& text) const {
     Window found;
     WaitUntil("an editor shows " + text, [&] {
         for (const Window& editor : program.Visible("Shopping")) {
@@ -45,7 +45,7 @@ Window SameTitles::EditorOf(const std::string& text) const {
     return found;
 }
 
-Window SameTitles::EditRow(const Window& panel, int row, const std::string& text) const {
+Window SameTitlesTest::EditRow(const Window& panel, int row, const std::string& text) const {
     EXPECT_EQ(CellText(panel.Only(listClass), row, 1), "Shopping");
     DoubleClickRow(panel.Only(listClass), row);
     const Window editor = EditorOf(text);
@@ -53,7 +53,7 @@ Window SameTitles::EditRow(const Window& panel, int row, const std::string& text
     return editor;
 }
 
-TEST_F(SameTitles, EachNoteIsSavedToItsOwnFile) {
+TEST_F(SameTitlesTest, EachNoteIsSavedToItsOwnFile) {
     StartWithTwo();
     const Window first = EditorOf("milk");
     const Window second = EditorOf("bread");
@@ -65,7 +65,7 @@ TEST_F(SameTitles, EachNoteIsSavedToItsOwnFile) {
     HideNote(second);
     ExpectNote("Second", Bytes("bread and butter"));
 
-    // Each row opens its own.
+    // Each row opens its own note.
     Window panel = OpenPanel(FindMain());
     EXPECT_TRUE(panel.FindChild("Static", "Total Notes: 2"));
     ASSERT_EQ(RowCount(panel.Only(listClass)), 2);
@@ -74,15 +74,15 @@ TEST_F(SameTitles, EachNoteIsSavedToItsOwnFile) {
     WaitUntilFilled(panel, listClass);
     const Window again = EditRow(panel, 0, "milk and eggs");
     again.Only("Edit").Type("milk");
-    again.Close();
-    Box(program, saveQuestion).Press("Yes");
+    again.CloseBox();
+    Box(program, saveQuestion).Click("Yes");
     WaitUntil("the editor has gone", [&] { return !again.Exists(); });
     ExpectNote("First", Bytes("milk"));
     ExpectNote("Second", Bytes("bread and butter"));
     EXPECT_EQ(Files(), bothFiles);
 }
 
-TEST_F(SameTitles, TheEndOfTheProgramSavesTheNoteThatWasChanged) {
+TEST_F(SameTitlesTest, TheEndOfTheProgramSavesTheNoteThatWasChanged) {
     StartWithTwo();
     EditorOf("bread").Only("Edit").Type("bread and butter");
     ExitProgram();
@@ -91,12 +91,12 @@ TEST_F(SameTitles, TheEndOfTheProgramSavesTheNoteThatWasChanged) {
     EXPECT_EQ(Files(), bothFiles);
 }
 
-TEST_F(SameTitles, OneIsErasedWithoutTheOther) {
+TEST_F(SameTitlesTest, OneIsErasedWithoutTheOther) {
     StartWithTwo();
     const Window first = EditorOf("milk");
     const Window second = EditorOf("bread");
-    PressToolbar(first.Only(toolbarClass), toolbarErase);
-    Box(program, "Kill Note").Press("Yes");
+    ClickToolbar(first.Only(toolbarClass), toolbarErase);
+    Box(program, "Kill Note").Click("Yes");
     WaitUntil("the editor has gone", [&] { return !first.Exists(); });
     EXPECT_EQ(Files(), std::vector<std::string>{"Second.txt"});
     EXPECT_EQ(second.Only("Edit").Text(), "bread");
@@ -109,10 +109,10 @@ TEST_F(SameTitles, OneIsErasedWithoutTheOther) {
     const Window panel = OpenPanel(FindMain());
     const Window list = panel.Only(listClass);
     ASSERT_EQ(RowCount(list), 2);
-    ClickRow(list, 1);
+    SelectRow(list, 1);
     WaitUntil("a note is selected", [&] { return panel.Button("&Erase").IsEnabled(); });
     panel.Button("&Erase").Click();
-    Box(program, "Deleting Note").Press("Yes");
+    Box(program, "Deleting Note").Click("Yes");
     WaitUntil("the row is gone", [&] { return RowCount(list) == 1; });
     WaitUntil("the file is gone", [&] { return !FileExists(NotePath("Second")); });
     EXPECT_EQ(Files(), std::vector<std::string>{"First.txt"});

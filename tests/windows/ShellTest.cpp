@@ -5,7 +5,7 @@
 namespace driver {
 
 // Broadcasts of Windows: a new shell, a change of monitors, a change of the time.
-class Shell : public DriverTest {
+class ShellTest : public DriverTest {
   protected:
     // The hidden window that receives them.
     Window Utility() const;
@@ -14,7 +14,7 @@ class Shell : public DriverTest {
     static void MoveTo(const Window& window, int x, int y);
 };
 
-Window Shell::Utility() const {
+Window ShellTest::Utility() const {
     for (const Window& window : program.Windows()) {
         if (window.ClassName() == "FormsUtility") {
             return window;
@@ -23,13 +23,13 @@ Window Shell::Utility() const {
     throw Failure("the program has no window for what the system tells it");
 }
 
-RECT Shell::WorkArea() {
+RECT ShellTest::WorkArea() {
     RECT work{};
     ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
     return work;
 }
 
-bool Shell::IsInWorkArea(const Window& window) {
+bool ShellTest::IsInWorkArea(const Window& window) {
     const RECT work = WorkArea();
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
@@ -42,12 +42,12 @@ bool Shell::IsInWorkArea(const Window& window) {
     return ::IntersectRect(&common, &place, &work) != 0 && ::EqualRect(&common, &place) != 0;
 }
 
-void Shell::MoveTo(const Window& window, int x, int y) {
+void ShellTest::MoveTo(const Window& window, int x, int y) {
     ::SetWindowPos(window.handle, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     window.Send(WM_NULL);
 }
 
-TEST_F(Shell, TheIconComesBackWithANewShell) {
+TEST_F(ShellTest, TheIconComesBackWithANewShell) {
     const Window main = StartProgram();
     ASSERT_TRUE(tray::HasIcon(main));
     // The program's icon in the data of the shell. Remove it, as the end of a shell does.
@@ -63,14 +63,14 @@ TEST_F(Shell, TheIconComesBackWithANewShell) {
     EXPECT_FALSE(tray::HasIcon(main));
 }
 
-TEST_F(Shell, WindowsComeBackFromARemovedMonitor) {
+TEST_F(ShellTest, WindowsComeBackFromARemovedMonitor) {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n");
     const Window main = StartProgram();
     const Window minimized = program.WaitFor("Dentist");
     const Window editor = MakeNote(main, "Shopping");
     WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });
     const Window timer = [&] {
-        tray::LeftClick(main);
+        tray::Click(main);
         WaitUntil("the main window is back", [&] { return main.IsVisible(); });
         main.Button("&Timer").Click();
         return program.WaitFor("Novelty Timer");
@@ -99,19 +99,19 @@ TEST_F(Shell, WindowsComeBackFromARemovedMonitor) {
     EXPECT_TRUE(IsInWorkArea(box.window));
     const RECT after = main.Place();
     EXPECT_TRUE(::EqualRect(&after, &mainPlace));
-    box.Press("OK");
+    box.Click("OK");
     MoveTo(timer, 100, -2000);
     Utility().Send(WM_SETTINGCHANGE, SPI_SETWORKAREA);
     EXPECT_TRUE(IsInWorkArea(timer));
 
-    minimized.Post(WM_SYSCOMMAND, SC_RESTORE);
+    minimized.Restore();
     WaitUntilFilled(minimized, "Edit");
     EXPECT_TRUE(IsInWorkArea(minimized));
-    main.Close();
+    main.CloseBox();
     EXPECT_EQ(program.WaitForEnd(), 0U);
 }
 
-TEST_F(Shell, AlarmsFollowTheWallClockAfterEveryChange) {
+TEST_F(ShellTest, AlarmsFollowTheWallClockAfterEveryChange) {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#11:30:00#,1,12,\"1\",0,\"yes\"\r\n");
     StartProgram();
     const Window editor = program.WaitFor("Dentist");

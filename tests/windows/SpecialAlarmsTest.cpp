@@ -29,7 +29,7 @@ std::vector<Window> Column(std::vector<Window> cells) {
 
 }  // namespace
 
-class SpecialAlarms : public DriverTest {
+class SpecialAlarmsTest : public DriverTest {
   protected:
     struct Rows {
         std::vector<Window> enabled;
@@ -43,7 +43,7 @@ class SpecialAlarms : public DriverTest {
     static void Enable(const Window& checkBox, bool enable);
     // Sets a row to 10:30 of this day and enables it.
     static void Fill(const Rows& rows, std::size_t row, int day);
-    // Waits until Save is enabled, and presses it.
+    // Waits until Save is enabled, and clicks it.
     static void Save(const Window& window);
     void Close(const Window& window) const;
     void ExpectIdentical(int first, int second) const;
@@ -52,14 +52,14 @@ class SpecialAlarms : public DriverTest {
     void ExpectNoBox() const { EXPECT_TRUE(program.Visible(alarmCaption).empty()); }
 };
 
-Window SpecialAlarms::Open(const Window& main) const {
+Window SpecialAlarmsTest::Open(const Window& main) const {
     main.Button("S&pecial Alarms").Click();
     const Window window = program.WaitFor(caption);
     WaitUntilFilled(window, "Edit");
     return window;
 }
 
-SpecialAlarms::Rows SpecialAlarms::RowsOf(const Window& window) {
+SpecialAlarmsTest::Rows SpecialAlarmsTest::RowsOf(const Window& window) {
     auto enabled = window.ChildrenOfClass("Button");
     std::erase_if(enabled, [](const Window& button) { return button.Text() != "Enabled"; });
     Rows rows{Column(enabled), Column(window.ChildrenOfClass("ComboBox")),
@@ -73,28 +73,28 @@ SpecialAlarms::Rows SpecialAlarms::RowsOf(const Window& window) {
     return rows;
 }
 
-void SpecialAlarms::Enable(const Window& checkBox, bool enable) {
+void SpecialAlarmsTest::Enable(const Window& checkBox, bool enable) {
     checkBox.Click();
     WaitUntil("the box is changed", [&] { return checkBox.IsChecked() == enable; });
 }
 
-void SpecialAlarms::Fill(const Rows& rows, std::size_t row, int day) {
-    Choose(rows.days[row], day);
+void SpecialAlarmsTest::Fill(const Rows& rows, std::size_t row, int day) {
+    Select(rows.days[row], day);
     PickTime(rows.times[row], 10, 30);
     Enable(rows.enabled[row], true);
 }
 
-void SpecialAlarms::Save(const Window& window) {
+void SpecialAlarmsTest::Save(const Window& window) {
     WaitUntil("the changes can be saved", [&] { return window.Button("&Save").IsEnabled(); });
     window.Button("&Save").Click();
 }
 
-void SpecialAlarms::Close(const Window& window) const {
+void SpecialAlarmsTest::Close(const Window& window) const {
     window.Button("&Close").Click();
     program.WaitUntilGone(caption);
 }
 
-void SpecialAlarms::ExpectIdentical(int first, int second) const {
+void SpecialAlarmsTest::ExpectIdentical(int first, int second) const {
     const Box box(program, "Error - Identical Alarms");
     EXPECT_EQ(box.Text(), "                    Alarm Number: " + std::to_string(first) +
                               "\r\n                               and \r\n"
@@ -102,16 +102,16 @@ void SpecialAlarms::ExpectIdentical(int first, int second) const {
                               std::to_string(second) +
                               "\r\n          Have the same day and time set.\r\n\r\n"
                               "  Alarms can't be set for the same day and time.      ");
-    box.Press("OK");
+    box.Click("OK");
     EXPECT_FALSE(program.Visible(caption).empty());
 }
 
-void SpecialAlarms::WriteAlarms(const std::string& bytes) const {
+void SpecialAlarmsTest::WriteAlarms(const std::string& bytes) const {
     MakeFolder(folder + "\\SpecialAlarms");
     WriteWholeFile(Path(), bytes);
 }
 
-TEST_F(SpecialAlarms, NoTwoEnabledRowsMayBeIdentical) {
+TEST_F(SpecialAlarmsTest, NoTwoEnabledRowsMayBeIdentical) {
     const Window main = StartProgram();
     Window window = Open(main);
     Rows rows = RowsOf(window);
@@ -155,10 +155,10 @@ TEST_F(SpecialAlarms, NoTwoEnabledRowsMayBeIdentical) {
     EXPECT_EQ(WholeFile(Path()).value_or("(no file)"), saved);
 }
 
-TEST_F(SpecialAlarms, EveryKindOfChangeCanBeSaved) {
+TEST_F(SpecialAlarmsTest, EveryKindOfChangeCanBeSaved) {
     const Window main = StartProgram();
     const std::vector<std::function<void(const Rows&)>> changes{
-        [](const Rows& rows) { Choose(rows.days[0], friday); },
+        [](const Rows& rows) { Select(rows.days[0], friday); },
         [](const Rows& rows) { PickTime(rows.times[1], 15, 45); },
         [](const Rows& rows) { rows.messages[2].Type("x"); },
         [](const Rows& rows) { Enable(rows.enabled[3], true); },
@@ -179,7 +179,7 @@ TEST_F(SpecialAlarms, EveryKindOfChangeCanBeSaved) {
     EXPECT_FALSE(FileExists(Path()));
 }
 
-TEST_F(SpecialAlarms, RowsOfOneSecondRingOneAfterTheOther) {
+TEST_F(SpecialAlarmsTest, RowsOfOneSecondRingOneAfterTheOther) {
     const std::string saved =
         "\"Monday\",#09:01:00#,\"\",1\r\n"
         "\"Tuesday\",#09:01:00#,\"another day\",1\r\n"
@@ -198,13 +198,13 @@ TEST_F(SpecialAlarms, RowsOfOneSecondRingOneAfterTheOther) {
         // The sound lasts 1.6 seconds, so it loops.
         Clock::WaitFor("2031-06-02 09:01:04");
         EXPECT_EQ(recorder.WaitForSound(recorder.Now()), "Alarm buzzer.wav");
-        box.Press("OK");
+        box.Click("OK");
     }
     {
         const Box box(program, alarmCaption);
         EXPECT_EQ(box.Text(), std::string(heading) + "second");
         EXPECT_EQ(recorder.WaitForSound(recorder.Now()), "Alarm buzzer.wav");
-        box.Press("OK");
+        box.Click("OK");
     }
     recorder.WaitForSilence();
     ExpectNoBox();
@@ -227,21 +227,21 @@ TEST_F(SpecialAlarms, RowsOfOneSecondRingOneAfterTheOther) {
     {
         const Box box(program, alarmCaption);
         EXPECT_EQ(box.Text(), std::string(heading) + "saved in the window");
-        box.Press("OK");
+        box.Click("OK");
     }
     LetAlarmCome("2031-06-02 09:02:28", alarmCaption);
     const Box box(program, alarmCaption);
     EXPECT_GE(Clock::Now(), "2031-06-02 09:02:30");
     EXPECT_EQ(box.Text(), std::string(heading) + "half past");
-    box.Press("OK");
+    box.Click("OK");
 }
 
-TEST_F(SpecialAlarms, ADamagedFileIsReportedWhenTheWindowOpens) {
+TEST_F(SpecialAlarmsTest, ADamagedFileIsReportedWhenTheWindowOpens) {
     const std::string whole = "\"Friday\",#17:30:00#,\"Pay the rent\",1\r\n";
     WriteAlarms(whole + "\"Monday\",#08:0");
     const Window main = StartProgram();
     main.Button("S&pecial Alarms").Click();
-    Box(program, "Error Loading Special Alarms").Press("OK");
+    Box(program, "Error Loading Special Alarms").Click("OK");
     const Window window = program.WaitFor(caption);
     WaitUntilFilled(window, "Edit");
     const Rows rows = RowsOf(window);

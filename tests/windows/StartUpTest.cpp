@@ -5,9 +5,9 @@
 
 namespace driver {
 
-class StartUp : public DriverTest {};
+class StartUpTest : public DriverTest {};
 
-TEST_F(StartUp, TheFirstStartMakesTheFolderAndShowsSplashMainWindowAndTips) {
+TEST_F(StartUpTest, TheFirstStartMakesTheFolderAndShowsSplashMainWindowAndTips) {
     EraseSettings();
     const auto mainIsShown = [&] { return FindMain() && FindMain().IsVisible(); };
     ULONGLONG startTime = 0;
@@ -48,14 +48,14 @@ TEST_F(StartUp, TheFirstStartMakesTheFolderAndShowsSplashMainWindowAndTips) {
     ExitProgram();
 }
 
-TEST_F(StartUp, SuppressedTipsAreNotShown) {
+TEST_F(StartUpTest, SuppressedTipsAreNotShown) {
     const Window main = StartProgram();
     EXPECT_TRUE(program.Visible("Jotwright - Tips and Tricks").empty());
     EXPECT_TRUE(main.IsEnabled());
     ExitProgram();
 }
 
-TEST_F(StartUp, ASecondCopySaysSoAndChangesNothing) {
+TEST_F(StartUpTest, ASecondCopyShowsAMessageAndChangesNothing) {
     const std::string bytes =
         "\"Dentist\",\"Call\",#2031-06-05#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n";
     WriteNote("Dentist", bytes);
@@ -89,7 +89,7 @@ TEST_F(StartUp, ASecondCopySaysSoAndChangesNothing) {
     ExitProgram();
 }
 
-TEST_F(StartUp, EveryExitEndsTheProgramAndTakesItsIconAway) {
+TEST_F(StartUpTest, EveryExitEndsTheProgramAndRemovesItsIcon) {
     const auto exitBy = [this](const std::function<void(const Window&)>& leave) {
         const Window main = StartProgram();
         EXPECT_TRUE(tray::HasIcon(main));
@@ -99,7 +99,7 @@ TEST_F(StartUp, EveryExitEndsTheProgramAndTakesItsIconAway) {
     };
     exitBy([](const Window& main) { main.Button("E&xit").Click(); });
     exitBy([this](const Window& main) { ChooseFromMenuBar(program, main, barFileExit); });
-    exitBy([](const Window& main) { main.Close(); });
+    exitBy([](const Window& main) { main.CloseBox(); });
 }
 
 }  // namespace driver

@@ -10,7 +10,7 @@
 namespace driver {
 
 // Tips that open when the pointer rests on a control.
-class ToolTips : public DriverTest {
+class ToolTipsTest : public DriverTest {
   protected:
     // The open tip; a null window if there is none.
     Window Shown() const;
@@ -19,7 +19,7 @@ class ToolTips : public DriverTest {
     void ExpectTip(const Window& control, const std::string& text);
 };
 
-Window ToolTips::Shown() const {
+Window ToolTipsTest::Shown() const {
     const auto windows = program.Windows();
     const auto found = std::find_if(windows.begin(), windows.end(), [](const Window& window) {
         return window.IsVisible() && window.ClassName() == TOOLTIPS_CLASSA;
@@ -27,7 +27,7 @@ Window ToolTips::Shown() const {
     return found == windows.end() ? Window() : *found;
 }
 
-void ToolTips::ExpectTipAt(POINT place, const std::string& text) {
+void ToolTipsTest::ExpectTipAt(POINT place, const std::string& text) {
     std::string shown;
     // A tip closes by itself, so a test that stood still may miss it.
     WaitUntil("a tip is shown that says: " + text, [&] {
@@ -44,12 +44,12 @@ void ToolTips::ExpectTipAt(POINT place, const std::string& text) {
     EXPECT_EQ(shown, text);
 }
 
-void ToolTips::ExpectTip(const Window& control, const std::string& text) {
+void ToolTipsTest::ExpectTip(const Window& control, const std::string& text) {
     const RECT place = control.Place();
     ExpectTipAt({(place.left + place.right) / 2, (place.top + place.bottom) / 2}, text);
 }
 
-TEST_F(ToolTips, AreShownForButtonsLabelsAndPictures) {
+TEST_F(ToolTipsTest, AreShownForButtonsLabelsAndPictures) {
     const Window main = StartProgram();
     ExpectTip(main.Button("Make &Note"), "Make a new note");
     ExpectTip(main.Button("Start CooKoo &Clock"), "Start the cookoo clock");
@@ -62,7 +62,7 @@ TEST_F(ToolTips, AreShownForButtonsLabelsAndPictures) {
     ExitProgram();
 }
 
-TEST_F(ToolTips, AreShownForTheNoteAndEveryButtonOfItsToolbar) {
+TEST_F(ToolTipsTest, AreShownForTheNoteAndEveryButtonOfItsToolbar) {
     const Window editor = MakeNote(StartProgram(), "Dentist");
     ExpectTip(editor.Only("Edit"), "  Double Click To View The  Menu.");
     const Window toolbar = editor.Only(toolbarClass);
@@ -82,7 +82,7 @@ TEST_F(ToolTips, AreShownForTheNoteAndEveryButtonOfItsToolbar) {
     ExitProgram();
 }
 
-TEST_F(ToolTips, AreShownWhereAnAlarmIsSetAndWhereItRings) {
+TEST_F(ToolTipsTest, AreShownWhereAnAlarmIsSetAndWhereItRings) {
     WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-02#,#09:30:00#,1,12,\"1\",1,\"yes\"\r\n");
     const Window main = StartProgram();
     const Window editor = OpenRestored("Dentist");
@@ -92,14 +92,14 @@ TEST_F(ToolTips, AreShownWhereAnAlarmIsSetAndWhereItRings) {
     const Window display = program.WaitFor("Dentist");
     ExpectTip(display.Child("Static", "Jotwright Note"), "Left Click To View PopUp Menu");
     ExpectTip(display.Only("Edit"), "Right Click Above Lines To Access Menu");
-    display.Close();
-    Box(program, displayQuestion).Press("No");
-    main.Close();
+    display.CloseBox();
+    Box(program, displayQuestion).Click("No");
+    main.CloseBox();
     EXPECT_EQ(program.WaitForEnd(), 0U);
 }
 
 // A text that fits in one line at one scale must fit at another.
-TEST_F(ToolTips, WidenWithTheScale) {
+TEST_F(ToolTipsTest, WidenWithTheScale) {
     const Window main = StartProgram();
     ExpectTip(main.Button("Make &Note"), "Make a new note");
     const Window tips = Shown();

@@ -11,38 +11,38 @@ constexpr int mostIcons = 8;
 
 }  // namespace
 
-class Tray : public DriverTest {
+class TrayTest : public DriverTest {
   protected:
     Window StartHidden();
 };
 
-Window Tray::StartHidden() {
+Window TrayTest::StartHidden() {
     const Window main = StartProgram();
     main.Button("&Hide Me").Click();
     WaitUntil("the main window hides", [&] { return !main.IsVisible(); });
     return main;
 }
 
-TEST_F(Tray, ALeftClickShowsTheHiddenWindow) {
+TEST_F(TrayTest, ALeftClickShowsTheHiddenWindow) {
     const Window main = StartHidden();
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is shown", [&] { return main.IsVisible(); });
     EXPECT_TRUE(main.IsEnabled());
 }
 
-TEST_F(Tray, ALeftClickRestoresTheMinimizedWindow) {
+TEST_F(TrayTest, ALeftClickRestoresTheMinimizedWindow) {
     const Window main = StartProgram();
-    main.Post(WM_SYSCOMMAND, SC_MINIMIZE);
+    main.Minimize();
     WaitUntil("the main window is minimized", [&] { return main.IsMinimized(); });
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is restored",
               [&] { return !main.IsMinimized() && main.IsVisible(); });
 }
 
-TEST_F(Tray, ADoubleClickGoesToTheTitleBox) {
+TEST_F(TrayTest, ADoubleClickGoesToTheTitleBox) {
     const Window main = StartProgram();
     main.Button("&Timer").Click();
-    program.WaitFor("Novelty Timer").Close();
+    program.WaitFor("Novelty Timer").CloseBox();
     program.WaitUntilGone("Novelty Timer");
     main.Button("&Hide Me").Click();
     WaitUntil("the main window hides", [&] { return !main.IsVisible(); });
@@ -51,7 +51,7 @@ TEST_F(Tray, ADoubleClickGoesToTheTitleBox) {
               [&] { return main.IsVisible() && main.Only("Edit").HasFocus(); });
 }
 
-TEST_F(Tray, ARightClickOpensTheMenuEvenWhileTheWindowIsHidden) {
+TEST_F(TrayTest, ARightClickOpensTheMenuEvenWhileTheWindowIsHidden) {
     const Window main = StartHidden();
     tray::RightClick(main);
     ChooseFromOpenMenu(program, main, {trayShow});
@@ -63,9 +63,9 @@ TEST_F(Tray, ARightClickOpensTheMenuEvenWhileTheWindowIsHidden) {
     WaitUntil("the main window hides", [&] { return !main.IsVisible(); });
 }
 
-TEST_F(Tray, ShowRestoresAWindowThatWasMinimizedBeforeItWasHidden) {
+TEST_F(TrayTest, ShowRestoresAWindowThatWasMinimizedBeforeItWasHidden) {
     const Window main = StartProgram();
-    main.Post(WM_SYSCOMMAND, SC_MINIMIZE);
+    main.Minimize();
     WaitUntil("the main window is minimized", [&] { return main.IsMinimized(); });
     tray::RightClick(main);
     ChooseFromOpenMenu(program, main, {trayHide});
@@ -78,7 +78,7 @@ TEST_F(Tray, ShowRestoresAWindowThatWasMinimizedBeforeItWasHidden) {
     ExitProgram();
 }
 
-TEST_F(Tray, ExitEndsTheProgramAndSavesItsNotes) {
+TEST_F(TrayTest, ExitEndsTheProgramAndSavesItsNotes) {
     const Window main = StartProgram();
     MakeNote(main, "Shopping").Only("Edit").Type("milk");
     WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });
@@ -89,7 +89,7 @@ TEST_F(Tray, ExitEndsTheProgramAndSavesItsNotes) {
                "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(Tray, TheIconIsThereWhileTheProgramRuns) {
+TEST_F(TrayTest, TheIconIsThereWhileTheProgramRuns) {
     const Window main = StartHidden();
     const Window taskBar(::FindWindowW(L"Shell_TrayWnd", nullptr));
     ASSERT_TRUE(taskBar);

@@ -2,10 +2,10 @@
 
 namespace driver {
 
-// Two sessions of a user's, or two machines, may share the folder of the notes.
-class TwoPrograms : public DriverTest {
+// Two sessions of a user, or two machines, may share the folder of the notes.
+class TwoProgramsTest : public DriverTest {
   protected:
-    // Starts a second copy beside the first, which it does not know of.
+    // Starts a second copy that does not detect the first.
     void StartSecond();
     Window SecondMain() const;
     static std::string Shopping(const std::string& text) {
@@ -18,7 +18,7 @@ class TwoPrograms : public DriverTest {
     Program second;
 };
 
-Window TwoPrograms::SecondMain() const {
+Window TwoProgramsTest::SecondMain() const {
     for (const Window& window : second.Windows()) {
         if (window.HasTitleBar() && window.Text() == mainCaption && window.IsVisible()) {
             return window;
@@ -27,20 +27,20 @@ Window TwoPrograms::SecondMain() const {
     return {};
 }
 
-void TwoPrograms::StartSecond() {
+void TwoProgramsTest::StartSecond() {
     program.CloseMutex("Local\\Jotwright.Instance");
     second.Start(executable);
     WaitUntil("the second main window is shown",
               [this] { return static_cast<bool>(SecondMain()); });
 }
 
-std::string TwoPrograms::InstanceOf(const std::string& copyName) const {
+std::string TwoProgramsTest::InstanceOf(const std::string& copyName) const {
     const std::string bytes = WholeFile(CopyPath(copyName)).value();
     const std::size_t start = bytes.find("\r\n") + 2;
     return bytes.substr(start, bytes.find("\r\n", start) - start);
 }
 
-TEST_F(TwoPrograms, NeitherTouchesWhatTheOtherHasUnsaved) {
+TEST_F(TwoProgramsTest, NeitherTouchesTheUnsavedTextsOfTheOther) {
     WriteNote("Shopping", Shopping("milk"));
     StartProgram();
     const Window first = OpenRestored("Shopping");
@@ -48,7 +48,7 @@ TEST_F(TwoPrograms, NeitherTouchesWhatTheOtherHasUnsaved) {
     WaitForCopy("Shopping", "milk and eggs");
     const std::string firstCopy = CopyPath("Shopping");
     const std::string copy = WholeFile(firstCopy).value();
-    // A file that the first one is writing, and files that programs have left that were killed.
+    // A file that the first program is writing, and files that killed programs have left.
     const std::string beingWritten = "~Jotwright-" + InstanceOf("Shopping") + "-999.tmp";
     WriteWholeFile(InNotes(beingWritten),
                    "\"Rent\",\"pay\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
@@ -67,7 +67,8 @@ TEST_F(TwoPrograms, NeitherTouchesWhatTheOtherHasUnsaved) {
                                         firstCopy.substr(firstCopy.rfind('\\') + 1)}));
     EXPECT_EQ(WholeFile(firstCopy), copy);
 
-    // Both copies stand side by side, and so do both saved texts: the later one has the file.
+    // Both recovery copies exist, and later both saved texts. The text that is saved last has the
+    // file of the note.
     other.Only("Edit").Type("bread");
     WaitForCopy("Shopping", "bread");
     EXPECT_EQ(CopyPaths("Shopping").size(), 2U);
@@ -77,7 +78,7 @@ TEST_F(TwoPrograms, NeitherTouchesWhatTheOtherHasUnsaved) {
     EXPECT_EQ(CopyPaths("Shopping"), std::vector<std::string>{firstCopy});
     EXPECT_EQ(first.Only("Edit").Text(), "milk and eggs");
     WaitForCopy("Shopping", "milk and eggs");
-    SecondMain().Close();
+    SecondMain().CloseBox();
     EXPECT_EQ(second.WaitForEnd(), 0U);
     HideNote(first);
     ExpectNote("Shopping", Shopping("milk and eggs"));
@@ -85,7 +86,7 @@ TEST_F(TwoPrograms, NeitherTouchesWhatTheOtherHasUnsaved) {
     ExpectNote("Lost", "\"Lost\",\"text\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-TEST_F(TwoPrograms, WhatTheFirstLeavesWhenItIsKilledComesBackAtTheNextStart) {
+TEST_F(TwoProgramsTest, UnsavedTextsOfTheFirstComeBackAfterItIsKilled) {
     WriteNote("Shopping", Shopping("milk"));
     StartProgram();
     OpenRestored("Shopping").Only("Edit").Type("milk and eggs");
@@ -95,7 +96,7 @@ TEST_F(TwoPrograms, WhatTheFirstLeavesWhenItIsKilledComesBackAtTheNextStart) {
     StartSecond();
     EXPECT_TRUE(second.WaitFor("Shopping").IsMinimized());
     program.Kill();
-    SecondMain().Close();
+    SecondMain().CloseBox();
     EXPECT_EQ(second.WaitForEnd(), 0U);
     ExpectNote("Shopping", Shopping("milk"));
     EXPECT_TRUE(FileExists(InNotes(beingWritten)));

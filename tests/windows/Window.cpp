@@ -166,7 +166,7 @@ void Window::PressKeys(const std::vector<WORD>& virtualKeys) {
     ::SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
-void Window::Key(WPARAM virtualKey) const {
+void Window::Press(WPARAM virtualKey) const {
     const UINT scan = ::MapVirtualKeyW(static_cast<UINT>(virtualKey), MAPVK_VK_TO_VSC);
     const LPARAM down = static_cast<LPARAM>((scan << 16) | 1U);
     Post(WM_KEYDOWN, virtualKey, down);

@@ -52,7 +52,7 @@ class Window {
     // The only visible child of this class. Raises Failure if there are none or several.
     Window Only(const std::string& className) const;
 
-    // Presses a button, a check box or an option button. Raises Failure if a user could not.
+    // Clicks a button, a check box or an option button. Raises Failure if a user could not.
     void Click() const;
     bool IsChecked() const { return Send(BM_GETCHECK) == BST_CHECKED; }
     // Replaces the text, with the notifications of typing.
@@ -63,8 +63,11 @@ class Window {
     // Presses real keys one after the other and releases them in reverse order. They go to the
     // window that has the focus.
     static void PressKeys(const std::vector<WORD>& virtualKeys);
-    void Key(WPARAM virtualKey) const;
-    void Close() const { Post(WM_CLOSE); }
+    void Press(WPARAM virtualKey) const;
+    // Clicks the close box of the title bar.
+    void CloseBox() const { Post(WM_CLOSE); }
+    void Minimize() const { Post(WM_SYSCOMMAND, SC_MINIMIZE); }
+    void Restore() const { Post(WM_SYSCOMMAND, SC_RESTORE); }
 
     // Whether the program answers a message before patience ends; true if the window has gone.
     bool Answers() const;

@@ -4,7 +4,7 @@
 
 namespace driver {
 
-class WindowObjects : public DriverTest {
+class WindowObjectsTest : public DriverTest {
   protected:
     // Waits until the window and its controls are there, and closes it.
     void Close(const std::string& caption) const;
@@ -16,14 +16,14 @@ class WindowObjects : public DriverTest {
     void Report(const std::string& when, const Objects& objects) const;
 };
 
-void WindowObjects::Close(const std::string& caption) const {
+void WindowObjectsTest::Close(const std::string& caption) const {
     const Window window = program.WaitFor(caption);
     window.Send(WM_NULL);
-    window.Close();
+    window.CloseBox();
     program.WaitUntilGone(caption);
 }
 
-void WindowObjects::OpenAndCloseTools(const Window& main) const {
+void WindowObjectsTest::OpenAndCloseTools(const Window& main) const {
     const std::pair<const char*, const char*> tools[] = {
         {"S&pecial Alarms", "Special Alarms"},
         {"Notes &Control Panel", "Notes Control Panel"},
@@ -37,7 +37,7 @@ void WindowObjects::OpenAndCloseTools(const Window& main) const {
     ForEachMenuBarWindow(main, [](const Window&) {});
 }
 
-void WindowObjects::OpenAndCloseBoxes(const Window& main) const {
+void WindowObjectsTest::OpenAndCloseBoxes(const Window& main) const {
     RightClick(main);
     WaitUntil("a menu opens", [&] { return static_cast<bool>(program.OpenMenu()); });
     CloseMenu(program, main);
@@ -50,12 +50,12 @@ void WindowObjects::OpenAndCloseBoxes(const Window& main) const {
     const Window timer = program.WaitFor("Novelty Timer");
     WaitUntilFilled(timer, "Edit");
     timer.Button("&Start Timer").Click();
-    Box(program, "No Minutes Entered").Press("OK");
-    timer.Close();
+    Box(program, "No Minutes Entered").Click("OK");
+    timer.CloseBox();
     program.WaitUntilGone("Novelty Timer");
 }
 
-void WindowObjects::MakeRingAndErase(const Window& main, int minute) {
+void WindowObjectsTest::MakeRingAndErase(const Window& main, int minute) {
     const std::string title = "Dentist";
     const Window editor = MakeNote(main, title);
     ChooseFromPopup(program, editor.Only("Edit"), popupBlue);
@@ -70,26 +70,26 @@ void WindowObjects::MakeRingAndErase(const Window& main, int minute) {
     LetAlarmCome("2031-06-02 09:" + std::to_string(minute - 1) + ":58", title);
     const Window display = program.WaitFor(title);
     display.Send(WM_NULL);
-    display.Close();
-    Box(program, " Erase Note?").Press("Yes");
+    display.CloseBox();
+    Box(program, " Erase Note?").Click("Yes");
     WaitUntil("the display has gone", [&] { return !display.Exists(); });
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is shown", [&] { return main.IsVisible(); });
 }
 
-void WindowObjects::Round(const Window& main, int minute) {
+void WindowObjectsTest::Round(const Window& main, int minute) {
     OpenAndCloseTools(main);
     OpenAndCloseBoxes(main);
     MakeRingAndErase(main, minute);
     main.Send(WM_NULL);
 }
 
-void WindowObjects::Report(const std::string& when, const Objects& objects) const {
+void WindowObjectsTest::Report(const std::string& when, const Objects& objects) const {
     RecordProperty(when, objects.Text());
     std::cout << when << ": " << objects.Text() << std::endl;
 }
 
-TEST_F(WindowObjects, ClosedWindowsLeaveNothingBehind) {
+TEST_F(WindowObjectsTest, ClosedWindowsLeaveNothingBehind) {
     const Window main = StartProgram();
     Report("start", program.CountObjects());
     // The first round creates the objects that are made once and kept.

@@ -7,10 +7,8 @@
 
 #include "forms/win32/BoxText.h"
 #include "forms/win32/FormWindow.h"
-#include "forms/win32/LibrarySearch.h"
 #include "forms/win32/Utf.h"
 #include "tests/conformance/Stand.h"
-#include "tests/conformance/win32/TempFolder.h"
 
 namespace forms::win32 {
 
@@ -39,7 +37,7 @@ class frmInput : public Form {
     }
 };
 
-class BadInput : public conformance::StandTest {
+class BadInputTest : public conformance::StandTest {
   protected:
     void SetUp() override {
         StandTest::SetUp();
@@ -100,47 +98,22 @@ HWND OpenBox() { return ::FindWindowW(L"#32770", L"Long"); }
 
 }  // namespace
 
-TEST(BoxTextTest, TextsThatFitAreUnchanged) {
-    for (const std::wstring& text :
-         {std::wstring(), std::wstring(L"  Would you?  "), std::wstring(80, L'x'),
-          std::wstring(50 * 30, L' '), std::wstring(L"a\r\n\r\nb"), std::wstring(29, L'\n')}) {
-        EXPECT_EQ(TextThatFits(text), text);
-    }
-}
-
-TEST(BoxTextTest, LongerTextsEndInAnEllipsis) {
-    EXPECT_EQ(TextThatFits(std::wstring(50 * 30 + 1, L' ')),
-              std::wstring(50 * 30, L' ') + L'\u2026');
-    EXPECT_EQ(TextThatFits(std::wstring(31, L'\n')), std::wstring(29, L'\n') + L'\u2026');
-    const std::wstring blanks(1499, L' ');
-    EXPECT_EQ(TextThatFits(blanks + L"\xd83d\xde00 and more"), blanks + L'\u2026');
-}
-
-TEST(BoxTextTest, WordsLongerThanALineAreBroken) {
-    const std::wstring word(80, L'x');
-    EXPECT_EQ(TextThatFits(word + word + L"x and"), word + L"\r\n" + word + L"\r\nx and");
-    const std::wstring emoji = std::wstring(79, L'x') + L"\xd83d\xde00";
-    EXPECT_EQ(TextThatFits(emoji + L"y"), emoji + L"\r\ny");
-    EXPECT_LE(TextThatFits(std::wstring(65536, L'x')).size(), 1600U);
-}
-
-TEST_F(BadInput, ABoxWithAnyTextFitsTheScreen) {
+TEST_F(BadInputTest, ABoxWithAnyTextFitsTheScreen) {
     for (const std::string& text : {std::string(65536, 'x'), Repeated("some words ", 65536),
                                     Repeated("line\r\n", 65536), Repeated("\xe6\x97\xa5", 65536)}) {
-        stand->ExpectBox(Narrow(TextThatFits(Wide(text))), "Long", BoxButtons::Ok, BoxResult::Ok,
-                         [] {
-                             RECT place{};
-                             ASSERT_NE(::GetWindowRect(OpenBox(), &place), 0);
-                             EXPECT_GE(place.left, 0);
-                             EXPECT_GE(place.top, 0);
-                             EXPECT_LE(place.right, ::GetSystemMetrics(SM_CXSCREEN));
-                             EXPECT_LE(place.bottom, ::GetSystemMetrics(SM_CYSCREEN));
-                         });
+        ExpectMessage(Narrow(TextThatFits(Wide(text))), "Long", [] {
+            RECT place{};
+            ASSERT_NE(::GetWindowRect(OpenBox(), &place), 0);
+            EXPECT_GE(place.left, 0);
+            EXPECT_GE(place.top, 0);
+            EXPECT_LE(place.right, ::GetSystemMetrics(SM_CXSCREEN));
+            EXPECT_LE(place.bottom, ::GetSystemMetrics(SM_CYSCREEN));
+        });
         Start([&text] { MsgBox(text, {}, "Long"); });
     }
 }
 
-TEST_F(BadInput, AWindowMayHaveACaptionOfAnyLength) {
+TEST_F(BadInputTest, AWindowMayHaveACaptionOfAnyLength) {
     Start([] { Input().caption = std::string(1U << 20U, 'x'); });
     EXPECT_EQ(::GetWindowTextLengthW(FormWindow::Existing(Input())->handle), 1024);
     Start([] { Default<frmInput>().Unload(); });
@@ -151,7 +124,7 @@ TEST_F(BadInput, AWindowMayHaveACaptionOfAnyLength) {
     EXPECT_TRUE(stand->IsShown(Input()));
 }
 
-TEST_F(BadInput, DatesBeforeTheNativeControlsRangeAreUnchanged) {
+TEST_F(BadInputTest, DatesBeforeTheNativeControlsRangeAreUnchanged) {
     for (const int year : {100, 1500, 1600, 1601, 1752}) {
         const base::DateTime date = base::DateTime::FromDate(year, 6, 5);
         Start([&date] { Input().dtDate.value = date; });
@@ -164,7 +137,7 @@ TEST_F(BadInput, DatesBeforeTheNativeControlsRangeAreUnchanged) {
     }
 }
 
-TEST_F(BadInput, ATimePickerTakesTheTimeOfAnyDate) {
+TEST_F(BadInputTest, ATimePickerTakesTheTimeOfAnyDate) {
     Start([] {
         Input().dtTime.value = base::Combine(base::DateTime::FromDate(1066, 10, 14),
                                              base::DateTime::FromTime(9, 31, 0));
@@ -173,7 +146,7 @@ TEST_F(BadInput, ATimePickerTakesTheTimeOfAnyDate) {
     EXPECT_EQ(Shown(Input().dtTime).wMinute, 31);
 }
 
-TEST_F(BadInput, ADateThatOnlyTheNativeControlAllowsIsRejected) {
+TEST_F(BadInputTest, ADateThatOnlyTheNativeControlAllowsIsRejected) {
     const base::DateTime date = base::DateTime::FromDate(2031, 6, 2);
     Start([&date] { Input().dtDate.value = date; });
     for (const SYSTEMTIME& time : {SYSTEMTIME{30000, 1, 0, 1, 0, 0, 0, 0}, SYSTEMTIME{},
@@ -188,7 +161,7 @@ TEST_F(BadInput, ADateThatOnlyTheNativeControlAllowsIsRejected) {
 
 // The lines are of a usual length, because some native controls take minutes to wrap one line of 64
 // KiB.
-TEST_F(BadInput, PastedTextIsUnchanged) {
+TEST_F(BadInputTest, PastedTextIsUnchanged) {
     for (const std::string& text :
          {std::string(8192, 'x'), Repeated(Repeated("x", 500) + "\r\n", 65536),
           Repeated("0123456789abcde\r\n", 1U << 20U),
@@ -206,37 +179,6 @@ TEST_F(BadInput, PastedTextIsUnchanged) {
     Paste(Input().txtNote, lines);
     ::SendMessageW(HandleOf(Input().txtNote), WM_CHAR, 'y', 1);
     EXPECT_EQ(Input().txtNote.text(), lines + 'y');
-}
-
-TEST(LibrarySearchTest, NoLibraryOfTheCurrentFolderOrBesideTheProgramIsLoaded) {
-    const TempFolder folder;
-    const std::wstring planted = L"jotwright-planted.dll";
-    wchar_t self[MAX_PATH]{};
-    ASSERT_NE(::GetModuleFileNameW(nullptr, self, MAX_PATH), 0U);
-    const std::wstring program = self;
-    const std::wstring beside = program.substr(0, program.find_last_of(L'\\') + 1) + planted;
-    ASSERT_NE(::CopyFileW(self, Wide(folder / Narrow(planted)).c_str(), FALSE), 0);
-    wchar_t before[MAX_PATH]{};
-    ::GetCurrentDirectoryW(MAX_PATH, before);
-    ::SetCurrentDirectoryW(Wide(folder.Path()).c_str());
-
-    static bool isRestricted = false;
-    if (!isRestricted) {
-        HMODULE library = ::LoadLibraryW(planted.c_str());
-        EXPECT_NE(library, nullptr) << "what follows would prove nothing";
-        ::FreeLibrary(library);
-    }
-    RestrictLibrarySearch();
-    isRestricted = true;
-    EXPECT_EQ(::LoadLibraryW(planted.c_str()), nullptr);
-    if (::CopyFileW(self, beside.c_str(), TRUE) != 0) {
-        EXPECT_EQ(::LoadLibraryW(planted.c_str()), nullptr);
-        ::DeleteFileW(beside.c_str());
-    }
-    HMODULE system = ::LoadLibraryW(L"version.dll");
-    EXPECT_NE(system, nullptr);
-    ::FreeLibrary(system);
-    ::SetCurrentDirectoryW(before);
 }
 
 }  // namespace forms::win32

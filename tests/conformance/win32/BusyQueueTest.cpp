@@ -56,7 +56,7 @@ class Flood {
     int count = 0;
 };
 
-class BusyQueue : public conformance::StandTest {
+class BusyQueueTest : public conformance::StandTest {
   protected:
     static frmFirst& Form() { return Default<frmFirst>(); }
 
@@ -78,7 +78,7 @@ class BusyQueue : public conformance::StandTest {
     int ticks = 0;
 };
 
-TEST_F(BusyQueue, TimersTickInTheProgramsOwnLoop) {
+TEST_F(BusyQueueTest, TimersTickInTheProgramsOwnLoop) {
     StartCounting();
     flood.Start();
     PumpUntil([this] { return !flood.Runs(); });
@@ -86,9 +86,9 @@ TEST_F(BusyQueue, TimersTickInTheProgramsOwnLoop) {
     EXPECT_GT(flood.Count(), 3);
 }
 
-TEST_F(BusyQueue, TimersTickWhileABoxIsOpen) {
+TEST_F(BusyQueueTest, TimersTickWhileABoxIsOpen) {
     StartCounting();
-    stand->ExpectBox("text", "caption", BoxButtons::Ok, BoxResult::Ok, [this] {
+    ExpectMessage("text", "caption", [this] {
         flood.Start();
         // To the program, this loop is the box's own.
         MSG message{};
@@ -101,7 +101,7 @@ TEST_F(BusyQueue, TimersTickWhileABoxIsOpen) {
     EXPECT_EQ(ticks, 3);
 }
 
-TEST_F(BusyQueue, AnIdleProgramGetsNoMessagesForItsTimers) {
+TEST_F(BusyQueueTest, AnIdleProgramGetsNoMessagesForItsTimers) {
     Start([] { Form().Show(); });
     stand->Pump(300);
     // No timer is on, so the queue stays empty.

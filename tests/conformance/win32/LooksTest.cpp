@@ -19,14 +19,14 @@ constexpr COLORREF red = RGB(255, 0, 0);
 constexpr COLORREF dialogGray = RGB(212, 208, 200);
 constexpr COLORREF noteBlue = RGB(128, 128, 255);
 
-TEST(ReadableColors, AreKept) {
+TEST(LooksReadableColorsTest, AreKept) {
     EXPECT_EQ(ReadableOn(white, darkBlue), darkBlue);
     EXPECT_EQ(ReadableOn(dialogGray, red), red);
     EXPECT_EQ(ReadableOn(black, red), red);
     EXPECT_EQ(ReadableOn(noteBlue, white), white);
 }
 
-TEST(ReadableColors, ReplaceUnreadableColors) {
+TEST(LooksReadableColorsTest, ReplaceUnreadableColors) {
     EXPECT_EQ(ReadableOn(black, darkBlue), white);
     EXPECT_EQ(ReadableOn(white, white), black);
     EXPECT_EQ(ReadableOn(RGB(255, 255, 0), white), black);
@@ -45,12 +45,12 @@ bool IsInside(const RECT& place, const RECT& area) {
     return ::EqualRect(&common, &place) != 0;
 }
 
-TEST(Scale, OnOlderSystemsIsThatOfTheMonitor) {
+TEST(LooksScaleTest, OnOlderSystemsIsThatOfTheMonitor) {
     HWND desktop = ::GetDesktopWindow();
     EXPECT_EQ(forms::win32::DpiOfMonitorAt(desktop), forms::win32::DpiOf(desktop));
 }
 
-TEST(Placing, ACenteredWindowHasEqualMargins) {
+TEST(LooksPlacingTest, ACenteredWindowHasEqualMargins) {
     const RECT work = WorkArea();
     const RECT place = placing::Centered({400, 300});
     EXPECT_EQ(place.right - place.left, 400);
@@ -59,7 +59,7 @@ TEST(Placing, ACenteredWindowHasEqualMargins) {
     EXPECT_NEAR(place.top - work.top, work.bottom - place.bottom, 1);
 }
 
-TEST(Placing, TheCascadeTakesTheFirstFreePlace) {
+TEST(LooksPlacingTest, TheCascadeTakesTheFirstFreePlace) {
     constexpr int step = 26;
     std::vector<POINT> taken;
     const RECT first = placing::Cascaded({400, 300}, step, taken);
@@ -75,7 +75,7 @@ TEST(Placing, TheCascadeTakesTheFirstFreePlace) {
     EXPECT_EQ(third.top, first.top);
 }
 
-TEST(Placing, AHundredCascadedWindowsAreOnTheScreenAndApart) {
+TEST(LooksPlacingTest, AHundredCascadedWindowsAreOnTheScreenAndApart) {
     const RECT work = WorkArea();
     std::vector<POINT> taken;
     for (int i = 0; i < 100; ++i) {
@@ -88,14 +88,14 @@ TEST(Placing, AHundredCascadedWindowsAreOnTheScreenAndApart) {
     }
 }
 
-TEST(Placing, AWindowLargerThanTheScreenShowsItsTitleBar) {
+TEST(LooksPlacingTest, AWindowLargerThanTheScreenShowsItsTitleBar) {
     const RECT work = WorkArea();
     const RECT place = placing::Cascaded({10'000, 10'000}, 26, {});
     EXPECT_EQ(place.left, work.left);
     EXPECT_EQ(place.top, work.top);
 }
 
-TEST(Placing, AWindowOnARemovedMonitorComesBack) {
+TEST(LooksPlacingTest, AWindowOnARemovedMonitorComesBack) {
     EXPECT_TRUE(IsInside(placing::OnScreen({-5000, 7000, -4600, 7300}), WorkArea()));
 }
 

@@ -54,7 +54,7 @@ void ExpectNotFitting(WinLocale& locale, const std::vector<std::string>& texts) 
 
 }  // namespace
 
-TEST(WinLocaleNumbers, AreThoseOfTheSystem) {
+TEST(WinLocaleNumbersTest, AreThoseOfTheSystem) {
     WinLocale locale;
     EXPECT_EQ(locale.Numbers(), base::NumberFormat{});
     {
@@ -112,7 +112,7 @@ TEST(WinLocaleTest, UpperCase) {
     EXPECT_EQ(locale.ToUpper("\xc3\xbc\xd0\xb6"), "\xc3\x9c\xd0\x96");
 }
 
-TEST(WinLocaleCodePages, TheSystemsIsTaken) {
+TEST(WinLocaleCodePagesTest, TheSystemsIsTaken) {
     WinLocale locale;
     WinLocale same(::GetACP());
     for (const char* text : {"", "plain\r\n\ttext", "\xc3\xa9", "\xce\xa9", "\xe6\x97\xa5",
@@ -122,7 +122,7 @@ TEST(WinLocaleCodePages, TheSystemsIsTaken) {
     EXPECT_EQ(locale.FromAnsi("\x80\xe9"), same.FromAnsi("\x80\xe9"));
 }
 
-TEST(WinLocaleCodePages, Western) {
+TEST(WinLocaleCodePagesTest, Western) {
     WinLocale locale(western);
     ExpectBothWays(
         locale,
@@ -137,7 +137,7 @@ TEST(WinLocaleCodePages, Western) {
     EXPECT_EQ(locale.ToAnsi(locale.FromAnsi(all)), all);
 }
 
-TEST(WinLocaleCodePages, Japanese) {
+TEST(WinLocaleCodePagesTest, Japanese) {
     WinLocale locale(japanese);
     ExpectBothWays(locale, {{"plain\r\n\ttext", "plain\r\n\ttext"},
                             {"\xe6\x97\xa5\xe6\x9c\xac\xe8\xaa\x9e", "\x93\xfa\x96\x7b\x8c\xea"},
@@ -158,7 +158,7 @@ TEST(WinLocaleCodePages, Japanese) {
     EXPECT_EQ(base::ToValidUtf8(half), half);
 }
 
-TEST(WinLocaleCodePages, Chinese) {
+TEST(WinLocaleCodePagesTest, Chinese) {
     WinLocale locale(chinese);
     ExpectBothWays(locale, {{"plain\r\n\ttext", "plain\r\n\ttext"},
                             {"\xe4\xb8\xad\xe6\x96\x87", "\xd6\xd0\xce\xc4"},
@@ -167,14 +167,14 @@ TEST(WinLocaleCodePages, Chinese) {
     ExpectNotFitting(locale, {"\xc3\xb1", "\xc2\xa5", "\xf0\x9f\x93\x9d"});
 }
 
-TEST(WinLocaleCodePages, OfUtf8OnlyAsciiIsWrittenAndBothAreRead) {
+TEST(WinLocaleCodePagesTest, OfUtf8OnlyAsciiIsWrittenAndBothAreRead) {
     WinLocale locale(CP_UTF8);
     ExpectBothWays(locale, {{"", ""}, {"plain\r\n\ttext", "plain\r\n\ttext"}});
     ExpectNotFitting(locale, {"\xc3\xa9", "\xe6\x97\xa5", "\xf0\x9f\x93\x9d"});
     EXPECT_EQ(locale.FromAnsi("caf\xc3\xa9 \xe6\x97\xa5"), "caf\xc3\xa9 \xe6\x97\xa5");
 }
 
-TEST(WinLocaleCodePages, WhatIsNoUtf8IsReadInThePageOfTheLanguage) {
+TEST(WinLocaleCodePagesTest, WhatIsNoUtf8IsReadInThePageOfTheLanguage) {
     DWORD page = 0;
     ::GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
                      reinterpret_cast<wchar_t*>(&page), sizeof page / sizeof(wchar_t));

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "forms/headless/HeadlessLocale.h"
-#include "forms/headless/HeadlessSettings.h"
 
 namespace forms::headless {
 namespace {
@@ -9,7 +8,7 @@ namespace {
 const base::DateTime friday =
     base::Combine(base::DateTime::FromDate(2004, 5, 14), base::DateTime::FromTime(9, 30, 0));
 
-TEST(HeadlessLocale, AmericanFormatsByDefault) {
+TEST(HeadlessLocaleTest, AmericanFormatsByDefault) {
     HeadlessLocale locale;
     EXPECT_EQ(locale.ShortDate(friday), "5/14/2004");
     EXPECT_EQ(locale.TimeText(friday), "9:30:00 AM");
@@ -19,7 +18,7 @@ TEST(HeadlessLocale, AmericanFormatsByDefault) {
     EXPECT_EQ(locale.TimeText(base::DateTime::FromTime(13, 5, 9)), "1:05:09 PM");
 }
 
-TEST(HeadlessLocale, OtherFormats) {
+TEST(HeadlessLocaleTest, OtherFormats) {
     HeadlessLocale locale;
     locale.shortDateFormat = "dd.MM.yyyy";
     locale.timeFormat = "HH:mm:ss";
@@ -33,13 +32,13 @@ TEST(HeadlessLocale, OtherFormats) {
     EXPECT_EQ(locale.TimeText(friday), "09.30 A");
 }
 
-TEST(HeadlessLocale, OtherWeekdayNames) {
+TEST(HeadlessLocaleTest, OtherWeekdayNames) {
     HeadlessLocale locale;
     locale.weekdayNames = {"So", "Mo", "Di", "Mi", "Do", "Fr", "Sa"};
     EXPECT_EQ(locale.WeekdayName(friday), "Fr");
 }
 
-TEST(HeadlessLocale, GeneralDateLeavesOutWhatIsZero) {
+TEST(HeadlessLocaleTest, GeneralDateLeavesOutWhatIsZero) {
     HeadlessLocale locale;
     EXPECT_EQ(locale.GeneralDate(friday), "5/14/2004 9:30:00 AM");
     EXPECT_EQ(locale.GeneralDate(friday.DateOnly()), "5/14/2004");
@@ -47,13 +46,13 @@ TEST(HeadlessLocale, GeneralDateLeavesOutWhatIsZero) {
     EXPECT_EQ(locale.GeneralDate(base::DateTime{}), "12:00:00 AM");
 }
 
-TEST(HeadlessLocale, UpperCaseOfAllScripts) {
+TEST(HeadlessLocaleTest, UpperCaseOfAllScripts) {
     HeadlessLocale locale;
     EXPECT_EQ(locale.ToUpper("caf\xc3\xa9 \xc3\xbf \xce\xb1 \xd0\xb6 \xc3\x9f 1"),
               "CAF\xc3\x89 \xc5\xb8 \xce\x91 \xd0\x96 \xc3\x9f 1");
 }
 
-TEST(HeadlessLocale, EveryByteOfTheCodePageRoundTrips) {
+TEST(HeadlessLocaleTest, EveryByteOfTheCodePageRoundTrips) {
     HeadlessLocale locale;
     for (int code = 0; code < 256; ++code) {
         const std::string byte(1, static_cast<char>(code));
@@ -63,7 +62,7 @@ TEST(HeadlessLocale, EveryByteOfTheCodePageRoundTrips) {
     EXPECT_EQ(locale.FromAnsi("\xe4"), "\xc3\xa4");
 }
 
-TEST(HeadlessLocale, CharactersOutsideTheCodePageDoNotFit) {
+TEST(HeadlessLocaleTest, CharactersOutsideTheCodePageDoNotFit) {
     HeadlessLocale locale;
     EXPECT_EQ(locale.ToAnsi("\xe2\x82\xac \xc3\xa4"), "\x80 \xe4");
     EXPECT_EQ(locale.ToAnsi("\xce\xb1"), std::nullopt);
@@ -71,7 +70,7 @@ TEST(HeadlessLocale, CharactersOutsideTheCodePageDoNotFit) {
     EXPECT_EQ(locale.ToAnsi("\xc2\x80"), std::nullopt);
 }
 
-TEST(HeadlessLocale, DoubleByteCodePagesHavePairsOfBytes) {
+TEST(HeadlessLocaleTest, DoubleByteCodePagesHavePairsOfBytes) {
     HeadlessLocale locale;
     struct Case {
         int codePage;
@@ -87,7 +86,7 @@ TEST(HeadlessLocale, DoubleByteCodePagesHavePairsOfBytes) {
     }
 }
 
-TEST(HeadlessLocale, TheFirstByteOfAPairTakesTheNextWithIt) {
+TEST(HeadlessLocaleTest, TheFirstByteOfAPairTakesTheNextWithIt) {
     HeadlessLocale locale;
     locale.codePage = 932;
     EXPECT_EQ(locale.FromAnsi("\xe4\",x\xe4"), "\xe3\x83\xbb,x\xe3\x83\xbb");
@@ -95,7 +94,7 @@ TEST(HeadlessLocale, TheFirstByteOfAPairTakesTheNextWithIt) {
     EXPECT_EQ(locale.FromAnsi("\xe4\",x\xe4"), "?,x?");
 }
 
-TEST(HeadlessLocale, UnderUtf8OtherBytesAreOfTheLanguagesCodePage) {
+TEST(HeadlessLocaleTest, UnderUtf8OtherBytesAreOfTheLanguagesCodePage) {
     HeadlessLocale locale;
     locale.codePage = 65001;
     EXPECT_EQ(locale.FromAnsi("\xc3\xa4"), "\xc3\xa4");
@@ -104,14 +103,6 @@ TEST(HeadlessLocale, UnderUtf8OtherBytesAreOfTheLanguagesCodePage) {
     EXPECT_EQ(locale.ToAnsi("plain"), "plain");
     locale.languageCodePage = 932;
     EXPECT_EQ(locale.FromAnsi("\x95\x5c"), "\xe8\xa1\xa8");
-}
-
-TEST(HeadlessSettings, KeepsWhatIsWritten) {
-    HeadlessSettings settings;
-    EXPECT_EQ(settings.Read("Options", "DefaultColor"), std::nullopt);
-    settings.Write("Options", "DefaultColor", "3");
-    EXPECT_EQ(settings.Read("Options", "DefaultColor"), "3");
-    EXPECT_EQ(settings.Read("Config", "DefaultColor"), std::nullopt);
 }
 
 }  // namespace

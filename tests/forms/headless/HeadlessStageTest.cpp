@@ -188,7 +188,7 @@ TEST_F(HeadlessStageTest, TheUserDoesNothingThatAPersonCouldNotDo) {
     user->Click(form.cmdGo);
     ExpectFailure("minimised");
     user->Restore(form);
-    user->Tray(514);
+    ClickTrayIcon();
     ExpectFailure("there is none");
     user->PressEnter();  // presses the button, which has the focus
     EXPECT_EQ(clicks, 1);

@@ -230,9 +230,10 @@ struct KillCase {
     std::string left;
 };
 
-class KilledWrite : public MemoryFilesTest, public testing::WithParamInterface<KillCase> {};
+class MemoryFilesKilledWriteTest : public MemoryFilesTest,
+                                   public testing::WithParamInterface<KillCase> {};
 
-TEST_P(KilledWrite, LeavesWhatHadReachedTheMedium) {
+TEST_P(MemoryFilesKilledWriteTest, LeavesWhatHadReachedTheMedium) {
     files.PutFile("C:\\App\\Notes\\a.txt", "old!");
     files.KillAt(GetParam().step, GetParam().moment);
     EXPECT_THROW(files.Write("C:\\App\\Notes\\a.txt", "new text"), Killed);
@@ -241,7 +242,7 @@ TEST_P(KilledWrite, LeavesWhatHadReachedTheMedium) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Steps, KilledWrite,
+    Steps, MemoryFilesKilledWriteTest,
     testing::Values(KillCase{1, Moment::Before, "old!"}, KillCase{1, Moment::After, ""},
                     KillCase{2, Moment::Before, ""},
                     KillCase{2, Moment::Middle, std::string("ne\0\0", 4)},

@@ -28,7 +28,7 @@ class GrowthRun : public DriverTest {
     void EraseAndClose(const Window& panel) const;
     // Closes the note, opens it in the control panel, and erases it there.
     void ThroughThePanel(const Window& main, const std::string& title);
-    // Minimises the note, brings it back with all open notes, saves it, and erases it by its
+    // Minimizes the note, brings it back with all open notes, saves it, and erases it by its
     // toolbar.
     void InItsEditor(const Window& main, const std::string& title);
     void Cycle(const Window& main, int number);
@@ -39,17 +39,17 @@ class GrowthRun : public DriverTest {
 };
 
 Window GrowthRun::OpenPanelFromTray(const Window& main) const {
-    tray::LeftClick(main);
+    tray::Click(main);
     WaitUntil("the main window is shown", [&] { return main.IsVisible(); });
     return OpenPanel(main);
 }
 
 void GrowthRun::EraseAndClose(const Window& panel) const {
     const Window list = panel.Only(listClass);
-    ClickRow(list, 0);
+    SelectRow(list, 0);
     WaitUntil("a note is selected", [&] { return panel.Button("&Erase").IsEnabled(); });
     panel.Button("&Erase").Click();
-    Box(program, "Deleting Note").Press("Yes");
+    Box(program, "Deleting Note").Click("Yes");
     WaitUntil("the list is empty", [&] { return RowCount(list) == 0; });
     panel.Button("&Close").Click();
     program.WaitUntilGone(panelCaption);
@@ -60,14 +60,14 @@ void GrowthRun::ThroughThePanel(const Window& main, const std::string& title) {
     made.Only("Edit").Type("the text of " + title);
     CloseAndWait(made);
     Window panel = OpenPanelFromTray(main);
-    ClickRow(panel.Only(listClass), 0);
+    SelectRow(panel.Only(listClass), 0);
     WaitUntil("a note is selected", [&] { return panel.Button("&Edit").IsEnabled(); });
     panel.Button("&Edit").Click();
     const Window again = program.WaitFor(title);
     WaitUntilFilled(again, "Edit");
     again.Only("Edit").Type("another, longer text of " + title);
-    again.Close();
-    Box(program, saveQuestion).Press("Yes");
+    again.CloseBox();
+    Box(program, saveQuestion).Click("Yes");
     WaitUntil("the editor has gone", [&] { return !again.Exists(); });
     EXPECT_TRUE(WholeFile(NotePath(title)).value_or("").find("another, longer") !=
                 std::string::npos);
@@ -79,17 +79,17 @@ void GrowthRun::ThroughThePanel(const Window& main, const std::string& title) {
 void GrowthRun::InItsEditor(const Window& main, const std::string& title) {
     const Window editor = MakeNote(main, title);
     editor.Only("Edit").Type("the text of " + title);
-    editor.Post(WM_SYSCOMMAND, SC_MINIMIZE);
+    editor.Minimize();
     WaitUntil("the editor is minimized", [&] { return editor.IsMinimized(); });
     const Window panel = OpenPanelFromTray(main);
     panel.Button("&Open All Notes").Click();
     WaitUntilFilled(editor, "Edit");
     editor.Only("Edit").Type("another text of " + title);
-    PressToolbar(editor.Only(toolbarClass), toolbarSave);
-    Box(program, "").Press("OK");
+    ClickToolbar(editor.Only(toolbarClass), toolbarSave);
+    Box(program, "").Click("OK");
     EXPECT_TRUE(FileExists(NotePath(title)));
-    PressToolbar(editor.Only(toolbarClass), toolbarErase);
-    Box(program, "Kill Note").Press("Yes");
+    ClickToolbar(editor.Only(toolbarClass), toolbarErase);
+    Box(program, "Kill Note").Click("Yes");
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     for (const Window& open : program.Visible(panelCaption)) {
         open.Button("&Close").Click();
@@ -100,7 +100,7 @@ void GrowthRun::InItsEditor(const Window& main, const std::string& title) {
 // Every note has a new title, so that anything kept by title shows as growth.
 void GrowthRun::Cycle(const Window& main, int number) {
     if (!main.IsVisible()) {
-        tray::LeftClick(main);
+        tray::Click(main);
         WaitUntil("the main window is shown", [&] { return main.IsVisible(); });
     }
     const std::string title = "Note " + std::to_string(100'000 + number);

@@ -73,7 +73,7 @@ class KillRun : public DriverTest {
 Window KillRun::TextBoxOf(const std::string& title) {
     const Window editor = program.WaitFor(title, "FormWindow");
     if (editor.IsMinimized()) {
-        editor.Post(WM_SYSCOMMAND, SC_RESTORE);
+        editor.Restore();
     }
     WaitUntilFilled(editor, "Edit");
     return editor.Only("Edit");
@@ -93,7 +93,7 @@ void KillRun::TypeUntil(std::uint64_t end, const Window& editor) {
         typed.push_back({Milliseconds(), content});
         if (random() % 20 == 0 && Milliseconds() + 500 < end) {
             saved.push_back(content);
-            PressToolbar(toolbar, toolbarSave);
+            ClickToolbar(toolbar, toolbarSave);
             CloseTheBox(end);
         }
         ::Sleep(keystroke);
@@ -102,7 +102,7 @@ void KillRun::TypeUntil(std::uint64_t end, const Window& editor) {
     }
     if (random() % 2 == 0) {
         saved.push_back(content);
-        PressToolbar(toolbar, toolbarSave);
+        ClickToolbar(toolbar, toolbarSave);
         ::Sleep(static_cast<DWORD>(random() % 40));
         ++duringSave;
     }

@@ -76,7 +76,7 @@ void MonkeyRun::Act() {
     if (main && (usable.empty() || Below(12) == 0)) {
         last = "tray";
         const int kind = Below(3);
-        kind == 0   ? tray::LeftClick(main)
+        kind == 0   ? tray::Click(main)
         : kind == 1 ? tray::DoubleClick(main)
                     : tray::RightClick(main);
         return;
@@ -89,7 +89,7 @@ void MonkeyRun::Act() {
     last = window.Description();
     if (window.ClassName() == "#32768") {
         const WPARAM keys[] = {VK_DOWN, VK_DOWN, VK_RETURN, VK_ESCAPE};
-        window.Key(keys[Below(4)]);
+        window.Press(keys[Below(4)]);
         // If no choice is made, a menu stays open for ever.
         if (Below(3) == 0) {
             main.Post(WM_CANCELMODE);
@@ -105,7 +105,7 @@ void MonkeyRun::ActOnBox(const Window& box) {
     ++boxes;
     const auto buttons = box.ChildrenOfClass("Button");
     if (buttons.empty() || Below(8) == 0) {
-        box.Close();
+        box.CloseBox();
         return;
     }
     const Window button = OneOf(buttons);
@@ -117,18 +117,18 @@ void MonkeyRun::ActOnBox(const Window& box) {
 void MonkeyRun::ActOnForm(const Window& form) {
     const int kind = Below(30);
     if (form.IsMinimized()) {
-        form.Post(WM_SYSCOMMAND, SC_RESTORE);
+        form.Restore();
     } else if (kind == 0) {
-        form.Close();
+        form.CloseBox();
     } else if (kind == 1) {
-        form.Post(WM_SYSCOMMAND, SC_MINIMIZE);
+        form.Minimize();
     } else if (kind == 2 && (form.Style() & WS_MAXIMIZEBOX) != 0) {
         form.Post(WM_SYSCOMMAND, Below(2) == 0 ? SC_MAXIMIZE : SC_RESTORE);
     } else if (kind < 6) {
         form.Post(WM_COMMAND, firstMenuCommand + static_cast<UINT>(Below(menuCommands)));
     } else if (kind < 9) {
         const WPARAM keys[] = {VK_TAB, VK_RETURN, VK_ESCAPE, VK_SPACE, VK_DOWN};
-        form.Key(keys[Below(5)]);
+        form.Press(keys[Below(5)]);
     } else {
         const auto children = form.Children();
         if (!children.empty()) {
@@ -149,11 +149,11 @@ void MonkeyRun::ActOnChild(const Window& child) {
             child.Post(WM_CHAR, static_cast<unsigned char>(character));
         }
     } else if (kind == "ComboBox") {
-        Choose(child, Below(7));
+        Select(child, Below(7));
     } else if (kind == "ToolbarWindow32") {
         // Print and Help are left out, because they start other programs.
         const int buttons[] = {0, 1, 3, 5};
-        PressToolbar(child, buttons[Below(4)]);
+        ClickToolbar(child, buttons[Below(4)]);
     } else if (kind == "Button") {
         child.Post(BM_CLICK);
     } else {
@@ -161,7 +161,7 @@ void MonkeyRun::ActOnChild(const Window& child) {
         const bool right = Below(4) == 0;
         child.Post(right ? WM_RBUTTONDOWN : WM_LBUTTONDOWN, right ? MK_RBUTTON : MK_LBUTTON, place);
         child.Post(right ? WM_RBUTTONUP : WM_LBUTTONUP, 0, place);
-        child.Key(Below(2) == 0 ? VK_UP : VK_DOWN);
+        child.Press(Below(2) == 0 ? VK_UP : VK_DOWN);
     }
 }
 

@@ -125,11 +125,11 @@ TEST_F(SecondsRun, EverySecondIsSeenWithAHundredNotesABoxOpenAndBothProcessorsBu
                   '"' + title + "\",\"text\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
     }
     program.Start(executable);
-    Box(program, "Jotwright: Maximum Notes Reached").Press("OK");
+    Box(program, "Jotwright: Maximum Notes Reached").Click("OK");
     MainWindow();
     const Window editor = OpenRestored("Note 7");
     // A box stays open for the whole run.
-    PressToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
+    ClickToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
     const Window box = program.WaitFor("", "#32770");
     WaitUntil("the clock runs", [&] {
         for (const Window& child : editor.ChildrenOfClass("Static")) {

@@ -371,7 +371,7 @@ TEST_F(WinFilesTest, WhatTheShellWouldDestroyIsNotGivenToIt) {
     EXPECT_FALSE(files.FileExists(note));
 }
 
-TEST(FileErrorsTest, CodesOfTheSystemHaveTheirNumbers) {
+TEST(WinFilesErrorsTest, CodesOfTheSystemHaveTheirNumbers) {
     EXPECT_EQ(ErrorOfCode(ERROR_DISK_FULL), base::ErrorNumber::DiskFull);
     EXPECT_EQ(ErrorOfCode(ERROR_HANDLE_DISK_FULL), base::ErrorNumber::DiskFull);
     EXPECT_EQ(ErrorOfCode(ERROR_SHARING_VIOLATION), base::ErrorNumber::PermissionDenied);

@@ -48,7 +48,7 @@ class frmKeys : public Form {
     int formMenus = 0;
 };
 
-class FormKeyboard : public testing_support::TestProgram {
+class FormKeyboardTest : public testing_support::TestProgram {
   protected:
     void SetUp() override {
         TestProgram::SetUp();
@@ -59,7 +59,7 @@ class FormKeyboard : public testing_support::TestProgram {
 
 }  // namespace
 
-TEST_F(FormKeyboard, ThePointerFindsTheControlOnTop) {
+TEST_F(FormKeyboardTest, ThePointerFindsTheControlOnTop) {
     EXPECT_EQ(Form().ControlAt(299, 299), &Form().fraInner);
     EXPECT_EQ(Form().ControlAt(300, 300), &Form().lblAbove);
     EXPECT_EQ(Form().ControlAt(599, 599), &Form().lblAbove);
@@ -74,7 +74,7 @@ TEST_F(FormKeyboard, ThePointerFindsTheControlOnTop) {
     EXPECT_EQ(Form().ControlAt(300, 300), &Form().fraOuter);
 }
 
-TEST_F(FormKeyboard, EnterPressesTheDefaultButtonFromABoxThatTakesNoText) {
+TEST_F(FormKeyboardTest, EnterPressesTheDefaultButtonFromABoxThatTakesNoText) {
     Form().txtBody.SetFocus();
     EXPECT_EQ(gestures::PressEnter(Form()), KeyUse::ByControl);
     EXPECT_EQ(Form().presses, 0);
@@ -86,7 +86,7 @@ TEST_F(FormKeyboard, EnterPressesTheDefaultButtonFromABoxThatTakesNoText) {
     EXPECT_EQ(Form().presses, 1);
 }
 
-TEST_F(FormKeyboard, TheMenuKeyOpensTheOwnMenuOfATextUnlessTheTextLeavesIt) {
+TEST_F(FormKeyboardTest, TheMenuKeyOpensTheOwnMenuOfATextUnlessTheTextLeavesIt) {
     Form().txtLine.SetFocus();
     EXPECT_EQ(gestures::PressMenuKey(Form()), KeyUse::ByControl);
     EXPECT_EQ(Form().formMenus, 0);
@@ -95,7 +95,7 @@ TEST_F(FormKeyboard, TheMenuKeyOpensTheOwnMenuOfATextUnlessTheTextLeavesIt) {
     EXPECT_EQ(Form().formMenus, 1);
 }
 
-TEST_F(FormKeyboard, TabStopsOnceInAGroupAndGoesBackTheSameWay) {
+TEST_F(FormKeyboardTest, TabStopsOnceInAGroupAndGoesBackTheSameWay) {
     Form().optFirst.enabled = false;
     Form().txtLine.SetFocus();
     const auto visit = [this](bool backward) {
@@ -113,7 +113,7 @@ TEST_F(FormKeyboard, TabStopsOnceInAGroupAndGoesBackTheSameWay) {
     EXPECT_EQ(visit(false), (Names{"txtBody", "optThird", "tlbTools", "cmdOk"}));
 }
 
-TEST_F(FormKeyboard, AKeyOfNoCaptionIsLeftToTheSystem) {
+TEST_F(FormKeyboardTest, AKeyOfNoCaptionIsLeftToTheSystem) {
     EXPECT_EQ(gestures::PressAccessKey(Form(), 'x'), KeyUse::Unused);
     EXPECT_EQ(gestures::PressAccessKey(Form(), 'O'), KeyUse::Used);
     EXPECT_EQ(Form().presses, 1);

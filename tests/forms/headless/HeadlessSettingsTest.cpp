@@ -1,0 +1,15 @@
+#include <gtest/gtest.h>
+
+#include "forms/headless/HeadlessSettings.h"
+
+namespace forms::headless {
+
+TEST(HeadlessSettingsTest, KeepsWhatIsWritten) {
+    HeadlessSettings settings;
+    EXPECT_EQ(settings.Read("Options", "DefaultColor"), std::nullopt);
+    settings.Write("Options", "DefaultColor", "3");
+    EXPECT_EQ(settings.Read("Options", "DefaultColor"), "3");
+    EXPECT_EQ(settings.Read("Config", "DefaultColor"), std::nullopt);
+}
+
+}  // namespace forms::headless
