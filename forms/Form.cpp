@@ -200,6 +200,11 @@ void Form::PopupMenu(Menu& menu) {
     }
 }
 
+bool Form::HasMenuBar() const {
+    return std::any_of(menus.begin(), menus.end(),
+                       [](const Menu* menu) { return menu->inMenuBar && menu->visible; });
+}
+
 Control* Form::ActiveControl() const {
     if (activeControl != nullptr && activeControl->CanTakeFocus()) {
         return activeControl;

@@ -94,6 +94,7 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
 
     const std::vector<Control*>& Controls() const { return controls; }
     const std::vector<Menu*>& Menus() const { return menus; }  // top-level, in order
+    bool HasMenuBar() const;
     const std::vector<Timer*>& Timers() const { return timers; }
     // What has the focus while the form is active: what was given it; where that cannot be used,
     // the next that the Tab key stops at; the first of these where nothing was given it.

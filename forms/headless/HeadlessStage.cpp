@@ -22,11 +22,6 @@ constexpr int characterWidth = 90;
 constexpr int lineHeight = 240;
 constexpr int plainFontSize = 8;
 
-bool HasMenuBar(const Form& form) {
-    return std::any_of(form.Menus().begin(), form.Menus().end(),
-                       [](const Menu* menu) { return menu->inMenuBar && menu->visible; });
-}
-
 }  // namespace
 
 // Marks a wait as open for as long as it stands.
@@ -291,7 +286,7 @@ Size HeadlessStage::FrameSize(const Form& form) {
         frame.width += 2 * borderWidth;
         frame.height += 2 * borderWidth + captionHeight;
     }
-    if (HasMenuBar(form)) {
+    if (form.HasMenuBar()) {
         frame.height += menuBarHeight;
     }
     return frame;

@@ -76,7 +76,7 @@ class FramePeer : public SurfacePeer {
         ::SetBkMode(dc, TRANSPARENT);
         const COLORREF wanted =
             ::GetSysColor(frame.IsEffectivelyEnabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT);
-        ::SetTextColor(dc, ReadableOn(window.BackColor(), wanted));
+        ::SetTextColor(dc, ReadableOn(window.surface.BackColor(), wanted));
         ::DrawTextW(dc, caption.c_str(), -1, &text, format);
     }
 

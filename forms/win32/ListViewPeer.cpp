@@ -36,7 +36,7 @@ class ListViewPeer : public Peer {
             LVCOLUMNW column{};
             column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
             column.pszText = heading.data();
-            column.cx = window.Pixels(listView.columns[i].width);
+            column.cx = window.scale.Pixels(listView.columns[i].width);
             column.iSubItem = static_cast<int>(i);
             ::SendMessageW(handle, LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
         }
@@ -57,7 +57,8 @@ class ListViewPeer : public Peer {
     void Restyle() override {
         Peer::Restyle();
         for (std::size_t i = 0; i < listView.columns.size(); ++i) {
-            ::SendMessageW(handle, LVM_SETCOLUMNWIDTH, i, window.Pixels(listView.columns[i].width));
+            ::SendMessageW(handle, LVM_SETCOLUMNWIDTH, i,
+                           window.scale.Pixels(listView.columns[i].width));
         }
         MakeImages();
     }
@@ -106,8 +107,8 @@ class ListViewPeer : public Peer {
         if (click.iItem >= 0 && !selectedByClick) {
             gestures::Select(listView, click.iItem);
         }
-        gestures::MouseUp(listView, button, window.Twips(click.ptAction.x),
-                          window.Twips(click.ptAction.y));
+        gestures::MouseUp(listView, button, window.scale.Twips(click.ptAction.x),
+                          window.scale.Twips(click.ptAction.y));
     }
 
     void MakeImages() {
@@ -115,7 +116,7 @@ class ListViewPeer : public Peer {
             return;
         }
         const auto& wanted = listView.imageList->images;
-        const int pixels = SystemMetric(SM_CXSMICON, window.dpi);
+        const int pixels = SystemMetric(SM_CXSMICON, window.scale.dpi);
         HIMAGELIST made = ::ImageList_Create(pixels, pixels, ILC_COLOR32 | ILC_MASK,
                                              static_cast<int>(wanted.size()), 0);
         for (const auto& image : wanted) {

@@ -50,7 +50,7 @@ class OptionButtonPeer : public Peer {
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
         const auto result = Peer::OnMessage(message, wParam, lParam);
         if (message == WM_SETFOCUS && window.IsLive() && !window.state.movingFocus) {
-            SelectByArrowKey(window.PeerOf(reinterpret_cast<HWND>(wParam)));
+            SelectByArrowKey(window.controls.Find(reinterpret_cast<HWND>(wParam)));
         }
         return result;
     }

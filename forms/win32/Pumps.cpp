@@ -8,7 +8,6 @@
 
 #include "forms/Runtime.h"
 #include "forms/win32/BoxText.h"
-#include "forms/win32/FormKeys.h"
 #include "forms/win32/Internal.h"
 #include "forms/win32/LateLibrary.h"
 #include "forms/win32/Utf.h"
@@ -24,7 +23,7 @@ bool IsForForm(MSG& message) {
     }
     HWND root = message.hwnd != nullptr ? ::GetAncestor(message.hwnd, GA_ROOT) : nullptr;
     FormWindow* window = root != nullptr ? FormWindow::From(root) : nullptr;
-    return window != nullptr && TakeKey(*window, message);
+    return window != nullptr && window->focus.TakeKey(message);
 }
 
 // In the loop of a box or dialog: the forms that can be used meanwhile have their keys, too. The
@@ -79,7 +78,7 @@ class OthersShutOff {
         const Applying applying(state);
         const std::vector<FormWindow*> windows = state.windows;
         for (FormWindow* window : windows) {
-            ++window->boxes;
+            ++window->showing.boxes;
             counted.push_back(window);
             if (owner != nullptr && window->handle != owner) {
                 ::EnableWindow(window->handle, FALSE);
@@ -90,8 +89,9 @@ class OthersShutOff {
         for (FormWindow* window : counted) {
             const bool exists = std::find(state.windows.begin(), state.windows.end(), window) !=
                                 state.windows.end();
-            if (exists && window->boxes > 0 && --window->boxes == 0 && window->IsLive()) {
-                window->UpdateEnabled();
+            if (exists && window->showing.boxes > 0 && --window->showing.boxes == 0 &&
+                window->IsLive()) {
+                window->showing.UpdateEnabled();
             }
         }
     }
@@ -206,7 +206,7 @@ Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu) {
     if (state.menuPlace) {
         place = *state.menuPlace;
     }
-    HMENU popup = window.Menus().MakePopup(menu);
+    HMENU popup = window.menus.MakePopup(menu);
     HWND before = ::GetActiveWindow();
     // A menu closes when the user clicks elsewhere only if its window is in the foreground, and
     // takes keys only if that window can be used.
@@ -225,7 +225,7 @@ Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu) {
     if (owner == state.utility && before != nullptr && ::GetActiveWindow() == owner) {
         ::SetActiveWindow(before);
     }
-    return id != 0 && window.IsLive() ? window.Menus().Find(id) : nullptr;
+    return id != 0 && window.IsLive() ? window.menus.Find(id) : nullptr;
 }
 
 void EndAll() {

@@ -82,7 +82,7 @@ class TextBoxPeer : public Peer {
 
   protected:
     HFONT Font() const override {
-        return fonts::Get(std::string(), textBox.fontSize, false, window.dpi);
+        return fonts::Get(std::string(), textBox.fontSize, false, window.scale.dpi);
     }
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -147,7 +147,7 @@ class TextBoxPeer : public Peer {
     int RoomAbove() const {
         constexpr int systemsOwn = 3;
         constexpr int wanted = 45;  // twips: as much at 96 dpi
-        return std::max(window.Pixels(wanted) - systemsOwn, 0);
+        return std::max(window.scale.Pixels(wanted) - systemsOwn, 0);
     }
 
     std::optional<LRESULT> OnRoomMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -49,7 +49,7 @@ void ToolTips::Update(const Peer& peer) {
 
 void ToolTips::FollowScale() const {
     if (tips != nullptr) {
-        ::SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, window.Pixels(widthInTwips));
+        ::SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, window.scale.Pixels(widthInTwips));
     }
 }
 

@@ -64,13 +64,13 @@ void ToolbarPeer::Restyle() {
 int ToolbarPeer::ButtonPixels() const {
     const RECT area = Area();
     return std::min(static_cast<int>(area.bottom - area.top),
-                    window.Pixels(imageTwips + paddingTwips));
+                    window.scale.Pixels(imageTwips + paddingTwips));
 }
 
 void ToolbarPeer::ShowButtons() {
     const auto& buttons = toolbar.buttons();
     const auto count = static_cast<int>(buttons.size());
-    const int pixels = window.Pixels(imageTwips);
+    const int pixels = window.scale.Pixels(imageTwips);
     HIMAGELIST made = ::ImageList_Create(pixels, pixels, ILC_COLOR32 | ILC_MASK, count, 0);
     while (::SendMessageW(handle, TB_DELETEBUTTON, 0, 0) != 0) {
     }

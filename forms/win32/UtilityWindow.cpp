@@ -153,7 +153,7 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (wParam == SPI_SETNONCLIENTMETRICS) {
                 fonts::Forget();
                 for (FormWindow* form : state.windows) {
-                    form->UserSettingsChanged();
+                    form->controls.Layout();
                 }
             }
             return 0;
@@ -170,7 +170,7 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 void UtilityWindow::OnDisplayChange() {
     const std::vector<FormWindow*> windows = state.windows;
     for (FormWindow* form : windows) {
-        form->ComeIntoReach();
+        form->placement.ComeIntoReach();
     }
     ::EnumThreadWindows(::GetCurrentThreadId(), &BringBoxIntoReach, 0);
     if (onDisplayChange) {
