@@ -19,10 +19,11 @@ class VirtualClock : public Clock {
     int MillisecondOfSecond() override;
     std::int64_t MonotonicMilliseconds() override { return monotonic; }
 
-    // Sets the wall clock before a program starts; nothing is told of it. A running program's clock
-    // is changed with HeadlessStage::Jump.
+    // These two set the wall clock, and the program is not told.
     void SetNow(base::DateTime now, int millisecond = 0);
     void MoveWallClock(std::int64_t seconds, std::int64_t milliseconds = 0);
+    // The wall clock is set forward or back, and the system tells the program.
+    void Jump(std::int64_t seconds, std::int64_t milliseconds = 0);
 
     // Lets time pass: both clocks go on, and every alarm that falls due on the way is given at its
     // own moment (with jitter, up to that much later). Handlers may advance the clock themselves;
@@ -31,6 +32,8 @@ class VirtualClock : public Clock {
     // Time passes and no alarm is given: a handler is busy or the machine sleeps. What fell due
     // meanwhile is given when the clock is next advanced.
     void Pass(std::int64_t milliseconds);
+    // The machine sleeps: time passes without an alarm, then the system tells the program.
+    void Suspend(std::int64_t seconds);
 
     // Each alarm comes up to maximum milliseconds late, by a fixed pseudo-random sequence.
     void SetJitter(int maximum, std::uint32_t seed = 1);
@@ -42,6 +45,8 @@ class VirtualClock : public Clock {
     void Arm(std::optional<std::int64_t> due);
     std::optional<std::int64_t> Armed() const { return alarm; }
     std::function<void()> onAlarm;
+    // The system tells that the wall clock was set or the machine has slept.
+    std::function<void()> onWallClockSet;
     // An alarm is armed again and again for a moment that is past.
     std::function<void()> onStuck;
 

@@ -141,7 +141,7 @@ void Monkey::Sleep() {
 
 // Time that is slept through brings no tick, and so does not count as calm.
 void Monkey::Suspend(std::int64_t seconds) {
-    stage->Suspend(seconds);
+    clock.Suspend(seconds);
     calmSince = clock.MonotonicMilliseconds();
 }
 
@@ -311,7 +311,7 @@ void Monkey::AddWorld(Choices& choices) {
         choices.push_back({10, "tray right click", [this] { user->Tray(517); }});
     }
     choices.push_back(
-        {1, "the clock is set", [this] { stage->Jump(Below(7200) - 3600, Below(2000) - 1000); }});
+        {1, "the clock is set", [this] { clock.Jump(Below(7200) - 3600, Below(2000) - 1000); }});
     choices.push_back({1, "the machine sleeps", [this] { Suspend(Below(3600)); }});
     choices.push_back({1, "kill", [this] { Kill(); }});
     if (OneIn(40)) {

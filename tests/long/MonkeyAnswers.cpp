@@ -144,7 +144,7 @@ void Monkey::Meanwhile() {
         Advance(1 + Below(kind == 0 ? 60'000 : 3000));
     } else if (kind == 7) {
         Note("the clock is set");
-        stage->Jump(Below(120) - 60, Below(1000));
+        clock.Jump(Below(120) - 60, Below(1000));
     } else {
         const int messages[] = {514, 515, 517};
         const int message = messages[Below(3)];
