@@ -14,12 +14,11 @@
 #include "forms/Devices.h"
 #include "forms/ImageList.h"
 
-// The kinds of control that the windows are made of. What raises an event is settled here, for both
-// stages: a handler runs when the user acts (see Gestures.h), and, where the comment says so, when
-// code assigns a different value.
+// All kinds of control. They decide for both stages which event is raised: a handler runs when the
+// user acts (see Gestures.h) and, if the comment says so, when code assigns a different value.
 namespace forms {
 
-// Controls of one class that share a name. Option buttons also know their place in the array.
+// Controls of one class that share a name. An option button also has its index in the array.
 template <class T, std::size_t count>
 class ControlArray : public std::array<T, count> {
   public:
@@ -47,8 +46,8 @@ class Captioned : public Control {
     using Control::Control;
 
     Property<std::string> caption{*this, Aspect::Caption};
-    // An ampersand in the caption marks an access key. Off where the caption is data, such as a
-    // title, which may contain an ampersand. Set in Design only.
+    // Whether an ampersand in the caption marks an access key. False if the caption is data, such
+    // as a title, which may contain an ampersand. Set in Design only.
     bool useMnemonic = true;
 };
 
@@ -65,7 +64,7 @@ class Label : public Captioned {
     const char* fontName = "";
     bool bold = false;  // set in Design only
     Alignment alignment = Alignment::Left;
-    // The label takes the size of its text whenever text or font size change.
+    // The label takes the size of its text when its text or its font size changes.
     bool autoSize = false;
     ClickHandler Click;
 
@@ -79,8 +78,8 @@ class TextBox : public Control {
     TextBox(Form* parent, const char* controlName)
         : Control(parent, ControlKind::TextBox, controlName) {}
 
-    // The content. Reading fetches what the user typed. Assigning a different text raises Change.
-    // Line breaks are CR LF.
+    // The content. Reading it fetches typed text from the stage. Assigning a different text raises
+    // Change. Line breaks are CR LF.
     class TextProperty {
       public:
         explicit TextProperty(TextBox& textBox) : owner(textBox) {}
@@ -113,7 +112,7 @@ class TextBox : public Control {
     void DoubleClicked() override { Raise(DoubleClick); }
     bool TakesEnter() const override { return multiLine && !readOnly; }
     bool HasOwnMenu() const override { return !leavesMenuKey; }
-    // The user has changed the content on the stage, which fetches it when somebody reads.
+    // The user has changed the content on the stage. It is fetched when it is next read.
     void MarkTyped();
 };
 
@@ -121,7 +120,7 @@ class CommandButton : public Captioned {
   public:
     CommandButton(Form* parent, const char* controlName)
         : Captioned(parent, ControlKind::CommandButton, controlName) {}
-    // Pressed by Enter (from any control but another button) and by Escape.
+    // Whether Enter (unless another button has the focus) and Escape press the button.
     Property<bool> isDefault{*this, Aspect::Default, false};
     Property<bool> isCancel{*this, Aspect::Default, false};
     ClickHandler Click;
@@ -161,7 +160,7 @@ class OptionButton : public Captioned {
     bool CanHaveFocus() const override { return true; }
     void Changed(Aspect aspect) override;
     void Clicked() override { value = true; }
-    // Once in a container: the selected button, else the first one that can be used.
+    // One button of a container is the Tab stop: the selected one, else the first that can be used.
     bool IsTabStop() const override;
 };
 
@@ -173,7 +172,7 @@ class Frame : public Captioned {
 };
 
 // A drop-down list. Raises Click when its index changes, by the user or by code, and when the user
-// chooses the entry again that is chosen already.
+// chooses the same entry again.
 class ComboBox : public Control {
   public:
     ComboBox(Form* parent, const char* controlName)
@@ -186,7 +185,7 @@ class ComboBox : public Control {
     void Changed(Aspect aspect) override;
 };
 
-// Only ever hidden: no stage shows one. Raises Click when its index changes.
+// A list that is always hidden: no stage shows it. Raises Click when its index changes.
 class ListBox : public Control {
   public:
     ListBox(Form* parent, const char* controlName)
@@ -222,15 +221,15 @@ class ListView : public Control {
     // Puts a text into the column with this key. RuntimeError 9 if there is none.
     void SetText(Row& row, const std::string& columnKey, const std::string& text) const;
     const std::vector<Row>& Rows() const { return rows; }
-    // position counts from 0; RuntimeError 457 for a key that is there already.
+    // position counts from 0. RuntimeError 457 if another row has the key.
     void InsertRow(std::size_t position, Row row);
     void AddRow(Row row) { InsertRow(rows.size(), std::move(row)); }
-    void RemoveRow(std::size_t position);  // RuntimeError 9 where there is none
+    void RemoveRow(std::size_t position);  // RuntimeError 9 if there is none
     void Clear();
-    // -1 where nothing is selected.
+    // -1 if no row is selected.
     int SelectedRow() const { return selectedRow; }
     void Select(int position);  // no event
-    // Nothing is redrawn between these; one Items change at the end.
+    // Between these, changes of rows are not shown; EndUpdate shows them all.
     void BeginUpdate() { ++updating; }
     void EndUpdate();
 
@@ -247,8 +246,8 @@ class ListView : public Control {
 };
 
 // A date picker (drop-down calendar) or, with upDown, a time picker. The user's changes raise
-// Change; assignments in code do not. Delivers whole minutes with a time format; a date without a
-// time of day or a time of day without a date.
+// Change; assignments in code do not. The value is a date without a time of day, or, if the format
+// shows a time, a time of day in whole minutes without a date.
 class DateTimePicker : public Control {
   public:
     DateTimePicker(Form* parent, const char* controlName)
@@ -297,7 +296,7 @@ class Toolbar : public Control {
     Toolbar(Form* parent, const char* controlName)
         : Control(parent, ControlKind::Toolbar, controlName) {}
     struct Button {
-        std::string key;  // told apart by it
+        std::string key;  // unique
         std::string toolTip;
         std::string image;  // key in imageList
         bool enabled = true;

@@ -47,7 +47,7 @@ void Form::Load() {
     try {
         Form_Load();
     } catch (const base::RuntimeError&) {
-        // A form that failed to load is not there; whoever asked for it hears why.
+        // Discard a form whose Form_Load failed, and rethrow to the caller.
         Discard();
         throw;
     }

@@ -165,8 +165,7 @@ void EndSession() {
     for (const auto& form : forms) {
         Close(*form, UnloadMode::SessionEnd);
     }
-    // A form whose user was being asked is not unloaded a second time, nor is the one that had it
-    // unloaded: nobody will answer.
+    // Forms whose Unload was waiting for the user are still loaded. There will be no answer.
     runtime.Dispatch(nullptr, [&runtime] { runtime.End(); });
 }
 

@@ -29,7 +29,7 @@ struct ExpectedModal {
 
 struct ExpectedPopup {
     std::string menuName;
-    std::string entry;                   // name or caption; empty: the user clicks beside the menu
+    std::string entry;                   // name or caption; empty: the user closes the menu
     std::function<Menu*(Menu&)> script;  // instead of entry
 };
 
@@ -51,13 +51,13 @@ std::string Describe(const Expectation& expectation);
 
 // Whether a box has a button for the answer.
 bool IsAnswerOf(const BoxRequest& request, BoxResult answer);
-// What Enter answers.
+// The answer of the button that Enter presses.
 BoxResult DefaultAnswerOf(const BoxRequest& request);
 
-// The entry below the menu with this name or, failing that, this caption; null where there is none.
+// The entry of the menu with this name, else with this caption; null if there is none.
 Menu* FindEntry(Menu& menu, const std::string& nameOrCaption);
-// Why the user cannot choose the entry; empty where it can be chosen. top is the menu that is open
-// (its own visibility does not matter), or null for the menu bar.
+// Why the user cannot choose the entry; empty if it can be chosen. top is the open menu (its own
+// visibility does not matter), or null for the menu bar.
 std::string WhyNotChoosable(const Menu& entry, const Menu* top);
 
 }  // namespace forms::headless

@@ -22,7 +22,7 @@ void ForceClosed(Form& form) {
 
 }  // namespace
 
-// A wait that has begun; counts as open until this object goes.
+// Counts a wait as open from its construction to its destruction.
 class HeadlessPumps::Waiting {
   public:
     Waiting(HeadlessPumps& headlessPumps, Wait wait) : pumps(headlessPumps) {

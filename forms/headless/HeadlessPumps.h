@@ -21,7 +21,7 @@ class HeadlessPumps : public Stage, public Expectations {
 
     VirtualClock& clock;
 
-    // Answers when the script is empty, for tests that cannot know what opens.
+    // Answers when the script is empty, for tests with unpredictable boxes.
     struct Improvisation {
         std::function<BoxResult(const BoxRequest&)> box;
         std::function<void(Form&)> modal;

@@ -11,7 +11,7 @@
 
 namespace forms::headless {
 
-// What the screen shows of a form.
+// The state in which the screen shows a form.
 struct HeadlessWindow : Form::StageData {
     bool shown = false;
     bool usable = true;

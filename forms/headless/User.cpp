@@ -63,7 +63,7 @@ bool User::RequireReachable(const std::string& what, Control& control) {
     return true;
 }
 
-// Nothing here keeps the form alive: whoever needs that, the runtime is to do it for everybody.
+// Does not keep the form alive: tests must fail if the runtime does not.
 bool User::BringUp(Form& form) {
     const std::weak_ptr<Form> alive = form.weak_from_this();
     gestures::Activate(form);
@@ -348,7 +348,7 @@ void User::PressEscape() {
     }
 }
 
-// A menu of the control's own has nothing of the program's.
+// KeyUse::ByControl needs no action here: the control's own menu has no entries of the program.
 void User::PressMenuKey() {
     if (Form* form = FormWithKeyboard("press the menu key")) {
         gestures::PressMenuKey(*form);

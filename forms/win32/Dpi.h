@@ -5,15 +5,16 @@
 #include "forms/Control.h"
 
 // Lengths: the models count in twips, 1440 to an inch, the system in pixels of a window's own
-// resolution. What is missing on an older system is worked out from the system's resolution.
+// resolution. On older systems, which lack some of the functions, the results are computed from the
+// system's resolution.
 namespace forms::win32 {
 
 constexpr int defaultDpi = 96;
 
 int SystemDpi();
 int DpiOf(HWND window);
-// As Windows 8.1 and the first Windows 10 tell it, which know resolutions of monitors, not of
-// windows; 0 where the system knows neither.
+// For Windows 8.1 and the first Windows 10, which have resolutions of monitors, but not of windows.
+// 0 on systems that have neither.
 int DpiOfMonitorAt(HWND window);
 
 // The resolution of a window, and lengths at that resolution.

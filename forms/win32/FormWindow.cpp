@@ -18,12 +18,12 @@ namespace {
 
 constexpr wchar_t className[] = L"FormWindow";
 
-// No title bar shows more, and a window with a very long name is not made at all.
+// No title bar shows more, and the system does not create a window with a very long name.
 constexpr std::size_t longestCaption = 1024;
 
 std::wstring CaptionOf(const Form& form) { return Wide(form.caption()).substr(0, longestCaption); }
 
-// How a form finds its window. Goes with the form, or earlier with its unloading.
+// How a form finds its window. Destroyed when the form is unloaded.
 struct Link : Form::StageData {
     FormWindow* window = nullptr;
     ~Link() override {
@@ -58,7 +58,7 @@ FormWindow* FormWindow::Of(Form& form, StageState& state) {
     if (!made->CreateBare()) {
         return nullptr;
     }
-    // From here on it belongs to its native window, with which it goes.
+    // From here on the native window owns it, and deletes it with WM_NCDESTROY.
     FormWindow* window = made.release();
     auto link = std::make_unique<Link>();
     link->window = window;
@@ -169,8 +169,8 @@ void FormWindow::ScheduleDestroy() {
     showing.ReleaseOwned();
     DetachFromForm();
     destroyScheduled = true;
-    // The window goes with the next message. While the program ends, that message never comes: the
-    // system takes all windows of a process faster than they could be destroyed one by one.
+    // The next message destroys the window. It does not come while the program ends: the system
+    // destroys all windows of a process faster than the process could one by one.
     if (::PostMessageW(state.utility, UtilityWindow::destroyMessage, 0,
                        reinterpret_cast<LPARAM>(handle)) == 0) {
         DestroyIfScheduled();
@@ -189,7 +189,7 @@ void FormWindow::DestroyIfScheduled() {
     }
 }
 
-// The form no longer knows this window, and the window no longer touches the form.
+// Cuts the link between the form and the window, in both directions.
 void FormWindow::DetachFromForm() {
     if (auto* link = static_cast<Link*>(form->stageData.get()); link != nullptr) {
         link->window = nullptr;
@@ -257,7 +257,8 @@ std::optional<LRESULT> FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM
     if (!result) {
         result = showing.OnMessage(message, wParam);
     }
-    // The last one: its handlers may unload the form, and the message still goes on.
+    // This part is the last one, because its handlers may unload the form and it may still leave
+    // the message to the system.
     if (!result) {
         result = placement.OnMessage(message, wParam, lParam);
     }

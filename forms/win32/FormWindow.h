@@ -17,16 +17,15 @@
 
 namespace forms::win32 {
 
-// The native window of a form. It is made bare, and filled with its menu bar and its controls when
-// it is first shown un-minimised. When its form is unloaded it is hidden at once, and destroyed as
-// soon as none of its procedures is on the stack: a handler may unload the form whose button it
-// serves.
+// The native window of a form. It is made bare; its menu bar and its controls are made when it is
+// first shown and not minimised. When its form is unloaded, it is hidden at once, and destroyed as
+// soon as none of its procedures is on the stack: the handler of a button may unload its form.
 class FormWindow {
   public:
     static FormWindow* Existing(const Form& form);
     // Null if the form is not loaded or the system has no more windows.
     static FormWindow* Of(Form& form, StageState& state);
-    // Null if the window is none of ours.
+    // Null if the window is not a FormWindow of this process.
     static FormWindow* From(HWND window);
 
     ~FormWindow();
@@ -79,8 +78,7 @@ class FormWindow {
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void OnCommand(WPARAM wParam, LPARAM lParam);
 
-    // While CreateWindow runs for it. The message that tells of the making may be forged, and its
-    // parameters with it.
+    // Set while CreateWindow runs. WM_NCCREATE may be forged, so its parameters are not used.
     inline static FormWindow* beingMade = nullptr;
 
     Form* form;

@@ -15,7 +15,7 @@ namespace forms::win32 {
 
 namespace {
 
-// The native list holds no rows of its own: it asks for what it shows.
+// A virtual list: the native control holds no rows, and requests the text of those that it shows.
 class ListViewPeer : public Peer {
   public:
     ListViewPeer(FormWindow& formWindow, ListView& peerList)
@@ -94,7 +94,7 @@ class ListViewPeer : public Peer {
         if (message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN) {
             selectedByClick = false;
         }
-        // The native list swallows some of these and reports each by a notification.
+        // The native list reports each of these by a notification, and swallows some of them.
         if (message == WM_LBUTTONUP || message == WM_RBUTTONUP) {
             return std::nullopt;
         }
@@ -190,7 +190,7 @@ class ListViewPeer : public Peer {
         }
     }
 
-    // The row that has a text that begins with what the user types.
+    // The row with a text that begins with the typed letters.
     LRESULT FindRow(const NMLVFINDITEMW& search) const {
         const auto& rows = listView.Rows();
         if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || rows.empty()) {

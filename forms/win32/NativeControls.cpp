@@ -21,8 +21,8 @@ bool IsOrContains(const Control& outer, const Control* control) {
 
 }  // namespace
 
-// The native order of the controls is the order of the Tab key, and of what lies above what: group
-// boxes come last, the inner before the outer ones.
+// The order in which native controls are created is the order of the Tab key, and the first one
+// lies on top. So group boxes come last, the inner before the outer ones.
 void NativeControls::Create() {
     const Form& form = window.Model();
     for (Control* control : form.Controls()) {

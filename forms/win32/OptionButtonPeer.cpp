@@ -56,8 +56,8 @@ class OptionButtonPeer : public Peer {
     }
 
   private:
-    // The focus comes from another button of the group: the selection follows it. Not every system
-    // reports that as a click.
+    // If the focus comes from another button of the group, the selection follows it. Not every
+    // system reports that as a click.
     void SelectByArrowKey(const Peer* from) {
         const bool byMouse = ::GetKeyState(VK_LBUTTON) < 0;
         if (from != nullptr && IsOfGroup(from->control) && !byMouse && !button.value()) {

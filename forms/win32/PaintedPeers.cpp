@@ -21,8 +21,8 @@ void PaintedPeer::Layout() {
 
 namespace {
 
-// Painted with the form's surface. One that has a name also has a native window, which shows what
-// is painted below it: without one a screen reader would not find it.
+// Painted with the form's surface. An image with a name also has a native window, so that screen
+// readers find it; that window shows the surface below it.
 class ImagePeer : public SurfacePeer {
   public:
     ImagePeer(FormWindow& formWindow, Image& peerImage)
@@ -112,7 +112,7 @@ class LinePeer : public PaintedPeer {
     LinePeer(FormWindow& formWindow, Line& peerLine)
         : PaintedPeer(formWindow, peerLine), line(peerLine) {}
 
-    // A line has no thickness of its own: a place without height or width is as thick as the
+    // A line has no thickness of its own: a place without height or width is drawn as thick as the
     // outline of a shape.
     void Paint(HDC dc) override {
         const int thickness = window.surface.LineThickness();

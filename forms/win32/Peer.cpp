@@ -132,7 +132,7 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
         }
         case WM_RBUTTONUP:
             if (control.MouseUp) {
-                // Instead of the menu that the control itself may have.
+                // The handler replaces the control's own menu.
                 ReportMouseUp(rightButton, lParam);
                 return 0;
             }
@@ -154,10 +154,10 @@ LRESULT CALLBACK Peer::Procedure(HWND child, UINT message, WPARAM wParam, LPARAM
     auto& peer = *reinterpret_cast<Peer*>(data);
     const bool isMade = message == WM_NCCREATE || message == WM_CREATE;
     const bool isEnd = message == WM_DESTROY || message == WM_NCDESTROY;
-    // When it goes with its form it may have no parent any more.
+    // A control that is destroyed with its form may have no parent any more.
     const bool ends = IsBeingDestroyed(child) || IsBeingDestroyed(peer.window.handle);
     if (isMade || (isEnd && !ends)) {
-        return 0;  // sent by another program: the control was made before, and stays
+        return 0;  // sent by another program: the control exists already, and stays
     }
     if (message == WM_NCDESTROY) {
         ::RemoveWindowSubclass(child, &Peer::Procedure, id);

@@ -16,7 +16,7 @@ namespace forms::win32::pumps {
 
 namespace {
 
-// Keys that move the focus, press a button or belong to a control's caption.
+// Handles keys that move the focus, press a button or are access keys.
 bool IsForForm(MSG& message) {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) {
         return false;
@@ -26,8 +26,8 @@ bool IsForForm(MSG& message) {
     return window != nullptr && window->focus.TakeKey(message);
 }
 
-// In the loop of a box or dialog: the forms that can be used meanwhile have their keys, too. The
-// system's own treatment of such keys asks again about the same message.
+// The hook in the loop of a box or dialog: gives their keys to the forms that can be used while it
+// is open. IsDialogMessage calls the hook again with the same message; that call is ignored.
 LRESULT CALLBACK KeysOfForms(int code, WPARAM wParam, LPARAM lParam) {
     static const MSG* beingTreated = nullptr;
     auto* message = reinterpret_cast<MSG*>(lParam);
@@ -60,7 +60,7 @@ bool CanOwn(HWND window) {
            ::IsWindowEnabled(window) != 0;
 }
 
-// The window that a box or dialog belongs to: the one that the user works with, if any.
+// The owner of a box or dialog: the window that the user works with, if any.
 HWND OwnerForBox() {
     if (HWND active = ::GetActiveWindow(); CanOwn(active)) {
         return active;
@@ -70,8 +70,8 @@ HWND OwnerForBox() {
     return window != nullptr && CanOwn(window->handle) ? window->handle : nullptr;
 }
 
-// Shuts off the windows that are there, all but the owner of the box, which the system shuts off
-// itself (and, where there is no owner, all of them). Windows that appear later can be used.
+// Shuts off the existing windows while a box is open. The system itself shuts off the owner, and
+// all windows if there is no owner. Windows that appear later can be used.
 class OthersShutOff {
   public:
     OthersShutOff(StageState& stageState, HWND owner) : state(stageState) {
@@ -143,12 +143,12 @@ void Run(const std::function<bool()>& goesOn) {
     const Runtime& runtime = Runtime::Current();
     while (!runtime.HasEnded() && goesOn()) {
         MSG message{};
-        // 0 is the end of this loop only if the runtime has ended, too.
+        // WM_QUIT (0) ends this loop only if the runtime has ended, too.
         if (::GetMessageW(&message, nullptr, 0, 0) > 0 && !IsForForm(message)) {
             ::TranslateMessage(&message);
             ::DispatchMessageW(&message);
         }
-        // The native timer would wait until no message is left.
+        // The native timer would wait until the queue is empty.
         if (runOverdueTimers) {
             runOverdueTimers();
         }

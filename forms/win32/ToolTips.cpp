@@ -30,7 +30,7 @@ void ToolTips::Update(const Peer& peer) {
     tool.cbSize = TTTOOLINFOW_V2_SIZE;
     tool.hwnd = window.handle;
     if (peer.IsTransparent()) {
-        // Mouse messages go to the form itself, so the tip belongs to an area of it.
+        // Mouse messages go to the form itself, so the tool is an area of the form.
         tool.uFlags = TTF_SUBCLASS;
         tool.uId = reinterpret_cast<UINT_PTR>(&control);
         tool.rect = peer.Area();

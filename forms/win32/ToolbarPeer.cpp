@@ -102,7 +102,7 @@ void ToolbarPeer::ShowButtons() {
     Redraw();
 }
 
-// The native control knows some of these keys, but not on every system.
+// On some systems, the native control handles some of these keys itself.
 std::optional<LRESULT> ToolbarPeer::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_GETDLGCODE:
@@ -182,7 +182,7 @@ bool ToolbarPeer::PressButton(int id) {
     return true;
 }
 
-// Not left to the tips' own TTN_GETDISPINFO: the native control answers that with the text that the
+// The tips do not use TTN_GETDISPINFO: the native control would answer it with the text that the
 // button has for screen readers.
 std::optional<LRESULT> ToolbarPeer::OnNotify(NMHDR& header) {
     if (header.code != TBN_GETINFOTIPW) {

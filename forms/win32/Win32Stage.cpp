@@ -66,7 +66,7 @@ Win32Stage::~Win32Stage() {
     while (!state->windows.empty()) {
         FormWindow* window = state->windows.back();
         if (!DestroyNative(window->handle)) {
-            delete window;  // it has no native window any more
+            delete window;  // its native window is gone already
         }
     }
     filter.reset();
@@ -78,7 +78,7 @@ Win32Stage::~Win32Stage() {
 }
 
 void Win32Stage::FormLoaded(Form& /*form*/) {
-    // Its window is made when it is shown.
+    // ShowOrHide makes the window.
 }
 
 void Win32Stage::FormUnloaded(Form& form) { form.stageData.reset(); }

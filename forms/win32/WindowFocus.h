@@ -19,8 +19,8 @@ class WindowFocus {
     void Restore();
     // Draws the push button that has the focus as the default button, or else the default button.
     void MarkDefaultButton();
-    // Handles a key for a control of the window. False if the key is to be dispatched to the
-    // control. Handlers may run meanwhile.
+    // Handles a key for a control of the window; handlers may run. False if the key must be
+    // dispatched to the control.
     bool TakeKey(MSG& message);
     // The menu key was pressed. False if the control that has the focus opens its own menu.
     bool OpenMenu();

@@ -19,8 +19,8 @@ bool OpensInTheMiddle(const Form& form) {
     return form.centerOnScreen || form.borderStyle == BorderStyle::None;
 }
 
-// Other programs can send a message with a pointer to nowhere. Such memory is read as that of
-// another process is: the call fails and the program goes on.
+// Other programs can send a message with an invalid pointer. ReadProcessMemory fails on it instead
+// of crashing.
 std::optional<RECT> RectAt(LPARAM address) {
     RECT rect{};
     SIZE_T count = 0;
@@ -49,7 +49,7 @@ RECT PlaceAt(POINT corner, SIZE size) {
 
 }  // namespace
 
-// As the model has it, but exact to the pixel if the model asks for a size of the inside.
+// The model's size. If the model gives the size of the inside, that is exact to the pixel.
 SIZE WindowPlacement::OuterSize() const {
     const Form& form = window.Model();
     const SIZE frame = FrameSizeOf(form, window.scale.dpi);
@@ -180,7 +180,7 @@ void WindowPlacement::Report() {
                                                              : WindowState::Normal;
     RECT place{};
     ::GetWindowRect(window.handle, &place);
-    // A length that is shown as it was asked for is not replaced by its rounded value.
+    // If the pixels are those of the model's length, that length is kept, not its rounded value.
     const auto report = [&scale](int pixels, int known) {
         return scale.Pixels(known) == pixels ? known : scale.Twips(pixels);
     };

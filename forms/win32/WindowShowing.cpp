@@ -20,7 +20,7 @@ bool HasForeground() {
            process == ::GetCurrentProcessId();
 }
 
-// Stops at the box or dialog that waits for its answer and leaves it in *data.
+// Stores the first box or dialog that waits for its answer in *data.
 BOOL CALLBACK FindOpenBox(HWND window, LPARAM data) {
     wchar_t name[16] = L"";
     ::GetClassNameW(window, name, static_cast<int>(std::size(name)));
@@ -32,14 +32,14 @@ BOOL CALLBACK FindOpenBox(HWND window, LPARAM data) {
     return waits ? FALSE : TRUE;
 }
 
-// In front of all others; null if none is open.
+// The foremost box or dialog; null if none is open.
 HWND OpenBox() {
     HWND box = nullptr;
     ::EnumThreadWindows(::GetCurrentThreadId(), &FindOpenBox, reinterpret_cast<LPARAM>(&box));
     return box;
 }
 
-// Within the program, without taking the foreground from another one.
+// Makes the window the program's active one. Does not take the foreground from another program.
 void MakeActive(HWND window) {
     if (HasForeground()) {
         ::SetForegroundWindow(window);
@@ -149,8 +149,8 @@ bool WindowShowing::CanBeActive() const {
            ::IsWindowEnabled(window.handle) != 0;
 }
 
-// The window that becomes active when this one goes: the one that the runtime has chosen, else the
-// one that was used before.
+// The window that becomes active when this one goes: that of the form that the runtime has chosen,
+// else the window that was used before.
 FormWindow* WindowShowing::Successor() const {
     const Form* chosen = Runtime::Exists() ? Runtime::Current().ActiveForm() : nullptr;
     if (chosen != nullptr && chosen != &window.Model()) {
@@ -170,8 +170,8 @@ void WindowShowing::MarkUsed() {
     window.state.windows.push_back(&window);
 }
 
-// The successor takes over before the window goes: the system would hand the keyboard to whatever
-// it finds, which may be another program.
+// The successor becomes active first. Otherwise, the system would choose the next active window,
+// perhaps one of another program.
 void WindowShowing::Hide() {
     if (!window.IsShown()) {
         return;

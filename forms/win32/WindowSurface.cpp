@@ -81,8 +81,8 @@ std::optional<LRESULT> WindowSurface::OnMessage(UINT message, WPARAM wParam, LPA
             OnPaint();
             return 0;
         case WM_ERASEBKGND: {
-            // The window paints all of itself in one step; a control that shows its background asks
-            // with a device context of its own.
+            // The window itself is painted in one step by WM_PAINT. A control that shows the
+            // surface sends this message with a device context of its own.
             HDC dc = reinterpret_cast<HDC>(wParam);
             if (::WindowFromDC(dc) != window.handle) {
                 Paint(dc);
