@@ -101,7 +101,10 @@ class Control : public Observed {
     // Whether the control and all its containers are enabled.
     bool IsEffectivelyEnabled() const;
 
-    void Changed(Aspect aspect) override;
+    // Shows the change on the stage, then calls AfterChange.
+    void Changed(Aspect aspect) final;
+    // The control's own reaction to the change of a property: raises the event for it, if any.
+    virtual void AfterChange(Aspect /*aspect*/) {}
     // Called by Gestures only, when the user has clicked or double-clicked the control.
     virtual void Clicked() {}
     virtual void DoubleClicked() {}

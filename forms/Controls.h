@@ -14,8 +14,8 @@
 #include "forms/Devices.h"
 #include "forms/ImageList.h"
 
-// All kinds of control. They decide for both stages which event is raised: a handler runs when the
-// user acts (see Gestures.h) and, if the comment says so, when code assigns a different value.
+// All kinds of control. They raise the events for both stages: when the user acts (gestures call
+// Clicked, Selected and so on) and, if the comment says so, when code assigns a different value.
 namespace forms {
 
 // Controls of one class that share a name. An option button also has its index in the array.
@@ -68,7 +68,7 @@ class Label : public Captioned {
     bool autoSize = false;
     ClickHandler Click;
 
-    void Changed(Aspect aspect) override;
+    void AfterChange(Aspect aspect) override;
     void Clicked() override { Raise(Click); }
     void SizeToText();
 };
@@ -108,12 +108,13 @@ class TextBox : public Control {
     ClickHandler DoubleClick;
 
     bool CanHaveFocus() const override { return true; }
-    void Changed(Aspect aspect) override;
+    void AfterChange(Aspect aspect) override;
     void DoubleClicked() override { Raise(DoubleClick); }
     bool TakesEnter() const override { return multiLine && !readOnly; }
     bool HasOwnMenu() const override { return !leavesMenuKey; }
-    // The user has changed the content on the stage. It is fetched when it is next read.
-    void MarkTyped();
+    // Called by Gestures only: the user has changed the content on the stage. It is fetched when it
+    // is next read.
+    void Typed();
 };
 
 class CommandButton : public Captioned {
@@ -143,7 +144,7 @@ class CheckBox : public Captioned {
 
     ClickHandler Click;
     bool CanHaveFocus() const override { return true; }
-    void Changed(Aspect aspect) override;
+    void AfterChange(Aspect aspect) override;
     void Clicked() override { value = value() == 1 ? 0 : 1; }
 };
 
@@ -158,7 +159,7 @@ class OptionButton : public Captioned {
     Property<std::optional<Color>> backColor{*this, Aspect::BackColor};  // none: the system's
     ClickHandler Click;
     bool CanHaveFocus() const override { return true; }
-    void Changed(Aspect aspect) override;
+    void AfterChange(Aspect aspect) override;
     void Clicked() override { value = true; }
     // One button of a container is the Tab stop: the selected one, else the first that can be used.
     bool IsTabStop() const override;
@@ -182,7 +183,8 @@ class ComboBox : public Control {
     ClickHandler Click;
     std::string Text() const;
     bool CanHaveFocus() const override { return true; }
-    void Changed(Aspect aspect) override;
+    void Selected(int index);  // called by Gestures only
+    void AfterChange(Aspect aspect) override;
 };
 
 // A list that is always hidden: no stage shows it. Raises Click when its index changes.
@@ -193,7 +195,7 @@ class ListBox : public Control {
     Property<std::vector<std::string>> items{*this, Aspect::Items};
     Property<int> listIndex{*this, Aspect::Value, -1};
     ClickHandler Click;
-    void Changed(Aspect aspect) override;
+    void AfterChange(Aspect aspect) override;
 };
 
 // A list in report view.
@@ -228,7 +230,8 @@ class ListView : public Control {
     void Clear();
     // -1 if no row is selected.
     int SelectedRow() const { return selectedRow; }
-    void Select(int position);  // no event
+    void Select(int position);    // no event
+    void Selected(int position);  // called by Gestures only
     // Between these, changes of rows are not shown; EndUpdate shows them all.
     void BeginUpdate() { ++updating; }
     void EndUpdate();
@@ -257,6 +260,7 @@ class DateTimePicker : public Control {
     Property<bool> upDown{*this, Aspect::Format, false};
     ClickHandler Change;
     bool CanHaveFocus() const override { return true; }
+    void Picked(base::DateTime picked);  // called by Gestures only
 };
 
 class Image : public Control {
@@ -268,7 +272,7 @@ class Image : public Control {
     // the image, as a literal does.
     const char* resourceName = "";
     bool sizeToPicture = false;  // set in Design only
-    void Changed(Aspect aspect) override;
+    void AfterChange(Aspect aspect) override;
     int PointerRank() const override { return 2; }
 };
 
@@ -306,6 +310,7 @@ class Toolbar : public Control {
     Property<std::vector<Button>> buttons{*this, Aspect::Items};
     std::function<void(const std::string& key)> ButtonClick;
     bool CanHaveFocus() const override { return true; }
+    void Pressed(const std::string& key);  // called by Gestures only
     // Presses the button that the arrow keys have reached.
     bool TakesEnter() const override { return true; }
 };
