@@ -32,25 +32,24 @@ class Application {
     // Ends the program at once: no further event, all pumps return, every handler is left.
     [[noreturn]] virtual void End() = 0;
     bool HasEnded() const { return ended; }
-    // The session of the system's user is ending: forms save and ask nothing.
+    // The user is logging off: forms save without asking.
     bool IsSessionEnding() const { return sessionEnding; }
     void MarkSessionEnding() { sessionEnding = true; }
 
-    // A gesture or a round of ticks, with all that its handlers do. Numbers are never used again.
+    // A gesture or a round of ticks, with everything that its handlers do. Numbers are unique.
     struct Action {
         std::uint64_t number = 0;
         bool isUsers = false;  // a gesture, not a round of ticks
     };
     Action CurrentAction() const { return action; }
-    // The rest of the handler that runs counts as a new action of the user, who started the
-    // program.
+    // The rest of the running handler counts as a new action of the user.
     void BeginUsersAction() { action = {++actions, true}; }
 
-    // Called when the program ends because of an error that nobody trapped, before the forms go.
-    // Exceptions from it are ignored.
+    // Called when the program ends because of an error that no handler trapped, before the forms
+    // go. Exceptions from it are ignored.
     std::function<void()> onFatalError;
 
-    // The form becomes the active one: Form_Activate runs unless it is active already.
+    // Makes the form the active one. Form_Activate runs unless the form is active already.
     void FormActivated(Form& form);
 
   protected:
@@ -79,7 +78,7 @@ class Application {
     void AddLoaded(Form& form);
     void RemoveLoaded(Form& form);
     void MarkDirty(Form& form);
-    // leaving is hidden, minimised or unloaded: another form becomes active.
+    // Makes another form active, because leaving is hidden, minimised or unloaded.
     void ActivateNext(const Form& leaving);
 
     std::vector<std::weak_ptr<Form>> activationOrder;  // last is the most recent
@@ -87,7 +86,7 @@ class Application {
     bool sessionEnding = false;
 };
 
-// The default instance of a class; made when first mentioned, not loaded by that.
+// The default instance of a class. It is made when it is first mentioned, but not loaded.
 template <class T>
 T& Default() {
     Application& application = Application::Current();
@@ -107,7 +106,8 @@ T* LoadedDefault() {
     return form != nullptr && form->IsLoaded() ? static_cast<T*>(form) : nullptr;
 }
 
-// A further instance. The caller's pointer keeps it until it is loaded; then the runtime does.
+// A further instance. The caller's pointer keeps it alive until it is loaded; then the runtime
+// does.
 template <class T>
 std::shared_ptr<T> New() {
     auto form = std::make_shared<T>();

@@ -12,8 +12,8 @@ enum class HelpCommand : int {
     ForceFile = 9,  // shows the file, whichever file the viewer showed before
 };
 
-// The system's own dialogs, as a member of the form that uses them. The fields are set before a
-// dialog is shown.
+// The system's own dialogs, as a member of the form that uses them. Set the fields before showing a
+// dialog.
 class CommonDialog {
   public:
     CommonDialog(Form* parent, const char* dialogName) : name(dialogName), form(*parent) {}
@@ -30,8 +30,8 @@ class CommonDialog {
     std::string helpFile;  // full path
     HelpCommand helpCommand = HelpCommand::Contents;
 
-    // The dialog for opening a file. False if the user cancels; fileName is then what it was.
-    // Events go on meanwhile.
+    // Shows the dialog for opening a file. False if the user cancels; fileName is then unchanged.
+    // Handlers may run while the dialog is open.
     bool ShowOpen();
     // Shows helpFile in the help viewer and returns at once.
     void ShowHelp() const;

@@ -68,6 +68,7 @@ void Control::Changed(Aspect aspect) {
     if (form.IsLoaded()) {
         Runtime::Current().stage.ControlChanged(*this, aspect);
     }
+    AfterChange(aspect);
 }
 
 void Control::Raise(const ClickHandler& handler) {

@@ -44,9 +44,9 @@ struct Rect {
     bool operator==(const Rect&) const = default;
 };
 
-// What every control has. Controls are members of their form and live exactly as long; they are
-// listed in the form in the order of their declaration, which is also the tab order unless
-// tabIndex says otherwise.
+// The base of all controls. Controls are members of their form and live as long as it does. The
+// form lists them in the order of their declaration, which is also the order of the Tab key unless
+// tabIndex changes it.
 class Control : public Observed {
   public:
     Control(Form* parent, ControlKind controlKind, const char* controlName);
@@ -67,42 +67,45 @@ class Control : public Observed {
     // The frame that holds the control, or null for the form itself. left and top count from the
     // container's corner. Set in Design only.
     Control* container = nullptr;
-    // Order of the Tab key among the form's controls; -1 stands for the order of declaration.
+    // Place in the order of the Tab key among the form's controls; -1: that of the declaration.
     // Set in Design only.
     int tabIndex = -1;
-    // Name that a screen reader speaks where the control has no caption and no label before it.
+    // Name that a screen reader speaks if the control has no caption and no label before it.
     std::string accessibleName;
 
     MouseHandler MouseUp;
 
-    // From the corner of the form's inside, whatever contains the control.
+    // Counted from the corner of the form's inside, also if a frame contains the control.
     Rect PlaceOnForm() const;
     void Place(int newLeft, int newTop, int newWidth, int newHeight);
     void PlaceIn(Control& newContainer, int newLeft, int newTop, int newWidth, int newHeight);
 
-    // Gives the control the keyboard focus, now or, where its form is not visible, when the form
-    // is shown. A visible form becomes the active one.
+    // Gives the control the keyboard focus: now, and its form becomes the active one, or, if the
+    // form is not visible, when the form is shown.
     void SetFocus();
     bool HasFocus() const;
     virtual bool CanHaveFocus() const { return false; }
-    // Whether the user can give it the focus now (the form aside).
+    // Whether the user can give it the focus now, if the form can be used.
     bool CanTakeFocus() const;
     // Whether the Tab key stops at it now.
     virtual bool IsTabStop() const { return CanTakeFocus(); }
-    // Whether it uses the Enter key itself while it has the focus.
+    // Whether the control itself handles the Enter key while it has the focus.
     virtual bool TakesEnter() const { return false; }
     // Whether the menu key opens a menu of its own.
     virtual bool HasOwnMenu() const { return false; }
-    // Of controls that overlap under the pointer the one with the highest rank is found; 0: never.
+    // If controls overlap, the pointer finds the one with the highest rank. 0: it finds none.
     virtual int PointerRank() const { return 3; }
 
-    // Whether the user can see it (the form aside): visible itself and in visible containers.
+    // Whether the control and all its containers are visible.
     bool IsEffectivelyVisible() const;
-    // Whether the user can use it: enabled itself and in enabled containers.
+    // Whether the control and all its containers are enabled.
     bool IsEffectivelyEnabled() const;
 
-    void Changed(Aspect aspect) override;
-    // For Gestures only: the user has clicked or double-clicked the control.
+    // Shows the change on the stage, then calls AfterChange.
+    void Changed(Aspect aspect) final;
+    // The control's own reaction to the change of a property: raises the event for it, if any.
+    virtual void AfterChange(Aspect /*aspect*/) {}
+    // Called by Gestures only, when the user has clicked or double-clicked the control.
     virtual void Clicked() {}
     virtual void DoubleClicked() {}
 

@@ -8,8 +8,7 @@
 
 namespace forms {
 
-void Label::Changed(Aspect aspect) {
-    Control::Changed(aspect);
+void Label::AfterChange(Aspect aspect) {
     if (autoSize && (aspect == Aspect::Caption || aspect == Aspect::FontSize)) {
         SizeToText();
     }
@@ -37,14 +36,13 @@ const std::string& TextBox::TextProperty::operator()() const {
     return value;
 }
 
-void TextBox::Changed(Aspect aspect) {
-    Control::Changed(aspect);
+void TextBox::AfterChange(Aspect aspect) {
     if (aspect == Aspect::Text) {
         Raise(Change);
     }
 }
 
-void TextBox::MarkTyped() {
+void TextBox::Typed() {
     text.stale = true;
     Raise(Change);
 }
@@ -57,15 +55,13 @@ CheckBox::CheckValue& CheckBox::CheckValue::operator=(int newValue) {
     return *this;
 }
 
-void CheckBox::Changed(Aspect aspect) {
-    Control::Changed(aspect);
+void CheckBox::AfterChange(Aspect aspect) {
     if (aspect == Aspect::Value) {
         Raise(Click);
     }
 }
 
-void OptionButton::Changed(Aspect aspect) {
-    Control::Changed(aspect);
+void OptionButton::AfterChange(Aspect aspect) {
     if (aspect != Aspect::Value || !value()) {
         return;
     }
@@ -95,15 +91,21 @@ std::string ComboBox::Text() const {
     return chosen < 0 ? std::string() : items.at(static_cast<std::size_t>(chosen));
 }
 
-void ComboBox::Changed(Aspect aspect) {
-    Control::Changed(aspect);
+void ComboBox::AfterChange(Aspect aspect) {
     if (aspect == Aspect::Value) {
         Raise(Click);
     }
 }
 
-void ListBox::Changed(Aspect aspect) {
-    Control::Changed(aspect);
+void ComboBox::Selected(int index) {
+    if (listIndex() != index) {
+        listIndex = index;
+    } else {
+        Raise(Click);
+    }
+}
+
+void ListBox::AfterChange(Aspect aspect) {
     if (aspect == Aspect::Value) {
         Raise(Click);
     }
@@ -158,7 +160,14 @@ void ListView::Clear() {
 void ListView::Select(int position) {
     if (position != selectedRow) {
         selectedRow = position;
-        Control::Changed(Aspect::Value);
+        Changed(Aspect::Value);
+    }
+}
+
+void ListView::Selected(int position) {
+    Select(position);
+    if (position >= 0) {
+        Raise(ItemClick);
     }
 }
 
@@ -170,15 +179,30 @@ void ListView::EndUpdate() {
 
 void ListView::RowsChanged() {
     if (updating == 0) {
-        Control::Changed(Aspect::Items);
+        Changed(Aspect::Items);
     }
 }
 
-void Image::Changed(Aspect aspect) {
-    Control::Changed(aspect);
+void DateTimePicker::Picked(base::DateTime picked) {
+    if (value() != picked) {
+        value = picked;
+        Raise(Change);
+    }
+}
+
+void Image::AfterChange(Aspect aspect) {
     if (aspect == Aspect::Picture && sizeToPicture && !picture().path.empty()) {
         width = picture().width;
         height = picture().height;
+    }
+}
+
+void Toolbar::Pressed(const std::string& key) {
+    const bool canPress =
+        std::any_of(buttons().begin(), buttons().end(),
+                    [&key](const Button& button) { return button.key == key && button.enabled; });
+    if (canPress && ButtonClick) {
+        ButtonClick(key);
     }
 }
 

@@ -14,12 +14,11 @@
 #include "forms/Devices.h"
 #include "forms/ImageList.h"
 
-// The kinds of control that the windows are made of. What raises an event is settled here, for both
-// stages: a handler runs when the user acts (see Gestures.h), and, where the comment says so, when
-// code assigns a different value.
+// All kinds of control. They raise the events for both stages: when the user acts (gestures call
+// Clicked, Selected and so on) and, if the comment says so, when code assigns a different value.
 namespace forms {
 
-// Controls of one class that share a name. Option buttons also know their place in the array.
+// Controls of one class that share a name. An option button also has its index in the array.
 template <class T, std::size_t count>
 class ControlArray : public std::array<T, count> {
   public:
@@ -47,8 +46,8 @@ class Captioned : public Control {
     using Control::Control;
 
     Property<std::string> caption{*this, Aspect::Caption};
-    // An ampersand in the caption marks an access key. Off where the caption is data, such as a
-    // title, which may contain an ampersand. Set in Design only.
+    // Whether an ampersand in the caption marks an access key. False if the caption is data, such
+    // as a title, which may contain an ampersand. Set in Design only.
     bool useMnemonic = true;
 };
 
@@ -65,11 +64,11 @@ class Label : public Captioned {
     const char* fontName = "";
     bool bold = false;  // set in Design only
     Alignment alignment = Alignment::Left;
-    // The label takes the size of its text whenever text or font size change.
+    // The label takes the size of its text when its text or its font size changes.
     bool autoSize = false;
     ClickHandler Click;
 
-    void Changed(Aspect aspect) override;
+    void AfterChange(Aspect aspect) override;
     void Clicked() override { Raise(Click); }
     void SizeToText();
 };
@@ -79,8 +78,8 @@ class TextBox : public Control {
     TextBox(Form* parent, const char* controlName)
         : Control(parent, ControlKind::TextBox, controlName) {}
 
-    // The content. Reading fetches what the user typed. Assigning a different text raises Change.
-    // Line breaks are CR LF.
+    // The content. Reading it fetches typed text from the stage. Assigning a different text raises
+    // Change. Line breaks are CR LF.
     class TextProperty {
       public:
         explicit TextProperty(TextBox& textBox) : owner(textBox) {}
@@ -109,19 +108,20 @@ class TextBox : public Control {
     ClickHandler DoubleClick;
 
     bool CanHaveFocus() const override { return true; }
-    void Changed(Aspect aspect) override;
+    void AfterChange(Aspect aspect) override;
     void DoubleClicked() override { Raise(DoubleClick); }
     bool TakesEnter() const override { return multiLine && !readOnly; }
     bool HasOwnMenu() const override { return !leavesMenuKey; }
-    // The user has changed the content on the stage, which fetches it when somebody reads.
-    void MarkTyped();
+    // Called by Gestures only: the user has changed the content on the stage. It is fetched when it
+    // is next read.
+    void Typed();
 };
 
 class CommandButton : public Captioned {
   public:
     CommandButton(Form* parent, const char* controlName)
         : Captioned(parent, ControlKind::CommandButton, controlName) {}
-    // Pressed by Enter (from any control but another button) and by Escape.
+    // Whether Enter (unless another button has the focus) and Escape press the button.
     Property<bool> isDefault{*this, Aspect::Default, false};
     Property<bool> isCancel{*this, Aspect::Default, false};
     ClickHandler Click;
@@ -144,7 +144,7 @@ class CheckBox : public Captioned {
 
     ClickHandler Click;
     bool CanHaveFocus() const override { return true; }
-    void Changed(Aspect aspect) override;
+    void AfterChange(Aspect aspect) override;
     void Clicked() override { value = value() == 1 ? 0 : 1; }
 };
 
@@ -159,9 +159,9 @@ class OptionButton : public Captioned {
     Property<std::optional<Color>> backColor{*this, Aspect::BackColor};  // none: the system's
     ClickHandler Click;
     bool CanHaveFocus() const override { return true; }
-    void Changed(Aspect aspect) override;
+    void AfterChange(Aspect aspect) override;
     void Clicked() override { value = true; }
-    // Once in a container: the selected button, else the first one that can be used.
+    // One button of a container is the Tab stop: the selected one, else the first that can be used.
     bool IsTabStop() const override;
 };
 
@@ -173,7 +173,7 @@ class Frame : public Captioned {
 };
 
 // A drop-down list. Raises Click when its index changes, by the user or by code, and when the user
-// chooses the entry again that is chosen already.
+// chooses the same entry again.
 class ComboBox : public Control {
   public:
     ComboBox(Form* parent, const char* controlName)
@@ -183,10 +183,11 @@ class ComboBox : public Control {
     ClickHandler Click;
     std::string Text() const;
     bool CanHaveFocus() const override { return true; }
-    void Changed(Aspect aspect) override;
+    void Selected(int index);  // called by Gestures only
+    void AfterChange(Aspect aspect) override;
 };
 
-// Only ever hidden: no stage shows one. Raises Click when its index changes.
+// A list that is always hidden: no stage shows it. Raises Click when its index changes.
 class ListBox : public Control {
   public:
     ListBox(Form* parent, const char* controlName)
@@ -194,7 +195,7 @@ class ListBox : public Control {
     Property<std::vector<std::string>> items{*this, Aspect::Items};
     Property<int> listIndex{*this, Aspect::Value, -1};
     ClickHandler Click;
-    void Changed(Aspect aspect) override;
+    void AfterChange(Aspect aspect) override;
 };
 
 // A list in report view.
@@ -222,15 +223,16 @@ class ListView : public Control {
     // Puts a text into the column with this key. RuntimeError 9 if there is none.
     void SetText(Row& row, const std::string& columnKey, const std::string& text) const;
     const std::vector<Row>& Rows() const { return rows; }
-    // position counts from 0; RuntimeError 457 for a key that is there already.
+    // position counts from 0. RuntimeError 457 if another row has the key.
     void InsertRow(std::size_t position, Row row);
     void AddRow(Row row) { InsertRow(rows.size(), std::move(row)); }
-    void RemoveRow(std::size_t position);  // RuntimeError 9 where there is none
+    void RemoveRow(std::size_t position);  // RuntimeError 9 if there is none
     void Clear();
-    // -1 where nothing is selected.
+    // -1 if no row is selected.
     int SelectedRow() const { return selectedRow; }
-    void Select(int position);  // no event
-    // Nothing is redrawn between these; one Items change at the end.
+    void Select(int position);    // no event
+    void Selected(int position);  // called by Gestures only
+    // Between these, changes of rows are not shown; EndUpdate shows them all.
     void BeginUpdate() { ++updating; }
     void EndUpdate();
 
@@ -247,8 +249,8 @@ class ListView : public Control {
 };
 
 // A date picker (drop-down calendar) or, with upDown, a time picker. The user's changes raise
-// Change; assignments in code do not. Delivers whole minutes with a time format; a date without a
-// time of day or a time of day without a date.
+// Change; assignments in code do not. The value is a date without a time of day, or, if the format
+// shows a time, a time of day in whole minutes without a date.
 class DateTimePicker : public Control {
   public:
     DateTimePicker(Form* parent, const char* controlName)
@@ -258,6 +260,7 @@ class DateTimePicker : public Control {
     Property<bool> upDown{*this, Aspect::Format, false};
     ClickHandler Change;
     bool CanHaveFocus() const override { return true; }
+    void Picked(base::DateTime picked);  // called by Gestures only
 };
 
 class Image : public Control {
@@ -269,7 +272,7 @@ class Image : public Control {
     // the image, as a literal does.
     const char* resourceName = "";
     bool sizeToPicture = false;  // set in Design only
-    void Changed(Aspect aspect) override;
+    void AfterChange(Aspect aspect) override;
     int PointerRank() const override { return 2; }
 };
 
@@ -297,7 +300,7 @@ class Toolbar : public Control {
     Toolbar(Form* parent, const char* controlName)
         : Control(parent, ControlKind::Toolbar, controlName) {}
     struct Button {
-        std::string key;  // told apart by it
+        std::string key;  // unique
         std::string toolTip;
         std::string image;  // key in imageList
         bool enabled = true;
@@ -307,6 +310,7 @@ class Toolbar : public Control {
     Property<std::vector<Button>> buttons{*this, Aspect::Items};
     std::function<void(const std::string& key)> ButtonClick;
     bool CanHaveFocus() const override { return true; }
+    void Pressed(const std::string& key);  // called by Gestures only
     // Presses the button that the arrow keys have reached.
     bool TakesEnter() const override { return true; }
 };

@@ -9,9 +9,9 @@
 #include "base/DateTime.h"
 #include "base/Numbers.h"
 
-// The program's doors to the machine, one small interface each. The real ones live beside the real
-// stage; the recorded ones beside the headless stage. All are called on the user-interface thread
-// only. All text is UTF-8; all paths are full paths with backslashes.
+// Interfaces to the operating system, one for each device. forms/win32/devices implements them for
+// Windows, forms/headless for tests. They are called on the user-interface thread only. All text is
+// UTF-8; all paths are full paths with backslashes.
 namespace forms {
 
 class Form;
@@ -23,7 +23,7 @@ class Clock {
     virtual base::DateTime Now() = 0;
     // Milliseconds into the current second of the wall clock, 0 to 999.
     virtual int MillisecondOfSecond() = 0;
-    // Milliseconds from some fixed moment; never goes back, whatever happens to the wall clock.
+    // Milliseconds since a fixed moment. It never goes back, even if the wall clock is set.
     virtual std::int64_t MonotonicMilliseconds() = 0;
 };
 
@@ -60,10 +60,10 @@ class FileSystem {
     virtual bool FileExists(const std::string& path) = 0;
     virtual void MakeFolder(const std::string& path) = 0;
     // The files (not folders) of a folder whose names end in suffix (letters of either case),
-    // in the listing's own order. Empty where the folder does not exist.
+    // in the order of the listing. Empty if the folder does not exist.
     virtual std::vector<FileEntry> List(const std::string& folder, const std::string& suffix) = 0;
-    // The file's name as the disk has it, whatever letters the path writes it with; the path's own
-    // where there is no such file.
+    // The file's name in the disk's spelling, which may differ from the path's in upper and lower
+    // case. The name in the path if there is no such file.
     virtual std::string NameOnDisk(const std::string& path) = 0;
     virtual std::string Read(const std::string& path) = 0;
     // Creates or truncates the file and writes all bytes.
@@ -79,9 +79,9 @@ class FileSystem {
     // it.
     virtual bool Recycle(const std::string& path) = 0;
     virtual void Copy(const std::string& from, const std::string& to) = 0;
-    // Locks the file, which is made if it is missing; the folder must be there. Null if another
-    // program holds the lock; a RuntimeError if there can be none. Any end of the program releases
-    // it.
+    // Locks the file, and makes it if it is missing; the folder must exist. Null if another program
+    // holds the lock; a RuntimeError if no lock is possible. When the program ends, even by a
+    // crash, the system releases the lock.
     virtual std::unique_ptr<FileLock> Lock(const std::string& path) = 0;
 };
 
@@ -94,14 +94,14 @@ class SettingsStore {
                        const std::string& value) = 0;
 };
 
-// Sounds are played by the system; whether anything is heard is not reported.
+// Plays sounds. Errors are not reported.
 class Sound {
   public:
     virtual ~Sound() = default;
     enum class Mode { Once, Loop };
-    // Returns at once; a sound that is playing stops.
+    // Returns at once. A sound that was playing stops.
     virtual void Play(const std::string& wavePath, Mode mode) = 0;
-    // Returns when the sound is over. No handler runs meanwhile.
+    // Returns when the sound is over. No handler runs until then.
     virtual void PlayToEnd(const std::string& wavePath) = 0;
     virtual void Stop() = 0;
 };
@@ -121,7 +121,7 @@ class Tray {
   public:
     virtual ~Tray() = default;
     virtual bool Add(const TrayRecord& record) = 0;
-    // False where no such icon is there.
+    // False if there is no such icon.
     virtual bool Delete(const TrayRecord& record) = 0;
 };
 
@@ -130,7 +130,7 @@ class Tray {
 class Printer {
   public:
     virtual ~Printer() = default;
-    // Prints the text, wrapped to the page, and goes to the next line.
+    // Prints the text, wrapped to the page, and a line break.
     virtual void Print(const std::string& text) = 0;
     virtual void SetFontSize(int points) = 0;
     virtual void EndDocument() = 0;
@@ -162,7 +162,7 @@ struct Picture {
 class Pictures {
   public:
     virtual ~Pictures() = default;
-    // RuntimeError 53 where the file is missing, 481 where it is no picture.
+    // RuntimeError 53 if the file is missing, 481 if it is not a picture.
     virtual Picture Load(const std::string& path) = 0;
 };
 
@@ -175,15 +175,15 @@ class Locale {
     virtual std::string WeekdayName(base::DateTime value) = 0;  // "Friday"
     virtual base::NumberFormat Numbers() = 0;
     virtual std::string ToUpper(const std::string& text) = 0;
-    // The system's ANSI code page. ToAnsi is empty where a character does not fit.
+    // The system's ANSI code page. ToAnsi is empty if it lacks a character of the text.
     virtual std::optional<std::string> ToAnsi(const std::string& utf8) = 0;
     virtual std::string FromAnsi(const std::string& bytes) = 0;
-    // Date and time as one text: short date, blank, time; the date alone where the time is
-    // midnight, the time alone where the date is the zero date.
+    // Date and time as one text: short date, blank, time. At midnight it is the date alone; if the
+    // date is the zero date, it is the time alone.
     std::string GeneralDate(base::DateTime value);
 
   private:
-    // A hundred clocks show the same second.
+    // The last result: a hundred windows ask for the same second.
     base::DateTime lastMoment;
     std::string lastMomentText;
 };
@@ -197,13 +197,13 @@ class System {
     virtual bool PreviousInstance() = 0;
     // The platform version number: lowest byte major, second byte minor.
     virtual std::uint32_t Version() = 0;
-    // Letters and digits that no other running program has, on this machine or another.
+    // Letters and digits that differ from those of any other running program, on any machine.
     virtual std::string InstanceId() = 0;
-    // Returns after this time. No handler runs meanwhile.
+    // Returns after this time. No handler runs until then.
     virtual void Pause(int milliseconds) = 0;
 };
 
-// All doors together; not owned. Every pointer is set before the runtime starts.
+// All devices; not owned. Every pointer is set before the runtime starts.
 struct Devices {
     Clock* clock = nullptr;
     FileSystem* files = nullptr;

@@ -47,7 +47,7 @@ void Form::Load() {
     try {
         Form_Load();
     } catch (const base::RuntimeError&) {
-        // A form that failed to load is not there; whoever asked for it hears why.
+        // Discard a form whose Form_Load failed, and rethrow to the caller.
         Discard();
         throw;
     }
@@ -198,6 +198,11 @@ void Form::PopupMenu(Menu& menu) {
     if (chosen != nullptr && chosen->Click) {
         chosen->Click();
     }
+}
+
+bool Form::HasMenuBar() const {
+    return std::any_of(menus.begin(), menus.end(),
+                       [](const Menu* menu) { return menu->inMenuBar && menu->visible; });
 }
 
 Control* Form::ActiveControl() const {

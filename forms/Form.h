@@ -21,19 +21,19 @@ enum class BorderStyle {
     Dialog,   // title bar with a close box only
     None,     // no title bar, a thin border
 };
-// Why a form is asked to unload.
+// The reason for which a form is unloaded.
 enum class UnloadMode { Code, CloseBox, SessionEnd };
 
 // A window of the program. A class derives from it, holds its controls as members and overrides
-// what it wants to know.
+// the event handlers that it needs.
 //
 //   created (Design, Form_Initialize) -> loaded (Form_Load) -> shown, hidden, shown ...
 //   -> unloaded (Form_QueryUnload, Form_Unload) -> destroyed
 //
-// A loaded form is kept alive by the runtime. A class has one default instance, made when first
-// mentioned by Default<T>() and made anew when it is mentioned after it was unloaded; New<T>()
-// makes further instances. Each entry from outside (a gesture, a tick) keeps its form alive until
-// it returns, so a handler may unload its own window or any other.
+// The runtime keeps a loaded form alive. A class has one default instance. Default<T>() makes it
+// when it is first mentioned, and again when it is mentioned after it was unloaded. New<T>() makes
+// further instances. A gesture or a tick keeps its form alive until the handler returns, so a
+// handler may unload its own window or any other.
 class Form : public Observed, public std::enable_shared_from_this<Form> {
   public:
     explicit Form(const char* className);
@@ -54,33 +54,34 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     BorderStyle borderStyle = BorderStyle::Fixed;
     bool showInTaskbar = true;
     bool centerOnScreen = false;  // else in a cascade with the windows that are open
-    // The size of the inside in twips, from which width and height follow when the form is loaded,
-    // whatever title bar and border the system draws. 0: width and height are given themselves.
+    // The size of the inside in twips. When the form is loaded, width and height are set to it plus
+    // the title bar and the border of the system. 0: width and height stay as they are.
     int innerWidth = 0;
     int innerHeight = 0;
     int minimumWidth = 0;  // twips, of a sizable window
     int minimumHeight = 0;
 
-    // Makes the form loaded: Form_Load runs. Does nothing where it is loaded.
+    // Makes the form loaded: Form_Load runs. Does nothing if the form is loaded.
     void Load();
-    // Loads, makes visible and active; Form_Activate runs before this returns. The native window
-    // appears when the handler that asked returns (or shows a box), once, in the state that the
-    // form has then.
+    // Loads the form and makes it visible and active; Form_Activate runs before this returns. The
+    // native window appears when the outermost handler returns or shows a box, in the state that
+    // the form has then.
     void Show();
-    // Like Show, and returns when the form is hidden or unloaded. The windows that are visible
-    // cannot be used meanwhile; those that are shown later can. Timers and other events go on.
+    // Like Show, but returns when the form is hidden or unloaded. Until then, the windows that were
+    // visible cannot be used; those that are shown later can. Timers and other events go on.
     void ShowModal();
     void Hide();
-    // Asks Form_QueryUnload, then Form_Unload; unloads unless one cancels. False when cancelled.
-    // True, without events, where the form is not loaded. False, without events, while the form is
-    // being asked already: it may be waiting for its user, and the first call decides.
+    // Calls Form_QueryUnload, then Form_Unload, and unloads the form unless one of them cancels.
+    // False if cancelled. True, without events, if the form is not loaded. False, without events,
+    // if another call of Unload is running for the form (its handlers may wait for the user): that
+    // one decides.
     bool Unload(UnloadMode mode = UnloadMode::Code);
     // Brings the form to the foreground of the desktop.
     void BringToForeground();
     // Places the form above all windows, without moving, sizing or activating it, and shows it.
     void MakeTopMost();
-    // Opens a pop-up menu at the pointer and runs the handler of the entry that the user chooses
-    // before it returns. Timers go on.
+    // Opens a pop-up menu at the pointer. Returns when the handler of the chosen entry has run, or
+    // when the user has closed the menu. Timers go on.
     void PopupMenu(Menu& menu);
 
     // From the start of Form_Load to the end of the unloading.
@@ -94,15 +95,17 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
 
     const std::vector<Control*>& Controls() const { return controls; }
     const std::vector<Menu*>& Menus() const { return menus; }  // top-level, in order
+    bool HasMenuBar() const;
     const std::vector<Timer*>& Timers() const { return timers; }
-    // What has the focus while the form is active: what was given it; where that cannot be used,
-    // the next that the Tab key stops at; the first of these where nothing was given it.
+    // The control that has the focus while the form is active: the last one that was given it. If
+    // that one cannot be used, the next Tab stop behind it; if there is none, the first Tab stop.
     Control* ActiveControl() const;
     // The controls in the order of the Tab key, frames and labels included.
     std::vector<Control*> TabOrder() const;
-    // The control under the pointer, x and y in twips; null where it is over the form itself.
+    // The control under the pointer, x and y in twips; null if that is the form itself.
     Control* ControlAt(int x, int y) const;
-    // The button that Enter (from what is no button) and Escape press; null where none can be used.
+    // The buttons that Enter (unless a button has the focus) and Escape press. Null if there is
+    // none that can be used.
     CommandButton* DefaultButton() const;
     CommandButton* CancelButton() const;
 
@@ -116,28 +119,28 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     void AdoptFocus(Control& control) { activeControl = &control; }
 
     // Whether the Form_MouseMove that is running brings a message of the notification area, not a
-    // move of the pointer. To be read before the handler lets events in.
+    // move of the pointer. Read it before the handler waits for anything.
     bool IsTrayCallback() const { return isTrayCallback; }
-    // For Gestures only.
+    // Called by Gestures only.
     void RaiseMouseMove(int button, int x, int y, bool fromTray);
 
-    // Left to the stage: its own data of this form.
+    // The stage's own data of this form.
     struct StageData {
         virtual ~StageData() = default;
     };
     std::unique_ptr<StageData> stageData;
 
-    // What a form's class answers.
+    // Event handlers that the class of a form may override.
     virtual void Design() {}           // captions, places, handlers of the controls
     virtual void Form_Initialize() {}  // once an instance, before its first load
     virtual void Form_Load() {}
-    virtual void Form_Activate() {}  // became the active one of the program's forms
+    virtual void Form_Activate() {}  // the form has become the program's active one
     virtual void Form_Resize() {}    // inner size changed; also before the first showing
     virtual void Form_QueryUnload(bool& /*cancel*/, UnloadMode /*mode*/) {}
     virtual void Form_Unload(bool& /*cancel*/) {}
     virtual void Form_MouseUp(int /*button*/, int /*x*/, int /*y*/) {}  // twips
-    // x and y in twips, from the pointer. As the callback of an icon in the notification area (see
-    // IsTrayCallback) x is the message number times TwipsPerPixelX().
+    // x and y in twips. For the callback of an icon in the notification area (see IsTrayCallback) x
+    // is the message number times TwipsPerPixelX().
     virtual void Form_MouseMove(int /*button*/, int /*x*/, int /*y*/) {}
 
   private:
@@ -149,7 +152,7 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     enum class State { Created, Loading, Loaded, Asking, Unloading, Unloaded };
 
     void BecomeVisible();
-    // The focus goes on from what was hidden or disabled.
+    // Moves the focus on if its control was hidden or disabled.
     void MoveFocusOn();
     void EndModal();
     void Discard();
@@ -157,7 +160,7 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     State state = State::Created;
     bool visible = false;
     bool topMost = false;
-    bool shownOnStage = false;  // the stage shows what visible says
+    bool shownOnStage = false;  // visible as of the last Runtime::Settle
     bool isModal = false;
     int disableCount = 0;                      // modal forms that shut this one off
     std::vector<std::weak_ptr<Form>> shutOff;  // by this modal form

@@ -44,52 +44,30 @@ void DoubleClick(Control& control) {
 }
 
 void ClickToolbar(Toolbar& toolbar, const std::string& key) {
-    if (!CanUse(toolbar) || !toolbar.ButtonClick) {
-        return;
-    }
-    for (const Toolbar::Button& button : toolbar.buttons()) {
-        if (button.key == key && button.enabled) {
-            Raise(toolbar.form, [&toolbar, key] { toolbar.ButtonClick(key); });
-            return;
-        }
+    if (CanUse(toolbar)) {
+        Raise(toolbar.form, [&toolbar, key] { toolbar.Pressed(key); });
     }
 }
 
 void Typed(TextBox& textBox) {
-    Raise(textBox.form, [&textBox] { textBox.MarkTyped(); });
+    Raise(textBox.form, [&textBox] { textBox.Typed(); });
 }
 
 void Select(ComboBox& comboBox, int index) {
     if (CanUse(comboBox)) {
-        Raise(comboBox.form, [&comboBox, index] {
-            if (comboBox.listIndex() != index) {
-                comboBox.listIndex = index;
-            } else if (comboBox.Click) {
-                comboBox.Click();
-            }
-        });
+        Raise(comboBox.form, [&comboBox, index] { comboBox.Selected(index); });
     }
 }
 
 void Select(ListView& listView, int row) {
     if (CanUse(listView)) {
-        Raise(listView.form, [&listView, row] {
-            listView.Select(row);
-            if (row >= 0 && listView.ItemClick) {
-                listView.ItemClick();
-            }
-        });
+        Raise(listView.form, [&listView, row] { listView.Selected(row); });
     }
 }
 
 void Pick(DateTimePicker& picker, base::DateTime value) {
-    if (CanUse(picker) && picker.value() != value) {
-        Raise(picker.form, [&picker, value] {
-            picker.value = value;
-            if (picker.Change) {
-                picker.Change();
-            }
-        });
+    if (CanUse(picker)) {
+        Raise(picker.form, [&picker, value] { picker.Picked(value); });
     }
 }
 
@@ -165,8 +143,7 @@ void EndSession() {
     for (const auto& form : forms) {
         Close(*form, UnloadMode::SessionEnd);
     }
-    // A form whose user was being asked is not unloaded a second time, nor is the one that had it
-    // unloaded: nobody will answer.
+    // Forms whose Unload was waiting for the user are still loaded. There will be no answer.
     runtime.Dispatch(nullptr, [&runtime] { runtime.End(); });
 }
 

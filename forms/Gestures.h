@@ -5,12 +5,12 @@
 #include "forms/Controls.h"
 #include "forms/Form.h"
 
-// What the user did, one entry a gesture. Both stages report through these and only these, so that
-// what raises which event is settled once. Each runs its handlers inside Runtime::Dispatch. A
-// gesture on something that cannot be used (hidden, disabled, shut off by a modal form) does
-// nothing. Exceptions are Typed, Close, Resize, Choose and TrayMessage. The first three report what
-// the window shows already, or what the system asks of it, and need only a loaded form; a menu may
-// belong to a form that is hidden; the tray reaches every form.
+// The user's actions, one function for each. Both stages report through these functions only, so
+// that they agree on the events. Handlers run inside Runtime::Dispatch. A gesture does nothing if
+// its target is hidden, disabled or shut off by a modal form. There are exceptions: Typed, Close
+// and Resize report a change that the window shows already, or a request of the system, and need
+// only a loaded form. Choose also takes the menu of a hidden form. TrayMessage reaches every loaded
+// form.
 namespace forms::gestures {
 
 bool CanUse(const Control& control);
@@ -18,7 +18,7 @@ bool CanUse(const Control& control);
 void Click(Control& control);
 void DoubleClick(Control& control);
 void ClickToolbar(Toolbar& toolbar, const std::string& key);
-void Typed(TextBox& textBox);  // the stage is asked for the content when it is read
+void Typed(TextBox& textBox);  // Stage::FetchText gives the content when it is next read
 void Select(ComboBox& comboBox, int index);
 void Select(ListView& listView, int row);
 void Pick(DateTimePicker& picker, base::DateTime value);
@@ -28,8 +28,8 @@ void Focus(Control& control);
 void MouseUp(Control& control, int button, int x, int y);
 void MouseUp(Form& form, int button, int x, int y);
 void MouseMove(Form& form, int button, int x, int y);
-// The tray's callback: the message number arrives as a horizontal place, as it does with an icon
-// whose callback message is the mouse move. Reaches a form that is hidden or shut off too.
+// The callback of the tray icon. Its callback message is the mouse move, so the message number
+// arrives as a horizontal place. It also reaches a form that is hidden or shut off.
 void TrayMessage(Form& form, int message);
 
 void Choose(Menu& menu);  // menu bar or pop-up
@@ -37,8 +37,8 @@ void Activate(Form& form);
 void Close(Form& form, UnloadMode mode = UnloadMode::CloseBox);
 // The user moved, sized, minimised, restored or maximised the window.
 void Resize(Form& form, Rect bounds, WindowState windowState);
-// The session of the system's user ends: every form is unloaded with mode SessionEnd, in order;
-// then the program ends, whatever it waited for.
+// The user is logging off: unloads every form with mode SessionEnd, in order, and ends the program,
+// even if it waits for something.
 void EndSession();
 
 }  // namespace forms::gestures

@@ -8,8 +8,8 @@ namespace forms {
 
 class Form;
 
-// The pictures that a toolbar or a list shows, told apart by their keys. A member of its form, as
-// the controls are, and filled in Design only.
+// The pictures of a toolbar or a list, each with a key of its own. A member of its form, like the
+// controls, and filled in Design only.
 class ImageList {
   public:
     ImageList(Form* parent, const char* listName) : name(listName), form(*parent) {}

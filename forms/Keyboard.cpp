@@ -33,7 +33,7 @@ bool HasMnemonic(const Control& control, char letter) {
     return false;
 }
 
-// In the order of the Tab key, beginning behind what has the focus.
+// In the order of the Tab key, beginning behind the control that has the focus.
 std::vector<Control*> AccessKeyTargets(const Form& form, char letter) {
     const std::vector<Control*> order = form.TabOrder();
     const Control* focused = form.ActiveControl();
@@ -57,7 +57,7 @@ std::vector<Control*> AccessKeyTargets(const Form& form, char letter) {
     return targets;
 }
 
-// Unlike Focus, which reports what the stage shows already.
+// Moves the focus on the stage too. The gesture Focus reports a move that the stage shows already.
 void MoveFocus(Control& control) {
     control.form.AdoptFocus(control);
     Runtime::Current().stage.FocusMoved(control);
@@ -102,7 +102,7 @@ KeyUse PressEnter(Form& form) {
     }
     auto* button = dynamic_cast<CommandButton*>(focused);
     if (button != nullptr) {
-        // It may have the focus only because nothing was given it: from here on it has.
+        // It may have the focus only as the first Tab stop. From here on it was given it.
         Focus(*button);
     } else {
         button = form.DefaultButton();

@@ -2,8 +2,8 @@
 
 #include "forms/Form.h"
 
-// The keys that belong to a form, whatever control has the focus. The stages translate native keys
-// into these functions and decide nothing about them.
+// The keys that a form handles, not the control that has the focus. The stages translate native
+// keys into these functions and decide nothing about them.
 namespace forms::gestures {
 
 enum class KeyUse {

@@ -11,8 +11,8 @@ namespace forms {
 class Form;
 
 // An entry of a menu: a command, a sub-menu, or a separator (caption "-"). Entries are members of
-// their form. An entry declared with a parent hangs under it; one without is a top-level menu, in
-// the menu bar unless inMenuBar is cleared in Design.
+// their form. An entry without a parent is a top-level menu, in the menu bar unless Design clears
+// inMenuBar.
 class Menu final : public Observed {
   public:
     Menu(Form* parentForm, const char* menuName, const char* menuCaption = "");

@@ -14,16 +14,16 @@ struct MsgBoxOptions {
     bool secondIsDefault = false;  // No answers Enter
 };
 
-// What a box shows: a copy, so that nothing that runs meanwhile can change it.
+// The contents of a box: copies, so that no handler can change them while the box is open.
 struct BoxRequest {
     std::string text;
     std::string caption;
     MsgBoxOptions options;
 };
 
-// Shows a box and waits for its answer. Timers tick and other events go on meanwhile (the user
-// cannot reach the windows, but the tray icon). Closing a Yes/No box is not possible; closing an OK
-// box is OK.
+// Shows a box and waits for its answer. Until then, timers tick and other events go on; the user
+// cannot reach the windows, but can use the tray icon. A Yes/No box cannot be closed; closing an OK
+// box answers OK.
 BoxResult MsgBox(const std::string& text, MsgBoxOptions options, const std::string& caption);
 
 }  // namespace forms

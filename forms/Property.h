@@ -5,7 +5,7 @@
 
 namespace forms {
 
-// What of a form or a control has changed; the stage mirrors exactly that.
+// The part of a form or a control that has changed and that the stage must show again.
 enum class Aspect : std::uint8_t {
     Caption,  // caption of a form, a label, a button, a menu item
     Text,     // content of a text box
@@ -27,7 +27,7 @@ enum class Aspect : std::uint8_t {
     Default,   // button pressed by Enter or Escape
 };
 
-// Something with properties that somebody mirrors.
+// The owner of properties. Changed is called after each change of one of them.
 class Observed {
   public:
     virtual void Changed(Aspect aspect) = 0;
@@ -39,7 +39,7 @@ class Observed {
     Observed& operator=(const Observed&) = delete;
 };
 
-// A value that tells its owner when it is given another one. Assigning an equal value does nothing.
+// A value that calls its owner's Changed when a different value is assigned.
 template <class T>
 class Property {
   public:
@@ -59,7 +59,7 @@ class Property {
     operator const T&() const { return value; }
     const T& operator()() const { return value; }
 
-    // Takes a value that the stage already shows: the owner is not told.
+    // Takes a value that the stage already shows: Changed is not called.
     void Adopt(T shown) { value = std::move(shown); }
 
   private:

@@ -10,7 +10,7 @@ namespace forms {
 
 namespace {
 
-// The stage holds what the user has typed until somebody reads it.
+// The stage keeps typed text until the text box is read.
 void FetchTypedTexts(const Form& form) {
     for (Control* control : form.Controls()) {
         if (const auto* box = dynamic_cast<TextBox*>(control)) {
@@ -81,7 +81,7 @@ void Runtime::EndNow() {
         return;
     }
     ended = true;
-    // Handlers of these forms may be on the stack: the objects stay until the runtime goes.
+    // Handlers of these forms may be on the stack: the objects live until the runtime is destroyed.
     for (const auto& form : loaded) {
         for (Timer* timer : form->timers) {
             timers.Remove(*timer);
@@ -107,7 +107,7 @@ void Runtime::ReportAndEnd(const base::RuntimeError& error) {
         try {
             onFatalError();
         } catch (const base::RuntimeError&) {
-            // Nothing more can be done for what failed twice; the rest still ends in order.
+            // It failed for the second time. The rest still ends in order.
         } catch (const std::bad_alloc&) {
             // As above.
         }
@@ -162,7 +162,7 @@ void Runtime::RunDueTimers() {
     Rearm();
 }
 
-// A hundred timers may change in one handler or tick in one round; the stage is asked once.
+// Arms the stage's timer once for a hundred timers that change in one handler or tick in one round.
 void Runtime::Rearm() {
     if (busyCount == 0) {
         ArmNow();

@@ -10,19 +10,18 @@ namespace forms {
 
 class Form;
 
-// Where a timer's ticks lie. FromStart: the first tick one interval after it is switched on (or
-// given another interval). ClockSecond: for timers that only poll; all share one phase in the
-// middle of the wall clock's second, so that a tick of 1000 ms sees every second of the day once
-// and many timers wake the machine together.
+// The phase of a timer's ticks. FromStart: the first tick comes one interval after the timer is
+// switched on or given another interval. ClockSecond, for timers that only poll: all of them share
+// one phase in the middle of the wall clock's second, so that a timer of 1000 ms sees every second
+// of the day once, and many timers wake the machine together.
 enum class TimerPhase { FromStart, ClockSecond };
 
-// Polling timers that are due together see one second: forms::Now() in their handlers is the time
-// at which the tick could be given, however long the handlers before it took, until the handler
-// lets events in. In each second they tick in the order in which they were first switched on,
-// whatever held one of them up before.
+// Polling timers that tick in the same round share one time: in their handlers, forms::Now()
+// returns the start of the round, until the handler lets events in. In each second they tick in the
+// order in which they were first switched on, even if one of them was held up before.
 //
-// Ticks keep their phase: the next is due one interval after the last was due, settled before the
-// handler runs. Ticks that could not be given in time are dropped. A timer whose handler is still
+// Ticks keep their phase: the next tick is due one interval after the last one was due, and is
+// computed before the handler runs. Missed ticks are dropped. A timer whose handler is still
 // running (it may be showing a box) is not entered again; other timers go on.
 class Timer final : public Observed {
   public:
@@ -32,14 +31,14 @@ class Timer final : public Observed {
     const char* const name;
     Form& form;
     const TimerPhase phase;
-    // Milliseconds; 0 stands still whatever enabled says.
+    // Milliseconds. With 0 the timer does not tick, even if it is enabled.
     Property<int> interval{*this, Aspect::Interval, 0};
     Property<bool> enabled{*this, Aspect::Enabled, false};
     std::function<void()> Tick;
 
-    // For a timer whose handler has nothing to do for now: it does not tick while it rests, though
-    // it is enabled. When it is woken its first tick comes at once and the others follow it at its
-    // interval. Awake at first.
+    // A timer that rests is enabled and does not tick, because its handler has nothing to do. When
+    // it is woken, its first tick comes at once and the others follow at its interval. A new timer
+    // is awake.
     void Rest();
     void Wake();
 

@@ -157,7 +157,7 @@ void TimerQueue::MarkDue(std::int64_t limit) {
         if (timer->due > limit) {
             return;
         }
-        // One whose handler runs misses this second, and one that waits already has its own.
+        // Skip timers whose handler is running; keep the second of those already marked.
         if (timer->phase == TimerPhase::ClockSecond && !timer->running && !timer->dueSecond) {
             timer->dueSecond = shown;
         }
@@ -231,8 +231,8 @@ void TimerQueue::MoveGrid(std::int64_t now) {
     gridAnchor = now - OffMiddle(now, now);
     const std::vector<Timer*> all(queue.begin(), queue.end());
     for (Timer* timer : all) {
-        // One that is due already is given at once, as always: the second that it is for would pass
-        // unseen. Its next one finds the middle by itself.
+        // A tick that is due is not moved: its second would pass unseen. The next tick of the timer
+        // is computed in the new phase.
         const bool isDue = timer->dueSecond || (SeesEverySecond(*timer) && timer->due <= now);
         if (timer->phase == TimerPhase::ClockSecond && !isDue) {
             Remove(*timer);

@@ -22,23 +22,23 @@ class TimerQueue {
     void StartAtOnce(Timer& timer);
     void Remove(Timer& timer);
 
-    // Monotonic milliseconds of the next tick that could be given now (timers whose handlers run
-    // are passed over); empty where there is none.
+    // Monotonic milliseconds of the next tick, of the timers whose handlers are not running; empty
+    // if there is none.
     std::optional<std::int64_t> NextDue() const;
 
     // Timers that wait for their next tick.
     std::size_t Size() const { return queue.size(); }
 
-    // Gives each tick that is due, earliest first. Handlers may show boxes, which pump and so call
-    // this again, and may switch any timer on or off or destroy it.
+    // Gives each tick that is due, earliest first. Handlers may wait, which calls this again, and
+    // may switch any timer on or off or destroy it.
     void RunDue();
 
     // The wall clock was set or the machine woke up: puts the timers of phase ClockSecond back into
-    // the middle of the second, but for those that are due.
+    // the middle of the second, except those that are due.
     void Realign();
 
-    // The time of the tick whose handler runs, if it is one of a polling timer and has not let
-    // events in; this makes it do so.
+    // The time of the round, while the handler of a polling timer runs and has not let events in.
+    // LeaveMoment is called when it lets events in.
     std::optional<base::DateTime> Moment() const { return tickTime; }
     void LeaveMoment() { tickTime.reset(); }
 

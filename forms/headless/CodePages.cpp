@@ -26,7 +26,7 @@ struct Pair {
 struct DoubleByteCodePage {
     std::vector<Pair> pairs;  // some have a backslash or a bar as their second byte
     bool (*isFirstOfPair)(std::uint8_t);
-    char32_t missing;  // what a pair becomes that stands for nothing
+    char32_t missing;  // replaces an unassigned pair
 };
 
 const DoubleByteCodePage& DoubleByte(int codePage) {
@@ -72,7 +72,7 @@ char32_t SingleByteCharacter(int codePage, std::uint8_t byte) {
     return isKatakana ? katakana + (byte - firstKatakana) : char32_t{byte};
 }
 
-// Empty if the character does not fit.
+// Empty if the code page lacks the character.
 std::string ToPair(int codePage, char32_t character) {
     if (character < 0x80) {
         return {static_cast<char>(character)};

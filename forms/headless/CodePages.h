@@ -3,15 +3,15 @@
 #include <optional>
 #include <string>
 
-// The system's ANSI code pages: 1252 whole; of 932 (Japanese) and 936 (Chinese), which have
-// characters of two bytes, a handful.
+// The system's ANSI code pages: 1252, and a handful of the characters of 932 (Japanese) and 936
+// (Chinese), which have characters of two bytes.
 namespace forms::headless {
 
-// Nothing if a character does not fit.
+// Empty if the code page lacks a character of the text.
 std::optional<std::string> ToCodePage(int codePage, const std::string& utf8);
 
-// As the system does it, the first byte of a pair takes the next one with it, whatever that is,
-// also a quotation mark; a pair that stands for nothing becomes one default character.
+// Like the system, takes any byte that follows the first byte of a pair as its second, even a
+// quotation mark. An unassigned pair becomes one default character.
 std::string FromCodePage(int codePage, const std::string& bytes);
 
 }  // namespace forms::headless

@@ -1,99 +1,61 @@
 #include "forms/headless/Expectations.h"
 
+#include <cstdio>
+#include <cstdlib>
+
 namespace forms::headless {
 
-namespace {
-
-const char* NameOf(BoxIcon icon) {
-    switch (icon) {
-        case BoxIcon::None:
-            return "None";
-        case BoxIcon::Information:
-            return "Information";
-        case BoxIcon::Question:
-            return "Question";
-        case BoxIcon::Exclamation:
-            return "Exclamation";
-        case BoxIcon::Critical:
-            return "Critical";
+void Expectations::Fail(const std::string& message) const {
+    if (onFailure) {
+        onFailure(message);
+        return;
     }
-    return "?";
+    std::fprintf(stderr, "Headless stage: %s\n", message.c_str());
+    std::abort();
 }
 
-template <class... Cases>
-struct Overloaded : Cases... {
-    using Cases::operator()...;
-};
-template <class... Cases>
-Overloaded(Cases...) -> Overloaded<Cases...>;
-
-}  // namespace
-
-std::string Describe(const BoxRequest& request) {
-    std::string text = "box \"" + request.text + "\" with caption \"" + request.caption + "\", ";
-    text += request.options.buttons == BoxButtons::YesNo ? "Yes/No" : "OK";
-    text += request.options.secondIsDefault ? " (second is default)" : "";
-    return text + ", icon " + NameOf(request.options.icon);
+void Expectations::FailUnexpected(const std::string& opened) const {
+    Fail("Unexpected " + opened +
+         (expected.empty() ? "; nothing was expected."
+                           : "; expected next: " + Describe(expected.front()) + "."));
 }
 
-std::string Describe(const Expectation& expectation) {
-    return std::visit(
-        Overloaded{
-            [](const ExpectedBox& box) { return Describe(box.request); },
-            [](const ExpectedModal& modal) { return "modal form of class " + modal.formType; },
-            [](const ExpectedPopup& popup) { return "pop-up menu " + popup.menuName; },
-            [](const ExpectedDialog&) { return std::string("dialog for opening a file"); },
-            [](const ExpectedMainLoop&) { return std::string("main loop"); },
-        },
-        expectation);
+void Expectations::ExpectBox(const std::string& text, const std::string& caption, BoxIcon icon,
+                             BoxButtons buttons, BoxResult answer,
+                             std::optional<BoxResult> defaultButton, Script during) {
+    ExpectedBox box;
+    box.request = {text, caption, {buttons, icon, defaultButton == BoxResult::No}};
+    box.checkDefault = defaultButton.has_value();
+    box.answer = answer;
+    box.during = std::move(during);
+    Expect(std::move(box));
 }
 
-bool IsAnswerOf(const BoxRequest& request, BoxResult answer) {
-    return (request.options.buttons == BoxButtons::Ok) == (answer == BoxResult::Ok);
+void Expectations::ExpectBox(const std::string& text, const std::string& caption, BoxIcon icon,
+                             BoxButtons buttons, BoxResult answer, Script during) {
+    ExpectBox(text, caption, icon, buttons, answer, std::nullopt, std::move(during));
 }
 
-BoxResult DefaultAnswerOf(const BoxRequest& request) {
-    if (request.options.buttons == BoxButtons::Ok) {
-        return BoxResult::Ok;
+void Expectations::ExpectPopup(const std::string& menuName, const std::string& entry) {
+    Expect(ExpectedPopup{menuName, entry, nullptr});
+}
+
+void Expectations::ExpectPopup(const std::string& menuName, std::function<Menu*(Menu&)> script) {
+    Expect(ExpectedPopup{menuName, "", std::move(script)});
+}
+
+void Expectations::ExpectOpenDialog(std::optional<std::string> result, Script during) {
+    Expect(ExpectedDialog{std::move(result), std::move(during)});
+}
+
+void Expectations::ExpectMainLoop(Script script) { Expect(ExpectedMainLoop{std::move(script)}); }
+
+void Expectations::Verify() {
+    std::deque<Expectation> left;
+    left.swap(expected);
+    for (const Expectation& expectation : left) {
+        Fail("Never came: " + Describe(expectation));
     }
-    return request.options.secondIsDefault ? BoxResult::No : BoxResult::Yes;
-}
-
-Menu* FindEntry(Menu& menu, const std::string& nameOrCaption) {
-    const auto find = [&](const auto& self, Menu& parent, bool byName) -> Menu* {
-        for (Menu* entry : parent.entries) {
-            if (nameOrCaption == (byName ? entry->name : entry->caption())) {
-                return entry;
-            }
-            if (Menu* below = self(self, *entry, byName)) {
-                return below;
-            }
-        }
-        return nullptr;
-    };
-    Menu* named = find(find, menu, true);
-    return named != nullptr ? named : find(find, menu, false);
-}
-
-std::string WhyNotChoosable(const Menu& entry, const Menu* top) {
-    if (entry.IsSeparator()) {
-        return "is a separator";
-    }
-    if (!entry.entries.empty()) {
-        return "opens a sub-menu";
-    }
-    for (const Menu* at = &entry; at != nullptr && at != top; at = at->parent) {
-        if (!at->visible) {
-            return std::string("is not there: ") + at->name + " is invisible";
-        }
-        if (!at->enabled) {
-            return std::string("is greyed: ") + at->name + " is disabled";
-        }
-        if (top == nullptr && at->parent == nullptr && !at->inMenuBar) {
-            return std::string("is not in the menu bar: ") + at->name + " is a pop-up menu";
-        }
-    }
-    return "";
 }
 
 }  // namespace forms::headless

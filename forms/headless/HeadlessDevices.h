@@ -12,7 +12,7 @@
 #include "forms/Devices.h"
 #include "forms/headless/VirtualClock.h"
 
-// Devices that record what they are asked and do what a test tells them.
+// Devices that record their calls, and fail if a test tells them to.
 namespace forms::headless {
 
 class RecordedSound : public Sound {
@@ -32,7 +32,7 @@ class RecordedSound : public Sound {
     void PlayToEnd(const std::string& wavePath) override;
     void Stop() override;
 
-    // Whether something sounds now: a loop that was not stopped, or a wave that is not over.
+    // Whether a sound is playing: a loop that was not stopped, or a wave that is not over.
     bool IsPlaying() const;
     std::string PlayingPath() const;  // empty in silence
     int Count(Kind kind) const;
@@ -46,8 +46,7 @@ class RecordedSound : public Sound {
     VirtualClock& clock;
 };
 
-// As the system does it, a second icon with the number of one that is there is refused, and so is
-// deleting an icon that is not there.
+// Like the system, refuses to add an icon twice, and to delete an icon that does not exist.
 class RecordedTray : public Tray {
   public:
     struct Entry {
@@ -59,7 +58,7 @@ class RecordedTray : public Tray {
     bool Add(const TrayRecord& record) override;
     bool Delete(const TrayRecord& record) override;
 
-    std::optional<TrayRecord> icon;  // the one that is shown
+    std::optional<TrayRecord> icon;  // the icon that is shown
     std::vector<Entry> log;
     bool refuses = false;  // no notification area
 };
@@ -83,8 +82,8 @@ class RecordedPrinter : public Printer {
     void EndDocument() override;
     void AbandonDocument() override;
 
-    // The call with this number from now on, counted from 1 over all operations, fails with 482;
-    // so do all that follow it but AbandonDocument, until Repair.
+    // The call with this number from now on, counted from 1 over all operations, fails with 482. So
+    // do all later calls except AbandonDocument, until Repair.
     void FailAt(int call);
     void Repair() { FailAt(0); }
 
@@ -118,7 +117,7 @@ class RecordedShell : public Shell {
     std::vector<Help> helpShown;
 };
 
-// A picture is there when its file is; the bytes are not looked at.
+// Any file that exists is a picture, whatever its bytes.
 class RecordedPictures : public Pictures {
   public:
     explicit RecordedPictures(FileSystem& pictureFiles) : files(pictureFiles) {}
@@ -131,7 +130,7 @@ class RecordedPictures : public Pictures {
     };
     std::map<std::string, Extent> sizes;
     Extent defaultSize{480, 480};
-    std::set<std::string> noPictures;  // files that are there but hold no picture
+    std::set<std::string> noPictures;  // files that exist and are not pictures
     std::vector<std::string> loaded;
 
   private:
@@ -147,7 +146,7 @@ class RecordedSystem : public System {
     }
     std::uint32_t Version() override { return version; }
     std::string InstanceId() override { return instanceId; }
-    // The clock stands still meanwhile.
+    // The clock does not move.
     void Pause(int milliseconds) override {
         paused += milliseconds;
         if (onPause) {
@@ -161,7 +160,7 @@ class RecordedSystem : public System {
     std::uint32_t version = 0x000A;  // 10.0
     std::string instanceId = "000000000000000a";
     int paused = 0;                 // milliseconds in all
-    std::function<void()> onPause;  // what happens elsewhere meanwhile
+    std::function<void()> onPause;  // acts as another program during the pause
 };
 
 }  // namespace forms::headless

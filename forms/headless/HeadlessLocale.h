@@ -11,8 +11,8 @@ namespace forms::headless {
 // English names and formats and code page 1252 unless a test sets something else.
 class HeadlessLocale : public Locale {
   public:
-    // Formats as the system's settings hold them: d dd M MM yy yyyy, h hh H HH m mm s ss t tt, any
-    // other characters and 'quoted text' as they stand.
+    // Formats like those in the system's settings: d dd M MM yy yyyy, h hh H HH m mm s ss t tt.
+    // Other characters and 'quoted text' are kept.
     std::string shortDateFormat = "M/d/yyyy";
     std::string timeFormat = "h:mm:ss tt";
     std::string morning = "AM";
@@ -24,7 +24,7 @@ class HeadlessLocale : public Locale {
 
     static constexpr int utf8CodePage = 65001;
     int codePage = 1252;          // of the system: 1252, 932, 936 or 65001 (UTF-8)
-    int languageCodePage = 1252;  // the older one of its language, if the system's is UTF-8
+    int languageCodePage = 1252;  // of the system's language; used if codePage is UTF-8
 
     std::string ShortDate(base::DateTime value) override;
     std::string TimeText(base::DateTime value) override;
@@ -38,7 +38,7 @@ class HeadlessLocale : public Locale {
     std::string FormatLike(const std::string& format, base::DateTime value) const;
 };
 
-// Each character to its simple upper-case form; what the file system compares names by.
+// Each character becomes its simple upper-case form, as in comparisons of file names.
 std::string UpperCase(std::string_view utf8);
 
 }  // namespace forms::headless

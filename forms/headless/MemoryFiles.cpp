@@ -58,7 +58,7 @@ class MemoryLock : public FileLock {
 
 }  // namespace
 
-// Where a path leads: the drive's root has the key "C:", all else "C:\\FOLDER\\NAME.TXT".
+// The target of a path. The drive's root has the key "C:", a file "C:\\FOLDER\\NAME.TXT".
 struct MemoryFiles::Place {
     explicit Place(std::string path) {
         std::replace(path.begin(), path.end(), '/', '\\');
@@ -420,12 +420,12 @@ void MemoryFiles::WriteSteps(const Place& place, const std::string& bytes, Durab
         ++flushes;
         Step([&] { unflushed.reset(); }, [] {});
     } else {
-        // A program that is killed leaves what it has written to the system.
+        // The system keeps what a killed program has written.
         unflushed.reset();
     }
 }
 
-// part is what is left of the step where it is broken off in the middle.
+// part leaves the traces of a step that is broken off in the middle.
 template <class Whole, class Part>
 void MemoryFiles::Step(Whole whole, Part part) {
     if (dead) {
@@ -447,7 +447,7 @@ void MemoryFiles::Step(Whole whole, Part part) {
         try {
             whole();
         } catch (const base::RuntimeError&) {
-            // The program does not live to hear of it.
+            // The program is dead and does not get the error.
         }
     }
     Die();

@@ -13,16 +13,16 @@
 
 namespace forms::headless {
 
-// The program died here. No handler of the program catches it.
+// Thrown when the program is killed. No handler of the program catches it.
 struct Killed {};
 
-// A disk in memory that behaves as the one of Windows: names keep their case but are found in any,
-// listings are alphabetical, trailing dots and blanks of a name are dropped, and names that Windows
-// refuses are refused. A copy is a snapshot.
+// A disk in memory that behaves like a disk of Windows: names keep their case and are found in any
+// case, listings are alphabetical, trailing dots and blanks of a name are dropped, and names that
+// Windows refuses are refused. A copy of the object is a snapshot.
 //
-// What can go wrong is counted in primitive steps, from 1: one for each Read, MakeFolder, Replace,
-// Delete and Recycle, three for a flushed Write (create or truncate, write, flush), two for a
-// cached one, four for Copy (read and the three of writing).
+// Faults are set by the number of a primitive step, from 1. Read, MakeFolder, Replace, Delete and
+// Recycle are one step each, a flushed Write three (create or truncate, write, flush), a cached one
+// two, Copy four (read and the three of writing).
 class MemoryFiles : public FileSystem {
   public:
     enum class Moment { Before, Middle, After };
@@ -42,10 +42,10 @@ class MemoryFiles : public FileSystem {
     void Delete(const std::string& path) override;
     bool Recycle(const std::string& path) override;
     void Copy(const std::string& from, const std::string& to) override;
-    // A locked file is in no listing.
+    // Listings do not contain a locked file.
     std::unique_ptr<FileLock> Lock(const std::string& path) override;
 
-    // What a test does to the disk behind the program's back: no steps, no faults, no log.
+    // Access for the test, not for the program: no steps, no faults, no log.
     void PutFolder(const std::string& path);  // with every folder above it
     void PutFile(const std::string& path, const std::string& bytes);
     void Remove(const std::string& path);
@@ -57,35 +57,36 @@ class MemoryFiles : public FileSystem {
     // Names of all files of a folder, as they are written on the disk.
     std::vector<std::string> Names(const std::string& folder) const;
 
-    // A read-only file cannot be changed, replaced or deleted; in a read-only folder nothing can be
-    // made, renamed or deleted (75).
+    // A read-only file cannot be changed, replaced or deleted (75). In a read-only folder, no file
+    // can be made, renamed or deleted (75).
     void SetReadOnly(const std::string& path, bool readOnly);
-    // As if another program held the file, or as if the user had no right to it (70). A folder's
-    // files can neither be listed, read nor changed.
+    // As if another program held the file, or as if the user had no right to it (70). The files of
+    // a denied folder cannot be listed, read or changed.
     void SetDenied(const std::string& path, bool denied);
-    // As if another program that runs held the lock.
+    // As if another running program held the lock.
     void SetLocked(const std::string& path, bool locked);
-    // What is free from now on; without a number there is no limit. A write that does not fit
-    // leaves what fits (61).
+    // Without a number there is no limit. A write that does not fit fails with 61, and leaves as
+    // many bytes as fit.
     void SetFreeSpace(std::optional<std::uint64_t> bytes) { freeSpace = bytes; }
     void SetRecycleBin(bool present) { hasRecycleBin = present; }
 
-    // The step with this number from now on fails; a failing write leaves half of its bytes.
+    // The step with this number, counted from now on, fails. A failing write leaves half of its
+    // bytes.
     void FailAt(int step, base::ErrorNumber number);
-    // The program is killed at the step with this number from now on: Killed is thrown. A write
-    // that was not flushed is torn: its second half is zeros. An atomic step that is killed in its
-    // middle did not happen. Until Restart() nothing is found on the disk and changes are ignored.
+    // The program is killed at the step with this number, counted from now on: Killed is thrown. A
+    // write that was not flushed is torn: its second half is zeros. An atomic step that is killed
+    // in its middle has no effect. Until Restart(), the disk seems empty and changes are ignored.
     void KillAt(int step, Moment moment);
     void ClearFaults();
     void Restart();  // after a kill: faults are cleared, the disk works again
     // Steps since the beginning or since the last FailAt, KillAt, ClearFaults or Restart.
     int Steps() const { return steps; }
 
-    // Paths of the files in the Recycle Bin, in the order in which they came there.
+    // Paths of the files in the Recycle Bin, in the order of their deletion.
     const std::vector<std::string>& RecycleBin() const { return recycled; }
     // Their bytes.
     const std::vector<std::string>& RecycledBytes() const { return recycledBytes; }
-    // Every call that changes the disk or reads a file, failed ones too: "write C:\\a.txt",
+    // Every call that changes the disk or reads a file, also if it fails: "write C:\\a.txt",
     // "replace C:\\a.tmp C:\\a.txt", "read", "delete", "recycle", "copy", "folder".
     const std::vector<std::string>& Log() const { return log; }
     void ClearLog() { log.clear(); }

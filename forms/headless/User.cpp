@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <memory>
 
+#include "base/Text.h"
 #include "forms/Gestures.h"
+#include "forms/Keyboard.h"
 #include "forms/Runtime.h"
 
 namespace forms::headless {
@@ -61,7 +63,7 @@ bool User::RequireReachable(const std::string& what, Control& control) {
     return true;
 }
 
-// Nothing here keeps the form alive: whoever needs that, the runtime is to do it for everybody.
+// Does not keep the form alive: tests must fail if the runtime does not.
 bool User::BringUp(Form& form) {
     const std::weak_ptr<Form> alive = form.weak_from_this();
     gestures::Activate(form);
@@ -306,6 +308,65 @@ void User::Drag(Form& form, int left, int top, const Script& during) {
     }
     if (!alive.expired() && form.IsLoaded() && form.IsVisible()) {
         gestures::Resize(form, {left, top, form.width, form.height}, WindowState::Normal);
+    }
+}
+
+Form* User::FormWithKeyboard(const std::string& what) {
+    Form* form = Runtime::Exists() ? Runtime::Current().ActiveForm() : nullptr;
+    if (form == nullptr) {
+        Fail(what, "no form is active");
+        return nullptr;
+    }
+    return RequireReachable(what, *form) ? form : nullptr;
+}
+
+void User::PressEnter() {
+    Form* form = FormWithKeyboard("press Enter");
+    if (form == nullptr) {
+        return;
+    }
+    switch (gestures::PressEnter(*form)) {
+        case gestures::KeyUse::Used:
+            break;
+        case gestures::KeyUse::Unused:
+            Fail("press Enter", std::string("no button of ") + form->name + " listens to it");
+            break;
+        case gestures::KeyUse::ByControl:
+            if (auto* textBox = dynamic_cast<TextBox*>(form->ActiveControl())) {
+                Type(*textBox, textBox->text() + base::lineBreak);
+            } else {
+                Fail("press Enter", "a tool bar has no button that the arrow keys have reached");
+            }
+            break;
+    }
+}
+
+void User::PressEscape() {
+    Form* form = FormWithKeyboard("press Escape");
+    if (form != nullptr && gestures::PressEscape(*form) == gestures::KeyUse::Unused) {
+        Fail("press Escape", std::string("nothing of ") + form->name + " listens to it");
+    }
+}
+
+// KeyUse::ByControl needs no action here: the control's own menu has no entries of the program.
+void User::PressMenuKey() {
+    if (Form* form = FormWithKeyboard("press the menu key")) {
+        gestures::PressMenuKey(*form);
+    }
+}
+
+void User::Tab(bool backward) {
+    Form* form = FormWithKeyboard("press Tab");
+    if (form != nullptr && gestures::PressTab(*form, backward) == gestures::KeyUse::Unused) {
+        Fail("press Tab", std::string("nothing on ") + form->name + " can have the focus");
+    }
+}
+
+void User::AccessKey(Form& form, char letter) {
+    const std::string what = std::string("press Alt+") + letter + " on " + form.name;
+    if (RequireReachable(what, form) && BringUp(form) &&
+        gestures::PressAccessKey(form, letter) == gestures::KeyUse::Unused) {
+        Fail(what, "nothing there that can be used has this key");
     }
 }
 

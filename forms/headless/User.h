@@ -10,14 +10,14 @@
 
 namespace forms::headless {
 
-// The person before the headless stage. Does nothing that a person could not do: an action on
-// something that is hidden, disabled, minimised, shut off by a modal form or behind a box or a menu
-// fails the test and is not done.
+// A scripted user of the headless stage, who can do no more than a person. An action on a target
+// that is hidden, disabled, minimised, shut off by a modal form, or behind a box or a menu is not
+// done and fails the test.
 class User {
   public:
     User(HeadlessStage& userStage, RecordedTray& userTray) : stage(userStage), tray(userTray) {}
 
-    // Button, check box, option button, label, image; a text box or a list takes the focus.
+    // Buttons, labels and images react to a click; a text box or a list takes the focus.
     void Click(Control& control);
     void DoubleClick(Control& control);
     void Click(Toolbar& toolbar, const std::string& key);
@@ -46,7 +46,7 @@ class User {
     void Maximize(Form& form);
     // Twips.
     void Size(Form& form, int width, int height);
-    // Holds the title bar while the script runs, then lets go at the new place.
+    // Holds the title bar while the script runs, then releases it at the new place.
     void Drag(Form& form, int left, int top, const Script& during = nullptr);
 
     // Keys go to the active form.
@@ -59,7 +59,7 @@ class User {
 
   private:
     bool Fail(const std::string& what, const std::string& why);
-    // False, with a failure of the test, if a person could not act on it now.
+    // False if a person could not act on the target now; the test fails.
     bool RequireReachable(const std::string& what, Form& form);
     bool RequireReachable(const std::string& what, Control& control);
     // False when the form's own handler has unloaded it.

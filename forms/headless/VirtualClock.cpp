@@ -35,6 +35,11 @@ void VirtualClock::MoveWallClock(std::int64_t seconds, std::int64_t milliseconds
     wall += seconds * thousand + milliseconds;
 }
 
+void VirtualClock::Jump(std::int64_t seconds, std::int64_t milliseconds) {
+    MoveWallClock(seconds, milliseconds);
+    onWallClockSet();
+}
+
 void VirtualClock::Advance(std::int64_t milliseconds) {
     const std::int64_t end = monotonic + milliseconds;
     std::int64_t lastMoment = monotonic;
@@ -72,6 +77,12 @@ void VirtualClock::Pass(std::int64_t milliseconds) {
     driftPending += milliseconds * drift;
     wall += milliseconds + driftPending / million;
     driftPending %= million;
+}
+
+void VirtualClock::Suspend(std::int64_t seconds) {
+    Pass(seconds * thousand);
+    onWallClockSet();
+    Advance(0);
 }
 
 void VirtualClock::SetJitter(int maximum, std::uint32_t seed) {

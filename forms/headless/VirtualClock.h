@@ -8,8 +8,7 @@
 
 namespace forms::headless {
 
-// A clock that stands still unless a test moves it, with the one alarm that a stage arms for its
-// next tick.
+// A clock that stands still unless a test moves it. The stage arms its one alarm for the next tick.
 class VirtualClock : public Clock {
   public:
     // Friday, 14 May 2004, 9:00:00.
@@ -19,18 +18,21 @@ class VirtualClock : public Clock {
     int MillisecondOfSecond() override;
     std::int64_t MonotonicMilliseconds() override { return monotonic; }
 
-    // Sets the wall clock before a program starts; nothing is told of it. A running program's clock
-    // is changed with HeadlessStage::Jump.
+    // These two set the wall clock, and the program is not told.
     void SetNow(base::DateTime now, int millisecond = 0);
     void MoveWallClock(std::int64_t seconds, std::int64_t milliseconds = 0);
+    // The wall clock is set forward or back, and the system tells the program.
+    void Jump(std::int64_t seconds, std::int64_t milliseconds = 0);
 
     // Lets time pass: both clocks go on, and every alarm that falls due on the way is given at its
-    // own moment (with jitter, up to that much later). Handlers may advance the clock themselves;
-    // it ends at the later of the two moments.
+    // own time (with jitter, up to that much later). Handlers may advance the clock themselves; it
+    // ends at the later of the two times.
     void Advance(std::int64_t milliseconds);
-    // Time passes and no alarm is given: a handler is busy or the machine sleeps. What fell due
-    // meanwhile is given when the clock is next advanced.
+    // Time passes without an alarm: a handler is busy or the machine sleeps. An alarm that falls
+    // due is given when the clock is next advanced.
     void Pass(std::int64_t milliseconds);
+    // The machine sleeps: time passes without an alarm, then the system tells the program.
+    void Suspend(std::int64_t seconds);
 
     // Each alarm comes up to maximum milliseconds late, by a fixed pseudo-random sequence.
     void SetJitter(int maximum, std::uint32_t seed = 1);
@@ -38,11 +40,13 @@ class VirtualClock : public Clock {
     // The wall clock gains (or loses) this many milliseconds in a thousand seconds of the other.
     void SetDrift(int partsPerMillion) { drift = partsPerMillion; }
 
-    // The stage's alarm: one, given once; empty disarms.
+    // Arms the alarm, which is given once. Empty disarms it.
     void Arm(std::optional<std::int64_t> due);
     std::optional<std::int64_t> Armed() const { return alarm; }
     std::function<void()> onAlarm;
-    // An alarm is armed again and again for a moment that is past.
+    // Called when the wall clock was set or the machine has slept.
+    std::function<void()> onWallClockSet;
+    // Called if the alarm is armed again and again for a time that has passed.
     std::function<void()> onStuck;
 
   private:

@@ -4,9 +4,9 @@
 
 namespace forms::win32 {
 
-// What a message box can show of a text: all of it, or as much as leaves the buttons on the screen
-// and an ellipsis, with words broken that are wider than a box should be. The system makes a box as
-// high as its text, however high that is.
+// The part of a text that a message box can show. The system makes a box as high as its text, so a
+// long text would push the buttons off the screen: it is cut and ends in an ellipsis. Words that
+// are wider than a box should be are broken.
 std::wstring TextThatFits(const std::wstring& text);
 
 }  // namespace forms::win32

@@ -56,8 +56,8 @@ class ComboBoxPeer : public Peer {
             return;
         }
         const auto shown = static_cast<int>(::SendMessageW(handle, CB_GETCURSEL, 0, 0));
-        // An entry chosen in the open list is reported twice, the same entry chosen again perhaps
-        // only as the end of the choice.
+        // An entry that is chosen in the open list is reported twice. If it was the chosen one
+        // before, only the second report may come.
         if (code == CBN_SELENDOK || shown != comboBox.listIndex()) {
             gestures::Select(comboBox, shown);
         }

@@ -70,15 +70,15 @@ class DateTimePickerPeer : public Peer {
         } else if (base::DateTime::IsValidDate(time.wYear, time.wMonth, time.wDay)) {
             gestures::Pick(picker, base::DateTime::FromDate(time.wYear, time.wMonth, time.wDay));
         } else {
-            // The native control knows years that the program does not.
+            // The native control has years that the program does not have.
             ShowValue();
         }
     }
 
     void ShowValue() {
         const base::DateTime value = picker.value;
-        // The native control knows no time without a date; the day is never seen. Of the days that
-        // it does not know it shows the nearest; the picker's value stays what it is.
+        // The native control needs a date with each time; the day is not visible. If it does not
+        // have the day, it shows the nearest; the picker's value does not change.
         static const base::DateTime anyDay = base::DateTime::FromDate(2000, 1, 1);
         static const base::DateTime firstDay = base::DateTime::FromDate(1753, 1, 1);
         const base::DateTime day = ShowsTime() ? anyDay : std::max(value, firstDay);
@@ -94,7 +94,7 @@ class DateTimePickerPeer : public Peer {
         }
     }
 
-    // What the user just typed is not set again: the control would start the field anew.
+    // A value that the user has just typed is not set again: the control would restart the field.
     bool Shows(const SYSTEMTIME& time) const {
         SYSTEMTIME shown{};
         ::SendMessageW(handle, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&shown));
@@ -104,7 +104,7 @@ class DateTimePickerPeer : public Peer {
         return shown.wYear == time.wYear && shown.wMonth == time.wMonth && shown.wDay == time.wDay;
     }
 
-    // Whether the control has a calendar or arrows is settled when it is made.
+    // A control cannot change between a calendar and arrows after it was made.
     void CreateAgain() {
         HWND before = handle;
         const bool hadFocus = ::GetFocus() == before;

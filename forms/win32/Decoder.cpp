@@ -17,7 +17,7 @@ namespace {
 
 constexpr ULONGLONG keptFor = 2000;  // milliseconds
 constexpr int bytesPerPixel = 4;
-constexpr UINT longestSide = 16384;  // of a picture that is taken for one, in pixels
+constexpr UINT longestSide = 16384;  // pixels; larger pictures are refused
 
 // The import libraries do not have it.
 constexpr GUID premultiplied{
@@ -29,7 +29,7 @@ struct Release {
 template <class Interface>
 using Owned = std::unique_ptr<Interface, Release>;
 
-// What a call has made that gives it through its last argument; null where the call has failed.
+// The object that a call returns through its last argument; null if the call fails.
 template <class Interface, class Call>
 Owned<Interface> Made(const Call& call) {
     Interface* made = nullptr;
@@ -42,7 +42,7 @@ class Library {
     Library()
         : module(::LoadLibraryExW(L"windowscodecs.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32)) {
         ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-        // Past COM's own way of making it, which would not let the library go again.
+        // CoCreateInstance would keep the library loaded.
         using Create = HRESULT(WINAPI*)(UINT, IWICImagingFactory**);
         if (const auto create = FunctionOf<Create>(module, "WICCreateImagingFactory_Proxy");
             create != nullptr) {
@@ -59,7 +59,7 @@ class Library {
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
 
-    // The first picture of a file; null where the bytes are none.
+    // The first picture of a file; null if the bytes are not a picture.
     Owned<IWICFormatConverter> Decode(const std::string& bytes) const {
         const Owned<IStream> stream(::SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes.data()),
                                                         static_cast<UINT>(bytes.size())));
@@ -120,7 +120,8 @@ class Decoded {
     SIZE size{};
 };
 
-// What is loaded. A picture is measured first and drawn soon afterwards: it is decoded once.
+// The library and the last picture, which is measured first and drawn soon afterwards: it is
+// decoded once.
 struct Loaded {
     std::unique_ptr<Library> library;
     std::unique_ptr<Scaler> scaler;

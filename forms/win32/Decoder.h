@@ -7,19 +7,18 @@
 
 namespace forms::win32 {
 
-// Decodes gif, jpg, png and bmp files. The system's libraries that do it are large and seldom
-// needed: they are loaded with the first picture and let go when none was asked for in the last
-// seconds.
+// Decodes gif, jpg, png and bmp files. The system's libraries for this are large and seldom needed:
+// they are loaded with the first picture and released some seconds after the last one.
 namespace decoder {
 
-// Pixels; nothing where the bytes are no picture.
+// Pixels; empty if the bytes are not a picture.
 std::optional<SIZE> SizeOf(const std::string& bytes);
 
-// The picture scaled to this size: 32 bits a pixel, with an alpha channel that the colours are
-// multiplied with already. The caller's to delete; null where the bytes are no picture.
+// The picture scaled to this size: 32 bits a pixel, with premultiplied alpha. The caller deletes
+// it. Null if the bytes are not a picture.
 HBITMAP Render(const std::string& bytes, SIZE size);
 
-// To be called now and then.
+// Call periodically; the stage's timer does.
 void ReleaseIfUnused();
 
 }  // namespace decoder

@@ -6,12 +6,12 @@ namespace forms::win32 {
 
 // Destroys a window of the program. False if there is no such window.
 //
-// Other programs can send WM_DESTROY and WM_NCDESTROY, too, and a control that takes them for true
-// frees its text. So the program destroys its windows by this function only, and its window
-// procedures drop these messages unless IsBeingDestroyed says that they are true.
+// Other programs can send WM_DESTROY and WM_NCDESTROY, too, and a control that handles them frees
+// its text. So the program destroys its windows by this function only, and its window procedures
+// drop these messages unless IsBeingDestroyed.
 bool DestroyNative(HWND window);
 
-// Whether DestroyNative runs for the window, its parent or its owner.
+// Whether DestroyNative is running for the window, its parent or its owner.
 bool IsBeingDestroyed(HWND window);
 
 }  // namespace forms::win32

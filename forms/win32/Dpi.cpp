@@ -44,16 +44,15 @@ int DpiOfMonitorAt(HWND window) {
     return isKnown ? static_cast<int>(x) : 0;
 }
 
-int ToPixels(int twips, int dpi) { return ::MulDiv(twips, dpi, 1440); }
+RECT Scale::Pixels(const Rect& place) const {
+    return {Pixels(place.left), Pixels(place.top), Pixels(place.left + place.width),
+            Pixels(place.top + place.height)};
+}
 
-int ToTwips(int pixels, int dpi) { return ::MulDiv(pixels, 1440, dpi); }
-
-int ToPointerTwips(int pixels, int dpi) {
+int Scale::PointerTwips(int pixels) const {
     const int twips = pixels * 1440;
     return twips >= 0 ? twips / dpi : -((-twips + dpi - 1) / dpi);
 }
-
-int ToMiddleTwips(int pixels, int dpi) { return ::MulDiv(2 * pixels + 1, 720, dpi); }
 
 RECT FrameAround(DWORD style, DWORD extendedStyle, bool hasMenuBar, int dpi) {
     static const auto adjust =

@@ -8,8 +8,8 @@ namespace forms::win32 {
 
 namespace {
 
-// The lowest contrast that is left alone. Red on the gray of old dialogs, which is an author's
-// choice, has 2.6; dark blue on black, which is an accident, has 1.3.
+// The lowest contrast that is not corrected. Red on the gray of old dialogs, which an author chose,
+// has 2.6; dark blue on black, which is an accident, has 1.3.
 constexpr double lowestContrast = 2.5;
 
 // How bright a colour looks, 0 to 1.

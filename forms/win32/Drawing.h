@@ -9,18 +9,18 @@
 namespace forms::win32 {
 
 COLORREF ToColorRef(Color color);
-// system: COLOR_BTNFACE and so on, where the model names no colour.
+// system: the colour to use if the model names none, such as COLOR_BTNFACE.
 COLORREF ToColorRef(const std::optional<Color>& color, int system);
 
-// A text or line of the wanted colour on this background; black or white instead where it could
-// hardly be told from it. Colours that the program chooses meet those of the user's theme here.
+// The wanted colour of a text or line, or black or white if it could hardly be told from this
+// background. The program chooses some colours, and the user's theme others.
 COLORREF ReadableOn(COLORREF background, COLORREF wanted);
 
-// Shared brushes; not to be deleted.
+// Shared brushes; must not be deleted.
 HBRUSH SolidBrush(COLORREF color);
 
-// Drawing that appears in one step: what is drawn on the buffer is copied to the target when the
-// buffer goes. Coordinates are the target's.
+// A buffer for drawing that appears in one step: the destructor copies it to the target.
+// Coordinates are the target's.
 class BackBuffer {
   public:
     BackBuffer(HDC target, const RECT& area);
@@ -38,7 +38,7 @@ class BackBuffer {
     HGDIOBJ before;
 };
 
-// Selects an object into a device context as long as it lives.
+// Selects an object into a device context until it is destroyed.
 class Selected {
   public:
     Selected(HDC dc, HGDIOBJ object) : context(dc), before(::SelectObject(dc, object)) {}

@@ -12,8 +12,8 @@ namespace fonts {
 // points 0: the size of the user's message font; name empty: its face.
 HFONT Get(const std::string& name, int points, bool bold, int dpi);
 
-// The user has chosen another message font: windows must ask for theirs again. The handles given
-// out so far stay valid, as controls may still draw with them.
+// The user has chosen another message font: windows must call Get again. The fonts so far stay
+// valid, because controls may still draw with them.
 void Forget();
 
 // Size in pixels of a text, whose lines are not wrapped.

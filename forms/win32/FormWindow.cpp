@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <utility>
 
+#include "forms/Gestures.h"
+#include "forms/Keyboard.h"
 #include "forms/Runtime.h"
-#include "forms/win32/Dpi.h"
-#include "forms/win32/Fonts.h"
+#include "forms/win32/Destroying.h"
 #include "forms/win32/Images.h"
 #include "forms/win32/Utf.h"
 #include "forms/win32/UtilityWindow.h"
+#include "forms/win32/WindowStyle.h"
 
 namespace forms::win32 {
 
@@ -16,12 +18,12 @@ namespace {
 
 constexpr wchar_t className[] = L"FormWindow";
 
-// No title bar shows more, and a window with a very long name is not made at all.
+// No title bar shows more, and the system does not create a window with a very long name.
 constexpr std::size_t longestCaption = 1024;
 
 std::wstring CaptionOf(const Form& form) { return Wide(form.caption()).substr(0, longestCaption); }
 
-// How a form finds its window. Goes with the form, or earlier with its unloading.
+// How a form finds its window. Destroyed when the form is unloaded.
 struct Link : Form::StageData {
     FormWindow* window = nullptr;
     ~Link() override {
@@ -30,10 +32,6 @@ struct Link : Form::StageData {
         }
     }
 };
-
-int DepthOf(const Control& control) {
-    return control.container == nullptr ? 0 : 1 + DepthOf(*control.container);
-}
 
 }  // namespace
 
@@ -60,7 +58,7 @@ FormWindow* FormWindow::Of(Form& form, StageState& state) {
     if (!made->CreateBare()) {
         return nullptr;
     }
-    // From here on it belongs to its native window, with which it goes.
+    // From here on the native window owns it, and deletes it with WM_NCDESTROY.
     FormWindow* window = made.release();
     auto link = std::make_unique<Link>();
     link->window = window;
@@ -79,62 +77,7 @@ FormWindow* FormWindow::From(HWND window) {
     return reinterpret_cast<FormWindow*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
-FormWindow::FormWindow(Form& windowForm, StageState& stageState)
-    : state(stageState), form(&windowForm), tips(*this) {}
-
 FormWindow::~FormWindow() { std::erase(state.windows, this); }
-
-DWORD FormWindow::Style(const Form& form) {
-    switch (form.borderStyle) {
-        case BorderStyle::Fixed:
-            return WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
-        case BorderStyle::Sizable:
-            return WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
-        case BorderStyle::Dialog:
-            return WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
-        case BorderStyle::None:
-            break;
-    }
-    return WS_POPUP | WS_BORDER | WS_CLIPCHILDREN;
-}
-
-DWORD FormWindow::ExtendedStyle(const Form& form) {
-    DWORD style = 0;
-    if (form.borderStyle == BorderStyle::Dialog) {
-        style |= WS_EX_DLGMODALFRAME;
-    }
-    if (form.showInTaskbar) {
-        style |= WS_EX_APPWINDOW;
-    }
-    return style;
-}
-
-bool FormWindow::HasMenuBar(const Form& form) {
-    return std::any_of(form.Menus().begin(), form.Menus().end(),
-                       [](const Menu* menu) { return menu->inMenuBar && menu->visible; });
-}
-
-SIZE FormWindow::FrameSize(const Form& form, int dpi) {
-    const RECT frame = FrameAround(Style(form), ExtendedStyle(form), HasMenuBar(form), dpi);
-    return SIZE{frame.right - frame.left, frame.bottom - frame.top};
-}
-
-// As the model has it, but exact to the pixel where the model asks for a size of the inside.
-SIZE FormWindow::OuterSize() const {
-    const SIZE frame = FrameSize(*form, dpi);
-    const auto exact = [this](int outer, int inner, LONG frameLength) {
-        const LONG pixels = Pixels(outer);
-        const LONG wanted = Pixels(inner) + frameLength;
-        return inner > 0 && form->borderStyle != BorderStyle::Sizable ? wanted : pixels;
-    };
-    return SIZE{exact(form->width, form->innerWidth, frame.cx),
-                exact(form->height, form->innerHeight, frame.cy)};
-}
-
-HWND FormWindow::BaseOwner() const {
-    // A window that is owned has no button in the task bar.
-    return form == nullptr || form->showInTaskbar ? nullptr : state.utility;
-}
 
 bool FormWindow::CreateBare() {
     static const ATOM registered = [] {
@@ -148,112 +91,36 @@ bool FormWindow::CreateBare() {
     }();
     (void)registered;
     const Applying applying(state);
-    dpi = SystemDpi();
-    const DWORD topMost = form->IsTopMost() ? DWORD{WS_EX_TOPMOST} : DWORD{0};
-    const RECT place = WantedPlace();
+    scale.dpi = SystemDpi();
+    const RECT place = placement.Wanted();
     beingMade = this;
-    handle = ::CreateWindowExW(ExtendedStyle(*form) | topMost, className, CaptionOf(*form).c_str(),
-                               Style(*form), place.left, place.top, place.right - place.left,
-                               place.bottom - place.top, BaseOwner(), nullptr,
+    handle = ::CreateWindowExW(ExtendedStyleOf(*form), className, CaptionOf(*form).c_str(),
+                               StyleOf(*form), place.left, place.top, place.right - place.left,
+                               place.bottom - place.top, showing.BaseOwner(), nullptr,
                                ::GetModuleHandleW(nullptr), nullptr);
     beingMade = nullptr;
     if (handle == nullptr) {
         return false;
     }
     state.windows.push_back(this);
-    form->left.Adopt(Twips(place.left));
-    form->top.Adopt(Twips(place.top));
+    placement.Adopt({place.left, place.top});
     ApplyIcon();
-    UpdateEnabled();
+    showing.UpdateEnabled();
     return true;
 }
 
 void FormWindow::Fill() {
-    if (filled) {
+    if (isFilled) {
         return;
     }
-    filled = true;
+    isFilled = true;
     const Applying applying(state);
-    AdaptToMonitor();
+    placement.AdaptToMonitor();
     menus.MakeBar(handle, *form);
-    CreateControls();
-    MarkDefaultButton(nullptr);
+    controls.Create();
+    focus.MarkDefaultButton();
     ::SendMessageW(handle, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
 }
-
-// The native order of the controls is the order of the Tab key, and of what lies above what: group
-// boxes come last, the inner before the outer ones.
-void FormWindow::CreateControls() {
-    for (Control* control : form->Controls()) {
-        peers.push_back(MakePeer(*this, *control));
-    }
-    std::vector<Control*> order = form->TabOrder();
-    const auto firstFrame = std::stable_partition(
-        order.begin(), order.end(),
-        [](const Control* control) { return control->kind != ControlKind::Frame; });
-    std::stable_sort(firstFrame, order.end(),
-                     [](const Control* a, const Control* b) { return DepthOf(*a) > DepthOf(*b); });
-    const Peer* before = nullptr;
-    for (const Control* control : order) {
-        Peer& peer = *PeerOf(*control);
-        peer.Create();
-        if (peer.handle == nullptr) {
-            continue;
-        }
-        // The arrow keys stay within the option buttons of one container.
-        const bool goesOn = before != nullptr && control->kind == ControlKind::OptionButton &&
-                            before->control.kind == ControlKind::OptionButton &&
-                            before->control.container == control->container;
-        if (!goesOn) {
-            ::SetWindowLongPtrW(peer.handle, GWL_STYLE,
-                                ::GetWindowLongPtrW(peer.handle, GWL_STYLE) | WS_GROUP);
-        }
-        before = &peer;
-    }
-    for (const auto& peer : peers) {
-        tips.Update(*peer);
-    }
-}
-
-// The form no longer knows this window, and the window no longer touches the form.
-void FormWindow::DetachFromForm() {
-    if (auto* link = static_cast<Link*>(form->stageData.get()); link != nullptr) {
-        link->window = nullptr;
-    }
-    form = nullptr;
-}
-
-Peer* FormWindow::PeerOf(const Control& control) const {
-    const auto found = std::find_if(peers.begin(), peers.end(), [&control](const auto& peer) {
-        return &peer->control == &control;
-    });
-    return found == peers.end() ? nullptr : found->get();
-}
-
-Peer* FormWindow::PeerOf(HWND child) const {
-    const auto found = std::find_if(peers.begin(), peers.end(), [child](const auto& peer) {
-        return child != nullptr && peer->handle == child;
-    });
-    return found == peers.end() ? nullptr : found->get();
-}
-
-int FormWindow::Pixels(int twips) const { return ToPixels(twips, dpi); }
-
-int FormWindow::Twips(int pixels) const { return ToTwips(pixels, dpi); }
-
-int FormWindow::LineThickness() const {
-    constexpr int thickness = 15;  // twips
-    return std::max(Pixels(thickness), 1);
-}
-
-// Both edges are rounded, so that what touches in twips touches in pixels.
-RECT FormWindow::AreaOf(const Control& control) const {
-    const Rect place = control.PlaceOnForm();
-    return RECT{Pixels(place.left), Pixels(place.top), Pixels(place.left + place.width),
-                Pixels(place.top + place.height)};
-}
-
-HFONT FormWindow::FormFont() const { return fonts::Get(std::string(), 0, false, dpi); }
 
 void FormWindow::Apply(Aspect aspect) {
     const Applying applying(state);
@@ -262,13 +129,13 @@ void FormWindow::Apply(Aspect aspect) {
             ::SetWindowTextW(handle, CaptionOf(*form).c_str());
             break;
         case Aspect::Bounds:
-            ApplyBounds();
+            placement.Apply();
             break;
         case Aspect::Picture:
             ApplyIcon();
             break;
         case Aspect::BackColor:
-            ::RedrawWindow(handle, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+            surface.InvalidateAll();
             break;
         case Aspect::TopMost:
             ::SetWindowPos(handle, form->IsTopMost() ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
@@ -282,7 +149,7 @@ void FormWindow::Apply(Aspect aspect) {
 void FormWindow::ApplyIcon() {
     for (const auto& [kind, metric] : {std::pair<WPARAM, int>(ICON_SMALL, SM_CXSMICON),
                                        std::pair<WPARAM, int>(ICON_BIG, SM_CXICON)}) {
-        const int pixels = SystemMetric(metric, dpi);
+        const int pixels = SystemMetric(metric, scale.dpi);
         HICON icon =
             form->icon().path.empty() ? nullptr : images::FileIcon(form->icon().path, pixels);
         if (icon == nullptr) {
@@ -292,101 +159,130 @@ void FormWindow::ApplyIcon() {
     }
 }
 
-void FormWindow::UpdateEnabled() {
-    // While a box is open, pumps::OthersShutOff decides which windows are enabled.
-    if (boxes == 0) {
-        const bool canBeUsed = form->IsUsable() || !form->IsVisible();
-        if (canBeUsed != (::IsWindowEnabled(handle) != 0)) {
-            const Applying applying(state);
-            ::EnableWindow(handle, canBeUsed ? TRUE : FALSE);
-        }
+void FormWindow::ScheduleDestroy() {
+    const Applying applying(state);
+    // Only an active window must choose its successor at once. To hide a hundred notes one by one
+    // would be most of the time that the program takes to end.
+    if (::GetActiveWindow() == handle && Runtime::Exists() && !Runtime::Current().HasEnded()) {
+        showing.Hide();
+    }
+    showing.ReleaseOwned();
+    DetachFromForm();
+    destroyScheduled = true;
+    // The next message destroys the window. It does not come while the program ends: the system
+    // destroys all windows of a process faster than the process could one by one.
+    if (::PostMessageW(state.utility, UtilityWindow::destroyMessage, 0,
+                       reinterpret_cast<LPARAM>(handle)) == 0) {
+        DestroyIfScheduled();
     }
 }
 
-void FormWindow::ApplyToControl(Control& control, Aspect aspect) {
-    Peer* changed = PeerOf(control);
-    if (changed == nullptr) {
+void FormWindow::DestroyIfScheduled() {
+    if (!destroyScheduled) {
         return;
     }
-    const Applying applying(state);
-    const bool isInherited =
-        aspect == Aspect::Bounds || aspect == Aspect::Visible || aspect == Aspect::Enabled;
-    if (!isInherited) {
-        changed->Apply(aspect);
-        if (aspect == Aspect::ToolTip) {
-            tips.Update(*changed);
-        } else if (aspect == Aspect::Default) {
-            MarkDefaultButton(PeerOf(::GetFocus()));
+    if (entered == 0) {
+        DestroyNative(handle);
+    } else if (IsShown()) {
+        // One of its handlers waits, for a box say.
+        ::ShowWindow(handle, SW_HIDE);
+    }
+}
+
+// Cuts the link between the form and the window, in both directions.
+void FormWindow::DetachFromForm() {
+    if (auto* link = static_cast<Link*>(form->stageData.get()); link != nullptr) {
+        link->window = nullptr;
+    }
+    form = nullptr;
+}
+
+LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCCREATE && beingMade != nullptr) {
+        FormWindow* made = std::exchange(beingMade, nullptr);
+        made->handle = window;
+        ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made));
+    }
+    auto* target = reinterpret_cast<FormWindow*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (target == nullptr) {
+        return ::DefWindowProcW(window, message, wParam, lParam);
+    }
+    if ((message == WM_DESTROY || message == WM_NCDESTROY) && !IsBeingDestroyed(window)) {
+        return 0;
+    }
+    if (message == WM_NCDESTROY) {
+        ::SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        if (target->IsLive()) {
+            target->DetachFromForm();  // a window that it belongs to is destroyed
         }
+        const auto& windows = target->state.windows;
+        const bool wasCreated = std::find(windows.begin(), windows.end(), target) != windows.end();
+        if (wasCreated) {
+            delete target;
+        }
+        return ::DefWindowProcW(window, message, wParam, lParam);
+    }
+    const Entry entry(*target);
+    const std::optional<LRESULT> result =
+        target->IsLive() ? target->OnMessage(message, wParam, lParam) : std::nullopt;
+    return result ? *result : ::DefWindowProcW(window, message, wParam, lParam);
+}
+
+std::optional<LRESULT> FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_COMMAND:
+            OnCommand(wParam, lParam);
+            return 0;
+        case WM_NOTIFY: {
+            auto& header = *reinterpret_cast<NMHDR*>(lParam);
+            Peer* peer = controls.Find(header.hwndFrom);
+            return peer != nullptr ? peer->OnNotify(header) : std::nullopt;
+        }
+        case WM_INITMENUPOPUP:
+            menus.Refresh(reinterpret_cast<HMENU>(wParam));
+            return std::nullopt;
+        case WM_CLOSE:
+            gestures::Close(*form);
+            return 0;
+        default:
+            break;
+    }
+    std::optional<LRESULT> result = surface.OnMessage(message, wParam, lParam);
+    if (!result) {
+        result = pointer.OnMessage(message, wParam, lParam);
+    }
+    if (!result) {
+        result = focus.OnMessage(message, wParam, lParam);
+    }
+    if (!result) {
+        result = showing.OnMessage(message, wParam);
+    }
+    // This part is the last one, because its handlers may unload the form and it may still leave
+    // the message to the system.
+    if (!result) {
+        result = placement.OnMessage(message, wParam, lParam);
+    }
+    return result;
+}
+
+void FormWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
+    const int id = LOWORD(wParam);
+    const auto& peers = controls.Peers();
+    if (std::any_of(peers.begin(), peers.end(),
+                    [id](const auto& peer) { return peer->PressButton(id); })) {
         return;
     }
-    for (const auto& peer : peers) {
-        const Control* outer = &peer->control;
-        while (outer != nullptr && outer != &control) {
-            outer = outer->container;
+    if (Peer* peer = controls.Find(reinterpret_cast<HWND>(lParam)); peer != nullptr) {
+        peer->OnCommand(HIWORD(wParam));
+    } else if (id == IDOK) {
+        if (CommandButton* button = form->DefaultButton(); button != nullptr) {
+            gestures::Click(*button);
         }
-        if (outer == nullptr) {
-            continue;
-        }
-        if (aspect == Aspect::Bounds) {
-            peer->Layout();
-        } else {
-            peer->Apply(aspect);
-        }
-        if (aspect != Aspect::Enabled) {
-            tips.Update(*peer);
-        }
+    } else if (id == IDCANCEL) {
+        gestures::PressEscape(*form);
+    } else if (Menu* menu = menus.Find(id); menu != nullptr) {
+        gestures::Choose(*menu);
     }
-    if (aspect != Aspect::Bounds) {
-        MarkDefaultButton(PeerOf(::GetFocus()));
-    }
-}
-
-void FormWindow::ApplyToMenu(Menu& menu, Aspect aspect) {
-    if (filled) {
-        const Applying applying(state);
-        menus.Apply(handle, menu, aspect);
-    }
-}
-
-void FormWindow::LayoutControls() {
-    for (const auto& peer : peers) {
-        peer->Layout();
-        peer->Restyle();
-        tips.Update(*peer);
-    }
-    tips.FollowScale();
-    ::RedrawWindow(handle, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
-}
-
-void FormWindow::Rescale(int newDpi, const RECT& suggested) {
-    const Applying applying(state);
-    dpi = newDpi;
-    ::SetWindowPos(handle, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-                   suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
-    RestoreInnerSize();
-    ApplyIcon();
-    LayoutControls();
-}
-
-// Title bars do not grow as the resolution does, and on some systems not at all.
-void FormWindow::RestoreInnerSize() {
-    if (!filled || form->innerWidth == 0 || form->borderStyle == BorderStyle::Sizable) {
-        return;
-    }
-    RECT outer{};
-    RECT inside{};
-    ::GetWindowRect(handle, &outer);
-    ::GetClientRect(handle, &inside);
-    ::SetWindowPos(handle, nullptr, 0, 0,
-                   outer.right - outer.left + Pixels(form->innerWidth) - inside.right,
-                   outer.bottom - outer.top + Pixels(form->innerHeight) - inside.bottom,
-                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void FormWindow::UserSettingsChanged() {
-    const Applying applying(state);
-    LayoutControls();
 }
 
 }  // namespace forms::win32

@@ -14,9 +14,9 @@ namespace forms::win32 {
 
 namespace {
 
-// The border as the user's theme has it; false where there is none. The library is asked for by the
-// first window with a group box, which the main window is. Linked, it would be the only library
-// that the system takes from the program's folder if there is one of its name.
+// Paints the border of the user's theme; false if there is no theme. The library is loaded by the
+// first window with a group box, which is the main window. If it were linked, it would be the only
+// library that the system would load from the program's folder.
 bool PaintThemedBorder(HWND handle, HDC dc, const RECT& border, int look) {
     constexpr const wchar_t* library = L"uxtheme.dll";
     static const auto open = FromLibrary<decltype(&::OpenThemeData)>(library, "OpenThemeData");
@@ -35,15 +35,15 @@ bool PaintThemedBorder(HWND handle, HDC dc, const RECT& border, int look) {
     return true;
 }
 
-// A group box. It lies below what it holds, and is painted with the form's surface, so that the
-// pictures in it are seen.
+// A group box. It lies below the controls in it, and is painted with the form's surface, so that it
+// does not cover the pictures in it.
 class FramePeer : public SurfacePeer {
   public:
     FramePeer(FormWindow& formWindow, Frame& peerFrame)
         : SurfacePeer(formWindow, peerFrame), frame(peerFrame) {}
 
     void Create() override {
-        // The text of the native one is seen by tools only.
+        // Only tools and screen readers read the native caption.
         const std::string& caption = frame.caption();
         CreateNative(WC_BUTTONW, caption.empty() ? frame.accessibleName : caption, BS_GROUPBOX);
     }
@@ -76,7 +76,7 @@ class FramePeer : public SurfacePeer {
         ::SetBkMode(dc, TRANSPARENT);
         const COLORREF wanted =
             ::GetSysColor(frame.IsEffectivelyEnabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT);
-        ::SetTextColor(dc, ReadableOn(window.BackColor(), wanted));
+        ::SetTextColor(dc, ReadableOn(window.surface.BackColor(), wanted));
         ::DrawTextW(dc, caption.c_str(), -1, &text, format);
     }
 

@@ -23,7 +23,7 @@ bool IsIconFile(const std::string& path) {
     return path.size() > 4 && ::lstrcmpiA(path.c_str() + path.size() - 4, ".ico") == 0;
 }
 
-// Empty where there is no such file, or none that can be read.
+// Empty if the file cannot be read.
 std::string BytesOf(const std::string& path) {
     try {
         return Machine().files->FileExists(path) ? Machine().files->Read(path) : std::string();
@@ -32,8 +32,8 @@ std::string BytesOf(const std::string& path) {
     }
 }
 
-// The picture for this width in pixels: beside "error.gif" may lie the same picture with twice and
-// three times its dots, "error@2x.png" and "error@3x.png".
+// The picture for this width in pixels. Larger versions of "error.gif" may lie beside it:
+// "error@2x.png" with twice and "error@3x.png" with three times its pixels.
 std::string PictureFor(const std::string& path, int width) {
     std::string best = BytesOf(path);
     const std::optional<SIZE> plain = decoder::SizeOf(best);
@@ -42,7 +42,7 @@ std::string PictureFor(const std::string& path, int width) {
         const std::string stem = path.substr(0, path.find_last_of('.'));
         std::string larger = BytesOf(stem + '@' + std::to_string(times) + "x.png");
         const std::optional<SIZE> size = decoder::SizeOf(larger);
-        // One of another shape belongs to another picture.
+        // A file of another shape belongs to another picture.
         if (size && size->cx == times * plain->cx && size->cy == times * plain->cy) {
             best = std::move(larger);
             bestWidth = size->cx;

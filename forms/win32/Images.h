@@ -6,12 +6,11 @@
 
 namespace forms::win32 {
 
-// Icons are read once and kept until the process ends, so that a hundred windows share one. What
-// cannot be read is simply not shown: the models have been told by the device that
-// loads pictures.
+// Icons are read once and kept until the process ends, so that a hundred windows share one. A file
+// that cannot be read is not shown: the device that loads pictures has reported the error.
 namespace images {
 
-// From an icon file, the frame that suits best; null where there is none. Not to be destroyed.
+// The frame of an icon file that suits best; null if there is none. Must not be destroyed.
 HICON FileIcon(const std::string& path, int pixels);
 
 // From the program's resources of type RCDATA that hold icon files: name is the resource's name.
@@ -20,8 +19,7 @@ HICON ResourceIcon(const std::string& name, int pixels);
 // The program's own icon.
 HICON ProgramIcon(int pixels);
 
-// One place where a picture is shown. Holds the picture as it appears there, for as long as the
-// place exists.
+// A place where a picture is shown. Keeps the scaled picture for the next drawing.
 class View {
   public:
     View() = default;

@@ -10,21 +10,21 @@ class Form;
 
 namespace win32 {
 
-// What the stage and the devices beside it tell each other.
+// Functions that the stage has for the devices, and the devices for the stage.
 
-// The form's native window, made without its children where there is none yet, as the owner of an
-// icon in the notification area. From now on it takes the icon's callback: a mouse-move message
-// whose wParam is the icon's number, not 0, and whose lParam is the mouse message. Null when the
-// form is not loaded.
+// The form's native window as the owner of an icon in the notification area; it is made, without
+// its children, if there is none yet. From now on it takes the icon's callback: a mouse-move
+// message whose wParam is the icon's number, not 0, and whose lParam is the mouse message. Null if
+// the form is not loaded.
 HWND TrayWindowOf(Form& form, UINT iconId);
-// The form's native window; null where there is none.
+// The form's native window; null if there is none.
 HWND ExistingWindowOf(const Form& form);
 
-// Called when the desktop's shell has started anew and its notification area is empty.
+// Called when the desktop's shell has restarted and its notification area is empty.
 inline std::function<void()> onTaskbarCreated;
-// Runs the timers that are due; set while the stage exists. Only for places where handlers may run.
+// Runs the timers that are due; set while the stage exists. Call it only where handlers may run.
 inline std::function<void()> runOverdueTimers;
-// Called when there are other monitors, or they have another size or scale.
+// Called when the monitors, their sizes or their scales have changed.
 inline std::function<void()> onDisplayChange;
 
 }  // namespace win32

@@ -28,7 +28,7 @@ class LabelPeer : public SurfacePeer {
 
   protected:
     HFONT Font() const override {
-        return fonts::Get(label.fontName, label.fontSize, label.bold, window.dpi);
+        return fonts::Get(label.fontName, label.fontSize, label.bold, window.scale.dpi);
     }
 
     void PaintOver(HDC dc, const RECT& inside) override {
@@ -36,7 +36,7 @@ class LabelPeer : public SurfacePeer {
         const COLORREF wanted = label.IsEffectivelyEnabled()
                                     ? ToColorRef(label.foreColor, COLOR_BTNTEXT)
                                     : ::GetSysColor(COLOR_GRAYTEXT);
-        ::SetTextColor(dc, ReadableOn(window.ColorBehind(label), wanted));
+        ::SetTextColor(dc, ReadableOn(window.surface.ColorBehind(label), wanted));
         UINT format = DT_EXPANDTABS | DT_WORDBREAK;
         format |= label.alignment == Alignment::Center  ? UINT{DT_CENTER}
                   : label.alignment == Alignment::Right ? UINT{DT_RIGHT}

@@ -4,23 +4,22 @@
 
 namespace forms::win32 {
 
-// A function of a library that is loaded; null where there is no library or no such function in it.
+// A function of a loaded library; null if library is null or has no such function.
 template <class Function>
 Function FunctionOf(HMODULE library, const char* name) {
     const FARPROC address = library != nullptr ? ::GetProcAddress(library, name) : nullptr;
     return reinterpret_cast<Function>(reinterpret_cast<void*>(address));
 }
 
-// A function that not every system has, of a library that the process may have already: nothing is
-// loaded. Null where one of them is missing.
+// A function that not every system has, in a library that the process may have loaded. Loads
+// nothing. Null if the library or the function is missing.
 template <class Function>
 Function FromLoadedLibrary(const wchar_t* library, const char* name) {
     return FunctionOf<Function>(::GetModuleHandleW(library), name);
 }
 
-// A function of a system library that is not linked: the library is loaded, from the system's
-// folder only, when the function is first asked for, and stays. Null where the system does not have
-// it.
+// A function of a system library that is not linked. Loads the library from the system's folder; it
+// stays loaded. Null if the system does not have the function.
 //
 //   static const auto play = FromLibrary<decltype(&::PlaySoundW)>(L"winmm.dll", "PlaySoundW");
 template <class Function>

@@ -7,13 +7,13 @@
 namespace forms::win32 {
 
 void RestrictLibrarySearch() {
-    // Not on every system that the program runs on.
+    // Some systems do not have this function.
     const auto setDirectories =
         FromLoadedLibrary<BOOL(WINAPI*)(DWORD)>(L"kernel32.dll", "SetDefaultDllDirectories");
     if (setDirectories != nullptr) {
         setDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     }
-    // Takes at least the current folder away where the call above is missing.
+    // At least removes the current folder if the function is missing.
     ::SetDllDirectoryW(L"");
 }
 

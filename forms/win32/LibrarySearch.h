@@ -2,9 +2,9 @@
 
 namespace forms::win32 {
 
-// From now on the system looks for the libraries that this process loads by name in its own folder
-// only: one that somebody has put beside the program, into the current folder or on the path is not
-// loaded. To be called before anything else. Libraries loaded by their full path are not concerned.
+// From now on, libraries that this process loads by name come from the system's folder only, never
+// from the program's folder, the current folder or the path. Must be called before anything else.
+// Does not affect libraries that are loaded by their full path.
 void RestrictLibrarySearch();
 
 }  // namespace forms::win32

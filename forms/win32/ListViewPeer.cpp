@@ -15,7 +15,7 @@ namespace forms::win32 {
 
 namespace {
 
-// The native list holds no rows of its own: it asks for what it shows.
+// A virtual list: the native control holds no rows, and requests the text of those that it shows.
 class ListViewPeer : public Peer {
   public:
     ListViewPeer(FormWindow& formWindow, ListView& peerList)
@@ -36,7 +36,7 @@ class ListViewPeer : public Peer {
             LVCOLUMNW column{};
             column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
             column.pszText = heading.data();
-            column.cx = window.Pixels(listView.columns[i].width);
+            column.cx = window.scale.Pixels(listView.columns[i].width);
             column.iSubItem = static_cast<int>(i);
             ::SendMessageW(handle, LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
         }
@@ -57,7 +57,8 @@ class ListViewPeer : public Peer {
     void Restyle() override {
         Peer::Restyle();
         for (std::size_t i = 0; i < listView.columns.size(); ++i) {
-            ::SendMessageW(handle, LVM_SETCOLUMNWIDTH, i, window.Pixels(listView.columns[i].width));
+            ::SendMessageW(handle, LVM_SETCOLUMNWIDTH, i,
+                           window.scale.Pixels(listView.columns[i].width));
         }
         MakeImages();
     }
@@ -93,7 +94,7 @@ class ListViewPeer : public Peer {
         if (message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN) {
             selectedByClick = false;
         }
-        // The native list swallows some of these and reports each by a notification.
+        // The native list reports each of these by a notification, and swallows some of them.
         if (message == WM_LBUTTONUP || message == WM_RBUTTONUP) {
             return std::nullopt;
         }
@@ -106,8 +107,8 @@ class ListViewPeer : public Peer {
         if (click.iItem >= 0 && !selectedByClick) {
             gestures::Select(listView, click.iItem);
         }
-        gestures::MouseUp(listView, button, window.Twips(click.ptAction.x),
-                          window.Twips(click.ptAction.y));
+        gestures::MouseUp(listView, button, window.scale.Twips(click.ptAction.x),
+                          window.scale.Twips(click.ptAction.y));
     }
 
     void MakeImages() {
@@ -115,7 +116,7 @@ class ListViewPeer : public Peer {
             return;
         }
         const auto& wanted = listView.imageList->images;
-        const int pixels = SystemMetric(SM_CXSMICON, window.dpi);
+        const int pixels = SystemMetric(SM_CXSMICON, window.scale.dpi);
         HIMAGELIST made = ::ImageList_Create(pixels, pixels, ILC_COLOR32 | ILC_MASK,
                                              static_cast<int>(wanted.size()), 0);
         for (const auto& image : wanted) {
@@ -189,7 +190,7 @@ class ListViewPeer : public Peer {
         }
     }
 
-    // The row that has a text that begins with what the user types.
+    // The row with a text that begins with the typed letters.
     LRESULT FindRow(const NMLVFINDITEMW& search) const {
         const auto& rows = listView.Rows();
         if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || rows.empty()) {

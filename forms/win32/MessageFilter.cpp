@@ -11,8 +11,7 @@ namespace {
 
 UtilityWindow* utility = nullptr;
 
-// Messages to the system's controls with numbers above those of the system itself. Many hold
-// pointers, and the controls get them sent, never posted.
+// Messages to the system's controls. Many hold pointers, and none of them is ever posted.
 constexpr UINT firstControlMessage = 0x1000;
 constexpr UINT lastControlMessage = 0x1FFF;
 
@@ -53,7 +52,7 @@ bool IsForged(const MSG& message) {
         case scaledSizeMessage:
             return true;
         case WM_TIMER:
-            // None of these windows has a timer with a callback; the callback would be called.
+            // DispatchMessage would call the callback. No timer of these windows has one.
             return message.lParam != 0 && IsFormOrUtility(message.hwnd);
         default:
             return message.message >= firstControlMessage &&

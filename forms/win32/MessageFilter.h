@@ -6,15 +6,15 @@ namespace forms::win32 {
 
 class UtilityWindow;
 
-// Sees every message that the thread takes from its queue, in the loops of the system (boxes,
+// A hook for every message that the thread takes from its queue, in the loops of the system (boxes,
 // menus, dragging) as well as in the program's own. One exists at a time.
 //
-// Any program of the same user can post any message. Messages that the system never posts to these
-// windows, and that would end the program, cost a text or make it use a foreign pointer, become
-// WM_NULL here, before a window gets them.
+// Any program of the same user can post any message. Some messages would end the program, lose a
+// text or make it use a foreign pointer, and the system never posts them to these windows. The
+// filter turns them into WM_NULL.
 //
-// The system gives WM_TIMER only when the queue holds nothing else. While messages pour in, the
-// filter has the due timers run in their turn, see UtilityWindow::CatchUp.
+// The system gives WM_TIMER only when the queue holds nothing else. During a flood of messages, the
+// filter lets due timers run between them, see UtilityWindow::CatchUp.
 class MessageFilter {
   public:
     explicit MessageFilter(UtilityWindow& utilityWindow);

@@ -50,14 +50,14 @@ class OptionButtonPeer : public Peer {
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
         const auto result = Peer::OnMessage(message, wParam, lParam);
         if (message == WM_SETFOCUS && window.IsLive() && !window.state.movingFocus) {
-            SelectByArrowKey(window.PeerOf(reinterpret_cast<HWND>(wParam)));
+            SelectByArrowKey(window.controls.Find(reinterpret_cast<HWND>(wParam)));
         }
         return result;
     }
 
   private:
-    // The focus comes from another button of the group: the selection follows it. Not every system
-    // reports that as a click.
+    // If the focus comes from another button of the group, the selection follows it. Not every
+    // system reports that as a click.
     void SelectByArrowKey(const Peer* from) {
         const bool byMouse = ::GetKeyState(VK_LBUTTON) < 0;
         if (from != nullptr && IsOfGroup(from->control) && !byMouse && !button.value()) {

@@ -4,7 +4,7 @@
 
 namespace forms::win32 {
 
-// A control without a native one: the form paints it.
+// A control without a native window: the form paints it.
 class PaintedPeer : public Peer {
   public:
     using Peer::Peer;

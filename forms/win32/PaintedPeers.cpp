@@ -14,15 +14,15 @@
 namespace forms::win32 {
 
 void PaintedPeer::Layout() {
-    window.InvalidateSurface(shown);
+    window.surface.Invalidate(shown);
     shown = Area();
-    window.InvalidateSurface(shown);
+    window.surface.Invalidate(shown);
 }
 
 namespace {
 
-// Painted with the form's surface. One that has a name also has a native window, which shows what
-// is painted below it: without one a screen reader would not find it.
+// Painted with the form's surface. An image with a name also has a native window, so that screen
+// readers find it; that window shows the surface below it.
 class ImagePeer : public SurfacePeer {
   public:
     ImagePeer(FormWindow& formWindow, Image& peerImage)
@@ -37,13 +37,13 @@ class ImagePeer : public SurfacePeer {
 
     void Apply(Aspect aspect) override {
         SurfacePeer::Apply(aspect);
-        window.InvalidateSurface(shown);
+        window.surface.Invalidate(shown);
     }
 
     void Layout() override {
-        window.InvalidateSurface(shown);
+        window.surface.Invalidate(shown);
         shown = Area();
-        window.InvalidateSurface(shown);
+        window.surface.Invalidate(shown);
         SurfacePeer::Layout();
     }
 
@@ -72,7 +72,8 @@ class ShapePeer : public PaintedPeer {
         : PaintedPeer(formWindow, peerShape), shape(peerShape) {}
 
     void Paint(HDC dc) override {
-        HPEN pen = ::CreatePen(PS_SOLID, window.LineThickness(), ToColorRef(shape.borderColor()));
+        HPEN pen =
+            ::CreatePen(PS_SOLID, window.surface.LineThickness(), ToColorRef(shape.borderColor()));
         {
             const Selected outline(dc, pen);
             const Selected inside(dc, SolidBrush(ToColorRef(shape.fillColor())));
@@ -111,15 +112,16 @@ class LinePeer : public PaintedPeer {
     LinePeer(FormWindow& formWindow, Line& peerLine)
         : PaintedPeer(formWindow, peerLine), line(peerLine) {}
 
-    // A line has no thickness of its own: a place without height or width is as thick as the
+    // A line has no thickness of its own: a place without height or width is drawn as thick as the
     // outline of a shape.
     void Paint(HDC dc) override {
-        const int thickness = window.LineThickness();
+        const int thickness = window.surface.LineThickness();
         RECT area = Area();
         area.right = std::max<LONG>(area.right, area.left + thickness);
         area.bottom = std::max<LONG>(area.bottom, area.top + thickness);
-        ::FillRect(dc, &area,
-                   SolidBrush(ReadableOn(window.ColorBehind(line), ToColorRef(line.color()))));
+        ::FillRect(
+            dc, &area,
+            SolidBrush(ReadableOn(window.surface.ColorBehind(line), ToColorRef(line.color()))));
     }
 
   private:

@@ -8,19 +8,20 @@
 #include "forms/Gestures.h"
 #include "forms/win32/Accessibility.h"
 #include "forms/win32/Destroying.h"
+#include "forms/win32/Fonts.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Utf.h"
 
 namespace forms::win32 {
 
-RECT Peer::Area() const { return window.AreaOf(control); }
+RECT Peer::Area() const { return window.scale.Pixels(control.PlaceOnForm()); }
 
 void Peer::CreateNative(const wchar_t* className, const std::string& text, DWORD style,
                         DWORD extendedStyle) {
     const RECT area = Area();
     const auto& controls = window.Model().Controls();
     const auto place = std::find(controls.begin(), controls.end(), &control) - controls.begin();
-    const INT_PTR id = FormWindow::firstControlId + place;
+    const INT_PTR id = NativeControls::firstId + place;
     style |= WS_CHILD | WS_CLIPSIBLINGS;
     if (control.IsEffectivelyVisible()) {
         style |= WS_VISIBLE;
@@ -39,12 +40,12 @@ void Peer::CreateNative(const wchar_t* className, const std::string& text, DWORD
     ::SetWindowSubclass(handle, &Peer::Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
 }
 
-HFONT Peer::Font() const { return window.FormFont(); }
+HFONT Peer::Font() const { return fonts::Get(std::string(), 0, false, window.scale.dpi); }
 
 void Peer::Apply(Aspect aspect) {
     if (handle == nullptr) {
         if (aspect != Aspect::ToolTip) {
-            window.InvalidateSurface(Area());
+            window.surface.Invalidate(Area());
         }
         return;
     }
@@ -102,8 +103,8 @@ LRESULT Peer::Default(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void Peer::ReportMouseUp(int button, LPARAM where) {
-    gestures::MouseUp(control, button, window.Twips(GET_X_LPARAM(where)),
-                      window.Twips(GET_Y_LPARAM(where)));
+    gestures::MouseUp(control, button, window.scale.Twips(GET_X_LPARAM(where)),
+                      window.scale.Twips(GET_Y_LPARAM(where)));
 }
 
 std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -117,7 +118,7 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
         case WM_SETFOCUS: {
             const LRESULT result = Default(message, wParam, lParam);
             if (window.IsLive() && control.CanHaveFocus()) {
-                window.MarkDefaultButton(this);
+                window.focus.MarkDefaultButton();
                 gestures::Focus(control);
             }
             return result;
@@ -131,18 +132,18 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
         }
         case WM_RBUTTONUP:
             if (control.MouseUp) {
-                // Instead of the menu that the control itself may have.
+                // The handler replaces the control's own menu.
                 ReportMouseUp(rightButton, lParam);
                 return 0;
             }
             return std::nullopt;
         case WM_KEYUP:
             // Not every kind of control passes the menu key on to the system.
-            return wParam == VK_APPS && window.OpenMenuByKeyboard() ? std::optional<LRESULT>(0)
-                                                                    : std::nullopt;
+            return wParam == VK_APPS && window.focus.OpenMenu() ? std::optional<LRESULT>(0)
+                                                                : std::nullopt;
         case WM_CONTEXTMENU:
-            return lParam == -1 && window.OpenMenuByKeyboard() ? std::optional<LRESULT>(0)
-                                                               : std::nullopt;
+            return lParam == -1 && window.focus.OpenMenu() ? std::optional<LRESULT>(0)
+                                                           : std::nullopt;
         default:
             return std::nullopt;
     }
@@ -153,10 +154,10 @@ LRESULT CALLBACK Peer::Procedure(HWND child, UINT message, WPARAM wParam, LPARAM
     auto& peer = *reinterpret_cast<Peer*>(data);
     const bool isMade = message == WM_NCCREATE || message == WM_CREATE;
     const bool isEnd = message == WM_DESTROY || message == WM_NCDESTROY;
-    // When it goes with its form it may have no parent any more.
+    // A control that is destroyed with its form may have no parent any more.
     const bool ends = IsBeingDestroyed(child) || IsBeingDestroyed(peer.window.handle);
     if (isMade || (isEnd && !ends)) {
-        return 0;  // sent by another program: the control was made before, and stays
+        return 0;  // sent by another program: the control exists already, and stays
     }
     if (message == WM_NCDESTROY) {
         ::RemoveWindowSubclass(child, &Peer::Procedure, id);

@@ -12,11 +12,10 @@ namespace forms::win32 {
 
 class FormWindow;
 
-// The native side of one control, from the time when its form's window is filled until that window
-// goes. Controls of the system have a handle; images, shapes and lines are painted by their form.
+// The native side of one control, from the filling of its form's window to the end of that window.
+// Controls of the system have a handle; images, shapes and lines are painted by their form.
 //
-// Any report to the model may unload the form: afterwards the model is to be touched only where
-// window.IsLive().
+// Any gesture may unload the form. After it, use the model only if window.IsLive().
 class Peer {
   public:
     Peer(FormWindow& formWindow, Control& peerControl) : window(formWindow), control(peerControl) {}
@@ -28,7 +27,7 @@ class Peer {
     Control& control;
     HWND handle = nullptr;
 
-    // Makes the native control with everything that the model says.
+    // Makes the native control in the state of the model.
     virtual void Create() {}
     // The model has changed.
     virtual void Apply(Aspect aspect);
@@ -38,14 +37,14 @@ class Peer {
     virtual void Restyle();
 
     virtual void OnCommand(int /*code*/) {}  // WM_COMMAND
-    // Presses the button with this command number; false if it is none of the control's.
+    // Presses the control's button with this command number; false if it has no such button.
     virtual bool PressButton(int /*id*/) { return false; }
     virtual std::optional<LRESULT> OnNotify(NMHDR& /*header*/) { return std::nullopt; }
     // WM_CTLCOLOR messages; null leaves the colours to the form.
     virtual HBRUSH OnColor(HDC /*dc*/) { return nullptr; }
     // On the form's surface, in client pixels of the form.
     virtual void Paint(HDC /*dc*/) {}
-    // Whether the pointer passes through to the form, which then finds the control itself.
+    // Whether the pointer passes through to the form, which then finds the control by its place.
     virtual bool IsTransparent() const { return handle == nullptr; }
 
     // In client pixels of the form.
@@ -55,10 +54,10 @@ class Peer {
     void CreateNative(const wchar_t* className, const std::string& text, DWORD style,
                       DWORD extendedStyle = 0);
     virtual HFONT Font() const;
-    // A screen reader asks for the native control for the first time: tells the system what the
-    // control itself does not. What that needs is loaded only now.
+    // Called when a screen reader first looks at the native control: gives the system the names
+    // that the control itself does not give. Loads the libraries for it only now.
     virtual void Describe();
-    // A message to the native control. Empty: the control's own procedure goes on with it.
+    // A message to the native control. If empty, the control's own procedure handles it.
     virtual std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
     void SetCaption(const std::string& caption);

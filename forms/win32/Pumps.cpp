@@ -8,7 +8,6 @@
 
 #include "forms/Runtime.h"
 #include "forms/win32/BoxText.h"
-#include "forms/win32/FormKeys.h"
 #include "forms/win32/Internal.h"
 #include "forms/win32/LateLibrary.h"
 #include "forms/win32/Utf.h"
@@ -17,18 +16,18 @@ namespace forms::win32::pumps {
 
 namespace {
 
-// Keys that move the focus, press a button or belong to a control's caption.
+// Handles keys that move the focus, press a button or are access keys.
 bool IsForForm(MSG& message) {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) {
         return false;
     }
     HWND root = message.hwnd != nullptr ? ::GetAncestor(message.hwnd, GA_ROOT) : nullptr;
     FormWindow* window = root != nullptr ? FormWindow::From(root) : nullptr;
-    return window != nullptr && TakeKey(*window, message);
+    return window != nullptr && window->focus.TakeKey(message);
 }
 
-// In the loop of a box or dialog: the forms that can be used meanwhile have their keys, too. The
-// system's own treatment of such keys asks again about the same message.
+// The hook in the loop of a box or dialog: gives their keys to the forms that can be used while it
+// is open. IsDialogMessage calls the hook again with the same message; that call is ignored.
 LRESULT CALLBACK KeysOfForms(int code, WPARAM wParam, LPARAM lParam) {
     static const MSG* beingTreated = nullptr;
     auto* message = reinterpret_cast<MSG*>(lParam);
@@ -61,7 +60,7 @@ bool CanOwn(HWND window) {
            ::IsWindowEnabled(window) != 0;
 }
 
-// The window that a box or dialog belongs to: the one that the user works with, if any.
+// The owner of a box or dialog: the window that the user works with, if any.
 HWND OwnerForBox() {
     if (HWND active = ::GetActiveWindow(); CanOwn(active)) {
         return active;
@@ -71,15 +70,15 @@ HWND OwnerForBox() {
     return window != nullptr && CanOwn(window->handle) ? window->handle : nullptr;
 }
 
-// Shuts off the windows that are there, all but the owner of the box, which the system shuts off
-// itself (and, where there is no owner, all of them). Windows that appear later can be used.
+// Shuts off the existing windows while a box is open. The system itself shuts off the owner, and
+// all windows if there is no owner. Windows that appear later can be used.
 class OthersShutOff {
   public:
     OthersShutOff(StageState& stageState, HWND owner) : state(stageState) {
         const Applying applying(state);
         const std::vector<FormWindow*> windows = state.windows;
         for (FormWindow* window : windows) {
-            ++window->boxes;
+            ++window->showing.boxes;
             counted.push_back(window);
             if (owner != nullptr && window->handle != owner) {
                 ::EnableWindow(window->handle, FALSE);
@@ -90,8 +89,9 @@ class OthersShutOff {
         for (FormWindow* window : counted) {
             const bool exists = std::find(state.windows.begin(), state.windows.end(), window) !=
                                 state.windows.end();
-            if (exists && window->boxes > 0 && --window->boxes == 0 && window->IsLive()) {
-                window->UpdateEnabled();
+            if (exists && window->showing.boxes > 0 && --window->showing.boxes == 0 &&
+                window->IsLive()) {
+                window->showing.UpdateEnabled();
             }
         }
     }
@@ -143,12 +143,12 @@ void Run(const std::function<bool()>& goesOn) {
     const Runtime& runtime = Runtime::Current();
     while (!runtime.HasEnded() && goesOn()) {
         MSG message{};
-        // 0 is the end of this loop only if the runtime has ended, too.
+        // WM_QUIT (0) ends this loop only if the runtime has ended, too.
         if (::GetMessageW(&message, nullptr, 0, 0) > 0 && !IsForForm(message)) {
             ::TranslateMessage(&message);
             ::DispatchMessageW(&message);
         }
-        // The native timer would wait until no message is left.
+        // The native timer would wait until the queue is empty.
         if (runOverdueTimers) {
             runOverdueTimers();
         }
@@ -206,7 +206,7 @@ Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu) {
     if (state.menuPlace) {
         place = *state.menuPlace;
     }
-    HMENU popup = window.Menus().MakePopup(menu);
+    HMENU popup = window.menus.MakePopup(menu);
     HWND before = ::GetActiveWindow();
     // A menu closes when the user clicks elsewhere only if its window is in the foreground, and
     // takes keys only if that window can be used.
@@ -225,7 +225,7 @@ Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu) {
     if (owner == state.utility && before != nullptr && ::GetActiveWindow() == owner) {
         ::SetActiveWindow(before);
     }
-    return id != 0 && window.IsLive() ? window.Menus().Find(id) : nullptr;
+    return id != 0 && window.IsLive() ? window.menus.Find(id) : nullptr;
 }
 
 void EndAll() {

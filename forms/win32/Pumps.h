@@ -10,14 +10,15 @@
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/StageState.h"
 
-// What waits for the user while events go on. Each returns soon after the runtime has ended.
+// The loops that wait for the user and let events in. Each returns soon after the runtime has
+// ended.
 namespace forms::win32::pumps {
 
-// Until the condition fails.
+// Runs the loop of the program while the condition holds.
 void Run(const std::function<bool()>& goesOn);
 
 BoxResult ShowMessageBox(StageState& state, const BoxRequest& request);
-// window: that the dialog belongs to, may be null.
+// window: the window to which the dialog belongs; may be null.
 std::optional<std::string> ShowOpenDialog(StageState& state, const FormWindow* window,
                                           const FileDialogRequest& request);
 Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu);

@@ -43,7 +43,7 @@ struct Scaler::Library {
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
 
-    // Null where it cannot be made.
+    // Null on failure.
     Gdiplus::GpBitmap* Over(const Pixels32& memory) const {
         Gdiplus::GpBitmap* bitmap = nullptr;
         createOverMemory(memory.size.cx, memory.size.cy, memory.size.cx * bytesPerPixel,
@@ -57,7 +57,7 @@ struct Scaler::Library {
         if (getGraphics(target, &graphics) != Gdiplus::Ok) {
             return;
         }
-        // The borders of an enlarged picture are not mixed with what lies beyond them.
+        // Without this, the borders of an enlarged picture are mixed with transparent pixels.
         if (createAttributes(&attributes) == Gdiplus::Ok) {
             setWrapMode(attributes, Gdiplus::WrapModeTileFlipXY, 0, FALSE);
         }

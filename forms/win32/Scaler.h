@@ -6,13 +6,13 @@
 
 namespace forms::win32 {
 
-// Pixels of 32 bits, rows from the top without gaps, the colours multiplied with the alpha channel.
+// Pixels of 32 bits with premultiplied alpha, rows from the top without gaps.
 struct Pixels32 {
     void* pixels;
     SIZE size;
 };
 
-// Scales pictures. Its library stays loaded for as long as it lives.
+// Scales pictures. Keeps its library loaded.
 class Scaler {
   public:
     Scaler();
@@ -20,7 +20,7 @@ class Scaler {
     Scaler(const Scaler&) = delete;
     Scaler& operator=(const Scaler&) = delete;
 
-    // Fills the whole of the target; leaves it as it is where the system cannot.
+    // Fills the whole target. Leaves it unchanged if the system cannot scale.
     void Scale(const Pixels32& source, const Pixels32& target) const;
 
   private:

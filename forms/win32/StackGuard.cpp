@@ -4,18 +4,18 @@
 
 #include "forms/win32/LateLibrary.h"
 
-// What functions that guard their stack frames need: a secret that lies between their arrays and
-// their return address and is compared before they return.
+// The support code of the compiler's stack protector: a secret that lies between the arrays of a
+// function and its return address, and is compared before the function returns.
 //
-// It stands against bytes from outside (a note, a settings value) that run over the end
-// of an array: whoever made them must not be able to know the secret of a later start, and has one
-// try, as a wrong one ends the program. It does not stand against who can read this process's
+// It protects against bytes from outside (a note, a settings value) that run over the end of an
+// array. An attacker cannot predict the secret of a later start, and has one try, because a wrong
+// secret ends the program. It does not protect against an attacker who can read this process's
 // memory, nor against a write that leaps over the secret.
 //
-// The compiler's own support library opens the system's cryptography for this, three libraries at
-// each start. Nothing is loaded here. Not used: the random function of advapi32, which leads to a
-// library that could be planted beside the program; RtlRandomEx, which gives at each start what it
-// gave at the last one; the cookie in the system's shared page, which is one for all processes.
+// The compiler's own support library loads three libraries of the system's cryptography at each
+// start. This code loads none. It does not use the random function of advapi32, which needs a
+// library that could be planted beside the program; nor RtlRandomEx, which gives the same numbers
+// at each start; nor the cookie in the system's shared page, which is the same in all processes.
 
 namespace {
 
@@ -25,12 +25,13 @@ namespace {
         constexpr unsigned int stackCookieFailure = 2;  // FAST_FAIL_STACK_COOKIE_CHECK_FAILURE
         asm volatile("int $0x29" : : "c"(stackCookieFailure));
     }
-    // Before Windows 8 that is a fault like others, which handlers on this stack are asked about.
+    // Before Windows 8 that would be an ordinary fault, for which handlers on this stack are
+    // called.
     ::TerminateProcess(::GetCurrentProcess(), STATUS_STACK_BUFFER_OVERRUN);
     __builtin_unreachable();
 }
 
-// Each value gives another one, and each bit of it touches all of them.
+// A bijection in which each bit of the value affects all bits of the result.
 std::uint64_t Mixed(std::uint64_t value) {
     value ^= value >> 33U;
     value *= 0xff51afd7ed558ccdU;
@@ -40,8 +41,8 @@ std::uint64_t Mixed(std::uint64_t value) {
     return value;
 }
 
-// The system's random numbers, where their source is in the process already: the base of ole32
-// brings it from Windows 10 on. 0 where it is not.
+// A random number of the system if the process has loaded its source, as from Windows 10 on with
+// ole32; else 0.
 std::uint64_t SystemRandom() {
     const auto generate = forms::win32::FromLoadedLibrary<BOOL(WINAPI*)(std::uint64_t*, SIZE_T)>(
         L"bcryptprimitives.dll", "ProcessPrng");
@@ -49,8 +50,7 @@ std::uint64_t SystemRandom() {
     return generate != nullptr && generate(&value, sizeof value) != 0 ? value : 0;
 }
 
-// A number that the kernel draws for each process and tells no other one. 0 where there is none, as
-// under Wine.
+// A random number that the kernel gives to this process only; 0 if there is none, as under Wine.
 std::uint32_t ProcessCookie() {
     constexpr ULONG processCookie = 36;
     const auto query =
@@ -66,7 +66,7 @@ std::uint64_t Number(const void* address) { return reinterpret_cast<std::uintptr
 
 }  // namespace
 
-// NOLINTBEGIN(bugprone-reserved-identifier): the compiler asks for these names.
+// NOLINTBEGIN(bugprone-reserved-identifier): the compiler requires these names.
 extern "C" {
 
 std::uintptr_t __stack_chk_guard = 0;
@@ -75,12 +75,12 @@ std::uintptr_t __stack_chk_guard = 0;
 
 void __chk_fail() { FailFast(); }  // the system's headers say that it does not return
 
-// Before any other constructor: whoever is called from here on sees one value only.
+// Runs before all other constructors, so that no function sees the secret change.
 __attribute__((constructor(101), no_stack_protector)) void SetStackGuard() {
     std::uint64_t secret = Mixed(SystemRandom());
     secret = Mixed(secret ^ ProcessCookie());
-    // Where both are missing: the moment, to the processor's cycle, and where the system has put
-    // the stack, the program, the libraries and the heap.
+    // In case both are missing: the time, to the processor's cycle, and the addresses of the stack,
+    // the program, the libraries and the heap.
     LARGE_INTEGER counter{};
     FILETIME now{};
     ::QueryPerformanceCounter(&counter);
@@ -95,7 +95,7 @@ __attribute__((constructor(101), no_stack_protector)) void SetStackGuard() {
     secret = Mixed(secret ^ Number(&__stack_chk_guard));
     secret = Mixed(secret ^ Number(::GetModuleHandleW(L"kernel32.dll")));
     secret = Mixed(secret ^ Number(::GetProcessHeap()));
-    // The zero byte stops a string that is copied over the guard.
+    // The zero byte stops string functions that would copy over the guard.
     __stack_chk_guard = static_cast<std::uintptr_t>(secret) & ~std::uintptr_t{0xff};
 }
 

@@ -10,18 +10,18 @@ namespace forms::win32 {
 
 class FormWindow;
 
-// What all windows of a stage share.
+// The state that all windows of a stage share.
 struct StageState {
-    std::vector<FormWindow*> windows;  // that exist natively; last is the one used last
+    std::vector<FormWindow*> windows;  // that exist natively, in the order of their last use
     HWND utility = nullptr;            // hidden; see UtilityWindow.h
     std::wstring savingText;           // see ApplicationInfo
-    // Above 0 while the stage itself shows, moves or activates windows: what the system then
-    // reports is no gesture.
+    // Above 0 while the stage itself shows, moves or activates windows: the messages that the
+    // system sends then are no gestures.
     int applying = 0;
     // While the stage itself moves the focus: an option button that gets it is not clicked.
     bool movingFocus = false;
     bool hourglass = false;
-    // Where a menu that is asked for by keyboard opens, in screen pixels; else at the pointer.
+    // Where a menu opens that the user opens by keyboard, in screen pixels. Empty: at the pointer.
     std::optional<POINT> menuPlace;
 };
 

@@ -17,7 +17,7 @@ void SurfacePeer::PaintAll(HDC dc, const RECT& area) {
     const BackBuffer buffer(dc, area);
     POINT origin{};
     ::OffsetViewportOrgEx(buffer.dc(), -place.left, -place.top, &origin);
-    window.PaintSurface(buffer.dc());
+    window.surface.Paint(buffer.dc());
     ::SetViewportOrgEx(buffer.dc(), origin.x, origin.y, nullptr);
     RECT inside{};
     ::GetClientRect(handle, &inside);

@@ -5,8 +5,8 @@
 namespace forms::win32 {
 
 // A label or a group box: a control of the system, so that tools and screen readers find it by its
-// caption, but painted here. What the form paints (a picture, a coloured shape) shows through it,
-// and a change of its caption does not flicker.
+// caption, but painted here. The form's pictures and coloured shapes show through it, and a change
+// of its caption does not flicker.
 class SurfacePeer : public Peer {
   public:
     using Peer::Peer;

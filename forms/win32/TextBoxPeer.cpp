@@ -15,8 +15,8 @@ namespace forms::win32 {
 
 namespace {
 
-// The characters that Ctrl+A and Ctrl+Backspace type. Older systems select nothing on the one, and
-// insert the other.
+// The characters that Ctrl+A and Ctrl+Backspace type. Older systems ignore the first, and insert
+// the second.
 constexpr WPARAM controlA = 1;
 constexpr WPARAM controlBackspace = 0x7F;
 
@@ -35,7 +35,7 @@ class TextBoxPeer : public Peer {
         CreateNative(WC_EDITW, std::string(), style, WS_EX_CLIENTEDGE);
         ::SendMessageW(handle, EM_SETLIMITTEXT, 0, 0);
         if (!textBox.multiLine) {
-            // The room was divided before the first message came here.
+            // Sends WM_NCCALCSIZE again: the first one came before this peer was attached.
             ::SetWindowPos(
                 handle, nullptr, 0, 0, 0, 0,
                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
@@ -82,7 +82,7 @@ class TextBoxPeer : public Peer {
 
   protected:
     HFONT Font() const override {
-        return fonts::Get(std::string(), textBox.fontSize, false, window.dpi);
+        return fonts::Get(std::string(), textBox.fontSize, false, window.scale.dpi);
     }
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -108,7 +108,7 @@ class TextBoxPeer : public Peer {
                 return Peer::OnMessage(message, wParam, lParam);
             case WM_SETTEXT: {
                 const LRESULT result = Default(message, wParam, lParam);
-                // Boxes of several lines do not report a text that a tool has set.
+                // A multi-line box does not report a text that a tool has set.
                 if (!settingText && textBox.multiLine) {
                     OnCommand(EN_CHANGE);
                 }
@@ -116,14 +116,14 @@ class TextBoxPeer : public Peer {
             }
             case EM_SETHANDLE:
             case EM_SETWORDBREAKPROC:
-                // Sent by other programs only; the control would use what is no memory of its own.
+                // Only other programs send these; the control would use foreign memory.
                 return 0;
             case WM_LBUTTONDBLCLK:
                 doubleClicked = true;
                 return std::nullopt;
             case WM_LBUTTONUP:
                 if (doubleClicked) {
-                    // Reported when the button is up again: a menu that the handler opens would
+                    // Reported when the button is released: a menu that the handler opens would
                     // take the release for a choice.
                     doubleClicked = false;
                     Default(message, wParam, lParam);
@@ -142,12 +142,12 @@ class TextBoxPeer : public Peer {
         return ToColorRef(textBox.backColor, isPlain ? COLOR_WINDOW : COLOR_BTNFACE);
     }
 
-    // The system begins a line three pixels below the edge, whatever the resolution. Here they grow
-    // with it: the label beside the box stands as far below the box's edge at any scale.
+    // The system begins a line three pixels below the edge at every resolution. Here the room grows
+    // with the resolution, so that the text stays level with the label beside the box.
     int RoomAbove() const {
         constexpr int systemsOwn = 3;
         constexpr int wanted = 45;  // twips: as much at 96 dpi
-        return std::max(window.Pixels(wanted) - systemsOwn, 0);
+        return std::max(window.scale.Pixels(wanted) - systemsOwn, 0);
     }
 
     std::optional<LRESULT> OnRoomMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -218,16 +218,16 @@ class TextBoxPeer : public Peer {
         ::SendMessageW(handle, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L""));
     }
 
-    // The Tab key leaves a box of several lines, and coming back does not select a whole note,
-    // which the next key would replace.
+    // The Tab key leaves a multi-line box. When it comes back, the text is not selected: the next
+    // key would replace a whole note.
     LRESULT DialogCode(UINT message, WPARAM wParam, LPARAM lParam) {
         const LRESULT code = Default(message, wParam, lParam);
         const LRESULT left = DLGC_WANTTAB | DLGC_WANTALLKEYS | DLGC_HASSETSEL;
         return textBox.multiLine ? code & ~left : code;
     }
 
-    // There where the text needs it. Without the bar there is room for at least as much text in a
-    // line, so that this settles at once.
+    // Shows the scroll bar only if the text needs it. A text that fits beside the bar also fits
+    // without it, so the bar does not flicker.
     void UpdateScrollBar() {
         if (!textBox.multiLine) {
             return;

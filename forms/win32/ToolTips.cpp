@@ -30,7 +30,7 @@ void ToolTips::Update(const Peer& peer) {
     tool.cbSize = TTTOOLINFOW_V2_SIZE;
     tool.hwnd = window.handle;
     if (peer.IsTransparent()) {
-        // Mouse messages go to the form itself, so the tip belongs to an area of it.
+        // Mouse messages go to the form itself, so the tool is an area of the form.
         tool.uFlags = TTF_SUBCLASS;
         tool.uId = reinterpret_cast<UINT_PTR>(&control);
         tool.rect = peer.Area();
@@ -49,7 +49,7 @@ void ToolTips::Update(const Peer& peer) {
 
 void ToolTips::FollowScale() const {
     if (tips != nullptr) {
-        ::SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, window.Pixels(widthInTwips));
+        ::SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, window.scale.Pixels(widthInTwips));
     }
 }
 

@@ -20,7 +20,7 @@ class ToolTips {
 
   private:
     FormWindow& window;
-    HWND tips = nullptr;  // owned by the form's window, goes with it
+    HWND tips = nullptr;  // owned by the form's window and destroyed with it
 };
 
 }  // namespace forms::win32

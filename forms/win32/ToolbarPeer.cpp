@@ -64,13 +64,13 @@ void ToolbarPeer::Restyle() {
 int ToolbarPeer::ButtonPixels() const {
     const RECT area = Area();
     return std::min(static_cast<int>(area.bottom - area.top),
-                    window.Pixels(imageTwips + paddingTwips));
+                    window.scale.Pixels(imageTwips + paddingTwips));
 }
 
 void ToolbarPeer::ShowButtons() {
     const auto& buttons = toolbar.buttons();
     const auto count = static_cast<int>(buttons.size());
-    const int pixels = window.Pixels(imageTwips);
+    const int pixels = window.scale.Pixels(imageTwips);
     HIMAGELIST made = ::ImageList_Create(pixels, pixels, ILC_COLOR32 | ILC_MASK, count, 0);
     while (::SendMessageW(handle, TB_DELETEBUTTON, 0, 0) != 0) {
     }
@@ -102,7 +102,7 @@ void ToolbarPeer::ShowButtons() {
     Redraw();
 }
 
-// The native control knows some of these keys, but not on every system.
+// On some systems, the native control handles some of these keys itself.
 std::optional<LRESULT> ToolbarPeer::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_GETDLGCODE:
@@ -182,7 +182,7 @@ bool ToolbarPeer::PressButton(int id) {
     return true;
 }
 
-// Not left to the tips' own TTN_GETDISPINFO: the native control answers that with the text that the
+// The tips do not use TTN_GETDISPINFO: the native control would answer it with the text that the
 // button has for screen readers.
 std::optional<LRESULT> ToolbarPeer::OnNotify(NMHDR& header) {
     if (header.code != TBN_GETINFOTIPW) {

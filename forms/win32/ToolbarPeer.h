@@ -33,7 +33,7 @@ class ToolbarPeer : public Peer {
   private:
     bool HasButton(int id) const;
     bool OnKey(WPARAM key);
-    // Marks the next button that can be used from this place on, going by step, as the one that the
+    // Marks the next enabled button from this place on, in steps of this size, as the one that the
     // keyboard presses.
     void MarkFrom(int place, int step);
     void ShowMark(int place) const;

@@ -3,12 +3,12 @@
 #include <string>
 #include <string_view>
 
-// Between the program's UTF-8 and the system's UTF-16.
+// Conversion between the program's UTF-8 and the system's UTF-16.
 namespace forms::win32 {
 
-// What is no valid UTF-8 becomes U+FFFD.
+// Invalid UTF-8 becomes U+FFFD.
 std::wstring Wide(std::string_view utf8);
-// What is no valid UTF-16 (a surrogate without its other half) becomes U+FFFD.
+// Invalid UTF-16 (a surrogate without its other half) becomes U+FFFD.
 std::string Narrow(std::wstring_view utf16);
 
 }  // namespace forms::win32

@@ -15,7 +15,7 @@ namespace forms::win32 {
 
 namespace {
 
-// The installer knows a running copy by this name, and ends it with WM_ENDSESSION.
+// The installer finds a running copy by this name, and ends it with WM_ENDSESSION.
 constexpr wchar_t className[] = L"FormsUtility";
 constexpr UINT_PTR timerId = 1;
 constexpr std::int64_t longestWait = 60 * 60 * 1000;
@@ -28,7 +28,7 @@ void FollowWallClock() {
     }
 }
 
-// The system's boxes; the forms know themselves where they are.
+// Moves message boxes and dialogs only. The windows of forms move themselves.
 BOOL CALLBACK BringBoxIntoReach(HWND window, LPARAM /*data*/) {
     RECT place{};
     ::GetWindowRect(window, &place);
@@ -79,7 +79,7 @@ void UtilityWindow::RunOverdue() {
 }
 
 void UtilityWindow::CatchUp() {
-    // The native timer comes first where it can.
+    // Gives the native timer a chance to fire first.
     constexpr std::int64_t late = 50;
     if (!catchingUp && IsLate(late)) {
         catchingUp = ::PostMessageW(window, catchUpMessage, 0, 0) != 0;
@@ -119,7 +119,7 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NCDESTROY:
             return 0;  // sent by another program: this object destroys the window
         case destroyMessage:
-            // Somebody else may have destroyed it meanwhile.
+            // The window may be gone already.
             if (auto* closing = FormWindow::From(reinterpret_cast<HWND>(lParam));
                 closing != nullptr) {
                 closing->DestroyIfScheduled();
@@ -129,7 +129,7 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return TRUE;
         case WM_ENDSESSION:
             if (wParam != FALSE && RuntimeRuns()) {
-                // Where saving takes long, the system tells the user what it waits for.
+                // If saving takes long, the system shows this text to the user.
                 ::ShutdownBlockReasonCreate(window, state.savingText.c_str());
                 gestures::EndSession();
                 ::ShutdownBlockReasonDestroy(window);
@@ -153,7 +153,7 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (wParam == SPI_SETNONCLIENTMETRICS) {
                 fonts::Forget();
                 for (FormWindow* form : state.windows) {
-                    form->UserSettingsChanged();
+                    form->controls.Layout();
                 }
             }
             return 0;
@@ -170,7 +170,7 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 void UtilityWindow::OnDisplayChange() {
     const std::vector<FormWindow*> windows = state.windows;
     for (FormWindow* form : windows) {
-        form->ComeIntoReach();
+        form->placement.ComeIntoReach();
     }
     ::EnumThreadWindows(::GetCurrentThreadId(), &BringBoxIntoReach, 0);
     if (onDisplayChange) {

@@ -9,12 +9,12 @@
 
 namespace forms::win32 {
 
-// A hidden window for the messages that concern the program as a whole: the one native timer, the
-// end of the session, a changed clock, other monitors, a new shell. Top-level, as broadcasts reach
-// no other window. It also owns the windows that are to have no button in the task bar.
+// A hidden window for the messages that concern the whole program: the one native timer, the end of
+// the session, a changed clock, other monitors, a restarted shell. It is a top-level window,
+// because broadcasts reach no others. It also owns the windows that have no button in the task bar.
 class UtilityWindow {
   public:
-    // lParam: a form's window that can be destroyed now.
+    // lParam: the window of a form, to be destroyed if its destruction is scheduled.
     static constexpr UINT destroyMessage = WM_APP + 1;
     static constexpr UINT catchUpMessage = WM_APP + 2;
 
@@ -26,11 +26,10 @@ class UtilityWindow {
     HWND handle() const { return window; }
     void ArmTimer(std::optional<std::int64_t> due);
 
-    // The native timer waits for an empty queue, which may take for ever. Two ways around it:
-    // Runs the timers that are due. Only for a place where handlers may run.
+    // The native timer waits for an empty queue, which may take for ever. These two run late
+    // timers: RunOverdue at once, and only where handlers may run; CatchUp, called at every
+    // message, by a message that takes its turn in the queue.
     void RunOverdue();
-    // If timers are late, posts a message that runs them, so that their turn comes between the
-    // other messages. To be called at any message.
     void CatchUp();
 
   private:

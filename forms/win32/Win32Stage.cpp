@@ -14,6 +14,7 @@
 #include "forms/win32/StageState.h"
 #include "forms/win32/Utf.h"
 #include "forms/win32/UtilityWindow.h"
+#include "forms/win32/WindowStyle.h"
 
 namespace forms::win32 {
 
@@ -23,7 +24,7 @@ StageState* currentState = nullptr;
 
 int DpiFor(const Form& form) {
     const FormWindow* window = FormWindow::Existing(form);
-    return window != nullptr ? window->dpi : SystemDpi();
+    return window != nullptr ? window->scale.dpi : SystemDpi();
 }
 
 }  // namespace
@@ -37,7 +38,7 @@ HWND TrayWindowOf(Form& form, UINT iconId) {
     if (window == nullptr) {
         return nullptr;
     }
-    window->trayIconId = iconId;
+    window->pointer.trayIconId = iconId;
     return window->handle;
 }
 
@@ -65,7 +66,7 @@ Win32Stage::~Win32Stage() {
     while (!state->windows.empty()) {
         FormWindow* window = state->windows.back();
         if (!DestroyNative(window->handle)) {
-            delete window;  // it has no native window any more
+            delete window;  // its native window is gone already
         }
     }
     filter.reset();
@@ -77,7 +78,7 @@ Win32Stage::~Win32Stage() {
 }
 
 void Win32Stage::FormLoaded(Form& /*form*/) {
-    // Its window is made when it is shown.
+    // ShowOrHide makes the window.
 }
 
 void Win32Stage::FormUnloaded(Form& form) { form.stageData.reset(); }
@@ -86,7 +87,7 @@ void Win32Stage::ShowOrHide(Form& form) {
     FormWindow* window =
         form.IsVisible() ? FormWindow::Of(form, *state) : FormWindow::Existing(form);
     if (window != nullptr) {
-        window->ShowOrHide();
+        window->showing.Apply();
     }
 }
 
@@ -98,19 +99,21 @@ void Win32Stage::FormChanged(Form& form, Aspect aspect) {
 
 void Win32Stage::ControlChanged(Control& control, Aspect aspect) {
     if (FormWindow* window = FormWindow::Existing(control.form); window != nullptr) {
-        window->ApplyToControl(control, aspect);
+        window->controls.Apply(control, aspect);
     }
 }
 
 void Win32Stage::MenuChanged(Menu& menu, Aspect aspect) {
-    if (FormWindow* window = FormWindow::Existing(menu.form); window != nullptr) {
-        window->ApplyToMenu(menu, aspect);
+    if (FormWindow* window = FormWindow::Existing(menu.form);
+        window != nullptr && window->IsFilled()) {
+        const Applying applying(*state);
+        window->menus.Apply(window->handle, menu, aspect);
     }
 }
 
 void Win32Stage::UsableChanged(Form& form) {
     if (FormWindow* window = FormWindow::Existing(form); window != nullptr) {
-        window->UpdateEnabled();
+        window->showing.UpdateEnabled();
     }
 }
 
@@ -118,19 +121,19 @@ void Win32Stage::FocusMoved(Control& control) {
     // A form that is not the active one gives the focus to its control when it becomes active.
     FormWindow* window = FormWindow::Existing(control.form);
     if (window != nullptr && window->IsFilled() && ::GetActiveWindow() == window->handle) {
-        window->RestoreFocus();
+        window->focus.Restore();
     }
 }
 
 void Win32Stage::BringToForeground(Form& form) {
     if (FormWindow* window = FormWindow::Of(form, *state); window != nullptr) {
-        window->BringToForeground();
+        window->showing.BringToForeground();
     }
 }
 
 std::string Win32Stage::FetchText(TextBox& textBox) {
     const FormWindow* window = FormWindow::Existing(textBox.form);
-    const Peer* peer = window != nullptr ? window->PeerOf(textBox) : nullptr;
+    const Peer* peer = window != nullptr ? window->controls.Find(textBox) : nullptr;
     if (peer == nullptr || peer->handle == nullptr) {
         return std::string();
     }
@@ -178,16 +181,16 @@ Size Win32Stage::InnerSize(const Form& form) {
     if (window != nullptr && window->IsFilled() && ::IsIconic(window->handle) == 0) {
         RECT inside{};
         ::GetClientRect(window->handle, &inside);
-        return Size{window->Twips(inside.right), window->Twips(inside.bottom)};
+        return Size{window->scale.Twips(inside.right), window->scale.Twips(inside.bottom)};
     }
     const Size frame = FrameSize(form);
     return Size{form.width - frame.width, form.height - frame.height};
 }
 
 Size Win32Stage::FrameSize(const Form& form) {
-    const int dpi = DpiFor(form);
-    const SIZE frame = FormWindow::FrameSize(form, dpi);
-    return Size{ToTwips(frame.cx, dpi), ToTwips(frame.cy, dpi)};
+    const Scale scale{DpiFor(form)};
+    const SIZE frame = FrameSizeOf(form, scale.dpi);
+    return Size{scale.Twips(frame.cx), scale.Twips(frame.cy)};
 }
 
 void Win32Stage::SetMousePointer(MousePointer pointer) {

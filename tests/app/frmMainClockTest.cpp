@@ -264,10 +264,10 @@ TEST_F(frmMainClockTest, NoonIsSilentAndMidnightAndElevenAtNightStrikeTwelve) {
     user->Click(Main().cmdCookoo);
     AdvanceTo(12, 1, 0);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
-    stage->Jump(11 * 3600 - 70);
+    clock.Jump(11 * 3600 - 70);
     AdvanceTo(23, 1, 0);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 12);
-    stage->Jump(3600 - 70);
+    clock.Jump(3600 - 70);
     Advance(60'000);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 24);
 }
@@ -351,7 +351,7 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentWhileASpecialAlarmWaits) {
     user->Click(Main().cmdCookoo);
     SetSpecialAlarm(0, "Friday", base::DateTime::FromTime(15, 0, 15), "now");
     ExpectDailyAlarm("now", [this] {
-        stage->Jump(3600 - 10);
+        clock.Jump(3600 - 10);
         Advance(20'000);  // past the next hour
         EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alarm buzzer.wav");
     });
@@ -371,7 +371,7 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentWhileAnEditorRings) {
     });
     AdvanceTo(15, 0, 40);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 0);
-    stage->Jump(3600 - 60);
+    clock.Jump(3600 - 60);
     AdvanceTo(16, 0, 40);
     EXPECT_EQ(sound.Count(RecordedSound::Kind::ToEnd), 4);
 }

@@ -282,9 +282,9 @@ TEST_F(TimerTest, AJumpOfTheWallClockMovesPollingTimersOnly) {
     SwitchOn(Form().tmrClock, 1000);
     SwitchOn(Form().tmrFast, 1000);
     Advance(2000);
-    stage->Jump(-3600);
+    clock.Jump(-3600);
     Advance(2000);
-    stage->Jump(86'400);
+    clock.Jump(86'400);
     Advance(2000);
     EXPECT_EQ(ticks, (Moments{1000, 2000, 3000, 4000, 5000, 6000}));
     EXPECT_GE(polled, 5);
@@ -300,7 +300,7 @@ TEST_F(TimerTest, AJumpOfTheWallClockDropsNoTickThatIsDue) {
     while (clock.MillisecondOfSecond() < 600) {
         clock.Pass(50);
     }
-    stage->Jump(3600);
+    clock.Jump(3600);
     const base::DateTime second = clock.Now();
     Advance(100);
     EXPECT_EQ(seen, second);
@@ -314,7 +314,7 @@ TEST_F(TimerTest, AfterSleepEachTimerTicksOnceAndNotForWhatItMissed) {
     SwitchOn(Form().tmrFast, 1000);
     Advance(2000);
     const int before = polled;
-    stage->Suspend(3600);
+    clock.Suspend(3600);
     EXPECT_LE(polled, before + 1);
     EXPECT_LE(ticks.size(), 3U);
     Advance(2000);

@@ -122,7 +122,7 @@ TEST_F(ClockChangesTest, AnOpenDisplayDoesNotComeUpAgainInTheRepeatedHour) {
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 1);
     stage->improvise.box = [](const BoxRequest&) { return BoxResult::No; };
     user->CloseBox(*FindWindow<frmDisplayNote>("Dentist"));
-    stage->Jump(-3 * hour);
+    clock.Jump(-3 * hour);
     Advance(4 * hour * 1000);
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
 }
@@ -131,7 +131,7 @@ TEST_F(ClockChangesTest, AlarmsThatASetClockSkipsDoNotRing) {
     StartAt(9, 0, 0);
     SetSpecialAlarm(base::DateTime::FromTime(9, 30, 0));
     Advance(5000);
-    stage->Jump(hour);
+    clock.Jump(hour);
     Advance(2 * hour * 1000);
     EXPECT_TRUE(rung.empty());
     EXPECT_EQ(Strikes(), 10 + 11);  // nine o'clock is skipped, noon is silent
@@ -144,7 +144,7 @@ TEST_F(ClockChangesTest, AlarmsRingAgainAfterTheClockIsSetBack) {
     StartAt(9, 29, 50);
     SetSpecialAlarm(base::DateTime::FromTime(9, 30, 0));
     Advance(20'000);
-    stage->Jump(-minute);
+    clock.Jump(-minute);
     Advance(2 * minute * 1000);
     EXPECT_EQ(rung.size(), 2U);
     EXPECT_EQ(TimesSeen(9, 30, 0), 2);
@@ -165,7 +165,7 @@ TEST_F(ClockChangesTest, ACorrectionOfLessThanASecondNeitherMissesNorDoublesASec
                 SetSpecialAlarm(base::DateTime::FromTime(9, 0, 0));
                 Advance(9000 + millisecond);
                 if (isTold) {
-                    stage->Jump(0, correction);
+                    clock.Jump(0, correction);
                 } else {
                     clock.MoveWallClock(0, correction);
                 }
@@ -187,7 +187,7 @@ TEST_F(ClockChangesTest, AlarmsDuringSleepDoNotRingAndTheClockGoesOnAtOnce) {
     SetSpecialAlarm(base::DateTime::FromTime(10, 0, 0));
     CloseEditor("Dentist");
     Advance(5000);
-    stage->Suspend(3 * hour);
+    clock.Suspend(3 * hour);
     EXPECT_TRUE(rung.empty());
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
     SetSpecialAlarm(base::DateTime::FromTime(12, 1, 0));
@@ -210,11 +210,11 @@ TEST_F(ClockChangesTest, TheCountdownUsesElapsedTimeAndTheStopWatchTheWallClock)
     Advance(10'000);
     EXPECT_EQ(left(), "Time Left:\r\n1 Minutes\r\n50 Seconds");
     EXPECT_EQ(elapsed(), "00:00:10");
-    stage->Jump(-hour);
+    clock.Jump(-hour);
     Advance(10'000);
     EXPECT_EQ(left(), "Time Left:\r\n1 Minutes\r\n40 Seconds");
     EXPECT_EQ(elapsed(), "00:59:40");
-    stage->Jump(2 * hour);
+    clock.Jump(2 * hour);
     Advance(10'000);
     EXPECT_EQ(left(), "Time Left:\r\n1 Minutes\r\n30 Seconds");
     EXPECT_EQ(elapsed(), "01:00:30");

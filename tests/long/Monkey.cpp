@@ -142,7 +142,7 @@ void Monkey::Sleep() {
 
 // There are no ticks during sleep, so the time does not count as calm.
 void Monkey::Suspend(std::int64_t seconds) {
-    stage->Suspend(seconds);
+    clock.Suspend(seconds);
     calmSince = clock.MonotonicMilliseconds();
 }
 
@@ -314,7 +314,7 @@ void Monkey::AddWorld(Choices& choices) {
         choices.push_back({10, "tray right click", [this] { RightClickTrayIcon(); }});
     }
     choices.push_back(
-        {1, "the clock is set", [this] { stage->Jump(Below(7200) - 3600, Below(2000) - 1000); }});
+        {1, "the clock is set", [this] { clock.Jump(Below(7200) - 3600, Below(2000) - 1000); }});
     choices.push_back({1, "the machine sleeps", [this] { Suspend(Below(3600)); }});
     choices.push_back({1, "kill", [this] { Kill(); }});
     if (OneIn(40)) {

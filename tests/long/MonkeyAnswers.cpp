@@ -145,7 +145,7 @@ void Monkey::Meanwhile() {
         Advance(1 + Below(kind == 0 ? 60'000 : 3000));
     } else if (kind == 7) {
         Log("the clock is set");
-        stage->Jump(Below(120) - 60, Below(1000));
+        clock.Jump(Below(120) - 60, Below(1000));
     } else {
         const int messages[] = {TrayMessages::leftButtonUp, TrayMessages::leftDoubleClick,
                                 TrayMessages::rightButtonUp};

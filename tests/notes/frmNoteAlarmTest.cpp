@@ -201,7 +201,7 @@ TEST_F(frmNoteAlarmTest, AnAlarmInThePastNeverFires) {
 TEST_F(frmNoteAlarmTest, AnAlarmDuringSleepIsMissed) {
     SetNow(2004, 5, 14, 11, 59, 0);
     frmNote& note = SetFor("Dentist", today, DateTime::FromTime(12, 0, 0));
-    stage->Suspend(3600);
+    clock.Suspend(3600);
     Advance(24LL * 3600 * 1000);
     ExpectSet(note);
 }

@@ -48,7 +48,7 @@ class TestProgram : public ::testing::Test {
 
     // Runs code as the runtime runs a handler: a start-up routine, or any other.
     void Start(const std::function<void()>& handler) { runtime->Dispatch(nullptr, handler); }
-    void Advance(std::int64_t milliseconds) { stage->Advance(milliseconds); }
+    void Advance(std::int64_t milliseconds) { clock.Advance(milliseconds); }
     // Ends the process without any event and starts another one on the same disk, with the same
     // settings and clock. All records so far are kept.
     void Restart();

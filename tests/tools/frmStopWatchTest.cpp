@@ -129,7 +129,7 @@ TEST_F(frmStopWatchTest, ClearRestartsTheNumbersAtOne) {
 
 TEST_F(frmStopWatchTest, ARunOfADayWraps) {
     user->Click(Window().cmdStart);
-    stage->Suspend(86'400);
+    clock.Suspend(86'400);
     Advance(1000);
     EXPECT_EQ(Shown(), "00:00:01");
 }
@@ -137,13 +137,13 @@ TEST_F(frmStopWatchTest, ARunOfADayWraps) {
 TEST_F(frmStopWatchTest, AClockThatIsSetBackBeforeTheStartShowsTheDifference) {
     user->Click(Window().cmdStart);
     Advance(5000);
-    stage->Jump(-16);
+    clock.Jump(-16);
     Advance(1000);
     EXPECT_EQ(Shown(), "00:00:10");
-    stage->Jump(-25 * 3600);
+    clock.Jump(-25 * 3600);
     Advance(1000);
     EXPECT_EQ(Shown(), "01:00:09");
-    stage->Jump(26 * 3600);
+    clock.Jump(26 * 3600);
     Advance(1000);
     EXPECT_EQ(Shown(), "00:59:52");
 }

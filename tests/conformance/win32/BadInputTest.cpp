@@ -46,7 +46,7 @@ class BadInputTest : public conformance::StandTest {
     }
     static frmInput& Input() { return Default<frmInput>(); }
     static HWND HandleOf(Control& control) {
-        return FormWindow::Existing(control.form)->PeerOf(control)->handle;
+        return FormWindow::Existing(control.form)->controls.Find(control)->handle;
     }
     static SYSTEMTIME Shown(DateTimePicker& picker) {
         SYSTEMTIME time{};

@@ -116,13 +116,13 @@ TEST_F(TrayTest, AScaleChangeWithABadPlaceKeepsTheWindowInPlace) {
             EXPECT_EQ(now.left, place.left);
             EXPECT_EQ(now.top, place.top);
             EXPECT_EQ(now.right - now.left, (place.right - place.left) * dpi / 96);
-            EXPECT_EQ(FormWindow::Existing(Window())->dpi, dpi);
+            EXPECT_EQ(FormWindow::Existing(Window())->scale.dpi, dpi);
         }
     }
     for (const int dpi : {0, 1, 0xFFFF}) {
         ::SendMessageW(Handle(), scaleChangedMessage, MAKEWPARAM(dpi, dpi),
                        reinterpret_cast<LPARAM>(&place));
-        EXPECT_EQ(FormWindow::Existing(Window())->dpi, 96);
+        EXPECT_EQ(FormWindow::Existing(Window())->scale.dpi, 96);
     }
 }
 

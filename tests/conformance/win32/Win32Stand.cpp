@@ -79,7 +79,7 @@ class Win32Stand : public Stand {
             return;
         }
         for (int id = firstMenuId; id < firstMenuId + mostMenuEntries; ++id) {
-            if (form->Menus().Find(id) == &entry) {
+            if (form->menus.Find(id) == &entry) {
                 ::SendMessageW(form->handle, WM_COMMAND, static_cast<WPARAM>(id), 0);
                 return;
             }
@@ -159,7 +159,7 @@ class Win32Stand : public Stand {
 
     static HWND HandleOf(Control& control) {
         const FormWindow* form = FormWindow::Existing(control.form);
-        const win32::Peer* peer = form != nullptr ? form->PeerOf(control) : nullptr;
+        const win32::Peer* peer = form != nullptr ? form->controls.Find(control) : nullptr;
         return peer != nullptr ? peer->handle : nullptr;
     }
     FormWindow* Reach(Form& form) {

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "forms/Menu.h"
+#include "forms/MsgBox.h"
+#include "forms/Stage.h"
+
+// Something that a test expects the program to open and to wait for.
+namespace forms::headless {
+
+using Script = std::function<void()>;
+
+struct ExpectedBox {
+    BoxRequest request;
+    bool checkDefault = false;  // request.options.secondIsDefault counts
+    BoxResult answer = BoxResult::Ok;
+    Script during;
+};
+
+struct ExpectedModal {
+    std::string formType;  // for messages only
+    std::function<bool(const Form&)> matches;
+    std::function<void(Form&)> script;
+};
+
+struct ExpectedPopup {
+    std::string menuName;
+    std::string entry;                   // name or caption; empty: the user closes the menu
+    std::function<Menu*(Menu&)> script;  // instead of entry
+};
+
+struct ExpectedDialog {
+    std::optional<std::string> result;  // empty: cancelled
+    Script during;
+};
+
+struct ExpectedMainLoop {
+    Script script;
+};
+
+using Expectation =
+    std::variant<ExpectedBox, ExpectedModal, ExpectedPopup, ExpectedDialog, ExpectedMainLoop>;
+
+// Texts for failures: "box "Really?" ("Erase") with buttons Yes/No and icon Question".
+std::string Describe(const BoxRequest& request);
+std::string Describe(const Expectation& expectation);
+
+// Whether a box has a button for the answer.
+bool IsAnswerOf(const BoxRequest& request, BoxResult answer);
+// The answer of the button that Enter presses.
+BoxResult DefaultAnswerOf(const BoxRequest& request);
+
+// The entry of the menu with this name, else with this caption; null if there is none.
+Menu* FindEntry(Menu& menu, const std::string& nameOrCaption);
+// Why the user cannot choose the entry; empty if it can be chosen. top is the open menu (its own
+// visibility does not matter), or null for the menu bar.
+std::string WhyNotChoosable(const Menu& entry, const Menu* top);
+
+}  // namespace forms::headless

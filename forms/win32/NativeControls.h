@@ -1,0 +1,41 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <vector>
+
+#include "forms/win32/Peer.h"
+#include "forms/win32/ToolTips.h"
+
+namespace forms::win32 {
+
+class FormWindow;
+
+// The native controls of a form: a peer for each control of the model, and their tool tips. The
+// command number of a control is firstId and its place in the form.
+class NativeControls {
+  public:
+    static constexpr int firstId = 100;
+
+    explicit NativeControls(FormWindow& formWindow) : window(formWindow), tips(formWindow) {}
+    NativeControls(const NativeControls&) = delete;
+    NativeControls& operator=(const NativeControls&) = delete;
+
+    void Create();
+    // In the order of the form's controls; empty until Create.
+    const std::vector<std::unique_ptr<Peer>>& Peers() const { return peers; }
+    Peer* Find(const Control& control) const;
+    Peer* Find(HWND child) const;
+    // The model has changed.
+    void Apply(const Control& control, Aspect aspect);
+    // The window's resolution or the user's settings have changed.
+    void Layout();
+
+  private:
+    FormWindow& window;
+    std::vector<std::unique_ptr<Peer>> peers;
+    ToolTips tips;
+};
+
+}  // namespace forms::win32

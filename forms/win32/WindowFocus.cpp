@@ -1,0 +1,149 @@
+#include "forms/win32/WindowFocus.h"
+
+#include "forms/Keyboard.h"
+#include "forms/win32/FormWindow.h"
+
+namespace forms::win32 {
+
+using gestures::KeyUse;
+
+void WindowFocus::Restore() {
+    const Control* control = window.Model().ActiveControl();
+    const Peer* peer = control != nullptr ? window.controls.Find(*control) : nullptr;
+    HWND target = peer != nullptr && peer->handle != nullptr ? peer->handle : window.handle;
+    if (::GetFocus() != target) {
+        const bool before = window.state.movingFocus;
+        window.state.movingFocus = true;
+        ::SetFocus(target);
+        window.state.movingFocus = before;
+    }
+}
+
+void WindowFocus::MarkDefaultButton() {
+    const Peer* focused = window.controls.Find(::GetFocus());
+    const Control* marked =
+        focused != nullptr && focused->control.kind == ControlKind::CommandButton
+            ? &focused->control
+            : window.Model().DefaultButton();
+    for (const auto& peer : window.controls.Peers()) {
+        if (peer->handle == nullptr || peer->control.kind != ControlKind::CommandButton) {
+            continue;
+        }
+        const DWORD wanted = &peer->control == marked ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+        const auto style = static_cast<DWORD>(::GetWindowLongPtrW(peer->handle, GWL_STYLE));
+        if ((style & BS_TYPEMASK) != wanted) {
+            ::SendMessageW(peer->handle, BM_SETSTYLE, (style & ~DWORD{BS_TYPEMASK}) | wanted, TRUE);
+        }
+    }
+}
+
+bool WindowFocus::TakeKey(MSG& message) {
+    if (!window.IsLive()) {
+        return true;
+    }
+    const FormWindow::Entry entry(window);
+    const LRESULT code = ::SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam,
+                                        reinterpret_cast<LPARAM>(&message));
+    const bool isTaken = (code & DLGC_WANTMESSAGE) != 0;
+    if (message.message == WM_SYSCHAR) {
+        return TakeAccessKey(message.wParam);
+    }
+    if (message.message == WM_CHAR) {
+        // An access key needs no Alt while a control that takes no letters has the focus.
+        const bool takesLetters = isTaken || (code & DLGC_WANTCHARS) != 0;
+        return !takesLetters && TakeAccessKey(message.wParam);
+    }
+    if (message.message == WM_KEYDOWN && !isTaken) {
+        switch (message.wParam) {
+            case VK_TAB:
+                ::SendMessageW(window.handle, WM_CHANGEUISTATE,
+                               MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+                TakeTab(::GetKeyState(VK_SHIFT) < 0);
+                return true;
+            case VK_RETURN:
+                return gestures::PressEnter(window.Model()) != KeyUse::ByControl;
+            case VK_ESCAPE:
+                gestures::PressEscape(window.Model());
+                return true;
+            default:
+                break;
+        }
+    }
+    return ::IsDialogMessageW(window.handle, &message) != 0;
+}
+
+bool WindowFocus::TakeAccessKey(WPARAM letter) {
+    HWND before = ::GetFocus();
+    if (letter > 0x7F ||
+        gestures::PressAccessKey(window.Model(), static_cast<char>(letter)) == KeyUse::Unused) {
+        return false;
+    }
+    SelectText(before);
+    return true;
+}
+
+void WindowFocus::TakeTab(bool backward) {
+    HWND before = ::GetFocus();
+    gestures::PressTab(window.Model(), backward);
+    SelectText(before);
+}
+
+bool WindowFocus::OpenMenu() {
+    RECT area{};
+    if (const Peer* focused = window.controls.Find(::GetFocus()); focused != nullptr) {
+        area = focused->Area();
+    } else {
+        ::GetClientRect(window.handle, &area);
+    }
+    POINT place{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+    ::ClientToScreen(window.handle, &place);
+    StageState& state = window.state;
+    state.menuPlace = place;
+    const KeyUse use = gestures::PressMenuKey(window.Model());
+    state.menuPlace.reset();
+    return use != KeyUse::ByControl;
+}
+
+std::optional<LRESULT> WindowFocus::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_SETFOCUS:
+            Restore();
+            return 0;
+        case WM_NEXTDLGCTL:
+            OnNextControl(wParam, lParam);
+            return 0;
+        case DM_GETDEFID: {
+            const CommandButton* button = window.Model().DefaultButton();
+            const Peer* peer = button != nullptr ? window.controls.Find(*button) : nullptr;
+            return peer == nullptr ? 0 : MAKELRESULT(::GetDlgCtrlID(peer->handle), DC_HASDEFID);
+        }
+        case WM_CONTEXTMENU:
+            // By the mouse it is the release of the right button, which is reported as such.
+            if (lParam == -1) {
+                OpenMenu();
+            }
+            return 0;
+        default:
+            return std::nullopt;
+    }
+}
+
+void WindowFocus::OnNextControl(WPARAM wParam, LPARAM lParam) {
+    if (LOWORD(lParam) == 0) {
+        TakeTab(wParam != 0);
+    } else if (HWND target = reinterpret_cast<HWND>(wParam); target != nullptr) {
+        HWND before = ::GetFocus();
+        ::SetFocus(target);
+        SelectText(before);
+    }
+}
+
+void WindowFocus::SelectText(HWND focusBefore) {
+    HWND focus = ::GetFocus();
+    if (focus != focusBefore && ::IsChild(window.handle, focus) != 0 &&
+        (::SendMessageW(focus, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) {
+        ::SendMessageW(focus, EM_SETSEL, 0, -1);
+    }
+}
+
+}  // namespace forms::win32

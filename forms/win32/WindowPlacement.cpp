@@ -1,0 +1,274 @@
+#include "forms/win32/WindowPlacement.h"
+
+#include <algorithm>
+
+#include "forms/Gestures.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/Messages.h"
+#include "forms/win32/Placing.h"
+#include "forms/win32/WindowStyle.h"
+
+namespace forms::win32 {
+
+namespace {
+
+constexpr int smallestDpi = 48;
+constexpr int largestDpi = 1920;
+
+bool OpensInTheMiddle(const Form& form) {
+    return form.centerOnScreen || form.borderStyle == BorderStyle::None;
+}
+
+// Other programs can send a message with an invalid pointer. ReadProcessMemory fails on it instead
+// of crashing.
+std::optional<RECT> RectAt(LPARAM address) {
+    RECT rect{};
+    SIZE_T count = 0;
+    const BOOL isRead = ::ReadProcessMemory(
+        ::GetCurrentProcess(), reinterpret_cast<const void*>(address), &rect, sizeof rect, &count);
+    const bool isWhole = isRead != FALSE && count == sizeof rect;
+    return isWhole ? std::optional(rect) : std::nullopt;
+}
+
+bool IsPlace(const RECT& rect, int captionHeight) {
+    constexpr LONG longest = 32767;
+    const LONG width = rect.right - rect.left;
+    const LONG height = rect.bottom - rect.top;
+    return rect.right > rect.left && rect.bottom > rect.top && width > 0 && width <= longest &&
+           height > 0 && height <= longest && placing::IsReachable(rect, captionHeight);
+}
+
+POINT CornerOf(const FormWindow& window) {
+    const Form& form = window.Model();
+    return {window.scale.Pixels(form.left), window.scale.Pixels(form.top)};
+}
+
+RECT PlaceAt(POINT corner, SIZE size) {
+    return {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy};
+}
+
+}  // namespace
+
+// The model's size. If the model gives the size of the inside, that is exact to the pixel.
+SIZE WindowPlacement::OuterSize() const {
+    const Form& form = window.Model();
+    const SIZE frame = FrameSizeOf(form, window.scale.dpi);
+    const auto exact = [&](int outer, int inner, LONG frameLength) {
+        const LONG pixels = window.scale.Pixels(outer);
+        const LONG wanted = window.scale.Pixels(inner) + frameLength;
+        return inner > 0 && form.borderStyle != BorderStyle::Sizable ? wanted : pixels;
+    };
+    return {exact(form.width, form.innerWidth, frame.cx),
+            exact(form.height, form.innerHeight, frame.cy)};
+}
+
+// Upper left corners of the windows that the user sees, or will see.
+std::vector<POINT> WindowPlacement::TakenCorners() const {
+    std::vector<POINT> taken;
+    for (const FormWindow* other : window.state.windows) {
+        if (other != &window && other->IsLive() && other->Model().IsVisible()) {
+            taken.push_back(CornerOf(*other));
+        }
+    }
+    return taken;
+}
+
+RECT WindowPlacement::Wanted() const {
+    const Form& form = window.Model();
+    const SIZE size = OuterSize();
+    if (OpensInTheMiddle(form)) {
+        return placing::Centered(size);
+    }
+    const int dpi = window.scale.dpi;
+    if (form.left() == 0 && form.top() == 0) {
+        const int step = SystemMetric(SM_CYCAPTION, dpi) + SystemMetric(SM_CYSIZEFRAME, dpi);
+        return placing::Cascaded(size, step, TakenCorners());
+    }
+    return placing::OnScreen(PlaceAt(CornerOf(window), size));
+}
+
+void WindowPlacement::Adopt(POINT corner) {
+    window.Model().left.Adopt(window.scale.Twips(corner.x));
+    window.Model().top.Adopt(window.scale.Twips(corner.y));
+}
+
+void WindowPlacement::AdaptToMonitor() {
+    const int dpi = DpiOf(window.handle);
+    if (dpi == window.scale.dpi) {
+        return;
+    }
+    POINT corner = CornerOf(window);
+    window.scale.dpi = dpi;
+    if (OpensInTheMiddle(window.Model())) {
+        const RECT place = Wanted();
+        corner = {place.left, place.top};
+    }
+    Adopt(corner);
+    window.ApplyIcon();
+    Apply();
+}
+
+void WindowPlacement::Apply() {
+    RECT place = PlaceAt(CornerOf(window), OuterSize());
+    if (!IsMinimizedOrMaximized()) {
+        ::SetWindowPos(window.handle, nullptr, place.left, place.top, place.right - place.left,
+                       place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        return;
+    }
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    ::GetWindowPlacement(window.handle, &placement);
+    const POINT origin = RestoredOrigin();
+    ::OffsetRect(&place, -origin.x, -origin.y);
+    placement.rcNormalPosition = place;
+    if (!window.IsShown()) {
+        placement.showCmd = SW_HIDE;
+    } else if (::IsIconic(window.handle) != 0) {
+        placement.showCmd = SW_SHOWMINNOACTIVE;
+    }
+    ::SetWindowPlacement(window.handle, &placement);
+}
+
+bool WindowPlacement::IsMinimizedOrMaximized() const {
+    return ::IsIconic(window.handle) != 0 || ::IsZoomed(window.handle) != 0;
+}
+
+// Where the window will be when it is restored.
+RECT WindowPlacement::RestoredPlace() const {
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    ::GetWindowPlacement(window.handle, &placement);
+    const POINT origin = RestoredOrigin();
+    ::OffsetRect(&placement.rcNormalPosition, origin.x, origin.y);
+    return placement.rcNormalPosition;
+}
+
+// A restored place is counted from the work area.
+POINT WindowPlacement::RestoredOrigin() const {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    ::GetMonitorInfoW(::MonitorFromWindow(window.handle, MONITOR_DEFAULTTONEAREST), &monitor);
+    return {monitor.rcWork.left - monitor.rcMonitor.left,
+            monitor.rcWork.top - monitor.rcMonitor.top};
+}
+
+void WindowPlacement::ComeIntoReach() {
+    if (!window.IsLive()) {
+        return;
+    }
+    RECT place{};
+    ::GetWindowRect(window.handle, &place);
+    if (IsMinimizedOrMaximized()) {
+        place = RestoredPlace();
+    }
+    if (!placing::IsReachable(place, SystemMetric(SM_CYCAPTION, window.scale.dpi))) {
+        const RECT back = placing::OnScreen(place);
+        const Applying applying(window.state);
+        Adopt({back.left, back.top});
+        Apply();
+    }
+}
+
+void WindowPlacement::Report() {
+    if (window.state.applying != 0 || !window.IsShown()) {
+        return;
+    }
+    Form& form = window.Model();
+    const Scale& scale = window.scale;
+    const WindowState now = ::IsIconic(window.handle) != 0   ? WindowState::Minimized
+                            : ::IsZoomed(window.handle) != 0 ? WindowState::Maximized
+                                                             : WindowState::Normal;
+    RECT place{};
+    ::GetWindowRect(window.handle, &place);
+    // If the pixels are those of the model's length, that length is kept, not its rounded value.
+    const auto report = [&scale](int pixels, int known) {
+        return scale.Pixels(known) == pixels ? known : scale.Twips(pixels);
+    };
+    const Rect known{form.left, form.top, form.width, form.height};
+    const Rect bounds{report(place.left, known.left), report(place.top, known.top),
+                      report(place.right - place.left, known.width),
+                      report(place.bottom - place.top, known.height)};
+    if (now != form.windowState() || (now == WindowState::Normal && !(bounds == known))) {
+        gestures::Resize(form, bounds, now);
+    }
+}
+
+std::optional<LRESULT> WindowPlacement::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_MOVE:
+            if (!sizing) {
+                Report();
+            }
+            return 0;
+        case WM_ENTERSIZEMOVE:
+            sizing = true;
+            return std::nullopt;
+        case WM_EXITSIZEMOVE:
+            sizing = false;
+            Report();
+            return std::nullopt;
+        case WM_GETMINMAXINFO:
+            OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam));
+            return 0;
+        case scaleChangedMessage:
+            OnScaleChanged(HIWORD(wParam), lParam);
+            return 0;
+        default:
+            return std::nullopt;
+    }
+}
+
+void WindowPlacement::OnMinMaxInfo(MINMAXINFO& info) const {
+    const Form& form = window.Model();
+    if (form.borderStyle == BorderStyle::Sizable && window.scale.dpi != 0) {
+        POINT& least = info.ptMinTrackSize;
+        least.x = std::max<LONG>(least.x, window.scale.Pixels(form.minimumWidth));
+        least.y = std::max<LONG>(least.y, window.scale.Pixels(form.minimumHeight));
+    }
+}
+
+void WindowPlacement::OnScaleChanged(int dpi, LPARAM suggestion) {
+    if (dpi < smallestDpi || dpi > largestDpi) {
+        return;
+    }
+    std::optional<RECT> place = RectAt(suggestion);
+    if (!place || !IsPlace(*place, SystemMetric(SM_CYCAPTION, dpi))) {
+        RECT now{};
+        ::GetWindowRect(window.handle, &now);
+        const int before = window.scale.dpi;
+        place = RECT{now.left, now.top, now.left + ::MulDiv(now.right - now.left, dpi, before),
+                     now.top + ::MulDiv(now.bottom - now.top, dpi, before)};
+    }
+    Rescale(dpi, *place);
+    if (!sizing) {
+        Report();
+    }
+}
+
+void WindowPlacement::Rescale(int dpi, const RECT& place) {
+    const Applying applying(window.state);
+    window.scale.dpi = dpi;
+    ::SetWindowPos(window.handle, nullptr, place.left, place.top, place.right - place.left,
+                   place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    RestoreInnerSize();
+    window.ApplyIcon();
+    window.controls.Layout();
+}
+
+// Title bars do not grow as the resolution does, and on some systems not at all.
+void WindowPlacement::RestoreInnerSize() {
+    const Form& form = window.Model();
+    if (!window.IsFilled() || form.innerWidth == 0 || form.borderStyle == BorderStyle::Sizable) {
+        return;
+    }
+    RECT outer{};
+    RECT inside{};
+    ::GetWindowRect(window.handle, &outer);
+    ::GetClientRect(window.handle, &inside);
+    ::SetWindowPos(window.handle, nullptr, 0, 0,
+                   outer.right - outer.left + window.scale.Pixels(form.innerWidth) - inside.right,
+                   outer.bottom - outer.top + window.scale.Pixels(form.innerHeight) - inside.bottom,
+                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace forms::win32

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+
+namespace forms::win32 {
+
+class FormWindow;
+
+// The pointer over a form, and the callback of the form's icon in the notification area. Labels,
+// group boxes and pictures let the pointer through to the form, which finds them here.
+class WindowPointer {
+  public:
+    explicit WindowPointer(FormWindow& formWindow) : window(formWindow) {}
+    WindowPointer(const WindowPointer&) = delete;
+    WindowPointer& operator=(const WindowPointer&) = delete;
+
+    // The number of the icon that the window owns, see TrayWindowOf; 0: none.
+    UINT trayIconId = 0;
+
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+
+  private:
+    bool IsTrayMessage(WPARAM wParam, LPARAM lParam) const;
+    void OnMove(WPARAM wParam, LPARAM lParam);
+    void OnButtonUp(int button, POINT point);
+
+    FormWindow& window;
+    LPARAM lastPlace = -1;
+};
+
+}  // namespace forms::win32
