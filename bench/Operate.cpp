@@ -104,7 +104,7 @@ void Close(const std::string& title) {
     ::GetWindowThreadProcessId(window.handle, &id);
     HANDLE process = ::OpenProcess(SYNCHRONIZE, FALSE, id);
     const double taken = Milliseconds([&] {
-        window.Close();
+        window.CloseBox();
         if (::WaitForSingleObject(process, patience * 1000) != WAIT_OBJECT_0) {
             throw Failure("the program does not end");
         }
@@ -115,7 +115,7 @@ void Close(const std::string& title) {
 
 void Type(const std::string& title, int keys) {
     const Window note = WaitFor(title);
-    note.Post(WM_SYSCOMMAND, SC_RESTORE);
+    note.Restore();
     WaitUntil("the note is open", [&] { return !note.IsMinimized(); });
     WaitUntil("it has its text", [&] { return !note.ChildrenOfClass("Edit").empty(); });
     const Window text = note.Only("Edit");
