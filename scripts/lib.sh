@@ -103,12 +103,14 @@ window_manager_is_up() {
 # by which programs find it. The small latency keeps the times in a recording right. Uses the installed
 # pulseaudio, or else the one that install-packages has unpacked.
 start_sound() {
-    local own=$root/build/pulseaudio/usr server=(pulseaudio) library
+    local own=$root/build/pulseaudio/usr server=(pulseaudio) library modules
     if ! command -v pulseaudio >/dev/null; then
         [ -x "$own/bin/pulseaudio" ] || die "pulseaudio is missing (scripts/install-packages test)"
         library=$(find "$own/lib" -name 'libpulsecore-*.so' -printf '%h\n' -quit)
-        server=(env "LD_LIBRARY_PATH=$library" "$own/bin/pulseaudio"
-            --dl-search-path "$(find "$own/lib" -type d -path '*/pulse*/modules' -print -quit)")
+        modules=$(find "$own/lib" -type d -path '*/pulse*/modules' -print -quit)
+        # Modules link libraries that lie beside them.
+        server=(env "LD_LIBRARY_PATH=$library:$modules" "$own/bin/pulseaudio"
+            --dl-search-path "$modules")
     fi
     export PULSE_RUNTIME_PATH="$1/pulse" PULSE_STATE_PATH="$1/pulse" PULSE_LATENCY_MSEC=30
     export PULSE_SERVER="unix:$1/pulse/native"
