@@ -1,41 +1,16 @@
 #include "forms/headless/MemoryFiles.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 #include <utility>
 
-#include "base/Text.h"
 #include "forms/headless/HeadlessLocale.h"
 
 namespace forms::headless {
 
 namespace {
 
-constexpr std::size_t longestName = 255;  // UTF-16 units
-constexpr std::size_t longestPath = 259;
-
 [[noreturn]] void Fail(base::ErrorNumber number) { throw base::RuntimeError(number); }
-
-bool IsReservedName(std::string_view name) {
-    const std::string base = UpperCase(base::Trim(name.substr(0, name.find('.'))));
-    if (base.size() == 4 && (base.starts_with("COM") || base.starts_with("LPT"))) {
-        return base[3] >= '1' && base[3] <= '9';
-    }
-    static constexpr std::array<std::string_view, 6> devices{"CON", "PRN",    "AUX",
-                                                             "NUL", "CONIN$", "CONOUT$"};
-    return std::find(devices.begin(), devices.end(), base) != devices.end();
-}
-
-bool IsValidName(std::string_view name) {
-    const bool hasBadCharacter = std::any_of(name.begin(), name.end(), [](char c) {
-        return static_cast<unsigned char>(c) < 0x20 ||
-               std::string_view("*?\"<>|:").find(c) != std::string_view::npos;
-    });
-    const bool hasOnlyDots = name.find_first_not_of('.') == std::string_view::npos;
-    return !hasOnlyDots && !hasBadCharacter && base::Utf16Length(name) <= longestName &&
-           !IsReservedName(name);
-}
 
 std::string FolderKey(const std::string& key) { return key.substr(0, key.rfind('\\')); }
 
@@ -58,49 +33,17 @@ class MemoryLock : public FileLock {
 
 }  // namespace
 
-// The target of a path. The drive's root has the key "C:", a file "C:\\FOLDER\\NAME.TXT".
-struct MemoryFiles::Place {
-    explicit Place(std::string path) {
-        std::replace(path.begin(), path.end(), '/', '\\');
-        while (path.ends_with('\\')) {
-            path.pop_back();
-        }
-        if (path.size() < 2 || path[1] != ':' || (path.size() > 2 && path[2] != '\\')) {
-            Fail(base::ErrorNumber::BadFileName);
-        }
-        key = UpperCase(path.substr(0, 2));
-        for (std::size_t start = 3; start <= path.size();) {
-            const std::size_t end = std::min(path.find('\\', start), path.size());
-            name = path.substr(start, end - start);
-            while (end == path.size() && (name.ends_with('.') || name.ends_with(' '))) {
-                name.pop_back();
-            }
-            if (!IsValidName(name)) {
-                Fail(base::ErrorNumber::BadFileName);
-            }
-            key += '\\' + UpperCase(name);
-            start = end + 1;
-        }
-        if (base::Utf16Length(key) > longestPath) {
-            Fail(base::ErrorNumber::PathNotFound);
-        }
-    }
-
-    std::string key;
-    std::string name;
-};
-
 MemoryFiles::MemoryFiles() { PutFolder("C:"); }
 
 bool MemoryFiles::FolderExists(const std::string& path) try {
-    const Node* node = dead ? nullptr : Find(Place(path).key);
+    const Node* node = IsDead() ? nullptr : Find(DiskPath(path).key);
     return node != nullptr && node->isFolder;
 } catch (const base::RuntimeError&) {
     return false;
 }
 
 bool MemoryFiles::FileExists(const std::string& path) try {
-    const Node* node = dead ? nullptr : Find(Place(path).key);
+    const Node* node = IsDead() ? nullptr : Find(DiskPath(path).key);
     return node != nullptr && !node->isFolder;
 } catch (const base::RuntimeError&) {
     return false;
@@ -108,7 +51,7 @@ bool MemoryFiles::FileExists(const std::string& path) try {
 
 void MemoryFiles::MakeFolder(const std::string& path) {
     log.push_back("folder " + path);
-    const Place place(path);
+    const DiskPath place(path);
     CheckParent(place, true);
     if (Find(place.key) != nullptr) {
         Fail(base::ErrorNumber::PathFileAccessError);
@@ -122,7 +65,7 @@ std::vector<FileEntry> MemoryFiles::List(const std::string& folder, const std::s
     if (!FolderExists(folder)) {
         return entries;
     }
-    const std::string folderKey = Place(folder).key;
+    const std::string folderKey = DiskPath(folder).key;
     if (Find(folderKey)->denied) {
         Fail(base::ErrorNumber::PermissionDenied);
     }
@@ -140,14 +83,14 @@ std::vector<FileEntry> MemoryFiles::List(const std::string& folder, const std::s
 }
 
 std::string MemoryFiles::NameOnDisk(const std::string& path) {
-    const Node* node = FileExists(path) ? Find(Place(path).key) : nullptr;
+    const Node* node = FileExists(path) ? Find(DiskPath(path).key) : nullptr;
     return node != nullptr ? node->name : path.substr(path.find_last_of('\\') + 1);
 }
 
 std::string MemoryFiles::Read(const std::string& path) {
     log.push_back("read " + path);
-    const Place place(path);
-    if (dead) {
+    const DiskPath place(path);
+    if (IsDead()) {
         throw Killed{};
     }
     std::string bytes;
@@ -157,7 +100,7 @@ std::string MemoryFiles::Read(const std::string& path) {
 
 void MemoryFiles::Write(const std::string& path, const std::string& bytes, WriteOptions options) {
     log.push_back("write " + path);
-    const Place place(path);
+    const DiskPath place(path);
     if (options.mustBeNew && Find(place.key) != nullptr) {
         Fail(base::ErrorNumber::FileAlreadyExists);
     }
@@ -167,9 +110,9 @@ void MemoryFiles::Write(const std::string& path, const std::string& bytes, Write
 void MemoryFiles::Replace(const std::string& from, const std::string& to, Durability durability) {
     flushes += durability == Durability::Flushed ? 1 : 0;
     log.push_back("replace " + from + " " + to);
-    const Place source(from);
-    const Place target(to);
-    if (dead) {
+    const DiskPath source(from);
+    const DiskPath target(to);
+    if (IsDead()) {
         return;
     }
     FindFile(source);
@@ -188,8 +131,8 @@ void MemoryFiles::Replace(const std::string& from, const std::string& to, Durabi
 
 void MemoryFiles::Delete(const std::string& path) {
     log.push_back("delete " + path);
-    const Place place(path);
-    if (dead) {
+    const DiskPath place(path);
+    if (IsDead()) {
         return;
     }
     CheckRemovable(place);
@@ -198,8 +141,8 @@ void MemoryFiles::Delete(const std::string& path) {
 
 bool MemoryFiles::Recycle(const std::string& path) {
     log.push_back("recycle " + path);
-    const Place place(path);
-    if (dead) {
+    const DiskPath place(path);
+    if (IsDead()) {
         return true;
     }
     CheckRemovable(place);
@@ -218,24 +161,24 @@ bool MemoryFiles::Recycle(const std::string& path) {
 
 void MemoryFiles::Copy(const std::string& from, const std::string& to) {
     log.push_back("copy " + from + " " + to);
-    const Place source(from);
-    const Place target(to);
+    const DiskPath source(from);
+    const DiskPath target(to);
     std::string bytes;
     Step([&] { bytes = FindFile(source).bytes; }, [] {});
     WriteSteps(target, bytes, Durability::Flushed);
 }
 
 std::unique_ptr<FileLock> MemoryFiles::Lock(const std::string& path) {
-    const std::string key = Place(path).key;
+    const std::string key = DiskPath(path).key;
     const Node* folder = Find(FolderKey(key));
-    if (dead || folder == nullptr || !folder->isFolder) {
+    if (IsDead() || folder == nullptr || !folder->isFolder) {
         Fail(base::ErrorNumber::PathNotFound);
     }
     return locks->insert(key).second ? std::make_unique<MemoryLock>(locks, key) : nullptr;
 }
 
 void MemoryFiles::PutFolder(const std::string& path) {
-    const Place place(path);
+    const DiskPath place(path);
     if (Find(place.key) != nullptr) {
         return;
     }
@@ -249,7 +192,7 @@ void MemoryFiles::PutFolder(const std::string& path) {
 }
 
 void MemoryFiles::PutFile(const std::string& path, const std::string& bytes) {
-    const Place place(path);
+    const DiskPath place(path);
     PutFolder(path.substr(0, path.find_last_of("\\/")));
     Node& node = nodes[place.key];
     if (node.name.empty()) {
@@ -260,7 +203,7 @@ void MemoryFiles::PutFile(const std::string& path, const std::string& bytes) {
 }
 
 void MemoryFiles::Remove(const std::string& path) {
-    const auto found = nodes.find(Place(path).key);
+    const auto found = nodes.find(DiskPath(path).key);
     if (found != nodes.end()) {
         Resize(found->second, {});
         nodes.erase(found);
@@ -268,13 +211,13 @@ void MemoryFiles::Remove(const std::string& path) {
 }
 
 std::optional<std::string> MemoryFiles::Peek(const std::string& path) const {
-    const Node* node = Find(Place(path).key);
+    const Node* node = Find(DiskPath(path).key);
     return node == nullptr || node->isFolder ? std::nullopt : std::optional(node->bytes);
 }
 
 std::vector<std::string> MemoryFiles::Names(const std::string& folder) const {
     std::vector<std::string> names;
-    const std::string key = Place(folder).key;
+    const std::string key = DiskPath(folder).key;
     for (const auto& [nodeKey, node] : nodes) {
         if (!node.isFolder && FolderKey(nodeKey) == key) {
             names.push_back(node.name);
@@ -284,44 +227,19 @@ std::vector<std::string> MemoryFiles::Names(const std::string& folder) const {
 }
 
 void MemoryFiles::SetReadOnly(const std::string& path, bool readOnly) {
-    nodes.at(Place(path).key).readOnly = readOnly;
+    nodes.at(DiskPath(path).key).readOnly = readOnly;
 }
 
 void MemoryFiles::SetDenied(const std::string& path, bool denied) {
-    nodes.at(Place(path).key).denied = denied;
+    nodes.at(DiskPath(path).key).denied = denied;
 }
 
 void MemoryFiles::SetLocked(const std::string& path, bool locked) {
     if (locked) {
-        locks->insert(Place(path).key);
+        locks->insert(DiskPath(path).key);
     } else {
-        locks->erase(Place(path).key);
+        locks->erase(DiskPath(path).key);
     }
-}
-
-void MemoryFiles::FailAt(int step, base::ErrorNumber number) {
-    ClearFaults();
-    faultStep = step;
-    fault = number;
-}
-
-void MemoryFiles::KillAt(int step, Moment moment) {
-    ClearFaults();
-    faultStep = step;
-    killMoment = moment;
-    killing = true;
-}
-
-void MemoryFiles::ClearFaults() {
-    steps = 0;
-    faultStep = 0;
-    fault.reset();
-    killing = false;
-}
-
-void MemoryFiles::Restart() {
-    ClearFaults();
-    dead = false;
 }
 
 MemoryFiles::Node* MemoryFiles::Find(const std::string& key) {
@@ -334,7 +252,7 @@ const MemoryFiles::Node* MemoryFiles::Find(const std::string& key) const {
     return found == nodes.end() ? nullptr : &found->second;
 }
 
-MemoryFiles::Node& MemoryFiles::FindFile(const Place& place) {
+MemoryFiles::Node& MemoryFiles::FindFile(const DiskPath& place) {
     CheckParent(place, false);
     Node* node = Find(place.key);
     if (node == nullptr) {
@@ -349,7 +267,7 @@ MemoryFiles::Node& MemoryFiles::FindFile(const Place& place) {
     return *node;
 }
 
-void MemoryFiles::CheckParent(const Place& place, bool changing) const {
+void MemoryFiles::CheckParent(const DiskPath& place, bool changing) const {
     const Node* folder = Find(FolderKey(place.key));
     if (folder == nullptr || !folder->isFolder) {
         Fail(base::ErrorNumber::PathNotFound);
@@ -362,7 +280,7 @@ void MemoryFiles::CheckParent(const Place& place, bool changing) const {
     }
 }
 
-void MemoryFiles::CheckWritable(const Place& place) const {
+void MemoryFiles::CheckWritable(const DiskPath& place) const {
     const Node* node = Find(place.key);
     CheckParent(place, node == nullptr);
     if (node != nullptr && (node->isFolder || node->readOnly)) {
@@ -373,7 +291,7 @@ void MemoryFiles::CheckWritable(const Place& place) const {
     }
 }
 
-void MemoryFiles::CheckRemovable(const Place& place) {
+void MemoryFiles::CheckRemovable(const DiskPath& place) {
     const Node& node = FindFile(place);
     CheckParent(place, true);
     if (node.readOnly) {
@@ -397,8 +315,9 @@ void MemoryFiles::Resize(Node& file, const std::string& bytes) {
     }
 }
 
-void MemoryFiles::WriteSteps(const Place& place, const std::string& bytes, Durability durability) {
-    if (dead) {
+void MemoryFiles::WriteSteps(const DiskPath& place, const std::string& bytes,
+                             Durability durability) {
+    if (IsDead()) {
         return;
     }
     CheckWritable(place);
@@ -428,39 +347,38 @@ void MemoryFiles::WriteSteps(const Place& place, const std::string& bytes, Durab
 // part leaves the traces of a step that is broken off in the middle.
 template <class Whole, class Part>
 void MemoryFiles::Step(Whole whole, Part part) {
-    if (dead) {
+    if (IsDead()) {
         return;
     }
-    const bool isFaulty = ++steps == faultStep;
-    if (isFaulty && fault) {
-        part();
-        unflushed.reset();
-        Fail(*fault);
-    }
-    if (!isFaulty || !killing) {
+    const auto fault = NextStep();
+    if (!fault) {
         whole();
         return;
     }
-    if (killMoment == Moment::Middle) {
+    if (fault->error) {
         part();
-    } else if (killMoment == Moment::After) {
+        unflushed.reset();
+        Fail(*fault->error);
+    }
+    if (fault->moment == Moment::Middle) {
+        part();
+    } else if (fault->moment == Moment::After) {
         try {
             whole();
         } catch (const base::RuntimeError&) {
             // The program is dead and does not get the error.
         }
     }
+    TearUnflushed();
     Die();
 }
 
-void MemoryFiles::Die() {
+void MemoryFiles::TearUnflushed() {
     if (unflushed) {
         std::string& bytes = nodes.at(*unflushed).bytes;
         std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(bytes.size() / 2), bytes.end(), '\0');
         unflushed.reset();
     }
-    dead = true;
-    throw Killed{};
 }
 
 }  // namespace forms::headless

@@ -8,25 +8,20 @@
 #include <string>
 #include <vector>
 
-#include "base/RuntimeError.h"
 #include "forms/Devices.h"
+#include "forms/headless/DiskFaults.h"
+#include "forms/headless/DiskPath.h"
 
 namespace forms::headless {
-
-// Thrown when the program is killed. No handler of the program catches it.
-struct Killed {};
 
 // A disk in memory that behaves like a disk of Windows: names keep their case and are found in any
 // case, listings are alphabetical, trailing dots and blanks of a name are dropped, and names that
 // Windows refuses are refused. A copy of the object is a snapshot.
 //
-// Faults are set by the number of a primitive step, from 1. Read, MakeFolder, Replace, Delete and
-// Recycle are one step each, a flushed Write three (create or truncate, write, flush), a cached one
-// two, Copy four (read and the three of writing).
-class MemoryFiles : public FileSystem {
+// Read, MakeFolder, Replace, Delete and Recycle are one step each, a flushed Write three (create or
+// truncate, write, flush), a cached one two, Copy four (read and the three of writing).
+class MemoryFiles : public FileSystem, public DiskFaults {
   public:
-    enum class Moment { Before, Middle, After };
-
     MemoryFiles();
 
     bool FolderExists(const std::string& path) override;
@@ -70,18 +65,6 @@ class MemoryFiles : public FileSystem {
     void SetFreeSpace(std::optional<std::uint64_t> bytes) { freeSpace = bytes; }
     void SetRecycleBin(bool present) { hasRecycleBin = present; }
 
-    // The step with this number, counted from now on, fails. A failing write leaves half of its
-    // bytes.
-    void FailAt(int step, base::ErrorNumber number);
-    // The program is killed at the step with this number, counted from now on: Killed is thrown. A
-    // write that was not flushed is torn: its second half is zeros. An atomic step that is killed
-    // in its middle has no effect. Until Restart(), the disk seems empty and changes are ignored.
-    void KillAt(int step, Moment moment);
-    void ClearFaults();
-    void Restart();  // after a kill: faults are cleared, the disk works again
-    // Steps since the beginning or since the last FailAt, KillAt, ClearFaults or Restart.
-    int Steps() const { return steps; }
-
     // Paths of the files in the Recycle Bin, in the order of their deletion.
     const std::vector<std::string>& RecycleBin() const { return recycled; }
     // Their bytes.
@@ -101,19 +84,17 @@ class MemoryFiles : public FileSystem {
         std::int64_t changed = 0;
     };
 
-    struct Place;
-
     Node* Find(const std::string& key);
     const Node* Find(const std::string& key) const;
-    Node& FindFile(const Place& place);
-    void CheckParent(const Place& place, bool changing) const;
-    void CheckWritable(const Place& place) const;
-    void CheckRemovable(const Place& place);
+    Node& FindFile(const DiskPath& place);
+    void CheckParent(const DiskPath& place, bool changing) const;
+    void CheckWritable(const DiskPath& place) const;
+    void CheckRemovable(const DiskPath& place);
     void Resize(Node& file, const std::string& bytes);
-    void WriteSteps(const Place& place, const std::string& bytes, Durability durability);
+    void WriteSteps(const DiskPath& place, const std::string& bytes, Durability durability);
     template <class Whole, class Part>
     void Step(Whole whole, Part part);
-    [[noreturn]] void Die();
+    void TearUnflushed();
 
     std::map<std::string, Node> nodes;  // by upper-case path
     std::int64_t clock = 0;
@@ -125,12 +106,6 @@ class MemoryFiles : public FileSystem {
     std::vector<std::string> recycled;
     std::vector<std::string> recycledBytes;
     std::vector<std::string> log;
-    int steps = 0;
-    int faultStep = 0;
-    std::optional<base::ErrorNumber> fault;
-    Moment killMoment = Moment::Before;
-    bool killing = false;
-    bool dead = false;
     std::optional<std::string> unflushed;
 };
 
