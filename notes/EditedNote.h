@@ -49,7 +49,8 @@ class EditedNote {
     bool IsSaved() const;
     // Whether closing the editor must not write the file: the user has changed nothing here, and
     // either another program has changed the file, which is newer then, or the program exits and
-    // no alarm has to be switched off in the file.
+    // no alarm has to be switched off in the file. For an open note only, as are Save() and
+    // SaveBeforeTheEnd().
     bool LeavesFileAlone(bool isExit) const;
 
     // Writes the file, unless it has these fields already. Contents of the file that this editor

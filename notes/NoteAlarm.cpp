@@ -97,24 +97,26 @@ void NoteAlarm::Toggle() {
     if (isSet) {
         Clear();
     } else {
-        Set(true, alarmIcon);
+        Set(true);
+        note.icon = alarmIcon;
     }
 }
 
 void NoteAlarm::Clear() {
-    Set(false, NoteIcon());
+    Set(false);
+    note.icon = NoteIcon();
     note.fraAlarm.caption = " Schedule Alarm ";
 }
 
 void NoteAlarm::Restore(const forms::Picture& alarmIcon) {
     note.imgAlarm.picture = alarmIcon;
     note.imgAlarm.visible = true;
-    Set(true, alarmIcon);
+    Set(true);
+    note.icon = alarmIcon;
 }
 
-void NoteAlarm::Set(bool set, const forms::Picture& icon) {
+void NoteAlarm::Set(bool set) {
     isSet = set;
-    note.icon = icon;
     Paint();
     note.tmrNote.enabled = set;
     if (set) {
@@ -171,7 +173,9 @@ void NoteAlarm::FireIfDue() {
     }
     note.mnuShow.Click();
     note.BringToForeground();
-    Set(false, NoteIcon());
+    Set(false);
+    // If the icon is missing, the program ends, and saves the note with its alarm off.
+    note.icon = NoteIcon();
     note.edited.AcceptFiring(AudioAlarm());
     if (AudioAlarm() == 1) {
         Bell::RingBehindBox(Shared().AlarmSoundPath, "           Turn Off Alarm?", {},

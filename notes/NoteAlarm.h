@@ -39,7 +39,7 @@ class NoteAlarm {
     void FollowBlinking();
 
   private:
-    void Set(bool set, const forms::Picture& icon);
+    void Set(bool set);
     void Paint();
     void FillCalendar();
     static bool IsBlinking();

@@ -154,7 +154,7 @@ bool frmNote::WriteNote() {
 }
 
 void frmNote::SaveBeforeTheEnd() {
-    if (isErasingConfirmed) {
+    if (!edited.IsOpen() || isErasingConfirmed) {
         return;
     }
     if (NoteErased) {

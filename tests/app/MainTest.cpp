@@ -3,6 +3,7 @@
 #include "app/Main.h"
 #include "app/ProductTexts.h"
 #include "app/dlgMsgBox.h"
+#include "notes/NoteFile.h"
 #include "tests/support/WholeProgram.h"
 
 using namespace forms;
@@ -182,6 +183,19 @@ TEST_F(MainTest, AnUntrappedErrorSavesTheOpenNotesFirst) {
     ASSERT_TRUE(FileOf("Dentist").has_value());
     EXPECT_NE(FileOf("Dentist")->find("Call to move"), std::string::npos);
     EXPECT_FALSE(tray.icon.has_value());
+}
+
+TEST_F(MainTest, AnAlarmThatFiresWithoutItsIconIsSavedAsOff) {
+    SetNow(2004, 5, 14, 14, 59, 50);
+    PutNote(Note("Dentist").WithAlarmAt(15, 0));
+    StartQuietly();
+    files.Remove("C:\\Jotwright\\note.ico");
+    ExpectRunTimeError(53, "File not found");
+    Advance(12'000);
+    EXPECT_TRUE(runtime->HasEnded());
+    StandardCode::NoteRecord saved;
+    NoteFile::Decode(FileOf("Dentist").value_or(""), saved);
+    EXPECT_EQ(saved.AlarmState, "0");
 }
 
 TEST_F(MainTest, TemporaryFilesOfAKilledSaveAreRemoved) {
