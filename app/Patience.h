@@ -2,7 +2,8 @@
 
 #include "base/RuntimeError.h"
 
-// Retries for files that another program holds briefly: a virus scanner, a sync client, a backup.
+// Retries for a file that another program holds briefly, for example a virus scanner, a sync client
+// or a backup.
 namespace Patience {
 
 // Pauses for some milliseconds. Returns false at once if the time is used up: 1.5 s in all for one
