@@ -58,7 +58,8 @@ class MemoryLock : public FileLock {
 
 }  // namespace
 
-// The target of a path. The drive's root has the key "C:", a file "C:\\FOLDER\\NAME.TXT".
+// The place of a path on the disk. The key of the drive's root is "C:", and the key of a file is,
+// for example, "C:\\FOLDER\\NAME.TXT".
 struct MemoryFiles::Place {
     explicit Place(std::string path) {
         std::replace(path.begin(), path.end(), '/', '\\');
@@ -420,12 +421,12 @@ void MemoryFiles::WriteSteps(const Place& place, const std::string& bytes, Durab
         ++flushes;
         Step([&] { unflushed.reset(); }, [] {});
     } else {
-        // The system keeps what a killed program has written.
+        // The system keeps data that a killed program has written.
         unflushed.reset();
     }
 }
 
-// part leaves the traces of a step that is broken off in the middle.
+// part does what the step has done if it is interrupted in the middle.
 template <class Whole, class Part>
 void MemoryFiles::Step(Whole whole, Part part) {
     if (dead) {
@@ -447,7 +448,7 @@ void MemoryFiles::Step(Whole whole, Part part) {
         try {
             whole();
         } catch (const base::RuntimeError&) {
-            // The program is dead and does not get the error.
+            // The program was killed and does not get the error.
         }
     }
     Die();
