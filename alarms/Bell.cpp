@@ -9,7 +9,8 @@ namespace {
 
 using StandardCode::Shared;
 
-// One sound whose box is open. The destructor also forgets it if the program ends under the box.
+// One sound whose box is open. If the program ends while the box is open, the destructor removes
+// the sound from the list.
 class Ring {
   public:
     explicit Ring(const std::string& path) {

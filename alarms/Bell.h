@@ -15,11 +15,11 @@ namespace Bell {
 forms::BoxResult RingBehindBox(const std::string& path, const std::string& text,
                                forms::MsgBoxOptions options, const std::string& caption);
 
-// Whether a looping sound waits for its box. If so, do not start another sound: the machine plays
-// one sound at a time, and the new sound would end the loop.
+// Whether a looping sound is playing behind a box. If so, do not start another sound: the machine
+// plays one sound at a time, and the new sound would end the loop.
 bool IsRinging();
 
-// Clears AlarmSounding, unless a looping sound waits for its box.
+// Clears AlarmSounding, unless a looping sound is playing behind a box.
 void ClearAlarmSounding();
 
 }  // namespace Bell

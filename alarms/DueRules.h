@@ -12,7 +12,8 @@ namespace DueRules {
 // The values that an editor compares with the clock.
 struct AlarmValues {
     base::DateTime AlarmDayLong;
-    // The same day, converted by way of a text with a two-digit year: its year is in 1930 to 2029.
+    // AlarmDayLong after a conversion through a text with a two-digit year, so its year is in 1930
+    // to 2029.
     base::DateTime AlarmDayShort;
     base::DateTime AlarmTimeOfDay;
 };
@@ -20,7 +21,7 @@ struct AlarmValues {
 // Takes the day from date and the time of day from time, the values of the editor's pickers.
 AlarmValues ValuesOf(base::DateTime date, base::DateTime time);
 
-// The editor's own test; either day may match.
+// The editor's own test. The alarm is due if one of the two days matches.
 bool IsEditorAlarmDue(const AlarmValues& values, base::DateTime now);
 
 // Whether the editor's own test may come true within the next seconds, on any day. If not, one test
@@ -31,7 +32,7 @@ bool MayRingSoon(const AlarmValues& values, base::DateTime now);
 bool IsSavedNoteDue(const StandardCode::NoteRecord& note, base::DateTime now);
 
 // The first five characters of "m/d/yyyy" and the last two of the short date. IsSavedNoteDue also
-// accepts an alarm date whose own text equals this one, which happens only by accident.
+// accepts an alarm date whose own text equals this text. That happens only by accident.
 std::string ComparisonText(base::DateTime today);
 
 }  // namespace DueRules

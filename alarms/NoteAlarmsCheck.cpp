@@ -22,7 +22,8 @@ Opened DisplayDue(base::DateTime now) {
         }
         const StoredNote stored = StandardCode::Notes().OfSlot(slot);
         const EditedNote* open = StandardCode::Notes().FindOpen(stored.file);
-        // The open note may no longer own the file: another note may have been saved to it.
+        // The file may no longer belong to the open note, because another note may have been saved
+        // to it.
         if ((open != nullptr && !open->IsFileOther()) || StandardCode::IsAlarmDisplayed(stored)) {
             continue;
         }

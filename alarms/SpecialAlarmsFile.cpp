@@ -68,12 +68,12 @@ void Decode(const std::string& bytes, std::vector<Row>& rows) {
         }
     };
     if (best.rows.size() < rowCount) {
-        // Other programs need not write one row a line.
+        // A row need not be one line: other programs may write the file differently.
         tryOther(ReadAll(text, &RecordText::Reader::Text));
     }
     if (best.rows.size() < rowCount) {
-        // In a code page with pairs of bytes, the last byte of a message may have taken the quote
-        // behind it for the second half of a character.
+        // In a code page with characters of two bytes, the last byte of a message may have joined
+        // with the quote after it into one character.
         Reading ofBytes = ReadAll(bytes, &RecordText::Reader::TextBeforeLastField);
         for (Row& row : ofBytes.rows) {
             row.Day = RecordText::FromBytes(row.Day);

@@ -38,12 +38,12 @@ std::string Encode(const std::array<Row, rowCount>& rows);
 // gives more rows when messages end at their first quote, it is read in that way.
 void Decode(const std::string& bytes, std::vector<Row>& rows);
 
-// The bytes of the file; nothing if there is none. A file that another program holds is tried again
-// for a moment, see Patience. RuntimeErrors are those of forms::FileSystem.
+// The bytes of the file. Empty if there is no file. If another program holds the file, Read retries
+// for a short time; see Patience. RuntimeErrors are those of forms::FileSystem.
 std::optional<std::string> Read();
-// Replaces the file whole, and makes the folder if it is missing. A file that does not hold the
-// known bytes, or cannot be read, goes to the Recycle Bin first, or gets ".replaced" behind its
-// name. On a RuntimeError nothing has replaced the file.
+// Replaces the whole file, and creates the folder if it is missing. If the file cannot be read or
+// does not hold the known bytes, it goes to the Recycle Bin first, or ".replaced" is added to its
+// name. If a RuntimeError is raised, the file has not been replaced.
 void Write(const std::array<Row, rowCount>& rows, const std::optional<std::string>& known);
 
 // Whether the row is enabled and due at this second of the week. A row whose time has a date is

@@ -32,7 +32,7 @@ constexpr int dayWidth = 1500;
 constexpr int timeWidth = 1320;
 constexpr int messageWidth = 3660;
 
-// consequence: the sentence that says what happens to the alarms.
+// consequence is the sentence that says what happens to the alarms.
 void ReportError(const base::RuntimeError& error, const std::string& consequence,
                  const std::string& caption) {
     forms::MsgBox(

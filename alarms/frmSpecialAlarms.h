@@ -40,13 +40,13 @@ class frmSpecialAlarms : public forms::Form {
     bool AreIdentical(std::size_t i, std::size_t j) const;
     void ReportIdenticalAlarms(Pair pair);
     SpecialAlarmsFile::Row RowOf(std::size_t row) const;
-    // Reports rows that cannot be read, and shows those rows as the main clock has them.
+    // Reports rows that cannot be read. Shows the main clock's values for those rows.
     void ReadSpecialAlarmsFile();
     void ShowRows(const std::vector<SpecialAlarmsFile::Row>& rows);
     // Raises RuntimeErrors if the file cannot be written.
     void WriteSpecialAlarmsFile();
 
-    std::optional<std::string> shownFile;  // its bytes, if all of its rows could be read
+    std::optional<std::string> shownFile;  // the bytes of the file, if all its rows could be read
 
     void Row_Change();
     void cmdSave_Click();

@@ -18,7 +18,7 @@ bool CloseAllBut(const forms::Form& main) {
         note->Unload();
     }
     const NoteStore::Quiet quiet(Notes());
-    // Closing a note reloads the control panel, so the list grows during this loop.
+    // Closing a note reloads the control panel, so the list of forms grows during this loop.
     std::vector<const forms::Form*> kept{&main};
     for (;;) {
         const auto& loaded = forms::Application::Current().LoadedForms();
@@ -35,7 +35,7 @@ bool CloseAllBut(const forms::Form& main) {
             kept.push_back(form.get());
         }
     }
-    // True if a window that is no editor has refused.
+    // True if a window that is not an editor refused to close.
     const std::vector<EditedNote*> open = Notes().OpenNotes();
     bool losesText = kept.size() > open.size() + 1;
     for (EditedNote* note : open) {

@@ -2,12 +2,12 @@
 
 #include "forms/Form.h"
 
-// How the program treats its windows when it ends.
+// What happens to the windows when the program ends.
 namespace StandardCode {
 
-// Unloads all forms but this one, the default editor first. False if the text of a note would be
-// lost with the program: the note could not be saved and is in no recovery copy, or was typed into
-// an alarm display that could not write it. Its window stays open.
+// Unloads all forms except this one, the default editor first. Returns false if the text of a note
+// would be lost: the note could not be saved and has no recovery copy, or the text was typed into
+// an alarm display that could not write it. The window of that note stays open.
 bool CloseAllBut(const forms::Form& main);
 
 // Saves all open notes without a question, because an error ends the program. Shows no error.

@@ -1,7 +1,7 @@
 #pragma once
 
 // Measures for the layout of all windows, in twips. They leave room for the message fonts of all
-// versions of the system.
+// versions of Windows.
 namespace Grid {
 
 inline constexpr int margin = 180;   // between the edge of a window and its contents
@@ -20,7 +20,8 @@ inline constexpr int frameSide = 180;
 inline constexpr int frameTop = 330;
 inline constexpr int frameBottom = 180;
 
-// From the top of a field or a button to the top of a label, or of a field, in the same line.
+// The distance from the top of a field or a button to the top of a label, or of a field, in the
+// same line.
 inline constexpr int labelInField = (fieldHeight - lineHeight) / 2;
 inline constexpr int labelInButton = (buttonHeight - lineHeight) / 2;
 inline constexpr int fieldInButton = (buttonHeight - fieldHeight) / 2;

@@ -42,8 +42,8 @@ void Main() {
             "  Jotwright Is Running", "logo.ico");
         return;
     }
-    // If a file has the name of the folder, the program starts all the same; each save then reports
-    // the error.
+    // If a file has the name of the folder, the program starts anyway. Each save then reports the
+    // error.
     if (!forms::Machine().files->FileExists(NotesFolder())) {
         EnsureNotesFolder();
     }

@@ -2,11 +2,12 @@
 
 #include "base/RuntimeError.h"
 
-// Retries for files that another program holds briefly: a virus scanner, a sync client, a backup.
+// Retries for a file that another program holds briefly, for example a virus scanner, a sync client
+// or a backup.
 namespace Patience {
 
-// Pauses for some milliseconds. Returns false at once if the time is used up: 1.5 s in all for one
-// action of the user, 200 ms in all for one round of ticks.
+// Pauses for some milliseconds and returns true. If the time for retries is used up, returns false
+// without a pause. One action of the user has 1.5 s in total, and one round of ticks has 200 ms.
 bool Wait();
 
 // Returns the result of the attempt. Repeats the attempt while it raises RuntimeError 70 and Wait()

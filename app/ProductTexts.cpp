@@ -5,7 +5,7 @@
 
 namespace StandardCode {
 
-// The version stands in the project() line of CMakeLists.txt, which also sets the version in the
+// The version is in the project() line of CMakeLists.txt, which also sets the version in the
 // program's resources and in the names of its packages.
 const char* const version = JOTWRIGHT_TEXT(JOTWRIGHT_VERSION);
 

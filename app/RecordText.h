@@ -20,7 +20,7 @@ std::string FromBytes(const std::string& bytes);
 // Replaces every zero character by a blank. A text box would show nothing after a zero character,
 // and the next save would lose that text.
 std::string WithoutZeros(std::string text);
-// Makes every line break CR LF. Text boxes join lines that end in anything else.
+// Makes every line break CR LF. A text box would join lines that end in anything else.
 std::string WithLineBreaks(std::string_view text);
 
 std::string Quoted(const std::string& text);

@@ -14,7 +14,7 @@ namespace SafeFile {
 namespace {
 
 // "~Jotwright-0123456789abcdef-7.tmp". The name does not contain the name of the file that it
-// replaces: beside a file with a long title it might exceed the limit of the system.
+// replaces: with a long title, it might exceed the limit of the system.
 constexpr std::string_view temporaryPrefix = "~Jotwright-";
 constexpr std::string_view temporarySuffix = ".tmp";
 constexpr std::string_view lockSuffix = ".lock";
@@ -60,12 +60,12 @@ std::string WriteTemporary(const std::string& folder, const std::string& bytes,
     }
 }
 
-// The path with the ending behind the file's name.
+// The path with the ending added to the file's name.
 std::string PathAside(const std::string& path, const std::string& ending) {
     const std::size_t nameStart = path.find_last_of('\\') + 1;
     const std::string name = path.substr(nameStart);
     const std::string folder = path.substr(0, nameStart - 1);
-    // A name that is longer than that keeps its length.
+    // If the name is already longer than LongestName(), the new name is as long as the old one.
     const std::size_t most = std::max(LongestName(folder), base::Utf16Length(name));
     return folder + '\\' + Shortened(name, most - std::min(most, base::Utf16Length(ending))) +
            ending;
@@ -79,7 +79,7 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool IsHexDigit(char c) { return IsDigit(c) || (c >= 'a' && c <= 'f'); }
 
-// The instance id in the name of a temporary file; empty if the name is not of that form.
+// The instance id in the name of a temporary file. Empty if the name does not have that form.
 std::string InstanceOf(const std::string& name) {
     if (!name.starts_with(temporaryPrefix) || !name.ends_with(temporarySuffix)) {
         return {};
@@ -135,7 +135,7 @@ void PutAside(const std::string& path, const std::string& ending) {
 std::size_t LongestName(const std::string& folder) {
     constexpr std::size_t ofName = 255;
     constexpr std::size_t ofPath = 259;
-    // If the folder's path leaves less room, other programs cannot use the file anyway.
+    // If the folder's path is so long that less is left, other programs cannot use the file anyway.
     constexpr std::size_t least = 100;
     const std::size_t used = base::Utf16Length(folder) + 1;
     return std::clamp(ofPath - std::min(ofPath, used), least, ofName);
@@ -198,7 +198,7 @@ std::vector<std::string> FindLeftovers(const std::string& folder) {
             }
         }
     } catch (const base::RuntimeError&) {
-        // The windows that read the folder report the error.
+        // The windows that read the folder report this error.
     }
     return paths;
 }

@@ -5,19 +5,21 @@
 
 #include "forms/Devices.h"
 
-// Replaces files whole or not at all, even if the program or the machine stops meanwhile. Several
-// machines may share a folder: the names of temporary files differ from program to program.
+// Replaces whole files. If the program or the machine stops meanwhile, the old file is unchanged.
+// Several machines may share a folder, so the names of temporary files differ from program to
+// program.
 namespace SafeFile {
 
 struct ReplaceOptions {
     forms::Durability durability = forms::Durability::Flushed;
-    // Tries again while another program holds a file; see Patience.
+    // Retry while another program holds a file; see Patience.
     bool isPatient = true;
     // The caller has read the file and knows that its bytes differ.
     bool isKnownToDiffer = false;
-    // Nobody here has read or written the old file: it is put aside with the ending ".replaced",
-    // see PutAside(), when the new bytes are on the disk. If the replacement then fails, the new
-    // bytes stay in a temporary file, and FindLeftovers() finds it at the next start.
+    // This program has neither read nor written the old file. The file is put aside with the ending
+    // ".replaced" (see PutAside()) when the new bytes are on the disk. If the replacement then
+    // fails, the new bytes stay in a temporary file, and FindLeftovers() finds it at the next
+    // start.
     bool isForeign = false;
 };
 
@@ -27,22 +29,22 @@ struct ReplaceOptions {
 bool ReplaceFile(const std::string& path, const std::string& bytes,
                  const ReplaceOptions& options = {});
 
-// Moves the file to the Recycle Bin. If there is none, the file gets the ending behind its name,
-// which is shortened if the new name would be too long, and a number if that name is in use. A file
-// that another program holds is tried again, see Patience. Raises RuntimeErrors.
+// Moves the file to the Recycle Bin. If there is no Recycle Bin, adds the ending to the file's
+// name. The name is shortened if it would be too long, and gets a number if it is in use. If
+// another program holds the file, PutAside retries; see Patience. Raises RuntimeErrors.
 void PutAside(const std::string& path, const std::string& ending);
 
-// The most UTF-16 units of a name, such that a file of this name in the folder has a path that
-// every program takes.
+// The maximum length of a file's name in this folder, in UTF-16 units. The path of a file with such
+// a name works in every program.
 std::size_t LongestName(const std::string& folder);
-// The beginning of the text, of at most so many UTF-16 units.
+// The beginning of the text, at most this many UTF-16 units long.
 std::string Shortened(const std::string& text, std::size_t units);
 
 // Whether both paths or names mean the same file, by the rules of the file system.
 bool IsSameName(const std::string& a, const std::string& b);
 
-// Marks the folder for other programs as in use by this one, until the program ends. Repeated calls
-// do nothing. Never raises an error.
+// Marks the folder as in use by this program until it ends, so that other programs see it. Repeated
+// calls do nothing. Never raises an error.
 void MarkInUse(const std::string& folder);
 // Whether a program with this instance id, other than this one, works in the folder.
 bool IsInUseBy(const std::string& folder, const std::string& instanceId);

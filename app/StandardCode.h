@@ -13,7 +13,7 @@
 #include "forms/Devices.h"
 
 // Values that the whole program shares. Only the user-interface thread uses them. If an operation
-// of StandardCode needs a window, the file of its own subject declares it, in this namespace.
+// of StandardCode needs a window, it is declared in the file of its own subject, in this namespace.
 class NoteStore;
 class frmDisplayNote;
 
@@ -59,12 +59,12 @@ struct SharedValues {
     std::int16_t NoteCount = 0;
     std::shared_ptr<NoteStore> Store;                  // made by Notes()
     std::weak_ptr<forms::Form> CurrentNote;            // the editor that OpenNote opened last
-    std::vector<const frmDisplayNote*> AlarmDisplays;  // those that show a note
-    std::set<std::string> RecoveryPaths;               // of the copies of open editors, in capitals
+    std::vector<const frmDisplayNote*> AlarmDisplays;  // the displays that show a note
+    std::set<std::string> RecoveryPaths;  // paths of the copies of open editors, in capitals
 
-    // Locks by folder; they show other programs that this one works there. See SafeFile.
+    // Locks by folder. They show other programs that this program works there. See SafeFile.
     std::map<std::string, std::unique_ptr<forms::FileLock>> FolderLocks;
-    int TemporaryFiles = 0;  // number made so far; see SafeFile
+    int TemporaryFiles = 0;  // number created so far; see SafeFile
     RetryTime TimeToRetry;
 
     std::string AlarmSoundPath;  // full path of the current alarm sound
@@ -73,7 +73,7 @@ struct SharedValues {
     std::vector<std::string> RingingSounds;
     bool ControlPanelMode = false;     // the user opens editors from the control panel
     bool BlinkPhase = false;           // shared by all note windows
-    std::string AlarmFlag;             // "1" or "0": alarm of the last note restored
+    std::string AlarmFlag;             // "1" or "0": the alarm of the last note restored
     std::int16_t StartCookooFlag = 0;  // copy of setting "StartCookoo"
     std::int16_t WindowOnTopFlag = 0;  // copy of setting "WindowOnTop"
     std::int16_t ViewTipsFlag = 0;     // setting "View Tips" as read at start-up
@@ -90,15 +90,16 @@ struct SharedValues {
 SharedValues& Shared();
 void Reset();
 
-// Signals by which a lower window reaches a higher one.
+// Signals through which a lower window reaches a higher one.
 struct SharedEvents {
     // The notes array was rebuilt; NoteCount holds the count.
     base::Signal<> NotesArrayLoaded;
-    // Commands to the control panel. Reload, ReloadAndShow and LoadAndUnload unload it and load it
-    // again, so that the array and its list are rebuilt, and leave it hidden, shown or unloaded.
+    // Commands to the control panel. Reload, ReloadAndShow and LoadAndUnload unload the panel and
+    // load it again, so that the array and its list are rebuilt. Reload leaves the panel hidden,
+    // ReloadAndShow leaves it shown, and LoadAndUnload leaves it unloaded.
     enum class PanelAction { Reload, ReloadAndShow, Show, UnloadIfVisible, LoadAndUnload };
     base::Signal<PanelAction> ControlPanel;
-    // Moves the focus to the box for a new note's title.
+    // Moves the focus to the title box for a new note.
     base::Signal<> FocusNoteTitle;
     // Shows the help file (help command 9) or the About box.
     base::Signal<> ShowHelp;

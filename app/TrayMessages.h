@@ -10,8 +10,8 @@ constexpr int leftButtonUp = 514;
 constexpr int leftDoubleClick = 515;
 constexpr int rightButtonUp = 517;
 
-// The tip as it fills the record's fixed field of 64 characters: cut to fit, then a zero character,
-// then blanks.
+// The tip for the record's fixed field of 64 characters: the caption, cut to fit, then a zero
+// character, then blanks.
 std::string FixedTip(const std::string& caption);
 
 }  // namespace TrayMessages

@@ -15,8 +15,8 @@ void dlgMsgBox::Design() {
     lblMsg.autoSize = true;
     // Messages quote texts of the user, which may contain ampersands.
     lblMsg.useMnemonic = false;
-    // The place beside a picture of the usual size, and clear of the button. A message that is
-    // taller than its picture stays here.
+    // The position beside a picture of the usual size, clear of the button. If the message is
+    // taller than its picture, it stays here.
     lblMsg.left = 1405;
     lblMsg.top = 240;
 

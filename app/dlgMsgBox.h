@@ -24,13 +24,13 @@ class dlgMsgBox : public forms::Form {
 
 namespace StandardCode {
 
-// Shows the dialog and returns when the user has closed it. picture is the bare name of a file in
-// the application folder; without it, or if it is empty, only the message is shown. A missing
-// message or picture becomes an empty text in the caller's variable. RuntimeError 53, without a
-// dialog, if the file of the picture is missing.
+// Shows the dialog and returns when the user has closed it. picture is the name, without a path, of
+// a file in the application folder. If picture is missing or empty, only the message is shown. If
+// the message or the picture is missing, the caller's variable becomes an empty text. RuntimeError
+// 53, without a dialog, if the picture's file is missing.
 void PictureMessageBox(std::optional<std::string>& message, const std::string& caption,
                        std::optional<std::string>& picture);
-// Overload for callers that have both texts.
+// For callers that have both texts.
 void PictureMessageBox(const std::string& message, const std::string& caption,
                        const std::string& picture);
 

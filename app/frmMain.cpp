@@ -49,7 +49,7 @@ constexpr int toolDistance = buttonHeight + Grid::gap;
 
 constexpr std::uint32_t recordSize = 88;
 constexpr std::uint32_t messageIconAndTip = 7;
-// Makes the events of the icon arrive in the mouse-move handler.
+// With this message number, the events of the icon arrive in the mouse-move handler.
 constexpr std::uint32_t mouseMoveMessage = 512;
 
 }  // namespace
@@ -69,7 +69,7 @@ void frmMain::Design() {
     tmrNow.Tick = [this] { tmrNow_Timer(); };
     tmrCooKoo.interval = 1000;
     tmrCooKoo.Tick = [this] { tmrCooKoo_Timer(); };
-    // Their ticks do nothing. The stop-alarm window switches the sound check off.
+    // The ticks of these timers do nothing. The stop-alarm window switches the sound check off.
     tmrSpecialNotes.interval = 1000;
     tmrSpecialNotes.enabled = true;
     tmrCheckSoundFile.interval = 500;
@@ -130,8 +130,8 @@ void frmMain::DesignControls() {
     lblCopyright.alignment = forms::Alignment::Right;
 }
 
-// The handlers of the controls and menus. An action has up to three: a button, an entry in the menu
-// bar and one in the pop-up menu.
+// Connects the handlers of the controls and menus. An action has up to three: a button, an entry in
+// the menu bar and an entry in the pop-up menu.
 void frmMain::ConnectCommands() {
     cmdMakeNote.Click = [this] { cmdMakeNote_Click(); };
     cmdSpecialAlarms.Click = mnuToolsSpecialAlarms.Click =
@@ -325,7 +325,7 @@ void frmMain::AddTrayIcon() {
 
 void frmMain::Form_MouseMove(int /*button*/, int x, int /*y*/) {
     forms::SetMousePointer(forms::MousePointer::Default);
-    // On a large scale the real pointer also crosses the columns whose numbers are messages.
+    // On a large scale, the real pointer also passes positions that equal the numbers of messages.
     if (!IsTrayCallback()) {
         return;
     }

@@ -76,11 +76,11 @@ class frmMain : public forms::Form {
     void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
     void Form_Unload(bool& cancel) override;
     void Form_MouseUp(int button, int x, int y) override;
-    // The callback of the icon in the notification area passes its message as x. Moves of the
-    // pointer only reset the mouse pointer.
+    // The callback of the icon in the notification area passes its message as x. A move of the
+    // pointer only resets the mouse pointer.
     void Form_MouseMove(int button, int x, int y) override;
 
-    // Restores every saved note into an editor of its own, minimised.
+    // Restores every saved note into its own editor, minimised.
     void ReadNotes();
     // Plays the cuckoo count times in a row. No other handler runs before it returns.
     void StrikeCuckoo(int count);

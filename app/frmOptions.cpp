@@ -13,7 +13,7 @@
 
 namespace {
 
-// The two spellings name the same file; the search uses one, the creation the other.
+// Both spellings name the same file. The search uses the first, the creation the second.
 constexpr const char* linkToFind =
     "C:\\Documents and Settings\\All Users\\Start Menu\\Programs\\Startup\\Shortcut to "
     "Jotwright.lnk";
@@ -21,8 +21,8 @@ constexpr const char* linkToMake =
     "C:\\Documents and Settings\\All Users\\Start Menu\\Programs\\Startup\\Shortcut To "
     "Jotwright.lnk";
 
-// Selects the button with this index. An index out of range selects none; it occurs only if the
-// store was edited by hand.
+// Selects the button with this index. If the index is out of range, selects no button. This happens
+// only if the store was edited by hand.
 template <std::size_t count>
 void SelectOption(forms::ControlArray<forms::OptionButton, count>& buttons, int index) {
     for (forms::OptionButton& button : buttons) {

@@ -28,7 +28,7 @@ enum class ErrorNumber {
     PrinterError = 482,
 };
 
-// The description of an error as the user sees it ("Overflow").
+// The description of the error that the user sees, for example "Overflow".
 std::string DescriptionOf(ErrorNumber number);
 
 // A failure that a handler may trap and report in its own words. If no handler traps it, the

@@ -9,7 +9,8 @@ namespace base {
 // The text without leading and trailing blanks (U+0020 only; tabs and line breaks stay).
 std::string Trim(std::string_view text);
 
-// Every byte is below 0x80. Such a text has the same bytes in UTF-8 and in every ANSI code page.
+// Whether every byte is below 0x80. Such a text has the same bytes in UTF-8 and in every ANSI code
+// page.
 bool IsAscii(std::string_view text);
 
 // The length in UTF-16 units, which Windows calls the number of characters.

@@ -12,11 +12,12 @@
 namespace forms {
 
 // Thrown to leave every handler on the stack when the program ends. Runtime::Dispatch catches it. A
-// handler that catches it on the way, to leave something in order, throws it on.
+// handler that catches it to clean up must rethrow it.
 struct ProgramEnded {};
 
-// The running program as its windows see it: the forms that are loaded, the default instance of
-// each class, the active form, and the end. Runtime implements it; one exists at a time.
+// The running program as its windows see it: the loaded forms, the default instance of each class,
+// the active form, and the end of the program. Runtime implements it. Only one object exists at a
+// time.
 class Application {
   public:
     Application(const Application&) = delete;
@@ -25,28 +26,29 @@ class Application {
     static Application& Current();
     static bool Exists();
 
-    // Loaded forms in the order in which they were loaded.
+    // The loaded forms, in the order in which they were loaded.
     const std::vector<std::shared_ptr<Form>>& LoadedForms() const { return loaded; }
     Form* ActiveForm() const { return activeForm.lock().get(); }
 
-    // Ends the program at once: no further event, all pumps return, every handler is left.
+    // Ends the program at once. No further event is raised, all pumps return, and every handler is
+    // left.
     [[noreturn]] virtual void End() = 0;
     bool HasEnded() const { return ended; }
     // The user is logging off: forms save without asking.
     bool IsSessionEnding() const { return sessionEnding; }
     void MarkSessionEnding() { sessionEnding = true; }
 
-    // A gesture or a round of ticks, with everything that its handlers do. Numbers are unique.
+    // One gesture or one round of ticks, with everything that its handlers do. Numbers are unique.
     struct Action {
         std::uint64_t number = 0;
         bool isUsers = false;  // a gesture, not a round of ticks
     };
     Action CurrentAction() const { return action; }
-    // The rest of the running handler counts as a new action of the user.
+    // Makes the rest of the running handler count as a new action of the user.
     void BeginUsersAction() { action = {++actions, true}; }
 
-    // Called when the program ends because of an error that no handler trapped, before the forms
-    // go. Exceptions from it are ignored.
+    // Called when an error that no handler trapped ends the program, before the forms are unloaded.
+    // Exceptions from it are ignored.
     std::function<void()> onFatalError;
 
     // Makes the form the active one. Form_Activate runs unless the form is active already.
@@ -57,10 +59,10 @@ class Application {
     virtual ~Application();
 
     std::vector<std::shared_ptr<Form>> loaded;
-    std::vector<std::weak_ptr<Form>> dirty;  // visibility or state to be shown by the stage
+    std::vector<std::weak_ptr<Form>> dirty;  // forms whose visibility or state the stage must show
     std::unordered_map<std::type_index, std::shared_ptr<Form>> defaults;
     Action action;
-    std::uint64_t actions = 0;  // so far
+    std::uint64_t actions = 0;  // number of actions so far
     bool ended = false;
 
   private:
@@ -78,15 +80,15 @@ class Application {
     void AddLoaded(Form& form);
     void RemoveLoaded(Form& form);
     void MarkDirty(Form& form);
-    // Makes another form active, because leaving is hidden, minimised or unloaded.
+    // Makes another form active because leaving was hidden, minimised or unloaded.
     void ActivateNext(const Form& leaving);
 
-    std::vector<std::weak_ptr<Form>> activationOrder;  // last is the most recent
+    std::vector<std::weak_ptr<Form>> activationOrder;  // the last form is the most recent
     std::weak_ptr<Form> activeForm;
     bool sessionEnding = false;
 };
 
-// The default instance of a class. It is made when it is first mentioned, but not loaded.
+// The default instance of a class. It is created, but not loaded, at the first call.
 template <class T>
 T& Default() {
     Application& application = Application::Current();
@@ -106,8 +108,8 @@ T* LoadedDefault() {
     return form != nullptr && form->IsLoaded() ? static_cast<T*>(form) : nullptr;
 }
 
-// A further instance. The caller's pointer keeps it alive until it is loaded; then the runtime
-// does.
+// Creates a further instance. The caller's pointer keeps it alive until it is loaded. Then the
+// runtime keeps it alive.
 template <class T>
 std::shared_ptr<T> New() {
     auto form = std::make_shared<T>();

@@ -32,10 +32,10 @@ enum class ControlKind {
 enum MouseButton : int { leftButton = 1, rightButton = 2, middleButton = 4 };
 
 using ClickHandler = std::function<void()>;
-// x and y in twips from the control's own corner.
+// x and y are in twips, from the control's own corner.
 using MouseHandler = std::function<void(int button, int x, int y)>;
 
-// A place on a form. Lengths in twips (15 to a pixel at 96 dpi).
+// A place on a form, in twips (15 to a pixel at 96 dpi).
 struct Rect {
     int left = 0;
     int top = 0;
@@ -53,7 +53,7 @@ class Control : public Observed {
     virtual ~Control() = default;
 
     const ControlKind kind;
-    const char* const name;  // as in the code: "cmdStart"; arrays share one name
+    const char* const name;  // for example "cmdStart"; the controls of an array share it
     Form& form;
 
     Property<int> left{*this, Aspect::Bounds};
@@ -64,36 +64,39 @@ class Control : public Observed {
     Property<bool> enabled{*this, Aspect::Enabled, true};
     Property<std::string> toolTip{*this, Aspect::ToolTip};
 
-    // The frame that holds the control, or null for the form itself. left and top count from the
-    // container's corner. Set in Design only.
+    // The frame that contains the control, or null if the form itself does. left and top are
+    // relative to the container's corner. Set in Design only.
     Control* container = nullptr;
-    // Place in the order of the Tab key among the form's controls; -1: that of the declaration.
-    // Set in Design only.
+    // Place in the order of the Tab key among the form's controls. -1: the place of the
+    // declaration. Set in Design only.
     int tabIndex = -1;
-    // Name that a screen reader speaks if the control has no caption and no label before it.
+    // The name that a screen reader speaks if the control has neither a caption nor a label before
+    // it.
     std::string accessibleName;
 
     MouseHandler MouseUp;
 
-    // Counted from the corner of the form's inside, also if a frame contains the control.
+    // The place relative to the corner of the form's inside, even if a frame contains the control.
     Rect PlaceOnForm() const;
     void Place(int newLeft, int newTop, int newWidth, int newHeight);
     void PlaceIn(Control& newContainer, int newLeft, int newTop, int newWidth, int newHeight);
 
-    // Gives the control the keyboard focus: now, and its form becomes the active one, or, if the
-    // form is not visible, when the form is shown.
+    // Gives the control the keyboard focus and makes its form the active one. If the form is not
+    // visible, both happen when the form is shown.
     void SetFocus();
     bool HasFocus() const;
     virtual bool CanHaveFocus() const { return false; }
-    // Whether the user can give it the focus now, if the form can be used.
+    // Whether the user can give the control the focus now. Does not check whether the form is
+    // usable.
     bool CanTakeFocus() const;
-    // Whether the Tab key stops at it now.
+    // Whether the Tab key stops at the control now.
     virtual bool IsTabStop() const { return CanTakeFocus(); }
     // Whether the control itself handles the Enter key while it has the focus.
     virtual bool TakesEnter() const { return false; }
-    // Whether the menu key opens a menu of its own.
+    // Whether the menu key opens a menu of the control's own.
     virtual bool HasOwnMenu() const { return false; }
-    // If controls overlap, the pointer finds the one with the highest rank. 0: it finds none.
+    // If controls overlap, the pointer finds the control with the highest rank. The pointer never
+    // finds a control of rank 0.
     virtual int PointerRank() const { return 3; }
 
     // Whether the control and all its containers are visible.
@@ -103,7 +106,8 @@ class Control : public Observed {
 
     // Shows the change on the stage, then calls AfterChange.
     void Changed(Aspect aspect) final;
-    // The control's own reaction to the change of a property: raises the event for it, if any.
+    // The control's own reaction to a changed property. Raises the event for the change, if there
+    // is one.
     virtual void AfterChange(Aspect /*aspect*/) {}
     // Called by Gestures only, when the user has clicked or double-clicked the control.
     virtual void Clicked() {}

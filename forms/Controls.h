@@ -14,8 +14,9 @@
 #include "forms/Devices.h"
 #include "forms/ImageList.h"
 
-// All kinds of control. They raise the events for both stages: when the user acts (gestures call
-// Clicked, Selected and so on) and, if the comment says so, when code assigns a different value.
+// All kinds of control. They raise the same events on both stages: when the user acts (gestures
+// call Clicked, Selected and so on) and, if the comment of the class says so, when code assigns a
+// different value.
 namespace forms {
 
 // Controls of one class that share a name. An option button also has its index in the array.
@@ -46,8 +47,8 @@ class Captioned : public Control {
     using Control::Control;
 
     Property<std::string> caption{*this, Aspect::Caption};
-    // Whether an ampersand in the caption marks an access key. False if the caption is data, such
-    // as a title, which may contain an ampersand. Set in Design only.
+    // Whether an ampersand in the caption marks an access key. Set it to false if the caption is
+    // data that may contain an ampersand, for example a title. Set in Design only.
     bool useMnemonic = true;
 };
 
@@ -59,12 +60,13 @@ class Label : public Captioned {
         : Captioned(parent, ControlKind::Label, controlName) {}
 
     Property<int> fontSize{*this, Aspect::FontSize, 0};  // points; 0: the form's font
-    Property<std::optional<Color>> foreColor{*this, Aspect::ForeColor};  // none: the system's
-    // Set in Design only. Empty: the form's font. Lives as long as the label, as a literal does.
+    Property<std::optional<Color>> foreColor{*this, Aspect::ForeColor};  // empty: system colour
+    // Set in Design only. Empty: the form's font. The text must live as long as the label, as a
+    // literal does.
     const char* fontName = "";
     bool bold = false;  // set in Design only
     Alignment alignment = Alignment::Left;
-    // The label takes the size of its text when its text or its font size changes.
+    // If true, the label takes the size of its text whenever its text or its font size changes.
     bool autoSize = false;
     ClickHandler Click;
 
@@ -98,10 +100,11 @@ class TextBox : public Control {
 
     bool multiLine = false;  // set in Design only
     bool readOnly = false;   // set in Design only
-    // The menu key opens the menu of the form instead of the text's own. Set in Design only.
+    // If true, the menu key opens the form's menu instead of the text box's own. Set in Design
+    // only.
     bool leavesMenuKey = false;
     Property<int> fontSize{*this, Aspect::FontSize, 0};
-    Property<std::optional<Color>> backColor{*this, Aspect::BackColor};  // none: the system's
+    Property<std::optional<Color>> backColor{*this, Aspect::BackColor};  // empty: system colour
     Property<std::optional<Color>> foreColor{*this, Aspect::ForeColor};
 
     ClickHandler Change;
@@ -112,8 +115,8 @@ class TextBox : public Control {
     void DoubleClicked() override { Raise(DoubleClick); }
     bool TakesEnter() const override { return multiLine && !readOnly; }
     bool HasOwnMenu() const override { return !leavesMenuKey; }
-    // Called by Gestures only: the user has changed the content on the stage. It is fetched when it
-    // is next read.
+    // Called by Gestures only, when the user has changed the content on the stage. The next read of
+    // the text fetches the new content.
     void Typed();
 };
 
@@ -121,7 +124,8 @@ class CommandButton : public Captioned {
   public:
     CommandButton(Form* parent, const char* controlName)
         : Captioned(parent, ControlKind::CommandButton, controlName) {}
-    // Whether Enter (unless another button has the focus) and Escape press the button.
+    // Enter presses the default button, unless another button has the focus. Escape presses the
+    // cancel button.
     Property<bool> isDefault{*this, Aspect::Default, false};
     Property<bool> isCancel{*this, Aspect::Default, false};
     ClickHandler Click;
@@ -148,20 +152,21 @@ class CheckBox : public Captioned {
     void Clicked() override { value = value() == 1 ? 0 : 1; }
 };
 
-// One of the buttons of a container, of which at most one is selected. Raises Click when it becomes
-// selected, by the user or by code; nothing is raised for the button that loses the selection.
+// A button of a container in which at most one button is selected. Raises Click when it becomes
+// selected, by the user or by code. A button that loses the selection raises nothing.
 class OptionButton : public Captioned {
   public:
     OptionButton(Form* parent, const char* controlName, int arrayIndex = 0)
         : Captioned(parent, ControlKind::OptionButton, controlName), index(arrayIndex) {}
     const int index;  // place in its control array
     Property<bool> value{*this, Aspect::Value, false};
-    Property<std::optional<Color>> backColor{*this, Aspect::BackColor};  // none: the system's
+    Property<std::optional<Color>> backColor{*this, Aspect::BackColor};  // empty: system colour
     ClickHandler Click;
     bool CanHaveFocus() const override { return true; }
     void AfterChange(Aspect aspect) override;
     void Clicked() override { value = true; }
-    // One button of a container is the Tab stop: the selected one, else the first that can be used.
+    // One button of each container is the Tab stop: the selected button, or else the first usable
+    // one.
     bool IsTabStop() const override;
 };
 
@@ -187,7 +192,7 @@ class ComboBox : public Control {
     void AfterChange(Aspect aspect) override;
 };
 
-// A list that is always hidden: no stage shows it. Raises Click when its index changes.
+// A list that is always hidden, so that no stage shows it. Raises Click when its index changes.
 class ListBox : public Control {
   public:
     ListBox(Form* parent, const char* controlName)
@@ -213,26 +218,26 @@ class ListView : public Control {
     struct Row {
         std::string key;                 // unique unless empty
         int image = -1;                  // place in imageList; -1: none
-        std::vector<std::string> texts;  // one a column
+        std::vector<std::string> texts;  // one text for each column
         bool operator==(const Row&) const = default;
     };
 
     std::vector<Column> columns;           // set in Design only
-    const ImageList* imageList = nullptr;  // of the same form; set in Design only
+    const ImageList* imageList = nullptr;  // an image list of the same form; set in Design only
 
-    // Puts a text into the column with this key. RuntimeError 9 if there is none.
+    // Sets the text in the column with this key. RuntimeError 9 if there is no such column.
     void SetText(Row& row, const std::string& columnKey, const std::string& text) const;
     const std::vector<Row>& Rows() const { return rows; }
     // position counts from 0. RuntimeError 457 if another row has the key.
     void InsertRow(std::size_t position, Row row);
     void AddRow(Row row) { InsertRow(rows.size(), std::move(row)); }
-    void RemoveRow(std::size_t position);  // RuntimeError 9 if there is none
+    void RemoveRow(std::size_t position);  // RuntimeError 9 if there is no such row
     void Clear();
     // -1 if no row is selected.
     int SelectedRow() const { return selectedRow; }
     void Select(int position);    // no event
     void Selected(int position);  // called by Gestures only
-    // Between these, changes of rows are not shown; EndUpdate shows them all.
+    // Changes of rows between these two calls are not shown until EndUpdate.
     void BeginUpdate() { ++updating; }
     void EndUpdate();
 
@@ -306,12 +311,12 @@ class Toolbar : public Control {
         bool enabled = true;
         bool operator==(const Button&) const = default;
     };
-    const ImageList* imageList = nullptr;  // of the same form; set in Design only
+    const ImageList* imageList = nullptr;  // an image list of the same form; set in Design only
     Property<std::vector<Button>> buttons{*this, Aspect::Items};
     std::function<void(const std::string& key)> ButtonClick;
     bool CanHaveFocus() const override { return true; }
     void Pressed(const std::string& key);  // called by Gestures only
-    // Presses the button that the arrow keys have reached.
+    // Enter presses the button that the user has reached with the arrow keys.
     bool TakesEnter() const override { return true; }
 };
 

@@ -19,11 +19,12 @@ class Form;
 class Clock {
   public:
     virtual ~Clock() = default;
-    // The wall clock: local date and time of day, whole seconds.
+    // The wall clock: the local date and time of day, in whole seconds.
     virtual base::DateTime Now() = 0;
     // Milliseconds into the current second of the wall clock, 0 to 999.
     virtual int MillisecondOfSecond() = 0;
-    // Milliseconds since a fixed moment. It never goes back, even if the wall clock is set.
+    // Milliseconds since a fixed moment. The value never decreases, even if the wall clock is set
+    // back.
     virtual std::int64_t MonotonicMilliseconds() = 0;
 };
 
@@ -35,53 +36,53 @@ struct FileEntry {
     bool operator==(const FileEntry&) const = default;
 };
 
-// A file that this program keeps from all others. Destroying the lock removes the file.
+// A file that this program has locked against all others. Destroying the lock removes the file.
 class FileLock {
   public:
     virtual ~FileLock() = default;
 };
 
-// Whether a call returns before its bytes are on the medium. A file that is only cached survives
-// the end of the program, but not that of the machine.
+// Whether a call returns only after its bytes are on the medium. If the bytes are only cached, the
+// file survives the end of the program, but not a failure of the machine.
 enum class Durability { Flushed, Cached };
 
 struct WriteOptions {
-    bool mustBeNew = false;  // RuntimeError 58 if the file is there
+    bool mustBeNew = false;  // RuntimeError 58 if the file exists
     Durability durability = Durability::Flushed;
 };
 
-// Failures are RuntimeErrors: 52 bad name, 53 no such file, 58 file is there already, 61 disk full,
-// 70 permission denied or sharing violation, 75 path/file access error (read-only, a folder where a
-// file is wanted), 76 no such path, 57 anything else that the device reports.
+// Failures are RuntimeErrors: 52 bad name, 53 no such file, 58 file exists already, 61 disk full,
+// 70 permission denied or sharing violation, 75 path/file access error (read-only, or a folder
+// instead of a file), 76 no such path, 57 any other error that the device reports.
 class FileSystem {
   public:
     virtual ~FileSystem() = default;
     virtual bool FolderExists(const std::string& path) = 0;
     virtual bool FileExists(const std::string& path) = 0;
     virtual void MakeFolder(const std::string& path) = 0;
-    // The files (not folders) of a folder whose names end in suffix (letters of either case),
-    // in the order of the listing. Empty if the folder does not exist.
+    // The files of a folder whose names end in suffix (in upper or lower case), in the order of the
+    // listing. Does not list folders. Empty if the folder does not exist.
     virtual std::vector<FileEntry> List(const std::string& folder, const std::string& suffix) = 0;
-    // The file's name in the disk's spelling, which may differ from the path's in upper and lower
-    // case. The name in the path if there is no such file.
+    // The file's name as the disk spells it. It may differ from the name in the path in upper and
+    // lower case. If there is no such file, returns the name in the path.
     virtual std::string NameOnDisk(const std::string& path) = 0;
     virtual std::string Read(const std::string& path) = 0;
     // Creates or truncates the file and writes all bytes.
     virtual void Write(const std::string& path, const std::string& bytes, WriteOptions options) = 0;
     void Write(const std::string& path, const std::string& bytes) { Write(path, bytes, {}); }
-    // Renames over an existing file in one step of the file system.
+    // Renames the file, and replaces an existing file in one step of the file system.
     virtual void Replace(const std::string& from, const std::string& to, Durability durability) = 0;
     void Replace(const std::string& from, const std::string& to) {
         Replace(from, to, Durability::Flushed);
     }
     virtual void Delete(const std::string& path) = 0;
-    // Moves the file to the Recycle Bin. False, and the file stays, if there is no Recycle Bin for
-    // it.
+    // Moves the file to the Recycle Bin. Returns false, and leaves the file where it is, if no
+    // Recycle Bin can take it.
     virtual bool Recycle(const std::string& path) = 0;
     virtual void Copy(const std::string& from, const std::string& to) = 0;
-    // Locks the file, and makes it if it is missing; the folder must exist. Null if another program
-    // holds the lock; a RuntimeError if no lock is possible. When the program ends, even by a
-    // crash, the system releases the lock.
+    // Locks the file, and creates it if it is missing. The folder must exist. Returns null if
+    // another program holds the lock. RuntimeError if no lock is possible. When the program ends,
+    // even by a crash, the system releases the lock.
     virtual std::unique_ptr<FileLock> Lock(const std::string& path) = 0;
 };
 
@@ -94,19 +95,19 @@ class SettingsStore {
                        const std::string& value) = 0;
 };
 
-// Plays sounds. Errors are not reported.
+// Plays sounds. Does not report errors.
 class Sound {
   public:
     virtual ~Sound() = default;
     enum class Mode { Once, Loop };
-    // Returns at once. A sound that was playing stops.
+    // Starts the sound and returns at once. Stops a sound that is playing.
     virtual void Play(const std::string& wavePath, Mode mode) = 0;
-    // Returns when the sound is over. No handler runs until then.
+    // Plays the sound and returns when it has ended. No handler runs until then.
     virtual void PlayToEnd(const std::string& wavePath) = 0;
     virtual void Stop() = 0;
 };
 
-// The notification-area record, first version of the system's own structure.
+// The record of an icon in the notification area: the first version of the system's own structure.
 struct TrayRecord {
     std::uint32_t structureSize = 0;
     Form* owner = nullptr;  // its window gets the callback message; not owned
@@ -114,7 +115,7 @@ struct TrayRecord {
     std::uint32_t flags = 0;
     std::uint32_t callbackMessage = 0;
     std::string iconPath;  // icon file
-    std::string tip;       // exactly 64 characters as the structure's fixed field holds them
+    std::string tip;       // exactly 64 characters, the size of the structure's fixed field
 };
 
 class Tray {
@@ -145,8 +146,8 @@ struct FileDialogRequest {
 class Shell {
   public:
     virtual ~Shell() = default;
-    // Performs verb "Open" with the desktop as parent, no parameters and the normal show state.
-    // Returns the system's result code; above 32 is success.
+    // Performs the verb "Open" with the desktop as parent, no parameters and the normal show state.
+    // Returns the system's result code. A code above 32 means success.
     virtual int Open(const std::string& document, const std::string& workingFolder) = 0;
     // Shows a help file. command is the help viewer's own command number.
     virtual void ShowHelp(const std::string& helpFile, int command) = 0;
@@ -166,7 +167,7 @@ class Pictures {
     virtual Picture Load(const std::string& path) = 0;
 };
 
-// Texts in the forms that the user chose in the system's settings.
+// Texts in the formats that the user chose in the system's settings.
 class Locale {
   public:
     virtual ~Locale() = default;
@@ -175,15 +176,16 @@ class Locale {
     virtual std::string WeekdayName(base::DateTime value) = 0;  // "Friday"
     virtual base::NumberFormat Numbers() = 0;
     virtual std::string ToUpper(const std::string& text) = 0;
-    // The system's ANSI code page. ToAnsi is empty if it lacks a character of the text.
+    // ToAnsi converts to the system's ANSI code page. It returns nothing if the code page lacks a
+    // character of the text.
     virtual std::optional<std::string> ToAnsi(const std::string& utf8) = 0;
     virtual std::string FromAnsi(const std::string& bytes) = 0;
-    // Date and time as one text: short date, blank, time. At midnight it is the date alone; if the
-    // date is the zero date, it is the time alone.
+    // Date and time as one text: the short date, a blank, the time. A value at midnight is shown as
+    // the date alone, and a value with the zero date as the time alone.
     std::string GeneralDate(base::DateTime value);
 
   private:
-    // The last result: a hundred windows ask for the same second.
+    // The last result is kept, because a hundred windows ask for the same second.
     base::DateTime lastMoment;
     std::string lastMomentText;
 };
@@ -193,17 +195,20 @@ class System {
     virtual ~System() = default;
     // Folder of the executable, without a trailing backslash.
     virtual std::string ApplicationFolder() = 0;
-    // Whether another copy runs for the same user. The first call also registers this copy.
+    // Whether another copy of the program runs for the same user. The first call also registers
+    // this copy.
     virtual bool PreviousInstance() = 0;
-    // The platform version number: lowest byte major, second byte minor.
+    // The version number of the system: the lowest byte is the major number, the second byte the
+    // minor.
     virtual std::uint32_t Version() = 0;
-    // Letters and digits that differ from those of any other running program, on any machine.
+    // Letters and digits. They differ from the instance ids of all other running programs on all
+    // machines.
     virtual std::string InstanceId() = 0;
-    // Returns after this time. No handler runs until then.
+    // Waits for this time. No handler runs until then.
     virtual void Pause(int milliseconds) = 0;
 };
 
-// All devices; not owned. Every pointer is set before the runtime starts.
+// All devices. They are not owned. Every pointer is set before the runtime starts.
 struct Devices {
     Clock* clock = nullptr;
     FileSystem* files = nullptr;
@@ -217,7 +222,7 @@ struct Devices {
     System* system = nullptr;
 };
 
-// The devices that the program runs on.
+// The devices of the running program.
 Devices& Machine();
 
 }  // namespace forms

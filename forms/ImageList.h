@@ -8,8 +8,8 @@ namespace forms {
 
 class Form;
 
-// The pictures of a toolbar or a list, each with a key of its own. A member of its form, like the
-// controls, and filled in Design only.
+// The pictures of a toolbar or a list, each with a unique key. An image list is a member of its
+// form, like the controls, and is filled in Design only.
 class ImageList {
   public:
     ImageList(Form* parent, const char* listName) : name(listName), form(*parent) {}
@@ -26,7 +26,7 @@ class ImageList {
     Form& form;
     std::vector<Image> images;
 
-    // Counts from 0. RuntimeError 9 if there is no such key.
+    // The index of the picture, from 0. RuntimeError 9 if there is no such key.
     int IndexOf(std::string_view key) const;
     // The name of the icon; empty if there is no such key.
     std::string ResourceOf(std::string_view key) const;

@@ -2,8 +2,8 @@
 
 #include "forms/Form.h"
 
-// The keys that a form handles, not the control that has the focus. The stages translate native
-// keys into these functions and decide nothing about them.
+// Handles the keys that belong to the form instead of the control that has the focus. The stages
+// only translate native keys into calls of these functions.
 namespace forms::gestures {
 
 enum class KeyUse {
@@ -12,18 +12,18 @@ enum class KeyUse {
     ByControl,  // the control that has the focus handles the key itself
 };
 
-// Moves the focus to the next Tab stop, or to the one before.
+// Moves the focus to the next or the previous Tab stop.
 KeyUse PressTab(Form& form, bool backward = false);
-// Alt and a letter, small or capital. The key of a label or a frame leads to the control that
-// follows it. A single control with the key gets the focus and is pressed; of several the next one
-// behind the focus gets the focus only.
+// Handles Alt and a letter, in either case. The access key of a label or a frame leads to the
+// control after it. If only one control has the key, it gets the focus and is pressed. If several
+// have it, the next of them after the focus gets the focus and is not pressed.
 KeyUse PressAccessKey(Form& form, char letter);
 // Presses the button that has the focus, else the default button.
 KeyUse PressEnter(Form& form);
-// Presses the Cancel button; closes a dialog that has none.
+// Presses the cancel button. Closes a dialog without a cancel button.
 KeyUse PressEscape(Form& form);
-// The menu key or Shift+F10: the right mouse button over the control that has the focus if it
-// reacts to that, else over the form.
+// Handles the menu key or Shift+F10 like a click of the right mouse button. The click goes to the
+// control that has the focus if it reacts to the right button, else to the form.
 KeyUse PressMenuKey(Form& form);
 
 }  // namespace forms::gestures

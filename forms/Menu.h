@@ -11,8 +11,8 @@ namespace forms {
 class Form;
 
 // An entry of a menu: a command, a sub-menu, or a separator (caption "-"). Entries are members of
-// their form. An entry without a parent is a top-level menu, in the menu bar unless Design clears
-// inMenuBar.
+// their form. An entry without a parent is a top-level menu. It appears in the menu bar unless
+// Design clears inMenuBar.
 class Menu final : public Observed {
   public:
     Menu(Form* parentForm, const char* menuName, const char* menuCaption = "");
@@ -22,7 +22,7 @@ class Menu final : public Observed {
     Form& form;
     Menu* const parent;
     std::vector<Menu*> entries;
-    bool inMenuBar = true;  // top-level only; false: opened with PopupMenu alone
+    bool inMenuBar = true;  // for top-level menus; false: opened with PopupMenu only
 
     Property<std::string> caption;
     Property<bool> enabled{*this, Aspect::Enabled, true};

@@ -11,19 +11,19 @@ enum class BoxResult { Ok, Yes, No };
 struct MsgBoxOptions {
     BoxButtons buttons = BoxButtons::Ok;
     BoxIcon icon = BoxIcon::None;
-    bool secondIsDefault = false;  // No answers Enter
+    bool secondIsDefault = false;  // Enter answers No
 };
 
-// The contents of a box: copies, so that no handler can change them while the box is open.
+// The contents of a box. They are copies, so that no handler can change them while the box is open.
 struct BoxRequest {
     std::string text;
     std::string caption;
     MsgBoxOptions options;
 };
 
-// Shows a box and waits for its answer. Until then, timers tick and other events go on; the user
-// cannot reach the windows, but can use the tray icon. A Yes/No box cannot be closed; closing an OK
-// box answers OK.
+// Shows a box and waits for its answer. Until then, timers tick and other events go on. The user
+// cannot use the windows, but can use the tray icon. A Yes/No box cannot be closed without an
+// answer. Closing an OK box answers OK.
 BoxResult MsgBox(const std::string& text, MsgBoxOptions options, const std::string& caption);
 
 }  // namespace forms

@@ -5,7 +5,7 @@
 
 namespace forms {
 
-// The part of a form or a control that has changed and that the stage must show again.
+// The part of a form or a control that has changed, so that the stage must show it again.
 enum class Aspect : std::uint8_t {
     Caption,  // caption of a form, a label, a button, a menu item
     Text,     // content of a text box

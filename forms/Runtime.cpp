@@ -10,7 +10,8 @@ namespace forms {
 
 namespace {
 
-// The stage keeps typed text until the text box is read.
+// The stage keeps typed text until the text box is read. So fetch it before the stage discards the
+// form.
 void FetchTypedTexts(const Form& form) {
     for (Control* control : form.Controls()) {
         if (const auto* box = dynamic_cast<TextBox*>(control)) {
@@ -61,7 +62,7 @@ void Runtime::Dispatch(Form* form, const std::function<void()>& handler) {
             ReportAndEnd(base::RuntimeError(base::ErrorNumber::OutOfMemory));
         }
     } catch (const ProgramEnded&) {
-        // Every pump on the stack is returning; its callers leave their handlers in turn.
+        // Every pump on the stack returns. Its callers leave their handlers one after the other.
     }
     --depth;
     --busyCount;
@@ -81,7 +82,8 @@ void Runtime::EndNow() {
         return;
     }
     ended = true;
-    // Handlers of these forms may be on the stack: the objects live until the runtime is destroyed.
+    // Handlers of these forms may be on the stack, so the forms live until the runtime is
+    // destroyed.
     for (const auto& form : loaded) {
         for (Timer* timer : form->timers) {
             timers.Remove(*timer);
@@ -107,7 +109,7 @@ void Runtime::ReportAndEnd(const base::RuntimeError& error) {
         try {
             onFatalError();
         } catch (const base::RuntimeError&) {
-            // It failed for the second time. The rest still ends in order.
+            // This is a second error. The rest of the program still ends in order.
         } catch (const std::bad_alloc&) {
             // As above.
         }
@@ -162,7 +164,8 @@ void Runtime::RunDueTimers() {
     Rearm();
 }
 
-// Arms the stage's timer once for a hundred timers that change in one handler or tick in one round.
+// If a hundred timers change in one handler or tick in one round, the stage's timer is armed only
+// once.
 void Runtime::Rearm() {
     if (busyCount == 0) {
         ArmNow();

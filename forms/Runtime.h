@@ -12,11 +12,11 @@
 
 namespace forms {
 
-// Runs the handlers of the program's forms, its timers and its waits. Stages and gestures use it;
-// windows use its base Application.
+// Runs the handlers of the program's forms, its timers and its waits. Stages and gestures use this
+// class. Windows use its base class Application.
 class Runtime final : public Application {
   public:
-    // name: the program's name, which is the caption of the report of a fatal error.
+    // name is the program's name. It is the caption of the message box that reports a fatal error.
     Runtime(Stage& runtimeStage, std::string name);
     ~Runtime() override;
     Runtime(const Runtime&) = delete;
@@ -24,12 +24,13 @@ class Runtime final : public Application {
 
     static Runtime& Current();
 
-    // Runs the start-up routine, then events until no form is loaded or the program ends.
+    // Runs the start-up routine, then handles events until no form is loaded or the program ends.
     void Run(const std::function<void()>& startUp);
 
-    // The only entry from outside. Keeps the form (may be null) alive, runs the handler and brings
-    // the stage up to date. Reports an error that the handler did not trap, and ends the program in
-    // order. Does nothing once the program has ended.
+    // All calls of handlers from outside go through this function. It keeps the form (which may be
+    // null) alive, runs the handler and brings the stage up to date. If the handler does not trap
+    // an error, it reports the error and ends the program in an orderly way. Does nothing if the
+    // program has ended.
     void Dispatch(Form* form, const std::function<void()>& handler);
 
     [[noreturn]] void End() override;
@@ -37,13 +38,13 @@ class Runtime final : public Application {
     Stage& stage;
     TimerQueue timers;
 
-    // Called by the stage at the time that ArmTimer named.
+    // Called by the stage at the time that was passed to ArmTimer.
     void RunDueTimers();
 
     // Brings the stage up to date.
     void Settle();
-    // The only way to let events in during a handler: brings the stage up to date and calls pump.
-    // Throws ProgramEnded if the program has ended by then.
+    // Brings the stage up to date and calls pump. During a handler, events must be let in only by
+    // this function. Throws ProgramEnded if the program has ended.
     void Wait(const std::function<void()>& pump);
 
   private:
@@ -51,15 +52,16 @@ class Runtime final : public Application {
 
     void ReportAndEnd(const base::RuntimeError& error);
     void EndNow();
-    // Tells the stage when the next tick is due: now, or at the end of the outermost handler.
+    // Tells the stage when the next tick is due. Rearm tells it at the end of the outermost
+    // handler, ArmNow at once.
     void Rearm();
     void ArmNow();
 
     const std::string programName;
     std::optional<std::int64_t> armedFor;
-    int depth = 0;         // handlers on the stack since the last wait
-    int busyCount = 0;     // handlers and rounds of ticks on the stack since the last wait
-    bool failing = false;  // reporting an error that no handler trapped
+    int depth = 0;      // number of handlers on the stack since the last wait
+    int busyCount = 0;  // number of handlers and rounds of ticks on the stack since the last wait
+    bool failing = false;  // an error that no handler trapped is being reported
 };
 
 }  // namespace forms

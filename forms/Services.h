@@ -10,28 +10,30 @@
 #include "forms/Devices.h"
 #include "forms/Stage.h"
 
-// Functions that handlers call, all on the devices of Machine().
+// Functions for handlers. They use the devices of Machine().
 namespace forms {
 
 class Form;
 
-base::DateTime Now();    // date and time; of the round of ticks in a polling timer, see Timer
+base::DateTime Now();  // date and time; in a polling timer, those of the round of ticks, see Timer
 base::DateTime Today();  // date only
-// "C:\\Jotwright" + "\\logo.ico": a path below the application folder. relative begins with a
-// backslash.
+// A path below the application folder, for example "C:\\Jotwright" + "\\logo.ico". relative begins
+// with a backslash.
 std::string ApplicationPath(const std::string& relative);
 
-// The number format that the user chose in the system's settings, and base's functions with it.
+// UserNumbers returns the number format that the user chose in the system's settings. The other
+// functions call those of base with this format.
 base::NumberFormat UserNumbers();
 bool IsNumeric(std::string_view text);
 std::int16_t ToInteger16(std::string_view text);
 
 Picture LoadPicture(const std::string& path);
 void SetMousePointer(MousePointer pointer);
-// Of a pixel at 96 dpi, at every scale of a monitor: a stage converts its own pixels to twips.
+// Twips to a pixel at 96 dpi. The value does not depend on the scale of a monitor: a stage converts
+// its own pixels to twips.
 constexpr int TwipsPerPixelX() { return 15; }
-// Shows the system's dialog for opening a file; empty if the user cancels. Handlers may run while
-// it is open.
+// Shows the system's dialog for opening a file. Empty if the user cancels. Handlers may run while
+// the dialog is open.
 std::optional<std::string> ShowOpenDialog(Form& form, const FileDialogRequest& request);
 
 }  // namespace forms

@@ -16,49 +16,51 @@ struct Size {
 
 enum class MousePointer { Default, Hourglass };
 
-// Shows the models to a person. The runtime and the models call it; it changes a model only through
-// Gestures.h and Keyboard.h. A stage may make native windows as late as it likes: a form that was
-// never shown needs none.
+// Shows the models to the user. The runtime and the models call the stage. The stage changes a
+// model only through Gestures.h and Keyboard.h. It may create native windows as late as possible: a
+// form that was never shown needs none.
 class Stage {
   public:
     virtual ~Stage() = default;
 
     virtual void FormLoaded(Form& form) = 0;
-    // The form is unloaded: the stage discards everything that it made for it. Also called for a
-    // form that was never shown.
+    // Called when the form is unloaded, even if it was never shown. The stage discards everything
+    // that it created for the form.
     virtual void FormUnloaded(Form& form) = 0;
-    // Makes the screen match the form: visible or not, in its window state. Called at the end of
-    // the handler in which one of them changed, or before that handler waits for something.
+    // Makes the screen match the form's visibility and window state. Called at the end of the
+    // handler in which one of them changed, or before that handler waits for something.
     virtual void ShowOrHide(Form& form) = 0;
-    // A property changed, of a form that is loaded.
+    // Called when a property of a loaded form has changed.
     virtual void FormChanged(Form& form, Aspect aspect) = 0;
     virtual void ControlChanged(Control& control, Aspect aspect) = 0;
     virtual void MenuChanged(Menu& menu, Aspect aspect) = 0;
-    // IsUsable of the form has changed, because a modal form was shown or is gone.
+    // Called when the result of form.IsUsable() has changed, because a modal form was shown or
+    // closed.
     virtual void UsableChanged(Form& form) = 0;
     virtual void FocusMoved(Control& control) = 0;
     virtual void BringToForeground(Form& form) = 0;
-    // The text that the user typed into a box since it was last fetched.
+    // The text that the user has typed into a box since the last call.
     virtual std::string FetchText(TextBox& textBox) = 0;
 
-    // These wait and let events in. Each returns at once when the runtime ends.
+    // These functions wait and let events in. Each returns at once when the runtime ends.
     virtual BoxResult ShowMessageBox(const BoxRequest& request) = 0;
-    virtual void RunModal(Form& form) = 0;                    // until !form.IsVisible()
-    virtual Menu* ShowPopupMenu(Form& form, Menu& menu) = 0;  // chosen entry or null
+    virtual void RunModal(Form& form) = 0;                    // returns when !form.IsVisible()
+    virtual Menu* ShowPopupMenu(Form& form, Menu& menu) = 0;  // the chosen entry, or null
     virtual std::optional<std::string> ShowOpenDialog(Form& form,
                                                       const FileDialogRequest& request) = 0;
-    virtual void RunMainLoop() = 0;  // until no form is loaded
+    virtual void RunMainLoop() = 0;  // returns when no form is loaded
 
-    // The runtime ends: every pump returns soon.
+    // Called when the runtime ends. Every pump must return soon.
     virtual void Quit() = 0;
-    // The stage must call Runtime::RunDueTimers at this time (monotonic milliseconds; empty:
-    // never), and at once if it has passed. A flood of events must not delay the call for long.
+    // The stage must call Runtime::RunDueTimers at this time (in monotonic milliseconds; empty:
+    // never), and at once if the time has passed. Other events must not delay the call for long,
+    // however many there are.
     virtual void ArmTimer(std::optional<std::int64_t> due) = 0;
 
-    // Size of a text of several lines; fontSize in points, 0 for the form's own font.
+    // The size of a text of one or more lines. fontSize is in points, or 0 for the form's own font.
     virtual Size MeasureText(const Form& form, const std::string& text, int fontSize) = 0;
     virtual Size InnerSize(const Form& form) = 0;
-    // The size that title bar, menu bar and border add to the inner size.
+    // The size that the title bar, the menu bar and the border add to the inner size.
     virtual Size FrameSize(const Form& form) = 0;
     virtual void SetMousePointer(MousePointer pointer) = 0;
 };

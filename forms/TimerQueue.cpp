@@ -14,13 +14,13 @@ namespace {
 
 constexpr std::int64_t second = 1000;
 constexpr std::int64_t middle = 500;
-// The grid does not move if the wall clock has drifted from the monotonic clock by no more than
-// this.
+// The grid is moved only if the wall clock has drifted from the monotonic clock by more than this.
 constexpr std::int64_t tolerance = 50;
 
 std::int64_t MonotonicNow() { return Machine().clock->MonotonicMilliseconds(); }
 
-// The wall clock in milliseconds, read in one piece.
+// The wall clock in milliseconds. Reads again if a new second begins between reading the seconds
+// and the milliseconds.
 std::int64_t WallNow() {
     Clock& clock = *Machine().clock;
     for (;;) {
@@ -126,7 +126,7 @@ std::int64_t TimerQueue::NextAfter(const Timer& timer, std::int64_t lastDue, std
                                    std::int64_t shown) const {
     const std::int64_t sinceSecond = WallAt(now) % second;
     if (SeesEverySecond(timer) && WallAt(now) >= (shown + 1) * second) {
-        // The ticks before this one took so long that another second has begun.
+        // The earlier ticks took so long that another second has begun.
         return std::max(now, GridPointAfter(now - sinceSecond - 1, second));
     }
     const std::int64_t interval = timer.interval;
@@ -137,7 +137,7 @@ std::int64_t TimerQueue::NextAfter(const Timer& timer, std::int64_t lastDue, std
     if (!SeesEverySecond(timer)) {
         return next;
     }
-    // The handler is about to see the current second; it shall not see it again.
+    // The handler is about to see the current second, and must not see it twice.
     const std::int64_t nextSecond = now - sinceSecond + second;
     return GridPointAfter(std::max(next - middle, nextSecond) - 1, second);
 }
@@ -157,7 +157,7 @@ void TimerQueue::MarkDue(std::int64_t limit) {
         if (timer->due > limit) {
             return;
         }
-        // Skip timers whose handler is running; keep the second of those already marked.
+        // Skip a timer whose handler is running. A timer that is marked already keeps its second.
         if (timer->phase == TimerPhase::ClockSecond && !timer->running && !timer->dueSecond) {
             timer->dueSecond = shown;
         }
@@ -231,12 +231,13 @@ void TimerQueue::MoveGrid(std::int64_t now) {
     gridAnchor = now - OffMiddle(now, now);
     const std::vector<Timer*> all(queue.begin(), queue.end());
     for (Timer* timer : all) {
-        // A tick that is due is not moved: its second would pass unseen. The next tick of the timer
-        // is computed in the new phase.
+        // Do not move a tick that is due: its second would pass unseen. The timer's next tick is
+        // computed in the new phase.
         const bool isDue = timer->dueSecond || (SeesEverySecond(*timer) && timer->due <= now);
         if (timer->phase == TimerPhase::ClockSecond && !isDue) {
             Remove(*timer);
-            // The second that the clock has come to may have been stepped into behind its middle.
+            // The clock may have been set to a time after the middle of a second. Then the tick for
+            // that second is due now.
             const bool isLate = SeesEverySecond(*timer) && timer->seenSecond &&
                                 !HasSeen(*timer, SecondNow()) && OffMiddle(now, now) >= 0;
             Enqueue(*timer, isLate ? now : FirstDue(*timer, now));

@@ -11,38 +11,39 @@ namespace forms {
 
 class Timer;
 
-// All timers of the program in the order of their next ticks. The stage keeps one native timer
-// armed for NextDue() and calls Runtime::RunDueTimers() when it fires, which calls RunDue(). Ticks
-// run only for loaded forms.
+// All timers of the program, in the order of their next ticks. The stage keeps one native timer
+// armed for NextDue(). When it fires, the stage calls Runtime::RunDueTimers(), which calls
+// RunDue(). Only timers of loaded forms tick.
 class TimerQueue {
   public:
-    // A timer was switched on or off, went to rest, or its interval changed.
+    // Call it when a timer was switched on or off, when it was put to rest, or when its interval
+    // changed.
     void Update(Timer& timer);
-    // As Update; if the timer is on, its next tick is due now.
+    // Like Update. If the timer is on, its next tick is due now.
     void StartAtOnce(Timer& timer);
     void Remove(Timer& timer);
 
-    // Monotonic milliseconds of the next tick, of the timers whose handlers are not running; empty
-    // if there is none.
+    // The time of the next tick in monotonic milliseconds. Skips timers whose handlers are running.
+    // Empty if no other timer waits for a tick.
     std::optional<std::int64_t> NextDue() const;
 
-    // Timers that wait for their next tick.
+    // The number of timers that wait for their next tick.
     std::size_t Size() const { return queue.size(); }
 
-    // Gives each tick that is due, earliest first. Handlers may wait, which calls this again, and
-    // may switch any timer on or off or destroy it.
+    // Runs all ticks that are due, the earliest first. Handlers may wait, which calls RunDue again.
+    // They may also switch any timer on or off, or destroy it.
     void RunDue();
 
-    // The wall clock was set or the machine woke up: puts the timers of phase ClockSecond back into
-    // the middle of the second, except those that are due.
+    // Call it when the wall clock was set or the machine woke up. Moves the timers of phase
+    // ClockSecond back to the middle of the second, except those that are due.
     void Realign();
 
-    // The time of the round, while the handler of a polling timer runs and has not let events in.
-    // LeaveMoment is called when it lets events in.
+    // The time of the round. Empty unless the handler of a polling timer is running and has not let
+    // events in. LeaveMoment is called when the handler lets events in.
     std::optional<base::DateTime> Moment() const { return tickTime; }
     void LeaveMoment() { tickTime.reset(); }
 
-    // The wall clock is to be read again, see WallAt.
+    // The next WallAt reads the wall clock again.
     void ForgetClock() { readAt.reset(); }
 
   private:
@@ -50,36 +51,38 @@ class TimerQueue {
         bool operator()(const Timer* a, const Timer* b) const;
     };
     static bool SeesEverySecond(const Timer& timer);
-    // The timer has ticked in the second that the clock shows, or would have if the clock had not
-    // been put back by up to a second, as programs do that keep it right.
+    // Whether the timer has already ticked in the second that the clock shows. If the clock was put
+    // back by up to a second, the timer does not tick for that second again: programs that
+    // synchronise the clock make such small corrections.
     static bool HasSeen(const Timer& timer, std::int64_t shown);
     void Enqueue(Timer& timer, std::int64_t due);
-    // The wall clock in milliseconds at this monotonic time, which is the present one. In a round
-    // of ticks the clock is read once each millisecond.
+    // The wall clock in milliseconds at the monotonic time now, which must be the present time.
+    // During a round of ticks, the clock is read at most once in each millisecond.
     std::int64_t WallAt(std::int64_t now) const;
-    // Milliseconds from the middle of the wall clock's second to the moment, -500 to 499.
+    // Milliseconds from the middle of the wall clock's second to the moment, from -500 to 499.
     std::int64_t OffMiddle(std::int64_t moment, std::int64_t now) const;
-    // The first moment after this one that lies a multiple of the distance from the grid's anchor.
+    // The first grid point after the moment, if the grid has points at this distance.
     std::int64_t GridPointAfter(std::int64_t moment, std::int64_t distance) const;
-    // Moves the grid, and all polling timers that are not due with it, to the middle of the second;
-    // the first function only if it has come too far off.
+    // Both functions move the grid to the middle of the second, together with all polling timers
+    // that are not due. KeepGridInPhase moves it only if it has drifted too far.
     void KeepGridInPhase(std::int64_t now);
     void MoveGrid(std::int64_t now);
     std::int64_t FirstDue(const Timer& timer, std::int64_t now) const;
-    // For a tick that was due then and sees the shown second of the wall clock.
+    // The time of the next tick, for a tick that was due at lastDue. shown is the second of the
+    // wall clock that this tick sees.
     std::int64_t NextAfter(const Timer& timer, std::int64_t lastDue, std::int64_t now,
                            std::int64_t shown) const;
-    // The ticks of polling timers that are due are for the second that the clock shows now.
+    // Marks the due ticks of polling timers with the second that the clock shows now.
     void MarkDue(std::int64_t limit);
 
     std::set<Timer*, Earlier> queue;
     std::uint64_t lastSequence = 0;
     std::optional<base::DateTime> tickTime;
-    // Monotonic time of some middle of a second. The ticks of all polling timers lie on a grid
-    // through it, so that those for one second are due together. Not known before the first of them
-    // starts.
+    // The monotonic time of the middle of a second. The ticks of all polling timers are on a grid
+    // through this time, so that all ticks for one second are due together. Empty until the first
+    // timer starts.
     std::optional<std::int64_t> gridAnchor;
-    // The last reading of the wall clock, while it can be used again.
+    // The last reading of the wall clock. Empty if the clock must be read again.
     mutable std::optional<std::int64_t> readAt;
     mutable std::int64_t readWall = 0;
 };

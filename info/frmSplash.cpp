@@ -51,7 +51,8 @@ void frmSplash::tmrSplash_Timer() {
         ++TickCount;
         return;
     }
-    // The user waits for the notes: files that other programs hold are worth the longer wait.
+    // The user is waiting for the notes. So allow the longer wait for files that other programs
+    // hold.
     forms::Application::Current().BeginUsersAction();
     Default<frmMain>().Show();
     Default<frmNote>().Load();

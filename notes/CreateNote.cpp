@@ -9,8 +9,8 @@ namespace StandardCode {
 
 namespace {
 
-// Deliberately not one of the codes 0 to 3: if the option was never stored, the editor keeps its
-// own size.
+// Deliberately not one of the codes 0 to 3. If the option was never stored, the editor keeps its
+// own font size.
 constexpr std::int16_t missingFontSize = 12;
 
 void ApplyDefaultColor(frmNote& note, int code) {
@@ -28,7 +28,7 @@ void ApplyDefaultFontSize(frmNote& note, int code) {
 }  // namespace
 
 std::shared_ptr<frmNote> CreateNote(const std::string& title) {
-    // Read both before the window is made, so that an error leaves no half-made window.
+    // Read both settings before the window is created, so that an error leaves no half-made window.
     const int color = Settings::defaultColor.Read();
     const int fontSize = Settings::defaultFontSize.Read(missingFontSize);
     auto note = OpenNewEditor(title);

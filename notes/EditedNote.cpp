@@ -55,7 +55,7 @@ bool EditedNote::LeavesFileAlone(bool isExit) const {
         return true;
     }
     const auto held = NoteStore::FingerprintOf(file);
-    // If the file cannot be read, saving the alarm reports the error.
+    // If the file cannot be read, saving the alarm will report the error.
     return held == NoteStore::unknownContents ? !hasRung : held != fingerprint;
 }
 
@@ -102,7 +102,8 @@ void EditedNote::KeepCopy(RecoveryCopy::When when) {
     }
     RecoveredNote state;
     state.file = file;
-    // Not patient: a recovery copy must not make the window wait for another program.
+    // Do not wait here: writing a recovery copy must not block the window because another program
+    // holds the file.
     state.base =
         file.empty() ? NoteStore::FingerprintOf(NoteStore::FileNameFor(title), false) : fingerprint;
     state.record = editor.Record();

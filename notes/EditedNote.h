@@ -21,8 +21,8 @@ class EditedNote {
     EditedNote(const EditedNote&) = delete;
     EditedNote& operator=(const EditedNote&) = delete;
 
-    // A note as it was read. Without a file it is a new note; its file is named after the title
-    // when it is first saved.
+    // Begins to edit a note that was read. A note without a file is new; its file is named after
+    // its title when it is first saved.
     void Begin(const StoredNote& stored);
     // Leaves the list of open notes, and removes the recovery copy unless KeepForNextStart() has
     // kept it.
@@ -34,62 +34,62 @@ class EditedNote {
     // The name of the file, without its folder; empty for a note that was never saved.
     const std::string& File() const { return file; }
 
-    // The record that the editor showed when there was last nothing to save.
+    // The record that the editor showed when everything was last saved.
     const StandardCode::NoteRecord& SavedRecord() const { return saved; }
-    // Takes the note as the editor shows it now for saved.
+    // Marks the note as saved, as the editor shows it now.
     void MarkSaved();
-    // An alarm that has rung is no change that the user has to save. The editor's audio alarm is 1
-    // or 0, as in the record.
+    // Accepts that the alarm has rung: the user need not save this change. audioAlarm is 1 or 0, as
+    // in the record.
     void AcceptFiring(std::int16_t audioAlarm);
-    // The file holds something that this editor has neither read nor written.
+    // Whether the file has contents that this editor has neither read nor written.
     bool IsFileOther() const { return isFileOther; }
-    // The file was there and is missing now.
+    // Whether the file existed and is missing now.
     bool IsFileGone() const { return isFileGone; }
-    // Whether closing the editor would lose nothing that it shows.
+    // Whether everything that the editor shows is saved, so that closing it loses nothing.
     bool IsSaved() const;
-    // Whether closing the editor must not write the file: the user has changed nothing here, and
-    // either another program has changed the file, which is newer then, or the program exits and
-    // no alarm has to be switched off in the file. For an open note only, as are Save() and
-    // SaveBeforeTheEnd().
+    // Whether closing the editor must not write the file. The user must have changed nothing in
+    // this editor, and one of two conditions must be true: another program has changed the file, so
+    // the file is newer; or the program exits, and the file has no alarm that must be switched off.
+    // Call this, Save() and SaveBeforeTheEnd() for an open note only.
     bool LeavesFileAlone(bool isExit) const;
 
-    // Writes the file, unless it has these fields already. Contents of the file that this editor
-    // has neither read nor written are put aside first. Raises RuntimeErrors.
+    // Writes the file, unless it has these fields already. If the file has contents that this
+    // editor has neither read nor written, they are put aside first. Raises RuntimeErrors.
     void Save();
     // Moves the file to the Recycle Bin; does nothing for a note that was never saved. Raises
     // RuntimeErrors.
     void Erase();
-    // Saves the note; if that fails, keeps it for the next start.
+    // Saves the note. If that fails, keeps it for the next start.
     void SaveBeforeTheEnd();
-    // Leaves the file as it is. A note that is not saved stays in a recovery copy, from which the
-    // next start brings it back. False if the note is neither in its file nor in the copy.
+    // Leaves the file as it is. If the note is not saved, it stays in a recovery copy, and the next
+    // start restores it. Returns false if the note is neither in its file nor in the copy.
     bool KeepForNextStart();
 
-    // If the note is not saved, writes its recovery copy; if it is, removes the copy. Does nothing
-    // in an editor that holds no note.
+    // Writes the recovery copy if the note is not saved, and removes the copy if it is. Does
+    // nothing if the editor holds no note.
     void KeepCopy(RecoveryCopy::When when);
     void RemoveCopy();
-    // Takes over the copy that an earlier run of the program left.
+    // Takes over a copy that an earlier run of the program left.
     void Adopt(const RecoveredNote& recovered);
-    // If the note is not saved, moves it to the Recycle Bin as a recovery copy.
+    // Moves the note to the Recycle Bin as a recovery copy if it is not saved.
     void RecycleUnsaved();
 
-    // For the store only. The file now has this fingerprint; none if it is gone.
+    // Called by the store only. The file now has this fingerprint. Empty if the file is gone.
     void FileHolds(std::optional<std::uint64_t> newFingerprint);
-    // For the store only. The editor has read or written the file.
+    // Called by the store only, when the editor has read or written the file.
     void SawFile(const std::string& fileName, std::uint64_t seenFingerprint);
     std::optional<std::uint64_t> SeenFingerprint() const { return fingerprint; }
 
   private:
     NoteEditor& editor;
-    std::shared_ptr<NoteStore> store;  // null: holds no note
+    std::shared_ptr<NoteStore> store;  // null: the editor holds no note
     std::string title;
     std::string file;
-    std::optional<std::uint64_t> fingerprint;  // of the file as it was last read or written here
+    std::optional<std::uint64_t> fingerprint;  // of the file when this editor last read or wrote it
     bool isFileOther = false;
     bool isFileGone = false;
     StandardCode::NoteRecord saved;
-    bool hasRung = false;  // the alarm has rung, and the file still has it set
+    bool hasRung = false;  // the alarm has rung, and is still set in the file
     RecoveryCopy copy;
     bool keepsCopy = false;
 };

@@ -20,10 +20,10 @@ namespace {
 constexpr const char* setAlarm = "&Set Alarm";
 constexpr const char* turnOffAlarm = "&Turn Off Alarm";
 
-// Milliseconds; short enough to see every second of the day.
+// Milliseconds. The interval is short enough that no second of the day is missed.
 constexpr int dueTestInterval = 600;
 
-// Places in the alarm frame.
+// Positions in the alarm frame.
 constexpr int firstColumn = Grid::frameSide;
 constexpr int dateWidth = 1740;
 constexpr int secondColumn = firstColumn + dateWidth + Grid::gap;
@@ -123,7 +123,7 @@ void NoteAlarm::Set(bool set) {
         note.tmrNote.interval = dueTestInterval;
         note.fraAlarm.caption = " Alarm Set ";
         FillCalendar();
-        // At once: the first tick of the clock may come after the alarm's own second.
+        // Do not wait for the clock's first tick: it may come after the second of the alarm.
         RestUntilNear();
     }
     if (this == &forms::Default<frmNote>().alarm) {
@@ -185,7 +185,7 @@ void NoteAlarm::FireIfDue() {
     }
 }
 
-// The default editor is hidden: no user can set its alarm.
+// The default editor is hidden, so the user cannot set its alarm.
 bool NoteAlarm::IsBlinking() { return forms::Default<frmNote>().alarm.isSet; }
 
 void NoteAlarm::FollowBlinking() {

@@ -9,13 +9,13 @@
 
 class frmNote;
 
-// The alarm of the note in one editor. While it is set, a leaf of a calendar and a clock stand in
-// the place of the pickers, which hold the alarm's date and time.
+// The alarm of the note in one editor. While the alarm is set, a calendar leaf and a clock are
+// shown instead of the pickers. The pickers still hold the alarm's date and time.
 class NoteAlarm {
   public:
     explicit NoteAlarm(frmNote& editor) : note(editor) {}
 
-    // Captions and places of the controls in fraAlarm.
+    // Sets the captions and places of the controls in fraAlarm.
     void Design();
 
     bool IsSet() const { return isSet; }
@@ -26,16 +26,16 @@ class NoteAlarm {
     // Sets the alarm, or clears it if it is set. RuntimeError 53 if an icon is missing.
     void Toggle();
     void Clear();
-    // Shows an alarm that was set before: with its marker.
+    // Shows an alarm that was set earlier, with its icon.
     void Restore(const forms::Picture& alarmIcon);
 
-    // Once a second: lets tmrNote tick only while the alarm is near.
+    // Call it once a second. Lets tmrNote tick only while the alarm is near.
     void RestUntilNear();
-    // Ticks of tmrNote and tmrLabel.
+    // Handlers for the ticks of tmrNote and tmrLabel.
     void FireIfDue();
     void Blink();
-    // The clocks of all editors blink while the default editor's alarm is set. Removes the handler
-    // of tmrLabel while they do not, so that it causes no wake-ups.
+    // The clocks of all editors blink while the default editor's alarm is set. If they do not
+    // blink, this removes the handler of tmrLabel, so that the timer causes no wake-ups.
     void FollowBlinking();
 
   private:
@@ -47,6 +47,6 @@ class NoteAlarm {
     frmNote& note;
     bool isSet = false;
     DueRules::AlarmValues values;
-    // The date and the time that the values were computed from.
+    // the date and the time from which the values were computed
     std::optional<std::pair<base::DateTime, base::DateTime>> valuesOf;
 };

@@ -2,7 +2,7 @@
 
 #include "app/StandardCode.h"
 
-// The window of an open note, as EditedNote and the files of higher layers know it.
+// The window of an open note, as EditedNote and higher layers see it.
 class NoteEditor {
   public:
     virtual forms::Form& Window() = 0;
@@ -11,7 +11,7 @@ class NoteEditor {
     // Whether Record() would equal this record. Does not copy the text: a hundred editors call this
     // each second.
     virtual bool Shows(const StandardCode::NoteRecord& record) = 0;
-    // Saves the note without a question, because the program ends. A note that cannot be saved is
+    // Saves the note without a question, because the program ends. If it cannot be saved, it is
     // kept for the next start.
     virtual void SaveBeforeTheEnd() = 0;
 

@@ -15,10 +15,10 @@ using RecordText::Quoted;
 
 namespace {
 
-// The fields behind the note's text: date, time, colour, font size, alarm state, audio, trailer.
+// The fields after the note's text: date, time, colour, font size, alarm state, audio, trailer.
 constexpr std::size_t fieldsBehindText = 7;
 
-// In form; the day or the time may still be impossible.
+// Checks only the form of the field: the day or the time may be impossible.
 bool IsDate(std::string_view field) {
     constexpr std::string_view partsOfDates = "0123456789-/: AMPamp";
     return field.size() > 2 && field.front() == '#' && field.back() == '#' &&
@@ -41,8 +41,8 @@ bool IsInteger(std::string_view field) {
     return !field.empty() && field.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-// The place where the fields behind the note's text begin. Nothing if the file does not end in
-// them.
+// The position at which the fields after the note's text begin. Nothing if the file does not end
+// with these fields.
 std::optional<std::size_t> FindFieldsBehindText(std::string_view text) {
     constexpr std::array<bool (*)(std::string_view), fieldsBehindText> isRight{
         IsDate, IsTime, IsInteger, IsInteger, IsText, IsInteger, IsText};
@@ -58,11 +58,11 @@ std::optional<std::size_t> FindFieldsBehindText(std::string_view text) {
     return end + 1;
 }
 
-// The places of title and text in a file that ends in the right fields.
+// The positions of title and text in a file that ends with the right fields.
 struct Places {
-    std::size_t titleEnd;  // the quote
+    std::size_t titleEnd;  // position of the quote
     std::size_t textStart;
-    std::size_t textEnd;  // the quote
+    std::size_t textEnd;  // position of the quote
     std::size_t rest;
 };
 
@@ -83,7 +83,7 @@ std::optional<Places> FindPlaces(std::string_view text) {
     return isWhole ? std::optional(Places{titleEnd, textStart, textEnd, *rest}) : std::nullopt;
 }
 
-// Gives the record its title and its text, and returns the reader of the fields behind them.
+// Stores the title and the text in the record. Returns the reader of the fields after them.
 RecordText::Reader TakeTitleAndText(const std::string& text, const Places& places,
                                     StandardCode::NoteRecord& record) {
     record.Title = text.substr(1, places.titleEnd - 1);
@@ -136,8 +136,8 @@ void Decode(const std::string& bytes, StandardCode::NoteRecord& record) {
         Parse(text, record);
         return;
     }
-    // The code page has pairs of bytes, and the last byte of the title or of the text has taken the
-    // quote behind it for the second half of a character.
+    // The code page has characters of two bytes, and the last byte of the title or of the text has
+    // joined with the quote after it into one character.
     RecordText::Reader reader = TakeTitleAndText(bytes, *places, record);
     record.Title = RecordText::FromBytes(record.Title);
     record.Text = RecordText::FromBytes(record.Text);

@@ -8,29 +8,31 @@
 // The file of one note: one record of nine fields.
 namespace NoteFile {
 
-// How the alarm time is written: as a time, or, after the alarm has rung, as the text "#12:00#",
-// whatever the time in the record is.
+// How the alarm time is written. After the alarm has rung, it is written as the text "#12:00#",
+// whatever time is in the record.
 enum class TimeField { Time, RewrittenText };
 
 // The text of the file. The last field is always "yes". Double quotes in the note's text are
 // written unchanged: Parse() finds the end of the text by the seven fields that follow it.
 std::string Compose(const StandardCode::NoteRecord& record, TimeField timeField = TimeField::Time);
-// The same as bytes, in the encoding of RecordText::ToBytes().
+// Like Compose, as bytes in the encoding of RecordText::ToBytes().
 std::string Encode(const StandardCode::NoteRecord& record, TimeField timeField = TimeField::Time);
 
 // Accepts any text. If the text ends with seven fields as Compose() writes them, the note's text is
 // everything between the title and these fields. If not, each field ends at its quote, comma or
-// line end; a field that is no date is read as the zero date, a field that is no number as 0. After
-// an error the record holds the fields before it. RuntimeError 62 if there are too few fields, 13
-// for a malformed date between number signs, 6 for a number that does not fit.
+// line end. A field that is not a date is read as the zero date, and a field that is not a number
+// as 0.
+//
+// After an error, the record holds the fields before it. RuntimeError 62 if there are too few
+// fields, 13 for a malformed date between number signs, 6 for a number that does not fit.
 void Parse(const std::string& text, StandardCode::NoteRecord& record);
-// The same from the bytes of a file.
+// Like Parse, from the bytes of a file.
 void Decode(const std::string& bytes, StandardCode::NoteRecord& record);
 
-// Whether the bytes are a whole file as Encode() makes it.
+// Whether the bytes are a complete file as written by Encode().
 bool IsWhole(const std::string& bytes);
 
-// A hash of the bytes, to recognise whether a file has changed.
+// A hash of the bytes. It shows whether a file has changed.
 std::uint64_t Fingerprint(const std::string& bytes);
 
 }  // namespace NoteFile

@@ -14,10 +14,10 @@ using Grid::margin;
 
 constexpr int heightWithPanel = 7335;
 constexpr int heightWithoutPanel = 6300;
-// The panel with the margin below it.
+// The height of the panel and the margin below it.
 constexpr int panelRoom = heightWithPanel - heightWithoutPanel;
 constexpr int toolbarHeight = 480;
-// The pictures in the toolbar's buttons begin above the edge of the text.
+// The toolbar's pictures begin above the edge of the text.
 constexpr int toolbarPlace = 60;
 constexpr int textTop = toolbarHeight + 2 * toolbarPlace;
 constexpr int smallestText = 600;
@@ -27,7 +27,8 @@ constexpr int alarmHeight = 1275;
 
 void NoteLayout::Design() {
     note.tlbMain.accessibleName = "Note";
-    // The toolbar stands above the text, which has the focus first: the Tab key reaches it last.
+    // The toolbar is above the text. The text has the focus first, and the Tab key reaches the
+    // toolbar last.
     constexpr int lastTab = 100;
     note.tlbMain.tabIndex = lastTab;
     for (const char* key : {"save", "kill", "print", "hide", "help", "about"}) {

@@ -3,14 +3,14 @@
 class frmNote;
 
 // The toolbar and the date-and-time panel of an editor, and the places of all its parts. The text
-// takes the room that the others leave. The panel comes last; while it is hidden it lies below the
-// window's edge.
+// takes the space that the other parts leave. The panel is at the bottom. While it is hidden, it is
+// below the window's edge.
 class NoteLayout {
   public:
     explicit NoteLayout(frmNote& editor) : note(editor) {}
 
     void Design();
-    // Shows or hides the panel by another height of the window.
+    // Shows or hides the panel by changing the height of the window.
     void ShowPanel(bool show);
     void TogglePanel() { ShowPanel(!showsPanel); }
     // Does nothing while the window is minimised.

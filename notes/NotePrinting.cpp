@@ -30,7 +30,7 @@ void Abandon() {
     try {
         forms::Machine().printer->AbandonDocument();
     } catch (const base::RuntimeError&) {
-        // There was no document, or its printer is gone. The box below reports the failure.
+        // Either there was no document or its printer is gone. The box below reports the failure.
     }
 }
 

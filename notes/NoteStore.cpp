@@ -21,7 +21,7 @@ forms::FileSystem& Files() { return *forms::Machine().files; }
 
 std::string PathOf(const std::string& file) { return StandardCode::NotesFolder() + '\\' + file; }
 
-// Whether a file with these bytes already says what the record says.
+// Whether a file with these bytes holds the same note as the record.
 bool SaysTheSame(const std::string& bytes, const NoteRecord& record) {
     NoteRecord held;
     try {
@@ -33,7 +33,7 @@ bool SaysTheSame(const std::string& bytes, const NoteRecord& record) {
     return held == record;
 }
 
-// A note's file need not have its title as name.
+// The name of a note's file may differ from its title.
 bool IsTitleInAnyFile(const std::string& title) {
     if (NoteStore::Exists(NoteStore::FileNameFor(title))) {
         return true;
@@ -44,7 +44,7 @@ bool IsTitleInAnyFile(const std::string& title) {
                 return true;
             }
         } catch (const base::RuntimeError&) {
-            // Whatever this file is, it is not found by a title.
+            // The file cannot be read, so no title is found in it.
         }
     }
     return false;
@@ -92,7 +92,7 @@ bool NoteStore::LoadSlots(int& slot) {
             LoadSlot(slot, file, before);
         } catch (const base::RuntimeError& error) {
             if (!(error == base::ErrorNumber::InputPastEndOfFile)) {
-                // What could be read of it stays: its title is taken.
+                // Keep the part that could be read: its title is taken.
                 ++slot;
                 throw;
             }
@@ -112,13 +112,13 @@ void NoteStore::LoadSlot(int slot, const forms::FileEntry& file,
     auto known = before.extract(file.name);
     if (known && known.mapped().size == file.size && known.mapped().changed == file.changed) {
         record = known.mapped().record;
-        // Folders are usually listed in the order of names.
+        // Insert at the end: folders are usually listed in the order of names.
         parsed.insert(parsed.end(), std::move(known));
         return;
     }
     record = NoteRecord{};
     const std::string path = PathOf(file.name);
-    // A file that was in the way before, and has not changed, is not waited for once more.
+    // If the file was held by another program before and has not changed, do not wait for it again.
     const bool isKnownToFail =
         std::any_of(reported.begin(), reported.end(),
                     [&](const auto& report) { return report.second == file.name; });
@@ -142,7 +142,7 @@ void NoteStore::Report(const base::RuntimeError& error) {
             return;
         }
     } else {
-        // The file behind the last one that was loaded; none if the folder could not be listed.
+        // The first file that was not loaded. Empty if the folder could not be listed.
         const std::string failing = loaded < listing.size() ? listing[loaded].name : std::string();
         if (!reported.insert({error.number(), failing}).second) {
             return;
@@ -175,7 +175,7 @@ StoredNote NoteStore::OfSlot(int slot) const {
     const auto place = static_cast<std::size_t>(slot - 1);
     if (place < loaded) {
         note.file = listing[place].name;
-        // A file that was written since the array was rebuilt is not what the slot holds.
+        // If the file was written after the array was rebuilt, the slot does not hold its contents.
         const auto known = parsed.find(note.file);
         note.fingerprint = known == parsed.end() ? 0 : known->second.fingerprint;
     }
@@ -194,7 +194,7 @@ std::optional<std::uint64_t> NoteStore::FingerprintOf(const std::string& file, b
     try {
         return isPatient ? Patience::Try(read) : read();
     } catch (const base::RuntimeError&) {
-        // It may have gone meanwhile.
+        // The file may have been removed in the meantime.
         return Exists(file) ? std::optional(unknownContents) : std::nullopt;
     }
 }
@@ -211,7 +211,7 @@ bool NoteStore::IsTaken(const std::string& title) const {
     }
     const std::string onDisk = Files().NameOnDisk(PathOf(file));
     const auto loadedEnd = listing.begin() + static_cast<std::ptrdiff_t>(loaded);
-    // The letters of the title decide, not those of the extension.
+    // Compare upper and lower case in the title, but not in the extension.
     return onDisk.size() == file.size() && onDisk.starts_with(title) &&
            std::none_of(listing.begin(), loadedEnd,
                         [&](const forms::FileEntry& entry) { return entry.name == onDisk; });
@@ -236,7 +236,7 @@ void NoteStore::Save(EditedNote& note, const NoteRecord& record) {
             }
         }
     } catch (const base::RuntimeError&) {
-        // A file that cannot be read is put aside; that finds out what is wrong.
+        // If the file cannot be read, it is put aside below, which reports the error.
     }
     const std::string bytes = NoteFile::Encode(record);
     const bool isForeign = exists && (!held || held != note.SeenFingerprint());
@@ -286,7 +286,7 @@ void NoteStore::AdoptLeftovers() {
             }
             SafeFile::DeleteIfPossible(path);
         } catch (const base::RuntimeError&) {
-            // The file stays for the next start.
+            // The file stays until the next start.
         }
     }
 }
@@ -305,7 +305,7 @@ EditedNote* NoteStore::FindOpen(const std::string& file) const {
     return other;
 }
 
-// After a loading: other programs may have changed, erased or renamed files of open notes.
+// Called after loading: other programs may have changed, erased or renamed the files of open notes.
 void NoteStore::TellOpenNotes() {
     const std::map<std::string, Seen> before = std::exchange(unslotted, {});
     for (EditedNote* note : open) {
@@ -331,7 +331,7 @@ std::uint64_t NoteStore::FingerprintOfUnslotted(const forms::FileEntry& file,
     if (isUnchanged && last->second.fingerprint != unknownContents) {
         seen = last->second;
     } else {
-        // A file that could not be read before is not waited for once more.
+        // If the file could not be read before and has not changed, do not wait for it again.
         const auto fingerprint = FingerprintOf(file.name, !isUnchanged);
         seen = {file.size, file.changed, fingerprint.value_or(unknownContents)};
     }
@@ -354,8 +354,8 @@ void NoteStore::Tell(const std::string& file, std::optional<std::uint64_t> finge
     }
 }
 
-// Two savings may fall into one tick of the file system's clock: the size and the time of a file
-// that was written here prove nothing.
+// The file system's clock may not advance between two saves. So the size and the time of a file
+// that was written here do not show whether it has changed.
 void NoteStore::Forget(const std::string& file) {
     const auto isOfFile = [&](const auto& entry) {
         return entry.first.size() == file.size() && SafeFile::IsSameName(entry.first, file);

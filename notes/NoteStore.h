@@ -19,20 +19,20 @@ class EditedNote;
 
 // A note as it was read from its file.
 struct StoredNote {
-    std::string file;  // name, without folder; empty if there is none
+    std::string file;  // name without folder; empty if there is no file
     StandardCode::NoteRecord record;
     std::uint64_t fingerprint = 0;  // of the file's bytes
 };
 
 // The note files and the open notes. Only this class lists, reads, writes, rewrites, recycles and
-// remembers note files. A note is its file, whatever its title: two files of one title are two
-// notes. Names of files are compared as the file system compares them.
+// remembers note files. Each file is one note: two files with the same title are two notes. Names
+// of files are compared by the rules of the file system.
 //
-// If another program holds a file, the store tries again for a moment; see Patience. RuntimeErrors
+// If another program holds a file, the store retries for a short time; see Patience. RuntimeErrors
 // are those of forms::FileSystem and NoteFile::Decode().
 class NoteStore {
   public:
-    // While an object of this class exists, Load() reports no errors. For the end of the program.
+    // While an object of this class exists, Load() reports no errors. Used when the program ends.
     class Quiet {
       public:
         explicit Quiet(NoteStore& noteStore) : store(noteStore) { ++store.quiet; }
@@ -48,45 +48,50 @@ class NoteStore {
 
     static std::string FileNameFor(const std::string& title) { return title + ".txt"; }
 
-    // Rebuilds NotesArray and NoteCount from the note files, then raises NotesArrayLoaded. A file
-    // with too few fields goes to the Recycle Bin and ends the listing. A file beyond the last slot
-    // leaves all slots filled and counted. Any other error leaves NoteCount as it was. Errors are
-    // shown in a box, and timers tick while it is open. Each error is shown once until the folder
-    // changes, the error of the last slot once for each action of the user. Tells every open note
-    // if its file has changed, even if the file is in no slot. Returns whether every listed note
-    // was loaded. If so, a second call would change nothing.
+    // Rebuilds NotesArray and NoteCount from the note files, then raises NotesArrayLoaded. Tells
+    // every open note if its file has changed, even if the file is in no slot. Returns whether
+    // every listed note was loaded. If so, a second call would change nothing.
+    //
+    // A file with too few fields goes to the Recycle Bin and ends the listing. If there are more
+    // files than slots, all slots are filled and counted. Any other error leaves NoteCount
+    // unchanged.
+    //
+    // Errors are shown in a box, and timers tick while it is open. Each error is shown once until
+    // the folder changes. The error that there are more files than slots is shown once for each
+    // action of the user.
     bool Load();
 
     // The listing from which the last Load() rebuilt the array.
     const std::vector<forms::FileEntry>& Listing() const { return listing; }
-    // The note files as they are now, in the order of the folder's listing.
+    // The note files that exist now, in the order of the folder's listing.
     static std::vector<forms::FileEntry> List();
-    // The note in a listed file. If the file has not changed since Load() read it, it is not read
-    // again.
+    // The note in a listed file. Does not read the file again if it has not changed since Load()
+    // read it.
     StoredNote Read(const forms::FileEntry& file);
     static StoredNote Read(const std::string& file);
     // The note in this slot of NotesArray. RuntimeError 9 for a slot outside 1 to 100.
     StoredNote OfSlot(int slot) const;
     static bool Exists(const std::string& file);
-    // The fingerprint of a file that cannot be read. Two of them do not mean equal contents.
+    // The fingerprint of a file that cannot be read. Two files with this fingerprint may differ.
     static constexpr std::uint64_t unknownContents = 0;
-    // Nothing if there is no such file. If isPatient, waits for a file that another program holds.
+    // Empty if there is no such file. If isPatient is true, waits for a file that another program
+    // holds.
     static std::optional<std::uint64_t> FingerprintOf(const std::string& file,
                                                       bool isPatient = true);
-    // Whether a note of exactly this title is in NotesArray, or in a file that did not reach it.
+    // Whether a note with exactly this title is in NotesArray, or in a file that was not loaded.
     bool IsTaken(const std::string& title) const;
 
-    // Writes the file of an open note, unless the file has these fields already. Contents that the
-    // editor neither read nor wrote go to the Recycle Bin first, or to a file that has ".replaced"
-    // added to its name.
+    // Writes the file of an open note, unless the file has these fields already. If the editor has
+    // neither read nor written the file's contents, they go to the Recycle Bin first, or to a file
+    // whose name ends with ".replaced".
     void Save(EditedNote& note, const StandardCode::NoteRecord& record);
-    // Writes a file, whole or not at all. If a fingerprint is given and the file has another one,
-    // its contents are put aside as by Save().
+    // Replaces the whole file or leaves it unchanged. If a fingerprint is given and the file has
+    // another one, its contents are put aside as in Save().
     void Write(const std::string& file, const StandardCode::NoteRecord& record,
                NoteFile::TimeField timeField = NoteFile::TimeField::Time,
                std::optional<std::uint64_t> known = std::nullopt);
-    // Moves a file to the Recycle Bin; deletes it if there is none. RuntimeError 53 if it is
-    // missing.
+    // Moves a file to the Recycle Bin. If there is none, deletes the file. RuntimeError 53 if the
+    // file is missing.
     void Erase(const std::string& file);
     // Handles temporary files that a killed program left during a save. If the note's file is
     // missing, the temporary file takes its place; otherwise it is removed. Never raises an error.
@@ -94,8 +99,8 @@ class NoteStore {
 
     // The open notes, in the order in which they were opened.
     const std::vector<EditedNote*>& OpenNotes() const { return open; }
-    // The open note that belongs to this file. If several do, the first whose editor knows the
-    // file's present contents, or else the first of all. Null if there is none.
+    // The open note of this file. If several notes have it, returns the first one whose editor
+    // knows the file's present contents, or else the first one. Null if there is none.
     EditedNote* FindOpen(const std::string& file) const;
 
     // For EditedNote only.
@@ -103,7 +108,7 @@ class NoteStore {
     void Remove(EditedNote& note) { std::erase(open, &note); }
 
   private:
-    // A note as it was read when its file had this size and time of change.
+    // A note as read from its file, and the size and the time of change that the file had.
     struct Parsed {
         std::uint64_t size = 0;
         std::int64_t changed = 0;
@@ -111,20 +116,20 @@ class NoteStore {
         StandardCode::NoteRecord record;
     };
 
-    // A file at this size and time of change.
+    // The size and the time of change of a file.
     struct Seen {
         std::uint64_t size = 0;
         std::int64_t changed = 0;
         std::uint64_t fingerprint = 0;
     };
 
-    // Returns whether all listed notes were loaded; raises the error that ended the loading.
+    // Returns whether all listed notes were loaded. Raises the error that ended the loading.
     bool LoadSlots(int& slot);
     void LoadSlot(int slot, const forms::FileEntry& file, std::map<std::string, Parsed>& before);
     void Report(const base::RuntimeError& error);
     void TellOpenNotes();
-    // The fingerprint of an open note's file that is in no slot. The file is read only if its size
-    // or its time of change differs from the last look.
+    // The fingerprint of an open note's file that is in no slot. Reads the file only if its size or
+    // its time of change has changed since the last call.
     std::uint64_t FingerprintOfUnslotted(const forms::FileEntry& file,
                                          const std::map<std::string, Seen>& before);
     const forms::FileEntry* FindListed(const std::string& file) const;
@@ -134,11 +139,11 @@ class NoteStore {
 
     std::vector<forms::FileEntry> listing;
     std::map<std::string, Parsed> parsed;   // by file name, as listed
-    std::map<std::string, Seen> unslotted;  // by file name: of open notes that are in no slot
-    std::size_t loaded = 0;                 // files of the listing in slots, from slot 1 on
+    std::map<std::string, Seen> unslotted;  // by file name: files of open notes that are in no slot
+    std::size_t loaded = 0;                 // number of listed files in slots, from slot 1 on
     std::vector<forms::FileEntry> reportedListing;
     std::set<std::pair<int, std::string>> reported;  // error number and file
-    std::uint64_t fullReportedIn = 0;                // action in which the last slot was reported
+    std::uint64_t fullReportedIn = 0;  // action in which the lack of slots was last reported
     std::vector<EditedNote*> open;
     int quiet = 0;
 };
@@ -151,17 +156,17 @@ std::shared_ptr<NoteStore> SharedNotes();
 
 // The folder of the note files, without a trailing backslash.
 std::string NotesFolder();
-// The path of the file that a new note of this title gets.
+// The path of the file for a new note with this title.
 std::string NotePath(const std::string& title);
 // Makes the folder of the note files if it is missing. Raises RuntimeErrors.
 void EnsureNotesFolder();
 
-// NoteStore::Load().
+// Calls Notes().Load().
 bool LoadNotesArray();
 // Titles of the open notes, in the order in which they were opened.
 std::vector<std::string> NoteTitles();
 
-// Runs an operation that saves a note. Shows the error that ends it, except error 457. Returns true
+// Runs an operation that saves a note. Shows an error that ends it, except error 457. Returns true
 // if there was no error.
 bool ReportWriteErrors(const std::function<void()>& saving);
 

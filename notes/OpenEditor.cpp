@@ -9,7 +9,7 @@ namespace StandardCode {
 
 namespace {
 
-// Stronger than the shades of a new note. Gray is missing: a gray note comes back yellow.
+// Stronger shades than those of a new note. There is no gray: a gray note is restored as yellow.
 constexpr std::array<NoteColor, 5> restoredColors{{
     {{255, 255, 255}, forms::black},
     {{255, 0, 0}, forms::white},
@@ -30,8 +30,8 @@ std::shared_ptr<frmNote> LoadedEditor(const StoredNote& note) {
 
 std::shared_ptr<frmNote> OpenEditor(const StoredNote& note) {
     NoteRecord record = note.record;
-    // Load the icon first: if it is missing, no editor may open without its alarm, because it would
-    // save the note without the alarm.
+    // Load the icon first. If it is missing, no editor must open: an editor without the alarm would
+    // save the note without it.
     const forms::Picture alarmIcon =
         record.AlarmState == "1" ? frmNote::AlarmIcon() : forms::Picture{};
     auto editor = LoadedEditor(note);
@@ -40,7 +40,7 @@ std::shared_ptr<frmNote> OpenEditor(const StoredNote& note) {
     const bool isKnown = record.ColorIndex >= 1 && record.ColorIndex <= 5;
     const std::size_t colorIndex = isKnown ? static_cast<std::size_t>(record.ColorIndex) : 5;
     editor->ApplyColor(restoredColors[colorIndex - 1], colorIndex);
-    // Before Show(), which compares the text with the saved text.
+    // Call this before Show(), which compares the text with the saved text.
     editor->MarkSaved();
     editor->Show();
     return editor;

@@ -9,10 +9,10 @@
 namespace StandardCode {
 
 // Opens an editor for a note, fills it with all fields and shows it. RuntimeError 53 if an icon is
-// missing; then no editor is left behind.
+// missing. Then no editor is left open.
 std::shared_ptr<frmNote> OpenEditor(const StoredNote& note);
 
-// Opens an editor for a new note, white and with 12 points. Does not show it.
+// Opens an editor for a new note, in white with 12 points. Does not show it.
 std::shared_ptr<frmNote> OpenNewEditor(const std::string& title);
 
 }  // namespace StandardCode

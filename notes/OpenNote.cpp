@@ -23,10 +23,10 @@ void BringUp(frmNote& note) {
 }  // namespace
 
 void OpenNote(int slot) {
-    // A copy: loading an editor closes the control panel, which may rebuild the array.
+    // Use a copy: loading an editor closes the control panel, which may rebuild the array.
     const StoredNote note = Notes().OfSlot(slot);
     // A file must not have two editors: the editor that is closed last would write its old text
-    // over the text that was saved in the other.
+    // over the text that the other editor saved.
     if (const EditedNote* open = Notes().FindOpen(note.file);
         open != nullptr && !open->IsFileOther()) {
         frmNote& editor = WindowOf(*open);

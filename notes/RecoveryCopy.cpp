@@ -19,15 +19,16 @@ constexpr std::string_view header = "Jotwright recovery copy 2\r\n";
 constexpr std::string_view earlierHeader = "Jotwright recovery copy\r\n";
 constexpr std::string_view lineEnd = "\r\n";
 constexpr std::int64_t pauseBetweenCopies = 2000;  // milliseconds
-// Bytes of a title that the name of a copy shows: together with the rest, any file system takes it.
+// The number of bytes of a title that the name of a copy contains. With the rest of the name, they
+// do not exceed the limit of any file system.
 constexpr std::size_t shownOfTitle = 100;
 
 forms::FileSystem& Files() { return *forms::Machine().files; }
 
 std::string KeyOf(const std::string& path) { return forms::Machine().locale->ToUpper(path); }
 
-// A title may contain characters that file names cannot. Such a note cannot be saved, so its
-// recovery copy matters even more.
+// A title may contain characters that are not allowed in file names. Such a note cannot be saved,
+// so its recovery copy matters even more.
 std::string StemOf(const std::string& title) {
     const std::string refused = "<>:\"/\\|?*";
     std::string stem = "~";
@@ -45,7 +46,7 @@ std::string StemOf(const std::string& title) {
     return stem;
 }
 
-// With the instance id: two programs on one folder never choose the same name.
+// The name contains the instance id, so that two programs on one folder never choose the same name.
 std::string FreePathFor(const std::string& title) {
     const std::string stem = StandardCode::NotesFolder() + '\\' + StemOf(title) + '-' +
                              forms::Machine().system->InstanceId();
@@ -70,12 +71,12 @@ std::optional<std::uint64_t> Number(std::string_view digits, int base) {
     return error == std::errc() && end == last ? std::optional(number) : std::nullopt;
 }
 
-// "7\r\nDentist\r\n"
+// For example "7\r\nDentist\r\n".
 std::string Counted(const std::string& text) {
     return std::to_string(text.size()) + std::string(lineEnd) + text + std::string(lineEnd);
 }
 
-// Takes lines and counted texts off the front of the bytes of a copy.
+// Reads lines and counted texts from the bytes of a copy.
 class CopyReader {
   public:
     explicit CopyReader(std::string_view allBytes) : bytes(allBytes) {}
@@ -118,13 +119,13 @@ std::string Encode(const RecoveredNote& note) {
            Hexadecimal(NoteFile::Fingerprint(contents)) + std::string(lineEnd) + contents;
 }
 
-// A copy as it was read, and the program that wrote it.
+// A copy that was read, and the program that wrote it.
 struct Decoded {
     RecoveredNote note;
     std::string instanceId;
 };
 
-// A copy of an earlier version has title and text, and nothing of the note's file.
+// A copy of an earlier version has title and text, and no information on the note's file.
 std::optional<Decoded> DecodeEarlier(std::string_view contents) {
     CopyReader reader(contents);
     const auto title = reader.Text();
@@ -212,7 +213,7 @@ void RecoveryCopy::Remove() {
         }
         Forget();
     } catch (const base::RuntimeError&) {
-        // The path stays in use, so that the next call tries again.
+        // Keep the path in use, so that the next call tries again.
         written = false;
     }
 }
@@ -224,7 +225,7 @@ void RecoveryCopy::Recycle() {
     try {
         Files().Recycle(path);
     } catch (const base::RuntimeError&) {
-        // The copy stays for the next start.
+        // The copy stays until the next start.
     }
     Forget();
 }
@@ -243,7 +244,7 @@ void RecoveryCopy::Adopt(const RecoveredNote& recovered) {
     try {
         Files().Replace(recovered.path, path, forms::Durability::Cached);
     } catch (const base::RuntimeError&) {
-        // Another program holds it, or has taken it over.
+        // Another program holds the copy or has taken it over.
         StandardCode::Shared().RecoveryPaths.erase(key);
         Use(recovered.path);
     }
@@ -272,7 +273,7 @@ std::vector<RecoveredNote> RecoveryCopy::Find() {
                 found.push_back(std::move(decoded->note));
             }
         } catch (const base::RuntimeError&) {
-            // The others can still be saved.
+            // Save the other copies.
         }
     }
     return found;

@@ -30,12 +30,13 @@ void RestoreFiles(const std::vector<forms::FileEntry>& files) {
     }
 }
 
-// Puts the unsaved notes of a killed program into editors: into that of its note if the file is as
-// the killed program knew it, else into the editor of a note of its own beside the saved one.
+// Opens the unsaved notes of a killed program in editors. If the note's file has not changed since
+// then, the note's own editor shows the unsaved text. Otherwise a new note beside the saved one
+// gets it.
 class UnsavedNotes {
   public:
     void BringBack(const RecoveredNote& recovered) {
-        // First: without its icon the alarm could not be shown, and the copy would lose it.
+        // Load the icon first. Without it the alarm could not be shown, and the copy would lose it.
         const forms::Picture alarmIcon =
             recovered.record.AlarmState == "1" ? frmNote::AlarmIcon() : forms::Picture{};
         frmNote* editor = recovered.file.empty() ? NewEditor(recovered) : EditorOf(recovered);
@@ -51,7 +52,8 @@ class UnsavedNotes {
     }
 
   private:
-    // The note was never saved. Its file's name may be another note's, as it was before.
+    // The editor for a note that was never saved. Null if a file of its name was created or changed
+    // after the copy was made.
     static frmNote* NewEditor(const RecoveredNote& recovered) {
         const std::string file = NoteStore::FileNameFor(recovered.record.Title);
         return IsAsKnown(recovered, file) ? Shown(OpenNewEditor(recovered.record.Title)) : nullptr;
@@ -73,16 +75,16 @@ class UnsavedNotes {
         return OpenFile(recovered.file);  // an earlier file has ended the restoring
     }
 
-    // Whether the file holds what it held when the copy was made, so that no saved text is in
-    // danger.
+    // Whether the file has the same contents as when the copy was made, so that no saved text can
+    // be lost.
     static bool IsAsKnown(const RecoveredNote& recovered, const std::string& file) {
         const auto held = NoteStore::FingerprintOf(file);
         return !held ||
                (recovered.isWhole && held != NoteStore::unknownContents && held == recovered.base);
     }
 
-    // The note was saved after all, perhaps when an earlier start had brought it back, and the copy
-    // could not be removed.
+    // Whether the note was saved after all, for example because an earlier start restored it and
+    // could not remove the copy.
     static bool IsInAFile(const RecoveredNote& recovered) {
         const auto& open = Notes().OpenNotes();
         return std::any_of(open.begin(), open.end(), [&](const EditedNote* note) {
@@ -97,8 +99,8 @@ class UnsavedNotes {
         });
     }
 
-    // "<title> (recovered" and the ending. A title loses its last characters if its file's name
-    // would be too long with the addition.
+    // "<title> (recovered" followed by the ending. The title is shortened if the name of its file
+    // would be too long.
     static std::string TitleBeside(const std::string& title, const std::string& ending) {
         const std::string addition = " (recovered";
         constexpr std::size_t longestEnding = 6;  // " 9999)"
@@ -111,7 +113,7 @@ class UnsavedNotes {
         try {
             return RestoreNote(NoteStore::Read(file)).get();
         } catch (const base::RuntimeError&) {
-            return nullptr;  // the file cannot be read; the unsaved note can
+            return nullptr;  // the file cannot be read, but the unsaved note can
         }
     }
 
@@ -165,7 +167,7 @@ void ReadNotes() {
     forms::SetMousePointer(forms::MousePointer::Hourglass);
     ReportLoadErrors([] {
         const auto files = NoteStore::List();
-        // A file that ends the restoring does not cost the unsaved notes.
+        // If a file ends the restoring, the unsaved notes must still be restored.
         ReportLoadErrors([&files] { RestoreFiles(files); });
         BringBackUnsaved();
     });

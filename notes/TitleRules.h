@@ -9,13 +9,14 @@ struct Verdict {
     std::string picture;  // of the message; empty if there is no message
     std::string caption;
     std::string text;
-    bool clearTitle = false;  // the title box is emptied and gets the focus
+    bool clearTitle = false;  // the title box must be emptied and get the focus
 
     bool IsAccepted() const { return rule == 0; }
     bool HasMessage() const { return !picture.empty(); }
 };
 
-// Checks the title of a new note. isTaken: a saved note has this title, see NoteStore::IsTaken().
+// Checks the title of a new note. isTaken says whether a saved note has this title; see
+// NoteStore::IsTaken().
 Verdict Check(const std::string& title, bool isTaken);
 
 }  // namespace TitleRules

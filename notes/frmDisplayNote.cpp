@@ -20,7 +20,7 @@ namespace {
 using Grid::margin;
 constexpr int lineTop = 510;
 constexpr int textTop = 660;
-// The colour index of any shade that has no index of its own.
+// The colour index for shades that have no index.
 constexpr std::int16_t lastColorIndex = 6;
 
 std::int16_t ColorIndexOf(const std::optional<forms::Color>& backColor) {
@@ -107,7 +107,7 @@ void frmDisplayNote::Form_Unload(bool& cancel) {
     if (!forms::Application::Current().IsSessionEnding() && IsToBeErased()) {
         EraseNote();
     } else if (!KeepNote() && IsTextChanged() && !forms::Application::Current().IsSessionEnding()) {
-        // The text that was typed here is only in this window.
+        // The text that the user typed here is only in this window.
         cancel = true;
         return;
     }
@@ -130,7 +130,7 @@ bool frmDisplayNote::IsToBeErased() {
 
 void frmDisplayNote::EraseNote() {
     StandardCode::ReportWriteErrors([this] {
-        // The file may have been removed while the question was open.
+        // The file may have been removed while the question was shown.
         if (NoteStore::Exists(file)) {
             StandardCode::Notes().Erase(file);
         }
@@ -174,7 +174,7 @@ bool frmDisplayNote::KeepNote() {
         return ReWriteNote();
     }
     if (!IsTextChanged()) {
-        fingerprint = saved->fingerprint;  // writing keeps the file's text
+        fingerprint = saved->fingerprint;  // writing keeps the text in the file
     }
     return KeepSaved(saved->record);
 }
@@ -200,7 +200,7 @@ bool frmDisplayNote::Write(StandardCode::NoteRecord& note, NoteFile::TimeField t
         try {
             StandardCode::Notes().Write(file, note, timeField, fingerprint);
         } catch (const base::RuntimeError&) {
-            // The program may end while the box of the error is open.
+            // Keep a copy now, because the program may end while the error is shown.
             KeepCopy(note);
             throw;
         }
@@ -210,7 +210,7 @@ bool frmDisplayNote::Write(StandardCode::NoteRecord& note, NoteFile::TimeField t
     if (!program.IsSessionEnding() && !program.HasEnded()) {
         return StandardCode::ReportWriteErrors(write);
     }
-    // At the end of the session no user would close a box.
+    // At the end of the session, nobody would close a message box.
     try {
         write();
         return true;
@@ -282,7 +282,7 @@ std::shared_ptr<frmDisplayNote> DisplayNote(int slot) {
 
 bool IsAlarmDisplayed(const StoredNote& note) {
     const auto& displays = Shared().AlarmDisplays;
-    // A handler may keep a display alive that was closed.
+    // A handler may keep a closed display alive.
     return std::any_of(displays.begin(), displays.end(), [&note](const frmDisplayNote* display) {
         return display->IsLoaded() && display->ShowsAlarmOf(note);
     });

@@ -7,11 +7,11 @@
 #include "notes/NoteStore.h"
 #include "notes/RecoveryCopy.h"
 
-// Shows a saved note whose alarm is due. Each note has its own instance; the caption is the note's
-// title. Closing the window asks whether to erase the note. If the note is kept, its alarm is
-// switched off in the file. Changes that an editor saved while the window was open are kept, and an
-// alarm that was set again stays set. A text that was typed here takes precedence over the text of
-// the file.
+// Shows a saved note whose alarm is due. Each note has its own instance, and the caption is the
+// note's title. Closing the window asks whether to erase the note. If the note is kept, its alarm
+// is switched off in the file. If an editor has saved changes while the window was open, they are
+// kept, and an alarm that was set again stays set. A text that was typed in this window takes
+// precedence over the text in the file.
 //
 // The default instance is loaded hidden at start-up, holds no note and closes silently.
 class frmDisplayNote : public forms::Form {
@@ -25,7 +25,8 @@ class frmDisplayNote : public forms::Form {
     forms::ControlArray<forms::Line, 2> Line1{this, "Line1"};
     forms::TextBox lblNoteText{this, "lblNoteText"};
 
-    // Plays the sound one second after the timer was switched on, unless another alarm rings then.
+    // Plays the sound one second after the timer was switched on, unless another alarm is ringing
+    // then.
     forms::Timer tmrSoundAlarm{this, "tmrSoundAlarm"};
 
     forms::Menu mnuPop{this, "mnuPop", "Menu"};
@@ -40,15 +41,15 @@ class frmDisplayNote : public forms::Form {
     void Form_Unload(bool& cancel) override;
     void Form_MouseUp(int button, int x, int y) override;
 
-    // Shows the note's text. Call it once. If the text differs from this one when the window
-    // closes, the user has typed it here.
+    // Shows the note's text. Call it once. If the text is different when the window closes, the
+    // user has changed it here.
     void ShowNote(const StoredNote& note);
     // The name of the note's file; empty for the default instance.
     const std::string& File() const { return file; }
-    // Whether the window opened for this note and for the date and time of its present alarm.
+    // Whether this window was opened for this note and for the present date and time of its alarm.
     bool ShowsAlarmOf(const StoredNote& note) const;
-    // Replaces the note's file in one step by the note as the window shows it, with the alarm
-    // switched off. On a failure, returns false and leaves the file as it was; a text that was
+    // Replaces the note's file with the note as the window shows it, in one step and with the alarm
+    // switched off. On a failure, returns false and leaves the file unchanged. A text that was
     // typed here is then kept in a recovery copy. The failure is shown, unless the session ends.
     bool ReWriteNote();
 
@@ -57,7 +58,7 @@ class frmDisplayNote : public forms::Form {
     bool IsToBeErased();  // asks the user
     void EraseNote();
     bool KeepNote();  // false if the note could not be written
-    // The note in the file, if it differs from the note that this window opened with.
+    // The note in the file, if it has changed since this window opened.
     std::optional<StoredNote> SavedMeanwhile() const;
     bool KeepSaved(StandardCode::NoteRecord note);
     // Switches the note's alarm off and writes it.
@@ -72,10 +73,10 @@ class frmDisplayNote : public forms::Form {
     void mnuClose_Click();
 
     std::string file;
-    std::uint64_t fingerprint = 0;  // of the file's contents that may be overwritten
+    std::uint64_t fingerprint = 0;  // of the contents of the file that may be overwritten
     StandardCode::NoteRecord shown;
     std::string shownText;
-    RecoveryCopy copy;  // of the note, if a text that was typed here could not be saved
+    RecoveryCopy copy;  // of the note, if the text that the user typed here could not be saved
 };
 
 namespace StandardCode {

@@ -29,8 +29,8 @@ void ShowInformation(const std::string& text) {
 void frmNote::Design() {
     caption = "Note";
     borderStyle = forms::BorderStyle::Sizable;
-    // Narrower than the 514 pixels of 96 dpi at which the pointer reaches a message of the
-    // notification area.
+    // The window must be narrower than 514 pixels at 96 dpi. In a wider window, the position of the
+    // pointer could equal the number of a message of the notification area.
     width = 7200;
     minimumWidth = 7200;
     minimumHeight = 5250;
@@ -107,8 +107,8 @@ void frmNote::Form_Load() {
 }
 
 void frmNote::Form_Activate() {
-    // Closing compares the length with the one that is stored here, so it would miss a text that
-    // was changed before.
+    // Closing compares only the length of the text with the length that is stored here. It would
+    // miss a change that was made before, so check the text now.
     if (edited.IsOpen() && txtNote.text() != edited.SavedRecord().Text) {
         NoteChanged = true;
     }
@@ -220,7 +220,7 @@ void frmNote::TakeRecovered(const RecoveredNote& recovered, const forms::Picture
     NoteChanged = true;
     windowState = forms::WindowState::Normal;
     Show();
-    // From now on the copy is this program's.
+    // From now on, the copy belongs to this program.
     edited.KeepCopy(RecoveryCopy::When::Now);
 }
 
@@ -240,9 +240,9 @@ void frmNote::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
         }
         return;
     }
-    // Two kinds of edits were neither saved nor asked about: edits of a note whose erasing by the
-    // toolbar was answered with No, and edits that keep the text's length in a note that was opened
-    // through the panel.
+    // Two kinds of changes have been neither saved nor asked about. In the first, the user chose to
+    // erase the note from the toolbar and then answered No. In the second, a note was opened
+    // through the panel, and its text has changed but not its length.
     if (NoteErased ? !isErasingConfirmed : !NoteChanged) {
         edited.RecycleUnsaved();
     }
@@ -254,7 +254,7 @@ bool frmNote::CloseThroughPanel() {
         NoteChanged = true;
     }
     if (NoteChanged && !NoteErased) {
-        // The session may end before the user answers.
+        // Keep a copy now, because the session may end before the user answers.
         edited.KeepCopy(RecoveryCopy::When::Now);
         const auto answer =
             forms::MsgBox(" Would you like to save changes?     ",
@@ -371,7 +371,7 @@ void frmNote::mnuShow_Click() {
 }
 
 void frmNote::mnuKill_Click() {
-    // Not yet confirmed: the program may end while the question waits.
+    // The erasing is not confirmed yet: the program may end while the question is shown.
     isErasingConfirmed = false;
     const auto answer =
         forms::MsgBox("Are you sure you would like to erase " +
@@ -387,13 +387,13 @@ void frmNote::mnuKill_Click() {
     try {
         edited.Erase();
     } catch (const base::RuntimeError&) {
-        // Erasing reports no error: the window closes all the same.
+        // An error in erasing is not reported, and the window closes.
     }
     try {
         // If the window stays open, its text must be saved again.
         isErasingConfirmed = Unload();
     } catch (const base::RuntimeError&) {
-        // As above.
+        // The window stays open here too.
         isErasingConfirmed = false;
     }
 }

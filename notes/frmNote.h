@@ -12,10 +12,11 @@
 #include "notes/NoteLayout.h"
 
 // The editor of one note: its text, colour, font size and alarm. The caption is the note's title.
-// When the window closes, a restored or new note is saved without a question; an editor that was
-// opened through the control panel asks. OpenEditor.h opens editors.
+// OpenEditor.h opens editors. When the window closes, a restored or new note is saved without a
+// question. An editor that was opened through the control panel asks.
 //
-// The default instance is never shown and holds no note: it saves, asks and deletes nothing.
+// The default instance is never shown and holds no note. It saves nothing, asks nothing and deletes
+// nothing.
 class frmNote : public forms::Form, public NoteEditor {
   public:
     frmNote() : Form("frmNote") {}
@@ -80,8 +81,8 @@ class frmNote : public forms::Form, public NoteEditor {
     void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
     void Form_Unload(bool& cancel) override;
     void Form_MouseUp(int button, int x, int y) override;
-    // Acts as the callback of an icon in the notification area: x in pixels is the number of a
-    // message.
+    // Also handles the callback of an icon in the notification area: x in pixels is the number of
+    // the message.
     void Form_MouseMove(int button, int x, int y) override;
 
     // Saves the note and rebuilds the notes array. If saving fails, shows the error and returns
@@ -92,29 +93,30 @@ class frmNote : public forms::Form, public NoteEditor {
     bool Shows(const StandardCode::NoteRecord& record) override;
     void SaveBeforeTheEnd() override;
 
-    // Shows all fields but title and colour. The icon is needed if the note's alarm is set; see
+    // Shows all fields except title and colour. The icon is needed if the note's alarm is set; see
     // AlarmIcon().
     void Fill(const StandardCode::NoteRecord& record, const forms::Picture& alarmIcon);
-    // Paints the text box and checks the entry of the colour menu with this number, 1 to 6.
+    // Changes the colour of the text box, and checks the entry of the colour menu with this number,
+    // 1 to 6.
     void ApplyColor(StandardCode::NoteColor color, std::size_t newColorIndex);
-    // 10, 12, 14 or 16 points. Any other size changes nothing.
+    // points must be 10, 12, 14 or 16. Any other size changes nothing.
     void ApplyFontSize(int points);
-    // The icon of a window whose alarm is set. RuntimeError 53 if its file is missing.
+    // The window's icon while its alarm is set. RuntimeError 53 if its file is missing.
     static forms::Picture AlarmIcon();
-    // Takes the note as the editor shows it now for saved.
+    // Marks the note as saved, as the editor shows it now.
     void MarkSaved() { edited.MarkSaved(); }
-    // Shows the unsaved note of a program that was killed, and brings the window up. For the icon,
-    // see Fill().
+    // Shows the unsaved note of a program that was killed, and brings the window to the front. For
+    // alarmIcon, see Fill().
     void TakeRecovered(const RecoveredNote& recovered, const forms::Picture& alarmIcon);
 
-    // The window adds no icon of its own. It only deletes this one.
+    // The window never adds this icon. It only deletes it.
     forms::TrayRecord TrayIconRecord;
     NoteAlarm alarm{*this};
     EditedNote edited{*this};
 
   private:
     void DesignMenus();
-    // As the file has it: 10, 12 or 14; 16 for any other size.
+    // As stored in the file: 10, 12 or 14, or 16 for any other size.
     std::int16_t FontSize() const;
     bool CloseThroughPanel();
     bool CloseSilently();
@@ -138,7 +140,7 @@ class frmNote : public forms::Form, public NoteEditor {
 
 namespace StandardCode {
 
-// The window of an open note: frmNote is the only editor.
+// The window of an open note. frmNote is the only class of editors.
 inline frmNote& WindowOf(const EditedNote& note) {
     return static_cast<frmNote&>(note.Editor().Window());
 }

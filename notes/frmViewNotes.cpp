@@ -26,7 +26,7 @@ namespace {
 
 constexpr forms::Color red{255, 0, 0};
 
-// Places of the status pictures in the list's images, and of the title among a row's texts.
+// Positions of the status pictures in the list's images, and of the title in a row's texts.
 constexpr int alarmSet = 0;
 constexpr int alarmNotSet = 1;
 constexpr std::size_t titleColumn = 1;
@@ -106,7 +106,7 @@ void frmViewNotes::DesignButtons() {
 void frmViewNotes::Form_Load() {
     icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
     lstNotes.items = std::vector<std::string>{};
-    // A damaged note ended the first loading and was moved away: load again.
+    // A damaged note has ended the first loading and was moved away. Load again.
     if (!FillList()) {
         StandardCode::LoadNotesArray();
     }
@@ -147,7 +147,7 @@ void frmViewNotes::ListNotes() {
             rows.push_back(std::move(row));
             files.push_back(file.name);
         } catch (const base::RuntimeError&) {
-            // A file that cannot be read has no row. LoadNotesArray() reports the error.
+            // If a file cannot be read, it gets no row. LoadNotesArray() reports the error.
         }
     }
     const bool hadSelection = lvwNotes.SelectedRow() >= 0;
@@ -219,7 +219,7 @@ void frmViewNotes::lvwNotes_MouseUp(int button) {
 }
 
 void frmViewNotes::cmdOpenAll_Click() {
-    // Copy the list first: handlers that Show() runs may open and close windows.
+    // Copy the list first, because handlers that Show() runs may open and close windows.
     std::vector<std::shared_ptr<forms::Form>> windows;
     for (const EditedNote* note : StandardCode::Notes().OpenNotes()) {
         windows.push_back(note->Editor().Window().shared_from_this());
@@ -242,7 +242,7 @@ void frmViewNotes::cmdEdit_Click() {
     const std::string title = SelectedTitle();
     const std::string file = SelectedFile();
     for (int slot = 1; slot <= StandardCode::maximumNotes; ++slot) {
-        // Several notes may have this title; the row's note is the one in the row's file.
+        // Several notes may have this title. The row's note is the note in the row's file.
         if (Shared().NotesArray[slot].Title == title &&
             StandardCode::Notes().OfSlot(slot).file == file) {
             StandardCode::OpenNote(slot);
@@ -306,7 +306,7 @@ void ActOnControlPanel(SharedEvents::PanelAction action) {
             UnloadControlPanelIfVisible();
             break;
         case SharedEvents::PanelAction::LoadAndUnload:
-            // Loading a panel that is loaded already would not rebuild the array.
+            // Loading a loaded panel would not rebuild the array.
             ReloadControlPanel();
             forms::Default<frmViewNotes>().Unload();
             break;

@@ -6,8 +6,9 @@
 
 #include "forms/Form.h"
 
-// The notes control panel: lists every saved note with its alarm, and opens and erases notes. While
-// the panel is loaded, shown or not, its list follows each rebuilding of the notes array.
+// The notes control panel. It lists every saved note with its alarm, and opens and erases notes.
+// While the panel is loaded, even if it is hidden, its list is updated whenever the notes array is
+// rebuilt.
 class frmViewNotes : public forms::Form {
   public:
     frmViewNotes() : Form("frmViewNotes") {}
@@ -31,9 +32,9 @@ class frmViewNotes : public forms::Form {
     void Design() override;
     void Form_Load() override;
 
-    // The notes array was rebuilt: shows its count and its notes. Raises RuntimeErrors.
+    // Called when the notes array was rebuilt. Shows the count and the notes. Raises RuntimeErrors.
     void ShowNotesArray();
-    // Shows the count against the maximum, and whether a note may be made.
+    // Shows the count and the maximum, and whether another note may be created.
     void ShowLimit();
 
   private:
@@ -50,7 +51,7 @@ class frmViewNotes : public forms::Form {
     void EraseSelectedNote();
 
     bool listIsFilled = false;
-    std::vector<std::string> rowFiles;  // names of the rows' note files
+    std::vector<std::string> rowFiles;  // the name of each row's note file
 
     void lvwNotes_MouseUp(int button);
     void cmdOpenAll_Click();

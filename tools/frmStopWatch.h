@@ -5,7 +5,7 @@
 #include "base/DateTime.h"
 #include "forms/Form.h"
 
-// A stop watch with a list of the runs that the user kept. Closing it discards the list.
+// A stop watch with a list of the runs that the user saved. Closing the window discards the list.
 class frmStopWatch : public forms::Form {
   public:
     frmStopWatch() : Form("frmStopWatch") {}

@@ -12,7 +12,8 @@ namespace forms::headless {
 
 namespace {
 
-// Characters of code page 1252 from 0x80 to 0x9f; the five bytes without one stand for themselves.
+// The characters of code page 1252 from 0x80 to 0x9f. The five unassigned bytes give the control
+// characters with the same numbers.
 constexpr std::array<char32_t, 32> windows1252{
     0x20ac, 0x0081, 0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008d, 0x017d, 0x008f, 0x0090, 0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
@@ -24,7 +25,7 @@ struct Pair {
 };
 
 struct DoubleByteCodePage {
-    std::vector<Pair> pairs;  // some have a backslash or a bar as their second byte
+    std::vector<Pair> pairs;  // the second byte of some pairs is a backslash or a bar
     bool (*isFirstOfPair)(std::uint8_t);
     char32_t missing;  // replaces an unassigned pair
 };

@@ -9,22 +9,23 @@ namespace forms::headless {
 // Thrown when the program is killed. No handler of the program catches it.
 struct Killed {};
 
-// The faults of a disk in memory. A test sets one by the number of a primitive step, from 1. A new
-// fault replaces the one before.
+// The faults of a disk in memory. A fault occurs at a primitive step with a given number, counted
+// from 1. A new fault replaces the previous one.
 class DiskFaults {
   public:
     enum class Moment { Before, Middle, After };
 
-    // The step with this number, counted from now on, fails. A failing write leaves half of its
+    // The step with this number, counted from now on, fails. A write that fails stores half of its
     // bytes.
     void FailAt(int step, base::ErrorNumber number);
-    // The program is killed at the step with this number, counted from now on: Killed is thrown. A
-    // write that was not flushed is torn: its second half is zeros. An atomic step that is killed
-    // in its middle has no effect. Until Restart(), the disk seems empty and changes are ignored.
+    // Kills the program at the step with this number, counted from now on, by throwing Killed. The
+    // second half of a write that was not flushed becomes zeros. If an atomic step is killed in the
+    // middle, it has no effect. Until Restart(), the disk seems empty and changes are ignored.
     void KillAt(int step, Moment moment);
     void ClearFaults();
-    void Restart();  // after a kill: faults are cleared, the disk works again
-    // Steps since the beginning or since the last FailAt, KillAt, ClearFaults or Restart.
+    void Restart();  // after a kill: clears the faults and makes the disk work again
+    // The number of steps since the beginning or since the last FailAt, KillAt, ClearFaults or
+    // Restart.
     int Steps() const { return steps; }
 
   protected:

@@ -9,14 +9,14 @@
 #include "forms/MsgBox.h"
 #include "forms/Stage.h"
 
-// Something that a test expects the program to open and to wait for.
+// Events that a test expects: the program opens something and waits for the user.
 namespace forms::headless {
 
 using Script = std::function<void()>;
 
 struct ExpectedBox {
     BoxRequest request;
-    bool checkDefault = false;  // request.options.secondIsDefault counts
+    bool checkDefault = false;  // whether request.options.secondIsDefault is compared
     BoxResult answer = BoxResult::Ok;
     Script during;
 };
@@ -34,7 +34,7 @@ struct ExpectedPopup {
 };
 
 struct ExpectedDialog {
-    std::optional<std::string> result;  // empty: cancelled
+    std::optional<std::string> result;  // empty: the user cancels
     Script during;
 };
 
@@ -45,7 +45,7 @@ struct ExpectedMainLoop {
 using Expectation =
     std::variant<ExpectedBox, ExpectedModal, ExpectedPopup, ExpectedDialog, ExpectedMainLoop>;
 
-// Texts for failures: "box "Really?" ("Erase") with buttons Yes/No and icon Question".
+// Texts for failures, for example "box "Really?" ("Erase") with buttons Yes/No and icon Question".
 std::string Describe(const BoxRequest& request);
 std::string Describe(const Expectation& expectation);
 
@@ -54,10 +54,10 @@ bool IsAnswerOf(const BoxRequest& request, BoxResult answer);
 // The answer of the button that Enter presses.
 BoxResult DefaultAnswerOf(const BoxRequest& request);
 
-// The entry of the menu with this name, else with this caption; null if there is none.
+// The entry of the menu with this name, or else with this caption. Null if there is none.
 Menu* FindEntry(Menu& menu, const std::string& nameOrCaption);
-// Why the user cannot choose the entry; empty if it can be chosen. top is the open menu (its own
-// visibility does not matter), or null for the menu bar.
+// The reason why the user cannot choose the entry. Empty if the user can choose it. top is the open
+// menu, or null for the menu bar. Whether top itself is visible does not matter.
 std::string WhyNotChoosable(const Menu& entry, const Menu* top);
 
 }  // namespace forms::headless

@@ -17,37 +17,38 @@ namespace forms::headless {
 // open, in this order, and the user's answers.
 class Expectations {
   public:
-    // Called with each failure of the test. Without it a failure prints its text and aborts.
+    // Called with each failure of the test. If it is not set, a failure prints its text and aborts
+    // the program.
     std::function<void(const std::string&)> onFailure;
     void Fail(const std::string& message) const;
 
-    // The next thing that opens is a message box with exactly these properties. The script runs
-    // while it is open: time may pass and the tray icon be used, windows are out of reach.
+    // Expects a message box with exactly these properties. The script runs while the box is open.
+    // It can let time pass and use the tray icon, but not the windows.
     void ExpectBox(const std::string& text, const std::string& caption, BoxIcon icon,
                    BoxButtons buttons, BoxResult answer,
                    std::optional<BoxResult> defaultButton = std::nullopt, Script during = nullptr);
     void ExpectBox(const std::string& text, const std::string& caption, BoxIcon icon,
                    BoxButtons buttons, BoxResult answer, Script during);
-    // A form of class T is shown modally. The script must get it hidden or unloaded, or the
-    // program ended.
+    // Expects a modal form of class T. The script must hide or unload the form, or end the program.
     template <class T>
     void ExpectModal(std::function<void(T&)> script) {
         Expect(ExpectedModal{
             typeid(T).name(), [](const Form& form) { return dynamic_cast<const T*>(&form); },
             [run = std::move(script)](Form& form) { run(dynamic_cast<T&>(form)); }});
     }
-    // A pop-up menu with this name opens; the user chooses the entry (by name, else by caption).
+    // Expects a pop-up menu with this name. The user chooses the entry with this name, or else with
+    // this caption.
     void ExpectPopup(const std::string& menuName, const std::string& entry);
     // The script returns the entry that the user chooses, or null to close the menu.
     void ExpectPopup(const std::string& menuName, std::function<Menu*(Menu&)> script);
     void ExpectPopupDismissed(const std::string& menuName) { ExpectPopup(menuName, ""); }
-    // The dialog for opening a file; without a result the user cancels.
+    // Expects the dialog for opening a file. Without a result, the user cancels.
     void ExpectOpenDialog(std::optional<std::string> result, Script during = nullptr);
-    // Runtime::Run has done its start-up routine and waits; the script is the user's whole session
-    // and must end the program or unload every form.
+    // Expects that Runtime::Run has finished its start-up routine and waits. The script is the
+    // user's whole session. It must end the program or unload every form.
     void ExpectMainLoop(Script script);
 
-    // Fails for each expectation that is left, and forgets it.
+    // Fails for each expectation that was not met, and removes it.
     void Verify();
     bool HasExpectations() const { return !expected.empty(); }
 
@@ -62,7 +63,7 @@ class Expectations {
     const Expected* Next() const {
         return expected.empty() ? nullptr : std::get_if<Expected>(&expected.front());
     }
-    // Takes the next expectation out of the script if it is of this kind.
+    // Removes and returns the next expectation if it is of this kind.
     template <class Expected>
     std::optional<Expected> TakeNext() {
         if (Next<Expected>() == nullptr) {

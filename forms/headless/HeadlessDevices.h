@@ -22,19 +22,19 @@ class RecordedSound : public Sound {
     enum class Kind { Once, Loop, ToEnd, Stop };
     struct Entry {
         Kind kind;
-        std::string path;  // empty for Stop
+        std::string path;  // empty: the call was Stop
         base::DateTime at;
         std::int64_t moment;  // monotonic milliseconds
     };
 
     void Play(const std::string& wavePath, Mode mode) override;
-    // Lets the clock pass by the length of the wave.
+    // Advances the clock by the length of the wave.
     void PlayToEnd(const std::string& wavePath) override;
     void Stop() override;
 
-    // Whether a sound is playing: a loop that was not stopped, or a wave that is not over.
+    // Whether a sound is playing: a loop that was not stopped, or a wave that has not ended.
     bool IsPlaying() const;
-    std::string PlayingPath() const;  // empty in silence
+    std::string PlayingPath() const;  // empty if no sound is playing
     int Count(Kind kind) const;
 
     std::vector<Entry> log;
@@ -50,7 +50,7 @@ class RecordedSound : public Sound {
 class RecordedTray : public Tray {
   public:
     struct Entry {
-        bool add;  // else delete
+        bool add;  // false: deleted
         bool succeeded;
         TrayRecord record;
     };
@@ -60,7 +60,7 @@ class RecordedTray : public Tray {
 
     std::optional<TrayRecord> icon;  // the icon that is shown
     std::vector<Entry> log;
-    bool refuses = false;  // no notification area
+    bool refuses = false;  // true: there is no notification area
 };
 
 class RecordedPrinter : public Printer {
@@ -82,8 +82,8 @@ class RecordedPrinter : public Printer {
     void EndDocument() override;
     void AbandonDocument() override;
 
-    // The call with this number from now on, counted from 1 over all operations, fails with 482. So
-    // do all later calls except AbandonDocument, until Repair.
+    // The call with this number, counted from now on over all operations from 1, fails with 482.
+    // All later calls except AbandonDocument fail too, until Repair is called.
     void FailAt(int call);
     void Repair() { FailAt(0); }
 
@@ -112,12 +112,12 @@ class RecordedShell : public Shell {
     void ShowHelp(const std::string& helpFile, int command) override;
 
     int result = 33;
-    std::optional<base::ErrorNumber> error;  // raised by either call, after it is recorded
+    std::optional<base::ErrorNumber> error;  // raised after a call is recorded
     std::vector<Opened> opened;
     std::vector<Help> helpShown;
 };
 
-// Any file that exists is a picture, whatever its bytes.
+// Treats any file that exists as a picture, whatever its bytes.
 class RecordedPictures : public Pictures {
   public:
     explicit RecordedPictures(FileSystem& pictureFiles) : files(pictureFiles) {}
@@ -130,7 +130,7 @@ class RecordedPictures : public Pictures {
     };
     std::map<std::string, Extent> sizes;
     Extent defaultSize{480, 480};
-    std::set<std::string> noPictures;  // files that exist and are not pictures
+    std::set<std::string> noPictures;  // files that exist but are not pictures
     std::vector<std::string> loaded;
 
   private:
@@ -146,7 +146,7 @@ class RecordedSystem : public System {
     }
     std::uint32_t Version() override { return version; }
     std::string InstanceId() override { return instanceId; }
-    // The clock does not move.
+    // Does not advance the clock.
     void Pause(int milliseconds) override {
         paused += milliseconds;
         if (onPause) {
@@ -159,7 +159,7 @@ class RecordedSystem : public System {
     int timesAsked = 0;
     std::uint32_t version = 0x000A;  // 10.0
     std::string instanceId = "000000000000000a";
-    int paused = 0;                 // milliseconds in all
+    int paused = 0;                 // milliseconds in total
     std::function<void()> onPause;  // acts as another program during the pause
 };
 

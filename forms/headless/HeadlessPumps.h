@@ -13,15 +13,16 @@
 
 namespace forms::headless {
 
-// The part of the headless stage that waits for the user: a script answers. A box, modal form,
-// pop-up menu or dialog that the script does not expect fails the test and is closed.
+// The part of the headless stage that waits for the user. A script gives the user's answers. If a
+// box, modal form, pop-up menu or dialog opens that the script does not expect, the test fails and
+// it is closed.
 class HeadlessPumps : public Stage, public Expectations {
   public:
     explicit HeadlessPumps(VirtualClock& stageClock) : clock(stageClock) {}
 
     VirtualClock& clock;
 
-    // Answers when the script is empty, for tests with unpredictable boxes.
+    // Answers for boxes that the script does not list. For tests with unpredictable boxes.
     struct Improvisation {
         std::function<BoxResult(const BoxRequest&)> box;
         std::function<void(Form&)> modal;
@@ -29,7 +30,7 @@ class HeadlessPumps : public Stage, public Expectations {
         std::function<std::optional<std::string>(const FileDialogRequest&)> openDialog;
     } improvise;
 
-    // Everything that was shown so far.
+    // A pop-up menu that was shown. The functions below return everything that was shown so far.
     struct Popup {
         std::string name;
         std::vector<std::string> captions;  // visible entries of the first level, in order
@@ -37,12 +38,13 @@ class HeadlessPumps : public Stage, public Expectations {
     const std::vector<BoxRequest>& Boxes() const { return boxes; }
     const std::vector<Popup>& Popups() const { return popups; }
     const std::vector<FileDialogRequest>& OpenDialogs() const { return dialogs; }
-    // Empties the three lists, so that long tests do not grow.
+    // Empties the three lists, so that long tests do not use more and more memory.
     void ForgetShown();
 
-    // Why the user cannot reach the windows now ("a message box is open"); empty if the user can.
+    // The reason why the user cannot use the windows now, for example "a message box is open".
+    // Empty if the user can use them.
     std::string WhatIsInTheWay() const;
-    // How many boxes, modal forms, menus and dialogs are open inside each other.
+    // The number of boxes, modal forms, menus and dialogs that are open inside each other.
     std::size_t OpenWaits() const { return waits.size(); }
 
     BoxResult ShowMessageBox(const BoxRequest& request) override;

@@ -9,7 +9,7 @@
 
 namespace forms::headless {
 
-// Settings of one test. Names of sections and keys are compared as written.
+// Settings for one test. Names of sections and keys are case-sensitive.
 class HeadlessSettings : public SettingsStore {
   public:
     std::map<std::pair<std::string, std::string>, std::string> values;

@@ -77,7 +77,7 @@ void HeadlessStage::ControlChanged(Control& control, Aspect aspect) {
 void HeadlessStage::MenuChanged(Menu& /*menu*/, Aspect /*aspect*/) { ++changesShown; }
 
 void HeadlessStage::UsableChanged(Form& form) {
-    // A form that is hidden while a modal one is open can be used when it is shown again.
+    // If a form is hidden while a modal form is open, it can be used when it is shown again.
     WindowOf(form).usable = form.IsUsable() || !form.IsVisible();
 }
 

@@ -16,7 +16,7 @@ struct HeadlessWindow : Form::StageData {
     bool shown = false;
     bool usable = true;
     WindowState state = WindowState::Normal;
-    int timesShown = 0;  // from hidden to shown
+    int timesShown = 0;  // number of times that the form changed from hidden to shown
 };
 
 // A stage without a screen: time is virtual, and the user is a script.
@@ -28,7 +28,7 @@ class HeadlessStage : public HeadlessPumps {
 
     Form* Foreground() const { return foreground.lock().get(); }
     MousePointer Pointer() const { return pointer; }
-    // Changes of properties that a real stage would have drawn.
+    // The number of property changes that a real stage would have drawn.
     std::int64_t ChangesShown() const { return changesShown; }
     bool HasQuit() const { return quit; }
 

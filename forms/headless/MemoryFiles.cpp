@@ -339,12 +339,12 @@ void MemoryFiles::WriteSteps(const DiskPath& place, const std::string& bytes,
         ++flushes;
         Step([&] { unflushed.reset(); }, [] {});
     } else {
-        // The system keeps what a killed program has written.
+        // The system keeps data that a killed program has written.
         unflushed.reset();
     }
 }
 
-// part leaves the traces of a step that is broken off in the middle.
+// part does what the step has done if it is interrupted in the middle.
 template <class Whole, class Part>
 void MemoryFiles::Step(Whole whole, Part part) {
     if (IsDead()) {
@@ -366,7 +366,7 @@ void MemoryFiles::Step(Whole whole, Part part) {
         try {
             whole();
         } catch (const base::RuntimeError&) {
-            // The program is dead and does not get the error.
+            // The program was killed and does not get the error.
         }
     }
     TearUnflushed();

@@ -14,12 +14,13 @@
 
 namespace forms::headless {
 
-// A disk in memory that behaves like a disk of Windows: names keep their case and are found in any
-// case, listings are alphabetical, trailing dots and blanks of a name are dropped, and names that
-// Windows refuses are refused. A copy of the object is a snapshot.
+// A disk in memory that behaves like a disk of Windows. Names keep their upper and lower case, but
+// are found in any case. Listings are alphabetical. Trailing dots and blanks of a name are dropped,
+// and names that Windows refuses are refused. A copy of the object is a snapshot.
 //
-// Read, MakeFolder, Replace, Delete and Recycle are one step each, a flushed Write three (create or
-// truncate, write, flush), a cached one two, Copy four (read and the three of writing).
+// Read, MakeFolder, Replace, Delete and Recycle have one step each, for DiskFaults. A flushed Write
+// has three steps (create or truncate, write, flush), and a cached Write has two. Copy has four
+// steps: read, and the three steps of Write.
 class MemoryFiles : public FileSystem, public DiskFaults {
   public:
     MemoryFiles();
@@ -40,36 +41,36 @@ class MemoryFiles : public FileSystem, public DiskFaults {
     // Listings do not contain a locked file.
     std::unique_ptr<FileLock> Lock(const std::string& path) override;
 
-    // Access for the test, not for the program: no steps, no faults, no log.
-    void PutFolder(const std::string& path);  // with every folder above it
+    // Functions for the test, not for the program. They take no steps, cause no faults and are not
+    // logged.
+    void PutFolder(const std::string& path);  // creates every missing folder above it too
     void PutFile(const std::string& path, const std::string& bytes);
     void Remove(const std::string& path);
     std::optional<std::string> Peek(const std::string& path) const;
-    // How often the program has listed a folder.
+    // The number of times that the program has listed a folder.
     int Listings() const { return listings; }
-    // How often the program has waited for the medium.
+    // The number of times that the program has waited for the medium.
     int Flushes() const { return flushes; }
-    // Names of all files of a folder, as they are written on the disk.
+    // The names of all files of a folder, as they are stored on the disk.
     std::vector<std::string> Names(const std::string& folder) const;
 
     // A read-only file cannot be changed, replaced or deleted (75). In a read-only folder, no file
     // can be made, renamed or deleted (75).
     void SetReadOnly(const std::string& path, bool readOnly);
-    // As if another program held the file, or as if the user had no right to it (70). The files of
-    // a denied folder cannot be listed, read or changed.
+    // Access fails with 70, as if another program held the file or the user had no right to it. The
+    // files of a denied folder cannot be listed, read or changed.
     void SetDenied(const std::string& path, bool denied);
-    // As if another running program held the lock.
+    // Locking fails as if another running program held the lock.
     void SetLocked(const std::string& path, bool locked);
-    // Without a number there is no limit. A write that does not fit fails with 61, and leaves as
-    // many bytes as fit.
+    // Empty: no limit. A write that does not fit fails with 61, and writes as many bytes as fit.
     void SetFreeSpace(std::optional<std::uint64_t> bytes) { freeSpace = bytes; }
     void SetRecycleBin(bool present) { hasRecycleBin = present; }
 
     // Paths of the files in the Recycle Bin, in the order of their deletion.
     const std::vector<std::string>& RecycleBin() const { return recycled; }
-    // Their bytes.
+    // The bytes of these files, in the same order.
     const std::vector<std::string>& RecycledBytes() const { return recycledBytes; }
-    // Every call that changes the disk or reads a file, also if it fails: "write C:\\a.txt",
+    // Every call that changes the disk or reads a file, even if it fails: "write C:\\a.txt",
     // "replace C:\\a.tmp C:\\a.txt", "read", "delete", "recycle", "copy", "folder".
     const std::vector<std::string>& Log() const { return log; }
     void ClearLog() { log.clear(); }

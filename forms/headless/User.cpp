@@ -63,7 +63,7 @@ bool User::RequireReachable(const std::string& what, Control& control) {
     return true;
 }
 
-// Does not keep the form alive: tests must fail if the runtime does not.
+// Does not keep the form alive, so that a test fails if the runtime does not keep it alive.
 bool User::BringUp(Form& form) {
     const std::weak_ptr<Form> alive = form.weak_from_this();
     gestures::Activate(form);

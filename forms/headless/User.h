@@ -10,20 +10,20 @@
 
 namespace forms::headless {
 
-// A scripted user of the headless stage, who can do no more than a person. An action on a target
-// that is hidden, disabled, minimised, shut off by a modal form, or behind a box or a menu is not
-// done and fails the test.
+// A scripted user of the headless stage, who can do only what a real user can. If the target of an
+// action is hidden, disabled, minimised, disabled by a modal form, or behind a box or a menu, the
+// action is not done and the test fails.
 class User {
   public:
     User(HeadlessStage& userStage, RecordedTray& userTray) : stage(userStage), tray(userTray) {}
 
-    // Buttons, labels and images react to a click; a text box or a list takes the focus.
+    // A click presses a button, label or image, and gives a text box or a list the focus.
     void Click(Control& control);
     void DoubleClick(Control& control);
     void Click(Toolbar& toolbar, const std::string& key);
     void RightClick(Control& control);
-    void RightClick(Form& form);  // its background
-    // The pointer moves over the background; x in twips.
+    void RightClick(Form& form);  // on its background
+    // Moves the pointer over the form's background. x and y are in twips.
     void MouseMove(Form& form, int x, int y = 0);
 
     // Replaces the whole content.
@@ -33,36 +33,36 @@ class User {
     void Select(ListView& listView, int row);
     void Pick(DateTimePicker& picker, base::DateTime value);
 
-    // From the menu bar.
+    // Chooses the entry from the menu bar.
     void Choose(Menu& entry);
 
-    // A message of the tray icon: 514 left button up, 515 left double click, 517 right button up.
-    // Works behind boxes and modal forms too.
+    // Sends a message of the tray icon: 514 left button up, 515 left double click, 517 right button
+    // up. Works while a box or a modal form is open too.
     void Tray(int message);
 
     void CloseBox(Form& form);
     void Minimize(Form& form);
     void Restore(Form& form);
     void Maximize(Form& form);
-    // Twips.
+    // Width and height are in twips.
     void Size(Form& form, int width, int height);
     // Holds the title bar while the script runs, then releases it at the new place.
     void Drag(Form& form, int left, int top, const Script& during = nullptr);
 
-    // Keys go to the active form.
+    // These functions press a key in the active form.
     void PressEnter();
     void PressEscape();
     void PressMenuKey();
     void Tab(bool backward = false);
-    // Alt and a letter.
+    // Presses Alt and a letter.
     void AccessKey(Form& form, char letter);
 
   private:
     bool Fail(const std::string& what, const std::string& why);
-    // False if a person could not act on the target now; the test fails.
+    // Returns false, and fails the test, if a real user could not act on the target now.
     bool RequireReachable(const std::string& what, Form& form);
     bool RequireReachable(const std::string& what, Control& control);
-    // False when the form's own handler has unloaded it.
+    // Returns false if the form's own handler has unloaded it.
     bool BringUp(Form& form);
     bool TakeFocus(Control& control);
     Form* FormWithKeyboard(const std::string& what);

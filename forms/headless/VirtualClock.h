@@ -8,45 +8,48 @@
 
 namespace forms::headless {
 
-// A clock that stands still unless a test moves it. The stage arms its one alarm for the next tick.
+// A clock that stands still unless a test moves it. The stage sets its only alarm to the time of
+// the next tick.
 class VirtualClock : public Clock {
   public:
-    // Friday, 14 May 2004, 9:00:00.
+    // Starts at Friday, 14 May 2004, 9:00:00.
     VirtualClock();
 
     base::DateTime Now() override;
     int MillisecondOfSecond() override;
     std::int64_t MonotonicMilliseconds() override { return monotonic; }
 
-    // These two set the wall clock, and the program is not told.
+    // These two functions set the wall clock. The program is not notified.
     void SetNow(base::DateTime now, int millisecond = 0);
     void MoveWallClock(std::int64_t seconds, std::int64_t milliseconds = 0);
-    // The wall clock is set forward or back, and the system tells the program.
+    // Sets the wall clock forward or back and notifies the program, as the system does.
     void Jump(std::int64_t seconds, std::int64_t milliseconds = 0);
 
-    // Lets time pass: both clocks go on, and every alarm that falls due on the way is given at its
-    // own time (with jitter, up to that much later). Handlers may advance the clock themselves; it
-    // ends at the later of the two times.
+    // Lets time pass on both clocks. An alarm that becomes due goes off at its own time (with
+    // jitter, up to that much later). If handlers advance the clock themselves, it ends at the
+    // later of the two times.
     void Advance(std::int64_t milliseconds);
-    // Time passes without an alarm: a handler is busy or the machine sleeps. An alarm that falls
-    // due is given when the clock is next advanced.
+    // Lets time pass without an alarm, as if a handler were busy. An alarm that becomes due goes
+    // off when the clock is next advanced.
     void Pass(std::int64_t milliseconds);
-    // The machine sleeps: time passes without an alarm, then the system tells the program.
+    // Lets the machine sleep: time passes without an alarm, then the program is notified, as by the
+    // system.
     void Suspend(std::int64_t seconds);
 
-    // Each alarm comes up to maximum milliseconds late, by a fixed pseudo-random sequence.
+    // Makes each alarm up to maximum milliseconds late, by a fixed pseudo-random sequence.
     void SetJitter(int maximum, std::uint32_t seed = 1);
 
-    // The wall clock gains (or loses) this many milliseconds in a thousand seconds of the other.
+    // The wall clock gains (or loses) this many milliseconds in each thousand seconds of the
+    // monotonic clock.
     void SetDrift(int partsPerMillion) { drift = partsPerMillion; }
 
-    // Arms the alarm, which is given once. Empty disarms it.
+    // Sets the alarm, which goes off once. Empty: switches it off.
     void Arm(std::optional<std::int64_t> due);
     std::optional<std::int64_t> Armed() const { return alarm; }
     std::function<void()> onAlarm;
     // Called when the wall clock was set or the machine has slept.
     std::function<void()> onWallClockSet;
-    // Called if the alarm is armed again and again for a time that has passed.
+    // Called if the alarm is set again and again to a time that has passed.
     std::function<void()> onStuck;
 
   private:

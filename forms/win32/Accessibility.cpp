@@ -8,7 +8,7 @@ namespace forms::win32 {
 
 namespace {
 
-// The import libraries do not have them all.
+// Some of these are missing from the import libraries.
 constexpr GUID servicesClass{
     0xb5f8350b, 0x0548, 0x48b1, {0xa6, 0xee, 0x88, 0xbd, 0x00, 0xb4, 0xa5, 0xe7}};
 constexpr GUID servicesInterface{
@@ -18,7 +18,7 @@ constexpr GUID nameProperty{
 constexpr GUID roleProperty{
     0xcb905ff2, 0x7bd1, 0x4c05, {0xb3, 0xc8, 0xe6, 0xc2, 0x41, 0x36, 0x4d, 0x70}};
 
-// Kept until the process ends.
+// The service. It is kept until the process ends.
 IAccPropServices* Services() {
     static IAccPropServices* const services = []() -> IAccPropServices* {
         void* made = nullptr;

@@ -6,8 +6,8 @@
 
 namespace forms::win32 {
 
-// Gives a native control the name that screen readers speak, for controls without a caption. Does
-// nothing if the system has no such service.
+// Gives a native control without a caption a name for screen readers. Does nothing if the system
+// has no accessibility service.
 void SetAccessibleName(HWND control, const std::string& name);
 
 // Screen readers will announce the control as a picture.

@@ -9,7 +9,7 @@ namespace forms::win32 {
 
 namespace {
 
-// The model decides which value follows a click; the native control only shows it.
+// The model decides which value follows a click. The native control only shows it.
 class CheckBoxPeer : public Peer {
   public:
     CheckBoxPeer(FormWindow& formWindow, CheckBox& peerBox)

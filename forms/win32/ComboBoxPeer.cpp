@@ -34,7 +34,8 @@ class ComboBoxPeer : public Peer {
         }
     }
 
-    // The native control's height is that of its list; the box itself follows its item height.
+    // The height of the native control is the height of its list. The height of the box follows
+    // from its item height.
     void Layout() override {
         const RECT area = Area();
         const int height = area.bottom - area.top;
@@ -56,8 +57,8 @@ class ComboBoxPeer : public Peer {
             return;
         }
         const auto shown = static_cast<int>(::SendMessageW(handle, CB_GETCURSEL, 0, 0));
-        // An entry that is chosen in the open list is reported twice. If it was the chosen one
-        // before, only the second report may come.
+        // The system reports an entry that is chosen in the open list twice. If the entry was
+        // chosen before, only the second report may come.
         if (code == CBN_SELENDOK || shown != comboBox.listIndex()) {
             gestures::Select(comboBox, shown);
         }

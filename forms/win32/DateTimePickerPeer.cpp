@@ -70,15 +70,15 @@ class DateTimePickerPeer : public Peer {
         } else if (base::DateTime::IsValidDate(time.wYear, time.wMonth, time.wDay)) {
             gestures::Pick(picker, base::DateTime::FromDate(time.wYear, time.wMonth, time.wDay));
         } else {
-            // The native control has years that the program does not have.
+            // The native control accepts years that the program does not support.
             ShowValue();
         }
     }
 
     void ShowValue() {
         const base::DateTime value = picker.value;
-        // The native control needs a date with each time; the day is not visible. If it does not
-        // have the day, it shows the nearest; the picker's value does not change.
+        // The native control needs a date with each time. The date is not visible. If the date is
+        // invalid in the control, it uses the nearest date, and the picker's value does not change.
         static const base::DateTime anyDay = base::DateTime::FromDate(2000, 1, 1);
         static const base::DateTime firstDay = base::DateTime::FromDate(1753, 1, 1);
         const base::DateTime day = ShowsTime() ? anyDay : std::max(value, firstDay);
@@ -94,7 +94,7 @@ class DateTimePickerPeer : public Peer {
         }
     }
 
-    // A value that the user has just typed is not set again: the control would restart the field.
+    // Do not set a value that the user has just typed: the control would restart the field.
     bool Shows(const SYSTEMTIME& time) const {
         SYSTEMTIME shown{};
         ::SendMessageW(handle, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&shown));
@@ -104,7 +104,7 @@ class DateTimePickerPeer : public Peer {
         return shown.wYear == time.wYear && shown.wMonth == time.wMonth && shown.wDay == time.wDay;
     }
 
-    // A control cannot change between a calendar and arrows after it was made.
+    // A control cannot change between a calendar and arrows after it was created.
     void CreateAgain() {
         HWND before = handle;
         const bool hadFocus = ::GetFocus() == before;

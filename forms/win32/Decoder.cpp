@@ -19,7 +19,7 @@ constexpr ULONGLONG keptFor = 2000;  // milliseconds
 constexpr int bytesPerPixel = 4;
 constexpr UINT longestSide = 16384;  // pixels; larger pictures are refused
 
-// The import libraries do not have it.
+// The import libraries lack this identifier.
 constexpr GUID premultiplied{
     0x6fddc324, 0x4e03, 0x4bfe, {0xb1, 0x85, 0x3d, 0x77, 0x76, 0x8d, 0xc9, 0x10}};
 
@@ -29,7 +29,7 @@ struct Release {
 template <class Interface>
 using Owned = std::unique_ptr<Interface, Release>;
 
-// The object that a call returns through its last argument; null if the call fails.
+// The object that a call returns through its last argument. Null if the call fails.
 template <class Interface, class Call>
 Owned<Interface> Made(const Call& call) {
     Interface* made = nullptr;
@@ -42,7 +42,7 @@ class Library {
     Library()
         : module(::LoadLibraryExW(L"windowscodecs.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32)) {
         ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-        // CoCreateInstance would keep the library loaded.
+        // Do not use CoCreateInstance: it would keep the library loaded.
         using Create = HRESULT(WINAPI*)(UINT, IWICImagingFactory**);
         if (const auto create = FunctionOf<Create>(module, "WICCreateImagingFactory_Proxy");
             create != nullptr) {
@@ -107,7 +107,7 @@ class Decoded {
     bool IsPicture() const { return size.cx > 0 && size.cy > 0; }
     SIZE Size() const { return size; }
 
-    // In its own size, rows from the top.
+    // Copies the pixels in the picture's own size, with the top row first.
     void CopyTo(void* pixels) const {
         const auto row = static_cast<UINT>(size.cx * bytesPerPixel);
         picture->CopyPixels(nullptr, row, row * static_cast<UINT>(size.cy),
@@ -120,8 +120,8 @@ class Decoded {
     SIZE size{};
 };
 
-// The library and the last picture, which is measured first and drawn soon afterwards: it is
-// decoded once.
+// The library and the last picture. A picture is first measured and soon afterwards drawn, so
+// keeping it saves decoding it twice.
 struct Loaded {
     std::unique_ptr<Library> library;
     std::unique_ptr<Scaler> scaler;

@@ -7,18 +7,18 @@
 
 namespace forms::win32 {
 
-// Decodes gif, jpg, png and bmp files. The system's libraries for this are large and seldom needed:
-// they are loaded with the first picture and released some seconds after the last one.
+// Decodes gif, jpg, png and bmp files. The system's libraries for this are large and rarely needed.
+// So they are loaded with the first picture, and released some seconds after the last one.
 namespace decoder {
 
-// Pixels; empty if the bytes are not a picture.
+// The size in pixels. Empty if the bytes are not a picture.
 std::optional<SIZE> SizeOf(const std::string& bytes);
 
-// The picture scaled to this size: 32 bits a pixel, with premultiplied alpha. The caller deletes
-// it. Null if the bytes are not a picture.
+// The picture scaled to this size, with 32 bits a pixel and premultiplied alpha. The caller deletes
+// the bitmap. Null if the bytes are not a picture.
 HBITMAP Render(const std::string& bytes, SIZE size);
 
-// Call periodically; the stage's timer does.
+// Releases the libraries if they are not used. The stage's timer calls it periodically.
 void ReleaseIfUnused();
 
 }  // namespace decoder

@@ -7,7 +7,8 @@ namespace forms::win32 {
 
 namespace {
 
-// The innermost call comes last: destroying one window may destroy others.
+// The windows that are being destroyed. Destroying one window may destroy others, and the innermost
+// call comes last.
 std::vector<HWND>& Running() {
     static std::vector<HWND> windows;
     return windows;

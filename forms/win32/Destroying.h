@@ -4,11 +4,11 @@
 
 namespace forms::win32 {
 
-// Destroys a window of the program. False if there is no such window.
+// Destroys a window of the program. Returns false if there is no such window.
 //
-// Other programs can send WM_DESTROY and WM_NCDESTROY, too, and a control that handles them frees
-// its text. So the program destroys its windows by this function only, and its window procedures
-// drop these messages unless IsBeingDestroyed.
+// Other programs can also send WM_DESTROY and WM_NCDESTROY, and a control that handles them frees
+// its text. So the program destroys its windows only by this function, and its window procedures
+// ignore these messages unless IsBeingDestroyed returns true.
 bool DestroyNative(HWND window);
 
 // Whether DestroyNative is running for the window, its parent or its owner.

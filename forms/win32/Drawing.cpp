@@ -8,18 +8,18 @@ namespace forms::win32 {
 
 namespace {
 
-// The lowest contrast that is not corrected. Red on the gray of old dialogs, which an author chose,
-// has 2.6; dark blue on black, which is an accident, has 1.3.
+// A lower contrast than this is corrected. For example, red on the gray of old dialogs, which an
+// author chose, has 2.6. Dark blue on black, which is an accident, has 1.3.
 constexpr double lowestContrast = 2.5;
 
-// How bright a colour looks, 0 to 1.
+// The perceived brightness of a colour, 0 to 1.
 double Luminance(COLORREF color) {
     const auto linear = [](BYTE part) { return std::pow(part / 255.0, 2.2); };
     return 0.2126 * linear(GetRValue(color)) + 0.7152 * linear(GetGValue(color)) +
            0.0722 * linear(GetBValue(color));
 }
 
-// 1 for equal colours to 21 for black on white.
+// The contrast of two colours, from 1 (equal) to 21 (black on white).
 double Contrast(COLORREF a, COLORREF b) {
     const auto [darker, brighter] = std::minmax({Luminance(a), Luminance(b)});
     return (brighter + 0.05) / (darker + 0.05);

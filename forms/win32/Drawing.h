@@ -9,18 +9,19 @@
 namespace forms::win32 {
 
 COLORREF ToColorRef(Color color);
-// system: the colour to use if the model names none, such as COLOR_BTNFACE.
+// If color is empty, returns the system's colour with the index system, for example COLOR_BTNFACE.
 COLORREF ToColorRef(const std::optional<Color>& color, int system);
 
-// The wanted colour of a text or line, or black or white if it could hardly be told from this
-// background. The program chooses some colours, and the user's theme others.
+// A readable colour for text or a line: the wanted colour, or black or white if the wanted colour
+// has too little contrast with the background. The program chooses some colours and the user's
+// theme others, so any combination can occur.
 COLORREF ReadableOn(COLORREF background, COLORREF wanted);
 
-// Shared brushes; must not be deleted.
+// Shared brushes. Do not delete them.
 HBRUSH SolidBrush(COLORREF color);
 
-// A buffer for drawing that appears in one step: the destructor copies it to the target.
-// Coordinates are the target's.
+// A buffer whose drawing appears in one step: the destructor copies it to the target. Coordinates
+// are those of the target.
 class BackBuffer {
   public:
     BackBuffer(HDC target, const RECT& area);
@@ -38,7 +39,8 @@ class BackBuffer {
     HGDIOBJ before;
 };
 
-// Selects an object into a device context until it is destroyed.
+// Selects an object into a device context. The destructor restores the object that was selected
+// before.
 class Selected {
   public:
     Selected(HDC dc, HGDIOBJ object) : context(dc), before(::SelectObject(dc, object)) {}

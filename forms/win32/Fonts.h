@@ -6,17 +6,18 @@
 
 namespace forms::win32 {
 
-// Fonts are made once and kept: a hundred windows share a handful.
+// Fonts are created once and kept, because a hundred windows share a few fonts.
 namespace fonts {
 
-// points 0: the size of the user's message font; name empty: its face.
+// If points is 0, the font has the size of the user's message font. If name is empty, it has its
+// face.
 HFONT Get(const std::string& name, int points, bool bold, int dpi);
 
-// The user has chosen another message font: windows must call Get again. The fonts so far stay
-// valid, because controls may still draw with them.
+// Call it when the user has chosen another message font. Windows must then call Get again. The old
+// fonts stay valid, because controls may still draw with them.
 void Forget();
 
-// Size in pixels of a text, whose lines are not wrapped.
+// The size of a text in pixels, without wrapping.
 SIZE Measure(const std::wstring& text, HFONT font);
 
 }  // namespace fonts

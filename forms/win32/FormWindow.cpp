@@ -18,12 +18,12 @@ namespace {
 
 constexpr wchar_t className[] = L"FormWindow";
 
-// No title bar shows more, and the system does not create a window with a very long name.
+// No title bar shows more characters, and the system cannot create a window with a very long title.
 constexpr std::size_t longestCaption = 1024;
 
 std::wstring CaptionOf(const Form& form) { return Wide(form.caption()).substr(0, longestCaption); }
 
-// How a form finds its window. Destroyed when the form is unloaded.
+// Links a form to its window. Destroyed when the form is unloaded.
 struct Link : Form::StageData {
     FormWindow* window = nullptr;
     ~Link() override {
@@ -58,7 +58,7 @@ FormWindow* FormWindow::Of(Form& form, StageState& state) {
     if (!made->CreateBare()) {
         return nullptr;
     }
-    // From here on the native window owns it, and deletes it with WM_NCDESTROY.
+    // From now on the native window owns this object, and deletes it when it gets WM_NCDESTROY.
     FormWindow* window = made.release();
     auto link = std::make_unique<Link>();
     link->window = window;
@@ -161,16 +161,16 @@ void FormWindow::ApplyIcon() {
 
 void FormWindow::ScheduleDestroy() {
     const Applying applying(state);
-    // Only an active window must choose its successor at once. To hide a hundred notes one by one
-    // would be most of the time that the program takes to end.
+    // If this window is active, another window must become active at once. Skip this at the end of
+    // the program: hiding a hundred notes one by one would take most of the time.
     if (::GetActiveWindow() == handle && Runtime::Exists() && !Runtime::Current().HasEnded()) {
         showing.Hide();
     }
     showing.ReleaseOwned();
     DetachFromForm();
     destroyScheduled = true;
-    // The next message destroys the window. It does not come while the program ends: the system
-    // destroys all windows of a process faster than the process could one by one.
+    // The posted message destroys the window. It does not arrive while the program ends, because
+    // the system destroys all windows of a process faster than the process could.
     if (::PostMessageW(state.utility, UtilityWindow::destroyMessage, 0,
                        reinterpret_cast<LPARAM>(handle)) == 0) {
         DestroyIfScheduled();
@@ -184,7 +184,7 @@ void FormWindow::DestroyIfScheduled() {
     if (entered == 0) {
         DestroyNative(handle);
     } else if (IsShown()) {
-        // One of its handlers waits, for a box say.
+        // A handler of the window is waiting, for example for a box.
         ::ShowWindow(handle, SW_HIDE);
     }
 }
@@ -213,7 +213,7 @@ LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam,
     if (message == WM_NCDESTROY) {
         ::SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         if (target->IsLive()) {
-            target->DetachFromForm();  // a window that it belongs to is destroyed
+            target->DetachFromForm();  // the window that owns this one is being destroyed
         }
         const auto& windows = target->state.windows;
         const bool wasCreated = std::find(windows.begin(), windows.end(), target) != windows.end();
@@ -257,8 +257,8 @@ std::optional<LRESULT> FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM
     if (!result) {
         result = showing.OnMessage(message, wParam);
     }
-    // This part is the last one, because its handlers may unload the form and it may still leave
-    // the message to the system.
+    // placement must be the last part that gets the message, because its handlers may unload the
+    // form and still leave the message to the system.
     if (!result) {
         result = placement.OnMessage(message, wParam, lParam);
     }

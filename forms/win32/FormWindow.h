@@ -17,13 +17,15 @@
 
 namespace forms::win32 {
 
-// The native window of a form. It is made bare; its menu bar and its controls are made when it is
-// first shown and not minimised. When its form is unloaded, it is hidden at once, and destroyed as
-// soon as none of its procedures is on the stack: the handler of a button may unload its form.
+// The native window of a form. It is created without contents. Its menu bar and its controls are
+// created when it is first shown and not minimised. When its form is unloaded, the window is hidden
+// at once. It is destroyed as soon as none of its procedures is on the stack, because the handler
+// of a button may unload its form.
 class FormWindow {
   public:
     static FormWindow* Existing(const Form& form);
-    // Null if the form is not loaded or the system has no more windows.
+    // Creates the window if needed. Null if the form is not loaded or the system cannot create more
+    // windows.
     static FormWindow* Of(Form& form, StageState& state);
     // Null if the window is not a FormWindow of this process.
     static FormWindow* From(HWND window);
@@ -32,7 +34,7 @@ class FormWindow {
     FormWindow(const FormWindow&) = delete;
     FormWindow& operator=(const FormWindow&) = delete;
 
-    // While one of the window's procedures runs.
+    // Exists while one of the window's procedures runs.
     class Entry {
       public:
         explicit Entry(FormWindow& formWindow) : window(formWindow) { ++window.entered; }
@@ -55,17 +57,17 @@ class FormWindow {
     WindowFocus focus{*this};
     WindowPointer pointer{*this};
 
-    // Whether the form still exists; if not, only the window's own members may be used.
+    // Whether the form still exists. If it does not, use only the window's own members.
     bool IsLive() const { return form != nullptr; }
     Form& Model() const { return *form; }
     bool IsFilled() const { return isFilled; }
     bool IsShown() const { return ::IsWindowVisible(handle) != 0; }
 
-    // Makes the menu bar and the controls unless they are there.
+    // Creates the menu bar and the controls unless they exist.
     void Fill();
     void Apply(Aspect aspect);
     void ApplyIcon();
-    // The form is gone: destroys the window now or as soon as possible.
+    // Called when the form is unloaded: destroys the window now or as soon as possible.
     void ScheduleDestroy();
     void DestroyIfScheduled();
 
@@ -78,7 +80,8 @@ class FormWindow {
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void OnCommand(WPARAM wParam, LPARAM lParam);
 
-    // Set while CreateWindow runs. WM_NCCREATE may be forged, so its parameters are not used.
+    // The window that CreateWindow is creating. The parameters of WM_NCCREATE are not used, because
+    // another program may have sent the message.
     inline static FormWindow* beingMade = nullptr;
 
     Form* form;

@@ -14,9 +14,9 @@ namespace forms::win32 {
 
 namespace {
 
-// Paints the border of the user's theme; false if there is no theme. The library is loaded by the
-// first window with a group box, which is the main window. If it were linked, it would be the only
-// library that the system would load from the program's folder.
+// Paints the border of the user's theme. Returns false if there is no theme. The library is loaded
+// when the first window with a group box, the main window, is painted. It is not linked, because
+// the system would then load it from the program's folder.
 bool PaintThemedBorder(HWND handle, HDC dc, const RECT& border, int look) {
     constexpr const wchar_t* library = L"uxtheme.dll";
     static const auto open = FromLibrary<decltype(&::OpenThemeData)>(library, "OpenThemeData");
@@ -35,7 +35,7 @@ bool PaintThemedBorder(HWND handle, HDC dc, const RECT& border, int look) {
     return true;
 }
 
-// A group box. It lies below the controls in it, and is painted with the form's surface, so that it
+// A group box. It is below the controls in it. It is painted with the form's surface, so that it
 // does not cover the pictures in it.
 class FramePeer : public SurfacePeer {
   public:
@@ -67,7 +67,7 @@ class FramePeer : public SurfacePeer {
             ::DrawTextW(dc, caption.c_str(), -1, &needed, format | DT_CALCRECT);
             const bool fits = needed.right <= text.right;
             text.right = fits ? needed.right : text.right;
-            // The last letter may reach beyond the width of the text.
+            // The last letter may extend beyond the measured width of the text.
             format |= fits ? DT_NOCLIP : DT_END_ELLIPSIS;
             ::ExcludeClipRect(dc, text.left - gap, text.top, text.right + gap, text.bottom);
         }

@@ -23,7 +23,7 @@ bool IsIconFile(const std::string& path) {
     return path.size() > 4 && ::lstrcmpiA(path.c_str() + path.size() - 4, ".ico") == 0;
 }
 
-// Empty if the file cannot be read.
+// The bytes of the file. Empty if it cannot be read.
 std::string BytesOf(const std::string& path) {
     try {
         return Machine().files->FileExists(path) ? Machine().files->Read(path) : std::string();
@@ -32,8 +32,8 @@ std::string BytesOf(const std::string& path) {
     }
 }
 
-// The picture for this width in pixels. Larger versions of "error.gif" may lie beside it:
-// "error@2x.png" with twice and "error@3x.png" with three times its pixels.
+// The picture for this width in pixels. Larger versions of "error.gif" may be beside it:
+// "error@2x.png" and "error@3x.png" with twice and three times its width and height in pixels.
 std::string PictureFor(const std::string& path, int width) {
     std::string best = BytesOf(path);
     const std::optional<SIZE> plain = decoder::SizeOf(best);
@@ -42,7 +42,7 @@ std::string PictureFor(const std::string& path, int width) {
         const std::string stem = path.substr(0, path.find_last_of('.'));
         std::string larger = BytesOf(stem + '@' + std::to_string(times) + "x.png");
         const std::optional<SIZE> size = decoder::SizeOf(larger);
-        // A file of another shape belongs to another picture.
+        // If the proportions differ, the file belongs to another picture.
         if (size && size->cx == times * plain->cx && size->cy == times * plain->cy) {
             best = std::move(larger);
             bestWidth = size->cx;
@@ -51,7 +51,7 @@ std::string PictureFor(const std::string& path, int width) {
     return best;
 }
 
-// An icon file as it lies on the disk: a header and one entry for each frame.
+// The format of an icon file: a header and one entry for each frame.
 constexpr std::size_t headerSize = 6;
 constexpr std::size_t entrySize = 16;
 
@@ -70,8 +70,8 @@ struct Frame {
     std::uint32_t offset = 0;
 };
 
-// The smallest frame that need not be enlarged, else the largest; of these the one with the most
-// colours.
+// The smallest frame that is large enough, or else the largest frame. If several have this size,
+// the one with the most colours.
 Frame BestFrame(const std::vector<std::uint8_t>& file, int pixels) {
     Frame best;
     const std::size_t count = file.size() < headerSize ? 0 : Number(&file[4], 2);
@@ -138,7 +138,8 @@ HICON ProgramIcon(int pixels) {
     static std::map<int, HICON> cache;
     const auto [at, isNew] = cache.try_emplace(pixels, nullptr);
     if (isNew) {
-        // The icon with the lowest number, which the desktop takes for the program's own.
+        // Use the icon with the lowest number, because the desktop also uses it as the program's
+        // icon.
         at->second = static_cast<HICON>(::LoadImageW(
             ::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, pixels, pixels, 0));
     }

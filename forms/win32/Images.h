@@ -6,14 +6,15 @@
 
 namespace forms::win32 {
 
-// Icons are read once and kept until the process ends, so that a hundred windows share one. A file
-// that cannot be read is not shown: the device that loads pictures has reported the error.
+// Icons are read once and kept until the process ends, so that a hundred windows share one icon. A
+// file that cannot be read is not shown. The device that loads pictures has reported the error.
 namespace images {
 
-// The frame of an icon file that suits best; null if there is none. Must not be destroyed.
+// The best frame of an icon file for this size. Null if there is none. Do not destroy it.
 HICON FileIcon(const std::string& path, int pixels);
 
-// From the program's resources of type RCDATA that hold icon files: name is the resource's name.
+// Like FileIcon, for an icon file in the program's resources of type RCDATA. name is the name of
+// the resource.
 HICON ResourceIcon(const std::string& name, int pixels);
 
 // The program's own icon.

@@ -10,19 +10,19 @@ class Form;
 
 namespace win32 {
 
-// Functions that the stage has for the devices, and the devices for the stage.
+// Functions of the stage for the devices, and of the devices for the stage.
 
-// The form's native window as the owner of an icon in the notification area; it is made, without
-// its children, if there is none yet. From now on it takes the icon's callback: a mouse-move
-// message whose wParam is the icon's number, not 0, and whose lParam is the mouse message. Null if
-// the form is not loaded.
+// The form's native window as the owner of an icon in the notification area. If the form has no
+// window yet, creates it without its children. From now on, the window takes the icon's callback: a
+// mouse-move message whose wParam is the icon's number, not 0, and whose lParam is the mouse
+// message. Null if the form is not loaded.
 HWND TrayWindowOf(Form& form, UINT iconId);
-// The form's native window; null if there is none.
+// The form's native window. Null if there is none.
 HWND ExistingWindowOf(const Form& form);
 
 // Called when the desktop's shell has restarted and its notification area is empty.
 inline std::function<void()> onTaskbarCreated;
-// Runs the timers that are due; set while the stage exists. Call it only where handlers may run.
+// Runs the timers that are due. Set while the stage exists. Call it only if handlers may run.
 inline std::function<void()> runOverdueTimers;
 // Called when the monitors, their sizes or their scales have changed.
 inline std::function<void()> onDisplayChange;

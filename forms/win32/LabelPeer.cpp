@@ -47,7 +47,7 @@ class LabelPeer : public SurfacePeer {
             format |= DT_HIDEPREFIX;
         }
         if (label.autoSize) {
-            // Sized to its lines: rounding must not wrap the last word.
+            // The label has the size of its lines. Do not wrap the last word because of rounding.
             format &= ~UINT{DT_WORDBREAK};
         }
         RECT box = inside;
@@ -56,7 +56,7 @@ class LabelPeer : public SurfacePeer {
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
         const auto result = SurfacePeer::OnMessage(message, wParam, lParam);
-        // Only sent by tools: a person's clicks reach the form.
+        // Only tools send this message. A click of the mouse reaches the form.
         if (message == WM_LBUTTONUP && window.IsLive()) {
             gestures::Click(label);
         }

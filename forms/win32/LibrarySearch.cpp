@@ -13,7 +13,7 @@ void RestrictLibrarySearch() {
     if (setDirectories != nullptr) {
         setDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     }
-    // At least removes the current folder if the function is missing.
+    // If the function is missing, at least remove the current folder.
     ::SetDllDirectoryW(L"");
 }
 

@@ -15,7 +15,8 @@ namespace forms::win32 {
 
 namespace {
 
-// A virtual list: the native control holds no rows, and requests the text of those that it shows.
+// A virtual list: the native control holds no rows, and requests the text of the rows that it
+// shows.
 class ListViewPeer : public Peer {
   public:
     ListViewPeer(FormWindow& formWindow, ListView& peerList)
@@ -94,7 +95,7 @@ class ListViewPeer : public Peer {
         if (message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN) {
             selectedByClick = false;
         }
-        // The native list reports each of these by a notification, and swallows some of them.
+        // The native list reports these messages by notifications, and suppresses some of them.
         if (message == WM_LBUTTONUP || message == WM_RBUTTONUP) {
             return std::nullopt;
         }
@@ -103,7 +104,7 @@ class ListViewPeer : public Peer {
 
   private:
     void OnClick(int button, const NMITEMACTIVATE& click) {
-        // A click on the row that was selected already changes nothing natively.
+        // A click on the selected row changes nothing in the native list.
         if (click.iItem >= 0 && !selectedByClick) {
             gestures::Select(listView, click.iItem);
         }
@@ -190,7 +191,7 @@ class ListViewPeer : public Peer {
         }
     }
 
-    // The row with a text that begins with the typed letters.
+    // Finds the row with a text that begins with the typed letters.
     LRESULT FindRow(const NMLVFINDITEMW& search) const {
         const auto& rows = listView.Rows();
         if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || rows.empty()) {
@@ -213,7 +214,7 @@ class ListViewPeer : public Peer {
     ListView& listView;
     HIMAGELIST pictures = nullptr;
     bool updating = false;
-    bool selectedByClick = false;  // by the mouse button that was pressed last
+    bool selectedByClick = false;  // by the last press of a mouse button
 };
 
 }  // namespace

@@ -5,7 +5,7 @@
 
 namespace forms::win32 {
 
-// The machine's own devices. They are made by the first call, for its application, and live until
+// The devices of this machine. The first call creates them, for its application. They live until
 // the process ends.
 Devices MakeDevices(const ApplicationInfo& application);
 

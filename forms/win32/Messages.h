@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-// From <winuser.h> of newer systems.
+// These are defined in <winuser.h> of newer systems.
 namespace forms::win32 {
 
 constexpr UINT scaleChangedMessage = 0x02E0;  // WM_DPICHANGED

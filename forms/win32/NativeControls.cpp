@@ -21,8 +21,8 @@ bool IsOrContains(const Control& outer, const Control* control) {
 
 }  // namespace
 
-// The order in which native controls are created is the order of the Tab key, and the first one
-// lies on top. So group boxes come last, the inner before the outer ones.
+// The order of creation determines the order of the Tab key, and the first native control is on
+// top. So group boxes are created last, the inner before the outer ones.
 void NativeControls::Create() {
     const Form& form = window.Model();
     for (Control* control : form.Controls()) {
@@ -41,7 +41,7 @@ void NativeControls::Create() {
         if (peer.handle == nullptr) {
             continue;
         }
-        // The arrow keys stay within the option buttons of one container.
+        // The arrow keys move only among the option buttons of one container.
         const bool goesOn = before != nullptr && control->kind == ControlKind::OptionButton &&
                             before->control.kind == ControlKind::OptionButton &&
                             before->control.container == control->container;

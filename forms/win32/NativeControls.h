@@ -13,7 +13,7 @@ namespace forms::win32 {
 class FormWindow;
 
 // The native controls of a form: a peer for each control of the model, and their tool tips. The
-// command number of a control is firstId and its place in the form.
+// command number of a control is firstId plus its place in the form.
 class NativeControls {
   public:
     static constexpr int firstId = 100;
@@ -27,9 +27,9 @@ class NativeControls {
     const std::vector<std::unique_ptr<Peer>>& Peers() const { return peers; }
     Peer* Find(const Control& control) const;
     Peer* Find(HWND child) const;
-    // The model has changed.
+    // Called when the model has changed.
     void Apply(const Control& control, Aspect aspect);
-    // The window's resolution or the user's settings have changed.
+    // Called when the window's resolution or the user's settings have changed.
     void Layout();
 
   private:

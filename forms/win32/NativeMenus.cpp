@@ -102,7 +102,7 @@ void NativeMenus::Apply(HWND window, const Menu& menu, Aspect aspect) {
         }
         return;
     }
-    // The entry may be on the screen now. Other menus are refreshed before they open.
+    // The entry may be visible now. Other menus are updated before they open.
     HMENU bar = ::GetMenu(window);
     const auto id = static_cast<UINT>(IdOf(menu));
     if (aspect == Aspect::Enabled) {

@@ -9,8 +9,8 @@
 
 namespace forms::win32 {
 
-// The native menus of a form. Every entry has a command number of its own, from firstId on, in the
-// order of declaration; the entries of a sub-menu follow their parent.
+// The native menus of a form. Every entry has its own command number, from firstId on, in the order
+// of declaration. The entries of a sub-menu follow their parent.
 class NativeMenus {
   public:
     static constexpr int firstId = 1000;
@@ -19,11 +19,11 @@ class NativeMenus {
     NativeMenus(const NativeMenus&) = delete;
     NativeMenus& operator=(const NativeMenus&) = delete;
 
-    // Gives the window its menu bar, if the form has one, and replaces an earlier one.
+    // Gives the window its menu bar, if the form has one. Replaces an earlier menu bar.
     void MakeBar(HWND window, const Form& form);
-    // The caller destroys it.
+    // The caller destroys the menu.
     HMENU MakePopup(const Menu& menu);
-    // A menu is about to open: brings it up to date if it belongs to the menu bar.
+    // Called when a menu is about to open. Updates the menu if it belongs to the menu bar.
     void Refresh(HMENU popup);
     void Apply(HWND window, const Menu& menu, Aspect aspect);
     Menu* Find(int id) const;

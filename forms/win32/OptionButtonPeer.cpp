@@ -10,7 +10,7 @@ namespace forms::win32 {
 
 namespace {
 
-// The model decides which button of a group is selected; the native control only shows it.
+// The model decides which button of a group is selected. The native control only shows it.
 class OptionButtonPeer : public Peer {
   public:
     OptionButtonPeer(FormWindow& formWindow, OptionButton& peerButton)
@@ -30,7 +30,7 @@ class OptionButtonPeer : public Peer {
     }
 
     void OnCommand(int code) override {
-        // A button that is not selected also reports a click when it gets the focus.
+        // A button that is not selected reports a click also if it gets the focus.
         if (code == BN_CLICKED && !window.state.movingFocus && !button.value()) {
             gestures::Click(button);
         }
@@ -56,8 +56,8 @@ class OptionButtonPeer : public Peer {
     }
 
   private:
-    // If the focus comes from another button of the group, the selection follows it. Not every
-    // system reports that as a click.
+    // If the focus comes from another button of the group, the selection follows it. Some systems
+    // do not report this as a click.
     void SelectByArrowKey(const Peer* from) {
         const bool byMouse = ::GetKeyState(VK_LBUTTON) < 0;
         if (from != nullptr && IsOfGroup(from->control) && !byMouse && !button.value()) {

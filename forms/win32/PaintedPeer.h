@@ -12,7 +12,7 @@ class PaintedPeer : public Peer {
     void Layout() override;
 
   private:
-    RECT shown{};  // where it was painted
+    RECT shown{};  // the place where it was last painted
 };
 
 }  // namespace forms::win32

@@ -21,8 +21,8 @@ void PaintedPeer::Layout() {
 
 namespace {
 
-// Painted with the form's surface. An image with a name also has a native window, so that screen
-// readers find it; that window shows the surface below it.
+// An image. It is painted with the form's surface. An image with a name also has a native window,
+// so that screen readers find it. That window shows the surface below it.
 class ImagePeer : public SurfacePeer {
   public:
     ImagePeer(FormWindow& formWindow, Image& peerImage)
@@ -57,7 +57,7 @@ class ImagePeer : public SurfacePeer {
 
   protected:
     void PaintOver(HDC /*dc*/, const RECT& /*inside*/) override {}
-    // Its name is the native window's text.
+    // The text of the native window is its name.
     void Describe() override { MarkAsGraphic(handle); }
 
   private:
@@ -112,7 +112,7 @@ class LinePeer : public PaintedPeer {
     LinePeer(FormWindow& formWindow, Line& peerLine)
         : PaintedPeer(formWindow, peerLine), line(peerLine) {}
 
-    // A line has no thickness of its own: a place without height or width is drawn as thick as the
+    // A line has no thickness of its own. A place without height or width is drawn as thick as the
     // outline of a shape.
     void Paint(HDC dc) override {
         const int thickness = window.surface.LineThickness();

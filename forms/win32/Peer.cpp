@@ -138,7 +138,7 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
             }
             return std::nullopt;
         case WM_KEYUP:
-            // Not every kind of control passes the menu key on to the system.
+            // Some kinds of control do not pass the menu key on to the system.
             return wParam == VK_APPS && window.focus.OpenMenu() ? std::optional<LRESULT>(0)
                                                                 : std::nullopt;
         case WM_CONTEXTMENU:
@@ -154,10 +154,10 @@ LRESULT CALLBACK Peer::Procedure(HWND child, UINT message, WPARAM wParam, LPARAM
     auto& peer = *reinterpret_cast<Peer*>(data);
     const bool isMade = message == WM_NCCREATE || message == WM_CREATE;
     const bool isEnd = message == WM_DESTROY || message == WM_NCDESTROY;
-    // A control that is destroyed with its form may have no parent any more.
+    // A control that is destroyed with its form may have lost its parent already.
     const bool ends = IsBeingDestroyed(child) || IsBeingDestroyed(peer.window.handle);
     if (isMade || (isEnd && !ends)) {
-        return 0;  // sent by another program: the control exists already, and stays
+        return 0;  // sent by another program: ignore it, because the control exists already
     }
     if (message == WM_NCDESTROY) {
         ::RemoveWindowSubclass(child, &Peer::Procedure, id);

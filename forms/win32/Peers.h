@@ -5,7 +5,7 @@
 #include "forms/Controls.h"
 #include "forms/win32/Peer.h"
 
-// The native side of each kind of control; each in the source file named after it.
+// The native side of each kind of control. Each class is in the source file with its name.
 namespace forms::win32 {
 
 std::unique_ptr<Peer> MakeLabelPeer(FormWindow& window, Label& label);

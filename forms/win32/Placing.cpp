@@ -67,7 +67,7 @@ RECT Cascaded(SIZE size, int step, const std::vector<POINT>& taken) {
     const LONG lastX = std::max(first.x, work.right - size.cx);
     const LONG lastY = std::max(first.y, work.bottom - size.cy);
     std::vector<POINT> places;
-    // A run that has reached the edge is followed by one further to the right.
+    // When the cascade reaches the edge, it starts again further to the right.
     for (LONG runX = first.x; runX <= lastX; runX += 3 * step) {
         for (POINT place{runX, first.y}; place.x <= lastX && place.y <= lastY;) {
             places.push_back(place);

@@ -4,17 +4,17 @@
 
 #include <vector>
 
-// Where windows open. All lengths are pixels of the screen.
+// The positions of new windows. All lengths are pixels of the screen.
 namespace forms::win32::placing {
 
-// In the middle of the monitor that the user looks at: the active window's, else the main one.
+// The place in the middle of the active window's monitor, or else of the main monitor.
 RECT Centered(SIZE size);
-// The first place of a cascade on that monitor whose corner is not among the taken ones. Each place
-// of the cascade lies a step to the right of and below the one before.
+// The first place of a cascade on that monitor whose corner is not one of the taken ones. Each
+// place is one step to the right of and below the place before.
 RECT Cascaded(SIZE size, int step, const std::vector<POINT>& taken);
-// Moved so that it lies on a monitor; the upper left corner has precedence.
+// The place moved onto a monitor. If it is too large, its upper left corner is visible.
 RECT OnScreen(RECT place);
-// Whether the user can take hold of a window there: whether enough of its title bar lies on a
+// Whether the user can drag a window at this place, because enough of its title bar is on a
 // monitor.
 bool IsReachable(const RECT& place, int titleHeight);
 

@@ -16,7 +16,7 @@ namespace forms::win32::pumps {
 
 namespace {
 
-// Handles keys that move the focus, press a button or are access keys.
+// Handles keys that move the focus or press a button, and access keys.
 bool IsForForm(MSG& message) {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) {
         return false;
@@ -26,8 +26,8 @@ bool IsForForm(MSG& message) {
     return window != nullptr && window->focus.TakeKey(message);
 }
 
-// The hook in the loop of a box or dialog: gives their keys to the forms that can be used while it
-// is open. IsDialogMessage calls the hook again with the same message; that call is ignored.
+// The hook in the loop of a box or dialog. Passes keys to the forms that can be used while it is
+// open. IsDialogMessage calls the hook again with the same message. That call is ignored.
 LRESULT CALLBACK KeysOfForms(int code, WPARAM wParam, LPARAM lParam) {
     static const MSG* beingTreated = nullptr;
     auto* message = reinterpret_cast<MSG*>(lParam);
@@ -60,7 +60,7 @@ bool CanOwn(HWND window) {
            ::IsWindowEnabled(window) != 0;
 }
 
-// The owner of a box or dialog: the window that the user works with, if any.
+// The owner for a box or dialog: the window that the user is using, if any.
 HWND OwnerForBox() {
     if (HWND active = ::GetActiveWindow(); CanOwn(active)) {
         return active;
@@ -70,8 +70,8 @@ HWND OwnerForBox() {
     return window != nullptr && CanOwn(window->handle) ? window->handle : nullptr;
 }
 
-// Shuts off the existing windows while a box is open. The system itself shuts off the owner, and
-// all windows if there is no owner. Windows that appear later can be used.
+// Disables the existing windows while a box is open. The system itself disables the owner. If there
+// is no owner, the system disables all windows. Windows that appear later can be used.
 class OthersShutOff {
   public:
     OthersShutOff(StageState& stageState, HWND owner) : state(stageState) {
@@ -143,12 +143,12 @@ void Run(const std::function<bool()>& goesOn) {
     const Runtime& runtime = Runtime::Current();
     while (!runtime.HasEnded() && goesOn()) {
         MSG message{};
-        // WM_QUIT (0) ends this loop only if the runtime has ended, too.
+        // WM_QUIT (0) ends this loop only if the runtime has ended too.
         if (::GetMessageW(&message, nullptr, 0, 0) > 0 && !IsForForm(message)) {
             ::TranslateMessage(&message);
             ::DispatchMessageW(&message);
         }
-        // The native timer would wait until the queue is empty.
+        // Run them here, because the native timer would wait until the queue is empty.
         if (runOverdueTimers) {
             runOverdueTimers();
         }
@@ -208,8 +208,8 @@ Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu) {
     }
     HMENU popup = window.menus.MakePopup(menu);
     HWND before = ::GetActiveWindow();
-    // A menu closes when the user clicks elsewhere only if its window is in the foreground, and
-    // takes keys only if that window can be used.
+    // A menu closes when the user clicks elsewhere only if its window is in the foreground. It
+    // takes keys only if its window can be used.
     const bool canUse =
         window.IsShown() && ::IsWindowEnabled(window.handle) != 0 && ::IsIconic(window.handle) == 0;
     HWND owner = canUse ? window.handle : state.utility;

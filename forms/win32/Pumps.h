@@ -10,15 +10,15 @@
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/StageState.h"
 
-// The loops that wait for the user and let events in. Each returns soon after the runtime has
+// The loops that wait for the user and let events in. Each loop returns soon after the runtime has
 // ended.
 namespace forms::win32::pumps {
 
-// Runs the loop of the program while the condition holds.
+// Runs the program's loop while the condition is true.
 void Run(const std::function<bool()>& goesOn);
 
 BoxResult ShowMessageBox(StageState& state, const BoxRequest& request);
-// window: the window to which the dialog belongs; may be null.
+// window is the window that owns the dialog. It may be null.
 std::optional<std::string> ShowOpenDialog(StageState& state, const FormWindow* window,
                                           const FileDialogRequest& request);
 Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu);

@@ -43,7 +43,7 @@ struct Scaler::Library {
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
 
-    // Null on failure.
+    // A bitmap that uses this memory. Null on failure.
     Gdiplus::GpBitmap* Over(const Pixels32& memory) const {
         Gdiplus::GpBitmap* bitmap = nullptr;
         createOverMemory(memory.size.cx, memory.size.cy, memory.size.cx * bytesPerPixel,

@@ -6,7 +6,8 @@
 
 namespace forms::win32 {
 
-// Pixels of 32 bits with premultiplied alpha, rows from the top without gaps.
+// Pixels of 32 bits with premultiplied alpha. The top row comes first, and there are no gaps
+// between the rows.
 struct Pixels32 {
     void* pixels;
     SIZE size;

@@ -4,28 +4,29 @@
 
 #include "forms/win32/LateLibrary.h"
 
-// The support code of the compiler's stack protector: a secret that lies between the arrays of a
-// function and its return address, and is compared before the function returns.
+// The support code of the compiler's stack protector. The protector stores a secret value between
+// the arrays of a function and its return address, and compares it before the function returns.
 //
-// It protects against bytes from outside (a note, a settings value) that run over the end of an
-// array. An attacker cannot predict the secret of a later start, and has one try, because a wrong
-// secret ends the program. It does not protect against an attacker who can read this process's
-// memory, nor against a write that leaps over the secret.
+// It protects against bytes from outside (a note, a settings value) that overrun the end of an
+// array. An attacker cannot predict the secret of a later start and has only one try, because a
+// wrong secret ends the program. It does not protect against an attacker who can read this
+// process's memory, nor against a write that skips the secret.
 //
-// The compiler's own support library loads three libraries of the system's cryptography at each
-// start. This code loads none. It does not use the random function of advapi32, which needs a
-// library that could be planted beside the program; nor RtlRandomEx, which gives the same numbers
-// at each start; nor the cookie in the system's shared page, which is the same in all processes.
+// The compiler's own support library loads three cryptography libraries of the system at each
+// start. This code loads none. It does not use the random function of advapi32, because that
+// function needs a library that could be planted beside the program. It does not use RtlRandomEx,
+// which gives the same numbers at each start, or the cookie in the system's shared page, which is
+// the same in all processes.
 
 namespace {
 
-// Ends the process at once, without any handler: its stack cannot be trusted any more.
+// Ends the process at once without calling any handler, because its stack is corrupt.
 [[noreturn]] void FailFast() {
     if (::IsProcessorFeaturePresent(PF_FASTFAIL_AVAILABLE) != 0) {
         constexpr unsigned int stackCookieFailure = 2;  // FAST_FAIL_STACK_COOKIE_CHECK_FAILURE
         asm volatile("int $0x29" : : "c"(stackCookieFailure));
     }
-    // Before Windows 8 that would be an ordinary fault, for which handlers on this stack are
+    // Before Windows 8, FailFast would be an ordinary fault, and handlers on this stack would be
     // called.
     ::TerminateProcess(::GetCurrentProcess(), STATUS_STACK_BUFFER_OVERRUN);
     __builtin_unreachable();
@@ -41,8 +42,8 @@ std::uint64_t Mixed(std::uint64_t value) {
     return value;
 }
 
-// A random number of the system if the process has loaded its source, as from Windows 10 on with
-// ole32; else 0.
+// A random number of the system, if the process has loaded its source (since Windows 10, ole32
+// loads it). Otherwise 0.
 std::uint64_t SystemRandom() {
     const auto generate = forms::win32::FromLoadedLibrary<BOOL(WINAPI*)(std::uint64_t*, SIZE_T)>(
         L"bcryptprimitives.dll", "ProcessPrng");
@@ -50,7 +51,8 @@ std::uint64_t SystemRandom() {
     return generate != nullptr && generate(&value, sizeof value) != 0 ? value : 0;
 }
 
-// A random number that the kernel gives to this process only; 0 if there is none, as under Wine.
+// A random number that the kernel gives to this process only. 0 if there is none, for example under
+// Wine.
 std::uint32_t ProcessCookie() {
     constexpr ULONG processCookie = 36;
     const auto query =
@@ -75,12 +77,12 @@ std::uintptr_t __stack_chk_guard = 0;
 
 void __chk_fail() { FailFast(); }  // the system's headers say that it does not return
 
-// Runs before all other constructors, so that no function sees the secret change.
+// Runs before all other constructors, so that the secret does not change while a function uses it.
 __attribute__((constructor(101), no_stack_protector)) void SetStackGuard() {
     std::uint64_t secret = Mixed(SystemRandom());
     secret = Mixed(secret ^ ProcessCookie());
-    // In case both are missing: the time, to the processor's cycle, and the addresses of the stack,
-    // the program, the libraries and the heap.
+    // If both are missing, use the time with the processor's cycle counter, and the addresses of
+    // the stack, the program, the libraries and the heap.
     LARGE_INTEGER counter{};
     FILETIME now{};
     ::QueryPerformanceCounter(&counter);
@@ -95,7 +97,7 @@ __attribute__((constructor(101), no_stack_protector)) void SetStackGuard() {
     secret = Mixed(secret ^ Number(&__stack_chk_guard));
     secret = Mixed(secret ^ Number(::GetModuleHandleW(L"kernel32.dll")));
     secret = Mixed(secret ^ Number(::GetProcessHeap()));
-    // The zero byte stops string functions that would copy over the guard.
+    // A string function that would copy over the guard stops at its zero byte.
     __stack_chk_guard = static_cast<std::uintptr_t>(secret) & ~std::uintptr_t{0xff};
 }
 

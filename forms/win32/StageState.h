@@ -12,20 +12,22 @@ class FormWindow;
 
 // The state that all windows of a stage share.
 struct StageState {
-    std::vector<FormWindow*> windows;  // that exist natively, in the order of their last use
+    std::vector<FormWindow*> windows;  // all existing windows, in the order of their last use
     HWND utility = nullptr;            // hidden; see UtilityWindow.h
     std::wstring savingText;           // see ApplicationInfo
-    // Above 0 while the stage itself shows, moves or activates windows: the messages that the
-    // system sends then are no gestures.
+    // Above 0 while the stage itself shows, moves or activates windows. Messages that the system
+    // sends meanwhile are not gestures.
     int applying = 0;
-    // While the stage itself moves the focus: an option button that gets it is not clicked.
+    // True while the stage itself moves the focus. An option button that gets the focus is then not
+    // clicked.
     bool movingFocus = false;
     bool hourglass = false;
-    // Where a menu opens that the user opens by keyboard, in screen pixels. Empty: at the pointer.
+    // The place for a menu that the user opens by keyboard, in screen pixels. Empty: at the
+    // pointer.
     std::optional<POINT> menuPlace;
 };
 
-// Marks that the stage acts, not the user.
+// While it exists, changes come from the stage and not from the user.
 class Applying {
   public:
     explicit Applying(StageState& stageState) : state(stageState) { ++state.applying; }

@@ -4,9 +4,9 @@
 
 namespace forms::win32 {
 
-// A label or a group box: a control of the system, so that tools and screen readers find it by its
-// caption, but painted here. The form's pictures and coloured shapes show through it, and a change
-// of its caption does not flicker.
+// A label or a group box. It is a control of the system, so that tools and screen readers find it
+// by its caption. But it is painted here, so that the form's pictures and coloured shapes show
+// through it, and changing its caption does not cause flicker.
 class SurfacePeer : public Peer {
   public:
     using Peer::Peer;
@@ -14,7 +14,7 @@ class SurfacePeer : public Peer {
     void Apply(Aspect aspect) override;
 
   protected:
-    // On top of the form's surface; coordinates are the control's own.
+    // Paints on top of the form's surface. Coordinates are relative to the control.
     virtual void PaintOver(HDC dc, const RECT& inside) = 0;
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 

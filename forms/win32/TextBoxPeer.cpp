@@ -15,7 +15,7 @@ namespace forms::win32 {
 
 namespace {
 
-// The characters that Ctrl+A and Ctrl+Backspace type. Older systems ignore the first, and insert
+// The characters that Ctrl+A and Ctrl+Backspace produce. Older systems ignore the first and insert
 // the second.
 constexpr WPARAM controlA = 1;
 constexpr WPARAM controlBackspace = 0x7F;
@@ -35,7 +35,8 @@ class TextBoxPeer : public Peer {
         CreateNative(WC_EDITW, std::string(), style, WS_EX_CLIENTEDGE);
         ::SendMessageW(handle, EM_SETLIMITTEXT, 0, 0);
         if (!textBox.multiLine) {
-            // Sends WM_NCCALCSIZE again: the first one came before this peer was attached.
+            // Makes the system send WM_NCCALCSIZE again. The first one came before this peer was
+            // attached.
             ::SetWindowPos(
                 handle, nullptr, 0, 0, 0, 0,
                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
@@ -108,7 +109,7 @@ class TextBoxPeer : public Peer {
                 return Peer::OnMessage(message, wParam, lParam);
             case WM_SETTEXT: {
                 const LRESULT result = Default(message, wParam, lParam);
-                // A multi-line box does not report a text that a tool has set.
+                // A multi-line box does not report a text that was set by a tool.
                 if (!settingText && textBox.multiLine) {
                     OnCommand(EN_CHANGE);
                 }
@@ -116,15 +117,16 @@ class TextBoxPeer : public Peer {
             }
             case EM_SETHANDLE:
             case EM_SETWORDBREAKPROC:
-                // Only other programs send these; the control would use foreign memory.
+                // Only other programs send these messages, and the control would use an invalid
+                // pointer.
                 return 0;
             case WM_LBUTTONDBLCLK:
                 doubleClicked = true;
                 return std::nullopt;
             case WM_LBUTTONUP:
                 if (doubleClicked) {
-                    // Reported when the button is released: a menu that the handler opens would
-                    // take the release for a choice.
+                    // The double click is reported when the button is released. If its handler
+                    // opened a menu earlier, the menu would take the release as a choice.
                     doubleClicked = false;
                     Default(message, wParam, lParam);
                     gestures::DoubleClick(textBox);
@@ -142,11 +144,12 @@ class TextBoxPeer : public Peer {
         return ToColorRef(textBox.backColor, isPlain ? COLOR_WINDOW : COLOR_BTNFACE);
     }
 
-    // The system begins a line three pixels below the edge at every resolution. Here the room grows
-    // with the resolution, so that the text stays level with the label beside the box.
+    // The system starts the first line three pixels below the edge at every resolution. Here the
+    // distance grows with the resolution, so that the text stays level with the label beside the
+    // box.
     int RoomAbove() const {
         constexpr int systemsOwn = 3;
-        constexpr int wanted = 45;  // twips: as much at 96 dpi
+        constexpr int wanted = 45;  // twips: three pixels at 96 dpi
         return std::max(window.scale.Pixels(wanted) - systemsOwn, 0);
     }
 
@@ -218,8 +221,8 @@ class TextBoxPeer : public Peer {
         ::SendMessageW(handle, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L""));
     }
 
-    // The Tab key leaves a multi-line box. When it comes back, the text is not selected: the next
-    // key would replace a whole note.
+    // The Tab key leaves a multi-line box. When the focus returns to the box, its text is not
+    // selected: the next key would replace the whole note.
     LRESULT DialogCode(UINT message, WPARAM wParam, LPARAM lParam) {
         const LRESULT code = Default(message, wParam, lParam);
         const LRESULT left = DLGC_WANTTAB | DLGC_WANTALLKEYS | DLGC_HASSETSEL;

@@ -7,14 +7,15 @@ namespace forms::win32 {
 class FormWindow;
 class Peer;
 
-// The tool tips of a form: one native window for all controls, made when there is a tip to show.
+// The tool tips of a form. One native window serves all controls. It is created when there is a tip
+// to show.
 class ToolTips {
   public:
     explicit ToolTips(FormWindow& formWindow) : window(formWindow) {}
     ToolTips(const ToolTips&) = delete;
     ToolTips& operator=(const ToolTips&) = delete;
 
-    // Brings the control's tip up to date with its text, place and visibility.
+    // Updates the control's tip after a change of its text, place or visibility.
     void Update(const Peer& peer);
     void FollowScale() const;
 

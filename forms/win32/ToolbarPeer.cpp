@@ -37,7 +37,7 @@ void ToolbarPeer::Create() {
                  WS_TABSTOP | TBSTYLE_FLAT | TBSTYLE_TRANSPARENT | TBSTYLE_TOOLTIPS |
                      CCS_NOPARENTALIGN | CCS_NORESIZE | CCS_NODIVIDER);
     ::SendMessageW(handle, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
-    // The texts of the buttons are for screen readers only.
+    // The texts of the buttons are only for screen readers.
     ::SendMessageW(handle, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
     ShowButtons();
 }
@@ -102,7 +102,7 @@ void ToolbarPeer::ShowButtons() {
     Redraw();
 }
 
-// On some systems, the native control handles some of these keys itself.
+// Some systems' native control handles some of these keys itself.
 std::optional<LRESULT> ToolbarPeer::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_GETDLGCODE:
@@ -182,8 +182,8 @@ bool ToolbarPeer::PressButton(int id) {
     return true;
 }
 
-// The tips do not use TTN_GETDISPINFO: the native control would answer it with the text that the
-// button has for screen readers.
+// The tips do not use TTN_GETDISPINFO, because the native control would answer it with the button's
+// text for screen readers.
 std::optional<LRESULT> ToolbarPeer::OnNotify(NMHDR& header) {
     if (header.code != TBN_GETINFOTIPW) {
         return std::nullopt;

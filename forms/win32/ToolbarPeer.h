@@ -7,8 +7,8 @@
 
 namespace forms::win32 {
 
-// The buttons of a tool bar have command numbers of their own: firstId, a hundred for each tool bar
-// of the form, and the button's place.
+// A tool bar. Each of its buttons has its own command number: firstId, plus a hundred for each tool
+// bar of the form, plus the button's place.
 class ToolbarPeer : public Peer {
   public:
     static constexpr int firstId = 2000;
@@ -33,8 +33,8 @@ class ToolbarPeer : public Peer {
   private:
     bool HasButton(int id) const;
     bool OnKey(WPARAM key);
-    // Marks the next enabled button from this place on, in steps of this size, as the one that the
-    // keyboard presses.
+    // Marks the button that a key will press: the next enabled button from this place on, in steps
+    // of this size.
     void MarkFrom(int place, int step);
     void ShowMark(int place) const;
     void ShowButtons();
@@ -44,7 +44,7 @@ class ToolbarPeer : public Peer {
     Toolbar& toolbar;
     int baseId = firstId;
     HIMAGELIST pictures = nullptr;
-    int marked = 0;  // place of the button that the keyboard presses
+    int marked = 0;  // place of the button that a key will press
 };
 
 }  // namespace forms::win32

@@ -15,7 +15,7 @@ namespace forms::win32 {
 
 namespace {
 
-// The installer finds a running copy by this name, and ends it with WM_ENDSESSION.
+// The installer finds a running copy by this class name, and ends it with WM_ENDSESSION.
 constexpr wchar_t className[] = L"FormsUtility";
 constexpr UINT_PTR timerId = 1;
 constexpr std::int64_t longestWait = 60 * 60 * 1000;
@@ -28,7 +28,7 @@ void FollowWallClock() {
     }
 }
 
-// Moves message boxes and dialogs only. The windows of forms move themselves.
+// Moves only message boxes and dialogs. The windows of forms move themselves.
 BOOL CALLBACK BringBoxIntoReach(HWND window, LPARAM /*data*/) {
     RECT place{};
     ::GetWindowRect(window, &place);
@@ -58,7 +58,7 @@ UtilityWindow::UtilityWindow(StageState& stageState) : state(stageState) {
     window = ::CreateWindowExW(WS_EX_TOOLWINDOW, className, L"", WS_POPUP, 0, 0, 0, 0, nullptr,
                                nullptr, ::GetModuleHandleW(nullptr), nullptr);
     ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    // The shell has lower rights than a program that was started as administrator.
+    // If the program was started as administrator, the shell has lower rights.
     ::ChangeWindowMessageFilterEx(window, taskbarCreated, MSGFLT_ALLOW, nullptr);
 }
 
@@ -158,7 +158,7 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             return 0;
         case WM_CLOSE:
-            return 0;  // tools that close every window of a program
+            return 0;  // Ignore tools that close every window of a program.
         default:
             if (message == taskbarCreated && onTaskbarCreated) {
                 onTaskbarCreated();

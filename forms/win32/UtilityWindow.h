@@ -9,12 +9,13 @@
 
 namespace forms::win32 {
 
-// A hidden window for the messages that concern the whole program: the one native timer, the end of
-// the session, a changed clock, other monitors, a restarted shell. It is a top-level window,
-// because broadcasts reach no others. It also owns the windows that have no button in the task bar.
+// A hidden window for messages that concern the whole program: the one native timer, the end of the
+// session, changes of the clock or the monitors, and a restart of the shell. It is a top-level
+// window, because only these get broadcasts. It also owns the windows that have no button in the
+// task bar.
 class UtilityWindow {
   public:
-    // lParam: the window of a form, to be destroyed if its destruction is scheduled.
+    // lParam is a form's window. It is destroyed if its destruction is scheduled.
     static constexpr UINT destroyMessage = WM_APP + 1;
     static constexpr UINT catchUpMessage = WM_APP + 2;
 
@@ -26,9 +27,9 @@ class UtilityWindow {
     HWND handle() const { return window; }
     void ArmTimer(std::optional<std::int64_t> due);
 
-    // The native timer waits for an empty queue, which may take for ever. These two run late
-    // timers: RunOverdue at once, and only where handlers may run; CatchUp, called at every
-    // message, by a message that takes its turn in the queue.
+    // The native timer waits for an empty queue, which may never come. These two functions run late
+    // timers. RunOverdue runs them at once, and may be called only if handlers may run. CatchUp is
+    // called for every message, and posts a message that runs them in its turn.
     void RunOverdue();
     void CatchUp();
 
@@ -43,7 +44,7 @@ class UtilityWindow {
     HWND window = nullptr;
     UINT taskbarCreated = 0;
     std::optional<std::int64_t> armedFor;
-    bool catchingUp = false;  // the message is in the queue
+    bool catchingUp = false;  // whether that message is in the queue
 };
 
 }  // namespace forms::win32

@@ -78,7 +78,7 @@ Win32Stage::~Win32Stage() {
 }
 
 void Win32Stage::FormLoaded(Form& /*form*/) {
-    // ShowOrHide makes the window.
+    // ShowOrHide creates the window.
 }
 
 void Win32Stage::FormUnloaded(Form& form) { form.stageData.reset(); }
@@ -118,7 +118,7 @@ void Win32Stage::UsableChanged(Form& form) {
 }
 
 void Win32Stage::FocusMoved(Control& control) {
-    // A form that is not the active one gives the focus to its control when it becomes active.
+    // If the form is not active, its control gets the focus when the form becomes active.
     FormWindow* window = FormWindow::Existing(control.form);
     if (window != nullptr && window->IsFilled() && ::GetActiveWindow() == window->handle) {
         window->focus.Restore();
@@ -171,7 +171,7 @@ void Win32Stage::ArmTimer(std::optional<std::int64_t> due) { utility->ArmTimer(d
 Size Win32Stage::MeasureText(const Form& form, const std::string& text, int fontSize) {
     const int dpi = DpiFor(form);
     const SIZE size = fonts::Measure(Wide(text), fonts::Get(std::string(), fontSize, false, dpi));
-    // Rounded up: a text must fit into the place that was measured for it.
+    // Round up, because a text must fit into the place that was measured for it.
     const auto twips = [dpi](LONG pixels) { return (pixels * 1440 + dpi - 1) / dpi; };
     return Size{static_cast<int>(twips(size.cx)), static_cast<int>(twips(size.cy))};
 }

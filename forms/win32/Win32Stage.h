@@ -11,8 +11,8 @@ struct StageState;
 class MessageFilter;
 class UtilityWindow;
 
-// The stage that a person sees: windows and standard controls of the system. One exists at a time,
-// on the thread that made it, and it outlives the runtime.
+// The stage for a real user: windows and standard controls of the system. Only one exists at a
+// time, on the thread that created it. It outlives the runtime.
 class Win32Stage : public Stage {
   public:
     explicit Win32Stage(const ApplicationInfo& application);

@@ -49,7 +49,7 @@ bool WindowFocus::TakeKey(MSG& message) {
         return TakeAccessKey(message.wParam);
     }
     if (message.message == WM_CHAR) {
-        // An access key needs no Alt while a control that takes no letters has the focus.
+        // An access key needs no Alt if the control that has the focus takes no letters.
         const bool takesLetters = isTaken || (code & DLGC_WANTCHARS) != 0;
         return !takesLetters && TakeAccessKey(message.wParam);
     }
@@ -118,7 +118,7 @@ std::optional<LRESULT> WindowFocus::OnMessage(UINT message, WPARAM wParam, LPARA
             return peer == nullptr ? 0 : MAKELRESULT(::GetDlgCtrlID(peer->handle), DC_HASDEFID);
         }
         case WM_CONTEXTMENU:
-            // By the mouse it is the release of the right button, which is reported as such.
+            // If the user used the mouse, the release of the right button is reported instead.
             if (lParam == -1) {
                 OpenMenu();
             }

@@ -8,7 +8,7 @@ namespace forms::win32 {
 
 class FormWindow;
 
-// The keyboard focus within a form's window. Native keys become those of forms/Keyboard.h here.
+// The keyboard focus within a form's window. Translates native keys into calls of forms/Keyboard.h.
 class WindowFocus {
   public:
     explicit WindowFocus(FormWindow& formWindow) : window(formWindow) {}
@@ -17,12 +17,13 @@ class WindowFocus {
 
     // Gives the focus to the form's active control.
     void Restore();
-    // Draws the push button that has the focus as the default button, or else the default button.
+    // Draws the push button that has the focus as the default button. If no push button has it,
+    // draws the default button so.
     void MarkDefaultButton();
-    // Handles a key for a control of the window; handlers may run. False if the key must be
+    // Handles a key for a control of the window. Handlers may run. Returns false if the key must be
     // dispatched to the control.
     bool TakeKey(MSG& message);
-    // The menu key was pressed. False if the control that has the focus opens its own menu.
+    // Handles the menu key. Returns false if the control that has the focus opens its own menu.
     bool OpenMenu();
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -31,7 +32,8 @@ class WindowFocus {
     bool TakeAccessKey(WPARAM letter);
     void TakeTab(bool backward);
     void OnNextControl(WPARAM wParam, LPARAM lParam);
-    // The focus has come to a control by keyboard: selects its text, as the system's dialogs do.
+    // Called when a control got the focus by keyboard. Selects its text, as the system's dialogs
+    // do.
     void SelectText(HWND focusBefore);
 
     FormWindow& window;

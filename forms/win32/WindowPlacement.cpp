@@ -19,7 +19,7 @@ bool OpensInTheMiddle(const Form& form) {
     return form.centerOnScreen || form.borderStyle == BorderStyle::None;
 }
 
-// Other programs can send a message with an invalid pointer. ReadProcessMemory fails on it instead
+// Another program can send a message with an invalid pointer. ReadProcessMemory then fails instead
 // of crashing.
 std::optional<RECT> RectAt(LPARAM address) {
     RECT rect{};
@@ -49,7 +49,7 @@ RECT PlaceAt(POINT corner, SIZE size) {
 
 }  // namespace
 
-// The model's size. If the model gives the size of the inside, that is exact to the pixel.
+// The size in the model. If the model gives the inner size, it is exact to the pixel.
 SIZE WindowPlacement::OuterSize() const {
     const Form& form = window.Model();
     const SIZE frame = FrameSizeOf(form, window.scale.dpi);
@@ -62,7 +62,7 @@ SIZE WindowPlacement::OuterSize() const {
             exact(form.height, form.innerHeight, frame.cy)};
 }
 
-// Upper left corners of the windows that the user sees, or will see.
+// The upper left corners of the windows that are visible or will be.
 std::vector<POINT> WindowPlacement::TakenCorners() const {
     std::vector<POINT> taken;
     for (const FormWindow* other : window.state.windows) {
@@ -133,7 +133,7 @@ bool WindowPlacement::IsMinimizedOrMaximized() const {
     return ::IsIconic(window.handle) != 0 || ::IsZoomed(window.handle) != 0;
 }
 
-// Where the window will be when it is restored.
+// The place of the window when it is restored.
 RECT WindowPlacement::RestoredPlace() const {
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
@@ -143,7 +143,7 @@ RECT WindowPlacement::RestoredPlace() const {
     return placement.rcNormalPosition;
 }
 
-// A restored place is counted from the work area.
+// The origin of a restored place: the system counts it from the work area.
 POINT WindowPlacement::RestoredOrigin() const {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
@@ -180,7 +180,7 @@ void WindowPlacement::Report() {
                                                              : WindowState::Normal;
     RECT place{};
     ::GetWindowRect(window.handle, &place);
-    // If the pixels are those of the model's length, that length is kept, not its rounded value.
+    // If the model's length gives the same number of pixels, keep it instead of the rounded value.
     const auto report = [&scale](int pixels, int known) {
         return scale.Pixels(known) == pixels ? known : scale.Twips(pixels);
     };
@@ -255,7 +255,8 @@ void WindowPlacement::Rescale(int dpi, const RECT& place) {
     window.controls.Layout();
 }
 
-// Title bars do not grow as the resolution does, and on some systems not at all.
+// The height of title bars does not grow in proportion to the resolution, and on some systems it
+// does not grow at all.
 void WindowPlacement::RestoreInnerSize() {
     const Form& form = window.Model();
     if (!window.IsFilled() || form.innerWidth == 0 || form.borderStyle == BorderStyle::Sizable) {

@@ -9,24 +9,27 @@ namespace forms::win32 {
 
 class FormWindow;
 
-// Place, size and resolution of a form's window.
+// The place, the size and the resolution of a form's window.
 class WindowPlacement {
   public:
     explicit WindowPlacement(FormWindow& formWindow) : window(formWindow) {}
     WindowPlacement(const WindowPlacement&) = delete;
     WindowPlacement& operator=(const WindowPlacement&) = delete;
 
-    // Where the window opens.
+    // The place where the window opens.
     RECT Wanted() const;
-    // Gives the window the place and the size that the form has.
+    // Moves and sizes the window to the form's place and size.
     void Apply();
-    // Gives the form the place of the window's upper left corner.
+    // Sets the form's place to the upper left corner of the window.
     void Adopt(POINT corner);
-    // Gives the form the place, size and state of the window if the user has changed them.
+    // If the user has moved, sized or changed the window's state, sets the form's place, size and
+    // state.
     void Report();
-    // A window is made at the system's resolution. The monitor that shows it may have another one.
+    // A window is created at the system's resolution. Adapts it if its monitor has another
+    // resolution.
     void AdaptToMonitor();
-    // The monitors have changed: a window out of the user's reach comes back onto one of them.
+    // Called when the monitors have changed. Moves the window onto a monitor if the user cannot
+    // reach it.
     void ComeIntoReach();
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -38,13 +41,13 @@ class WindowPlacement {
     POINT RestoredOrigin() const;
     bool IsMinimizedOrMaximized() const;
     void OnMinMaxInfo(MINMAXINFO& info) const;
-    // suggestion: address of the RECT that the window is to take; it may be wrong.
+    // suggestion is the address of the RECT for the window's new place. It may be invalid.
     void OnScaleChanged(int dpi, LPARAM suggestion);
     void Rescale(int dpi, const RECT& place);
     void RestoreInnerSize();
 
     FormWindow& window;
-    bool sizing = false;  // the user drags the window or its border
+    bool sizing = false;  // whether the user is dragging the window or its border
 };
 
 }  // namespace forms::win32

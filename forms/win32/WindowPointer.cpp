@@ -20,7 +20,7 @@ int ButtonsOf(WPARAM keys) {
            ((keys & MK_MBUTTON) != 0 ? middleButton : 0);
 }
 
-// Null for the form itself.
+// The control at this point. Null if it is the form itself.
 Control* ControlAt(const FormWindow& window, POINT point) {
     return window.Model().ControlAt(window.scale.MiddleTwips(point.x),
                                     window.scale.MiddleTwips(point.y));
@@ -53,8 +53,9 @@ std::optional<LRESULT> WindowPointer::OnMessage(UINT message, WPARAM wParam, LPA
     }
 }
 
-// The callback of an icon in the notification area looks like a move. A move with the same numbers
-// runs along the topmost row of pixels with the left button down, and the pointer is there then.
+// The callback of an icon in the notification area looks like a move of the pointer. A real move
+// with the same numbers occurs only in the topmost row of pixels with the left button down, and
+// then the pointer is at the reported place.
 bool WindowPointer::IsTrayMessage(WPARAM wParam, LPARAM lParam) const {
     if (trayIconId == 0 || wParam != trayIconId || lParam < firstTrayMessage ||
         lParam > lastTrayMessage) {
@@ -71,7 +72,7 @@ void WindowPointer::OnMove(WPARAM wParam, LPARAM lParam) {
         gestures::TrayMessage(window.Model(), static_cast<int>(lParam));
         return;
     }
-    // The system also sends moves when only the windows below the pointer have changed.
+    // The system also sends moves if only the windows below the pointer have changed.
     if (lParam == lastPlace) {
         return;
     }

@@ -8,15 +8,16 @@ namespace forms::win32 {
 
 class FormWindow;
 
-// The pointer over a form, and the callback of the form's icon in the notification area. Labels,
-// group boxes and pictures let the pointer through to the form, which finds them here.
+// Handles the pointer over a form, and the callback of the form's icon in the notification area.
+// Labels, group boxes and pictures pass the pointer's messages to the form, which finds the control
+// here.
 class WindowPointer {
   public:
     explicit WindowPointer(FormWindow& formWindow) : window(formWindow) {}
     WindowPointer(const WindowPointer&) = delete;
     WindowPointer& operator=(const WindowPointer&) = delete;
 
-    // The number of the icon that the window owns, see TrayWindowOf; 0: none.
+    // The number of the window's icon; see TrayWindowOf. 0: none.
     UINT trayIconId = 0;
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);

@@ -12,7 +12,7 @@ namespace forms::win32 {
 
 namespace {
 
-// Whether the user works with this program just now.
+// Whether the user is using this program now.
 bool HasForeground() {
     DWORD process = 0;
     HWND foreground = ::GetForegroundWindow();
@@ -20,7 +20,7 @@ bool HasForeground() {
            process == ::GetCurrentProcessId();
 }
 
-// Stores the first box or dialog that waits for its answer in *data.
+// Stores the first open box or dialog in *data.
 BOOL CALLBACK FindOpenBox(HWND window, LPARAM data) {
     wchar_t name[16] = L"";
     ::GetClassNameW(window, name, static_cast<int>(std::size(name)));
@@ -32,7 +32,7 @@ BOOL CALLBACK FindOpenBox(HWND window, LPARAM data) {
     return waits ? FALSE : TRUE;
 }
 
-// The foremost box or dialog; null if none is open.
+// The foremost open box or dialog. Null if none is open.
 HWND OpenBox() {
     HWND box = nullptr;
     ::EnumThreadWindows(::GetCurrentThreadId(), &FindOpenBox, reinterpret_cast<LPARAM>(&box));
@@ -63,7 +63,7 @@ void WindowShowing::Apply() {
         Activate();
     }
     wantsForeground = false;
-    // A window that a box shuts off must not cover it: the user could not answer any more.
+    // A window that a box disables must not cover the box, because the user could not answer it.
     if (boxes > 0 && ::IsIconic(window.handle) == 0) {
         if (HWND box = OpenBox(); box != nullptr) {
             ::BringWindowToTop(box);
@@ -110,7 +110,7 @@ void WindowShowing::Show() {
     if (::IsIconic(handle) != 0 || ::IsZoomed(handle) != 0) {
         ::ShowWindow(handle, becomesActive ? SW_RESTORE : SW_SHOWNOACTIVATE);
     } else if (!wasShown) {
-        // Unlike the first ShowWindow, this is not overruled by how the program was started.
+        // Unlike the first ShowWindow, SetWindowPos does not depend on how the program was started.
         ::SetWindowPos(handle, HWND_TOP, 0, 0, 0, 0,
                        SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE |
                            (becomesActive ? UINT{0} : UINT{SWP_NOACTIVATE}));
@@ -120,7 +120,8 @@ void WindowShowing::Show() {
     }
 }
 
-// A modal window stays before the window that it was opened from, and is activated in its place.
+// A modal window stays in front of the window that opened it. If that window is activated, the
+// modal window becomes active instead.
 void WindowShowing::TakeModalOwner() {
     HWND owner = ::GetActiveWindow();
     const FormWindow* from = owner != nullptr ? FormWindow::From(owner) : nullptr;
@@ -149,8 +150,8 @@ bool WindowShowing::CanBeActive() const {
            ::IsWindowEnabled(window.handle) != 0;
 }
 
-// The window that becomes active when this one goes: that of the form that the runtime has chosen,
-// else the window that was used before.
+// The window that becomes active when this one is hidden or destroyed: the window of the form that
+// the runtime has chosen, or else the window that was used before.
 FormWindow* WindowShowing::Successor() const {
     const Form* chosen = Runtime::Exists() ? Runtime::Current().ActiveForm() : nullptr;
     if (chosen != nullptr && chosen != &window.Model()) {
@@ -170,8 +171,8 @@ void WindowShowing::MarkUsed() {
     window.state.windows.push_back(&window);
 }
 
-// The successor becomes active first. Otherwise, the system would choose the next active window,
-// perhaps one of another program.
+// First activate another window of the program. Otherwise, the system would choose the next active
+// window, which might belong to another program.
 void WindowShowing::Hide() {
     if (!window.IsShown()) {
         return;
@@ -192,7 +193,7 @@ void WindowShowing::BringToForeground() {
     if (HWND box = boxes > 0 ? OpenBox() : nullptr; box != nullptr) {
         target = box;
     } else if (::IsWindowEnabled(window.handle) == 0) {
-        // A modal window or a box stands before it.
+        // A modal window or a box is in front of it.
         const Form* active = Runtime::Current().ActiveForm();
         const FormWindow* other = active != nullptr ? FormWindow::Existing(*active) : nullptr;
         target = other != nullptr && other != &window && other->IsShown()
@@ -211,7 +212,7 @@ void WindowShowing::ReleaseOwned() {
 }
 
 HWND WindowShowing::BaseOwner() const {
-    // A window that is owned has no button in the task bar.
+    // An owned window has no button in the task bar.
     return !window.IsLive() || window.Model().showInTaskbar ? nullptr : window.state.utility;
 }
 

@@ -8,25 +8,26 @@ namespace forms::win32 {
 
 class FormWindow;
 
-// Whether a form's window is on the screen, which window is active, and which ones can be used.
+// Whether a form's window is on the screen, which window is active, and which windows can be used.
 class WindowShowing {
   public:
     explicit WindowShowing(FormWindow& formWindow) : window(formWindow) {}
     WindowShowing(const WindowShowing&) = delete;
     WindowShowing& operator=(const WindowShowing&) = delete;
 
-    // The number of message boxes and dialogs that shut the window off.
+    // The number of message boxes and dialogs that disable the window.
     int boxes = 0;
 
-    // Shows or hides the window as the form says, in its state.
+    // Shows or hides the window, and sets its state, as the form says.
     void Apply();
     void UpdateEnabled();
     void BringToForeground();
-    // Lets another window of the program become the active one first.
+    // Before the window is hidden, makes another window of the program active.
     void Hide();
-    // Before the window is destroyed: the system would destroy the windows that it owns with it.
+    // Called before the window is destroyed, because the system would also destroy the windows that
+    // it owns.
     void ReleaseOwned();
-    // The owner of a window that is not modal; may be null.
+    // The owner of the window when it is not modal. May be null.
     HWND BaseOwner() const;
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam);
@@ -43,8 +44,8 @@ class WindowShowing {
     void OnSize(WPARAM kind);
 
     FormWindow& window;
-    HWND modalOwner = nullptr;  // the form's window before which this one stays while it is modal
-    bool wantsForeground = false;  // when it appears
+    HWND modalOwner = nullptr;     // the form's window that a modal window stays in front of
+    bool wantsForeground = false;  // comes to the foreground when it appears
 };
 
 }  // namespace forms::win32

@@ -32,7 +32,7 @@ int WindowSurface::LineThickness() const {
     return std::max(window.scale.Pixels(thickness), 1);
 }
 
-// A line has no extent in one direction.
+// The area enlarged for lines, because a line has no extent in one direction.
 RECT WindowSurface::WithLines(const RECT& area) const {
     return {area.left, area.top, area.right + LineThickness(), area.bottom + LineThickness()};
 }
@@ -81,8 +81,8 @@ std::optional<LRESULT> WindowSurface::OnMessage(UINT message, WPARAM wParam, LPA
             OnPaint();
             return 0;
         case WM_ERASEBKGND: {
-            // The window itself is painted in one step by WM_PAINT. A control that shows the
-            // surface sends this message with a device context of its own.
+            // WM_PAINT paints the window itself in one step. A control that shows the surface sends
+            // this message with its own device context.
             HDC dc = reinterpret_cast<HDC>(wParam);
             if (::WindowFromDC(dc) != window.handle) {
                 Paint(dc);

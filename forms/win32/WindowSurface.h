@@ -18,14 +18,14 @@ class WindowSurface {
     WindowSurface& operator=(const WindowSurface&) = delete;
 
     void Paint(HDC dc);
-    // Paints an area again, with the controls through which the surface shows.
+    // Paints an area again, including the controls that show the surface.
     void Invalidate(const RECT& area);
     // Paints the surface and all controls again.
     void InvalidateAll();
     COLORREF BackColor() const;
-    // The colour below a control: of the shape that it lies on, else the form's.
+    // The colour behind a control: the colour of the shape below it, or else of the form.
     COLORREF ColorBehind(const Control& control) const;
-    // Of lines and of the outlines of shapes, in pixels.
+    // The thickness of lines and of the outlines of shapes, in pixels.
     int LineThickness() const;
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);

@@ -12,7 +12,7 @@ struct Meaning {
     base::ErrorNumber number;
 };
 
-// Not in every compiler's headers.
+// Some compilers' headers lack these codes.
 constexpr DWORD virusInfected = 225;
 constexpr DWORD virusDeleted = 226;
 constexpr DWORD diskQuotaExceeded = 1295;

@@ -8,15 +8,15 @@
 
 namespace forms::win32 {
 
-// The error number that stands for a code of GetLastError.
+// The error number for a code of GetLastError.
 base::ErrorNumber ErrorOfCode(DWORD code);
 
-// Throws what code means for the file at this native path. A denied access is 75 where the path
-// leads to a folder or a read-only file, else 70.
+// Throws the error for this code and the file at this native path. A denied access is error 75 if
+// the path leads to a folder or a read-only file, else 70.
 [[noreturn]] void FailWith(DWORD code, const std::wstring& nativePath);
 
-// Throws 75 where the path leads to a folder or a read-only file. Some systems would let a
-// privileged user write to it all the same.
+// Throws error 75 if the path leads to a folder or a read-only file. Without this check, some
+// systems would let a privileged user write to it.
 void RefuseProtected(const std::wstring& nativePath);
 
 }  // namespace forms::win32

@@ -23,7 +23,7 @@ bool EqualsIgnoringCase(std::wstring_view left, std::wstring_view right) {
                                   static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
 }
 
-// A device keeps its name whatever extension follows.
+// A device name stays reserved with any extension.
 bool IsDeviceName(std::wstring_view name) {
     name = name.substr(0, name.find(L'.'));
     while (name.ends_with(L' ')) {
@@ -32,7 +32,7 @@ bool IsDeviceName(std::wstring_view name) {
     const std::wstring_view head = name.substr(0, 3);
     if (name.size() == 4 &&
         (EqualsIgnoringCase(head, L"COM") || EqualsIgnoringCase(head, L"LPT"))) {
-        // The superscript digits count as digits here.
+        // Windows accepts superscript digits here too.
         return std::wstring_view(L"123456789\u00b9\u00b2\u00b3").find(name[3]) !=
                std::wstring_view::npos;
     }

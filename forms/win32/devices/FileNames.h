@@ -5,17 +5,18 @@
 
 namespace forms::win32 {
 
-// Whether Windows keeps a file under exactly this name, without folder: no device ("CON.txt"), no
-// stream of another file ("a:b"), no wildcard, no separator, no blank or dot at the end, which the
-// system would drop, and at most 255 UTF-16 units.
+// Whether Windows can store a file under exactly this name (without folder). These names are not
+// plain: a device ("CON.txt"), a stream of another file ("a:b"), a name with a wildcard or a
+// separator, a name longer than 255 UTF-16 units, and a name that ends in a blank or a dot, which
+// the system would drop.
 bool IsPlainName(std::wstring_view name);
 
-// The form in which the system takes the path as it stands, of any length: "\\?\C:\..." or
-// "\\?\UNC\server\...". RuntimeError 52 where it is no full path or one of its names is not plain.
-// A backslash at the end is dropped.
+// The path in the form that the system takes literally and at any length: "\\?\C:\..." or
+// "\\?\UNC\server\...". RuntimeError 52 if the path is not a full path, or if one of its names is
+// not plain. A backslash at the end is dropped.
 std::wstring NativePath(const std::string& path);
 
-// Whether name ends in suffix, letters of either case.
+// Whether name ends in suffix. Ignores upper and lower case.
 bool HasSuffix(std::wstring_view name, std::wstring_view suffix);
 
 }  // namespace forms::win32

@@ -10,7 +10,7 @@ struct CloseHandleOf {
     void operator()(HANDLE handle) const { ::CloseHandle(handle); }
 };
 
-// A kernel object's handle; empty where the system gave none.
+// The handle of a kernel object. Empty if the system returned no valid handle.
 class Handle : public std::unique_ptr<void, CloseHandleOf> {
   public:
     explicit Handle(HANDLE handle)

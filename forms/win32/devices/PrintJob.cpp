@@ -31,8 +31,8 @@ std::wstring DefaultPrinterName() {
     return name;
 }
 
-// The printable page less margins of three quarters of an inch from the edges of the paper,
-// relative to the printable page's corner.
+// The area for text, relative to the corner of the printable page. The margin is three quarters of
+// an inch from each edge of the paper, or more if the printer cannot print that close to the edge.
 RECT TextArea(HDC context) {
     const int horizontalMargin = ::GetDeviceCaps(context, LOGPIXELSX) * 3 / 4;
     const int verticalMargin = ::GetDeviceCaps(context, LOGPIXELSY) * 3 / 4;
@@ -48,7 +48,8 @@ RECT TextArea(HDC context) {
     return area;
 }
 
-// A count of UTF-16 units near to count that does not cut a character in two; never 0.
+// Returns count, or a count next to it if count UTF-16 units would split a character. Never returns
+// 0.
 std::size_t WithoutHalfCharacter(std::wstring_view text, std::size_t count) {
     const bool cuts = count < text.size() && text[count - 1] >= 0xd800 && text[count - 1] < 0xdc00;
     if (!cuts) {
@@ -120,7 +121,8 @@ void PrintJob::PrintLine(std::wstring_view text) {
             text.remove_prefix(run.size());
             continue;
         }
-        // The word that crosses the edge goes to the next line, unless it fills a whole one.
+        // Move the word that crosses the edge to the next line. Split it only if it fills a whole
+        // line.
         const std::size_t blank = run.substr(0, fitting + 1).find_last_of(L' ');
         std::size_t taken = 0;
         if (blank != std::wstring_view::npos) {
@@ -175,7 +177,8 @@ void PrintJob::Draw(int x, std::wstring_view text) {
     }
 }
 
-// Pages begin late, so that a text that ends with the page leaves no empty one behind it.
+// A page is started only when a line is printed. So a text that ends with the page leaves no empty
+// page behind it.
 void PrintJob::StartPageIfNeeded() {
     if (isPageOpen && y + lineHeight > area.bottom && y > area.top) {
         FinishPage();
@@ -188,7 +191,7 @@ void PrintJob::StartPageIfNeeded() {
     }
     isPageOpen = true;
     y = area.top;
-    // A new page may come with the context's attributes reset.
+    // StartPage may reset the attributes of the context.
     ::SelectObject(context.get(), font.get());
     ::SetBkMode(context.get(), TRANSPARENT);
 }

@@ -8,20 +8,21 @@
 
 namespace forms::win32 {
 
-// One document on its way to the default printer: lines from the top of the page down, pages as
-// needed. Every failure is a RuntimeError 482. A job that goes without End is abandoned.
+// One document for the default printer. Prints lines from the top of the page down, and starts new
+// pages as needed. Every failure is a RuntimeError 482. A job that is destroyed before End is
+// abandoned.
 class PrintJob {
   public:
-    // Begins the document. name: as the list of the printer's jobs shows it.
+    // Begins the document. The printer's queue shows it under this name.
     PrintJob(const std::wstring& name, int fontPoints);
     ~PrintJob();
     PrintJob(const PrintJob&) = delete;
     PrintJob& operator=(const PrintJob&) = delete;
 
-    // From the next line on.
+    // Takes effect at the next line.
     void SetFontSize(int points);
-    // One line of text, without line breaks; wrapped between words where it is too long for the
-    // page. Tabs go to the next multiple of eight average characters.
+    // Prints one line of text without line breaks. A line that is too long for the page is wrapped
+    // between words. Tabs go to the next multiple of eight average characters.
     void PrintLine(std::wstring_view text);
     void End();
 
@@ -40,7 +41,8 @@ class PrintJob {
     void FinishPage();
     void NextLine();
 
-    // The context goes first: a font that is selected into one is not deleted.
+    // Declared before the context, and so destroyed after it: a font that is selected into a
+    // context is not deleted.
     std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteFont> font;
     std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext> context;
     RECT area{};  // of the page, in device units

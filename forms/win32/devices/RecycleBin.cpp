@@ -15,7 +15,7 @@ namespace forms::win32 {
 
 namespace {
 
-// The shell's call knows neither the prefix of long paths nor long paths.
+// The shell's function accepts neither the prefix of long paths nor long paths.
 std::wstring ShellPath(std::wstring_view nativePath) {
     constexpr std::wstring_view longPrefix = L"\\\\?\\";
     constexpr std::wstring_view longNetworkPrefix = L"\\\\?\\UNC\\";
@@ -46,8 +46,8 @@ std::uint64_t SizeOf(const std::wstring& nativePath) {
     return static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U | data.nFileSizeLow;
 }
 
-// Bytes. The user's choice for the volume is in mebibytes; until there is one, the system takes a
-// twentieth of the volume or more.
+// The capacity in bytes. The user's choice for the volume is in mebibytes. If the user has chosen
+// none, the system takes at least a twentieth of the volume.
 std::uint64_t CapacityOf(const wchar_t* root, std::optional<DWORD> chosen) {
     if (chosen) {
         return static_cast<std::uint64_t>(*chosen) << 20U;
@@ -60,7 +60,7 @@ std::uint64_t CapacityOf(const wchar_t* root, std::optional<DWORD> chosen) {
 
 DWORD WINAPI RecycleOnThread(void* argument) {
     std::wstring names = *static_cast<const std::wstring*>(argument);
-    names.push_back(L'\0');  // a list of names ends with an empty one
+    names.push_back(L'\0');  // an empty name ends the list
     const HRESULT initialized =
         ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
     SHFILEOPSTRUCTW operation{};
@@ -74,8 +74,8 @@ DWORD WINAPI RecycleOnThread(void* argument) {
     return 0;
 }
 
-// Other threads may send messages to this one's windows while they work; these are answered.
-// Posted ones (timers, input) stay in the queue, so no handler of the program runs.
+// Waits for the thread and answers messages that other threads send to this thread's windows.
+// Posted messages (timers, input) stay in the queue, so no handler of the program runs.
 void WaitWithoutPosted(HANDLE thread) {
     while (::MsgWaitForMultipleObjects(1, &thread, FALSE, INFINITE, QS_SENDMESSAGE) ==
            WAIT_OBJECT_0 + 1) {
@@ -97,7 +97,7 @@ bool HasRecycleBin(const std::wstring& nativePath) {
     if (::GetVolumeNameForVolumeMountPointW(root, volume, MAX_PATH) == 0) {
         return SizeOf(nativePath) <= CapacityOf(root, std::nullopt);
     }
-    // The user's choice for the volume bears the part of its name that stands in braces.
+    // The registry key of the user's choice is named after the part of the volume's name in braces.
     const std::wstring name = volume;
     const std::size_t brace = std::min(name.find(L'{'), name.size());
     const std::wstring key =
@@ -113,8 +113,8 @@ void MoveToRecycleBin(const std::wstring& nativePath) {
     if (path.size() >= MAX_PATH) {
         return;
     }
-    // The shell pumps messages in the thread that calls it, and the caller is in the middle of a
-    // handler: so the call is made in a thread of its own.
+    // The shell pumps messages in the calling thread, and the caller is in the middle of a handler.
+    // So make the call in a separate thread.
     const Handle thread(::CreateThread(nullptr, 0, RecycleOnThread, &path, 0, nullptr));
     if (thread) {
         WaitWithoutPosted(thread.get());

@@ -4,13 +4,13 @@
 
 namespace forms::win32 {
 
-// Whether the file goes to a Recycle Bin if the shell deletes it: files of network drives, sticks
-// and cards do not, nor do any for which the user or a policy has switched it off, nor those that
-// are larger than it. The shell destroys these without a question.
+// Whether the shell would move this file to a Recycle Bin. It would not for network drives,
+// removable drives, files larger than the Recycle Bin, and drives for which the user or a policy
+// has switched it off. The shell deletes such a file without a question.
 bool HasRecycleBin(const std::wstring& nativePath);
 
-// Asks the shell to put a file into the Recycle Bin, without any question or message. Whether it
-// did shows in whether the file is still there.
+// Asks the shell to move the file to the Recycle Bin, without any question or message. Reports no
+// error: check whether the file still exists.
 void MoveToRecycleBin(const std::wstring& nativePath);
 
 }  // namespace forms::win32

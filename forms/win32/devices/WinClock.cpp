@@ -14,8 +14,8 @@ SYSTEMTIME LocalTime() {
 
 }  // namespace
 
-// Both come from the same clock cut off at the second, never rounded: a millisecond of 999 still
-// belongs to the second that Now tells.
+// Both functions cut the same clock off at the second and never round: millisecond 999 still
+// belongs to the second that Now returns.
 base::DateTime WinClock::Now() {
     const SYSTEMTIME now = LocalTime();
     return base::Combine(base::DateTime::FromDate(now.wYear, now.wMonth, now.wDay),
@@ -32,7 +32,7 @@ std::int64_t WinClock::MonotonicMilliseconds() {
     }();
     LARGE_INTEGER counter{};
     ::QueryPerformanceCounter(&counter);
-    // In two parts: the product of a whole counter would overflow after some months.
+    // Convert in two parts: multiplying the whole counter would overflow after some months.
     return counter.QuadPart / frequency * 1000 + counter.QuadPart % frequency * 1000 / frequency;
 }
 

@@ -32,7 +32,7 @@ DWORD AttributesOf(const std::string& path) try {
     return INVALID_FILE_ATTRIBUTES;
 }
 
-// Throws where there is no such file, or a folder or a read-only file.
+// Throws if the file does not exist, is a folder or is read-only.
 void CheckRemovable(const std::wstring& nativePath) {
     if (::GetFileAttributesW(nativePath.c_str()) == INVALID_FILE_ATTRIBUTES) {
         FailWith(::GetLastError(), nativePath);
@@ -58,14 +58,14 @@ void WriteAll(HANDLE file, const std::string& bytes, const std::wstring& nativeP
 void Flush(HANDLE file, const std::wstring& nativePath) {
     if (::FlushFileBuffers(file) == 0) {
         const DWORD code = ::GetLastError();
-        // A medium that has nothing to flush says so.
+        // These codes mean that the medium has nothing to flush.
         if (code != ERROR_INVALID_FUNCTION && code != ERROR_NOT_SUPPORTED) {
             FailWith(code, nativePath);
         }
     }
 }
 
-// Whether the folder lists the file, which need not be open to this program.
+// Whether the folder lists the file, even if this program must not open it.
 bool IsListed(const std::wstring& nativePath) {
     WIN32_FIND_DATAW data{};
     HANDLE first = ::FindFirstFileExW(nativePath.c_str(), FindExInfoBasic, &data,
@@ -111,7 +111,8 @@ std::vector<FileEntry> WinFiles::List(const std::string& folder, const std::stri
     }
     std::wstring pattern = NativePath(folder);
     pattern += pattern.ends_with(L'\\') ? L"*" : L"\\*";
-    // The suffix is not part of the pattern: that would also be matched against short names.
+    // The suffix is not part of the pattern, because Windows would also compare it with short
+    // names.
     const std::wstring wideSuffix = Wide(suffix);
     WIN32_FIND_DATAW data{};
     HANDLE first = ::FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &data,
@@ -121,7 +122,8 @@ std::vector<FileEntry> WinFiles::List(const std::string& folder, const std::stri
         if (code == ERROR_FILE_NOT_FOUND) {
             return entries;
         }
-        // The folder as a folder is no reason to be refused.
+        // ErrorOfCode instead of FailWith: FailWith would report 75 for any denied access to a
+        // folder.
         throw base::RuntimeError(ErrorOfCode(code));
     }
     const std::unique_ptr<void, CloseFind> find(first);
@@ -176,7 +178,7 @@ std::string WinFiles::Read(const std::string& path) {
             FailWith(::GetLastError(), native);
         }
         if (got == 0) {
-            break;  // somebody shortened it meanwhile
+            break;  // another program has shortened the file
         }
         filled += got;
     }
@@ -232,7 +234,7 @@ bool WinFiles::Recycle(const std::string& path) {
     }
     MoveToRecycleBin(native);
     if (FileExists(path)) {
-        // Another program holds it, or the shell does not know such a path.
+        // Either another program holds the file, or the shell cannot handle the path.
         const Handle alone(
             ::CreateFileW(native.c_str(), DELETE, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
         if (!alone) {
@@ -263,14 +265,14 @@ std::unique_ptr<FileLock> WinFiles::Lock(const std::string& path) {
                               nullptr));
     if (!file) {
         const DWORD code = ::GetLastError();
-        // The file of a holder is marked to go with its handle, which refuses access to it.
+        // The program that holds the lock has marked the file for deletion, so access is denied.
         if (code == ERROR_SHARING_VIOLATION || code == ERROR_DELETE_PENDING ||
             (code == ERROR_ACCESS_DENIED && IsListed(native))) {
             return nullptr;
         }
         FailWith(code, native);
     }
-    // Not every file server keeps share modes, but those of use keep locks.
+    // Some file servers ignore share modes, but the common ones support locks.
     OVERLAPPED start{};
     if (::LockFileEx(file.get(), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0,
                      &start) == 0) {
@@ -280,8 +282,8 @@ std::unique_ptr<FileLock> WinFiles::Lock(const std::string& path) {
         }
         FailWith(code, native);
     }
-    // Only the holder of the lock may mark the file: it goes with the handle, however that is
-    // closed.
+    // Mark the file for deletion only now, when this program holds the lock. The file is deleted
+    // when its handle is closed, even by a crash.
     FILE_DISPOSITION_INFO disposition{TRUE};
     ::SetFileInformationByHandle(file.get(), FileDispositionInfo, &disposition, sizeof disposition);
     return std::make_unique<WinFileLock>(std::move(file));

@@ -4,15 +4,15 @@
 
 namespace forms::win32 {
 
-// Paths of any length. A file larger than 64 MiB is not read (57): nothing of the program's own
-// comes near to that, and what does is no note.
+// Paths may have any length. Reading a file larger than 64 MiB raises RuntimeError 57. The
+// program's own files are far smaller, so a file of that size is not a note.
 class WinFiles : public FileSystem {
   public:
     bool FolderExists(const std::string& path) override;
     bool FileExists(const std::string& path) override;
-    // RuntimeError 75 where the folder is there already.
+    // RuntimeError 75 if the folder exists already.
     void MakeFolder(const std::string& path) override;
-    // Files whose names no other operation would take are left out.
+    // Leaves out files whose names the other operations would refuse.
     std::vector<FileEntry> List(const std::string& folder, const std::string& suffix) override;
     std::string NameOnDisk(const std::string& path) override;
     std::string Read(const std::string& path) override;
@@ -21,7 +21,7 @@ class WinFiles : public FileSystem {
     using FileSystem::Replace;
     void Replace(const std::string& from, const std::string& to, Durability durability) override;
     void Delete(const std::string& path) override;
-    // No message is handled meanwhile.
+    // Handles no posted message while it runs.
     bool Recycle(const std::string& path) override;
     void Copy(const std::string& from, const std::string& to) override;
     std::unique_ptr<FileLock> Lock(const std::string& path) override;

@@ -13,11 +13,11 @@ namespace forms::win32 {
 namespace {
 
 constexpr int firstSystemYear = 1601;
-// The calendar, weekdays included, repeats itself after so many years.
+// Years. The calendar, including the days of the week, repeats after this time.
 constexpr int calendarCycle = 400;
 
-// value as the system's calls take it; a year before their first becomes a later one that has the
-// same calendar.
+// Converts to the system's type, which starts at the year 1601. An earlier year is replaced by a
+// later one with the same calendar.
 SYSTEMTIME SystemTimeOf(base::DateTime value) {
     int year = value.Year();
     while (year < firstSystemYear) {
@@ -36,7 +36,7 @@ SYSTEMTIME SystemTimeOf(base::DateTime value) {
 
 using Formatter = int(WINAPI*)(LCID, DWORD, const SYSTEMTIME*, const wchar_t*, wchar_t*, int);
 
-// Empty where the system cannot tell, as for dates that the user's calendar does not have.
+// Empty if the system cannot format the value, for example a date that the user's calendar lacks.
 std::wstring Formatted(Formatter formatter, DWORD flags, const SYSTEMTIME& time,
                        const wchar_t* format) {
     wchar_t usual[128];
@@ -57,7 +57,7 @@ std::wstring Formatted(Formatter formatter, DWORD flags, const SYSTEMTIME& time,
     return text;
 }
 
-// A text of the user's settings; empty where the system cannot tell.
+// A text from the user's settings. Empty if the system cannot return it.
 std::string Setting(LCTYPE type) {
     wchar_t text[32]{};
     const int length =
@@ -70,7 +70,7 @@ std::wstring Padded(int number, std::size_t digits) {
     return std::wstring(digits - std::min(digits, text.size()), L'0') + text;
 }
 
-// The user's picture of a short date with the year written out.
+// The user's format of the short date, with this year's digits in place of the letters y.
 std::wstring ShortDatePicture(int year) {
     wchar_t buffer[128]{};
     const int size = ::GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, buffer,
@@ -89,15 +89,15 @@ std::wstring ShortDatePicture(int year) {
         }
         const std::size_t end = std::min(picture.find_first_not_of(L'y', position), picture.size());
         const std::size_t count = end - position;
-        // Not in quotes: together with those of a text beside them they would be one of its
-        // letters.
+        // Do not put the digits in quotes. Next to a quoted text, the adjoining quotes would be
+        // read as one quote character.
         result += count > 2 ? Padded(year, 4) : Padded(year % 100, count);
         position = end;
     }
     return result;
 }
 
-// The code page that files had before the system's was set to UTF-8.
+// The code page of files from the time before the system's code page was set to UTF-8.
 UINT CodePageOfLanguage() {
     DWORD codePage = 0;
     const int size =
@@ -126,7 +126,7 @@ std::string WinLocale::TimeText(base::DateTime value) {
 }
 
 std::string WinLocale::WeekdayName(base::DateTime value) {
-    // Any week will do for the name, so take one that every calendar has.
+    // The name does not depend on the week, so take a week that every calendar has.
     const base::DateTime sunday = base::DateTime::FromDate(2000, 1, 2);
     const base::DateTime sameDay{sunday.seconds + value.Weekday() * base::secondsPerDay};
     return Narrow(Formatted(::GetDateFormatW, 0, SystemTimeOf(sameDay), L"dddd"));
@@ -154,8 +154,8 @@ std::optional<std::string> WinLocale::ToAnsi(const std::string& utf8) {
         return std::string();
     }
     if (ansiCodePage == CP_UTF8) {
-        // Other programs and other machines take bytes beyond ASCII for those of an older code
-        // page: such a text is to have a byte order mark.
+        // Other programs and other machines read bytes beyond ASCII in an older code page. So write
+        // such a text with a byte order mark.
         return base::IsAscii(utf8) ? std::optional(utf8) : std::nullopt;
     }
     const std::wstring wide = Wide(utf8);
@@ -169,8 +169,8 @@ std::optional<std::string> WinLocale::ToAnsi(const std::string& utf8) {
     std::string bytes(static_cast<std::size_t>(size), '\0');
     ::WideCharToMultiByte(ansiCodePage, WC_NO_BEST_FIT_CHARS, wide.data(), length, bytes.data(),
                           size, nullptr, &isReplaced);
-    // Some code pages have several characters for one: what would come back as another does not
-    // fit.
+    // Some code pages map several characters to one. Return nothing if the text would be read back
+    // differently.
     return isReplaced == FALSE && FromAnsi(bytes) == utf8 ? std::optional(bytes) : std::nullopt;
 }
 

@@ -7,15 +7,15 @@ namespace forms::win32 {
 class WinLocale : public Locale {
   public:
     WinLocale();
-    // codePage: takes the place of the system's.
+    // Uses codePage in place of the system's code page.
     explicit WinLocale(unsigned codePage) : ansiCodePage(codePage) {}
 
     std::string ShortDate(base::DateTime value) override;
     std::string TimeText(base::DateTime value) override;
     std::string WeekdayName(base::DateTime value) override;
     base::NumberFormat Numbers() override;
-    // As the file system folds letters, not as the language writes capitals (a dotless i stays
-    // apart): what differs in upper case may be two files.
+    // Uses the rules of the file system, not those of the user's language (for example, a dotless i
+    // stays as it is). Names that differ in upper case may belong to different files.
     std::string ToUpper(const std::string& text) override;
     std::optional<std::string> ToAnsi(const std::string& utf8) override;
     std::string FromAnsi(const std::string& bytes) override;

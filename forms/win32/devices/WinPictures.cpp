@@ -54,7 +54,7 @@ bool IsIcon(std::string_view bytes) {
     return icon != nullptr && ::DestroyIcon(icon) != 0;
 }
 
-// Pixels; throws where the bytes are no picture.
+// The size in pixels. Throws if the bytes are not a picture.
 SIZE SizeOf(const std::string& bytes) {
     if (LooksLikeIcon(bytes)) {
         if (!IsIcon(bytes)) {
@@ -69,12 +69,12 @@ SIZE SizeOf(const std::string& bytes) {
     return *size;
 }
 
-// False where there is no such file.
+// Returns false if the file does not exist.
 bool GetFileData(const std::string& path, WIN32_FILE_ATTRIBUTE_DATA& data) try {
     return ::GetFileAttributesExW(NativePath(path).c_str(), GetFileExInfoStandard, &data) != 0 &&
            (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 } catch (const base::RuntimeError&) {
-    return false;  // no name of a file
+    return false;  // the path is not a valid file name
 }
 
 }  // namespace

@@ -7,11 +7,11 @@
 
 namespace forms::win32 {
 
-// Sizes of gif, jpg, png and bmp pictures, 15 twips to a pixel, and of icons, which count as 32
-// pixels square whatever sizes they hold. A size is remembered until the file changes.
+// Sizes of pictures: gif, jpg, png and bmp at 15 twips to a pixel. An icon counts as 32 pixels
+// square, whatever sizes its file contains. A size is remembered until the file changes.
 class WinPictures : public Pictures {
   public:
-    // The files are not owned.
+    // files is not owned.
     explicit WinPictures(FileSystem& pictureFiles) : files(pictureFiles) {}
 
     Picture Load(const std::string& path) override;

@@ -13,16 +13,16 @@ class WinPrinter : public Printer {
   public:
     explicit WinPrinter(std::wstring nameOfDocuments) : documentName(std::move(nameOfDocuments)) {}
 
-    // Each line of the text becomes a line of the page. After a failure the document is abandoned;
-    // the next call begins another.
+    // Each line of the text becomes a line of the page. After a failure the document is abandoned,
+    // and the next call begins a new document.
     void Print(const std::string& text) override;
-    // Holds until the document ends.
+    // The size is valid until the document ends.
     void SetFontSize(int points) override;
     void EndDocument() override;
     void AbandonDocument() override;
 
   private:
-    // Runs an action on the document; gives the document up where it fails.
+    // Runs an action on the document. If the action fails, the document is abandoned.
     template <class Action>
     void OnJob(Action action);
 

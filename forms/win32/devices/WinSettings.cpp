@@ -46,7 +46,7 @@ std::optional<std::string> WinSettings::Read(const std::string& section, const s
         if (status != ERROR_MORE_DATA) {
             return std::nullopt;
         }
-        // Another program may have made it longer still since it told the length.
+        // Another program may have made the value longer still since its length was read.
         value.resize(std::max<std::size_t>(value.size() * 2, bytes / sizeof(wchar_t) + 1));
     }
 }

@@ -4,15 +4,15 @@
 
 namespace forms::win32 {
 
-// Text values in the user's part of the registry, a key for each section.
+// Text values in the user's part of the registry, with one key for each section.
 class WinSettings : public SettingsStore {
   public:
-    // rootKey: below HKEY_CURRENT_USER.
+    // rootKey is relative to HKEY_CURRENT_USER.
     explicit WinSettings(std::wstring rootKey) : root(std::move(rootKey)) {}
 
-    // Empty where the value is missing or no text.
+    // Empty if the value is missing or is not a text.
     std::optional<std::string> Read(const std::string& section, const std::string& key) override;
-    // RuntimeError 5 where the registry refuses.
+    // RuntimeError 5 if the registry refuses the value.
     void Write(const std::string& section, const std::string& key,
                const std::string& value) override;
 

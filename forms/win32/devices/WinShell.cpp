@@ -9,7 +9,7 @@ namespace forms::win32 {
 
 namespace {
 
-// Bytes. The stand-ins have some ten thousand, the viewers some hundred thousand.
+// Bytes. A stand-in has about ten thousand bytes, a viewer several hundred thousand.
 constexpr std::uint64_t smallestViewer = 64 * 1024;
 
 std::wstring FolderFrom(UINT(WINAPI* getFolder)(LPWSTR, UINT)) {
@@ -20,7 +20,7 @@ std::wstring FolderFrom(UINT(WINAPI* getFolder)(LPWSTR, UINT)) {
 
 bool SystemHasHelpViewer() {
     const std::wstring name = L"\\winhlp32.exe";
-    // Which of the two folders has the viewer differs from system to system.
+    // The viewer's folder depends on the version of the system.
     return WinShell::IsHelpViewer(FolderFrom(&::GetSystemWindowsDirectoryW) + name) ||
            WinShell::IsHelpViewer(FolderFrom(&::GetSystemDirectoryW) + name);
 }
@@ -48,8 +48,8 @@ void WinShell::ShowHelp(const std::string& helpFile, int command) {
         if (!IsFile(path) || !ask(static_cast<UINT>(command))) {
             return false;
         }
-        // HELP_FORCEFILE leaves a viewer that has the file where it is, behind other windows, and
-        // some viewers do nothing at all. The contents are the file's first page, in front.
+        // If the viewer already shows the file, HELP_FORCEFILE leaves it behind other windows, and
+        // some viewers ignore the command. HELP_CONTENTS shows the file's first page in front.
         return command != HELP_FORCEFILE || ask(HELP_CONTENTS);
     };
     if (hasHelpViewer && showInViewer()) {
@@ -58,7 +58,7 @@ void WinShell::ShowHelp(const std::string& helpFile, int command) {
     const std::string page = helpFile.substr(0, helpFile.find_last_of('.')) + ".html";
     const std::string folder = helpFile.substr(0, helpFile.find_last_of('\\'));
     if (!IsFile(Wide(page)) || Open(page, folder) <= 32) {
-        // A last try: where the system has a stand-in only, that at least explains itself.
+        // Last resort: a stand-in at least tells the user that it cannot show help files.
         showInViewer();
     }
 }

@@ -8,18 +8,18 @@ namespace forms::win32 {
 
 class WinShell : public Shell {
   public:
-    // Looks for the system's viewer of help files.
+    // Searches for the system's viewer of help files.
     WinShell();
     explicit WinShell(bool systemHasHelpViewer) : hasHelpViewer(systemHasHelpViewer) {}
 
     int Open(const std::string& document, const std::string& workingFolder) override;
-    // Where the system has no viewer for help files, or the file is missing, opens in the browser
-    // the page that lies beside it with the same topics: its name is the file's, but for the
-    // extension html. Does nothing where both are missing.
+    // Shows the file in the help viewer. If the system has no viewer or the file is missing, opens
+    // a page in the browser instead: the file beside helpFile with the same name and the extension
+    // html. If that is missing too, does nothing.
     void ShowHelp(const std::string& helpFile, int command) override;
 
-    // Whether this program shows help files. Systems that no longer do have a stand-in of the same
-    // name, which says just that.
+    // Whether this program can show help files. Newer systems have a program of the same name that
+    // only says that it cannot.
     static bool IsHelpViewer(const std::wstring& program);
 
   private:

@@ -12,7 +12,7 @@ namespace {
 
 using PlayFunction = decltype(&::PlaySoundW);
 
-// Null until something is to sound for the first time.
+// Null until the first sound is played.
 PlayFunction& LoadedPlay() {
     static PlayFunction function = nullptr;
     return function;

@@ -4,8 +4,8 @@
 
 namespace forms::win32 {
 
-// Where the file is missing or no wave, the system's own default sound is heard: an alarm that
-// lost its file is still an alarm.
+// If the file is missing or is not a wave file, the system's default sound is played. An alarm
+// without its file must still be heard.
 class WinSound : public Sound {
   public:
     void Play(const std::string& wavePath, Mode mode) override;

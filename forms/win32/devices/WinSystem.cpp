@@ -32,7 +32,7 @@ bool WinSystem::PreviousInstance() {
     if (!previous) {
         mutex = Handle(::CreateMutexW(nullptr, FALSE, name.c_str()));
         const DWORD code = ::GetLastError();
-        // The mutex of a copy that runs with higher rights is there but cannot be opened.
+        // If the other copy runs with higher rights, its mutex exists but cannot be opened.
         previous = code == ERROR_ALREADY_EXISTS || (!mutex && code == ERROR_ACCESS_DENIED);
     }
     return *previous;

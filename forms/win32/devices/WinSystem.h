@@ -9,19 +9,19 @@ namespace forms::win32 {
 
 class WinSystem : public System {
   public:
-    // The name of the mutex by which copies of the program in the user's session know each other.
+    // The mutex shows other copies of the program in the user's session that this copy runs.
     explicit WinSystem(std::wstring mutexName) : name(std::move(mutexName)) {}
 
     std::string ApplicationFolder() override;
-    // Holds until this object goes. Later calls repeat the first answer.
+    // The mutex is held until this object is destroyed. Later calls return the first result.
     bool PreviousInstance() override;
     std::uint32_t Version() override;
     std::string InstanceId() override;
     void Pause(int milliseconds) override;
 
   private:
-    std::string folder;      // empty until it is first asked for
-    std::string instanceId;  // empty until it is first asked for
+    std::string folder;      // empty until its first use
+    std::string instanceId;  // empty until its first use
     std::wstring name;
     std::optional<bool> previous;
     Handle mutex{nullptr};

@@ -14,8 +14,8 @@ namespace forms::win32 {
 
 namespace {
 
-// The size of the first version of the record, which every system knows: its tip holds 64
-// characters and nothing follows it.
+// The size of the first version of the record, which every system accepts. Its last field is the
+// tip of 64 characters.
 #ifdef _WIN64
 static_assert(NOTIFYICONDATAA_V1_SIZE == 104);
 #else
@@ -23,7 +23,7 @@ static_assert(NOTIFYICONDATAA_V1_SIZE == 88);
 #endif
 constexpr std::size_t tipSize = 64;
 
-// The tip up to its zero character, in the system's code page, cut where it does not fit.
+// The tip up to its zero character, in the system's code page, cut off if it is too long.
 std::string TipText(const std::string& tip) {
     std::wstring wide = Wide(std::string_view(tip).substr(0, tip.find('\0')));
     wide.resize(std::min(wide.size(), tipSize - 1));
@@ -40,7 +40,7 @@ std::string TipText(const std::string& tip) {
     }
 }
 
-// At the scale of the task bar, which may stand on any monitor.
+// The size at the scale of the task bar, which may be on any monitor.
 int IconPixels() {
     HWND bar = ::FindWindowW(L"Shell_TrayWnd", nullptr);
     return SystemMetric(SM_CXSMICON, bar != nullptr ? DpiOf(bar) : SystemDpi());
@@ -96,7 +96,7 @@ void WinTray::LoadIcon(Entry& entry) {
 void WinTray::FollowScale() {
     for (Entry& entry : entries) {
         if (entry.iconPixels != IconPixels()) {
-            // The icon that is shown goes after the new one has come.
+            // Destroy the old icon only after the new one is shown.
             const auto before = std::move(entry.icon);
             LoadIcon(entry);
             Notify(NIM_MODIFY, entry);

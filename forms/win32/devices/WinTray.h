@@ -11,7 +11,7 @@
 
 namespace forms::win32 {
 
-// The notification area. Icons that are still there when the program ends are taken away.
+// The notification area. The destructor removes the icons that are still shown.
 class WinTray : public Tray {
   public:
     WinTray() = default;
@@ -19,17 +19,17 @@ class WinTray : public Tray {
     WinTray& operator=(const WinTray&) = delete;
     ~WinTray() override;
 
-    // Where no notification area is there yet, the icon appears as soon as one is.
+    // If there is no notification area yet, the icon appears when one is created.
     bool Add(const TrayRecord& record) override;
-    // Asks the system even where this program has no such icon (any more).
+    // Asks the system even if this program has no such icon, or has it no more.
     bool Delete(const TrayRecord& record) override;
 
-    // The tip in the system's code page, ended by a zero character and padded with blanks.
+    // The tip is in the system's code page, ends with a zero character and is padded with blanks.
     static NOTIFYICONDATAA NativeRecord(const TrayRecord& record, HWND window, HICON icon);
 
-    // The notification area was made anew and has forgotten its icons.
+    // Adds all icons again after the notification area was created anew without them.
     void AddAgain();
-    // The task bar may have another scale now: icons of another size are loaded.
+    // Reloads icons whose size is wrong because the scale of the task bar has changed.
     void FollowScale();
 
   private:
@@ -37,7 +37,7 @@ class WinTray : public Tray {
         void operator()(HICON icon) const { ::DestroyIcon(icon); }
     };
     struct Entry {
-        const Form* owner;  // to be compared only
+        const Form* owner;  // only compared, never dereferenced
         HWND window;
         TrayRecord record;
         std::unique_ptr<std::remove_pointer_t<HICON>, DestroyIconOf> icon;
