@@ -5,8 +5,9 @@
 // The hourly chime.
 namespace CuckooClock {
 
-// The number of strikes that are due in this second; 0 while an alarm sounds. Call it after the
-// main clock's checks of the same second, which set AlarmSounding for the alarms of that second.
+// The number of strikes that are due in this second. 0 while an alarm sounds. Call it after the
+// main clock's checks of the same second, because they set AlarmSounding for the alarms of that
+// second.
 int StrikesDue(base::DateTime now);
 
 // Plays the cuckoo count times in a row, and returns after the last strike.

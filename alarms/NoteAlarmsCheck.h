@@ -18,8 +18,8 @@ struct Opened {
 // Opens a display for each note that is due in this second.
 Opened DisplayDue(base::DateTime now);
 
-// Switches on the sound of the display that was opened last, if one of the notes wants it and no
-// alarm sounds.
+// Switches on the sound of the display that was opened last, if the audio alarm of one of the notes
+// is on and no alarm sounds.
 void StartSound(const Opened& opened);
 
 }  // namespace NoteAlarmsCheck

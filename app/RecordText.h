@@ -53,8 +53,7 @@ class Reader {
     };
 
     Field Next();
-    // Reads the field that ends at this place. The place of a quoted field is that of its closing
-    // quote.
+    // Reads the field that ends at this place. A quoted field ends at its closing quote.
     Field Take(std::size_t end, bool quoted);
     bool StartsWithQuote();
     // Whether exactly one field lies between this place and the end of its line.

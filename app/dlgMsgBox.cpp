@@ -13,7 +13,7 @@ void dlgMsgBox::Design() {
     imgMsg.visible = false;
 
     lblMsg.autoSize = true;
-    // Messages quote texts of the user, which may contain ampersands.
+    // Messages contain texts of the user, which may contain ampersands.
     lblMsg.useMnemonic = false;
     // The position beside a picture of the usual size, clear of the button. If the message is
     // taller than its picture, it stays here.

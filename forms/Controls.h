@@ -273,8 +273,8 @@ class Image : public Control {
     Image(Form* parent, const char* controlName)
         : Control(parent, ControlKind::Image, controlName) {}
     Property<Picture> picture{*this, Aspect::Picture};
-    // Name of a picture compiled into the program, used while picture is empty. Lives as long as
-    // the image, as a literal does.
+    // Name of a picture that is compiled into the program. It is used while picture is empty. The
+    // text must live as long as the image, as a literal does.
     const char* resourceName = "";
     bool sizeToPicture = false;  // set in Design only
     void AfterChange(Aspect aspect) override;

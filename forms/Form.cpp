@@ -240,7 +240,7 @@ Control* Form::ControlAt(int x, int y) const {
         if (!isUnder || !control->IsEffectivelyVisible() || control->PointerRank() == 0) {
             continue;
         }
-        // An inner frame lies above its outer frame, whichever is declared first.
+        // An inner frame is above its outer frame, no matter which is declared first.
         const bool isOuter = found != nullptr && found->container == control;
         if (control->PointerRank() > rank || (control->PointerRank() == rank && !isOuter)) {
             found = control;

@@ -12,7 +12,7 @@
 #include "forms/Devices.h"
 #include "forms/headless/VirtualClock.h"
 
-// Devices that record their calls, and fail if a test tells them to.
+// Devices for tests. They record their calls, and fail if a test requests it.
 namespace forms::headless {
 
 class RecordedSound : public Sound {
@@ -50,7 +50,7 @@ class RecordedSound : public Sound {
 class RecordedTray : public Tray {
   public:
     struct Entry {
-        bool add;  // false: deleted
+        bool add;  // false: the icon was deleted
         bool succeeded;
         TrayRecord record;
     };
@@ -82,8 +82,8 @@ class RecordedPrinter : public Printer {
     void EndDocument() override;
     void AbandonDocument() override;
 
-    // The call with this number, counted from now on over all operations from 1, fails with 482.
-    // All later calls except AbandonDocument fail too, until Repair is called.
+    // Makes a call fail with 482. call is the number of the call over all operations, counted from
+    // 1 from now on. All later calls except AbandonDocument fail too, until Repair is called.
     void FailAt(int call);
     void Repair() { FailAt(0); }
 

@@ -344,7 +344,7 @@ void MemoryFiles::WriteSteps(const DiskPath& place, const std::string& bytes,
     }
 }
 
-// part does what the step has done if it is interrupted in the middle.
+// whole does the complete step. part does the half that remains if the step is interrupted.
 template <class Whole, class Part>
 void MemoryFiles::Step(Whole whole, Part part) {
     if (IsDead()) {

@@ -11,8 +11,8 @@
 namespace forms::headless {
 
 // A scripted user of the headless stage, who can do only what a real user can. If the target of an
-// action is hidden, disabled, minimised, disabled by a modal form, or behind a box or a menu, the
-// action is not done and the test fails.
+// action is hidden, disabled, minimised, behind a box or a menu, or in a window that a modal form
+// disables, the action is not done and the test fails.
 class User {
   public:
     User(HeadlessStage& userStage, RecordedTray& userTray) : stage(userStage), tray(userTray) {}

@@ -26,8 +26,8 @@ class VirtualClock : public Clock {
     void Jump(std::int64_t seconds, std::int64_t milliseconds = 0);
 
     // Lets time pass on both clocks. An alarm that becomes due goes off at its own time (with
-    // jitter, up to that much later). If handlers advance the clock themselves, it ends at the
-    // later of the two times.
+    // jitter, up to that much later). If a handler advances the clock beyond the end of this
+    // period, the clock stays at the later time.
     void Advance(std::int64_t milliseconds);
     // Lets time pass without an alarm, as if a handler were busy. An alarm that becomes due goes
     // off when the clock is next advanced.

@@ -20,8 +20,8 @@ COLORREF ReadableOn(COLORREF background, COLORREF wanted);
 // Shared brushes. Do not delete them.
 HBRUSH SolidBrush(COLORREF color);
 
-// A buffer whose drawing appears in one step: the destructor copies it to the target. Coordinates
-// are those of the target.
+// A buffer for drawing. The destructor copies it to the target, so that the whole drawing appears
+// in one step. Coordinates are those of the target.
 class BackBuffer {
   public:
     BackBuffer(HDC target, const RECT& area);

@@ -63,7 +63,7 @@ class ImagePeer : public SurfacePeer {
   private:
     Image& image;
     images::View view;
-    RECT shown{};  // where it was painted
+    RECT shown{};  // the place where it was last painted
 };
 
 class ShapePeer : public PaintedPeer {

@@ -66,7 +66,7 @@ Win32Stage::~Win32Stage() {
     while (!state->windows.empty()) {
         FormWindow* window = state->windows.back();
         if (!DestroyNative(window->handle)) {
-            delete window;  // its native window is gone already
+            delete window;  // its native window no longer exists
         }
     }
     filter.reset();
