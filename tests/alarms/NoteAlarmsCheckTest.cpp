@@ -74,7 +74,7 @@ TEST_F(NoteAlarmsCheckTest, AnAlarmWhoseDisplayIsOpenComesUpOnce) {
     const Opened first = Check();
     ASSERT_NE(first.last, nullptr);
     EXPECT_EQ(Check().last, nullptr);
-    // After a change of its time, the alarm opens another display beside the old one.
+    // After the alarm's time has changed, the alarm opens another display beside the old one.
     Shared().NotesArray[1].AlarmTime = base::DateTime::FromTime(9, 1, 0);
     Advance(60'000);
     const Opened second = Check();

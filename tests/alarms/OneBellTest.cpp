@@ -3,8 +3,8 @@
 #include "tests/support/WholeProgram.h"
 #include "tools/frmTimer.h"
 
-// Alarms that are due while another alarm rings. The machine plays one sound at a time, and no
-// alarm may fall silent before the user has closed its box.
+// Alarms that are due while another alarm rings. The machine plays one sound at a time, but every
+// alarm must sound until the user has closed its box.
 
 namespace {
 
@@ -41,7 +41,7 @@ class OneBellTest : public testing_support::WholeProgram {
     }
 
     // The hidden note Dentist is due at 15:00:05, and the hour strikes at 15:00:15. The first sound
-    // must play on through both.
+    // must continue through both.
     headless::Script NothingEndsIt(const std::string& path) {
         return [this, path] {
             AdvanceTo(15, 0, 30);

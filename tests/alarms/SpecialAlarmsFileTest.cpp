@@ -179,7 +179,7 @@ TEST_F(SpecialAlarmsFileTest, WhatCouldBeReadIsTheSameAfterEverySave) {
         std::copy(rows.begin(), rows.end(), week.begin());
         if (std::any_of(rows.begin(), rows.end(),
                         [](const Row& row) { return row.Day.find('"') != std::string::npos; })) {
-            continue;  // the window only writes names of days
+            continue;  // the window writes only names of days
         }
         ASSERT_EQ(Decoded(SpecialAlarmsFile::Encode(week)), rows) << bytes;
     }
@@ -202,7 +202,7 @@ TEST_F(SpecialAlarmsFileTest, FilesOfOtherFormsAreReadAsTheyStand) {
         "\"Monday\"\r\n#08:00:00#\r\n\"m\"\r\n1\r\n",
         // blanks, and other line breaks
         " \"Monday\" , #08:00:00# , \"m\" , 1 \n",
-        // quotes around fields that need none, and none around those that do
+        // quotes around fields that need no quotes, and no quotes around fields that need them
         "Monday,\"08:00:00\",m,\"1\"\r\n",
         "\"Monday\",#08:00:00#,\"m\",\"1\"\r\n",
     };

@@ -193,14 +193,14 @@ TEST_F(frmSpecialAlarmsBadInputTest, AFileThatAnotherProgramChangedMeanwhileIsPu
     user->Click(Window().cmdSave);
     EXPECT_FALSE(IsOpen());
     EXPECT_EQ(files.RecycledBytes(), std::vector<std::string>{before.value_or("")});
-    // What was shown and saved here is replaced as before.
+    // The contents that were shown and saved here are replaced as before.
     Open();
     user->Type(Window().txtMessage[0], "newer");
     user->Click(Window().cmdSave);
     EXPECT_EQ(files.RecycledBytes().size(), 1U);
 }
 
-// Until somebody sees to it.
+// The error is reported until the user has removed its cause.
 TEST_F(frmSpecialAlarmsBadInputTest, WhatKeepsTheDiskFromBeingWrittenIsReportedAtEachSave) {
     struct Condition {
         std::function<void(bool)> set;

@@ -226,7 +226,7 @@ TEST_F(frmSpecialAlarmsTest, OfSeveralPairsTheFirstOfTheSearchIsNamed) {
     SetRow(6, "Friday", DateTime::FromTime(17, 30, 0), true);
     SetRow(1, "Sunday", DateTime::FromTime(17, 30, 0), true);
     SetRow(3, "Sunday", DateTime::FromTime(17, 30, 0), true);
-    // The search finds the pair of rows 1 and 7 only when it comes to row 7.
+    // The search finds the pair of rows 1 and 7 only when it reaches row 7.
     ExpectIdentical("2", "4");
     user->Click(Window().cmdSave);
 }

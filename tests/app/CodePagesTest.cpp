@@ -34,7 +34,8 @@ class CodePagesTest : public testing_support::WholeProgram,
 
     void PutNotes() {
         Put("ascii.txt", "\"ascii\",\"5\\\" pipe, \"quoted\"" + tail);
-        // Western, Japanese and Chinese texts, in which a last byte stands before a quote.
+        // Western, Japanese and Chinese texts. In each of them, a character beyond ASCII is
+        // directly before the closing quote.
         Put("western.txt", "\"Stra\xdf\x65 \xe4\",\"gr\xfc\xdf dich, caf\xe9" + tail);
         Put("japanese.txt", "\"\x93\xfa\x96\x7b\",\"\x95\x5c \x83\x5c\xb1, \x94\x5c" + tail);
         Put("chinese.txt", "\"\xc4\xe3\xba\xc3\",\"\xb1\xed\x81\x5c\xd5\x5c" + tail);

@@ -17,7 +17,7 @@
 #include "tools/frmStopWatch.h"
 #include "tools/frmTimer.h"
 
-// The windows for users who have no mouse, and for users of a screen reader.
+// Checks that users without a mouse and users of a screen reader can use the windows.
 namespace {
 
 using forms::Control;

@@ -142,7 +142,7 @@ TEST_F(LayoutTest, PictureMessageBox) {
 }
 
 // If several controls have the same access key, it moves the focus from one to the next. The
-// captions, and with them these keys, are given.
+// captions are fixed, and so are these keys.
 TEST_F(LayoutTest, AccessKeys) {
     EXPECT_EQ(SharedAccessKeys(Main()),
               "CHT");  // "Notes &Control Panel", "Start CooKoo &Clock"; ...

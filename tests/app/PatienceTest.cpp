@@ -10,7 +10,7 @@ using base::RuntimeError;
 
 class PatienceTest : public testing_support::NoteProgram {
   protected:
-    // Pauses as long as it is allowed to. Returns the milliseconds.
+    // Pauses until Wait() refuses. Returns the milliseconds that have passed.
     int UseUp() {
         const int before = system.paused;
         while (Patience::Wait()) {

@@ -92,7 +92,7 @@ TEST_F(dlgMsgBoxTest, ATextHigherThanThePictureKeepsItsPlace) {
         EXPECT_EQ(dialog.cmdOk.top(), textHeight + 400);
         EXPECT_EQ(dialog.cmdOk.left(), dialog.width() - 1100);
         EXPECT_GE(dialog.cmdOk.top(), designTop + textHeight + Grid::gap);
-        // The text lies beside the picture, not on it.
+        // The text is beside the picture, not on it.
         EXPECT_GE(dialog.lblMsg.left(), 125 + 1080);
     });
 }

@@ -7,7 +7,7 @@ using headless::RecordedSound;
 
 namespace {
 
-// The program starts on Friday, 14 May 2004, 9:00:00 and its main window is up at 9:00:01.
+// The program starts on Friday, 14 May 2004, 9:00:00. Its main window is open at 9:00:01.
 class frmMainClockTest : public testing_support::WholeProgram {
   protected:
     // Closes all editors, which saves their notes.
@@ -313,7 +313,7 @@ TEST_F(frmMainClockTest, TheCuckooIsSilentInTheSecondOfANotesSound) {
     EXPECT_EQ(sound.Count(RecordedSound::Kind::Once), 1);
 }
 
-// This holds however long the box of an alarm has delayed the main clock before.
+// This is true no matter how long the box of an alarm has delayed the main clock before.
 TEST_F(frmMainClockTest, TheMainClockTicksBeforeTheCuckooAlsoAfterABox) {
     for (int held = 100; held <= 3000; held += 100) {
         SetNow(2004, 5, 14, 14, 59, 40);

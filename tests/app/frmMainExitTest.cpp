@@ -236,7 +236,8 @@ TEST_F(frmMainExitTest, TheExitDoesNotReportABadFileOnceForEachNote) {
     PutNoteWithBadDate("Zebra");
     stage->improvise.box = [](const BoxRequest&) { return BoxResult::Ok; };
     StartQuietly();
-    // Loading the array and restoring the notes report the file once each.
+    // The file is reported twice: once when the array is loaded, and once when the notes are
+    // restored.
     EXPECT_EQ(stage->Boxes().size(), 2U);
     for (int number = 1; number <= 10; ++number) {
         frmNote& note = Editor("Note " + std::to_string(1000 + number));

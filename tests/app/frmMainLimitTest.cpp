@@ -11,7 +11,7 @@ namespace {
 
 class frmMainLimitTest : public testing_support::WholeProgram {
   protected:
-    // "Note 1001" and the following.
+    // Titles "Note 1001", "Note 1002" and so on.
     void PutNotes(int count) {
         for (int number = 1; number <= count; ++number) {
             PutNote(Note("Note " + std::to_string(1000 + number)));

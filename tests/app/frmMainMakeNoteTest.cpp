@@ -108,7 +108,7 @@ TEST_F(frmMainMakeNoteTest, ASavedTitleIsRejectedInTheSameCaseOnly) {
     auto& note = MakeNote("shopping");
     user->Type(note.txtNote, "in small letters");
     user->CloseBox(note);
-    // To the disk the two names are the same, so the new note replaces the saved one.
+    // For the disk, the two names are the same, so the new note replaces the saved one.
     EXPECT_EQ(files.Names("C:\\Jotwright\\Notes"), std::vector<std::string>{"Shopping.txt"});
     EXPECT_NE(FileOf("Shopping")->find("in small letters"), std::string::npos);
 }

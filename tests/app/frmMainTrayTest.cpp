@@ -105,7 +105,8 @@ TEST_F(frmMainTrayTest, ThePointerIsNoTrayMessage) {
     EXPECT_NE(runtime->ActiveForm(), &Main());
 }
 
-// While the menu is open, the pointer may move, although the message is still being handled.
+// While the menu is open, the pointer may move, although the handler of the icon's message is still
+// running.
 TEST_F(frmMainTrayTest, ThePointerIsNoTrayMessageWhileATrayMessageIsHandled) {
     StartQuietly();
     stage->ExpectPopup("mnuPop", [this](Menu&) -> Menu* {

@@ -18,7 +18,7 @@ const std::string startupFolder =
 const std::string startupLink = startupFolder + "\\Shortcut To Jotwright.lnk";
 const std::string shippedLink = "C:\\Jotwright\\Shortcut To Jotwright.lnk";
 
-// A store in which the write with this number fails; the first has number 1.
+// A store in which one write fails. Writes are counted from 1.
 class FailingSettings : public forms::headless::HeadlessSettings {
   public:
     void Write(const std::string& section, const std::string& key,
@@ -123,7 +123,7 @@ TEST_F(frmOptionsTest, WithoutIsServiceTheBoxTakesTheColorCode) {
     Set("DefaultColor", "1");
     Open();
     EXPECT_EQ(Window().chkIsService.value(), 1);
-    // The handler of the box has run, so applying makes the link.
+    // The handler of the check box has run, so applying creates the link.
     user->Click(Window().cmdApply);
     EXPECT_TRUE(files.FileExists(startupLink));
 }

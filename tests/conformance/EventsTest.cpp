@@ -312,7 +312,7 @@ TEST_F(EventsTest, AnAccessKeyOfSeveralCaptionsCyclesThroughThem) {
     stand->PressAccessKey(Form(), 'O');
     EXPECT_TRUE(Form().cmdOk.HasFocus());
     EXPECT_EQ(Take(), Lines{});
-    // A disabled button is passed over.
+    // The keys skip a disabled button.
     Start([] { Form().cmdOk.enabled = false; });
     stand->PressAccessKey(Form(), 'o');
     EXPECT_EQ(Take(), Lines{"cancel"});

@@ -16,8 +16,8 @@
 #include "forms/Runtime.h"
 #include "tests/forms/FormsUnderTest.h"
 
-// The conformance suite is written once and runs on each stage: the rules that it proves hold on a
-// real screen and in the tests. A Stand is a stage and a scripted user.
+// The conformance suite is written once and runs on each stage. It checks that the rules on which
+// the tests rely are also true on a real screen. A Stand is a stage and a scripted user.
 namespace conformance {
 
 using Script = std::function<void()>;
@@ -27,13 +27,13 @@ class Stand {
     virtual ~Stand() = default;
 
     virtual forms::Stage& Stage() = 0;
-    // Lets this much time pass, virtual or real, with all events in it.
+    // Lets this much virtual or real time pass, and handles all events in it.
     virtual void Pump(int milliseconds) = 0;
     virtual std::int64_t Milliseconds() = 0;
-    // Makes the calling handler slow: it takes this much time.
+    // Makes the calling handler take this much time.
     virtual void BeBusy(int milliseconds) = 0;
 
-    // Gestures. Each returns when everything that it caused has ended.
+    // Gestures. Each function returns when everything that the gesture caused has ended.
     virtual void Click(forms::Control& control) = 0;
     virtual void Type(forms::TextBox& textBox, const std::string& content) = 0;
     virtual void Select(forms::ComboBox& comboBox, int index) = 0;
@@ -41,7 +41,7 @@ class Stand {
     virtual void CloseBox(forms::Form& form) = 0;
     virtual void Minimize(forms::Form& form) = 0;
     virtual void Restore(forms::Form& form) = 0;
-    // Keys, for the active form.
+    // Keys. They go to the active form.
     virtual void PressTab() = 0;
     virtual void PressEnter() = 0;
     virtual void PressEscape() = 0;
@@ -50,12 +50,12 @@ class Stand {
     // Runs the script while the user holds the title bar.
     virtual void Drag(forms::Form& form, const Script& during) = 0;
 
-    // The user's answers, in the order in which boxes, forms and menus open. If stayOpenUntil is
-    // set, each stays open until it returns true; then the script runs and the answer is given.
-    // Until then only the loop of the box, form or menu runs.
+    // The user's answers are given in the order in which boxes, forms and menus open. If
+    // stayOpenUntil is set, each of them stays open until it returns true. Until then, only the
+    // loop of the box, form or menu runs. Then the script runs and the answer is given.
     std::function<bool()> stayOpenUntil;
-    // The number of looks at a condition, at least ten milliseconds apart, before the wait fails.
-    // Looks are counted instead of time, because on a busy machine they come later.
+    // The number of times that a condition is tested, at least ten milliseconds apart, before the
+    // wait fails. Tests are counted instead of time, because a busy machine also delays the tests.
     static constexpr int mostLooks = 12'000;
     virtual void ExpectBox(const std::string& text, const std::string& caption,
                            forms::BoxButtons buttons, forms::BoxResult answer,
@@ -67,9 +67,9 @@ class Stand {
         ExpectModal([](const forms::Form& form) { return dynamic_cast<const T*>(&form); },
                     [run = std::move(script)](forms::Form& form) { run(dynamic_cast<T&>(form)); });
     }
-    // entry: an entry of this menu, or null if the user chooses none.
+    // entry is an entry of this menu, or null if the user chooses none.
     virtual void ExpectPopup(forms::Menu& menu, forms::Menu* entry, Script during = nullptr) = 0;
-    // Fails if something that was expected has not come.
+    // Fails if an expected box, form or menu has not opened.
     virtual void Verify() = 0;
 
     // The screen as the user sees it.
@@ -98,18 +98,18 @@ class StandTest : public ::testing::Test {
     }
 
     void Start(const Script& handler) { runtime->Dispatch(nullptr, handler); }
-    // The next thing that opens is a message box with an OK button.
+    // Expects that a message box with an OK button opens next.
     void ExpectMessage(const std::string& text, const std::string& caption,
                        Script during = nullptr) {
         stand->ExpectBox(text, caption, forms::BoxButtons::Ok, forms::BoxResult::Ok,
                          std::move(during));
     }
-    // The same for a box with the buttons Yes and No.
+    // Like ExpectMessage, for a box with the buttons Yes and No.
     void ExpectQuestion(const std::string& text, const std::string& caption,
                         forms::BoxResult answer, Script during = nullptr) {
         stand->ExpectBox(text, caption, forms::BoxButtons::YesNo, answer, std::move(during));
     }
-    // Pumps until the condition holds. Fails after mostLooks looks.
+    // Pumps until the condition is true. Fails after mostLooks tests of the condition.
     void PumpUntil(const std::function<bool()>& condition) {
         for (int tries = 0; !condition(); ++tries) {
             ASSERT_LT(tries, conformance::Stand::mostLooks) << "what was waited for never happened";

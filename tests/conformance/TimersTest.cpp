@@ -6,9 +6,9 @@
 using namespace forms;
 using namespace forms_under_test;
 
-// A real machine may be busy, or stand still for a while. That makes ticks fewer, never more. So
-// these tests wait for ticks as long as it takes, and fail if there are more ticks than the time
-// allows.
+// A real machine may be busy, or may be stopped for a while. Then there are fewer ticks, never
+// more. So these tests wait for ticks as long as necessary, and fail if there are more ticks than
+// the time allows.
 namespace {
 
 class TimersTest : public conformance::StandTest {
@@ -59,7 +59,7 @@ TEST_F(TimersTest, KeepTheirPhaseDespiteSlowHandlers) {
         last = now;
         stand->BeBusy(busy);
     };
-    // If the interval started again after each handler, no tick would come so soon.
+    // If the interval started again after each handler, the next tick would come later.
     PumpUntil([&inPhase] { return inPhase >= 5; });
     EXPECT_LE(ticks, (stand->Milliseconds() - start) / interval + 1);
 }
@@ -74,7 +74,7 @@ TEST_F(TimersTest, MissedTicksAreDropped) {
         stand->BeBusy(800);
         start = stand->Milliseconds();
     });
-    // One missed tick is made up for.
+    // The timer may tick once more to make up for a missed tick.
     const auto possible = [&] { return before + 2 + (stand->Milliseconds() - start) / 40; };
     stand->Pump(20);
     EXPECT_LE(ticks, possible());
@@ -213,10 +213,10 @@ TEST_F(TimersTest, PollingTimersSeeEverySecondOnce) {
         std::int64_t moment;  // milliseconds
     };
     std::vector<Look> looks;
-    // A second timer notices when the machine stood still. A second that passed while it stood
-    // still does not count.
+    // A second timer detects when the machine was stopped. A second that passed during that time
+    // does not count.
     std::int64_t lastPulse = stand->Milliseconds();
-    std::vector<Look> standstills;  // with the times of their ends
+    std::vector<Look> standstills;  // the times at which they ended
     int pulses = 0;
     StartCounting(Form().tmrTwo, 50, pulses);
     Form().tmrTwo.Tick = [&] {
@@ -236,7 +236,7 @@ TEST_F(TimersTest, PollingTimersSeeEverySecondOnce) {
     int judged = 0;
     std::size_t next = 1;
     PumpUntil([&] {
-        // Wait until the second timer has covered the time up to the last look.
+        // Wait until the second timer has ticked after the last look.
         while (next < looks.size() && lastPulse > looks[next].moment) {
             const bool stoodStill =
                 std::any_of(standstills.begin(), standstills.end(), [&](const Look& end) {

@@ -20,7 +20,7 @@ inline std::vector<std::string> TakeLog() {
     return taken;
 }
 
-// Logs the events of its life. A test can add an action to each event.
+// Logs its own events. A test can add an action to each event.
 class LoggingForm : public forms::Form {
   public:
     explicit LoggingForm(const char* className) : Form(className) {}

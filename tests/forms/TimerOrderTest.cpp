@@ -64,7 +64,7 @@ class TimerOrderTest : public testing_support::TestProgram {
     bool heldUp = false;
     bool isFirstHeldUp = false;
     int secondTicks = 0;
-    int wrong = 0;  // ticks of the second timer for a second that the first has not had
+    int wrong = 0;  // ticks of the second timer for seconds that the first timer missed
 };
 
 TEST_F(TimerOrderTest, ABoxThatHoldsUpTheFirstDoesNotReverseThem) {
@@ -108,8 +108,8 @@ TEST_F(TimerOrderTest, TheOneThatIsSwitchedOnAnewKeepsItsPlace) {
 TEST_F(TimerOrderTest, ClocksThatDriftApartDoNotReverseThem) {
     for (const int partsPerMillion : {100, -100}) {
         clock.SetDrift(partsPerMillion);
-        // The timer that is switched on later would tick exactly in the middle of the second, the
-        // other one where the drift has moved it.
+        // The timer that is switched on later would tick exactly in the middle of the second. The
+        // other timer ticks at the time to which the drift has moved it.
         for (int minutes = 1; minutes < 30; ++minutes) {
             Form().tmrSecond.enabled = false;
             Advance(minutes * 60'000);

@@ -156,8 +156,8 @@ TEST_F(TimerTest, IsNotEnteredAgainWhileItsHandlerRunsAndOthersGoOn) {
     Advance(1500);
     ticks.clear();
     Advance(3000);
-    // The ticks that were due while the box was open are replaced by one late tick. Then the phase
-    // is as before.
+    // The ticks that were due while the box was open are replaced by one late tick. The phase does
+    // not change.
     EXPECT_EQ(ticks, (Moments{11'000, 12'000, 13'000, 14'000}));
 }
 

@@ -10,7 +10,8 @@
 #include "info/frmHelp.h"
 #include "info/frmSplash.h"
 
-// Shows a window that the program opens nowhere, or only briefly, so that its picture can be taken.
+// Shows a window that the program never opens, or opens only briefly, so that its picture can be
+// taken.
 // usage: spare_windows frmHelp|dlgInput|frmKillAlarm|frmSplash
 int main(int count, char** arguments) {
     const std::string name = count > 1 ? arguments[1] : "";

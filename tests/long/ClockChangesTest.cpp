@@ -5,8 +5,8 @@
 #include "tools/frmStopWatch.h"
 #include "tools/frmTimer.h"
 
-// Seconds and alarms when the wall clock jumps: the start and end of daylight saving time, a clock
-// that is set, and a machine that sleeps. docs/reliability.md has the table.
+// Tests the seconds and alarms when the wall clock jumps: at the start and end of daylight saving
+// time, when the clock is set, and when the machine sleeps. docs/reliability.md has the table.
 
 using namespace forms;
 using headless::RecordedSound;

@@ -11,9 +11,9 @@
 #include "tests/long/Scale.h"
 #include "tests/support/WholeProgram.h"
 
-// Every operation that writes to the disk, with a fault at each of its steps: the program is
-// killed, or the step fails. Afterwards each saved file is the old or the new one, and typed text
-// comes back.
+// Runs every operation that writes to the disk, with a fault at each of its steps: the program is
+// killed, or the step fails. Afterwards, each saved file must be the old or the new one, and typed
+// text must come back.
 
 using namespace forms;
 using headless::Killed;
@@ -25,7 +25,7 @@ using Disk = std::map<std::string, std::optional<std::string>>;
 
 struct Operation {
     const char* name;
-    std::function<void()> prepare;  // runs in a program that has started
+    std::function<void()> prepare;  // runs in a program that is running
     std::function<void()> act;
     // The text that the user has typed into the editor of Dentist, or nothing.
     std::string typed{};
@@ -321,8 +321,8 @@ class FaultTest : public testing_support::WholeProgram {
         EXPECT_TRUE(reported) << "no report \"" << text << '"';
     }
 
-    // Expects the text in its window, and the next save to work. If the program has ended, expects
-    // the text after the next start.
+    // Expects that the window still shows the text and that the next save works. If the program has
+    // ended, expects the text after the next start.
     void ExpectTextIsKept(const Operation& operation) {
         if (operation.typed.empty()) {
             return;

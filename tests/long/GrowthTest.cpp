@@ -7,7 +7,7 @@
 #include "tests/long/Scale.h"
 #include "tests/support/WholeProgram.h"
 
-// Notes are made, edited, hidden, reopened and erased many times. They may leave nothing behind.
+// Notes are made, edited, hidden, reopened and erased many times. They must leave nothing behind.
 
 using namespace forms;
 
@@ -20,7 +20,8 @@ namespace {
 
 constexpr int shortCycles = 250;
 constexpr int fullCycles = 10'000;
-// The bytes that an allocator may keep: a ninth of a byte for each cycle of the full form.
+// The number of bytes that an allocator may keep: a ninth of a byte for each cycle of the full
+// form.
 constexpr std::int64_t slack = 1024;
 
 // The number of bytes that are allocated now.
@@ -32,7 +33,7 @@ std::int64_t HeapInUse() {
 #endif
 }
 
-// Things that a note may leave behind, other than memory.
+// Things other than memory that a note may leave behind.
 struct Remains {
     std::size_t forms;
     std::size_t survivors;  // forms that exist, loaded or not

@@ -75,7 +75,8 @@ void Monkey::StartProgram() {
     calmSince = clock.MonotonicMilliseconds();
 }
 
-// A damaged file keeps the program from reading the others, and is reported again and again.
+// A damaged file prevents the program from reading the other files, and is reported again and
+// again.
 void Monkey::RemoveDamaged() {
     for (const std::string& name : files.Names(notesFolder)) {
         const std::string path = notesFolder + '\\' + name;
@@ -296,7 +297,7 @@ void Monkey::AddControl(Control& control, Choices& choices) {
         case ControlKind::ListBox:
             break;
         default:
-            // With the weight of other buttons, the exit would be chosen too often.
+            // If the exit had the same weight as other buttons, it would be chosen too often.
             choices.push_back({name == "frmMain.cmdExit" ? 1 : 3, "click " + name, click});
             break;
     }

@@ -14,7 +14,7 @@
 
 namespace long_tests {
 
-// Works the whole program with random gestures: clicks, types, picks, chooses, closes, answers,
+// Operates the whole program with random gestures: clicks, types, picks, chooses, closes, answers,
 // lets time pass, sets the clock, lets the machine sleep, fills the disk, and kills the program.
 // Checks the invariants after each gesture.
 class Monkey : public testing_support::WholeProgram {
@@ -24,7 +24,7 @@ class Monkey : public testing_support::WholeProgram {
     void Begin(std::uint32_t seed);
     // Makes one gesture, and checks the invariants.
     void Act();
-    // The machine sleeps until about seven in the morning of the next day.
+    // Lets the machine sleep until about seven in the morning of the next day.
     void Sleep();
     std::int64_t Gestures() const { return gestures; }
     std::int64_t Kills() const { return kills; }
@@ -46,7 +46,7 @@ class Monkey : public testing_support::WholeProgram {
     struct OpenText {
         Window window;
         std::string title;
-        std::string file;  // to which the text is saved
+        std::string file;  // the text is saved to this file
         bool wasSaved;
         std::string text;
     };
@@ -109,11 +109,11 @@ class Monkey : public testing_support::WholeProgram {
     std::size_t mostForms = 0;
     std::size_t mostNotes = 0;
     int depth = 0;
-    bool trouble = false;          // a device fails now
-    bool everTrouble = false;      // since the program's start
-    bool behindItsBack = false;    // files have changed that the program has not read since
-    bool userDropped = false;      // in this gesture the user chose to erase or not to save
-    std::int64_t calmSince = 0;    // monotonic time since which there was no trouble and no typing
+    bool trouble = false;          // a device is failing now
+    bool everTrouble = false;      // a device has failed since the program's start
+    bool behindItsBack = false;    // files were changed, and the program has not read them since
+    bool userDropped = false;      // the user has chosen in this gesture to erase or not to save
+    std::int64_t calmSince = 0;    // monotonic time of the last failure or typing
     std::vector<OpenText> before;  // OpenTexts before the gesture
     std::set<Window, std::owner_less<Window>> erased;  // editors whose Erase button was pressed
 };

@@ -1,4 +1,4 @@
-// The texts that the monkey types, and its answers when something opens.
+// The texts that the monkey types, and its answers to boxes, forms and menus that open.
 #include <array>
 
 #include "app/TrayMessages.h"
@@ -126,7 +126,7 @@ Menu* Monkey::ChooseFrom(Menu& menu) {
         return nullptr;
     }
     Menu* chosen = entries[static_cast<std::size_t>(Below(static_cast<int>(entries.size())))];
-    // With the weight of other entries, the exit would be chosen too often.
+    // If the exit had the same weight as other entries, it would be chosen too often.
     if (std::string(chosen->name) == "mnuExit" && !OneIn(4)) {
         return nullptr;
     }

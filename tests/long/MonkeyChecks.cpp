@@ -152,9 +152,9 @@ void Monkey::CheckFiles() {
     }
 }
 
-// If an editor was closed and the user did not discard its text, its file holds the text.
+// If an editor was closed and the user did not discard its text, the note's file holds the text.
 void Monkey::CheckVanished() {
-    // In the mode of the control panel, a text of the same length does not count as a change.
+    // In control panel mode, a text of the same length does not count as a change.
     if (userDropped || behindItsBack || Shared().ControlPanelMode) {
         return;
     }

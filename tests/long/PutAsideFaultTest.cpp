@@ -26,12 +26,11 @@ const std::string half = "\"b\",\"half a note";
 struct Operation {
     const char* name;
     bool hasRecycleBin;
-    std::function<void()>
-        prepare;  // the disk before the program starts, and the program if it runs
+    std::function<void()> prepare;  // sets up the disk, and starts the program if it must run
     std::function<void()> act;
-    std::vector<std::string> files;  // their bytes are whole in some file or in the Recycle Bin
-    std::string typed;               // in a note's file or in its window; may be nothing
-    std::string file;                // is there after the next start, whole; may be none
+    std::vector<std::string> files;  // each must be complete in a file or in the Recycle Bin
+    std::string typed;               // text in a note's file or window; may be empty
+    std::string file;                // must be complete after the next start; may be empty
 };
 
 class PutAsideFaultTest : public testing_support::WholeProgram {

@@ -167,7 +167,7 @@ class YearTest : public testing_support::WholeProgram {
         }
     }
 
-    // Of the day that is over.
+    // Counts the strikes of the day that has ended.
     void CountStrikes() {
         const int struck = sound.Count(headless::RecordedSound::Kind::ToEnd);
         strikes += struck;
@@ -224,7 +224,7 @@ TEST_F(YearTest, EverySecondIsSeenOnceAndEachAlarmRingsOnce) {
     clock.SetJitter(worstJitter, long_tests::Seed());
 
     for (int day = 0; day < days; ++day) {
-        // Go on to the start of the next day, whatever the drift of the clock was.
+        // Go on to the start of the next day, no matter how the clock has drifted.
         while (clock.Now().Hour() == 23) {
             Advance(1000 - clock.MillisecondOfSecond());
         }

@@ -102,7 +102,7 @@ TEST_F(BadTextsTest, TheAlarmDisplayShowsEveryLineBreak) {
 }
 
 // A text with double quotes is written unchanged. The reader finds its end by the fields that
-// follow it. Other notes are not touched.
+// follow it. Other notes are not changed.
 TEST_F(BadTextsTest, ATextWithQuotesComesBackAndTheAlarmRings) {
     const std::string tail = ",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
     for (const std::string& text : std::vector<std::string>{

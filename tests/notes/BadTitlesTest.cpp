@@ -7,7 +7,8 @@
 #include "notes/TitleRules.h"
 #include "tests/support/NoteProgram.h"
 
-// Titles that the rules accept although they are no file names, and unusual titles that are.
+// Titles that the rules accept although they are not valid file names, and unusual titles that are
+// valid file names.
 
 namespace {
 

@@ -263,8 +263,8 @@ TEST_F(NoteFileTest, Integers) {
     }
 }
 
-// If the file is cut anywhere, it is too short, or a field cannot be converted, or only the end of
-// the last field is missing.
+// If the file is cut at any place, one of three things is true: it is too short, a field cannot be
+// converted, or only the end of the last field is missing.
 TEST_F(NoteFileTest, EveryTruncationIsAnErrorOrLosesOnlyTheTrailer) {
     const std::string bytes = NoteFile::Encode(Dentist());
     const std::size_t trailer = bytes.size() - 7;  // "yes" with its quotes, CR LF

@@ -134,7 +134,7 @@ TEST_F(NotesArrayTest, FieldThatCannotBeConvertedIsReportedAndLeavesTheCount) {
     EXPECT_EQ(Shared().NoteCount, 1);
     EXPECT_EQ(timesLoaded, 1);
     EXPECT_EQ(files.RecycleBin(), std::vector<std::string>{});
-    // The title of the damaged note stays taken.
+    // A new note still cannot have the damaged note's title.
     EXPECT_EQ(Titles(), (std::vector<std::string>{"a", "b"}));
     EXPECT_EQ(Shared().NotesArray[2].AlarmState, "");
 }

@@ -2,7 +2,7 @@
 
 #include "tests/notes/RecoveryProgram.h"
 
-// If the file of a note has changed since its recovery copy was written, the copy comes up as a
+// If the file of a note has changed since its recovery copy was written, the copy is opened as a
 // second note beside it.
 
 namespace {
@@ -18,7 +18,8 @@ TEST_F(RecoveryBesideTest, ACopyOfAnOlderFileComesUpBesideTheNote) {
     EXPECT_EQ(Editor("Dentist").windowState(), forms::WindowState::Minimized);
     EXPECT_EQ(Editor("Dentist (recovered)").txtNote.text(), "typed");
     EXPECT_EQ(Editor("Dentist (recovered)").windowState(), forms::WindowState::Normal);
-    // If the program is killed again before the copy is saved, it comes back under its new name.
+    // If the program is killed again before the copy is saved, the copy is restored under its new
+    // name.
     KillAndStartAgain();
     EXPECT_EQ(Editor("Dentist (recovered)").txtNote.text(), "typed");
     EXPECT_EQ(StandardCode::NoteTitles().size(), 2U);

@@ -46,7 +46,8 @@ TEST_F(RecoveryOtherProgramsTest, TheStartWaitsForACopyAndAFileThatAreInUse) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed");
 }
 
-// The folder as two programs see it that look at the same time: neither sees the copy of the other.
+// The folder as seen by two programs that read it at the same time: neither program sees the
+// other's copy.
 struct FilesBeforeTheOther : forms::headless::MemoryFiles {
     bool FileExists(const std::string& path) override {
         return !path.ends_with(".recovery") && MemoryFiles::FileExists(path);

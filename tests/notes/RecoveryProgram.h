@@ -24,8 +24,8 @@ class RecoveryProgram : public NoteProgram {
         return folder + '\\' + (copies.empty() ? "none" : copies.front().name);
     }
 
-    // The program starts with this saved note. The user replaces its text, and time passes until
-    // the copy is written.
+    // Starts the program with this saved note, replaces the note's text as the user would, and lets
+    // time pass until the copy is written.
     void EditSaved(const StandardCode::NoteRecord& record, const std::string& typed) {
         PutNote(record);
         Start(StandardCode::ReadNotes);
@@ -34,7 +34,7 @@ class RecoveryProgram : public NoteProgram {
         Advance(2000);
     }
 
-    // The process ends without any event, and the program is started again.
+    // Ends the process without any event and starts the program again.
     void KillAndStartAgain() {
         RestartProgram();
         Start(StandardCode::ReadNotes);

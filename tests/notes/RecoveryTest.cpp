@@ -1,7 +1,7 @@
 #include "forms/Gestures.h"
 #include "tests/notes/RecoveryProgram.h"
 
-// Unsaved text outlives a program that is killed: the next start shows it again.
+// Unsaved text survives when the program is killed: the next start shows it again.
 
 namespace {
 

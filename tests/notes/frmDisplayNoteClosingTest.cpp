@@ -367,7 +367,8 @@ TEST_F(frmDisplayNoteClosingTest, AFullDiskLeavesTheOldNote) {
     EXPECT_EQ(files.Peek(dentist), ringing);
 }
 
-// Wherever the program is killed during the closing, the disk holds the old note or the new note.
+// No matter at which step of the closing the program is killed, the disk holds the old note or the
+// new note.
 TEST_F(frmDisplayNoteClosingTest, AKillAtAnyStepLeavesOneWholeNote) {
     using forms::headless::MemoryFiles;
     bool reachedEnd = false;

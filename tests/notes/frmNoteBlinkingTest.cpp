@@ -3,7 +3,8 @@
 #include "notes/frmNote.h"
 #include "tests/support/NoteProgram.h"
 
-// The clocks of the editors blink while the alarm of the default editor is set. No user can set it.
+// The clocks of the editors blink while the alarm of the default editor is set. The user cannot set
+// that alarm.
 
 namespace {
 

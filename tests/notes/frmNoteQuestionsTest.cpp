@@ -1,7 +1,8 @@
 #include "forms/Gestures.h"
 #include "tests/notes/NoteStoreProgram.h"
 
-// Texts that are kept although a question about saving or erasing was not answered, or not asked.
+// Texts that are kept although a question about saving or erasing was not answered or was not
+// asked.
 
 namespace {
 

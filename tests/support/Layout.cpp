@@ -17,7 +17,7 @@ constexpr int smallestGap = 30;
 constexpr int frameSide = 120;
 constexpr int frameTop = 270;  // below the caption
 constexpr int frameBottom = 60;
-constexpr int buttonPadding = 180;  // both sides in all
+constexpr int buttonPadding = 180;  // total of both sides
 constexpr int boxOfChoice = 285;    // the check mark or ring, and its distance from the caption
 constexpr int frameCaptionInset = 300;
 
@@ -95,7 +95,7 @@ int WidthOf(const std::string& text, int points, bool bold) {
     return static_cast<int>(std::ceil(units * em / emUnits * (bold ? 1.08 : 1.0)));
 }
 
-// Whether the control is visible and takes up room.
+// Whether the control is visible and occupies space.
 bool IsSeen(const Control& control, int formHeight) {
     // Controls below the form's edge become visible if the form is made higher.
     const bool isBelow = control.container == nullptr && control.top >= formHeight;
@@ -191,7 +191,7 @@ void CheckRow(const Control& a, const Control& b, std::vector<std::string>& faul
     }
 }
 
-// The place of a control, counted from the corner of the form.
+// The place of a control, relative to the corner of the form.
 Place PlaceOnForm(const Control& control) {
     Place place = PlaceOf(control);
     for (const Control* outer = control.container; outer != nullptr; outer = outer->container) {

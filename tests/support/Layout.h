@@ -9,9 +9,9 @@
 // Measures the layout of windows. All lengths are twips.
 namespace testing_support {
 
-// The faults in the layout of a loaded form in its present state, one sentence each:
+// The faults in the layout of a loaded form in its present state, with one sentence for each:
 //
-//   - a visible control lies outside of the form or its frame, or too near to its edge
+//   - a visible control is outside of the form or its frame, or too near to its edge
 //   - two visible controls overlap or touch (a shape may have other controls on it)
 //   - a caption does not fit its control in the widest of the system's message fonts
 //   - buttons in one row are of different sizes

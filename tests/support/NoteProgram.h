@@ -16,7 +16,7 @@
 
 namespace testing_support {
 
-// Note windows without the main window and the control panel. Their signals to those two are
+// Note windows without the main window and the control panel. Signals to these two windows are
 // recorded.
 class NoteProgram : public ProductProgram {
   protected:
@@ -32,7 +32,7 @@ class NoteProgram : public ProductProgram {
         Listen();
     }
 
-    // The user makes a note with this title and types the text.
+    // Makes a note with this title and types the text, as the user would.
     frmNote& MakeNote(const std::string& title, const std::string& text = "") {
         Start([&title] { StandardCode::CreateNote(title); });
         frmNote& note = Editor(title);
@@ -40,7 +40,7 @@ class NoteProgram : public ProductProgram {
         return note;
     }
 
-    // The user opens a saved note through the control panel.
+    // Opens a saved note through the control panel, as the user would.
     frmNote& OpenThroughPanel(const StandardCode::NoteRecord& record) {
         PutNote(record);
         StandardCode::Shared().ControlPanelMode = true;
@@ -65,7 +65,7 @@ class NoteProgram : public ProductProgram {
         return forms::Default<frmNote>();
     }
 
-    // The saved note; an empty one if there is no file.
+    // The saved note. Empty if there is no file.
     StandardCode::NoteRecord Saved(const std::string& title) {
         StandardCode::NoteRecord record;
         if (const auto bytes = FileOf(title)) {

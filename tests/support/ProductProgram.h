@@ -18,14 +18,15 @@ class ProductProgram : public TestProgram {
     static std::string PathOf(const std::string& title);
     // Puts the file of a note on the disk, as the program writes it.
     void PutNote(const StandardCode::NoteRecord& record);
-    // The same under any file name.
+    // Like PutNote, with any file name.
     void PutNoteAs(const std::string& fileName, const StandardCode::NoteRecord& record);
-    // Puts the file of a note whose date, 30 February, no reader accepts.
+    // Puts the file of a note on the disk. Its date is 30 February, so it cannot be read.
     void PutNoteWithBadDate(const std::string& title);
     // The bytes of a note's file.
     std::optional<std::string> FileOf(const std::string& title) const;
 
-    // Each of these expects one box with its exact text, caption, icon, buttons and default button.
+    // Each of these functions expects one box with its exact text, caption, icon, buttons and
+    // default button.
 
     // The error box of a note that cannot be saved or erased.
     void ExpectWriteError(const std::string& text, Script during = nullptr);
@@ -44,9 +45,9 @@ class ProductProgram : public TestProgram {
     void ExpectDeletingNoteQuestion(const std::string& titleInCapitals, forms::BoxResult answer);
     void ExpectEraseNoteQuestion(forms::BoxResult answer, Script during = nullptr);
 
-    // The box behind which an open note rings.
+    // The box that an open note shows while its alarm sounds.
     void ExpectEditorAlarm(Script during = nullptr);
-    // The box behind which the display of a due note rings.
+    // The box that the display of a due note shows while its alarm sounds.
     void ExpectDisplayAlarm(Script during = nullptr);
     // The box of a special alarm for Friday.
     void ExpectDailyAlarm(const std::string& message, Script during = nullptr);

@@ -35,10 +35,10 @@ class WatchedStage : public forms::headless::HeadlessStage {
     std::vector<Watched> watched;
 };
 
-// A fresh machine and a runtime on the headless stage for each test. The only files are the shipped
-// ones, in C:\Jotwright. The time is Friday, 14 May 2004, 9:00:00. At its end a test fails if an
-// expectation was not met, a form outlives the runtime, or a timer is queued although no form is
-// loaded.
+// A new machine and a runtime on the headless stage for each test. The only files are the shipped
+// files, in C:\Jotwright. The time is Friday, 14 May 2004, 9:00:00. At its end, a test fails if an
+// expectation was not met, if a form outlives the runtime, or if a timer is queued although no form
+// is loaded.
 class TestProgram : public ::testing::Test {
   protected:
     TestProgram();
@@ -46,27 +46,28 @@ class TestProgram : public ::testing::Test {
     void SetUp() override;
     void TearDown() override;
 
-    // Runs code as the runtime runs a handler: a start-up routine, or any other.
+    // Runs code as the runtime runs a handler, for example a start-up routine.
     void Start(const std::function<void()>& handler) { runtime->Dispatch(nullptr, handler); }
     void Advance(std::int64_t milliseconds) { clock.Advance(milliseconds); }
-    // Ends the process without any event and starts another one on the same disk, with the same
-    // settings and clock. All records so far are kept.
+    // Ends the process without any event and starts a new one on the same disk, with the same
+    // settings and clock. Keeps all records so far.
     void Restart();
     // Sets the clock before the program starts.
     void SetNow(int year, int month, int day, int hour, int minute, int second);
 
-    // The next thing that opens is a message box with exactly these properties and an OK button.
-    // The script runs while the box is open; see HeadlessStage::ExpectBox.
+    // Expects that a message box with exactly these properties and an OK button opens next. The
+    // script runs while the box is open; see HeadlessStage::ExpectBox.
     void ExpectMessage(const std::string& text, const std::string& caption, forms::BoxIcon icon,
                        forms::headless::Script during = nullptr);
-    // The same for a box with the buttons Yes and No, of which Yes is the default button.
+    // Like ExpectMessage, for a box with the buttons Yes and No. Yes is the default button.
     void ExpectQuestion(const std::string& text, const std::string& caption, forms::BoxIcon icon,
                         forms::BoxResult answer, forms::headless::Script during = nullptr);
-    // The report of an error that no handler has trapped.
+    // Expects the report of an error that no handler has trapped.
     void ExpectRunTimeError(int number, const std::string& description,
                             forms::headless::Script during = nullptr);
 
-    // Gestures on the icon in the notification area. They work behind boxes and modal forms too.
+    // Gestures on the icon in the notification area. They work while a box or a modal form is open
+    // too.
     void ClickTrayIcon();
     void DoubleClickTrayIcon();
     void RightClickTrayIcon();
@@ -82,7 +83,7 @@ class TestProgram : public ::testing::Test {
     forms::headless::RecordedPictures pictures{files};
     forms::headless::RecordedSystem system;
 
-    // SetUp makes these, Restart replaces them.
+    // SetUp creates these objects, and Restart replaces them.
     std::unique_ptr<WatchedStage> stage;
     std::unique_ptr<forms::Runtime> runtime;
     std::unique_ptr<forms::headless::User> user;

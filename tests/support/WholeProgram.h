@@ -13,7 +13,7 @@
 
 namespace testing_support {
 
-// The whole program as its user sees it, from the start-up routine on.
+// The whole program as its user sees it, from the start-up routine onwards.
 class WholeProgram : public ProductProgram {
   protected:
     // Starts without the tips and waits until the splash screen has gone.
@@ -23,7 +23,7 @@ class WholeProgram : public ProductProgram {
         Advance(1000);
     }
 
-    // The default instance of a window that the program itself has shown.
+    // The default instance of a window that the program has shown.
     template <class T>
     T& Shown() {
         Start([] { forms::Default<T>().Show(); });

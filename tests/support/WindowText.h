@@ -6,9 +6,9 @@
 
 namespace testing_support {
 
-// A loaded form as text: its size, menus and controls, and the order of the Tab key. For each
-// control it gives the place in twips, the caption, the tip, and the state that Design and
-// Form_Load have set. Properties with their usual values are left out.
+// A text that describes a loaded form: its size, menus and controls, and the order of the Tab key.
+// For each control it contains the place in twips, the caption, the tip, and the state that Design
+// and Form_Load have set. Properties with their usual values are left out.
 std::string WindowText(const forms::Form& form);
 
 }  // namespace testing_support

@@ -135,7 +135,7 @@ TEST_F(frmTimerTest, ACountdownOfOneMinuteChimesAndReports) {
     ExpectTimeIsUp([&] {
         EXPECT_EQ(Shown(), "Time Left:\r\n-1 Minutes\r\n0 Seconds.");
         EXPECT_EQ(sound.PlayingPath(), "C:\\Jotwright\\Alert chime.wav");
-        // The countdown stands still while the box is open.
+        // The countdown does not continue while the box is open.
         Advance(90'000);
         EXPECT_EQ(Shown(), "Time Left:\r\n-1 Minutes\r\n0 Seconds.");
         EXPECT_EQ(Window().SecondsCount, 0);

@@ -11,8 +11,8 @@
 
 namespace driver {
 
-// The names that a screen reader can read out. Wine does not report names that the program gives to
-// the system's accessibility service; tests of the models check those.
+// The names for screen readers. Wine does not report names that the program gives to the system's
+// accessibility service. Tests of the models check those names.
 class AccessibilityTest : public DriverTest {
   protected:
     static void ExpectSpoken(const Window& window);
@@ -35,8 +35,8 @@ bool Has(const Accessible& object, LONG state) { return (object.state & state) !
 }  // namespace
 
 void AccessibilityTest::ExpectSpoken(const Window& window) {
-    // The focus may move to a control after the window opens. Wait for it, so that it does not move
-    // between two looks at one control.
+    // The focus may move to a control after the window opens. Wait for that, so that it does not
+    // move while a control is examined.
     ComesTrue([&] {
         const auto controls = window.Children();
         return std::any_of(controls.begin(), controls.end(),
@@ -92,7 +92,7 @@ TEST_F(AccessibilityTest, EveryWindowHasNamesForAScreenReader) {
     EXPECT_EQ(AccessibleOf(panel.Only(listClass)).name, "Notes");
     CloseAndWait(panel);
 
-    // An alarm and its sound have names, too.
+    // An alarm and its sound also have names.
     const Window editor = OpenRestored("Dentist");
     ExpectSpoken(editor);
     for (const char* spoken : {" Alarm Set ", "Alarm Set", "Audio Alarm Set", "5, 2031"}) {

@@ -111,7 +111,7 @@ TEST_F(AlarmSoundsTest, AnOwnSoundFileIsTestedAndSaved) {
     {
         const Box box(program, alarmBox);
         EXPECT_EQ(box.Text(), "        Sampling Selected .wav File          ");
-        // A sound would have begun by then.
+        // If there were a sound, it would have begun by now.
         recorder.WaitForSilence();
         EXPECT_FALSE(recorder.HasSounded(before)) << "there is no such file";
         box.Click("OK");

@@ -102,7 +102,7 @@ TEST_F(AlarmsTest, ADisplayedNoteCanBeErased) {
     StartWithClosedNote();
     const std::uint64_t before = recorder.Now();
     const Window display = WaitForAlarm();
-    // A sound would come one second after the window.
+    // If there were a sound, it would begin one second after the window opens.
     recorder.WaitForSilence();
     EXPECT_FALSE(recorder.HasSounded(before)) << "the note wants no sound";
     display.CloseBox();
@@ -159,8 +159,8 @@ TEST_F(AlarmsTest, AnOpenEditorRings) {
     ExpectNote(title, "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-// Both alarms are due in one second. The second note comes up while the box of the first is open
-// and disables it, so the note must stay below the box.
+// Both alarms are due in one second. The second note opens while the box of the first is open. The
+// box disables the note, so the note must stay below the box.
 TEST_F(AlarmsTest, ANoteThatComesUpDoesNotCoverAnOpenBox) {
     WriteNote(title, "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     WriteNote("Rent", "\"Rent\",\"Pay\",#2031-06-02#,#09:01:00#,4,12,\"1\",0,\"yes\"\r\n");

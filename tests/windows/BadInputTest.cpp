@@ -125,7 +125,7 @@ TEST_F(BadInputTest, ATitleOfAMebibyteIsRefusedOnTheScreen) {
     const Window main = StartProgram();
     PutOnClipboard(std::string(1U << 20U, 'n'));
     main.Only("Edit").Send(WM_PASTE);
-    // Not every version of Wine can return a text of this size to another process.
+    // Some versions of Wine cannot return a text of this size to another process.
     EXPECT_EQ(main.Only("Edit").Send(WM_GETTEXTLENGTH), 1 << 20);
     main.Button("Make &Note").Click();
     WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });

@@ -9,9 +9,9 @@ namespace driver {
 
 namespace {
 
-// The most keys that wait in the program's queue: work for some seconds.
+// The maximum number of keys in the program's queue. The program needs some seconds for them.
 constexpr LRESULT mostWaiting = 2000;
-// The test fails after this many keys: work for many minutes.
+// The test fails after this many keys. The program needs many minutes for them.
 constexpr LRESULT mostKeys = 100000;
 
 }  // namespace
@@ -19,7 +19,7 @@ constexpr LRESULT mostKeys = 100000;
 // Sends keys faster than the program handles them, so that its queue is never empty.
 class BusyQueueTest : public DriverTest {
   protected:
-    // Sends keys until the condition holds; false if it never does.
+    // Sends keys until the condition is true. Returns false if it never is.
     static bool TypeUntil(const Window& box, const std::function<bool()>& condition) {
         LRESULT sent = box.Send(WM_GETTEXTLENGTH);
         while (sent < mostKeys) {

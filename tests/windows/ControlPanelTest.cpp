@@ -13,9 +13,9 @@ constexpr const char* eraseQuestion = "Deleting Note";
 
 class ControlPanelTest : public DriverTest {
   protected:
-    // Starts the program with a note whose alarm is set and one without; both are minimized.
+    // Starts the program with two minimized notes. One has its alarm set, and the other has none.
     Window StartWithTwoNotes();
-    // The same, with both editors closed.
+    // Does the same and closes both editors.
     Window StartWithTwoClosedNotes();
     void WaitForActions(const Window& panel, bool enabled) const;
     // Whether the panel's total has this text, drawn in color and not in otherColor.
@@ -81,7 +81,7 @@ TEST_F(ControlPanelTest, ListsTheNotesAndErasesThem) {
         panel.FindChild("Static", "Highlight any note and click 'Erase' to remove that note."));
     WaitForActions(panel, false);
 
-    // From the menu, without a selected row.
+    // Use the menu without a selected row.
     ChooseFromPopup(program, list, eraseSelected);
     const Box error(program, "Error Occured Removing Note");
     EXPECT_EQ(error.Text(), "Please Select A File To Remove.");
@@ -157,7 +157,7 @@ TEST_F(ControlPanelTest, OpensAllNotesAndStaysCorrectWhileTheyAreOpen) {
     EXPECT_TRUE(ComesTrue([&] { return RowCount(list) == 2; }));
     EXPECT_TRUE(panel.FindChild("Static", "Total Notes: 2"));
 
-    // From the menu, while one editor is minimized and the other is closed.
+    // Use the menu while one editor is minimized and the other is closed.
     dentistEditor.Minimize();
     WaitUntil("the editor is minimized", [&] { return dentistEditor.IsMinimized(); });
     shoppingEditor.CloseBox();
@@ -167,7 +167,7 @@ TEST_F(ControlPanelTest, OpensAllNotesAndStaysCorrectWhileTheyAreOpen) {
     WaitUntil("the open note is shown", [&] { return !dentistEditor.IsMinimized(); });
     EXPECT_TRUE(program.Visible("Shopping").empty());
 
-    // New brings the main window back, with the focus in the box for the title.
+    // New shows the main window again, with the focus in the box for the title.
     main.Button("&Hide Me").Click();
     WaitUntil("the main window hides", [&] { return !main.IsVisible(); });
     panel.Button("&New").Click();
@@ -182,7 +182,7 @@ TEST_F(ControlPanelTest, EditsWithADoubleClickAndAsksBeforeItSaves) {
     WaitUntilFilled(editor, "Edit");
     program.WaitUntilGone(panelCaption);
     EXPECT_EQ(editor.Only("Edit").Text(), "milk");
-    // A change that keeps the length asks no question.
+    // If a change keeps the length of the text, no question is asked.
     editor.Only("Edit").Type("eggs");
     CloseAndWait(editor);
     panel = program.WaitFor(panelCaption);
@@ -238,7 +238,7 @@ TEST_F(ControlPanelTest, AsksAboutATextThatWasTypedBeforeItsWindowWasActivatedAg
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     ExpectNote("Shopping", shopping);
 
-    // The panel's Edit is an activation, too, if the note is open already.
+    // If the note is open already, the panel's Edit also counts as an activation.
     const auto edit = [this](const Window& openPanel) {
         SelectRow(openPanel.Only(listClass), 1);
         WaitForActions(openPanel, true);

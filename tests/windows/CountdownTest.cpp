@@ -10,7 +10,7 @@ namespace driver {
 
 namespace {
 
-// Changes the number signs of the user while the object exists, for programs that start meanwhile.
+// Changes the user's number format while the object exists. Programs that start meanwhile use it.
 class NumberSigns {
   public:
     NumberSigns(const std::string& decimal, const std::string& thousands) {
@@ -36,7 +36,7 @@ class NumberSigns {
 
 }  // namespace
 
-// The countdown counts real seconds, whatever the clock shows.
+// The countdown counts real seconds, even if the clock is set.
 class CountdownTest : public DriverTest {
   protected:
     struct Left {
@@ -48,7 +48,7 @@ class CountdownTest : public DriverTest {
     static void Start(const Window& timer, const std::string& entry);
     static void Stop(const Window& timer);
     static bool Shows(const Window& timer, const std::string& minutes, const std::string& seconds);
-    // The time left, if the label has one of its two exact forms; otherwise nothing.
+    // The remaining time, if the label has one of its two exact forms. Otherwise nothing.
     static std::optional<Left> Shown(const Window& timer);
     static Left WaitUntilItCounts(const Window& timer);
     void ReadAllTips(const Window& main);
@@ -125,7 +125,8 @@ void CountdownTest::ReadAllTips(const Window& main) {
         "Thats all of the tips we have. Have fun using the Jotwright!",
     };
     const std::string caption = "Jotwright - Tips and Tricks";
-    // The check box shows the setting as it was read at start-up, whatever was saved later.
+    // The check box shows the setting that was read at start-up, even if another setting was saved
+    // later.
     WriteSetting("Startup", "View Tips", "0");
     ChooseFromMenuBar(program, main, barShowTips);
     const Window tips = program.WaitFor(caption);
@@ -194,7 +195,7 @@ TEST_F(CountdownTest, CountsAMinuteWhileOtherWindowsAreOpen) {
     ReadAbout(main);
     Clock::Set("2031-06-02 17:00:00");
 
-    // The timer went on counting meanwhile. It counts to the end and never up.
+    // The timer has continued meanwhile. It counts to the end and never up.
     const auto isUp = [&] { return !program.Visible(alarmBox).empty(); };
     std::uint64_t before = recorder.Now();
     WaitUntil("the minute is over", [&] {
@@ -250,7 +251,7 @@ TEST_F(CountdownTest, TheDecimalSignOfTheUserIsAccepted) {
         EXPECT_EQ(timer.Only("Edit").Text(), minutes) << entry;
         Stop(timer);
     }
-    // A number alone is no title.
+    // A number alone is not a valid title.
     main.Only("Edit").Type("-2,5");
     main.Button("Make &Note").Click();
     program.WaitFor(" Note Title Error").CloseBox();

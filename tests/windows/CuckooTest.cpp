@@ -25,7 +25,7 @@ std::string LittleEndian(std::uint32_t value, int bytes) {
 std::string ShortCall() {
     constexpr std::uint32_t rate = 8000;
     constexpr std::uint32_t samples = rate / 2;
-    constexpr double height = 700;  // Hz; the recorder takes this for the cuckoo
+    constexpr double height = 700;  // Hz; the recorder recognises this frequency as the cuckoo
     std::string data;
     for (std::uint32_t i = 0; i < samples; ++i) {
         const double wave = std::sin(2 * std::numbers::pi * height * i / rate);
@@ -45,7 +45,7 @@ class CuckooTest : public DriverTest {
   protected:
     void TearDown() override;
 
-    // Without it, twelve calls would take twenty seconds.
+    // Without the short call, twelve calls would take twenty seconds.
     void UseShortCall();
     std::string SoundPath() const { return folder + "\\Cuckoo clock.wav"; }
     static bool Runs(const Window& main);
@@ -151,7 +151,7 @@ TEST_F(CuckooTest, IsSilentWhileAnAlarmSounds) {
     ExpectOnlyTheAlarm("2031-06-02 15");
     Box(program, "Jotwright Daily Alarm").Click("OK");
 
-    // First with the alarm of a display, then with that of an editor.
+    // First use the alarm of a display, then the alarm of an editor.
     for (const char* hour : {"17", "18"}) {
         LetAlarmCome("2031-06-02 " + std::to_string(std::stoi(hour) - 1) + ":59:58", alarmBox);
         const Box box(program, alarmBox);

@@ -18,8 +18,8 @@ void DriverTest::SetUp() {
     EraseSettings();
     WriteSetting("Startup", "View Tips", "1");
     Clock::Set("2031-06-02 09:00:00");
-    // A menu that opens below the real pointer selects the entry there, and the keys that follow
-    // lead elsewhere.
+    // If a menu opens below the real pointer, it selects the entry at the pointer, and the keys
+    // that follow choose another entry.
     UseHands("mousemove 1279 2");
 }
 
@@ -193,7 +193,7 @@ std::string DriverTest::CopyPath(const std::string& title) const {
     return paths.empty() ? std::string() : paths.front();
 }
 
-// While a copy is written, its text is in a temporary file already.
+// While a copy is being written, its text is already in a temporary file.
 void DriverTest::WaitForCopy(const std::string& title, const std::string& part) const {
     WaitUntil("a copy holds " + part, [&] {
         const std::vector<std::string> paths = CopyPaths(title);

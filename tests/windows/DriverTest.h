@@ -30,11 +30,11 @@ class DriverTest : public testing::Test {
     static constexpr const char* listClass = "SysListView32";
     static constexpr const char* toolbarClass = "ToolbarWindow32";
 
-    // Places of buttons in the editor's toolbar.
+    // Positions of buttons in the editor's toolbar.
     static constexpr int toolbarSave = 0;
     static constexpr int toolbarErase = 1;
     static constexpr int toolbarHide = 3;
-    // Menu entries, the editor's and the main window's.
+    // Menu entries of the editor and of the main window.
     inline static const MenuPath popupYellow{0, 4};
     inline static const MenuPath popupBlue{0, 3};
     inline static const MenuPath popup14Points{1, 2};
@@ -60,18 +60,18 @@ class DriverTest : public testing::Test {
     void ExitProgram();
     // Sends all windows the messages that Windows sends when the user's session ends.
     void EndSession() const;
-    // The main window, visible or not; a null window if there is none.
+    // The main window, visible or not. A null window if there is none.
     Window FindMain() const;
     Window FindSplash() const;
     // Waits until the main window is visible.
     Window MainWindow() const;
 
     // Sets the clock to this time, some seconds before an alarm or another event, and waits until
-    // hasCome is true. If the program or this test stands still in the second of the event, the
-    // program leaves the event out, as after a sleep. In that case the clock is set again.
+    // hasCome is true. If the program or this test does not run during the second of the event, the
+    // program skips the event, as after a sleep. In that case, the clock is set again.
     void LetTimeCome(const std::string& time, const std::string& what,
                      const std::function<bool()>& hasCome) const;
-    // The same for a window with this caption.
+    // Like LetTimeCome, for a window with this caption.
     void LetAlarmCome(const std::string& time, const std::string& caption) const;
 
     std::string NotePath(const std::string& title) const;
@@ -80,27 +80,27 @@ class DriverTest : public testing::Test {
     void WriteNote(const std::string& title, const std::string& bytes) const;
     bool NoteFileIs(const std::string& title, const std::string& bytes) const;
 
-    // Restores the minimized editor of a note and waits until its controls are there.
+    // Restores the minimized editor of a note and waits until its controls exist.
     Window OpenRestored(const std::string& title) const;
     static void Restore(const Window& window);
-    // Waits until the window is not minimized and has all its controls; className is the class of
-    // one of them.
+    // Waits until the window is not minimized and has all its controls. className is the class of
+    // one of the controls.
     static void WaitUntilFilled(const Window& window, const std::string& className);
     // Types a title, clicks Make Note, and waits for the editor.
     Window MakeNote(const Window& main, const std::string& title);
-    // Clicks Hide in the toolbar and waits until the window has gone.
+    // Clicks Hide in the toolbar and waits until the window has closed.
     void HideNote(const Window& editor);
-    // Brings a window to the foreground and waits until it is there.
+    // Brings a window to the foreground and waits until it is in the foreground.
     static void BringUp(const Window& window);
-    // Paths of the files that keep unsaved texts of this title: ~Shopping-<instance>.recovery.
+    // Paths of the recovery copies of unsaved notes with this title: ~Shopping-<instance>.recovery.
     std::vector<std::string> CopyPaths(const std::string& title) const;
-    // The only one; fails the test if there is another number.
+    // The only such path. Fails the test if there is not exactly one.
     std::string CopyPath(const std::string& title) const;
-    // Waits until one of them holds this.
+    // Waits until one of these files contains this text.
     void WaitForCopy(const std::string& name, const std::string& part) const;
-    // Closes a window that asks no question, and waits until it has gone.
+    // Closes a window that asks no question, and waits until it has closed.
     static void CloseAndWait(const Window& window);
-    // Opens each window of the main window's menu bar, calls show when its controls are there, and
+    // Opens each window of the main window's menu bar, calls show when its controls exist, and
     // closes it.
     void ForEachMenuBarWindow(const Window& main,
                               const std::function<void(const Window&)>& show) const;

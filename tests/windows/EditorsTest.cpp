@@ -80,7 +80,7 @@ TEST_F(EditorsTest, RestoredNotesHaveStrongColorsAndTheirAlarms) {
         EXPECT_TRUE(editor.Button(audioBoxCaption).IsChecked());
         EXPECT_TRUE(editor.FindChild("Button", editorSet));
         HideNote(editor);
-        // The size in the file was none of the four, so the editor wrote its own.
+        // The size in the file was not one of the four, so the editor wrote its own size.
         ExpectNote(title, '"' + title + "\",\"some text\",#2031-06-02#,#12:00:00#," + shade.saved +
                               ",12,\"0\",1,\"yes\"\r\n");
     }
@@ -102,7 +102,7 @@ TEST_F(EditorsTest, TheMenuGivesEveryColorToTheText) {
         ExpectNote("Shopping", std::string("\"Shopping\",\"some text\",#2031-06-02#,#12:00:00#,") +
                                    shade.saved + ",12,\"0\",0,\"yes\"\r\n");
     }
-    // A double click opens the menu, too. It closes without a choice.
+    // A double click also opens the menu. Close it without a choice.
     DoubleClick(text);
     WaitUntil("a menu opens", [&] { return static_cast<bool>(program.OpenMenu()); });
     CloseMenu(program, text);
@@ -122,7 +122,7 @@ TEST_F(EditorsTest, AnAlarmAtNoonRingsAndAPastAlarmDoesNot) {
     EXPECT_GE(Clock::Now(), "2031-06-02 12:00:00");
     WaitUntilFilled(lunch, "Edit");
     EXPECT_TRUE(lunch.FindChild("Button", editorSet));
-    // The note wants no sound, so no box opens.
+    // The note's audio alarm is off, so no box opens.
     Clock::WaitFor("2031-06-02 12:00:03");
     EXPECT_TRUE(program.Visible(alarmBox).empty());
     EXPECT_TRUE(past.IsMinimized());

@@ -13,7 +13,7 @@ constexpr const char* eraseQuestion = "Kill Note";
 // Ends the program in each of its states.
 class ExitTest : public DriverTest {
   public:
-    // Each of these brings the program into a state.
+    // Each of these functions brings the program into one state.
     void RejectATitle();
     void AskWhetherToErase();
     void RingInAnEditor();
@@ -24,7 +24,7 @@ class ExitTest : public DriverTest {
     void LookForASoundFile();
     void ShowThePanel();
 
-    // Each of these answers the question that the exit asks in a state.
+    // Each of these functions answers the question that the exit asks in one state.
     void KeepDisplayedNote();
     void SaveChanges();
 
@@ -32,7 +32,7 @@ class ExitTest : public DriverTest {
     // Starts the program with a note whose text is only in its editor.
     void Begin();
     void ExitThroughTray() const;
-    // Expects the note of Begin() on the disk, and no other files.
+    // Expects that the disk holds the note of Begin() and no other files.
     void ExpectSaved() const;
 
     Window main;

@@ -22,7 +22,7 @@ void WriteWholeFile(const std::string& path, const std::string& bytes);
 void RenameOver(const std::string& from, const std::string& to);
 // Does nothing if the file does not exist.
 void RemoveFile(const std::string& path);
-// The names of all files but the lock of a running program.
+// The names of all files except the lock of a running program.
 std::vector<std::string> FileNames(const std::string& folder);
 // Removes the folder with its contents. Does nothing if it does not exist.
 void RemoveFolder(const std::string& path);
@@ -30,7 +30,7 @@ void RemoveFolder(const std::string& path);
 // Erases the program's settings of this user.
 void EraseSettings();
 void WriteSetting(const std::string& section, const std::string& key, const std::string& value);
-// The value of a setting; empty if there is none.
+// The value of a setting. Empty if there is none.
 std::string Setting(const std::string& section, const std::string& key);
 
 }  // namespace driver

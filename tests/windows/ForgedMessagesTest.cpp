@@ -16,7 +16,7 @@ class ForgedMessagesTest : public DriverTest {
     // Addresses at which the program has no memory.
     static constexpr LPARAM nowhere[] = {0, 1, 0x7FFF0000};
 
-    // Opens an editor and types a text that no file holds.
+    // Opens an editor and types a text that is in no file.
     Window OpenEditor() {
         const Window main = StartProgram();
         const Window editor = MakeNote(main, "Dentist");

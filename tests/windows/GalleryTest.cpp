@@ -52,13 +52,13 @@ std::string LongText() {
 
 }  // namespace
 
-// Opens every window in every state that matters and keeps a picture of it (see scripts/gallery).
-// Other tests check what the windows do. Pictures are named "<group>-<what is seen>".
+// Opens every window in every relevant state and saves a picture of it (see scripts/gallery). Other
+// tests check the behaviour of the windows. Pictures are named "<group>-<contents>".
 class GalleryTest : public DriverTest {
   protected:
     // Waits until the window has been drawn.
     static void Keep(const Window& window, const std::string& name);
-    // Keeps a picture of the window with the menu of the right button over this control.
+    // Saves a picture of the window with the menu that a right click on this control opens.
     void KeepWithMenu(const Window& window, const Window& control, const std::string& name) const;
     void KeepAndClose(const std::string& caption, const std::string& name) const;
     void KeepBox(const std::string& caption, const std::string& name,

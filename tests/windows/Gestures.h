@@ -5,17 +5,18 @@
 
 #include "tests/windows/Program.h"
 
-// Gestures of more than one message. Places of menu entries count from 0, without the separators.
+// Gestures that consist of several messages. Positions of menu entries count from 0, without the
+// separators.
 namespace driver {
 
 using MenuPath = std::vector<int>;
 
-// Chooses from the open menu by keyboard, and waits until the menu has closed. The receiver of the
-// keys can be any window of the program.
+// Chooses from the open menu by keyboard, and waits until the menu has closed. Any window of the
+// program can be the receiver of the keys.
 void ChooseFromOpenMenu(const Program& program, const Window& receiver, const MenuPath& path);
-// The first number is the place in the menu bar.
+// The first number is the position in the menu bar.
 void ChooseFromMenuBar(const Program& program, const Window& window, const MenuPath& path);
-// Opens the menu of the right button over a control and chooses from it.
+// Opens the menu of a control with the right button and chooses from it.
 void ChooseFromPopup(const Program& program, const Window& control, const MenuPath& path);
 void CloseMenu(const Program& program, const Window& receiver);
 
@@ -44,11 +45,11 @@ void Select(const Window& comboBox, int index);
 
 // Sends a request to the host; see scripts/run-windows-tests.
 void AskHost(const std::string& line);
-// Makes input like a real user's, from outside of Windows. The arguments are those of xdotool.
+// Produces input like a real user, from outside Windows. The arguments are those of xdotool.
 void UseHands(const std::string& xdotoolArguments);
-// Keeps a picture of the whole display under this name.
+// Saves a picture of the whole display under this name.
 void TakePicture(const std::string& name);
-// Keeps a picture of a part of the display.
+// Saves a picture of a part of the display.
 void TakePicture(const std::string& name, const RECT& part);
 
 // Messages of the program's icon in the notification area to the window that owns the icon.
@@ -56,7 +57,7 @@ namespace tray {
 void Click(const Window& owner);
 void DoubleClick(const Window& owner);
 void RightClick(const Window& owner);
-// Whether the notification area holds an icon of this window. The window may be gone already.
+// Whether the notification area holds an icon of this window. The window may be closed already.
 bool HasIcon(const Window& owner);
 }  // namespace tray
 

@@ -50,7 +50,7 @@ std::string TextOf(const Window& window) {
     return text;
 }
 
-// Only the contents list the topics with a colon after each.
+// Whether the viewer shows the contents. No other page lists the topics with a colon after each.
 bool IsContents(const std::string& text) {
     return text.find("Special alarms: ") != std::string::npos &&
            text.find("Where your notes are: ") != std::string::npos;

@@ -7,7 +7,7 @@
 
 namespace driver {
 
-// Works the windows by real key strokes, without a mouse.
+// Operates the windows with real keys, without a mouse.
 class KeyboardTest : public DriverTest {
   protected:
     // Waits until the window receives keys.
@@ -18,7 +18,7 @@ class KeyboardTest : public DriverTest {
     // reading order.
     static void ExpectTabRound(const Window& window);
     // Presses keys until they have had their effect. On a busy machine, Wine may release a key such
-    // as Alt when the focus arrives in the middle of a combination.
+    // as Alt if the focus arrives in the middle of a combination.
     static void PressUntil(const std::string& what, const std::vector<WORD>& keys,
                            const std::function<bool()>& effect);
     void ExpectMenuBy(const std::vector<WORD>& keys, const Window& window) const;
@@ -136,7 +136,7 @@ TEST_F(KeyboardTest, AccessKeysOfTheMainWindowOpenTheToolsAndEscapeClosesThem) {
         ExpectTabRound(tool);
         CloseByEscape(tool);
     }
-    // Two captions share this key. It moves the focus between them, with Alt and without.
+    // Two captions share this access key. It moves the focus between them, with or without Alt.
     WaitForKeyboard(main);
     PressUntil("the focus moves", {VK_MENU, 'C'},
                [&] { return main.Button("Start CooKoo &Clock").HasFocus(); });

@@ -14,7 +14,7 @@
 
 namespace driver {
 
-// Places and title bars of windows. The gallery shows their looks.
+// Tests the places and title bars of windows. The gallery shows the rest of their appearance.
 class LooksTest : public DriverTest {};
 
 namespace {
@@ -109,13 +109,14 @@ TEST_F(LooksTest, EveryWindowHasAnIconAndFixedWindowsCannotBeMaximized) {
 
 namespace {
 
-// Sends the message of a move to a monitor with another scale. place: the new place of the window.
+// Sends the message that reports a move to a monitor with another scale. place is the new place of
+// the window.
 void ChangeScale(const Window& window, int dpi, const RECT& place) {
     const Remote<RECT> suggested(window, place);
     window.Send(0x02E0, MAKEWPARAM(dpi, dpi), suggested.Parameter());  // WM_DPICHANGED
 }
 
-// The top of the text in a window, in screen coordinates; nothing if no text is drawn. edge: the
+// The top of the text in a window, in screen coordinates. Nothing if no text is drawn. edge is the
 // width of the border, in pixels, that is left out.
 std::optional<int> TopOfText(const Window& window, int edge) {
     const Picture picture(window, edge);
@@ -194,7 +195,8 @@ TEST_F(LooksTest, FieldTextsAlignWithTheirLabelsAtAnyScale) {
 
 namespace {
 
-// Makes the user's message font italic while the object exists, for programs that start meanwhile.
+// Makes the user's message font italic while the object exists. Programs that start meanwhile use
+// it.
 class SlantedMessageFont {
   public:
     SlantedMessageFont() {
@@ -217,7 +219,7 @@ class SlantedMessageFont {
     NONCLIENTMETRICSW before{};
 };
 
-// The number of columns from the first to the last one that has a dark pixel.
+// The number of columns from the first to the last column that has a dark pixel.
 int DarkWidth(const std::function<COLORREF(int, int)>& at, const RECT& area) {
     int first = area.right;
     int last = area.right - 1;
@@ -257,7 +259,7 @@ int WholeWidth(const wchar_t* text, int dpi, COLORREF background) {
 
 }  // namespace
 
-// Letters may extend beyond the width that the font reports, above all slanted letters.
+// Letters may extend beyond the width that the font reports, especially slanted letters.
 TEST_F(LooksTest, CaptionsOfFramesAreWhole) {
     const SlantedMessageFont slanted;
     const Window main = StartProgram();

@@ -14,7 +14,7 @@ namespace driver {
 // The pixels of a window on the screen.
 class Picture {
   public:
-    // margin: the number of pixels to leave out on each side.
+    // margin is the number of pixels to leave out on each side.
     explicit Picture(const Window& window, int margin = 0);
 
     int Width() const { return width; }
@@ -23,7 +23,7 @@ class Picture {
     // The share of pixels with exactly this colour, 0 to 1.
     double Share(COLORREF color) const;
     // Whether a square of this picture shows the picture in this file, drawn on a background of one
-    // colour. The place may be off by one pixel.
+    // colour. The position may be off by one pixel.
     bool Shows(const std::string& path, POINT place, int size) const;
 
   private:

@@ -28,7 +28,7 @@ class PointerTest : public DriverTest {
     // Otherwise the system would give this program coordinates at 96 dpi.
     PointerTest() { ::SetProcessDPIAware(); }
 
-    // x and y in pixels from the corner of the client area.
+    // x and y are in pixels, from the corner of the client area.
     static void MoveTo(const Window& window, int x, int y) {
         const POINT origin = window.ClientOrigin();
         const POINT place{origin.x + x, origin.y + y};
@@ -49,8 +49,8 @@ class PointerTest : public DriverTest {
         return timer;
     }
 
-    // A real key comes to the program after the moves that were made before it. The timer gets it
-    // only if it kept the keyboard and no menu is open.
+    // The program gets a real key after all earlier moves of the pointer. The timer window gets the
+    // key only if it has kept the keyboard focus and no menu is open.
     static void ExpectTimerHasKeyboard(const Window& timer, const std::string& typed) {
         UseHands("key " + typed.substr(typed.size() - 1));
         EXPECT_TRUE(ComesTrue([&] { return timer.Only("Edit").Text() == typed; }))

@@ -58,7 +58,8 @@ double Number(const std::string& tag, const std::string& name) {
     return start == std::string::npos ? 0 : std::stod(tag.substr(start + name.size() + 2));
 }
 
-// As pdftotext describes a page: a tag for each line, and in it a tag around each word.
+// Reads a page as pdftotext describes it: a tag for each line, which contains a tag around each
+// word.
 std::vector<Printer::Line> Lines(const std::string& page) {
     std::vector<Printer::Line> lines;
     std::istringstream rows(page);

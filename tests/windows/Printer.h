@@ -5,8 +5,8 @@
 
 namespace driver {
 
-// Adds a printer to the system and makes it the default one while the object exists. Its output is
-// kept in the host's print file.
+// Adds a printer to the system and makes it the default printer while the object exists. The output
+// goes to the host's print file.
 class Printer {
   public:
     Printer();

@@ -29,7 +29,8 @@ TEST_F(PrintingTest, ANoteIsPrintedWithItsTitle) {
     EXPECT_EQ(lines[0].words, "Note Title: Shopping");
     EXPECT_EQ(lines[1].words, "Milk and eggs");
     EXPECT_EQ(lines[2].words, "Bread");
-    // One line is left empty below the title, and above it two of the smaller usual font.
+    // There is one empty line below the title, and two empty lines of the smaller usual font above
+    // it.
     constexpr double margin = 54;  // points
     constexpr double usualSize = 10.0 / 12;
     const double step = lines[2].top - lines[1].top;

@@ -56,8 +56,8 @@ struct HandleList {
 constexpr ULONG listOfHandles = 64;
 using QuerySystem = LONG(WINAPI*)(ULONG information, void* memory, ULONG size, ULONG* needed);
 
-// Empty if the system does not report them. GetProcessHandleCount would be simpler, but not every
-// system has it.
+// Empty if the system does not report them. GetProcessHandleCount would be simpler, but some
+// systems lack it.
 std::vector<HANDLE> HandlesOf(DWORD process) {
     const auto query = reinterpret_cast<QuerySystem>(reinterpret_cast<void*>(
         ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation")));

@@ -12,13 +12,13 @@ namespace driver {
 
 // The objects of a process at one moment. A number that the system does not report is 0.
 struct Objects {
-    std::size_t windows = 0;   // top-level ones, hidden ones included
+    std::size_t windows = 0;   // top-level windows, including hidden ones
     std::size_t children = 0;  // all windows inside them
     std::size_t handles = 0;   // of files, events, threads and others
     std::size_t gdi = 0;
     std::size_t user = 0;
 
-    // Whether there are exactly as many windows, and no more objects of the other kinds.
+    // Whether there are exactly as many windows as before, and no more objects of the other kinds.
     bool AreNoMoreThan(const Objects& before) const;
     std::string Text() const;
 };
@@ -31,29 +31,29 @@ class Program {
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    // path: the executable. Raises Failure if it does not start.
+    // path is the path of the executable. Raises Failure if it does not start.
     void Start(const std::string& path, const std::string& arguments = "");
     bool Runs() const;
     // Waits for the end of the program and returns the exit code.
     DWORD WaitForEnd();
     void Kill();
-    // Closes the program's handle of a mutex: another copy no longer finds it, as if this one ran
-    // in another session. Failure if the program has none.
+    // Closes the program's handle of a mutex, so that another copy does not find it, as if this
+    // copy ran in another session. Raises Failure if the program has no such handle.
     void CloseMutex(const std::string& name) const;
 
     // All top-level windows, the topmost first, including hidden ones.
     std::vector<Window> Windows() const;
-    // Visible top-level windows with this caption and this class; an empty class matches any.
+    // Visible top-level windows with this caption and this class. An empty class matches any class.
     std::vector<Window> Visible(const std::string& caption,
                                 const std::string& className = "") const;
-    // Waits for such a window.
+    // Waits until such a window is visible.
     Window WaitFor(const std::string& caption, const std::string& className = "") const;
     void WaitUntilGone(const std::string& caption) const;
     Objects CountObjects() const;
-    // The memory that belongs to the program alone, in kilobytes; 0 if the system does not report
+    // The memory that belongs only to the program, in kilobytes. 0 if the system does not report
     // it.
     std::size_t PrivateKilobytes() const;
-    // The open menu; a null window if there is none.
+    // The open menu. A null window if there is none.
     Window OpenMenu() const;
     std::string Description() const;
 

@@ -7,7 +7,7 @@ namespace driver {
 // Broadcasts of Windows: a new shell, a change of monitors, a change of the time.
 class ShellTest : public DriverTest {
   protected:
-    // The hidden window that receives them.
+    // The hidden window that receives these broadcasts.
     Window Utility() const;
     static RECT WorkArea();
     static bool IsInWorkArea(const Window& window);
@@ -88,7 +88,7 @@ TEST_F(ShellTest, WindowsComeBackFromARemovedMonitor) {
     ::GetWindowPlacement(minimized.handle, &placement);
     ::OffsetRect(&placement.rcNormalPosition, 5000, 0);
     ::SetWindowPlacement(minimized.handle, &placement);
-    // The window is partly off the screen, but within reach. The user may have put it there.
+    // The window is partly off the screen, but the user can reach it, and may have put it there.
     MoveTo(main, work.right - 300, 200);
     const RECT mainPlace = main.Place();
     EXPECT_FALSE(IsInWorkArea(editor));
@@ -116,7 +116,8 @@ TEST_F(ShellTest, AlarmsFollowTheWallClockAfterEveryChange) {
     StartProgram();
     const Window editor = program.WaitFor("Dentist");
     ASSERT_TRUE(editor.IsMinimized());
-    // Past the alarm, as after a sleep, and back again. An alarm that was passed over is not due.
+    // Move the clock past the alarm, as after a sleep, and back again. An alarm that was skipped is
+    // not due.
     Clock::Set("2031-06-02 12:30:00");
     Utility().Post(WM_POWERBROADCAST, PBT_APMSUSPEND);
     Utility().Post(WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC);
@@ -124,7 +125,7 @@ TEST_F(ShellTest, AlarmsFollowTheWallClockAfterEveryChange) {
     Utility().Post(WM_TIMECHANGE);
     ::Sleep(1500);
     EXPECT_TRUE(editor.IsMinimized());
-    // The same time comes again, as at the end of summer time.
+    // The clock shows the same time again, as at the end of summer time.
     LetTimeCome("2031-06-02 11:29:57", "the note is brought up",
                 [&] { return !editor.IsMinimized(); });
     ExitProgram();

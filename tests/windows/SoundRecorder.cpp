@@ -21,8 +21,8 @@ constexpr std::size_t block = 800;  // a tenth of a second
 constexpr double loud = 300;        // of 32768
 // Three seconds: on a busy machine, a sound may pause for a while.
 constexpr std::uint64_t restful = rate * 3;
-// Long enough to tell the sounds apart: it covers the cuckoo's second call and the pips of the
-// clock.
+// A sound of this length is enough to identify it: it includes the cuckoo's second call and the
+// pips of the clock.
 constexpr std::uint64_t longEnough = rate * 7 / 10;
 
 struct Band {
@@ -40,7 +40,7 @@ constexpr std::array bands{
 
 bool IsLoud(double sample) { return std::abs(sample) > loud; }
 
-// The power of one frequency in a block. A window function suppresses its neighbours.
+// The power of one frequency in a block. A window function suppresses neighbouring frequencies.
 double Power(const double* samples, double frequency) {
     const double step = 2 * std::numbers::pi * frequency / static_cast<double>(rate);
     double real = 0;

@@ -121,7 +121,7 @@ TEST_F(SpecialAlarmsTest, NoTwoEnabledRowsMayBeIdentical) {
     ExpectIdentical(2, 5);
     EXPECT_FALSE(FileExists(Path()));
 
-    // The last row is compared, too, and is named second.
+    // The last row is compared too, and is named second.
     Enable(rows.enabled[4], false);
     Fill(rows, 6, friday);
     Fill(rows, 2, friday);
@@ -210,8 +210,8 @@ TEST_F(SpecialAlarmsTest, RowsOfOneSecondRingOneAfterTheOther) {
     ExpectNoBox();
     EXPECT_EQ(WholeFile(Path()).value_or("(no file)"), saved);
 
-    // The box for a row without a message showed a default text. That text is in neither the window
-    // nor the file. Rows that are saved ring without a restart of the program.
+    // For a row without a message, the box showed a default text. This text is in neither the
+    // window nor the file. Saved rows ring without a restart of the program.
     const Window window = Open(main);
     const Rows rows = RowsOf(window);
     EXPECT_EQ(rows.messages[0].Text(), "");

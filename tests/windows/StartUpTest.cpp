@@ -13,7 +13,7 @@ TEST_F(StartUpTest, TheFirstStartMakesTheFolderAndShowsSplashMainWindowAndTips) 
     ULONGLONG startTime = 0;
     Window splash;
     WaitUntil("the splash is shown before the main window", [&] {
-        // The splash is short. If this test stood still and missed it, start the program again.
+        // The splash is short. If this test was stopped and missed it, start the program again.
         if (!program.Runs() || mainIsShown()) {
             startTime = ::GetTickCount64();
             program.Start(executable);

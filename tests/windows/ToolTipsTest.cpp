@@ -12,7 +12,7 @@ namespace driver {
 // Tips that open when the pointer rests on a control.
 class ToolTipsTest : public DriverTest {
   protected:
-    // The open tip; a null window if there is none.
+    // The open tip. A null window if there is none.
     Window Shown() const;
     // Moves the pointer to this place and waits for the tip.
     void ExpectTipAt(POINT place, const std::string& text);
@@ -29,7 +29,7 @@ Window ToolTipsTest::Shown() const {
 
 void ToolTipsTest::ExpectTipAt(POINT place, const std::string& text) {
     std::string shown;
-    // A tip closes by itself, so a test that stood still may miss it.
+    // A tip closes by itself, so a test that was stopped for a while may miss it.
     WaitUntil("a tip is shown that says: " + text, [&] {
         UseHands("mousemove 1 1");
         WaitUntil("no tip is left", [this] { return !Shown(); });

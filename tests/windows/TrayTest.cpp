@@ -94,7 +94,7 @@ TEST_F(TrayTest, TheIconIsThereWhileTheProgramRuns) {
     const Window taskBar(::FindWindowW(L"Shell_TrayWnd", nullptr));
     ASSERT_TRUE(taskBar);
     const RECT area = taskBar.Place();
-    // For a while, icons of killed programs may stand before this one.
+    // For a while, icons of killed programs may be shown before this one.
     int icon = 0;
     const bool shown = ComesTrue([&] {
         const int x = area.right - lastIcon - iconDistance * (icon++ % mostIcons);

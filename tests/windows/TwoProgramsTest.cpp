@@ -12,7 +12,7 @@ class TwoProgramsTest : public DriverTest {
         return "\"Shopping\",\"" + text + "\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
     }
     std::string InNotes(const std::string& name) const { return folder + "\\Notes\\" + name; }
-    // The second line of a copy names the program that keeps it.
+    // The instance id of the program that keeps this copy. It is in the second line of the copy.
     std::string InstanceOf(const std::string& copyName) const;
 
     Program second;
@@ -67,8 +67,8 @@ TEST_F(TwoProgramsTest, NeitherTouchesTheUnsavedTextsOfTheOther) {
                                         firstCopy.substr(firstCopy.rfind('\\') + 1)}));
     EXPECT_EQ(WholeFile(firstCopy), copy);
 
-    // Both recovery copies exist, and later both saved texts. The text that is saved last has the
-    // file of the note.
+    // First both recovery copies exist, and later both saved texts. The text that is saved last is
+    // in the note's file.
     other.Only("Edit").Type("bread");
     WaitForCopy("Shopping", "bread");
     EXPECT_EQ(CopyPaths("Shopping").size(), 2U);

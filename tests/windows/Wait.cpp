@@ -12,7 +12,7 @@ namespace {
 constexpr DWORD betweenLooks = 15;  // milliseconds
 constexpr int looksOfAMoment = 100;
 constexpr unsigned long long longest = 3'600'000;  // milliseconds
-// The most idle time that one look adds: if the driver was stopped, it did not look meanwhile.
+// The maximum idle time that one look adds. If the driver was stopped, it did not look meanwhile.
 constexpr unsigned long long mostAtOnce = 100;  // milliseconds
 
 unsigned long long EnoughIdle() {

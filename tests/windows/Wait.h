@@ -6,20 +6,20 @@
 
 namespace driver {
 
-// Ends the test: the program did not do what the test expected.
+// Thrown to end the test because the program did not do what the test expected.
 class Failure : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
 // Decides when to give up waiting. On a busy machine, or while processes are stopped, the program
-// may take any time, so elapsed seconds prove nothing. Patience ends when the machine has been idle
-// for a minute in all: in that time the program could have done its work. It also ends after an
-// hour. JOTWRIGHT_PATIENCE replaces the minute (in seconds).
+// may be slow, so elapsed time proves nothing. The patience ends when the machine has been idle for
+// a minute in total: in that time the program could have done its work. It also ends after an hour.
+// JOTWRIGHT_PATIENCE sets another number of idle seconds.
 class Patience {
   public:
     Patience();
-    // Call this at each look at the condition, some milliseconds after the last one.
+    // Call it at each test of the condition, some milliseconds after the last call.
     bool HasEnded();
 
   private:
@@ -28,10 +28,10 @@ class Patience {
     unsigned long long idle = 0;
 };
 
-// Waits until the condition is true. Returns false if patience has ended first.
+// Waits until the condition is true. Returns false if the patience ends first.
 bool ComesTrue(const std::function<bool()>& condition);
 
-// The same, but raises Failure with this text if patience has ended.
+// Like ComesTrue, but raises Failure with this text if the patience ends first.
 void WaitUntil(const std::string& what, const std::function<bool()>& condition);
 
 // Waits for a second or two, or until the condition is true. For gestures that are repeated until

@@ -9,8 +9,8 @@ namespace driver {
 
 // A window of the program, or a control in a window. All text is UTF-8.
 //
-// Actions of the user are posted, not sent: a handler may open a box, and a sender would wait until
-// that box is closed.
+// The user's actions are posted, not sent: a handler may open a box, and SendMessage would not
+// return until that box is closed.
 class Window {
   public:
     Window() = default;
@@ -30,7 +30,8 @@ class Window {
     }
     bool HasTitleBar() const { return (Style() & WS_CAPTION) == WS_CAPTION; }
     bool HasFocus() const;
-    // The control that has the focus in this window's program, or the window itself.
+    // The control of this window's program that has the focus. If no control has it, the window
+    // itself.
     Window Focus() const;
     LONG_PTR Style() const { return ::GetWindowLongPtrW(handle, GWL_STYLE); }
     RECT Place() const;          // on the screen
@@ -43,22 +44,23 @@ class Window {
 
     std::vector<Window> Children() const;
     std::vector<Window> ChildrenOfClass(const std::string& className) const;
-    // The visible child with this caption and this class (an empty class matches any); a null
-    // window if there is none.
+    // The visible child with this caption and this class. An empty class matches any class. A null
+    // window if there is no such child.
     Window FindChild(const std::string& className, const std::string& caption) const;
-    // The same, but raises Failure if there is none.
+    // Like FindChild, but raises Failure if there is no such child.
     Window Child(const std::string& className, const std::string& caption) const;
     Window Button(const std::string& caption) const { return Child("Button", caption); }
     // The only visible child of this class. Raises Failure if there are none or several.
     Window Only(const std::string& className) const;
 
-    // Clicks a button, a check box or an option button. Raises Failure if a user could not.
+    // Clicks a button, a check box or an option button. Raises Failure if a user could not click
+    // it.
     void Click() const;
     bool IsChecked() const { return Send(BM_GETCHECK) == BST_CHECKED; }
-    // Replaces the text, with the notifications of typing.
+    // Replaces the text, and sends the same notifications as typing.
     void Type(const std::string& text) const;
-    // Types on the real keyboard, into whichever window has the focus. Letters, digits and blanks
-    // only.
+    // Types on the real keyboard, into the window that has the focus. Supports only letters, digits
+    // and blanks.
     static void TypeKeys(const std::string& text);
     // Presses real keys one after the other and releases them in reverse order. They go to the
     // window that has the focus.
@@ -69,7 +71,8 @@ class Window {
     void Minimize() const { Post(WM_SYSCOMMAND, SC_MINIMIZE); }
     void Restore() const { Post(WM_SYSCOMMAND, SC_RESTORE); }
 
-    // Whether the program answers a message before patience ends; true if the window has gone.
+    // Whether the program answers a message before the patience ends. True if the window has
+    // closed.
     bool Answers() const;
     // Raises Failure if the program does not answer.
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;

@@ -6,11 +6,12 @@ namespace driver {
 
 class WindowObjectsTest : public DriverTest {
   protected:
-    // Waits until the window and its controls are there, and closes it.
+    // Waits until the window and its controls exist, and closes the window.
     void Close(const std::string& caption) const;
     void OpenAndCloseTools(const Window& main) const;
     void OpenAndCloseBoxes(const Window& main) const;
-    // Makes a note, lets its alarm come at this minute (two digits) past nine, and erases the note.
+    // Makes a note, sets its alarm to this minute (two digits) past nine, lets it ring, and erases
+    // the note.
     void MakeRingAndErase(const Window& main, int minute);
     void Round(const Window& main, int minute);
     void Report(const std::string& when, const Objects& objects) const;
@@ -92,7 +93,7 @@ void WindowObjectsTest::Report(const std::string& when, const Objects& objects) 
 TEST_F(WindowObjectsTest, ClosedWindowsLeaveNothingBehind) {
     const Window main = StartProgram();
     Report("start", program.CountObjects());
-    // The first round creates the objects that are made once and kept.
+    // The first round creates objects that are kept until the program ends.
     Round(main, 21);
     const Objects before = program.CountObjects();
     Report("first_round", before);

@@ -29,23 +29,23 @@ struct Expected {
 // Whether the form's window is on the screen.
 bool IsOnScreen(const forms::Form& form);
 
-// Answers boxes, forms and menus in the order in which they are expected. Works from a timer, which
-// ticks in every loop that waits. An unexpected window fails the test and is closed, so that the
-// test does not hang.
+// Answers boxes, forms and menus in the order in which they are expected. Uses a timer, which ticks
+// in every loop that waits. An unexpected window fails the test and is closed, so that the test
+// does not hang.
 class Answers {
   public:
-    // Nothing is answered before stayOpenUntil returns true; see Stand.
+    // Gives no answer before stayOpenUntil returns true; see Stand.
     explicit Answers(const std::function<bool()>& stayOpenUntil);
     ~Answers();
     Answers(const Answers&) = delete;
     Answers& operator=(const Answers&) = delete;
 
     void Expect(Expected next) { expected.push_back(std::move(next)); }
-    // Fails unless everything that was expected has come.
+    // Fails if an expected box, form or menu has not opened.
     void Verify();
-    // Runs the script once, a little later, in the loop that waits then.
+    // Runs the script once, a little later, in the loop that is then waiting.
     void Later(Script script);
-    // Sends a key to the loop that waits now, which need not be the program's.
+    // Sends a key to the loop that is waiting now. It need not be the program's own loop.
     void PressKey(WPARAM key) const;
 
   private:
@@ -65,7 +65,7 @@ class Answers {
     const std::function<bool()>& stayUntil;
     HWND window = nullptr;
     std::deque<Expected> expected;
-    std::vector<HWND> knownBoxes;  // boxes that a script deals with
+    std::vector<HWND> knownBoxes;  // boxes that a script handles
     std::vector<const forms::Form*> knownModals;
     int unexpectedFor = 0;  // ticks
     int looks = 0;

@@ -11,8 +11,8 @@ namespace {
 
 using namespace forms_under_test;
 
-// Posts itself a new message for each one that it receives. Gives up after so many messages that an
-// hour would not be enough for them.
+// Posts a new message to itself for each message that it receives. Stops after a number of messages
+// that would take more than an hour.
 class Flood {
   public:
     Flood() {
@@ -90,7 +90,7 @@ TEST_F(BusyQueueTest, TimersTickWhileABoxIsOpen) {
     StartCounting();
     ExpectMessage("text", "caption", [this] {
         flood.Start();
-        // To the program, this loop is the box's own.
+        // For the program, this loop is the box's own loop.
         MSG message{};
         while (flood.Runs() && ::GetMessageW(&message, nullptr, 0, 0) > 0) {
             ::TranslateMessage(&message);
@@ -104,7 +104,7 @@ TEST_F(BusyQueueTest, TimersTickWhileABoxIsOpen) {
 TEST_F(BusyQueueTest, AnIdleProgramGetsNoMessagesForItsTimers) {
     Start([] { Form().Show(); });
     stand->Pump(300);
-    // No timer is on, so the queue stays empty.
+    // No timer is running, so the queue stays empty.
     MSG message{};
     EXPECT_EQ(::PeekMessageW(&message, nullptr, WM_APP, WM_APP + 10, PM_NOREMOVE), 0);
 }

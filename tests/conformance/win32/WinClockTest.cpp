@@ -36,7 +36,7 @@ TEST(WinClockTest, TheSecondChangesWhenItsMillisecondsWrap) {
         ASSERT_GE(millisecond, 0);
         ASSERT_LE(millisecond, 999);
         if (look - lastLook > standstill) {
-            // The machine stood still; the two readings cannot be compared.
+            // The machine was stopped, so the two readings cannot be compared.
         } else if (now != last) {
             ++changes;
             EXPECT_LT(millisecond, 500);

@@ -329,7 +329,7 @@ TEST_F(WinFilesTest, RecycledFilesAreGoneAndNoTimerRunsMeanwhile) {
     EXPECT_FALSE(files.FileExists(note));
 }
 
-// A number in the registry for as long as a test takes.
+// Sets a number in the registry during one test.
 class RegistryChoice {
   public:
     RegistryChoice(std::wstring choiceKey, const wchar_t* choiceValue, DWORD number)

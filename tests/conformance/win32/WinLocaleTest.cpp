@@ -17,7 +17,7 @@ constexpr unsigned western = 1252;
 constexpr unsigned japanese = 932;
 constexpr unsigned chinese = 936;
 
-// A setting of the user's, as long as this object lives.
+// Changes a setting of the user while this object exists.
 class UserSetting {
   public:
     UserSetting(LCTYPE newType, const wchar_t* value) : type(newType) {
@@ -37,7 +37,7 @@ base::DateTime HalfPastNine(int year) {
     return base::Combine(base::DateTime::FromDate(year, 5, 14), base::DateTime::FromTime(9, 30, 0));
 }
 
-// Texts and their bytes in a code page, both ways.
+// Expects the conversion of each text to these bytes, and back.
 void ExpectBothWays(WinLocale& locale,
                     const std::vector<std::pair<std::string, std::string>>& texts) {
     for (const auto& [text, bytes] : texts) {
@@ -127,7 +127,7 @@ TEST(WinLocaleCodePagesTest, Western) {
     ExpectBothWays(
         locale,
         {{"", ""}, {"plain\r\n\ttext", "plain\r\n\ttext"}, {"\xc3\xa9\xe2\x82\xac", "\xe9\x80"}});
-    // A with a bar is not A, infinity is not 8.
+    // A letter A with a bar must not become A, and infinity must not become 8.
     ExpectNotFitting(
         locale, {"\xc4\x80", "\xe2\x88\x9e", "\xe6\x97\xa5", "\xf0\x9f\x93\x9d", "\xff not UTF-8"});
     std::string all;
@@ -141,18 +141,18 @@ TEST(WinLocaleCodePagesTest, Japanese) {
     WinLocale locale(japanese);
     ExpectBothWays(locale, {{"plain\r\n\ttext", "plain\r\n\ttext"},
                             {"\xe6\x97\xa5\xe6\x9c\xac\xe8\xaa\x9e", "\x93\xfa\x96\x7b\x8c\xea"},
-                            // The second byte is that of a backslash.
+                            // The second byte is the same as that of a backslash.
                             {"\xe8\xa1\xa8", "\x95\x5c"},
                             {"\\", "\\"},
                             // Narrow katakana have one byte.
                             {"\xef\xbd\xb1", "\xb1"}});
-    // The sign of the yen is not a backslash.
+    // The yen sign must not become a backslash.
     ExpectNotFitting(locale, {"\xc2\xa5", "\xc3\xa9", "\xe2\x82\xac", "\xf0\x9f\x93\x9d"});
-    // One character has several codes: the text stays the same.
+    // One character has several codes. The text must not change.
     EXPECT_EQ(locale.FromAnsi("\x87\x90"), "\xe2\x89\x92");
     EXPECT_EQ(locale.FromAnsi("\x81\xe0"), "\xe2\x89\x92");
     EXPECT_EQ(locale.FromAnsi(locale.ToAnsi("\xe2\x89\x92").value_or("")), "\xe2\x89\x92");
-    // The first byte of two at the end.
+    // The text ends with the first byte of a pair.
     const std::string half = locale.FromAnsi("a\x93");
     EXPECT_TRUE(half.starts_with("a"));
     EXPECT_EQ(base::ToValidUtf8(half), half);
@@ -183,7 +183,7 @@ TEST(WinLocaleCodePagesTest, WhatIsNoUtf8IsReadInThePageOfTheLanguage) {
     }
     WinLocale locale(CP_UTF8);
     EXPECT_EQ(locale.FromAnsi("caf\xe9 5 \x80"), "caf\xc3\xa9 5 \xe2\x82\xac");
-    // One byte that is no UTF-8 decides about the whole file.
+    // If one byte is not valid UTF-8, the whole file is not UTF-8.
     EXPECT_EQ(locale.FromAnsi("\xc3\xa9\xe9"), "\xc3\x83\xc2\xa9\xc3\xa9");
 }
 

@@ -44,11 +44,11 @@ std::string Wave() {
 
 }  // namespace
 
-// What the sound device is given is recorded by scripts/run-windows-tests.
+// scripts/run-windows-tests records the output to the sound device.
 class WinSoundTest : public testing::Test {
   protected:
     WinSoundTest() { files.Write(wave, Wave()); }
-    // The first sound of a process may be lost, in part or as a whole, while the device awakes.
+    // The first sound of a process may be lost, partly or completely, while the device wakes up.
     void SetUp() override {
         const std::uint64_t start = recorder.Now();
         driver::WaitUntil("the device is awake", [&] {
@@ -59,7 +59,7 @@ class WinSoundTest : public testing::Test {
     }
     ~WinSoundTest() override { sound.Stop(); }
 
-    // Waits until all is silent, and expects that the wave has sounded just once since then.
+    // Waits for silence, and expects that the wave was played exactly once since then.
     void ExpectOnce(std::uint64_t since) const {
         driver::WaitUntil("the wave sounds", [&] { return recorder.HasSounded(since); });
         recorder.WaitForSilence();
@@ -120,7 +120,7 @@ TEST_F(WinSoundTest, WhatIsNoWaveIsSilentlyPassedOver) {
         sound.Stop();
         sound.PlayToEnd(path);
     }
-    // Whatever had sounded would be more than the wave, which sounds as before.
+    // Any other sound would add to the wave, which plays as before.
     sound.PlayToEnd(wave);
     ExpectOnce(start);
 }

@@ -11,7 +11,7 @@ using namespace forms_under_test;
 
 namespace {
 
-// If the stage did not report errors, all other tests would pass. So its reports are tested, too.
+// If the stage did not report errors, all other tests would pass. So its reports are tested too.
 class HeadlessStageTest : public testing_support::TestProgram {
   protected:
     void SetUp() override {

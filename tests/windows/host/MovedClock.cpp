@@ -1,9 +1,9 @@
 // The clock that tests move, for scripts/run-windows32-tests: a library to preload into a 32-bit
-// Wine. That Wine reads the time through system calls that libfaketime does not cover. The library
-// is built without the system's headers, because a 64-bit system need not have those for 32 bits.
-// It declares the functions that it uses.
+// Wine. That Wine reads the time through system calls that libfaketime does not intercept. The
+// library is built without the system's headers, because a 64-bit system may lack the headers for
+// 32 bits. So it declares the functions that it uses.
 //
-// The file named by FAKETIME_TIMESTAMP_FILE holds the seconds by which the clock is moved, for
+// The file named by FAKETIME_TIMESTAMP_FILE contains the seconds by which the clock is moved, for
 // example "+3600" or "-5". It is read each time the clock is read. If it cannot be read, the clock
 // is not moved.
 

@@ -6,16 +6,16 @@
 #include "tests/windows/DriverTest.h"
 #include "tests/windows/long/Load.h"
 
-// Makes, edits, hides, reopens and erases notes in the real program, again and again, and checks
-// that nothing is left of them. JOTWRIGHT_CYCLES is the number of repetitions.
+// Repeatedly makes, edits, hides, reopens and erases notes in the real program, and checks that
+// they leave nothing behind. JOTWRIGHT_CYCLES is the number of repetitions.
 
 namespace driver {
 
 namespace {
 
-// Kilobytes by which the program may grow, once and for each cycle. Under Wine it grows by about
-// one in each cycle although the blocks in use stay the same, and Wine's wastebasket never frees
-// the name of a file.
+// The number of kilobytes by which the program may grow, once and for each cycle. Under Wine it
+// grows by about one in each cycle, although the blocks in use stay the same. Wine's wastebasket
+// never frees the name of a file.
 constexpr std::size_t slack = 512;
 constexpr std::size_t slackOfCycle = 2;
 
@@ -28,12 +28,12 @@ class GrowthRun : public DriverTest {
     void EraseAndClose(const Window& panel) const;
     // Closes the note, opens it in the control panel, and erases it there.
     void ThroughThePanel(const Window& main, const std::string& title);
-    // Minimizes the note, brings it back with all open notes, saves it, and erases it by its
-    // toolbar.
+    // Minimizes the note, shows it again together with all open notes, saves it, and erases it by
+    // its toolbar.
     void InItsEditor(const Window& main, const std::string& title);
     void Cycle(const Window& main, int number);
-    // Counts the program's objects. If before is given, waits until there are no more than before:
-    // threads of the system end a little later.
+    // Counts the program's objects. If before is given, waits until there are no more than before,
+    // because threads of the system end a little later.
     Objects Count(const Objects* before) const;
     void Report(const std::string& when, const Objects& objects, std::size_t memory) const;
 };

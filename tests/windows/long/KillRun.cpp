@@ -16,9 +16,9 @@ namespace driver {
 namespace {
 
 constexpr const char* fields = ",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
-constexpr std::uint64_t promised = 2000;  // milliseconds of typing that may be lost
+constexpr std::uint64_t promised = 2000;  // milliseconds; at most so much typing may be lost
 constexpr DWORD keystroke = 80;           // milliseconds, of a fast typist
-constexpr std::uint64_t standstill = 50;  // milliseconds; shorter ones are usual
+constexpr std::uint64_t standstill = 50;  // milliseconds; shorter stalls are usual
 
 struct Typed {
     std::uint64_t at;  // milliseconds
@@ -42,11 +42,12 @@ std::optional<std::string> TextOf(const std::string& title, const std::string& b
 
 class KillRun : public DriverTest {
   protected:
-    // Milliseconds of typing before the kill. Rarely long enough for a whole recovery copy.
+    // Milliseconds of typing before the kill. The time is rarely long enough for a whole recovery
+    // copy.
     unsigned Delay() {
         return 50 + static_cast<unsigned>(random() % (random() % 4 == 0 ? 3500 : 700));
     }
-    // The text box of the note's editor, when it shows the text that a restart brings back.
+    // The text box of the note's editor, as soon as it shows the text that a restart restores.
     Window TextBoxOf(const std::string& title);
     // Types and saves until the moment of the kill. Each recorded moment is before the text was
     // typed.
@@ -63,7 +64,8 @@ class KillRun : public DriverTest {
     int oldFiles = 0;
     int newFiles = 0;
     std::uint64_t worstLoss = 0;  // milliseconds
-    // How long the driver, or the program that it types into, stood still since the start.
+    // The time for which the driver, or the program into which it types, has not run since the
+    // start.
     std::uint64_t stall = 0;
     std::uint64_t worstStall = 0;
     int lostSome = 0;
@@ -144,7 +146,7 @@ void KillRun::CheckTheEditor() {
     // The first text typed after the restored one is the oldest text that was lost.
     const std::uint64_t loss = killedAt - (last - 1)->at;
     worstLoss = std::max(worstLoss, loss);
-    // The program cannot be faster than its machine, which also delayed the driver.
+    // The program cannot be faster than its machine, and the machine also delayed the driver.
     EXPECT_LE(loss, promised + stall);
 }
 

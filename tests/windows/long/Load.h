@@ -6,8 +6,8 @@
 
 namespace driver {
 
-// Keeps every processor busy while the object exists, at the priority of other programs.
-// JOTWRIGHT_LOAD is the number of busy threads; set it to 0 if other programs make the load.
+// Keeps every processor busy at normal priority while the object exists. JOTWRIGHT_LOAD is the
+// number of busy threads. Set it to 0 if other programs keep the processors busy.
 class Load {
   public:
     Load();
@@ -20,7 +20,7 @@ class Load {
     std::vector<std::thread> threads;
 };
 
-// A number from the environment, or otherwise if the variable is not set.
+// A number from the environment. If the variable is not set, returns otherwise.
 int Number(const char* variable, int otherwise);
 
 }  // namespace driver

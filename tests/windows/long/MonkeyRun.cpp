@@ -8,9 +8,9 @@
 #include "tests/windows/long/Load.h"
 
 // Does anything that a user can do, in random order, to the real program. JOTWRIGHT_MONKEY_SECONDS
-// is the length of the run, JOTWRIGHT_SEED the seed of the random numbers. The program uses real
-// time, so no two runs are the same. The program must answer at all times, and may only end in an
-// orderly way.
+// is the length of the run, and JOTWRIGHT_SEED is the seed of the random numbers. The program uses
+// real time, so no two runs are the same. The program must answer at all times, and it must end
+// only in an orderly way.
 
 namespace driver {
 
@@ -90,7 +90,7 @@ void MonkeyRun::Act() {
     if (window.ClassName() == "#32768") {
         const WPARAM keys[] = {VK_DOWN, VK_DOWN, VK_RETURN, VK_ESCAPE};
         window.Press(keys[Below(4)]);
-        // If no choice is made, a menu stays open for ever.
+        // If no choice is made, a menu stays open forever.
         if (Below(3) == 0) {
             main.Post(WM_CANCELMODE);
         }

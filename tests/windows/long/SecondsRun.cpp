@@ -55,8 +55,8 @@ Window SecondsRun::ClockLabel(const Window& editor) {
     throw Failure("no clock in " + editor.Description());
 }
 
-// Watches for changes of the label. A second counts as missed only if the looks were in time: if a
-// look was late by more than a second, the seconds before it prove nothing.
+// Watches the label for changes. A second counts as missed only if the label was read in time. If a
+// reading was late by more than a second, the seconds before it prove nothing.
 void SecondsRun::Watch(const Window& label, int seconds) {
     int shown = SecondShown(label.Text());
     int seen = 0;
