@@ -36,7 +36,7 @@ class DiskFaults {
 
     ~DiskFaults() = default;
 
-    // The program was killed and has not been restarted.
+    // Whether the program was killed and has not been restarted.
     bool IsDead() const { return dead; }
     // Counts a step, and returns its fault if it has one.
     std::optional<Fault> NextStep();

@@ -6,8 +6,8 @@ namespace forms::headless {
 
 // The target of a path, by the rules of Windows for names and lengths.
 struct DiskPath {
-    // RuntimeError 52 for a path without a drive or with a name that Windows refuses, 76 for one
-    // that is too long.
+    // RuntimeError 52 if the path has no drive or a name that Windows refuses, 76 if it is too
+    // long.
     explicit DiskPath(std::string path);
 
     std::string key;   // in capitals: "C:" for the root of the drive, "C:\\FOLDER\\NAME.TXT"
