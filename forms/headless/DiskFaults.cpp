@@ -2,9 +2,11 @@
 
 namespace forms::headless {
 
-void DiskFaults::FailAt(int step, base::ErrorNumber number) { Set(step, {.error = number}); }
+void DiskFaults::FailAt(int step, base::ErrorNumber number) {
+    Set(step, {.isKill = false, .error = number});
+}
 
-void DiskFaults::KillAt(int step, Moment moment) { Set(step, {.error = {}, .moment = moment}); }
+void DiskFaults::KillAt(int step, Moment moment) { Set(step, {.isKill = true, .moment = moment}); }
 
 void DiskFaults::ClearFaults() { Set(0, {}); }
 

@@ -30,8 +30,9 @@ class DiskFaults {
 
   protected:
     struct Fault {
-        std::optional<base::ErrorNumber> error;  // none: the program is killed
-        Moment moment = Moment::Before;          // of the kill
+        bool isKill = false;
+        base::ErrorNumber error = base::ErrorNumber::DeviceIoError;  // if it is no kill
+        Moment moment = Moment::Before;                              // of a kill
     };
 
     ~DiskFaults() = default;

@@ -350,19 +350,19 @@ void MemoryFiles::Step(Whole whole, Part part) {
     if (IsDead()) {
         return;
     }
-    const auto fault = NextStep();
-    if (!fault) {
+    const auto stepFault = NextStep();
+    if (!stepFault) {
         whole();
         return;
     }
-    if (fault->error) {
+    if (!stepFault->isKill) {
         part();
         unflushed.reset();
-        Fail(*fault->error);
+        Fail(stepFault->error);
     }
-    if (fault->moment == Moment::Middle) {
+    if (stepFault->moment == Moment::Middle) {
         part();
-    } else if (fault->moment == Moment::After) {
+    } else if (stepFault->moment == Moment::After) {
         try {
             whole();
         } catch (const base::RuntimeError&) {
