@@ -2,7 +2,7 @@
 
 #include "forms/Form.h"
 
-// What happens to the windows when the program ends.
+// Closes the windows and saves the notes when the program ends.
 namespace StandardCode {
 
 // Unloads all forms except this one, the default editor first. Returns false if the text of a note

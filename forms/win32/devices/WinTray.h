@@ -27,7 +27,7 @@ class WinTray : public Tray {
     // The tip is in the system's code page, ends with a zero character and is padded with blanks.
     static NOTIFYICONDATAA NativeRecord(const TrayRecord& record, HWND window, HICON icon);
 
-    // Adds all icons again after the notification area was created anew without them.
+    // Adds all icons again. Call it when the shell has restarted with an empty notification area.
     void AddAgain();
     // Reloads icons whose size is wrong because the scale of the task bar has changed.
     void FollowScale();
