@@ -1,9 +1,8 @@
 #include "base/DateTime.h"
 
-#include <array>
 #include <charconv>
 #include <chrono>
-#include <cstdio>
+#include <string>
 #include <string_view>
 
 #include "base/RuntimeError.h"
@@ -31,10 +30,13 @@ std::chrono::year_month_day CalendarDay(DateTime value) {
 
 [[noreturn]] void Mismatch() { throw RuntimeError(ErrorNumber::TypeMismatch); }
 
-std::string Format(const char* pattern, int first, int second, int third) {
-    std::array<char, 40> buffer{};
-    std::snprintf(buffer.data(), buffer.size(), pattern, first, second, third);
-    return buffer.data();
+// The number with at least so many digits.
+std::string Digits(int number, std::size_t count) {
+    std::string digits = std::to_string(number);
+    if (digits.size() < count) {
+        digits.insert(0, count - digits.size(), '0');
+    }
+    return digits;
 }
 
 // Scans the text of a date or a time from left to right.
@@ -176,15 +178,16 @@ DateTime Combine(DateTime date, DateTime time) {
 }
 
 std::string FormatTime24(DateTime value) {
-    return Format("%02d:%02d:%02d", value.Hour(), value.Minute(), value.Second());
+    return Digits(value.Hour(), 2) + ':' + Digits(value.Minute(), 2) + ':' +
+           Digits(value.Second(), 2);
 }
 
 std::string FormatIsoDate(DateTime value) {
-    return Format("%04d-%02d-%02d", value.Year(), value.Month(), value.Day());
+    return Digits(value.Year(), 4) + '-' + Digits(value.Month(), 2) + '-' + Digits(value.Day(), 2);
 }
 
 std::string FormatMonthDayYear(DateTime value) {
-    return Format("%d/%d/%d", value.Month(), value.Day(), value.Year());
+    return Digits(value.Month(), 1) + '/' + Digits(value.Day(), 1) + '/' + Digits(value.Year(), 1);
 }
 
 std::string EnglishMonthName(int month) {

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <optional>
 #include <system_error>
@@ -16,23 +17,6 @@ constexpr std::string_view noBreakSpace = "\xc2\xa0";
 constexpr std::string_view narrowNoBreakSpace = "\xe2\x80\xaf";
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-// Whether a number that does not fit in a double is too small; otherwise it is too large.
-bool IsSmall(const std::string& plain) {
-    const std::size_t exponent = plain.find('E');
-    return exponent != std::string::npos ? plain.compare(exponent, 2, "E-") == 0
-                                         : plain.find_first_of("123456789") > plain.find('.');
-}
-
-// Infinite if the number is too large for a double, 0 if it is too small.
-double ValueOf(const std::string& plain) {
-    double value = 0;
-    const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
-    if (error == std::errc::result_out_of_range) {
-        return IsSmall(plain) ? 0 : std::numeric_limits<double>::infinity();
-    }
-    return value;
-}
 
 // Parses one text. Call Read() once.
 class NumberReader {
@@ -129,7 +113,9 @@ class NumberReader {
         if (opened != closed || opened > 1 || (opened == 1 && hasSign)) {
             return std::nullopt;
         }
-        const double value = ValueOf(plain);
+        // Infinite if the number is too large for a double. The sign is a point, because the
+        // program never calls setlocale.
+        const double value = std::strtod(plain.c_str(), nullptr);
         return isNegative || opened == 1 ? -value : value;
     }
 

@@ -17,10 +17,10 @@ function(jotwright_instrument target)
 endfunction()
 
 # jotwright_add_library(<name> <precompiled> <folder>...): a static library of the sources in these
-# folders, without the program's entry point. See jotwright_precompile.
+# folders, without those that only the program file links. See jotwright_precompile.
 function(jotwright_add_library name precompiled)
     jotwright_sources(sources ${ARGN})
-    list(FILTER sources EXCLUDE REGEX "/app/WinMain\\.cpp$")
+    list(FILTER sources EXCLUDE REGEX "/app/(WinMain|FailFast)\\.cpp$")
     add_library(${name} STATIC ${sources})
     jotwright_flags(${name})
     jotwright_instrument(${name})

@@ -1,10 +1,11 @@
 # The program. WinMain.cpp has a plain main() and needs no Windows header; the WIN32 subsystem alone
-# makes it a program without a console.
-set(entry "${PROJECT_SOURCE_DIR}/app/WinMain.cpp")
+# makes it a program without a console. FailFast.cpp must not be in a library, or the linker would
+# take the C++ library's handlers instead.
+set(entry "${PROJECT_SOURCE_DIR}/app/WinMain.cpp" "${PROJECT_SOURCE_DIR}/app/FailFast.cpp")
 
 set(resources "${PROJECT_SOURCE_DIR}/assets/jotwright.rc")
 
-add_executable(Jotwright WIN32 "${entry}" ${resources})
+add_executable(Jotwright WIN32 ${entry} ${resources})
 jotwright_flags(Jotwright)
 target_include_directories(Jotwright PRIVATE "${PROJECT_SOURCE_DIR}/assets")
 target_link_libraries(Jotwright PRIVATE jotwright_core win32)

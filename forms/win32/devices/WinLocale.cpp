@@ -66,7 +66,7 @@ std::string Setting(LCTYPE type) {
 }
 
 std::wstring Padded(int number, std::size_t digits) {
-    const std::wstring text = std::to_wstring(number);
+    const std::wstring text = Wide(std::to_string(number));
     return std::wstring(digits - std::min(digits, text.size()), L'0') + text;
 }
 

@@ -3,7 +3,7 @@
 #include <objbase.h>
 
 #include <algorithm>
-#include <cstdio>
+#include <cstdint>
 
 #include "forms/win32/Utf.h"
 
@@ -47,10 +47,11 @@ std::string WinSystem::InstanceId() {
             random.Data1 = ::GetCurrentProcessId();
             random.Data2 = static_cast<unsigned short>(::GetTickCount());
         }
-        char digits[17]{};
-        std::snprintf(digits, sizeof digits, "%08lx%04x%04x",
-                      static_cast<unsigned long>(random.Data1), random.Data2, random.Data3);
-        instanceId = digits;
+        const std::uint64_t number = std::uint64_t{random.Data1} << 32U |
+                                     std::uint64_t{random.Data2} << 16U | random.Data3;
+        for (int shift = 60; shift >= 0; shift -= 4) {
+            instanceId += "0123456789abcdef"[number >> shift & 0xfU];
+        }
     }
     return instanceId;
 }
