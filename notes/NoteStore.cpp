@@ -65,9 +65,6 @@ bool NoteStore::Load() {
     } catch (const base::RuntimeError& error) {
         failure = error;
     }
-    for (int rest = slot; rest <= StandardCode::maximumNotes; ++rest) {
-        Shared().NotesArray[rest] = NoteRecord{};
-    }
     TellOpenNotes();
     if (!failure || *failure == base::ErrorNumber::SubscriptOutOfRange) {
         Shared().NoteCount = static_cast<std::int16_t>(slot - 1);
@@ -82,7 +79,7 @@ bool NoteStore::Load() {
 bool NoteStore::LoadSlots(int& slot) {
     listing.clear();
     loaded = 0;
-    std::map<std::string, Parsed> before = std::exchange(parsed, {});
+    Earlier before{std::exchange(slotted, {}), std::exchange(Shared().NotesArray, {})};
     listing = List();
     for (const forms::FileEntry& file : listing) {
         if (slot > StandardCode::maximumNotes) {
@@ -96,6 +93,7 @@ bool NoteStore::LoadSlots(int& slot) {
                 ++slot;
                 throw;
             }
+            Shared().NotesArray[slot] = NoteRecord{};
             SafeFile::PutAside(PathOf(file.name), ".damaged");
             Tell(file.name, std::nullopt);
             return false;
@@ -106,17 +104,15 @@ bool NoteStore::LoadSlots(int& slot) {
     return true;
 }
 
-void NoteStore::LoadSlot(int slot, const forms::FileEntry& file,
-                         std::map<std::string, Parsed>& before) {
+void NoteStore::LoadSlot(int slot, const forms::FileEntry& file, Earlier& before) {
     NoteRecord& record = Shared().NotesArray[slot];
-    auto known = before.extract(file.name);
-    if (known && known.mapped().size == file.size && known.mapped().changed == file.changed) {
-        record = known.mapped().record;
+    auto known = before.slotted.extract(file.name);
+    if (known && known.mapped().IsOf(file)) {
+        record = std::move(before.records[std::exchange(known.mapped().slot, slot)]);
         // Insert at the end: folders are usually listed in the order of names.
-        parsed.insert(parsed.end(), std::move(known));
+        slotted.insert(slotted.end(), std::move(known));
         return;
     }
-    record = NoteRecord{};
     const std::string path = PathOf(file.name);
     // If the file was held by another program before and has not changed, do not wait for it again.
     const bool isKnownToFail =
@@ -125,7 +121,7 @@ void NoteStore::LoadSlot(int slot, const forms::FileEntry& file,
     const std::string bytes =
         isKnownToFail ? Files().Read(path) : Patience::Try([&] { return Files().Read(path); });
     NoteFile::Decode(bytes, record);
-    parsed[file.name] = {file.size, file.changed, NoteFile::Fingerprint(bytes), record};
+    slotted[file.name] = {file.size, file.changed, NoteFile::Fingerprint(bytes), slot};
 }
 
 void NoteStore::Report(const base::RuntimeError& error) {
@@ -153,10 +149,10 @@ void NoteStore::Report(const base::RuntimeError& error) {
 }
 
 StoredNote NoteStore::Read(const forms::FileEntry& file) {
-    const auto known = parsed.find(file.name);
-    if (known != parsed.end() && known->second.size == file.size &&
-        known->second.changed == file.changed) {
-        return {file.name, known->second.record, known->second.fingerprint};
+    const auto known = slotted.find(file.name);
+    if (known != slotted.end() && known->second.IsOf(file)) {
+        const Seen& seen = known->second;
+        return {file.name, Shared().NotesArray[seen.slot], seen.fingerprint};
     }
     StoredNote note = Read(file.name);
     unslotted[file.name] = {file.size, file.changed, note.fingerprint};
@@ -176,8 +172,8 @@ StoredNote NoteStore::OfSlot(int slot) const {
     if (place < loaded) {
         note.file = listing[place].name;
         // If the file was written after the array was rebuilt, the slot does not hold its contents.
-        const auto known = parsed.find(note.file);
-        note.fingerprint = known == parsed.end() ? 0 : known->second.fingerprint;
+        const auto known = slotted.find(note.file);
+        note.fingerprint = known == slotted.end() ? 0 : known->second.fingerprint;
     }
     return note;
 }
@@ -312,7 +308,7 @@ void NoteStore::TellOpenNotes() {
         if (note->File().empty()) {
             continue;
         }
-        if (const auto known = parsed.find(note->File()); known != parsed.end()) {
+        if (const auto known = slotted.find(note->File()); known != slotted.end()) {
             note->FileHolds(known->second.fingerprint);
         } else if (!Exists(note->File())) {
             note->FileHolds(std::nullopt);
@@ -326,8 +322,7 @@ std::uint64_t NoteStore::FingerprintOfUnslotted(const forms::FileEntry& file,
                                                 const std::map<std::string, Seen>& before) {
     Seen& seen = unslotted[file.name];
     const auto last = before.find(file.name);
-    const bool isUnchanged = last != before.end() && last->second.size == file.size &&
-                             last->second.changed == file.changed;
+    const bool isUnchanged = last != before.end() && last->second.IsOf(file);
     if (isUnchanged && last->second.fingerprint != unknownContents) {
         seen = last->second;
     } else {
@@ -360,7 +355,7 @@ void NoteStore::Forget(const std::string& file) {
     const auto isOfFile = [&](const auto& entry) {
         return entry.first.size() == file.size() && SafeFile::IsSameName(entry.first, file);
     };
-    std::erase_if(parsed, isOfFile);
+    std::erase_if(slotted, isOfFile);
     std::erase_if(unslotted, isOfFile);
 }
 

@@ -108,24 +108,27 @@ class NoteStore {
     void Remove(EditedNote& note) { std::erase(open, &note); }
 
   private:
-    // A note as read from its file, and the size and the time of change that the file had.
-    struct Parsed {
-        std::uint64_t size = 0;
-        std::int64_t changed = 0;
-        std::uint64_t fingerprint = 0;
-        StandardCode::NoteRecord record;
-    };
-
-    // The size and the time of change of a file.
+    // A file as it was when it was last read.
     struct Seen {
         std::uint64_t size = 0;
         std::int64_t changed = 0;
         std::uint64_t fingerprint = 0;
+        int slot = 0;  // holds the note that was read; 0: none
+
+        bool IsOf(const forms::FileEntry& file) const {
+            return size == file.size && changed == file.changed;
+        }
+    };
+
+    // What the last Load() read.
+    struct Earlier {
+        std::map<std::string, Seen> slotted;
+        StandardCode::NotesTable records;
     };
 
     // Returns whether all listed notes were loaded. Raises the error that ended the loading.
     bool LoadSlots(int& slot);
-    void LoadSlot(int slot, const forms::FileEntry& file, std::map<std::string, Parsed>& before);
+    void LoadSlot(int slot, const forms::FileEntry& file, Earlier& before);
     void Report(const base::RuntimeError& error);
     void TellOpenNotes();
     // The fingerprint of an open note's file that is in no slot. Reads the file only if its size or
@@ -138,8 +141,9 @@ class NoteStore {
     void Forget(const std::string& file);
 
     std::vector<forms::FileEntry> listing;
-    std::map<std::string, Parsed> parsed;   // by file name, as listed
-    std::map<std::string, Seen> unslotted;  // by file name: files of open notes that are in no slot
+    // By file name, as listed. A file that was written since the last Load() is in neither map.
+    std::map<std::string, Seen> slotted;
+    std::map<std::string, Seen> unslotted;  // files of open notes
     std::size_t loaded = 0;                 // number of listed files in slots, from slot 1 on
     std::vector<forms::FileEntry> reportedListing;
     std::set<std::pair<int, std::string>> reported;  // error number and file

@@ -36,7 +36,7 @@ void OpenNote(int slot) {
     }
     const auto editor = OpenEditor(note);
     Shared().CurrentNote = editor;
-    if (note.record.AlarmState == "1") {
+    if (note.record.AlarmState == "1" && Shared().NotesArray[slot].Title == note.record.Title) {
         Shared().NotesArray[slot].AlarmState = "1";
     }
     EnableAsShown(*editor);

@@ -208,12 +208,20 @@ TEST_F(NotesArrayTest, AFileThatWasRemovedAndCameBackIsReadAgain) {
     EXPECT_EQ(files.Log(), std::vector<std::string>{"read " + NotePath("b")});
 }
 
-TEST_F(NotesArrayTest, ChangesOfTheArrayDoNotChangeTheRememberedRecords) {
+TEST_F(NotesArrayTest, RecordsMoveWithTheirFiles) {
+    PutNote("b");
+    PutNote("c");
+    Load();
     PutNote("a");
     Load();
-    Shared().NotesArray[1].AlarmState = "changed";
+    EXPECT_EQ(Titles(), (std::vector<std::string>{"a", "b", "c"}));
+    EXPECT_EQ(Shared().NotesArray[3].Text, "Text of c");
+    files.Remove(NotePath("b"));
+    files.ClearLog();
     Load();
-    EXPECT_EQ(Shared().NotesArray[1].AlarmState, "1");
+    EXPECT_EQ(Titles(), (std::vector<std::string>{"a", "c"}));
+    EXPECT_EQ(Shared().NotesArray[2].Text, "Text of c");
+    EXPECT_TRUE(files.Log().empty());
 }
 
 // A file system with a coarse clock: two saves of the same length may get the same time.

@@ -116,4 +116,16 @@ TEST_F(OpenNoteTest, ThePanelMayRebuildTheArrayMeanwhile) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
 }
 
+TEST_F(OpenNoteTest, AnotherNoteThatTakesTheSlotMeanwhileDoesNotRing) {
+    PutNote(Note("Dentist").WithAlarm());
+    Start(StandardCode::LoadNotesArray);
+    StandardCode::Events().ControlPanel.Subscribe([this](PanelAction) {
+        PutNote(Note("Bread"));
+        StandardCode::LoadNotesArray();
+    });
+    Open(1);
+    EXPECT_EQ(Shared().NotesArray[1].Title, "Bread");
+    EXPECT_EQ(Shared().NotesArray[1].AlarmState, "0");
+}
+
 }  // namespace
