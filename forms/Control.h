@@ -56,13 +56,13 @@ class Control : public Observed {
     const char* const name;  // for example "cmdStart"; the controls of an array share it
     Form& form;
 
-    Property<int> left{*this, Aspect::Bounds};
-    Property<int> top{*this, Aspect::Bounds};
-    Property<int> width{*this, Aspect::Bounds};
-    Property<int> height{*this, Aspect::Bounds};
-    Property<bool> visible{*this, Aspect::Visible, true};
-    Property<bool> enabled{*this, Aspect::Enabled, true};
-    Property<std::string> toolTip{*this, Aspect::ToolTip};
+    Property<int, Aspect::Bounds> left{*this};
+    Property<int, Aspect::Bounds> top{*this};
+    Property<int, Aspect::Bounds> width{*this};
+    Property<int, Aspect::Bounds> height{*this};
+    Property<bool, Aspect::Visible> visible{*this, true};
+    Property<bool, Aspect::Enabled> enabled{*this, true};
+    Property<std::string, Aspect::ToolTip> toolTip{*this};
 
     // The frame that contains the control, or null if the form itself does. left and top are
     // relative to the container's corner. Set in Design only.

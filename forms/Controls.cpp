@@ -51,7 +51,7 @@ CheckBox::CheckValue& CheckBox::CheckValue::operator=(int newValue) {
     if (newValue < 0 || newValue > 2) {
         throw base::RuntimeError(base::ErrorNumber::InvalidPropertyValue);
     }
-    Property<int>::operator=(newValue);
+    Property::operator=(newValue);
     return *this;
 }
 

@@ -46,7 +46,7 @@ class Captioned : public Control {
   public:
     using Control::Control;
 
-    Property<std::string> caption{*this, Aspect::Caption};
+    Property<std::string, Aspect::Caption> caption{*this};
     // Whether an ampersand in the caption marks an access key. Set it to false if the caption is
     // data that may contain an ampersand, for example a title. Set in Design only.
     bool useMnemonic = true;
@@ -59,8 +59,8 @@ class Label : public Captioned {
     Label(Form* parent, const char* controlName)
         : Captioned(parent, ControlKind::Label, controlName) {}
 
-    Property<int> fontSize{*this, Aspect::FontSize, 0};  // points; 0: the form's font
-    Property<std::optional<Color>> foreColor{*this, Aspect::ForeColor};  // empty: system colour
+    Property<int, Aspect::FontSize> fontSize{*this, 0};  // points; 0: the form's font
+    Property<std::optional<Color>, Aspect::ForeColor> foreColor{*this};  // empty: system colour
     // Set in Design only. Empty: the form's font. The text must live as long as the label, as a
     // literal does.
     const char* fontName = "";
@@ -103,9 +103,9 @@ class TextBox : public Control {
     // If true, the menu key opens the form's menu instead of the text box's own. Set in Design
     // only.
     bool leavesMenuKey = false;
-    Property<int> fontSize{*this, Aspect::FontSize, 0};
-    Property<std::optional<Color>> backColor{*this, Aspect::BackColor};  // empty: system colour
-    Property<std::optional<Color>> foreColor{*this, Aspect::ForeColor};
+    Property<int, Aspect::FontSize> fontSize{*this, 0};
+    Property<std::optional<Color>, Aspect::BackColor> backColor{*this};  // empty: system colour
+    Property<std::optional<Color>, Aspect::ForeColor> foreColor{*this};
 
     ClickHandler Change;
     ClickHandler DoubleClick;
@@ -126,8 +126,8 @@ class CommandButton : public Captioned {
         : Captioned(parent, ControlKind::CommandButton, controlName) {}
     // Enter presses the default button, unless another button has the focus. Escape presses the
     // cancel button.
-    Property<bool> isDefault{*this, Aspect::Default, false};
-    Property<bool> isCancel{*this, Aspect::Default, false};
+    Property<bool, Aspect::Default> isDefault{*this, false};
+    Property<bool, Aspect::Default> isCancel{*this, false};
     ClickHandler Click;
     bool CanHaveFocus() const override { return true; }
     void Clicked() override { Raise(Click); }
@@ -140,11 +140,11 @@ class CheckBox : public Captioned {
         : Captioned(parent, ControlKind::CheckBox, controlName) {}
 
     // 0 unchecked, 1 checked, 2 grayed; RuntimeError 380 for any other number.
-    class CheckValue : public Property<int> {
+    class CheckValue : public Property<int, Aspect::Value> {
       public:
-        using Property<int>::Property;
+        using Property::Property;
         CheckValue& operator=(int newValue);
-    } value{*this, Aspect::Value, 0};
+    } value{*this, 0};
 
     ClickHandler Click;
     bool CanHaveFocus() const override { return true; }
@@ -159,8 +159,8 @@ class OptionButton : public Captioned {
     OptionButton(Form* parent, const char* controlName, int arrayIndex = 0)
         : Captioned(parent, ControlKind::OptionButton, controlName), index(arrayIndex) {}
     const int index;  // place in its control array
-    Property<bool> value{*this, Aspect::Value, false};
-    Property<std::optional<Color>> backColor{*this, Aspect::BackColor};  // empty: system colour
+    Property<bool, Aspect::Value> value{*this, false};
+    Property<std::optional<Color>, Aspect::BackColor> backColor{*this};  // empty: system colour
     ClickHandler Click;
     bool CanHaveFocus() const override { return true; }
     void AfterChange(Aspect aspect) override;
@@ -184,7 +184,7 @@ class ComboBox : public Control {
     ComboBox(Form* parent, const char* controlName)
         : Control(parent, ControlKind::ComboBox, controlName) {}
     std::vector<std::string> items;                     // set in Design only
-    Property<int> listIndex{*this, Aspect::Value, -1};  // -1: none
+    Property<int, Aspect::Value> listIndex{*this, -1};  // -1: none
     ClickHandler Click;
     std::string Text() const;
     bool CanHaveFocus() const override { return true; }
@@ -197,8 +197,8 @@ class ListBox : public Control {
   public:
     ListBox(Form* parent, const char* controlName)
         : Control(parent, ControlKind::ListBox, controlName) {}
-    Property<std::vector<std::string>> items{*this, Aspect::Items};
-    Property<int> listIndex{*this, Aspect::Value, -1};
+    Property<std::vector<std::string>, Aspect::Items> items{*this};
+    Property<int, Aspect::Value> listIndex{*this, -1};
     ClickHandler Click;
     void AfterChange(Aspect aspect) override;
 };
@@ -260,9 +260,9 @@ class DateTimePicker : public Control {
   public:
     DateTimePicker(Form* parent, const char* controlName)
         : Control(parent, ControlKind::DateTimePicker, controlName) {}
-    Property<base::DateTime> value{*this, Aspect::Value};
-    Property<std::string> customFormat{*this, Aspect::Format};  // "h:mm tt"; empty: short date
-    Property<bool> upDown{*this, Aspect::Format, false};
+    Property<base::DateTime, Aspect::Value> value{*this};
+    Property<std::string, Aspect::Format> customFormat{*this};  // "h:mm tt"; empty: short date
+    Property<bool, Aspect::Format> upDown{*this, false};
     ClickHandler Change;
     bool CanHaveFocus() const override { return true; }
     void Picked(base::DateTime picked);  // called by Gestures only
@@ -272,7 +272,7 @@ class Image : public Control {
   public:
     Image(Form* parent, const char* controlName)
         : Control(parent, ControlKind::Image, controlName) {}
-    Property<Picture> picture{*this, Aspect::Picture};
+    Property<Picture, Aspect::Picture> picture{*this};
     // Name of a picture that is compiled into the program. It is used while picture is empty. The
     // text must live as long as the image, as a literal does.
     const char* resourceName = "";
@@ -288,15 +288,15 @@ class Shape : public Control {
     Shape(Form* parent, const char* controlName)
         : Control(parent, ControlKind::Shape, controlName) {}
     ShapeKind shape = ShapeKind::Rectangle;  // set in Design only
-    Property<Color> fillColor{*this, Aspect::BackColor, white};
-    Property<Color> borderColor{*this, Aspect::ForeColor, black};
+    Property<Color, Aspect::BackColor> fillColor{*this, white};
+    Property<Color, Aspect::ForeColor> borderColor{*this, black};
     int PointerRank() const override { return 0; }
 };
 
 class Line : public Control {
   public:
     Line(Form* parent, const char* controlName) : Control(parent, ControlKind::Line, controlName) {}
-    Property<Color> color{*this, Aspect::ForeColor, black};
+    Property<Color, Aspect::ForeColor> color{*this, black};
     int PointerRank() const override { return 0; }
 };
 
@@ -312,7 +312,7 @@ class Toolbar : public Control {
         bool operator==(const Button&) const = default;
     };
     const ImageList* imageList = nullptr;  // an image list of the same form; set in Design only
-    Property<std::vector<Button>> buttons{*this, Aspect::Items};
+    Property<std::vector<Button>, Aspect::Items> buttons{*this};
     std::function<void(const std::string& key)> ButtonClick;
     bool CanHaveFocus() const override { return true; }
     void Pressed(const std::string& key);  // called by Gestures only

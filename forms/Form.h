@@ -41,14 +41,14 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
 
     const char* const name;  // the name of the class, for example "frmMain"
 
-    Property<std::string> caption{*this, Aspect::Caption};
-    Property<int> left{*this, Aspect::Bounds, 0};  // twips; meaningful once moved or centred
-    Property<int> top{*this, Aspect::Bounds, 0};
-    Property<int> width{*this, Aspect::Bounds, 4800};   // twips, including title bar and border
-    Property<int> height{*this, Aspect::Bounds, 3600};  // twips, including title bar and border
-    Property<Picture> icon{*this, Aspect::Picture};
-    Property<std::optional<Color>> backColor{*this, Aspect::BackColor};  // empty: system colour
-    Property<WindowState> windowState{*this, Aspect::WindowState, WindowState::Normal};
+    Property<std::string, Aspect::Caption> caption{*this};
+    Property<int, Aspect::Bounds> left{*this, 0};  // twips; meaningful once moved or centred
+    Property<int, Aspect::Bounds> top{*this, 0};
+    Property<int, Aspect::Bounds> width{*this, 4800};   // twips, including title bar and border
+    Property<int, Aspect::Bounds> height{*this, 3600};  // twips, including title bar and border
+    Property<Picture, Aspect::Picture> icon{*this};
+    Property<std::optional<Color>, Aspect::BackColor> backColor{*this};  // empty: system colour
+    Property<WindowState, Aspect::WindowState> windowState{*this, WindowState::Normal};
 
     // Set in Design only.
     BorderStyle borderStyle = BorderStyle::Fixed;

@@ -6,18 +6,12 @@
 namespace forms {
 
 Menu::Menu(Form* parentForm, const char* menuName, const char* menuCaption)
-    : name(menuName),
-      form(*parentForm),
-      parent(nullptr),
-      caption(*this, Aspect::Caption, menuCaption) {
+    : name(menuName), form(*parentForm), parent(nullptr), caption(*this, menuCaption) {
     form.menus.push_back(this);
 }
 
 Menu::Menu(Form* parentForm, Menu& parentMenu, const char* menuName, const char* menuCaption)
-    : name(menuName),
-      form(*parentForm),
-      parent(&parentMenu),
-      caption(*this, Aspect::Caption, menuCaption) {
+    : name(menuName), form(*parentForm), parent(&parentMenu), caption(*this, menuCaption) {
     parentMenu.entries.push_back(this);
 }
 

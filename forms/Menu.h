@@ -24,10 +24,10 @@ class Menu final : public Observed {
     std::vector<Menu*> entries;
     bool inMenuBar = true;  // for top-level menus; false: opened with PopupMenu only
 
-    Property<std::string> caption;
-    Property<bool> enabled{*this, Aspect::Enabled, true};
-    Property<bool> visible{*this, Aspect::Visible, true};
-    Property<bool> checked{*this, Aspect::Checked, false};
+    Property<std::string, Aspect::Caption> caption;
+    Property<bool, Aspect::Enabled> enabled{*this, true};
+    Property<bool, Aspect::Visible> visible{*this, true};
+    Property<bool, Aspect::Checked> checked{*this, false};
     std::function<void()> Click;
 
     bool IsSeparator() const { return caption() == "-"; }

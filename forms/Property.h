@@ -39,12 +39,12 @@ class Observed {
     Observed& operator=(const Observed&) = delete;
 };
 
-// A value that calls its owner's Changed when a different value is assigned.
-template <class T>
+// A value that calls its owner's Changed with the aspect when a different value is assigned.
+template <class T, Aspect aspect>
 class Property {
   public:
-    Property(Observed& propertyOwner, Aspect propertyAspect, T initial = T{})
-        : owner(propertyOwner), value(std::move(initial)), aspect(propertyAspect) {}
+    explicit Property(Observed& propertyOwner, T initial = T{})
+        : owner(propertyOwner), value(std::move(initial)) {}
     Property(const Property&) = delete;
 
     Property& operator=(const Property& other) { return *this = other.value; }
@@ -65,11 +65,10 @@ class Property {
   private:
     Observed& owner;
     T value;
-    Aspect aspect;
 };
 
-template <class T>
-bool operator==(const Property<T>& property, const T& value) {
+template <class T, Aspect aspect>
+bool operator==(const Property<T, aspect>& property, const T& value) {
     return property() == value;
 }
 

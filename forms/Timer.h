@@ -36,8 +36,8 @@ class Timer final : public Observed {
     Form& form;
     const TimerPhase phase;
     // In milliseconds. If the interval is 0, the timer does not tick, even if it is enabled.
-    Property<int> interval{*this, Aspect::Interval, 0};
-    Property<bool> enabled{*this, Aspect::Enabled, false};
+    Property<int, Aspect::Interval> interval{*this, 0};
+    Property<bool, Aspect::Enabled> enabled{*this, false};
     std::function<void()> Tick;
 
     // A resting timer is enabled but does not tick, because its handler has nothing to do. When the
