@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -304,10 +305,11 @@ class Toolbar : public Control {
   public:
     Toolbar(Form* parent, const char* controlName)
         : Control(parent, ControlKind::Toolbar, controlName) {}
+    // The texts must live as long as the toolbar, as literals do.
     struct Button {
-        std::string key;  // unique
-        std::string toolTip;
-        std::string image;  // key in imageList
+        std::string_view key;  // unique
+        std::string_view toolTip;
+        std::string_view image;  // key in imageList
         bool enabled = true;
         bool operator==(const Button&) const = default;
     };

@@ -16,7 +16,7 @@ int ImageList::IndexOf(std::string_view key) const {
 
 std::string ImageList::ResourceOf(std::string_view key) const {
     const auto found = Find(key);
-    return found == images.end() ? std::string() : found->resource;
+    return std::string(found == images.end() ? std::string_view() : found->resource);
 }
 
 std::vector<ImageList::Image>::const_iterator ImageList::Find(std::string_view key) const {

@@ -16,9 +16,10 @@ class ImageList {
     ImageList(const ImageList&) = delete;
     ImageList& operator=(const ImageList&) = delete;
 
+    // The texts must live as long as the list, as literals do.
     struct Image {
-        std::string key;
-        std::string resource;  // name of an icon that is compiled into the program
+        std::string_view key;
+        std::string_view resource;  // name of an icon that is compiled into the program
         bool operator==(const Image&) const = default;
     };
 

@@ -31,9 +31,10 @@ void NoteLayout::Design() {
     // toolbar last.
     constexpr int lastTab = 100;
     note.tlbMain.tabIndex = lastTab;
-    for (const char* key : {"save", "kill", "print", "hide", "help", "about"}) {
-        note.ilsMain.images.push_back({key, std::string("tb_") + key});
-    }
+    note.ilsMain.images = {
+        {"save", "tb_save"}, {"kill", "tb_kill"}, {"print", "tb_print"},
+        {"hide", "tb_hide"}, {"help", "tb_help"}, {"about", "tb_about"},
+    };
     note.tlbMain.imageList = &note.ilsMain;
     note.tlbMain.buttons = {
         {"Save", "Click To Save This Note", "save"},

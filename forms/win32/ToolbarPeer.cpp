@@ -178,7 +178,7 @@ bool ToolbarPeer::PressButton(int id) {
     if (!HasButton(id)) {
         return false;
     }
-    gestures::ClickToolbar(toolbar, ButtonOf(id).key);
+    gestures::ClickToolbar(toolbar, std::string(ButtonOf(id).key));
     return true;
 }
 

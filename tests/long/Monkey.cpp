@@ -280,8 +280,8 @@ void Monkey::AddControl(Control& control, Choices& choices) {
             auto& toolbar = static_cast<Toolbar&>(control);
             for (const auto& button : toolbar.buttons()) {
                 if (button.enabled) {
-                    choices.push_back({1, "button " + button.key + " of " + name,
-                                       [this, &toolbar, key = button.key] {
+                    choices.push_back({1, "button " + std::string(button.key) + " of " + name,
+                                       [this, &toolbar, key = std::string(button.key)] {
                                            if (key == "Erase") {
                                                erased.insert(toolbar.form.weak_from_this());
                                            }

@@ -90,7 +90,8 @@ void DescribeList(const forms::Control& control, Line& line) {
         }
     } else if (const auto* toolbar = As<forms::Toolbar>(control)) {
         for (const auto& button : toolbar->buttons()) {
-            line.Say("button " + button.key + ' ' + Quoted(button.toolTip) + ' ' +
+            line.Say("button " + std::string(button.key) + ' ' +
+                     Quoted(std::string(button.toolTip)) + ' ' +
                      toolbar->imageList->ResourceOf(button.image));
         }
     }
