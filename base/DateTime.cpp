@@ -1,5 +1,6 @@
 #include "base/DateTime.h"
 
+#include <array>
 #include <charconv>
 #include <chrono>
 #include <string>

@@ -18,6 +18,16 @@ constexpr std::string_view narrowNoBreakSpace = "\xe2\x80\xaf";
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
+// Infinite if the number is too large for a double. The decimal sign is a point, also for strtod,
+// because the program never calls setlocale.
+double ValueOf(const std::string& plain) {
+    std::int64_t whole = 0;
+    const char* last = plain.data() + plain.size();
+    const auto [end, error] = std::from_chars(plain.data(), last, whole);
+    const bool isWhole = end == last && error == std::errc{};
+    return isWhole ? static_cast<double>(whole) : std::strtod(plain.c_str(), nullptr);
+}
+
 // Parses one text. Call Read() once.
 class NumberReader {
   public:
@@ -113,9 +123,7 @@ class NumberReader {
         if (opened != closed || opened > 1 || (opened == 1 && hasSign)) {
             return std::nullopt;
         }
-        // Infinite if the number is too large for a double. The sign is a point, because the
-        // program never calls setlocale.
-        const double value = std::strtod(plain.c_str(), nullptr);
+        const double value = ValueOf(plain);
         return isNegative || opened == 1 ? -value : value;
     }
 

@@ -65,6 +65,9 @@ bool NoteStore::Load() {
     } catch (const base::RuntimeError& error) {
         failure = error;
     }
+    for (int rest = slot; rest <= StandardCode::maximumNotes; ++rest) {
+        Shared().NotesArray[rest] = NoteRecord{};
+    }
     TellOpenNotes();
     if (!failure || *failure == base::ErrorNumber::SubscriptOutOfRange) {
         Shared().NoteCount = static_cast<std::int16_t>(slot - 1);
@@ -79,7 +82,7 @@ bool NoteStore::Load() {
 bool NoteStore::LoadSlots(int& slot) {
     listing.clear();
     loaded = 0;
-    Earlier before{std::exchange(slotted, {}), std::exchange(Shared().NotesArray, {})};
+    Earlier before{std::exchange(slotted, {}), nullptr};
     listing = List();
     for (const forms::FileEntry& file : listing) {
         if (slot > StandardCode::maximumNotes) {
@@ -93,7 +96,6 @@ bool NoteStore::LoadSlots(int& slot) {
                 ++slot;
                 throw;
             }
-            Shared().NotesArray[slot] = NoteRecord{};
             SafeFile::PutAside(PathOf(file.name), ".damaged");
             Tell(file.name, std::nullopt);
             return false;
@@ -104,11 +106,26 @@ bool NoteStore::LoadSlots(int& slot) {
     return true;
 }
 
+void NoteStore::Earlier::MoveFrom(int slot) {
+    if (moved) {
+        return;
+    }
+    moved = std::make_unique<StandardCode::NotesTable>();
+    for (; slot <= StandardCode::maximumNotes; ++slot) {
+        (*moved)[slot] = std::exchange(Shared().NotesArray[slot], {});
+    }
+}
+
 void NoteStore::LoadSlot(int slot, const forms::FileEntry& file, Earlier& before) {
     NoteRecord& record = Shared().NotesArray[slot];
     auto known = before.slotted.extract(file.name);
+    if (!known || known.mapped().slot != slot) {
+        before.MoveFrom(slot);
+    }
     if (known && known.mapped().IsOf(file)) {
-        record = std::move(before.records[std::exchange(known.mapped().slot, slot)]);
+        if (before.moved) {
+            record = std::move((*before.moved)[std::exchange(known.mapped().slot, slot)]);
+        }
         // Insert at the end: folders are usually listed in the order of names.
         slotted.insert(slotted.end(), std::move(known));
         return;
@@ -355,7 +372,11 @@ void NoteStore::Forget(const std::string& file) {
     const auto isOfFile = [&](const auto& entry) {
         return entry.first.size() == file.size() && SafeFile::IsSameName(entry.first, file);
     };
-    std::erase_if(slotted, isOfFile);
+    for (auto& entry : slotted) {
+        if (isOfFile(entry)) {
+            entry.second = {.slot = entry.second.slot};
+        }
+    }
     std::erase_if(unslotted, isOfFile);
 }
 

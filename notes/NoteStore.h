@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <map>
 #include <memory>
 #include <optional>
@@ -110,7 +111,7 @@ class NoteStore {
   private:
     // A file as it was when it was last read.
     struct Seen {
-        std::uint64_t size = 0;
+        std::uint64_t size = std::numeric_limits<std::uint64_t>::max();  // no file has this size
         std::int64_t changed = 0;
         std::uint64_t fingerprint = 0;
         int slot = 0;  // holds the note that was read; 0: none
@@ -120,10 +121,14 @@ class NoteStore {
         }
     };
 
-    // What the last Load() read.
+    // The notes that the last Load() read. Usually they are unchanged, so their records stay in
+    // their slots until a file is found that belongs into another slot.
     struct Earlier {
         std::map<std::string, Seen> slotted;
-        StandardCode::NotesTable records;
+        std::unique_ptr<StandardCode::NotesTable> moved;  // null: no record was moved
+
+        // Moves the records of this slot and of the following slots here, unless they are here.
+        void MoveFrom(int slot);
     };
 
     // Returns whether all listed notes were loaded. Raises the error that ended the loading.
@@ -141,7 +146,8 @@ class NoteStore {
     void Forget(const std::string& file);
 
     std::vector<forms::FileEntry> listing;
-    // By file name, as listed. A file that was written since the last Load() is in neither map.
+    // By file name, as listed. If a file was written here since the last Load(), its entry is of no
+    // file's size.
     std::map<std::string, Seen> slotted;
     std::map<std::string, Seen> unslotted;  // files of open notes
     std::size_t loaded = 0;                 // number of listed files in slots, from slot 1 on

@@ -47,8 +47,8 @@ std::string WinSystem::InstanceId() {
             random.Data1 = ::GetCurrentProcessId();
             random.Data2 = static_cast<unsigned short>(::GetTickCount());
         }
-        const std::uint64_t number = std::uint64_t{random.Data1} << 32U |
-                                     std::uint64_t{random.Data2} << 16U | random.Data3;
+        const std::uint64_t number =
+            std::uint64_t{random.Data1} << 32U | std::uint64_t{random.Data2} << 16U | random.Data3;
         for (int shift = 60; shift >= 0; shift -= 4) {
             instanceId += "0123456789abcdef"[number >> shift & 0xfU];
         }
