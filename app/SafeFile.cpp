@@ -152,13 +152,9 @@ std::string Shortened(const std::string& text, std::size_t units) {
     return text.substr(0, end);
 }
 
-bool IsSameName(const std::string& a, const std::string& b) {
-    const auto comparable = [](const std::string& name) {
-        const std::size_t end = name.find_last_not_of(" .");
-        return forms::Machine().locale->ToUpper(
-            name.substr(0, end == std::string::npos ? 0 : end + 1));
-    };
-    return a == b || comparable(a) == comparable(b);
+std::string NameKey(const std::string& name) {
+    const std::size_t end = name.find_last_not_of(" .");
+    return forms::Machine().locale->ToUpper(name.substr(0, end == std::string::npos ? 0 : end + 1));
 }
 
 void MarkInUse(const std::string& folder) {

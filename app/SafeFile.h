@@ -40,8 +40,9 @@ std::size_t LongestName(const std::string& folder);
 // The beginning of the text, at most this many UTF-16 units long.
 std::string Shortened(const std::string& text, std::size_t units);
 
-// Whether both paths or names mean the same file, by the rules of the file system.
-bool IsSameName(const std::string& a, const std::string& b);
+// The form in which the file system compares names: two names or paths mean the same file if their
+// keys are equal.
+std::string NameKey(const std::string& name);
 
 // Marks the folder as in use by this program until it ends, so that other programs see it. Repeated
 // calls do nothing. Never raises an error.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/SafeFile.h"
 #include "base/RuntimeError.h"
 #include "notes/NoteEditor.h"
 #include "notes/NoteStore.h"
@@ -133,6 +134,7 @@ void EditedNote::FileHolds(std::optional<std::uint64_t> newFingerprint) {
 
 void EditedNote::SawFile(const std::string& fileName, std::uint64_t seenFingerprint) {
     file = fileName;
+    fileKey = SafeFile::NameKey(fileName);
     fingerprint = seenFingerprint;
     isFileOther = false;
     isFileGone = false;

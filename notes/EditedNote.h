@@ -33,6 +33,8 @@ class EditedNote {
     const std::string& Title() const { return title; }
     // The name of the file, without its folder; empty for a note that was never saved.
     const std::string& File() const { return file; }
+    // Whether the note has a file and the file's name has this key; see SafeFile::NameKey().
+    bool IsOfFile(const std::string& key) const { return !file.empty() && fileKey == key; }
 
     // The record that the editor showed when everything was last saved.
     const StandardCode::NoteRecord& SavedRecord() const { return saved; }
@@ -85,6 +87,7 @@ class EditedNote {
     std::shared_ptr<NoteStore> store;  // null: the editor holds no note
     std::string title;
     std::string file;
+    std::string fileKey;
     std::optional<std::uint64_t> fingerprint;  // of the file when this editor last read or wrote it
     bool isFileOther = false;
     bool isFileGone = false;

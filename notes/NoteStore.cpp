@@ -80,11 +80,11 @@ bool NoteStore::Load() {
 }
 
 bool NoteStore::LoadSlots(int& slot) {
-    listing.clear();
+    listing = Listing();
     loaded = 0;
     Earlier before{std::exchange(slotted, {}), nullptr};
-    listing = List();
-    for (const forms::FileEntry& file : listing) {
+    listing = Listing(List());
+    for (const forms::FileEntry& file : listing.Files()) {
         if (slot > StandardCode::maximumNotes) {
             throw base::RuntimeError(base::ErrorNumber::SubscriptOutOfRange);
         }
@@ -145,8 +145,9 @@ void NoteStore::Report(const base::RuntimeError& error) {
     if (quiet > 0) {
         return;
     }
-    if (reportedListing != listing) {
-        reportedListing = listing;
+    const std::vector<forms::FileEntry>& files = listing.Files();
+    if (reportedListing != files) {
+        reportedListing = files;
         reported.clear();
     }
     if (error == base::ErrorNumber::SubscriptOutOfRange) {
@@ -156,7 +157,7 @@ void NoteStore::Report(const base::RuntimeError& error) {
         }
     } else {
         // The first file that was not loaded. Empty if the folder could not be listed.
-        const std::string failing = loaded < listing.size() ? listing[loaded].name : std::string();
+        const std::string failing = loaded < files.size() ? files[loaded].name : std::string();
         if (!reported.insert({error.number(), failing}).second) {
             return;
         }
@@ -171,8 +172,12 @@ StoredNote NoteStore::Read(const forms::FileEntry& file) {
         const Seen& seen = known->second;
         return {file.name, Shared().NotesArray[seen.slot], seen.fingerprint};
     }
+    SeenRecord& seen = unslotted[file.name];
+    if (seen.record && seen.IsOf(file)) {
+        return {file.name, *seen.record, seen.fingerprint};
+    }
     StoredNote note = Read(file.name);
-    unslotted[file.name] = {file.size, file.changed, note.fingerprint};
+    seen = {{file.size, file.changed, note.fingerprint}, note.record};
     return note;
 }
 
@@ -187,7 +192,7 @@ StoredNote NoteStore::OfSlot(int slot) const {
     StoredNote note{{}, Shared().NotesArray[slot], {}};
     const auto place = static_cast<std::size_t>(slot - 1);
     if (place < loaded) {
-        note.file = listing[place].name;
+        note.file = listing.Files()[place].name;
         // If the file was written after the array was rebuilt, the slot does not hold its contents.
         const auto known = slotted.find(note.file);
         note.fingerprint = known == slotted.end() ? 0 : known->second.fingerprint;
@@ -223,10 +228,11 @@ bool NoteStore::IsTaken(const std::string& title) const {
         return false;
     }
     const std::string onDisk = Files().NameOnDisk(PathOf(file));
-    const auto loadedEnd = listing.begin() + static_cast<std::ptrdiff_t>(loaded);
+    const auto first = listing.Files().begin();
+    const auto loadedEnd = first + static_cast<std::ptrdiff_t>(loaded);
     // Compare upper and lower case in the title, but not in the extension.
     return onDisk.size() == file.size() && onDisk.starts_with(title) &&
-           std::none_of(listing.begin(), loadedEnd,
+           std::none_of(first, loadedEnd,
                         [&](const forms::FileEntry& entry) { return entry.name == onDisk; });
 }
 
@@ -306,8 +312,9 @@ void NoteStore::AdoptLeftovers() {
 
 EditedNote* NoteStore::FindOpen(const std::string& file) const {
     EditedNote* other = nullptr;
+    const std::string key = SafeFile::NameKey(file);
     for (EditedNote* note : open) {
-        if (note->File().empty() || !SafeFile::IsSameName(note->File(), file)) {
+        if (!note->IsOfFile(key)) {
             continue;
         }
         if (!note->IsFileOther()) {
@@ -320,47 +327,41 @@ EditedNote* NoteStore::FindOpen(const std::string& file) const {
 
 // Called after loading: other programs may have changed, erased or renamed the files of open notes.
 void NoteStore::TellOpenNotes() {
-    const std::map<std::string, Seen> before = std::exchange(unslotted, {});
+    std::erase_if(unslotted, [this](const auto& entry) {
+        return slotted.contains(entry.first) || listing.Find(entry.first) == nullptr;
+    });
     for (EditedNote* note : open) {
         if (note->File().empty()) {
             continue;
         }
         if (const auto known = slotted.find(note->File()); known != slotted.end()) {
             note->FileHolds(known->second.fingerprint);
+            continue;
+        }
+        if (const forms::FileEntry* file = listing.Find(note->File())) {
+            note->FileHolds(FingerprintOfUnslotted(*file));
         } else if (!Exists(note->File())) {
             note->FileHolds(std::nullopt);
-        } else if (const forms::FileEntry* file = FindListed(note->File())) {
-            note->FileHolds(FingerprintOfUnslotted(*file, before));
         }
     }
 }
 
-std::uint64_t NoteStore::FingerprintOfUnslotted(const forms::FileEntry& file,
-                                                const std::map<std::string, Seen>& before) {
-    Seen& seen = unslotted[file.name];
-    const auto last = before.find(file.name);
-    const bool isUnchanged = last != before.end() && last->second.IsOf(file);
-    if (isUnchanged && last->second.fingerprint != unknownContents) {
-        seen = last->second;
-    } else {
+std::uint64_t NoteStore::FingerprintOfUnslotted(const forms::FileEntry& file) {
+    SeenRecord& seen = unslotted[file.name];
+    const bool isUnchanged = seen.IsOf(file);
+    if (!isUnchanged || seen.fingerprint == unknownContents) {
         // If the file could not be read before and has not changed, do not wait for it again.
         const auto fingerprint = FingerprintOf(file.name, !isUnchanged);
-        seen = {file.size, file.changed, fingerprint.value_or(unknownContents)};
+        seen = {{file.size, file.changed, fingerprint.value_or(unknownContents)}, {}};
     }
     return seen.fingerprint;
 }
 
-const forms::FileEntry* NoteStore::FindListed(const std::string& file) const {
-    const auto found = std::find_if(listing.begin(), listing.end(), [&](const auto& entry) {
-        return entry.name.size() == file.size() && SafeFile::IsSameName(entry.name, file);
-    });
-    return found == listing.end() ? nullptr : &*found;
-}
-
 void NoteStore::Tell(const std::string& file, std::optional<std::uint64_t> fingerprint,
                      const EditedNote* except) {
+    const std::string key = SafeFile::NameKey(file);
     for (EditedNote* note : open) {
-        if (note != except && !note->File().empty() && SafeFile::IsSameName(note->File(), file)) {
+        if (note != except && note->IsOfFile(key)) {
             note->FileHolds(fingerprint);
         }
     }
@@ -369,15 +370,21 @@ void NoteStore::Tell(const std::string& file, std::optional<std::uint64_t> finge
 // The file system's clock may not advance between two saves. So the size and the time of a file
 // that was written here do not show whether it has changed.
 void NoteStore::Forget(const std::string& file) {
-    const auto isOfFile = [&](const auto& entry) {
-        return entry.first.size() == file.size() && SafeFile::IsSameName(entry.first, file);
-    };
-    for (auto& entry : slotted) {
-        if (isOfFile(entry)) {
-            entry.second = {.slot = entry.second.slot};
+    const std::string key = SafeFile::NameKey(file);
+    const auto forget = [&](auto& seen) {
+        auto found = seen.find(file);
+        if (found == seen.end()) {
+            found = std::find_if(seen.begin(), seen.end(), [&](const auto& entry) {
+                return entry.first.size() == file.size() && SafeFile::NameKey(entry.first) == key;
+            });
         }
-    }
-    std::erase_if(unslotted, isOfFile);
+        if (found != seen.end()) {
+            found->second.size = ofNoFile;
+            found->second.fingerprint = unknownContents;
+        }
+    };
+    forget(slotted);
+    forget(unslotted);
 }
 
 namespace StandardCode {

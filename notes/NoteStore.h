@@ -14,6 +14,7 @@
 #include "app/StandardCode.h"
 #include "base/RuntimeError.h"
 #include "forms/Devices.h"
+#include "notes/Listing.h"
 #include "notes/NoteFile.h"
 
 class EditedNote;
@@ -63,7 +64,7 @@ class NoteStore {
     bool Load();
 
     // The listing from which the last Load() rebuilt the array.
-    const std::vector<forms::FileEntry>& Listing() const { return listing; }
+    const std::vector<forms::FileEntry>& ListedFiles() const { return listing.Files(); }
     // The note files that exist now, in the order of the folder's listing.
     static std::vector<forms::FileEntry> List();
     // The note in a listed file. Does not read the file again if it has not changed since Load()
@@ -109,9 +110,12 @@ class NoteStore {
     void Remove(EditedNote& note) { std::erase(open, &note); }
 
   private:
+    // No file has this size.
+    static constexpr std::uint64_t ofNoFile = std::numeric_limits<std::uint64_t>::max();
+
     // A file as it was when it was last read.
     struct Seen {
-        std::uint64_t size = std::numeric_limits<std::uint64_t>::max();  // no file has this size
+        std::uint64_t size = ofNoFile;
         std::int64_t changed = 0;
         std::uint64_t fingerprint = 0;
         int slot = 0;  // holds the note that was read; 0: none
@@ -119,6 +123,10 @@ class NoteStore {
         bool IsOf(const forms::FileEntry& file) const {
             return size == file.size && changed == file.changed;
         }
+    };
+
+    struct SeenRecord : Seen {
+        std::optional<StandardCode::NoteRecord> record;  // empty: the file was not decoded
     };
 
     // The notes that the last Load() read. Usually they are unchanged, so their records stay in
@@ -136,21 +144,19 @@ class NoteStore {
     void LoadSlot(int slot, const forms::FileEntry& file, Earlier& before);
     void Report(const base::RuntimeError& error);
     void TellOpenNotes();
-    // The fingerprint of an open note's file that is in no slot. Reads the file only if its size or
-    // its time of change has changed since the last call.
-    std::uint64_t FingerprintOfUnslotted(const forms::FileEntry& file,
-                                         const std::map<std::string, Seen>& before);
-    const forms::FileEntry* FindListed(const std::string& file) const;
+    // The fingerprint of a listed file that is in no slot. Reads the file only if its size or its
+    // time of change has changed since it was last read.
+    std::uint64_t FingerprintOfUnslotted(const forms::FileEntry& file);
     void Tell(const std::string& file, std::optional<std::uint64_t> fingerprint,
               const EditedNote* except = nullptr);
     void Forget(const std::string& file);
 
-    std::vector<forms::FileEntry> listing;
+    Listing listing;
     // By file name, as listed. If a file was written here since the last Load(), its entry is of no
     // file's size.
     std::map<std::string, Seen> slotted;
-    std::map<std::string, Seen> unslotted;  // files of open notes
-    std::size_t loaded = 0;                 // number of listed files in slots, from slot 1 on
+    std::map<std::string, SeenRecord> unslotted;  // files beyond the last slot, and their records
+    std::size_t loaded = 0;                       // number of listed files in slots, from slot 1 on
     std::vector<forms::FileEntry> reportedListing;
     std::set<std::pair<int, std::string>> reported;  // error number and file
     std::uint64_t fullReportedIn = 0;  // action in which the lack of slots was last reported

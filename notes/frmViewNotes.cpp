@@ -137,7 +137,7 @@ void frmViewNotes::ListNotes() {
     std::vector<std::string> files;
     std::set<std::string> keys;
     NoteStore& store = StandardCode::Notes();
-    for (const forms::FileEntry& file : store.Listing()) {
+    for (const forms::FileEntry& file : store.ListedFiles()) {
         try {
             forms::ListView::Row row = RowOf(store.Read(file).record);
             // Two files may hold the same title, but keys of rows are unique.
@@ -291,6 +291,10 @@ void UnloadControlPanelIfVisible() {
 }
 
 void ActOnControlPanel(SharedEvents::PanelAction action) {
+    // When the program ends, every note closes, and nobody sees the panel again.
+    if (Notes().IsQuiet()) {
+        return;
+    }
     switch (action) {
         case SharedEvents::PanelAction::Reload:
             ReloadControlPanel();

@@ -36,6 +36,7 @@ class MemoryLock : public FileLock {
 MemoryFiles::MemoryFiles() { PutFolder("C:"); }
 
 bool MemoryFiles::FolderExists(const std::string& path) try {
+    ++looks;
     const Node* node = IsDead() ? nullptr : Find(DiskPath(path).key);
     return node != nullptr && node->isFolder;
 } catch (const base::RuntimeError&) {
@@ -43,6 +44,7 @@ bool MemoryFiles::FolderExists(const std::string& path) try {
 }
 
 bool MemoryFiles::FileExists(const std::string& path) try {
+    ++looks;
     const Node* node = IsDead() ? nullptr : Find(DiskPath(path).key);
     return node != nullptr && !node->isFolder;
 } catch (const base::RuntimeError&) {

@@ -49,6 +49,9 @@ class MemoryFiles : public FileSystem, public DiskFaults {
     std::optional<std::string> Peek(const std::string& path) const;
     // The number of times that the program has listed a folder.
     int Listings() const { return listings; }
+    // The number of times that the program has asked whether a file or a folder exists, or what its
+    // name is.
+    int Looks() const { return looks; }
     // The number of times that the program has waited for the medium.
     int Flushes() const { return flushes; }
     // The names of all files of a folder, as they are stored on the disk.
@@ -100,6 +103,7 @@ class MemoryFiles : public FileSystem, public DiskFaults {
     std::map<std::string, Node> nodes;  // by upper-case path
     std::int64_t clock = 0;
     int listings = 0;
+    int looks = 0;
     int flushes = 0;
     std::shared_ptr<std::set<std::string>> locks = std::make_shared<std::set<std::string>>();
     std::optional<std::uint64_t> freeSpace;

@@ -121,7 +121,8 @@ class ListViewPeer : public Peer {
         HIMAGELIST made = ::ImageList_Create(pixels, pixels, ILC_COLOR32 | ILC_MASK,
                                              static_cast<int>(wanted.size()), 0);
         for (const auto& image : wanted) {
-            ::ImageList_ReplaceIcon(made, -1, images::ResourceIcon(std::string(image.resource), pixels));
+            ::ImageList_ReplaceIcon(made, -1,
+                                    images::ResourceIcon(std::string(image.resource), pixels));
         }
         ::SendMessageW(handle, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(made));
         ::ImageList_Destroy(pictures);

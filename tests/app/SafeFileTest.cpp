@@ -384,10 +384,10 @@ TEST_F(SafeFileTest, InADeepFolderNamesAreNotShortenedToNothing) {
 }
 
 TEST_F(SafeFileTest, NamesAreComparedAsTheFileSystemComparesThem) {
-    EXPECT_TRUE(SafeFile::IsSameName("a.txt", "A.TXT"));
-    EXPECT_TRUE(SafeFile::IsSameName("\xc3\xa4.txt ", "\xc3\x84.TXT."));
-    EXPECT_FALSE(SafeFile::IsSameName("a .txt", "a.txt"));
-    EXPECT_FALSE(SafeFile::IsSameName("a.txt", "b.txt"));
+    EXPECT_EQ(SafeFile::NameKey("a.txt"), SafeFile::NameKey("A.TXT"));
+    EXPECT_EQ(SafeFile::NameKey("\xc3\xa4.txt "), SafeFile::NameKey("\xc3\x84.TXT."));
+    EXPECT_NE(SafeFile::NameKey("a .txt"), SafeFile::NameKey("a.txt"));
+    EXPECT_NE(SafeFile::NameKey("a.txt"), SafeFile::NameKey("b.txt"));
 }
 
 TEST_F(SafeFileTest, RemovingLeftoversFromAFolderThatCannotBeListedRaisesNothing) {

@@ -141,7 +141,7 @@ Remains GrowthTest::Count() {
             runtime->timers.Size(),
             StandardCode::Notes().OpenNotes().size(),
             shared.RecoveryPaths.size(),
-            StandardCode::Notes().Listing().size(),
+            StandardCode::Notes().ListedFiles().size(),
             shared.NoteCount,
             FilesOfNotes()};
 }

@@ -25,6 +25,26 @@ void WatchedStage::FormLoaded(forms::Form& form) {
     HeadlessStage::FormLoaded(form);
 }
 
+void WatchedStage::ShowOrHide(forms::Form& form) {
+    ++updates;
+    HeadlessStage::ShowOrHide(form);
+}
+
+void WatchedStage::FormChanged(forms::Form& form, forms::Aspect aspect) {
+    CountUpdate(form);
+    HeadlessStage::FormChanged(form, aspect);
+}
+
+void WatchedStage::ControlChanged(forms::Control& control, forms::Aspect aspect) {
+    CountUpdate(control.form);
+    HeadlessStage::ControlChanged(control, aspect);
+}
+
+void WatchedStage::MenuChanged(forms::Menu& menu, forms::Aspect aspect) {
+    CountUpdate(menu.form);
+    HeadlessStage::MenuChanged(menu, aspect);
+}
+
 std::vector<std::string> WatchedStage::Survivors() const {
     std::vector<std::string> names;
     for (const Watched& entry : watched) {

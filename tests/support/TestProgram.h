@@ -24,10 +24,19 @@ class WatchedStage : public forms::headless::HeadlessStage {
   public:
     using HeadlessStage::HeadlessStage;
     void FormLoaded(forms::Form& form) override;
+    void ShowOrHide(forms::Form& form) override;
+    void FormChanged(forms::Form& form, forms::Aspect aspect) override;
+    void ControlChanged(forms::Control& control, forms::Aspect aspect) override;
+    void MenuChanged(forms::Menu& menu, forms::Aspect aspect) override;
     // Names of the forms that still exist.
     std::vector<std::string> Survivors() const;
+    // The number of times that the stage had to show something differently.
+    int Updates() const { return updates; }
 
   private:
+    void CountUpdate(const forms::Form& form) { updates += form.IsShownOnStage() ? 1 : 0; }
+
+    int updates = 0;
     struct Watched {
         std::weak_ptr<forms::Form> form;
         std::string name;
