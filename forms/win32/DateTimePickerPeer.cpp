@@ -7,6 +7,7 @@
 #include "forms/win32/Destroying.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Peers.h"
+#include "forms/win32/TimeFormat.h"
 #include "forms/win32/Utf.h"
 
 namespace forms::win32 {
@@ -40,6 +41,13 @@ class DateTimePickerPeer : public Peer {
         }
     }
 
+    // The native control reads the user's formats only when it is created or gets this message.
+    void Restyle() override {
+        Peer::Restyle();
+        ::SendMessageW(handle, WM_SETTINGCHANGE, 0, reinterpret_cast<LPARAM>(L"intl"));
+        ShowFormat();
+    }
+
     std::optional<LRESULT> OnNotify(NMHDR& header) override {
         if (header.code != DTN_DATETIMECHANGE) {
             return std::nullopt;
@@ -59,7 +67,7 @@ class DateTimePickerPeer : public Peer {
     }
 
     void ShowFormat() {
-        const std::wstring format = Wide(picker.customFormat());
+        const std::wstring format = UnambiguousTimeFormat(Wide(picker.customFormat()));
         ::SendMessageW(handle, DTM_SETFORMATW, 0,
                        format.empty() ? 0 : reinterpret_cast<LPARAM>(format.c_str()));
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "forms/Gestures.h"
+#include "forms/win32/ForeignPointer.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Messages.h"
 #include "forms/win32/Placing.h"
@@ -17,17 +18,6 @@ constexpr int largestDpi = 1920;
 
 bool OpensInTheMiddle(const Form& form) {
     return form.centerOnScreen || form.borderStyle == BorderStyle::None;
-}
-
-// Another program can send a message with an invalid pointer. ReadProcessMemory then fails instead
-// of crashing.
-std::optional<RECT> RectAt(LPARAM address) {
-    RECT rect{};
-    SIZE_T count = 0;
-    const BOOL isRead = ::ReadProcessMemory(
-        ::GetCurrentProcess(), reinterpret_cast<const void*>(address), &rect, sizeof rect, &count);
-    const bool isWhole = isRead != FALSE && count == sizeof rect;
-    return isWhole ? std::optional(rect) : std::nullopt;
 }
 
 bool IsPlace(const RECT& rect, int captionHeight) {
@@ -231,7 +221,7 @@ void WindowPlacement::OnScaleChanged(int dpi, LPARAM suggestion) {
     if (dpi < smallestDpi || dpi > largestDpi) {
         return;
     }
-    std::optional<RECT> place = RectAt(suggestion);
+    std::optional<RECT> place = ReadAt<RECT>(suggestion);
     if (!place || !IsPlace(*place, SystemMetric(SM_CYCAPTION, dpi))) {
         RECT now{};
         ::GetWindowRect(window.handle, &now);
