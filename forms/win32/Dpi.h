@@ -21,6 +21,8 @@ int DpiOfMonitorAt(HWND window);
 struct Scale {
     int dpi = 0;
 
+    bool operator==(const Scale&) const = default;
+
     int Pixels(int twips) const { return ::MulDiv(twips, dpi, 1440); }
     // Rounds both edges, so that places that touch in twips also touch in pixels.
     RECT Pixels(const Rect& place) const;

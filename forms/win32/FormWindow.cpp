@@ -115,7 +115,9 @@ void FormWindow::Fill() {
     }
     isFilled = true;
     const Applying applying(state);
-    placement.AdaptToMonitor();
+    if (::IsIconic(handle) == 0) {
+        placement.FollowMonitor();
+    }
     menus.MakeBar(handle, *form);
     controls.Create();
     focus.MarkDefaultButton();

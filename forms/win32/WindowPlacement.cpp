@@ -82,20 +82,23 @@ void WindowPlacement::Adopt(POINT corner) {
     window.Model().top.Adopt(window.scale.Twips(corner.y));
 }
 
-void WindowPlacement::AdaptToMonitor() {
+void WindowPlacement::FollowMonitor() {
     const int dpi = DpiOf(window.handle);
     if (dpi == window.scale.dpi) {
         return;
     }
-    POINT corner = CornerOf(window);
+    const Applying applying(window.state);
+    const RECT before = NormalPlace();
+    POINT corner{before.left, before.top};
     window.scale.dpi = dpi;
-    if (OpensInTheMiddle(window.Model())) {
+    if (!window.IsFilled() && OpensInTheMiddle(window.Model())) {
         const RECT place = Wanted();
         corner = {place.left, place.top};
     }
     Adopt(corner);
     window.ApplyIcon();
     Apply();
+    window.controls.Layout();
 }
 
 void WindowPlacement::Apply() {
@@ -123,8 +126,13 @@ bool WindowPlacement::IsMinimizedOrMaximized() const {
     return ::IsIconic(window.handle) != 0 || ::IsZoomed(window.handle) != 0;
 }
 
-// The place of the window when it is restored.
-RECT WindowPlacement::RestoredPlace() const {
+// The place of the window when it is neither minimised nor maximised.
+RECT WindowPlacement::NormalPlace() const {
+    if (!IsMinimizedOrMaximized()) {
+        RECT place{};
+        ::GetWindowRect(window.handle, &place);
+        return place;
+    }
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
     ::GetWindowPlacement(window.handle, &placement);
@@ -146,11 +154,7 @@ void WindowPlacement::ComeIntoReach() {
     if (!window.IsLive()) {
         return;
     }
-    RECT place{};
-    ::GetWindowRect(window.handle, &place);
-    if (IsMinimizedOrMaximized()) {
-        place = RestoredPlace();
-    }
+    const RECT place = NormalPlace();
     if (!placing::IsReachable(place, SystemMetric(SM_CYCAPTION, window.scale.dpi))) {
         const RECT back = placing::OnScreen(place);
         const Applying applying(window.state);
@@ -159,7 +163,7 @@ void WindowPlacement::ComeIntoReach() {
     }
 }
 
-void WindowPlacement::Report() {
+void WindowPlacement::Report(bool insideChanged) {
     if (window.state.applying != 0 || !window.IsShown()) {
         return;
     }
@@ -168,6 +172,9 @@ void WindowPlacement::Report() {
     const WindowState now = ::IsIconic(window.handle) != 0   ? WindowState::Minimized
                             : ::IsZoomed(window.handle) != 0 ? WindowState::Maximized
                                                              : WindowState::Normal;
+    if (form.windowState() == WindowState::Minimized && now != WindowState::Minimized) {
+        FollowMonitor();
+    }
     RECT place{};
     ::GetWindowRect(window.handle, &place);
     // If the model's length gives the same number of pixels, keep it instead of the rounded value.
@@ -178,7 +185,8 @@ void WindowPlacement::Report() {
     const Rect bounds{report(place.left, known.left), report(place.top, known.top),
                       report(place.right - place.left, known.width),
                       report(place.bottom - place.top, known.height)};
-    if (now != form.windowState() || (now == WindowState::Normal && !(bounds == known))) {
+    if (insideChanged || now != form.windowState() ||
+        (now == WindowState::Normal && !(bounds == known))) {
         gestures::Resize(form, bounds, now);
     }
 }
@@ -218,7 +226,10 @@ void WindowPlacement::OnMinMaxInfo(MINMAXINFO& info) const {
 }
 
 void WindowPlacement::OnScaleChanged(int dpi, LPARAM suggestion) {
-    if (dpi < smallestDpi || dpi > largestDpi) {
+    // While a window is minimised or hidden, the suggestion and even the resolution may be those of
+    // another monitor. FollowMonitor adapts the window when it is back.
+    const bool isAway = !window.IsShown() || ::IsIconic(window.handle) != 0;
+    if (isAway || dpi < smallestDpi || dpi > largestDpi) {
         return;
     }
     std::optional<RECT> place = ReadAt<RECT>(suggestion);

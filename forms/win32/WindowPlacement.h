@@ -23,11 +23,12 @@ class WindowPlacement {
     // Sets the form's place to the upper left corner of the window.
     void Adopt(POINT corner);
     // If the user has moved, sized or changed the window's state, sets the form's place, size and
-    // state.
-    void Report();
-    // A window is created at the system's resolution. Adapts it if its monitor has another
-    // resolution.
-    void AdaptToMonitor();
+    // state. insideChanged: the size of the inside may have changed although that of the window has
+    // not.
+    void Report(bool insideChanged = false);
+    // Adapts a window that is not minimised to the resolution of its monitor. A window is created
+    // at the system's resolution, and keeps its resolution while it is hidden or minimised.
+    void FollowMonitor();
     // Called when the monitors have changed. Moves the window onto a monitor if the user cannot
     // reach it.
     void ComeIntoReach();
@@ -37,7 +38,7 @@ class WindowPlacement {
   private:
     SIZE OuterSize() const;
     std::vector<POINT> TakenCorners() const;
-    RECT RestoredPlace() const;
+    RECT NormalPlace() const;
     POINT RestoredOrigin() const;
     bool IsMinimizedOrMaximized() const;
     void OnMinMaxInfo(MINMAXINFO& info) const;

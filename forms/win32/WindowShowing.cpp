@@ -52,6 +52,14 @@ void MakeActive(HWND window) {
 }  // namespace
 
 void WindowShowing::Apply() {
+    const Scale before = window.scale;
+    ApplyNow();
+    if (!(window.scale == before) && window.IsLive()) {
+        window.placement.Report(true);
+    }
+}
+
+void WindowShowing::ApplyNow() {
     const Applying applying(window.state);
     if (!window.Model().IsVisible()) {
         Hide();
@@ -101,6 +109,7 @@ void WindowShowing::Show() {
             window.Fill();
             if (!wasShown || ::IsZoomed(handle) == 0) {
                 ::ShowWindow(handle, SW_SHOWMAXIMIZED);
+                window.placement.FollowMonitor();
             }
             return;
         case WindowState::Normal:
@@ -109,7 +118,9 @@ void WindowShowing::Show() {
     window.Fill();
     if (::IsIconic(handle) != 0 || ::IsZoomed(handle) != 0) {
         ::ShowWindow(handle, becomesActive ? SW_RESTORE : SW_SHOWNOACTIVATE);
+        window.placement.FollowMonitor();
     } else if (!wasShown) {
+        window.placement.FollowMonitor();
         // Unlike the first ShowWindow, SetWindowPos does not depend on how the program was started.
         ::SetWindowPos(handle, HWND_TOP, 0, 0, 0, 0,
                        SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE |

@@ -33,6 +33,7 @@ class WindowShowing {
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam);
 
   private:
+    void ApplyNow();
     void Show();
     void TakeModalOwner();
     void Activate();
