@@ -4,14 +4,13 @@
 #include <map>
 #include <tuple>
 
-#include "forms/win32/Dpi.h"
 #include "forms/win32/Utf.h"
 
 namespace forms::win32::fonts {
 
 namespace {
 
-using Key = std::tuple<std::string, int, bool, int>;
+using Key = std::tuple<std::string, int, bool, int, int>;
 
 std::map<Key, HFONT>& Cache() {
     static std::map<Key, HFONT> cache;
@@ -20,12 +19,14 @@ std::map<Key, HFONT>& Cache() {
 
 }  // namespace
 
-HFONT Get(const std::string& name, int points, bool bold, int dpi) {
-    HFONT& font = Cache()[Key(name, points, bold, dpi)];
+HFONT Get(const std::string& name, int points, bool bold, const Scale& scale) {
+    HFONT& font = Cache()[Key(name, points, bold, scale.dpi, scale.text)];
     if (font == nullptr) {
-        LOGFONTW description = MessageFont(dpi);
-        if (points > 0) {
-            description.lfHeight = -::MulDiv(points, dpi, 72);
+        LOGFONTW description = MessageFont(scale.dpi);
+        if (const int chosen = TextPercent(); points == 0 && scale.text < chosen) {
+            description.lfHeight = ::MulDiv(description.lfHeight, scale.text, chosen);
+        } else if (points > 0) {
+            description.lfHeight = -scale.PixelsOfPoints(points);
             description.lfWidth = 0;
         }
         if (bold) {

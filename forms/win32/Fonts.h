@@ -4,14 +4,17 @@
 
 #include <string>
 
+#include "forms/win32/Dpi.h"
+
 namespace forms::win32 {
 
 // Fonts are created once and kept, because a hundred windows share a few fonts.
 namespace fonts {
 
-// If points is 0, the font has the size of the user's message font. If name is empty, it has its
+// If points is 0, the font has the size of the user's message font, or a smaller one if the scale
+// has a smaller text. If name is empty, it has its
 // face.
-HFONT Get(const std::string& name, int points, bool bold, int dpi);
+HFONT Get(const std::string& name, int points, bool bold, const Scale& scale);
 
 // Call it when the user has chosen another message font. Windows must then call Get again. The old
 // fonts stay valid, because controls may still draw with them.

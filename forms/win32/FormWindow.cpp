@@ -91,7 +91,7 @@ bool FormWindow::CreateBare() {
     }();
     (void)registered;
     const Applying applying(state);
-    scale.dpi = SystemDpi();
+    scale = placement.ScaleAt(SystemDpi());
     const RECT place = placement.Wanted();
     beingMade = this;
     handle = ::CreateWindowExW(ExtendedStyleOf(*form), className, CaptionOf(*form).c_str(),
@@ -113,15 +113,16 @@ void FormWindow::Fill() {
     if (isFilled) {
         return;
     }
-    isFilled = true;
     const Applying applying(state);
     if (::IsIconic(handle) == 0) {
         placement.FollowMonitor();
     }
+    isFilled = true;
     menus.MakeBar(handle, *form);
     controls.Create();
     focus.MarkDefaultButton();
     ::SendMessageW(handle, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
+    placement.RestoreInnerSize();
 }
 
 void FormWindow::Apply(Aspect aspect) {

@@ -28,7 +28,7 @@ class LabelPeer : public SurfacePeer {
 
   protected:
     HFONT Font() const override {
-        return fonts::Get(label.fontName, label.fontSize, label.bold, window.scale.dpi);
+        return fonts::Get(label.fontName, label.fontSize, label.bold, window.scale);
     }
 
     void PaintOver(HDC dc, const RECT& inside) override {

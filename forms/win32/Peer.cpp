@@ -40,7 +40,7 @@ void Peer::CreateNative(const wchar_t* className, const std::string& text, DWORD
     ::SetWindowSubclass(handle, &Peer::Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
 }
 
-HFONT Peer::Font() const { return fonts::Get(std::string(), 0, false, window.scale.dpi); }
+HFONT Peer::Font() const { return fonts::Get(std::string(), 0, false, window.scale); }
 
 void Peer::Apply(Aspect aspect) {
     if (handle == nullptr) {

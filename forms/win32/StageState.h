@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "forms/win32/Dpi.h"
+
 namespace forms::win32 {
 
 class FormWindow;
@@ -15,6 +17,7 @@ struct StageState {
     std::vector<FormWindow*> windows;  // all existing windows, in the order of their last use
     HWND utility = nullptr;            // hidden; see UtilityWindow.h
     std::wstring savingText;           // see ApplicationInfo
+    int textPercent = TextPercent();   // see Scale; follows the user's settings
     // Above 0 while the stage itself shows, moves or activates windows. Messages that the system
     // sends meanwhile are not gestures.
     int applying = 0;

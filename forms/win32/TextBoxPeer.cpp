@@ -83,7 +83,7 @@ class TextBoxPeer : public Peer {
 
   protected:
     HFONT Font() const override {
-        return fonts::Get(std::string(), textBox.fontSize, false, window.scale.dpi);
+        return fonts::Get(std::string(), textBox.fontSize, false, window.scale);
     }
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {

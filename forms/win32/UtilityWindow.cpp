@@ -160,10 +160,12 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             if (wParam == SPI_SETNONCLIENTMETRICS) {
                 fonts::Forget();
+                state.textPercent = TextPercent();
             }
             if (wParam == SPI_SETNONCLIENTMETRICS || IsAboutFormats(lParam)) {
-                for (FormWindow* form : state.windows) {
-                    form->controls.Layout();
+                const std::vector<FormWindow*> windows = state.windows;
+                for (FormWindow* form : windows) {
+                    form->placement.FollowUserSettings();
                 }
             }
             return 0;

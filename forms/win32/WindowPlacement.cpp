@@ -39,6 +39,21 @@ RECT PlaceAt(POINT corner, SIZE size) {
 
 }  // namespace
 
+Scale WindowPlacement::ScaleAt(int dpi) const {
+    Scale scale{dpi, window.state.textPercent};
+    const Form& form = window.Model();
+    if (scale.text > 100 && form.innerWidth > 0 && form.innerHeight > 0) {
+        const RECT work = placing::WorkAreaFor(window.handle);
+        const SIZE frame = FrameSizeOf(form, dpi);
+        const Scale normal{dpi};
+        const int fitting = std::min(
+            ::MulDiv(work.right - work.left - frame.cx, 100, normal.Pixels(form.innerWidth)),
+            ::MulDiv(work.bottom - work.top - frame.cy, 100, normal.Pixels(form.innerHeight)));
+        scale.text = std::clamp(fitting, 100, scale.text);
+    }
+    return scale;
+}
+
 // The size in the model. If the model gives the inner size, it is exact to the pixel.
 SIZE WindowPlacement::OuterSize() const {
     const Form& form = window.Model();
@@ -83,14 +98,20 @@ void WindowPlacement::Adopt(POINT corner) {
 }
 
 void WindowPlacement::FollowMonitor() {
-    const int dpi = DpiOf(window.handle);
-    if (dpi == window.scale.dpi) {
+    const Scale now = ScaleAt(DpiOf(window.handle));
+    if (now == window.scale) {
+        RestoreInnerSize();
         return;
     }
     const Applying applying(window.state);
     const RECT before = NormalPlace();
     POINT corner{before.left, before.top};
-    window.scale.dpi = dpi;
+    const bool isTextLarger = now.text > window.scale.text;
+    window.scale = now;
+    if (isTextLarger) {
+        const RECT place = placing::OnScreen(PlaceAt(corner, OuterSize()));
+        corner = {place.left, place.top};
+    }
     if (!window.IsFilled() && OpensInTheMiddle(window.Model())) {
         const RECT place = Wanted();
         corner = {place.left, place.top};
@@ -98,7 +119,27 @@ void WindowPlacement::FollowMonitor() {
     Adopt(corner);
     window.ApplyIcon();
     Apply();
+    RestoreInnerSize();
     window.controls.Layout();
+}
+
+void WindowPlacement::FollowUserSettings() {
+    if (!window.IsLive()) {
+        return;
+    }
+    {
+        const Applying applying(window.state);
+        // Not every system gives a window its new frame by itself.
+        ::SetWindowPos(window.handle, nullptr, 0, 0, 0, 0,
+                       SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        if (!IsAway()) {
+            FollowMonitor();
+        }
+        window.controls.Layout();
+    }
+    if (!IsAway()) {
+        Report(true);
+    }
 }
 
 void WindowPlacement::Apply() {
@@ -121,6 +162,8 @@ void WindowPlacement::Apply() {
     }
     ::SetWindowPlacement(window.handle, &placement);
 }
+
+bool WindowPlacement::IsAway() const { return !window.IsShown() || ::IsIconic(window.handle) != 0; }
 
 bool WindowPlacement::IsMinimizedOrMaximized() const {
     return ::IsIconic(window.handle) != 0 || ::IsZoomed(window.handle) != 0;
@@ -228,8 +271,7 @@ void WindowPlacement::OnMinMaxInfo(MINMAXINFO& info) const {
 void WindowPlacement::OnScaleChanged(int dpi, LPARAM suggestion) {
     // While a window is minimised or hidden, the suggestion and even the resolution may be those of
     // another monitor. FollowMonitor adapts the window when it is back.
-    const bool isAway = !window.IsShown() || ::IsIconic(window.handle) != 0;
-    if (isAway || dpi < smallestDpi || dpi > largestDpi) {
+    if (IsAway() || dpi < smallestDpi || dpi > largestDpi) {
         return;
     }
     std::optional<RECT> place = ReadAt<RECT>(suggestion);
@@ -242,13 +284,13 @@ void WindowPlacement::OnScaleChanged(int dpi, LPARAM suggestion) {
     }
     Rescale(dpi, *place);
     if (!sizing) {
-        Report();
+        Report(true);
     }
 }
 
 void WindowPlacement::Rescale(int dpi, const RECT& place) {
     const Applying applying(window.state);
-    window.scale.dpi = dpi;
+    window.scale = ScaleAt(dpi);
     ::SetWindowPos(window.handle, nullptr, place.left, place.top, place.right - place.left,
                    place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
     RestoreInnerSize();
@@ -260,16 +302,22 @@ void WindowPlacement::Rescale(int dpi, const RECT& place) {
 // does not grow at all.
 void WindowPlacement::RestoreInnerSize() {
     const Form& form = window.Model();
-    if (!window.IsFilled() || form.innerWidth == 0 || form.borderStyle == BorderStyle::Sizable) {
+    if (!window.IsFilled() || form.innerWidth == 0 || form.borderStyle == BorderStyle::Sizable ||
+        IsMinimizedOrMaximized()) {
         return;
     }
     RECT outer{};
     RECT inside{};
     ::GetWindowRect(window.handle, &outer);
     ::GetClientRect(window.handle, &inside);
-    ::SetWindowPos(window.handle, nullptr, 0, 0,
-                   outer.right - outer.left + window.scale.Pixels(form.innerWidth) - inside.right,
-                   outer.bottom - outer.top + window.scale.Pixels(form.innerHeight) - inside.bottom,
+    const LONG moreWidth = window.scale.Pixels(form.innerWidth) - inside.right;
+    const LONG moreHeight = window.scale.Pixels(form.innerHeight) - inside.bottom;
+    if (moreWidth == 0 && moreHeight == 0) {
+        return;
+    }
+    const Applying applying(window.state);
+    ::SetWindowPos(window.handle, nullptr, 0, 0, outer.right - outer.left + moreWidth,
+                   outer.bottom - outer.top + moreHeight,
                    SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+#include "forms/win32/Dpi.h"
+
 namespace forms::win32 {
 
 class FormWindow;
@@ -16,6 +18,9 @@ class WindowPlacement {
     WindowPlacement(const WindowPlacement&) = delete;
     WindowPlacement& operator=(const WindowPlacement&) = delete;
 
+    // The window's scale at this resolution. The text is smaller than the user has chosen if the
+    // window would otherwise be larger than its monitor.
+    Scale ScaleAt(int dpi) const;
     // The place where the window opens.
     RECT Wanted() const;
     // Moves and sizes the window to the form's place and size.
@@ -26,9 +31,14 @@ class WindowPlacement {
     // state. insideChanged: the size of the inside may have changed although that of the window has
     // not.
     void Report(bool insideChanged = false);
-    // Adapts a window that is not minimised to the resolution of its monitor. A window is created
-    // at the system's resolution, and keeps its resolution while it is hidden or minimised.
+    // Adapts a window that is not minimised to the scale of its monitor. A window is created at the
+    // system's resolution, and keeps its scale while it is hidden or minimised.
     void FollowMonitor();
+    // Called when the user has chosen other fonts, title bars, borders or formats.
+    void FollowUserSettings();
+    // Gives a window of fixed size the inside that its form says, if its frame has another height
+    // or width than the system announced.
+    void RestoreInnerSize();
     // Called when the monitors have changed. Moves the window onto a monitor if the user cannot
     // reach it.
     void ComeIntoReach();
@@ -45,7 +55,7 @@ class WindowPlacement {
     // suggestion is the address of the RECT for the window's new place. It may be invalid.
     void OnScaleChanged(int dpi, LPARAM suggestion);
     void Rescale(int dpi, const RECT& place);
-    void RestoreInnerSize();
+    bool IsAway() const;
 
     FormWindow& window;
     bool sizing = false;  // whether the user is dragging the window or its border
