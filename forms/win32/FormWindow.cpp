@@ -258,7 +258,7 @@ std::optional<LRESULT> FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM
         result = focus.OnMessage(message, wParam, lParam);
     }
     if (!result) {
-        result = showing.OnMessage(message, wParam);
+        result = showing.OnMessage(message, wParam, lParam);
     }
     // placement must be the last part that gets the message, because its handlers may unload the
     // form and still leave the message to the system.

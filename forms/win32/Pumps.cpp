@@ -3,11 +3,11 @@
 #include <commdlg.h>
 
 #include <algorithm>
-#include <cwchar>
 #include <vector>
 
 #include "forms/Runtime.h"
 #include "forms/win32/BoxText.h"
+#include "forms/win32/Foreground.h"
 #include "forms/win32/Internal.h"
 #include "forms/win32/LateLibrary.h"
 #include "forms/win32/Utf.h"
@@ -60,14 +60,27 @@ bool CanOwn(HWND window) {
            ::IsWindowEnabled(window) != 0;
 }
 
+// The form's window or box that this window belongs to. For example, the calendar of a date picker
+// belongs to a form. It closes when a box opens, and would take the box with it if it owned the
+// box.
+HWND FormOrBox(HWND window) {
+    while (window != nullptr && FormWindow::From(window) == nullptr && !IsBox(window)) {
+        window = ::GetWindow(window, GW_OWNER);
+    }
+    return window;
+}
+
 // The owner for a box or dialog: the window that the user is using, if any.
 HWND OwnerForBox() {
-    if (HWND active = ::GetActiveWindow(); CanOwn(active)) {
-        return active;
+    HWND owner = FormOrBox(::GetActiveWindow());
+    if (!CanOwn(owner)) {
+        const Form* form = Runtime::Current().ActiveForm();
+        const FormWindow* window = form != nullptr ? FormWindow::Existing(*form) : nullptr;
+        owner = window != nullptr && CanOwn(window->handle) ? window->handle : nullptr;
     }
-    const Form* form = Runtime::Current().ActiveForm();
-    const FormWindow* window = form != nullptr ? FormWindow::Existing(*form) : nullptr;
-    return window != nullptr && CanOwn(window->handle) ? window->handle : nullptr;
+    // While the user is in another program, only a flashing button in the task bar tells of the
+    // box. A box without an owner has its own button.
+    return owner != nullptr && (HasForeground() || HasTaskbarButton(owner)) ? owner : nullptr;
 }
 
 // Disables the existing windows while a box is open. The system itself disables the owner. If there
@@ -129,9 +142,7 @@ UINT BoxFlags(const MsgBoxOptions& options) {
 }
 
 BOOL CALLBACK EndBox(HWND window, LPARAM /*data*/) {
-    wchar_t name[16] = L"";
-    ::GetClassNameW(window, name, static_cast<int>(std::size(name)));
-    if (std::wcscmp(name, L"#32770") == 0) {
+    if (IsBox(window)) {
         ::EndDialog(window, IDCANCEL);
     }
     return TRUE;

@@ -30,7 +30,7 @@ class WindowShowing {
     // The owner of the window when it is not modal. May be null.
     HWND BaseOwner() const;
 
-    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam);
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
   private:
     void ApplyNow();
@@ -38,6 +38,8 @@ class WindowShowing {
     void TakeModalOwner();
     void Activate();
     bool CanBeActive() const;
+    HWND Answering() const;
+    void LeadToAnswering();
     FormWindow* Successor() const;
     void MarkUsed();
     void GoBackToBaseOwner();
