@@ -143,6 +143,7 @@ void FormWindow::Apply(Aspect aspect) {
         case Aspect::TopMost:
             ::SetWindowPos(handle, form->IsTopMost() ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
                            SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+            WindowShowing::KeepAnsweringOnTop(state);
             break;
         default:
             break;

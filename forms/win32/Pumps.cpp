@@ -168,8 +168,10 @@ void Run(const std::function<bool()>& goesOn) {
 
 BoxResult ShowMessageBox(StageState& state, const BoxRequest& request) {
     HWND owner = OwnerForBox();
-    const UINT flags =
-        BoxFlags(request.options) | (owner == nullptr ? UINT{MB_TASKMODAL} : UINT{0});
+    UINT flags = BoxFlags(request.options) | (owner == nullptr ? UINT{MB_TASKMODAL} : UINT{0});
+    if (WindowShowing::IsTopMostShown(state)) {
+        flags |= MB_TOPMOST;
+    }
     const std::wstring text = TextThatFits(Wide(request.text));
     const std::wstring caption = Wide(request.caption);
     int answer = 0;

@@ -15,6 +15,11 @@ bool IsPress(UINT message) {
     return message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN || message == WM_MBUTTONDOWN;
 }
 
+void PutOnTop(HWND window) {
+    ::SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0,
+                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+}
+
 // Makes the window the program's active one. Does not take the foreground from another program.
 void MakeActive(HWND window) {
     if (HasForeground()) {
@@ -47,6 +52,9 @@ void WindowShowing::ApplyNow() {
         Activate();
     }
     wantsForeground = false;
+    if (window.Model().IsTopMost() || window.Model().IsModal()) {
+        KeepAnsweringOnTop(window.state);
+    }
     // A window that a box disables must not cover the box, because the user could not answer it.
     if (boxes > 0 && ::IsIconic(window.handle) == 0) {
         if (HWND box = OpenBox(); box != nullptr) {
@@ -179,6 +187,26 @@ void WindowShowing::BringToForeground() {
     ::SetForegroundWindow(Answering());
 }
 
+bool WindowShowing::IsTopMostShown(const StageState& state) {
+    return std::any_of(state.windows.begin(), state.windows.end(), [](const FormWindow* window) {
+        return window->IsLive() && window->Model().IsTopMost() && window->IsShown();
+    });
+}
+
+void WindowShowing::KeepAnsweringOnTop(const StageState& state) {
+    if (!IsTopMostShown(state)) {
+        return;
+    }
+    for (const FormWindow* window : state.windows) {
+        if (window->IsLive() && window->Model().IsModal() && window->IsShown()) {
+            PutOnTop(window->handle);
+        }
+    }
+    if (HWND box = OpenBox(); box != nullptr) {
+        PutOnTop(box);
+    }
+}
+
 // The window itself. If it is disabled, the box or modal window that the user must close first.
 HWND WindowShowing::Answering() const {
     if (HWND box = boxes > 0 ? OpenBox() : nullptr; box != nullptr) {
@@ -242,7 +270,7 @@ std::optional<LRESULT> WindowShowing::OnMessage(UINT message, WPARAM wParam, LPA
             }
             return std::nullopt;
         case WM_ACTIVATE:
-            OnActivate(wParam);
+            OnActivate(wParam, reinterpret_cast<HWND>(lParam));
             return 0;
         case WM_SIZE:
             OnSize(wParam);
@@ -252,9 +280,12 @@ std::optional<LRESULT> WindowShowing::OnMessage(UINT message, WPARAM wParam, LPA
     }
 }
 
-void WindowShowing::OnActivate(WPARAM wParam) {
+void WindowShowing::OnActivate(WPARAM wParam, HWND other) {
     const bool isMinimized = HIWORD(wParam) != 0;
     if (LOWORD(wParam) == WA_INACTIVE) {
+        if (other != nullptr && IsBox(other) && IsTopMostShown(window.state)) {
+            PutOnTop(other);
+        }
         return;
     }
     if (window.state.applying == 0 && ::IsWindowEnabled(window.handle) == 0) {

@@ -22,6 +22,17 @@ class frmDialog : public LoggingForm {
 class AnsweringTest : public conformance::StandTest {
   protected:
     static HWND HandleOf(Form& form) { return FormWindow::Existing(form)->handle; }
+    static bool IsTopMost(HWND window) {
+        return (::GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+    }
+    static bool IsAbove(HWND upper, HWND lower) {
+        for (HWND window = lower; window != nullptr; window = ::GetWindow(window, GW_HWNDPREV)) {
+            if (window == upper) {
+                return true;
+            }
+        }
+        return false;
+    }
     // What the system does if the user chooses the button of the window in the task bar.
     static void ChooseInTaskBar(HWND window) {
         ::SetForegroundWindow(window);
@@ -80,6 +91,47 @@ TEST_F(AnsweringTest, DisabledWindowsLeadToTheModalWindow) {
         stand->CloseBox(form);
     });
     Start([] { Default<frmThird>().ShowModal(); });
+}
+
+TEST_F(AnsweringTest, ABoxIsAboveWindowsThatAreAlwaysOnTop) {
+    ShowTwo();
+    Start([] { Default<frmSecond>().MakeTopMost(); });
+    ExpectMessage("Look", "Message", [this] {
+        HWND box = OpenBox();
+        EXPECT_TRUE(IsTopMost(box));
+        EXPECT_TRUE(IsAbove(box, HandleOf(Default<frmSecond>())));
+        Start([] {
+            Default<frmThird>().Show();
+            Default<frmThird>().MakeTopMost();
+        });
+        EXPECT_TRUE(IsTopMost(HandleOf(Default<frmThird>())));
+        EXPECT_TRUE(IsAbove(box, HandleOf(Default<frmThird>())));
+    });
+    Start([] { MsgBox("Look", {}, "Message"); });
+}
+
+TEST_F(AnsweringTest, AModalWindowIsAboveWindowsThatAreAlwaysOnTop) {
+    ShowTwo();
+    Start([] { Default<frmSecond>().MakeTopMost(); });
+    stand->ExpectModal<frmThird>([this](frmThird& form) {
+        EXPECT_TRUE(IsAbove(HandleOf(form), HandleOf(Default<frmSecond>())));
+        stand->CloseBox(form);
+    });
+    Start([] { Default<frmThird>().ShowModal(); });
+}
+
+TEST_F(AnsweringTest, AWindowThatIsAlwaysOnTopOpensBelowABoxThatWaits) {
+    Start([] { Default<frmFirst>().Show(); });
+    ExpectMessage("Look", "Message", [this] {
+        HWND box = OpenBox();
+        EXPECT_FALSE(IsTopMost(box));
+        Start([] {
+            Default<frmSecond>().Show();
+            Default<frmSecond>().MakeTopMost();
+        });
+        EXPECT_TRUE(IsAbove(box, HandleOf(Default<frmSecond>())));
+    });
+    Start([] { MsgBox("Look", {}, "Message"); });
 }
 
 // Like the calendar of a date picker, which is destroyed when it loses the focus.
