@@ -8,6 +8,7 @@
 #include "forms/Runtime.h"
 #include "forms/win32/Destroying.h"
 #include "forms/win32/Images.h"
+#include "forms/win32/QuietWait.h"
 #include "forms/win32/Utf.h"
 #include "forms/win32/UtilityWindow.h"
 #include "forms/win32/WindowStyle.h"
@@ -22,6 +23,26 @@ constexpr wchar_t className[] = L"FormWindow";
 constexpr std::size_t longestCaption = 1024;
 
 std::wstring CaptionOf(const Form& form) { return Wide(form.caption()).substr(0, longestCaption); }
+
+// Whether the message may report something that the user has done. Messages of the session's end
+// come to another window.
+bool MayRunHandlers(UINT message) {
+    switch (message) {
+        case WM_ACTIVATE:
+        case WM_MOVE:
+        case WM_SIZE:
+        case WM_CLOSE:
+        case WM_COMMAND:
+        case WM_CONTEXTMENU:
+        case WM_MOUSEMOVE:
+        case WM_LBUTTONUP:
+        case WM_RBUTTONUP:
+        case WM_MBUTTONUP:
+            return true;
+        default:
+            return false;
+    }
+}
 
 // Links a form to its window. Destroyed when the form is unloaded.
 struct Link : Form::StageData {
@@ -233,6 +254,10 @@ LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam,
 }
 
 std::optional<LRESULT> FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (IsWaitingQuietly() && MayRunHandlers(message)) {
+        ::PostMessageW(handle, message, wParam, lParam);
+        return 0;
+    }
     switch (message) {
         case WM_COMMAND:
             OnCommand(wParam, lParam);
