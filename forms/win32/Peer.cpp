@@ -103,6 +103,11 @@ LRESULT Peer::Default(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void Peer::ReportMouseUp(int button, LPARAM where) {
+    RECT inside{};
+    ::GetClientRect(handle, &inside);
+    if (::PtInRect(&inside, {GET_X_LPARAM(where), GET_Y_LPARAM(where)}) == 0) {
+        return;
+    }
     gestures::MouseUp(control, button, window.scale.Twips(GET_X_LPARAM(where)),
                       window.scale.Twips(GET_Y_LPARAM(where)));
 }
@@ -123,9 +128,18 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
             }
             return result;
         }
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+            window.state.presses.Press(leftButton, &control);
+            return std::nullopt;
+        case WM_RBUTTONDOWN:
+        case WM_RBUTTONDBLCLK:
+            window.state.presses.Press(rightButton, &control);
+            return std::nullopt;
         case WM_LBUTTONUP: {
+            const bool wasPressed = window.state.presses.Release(leftButton, &control);
             const LRESULT result = Default(message, wParam, lParam);
-            if (window.IsLive()) {
+            if (wasPressed && window.IsLive()) {
                 ReportMouseUp(leftButton, lParam);
             }
             return result;
@@ -133,7 +147,9 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
         case WM_RBUTTONUP:
             if (control.MouseUp) {
                 // The handler replaces the control's own menu.
-                ReportMouseUp(rightButton, lParam);
+                if (window.state.presses.Release(rightButton, &control)) {
+                    ReportMouseUp(rightButton, lParam);
+                }
                 return 0;
             }
             return std::nullopt;

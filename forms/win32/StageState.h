@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "forms/win32/Dpi.h"
+#include "forms/win32/Presses.h"
 
 namespace forms::win32 {
 
@@ -25,6 +26,7 @@ struct StageState {
     // clicked.
     bool movingFocus = false;
     bool hourglass = false;
+    Presses presses;
     // The place for a menu that the user opens by keyboard, in screen pixels. Empty: at the
     // pointer.
     std::optional<POINT> menuPlace;

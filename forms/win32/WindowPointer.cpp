@@ -26,6 +26,17 @@ Control* ControlAt(const FormWindow& window, POINT point) {
                                     window.scale.MiddleTwips(point.y));
 }
 
+// The control or form at this point. Null outside the window.
+const void* TargetAt(const FormWindow& window, POINT point) {
+    RECT inside{};
+    ::GetClientRect(window.handle, &inside);
+    if (::PtInRect(&inside, point) == 0) {
+        return nullptr;
+    }
+    const Control* control = ControlAt(window, point);
+    return control != nullptr ? static_cast<const void*>(control) : &window.Model();
+}
+
 }  // namespace
 
 std::optional<LRESULT> WindowPointer::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -33,6 +44,15 @@ std::optional<LRESULT> WindowPointer::OnMessage(UINT message, WPARAM wParam, LPA
         case WM_MOUSEMOVE:
             OnMove(wParam, lParam);
             return 0;
+        case WM_LBUTTONDOWN:
+            OnButtonDown(leftButton, PointOf(lParam));
+            return std::nullopt;
+        case WM_RBUTTONDOWN:
+            OnButtonDown(rightButton, PointOf(lParam));
+            return std::nullopt;
+        case WM_MBUTTONDOWN:
+            OnButtonDown(middleButton, PointOf(lParam));
+            return std::nullopt;
         case WM_LBUTTONUP:
             OnButtonUp(leftButton, PointOf(lParam));
             return 0;
@@ -84,7 +104,19 @@ void WindowPointer::OnMove(WPARAM wParam, LPARAM lParam) {
     }
 }
 
+void WindowPointer::OnButtonDown(int button, POINT point) {
+    window.state.presses.Press(button, TargetAt(window, point));
+    // So that a release outside the window is seen too.
+    ::SetCapture(window.handle);
+}
+
 void WindowPointer::OnButtonUp(int button, POINT point) {
+    if (::GetCapture() == window.handle) {
+        ::ReleaseCapture();
+    }
+    if (!window.state.presses.Release(button, TargetAt(window, point))) {
+        return;
+    }
     const Scale& scale = window.scale;
     Control* control = ControlAt(window, point);
     if (control == nullptr) {
