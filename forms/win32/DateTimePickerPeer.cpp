@@ -23,6 +23,7 @@ class DateTimePickerPeer : public Peer {
         upDown = picker.upDown;
         const DWORD style = upDown ? DTS_UPDOWN | DTS_TIMEFORMAT : DTS_SHORTDATEFORMAT;
         CreateNative(DATETIMEPICK_CLASSW, std::string(), WS_TABSTOP | style);
+        SetCalendarFont();
         ShowFormat();
         ShowValue();
     }
@@ -44,6 +45,7 @@ class DateTimePickerPeer : public Peer {
     // The native control reads the user's formats only when it is created or gets this message.
     void Restyle() override {
         Peer::Restyle();
+        SetCalendarFont();
         ::SendMessageW(handle, WM_SETTINGCHANGE, 0, reinterpret_cast<LPARAM>(L"intl"));
         ShowFormat();
     }
@@ -64,6 +66,10 @@ class DateTimePickerPeer : public Peer {
         return picker.customFormat().empty()
                    ? picker.upDown()
                    : picker.customFormat().find_first_of("hHmt") != std::string::npos;
+    }
+
+    void SetCalendarFont() const {
+        ::SendMessageW(handle, DTM_SETMCFONT, reinterpret_cast<WPARAM>(Font()), FALSE);
     }
 
     void ShowFormat() {

@@ -78,7 +78,9 @@ int SystemMetric(int index, int dpi) {
     return value != 0 ? value : ::MulDiv(::GetSystemMetrics(index), dpi, SystemDpi());
 }
 
-LOGFONTW MessageFont(int dpi) {
+namespace {
+
+NONCLIENTMETRICSW FrameMetrics(int dpi) {
     static const auto getParameters =
         FromUser32<BOOL(WINAPI*)(UINT, UINT, PVOID, UINT, UINT)>("SystemParametersInfoForDpi");
     NONCLIENTMETRICSW metrics{};
@@ -86,10 +88,18 @@ LOGFONTW MessageFont(int dpi) {
     if (getParameters == nullptr || getParameters(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics,
                                                   0, static_cast<UINT>(dpi)) == FALSE) {
         ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-        metrics.lfMessageFont.lfHeight = ::MulDiv(metrics.lfMessageFont.lfHeight, dpi, SystemDpi());
+        for (LOGFONTW* font : {&metrics.lfMessageFont, &metrics.lfStatusFont}) {
+            font->lfHeight = ::MulDiv(font->lfHeight, dpi, SystemDpi());
+        }
     }
-    return metrics.lfMessageFont;
+    return metrics;
 }
+
+}  // namespace
+
+LOGFONTW MessageFont(int dpi) { return FrameMetrics(dpi).lfMessageFont; }
+
+LOGFONTW TipFont(int dpi) { return FrameMetrics(dpi).lfStatusFont; }
 
 int TextPercent() {
     // A high resolution, at which the system's rounding of the height does not matter.

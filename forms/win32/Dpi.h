@@ -47,10 +47,11 @@ RECT FrameAround(DWORD style, DWORD extendedStyle, bool hasMenuBar, int dpi);
 // A system metric, such as SM_CXSMICON, at this resolution.
 int SystemMetric(int index, int dpi);
 
-// The font that the user chose for messages and dialogs.
+// The fonts that the user chose for messages and dialogs, and for tool tips.
 LOGFONTW MessageFont(int dpi);
+LOGFONTW TipFont(int dpi);
 
-// Its size as a percentage of 9 points; see Scale. At least 100.
+// The size of the message font as a percentage of 9 points; see Scale. At least 100.
 int TextPercent();
 // The same for a font with this height at this resolution.
 int TextPercent(LONG logicalHeight, int dpi);

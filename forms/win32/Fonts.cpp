@@ -17,6 +17,11 @@ std::map<Key, HFONT>& Cache() {
     return cache;
 }
 
+std::map<int, HFONT>& TipCache() {
+    static std::map<int, HFONT> cache;
+    return cache;
+}
+
 }  // namespace
 
 HFONT Get(const std::string& name, int points, bool bold, const Scale& scale) {
@@ -41,7 +46,27 @@ HFONT Get(const std::string& name, int points, bool bold, const Scale& scale) {
     return font;
 }
 
-void Forget() { Cache().clear(); }
+HFONT ForTips(int dpi) {
+    HFONT& font = TipCache()[dpi];
+    if (font == nullptr) {
+        const LOGFONTW description = TipFont(dpi);
+        font = ::CreateFontIndirectW(&description);
+    }
+    return font;
+}
+
+std::vector<HFONT> Forget() {
+    std::vector<HFONT> old;
+    for (const auto& [key, font] : Cache()) {
+        old.push_back(font);
+    }
+    for (const auto& [dpi, font] : TipCache()) {
+        old.push_back(font);
+    }
+    Cache().clear();
+    TipCache().clear();
+    return old;
+}
 
 SIZE Measure(const std::wstring& text, HFONT font) {
     HDC screen = ::GetDC(nullptr);

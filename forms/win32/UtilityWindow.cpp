@@ -158,15 +158,8 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (wParam == SPI_SETWORKAREA) {
                 OnDisplayChange();
             }
-            if (wParam == SPI_SETNONCLIENTMETRICS) {
-                fonts::Forget();
-                state.textPercent = TextPercent();
-            }
             if (wParam == SPI_SETNONCLIENTMETRICS || IsAboutFormats(lParam)) {
-                const std::vector<FormWindow*> windows = state.windows;
-                for (FormWindow* form : windows) {
-                    form->placement.FollowUserSettings();
-                }
+                OnUserSettings();
             }
             return 0;
         case WM_CLOSE:
@@ -176,6 +169,18 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
                 onTaskbarCreated();
             }
             return ::DefWindowProcW(window, message, wParam, lParam);
+    }
+}
+
+void UtilityWindow::OnUserSettings() {
+    const std::vector<HFONT> oldFonts = fonts::Forget();
+    state.textPercent = TextPercent();
+    const std::vector<FormWindow*> windows = state.windows;
+    for (FormWindow* form : windows) {
+        form->placement.FollowUserSettings();
+    }
+    for (HFONT font : oldFonts) {
+        ::DeleteObject(font);
     }
 }
 

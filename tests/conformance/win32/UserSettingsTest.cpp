@@ -179,6 +179,21 @@ TEST_F(UserSettingsTest, AWindowDoesNotGrowBeyondItsMonitor) {
     ExpectRoom(HandleOf(form.lblText), form.lblText.caption);
 }
 
+TEST_F(UserSettingsTest, OldFontsAreDeleted) {
+    auto& form = Default<frmSettings>();
+    Show(form);
+    const auto fontOf = [](HWND control) {
+        return reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0));
+    };
+    const HFONT before = fontOf(HandleOf(form.txtText));
+    EXPECT_EQ(::GetObjectType(before), DWORD{OBJ_FONT});
+    // The new fonts are made before the old ones are deleted, so their handles differ.
+    metrics.SetMessageFont(-18);
+    EXPECT_NE(fontOf(HandleOf(form.txtText)), before);
+    EXPECT_EQ(::GetObjectType(before), 0U);
+    EXPECT_EQ(::GetObjectType(fontOf(HandleOf(form.txtText))), DWORD{OBJ_FONT});
+}
+
 TEST_F(UserSettingsTest, WindowsThatAreAwayGrowWhenTheyAreBack) {
     metrics.SetMessageFont(-12);
     auto& form = Default<frmSettings>();
