@@ -40,6 +40,7 @@ void ToolbarPeer::Create() {
     ::SendMessageW(handle, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     // The texts of the buttons are only for screen readers.
     ::SendMessageW(handle, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
+    ::SendMessageW(handle, TB_SETMAXTEXTROWS, 0, 0);
     ShowButtons();
     SetTipFont();
 }

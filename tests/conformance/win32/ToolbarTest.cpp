@@ -73,6 +73,18 @@ class ToolbarTest : public conformance::StandTest {
 
 }  // namespace
 
+TEST_F(ToolbarTest, ButtonsShowNoTextAndHaveTheirSize) {
+    HWND toolbar = HandleOf(Window().tlbTools);
+    EXPECT_EQ(::SendMessageW(toolbar, TB_GETTEXTROWS, 0, 0), 0);
+    for (WPARAM button = 0; button < 3; ++button) {
+        RECT place{};
+        ASSERT_TRUE(
+            ::SendMessageW(toolbar, TB_GETITEMRECT, button, reinterpret_cast<LPARAM>(&place)));
+        EXPECT_EQ(place.right - place.left, 32);
+        EXPECT_EQ(place.bottom - place.top, 32);
+    }
+}
+
 TEST_F(ToolbarTest, TipsAndCalendarsFollowTheScale) {
     auto* tips =
         reinterpret_cast<HWND>(::SendMessageW(HandleOf(Window().tlbTools), TB_GETTOOLTIPS, 0, 0));
