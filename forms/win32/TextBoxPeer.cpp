@@ -27,8 +27,10 @@ class TextBoxPeer : public Peer {
 
     void Create() override {
         DWORD style = WS_TABSTOP;
-        style |= textBox.multiLine ? DWORD{ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN}
-                                   : DWORD{ES_AUTOHSCROLL};
+        // Without a scroll bar from the start, the control does not keep the bar's range.
+        style |= textBox.multiLine
+                     ? DWORD{ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL}
+                     : DWORD{ES_AUTOHSCROLL};
         if (textBox.readOnly) {
             style |= ES_READONLY;
         }
