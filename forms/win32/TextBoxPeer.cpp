@@ -108,6 +108,9 @@ class TextBoxPeer : public Peer {
                     DeleteWordBefore();
                     return 0;
                 }
+                if (wParam == VK_ESCAPE && textBox.multiLine) {
+                    return 0;  // The control would close the window.
+                }
                 return Peer::OnMessage(message, wParam, lParam);
             case WM_SETTEXT: {
                 const LRESULT result = Default(message, wParam, lParam);

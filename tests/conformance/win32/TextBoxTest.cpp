@@ -13,12 +13,17 @@ class frmText : public Form {
   public:
     frmText() : Form("frmText") {}
     TextBox txtNote{this, "txtNote"};
+    int closings = 0;
 
     void Design() override {
         innerWidth = 4500;
         innerHeight = 3000;
         txtNote.multiLine = true;
         txtNote.Place(300, 300, 3900, 2400);
+    }
+    void Form_QueryUnload(bool& cancel, UnloadMode /*mode*/) override {
+        ++closings;
+        cancel = closings == 1;
     }
 };
 
@@ -75,6 +80,17 @@ TEST_F(TextBoxTest, TheScrollBarFollowsTyping) {
     EXPECT_GT(ScrollRange().nPos, 50);
     Start([] { Window().txtNote.text = ""; });
     EXPECT_FALSE(HasScrollBar());
+}
+
+// A multi-line control that has been asked as a control of a dialog closes its parent on Escape.
+TEST_F(TextBoxTest, EscapeThatReachesTheControlItselfDoesNotCloseTheWindow) {
+    Show();
+    MSG key{Handle(), WM_KEYDOWN, VK_ESCAPE, 1, 0, {}};
+    ::SendMessageW(Handle(), WM_GETDLGCODE, VK_ESCAPE, reinterpret_cast<LPARAM>(&key));
+    ::SendMessageW(Handle(), WM_KEYDOWN, VK_ESCAPE, 1);
+    stand->Pump(50);
+    EXPECT_EQ(Window().closings, 0);
+    Window().closings = 1;
 }
 
 }  // namespace forms::win32
