@@ -90,10 +90,8 @@ void Peer::SetCaption(const std::string& caption) {
     ::SetWindowTextW(handle, Wide(caption).c_str());
 }
 
-void Peer::Describe() {
-    if (!control.accessibleName.empty()) {
-        SetAccessibleName(handle, control.accessibleName);
-    }
+bool Peer::Describe() {
+    return control.accessibleName.empty() || SetAccessibleName(handle, control.accessibleName);
 }
 
 void Peer::Redraw() const { ::InvalidateRect(handle, nullptr, TRUE); }
@@ -116,8 +114,8 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
     switch (message) {
         case WM_GETOBJECT:
             if (!isDescribed) {
-                isDescribed = true;
-                Describe();
+                isDescribed = true;  // the system may examine the control meanwhile
+                isDescribed = Describe();
             }
             return std::nullopt;
         case WM_SETFOCUS: {
