@@ -51,7 +51,7 @@ class DateTimePickerPeer : public Peer {
     }
 
     std::optional<LRESULT> OnNotify(NMHDR& header) override {
-        if (header.code != DTN_DATETIMECHANGE) {
+        if (header.code != DTN_DATETIMECHANGE || settingValue) {
             return std::nullopt;
         }
         const auto& change = reinterpret_cast<const NMDATETIMECHANGE&>(header);
@@ -104,7 +104,9 @@ class DateTimePickerPeer : public Peer {
         time.wMinute = static_cast<WORD>(value.Minute());
         time.wSecond = static_cast<WORD>(value.Second());
         if (!Shows(time)) {
+            settingValue = true;
             ::SendMessageW(handle, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+            settingValue = false;
         }
     }
 
@@ -134,6 +136,7 @@ class DateTimePickerPeer : public Peer {
 
     DateTimePicker& picker;
     bool upDown = false;
+    bool settingValue = false;
 };
 
 }  // namespace
