@@ -3,6 +3,7 @@
 #include <commdlg.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "forms/Runtime.h"
@@ -216,8 +217,8 @@ Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu) {
     const FormWindow::Entry entry(window);
     POINT place{};
     ::GetCursorPos(&place);
-    if (state.menuPlace) {
-        place = *state.menuPlace;
+    if (const auto wanted = std::exchange(state.menuPlace, std::nullopt)) {
+        place = *wanted;
     }
     HMENU popup = window.menus.MakePopup(menu);
     HWND before = ::GetActiveWindow();

@@ -27,8 +27,8 @@ struct StageState {
     bool movingFocus = false;
     bool hourglass = false;
     Presses presses;
-    // The place for a menu that the user opens by keyboard, in screen pixels. Empty: at the
-    // pointer.
+    // The place for the next menu, which the user opens by keyboard, in screen pixels. Empty: at
+    // the pointer.
     std::optional<POINT> menuPlace;
 };
 
