@@ -143,7 +143,13 @@ UINT BoxFlags(const MsgBoxOptions& options) {
 }
 
 BOOL CALLBACK EndBox(HWND window, LPARAM /*data*/) {
-    if (IsBox(window)) {
+    if (!IsBox(window)) {
+        return TRUE;
+    }
+    if (::GetDlgItem(window, IDCANCEL) != nullptr) {
+        // EndDialog would end a file dialog without the object that runs it.
+        ::PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
+    } else {
         ::EndDialog(window, IDCANCEL);
     }
     return TRUE;
