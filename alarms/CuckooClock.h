@@ -10,7 +10,8 @@ namespace CuckooClock {
 // second.
 int StrikesDue(base::DateTime now);
 
-// Plays the cuckoo count times in a row, and returns after the last strike.
+// Plays the cuckoo count times in a row, and returns after the last strike. If the session ends
+// meanwhile, returns at once.
 void Strike(int count);
 
 }  // namespace CuckooClock

@@ -102,7 +102,8 @@ class Sound {
     enum class Mode { Once, Loop };
     // Starts the sound and returns at once. Stops a sound that is playing.
     virtual void Play(const std::string& wavePath, Mode mode) = 0;
-    // Plays the sound and returns when it has ended. No handler runs until then.
+    // Plays the sound and returns when it has ended. Until then windows are painted, but no handler
+    // runs. Only the end of the session is handled, and ends the call.
     virtual void PlayToEnd(const std::string& wavePath) = 0;
     virtual void Stop() = 0;
 };

@@ -53,6 +53,7 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     // Set in Design only.
     BorderStyle borderStyle = BorderStyle::Fixed;
     bool showInTaskbar = true;
+    bool isPage = false;  // without a backColor: in the system's colour of pages, not of dialogs
     bool centerOnScreen = false;  // false: placed in a cascade with the open windows
     // The size of the inside in twips. Loading the form sets width and height to this size plus the
     // system's title bar and border. 0: width and height stay unchanged.

@@ -23,7 +23,7 @@ void frmSplash::Design() {
     centerOnScreen = true;
     innerWidth = 4860;
     innerHeight = 4830;
-    backColor = forms::white;
+    isPage = true;
 
     imgLogo.Place(Grid::margin, Grid::margin, 4500, 3300);
     imgLogo.sizeToPicture = true;

@@ -19,7 +19,7 @@ void frmTip::Design() {
     centerOnScreen = true;
     innerWidth = 6720;
     innerHeight = 3435;
-    backColor = forms::white;
+    isPage = true;
 
     Picture1.resourceName = "tip";
     Picture1.Place(Grid::margin, Grid::margin, 1440, 1440);

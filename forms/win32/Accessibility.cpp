@@ -18,35 +18,38 @@ constexpr GUID nameProperty{
 constexpr GUID roleProperty{
     0xcb905ff2, 0x7bd1, 0x4c05, {0xb3, 0xc8, 0xe6, 0xc2, 0x41, 0x36, 0x4d, 0x70}};
 
-// The service. It is kept until the process ends.
+// The service. It is kept until the process ends. If the system does not give it now, the next call
+// asks again.
 IAccPropServices* Services() {
-    static IAccPropServices* const services = []() -> IAccPropServices* {
+    static const HRESULT initialized = ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    (void)initialized;
+    static IAccPropServices* services = nullptr;
+    if (services == nullptr) {
         void* made = nullptr;
-        ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
         const HRESULT result = ::CoCreateInstance(servicesClass, nullptr, CLSCTX_INPROC_SERVER,
                                                   servicesInterface, &made);
-        return SUCCEEDED(result) ? static_cast<IAccPropServices*>(made) : nullptr;
-    }();
+        services = SUCCEEDED(result) ? static_cast<IAccPropServices*>(made) : nullptr;
+    }
     return services;
 }
 
 }  // namespace
 
-void SetAccessibleName(HWND control, const std::string& name) {
-    if (IAccPropServices* services = Services(); services != nullptr) {
-        services->SetHwndPropStr(control, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
-                                 nameProperty, Wide(name).c_str());
-    }
+bool SetAccessibleName(HWND control, const std::string& name) {
+    IAccPropServices* services = Services();
+    return services != nullptr &&
+           SUCCEEDED(services->SetHwndPropStr(control, static_cast<DWORD>(OBJID_CLIENT),
+                                              CHILDID_SELF, nameProperty, Wide(name).c_str()));
 }
 
-void MarkAsGraphic(HWND control) {
-    if (IAccPropServices* services = Services(); services != nullptr) {
-        VARIANT role{};
-        role.vt = VT_I4;
-        role.lVal = ROLE_SYSTEM_GRAPHIC;
-        services->SetHwndProp(control, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, roleProperty,
-                              role);
-    }
+bool MarkAsGraphic(HWND control) {
+    IAccPropServices* services = Services();
+    VARIANT role{};
+    role.vt = VT_I4;
+    role.lVal = ROLE_SYSTEM_GRAPHIC;
+    return services != nullptr &&
+           SUCCEEDED(services->SetHwndProp(control, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
+                                           roleProperty, role));
 }
 
 }  // namespace forms::win32

@@ -6,11 +6,12 @@
 
 namespace forms::win32 {
 
-// Gives a native control without a caption a name for screen readers. Does nothing if the system
-// has no accessibility service.
-void SetAccessibleName(HWND control, const std::string& name);
+// Both functions return false if the system's accessibility service is not available now.
+
+// Gives a native control without a caption a name for screen readers.
+bool SetAccessibleName(HWND control, const std::string& name);
 
 // Screen readers will announce the control as a picture.
-void MarkAsGraphic(HWND control);
+bool MarkAsGraphic(HWND control);
 
 }  // namespace forms::win32

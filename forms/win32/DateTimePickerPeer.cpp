@@ -7,6 +7,7 @@
 #include "forms/win32/Destroying.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Peers.h"
+#include "forms/win32/TimeFormat.h"
 #include "forms/win32/Utf.h"
 
 namespace forms::win32 {
@@ -22,6 +23,7 @@ class DateTimePickerPeer : public Peer {
         upDown = picker.upDown;
         const DWORD style = upDown ? DTS_UPDOWN | DTS_TIMEFORMAT : DTS_SHORTDATEFORMAT;
         CreateNative(DATETIMEPICK_CLASSW, std::string(), WS_TABSTOP | style);
+        SetCalendarFont();
         ShowFormat();
         ShowValue();
     }
@@ -40,8 +42,16 @@ class DateTimePickerPeer : public Peer {
         }
     }
 
+    // The native control reads the user's formats only when it is created or gets this message.
+    void Restyle() override {
+        Peer::Restyle();
+        SetCalendarFont();
+        ::SendMessageW(handle, WM_SETTINGCHANGE, 0, reinterpret_cast<LPARAM>(L"intl"));
+        ShowFormat();
+    }
+
     std::optional<LRESULT> OnNotify(NMHDR& header) override {
-        if (header.code != DTN_DATETIMECHANGE) {
+        if (header.code != DTN_DATETIMECHANGE || settingValue) {
             return std::nullopt;
         }
         const auto& change = reinterpret_cast<const NMDATETIMECHANGE&>(header);
@@ -58,8 +68,12 @@ class DateTimePickerPeer : public Peer {
                    : picker.customFormat().find_first_of("hHmt") != std::string::npos;
     }
 
+    void SetCalendarFont() const {
+        ::SendMessageW(handle, DTM_SETMCFONT, reinterpret_cast<WPARAM>(Font()), FALSE);
+    }
+
     void ShowFormat() {
-        const std::wstring format = Wide(picker.customFormat());
+        const std::wstring format = UnambiguousTimeFormat(Wide(picker.customFormat()));
         ::SendMessageW(handle, DTM_SETFORMATW, 0,
                        format.empty() ? 0 : reinterpret_cast<LPARAM>(format.c_str()));
     }
@@ -90,7 +104,9 @@ class DateTimePickerPeer : public Peer {
         time.wMinute = static_cast<WORD>(value.Minute());
         time.wSecond = static_cast<WORD>(value.Second());
         if (!Shows(time)) {
+            settingValue = true;
             ::SendMessageW(handle, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+            settingValue = false;
         }
     }
 
@@ -120,6 +136,7 @@ class DateTimePickerPeer : public Peer {
 
     DateTimePicker& picker;
     bool upDown = false;
+    bool settingValue = false;
 };
 
 }  // namespace

@@ -1,5 +1,8 @@
 #include "forms/win32/Dpi.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include "forms/win32/LateLibrary.h"
 
 namespace forms::win32 {
@@ -49,9 +52,13 @@ RECT Scale::Pixels(const Rect& place) const {
             Pixels(place.top + place.height)};
 }
 
+int Scale::EnoughTwips(int pixels) const {
+    return static_cast<int>((std::int64_t{pixels} * 100 * 1440 + dpi * text - 1) / (dpi * text));
+}
+
 int Scale::PointerTwips(int pixels) const {
-    const int twips = pixels * 1440;
-    return twips >= 0 ? twips / dpi : -((-twips + dpi - 1) / dpi);
+    return pixels >= 0 ? static_cast<int>(std::int64_t{pixels} * 100 * 1440 / (dpi * text))
+                       : -EnoughTwips(-pixels);
 }
 
 RECT FrameAround(DWORD style, DWORD extendedStyle, bool hasMenuBar, int dpi) {
@@ -71,7 +78,9 @@ int SystemMetric(int index, int dpi) {
     return value != 0 ? value : ::MulDiv(::GetSystemMetrics(index), dpi, SystemDpi());
 }
 
-LOGFONTW MessageFont(int dpi) {
+namespace {
+
+NONCLIENTMETRICSW FrameMetrics(int dpi) {
     static const auto getParameters =
         FromUser32<BOOL(WINAPI*)(UINT, UINT, PVOID, UINT, UINT)>("SystemParametersInfoForDpi");
     NONCLIENTMETRICSW metrics{};
@@ -79,9 +88,32 @@ LOGFONTW MessageFont(int dpi) {
     if (getParameters == nullptr || getParameters(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics,
                                                   0, static_cast<UINT>(dpi)) == FALSE) {
         ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-        metrics.lfMessageFont.lfHeight = ::MulDiv(metrics.lfMessageFont.lfHeight, dpi, SystemDpi());
+        for (LOGFONTW* font : {&metrics.lfMessageFont, &metrics.lfStatusFont}) {
+            font->lfHeight = ::MulDiv(font->lfHeight, dpi, SystemDpi());
+        }
     }
-    return metrics.lfMessageFont;
+    return metrics;
+}
+
+}  // namespace
+
+LOGFONTW MessageFont(int dpi) { return FrameMetrics(dpi).lfMessageFont; }
+
+LOGFONTW TipFont(int dpi) { return FrameMetrics(dpi).lfStatusFont; }
+
+int TextPercent() {
+    // A high resolution, at which the system's rounding of the height does not matter.
+    constexpr int dpi = 10 * defaultDpi;
+    return TextPercent(MessageFont(dpi).lfHeight, dpi);
+}
+
+int TextPercent(LONG logicalHeight, int dpi) {
+    constexpr int points = 9;
+    constexpr LONG largest = 500;
+    // A positive height includes the room for accents, about a fifth.
+    const LONG letters = logicalHeight < 0 ? -logicalHeight : ::MulDiv(logicalHeight, 4, 5);
+    return static_cast<int>(
+        std::clamp<LONG>(::MulDiv(letters, 100 * 72, points * dpi), 100, largest));
 }
 
 }  // namespace forms::win32

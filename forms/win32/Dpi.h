@@ -5,7 +5,7 @@
 #include "forms/Control.h"
 
 // Conversion of lengths. The models use twips, 1440 to an inch. The system uses pixels at the
-// resolution of each window. Older systems lack some of the functions. On them, the results are
+// scale of each window. Older systems lack some of the functions. On them, the results are
 // computed from the system's resolution.
 namespace forms::win32 {
 
@@ -17,19 +17,28 @@ int DpiOf(HWND window);
 // resolutions of monitors but not of windows. 0 if the system has neither.
 int DpiOfMonitorAt(HWND window);
 
-// The resolution of a window, and lengths at that resolution.
+// The scale of a window, and lengths at that scale.
 struct Scale {
     int dpi = 0;
+    // The size of the user's message font, as a percentage of the size for which the windows are
+    // designed. The whole window grows with it, so that every text has its place. At least 100.
+    int text = 100;
 
-    int Pixels(int twips) const { return ::MulDiv(twips, dpi, 1440); }
+    bool operator==(const Scale&) const = default;
+
+    int Pixels(int twips) const { return ::MulDiv(twips, dpi * text, 100 * 1440); }
     // Rounds both edges, so that places that touch in twips also touch in pixels.
     RECT Pixels(const Rect& place) const;
-    int Twips(int pixels) const { return ::MulDiv(pixels, 1440, dpi); }
+    int Twips(int pixels) const { return ::MulDiv(pixels, 100 * 1440, dpi * text); }
+    // Rounded up, for the place of a text.
+    int EnoughTwips(int pixels) const;
+    // The height of a font of this size.
+    int PixelsOfPoints(int points) const { return ::MulDiv(points, dpi * text, 100 * 72); }
     // The position of the pointer in twips. It is rounded down, so that a pixel at 96 dpi has the
-    // same position at every resolution.
+    // same position at every scale.
     int PointerTwips(int pixels) const;
     // The position of the middle of a pixel. It is inside a control if the pixel is.
-    int MiddleTwips(int pixels) const { return ::MulDiv(2 * pixels + 1, 720, dpi); }
+    int MiddleTwips(int pixels) const { return ::MulDiv(2 * pixels + 1, 100 * 720, dpi * text); }
 };
 
 // How far the outer rectangle of a window extends beyond its inside. left and top are negative.
@@ -38,7 +47,13 @@ RECT FrameAround(DWORD style, DWORD extendedStyle, bool hasMenuBar, int dpi);
 // A system metric, such as SM_CXSMICON, at this resolution.
 int SystemMetric(int index, int dpi);
 
-// The font that the user chose for messages and dialogs.
+// The fonts that the user chose for messages and dialogs, and for tool tips.
 LOGFONTW MessageFont(int dpi);
+LOGFONTW TipFont(int dpi);
+
+// The size of the message font as a percentage of 9 points; see Scale. At least 100.
+int TextPercent();
+// The same for a font with this height at this resolution.
+int TextPercent(LONG logicalHeight, int dpi);
 
 }  // namespace forms::win32

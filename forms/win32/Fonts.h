@@ -3,19 +3,26 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
+
+#include "forms/win32/Dpi.h"
 
 namespace forms::win32 {
 
 // Fonts are created once and kept, because a hundred windows share a few fonts.
 namespace fonts {
 
-// If points is 0, the font has the size of the user's message font. If name is empty, it has its
+// If points is 0, the font has the size of the user's message font, or a smaller one if the scale
+// has a smaller text. If name is empty, it has its
 // face.
-HFONT Get(const std::string& name, int points, bool bold, int dpi);
+HFONT Get(const std::string& name, int points, bool bold, const Scale& scale);
 
-// Call it when the user has chosen another message font. Windows must then call Get again. The old
-// fonts stay valid, because controls may still draw with them.
-void Forget();
+// The user's font for tool tips.
+HFONT ForTips(int dpi);
+
+// Call it when the user has chosen other fonts. Windows must then get their fonts again. Returns
+// the old fonts. The caller deletes them when no window uses them any more.
+std::vector<HFONT> Forget();
 
 // The size of a text in pixels, without wrapping.
 SIZE Measure(const std::wstring& text, HFONT font);

@@ -8,6 +8,7 @@
 #include "forms/Runtime.h"
 #include "forms/win32/Destroying.h"
 #include "forms/win32/Images.h"
+#include "forms/win32/QuietWait.h"
 #include "forms/win32/Utf.h"
 #include "forms/win32/UtilityWindow.h"
 #include "forms/win32/WindowStyle.h"
@@ -22,6 +23,26 @@ constexpr wchar_t className[] = L"FormWindow";
 constexpr std::size_t longestCaption = 1024;
 
 std::wstring CaptionOf(const Form& form) { return Wide(form.caption()).substr(0, longestCaption); }
+
+// Whether the message may report something that the user has done. Messages of the session's end
+// come to another window.
+bool MayRunHandlers(UINT message) {
+    switch (message) {
+        case WM_ACTIVATE:
+        case WM_MOVE:
+        case WM_SIZE:
+        case WM_CLOSE:
+        case WM_COMMAND:
+        case WM_CONTEXTMENU:
+        case WM_MOUSEMOVE:
+        case WM_LBUTTONUP:
+        case WM_RBUTTONUP:
+        case WM_MBUTTONUP:
+            return true;
+        default:
+            return false;
+    }
+}
 
 // Links a form to its window. Destroyed when the form is unloaded.
 struct Link : Form::StageData {
@@ -91,7 +112,7 @@ bool FormWindow::CreateBare() {
     }();
     (void)registered;
     const Applying applying(state);
-    scale.dpi = SystemDpi();
+    scale = placement.ScaleAt(SystemDpi());
     const RECT place = placement.Wanted();
     beingMade = this;
     handle = ::CreateWindowExW(ExtendedStyleOf(*form), className, CaptionOf(*form).c_str(),
@@ -113,13 +134,16 @@ void FormWindow::Fill() {
     if (isFilled) {
         return;
     }
-    isFilled = true;
     const Applying applying(state);
-    placement.AdaptToMonitor();
+    if (::IsIconic(handle) == 0) {
+        placement.FollowMonitor();
+    }
+    isFilled = true;
     menus.MakeBar(handle, *form);
     controls.Create();
     focus.MarkDefaultButton();
     ::SendMessageW(handle, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
+    placement.RestoreInnerSize();
 }
 
 void FormWindow::Apply(Aspect aspect) {
@@ -140,6 +164,7 @@ void FormWindow::Apply(Aspect aspect) {
         case Aspect::TopMost:
             ::SetWindowPos(handle, form->IsTopMost() ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
                            SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+            WindowShowing::KeepAnsweringOnTop(state);
             break;
         default:
             break;
@@ -229,6 +254,10 @@ LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam,
 }
 
 std::optional<LRESULT> FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (IsWaitingQuietly() && MayRunHandlers(message)) {
+        ::PostMessageW(handle, message, wParam, lParam);
+        return 0;
+    }
     switch (message) {
         case WM_COMMAND:
             OnCommand(wParam, lParam);
@@ -255,7 +284,7 @@ std::optional<LRESULT> FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM
         result = focus.OnMessage(message, wParam, lParam);
     }
     if (!result) {
-        result = showing.OnMessage(message, wParam);
+        result = showing.OnMessage(message, wParam, lParam);
     }
     // placement must be the last part that gets the message, because its handlers may unload the
     // form and still leave the message to the system.

@@ -28,7 +28,7 @@ class LabelPeer : public SurfacePeer {
 
   protected:
     HFONT Font() const override {
-        return fonts::Get(label.fontName, label.fontSize, label.bold, window.scale.dpi);
+        return fonts::Get(label.fontName, label.fontSize, label.bold, window.scale);
     }
 
     void PaintOver(HDC dc, const RECT& inside) override {
@@ -55,9 +55,11 @@ class LabelPeer : public SurfacePeer {
     }
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
-        const auto result = SurfacePeer::OnMessage(message, wParam, lParam);
         // Only tools send this message. A click of the mouse reaches the form.
-        if (message == WM_LBUTTONUP && window.IsLive()) {
+        const bool isClick =
+            message == WM_LBUTTONUP && window.state.presses.IsPressed(leftButton, &label);
+        const auto result = SurfacePeer::OnMessage(message, wParam, lParam);
+        if (isClick && window.IsLive()) {
             gestures::Click(label);
         }
         return result;

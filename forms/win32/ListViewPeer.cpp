@@ -195,7 +195,9 @@ class ListViewPeer : public Peer {
     // Finds the row with a text that begins with the typed letters.
     LRESULT FindRow(const NMLVFINDITEMW& search) const {
         const auto& rows = listView.Rows();
-        if ((search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || rows.empty()) {
+        // Some systems search with LVFI_SUBSTRING alone, which not every header defines.
+        constexpr UINT forText = LVFI_STRING | LVFI_PARTIAL | 0x0004;
+        if ((search.lvfi.flags & forText) == 0 || rows.empty()) {
             return -1;
         }
         const std::size_t length = std::wcslen(search.lvfi.psz);

@@ -1,9 +1,11 @@
 #include <windows.h>
 #include <commctrl.h>
+#include <uxtheme.h>
 
 #include "forms/Gestures.h"
 #include "forms/win32/Drawing.h"
 #include "forms/win32/FormWindow.h"
+#include "forms/win32/LateLibrary.h"
 #include "forms/win32/Peers.h"
 
 namespace forms::win32 {
@@ -19,6 +21,7 @@ class OptionButtonPeer : public Peer {
     void Create() override {
         CreateNative(WC_BUTTONW, button.caption, BS_RADIOBUTTON | BS_MULTILINE);
         ShowValue();
+        FollowColors();
     }
 
     void Apply(Aspect aspect) override {
@@ -49,6 +52,9 @@ class OptionButtonPeer : public Peer {
   protected:
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
         const auto result = Peer::OnMessage(message, wParam, lParam);
+        if (message == WM_SYSCOLORCHANGE) {
+            FollowColors();
+        }
         if (message == WM_SETFOCUS && window.IsLive() && !window.state.movingFocus) {
             SelectByArrowKey(window.controls.Find(reinterpret_cast<HWND>(wParam)));
         }
@@ -65,6 +71,27 @@ class OptionButtonPeer : public Peer {
         }
     }
 
+    // With visual styles, the system draws the caption in the user's colour and ignores the colour
+    // of OnColor. In a contrast theme, that can be white on a white background.
+    void FollowColors() {
+        const auto isReadable = [this](int color) {
+            return ReadableOn(ToColorRef(*button.backColor()), ::GetSysColor(color)) ==
+                   ::GetSysColor(color);
+        };
+        const bool wanted =
+            button.backColor() && !(isReadable(COLOR_BTNTEXT) && isReadable(COLOR_WINDOWTEXT));
+        if (wanted == hasNoStyle) {
+            return;
+        }
+        static const auto setTheme =
+            FromLibrary<decltype(&::SetWindowTheme)>(L"uxtheme.dll", "SetWindowTheme");
+        if (setTheme != nullptr) {
+            hasNoStyle = wanted;
+            const wchar_t* none = L" ";  // the name of no theme
+            setTheme(handle, wanted ? none : nullptr, wanted ? none : nullptr);
+        }
+    }
+
     void ShowValue() {
         ::SendMessageW(handle, BM_SETCHECK, button.value() ? BST_CHECKED : BST_UNCHECKED, 0);
     }
@@ -74,6 +101,7 @@ class OptionButtonPeer : public Peer {
     }
 
     OptionButton& button;
+    bool hasNoStyle = false;  // drawn without visual styles
 };
 
 }  // namespace

@@ -58,7 +58,7 @@ class ImagePeer : public SurfacePeer {
   protected:
     void PaintOver(HDC /*dc*/, const RECT& /*inside*/) override {}
     // The text of the native window is its name.
-    void Describe() override { MarkAsGraphic(handle); }
+    bool Describe() override { return MarkAsGraphic(handle); }
 
   private:
     Image& image;

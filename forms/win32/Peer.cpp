@@ -40,7 +40,7 @@ void Peer::CreateNative(const wchar_t* className, const std::string& text, DWORD
     ::SetWindowSubclass(handle, &Peer::Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
 }
 
-HFONT Peer::Font() const { return fonts::Get(std::string(), 0, false, window.scale.dpi); }
+HFONT Peer::Font() const { return fonts::Get(std::string(), 0, false, window.scale); }
 
 void Peer::Apply(Aspect aspect) {
     if (handle == nullptr) {
@@ -90,10 +90,8 @@ void Peer::SetCaption(const std::string& caption) {
     ::SetWindowTextW(handle, Wide(caption).c_str());
 }
 
-void Peer::Describe() {
-    if (!control.accessibleName.empty()) {
-        SetAccessibleName(handle, control.accessibleName);
-    }
+bool Peer::Describe() {
+    return control.accessibleName.empty() || SetAccessibleName(handle, control.accessibleName);
 }
 
 void Peer::Redraw() const { ::InvalidateRect(handle, nullptr, TRUE); }
@@ -103,6 +101,11 @@ LRESULT Peer::Default(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void Peer::ReportMouseUp(int button, LPARAM where) {
+    RECT inside{};
+    ::GetClientRect(handle, &inside);
+    if (::PtInRect(&inside, {GET_X_LPARAM(where), GET_Y_LPARAM(where)}) == 0) {
+        return;
+    }
     gestures::MouseUp(control, button, window.scale.Twips(GET_X_LPARAM(where)),
                       window.scale.Twips(GET_Y_LPARAM(where)));
 }
@@ -111,8 +114,8 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
     switch (message) {
         case WM_GETOBJECT:
             if (!isDescribed) {
-                isDescribed = true;
-                Describe();
+                isDescribed = true;  // the system may examine the control meanwhile
+                isDescribed = Describe();
             }
             return std::nullopt;
         case WM_SETFOCUS: {
@@ -123,9 +126,18 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
             }
             return result;
         }
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+            window.state.presses.Press(leftButton, &control);
+            return std::nullopt;
+        case WM_RBUTTONDOWN:
+        case WM_RBUTTONDBLCLK:
+            window.state.presses.Press(rightButton, &control);
+            return std::nullopt;
         case WM_LBUTTONUP: {
+            const bool wasPressed = window.state.presses.Release(leftButton, &control);
             const LRESULT result = Default(message, wParam, lParam);
-            if (window.IsLive()) {
+            if (wasPressed && window.IsLive()) {
                 ReportMouseUp(leftButton, lParam);
             }
             return result;
@@ -133,7 +145,9 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
         case WM_RBUTTONUP:
             if (control.MouseUp) {
                 // The handler replaces the control's own menu.
-                ReportMouseUp(rightButton, lParam);
+                if (window.state.presses.Release(rightButton, &control)) {
+                    ReportMouseUp(rightButton, lParam);
+                }
                 return 0;
             }
             return std::nullopt;

@@ -57,8 +57,9 @@ class Peer {
                       DWORD extendedStyle = 0);
     virtual HFONT Font() const;
     // Called when a screen reader first examines the native control. Gives the system the names
-    // that the control does not provide. The libraries for this are loaded only now.
-    virtual void Describe();
+    // that the control does not provide. The libraries for this are loaded only now. If it returns
+    // false, it is called again at the next examination.
+    virtual bool Describe();
     // Handles a message to the native control. If the result is empty, the control's own procedure
     // handles the message.
     virtual std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);

@@ -37,6 +37,16 @@ RECT MovedInto(const RECT& work, RECT place) {
 
 }  // namespace
 
+RECT WorkAreaFor(HWND window) {
+    if (window == nullptr) {
+        return CurrentWorkArea();
+    }
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    ::GetMonitorInfoW(::MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcWork;
+}
+
 RECT OnScreen(RECT place) { return MovedInto(WorkAreaAt(place), place); }
 
 bool IsReachable(const RECT& place, int titleHeight) {

@@ -7,6 +7,9 @@
 // The positions of new windows. All lengths are pixels of the screen.
 namespace forms::win32::placing {
 
+// The work area of the window's monitor. If window is null, of the active window's monitor, or else
+// of the main monitor.
+RECT WorkAreaFor(HWND window);
 // The place in the middle of the active window's monitor, or else of the main monitor.
 RECT Centered(SIZE size);
 // The first place of a cascade on that monitor whose corner is not one of the taken ones. Each

@@ -3,11 +3,12 @@
 #include <commdlg.h>
 
 #include <algorithm>
-#include <cwchar>
+#include <utility>
 #include <vector>
 
 #include "forms/Runtime.h"
 #include "forms/win32/BoxText.h"
+#include "forms/win32/Foreground.h"
 #include "forms/win32/Internal.h"
 #include "forms/win32/LateLibrary.h"
 #include "forms/win32/Utf.h"
@@ -60,14 +61,27 @@ bool CanOwn(HWND window) {
            ::IsWindowEnabled(window) != 0;
 }
 
+// The form's window or box that this window belongs to. For example, the calendar of a date picker
+// belongs to a form. It closes when a box opens, and would take the box with it if it owned the
+// box.
+HWND FormOrBox(HWND window) {
+    while (window != nullptr && FormWindow::From(window) == nullptr && !IsBox(window)) {
+        window = ::GetWindow(window, GW_OWNER);
+    }
+    return window;
+}
+
 // The owner for a box or dialog: the window that the user is using, if any.
 HWND OwnerForBox() {
-    if (HWND active = ::GetActiveWindow(); CanOwn(active)) {
-        return active;
+    HWND owner = FormOrBox(::GetActiveWindow());
+    if (!CanOwn(owner)) {
+        const Form* form = Runtime::Current().ActiveForm();
+        const FormWindow* window = form != nullptr ? FormWindow::Existing(*form) : nullptr;
+        owner = window != nullptr && CanOwn(window->handle) ? window->handle : nullptr;
     }
-    const Form* form = Runtime::Current().ActiveForm();
-    const FormWindow* window = form != nullptr ? FormWindow::Existing(*form) : nullptr;
-    return window != nullptr && CanOwn(window->handle) ? window->handle : nullptr;
+    // While the user is in another program, only a flashing button in the task bar tells of the
+    // box. A box without an owner has its own button.
+    return owner != nullptr && (HasForeground() || HasTaskbarButton(owner)) ? owner : nullptr;
 }
 
 // Disables the existing windows while a box is open. The system itself disables the owner. If there
@@ -129,9 +143,13 @@ UINT BoxFlags(const MsgBoxOptions& options) {
 }
 
 BOOL CALLBACK EndBox(HWND window, LPARAM /*data*/) {
-    wchar_t name[16] = L"";
-    ::GetClassNameW(window, name, static_cast<int>(std::size(name)));
-    if (std::wcscmp(name, L"#32770") == 0) {
+    if (!IsBox(window)) {
+        return TRUE;
+    }
+    if (::GetDlgItem(window, IDCANCEL) != nullptr) {
+        // EndDialog would end a file dialog without the object that runs it.
+        ::PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
+    } else {
         ::EndDialog(window, IDCANCEL);
     }
     return TRUE;
@@ -157,8 +175,10 @@ void Run(const std::function<bool()>& goesOn) {
 
 BoxResult ShowMessageBox(StageState& state, const BoxRequest& request) {
     HWND owner = OwnerForBox();
-    const UINT flags =
-        BoxFlags(request.options) | (owner == nullptr ? UINT{MB_TASKMODAL} : UINT{0});
+    UINT flags = BoxFlags(request.options) | (owner == nullptr ? UINT{MB_TASKMODAL} : UINT{0});
+    if (WindowShowing::IsTopMostShown(state)) {
+        flags |= MB_TOPMOST;
+    }
     const std::wstring text = TextThatFits(Wide(request.text));
     const std::wstring caption = Wide(request.caption);
     int answer = 0;
@@ -203,8 +223,8 @@ Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu) {
     const FormWindow::Entry entry(window);
     POINT place{};
     ::GetCursorPos(&place);
-    if (state.menuPlace) {
-        place = *state.menuPlace;
+    if (const auto wanted = std::exchange(state.menuPlace, std::nullopt)) {
+        place = *wanted;
     }
     HMENU popup = window.menus.MakePopup(menu);
     HWND before = ::GetActiveWindow();

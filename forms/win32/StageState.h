@@ -6,6 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "forms/win32/Dpi.h"
+#include "forms/win32/Presses.h"
+
 namespace forms::win32 {
 
 class FormWindow;
@@ -15,6 +18,7 @@ struct StageState {
     std::vector<FormWindow*> windows;  // all existing windows, in the order of their last use
     HWND utility = nullptr;            // hidden; see UtilityWindow.h
     std::wstring savingText;           // see ApplicationInfo
+    int textPercent = TextPercent();   // see Scale; follows the user's settings
     // Above 0 while the stage itself shows, moves or activates windows. Messages that the system
     // sends meanwhile are not gestures.
     int applying = 0;
@@ -22,8 +26,9 @@ struct StageState {
     // clicked.
     bool movingFocus = false;
     bool hourglass = false;
-    // The place for a menu that the user opens by keyboard, in screen pixels. Empty: at the
-    // pointer.
+    Presses presses;
+    // The place for the next menu, which the user opens by keyboard, in screen pixels. Empty: at
+    // the pointer.
     std::optional<POINT> menuPlace;
 };
 

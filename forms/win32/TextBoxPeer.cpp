@@ -27,8 +27,10 @@ class TextBoxPeer : public Peer {
 
     void Create() override {
         DWORD style = WS_TABSTOP;
-        style |= textBox.multiLine ? DWORD{ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN}
-                                   : DWORD{ES_AUTOHSCROLL};
+        // Without a scroll bar from the start, the control does not keep the bar's range.
+        style |= textBox.multiLine
+                     ? DWORD{ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL}
+                     : DWORD{ES_AUTOHSCROLL};
         if (textBox.readOnly) {
             style |= ES_READONLY;
         }
@@ -83,7 +85,7 @@ class TextBoxPeer : public Peer {
 
   protected:
     HFONT Font() const override {
-        return fonts::Get(std::string(), textBox.fontSize, false, window.scale.dpi);
+        return fonts::Get(std::string(), textBox.fontSize, false, window.scale);
     }
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -105,6 +107,9 @@ class TextBoxPeer : public Peer {
                 if (wParam == VK_BACK && ::GetKeyState(VK_CONTROL) < 0) {
                     DeleteWordBefore();
                     return 0;
+                }
+                if (wParam == VK_ESCAPE && textBox.multiLine) {
+                    return 0;  // The control would close the window.
                 }
                 return Peer::OnMessage(message, wParam, lParam);
             case WM_SETTEXT: {

@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "forms/win32/Fonts.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Peer.h"
 #include "forms/win32/Utf.h"
@@ -49,6 +50,8 @@ void ToolTips::Update(const Peer& peer) {
 
 void ToolTips::FollowScale() const {
     if (tips != nullptr) {
+        ::SendMessageW(tips, WM_SETFONT, reinterpret_cast<WPARAM>(fonts::ForTips(window.scale.dpi)),
+                       FALSE);
         ::SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, window.scale.Pixels(widthInTwips));
     }
 }

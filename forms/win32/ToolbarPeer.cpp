@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "forms/Gestures.h"
+#include "forms/win32/Fonts.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Images.h"
 #include "forms/win32/Peers.h"
@@ -39,7 +40,9 @@ void ToolbarPeer::Create() {
     ::SendMessageW(handle, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     // The texts of the buttons are only for screen readers.
     ::SendMessageW(handle, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
+    ::SendMessageW(handle, TB_SETMAXTEXTROWS, 0, 0);
     ShowButtons();
+    SetTipFont();
 }
 
 void ToolbarPeer::Apply(Aspect aspect) {
@@ -59,6 +62,14 @@ void ToolbarPeer::Layout() {
 void ToolbarPeer::Restyle() {
     Peer::Restyle();
     ShowButtons();
+    SetTipFont();
+}
+
+// The tool bar has a window of its own for its tips.
+void ToolbarPeer::SetTipFont() const {
+    auto* tips = reinterpret_cast<HWND>(::SendMessageW(handle, TB_GETTOOLTIPS, 0, 0));
+    ::SendMessageW(tips, WM_SETFONT, reinterpret_cast<WPARAM>(fonts::ForTips(window.scale.dpi)),
+                   FALSE);
 }
 
 int ToolbarPeer::ButtonPixels() const {

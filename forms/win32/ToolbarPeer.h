@@ -38,6 +38,7 @@ class ToolbarPeer : public Peer {
     void MarkFrom(int place, int step);
     void ShowMark(int place) const;
     void ShowButtons();
+    void SetTipFont() const;
     int ButtonPixels() const;
     const Toolbar::Button& ButtonOf(int id) const;
 

@@ -1,12 +1,14 @@
 #include "forms/win32/UtilityWindow.h"
 
 #include <algorithm>
+#include <array>
 
 #include "forms/Devices.h"
 #include "forms/Gestures.h"
 #include "forms/Runtime.h"
 #include "forms/win32/Decoder.h"
 #include "forms/win32/Fonts.h"
+#include "forms/win32/ForeignPointer.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Internal.h"
 #include "forms/win32/Placing.h"
@@ -26,6 +28,12 @@ void FollowWallClock() {
     if (RuntimeRuns()) {
         Runtime::Current().timers.Realign();
     }
+}
+
+// Whether the setting that has changed is a format of dates, times or numbers.
+bool IsAboutFormats(LPARAM setting) {
+    constexpr std::array<wchar_t, 5> international{L'i', L'n', L't', L'l', L'\0'};
+    return setting != 0 && ReadAt<std::array<wchar_t, 5>>(setting) == international;
 }
 
 // Moves only message boxes and dialogs. The windows of forms move themselves.
@@ -150,11 +158,8 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (wParam == SPI_SETWORKAREA) {
                 OnDisplayChange();
             }
-            if (wParam == SPI_SETNONCLIENTMETRICS) {
-                fonts::Forget();
-                for (FormWindow* form : state.windows) {
-                    form->controls.Layout();
-                }
+            if (wParam == SPI_SETNONCLIENTMETRICS || IsAboutFormats(lParam)) {
+                OnUserSettings();
             }
             return 0;
         case WM_CLOSE:
@@ -164,6 +169,18 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
                 onTaskbarCreated();
             }
             return ::DefWindowProcW(window, message, wParam, lParam);
+    }
+}
+
+void UtilityWindow::OnUserSettings() {
+    const std::vector<HFONT> oldFonts = fonts::Forget();
+    state.textPercent = TextPercent();
+    const std::vector<FormWindow*> windows = state.windows;
+    for (FormWindow* form : windows) {
+        form->placement.FollowUserSettings();
+    }
+    for (HFONT font : oldFonts) {
+        ::DeleteObject(font);
     }
 }
 

@@ -37,6 +37,7 @@ class UtilityWindow {
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void OnDisplayChange();
+    void OnUserSettings();
 
     StageState& state;
     bool IsLate(std::int64_t milliseconds) const;

@@ -22,9 +22,9 @@ namespace {
 
 StageState* currentState = nullptr;
 
-int DpiFor(const Form& form) {
+Scale ScaleFor(const Form& form, const StageState& state) {
     const FormWindow* window = FormWindow::Existing(form);
-    return window != nullptr ? window->scale.dpi : SystemDpi();
+    return window != nullptr ? window->scale : Scale{SystemDpi(), state.textPercent};
 }
 
 }  // namespace
@@ -169,11 +169,9 @@ void Win32Stage::Quit() { pumps::EndAll(); }
 void Win32Stage::ArmTimer(std::optional<std::int64_t> due) { utility->ArmTimer(due); }
 
 Size Win32Stage::MeasureText(const Form& form, const std::string& text, int fontSize) {
-    const int dpi = DpiFor(form);
-    const SIZE size = fonts::Measure(Wide(text), fonts::Get(std::string(), fontSize, false, dpi));
-    // Round up, because a text must fit into the place that was measured for it.
-    const auto twips = [dpi](LONG pixels) { return (pixels * 1440 + dpi - 1) / dpi; };
-    return Size{static_cast<int>(twips(size.cx)), static_cast<int>(twips(size.cy))};
+    const Scale scale = ScaleFor(form, *state);
+    const SIZE size = fonts::Measure(Wide(text), fonts::Get(std::string(), fontSize, false, scale));
+    return Size{scale.EnoughTwips(size.cx), scale.EnoughTwips(size.cy)};
 }
 
 Size Win32Stage::InnerSize(const Form& form) {
@@ -188,7 +186,7 @@ Size Win32Stage::InnerSize(const Form& form) {
 }
 
 Size Win32Stage::FrameSize(const Form& form) {
-    const Scale scale{DpiFor(form)};
+    const Scale scale = ScaleFor(form, *state);
     const SIZE frame = FrameSizeOf(form, scale.dpi);
     return Size{scale.Twips(frame.cx), scale.Twips(frame.cy)};
 }

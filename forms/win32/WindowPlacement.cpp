@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "forms/Gestures.h"
+#include "forms/win32/ForeignPointer.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Messages.h"
 #include "forms/win32/Placing.h"
@@ -17,17 +18,6 @@ constexpr int largestDpi = 1920;
 
 bool OpensInTheMiddle(const Form& form) {
     return form.centerOnScreen || form.borderStyle == BorderStyle::None;
-}
-
-// Another program can send a message with an invalid pointer. ReadProcessMemory then fails instead
-// of crashing.
-std::optional<RECT> RectAt(LPARAM address) {
-    RECT rect{};
-    SIZE_T count = 0;
-    const BOOL isRead = ::ReadProcessMemory(
-        ::GetCurrentProcess(), reinterpret_cast<const void*>(address), &rect, sizeof rect, &count);
-    const bool isWhole = isRead != FALSE && count == sizeof rect;
-    return isWhole ? std::optional(rect) : std::nullopt;
 }
 
 bool IsPlace(const RECT& rect, int captionHeight) {
@@ -48,6 +38,21 @@ RECT PlaceAt(POINT corner, SIZE size) {
 }
 
 }  // namespace
+
+Scale WindowPlacement::ScaleAt(int dpi) const {
+    Scale scale{dpi, window.state.textPercent};
+    const Form& form = window.Model();
+    if (scale.text > 100 && form.innerWidth > 0 && form.innerHeight > 0) {
+        const RECT work = placing::WorkAreaFor(window.handle);
+        const SIZE frame = FrameSizeOf(form, dpi);
+        const Scale normal{dpi};
+        const int fitting = std::min(
+            ::MulDiv(work.right - work.left - frame.cx, 100, normal.Pixels(form.innerWidth)),
+            ::MulDiv(work.bottom - work.top - frame.cy, 100, normal.Pixels(form.innerHeight)));
+        scale.text = std::clamp(fitting, 100, scale.text);
+    }
+    return scale;
+}
 
 // The size in the model. If the model gives the inner size, it is exact to the pixel.
 SIZE WindowPlacement::OuterSize() const {
@@ -92,20 +97,49 @@ void WindowPlacement::Adopt(POINT corner) {
     window.Model().top.Adopt(window.scale.Twips(corner.y));
 }
 
-void WindowPlacement::AdaptToMonitor() {
-    const int dpi = DpiOf(window.handle);
-    if (dpi == window.scale.dpi) {
+void WindowPlacement::FollowMonitor() {
+    const Scale now = ScaleAt(DpiOf(window.handle));
+    if (now == window.scale) {
+        RestoreInnerSize();
         return;
     }
-    POINT corner = CornerOf(window);
-    window.scale.dpi = dpi;
-    if (OpensInTheMiddle(window.Model())) {
+    const Applying applying(window.state);
+    const RECT before = NormalPlace();
+    POINT corner{before.left, before.top};
+    const bool isTextLarger = now.text > window.scale.text;
+    window.scale = now;
+    if (isTextLarger) {
+        const RECT place = placing::OnScreen(PlaceAt(corner, OuterSize()));
+        corner = {place.left, place.top};
+    }
+    if (!window.IsFilled() && OpensInTheMiddle(window.Model())) {
         const RECT place = Wanted();
         corner = {place.left, place.top};
     }
     Adopt(corner);
     window.ApplyIcon();
     Apply();
+    RestoreInnerSize();
+    window.controls.Layout();
+}
+
+void WindowPlacement::FollowUserSettings() {
+    if (!window.IsLive()) {
+        return;
+    }
+    {
+        const Applying applying(window.state);
+        // Not every system gives a window its new frame by itself.
+        ::SetWindowPos(window.handle, nullptr, 0, 0, 0, 0,
+                       SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        if (!IsAway()) {
+            FollowMonitor();
+        }
+        window.controls.Layout();
+    }
+    if (!IsAway()) {
+        Report(true);
+    }
 }
 
 void WindowPlacement::Apply() {
@@ -129,12 +163,19 @@ void WindowPlacement::Apply() {
     ::SetWindowPlacement(window.handle, &placement);
 }
 
+bool WindowPlacement::IsAway() const { return !window.IsShown() || ::IsIconic(window.handle) != 0; }
+
 bool WindowPlacement::IsMinimizedOrMaximized() const {
     return ::IsIconic(window.handle) != 0 || ::IsZoomed(window.handle) != 0;
 }
 
-// The place of the window when it is restored.
-RECT WindowPlacement::RestoredPlace() const {
+// The place of the window when it is neither minimised nor maximised.
+RECT WindowPlacement::NormalPlace() const {
+    if (!IsMinimizedOrMaximized()) {
+        RECT place{};
+        ::GetWindowRect(window.handle, &place);
+        return place;
+    }
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
     ::GetWindowPlacement(window.handle, &placement);
@@ -156,11 +197,7 @@ void WindowPlacement::ComeIntoReach() {
     if (!window.IsLive()) {
         return;
     }
-    RECT place{};
-    ::GetWindowRect(window.handle, &place);
-    if (IsMinimizedOrMaximized()) {
-        place = RestoredPlace();
-    }
+    const RECT place = NormalPlace();
     if (!placing::IsReachable(place, SystemMetric(SM_CYCAPTION, window.scale.dpi))) {
         const RECT back = placing::OnScreen(place);
         const Applying applying(window.state);
@@ -169,7 +206,7 @@ void WindowPlacement::ComeIntoReach() {
     }
 }
 
-void WindowPlacement::Report() {
+void WindowPlacement::Report(bool insideChanged) {
     if (window.state.applying != 0 || !window.IsShown()) {
         return;
     }
@@ -178,6 +215,9 @@ void WindowPlacement::Report() {
     const WindowState now = ::IsIconic(window.handle) != 0   ? WindowState::Minimized
                             : ::IsZoomed(window.handle) != 0 ? WindowState::Maximized
                                                              : WindowState::Normal;
+    if (form.windowState() == WindowState::Minimized && now != WindowState::Minimized) {
+        FollowMonitor();
+    }
     RECT place{};
     ::GetWindowRect(window.handle, &place);
     // If the model's length gives the same number of pixels, keep it instead of the rounded value.
@@ -188,7 +228,8 @@ void WindowPlacement::Report() {
     const Rect bounds{report(place.left, known.left), report(place.top, known.top),
                       report(place.right - place.left, known.width),
                       report(place.bottom - place.top, known.height)};
-    if (now != form.windowState() || (now == WindowState::Normal && !(bounds == known))) {
+    if (insideChanged || now != form.windowState() ||
+        (now == WindowState::Normal && !(bounds == known))) {
         gestures::Resize(form, bounds, now);
     }
 }
@@ -228,10 +269,12 @@ void WindowPlacement::OnMinMaxInfo(MINMAXINFO& info) const {
 }
 
 void WindowPlacement::OnScaleChanged(int dpi, LPARAM suggestion) {
-    if (dpi < smallestDpi || dpi > largestDpi) {
+    // While a window is minimised or hidden, the suggestion and even the resolution may be those of
+    // another monitor. FollowMonitor adapts the window when it is back.
+    if (IsAway() || dpi < smallestDpi || dpi > largestDpi) {
         return;
     }
-    std::optional<RECT> place = RectAt(suggestion);
+    std::optional<RECT> place = ReadAt<RECT>(suggestion);
     if (!place || !IsPlace(*place, SystemMetric(SM_CYCAPTION, dpi))) {
         RECT now{};
         ::GetWindowRect(window.handle, &now);
@@ -241,13 +284,13 @@ void WindowPlacement::OnScaleChanged(int dpi, LPARAM suggestion) {
     }
     Rescale(dpi, *place);
     if (!sizing) {
-        Report();
+        Report(true);
     }
 }
 
 void WindowPlacement::Rescale(int dpi, const RECT& place) {
     const Applying applying(window.state);
-    window.scale.dpi = dpi;
+    window.scale = ScaleAt(dpi);
     ::SetWindowPos(window.handle, nullptr, place.left, place.top, place.right - place.left,
                    place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
     RestoreInnerSize();
@@ -259,16 +302,22 @@ void WindowPlacement::Rescale(int dpi, const RECT& place) {
 // does not grow at all.
 void WindowPlacement::RestoreInnerSize() {
     const Form& form = window.Model();
-    if (!window.IsFilled() || form.innerWidth == 0 || form.borderStyle == BorderStyle::Sizable) {
+    if (!window.IsFilled() || form.innerWidth == 0 || form.borderStyle == BorderStyle::Sizable ||
+        IsMinimizedOrMaximized()) {
         return;
     }
     RECT outer{};
     RECT inside{};
     ::GetWindowRect(window.handle, &outer);
     ::GetClientRect(window.handle, &inside);
-    ::SetWindowPos(window.handle, nullptr, 0, 0,
-                   outer.right - outer.left + window.scale.Pixels(form.innerWidth) - inside.right,
-                   outer.bottom - outer.top + window.scale.Pixels(form.innerHeight) - inside.bottom,
+    const LONG moreWidth = window.scale.Pixels(form.innerWidth) - inside.right;
+    const LONG moreHeight = window.scale.Pixels(form.innerHeight) - inside.bottom;
+    if (moreWidth == 0 && moreHeight == 0) {
+        return;
+    }
+    const Applying applying(window.state);
+    ::SetWindowPos(window.handle, nullptr, 0, 0, outer.right - outer.left + moreWidth,
+                   outer.bottom - outer.top + moreHeight,
                    SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+#include "forms/win32/Dpi.h"
+
 namespace forms::win32 {
 
 class FormWindow;
@@ -16,6 +18,9 @@ class WindowPlacement {
     WindowPlacement(const WindowPlacement&) = delete;
     WindowPlacement& operator=(const WindowPlacement&) = delete;
 
+    // The window's scale at this resolution. The text is smaller than the user has chosen if the
+    // window would otherwise be larger than its monitor.
+    Scale ScaleAt(int dpi) const;
     // The place where the window opens.
     RECT Wanted() const;
     // Moves and sizes the window to the form's place and size.
@@ -23,11 +28,17 @@ class WindowPlacement {
     // Sets the form's place to the upper left corner of the window.
     void Adopt(POINT corner);
     // If the user has moved, sized or changed the window's state, sets the form's place, size and
-    // state.
-    void Report();
-    // A window is created at the system's resolution. Adapts it if its monitor has another
-    // resolution.
-    void AdaptToMonitor();
+    // state. insideChanged: the size of the inside may have changed although that of the window has
+    // not.
+    void Report(bool insideChanged = false);
+    // Adapts a window that is not minimised to the scale of its monitor. A window is created at the
+    // system's resolution, and keeps its scale while it is hidden or minimised.
+    void FollowMonitor();
+    // Called when the user has chosen other fonts, title bars, borders or formats.
+    void FollowUserSettings();
+    // Gives a window of fixed size the inside that its form says, if its frame has another height
+    // or width than the system announced.
+    void RestoreInnerSize();
     // Called when the monitors have changed. Moves the window onto a monitor if the user cannot
     // reach it.
     void ComeIntoReach();
@@ -37,14 +48,14 @@ class WindowPlacement {
   private:
     SIZE OuterSize() const;
     std::vector<POINT> TakenCorners() const;
-    RECT RestoredPlace() const;
+    RECT NormalPlace() const;
     POINT RestoredOrigin() const;
     bool IsMinimizedOrMaximized() const;
     void OnMinMaxInfo(MINMAXINFO& info) const;
     // suggestion is the address of the RECT for the window's new place. It may be invalid.
     void OnScaleChanged(int dpi, LPARAM suggestion);
     void Rescale(int dpi, const RECT& place);
-    void RestoreInnerSize();
+    bool IsAway() const;
 
     FormWindow& window;
     bool sizing = false;  // whether the user is dragging the window or its border

@@ -1,9 +1,11 @@
 #include "forms/win32/WindowPointer.h"
 
+#include <shellapi.h>
 #include <windowsx.h>
 
 #include "forms/Gestures.h"
 #include "forms/win32/FormWindow.h"
+#include "forms/win32/LateLibrary.h"
 
 namespace forms::win32 {
 
@@ -26,6 +28,36 @@ Control* ControlAt(const FormWindow& window, POINT point) {
                                     window.scale.MiddleTwips(point.y));
 }
 
+// The control or form at this point. Null outside the window.
+const void* TargetAt(const FormWindow& window, POINT point) {
+    RECT inside{};
+    ::GetClientRect(window.handle, &inside);
+    if (::PtInRect(&inside, point) == 0) {
+        return nullptr;
+    }
+    const Control* control = ControlAt(window, point);
+    return control != nullptr ? static_cast<const void*>(control) : &window.Model();
+}
+
+// The middle of the icon in the notification area, if the pointer is elsewhere. Then the user has
+// chosen the icon by keyboard, and a menu at the pointer could be on another monitor. Empty if the
+// system does not tell the icon's place.
+std::optional<POINT> IconAwayFromPointer(HWND window, UINT iconId) {
+    static const auto getRect = FromLoadedLibrary<decltype(&::Shell_NotifyIconGetRect)>(
+        L"shell32.dll", "Shell_NotifyIconGetRect");
+    NOTIFYICONIDENTIFIER icon{};
+    icon.cbSize = sizeof icon;
+    icon.hWnd = window;
+    icon.uID = iconId;
+    RECT place{};
+    POINT pointer{};
+    if (getRect == nullptr || FAILED(getRect(&icon, &place)) || ::GetCursorPos(&pointer) == 0 ||
+        ::PtInRect(&place, pointer) != 0) {
+        return std::nullopt;
+    }
+    return POINT{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
+
 }  // namespace
 
 std::optional<LRESULT> WindowPointer::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -33,6 +65,15 @@ std::optional<LRESULT> WindowPointer::OnMessage(UINT message, WPARAM wParam, LPA
         case WM_MOUSEMOVE:
             OnMove(wParam, lParam);
             return 0;
+        case WM_LBUTTONDOWN:
+            OnButtonDown(leftButton, PointOf(lParam));
+            return std::nullopt;
+        case WM_RBUTTONDOWN:
+            OnButtonDown(rightButton, PointOf(lParam));
+            return std::nullopt;
+        case WM_MBUTTONDOWN:
+            OnButtonDown(middleButton, PointOf(lParam));
+            return std::nullopt;
         case WM_LBUTTONUP:
             OnButtonUp(leftButton, PointOf(lParam));
             return 0;
@@ -69,7 +110,11 @@ bool WindowPointer::IsTrayMessage(WPARAM wParam, LPARAM lParam) const {
 
 void WindowPointer::OnMove(WPARAM wParam, LPARAM lParam) {
     if (IsTrayMessage(wParam, lParam)) {
+        if (lParam == WM_RBUTTONUP) {
+            window.state.menuPlace = IconAwayFromPointer(window.handle, trayIconId);
+        }
         gestures::TrayMessage(window.Model(), static_cast<int>(lParam));
+        window.state.menuPlace.reset();
         return;
     }
     // The system also sends moves if only the windows below the pointer have changed.
@@ -84,7 +129,19 @@ void WindowPointer::OnMove(WPARAM wParam, LPARAM lParam) {
     }
 }
 
+void WindowPointer::OnButtonDown(int button, POINT point) {
+    window.state.presses.Press(button, TargetAt(window, point));
+    // So that a release outside the window is seen too.
+    ::SetCapture(window.handle);
+}
+
 void WindowPointer::OnButtonUp(int button, POINT point) {
+    if (::GetCapture() == window.handle) {
+        ::ReleaseCapture();
+    }
+    if (!window.state.presses.Release(button, TargetAt(window, point))) {
+        return;
+    }
     const Scale& scale = window.scale;
     Control* control = ControlAt(window, point);
     if (control == nullptr) {

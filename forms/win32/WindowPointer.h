@@ -25,6 +25,7 @@ class WindowPointer {
   private:
     bool IsTrayMessage(WPARAM wParam, LPARAM lParam) const;
     void OnMove(WPARAM wParam, LPARAM lParam);
+    void OnButtonDown(int button, POINT point);
     void OnButtonUp(int button, POINT point);
 
     FormWindow& window;

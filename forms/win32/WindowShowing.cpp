@@ -1,42 +1,23 @@
 #include "forms/win32/WindowShowing.h"
 
 #include <algorithm>
-#include <cwchar>
-#include <iterator>
 
 #include "forms/Gestures.h"
 #include "forms/Runtime.h"
+#include "forms/win32/Foreground.h"
 #include "forms/win32/FormWindow.h"
 
 namespace forms::win32 {
 
 namespace {
 
-// Whether the user is using this program now.
-bool HasForeground() {
-    DWORD process = 0;
-    HWND foreground = ::GetForegroundWindow();
-    return foreground != nullptr && ::GetWindowThreadProcessId(foreground, &process) != 0 &&
-           process == ::GetCurrentProcessId();
+bool IsPress(UINT message) {
+    return message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN || message == WM_MBUTTONDOWN;
 }
 
-// Stores the first open box or dialog in *data.
-BOOL CALLBACK FindOpenBox(HWND window, LPARAM data) {
-    wchar_t name[16] = L"";
-    ::GetClassNameW(window, name, static_cast<int>(std::size(name)));
-    const bool waits = std::wcscmp(name, L"#32770") == 0 && ::IsWindowVisible(window) != 0 &&
-                       ::IsWindowEnabled(window) != 0;
-    if (waits) {
-        *reinterpret_cast<HWND*>(data) = window;
-    }
-    return waits ? FALSE : TRUE;
-}
-
-// The foremost open box or dialog. Null if none is open.
-HWND OpenBox() {
-    HWND box = nullptr;
-    ::EnumThreadWindows(::GetCurrentThreadId(), &FindOpenBox, reinterpret_cast<LPARAM>(&box));
-    return box;
+void PutOnTop(HWND window) {
+    ::SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0,
+                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
 }
 
 // Makes the window the program's active one. Does not take the foreground from another program.
@@ -52,6 +33,14 @@ void MakeActive(HWND window) {
 }  // namespace
 
 void WindowShowing::Apply() {
+    const Scale before = window.scale;
+    ApplyNow();
+    if (!(window.scale == before) && window.IsLive()) {
+        window.placement.Report(true);
+    }
+}
+
+void WindowShowing::ApplyNow() {
     const Applying applying(window.state);
     if (!window.Model().IsVisible()) {
         Hide();
@@ -63,6 +52,9 @@ void WindowShowing::Apply() {
         Activate();
     }
     wantsForeground = false;
+    if (window.Model().IsTopMost() || window.Model().IsModal()) {
+        KeepAnsweringOnTop(window.state);
+    }
     // A window that a box disables must not cover the box, because the user could not answer it.
     if (boxes > 0 && ::IsIconic(window.handle) == 0) {
         if (HWND box = OpenBox(); box != nullptr) {
@@ -101,6 +93,7 @@ void WindowShowing::Show() {
             window.Fill();
             if (!wasShown || ::IsZoomed(handle) == 0) {
                 ::ShowWindow(handle, SW_SHOWMAXIMIZED);
+                window.placement.FollowMonitor();
             }
             return;
         case WindowState::Normal:
@@ -109,7 +102,9 @@ void WindowShowing::Show() {
     window.Fill();
     if (::IsIconic(handle) != 0 || ::IsZoomed(handle) != 0) {
         ::ShowWindow(handle, becomesActive ? SW_RESTORE : SW_SHOWNOACTIVATE);
+        window.placement.FollowMonitor();
     } else if (!wasShown) {
+        window.placement.FollowMonitor();
         // Unlike the first ShowWindow, SetWindowPos does not depend on how the program was started.
         ::SetWindowPos(handle, HWND_TOP, 0, 0, 0, 0,
                        SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE |
@@ -189,16 +184,54 @@ void WindowShowing::Hide() {
 void WindowShowing::BringToForeground() {
     const Applying applying(window.state);
     wantsForeground = true;
-    HWND target = window.handle;
+    ::SetForegroundWindow(Answering());
+}
+
+bool WindowShowing::IsTopMostShown(const StageState& state) {
+    return std::any_of(state.windows.begin(), state.windows.end(), [](const FormWindow* window) {
+        return window->IsLive() && window->Model().IsTopMost() && window->IsShown();
+    });
+}
+
+void WindowShowing::KeepAnsweringOnTop(const StageState& state) {
+    if (!IsTopMostShown(state)) {
+        return;
+    }
+    for (const FormWindow* window : state.windows) {
+        if (window->IsLive() && window->Model().IsModal() && window->IsShown()) {
+            PutOnTop(window->handle);
+        }
+    }
+    if (HWND box = OpenBox(); box != nullptr) {
+        PutOnTop(box);
+    }
+}
+
+// The window itself. If it is disabled, the box or modal window that the user must close first.
+HWND WindowShowing::Answering() const {
     if (HWND box = boxes > 0 ? OpenBox() : nullptr; box != nullptr) {
-        target = box;
-    } else if (::IsWindowEnabled(window.handle) == 0) {
-        // A modal window or a box is in front of it.
-        const Form* active = Runtime::Current().ActiveForm();
-        const FormWindow* other = active != nullptr ? FormWindow::Existing(*active) : nullptr;
-        target = other != nullptr && other != &window && other->IsShown()
-                     ? other->handle
-                     : ::GetLastActivePopup(window.handle);
+        return box;
+    }
+    if (::IsWindowEnabled(window.handle) != 0) {
+        return window.handle;
+    }
+    const auto& windows = window.state.windows;
+    const auto modal = std::find_if(windows.begin(), windows.end(), [](const FormWindow* other) {
+        return other->IsLive() && other->Model().IsModal() && other->IsShown() &&
+               ::IsWindowEnabled(other->handle) != 0;
+    });
+    return modal != windows.end() ? (*modal)->handle : ::GetLastActivePopup(window.handle);
+}
+
+// Called when the user has chosen a disabled window, for example by its button in the task bar.
+// Nothing in that window reacts.
+void WindowShowing::LeadToAnswering() {
+    HWND target = Answering();
+    if (target == window.handle) {
+        return;
+    }
+    if (::IsIconic(target) != 0) {
+        ::ShowWindow(target, SW_RESTORE);
     }
     ::SetForegroundWindow(target);
 }
@@ -221,10 +254,23 @@ void WindowShowing::GoBackToBaseOwner() {
     modalOwner = nullptr;
 }
 
-std::optional<LRESULT> WindowShowing::OnMessage(UINT message, WPARAM wParam) {
+std::optional<LRESULT> WindowShowing::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    const bool isDisabled = ::IsWindowEnabled(window.handle) == 0;
     switch (message) {
+        case WM_SYSCOMMAND:
+            // The system ignores this command of the task bar if the window is disabled.
+            if (isDisabled && (wParam & 0xFFF0) == SC_RESTORE) {
+                LeadToAnswering();
+                return 0;
+            }
+            return std::nullopt;
+        case WM_SETCURSOR:
+            if (isDisabled && IsPress(HIWORD(lParam))) {
+                LeadToAnswering();
+            }
+            return std::nullopt;
         case WM_ACTIVATE:
-            OnActivate(wParam);
+            OnActivate(wParam, reinterpret_cast<HWND>(lParam));
             return 0;
         case WM_SIZE:
             OnSize(wParam);
@@ -234,9 +280,19 @@ std::optional<LRESULT> WindowShowing::OnMessage(UINT message, WPARAM wParam) {
     }
 }
 
-void WindowShowing::OnActivate(WPARAM wParam) {
+void WindowShowing::OnActivate(WPARAM wParam, HWND other) {
     const bool isMinimized = HIWORD(wParam) != 0;
-    if (LOWORD(wParam) == WA_INACTIVE || isMinimized) {
+    if (LOWORD(wParam) == WA_INACTIVE) {
+        if (other != nullptr && IsBox(other) && IsTopMostShown(window.state)) {
+            PutOnTop(other);
+        }
+        return;
+    }
+    if (window.state.applying == 0 && ::IsWindowEnabled(window.handle) == 0) {
+        LeadToAnswering();
+        return;
+    }
+    if (isMinimized) {
         return;
     }
     window.focus.Restore();

@@ -7,6 +7,7 @@
 namespace forms::win32 {
 
 class FormWindow;
+struct StageState;
 
 // Whether a form's window is on the screen, which window is active, and which windows can be used.
 class WindowShowing {
@@ -22,6 +23,11 @@ class WindowShowing {
     void Apply();
     void UpdateEnabled();
     void BringToForeground();
+    // Puts open boxes and modal windows in front of the windows that are always on top. Does
+    // nothing if no such window is shown.
+    static void KeepAnsweringOnTop(const StageState& state);
+    // Whether a window that is always on top is shown.
+    static bool IsTopMostShown(const StageState& state);
     // Before the window is hidden, makes another window of the program active.
     void Hide();
     // Called before the window is destroyed, because the system would also destroy the windows that
@@ -30,17 +36,20 @@ class WindowShowing {
     // The owner of the window when it is not modal. May be null.
     HWND BaseOwner() const;
 
-    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam);
+    std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
   private:
+    void ApplyNow();
     void Show();
     void TakeModalOwner();
     void Activate();
     bool CanBeActive() const;
+    HWND Answering() const;
+    void LeadToAnswering();
     FormWindow* Successor() const;
     void MarkUsed();
     void GoBackToBaseOwner();
-    void OnActivate(WPARAM wParam);
+    void OnActivate(WPARAM wParam, HWND other);
     void OnSize(WPARAM kind);
 
     FormWindow& window;

@@ -8,7 +8,8 @@
 namespace forms::win32 {
 
 COLORREF WindowSurface::BackColor() const {
-    return ToColorRef(window.Model().backColor(), COLOR_BTNFACE);
+    const Form& form = window.Model();
+    return ToColorRef(form.backColor(), form.isPage ? COLOR_WINDOW : COLOR_BTNFACE);
 }
 
 COLORREF WindowSurface::ColorBehind(const Control& control) const {

@@ -133,7 +133,9 @@ class Writer {
             .Text("icon", FileName(form.icon));
         line.Number("least-width", form.minimumWidth, 0)
             .Number("least-height", form.minimumHeight, 0);
-        line.Color("back", form.backColor).If(form.centerOnScreen, "centred");
+        line.Color("back", form.backColor)
+            .If(form.isPage, "page")
+            .If(form.centerOnScreen, "centred");
         line.If(!form.showInTaskbar, "not-in-taskbar");
         Add(0, line);
         WriteMenus(form.Menus(), 1);

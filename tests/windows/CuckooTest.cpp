@@ -19,17 +19,18 @@ std::string LittleEndian(std::uint32_t value, int bytes) {
     return text;
 }
 
-// A short call of the cuckoo: 0.4 seconds of sound, then 0.1 seconds of silence. The sound device
-// may lose some milliseconds of each call. If the calls were shorter, the losses of twelve calls
-// could add up to one call.
-std::string ShortCall() {
+// A call of the cuckoo: 0.4 seconds of sound, then silence. The sound device may lose some
+// milliseconds of each call. If the sounds were shorter, the losses of twelve calls could add up to
+// one call.
+std::string Call(std::uint32_t tenthsOfSilence) {
     constexpr std::uint32_t rate = 8000;
-    constexpr std::uint32_t samples = rate / 2;
+    constexpr std::uint32_t sounding = rate * 4 / 10;
+    const std::uint32_t samples = sounding + rate * tenthsOfSilence / 10;
     constexpr double height = 700;  // Hz; the recorder recognises this frequency as the cuckoo
     std::string data;
     for (std::uint32_t i = 0; i < samples; ++i) {
         const double wave = std::sin(2 * std::numbers::pi * height * i / rate);
-        const auto sample = static_cast<std::int16_t>(i < samples * 4 / 5 ? 12000 * wave : 0);
+        const auto sample = static_cast<std::int16_t>(i < sounding ? 12000 * wave : 0);
         data += LittleEndian(static_cast<std::uint16_t>(sample), 2);
     }
     const auto size = static_cast<std::uint32_t>(data.size());
@@ -45,8 +46,9 @@ class CuckooTest : public DriverTest {
   protected:
     void TearDown() override;
 
+    void UseCall(std::uint32_t tenthsOfSilence);
     // Without the short call, twelve calls would take twenty seconds.
-    void UseShortCall();
+    void UseShortCall() { UseCall(1); }
     std::string SoundPath() const { return folder + "\\Cuckoo clock.wav"; }
     static bool Runs(const Window& main);
     // Sets the clock to fifteen seconds past the hour, and counts the calls by the seconds of
@@ -59,9 +61,9 @@ class CuckooTest : public DriverTest {
     std::optional<std::string> shipped;  // the shipped sound, while another one replaces it
 };
 
-void CuckooTest::UseShortCall() {
+void CuckooTest::UseCall(std::uint32_t tenthsOfSilence) {
     shipped = WholeFile(SoundPath()).value();
-    WriteWholeFile(SoundPath(), ShortCall());
+    WriteWholeFile(SoundPath(), Call(tenthsOfSilence));
 }
 
 void CuckooTest::TearDown() {
@@ -128,6 +130,29 @@ TEST_F(CuckooTest, StrikesAsOftenAsItsTableSays) {
               [&] { return static_cast<bool>(main.FindChild("Button", startCaption)); });
     EXPECT_FALSE(Runs(main));
     ExpectCalls("2031-06-03 01", 0);
+}
+
+// The twelve calls would take two minutes.
+TEST_F(CuckooTest, AnswersAndPaintsWhileItStrikesAndEndsWithTheSession) {
+    UseCall(100);
+    WriteSetting("Options", "StartCookoo", "1");
+    Clock::Set("2031-06-02 22:59:50");
+    const Window main = StartProgram();
+    const std::uint64_t before = recorder.Now();
+    LetTimeCome("2031-06-02 23:00:13", "something sounds",
+                [&] { return recorder.HasSounded(before); });
+    main.Button("&Timer").Click();
+    main.Send(WM_NULL);
+    ::RedrawWindow(main.handle, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    WaitUntil("the window is painted",
+              [&] { return ::GetUpdateRect(main.handle, nullptr, FALSE) == 0; });
+    EXPECT_TRUE(program.Visible("Novelty Timer").empty());
+    EXPECT_LT(Calls(before), 12);
+    for (const Window& window : program.Windows()) {
+        ::SendNotifyMessageW(window.handle, WM_ENDSESSION, TRUE, 0);
+    }
+    program.WaitForEnd();
+    EXPECT_LT(Calls(before), 12);
 }
 
 TEST_F(CuckooTest, IsSilentWhileAnAlarmSounds) {

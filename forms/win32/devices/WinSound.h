@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/Devices.h"
+#include "forms/win32/devices/SoundThread.h"
 
 namespace forms::win32 {
 
@@ -11,6 +12,9 @@ class WinSound : public Sound {
     void Play(const std::string& wavePath, Mode mode) override;
     void PlayToEnd(const std::string& wavePath) override;
     void Stop() override;
+
+  private:
+    SoundThread thread;
 };
 
 }  // namespace forms::win32

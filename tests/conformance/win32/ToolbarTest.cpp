@@ -1,0 +1,108 @@
+#include <windows.h>
+#include <commctrl.h>
+
+#include <string>
+#include <vector>
+
+#include "forms/win32/Dpi.h"
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/Messages.h"
+#include "tests/conformance/Stand.h"
+
+namespace forms::win32 {
+
+namespace {
+
+class frmTools : public Form {
+  public:
+    frmTools() : Form("frmTools") {}
+    Toolbar tlbTools{this, "tlbTools"};
+    DateTimePicker dtDate{this, "dtDate"};
+
+    void Design() override {
+        innerWidth = 6000;
+        innerHeight = 3000;
+        tlbTools.Place(180, 120, 5640, 480);
+        std::vector<Toolbar::Button> buttons(3);
+        buttons[0].key = "Save";
+        buttons[1].key = "Erase";
+        buttons[2].key = "Print";
+        tlbTools.buttons = buttons;
+        dtDate.toolTip = "Choose a date";
+        dtDate.Place(180, 900, 2000, 345);
+    }
+};
+
+LONG FontHeightOf(HWND window) {
+    LOGFONTW font{};
+    const auto handle = ::SendMessageW(window, WM_GETFONT, 0, 0);
+    ::GetObjectW(reinterpret_cast<HFONT>(handle), sizeof font, &font);
+    return font.lfHeight;
+}
+
+// Stores the tool tip window in *data whose owner is there.
+BOOL CALLBACK FindTips(HWND window, LPARAM data) {
+    auto& sought = *reinterpret_cast<HWND*>(data);
+    wchar_t name[32] = L"";
+    ::GetClassNameW(window, name, 32);
+    if (std::wstring(name) == TOOLTIPS_CLASSW && ::GetWindow(window, GW_OWNER) == sought) {
+        sought = window;
+        return FALSE;
+    }
+    return TRUE;
+}
+
+class ToolbarTest : public conformance::StandTest {
+  protected:
+    void SetUp() override {
+        StandTest::SetUp();
+        Start([] { Window().Show(); });
+        stand->Pump(50);
+    }
+    static frmTools& Window() { return Default<frmTools>(); }
+    static HWND Handle() { return FormWindow::Existing(Window())->handle; }
+    static HWND HandleOf(Control& control) {
+        return FormWindow::Existing(Window())->controls.Find(control)->handle;
+    }
+    static HWND TipsOfForm() {
+        HWND found = Handle();
+        ::EnumThreadWindows(::GetCurrentThreadId(), &FindTips, reinterpret_cast<LPARAM>(&found));
+        return found;
+    }
+};
+
+}  // namespace
+
+TEST_F(ToolbarTest, ButtonsShowNoTextAndHaveTheirSize) {
+    HWND toolbar = HandleOf(Window().tlbTools);
+    EXPECT_EQ(::SendMessageW(toolbar, TB_GETTEXTROWS, 0, 0), 0);
+    for (WPARAM button = 0; button < 3; ++button) {
+        RECT place{};
+        ASSERT_TRUE(
+            ::SendMessageW(toolbar, TB_GETITEMRECT, button, reinterpret_cast<LPARAM>(&place)));
+        EXPECT_EQ(place.right - place.left, 32);
+        EXPECT_EQ(place.bottom - place.top, 32);
+    }
+}
+
+TEST_F(ToolbarTest, TipsAndCalendarsFollowTheScale) {
+    auto* tips =
+        reinterpret_cast<HWND>(::SendMessageW(HandleOf(Window().tlbTools), TB_GETTOOLTIPS, 0, 0));
+    ASSERT_NE(tips, nullptr);
+    ASSERT_NE(TipsOfForm(), Handle());
+    RECT place{};
+    ::GetWindowRect(Handle(), &place);
+    for (const int dpi : {192, 96}) {
+        ::SendMessageW(Handle(), scaleChangedMessage, MAKEWPARAM(dpi, dpi),
+                       reinterpret_cast<LPARAM>(&place));
+        EXPECT_EQ(FontHeightOf(tips), TipFont(dpi).lfHeight);
+        EXPECT_EQ(FontHeightOf(TipsOfForm()), TipFont(dpi).lfHeight);
+        LOGFONTW calendar{};
+        const auto font = ::SendMessageW(HandleOf(Window().dtDate), DTM_GETMCFONT, 0, 0);
+        ::GetObjectW(reinterpret_cast<HFONT>(font), sizeof calendar, &calendar);
+        EXPECT_EQ(calendar.lfHeight, MessageFont(dpi).lfHeight);
+    }
+    EXPECT_NE(TipFont(96).lfHeight, TipFont(192).lfHeight);
+}
+
+}  // namespace forms::win32
