@@ -39,8 +39,7 @@ Owned<Interface> Made(const Call& call) {
 // The loaded library.
 class Library {
   public:
-    Library()
-        : module(::LoadLibraryExW(L"windowscodecs.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32)) {
+    Library() : module(LoadSystemLibrary(L"windowscodecs.dll")) {
         ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
         // Do not use CoCreateInstance: it would keep the library loaded.
         using Create = HRESULT(WINAPI*)(UINT, IWICImagingFactory**);
