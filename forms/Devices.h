@@ -151,6 +151,9 @@ class Shell {
     virtual int Open(const std::string& document, const std::string& workingFolder) = 0;
     // Shows a help file. command is the help viewer's own command number.
     virtual void ShowHelp(const std::string& helpFile, int command) = 0;
+    // Makes the shortcut start this program from the place where it is now. A file that is no
+    // shortcut, or that cannot be written, stays unchanged.
+    virtual void PointToThisProgram(const std::string& shortcut) = 0;
 };
 
 struct Picture {
@@ -195,6 +198,9 @@ class System {
     virtual ~System() = default;
     // Folder of the executable, without a trailing backslash.
     virtual std::string ApplicationFolder() = 0;
+    // The folder whose shortcuts start when this user signs in, without a trailing backslash. Empty
+    // if the system has none.
+    virtual std::string StartupFolder() = 0;
     // Whether another copy of the program runs for the same user. The first call also registers
     // this copy.
     virtual bool PreviousInstance() = 0;

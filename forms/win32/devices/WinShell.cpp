@@ -1,9 +1,14 @@
 #include "forms/win32/devices/WinShell.h"
 
 #include <windows.h>
+#include <objbase.h>
 #include <shellapi.h>
+#include <shlobj.h>
+
+#include <memory>
 
 #include "forms/win32/Utf.h"
+#include "forms/win32/devices/ProgramPath.h"
 
 namespace forms::win32 {
 
@@ -23,6 +28,28 @@ bool SystemHasHelpViewer() {
     // The viewer's folder depends on the version of the system.
     return WinShell::IsHelpViewer(FolderFrom(&::GetSystemWindowsDirectoryW) + name) ||
            WinShell::IsHelpViewer(FolderFrom(&::GetSystemDirectoryW) + name);
+}
+
+// The shell's functions and objects need COM in their thread. A thread that has it already keeps
+// it.
+void StartCom() { ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE); }
+
+struct Release {
+    void operator()(IUnknown* object) const { object->Release(); }
+};
+template <class Interface>
+using Owned = std::unique_ptr<Interface, Release>;
+
+Owned<IShellLinkW> NewLink() {
+    void* made = nullptr;
+    ::CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, &made);
+    return Owned<IShellLinkW>(static_cast<IShellLinkW*>(made));
+}
+
+Owned<IPersistFile> FileOf(IShellLinkW& link) {
+    void* file = nullptr;
+    link.QueryInterface(IID_IPersistFile, &file);
+    return Owned<IPersistFile>(static_cast<IPersistFile*>(file));
 }
 
 bool IsFile(const std::wstring& path) {
@@ -60,6 +87,28 @@ void WinShell::ShowHelp(const std::string& helpFile, int command) {
     if (!IsFile(Wide(page)) || Open(page, folder) <= 32) {
         // Last resort: a stand-in at least tells the user that it cannot show help files.
         showInViewer();
+    }
+}
+
+void WinShell::PointToThisProgram(const std::string& shortcut) {
+    StartCom();
+    const std::wstring path = Wide(shortcut);
+    const std::wstring program = ProgramPath();
+    const auto before = NewLink();
+    const auto link = NewLink();
+    if (!before || !link || FAILED(FileOf(*before)->Load(path.c_str(), STGM_READ))) {
+        return;
+    }
+    wchar_t target[MAX_PATH]{};
+    wchar_t description[INFOTIPSIZE]{};
+    before->GetPath(target, MAX_PATH, nullptr, SLGP_RAWPATH);
+    before->GetDescription(description, INFOTIPSIZE);
+    // Write a new shortcut: the old one may hold its target in other forms too.
+    if (target != program && SUCCEEDED(link->SetPath(program.c_str())) &&
+        SUCCEEDED(
+            link->SetWorkingDirectory(program.substr(0, program.find_last_of(L'\\')).c_str()))) {
+        link->SetDescription(description);
+        FileOf(*link)->Save(path.c_str(), TRUE);
     }
 }
 

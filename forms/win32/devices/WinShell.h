@@ -17,6 +17,7 @@ class WinShell : public Shell {
     // a page in the browser instead: the file beside helpFile with the same name and the extension
     // html. If that is missing too, does nothing.
     void ShowHelp(const std::string& helpFile, int command) override;
+    void PointToThisProgram(const std::string& shortcut) override;
 
     // Whether this program can show help files. Newer systems have a program of the same name that
     // only says that it cannot.
