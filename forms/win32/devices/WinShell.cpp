@@ -62,6 +62,7 @@ bool IsFile(const std::wstring& path) {
 WinShell::WinShell() : WinShell(SystemHasHelpViewer()) {}
 
 int WinShell::Open(const std::string& document, const std::string& workingFolder) {
+    StartCom();
     const HINSTANCE result = ::ShellExecuteW(::GetDesktopWindow(), L"Open", Wide(document).c_str(),
                                              L"", Wide(workingFolder).c_str(), SW_SHOWNORMAL);
     return static_cast<int>(reinterpret_cast<INT_PTR>(result));
@@ -79,7 +80,7 @@ void WinShell::ShowHelp(const std::string& helpFile, int command) {
         // some viewers ignore the command. HELP_CONTENTS shows the file's first page in front.
         return command != HELP_FORCEFILE || ask(HELP_CONTENTS);
     };
-    if (hasHelpViewer && showInViewer()) {
+    if (hasHelpViewer && !IsRefusedByViewer(Wide(helpFile)) && showInViewer()) {
         return;
     }
     const std::string page = helpFile.substr(0, helpFile.find_last_of('.')) + ".html";
@@ -116,6 +117,12 @@ bool WinShell::IsHelpViewer(const std::wstring& program) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     return ::GetFileAttributesExW(program.c_str(), GetFileExInfoStandard, &data) != 0 &&
            (std::uint64_t{data.nFileSizeHigh} << 32 | data.nFileSizeLow) >= smallestViewer;
+}
+
+bool WinShell::IsRefusedByViewer(const std::wstring& helpFile) {
+    const std::wstring root = helpFile.substr(0, helpFile.find(L'\\') + 1);
+    return helpFile.starts_with(L"\\\\") || ::GetDriveTypeW(root.c_str()) == DRIVE_REMOTE ||
+           IsFile(helpFile + L":Zone.Identifier");
 }
 
 }  // namespace forms::win32

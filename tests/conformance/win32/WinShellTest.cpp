@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "forms/win32/Utf.h"
+#include "forms/win32/devices/Handle.h"
 #include "forms/win32/devices/WinFiles.h"
 #include "forms/win32/devices/WinShell.h"
 #include "tests/conformance/win32/TempFolder.h"
@@ -136,6 +137,21 @@ TEST_F(WinShellHelpTest, AStandInDoesNotCountAsAViewer) {
     EXPECT_FALSE(WinShell::IsHelpViewer(Wide(folder.Path())));
     EXPECT_FALSE(WinShell::IsHelpViewer(Wide(Make("stand-in.exe", 12000))));
     EXPECT_TRUE(WinShell::IsHelpViewer(Wide(Make("viewer.exe", 280000))));
+}
+
+TEST_F(WinShellHelpTest, TheViewerIsNotAskedForAFileThatItRefuses) {
+    const std::string helpFile = Make("a.hlp", 1);
+    const std::string page = Make("a.html", 1);
+    EXPECT_FALSE(WinShell::IsRefusedByViewer(Wide(helpFile)));
+    EXPECT_TRUE(WinShell::IsRefusedByViewer(L"\\\\server\\share\\a.hlp"));
+    const Handle mark(::CreateFileW(Wide(helpFile + ":Zone.Identifier").c_str(), GENERIC_WRITE, 0,
+                                    nullptr, CREATE_ALWAYS, 0, nullptr));
+    if (!mark) {
+        GTEST_SKIP() << "needs a disk whose files can have several streams";
+    }
+    RecordingShell shell(true);
+    shell.ShowHelp(helpFile, HELP_CONTENTS);
+    EXPECT_EQ(shell.opened, std::vector<std::string>{page});
 }
 
 }  // namespace forms::win32
