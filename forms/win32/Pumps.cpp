@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "forms/Runtime.h"
@@ -201,11 +203,10 @@ std::optional<std::string> ShowOpenDialog(StageState& state, const FormWindow* w
 
 Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu) {
     const FormWindow::Entry entry(window);
-    POINT place{};
-    ::GetCursorPos(&place);
-    if (state.menuPlace) {
-        place = *state.menuPlace;
-    }
+    POINT pointer{};
+    ::GetCursorPos(&pointer);
+    // The place counts for this menu only, not for menus that its commands open.
+    const POINT place = std::exchange(state.menuPlace, std::nullopt).value_or(pointer);
     HMENU popup = window.menus.MakePopup(menu);
     HWND before = ::GetActiveWindow();
     // A menu closes when the user clicks elsewhere only if its window is in the foreground. It

@@ -4,6 +4,7 @@
 
 #include "forms/Gestures.h"
 #include "forms/win32/FormWindow.h"
+#include "forms/win32/Internal.h"
 
 namespace forms::win32 {
 
@@ -69,7 +70,10 @@ bool WindowPointer::IsTrayMessage(WPARAM wParam, LPARAM lParam) const {
 
 void WindowPointer::OnMove(WPARAM wParam, LPARAM lParam) {
     if (IsTrayMessage(wParam, lParam)) {
+        StageState& state = window.state;
+        state.menuPlace = MenuPlaceAtIcon(window.handle, trayIconId);
         gestures::TrayMessage(window.Model(), static_cast<int>(lParam));
+        state.menuPlace.reset();
         return;
     }
     // The system also sends moves if only the windows below the pointer have changed.
