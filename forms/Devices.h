@@ -126,11 +126,14 @@ class Tray {
     virtual bool Delete(const TrayRecord& record) = 0;
 };
 
-// The system's default printer. Printing begins with the first Print. Failures (no printer, printer
-// off) are RuntimeError 482.
+// The system's default printer. Failures (no printer, printer off, no document begun) are
+// RuntimeError 482.
 class Printer {
   public:
     virtual ~Printer() = default;
+    // Returns false if the user cancelled the document. The printers that write files ask for the
+    // name of the file here, and events come in meanwhile: windows call forms::BeginPrinting().
+    virtual bool BeginDocument() = 0;
     // Prints the text, wrapped to the page, and a line break.
     virtual void Print(const std::string& text) = 0;
     virtual void SetFontSize(int points) = 0;

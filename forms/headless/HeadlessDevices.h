@@ -77,6 +77,7 @@ class RecordedPrinter : public Printer {
         std::string Text() const;
     };
 
+    bool BeginDocument() override;
     void Print(const std::string& text) override;
     void SetFontSize(int points) override;
     void EndDocument() override;
@@ -88,6 +89,8 @@ class RecordedPrinter : public Printer {
     void Repair() { FailAt(0); }
 
     std::vector<Document> documents;
+    bool userCancels = false;       // the user cancels each document at its beginning
+    std::function<void()> onBegin;  // acts as the user while the printer asks for a file
 
   private:
     void Count();
