@@ -273,22 +273,14 @@ void NoteStore::Erase(const std::string& file) {
 }
 
 void NoteStore::AdoptLeftovers() {
-    for (const std::string& path : SafeFile::FindLeftovers(StandardCode::NotesFolder())) {
-        try {
-            const std::string bytes = Files().Read(path);
-            NoteRecord record;
-            if (NoteFile::IsWhole(bytes)) {
-                NoteFile::Decode(bytes, record);
-                if (!IsTitleInAnyFile(record.Title)) {
-                    Files().Replace(path, PathOf(FileNameFor(record.Title)));
-                    continue;
-                }
-            }
-            SafeFile::DeleteIfPossible(path);
-        } catch (const base::RuntimeError&) {
-            // The file stays until the next start.
+    SafeFile::SettleLeftovers(StandardCode::NotesFolder(), [](const std::string& bytes) {
+        NoteRecord record;
+        if (!NoteFile::IsWhole(bytes)) {
+            return std::string();
         }
-    }
+        NoteFile::Decode(bytes, record);
+        return IsTitleInAnyFile(record.Title) ? std::string() : PathOf(FileNameFor(record.Title));
+    });
 }
 
 EditedNote* NoteStore::FindOpen(const std::string& file) const {

@@ -118,6 +118,9 @@ void MemoryFiles::Replace(const std::string& from, const std::string& to, Durabi
     FindFile(source);
     CheckRemovable(source);
     CheckWritable(target);
+    if (replacesInTwoSteps && Find(target.key) != nullptr) {
+        Step([&] { Remove(to); }, [] {});
+    }
     Step(
         [&] {
             auto moved = nodes.extract(source.key);
