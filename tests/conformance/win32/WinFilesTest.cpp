@@ -367,6 +367,11 @@ TEST_F(WinFilesTest, WhatTheShellWouldDestroyIsNotGivenToIt) {
         EXPECT_FALSE(files.Recycle(note));
         EXPECT_TRUE(files.FileExists(note));
     }
+    {
+        const RegistryChoice policy(explorer + L"Policies\\Explorer", L"RecycleBinSize", 0);
+        EXPECT_FALSE(files.Recycle(note));
+        EXPECT_TRUE(files.FileExists(note));
+    }
     EXPECT_TRUE(files.Recycle(note));
     EXPECT_FALSE(files.FileExists(note));
 }
