@@ -61,7 +61,8 @@ class FileSystem {
     virtual bool FileExists(const std::string& path) = 0;
     virtual void MakeFolder(const std::string& path) = 0;
     // The files of a folder whose names end in suffix (in upper or lower case), in the order of the
-    // listing. Does not list folders. Empty if the folder does not exist.
+    // listing. Does not list folders. Empty if the folder does not exist; RuntimeError 76 or 57 if
+    // the folder above it does not exist either, or is out of reach.
     virtual std::vector<FileEntry> List(const std::string& folder, const std::string& suffix) = 0;
     // The file's name as the disk spells it. It may differ from the name in the path in upper and
     // lower case. If there is no such file, returns the name in the path.

@@ -1,11 +1,11 @@
 #include "notes/NoteStore.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "app/Patience.h"
 #include "app/RecordText.h"
 #include "app/SafeFile.h"
-#include "forms/Application.h"
 #include "forms/MsgBox.h"
 #include "forms/Services.h"
 #include "notes/EditedNote.h"
@@ -16,6 +16,9 @@ using StandardCode::Shared;
 namespace {
 
 constexpr const char* noteSuffix = ".txt";
+// In milliseconds.
+constexpr int pauseBeforeSecondLook = 200;
+constexpr std::int64_t pauseBeforeNextLoad = 30'000;
 
 forms::FileSystem& Files() { return *forms::Machine().files; }
 
@@ -31,6 +34,19 @@ bool SaysTheSame(const std::string& bytes, const NoteRecord& record) {
     }
     held.Text = RecordText::WithLineBreaks(held.Text);
     return held == record;
+}
+
+// Whether the error may be over some time later: no file, no folder, device, access.
+bool MayPass(const base::RuntimeError& error) {
+    return error == base::ErrorNumber::FileNotFound || error == base::ErrorNumber::PathNotFound ||
+           error == base::ErrorNumber::DeviceIoError ||
+           error == base::ErrorNumber::PermissionDenied;
+}
+
+// Reads a file that had too few fields once more. Another program may have been writing it.
+std::string ReadLater(const std::string& path) {
+    forms::Machine().system->Pause(pauseBeforeSecondLook);
+    return Files().Read(path);
 }
 
 // The name of a note's file may differ from its title.
@@ -69,14 +85,26 @@ bool NoteStore::Load() {
         Shared().NotesArray[rest] = NoteRecord{};
     }
     TellOpenNotes();
+    loadAgainAt.reset();
+    if (failure && MayPass(*failure)) {
+        loadAgainAt = forms::Machine().clock->MonotonicMilliseconds() + pauseBeforeNextLoad;
+    }
     if (!failure || *failure == base::ErrorNumber::SubscriptOutOfRange) {
         Shared().NoteCount = static_cast<std::int16_t>(slot - 1);
         StandardCode::Events().NotesArrayLoaded.Raise();
     }
-    if (failure) {
-        Report(*failure);
+    if (failure && !IsQuiet()) {
+        reports.Show(*failure, listing,
+                     loaded < listing.size() ? listing[loaded].name : std::string());
     }
     return isComplete;
+}
+
+void NoteStore::LoadAgainIfDue() {
+    if (loadAgainAt && forms::Machine().clock->MonotonicMilliseconds() >= *loadAgainAt) {
+        const Quiet withoutMessage(*this);
+        Load();
+    }
 }
 
 bool NoteStore::LoadSlots(int& slot) {
@@ -119,37 +147,20 @@ void NoteStore::LoadSlot(int slot, const forms::FileEntry& file,
     record = NoteRecord{};
     const std::string path = PathOf(file.name);
     // If the file was held by another program before and has not changed, do not wait for it again.
-    const bool isKnownToFail =
-        std::any_of(reported.begin(), reported.end(),
-                    [&](const auto& report) { return report.second == file.name; });
-    const std::string bytes =
+    const bool isKnownToFail = reports.HasShown(file.name);
+    std::string bytes =
         isKnownToFail ? Files().Read(path) : Patience::Try([&] { return Files().Read(path); });
-    NoteFile::Decode(bytes, record);
+    try {
+        NoteFile::Decode(bytes, record);
+    } catch (const base::RuntimeError& error) {
+        if (isKnownToFail || !(error == base::ErrorNumber::InputPastEndOfFile)) {
+            throw;
+        }
+        bytes = ReadLater(path);
+        record = NoteRecord{};
+        NoteFile::Decode(bytes, record);
+    }
     parsed[file.name] = {file.size, file.changed, NoteFile::Fingerprint(bytes), record};
-}
-
-void NoteStore::Report(const base::RuntimeError& error) {
-    if (quiet > 0) {
-        return;
-    }
-    if (reportedListing != listing) {
-        reportedListing = listing;
-        reported.clear();
-    }
-    if (error == base::ErrorNumber::SubscriptOutOfRange) {
-        const std::uint64_t action = forms::Application::Current().CurrentAction().number;
-        if (std::exchange(fullReportedIn, action) == action) {
-            return;
-        }
-    } else {
-        // The first file that was not loaded. Empty if the folder could not be listed.
-        const std::string failing = loaded < listing.size() ? listing[loaded].name : std::string();
-        if (!reported.insert({error.number(), failing}).second) {
-            return;
-        }
-    }
-    forms::MsgBox("Error Number: " + std::to_string(error.number()) + ") - " + error.description(),
-                  {}, "Error Loading Notes Array");
 }
 
 StoredNote NoteStore::Read(const forms::FileEntry& file) {

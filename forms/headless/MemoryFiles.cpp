@@ -62,10 +62,13 @@ void MemoryFiles::MakeFolder(const std::string& path) {
 std::vector<FileEntry> MemoryFiles::List(const std::string& folder, const std::string& suffix) {
     std::vector<FileEntry> entries;
     ++listings;
+    const std::string folderKey = DiskPath(folder).key;
     if (!FolderExists(folder)) {
+        if (!IsDead() && folderKey.size() > 2 && Find(FolderKey(folderKey)) == nullptr) {
+            Fail(base::ErrorNumber::PathNotFound);
+        }
         return entries;
     }
-    const std::string folderKey = DiskPath(folder).key;
     if (Find(folderKey)->denied) {
         Fail(base::ErrorNumber::PermissionDenied);
     }

@@ -125,10 +125,15 @@ void WinFiles::MakeFolder(const std::string& path) {
 
 std::vector<FileEntry> WinFiles::List(const std::string& folder, const std::string& suffix) {
     std::vector<FileEntry> entries;
-    if (!FolderExists(folder)) {
+    std::wstring pattern = NativePath(folder);
+    const DWORD attributes = ::GetFileAttributesW(pattern.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES && ::GetLastError() != ERROR_FILE_NOT_FOUND) {
+        // A medium or a network that is out of reach must not look like an empty folder.
+        throw base::RuntimeError(ErrorOfCode(::GetLastError()));
+    }
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
         return entries;
     }
-    std::wstring pattern = NativePath(folder);
     pattern += pattern.ends_with(L'\\') ? L"*" : L"\\*";
     // The suffix is not part of the pattern, because Windows would also compare it with short
     // names.

@@ -111,6 +111,11 @@ TEST_F(WinFilesTest, ListComparesTheWholeSuffixInEitherCase) {
     EXPECT_EQ(files.List(folder / "a.txt", ".txt").size(), 0U);
 }
 
+TEST_F(WinFilesTest, AFolderThatIsOutOfReachIsNoEmptyFolder) {
+    EXPECT_EQ(ErrorOf([&] { files.List(folder / "missing\\deep", ".txt"); }), 76);
+    EXPECT_NE(ErrorOf([&] { files.List("\\\\jotwright.invalid\\share\\Notes", ".txt"); }), 0);
+}
+
 TEST_F(WinFilesTest, AShortNameIsNotTheNameOfItsFile) {
     const std::string name = "My notes of this year.txt";
     files.Write(folder / name, "long");
@@ -413,6 +418,8 @@ TEST(WinFilesErrorsTest, CodesOfTheSystemHaveTheirNumbers) {
     EXPECT_EQ(ErrorOfCode(ERROR_PATH_NOT_FOUND), base::ErrorNumber::PathNotFound);
     EXPECT_EQ(ErrorOfCode(ERROR_FILE_NOT_FOUND), base::ErrorNumber::FileNotFound);
     EXPECT_EQ(ErrorOfCode(ERROR_INVALID_NAME), base::ErrorNumber::BadFileName);
+    constexpr DWORD cloudProviderNotRunning = 362;
+    EXPECT_EQ(ErrorOfCode(cloudProviderNotRunning), base::ErrorNumber::PermissionDenied);
     EXPECT_EQ(ErrorOfCode(ERROR_CRC), base::ErrorNumber::DeviceIoError);
 }
 
