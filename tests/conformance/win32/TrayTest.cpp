@@ -2,6 +2,7 @@
 #include <shellapi.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/Services.h"
@@ -22,7 +23,10 @@ class frmTray : public Form {
     frmTray() : Form("frmTray") {}
     std::vector<int> fromTray;
     std::vector<int> fromPointer;
+    Timer tmrTick{this, "tmrTick"};
     void Design() override {
+        tmrTick.interval = 100;
+        tmrTick.Tick = [] {};
         width = 12000;
         height = 6000;
     }
@@ -167,6 +171,18 @@ TEST_F(TrayTest, AnIconThatTheShellAddedWithoutSayingSoIsThere) {
     area.now += 600'000;
     tray.KeepShown();
     EXPECT_TRUE(area.calls.empty());
+}
+
+TEST_F(TrayTest, TheTicksOfTheProgramAreTheTimesToTryAgain) {
+    int times = 0;
+    const auto before = std::exchange(onTimer, [&times] { ++times; });
+    stand->Pump(300);
+    EXPECT_EQ(times, 0) << "no timer is on";
+    Window().tmrTick.enabled = true;
+    PumpUntil([&times] { return times >= 3; });
+    Window().tmrTick.enabled = false;
+    onTimer = before;
+    EXPECT_GE(times, 3);
 }
 
 TEST_F(TrayTest, ADeletedIconIsNotTriedAgain) {
