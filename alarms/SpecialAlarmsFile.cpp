@@ -43,6 +43,16 @@ Reading ReadAll(const std::string& text, std::string (RecordText::Reader::*readM
     return reading;
 }
 
+bool IsWhole(const std::string& bytes) {
+    std::vector<Row> rows;
+    try {
+        Decode(bytes, rows);
+        return true;
+    } catch (const base::RuntimeError&) {
+        return false;
+    }
+}
+
 }  // namespace
 
 std::string Folder() { return forms::ApplicationPath("\\SpecialAlarms"); }
@@ -108,6 +118,13 @@ void Write(const std::array<Row, rowCount>& rows, const std::optional<std::strin
         // Putting the file aside reports why it cannot be read.
     }
     SafeFile::ReplaceFile(Path(), bytes, options);
+}
+
+void AdoptLeftovers() {
+    SafeFile::SettleLeftovers(Folder(), [](const std::string& bytes) {
+        const bool isMissing = !forms::Machine().files->FileExists(Path());
+        return isMissing && IsWhole(bytes) ? Path() : std::string();
+    });
 }
 
 bool IsDue(const Row& row, base::DateTime now) {

@@ -46,6 +46,10 @@ std::optional<std::string> Read();
 // name. If a RuntimeError is raised, the file has not been replaced.
 void Write(const std::array<Row, rowCount>& rows, const std::optional<std::string>& known);
 
+// Settles the temporary files that a killed program left during Write(). If the file is missing, a
+// whole temporary file takes its place; otherwise they are removed. Never raises an error.
+void AdoptLeftovers();
+
 // Whether the row is enabled and due at this second of the week. A row whose time has a date is
 // never due.
 bool IsDue(const Row& row, base::DateTime now);

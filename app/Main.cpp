@@ -2,7 +2,6 @@
 
 #include "alarms/SpecialAlarmsFile.h"
 #include "app/Exit.h"
-#include "app/SafeFile.h"
 #include "app/StandardCode.h"
 #include "app/dlgMsgBox.h"
 #include "app/frmMain.h"
@@ -48,7 +47,7 @@ void Main() {
         EnsureNotesFolder();
     }
     NoteStore::AdoptLeftovers();
-    SafeFile::RemoveLeftovers(SpecialAlarmsFile::Folder());
+    SpecialAlarmsFile::AdoptLeftovers();
     ConnectControlPanel();
     forms::Application::Current().onFatalError = SaveAndRemoveIcon;
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "app/Patience.h"
 #include "app/StandardCode.h"
@@ -94,6 +95,22 @@ std::string InstanceOf(const std::string& name) {
     return IsAll(instanceId, IsHexDigit) ? instanceId : std::string();
 }
 
+// The temporary files of copies that no longer run.
+std::vector<std::string> FindLeftovers(const std::string& folder) {
+    std::vector<std::string> paths;
+    try {
+        for (const forms::FileEntry& entry : Files().List(folder, std::string(temporarySuffix))) {
+            const std::string instanceId = InstanceOf(entry.name);
+            if (!instanceId.empty() && !IsInUseBy(folder, instanceId)) {
+                paths.push_back(folder + '\\' + entry.name);
+            }
+        }
+    } catch (const base::RuntimeError&) {
+        // The windows that read the folder report this error.
+    }
+    return paths;
+}
+
 }  // namespace
 
 bool ReplaceFile(const std::string& path, const std::string& bytes, const ReplaceOptions& options) {
@@ -106,6 +123,7 @@ bool ReplaceFile(const std::string& path, const std::string& bytes, const Replac
     const std::string target = folder + '\\' + Files().NameOnDisk(path);
     const auto write = [&] { return WriteTemporary(folder, bytes, options.durability); };
     const std::string temporary = options.isPatient ? Patience::Try(write) : write();
+    const bool existed = Files().FileExists(target);
     try {
         if (options.isForeign) {
             PutAside(path, ".replaced");
@@ -113,7 +131,8 @@ bool ReplaceFile(const std::string& path, const std::string& bytes, const Replac
         const auto rename = [&] { Files().Replace(temporary, target, options.durability); };
         options.isPatient ? Patience::Try(rename) : rename();
     } catch (const base::RuntimeError&) {
-        if (!options.isForeign || Files().FileExists(target)) {
+        // If the old file is gone, the new bytes are the only ones.
+        if (!existed || Files().FileExists(target)) {
             DeleteIfPossible(temporary);
         }
         throw;
@@ -184,24 +203,19 @@ bool IsInUseBy(const std::string& folder, const std::string& instanceId) {
     }
 }
 
-std::vector<std::string> FindLeftovers(const std::string& folder) {
-    std::vector<std::string> paths;
-    try {
-        for (const forms::FileEntry& entry : Files().List(folder, std::string(temporarySuffix))) {
-            const std::string instanceId = InstanceOf(entry.name);
-            if (!instanceId.empty() && !IsInUseBy(folder, instanceId)) {
-                paths.push_back(folder + '\\' + entry.name);
-            }
-        }
-    } catch (const base::RuntimeError&) {
-        // The windows that read the folder report this error.
-    }
-    return paths;
-}
-
-void RemoveLeftovers(const std::string& folder) {
+void SettleLeftovers(const std::string& folder,
+                     const std::function<std::string(const std::string& bytes)>& missingFileOf) {
     for (const std::string& path : FindLeftovers(folder)) {
-        DeleteIfPossible(path);
+        try {
+            const std::string missing = missingFileOf(Files().Read(path));
+            if (missing.empty()) {
+                Files().Delete(path);
+            } else {
+                Files().Replace(path, missing);
+            }
+        } catch (const base::RuntimeError&) {
+            // The file stays until the next start.
+        }
     }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <functional>
 #include <string>
-#include <vector>
 
 #include "forms/Devices.h"
 
@@ -17,15 +17,14 @@ struct ReplaceOptions {
     // The caller has read the file and knows that its bytes differ.
     bool isKnownToDiffer = false;
     // This program has neither read nor written the old file. The file is put aside with the ending
-    // ".replaced" (see PutAside()) when the new bytes are on the disk. If the replacement then
-    // fails, the new bytes stay in a temporary file, and FindLeftovers() finds it at the next
-    // start.
+    // ".replaced" (see PutAside()) when the new bytes are on the disk.
     bool isForeign = false;
 };
 
 // Gives the file these bytes. An existing file keeps the letter case of its name. Returns false,
 // and writes nothing, if the file held these bytes already. On a RuntimeError the file is
-// unchanged. The folder must exist.
+// unchanged, or it is gone and the new bytes stay in a temporary file for SettleLeftovers(). The
+// folder must exist.
 bool ReplaceFile(const std::string& path, const std::string& bytes,
                  const ReplaceOptions& options = {});
 
@@ -50,12 +49,13 @@ void MarkInUse(const std::string& folder);
 // Whether a program with this instance id, other than this one, works in the folder.
 bool IsInUseBy(const std::string& folder, const std::string& instanceId);
 
-// Paths of the temporary files that killed copies of the program left in the folder. Files of
-// copies that still run are not included. Never raises an error.
-std::vector<std::string> FindLeftovers(const std::string& folder);
-
-// Removes the files that FindLeftovers() finds. Never raises an error.
-void RemoveLeftovers(const std::string& folder);
+// Settles the temporary files that killed copies of the program left in the folder. If the killed
+// copy was about to replace a file, that file may be missing: FAT removes the old name before it
+// gives the new file its name. missingFileOf gets the bytes of each temporary file, and returns the
+// path of the missing file that has to have them. The temporary file gets that name. If the path is
+// empty, the temporary file is removed. Files of copies that still run stay. Never raises an error.
+void SettleLeftovers(const std::string& folder,
+                     const std::function<std::string(const std::string& bytes)>& missingFileOf);
 
 // Never raises an error.
 void DeleteIfPossible(const std::string& path);

@@ -288,6 +288,7 @@ void frmMain::cmdCookoo_Click() { RunCuckooClock(!tmrCooKoo.enabled); }
 
 void frmMain::tmrNow_Timer() {
     Bell::ClearAlarmSounding();
+    StandardCode::Notes().LoadAgainIfDue();
     // All checks use the same second, even if opening windows takes longer.
     const base::DateTime now = forms::Now();
     const NoteAlarmsCheck::Opened opened = NoteAlarmsCheck::DisplayDue(now);

@@ -6,20 +6,13 @@
 #include "app/Grid.h"
 #include "app/Settings.h"
 #include "app/StandardCode.h"
+#include "app/StartupLink.h"
 #include "base/RuntimeError.h"
 #include "forms/Devices.h"
 #include "forms/MsgBox.h"
 #include "forms/Services.h"
 
 namespace {
-
-// Both spellings name the same file. The search uses the first, the creation the second.
-constexpr const char* linkToFind =
-    "C:\\Documents and Settings\\All Users\\Start Menu\\Programs\\Startup\\Shortcut to "
-    "Jotwright.lnk";
-constexpr const char* linkToMake =
-    "C:\\Documents and Settings\\All Users\\Start Menu\\Programs\\Startup\\Shortcut To "
-    "Jotwright.lnk";
 
 // Selects the button with this index. If the index is out of range, selects no button. This happens
 // only if the store was edited by hand.
@@ -156,17 +149,6 @@ void frmOptions::WriteSettings() {
     Store(Settings::showDateTime, chkShowDateTime);
 }
 
-void frmOptions::UpdateStartupLink() {
-    forms::FileSystem& files = *forms::Machine().files;
-    const bool exists = files.FileExists(linkToFind);
-    if (startWithWindows == 0 && exists) {
-        files.Delete(linkToFind);
-    }
-    if (startWithWindows == 1 && !exists) {
-        files.Copy(forms::ApplicationPath("\\Shortcut To Jotwright.lnk"), linkToMake);
-    }
-}
-
 void frmOptions::chkIsService_Click() {
     if (chkIsService.value == 0) {
         startWithWindows = 0;
@@ -182,7 +164,7 @@ void frmOptions::optDefaultColor_Click(int index) { colorCode = static_cast<std:
 void frmOptions::cmdApply_Click() {
     try {
         WriteSettings();
-        UpdateStartupLink();
+        StartupLink::Update(startWithWindows == 1);
     } catch (const base::RuntimeError&) {
         forms::MsgBox("Unable to create startup link.       ",
                       {.icon = forms::BoxIcon::Exclamation}, "Startup Link Error");

@@ -35,7 +35,6 @@ class frmOptions : public forms::Form {
     void DesignFont();
     void DesignColor();
     void WriteSettings();
-    void UpdateStartupLink();
 
     void chkIsService_Click();
     void optDefaultFont_Click(int index);

@@ -61,7 +61,8 @@ class FileSystem {
     virtual bool FileExists(const std::string& path) = 0;
     virtual void MakeFolder(const std::string& path) = 0;
     // The files of a folder whose names end in suffix (in upper or lower case), in the order of the
-    // listing. Does not list folders. Empty if the folder does not exist.
+    // listing. Does not list folders. Empty if the folder does not exist; RuntimeError 76 or 57 if
+    // the folder above it does not exist either, or is out of reach.
     virtual std::vector<FileEntry> List(const std::string& folder, const std::string& suffix) = 0;
     // The file's name as the disk spells it. It may differ from the name in the path in upper and
     // lower case. If there is no such file, returns the name in the path.
@@ -127,11 +128,14 @@ class Tray {
     virtual bool Delete(const TrayRecord& record) = 0;
 };
 
-// The system's default printer. Printing begins with the first Print. Failures (no printer, printer
-// off) are RuntimeError 482.
+// The system's default printer. Failures (no printer, printer off, no document begun) are
+// RuntimeError 482.
 class Printer {
   public:
     virtual ~Printer() = default;
+    // Returns false if the user cancelled the document. The printers that write files ask for the
+    // name of the file here, and events come in meanwhile: windows call forms::BeginPrinting().
+    virtual bool BeginDocument() = 0;
     // Prints the text, wrapped to the page, and a line break.
     virtual void Print(const std::string& text) = 0;
     virtual void SetFontSize(int points) = 0;
@@ -152,6 +156,9 @@ class Shell {
     virtual int Open(const std::string& document, const std::string& workingFolder) = 0;
     // Shows a help file. command is the help viewer's own command number.
     virtual void ShowHelp(const std::string& helpFile, int command) = 0;
+    // Makes the shortcut start this program from the place where it is now. A file that is no
+    // shortcut, or that cannot be written, stays unchanged.
+    virtual void PointToThisProgram(const std::string& shortcut) = 0;
 };
 
 struct Picture {
@@ -196,6 +203,9 @@ class System {
     virtual ~System() = default;
     // Folder of the executable, without a trailing backslash.
     virtual std::string ApplicationFolder() = 0;
+    // The folder whose shortcuts start when this user signs in, without a trailing backslash. Empty
+    // if the system has none.
+    virtual std::string StartupFolder() = 0;
     // Whether another copy of the program runs for the same user. The first call also registers
     // this copy.
     virtual bool PreviousInstance() = 0;

@@ -35,6 +35,22 @@ Picture LoadPicture(const std::string& path) { return Machine().pictures->Load(p
 
 void SetMousePointer(MousePointer pointer) { Runtime::Current().stage.SetMousePointer(pointer); }
 
+bool BeginPrinting() {
+    bool hasBegun = false;
+    std::optional<base::RuntimeError> failure;
+    Runtime::Current().Wait([&] {
+        try {
+            hasBegun = Machine().printer->BeginDocument();
+        } catch (const base::RuntimeError& error) {
+            failure = error;
+        }
+    });
+    if (failure) {
+        throw base::RuntimeError(*failure);
+    }
+    return hasBegun;
+}
+
 std::optional<std::string> ShowOpenDialog(Form& form, const FileDialogRequest& request) {
     Runtime& runtime = Runtime::Current();
     std::optional<std::string> chosen;

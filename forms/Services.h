@@ -32,6 +32,9 @@ void SetMousePointer(MousePointer pointer);
 // Twips to a pixel at 96 dpi. The value does not depend on the scale of a monitor: a stage converts
 // its own pixels to twips.
 constexpr int TwipsPerPixelX() { return 15; }
+// Begins a document of the default printer. Handlers may run meanwhile, because some printers show
+// a dialog. False if the user cancels it. Raises RuntimeErrors.
+bool BeginPrinting();
 // Shows the system's dialog for opening a file. Empty if the user cancels. Handlers may run while
 // the dialog is open.
 std::optional<std::string> ShowOpenDialog(Form& form, const FileDialogRequest& request);

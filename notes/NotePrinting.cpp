@@ -3,6 +3,7 @@
 #include "base/RuntimeError.h"
 #include "forms/Devices.h"
 #include "forms/MsgBox.h"
+#include "forms/Services.h"
 
 namespace StandardCode {
 
@@ -10,9 +11,13 @@ namespace {
 
 constexpr int printedFontSize = 12;
 
+// Returns false if there was an error. If the user cancels the document, that is no error.
 bool PrintDocument(const std::string& title, const std::string& text) {
     forms::Printer& printer = *forms::Machine().printer;
     try {
+        if (!forms::BeginPrinting()) {
+            return true;
+        }
         printer.Print("");
         printer.Print("");
         printer.SetFontSize(printedFontSize);
@@ -36,7 +41,9 @@ void Abandon() {
 
 }  // namespace
 
-void PrintNote(const std::string& title, const std::string& text) {
+// The texts are copies, because the note may be closed while the printer asks for a file.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
+void PrintNote(std::string title, std::string text) {
     if (PrintDocument(title, text)) {
         return;
     }

@@ -1,11 +1,11 @@
 #include "notes/NoteStore.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "app/Patience.h"
 #include "app/RecordText.h"
 #include "app/SafeFile.h"
-#include "forms/Application.h"
 #include "forms/MsgBox.h"
 #include "forms/Services.h"
 #include "notes/EditedNote.h"
@@ -16,6 +16,9 @@ using StandardCode::Shared;
 namespace {
 
 constexpr const char* noteSuffix = ".txt";
+// In milliseconds.
+constexpr int pauseBeforeSecondLook = 200;
+constexpr std::int64_t pauseBeforeNextLoad = 30'000;
 
 forms::FileSystem& Files() { return *forms::Machine().files; }
 
@@ -31,6 +34,19 @@ bool SaysTheSame(const std::string& bytes, const NoteRecord& record) {
     }
     held.Text = RecordText::WithLineBreaks(held.Text);
     return held == record;
+}
+
+// Whether the error may be over some time later: no file, no folder, device, access.
+bool MayPass(const base::RuntimeError& error) {
+    return error == base::ErrorNumber::FileNotFound || error == base::ErrorNumber::PathNotFound ||
+           error == base::ErrorNumber::DeviceIoError ||
+           error == base::ErrorNumber::PermissionDenied;
+}
+
+// Reads a file that had too few fields once more. Another program may have been writing it.
+std::string ReadLater(const std::string& path) {
+    forms::Machine().system->Pause(pauseBeforeSecondLook);
+    return Files().Read(path);
 }
 
 // The name of a note's file may differ from its title.
@@ -69,14 +85,26 @@ bool NoteStore::Load() {
         Shared().NotesArray[rest] = NoteRecord{};
     }
     TellOpenNotes();
+    loadAgainAt.reset();
+    if (failure && MayPass(*failure)) {
+        loadAgainAt = forms::Machine().clock->MonotonicMilliseconds() + pauseBeforeNextLoad;
+    }
     if (!failure || *failure == base::ErrorNumber::SubscriptOutOfRange) {
         Shared().NoteCount = static_cast<std::int16_t>(slot - 1);
         StandardCode::Events().NotesArrayLoaded.Raise();
     }
-    if (failure) {
-        Report(*failure);
+    if (failure && !IsQuiet()) {
+        const std::vector<forms::FileEntry>& files = listing.Files();
+        reports.Show(*failure, files, loaded < files.size() ? files[loaded].name : std::string());
     }
     return isComplete;
+}
+
+void NoteStore::LoadAgainIfDue() {
+    if (loadAgainAt && forms::Machine().clock->MonotonicMilliseconds() >= *loadAgainAt) {
+        const Quiet withoutMessage(*this);
+        Load();
+    }
 }
 
 bool NoteStore::LoadSlots(int& slot) {
@@ -130,40 +158,23 @@ void NoteStore::LoadSlot(int slot, const forms::FileEntry& file, Earlier& before
         slotted.insert(slotted.end(), std::move(known));
         return;
     }
+    record = NoteRecord{};
     const std::string path = PathOf(file.name);
     // If the file was held by another program before and has not changed, do not wait for it again.
-    const bool isKnownToFail =
-        std::any_of(reported.begin(), reported.end(),
-                    [&](const auto& report) { return report.second == file.name; });
-    const std::string bytes =
+    const bool isKnownToFail = reports.HasShown(file.name);
+    std::string bytes =
         isKnownToFail ? Files().Read(path) : Patience::Try([&] { return Files().Read(path); });
-    NoteFile::Decode(bytes, record);
+    try {
+        NoteFile::Decode(bytes, record);
+    } catch (const base::RuntimeError& error) {
+        if (isKnownToFail || !(error == base::ErrorNumber::InputPastEndOfFile)) {
+            throw;
+        }
+        bytes = ReadLater(path);
+        record = NoteRecord{};
+        NoteFile::Decode(bytes, record);
+    }
     slotted[file.name] = {file.size, file.changed, NoteFile::Fingerprint(bytes), slot};
-}
-
-void NoteStore::Report(const base::RuntimeError& error) {
-    if (quiet > 0) {
-        return;
-    }
-    const std::vector<forms::FileEntry>& files = listing.Files();
-    if (reportedListing != files) {
-        reportedListing = files;
-        reported.clear();
-    }
-    if (error == base::ErrorNumber::SubscriptOutOfRange) {
-        const std::uint64_t action = forms::Application::Current().CurrentAction().number;
-        if (std::exchange(fullReportedIn, action) == action) {
-            return;
-        }
-    } else {
-        // The first file that was not loaded. Empty if the folder could not be listed.
-        const std::string failing = loaded < files.size() ? files[loaded].name : std::string();
-        if (!reported.insert({error.number(), failing}).second) {
-            return;
-        }
-    }
-    forms::MsgBox("Error Number: " + std::to_string(error.number()) + ") - " + error.description(),
-                  {}, "Error Loading Notes Array");
 }
 
 StoredNote NoteStore::Read(const forms::FileEntry& file) {
@@ -292,22 +303,14 @@ void NoteStore::Erase(const std::string& file) {
 }
 
 void NoteStore::AdoptLeftovers() {
-    for (const std::string& path : SafeFile::FindLeftovers(StandardCode::NotesFolder())) {
-        try {
-            const std::string bytes = Files().Read(path);
-            NoteRecord record;
-            if (NoteFile::IsWhole(bytes)) {
-                NoteFile::Decode(bytes, record);
-                if (!IsTitleInAnyFile(record.Title)) {
-                    Files().Replace(path, PathOf(FileNameFor(record.Title)));
-                    continue;
-                }
-            }
-            SafeFile::DeleteIfPossible(path);
-        } catch (const base::RuntimeError&) {
-            // The file stays until the next start.
+    SafeFile::SettleLeftovers(StandardCode::NotesFolder(), [](const std::string& bytes) {
+        NoteRecord record;
+        if (!NoteFile::IsWhole(bytes)) {
+            return std::string();
         }
-    }
+        NoteFile::Decode(bytes, record);
+        return IsTitleInAnyFile(record.Title) ? std::string() : PathOf(FileNameFor(record.Title));
+    });
 }
 
 EditedNote* NoteStore::FindOpen(const std::string& file) const {

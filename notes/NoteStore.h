@@ -6,15 +6,14 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "app/StandardCode.h"
 #include "base/RuntimeError.h"
 #include "forms/Devices.h"
 #include "notes/Listing.h"
+#include "notes/LoadReports.h"
 #include "notes/NoteFile.h"
 
 class EditedNote;
@@ -54,14 +53,21 @@ class NoteStore {
     // every open note if its file has changed, even if the file is in no slot. Returns whether
     // every listed note was loaded. If so, a second call would change nothing.
     //
-    // A file with too few fields goes to the Recycle Bin and ends the listing. If there are more
-    // files than slots, all slots are filled and counted. Any other error leaves NoteCount
+    // A file with too few fields is read once more after a moment, because another program may be
+    // writing it. If it stays so, it goes to the Recycle Bin and ends the listing. If there are
+    // more files than slots, all slots are filled and counted. Any other error leaves NoteCount
     // unchanged.
+    //
+    // If a file or the folder was out of reach, LoadAgainIfDue() tries again.
     //
     // Errors are shown in a box, and timers tick while it is open. Each error is shown once until
     // the folder changes. The error that there are more files than slots is shown once for each
     // action of the user.
     bool Load();
+    // Calls Load() again, without a message, half a minute after it met an error that may pass: a
+    // network or a cloud that was out of reach, a file that another program held. The alarms of the
+    // notes that were not loaded would not ring. Call it once a second.
+    void LoadAgainIfDue();
 
     // The listing from which the last Load() rebuilt the array.
     const std::vector<forms::FileEntry>& ListedFiles() const { return listing.Files(); }
@@ -142,7 +148,6 @@ class NoteStore {
     // Returns whether all listed notes were loaded. Raises the error that ended the loading.
     bool LoadSlots(int& slot);
     void LoadSlot(int slot, const forms::FileEntry& file, Earlier& before);
-    void Report(const base::RuntimeError& error);
     void TellOpenNotes();
     // The fingerprint of a listed file that is in no slot. Reads the file only if its size or its
     // time of change has changed since it was last read.
@@ -157,11 +162,10 @@ class NoteStore {
     std::map<std::string, Seen> slotted;
     std::map<std::string, SeenRecord> unslotted;  // files beyond the last slot, and their records
     std::size_t loaded = 0;                       // number of listed files in slots, from slot 1 on
-    std::vector<forms::FileEntry> reportedListing;
-    std::set<std::pair<int, std::string>> reported;  // error number and file
-    std::uint64_t fullReportedIn = 0;  // action in which the lack of slots was last reported
+    LoadReports reports;
     std::vector<EditedNote*> open;
     int quiet = 0;
+    std::optional<std::int64_t> loadAgainAt;  // monotonic milliseconds
 };
 
 namespace StandardCode {

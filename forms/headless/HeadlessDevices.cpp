@@ -67,6 +67,18 @@ std::string RecordedPrinter::Document::Text() const {
     return text;
 }
 
+bool RecordedPrinter::BeginDocument() {
+    Count();
+    if (onBegin) {
+        onBegin();
+    }
+    if (!userCancels) {
+        documents.emplace_back();
+        fontSize = 0;
+    }
+    return !userCancels;
+}
+
 void RecordedPrinter::Print(const std::string& text) {
     Count();
     Current().lines.push_back({text, fontSize});
@@ -79,9 +91,7 @@ void RecordedPrinter::SetFontSize(int points) {
 
 void RecordedPrinter::EndDocument() {
     Count();
-    if (!documents.empty()) {
-        documents.back().ended = true;
-    }
+    Current().ended = true;
 }
 
 void RecordedPrinter::AbandonDocument() {
@@ -104,7 +114,7 @@ void RecordedPrinter::Count() {
 
 RecordedPrinter::Document& RecordedPrinter::Current() {
     if (documents.empty() || documents.back().ended || documents.back().abandoned) {
-        documents.emplace_back();
+        throw base::RuntimeError(base::ErrorNumber::PrinterError);
     }
     return documents.back();
 }

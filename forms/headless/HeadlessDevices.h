@@ -77,6 +77,7 @@ class RecordedPrinter : public Printer {
         std::string Text() const;
     };
 
+    bool BeginDocument() override;
     void Print(const std::string& text) override;
     void SetFontSize(int points) override;
     void EndDocument() override;
@@ -88,6 +89,8 @@ class RecordedPrinter : public Printer {
     void Repair() { FailAt(0); }
 
     std::vector<Document> documents;
+    bool userCancels = false;       // the user cancels each document at its beginning
+    std::function<void()> onBegin;  // acts as the user while the printer asks for a file
 
   private:
     void Count();
@@ -110,11 +113,13 @@ class RecordedShell : public Shell {
 
     int Open(const std::string& document, const std::string& workingFolder) override;
     void ShowHelp(const std::string& helpFile, int command) override;
+    void PointToThisProgram(const std::string& shortcut) override { pointed.push_back(shortcut); }
 
     int result = 33;
     std::optional<base::ErrorNumber> error;  // raised after a call is recorded
     std::vector<Opened> opened;
     std::vector<Help> helpShown;
+    std::vector<std::string> pointed;  // shortcuts that were made to start this program
 };
 
 // Treats any file that exists as a picture, whatever its bytes.
@@ -140,6 +145,7 @@ class RecordedPictures : public Pictures {
 class RecordedSystem : public System {
   public:
     std::string ApplicationFolder() override { return folder; }
+    std::string StartupFolder() override { return startupFolder; }
     bool PreviousInstance() override {
         ++timesAsked;
         return previousInstance;
@@ -155,6 +161,9 @@ class RecordedSystem : public System {
     }
 
     std::string folder = "C:\\Jotwright";
+    // Does not exist on the disk in memory until the test makes it.
+    std::string startupFolder =
+        "C:\\Users\\User\\AppData\\Roaming\\Microsoft\\Windows\\Start Menu\\Programs\\Startup";
     bool previousInstance = false;
     int timesAsked = 0;
     std::uint32_t version = 0x000A;  // 10.0

@@ -64,10 +64,13 @@ void MemoryFiles::MakeFolder(const std::string& path) {
 std::vector<FileEntry> MemoryFiles::List(const std::string& folder, const std::string& suffix) {
     std::vector<FileEntry> entries;
     ++listings;
+    const std::string folderKey = DiskPath(folder).key;
     if (!FolderExists(folder)) {
+        if (!IsDead() && folderKey.size() > 2 && Find(FolderKey(folderKey)) == nullptr) {
+            Fail(base::ErrorNumber::PathNotFound);
+        }
         return entries;
     }
-    const std::string folderKey = DiskPath(folder).key;
     if (Find(folderKey)->denied) {
         Fail(base::ErrorNumber::PermissionDenied);
     }
@@ -120,6 +123,9 @@ void MemoryFiles::Replace(const std::string& from, const std::string& to, Durabi
     FindFile(source);
     CheckRemovable(source);
     CheckWritable(target);
+    if (replacesInTwoSteps && Find(target.key) != nullptr) {
+        Step([&] { Remove(to); }, [] {});
+    }
     Step(
         [&] {
             auto moved = nodes.extract(source.key);

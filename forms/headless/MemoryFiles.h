@@ -68,6 +68,8 @@ class MemoryFiles : public FileSystem, public DiskFaults {
     // Empty: no limit. A write that does not fit fails with 61, and writes as many bytes as fit.
     void SetFreeSpace(std::optional<std::uint64_t> bytes) { freeSpace = bytes; }
     void SetRecycleBin(bool present) { hasRecycleBin = present; }
+    // As on FAT: a Replace over a file has two steps, the removal of that file and the renaming.
+    void SetReplacesInTwoSteps(bool inTwoSteps) { replacesInTwoSteps = inTwoSteps; }
 
     // Paths of the files in the Recycle Bin, in the order of their deletion.
     const std::vector<std::string>& RecycleBin() const { return recycled; }
@@ -108,6 +110,7 @@ class MemoryFiles : public FileSystem, public DiskFaults {
     std::shared_ptr<std::set<std::string>> locks = std::make_shared<std::set<std::string>>();
     std::optional<std::uint64_t> freeSpace;
     bool hasRecycleBin = true;
+    bool replacesInTwoSteps = false;
     std::vector<std::string> recycled;
     std::vector<std::string> recycledBytes;
     std::vector<std::string> log;

@@ -40,7 +40,13 @@ Owned<Interface> Made(const Call& call) {
 class Library {
   public:
     Library()
-        : module(::LoadLibraryExW(L"windowscodecs.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32)) {
+        : module(LoadSystemLibrary(L"windowscodecs.dll")),
+          canUnload(FunctionOf<CanUnload>(module, "DllCanUnloadNow")) {
+        // Some systems' decoders always refuse, even before they have made an object. Their answer
+        // says nothing.
+        if (canUnload != nullptr && canUnload() != S_OK) {
+            canUnload = nullptr;
+        }
         ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
         // Do not use CoCreateInstance: it would keep the library loaded.
         using Create = HRESULT(WINAPI*)(UINT, IWICImagingFactory**);
@@ -52,7 +58,9 @@ class Library {
     }
     ~Library() {
         factory.reset();
-        if (module != nullptr) {
+        // Objects of the library may outlive the factory, for example in the codecs of other
+        // makers. In that case it stays loaded.
+        if (module != nullptr && (canUnload == nullptr || canUnload() == S_OK)) {
             ::FreeLibrary(module);
         }
     }
@@ -86,7 +94,10 @@ class Library {
     }
 
   private:
+    using CanUnload = HRESULT(WINAPI*)();
+
     HMODULE module;
+    CanUnload canUnload;  // null: not asked
     Owned<IWICImagingFactory> factory;
 };
 

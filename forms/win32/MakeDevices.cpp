@@ -2,6 +2,7 @@
 
 #include "forms/win32/Internal.h"
 #include "forms/win32/Utf.h"
+#include "forms/win32/devices/NotificationArea.h"
 #include "forms/win32/devices/WinClock.h"
 #include "forms/win32/devices/WinFiles.h"
 #include "forms/win32/devices/WinLocale.h"
@@ -22,7 +23,8 @@ struct AllDevices {
     WinFiles files;
     WinSettings settings;
     WinSound sound;
-    WinTray tray;
+    NotificationArea area;
+    WinTray tray{area};
     WinPrinter printer;
     WinShell shell;
     WinPictures pictures{files};
@@ -35,10 +37,12 @@ struct AllDevices {
           system(Wide(application.mutexName)) {
         onTaskbarCreated = [this] { tray.AddAgain(); };
         onDisplayChange = [this] { tray.FollowScale(); };
+        onTimer = [this] { tray.KeepShown(); };
     }
     ~AllDevices() {
         onTaskbarCreated = nullptr;
         onDisplayChange = nullptr;
+        onTimer = nullptr;
     }
     AllDevices(const AllDevices&) = delete;
     AllDevices& operator=(const AllDevices&) = delete;

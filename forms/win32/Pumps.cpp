@@ -3,6 +3,7 @@
 #include <commdlg.h>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -221,11 +222,10 @@ std::optional<std::string> ShowOpenDialog(StageState& state, const FormWindow* w
 
 Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu) {
     const FormWindow::Entry entry(window);
-    POINT place{};
-    ::GetCursorPos(&place);
-    if (const auto wanted = std::exchange(state.menuPlace, std::nullopt)) {
-        place = *wanted;
-    }
+    POINT pointer{};
+    ::GetCursorPos(&pointer);
+    // The place counts for this menu only, not for menus that its commands open.
+    const POINT place = std::exchange(state.menuPlace, std::nullopt).value_or(pointer);
     HMENU popup = window.menus.MakePopup(menu);
     HWND before = ::GetActiveWindow();
     // A menu closes when the user clicks elsewhere only if its window is in the foreground. It

@@ -16,7 +16,7 @@ constexpr int bytesPerPixel = 4;
 }  // namespace
 
 struct Scaler::Library {
-    Library() : module(::LoadLibraryExW(L"gdiplus.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32)) {
+    Library() : module(LoadSystemLibrary(L"gdiplus.dll")) {
         Find(startup, "GdiplusStartup");
         Find(shutdown, "GdiplusShutdown");
         Find(createOverMemory, "GdipCreateBitmapFromScan0");

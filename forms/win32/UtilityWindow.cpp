@@ -118,6 +118,9 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
                 Runtime::Current().RunDueTimers();
             }
             decoder::ReleaseIfUnused();
+            if (onTimer) {
+                onTimer();
+            }
             return 0;
         case catchUpMessage:
             catchingUp = false;

@@ -1,11 +1,10 @@
 #include "forms/win32/WindowPointer.h"
 
-#include <shellapi.h>
 #include <windowsx.h>
 
 #include "forms/Gestures.h"
 #include "forms/win32/FormWindow.h"
-#include "forms/win32/LateLibrary.h"
+#include "forms/win32/Internal.h"
 
 namespace forms::win32 {
 
@@ -37,25 +36,6 @@ const void* TargetAt(const FormWindow& window, POINT point) {
     }
     const Control* control = ControlAt(window, point);
     return control != nullptr ? static_cast<const void*>(control) : &window.Model();
-}
-
-// The middle of the icon in the notification area, if the pointer is elsewhere. Then the user has
-// chosen the icon by keyboard, and a menu at the pointer could be on another monitor. Empty if the
-// system does not tell the icon's place.
-std::optional<POINT> IconAwayFromPointer(HWND window, UINT iconId) {
-    static const auto getRect = FromLoadedLibrary<decltype(&::Shell_NotifyIconGetRect)>(
-        L"shell32.dll", "Shell_NotifyIconGetRect");
-    NOTIFYICONIDENTIFIER icon{};
-    icon.cbSize = sizeof icon;
-    icon.hWnd = window;
-    icon.uID = iconId;
-    RECT place{};
-    POINT pointer{};
-    if (getRect == nullptr || FAILED(getRect(&icon, &place)) || ::GetCursorPos(&pointer) == 0 ||
-        ::PtInRect(&place, pointer) != 0) {
-        return std::nullopt;
-    }
-    return POINT{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
 }
 
 }  // namespace
@@ -111,7 +91,7 @@ bool WindowPointer::IsTrayMessage(WPARAM wParam, LPARAM lParam) const {
 void WindowPointer::OnMove(WPARAM wParam, LPARAM lParam) {
     if (IsTrayMessage(wParam, lParam)) {
         if (lParam == WM_RBUTTONUP) {
-            window.state.menuPlace = IconAwayFromPointer(window.handle, trayIconId);
+            window.state.menuPlace = MenuPlaceAtIcon(window.handle, trayIconId);
         }
         gestures::TrayMessage(window.Model(), static_cast<int>(lParam));
         window.state.menuPlace.reset();

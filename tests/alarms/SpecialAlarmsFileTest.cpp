@@ -311,4 +311,22 @@ TEST_F(SpecialAlarmsFileTest, ATimeWithSecondsIsDueInThatSecond) {
     EXPECT_TRUE(SpecialAlarmsFile::IsDue(row, Combine(friday, DateTime::FromTime(17, 30, 20))));
 }
 
+TEST_F(SpecialAlarmsFileTest, AWholeLeftoverBecomesTheMissingFile) {
+    const std::string leftover = SpecialAlarmsFile::Folder() + "\\~Jotwright-0123456789abcdef-";
+    const std::string whole = SpecialAlarmsFile::Encode(Week());
+    files.PutFile(leftover + "1.tmp", whole.substr(0, whole.size() / 2));
+    files.PutFile(leftover + "2.tmp", whole);
+    SpecialAlarmsFile::AdoptLeftovers();
+    EXPECT_EQ(files.Names(SpecialAlarmsFile::Folder()),
+              std::vector<std::string>{"SpecialAlarms.txt"});
+    EXPECT_EQ(files.Peek(SpecialAlarmsFile::Path()), whole);
+
+    PutFile("the present file");
+    files.PutFile(leftover + "3.tmp", whole);
+    SpecialAlarmsFile::AdoptLeftovers();
+    EXPECT_EQ(files.Names(SpecialAlarmsFile::Folder()),
+              std::vector<std::string>{"SpecialAlarms.txt"});
+    EXPECT_EQ(files.Peek(SpecialAlarmsFile::Path()), "the present file");
+}
+
 }  // namespace

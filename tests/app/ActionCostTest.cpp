@@ -100,7 +100,7 @@ TEST_P(ActionCostTest, HidingAChangedNote) {
               (Cost{.listings = 2 + SecondListing(),
                     .reads = 2,
                     .changes = 2,
-                    .looks = 9 + SecondListing(),
+                    .looks = 10 + SecondListing(),
                     .flushes = 2,
                     .updates = 1}));
 }

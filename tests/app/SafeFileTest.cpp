@@ -21,6 +21,11 @@ const std::string path = folder + "\\Dentist.txt";
 const std::string oldBytes = "the old note";
 const std::string newBytes = "the new note, which is longer than the old one";
 
+// As if no file were missing.
+void RemoveLeftovers(const std::string& ofFolder) {
+    SafeFile::SettleLeftovers(ofFolder, [](const std::string&) { return std::string(); });
+}
+
 class SafeFileTest : public testing::Test, protected RuleDevices {
   protected:
     SafeFileTest() { files.PutFile(path, oldBytes); }
@@ -128,7 +133,7 @@ TEST_P(SafeFileKilledSaveTest, LeavesTheWholeOldFileOrTheWholeNewFile) {
         GetParam().step == stepsOfReplacing && GetParam().moment == Moment::After;
     EXPECT_EQ(files.Peek(path), isRenamed ? newBytes : oldBytes);
 
-    SafeFile::RemoveLeftovers(folder);
+    RemoveLeftovers(folder);
     EXPECT_EQ(Names(), justTheNote);
     SafeFile::ReplaceFile(path, newBytes);
     EXPECT_EQ(files.Peek(path), newBytes);
@@ -248,7 +253,7 @@ TEST_F(SafeFileTest, TheErrorOfTheSaveIsRaisedEvenIfTheTemporaryFileStays) {
     forms::Machine().files = &stuck;
     EXPECT_EQ(ErrorOf([] { SafeFile::ReplaceFile(path, newBytes); }), 57);
     EXPECT_EQ(Names().size(), 2U);
-    SafeFile::RemoveLeftovers(folder);
+    RemoveLeftovers(folder);
     EXPECT_TRUE(SafeFile::ReplaceFile(path, newBytes));
     EXPECT_EQ(files.Peek(path), newBytes);
 }
@@ -285,7 +290,7 @@ TEST_F(SafeFileTest, OnlyLeftoversOfThisProgramAreRemoved) {
           "~Jotwright-xyz-1.tmp", "~Jotwright-0123456789abcdef-1a.tmp"}) {
         files.PutFile(folder + '\\' + name, "mine");
     }
-    SafeFile::RemoveLeftovers(folder);
+    RemoveLeftovers(folder);
     EXPECT_EQ(Names().size(), 10U);
     EXPECT_FALSE(files.FileExists(dead + "1.tmp"));
     EXPECT_FALSE(files.FileExists(dead + "12.tmp"));
@@ -294,10 +299,10 @@ TEST_F(SafeFileTest, OnlyLeftoversOfThisProgramAreRemoved) {
 TEST_F(SafeFileTest, LeftoversOfARunningProgramStay) {
     files.PutFile(dead + "1.tmp", "being written");
     files.SetLocked(folder + "\\~Jotwright-0123456789abcdef.lock", true);
-    SafeFile::RemoveLeftovers(folder);
+    RemoveLeftovers(folder);
     EXPECT_TRUE(files.FileExists(dead + "1.tmp"));
     files.SetLocked(folder + "\\~Jotwright-0123456789abcdef.lock", false);
-    SafeFile::RemoveLeftovers(folder);
+    RemoveLeftovers(folder);
     EXPECT_EQ(Names(), justTheNote);
 }
 
@@ -305,10 +310,10 @@ TEST_F(SafeFileTest, ALeftoverThatCannotBeRemovedDoesNotStopTheRemovingOfOthers)
     files.PutFile(dead + "1.tmp", "junk");
     files.PutFile(dead + "2.tmp", "junk");
     files.SetDenied(dead + "1.tmp", true);
-    SafeFile::RemoveLeftovers(folder);
+    RemoveLeftovers(folder);
     EXPECT_EQ(Names(),
               (std::vector<std::string>{"Dentist.txt", "~Jotwright-0123456789abcdef-1.tmp"}));
-    SafeFile::RemoveLeftovers("C:\\Nowhere");
+    RemoveLeftovers("C:\\Nowhere");
 }
 
 TEST_F(SafeFileTest, AReplacementThatFailsAfterTheOldFileIsGoneKeepsTheNewBytes) {
@@ -397,7 +402,62 @@ TEST_F(SafeFileTest, RemovingLeftoversFromAFolderThatCannotBeListedRaisesNothing
         }
     } unreadable;
     forms::Machine().files = &unreadable;
-    EXPECT_EQ(ErrorOf([] { SafeFile::RemoveLeftovers(folder); }), 0);
+    EXPECT_EQ(ErrorOf([] { RemoveLeftovers(folder); }), 0);
+}
+
+TEST_F(SafeFileTest, OnADiskThatReplacesInTwoStepsAKillKeepsTheOldFileOrTheNewOne) {
+    files.SetReplacesInTwoSteps(true);
+    int adopted = 0;
+    for (int step = 1;; ++step) {
+        files.PutFile(path, oldBytes);
+        files.KillAt(step, Moment::After);
+        bool isKilled = false;
+        try {
+            SafeFile::ReplaceFile(path, newBytes);
+        } catch (const Killed&) {
+            isKilled = true;
+        }
+        files.Restart();
+        if (!isKilled) {
+            break;
+        }
+        const bool isMissing = !files.FileExists(path);
+        SafeFile::SettleLeftovers(folder, [&](const std::string& bytes) {
+            return isMissing && bytes == newBytes ? path : std::string();
+        });
+        adopted += isMissing ? 1 : 0;
+        EXPECT_EQ(Names(), justTheNote) << step;
+        EXPECT_TRUE(files.Peek(path) == oldBytes || files.Peek(path) == newBytes) << step;
+    }
+    EXPECT_EQ(adopted, 1);
+}
+
+TEST_F(SafeFileTest, OnSuchADiskAnErrorKeepsTheOldBytesOrTheNewOnes) {
+    files.SetReplacesInTwoSteps(true);
+    for (int step = 1;; ++step) {
+        files.PutFile(path, oldBytes);
+        files.FailAt(step, ErrorNumber::DeviceIoError);
+        const int error = ErrorOf([&] { SafeFile::ReplaceFile(path, newBytes); });
+        files.ClearFaults();
+        ASSERT_EQ(Names().size(), 1U) << step;
+        const auto held = files.Peek(folder + '\\' + Names()[0]);
+        EXPECT_TRUE(held == oldBytes || held == newBytes) << step;
+        files.Remove(folder + '\\' + Names()[0]);
+        if (error == 0) {
+            break;
+        }
+    }
+}
+
+TEST_F(SafeFileTest, ALeftoverThatCannotTakeItsPlaceStays) {
+    files.PutFile(dead + "1.tmp", newBytes);
+    files.SetReadOnly(folder, true);
+    SafeFile::SettleLeftovers(folder, [](const std::string&) { return folder + "\\Lost.txt"; });
+    EXPECT_EQ(files.Peek(dead + "1.tmp"), newBytes);
+    files.SetReadOnly(folder, false);
+    SafeFile::SettleLeftovers(folder, [](const std::string&) { return folder + "\\Lost.txt"; });
+    EXPECT_EQ(files.Peek(folder + "\\Lost.txt"), newBytes);
+    EXPECT_FALSE(files.FileExists(dead + "1.tmp"));
 }
 
 }  // namespace

@@ -58,6 +58,20 @@ TEST_F(frmMainClockTest, ASavedNoteIsDisplayedOnceInItsSecond) {
     EXPECT_TRUE(sound.log.empty());
 }
 
+TEST_F(frmMainClockTest, ANoteInAFolderThatWasOutOfReachRingsWhenItIsBack) {
+    PutNote(Note("Dentist").WithAlarmAt(9, 30));
+    StartQuietly();
+    CloseEditors();
+    const std::string folder = testing_support::applicationFolder + "\\Notes";
+    files.SetDenied(folder, true);
+    ExpectNotesArrayError("Error Number: 70) - Permission denied");
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_TRUE(StandardCode::Shared().NotesArray[1].Title.empty());
+    files.SetDenied(folder, false);
+    AdvanceTo(9, 30, 1);
+    EXPECT_NE(FindWindow<frmDisplayNote>("Dentist"), nullptr);
+}
+
 TEST_F(frmMainClockTest, AnAlarmSetForNoonFiresOnTheFirstTickWithinThatSecond) {
     PutNote(Note("Noon").WithAlarmAt(12, 0));
     StartQuietly();

@@ -16,6 +16,9 @@ using forms::BoxIcon;
 const std::string startupFolder =
     "C:\\Documents and Settings\\All Users\\Start Menu\\Programs\\Startup";
 const std::string startupLink = startupFolder + "\\Shortcut To Jotwright.lnk";
+const std::string ownFolder =
+    "C:\\Users\\User\\AppData\\Roaming\\Microsoft\\Windows\\Start Menu\\Programs\\Startup";
+const std::string ownLink = ownFolder + "\\Shortcut To Jotwright.lnk";
 const std::string shippedLink = "C:\\Jotwright\\Shortcut To Jotwright.lnk";
 
 // A store in which one write fails. Writes are counted from 1.
@@ -289,7 +292,75 @@ TEST_F(frmOptionsTest, AMissingShippedLinkIsReportedAfterTheSettingsAreWritten) 
     EXPECT_EQ(settings.values.size(), 7U);
 }
 
-TEST_F(frmOptionsTest, AStartupFolderInAnotherPlaceIsReported) {
+TEST_F(frmOptionsTest, TheLinkStartsTheProgramFromItsRealPlace) {
+    Open();
+    user->Click(Window().chkIsService);
+    user->Click(Window().cmdApply);
+    EXPECT_EQ(shell.pointed, std::vector<std::string>{startupLink});
+}
+
+TEST_F(frmOptionsTest, IfTheSystemRefusesTheLinkIsMadeInTheUsersOwnFolder) {
+    files.PutFolder(ownFolder);
+    files.SetReadOnly(startupFolder, true);
+    Open();
+    user->Click(Window().chkIsService);
+    user->Click(Window().cmdApply);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_FALSE(files.FileExists(startupLink));
+    EXPECT_EQ(files.Peek(ownLink), "link");
+    EXPECT_EQ(shell.pointed, std::vector<std::string>{ownLink});
+
+    // The next time, the link is there already. It follows the program's folder.
+    files.PutFile(ownLink, "older");
+    files.SetReadOnly(startupFolder, false);
+    Open();
+    EXPECT_EQ(Window().chkIsService.value(), 1);
+    user->Click(Window().cmdApply);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(files.Peek(ownLink), "older");
+    EXPECT_FALSE(files.FileExists(startupLink));
+    EXPECT_EQ(shell.pointed, (std::vector<std::string>{ownLink, ownLink}));
+
+    Open();
+    user->Click(Window().chkIsService);
+    user->Click(Window().cmdApply);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_FALSE(files.FileExists(ownLink));
+}
+
+TEST_F(frmOptionsTest, BothLinksAreDeleted) {
+    files.PutFile(ownLink, "link");
+    files.PutFile(startupLink, "link");
+    Open();
+    user->Click(Window().cmdApply);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_FALSE(files.FileExists(ownLink));
+    EXPECT_FALSE(files.FileExists(startupLink));
+}
+
+TEST_F(frmOptionsTest, AnOwnLinkThatCannotBeDeletedIsReported) {
+    files.PutFile(ownLink, "link");
+    files.SetDenied(ownLink, true);
+    Open();
+    ExpectLinkError();
+    user->Click(Window().cmdApply);
+    EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(frmOptionsTest, IfBothFoldersRefuseTheLinkThatIsReported) {
+    files.PutFolder(ownFolder);
+    files.SetReadOnly(ownFolder, true);
+    files.SetReadOnly(startupFolder, true);
+    Open();
+    user->Click(Window().chkIsService);
+    ExpectLinkError();
+    user->Click(Window().cmdApply);
+    EXPECT_TRUE(IsOpen());
+    EXPECT_TRUE(shell.pointed.empty());
+}
+
+TEST_F(frmOptionsTest, WithoutAnOwnFolderTheRefusalIsReported) {
+    system.startupFolder.clear();
     files.Remove(startupFolder);
     Open();
     user->Click(Window().chkIsService);

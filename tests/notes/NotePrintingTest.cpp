@@ -25,7 +25,7 @@ TEST_F(NotePrintingTest, PrintsTitleAndTextInTwelvePoints) {
 }
 
 TEST_F(NotePrintingTest, AFailureAtAnyStepAbandonsTheDocument) {
-    for (int call = 1; call <= 7; ++call) {
+    for (int call = 1; call <= 8; ++call) {
         printer.documents.clear();
         printer.FailAt(call);
         ExpectPrintError();
@@ -39,6 +39,34 @@ TEST_F(NotePrintingTest, AFailureAtAnyStepAbandonsTheDocument) {
     printer.documents.clear();
     Print();
     ASSERT_EQ(printer.documents.size(), 1U);
+    EXPECT_TRUE(printer.documents[0].ended);
+}
+
+TEST_F(NotePrintingTest, ADocumentThatTheUserCancelsEndsQuietly) {
+    printer.userCancels = true;
+    Print();
+    EXPECT_TRUE(printer.documents.empty());
+    printer.userCancels = false;
+    Print();
+    ASSERT_EQ(printer.documents.size(), 1U);
+    EXPECT_TRUE(printer.documents[0].ended);
+}
+
+// A printer that writes files asks for the name of the file.
+TEST_F(NotePrintingTest, WhileThePrinterAsksWindowsAppearAndTheNoteMayBeClosed) {
+    frmNote& note = MakeNote("Dentist", "Call.");
+    frmNote& other = MakeNote("Shopping", "Milk.");
+    Start([&] { note.Hide(); });
+    bool wasShown = false;
+    printer.onBegin = [&] {
+        Start([&] { note.Show(); });
+        wasShown = note.IsShownOnStage();
+        user->CloseBox(other);
+    };
+    user->Choose(other.mnuPrint);
+    EXPECT_TRUE(wasShown);
+    ASSERT_EQ(printer.documents.size(), 1U);
+    EXPECT_EQ(printer.documents[0].Text(), "\r\n\r\nNote Title: Shopping\r\n\r\nMilk.\r\n");
     EXPECT_TRUE(printer.documents[0].ended);
 }
 

@@ -177,6 +177,23 @@ TEST_F(NoteStoreOtherProgramsTest, ASaveWaitsForAFileThatIsInUseForAMoment) {
     EXPECT_EQ(pauses, 20);
 }
 
+TEST_F(NoteStoreOtherProgramsTest, ErasingWaitsForAFileThatIsInUseForAMoment) {
+    PutNote(Note("Dentist"));
+    ReadAll();
+    files.SetDenied(PathOf("Dentist"), true);
+    int pauses = 0;
+    system.onPause = [&] {
+        if (++pauses == 70) {
+            files.SetDenied(PathOf("Dentist"), false);
+        }
+    };
+    ExpectKillNoteQuestion("DENTIST", BoxResult::Yes);
+    user->Restore(Editor("Dentist"));
+    user->Click(Editor("Dentist").tlbMain, "Erase");
+    EXPECT_TRUE(InFolder().empty());
+    EXPECT_EQ(pauses, 70);
+}
+
 TEST_F(NoteStoreOtherProgramsTest, AFileThatStaysInUseIsReportedAfterOneAndAHalfSeconds) {
     PutNote(Note("Dentist", "old"));
     ReadAll();

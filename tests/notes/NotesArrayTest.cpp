@@ -116,6 +116,53 @@ TEST_F(NotesArrayTest, ShortFileIsRecycledAndEndsTheListing) {
     EXPECT_EQ(Titles(), (std::vector<std::string>{"a", "c"}));
 }
 
+TEST_F(NotesArrayTest, AFileThatAnotherProgramIsWritingIsLoadedWhole) {
+    PutNote("a");
+    files.PutFile(NotePath("b"), "");
+    PutNote("c");
+    system.onPause = [this] { PutNote("b"); };
+    Load();
+    EXPECT_EQ(Titles(), (std::vector<std::string>{"a", "b", "c"}));
+    EXPECT_TRUE(files.RecycleBin().empty());
+    EXPECT_EQ(system.paused, 200);
+}
+
+TEST_F(NotesArrayTest, WhatWasOutOfReachIsLoadedAgainHalfAMinuteLater) {
+    PutNote("a");
+    PutNote("b");
+    for (const std::string& unreachable : {NotePath("a"), StandardCode::NotesFolder()}) {
+        files.SetDenied(unreachable, true);
+        ExpectNotesArrayError("Error Number: 70) - Permission denied");
+        Load();
+        const auto pass = [this](int milliseconds) {
+            clock.Pass(milliseconds);
+            Start([] { StandardCode::Notes().LoadAgainIfDue(); });
+        };
+        pass(29'900);
+        EXPECT_TRUE(Shared().NotesArray[2].Title.empty());
+        pass(200);  // still out of reach: no second message
+        files.SetDenied(unreachable, false);
+        pass(29'900);
+        EXPECT_TRUE(Shared().NotesArray[2].Title.empty());
+        pass(200);
+        EXPECT_EQ(Titles(), (std::vector<std::string>{"a", "b"}));
+        const int listings = files.Listings();
+        pass(600'000);
+        EXPECT_EQ(files.Listings(), listings);
+    }
+}
+
+TEST_F(NotesArrayTest, AFileWithABadFieldIsNotLoadedAgain) {
+    files.PutFile(NotePath("b"),
+                  "\"b\",\"say hi\",#2004-15-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n");
+    ExpectNotesArrayError("Error Number: 13) - Type mismatch");
+    Load();
+    const int listings = files.Listings();
+    clock.Pass(600'000);
+    Start([] { StandardCode::Notes().LoadAgainIfDue(); });
+    EXPECT_EQ(files.Listings(), listings);
+}
+
 TEST_F(NotesArrayTest, EmptyFileIsRecycledAsTheOnlyNote) {
     files.PutFile(NotePath("a"), "");
     Load();
@@ -206,6 +253,17 @@ TEST_F(NotesArrayTest, AFileThatWasRemovedAndCameBackIsReadAgain) {
     files.ClearLog();
     Load();
     EXPECT_EQ(files.Log(), std::vector<std::string>{"read " + NotePath("b")});
+}
+
+TEST_F(NotesArrayTest, AFileThatHasBecomeUnreadableDoesNotKeepItsOldAlarm) {
+    PutNote("a");
+    Load();
+    ASSERT_EQ(Shared().NotesArray[1].AlarmState, "1");
+    PutNoteWithBadDate("a");
+    ExpectNotesArrayError("Error Number: 13) - Type mismatch");
+    Load();
+    EXPECT_EQ(Shared().NotesArray[1].Title, "a");
+    EXPECT_EQ(Shared().NotesArray[1].AlarmState, "");
 }
 
 TEST_F(NotesArrayTest, RecordsMoveWithTheirFiles) {

@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include "forms/win32/devices/WinSystem.h"
 #include "tests/windows/DriverTest.h"
 #include "tests/windows/Picture.h"
 
@@ -182,16 +183,23 @@ class OptionsStartupLinkTest : public OptionsTest {
   protected:
     void SetUp() override {
         OptionsTest::SetUp();
-        RemoveFolder(allUsers);
+        RemoveLinks();
     }
     void TearDown() override {
         OptionsTest::TearDown();
+        RemoveLinks();
+    }
+    void RemoveLinks() const {
         RemoveFolder(allUsers);
+        RemoveFolder(ownLink);
+        RemoveFile(ownLink);
     }
 
     const std::string allUsers = "C:\\Documents and Settings\\All Users";
     const std::string startup = allUsers + "\\Start Menu\\Programs\\Startup";
     const std::string link = startup + "\\Shortcut To Jotwright.lnk";
+    const std::string ownLink =
+        forms::win32::WinSystem(L"Local\\Unused").StartupFolder() + "\\Shortcut To Jotwright.lnk";
 };
 
 TEST_F(OptionsStartupLinkTest, IsMadeOnceAndDeleted) {
@@ -202,6 +210,7 @@ TEST_F(OptionsStartupLinkTest, IsMadeOnceAndDeleted) {
     Apply(options);
     EXPECT_EQ(Setting("Options", "IsService"), "1");
     EXPECT_EQ(WholeFile(link), WholeFile(folder + "\\Shortcut To Jotwright.lnk"));
+    EXPECT_FALSE(FileExists(ownLink));
 
     // An existing link is left unchanged.
     WriteWholeFile(link, "the user's own");
@@ -217,7 +226,23 @@ TEST_F(OptionsStartupLinkTest, IsMadeOnceAndDeleted) {
     EXPECT_FALSE(FileExists(link));
 }
 
+TEST_F(OptionsStartupLinkTest, WithoutTheFolderOfAllUsersItIsMadeInTheUsersOwn) {
+    const Window main = StartProgram();
+    Window options = OpenOptions(main);
+    Click(options, startWithWindows);
+    Apply(options);
+    EXPECT_EQ(WholeFile(ownLink), WholeFile(folder + "\\Shortcut To Jotwright.lnk"));
+    EXPECT_FALSE(FileExists(link));
+
+    options = OpenOptions(main);
+    EXPECT_TRUE(options.Button(startWithWindows).IsChecked());
+    Click(options, startWithWindows);
+    Apply(options);
+    EXPECT_FALSE(FileExists(ownLink));
+}
+
 TEST_F(OptionsStartupLinkTest, AFailureToMakeItIsReported) {
+    MakeFolder(ownLink);  // so that the link cannot be made there
     const Window options = OpenOptions(StartProgram());
     Click(options, startWithWindows);
     Click(options, "Blue");

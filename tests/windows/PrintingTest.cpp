@@ -42,4 +42,17 @@ TEST_F(PrintingTest, ANoteIsPrintedWithItsTitle) {
     EXPECT_TRUE(program.Visible(error).empty());
 }
 
+TEST_F(PrintingTest, TextInOtherScriptsIsPrinted) {
+    const std::string russian = "\xd0\x9c\xd0\xbe\xd0\xbb\xd0\xbe\xd0\xba\xd0\xbe";
+    const std::string greek = "\xce\xb3\xce\xac\xce\xbb\xce\xb1";
+    const Printer printer;
+    const Window editor = MakeNote(StartProgram(), "Shopping");
+    editor.Only("Edit").Type(russian + "\r\n" + greek);
+    ChooseFromMenuBar(program, editor, {0, 0});
+    const auto lines = Printer::WaitForPage();
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[1].words, russian);
+    EXPECT_EQ(lines[2].words, greek);
+}
+
 }  // namespace driver

@@ -16,6 +16,13 @@ struct Meaning {
 constexpr DWORD virusInfected = 225;
 constexpr DWORD virusDeleted = 226;
 constexpr DWORD diskQuotaExceeded = 1295;
+constexpr DWORD cloudProviderNotRunning = 362;
+constexpr DWORD cloudNetworkUnavailable = 388;
+constexpr DWORD cloudFileInUse = 391;
+constexpr DWORD cloudAccessDenied = 395;
+constexpr DWORD cloudLockConflict = 397;
+constexpr DWORD cloudProviderTerminated = 404;
+constexpr DWORD cloudRequestTimeout = 426;
 
 constexpr auto meanings = std::to_array<Meaning>({
     {ERROR_FILE_NOT_FOUND, base::ErrorNumber::FileNotFound},
@@ -36,6 +43,15 @@ constexpr auto meanings = std::to_array<Meaning>({
     {ERROR_CANT_ACCESS_FILE, base::ErrorNumber::PermissionDenied},
     {virusInfected, base::ErrorNumber::PermissionDenied},
     {virusDeleted, base::ErrorNumber::PermissionDenied},
+    // A file that is only in the cloud, while its provider starts or is busy. As with a file that
+    // another program holds, trying again helps.
+    {cloudProviderNotRunning, base::ErrorNumber::PermissionDenied},
+    {cloudNetworkUnavailable, base::ErrorNumber::PermissionDenied},
+    {cloudFileInUse, base::ErrorNumber::PermissionDenied},
+    {cloudAccessDenied, base::ErrorNumber::PermissionDenied},
+    {cloudLockConflict, base::ErrorNumber::PermissionDenied},
+    {cloudProviderTerminated, base::ErrorNumber::PermissionDenied},
+    {cloudRequestTimeout, base::ErrorNumber::PermissionDenied},
     {ERROR_ALREADY_EXISTS, base::ErrorNumber::PathFileAccessError},
     {ERROR_FILE_EXISTS, base::ErrorNumber::PathFileAccessError},
     {ERROR_DIR_NOT_EMPTY, base::ErrorNumber::PathFileAccessError},

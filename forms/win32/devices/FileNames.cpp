@@ -104,6 +104,10 @@ std::wstring NativePath(const std::string& path) {
     return native;
 }
 
+bool IsSameName(std::wstring_view name, std::wstring_view other) {
+    return EqualsIgnoringCase(name, other);
+}
+
 bool HasSuffix(std::wstring_view name, std::wstring_view suffix) {
     return name.size() >= suffix.size() &&
            EqualsIgnoringCase(name.substr(name.size() - suffix.size()), suffix);

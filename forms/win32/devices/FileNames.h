@@ -16,6 +16,9 @@ bool IsPlainName(std::wstring_view name);
 // not plain. A backslash at the end is dropped.
 std::wstring NativePath(const std::string& path);
 
+// Whether the names are equal. Ignores upper and lower case.
+bool IsSameName(std::wstring_view name, std::wstring_view other);
+
 // Whether name ends in suffix. Ignores upper and lower case.
 bool HasSuffix(std::wstring_view name, std::wstring_view suffix);
 

@@ -3,8 +3,10 @@
 #include <winspool.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "base/RuntimeError.h"
+#include "forms/win32/Dpi.h"
 #include "forms/win32/LateLibrary.h"
 
 namespace forms::win32 {
@@ -12,6 +14,7 @@ namespace forms::win32 {
 namespace {
 
 constexpr int pointsPerInch = 72;
+constexpr int usualFontSize = 10;  // points
 constexpr int averageCharactersPerTab = 8;
 
 [[noreturn]] void Fail() { throw base::RuntimeError(base::ErrorNumber::PrinterError); }
@@ -38,13 +41,16 @@ RECT TextArea(HDC context) {
     const int verticalMargin = ::GetDeviceCaps(context, LOGPIXELSY) * 3 / 4;
     const int offsetX = ::GetDeviceCaps(context, PHYSICALOFFSETX);
     const int offsetY = ::GetDeviceCaps(context, PHYSICALOFFSETY);
+    const int width = ::GetDeviceCaps(context, HORZRES);
+    const int height = ::GetDeviceCaps(context, VERTRES);
+    // Some printers do not know the size of the paper. They take the printable page as the paper.
+    const int paperWidth = std::max(::GetDeviceCaps(context, PHYSICALWIDTH), width);
+    const int paperHeight = std::max(::GetDeviceCaps(context, PHYSICALHEIGHT), height);
     RECT area{};
     area.left = std::max(0, horizontalMargin - offsetX);
     area.top = std::max(0, verticalMargin - offsetY);
-    area.right = std::min(::GetDeviceCaps(context, HORZRES),
-                          ::GetDeviceCaps(context, PHYSICALWIDTH) - horizontalMargin - offsetX);
-    area.bottom = std::min(::GetDeviceCaps(context, VERTRES),
-                           ::GetDeviceCaps(context, PHYSICALHEIGHT) - verticalMargin - offsetY);
+    area.right = std::min(width, paperWidth - horizontalMargin - offsetX);
+    area.bottom = std::min(height, paperHeight - verticalMargin - offsetY);
     return area;
 }
 
@@ -60,21 +66,30 @@ std::size_t WithoutHalfCharacter(std::wstring_view text, std::size_t count) {
 
 }  // namespace
 
-PrintJob::PrintJob(const std::wstring& name, int fontPoints)
-    : context(::CreateDCW(L"WINSPOOL", DefaultPrinterName().c_str(), nullptr, nullptr)) {
-    if (!context) {
+DeviceContext DefaultPrinter() {
+    DeviceContext printer(::CreateDCW(L"WINSPOOL", DefaultPrinterName().c_str(), nullptr, nullptr));
+    if (!printer) {
         Fail();
     }
+    return printer;
+}
+
+PrintJob::PrintJob(DeviceContext printer, const std::wstring& name, Start start)
+    : context(std::move(printer)) {
     area = TextArea(context.get());
     if (area.right <= area.left || area.bottom <= area.top) {
         Fail();
     }
-    SetFontSize(fontPoints);
+    SetFontSize(usualFontSize);
     DOCINFOW document{};
     document.cbSize = sizeof document;
     document.lpszDocName = name.c_str();
-    if (::StartDocW(context.get(), &document) <= 0) {
-        Fail();
+    if (start(context.get(), &document) <= 0) {
+        const DWORD code = ::GetLastError();
+        if (code != ERROR_CANCELLED && code != ERROR_PRINT_CANCELLED) {
+            Fail();
+        }
+        return;
     }
     isOpen = true;
     y = area.top;
@@ -87,10 +102,13 @@ PrintJob::~PrintJob() {
 }
 
 void PrintJob::SetFontSize(int points) {
-    const int height = ::MulDiv(points, ::GetDeviceCaps(context.get(), LOGPIXELSY), pointsPerInch);
-    decltype(font) newFont(::CreateFontW(-height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
-                                         DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
-                                         DEFAULT_QUALITY, VARIABLE_PITCH | FF_SWISS, L"Arial"));
+    // The message font is the font that the note has on the screen. The system prints characters
+    // that it lacks in other fonts.
+    LOGFONTW description = MessageFont(SystemDpi());
+    description.lfHeight =
+        -::MulDiv(points, ::GetDeviceCaps(context.get(), LOGPIXELSY), pointsPerInch);
+    description.lfWidth = 0;
+    decltype(font) newFont(::CreateFontIndirectW(&description));
     TEXTMETRICW metrics{};
     if (!newFont || ::SelectObject(context.get(), newFont.get()) == nullptr) {
         Fail();

@@ -8,17 +8,32 @@
 
 namespace forms::win32 {
 
-// One document for the default printer. Prints lines from the top of the page down, and starts new
+// A printer, or something else that can be drawn on.
+struct DeleteContext {
+    void operator()(HDC handle) const { ::DeleteDC(handle); }
+};
+using DeviceContext = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext>;
+
+// The system's default printer. RuntimeError 482 if there is none.
+DeviceContext DefaultPrinter();
+
+// One document for a printer. Prints lines from the top of the page down, and starts new
 // pages as needed. Every failure is a RuntimeError 482. A job that is destroyed before End is
 // abandoned.
 class PrintJob {
   public:
-    // Begins the document. The printer's queue shows it under this name.
-    PrintJob(const std::wstring& name, int fontPoints);
+    // The function of the system that begins a document. Tests replace it.
+    using Start = decltype(&::StartDocW);
+
+    // Begins the document, with text of 10 points. The printer's queue shows it under this name. If
+    // the printer writes files, the system may ask the user for the name of the file.
+    PrintJob(DeviceContext printer, const std::wstring& name, Start start = &::StartDocW);
     ~PrintJob();
     PrintJob(const PrintJob&) = delete;
     PrintJob& operator=(const PrintJob&) = delete;
 
+    // False if the user has cancelled the document, and after End().
+    bool IsOpen() const { return isOpen; }
     // Takes effect at the next line.
     void SetFontSize(int points);
     // Prints one line of text without line breaks. A line that is too long for the page is wrapped
@@ -27,9 +42,6 @@ class PrintJob {
     void End();
 
   private:
-    struct DeleteContext {
-        void operator()(HDC handle) const { ::DeleteDC(handle); }
-    };
     struct DeleteFont {
         void operator()(HFONT handle) const { ::DeleteObject(handle); }
     };
@@ -44,7 +56,7 @@ class PrintJob {
     // Declared before the context, and so destroyed after it: a font that is selected into a
     // context is not deleted.
     std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteFont> font;
-    std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext> context;
+    DeviceContext context;
     RECT area{};  // of the page, in device units
     int lineHeight = 0;
     int tabWidth = 0;

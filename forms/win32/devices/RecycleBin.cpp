@@ -5,6 +5,7 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -34,10 +35,17 @@ std::optional<DWORD> RegistryNumber(HKEY hive, const std::wstring& key, const wc
                : std::nullopt;
 }
 
-bool IsForbiddenByPolicy() {
+// A policy of the user and of the machine.
+std::array<std::optional<DWORD>, 2> Policies(const wchar_t* value) {
     const std::wstring key = L"Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
-    return RegistryNumber(HKEY_CURRENT_USER, key, L"NoRecycleFiles").value_or(0) != 0 ||
-           RegistryNumber(HKEY_LOCAL_MACHINE, key, L"NoRecycleFiles").value_or(0) != 0;
+    return {RegistryNumber(HKEY_CURRENT_USER, key, value),
+            RegistryNumber(HKEY_LOCAL_MACHINE, key, value)};
+}
+
+bool IsForbiddenByPolicy() {
+    const auto policies = Policies(L"NoRecycleFiles");
+    return std::any_of(policies.begin(), policies.end(),
+                       [](const auto& policy) { return policy.value_or(0) != 0; });
 }
 
 std::uint64_t SizeOf(const std::wstring& nativePath) {
@@ -46,16 +54,21 @@ std::uint64_t SizeOf(const std::wstring& nativePath) {
     return static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U | data.nFileSizeLow;
 }
 
-// The capacity in bytes. The user's choice for the volume is in mebibytes. If the user has chosen
-// none, the system takes at least a twentieth of the volume.
+// The capacity in bytes, at least. The user's choice for the volume is in mebibytes. If the user
+// has chosen none, the system takes at least a twentieth of the volume. Policies limit both, in
+// hundredths of the volume.
 std::uint64_t CapacityOf(const wchar_t* root, std::optional<DWORD> chosen) {
-    if (chosen) {
-        return static_cast<std::uint64_t>(*chosen) << 20U;
-    }
     constexpr unsigned leastShare = 20;
     ULARGE_INTEGER total{};
     ::GetDiskFreeSpaceExW(root, nullptr, &total, nullptr);
-    return total.QuadPart / leastShare;
+    std::uint64_t capacity =
+        chosen ? static_cast<std::uint64_t>(*chosen) << 20U : total.QuadPart / leastShare;
+    for (const auto& policy : Policies(L"RecycleBinSize")) {
+        if (policy) {
+            capacity = std::min<std::uint64_t>(capacity, total.QuadPart / 100 * *policy);
+        }
+    }
+    return capacity;
 }
 
 DWORD WINAPI RecycleOnThread(void* argument) {

@@ -26,10 +26,37 @@ std::uint64_t Joined(DWORD high, DWORD low) {
     return (static_cast<std::uint64_t>(high) << 32U) | low;
 }
 
-DWORD AttributesOf(const std::string& path) try {
-    return ::GetFileAttributesW(NativePath(path).c_str());
-} catch (const base::RuntimeError&) {
-    return INVALID_FILE_ATTRIBUTES;
+// The name of the file as the folder lists it. Empty if there is no such file. A file is found by
+// its short name too, as "My notes of 2024.txt" by "MYNOTE~1.TXT".
+std::wstring ListedName(const std::wstring& nativePath) {
+    WIN32_FIND_DATAW data{};
+    HANDLE first = ::FindFirstFileExW(nativePath.c_str(), FindExInfoBasic, &data,
+                                      FindExSearchNameMatch, nullptr, 0);
+    if (first == INVALID_HANDLE_VALUE) {
+        return {};
+    }
+    ::FindClose(first);
+    return data.cFileName;
+}
+
+// Whether the path leads to a file that has another name.
+bool IsShortName(const std::wstring& nativePath) {
+    constexpr std::size_t longest = 12;  // eight characters, a dot and three
+    const std::wstring name = nativePath.substr(nativePath.find_last_of(L'\\') + 1);
+    if (name.size() > longest || name.find(L'~') == std::wstring::npos) {
+        return false;
+    }
+    const std::wstring listed = ListedName(nativePath);
+    return !listed.empty() && !IsSameName(listed, name);
+}
+
+// The native path of a file. A short name would lead to the file of another name, and is refused.
+std::wstring FilePath(const std::string& path) {
+    std::wstring native = NativePath(path);
+    if (IsShortName(native)) {
+        throw base::RuntimeError(base::ErrorNumber::BadFileName);
+    }
+    return native;
 }
 
 // Throws if the file does not exist, is a folder or is read-only.
@@ -65,18 +92,6 @@ void Flush(HANDLE file, const std::wstring& nativePath) {
     }
 }
 
-// Whether the folder lists the file, even if this program must not open it.
-bool IsListed(const std::wstring& nativePath) {
-    WIN32_FIND_DATAW data{};
-    HANDLE first = ::FindFirstFileExW(nativePath.c_str(), FindExInfoBasic, &data,
-                                      FindExSearchNameMatch, nullptr, 0);
-    if (first == INVALID_HANDLE_VALUE) {
-        return false;
-    }
-    ::FindClose(first);
-    return true;
-}
-
 class WinFileLock : public FileLock {
   public:
     explicit WinFileLock(Handle lockedFile) : file(std::move(lockedFile)) {}
@@ -87,14 +102,18 @@ class WinFileLock : public FileLock {
 
 }  // namespace
 
-bool WinFiles::FolderExists(const std::string& path) {
-    const DWORD attributes = AttributesOf(path);
+bool WinFiles::FolderExists(const std::string& path) try {
+    const DWORD attributes = ::GetFileAttributesW(NativePath(path).c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+} catch (const base::RuntimeError&) {
+    return false;
 }
 
-bool WinFiles::FileExists(const std::string& path) {
-    const DWORD attributes = AttributesOf(path);
+bool WinFiles::FileExists(const std::string& path) try {
+    const DWORD attributes = ::GetFileAttributesW(FilePath(path).c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+} catch (const base::RuntimeError&) {
+    return false;
 }
 
 void WinFiles::MakeFolder(const std::string& path) {
@@ -106,10 +125,15 @@ void WinFiles::MakeFolder(const std::string& path) {
 
 std::vector<FileEntry> WinFiles::List(const std::string& folder, const std::string& suffix) {
     std::vector<FileEntry> entries;
-    if (!FolderExists(folder)) {
+    std::wstring pattern = NativePath(folder);
+    const DWORD attributes = ::GetFileAttributesW(pattern.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES && ::GetLastError() != ERROR_FILE_NOT_FOUND) {
+        // A medium or a network that is out of reach must not look like an empty folder.
+        throw base::RuntimeError(ErrorOfCode(::GetLastError()));
+    }
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
         return entries;
     }
-    std::wstring pattern = NativePath(folder);
     pattern += pattern.ends_with(L'\\') ? L"*" : L"\\*";
     // The suffix is not part of the pattern, because Windows would also compare it with short
     // names.
@@ -148,18 +172,12 @@ std::vector<FileEntry> WinFiles::List(const std::string& folder, const std::stri
 }
 
 std::string WinFiles::NameOnDisk(const std::string& path) {
-    WIN32_FIND_DATAW data{};
-    HANDLE first = ::FindFirstFileExW(NativePath(path).c_str(), FindExInfoBasic, &data,
-                                      FindExSearchNameMatch, nullptr, 0);
-    if (first == INVALID_HANDLE_VALUE) {
-        return path.substr(path.find_last_of('\\') + 1);
-    }
-    ::FindClose(first);
-    return Narrow(data.cFileName);
+    const std::wstring listed = ListedName(FilePath(path));
+    return listed.empty() ? path.substr(path.find_last_of('\\') + 1) : Narrow(listed);
 }
 
 std::string WinFiles::Read(const std::string& path) {
-    const std::wstring native = NativePath(path);
+    const std::wstring native = FilePath(path);
     const Handle file(::CreateFileW(native.c_str(), GENERIC_READ, shareAll, nullptr, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     LARGE_INTEGER size{};
@@ -187,7 +205,7 @@ std::string WinFiles::Read(const std::string& path) {
 }
 
 void WinFiles::Write(const std::string& path, const std::string& bytes, WriteOptions options) {
-    const std::wstring native = NativePath(path);
+    const std::wstring native = FilePath(path);
     if (!options.mustBeNew) {
         RefuseProtected(native);
     }
@@ -208,8 +226,8 @@ void WinFiles::Write(const std::string& path, const std::string& bytes, WriteOpt
 }
 
 void WinFiles::Replace(const std::string& from, const std::string& to, Durability durability) {
-    const std::wstring source = NativePath(from);
-    const std::wstring target = NativePath(to);
+    const std::wstring source = FilePath(from);
+    const std::wstring target = FilePath(to);
     CheckRemovable(source);
     RefuseProtected(target);
     const DWORD flushing = durability == Durability::Flushed ? MOVEFILE_WRITE_THROUGH : 0;
@@ -219,7 +237,7 @@ void WinFiles::Replace(const std::string& from, const std::string& to, Durabilit
 }
 
 void WinFiles::Delete(const std::string& path) {
-    const std::wstring native = NativePath(path);
+    const std::wstring native = FilePath(path);
     CheckRemovable(native);
     if (::DeleteFileW(native.c_str()) == 0) {
         FailWith(::GetLastError(), native);
@@ -227,7 +245,7 @@ void WinFiles::Delete(const std::string& path) {
 }
 
 bool WinFiles::Recycle(const std::string& path) {
-    const std::wstring native = NativePath(path);
+    const std::wstring native = FilePath(path);
     CheckRemovable(native);
     if (!HasRecycleBin(native)) {
         return false;
@@ -246,8 +264,8 @@ bool WinFiles::Recycle(const std::string& path) {
 }
 
 void WinFiles::Copy(const std::string& from, const std::string& to) {
-    const std::wstring source = NativePath(from);
-    const std::wstring target = NativePath(to);
+    const std::wstring source = FilePath(from);
+    const std::wstring target = FilePath(to);
     RefuseProtected(target);
     if (::CopyFileW(source.c_str(), target.c_str(), FALSE) == 0) {
         const DWORD code = ::GetLastError();
@@ -267,7 +285,7 @@ std::unique_ptr<FileLock> WinFiles::Lock(const std::string& path) {
         const DWORD code = ::GetLastError();
         // The program that holds the lock has marked the file for deletion, so access is denied.
         if (code == ERROR_SHARING_VIOLATION || code == ERROR_DELETE_PENDING ||
-            (code == ERROR_ACCESS_DENIED && IsListed(native))) {
+            (code == ERROR_ACCESS_DENIED && !ListedName(native).empty())) {
             return nullptr;
         }
         FailWith(code, native);

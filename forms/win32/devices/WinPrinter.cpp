@@ -8,10 +8,29 @@
 
 namespace forms::win32 {
 
+bool WinPrinter::BeginDocument() {
+    if (isBeginning) {
+        throw base::RuntimeError(base::ErrorNumber::PrinterError);
+    }
+    AbandonDocument();
+    isBeginning = true;
+    try {
+        job = std::make_unique<PrintJob>(DefaultPrinter(), documentName);
+    } catch (const base::RuntimeError&) {
+        isBeginning = false;
+        throw;
+    }
+    isBeginning = false;
+    if (!job->IsOpen()) {
+        AbandonDocument();
+    }
+    return job != nullptr;
+}
+
 template <class Action>
 void WinPrinter::OnJob(Action action) try {
     if (!job) {
-        job = std::make_unique<PrintJob>(documentName, fontSize);
+        throw base::RuntimeError(base::ErrorNumber::PrinterError);
     }
     action(*job);
 } catch (const base::RuntimeError&) {
@@ -35,22 +54,14 @@ void WinPrinter::Print(const std::string& text) {
 }
 
 void WinPrinter::SetFontSize(int points) {
-    fontSize = points;
-    if (job) {
-        OnJob([points](PrintJob& document) { document.SetFontSize(points); });
-    }
+    OnJob([points](PrintJob& document) { document.SetFontSize(points); });
 }
 
 void WinPrinter::EndDocument() {
-    if (job) {
-        OnJob([](PrintJob& document) { document.End(); });
-    }
+    OnJob([](PrintJob& document) { document.End(); });
     AbandonDocument();
 }
 
-void WinPrinter::AbandonDocument() {
-    job.reset();
-    fontSize = usualFontSize;
-}
+void WinPrinter::AbandonDocument() { job.reset(); }
 
 }  // namespace forms::win32

@@ -13,8 +13,10 @@ class WinPrinter : public Printer {
   public:
     explicit WinPrinter(std::wstring nameOfDocuments) : documentName(std::move(nameOfDocuments)) {}
 
-    // Each line of the text becomes a line of the page. After a failure the document is abandoned,
-    // and the next call begins a new document.
+    // A document that has not ended is abandoned. RuntimeError 482 if an earlier call still waits
+    // for the user.
+    bool BeginDocument() override;
+    // Each line of the text becomes a line of the page. After a failure the document is abandoned.
     void Print(const std::string& text) override;
     // The size is valid until the document ends.
     void SetFontSize(int points) override;
@@ -27,9 +29,8 @@ class WinPrinter : public Printer {
     void OnJob(Action action);
 
     const std::wstring documentName;
-    static constexpr int usualFontSize = 10;  // points
-    int fontSize = usualFontSize;
     std::unique_ptr<PrintJob> job;
+    bool isBeginning = false;
 };
 
 }  // namespace forms::win32

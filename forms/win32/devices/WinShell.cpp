@@ -1,9 +1,14 @@
 #include "forms/win32/devices/WinShell.h"
 
 #include <windows.h>
+#include <objbase.h>
 #include <shellapi.h>
+#include <shlobj.h>
+
+#include <memory>
 
 #include "forms/win32/Utf.h"
+#include "forms/win32/devices/ProgramPath.h"
 
 namespace forms::win32 {
 
@@ -25,6 +30,28 @@ bool SystemHasHelpViewer() {
            WinShell::IsHelpViewer(FolderFrom(&::GetSystemDirectoryW) + name);
 }
 
+// The shell's functions and objects need COM in their thread. A thread that has it already keeps
+// it.
+void StartCom() { ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE); }
+
+struct Release {
+    void operator()(IUnknown* object) const { object->Release(); }
+};
+template <class Interface>
+using Owned = std::unique_ptr<Interface, Release>;
+
+Owned<IShellLinkW> NewLink() {
+    void* made = nullptr;
+    ::CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, &made);
+    return Owned<IShellLinkW>(static_cast<IShellLinkW*>(made));
+}
+
+Owned<IPersistFile> FileOf(IShellLinkW& link) {
+    void* file = nullptr;
+    link.QueryInterface(IID_IPersistFile, &file);
+    return Owned<IPersistFile>(static_cast<IPersistFile*>(file));
+}
+
 bool IsFile(const std::wstring& path) {
     const DWORD attributes = ::GetFileAttributesW(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
@@ -35,6 +62,7 @@ bool IsFile(const std::wstring& path) {
 WinShell::WinShell() : WinShell(SystemHasHelpViewer()) {}
 
 int WinShell::Open(const std::string& document, const std::string& workingFolder) {
+    StartCom();
     const HINSTANCE result = ::ShellExecuteW(::GetDesktopWindow(), L"Open", Wide(document).c_str(),
                                              L"", Wide(workingFolder).c_str(), SW_SHOWNORMAL);
     return static_cast<int>(reinterpret_cast<INT_PTR>(result));
@@ -52,7 +80,7 @@ void WinShell::ShowHelp(const std::string& helpFile, int command) {
         // some viewers ignore the command. HELP_CONTENTS shows the file's first page in front.
         return command != HELP_FORCEFILE || ask(HELP_CONTENTS);
     };
-    if (hasHelpViewer && showInViewer()) {
+    if (hasHelpViewer && !IsRefusedByViewer(Wide(helpFile)) && showInViewer()) {
         return;
     }
     const std::string page = helpFile.substr(0, helpFile.find_last_of('.')) + ".html";
@@ -63,10 +91,38 @@ void WinShell::ShowHelp(const std::string& helpFile, int command) {
     }
 }
 
+void WinShell::PointToThisProgram(const std::string& shortcut) {
+    StartCom();
+    const std::wstring path = Wide(shortcut);
+    const std::wstring program = ProgramPath();
+    const auto before = NewLink();
+    const auto link = NewLink();
+    if (!before || !link || FAILED(FileOf(*before)->Load(path.c_str(), STGM_READ))) {
+        return;
+    }
+    wchar_t target[MAX_PATH]{};
+    wchar_t description[INFOTIPSIZE]{};
+    before->GetPath(target, MAX_PATH, nullptr, SLGP_RAWPATH);
+    before->GetDescription(description, INFOTIPSIZE);
+    // Write a new shortcut: the old one may hold its target in other forms too.
+    if (target != program && SUCCEEDED(link->SetPath(program.c_str())) &&
+        SUCCEEDED(
+            link->SetWorkingDirectory(program.substr(0, program.find_last_of(L'\\')).c_str()))) {
+        link->SetDescription(description);
+        FileOf(*link)->Save(path.c_str(), TRUE);
+    }
+}
+
 bool WinShell::IsHelpViewer(const std::wstring& program) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     return ::GetFileAttributesExW(program.c_str(), GetFileExInfoStandard, &data) != 0 &&
            (std::uint64_t{data.nFileSizeHigh} << 32 | data.nFileSizeLow) >= smallestViewer;
+}
+
+bool WinShell::IsRefusedByViewer(const std::wstring& helpFile) {
+    const std::wstring root = helpFile.substr(0, helpFile.find(L'\\') + 1);
+    return helpFile.starts_with(L"\\\\") || ::GetDriveTypeW(root.c_str()) == DRIVE_REMOTE ||
+           IsFile(helpFile + L":Zone.Identifier");
 }
 
 }  // namespace forms::win32

@@ -13,14 +13,18 @@ class WinShell : public Shell {
     explicit WinShell(bool systemHasHelpViewer) : hasHelpViewer(systemHasHelpViewer) {}
 
     int Open(const std::string& document, const std::string& workingFolder) override;
-    // Shows the file in the help viewer. If the system has no viewer or the file is missing, opens
-    // a page in the browser instead: the file beside helpFile with the same name and the extension
-    // html. If that is missing too, does nothing.
+    // Shows the file in the help viewer. If the system has no viewer, the viewer refuses the file
+    // or the file is missing, opens a page in the browser instead: the file beside helpFile with
+    // the same name and the extension html. If that is missing too, does nothing.
     void ShowHelp(const std::string& helpFile, int command) override;
+    void PointToThisProgram(const std::string& shortcut) override;
 
     // Whether this program can show help files. Newer systems have a program of the same name that
     // only says that it cannot.
     static bool IsHelpViewer(const std::wstring& program);
+    // Whether the viewer refuses this file, because it lies on a network or was downloaded. The
+    // viewer then shows an error, and reports success.
+    static bool IsRefusedByViewer(const std::wstring& helpFile);
 
   private:
     bool hasHelpViewer;

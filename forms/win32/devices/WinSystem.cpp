@@ -1,31 +1,28 @@
 #include "forms/win32/devices/WinSystem.h"
 
 #include <objbase.h>
+#include <shlobj.h>
 
-#include <algorithm>
 #include <cstdint>
 
 #include "forms/win32/Utf.h"
+#include "forms/win32/devices/ProgramPath.h"
 
 namespace forms::win32 {
 
 std::string WinSystem::ApplicationFolder() {
-    if (!folder.empty()) {
-        return folder;
+    if (folder.empty()) {
+        const std::wstring path = ProgramPath();
+        folder = Narrow(path.substr(0, path.find_last_of(L'\\')));
     }
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length =
-            ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) {
-            path.resize(length);
-            break;
-        }
-        path.resize(path.size() * 2);
-    }
-    path.resize(std::min(path.size(), path.find_last_of(L'\\')));
-    folder = Narrow(path);
     return folder;
+}
+
+std::string WinSystem::StartupFolder() {
+    wchar_t path[MAX_PATH]{};
+    const HRESULT result = ::SHGetFolderPathW(nullptr, CSIDL_STARTUP | CSIDL_FLAG_CREATE, nullptr,
+                                              SHGFP_TYPE_CURRENT, path);
+    return result == S_OK ? Narrow(path) : std::string();
 }
 
 bool WinSystem::PreviousInstance() {

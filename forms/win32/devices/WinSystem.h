@@ -13,6 +13,8 @@ class WinSystem : public System {
     explicit WinSystem(std::wstring mutexName) : name(std::move(mutexName)) {}
 
     std::string ApplicationFolder() override;
+    // Makes the folder if it is missing.
+    std::string StartupFolder() override;
     // The mutex is held until this object is destroyed. Later calls return the first result.
     bool PreviousInstance() override;
     std::uint32_t Version() override;

@@ -1,13 +1,11 @@
 #include "forms/win32/devices/WinTray.h"
 
-#include <shellapi.h>
-
 #include <algorithm>
 #include <cstring>
 #include <string_view>
 
-#include "forms/win32/Dpi.h"
 #include "forms/win32/Internal.h"
+#include "forms/win32/LateLibrary.h"
 #include "forms/win32/Utf.h"
 
 namespace forms::win32 {
@@ -40,10 +38,25 @@ std::string TipText(const std::string& tip) {
     }
 }
 
-// The size at the scale of the task bar, which may be on any monitor.
-int IconPixels() {
-    HWND bar = ::FindWindowW(L"Shell_TrayWnd", nullptr);
-    return SystemMetric(SM_CXSMICON, bar != nullptr ? DpiOf(bar) : SystemDpi());
+constexpr std::uint64_t firstPause = 2000;
+constexpr std::uint64_t longestPause = 60000;
+constexpr std::uint64_t followFor = 10000;
+
+// The icon in this size. A size that the file lacks is made from the next larger one, and if the
+// file cannot be loaded, from the program's own icon.
+HICON LoadIconFile(const std::wstring& path, int pixels) {
+    using Load = HRESULT(WINAPI*)(HINSTANCE, PCWSTR, int, int, HICON*);
+    static const auto load = FromLoadedLibrary<Load>(L"comctl32.dll", "LoadIconWithScaleDown");
+    HICON icon = nullptr;
+    if (load != nullptr && SUCCEEDED(load(nullptr, path.c_str(), pixels, pixels, &icon))) {
+        return icon;
+    }
+    void* loaded = ::LoadImageW(nullptr, path.c_str(), IMAGE_ICON, pixels, pixels, LR_LOADFROMFILE);
+    if (loaded == nullptr) {
+        loaded = ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, pixels,
+                              pixels, LR_DEFAULTCOLOR);
+    }
+    return static_cast<HICON>(loaded);
 }
 
 }  // namespace
@@ -56,29 +69,27 @@ WinTray::~WinTray() {
 
 bool WinTray::Add(const TrayRecord& record) {
     HWND window = record.owner != nullptr ? TrayWindowOf(*record.owner, record.iconId) : nullptr;
-    Entry entry{record.owner, window, record, {}, 0};
-    if (entry.window == nullptr) {
+    if (window == nullptr) {
         return false;
     }
-    const auto known = Find(record);
-    if (known != entries.end() && ::IsWindow(known->window) != 0) {
-        return Notify(NIM_ADD, *known);
+    // If the program was started as administrator, the shell has lower rights.
+    ::ChangeWindowMessageFilterEx(window, record.callbackMessage, MSGFLT_ALLOW, nullptr);
+    auto entry = Find(record);
+    if (entry == entries.end()) {
+        entry = entries.insert(entry, Entry{.owner = record.owner});
     }
-    LoadIcon(entry);
-    const bool added = Notify(NIM_ADD, entry);
-    if (known != entries.end()) {
-        *known = std::move(entry);
-    } else {
-        entries.push_back(std::move(entry));
-    }
-    return added;
+    entry->window = window;
+    entry->record = record;
+    entry->pause = 0;
+    LoadIcon(*entry);
+    return Show(*entry);
 }
 
 bool WinTray::Delete(const TrayRecord& record) {
     const auto known = Find(record);
     if (known == entries.end()) {
         HWND window = record.owner != nullptr ? ExistingWindowOf(*record.owner) : nullptr;
-        const Entry unknown{record.owner, window, record, {}, 0};
+        const Entry unknown{.owner = record.owner, .window = window, .record = record};
         return window != nullptr && Notify(NIM_DELETE, unknown);
     }
     const bool deleted = Notify(NIM_DELETE, *known);
@@ -86,29 +97,57 @@ bool WinTray::Delete(const TrayRecord& record) {
     return deleted;
 }
 
-void WinTray::LoadIcon(Entry& entry) {
-    entry.iconPixels = IconPixels();
-    entry.icon.reset(
-        static_cast<HICON>(::LoadImageW(nullptr, Wide(entry.record.iconPath).c_str(), IMAGE_ICON,
-                                        entry.iconPixels, entry.iconPixels, LR_LOADFROMFILE)));
+void WinTray::AddAgain() {
+    for (Entry& entry : entries) {
+        entry.pause = 0;
+        ShowInPresentSize(entry);
+    }
 }
 
 void WinTray::FollowScale() {
+    followUntil = area.Milliseconds() + followFor;
+    ReloadWrongSizes();
+}
+
+void WinTray::KeepShown() {
+    const std::uint64_t now = area.Milliseconds();
+    if (now < followUntil) {
+        ReloadWrongSizes();
+    }
     for (Entry& entry : entries) {
-        if (entry.iconPixels != IconPixels()) {
-            // Destroy the old icon only after the new one is shown.
-            const auto before = std::move(entry.icon);
-            LoadIcon(entry);
-            Notify(NIM_MODIFY, entry);
+        if (!entry.isShown && now >= entry.nextTry) {
+            Show(entry);
         }
     }
 }
 
-void WinTray::AddAgain() {
+void WinTray::LoadIcon(Entry& entry) {
+    entry.iconPixels = area.IconPixels();
+    entry.icon.reset(LoadIconFile(Wide(entry.record.iconPath), entry.iconPixels));
+}
+
+// Adds the icon, or gives it its present picture if the shell has it already.
+bool WinTray::Show(Entry& entry) {
+    entry.isShown =
+        ::IsWindow(entry.window) != 0 && (Notify(NIM_ADD, entry) || Notify(NIM_MODIFY, entry));
+    if (!entry.isShown) {
+        entry.pause = std::clamp(2 * entry.pause, firstPause, longestPause);
+        entry.nextTry = area.Milliseconds() + entry.pause;
+    }
+    return entry.isShown;
+}
+
+void WinTray::ShowInPresentSize(Entry& entry) {
+    // Destroy the old icon only after the new one is shown.
+    const auto before = std::move(entry.icon);
+    LoadIcon(entry);
+    Show(entry);
+}
+
+void WinTray::ReloadWrongSizes() {
     for (Entry& entry : entries) {
-        if (::IsWindow(entry.window) != 0) {
-            LoadIcon(entry);
-            Notify(NIM_ADD, entry);
+        if (entry.iconPixels != area.IconPixels()) {
+            ShowInPresentSize(entry);
         }
     }
 }
@@ -135,7 +174,7 @@ NOTIFYICONDATAA WinTray::NativeRecord(const TrayRecord& record, HWND window, HIC
 
 bool WinTray::Notify(DWORD message, const Entry& entry) {
     NOTIFYICONDATAA data = NativeRecord(entry.record, entry.window, entry.icon.get());
-    return ::Shell_NotifyIconA(message, &data) != 0;
+    return area.Notify(message, data);
 }
 
 }  // namespace forms::win32

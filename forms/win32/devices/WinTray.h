@@ -3,23 +3,25 @@
 #include <windows.h>
 #include <shellapi.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "forms/Devices.h"
+#include "forms/win32/devices/NotificationArea.h"
 
 namespace forms::win32 {
 
-// The notification area. The destructor removes the icons that are still shown.
+// The icons in the notification area. The destructor removes those that are still shown.
 class WinTray : public Tray {
   public:
-    WinTray() = default;
+    explicit WinTray(NotificationArea& notificationArea) : area(notificationArea) {}
     WinTray(const WinTray&) = delete;
     WinTray& operator=(const WinTray&) = delete;
     ~WinTray() override;
 
-    // If there is no notification area yet, the icon appears when one is created.
+    // If the shell does not take the icon now, KeepShown() tries again.
     bool Add(const TrayRecord& record) override;
     // Asks the system even if this program has no such icon, or has it no more.
     bool Delete(const TrayRecord& record) override;
@@ -27,26 +29,41 @@ class WinTray : public Tray {
     // The tip is in the system's code page, ends with a zero character and is padded with blanks.
     static NOTIFYICONDATAA NativeRecord(const TrayRecord& record, HWND window, HICON icon);
 
-    // Adds all icons again. Call it when the shell has restarted with an empty notification area.
+    // Adds all icons again, in their present size. Call it when the shell has restarted, or says so
+    // because the scale of its task bar has changed.
     void AddAgain();
-    // Reloads icons whose size is wrong because the scale of the task bar has changed.
+    // Reloads icons whose size is wrong. Call it when the monitors have changed.
     void FollowScale();
+    // Tries again to add icons that the shell did not take: after two seconds, then after longer
+    // and longer pauses up to a minute. Looks at the size again for some seconds after
+    // FollowScale(), because the task bar changes later than the monitors. Call it about once a
+    // second.
+    void KeepShown();
 
   private:
     struct DestroyIconOf {
         void operator()(HICON icon) const { ::DestroyIcon(icon); }
     };
     struct Entry {
-        const Form* owner;  // only compared, never dereferenced
-        HWND window;
-        TrayRecord record;
-        std::unique_ptr<std::remove_pointer_t<HICON>, DestroyIconOf> icon;
+        const Form* owner = nullptr;  // only compared, never dereferenced
+        HWND window = nullptr;
+        TrayRecord record{};
+        std::unique_ptr<std::remove_pointer_t<HICON>, DestroyIconOf> icon{};
         int iconPixels = 0;
+        bool isShown = false;
+        std::uint64_t nextTry = 0;  // milliseconds of the notification area; if it is not shown
+        std::uint64_t pause = 0;    // milliseconds before that try
     };
-    static void LoadIcon(Entry& entry);
     std::vector<Entry>::iterator Find(const TrayRecord& record);
-    static bool Notify(DWORD message, const Entry& entry);
+    void LoadIcon(Entry& entry);
+    bool Show(Entry& entry);
+    void ShowInPresentSize(Entry& entry);
+    void ReloadWrongSizes();
+    bool Notify(DWORD message, const Entry& entry);
+
+    NotificationArea& area;
     std::vector<Entry> entries;
+    std::uint64_t followUntil = 0;  // milliseconds of the notification area
 };
 
 }  // namespace forms::win32

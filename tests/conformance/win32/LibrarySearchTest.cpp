@@ -3,11 +3,42 @@
 
 #include <string>
 
+#include "forms/win32/LateLibrary.h"
 #include "forms/win32/LibrarySearch.h"
 #include "forms/win32/Utf.h"
 #include "tests/conformance/win32/TempFolder.h"
 
 namespace forms::win32 {
+
+namespace {
+
+std::wstring loadedPath;
+DWORD loadedFlags = 0;
+
+// Loads as Windows 7 does without its update for the flag.
+HMODULE WINAPI LoadWithoutTheFlag(const wchar_t* path, HANDLE file, DWORD flags) {
+    if ((flags & LOAD_LIBRARY_SEARCH_SYSTEM32) != 0) {
+        ::SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    loadedPath = path;
+    loadedFlags = flags;
+    return ::LoadLibraryExW(path, file, flags);
+}
+
+}  // namespace
+
+TEST(LibrarySearchTest, ASystemWithoutTheFlagLoadsFromItsFolderToo) {
+    wchar_t folder[MAX_PATH]{};
+    ASSERT_NE(::GetSystemDirectoryW(folder, MAX_PATH), 0U);
+    HMODULE library = LoadSystemLibrary(L"version.dll", &LoadWithoutTheFlag);
+    ASSERT_NE(library, nullptr);
+    EXPECT_EQ(loadedPath, std::wstring(folder) + L"\\version.dll");
+    EXPECT_EQ(loadedFlags, DWORD{LOAD_WITH_ALTERED_SEARCH_PATH});
+    ::FreeLibrary(library);
+    EXPECT_EQ(LoadSystemLibrary(L"jotwright-missing.dll", &LoadWithoutTheFlag), nullptr);
+    EXPECT_EQ(LoadSystemLibrary(L"jotwright-missing.dll"), nullptr);
+}
 
 TEST(LibrarySearchTest, NoLibraryOfTheCurrentFolderOrBesideTheProgramIsLoaded) {
     const TempFolder folder;

@@ -2,14 +2,17 @@
 #include <shellapi.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/Services.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Internal.h"
 #include "forms/win32/Messages.h"
+#include "forms/win32/devices/WinFiles.h"
 #include "forms/win32/devices/WinTray.h"
 #include "tests/conformance/Stand.h"
+#include "tests/conformance/win32/TempFolder.h"
 
 namespace forms::win32 {
 
@@ -20,12 +23,54 @@ class frmTray : public Form {
     frmTray() : Form("frmTray") {}
     std::vector<int> fromTray;
     std::vector<int> fromPointer;
+    Timer tmrTick{this, "tmrTick"};
     void Design() override {
+        tmrTick.interval = 100;
+        tmrTick.Tick = [] {};
         width = 12000;
         height = 6000;
     }
     void Form_MouseMove(int /*button*/, int x, int /*y*/) override {
         (IsTrayCallback() ? fromTray : fromPointer).push_back(x / TwipsPerPixelX());
+    }
+};
+
+// A shell that records its calls. Like the system, it refuses to add an icon twice and to change or
+// delete an icon that it does not have.
+class RecordedArea : public NotificationArea {
+  public:
+    bool Notify(DWORD message, NOTIFYICONDATAA& data) override {
+        calls.push_back(message);
+        if (isBusy || (message == NIM_ADD) == hasIcon) {
+            hasIcon = hasIcon || (isBusy && addsAlthoughBusy && message == NIM_ADD);
+            return false;
+        }
+        hasIcon = message != NIM_DELETE;
+        shownPixels = WidthOf(data.hIcon);
+        return true;
+    }
+    int IconPixels() override { return pixels; }
+    std::uint64_t Milliseconds() override { return now; }
+
+    bool hasIcon = false;
+    bool isBusy = false;            // refuses every call
+    bool addsAlthoughBusy = false;  // adds an icon, and says that it does not
+    int pixels = 16;
+    int shownPixels = 0;
+    std::uint64_t now = 1000;
+    std::vector<DWORD> calls;
+
+  private:
+    static int WidthOf(HICON icon) {
+        ICONINFO parts{};
+        BITMAP mask{};
+        if (icon == nullptr || ::GetIconInfo(icon, &parts) == 0) {
+            return 0;
+        }
+        ::GetObjectW(parts.hbmMask, sizeof mask, &mask);
+        ::DeleteObject(parts.hbmMask);
+        ::DeleteObject(parts.hbmColor);
+        return mask.bmWidth;
     }
 };
 
@@ -40,10 +85,30 @@ class TrayTest : public conformance::StandTest {
         record.flags = NIF_MESSAGE | NIF_TIP;
         record.callbackMessage = WM_MOUSEMOVE;
         record.tip = std::string("Jotwright") + '\0' + std::string(54, ' ');
+        record.iconPath = WriteIcon();
+    }
+    // An icon file with one picture of 32 pixels.
+    std::string WriteIcon() {
+        constexpr int side = 32;
+        constexpr std::uint32_t pictureBytes = 40 + side * side * 4 + side * 4;
+        std::string bytes("\0\0\1\0\1\0\x20\x20\0\0\1\0\x20\0", 14);
+        const auto append = [&bytes](std::uint32_t number) {
+            bytes.append(reinterpret_cast<const char*>(&number), sizeof number);
+        };
+        for (const std::uint32_t number : {pictureBytes, 22U, 40U, 32U, 64U, 0x200001U}) {
+            append(number);
+        }
+        bytes.append(24, '\0');
+        bytes.append(side * side * 4, '\xff');
+        bytes.append(side * 4, '\0');
+        const std::string path = folder / "icon.ico";
+        WinFiles().Write(path, bytes);
+        return path;
     }
     static frmTray& Window() { return Default<frmTray>(); }
     static HWND Handle() { return FormWindow::Existing(Window())->handle; }
 
+    const TempFolder folder;
     TrayRecord record;
 };
 
@@ -55,9 +120,10 @@ TEST_F(TrayTest, TheTipFillsItsFieldWithBlanks) {
 }
 
 TEST_F(TrayTest, AnIconAddedThroughAnotherDeviceIsRemovedToo) {
-    WinTray other;
+    NotificationArea area;
+    WinTray other(area);
     other.Add(record);
-    WinTray tray;
+    WinTray tray(area);
     const bool removed = tray.Delete(record);
     NOTIFYICONDATAA data = WinTray::NativeRecord(record, Handle(), nullptr);
     EXPECT_TRUE(removed);
@@ -65,8 +131,108 @@ TEST_F(TrayTest, AnIconAddedThroughAnotherDeviceIsRemovedToo) {
     EXPECT_FALSE(tray.Delete(record));
 }
 
+TEST_F(TrayTest, AnIconThatWasNotAddedIsTriedAgainUntilItIsThere) {
+    RecordedArea area;
+    area.isBusy = true;
+    WinTray tray(area);
+    EXPECT_FALSE(tray.Add(record));
+    std::vector<std::uint64_t> tries;
+    for (; area.now < 300'000; area.now += 1000) {
+        area.calls.clear();
+        tray.KeepShown();
+        if (!area.calls.empty()) {
+            tries.push_back(area.now / 1000);
+        }
+    }
+    // Seconds: the pauses double up to a minute.
+    EXPECT_EQ(tries, (std::vector<std::uint64_t>{3, 7, 15, 31, 63, 123, 183, 243}));
+    area.isBusy = false;
+    area.now += 60'000;
+    tray.KeepShown();
+    EXPECT_TRUE(area.hasIcon);
+    EXPECT_EQ(area.shownPixels, 16);
+    area.calls.clear();
+    area.now += 600'000;
+    tray.KeepShown();
+    EXPECT_TRUE(area.calls.empty());
+}
+
+TEST_F(TrayTest, AnIconThatTheShellAddedWithoutSayingSoIsThere) {
+    RecordedArea area;
+    area.isBusy = true;
+    area.addsAlthoughBusy = true;
+    WinTray tray(area);
+    EXPECT_FALSE(tray.Add(record));
+    area.isBusy = false;
+    area.now += 2000;
+    tray.KeepShown();
+    EXPECT_EQ(area.calls.back(), DWORD{NIM_MODIFY});
+    area.calls.clear();
+    area.now += 600'000;
+    tray.KeepShown();
+    EXPECT_TRUE(area.calls.empty());
+}
+
+TEST_F(TrayTest, TheTicksOfTheProgramAreTheTimesToTryAgain) {
+    int times = 0;
+    const auto before = std::exchange(onTimer, [&times] { ++times; });
+    stand->Pump(300);
+    EXPECT_EQ(times, 0) << "no timer is on";
+    Window().tmrTick.enabled = true;
+    PumpUntil([&times] { return times >= 3; });
+    Window().tmrTick.enabled = false;
+    onTimer = before;
+    EXPECT_GE(times, 3);
+}
+
+TEST_F(TrayTest, ADeletedIconIsNotTriedAgain) {
+    RecordedArea area;
+    area.isBusy = true;
+    WinTray tray(area);
+    tray.Add(record);
+    tray.Delete(record);
+    area.isBusy = false;
+    area.now += 600'000;
+    tray.KeepShown();
+    EXPECT_FALSE(area.hasIcon);
+}
+
+TEST_F(TrayTest, AShellThatRestartedGetsTheIconAgain) {
+    RecordedArea area;
+    WinTray tray(area);
+    EXPECT_TRUE(tray.Add(record));
+    area.hasIcon = false;
+    area.pixels = 28;
+    tray.AddAgain();
+    EXPECT_TRUE(area.hasIcon);
+    EXPECT_EQ(area.shownPixels, 28);
+}
+
+// Current systems also say that the shell has restarted if only its scale has changed.
+TEST_F(TrayTest, AShellOfAnotherScaleThatKeptTheIconGetsItInItsNewSize) {
+    RecordedArea area;
+    WinTray tray(area);
+    EXPECT_TRUE(tray.Add(record));
+    area.pixels = 24;
+    tray.AddAgain();
+    EXPECT_EQ(area.shownPixels, 24);
+}
+
+TEST_F(TrayTest, TheIconFollowsATaskBarThatChangesLaterThanTheMonitors) {
+    RecordedArea area;
+    WinTray tray(area);
+    EXPECT_TRUE(tray.Add(record));
+    tray.FollowScale();
+    EXPECT_EQ(area.shownPixels, 16);
+    area.pixels = 24;
+    area.now += 3000;
+    tray.KeepShown();
+    EXPECT_EQ(area.shownPixels, 24);
+}
+
 TEST_F(TrayTest, OnlyMessagesWithTheIconsNumberAreFromTheTray) {
-    WinTray tray;
+    NotificationArea area;
+    WinTray tray(area);
     tray.Add(record);
     ::SetCursorPos(0, 0);
     const auto move = [](WPARAM wParam, int x, int y) {

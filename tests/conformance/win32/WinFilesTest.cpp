@@ -111,6 +111,39 @@ TEST_F(WinFilesTest, ListComparesTheWholeSuffixInEitherCase) {
     EXPECT_EQ(files.List(folder / "a.txt", ".txt").size(), 0U);
 }
 
+TEST_F(WinFilesTest, AFolderThatIsOutOfReachIsNoEmptyFolder) {
+    EXPECT_EQ(ErrorOf([&] { files.List(folder / "missing\\deep", ".txt"); }), 76);
+    EXPECT_NE(ErrorOf([&] { files.List("\\\\jotwright.invalid\\share\\Notes", ".txt"); }), 0);
+}
+
+TEST_F(WinFilesTest, AShortNameIsNotTheNameOfItsFile) {
+    const std::string name = "My notes of this year.txt";
+    files.Write(folder / name, "long");
+    wchar_t path[MAX_PATH]{};
+    ASSERT_NE(::GetShortPathNameW(Wide(folder / name).c_str(), path, MAX_PATH), 0U);
+    const std::string whole = Narrow(path);
+    const std::string shortPath = folder / whole.substr(whole.find_last_of('\\') + 1);
+    if (shortPath == folder / name) {
+        GTEST_SKIP() << "needs a disk with short names";
+    }
+    ASSERT_NE(::GetFileAttributesW(Wide(shortPath).c_str()), INVALID_FILE_ATTRIBUTES)
+        << "what follows would prove nothing";
+    EXPECT_FALSE(files.FileExists(shortPath));
+    files.Write(other, "new");
+    EXPECT_EQ(ErrorOf([&] { files.NameOnDisk(shortPath); }), 52);
+    EXPECT_EQ(ErrorOf([&] { files.Read(shortPath); }), 52);
+    EXPECT_EQ(ErrorOf([&] { files.Write(shortPath, "new"); }), 52);
+    EXPECT_EQ(ErrorOf([&] { files.Replace(other, shortPath); }), 52);
+    EXPECT_EQ(ErrorOf([&] { files.Copy(other, shortPath); }), 52);
+    EXPECT_EQ(ErrorOf([&] { files.Delete(shortPath); }), 52);
+    EXPECT_EQ(ErrorOf([&] { files.Recycle(shortPath); }), 52);
+    EXPECT_EQ(files.Read(folder / name), "long");
+    // A name that only looks like a short one.
+    files.Write(folder / "A~1.txt", "x");
+    EXPECT_EQ(files.Read(folder / "a~1.TXT"), "x");
+    EXPECT_EQ(files.NameOnDisk(folder / "a~1.TXT"), "A~1.txt");
+}
+
 TEST_F(WinFilesTest, NameOnDiskHasTheCaseOfTheDisk) {
     files.Write(folder / "Shopping.txt", "x");
     EXPECT_EQ(files.NameOnDisk(folder / "SHOPPING.TXT"), "Shopping.txt");
@@ -367,6 +400,11 @@ TEST_F(WinFilesTest, WhatTheShellWouldDestroyIsNotGivenToIt) {
         EXPECT_FALSE(files.Recycle(note));
         EXPECT_TRUE(files.FileExists(note));
     }
+    {
+        const RegistryChoice policy(explorer + L"Policies\\Explorer", L"RecycleBinSize", 0);
+        EXPECT_FALSE(files.Recycle(note));
+        EXPECT_TRUE(files.FileExists(note));
+    }
     EXPECT_TRUE(files.Recycle(note));
     EXPECT_FALSE(files.FileExists(note));
 }
@@ -380,6 +418,8 @@ TEST(WinFilesErrorsTest, CodesOfTheSystemHaveTheirNumbers) {
     EXPECT_EQ(ErrorOfCode(ERROR_PATH_NOT_FOUND), base::ErrorNumber::PathNotFound);
     EXPECT_EQ(ErrorOfCode(ERROR_FILE_NOT_FOUND), base::ErrorNumber::FileNotFound);
     EXPECT_EQ(ErrorOfCode(ERROR_INVALID_NAME), base::ErrorNumber::BadFileName);
+    constexpr DWORD cloudProviderNotRunning = 362;
+    EXPECT_EQ(ErrorOfCode(cloudProviderNotRunning), base::ErrorNumber::PermissionDenied);
     EXPECT_EQ(ErrorOfCode(ERROR_CRC), base::ErrorNumber::DeviceIoError);
 }
 

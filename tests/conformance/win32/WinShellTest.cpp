@@ -1,10 +1,14 @@
 #include <windows.h>
 #include <gtest/gtest.h>
+#include <objbase.h>
+#include <shlobj.h>
 
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "forms/win32/Utf.h"
+#include "forms/win32/devices/Handle.h"
 #include "forms/win32/devices/WinFiles.h"
 #include "forms/win32/devices/WinShell.h"
 #include "tests/conformance/win32/TempFolder.h"
@@ -18,6 +22,66 @@ TEST(WinShellTest, AMissingDocumentGivesAResultCode) {
     const TempFolder folder;
     WinShell shell;
     EXPECT_LE(shell.Open(folder / "missing.txt", folder.Path()), 32);
+}
+
+// The shell's functions may need COM, which a new thread does not have.
+TEST(WinShellTest, OpeningADocumentStartsComInItsThread) {
+    APTTYPE kind = APTTYPE_NA;
+    HRESULT before = S_OK;
+    std::thread([&] {
+        APTTYPEQUALIFIER qualifier{};
+        before = ::CoGetApartmentType(&kind, &qualifier);
+        WinShell(false).Open("C:\\missing\\missing.txt", "C:\\");
+        ::CoGetApartmentType(&kind, &qualifier);
+    }).join();
+    EXPECT_EQ(before, CO_E_NOTINITIALIZED) << "what follows would prove nothing";
+    EXPECT_EQ(kind, APTTYPE_STA);
+}
+
+std::wstring TargetOf(const std::string& shortcut) {
+    wchar_t target[MAX_PATH]{};
+    IShellLinkW* link = nullptr;
+    IPersistFile* file = nullptr;
+    ::CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
+                       reinterpret_cast<void**>(&link));
+    link->QueryInterface(IID_IPersistFile, reinterpret_cast<void**>(&file));
+    EXPECT_EQ(file->Load(Wide(shortcut).c_str(), STGM_READ), S_OK);
+    link->GetPath(target, MAX_PATH, nullptr, SLGP_RAWPATH);
+    file->Release();
+    link->Release();
+    return target;
+}
+
+TEST(WinShellTest, AShortcutIsPointedToTheRunningProgram) {
+    const TempFolder folder;
+    const std::string shortcut = folder / "a shortcut.lnk";
+    WinShell shell;
+    WinFiles files;
+    files.Write(shortcut, "no shortcut");
+    shell.PointToThisProgram(shortcut);
+    EXPECT_EQ(files.Read(shortcut), "no shortcut");
+    shell.PointToThisProgram(folder / "missing.lnk");
+    EXPECT_FALSE(files.FileExists(folder / "missing.lnk"));
+
+    IShellLinkW* link = nullptr;
+    IPersistFile* file = nullptr;
+    ASSERT_EQ(::CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
+                                 reinterpret_cast<void**>(&link)),
+              S_OK);
+    link->SetPath(L"C:\\Jotwright\\Jotwright.exe");
+    link->QueryInterface(IID_IPersistFile, reinterpret_cast<void**>(&file));
+    EXPECT_EQ(file->Save(Wide(shortcut).c_str(), TRUE), S_OK);
+    file->Release();
+    link->Release();
+    EXPECT_EQ(TargetOf(shortcut), L"C:\\Jotwright\\Jotwright.exe");
+
+    shell.PointToThisProgram(shortcut);
+    wchar_t self[MAX_PATH]{};
+    ::GetModuleFileNameW(nullptr, self, MAX_PATH);
+    EXPECT_EQ(TargetOf(shortcut), self);
+    const std::string bytes = files.Read(shortcut);
+    shell.PointToThisProgram(shortcut);
+    EXPECT_EQ(files.Read(shortcut), bytes);
 }
 
 class WinShellHelpTest : public testing::Test {
@@ -73,6 +137,21 @@ TEST_F(WinShellHelpTest, AStandInDoesNotCountAsAViewer) {
     EXPECT_FALSE(WinShell::IsHelpViewer(Wide(folder.Path())));
     EXPECT_FALSE(WinShell::IsHelpViewer(Wide(Make("stand-in.exe", 12000))));
     EXPECT_TRUE(WinShell::IsHelpViewer(Wide(Make("viewer.exe", 280000))));
+}
+
+TEST_F(WinShellHelpTest, TheViewerIsNotAskedForAFileThatItRefuses) {
+    const std::string helpFile = Make("a.hlp", 1);
+    const std::string page = Make("a.html", 1);
+    EXPECT_FALSE(WinShell::IsRefusedByViewer(Wide(helpFile)));
+    EXPECT_TRUE(WinShell::IsRefusedByViewer(L"\\\\server\\share\\a.hlp"));
+    const Handle mark(::CreateFileW(Wide(helpFile + ":Zone.Identifier").c_str(), GENERIC_WRITE, 0,
+                                    nullptr, CREATE_ALWAYS, 0, nullptr));
+    if (!mark) {
+        GTEST_SKIP() << "needs a disk whose files can have several streams";
+    }
+    RecordingShell shell(true);
+    shell.ShowHelp(helpFile, HELP_CONTENTS);
+    EXPECT_EQ(shell.opened, std::vector<std::string>{page});
 }
 
 }  // namespace forms::win32

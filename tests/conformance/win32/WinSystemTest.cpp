@@ -18,6 +18,15 @@ TEST(WinSystemTest, TheApplicationFolderHoldsTheProgram) {
     EXPECT_EQ(Narrow(path).find('\\', folder.size() + 1), std::string::npos);
 }
 
+TEST(WinSystemTest, TheStartupFolderExists) {
+    WinSystem system(L"Local\\Unused by tests");
+    const std::string folder = system.StartupFolder();
+    EXPECT_FALSE(folder.ends_with('\\'));
+    const DWORD attributes = ::GetFileAttributesW(Wide(folder).c_str());
+    EXPECT_NE(attributes, INVALID_FILE_ATTRIBUTES);
+    EXPECT_NE(attributes & FILE_ATTRIBUTE_DIRECTORY, 0U);
+}
+
 TEST(WinSystemTest, TheSecondCopyDetectsTheFirst) {
     const std::wstring name = L"Local\\Jotwright.Test." + std::to_wstring(::GetCurrentProcessId());
     {

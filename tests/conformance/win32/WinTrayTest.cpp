@@ -6,7 +6,8 @@
 namespace forms::win32 {
 
 TEST(WinTrayTest, AnIconThatWasNeverAddedCannotBeDeleted) {
-    WinTray tray;
+    NotificationArea area;
+    WinTray tray(area);
     TrayRecord record;
     record.iconId = 1;
     EXPECT_FALSE(tray.Delete(record));

@@ -1,0 +1,21 @@
+#include "forms/win32/LateLibrary.h"
+
+#include <string>
+
+namespace forms::win32 {
+
+HMODULE LoadSystemLibrary(const wchar_t* library, LibraryLoader load) {
+    HMODULE loaded = load(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    if (loaded != nullptr || ::GetLastError() != ERROR_INVALID_PARAMETER) {
+        return loaded;
+    }
+    // Windows 7 without its update KB2533623 does not know the flag. With a full path, it takes the
+    // library from its folder, and the libraries that this one needs too.
+    std::wstring path(::GetSystemDirectoryW(nullptr, 0), L'\0');
+    path.resize(::GetSystemDirectoryW(path.data(), static_cast<UINT>(path.size())));
+    path += L'\\';
+    path += library;
+    return load(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+}
+
+}  // namespace forms::win32
