@@ -2,6 +2,7 @@
 
 #include "alarms/SpecialAlarmsFile.h"
 #include "app/Exit.h"
+#include "app/ProductTexts.h"
 #include "app/SafeFile.h"
 #include "app/StandardCode.h"
 #include "app/dlgMsgBox.h"
@@ -28,8 +29,8 @@ void SaveAndRemoveIcon() {
 
 const forms::ApplicationInfo applicationInfo{
     .name = "Jotwright",
-    .registryKey = "Software\\Jotwright",
-    .mutexName = "Local\\Jotwright.Instance",
+    .registryKey = registryKey,
+    .mutexName = mutexName,
     .savingText = "The open notes are being saved.",
 };
 

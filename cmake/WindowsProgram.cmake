@@ -21,3 +21,12 @@ set_source_files_properties("${resources}" PROPERTIES
     OBJECT_DEPENDS "${embedded};${manifest_folder}/jotwright.manifest"
     COMPILE_DEFINITIONS
         "JOTWRIGHT_VERSION=${PROJECT_VERSION};JOTWRIGHT_VERSION_NUMBERS=${version_numbers}")
+
+# For the scripts that make the packages.
+file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/product.txt" @ONLY CONTENT
+"version=@PROJECT_VERSION@
+web_site=@JOTWRIGHT_WEB_SITE@
+support=@JOTWRIGHT_SUPPORT@
+downloads=@JOTWRIGHT_DOWNLOADS@
+compiler=@CMAKE_CXX_COMPILER@
+")
