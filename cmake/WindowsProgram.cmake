@@ -22,6 +22,18 @@ set_source_files_properties("${resources}" PROPERTIES
     COMPILE_DEFINITIONS
         "JOTWRIGHT_VERSION=${PROJECT_VERSION};JOTWRIGHT_VERSION_NUMBERS=${version_numbers}")
 
+# The launcher of the portable copy.
+set(launcher_resources "${PROJECT_SOURCE_DIR}/assets/portable.rc")
+jotwright_sources(launcher_sources portable/win32)
+add_executable(JotwrightPortable WIN32 ${launcher_sources} ${launcher_resources})
+jotwright_flags(JotwrightPortable)
+target_include_directories(JotwrightPortable PRIVATE "${PROJECT_SOURCE_DIR}/assets" "${manifest_folder}")
+target_link_libraries(JotwrightPortable PRIVATE portable win32)
+set_source_files_properties("${launcher_resources}" PROPERTIES
+    OBJECT_DEPENDS "${manifest_folder}/jotwright.manifest"
+    COMPILE_DEFINITIONS
+        "JOTWRIGHT_VERSION=${PROJECT_VERSION};JOTWRIGHT_VERSION_NUMBERS=${version_numbers}")
+
 # For the scripts that make the packages.
 file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/product.txt" @ONLY CONTENT
 "version=@PROJECT_VERSION@
