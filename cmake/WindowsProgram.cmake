@@ -42,3 +42,11 @@ support=@JOTWRIGHT_SUPPORT@
 downloads=@JOTWRIGHT_DOWNLOADS@
 compiler=@CMAKE_CXX_COMPILER@
 ")
+
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+# The linker has no switch for these bits of the header.
+foreach(program Jotwright JotwrightPortable)
+    add_custom_command(TARGET ${program} POST_BUILD VERBATIM
+        COMMAND Python3::Interpreter "${PROJECT_SOURCE_DIR}/scripts/run-from-swap"
+                $<TARGET_FILE:${program}>)
+endforeach()
