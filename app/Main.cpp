@@ -2,11 +2,14 @@
 
 #include "alarms/SpecialAlarmsFile.h"
 #include "app/Exit.h"
+#include "app/ProductTexts.h"
 #include "app/StandardCode.h"
 #include "app/dlgMsgBox.h"
 #include "app/frmMain.h"
 #include "forms/Application.h"
 #include "forms/Devices.h"
+#include "forms/MsgBox.h"
+#include "forms/Services.h"
 #include "info/frmSplash.h"
 #include "notes/NoteStore.h"
 #include "notes/frmViewNotes.h"
@@ -23,17 +26,34 @@ void SaveAndRemoveIcon() {
     }
 }
 
+// Explorer can start a program inside a zip archive: it extracts nothing else. Users also copy the
+// program without its files.
+bool IsAlone() {
+    const auto missing = [](const char* name) {
+        return !forms::Machine().files->FileExists(forms::ApplicationPath(name));
+    };
+    return missing("\\logo.ico") && missing("\\mascot.jpg");
+}
+
 }  // namespace
 
 const forms::ApplicationInfo applicationInfo{
     .name = "Jotwright",
-    .registryKey = "Software\\Jotwright",
-    .mutexName = "Local\\Jotwright.Instance",
+    .registryKey = registryKey,
+    .mutexName = mutexName,
     .savingText = "The open notes are being saved.",
 };
 
 void Main() {
     Reset();
+    if (IsAlone()) {
+        forms::MsgBox(
+            "The files that belong to Jotwright are not beside Jotwright.exe.\r\n\r\n"
+            "If you started it inside a zip archive, extract the whole archive first: right click "
+            "the archive and choose \"Extract All\". Then start Jotwright.exe in the new folder.",
+            {.icon = forms::BoxIcon::Exclamation}, "Jotwright");
+        return;
+    }
     if (forms::Machine().system->PreviousInstance()) {
         PictureMessageBox(
             "     Jotwright is already running.\r\n"

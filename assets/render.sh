@@ -6,10 +6,11 @@
 #   images/src/*.svg           -> images/*.ico
 #   pictures/src/*.svg         -> pictures/*.gif, pictures/*.jpg, and two larger versions of each:
 #                                 pictures/*@2x.png, pictures/*@3x.png
-#   pictures/src/mascot.svg    -> installer/side.bmp, the picture beside the installer's last page
+#   pictures/src/mascot.svg    -> installer/side-<percent>.bmp, the picture beside the installer's last
+#                                 page
 #
 # The rendered files are in the repository, so that a build needs none of the tools below. The
-# same sources give the same files.
+# same sources give the same files. After a change of a sound, run sounds/measure-loudness too.
 #
 # If NAME-S.svg exists, it is the source of icon NAME at size S, drawn to that size's pixel grid.
 # All other sizes are rendered from NAME.svg.
@@ -45,7 +46,7 @@ icon() {
         png=$scratch/$name-$size.png
         rsvg-convert --width="$size" --height="$size" --output="$png" "$source"
         # Large images are stored as PNG; as bitmaps they would take most of the file.
-        if [ "$size" -ge 192 ]; then
+        if [ "$size" -ge 96 ]; then
             set -- "$@" "--raw=$png"
         else
             set -- "$@" "$png"
@@ -86,16 +87,17 @@ larger() {
 
 python3 sounds/make_sounds.py sounds
 
+# The sizes at 100, 125, 150, 175, 200, 225, 250 and 300 %.
 for name in logo note alarmon; do
-    icon icons "$name" 16 20 24 32 40 48 64 128 256
+    icon icons "$name" 16 20 24 28 32 36 40 48 56 64 72 80 96 128 256
 done
 for name in tb_save tb_kill tb_print tb_hide tb_help tb_about; do
-    icon images "$name" 24 30 36 48 72
+    icon images "$name" 24 30 36 42 48 54 60 72
 done
 for name in alarmset alarmnotset run bell; do
-    icon images "$name" 16 20 24 32 48
+    icon images "$name" 16 20 24 28 32 36 40 48
 done
-icon images tip 96 144 192 256
+icon images tip 96 120 144 168 192 216 240 256
 
 for name in jotwright_title letters mascot_error no_Fslash error; do
     gif "$name"
@@ -104,6 +106,14 @@ done
 jpg mascot
 larger mascot
 
-rsvg-convert --width=140 --output="$scratch/side.png" pictures/src/mascot.svg
-convert "$scratch/side.png" -background '#dbe8fa' -gravity center -extent 164x314 \
-    -alpha remove -alpha off +dither -colors 255 -type Palette -strip BMP3:installer/side.bmp
+# side PERCENT
+side() {
+    png=$scratch/side.png
+    rsvg-convert --width=$((140 * $1 / 100)) --output="$png" pictures/src/mascot.svg
+    convert "$png" -background '#dbe8fa' -gravity center \
+        -extent "$((164 * $1 / 100))x$((314 * $1 / 100))" -alpha remove -alpha off \
+        +dither -colors 255 -type Palette -strip "BMP3:installer/side-$1.bmp"
+}
+for percent in 100 125 150 175 200 250; do
+    side "$percent"
+done

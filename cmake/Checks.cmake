@@ -13,11 +13,12 @@ jotwright_add_check(check.layers_self_test "${scripts}/check-layers" --self-test
 jotwright_add_check(check.format "${scripts}/check-format")
 jotwright_add_check(check.help "${scripts}/check-help")
 jotwright_add_check(check.shell shellcheck -x run test .ci/run scripts/lib.sh
-                    scripts/busy-run scripts/check-format scripts/check-help scripts/gallery
-                    scripts/install-packages scripts/check-hardening scripts/layout-app
-                    scripts/long-run scripts/make-installer scripts/package scripts/run-fuzzer
-                    scripts/run-windows-tests scripts/run-windows32-tests scripts/test-on
-                    scripts/test-package)
+                    scripts/busy-run scripts/check-arm64 scripts/check-format scripts/check-help
+                    scripts/gallery scripts/install-packages scripts/check-hardening
+                    scripts/layout-app scripts/long-run scripts/make-installer scripts/package
+                    scripts/run-fuzzer scripts/run-windows-tests scripts/run-windows32-tests
+                    scripts/sign scripts/test-on scripts/test-package scripts/test-reproducible
+                    scripts/windows-test-kit)
 
 if(NOT JOTWRIGHT_FUZZERS)
     return()

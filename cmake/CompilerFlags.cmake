@@ -39,6 +39,10 @@ if(WIN32)
     # Align sections in the file as in memory, so that Windows maps pages on demand instead of copying
     # all sections.
     list(APPEND jotwright_link_flags -Wl,--file-alignment,4096)
+    # Windows 7 and later. Below 6.0, Windows would measure the frames of windows as it did before.
+    list(APPEND jotwright_link_flags
+         -Wl,--major-os-version,6 -Wl,--minor-os-version,1
+         -Wl,--major-subsystem-version,6 -Wl,--minor-subsystem-version,1 -Wl,--tsaware)
     if(CMAKE_SIZEOF_VOID_P EQUAL 8)
         list(APPEND jotwright_link_flags -Wl,--high-entropy-va)
     endif()

@@ -18,7 +18,7 @@ function(jotwright_add_tests name)
     add_executable(${name} ${ARGN})
     jotwright_flags(${name})
     target_compile_options(${name} PRIVATE ${test_flags})
-    target_link_libraries(${name} PRIVATE jotwright_core headless forms
+    target_link_libraries(${name} PRIVATE jotwright_core portable headless forms
                           GTest::gtest GTest::gtest_main Threads::Threads)
     jotwright_use_precompiled(${name} precompiled_tests)
     foreach(source IN LISTS ARGN)
@@ -42,7 +42,7 @@ function(jotwright_add_tests name)
 endfunction()
 
 jotwright_sources(test_sources tests/base tests/forms tests/forms/headless tests/app tests/notes tests/alarms
-                  tests/tools tests/info)
+                  tests/tools tests/info tests/portable)
 jotwright_sources(support_sources tests/support)
 set_source_files_properties(tests/info/frmAboutTest.cpp tests/info/frmSplashTest.cpp PROPERTIES
                             COMPILE_DEFINITIONS "JOTWRIGHT_PROJECT_VERSION=\"${PROJECT_VERSION}\"")

@@ -30,6 +30,7 @@ endfunction()
 # The tests of the sound device listen with the driver's recorder.
 set(recorder "${PROJECT_SOURCE_DIR}/tests/windows/SoundRecorder.cpp"
              "${PROJECT_SOURCE_DIR}/tests/windows/Files.cpp"
+             "${PROJECT_SOURCE_DIR}/tests/windows/Needs.cpp"
              "${PROJECT_SOURCE_DIR}/tests/windows/Wait.cpp")
 jotwright_add_windows_tests(conformance_win32 ${conformance_sources} ${recorder})
 target_link_libraries(conformance_win32 PRIVATE jotwright_core win32)

@@ -56,6 +56,15 @@ project_version() {
     printf '%s\n' "$version"
 }
 
+# product <build folder> <name>: prints what the program in a build folder was built with: version,
+# web_site, support, downloads, compiler.
+product() {
+    local value
+    value=$(sed -n "s/^$2=//p" "$1/product.txt")
+    [ -n "$value" ] || die "no $2 in $1/product.txt: build the program again"
+    printf '%s\n' "$value"
+}
+
 # build <preset> [target...]: configures and builds a preset of CMakePresets.json.
 build() {
     local preset=$1

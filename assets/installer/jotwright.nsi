@@ -3,20 +3,27 @@
 ; scripts/make-installer builds it and defines
 ;
 ;   VERSION        for example 1.0.0
+;   VERSION_MAJOR, VERSION_MINOR
+;   WEB_SITE, SUPPORT   addresses for the list of programs
 ;   STAGE          the folder with the files to install; all its files are installed
-;   DELETE_FILES   an NSIS script that deletes exactly those files from $INSTDIR
+;   FILES          an NSIS script with a line "!insertmacro ${EACH} <name>" for each of those files
 ;   OUTPUT         the installer to write
 ;   TARGET         amd64-unicode or x86-unicode
 ;   ICON           the icon of installer and uninstaller
-;   SIDE_PICTURE   the picture beside the last page
+;   PICTURES       the folder with side-<percent>.bmp, the picture beside the last page for each scale
+;   SIGN           a command that signs the file whose name is appended to it
 ;
-; Command line:    setup.exe [/S] [/D=folder]
+; Command line:    setup.exe [/S] [/STARTUP] [/D=folder]
 ;                  Uninstall.exe [/S] [/ERASE]
-;   /S       silent: shows no window. A running copy saves its notes and is closed; after an upgrade
-;            it is started again. Exit codes: 0 success, 3 the program could not be closed.
-;   /D       the folder to install into; must be the last argument, without quotes even if the path
-;            contains blanks
-;   /ERASE   also erases notes, special alarms and settings
+;   /S        silent: shows no window. A running copy saves its notes and is closed; afterwards it is
+;             started again
+;   /STARTUP  makes the shortcut that starts the program when the user signs in
+;   /D        the folder to install into; must be the last argument, without quotes even if the path
+;             contains blanks
+;   /ERASE    also erases notes, special alarms and settings
+; Exit codes:  0 success, 1 cancelled, 2 another failure, for example a full disk, 3 the program could
+;              not be closed, 4 a file is in use, 5 uninstalled, but a shortcut for all users stays.
+;              After 1 to 4 the old version is whole.
 
 Unicode true
 Target ${TARGET}
@@ -28,10 +35,15 @@ ManifestSupportedOS all
 !include "MUI2.nsh"
 !include "LogicLib.nsh"
 !include "FileFunc.nsh"
+!include "WordFunc.nsh"
 !include "Win\COM.nsh"
 
 !define PROGRAM "Jotwright.exe"
 !define PREPARED_SHORTCUT "Shortcut To Jotwright.lnk"
+!define NOTES_SHORTCUT "Jotwright notes folder.lnk"
+; The new files lie here until all of them are written. Then each changes places with its old one.
+!define NEW_FILES "$INSTDIR\Setup.tmp"
+!define APP_PATHS_KEY "Software\Microsoft\Windows\CurrentVersion\App Paths\${PROGRAM}"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Jotwright"
 !define SETTINGS_KEY "Software\Jotwright"
 
@@ -47,21 +59,34 @@ VIAddVersionKey "ProductVersion" "${VERSION}"
 VIAddVersionKey "FileVersion" "${VERSION}"
 VIAddVersionKey "FileDescription" "Jotwright setup"
 VIAddVersionKey "CompanyName" "Jotwright"
-VIAddVersionKey "LegalCopyright" "The Jotwright authors"
+VIAddVersionKey "LegalCopyright" "Copyright 2026 The Jotwright authors"
+!uninstfinalize '${SIGN} "%1"'
 
 Var Restart     ; 1 if a copy was running and must be started again
+Var StartUp     ; 1 if the program shall start when the user signs in
+Var Upgrade     ; 1 if a version was installed before
+Var FileInUse   ; the name of the file that could not be replaced, or ""
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
-!define MUI_WELCOMEFINISHPAGE_BITMAP "${SIDE_PICTURE}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${PICTURES}/side-100.bmp"
 !define MUI_ABORTWARNING
 SpaceTexts none
+AllowSkipFiles off
 
 !define MUI_PAGE_CUSTOMFUNCTION_PRE SkipWhenInstalled
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !define MUI_FINISHPAGE_RUN "$INSTDIR\${PROGRAM}"
 !define MUI_FINISHPAGE_RUN_TEXT "Start Jotwright"
+; The second box of this page.
+!define MUI_FINISHPAGE_SHOWREADME ""
+!define MUI_FINISHPAGE_SHOWREADME_TEXT "Start Jotwright when I sign in"
+!define MUI_FINISHPAGE_SHOWREADME_NOTCHECKED
+!define MUI_FINISHPAGE_SHOWREADME_FUNCTION AddToStartUp
+!define MUI_PAGE_CUSTOMFUNCTION_PRE ChooseSidePicture
+!define MUI_PAGE_CUSTOMFUNCTION_SHOW ShowStartUpBox
+!define MUI_PAGE_CUSTOMFUNCTION_LEAVE RemoveFromStartUp
 !insertmacro MUI_PAGE_FINISH
 
 !define MUI_COMPONENTSPAGE_SMALLDESC
@@ -74,105 +99,7 @@ SpaceTexts none
 !define MUI_UNTEXT_COMPONENTS_SUBTITLE "This removes the program. Your notes stay unless you choose to erase them."
 !insertmacro MUI_LANGUAGE "English"
 
-; ---- functions that installer and uninstaller share ----
-
-!macro SharedFunctions un
-
-; Pushes 1 if the program in $INSTDIR is running, otherwise 0. The file of a running program cannot be
-; opened for writing.
-Function ${un}ProgramRuns
-    Push $0
-    StrCpy $0 0
-    ${If} ${FileExists} "$INSTDIR\${PROGRAM}"
-        ClearErrors
-        FileOpen $0 "$INSTDIR\${PROGRAM}" a
-        ${If} ${Errors}
-            StrCpy $0 1
-        ${Else}
-            FileClose $0
-            StrCpy $0 0
-        ${EndIf}
-    ${EndIf}
-    Exch $0
-FunctionEnd
-
-; Ends the program in $INSTDIR in the way that Windows does when the user signs out: the program saves
-; all open notes without asking. Does not end copies that run from other folders.
-Function ${un}EndProgram
-    Push $0
-    Push $1
-    Push $2
-    Push $3
-    StrCpy $0 0
-    ${Do}
-        FindWindow $0 "FormsUtility" "" 0 $0
-        ${If} $0 P= 0
-            ${ExitDo}
-        ${EndIf}
-        System::Call 'user32::GetWindowThreadProcessId(p r0, *i .r1)'
-        ; PROCESS_QUERY_LIMITED_INFORMATION
-        System::Call 'kernel32::OpenProcess(i 0x1000, i 0, i r1) p .r2'
-        StrCpy $3 ""
-        System::Call 'kernel32::QueryFullProcessImageNameW(p r2, i 0, w .r3, *i ${NSIS_MAX_STRLEN})'
-        System::Call 'kernel32::CloseHandle(p r2)'
-        ${If} $3 == "$INSTDIR\${PROGRAM}"
-            ; lParam 1 is ENDSESSION_CLOSEAPP. Unlike Windows, the installer does not kill the
-            ; program if it keeps running after these messages.
-            SendMessage $0 ${WM_QUERYENDSESSION} 0 1 $1 /TIMEOUT=5000
-            ${If} $1 <> 0
-                SendMessage $0 ${WM_ENDSESSION} 1 1 /TIMEOUT=10000
-            ${EndIf}
-            ${ExitDo}
-        ${EndIf}
-    ${Loop}
-    Pop $3
-    Pop $2
-    Pop $1
-    Pop $0
-FunctionEnd
-
-; Closes the program in $INSTDIR if it is running. Returns only if it has ended; otherwise quits the
-; installer.
-Function ${un}CloseProgram
-    Push $0
-    Push $1
-    Call ${un}ProgramRuns
-    Pop $0
-    ${If} $0 = 1
-        MessageBox MB_OKCANCEL|MB_ICONINFORMATION \
-            "Jotwright is running and will be closed. Open notes will be saved." \
-            /SD IDOK IDOK +2
-        Quit
-        StrCpy $Restart 1
-        ${Do}
-            Call ${un}EndProgram
-            StrCpy $1 0
-            ${DoWhile} $1 < 50
-                Call ${un}ProgramRuns
-                Pop $0
-                ${If} $0 = 0
-                    ${ExitDo}
-                ${EndIf}
-                Sleep 100
-                IntOp $1 $1 + 1
-            ${Loop}
-            ${If} $0 = 0
-                ${ExitDo}
-            ${EndIf}
-            SetErrorLevel 3
-            MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION \
-                "Jotwright could not be closed. Right click the blue N in the notification area, \
-choose Exit, and then press Retry." /SD IDCANCEL IDRETRY +2
-            Quit
-            SetErrorLevel 0
-        ${Loop}
-    ${EndIf}
-    Pop $1
-    Pop $0
-FunctionEnd
-
-!macroend
-
+!include "${__FILEDIR__}/shared.nsh"
 !insertmacro SharedFunctions ""
 !insertmacro SharedFunctions "un."
 
@@ -187,23 +114,94 @@ Function SkipWhenInstalled
     ${EndIf}
 FunctionEnd
 
+; Asks before an older version replaces a newer one.
+Function .onInit
+    StrCpy $StartUp 0
+    StrCpy $Upgrade 0
+    ${GetParameters} $0
+    ClearErrors
+    ${GetOptions} $0 "/STARTUP" $1
+    ${IfNot} ${Errors}
+        StrCpy $StartUp 1
+    ${EndIf}
+    ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "DisplayVersion"
+    ${If} $0 != ""
+        StrCpy $Upgrade 1
+        ${VersionCompare} $0 "${VERSION}" $1
+        ${If} $1 = 1
+            MessageBox MB_YESNO|MB_ICONQUESTION "Jotwright $0 is installed. This is the older version \
+${VERSION}. Install it over the newer one? Your notes stay." /SD IDYES IDYES +3
+            SetErrorLevel 1
+            Quit
+        ${EndIf}
+    ${EndIf}
+FunctionEnd
+
+!include "${__FILEDIR__}/replace.nsh"
+
+; Restarts the program after a silent upgrade and after a failure, because alarms ring only while it
+; runs. In an upgrade with windows, the last page offers to start it.
+Function RestartProgram
+    ${If} $Restart = 1
+        Exec '"$INSTDIR\${PROGRAM}"'
+    ${EndIf}
+FunctionEnd
+
+Function .onInstFailed
+    ${IfNot} ${FileExists} "${NEW_FILES}\*.old"
+        RMDir /r "${NEW_FILES}"
+    ${EndIf}
+    RMDir "$INSTDIR"
+    Call RestartProgram
+FunctionEnd
+
 Section "Jotwright" SectionInstall
     SetShellVarContext current
     StrCpy $Restart 0
     Call CloseProgram
 
-    SetOutPath "$INSTDIR"
+    ; A setup was killed while it replaced files.
+    ${If} ${FileExists} "${NEW_FILES}\*.old"
+        Call RestoreFiles
+    ${EndIf}
+    RMDir /r "${NEW_FILES}"
+    SetOutPath "${NEW_FILES}"
     File "${STAGE}/*.*"
-    WriteUninstaller "$INSTDIR\Uninstall.exe"
+    ClearErrors
+    WriteUninstaller "${NEW_FILES}\Uninstall.exe"
+    ${If} ${Errors}
+        SetErrorLevel 2
+        Abort
+    ${EndIf}
+    SetOutPath "$INSTDIR"
+    Call ReplaceFiles
+    RMDir /r "${NEW_FILES}"
+
     CreateShortcut "$INSTDIR\${PREPARED_SHORTCUT}" "$INSTDIR\${PROGRAM}" "" "$INSTDIR\${PROGRAM}" 0 \
         SW_SHOWNORMAL "" "Jotwright"
     CreateShortcut "$SMPROGRAMS\Jotwright.lnk" "$INSTDIR\${PROGRAM}" "" "$INSTDIR\${PROGRAM}" 0 \
         SW_SHOWNORMAL "" "Desktop notes with alarms"
+    CreateDirectory "$INSTDIR\Notes"
+    CreateShortcut "$SMPROGRAMS\${NOTES_SHORTCUT}" "$INSTDIR\Notes" "" "" "" \
+        SW_SHOWNORMAL "" "The notes, one text file each"
+    ${If} $StartUp = 1
+        Call AddToStartUp
+    ${EndIf}
+    WriteRegStr HKCU "${APP_PATHS_KEY}" "" "$INSTDIR\${PROGRAM}"
 
     WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "Jotwright"
     WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
+    WriteRegDWORD HKCU "${UNINSTALL_KEY}" "VersionMajor" ${VERSION_MAJOR}
+    WriteRegDWORD HKCU "${UNINSTALL_KEY}" "VersionMinor" ${VERSION_MINOR}
     WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\${PROGRAM}"
     WriteRegStr HKCU "${UNINSTALL_KEY}" "Publisher" "The Jotwright authors"
+    WriteRegStr HKCU "${UNINSTALL_KEY}" "Comments" "Desktop notes with alarms"
+    WriteRegStr HKCU "${UNINSTALL_KEY}" "Contact" "${SUPPORT}"
+    WriteRegStr HKCU "${UNINSTALL_KEY}" "HelpLink" "${WEB_SITE}"
+    WriteRegStr HKCU "${UNINSTALL_KEY}" "URLInfoAbout" "${WEB_SITE}"
+    WriteRegStr HKCU "${UNINSTALL_KEY}" "URLUpdateInfo" "${WEB_SITE}"
+    ${GetTime} "" "L" $0 $1 $2 $3 $4 $5 $6
+    WriteRegStr HKCU "${UNINSTALL_KEY}" "InstallDate" "$2$1$0"
     WriteRegStr HKCU "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
     WriteRegStr HKCU "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\Uninstall.exe"'
     WriteRegStr HKCU "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\Uninstall.exe" /S'
@@ -212,59 +210,104 @@ Section "Jotwright" SectionInstall
     SectionGetSize ${SectionInstall} $0
     WriteRegDWORD HKCU "${UNINSTALL_KEY}" "EstimatedSize" $0
 
-    ; Restart the program after a silent upgrade, because alarms ring only while it runs. In an
-    ; upgrade with windows, the last page offers to start it.
     ${If} ${Silent}
-    ${AndIf} $Restart = 1
-        Exec '"$INSTDIR\${PROGRAM}"'
+        Call RestartProgram
     ${EndIf}
 SectionEnd
 
-; ---- uninstalling ----
+; ---- the last page ----
 
-; Deletes the shortcut $0 if it starts the program in $INSTDIR.
-Function un.DeleteOurShortcut
-    ${IfNot} ${FileExists} $0
-        Return
-    ${EndIf}
-    StrCpy $3 ""
-    !insertmacro ComHlpr_CreateInProcInstance ${CLSID_ShellLink} ${IID_IShellLink} r1 ""
-    ${If} $1 P<> 0
-        ${IUnknown::QueryInterface} $1 '("${IID_IPersistFile}", .r2)'
-        ${If} $2 P<> 0
-            ${IPersistFile::Load} $2 '("$0", 0)'
-            ; SLGP_RAWPATH
-            ${IShellLink::GetPath} $1 '(.r3, ${NSIS_MAX_STRLEN}, p0, 4)'
-            ${IUnknown::Release} $2 ""
-        ${EndIf}
-        ${IUnknown::Release} $1 ""
-    ${EndIf}
-    ${If} $3 == "$INSTDIR\${PROGRAM}"
-        Delete $0
+; The shortcut has the name that the program's option "Start Jotwright when Windows starts" knows.
+Function AddToStartUp
+    SetShellVarContext current
+    CreateShortcut "$SMSTARTUP\${PREPARED_SHORTCUT}" "$INSTDIR\${PROGRAM}" "" "$INSTDIR\${PROGRAM}" 0 \
+        SW_SHOWNORMAL "" "Jotwright"
+FunctionEnd
+
+; The page loads its picture after this function. $1: dots per inch.
+!macro SidePicture percent
+    File "/oname=$PLUGINSDIR\modern-wizard.bmp" "${PICTURES}/side-${percent}.bmp"
+!macroend
+Function ChooseSidePicture
+    System::Call 'user32::GetDC(p 0) p .r0'
+    System::Call 'gdi32::GetDeviceCaps(p r0, i 88) i .r1'   ; LOGPIXELSX
+    System::Call 'user32::ReleaseDC(p 0, p r0)'
+    ${If} $1 > 192
+        !insertmacro SidePicture 250
+    ${ElseIf} $1 > 168
+        !insertmacro SidePicture 200
+    ${ElseIf} $1 > 144
+        !insertmacro SidePicture 175
+    ${ElseIf} $1 > 120
+        !insertmacro SidePicture 150
+    ${ElseIf} $1 > 96
+        !insertmacro SidePicture 125
     ${EndIf}
 FunctionEnd
+
+; The box is ticked for a new user and after /STARTUP; in an upgrade it shows what is set.
+Function ShowStartUpBox
+    StrCpy $0 "$SMSTARTUP\${PREPARED_SHORTCUT}"
+    ${If} $StartUp = 1
+    ${OrIf} $Upgrade = 0
+    ${OrIf} ${FileExists} $0
+        SendMessage $mui.FinishPage.ShowReadme ${BM_SETCHECK} ${BST_CHECKED} 0
+    ${EndIf}
+FunctionEnd
+
+Function RemoveFromStartUp
+    SendMessage $mui.FinishPage.ShowReadme ${BM_GETCHECK} 0 0 $0
+    ${If} $0 <> ${BST_CHECKED}
+        StrCpy $0 "$SMSTARTUP\${PREPARED_SHORTCUT}"
+        StrCpy $4 "${PROGRAM}"
+        Call DeleteOurShortcut
+    ${EndIf}
+FunctionEnd
+
+; ---- uninstalling ----
 
 Section "un.Jotwright" SectionProgram
     SectionIn RO
     Call un.CloseProgram
 
-    ; The option "Start Jotwright when Windows starts" makes the shortcut for all users. Deleting it
-    ; needs the same rights as making it; without them it stays.
-    SetShellVarContext all
-    StrCpy $0 "$SMSTARTUP\${PREPARED_SHORTCUT}"
-    Call un.DeleteOurShortcut
+    StrCpy $4 "${PROGRAM}"
     SetShellVarContext current
     StrCpy $0 "$SMSTARTUP\${PREPARED_SHORTCUT}"
     Call un.DeleteOurShortcut
     StrCpy $0 "$SMPROGRAMS\Jotwright.lnk"
     Call un.DeleteOurShortcut
+    StrCpy $4 "Notes"
+    StrCpy $0 "$SMPROGRAMS\${NOTES_SHORTCUT}"
+    Call un.DeleteOurShortcut
+    ReadRegStr $0 HKCU "${APP_PATHS_KEY}" ""
+    ${If} $0 == "$INSTDIR\${PROGRAM}"
+        DeleteRegKey HKCU "${APP_PATHS_KEY}"
+    ${EndIf}
 
-    !include "${DELETE_FILES}"
+    !define EACH DeleteFile
+    !include "${FILES}"
+    !undef EACH
     Delete "$INSTDIR\${PREPARED_SHORTCUT}"
     Delete "$INSTDIR\Uninstall.exe"
+    RMDir /r "${NEW_FILES}"   ; of a setup that was killed
     DeleteRegKey HKCU "${UNINSTALL_KEY}"
-    ; RMDir removes the folder only if it is empty, so it never deletes notes.
+    ; RMDir removes a folder only if it is empty, so it never deletes notes.
+    RMDir "$INSTDIR\Notes"
     RMDir "$INSTDIR"
+
+    ; If the program runs as administrator, its option "Start Jotwright when Windows starts" makes a
+    ; shortcut for all users. Deleting it needs the same rights.
+    SetShellVarContext all
+    StrCpy $4 "${PROGRAM}"
+    StrCpy $0 "$SMSTARTUP\${PREPARED_SHORTCUT}"
+    Call un.DeleteOurShortcut
+    ${If} $3 == "$INSTDIR\$4"
+    ${AndIf} ${FileExists} $0
+        SetErrorLevel 5
+        MessageBox MB_OK|MB_ICONINFORMATION "Jotwright has been removed. Only an administrator can \
+delete this shortcut, which Jotwright had made for all users:$\r$\n$\r$\n$0" /SD IDOK
+    ${EndIf}
+    SetShellVarContext current
 SectionEnd
 
 ; Deletes only files that the program makes. Other files in these folders stay.

@@ -60,16 +60,19 @@ def gate(t, length, attack, release):
 
 
 def alarm_buzzer():
-    """Two long, low, reedy buzzes: odd harmonics over 220 Hz, with a slow flutter."""
-    sound = Sound(1.60)
+    """Three long, low, reedy buzzes: odd harmonics over 220 Hz, with a slow flutter.
+
+    Small speakers play nothing below some 500 Hz, so the harmonics are strong.
+    """
+    sound = Sound(2.40)
 
     def buzz(t):
-        tone = sum(math.sin(TAU * 220 * k * t) / k**1.25 for k in (1, 3, 5, 7, 9, 11))
+        tone = sum(math.sin(TAU * 220 * k * t) / k**0.6 for k in range(1, 16, 2))
         flutter = 1.0 + 0.18 * math.sin(TAU * 27.5 * t)
         return tone * flutter * gate(t, 0.55, 0.012, 0.03)
 
-    sound.mix(0.0, 0.55, buzz)
-    sound.mix(0.75, 0.55, buzz)
+    for start in (0.0, 0.8, 1.6):
+        sound.mix(start, 0.55, buzz)
     return sound
 
 
@@ -97,7 +100,7 @@ def alert_chime():
 
 def cuckoo_clock():
     """The two pipes of a cuckoo clock: F#5, then a major third down to D5."""
-    sound = Sound(1.70)
+    sound = Sound(2.00)
     breath = random.Random(1738)
 
     def pipe(frequency, length):
@@ -111,7 +114,7 @@ def cuckoo_clock():
             sag = 0.005 * t * t / length
             phase = TAU * frequency * (t + scoop - sag)
             # A stopped pipe: mostly the fundamental, then its odd harmonics.
-            tone = math.sin(phase) + 0.06 * math.sin(2 * phase) + 0.10 * math.sin(3 * phase)
+            tone = math.sin(phase) + 0.15 * math.sin(2 * phase) + 0.20 * math.sin(3 * phase)
             noise[0] += 0.25 * (breath.uniform(-1.0, 1.0) - noise[0])
             return envelope * (tone + 0.10 * noise[0])
 
@@ -129,15 +132,16 @@ def cuckoo_clock():
 
 
 def alarm_clock():
-    """A digital alarm clock: four short pips at 2048 Hz, then a rest."""
-    sound = Sound(1.00)
+    """A digital alarm clock: twice four short pips at 2048 Hz, then a rest."""
+    sound = Sound(2.00)
 
     def pip(t):
         tone = math.sin(TAU * 2048 * t) + 0.15 * math.sin(TAU * 3 * 2048 * t)
         return tone * gate(t, 0.075, 0.004, 0.008)
 
-    for beat in range(4):
-        sound.mix(0.125 * beat, 0.075, pip)
+    for group in (0.0, 1.0):
+        for beat in range(4):
+            sound.mix(group + 0.125 * beat, 0.075, pip)
     return sound
 
 
@@ -176,12 +180,13 @@ def bell_alarm():
     return sound
 
 
+# The peaks make all sounds equally loud: -12.5 LUFS within half a unit (measure-loudness).
 SOUNDS = (
-    ("Alarm buzzer.wav", alarm_buzzer, 0.42, 0.01),
-    ("Alert chime.wav", alert_chime, 0.90, 0.60),
-    ("Cuckoo clock.wav", cuckoo_clock, 0.80, 0.05),
-    ("Alarm clock.wav", alarm_clock, 0.65, 0.01),
-    ("Bell alarm.wav", bell_alarm, 0.75, 0.45),
+    ("Alarm buzzer.wav", alarm_buzzer, 0.636, 0.01),
+    ("Alert chime.wav", alert_chime, 0.89, 0.60),
+    ("Cuckoo clock.wav", cuckoo_clock, 0.51, 0.05),
+    ("Alarm clock.wav", alarm_clock, 0.37, 0.01),
+    ("Bell alarm.wav", bell_alarm, 0.60, 0.45),
 )
 
 

@@ -24,7 +24,12 @@ namespace {
 [[noreturn]] void FailFast() {
     if (::IsProcessorFeaturePresent(PF_FASTFAIL_AVAILABLE) != 0) {
         constexpr unsigned int stackCookieFailure = 2;  // FAST_FAIL_STACK_COOKIE_CHECK_FAILURE
+#ifdef __aarch64__
+        register unsigned int code asm("w0") = stackCookieFailure;
+        asm volatile("brk #0xf003" : : "r"(code));
+#else
         asm volatile("int $0x29" : : "c"(stackCookieFailure));
+#endif
     }
     // Before Windows 8, FailFast would be an ordinary fault, and handlers on this stack would be
     // called.
@@ -64,6 +69,16 @@ std::uint32_t ProcessCookie() {
     return isTold ? cookie : 0;
 }
 
+std::uint64_t CycleCounter() {
+#ifdef __aarch64__
+    std::uint64_t count = 0;
+    asm volatile("mrs %0, cntvct_el0" : "=r"(count));
+    return count;
+#else
+    return __builtin_ia32_rdtsc();
+#endif
+}
+
 std::uint64_t Number(const void* address) { return reinterpret_cast<std::uintptr_t>(address); }
 
 }  // namespace
@@ -90,7 +105,7 @@ __attribute__((constructor(101), no_stack_protector)) void SetStackGuard() {
     secret = Mixed(secret ^ static_cast<std::uint64_t>(counter.QuadPart));
     secret = Mixed(secret ^
                    ((static_cast<std::uint64_t>(now.dwHighDateTime) << 32U) | now.dwLowDateTime));
-    secret = Mixed(secret ^ __builtin_ia32_rdtsc());
+    secret = Mixed(secret ^ CycleCounter());
     secret = Mixed(secret ^ ((static_cast<std::uint64_t>(::GetCurrentProcessId()) << 32U) |
                              ::GetCurrentThreadId()));
     secret = Mixed(secret ^ Number(&counter));

@@ -50,6 +50,21 @@ TEST_F(MainTest, ASecondCopyShowsThePictureBoxAndChangesNothing) {
     EXPECT_TRUE(tray.log.empty());
 }
 
+TEST_F(MainTest, WithoutItsFilesTheProgramSaysWhatToDoAndChangesNothing) {
+    files.Remove(testing_support::applicationFolder + "\\logo.ico");
+    files.Remove(testing_support::applicationFolder + "\\mascot.jpg");
+    files.ClearLog();
+    ExpectMessage(
+        "The files that belong to Jotwright are not beside Jotwright.exe.\r\n\r\n"
+        "If you started it inside a zip archive, extract the whole archive first: right click the "
+        "archive and choose \"Extract All\". Then start Jotwright.exe in the new folder.",
+        "Jotwright", BoxIcon::Exclamation);
+    runtime->Run(StandardCode::Main);
+    EXPECT_TRUE(runtime->LoadedForms().empty());
+    EXPECT_TRUE(files.Log().empty());
+    EXPECT_TRUE(tray.log.empty());
+}
+
 TEST_F(MainTest, AMissingNotesFolderIsMade) {
     Start(StandardCode::Main);
     EXPECT_TRUE(files.FolderExists(notesFolder));

@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "forms/win32/Utf.h"
+#include "tests/windows/Needs.h"
 #include "tests/windows/Wait.h"
 
 namespace driver {
@@ -32,13 +33,14 @@ void WriteValue(const std::string& key, const std::string& name, const std::stri
 std::string Variable(const std::string& name) {
     wchar_t value[4096]{};
     if (::GetEnvironmentVariableW(Wide(name).c_str(), value, 4096) == 0) {
-        throw Failure(name + " is not set: start the driver with scripts/run-windows-tests --app");
+        MissingHelper(name);
     }
     return Narrow(value);
 }
 
 std::string UnixPath(const std::string& path) {
-    std::string windows = "Z:" + path;
+    const bool isWindowsPath = path.size() > 1 && path[1] == ':';
+    std::string windows = isWindowsPath ? path : "Z:" + path;
     std::replace(windows.begin(), windows.end(), '/', '\\');
     return windows;
 }

@@ -7,9 +7,10 @@
 // Files on the disk, and settings. Paths are Windows paths, in UTF-8.
 namespace driver {
 
-// The value of an environment variable. Raises Failure if it is not set.
+// The value of an environment variable. If it is not set, see MissingHelper().
 std::string Variable(const std::string& name);
-// The Windows path of a path on the host.
+// The Windows path of a path on the host. A Windows path stays as it is: on Windows, the variables
+// hold such paths.
 std::string UnixPath(const std::string& path);
 std::string FolderOf(const std::string& path);
 

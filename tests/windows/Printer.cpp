@@ -79,9 +79,9 @@ std::vector<Printer::Line> Lines(const std::string& page) {
 }  // namespace
 
 Printer::Printer() {
+    RemoveFile(UnixPath(PrintFile()));
     const std::string file = UnixPath(Variable("JOTWRIGHT_TEMP") + "/test.ppd");
     WriteWholeFile(file, description);
-    RemoveFile(UnixPath(PrintFile()));
     std::wstring data = forms::win32::Wide(file);
     // A 32-bit program needs a 32-bit driver.
     std::wstring environment = sizeof(void*) == 8 ? L"Windows x64" : L"Windows NT x86";

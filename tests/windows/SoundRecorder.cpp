@@ -81,16 +81,16 @@ std::string SoundAt(double frequency) {
 
 }  // namespace
 
-SoundRecorder::SoundRecorder() : path(UnixPath(Variable("JOTWRIGHT_SINK_WAV"))) {}
+std::string SoundRecorder::Path() { return UnixPath(Variable("JOTWRIGHT_SINK_WAV")); }
 
 std::uint64_t SoundRecorder::Now() const {
     std::error_code error;
-    const auto size = std::filesystem::file_size(forms::win32::Wide(path), error);
+    const auto size = std::filesystem::file_size(forms::win32::Wide(Path()), error);
     return error || size < headerSize ? 0 : (size - headerSize) / 2;
 }
 
-std::vector<double> SoundRecorder::Samples(std::uint64_t since) const {
-    std::ifstream file(std::filesystem::path(forms::win32::Wide(path)), std::ios::binary);
+std::vector<double> SoundRecorder::Samples(std::uint64_t since) {
+    std::ifstream file(std::filesystem::path(forms::win32::Wide(Path())), std::ios::binary);
     file.seekg(static_cast<std::streamoff>(headerSize + since * 2));
     std::vector<double> samples;
     std::array<char, 2> bytes{};

@@ -9,8 +9,6 @@ namespace driver {
 // Analyses the output to the sound device.
 class SoundRecorder {
   public:
-    SoundRecorder();
-
     // The current time, as the number of samples recorded so far.
     std::uint64_t Now() const;
     // Waits for a sound after this time. Returns the name of the program's sound file that was
@@ -27,9 +25,8 @@ class SoundRecorder {
     bool HasSounded(std::uint64_t since) const;
 
   private:
-    std::vector<double> Samples(std::uint64_t since) const;
-
-    std::string path;
+    static std::string Path();
+    static std::vector<double> Samples(std::uint64_t since);
 };
 
 }  // namespace driver

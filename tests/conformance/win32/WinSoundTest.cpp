@@ -69,7 +69,7 @@ class WinSoundTest : public testing::Test {
 
     const TempFolder folder;
     const std::string wave = folder / "tone.wav";
-    const driver::SoundRecorder recorder;
+    const driver::SoundRecorder recorder{};
     WinFiles files;
     WinSound sound;
 };

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "forms/win32/devices/Handle.h"
+
+namespace portable::win32 {
+
+// A running copy of the program.
+class ProgramRun {
+  public:
+    // Starts Jotwright.exe in this folder.
+    explicit ProgramRun(const std::wstring& folder);
+
+    bool HasStarted() const { return process != nullptr; }
+    // Waits for the end of the program, if it has started, then calls atEnd. When the user's
+    // session ends, the system may kill this process as soon as it has handled the message, so
+    // atEnd runs inside it.
+    void WaitForEnd(const std::function<void()>& atEnd) const;
+
+  private:
+    forms::win32::Handle process;
+};
+
+}  // namespace portable::win32
