@@ -11,6 +11,7 @@
 #include "forms/MsgBox.h"
 #include "forms/Services.h"
 #include "info/frmSplash.h"
+#include "notes/NoteLeftovers.h"
 #include "notes/NoteStore.h"
 #include "notes/frmViewNotes.h"
 
@@ -66,7 +67,7 @@ void Main() {
     if (!forms::Machine().files->FileExists(NotesFolder())) {
         EnsureNotesFolder();
     }
-    NoteStore::AdoptLeftovers();
+    AdoptNoteLeftovers();
     SpecialAlarmsFile::AdoptLeftovers();
     ConnectControlPanel();
     forms::Application::Current().onFatalError = SaveAndRemoveIcon;

@@ -49,23 +49,6 @@ std::string ReadLater(const std::string& path) {
     return Files().Read(path);
 }
 
-// The name of a note's file may differ from its title.
-bool IsTitleInAnyFile(const std::string& title) {
-    if (NoteStore::Exists(NoteStore::FileNameFor(title))) {
-        return true;
-    }
-    for (const forms::FileEntry& file : NoteStore::List()) {
-        try {
-            if (NoteStore::Read(file.name).record.Title == title) {
-                return true;
-            }
-        } catch (const base::RuntimeError&) {
-            // The file cannot be read, so no title is found in it.
-        }
-    }
-    return false;
-}
-
 }  // namespace
 
 std::vector<forms::FileEntry> NoteStore::List() {
@@ -302,17 +285,6 @@ void NoteStore::Erase(const std::string& file) {
     Tell(file, std::nullopt);
 }
 
-void NoteStore::AdoptLeftovers() {
-    SafeFile::SettleLeftovers(StandardCode::NotesFolder(), [](const std::string& bytes) {
-        NoteRecord record;
-        if (!NoteFile::IsWhole(bytes)) {
-            return std::string();
-        }
-        NoteFile::Decode(bytes, record);
-        return IsTitleInAnyFile(record.Title) ? std::string() : PathOf(FileNameFor(record.Title));
-    });
-}
-
 EditedNote* NoteStore::FindOpen(const std::string& file) const {
     EditedNote* other = nullptr;
     const std::string key = SafeFile::NameKey(file);
@@ -400,18 +372,6 @@ std::shared_ptr<NoteStore> SharedNotes() {
 }
 
 NoteStore& Notes() { return *SharedNotes(); }
-
-std::string NotesFolder() { return forms::ApplicationPath("\\Notes"); }
-
-std::string NotePath(const std::string& title) {
-    return NotesFolder() + '\\' + NoteStore::FileNameFor(title);
-}
-
-void EnsureNotesFolder() {
-    if (!Files().FolderExists(NotesFolder())) {
-        Files().MakeFolder(NotesFolder());
-    }
-}
 
 bool LoadNotesArray() { return Notes().Load(); }
 

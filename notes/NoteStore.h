@@ -15,6 +15,7 @@
 #include "notes/Listing.h"
 #include "notes/LoadReports.h"
 #include "notes/NoteFile.h"
+#include "notes/NotesFolder.h"
 
 class EditedNote;
 
@@ -101,9 +102,6 @@ class NoteStore {
     // Moves a file to the Recycle Bin. If there is none, deletes the file. RuntimeError 53 if the
     // file is missing.
     void Erase(const std::string& file);
-    // Handles temporary files that a killed program left during a save. If the note's file is
-    // missing, the temporary file takes its place; otherwise it is removed. Never raises an error.
-    static void AdoptLeftovers();
 
     // The open notes, in the order in which they were opened.
     const std::vector<EditedNote*>& OpenNotes() const { return open; }
@@ -173,13 +171,6 @@ namespace StandardCode {
 // The program's store.
 NoteStore& Notes();
 std::shared_ptr<NoteStore> SharedNotes();
-
-// The folder of the note files, without a trailing backslash.
-std::string NotesFolder();
-// The path of the file for a new note with this title.
-std::string NotePath(const std::string& title);
-// Makes the folder of the note files if it is missing. Raises RuntimeErrors.
-void EnsureNotesFolder();
 
 // Calls Notes().Load().
 bool LoadNotesArray();

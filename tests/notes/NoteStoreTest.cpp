@@ -1,6 +1,7 @@
 #include "alarms/NoteAlarmsCheck.h"
 #include "base/DateTime.h"
 #include "forms/Services.h"
+#include "notes/NoteLeftovers.h"
 #include "notes/frmDisplayNote.h"
 #include "tests/notes/NoteStoreProgram.h"
 
@@ -212,7 +213,7 @@ TEST_F(NoteStoreTest, AKillBetweenTheRecycleBinAndTheNewFileLosesNeither) {
                 }
                 isKilled = isKilled || isKilledHere;
                 RestartProgram();
-                Start([] { NoteStore::AdoptLeftovers(); });
+                Start([] { StandardCode::AdoptNoteLeftovers(); });
                 const std::string text = In("Shopping.txt").Text;
                 EXPECT_TRUE(text == "milk" || text == "bread") << text;
                 EXPECT_TRUE(isKilledHere || text == "bread");
@@ -358,7 +359,7 @@ TEST_F(NoteStoreTest, AWholeLeftoverBecomesTheMissingNote) {
     files.PutFile(folder + "\\~Jotwright-00000000000000ff-1.tmp", "of a program that runs");
     files.SetLocked(folder + "\\~Jotwright-00000000000000ff.lock", true);
     files.PutFile(folder + "\\~Jotwright report.tmp", "the user's");
-    NoteStore::AdoptLeftovers();
+    StandardCode::AdoptNoteLeftovers();
     EXPECT_EQ(InFolder(), (Names{"Lost.txt", "There.txt", "~Jotwright report.tmp",
                                  "~Jotwright-00000000000000ff-1.tmp"}));
     EXPECT_EQ(In("Lost.txt").Text, "found");

@@ -1,0 +1,43 @@
+#include "notes/NoteLeftovers.h"
+
+#include <string>
+
+#include "app/SafeFile.h"
+#include "base/RuntimeError.h"
+#include "notes/NoteStore.h"
+
+namespace StandardCode {
+
+namespace {
+
+// The name of a note's file may differ from its title.
+bool IsTitleInAnyFile(const std::string& title) {
+    if (NoteStore::Exists(NoteStore::FileNameFor(title))) {
+        return true;
+    }
+    for (const forms::FileEntry& file : NoteStore::List()) {
+        try {
+            if (NoteStore::Read(file.name).record.Title == title) {
+                return true;
+            }
+        } catch (const base::RuntimeError&) {
+            // The file cannot be read, so no title is found in it.
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+void AdoptNoteLeftovers() {
+    SafeFile::SettleLeftovers(NotesFolder(), [](const std::string& bytes) {
+        if (!NoteFile::IsWhole(bytes)) {
+            return std::string();
+        }
+        NoteRecord record;
+        NoteFile::Decode(bytes, record);
+        return IsTitleInAnyFile(record.Title) ? std::string() : NotePath(record.Title);
+    });
+}
+
+}  // namespace StandardCode
