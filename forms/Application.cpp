@@ -49,7 +49,10 @@ void Application::RemoveLoaded(Form& form) {
 }
 
 void Application::MarkDirty(Form& form) {
-    std::erase_if(dirty, [&form](const auto& weak) { return SameForm(weak, form); });
+    if (form.isMarkedDirty) {
+        std::erase_if(dirty, [&form](const auto& weak) { return SameForm(weak, form); });
+    }
+    form.isMarkedDirty = true;
     dirty.push_back(form.weak_from_this());
 }
 

@@ -153,6 +153,7 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     friend class Control;
     friend class Menu;
     friend class Timer;
+    friend class Application;
     friend class Runtime;
 
     enum class State { Created, Loading, Loaded, Asking, Unloading, Unloaded };
@@ -166,7 +167,8 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     State state = State::Created;
     bool visible = false;
     bool topMost = false;
-    bool shownOnStage = false;  // visible at the last Runtime::Settle
+    bool shownOnStage = false;   // visible when the stage last showed or hid the form
+    bool isMarkedDirty = false;  // in Application::dirty
     bool isModal = false;
     int disableCount = 0;                      // number of modal forms that disable this form
     std::vector<std::weak_ptr<Form>> shutOff;  // the forms that this modal form disables

@@ -10,6 +10,11 @@ namespace forms {
 
 namespace {
 
+// If a handler opens more minimised windows than this, the others follow in rounds of a few
+// milliseconds, and events are handled between the rounds.
+constexpr std::size_t minimizedAtOnce = 100;
+constexpr std::int64_t longestShowing = 20;  // milliseconds
+
 // The stage keeps typed text until the text box is read. So fetch it before the stage discards the
 // form.
 void FetchTypedTexts(const Form& form) {
@@ -144,11 +149,38 @@ void Runtime::Settle() {
     }
     std::vector<std::weak_ptr<Form>> toShow;
     toShow.swap(dirty);
+    std::size_t minimized = 0;
     for (const auto& weak : toShow) {
         const auto form = weak.lock();
-        if (form && form->IsLoaded()) {
-            form->shownOnStage = form->visible;
-            stage.ShowOrHide(*form);
+        if (!form) {
+            continue;
+        }
+        form->isMarkedDirty = false;
+        const bool isNewAndMinimized =
+            form->visible && !form->shownOnStage && form->windowState() == WindowState::Minimized;
+        if (isNewAndMinimized && ++minimized > minimizedAtOnce) {
+            waiting.push_back(weak);
+        } else {
+            ShowOrHide(*form);
+        }
+    }
+}
+
+void Runtime::ShowOrHide(Form& form) {
+    if (form.IsLoaded()) {
+        form.shownOnStage = form.visible;
+        stage.ShowOrHide(form);
+    }
+}
+
+void Runtime::ShowWaiting() {
+    const auto now = [] { return Machine().clock->MonotonicMilliseconds(); };
+    const std::int64_t end = now() + longestShowing;
+    while (!waiting.empty() && now() <= end) {
+        const auto form = waiting.front().lock();
+        waiting.pop_front();
+        if (form && !form->shownOnStage) {
+            ShowOrHide(*form);
         }
     }
 }
@@ -160,6 +192,7 @@ void Runtime::RunDueTimers() {
     }
     ++busyCount;
     timers.RunDue();
+    ShowWaiting();
     --busyCount;
     Rearm();
 }
@@ -176,7 +209,10 @@ void Runtime::ArmNow() {
     if (ended) {
         return;
     }
-    const auto due = timers.NextDue();
+    auto due = timers.NextDue();
+    if (!waiting.empty()) {
+        due = Machine().clock->MonotonicMilliseconds();
+    }
     if (due != armedFor) {
         armedFor = due;
         stage.ArmTimer(due);

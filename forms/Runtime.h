@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
@@ -41,7 +42,7 @@ class Runtime final : public Application {
     // Called by the stage at the time that was passed to ArmTimer.
     void RunDueTimers();
 
-    // Brings the stage up to date.
+    // Brings the stage up to date. Only minimised windows beyond the first hundred appear later.
     void Settle();
     // Brings the stage up to date and calls pump. During a handler, events must be let in only by
     // this function. Throws ProgramEnded if the program has ended.
@@ -52,12 +53,16 @@ class Runtime final : public Application {
 
     void ReportAndEnd(const base::RuntimeError& error);
     void EndNow();
+    void ShowOrHide(Form& form);
+    // Shows waiting forms for a short time.
+    void ShowWaiting();
     // Tells the stage when the next tick is due. Rearm tells it at the end of the outermost
     // handler, ArmNow at once.
     void Rearm();
     void ArmNow();
 
     const std::string programName;
+    std::deque<std::weak_ptr<Form>> waiting;  // minimised forms that Settle has not shown yet
     std::optional<std::int64_t> armedFor;
     int depth = 0;      // number of handlers on the stack since the last wait
     int busyCount = 0;  // number of handlers and rounds of ticks on the stack since the last wait

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <memory>
 #include <new>
+#include <vector>
 
 #include "forms/Gestures.h"
 #include "forms/MsgBox.h"
@@ -60,6 +63,32 @@ TEST_F(RuntimeTest, LoadedFormsAreListedInTheOrderOfLoading) {
         names.emplace_back(form->name);
     }
     EXPECT_EQ(names, (std::vector<std::string>{"frmSecond", "frmFirst", "frmThird"}));
+}
+
+TEST_F(RuntimeTest, ManyMinimisedWindowsAppearAfterTheOthers) {
+    std::vector<std::shared_ptr<frmFirst>> minimised;
+    Start([&minimised] {
+        for (int count = 0; count < 250; ++count) {
+            minimised.push_back(New<frmFirst>());
+            minimised.back()->windowState = WindowState::Minimized;
+            minimised.back()->Show();
+        }
+        Default<frmSecond>().Show();
+    });
+    EXPECT_TRUE(Default<frmSecond>().IsShownOnStage());
+    const auto shown = [&minimised] {
+        return std::count_if(minimised.begin(), minimised.end(),
+                             [](const auto& form) { return form->IsShownOnStage(); });
+    };
+    EXPECT_EQ(shown(), 100);
+    // A window that is opened meanwhile does not wait, and a window that is closed does not appear.
+    Start([&minimised] {
+        minimised[200]->windowState = WindowState::Normal;
+        minimised[201]->Unload();
+    });
+    EXPECT_TRUE(minimised[200]->IsShownOnStage());
+    Advance(0);
+    EXPECT_EQ(shown(), 249);
 }
 
 TEST_F(RuntimeTest, AnErrorThatNobodyTrapsIsReportedAndEndsTheProgram) {
