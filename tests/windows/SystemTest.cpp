@@ -2,7 +2,23 @@
 
 namespace driver {
 
-class SystemTest : public DriverTest {};
+class SystemTest : public DriverTest {
+  protected:
+    void WriteNotes(std::size_t count) const {
+        for (std::size_t i = 1; i <= count; ++i) {
+            const std::string title = "Note " + std::to_string(i);
+            WriteNote(title,
+                      '"' + title + "\",\"text\",#2031-06-05#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
+        }
+    }
+    std::size_t CountMinimized() const {
+        std::size_t minimized = 0;
+        for (const Window& window : program.Windows()) {
+            minimized += window.IsVisible() && window.IsMinimized() ? 1 : 0;
+        }
+        return minimized;
+    }
+};
 
 TEST_F(SystemTest, LettersOfAllScriptsAreKept) {
     const std::string title = "Z\xC3\xBCrich \xCE\xA9";  // a u umlaut, an omega
@@ -31,11 +47,7 @@ TEST_F(SystemTest, WesternLettersAreWrittenInTheSystemsCodePage) {
 }
 
 TEST_F(SystemTest, AHundredNotesComeBackAndNoMoreCanBeMade) {
-    for (int i = 1; i <= 100; ++i) {
-        const std::string title = "Note " + std::to_string(i);
-        WriteNote(title,
-                  '"' + title + "\",\"text\",#2031-06-05#,#09:30:00#,1,12,\"1\",0,\"yes\"\r\n");
-    }
+    WriteNotes(100);
     program.Start(executable);
     const Box box(program, "Jotwright: Maximum Notes Reached");
     EXPECT_EQ(box.Text(),
@@ -45,12 +57,21 @@ TEST_F(SystemTest, AHundredNotesComeBackAndNoMoreCanBeMade) {
     const Window main = MainWindow();
     EXPECT_FALSE(main.Button("Make &Note").IsEnabled());
     EXPECT_FALSE(main.Only("Edit").IsEnabled());
-    std::size_t minimized = 0;
-    for (const Window& window : program.Windows()) {
-        minimized += window.IsVisible() && window.IsMinimized() ? 1 : 0;
-    }
-    EXPECT_EQ(minimized, 100U);
+    EXPECT_EQ(CountMinimized(), 100U);
     ExitProgram();
+}
+
+// The windows beyond the first hundred appear in rounds. Meanwhile the main window can be used.
+TEST_F(SystemTest, MoreNotesThanSlotsComeBackAsWell) {
+    constexpr std::size_t count = 250;
+    WriteNotes(count);
+    program.Start(executable);
+    Box(program, "Error Loading Notes Array").Click("OK");
+    Box(program, "Jotwright: Maximum Notes Reached").Click("OK");
+    EXPECT_TRUE(MainWindow().Button("&Hide Me").IsEnabled());
+    WaitUntil("all notes are back", [&] { return CountMinimized() == count; });
+    ExitProgram();
+    EXPECT_EQ(FileNames(folder + "\\Notes").size(), count);
 }
 
 TEST_F(SystemTest, TheWebSiteOpensInTheBrowser) {
