@@ -140,7 +140,7 @@ TEST_F(KeyboardTest, TheToolbarFollowsTheLastControlOfTheEditor) {
         user->Tab();
         visited.emplace_back(note.ActiveControl()->name);
     } while (visited.back() != "txtNote" && visited.size() < 20);
-    EXPECT_EQ(visited, (std::vector<std::string>{"dtDate", "dtTime", "cmdAlarm", "chkAudioAlarm",
+    EXPECT_EQ(visited, (std::vector<std::string>{"dtDate", "dtTime", "chkAudioAlarm", "cmdAlarm",
                                                  "cmdShowDateTime", "tlbMain", "txtNote"}));
 }
 

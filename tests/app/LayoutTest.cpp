@@ -79,6 +79,10 @@ TEST_F(LayoutTest, EditorOfAnySize) {
         });
         ExpectGood(note);
         EXPECT_EQ(note.txtNote.width(), note.ScaleWidth() - 2 * Grid::margin);
+        for (const forms::Control* action : {static_cast<forms::Control*>(&note.cmdAlarm),
+                                             static_cast<forms::Control*>(&note.chkAudioAlarm)}) {
+            EXPECT_EQ(action->left() + action->width(), note.fraAlarm.width() - Grid::frameSide);
+        }
         user->Click(note.cmdShowDateTime);
     }
 }
