@@ -45,6 +45,7 @@ namespace {
 // The buttons of the tool bin are in two columns.
 constexpr int toolWidth = 2730;
 constexpr int secondTool = frameSide + toolWidth + Grid::gap;
+constexpr int wideTool = toolWidth + Grid::gap + toolWidth;
 constexpr int toolDistance = buttonHeight + Grid::gap;
 
 constexpr std::uint32_t recordSize = 88;
@@ -109,7 +110,7 @@ void frmMain::DesignControls() {
     cmdStopWatch.PlaceIn(fraTools, secondTool, frameTop + toolDistance, toolWidth, buttonHeight);
     cmdCookoo.caption = "Start CooKoo &Clock";
     cmdCookoo.toolTip = "Start the cookoo clock";
-    cmdCookoo.PlaceIn(fraTools, frameSide, frameTop + 2 * toolDistance, toolWidth, buttonHeight);
+    cmdCookoo.PlaceIn(fraTools, frameSide, frameTop + 2 * toolDistance, wideTool, buttonHeight);
     lblCooKoo.caption = "CooKoo Clock Is Activated";
     lblCooKoo.visible = false;
     lblCooKoo.PlaceIn(fraTools, secondTool, frameTop + 2 * toolDistance + Grid::labelInButton,
@@ -281,6 +282,8 @@ void frmMain::RunCuckooClock(bool run) {
     tmrCooKoo.enabled = run;
     cmdCookoo.caption = run ? "Stop CooKoo &Clock" : "Start CooKoo &Clock";
     cmdCookoo.toolTip = run ? "Stop the Cookoo Clock" : "Start the Cookoo Clock";
+    // Without the label, the button fills the row.
+    cmdCookoo.width = run ? toolWidth : wideTool;
     lblCooKoo.visible = run;
 }
 

@@ -223,8 +223,12 @@ class ListView : public Control {
         bool operator==(const Row&) const = default;
     };
 
-    std::vector<Column> columns;           // set in Design only
+    // Set in Design only. If the list is wider than its columns, the last one fills the rest.
+    std::vector<Column> columns;
     const ImageList* imageList = nullptr;  // an image list of the same form; set in Design only
+    // Shown while the list has no rows. Set in Design only. The text must live as long as the list,
+    // as a literal does.
+    const char* emptyText = "";
 
     // Sets the text in the column with this key. RuntimeError 9 if there is no such column.
     void SetText(Row& row, const std::string& columnKey, const std::string& text) const;

@@ -28,13 +28,11 @@ constexpr int firstColumn = Grid::frameSide;
 constexpr int dateWidth = 1740;
 constexpr int secondColumn = firstColumn + dateWidth + Grid::gap;
 constexpr int timeWidth = 1740;
-constexpr int markerColumn = secondColumn + timeWidth + Grid::gap;
 constexpr int markerSize = 240;
-constexpr int thirdColumn = markerColumn + markerSize + Grid::gap;
 constexpr int actionWidth = 2160;
 constexpr int labelTop = Grid::frameTop;
 constexpr int pickerTop = labelTop + Grid::lineHeight + Grid::smallGap;
-constexpr int audioTop = labelTop + Grid::buttonHeight + 90;
+constexpr int buttonTop = pickerTop - Grid::fieldInButton;
 
 forms::Picture NoteIcon() { return forms::LoadPicture(forms::ApplicationPath("\\note.ico")); }
 
@@ -68,17 +66,26 @@ void NoteAlarm::Design() {
         label->foreColor = forms::black;
     }
 
-    note.cmdAlarm.PlaceIn(frame, thirdColumn, labelTop, actionWidth, Grid::buttonHeight);
-    note.imgAlarm.accessibleName = "Alarm Set";
-    note.imgAlarm.PlaceIn(frame, markerColumn, labelTop + 60, markerSize, markerSize);
     note.chkAudioAlarm.caption = "Turn On Audio Alarm";
-    note.chkAudioAlarm.PlaceIn(frame, thirdColumn, audioTop, actionWidth, Grid::choiceHeight);
+    note.chkAudioAlarm.PlaceIn(frame, 0, labelTop, actionWidth, Grid::lineHeight);
     note.imgBell.resourceName = "bell";
     note.imgBell.toolTip = "Audio Alarm Set";
     note.imgBell.accessibleName = "Audio Alarm Set";
     note.imgBell.visible = false;
-    note.imgBell.PlaceIn(frame, markerColumn, audioTop + 15, markerSize, markerSize);
+    note.imgBell.PlaceIn(frame, 0, labelTop, markerSize, markerSize);
+    note.cmdAlarm.PlaceIn(frame, 0, buttonTop, actionWidth, Grid::buttonHeight);
+    note.imgAlarm.accessibleName = "Alarm Set";
+    note.imgAlarm.PlaceIn(frame, 0, buttonTop + 60, markerSize, markerSize);
     Paint();
+}
+
+void NoteAlarm::Arrange() {
+    const int actionLeft = note.fraAlarm.width - Grid::frameSide - actionWidth;
+    const int markerLeft = actionLeft - Grid::gap - markerSize;
+    note.chkAudioAlarm.left = actionLeft;
+    note.cmdAlarm.left = actionLeft;
+    note.imgBell.left = markerLeft;
+    note.imgAlarm.left = markerLeft;
 }
 
 std::int16_t NoteAlarm::AudioAlarm() const { return note.chkAudioAlarm.value() == 1 ? 1 : 0; }

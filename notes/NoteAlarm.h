@@ -17,6 +17,9 @@ class NoteAlarm {
 
     // Sets the captions and places of the controls in fraAlarm.
     void Design();
+    // Moves the check box and the button to the right edge of fraAlarm. Call it whenever the width
+    // of the frame has changed.
+    void Arrange();
 
     bool IsSet() const { return isSet; }
     // 1 if the alarm is to sound, else 0.

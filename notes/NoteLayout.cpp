@@ -67,6 +67,7 @@ void NoteLayout::Arrange() {
     note.tlbMain.Place(margin - toolbarPlace, toolbarPlace, room, toolbarHeight);
     note.txtNote.Place(margin, textTop, room, panelTop - below - textTop);
     note.fraAlarm.Place(margin, buttonTop - gap - alarmHeight, room, alarmHeight);
+    note.alarm.Arrange();
     note.cmdShowDateTime.Place(margin, buttonTop, 2700, buttonHeight);
     note.fraCurrentTime.Place(margin, panelTop, room, panelRoom - margin);
     note.lblSysTime.Place(Grid::frameSide, 270, room - 2 * Grid::frameSide, 2 * Grid::lineHeight);

@@ -36,10 +36,10 @@ class frmNote : public forms::Form, public NoteEditor {
     forms::Label lblDayYear{this, "lblDayYear"};
     forms::Shape shpClock{this, "shpClock"};
     forms::Label lblClock{this, "lblClock"};
-    forms::CommandButton cmdAlarm{this, "cmdAlarm"};
-    forms::Image imgAlarm{this, "imgAlarm"};
     forms::CheckBox chkAudioAlarm{this, "chkAudioAlarm"};
     forms::Image imgBell{this, "imgBell"};
+    forms::CommandButton cmdAlarm{this, "cmdAlarm"};
+    forms::Image imgAlarm{this, "imgAlarm"};
 
     forms::CommandButton cmdShowDateTime{this, "cmdShowDateTime"};
     forms::Frame fraCurrentTime{this, "fraCurrentTime"};

@@ -67,6 +67,7 @@ void frmViewNotes::Design() {
     ilsNotes.images = {{"set", "alarmset"}, {"not set", "alarmnotset"}};
     lvwNotes.imageList = &ilsNotes;
     lvwNotes.accessibleName = "Notes";
+    lvwNotes.emptyText = "There are no notes yet. Click 'New' to write the first one.";
     lvwNotes.Place(Grid::margin, 495, listWidth, 3870);
     lvwNotes.ItemClick = [this] { EnableActions(true); };
     lvwNotes.DoubleClick = [this] { cmdEdit_Click(); };
@@ -117,6 +118,7 @@ void frmViewNotes::Form_Load() {
         lstNotes.listIndex = 0;
     }
     listIsFilled = true;
+    FocusList();
 }
 
 void frmViewNotes::ShowLimit() {
@@ -188,6 +190,14 @@ void frmViewNotes::ShowNotesArray() {
 void frmViewNotes::EnableActions(bool enable) {
     cmdEdit.enabled = enable;
     cmdRemove.enabled = enable;
+}
+
+void frmViewNotes::FocusList() {
+    if (lvwNotes.enabled()) {
+        lvwNotes.SetFocus();
+    } else {
+        cmdNew.SetFocus();
+    }
 }
 
 std::size_t frmViewNotes::SelectedPlace() const {
@@ -263,7 +273,7 @@ void frmViewNotes::cmdRemove_Click() {
             EraseSelectedNote();
         }
         EnableActions(false);
-        lvwNotes.SetFocus();
+        FocusList();
     } catch (const base::RuntimeError&) {
         forms::MsgBox("Please Select A File To Remove.", {.icon = forms::BoxIcon::Critical},
                       "Error Occured Removing Note");

@@ -44,6 +44,8 @@ class frmViewNotes : public forms::Form {
     void ListNotes();
     void SelectFile(const std::string& file);
     void EnableActions(bool enable);
+    // Gives the list the focus. Without notes, New gets it.
+    void FocusList();
     // The index, the title and the file of the selected row. RuntimeError 9 if no row is selected.
     std::size_t SelectedPlace() const;
     const std::string& SelectedTitle() const;

@@ -50,8 +50,16 @@ class LabelPeer : public SurfacePeer {
             // The label has the size of its lines. Do not wrap the last word because of rounding.
             format &= ~UINT{DT_WORDBREAK};
         }
+        const std::wstring text = Wide(label.caption());
         RECT box = inside;
-        ::DrawTextW(dc, Wide(label.caption()).c_str(), -1, &box, format);
+        const int height = ::DrawTextW(dc, text.c_str(), -1, &box, format | DT_CALCRECT);
+        box = inside;
+        // A box for one line is a little higher than the line. The system's controls centre their
+        // line in such a box, so that the texts of a row are level.
+        if (const int room = inside.bottom - inside.top - height; room > 0 && room < height) {
+            box.top += room / 2;
+        }
+        ::DrawTextW(dc, text.c_str(), -1, &box, format);
     }
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {

@@ -6,6 +6,7 @@
 
 #include "forms/Gestures.h"
 #include "forms/win32/Dpi.h"
+#include "forms/win32/Drawing.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Images.h"
 #include "forms/win32/Peers.h"
@@ -41,6 +42,7 @@ class ListViewPeer : public Peer {
             column.iSubItem = static_cast<int>(i);
             ::SendMessageW(handle, LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
         }
+        FillWidth();
         MakeImages();
         ShowRows();
     }
@@ -61,6 +63,7 @@ class ListViewPeer : public Peer {
             ::SendMessageW(handle, LVM_SETCOLUMNWIDTH, i,
                            window.scale.Pixels(listView.columns[i].width));
         }
+        FillWidth();
         MakeImages();
     }
 
@@ -95,6 +98,19 @@ class ListViewPeer : public Peer {
         if (message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN) {
             selectedByClick = false;
         }
+        if (message == WM_SIZE) {
+            // Also sent when the scroll bar comes or goes.
+            const LRESULT result = Default(message, wParam, lParam);
+            FillWidth();
+            return result;
+        }
+        if (message == WM_PAINT && ShowsEmptyText()) {
+            // Paint all of it: letters that are drawn twice become bolder.
+            ::InvalidateRect(handle, nullptr, TRUE);
+            const LRESULT result = Default(message, wParam, lParam);
+            PaintEmptyText();
+            return result;
+        }
         // The native list reports these messages by notifications, and suppresses some of them.
         if (message == WM_LBUTTONUP || message == WM_RBUTTONUP) {
             return std::nullopt;
@@ -110,6 +126,47 @@ class ListViewPeer : public Peer {
         }
         gestures::MouseUp(listView, button, window.scale.Twips(click.ptAction.x),
                           window.scale.Twips(click.ptAction.y));
+    }
+
+    void FillWidth() {
+        if (listView.columns.empty()) {
+            return;
+        }
+        RECT inside{};
+        ::GetClientRect(handle, &inside);
+        int room = inside.right;
+        const std::size_t last = listView.columns.size() - 1;
+        for (std::size_t i = 0; i < last; ++i) {
+            room -= static_cast<int>(::SendMessageW(handle, LVM_GETCOLUMNWIDTH, i, 0));
+        }
+        const int width = std::max(room, window.scale.Pixels(listView.columns[last].width));
+        if (width != ::SendMessageW(handle, LVM_GETCOLUMNWIDTH, last, 0)) {
+            ::SendMessageW(handle, LVM_SETCOLUMNWIDTH, last, width);
+        }
+    }
+
+    bool ShowsEmptyText() const { return listView.Rows().empty() && *listView.emptyText != '\0'; }
+
+    // Below the headings, in the middle.
+    void PaintEmptyText() const {
+        RECT area{};
+        RECT headings{};
+        ::GetClientRect(handle, &area);
+        HWND header = reinterpret_cast<HWND>(::SendMessageW(handle, LVM_GETHEADER, 0, 0));
+        ::GetClientRect(header, &headings);
+        const int margin = window.scale.Pixels(marginOfEmptyText);
+        area.top += headings.bottom + margin;
+        ::InflateRect(&area, -margin, 0);
+        HDC dc = ::GetDC(handle);
+        {
+            const Selected font(dc, Font());
+            const COLORREF back = ::GetPixel(dc, area.left, area.top);
+            ::SetTextColor(dc, ReadableOn(back, ::GetSysColor(COLOR_WINDOWTEXT)));
+            ::SetBkMode(dc, TRANSPARENT);
+            ::DrawTextW(dc, Wide(listView.emptyText).c_str(), -1, &area,
+                        DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
+        }
+        ::ReleaseDC(handle, dc);
     }
 
     void MakeImages() {
@@ -213,6 +270,8 @@ class ListViewPeer : public Peer {
         }
         return -1;
     }
+
+    static constexpr int marginOfEmptyText = 240;  // twips
 
     ListView& listView;
     HIMAGELIST pictures = nullptr;

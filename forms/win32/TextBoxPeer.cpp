@@ -149,13 +149,25 @@ class TextBoxPeer : public Peer {
         return ToColorRef(textBox.backColor, isPlain ? COLOR_WINDOW : COLOR_BTNFACE);
     }
 
-    // The system starts the first line three pixels below the edge at every resolution. Here the
-    // distance grows with the resolution, so that the text stays level with the label beside the
-    // box.
+    // The system starts the line three pixels below the edge, however high the box is. Here the
+    // line is in the middle of the box, so that it is level with the label and the check box beside
+    // it.
     int RoomAbove() const {
         constexpr int systemsOwn = 3;
-        constexpr int wanted = 45;  // twips: three pixels at 96 dpi
-        return std::max(window.scale.Pixels(wanted) - systemsOwn, 0);
+        const RECT area = Area();
+        return std::max((static_cast<int>(area.bottom - area.top) - LineHeight()) / 2 - systemsOwn,
+                        0);
+    }
+
+    int LineHeight() const {
+        HDC dc = ::GetDC(handle);
+        TEXTMETRICW metrics{};
+        {
+            const Selected font(dc, Font());
+            ::GetTextMetricsW(dc, &metrics);
+        }
+        ::ReleaseDC(handle, dc);
+        return metrics.tmHeight;
     }
 
     std::optional<LRESULT> OnRoomMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -242,15 +254,8 @@ class TextBoxPeer : public Peer {
         }
         RECT inside{};
         ::SendMessageW(handle, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&inside));
-        HDC dc = ::GetDC(handle);
-        TEXTMETRICW metrics{};
-        {
-            const Selected font(dc, Font());
-            ::GetTextMetricsW(dc, &metrics);
-        }
-        ::ReleaseDC(handle, dc);
         const auto lines = static_cast<LONG>(::SendMessageW(handle, EM_GETLINECOUNT, 0, 0));
-        const bool needed = lines * metrics.tmHeight > inside.bottom - inside.top;
+        const bool needed = lines * LineHeight() > inside.bottom - inside.top;
         const bool shown = (::GetWindowLongPtrW(handle, GWL_STYLE) & WS_VSCROLL) != 0;
         if (needed != shown) {
             ::ShowScrollBar(handle, SB_VERT, needed ? TRUE : FALSE);

@@ -104,6 +104,23 @@ TEST_F(KeyboardTest, EnterEditsTheSelectedNoteAndErasingLeadsBackToTheList) {
     EXPECT_TRUE(Editor("Shopping").IsVisible());
 }
 
+TEST_F(KeyboardTest, APanelWithoutNotesStartsAtNew) {
+    auto& panel = Shown<frmViewNotes>();
+    EXPECT_TRUE(panel.cmdNew.HasFocus());
+    user->PressEnter();
+    EXPECT_TRUE(Main().txtNoteTitle.HasFocus());
+}
+
+TEST_F(KeyboardTest, ErasingTheLastNoteLeadsToNew) {
+    MakeNote("Dentist");
+    user->CloseBox(Editor("Dentist"));
+    auto& panel = Shown<frmViewNotes>();
+    user->Select(panel.lvwNotes, 0);
+    ExpectDeletingNoteQuestion("DENTIST", forms::BoxResult::Yes);
+    user->Click(panel.cmdRemove);
+    EXPECT_TRUE(panel.cmdNew.HasFocus());
+}
+
 TEST_F(KeyboardTest, TheMenuKeyReachesEveryPopUp) {
     const auto none = [](forms::Menu&) -> forms::Menu* { return nullptr; };
     stage->ExpectPopup("mnuPop", none);
@@ -140,7 +157,7 @@ TEST_F(KeyboardTest, TheToolbarFollowsTheLastControlOfTheEditor) {
         user->Tab();
         visited.emplace_back(note.ActiveControl()->name);
     } while (visited.back() != "txtNote" && visited.size() < 20);
-    EXPECT_EQ(visited, (std::vector<std::string>{"dtDate", "dtTime", "cmdAlarm", "chkAudioAlarm",
+    EXPECT_EQ(visited, (std::vector<std::string>{"dtDate", "dtTime", "chkAudioAlarm", "cmdAlarm",
                                                  "cmdShowDateTime", "tlbMain", "txtNote"}));
 }
 

@@ -44,6 +44,19 @@ TEST_F(LayoutTest, MainWindow) {
     ExpectGood(Main());
 }
 
+TEST_F(LayoutTest, TheToolBinHasNoHole) {
+    const auto rightEdge = [](const forms::Control& control) {
+        return control.left() + control.width();
+    };
+    const int edge = rightEdge(Main().cmdStopWatch);
+    EXPECT_EQ(rightEdge(Main().cmdCookoo), edge);
+    user->Click(Main().cmdCookoo);
+    EXPECT_EQ(rightEdge(Main().lblCooKoo), edge);
+    EXPECT_EQ(rightEdge(Main().cmdCookoo), rightEdge(Main().cmdTimer));
+    user->Click(Main().cmdCookoo);
+    EXPECT_EQ(rightEdge(Main().cmdCookoo), edge);
+}
+
 TEST_F(LayoutTest, Splash) {
     Start([] { Default<frmSplash>().Show(); });
     ExpectGood(Default<frmSplash>());
@@ -79,6 +92,10 @@ TEST_F(LayoutTest, EditorOfAnySize) {
         });
         ExpectGood(note);
         EXPECT_EQ(note.txtNote.width(), note.ScaleWidth() - 2 * Grid::margin);
+        for (const forms::Control* action : {static_cast<forms::Control*>(&note.cmdAlarm),
+                                             static_cast<forms::Control*>(&note.chkAudioAlarm)}) {
+            EXPECT_EQ(action->left() + action->width(), note.fraAlarm.width() - Grid::frameSide);
+        }
         user->Click(note.cmdShowDateTime);
     }
 }

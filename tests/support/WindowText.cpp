@@ -88,6 +88,7 @@ void DescribeList(const forms::Control& control, Line& line) {
             line.Say("column " + Quoted(column.heading) + ' ' + std::to_string(column.width));
             line.Text("key", column.key);
         }
+        line.Text("empty", list->emptyText);
     } else if (const auto* toolbar = As<forms::Toolbar>(control)) {
         for (const auto& button : toolbar->buttons()) {
             line.Say("button " + std::string(button.key) + ' ' +

@@ -1,4 +1,5 @@
 #include <windows.h>
+#include <commctrl.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -12,6 +13,9 @@ namespace {
 
 constexpr const char* listClass = "SysListView32";
 constexpr DWORD timeToPaint = 250;  // milliseconds
+
+// Moves the pointer to the corner of the screen, where it highlights no button.
+void ParkPointer() { UseHands("mousemove 0 0"); }
 
 void Bring(const Window& window) {
     ::SetForegroundWindow(window.handle);
@@ -72,8 +76,13 @@ class GalleryTest : public DriverTest {
 };
 
 void GalleryTest::Keep(const Window& window, const std::string& name) {
+    ParkPointer();
     Bring(window);
     window.Send(WM_NULL);
+    for (const Window& toolbar : window.ChildrenOfClass("ToolbarWindow32")) {
+        WaitUntil("no button is highlighted",
+                  [&] { return static_cast<int>(toolbar.Send(TB_GETHOTITEM)) == -1; });
+    }
     ::Sleep(timeToPaint);
     WaitUntilPainted(window);
     TakePicture(name, Visible(window.Place()));
@@ -94,7 +103,6 @@ void GalleryTest::KeepWithMenu(const Window& window, const Window& control,
     ::UnionRect(&both, &menu, &place);
     TakePicture(name, Visible(both));
     CloseMenu(program, window);
-    UseHands("mousemove 0 0");
 }
 
 void GalleryTest::KeepAndClose(const std::string& caption, const std::string& name) const {

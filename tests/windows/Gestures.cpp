@@ -157,6 +157,8 @@ void ClickToolbar(const Window& toolbar, int number) {
         MAKELPARAM((button.left + button.right) / 2, (button.top + button.bottom) / 2);
     toolbar.Post(WM_LBUTTONDOWN, MK_LBUTTON, place);
     toolbar.Post(WM_LBUTTONUP, 0, place);
+    // The pointer itself is elsewhere. Without this message, the button would stay highlighted.
+    toolbar.Post(WM_MOUSELEAVE);
 }
 
 int RowCount(const Window& list) { return static_cast<int>(list.Send(LVM_GETITEMCOUNT)); }

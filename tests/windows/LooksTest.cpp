@@ -117,11 +117,11 @@ void ChangeScale(const Window& window, int dpi, const RECT& place) {
 }
 
 // The top of the text in a window, in screen coordinates. Nothing if no text is drawn. edge is the
-// width of the border, in pixels, that is left out.
-std::optional<int> TopOfText(const Window& window, int edge) {
+// width of the border, in pixels, that is left out. The text begins at the column left or later.
+std::optional<int> TopOfText(const Window& window, int edge, int left = 0) {
     const Picture picture(window, edge);
     for (int y = 0; y < picture.Height(); ++y) {
-        for (int x = 0; x < picture.Width(); ++x) {
+        for (int x = left; x < picture.Width(); ++x) {
             if (GetGValue(picture.At(x, y)) < 128) {
                 return window.Place().top + edge + y;
             }
@@ -164,10 +164,16 @@ TEST_F(LooksTest, FieldTextsAlignWithTheirLabelsAtAnyScale) {
     const Window main = StartProgram();
     main.Button("S&pecial Alarms").Click();
     const Window window = program.WaitFor("Special Alarms");
-    const Window label = window.Child("Static", "#1");
+    // The check box of the first row has the focus, and a rectangle above its caption.
+    const Window label = window.Child("Static", "#2");
+    const auto inRowOfLabel = [&label](const Window& other) {
+        return other.Place().top < label.Place().bottom && label.Place().top < other.Place().bottom;
+    };
+    const auto boxes = window.ChildrenOfClass("Button");
+    const Window box = *std::find_if(boxes.begin(), boxes.end(), inRowOfLabel);
     const RECT first = window.Place();
     for (const Window& field : window.ChildrenOfClass("Edit")) {
-        field.Type("#1");
+        field.Type("#2");
     }
     for (const int dpi : {96, 192}) {
         ChangeScale(window, dpi,
@@ -180,11 +186,12 @@ TEST_F(LooksTest, FieldTextsAlignWithTheirLabelsAtAnyScale) {
                 return false;
             }
             const auto fields = window.ChildrenOfClass("Edit");
-            const auto inRow = std::find_if(fields.begin(), fields.end(), [&](const Window& field) {
-                return field.Place().top < *wanted && *wanted < field.Place().bottom;
-            });
+            const auto inRow = std::find_if(fields.begin(), fields.end(), inRowOfLabel);
             const auto found = inRow != fields.end() ? TopOfText(*inRow, 3) : std::nullopt;
-            return found && std::abs(*found - *wanted) <= 1;
+            constexpr int widthOfBox = 20;  // pixels at 96 dpi
+            const auto caption = TopOfText(box, 3, widthOfBox * dpi / 96);
+            return found && std::abs(*found - *wanted) <= 1 && caption &&
+                   std::abs(*caption - *wanted) <= 1;
         })) << dpi
             << " dots per inch";
     }

@@ -23,6 +23,58 @@ class frmList : public Form {
 
 class ListViewTest : public conformance::StandTest {};
 
+namespace {
+
+int WidthOfColumns(HWND list) {
+    HWND header = reinterpret_cast<HWND>(::SendMessageW(list, LVM_GETHEADER, 0, 0));
+    const auto count = static_cast<int>(::SendMessageW(header, HDM_GETITEMCOUNT, 0, 0));
+    int width = 0;
+    for (int i = 0; i < count; ++i) {
+        width +=
+            static_cast<int>(::SendMessageW(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(i), 0));
+    }
+    return width;
+}
+
+int WidthInside(HWND list) {
+    RECT inside{};
+    ::GetClientRect(list, &inside);
+    return inside.right;
+}
+
+}  // namespace
+
+TEST_F(ListViewTest, TheLastColumnFillsTheList) {
+    auto& list = Default<frmList>().lvwRows;
+    Start([] { Default<frmList>().Show(); });
+    HWND handle = FormWindow::Existing(Default<frmList>())->controls.Find(list)->handle;
+    const int withoutBar = WidthInside(handle);
+    EXPECT_EQ(WidthOfColumns(handle), withoutBar);
+
+    Start([&list] {
+        for (int i = 0; i < 50; ++i) {
+            list.AddRow({"", -1, {"Note"}});
+        }
+    });
+    stand->Pump(50);
+    EXPECT_LT(WidthInside(handle), withoutBar);
+    EXPECT_EQ(WidthOfColumns(handle), WidthInside(handle));
+
+    Start([&list] { list.Clear(); });
+    stand->Pump(50);
+    EXPECT_EQ(WidthOfColumns(handle), withoutBar);
+
+    Start([&list] { list.width = 4500; });
+    stand->Pump(50);
+    EXPECT_GT(WidthInside(handle), withoutBar);
+    EXPECT_EQ(WidthOfColumns(handle), WidthInside(handle));
+
+    // Narrower than the columns: they keep their widths, and the list can be scrolled.
+    Start([&list] { list.width = 1500; });
+    stand->Pump(50);
+    EXPECT_EQ(WidthOfColumns(handle), 2000 / 15);
+}
+
 // Which flags a search by typed letters has depends on the system.
 TEST_F(ListViewTest, TypedLettersFindTheirRow) {
     Start([] {
