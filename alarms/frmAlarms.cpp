@@ -115,6 +115,11 @@ void frmAlarms::cmdTest_Click() {
                         {}, "Jotwright Audio Alarm");
 }
 
+forms::ShortcutTarget frmAlarms::TargetOf(forms::Shortcut key) {
+    return key == forms::Shortcut::ControlS ? forms::ShortcutTarget(&cmdSave)
+                                            : forms::ShortcutTarget();
+}
+
 void frmAlarms::cmdSave_Click() {
     const auto selected =
         std::find_if(optAlarm.begin(), optAlarm.end(),

@@ -24,6 +24,7 @@ class frmAlarms : public forms::Form {
 
     void Design() override;
     void Form_Load() override;
+    forms::ShortcutTarget TargetOf(forms::Shortcut key) override;
 
   private:
     void SaveOwnFile();

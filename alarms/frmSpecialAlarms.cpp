@@ -205,6 +205,11 @@ void frmSpecialAlarms::WriteSpecialAlarmsFile() {
 
 void frmSpecialAlarms::Row_Change() { cmdSave.enabled = true; }
 
+forms::ShortcutTarget frmSpecialAlarms::TargetOf(forms::Shortcut key) {
+    return key == forms::Shortcut::ControlS ? forms::ShortcutTarget(&cmdSave)
+                                            : forms::ShortcutTarget();
+}
+
 void frmSpecialAlarms::cmdSave_Click() {
     if (const auto pair = FindIdenticalAlarms()) {
         ReportIdenticalAlarms(*pair);

@@ -29,6 +29,7 @@ class frmSpecialAlarms : public forms::Form {
 
     void Design() override;
     void Form_Load() override;
+    forms::ShortcutTarget TargetOf(forms::Shortcut key) override;
 
   private:
     using Pair = std::pair<std::size_t, std::size_t>;

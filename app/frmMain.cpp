@@ -357,6 +357,11 @@ void frmMain::Form_MouseUp(int button, int /*x*/, int /*y*/) {
     }
 }
 
+forms::ShortcutTarget frmMain::TargetOf(forms::Shortcut key) {
+    return key == forms::Shortcut::F1 ? forms::ShortcutTarget(&mnuHelpHelp)
+                                      : forms::ShortcutTarget();
+}
+
 void frmMain::mnuHide_Click() {
     Hide();
     mnuHide.enabled = false;

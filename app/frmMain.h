@@ -79,6 +79,7 @@ class frmMain : public forms::Form {
     // The callback of the icon in the notification area passes its message as x. A move of the
     // pointer only resets the mouse pointer.
     void Form_MouseMove(int button, int x, int y) override;
+    forms::ShortcutTarget TargetOf(forms::Shortcut key) override;
 
     // Restores every saved note into its own editor, minimised.
     void ReadNotes();

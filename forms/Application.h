@@ -51,6 +51,9 @@ class Application {
     // Exceptions from it are ignored.
     std::function<void()> onFatalError;
 
+    // Called when F1 is pressed in a form that has no control and no menu entry for it.
+    std::function<void()> onHelp;
+
     // Makes the form the active one. Form_Activate runs unless the form is active already.
     void FormActivated(Form& form);
 

@@ -10,6 +10,7 @@
 #include "forms/Controls.h"
 #include "forms/Menu.h"
 #include "forms/Property.h"
+#include "forms/Shortcut.h"
 #include "forms/Timer.h"
 
 namespace forms {
@@ -148,6 +149,9 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     // x and y are in twips. For the callback of an icon in the notification area (see
     // IsTrayCallback), x is the message number times TwipsPerPixelX().
     virtual void Form_MouseMove(int /*button*/, int /*x*/, int /*y*/) {}
+
+    // The control or menu entry of this form that the key stands for now. Empty if there is none.
+    virtual ShortcutTarget TargetOf(Shortcut /*key*/) { return {}; }
 
   private:
     friend class Control;

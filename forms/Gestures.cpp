@@ -15,20 +15,20 @@ void Raise(Form& form, const std::function<void()>& handler) {
     }
 }
 
+}  // namespace
+
+bool CanUse(const Control& control) {
+    return control.form.IsLoaded() && control.form.IsUsable() && control.IsEffectivelyVisible() &&
+           control.IsEffectivelyEnabled();
+}
+
 bool CanChoose(const Menu& menu) {
     for (const Menu* entry = &menu; entry != nullptr; entry = entry->parent) {
         if (!entry->enabled || !entry->visible) {
             return false;
         }
     }
-    return true;
-}
-
-}  // namespace
-
-bool CanUse(const Control& control) {
-    return control.form.IsLoaded() && control.form.IsUsable() && control.IsEffectivelyVisible() &&
-           control.IsEffectivelyEnabled();
+    return menu.form.IsLoaded();
 }
 
 void Click(Control& control) {
@@ -103,7 +103,7 @@ void TrayMessage(Form& form, int message) {
 }
 
 void Choose(Menu& menu) {
-    if (menu.form.IsLoaded() && CanChoose(menu)) {
+    if (CanChoose(menu)) {
         Raise(menu.form, menu.Click);
     }
 }

@@ -15,6 +15,7 @@
 namespace forms::gestures {
 
 bool CanUse(const Control& control);
+bool CanChoose(const Menu& menu);
 
 void Click(Control& control);
 void DoubleClick(Control& control);

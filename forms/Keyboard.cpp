@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "forms/Gestures.h"
@@ -134,6 +135,34 @@ KeyUse PressMenuKey(Form& form) {
         return KeyUse::ByControl;
     } else {
         MouseUp(form, rightButton, 0, 0);
+    }
+    return KeyUse::Used;
+}
+
+KeyUse PressShortcut(Form& form, Shortcut key) {
+    if (!form.IsUsable()) {
+        return KeyUse::Unused;
+    }
+    const ShortcutTarget target = form.TargetOf(key);
+    if (const auto* button = std::get_if<CommandButton*>(&target)) {
+        if (!CanUse(**button)) {
+            return KeyUse::Unused;
+        }
+        Click(**button);
+    } else if (const auto* entry = std::get_if<Menu*>(&target)) {
+        if (!CanChoose(**entry)) {
+            return KeyUse::Unused;
+        }
+        Choose(**entry);
+    } else if (const auto* press = std::get_if<ToolbarPress>(&target)) {
+        if (!CanUse(*press->toolbar)) {
+            return KeyUse::Unused;
+        }
+        ClickToolbar(*press->toolbar, press->key);
+    } else if (Runtime& runtime = Runtime::Current(); key == Shortcut::F1 && runtime.onHelp) {
+        runtime.Dispatch(&form, runtime.onHelp);
+    } else {
+        return KeyUse::Unused;
     }
     return KeyUse::Used;
 }

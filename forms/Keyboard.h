@@ -25,5 +25,8 @@ KeyUse PressEscape(Form& form);
 // Handles the menu key or Shift+F10 like a click of the right mouse button. The click goes to the
 // control that has the focus if it reacts to the right button, else to the form.
 KeyUse PressMenuKey(Form& form);
+// Presses the button or chooses the menu entry that the key stands for in the form, if the user can
+// use it. F1 without one asks the program for its help.
+KeyUse PressShortcut(Form& form, Shortcut key);
 
 }  // namespace forms::gestures

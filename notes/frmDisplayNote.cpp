@@ -93,6 +93,11 @@ void frmDisplayNote::Form_Resize() {
 
 void frmDisplayNote::Form_MouseUp(int button, int /*x*/, int /*y*/) { ShowPopupOn(button); }
 
+forms::ShortcutTarget frmDisplayNote::TargetOf(forms::Shortcut key) {
+    return key == forms::Shortcut::ControlP ? forms::ShortcutTarget(&mnuPrint)
+                                            : forms::ShortcutTarget();
+}
+
 void frmDisplayNote::ShowPopupOn(int button) {
     if (button == forms::rightButton) {
         PopupMenu(mnuPop);

@@ -40,6 +40,7 @@ class frmDisplayNote : public forms::Form {
     void Form_Resize() override;
     void Form_Unload(bool& cancel) override;
     void Form_MouseUp(int button, int x, int y) override;
+    forms::ShortcutTarget TargetOf(forms::Shortcut key) override;
 
     // Shows the note's text. Call it once. If the text is different when the window closes, the
     // user has changed it here.

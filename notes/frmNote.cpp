@@ -304,6 +304,19 @@ void frmNote::Form_MouseMove(int /*button*/, int x, int /*y*/) {
     }
 }
 
+forms::ShortcutTarget frmNote::TargetOf(forms::Shortcut key) {
+    switch (key) {
+        case forms::Shortcut::ControlP:
+            return &mnuPrint;
+        case forms::Shortcut::ControlS:
+            return forms::ToolbarPress{&tlbMain, "Save"};
+        case forms::Shortcut::F1:
+            return forms::ToolbarPress{&tlbMain, "Help"};
+        default:
+            return {};
+    }
+}
+
 void frmNote::tlbMain_ButtonClick(const std::string& key) {
     if (key == "Save") {
         SaveThisNote();

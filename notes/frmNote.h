@@ -84,6 +84,7 @@ class frmNote : public forms::Form, public NoteEditor {
     // Also handles the callback of an icon in the notification area: x in pixels is the number of
     // the message.
     void Form_MouseMove(int button, int x, int y) override;
+    forms::ShortcutTarget TargetOf(forms::Shortcut key) override;
 
     // Saves the note and rebuilds the notes array. If saving fails, shows the error and returns
     // false.

@@ -121,6 +121,14 @@ void frmViewNotes::Form_Load() {
     FocusList();
 }
 
+forms::ShortcutTarget frmViewNotes::TargetOf(forms::Shortcut key) {
+    if (key == forms::Shortcut::Delete && lvwNotes.HasFocus()) {
+        return &cmdRemove;
+    }
+    return key == forms::Shortcut::ControlN ? forms::ShortcutTarget(&cmdNew)
+                                            : forms::ShortcutTarget();
+}
+
 void frmViewNotes::ShowLimit() {
     const bool full = Shared().NoteCount == StandardCode::maximumNotes;
     lblTotalNotes.foreColor = full ? red : forms::black;

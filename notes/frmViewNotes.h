@@ -31,6 +31,7 @@ class frmViewNotes : public forms::Form {
 
     void Design() override;
     void Form_Load() override;
+    forms::ShortcutTarget TargetOf(forms::Shortcut key) override;
 
     // Called when the notes array was rebuilt. Shows the count and the notes. Raises RuntimeErrors.
     void ShowNotesArray();

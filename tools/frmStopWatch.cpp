@@ -88,6 +88,11 @@ void frmStopWatch::cmdStop_Click() {
     mnuFileSave.enabled = true;
 }
 
+forms::ShortcutTarget frmStopWatch::TargetOf(forms::Shortcut key) {
+    return key == forms::Shortcut::ControlS ? forms::ShortcutTarget(&cmdSave)
+                                            : forms::ShortcutTarget();
+}
+
 void frmStopWatch::cmdSave_Click() {
     SaveCount = base::CheckedAdd(SaveCount, 1);
     forms::ListView::Row row{.key = "", .image = ilsTime.IndexOf("run"), .texts = {}};

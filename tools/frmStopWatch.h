@@ -34,6 +34,7 @@ class frmStopWatch : public forms::Form {
 
     void Design() override;
     void Form_Load() override;
+    forms::ShortcutTarget TargetOf(forms::Shortcut key) override;
 
   private:
     void StopTimer();

@@ -355,6 +355,14 @@ void User::PressMenuKey() {
     }
 }
 
+void User::Press(Shortcut key) {
+    Form* form = FormWithKeyboard("press a shortcut");
+    if (form != nullptr && gestures::PressShortcut(*form, key) == gestures::KeyUse::Unused) {
+        Fail("press a shortcut",
+             std::string("nothing of ") + form->name + " that can be used has it");
+    }
+}
+
 void User::Tab(bool backward) {
     Form* form = FormWithKeyboard("press Tab");
     if (form != nullptr && gestures::PressTab(*form, backward) == gestures::KeyUse::Unused) {

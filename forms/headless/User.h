@@ -53,6 +53,7 @@ class User {
     void PressEnter();
     void PressEscape();
     void PressMenuKey();
+    void Press(Shortcut key);
     void Tab(bool backward = false);
     // Presses Alt and a letter.
     void AccessKey(Form& form, char letter);

@@ -1,11 +1,32 @@
 #include "forms/win32/WindowFocus.h"
 
+#include <array>
+
 #include "forms/Keyboard.h"
 #include "forms/win32/FormWindow.h"
 
 namespace forms::win32 {
 
 using gestures::KeyUse;
+
+namespace {
+
+struct NativeShortcut {
+    WPARAM code;
+    bool withControl;
+    Shortcut key;
+};
+constexpr std::array<NativeShortcut, 5> shortcuts{{
+    {'N', true, Shortcut::ControlN},
+    {'P', true, Shortcut::ControlP},
+    {'S', true, Shortcut::ControlS},
+    {VK_DELETE, false, Shortcut::Delete},
+    {VK_F1, false, Shortcut::F1},
+}};
+
+bool IsDown(int key) { return ::GetKeyState(key) < 0; }
+
+}  // namespace
 
 void WindowFocus::Restore() {
     const Control* control = window.Model().ActiveControl();
@@ -66,10 +87,28 @@ bool WindowFocus::TakeKey(MSG& message) {
                 gestures::PressEscape(window.Model());
                 return true;
             default:
+                if (TakeShortcut(message)) {
+                    return true;
+                }
                 break;
         }
     }
     return ::IsDialogMessageW(window.handle, &message) != 0;
+}
+
+bool WindowFocus::TakeShortcut(const MSG& message) {
+    // A key that is held down acts once. AltGr, which types letters, is Ctrl and Alt.
+    constexpr LPARAM isRepeated = LPARAM{1} << 30;
+    if ((message.lParam & isRepeated) != 0 || IsDown(VK_MENU) || IsDown(VK_SHIFT) ||
+        ::IsWindowEnabled(window.handle) == 0) {
+        return false;
+    }
+    for (const NativeShortcut& shortcut : shortcuts) {
+        if (shortcut.code == message.wParam && shortcut.withControl == IsDown(VK_CONTROL)) {
+            return gestures::PressShortcut(window.Model(), shortcut.key) == KeyUse::Used;
+        }
+    }
+    return false;
 }
 
 bool WindowFocus::TakeAccessKey(WPARAM letter) {

@@ -29,6 +29,7 @@ class WindowFocus {
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
   private:
+    bool TakeShortcut(const MSG& message);
     bool TakeAccessKey(WPARAM letter);
     void TakeTab(bool backward);
     void OnNextControl(WPARAM wParam, LPARAM lParam);

@@ -186,6 +186,14 @@ void DriverTest::BringUp(const Window& window) {
     window.Send(WM_NULL);
 }
 
+void DriverTest::WaitForKeyboard(const Window& window) {
+    WaitUntil("the window has the keyboard", [&] {
+        const Window focus = window.Focus();
+        return ::GetForegroundWindow() == window.handle &&
+               (focus == window || (focus && focus.Parent() == window));
+    });
+}
+
 std::vector<std::string> DriverTest::CopyPaths(const std::string& title) const {
     std::vector<std::string> paths;
     for (const std::string& name : FileNames(folder + "\\Notes")) {

@@ -92,6 +92,8 @@ class DriverTest : public testing::Test {
     void HideNote(const Window& editor);
     // Brings a window to the foreground and waits until it is in the foreground.
     static void BringUp(const Window& window);
+    // Waits until the window receives keys.
+    static void WaitForKeyboard(const Window& window);
     // Paths of the recovery copies of unsaved notes with this title: ~Shopping-<instance>.recovery.
     std::vector<std::string> CopyPaths(const std::string& title) const;
     // The only such path. Fails the test if there is not exactly one.

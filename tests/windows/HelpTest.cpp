@@ -86,6 +86,23 @@ TEST_F(HelpTest, TheButtonOfANoteOpensTheContents) {
     ExitProgram();
 }
 
+TEST_F(HelpTest, F1OpensTheContentsFromEachWindow) {
+    const auto pressF1 = [](const Window& window) {
+        ASSERT_FALSE(HelpWindow());
+        BringUp(window);
+        WaitForKeyboard(window);
+        Window::PressKeys({VK_F1});
+        ExpectContentsAndCloseThem();
+    };
+    const Window main = StartProgram();
+    pressF1(main);
+    const Window panel = OpenPanel(main);
+    pressF1(panel);
+    CloseAndWait(panel);
+    pressF1(MakeNote(main, "Dentist"));
+    ExitProgram();
+}
+
 TEST_F(HelpTest, TheShippedShortcutStartsTheProgram) {
     const std::string shortcut = folder + "\\Shortcut To Jotwright.lnk";
     const HINSTANCE result =

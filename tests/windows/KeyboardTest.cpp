@@ -10,8 +10,6 @@ namespace driver {
 // Operates the windows with real keys, without a mouse.
 class KeyboardTest : public DriverTest {
   protected:
-    // Waits until the window receives keys.
-    static void WaitForKeyboard(const Window& window);
     // Presses Tab and waits until the focus has moved.
     static void PressTab(const Window& window);
     // Presses Tab until the focus is back at the start. Expects that it reaches all controls in
@@ -46,14 +44,6 @@ bool GoesBack(const Window& from, const Window& to) {
 }
 
 }  // namespace
-
-void KeyboardTest::WaitForKeyboard(const Window& window) {
-    WaitUntil("the window has the keyboard", [&] {
-        const Window focus = window.Focus();
-        return ::GetForegroundWindow() == window.handle &&
-               (focus == window || (focus && focus.Parent() == window));
-    });
-}
 
 void KeyboardTest::PressTab(const Window& window) {
     const Window before = window.Focus();
@@ -253,6 +243,41 @@ TEST_F(KeyboardTest, TheControlPanelCanBeUsedFromItsList) {
     WaitUntilFilled(editor, "Edit");
     CloseAndWait(editor);
     CloseByEscape(program.WaitFor(panelCaption));
+}
+
+TEST_F(KeyboardTest, ControlSSavesANote) {
+    const Window editor = MakeNote(StartProgram(), "Dentist");
+    WaitForKeyboard(editor);
+    const Window text = editor.Only("Edit");
+    Window::TypeKeys("call");
+    // AltGr, which is Ctrl and Alt, types letters in many layouts.
+    Window::PressKeys({VK_CONTROL, VK_MENU, 'S'});
+    Window::TypeKeys("x");
+    WaitUntil("the text is typed", [&] { return text.Text().ends_with('x'); });
+    EXPECT_TRUE(program.Visible("", "#32770").empty());
+    EXPECT_FALSE(FileExists(NotePath("Dentist")));
+    Window::PressKeys({VK_CONTROL, 'S'});
+    WaitUntil("a box says that the note is saved", [&] {
+        const auto boxes = program.Visible("", "#32770");
+        return !boxes.empty() && ::GetForegroundWindow() == boxes.front().handle;
+    });
+    EXPECT_TRUE(FileExists(NotePath("Dentist")));
+    Window::PressKeys({VK_RETURN});
+    WaitForKeyboard(editor);
+    EXPECT_TRUE(text.HasFocus());
+}
+
+TEST_F(KeyboardTest, DeleteErasesTheNoteThatIsSelectedInTheControlPanel) {
+    WriteNote("Dentist", "\"Dentist\",\"Call\",#2031-06-05#,#09:30:00#,1,12,\"0\",0,\"yes\"\r\n");
+    const Window main = StartProgram();
+    CloseAndWait(program.WaitFor("Dentist"));
+    const Window panel = OpenPanel(main);
+    WaitForKeyboard(panel);
+    Window::PressKeys({VK_DOWN});
+    WaitUntil("Erase can be used", [&] { return panel.Button("&Erase").IsEnabled(); });
+    Window::PressKeys({VK_DELETE});
+    Box(program, "Deleting Note").Click("Yes");
+    WaitUntil("the note is erased", [&] { return !FileExists(NotePath("Dentist")); });
 }
 
 TEST_F(KeyboardTest, AnAlarmDisplayHasItsMenuAndKeepsItsText) {

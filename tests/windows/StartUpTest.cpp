@@ -45,6 +45,9 @@ TEST_F(StartUpTest, TheFirstStartMakesTheFolderAndShowsSplashMainWindowAndTips) 
     program.WaitUntilGone("Jotwright - Tips and Tricks");
     WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });
     EXPECT_EQ(Setting("Startup", "View Tips"), "1");
+    Window::TypeKeys("dentist");
+    WaitUntil("the keys reach the title box",
+              [&] { return main.Only("Edit").Text() == "dentist"; });
     ExitProgram();
 }
 
