@@ -90,19 +90,21 @@ start_display() {
     wait_for 60 test -s "$number" || die "Xvfb did not start, see $1/xvfb.log"
     DISPLAY=":$(tr -d '[:space:]' <"$number")"
     export DISPLAY
-    start_window_manager "$1/openbox.log"
-    wait_for 60 window_manager_is_up "$1/openbox.log" ||
+    start_window_manager "$1"
+    wait_for 60 window_manager_is_up "$1" ||
         die "openbox did not start, see $1/openbox.log"
 }
 
-# start_window_manager <log>: sets "window_manager", its process.
+# start_window_manager <folder>: sets "window_manager", its process. Without the animation of minimised
+# windows, because it moves the window itself, and a test would read a place on the way.
 start_window_manager() {
-    setsid openbox --sm-disable >>"$1" 2>&1 </dev/null &
+    sed 's,<animateIconify>yes<,<animateIconify>no<,' /etc/xdg/openbox/rc.xml >"$1/openbox.xml"
+    setsid openbox --sm-disable --config-file "$1/openbox.xml" >>"$1/openbox.log" 2>&1 </dev/null &
     window_manager=$!
     started+=("$window_manager")
 }
 
-# window_manager_is_up <log>: starts it again if it has ended.
+# window_manager_is_up <folder>: starts it again if it has ended.
 window_manager_is_up() {
     kill -0 "$window_manager" 2>/dev/null || start_window_manager "$1"
     xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'
