@@ -21,7 +21,6 @@
 
 namespace {
 
-using forms::Default;
 using forms::Shortcut;
 using forms::gestures::KeyUse;
 using forms::gestures::PressShortcut;

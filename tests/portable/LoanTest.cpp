@@ -11,7 +11,6 @@ using forms::headless::MemoryFiles;
 using portable::FormatOptions;
 using portable::Loan;
 using portable::Options;
-using portable::Stage;
 using portable::State;
 
 namespace {
