@@ -170,7 +170,8 @@ void Window::Press(WPARAM virtualKey) const {
     const UINT scan = ::MapVirtualKeyW(static_cast<UINT>(virtualKey), MAPVK_VK_TO_VSC);
     const LPARAM down = static_cast<LPARAM>((scan << 16) | 1U);
     Post(WM_KEYDOWN, virtualKey, down);
-    Post(WM_KEYUP, virtualKey, down | static_cast<LPARAM>(0xC0000000U));
+    // The press may have closed the window, so the release may find no window.
+    ::PostMessageW(handle, WM_KEYUP, virtualKey, down | static_cast<LPARAM>(0xC0000000U));
 }
 
 bool Window::Answers() const {
