@@ -18,7 +18,7 @@ bool CloseAllBut(const forms::Form& main) {
         note->Unload();
     }
     const NoteStore::Quiet quiet(Notes());
-    // Closing a note reloads the control panel, so the list of forms grows during this loop.
+    // A window that closes may close or load others, so the list of forms changes during this loop.
     std::vector<const forms::Form*> kept{&main};
     for (;;) {
         const auto& loaded = forms::Application::Current().LoadedForms();

@@ -49,8 +49,8 @@ class ScaleTest : public conformance::StandTest {
   protected:
     static HWND HandleOf(Form& form) { return FormWindow::Existing(form)->handle; }
 
-    // The places of the window, its inside and its text box.
-    static std::string Places(frmScaled& form) {
+    // The places of the window, its inside and its text box, measured from the origin.
+    static std::string Places(frmScaled& form, POINT origin = {}) {
         RECT outer{};
         RECT inside{};
         RECT child{};
@@ -58,21 +58,16 @@ class ScaleTest : public conformance::StandTest {
         ::GetClientRect(HandleOf(form), &inside);
         const Peer* peer = FormWindow::Existing(form)->controls.Find(form.txtText);
         ::GetWindowRect(peer->handle, &child);
+        ::OffsetRect(&outer, -origin.x, -origin.y);
+        ::OffsetRect(&child, -origin.x, -origin.y);
         return Text(outer) + ", " + Text(inside) + ", " + Text(child);
     }
     // The sizes of the window and its inside, and the place of the text box in the window. A window
     // manager may choose the place of a window that opens for the first time.
     static std::string Sizes(frmScaled& form) {
         RECT outer{};
-        RECT inside{};
-        RECT child{};
         ::GetWindowRect(HandleOf(form), &outer);
-        ::GetClientRect(HandleOf(form), &inside);
-        const Peer* peer = FormWindow::Existing(form)->controls.Find(form.txtText);
-        ::GetWindowRect(peer->handle, &child);
-        ::OffsetRect(&child, -outer.left, -outer.top);
-        ::OffsetRect(&outer, -outer.left, -outer.top);
-        return Text(outer) + ", " + Text(inside) + ", " + Text(child);
+        return Places(form, {outer.left, outer.top});
     }
     static std::string PlaceInModel(const Form& form) {
         return std::to_string(form.left()) + ' ' + std::to_string(form.top()) + ' ' +
