@@ -2,12 +2,9 @@
 
 #include <windows.h>
 
-#include <memory>
-#include <type_traits>
-
 #include "app/ProductTexts.h"
-#include "base/RuntimeError.h"
 #include "forms/win32/Utf.h"
+#include "forms/win32/devices/RegistryKey.h"
 #include "forms/win32/devices/WinSettings.h"
 
 namespace portable::win32 {
@@ -15,6 +12,8 @@ namespace portable::win32 {
 namespace {
 
 using forms::win32::WinSettings;
+using forms::win32::registry::Check;
+using forms::win32::registry::Key;
 
 constexpr const wchar_t* ownKey = L"Software\\Jotwright.Portable";
 constexpr const wchar_t* savedKey = L"Software\\Jotwright.Portable\\Saved";
@@ -24,17 +23,6 @@ constexpr const char* stageName = "Stage";
 constexpr const char* folderName = "Folder";
 
 std::wstring ProgramKey() { return forms::win32::Wide(StandardCode::registryKey); }
-
-struct CloseKey {
-    void operator()(HKEY key) const { ::RegCloseKey(key); }
-};
-using Key = std::unique_ptr<std::remove_pointer_t<HKEY>, CloseKey>;
-
-void Check(LSTATUS status) {
-    if (status != ERROR_SUCCESS) {
-        throw base::RuntimeError(base::ErrorNumber::InvalidProcedureCall);
-    }
-}
 
 void DeleteKey(const std::wstring& path) {
     const LSTATUS status = ::RegDeleteTreeW(HKEY_CURRENT_USER, path.c_str());

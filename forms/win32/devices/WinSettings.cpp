@@ -3,28 +3,14 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <memory>
-#include <type_traits>
 
-#include "base/RuntimeError.h"
 #include "forms/win32/Utf.h"
+#include "forms/win32/devices/RegistryKey.h"
 
 namespace forms::win32 {
 
-namespace {
-
-struct CloseKey {
-    void operator()(HKEY key) const { ::RegCloseKey(key); }
-};
-using Key = std::unique_ptr<std::remove_pointer_t<HKEY>, CloseKey>;
-
-void Check(LSTATUS status) {
-    if (status != ERROR_SUCCESS) {
-        throw base::RuntimeError(base::ErrorNumber::InvalidProcedureCall);
-    }
-}
-
-}  // namespace
+using registry::Check;
+using registry::Key;
 
 std::wstring WinSettings::PathOf(const std::string& section) const {
     return root + L"\\" + Wide(section);
