@@ -28,7 +28,7 @@ std::optional<POINT> MenuPlaceAtIcon(HWND owner, UINT iconId);
 
 // Called when the desktop's shell has restarted and its notification area is empty.
 inline std::function<void()> onTaskbarCreated;
-// Called whenever the stage's timer has run, about once a second while the main window exists.
+// Called whenever due timers have run, about once a second while the main window exists.
 inline std::function<void()> onTimer;
 // Runs the timers that are due. Set while the stage exists. Call it only if handlers may run.
 inline std::function<void()> runOverdueTimers;

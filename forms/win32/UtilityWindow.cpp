@@ -82,7 +82,17 @@ bool UtilityWindow::IsLate(std::int64_t milliseconds) const {
 
 void UtilityWindow::RunOverdue() {
     if (IsLate(0)) {
+        RunTimers();
+    }
+}
+
+void UtilityWindow::RunTimers() {
+    if (RuntimeRuns()) {
         Runtime::Current().RunDueTimers();
+    }
+    decoder::ReleaseIfUnused();
+    if (onTimer) {
+        onTimer();
     }
 }
 
@@ -114,13 +124,7 @@ LRESULT CALLBACK UtilityWindow::Procedure(HWND window, UINT message, WPARAM wPar
 LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_TIMER:
-            if (RuntimeRuns()) {
-                Runtime::Current().RunDueTimers();
-            }
-            decoder::ReleaseIfUnused();
-            if (onTimer) {
-                onTimer();
-            }
+            RunTimers();
             return 0;
         case catchUpMessage:
             catchingUp = false;

@@ -36,6 +36,7 @@ class UtilityWindow {
   private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    static void RunTimers();
     void OnDisplayChange();
     void OnUserSettings();
 

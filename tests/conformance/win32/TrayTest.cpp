@@ -9,6 +9,7 @@
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Internal.h"
 #include "forms/win32/Messages.h"
+#include "forms/win32/Pumps.h"
 #include "forms/win32/devices/WinFiles.h"
 #include "forms/win32/devices/WinTray.h"
 #include "tests/conformance/Stand.h"
@@ -183,6 +184,23 @@ TEST_F(TrayTest, TheTicksOfTheProgramAreTheTimesToTryAgain) {
     Window().tmrTick.enabled = false;
     onTimer = before;
     EXPECT_GE(times, 3);
+}
+
+// Messages that arrive all the time keep the native timer from firing.
+TEST_F(TrayTest, OverdueTicksAreTimesToTryAgainToo) {
+    int times = 0;
+    const auto before = std::exchange(onTimer, [&times] { ++times; });
+    int ticks = 0;
+    Window().tmrTick.Tick = [&ticks] { ++ticks; };
+    Window().tmrTick.enabled = true;
+    stand->BeBusy(2 * Window().tmrTick.interval());
+    ::PostMessageW(Handle(), WM_NULL, 0, 0);
+    bool isFirst = true;
+    pumps::Run([&isFirst] { return std::exchange(isFirst, false); });
+    Window().tmrTick.enabled = false;
+    onTimer = before;
+    EXPECT_EQ(ticks, 1);
+    EXPECT_EQ(times, 1);
 }
 
 TEST_F(TrayTest, ADeletedIconIsNotTriedAgain) {
