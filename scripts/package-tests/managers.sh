@@ -63,10 +63,12 @@ scoop_start() { start /unix "$scoop/apps/jotwright/current/$(field "$manifest" s
 scoop_install 0.9.0
 scoop_start
 make_note Bread
+# Save the text before the program is closed: a request to close overtakes keys in the queue.
 xdotool windowactivate --sync "$(visible Bread)" type 'two loaves'
+xdotool key ctrl+s
+expect "the note in the persisted folder" grep -q 'two loaves' "$scoop/persist/jotwright/Notes/Bread.txt"
 leave
 cp -r "$scoop/persist/jotwright" "$temp/persisted"
-grep -q 'two loaves' "$temp/persisted/Notes/Bread.txt" || fail "the note is not in the persisted folder"
 scoop_install "$(field "$manifest" version)"
 rm -r "$scoop/apps/jotwright/0.9.0"
 scoop_start
