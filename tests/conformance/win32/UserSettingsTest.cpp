@@ -221,6 +221,7 @@ TEST_F(UserSettingsTest, AHigherTitleBarLeavesTheInsideAsItWas) {
     metrics.SetTitleHeight(12);
     ExpectScaled(InsideOf(HandleOf(form)), inside, 100);
     EXPECT_EQ(PlaceOf(HandleOf(form)).top, place.top);
+    SCOPED_TRACE("hidden and shown again");
     Start([&form] { form.Hide(); });
     metrics.SetTitleHeight(0);
     Show(form);
