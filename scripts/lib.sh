@@ -76,6 +76,16 @@ build() {
     cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}
 }
 
+# without_passed_tests: copies a log of ctest and GoogleTest, without the output of tests that passed. The
+# output of a test that did not end is kept.
+without_passed_tests() {
+    awk '/^\[ RUN / {held = $0; next}
+        held != "" && /^\[       OK / {held = ""; next}
+        held != "" {held = held "\n" $0; if ($0 ~ /^\[  FAILED/) {print held; held = ""}; next}
+        !/^\[-----|^$/
+        END {if (held != "") print held}'
+}
+
 # start_display <folder for logs> [<width>x<height>]: starts an X server on a free display number, and a
 # window manager: without one, each closing window stalls Wine for two seconds. Sets DISPLAY and adds
 # both processes to "started". setsid keeps them alive after Ctrl+C and after the end of the script.
