@@ -1,4 +1,3 @@
-#include "alarms/SpecialAlarmsFile.h"
 #include "alarms/frmAlarms.h"
 #include "tests/support/WholeProgram.h"
 #include "tools/frmTimer.h"
@@ -28,17 +27,6 @@ class OneBellTest : public testing_support::WholeProgram {
     }
 
     void Hide(const std::string& title) { user->CloseBox(Editor(title)); }
-
-    static void SetSpecialAlarm(base::DateTime time) {
-        SpecialAlarmsFile::StoreSharedRow(0, {"Friday", time, "now", 1});
-    }
-
-    void AdvanceTo(int hour, int minute, int second) {
-        const auto target = base::Combine(Today(), base::DateTime::FromTime(hour, minute, second));
-        while (Now() < target) {
-            Advance(100);
-        }
-    }
 
     // The hidden note Dentist is due at 15:00:05, and the hour strikes at 15:00:15. The first sound
     // must continue through both.
@@ -122,7 +110,7 @@ TEST_F(OneBellTest, ACountdownsChimeOutlastsHiddenNotesAndTheCuckoo) {
 
 TEST_F(OneBellTest, ASpecialAlarmOutlastsTheCuckoo) {
     StartQuietly();
-    SetSpecialAlarm(base::DateTime::FromTime(15, 0, 0));
+    SetFridaysAlarm(0, base::DateTime::FromTime(15, 0, 0), "now");
     ExpectDailyAlarm("now", [this] {
         AdvanceTo(15, 0, 30);
         EXPECT_EQ(sound.PlayingPath(), buzzer);
@@ -149,7 +137,7 @@ TEST_F(OneBellTest, OfTwoEditorsDueInOneSecondTheSecondRingsOnWhenTheFirstBoxIsC
 TEST_F(OneBellTest, AnEditorRingsOnWhenASpecialAlarmAboveItIsClosed) {
     PutAlarm("Rent", 15, 0);
     StartQuietly();
-    SetSpecialAlarm(base::DateTime::FromTime(15, 0, 10));
+    SetFridaysAlarm(0, base::DateTime::FromTime(15, 0, 10), "now");
     ExpectEditorAlarm([this] {
         ExpectDailyAlarm("now", [this] { EXPECT_TRUE(sound.IsPlaying()); });
         AdvanceTo(15, 0, 30);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "alarms/SpecialAlarmsFile.h"
 #include "app/Main.h"
 #include "app/StandardCode.h"
 #include "app/frmMain.h"
@@ -75,6 +76,37 @@ class WholeProgram : public ProductProgram {
             count += dynamic_cast<T*>(form.get()) != nullptr && form->IsVisible() ? 1 : 0;
         }
         return count;
+    }
+
+    // Closes all editors, which saves their notes.
+    void CloseEditors() {
+        for (;;) {
+            frmNote* open = nullptr;
+            for (const auto& form : runtime->LoadedForms()) {
+                auto* note = dynamic_cast<frmNote*>(form.get());
+                if (note != nullptr && note->IsVisible()) {
+                    open = note;
+                }
+            }
+            if (open == nullptr) {
+                return;
+            }
+            user->CloseBox(*open);
+        }
+    }
+
+    // Lets time pass in steps of a tenth of a second, until the clock shows this time of the day.
+    void AdvanceTo(int hour, int minute, int second) {
+        const auto target =
+            base::Combine(forms::Today(), base::DateTime::FromTime(hour, minute, second));
+        while (forms::Now() < target) {
+            Advance(100);
+        }
+    }
+
+    // The program starts on a Friday.
+    static void SetFridaysAlarm(std::size_t row, base::DateTime time, const std::string& message) {
+        SpecialAlarmsFile::StoreSharedRow(row, {"Friday", time, message, 1});
     }
 };
 
