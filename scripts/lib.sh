@@ -79,7 +79,8 @@ build() {
 # without_passed_tests: copies a log of ctest and GoogleTest, without the output of tests that passed. The
 # output of a test that did not end is kept.
 without_passed_tests() {
-    awk '/^\[ RUN / {held = $0; next}
+    awk '{sub(/\r$/, "")}
+        /^\[ RUN / {held = $0; next}
         held != "" && /^\[       OK / {held = ""; next}
         held != "" {held = held "\n" $0; if ($0 ~ /^\[  FAILED/) {print held; held = ""}; next}
         !/^\[-----|^$/
