@@ -127,11 +127,12 @@ void MemoryFiles::Replace(const std::string& from, const std::string& to, Durabi
         Step([&] { Remove(to); }, [] {});
     }
     Step(
-        [&] {
+        // Allocates nothing after the first change, so that memory that runs out loses no file.
+        [&, key = target.key, name = target.name]() mutable {
+            RemoveNode(key);
             auto moved = nodes.extract(source.key);
-            Remove(to);
-            moved.key() = target.key;
-            moved.mapped().name = target.name;
+            moved.key() = std::move(key);
+            moved.mapped().name = std::move(name);
             nodes.insert(std::move(moved));
         },
         [] {});
@@ -210,8 +211,10 @@ void MemoryFiles::PutFile(const std::string& path, const std::string& bytes) {
     node.changed = ++clock;
 }
 
-void MemoryFiles::Remove(const std::string& path) {
-    const auto found = nodes.find(DiskPath(path).key);
+void MemoryFiles::Remove(const std::string& path) { RemoveNode(DiskPath(path).key); }
+
+void MemoryFiles::RemoveNode(const std::string& key) {
+    const auto found = nodes.find(key);
     if (found != nodes.end()) {
         Resize(found->second, {});
         nodes.erase(found);

@@ -101,6 +101,7 @@ class MemoryFiles : public FileSystem, public DiskFaults {
     template <class Whole, class Part>
     void Step(Whole whole, Part part);
     void TearUnflushed();
+    void RemoveNode(const std::string& key);
 
     std::map<std::string, Node> nodes;  // by upper-case path
     std::int64_t clock = 0;

@@ -1,15 +1,9 @@
-#include <cstdio>
-#include <map>
 #include <set>
 
-#include "alarms/SpecialAlarmsFile.h"
-#include "alarms/frmSpecialAlarms.h"
-#include "forms/Gestures.h"
+#include "forms/headless/MemoryFiles.h"
 #include "notes/NoteFile.h"
-#include "notes/NoteStore.h"
-#include "notes/frmViewNotes.h"
+#include "tests/long/FaultProgram.h"
 #include "tests/long/Scale.h"
-#include "tests/support/WholeProgram.h"
 
 // Runs every operation that writes to the disk, with a fault at each of its steps: the program is
 // killed, or the step fails. Afterwards, each saved file must be the old or the new one, and typed
@@ -21,225 +15,18 @@ using headless::MemoryFiles;
 
 namespace {
 
-using Disk = std::map<std::string, std::optional<std::string>>;
-
-struct Operation {
-    const char* name;
-    std::function<void()> prepare;  // runs in a program that is running
-    std::function<void()> act;
-    // The text that the user has typed into the editor of Dentist, or nothing.
-    std::string typed{};
-    bool erases = false;  // the note may be gone afterwards
-    bool reports = true;  // errors are shown in the box of the save
-};
-
-struct Outcome {
-    int steps = 0;
-    int cases = 0;
-    int old = 0;
-    int renewed = 0;
-    int erased = 0;
-};
-
 constexpr const char* saveErrors = "WriteNote Sub Error";
 constexpr base::ErrorNumber errors[] = {
     base::ErrorNumber::DiskFull,      base::ErrorNumber::PermissionDenied,
     base::ErrorNumber::PathNotFound,  base::ErrorNumber::PathFileAccessError,
     base::ErrorNumber::DeviceIoError, base::ErrorNumber::FileNotFound};
 
-class FaultTest : public testing_support::WholeProgram {
+class FaultTest : public long_tests::FaultProgram {
   protected:
-    void SetUp() override {
-        WholeProgram::SetUp();
-        shipped = files;
-    }
-
-    // Starts the program on a new machine and prepares the operation.
-    void Prepare(const Operation& operation) {
-        Restart();
-        files = shipped;
-        files.PutFolder(testing_support::applicationFolder + "\\Notes");
-        SetNow(2004, 5, 14, 9, 0, 0);
-        answer = BoxResult::Yes;
-        PutNote(Note("Dentist", "old").At(9, 0, 10));
-        PutNote(Note("Other", "other").InColor(3));
-        StartAgain();
-        operation.prepare();
-    }
-
-    void StartAgain() {
-        stage->improvise.box = [this](const BoxRequest& box) {
-            return box.options.buttons == BoxButtons::YesNo ? answer : BoxResult::Ok;
-        };
-        StartQuietly();
-    }
-
-    frmNote& TypeInto(const std::string& title, const std::string& text) {
-        frmNote& note = Editor(title);
-        if (note.windowState() == WindowState::Minimized) {
-            user->Restore(note);
-        }
-        user->Type(note.txtNote, text);
-        return note;
-    }
-
-    void TypeAndWait() {
-        TypeInto("Dentist", newText);
-        Advance(2000);
-    }
-
-    frmDisplayNote& ShowDisplay() {
-        user->Restore(Editor("Dentist"));
-        user->CloseBox(Editor("Dentist"));
-        PutNote(Note("Dentist", "old").WithAlarmAt(9, 0, 10));
-        Start([] { StandardCode::LoadNotesArray(); });
-        Advance(12'000);
-        auto* display = FindWindow<frmDisplayNote>("Dentist");
-        EXPECT_NE(display, nullptr);
-        return *display;
-    }
-
-    frmSpecialAlarms& ChangeSpecialAlarms(bool withFile) {
-        if (withFile) {
-            std::array<SpecialAlarmsFile::Row, SpecialAlarmsFile::rowCount> rows;
-            for (auto& row : rows) {
-                row = {"Monday", base::DateTime::FromTime(9, 0, 0), "old", 0};
-            }
-            files.PutFile(SpecialAlarmsFile::Path(), SpecialAlarmsFile::Encode(rows));
-        }
-        auto& window = Default<frmSpecialAlarms>();
-        Start([&window] { window.Show(); });
-        user->Type(window.txtMessage[2], "new");
-        return window;
-    }
-
-    std::vector<Operation> Operations() {
-        const auto dentist = [this]() -> frmNote& { return Editor("Dentist"); };
-        return {
-            {"save by the toolbar", [this] { TypeAndWait(); },
-             [=, this] { user->Click(dentist().tlbMain, "Save"); }, newText},
-            {"save as the window closes", [this] { TypeAndWait(); },
-             [=, this] { user->CloseBox(dentist()); }, newText},
-            {"save after the question",
-             [this] {
-                 TypeAndWait();
-                 StandardCode::Shared().ControlPanelMode = true;
-             },
-             [=, this] { user->CloseBox(dentist()); }, newText},
-            {"drop after the question",
-             [this] {
-                 TypeInto("Dentist", "longer than the old");
-                 Advance(2000);
-                 StandardCode::Shared().ControlPanelMode = true;
-                 answer = BoxResult::No;
-             },
-             [=, this] { user->CloseBox(dentist()); }, "", false, false},
-            {"first save of a new note",
-             [this] {
-                 files.Remove(PathOf("Dentist"));
-                 TypeAndWait();
-             },
-             [=, this] { user->Click(dentist().tlbMain, "Save"); }, newText},
-            {"save of what no code page holds",
-             [this] {
-                 TypeInto("Dentist", "\xE2\x98\x83 \xE6\x97\xA5");
-                 Advance(2000);
-             },
-             [=, this] { user->Click(dentist().tlbMain, "Save"); }, "\xE2\x98\x83 \xE6\x97\xA5"},
-            {"recovery copy", [this] { TypeInto("Dentist", newText); }, [this] { Advance(2000); },
-             "", false, false},
-            {"second recovery copy",
-             [this] {
-                 TypeAndWait();
-                 TypeInto("Dentist", "newer");
-             },
-             [this] { Advance(2000); }, "", false, false},
-            {"erase by the toolbar", [this] { TypeAndWait(); },
-             [=, this] { user->Click(dentist().tlbMain, "Erase"); }, "", true, false},
-            {"erase by the menu", [this] { TypeAndWait(); },
-             [=, this] { user->Choose(dentist().mnuKillNote); }, newText, true},
-            {"erase in the control panel",
-             [this] {
-                 user->Restore(Editor("Dentist"));
-                 user->CloseBox(Editor("Dentist"));
-                 ClickTrayIcon();
-                 user->Click(Main().cmdViewNotes);
-                 user->Select(Default<frmViewNotes>().lvwNotes, 0);
-             },
-             [this] { user->Click(Default<frmViewNotes>().cmdRemove); }, "", true, false},
-            {"rewrite after the alarm",
-             [this] {
-                 ShowDisplay();
-                 answer = BoxResult::No;
-             },
-             [this] { user->CloseBox(*FindWindow<frmDisplayNote>("Dentist")); }},
-            {"rewrite of a changed text",
-             [this] {
-                 user->Type(ShowDisplay().lblNoteText, "changed");
-                 answer = BoxResult::No;
-             },
-             [this] { user->CloseBox(*FindWindow<frmDisplayNote>("Dentist")); }},
-            {"erase after the alarm", [this] { ShowDisplay(); },
-             [this] { user->CloseBox(*FindWindow<frmDisplayNote>("Dentist")); }, "", true},
-            {"special alarms, first save", [this] { ChangeSpecialAlarms(false); },
-             [this] { user->Click(Default<frmSpecialAlarms>().cmdSave); }, "", false, false},
-            {"special alarms, save", [this] { ChangeSpecialAlarms(true); },
-             [this] { user->Click(Default<frmSpecialAlarms>().cmdSave); }, "", false, false},
-            {"exit with two unsaved notes",
-             [this] {
-                 TypeInto("Other", "other new");
-                 TypeAndWait();
-                 ClickTrayIcon();
-             },
-             [this] { user->Click(Main().cmdExit); }, newText},
-            {"end of the session",
-             [this] {
-                 TypeInto("Other", "other new");
-                 TypeAndWait();
-             },
-             [] { gestures::EndSession(); }, newText, false, false},
-        };
-    }
-
-    Disk WatchedFiles() const {
-        Disk disk;
-        for (const std::string& path : {testing_support::applicationFolder + "\\Notes\\Dentist.txt",
-                                        testing_support::applicationFolder + "\\Notes\\Other.txt",
-                                        SpecialAlarmsFile::Path()}) {
-            disk[path] = files.Peek(path);
-        }
-        return disk;
-    }
-
     void Act(const Operation& operation) {
         try {
             operation.act();
         } catch (const Killed&) {
-        }
-    }
-
-    // Expects each file to hold its bytes from before or from after the operation.
-    void ExpectOldOrNew(const Operation& operation, const Disk& before, const Disk& after,
-                        Outcome& outcome) {
-        bool changed = false;
-        bool gone = false;
-        for (const auto& [path, bytes] : WatchedFiles()) {
-            const bool mayBeGone = operation.erases && path == PathOf("Dentist");
-            EXPECT_TRUE(bytes == before.at(path) || bytes == after.at(path) ||
-                        (mayBeGone && !bytes))
-                << path << ": " << bytes.value_or("(none)");
-            gone = gone || (before.at(path) && !bytes);
-            changed = changed || bytes != before.at(path);
-        }
-        ++(gone ? outcome.erased : changed ? outcome.renewed : outcome.old);
-    }
-
-    void ExpectNoLeftovers() {
-        for (const char* folder : {"\\Notes", "\\SpecialAlarms"}) {
-            for (const std::string& name :
-                 files.Names(testing_support::applicationFolder + folder)) {
-                EXPECT_FALSE(name.ends_with(".tmp")) << name;
-            }
         }
     }
 
@@ -266,7 +53,7 @@ class FaultTest : public testing_support::WholeProgram {
                 Act(operation);
                 Restart();
                 ++outcome.cases;
-                ExpectOldOrNew(operation, before, after, outcome);
+                ExpectOneOf({before, after}, WatchedFiles(), operation, outcome);
                 ExpectTextComesBack(operation);
             }
         }
@@ -285,7 +72,7 @@ class FaultTest : public testing_support::WholeProgram {
                     files.FailAt(step, error);
                     Act(operation);
                     ++outcome.cases;
-                    ExpectOldOrNew(operation, before, after, outcome);
+                    ExpectOneOf({before, after}, WatchedFiles(), operation, outcome);
                     if (WatchedFiles() != after && operation.reports) {
                         ExpectReport(boxesBefore, error);
                     }
@@ -298,15 +85,6 @@ class FaultTest : public testing_support::WholeProgram {
                     }
                 }
             }
-        }
-    }
-
-    // Expects the text after the next start.
-    void ExpectTextComesBack(const Operation& operation) {
-        StartAgain();
-        ExpectNoLeftovers();
-        if (!operation.typed.empty()) {
-            EXPECT_EQ(Editor("Dentist").txtNote.text(), operation.typed);
         }
     }
 
@@ -347,25 +125,6 @@ class FaultTest : public testing_support::WholeProgram {
         NoteFile::Decode(FileOf("Dentist").value_or(""), saved);
         EXPECT_EQ(saved.Text, operation.typed);
     }
-
-    template <class Try>
-    void ForEachOperation(Try attempt) {
-        std::printf("%-32s %6s %6s %6s %6s %7s\n", "operation", "steps", "cases", "old", "new",
-                    "erased");
-        int total = 0;
-        for (const Operation& operation : Operations()) {
-            Outcome outcome;
-            attempt(operation, outcome);
-            std::printf("%-32s %6d %6d %6d %6d %7d\n", operation.name, outcome.steps, outcome.cases,
-                        outcome.old, outcome.renewed, outcome.erased);
-            total += outcome.cases;
-        }
-        std::printf("%d cases\n", total);
-    }
-
-    MemoryFiles shipped;
-    std::string newText = "brand new";  // the text that the user types
-    BoxResult answer = BoxResult::Yes;
 };
 
 }  // namespace
@@ -378,14 +137,14 @@ TEST_F(FaultTest, AKillAtAnyStepLeavesTheOldOrTheNewNote) {
     const std::vector<std::string> texts{"brand new", "\xC3\xA4rger \xE2\x98\x83", longText, ""};
     for (std::size_t i = 0; i < static_cast<std::size_t>(long_tests::Scaled(1, 4)); ++i) {
         newText = texts[i];
-        ForEachOperation([this](const Operation& operation, Outcome& outcome) {
+        ForEach(Operations(), [this](const Operation& operation, Outcome& outcome) {
             KillAtEachStep(operation, outcome);
         });
     }
 }
 
 TEST_F(FaultTest, AnErrorAtAnyStepIsReportedAndLosesNothing) {
-    ForEachOperation([this](const Operation& operation, Outcome& outcome) {
+    ForEach(Operations(), [this](const Operation& operation, Outcome& outcome) {
         FailAtEachStep(operation, outcome);
     });
 }
