@@ -46,6 +46,12 @@ std::shared_ptr<frmNote> OpenEditor(const StoredNote& note) {
     return editor;
 }
 
+std::shared_ptr<frmNote> RestoreNote(const StoredNote& note) {
+    auto editor = OpenEditor(note);
+    Shared().AlarmFlag = note.record.AlarmState == "1" ? "1" : "0";
+    return editor;
+}
+
 std::shared_ptr<frmNote> OpenNewEditor(const std::string& title) {
     StoredNote note;
     note.record.Title = title;
