@@ -253,45 +253,6 @@ TEST_F(NoteStoreTest, ATitleInASlotIsTakenInTheSameCaseOnly) {
     }
 }
 
-TEST_F(NoteStoreTest, OneBadFileIsReportedOnceUntilTheFolderChanges) {
-    PutNote(Note("a"));
-    PutNote(Note("b"));
-    files.SetDenied(folder + "\\b.txt", true);
-    const auto expectReport = [this] {
-        ExpectNotesArrayError("Error Number: 70) - Permission denied");
-    };
-    expectReport();
-    Start([] {
-        StandardCode::LoadNotesArray();
-        StandardCode::LoadNotesArray();
-    });
-    Start([] { StandardCode::LoadNotesArray(); });
-    EXPECT_FALSE(stage->HasExpectations());
-    PutNote(Note("a", "changed"));
-    expectReport();
-    Start([] { StandardCode::LoadNotesArray(); });
-    PutNote(Note("a", "changed again"));
-    Start([] {
-        const NoteStore::Quiet quiet(StandardCode::Notes());
-        StandardCode::LoadNotesArray();
-    });
-}
-
-TEST_F(NoteStoreTest, TheHundredAndFirstFileIsReportedOnceForEachAction) {
-    for (int i = 1; i <= 101; ++i) {
-        PutNoteAs("Note " + std::to_string(1000 + i) + ".txt", Note("Note"));
-    }
-    for (int action = 1; action <= 2; ++action) {
-        ExpectNotesArrayError("Error Number: 9) - Subscript out of range");
-        Start([] {
-            StandardCode::LoadNotesArray();
-            StandardCode::LoadNotesArray();
-        });
-    }
-    EXPECT_EQ(Shared().NoteCount, 100);
-    EXPECT_EQ(Shared().NotesArray[100].Title, "Note");
-}
-
 TEST_F(NoteStoreTest, TheAlarmOfANoteInTheFileOfAnotherNoteRings) {
     frmNote& first = MakeNote("Same", "one");
     Start([&first] { first.WriteNote(); });
