@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -16,8 +17,17 @@ namespace driver {
 
 namespace {
 
-class SkippedTests : public testing::EmptyTestEventListener {
+// Counts the tests, and collects why some were skipped.
+class TestsOfRun : public testing::EmptyTestEventListener {
   public:
+    // The tests would operate the user's own program, which reads and writes the same options.
+    void OnTestProgramStart(const testing::UnitTest& /*tests*/) override {
+        if (IsInTestKit() &&
+            ::OpenMutexW(SYNCHRONIZE, FALSE, L"Local\\Jotwright.Instance") != nullptr) {
+            std::cerr << "Exit Jotwright, and start run-tests.cmd again.\n";
+            std::exit(3);
+        }
+    }
     void OnTestPartResult(const testing::TestPartResult& part) override {
         if (part.skipped()) {
             ++counts[part.message()];
@@ -55,7 +65,7 @@ class SkippedTests : public testing::EmptyTestEventListener {
 
 // GoogleTest owns its listeners.
 [[maybe_unused]] const bool isListening = [] {
-    testing::UnitTest::GetInstance()->listeners().Append(new SkippedTests);
+    testing::UnitTest::GetInstance()->listeners().Append(new TestsOfRun);
     return true;
 }();
 

@@ -16,12 +16,9 @@ if not exist windows_driver.exe (
     echo Extract the whole archive to a disk of this machine, and start run-tests.cmd there.
     goto end
 )
-set "running="
-for /f "tokens=1" %%n in ('tasklist /nh /fi "username eq %USERNAME%"') do if /i "%%n"=="Jotwright.exe" set "running=yes"
-if defined running (
-    echo Exit Jotwright, and start run-tests.cmd again.
-    goto end
-)
+set "JOTWRIGHT_TEST_KIT=1"
+windows_driver.exe --gtest_filter=- >nul
+if errorlevel 3 goto end
 if exist before\complete.txt call :put_back
 if exist before\complete.txt goto end
 if "%~1"=="--put-back" (
@@ -46,7 +43,6 @@ reg export HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer\BitBucket bef
 reg export "%policies%" before\policies.reg /y >nul 2>&1
 echo Restored by run-tests.cmd --put-back > before\complete.txt
 
-set "JOTWRIGHT_TEST_KIT=1"
 set "JOTWRIGHT_EXE=%CD%\Jotwright\Jotwright.exe"
 set "JOTWRIGHT_TEMP=%CD%\report\temp"
 set "failed=0"
