@@ -31,6 +31,11 @@ jotwright_add_windows_check(windows.package 150 "${scripts}/test-package")
 set_property(TEST windows.package APPEND PROPERTY ENVIRONMENT
              "JOTWRIGHT_PACKAGE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/windows.package")
 
+# A few tests in the kit for real Windows machines. scripts/windows-test-kit --try runs all.
+jotwright_add_windows_check(windows.kit 30 "${scripts}/windows-test-kit" --try
+                            "TrayTest.ALeft*:PrintingTest.*:WinSettingsTest.*"
+                            "${PROJECT_BINARY_DIR}/test-kit.zip")
+
 # The pointer tests at the other scales; the driver tests run at 100 %. All scales share one prefix:
 # each test writes its scale into the prefix's registry.
 foreach(scale 125 150 175 200)

@@ -27,12 +27,13 @@ function(jotwright_add_windows_tests name)
     jotwright_use_precompiled(${name} precompiled_tests)
 endfunction()
 
-# The tests of the sound device listen with the driver's recorder.
-set(recorder "${PROJECT_SOURCE_DIR}/tests/windows/SoundRecorder.cpp"
-             "${PROJECT_SOURCE_DIR}/tests/windows/Files.cpp"
-             "${PROJECT_SOURCE_DIR}/tests/windows/Needs.cpp"
-             "${PROJECT_SOURCE_DIR}/tests/windows/Wait.cpp")
-jotwright_add_windows_tests(conformance_win32 ${conformance_sources} ${recorder})
+# The driver's sound recorder and registry values are also for these tests.
+set(driver_parts "${PROJECT_SOURCE_DIR}/tests/windows/SoundRecorder.cpp"
+                 "${PROJECT_SOURCE_DIR}/tests/windows/Files.cpp"
+                 "${PROJECT_SOURCE_DIR}/tests/windows/Needs.cpp"
+                 "${PROJECT_SOURCE_DIR}/tests/windows/RegistryValue.cpp"
+                 "${PROJECT_SOURCE_DIR}/tests/windows/Wait.cpp")
+jotwright_add_windows_tests(conformance_win32 ${conformance_sources} ${driver_parts})
 target_link_libraries(conformance_win32 PRIVATE jotwright_core win32)
 
 # spare_windows shows, for the gallery, the windows that the program itself never opens. It uses the

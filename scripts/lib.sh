@@ -190,6 +190,19 @@ prepare_wine() {
     wine cmd /c exit >/dev/null 2>&1 </dev/null || die "Wine does not start"
 }
 
+# use_wine_desktop <width>x<height> <key>...: programs with these keys below HKCU\Software\Wine run on a
+# Wine desktop of this size, with a task bar and a notification area in every version of Wine.
+use_wine_desktop() {
+    local size=$1 key
+    shift
+    for key in "$@"; do
+        wine reg add "HKCU\\Software\\Wine\\$key" /v Desktop /d Driver /f >/dev/null 2>&1 9>&-
+    done
+    wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Driver /d "$size" /f >/dev/null 2>&1 9>&-
+    wine reg add 'HKCU\Software\Wine\Explorer\Desktops\Driver' /v EnableShell /t REG_DWORD /d 1 \
+        /f >/dev/null 2>&1 9>&-
+}
+
 # windows_path <path>: prints the absolute path in the form that Windows programs under Wine use.
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 

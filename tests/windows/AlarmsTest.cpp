@@ -1,4 +1,5 @@
 #include "tests/windows/DriverTest.h"
+#include "tests/windows/Hands.h"
 #include "tests/windows/Picture.h"
 
 namespace driver {
@@ -27,6 +28,7 @@ class AlarmsTest : public DriverTest {
 };
 
 Window AlarmsTest::StartWithClosedNote() {
+    Variable("JOTWRIGHT_CLOCK_FILE");  // before a test presses a button that it must release
     WriteNote(title, saved);
     const Window main = StartProgram();
     const Window editor = program.WaitFor(title);
@@ -213,10 +215,10 @@ TEST_F(AlarmsTest, AnAlarmComesUpWhileAWindowIsMoved) {
     const Window main = StartWithClosedNote();
     const RECT place = main.Place();
     // Press the button on the window's title bar and move a little.
-    UseHands("mousemove " + std::to_string((place.left + place.right) / 2) + ' ' +
-             std::to_string(place.top + 10) + " mousedown 1");
-    UseHands("mousemove_relative 20 20");
-    UseHands("mousemove_relative 20 20");
+    hands::MoveTo((place.left + place.right) / 2, place.top + 10);
+    hands::Press();
+    hands::MoveBy(20, 20);
+    hands::MoveBy(20, 20);
     const auto isMoving = [&] {
         GUITHREADINFO info{};
         info.cbSize = sizeof info;
@@ -226,7 +228,7 @@ TEST_F(AlarmsTest, AnAlarmComesUpWhileAWindowIsMoved) {
     WaitUntil("the window is moved", isMoving);
     const Window display = WaitForAlarm();
     EXPECT_TRUE(isMoving());
-    UseHands("mouseup 1");
+    hands::Release();
     WaitUntil("the window is let go", [&] { return !isMoving(); });
     CloseDisplay(display);
 }

@@ -50,6 +50,7 @@ TEST_F(BusyQueueTest, TheRecoveryCopyIsStillWritten) {
 }
 
 TEST_F(BusyQueueTest, AlarmsStillRing) {
+    Clock::Set("2031-06-02 09:00:00");
     WriteNote("Ring", "\"Ring\",\"text\",#2031-06-02#,#09:00:30#,1,12,\"1\",0,\"yes\"\r\n");
     const Window main = StartProgram();
     const Window box = MakeNote(main, "Typing").Only("Edit");

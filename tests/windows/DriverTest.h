@@ -75,7 +75,10 @@ class DriverTest : public testing::Test {
     void LetAlarmCome(const std::string& time, const std::string& caption) const;
 
     std::string NotePath(const std::string& title) const;
-    // Expects the note file to hold exactly these bytes, up to its line end.
+    // Without a clock that tests move, a note that the program makes has today's date. Then returns
+    // the text with today's date in place of the date at which the clock would start.
+    static std::string MadeToday(const std::string& text);
+    // Expects the note file to hold exactly these bytes, or MadeToday() of them.
     void ExpectNote(const std::string& title, const std::string& bytes) const;
     void WriteNote(const std::string& title, const std::string& bytes) const;
     bool NoteFileIs(const std::string& title, const std::string& bytes) const;

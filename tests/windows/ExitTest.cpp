@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "tests/windows/DriverTest.h"
+#include "tests/windows/Needs.h"
 
 namespace driver {
 
@@ -253,6 +254,7 @@ TEST_F(ExitTest, TheSessionEndsWhileAMenuIsOpen) {
 }
 
 TEST_F(ExitTest, TheSessionEndsWhileAWindowIsMoved) {
+    NeedDesktop();
     Begin();
     main.Post(WM_SYSCOMMAND, SC_MOVE);
     WaitUntil("the window is moved", [this] {

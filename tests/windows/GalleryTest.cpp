@@ -6,6 +6,7 @@
 
 #include "forms/win32/Utf.h"
 #include "tests/windows/DriverTest.h"
+#include "tests/windows/Hands.h"
 
 namespace driver {
 
@@ -15,7 +16,7 @@ constexpr const char* listClass = "SysListView32";
 constexpr DWORD timeToPaint = 250;  // milliseconds
 
 // Moves the pointer to the corner of the screen, where it highlights no button.
-void ParkPointer() { UseHands("mousemove 0 0"); }
+void ParkPointer() { hands::MoveTo(0, 0); }
 
 void Bring(const Window& window) {
     ::SetForegroundWindow(window.handle);
@@ -60,6 +61,10 @@ std::string LongText() {
 // tests check the behaviour of the windows. Pictures are named "<group>-<contents>".
 class GalleryTest : public DriverTest {
   protected:
+    void SetUp() override {
+        Variable("JOTWRIGHT_ASK_HOST");
+        DriverTest::SetUp();
+    }
     // Waits until the window has been drawn.
     static void Keep(const Window& window, const std::string& name);
     // Saves a picture of the window with the menu that a right click on this control opens.
@@ -92,8 +97,7 @@ void GalleryTest::KeepWithMenu(const Window& window, const Window& control,
                                const std::string& name) const {
     // The menu opens at the pointer.
     const RECT area = control.Place();
-    UseHands("mousemove " + std::to_string((area.left + area.right) / 2) + ' ' +
-             std::to_string((area.top + area.bottom) / 2));
+    hands::MoveTo((area.left + area.right) / 2, (area.top + area.bottom) / 2);
     RightClick(control);
     WaitUntil("a menu opens", [&] { return static_cast<bool>(program.OpenMenu()); });
     ::Sleep(timeToPaint);

@@ -6,6 +6,7 @@
 
 #include "forms/win32/Utf.h"
 #include "tests/windows/Files.h"
+#include "tests/windows/Needs.h"
 #include "tests/windows/RemoteMemory.h"
 #include "tests/windows/Wait.h"
 
@@ -57,6 +58,7 @@ LPARAM PlaceInRow(const Window& list, int row) {
 // everything is typed again.
 void TypeFields(const Window& picker, const std::vector<std::string>& fields,
                 const std::string& what, const std::function<bool()>& arePicked) {
+    NeedFormatsOfUnitedStates();
     if (!picker.IsVisible() || !picker.IsEnabled()) {
         throw Failure("a user cannot pick a time in " + picker.Description());
     }
@@ -229,8 +231,6 @@ void AskHost(const std::string& line) {
     RenameOver(request + ".new", request);
     WaitUntil("the host has done what it was asked for", [&] { return !FileExists(request); });
 }
-
-void UseHands(const std::string& xdotoolArguments) { AskHost(xdotoolArguments); }
 
 void TakePicture(const std::string& name) { AskHost("picture " + name); }
 

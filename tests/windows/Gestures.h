@@ -24,7 +24,8 @@ void CloseMenu(const Program& program, const Window& receiver);
 void RightClick(const Window& control);
 void DoubleClick(const Window& control);
 
-// Types a date or time field by field. The pickers use the formats of the United States.
+// Types a date or time field by field. The pickers use the formats of the United States; in the
+// test kit, a test is skipped if the user has others.
 void PickDate(const Window& picker, int year, int month, int day);
 void PickTime(const Window& picker, int hour, int minute);
 SYSTEMTIME Picked(const Window& picker);
@@ -45,8 +46,6 @@ void Select(const Window& comboBox, int index);
 
 // Sends a request to the host; see scripts/run-windows-tests.
 void AskHost(const std::string& line);
-// Produces input like a real user, from outside Windows. The arguments are those of xdotool.
-void UseHands(const std::string& xdotoolArguments);
 // Saves a picture of the whole display under this name.
 void TakePicture(const std::string& name);
 // Saves a picture of a part of the display.

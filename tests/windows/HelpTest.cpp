@@ -2,12 +2,16 @@
 #include <shellapi.h>
 
 #include "forms/win32/Utf.h"
+#include "forms/win32/devices/WinShell.h"
 #include "tests/windows/DriverTest.h"
+#include "tests/windows/Hands.h"
+#include "tests/windows/Needs.h"
 
 namespace driver {
 
 using forms::win32::Narrow;
 using forms::win32::Wide;
+using forms::win32::WinShell;
 
 namespace {
 
@@ -67,9 +71,25 @@ void ExpectContentsAndCloseThem() {
 
 }  // namespace
 
-class HelpTest : public DriverTest {};
+class HelpTest : public DriverTest {
+  protected:
+    // Skips the test if the help opens in the browser.
+    void NeedViewer() const;
+};
+
+void HelpTest::NeedViewer() const {
+    const auto inFolder = [](UINT(WINAPI * getFolder)(LPWSTR, UINT)) {
+        wchar_t path[MAX_PATH]{};
+        getFolder(path, MAX_PATH);
+        return WinShell::IsHelpViewer(path + std::wstring(L"\\winhlp32.exe"));
+    };
+    Need((inFolder(&::GetSystemWindowsDirectoryW) || inFolder(&::GetSystemDirectoryW)) &&
+             !WinShell::IsRefusedByViewer(Wide(folder + "\\JOTWRIGHT2.hlp")),
+         "a viewer of help files, and a path that it can read");
+}
 
 TEST_F(HelpTest, TheMenuOpensTheContents) {
+    NeedViewer();
     const Window main = StartProgram();
     ASSERT_FALSE(HelpWindow());
     ChooseFromMenuBar(program, main, {2, 1});
@@ -78,6 +98,7 @@ TEST_F(HelpTest, TheMenuOpensTheContents) {
 }
 
 TEST_F(HelpTest, TheButtonOfANoteOpensTheContents) {
+    NeedViewer();
     const Window main = StartProgram();
     const Window editor = MakeNote(main, "Dentist");
     ASSERT_FALSE(HelpWindow());
@@ -87,11 +108,12 @@ TEST_F(HelpTest, TheButtonOfANoteOpensTheContents) {
 }
 
 TEST_F(HelpTest, F1OpensTheContentsFromEachWindow) {
+    NeedViewer();
     const auto pressF1 = [](const Window& window) {
         ASSERT_FALSE(HelpWindow());
         BringUp(window);
         WaitForKeyboard(window);
-        Window::PressKeys({VK_F1});
+        hands::PressKeys({VK_F1});
         ExpectContentsAndCloseThem();
     };
     const Window main = StartProgram();
@@ -104,6 +126,8 @@ TEST_F(HelpTest, F1OpensTheContentsFromEachWindow) {
 }
 
 TEST_F(HelpTest, TheShippedShortcutStartsTheProgram) {
+    Need(!IsInTestKit() || executable == "C:\\Jotwright\\Jotwright.exe",
+         "the program where its shortcut looks for it");
     const std::string shortcut = folder + "\\Shortcut To Jotwright.lnk";
     const HINSTANCE result =
         ::ShellExecuteW(nullptr, L"open", Wide(shortcut).c_str(), nullptr, L"C:\\", SW_SHOWNORMAL);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "tests/windows/DriverTest.h"
+#include "tests/windows/Hands.h"
 
 namespace driver {
 
@@ -47,7 +48,7 @@ bool GoesBack(const Window& from, const Window& to) {
 
 void KeyboardTest::PressTab(const Window& window) {
     const Window before = window.Focus();
-    Window::PressKeys({VK_TAB});
+    hands::PressKeys({VK_TAB});
     WaitUntil("the focus moves on from " + before.Description(),
               [&] { return window.Focus() && window.Focus() != before; });
 }
@@ -89,7 +90,7 @@ void KeyboardTest::PressUntil(const std::string& what, const std::vector<WORD>& 
         if (effect()) {
             return true;
         }
-        Window::PressKeys(keys);
+        hands::PressKeys(keys);
         return ComesTrueSoon(effect);
     });
 }
@@ -98,7 +99,7 @@ void KeyboardTest::ExpectMenuBy(const std::vector<WORD>& keys, const Window& win
     WaitForKeyboard(window);
     PressUntil("a menu opens in " + window.Description(), keys,
                [&] { return static_cast<bool>(program.OpenMenu()); });
-    Window::PressKeys({VK_ESCAPE});
+    hands::PressKeys({VK_ESCAPE});
     WaitUntil("the menu closes", [&] { return !program.OpenMenu(); });
 }
 
@@ -109,7 +110,7 @@ void KeyboardTest::ExpectMenu(const Window& window) const {
 
 void KeyboardTest::CloseByEscape(const Window& window) const {
     WaitForKeyboard(window);
-    Window::PressKeys({VK_ESCAPE});
+    hands::PressKeys({VK_ESCAPE});
     WaitUntil("Escape closes the window", [&] { return !window.Exists(); });
 }
 
@@ -130,11 +131,11 @@ TEST_F(KeyboardTest, AccessKeysOfTheMainWindowOpenTheToolsAndEscapeClosesThem) {
     WaitForKeyboard(main);
     PressUntil("the focus moves", {VK_MENU, 'C'},
                [&] { return main.Button("Start CooKoo &Clock").HasFocus(); });
-    Window::PressKeys({'C'});
+    hands::PressKeys({'C'});
     WaitUntil("the focus moves on", [&] { return main.Button("Notes &Control Panel").HasFocus(); });
     PressUntil("the focus moves back", {VK_MENU, 'C'},
                [&] { return main.Button("Start CooKoo &Clock").HasFocus(); });
-    Window::PressKeys({VK_SPACE});
+    hands::PressKeys({VK_SPACE});
     WaitUntil("the button is pressed",
               [&] { return static_cast<bool>(main.FindChild("Button", "Stop CooKoo &Clock")); });
     ExpectMenu(main);
@@ -156,10 +157,10 @@ TEST_F(KeyboardTest, TheMenuBarOpensTheOtherWindows) {
         WaitUntil(std::string("the menu leads to ") + caption, [&] {
             main.Post(WM_CANCELMODE);
             WaitUntil("no menu is open", [&] { return !program.OpenMenu(); });
-            Window::PressKeys({VK_F10});
+            hands::PressKeys({VK_F10});
             for (const WORD key : keys) {
                 ::Sleep(50);
-                Window::PressKeys({key});
+                hands::PressKeys({key});
             }
             return ComesTrueSoon([&] { return !program.Visible(caption).empty(); });
         });
@@ -173,14 +174,14 @@ TEST_F(KeyboardTest, TheMenuBarOpensTheOtherWindows) {
 TEST_F(KeyboardTest, ANoteIsMadeWrittenSavedAndClosed) {
     const Window main = StartProgram();
     WaitForKeyboard(main);
-    Window::TypeKeys("2004");
-    Window::PressKeys({VK_RETURN});
+    hands::TypeKeys("2004");
+    hands::PressKeys({VK_RETURN});
     CloseByEscape(program.WaitFor(" Note Title Error"));
     WaitForKeyboard(main);
     EXPECT_TRUE(main.Only("Edit").HasFocus());
-    Window::PressKeys({VK_CONTROL, 'A'});
-    Window::TypeKeys("dentist");
-    Window::PressKeys({VK_RETURN});
+    hands::PressKeys({VK_CONTROL, 'A'});
+    hands::TypeKeys("dentist");
+    hands::PressKeys({VK_RETURN});
 
     const Window editor = program.WaitFor("dentist");
     WaitUntilFilled(editor, "Edit");
@@ -188,35 +189,35 @@ TEST_F(KeyboardTest, ANoteIsMadeWrittenSavedAndClosed) {
     const Window text = editor.Only("Edit");
     EXPECT_TRUE(text.HasFocus());
     ExpectMenu(editor);
-    Window::TypeKeys("call them");
-    Window::PressKeys({VK_RETURN});
-    Window::TypeKeys("soon");
+    hands::TypeKeys("call them");
+    hands::PressKeys({VK_RETURN});
+    hands::TypeKeys("soon");
     WaitUntil("the text is typed", [&] { return text.Text() == "call them\r\nsoon"; });
-    Window::PressKeys({VK_CONTROL, VK_BACK});
+    hands::PressKeys({VK_CONTROL, VK_BACK});
     WaitUntil("the word is deleted", [&] { return text.Text() == "call them\r\n"; });
-    Window::PressKeys({VK_CONTROL, 'A'});
-    Window::PressKeys({VK_DELETE});
+    hands::PressKeys({VK_CONTROL, 'A'});
+    hands::PressKeys({VK_DELETE});
     WaitUntil("all is deleted", [&] { return text.Text().empty(); });
-    Window::PressKeys({VK_CONTROL, 'Z'});
+    hands::PressKeys({VK_CONTROL, 'Z'});
     WaitUntil("that is undone", [&] { return !text.Text().empty(); });
 
     ExpectTabRound(editor);
-    Window::PressKeys({VK_SHIFT, VK_TAB});
+    hands::PressKeys({VK_SHIFT, VK_TAB});
     const Window toolbar = editor.Only(toolbarClass);
     WaitUntil("the toolbar has the focus", [&] { return toolbar.HasFocus(); });
     ExpectMenu(editor);
-    Window::PressKeys({VK_END});
-    Window::PressKeys({VK_RETURN});
+    hands::PressKeys({VK_END});
+    hands::PressKeys({VK_RETURN});
     CloseByEscape(program.WaitFor("About Jotwright"));
     WaitUntil("the toolbar has the focus", [&] { return toolbar.HasFocus(); });
-    Window::PressKeys({VK_RIGHT});
-    Window::PressKeys({VK_SPACE});
+    hands::PressKeys({VK_RIGHT});
+    hands::PressKeys({VK_SPACE});
     WaitUntil("a box says that the note is saved", [&] {
         const auto boxes = program.Visible("", "#32770");
         return !boxes.empty() && ::GetForegroundWindow() == boxes.front().handle;
     });
     EXPECT_TRUE(FileExists(NotePath("dentist")));
-    Window::PressKeys({VK_RETURN});
+    hands::PressKeys({VK_RETURN});
     WaitForKeyboard(editor);
     PressUntil("the editor closes", {VK_MENU, VK_F4}, [&] { return !editor.Exists(); });
 }
@@ -232,13 +233,13 @@ TEST_F(KeyboardTest, TheControlPanelCanBeUsedFromItsList) {
     WaitForKeyboard(panel);
     const Window list = panel.Only(listClass);
     EXPECT_TRUE(list.HasFocus());
-    Window::PressKeys({VK_DOWN});
+    hands::PressKeys({VK_DOWN});
     WaitUntil("a row is selected", [&] {
         return list.Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED) == 0;
     });
     ExpectTabRound(panel);
     ExpectMenu(panel);
-    Window::PressKeys({VK_RETURN});
+    hands::PressKeys({VK_RETURN});
     const Window editor = program.WaitFor("Dentist");
     WaitUntilFilled(editor, "Edit");
     CloseAndWait(editor);
@@ -249,20 +250,20 @@ TEST_F(KeyboardTest, ControlSSavesANote) {
     const Window editor = MakeNote(StartProgram(), "Dentist");
     WaitForKeyboard(editor);
     const Window text = editor.Only("Edit");
-    Window::TypeKeys("call");
+    hands::TypeKeys("call");
     // AltGr, which is Ctrl and Alt, types letters in many layouts.
-    Window::PressKeys({VK_CONTROL, VK_MENU, 'S'});
-    Window::TypeKeys("x");
+    hands::PressKeys({VK_CONTROL, VK_MENU, 'S'});
+    hands::TypeKeys("x");
     WaitUntil("the text is typed", [&] { return text.Text().ends_with('x'); });
     EXPECT_TRUE(program.Visible("", "#32770").empty());
     EXPECT_FALSE(FileExists(NotePath("Dentist")));
-    Window::PressKeys({VK_CONTROL, 'S'});
+    hands::PressKeys({VK_CONTROL, 'S'});
     WaitUntil("a box says that the note is saved", [&] {
         const auto boxes = program.Visible("", "#32770");
         return !boxes.empty() && ::GetForegroundWindow() == boxes.front().handle;
     });
     EXPECT_TRUE(FileExists(NotePath("Dentist")));
-    Window::PressKeys({VK_RETURN});
+    hands::PressKeys({VK_RETURN});
     WaitForKeyboard(editor);
     EXPECT_TRUE(text.HasFocus());
 }
@@ -273,9 +274,9 @@ TEST_F(KeyboardTest, DeleteErasesTheNoteThatIsSelectedInTheControlPanel) {
     CloseAndWait(program.WaitFor("Dentist"));
     const Window panel = OpenPanel(main);
     WaitForKeyboard(panel);
-    Window::PressKeys({VK_DOWN});
+    hands::PressKeys({VK_DOWN});
     WaitUntil("Erase can be used", [&] { return panel.Button("&Erase").IsEnabled(); });
-    Window::PressKeys({VK_DELETE});
+    hands::PressKeys({VK_DELETE});
     Box(program, "Deleting Note").Click("Yes");
     WaitUntil("the note is erased", [&] { return !FileExists(NotePath("Dentist")); });
 }
@@ -289,13 +290,13 @@ TEST_F(KeyboardTest, AnAlarmDisplayHasItsMenuAndKeepsItsText) {
     WaitUntilFilled(display, "Edit");
     WaitForKeyboard(display);
     ExpectMenu(display);
-    Window::PressKeys({VK_ESCAPE});
-    Window::PressKeys({VK_APPS});
+    hands::PressKeys({VK_ESCAPE});
+    hands::PressKeys({VK_APPS});
     WaitUntil("a menu opens", [&] { return static_cast<bool>(program.OpenMenu()); });
     EXPECT_TRUE(display.Exists()) << "Escape does not answer an alarm";
     WaitUntil("its last entry leads to the question", [&] {
-        Window::PressKeys({VK_UP});
-        Window::PressKeys({VK_RETURN});
+        hands::PressKeys({VK_UP});
+        hands::PressKeys({VK_RETURN});
         return ComesTrueSoon([&] { return !program.Visible(displayQuestion).empty(); });
     });
     Box(program, displayQuestion).Click("No");

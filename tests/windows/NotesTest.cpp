@@ -1,5 +1,7 @@
 #include "forms/win32/Utf.h"
 #include "tests/windows/DriverTest.h"
+#include "tests/windows/Hands.h"
+#include "tests/windows/Needs.h"
 #include "tests/windows/Picture.h"
 
 namespace driver {
@@ -30,7 +32,9 @@ TEST_F(NotesTest, ANewNoteIsSavedWithAllItsFields) {
         return picture.Share(yellow) > 0.8 && picture.Share(black) > 0.001;
     })) << "black on yellow";
 
-    ExpectDate(DatePicker(editor), 2031, 6, 2);
+    if (Has("JOTWRIGHT_CLOCK_FILE")) {
+        ExpectDate(DatePicker(editor), 2031, 6, 2);
+    }
     ExpectTime(TimePicker(editor), 12, 0);
     PickDate(DatePicker(editor), 2031, 6, 5);
     PickTime(TimePicker(editor), 9, 31);
@@ -90,12 +94,12 @@ TEST_F(NotesTest, ANoteComesBackMinimizedWithEverythingSaved) {
 TEST_F(NotesTest, ANoteCanBeWrittenWithTheKeyboardOnly) {
     const Window main = StartProgram();
     WaitUntil("the title box has the focus", [&] { return main.Only("Edit").HasFocus(); });
-    Window::TypeKeys("shopping list");
+    hands::TypeKeys("shopping list");
     WaitUntil("the title is typed", [&] { return main.Only("Edit").Text() == "shopping list"; });
-    Window::TypeKeys("\r");
+    hands::TypeKeys("\r");
     const Window editor = program.WaitFor("shopping list");
     WaitUntil("the text box has the focus", [&] { return editor.Only("Edit").HasFocus(); });
-    Window::TypeKeys("milk\rtwo eggs");
+    hands::TypeKeys("milk\rtwo eggs");
     WaitUntil("the text is typed",
               [&] { return editor.Only("Edit").Text() == "milk\r\ntwo eggs"; });
     ChooseFromPopup(program, editor.Only("Edit"), popupHideMe);

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "forms/win32/Utf.h"
+#include "tests/windows/Needs.h"
 #include "tests/windows/Wait.h"
 
 namespace driver {
@@ -26,6 +27,7 @@ void StartGdiPlus() {
 }  // namespace
 
 Picture::Picture(const Window& window, int margin) {
+    NeedDesktop();
     RECT place = window.Place();
     ::InflateRect(&place, -margin, -margin);
     width = place.right - place.left;

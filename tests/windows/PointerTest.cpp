@@ -3,6 +3,7 @@
 #include <string>
 
 #include "tests/windows/DriverTest.h"
+#include "tests/windows/Hands.h"
 
 namespace driver {
 
@@ -32,7 +33,7 @@ class PointerTest : public DriverTest {
     static void MoveTo(const Window& window, int x, int y) {
         const POINT origin = window.ClientOrigin();
         const POINT place{origin.x + x, origin.y + y};
-        UseHands("mousemove " + std::to_string(place.x) + ' ' + std::to_string(place.y));
+        hands::MoveTo(place.x, place.y);
         WaitUntil("the pointer is there", [&] {
             POINT now{};
             return ::GetCursorPos(&now) != 0 && now.x == place.x && now.y == place.y;
@@ -52,7 +53,7 @@ class PointerTest : public DriverTest {
     // The program gets a real key after all earlier moves of the pointer. The timer window gets the
     // key only if it has kept the keyboard focus and no menu is open.
     static void ExpectTimerHasKeyboard(const Window& timer, const std::string& typed) {
-        UseHands("key " + typed.substr(typed.size() - 1));
+        hands::TypeDigit(typed.back());
         EXPECT_TRUE(ComesTrue([&] { return timer.Only("Edit").Text() == typed; }))
             << timer.Only("Edit").Text() << " instead of " << typed;
     }
@@ -87,14 +88,14 @@ TEST_F(PointerTest, MovesAlongTheTopWithTheButtonDownAreNotTrayMessages) {
     const Window main = StartProgram();
     const Window timer = OpenTimer(main);
     MoveTo(main, 400, 0);
-    UseHands("mousedown 1");
+    hands::Press();
     for (int x = 512; x <= 519; ++x) {
         if (x < InnerWidth(main)) {
             MoveTo(main, x, 0);
         }
     }
     MoveTo(main, 300, 0);
-    UseHands("mouseup 1");
+    hands::Release();
     BringUp(timer);
     ExpectTimerHasKeyboard(timer, "7");
     EXPECT_FALSE(program.OpenMenu());

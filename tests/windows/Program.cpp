@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "forms/win32/Utf.h"
+#include "tests/windows/Needs.h"
 #include "tests/windows/Wait.h"
 
 namespace driver {
@@ -54,6 +55,8 @@ struct HandleList {
     HandleEntry entries[1];
 };
 constexpr ULONG listOfHandles = 64;
+constexpr auto tooSmall = static_cast<LONG>(0xC0000004);  // STATUS_INFO_LENGTH_MISMATCH
+constexpr std::size_t mostMemory = 1U << 26U;             // numbers
 using QuerySystem = LONG(WINAPI*)(ULONG information, void* memory, ULONG size, ULONG* needed);
 
 // Empty if the system does not report them. GetProcessHandleCount would be simpler, but some
@@ -61,9 +64,20 @@ using QuerySystem = LONG(WINAPI*)(ULONG information, void* memory, ULONG size, U
 std::vector<HANDLE> HandlesOf(DWORD process) {
     const auto query = reinterpret_cast<QuerySystem>(reinterpret_cast<void*>(
         ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation")));
+    if (query == nullptr) {
+        return {};
+    }
     std::vector<ULONG_PTR> memory(1 << 17);
-    const auto size = static_cast<ULONG>(memory.size() * sizeof(ULONG_PTR));
-    if (query == nullptr || query(listOfHandles, memory.data(), size, nullptr) != 0) {
+    const auto ask = [&] {
+        const auto size = static_cast<ULONG>(memory.size() * sizeof(ULONG_PTR));
+        return query(listOfHandles, memory.data(), size, nullptr);
+    };
+    LONG status = ask();
+    while (status == tooSmall && memory.size() < mostMemory) {
+        memory.resize(memory.size() * 2);
+        status = ask();
+    }
+    if (status != 0) {
         return {};
     }
     const auto& list = *reinterpret_cast<const HandleList*>(memory.data());
@@ -76,11 +90,27 @@ std::vector<HANDLE> HandlesOf(DWORD process) {
     return handles;
 }
 
-bool AreOfOneObject(HANDLE a, HANDLE b) {
-    using Compare = BOOL(WINAPI*)(HANDLE, HANDLE);
+// Whether two handles are of one object.
+using Compare = BOOL(WINAPI*)(HANDLE, HANDLE);
+Compare CompareHandles() {
     const auto compare = reinterpret_cast<Compare>(reinterpret_cast<void*>(
         ::GetProcAddress(::GetModuleHandleW(L"kernelbase.dll"), "CompareObjectHandles")));
-    return compare != nullptr && compare(a, b) != 0;
+    Need(compare != nullptr, "Windows 10");
+    return compare;
+}
+
+// A job that ends its processes when this program ends, however that happens: a program that is
+// left behind would be taken for the user's own.
+HANDLE JobOfThisProgram() {
+    static const HANDLE job = [] {
+        HANDLE made = ::CreateJobObjectW(nullptr, nullptr);
+        JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+        limits.BasicLimitInformation.LimitFlags =
+            JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE | JOB_OBJECT_LIMIT_SILENT_BREAKAWAY_OK;
+        ::SetInformationJobObject(made, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+        return made;
+    }();
+    return job;
 }
 
 }  // namespace
@@ -115,6 +145,8 @@ void Program::Start(const std::string& path, const std::string& arguments) {
         throw Failure("cannot start " + path);
     }
     ::CloseHandle(information.hThread);
+    // Windows 7 refuses this if this program is in a job itself.
+    ::AssignProcessToJobObject(JobOfThisProgram(), information.hProcess);
     process = information.hProcess;
     id = information.dwProcessId;
 }
@@ -146,6 +178,7 @@ void Program::CloseMutex(const std::string& name) const {
     if (mutex == nullptr) {
         throw Failure("there is no mutex " + name);
     }
+    const Compare areOfOneObject = CompareHandles();
     bool isClosed = false;
     for (HANDLE handle : HandlesOf(id)) {
         HANDLE copy = nullptr;
@@ -153,7 +186,7 @@ void Program::CloseMutex(const std::string& name) const {
                               DUPLICATE_SAME_ACCESS) == 0) {
             continue;
         }
-        const bool isWanted = AreOfOneObject(mutex, copy);
+        const bool isWanted = areOfOneObject(mutex, copy) != 0;
         ::CloseHandle(copy);
         if (isWanted && ::DuplicateHandle(process, handle, ::GetCurrentProcess(), &copy, 0, FALSE,
                                           DUPLICATE_SAME_ACCESS | DUPLICATE_CLOSE_SOURCE) != 0) {

@@ -3,6 +3,7 @@
 #include "forms/win32/Utf.h"
 #include "tests/windows/DriverTest.h"
 #include "tests/windows/Picture.h"
+#include "tests/windows/RegistryValue.h"
 
 namespace driver {
 
@@ -12,29 +13,26 @@ using forms::win32::Wide;
 
 constexpr COLORREF yellow = RGB(255, 255, 0);
 
-// Switches the Recycle Bin off for the disk of a folder while the object exists, as a user can.
-class NoRecycleBin {
-  public:
-    explicit NoRecycleBin(const std::string& folder) {
-        wchar_t root[MAX_PATH]{};
-        wchar_t volume[MAX_PATH]{};
-        if (::GetVolumePathNameW(Wide(folder).c_str(), root, MAX_PATH) == 0 ||
-            ::GetVolumeNameForVolumeMountPointW(root, volume, MAX_PATH) == 0) {
-            throw Failure("the disk of " + folder + " has no name");
-        }
-        const std::wstring name = volume;
-        key = L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\BitBucket\\Volume\\" +
-              name.substr(name.find(L'{'), name.find(L'}') + 1 - name.find(L'{'));
-        const DWORD yes = 1;
-        ::RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), L"NukeOnDelete", REG_DWORD, &yes,
-                          sizeof yes);
+// The name in the registry of the disk that holds a folder.
+std::wstring DiskOf(const std::string& folder) {
+    wchar_t root[MAX_PATH]{};
+    wchar_t volume[MAX_PATH]{};
+    if (::GetVolumePathNameW(Wide(folder).c_str(), root, MAX_PATH) == 0 ||
+        ::GetVolumeNameForVolumeMountPointW(root, volume, MAX_PATH) == 0) {
+        throw Failure("the disk of " + folder + " has no name");
     }
-    ~NoRecycleBin() { ::RegDeleteKeyValueW(HKEY_CURRENT_USER, key.c_str(), L"NukeOnDelete"); }
-    NoRecycleBin(const NoRecycleBin&) = delete;
-    NoRecycleBin& operator=(const NoRecycleBin&) = delete;
+    const std::wstring name = volume;
+    return name.substr(name.find(L'{'), name.find(L'}') + 1 - name.find(L'{'));
+}
 
-  private:
-    std::wstring key;
+// Switches the Recycle Bin off for the disk of a folder while the object exists, as a user can.
+class NoRecycleBin : RegistryValue {
+  public:
+    explicit NoRecycleBin(const std::string& folder)
+        : RegistryValue(
+              L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\BitBucket\\Volume\\" +
+                  DiskOf(folder),
+              L"NukeOnDelete", 1) {}
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <functional>
 
 #include "tests/windows/DriverTest.h"
+#include "tests/windows/Hands.h"
 
 namespace driver {
 
@@ -45,7 +46,7 @@ TEST_F(StartUpTest, TheFirstStartMakesTheFolderAndShowsSplashMainWindowAndTips) 
     program.WaitUntilGone("Jotwright - Tips and Tricks");
     WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });
     EXPECT_EQ(Setting("Startup", "View Tips"), "1");
-    Window::TypeKeys("dentist");
+    hands::TypeKeys("dentist");
     WaitUntil("the keys reach the title box",
               [&] { return main.Only("Edit").Text() == "dentist"; });
     ExitProgram();

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tests/windows/DriverTest.h"
+#include "tests/windows/Hands.h"
 #include "tests/windows/RemoteMemory.h"
 
 namespace driver {
@@ -31,10 +32,10 @@ void ToolTipsTest::ExpectTipAt(POINT place, const std::string& text) {
     std::string shown;
     // A tip closes by itself, so a test that was stopped for a while may miss it.
     WaitUntil("a tip is shown that says: " + text, [&] {
-        UseHands("mousemove 1 1");
+        hands::MoveTo(1, 1);
         WaitUntil("no tip is left", [this] { return !Shown(); });
-        UseHands("mousemove " + std::to_string(place.x) + ' ' + std::to_string(place.y));
-        UseHands("mousemove_relative 2 1");
+        hands::MoveTo(place.x, place.y);
+        hands::MoveBy(2, 1);
         return ComesTrueSoon([&] {
             const Window tip = Shown();
             shown = tip ? tip.Text() : "";

@@ -18,15 +18,6 @@ namespace {
 constexpr UINT answerTimeout = 3'600'000;
 constexpr UINT probeTimeout = 500;  // milliseconds
 
-INPUT KeyInput(WORD key, bool release) {
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = key;
-    input.ki.wScan = static_cast<WORD>(::MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-    input.ki.dwFlags = release ? DWORD{KEYEVENTF_KEYUP} : 0;
-    return input;
-}
-
 }  // namespace
 
 RECT Window::Place() const {
@@ -146,24 +137,6 @@ void Window::Type(const std::string& text) const {
     }
     // Single-line boxes notify their window of the change. Multi-line boxes do not.
     Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(text).c_str()));
-}
-
-void Window::TypeKeys(const std::string& text) {
-    for (const char character : text) {
-        const SHORT key = ::VkKeyScanW(static_cast<unsigned char>(character));
-        PressKeys({static_cast<WORD>(key & 0xFF)});
-    }
-}
-
-void Window::PressKeys(const std::vector<WORD>& virtualKeys) {
-    std::vector<INPUT> inputs;
-    for (auto key = virtualKeys.begin(); key != virtualKeys.end(); ++key) {
-        inputs.push_back(KeyInput(*key, false));
-    }
-    for (auto key = virtualKeys.rbegin(); key != virtualKeys.rend(); ++key) {
-        inputs.push_back(KeyInput(*key, true));
-    }
-    ::SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
 void Window::Press(WPARAM virtualKey) const {

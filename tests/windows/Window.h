@@ -59,12 +59,6 @@ class Window {
     bool IsChecked() const { return Send(BM_GETCHECK) == BST_CHECKED; }
     // Replaces the text, and sends the same notifications as typing.
     void Type(const std::string& text) const;
-    // Types on the real keyboard, into the window that has the focus. Supports only letters, digits
-    // and blanks.
-    static void TypeKeys(const std::string& text);
-    // Presses real keys one after the other and releases them in reverse order. They go to the
-    // window that has the focus.
-    static void PressKeys(const std::vector<WORD>& virtualKeys);
     void Press(WPARAM virtualKey) const;
     // Clicks the close box of the title bar.
     void CloseBox() const { Post(WM_CLOSE); }

@@ -120,9 +120,12 @@ bool WinShell::IsHelpViewer(const std::wstring& program) {
 }
 
 bool WinShell::IsRefusedByViewer(const std::wstring& helpFile) {
+    BOOL isLossy = FALSE;
+    ::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, helpFile.c_str(), -1, nullptr, 0, nullptr,
+                          &isLossy);
     const std::wstring root = helpFile.substr(0, helpFile.find(L'\\') + 1);
-    return helpFile.starts_with(L"\\\\") || ::GetDriveTypeW(root.c_str()) == DRIVE_REMOTE ||
-           IsFile(helpFile + L":Zone.Identifier");
+    return isLossy != 0 || helpFile.starts_with(L"\\\\") ||
+           ::GetDriveTypeW(root.c_str()) == DRIVE_REMOTE || IsFile(helpFile + L":Zone.Identifier");
 }
 
 }  // namespace forms::win32

@@ -22,8 +22,9 @@ class WinShell : public Shell {
     // Whether this program can show help files. Newer systems have a program of the same name that
     // only says that it cannot.
     static bool IsHelpViewer(const std::wstring& program);
-    // Whether the viewer refuses this file, because it lies on a network or was downloaded. The
-    // viewer then shows an error, and reports success.
+    // Whether the viewer refuses this file, because it lies on a network, was downloaded, or has
+    // letters in its path that the system's code page lacks. The viewer then shows an error, and
+    // reports success.
     static bool IsRefusedByViewer(const std::wstring& helpFile);
 
   private:

@@ -12,6 +12,7 @@
 #include "forms/win32/devices/WinFiles.h"
 #include "tests/conformance/win32/TempFolder.h"
 #include "tests/support/ErrorOf.h"
+#include "tests/windows/RegistryValue.h"
 
 namespace forms::win32 {
 
@@ -124,7 +125,7 @@ TEST_F(WinFilesTest, AShortNameIsNotTheNameOfItsFile) {
     const std::string whole = Narrow(path);
     const std::string shortPath = folder / whole.substr(whole.find_last_of('\\') + 1);
     if (shortPath == folder / name) {
-        GTEST_SKIP() << "needs a disk with short names";
+        GTEST_SKIP() << "skipped: needs a disk with short names";
     }
     ASSERT_NE(::GetFileAttributesW(Wide(shortPath).c_str()), INVALID_FILE_ATTRIBUTES)
         << "what follows would prove nothing";
@@ -362,24 +363,6 @@ TEST_F(WinFilesTest, RecycledFilesAreGoneAndNoTimerRunsMeanwhile) {
     EXPECT_FALSE(files.FileExists(note));
 }
 
-// Sets a number in the registry during one test.
-class RegistryChoice {
-  public:
-    RegistryChoice(std::wstring choiceKey, const wchar_t* choiceValue, DWORD number)
-        : key(std::move(choiceKey)), value(choiceValue) {
-        EXPECT_EQ(::RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), value, REG_DWORD, &number,
-                                    sizeof number),
-                  ERROR_SUCCESS);
-    }
-    ~RegistryChoice() { ::RegDeleteKeyValueW(HKEY_CURRENT_USER, key.c_str(), value); }
-    RegistryChoice(const RegistryChoice&) = delete;
-    RegistryChoice& operator=(const RegistryChoice&) = delete;
-
-  private:
-    std::wstring key;
-    const wchar_t* value;
-};
-
 TEST_F(WinFilesTest, WhatTheShellWouldDestroyIsNotGivenToIt) {
     const std::wstring explorer = L"Software\\Microsoft\\Windows\\CurrentVersion\\";
     wchar_t root[MAX_PATH]{};
@@ -388,20 +371,20 @@ TEST_F(WinFilesTest, WhatTheShellWouldDestroyIsNotGivenToIt) {
     ASSERT_NE(::GetVolumeNameForVolumeMountPointW(root, volume, MAX_PATH), 0);
     const std::wstring name = volume;
     const std::size_t brace = name.find(L'{');
-    const RegistryChoice oneMebibyte(explorer + L"Explorer\\BitBucket\\Volume\\" +
-                                         name.substr(brace, name.find(L'}') + 1 - brace),
-                                     L"MaxCapacity", 1);
+    const driver::RegistryValue oneMebibyte(explorer + L"Explorer\\BitBucket\\Volume\\" +
+                                                name.substr(brace, name.find(L'}') + 1 - brace),
+                                            L"MaxCapacity", 1);
     files.Write(note, std::string((1U << 20U) + 1, 'x'));
     EXPECT_FALSE(files.Recycle(note));
     EXPECT_TRUE(files.FileExists(note));
     files.Write(note, std::string(1U << 20U, 'x'));
     {
-        const RegistryChoice policy(explorer + L"Policies\\Explorer", L"NoRecycleFiles", 1);
+        const driver::RegistryValue policy(explorer + L"Policies\\Explorer", L"NoRecycleFiles", 1);
         EXPECT_FALSE(files.Recycle(note));
         EXPECT_TRUE(files.FileExists(note));
     }
     {
-        const RegistryChoice policy(explorer + L"Policies\\Explorer", L"RecycleBinSize", 0);
+        const driver::RegistryValue policy(explorer + L"Policies\\Explorer", L"RecycleBinSize", 0);
         EXPECT_FALSE(files.Recycle(note));
         EXPECT_TRUE(files.FileExists(note));
     }
