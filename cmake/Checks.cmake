@@ -17,8 +17,8 @@ jotwright_add_check(check.shell shellcheck -x run test .ci/run scripts/lib.sh
                     scripts/gallery scripts/install-packages scripts/check-hardening
                     scripts/layout-app scripts/long-run scripts/make-installer scripts/package
                     scripts/run-fuzzer scripts/run-windows-tests scripts/run-windows32-tests
-                    scripts/sign scripts/test-on scripts/test-package scripts/test-reproducible
-                    scripts/windows-test-kit)
+                    scripts/sign scripts/test-first-start scripts/test-on scripts/test-package
+                    scripts/test-reproducible scripts/windows-test-kit)
 
 if(NOT JOTWRIGHT_FUZZERS)
     return()

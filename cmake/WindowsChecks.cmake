@@ -27,6 +27,8 @@ jotwright_add_windows_check(windows.long 100 "${scripts}/run-windows-tests" --ap
 jotwright_add_windows_check(check.hardening 1 "${scripts}/check-hardening"
                             "${PROJECT_BINARY_DIR}/Jotwright.exe"
                             "${PROJECT_BINARY_DIR}/JotwrightPortable.exe")
+jotwright_add_windows_check(windows.first_start 10 "${scripts}/test-first-start"
+                            "${PROJECT_BINARY_DIR}")
 jotwright_add_windows_check(windows.package 150 "${scripts}/test-package")
 set_property(TEST windows.package APPEND PROPERTY ENVIRONMENT
              "JOTWRIGHT_PACKAGE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/windows.package")

@@ -47,10 +47,16 @@ void frmSplash::Form_Load() {
 }
 
 void frmSplash::tmrSplash_Timer() {
-    if (TickCount != 1) {
-        ++TickCount;
-        return;
+    ++TickCount;
+    if (TickCount == 2) {
+        OpenMainWindow();
+    } else if (TickCount == 3) {
+        Unload();
+        ShowTips();
     }
+}
+
+void frmSplash::OpenMainWindow() {
     // The user is waiting for the notes. So allow the longer wait for files that other programs
     // hold.
     forms::Application::Current().BeginUsersAction();
@@ -58,15 +64,13 @@ void frmSplash::tmrSplash_Timer() {
     Default<frmNote>().Load();
     Default<frmDisplayNote>().Load();
     Default<frmKillAlarm>().Load();
-    Unload();
-    ShowTips();
+    Hide();
+    StandardCode::Shared().ViewTipsFlag = Settings::viewTips.Read();
+    Default<frmTip>().Load();
 }
 
 void frmSplash::ShowTips() {
-    std::int16_t& hideTips = StandardCode::Shared().ViewTipsFlag;
-    hideTips = Settings::viewTips.Read();
-    Default<frmTip>().Load();
-    if (hideTips != 1) {
+    if (StandardCode::Shared().ViewTipsFlag != 1) {
         Default<frmTip>().ShowModal();
         Default<frmTip>().Load();
     }

@@ -54,9 +54,13 @@ class LabelPeer : public SurfacePeer {
         RECT box = inside;
         const int height = ::DrawTextW(dc, text.c_str(), -1, &box, format | DT_CALCRECT);
         box = inside;
+        TEXTMETRICW line{};
+        ::GetTextMetricsW(dc, &line);
         // A box for one line is a little higher than the line. The system's controls centre their
-        // line in such a box, so that the texts of a row are level.
-        if (const int room = inside.bottom - inside.top - height; room > 0 && room < height) {
+        // line in such a box, so that the texts of a row are level. In a box with room for another
+        // line, the text begins at the top.
+        if (const int room = inside.bottom - inside.top - height;
+            room > 0 && room < line.tmHeight) {
             box.top += room / 2;
         }
         ::DrawTextW(dc, text.c_str(), -1, &box, format);

@@ -108,6 +108,8 @@ TEST_F(MainTest, TheSplashComesFirstAndTheMainWindowASecondLater) {
     Advance(1);
     EXPECT_TRUE(Main().IsShownOnStage());
     EXPECT_TRUE(tray.icon.has_value());
+    EXPECT_FALSE(Default<frmSplash>().IsShownOnStage());
+    Advance(500);
     EXPECT_EQ(LoadedDefault<frmSplash>(), nullptr);
 }
 
@@ -117,7 +119,7 @@ TEST_F(MainTest, ANewUserSeesTheTips) {
         user->CloseBox(tips);
     });
     Start(StandardCode::Main);
-    Advance(1000);
+    Advance(1500);
 }
 
 TEST_F(MainTest, ANewUserHasTheDefaults) {

@@ -64,7 +64,7 @@ TEST_F(frmSplashTest, TheSecondTickOpensTheMainWindowAndLoadsTheHiddenOnes) {
     StoreViewTips("1");
     Start(StandardCode::Main);
     Advance(1000);
-    EXPECT_EQ(LoadedDefault<frmSplash>(), nullptr);
+    EXPECT_FALSE(forms::Default<frmSplash>().IsVisible());
     EXPECT_TRUE(Main().IsVisible());
     for (const forms::Form* form : {static_cast<forms::Form*>(LoadedDefault<frmNote>()),
                                     static_cast<forms::Form*>(LoadedDefault<frmDisplayNote>()),
@@ -73,6 +73,19 @@ TEST_F(frmSplashTest, TheSecondTickOpensTheMainWindowAndLoadsTheHiddenOnes) {
         ASSERT_NE(form, nullptr);
         EXPECT_FALSE(form->IsVisible()) << form->name;
     }
+}
+
+// The main window can be used for one tick before the tips disable it.
+TEST_F(frmSplashTest, TheMainWindowIsActiveBeforeTheTipsOpen) {
+    Start(StandardCode::Main);
+    Advance(1499);
+    EXPECT_TRUE(Main().IsUsable());
+    EXPECT_EQ(runtime->ActiveForm(), &Main());
+    EXPECT_EQ(Main().ActiveControl(), &Main().txtNoteTitle);
+    stage->ExpectModal<frmTip>([this](frmTip& tips) { user->Click(tips.cmdOK); });
+    Advance(1);
+    EXPECT_EQ(runtime->ActiveForm(), &Main());
+    EXPECT_EQ(Main().ActiveControl(), &Main().txtNoteTitle);
 }
 
 TEST_F(frmSplashTest, TheTipsAreShownModallyUnlessTheUserSwitchedThemOff) {
@@ -84,7 +97,7 @@ TEST_F(frmSplashTest, TheTipsAreShownModallyUnlessTheUserSwitchedThemOff) {
         user->Click(tips.cmdOK);
     });
     Start(StandardCode::Main);
-    Advance(1000);
+    Advance(1500);
     EXPECT_TRUE(Main().IsUsable());
     ASSERT_NE(LoadedDefault<frmTip>(), nullptr);
     EXPECT_FALSE(LoadedDefault<frmTip>()->IsVisible());
@@ -96,7 +109,7 @@ TEST_F(frmSplashTest, TheBoxShowsTheValueReadAtStartUpAndOkWritesIt) {
         user->Click(tips.cmdOK);
     });
     Start(StandardCode::Main);
-    Advance(1000);
+    Advance(1500);
     EXPECT_EQ(settings.Read("Startup", "View Tips"), "1");
     ExpectEachTimeInTheMenu(0);
 }
@@ -116,7 +129,7 @@ TEST_F(frmSplashTest, AnInvalidCheckMarkShowsTheTipsWithAnEmptyBox) {
             user->CloseBox(tips);
         });
         Start(StandardCode::Main);
-        Advance(1000);
+        Advance(1500);
         EXPECT_EQ(shown, 1) << value;
         EXPECT_FALSE(runtime->HasEnded()) << value;
         Restart();
@@ -130,7 +143,7 @@ TEST_F(frmSplashTest, AGrayedBoxIsShownAndCountsAsUnchecked) {
         user->Click(tips.cmdOK);
     });
     Start(StandardCode::Main);
-    Advance(1000);
+    Advance(1500);
     EXPECT_EQ(settings.Read("Startup", "View Tips"), "0");
 }
 
@@ -144,7 +157,7 @@ TEST_F(frmSplashTest, TimersRunWhileTheTipsAreOpen) {
         user->Click(tips.cmdOK);
     });
     Start(StandardCode::Main);
-    Advance(1000);
+    Advance(1500);
 }
 
 TEST_F(frmSplashTest, AValueThatIsNotANumberEndsTheProgram) {

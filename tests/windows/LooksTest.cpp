@@ -25,6 +25,26 @@ bool IsOnScreen(const Window& window) {
            place.bottom <= ::GetSystemMetrics(SM_CYSCREEN);
 }
 
+// The rows of pixels that a text takes up.
+struct Extent {
+    int top = 0;
+    int bottom = 0;
+};
+
+Extent RowsOfText(const Window& window) {
+    const Picture picture(window, 0);
+    Extent rows{picture.Height(), 0};
+    for (int y = 0; y < picture.Height(); ++y) {
+        for (int x = 0; x < picture.Width(); ++x) {
+            if (GetGValue(picture.At(x, y)) < 128) {
+                rows.top = std::min(rows.top, y);
+                rows.bottom = y + 1;
+            }
+        }
+    }
+    return rows;
+}
+
 // The share of the small icon in the title bar that is equal in both windows, 0 to 1. Compares
 // pixels, because the icon of another program's window cannot be read.
 double SameIcon(const Picture& a, const Picture& b) {
@@ -157,6 +177,30 @@ TEST_F(LooksTest, AWindowTakesTheScaleOfItsMonitor) {
     ChangeScale(main, 96, first);
     EXPECT_EQ(main.Place().left, first.left);
     EXPECT_EQ(extent(button).cx, buttonBefore.cx);
+    ExitProgram();
+}
+
+TEST_F(LooksTest, ShortAndLongTipsBeginAtTheSamePlace) {
+    const Window main = StartProgram();
+    ChooseFromMenuBar(program, main, barShowTips);
+    const Window tips = program.WaitFor("Jotwright - Tips and Tricks");
+    WaitUntilFilled(tips, "Button");
+    BringUp(tips);
+    const Window text = tips.Child("Static", "Create up to 100 personalized notes.");
+    Extent first;
+    EXPECT_TRUE(ComesTrue([&] {
+        first = RowsOfText(text);
+        return first.bottom > first.top;
+    }));
+    tips.Button("&Next Tip").Click();
+    Extent second;
+    WaitUntil("the second tip, which has several lines, is drawn", [&] {
+        second = RowsOfText(text);
+        return second.bottom - second.top > 2 * (first.bottom - first.top);
+    });
+    // The first letters may differ in their height.
+    EXPECT_NEAR(second.top, first.top, 3);
+    CloseAndWait(tips);
     ExitProgram();
 }
 
