@@ -6,18 +6,12 @@
 
 rivals=()
 
-# rival_text <number>: the text of a note, about two hundred bytes, the same for all programs.
-rival_text() {
-    echo "Note $1: call the dentist, water the plants, collect the parcel at the post office."
-    echo "Second line with some more words so that the note has about two hundred bytes of text. $1"
-}
-
 # notes_of_<program> <home> <count>: stores <count> notes in a home folder.
 notes_of_xpad() {
     local note
     mkdir -p "$1/.config/xpad" "$1/.config/autostart"
     for ((note = 1; note <= $2; note++)); do
-        rival_text "$note" >"$1/.config/xpad/content-N$note"
+        note_text "$note" >"$1/.config/xpad/content-N$note"
         printf '%s\n' "width 200" "height 150" "x $((note % 10 * 120))" "y $((note / 10 * 90))" \
             "follow_font 1" "follow_color 0" "sticky 0" "hidden 0" "back rgb($((155 + note)),$((255 - note)),153)" \
             "text rgb(0,0,0)" "fontname Sans 9" "content content-N$note" >"$1/.config/xpad/info-N$note"
@@ -30,7 +24,7 @@ notes_of_wmstickynotes() {
     for ((note = 1; note <= $2; note++)); do
         {
             echo "$((note % 10 * 120)),$((note / 10 * 90)),200,150,0,0,Yellow"
-            rival_text "$note"
+            note_text "$note"
         } >"$1/.wmstickynotes/$note"
     done
 }
@@ -45,7 +39,7 @@ notes_of_tomboy-ng() {
             echo "<note version=\"0.3\" xmlns:link=\"$site/link\" xmlns:size=\"$site/size\" xmlns=\"$site\">"
             echo "<title>Note number $note</title><text xml:space=\"preserve\"><note-content version=\"0.1\">Note number $note"
             echo
-            rival_text "$note"
+            note_text "$note"
             echo "</note-content></text><last-change-date>$date</last-change-date>"
             echo "<last-metadata-change-date>$date</last-metadata-change-date><create-date>$date</create-date>"
             echo "<cursor-position>1</cursor-position><selection-bound-position>1</selection-bound-position>"

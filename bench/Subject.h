@@ -1,0 +1,60 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "tests/windows/Program.h"
+
+namespace bench {
+
+// What bench/actions measures: a running copy of the program or of bench/ActionsBaseline.cpp. Their
+// windows have the same captions and differ only in their class. Only one copy may run at a time.
+class Subject {
+  public:
+    // Starts the executable and returns at once. Without children it is the program. With them it
+    // is the baseline, whose notes have so many child windows each.
+    Subject(const std::string& path, int noteCount, const std::string& children);
+
+    bool IsBaseline() const { return isBaseline; }
+    // The executable's folder.
+    std::string Folder() const;
+
+    // The top-level window with this caption. A null window if there is none.
+    driver::Window Find(const std::string& caption) const;
+    driver::Window Main() const { return Find("Jotwright"); }
+    driver::Window Note(int number) const { return Find("Note " + std::to_string(number)); }
+    driver::Window Panel() const { return Find("Notes Control Panel"); }
+    static driver::Window FindBox(const std::string& caption);
+    // The list in the panel. A null window if there is no panel.
+    driver::Window List() const;
+    // Whether the panel lists so many rows and is at rest.
+    bool PanelLists(int rows) const;
+    // The number of notes that are minimised.
+    int CountMinimised() const;
+
+    // Waits until all notes and the main window are there. There must be no box.
+    void AwaitStart() const;
+    // Shows the main window through its icon and waits until it is at rest.
+    void ShowMain() const;
+    // Clicks a button of a window and waits until done is true. Returns the milliseconds.
+    static double Click(const driver::Window& window, const std::string& button,
+                        const std::function<bool()>& done);
+    // As Measure(), for an action that asks a question in a box. The box must come to rest. Then
+    // the button with this ID is clicked, and done must become true. Returns the sum of both times.
+    static double MeasureWithBox(const std::string& action, const std::function<void()>& press,
+                                 const std::string& caption, int button,
+                                 const std::function<bool()>& done);
+    // Clicks the button of the box if the box is open. Does not wait.
+    static void AnswerIfOpen(const std::string& caption);
+
+    // Clicks Exit and waits until the process has ended. Returns the milliseconds.
+    double MeasureExit();
+
+  private:
+    std::string executable;
+    int notes;
+    bool isBaseline;
+    driver::Program program;
+};
+
+}  // namespace bench

@@ -1,0 +1,154 @@
+#include <windows.h>
+#include <commctrl.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "forms/win32/FormWindow.h"
+#include "forms/win32/Utf.h"
+#include "tests/conformance/Stand.h"
+
+// The requests to the window system that showing, filling, hiding and changing a form cause. Each
+// of them is a message to a window of this thread. Times would depend on the machine; these counts
+// do not, so a change that makes an action slower fails here.
+
+namespace forms::win32 {
+
+namespace {
+
+// While it exists, counts the messages that are sent to the windows of this thread.
+class SentMessages {
+  public:
+    SentMessages() {
+        Counts().clear();
+        Created().clear();
+        hook = ::SetWindowsHookExW(WH_CALLWNDPROC, &Count, nullptr, ::GetCurrentThreadId());
+    }
+    ~SentMessages() { ::UnhookWindowsHookEx(hook); }
+    SentMessages(const SentMessages&) = delete;
+    SentMessages& operator=(const SentMessages&) = delete;
+
+    int Of(UINT message) const { return Counts()[message]; }
+    // The classes of the windows that were made, in this order.
+    const std::vector<std::string>& ClassesOfMade() const { return Created(); }
+
+  private:
+    static std::map<UINT, int>& Counts() {
+        static std::map<UINT, int> counts;
+        return counts;
+    }
+    static std::vector<std::string>& Created() {
+        static std::vector<std::string> classes;
+        return classes;
+    }
+    static LRESULT CALLBACK Count(int code, WPARAM wParam, LPARAM lParam) {
+        const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
+        wchar_t name[32]{};
+        ::GetClassNameW(sent.hwnd, name, 32);
+        // The system makes windows of its own, such as one for typing.
+        const bool isOurs = std::wstring(name) == L"FormWindow" ||
+                            (::GetWindowLongPtrW(sent.hwnd, GWL_STYLE) & WS_CHILD) != 0;
+        Counts()[sent.message] += isOurs ? 1 : 0;
+        if (sent.message == WM_CREATE && isOurs) {
+            Created().push_back(Narrow(name));
+        }
+        return ::CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+
+    HHOOK hook = nullptr;
+};
+
+constexpr int buttons = 3;
+using Classes = std::vector<std::string>;
+
+class frmButtons : public Form {
+  public:
+    frmButtons() : Form("frmButtons") {}
+    CommandButton cmdFirst{this, "cmdFirst"};
+    CommandButton cmdSecond{this, "cmdSecond"};
+    CommandButton cmdThird{this, "cmdThird"};
+
+    void Design() override {
+        int place = 180;
+        for (CommandButton* button : {&cmdFirst, &cmdSecond, &cmdThird}) {
+            button->caption = "Press";
+            button->Place(180, place, 1500, 390);
+            place += 450;
+        }
+    }
+};
+
+class frmRows : public Form {
+  public:
+    frmRows() : Form("frmRows") {}
+    ListView lvwRows{this, "lvwRows"};
+
+    void Design() override {
+        lvwRows.columns = {{"Title", 2000, "title"}};
+        lvwRows.Place(180, 180, 3000, 2000);
+    }
+};
+
+}  // namespace
+
+class RequestsTest : public conformance::StandTest {};
+
+TEST_F(RequestsTest, AFormIsMadeInItsPlaceWithItsText) {
+    const SentMessages sent;
+    Start([] { Default<frmButtons>().Show(); });
+    EXPECT_EQ(sent.ClassesOfMade(), (Classes{"FormWindow", "Button", "Button", "Button"}));
+    EXPECT_EQ(sent.Of(WM_SETFONT), buttons);
+    EXPECT_EQ(sent.Of(WM_SETTEXT), 0);
+    EXPECT_EQ(sent.Of(WM_SETICON), 2);
+    EXPECT_EQ(sent.Of(WM_WINDOWPOSCHANGING), 1);  // it is shown
+}
+
+TEST_F(RequestsTest, AMinimizedFormIsABareWindowUntilItIsRestored) {
+    Start([] { Default<frmButtons>().Load(); });
+    {
+        const SentMessages sent;
+        Start([] {
+            Default<frmButtons>().windowState = WindowState::Minimized;
+            Default<frmButtons>().Show();
+        });
+        EXPECT_EQ(sent.ClassesOfMade(), Classes{"FormWindow"});
+        EXPECT_EQ(sent.Of(WM_SETFONT), 0);
+        EXPECT_EQ(sent.Of(WM_SETICON), 2);
+        EXPECT_LE(sent.Of(WM_WINDOWPOSCHANGING), 1);
+    }
+    const SentMessages sent;
+    stand->Restore(Default<frmButtons>());
+    EXPECT_EQ(sent.ClassesOfMade(), (Classes{"Button", "Button", "Button"}));
+    EXPECT_EQ(sent.Of(WM_SETFONT), buttons);
+    EXPECT_EQ(sent.Of(WM_SETTEXT), 0);
+    EXPECT_EQ(sent.Of(WM_SETICON), 0);
+}
+
+TEST_F(RequestsTest, HidingAFormTouchesNoControl) {
+    Start([] { Default<frmButtons>().Show(); });
+    stand->Pump(50);
+    const SentMessages sent;
+    Start([] { Default<frmButtons>().Hide(); });
+    EXPECT_EQ(sent.Of(WM_WINDOWPOSCHANGING), 1);
+    EXPECT_EQ(sent.Of(WM_SETTEXT), 0);
+    EXPECT_EQ(sent.Of(WM_DESTROY), 0);
+}
+
+TEST_F(RequestsTest, AListIsToldOnceOfAllItsRows) {
+    Start([] { Default<frmRows>().Show(); });
+    stand->Pump(50);
+    const SentMessages sent;
+    Start([] {
+        ListView& list = Default<frmRows>().lvwRows;
+        list.BeginUpdate();
+        for (int row = 0; row < 100; ++row) {
+            list.AddRow({std::to_string(row), -1, {"Dentist"}});
+        }
+        list.EndUpdate();
+    });
+    EXPECT_EQ(sent.Of(LVM_SETITEMCOUNT), 1);
+    EXPECT_EQ(sent.Of(LVM_INSERTITEMW), 0);
+}
+
+}  // namespace forms::win32
