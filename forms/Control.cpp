@@ -35,7 +35,7 @@ void Control::SetFocus() {
     if (!CanTakeFocus()) {
         return;
     }
-    form.activeControl = this;
+    form.focus.Adopt(*this);
     if (!form.IsLoaded()) {
         return;
     }
@@ -49,7 +49,7 @@ void Control::SetFocus() {
 }
 
 bool Control::HasFocus() const {
-    return Runtime::Current().ActiveForm() == &form && form.ActiveControl() == this;
+    return Runtime::Current().ActiveForm() == &form && form.focus.ActiveControl() == this;
 }
 
 bool Control::CanTakeFocus() const {

@@ -76,7 +76,7 @@ void OptionButton::AfterChange(Aspect aspect) {
 
 bool OptionButton::IsTabStop() const {
     const OptionButton* stop = nullptr;
-    for (const Control* control : form.TabOrder()) {
+    for (const Control* control : form.focus.TabOrder()) {
         const auto* button = dynamic_cast<const OptionButton*>(control);
         const bool isOfGroup = button != nullptr && button->container == container;
         if (isOfGroup && button->CanTakeFocus() && (stop == nullptr || button->value())) {

@@ -6,21 +6,6 @@
 
 namespace forms {
 
-namespace {
-
-template <class Matches>
-CommandButton* FindButton(const std::vector<Control*>& controls, Matches matches) {
-    for (Control* control : controls) {
-        auto* button = dynamic_cast<CommandButton*>(control);
-        if (button != nullptr && button->CanTakeFocus() && matches(*button)) {
-            return button;
-        }
-    }
-    return nullptr;
-}
-
-}  // namespace
-
 Form::Form(const char* className) : name(className) {}
 
 Form::~Form() = default;
@@ -205,31 +190,6 @@ bool Form::HasMenuBar() const {
                        [](const Menu* menu) { return menu->inMenuBar && menu->visible; });
 }
 
-Control* Form::ActiveControl() const {
-    if (activeControl != nullptr && activeControl->CanTakeFocus()) {
-        return activeControl;
-    }
-    std::vector<Control*> order = TabOrder();
-    if (const auto before = std::find(order.begin(), order.end(), activeControl);
-        before != order.end()) {
-        std::rotate(order.begin(), before, order.end());
-    }
-    const auto next = std::find_if(order.begin(), order.end(),
-                                   [](const Control* control) { return control->IsTabStop(); });
-    return next == order.end() ? nullptr : *next;
-}
-
-void Form::MoveFocusOn() {
-    if (activeControl == nullptr) {
-        return;
-    }
-    Control* now = ActiveControl();
-    if (now != nullptr && now != activeControl) {
-        activeControl = now;
-        Runtime::Current().stage.FocusMoved(*now);
-    }
-}
-
 Control* Form::ControlAt(int x, int y) const {
     Control* found = nullptr;
     int rank = 0;
@@ -248,28 +208,6 @@ Control* Form::ControlAt(int x, int y) const {
         }
     }
     return found;
-}
-
-CommandButton* Form::DefaultButton() const {
-    return FindButton(controls, [](const CommandButton& button) { return button.isDefault(); });
-}
-
-CommandButton* Form::CancelButton() const {
-    return FindButton(controls, [](const CommandButton& button) { return button.isCancel(); });
-}
-
-std::vector<Control*> Form::TabOrder() const {
-    std::vector<Control*> order = controls;
-    const auto place = [this](const Control* control) {
-        if (control->tabIndex >= 0) {
-            return control->tabIndex;
-        }
-        const auto at = std::find(controls.begin(), controls.end(), control);
-        return static_cast<int>(at - controls.begin());
-    };
-    std::stable_sort(order.begin(), order.end(),
-                     [&place](const Control* a, const Control* b) { return place(a) < place(b); });
-    return order;
 }
 
 int Form::ScaleWidth() const { return Runtime::Current().stage.InnerSize(*this).width; }

@@ -8,6 +8,7 @@
 #include "forms/Color.h"
 #include "forms/Control.h"
 #include "forms/Controls.h"
+#include "forms/FormFocus.h"
 #include "forms/Menu.h"
 #include "forms/Property.h"
 #include "forms/Shortcut.h"
@@ -102,28 +103,16 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     const std::vector<Menu*>& Menus() const { return menus; }  // top-level menus, in order
     bool HasMenuBar() const;
     const std::vector<Timer*>& Timers() const { return timers; }
-    // The control that has the focus while the form is active: the last control that was given the
-    // focus. If that control cannot be used, it is the next Tab stop after it, or else the first
-    // Tab stop.
-    Control* ActiveControl() const;
-    // All controls in the order of the Tab key, including frames and labels.
-    std::vector<Control*> TabOrder() const;
+    FormFocus focus{*this};
     // The control under the pointer. Null if the pointer is over the form itself. x and y are in
     // twips.
     Control* ControlAt(int x, int y) const;
-    // The button that Enter presses (unless a button has the focus), and the button that Escape
-    // presses. Null if there is no usable one.
-    CommandButton* DefaultButton() const;
-    CommandButton* CancelButton() const;
 
     // The inner size in twips, as the stage shows the form.
     int ScaleWidth() const;
     int ScaleHeight() const;
 
     void Changed(Aspect aspect) override;
-
-    // Called when the user moved the focus on the stage.
-    void AdoptFocus(Control& control) { activeControl = &control; }
 
     // Whether the running Form_MouseMove reports a message of the notification area instead of a
     // move of the pointer. Read it before the handler waits for anything.
@@ -163,8 +152,6 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     enum class State { Created, Loading, Loaded, Asking, Unloading, Unloaded };
 
     void BecomeVisible();
-    // Moves the focus to another control if the control that has it was hidden or disabled.
-    void MoveFocusOn();
     void EndModal();
     void Discard();
 
@@ -179,7 +166,6 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     std::vector<Control*> controls;
     std::vector<Menu*> menus;
     std::vector<Timer*> timers;
-    Control* activeControl = nullptr;
     bool isTrayCallback = false;
 };
 

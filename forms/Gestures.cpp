@@ -73,7 +73,7 @@ void Pick(DateTimePicker& picker, base::DateTime value) {
 
 void Focus(Control& control) {
     if (CanUse(control)) {
-        control.form.AdoptFocus(control);
+        control.form.focus.Adopt(control);
     }
 }
 

@@ -36,8 +36,8 @@ bool HasMnemonic(const Control& control, char letter) {
 
 // In the order of the Tab key, beginning behind the control that has the focus.
 std::vector<Control*> AccessKeyTargets(const Form& form, char letter) {
-    const std::vector<Control*> order = form.TabOrder();
-    const Control* focused = form.ActiveControl();
+    const std::vector<Control*> order = form.focus.TabOrder();
+    const Control* focused = form.focus.ActiveControl();
     std::vector<Control*> targets;
     std::size_t behindFocus = 0;
     for (std::size_t at = 0; at < order.size(); ++at) {
@@ -60,18 +60,18 @@ std::vector<Control*> AccessKeyTargets(const Form& form, char letter) {
 
 // Moves the focus on the stage too. The gesture Focus reports a move that the stage shows already.
 void MoveFocus(Control& control) {
-    control.form.AdoptFocus(control);
+    control.form.focus.Adopt(control);
     Runtime::Current().stage.FocusMoved(control);
 }
 
 }  // namespace
 
 KeyUse PressTab(Form& form, bool backward) {
-    std::vector<Control*> order = form.TabOrder();
+    std::vector<Control*> order = form.focus.TabOrder();
     if (backward) {
         std::reverse(order.begin(), order.end());
     }
-    if (const auto focused = std::find(order.begin(), order.end(), form.ActiveControl());
+    if (const auto focused = std::find(order.begin(), order.end(), form.focus.ActiveControl());
         focused != order.end()) {
         std::rotate(order.begin(), focused + 1, order.end());
     }
@@ -97,7 +97,7 @@ KeyUse PressAccessKey(Form& form, char letter) {
 }
 
 KeyUse PressEnter(Form& form) {
-    Control* focused = form.ActiveControl();
+    Control* focused = form.focus.ActiveControl();
     if (focused != nullptr && focused->TakesEnter()) {
         return KeyUse::ByControl;
     }
@@ -106,7 +106,7 @@ KeyUse PressEnter(Form& form) {
         // It may have the focus only as the first Tab stop. From here on it was given it.
         Focus(*button);
     } else {
-        button = form.DefaultButton();
+        button = form.focus.DefaultButton();
     }
     if (button == nullptr) {
         return KeyUse::Unused;
@@ -116,7 +116,7 @@ KeyUse PressEnter(Form& form) {
 }
 
 KeyUse PressEscape(Form& form) {
-    if (CommandButton* button = form.CancelButton(); button != nullptr) {
+    if (CommandButton* button = form.focus.CancelButton(); button != nullptr) {
         Click(*button);
         return KeyUse::Used;
     }
@@ -128,7 +128,7 @@ KeyUse PressEscape(Form& form) {
 }
 
 KeyUse PressMenuKey(Form& form) {
-    Control* focused = form.ActiveControl();
+    Control* focused = form.focus.ActiveControl();
     if (focused != nullptr && focused->MouseUp) {
         MouseUp(*focused, rightButton, focused->width / 2, focused->height / 2);
     } else if (focused != nullptr && focused->HasOwnMenu()) {

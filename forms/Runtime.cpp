@@ -145,7 +145,7 @@ void Runtime::Wait(const std::function<void()>& pump) {
 
 void Runtime::Settle() {
     if (Form* active = ActiveForm(); active != nullptr && active->IsLoaded()) {
-        active->MoveFocusOn();
+        active->focus.MoveOn();
     }
     std::vector<std::weak_ptr<Form>> toShow;
     toShow.swap(dirty);

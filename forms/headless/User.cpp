@@ -332,7 +332,7 @@ void User::PressEnter() {
             Fail("press Enter", std::string("no button of ") + form->name + " listens to it");
             break;
         case gestures::KeyUse::ByControl:
-            if (auto* textBox = dynamic_cast<TextBox*>(form->ActiveControl())) {
+            if (auto* textBox = dynamic_cast<TextBox*>(form->focus.ActiveControl())) {
                 Type(*textBox, textBox->text() + base::lineBreak);
             } else {
                 Fail("press Enter", "a tool bar has no button that the arrow keys have reached");

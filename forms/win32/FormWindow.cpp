@@ -304,7 +304,7 @@ void FormWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (Peer* peer = controls.Find(reinterpret_cast<HWND>(lParam)); peer != nullptr) {
         peer->OnCommand(HIWORD(wParam));
     } else if (id == IDOK) {
-        if (CommandButton* button = form->DefaultButton(); button != nullptr) {
+        if (CommandButton* button = form->focus.DefaultButton(); button != nullptr) {
             gestures::Click(*button);
         }
     } else if (id == IDCANCEL) {

@@ -28,7 +28,7 @@ void NativeControls::Create() {
     for (Control* control : form.Controls()) {
         peers.push_back(MakePeer(window, *control));
     }
-    std::vector<Control*> order = form.TabOrder();
+    std::vector<Control*> order = form.focus.TabOrder();
     const auto firstFrame = std::stable_partition(
         order.begin(), order.end(),
         [](const Control* control) { return control->kind != ControlKind::Frame; });

@@ -29,7 +29,7 @@ bool IsDown(int key) { return ::GetKeyState(key) < 0; }
 }  // namespace
 
 void WindowFocus::Restore() {
-    const Control* control = window.Model().ActiveControl();
+    const Control* control = window.Model().focus.ActiveControl();
     const Peer* peer = control != nullptr ? window.controls.Find(*control) : nullptr;
     HWND target = peer != nullptr && peer->handle != nullptr ? peer->handle : window.handle;
     if (::GetFocus() != target) {
@@ -45,7 +45,7 @@ void WindowFocus::MarkDefaultButton() {
     const Control* marked =
         focused != nullptr && focused->control.kind == ControlKind::CommandButton
             ? &focused->control
-            : window.Model().DefaultButton();
+            : window.Model().focus.DefaultButton();
     for (const auto& peer : window.controls.Peers()) {
         if (peer->handle == nullptr || peer->control.kind != ControlKind::CommandButton) {
             continue;
@@ -152,7 +152,7 @@ std::optional<LRESULT> WindowFocus::OnMessage(UINT message, WPARAM wParam, LPARA
             OnNextControl(wParam, lParam);
             return 0;
         case DM_GETDEFID: {
-            const CommandButton* button = window.Model().DefaultButton();
+            const CommandButton* button = window.Model().focus.DefaultButton();
             const Peer* peer = button != nullptr ? window.controls.Find(*button) : nullptr;
             return peer == nullptr ? 0 : MAKELRESULT(::GetDlgCtrlID(peer->handle), DC_HASDEFID);
         }

@@ -260,14 +260,14 @@ TEST_F(frmSpecialAlarmsTest, CloseDiscardsWithoutAsking) {
 
 TEST_F(frmSpecialAlarmsTest, TabGoesAlongTheRows) {
     Open();
-    EXPECT_EQ(Window().ActiveControl(), &Window().chkEnabled[0]);
+    EXPECT_EQ(Window().focus.ActiveControl(), &Window().chkEnabled[0]);
     user->Tab();
-    EXPECT_EQ(Window().ActiveControl(), &Window().cboDays[0]);
+    EXPECT_EQ(Window().focus.ActiveControl(), &Window().cboDays[0]);
     user->Tab();
     user->Tab();
-    EXPECT_EQ(Window().ActiveControl(), &Window().txtMessage[0]);
+    EXPECT_EQ(Window().focus.ActiveControl(), &Window().txtMessage[0]);
     user->Tab();
-    EXPECT_EQ(Window().ActiveControl(), &Window().chkEnabled[1]);
+    EXPECT_EQ(Window().focus.ActiveControl(), &Window().chkEnabled[1]);
 }
 
 }  // namespace

@@ -155,7 +155,7 @@ TEST_F(KeyboardTest, TheToolbarFollowsTheLastControlOfTheEditor) {
     std::vector<std::string> visited;
     do {
         user->Tab();
-        visited.emplace_back(note.ActiveControl()->name);
+        visited.emplace_back(note.focus.ActiveControl()->name);
     } while (visited.back() != "txtNote" && visited.size() < 20);
     EXPECT_EQ(visited, (std::vector<std::string>{"dtDate", "dtTime", "chkAudioAlarm", "cmdAlarm",
                                                  "cmdShowDateTime", "tlbMain", "txtNote"}));
@@ -169,7 +169,7 @@ std::string SpokenName(const forms::Form& form, const Control& control) {
     if (const auto* captioned = dynamic_cast<const forms::Captioned*>(&control)) {
         return captioned->caption;
     }
-    const std::vector<Control*> order = form.TabOrder();
+    const std::vector<Control*> order = form.focus.TabOrder();
     const auto at = std::find(order.begin(), order.end(), &control);
     const bool followsLabel = at != order.begin() && (*(at - 1))->kind == ControlKind::Label;
     return followsLabel ? static_cast<const forms::Label&>(**(at - 1)).caption() : std::string();

@@ -42,7 +42,7 @@ TEST_F(frmMainMakeNoteTest, MakingANoteOpensItsEditorAndHidesTheMainWindow) {
     EXPECT_TRUE(note.txtNote.HasFocus());
     EXPECT_EQ(Main().txtNoteTitle.text(), "");
     EXPECT_FALSE(note.IsModal());
-    EXPECT_EQ(Main().ActiveControl(), &Main().txtNoteTitle);
+    EXPECT_EQ(Main().focus.ActiveControl(), &Main().txtNoteTitle);
     EXPECT_FALSE(Main().IsShownOnStage());
     EXPECT_FALSE(Main().mnuHide.enabled);
     EXPECT_TRUE(Main().mnuShow.enabled);

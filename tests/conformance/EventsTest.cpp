@@ -228,7 +228,7 @@ TEST_F(EventsTest, TabGoesThroughTheControlsInOrder) {
     std::vector<std::string> visited;
     for (int n = 0; n < 7; ++n) {
         stand->PressTab();
-        visited.emplace_back(runtime->ActiveForm()->ActiveControl()->name);
+        visited.emplace_back(runtime->ActiveForm()->focus.ActiveControl()->name);
     }
     EXPECT_EQ(visited, (Lines{"cmdOk", "cmdCancel", "chkSound", "optColor", "optSize", "cboDay",
                               "txtName"}));

@@ -102,7 +102,7 @@ TEST_F(FormKeyboardTest, TabStopsOnceInAGroupAndGoesBackTheSameWay) {
         std::vector<std::string> visited;
         for (int n = 0; n < 4; ++n) {
             user->Tab(backward);
-            visited.emplace_back(Form().ActiveControl()->name);
+            visited.emplace_back(Form().focus.ActiveControl()->name);
         }
         return visited;
     };

@@ -236,9 +236,9 @@ TEST_F(GesturesTest, TheFocusFirstGoesToTheSelectedButtonOfAGroup) {
     for (Control* control : Form().Controls()) {
         control->enabled = control->kind == ControlKind::OptionButton;
     }
-    EXPECT_EQ(Form().ActiveControl(), &Form().optRed);
+    EXPECT_EQ(Form().focus.ActiveControl(), &Form().optRed);
     Form().optBlue.value = true;
-    EXPECT_EQ(Form().ActiveControl(), &Form().optBlue);
+    EXPECT_EQ(Form().focus.ActiveControl(), &Form().optBlue);
 }
 
 TEST_F(GesturesTest, TabGoesRoundInOrderAndPassesWhatCannotHaveTheFocus) {
@@ -247,7 +247,7 @@ TEST_F(GesturesTest, TabGoesRoundInOrderAndPassesWhatCannotHaveTheFocus) {
     Form().txtName.SetFocus();
     for (int n = 0; n < 7; ++n) {
         user->Tab();
-        visited.emplace_back(Form().ActiveControl()->name);
+        visited.emplace_back(Form().focus.ActiveControl()->name);
     }
     EXPECT_EQ(visited, (Events{"txtBody", "cmdOk", "cmdCancel", "chkSound", "optColor", "tlbTools",
                                "txtName"}));
@@ -257,7 +257,7 @@ TEST_F(GesturesTest, TabGoesRoundInOrderAndPassesWhatCannotHaveTheFocus) {
 TEST_F(GesturesTest, TheOrderOfTheTabKeyMayBeGiven) {
     Form().txtName.tabIndex = 100;
     std::vector<std::string> names;
-    for (const Control* control : Form().TabOrder()) {
+    for (const Control* control : Form().focus.TabOrder()) {
         names.emplace_back(control->name);
     }
     EXPECT_EQ(names.front(), "lblName");

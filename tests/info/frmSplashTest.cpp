@@ -81,11 +81,11 @@ TEST_F(frmSplashTest, TheMainWindowIsActiveBeforeTheTipsOpen) {
     Advance(1499);
     EXPECT_TRUE(Main().IsUsable());
     EXPECT_EQ(runtime->ActiveForm(), &Main());
-    EXPECT_EQ(Main().ActiveControl(), &Main().txtNoteTitle);
+    EXPECT_EQ(Main().focus.ActiveControl(), &Main().txtNoteTitle);
     stage->ExpectModal<frmTip>([this](frmTip& tips) { user->Click(tips.cmdOK); });
     Advance(1);
     EXPECT_EQ(runtime->ActiveForm(), &Main());
-    EXPECT_EQ(Main().ActiveControl(), &Main().txtNoteTitle);
+    EXPECT_EQ(Main().focus.ActiveControl(), &Main().txtNoteTitle);
 }
 
 TEST_F(frmSplashTest, TheTipsAreShownModallyUnlessTheUserSwitchedThemOff) {

@@ -280,7 +280,7 @@ TextSize MeasureWide(const std::string& text, int points, bool bold, int wrapWid
 std::vector<std::string> LayoutFaults(const forms::Form& form, int margin) {
     std::vector<std::string> faults;
     std::vector<const Control*> seen;
-    for (const Control* control : form.TabOrder()) {
+    for (const Control* control : form.focus.TabOrder()) {
         if (IsSeen(*control, form.ScaleHeight())) {
             seen.push_back(control);
         }

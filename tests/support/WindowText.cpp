@@ -142,7 +142,7 @@ class Writer {
         WriteMenus(form.Menus(), 1);
         WriteControls(nullptr, 1);
         Line tab("  Tab:");
-        for (const forms::Control* control : form.TabOrder()) {
+        for (const forms::Control* control : form.focus.TabOrder()) {
             tab.If(control->CanHaveFocus(), names[control]);
         }
         text += tab.text + '\n';
