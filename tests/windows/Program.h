@@ -38,7 +38,9 @@ class Program {
     DWORD WaitForEnd();
     void Kill();
     // Closes the program's handle of a mutex, so that another copy does not find it, as if this
-    // copy ran in another session. Raises Failure if the program has no such handle.
+    // copy ran in another session. Raises Failure if the program has no such handle. Call it only
+    // if CanCloseMutexes(), which is false before Windows 10.
+    static bool CanCloseMutexes();
     void CloseMutex(const std::string& name) const;
 
     // All top-level windows, the topmost first, including hidden ones.

@@ -1,4 +1,5 @@
 #include "tests/windows/DriverTest.h"
+#include "tests/windows/Needs.h"
 
 namespace driver {
 
@@ -28,6 +29,7 @@ Window TwoProgramsTest::SecondMain() const {
 }
 
 void TwoProgramsTest::StartSecond() {
+    Need(Program::CanCloseMutexes(), "Windows 10");
     program.CloseMutex("Local\\Jotwright.Instance");
     second.Start(executable);
     WaitUntil("the second main window is shown",
