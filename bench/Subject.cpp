@@ -65,6 +65,14 @@ bool Subject::PanelLists(int rows) const {
     return list && ::SendMessageW(list.handle, LVM_GETITEMCOUNT, 0, 0) == rows && IsAtRest(Panel());
 }
 
+bool Subject::HasSplash() const {
+    Window found;
+    do {
+        found = Window(::FindWindowExW(nullptr, found.handle, ClassOf(isBaseline), L"Jotwright"));
+    } while (found && found.HasTitleBar());
+    return static_cast<bool>(found);
+}
+
 int Subject::CountMinimised() const {
     Count count{ClassOf(isBaseline), 0};
     ::EnumWindows(&CountMinimisedOne, reinterpret_cast<LPARAM>(&count));
@@ -73,7 +81,8 @@ int Subject::CountMinimised() const {
 
 void Subject::AwaitStart() const {
     try {
-        Await("start", [this] { return IsAtRest(Main()) && CountMinimised() == notes; });
+        Await("start",
+              [this] { return IsAtRest(Main()) && CountMinimised() == notes && !HasSplash(); });
     } catch (const driver::Failure& failure) {
         throw driver::Failure(failure.what() + program.Description());
     }

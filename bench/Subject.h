@@ -31,6 +31,7 @@ class Subject {
     bool PanelLists(int rows) const;
     // The number of notes that are minimised.
     int CountMinimised() const;
+    bool HasSplash() const;
 
     // Waits until all notes and the main window are there. There must be no box.
     void AwaitStart() const;

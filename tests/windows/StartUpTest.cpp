@@ -54,12 +54,6 @@ TEST_F(StartUpTest, TheFirstStartMakesTheFolderAndShowsSplashMainWindowAndTips) 
 
 TEST_F(StartUpTest, SuppressedTipsAreNotShown) {
     const Window main = StartProgram();
-    WaitUntil("the splash screen is closed", [this] {
-        const auto windows = program.Windows();
-        return std::count_if(windows.begin(), windows.end(), [](const Window& window) {
-                   return window.Text() == "Jotwright";
-               }) == 1;
-    });
     EXPECT_TRUE(program.Visible("Jotwright - Tips and Tricks").empty());
     EXPECT_TRUE(main.IsEnabled());
     ExitProgram();
