@@ -6,7 +6,8 @@
 // usage: actions_baseline <notes> <child windows of each note>
 //
 // The notes are windows without children that start minimised. A note gets its children when it is
-// opened. If there is only one note, one of its children is a text box with 64 KiB.
+// opened: bare ones, or, if their number is 0, controls like those of the program's editor. If
+// there is only one note, one of its children is a text box with 64 KiB.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -15,6 +16,7 @@
 #include <vector>
 
 #include "bench/BareWindow.h"
+#include "bench/NoteControls.h"
 
 namespace {
 
@@ -38,7 +40,7 @@ HWND list = nullptr;
 std::vector<HWND> notes;
 HWND textBox = nullptr;
 int rows = 0;
-int children = 0;
+int children = 0;  // 0: the controls of a note
 bool isColored = false;
 bool isLarge = false;
 
@@ -110,6 +112,14 @@ HFONT FontOf(int points) {
                          DEFAULT_CHARSET, 0, 0, 0, 0, L"Tahoma");
 }
 
+void MakeChildren(HWND note) {
+    if (children > 0) {
+        MakeBareChildren(note, children);
+    } else {
+        MakeNoteControls(note);
+    }
+}
+
 void FillNote(HWND note) {
     if (notes.size() == 1) {
         textBox = MakeControl(note, WC_EDITW, L"", WS_TABSTOP | WS_VSCROLL | ES_MULTILINE,
@@ -122,7 +132,7 @@ void FillNote(HWND note) {
         ::SendMessageW(textBox, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(12)), FALSE);
         ::SetWindowTextW(textBox, content.c_str());
     }
-    MakeBareChildren(note, children);
+    MakeChildren(note);
     ::SetFocus(::GetWindow(note, GW_CHILD));
 }
 
@@ -130,7 +140,7 @@ void MakeNote() {
     wchar_t text[100]{};
     ::GetWindowTextW(title, text, 100);
     HWND note = MakeBareWindow(text);
-    MakeBareChildren(note, children);
+    MakeChildren(note);
     ::ShowWindow(note, SW_SHOW);
     ::SetFocus(::GetWindow(note, GW_CHILD));
     ::SetWindowTextW(title, L"");
@@ -246,7 +256,8 @@ int main(int count, char** arguments) {
     children = std::atoi(arguments[2]);
     INITCOMMONCONTROLSEX controls{};
     controls.dwSize = sizeof controls;
-    controls.dwICC = ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES;
+    controls.dwICC =
+        ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_DATE_CLASSES | ICC_BAR_CLASSES;
     ::InitCommonControlsEx(&controls);
     RegisterBareClasses(&Procedure);
     for (int number = 1; number <= rows; ++number) {

@@ -174,10 +174,11 @@ void OpenAllAndExit(const Settings& settings) {
             openAll.Click();
         },
         [&] {
-            for (; open < notes.size() && IsAtRest(notes[open]); ++open) {
-                if (first == 0) {
-                    first = Now();
-                }
+            if (first == 0 && std::ranges::any_of(notes, IsAtRest)) {
+                first = Now();
+            }
+            while (open < notes.size() && IsAtRest(notes[open])) {
+                ++open;
             }
             return open == notes.size();
         });

@@ -2,7 +2,11 @@
 add_library(bare_window STATIC "${PROJECT_SOURCE_DIR}/bench/BareWindow.cpp")
 jotwright_flags(bare_window)
 add_executable(baseline WIN32 "${PROJECT_SOURCE_DIR}/bench/Baseline.cpp")
-add_executable(actions_baseline WIN32 "${PROJECT_SOURCE_DIR}/bench/ActionsBaseline.cpp")
+add_executable(actions_baseline WIN32 "${PROJECT_SOURCE_DIR}/bench/ActionsBaseline.cpp"
+               "${PROJECT_SOURCE_DIR}/bench/NoteControls.cpp" ${resources})
+# The program's manifest gives it the same kind of controls.
+target_include_directories(actions_baseline PRIVATE "${PROJECT_SOURCE_DIR}/assets"
+                           "${PROJECT_BINARY_DIR}/manifest")
 foreach(program IN ITEMS baseline actions_baseline)
     jotwright_flags(${program})
     target_link_libraries(${program} PRIVATE bare_window)

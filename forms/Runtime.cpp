@@ -10,10 +10,15 @@ namespace forms {
 
 namespace {
 
-// If a handler opens more minimised windows than this, the others follow in rounds of a few
-// milliseconds, and events are handled between the rounds.
+// If a handler shows more new minimised windows than the first number, the others follow in short
+// rounds. If it opens more windows than the second number, all but the first do. Events are handled
+// between the rounds.
 constexpr std::size_t minimizedAtOnce = 100;
-constexpr std::int64_t longestShowing = 20;  // milliseconds
+constexpr std::ptrdiff_t openedAtOnce = 10;
+// In milliseconds: a round ends after this time, and the next one follows after the pause, in which
+// the new windows are painted.
+constexpr std::int64_t longestRound = 50;
+constexpr std::int64_t pauseBetweenRounds = 10;
 
 // The stage keeps typed text until the text box is read. So fetch it before the stage discards the
 // form.
@@ -149,6 +154,11 @@ void Runtime::Settle() {
     }
     std::vector<std::weak_ptr<Form>> toShow;
     toShow.swap(dirty);
+    const auto open = std::ranges::count_if(toShow, [](const auto& weak) {
+        const auto form = weak.lock();
+        return form && IsOpen(*form);
+    });
+    std::ptrdiff_t opened = 0;
     std::size_t minimized = 0;
     for (const auto& weak : toShow) {
         const auto form = weak.lock();
@@ -156,14 +166,21 @@ void Runtime::Settle() {
             continue;
         }
         form->isMarkedDirty = false;
-        const bool isNewAndMinimized =
-            form->visible && !form->shownOnStage && form->windowState() == WindowState::Minimized;
-        if (isNewAndMinimized && ++minimized > minimizedAtOnce) {
+        const bool isNewAndMinimized = form->visible && !form->shownOnStage && !IsOpen(*form);
+        if ((isNewAndMinimized && ++minimized > minimizedAtOnce) ||
+            (IsOpen(*form) && open > openedAtOnce && ++opened > 1)) {
             waiting.push_back(weak);
         } else {
             ShowOrHide(*form);
         }
     }
+    if (!waiting.empty()) {
+        nextRound = Machine().clock->MonotonicMilliseconds() + pauseBetweenRounds;
+    }
+}
+
+bool Runtime::IsOpen(const Form& form) {
+    return form.visible && form.windowState() != WindowState::Minimized;
 }
 
 void Runtime::ShowOrHide(Form& form) {
@@ -175,14 +192,18 @@ void Runtime::ShowOrHide(Form& form) {
 
 void Runtime::ShowWaiting() {
     const auto now = [] { return Machine().clock->MonotonicMilliseconds(); };
-    const std::int64_t end = now() + longestShowing;
-    while (!waiting.empty() && now() <= end) {
+    const std::int64_t begin = now();
+    if (begin < nextRound) {
+        return;
+    }
+    while (!waiting.empty() && now() < begin + longestRound) {
         const auto form = waiting.front().lock();
         waiting.pop_front();
-        if (form && !form->shownOnStage) {
+        if (form) {
             ShowOrHide(*form);
         }
     }
+    nextRound = now() + pauseBetweenRounds;
 }
 
 void Runtime::RunDueTimers() {
@@ -211,7 +232,7 @@ void Runtime::ArmNow() {
     }
     auto due = timers.NextDue();
     if (!waiting.empty()) {
-        due = Machine().clock->MonotonicMilliseconds();
+        due = std::min(due.value_or(nextRound), nextRound);
     }
     if (due != armedFor) {
         armedFor = due;

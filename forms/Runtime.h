@@ -42,7 +42,8 @@ class Runtime final : public Application {
     // Called by the stage at the time that was passed to ArmTimer.
     void RunDueTimers();
 
-    // Brings the stage up to date. Only minimised windows beyond the first hundred appear later.
+    // Brings the stage up to date. If many windows are shown at once, most of them appear later, in
+    // their order; see Runtime.cpp.
     void Settle();
     // Brings the stage up to date and calls pump. During a handler, events must be let in only by
     // this function. Throws ProgramEnded if the program has ended.
@@ -54,7 +55,9 @@ class Runtime final : public Application {
     void ReportAndEnd(const base::RuntimeError& error);
     void EndNow();
     void ShowOrHide(Form& form);
-    // Shows waiting forms for a short time.
+    // Visible and not minimised.
+    static bool IsOpen(const Form& form);
+    // Shows waiting forms for a short time, if it is time for the next round.
     void ShowWaiting();
     // Tells the stage when the next tick is due. Rearm tells it at the end of the outermost
     // handler, ArmNow at once.
@@ -62,7 +65,8 @@ class Runtime final : public Application {
     void ArmNow();
 
     const std::string programName;
-    std::deque<std::weak_ptr<Form>> waiting;  // minimised forms that Settle has not shown yet
+    std::deque<std::weak_ptr<Form>> waiting;  // forms that Settle has not shown yet
+    std::int64_t nextRound = 0;               // monotonic milliseconds; counts if forms are waiting
     std::optional<std::int64_t> armedFor;
     int depth = 0;      // number of handlers on the stack since the last wait
     int busyCount = 0;  // number of handlers and rounds of ticks on the stack since the last wait

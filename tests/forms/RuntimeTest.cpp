@@ -87,8 +87,35 @@ TEST_F(RuntimeTest, ManyMinimisedWindowsAppearAfterTheOthers) {
         minimised[201]->Unload();
     });
     EXPECT_TRUE(minimised[200]->IsShownOnStage());
-    Advance(0);
+    Advance(10);
     EXPECT_EQ(shown(), 249);
+}
+
+TEST_F(RuntimeTest, IfManyWindowsAreOpenedAllButTheFirstAppearAfterTheHandler) {
+    std::vector<std::shared_ptr<frmFirst>> windows;
+    const auto shown = [&windows] {
+        return std::count_if(windows.begin(), windows.end(),
+                             [](const auto& form) { return form->IsShownOnStage(); });
+    };
+    const auto open = [&windows](int count) {
+        for (int number = 0; number < count; ++number) {
+            windows.push_back(New<frmFirst>());
+            windows.back()->Show();
+        }
+    };
+    Start([&open] { open(10); });
+    EXPECT_EQ(shown(), 10);
+    Start([&open] { open(11); });
+    EXPECT_EQ(shown(), 11);
+    EXPECT_TRUE(windows[10]->IsShownOnStage());
+    // A window that is hidden meanwhile does not appear.
+    Start([&windows] { windows[15]->Hide(); });
+    Advance(9);
+    EXPECT_EQ(shown(), 11);
+    Advance(1);
+    EXPECT_EQ(shown(), 20);
+    EXPECT_FALSE(windows[15]->IsShownOnStage());
+    EXPECT_EQ(runtime->ActiveForm(), windows.back().get());
 }
 
 TEST_F(RuntimeTest, AnErrorThatNobodyTrapsIsReportedAndEndsTheProgram) {
