@@ -45,6 +45,8 @@ class Runtime final : public Application {
     // Brings the stage up to date. If many windows are shown at once, most of them appear later, in
     // their order; see Runtime.cpp.
     void Settle();
+    // Whether Settle has left windows for later.
+    bool HasWaitingWindows() const { return !waiting.empty(); }
     // Brings the stage up to date and calls pump. During a handler, events must be let in only by
     // this function. Throws ProgramEnded if the program has ended.
     void Wait(const std::function<void()>& pump);

@@ -64,7 +64,7 @@ scoop_install 0.9.0
 scoop_start
 make_note Bread
 # Save the text before the program is closed: a request to close overtakes keys in the queue.
-xdotool windowactivate --sync "$(visible Bread)" type 'two loaves'
+type_into "$(visible Bread)" 'two loaves'
 xdotool key ctrl+s
 expect "the note in the persisted folder" grep -q 'two loaves' "$scoop/persist/jotwright/Notes/Bread.txt"
 leave
