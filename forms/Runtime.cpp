@@ -15,10 +15,11 @@ namespace {
 // between the rounds.
 constexpr std::size_t minimizedAtOnce = 100;
 constexpr std::ptrdiff_t openedAtOnce = 10;
-// In milliseconds: a round ends after this time, and the next one follows after the pause, in which
-// the new windows are painted.
+// In milliseconds: a round ends after this time, and the next one follows after the second one. The
+// pause before the first round is long enough to paint the first window.
 constexpr std::int64_t longestRound = 50;
 constexpr std::int64_t pauseBetweenRounds = 10;
+constexpr std::int64_t pauseBeforeRounds = 100;
 
 // The stage keeps typed text until the text box is read. So fetch it before the stage discards the
 // form.
@@ -158,6 +159,7 @@ void Runtime::Settle() {
         const auto form = weak.lock();
         return form && IsOpen(*form);
     });
+    const bool wasWaiting = HasWaitingWindows();
     std::ptrdiff_t opened = 0;
     std::size_t minimized = 0;
     for (const auto& weak : toShow) {
@@ -174,8 +176,8 @@ void Runtime::Settle() {
             ShowOrHide(*form);
         }
     }
-    if (!waiting.empty()) {
-        nextRound = Machine().clock->MonotonicMilliseconds() + pauseBetweenRounds;
+    if (!wasWaiting && HasWaitingWindows()) {
+        nextRound = Machine().clock->MonotonicMilliseconds() + pauseBeforeRounds;
     }
 }
 

@@ -87,7 +87,7 @@ TEST_F(RuntimeTest, ManyMinimisedWindowsAppearAfterTheOthers) {
         minimised[201]->Unload();
     });
     EXPECT_TRUE(minimised[200]->IsShownOnStage());
-    Advance(10);
+    Advance(100);
     EXPECT_EQ(shown(), 249);
 }
 
@@ -110,7 +110,7 @@ TEST_F(RuntimeTest, IfManyWindowsAreOpenedAllButTheFirstAppearAfterTheHandler) {
     EXPECT_TRUE(windows[10]->IsShownOnStage());
     // A window that is hidden meanwhile does not appear.
     Start([&windows] { windows[15]->Hide(); });
-    Advance(9);
+    Advance(99);
     EXPECT_EQ(shown(), 11);
     Advance(1);
     EXPECT_EQ(shown(), 20);
