@@ -209,8 +209,9 @@ windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 # begin_wine_run <state folder> [<width>x<height>]: for a script that runs programs under Wine and keeps
 # files only in the state folder. Waits until no other run uses the folder. Sets "state" to the folder's
 # full path and "temp" to a folder that is deleted at the end, and starts a display. The script chooses
-# the Wine prefix; all programs of the prefix end with the script. If the script fails, a picture of the
-# display stays in the state folder.
+# the Wine prefix; all programs of the prefix end with the script. If the script fails, it says which
+# command was the last one, and prints the end of $temp/wine.log; a picture of the display stays in the
+# state folder.
 #
 # The lock is file descriptor 9. Started processes must not inherit it: close it with 9>&- for every
 # process that may outlive its command line.
@@ -220,17 +221,22 @@ begin_wine_run() {
     exec 9>"$state/lock"
     flock -w 3600 9 || die "another run has been using $state for an hour"
     temp=$(mktemp -d "${TMPDIR:-/tmp}/jotwright.XXXXXX")
-    trap end_wine_run EXIT
+    trap 'end_wine_run "$BASH_COMMAND"' EXIT
     trap 'exit 130' INT
     trap 'exit 143' TERM HUP
     unset DISPLAY WAYLAND_DISPLAY LD_PRELOAD
     start_display "$temp" "${2:-}" 9>&-
 }
 
+# end_wine_run <last command>
 # shellcheck disable=SC2317  # called by the traps
 end_wine_run() {
     local status=$?
     trap - EXIT INT TERM HUP
+    if [ "$status" -ne 0 ]; then
+        say "Ended with status $status, at: $1"
+        tail -n 20 "$temp/wine.log" 2>/dev/null || true
+    fi
     if [ "$status" -ne 0 ] && [ -n "${DISPLAY:-}" ]; then
         if timeout 20 import -window root "$state/failure.png" 2>/dev/null; then
             say "Picture of the display at the end: $state/failure.png"
