@@ -186,7 +186,8 @@ prepare_wine() {
         wineserver -w
         touch "$WINEPREFIX/.ready"
     fi
-    wineserver -p >/dev/null 2>&1 </dev/null   # keeps running, so it must not hold this script's output
+    # The server keeps running, so it must not hold this script's output. Status 2: it is running already.
+    wineserver -p >/dev/null 2>&1 </dev/null || [ $? -eq 2 ] || die "the Wine server does not start"
     wine cmd /c exit >/dev/null 2>&1 </dev/null || die "Wine does not start"
 }
 
