@@ -4,11 +4,12 @@ set(scripts "${PROJECT_SOURCE_DIR}/scripts")
 
 # jotwright_add_windows_check(<name> <cost> <command>...): adds a test under Wine. Each test has its own
 # display, clock, sound device and Wine prefix, and waits most of the time. Several tests can therefore
-# run in parallel.
+# run in parallel. The prefixes are copies of one template.
+set(wine_template "JOTWRIGHT_WINE_TEMPLATE=${PROJECT_SOURCE_DIR}/build/wine-test/template")
 function(jotwright_add_windows_check name cost)
     add_test(NAME ${name} COMMAND ${ARGN} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
     set_tests_properties(${name} PROPERTIES COST ${cost} TIMEOUT ${jotwright_hang_guard}
-        ENVIRONMENT "JOTWRIGHT_WINE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/${name}")
+        ENVIRONMENT "${wine_template};JOTWRIGHT_WINE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/${name}")
 endfunction()
 
 jotwright_add_windows_check(windows.conformance 50 "${scripts}/run-windows-tests"
@@ -52,5 +53,5 @@ foreach(scale 125 150 175 200)
                                 "--gtest_filter=PointerTest.*")
     set_tests_properties(windows.pointer.${scale} PROPERTIES
         RESOURCE_LOCK windows_pointer ENVIRONMENT
-        "JOTWRIGHT_WINE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/windows.pointer;JOTWRIGHT_TEST_SCREEN=${width}x${height};JOTWRIGHT_TEST_REGISTRY=${PROJECT_BINARY_DIR}/scale-${scale}.reg")
+        "${wine_template};JOTWRIGHT_WINE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/windows.pointer;JOTWRIGHT_TEST_SCREEN=${width}x${height};JOTWRIGHT_TEST_REGISTRY=${PROJECT_BINARY_DIR}/scale-${scale}.reg")
 endforeach()

@@ -164,27 +164,58 @@ wine_choices() {
     export JOTWRIGHT_PRINT_PROCESSOR
 }
 
+# make_prefix: makes the prefix WINEPREFIX, without a Wine server at the end.
+make_prefix() {
+    say "Making a Wine prefix in $WINEPREFIX (only once; takes some seconds)"
+    mkdir -p "$(dirname "$WINEPREFIX")"
+    # LC_ALL=C.UTF-8 has no country, so Wine uses the formats of the United States.
+    # Wine waits only some seconds for the helpers that it starts, too short on a busy machine.
+    local tries=1
+    until wine wineboot --init >"$WINEPREFIX.log" 2>&1 </dev/null; do
+        [ "$tries" -lt 10 ] || die "wineboot failed, see $WINEPREFIX.log"
+        tries=$((tries + 1))
+        wineserver -k || true
+        wineserver -w || true
+    done
+    # A crash must end the program, not open a box that waits for a user.
+    wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
+        >/dev/null 2>&1 </dev/null || die "reg failed"
+    wineserver -w
+    wine --version >"$WINEPREFIX/.ready" 2>/dev/null
+}
+
+# is_ready <prefix>: whether the prefix was made by this version of Wine.
+is_ready() { [ "$(cat "$1/.ready" 2>/dev/null)" = "$(wine --version 2>/dev/null)" ]; }
+
+# copy_prefix <template>: makes the prefix WINEPREFIX as a copy of the template, and the template if there is
+# none. The system's files, 0.7 GB, are hard links to those of the template.
+copy_prefix() {
+    local system=drive_c/windows/system32
+    mkdir -p "$(dirname "$1")"
+    (
+        flock 8
+        if ! is_ready "$1"; then
+            rm -rf "$1"
+            WINEPREFIX=$1 make_prefix 8>&-
+        fi
+    ) 8>"$1.lock"
+    rm -rf "$WINEPREFIX"
+    mkdir -p "$WINEPREFIX"
+    tar -C "$1" --exclude="$system" --exclude=.ready -cf - . | tar -C "$WINEPREFIX" -xf -
+    cp -al "$1/$system" "$WINEPREFIX/$system" 2>/dev/null || cp -a "$1/$system" "$WINEPREFIX/${system%/*}"
+    cp "$1/.ready" "$WINEPREFIX"
+}
+
 # prepare_wine: makes the prefix if there is none, and leaves the Wine server running. Needs DISPLAY: if
-# a prefix is first used without a display, later programs hang on its broken desktop.
+# a prefix is first used without a display, later programs hang on its broken desktop. If
+# JOTWRIGHT_WINE_TEMPLATE is set, the prefix is a copy of the template with that path. A copy of an older Wine
+# is replaced: Wine would update files that other prefixes use at the same time.
 prepare_wine() {
     [ -n "${DISPLAY:-}" ] || die "Wine needs a display"
-    mkdir -p "$(dirname "$WINEPREFIX")"
-    if [ ! -f "$WINEPREFIX/.ready" ]; then
-        say "Making a Wine prefix in $WINEPREFIX (only once; takes some seconds)"
-        # LC_ALL=C.UTF-8 has no country, so Wine uses the formats of the United States.
-        # Wine waits only some seconds for the helpers that it starts, too short on a busy machine.
-        local tries=1
-        until wine wineboot --init >"$WINEPREFIX.log" 2>&1 </dev/null; do
-            [ "$tries" -lt 10 ] || die "wineboot failed, see $WINEPREFIX.log"
-            tries=$((tries + 1))
-            wineserver -k || true
-            wineserver -w || true
-        done
-        # A crash must end the program, not open a box that waits for a user.
-        wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
-            >/dev/null 2>&1 </dev/null || die "reg failed"
-        wineserver -w
-        touch "$WINEPREFIX/.ready"
+    if [ -n "${JOTWRIGHT_WINE_TEMPLATE:-}" ]; then
+        is_ready "$WINEPREFIX" || copy_prefix "$JOTWRIGHT_WINE_TEMPLATE"
+    elif [ ! -f "$WINEPREFIX/.ready" ]; then
+        make_prefix
     fi
     # The server keeps running, so it must not hold this script's output. Status 2: it is running already.
     wineserver -p >/dev/null 2>&1 </dev/null || [ $? -eq 2 ] || die "the Wine server does not start"
