@@ -20,6 +20,8 @@ constexpr std::ptrdiff_t openedAtOnce = 10;
 constexpr std::int64_t longestRound = 50;
 constexpr std::int64_t pauseBetweenRounds = 10;
 constexpr std::int64_t pauseBeforeRounds = 100;
+// In milliseconds: enough for a window manager of X11 to give a new window the focus.
+constexpr int pauseForNewWindows = 250;
 
 // The stage keeps typed text until the text box is read. So fetch it before the stage discards the
 // form.
@@ -86,6 +88,10 @@ void Runtime::Dispatch(Form* form, const std::function<void()>& handler) {
 void Runtime::End() {
     EndNow();
     throw ProgramEnded{};
+}
+
+void Runtime::LetWindowsComeUp() {
+    Wait([this] { stage.RunFor(pauseForNewWindows); });
 }
 
 void Runtime::EndNow() {

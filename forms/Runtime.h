@@ -35,6 +35,7 @@ class Runtime final : public Application {
     void Dispatch(Form* form, const std::function<void()>& handler);
 
     [[noreturn]] void End() override;
+    void LetWindowsComeUp() override;
 
     Stage& stage;
     TimerQueue timers;

@@ -49,6 +49,7 @@ class Stage {
     virtual std::optional<std::string> ShowOpenDialog(Form& form,
                                                       const FileDialogRequest& request) = 0;
     virtual void RunMainLoop() = 0;  // returns when no form is loaded
+    virtual void RunFor(int milliseconds) = 0;
 
     // Called when the runtime ends. Every pump must return soon.
     virtual void Quit() = 0;

@@ -47,16 +47,10 @@ void frmSplash::Form_Load() {
 }
 
 void frmSplash::tmrSplash_Timer() {
-    ++TickCount;
-    if (TickCount == 2) {
-        OpenMainWindow();
-    } else if (TickCount == 3) {
-        Unload();
-        ShowTips();
+    if (TickCount != 1) {
+        ++TickCount;
+        return;
     }
-}
-
-void frmSplash::OpenMainWindow() {
     // The user is waiting for the notes. So allow the longer wait for files that other programs
     // hold.
     forms::Application::Current().BeginUsersAction();
@@ -64,13 +58,18 @@ void frmSplash::OpenMainWindow() {
     Default<frmNote>().Load();
     Default<frmDisplayNote>().Load();
     Default<frmKillAlarm>().Load();
-    Hide();
-    StandardCode::Shared().ViewTipsFlag = Settings::viewTips.Read();
-    Default<frmTip>().Load();
+    Unload();
+    ShowTips();
 }
 
 void frmSplash::ShowTips() {
-    if (StandardCode::Shared().ViewTipsFlag != 1) {
+    std::int16_t& hideTips = StandardCode::Shared().ViewTipsFlag;
+    hideTips = Settings::viewTips.Read();
+    Default<frmTip>().Load();
+    if (hideTips != 1) {
+        // A window manager of X11 gives the focus back only to a window that had it before. So let
+        // the main window have it before the tips disable it.
+        forms::Application::Current().LetWindowsComeUp();
         Default<frmTip>().ShowModal();
         Default<frmTip>().Load();
     }

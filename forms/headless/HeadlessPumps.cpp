@@ -185,6 +185,12 @@ std::optional<std::string> HeadlessPumps::ShowOpenDialog(Form& form,
     return std::nullopt;
 }
 
+void HeadlessPumps::RunFor(int /*milliseconds*/) {
+    if (duringPause) {
+        duringPause();
+    }
+}
+
 void HeadlessPumps::RunMainLoop() {
     const Waiting open(*this, Wait::MainLoop);
     const auto wanted = TakeNext<ExpectedMainLoop>();

@@ -22,6 +22,9 @@ class HeadlessPumps : public Stage, public Expectations {
 
     VirtualClock& clock;
 
+    // Called in each pause of the program in which the user can act. Only a script lets time pass.
+    std::function<void()> duringPause;
+
     // Answers for boxes that the script does not list. For tests with unpredictable boxes.
     struct Improvisation {
         std::function<BoxResult(const BoxRequest&)> box;
@@ -53,6 +56,7 @@ class HeadlessPumps : public Stage, public Expectations {
     std::optional<std::string> ShowOpenDialog(Form& form,
                                               const FileDialogRequest& request) override;
     void RunMainLoop() override;
+    void RunFor(int milliseconds) override;
 
   private:
     enum class Wait { Box, Modal, Popup, OpenDialog, MainLoop };

@@ -174,6 +174,14 @@ void Run(const std::function<bool()>& goesOn) {
     }
 }
 
+void RunFor(int milliseconds) {
+    const std::int64_t end = Machine().clock->MonotonicMilliseconds() + milliseconds;
+    // Ends the wait for the next message.
+    const UINT_PTR timer = ::SetTimer(nullptr, 0, static_cast<UINT>(milliseconds), nullptr);
+    Run([end] { return Machine().clock->MonotonicMilliseconds() < end; });
+    ::KillTimer(nullptr, timer);
+}
+
 BoxResult ShowMessageBox(StageState& state, const BoxRequest& request) {
     HWND owner = OwnerForBox();
     UINT flags = BoxFlags(request.options) | (owner == nullptr ? UINT{MB_TASKMODAL} : UINT{0});

@@ -16,6 +16,8 @@ namespace forms::win32::pumps {
 
 // Runs the program's loop while the condition is true.
 void Run(const std::function<bool()>& goesOn);
+// Runs the program's loop for a time.
+void RunFor(int milliseconds);
 
 BoxResult ShowMessageBox(StageState& state, const BoxRequest& request);
 // window is the window that owns the dialog. It may be null.

@@ -150,6 +150,8 @@ void Win32Stage::RunMainLoop() {
     pumps::Run([] { return !Runtime::Current().LoadedForms().empty(); });
 }
 
+void Win32Stage::RunFor(int milliseconds) { pumps::RunFor(milliseconds); }
+
 BoxResult Win32Stage::ShowMessageBox(const BoxRequest& request) {
     return pumps::ShowMessageBox(*state, request);
 }

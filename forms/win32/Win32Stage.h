@@ -37,6 +37,7 @@ class Win32Stage : public Stage {
     std::optional<std::string> ShowOpenDialog(Form& form,
                                               const FileDialogRequest& request) override;
     void RunMainLoop() override;
+    void RunFor(int milliseconds) override;
 
     void Quit() override;
     void ArmTimer(std::optional<std::int64_t> due) override;

@@ -37,7 +37,6 @@ class AllWindowsTest : public testing_support::WholeProgram {
 
     std::string Everything() {
         StartQuietly();
-        Advance(500);  // the splash closes itself
         std::string all = testing_support::WindowText(Main());
         all += '\n' + testing_support::WindowText(MakeNote("Dentist"));
         for (const std::string& window :

@@ -64,7 +64,7 @@ TEST_F(frmSplashTest, TheSecondTickOpensTheMainWindowAndLoadsTheHiddenOnes) {
     StoreViewTips("1");
     Start(StandardCode::Main);
     Advance(1000);
-    EXPECT_FALSE(forms::Default<frmSplash>().IsVisible());
+    EXPECT_EQ(LoadedDefault<frmSplash>(), nullptr);
     EXPECT_TRUE(Main().IsVisible());
     for (const forms::Form* form : {static_cast<forms::Form*>(LoadedDefault<frmNote>()),
                                     static_cast<forms::Form*>(LoadedDefault<frmDisplayNote>()),
@@ -75,17 +75,31 @@ TEST_F(frmSplashTest, TheSecondTickOpensTheMainWindowAndLoadsTheHiddenOnes) {
     }
 }
 
-// The main window can be used for one tick before the tips disable it.
-TEST_F(frmSplashTest, TheMainWindowIsActiveBeforeTheTipsOpen) {
+TEST_F(frmSplashTest, TheMainWindowIsShownAndActiveBeforeTheTipsDisableIt) {
+    int pauses = 0;
+    stage->duringPause = [&] {
+        ++pauses;
+        EXPECT_EQ(LoadedDefault<frmSplash>(), nullptr);
+        EXPECT_TRUE(Main().IsShownOnStage());
+        EXPECT_TRUE(Main().IsUsable());
+        EXPECT_EQ(runtime->ActiveForm(), &Main());
+        EXPECT_EQ(Main().focus.ActiveControl(), &Main().txtNoteTitle);
+    };
+    stage->ExpectModal<frmTip>([&](frmTip& tips) {
+        EXPECT_EQ(pauses, 1);
+        user->Click(tips.cmdOK);
+    });
     Start(StandardCode::Main);
-    Advance(1499);
-    EXPECT_TRUE(Main().IsUsable());
+    Advance(1000);
     EXPECT_EQ(runtime->ActiveForm(), &Main());
     EXPECT_EQ(Main().focus.ActiveControl(), &Main().txtNoteTitle);
-    stage->ExpectModal<frmTip>([this](frmTip& tips) { user->Click(tips.cmdOK); });
-    Advance(1);
-    EXPECT_EQ(runtime->ActiveForm(), &Main());
-    EXPECT_EQ(Main().focus.ActiveControl(), &Main().txtNoteTitle);
+}
+
+TEST_F(frmSplashTest, TheProgramCanEndBeforeTheTipsOpen) {
+    stage->duringPause = [&] { user->Choose(Main().mnuFileExit); };
+    Start(StandardCode::Main);
+    Advance(1000);
+    EXPECT_TRUE(runtime->HasEnded());
 }
 
 TEST_F(frmSplashTest, TheTipsAreShownModallyUnlessTheUserSwitchedThemOff) {
@@ -97,7 +111,7 @@ TEST_F(frmSplashTest, TheTipsAreShownModallyUnlessTheUserSwitchedThemOff) {
         user->Click(tips.cmdOK);
     });
     Start(StandardCode::Main);
-    Advance(1500);
+    Advance(1000);
     EXPECT_TRUE(Main().IsUsable());
     ASSERT_NE(LoadedDefault<frmTip>(), nullptr);
     EXPECT_FALSE(LoadedDefault<frmTip>()->IsVisible());
@@ -109,7 +123,7 @@ TEST_F(frmSplashTest, TheBoxShowsTheValueReadAtStartUpAndOkWritesIt) {
         user->Click(tips.cmdOK);
     });
     Start(StandardCode::Main);
-    Advance(1500);
+    Advance(1000);
     EXPECT_EQ(settings.Read("Startup", "View Tips"), "1");
     ExpectEachTimeInTheMenu(0);
 }
@@ -129,7 +143,7 @@ TEST_F(frmSplashTest, AnInvalidCheckMarkShowsTheTipsWithAnEmptyBox) {
             user->CloseBox(tips);
         });
         Start(StandardCode::Main);
-        Advance(1500);
+        Advance(1000);
         EXPECT_EQ(shown, 1) << value;
         EXPECT_FALSE(runtime->HasEnded()) << value;
         Restart();
@@ -143,7 +157,7 @@ TEST_F(frmSplashTest, AGrayedBoxIsShownAndCountsAsUnchecked) {
         user->Click(tips.cmdOK);
     });
     Start(StandardCode::Main);
-    Advance(1500);
+    Advance(1000);
     EXPECT_EQ(settings.Read("Startup", "View Tips"), "0");
 }
 
@@ -157,7 +171,7 @@ TEST_F(frmSplashTest, TimersRunWhileTheTipsAreOpen) {
         user->Click(tips.cmdOK);
     });
     Start(StandardCode::Main);
-    Advance(1500);
+    Advance(1000);
 }
 
 TEST_F(frmSplashTest, AValueThatIsNotANumberEndsTheProgram) {

@@ -161,7 +161,6 @@ TEST_F(GrowthTest, ErasedNotesLeaveNothingBehind) {
     const int warm = static_cast<int>(long_tests::Scaled(50, 1000));
     files.SetRecycleBin(false);
     StartQuietly();
-    Advance(500);  // the splash closes itself
     const Remains start = Count();
     std::int64_t base = 0;
     std::int64_t most = 0;
