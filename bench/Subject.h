@@ -19,8 +19,8 @@ class Subject {
     // The executable's folder.
     std::string Folder() const;
 
-    // The top-level window with this caption. A null window if there is none.
-    driver::Window Find(const std::string& caption) const;
+    // The top-level window with this caption and a title bar. A null window if there is none.
+    driver::Window Find(const std::string& caption) const { return Find(caption, true); }
     driver::Window Main() const { return Find("Jotwright"); }
     driver::Window Note(int number) const { return Find("Note " + std::to_string(number)); }
     driver::Window Panel() const { return Find("Notes Control Panel"); }
@@ -31,7 +31,8 @@ class Subject {
     bool PanelLists(int rows) const;
     // The number of notes that are minimised.
     int CountMinimised() const;
-    bool HasSplash() const;
+    // Whether the splash screen is there. It has the caption of the main window, but no title bar.
+    bool HasSplash() const { return static_cast<bool>(Find("Jotwright", false)); }
 
     // Waits until all notes and the main window are there. There must be no box.
     void AwaitStart() const;
@@ -52,6 +53,8 @@ class Subject {
     double MeasureExit();
 
   private:
+    driver::Window Find(const std::string& caption, bool hasTitleBar) const;
+
     std::string executable;
     int notes;
     bool isBaseline;
