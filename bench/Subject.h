@@ -7,12 +7,14 @@
 
 namespace bench {
 
-// What bench/actions measures: a running copy of the program or of bench/ActionsBaseline.cpp. Their
-// windows have the same captions and differ only in their class. Only one copy may run at a time.
+// A running copy of the program or of bench/ActionsBaseline.cpp, which bench/actions measures. The
+// windows of both have the same captions and differ only in their class. Only one copy may run at a
+// time.
 class Subject {
   public:
-    // Starts the executable and returns at once. Without children it is the program. With them it
-    // is the baseline, whose notes have so many child windows each.
+    // Starts the executable and returns at once. If children is empty, the executable must be the
+    // program. Otherwise it must be the baseline, and children is the number of child windows that
+    // each note gets.
     Subject(const std::string& path, int noteCount, const std::string& children);
 
     bool IsBaseline() const { return isBaseline; }
