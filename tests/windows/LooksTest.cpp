@@ -172,9 +172,7 @@ TEST_F(LooksTest, AWindowTakesTheScaleOfItsMonitor) {
 
 TEST_F(LooksTest, ShortAndLongTipsBeginAtTheSamePlace) {
     const Window main = StartProgram();
-    ChooseFromMenuBar(program, main, barShowTips);
-    const Window tips = program.WaitFor("Jotwright - Tips and Tricks");
-    WaitUntilFilled(tips, "Button");
+    const Window tips = OpenFromMenuBar(main, barShowTips, "Jotwright - Tips and Tricks");
     BringUp(tips);
     const Window text = tips.Child("Static", "Create up to 100 personalized notes.");
     std::optional<Extent> first;
