@@ -14,7 +14,7 @@ class Subject {
   public:
     // Starts the executable and returns at once. If children is empty, the executable must be the
     // program. Otherwise it must be the baseline, and children is the number of child windows that
-    // each note gets.
+    // each note gets; for "0", see ActionsBaseline.cpp.
     Subject(const std::string& path, int noteCount, const std::string& children);
 
     bool IsBaseline() const { return isBaseline; }
