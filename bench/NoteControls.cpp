@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <string_view>
+
 namespace {
 
 struct Design {
@@ -12,27 +14,36 @@ struct Design {
     const wchar_t* text;
 };
 
-constexpr DWORD shown = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
-constexpr DWORD label = WS_CHILD | WS_CLIPSIBLINGS;
+constexpr DWORD hidden = WS_CHILD | WS_CLIPSIBLINGS;
+constexpr DWORD shown = hidden | WS_VISIBLE;
+constexpr DWORD reachedByTab = WS_GROUP | WS_TABSTOP;
+// While the alarm is set, the fields for its date and time are hidden and disabled.
+constexpr DWORD picker = hidden | WS_DISABLED | reachedByTab;
+constexpr DWORD button = shown | reachedByTab | BS_MULTILINE;
+constexpr DWORD frame = shown | WS_GROUP | BS_GROUPBOX;
+constexpr DWORD text = shown | reachedByTab | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
+constexpr DWORD toolbar = shown | reachedByTab | TBSTYLE_FLAT | TBSTYLE_TRANSPARENT |
+                          TBSTYLE_TOOLTIPS | CCS_TOP | CCS_NOPARENTALIGN | CCS_NORESIZE |
+                          CCS_NODIVIDER;
 
 const Design designs[] = {
-    {WC_EDITW, 0x54031044, WS_EX_CLIENTEDGE, {12, 40, 448, 196}, L""},
-    {WC_STATICW, label | WS_GROUP, 0, {24, 266, 116, 17}, L"Select Alarm Date"},
-    {DATETIMEPICK_CLASSW, 0x4c030000, WS_EX_CLIENTEDGE, {24, 287, 116, 23}, L""},
-    {WC_STATICW, label | WS_GROUP, 0, {148, 266, 116, 17}, L"Select Alarm Time"},
-    {DATETIMEPICK_CLASSW, 0x4c030009, WS_EX_CLIENTEDGE, {148, 287, 116, 23}, L""},
+    {WC_EDITW, text, WS_EX_CLIENTEDGE, {12, 40, 448, 196}, L""},
+    {WC_STATICW, hidden | WS_GROUP, 0, {24, 266, 116, 17}, L"Select Alarm Date"},
+    {DATETIMEPICK_CLASSW, picker, WS_EX_CLIENTEDGE, {24, 287, 116, 23}, L""},
+    {WC_STATICW, hidden | WS_GROUP, 0, {148, 266, 116, 17}, L"Select Alarm Time"},
+    {DATETIMEPICK_CLASSW, picker | DTS_TIMEFORMAT, WS_EX_CLIENTEDGE, {148, 287, 116, 23}, L""},
     {WC_STATICW, shown | SS_CENTER, 0, {28, 269, 108, 17}, L"May"},
     {WC_STATICW, shown | SS_CENTER, 0, {28, 292, 108, 19}, L"14, 2099"},
     {WC_STATICW, shown | SS_CENTER, 0, {152, 282, 108, 19}, L"9:30:00 AM"},
-    {WC_BUTTONW, 0x54032005, 0, {304, 266, 144, 17}, L"Turn On Audio Alarm"},
+    {WC_BUTTONW, button | BS_3STATE, 0, {304, 266, 144, 17}, L"Turn On Audio Alarm"},
     {WC_STATICW, shown, 0, {280, 266, 16, 16}, L""},
-    {WC_BUTTONW, 0x54032000, 0, {304, 286, 144, 25}, L"&Turn Off Alarm"},
+    {WC_BUTTONW, button, 0, {304, 286, 144, 25}, L"&Turn Off Alarm"},
     {WC_STATICW, shown, 0, {280, 290, 16, 16}, L""},
-    {WC_BUTTONW, 0x54032000, 0, {12, 337, 180, 25}, L"Hide &System Date/Time"},
+    {WC_BUTTONW, button, 0, {12, 337, 180, 25}, L"Hide &System Date/Time"},
     {WC_STATICW, shown, 0, {24, 392, 424, 34}, L"System Date and Time is"},
-    {TOOLBARCLASSNAMEW, 0x5403894d, 0, {8, 4, 448, 32}, L"Note"},
-    {WC_BUTTONW, 0x54020007, 0, {12, 244, 448, 85}, L" Alarm Set "},
-    {WC_BUTTONW, 0x54020007, 0, {12, 374, 448, 57}, L"Current System Time"},
+    {TOOLBARCLASSNAMEW, toolbar, 0, {8, 4, 448, 32}, L"Note"},
+    {WC_BUTTONW, frame, 0, {12, 244, 448, 85}, L" Alarm Set "},
+    {WC_BUTTONW, frame, 0, {12, 374, 448, 57}, L"Current System Time"},
 };
 
 HFONT NoteFont() {
@@ -45,19 +56,19 @@ HFONT NoteFont() {
     return font;
 }
 
-// Nine buttons with pictures of the system, as many as the editor's toolbar has.
-void FillToolbar(HWND toolbar) {
-    constexpr int buttons = 9;
-    ::SendMessageW(toolbar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+// Adds as many buttons as the editor's toolbar has, with pictures of the system.
+void FillToolbar(HWND control) {
+    constexpr int buttons = 6;
+    ::SendMessageW(control, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     TBADDBITMAP pictures{HINST_COMMCTRL, IDB_STD_SMALL_COLOR};
-    ::SendMessageW(toolbar, TB_ADDBITMAP, 0, reinterpret_cast<LPARAM>(&pictures));
+    ::SendMessageW(control, TB_ADDBITMAP, 0, reinterpret_cast<LPARAM>(&pictures));
     TBBUTTON all[buttons]{};
-    for (int button = 0; button < buttons; ++button) {
-        all[button].iBitmap = button;
-        all[button].idCommand = 1 + button;
-        all[button].fsState = TBSTATE_ENABLED;
+    for (int index = 0; index < buttons; ++index) {
+        all[index].iBitmap = index;
+        all[index].idCommand = 1 + index;
+        all[index].fsState = TBSTATE_ENABLED;
     }
-    ::SendMessageW(toolbar, TB_ADDBUTTONSW, buttons, reinterpret_cast<LPARAM>(all));
+    ::SendMessageW(control, TB_ADDBUTTONSW, buttons, reinterpret_cast<LPARAM>(all));
 }
 
 }  // namespace
@@ -69,7 +80,7 @@ void MakeNoteControls(HWND parent) {
                                          design.place.right, design.place.bottom, parent, nullptr,
                                          ::GetModuleHandleW(nullptr), nullptr);
         ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(NoteFont()), FALSE);
-        if (design.className == designs[14].className) {
+        if (design.className == std::wstring_view(TOOLBARCLASSNAMEW)) {
             FillToolbar(control);
         }
     }

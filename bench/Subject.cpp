@@ -43,12 +43,12 @@ Subject::Subject(const std::string& path, int noteCount, const std::string& chil
 
 std::string Subject::Folder() const { return executable.substr(0, executable.rfind('\\')); }
 
-Window Subject::Find(const std::string& caption) const {
+Window Subject::Find(const std::string& caption, bool hasTitleBar) const {
     Window found;
     do {
         found = Window(
             ::FindWindowExW(nullptr, found.handle, ClassOf(isBaseline), Wide(caption).c_str()));
-    } while (found && !found.HasTitleBar());  // the splash screen has the main window's caption
+    } while (found && found.HasTitleBar() != hasTitleBar);
     return found;
 }
 
@@ -63,14 +63,6 @@ Window Subject::List() const {
 bool Subject::PanelLists(int rows) const {
     const Window list = List();
     return list && ::SendMessageW(list.handle, LVM_GETITEMCOUNT, 0, 0) == rows && IsAtRest(Panel());
-}
-
-bool Subject::HasSplash() const {
-    Window found;
-    do {
-        found = Window(::FindWindowExW(nullptr, found.handle, ClassOf(isBaseline), L"Jotwright"));
-    } while (found && found.HasTitleBar());
-    return static_cast<bool>(found);
 }
 
 int Subject::CountMinimised() const {

@@ -7,20 +7,22 @@
 
 namespace bench {
 
-// What bench/actions measures: a running copy of the program or of bench/ActionsBaseline.cpp. Their
-// windows have the same captions and differ only in their class. Only one copy may run at a time.
+// A running copy of the program or of bench/ActionsBaseline.cpp, which bench/actions measures. The
+// windows of both have the same captions and differ only in their class. Only one copy may run at a
+// time.
 class Subject {
   public:
-    // Starts the executable and returns at once. Without children it is the program. With them it
-    // is the baseline, whose notes have so many child windows each.
+    // Starts the executable and returns at once. If children is empty, the executable must be the
+    // program. Otherwise it must be the baseline, and children is the number of child windows that
+    // each note gets; for "0", see ActionsBaseline.cpp.
     Subject(const std::string& path, int noteCount, const std::string& children);
 
     bool IsBaseline() const { return isBaseline; }
     // The executable's folder.
     std::string Folder() const;
 
-    // The top-level window with this caption. A null window if there is none.
-    driver::Window Find(const std::string& caption) const;
+    // The top-level window with this caption and a title bar. A null window if there is none.
+    driver::Window Find(const std::string& caption) const { return Find(caption, true); }
     driver::Window Main() const { return Find("Jotwright"); }
     driver::Window Note(int number) const { return Find("Note " + std::to_string(number)); }
     driver::Window Panel() const { return Find("Notes Control Panel"); }
@@ -31,7 +33,8 @@ class Subject {
     bool PanelLists(int rows) const;
     // The number of notes that are minimised.
     int CountMinimised() const;
-    bool HasSplash() const;
+    // Whether the splash screen is there. It has the caption of the main window, but no title bar.
+    bool HasSplash() const { return static_cast<bool>(Find("Jotwright", false)); }
 
     // Waits until all notes and the main window are there. There must be no box.
     void AwaitStart() const;
@@ -52,6 +55,8 @@ class Subject {
     double MeasureExit();
 
   private:
+    driver::Window Find(const std::string& caption, bool hasTitleBar) const;
+
     std::string executable;
     int notes;
     bool isBaseline;

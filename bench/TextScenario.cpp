@@ -41,13 +41,13 @@ void SelectEntry(const Window& text, int submenu, int entry) {
     text.Press(VK_RIGHT);
     Await("submenu", [] { return CountMenus() == 2; });
     PressTimes(text, VK_DOWN, entry);
-    constexpr DWORD painting =
-        50;  // milliseconds; the time that passes before Enter does not count
+    // Let the submenu be painted. The measured time begins later, with the Enter key.
+    constexpr DWORD painting = 50;  // milliseconds
     ::Sleep(painting);
 }
 
-// Chooses the two entries of the submenu in turn. The baseline has no menu: it is
-// sent a command.
+// Chooses the two entries of the submenu in turn and measures each choice. The baseline has no
+// menu, so its note gets a command instead.
 void MeasureChoices(const char* name, const Subject& subject, const Window& text, int submenu,
                     const int (&entries)[2], int times, LRESULT (*look)(const Window&)) {
     const Window note = text.Parent();

@@ -10,15 +10,19 @@ namespace forms {
 
 namespace {
 
-// If a handler shows more new minimised windows than the first number, the others follow in short
-// rounds. If it opens more windows than the second number, all but the first do. Events are handled
-// between the rounds.
+// A handler may show or change many windows. The stage then shows only some of them at once and the
+// others in short rounds. Events are handled between the rounds.
+
+// The largest number of new minimised windows that are shown at once.
 constexpr std::size_t minimizedAtOnce = 100;
-constexpr std::ptrdiff_t openedAtOnce = 10;
-// In milliseconds: a round ends after this time, and the next one follows after the second one. The
-// pause before the first round is long enough to paint the first window.
+// The largest number of open windows that are shown at once. If there are more, only the first one
+// is shown at once.
+constexpr std::ptrdiff_t openAtOnce = 10;
+// A round shows no further window after this time, in milliseconds.
 constexpr std::int64_t longestRound = 50;
+// The time between the end of a round and the start of the next one, in milliseconds.
 constexpr std::int64_t pauseBetweenRounds = 10;
+// The time before the first round, in milliseconds. It is long enough to paint the first window.
 constexpr std::int64_t pauseBeforeRounds = 100;
 // In milliseconds: enough for a window manager of X11 to give a new window the focus.
 constexpr int pauseForNewWindows = 250;
@@ -161,12 +165,13 @@ void Runtime::Settle() {
     }
     std::vector<std::weak_ptr<Form>> toShow;
     toShow.swap(dirty);
-    const auto open = std::ranges::count_if(toShow, [](const auto& weak) {
+    const auto isOpenForm = [](const std::weak_ptr<Form>& weak) {
         const auto form = weak.lock();
         return form && IsOpen(*form);
-    });
+    };
+    const bool hasManyOpen = std::ranges::count_if(toShow, isOpenForm) > openAtOnce;
     const bool wasWaiting = HasWaitingWindows();
-    std::ptrdiff_t opened = 0;
+    bool hasShownOpen = false;
     std::size_t minimized = 0;
     for (const auto& weak : toShow) {
         const auto form = weak.lock();
@@ -174,9 +179,10 @@ void Runtime::Settle() {
             continue;
         }
         form->isMarkedDirty = false;
-        const bool isNewAndMinimized = form->visible && !form->shownOnStage && !IsOpen(*form);
+        const bool isOpen = IsOpen(*form);
+        const bool isNewAndMinimized = form->visible && !form->shownOnStage && !isOpen;
         if ((isNewAndMinimized && ++minimized > minimizedAtOnce) ||
-            (IsOpen(*form) && open > openedAtOnce && ++opened > 1)) {
+            (isOpen && hasManyOpen && std::exchange(hasShownOpen, true))) {
             waiting.push_back(weak);
         } else {
             ShowOrHide(*form);

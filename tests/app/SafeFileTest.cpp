@@ -1,38 +1,16 @@
-#include <gtest/gtest.h>
-
 #include <set>
 
-#include "app/SafeFile.h"
 #include "base/Text.h"
-#include "tests/support/RuleDevices.h"
+#include "tests/app/SafeFileDevices.h"
 
 namespace {
-
-using testing_support::ErrorOf;
-using testing_support::RuleDevices;
 
 using base::ErrorNumber;
 using forms::headless::Killed;
 using forms::headless::MemoryFiles;
+using testing_support::ErrorOf;
 using Moment = MemoryFiles::Moment;
-
-const std::string folder = "C:\\Jotwright\\Notes";
-const std::string path = folder + "\\Dentist.txt";
-const std::string oldBytes = "the old note";
-const std::string newBytes = "the new note, which is longer than the old one";
-
-// As if no file were missing.
-void RemoveLeftovers(const std::string& ofFolder) {
-    SafeFile::SettleLeftovers(ofFolder, [](const std::string&) { return std::string(); });
-}
-
-class SafeFileTest : public testing::Test, protected RuleDevices {
-  protected:
-    SafeFileTest() { files.PutFile(path, oldBytes); }
-
-    std::vector<std::string> Names() { return files.Names(folder); }
-    const std::vector<std::string> justTheNote{"Dentist.txt"};
-};
+using SafeFileTest = testing_support::SafeFileDevices;
 
 TEST_F(SafeFileTest, ReplacesAnExistingFile) {
     EXPECT_TRUE(SafeFile::ReplaceFile(path, newBytes));
@@ -87,15 +65,6 @@ TEST_F(SafeFileTest, NamesThatTheSystemRefusesLeaveNothingBehind) {
             << name;
         EXPECT_EQ(Names(), justTheNote) << name;
     }
-}
-
-// No temporary file may ever be read as a note.
-TEST_F(SafeFileTest, TheTemporaryFileIsNotListedAsANote) {
-    files.KillAt(5, Moment::Before);
-    EXPECT_THROW(SafeFile::ReplaceFile(path, newBytes), Killed);
-    files.Restart();
-    EXPECT_EQ(files.List(folder, ".txt").size(), 1U);
-    EXPECT_EQ(Names().size(), 2U);
 }
 
 struct KillPoint {
@@ -258,64 +227,6 @@ TEST_F(SafeFileTest, TheErrorOfTheSaveIsRaisedEvenIfTheTemporaryFileStays) {
     EXPECT_EQ(files.Peek(path), newBytes);
 }
 
-const std::string dead = folder + "\\~Jotwright-0123456789abcdef-";
-
-TEST_F(SafeFileTest, ALeftoverOfTheSameNameDoesNotPreventTheSave) {
-    const std::string own = folder + "\\~Jotwright-" + system.instanceId + "-";
-    files.PutFile(own + "1.tmp", "junk");
-    files.PutFolder(own + "2.tmp");
-    EXPECT_TRUE(SafeFile::ReplaceFile(path, newBytes));
-    EXPECT_EQ(files.Peek(path), newBytes);
-    EXPECT_EQ(files.Peek(own + "1.tmp"), "junk");
-}
-
-TEST_F(SafeFileTest, TwoProgramsOnOneFolderUseDifferentTemporaryNames) {
-    files.KillAt(5, Moment::Before);
-    EXPECT_THROW(SafeFile::ReplaceFile(path, newBytes), Killed);
-    files.Restart();
-    const auto first = Names();
-    system.instanceId = "000000000000000b";
-    files.KillAt(5, Moment::Before);
-    EXPECT_THROW(SafeFile::ReplaceFile(path, newBytes + "!"), Killed);
-    files.Restart();
-    EXPECT_EQ(Names().size(), first.size() + 1);
-}
-
-TEST_F(SafeFileTest, OnlyLeftoversOfThisProgramAreRemoved) {
-    files.PutFile(dead + "1.tmp", "junk");
-    files.PutFile(dead + "12.tmp", "junk");
-    for (const char* name :
-         {"mine.tmp", "~Jotwright.txt", "~Jotwright report.tmp", "~Jotwright1.tmp",
-          "~Jotwright-.tmp", "~Jotwright-0123456789abcdef-.tmp", "~Jotwright--1.tmp",
-          "~Jotwright-xyz-1.tmp", "~Jotwright-0123456789abcdef-1a.tmp"}) {
-        files.PutFile(folder + '\\' + name, "mine");
-    }
-    RemoveLeftovers(folder);
-    EXPECT_EQ(Names().size(), 10U);
-    EXPECT_FALSE(files.FileExists(dead + "1.tmp"));
-    EXPECT_FALSE(files.FileExists(dead + "12.tmp"));
-}
-
-TEST_F(SafeFileTest, LeftoversOfARunningProgramStay) {
-    files.PutFile(dead + "1.tmp", "being written");
-    files.SetLocked(folder + "\\~Jotwright-0123456789abcdef.lock", true);
-    RemoveLeftovers(folder);
-    EXPECT_TRUE(files.FileExists(dead + "1.tmp"));
-    files.SetLocked(folder + "\\~Jotwright-0123456789abcdef.lock", false);
-    RemoveLeftovers(folder);
-    EXPECT_EQ(Names(), justTheNote);
-}
-
-TEST_F(SafeFileTest, ALeftoverThatCannotBeRemovedDoesNotStopTheRemovingOfOthers) {
-    files.PutFile(dead + "1.tmp", "junk");
-    files.PutFile(dead + "2.tmp", "junk");
-    files.SetDenied(dead + "1.tmp", true);
-    RemoveLeftovers(folder);
-    EXPECT_EQ(Names(),
-              (std::vector<std::string>{"Dentist.txt", "~Jotwright-0123456789abcdef-1.tmp"}));
-    RemoveLeftovers("C:\\Nowhere");
-}
-
 TEST_F(SafeFileTest, AReplacementThatFailsAfterTheOldFileIsGoneKeepsTheNewBytes) {
     files.SetDenied(path, false);
     int kept = 0;
@@ -395,16 +306,6 @@ TEST_F(SafeFileTest, NamesAreComparedAsTheFileSystemComparesThem) {
     EXPECT_NE(SafeFile::NameKey("a.txt"), SafeFile::NameKey("b.txt"));
 }
 
-TEST_F(SafeFileTest, RemovingLeftoversFromAFolderThatCannotBeListedRaisesNothing) {
-    struct : MemoryFiles {
-        std::vector<forms::FileEntry> List(const std::string&, const std::string&) override {
-            throw base::RuntimeError(ErrorNumber::PermissionDenied);
-        }
-    } unreadable;
-    forms::Machine().files = &unreadable;
-    EXPECT_EQ(ErrorOf([] { RemoveLeftovers(folder); }), 0);
-}
-
 TEST_F(SafeFileTest, OnADiskThatReplacesInTwoStepsAKillKeepsTheOldFileOrTheNewOne) {
     files.SetReplacesInTwoSteps(true);
     int adopted = 0;
@@ -447,17 +348,6 @@ TEST_F(SafeFileTest, OnSuchADiskAnErrorKeepsTheOldBytesOrTheNewOnes) {
             break;
         }
     }
-}
-
-TEST_F(SafeFileTest, ALeftoverThatCannotTakeItsPlaceStays) {
-    files.PutFile(dead + "1.tmp", newBytes);
-    files.SetReadOnly(folder, true);
-    SafeFile::SettleLeftovers(folder, [](const std::string&) { return folder + "\\Lost.txt"; });
-    EXPECT_EQ(files.Peek(dead + "1.tmp"), newBytes);
-    files.SetReadOnly(folder, false);
-    SafeFile::SettleLeftovers(folder, [](const std::string&) { return folder + "\\Lost.txt"; });
-    EXPECT_EQ(files.Peek(folder + "\\Lost.txt"), newBytes);
-    EXPECT_FALSE(files.FileExists(dead + "1.tmp"));
 }
 
 }  // namespace

@@ -5,9 +5,10 @@
 #include "tests/long/FaultProgram.h"
 #include "tests/long/Scale.h"
 
-// Runs every operation that writes to the disk, the start, and an alarm, each with one allocation
-// that fails. The program reports it, saves the open notes and ends, or it goes on. Afterwards,
-// each file must be one that the user knows, and typed text must come back.
+// Runs every operation that writes to the disk, the start, and an alarm, and lets one allocation
+// fail. The program either reports the failure, saves the open notes and ends, or it goes on.
+// Afterwards, each file must have its contents from before or after the operation. If text was
+// typed, the next start must show it.
 
 namespace allocations = long_tests::allocations;
 

@@ -9,11 +9,12 @@ namespace {
 int count = 0;
 int failing = 0;
 
+void* AllocateOrNull(std::size_t size) {
+    return ++count == failing ? nullptr : std::malloc(size > 0 ? size : 1);
+}
+
 void* Allocate(std::size_t size) {
-    if (++count == failing) {
-        throw std::bad_alloc();
-    }
-    void* memory = std::malloc(size > 0 ? size : 1);
+    void* memory = AllocateOrNull(size);
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
@@ -36,10 +37,10 @@ int Count() { return count; }
 void* operator new(std::size_t size) { return Allocate(size); }
 void* operator new[](std::size_t size) { return Allocate(size); }
 void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-    return ++count == failing ? nullptr : std::malloc(size > 0 ? size : 1);
+    return AllocateOrNull(size);
 }
-void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept {
-    return operator new(size, tag);
+void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    return AllocateOrNull(size);
 }
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }

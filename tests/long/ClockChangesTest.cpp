@@ -1,6 +1,5 @@
 #include <map>
 
-#include "alarms/SpecialAlarmsFile.h"
 #include "tests/support/WholeProgram.h"
 #include "tools/frmStopWatch.h"
 #include "tools/frmTimer.h"
@@ -36,10 +35,6 @@ class ClockChangesTest : public testing_support::WholeProgram {
         };
     }
 
-    static void SetSpecialAlarm(base::DateTime time) {
-        SpecialAlarmsFile::StoreSharedRow(0, {"Friday", time, "message", 1});
-    }
-
     void CloseEditor(const std::string& title) {
         user->Restore(Editor(title));
         user->CloseBox(Editor(title));
@@ -68,7 +63,7 @@ class ClockChangesTest : public testing_support::WholeProgram {
 // of the second does not change.
 TEST_F(ClockChangesTest, AlarmsInTheHourThatSummerTimeSkipsDoNotRing) {
     StartAt(1, 59, 50);
-    SetSpecialAlarm(base::DateTime::FromTime(2, 30, 0));
+    SetFridaysAlarm(0, base::DateTime::FromTime(2, 30, 0), "message");
     Advance(9000);  // 1:59:59 and the fraction
     clock.MoveWallClock(hour);
     Advance(2 * hour * 1000);
@@ -84,7 +79,7 @@ TEST_F(ClockChangesTest, AlarmsInTheHourThatSummerTimeSkipsDoNotRing) {
 TEST_F(ClockChangesTest, AlarmsInTheRepeatedHourRingTwice) {
     PutNote(Note("Dentist").WithAlarmAt(1, 15));
     StartAt(1, 0, 5);
-    SetSpecialAlarm(base::DateTime::FromTime(1, 30, 0));
+    SetFridaysAlarm(0, base::DateTime::FromTime(1, 30, 0), "message");
     Advance((59 * minute + 54) * 1000);  // 1:59:59 and the fraction
     ASSERT_EQ(clock.Now().TimeOnly(), base::DateTime::FromTime(2, 0, 0));
     clock.MoveWallClock(-hour);
@@ -129,7 +124,7 @@ TEST_F(ClockChangesTest, AnOpenDisplayDoesNotComeUpAgainInTheRepeatedHour) {
 
 TEST_F(ClockChangesTest, AlarmsThatASetClockSkipsDoNotRing) {
     StartAt(9, 0, 0);
-    SetSpecialAlarm(base::DateTime::FromTime(9, 30, 0));
+    SetFridaysAlarm(0, base::DateTime::FromTime(9, 30, 0), "message");
     Advance(5000);
     clock.Jump(hour);
     Advance(2 * hour * 1000);
@@ -142,7 +137,7 @@ TEST_F(ClockChangesTest, AlarmsThatASetClockSkipsDoNotRing) {
 
 TEST_F(ClockChangesTest, AlarmsRingAgainAfterTheClockIsSetBack) {
     StartAt(9, 29, 50);
-    SetSpecialAlarm(base::DateTime::FromTime(9, 30, 0));
+    SetFridaysAlarm(0, base::DateTime::FromTime(9, 30, 0), "message");
     Advance(20'000);
     clock.Jump(-minute);
     Advance(2 * minute * 1000);
@@ -162,7 +157,7 @@ TEST_F(ClockChangesTest, ACorrectionOfLessThanASecondNeitherMissesNorDoublesASec
                 seen.clear();
                 rung.clear();
                 StartAt(8, 59, 50);
-                SetSpecialAlarm(base::DateTime::FromTime(9, 0, 0));
+                SetFridaysAlarm(0, base::DateTime::FromTime(9, 0, 0), "message");
                 Advance(9000 + millisecond);
                 if (isTold) {
                     clock.Jump(0, correction);
@@ -184,13 +179,13 @@ TEST_F(ClockChangesTest, ACorrectionOfLessThanASecondNeitherMissesNorDoublesASec
 TEST_F(ClockChangesTest, AlarmsDuringSleepDoNotRingAndTheClockGoesOnAtOnce) {
     PutNote(Note("Dentist").WithAlarmAt(10, 30));
     StartAt(9, 0, 0);
-    SetSpecialAlarm(base::DateTime::FromTime(10, 0, 0));
+    SetFridaysAlarm(0, base::DateTime::FromTime(10, 0, 0), "message");
     CloseEditor("Dentist");
     Advance(5000);
     clock.Suspend(3 * hour);
     EXPECT_TRUE(rung.empty());
     EXPECT_EQ(CountVisible<frmDisplayNote>(), 0);
-    SetSpecialAlarm(base::DateTime::FromTime(12, 1, 0));
+    SetFridaysAlarm(0, base::DateTime::FromTime(12, 1, 0), "message");
     Advance(2 * minute * 1000);
     EXPECT_EQ(rung.size(), 1U);
     for (const auto& [second, times] : seen) {

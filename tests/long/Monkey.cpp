@@ -5,7 +5,6 @@
 #include "app/TrayMessages.h"
 #include "base/Text.h"
 #include "forms/Gestures.h"
-#include "notes/NoteFile.h"
 #include "notes/NoteStore.h"
 
 using namespace forms;
@@ -18,7 +17,6 @@ namespace {
 constexpr std::size_t keptStory = 60;
 constexpr std::int64_t promised = 2100;  // milliseconds after which typed text outlives a kill
 constexpr int crowded = 40;
-const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
 
 std::string NameOf(const Control& control) {
     return std::string(control.form.name) + '.' + control.name;
@@ -32,7 +30,7 @@ void Monkey::SetUp() {
 }
 
 void Monkey::Begin(std::uint32_t seed) {
-    random.seed(seed);
+    random.Seed(seed);
     SetNow(2031, 6, 2, 9, 0, 0);
     StartProgram();
 }
@@ -55,16 +53,16 @@ void Monkey::Log(const std::string& what) {
 }
 
 void Monkey::Listen() {
-    StandardCode::Events().NotesArrayLoaded.Subscribe([this] { behindItsBack = false; });
+    StandardCode::Events().NotesArrayLoaded.Subscribe([this] { trouble.NotesWereRead(); });
 }
 
 void Monkey::StartProgram() {
     ++starts;
     Log("start");
     EndTrouble();
-    RemoveDamaged();
+    trouble.RemoveDamaged();
     sound.log.clear();  // a sound ends with its program
-    everTrouble = false;
+    trouble.ProgramStarts();
     depth = 0;
     erased.clear();
     Improvise();
@@ -75,36 +73,8 @@ void Monkey::StartProgram() {
     calmSince = clock.MonotonicMilliseconds();
 }
 
-// A damaged file prevents the program from reading the other files, and is reported again and
-// again.
-void Monkey::RemoveDamaged() {
-    for (const std::string& name : files.Names(notesFolder)) {
-        const std::string path = notesFolder + '\\' + name;
-        StandardCode::NoteRecord record;
-        try {
-            if (name.ends_with(".txt")) {
-                NoteFile::Decode(files.Peek(path).value_or(""), record);
-            }
-        } catch (const base::RuntimeError&) {
-            files.Remove(path);
-        }
-    }
-}
-
 void Monkey::EndTrouble() {
-    trouble = false;
-    files.ClearFaults();
-    files.SetFreeSpace(std::nullopt);
-    if (files.FolderExists(notesFolder)) {
-        files.SetReadOnly(notesFolder, false);
-        for (const std::string& name : files.Names(notesFolder)) {
-            files.SetDenied(notesFolder + '\\' + name, false);
-            files.SetReadOnly(notesFolder + '\\' + name, false);
-        }
-    }
-    printer.Repair();
-    shell.error.reset();
-    shell.result = 33;
+    trouble.End();
     calmSince = clock.MonotonicMilliseconds();
 }
 
@@ -116,17 +86,20 @@ void Monkey::Act() {
         return;
     }
     before = OpenTexts();
-    userDropped = Shared().ControlPanelMode || trouble;
+    userDropped = Shared().ControlPanelMode || trouble.IsOn();
     Choices choices;
     std::vector<Form*> usable = UsableForms();
     if (!usable.empty() && !OneIn(4)) {
         AddForm(*usable[static_cast<std::size_t>(Below(static_cast<int>(usable.size())))], choices);
     } else if (OneIn(60)) {
-        AddTrouble(choices);
+        trouble.AddTo(choices);
+        choices.push_back(
+            {trouble.IsOn() ? 30 : 0, "the trouble is over", [this] { EndTrouble(); }});
     } else {
         AddWorld(choices);
     }
     Do(choices);
+    userDropped = userDropped || trouble.IsOn();
     Check();
 }
 
@@ -328,67 +301,6 @@ void Monkey::AddWorld(Choices& choices) {
     }
 }
 
-void Monkey::AddTrouble(Choices& choices) {
-    const auto begin = [this] {
-        trouble = everTrouble = true;
-        userDropped = true;
-    };
-    const auto note = [this]() -> std::string {
-        const auto names = files.Names(notesFolder);
-        return names.empty()
-                   ? std::string()
-                   : notesFolder + '\\' +
-                         names[static_cast<std::size_t>(Below(static_cast<int>(names.size())))];
-    };
-    choices.push_back({1, "the disk is full", [=, this] {
-                           begin();
-                           files.SetFreeSpace(static_cast<std::uint64_t>(Below(300)));
-                       }});
-    choices.push_back({1, "the folder is read-only", [=, this] {
-                           begin();
-                           files.SetReadOnly(notesFolder, true);
-                       }});
-    choices.push_back({1, "a file is held", [=, this] {
-                           begin();
-                           if (const std::string path = note(); !path.empty()) {
-                               files.SetDenied(path, true);
-                           }
-                       }});
-    choices.push_back({1, "a step will fail", [=, this] {
-                           begin();
-                           const base::ErrorNumber errors[] = {
-                               base::ErrorNumber::DiskFull, base::ErrorNumber::PermissionDenied,
-                               base::ErrorNumber::DeviceIoError, base::ErrorNumber::PathNotFound};
-                           files.FailAt(1 + Below(12), errors[Below(4)]);
-                       }});
-    choices.push_back({1, "the printer and the shell fail", [=, this] {
-                           begin();
-                           printer.FailAt(1 + Below(5));
-                           shell.result = 2;
-                       }});
-    choices.push_back({1, "somebody removes a note", [=, this] {
-                           begin();
-                           behindItsBack = true;
-                           if (const std::string path = note(); !path.empty()) {
-                               files.Remove(path);
-                           }
-                       }});
-    choices.push_back({1, "somebody puts a note there", [=, this] {
-                           begin();
-                           behindItsBack = true;
-                           PutNote(Note("Put " + std::to_string(Below(20))));
-                       }});
-    choices.push_back({1, "somebody damages a note", [=, this] {
-                           begin();
-                           behindItsBack = true;
-                           if (const std::string path = note(); path.ends_with(".txt")) {
-                               const std::string bytes = files.Peek(path).value_or("");
-                               files.PutFile(path, bytes.substr(0, bytes.size() / 2));
-                           }
-                       }});
-    choices.push_back({trouble ? 30 : 0, "the trouble is over", [this] { EndTrouble(); }});
-}
-
 void Monkey::ThinOut() {
     Kill();
     Restart();
@@ -414,11 +326,12 @@ void Monkey::FillUp() {
 // two seconds ago must come back.
 void Monkey::Kill() {
     ++kills;
-    if (trouble || OneIn(2)) {
+    if (trouble.IsOn() || OneIn(2)) {
         EndTrouble();
         Advance(promised);
     }
-    const bool isCalm = clock.MonotonicMilliseconds() - calmSince >= promised && !everTrouble;
+    const bool isCalm =
+        clock.MonotonicMilliseconds() - calmSince >= promised && !trouble.HasBegun();
     const auto texts = runtime->HasEnded() ? std::vector<OpenText>() : OpenTexts();
     Restart();
     StartProgram();

@@ -2,14 +2,15 @@
 
 #include <cstdint>
 #include <deque>
-#include <functional>
 #include <memory>
-#include <random>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "tests/long/Choices.h"
+#include "tests/long/Random.h"
+#include "tests/long/Trouble.h"
 #include "tests/support/WholeProgram.h"
 
 namespace long_tests {
@@ -35,13 +36,6 @@ class Monkey : public testing_support::WholeProgram {
     std::string Story() const;
 
   private:
-    struct Choice {
-        int weight;
-        std::string what;
-        std::function<void()> act;
-    };
-    using Choices = std::vector<Choice>;
-
     using Window = std::weak_ptr<forms::Form>;
     struct OpenText {
         Window window;
@@ -51,8 +45,8 @@ class Monkey : public testing_support::WholeProgram {
         std::string text;
     };
 
-    int Below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random); }
-    bool OneIn(int number) { return Below(number) == 0; }
+    int Below(int limit) { return random.Below(limit); }
+    bool OneIn(int number) { return random.OneIn(number); }
     std::string Characters(int count);
     std::string NoteText();
     std::string Title();
@@ -73,13 +67,11 @@ class Monkey : public testing_support::WholeProgram {
     void AddMenus(const std::vector<forms::Menu*>& menus, const forms::Menu* top,
                   std::vector<forms::Menu*>& found);
     void AddWorld(Choices& choices);
-    void AddTrouble(Choices& choices);
     void Do(const Choices& choices);
     void Log(const std::string& what);
 
     void Type(forms::TextBox& textBox);
     void StartProgram();
-    void RemoveDamaged();
     void EndTrouble();
     void Kill();
     void ThinOut();
@@ -101,7 +93,8 @@ class Monkey : public testing_support::WholeProgram {
     bool IsInFile(const OpenText& note) const;
     static bool IsInEditor(const OpenText& note);
 
-    std::mt19937 random;
+    Random random;
+    Trouble trouble{random, files, printer, shell};
     std::deque<std::string> story;
     std::int64_t gestures = 0;
     std::int64_t kills = 0;
@@ -109,9 +102,6 @@ class Monkey : public testing_support::WholeProgram {
     std::size_t mostForms = 0;
     std::size_t mostNotes = 0;
     int depth = 0;
-    bool trouble = false;          // a device is failing now
-    bool everTrouble = false;      // a device has failed since the program's start
-    bool behindItsBack = false;    // files were changed, and the program has not read them since
     bool userDropped = false;      // the user has chosen in this gesture to erase or not to save
     std::int64_t calmSince = 0;    // monotonic time of the last failure or typing
     std::vector<OpenText> before;  // OpenTexts before the gesture

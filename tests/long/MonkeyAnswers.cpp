@@ -80,7 +80,7 @@ void Monkey::Improvise() {
 
 BoxResult Monkey::AnswerBox(const BoxRequest& box) {
     Log("box " + box.caption + ": " + box.text);
-    if (box.text.starts_with("Run-time error") && !trouble) {
+    if (box.text.starts_with("Run-time error") && !trouble.IsOn()) {
         ADD_FAILURE() << box.text;
     }
     Meanwhile();

@@ -15,7 +15,6 @@ namespace long_tests {
 
 namespace {
 
-const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
 // The milliseconds until the next tick of the main clock, and the sound that this tick starts.
 constexpr std::int64_t settled = 2100;
 
@@ -141,10 +140,10 @@ void Monkey::CheckFiles() {
     std::size_t notes = 0;
     for (const std::string& name : files.Names(notesFolder)) {
         notes += name.ends_with(".txt") ? 1 : 0;
-        EXPECT_TRUE(everTrouble || !name.ends_with(".tmp")) << name;
+        EXPECT_TRUE(trouble.HasBegun() || !name.ends_with(".tmp")) << name;
     }
     mostNotes = std::max(mostNotes, notes);
-    if (!everTrouble && !behindItsBack) {
+    if (!trouble.HasBegun() && !trouble.HasChangedNotes()) {
         EXPECT_EQ(static_cast<std::size_t>(Shared().NoteCount), notes);
     }
     if (const auto bytes = files.Peek(SpecialAlarmsFile::Path())) {
@@ -157,7 +156,7 @@ void Monkey::CheckFiles() {
 // If an editor was closed and the user did not discard its text, the note's file holds the text.
 void Monkey::CheckVanished() {
     // In control panel mode, a text of the same length does not count as a change.
-    if (userDropped || behindItsBack || Shared().ControlPanelMode) {
+    if (userDropped || trouble.HasChangedNotes() || Shared().ControlPanelMode) {
         return;
     }
     const auto& open = StandardCode::Notes().OpenNotes();

@@ -47,13 +47,6 @@ class NoteStoreProgram : public NoteProgram {
         Start(StandardCode::ReadNotes);
     }
 
-    void CloseAll() {
-        while (!StandardCode::Notes().OpenNotes().empty()) {
-            user->CloseBox(static_cast<frmNote&>(
-                StandardCode::Notes().OpenNotes().front()->Editor().Window()));
-        }
-    }
-
     // The names and bytes of all files in the folder.
     std::map<std::string, std::string> Folder() const {
         std::map<std::string, std::string> all;

@@ -38,7 +38,7 @@ TEST_F(NoteStoreTest, TwoFilesWithTheSameTitleAreTwoNotes) {
     ASSERT_EQ(StandardCode::Notes().OpenNotes().size(), 2U);
     TypeInto(EditorOf("Dentist.txt"), "newest");
     user->CloseBox(EditorOf("Dentist.txt"));
-    CloseAll();
+    CloseEditors();
     EXPECT_EQ(In("Dentist.txt").Text, "newest");
     EXPECT_EQ(In("Dentist_old.txt").Text, "old");
     EXPECT_EQ(InFolder(), (Names{"Dentist.txt", "Dentist_old.txt"}));
@@ -48,7 +48,7 @@ TEST_F(NoteStoreTest, AFileWhoseNameDiffersFromItsTitleIsRewrittenInPlace) {
     PutNoteAs("x.txt", Note("Real title", "old"));
     ReadAll();
     TypeInto(EditorOf("x.txt"), "new");
-    CloseAll();
+    CloseEditors();
     EXPECT_EQ(In("x.txt").Text, "new");
     EXPECT_EQ(In("x.txt").Title, "Real title");
     EXPECT_EQ(InFolder(), Names{"x.txt"});
@@ -64,7 +64,7 @@ TEST_F(NoteStoreTest, ANoteWithoutATitleIsEditedAndErasedByItsFile) {
     RestartProgram();
     ReadAll();
     EXPECT_EQ(EditorOf("x.txt").txtNote.text(), "typed");
-    CloseAll();
+    CloseEditors();
     EXPECT_EQ(In("x.txt").Text, "typed");
     EXPECT_EQ(In("x.txt").Title, "");
     EXPECT_EQ(InFolder(), (Names{"a.txt", "x.txt"}));
@@ -85,7 +85,7 @@ TEST_F(NoteStoreTest, ANoteWithoutATitleRingsAndTurnsOffTheAlarmOfItsFile) {
     ReadAll();
     ExpectEditorAlarm();
     Advance(10'000);
-    CloseAll();
+    CloseEditors();
     EXPECT_EQ(In("x.txt").AlarmState, "0");
     EXPECT_EQ(InFolder(), Names{"x.txt"});
 }

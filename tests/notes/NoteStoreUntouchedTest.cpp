@@ -24,7 +24,7 @@ class NoteStoreUntouchedTest : public testing_support::NoteStoreProgram {
 
     void Exit() {
         const NoteStore::Quiet exit(StandardCode::Notes());
-        CloseAll();
+        CloseEditors();
     }
 };
 
@@ -106,7 +106,7 @@ TEST_F(NoteStoreUntouchedTest, UnderUtf8NoByteChanges) {
         EXPECT_EQ(EditorOf(file).txtNote.text(), "gr\xc3\xbc\xc3\x9f") << file;
     }
     TypeInto(MakeNote("New"), "\xc3\xbc");
-    CloseAll();
+    CloseEditors();
     auto after = Folder();
     EXPECT_TRUE(after.at("New.txt").starts_with("\xef\xbb\xbf\"New\",\"\xc3\xbc"));
     after.erase("New.txt");

@@ -64,19 +64,6 @@ TEST_F(RecoveryTest, ACopyThatEqualsTheSavedNoteIsNoEdit) {
     EXPECT_FALSE(testing_support::IsNoteOpen("Dentist"));
 }
 
-TEST_F(RecoveryTest, TheNoteKeepsItsColorAndItsAlarm) {
-    EditSaved(Note("Dentist", "old").WithAlarm().InColor(3), "new");
-    // A damaged file that is read earlier ends the restoring.
-    files.PutFile(PathOf("Aaa"), "damaged");
-    RestartProgram();
-    ExpectLoadError("Input past end of file");
-    Start(StandardCode::ReadNotes);
-    frmNote& note = Editor("Dentist");
-    EXPECT_EQ(note.txtNote.text(), "new");
-    EXPECT_TRUE(note.mnuGreen.checked());
-    EXPECT_EQ(note.cmdAlarm.caption(), "&Turn Off Alarm");
-}
-
 TEST_F(RecoveryTest, UnsavedAlarmColorAndFontSizeComeBackAndTheAlarmRings) {
     PutNote(Note("Dentist"));
     Start(StandardCode::ReadNotes);
@@ -110,56 +97,6 @@ TEST_F(RecoveryTest, AnAlarmThatWasTurnedOffButNotSavedStaysOff) {
     EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Set Alarm");
     Advance(60'000);
     EXPECT_EQ(Editor("Dentist").fraAlarm.caption(), " Schedule Alarm ");
-}
-
-TEST_F(RecoveryTest, ACopyKeepsItsAlarmIfTheAlarmIconIsMissing) {
-    PutNote(Note("Dentist"));
-    Start(StandardCode::ReadNotes);
-    user->Restore(Editor("Dentist"));
-    user->Pick(Editor("Dentist").dtTime, base::DateTime::FromTime(17, 0, 0));
-    user->Click(Editor("Dentist").cmdAlarm);
-    Advance(2000);
-    const std::string icon = "C:\\Jotwright\\alarmon.ico";
-    const std::string picture = files.Peek(icon).value_or("");
-    files.Remove(icon);
-    RestartProgram();
-    ExpectLoadError("File not found");
-    Start(StandardCode::ReadNotes);
-    Advance(3000);
-    EXPECT_EQ(StandardCode::NoteTitles(), Names{"Dentist"});
-    files.PutFile(icon, picture);
-    KillAndStartAgain();
-    EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Turn Off Alarm");
-    EXPECT_EQ(Editor("Dentist").lblClock.caption(), "5:00:00 PM");
-}
-
-TEST_F(RecoveryTest, TwoNewNotesOfOneTitleBothComeBack) {
-    MakeNote("Twin", "first");
-    Start([] { StandardCode::CreateNote("Twin"); });
-    auto* second = dynamic_cast<frmNote*>(runtime->LoadedForms().back().get());
-    user->Type(second->txtNote, "second");
-    Advance(2000);
-    KillAndStartAgain();
-    ASSERT_EQ(runtime->LoadedForms().size(), 2U);
-    std::vector<std::string> texts;
-    for (const auto& form : runtime->LoadedForms()) {
-        texts.push_back(dynamic_cast<frmNote&>(*form).txtNote.text());
-    }
-    EXPECT_EQ(texts, (Names{"first", "second"}));
-}
-
-TEST_F(RecoveryTest, TwoNotesInOneFileAreBothKept) {
-    frmNote& first = MakeNote("Twin", "first");
-    Start([&first] { first.WriteNote(); });
-    Start([] { StandardCode::CreateNote("twin"); });
-    auto* second = dynamic_cast<frmNote*>(runtime->LoadedForms().back().get());
-    user->Type(second->txtNote, "second");
-    Start([second] { second->WriteNote(); });
-    EXPECT_EQ(Saved("Twin").Text, "second");
-    Advance(2000);
-    KillAndStartAgain();
-    EXPECT_EQ(Editor("twin").txtNote.text(), "second");
-    EXPECT_EQ(Editor("Twin (recovered)").txtNote.text(), "first");
 }
 
 TEST_F(RecoveryTest, NotesWhoseTitlesAreNoFileNamesAreKept) {

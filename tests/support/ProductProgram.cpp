@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "notes/NoteFile.h"
+#include "notes/NoteStore.h"
+#include "notes/frmNote.h"
 
 namespace testing_support {
 
@@ -29,6 +31,13 @@ void ProductProgram::PutNoteWithBadDate(const std::string& title) {
 
 std::optional<std::string> ProductProgram::FileOf(const std::string& title) const {
     return files.Peek(PathOf(title));
+}
+
+void ProductProgram::CloseEditors() {
+    const auto& open = StandardCode::Notes().OpenNotes();
+    while (!open.empty()) {
+        user->CloseBox(StandardCode::WindowOf(*open.front()));
+    }
 }
 
 void ProductProgram::ExpectWriteError(const std::string& text, Script during) {

@@ -25,6 +25,9 @@ class ProductProgram : public TestProgram {
     // The bytes of a note's file.
     std::optional<std::string> FileOf(const std::string& title) const;
 
+    // Closes all editors, which saves their notes.
+    void CloseEditors();
+
     // Each of these functions expects one box with its exact text, caption, icon, buttons and
     // default button.
 

@@ -78,23 +78,6 @@ class WholeProgram : public ProductProgram {
         return count;
     }
 
-    // Closes all editors, which saves their notes.
-    void CloseEditors() {
-        for (;;) {
-            frmNote* open = nullptr;
-            for (const auto& form : runtime->LoadedForms()) {
-                auto* note = dynamic_cast<frmNote*>(form.get());
-                if (note != nullptr && note->IsVisible()) {
-                    open = note;
-                }
-            }
-            if (open == nullptr) {
-                return;
-            }
-            user->CloseBox(*open);
-        }
-    }
-
     // Lets time pass in steps of a tenth of a second, until the clock shows this time of the day.
     void AdvanceTo(int hour, int minute, int second) {
         const auto target =

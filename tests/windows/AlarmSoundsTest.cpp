@@ -27,10 +27,7 @@ class AlarmSoundsTest : public DriverTest {
 };
 
 Window AlarmSoundsTest::Open(const Window& main) const {
-    ChooseFromMenuBar(program, main, barChooseAlarmSound);
-    const Window window = program.WaitFor(caption);
-    WaitUntilFilled(window, "Edit");
-    return window;
+    return OpenFromMenuBar(main, barChooseAlarmSound, caption, "Edit");
 }
 
 void AlarmSoundsTest::Click(const Window& window, const std::string& option) {

@@ -93,9 +93,7 @@ class ContrastTest : public DriverTest {
 
 TEST_F(ContrastTest, CaptionsOnTheirOwnColorsAreReadable) {
     const Window main = StartProgram();
-    ChooseFromMenuBar(program, main, barNoteOptions);
-    const Window options = program.WaitFor("Note Options");
-    WaitUntilFilled(options, "Button");
+    const Window options = OpenFromMenuBar(main, barNoteOptions, "Note Options");
     BringUp(options);
     for (const auto& [caption, color] :
          {std::pair("White", white), std::pair("Red", RGB(255, 128, 128)),
@@ -115,9 +113,7 @@ TEST_F(ContrastTest, CaptionsOnTheirOwnColorsAreReadable) {
 
 TEST_F(ContrastTest, TipsHaveTheColorsOfTheTheme) {
     const Window main = StartProgram();
-    ChooseFromMenuBar(program, main, barShowTips);
-    const Window tips = program.WaitFor("Jotwright - Tips and Tricks");
-    WaitUntilFilled(tips, "Button");
+    const Window tips = OpenFromMenuBar(main, barShowTips, "Jotwright - Tips and Tricks");
     BringUp(tips);
     ExpectReadableCaption(tips.Button("&Don't Show Tips at Startup"), black);
     CloseAndWait(tips);

@@ -128,9 +128,7 @@ void CountdownTest::ReadAllTips(const Window& main) {
     // The check box shows the setting that was read at start-up, even if another setting was saved
     // later.
     WriteSetting("Startup", "View Tips", "0");
-    ChooseFromMenuBar(program, main, barShowTips);
-    const Window tips = program.WaitFor(caption);
-    WaitUntilFilled(tips, "Static");
+    const Window tips = OpenFromMenuBar(main, barShowTips, caption, "Static");
     EXPECT_FALSE(main.IsEnabled());
     EXPECT_TRUE(tips.FindChild("Static", "Did you know..."));
     EXPECT_TRUE(tips.Button("&Don't Show Tips at Startup").IsChecked());
@@ -148,9 +146,7 @@ void CountdownTest::ReadAllTips(const Window& main) {
     EXPECT_EQ(Setting("Startup", "View Tips"), "1");
 
     // When it is opened again, the window begins with the first tip.
-    ChooseFromMenuBar(program, main, barShowTips);
-    const Window again = program.WaitFor(caption);
-    WaitUntilFilled(again, "Static");
+    const Window again = OpenFromMenuBar(main, barShowTips, caption, "Static");
     EXPECT_TRUE(again.FindChild("Static", texts.front()));
     EXPECT_TRUE(again.Button("&Don't Show Tips at Startup").IsChecked());
     again.CloseBox();
@@ -159,9 +155,7 @@ void CountdownTest::ReadAllTips(const Window& main) {
 }
 
 void CountdownTest::ReadAbout(const Window& main) {
-    ChooseFromMenuBar(program, main, barAbout);
-    const Window about = program.WaitFor("About Jotwright");
-    WaitUntilFilled(about, "Edit");
+    const Window about = OpenFromMenuBar(main, barAbout, "About Jotwright", "Edit");
     EXPECT_FALSE(main.IsEnabled());
     EXPECT_TRUE(about.FindChild("Static", "The Super Hero Of Note/Alarm Software."));
     EXPECT_TRUE(about.FindChild("Static", "Version 1.0.0"));

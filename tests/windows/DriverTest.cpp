@@ -241,6 +241,14 @@ void DriverTest::CloseAndWait(const Window& window) {
     WaitUntil("the window has gone", [&] { return !window.Exists(); });
 }
 
+Window DriverTest::OpenFromMenuBar(const Window& main, const MenuPath& path,
+                                   const std::string& caption, const std::string& className) const {
+    ChooseFromMenuBar(program, main, path);
+    const Window window = program.WaitFor(caption);
+    WaitUntilFilled(window, className);
+    return window;
+}
+
 void DriverTest::ForEachMenuBarWindow(const Window& main,
                                       const std::function<void(const Window&)>& show) const {
     const std::pair<MenuPath, const char*> entries[] = {
@@ -250,9 +258,7 @@ void DriverTest::ForEachMenuBarWindow(const Window& main,
         {barShowTips, "Jotwright - Tips and Tricks"},
     };
     for (const auto& [path, caption] : entries) {
-        ChooseFromMenuBar(program, main, path);
-        const Window window = program.WaitFor(caption);
-        WaitUntilFilled(window, "Button");
+        const Window window = OpenFromMenuBar(main, path, caption);
         show(window);
         CloseAndWait(window);
         WaitUntil("the main window can be used", [&] { return main.IsEnabled(); });

@@ -105,6 +105,10 @@ class DriverTest : public testing::Test {
     void WaitForCopy(const std::string& name, const std::string& part) const;
     // Closes a window that asks no question, and waits until it has closed.
     static void CloseAndWait(const Window& window);
+    // Opens the window that this entry of the main window's menu bar opens. Waits until it has all
+    // its controls. className is the class of one of the controls.
+    Window OpenFromMenuBar(const Window& main, const MenuPath& path, const std::string& caption,
+                           const std::string& className = "Button") const;
     // Opens each window of the main window's menu bar, calls show when its controls exist, and
     // closes it.
     void ForEachMenuBarWindow(const Window& main,

@@ -27,18 +27,22 @@ bool IsOnScreen(const Window& window) {
 
 // The rows of pixels that a text takes up.
 struct Extent {
+    int Height() const { return bottom - top; }
+
     int top = 0;
     int bottom = 0;
 };
 
-Extent RowsOfText(const Window& window) {
-    const Picture picture(window, 0);
-    Extent rows{picture.Height(), 0};
+// The rows of the text in a window, in screen coordinates. Nothing if no text is drawn. edge is the
+// width of the border, in pixels, that is left out. The text begins at the column left or later.
+std::optional<Extent> RowsOfText(const Window& window, int edge = 0, int left = 0) {
+    const Picture picture(window, edge);
+    const int first = window.Place().top + edge;
+    std::optional<Extent> rows;
     for (int y = 0; y < picture.Height(); ++y) {
-        for (int x = 0; x < picture.Width(); ++x) {
+        for (int x = left; x < picture.Width(); ++x) {
             if (GetGValue(picture.At(x, y)) < 128) {
-                rows.top = std::min(rows.top, y);
-                rows.bottom = y + 1;
+                rows = Extent{rows ? rows->top : first + y, first + y + 1};
             }
         }
     }
@@ -136,20 +140,6 @@ void ChangeScale(const Window& window, int dpi, const RECT& place) {
     window.Send(0x02E0, MAKEWPARAM(dpi, dpi), suggested.Parameter());  // WM_DPICHANGED
 }
 
-// The top of the text in a window, in screen coordinates. Nothing if no text is drawn. edge is the
-// width of the border, in pixels, that is left out. The text begins at the column left or later.
-std::optional<int> TopOfText(const Window& window, int edge, int left = 0) {
-    const Picture picture(window, edge);
-    for (int y = 0; y < picture.Height(); ++y) {
-        for (int x = left; x < picture.Width(); ++x) {
-            if (GetGValue(picture.At(x, y)) < 128) {
-                return window.Place().top + edge + y;
-            }
-        }
-    }
-    return std::nullopt;
-}
-
 }  // namespace
 
 TEST_F(LooksTest, AWindowTakesTheScaleOfItsMonitor) {
@@ -182,24 +172,22 @@ TEST_F(LooksTest, AWindowTakesTheScaleOfItsMonitor) {
 
 TEST_F(LooksTest, ShortAndLongTipsBeginAtTheSamePlace) {
     const Window main = StartProgram();
-    ChooseFromMenuBar(program, main, barShowTips);
-    const Window tips = program.WaitFor("Jotwright - Tips and Tricks");
-    WaitUntilFilled(tips, "Button");
+    const Window tips = OpenFromMenuBar(main, barShowTips, "Jotwright - Tips and Tricks");
     BringUp(tips);
     const Window text = tips.Child("Static", "Create up to 100 personalized notes.");
-    Extent first;
-    EXPECT_TRUE(ComesTrue([&] {
+    std::optional<Extent> first;
+    WaitUntil("the first tip is drawn", [&] {
         first = RowsOfText(text);
-        return first.bottom > first.top;
-    }));
+        return first.has_value();
+    });
     tips.Button("&Next Tip").Click();
-    Extent second;
+    std::optional<Extent> second;
     WaitUntil("the second tip, which has several lines, is drawn", [&] {
         second = RowsOfText(text);
-        return second.bottom - second.top > 2 * (first.bottom - first.top);
+        return second && second->Height() > 2 * first->Height();
     });
     // The first letters may differ in their height.
-    EXPECT_NEAR(second.top, first.top, 3);
+    EXPECT_NEAR(second->top, first->top, 3);
     CloseAndWait(tips);
     ExitProgram();
 }
@@ -225,17 +213,17 @@ TEST_F(LooksTest, FieldTextsAlignWithTheirLabelsAtAnyScale) {
                      20 + (first.bottom - first.top) * dpi / 96});
         // Wait until both texts are drawn.
         EXPECT_TRUE(ComesTrue([&] {
-            const std::optional<int> wanted = TopOfText(label, 0);
+            const auto wanted = RowsOfText(label);
             if (!wanted) {
                 return false;
             }
             const auto fields = window.ChildrenOfClass("Edit");
             const auto inRow = std::find_if(fields.begin(), fields.end(), inRowOfLabel);
-            const auto found = inRow != fields.end() ? TopOfText(*inRow, 3) : std::nullopt;
+            const auto found = inRow != fields.end() ? RowsOfText(*inRow, 3) : std::nullopt;
             constexpr int widthOfBox = 20;  // pixels at 96 dpi
-            const auto caption = TopOfText(box, 3, widthOfBox * dpi / 96);
-            return found && std::abs(*found - *wanted) <= 1 && caption &&
-                   std::abs(*caption - *wanted) <= 1;
+            const auto caption = RowsOfText(box, 3, widthOfBox * dpi / 96);
+            return found && std::abs(found->top - wanted->top) <= 1 && caption &&
+                   std::abs(caption->top - wanted->top) <= 1;
         })) << dpi
             << " dots per inch";
     }

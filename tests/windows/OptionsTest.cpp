@@ -58,10 +58,7 @@ class OptionsTest : public DriverTest {
 };
 
 Window OptionsTest::OpenOptions(const Window& main) const {
-    ChooseFromMenuBar(program, main, barNoteOptions);
-    const Window options = program.WaitFor(caption);
-    WaitUntilFilled(options, "Button");
-    return options;
+    return OpenFromMenuBar(main, barNoteOptions, caption);
 }
 
 void OptionsTest::Click(const Window& options, const std::string& button) {

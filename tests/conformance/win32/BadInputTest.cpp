@@ -6,9 +6,8 @@
 #include <string>
 
 #include "forms/win32/BoxText.h"
-#include "forms/win32/FormWindow.h"
 #include "forms/win32/Utf.h"
-#include "tests/conformance/Stand.h"
+#include "tests/conformance/win32/WindowTest.h"
 
 namespace forms::win32 {
 
@@ -37,16 +36,11 @@ class frmInput : public Form {
     }
 };
 
-class BadInputTest : public conformance::StandTest {
+class BadInputTest : public WindowTest<frmInput> {
   protected:
     void SetUp() override {
-        StandTest::SetUp();
-        Start([] { Default<frmInput>().Show(); });
-        stand->Pump(50);
-    }
-    static frmInput& Input() { return Default<frmInput>(); }
-    static HWND HandleOf(Control& control) {
-        return FormWindow::Existing(control.form)->controls.Find(control)->handle;
+        WindowTest::SetUp();
+        Show();
     }
     static SYSTEMTIME Shown(DateTimePicker& picker) {
         SYSTEMTIME time{};
@@ -114,49 +108,49 @@ TEST_F(BadInputTest, ABoxWithAnyTextFitsTheScreen) {
 }
 
 TEST_F(BadInputTest, AWindowMayHaveACaptionOfAnyLength) {
-    Start([] { Input().caption = std::string(1U << 20U, 'x'); });
-    EXPECT_EQ(::GetWindowTextLengthW(FormWindow::Existing(Input())->handle), 1024);
+    Start([] { Window().caption = std::string(1U << 20U, 'x'); });
+    EXPECT_EQ(::GetWindowTextLengthW(FormHandle()), 1024);
     Start([] { Default<frmInput>().Unload(); });
     Start([] {
-        Input().caption = std::string(1U << 20U, 'x');
-        Input().Show();
+        Window().caption = std::string(1U << 20U, 'x');
+        Window().Show();
     });
-    EXPECT_TRUE(stand->IsShown(Input()));
+    EXPECT_TRUE(stand->IsShown(Window()));
 }
 
 TEST_F(BadInputTest, DatesBeforeTheNativeControlsRangeAreUnchanged) {
     for (const int year : {100, 1500, 1600, 1601, 1752}) {
         const base::DateTime date = base::DateTime::FromDate(year, 6, 5);
-        Start([&date] { Input().dtDate.value = date; });
-        ExpectShown(Input().dtDate, 1753, 1, 1);
-        EXPECT_EQ(Input().dtDate.value(), date) << year;
+        Start([&date] { Window().dtDate.value = date; });
+        ExpectShown(Window().dtDate, 1753, 1, 1);
+        EXPECT_EQ(Window().dtDate.value(), date) << year;
     }
     for (const int year : {1753, 1899, 2031, 9999}) {
-        Start([year] { Input().dtDate.value = base::DateTime::FromDate(year, 12, 30); });
-        ExpectShown(Input().dtDate, year, 12, 30);
+        Start([year] { Window().dtDate.value = base::DateTime::FromDate(year, 12, 30); });
+        ExpectShown(Window().dtDate, year, 12, 30);
     }
 }
 
 TEST_F(BadInputTest, ATimePickerTakesTheTimeOfAnyDate) {
     Start([] {
-        Input().dtTime.value = base::Combine(base::DateTime::FromDate(1066, 10, 14),
-                                             base::DateTime::FromTime(9, 31, 0));
+        Window().dtTime.value = base::Combine(base::DateTime::FromDate(1066, 10, 14),
+                                              base::DateTime::FromTime(9, 31, 0));
     });
-    EXPECT_EQ(Shown(Input().dtTime).wHour, 9);
-    EXPECT_EQ(Shown(Input().dtTime).wMinute, 31);
+    EXPECT_EQ(Shown(Window().dtTime).wHour, 9);
+    EXPECT_EQ(Shown(Window().dtTime).wMinute, 31);
 }
 
 TEST_F(BadInputTest, ADateThatOnlyTheNativeControlAllowsIsRejected) {
     const base::DateTime date = base::DateTime::FromDate(2031, 6, 2);
-    Start([&date] { Input().dtDate.value = date; });
+    Start([&date] { Window().dtDate.value = date; });
     for (const SYSTEMTIME& time : {SYSTEMTIME{30000, 1, 0, 1, 0, 0, 0, 0}, SYSTEMTIME{},
                                    SYSTEMTIME{2031, 2, 0, 30, 0, 0, 0, 0}}) {
-        Report(Input().dtDate, time);
-        EXPECT_EQ(Input().dtDate.value(), date);
-        ExpectShown(Input().dtDate, 2031, 6, 2);
+        Report(Window().dtDate, time);
+        EXPECT_EQ(Window().dtDate.value(), date);
+        ExpectShown(Window().dtDate, 2031, 6, 2);
     }
-    Report(Input().dtDate, SYSTEMTIME{2032, 2, 0, 29, 0, 0, 0, 0});
-    EXPECT_EQ(Input().dtDate.value(), base::DateTime::FromDate(2032, 2, 29));
+    Report(Window().dtDate, SYSTEMTIME{2032, 2, 0, 29, 0, 0, 0, 0});
+    EXPECT_EQ(Window().dtDate.value(), base::DateTime::FromDate(2032, 2, 29));
 }
 
 // The lines are of a usual length, because some native controls take minutes to wrap one line of 64
@@ -167,18 +161,18 @@ TEST_F(BadInputTest, PastedTextIsUnchanged) {
           Repeated("0123456789abcde\r\n", 1U << 20U),
           Repeated("\xf0\x9f\x98\x80\xd7\xa9\xd7\x9c e\xcc\x81\t\xe6\x97\xa5\r\n", 65536),
           std::string("\xe2\x80\xae turned \xe2\x80\xac\x01\x7f")}) {
-        Paste(Input().txtNote, text);
-        EXPECT_TRUE(Input().txtNote.text() == text) << text.substr(0, 40);
+        Paste(Window().txtNote, text);
+        EXPECT_TRUE(Window().txtNote.text() == text) << text.substr(0, 40);
     }
-    Paste(Input().txtLine, std::string(1U << 20U, 'x'));
-    EXPECT_EQ(Input().txtLine.text().size(), 1U << 20U);
+    Paste(Window().txtLine, std::string(1U << 20U, 'x'));
+    EXPECT_EQ(Window().txtLine.text().size(), 1U << 20U);
     // Typing continues after the pasted text.
-    ::SendMessageW(HandleOf(Input().txtLine), WM_CHAR, 'y', 1);
-    EXPECT_EQ(Input().txtLine.text().size(), (1U << 20U) + 1);
+    ::SendMessageW(HandleOf(Window().txtLine), WM_CHAR, 'y', 1);
+    EXPECT_EQ(Window().txtLine.text().size(), (1U << 20U) + 1);
     const std::string lines = Repeated("0123456789abcde\r\n", 40000);
-    Paste(Input().txtNote, lines);
-    ::SendMessageW(HandleOf(Input().txtNote), WM_CHAR, 'y', 1);
-    EXPECT_EQ(Input().txtNote.text(), lines + 'y');
+    Paste(Window().txtNote, lines);
+    ::SendMessageW(HandleOf(Window().txtNote), WM_CHAR, 'y', 1);
+    EXPECT_EQ(Window().txtNote.text(), lines + 'y');
 }
 
 }  // namespace forms::win32

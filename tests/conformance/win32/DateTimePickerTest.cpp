@@ -5,9 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "forms/win32/FormWindow.h"
 #include "forms/win32/TimeFormat.h"
-#include "tests/conformance/Stand.h"
+#include "tests/conformance/win32/WindowTest.h"
 
 namespace forms::win32 {
 
@@ -82,24 +81,16 @@ const std::array<Settings, 7> locales{{{L"en-US", L"AM", L"PM", L"1", false},
                                        {L"th-TH", L"AM", L"PM", L"7", false},
                                        {L"both marks alike", L"h", L"h", L"1", true}}};
 
-class DateTimePickerTest : public conformance::StandTest {
+class DateTimePickerTest : public WindowTest<frmPickers> {
   protected:
     void SetUp() override {
-        StandTest::SetUp();
+        WindowTest::SetUp();
         Formats().clear();
         hook = ::SetWindowsHookExW(WH_CALLWNDPROC, &NoteFormat, nullptr, ::GetCurrentThreadId());
     }
     void TearDown() override {
         ::UnhookWindowsHookEx(hook);
-        StandTest::TearDown();
-    }
-    void Show() {
-        Start([] { Pickers().Show(); });
-        stand->Pump(50);
-    }
-    static frmPickers& Pickers() { return Default<frmPickers>(); }
-    static HWND HandleOf(Control& control) {
-        return FormWindow::Existing(control.form)->controls.Find(control)->handle;
+        WindowTest::TearDown();
     }
     static SYSTEMTIME Shown(DateTimePicker& picker) {
         SYSTEMTIME time{};
@@ -155,22 +146,22 @@ TEST_F(DateTimePickerTest, MorningAndEveningDifferInEachLocale) {
         for (const std::wstring& format : {Formats()[1], Formats()[2]}) {
             EXPECT_NE(Written(format, 6), Written(format, 18)) << testing::Message() << format;
         }
-        EXPECT_EQ(Pickers().dtTime.customFormat(), "h:mm tt");
-        EXPECT_EQ(Pickers().dtpTime.customFormat(), "hh:mm tt");
+        EXPECT_EQ(Window().dtTime.customFormat(), "h:mm tt");
+        EXPECT_EQ(Window().dtpTime.customFormat(), "hh:mm tt");
         for (const int hour : {0, 6, 12, 18}) {
             Start([hour] {
-                Pickers().dtDate.value = base::DateTime::FromDate(2031, 6, 2);
-                Pickers().dtTime.value = base::DateTime::FromTime(hour, 30, 0);
-                Pickers().dtpTime.value = base::DateTime::FromTime(hour, 30, 0);
+                Window().dtDate.value = base::DateTime::FromDate(2031, 6, 2);
+                Window().dtTime.value = base::DateTime::FromTime(hour, 30, 0);
+                Window().dtpTime.value = base::DateTime::FromTime(hour, 30, 0);
             });
-            EXPECT_EQ(Shown(Pickers().dtTime).wHour, hour);
-            EXPECT_EQ(Shown(Pickers().dtpTime).wHour, hour);
+            EXPECT_EQ(Shown(Window().dtTime).wHour, hour);
+            EXPECT_EQ(Shown(Window().dtpTime).wHour, hour);
         }
-        const SYSTEMTIME date = Shown(Pickers().dtDate);
+        const SYSTEMTIME date = Shown(Window().dtDate);
         EXPECT_EQ(date.wYear, 2031);
         EXPECT_EQ(date.wMonth, 6);
         EXPECT_EQ(date.wDay, 2);
-        Start([] { Pickers().Unload(); });
+        Start([] { Window().Unload(); });
     }
 }
 

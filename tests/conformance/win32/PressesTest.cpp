@@ -3,8 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "forms/win32/FormWindow.h"
-#include "tests/conformance/Stand.h"
+#include "tests/conformance/win32/WindowTest.h"
 
 namespace forms::win32 {
 
@@ -40,17 +39,11 @@ class frmPressed : public Form {
 
 using Events = std::vector<std::string>;
 
-class PressesTest : public conformance::StandTest {
+class PressesTest : public WindowTest<frmPressed> {
   protected:
     void SetUp() override {
-        StandTest::SetUp();
-        Start([] { Default<frmPressed>().Show(); });
-        stand->Pump(50);
-    }
-    static frmPressed& Window() { return Default<frmPressed>(); }
-    static HWND Handle() { return FormWindow::Existing(Window())->handle; }
-    static HWND HandleOf(Control& control) {
-        return FormWindow::Existing(Window())->controls.Find(control)->handle;
+        WindowTest::SetUp();
+        Show();
     }
     static Events Taken() {
         Events taken;
@@ -74,9 +67,9 @@ class PressesTest : public conformance::StandTest {
 
 TEST_F(PressesTest, AReleaseWithoutItsPressCountsForNothing) {
     for (const UINT message : {WM_LBUTTONUP, WM_RBUTTONUP, WM_MBUTTONUP}) {
-        Send(Handle(), message, bare);
-        Send(Handle(), message, On(Window().lblText));
-        Send(Handle(), message, On(Window().imgLogo));
+        Send(FormHandle(), message, bare);
+        Send(FormHandle(), message, On(Window().lblText));
+        Send(FormHandle(), message, On(Window().imgLogo));
         Send(HandleOf(Window().chkOn), message, inside);
         Send(HandleOf(Window().lblText), message, inside);
     }
@@ -85,13 +78,13 @@ TEST_F(PressesTest, AReleaseWithoutItsPressCountsForNothing) {
 }
 
 TEST_F(PressesTest, APressAndItsReleaseCountOnce) {
-    Send(Handle(), WM_LBUTTONDOWN, On(Window().imgLogo));
-    Send(Handle(), WM_LBUTTONUP, On(Window().imgLogo));
+    Send(FormHandle(), WM_LBUTTONDOWN, On(Window().imgLogo));
+    Send(FormHandle(), WM_LBUTTONUP, On(Window().imgLogo));
     EXPECT_EQ(Taken(), Events{"image 1"});
-    Send(Handle(), WM_LBUTTONUP, On(Window().imgLogo));
+    Send(FormHandle(), WM_LBUTTONUP, On(Window().imgLogo));
     EXPECT_EQ(Taken(), Events{});
-    Send(Handle(), WM_RBUTTONDOWN, bare);
-    Send(Handle(), WM_RBUTTONUP, bare);
+    Send(FormHandle(), WM_RBUTTONDOWN, bare);
+    Send(FormHandle(), WM_RBUTTONUP, bare);
     EXPECT_EQ(Taken(), Events{"form 2"});
     HWND box = HandleOf(Window().chkOn);
     Send(box, WM_RBUTTONDOWN, inside);
@@ -108,14 +101,14 @@ TEST_F(PressesTest, APressAndItsReleaseCountOnce) {
 }
 
 TEST_F(PressesTest, AReleaseElsewhereCountsForNothing) {
-    Send(Handle(), WM_LBUTTONDOWN, On(Window().lblText));
-    Send(Handle(), WM_LBUTTONUP, On(Window().imgLogo));
-    Send(Handle(), WM_LBUTTONDOWN, bare);
-    Send(Handle(), WM_LBUTTONUP, On(Window().imgLogo));
-    Send(Handle(), WM_LBUTTONDOWN, bare);
-    Send(Handle(), WM_LBUTTONUP, MAKELPARAM(-10, -10));
-    Send(Handle(), WM_LBUTTONDOWN, On(Window().imgLogo));
-    Send(Handle(), WM_RBUTTONUP, On(Window().imgLogo));
+    Send(FormHandle(), WM_LBUTTONDOWN, On(Window().lblText));
+    Send(FormHandle(), WM_LBUTTONUP, On(Window().imgLogo));
+    Send(FormHandle(), WM_LBUTTONDOWN, bare);
+    Send(FormHandle(), WM_LBUTTONUP, On(Window().imgLogo));
+    Send(FormHandle(), WM_LBUTTONDOWN, bare);
+    Send(FormHandle(), WM_LBUTTONUP, MAKELPARAM(-10, -10));
+    Send(FormHandle(), WM_LBUTTONDOWN, On(Window().imgLogo));
+    Send(FormHandle(), WM_RBUTTONUP, On(Window().imgLogo));
     HWND box = HandleOf(Window().chkOn);
     Send(box, WM_LBUTTONDOWN, inside);
     Send(box, WM_LBUTTONUP, MAKELPARAM(500, 500));

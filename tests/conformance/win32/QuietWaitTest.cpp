@@ -5,13 +5,12 @@
 #include <string>
 #include <thread>
 
-#include "forms/win32/FormWindow.h"
 #include "forms/win32/QuietWait.h"
 #include "forms/win32/devices/Handle.h"
 #include "forms/win32/devices/WinFiles.h"
 #include "forms/win32/devices/WinSound.h"
-#include "tests/conformance/Stand.h"
 #include "tests/conformance/win32/TempFolder.h"
+#include "tests/conformance/win32/WindowTest.h"
 
 namespace forms::win32 {
 
@@ -60,18 +59,13 @@ std::string SilentWave(unsigned seconds) {
            LittleEndian(size, 4) + samples;
 }
 
-class QuietWaitTest : public conformance::StandTest {
+class QuietWaitTest : public WindowTest<frmWaiting> {
   protected:
     void SetUp() override {
-        StandTest::SetUp();
-        Start([] { Default<frmWaiting>().Show(); });
-        stand->Pump(50);
+        WindowTest::SetUp();
+        Show();
     }
-    static frmWaiting& Window() { return Default<frmWaiting>(); }
-    static HWND FormHandle() { return FormWindow::Existing(Window())->handle; }
-    static HWND ButtonHandle() {
-        return FormWindow::Existing(Window())->controls.Find(Window().cmdGo)->handle;
-    }
+    static HWND ButtonHandle() { return HandleOf(Window().cmdGo); }
 };
 
 }  // namespace

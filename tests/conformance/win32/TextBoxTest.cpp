@@ -2,8 +2,7 @@
 
 #include <string>
 
-#include "forms/win32/FormWindow.h"
-#include "tests/conformance/Stand.h"
+#include "tests/conformance/win32/WindowTest.h"
 
 namespace forms::win32 {
 
@@ -35,25 +34,18 @@ std::string Lines(int count) {
     return text;
 }
 
-class TextBoxTest : public conformance::StandTest {
+class TextBoxTest : public WindowTest<frmText> {
   protected:
-    static frmText& Window() { return Default<frmText>(); }
-    static HWND Handle() {
-        return FormWindow::Existing(Window())->controls.Find(Window().txtNote)->handle;
-    }
+    static HWND TextHandle() { return HandleOf(Window().txtNote); }
     static bool HasScrollBar() {
-        return (::GetWindowLongPtrW(Handle(), GWL_STYLE) & WS_VSCROLL) != 0;
+        return (::GetWindowLongPtrW(TextHandle(), GWL_STYLE) & WS_VSCROLL) != 0;
     }
     static SCROLLINFO ScrollRange() {
         SCROLLINFO info{};
         info.cbSize = sizeof info;
         info.fMask = SIF_ALL;
-        EXPECT_TRUE(::GetScrollInfo(Handle(), SB_VERT, &info));
+        EXPECT_TRUE(::GetScrollInfo(TextHandle(), SB_VERT, &info));
         return info;
-    }
-    void Show() {
-        Start([] { Window().Show(); });
-        stand->Pump(50);
     }
 };
 
@@ -65,7 +57,7 @@ TEST_F(TextBoxTest, TheScrollBarOfALongTextHasItsRange) {
     ASSERT_TRUE(HasScrollBar());
     EXPECT_EQ(ScrollRange().nMax, 99);
     EXPECT_EQ(ScrollRange().nPos, 0);
-    ::SendMessageW(Handle(), EM_LINESCROLL, 0, 20);
+    ::SendMessageW(TextHandle(), EM_LINESCROLL, 0, 20);
     EXPECT_EQ(ScrollRange().nPos, 20);
 }
 
@@ -73,7 +65,7 @@ TEST_F(TextBoxTest, TheScrollBarFollowsTyping) {
     Show();
     EXPECT_FALSE(HasScrollBar());
     for (int i = 1; i < 100; ++i) {
-        ::SendMessageW(Handle(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L"line\r\n"));
+        ::SendMessageW(TextHandle(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L"line\r\n"));
     }
     ASSERT_TRUE(HasScrollBar());
     EXPECT_EQ(ScrollRange().nMax, 99);
@@ -85,9 +77,9 @@ TEST_F(TextBoxTest, TheScrollBarFollowsTyping) {
 // A multi-line control that has been asked as a control of a dialog closes its parent on Escape.
 TEST_F(TextBoxTest, EscapeThatReachesTheControlItselfDoesNotCloseTheWindow) {
     Show();
-    MSG key{Handle(), WM_KEYDOWN, VK_ESCAPE, 1, 0, {}};
-    ::SendMessageW(Handle(), WM_GETDLGCODE, VK_ESCAPE, reinterpret_cast<LPARAM>(&key));
-    ::SendMessageW(Handle(), WM_KEYDOWN, VK_ESCAPE, 1);
+    MSG key{TextHandle(), WM_KEYDOWN, VK_ESCAPE, 1, 0, {}};
+    ::SendMessageW(TextHandle(), WM_GETDLGCODE, VK_ESCAPE, reinterpret_cast<LPARAM>(&key));
+    ::SendMessageW(TextHandle(), WM_KEYDOWN, VK_ESCAPE, 1);
     stand->Pump(50);
     EXPECT_EQ(Window().closings, 0);
     Window().closings = 1;

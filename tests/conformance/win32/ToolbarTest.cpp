@@ -5,9 +5,8 @@
 #include <vector>
 
 #include "forms/win32/Dpi.h"
-#include "forms/win32/FormWindow.h"
 #include "forms/win32/Messages.h"
-#include "tests/conformance/Stand.h"
+#include "tests/conformance/win32/WindowTest.h"
 
 namespace forms::win32 {
 
@@ -52,20 +51,14 @@ BOOL CALLBACK FindTips(HWND window, LPARAM data) {
     return TRUE;
 }
 
-class ToolbarTest : public conformance::StandTest {
+class ToolbarTest : public WindowTest<frmTools> {
   protected:
     void SetUp() override {
-        StandTest::SetUp();
-        Start([] { Window().Show(); });
-        stand->Pump(50);
-    }
-    static frmTools& Window() { return Default<frmTools>(); }
-    static HWND Handle() { return FormWindow::Existing(Window())->handle; }
-    static HWND HandleOf(Control& control) {
-        return FormWindow::Existing(Window())->controls.Find(control)->handle;
+        WindowTest::SetUp();
+        Show();
     }
     static HWND TipsOfForm() {
-        HWND found = Handle();
+        HWND found = FormHandle();
         ::EnumThreadWindows(::GetCurrentThreadId(), &FindTips, reinterpret_cast<LPARAM>(&found));
         return found;
     }
@@ -89,11 +82,11 @@ TEST_F(ToolbarTest, TipsAndCalendarsFollowTheScale) {
     auto* tips =
         reinterpret_cast<HWND>(::SendMessageW(HandleOf(Window().tlbTools), TB_GETTOOLTIPS, 0, 0));
     ASSERT_NE(tips, nullptr);
-    ASSERT_NE(TipsOfForm(), Handle());
+    ASSERT_NE(TipsOfForm(), FormHandle());
     RECT place{};
-    ::GetWindowRect(Handle(), &place);
+    ::GetWindowRect(FormHandle(), &place);
     for (const int dpi : {192, 96}) {
-        ::SendMessageW(Handle(), scaleChangedMessage, MAKEWPARAM(dpi, dpi),
+        ::SendMessageW(FormHandle(), scaleChangedMessage, MAKEWPARAM(dpi, dpi),
                        reinterpret_cast<LPARAM>(&place));
         EXPECT_EQ(FontHeightOf(tips), TipFont(dpi).lfHeight);
         EXPECT_EQ(FontHeightOf(TipsOfForm()), TipFont(dpi).lfHeight);

@@ -12,8 +12,8 @@
 #include "forms/win32/Pumps.h"
 #include "forms/win32/devices/WinFiles.h"
 #include "forms/win32/devices/WinTray.h"
-#include "tests/conformance/Stand.h"
 #include "tests/conformance/win32/TempFolder.h"
+#include "tests/conformance/win32/WindowTest.h"
 
 namespace forms::win32 {
 
@@ -75,12 +75,11 @@ class RecordedArea : public NotificationArea {
     }
 };
 
-class TrayTest : public conformance::StandTest {
+class TrayTest : public WindowTest<frmTray> {
   protected:
     void SetUp() override {
-        StandTest::SetUp();
-        Start([] { Default<frmTray>().Show(); });
-        stand->Pump(50);
+        WindowTest::SetUp();
+        Show();
         record.owner = &Window();
         record.iconId = 1;
         record.flags = NIF_MESSAGE | NIF_TIP;
@@ -106,18 +105,17 @@ class TrayTest : public conformance::StandTest {
         WinFiles().Write(path, bytes);
         return path;
     }
-    static frmTray& Window() { return Default<frmTray>(); }
-    static HWND Handle() { return FormWindow::Existing(Window())->handle; }
 
     const TempFolder folder;
     TrayRecord record;
 };
 
 TEST_F(TrayTest, TheTipFillsItsFieldWithBlanks) {
-    const NOTIFYICONDATAA data = WinTray::NativeRecord(record, Handle(), nullptr);
+    const NOTIFYICONDATAA data = WinTray::NativeRecord(record, FormHandle(), nullptr);
     EXPECT_EQ(std::string(data.szTip, 64), std::string("Jotwright") + '\0' + std::string(54, ' '));
     record.tip = std::string(63, 'x') + '\0';
-    EXPECT_EQ(std::string(WinTray::NativeRecord(record, Handle(), nullptr).szTip, 64), record.tip);
+    EXPECT_EQ(std::string(WinTray::NativeRecord(record, FormHandle(), nullptr).szTip, 64),
+              record.tip);
 }
 
 TEST_F(TrayTest, AnIconAddedThroughAnotherDeviceIsRemovedToo) {
@@ -126,7 +124,7 @@ TEST_F(TrayTest, AnIconAddedThroughAnotherDeviceIsRemovedToo) {
     other.Add(record);
     WinTray tray(area);
     const bool removed = tray.Delete(record);
-    NOTIFYICONDATAA data = WinTray::NativeRecord(record, Handle(), nullptr);
+    NOTIFYICONDATAA data = WinTray::NativeRecord(record, FormHandle(), nullptr);
     EXPECT_TRUE(removed);
     EXPECT_EQ(::Shell_NotifyIconA(NIM_DELETE, &data), FALSE);
     EXPECT_FALSE(tray.Delete(record));
@@ -194,7 +192,7 @@ TEST_F(TrayTest, OverdueTicksAreTimesToTryAgainToo) {
     Window().tmrTick.Tick = [&ticks] { ++ticks; };
     Window().tmrTick.enabled = true;
     stand->BeBusy(2 * Window().tmrTick.interval());
-    ::PostMessageW(Handle(), WM_NULL, 0, 0);
+    ::PostMessageW(FormHandle(), WM_NULL, 0, 0);
     bool isFirst = true;
     pumps::Run([&isFirst] { return std::exchange(isFirst, false); });
     Window().tmrTick.enabled = false;
@@ -254,7 +252,7 @@ TEST_F(TrayTest, OnlyMessagesWithTheIconsNumberAreFromTheTray) {
     tray.Add(record);
     ::SetCursorPos(0, 0);
     const auto move = [](WPARAM wParam, int x, int y) {
-        ::SendMessageW(Handle(), WM_MOUSEMOVE, wParam, MAKELPARAM(x, y));
+        ::SendMessageW(FormHandle(), WM_MOUSEMOVE, wParam, MAKELPARAM(x, y));
     };
     move(1, 0x205, 0);
     EXPECT_EQ(Window().fromTray, std::vector<int>{0x205});
@@ -272,12 +270,12 @@ TEST_F(TrayTest, OnlyMessagesWithTheIconsNumberAreFromTheTray) {
 // Monitors can have different scales.
 TEST_F(TrayTest, AWindowOfAnotherScaleCountsTheSameColumns) {
     RECT place{};
-    ::GetWindowRect(Handle(), &place);
+    ::GetWindowRect(FormHandle(), &place);
     for (const int dpi : {96, 120, 144, 168, 192, 96}) {
-        ::SendMessageW(Handle(), scaleChangedMessage, MAKEWPARAM(dpi, dpi),
+        ::SendMessageW(FormHandle(), scaleChangedMessage, MAKEWPARAM(dpi, dpi),
                        reinterpret_cast<LPARAM>(&place));
         for (const int column : {480, 514, 515, 517}) {
-            ::SendMessageW(Handle(), WM_MOUSEMOVE, 0, MAKELPARAM((column * dpi + 95) / 96, 5));
+            ::SendMessageW(FormHandle(), WM_MOUSEMOVE, 0, MAKELPARAM((column * dpi + 95) / 96, 5));
         }
         EXPECT_EQ(Window().fromPointer, (std::vector<int>{480, 514, 515, 517})) << dpi;
         Window().fromPointer.clear();
@@ -286,17 +284,17 @@ TEST_F(TrayTest, AWindowOfAnotherScaleCountsTheSameColumns) {
 
 TEST_F(TrayTest, AScaleChangeWithABadPlaceKeepsTheWindowInPlace) {
     // Small enough to fit the screen at twice the scale.
-    ::SetWindowPos(Handle(), nullptr, 100, 100, 400, 300, SWP_NOZORDER);
+    ::SetWindowPos(FormHandle(), nullptr, 100, 100, 400, 300, SWP_NOZORDER);
     RECT place{};
-    ::GetWindowRect(Handle(), &place);
+    ::GetWindowRect(FormHandle(), &place);
     const RECT farAway{30000, 30000, 30400, 30300};
     const RECT turned{300, 300, 100, 100};
     for (const LPARAM address : {LPARAM{0}, LPARAM{1}, reinterpret_cast<LPARAM>(&farAway),
                                  reinterpret_cast<LPARAM>(&turned)}) {
         for (const int dpi : {192, 96}) {
-            ::SendMessageW(Handle(), scaleChangedMessage, MAKEWPARAM(dpi, dpi), address);
+            ::SendMessageW(FormHandle(), scaleChangedMessage, MAKEWPARAM(dpi, dpi), address);
             RECT now{};
-            ::GetWindowRect(Handle(), &now);
+            ::GetWindowRect(FormHandle(), &now);
             EXPECT_EQ(now.left, place.left);
             EXPECT_EQ(now.top, place.top);
             EXPECT_EQ(now.right - now.left, (place.right - place.left) * dpi / 96);
@@ -304,7 +302,7 @@ TEST_F(TrayTest, AScaleChangeWithABadPlaceKeepsTheWindowInPlace) {
         }
     }
     for (const int dpi : {0, 1, 0xFFFF}) {
-        ::SendMessageW(Handle(), scaleChangedMessage, MAKEWPARAM(dpi, dpi),
+        ::SendMessageW(FormHandle(), scaleChangedMessage, MAKEWPARAM(dpi, dpi),
                        reinterpret_cast<LPARAM>(&place));
         EXPECT_EQ(FormWindow::Existing(Window())->scale.dpi, 96);
     }

@@ -2,17 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "base/RuntimeError.h"
-#include "forms/win32/devices/FileErrors.h"
 #include "forms/win32/devices/Handle.h"
 #include "forms/win32/devices/WinFiles.h"
 #include "tests/conformance/win32/TempFolder.h"
 #include "tests/support/ErrorOf.h"
-#include "tests/windows/RegistryValue.h"
 
 namespace forms::win32 {
 
@@ -24,12 +20,6 @@ using testing_support::ErrorOf;
 Handle OpenAlone(const std::string& path) {
     return Handle(::CreateFileW(Wide(path).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
                                 FILE_ATTRIBUTE_NORMAL, nullptr));
-}
-
-int ticks = 0;
-
-void CALLBACK CountTick(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/, DWORD /*time*/) {
-    ++ticks;
 }
 
 class WinFilesTest : public testing::Test {
@@ -349,61 +339,6 @@ TEST_F(WinFilesTest, CopyAndDelete) {
     EXPECT_EQ(files.Read(note), "x");
     files.Delete(note);
     EXPECT_FALSE(files.FileExists(note));
-}
-
-TEST_F(WinFilesTest, RecycledFilesAreGoneAndNoTimerRunsMeanwhile) {
-    ticks = 0;
-    const UINT_PTR timer = ::SetTimer(nullptr, 0, 10, CountTick);
-    ASSERT_NE(timer, 0U);
-    files.Write(note, "x");
-    ::Sleep(30);
-    files.Recycle(note);
-    EXPECT_EQ(ticks, 0);
-    ::KillTimer(nullptr, timer);
-    EXPECT_FALSE(files.FileExists(note));
-}
-
-TEST_F(WinFilesTest, WhatTheShellWouldDestroyIsNotGivenToIt) {
-    const std::wstring explorer = L"Software\\Microsoft\\Windows\\CurrentVersion\\";
-    wchar_t root[MAX_PATH]{};
-    wchar_t volume[MAX_PATH]{};
-    ASSERT_NE(::GetVolumePathNameW(Wide(note).c_str(), root, MAX_PATH), 0);
-    ASSERT_NE(::GetVolumeNameForVolumeMountPointW(root, volume, MAX_PATH), 0);
-    const std::wstring name = volume;
-    const std::size_t brace = name.find(L'{');
-    const driver::RegistryValue oneMebibyte(explorer + L"Explorer\\BitBucket\\Volume\\" +
-                                                name.substr(brace, name.find(L'}') + 1 - brace),
-                                            L"MaxCapacity", 1);
-    files.Write(note, std::string((1U << 20U) + 1, 'x'));
-    EXPECT_FALSE(files.Recycle(note));
-    EXPECT_TRUE(files.FileExists(note));
-    files.Write(note, std::string(1U << 20U, 'x'));
-    {
-        const driver::RegistryValue policy(explorer + L"Policies\\Explorer", L"NoRecycleFiles", 1);
-        EXPECT_FALSE(files.Recycle(note));
-        EXPECT_TRUE(files.FileExists(note));
-    }
-    {
-        const driver::RegistryValue policy(explorer + L"Policies\\Explorer", L"RecycleBinSize", 0);
-        EXPECT_FALSE(files.Recycle(note));
-        EXPECT_TRUE(files.FileExists(note));
-    }
-    EXPECT_TRUE(files.Recycle(note));
-    EXPECT_FALSE(files.FileExists(note));
-}
-
-TEST(WinFilesErrorsTest, CodesOfTheSystemHaveTheirNumbers) {
-    EXPECT_EQ(ErrorOfCode(ERROR_DISK_FULL), base::ErrorNumber::DiskFull);
-    EXPECT_EQ(ErrorOfCode(ERROR_HANDLE_DISK_FULL), base::ErrorNumber::DiskFull);
-    EXPECT_EQ(ErrorOfCode(ERROR_SHARING_VIOLATION), base::ErrorNumber::PermissionDenied);
-    EXPECT_EQ(ErrorOfCode(ERROR_LOCK_VIOLATION), base::ErrorNumber::PermissionDenied);
-    EXPECT_EQ(ErrorOfCode(ERROR_ACCESS_DENIED), base::ErrorNumber::PermissionDenied);
-    EXPECT_EQ(ErrorOfCode(ERROR_PATH_NOT_FOUND), base::ErrorNumber::PathNotFound);
-    EXPECT_EQ(ErrorOfCode(ERROR_FILE_NOT_FOUND), base::ErrorNumber::FileNotFound);
-    EXPECT_EQ(ErrorOfCode(ERROR_INVALID_NAME), base::ErrorNumber::BadFileName);
-    constexpr DWORD cloudProviderNotRunning = 362;
-    EXPECT_EQ(ErrorOfCode(cloudProviderNotRunning), base::ErrorNumber::PermissionDenied);
-    EXPECT_EQ(ErrorOfCode(ERROR_CRC), base::ErrorNumber::DeviceIoError);
 }
 
 }  // namespace forms::win32

@@ -2,14 +2,14 @@
 
 #include "tests/notes/RecoveryProgram.h"
 
-// If the file of a note has changed since its recovery copy was written, the copy is opened as a
-// second note beside it.
+// The editor that shows the unsaved text of a killed program: the note's own editor, or, if the
+// note's file has changed since the recovery copy was written, a second note beside it.
 
 namespace {
 
-using RecoveryBesideTest = testing_support::RecoveryProgram;
+using UnsavedNotesTest = testing_support::RecoveryProgram;
 
-TEST_F(RecoveryBesideTest, ACopyOfAnOlderFileComesUpBesideTheNote) {
+TEST_F(UnsavedNotesTest, ACopyOfAnOlderFileComesUpBesideTheNote) {
     EditSaved(Note("Dentist", "old"), "typed");
     RestartProgram();
     PutNote(Note("Dentist", "by another machine"));
@@ -27,7 +27,7 @@ TEST_F(RecoveryBesideTest, ACopyOfAnOlderFileComesUpBesideTheNote) {
 
 // A virus scanner has the copy open while the note is saved and closed. Afterwards the copy is
 // older than the file.
-TEST_F(RecoveryBesideTest, ACopyThatCouldNotBeRemovedNeverReplacesASavedText) {
+TEST_F(UnsavedNotesTest, ACopyThatCouldNotBeRemovedNeverReplacesASavedText) {
     EditSaved(Note("Dentist", "old"), "first half");
     const std::string copy = CopyPath();
     ASSERT_TRUE(files.Peek(copy).has_value());
@@ -46,7 +46,7 @@ TEST_F(RecoveryBesideTest, ACopyThatCouldNotBeRemovedNeverReplacesASavedText) {
     EXPECT_EQ(FilesOfNotes(), (Names{"Dentist (recovered).txt", "Dentist.txt"}));
 }
 
-TEST_F(RecoveryBesideTest, ANewNoteWhoseTitleIsTakenMeanwhileComesUpBesideTheOther) {
+TEST_F(UnsavedNotesTest, ANewNoteWhoseTitleIsTakenMeanwhileComesUpBesideTheOther) {
     MakeNote("Dentist", "typed");
     Advance(2000);
     RestartProgram();
@@ -56,7 +56,7 @@ TEST_F(RecoveryBesideTest, ANewNoteWhoseTitleIsTakenMeanwhileComesUpBesideTheOth
     EXPECT_EQ(Editor("Dentist (recovered)").txtNote.text(), "typed");
 }
 
-TEST_F(RecoveryBesideTest, ATornCopyComesUpBesideTheNote) {
+TEST_F(UnsavedNotesTest, ATornCopyComesUpBesideTheNote) {
     EditSaved(Note("Dentist", "saved"), "typed before the power went");
     const std::string copy = CopyPath();
     std::string bytes = files.Peek(copy).value_or("");
@@ -70,7 +70,7 @@ TEST_F(RecoveryBesideTest, ATornCopyComesUpBesideTheNote) {
     EXPECT_TRUE(Editor("Dentist (recovered)").txtNote.text().starts_with("typed"));
 }
 
-TEST_F(RecoveryBesideTest, ACopyOfAnEarlierVersionComesUpBesideTheNote) {
+TEST_F(UnsavedNotesTest, ACopyOfAnEarlierVersionComesUpBesideTheNote) {
     PutNote(Note("Dentist", "saved").InColor(3));
     const auto put = [this](const std::string& title, const std::string& text) {
         files.PutFile(folder + "\\~" + title + ".recovery", "Jotwright recovery copy\r\n" +
@@ -98,7 +98,7 @@ TEST_F(RecoveryBesideTest, ACopyOfAnEarlierVersionComesUpBesideTheNote) {
     EXPECT_EQ(Saved("Dentist").Text, "saved");
 }
 
-TEST_F(RecoveryBesideTest, ACopyIsNotDroppedIfAnotherTitleOnlyBeginsTheSame) {
+TEST_F(UnsavedNotesTest, ACopyIsNotDroppedIfAnotherTitleOnlyBeginsTheSame) {
     PutNote(Note("ABC", "typed"));
     EditSaved(Note("A", "old"), "typed");
     RestartProgram();
@@ -118,7 +118,7 @@ TEST_F(RecoveryBesideTest, ACopyIsNotDroppedIfAnotherTitleOnlyBeginsTheSame) {
     EXPECT_EQ(FilesOfNotes().size(), 3U);
 }
 
-TEST_F(RecoveryBesideTest, ARecoveredNoteWithALongTitleCanBeSaved) {
+TEST_F(UnsavedNotesTest, ARecoveredNoteWithALongTitleCanBeSaved) {
     // With its folder and extension, the path has the maximum length.
     const std::string title(259 - std::string("C:\\Jotwright\\Notes\\.txt").size(), 'x');
     PutNote(Note(title, "old"));
@@ -137,6 +137,69 @@ TEST_F(RecoveryBesideTest, ARecoveredNoteWithALongTitleCanBeSaved) {
         user->CloseBox(Editor(beside));
         EXPECT_EQ(Saved(beside).Text, text);
     }
+}
+
+TEST_F(UnsavedNotesTest, TwoNewNotesOfOneTitleBothComeBack) {
+    MakeNote("Twin", "first");
+    Start([] { StandardCode::CreateNote("Twin"); });
+    auto* second = dynamic_cast<frmNote*>(runtime->LoadedForms().back().get());
+    user->Type(second->txtNote, "second");
+    Advance(2000);
+    KillAndStartAgain();
+    ASSERT_EQ(runtime->LoadedForms().size(), 2U);
+    std::vector<std::string> texts;
+    for (const auto& form : runtime->LoadedForms()) {
+        texts.push_back(dynamic_cast<frmNote&>(*form).txtNote.text());
+    }
+    EXPECT_EQ(texts, (Names{"first", "second"}));
+}
+
+TEST_F(UnsavedNotesTest, TwoNotesInOneFileAreBothKept) {
+    frmNote& first = MakeNote("Twin", "first");
+    Start([&first] { first.WriteNote(); });
+    Start([] { StandardCode::CreateNote("twin"); });
+    auto* second = dynamic_cast<frmNote*>(runtime->LoadedForms().back().get());
+    user->Type(second->txtNote, "second");
+    Start([second] { second->WriteNote(); });
+    EXPECT_EQ(Saved("Twin").Text, "second");
+    Advance(2000);
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("twin").txtNote.text(), "second");
+    EXPECT_EQ(Editor("Twin (recovered)").txtNote.text(), "first");
+}
+
+TEST_F(UnsavedNotesTest, TheNoteKeepsItsColorAndItsAlarm) {
+    EditSaved(Note("Dentist", "old").WithAlarm().InColor(3), "new");
+    // A damaged file that is read earlier ends the restoring.
+    files.PutFile(PathOf("Aaa"), "damaged");
+    RestartProgram();
+    ExpectLoadError("Input past end of file");
+    Start(StandardCode::ReadNotes);
+    frmNote& note = Editor("Dentist");
+    EXPECT_EQ(note.txtNote.text(), "new");
+    EXPECT_TRUE(note.mnuGreen.checked());
+    EXPECT_EQ(note.cmdAlarm.caption(), "&Turn Off Alarm");
+}
+
+TEST_F(UnsavedNotesTest, ACopyKeepsItsAlarmIfTheAlarmIconIsMissing) {
+    PutNote(Note("Dentist"));
+    Start(StandardCode::ReadNotes);
+    user->Restore(Editor("Dentist"));
+    user->Pick(Editor("Dentist").dtTime, base::DateTime::FromTime(17, 0, 0));
+    user->Click(Editor("Dentist").cmdAlarm);
+    Advance(2000);
+    const std::string icon = "C:\\Jotwright\\alarmon.ico";
+    const std::string picture = files.Peek(icon).value_or("");
+    files.Remove(icon);
+    RestartProgram();
+    ExpectLoadError("File not found");
+    Start(StandardCode::ReadNotes);
+    Advance(3000);
+    EXPECT_EQ(StandardCode::NoteTitles(), Names{"Dentist"});
+    files.PutFile(icon, picture);
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("Dentist").cmdAlarm.caption(), "&Turn Off Alarm");
+    EXPECT_EQ(Editor("Dentist").lblClock.caption(), "5:00:00 PM");
 }
 
 }  // namespace
