@@ -68,10 +68,10 @@ class Peer {
     void Redraw() const;
 
   private:
-    static LRESULT CALLBACK Procedure(HWND child, UINT message, WPARAM wParam, LPARAM lParam,
-                                      UINT_PTR id, DWORD_PTR data);
+    static LRESULT CALLBACK Procedure(HWND child, UINT message, WPARAM wParam, LPARAM lParam);
     void ReportMouseUp(int button, LPARAM where);
 
+    WNDPROC controlProcedure = nullptr;  // the native control's own
     bool isDescribed = false;
 };
 

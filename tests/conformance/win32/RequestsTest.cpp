@@ -104,6 +104,19 @@ TEST_F(RequestsTest, AFormIsMadeInItsPlaceWithItsText) {
     EXPECT_EQ(sent.Of(WM_WINDOWPOSCHANGING), 1);  // it is shown
 }
 
+// SetWindowSubclass keeps this property, and asks the window system for it at each message.
+TEST_F(RequestsTest, AMessageToAControlNeedsNoPropertyOfIt) {
+    Start([] { Default<frmButtons>().Show(); });
+    HWND form = FormWindow::Existing(Default<frmButtons>())->handle;
+    int controls = 0;
+    for (HWND child = ::GetWindow(form, GW_CHILD); child != nullptr;
+         child = ::GetWindow(child, GW_HWNDNEXT)) {
+        EXPECT_EQ(::GetPropW(child, L"CC32SubclassInfo"), nullptr);
+        ++controls;
+    }
+    EXPECT_EQ(controls, buttons);
+}
+
 TEST_F(RequestsTest, AMinimizedFormIsABareWindowUntilItIsRestored) {
     Start([] { Default<frmButtons>().Load(); });
     {
