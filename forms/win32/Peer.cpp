@@ -28,6 +28,9 @@ void Peer::CreateNative(const wchar_t* className, const std::string& text, DWORD
     if (!control.IsEffectivelyEnabled()) {
         style |= WS_DISABLED;
     }
+    if (startsGroup) {
+        style |= WS_GROUP;
+    }
     handle =
         ::CreateWindowExW(extendedStyle, className, Wide(text).c_str(), style, area.left, area.top,
                           area.right - area.left, area.bottom - area.top, window.handle,

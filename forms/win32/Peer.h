@@ -27,6 +27,7 @@ class Peer {
     FormWindow& window;
     Control& control;
     HWND handle = nullptr;
+    bool startsGroup = true;  // of the controls among which the arrow keys move; set before Create
 
     // Creates the native control in the state of the model.
     virtual void Create() {}

@@ -101,6 +101,7 @@ TEST_F(RequestsTest, AFormIsMadeInItsPlaceWithItsText) {
     EXPECT_EQ(sent.Of(WM_SETFONT), buttons);
     EXPECT_EQ(sent.Of(WM_SETTEXT), 0);
     EXPECT_EQ(sent.Of(WM_SETICON), 2);
+    EXPECT_EQ(sent.Of(WM_STYLECHANGING), 0);
     EXPECT_EQ(sent.Of(WM_WINDOWPOSCHANGING), 1);  // it is shown
 }
 
