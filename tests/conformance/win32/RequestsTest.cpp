@@ -2,6 +2,7 @@
 #include <commctrl.h>
 
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -83,12 +84,25 @@ class frmRows : public Form {
   public:
     frmRows() : Form("frmRows") {}
     ListView lvwRows{this, "lvwRows"};
+    Toolbar tlbRows{this, "tlbRows"};
+    ImageList ilsRows{this, "ilsRows"};
 
     void Design() override {
+        ilsRows.images = {{"set", "alarmset"}, {"not set", "alarmnotset"}};
+        tlbRows.imageList = &ilsRows;
+        tlbRows.buttons = {{"Set", "", "set"}, {"Clear", "", "not set"}};
+        tlbRows.Place(180, 2300, 3000, 480);
+        lvwRows.imageList = &ilsRows;
         lvwRows.columns = {{"Title", 2000, "title"}};
         lvwRows.Place(180, 180, 3000, 2000);
     }
 };
+
+// The image list that the native control answers this message with.
+LRESULT IconsOf(Control& control, UINT message, WPARAM wParam) {
+    const Peer* peer = FormWindow::Existing(control.form)->controls.Find(control);
+    return ::SendMessageW(peer->handle, message, wParam, 0);
+}
 
 }  // namespace
 
@@ -147,6 +161,32 @@ TEST_F(RequestsTest, HidingAFormTouchesNoControl) {
     EXPECT_EQ(sent.Of(WM_WINDOWPOSCHANGING), 1);
     EXPECT_EQ(sent.Of(WM_SETTEXT), 0);
     EXPECT_EQ(sent.Of(WM_DESTROY), 0);
+}
+
+// Each icon of a new list is about thirty requests.
+TEST_F(RequestsTest, WindowsWithTheSameIconsShareThem) {
+    auto other = std::make_shared<std::shared_ptr<frmRows>>();
+    Start([other] {
+        Default<frmRows>().Show();
+        *other = New<frmRows>();
+        (*other)->Show();
+    });
+    stand->Pump(50);
+    frmRows& first = Default<frmRows>();
+    frmRows& second = **other;
+    ASSERT_NE(IconsOf(first.tlbRows, TB_GETIMAGELIST, 0), 0);
+    EXPECT_EQ(IconsOf(first.tlbRows, TB_GETIMAGELIST, 0),
+              IconsOf(second.tlbRows, TB_GETIMAGELIST, 0));
+    ASSERT_NE(IconsOf(first.lvwRows, LVM_GETIMAGELIST, LVSIL_SMALL), 0);
+    EXPECT_EQ(IconsOf(first.lvwRows, LVM_GETIMAGELIST, LVSIL_SMALL),
+              IconsOf(second.lvwRows, LVM_GETIMAGELIST, LVSIL_SMALL));
+    Start([other] { (*other)->Unload(); });
+    stand->Pump(50);
+    int width = 0;
+    int height = 0;
+    EXPECT_TRUE(::ImageList_GetIconSize(
+        reinterpret_cast<HIMAGELIST>(IconsOf(first.lvwRows, LVM_GETIMAGELIST, LVSIL_SMALL)), &width,
+        &height));
 }
 
 TEST_F(RequestsTest, AListIsToldOnceOfAllItsRows) {
