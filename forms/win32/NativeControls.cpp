@@ -46,9 +46,6 @@ void NativeControls::Create() {
             before = &peer;
         }
     }
-    for (const auto& peer : peers) {
-        tips.Update(*peer);
-    }
 }
 
 Peer* NativeControls::Find(const Control& control) const {

@@ -184,6 +184,7 @@ LRESULT CALLBACK Peer::Procedure(HWND child, UINT message, WPARAM wParam, LPARAM
     }
     const FormWindow::Entry entry(peer.window);
     if (peer.window.IsLive() && peer.handle == child) {
+        peer.window.controls.tips.Relay(child, message, wParam, lParam);
         if (const auto result = peer.OnMessage(message, wParam, lParam)) {
             return *result;
         }

@@ -98,6 +98,16 @@ class frmRows : public Form {
     }
 };
 
+// The number of tool-tip windows of this form.
+int TipWindowsOf(HWND form) {
+    int count = 0;
+    for (HWND tips = nullptr;
+         (tips = ::FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
+        count += ::GetWindow(tips, GW_OWNER) == form ? 1 : 0;
+    }
+    return count;
+}
+
 // The image list that the native control answers this message with.
 LRESULT IconsOf(Control& control, UINT message, WPARAM wParam) {
     const Peer* peer = FormWindow::Existing(control.form)->controls.Find(control);
@@ -161,6 +171,21 @@ TEST_F(RequestsTest, HidingAFormTouchesNoControl) {
     EXPECT_EQ(sent.Of(WM_WINDOWPOSCHANGING), 1);
     EXPECT_EQ(sent.Of(WM_SETTEXT), 0);
     EXPECT_EQ(sent.Of(WM_DESTROY), 0);
+}
+
+// The pointer cannot have moved yet, because no loop has run.
+TEST_F(RequestsTest, TipsHaveNoWindowBeforeThePointerMoves) {
+    Start([] {
+        Default<frmButtons>().cmdFirst.toolTip = "Presses";
+        Default<frmButtons>().Show();
+    });
+    HWND form = FormWindow::Existing(Default<frmButtons>())->handle;
+    EXPECT_EQ(TipWindowsOf(form), 0);
+    for (int move = 0; move < 2; ++move) {
+        ::SendMessageW(form, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+        EXPECT_EQ(TipWindowsOf(form), 1);
+    }
+    EXPECT_EQ(::GetPropW(::GetWindow(form, GW_CHILD), L"CC32SubclassInfo"), nullptr);
 }
 
 // Each icon of a new list is about thirty requests.

@@ -89,6 +89,7 @@ TEST_F(ToolbarTest, TipsAndCalendarsFollowTheScale) {
     auto* tips =
         reinterpret_cast<HWND>(::SendMessageW(HandleOf(Window().tlbTools), TB_GETTOOLTIPS, 0, 0));
     ASSERT_NE(tips, nullptr);
+    ::SendMessageW(Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
     ASSERT_NE(TipsOfForm(), Handle());
     RECT place{};
     ::GetWindowRect(Handle(), &place);
