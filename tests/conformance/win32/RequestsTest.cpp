@@ -163,6 +163,32 @@ TEST_F(RequestsTest, AMinimizedFormIsABareWindowUntilItIsRestored) {
     EXPECT_EQ(sent.Of(WM_SETICON), 0);
 }
 
+TEST_F(RequestsTest, ABoxTouchesNoMinimizedWindow) {
+    constexpr int notes = 5;
+    auto minimized = std::make_shared<std::vector<std::shared_ptr<frmButtons>>>();
+    Start([minimized] {
+        for (int number = 0; number < notes; ++number) {
+            minimized->push_back(New<frmButtons>());
+            minimized->back()->windowState = WindowState::Minimized;
+            minimized->back()->Show();
+        }
+        Default<frmRows>().Show();
+    });
+    stand->Pump(50);
+    const SentMessages sent;
+    ExpectMessage("Look", "Message", [&] {
+        EXPECT_LE(sent.Of(WM_ENABLE), 1);  // the owner of the box
+        // An alarm brings up its note, which must not react before the box is answered.
+        Start([&] { minimized->front()->windowState = WindowState::Normal; });
+        EXPECT_FALSE(stand->CanBeUsed(*minimized->front()));
+    });
+    Start([] { MsgBox("Look", {}, "Message"); });
+    EXPECT_LE(sent.Of(WM_ENABLE), 4);
+    for (const auto& form : *minimized) {
+        EXPECT_TRUE(stand->CanBeUsed(*form));
+    }
+}
+
 TEST_F(RequestsTest, HidingAFormTouchesNoControl) {
     Start([] { Default<frmButtons>().Show(); });
     stand->Pump(50);
