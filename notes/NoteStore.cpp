@@ -72,7 +72,8 @@ bool NoteStore::Load() {
     if (failure && MayPass(*failure)) {
         loadAgainAt = forms::Machine().clock->MonotonicMilliseconds() + pauseBeforeNextLoad;
     }
-    if (!failure || *failure == base::ErrorNumber::SubscriptOutOfRange) {
+    const bool isFull = failure && *failure == base::ErrorNumber::SubscriptOutOfRange;
+    if (!failure || isFull) {
         Shared().NoteCount = static_cast<std::int16_t>(slot - 1);
         StandardCode::Events().NotesArrayLoaded.Raise();
     }
@@ -80,7 +81,7 @@ bool NoteStore::Load() {
         const std::vector<forms::FileEntry>& files = listing.Files();
         reports.Show(*failure, files, loaded < files.size() ? files[loaded].name : std::string());
     }
-    return isComplete;
+    return isComplete || isFull;
 }
 
 void NoteStore::LoadAgainIfDue() {

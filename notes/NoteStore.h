@@ -52,7 +52,8 @@ class NoteStore {
 
     // Rebuilds NotesArray and NoteCount from the note files, then raises NotesArrayLoaded. Tells
     // every open note if its file has changed, even if the file is in no slot. Returns whether
-    // every listed note was loaded. If so, a second call would change nothing.
+    // every listed note was loaded, or every slot is filled. If so, a second call would change
+    // nothing.
     //
     // A file with too few fields is read once more after a moment, because another program may be
     // writing it. If it stays so, it goes to the Recycle Bin and ends the listing. If there are

@@ -258,6 +258,7 @@ std::optional<LRESULT> FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM
         ::PostMessageW(handle, message, wParam, lParam);
         return 0;
     }
+    controls.tips.Relay(handle, message, wParam, lParam);
     switch (message) {
         case WM_COMMAND:
             OnCommand(wParam, lParam);

@@ -134,6 +134,21 @@ HICON ResourceIcon(const std::string& name, int pixels) {
     return at->second;
 }
 
+const IconList& ResourceIcons(const std::vector<std::string>& names, int pixels) {
+    static std::map<std::pair<std::vector<std::string>, int>, IconList> cache;
+    const auto [at, isNew] = cache.try_emplace({names, pixels});
+    IconList& list = at->second;
+    if (isNew) {
+        list.handle = ::ImageList_Create(pixels, pixels, ILC_COLOR32 | ILC_MASK,
+                                         static_cast<int>(names.size()), 0);
+        for (const std::string& name : names) {
+            list.places.push_back(
+                ::ImageList_ReplaceIcon(list.handle, -1, ResourceIcon(name, pixels)));
+        }
+    }
+    return list;
+}
+
 HICON ProgramIcon(int pixels) {
     static std::map<int, HICON> cache;
     const auto [at, isNew] = cache.try_emplace(pixels, nullptr);

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <windows.h>
+#include <commctrl.h>
 
 #include <string>
+#include <vector>
 
 namespace forms::win32 {
 
@@ -16,6 +18,14 @@ HICON FileIcon(const std::string& path, int pixels);
 // Like FileIcon, for an icon file in the program's resources of type RCDATA. name is the name of
 // the resource.
 HICON ResourceIcon(const std::string& name, int pixels);
+
+// The icons of these resources, for native controls that show several. All controls with the same
+// icons share one list. Do not destroy it.
+struct IconList {
+    HIMAGELIST handle = nullptr;
+    std::vector<int> places;  // of each name in the list; -1 if there is no such resource
+};
+const IconList& ResourceIcons(const std::vector<std::string>& names, int pixels);
 
 // The program's own icon.
 HICON ProgramIcon(int pixels);

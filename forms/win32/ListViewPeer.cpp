@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <string>
+#include <vector>
 
 #include "forms/Gestures.h"
 #include "forms/win32/Dpi.h"
@@ -22,14 +24,11 @@ class ListViewPeer : public Peer {
   public:
     ListViewPeer(FormWindow& formWindow, ListView& peerList)
         : Peer(formWindow, peerList), listView(peerList) {}
-    ~ListViewPeer() override { ::ImageList_Destroy(pictures); }
-    ListViewPeer(const ListViewPeer&) = delete;
-    ListViewPeer& operator=(const ListViewPeer&) = delete;
 
     void Create() override {
         CreateNative(WC_LISTVIEWW, listView.accessibleName,
                      WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_OWNERDATA |
-                         LVS_NOSORTHEADER,
+                         LVS_NOSORTHEADER | LVS_SHAREIMAGELISTS,
                      WS_EX_CLIENTEDGE);
         ::SendMessageW(handle, LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
                        LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
@@ -173,17 +172,13 @@ class ListViewPeer : public Peer {
         if (listView.imageList == nullptr) {
             return;
         }
-        const auto& wanted = listView.imageList->images;
-        const int pixels = SystemMetric(SM_CXSMICON, window.scale.dpi);
-        HIMAGELIST made = ::ImageList_Create(pixels, pixels, ILC_COLOR32 | ILC_MASK,
-                                             static_cast<int>(wanted.size()), 0);
-        for (const auto& image : wanted) {
-            ::ImageList_ReplaceIcon(made, -1,
-                                    images::ResourceIcon(std::string(image.resource), pixels));
+        std::vector<std::string> names;
+        for (const auto& image : listView.imageList->images) {
+            names.emplace_back(image.resource);
         }
-        ::SendMessageW(handle, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(made));
-        ::ImageList_Destroy(pictures);
-        pictures = made;
+        const int pixels = SystemMetric(SM_CXSMICON, window.scale.dpi);
+        ::SendMessageW(handle, LVM_SETIMAGELIST, LVSIL_SMALL,
+                       reinterpret_cast<LPARAM>(images::ResourceIcons(names, pixels).handle));
     }
 
     void ShowRows() {
@@ -274,7 +269,6 @@ class ListViewPeer : public Peer {
     static constexpr int marginOfEmptyText = 240;  // twips
 
     ListView& listView;
-    HIMAGELIST pictures = nullptr;
     bool updating = false;
     bool selectedByClick = false;  // by the last press of a mouse button
 };

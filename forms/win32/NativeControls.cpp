@@ -37,22 +37,14 @@ void NativeControls::Create() {
     const Peer* before = nullptr;
     for (const Control* control : order) {
         Peer& peer = *Find(*control);
-        peer.Create();
-        if (peer.handle == nullptr) {
-            continue;
-        }
         // The arrow keys move only among the option buttons of one container.
-        const bool goesOn = before != nullptr && control->kind == ControlKind::OptionButton &&
-                            before->control.kind == ControlKind::OptionButton &&
-                            before->control.container == control->container;
-        if (!goesOn) {
-            ::SetWindowLongPtrW(peer.handle, GWL_STYLE,
-                                ::GetWindowLongPtrW(peer.handle, GWL_STYLE) | WS_GROUP);
+        peer.startsGroup = before == nullptr || control->kind != ControlKind::OptionButton ||
+                           before->control.kind != ControlKind::OptionButton ||
+                           before->control.container != control->container;
+        peer.Create();
+        if (peer.handle != nullptr) {
+            before = &peer;
         }
-        before = &peer;
-    }
-    for (const auto& peer : peers) {
-        tips.Update(*peer);
     }
 }
 

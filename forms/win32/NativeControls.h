@@ -18,7 +18,7 @@ class NativeControls {
   public:
     static constexpr int firstId = 100;
 
-    explicit NativeControls(FormWindow& formWindow) : window(formWindow), tips(formWindow) {}
+    explicit NativeControls(FormWindow& formWindow) : tips(formWindow), window(formWindow) {}
     NativeControls(const NativeControls&) = delete;
     NativeControls& operator=(const NativeControls&) = delete;
 
@@ -32,10 +32,11 @@ class NativeControls {
     // Called when the window's resolution or the user's settings have changed.
     void Layout();
 
+    ToolTips tips;
+
   private:
     FormWindow& window;
     std::vector<std::unique_ptr<Peer>> peers;
-    ToolTips tips;
 };
 
 }  // namespace forms::win32

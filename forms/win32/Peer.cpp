@@ -1,6 +1,5 @@
 #include "forms/win32/Peer.h"
 
-#include <commctrl.h>
 #include <windowsx.h>
 
 #include <algorithm>
@@ -29,6 +28,9 @@ void Peer::CreateNative(const wchar_t* className, const std::string& text, DWORD
     if (!control.IsEffectivelyEnabled()) {
         style |= WS_DISABLED;
     }
+    if (startsGroup) {
+        style |= WS_GROUP;
+    }
     handle =
         ::CreateWindowExW(extendedStyle, className, Wide(text).c_str(), style, area.left, area.top,
                           area.right - area.left, area.bottom - area.top, window.handle,
@@ -37,7 +39,11 @@ void Peer::CreateNative(const wchar_t* className, const std::string& text, DWORD
         return;
     }
     ::SendMessageW(handle, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), FALSE);
-    ::SetWindowSubclass(handle, &Peer::Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+    // SetWindowSubclass would keep its data in a property of the window, and read the property at
+    // each message.
+    ::SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    controlProcedure = reinterpret_cast<WNDPROC>(
+        ::SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Peer::Procedure)));
 }
 
 HFONT Peer::Font() const { return fonts::Get(std::string(), 0, false, window.scale); }
@@ -97,7 +103,7 @@ bool Peer::Describe() {
 void Peer::Redraw() const { ::InvalidateRect(handle, nullptr, TRUE); }
 
 LRESULT Peer::Default(UINT message, WPARAM wParam, LPARAM lParam) {
-    return ::DefSubclassProc(handle, message, wParam, lParam);
+    return ::CallWindowProcW(controlProcedure, handle, message, wParam, lParam);
 }
 
 void Peer::ReportMouseUp(int button, LPARAM where) {
@@ -163,9 +169,8 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
     }
 }
 
-LRESULT CALLBACK Peer::Procedure(HWND child, UINT message, WPARAM wParam, LPARAM lParam,
-                                 UINT_PTR id, DWORD_PTR data) {
-    auto& peer = *reinterpret_cast<Peer*>(data);
+LRESULT CALLBACK Peer::Procedure(HWND child, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto& peer = *reinterpret_cast<Peer*>(::GetWindowLongPtrW(child, GWLP_USERDATA));
     const bool isMade = message == WM_NCCREATE || message == WM_CREATE;
     const bool isEnd = message == WM_DESTROY || message == WM_NCDESTROY;
     // A control that is destroyed with its form may have lost its parent already.
@@ -174,17 +179,17 @@ LRESULT CALLBACK Peer::Procedure(HWND child, UINT message, WPARAM wParam, LPARAM
         return 0;  // sent by another program: ignore it, because the control exists already
     }
     if (message == WM_NCDESTROY) {
-        ::RemoveWindowSubclass(child, &Peer::Procedure, id);
         peer.handle = nullptr;
-        return ::DefSubclassProc(child, message, wParam, lParam);
+        return ::CallWindowProcW(peer.controlProcedure, child, message, wParam, lParam);
     }
     const FormWindow::Entry entry(peer.window);
     if (peer.window.IsLive() && peer.handle == child) {
+        peer.window.controls.tips.Relay(child, message, wParam, lParam);
         if (const auto result = peer.OnMessage(message, wParam, lParam)) {
             return *result;
         }
     }
-    return ::DefSubclassProc(child, message, wParam, lParam);
+    return ::CallWindowProcW(peer.controlProcedure, child, message, wParam, lParam);
 }
 
 }  // namespace forms::win32

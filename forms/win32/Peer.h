@@ -27,6 +27,7 @@ class Peer {
     FormWindow& window;
     Control& control;
     HWND handle = nullptr;
+    bool startsGroup = true;  // of the controls among which the arrow keys move; set before Create
 
     // Creates the native control in the state of the model.
     virtual void Create() {}
@@ -68,10 +69,10 @@ class Peer {
     void Redraw() const;
 
   private:
-    static LRESULT CALLBACK Procedure(HWND child, UINT message, WPARAM wParam, LPARAM lParam,
-                                      UINT_PTR id, DWORD_PTR data);
+    static LRESULT CALLBACK Procedure(HWND child, UINT message, WPARAM wParam, LPARAM lParam);
     void ReportMouseUp(int button, LPARAM where);
 
+    WNDPROC controlProcedure = nullptr;  // the native control's own
     bool isDescribed = false;
 };
 

@@ -85,8 +85,8 @@ HWND OwnerForBox() {
     return owner != nullptr && (HasForeground() || HasTaskbarButton(owner)) ? owner : nullptr;
 }
 
-// Disables the existing windows while a box is open. The system itself disables the owner. If there
-// is no owner, the system disables all windows. Windows that appear later can be used.
+// Shuts off the existing windows while a box is open. The system itself disables the owner. If
+// there is no owner, the system disables all windows. Windows that appear later can be used.
 class OthersShutOff {
   public:
     OthersShutOff(StageState& stageState, HWND owner) : state(stageState) {
@@ -96,7 +96,7 @@ class OthersShutOff {
             ++window->showing.boxes;
             counted.push_back(window);
             if (owner != nullptr && window->handle != owner) {
-                ::EnableWindow(window->handle, FALSE);
+                window->showing.ShutOff();
             }
         }
     }

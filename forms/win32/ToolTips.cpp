@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "forms/win32/Fonts.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Peer.h"
@@ -15,28 +17,65 @@ constexpr int widthInTwips = 6000;  // longer tips are wrapped
 
 }  // namespace
 
-void ToolTips::Update(const Peer& peer) {
-    const Control& control = peer.control;
-    if (tips == nullptr && control.toolTip().empty()) {
+// The system could relay the messages itself (TTF_SUBCLASS), but would read properties of the
+// window at each message.
+void ToolTips::Relay(HWND target, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_MOUSEMOVE:
+            if (tips == nullptr) {
+                Create();
+            }
+            break;
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONUP:
+        case WM_RBUTTONDOWN:
+        case WM_RBUTTONUP:
+        case WM_MBUTTONDOWN:
+        case WM_MBUTTONUP:
+            break;
+        default:
+            return;
+    }
+    if (tips != nullptr) {
+        MSG relayed{};
+        relayed.hwnd = target;
+        relayed.message = message;
+        relayed.wParam = wParam;
+        relayed.lParam = lParam;
+        ::SendMessageW(tips, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
+    }
+}
+
+void ToolTips::Create() {
+    const auto& peers = window.controls.Peers();
+    if (std::ranges::all_of(peers,
+                            [](const auto& peer) { return peer->control.toolTip().empty(); })) {
         return;
     }
-    if (tips == nullptr) {
-        tips = ::CreateWindowExW(WS_EX_TOPMOST | WS_EX_TRANSPARENT, TOOLTIPS_CLASSW, nullptr,
-                                 WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
-                                 CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window.handle,
-                                 nullptr, ::GetModuleHandleW(nullptr), nullptr);
-        FollowScale();
+    tips = ::CreateWindowExW(WS_EX_TOPMOST | WS_EX_TRANSPARENT, TOOLTIPS_CLASSW, nullptr,
+                             WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
+                             CW_USEDEFAULT, CW_USEDEFAULT, window.handle, nullptr,
+                             ::GetModuleHandleW(nullptr), nullptr);
+    FollowScale();
+    for (const auto& peer : peers) {
+        Update(*peer);
     }
+}
+
+void ToolTips::Update(const Peer& peer) const {
+    if (tips == nullptr) {
+        return;
+    }
+    const Control& control = peer.control;
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V2_SIZE;
     tool.hwnd = window.handle;
     if (peer.IsTransparent()) {
         // Mouse messages go to the form itself, so the tool is an area of the form.
-        tool.uFlags = TTF_SUBCLASS;
         tool.uId = reinterpret_cast<UINT_PTR>(&control);
         tool.rect = peer.Area();
     } else {
-        tool.uFlags = TTF_SUBCLASS | TTF_IDISHWND;
+        tool.uFlags = TTF_IDISHWND;
         tool.uId = reinterpret_cast<UINT_PTR>(peer.handle);
     }
     ::SendMessageW(tips, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));

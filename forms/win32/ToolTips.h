@@ -7,19 +7,23 @@ namespace forms::win32 {
 class FormWindow;
 class Peer;
 
-// The tool tips of a form. One native window serves all controls. It is created when there is a tip
-// to show.
+// The tool tips of a form. One native window serves all controls. It is created when the pointer
+// first moves over a form that has tips: windows open faster without it.
 class ToolTips {
   public:
     explicit ToolTips(FormWindow& formWindow) : window(formWindow) {}
     ToolTips(const ToolTips&) = delete;
     ToolTips& operator=(const ToolTips&) = delete;
 
+    // Called for each message to the form's window and to its native controls.
+    void Relay(HWND target, UINT message, WPARAM wParam, LPARAM lParam);
     // Updates the control's tip after a change of its text, place or visibility.
-    void Update(const Peer& peer);
+    void Update(const Peer& peer) const;
     void FollowScale() const;
 
   private:
+    void Create();
+
     FormWindow& window;
     HWND tips = nullptr;  // owned by the form's window and destroyed with it
 };

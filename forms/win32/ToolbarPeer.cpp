@@ -31,8 +31,6 @@ ToolbarPeer::ToolbarPeer(FormWindow& formWindow, Toolbar& peerToolbar)
     }
 }
 
-ToolbarPeer::~ToolbarPeer() { ::ImageList_Destroy(pictures); }
-
 void ToolbarPeer::Create() {
     CreateNative(TOOLBARCLASSNAMEW, toolbar.accessibleName,
                  WS_TABSTOP | TBSTYLE_FLAT | TBSTYLE_TRANSPARENT | TBSTYLE_TOOLTIPS |
@@ -82,12 +80,16 @@ void ToolbarPeer::ShowButtons() {
     const auto& buttons = toolbar.buttons();
     const auto count = static_cast<int>(buttons.size());
     const int pixels = window.scale.Pixels(imageTwips);
-    HIMAGELIST made = ::ImageList_Create(pixels, pixels, ILC_COLOR32 | ILC_MASK, count, 0);
+    std::vector<std::string> pictures;
+    for (const Toolbar::Button& button : buttons) {
+        pictures.push_back(toolbar.imageList != nullptr
+                               ? toolbar.imageList->ResourceOf(button.image)
+                               : std::string());
+    }
+    const images::IconList& icons = images::ResourceIcons(pictures, pixels);
     while (::SendMessageW(handle, TB_DELETEBUTTON, 0, 0) != 0) {
     }
-    ::SendMessageW(handle, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(made));
-    ::ImageList_Destroy(pictures);
-    pictures = made;
+    ::SendMessageW(handle, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(icons.handle));
     ::SendMessageW(handle, TB_SETBITMAPSIZE, 0, MAKELPARAM(pixels, pixels));
     std::vector<std::wstring> texts;
     std::vector<TBBUTTON> native;
@@ -99,9 +101,7 @@ void ToolbarPeer::ShowButtons() {
     for (int i = 0; i < count; ++i) {
         const Toolbar::Button& button = buttons[static_cast<std::size_t>(i)];
         TBBUTTON item{};
-        const std::string picture =
-            toolbar.imageList != nullptr ? toolbar.imageList->ResourceOf(button.image) : "";
-        item.iBitmap = ::ImageList_ReplaceIcon(made, -1, images::ResourceIcon(picture, pixels));
+        item.iBitmap = icons.places[static_cast<std::size_t>(i)];
         item.idCommand = baseId + i;
         item.fsState = button.enabled ? TBSTATE_ENABLED : BYTE{0};
         item.fsStyle = BTNS_BUTTON;

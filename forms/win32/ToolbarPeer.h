@@ -15,9 +15,6 @@ class ToolbarPeer : public Peer {
     static constexpr int idsPerToolbar = 100;
 
     ToolbarPeer(FormWindow& formWindow, Toolbar& peerToolbar);
-    ~ToolbarPeer() override;
-    ToolbarPeer(const ToolbarPeer&) = delete;
-    ToolbarPeer& operator=(const ToolbarPeer&) = delete;
 
     void Create() override;
     void Apply(Aspect aspect) override;
@@ -44,7 +41,6 @@ class ToolbarPeer : public Peer {
 
     Toolbar& toolbar;
     int baseId = firstId;
-    HIMAGELIST pictures = nullptr;
     int marked = 0;  // place of the button that a key will press
 };
 

@@ -75,6 +75,16 @@ void WindowShowing::UpdateEnabled() {
     }
 }
 
+void WindowShowing::ShutOff() const {
+    if (::IsIconic(window.handle) == 0) {
+        ::EnableWindow(window.handle, FALSE);
+    }
+}
+
+bool WindowShowing::IsShutOff() const {
+    return ::IsWindowEnabled(window.handle) == 0 || (boxes > 0 && ::IsIconic(window.handle) != 0);
+}
+
 void WindowShowing::Show() {
     HWND handle = window.handle;
     const bool becomesActive = Runtime::Current().ActiveForm() == &window.Model();
@@ -255,17 +265,11 @@ void WindowShowing::GoBackToBaseOwner() {
 }
 
 std::optional<LRESULT> WindowShowing::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    const bool isDisabled = ::IsWindowEnabled(window.handle) == 0;
     switch (message) {
         case WM_SYSCOMMAND:
-            // The system ignores this command of the task bar if the window is disabled.
-            if (isDisabled && (wParam & 0xFFF0) == SC_RESTORE) {
-                LeadToAnswering();
-                return 0;
-            }
-            return std::nullopt;
+            return IsShutOff() ? OnCommandWhileShutOff(wParam & 0xFFF0) : std::nullopt;
         case WM_SETCURSOR:
-            if (isDisabled && IsPress(HIWORD(lParam))) {
+            if (IsPress(HIWORD(lParam)) && IsShutOff()) {
                 LeadToAnswering();
             }
             return std::nullopt;
@@ -280,6 +284,21 @@ std::optional<LRESULT> WindowShowing::OnMessage(UINT message, WPARAM wParam, LPA
     }
 }
 
+// The commands that the task bar has for a minimised window. The system ignores them if the window
+// is disabled.
+std::optional<LRESULT> WindowShowing::OnCommandWhileShutOff(WPARAM command) {
+    switch (command) {
+        case SC_RESTORE:
+            LeadToAnswering();
+            return 0;
+        case SC_MAXIMIZE:
+        case SC_CLOSE:
+            return 0;
+        default:
+            return std::nullopt;
+    }
+}
+
 void WindowShowing::OnActivate(WPARAM wParam, HWND other) {
     const bool isMinimized = HIWORD(wParam) != 0;
     if (LOWORD(wParam) == WA_INACTIVE) {
@@ -288,7 +307,7 @@ void WindowShowing::OnActivate(WPARAM wParam, HWND other) {
         }
         return;
     }
-    if (window.state.applying == 0 && ::IsWindowEnabled(window.handle) == 0) {
+    if (window.state.applying == 0 && IsShutOff()) {
         LeadToAnswering();
         return;
     }
@@ -303,6 +322,9 @@ void WindowShowing::OnActivate(WPARAM wParam, HWND other) {
 }
 
 void WindowShowing::OnSize(WPARAM kind) {
+    if (boxes > 0 && ::IsWindowEnabled(window.handle) != 0) {
+        ShutOff();
+    }
     if (kind != SIZE_MINIMIZED) {
         ::InvalidateRect(window.handle, nullptr, FALSE);
     }

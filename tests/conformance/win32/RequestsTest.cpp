@@ -2,6 +2,7 @@
 #include <commctrl.h>
 
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -83,12 +84,35 @@ class frmRows : public Form {
   public:
     frmRows() : Form("frmRows") {}
     ListView lvwRows{this, "lvwRows"};
+    Toolbar tlbRows{this, "tlbRows"};
+    ImageList ilsRows{this, "ilsRows"};
 
     void Design() override {
+        ilsRows.images = {{"set", "alarmset"}, {"not set", "alarmnotset"}};
+        tlbRows.imageList = &ilsRows;
+        tlbRows.buttons = {{"Set", "", "set"}, {"Clear", "", "not set"}};
+        tlbRows.Place(180, 2300, 3000, 480);
+        lvwRows.imageList = &ilsRows;
         lvwRows.columns = {{"Title", 2000, "title"}};
         lvwRows.Place(180, 180, 3000, 2000);
     }
 };
+
+// The number of tool-tip windows of this form.
+int TipWindowsOf(HWND form) {
+    int count = 0;
+    for (HWND tips = nullptr;
+         (tips = ::FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
+        count += ::GetWindow(tips, GW_OWNER) == form ? 1 : 0;
+    }
+    return count;
+}
+
+// The image list that the native control answers this message with.
+LRESULT IconsOf(Control& control, UINT message, WPARAM wParam) {
+    const Peer* peer = FormWindow::Existing(control.form)->controls.Find(control);
+    return ::SendMessageW(peer->handle, message, wParam, 0);
+}
 
 }  // namespace
 
@@ -101,7 +125,21 @@ TEST_F(RequestsTest, AFormIsMadeInItsPlaceWithItsText) {
     EXPECT_EQ(sent.Of(WM_SETFONT), buttons);
     EXPECT_EQ(sent.Of(WM_SETTEXT), 0);
     EXPECT_EQ(sent.Of(WM_SETICON), 2);
+    EXPECT_EQ(sent.Of(WM_STYLECHANGING), 0);
     EXPECT_EQ(sent.Of(WM_WINDOWPOSCHANGING), 1);  // it is shown
+}
+
+// SetWindowSubclass keeps this property, and asks the window system for it at each message.
+TEST_F(RequestsTest, AMessageToAControlNeedsNoPropertyOfIt) {
+    Start([] { Default<frmButtons>().Show(); });
+    HWND form = FormWindow::Existing(Default<frmButtons>())->handle;
+    int controls = 0;
+    for (HWND child = ::GetWindow(form, GW_CHILD); child != nullptr;
+         child = ::GetWindow(child, GW_HWNDNEXT)) {
+        EXPECT_EQ(::GetPropW(child, L"CC32SubclassInfo"), nullptr);
+        ++controls;
+    }
+    EXPECT_EQ(controls, buttons);
 }
 
 TEST_F(RequestsTest, AMinimizedFormIsABareWindowUntilItIsRestored) {
@@ -125,6 +163,32 @@ TEST_F(RequestsTest, AMinimizedFormIsABareWindowUntilItIsRestored) {
     EXPECT_EQ(sent.Of(WM_SETICON), 0);
 }
 
+TEST_F(RequestsTest, ABoxTouchesNoMinimizedWindow) {
+    constexpr int notes = 5;
+    auto minimized = std::make_shared<std::vector<std::shared_ptr<frmButtons>>>();
+    Start([minimized] {
+        for (int number = 0; number < notes; ++number) {
+            minimized->push_back(New<frmButtons>());
+            minimized->back()->windowState = WindowState::Minimized;
+            minimized->back()->Show();
+        }
+        Default<frmRows>().Show();
+    });
+    stand->Pump(50);
+    const SentMessages sent;
+    ExpectMessage("Look", "Message", [&] {
+        EXPECT_LE(sent.Of(WM_ENABLE), 1);  // the owner of the box
+        // An alarm brings up its note, which must not react before the box is answered.
+        Start([&] { minimized->front()->windowState = WindowState::Normal; });
+        EXPECT_FALSE(stand->CanBeUsed(*minimized->front()));
+    });
+    Start([] { MsgBox("Look", {}, "Message"); });
+    EXPECT_LE(sent.Of(WM_ENABLE), 4);
+    for (const auto& form : *minimized) {
+        EXPECT_TRUE(stand->CanBeUsed(*form));
+    }
+}
+
 TEST_F(RequestsTest, HidingAFormTouchesNoControl) {
     Start([] { Default<frmButtons>().Show(); });
     stand->Pump(50);
@@ -133,6 +197,47 @@ TEST_F(RequestsTest, HidingAFormTouchesNoControl) {
     EXPECT_EQ(sent.Of(WM_WINDOWPOSCHANGING), 1);
     EXPECT_EQ(sent.Of(WM_SETTEXT), 0);
     EXPECT_EQ(sent.Of(WM_DESTROY), 0);
+}
+
+// The pointer cannot have moved yet, because no loop has run.
+TEST_F(RequestsTest, TipsHaveNoWindowBeforeThePointerMoves) {
+    Start([] {
+        Default<frmButtons>().cmdFirst.toolTip = "Presses";
+        Default<frmButtons>().Show();
+    });
+    HWND form = FormWindow::Existing(Default<frmButtons>())->handle;
+    EXPECT_EQ(TipWindowsOf(form), 0);
+    for (int move = 0; move < 2; ++move) {
+        ::SendMessageW(form, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+        EXPECT_EQ(TipWindowsOf(form), 1);
+    }
+    EXPECT_EQ(::GetPropW(::GetWindow(form, GW_CHILD), L"CC32SubclassInfo"), nullptr);
+}
+
+// Each icon of a new list is about thirty requests.
+TEST_F(RequestsTest, WindowsWithTheSameIconsShareThem) {
+    auto other = std::make_shared<std::shared_ptr<frmRows>>();
+    Start([other] {
+        Default<frmRows>().Show();
+        *other = New<frmRows>();
+        (*other)->Show();
+    });
+    stand->Pump(50);
+    frmRows& first = Default<frmRows>();
+    frmRows& second = **other;
+    ASSERT_NE(IconsOf(first.tlbRows, TB_GETIMAGELIST, 0), 0);
+    EXPECT_EQ(IconsOf(first.tlbRows, TB_GETIMAGELIST, 0),
+              IconsOf(second.tlbRows, TB_GETIMAGELIST, 0));
+    ASSERT_NE(IconsOf(first.lvwRows, LVM_GETIMAGELIST, LVSIL_SMALL), 0);
+    EXPECT_EQ(IconsOf(first.lvwRows, LVM_GETIMAGELIST, LVSIL_SMALL),
+              IconsOf(second.lvwRows, LVM_GETIMAGELIST, LVSIL_SMALL));
+    Start([other] { (*other)->Unload(); });
+    stand->Pump(50);
+    int width = 0;
+    int height = 0;
+    EXPECT_TRUE(::ImageList_GetIconSize(
+        reinterpret_cast<HIMAGELIST>(IconsOf(first.lvwRows, LVM_GETIMAGELIST, LVSIL_SMALL)), &width,
+        &height));
 }
 
 TEST_F(RequestsTest, AListIsToldOnceOfAllItsRows) {

@@ -82,6 +82,7 @@ TEST_F(ToolbarTest, TipsAndCalendarsFollowTheScale) {
     auto* tips =
         reinterpret_cast<HWND>(::SendMessageW(HandleOf(Window().tlbTools), TB_GETTOOLTIPS, 0, 0));
     ASSERT_NE(tips, nullptr);
+    ::SendMessageW(FormHandle(), WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
     ASSERT_NE(TipsOfForm(), FormHandle());
     RECT place{};
     ::GetWindowRect(FormHandle(), &place);
