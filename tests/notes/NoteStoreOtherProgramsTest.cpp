@@ -117,6 +117,24 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesAChangeOfTh
     }
 }
 
+TEST_F(NoteStoreOtherProgramsTest, AnEmptyNoteWhoseFileIsGoneIsUnsavedOnlyIfItsAlarmIsSet) {
+    for (const bool isAlarmSet : {false, true}) {
+        SCOPED_TRACE(isAlarmSet);
+        StandardCode::NoteRecord record = Note("Dentist", "");
+        record.AlarmState = isAlarmSet ? "1" : "0";
+        PutNote(record);
+        ReadAll();
+        files.Remove(PathOf("Dentist"));
+        Start([] { StandardCode::LoadNotesArray(); });
+        Advance(3000);
+        EXPECT_EQ(InFolder().size(), isAlarmSet ? 1U : 0U);
+        RestartProgram();
+        for (const std::string& name : InFolder()) {
+            files.Remove(folder + '\\' + name);
+        }
+    }
+}
+
 TEST_F(NoteStoreOtherProgramsTest, AFileInNoSlotThatWasInUseIsReadLater) {
     files.PutFolder(folder);
     PutNote(Note("Zebra", "stripes"));

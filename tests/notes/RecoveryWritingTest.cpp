@@ -22,6 +22,16 @@ TEST_F(RecoveryWritingTest, ASavedTextNeedsNoCopy) {
     EXPECT_EQ(FilesOfNotes(), Names{"Dentist.txt"});
 }
 
+TEST_F(RecoveryWritingTest, ANoteThatIsEditedAgainUsesTheSameCopyAgain) {
+    EditSaved(Note("Dentist", "old"), "new");
+    const std::string copy = CopyPath();
+    user->Press(forms::Shortcut::ControlS);
+    EXPECT_EQ(FilesOfNotes(), Names{"Dentist.txt"});
+    user->Type(Editor("Dentist").txtNote, "newer");
+    Advance(2000);
+    EXPECT_EQ(CopyPath(), copy);
+}
+
 TEST_F(RecoveryWritingTest, ARestoredNoteWithoutEditsNeedsNoCopy) {
     PutNote(Note("Dentist", "old"));
     Start(StandardCode::ReadNotes);
