@@ -72,13 +72,15 @@ struct SharedValues {
     // Paths of the looping sounds whose boxes are open. The last one plays. See Bell.
     std::vector<std::string> RingingSounds;
     bool ControlPanelMode = false;     // the user opens editors from the control panel
-    bool BlinkPhase = false;           // shared by all note windows
-    std::string AlarmFlag;             // "1" or "0": the alarm of the last note restored
     std::int16_t StartCookooFlag = 0;  // copy of setting "StartCookoo"
     std::int16_t WindowOnTopFlag = 0;  // copy of setting "WindowOnTop"
     std::int16_t ViewTipsFlag = 0;     // setting "View Tips" as read at start-up
-    std::int16_t NoteFlag = 0;         // cleared by note creation
-    std::int16_t Answer = 0;           // to the erase question: 2 yes, 1 no
+
+    // Kept although nothing reaches them; see docs/decisions/kept-unreachable.md.
+    bool BlinkPhase = false;    // shared by all note windows
+    std::string AlarmFlag;      // "1" or "0": the alarm of the last note restored
+    std::int16_t NoteFlag = 0;  // cleared by note creation
+    std::int16_t Answer = 0;    // to the erase question: 2 yes, 1 no
 
     // The weekly alarms, rows 0 to 6.
     std::array<std::string, 7> SpecialAlarmDay;
