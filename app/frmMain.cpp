@@ -173,7 +173,7 @@ void frmMain::ConnectCommands() {
 
 void frmMain::Form_Initialize() {
     lblCopyright.caption = StandardCode::ownershipNotice;
-    std::string soundPath = Settings::alarm.Read(Shared().AlarmSoundPath);
+    std::string soundPath = Settings::alarm.ReadOr(Shared().AlarmSoundPath);
     if (soundPath.empty()) {
         soundPath = forms::ApplicationPath("\\Alarm buzzer.wav");
     }
@@ -203,7 +203,7 @@ void frmMain::Form_Load() {
     StandardCode::LoadNotesArray();
     ReadNotes();
     ApplyNoteLimit();
-    Shared().StartCookooFlag = Settings::startCookoo.Read(Shared().StartCookooFlag);
+    Shared().StartCookooFlag = Settings::startCookoo.ReadOr(Shared().StartCookooFlag);
     if (Shared().StartCookooFlag == 1) {
         RunCuckooClock(true);
     }
