@@ -184,7 +184,7 @@ void WindowShowing::Hide() {
 void WindowShowing::BringToForeground() {
     const Applying applying(window.state);
     wantsForeground = true;
-    ::SetForegroundWindow(Answering());
+    ::SetForegroundWindow(WindowToAnswer());
 }
 
 bool WindowShowing::IsTopMostShown(const StageState& state) {
@@ -208,7 +208,7 @@ void WindowShowing::KeepAnsweringOnTop(const StageState& state) {
 }
 
 // The window itself. If it is disabled, the box or modal window that the user must close first.
-HWND WindowShowing::Answering() const {
+HWND WindowShowing::WindowToAnswer() const {
     if (HWND box = boxes > 0 ? OpenBox() : nullptr; box != nullptr) {
         return box;
     }
@@ -225,8 +225,8 @@ HWND WindowShowing::Answering() const {
 
 // Called when the user has chosen a disabled window, for example by its button in the task bar.
 // Nothing in that window reacts.
-void WindowShowing::LeadToAnswering() {
-    HWND target = Answering();
+void WindowShowing::ActivateWindowToAnswer() {
+    HWND target = WindowToAnswer();
     if (target == window.handle) {
         return;
     }
@@ -260,13 +260,13 @@ std::optional<LRESULT> WindowShowing::OnMessage(UINT message, WPARAM wParam, LPA
         case WM_SYSCOMMAND:
             // The system ignores this command of the task bar if the window is disabled.
             if (isDisabled && (wParam & 0xFFF0) == SC_RESTORE) {
-                LeadToAnswering();
+                ActivateWindowToAnswer();
                 return 0;
             }
             return std::nullopt;
         case WM_SETCURSOR:
             if (isDisabled && IsPress(HIWORD(lParam))) {
-                LeadToAnswering();
+                ActivateWindowToAnswer();
             }
             return std::nullopt;
         case WM_ACTIVATE:
@@ -289,7 +289,7 @@ void WindowShowing::OnActivate(WPARAM wParam, HWND other) {
         return;
     }
     if (window.state.applying == 0 && ::IsWindowEnabled(window.handle) == 0) {
-        LeadToAnswering();
+        ActivateWindowToAnswer();
         return;
     }
     if (isMinimized) {

@@ -44,8 +44,8 @@ class WindowShowing {
     void TakeModalOwner();
     void Activate();
     bool CanBeActive() const;
-    HWND Answering() const;
-    void LeadToAnswering();
+    HWND WindowToAnswer() const;
+    void ActivateWindowToAnswer();
     FormWindow* Successor() const;
     void MarkUsed();
     void GoBackToBaseOwner();

@@ -136,7 +136,7 @@ TEST_F(GesturesTest, TimersGoOnUnderAMenu) {
     Form().tmrTick.interval = 250;
     Form().tmrTick.enabled = true;
     stage->ExpectPopup("mnuPop", [this](Menu&) -> Menu* {
-        EXPECT_EQ(stage->WhatIsInTheWay(), "a pop-up menu is open");
+        EXPECT_EQ(stage->ReasonForBlocking(), "a pop-up menu is open");
         Advance(1000);
         return nullptr;
     });

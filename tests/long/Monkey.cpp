@@ -55,7 +55,7 @@ void Monkey::Log(const std::string& what) {
 }
 
 void Monkey::Listen() {
-    StandardCode::Events().NotesArrayLoaded.Subscribe([this] { behindItsBack = false; });
+    StandardCode::Events().NotesArrayLoaded.Subscribe([this] { hasUnreadChanges = false; });
 }
 
 void Monkey::StartProgram() {
@@ -230,7 +230,7 @@ void Monkey::AddMenus(const std::vector<Menu*>& menus, const Menu* top, std::vec
     for (Menu* menu : menus) {
         if (!menu->entries.empty()) {
             AddMenus(menu->entries, top, found);
-        } else if (headless::WhyNotChoosable(*menu, top).empty()) {
+        } else if (headless::ReasonNotChoosable(*menu, top).empty()) {
             found.push_back(menu);
         }
     }
@@ -368,19 +368,19 @@ void Monkey::AddTrouble(Choices& choices) {
                        }});
     choices.push_back({1, "somebody removes a note", [=, this] {
                            begin();
-                           behindItsBack = true;
+                           hasUnreadChanges = true;
                            if (const std::string path = note(); !path.empty()) {
                                files.Remove(path);
                            }
                        }});
     choices.push_back({1, "somebody puts a note there", [=, this] {
                            begin();
-                           behindItsBack = true;
+                           hasUnreadChanges = true;
                            PutNote(Note("Put " + std::to_string(Below(20))));
                        }});
     choices.push_back({1, "somebody damages a note", [=, this] {
                            begin();
-                           behindItsBack = true;
+                           hasUnreadChanges = true;
                            if (const std::string path = note(); path.ends_with(".txt")) {
                                const std::string bytes = files.Peek(path).value_or("");
                                files.PutFile(path, bytes.substr(0, bytes.size() / 2));

@@ -109,12 +109,12 @@ class Monkey : public testing_support::WholeProgram {
     std::size_t mostForms = 0;
     std::size_t mostNotes = 0;
     int depth = 0;
-    bool trouble = false;          // a device is failing now
-    bool everTrouble = false;      // a device has failed since the program's start
-    bool behindItsBack = false;    // files were changed, and the program has not read them since
-    bool userDropped = false;      // the user has chosen in this gesture to erase or not to save
-    std::int64_t calmSince = 0;    // monotonic time of the last failure or typing
-    std::vector<OpenText> before;  // OpenTexts before the gesture
+    bool trouble = false;           // a device is failing now
+    bool everTrouble = false;       // a device has failed since the program's start
+    bool hasUnreadChanges = false;  // files were changed, and the program has not read them since
+    bool userDropped = false;       // the user has chosen in this gesture to erase or not to save
+    std::int64_t calmSince = 0;     // monotonic time of the last failure or typing
+    std::vector<OpenText> before;   // OpenTexts before the gesture
     std::set<Window, std::owner_less<Window>> erased;  // editors whose Erase button was pressed
 };
 

@@ -144,7 +144,7 @@ void Monkey::CheckFiles() {
         EXPECT_TRUE(everTrouble || !name.ends_with(".tmp")) << name;
     }
     mostNotes = std::max(mostNotes, notes);
-    if (!everTrouble && !behindItsBack) {
+    if (!everTrouble && !hasUnreadChanges) {
         EXPECT_EQ(static_cast<std::size_t>(Shared().NoteCount), notes);
     }
     if (const auto bytes = files.Peek(SpecialAlarmsFile::Path())) {
@@ -157,7 +157,7 @@ void Monkey::CheckFiles() {
 // If an editor was closed and the user did not discard its text, the note's file holds the text.
 void Monkey::CheckVanished() {
     // In control panel mode, a text of the same length does not count as a change.
-    if (userDropped || behindItsBack || Shared().ControlPanelMode) {
+    if (userDropped || hasUnreadChanges || Shared().ControlPanelMode) {
         return;
     }
     const auto& open = StandardCode::Notes().OpenNotes();
