@@ -93,7 +93,7 @@ SharedValues& Shared();
 void Reset();
 
 // Signals through which a lower window reaches a higher one.
-struct SharedEvents {
+struct SharedSignals {
     // The notes array was rebuilt; NoteCount holds the count.
     base::Signal<> NotesArrayLoaded;
     // Commands to the control panel. Reload, ReloadAndShow and LoadAndUnload unload the panel and
@@ -112,7 +112,7 @@ struct SharedEvents {
     base::Signal<forms::Picture&> MainIconWanted;
 };
 
-SharedEvents& Events();
+SharedSignals& Signals();
 
 // The shades of the editor, of new notes, of the options and of the alarm display. Index as in the
 // note file: 1 white, 2 red, 3 green, 4 blue, 5 yellow, 6 gray.

@@ -96,7 +96,7 @@ class frmMain : public forms::Form {
   private:
     void DesignControls();
     void ConnectCommands();
-    void ConnectEvents();
+    void ConnectSignals();
     void EnableNoteCreation(bool enable);
     void ApplyNoteLimit();
     void RunCuckooClock(bool run);

@@ -74,7 +74,7 @@ bool NoteStore::Load() {
     }
     if (!failure || *failure == base::ErrorNumber::SubscriptOutOfRange) {
         Shared().NoteCount = static_cast<std::int16_t>(slot - 1);
-        StandardCode::Events().NotesArrayLoaded.Raise();
+        StandardCode::Signals().NotesArrayLoaded.Raise();
     }
     if (failure && !IsQuiet()) {
         const std::vector<forms::FileEntry>& files = listing.Files();

@@ -55,7 +55,7 @@ void Monkey::Log(const std::string& what) {
 }
 
 void Monkey::Listen() {
-    StandardCode::Events().NotesArrayLoaded.Subscribe([this] { hasUnreadChanges = false; });
+    StandardCode::Signals().NotesArrayLoaded.Subscribe([this] { hasUnreadChanges = false; });
 }
 
 void Monkey::StartProgram() {

@@ -18,7 +18,7 @@ class NotesArrayTest : public testing_support::ProductProgram {
     void SetUp() override {
         ProductProgram::SetUp();
         files.PutFolder(StandardCode::NotesFolder());
-        StandardCode::Events().NotesArrayLoaded.Subscribe([this] { ++timesLoaded; });
+        StandardCode::Signals().NotesArrayLoaded.Subscribe([this] { ++timesLoaded; });
     }
 
     static Note DueNote(const std::string& title) {
