@@ -363,14 +363,14 @@ void User::Press(Shortcut key) {
     }
 }
 
-void User::Tab(bool backward) {
+void User::PressTab(bool backward) {
     Form* form = FormWithKeyboard("press Tab");
     if (form != nullptr && gestures::PressTab(*form, backward) == gestures::KeyUse::Unused) {
         Fail("press Tab", std::string("nothing on ") + form->name + " can have the focus");
     }
 }
 
-void User::AccessKey(Form& form, char letter) {
+void User::PressAccessKey(Form& form, char letter) {
     const std::string what = std::string("press Alt+") + letter + " on " + form.name;
     if (RequireReachable(what, form) && BringUp(form) &&
         gestures::PressAccessKey(form, letter) == gestures::KeyUse::Unused) {

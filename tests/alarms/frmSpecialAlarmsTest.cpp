@@ -261,12 +261,12 @@ TEST_F(frmSpecialAlarmsTest, CloseDiscardsWithoutAsking) {
 TEST_F(frmSpecialAlarmsTest, TabGoesAlongTheRows) {
     Open();
     EXPECT_EQ(Window().focus.ActiveControl(), &Window().chkEnabled[0]);
-    user->Tab();
+    user->PressTab();
     EXPECT_EQ(Window().focus.ActiveControl(), &Window().cboDays[0]);
-    user->Tab();
-    user->Tab();
+    user->PressTab();
+    user->PressTab();
     EXPECT_EQ(Window().focus.ActiveControl(), &Window().txtMessage[0]);
-    user->Tab();
+    user->PressTab();
     EXPECT_EQ(Window().focus.ActiveControl(), &Window().chkEnabled[1]);
 }
 

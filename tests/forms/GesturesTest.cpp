@@ -246,7 +246,7 @@ TEST_F(GesturesTest, TabGoesRoundInOrderAndPassesWhatCannotHaveTheFocus) {
     std::vector<std::string> visited;
     Form().txtName.SetFocus();
     for (int n = 0; n < 7; ++n) {
-        user->Tab();
+        user->PressTab();
         visited.emplace_back(Form().focus.ActiveControl()->name);
     }
     EXPECT_EQ(visited, (Events{"txtBody", "cmdOk", "cmdCancel", "chkSound", "optColor", "tlbTools",
@@ -265,11 +265,11 @@ TEST_F(GesturesTest, TheOrderOfTheTabKeyMayBeGiven) {
 }
 
 TEST_F(GesturesTest, AccessKeysPressButtonsAndLeadFromLabelsToWhatFollows) {
-    user->AccessKey(Form(), 'O');
-    user->AccessKey(Form(), 't');
-    user->AccessKey(Form(), 'S');
+    user->PressAccessKey(Form(), 'O');
+    user->PressAccessKey(Form(), 't');
+    user->PressAccessKey(Form(), 'S');
     EXPECT_EQ(Take(), (Events{"ok", "other", "sound"}));
-    user->AccessKey(Form(), 'n');
+    user->PressAccessKey(Form(), 'n');
     EXPECT_TRUE(Form().txtName.HasFocus());
 }
 
