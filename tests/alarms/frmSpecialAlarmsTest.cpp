@@ -220,7 +220,7 @@ TEST_F(frmSpecialAlarmsTest, TheLastTwoRowsAreComparedToo) {
     EXPECT_TRUE(IsOpen());
 }
 
-TEST_F(frmSpecialAlarmsTest, OfSeveralPairsTheFirstOfTheSearchIsNamed) {
+TEST_F(frmSpecialAlarmsTest, OfSeveralIdenticalPairsThePairThatEndsFirstIsNamed) {
     Open();
     SetRow(0, "Friday", DateTime::FromTime(17, 30, 0), true);
     SetRow(6, "Friday", DateTime::FromTime(17, 30, 0), true);

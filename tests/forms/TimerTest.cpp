@@ -64,7 +64,7 @@ TEST_F(TimerTest, StandsStillWithoutIntervalOrWhileDisabled) {
     EXPECT_FALSE(runtime->timers.NextDue().has_value());
 }
 
-TEST_F(TimerTest, SwitchingOffAndOnOrAnotherIntervalStartsAnew) {
+TEST_F(TimerTest, SwitchingOffAndOnOrANewIntervalRestartsTheTimer) {
     Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
     SwitchOn(Form().tmrFast, 1000);
     Advance(900);
@@ -107,7 +107,7 @@ TEST_F(TimerTest, TicksOnlyWhileItsFormIsLoaded) {
     EXPECT_EQ(ticks, Moments{1100});
 }
 
-TEST_F(TimerTest, KeepsItsPhaseWhateverTheJitter) {
+TEST_F(TimerTest, KeepsItsPhaseUnderJitter) {
     clock.SetJitter(40);
     Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
     SwitchOn(Form().tmrFast, 1000);
@@ -221,7 +221,7 @@ TEST_F(TimerTest, PollingTimersTickInTheMiddleOfTheSecond) {
     EXPECT_EQ(ticks, (Moments{500, 500, 500}));
 }
 
-TEST_F(TimerTest, APollingTimerSeesEverySecondOfADayOnceWhateverTheJitter) {
+TEST_F(TimerTest, APollingTimerSeesEverySecondOfADayOnceUnderJitter) {
     for (const std::uint32_t seed : {1U, 2U, 3U}) {
         clock.SetJitter(450, seed);
         base::DateTime last = clock.Now();
@@ -259,7 +259,7 @@ TEST_F(TimerTest, PollingTimersOfOneIntervalWakeTheMachineTogether) {
     EXPECT_EQ(given, 29);  // the third was switched on after the middle of the first second
 }
 
-TEST_F(TimerTest, TimersOfOtherIntervalsShareAGridTooWhereTheyPoll) {
+TEST_F(TimerTest, PollingTimersOfOtherIntervalsShareAGrid) {
     Moments blink;
     Moments other;
     Form().tmrBlink.Tick = [&] { blink.push_back(Elapsed()); };
@@ -306,7 +306,7 @@ TEST_F(TimerTest, AJumpOfTheWallClockDropsNoTickThatIsDue) {
     EXPECT_EQ(seen, second);
 }
 
-TEST_F(TimerTest, AfterSleepEachTimerTicksOnceAndNotForWhatItMissed) {
+TEST_F(TimerTest, AfterSleepMissedTicksAreDropped) {
     int polled = 0;
     Form().tmrClock.Tick = [&polled] { ++polled; };
     Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
@@ -369,7 +369,7 @@ TEST_F(TimerTest, ATimerThatIsOffStaysOffWhenItIsWoken) {
     EXPECT_EQ(ticks.size(), 1U);
 }
 
-TEST_F(TimerTest, WhoIsWokenBySecondsMissesNoneWhileAwake) {
+TEST_F(TimerTest, ATimerWokenEachSecondMissesNoneWhileAwake) {
     std::set<std::int64_t> seen;
     std::set<std::int64_t> awake;
     Form().tmrBlink.Tick = [&] { seen.insert(clock.Now().seconds); };

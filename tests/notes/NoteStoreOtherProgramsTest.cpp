@@ -118,7 +118,7 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesAChangeOfTh
     }
 }
 
-TEST_F(NoteStoreOtherProgramsTest, AFileInNoSlotThatWasInUseIsReadLater) {
+TEST_F(NoteStoreOtherProgramsTest, AFileWithoutASlotThatWasInUseIsReadLater) {
     files.PutFolder(folder);
     PutNote(Note("Zebra", "stripes"));
     Start(StandardCode::ReadNotes);

@@ -127,7 +127,7 @@ TEST_F(NotesArrayTest, AFileThatAnotherProgramIsWritingIsLoadedWhole) {
     EXPECT_EQ(system.paused, 200);
 }
 
-TEST_F(NotesArrayTest, WhatWasOutOfReachIsLoadedAgainHalfAMinuteLater) {
+TEST_F(NotesArrayTest, UnreachableNotesAreLoadedAgainHalfAMinuteLater) {
     PutNote("a");
     PutNote("b");
     for (const std::string& unreachable : {NotePath("a"), StandardCode::NotesFolder()}) {

@@ -90,7 +90,7 @@ TEST_F(OpenNoteTest, TheCurrentNoteIsTheLastOneOpened) {
     EXPECT_EQ(StandardCode::CurrentNote(), nullptr);
 }
 
-TEST_F(OpenNoteTest, IfAFileHasTwoEditorsTheOneThatSavedItComesUp) {
+TEST_F(OpenNoteTest, IfAFileHasTwoEditorsTheEditorThatSavedItComesUp) {
     MakeNote("Same", "one");
     Start([] { StandardCode::CreateNote("Same"); });
     auto& second = static_cast<frmNote&>(*runtime->LoadedForms().back());
