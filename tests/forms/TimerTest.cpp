@@ -38,8 +38,18 @@ class TimerTest : public testing_support::TestProgram {
         timer.enabled = true;
     }
 
+    // Runs a polling timer and another one for two seconds, each with an interval of one second.
+    void RunBothKinds() {
+        Form().tmrClock.Tick = [this] { ++polled; };
+        Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
+        SwitchOn(Form().tmrClock, 1000);
+        SwitchOn(Form().tmrFast, 1000);
+        Advance(2000);
+    }
+
     std::int64_t start = 0;
     Moments ticks;
+    int polled = 0;
 };
 
 }  // namespace
@@ -276,12 +286,7 @@ TEST_F(TimerTest, PollingTimersOfOtherIntervalsShareAGrid) {
 }
 
 TEST_F(TimerTest, AJumpOfTheWallClockMovesPollingTimersOnly) {
-    int polled = 0;
-    Form().tmrClock.Tick = [&polled] { ++polled; };
-    Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
-    SwitchOn(Form().tmrClock, 1000);
-    SwitchOn(Form().tmrFast, 1000);
-    Advance(2000);
+    RunBothKinds();
     clock.Jump(-3600);
     Advance(2000);
     clock.Jump(86'400);
@@ -307,12 +312,7 @@ TEST_F(TimerTest, AJumpOfTheWallClockDropsNoTickThatIsDue) {
 }
 
 TEST_F(TimerTest, AfterSleepMissedTicksAreDropped) {
-    int polled = 0;
-    Form().tmrClock.Tick = [&polled] { ++polled; };
-    Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
-    SwitchOn(Form().tmrClock, 1000);
-    SwitchOn(Form().tmrFast, 1000);
-    Advance(2000);
+    RunBothKinds();
     const int before = polled;
     clock.Suspend(3600);
     EXPECT_LE(polled, before + 1);
