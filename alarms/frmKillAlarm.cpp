@@ -20,8 +20,8 @@ void frmKillAlarm::Design() {
 
 void frmKillAlarm::Form_Load() {
     forms::Picture mainIcon;
-    StandardCode::Events().MainIconWanted.Raise(mainIcon);
+    StandardCode::Signals().MainIconWanted.Raise(mainIcon);
     icon = mainIcon;
 }
 
-void frmKillAlarm::Command1_Click() { StandardCode::Events().StopSoundCheck.Raise(); }
+void frmKillAlarm::Command1_Click() { StandardCode::Signals().StopSoundCheck.Raise(); }

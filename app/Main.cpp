@@ -71,7 +71,7 @@ void Main() {
     SpecialAlarmsFile::AdoptLeftovers();
     ConnectControlPanel();
     forms::Application::Current().onFatalError = SaveAndRemoveIcon;
-    forms::Application::Current().onHelp = [] { Events().ShowHelp.Raise(); };
+    forms::Application::Current().onHelp = [] { Signals().ShowHelp.Raise(); };
 
     auto& splash = forms::Default<frmSplash>();
     splash.Show();

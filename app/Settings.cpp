@@ -10,8 +10,8 @@
 namespace Settings {
 
 template <>
-std::string Text::Read(const std::string& byDefault) const {
-    return forms::Machine().settings->Read(section, key).value_or(byDefault);
+std::string Text::ReadOr(const std::string& current) const {
+    return forms::Machine().settings->Read(section, key).value_or(current);
 }
 
 template <>
@@ -20,8 +20,8 @@ void Text::Write(const std::string& value) const {
 }
 
 template <>
-std::int16_t Number::Read(const std::int16_t& byDefault) const {
-    const std::string value = Text{section, key}.Read(std::to_string(byDefault));
+std::int16_t Number::ReadOr(const std::int16_t& current) const {
+    const std::string value = Text{section, key}.ReadOr(std::to_string(current));
     try {
         return forms::ToInteger16(value);
     } catch (const base::RuntimeError& error) {

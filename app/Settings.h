@@ -12,10 +12,12 @@ struct Setting {
     const char* section;
     const char* key;
 
-    // Returns byDefault if the store has no such value. Numbers are stored as text. A number
-    // outside the range of 16 bits becomes the nearest one inside; RuntimeError 13 if the text is
-    // not a number.
-    T Read(const T& byDefault = T()) const;
+    // Returns 0 or an empty text if the store has no such value. Numbers are stored as text. A
+    // number outside the range of 16 bits becomes the nearest one inside; RuntimeError 13 if the
+    // text is not a number.
+    T Read() const { return ReadOr(T()); }
+    // Like Read, but returns current if the store has no such value.
+    T ReadOr(const T& current) const;
     void Write(const T& value) const;
 };
 
@@ -23,11 +25,11 @@ using Number = Setting<std::int16_t>;
 using Text = Setting<std::string>;
 
 template <>
-std::int16_t Number::Read(const std::int16_t& byDefault) const;
+std::int16_t Number::ReadOr(const std::int16_t& current) const;
 template <>
 void Number::Write(const std::int16_t& value) const;
 template <>
-std::string Text::Read(const std::string& byDefault) const;
+std::string Text::ReadOr(const std::string& current) const;
 template <>
 void Text::Write(const std::string& value) const;
 

@@ -24,14 +24,14 @@ SharedValues& Shared() {
     return values;
 }
 
-SharedEvents& Events() {
-    static SharedEvents events;
-    return events;
+SharedSignals& Signals() {
+    static SharedSignals signals;
+    return signals;
 }
 
 void Reset() {
     Shared() = SharedValues{};
-    Events() = SharedEvents{};
+    Signals() = SharedSignals{};
 }
 
 }  // namespace StandardCode

@@ -72,13 +72,15 @@ struct SharedValues {
     // Paths of the looping sounds whose boxes are open. The last one plays. See Bell.
     std::vector<std::string> RingingSounds;
     bool ControlPanelMode = false;     // the user opens editors from the control panel
-    bool BlinkPhase = false;           // shared by all note windows
-    std::string AlarmFlag;             // "1" or "0": the alarm of the last note restored
     std::int16_t StartCookooFlag = 0;  // copy of setting "StartCookoo"
     std::int16_t WindowOnTopFlag = 0;  // copy of setting "WindowOnTop"
     std::int16_t ViewTipsFlag = 0;     // setting "View Tips" as read at start-up
-    std::int16_t NoteFlag = 0;         // cleared by note creation
-    std::int16_t Answer = 0;           // to the erase question: 2 yes, 1 no
+
+    // Kept although nothing reaches them; see docs/decisions/kept-unreachable.md.
+    bool BlinkPhase = false;    // shared by all note windows
+    std::string AlarmFlag;      // "1" or "0": the alarm of the last note restored
+    std::int16_t NoteFlag = 0;  // cleared by note creation
+    std::int16_t Answer = 0;    // to the erase question: 2 yes, 1 no
 
     // The weekly alarms, rows 0 to 6.
     std::array<std::string, 7> SpecialAlarmDay;
@@ -91,7 +93,7 @@ SharedValues& Shared();
 void Reset();
 
 // Signals through which a lower window reaches a higher one.
-struct SharedEvents {
+struct SharedSignals {
     // The notes array was rebuilt; NoteCount holds the count.
     base::Signal<> NotesArrayLoaded;
     // Commands to the control panel. Reload, ReloadAndShow and LoadAndUnload unload the panel and
@@ -110,7 +112,7 @@ struct SharedEvents {
     base::Signal<forms::Picture&> MainIconWanted;
 };
 
-SharedEvents& Events();
+SharedSignals& Signals();
 
 // The shades of the editor, of new notes, of the options and of the alarm display. Index as in the
 // note file: 1 white, 2 red, 3 green, 4 blue, 5 yellow, 6 gray.

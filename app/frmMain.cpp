@@ -173,29 +173,29 @@ void frmMain::ConnectCommands() {
 
 void frmMain::Form_Initialize() {
     lblCopyright.caption = StandardCode::ownershipNotice;
-    std::string soundPath = Settings::alarm.Read(Shared().AlarmSoundPath);
+    std::string soundPath = Settings::alarm.ReadOr(Shared().AlarmSoundPath);
     if (soundPath.empty()) {
         soundPath = forms::ApplicationPath("\\Alarm buzzer.wav");
     }
     Shared().AlarmSoundPath = soundPath;
     StandardCode::LoadSpecialAlarms();
-    ConnectEvents();
+    ConnectSignals();
 }
 
-void frmMain::ConnectEvents() {
-    auto& events = StandardCode::Events();
-    events.NotesArrayLoaded.Subscribe(
+void frmMain::ConnectSignals() {
+    auto& signals = StandardCode::Signals();
+    signals.NotesArrayLoaded.Subscribe(
         [this] { EnableNoteCreation(Shared().NoteCount < StandardCode::maximumNotes); });
-    events.FocusNoteTitle.Subscribe([this] {
+    signals.FocusNoteTitle.Subscribe([this] {
         if (!IsVisible() || windowState() == forms::WindowState::Minimized) {
             mnuShow_Click();
         }
         txtNoteTitle.SetFocus();
     });
-    events.ShowHelp.Subscribe([this] { ShowHelpFile(forms::HelpCommand::ForceFile); });
-    events.ShowAbout.Subscribe([this] { mnuAbout.Click(); });
-    events.StopSoundCheck.Subscribe([this] { tmrCheckSoundFile.enabled = false; });
-    events.MainIconWanted.Subscribe([this](forms::Picture& picture) { picture = icon; });
+    signals.ShowHelp.Subscribe([this] { ShowHelpFile(forms::HelpCommand::ForceFile); });
+    signals.ShowAbout.Subscribe([this] { mnuAbout.Click(); });
+    signals.StopSoundCheck.Subscribe([this] { tmrCheckSoundFile.enabled = false; });
+    signals.MainIconWanted.Subscribe([this](forms::Picture& picture) { picture = icon; });
 }
 
 void frmMain::Form_Load() {
@@ -203,7 +203,7 @@ void frmMain::Form_Load() {
     StandardCode::LoadNotesArray();
     ReadNotes();
     ApplyNoteLimit();
-    Shared().StartCookooFlag = Settings::startCookoo.Read(Shared().StartCookooFlag);
+    Shared().StartCookooFlag = Settings::startCookoo.ReadOr(Shared().StartCookooFlag);
     if (Shared().StartCookooFlag == 1) {
         RunCuckooClock(true);
     }

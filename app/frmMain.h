@@ -33,6 +33,7 @@ class frmMain : public forms::Form {
 
     forms::Timer tmrNow{this, "tmrNow", forms::TimerPhase::ClockSecond};
     forms::Timer tmrCooKoo{this, "tmrCooKoo", forms::TimerPhase::ClockSecond};
+    // Kept although nothing reaches them; see docs/decisions/kept-unreachable.md.
     forms::Timer tmrSpecialNotes{this, "tmrSpecialNotes", forms::TimerPhase::ClockSecond};
     forms::Timer tmrCheckSoundFile{this, "tmrCheckSoundFile"};
 
@@ -95,7 +96,7 @@ class frmMain : public forms::Form {
   private:
     void DesignControls();
     void ConnectCommands();
-    void ConnectEvents();
+    void ConnectSignals();
     void EnableNoteCreation(bool enable);
     void ApplyNoteLimit();
     void RunCuckooClock(bool run);
@@ -110,5 +111,7 @@ class frmMain : public forms::Form {
     void mnuHide_Click();
     void mnuShow_Click();
 
-    bool struck = false;  // whether the cuckoo has struck; kept, but not read
+    // Whether the cuckoo has struck. Kept although nothing reads it; see
+    // docs/decisions/kept-unreachable.md.
+    bool struck = false;
 };

@@ -25,11 +25,10 @@ void SelectOption(forms::ControlArray<forms::OptionButton, count>& buttons, int 
     }
 }
 
-// Shows a setting in a check box. The store may hold any number. A number that is not a valid check
-// mark switches nothing on, so the box is shown empty.
-void ReadInto(forms::CheckBox& box, Settings::Number setting, int byDefault) {
+// Shows the value of a setting in a check box. The store may hold any number. A number that is not
+// a valid check mark switches nothing on, so the box is shown empty.
+void ShowIn(forms::CheckBox& box, int value) {
     constexpr int grayed = 2;
-    const int value = setting.Read(static_cast<std::int16_t>(byDefault));
     box.value = value >= 0 && value <= grayed ? value : 0;
 }
 
@@ -118,16 +117,16 @@ void frmOptions::Form_Load() {
     }
     icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
 
-    ReadInto(chkShowOnTop, Settings::windowOnTop, chkShowOnTop.value);
-    ReadInto(chkCooKooOn, Settings::startCookoo, chkCooKooOn.value);
+    ShowIn(chkShowOnTop, Settings::windowOnTop.Read());
+    ShowIn(chkCooKooOn, Settings::startCookoo.Read());
     StandardCode::Shared().StartCookooFlag = chkCooKooOn.value == 1 ? 1 : 0;
-    ReadInto(chkShowDateTime, Settings::showDateTime, chkShowDateTime.value);
+    ShowIn(chkShowDateTime, Settings::showDateTime.Read());
     colorCode = Settings::defaultColor.Read();
     fontCode = Settings::defaultFontSize.Read();
-    noteLoops = Settings::noteLoops.Read(noteLoops);
+    noteLoops = Settings::noteLoops.Read();
     chkNoteLoops.value = noteLoops != 0 ? 1 : 0;
-    // The default is the colour, but it is never used: both keys are always written together.
-    ReadInto(chkIsService, Settings::isService, colorCode);
+    // The colour is shown only if the store was edited by hand: both keys are written together.
+    ShowIn(chkIsService, Settings::isService.ReadOr(colorCode));
     SelectOption(optDefaultColor, colorCode);
     SelectOption(optDefaultFont, fontCode);
 }

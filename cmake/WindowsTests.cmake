@@ -2,6 +2,8 @@
 # from its source package, because Debian has no binary package for this compiler.
 jotwright_sources(conformance_sources tests/conformance tests/conformance/win32)
 jotwright_sources(driver_sources tests/windows)
+set_source_files_properties(tests/windows/frmAboutDriverTest.cpp PROPERTIES
+                            COMPILE_DEFINITIONS "JOTWRIGHT_PROJECT_VERSION=\"${PROJECT_VERSION}\"")
 
 set(GOOGLETEST_SOURCE /usr/src/googletest CACHE PATH "Source folder of GoogleTest")
 if(NOT EXISTS "${GOOGLETEST_SOURCE}/CMakeLists.txt")

@@ -67,8 +67,9 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
     // Loads the form, which runs Form_Load. Does nothing if the form is loaded.
     void Load();
     // Loads the form and makes it visible and active. Form_Activate runs before Show returns. The
-    // native window appears when the outermost handler returns or shows a box, and shows the
-    // form as it is then.
+    // native window appears when the outermost handler returns or waits, and shows the form as it
+    // is then. If the handler shows many forms, most of the windows appear a little later; see
+    // Runtime::Settle.
     void Show();
     // Like Show, but returns only when the form is hidden or unloaded. Until then, the user cannot
     // use the windows that were visible, but can use windows that are shown later. Timers and other

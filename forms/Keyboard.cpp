@@ -103,7 +103,8 @@ KeyUse PressEnter(Form& form) {
     }
     auto* button = dynamic_cast<CommandButton*>(focused);
     if (button != nullptr) {
-        // It may have the focus only as the first Tab stop. From here on it was given it.
+        // The button may have the focus only because it is the first Tab stop. Store it as the
+        // focused control.
         Focus(*button);
     } else {
         button = form.focus.DefaultButton();

@@ -27,8 +27,9 @@ class Stage {
     // Called when the form is unloaded, even if it was never shown. The stage discards everything
     // that it created for the form.
     virtual void FormUnloaded(Form& form) = 0;
-    // Makes the screen match the form's visibility and window state. Called at the end of the
-    // handler in which one of them changed, or before that handler waits for something.
+    // Makes the screen match the form's visibility and window state. Called after one of them has
+    // changed: when the handler returns or waits, or later, between other events, if the handler
+    // has shown many forms. Several changes may cause one call.
     virtual void ShowOrHide(Form& form) = 0;
     // Called when a property of a loaded form has changed.
     virtual void FormChanged(Form& form, Aspect aspect) = 0;

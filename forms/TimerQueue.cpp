@@ -199,7 +199,6 @@ void TimerQueue::RunDue() {
         if (timer->phase == TimerPhase::ClockSecond) {
             tickTime = base::DateTime{shown};
         }
-        runtime.Rearm();
         runtime.Dispatch(&timer->form, [timer] {
             if (timer->Tick) {
                 timer->Tick();
@@ -207,7 +206,6 @@ void TimerQueue::RunDue() {
         });
         timer->running = false;
         LeaveMoment();
-        runtime.Rearm();
     }
 }
 

@@ -2,7 +2,8 @@
 
 #include "forms/Form.h"
 
-// Asks whether to erase a message. The answer is in Shared().Answer: 2 yes, 1 no.
+// Asks whether to erase a message. The answer is in Shared().Answer: 2 yes, 1 no. Kept although
+// nothing reaches it; see docs/decisions/kept-unreachable.md.
 class dlgInput : public forms::Form {
   public:
     dlgInput() : Form("dlgInput") {}

@@ -2,7 +2,8 @@
 
 #include "forms/Form.h"
 
-// One page of help.
+// One page of help. Kept although nothing reaches it; see
+// docs/decisions/kept-unreachable.md.
 class frmHelp : public forms::Form {
   public:
     frmHelp() : Form("frmHelp") {}

@@ -9,9 +9,9 @@ namespace StandardCode {
 
 namespace {
 
-// Deliberately not one of the codes 0 to 3. If the option was never stored, the editor keeps its
-// own font size.
-constexpr std::int16_t missingFontSize = 12;
+// Not one of the codes 0 to 3. If the user never stored the options, the editor keeps its own font
+// size.
+constexpr std::int16_t noFontSizeCode = 12;
 
 void ApplyDefaultColor(frmNote& note, int code) {
     const bool isKnown = code >= 0 && code < static_cast<int>(noteColors.size());
@@ -30,7 +30,7 @@ void ApplyDefaultFontSize(frmNote& note, int code) {
 std::shared_ptr<frmNote> CreateNote(const std::string& title) {
     // Read both settings before the window is created, so that an error leaves no half-made window.
     const int color = Settings::defaultColor.Read();
-    const int fontSize = Settings::defaultFontSize.Read(missingFontSize);
+    const int fontSize = Settings::defaultFontSize.ReadOr(noFontSizeCode);
     auto note = OpenNewEditor(title);
     ApplyDefaultColor(*note, color);
     ApplyDefaultFontSize(*note, fontSize);

@@ -45,8 +45,6 @@ class EditedNote {
     void AcceptFiring(std::int16_t audioAlarm);
     // Whether the file has contents that this editor has neither read nor written.
     bool IsFileOther() const { return isFileOther; }
-    // Whether the file existed and is missing now.
-    bool IsFileGone() const { return isFileGone; }
     // Whether everything that the editor shows is saved, so that closing it loses nothing.
     bool IsSaved() const;
     // Whether closing the editor must not write the file. The user must have changed nothing in
@@ -90,7 +88,7 @@ class EditedNote {
     std::string fileKey;
     std::optional<std::uint64_t> fingerprint;  // of the file when this editor last read or wrote it
     bool isFileOther = false;
-    bool isFileGone = false;
+    bool isFileGone = false;  // the file existed and is missing now
     StandardCode::NoteRecord saved;
     bool hasRung = false;  // the alarm has rung, and is still set in the file
     RecoveryCopy copy;

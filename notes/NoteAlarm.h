@@ -50,6 +50,6 @@ class NoteAlarm {
     frmNote& note;
     bool isSet = false;
     DueRules::AlarmValues values;
-    // the date and the time from which the values were computed
+    // The date and the time from which the values were computed.
     std::optional<std::pair<base::DateTime, base::DateTime>> valuesOf;
 };

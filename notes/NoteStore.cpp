@@ -75,7 +75,7 @@ bool NoteStore::Load() {
     const bool isFull = failure && *failure == base::ErrorNumber::SubscriptOutOfRange;
     if (!failure || isFull) {
         Shared().NoteCount = static_cast<std::int16_t>(slot - 1);
-        StandardCode::Events().NotesArrayLoaded.Raise();
+        StandardCode::Signals().NotesArrayLoaded.Raise();
     }
     if (failure && !IsQuiet()) {
         const std::vector<forms::FileEntry>& files = listing.Files();

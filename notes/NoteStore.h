@@ -156,8 +156,8 @@ class NoteStore {
     void Forget(const std::string& file);
 
     Listing listing;
-    // By file name, as listed. If a file was written here since the last Load(), its entry is of no
-    // file's size.
+    // By file name, as listed. If a file was written here since the last Load(), its entry
+    // has the size ofNoFile.
     std::map<std::string, Seen> slotted;
     std::map<std::string, SeenRecord> unslotted;  // files beyond the last slot, and their records
     std::size_t loaded = 0;                       // number of listed files in slots, from slot 1 on

@@ -17,7 +17,7 @@ void BringUp(frmNote& note) {
     note.windowState = forms::WindowState::Normal;
     note.Show();
     EnableAsShown(note);
-    Events().ControlPanel.Raise(SharedEvents::PanelAction::UnloadIfVisible);
+    Signals().ControlPanel.Raise(SharedSignals::PanelAction::UnloadIfVisible);
 }
 
 }  // namespace

@@ -116,8 +116,8 @@ void frmDisplayNote::Form_Unload(bool& cancel) {
         cancel = true;
         return;
     }
-    using StandardCode::SharedEvents;
-    StandardCode::Events().ControlPanel.Raise(SharedEvents::PanelAction::LoadAndUnload);
+    using StandardCode::SharedSignals;
+    StandardCode::Signals().ControlPanel.Raise(SharedSignals::PanelAction::LoadAndUnload);
 }
 
 bool frmDisplayNote::IsToBeErased() {

@@ -12,9 +12,9 @@
 #include "notes/NotePrinting.h"
 #include "notes/NoteStore.h"
 
-using StandardCode::Events;
 using StandardCode::Shared;
-using PanelAction = StandardCode::SharedEvents::PanelAction;
+using StandardCode::Signals;
+using PanelAction = StandardCode::SharedSignals::PanelAction;
 
 namespace {
 
@@ -103,7 +103,7 @@ void frmNote::Form_Load() {
     tmrNow.enabled = true;
     tmrNow.interval = 1000;
     lblSysTime.caption = std::string("Date and Time is ") + base::lineBreak + DateTimeText() + '.';
-    Events().ControlPanel.Raise(PanelAction::UnloadIfVisible);
+    Signals().ControlPanel.Raise(PanelAction::UnloadIfVisible);
 }
 
 void frmNote::Form_Activate() {
@@ -249,7 +249,7 @@ void frmNote::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
 }
 
 bool frmNote::CloseThroughPanel() {
-    Events().ControlPanel.Raise(PanelAction::Reload);
+    Signals().ControlPanel.Raise(PanelAction::Reload);
     if (base::Utf16Length(txtNote.text()) != TextLengthAtActivate) {
         NoteChanged = true;
     }
@@ -263,10 +263,10 @@ bool frmNote::CloseThroughPanel() {
         if (answer != forms::BoxResult::No && !WriteNote()) {
             return false;
         }
-        Events().ControlPanel.Raise(PanelAction::ReloadAndShow);
+        Signals().ControlPanel.Raise(PanelAction::ReloadAndShow);
     }
     if (!NoteChanged) {
-        Events().ControlPanel.Raise(PanelAction::Show);
+        Signals().ControlPanel.Raise(PanelAction::Show);
     }
     return true;
 }
@@ -275,7 +275,7 @@ bool frmNote::CloseSilently() {
     if (!NoteErased && !edited.LeavesFileAlone(StandardCode::Notes().IsQuiet()) && !WriteNote()) {
         return false;
     }
-    Events().ControlPanel.Raise(PanelAction::Reload);
+    Signals().ControlPanel.Raise(PanelAction::Reload);
     return true;
 }
 
@@ -330,9 +330,9 @@ void frmNote::tlbMain_ButtonClick(const std::string& key) {
             NoteChanged = false;
         }
     } else if (key == "Help") {
-        Events().ShowHelp.Raise();
+        Signals().ShowHelp.Raise();
     } else if (key == "About") {
-        Events().ShowAbout.Raise();
+        Signals().ShowAbout.Raise();
     }
 }
 

@@ -47,6 +47,7 @@ class frmNote : public forms::Form, public NoteEditor {
 
     forms::Timer tmrNow{this, "tmrNow", forms::TimerPhase::ClockSecond};
     forms::Timer tmrNote{this, "tmrNote", forms::TimerPhase::ClockSecond};
+    // Kept although nothing reaches it; see docs/decisions/kept-unreachable.md.
     forms::Timer tmrLabel{this, "tmrLabel", forms::TimerPhase::ClockSecond};
 
     forms::Menu mnuFile{this, "mnuFile", "File"};
@@ -110,7 +111,8 @@ class frmNote : public forms::Form, public NoteEditor {
     // alarmIcon, see Fill().
     void TakeRecovered(const RecoveredNote& recovered, const forms::Picture& alarmIcon);
 
-    // The window never adds this icon. It only deletes it.
+    // The window never adds this icon. It only deletes it. Kept although nothing reaches it; see
+    // docs/decisions/kept-unreachable.md.
     forms::TrayRecord TrayIconRecord;
     NoteAlarm alarm{*this};
     EditedNote edited{*this};

@@ -249,7 +249,7 @@ void frmViewNotes::cmdOpenAll_Click() {
 }
 
 void frmViewNotes::cmdNew_Click() {
-    StandardCode::Events().FocusNoteTitle.Raise();
+    StandardCode::Signals().FocusNoteTitle.Raise();
     Unload();
 }
 
@@ -308,26 +308,26 @@ void UnloadControlPanelIfVisible() {
     }
 }
 
-void ActOnControlPanel(SharedEvents::PanelAction action) {
+void ActOnControlPanel(SharedSignals::PanelAction action) {
     // When the program ends, every note closes, and nobody sees the panel again.
     if (Notes().IsQuiet()) {
         return;
     }
     switch (action) {
-        case SharedEvents::PanelAction::Reload:
+        case SharedSignals::PanelAction::Reload:
             ReloadControlPanel();
             break;
-        case SharedEvents::PanelAction::ReloadAndShow:
+        case SharedSignals::PanelAction::ReloadAndShow:
             ReloadControlPanel();
             forms::Default<frmViewNotes>().Show();
             break;
-        case SharedEvents::PanelAction::Show:
+        case SharedSignals::PanelAction::Show:
             forms::Default<frmViewNotes>().Show();
             break;
-        case SharedEvents::PanelAction::UnloadIfVisible:
+        case SharedSignals::PanelAction::UnloadIfVisible:
             UnloadControlPanelIfVisible();
             break;
-        case SharedEvents::PanelAction::LoadAndUnload:
+        case SharedSignals::PanelAction::LoadAndUnload:
             // Loading a loaded panel would not rebuild the array.
             ReloadControlPanel();
             forms::Default<frmViewNotes>().Unload();
@@ -338,8 +338,8 @@ void ActOnControlPanel(SharedEvents::PanelAction action) {
 }  // namespace
 
 void ConnectControlPanel() {
-    Events().ControlPanel.Subscribe(ActOnControlPanel);
-    Events().NotesArrayLoaded.Subscribe([] {
+    Signals().ControlPanel.Subscribe(ActOnControlPanel);
+    Signals().NotesArrayLoaded.Subscribe([] {
         if (auto* panel = forms::LoadedDefault<frmViewNotes>()) {
             panel->ShowNotesArray();
         }

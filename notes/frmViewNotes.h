@@ -16,6 +16,7 @@ class frmViewNotes : public forms::Form {
     forms::Label lblTotalNotes{this, "lblTotalNotes"};
     forms::ListView lvwNotes{this, "lvwNotes"};
     forms::ImageList ilsNotes{this, "ilsNotes"};
+    // Kept although nothing reaches it; see docs/decisions/kept-unreachable.md.
     forms::ListBox lstNotes{this, "lstNotes"};
     forms::Label lblSelNote{this, "lblSelNote"};
     forms::CommandButton cmdOpenAll{this, "cmdOpenAll"};

@@ -10,8 +10,9 @@
 namespace portable {
 
 // Lends the options of a portable copy to the user's registry while the program runs. The program
-// finds them where it looks for them, and the machine keeps nothing: the user's own options come
-// back afterwards. After a kill at any step, the next loan of any portable copy puts things right.
+// reads them from the registry as usual. End() restores the user's own options, so no option of the
+// portable copy stays on the machine. After a kill at any step, the next loan of any portable copy
+// finishes the work of the killed one.
 class Loan {
   public:
     // folder is the program's folder, without a backslash at its end.

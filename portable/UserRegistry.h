@@ -6,12 +6,13 @@
 
 namespace portable {
 
-// How far the launcher has got. The registry keeps it, so that the next launcher knows what a
-// killed one has left.
+// The launcher's progress. It is stored in the registry, so that the next launcher can finish the
+// work of a killed one.
 enum class Stage {
     // The program's key holds the user's own options, those of an installed copy.
     Own,
-    // The user's own options are safe in the launcher's key. The program's key holds anything.
+    // The user's own options are safe in the launcher's key. The program's key may hold any
+    // options.
     Saved,
     // As Saved, and the program's key holds the options of the portable copy.
     Lent,

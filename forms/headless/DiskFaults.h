@@ -31,7 +31,7 @@ class DiskFaults {
   protected:
     struct Fault {
         bool isKill = false;
-        base::ErrorNumber error = base::ErrorNumber::DeviceIoError;  // if it is no kill
+        base::ErrorNumber error = base::ErrorNumber::DeviceIoError;  // if isKill is false
         Moment moment = Moment::Before;                              // of a kill
     };
 

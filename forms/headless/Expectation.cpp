@@ -75,7 +75,7 @@ Menu* FindEntry(Menu& menu, const std::string& nameOrCaption) {
     return named != nullptr ? named : find(find, menu, false);
 }
 
-std::string WhyNotChoosable(const Menu& entry, const Menu* top) {
+std::string ReasonNotChoosable(const Menu& entry, const Menu* top) {
     if (entry.IsSeparator()) {
         return "is a separator";
     }

@@ -58,6 +58,6 @@ BoxResult DefaultAnswerOf(const BoxRequest& request);
 Menu* FindEntry(Menu& menu, const std::string& nameOrCaption);
 // The reason why the user cannot choose the entry. Empty if the user can choose it. top is the open
 // menu, or null for the menu bar. Whether top itself is visible does not matter.
-std::string WhyNotChoosable(const Menu& entry, const Menu* top);
+std::string ReasonNotChoosable(const Menu& entry, const Menu* top);
 
 }  // namespace forms::headless

@@ -48,7 +48,7 @@ void HeadlessPumps::CountWait() {
     }
 }
 
-std::string HeadlessPumps::WhatIsInTheWay() const {
+std::string HeadlessPumps::ReasonForBlocking() const {
     if (waits.empty()) {
         return "";
     }
@@ -158,7 +158,7 @@ Menu* HeadlessPumps::ChosenEntry(const ExpectedPopup& wanted, Menu& menu) const 
         }
         return nullptr;
     }
-    const std::string why = WhyNotChoosable(*chosen, &menu);
+    const std::string why = ReasonNotChoosable(*chosen, &menu);
     if (!why.empty()) {
         Fail("Entry " + std::string(chosen->name) + " of pop-up menu " + wanted.menuName + " " +
              why);

@@ -46,7 +46,7 @@ class HeadlessPumps : public Stage, public Expectations {
 
     // The reason why the user cannot use the windows now, for example "a message box is open".
     // Empty if the user can use them.
-    std::string WhatIsInTheWay() const;
+    std::string ReasonForBlocking() const;
     // The number of boxes, modal forms, menus and dialogs that are open inside each other.
     std::size_t OpenWaits() const { return waits.size(); }
 

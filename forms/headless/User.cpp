@@ -28,15 +28,15 @@ bool User::Fail(const std::string& what, const std::string& why) {
 }
 
 bool User::RequireReachable(const std::string& what, Form& form) {
-    const std::string inTheWay = stage.WhatIsInTheWay();
+    const std::string blocking = stage.ReasonForBlocking();
     if (!Runtime::Exists() || Runtime::Current().HasEnded()) {
         return Fail(what, "the program has ended");
     }
     if (!form.IsLoaded()) {
         return Fail(what, "the form is not loaded");
     }
-    if (!inTheWay.empty()) {
-        return Fail(what, inTheWay);
+    if (!blocking.empty()) {
+        return Fail(what, blocking);
     }
     if (!form.IsVisible() || !form.IsShownOnStage() || !HeadlessStage::WindowOf(form).shown) {
         return Fail(what, "the form is not shown");
@@ -198,7 +198,7 @@ void User::Choose(Menu& entry) {
     if (!RequireReachable(what, entry.form)) {
         return;
     }
-    const std::string why = WhyNotChoosable(entry, nullptr);
+    const std::string why = ReasonNotChoosable(entry, nullptr);
     if (!why.empty()) {
         Fail(what, "it " + why);
         return;
@@ -363,14 +363,14 @@ void User::Press(Shortcut key) {
     }
 }
 
-void User::Tab(bool backward) {
+void User::PressTab(bool backward) {
     Form* form = FormWithKeyboard("press Tab");
     if (form != nullptr && gestures::PressTab(*form, backward) == gestures::KeyUse::Unused) {
         Fail("press Tab", std::string("nothing on ") + form->name + " can have the focus");
     }
 }
 
-void User::AccessKey(Form& form, char letter) {
+void User::PressAccessKey(Form& form, char letter) {
     const std::string what = std::string("press Alt+") + letter + " on " + form.name;
     if (RequireReachable(what, form) && BringUp(form) &&
         gestures::PressAccessKey(form, letter) == gestures::KeyUse::Unused) {

@@ -36,8 +36,8 @@ class User {
     // Chooses the entry from the menu bar.
     void Choose(Menu& entry);
 
-    // Sends a message of the tray icon: 514 left button up, 515 left double click, 517 right button
-    // up. Works while a box or a modal form is open too.
+    // Sends a message of the tray icon, by the number of the mouse message in Windows. Works while
+    // a box or a modal form is open too.
     void Tray(int message);
 
     void CloseBox(Form& form);
@@ -54,9 +54,9 @@ class User {
     void PressEscape();
     void PressMenuKey();
     void Press(Shortcut key);
-    void Tab(bool backward = false);
+    void PressTab(bool backward = false);
     // Presses Alt and a letter.
-    void AccessKey(Form& form, char letter);
+    void PressAccessKey(Form& form, char letter);
 
   private:
     bool Fail(const std::string& what, const std::string& why);

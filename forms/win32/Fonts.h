@@ -12,9 +12,8 @@ namespace forms::win32 {
 // Fonts are created once and kept, because a hundred windows share a few fonts.
 namespace fonts {
 
-// If points is 0, the font has the size of the user's message font, or a smaller one if the scale
-// has a smaller text. If name is empty, it has its
-// face.
+// points 0: the size of the user's message font, reduced by the scale's text percentage. Empty
+// name: the face of the message font. Do not delete the font.
 HFONT Get(const std::string& name, int points, bool bold, const Scale& scale);
 
 // The user's font for tool tips.

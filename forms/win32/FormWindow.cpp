@@ -6,6 +6,7 @@
 #include "forms/Gestures.h"
 #include "forms/Keyboard.h"
 #include "forms/Runtime.h"
+#include "forms/win32/Cursors.h"
 #include "forms/win32/Destroying.h"
 #include "forms/win32/Images.h"
 #include "forms/win32/QuietWait.h"
@@ -106,7 +107,7 @@ bool FormWindow::CreateBare() {
         description.cbSize = sizeof description;
         description.lpfnWndProc = &FormWindow::Procedure;
         description.hInstance = ::GetModuleHandleW(nullptr);
-        description.hCursor = ::LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // IDC_ARROW
+        description.hCursor = ArrowCursor();
         description.lpszClassName = className;
         return ::RegisterClassExW(&description);
     }();

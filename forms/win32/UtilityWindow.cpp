@@ -37,7 +37,7 @@ bool IsAboutFormats(LPARAM setting) {
 }
 
 // Moves only message boxes and dialogs. The windows of forms move themselves.
-BOOL CALLBACK BringBoxIntoReach(HWND window, LPARAM /*data*/) {
+BOOL CALLBACK MoveBoxOntoScreen(HWND window, LPARAM /*data*/) {
     RECT place{};
     ::GetWindowRect(window, &place);
     const bool isBox = FormWindow::From(window) == nullptr && ::IsWindowVisible(window) != 0 &&
@@ -194,9 +194,9 @@ void UtilityWindow::OnUserSettings() {
 void UtilityWindow::OnDisplayChange() {
     const std::vector<FormWindow*> windows = state.windows;
     for (FormWindow* form : windows) {
-        form->placement.ComeIntoReach();
+        form->placement.MoveOntoScreen();
     }
-    ::EnumThreadWindows(::GetCurrentThreadId(), &BringBoxIntoReach, 0);
+    ::EnumThreadWindows(::GetCurrentThreadId(), &MoveBoxOntoScreen, 0);
     if (onDisplayChange) {
         onDisplayChange();
     }

@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include "forms/Runtime.h"
+#include "forms/win32/Cursors.h"
 #include "forms/win32/Destroying.h"
 #include "forms/win32/Dpi.h"
 #include "forms/win32/Fonts.h"
@@ -195,8 +196,7 @@ Size Win32Stage::FrameSize(const Form& form) {
 
 void Win32Stage::SetMousePointer(MousePointer pointer) {
     state->hourglass = pointer == MousePointer::Hourglass;
-    // IDC_WAIT and IDC_ARROW
-    ::SetCursor(::LoadCursorW(nullptr, MAKEINTRESOURCEW(state->hourglass ? 32514 : 32512)));
+    ::SetCursor(state->hourglass ? WaitCursor() : ArrowCursor());
 }
 
 }  // namespace forms::win32

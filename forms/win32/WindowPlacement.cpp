@@ -193,7 +193,7 @@ POINT WindowPlacement::RestoredOrigin() const {
             monitor.rcWork.top - monitor.rcMonitor.top};
 }
 
-void WindowPlacement::ComeIntoReach() {
+void WindowPlacement::MoveOntoScreen() {
     if (!window.IsLive()) {
         return;
     }

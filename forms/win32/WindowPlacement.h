@@ -41,7 +41,7 @@ class WindowPlacement {
     void RestoreInnerSize();
     // Called when the monitors have changed. Moves the window onto a monitor if the user cannot
     // reach it.
-    void ComeIntoReach();
+    void MoveOntoScreen();
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
 

@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include "forms/Gestures.h"
+#include "forms/win32/Cursors.h"
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Internal.h"
 
@@ -65,7 +66,7 @@ std::optional<LRESULT> WindowPointer::OnMessage(UINT message, WPARAM wParam, LPA
             return 0;
         case WM_SETCURSOR:
             if (window.state.hourglass && LOWORD(lParam) == HTCLIENT) {
-                ::SetCursor(::LoadCursorW(nullptr, MAKEINTRESOURCEW(32514)));  // IDC_WAIT
+                ::SetCursor(WaitCursor());
                 return TRUE;
             }
             return std::nullopt;

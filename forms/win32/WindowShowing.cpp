@@ -194,7 +194,7 @@ void WindowShowing::Hide() {
 void WindowShowing::BringToForeground() {
     const Applying applying(window.state);
     wantsForeground = true;
-    ::SetForegroundWindow(Answering());
+    ::SetForegroundWindow(WindowToAnswer());
 }
 
 bool WindowShowing::IsTopMostShown(const StageState& state) {
@@ -218,7 +218,7 @@ void WindowShowing::KeepAnsweringOnTop(const StageState& state) {
 }
 
 // The window itself. If it is disabled, the box or modal window that the user must close first.
-HWND WindowShowing::Answering() const {
+HWND WindowShowing::WindowToAnswer() const {
     if (HWND box = boxes > 0 ? OpenBox() : nullptr; box != nullptr) {
         return box;
     }
@@ -235,8 +235,8 @@ HWND WindowShowing::Answering() const {
 
 // Called when the user has chosen a disabled window, for example by its button in the task bar.
 // Nothing in that window reacts.
-void WindowShowing::LeadToAnswering() {
-    HWND target = Answering();
+void WindowShowing::ActivateWindowToAnswer() {
+    HWND target = WindowToAnswer();
     if (target == window.handle) {
         return;
     }
@@ -270,7 +270,7 @@ std::optional<LRESULT> WindowShowing::OnMessage(UINT message, WPARAM wParam, LPA
             return IsShutOff() ? OnCommandWhileShutOff(wParam & 0xFFF0) : std::nullopt;
         case WM_SETCURSOR:
             if (IsPress(HIWORD(lParam)) && IsShutOff()) {
-                LeadToAnswering();
+                ActivateWindowToAnswer();
             }
             return std::nullopt;
         case WM_ACTIVATE:
@@ -289,7 +289,7 @@ std::optional<LRESULT> WindowShowing::OnMessage(UINT message, WPARAM wParam, LPA
 std::optional<LRESULT> WindowShowing::OnCommandWhileShutOff(WPARAM command) {
     switch (command) {
         case SC_RESTORE:
-            LeadToAnswering();
+            ActivateWindowToAnswer();
             return 0;
         case SC_MAXIMIZE:
         case SC_CLOSE:
@@ -308,7 +308,7 @@ void WindowShowing::OnActivate(WPARAM wParam, HWND other) {
         return;
     }
     if (window.state.applying == 0 && IsShutOff()) {
-        LeadToAnswering();
+        ActivateWindowToAnswer();
         return;
     }
     if (isMinimized) {

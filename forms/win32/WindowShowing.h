@@ -48,8 +48,8 @@ class WindowShowing {
     void Activate();
     bool CanBeActive() const;
     bool IsShutOff() const;
-    HWND Answering() const;
-    void LeadToAnswering();
+    HWND WindowToAnswer() const;
+    void ActivateWindowToAnswer();
     FormWindow* Successor() const;
     void MarkUsed();
     void GoBackToBaseOwner();

@@ -27,7 +27,7 @@ TEST_F(SpecialAlarmsCheckTest, ASpecialAlarmWithoutAMessageSaysSo) {
     EXPECT_EQ(StandardCode::Shared().SpecialAlarmMessage[0], "No Special Message");
 }
 
-TEST_F(SpecialAlarmsCheckTest, TheTickIsBlockedWhileASpecialAlarmWaits) {
+TEST_F(SpecialAlarmsCheckTest, TheClockDoesNotTickWhileASpecialAlarmIsShown) {
     StartQuietly();
     SetFridaysAlarm(0, base::DateTime::FromTime(9, 5, 0), "first");
     SetFridaysAlarm(1, base::DateTime::FromTime(9, 5, 0), "second");

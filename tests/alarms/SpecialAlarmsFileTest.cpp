@@ -84,7 +84,7 @@ TEST_F(SpecialAlarmsFileTest, MessagesOutsideTheCodePageRoundTrip) {
     EXPECT_NE(SpecialAlarmsFile::Encode(week).find("\"\x80\""), std::string::npos);
 }
 
-TEST_F(SpecialAlarmsFileTest, AQuoteBehindTheFirstByteOfAPairStillEndsTheMessage) {
+TEST_F(SpecialAlarmsFileTest, AQuoteAfterALeadByteEndsTheMessage) {
     for (const int codePage : {932, 936}) {
         locale.codePage = codePage;
         for (std::size_t changed = 0; changed < SpecialAlarmsFile::rowCount; ++changed) {
@@ -101,7 +101,7 @@ TEST_F(SpecialAlarmsFileTest, AQuoteBehindTheFirstByteOfAPairStillEndsTheMessage
     }
 }
 
-TEST_F(SpecialAlarmsFileTest, FewerThanSevenRowsAreAnErrorBehindThoseRead) {
+TEST_F(SpecialAlarmsFileTest, IfRowsAreMissingTheErrorComesAfterTheOthersAreRead) {
     std::string bytes;
     for (std::size_t count = 0; count < SpecialAlarmsFile::rowCount; ++count) {
         std::vector<Row> rows;
@@ -157,7 +157,7 @@ TEST_F(SpecialAlarmsFileTest, EveryMessageOfOneLineRoundTrips) {
     }
 }
 
-TEST_F(SpecialAlarmsFileTest, WhatCouldBeReadIsTheSameAfterEverySave) {
+TEST_F(SpecialAlarmsFileTest, DecodedRowsStayTheSameWhenSaved) {
     std::vector<std::string> withLineBreaks = pieces;
     for (const char* piece : {"\r\n", "\r", "\n", "\",1\r\n", "\",1\r\n\"Monday\",#08:00:00#,\""}) {
         withLineBreaks.emplace_back(piece);
@@ -194,7 +194,7 @@ TEST_F(SpecialAlarmsFileTest, AMessageOfSeveralLinesMayHoldQuotes) {
     EXPECT_EQ(Decoded(bytes).at(6).Day, "Sunday");
 }
 
-TEST_F(SpecialAlarmsFileTest, FilesOfOtherFormsAreReadAsTheyStand) {
+TEST_F(SpecialAlarmsFileTest, FilesOfOtherLayoutsAreRead) {
     const std::vector<std::string> forms{
         // all rows in one line
         "\"Monday\",#08:00:00#,\"m\",1,",

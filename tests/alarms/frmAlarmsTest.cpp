@@ -213,7 +213,7 @@ class frmAlarmsOwnFileTest : public frmAlarmsTest {
     frmAlarms& Window() { return forms::Default<frmAlarms>(); }
 };
 
-TEST_F(frmAlarmsOwnFileTest, IsSavedWithItsBlanksWhateverTheCaseOfItsExtension) {
+TEST_F(frmAlarmsOwnFileTest, IsSavedWithItsBlanksInAnyCaseOfItsExtension) {
     user->Type(Window().txtMyWaveFilePath, "  D:\\bell.WaV  ");
     user->Click(Window().cmdSave);
     EXPECT_EQ(forms::LoadedDefault<frmAlarms>(), nullptr);

@@ -201,7 +201,7 @@ TEST_F(frmSpecialAlarmsBadInputTest, AFileThatAnotherProgramChangedMeanwhileIsPu
 }
 
 // The error is reported until the user has removed its cause.
-TEST_F(frmSpecialAlarmsBadInputTest, WhatKeepsTheDiskFromBeingWrittenIsReportedAtEachSave) {
+TEST_F(frmSpecialAlarmsBadInputTest, ASaveErrorIsReportedEachTime) {
     struct Condition {
         std::function<void(bool)> set;
         std::string report;
@@ -235,7 +235,7 @@ TEST_F(frmSpecialAlarmsBadInputTest, WhatKeepsTheDiskFromBeingWrittenIsReportedA
     }
 }
 
-TEST_F(frmSpecialAlarmsBadInputTest, AFolderThatHasGoneIsMadeAnew) {
+TEST_F(frmSpecialAlarmsBadInputTest, AMissingFolderIsMadeAgain) {
     PutFile("\"Friday\",#17:30:00#,\"old\",1\r\n", 6);
     Open();
     user->Type(Window().txtMessage[0], "new");
@@ -281,7 +281,7 @@ TEST_F(frmSpecialAlarmsBadInputTest, MessagesOfAnyKindComeBackWhole) {
     }
 }
 
-TEST_F(frmSpecialAlarmsBadInputTest, WhatFollowsAZeroByteIsKept) {
+TEST_F(frmSpecialAlarmsBadInputTest, TextAfterAZeroByteIsKept) {
     PutFile("\"Friday\",#17:30:00#,\"Pay\0the rent\",1\r\n"s, 6);
     Open();
     EXPECT_EQ(Window().txtMessage[0].text(), "Pay the rent");

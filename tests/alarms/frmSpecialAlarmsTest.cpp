@@ -220,7 +220,7 @@ TEST_F(frmSpecialAlarmsTest, TheLastTwoRowsAreComparedToo) {
     EXPECT_TRUE(IsOpen());
 }
 
-TEST_F(frmSpecialAlarmsTest, OfSeveralPairsTheFirstOfTheSearchIsNamed) {
+TEST_F(frmSpecialAlarmsTest, OfSeveralIdenticalPairsThePairThatEndsFirstIsNamed) {
     Open();
     SetRow(0, "Friday", DateTime::FromTime(17, 30, 0), true);
     SetRow(6, "Friday", DateTime::FromTime(17, 30, 0), true);
@@ -261,12 +261,12 @@ TEST_F(frmSpecialAlarmsTest, CloseDiscardsWithoutAsking) {
 TEST_F(frmSpecialAlarmsTest, TabGoesAlongTheRows) {
     Open();
     EXPECT_EQ(Window().focus.ActiveControl(), &Window().chkEnabled[0]);
-    user->Tab();
+    user->PressTab();
     EXPECT_EQ(Window().focus.ActiveControl(), &Window().cboDays[0]);
-    user->Tab();
-    user->Tab();
+    user->PressTab();
+    user->PressTab();
     EXPECT_EQ(Window().focus.ActiveControl(), &Window().txtMessage[0]);
-    user->Tab();
+    user->PressTab();
     EXPECT_EQ(Window().focus.ActiveControl(), &Window().chkEnabled[1]);
 }
 

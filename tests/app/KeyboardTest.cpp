@@ -154,7 +154,7 @@ TEST_F(KeyboardTest, TheToolbarFollowsTheLastControlOfTheEditor) {
     frmNote& note = MakeNote("Dentist");
     std::vector<std::string> visited;
     do {
-        user->Tab();
+        user->PressTab();
         visited.emplace_back(note.focus.ActiveControl()->name);
     } while (visited.back() != "txtNote" && visited.size() < 20);
     EXPECT_EQ(visited, (std::vector<std::string>{"dtDate", "dtTime", "chkAudioAlarm", "cmdAlarm",

@@ -6,6 +6,7 @@
 #include "alarms/frmKillAlarm.h"
 #include "alarms/frmSpecialAlarms.h"
 #include "app/Grid.h"
+#include "app/TrayMessages.h"
 #include "app/dlgMsgBox.h"
 #include "app/frmOptions.h"
 #include "info/dlgInput.h"
@@ -101,7 +102,7 @@ TEST_F(LayoutTest, EditorOfAnySize) {
 }
 
 TEST_F(LayoutTest, EditorIsNarrowerThanTheFirstTrayMessage) {
-    EXPECT_LT(MakeNote("Dentist").width(), 514 * 15);
+    EXPECT_LT(MakeNote("Dentist").width(), TrayMessages::leftButtonUp * 15);
 }
 
 TEST_F(LayoutTest, AlarmDisplay) {

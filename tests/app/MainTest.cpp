@@ -50,7 +50,7 @@ TEST_F(MainTest, ASecondCopyShowsThePictureBoxAndChangesNothing) {
     EXPECT_TRUE(tray.log.empty());
 }
 
-TEST_F(MainTest, WithoutItsFilesTheProgramSaysWhatToDoAndChangesNothing) {
+TEST_F(MainTest, IfFilesOfTheProgramAreMissingItSaysSoAndChangesNothing) {
     files.Remove(testing_support::applicationFolder + "\\logo.ico");
     files.Remove(testing_support::applicationFolder + "\\mascot.jpg");
     files.ClearLog();

@@ -13,11 +13,11 @@ using testing_support::RuleDevices;
 
 class SettingsTest : public testing::Test, protected RuleDevices {};
 
-TEST_F(SettingsTest, AMissingValueReadsAsTheDefaultOfTheReader) {
+TEST_F(SettingsTest, AMissingValueIsZeroOrEmptyOrTheCurrentValue) {
     EXPECT_EQ(Settings::alarm.Read(), "");
-    EXPECT_EQ(Settings::alarm.Read("C:\\a.wav"), "C:\\a.wav");
+    EXPECT_EQ(Settings::alarm.ReadOr("C:\\a.wav"), "C:\\a.wav");
     EXPECT_EQ(Settings::defaultFontSize.Read(), 0);
-    EXPECT_EQ(Settings::defaultFontSize.Read(12), 12);
+    EXPECT_EQ(Settings::defaultFontSize.ReadOr(12), 12);
     EXPECT_TRUE(settings.values.empty());
 }
 
@@ -32,7 +32,7 @@ TEST_F(SettingsTest, ValuesAreStoredAsText) {
 
 TEST_F(SettingsTest, AnEmptyValueIsNotMissing) {
     Settings::alarm.Write("");
-    EXPECT_EQ(Settings::alarm.Read("default"), "");
+    EXPECT_EQ(Settings::alarm.ReadOr("current"), "");
 }
 
 TEST_F(SettingsTest, AValueThatIsNoNumberIsATypeMismatch) {

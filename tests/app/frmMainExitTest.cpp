@@ -10,7 +10,30 @@ using namespace forms;
 
 namespace {
 
-using frmMainExitTest = testing_support::WholeProgram;
+class frmMainExitTest : public testing_support::WholeProgram {
+  protected:
+    // Opens a note with unsaved text, which asks whether to save it when it is closed.
+    frmNote& OpenUnsavedNote() {
+        StartQuietly();
+        auto& note = MakeNote("Dentist");
+        StandardCode::Shared().ControlPanelMode = true;
+        user->Type(note.txtNote, "text");
+        return note;
+    }
+    void ExpectTextAtNextStart() {
+        Restart();
+        StartQuietly();
+        EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
+    }
+    // Opens the alarm display of a note.
+    frmDisplayNote& OpenDisplay() {
+        PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
+        StartQuietly();
+        user->CloseBox(Editor("Dentist"));
+        Advance(12'000);
+        return *FindWindow<frmDisplayNote>("Dentist");
+    }
+};
 
 }  // namespace
 
@@ -47,10 +70,7 @@ TEST_F(frmMainExitTest, TheIconIsRemovedAtBothStepsOfTheExit) {
 }
 
 TEST_F(frmMainExitTest, TheIconIsRemovedBeforeTheOtherWindowsGo) {
-    StartQuietly();
-    auto& note = MakeNote("Dentist");
-    StandardCode::Shared().ControlPanelMode = true;
-    user->Type(note.txtNote, "text");
+    OpenUnsavedNote();
     ClickTrayIcon();
     ExpectSaveQuestion(BoxResult::Yes, [this] { EXPECT_FALSE(tray.icon.has_value()); });
     user->Click(Main().cmdExit);
@@ -146,33 +166,23 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionSavesAndAsksNothing) {
 }
 
 TEST_F(frmMainExitTest, AnExitWhileANoteAsksKeepsItsTextForTheNextStart) {
-    StartQuietly();
-    auto& note = MakeNote("Dentist");
-    StandardCode::Shared().ControlPanelMode = true;
-    user->Type(note.txtNote, "text");
+    frmNote& note = OpenUnsavedNote();
     ExpectSaveQuestion(BoxResult::No, [this] {
         ChooseFromTrayMenu("mnuExit");
         EXPECT_TRUE(runtime->HasEnded());
     });
     user->CloseBox(note);
     EXPECT_FALSE(files.FileExists(PathOf("Dentist")));
-    Restart();
-    StartQuietly();
-    EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
+    ExpectTextAtNextStart();
 }
 
 TEST_F(frmMainExitTest, AnExitWaitsForTheAnswerToAnAlarmDisplay) {
-    PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
-    StartQuietly();
-    user->CloseBox(Editor("Dentist"));
-    Advance(12'000);
-    auto* display = FindWindow<frmDisplayNote>("Dentist");
-    ASSERT_NE(display, nullptr);
+    frmDisplayNote& display = OpenDisplay();
     ExpectEraseNoteQuestion(BoxResult::No, [this] {
         ChooseFromTrayMenu("mnuExit");
         EXPECT_FALSE(runtime->HasEnded());
     });
-    user->CloseBox(*display);
+    user->CloseBox(display);
     EXPECT_TRUE(tray.icon.has_value());
     ClickTrayIcon();
     user->Click(Main().cmdExit);
@@ -180,10 +190,7 @@ TEST_F(frmMainExitTest, AnExitWaitsForTheAnswerToAnAlarmDisplay) {
 }
 
 TEST_F(frmMainExitTest, TheEndOfTheSessionEndsAnExitThatWaitsForAnAnswer) {
-    StartQuietly();
-    auto& note = MakeNote("Dentist");
-    StandardCode::Shared().ControlPanelMode = true;
-    user->Type(note.txtNote, "text");
+    OpenUnsavedNote();
     ClickTrayIcon();
     ExpectSaveQuestion(BoxResult::No, [this] {
         gestures::EndSession();
@@ -191,41 +198,29 @@ TEST_F(frmMainExitTest, TheEndOfTheSessionEndsAnExitThatWaitsForAnAnswer) {
     });
     user->Click(Main().cmdExit);
     EXPECT_FALSE(tray.icon.has_value());
-    Restart();
-    StartQuietly();
-    EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
+    ExpectTextAtNextStart();
 }
 
 TEST_F(frmMainExitTest, TheEndOfTheSessionKeepsTheTextOfADisplayThatAsks) {
-    PutNote(Note("Dentist").WithAlarmAt(9, 0, 10));
-    StartQuietly();
-    user->CloseBox(Editor("Dentist"));
-    Advance(12'000);
-    auto* display = FindWindow<frmDisplayNote>("Dentist");
-    ASSERT_NE(display, nullptr);
-    user->Type(display->lblNoteText, "moved to Friday");
+    frmDisplayNote& display = OpenDisplay();
+    user->Type(display.lblNoteText, "moved to Friday");
     ExpectEraseNoteQuestion(BoxResult::Yes, [this] {
         gestures::EndSession();
         EXPECT_TRUE(runtime->HasEnded());
     });
-    user->CloseBox(*display);
+    user->CloseBox(display);
     EXPECT_EQ(FileOf("Dentist"),
               "\"Dentist\",\"moved to Friday\",#2004-05-14#,\"#12:00#\",1,12,\"0\",0,\"yes\"\r\n");
 }
 
 TEST_F(frmMainExitTest, TheEndOfTheSessionDoesNotWaitForAnAnswer) {
-    StartQuietly();
-    auto& note = MakeNote("Dentist");
-    StandardCode::Shared().ControlPanelMode = true;
-    user->Type(note.txtNote, "text");
+    frmNote& note = OpenUnsavedNote();
     ExpectSaveQuestion(BoxResult::No, [this] {
         gestures::EndSession();
         EXPECT_TRUE(runtime->HasEnded());
     });
     user->CloseBox(note);
-    Restart();
-    StartQuietly();
-    EXPECT_EQ(Editor("Dentist").txtNote.text(), "text");
+    ExpectTextAtNextStart();
 }
 
 // With one unreadable file and many open notes, an exit that saves all notes reports nothing more.

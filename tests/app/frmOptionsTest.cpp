@@ -379,7 +379,7 @@ TEST_F(frmOptionsTest, ALinkThatCannotBeDeletedIsReported) {
     EXPECT_TRUE(files.FileExists(startupLink));
 }
 
-TEST_F(frmOptionsTest, IfASettingCannotBeWrittenTheOnesBeforeItStay) {
+TEST_F(frmOptionsTest, IfASettingCannotBeWrittenThoseBeforeItStayWritten) {
     FailingSettings failing;
     failing.failingWrite = 3;
     forms::Machine().settings = &failing;

@@ -57,7 +57,7 @@ TEST(TextCharactersTest, RoundTripThroughAppendAndNext) {
     }
 }
 
-TEST(TextCharactersTest, WhatIsNoCharacterIsReplaced) {
+TEST(TextCharactersTest, InvalidCodePointsAreReplaced) {
     std::string text;
     AppendCharacter(text, static_cast<char32_t>(0xd800));
     AppendCharacter(text, static_cast<char32_t>(0x110000));

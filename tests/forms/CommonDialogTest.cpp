@@ -17,7 +17,7 @@ class CommonDialogTest : public testing_support::TestProgram {
     frmDialogs& Window() { return forms::Default<frmDialogs>(); }
 };
 
-TEST_F(CommonDialogTest, KeepsWhatWasChosen) {
+TEST_F(CommonDialogTest, KeepsTheLastChosenFile) {
     Start([this] {
         Window().Show();
         Window().cdlMain.initialFolder = "c:\\";

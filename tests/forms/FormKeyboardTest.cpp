@@ -101,7 +101,7 @@ TEST_F(FormKeyboardTest, TabStopsOnceInAGroupAndGoesBackTheSameWay) {
     const auto visit = [this](bool backward) {
         std::vector<std::string> visited;
         for (int n = 0; n < 4; ++n) {
-            user->Tab(backward);
+            user->PressTab(backward);
             visited.emplace_back(Form().focus.ActiveControl()->name);
         }
         return visited;

@@ -95,7 +95,7 @@ class GesturesTest : public testing_support::TestProgram {
 
 }  // namespace
 
-TEST_F(GesturesTest, NothingReachesWhatIsHiddenOrDisabled) {
+TEST_F(GesturesTest, GesturesOnHiddenOrDisabledControlsDoNothing) {
     Form().cmdOk.enabled = false;
     gestures::Click(Form().cmdOk);
     Form().chkSound.visible = false;
@@ -136,7 +136,7 @@ TEST_F(GesturesTest, TimersGoOnUnderAMenu) {
     Form().tmrTick.interval = 250;
     Form().tmrTick.enabled = true;
     stage->ExpectPopup("mnuPop", [this](Menu&) -> Menu* {
-        EXPECT_EQ(stage->WhatIsInTheWay(), "a pop-up menu is open");
+        EXPECT_EQ(stage->ReasonForBlocking(), "a pop-up menu is open");
         Advance(1000);
         return nullptr;
     });
@@ -204,7 +204,7 @@ TEST_F(GesturesTest, KeysPressOnlyButtonsThatCanBeUsed) {
     EXPECT_TRUE(Form().IsLoaded());
 }
 
-TEST_F(GesturesTest, TheMenuKeyIsTheRightButtonOverWhatHasTheFocus) {
+TEST_F(GesturesTest, TheMenuKeyIsARightClickOnTheFocusedControl) {
     Form().txtBody.MouseUp = [](int button, int, int) {
         Form().events.push_back("body " + std::to_string(button));
     };
@@ -215,7 +215,7 @@ TEST_F(GesturesTest, TheMenuKeyIsTheRightButtonOverWhatHasTheFocus) {
     EXPECT_EQ(Take(), (Events{"body 2", "form 2"}));
 }
 
-TEST_F(GesturesTest, TheFocusGoesOnWhenAHandlerHasDisabledWhatHadIt) {
+TEST_F(GesturesTest, TheFocusMovesOnIfAHandlerDisablesTheFocusedControl) {
     Form().cmdOk.SetFocus();
     Form().cmdOk.Click = [] {
         Form().cmdOk.enabled = false;
@@ -241,12 +241,12 @@ TEST_F(GesturesTest, TheFocusFirstGoesToTheSelectedButtonOfAGroup) {
     EXPECT_EQ(Form().focus.ActiveControl(), &Form().optBlue);
 }
 
-TEST_F(GesturesTest, TabGoesRoundInOrderAndPassesWhatCannotHaveTheFocus) {
+TEST_F(GesturesTest, TabCyclesInOrderAndSkipsDisabledControls) {
     Form().cmdOther.enabled = false;
     std::vector<std::string> visited;
     Form().txtName.SetFocus();
     for (int n = 0; n < 7; ++n) {
-        user->Tab();
+        user->PressTab();
         visited.emplace_back(Form().focus.ActiveControl()->name);
     }
     EXPECT_EQ(visited, (Events{"txtBody", "cmdOk", "cmdCancel", "chkSound", "optColor", "tlbTools",
@@ -254,7 +254,7 @@ TEST_F(GesturesTest, TabGoesRoundInOrderAndPassesWhatCannotHaveTheFocus) {
     EXPECT_EQ(Take(), Events{});
 }
 
-TEST_F(GesturesTest, TheOrderOfTheTabKeyMayBeGiven) {
+TEST_F(GesturesTest, TabFollowsAGivenOrder) {
     Form().txtName.tabIndex = 100;
     std::vector<std::string> names;
     for (const Control* control : Form().focus.TabOrder()) {
@@ -264,12 +264,12 @@ TEST_F(GesturesTest, TheOrderOfTheTabKeyMayBeGiven) {
     EXPECT_EQ(names.back(), "txtName");
 }
 
-TEST_F(GesturesTest, AccessKeysPressButtonsAndLeadFromLabelsToWhatFollows) {
-    user->AccessKey(Form(), 'O');
-    user->AccessKey(Form(), 't');
-    user->AccessKey(Form(), 'S');
+TEST_F(GesturesTest, AccessKeysPressButtonsAndLeadFromLabelsToTheNextControl) {
+    user->PressAccessKey(Form(), 'O');
+    user->PressAccessKey(Form(), 't');
+    user->PressAccessKey(Form(), 'S');
     EXPECT_EQ(Take(), (Events{"ok", "other", "sound"}));
-    user->AccessKey(Form(), 'n');
+    user->PressAccessKey(Form(), 'n');
     EXPECT_TRUE(Form().txtName.HasFocus());
 }
 
@@ -320,7 +320,7 @@ TEST_F(GesturesTest, FocusGivenBeforeShowingIsKept) {
     EXPECT_TRUE(Form().cmdCancel.HasFocus());
 }
 
-TEST_F(GesturesTest, WhatIsDisabledDoesNotTakeTheFocus) {
+TEST_F(GesturesTest, ADisabledControlDoesNotTakeTheFocus) {
     Form().txtName.SetFocus();
     Form().cmdOther.enabled = false;
     Form().cmdOther.SetFocus();

@@ -53,7 +53,7 @@ TEST_F(ModalTest, AFormThatIsHiddenMeanwhileCanBeUsedWhenItIsBack) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(ModalTest, ShutsOffWhatIsVisibleAndNotWhatIsShownLater) {
+TEST_F(ModalTest, DisablesVisibleFormsAndNotThoseShownLater) {
     Start([] { Default<frmFirst>().Show(); });
     stage->ExpectModal<frmSecond>([this](frmSecond& form) {
         EXPECT_FALSE(Default<frmFirst>().IsUsable());
@@ -73,7 +73,7 @@ TEST_F(ModalTest, ShutsOffWhatIsVisibleAndNotWhatIsShownLater) {
     Start([] { Default<frmSecond>().ShowModal(); });
 }
 
-TEST_F(ModalTest, GesturesOnWhatIsShutOffDoNothing) {
+TEST_F(ModalTest, GesturesOnADisabledFormDoNothing) {
     int clicks = 0;
     Start([&clicks] {
         Default<frmFirst>().cmdGo.Click = [&clicks] { ++clicks; };

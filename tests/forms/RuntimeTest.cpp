@@ -118,7 +118,7 @@ TEST_F(RuntimeTest, IfManyWindowsAreOpenedAllButTheFirstAppearAfterTheHandler) {
     EXPECT_EQ(runtime->ActiveForm(), windows.back().get());
 }
 
-TEST_F(RuntimeTest, AnErrorThatNobodyTrapsIsReportedAndEndsTheProgram) {
+TEST_F(RuntimeTest, AnUntrappedErrorIsReportedAndEndsTheProgram) {
     bool saved = false;
     runtime->onFatalError = [&saved] { saved = true; };
     Start([] { Default<frmFirst>().Show(); });

@@ -60,7 +60,7 @@ TEST_F(TimerMomentTest, TicksThatAreDueTogetherSeeOneSecond) {
     EXPECT_EQ(second, (Seconds{0, 1, 2}));
 }
 
-TEST_F(TimerMomentTest, WhatALongTickLeavesOutIsDroppedButForTheSecondsAtItsEnds) {
+TEST_F(TimerMomentTest, SecondsInsideALongTickAreDropped) {
     busy = 5000;
     Advance(500);
     EXPECT_EQ(second, Seconds{0});
@@ -111,7 +111,7 @@ TEST_F(TimerMomentTest, OutsideOfTicksItIsTheTimeThatItIs) {
     EXPECT_EQ(seen, 0);
 }
 
-TEST_F(TimerMomentTest, ATimerThatIsStartedAnewSeesThePresent) {
+TEST_F(TimerMomentTest, ARestartedTimerSeesTheCurrentSecond) {
     busy = 700;
     Form().tmrFirst.Tick = [this] {
         if (first.empty()) {

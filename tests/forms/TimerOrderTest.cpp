@@ -93,7 +93,7 @@ TEST_F(TimerOrderTest, AFirstTickThatTakesItsTimeDoesNotReverseThem) {
     EXPECT_EQ(wrong, 0);
 }
 
-TEST_F(TimerOrderTest, TheOneThatIsSwitchedOnAnewKeepsItsPlace) {
+TEST_F(TimerOrderTest, ATimerSwitchedOnAgainKeepsItsPlace) {
     Form().tmrSecond.enabled = true;
     Advance(1700);
     for (int i = 0; i < 5; ++i) {

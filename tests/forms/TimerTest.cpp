@@ -38,8 +38,18 @@ class TimerTest : public testing_support::TestProgram {
         timer.enabled = true;
     }
 
+    // Runs a polling timer and another one for two seconds, each with an interval of one second.
+    void RunBothKinds() {
+        Form().tmrClock.Tick = [this] { ++polled; };
+        Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
+        SwitchOn(Form().tmrClock, 1000);
+        SwitchOn(Form().tmrFast, 1000);
+        Advance(2000);
+    }
+
     std::int64_t start = 0;
     Moments ticks;
+    int polled = 0;
 };
 
 }  // namespace
@@ -64,7 +74,7 @@ TEST_F(TimerTest, StandsStillWithoutIntervalOrWhileDisabled) {
     EXPECT_FALSE(runtime->timers.NextDue().has_value());
 }
 
-TEST_F(TimerTest, SwitchingOffAndOnOrAnotherIntervalStartsAnew) {
+TEST_F(TimerTest, SwitchingOffAndOnOrANewIntervalRestartsTheTimer) {
     Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
     SwitchOn(Form().tmrFast, 1000);
     Advance(900);
@@ -107,7 +117,7 @@ TEST_F(TimerTest, TicksOnlyWhileItsFormIsLoaded) {
     EXPECT_EQ(ticks, Moments{1100});
 }
 
-TEST_F(TimerTest, KeepsItsPhaseWhateverTheJitter) {
+TEST_F(TimerTest, KeepsItsPhaseUnderJitter) {
     clock.SetJitter(40);
     Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
     SwitchOn(Form().tmrFast, 1000);
@@ -221,7 +231,7 @@ TEST_F(TimerTest, PollingTimersTickInTheMiddleOfTheSecond) {
     EXPECT_EQ(ticks, (Moments{500, 500, 500}));
 }
 
-TEST_F(TimerTest, APollingTimerSeesEverySecondOfADayOnceWhateverTheJitter) {
+TEST_F(TimerTest, APollingTimerSeesEverySecondOfADayOnceUnderJitter) {
     for (const std::uint32_t seed : {1U, 2U, 3U}) {
         clock.SetJitter(450, seed);
         base::DateTime last = clock.Now();
@@ -259,7 +269,7 @@ TEST_F(TimerTest, PollingTimersOfOneIntervalWakeTheMachineTogether) {
     EXPECT_EQ(given, 29);  // the third was switched on after the middle of the first second
 }
 
-TEST_F(TimerTest, TimersOfOtherIntervalsShareAGridTooWhereTheyPoll) {
+TEST_F(TimerTest, PollingTimersOfOtherIntervalsShareAGrid) {
     Moments blink;
     Moments other;
     Form().tmrBlink.Tick = [&] { blink.push_back(Elapsed()); };
@@ -276,12 +286,7 @@ TEST_F(TimerTest, TimersOfOtherIntervalsShareAGridTooWhereTheyPoll) {
 }
 
 TEST_F(TimerTest, AJumpOfTheWallClockMovesPollingTimersOnly) {
-    int polled = 0;
-    Form().tmrClock.Tick = [&polled] { ++polled; };
-    Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
-    SwitchOn(Form().tmrClock, 1000);
-    SwitchOn(Form().tmrFast, 1000);
-    Advance(2000);
+    RunBothKinds();
     clock.Jump(-3600);
     Advance(2000);
     clock.Jump(86'400);
@@ -306,13 +311,8 @@ TEST_F(TimerTest, AJumpOfTheWallClockDropsNoTickThatIsDue) {
     EXPECT_EQ(seen, second);
 }
 
-TEST_F(TimerTest, AfterSleepEachTimerTicksOnceAndNotForWhatItMissed) {
-    int polled = 0;
-    Form().tmrClock.Tick = [&polled] { ++polled; };
-    Form().tmrFast.Tick = [this] { ticks.push_back(Elapsed()); };
-    SwitchOn(Form().tmrClock, 1000);
-    SwitchOn(Form().tmrFast, 1000);
-    Advance(2000);
+TEST_F(TimerTest, AfterSleepMissedTicksAreDropped) {
+    RunBothKinds();
     const int before = polled;
     clock.Suspend(3600);
     EXPECT_LE(polled, before + 1);
@@ -369,7 +369,7 @@ TEST_F(TimerTest, ATimerThatIsOffStaysOffWhenItIsWoken) {
     EXPECT_EQ(ticks.size(), 1U);
 }
 
-TEST_F(TimerTest, WhoIsWokenBySecondsMissesNoneWhileAwake) {
+TEST_F(TimerTest, ATimerWokenEachSecondMissesNoneWhileAwake) {
     std::set<std::int64_t> seen;
     std::set<std::int64_t> awake;
     Form().tmrBlink.Tick = [&] { seen.insert(clock.Now().seconds); };

@@ -53,7 +53,7 @@ void Monkey::Log(const std::string& what) {
 }
 
 void Monkey::Listen() {
-    StandardCode::Events().NotesArrayLoaded.Subscribe([this] { trouble.NotesWereRead(); });
+    StandardCode::Signals().NotesArrayLoaded.Subscribe([this] { trouble.NotesWereRead(); });
 }
 
 void Monkey::StartProgram() {
@@ -203,7 +203,7 @@ void Monkey::AddMenus(const std::vector<Menu*>& menus, const Menu* top, std::vec
     for (Menu* menu : menus) {
         if (!menu->entries.empty()) {
             AddMenus(menu->entries, top, found);
-        } else if (headless::WhyNotChoosable(*menu, top).empty()) {
+        } else if (headless::ReasonNotChoosable(*menu, top).empty()) {
             found.push_back(menu);
         }
     }

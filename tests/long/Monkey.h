@@ -79,7 +79,7 @@ class Monkey : public testing_support::WholeProgram {
     void FillUp();
     void Suspend(std::int64_t seconds);
 
-    // The invariants; see docs/reliability.md.
+    // The invariants; see docs/architecture.md.
     void Check();
     void CheckWindows();
     void CheckNotes();

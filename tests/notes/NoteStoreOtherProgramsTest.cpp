@@ -107,9 +107,10 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesAChangeOfTh
         PutNote(Note("Zebra", "stripes"));
         load();
         EXPECT_FALSE(note.IsFileOther());
+        EXPECT_TRUE(note.IsSaved());
         files.Remove(folder + "\\Zebra.txt");
         load();
-        EXPECT_TRUE(note.IsFileGone());
+        EXPECT_FALSE(note.IsSaved());
         RestartProgram();
         for (const std::string& name : InFolder()) {
             files.Remove(folder + '\\' + name);
@@ -135,7 +136,7 @@ TEST_F(NoteStoreOtherProgramsTest, AnEmptyNoteWhoseFileIsGoneIsUnsavedOnlyIfItsA
     }
 }
 
-TEST_F(NoteStoreOtherProgramsTest, AFileInNoSlotThatWasInUseIsReadLater) {
+TEST_F(NoteStoreOtherProgramsTest, AFileWithoutASlotThatWasInUseIsReadLater) {
     files.PutFolder(folder);
     PutNote(Note("Zebra", "stripes"));
     Start(StandardCode::ReadNotes);

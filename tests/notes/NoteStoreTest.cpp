@@ -233,7 +233,7 @@ TEST_F(NoteStoreTest, TheTitleOfAFileAfterADamagedFileIsTaken) {
     EXPECT_FALSE(StandardCode::Notes().IsTaken("What?"));
 }
 
-TEST_F(NoteStoreTest, ATitleIsTakenWhateverTheCaseOfTheExtension) {
+TEST_F(NoteStoreTest, ATitleIsTakenInAnyCaseOfTheExtension) {
     LoadBehindADamagedFile("Zebra.TXT");
     ExpectOnlyZebraIsTaken();
     // As soon as the note is in a slot, its title is compared instead of its file name.

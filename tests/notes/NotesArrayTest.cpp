@@ -18,7 +18,7 @@ class NotesArrayTest : public testing_support::ProductProgram {
     void SetUp() override {
         ProductProgram::SetUp();
         files.PutFolder(StandardCode::NotesFolder());
-        StandardCode::Events().NotesArrayLoaded.Subscribe([this] { ++timesLoaded; });
+        StandardCode::Signals().NotesArrayLoaded.Subscribe([this] { ++timesLoaded; });
     }
 
     static Note DueNote(const std::string& title) {
@@ -127,7 +127,7 @@ TEST_F(NotesArrayTest, AFileThatAnotherProgramIsWritingIsLoadedWhole) {
     EXPECT_EQ(system.paused, 200);
 }
 
-TEST_F(NotesArrayTest, WhatWasOutOfReachIsLoadedAgainHalfAMinuteLater) {
+TEST_F(NotesArrayTest, UnreachableNotesAreLoadedAgainHalfAMinuteLater) {
     PutNote("a");
     PutNote("b");
     for (const std::string& unreachable : {NotePath("a"), StandardCode::NotesFolder()}) {

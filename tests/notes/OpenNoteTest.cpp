@@ -90,7 +90,7 @@ TEST_F(OpenNoteTest, TheCurrentNoteIsTheLastOneOpened) {
     EXPECT_EQ(StandardCode::CurrentNote(), nullptr);
 }
 
-TEST_F(OpenNoteTest, IfAFileHasTwoEditorsTheOneThatSavedItComesUp) {
+TEST_F(OpenNoteTest, IfAFileHasTwoEditorsTheEditorThatSavedItComesUp) {
     MakeNote("Same", "one");
     Start([] { StandardCode::CreateNote("Same"); });
     auto& second = static_cast<frmNote&>(*runtime->LoadedForms().back());
@@ -108,7 +108,7 @@ TEST_F(OpenNoteTest, IfAFileHasTwoEditorsTheOneThatSavedItComesUp) {
 TEST_F(OpenNoteTest, ThePanelMayRebuildTheArrayMeanwhile) {
     PutNote(Note("Dentist"));
     Start(StandardCode::LoadNotesArray);
-    StandardCode::Events().ControlPanel.Subscribe([](PanelAction) {
+    StandardCode::Signals().ControlPanel.Subscribe([](PanelAction) {
         Shared().NotesArray = StandardCode::NotesTable{};
         Shared().NoteCount = 0;
     });
@@ -119,7 +119,7 @@ TEST_F(OpenNoteTest, ThePanelMayRebuildTheArrayMeanwhile) {
 TEST_F(OpenNoteTest, AnotherNoteThatTakesTheSlotMeanwhileDoesNotRing) {
     PutNote(Note("Dentist").WithAlarm());
     Start(StandardCode::LoadNotesArray);
-    StandardCode::Events().ControlPanel.Subscribe([this](PanelAction) {
+    StandardCode::Signals().ControlPanel.Subscribe([this](PanelAction) {
         PutNote(Note("Bread"));
         StandardCode::LoadNotesArray();
     });

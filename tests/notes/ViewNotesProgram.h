@@ -48,8 +48,8 @@ class ViewNotesProgram : public ProductProgram {
         }
         return titles;
     }
-    void Raise(StandardCode::SharedEvents::PanelAction action) {
-        Start([action] { StandardCode::Events().ControlPanel.Raise(action); });
+    void Raise(StandardCode::SharedSignals::PanelAction action) {
+        Start([action] { StandardCode::Signals().ControlPanel.Raise(action); });
     }
     // Closes an editor without a question. These tests are not about closing.
     void CloseNote(forms::Form& note) {

@@ -18,7 +18,7 @@ namespace {
 
 using forms::BoxResult;
 using StandardCode::Shared;
-using PanelAction = StandardCode::SharedEvents::PanelAction;
+using PanelAction = StandardCode::SharedSignals::PanelAction;
 
 const std::string notes = "C:\\Jotwright\\Notes";
 const std::string dentist = notes + "\\Dentist.txt";
@@ -39,7 +39,7 @@ class frmDisplayNoteClosingTest : public testing_support::ProductProgram {
 
     // Rebuilds the array, as the control panel does.
     void Watch() {
-        StandardCode::Events().ControlPanel.Subscribe([this](PanelAction action) {
+        StandardCode::Signals().ControlPanel.Subscribe([this](PanelAction action) {
             panelActions.push_back(action);
             StandardCode::LoadNotesArray();
         });

@@ -242,7 +242,7 @@ TEST_F(frmDisplayNoteTest, IsSilentIfAnotherAlarmHasBegunToRing) {
     }
 }
 
-TEST_F(frmDisplayNoteTest, TheSoundIsTheOneThatIsChosenWhenItPlays) {
+TEST_F(frmDisplayNoteTest, ASoundChosenAfterOpeningIsPlayed) {
     Fill(Note("Dentist").WithSound());
     const auto display = Display();
     SwitchSoundOn(*display);

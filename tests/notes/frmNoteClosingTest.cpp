@@ -250,7 +250,7 @@ TEST_F(frmNoteClosingTest, TextTypedAfterAnEraseThatCouldNotCloseTheWindowIsSave
 TEST_F(frmNoteClosingTest, TextTypedAfterAnEraseThatFailedHalfwayIsSaved) {
     frmNote& note = OpenThroughPanel(Note("Dentist", "old"));
     bool fails = true;
-    StandardCode::Events().ControlPanel.Subscribe([&fails](PanelAction) {
+    StandardCode::Signals().ControlPanel.Subscribe([&fails](PanelAction) {
         if (fails) {
             throw base::RuntimeError(base::ErrorNumber::OutOfMemory);
         }

@@ -15,7 +15,7 @@ namespace {
 using forms::BoxResult;
 using StandardCode::Shared;
 using frmViewNotesActionsTest = testing_support::ViewNotesProgram;
-using PanelAction = StandardCode::SharedEvents::PanelAction;
+using PanelAction = StandardCode::SharedSignals::PanelAction;
 
 TEST_F(frmViewNotesActionsTest, EditOpensTheSelectedNote) {
     PutNote(Note("Milk"));
@@ -177,7 +177,7 @@ TEST_F(frmViewNotesActionsTest, OpenAllLeavesTheEditorWithoutANoteHidden) {
 
 TEST_F(frmViewNotesActionsTest, NewAsksForTheTitleBoxAndCloses) {
     int timesAsked = 0;
-    StandardCode::Events().FocusNoteTitle.Subscribe([&] {
+    StandardCode::Signals().FocusNoteTitle.Subscribe([&] {
         ++timesAsked;
         EXPECT_TRUE(IsOpen());
     });

@@ -20,7 +20,7 @@ namespace testing_support {
 // recorded.
 class NoteProgram : public ProductProgram {
   protected:
-    using PanelAction = StandardCode::SharedEvents::PanelAction;
+    using PanelAction = StandardCode::SharedSignals::PanelAction;
 
     void SetUp() override {
         ProductProgram::SetUp();
@@ -82,10 +82,10 @@ class NoteProgram : public ProductProgram {
 
   private:
     void Listen() {
-        auto& events = StandardCode::Events();
-        events.ControlPanel.Subscribe([this](PanelAction action) { panel.push_back(action); });
-        events.ShowHelp.Subscribe([this] { ++helpShown; });
-        events.ShowAbout.Subscribe([this] { ++aboutShown; });
+        auto& signals = StandardCode::Signals();
+        signals.ControlPanel.Subscribe([this](PanelAction action) { panel.push_back(action); });
+        signals.ShowHelp.Subscribe([this] { ++helpShown; });
+        signals.ShowAbout.Subscribe([this] { ++aboutShown; });
     }
 };
 

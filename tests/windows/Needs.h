@@ -18,7 +18,7 @@ void Need(bool isMet, const std::string& text);
 // Need() for a helper that the environment does not have.
 [[noreturn]] void MissingHelper(const std::string& variable);
 // In the test kit: needs a task bar. Without one, Wine shows each window in a window of the host's
-// display, which hands out the focus as it likes and does not keep what covered windows show.
+// display, where the host decides the focus and the contents of covered windows are lost.
 void NeedDesktop();
 // In the test kit: needs dates and times in the form of the United States.
 void NeedFormatsOfUnitedStates();

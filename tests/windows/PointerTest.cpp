@@ -126,7 +126,7 @@ TEST_F(PointerTest, TheEditorAnswersAtTheColumnsOf96Dpi) {
         ExpectTimerHasKeyboard(timer, typed);
         EXPECT_FALSE(program.OpenMenu()) << column;
     }
-    for (const int column : {514, 515}) {
+    for (const int column : {WM_LBUTTONUP, WM_LBUTTONDBLCLK}) {
         moveTo(510);
         BringUp(timer);
         moveTo(column);
@@ -134,7 +134,7 @@ TEST_F(PointerTest, TheEditorAnswersAtTheColumnsOf96Dpi) {
     }
     moveTo(510);
     BringUp(timer);
-    moveTo(517);
+    moveTo(WM_RBUTTONUP);
     ASSERT_TRUE(ComesTrue([&] { return static_cast<bool>(program.OpenMenu()); }));
     EXPECT_EQ(::GetForegroundWindow(), note.handle);
     CloseMenu(program, note);

@@ -21,7 +21,7 @@ class SoundRecorder {
     double SoundingSeconds(std::uint64_t since) const;
     // The seconds of sound in a sound file (16 bits, one channel), played once.
     static double SoundingSecondsOf(const std::string& wave);
-    // Whether there was any sound since this moment.
+    // Whether a sound was recorded after this time.
     bool HasSounded(std::uint64_t since) const;
 
   private:

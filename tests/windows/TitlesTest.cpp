@@ -91,41 +91,17 @@ TEST_F(TitlesTest, InvalidTitlesAreRejectedWithAPicture) {
     EXPECT_EQ(FileNames(folder + "\\Notes").size(), 1U);
 }
 
-TEST_F(TitlesTest, ValidTitlesAreKeptAsTyped) {
-    WriteSetting("Options", "DefaultColor", "7");
+TEST_F(TitlesTest, TitlesThatDifferOnlyInCaseShareOneFile) {
     WriteNote("Shopping", "\"Shopping\",\"milk\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");
     const Window main = StartProgram();
-    const auto makeNote = [&](const std::string& title) {
-        tray::Click(main);
-        WaitUntil("the main window is back", [&] { return main.IsVisible(); });
-        const Window titleBox = main.Only("Edit");
-        const Window editor = MakeNote(main, title);
-        WaitUntil("the main window hides itself", [&] { return !main.IsVisible(); });
-        EXPECT_EQ(titleBox.Text(), "");
-        return editor;
-    };
-    // An unknown colour becomes gray. The size is the editor's own.
-    const Window plans = makeNote("2004 plans");
-    EXPECT_TRUE(
-        ComesTrue([&] { return Picture(plans.Only("Edit")).Share(RGB(192, 192, 192)) > 0.8; }));
-    HideNote(plans);
-    ExpectNote("2004 plans",
-               "\"2004 plans\",\"\",#2031-06-02#,#12:00:00#,6,12,\"0\",0,\"yes\"\r\n");
-
-    // Two notes may have the same title until one of them is saved.
-    makeNote("Rent");
-    makeNote("Rent");
-    EXPECT_EQ(program.Visible("Rent").size(), 2U);
-
-    // Titles that differ only in case share one file.
-    HideNote(makeNote("shopping"));
+    HideNote(MakeNote(main, "shopping"));
     EXPECT_TRUE(ComesTrue([&] {
         return WholeFile(NotePath("Shopping")).value_or("").starts_with("\"shopping\",\"\"");
     }));
     const auto names = FileNames(folder + "\\Notes");
     EXPECT_EQ(std::count_if(names.begin(), names.end(),
                             [](const std::string& name) { return name.ends_with(".txt"); }),
-              2);
+              1);
 }
 
 }  // namespace driver

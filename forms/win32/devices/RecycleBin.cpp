@@ -54,9 +54,9 @@ std::uint64_t SizeOf(const std::wstring& nativePath) {
     return static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U | data.nFileSizeLow;
 }
 
-// The capacity in bytes, at least. The user's choice for the volume is in mebibytes. If the user
-// has chosen none, the system takes at least a twentieth of the volume. Policies limit both, in
-// hundredths of the volume.
+// A lower bound for the bin's capacity, in bytes. The user's choice for the volume is in mebibytes.
+// If the user has chosen none, the system takes at least a twentieth of the volume. Policies limit
+// both, in hundredths of the volume.
 std::uint64_t CapacityOf(const wchar_t* root, std::optional<DWORD> chosen) {
     constexpr unsigned leastShare = 20;
     ULARGE_INTEGER total{};

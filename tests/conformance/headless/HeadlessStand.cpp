@@ -33,11 +33,11 @@ class HeadlessStand : public Stand {
     void CloseBox(Form& form) override { user.CloseBox(form); }
     void Minimize(Form& form) override { user.Minimize(form); }
     void Restore(Form& form) override { user.Restore(form); }
-    void PressTab() override { user.Tab(); }
+    void PressTab() override { user.PressTab(); }
     void PressEnter() override { user.PressEnter(); }
     void PressEscape() override { user.PressEscape(); }
     void PressMenuKey() override { user.PressMenuKey(); }
-    void PressAccessKey(Form& form, char letter) override { user.AccessKey(form, letter); }
+    void PressAccessKey(Form& form, char letter) override { user.PressAccessKey(form, letter); }
     void Drag(Form& form, const Script& during) override {
         user.Drag(form, form.left, form.top, AfterStaying(during));
     }

@@ -99,7 +99,7 @@ void Answers::OnTick() {
         unexpectedFor = 0;
         return;
     }
-    ComplainAboutTheUnexpected();
+    ReportUnexpected();
 }
 
 bool Answers::AnswerBox() {
@@ -207,7 +207,7 @@ void Answers::ChooseByKeys(const Expected& popup) const {
     PressKey(VK_RETURN);
 }
 
-void Answers::ComplainAboutTheUnexpected() {
+void Answers::ReportUnexpected() {
     HWND strangeBox = nullptr;
     for (HWND box : VisibleWindowsOfClass(L"#32770")) {
         if (std::find(knownBoxes.begin(), knownBoxes.end(), box) == knownBoxes.end()) {

@@ -56,7 +56,7 @@ class Answers {
     bool AnswerPopup();
     static void PressButton(HWND box, forms::BoxResult answer);
     void ChooseByKeys(const Expected& popup) const;
-    void ComplainAboutTheUnexpected();
+    void ReportUnexpected();
     // Call only while the next expected window is open.
     bool HasStayedOpen();
     bool NextIs(Expected::Kind kind) const;

@@ -174,7 +174,7 @@ TEST(WinLocaleCodePagesTest, OfUtf8OnlyAsciiIsWrittenAndBothAreRead) {
     EXPECT_EQ(locale.FromAnsi("caf\xc3\xa9 \xe6\x97\xa5"), "caf\xc3\xa9 \xe6\x97\xa5");
 }
 
-TEST(WinLocaleCodePagesTest, WhatIsNoUtf8IsReadInThePageOfTheLanguage) {
+TEST(WinLocaleCodePagesTest, BytesThatAreNotUtf8UseTheLanguagesCodePage) {
     DWORD page = 0;
     ::GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
                      reinterpret_cast<wchar_t*>(&page), sizeof page / sizeof(wchar_t));

@@ -100,7 +100,7 @@ TEST_F(WinSoundTest, ALoopGoesOnUntilItIsStoppedOrAnotherSoundBegins) {
     }
 }
 
-TEST_F(WinSoundTest, WhatIsNoWaveIsSilentlyPassedOver) {
+TEST_F(WinSoundTest, FilesThatAreNoWavesAreSilentlyIgnored) {
     const auto write = [this](const std::string& name, const std::string& bytes) {
         files.Write(folder / name, bytes);
         return folder / name;

@@ -38,7 +38,7 @@ TEST(HeadlessLocaleTest, OtherWeekdayNames) {
     EXPECT_EQ(locale.WeekdayName(friday), "Fr");
 }
 
-TEST(HeadlessLocaleTest, GeneralDateLeavesOutWhatIsZero) {
+TEST(HeadlessLocaleTest, GeneralDateLeavesOutAZeroDateOrTime) {
     HeadlessLocale locale;
     EXPECT_EQ(locale.GeneralDate(friday), "5/14/2004 9:30:00 AM");
     EXPECT_EQ(locale.GeneralDate(friday.DateOnly()), "5/14/2004");

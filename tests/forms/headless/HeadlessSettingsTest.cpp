@@ -4,7 +4,7 @@
 
 namespace forms::headless {
 
-TEST(HeadlessSettingsTest, KeepsWhatIsWritten) {
+TEST(HeadlessSettingsTest, KeepsWrittenValues) {
     HeadlessSettings settings;
     EXPECT_EQ(settings.Read("Options", "DefaultColor"), std::nullopt);
     settings.Write("Options", "DefaultColor", "3");

@@ -72,7 +72,7 @@ TEST_F(HeadlessStageTest, EachPropertyOfABoxCounts) {
     ExpectFailure("no such button");
 }
 
-TEST_F(HeadlessStageTest, WhatNeverComesFails) {
+TEST_F(HeadlessStageTest, AnExpectedWindowThatNeverOpensFails) {
     stage->ExpectBox("Sure?", "Box", BoxIcon::Question, BoxButtons::YesNo, BoxResult::No);
     stage->ExpectModal<frmFirst>([](frmFirst&) {});
     stage->Verify();
@@ -209,7 +209,7 @@ TEST_F(HeadlessStageTest, TheUserDoesNothingThatAPersonCouldNotDo) {
     EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(HeadlessStageTest, ImprovisationAnswersWhatNobodyExpected) {
+TEST_F(HeadlessStageTest, ImprovisationAnswersUnexpectedWindows) {
     stage->improvise.box = [](const BoxRequest&) { return BoxResult::No; };
     stage->improvise.modal = [this](Form& form) { user->CloseBox(form); };
     Start([] {

@@ -147,7 +147,7 @@ TEST_F(MemoryFilesTest, DeniedFilesAreNotRead) {
     EXPECT_EQ(ErrorOf([&] { files.Delete("C:\\App\\Notes\\a.txt"); }), 70);
 }
 
-TEST_F(MemoryFilesTest, FullDiskKeepsWhatFits) {
+TEST_F(MemoryFilesTest, AFullDiskKeepsTheBytesThatFit) {
     files.SetFreeSpace(4);
     EXPECT_EQ(ErrorOf([&] { files.Write("C:\\App\\Notes\\a.txt", "123456"); }), 61);
     EXPECT_EQ(files.Peek("C:\\App\\Notes\\a.txt"), "1234");
@@ -174,7 +174,7 @@ TEST_F(MemoryFilesTest, CopyOverwrites) {
     EXPECT_EQ(ErrorOf([&] { files.Copy("C:\\App\\Notes\\c.txt", "C:\\App\\d.txt"); }), 53);
 }
 
-TEST_F(MemoryFilesTest, RecycleBinHoldsWhatWasRecycledWhereThereIsOne) {
+TEST_F(MemoryFilesTest, ARecycledFileIsInTheBinIfThereIsABin) {
     files.PutFile("C:\\App\\Notes\\a.txt", "a");
     files.PutFile("C:\\App\\Notes\\b.txt", "b");
     EXPECT_TRUE(files.Recycle("C:\\App\\Notes\\a.txt"));
@@ -233,7 +233,7 @@ struct KillCase {
 class MemoryFilesKilledWriteTest : public MemoryFilesTest,
                                    public testing::WithParamInterface<KillCase> {};
 
-TEST_P(MemoryFilesKilledWriteTest, LeavesWhatHadReachedTheMedium) {
+TEST_P(MemoryFilesKilledWriteTest, LeavesTheBytesThatReachedTheMedium) {
     files.PutFile("C:\\App\\Notes\\a.txt", "old!");
     files.KillAt(GetParam().step, GetParam().moment);
     EXPECT_THROW(files.Write("C:\\App\\Notes\\a.txt", "new text"), Killed);

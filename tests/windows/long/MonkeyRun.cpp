@@ -200,7 +200,7 @@ void MonkeyRun::StartAgain() {
     WaitUntil("the program is up", [this] { return static_cast<bool>(FindMain()); });
 }
 
-TEST_F(MonkeyRun, TheProgramAnswersAndEndsInOrderWhateverTheUserDoes) {
+TEST_F(MonkeyRun, TheProgramAnswersAndEndsInOrderAfterAnyGestures) {
     const int seconds = Number("JOTWRIGHT_MONKEY_SECONDS", 6);
     const auto seed = static_cast<unsigned>(Number("JOTWRIGHT_SEED", 1));
     random.seed(seed);

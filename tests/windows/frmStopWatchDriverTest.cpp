@@ -2,7 +2,7 @@
 
 namespace driver {
 
-class StopWatchTest : public DriverTest {
+class frmStopWatchDriverTest : public DriverTest {
   protected:
     inline static const MenuPath barSave{0, 0};
     inline static const MenuPath barClear{0, 1};
@@ -17,14 +17,14 @@ class StopWatchTest : public DriverTest {
                           const std::string& time);
 };
 
-Window StopWatchTest::Open(const Window& main) const {
+Window frmStopWatchDriverTest::Open(const Window& main) const {
     main.Button("&Stop Watch").Click();
     const Window watch = program.WaitFor("Novelty Stop Watch");
     WaitUntilFilled(watch, listClass);
     return watch;
 }
 
-std::string StopWatchTest::Shown(const Window& watch) {
+std::string frmStopWatchDriverTest::Shown(const Window& watch) {
     for (const Window& label : watch.ChildrenOfClass("Static")) {
         const std::string text = label.Text();
         if (text.size() == 8 && text[2] == ':' && text[5] == ':') {
@@ -34,11 +34,11 @@ std::string StopWatchTest::Shown(const Window& watch) {
     throw Failure("no time in " + watch.Description());
 }
 
-void StopWatchTest::WaitUntilItShows(const Window& watch, const std::string& atLeast) {
+void frmStopWatchDriverTest::WaitUntilItShows(const Window& watch, const std::string& atLeast) {
     WaitUntil("it shows " + atLeast, [&] { return Shown(watch) >= atLeast; });
 }
 
-std::string StopWatchTest::Run(const Window& watch, const std::string& atLeast) {
+std::string frmStopWatchDriverTest::Run(const Window& watch, const std::string& atLeast) {
     watch.Button("&Start").Click();
     WaitUntil("it runs", [&] { return watch.Button("S&top").IsEnabled(); });
     EXPECT_FALSE(watch.Button("&Start").IsEnabled());
@@ -49,7 +49,7 @@ std::string StopWatchTest::Run(const Window& watch, const std::string& atLeast) 
     return Shown(watch);
 }
 
-void StopWatchTest::WaitForRows(const Window& watch, int count) {
+void frmStopWatchDriverTest::WaitForRows(const Window& watch, int count) {
     WaitUntil("the list has " + std::to_string(count) + " rows",
               [&] { return RowCount(watch.Only(listClass)) == count; });
     watch.Send(WM_NULL);
@@ -57,15 +57,15 @@ void StopWatchTest::WaitForRows(const Window& watch, int count) {
     EXPECT_FALSE(watch.Button("Sa&ve").IsEnabled());
 }
 
-void StopWatchTest::ExpectRow(const Window& watch, int row, const std::string& run,
-                              const std::string& time) {
+void frmStopWatchDriverTest::ExpectRow(const Window& watch, int row, const std::string& run,
+                                       const std::string& time) {
     const Window list = watch.Only(listClass);
     EXPECT_EQ(CellText(list, row, 0), "");
     EXPECT_EQ(CellText(list, row, 1), run);
     EXPECT_EQ(CellText(list, row, 2), time);
 }
 
-TEST_F(StopWatchTest, RunsAreSavedListedAndCleared) {
+TEST_F(frmStopWatchDriverTest, RunsAreSavedListedAndCleared) {
     const Window watch = Open(StartProgram());
     EXPECT_FALSE(watch.Button("Sa&ve").IsEnabled());
     const std::string first = Run(watch, "00:00:01");
