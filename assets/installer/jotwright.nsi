@@ -313,10 +313,13 @@ SectionEnd
 ; Deletes only files that the program makes. Other files in these folders stay.
 Section /o "un.Erase my notes, special alarms and settings" SectionErase
     Delete "$INSTDIR\Notes\*.txt"
+    Delete "$INSTDIR\Notes\*.replaced"
+    Delete "$INSTDIR\Notes\*.damaged"
     Delete "$INSTDIR\Notes\~*.recovery"
     Delete "$INSTDIR\Notes\~Jotwright*.tmp"
     RMDir "$INSTDIR\Notes"
     Delete "$INSTDIR\SpecialAlarms\SpecialAlarms.txt"
+    Delete "$INSTDIR\SpecialAlarms\*.replaced"
     Delete "$INSTDIR\SpecialAlarms\~Jotwright*.tmp"
     RMDir "$INSTDIR\SpecialAlarms"
     RMDir "$INSTDIR"
