@@ -232,8 +232,12 @@ Function ChooseSidePicture
     System::Call 'user32::GetDC(p 0) p .r0'
     System::Call 'gdi32::GetDeviceCaps(p r0, i 88) i .r1'   ; LOGPIXELSX
     System::Call 'user32::ReleaseDC(p 0, p r0)'
-    ${If} $1 > 192
+    ${If} $1 > 240
+        !insertmacro SidePicture 300
+    ${ElseIf} $1 > 216
         !insertmacro SidePicture 250
+    ${ElseIf} $1 > 192
+        !insertmacro SidePicture 225
     ${ElseIf} $1 > 168
         !insertmacro SidePicture 200
     ${ElseIf} $1 > 144
