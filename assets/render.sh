@@ -114,6 +114,6 @@ side() {
         -extent "$((164 * $1 / 100))x$((314 * $1 / 100))" -alpha remove -alpha off \
         +dither -colors 255 -type Palette -strip "BMP3:installer/side-$1.bmp"
 }
-for percent in 100 125 150 175 200 250; do
+for percent in 100 125 150 175 200 225 250 300; do
     side "$percent"
 done

@@ -156,8 +156,8 @@ class Shell {
     virtual int Open(const std::string& document, const std::string& workingFolder) = 0;
     // Shows a help file. command is the help viewer's own command number.
     virtual void ShowHelp(const std::string& helpFile, int command) = 0;
-    // Makes the shortcut start this program from the place where it is now. A file that is no
-    // shortcut, or that cannot be written, stays unchanged.
+    // Makes the shortcut start this program, or the file beside it that has the old target's name.
+    // A file that is no shortcut, or that cannot be written, stays unchanged.
     virtual void PointToThisProgram(const std::string& shortcut) = 0;
 };
 

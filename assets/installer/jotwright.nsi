@@ -232,8 +232,12 @@ Function ChooseSidePicture
     System::Call 'user32::GetDC(p 0) p .r0'
     System::Call 'gdi32::GetDeviceCaps(p r0, i 88) i .r1'   ; LOGPIXELSX
     System::Call 'user32::ReleaseDC(p 0, p r0)'
-    ${If} $1 > 192
+    ${If} $1 > 240
+        !insertmacro SidePicture 300
+    ${ElseIf} $1 > 216
         !insertmacro SidePicture 250
+    ${ElseIf} $1 > 192
+        !insertmacro SidePicture 225
     ${ElseIf} $1 > 168
         !insertmacro SidePicture 200
     ${ElseIf} $1 > 144
@@ -313,10 +317,13 @@ SectionEnd
 ; Deletes only files that the program makes. Other files in these folders stay.
 Section /o "un.Erase my notes, special alarms and settings" SectionErase
     Delete "$INSTDIR\Notes\*.txt"
+    Delete "$INSTDIR\Notes\*.replaced"
+    Delete "$INSTDIR\Notes\*.damaged"
     Delete "$INSTDIR\Notes\~*.recovery"
     Delete "$INSTDIR\Notes\~Jotwright*.tmp"
     RMDir "$INSTDIR\Notes"
     Delete "$INSTDIR\SpecialAlarms\SpecialAlarms.txt"
+    Delete "$INSTDIR\SpecialAlarms\*.replaced"
     Delete "$INSTDIR\SpecialAlarms\~Jotwright*.tmp"
     RMDir "$INSTDIR\SpecialAlarms"
     RMDir "$INSTDIR"

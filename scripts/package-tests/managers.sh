@@ -37,6 +37,14 @@ scoop=$temp/scoop
 manifest=$temp/packages/manifests/scoop/jotwright.json
 same "$(field "$manifest" architecture 64bit hash)" "$(sha256sum <"$name-portable.zip" | cut -d ' ' -f 1)" \
     "the checksum in Scoop's manifest"
+# Scoop finds the next version by these fields. With this version they give this version's files.
+now() { sed "s/\$version/$version/g"; }
+same "$(field "$manifest" autoupdate architecture 64bit url | now)" \
+    "$(field "$manifest" architecture 64bit url)" "the address of Scoop's update"
+sums=$(field "$manifest" autoupdate hash url | now)
+[ -e "$temp/packages/${sums##*/}" ] || fail "no checksums at $sums"
+same "$(sed -nE "s/.*$(field "$manifest" checkver regex | sed 's/\\d/0-9/').*/\1/p" \
+    <<<'<a href="Jotwright-9.8.7-windows-x64-portable.zip">')" 9.8.7 "the version that Scoop finds"
 # scoop_install <version>: a folder for the version; each persisted folder of it is moved out when it is
 # first seen, and replaced by a link; "current" is a link to the version. The archive is the same for both
 # versions.

@@ -57,6 +57,17 @@ bool IsFile(const std::wstring& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
+std::wstring FolderOf(const std::wstring& path) { return path.substr(0, path.find_last_of(L'\\')); }
+
+// The file beside this program that has the target's name, for example the launcher of the portable
+// copy. If there is none, this program.
+std::wstring ProgramInThisFolder(const std::wstring& target) {
+    const std::wstring self = ProgramPath();
+    const std::wstring sameName =
+        FolderOf(self) + L'\\' + target.substr(target.find_last_of(L'\\') + 1);
+    return IsFile(sameName) ? sameName : self;
+}
+
 }  // namespace
 
 WinShell::WinShell() : WinShell(SystemHasHelpViewer()) {}
@@ -94,7 +105,6 @@ void WinShell::ShowHelp(const std::string& helpFile, int command) {
 void WinShell::PointToThisProgram(const std::string& shortcut) {
     StartCom();
     const std::wstring path = Wide(shortcut);
-    const std::wstring program = ProgramPath();
     const auto before = NewLink();
     const auto link = NewLink();
     if (!before || !link || FAILED(FileOf(*before)->Load(path.c_str(), STGM_READ))) {
@@ -104,10 +114,10 @@ void WinShell::PointToThisProgram(const std::string& shortcut) {
     wchar_t description[INFOTIPSIZE]{};
     before->GetPath(target, MAX_PATH, nullptr, SLGP_RAWPATH);
     before->GetDescription(description, INFOTIPSIZE);
+    const std::wstring program = ProgramInThisFolder(target);
     // Write a new shortcut: the old one may hold its target in other forms too.
     if (target != program && SUCCEEDED(link->SetPath(program.c_str())) &&
-        SUCCEEDED(
-            link->SetWorkingDirectory(program.substr(0, program.find_last_of(L'\\')).c_str()))) {
+        SUCCEEDED(link->SetWorkingDirectory(FolderOf(program).c_str()))) {
         link->SetDescription(description);
         FileOf(*link)->Save(path.c_str(), TRUE);
     }

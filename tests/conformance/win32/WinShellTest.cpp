@@ -9,6 +9,7 @@
 
 #include "forms/win32/Utf.h"
 #include "forms/win32/devices/Handle.h"
+#include "forms/win32/devices/ProgramPath.h"
 #include "forms/win32/devices/WinFiles.h"
 #include "forms/win32/devices/WinShell.h"
 #include "tests/conformance/win32/TempFolder.h"
@@ -64,33 +65,63 @@ void MakeLink(const std::string& shortcut, const std::wstring& target) {
     link->Release();
 }
 
-TEST(WinShellTest, AShortcutIsPointedToTheRunningProgram) {
+class WinShellShortcutTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+        MakeLink(shortcut, ProgramPath());
+        if (TargetOf(shortcut) != ProgramPath()) {
+            // Wine reads only the target in the system's code page.
+            GTEST_SKIP() << "skipped: needs a shell that reads every letter of a shortcut's target";
+        }
+    }
+    void TearDown() override {
+        ::DeleteFileW(launcher.c_str());
+        ::CoUninitialize();
+    }
+
+    // Expects that the shortcut is pointed to expected, and stays as it is the next time.
+    void ExpectTarget(const std::wstring& expected) {
+        shell.PointToThisProgram(shortcut);
+        EXPECT_EQ(TargetOf(shortcut), expected);
+        const std::string bytes = files.Read(shortcut);
+        shell.PointToThisProgram(shortcut);
+        EXPECT_EQ(files.Read(shortcut), bytes);
+    }
+
     const TempFolder folder;
     const std::string shortcut = folder / "a shortcut.lnk";
+    // A file beside this program; TearDown removes it.
+    const std::wstring launcher =
+        ProgramPath().substr(0, ProgramPath().find_last_of(L'\\')) + L"\\WinShellTest launcher.exe";
     WinShell shell;
     WinFiles files;
+};
+
+TEST_F(WinShellShortcutTest, ItIsPointedToTheRunningProgram) {
+    MakeLink(shortcut, L"C:\\Jotwright\\WinShellTest launcher.exe");
+    EXPECT_EQ(TargetOf(shortcut), L"C:\\Jotwright\\WinShellTest launcher.exe");
+    ExpectTarget(ProgramPath());
+}
+
+TEST_F(WinShellShortcutTest, ALauncherBesideTheProgramStaysTheTarget) {
+    files.Write(Narrow(launcher), "");
+    MakeLink(shortcut, launcher);
+    ExpectTarget(launcher);
+}
+
+TEST_F(WinShellShortcutTest, TheLauncherIsFoundInTheProgramsNewFolder) {
+    files.Write(Narrow(launcher), "");
+    MakeLink(shortcut, L"Q:\\Jotwright\\WinShellTest launcher.exe");
+    ExpectTarget(launcher);
+}
+
+TEST_F(WinShellShortcutTest, OtherFilesStayUnchanged) {
     files.Write(shortcut, "no shortcut");
     shell.PointToThisProgram(shortcut);
     EXPECT_EQ(files.Read(shortcut), "no shortcut");
     shell.PointToThisProgram(folder / "missing.lnk");
     EXPECT_FALSE(files.FileExists(folder / "missing.lnk"));
-
-    MakeLink(shortcut, L"C:\\Jotwright\\Jotwright.exe");
-    EXPECT_EQ(TargetOf(shortcut), L"C:\\Jotwright\\Jotwright.exe");
-
-    wchar_t self[MAX_PATH]{};
-    ::GetModuleFileNameW(nullptr, self, MAX_PATH);
-    MakeLink(shortcut, self);
-    if (TargetOf(shortcut) != self) {
-        // Wine reads only the target in the system's code page.
-        GTEST_SKIP() << "skipped: needs a shell that reads every letter of a shortcut's target";
-    }
-    MakeLink(shortcut, L"C:\\Jotwright\\Jotwright.exe");
-    shell.PointToThisProgram(shortcut);
-    EXPECT_EQ(TargetOf(shortcut), self);
-    const std::string bytes = files.Read(shortcut);
-    shell.PointToThisProgram(shortcut);
-    EXPECT_EQ(files.Read(shortcut), bytes);
 }
 
 class WinShellHelpTest : public testing::Test {
