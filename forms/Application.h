@@ -54,8 +54,8 @@ class Application {
     // Called when F1 is pressed in a form that has no control and no menu entry for it.
     std::function<void()> onHelp;
 
-    // Shows the windows that the handler has opened so far, and lets them come up: handles events for
-    // a moment. Throws ProgramEnded if the program has ended.
+    // Shows the windows that the handler has opened so far, and lets them come up: handles events
+    // for a moment. Throws ProgramEnded if the program has ended.
     virtual void LetWindowsComeUp() = 0;
 
     // Makes the form the active one. Form_Activate runs unless the form is active already.
