@@ -173,6 +173,13 @@ TEST_F(NoteFileTest, AnyTextComesBackWhole) {
     }
 }
 
+TEST_F(NoteFileTest, AQuotedTextBeforeEmptyFieldsComesBackWhole) {
+    NoteRecord record = Dentist();
+    record.Text = "He said \"hi\", then left";
+    record.Trailer.clear();
+    EXPECT_EQ(Decoded(NoteFile::Encode(record)), record);
+}
+
 TEST_F(NoteFileTest, AFileThatDoesNotEndInTheRightFieldsIsReadFieldByField) {
     const std::string quoted =
         "\"Dentist\",\"He said \"hi\" to me\",#2004-05-14#,#09:30:00#,5,12,\"1\",1";

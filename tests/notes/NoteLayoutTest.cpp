@@ -36,6 +36,16 @@ TEST_F(NoteLayoutTest, TheWindowIsSmallerIfTheDateAndTimePanelIsHidden) {
     EXPECT_LE(bottomOf(note.fraCurrentTime), note.ScaleHeight());
 }
 
+TEST_F(NoteLayoutTest, TheTextTakesTheRoomOfTheHiddenPanelInAMaximizedWindow) {
+    frmNote& note = MakeNote("Dentist");
+    user->Maximize(note);
+    const int textHeight = note.txtNote.height;
+    user->Click(note.cmdShowDateTime);
+    EXPECT_GT(note.txtNote.height(), textHeight);
+    user->Click(note.cmdShowDateTime);
+    EXPECT_EQ(note.txtNote.height(), textHeight);
+}
+
 TEST_F(NoteLayoutTest, TheTextFillsALargerWindow) {
     frmNote& note = MakeNote("Dentist");
     const int width = note.txtNote.width;
