@@ -24,6 +24,8 @@ endforeach()
 # The long tests, in their short form. scripts/long-run runs them in full.
 jotwright_add_windows_check(windows.long 100 "${scripts}/run-windows-tests" --app
                             "${PROJECT_BINARY_DIR}" windows_long.exe)
+# A time zone with daylight saving time, for YearRun.
+set_property(TEST windows.long APPEND PROPERTY ENVIRONMENT "JOTWRIGHT_TEST_ZONE=EST5EDT,M3.2.0,M11.1.0")
 jotwright_add_windows_check(check.hardening 1 "${scripts}/check-hardening"
                             "${PROJECT_BINARY_DIR}/Jotwright.exe"
                             "${PROJECT_BINARY_DIR}/JotwrightPortable.exe")
