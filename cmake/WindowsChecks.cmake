@@ -22,7 +22,7 @@ foreach(shard RANGE ${last_shard})
                  "GTEST_TOTAL_SHARDS=${shards}" "GTEST_SHARD_INDEX=${shard}")
 endforeach()
 # The long tests, in their short form. scripts/long-run runs them in full.
-jotwright_add_windows_check(windows.long 100 "${scripts}/run-windows-tests" --app
+jotwright_add_windows_check(windows.long 200 "${scripts}/run-windows-tests" --app
                             "${PROJECT_BINARY_DIR}" windows_long.exe)
 # A time zone with daylight saving time, for YearRun.
 set_property(TEST windows.long APPEND PROPERTY ENVIRONMENT "JOTWRIGHT_TEST_ZONE=EST5EDT,M3.2.0,M11.1.0")

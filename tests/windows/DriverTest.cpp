@@ -95,13 +95,13 @@ void DriverTest::EndSession() const {
 
 void DriverTest::LetTimeCome(const std::string& time, const std::string& what,
                              const std::function<bool()>& hasCome) const {
-    LetTimeCome([&] { Clock::Set(time); }, what + " at " + time, hasCome);
+    constexpr unsigned seconds = 6;
+    LetTimeCome([&] { Clock::Set(time); }, seconds, what + " at " + time, hasCome);
 }
 
-int DriverTest::LetTimeCome(const std::function<void()>& setClock, const std::string& what,
-                            const std::function<bool()>& hasCome) const {
+int DriverTest::LetTimeCome(const std::function<void()>& setClock, unsigned seconds,
+                            const std::string& what, const std::function<bool()>& hasCome) const {
     constexpr ULONGLONG standstill = 300;  // milliseconds
-    constexpr ULONGLONG passed = 6000;     // milliseconds
     int repetitions = 0;
     setClock();
     ULONGLONG set = ::GetTickCount64();
@@ -117,7 +117,7 @@ int DriverTest::LetTimeCome(const std::function<void()>& setClock, const std::st
         if (hasCome()) {
             return true;
         }
-        if (stoodStill && now - set > passed) {
+        if (stoodStill && now - set > ULONGLONG{seconds} * 1000) {
             setClock();
             ++repetitions;
             set = lastLook = ::GetTickCount64();

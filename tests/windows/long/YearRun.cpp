@@ -26,7 +26,10 @@ namespace {
 constexpr const char* formClass = "FormWindow";
 constexpr const char* weeklyBox = "Jotwright Daily Alarm";
 constexpr std::int64_t before = 2;  // seconds from the jump to the event
-constexpr std::int64_t after = 3;   // seconds from the event until nothing else may come up
+// Seconds from a jump of the clock until the event has certainly passed, and its sound has reached
+// the recorder.
+constexpr unsigned settled = 40;
+constexpr std::int64_t after = 3;  // seconds from the event until nothing else may come up
 
 // Whether the event may follow other acts of the user. Those in the night of a change may not.
 bool IsPlain(const YearEvent& event) {
@@ -155,7 +158,7 @@ void YearRun::Meet(const YearEvent& event, const std::string& box,
                    const std::function<bool()>& hasCome) {
     const Captions expected = Expected(box);
     try {
-        repetitions += LetTimeCome([&] { Clock::Set(year::Shown(event.at - before)); },
+        repetitions += LetTimeCome([&] { Clock::Set(year::Shown(event.at - before)); }, settled,
                                    "the windows are as expected at " + year::Shown(event.at),
                                    [&] { return Seen() == expected && (!hasCome || hasCome()); });
     } catch (const Failure&) {
@@ -282,8 +285,9 @@ void YearRun::LiveStrike(const YearEvent& event, int strikes,
     const std::uint64_t start = recorder.Now();
     const auto calls = [&] { return CuckooCalls(recorder, CuckooPath(), start); };
     if (strikes > 0) {
-        repetitions += LetTimeCome(setClock, "the cuckoo strikes at " + year::Shown(event.at),
-                                   [&] { return recorder.HasSounded(start); });
+        repetitions +=
+            LetTimeCome(setClock, settled, "the cuckoo strikes at " + year::Shown(event.at),
+                        [&] { return recorder.HasSounded(start); });
         WaitUntil("the strikes have sounded", [&] { return calls() >= strikes; });
     } else {
         setClock();
