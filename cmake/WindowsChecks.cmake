@@ -22,9 +22,10 @@ foreach(shard RANGE ${last_shard})
     set_property(TEST windows.driver.${shard} APPEND PROPERTY ENVIRONMENT
                  "GTEST_TOTAL_SHARDS=${shards}" "GTEST_SHARD_INDEX=${shard}")
 endforeach()
-# The long tests, in their short form. scripts/long-run runs them in full.
+# The long tests, in their short form. scripts/long-run runs them in full. YearRun is left out: one of its
+# runs on a busy machine waited for a strike in vain, see docs/measured/time.md.
 jotwright_add_windows_check(windows.long 100 "${scripts}/run-windows-tests" --app
-                            "${PROJECT_BINARY_DIR}" windows_long.exe)
+                            "${PROJECT_BINARY_DIR}" windows_long.exe "--gtest_filter=-YearRun.*")
 jotwright_add_windows_check(check.hardening 1 "${scripts}/check-hardening"
                             "${PROJECT_BINARY_DIR}/Jotwright.exe"
                             "${PROJECT_BINARY_DIR}/JotwrightPortable.exe")

@@ -40,11 +40,20 @@ long long offset = 0;
 
 void Clock::Set(const std::string& text) {
     const std::string file = UnixPath(Variable("JOTWRIGHT_CLOCK_FILE"));
-    offset += SecondsOf(text) - NowSeconds();
-    WriteWholeFile(file + ".new", (offset < 0 ? "" : "+") + std::to_string(offset) + "\n");
-    RenameOver(file + ".new", file);
+    const auto move = [&file](long long seconds) {
+        offset += seconds;
+        WriteWholeFile(file + ".new", (offset < 0 ? "" : "+") + std::to_string(offset) + "\n");
+        RenameOver(file + ".new", file);
+    };
+    move(SecondsOf(text) - NowSeconds());
     WaitUntil("the clock is set to " + text, [&] {
+        constexpr long long hour = 3600;
         const long long late = NowSeconds() - SecondsOf(text);
+        // Daylight saving time may have begun or ended between the two times.
+        const long long hours = (late + (late < 0 ? -hour : hour) / 2) / hour;
+        if (hours == 1 || hours == -1) {
+            move(-hours * hour);
+        }
         return late >= 0 && late < 5;
     });
     // The system sends this message when its clock is set.

@@ -11,7 +11,8 @@ namespace driver {
 class Clock {
   public:
     // text is a time, for example "2031-06-02 09:30:57". The fraction of the second does not
-    // change.
+    // change. If the clock shows the time twice on its day, because daylight saving time ends, the
+    // clock is set to the time that is on the same side of the change as the present time.
     static void Set(const std::string& text);
     static std::string Now();
     // Waits until the clock shows this time or a later time of the same day.

@@ -1,7 +1,6 @@
-#include <cmath>
-#include <numbers>
 #include <optional>
 
+#include "tests/windows/CuckooCall.h"
 #include "tests/windows/DriverTest.h"
 
 namespace driver {
@@ -11,60 +10,17 @@ namespace {
 constexpr const char* startCaption = "Start CooKoo &Clock";
 constexpr const char* stopCaption = "Stop CooKoo &Clock";
 
-std::string LittleEndian(std::uint32_t value, int bytes) {
-    std::string text;
-    for (int i = 0; i < bytes; ++i) {
-        text += static_cast<char>(value >> (8 * i) & 0xFF);
-    }
-    return text;
-}
-
-// A call of the cuckoo: 0.4 seconds of sound, then ten seconds of silence.
-std::string LongCall() {
-    constexpr std::uint32_t rate = 8000;
-    constexpr std::uint32_t sounding = rate * 4 / 10;
-    constexpr std::uint32_t samples = sounding + rate * 10;
-    constexpr double height = 700;  // Hz; the recorder recognises this frequency as the cuckoo
-    std::string data;
-    for (std::uint32_t i = 0; i < samples; ++i) {
-        const double wave = std::sin(2 * std::numbers::pi * height * i / rate);
-        const auto sample = static_cast<std::int16_t>(i < sounding ? 12000 * wave : 0);
-        data += LittleEndian(static_cast<std::uint16_t>(sample), 2);
-    }
-    const auto size = static_cast<std::uint32_t>(data.size());
-    return "RIFF" + LittleEndian(36 + size, 4) + "WAVEfmt " + LittleEndian(16, 4) +
-           LittleEndian(1, 2) + LittleEndian(1, 2) + LittleEndian(rate, 4) +
-           LittleEndian(rate * 2, 4) + LittleEndian(2, 2) + LittleEndian(16, 2) + "data" +
-           LittleEndian(size, 4) + data;
-}
-
 }  // namespace
 
 class CuckooTest : public DriverTest {
   protected:
-    void TearDown() override;
-
-    // Twelve of these calls would take two minutes.
-    void UseLongCall();
     std::string SoundPath() const { return folder + "\\Cuckoo clock.wav"; }
     static bool Runs(const Window& main);
     // Counts the calls by the seconds of sound.
     int Calls(std::uint64_t since) const;
 
-    std::optional<std::string> shipped;  // the shipped sound, while another one replaces it
+    std::optional<CuckooCall> call;
 };
-
-void CuckooTest::UseLongCall() {
-    shipped = WholeFile(SoundPath()).value();
-    WriteWholeFile(SoundPath(), LongCall());
-}
-
-void CuckooTest::TearDown() {
-    DriverTest::TearDown();
-    if (shipped) {
-        WriteWholeFile(SoundPath(), *shipped);
-    }
-}
 
 bool CuckooTest::Runs(const Window& main) {
     return main.FindChild("Button", stopCaption) &&
@@ -72,8 +28,7 @@ bool CuckooTest::Runs(const Window& main) {
 }
 
 int CuckooTest::Calls(std::uint64_t since) const {
-    const double once = SoundRecorder::SoundingSecondsOf(WholeFile(SoundPath()).value());
-    return static_cast<int>(std::lround(recorder.SoundingSeconds(since) / once));
+    return CuckooCalls(recorder, SoundPath(), since);
 }
 
 TEST_F(CuckooTest, StrikesTheHour) {
@@ -92,7 +47,8 @@ TEST_F(CuckooTest, StrikesTheHour) {
 }
 
 TEST_F(CuckooTest, AnswersAndPaintsWhileItStrikesAndEndsWithTheSession) {
-    UseLongCall();
+    constexpr std::uint32_t tenthsOfSilence = 100;  // twelve calls would take two minutes
+    call.emplace(SoundPath(), tenthsOfSilence);
     WriteSetting("Options", "StartCookoo", "1");
     Clock::Set("2031-06-02 22:59:50");
     const Window main = StartProgram();

@@ -95,13 +95,19 @@ void DriverTest::EndSession() const {
 
 void DriverTest::LetTimeCome(const std::string& time, const std::string& what,
                              const std::function<bool()>& hasCome) const {
+    constexpr unsigned seconds = 6;
+    LetTimeCome([&] { Clock::Set(time); }, seconds, what + " at " + time, hasCome);
+}
+
+int DriverTest::LetTimeCome(const std::function<void()>& setClock, unsigned seconds,
+                            const std::string& what, const std::function<bool()>& hasCome) const {
     constexpr ULONGLONG standstill = 300;  // milliseconds
-    constexpr ULONGLONG passed = 6000;     // milliseconds
-    Clock::Set(time);
+    int repetitions = 0;
+    setClock();
     ULONGLONG set = ::GetTickCount64();
     ULONGLONG lastLook = set;
     bool stoodStill = false;
-    WaitUntil(what + " at " + time, [&] {
+    WaitUntil(what, [&] {
         if (const Window main = FindMain()) {
             main.Send(WM_NULL);
         }
@@ -111,13 +117,15 @@ void DriverTest::LetTimeCome(const std::string& time, const std::string& what,
         if (hasCome()) {
             return true;
         }
-        if (stoodStill && now - set > passed) {
-            Clock::Set(time);
+        if (stoodStill && now - set > ULONGLONG{seconds} * 1000) {
+            setClock();
+            ++repetitions;
             set = lastLook = ::GetTickCount64();
             stoodStill = false;
         }
         return false;
     });
+    return repetitions;
 }
 
 void DriverTest::LetAlarmCome(const std::string& time, const std::string& caption) const {
