@@ -25,7 +25,7 @@ TEST_F(RecoveryWritingTest, ASavedTextNeedsNoCopy) {
 TEST_F(RecoveryWritingTest, ANoteThatIsEditedAgainUsesTheSameCopyAgain) {
     EditSaved(Note("Dentist", "old"), "new");
     const std::string copy = CopyPath();
-    user->Press(forms::Shortcut::ControlS);
+    Start([this] { Editor("Dentist").WriteNote(); });
     EXPECT_EQ(FilesOfNotes(), Names{"Dentist.txt"});
     user->Type(Editor("Dentist").txtNote, "newer");
     Advance(2000);
