@@ -129,7 +129,7 @@ TEST_F(GrowthRun, ErasedNotesLeaveNothingBehind) {
     const int cycles = std::max(2, Number("JOTWRIGHT_CYCLES", 6));
     const int warm = std::max(2, cycles / 10);
     const Window main = StartProgram();
-    main.Send(WM_NULL);
+    main.Send(WM_MOUSEMOVE);  // the window of its tool tips is made when the pointer first moves
     const Objects start = Count(nullptr);
     Report("start", start, program.PrivateKilobytes());
     EXPECT_GT(start.children, 10U);
