@@ -81,6 +81,7 @@ void ToolbarPeer::ShowButtons() {
     const auto count = static_cast<int>(buttons.size());
     const int pixels = window.scale.Pixels(imageTwips);
     std::vector<std::string> pictures;
+    pictures.reserve(buttons.size());
     for (const Toolbar::Button& button : buttons) {
         pictures.push_back(toolbar.imageList != nullptr
                                ? toolbar.imageList->ResourceOf(button.image)
