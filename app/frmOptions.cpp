@@ -25,10 +25,11 @@ void SelectOption(forms::ControlArray<forms::OptionButton, count>& buttons, int 
     }
 }
 
-// Shows the value of a setting in a check box. The store may hold any number. A number that is not
-// a valid check mark switches nothing on, so the box is shown empty.
-void ShowIn(forms::CheckBox& box, int value) {
+// Shows a setting in a check box. The store may hold any number. A number that is not a valid check
+// mark switches nothing on, so the box is shown empty.
+void ReadInto(forms::CheckBox& box, Settings::Number setting, int current) {
     constexpr int grayed = 2;
+    const int value = setting.ReadOr(static_cast<std::int16_t>(current));
     box.value = value >= 0 && value <= grayed ? value : 0;
 }
 
@@ -117,16 +118,16 @@ void frmOptions::Form_Load() {
     }
     icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
 
-    ShowIn(chkShowOnTop, Settings::windowOnTop.Read());
-    ShowIn(chkCooKooOn, Settings::startCookoo.Read());
+    ReadInto(chkShowOnTop, Settings::windowOnTop, chkShowOnTop.value);
+    ReadInto(chkCooKooOn, Settings::startCookoo, chkCooKooOn.value);
     StandardCode::Shared().StartCookooFlag = chkCooKooOn.value == 1 ? 1 : 0;
-    ShowIn(chkShowDateTime, Settings::showDateTime.Read());
+    ReadInto(chkShowDateTime, Settings::showDateTime, chkShowDateTime.value);
     colorCode = Settings::defaultColor.Read();
     fontCode = Settings::defaultFontSize.Read();
-    noteLoops = Settings::noteLoops.Read();
+    noteLoops = Settings::noteLoops.ReadOr(noteLoops);
     chkNoteLoops.value = noteLoops != 0 ? 1 : 0;
     // The colour is shown only if the store was edited by hand: both keys are written together.
-    ShowIn(chkIsService, Settings::isService.ReadOr(colorCode));
+    ReadInto(chkIsService, Settings::isService, colorCode);
     SelectOption(optDefaultColor, colorCode);
     SelectOption(optDefaultFont, fontCode);
 }
