@@ -268,9 +268,7 @@ end_wine_run() {
     if [ "$status" -ne 0 ]; then
         say "Ended with status $status, at: $1"
         tail -n 20 "$temp/wine.log" 2>/dev/null || true
-    fi
-    if [ "$status" -ne 0 ] && [ -n "${DISPLAY:-}" ]; then
-        if timeout 20 import -window root "$state/failure.png" 2>/dev/null; then
+        if [ -n "${DISPLAY:-}" ] && timeout 20 import -window root "$state/failure.png" 2>/dev/null; then
             say "Picture of the display at the end: $state/failure.png"
         fi
     fi
