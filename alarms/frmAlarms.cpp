@@ -64,8 +64,7 @@ void frmAlarms::Form_Load() {
     const std::string& path = Shared().AlarmSoundPath;
     const auto paths = AlarmSounds::BuiltInPaths();
     if (path.empty()) {
-        Shared().AlarmSoundPath = paths[0];
-        optAlarm[0].value = true;
+        optAlarm[0].value = true;  // its handler sets the path
         return;
     }
     const auto found = std::find(paths.begin(), paths.end(), path);

@@ -182,6 +182,14 @@ TEST_F(NoteFileTest, AQuotedTextBeforeEmptyFieldsComesBackWhole) {
     EXPECT_EQ(Decoded(bytes).Trailer, "");
 }
 
+TEST_F(NoteFileTest, AQuotedTextBeforeARewrittenTimeOrANegativeNumberComesBackWhole) {
+    const std::string start = "\"Dentist\",\"He said \"hi\", then left\",#2004-05-14#";
+    for (const char* fields :
+         {",\"#12:00#\",5,12,\"0\",0,\"yes\"\r\n", ",#09:30:00#,-1,12,\"1\",1,\"yes\"\r\n"}) {
+        EXPECT_EQ(Decoded(start + fields).Text, "He said \"hi\", then left") << fields;
+    }
+}
+
 TEST_F(NoteFileTest, AFileThatDoesNotEndInTheRightFieldsIsReadFieldByField) {
     const std::string quoted =
         "\"Dentist\",\"He said \"hi\" to me\",#2004-05-14#,#09:30:00#,5,12,\"1\",1";

@@ -154,6 +154,20 @@ TEST_F(RecoveryWritingTest, OnAFullDiskTheCopyIsTriedAgainWithoutAMessage) {
     EXPECT_EQ(runtime->LoadedForms().size(), 2U);
 }
 
+TEST_F(RecoveryWritingTest, ACopyThatIsInUseIsWrittenLaterWithoutAWait) {
+    frmNote& note = MakeNote("Dentist", "typed");
+    Advance(2000);
+    files.SetDenied(CopyPath(), true);
+    system.paused = 0;
+    user->Type(note.txtNote, "typed more");
+    Advance(2000);
+    EXPECT_EQ(system.paused, 0);
+    files.SetDenied(CopyPath(), false);
+    Advance(2000);
+    KillAndStartAgain();
+    EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed more");
+}
+
 TEST_F(RecoveryWritingTest, AKillAtAnyStepOfWritingLosesOnlyTheLastSeconds) {
     PutNote(Note("Dentist", "old"));
     for (int step = 1; step <= 12; ++step) {
