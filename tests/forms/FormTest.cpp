@@ -226,12 +226,26 @@ TEST_F(FormTest, AFormThatFailsToLoadIsNotThere) {
 
 TEST_F(FormTest, AFormMayUnloadItselfWhileItLoads) {
     Start([] {
-        auto& form = Default<frmFirst>();
-        form.onLoad = [&form] { form.Unload(); };
-        form.Show();
+        for (const auto show : {&Form::Show, &Form::ShowModal, &Form::MakeTopMost}) {
+            const auto form = New<frmFirst>();
+            form->onLoad = [&form] { form->Unload(); };
+            ((*form).*show)();
+            EXPECT_FALSE(form->IsVisible());
+        }
     });
-    EXPECT_EQ(LoadedDefault<frmFirst>(), nullptr);
     EXPECT_TRUE(runtime->LoadedForms().empty());
+}
+
+TEST_F(FormTest, AFormThatIsNotLoadedOnlyStoresTheFocusAndIsNotBroughtForward) {
+    Start([this] {
+        const auto form = New<frmFirst>();
+        form->txtName.SetFocus();
+        form->BringToForeground();
+        EXPECT_FALSE(form->IsLoaded());
+        EXPECT_EQ(runtime->ActiveForm(), nullptr);
+        form->Show();
+        EXPECT_EQ(form->focus.ActiveControl(), &form->txtName);
+    });
 }
 
 TEST_F(FormTest, ResizeComesBeforeTheFirstShowingAndWithEachSize) {

@@ -114,6 +114,31 @@ TEST_F(GesturesTest, GesturesOnHiddenOrDisabledControlsDoNothing) {
     EXPECT_EQ(Form().txtName.text(), "");
 }
 
+TEST_F(GesturesTest, GesturesOnAFormThatIsNotLoadedDoNothing) {
+    Start([] { Form().Unload(); });
+    const auto form = New<frmGestures>();
+    gestures::Click(form->chkSound);
+    gestures::DoubleClick(form->txtBody);
+    gestures::ClickToolbar(form->tlbTools, "Save");
+    gestures::Typed(form->txtName);
+    gestures::Focus(form->cmdOther);
+    gestures::MouseUp(form->imgLogo, leftButton, 0, 0);
+    gestures::MouseUp(*form, leftButton, 0, 0);
+    gestures::MouseMove(*form, 0, 1, 1);
+    gestures::TrayMessage(*form, 1);
+    gestures::Choose(form->mnuSave);
+    gestures::Activate(*form);
+    gestures::Close(*form);
+    const int width = form->width;
+    gestures::Resize(*form, {0, 0, 9000, 9000}, WindowState::Normal);
+    EXPECT_EQ(gestures::PressTab(*form), gestures::KeyUse::Unused);
+    EXPECT_EQ(form->events, Events{});
+    EXPECT_EQ(form->chkSound.value(), 0);
+    EXPECT_EQ(form->width(), width);
+    EXPECT_EQ(form->resized, 0);
+    EXPECT_EQ(runtime->ActiveForm(), nullptr);
+}
+
 TEST_F(GesturesTest, MenusAndToolBars) {
     user->Choose(Form().mnuSave);
     user->Choose(Form().mnuDeep);
