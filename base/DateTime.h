@@ -50,7 +50,7 @@ std::string FormatMonthDayYear(DateTime value);
 std::string EnglishMonthName(int month);
 
 // Reads a time such as "9:30:00 AM", "23:00:15 PM", "14:05" or "12:00". The suffix does not change
-// an hour above 12; 12 AM is midnight. RuntimeError 13 if the text is no such time.
+// an hour above 12; 12 AM is midnight. RuntimeError 13 if the text is not a time.
 DateTime ParseTime(const std::string& text);
 // Reads "m/d/yyyy" or "m/d/yy". Two-digit years 00 to 29 mean 2000 to 2029, and 30 to 99 mean 1930
 // to 1999. RuntimeError 13 for any other text.

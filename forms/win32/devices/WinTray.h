@@ -23,7 +23,7 @@ class WinTray : public Tray {
 
     // If the shell does not take the icon now, KeepShown() tries again.
     bool Add(const TrayRecord& record) override;
-    // Asks the system even if this program has no such icon, or has it no more.
+    // Asks the system even if this program has no such icon any more.
     bool Delete(const TrayRecord& record) override;
 
     // The tip is in the system's code page, ends with a zero character and is padded with blanks.
