@@ -281,6 +281,14 @@ TEST_F(frmOptionsTest, CheckingAndUncheckingMakesNoLink) {
     EXPECT_FALSE(files.FileExists(startupLink));
 }
 
+TEST_F(frmOptionsTest, AGrayedStartWithWindowsMakesNoLink) {
+    Set("IsService", "2");
+    Open();
+    EXPECT_EQ(Window().chkIsService.value(), 2);
+    user->Click(Window().cmdApply);
+    EXPECT_FALSE(files.FileExists(startupLink));
+}
+
 TEST_F(frmOptionsTest, AMissingShippedLinkIsReportedAfterTheSettingsAreWritten) {
     files.Remove(shippedLink);
     Open();

@@ -87,6 +87,20 @@ TEST_F(RecoveryTest, UnsavedAlarmColorAndFontSizeComeBackAndTheAlarmRings) {
     Advance(60'000);
 }
 
+TEST_F(RecoveryTest, EachUnsavedColorComesBack) {
+    const std::size_t colors = StandardCode::noteColors.size();
+    PutNote(Note("Dentist").InColor(static_cast<int>(colors)));
+    Start(StandardCode::ReadNotes);
+    for (std::size_t color = 0; color < colors; ++color) {
+        forms::gestures::Choose(*Editor("Dentist").mnuColor.entries[color]);
+        Advance(3000);
+        KillAndStartAgain();
+        EXPECT_TRUE(Editor("Dentist").mnuColor.entries[color]->checked()) << color;
+        EXPECT_EQ(Editor("Dentist").txtNote.backColor(), StandardCode::noteColors[color].back)
+            << color;
+    }
+}
+
 TEST_F(RecoveryTest, AnAlarmThatWasTurnedOffButNotSavedStaysOff) {
     PutNote(Note("Dentist").WithAlarmAt(9, 1));
     Start(StandardCode::ReadNotes);
