@@ -361,8 +361,8 @@ void YearRun::Report() const {
 
 TEST_F(YearRun, EveryAlarmAndStrikeComesOnceAndTheNotesAreAsTheUserLeftThem) {
     const auto seed = static_cast<unsigned>(Number("JOTWRIGHT_SEED", 1));
-    const int days = Number("JOTWRIGHT_DAYS", 3);
-    const int noteCount = Number("JOTWRIGHT_NOTES", 4);
+    const int days = Number("JOTWRIGHT_DAYS", 2);
+    const int noteCount = Number("JOTWRIGHT_NOTES", 3);
     std::printf("JOTWRIGHT_SEED=%u, %d days, %d notes\n", seed, days, noteCount);
     random.seed(seed);
     ASSERT_EQ(HoursAhead("2031-07-01"), HoursAhead("2031-01-01") + 1) << "JOTWRIGHT_TEST_ZONE";
