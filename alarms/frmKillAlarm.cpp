@@ -2,6 +2,7 @@
 
 #include "app/Grid.h"
 #include "app/StandardCode.h"
+#include "forms/Services.h"
 
 void frmKillAlarm::Design() {
     caption = "Jotwright Alarm";
@@ -18,10 +19,6 @@ void frmKillAlarm::Design() {
     Command1.Click = [this] { Command1_Click(); };
 }
 
-void frmKillAlarm::Form_Load() {
-    forms::Picture mainIcon;
-    StandardCode::Signals().MainIconWanted.Raise(mainIcon);
-    icon = mainIcon;
-}
+void frmKillAlarm::Form_Load() { icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico")); }
 
 void frmKillAlarm::Command1_Click() { StandardCode::Signals().StopSoundCheck.Raise(); }

@@ -108,8 +108,6 @@ struct SharedSignals {
     base::Signal<> ShowAbout;
     // Switches off the main window's timer that checks the sound file.
     base::Signal<> StopSoundCheck;
-    // The main window, if it is loaded, copies its icon to the argument.
-    base::Signal<forms::Picture&> MainIconWanted;
 };
 
 SharedSignals& Signals();

@@ -195,7 +195,6 @@ void frmMain::ConnectSignals() {
     signals.ShowHelp.Subscribe([this] { ShowHelpFile(forms::HelpCommand::ForceFile); });
     signals.ShowAbout.Subscribe([this] { mnuAbout.Click(); });
     signals.StopSoundCheck.Subscribe([this] { tmrCheckSoundFile.enabled = false; });
-    signals.MainIconWanted.Subscribe([this](forms::Picture& picture) { picture = icon; });
 }
 
 void frmMain::Form_Load() {

@@ -85,7 +85,7 @@ void OpenAll() {
     WaitUntil("all notes are open", [] {
         const auto windows = VisibleWindows();
         return std::none_of(windows.begin(), windows.end(), [](const Window& window) {
-            return window.ClassName() == "FormWindow" && window.IsMinimized();
+            return window.ClassName() == driver::formClass && window.IsMinimized();
         });
     });
     main.Send(WM_NULL);

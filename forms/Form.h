@@ -8,10 +8,10 @@
 #include "forms/Color.h"
 #include "forms/Control.h"
 #include "forms/Controls.h"
+#include "forms/FormEvents.h"
 #include "forms/FormFocus.h"
 #include "forms/Menu.h"
 #include "forms/Property.h"
-#include "forms/Shortcut.h"
 #include "forms/Timer.h"
 
 namespace forms {
@@ -23,8 +23,6 @@ enum class BorderStyle {
     Dialog,   // title bar with a close box only
     None,     // no title bar, a thin border
 };
-// Why a form is unloaded.
-enum class UnloadMode { Code, CloseBox, SessionEnd };
 
 // A window of the program. The class of a window derives from Form, has its controls as members and
 // overrides the event handlers that it needs.
@@ -36,7 +34,7 @@ enum class UnloadMode { Code, CloseBox, SessionEnd };
 // at the first call, and again at the first call after it was unloaded. New<T>() creates further
 // instances. A gesture or a tick keeps its form alive until the handler returns, so a handler may
 // unload its own window or any other.
-class Form : public Observed, public std::enable_shared_from_this<Form> {
+class Form : public FormEvents, public Observed, public std::enable_shared_from_this<Form> {
   public:
     explicit Form(const char* className);
     virtual ~Form();
@@ -126,22 +124,6 @@ class Form : public Observed, public std::enable_shared_from_this<Form> {
         virtual ~StageData() = default;
     };
     std::unique_ptr<StageData> stageData;
-
-    // Event handlers that the class of a form may override.
-    virtual void Design() {}           // captions, places, handlers of the controls
-    virtual void Form_Initialize() {}  // once an instance, before its first load
-    virtual void Form_Load() {}
-    virtual void Form_Activate() {}  // the form has become the program's active one
-    virtual void Form_Resize() {}    // inner size changed; also before the first showing
-    virtual void Form_QueryUnload(bool& /*cancel*/, UnloadMode /*mode*/) {}
-    virtual void Form_Unload(bool& /*cancel*/) {}
-    virtual void Form_MouseUp(int /*button*/, int /*x*/, int /*y*/) {}  // twips
-    // x and y are in twips. For the callback of an icon in the notification area (see
-    // IsTrayCallback), x is the message number times TwipsPerPixelX().
-    virtual void Form_MouseMove(int /*button*/, int /*x*/, int /*y*/) {}
-
-    // The control or menu entry of this form that the key stands for now. Empty if there is none.
-    virtual ShortcutTarget TargetOf(Shortcut /*key*/) { return {}; }
 
   private:
     friend class Control;

@@ -16,12 +16,12 @@ constexpr std::int16_t noFontSizeCode = 12;
 void ApplyDefaultColor(frmNote& note, int code) {
     const bool isKnown = code >= 0 && code < static_cast<int>(noteColors.size());
     const std::size_t place = isKnown ? static_cast<std::size_t>(code) : noteColors.size() - 1;
-    note.ApplyColor(noteColors[place], place + 1);
+    note.style.ApplyColor(noteColors[place], place + 1);
 }
 
 void ApplyDefaultFontSize(frmNote& note, int code) {
     if (code >= 0 && code < static_cast<int>(fontSizes.size())) {
-        note.ApplyFontSize(fontSizes[static_cast<std::size_t>(code)]);
+        note.style.ApplyFontSize(fontSizes[static_cast<std::size_t>(code)]);
     }
 }
 
@@ -34,7 +34,7 @@ std::shared_ptr<frmNote> CreateNote(const std::string& title) {
     auto note = OpenNewEditor(title);
     ApplyDefaultColor(*note, color);
     ApplyDefaultFontSize(*note, fontSize);
-    note->MarkSaved();
+    note->edited.MarkSaved();
     note->Show();
     note->txtNote.SetFocus();
     return note;

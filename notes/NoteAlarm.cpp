@@ -99,8 +99,12 @@ const DueRules::AlarmValues& NoteAlarm::Values() {
     return values;
 }
 
+forms::Picture NoteAlarm::Icon() {
+    return forms::LoadPicture(forms::ApplicationPath("\\alarmon.ico"));
+}
+
 void NoteAlarm::Toggle() {
-    const forms::Picture alarmIcon = frmNote::AlarmIcon();
+    const forms::Picture alarmIcon = Icon();
     if (isSet) {
         Clear();
     } else {

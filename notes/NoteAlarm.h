@@ -26,6 +26,8 @@ class NoteAlarm {
     std::int16_t AudioAlarm() const;
     const DueRules::AlarmValues& Values();
 
+    // The window's icon while its alarm is set. RuntimeError 53 if its file is missing.
+    static forms::Picture Icon();
     // Sets the alarm, or clears it if it is set. RuntimeError 53 if an icon is missing.
     void Toggle();
     void Clear();

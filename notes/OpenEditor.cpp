@@ -33,15 +33,15 @@ std::shared_ptr<frmNote> OpenEditor(const StoredNote& note) {
     // Load the icon first. If it is missing, no editor must open: an editor without the alarm would
     // save the note without it.
     const forms::Picture alarmIcon =
-        record.AlarmState == "1" ? frmNote::AlarmIcon() : forms::Picture{};
+        record.AlarmState == "1" ? NoteAlarm::Icon() : forms::Picture{};
     auto editor = LoadedEditor(note);
     record.Text = RecordText::WithLineBreaks(record.Text);
     editor->Fill(record, alarmIcon);
     const bool isKnown = record.ColorIndex >= 1 && record.ColorIndex <= 5;
     const std::size_t colorIndex = isKnown ? static_cast<std::size_t>(record.ColorIndex) : 5;
-    editor->ApplyColor(restoredColors[colorIndex - 1], colorIndex);
+    editor->style.ApplyColor(restoredColors[colorIndex - 1], colorIndex);
     // Call this before Show(), which compares the text with the saved text.
-    editor->MarkSaved();
+    editor->edited.MarkSaved();
     editor->Show();
     return editor;
 }

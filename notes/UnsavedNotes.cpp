@@ -51,7 +51,7 @@ bool IsInAFile(const RecoveredNote& recovered) {
 }
 
 frmNote* Shown(const std::shared_ptr<frmNote>& editor) {
-    editor->MarkSaved();
+    editor->edited.MarkSaved();
     editor->Show();
     return editor.get();
 }
@@ -96,7 +96,7 @@ RecoveredNote Titled(RecoveredNote recovered, const std::string& title) {
 void UnsavedNotes::BringBack(const RecoveredNote& recovered) {
     // Load the icon first. Without it the alarm could not be shown, and the copy would lose it.
     const forms::Picture alarmIcon =
-        recovered.record.AlarmState == "1" ? frmNote::AlarmIcon() : forms::Picture{};
+        recovered.record.AlarmState == "1" ? NoteAlarm::Icon() : forms::Picture{};
     frmNote* editor = recovered.file.empty() ? NewEditor(recovered) : EditorOf(recovered);
     if (editor == nullptr && IsInAFile(recovered)) {
         SafeFile::DeleteIfPossible(recovered.path);

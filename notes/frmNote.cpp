@@ -1,8 +1,5 @@
 #include "notes/frmNote.h"
 
-#include <algorithm>
-#include <array>
-
 #include "app/Settings.h"
 #include "app/TrayMessages.h"
 #include "base/Text.h"
@@ -70,20 +67,7 @@ void frmNote::DesignMenus() {
     mnuAlarmStop.Click = [this] { mnuAlarmStop_Click(); };
 
     mnuPop.inMenuBar = false;
-    for (std::size_t i = 0; i < mnuColor.entries.size(); ++i) {
-        mnuColor.entries[i]->Click = [this, i] {
-            ApplyColor(StandardCode::noteColors[i], i + 1);
-            NoteChanged = true;
-        };
-    }
-    for (std::size_t i = 0; i < mnuFont.entries.size(); ++i) {
-        mnuFont.entries[i]->Click = [this, i] {
-            ApplyFontSize(StandardCode::fontSizes[i]);
-            NoteChanged = true;
-        };
-    }
-    ApplyColor(StandardCode::noteColors[0], 1);
-    ApplyFontSize(12);
+    style.Design([this] { NoteChanged = true; });
     mnuShow.Click = [this] { mnuShow_Click(); };
     mnuHide.Click = [this] { Unload(); };
     mnuKill.Click = [this] { mnuKill_Click(); };
@@ -123,25 +107,19 @@ StandardCode::NoteRecord frmNote::Record() {
     record.Text = txtNote.text;
     record.AlarmDate = alarm.Values().AlarmDayLong;
     record.AlarmTime = alarm.Values().AlarmTimeOfDay;
-    record.ColorIndex = static_cast<std::int16_t>(colorIndex);
-    record.FontSize = FontSize();
+    record.ColorIndex = static_cast<std::int16_t>(style.ColorIndex());
+    record.FontSize = style.FontSize();
     record.AlarmState = alarm.IsSet() ? "1" : "0";
     record.AudioAlarm = alarm.AudioAlarm();
     record.Trailer = "yes";
     return record;
 }
 
-std::int16_t frmNote::FontSize() const {
-    const int size = txtNote.fontSize;
-    return size == 10 || size == 12 || size == 14 ? static_cast<std::int16_t>(size)
-                                                  : std::int16_t{16};
-}
-
 bool frmNote::Shows(const StandardCode::NoteRecord& record) {
     return txtNote.text() == record.Text && alarm.Values().AlarmDayLong == record.AlarmDate &&
            alarm.Values().AlarmTimeOfDay == record.AlarmTime &&
-           static_cast<std::int16_t>(colorIndex) == record.ColorIndex &&
-           FontSize() == record.FontSize && alarm.IsSet() == (record.AlarmState == "1") &&
+           static_cast<std::int16_t>(style.ColorIndex()) == record.ColorIndex &&
+           style.FontSize() == record.FontSize && alarm.IsSet() == (record.AlarmState == "1") &&
            alarm.AudioAlarm() == record.AudioAlarm;
 }
 
@@ -168,37 +146,13 @@ void frmNote::Fill(const StandardCode::NoteRecord& record, const forms::Picture&
     txtNote.text = record.Text;
     dtDate.value = record.AlarmDate;
     dtTime.value = record.AlarmTime;
-    ApplyFontSize(record.FontSize);
+    style.ApplyFontSize(record.FontSize);
     chkAudioAlarm.value = record.AudioAlarm == 1 ? 1 : 0;
     if (record.AlarmState == "1") {
         alarm.Restore(alarmIcon);
     } else if (alarm.IsSet()) {
         alarm.Clear();
     }
-}
-
-void frmNote::ApplyColor(StandardCode::NoteColor color, std::size_t newColorIndex) {
-    colorIndex = newColorIndex;
-    txtNote.backColor = color.back;
-    txtNote.foreColor = color.text;
-    for (std::size_t i = 0; i < mnuColor.entries.size(); ++i) {
-        mnuColor.entries[i]->checked = i + 1 == colorIndex;
-    }
-}
-
-void frmNote::ApplyFontSize(int points) {
-    const auto& sizes = StandardCode::fontSizes;
-    if (std::find(sizes.begin(), sizes.end(), points) == sizes.end()) {
-        return;
-    }
-    txtNote.fontSize = points;
-    for (std::size_t i = 0; i < sizes.size(); ++i) {
-        mnuFont.entries[i]->checked = sizes[i] == points;
-    }
-}
-
-forms::Picture frmNote::AlarmIcon() {
-    return forms::LoadPicture(forms::ApplicationPath("\\alarmon.ico"));
 }
 
 void frmNote::TakeRecovered(const RecoveredNote& recovered, const forms::Picture& alarmIcon) {
@@ -214,8 +168,8 @@ void frmNote::TakeRecovered(const RecoveredNote& recovered, const forms::Picture
     }
     Fill(record, alarmIcon);
     const auto index = static_cast<std::size_t>(record.ColorIndex);
-    if (index != colorIndex && index >= 1 && index <= StandardCode::noteColors.size()) {
-        ApplyColor(StandardCode::noteColors[index - 1], index);
+    if (index != style.ColorIndex() && index >= 1 && index <= StandardCode::noteColors.size()) {
+        style.ApplyColor(StandardCode::noteColors[index - 1], index);
     }
     NoteChanged = true;
     windowState = forms::WindowState::Normal;

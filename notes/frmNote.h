@@ -10,6 +10,7 @@
 #include "notes/NoteAlarm.h"
 #include "notes/NoteEditor.h"
 #include "notes/NoteLayout.h"
+#include "notes/NoteStyle.h"
 
 // The editor of one note: its text, colour, font size and alarm. The caption is the note's title.
 // OpenEditor.h opens editors. When the window closes, a restored or new note is saved without a
@@ -96,17 +97,8 @@ class frmNote : public forms::Form, public NoteEditor {
     void SaveBeforeTheEnd() override;
 
     // Shows all fields except title and colour. The icon is needed if the note's alarm is set; see
-    // AlarmIcon().
+    // NoteAlarm::Icon().
     void Fill(const StandardCode::NoteRecord& record, const forms::Picture& alarmIcon);
-    // Changes the colour of the text box, and checks the entry of the colour menu with this number,
-    // 1 to 6.
-    void ApplyColor(StandardCode::NoteColor color, std::size_t newColorIndex);
-    // points must be 10, 12, 14 or 16. Any other size changes nothing.
-    void ApplyFontSize(int points);
-    // The window's icon while its alarm is set. RuntimeError 53 if its file is missing.
-    static forms::Picture AlarmIcon();
-    // Marks the note as saved, as the editor shows it now.
-    void MarkSaved() { edited.MarkSaved(); }
     // Shows the unsaved note of a program that was killed, and brings the window to the front. For
     // alarmIcon, see Fill().
     void TakeRecovered(const RecoveredNote& recovered, const forms::Picture& alarmIcon);
@@ -115,12 +107,11 @@ class frmNote : public forms::Form, public NoteEditor {
     // docs/decisions/kept-unreachable.md.
     forms::TrayRecord TrayIconRecord;
     NoteAlarm alarm{*this};
+    NoteStyle style{*this};
     EditedNote edited{*this};
 
   private:
     void DesignMenus();
-    // As stored in the file: 10, 12 or 14, or 16 for any other size.
-    std::int16_t FontSize() const;
     bool CloseThroughPanel();
     bool CloseSilently();
 
@@ -137,7 +128,6 @@ class frmNote : public forms::Form, public NoteEditor {
     bool NoteErased = false;
     bool isErasingConfirmed = false;
     std::size_t TextLengthAtActivate = 0;
-    std::size_t colorIndex = 0;  // 1 to 6, see noteColors
     NoteLayout layout{*this};
 };
 

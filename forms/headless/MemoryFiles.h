@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -10,21 +8,19 @@
 
 #include "forms/Devices.h"
 #include "forms/headless/DiskFaults.h"
-#include "forms/headless/DiskPath.h"
+#include "forms/headless/DiskTree.h"
 
 namespace forms::headless {
 
-// A disk in memory that behaves like a disk of Windows. Names keep their upper and lower case, but
-// are found in any case. Listings are alphabetical. Trailing dots and blanks of a name are dropped,
-// and names that Windows refuses are refused. A copy of the object is a snapshot.
+// A disk in memory that behaves like a disk of Windows. Listings are alphabetical. Trailing dots
+// and blanks of a name are dropped, and names that Windows refuses are refused. A copy of the
+// object is a snapshot.
 //
 // Read, MakeFolder, Replace, Delete and Recycle have one step each, for DiskFaults. A flushed Write
 // has three steps (create or truncate, write, flush), and a cached Write has two. Copy has four
 // steps: read, and the three steps of Write.
-class MemoryFiles : public FileSystem, public DiskFaults {
+class MemoryFiles : public FileSystem, public DiskTree, public DiskFaults {
   public:
-    MemoryFiles();
-
     bool FolderExists(const std::string& path) override;
     bool FileExists(const std::string& path) override;
     void MakeFolder(const std::string& path) override;
@@ -41,12 +37,8 @@ class MemoryFiles : public FileSystem, public DiskFaults {
     // Listings do not contain a locked file.
     std::unique_ptr<FileLock> Lock(const std::string& path) override;
 
-    // Functions for the test, not for the program. They take no steps, cause no faults and are not
-    // logged.
-    void PutFolder(const std::string& path);  // creates every missing folder above it too
-    void PutFile(const std::string& path, const std::string& bytes);
-    void Remove(const std::string& path);
-    std::optional<std::string> Peek(const std::string& path) const;
+    // Functions for the test, as those of DiskTree.
+
     // The number of times that the program has listed a folder.
     int Listings() const { return listings; }
     // The number of times that the program has asked whether a file or a folder exists, or what its
@@ -54,19 +46,8 @@ class MemoryFiles : public FileSystem, public DiskFaults {
     int Looks() const { return looks; }
     // The number of times that the program has waited for the medium.
     int Flushes() const { return flushes; }
-    // The names of all files of a folder, as they are stored on the disk.
-    std::vector<std::string> Names(const std::string& folder) const;
-
-    // A read-only file cannot be changed, replaced or deleted (75). In a read-only folder, no file
-    // can be made, renamed or deleted (75).
-    void SetReadOnly(const std::string& path, bool readOnly);
-    // Access fails with 70, as if another program held the file or the user had no right to it. The
-    // files of a denied folder cannot be listed, read or changed.
-    void SetDenied(const std::string& path, bool denied);
     // Locking fails as if another running program held the lock.
     void SetLocked(const std::string& path, bool locked);
-    // Empty: no limit. A write that does not fit fails with 61, and writes as many bytes as fit.
-    void SetFreeSpace(std::optional<std::uint64_t> bytes) { freeSpace = bytes; }
     void SetRecycleBin(bool present) { hasRecycleBin = present; }
     // As on FAT: a Replace over a file has two steps, the removal of that file and the renaming.
     void SetReplacesInTwoSteps(bool inTwoSteps) { replacesInTwoSteps = inTwoSteps; }
@@ -81,35 +62,14 @@ class MemoryFiles : public FileSystem, public DiskFaults {
     void ClearLog() { log.clear(); }
 
   private:
-    struct Node {
-        std::string name;
-        bool isFolder = false;
-        bool readOnly = false;
-        bool denied = false;
-        std::string bytes;
-        std::int64_t changed = 0;
-    };
-
-    Node* Find(const std::string& key);
-    const Node* Find(const std::string& key) const;
-    Node& FindFile(const DiskPath& place);
-    void CheckParent(const DiskPath& place, bool changing) const;
-    void CheckWritable(const DiskPath& place) const;
-    void CheckRemovable(const DiskPath& place);
-    void Resize(Node& file, const std::string& bytes);
     void WriteSteps(const DiskPath& place, const std::string& bytes, Durability durability);
     template <class Whole, class Part>
     void Step(Whole whole, Part part);
-    void TearUnflushed();
-    void RemoveNode(const std::string& key);
 
-    std::map<std::string, Node> nodes;  // by upper-case path
-    std::int64_t clock = 0;
     int listings = 0;
     int looks = 0;
     int flushes = 0;
     std::shared_ptr<std::set<std::string>> locks = std::make_shared<std::set<std::string>>();
-    std::optional<std::uint64_t> freeSpace;
     bool hasRecycleBin = true;
     bool replacesInTwoSteps = false;
     std::vector<std::string> recycled;

@@ -10,6 +10,8 @@
 
 namespace forms::headless {
 
+class Attempt;
+
 // A scripted user of the headless stage, who can do only what a real user can. If the target of an
 // action is hidden, disabled, minimised, behind a box or a menu, or in a window that a modal form
 // disables, the action is not done and the test fails.
@@ -59,14 +61,11 @@ class User {
     void PressAccessKey(Form& form, char letter);
 
   private:
-    bool Fail(const std::string& what, const std::string& why);
-    // Returns false, and fails the test, if a real user could not act on the target now.
-    bool RequireReachable(const std::string& what, Form& form);
-    bool RequireReachable(const std::string& what, Control& control);
     // Returns false if the form's own handler has unloaded it.
     bool BringUp(Form& form);
     bool TakeFocus(Control& control);
-    Form* FormWithKeyboard(const std::string& what);
+    // Null, and the test fails, if a user could not press a key.
+    static Form* FormWithKeyboard(const Attempt& attempt);
 
     HeadlessStage& stage;
     RecordedTray& tray;

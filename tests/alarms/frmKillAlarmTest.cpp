@@ -8,16 +8,6 @@ namespace {
 
 class frmKillAlarmTest : public testing_support::WholeProgram {};
 
-TEST_F(frmKillAlarmTest, AsksItsQuestion) {
-    Start([] { forms::Default<frmKillAlarm>().Show(); });
-    auto& window = forms::Default<frmKillAlarm>();
-    EXPECT_EQ(window.caption(), "Jotwright Alarm");
-    EXPECT_EQ(window.lblQuestion.caption(), "Would you like to stop the current alarm?");
-    EXPECT_EQ(window.Command1.caption(), "&Stop Alarm");
-    EXPECT_TRUE(window.icon().path.empty());
-    user->CloseBox(window);
-}
-
 TEST_F(frmKillAlarmTest, TakesTheMainWindowsIcon) {
     StartQuietly();
     ASSERT_FALSE(Main().icon().path.empty());

@@ -1,4 +1,3 @@
-#include "app/ProductTexts.h"
 #include "app/frmMain.h"
 #include "forms/Services.h"
 #include "tests/support/WholeProgram.h"
@@ -9,54 +8,9 @@ namespace {
 
 constexpr int leftButtonDown = 513;
 
-class frmMainTest : public testing_support::WholeProgram {
-  protected:
-    static void ExpectControl(const CommandButton& button, const std::string& caption,
-                              const std::string& toolTip) {
-        EXPECT_EQ(button.caption(), caption);
-        EXPECT_EQ(button.toolTip(), toolTip);
-    }
-};
+class frmMainTest : public testing_support::WholeProgram {};
 
 }  // namespace
-
-TEST_F(frmMainTest, TimersAtStart) {
-    StartQuietly();
-    EXPECT_EQ(Main().tmrNow.interval(), 1000);
-    EXPECT_TRUE(Main().tmrNow.enabled);
-    EXPECT_EQ(Main().tmrCooKoo.interval(), 1000);
-    EXPECT_FALSE(Main().tmrCooKoo.enabled);
-    EXPECT_EQ(Main().tmrSpecialNotes.interval(), 1000);
-    EXPECT_TRUE(Main().tmrSpecialNotes.enabled);
-    EXPECT_EQ(Main().tmrCheckSoundFile.interval(), 500);
-    EXPECT_TRUE(Main().tmrCheckSoundFile.enabled);
-}
-
-TEST_F(frmMainTest, MenuBar) {
-    StartQuietly();
-    const auto captions = [](const Menu& menu) {
-        std::vector<std::string> all{menu.caption()};
-        for (const Menu* entry : menu.entries) {
-            all.push_back(entry->caption());
-        }
-        return all;
-    };
-    using Texts = std::vector<std::string>;
-    EXPECT_EQ(captions(Main().mnuFile), (Texts{"&File", "-", "&Exit"}));
-    EXPECT_EQ(captions(Main().mnuTools), (Texts{"&Tools", "Special A&larms", "Notes Co&ntrol Panel",
-                                                "&Timer", "&Stop Watch", "O&ptions"}));
-    EXPECT_EQ(captions(Main().mnuSepOpt),
-              (Texts{"O&ptions", "&Choose Alarm Sound", "Note Options"}));
-    EXPECT_EQ(captions(Main().mnuFileHelp),
-              (Texts{"&Help", "&About", "&Help Files", "&Visit Jotwright Web Site",
-                     "&Show Jotwright Tips"}));
-    EXPECT_EQ(
-        captions(Main().mnuPop),
-        (Texts{"Pop", "About Jotwright", "Help", "Visit Jotwright Web Site", "Show Jotwright Tips",
-               "-", "Hide Jotwright", "Show Jotwright", "Timer", "Stop Watch", "Change Alarm Sound",
-               "Special Alarms", "Notes Control Panel", "-", "Exit"}));
-    EXPECT_FALSE(Main().mnuPop.inMenuBar);
-}
 
 TEST_F(frmMainTest, HidingAndShowing) {
     StartQuietly();

@@ -73,16 +73,6 @@ class frmOptionsTest : public testing_support::TestProgram {
     }
 };
 
-TEST_F(frmOptionsTest, ColorButtonsShowTheirColors) {
-    Open();
-    const forms::Color colors[] = {{0xff, 0xff, 0xff}, {0xff, 0x80, 0x80}, {0x00, 0xc0, 0x00},
-                                   {0x80, 0x80, 0xff}, {0xff, 0xff, 0x00}, {0xc0, 0xc0, 0xc0}};
-    for (std::size_t i = 0; i < 6; ++i) {
-        EXPECT_EQ(Window().optDefaultColor[i].backColor(), colors[i]) << i;
-        EXPECT_EQ(Window().shpColor[i].fillColor(), colors[i]) << i;
-    }
-}
-
 TEST_F(frmOptionsTest, ANewUserGetsTheDefaults) {
     StandardCode::Shared().StartCookooFlag = 1;
     Open();

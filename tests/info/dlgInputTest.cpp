@@ -16,11 +16,7 @@ class dlgInputTest : public testing_support::TestProgram {
 };
 
 TEST_F(dlgInputTest, YesSetsTheAnswerToTwo) {
-    Ask([this](dlgInput& window) {
-        EXPECT_EQ(window.caption(), "Erase Message");
-        EXPECT_EQ(window.lblMsg.caption(), "Would You Like To Erase This Message?");
-        user->Click(window.cmdYes);
-    });
+    Ask([this](dlgInput& window) { user->Click(window.cmdYes); });
     EXPECT_EQ(StandardCode::Shared().Answer, 2);
 }
 

@@ -37,21 +37,6 @@ class frmTipTest : public testing_support::TestProgram {
     std::optional<std::string> Stored() { return settings.Read("Startup", "View Tips"); }
 };
 
-TEST_F(frmTipTest, LoadsWithTheFirstTip) {
-    Show([](frmTip& window) {
-        EXPECT_EQ(window.caption(), "Jotwright - Tips and Tricks");
-        EXPECT_EQ(window.icon().path, "C:\\Jotwright\\logo.ico");
-        EXPECT_EQ(window.Label1.caption(), "Did you know...");
-        EXPECT_EQ(window.cmdNextTip.caption(), "&Next Tip");
-        EXPECT_EQ(window.chkShowTips.caption(), "&Don't Show Tips at Startup");
-        EXPECT_STREQ(window.Picture1.resourceName, "tip");
-        EXPECT_EQ(window.lblTipText.fontSize(), 12);
-        EXPECT_TRUE(window.lblTipText.foreColor().has_value());
-        EXPECT_EQ(window.lblTipText.caption(), wantedTips[0]);
-        EXPECT_TRUE(window.cmdNextTip.enabled());
-    });
-}
-
 TEST_F(frmTipTest, NineClicksReachTheLastTipAndDisableTheButton) {
     Show([this](frmTip& window) {
         for (std::size_t index = 1; index < wantedTips.size(); ++index) {

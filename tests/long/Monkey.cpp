@@ -66,7 +66,7 @@ void Monkey::StartProgram() {
     depth = 0;
     erased.clear();
     Improvise();
-    settings.values[{"Startup", "View Tips"}] = OneIn(4) ? "0" : "1";
+    settings.values[{"Startup", "View Tips"}] = random.OneIn(4) ? "0" : "1";
     Start(StandardCode::Main);
     Listen();
     Advance(1100);
@@ -89,9 +89,9 @@ void Monkey::Act() {
     userDropped = Shared().ControlPanelMode || trouble.IsOn();
     Choices choices;
     std::vector<Form*> usable = UsableForms();
-    if (!usable.empty() && !OneIn(4)) {
-        AddForm(*usable[static_cast<std::size_t>(Below(static_cast<int>(usable.size())))], choices);
-    } else if (OneIn(60)) {
+    if (!usable.empty() && !random.OneIn(4)) {
+        AddForm(*random.OneOf(usable), choices);
+    } else if (random.OneIn(60)) {
         trouble.AddTo(choices);
         choices.push_back(
             {trouble.IsOn() ? 30 : 0, "the trouble is over", [this] { EndTrouble(); }});
@@ -110,7 +110,7 @@ void Monkey::Sleep() {
                       base::DateTime::FromTime(7, 0, 0));
     Log("sleep");
     if (!runtime->HasEnded()) {
-        Suspend(morning.seconds - now.seconds + Below(600));
+        Suspend(morning.seconds - now.seconds + random.Below(600));
     }
 }
 
@@ -128,7 +128,7 @@ void Monkey::Do(const Choices& choices) {
     if (total == 0) {
         return;
     }
-    int place = Below(total);
+    int place = random.Below(total);
     for (const Choice& choice : choices) {
         place -= choice.weight;
         if (place < 0) {
@@ -170,21 +170,23 @@ void Monkey::AddForm(Form& form, Choices& choices) {
     if (form.borderStyle == BorderStyle::Sizable) {
         choices.push_back({1, "maximise " + name, [this, &form] { user->Maximize(form); }});
         if (form.windowState() == WindowState::Normal) {
-            choices.push_back({1, "size " + name,
-                               [this, &form] { user->Size(form, Below(20'000), Below(12'000)); }});
+            choices.push_back({1, "size " + name, [this, &form] {
+                                   user->Size(form, random.Below(20'000), random.Below(12'000));
+                               }});
         }
     }
     if (hasTitleBar && form.windowState() == WindowState::Normal) {
         choices.push_back({1, "drag " + name, [this, &form] {
-                               user->Drag(form, Below(9000), Below(9000), [this] { Meanwhile(); });
+                               user->Drag(form, random.Below(9000), random.Below(9000),
+                                          [this] { Meanwhile(); });
                            }});
     }
     choices.push_back({1, "right-click " + name, [this, &form] { user->RightClick(form); }});
     choices.push_back({1, "move over " + name, [this, &form] {
                            const int special[] = {TrayMessages::leftButtonUp,
                                                   TrayMessages::leftDoubleClick,
-                                                  TrayMessages::rightButtonUp, Below(800)};
-                           user->MouseMove(form, special[Below(4)] * 15);
+                                                  TrayMessages::rightButtonUp, random.Below(800)};
+                           user->MouseMove(form, random.OneOf(special) * 15);
                        }});
     std::vector<Menu*> entries;
     AddMenus(form.Menus(), nullptr, entries);
@@ -211,74 +213,51 @@ void Monkey::AddMenus(const std::vector<Menu*>& menus, const Menu* top, std::vec
 
 void Monkey::AddControl(Control& control, Choices& choices) {
     const std::string name = NameOf(control);
-    const auto click = [this, &control] { user->Click(control); };
-    switch (control.kind) {
-        case ControlKind::TextBox: {
-            auto& textBox = static_cast<TextBox&>(control);
-            if (!textBox.readOnly) {
-                choices.push_back({6, "type into " + name, [this, &textBox] { Type(textBox); }});
-            }
+    if (auto* textBox = dynamic_cast<TextBox*>(&control)) {
+        if (!textBox->readOnly) {
+            choices.push_back({6, "type into " + name, [this, textBox] { Type(*textBox); }});
+        }
+        choices.push_back(
+            {1, "double-click " + name, [this, textBox] { user->DoubleClick(*textBox); }});
+    } else if (auto* combo = dynamic_cast<ComboBox*>(&control)) {
+        choices.push_back({1, "select in " + name,
+                           [this, combo] { user->Select(*combo, random.OneOf(combo->items)); }});
+    } else if (auto* list = dynamic_cast<ListView*>(&control)) {
+        if (const int rows = static_cast<int>(list->Rows().size()); rows > 0) {
+            choices.push_back({6, "select in " + name,
+                               [this, list, rows] { user->Select(*list, random.Below(rows)); }});
             choices.push_back(
-                {1, "double-click " + name, [this, &textBox] { user->DoubleClick(textBox); }});
-            break;
+                {2, "double-click " + name, [this, list] { user->DoubleClick(*list); }});
         }
-        case ControlKind::ComboBox: {
-            auto& combo = static_cast<ComboBox&>(control);
-            choices.push_back({1, "select in " + name, [this, &combo] {
-                                   user->Select(combo, Below(static_cast<int>(combo.items.size())));
-                               }});
-            break;
-        }
-        case ControlKind::ListView: {
-            auto& list = static_cast<ListView&>(control);
-            if (!list.Rows().empty()) {
-                choices.push_back({6, "select in " + name, [this, &list] {
-                                       user->Select(list,
-                                                    Below(static_cast<int>(list.Rows().size())));
+    } else if (auto* picker = dynamic_cast<DateTimePicker*>(&control)) {
+        choices.push_back({3, "pick in " + name, [this, picker] {
+                               user->Pick(*picker,
+                                          picker->customFormat().empty() ? NearDate() : NearTime());
+                           }});
+    } else if (auto* toolbar = dynamic_cast<Toolbar*>(&control)) {
+        for (const auto& button : toolbar->buttons()) {
+            if (button.enabled) {
+                choices.push_back({1, "button " + std::string(button.key) + " of " + name,
+                                   [this, toolbar, key = std::string(button.key)] {
+                                       if (key == "Erase") {
+                                           erased.insert(toolbar->form.weak_from_this());
+                                       }
+                                       user->Click(*toolbar, key);
                                    }});
-                choices.push_back(
-                    {2, "double-click " + name, [this, &list] { user->DoubleClick(list); }});
             }
-            break;
         }
-        case ControlKind::DateTimePicker: {
-            auto& picker = static_cast<DateTimePicker&>(control);
-            choices.push_back({3, "pick in " + name, [this, &picker] {
-                                   user->Pick(picker, picker.customFormat().empty() ? NearDate()
-                                                                                    : NearTime());
-                               }});
-            break;
-        }
-        case ControlKind::Toolbar: {
-            auto& toolbar = static_cast<Toolbar&>(control);
-            for (const auto& button : toolbar.buttons()) {
-                if (button.enabled) {
-                    choices.push_back({1, "button " + std::string(button.key) + " of " + name,
-                                       [this, &toolbar, key = std::string(button.key)] {
-                                           if (key == "Erase") {
-                                               erased.insert(toolbar.form.weak_from_this());
-                                           }
-                                           user->Click(toolbar, key);
-                                       }});
-                }
-            }
-            break;
-        }
-        case ControlKind::Shape:
-        case ControlKind::Line:
-        case ControlKind::Frame:
-        case ControlKind::ListBox:
-            break;
-        default:
-            // If the exit had the same weight as other buttons, it would be chosen too often.
-            choices.push_back({name == "frmMain.cmdExit" ? 1 : 3, "click " + name, click});
-            break;
+    } else if (control.PointerRank() > 1) {  // not a frame, and not only drawn
+        // If the exit had the same weight as other buttons, it would be chosen too often.
+        choices.push_back({name == "frmMain.cmdExit" ? 1 : 3, "click " + name,
+                           [this, &control] { user->Click(control); }});
     }
     choices.push_back({1, "right-click " + name, [this, &control] { user->RightClick(control); }});
 }
 
 void Monkey::AddWorld(Choices& choices) {
-    const auto pass = [this](int limit) { return [this, limit] { Advance(1 + Below(limit)); }; };
+    const auto pass = [this](int limit) {
+        return [this, limit] { Advance(1 + random.Below(limit)); };
+    };
     choices.push_back({30, "moments pass", pass(1500)});
     choices.push_back({20, "seconds pass", pass(10'000)});
     choices.push_back({4, "minutes pass", pass(300'000)});
@@ -287,16 +266,17 @@ void Monkey::AddWorld(Choices& choices) {
         choices.push_back({3, "tray double click", [this] { DoubleClickTrayIcon(); }});
         choices.push_back({10, "tray right click", [this] { RightClickTrayIcon(); }});
     }
-    choices.push_back(
-        {1, "the clock is set", [this] { clock.Jump(Below(7200) - 3600, Below(2000) - 1000); }});
-    choices.push_back({1, "the machine sleeps", [this] { Suspend(Below(3600)); }});
+    choices.push_back({1, "the clock is set", [this] {
+                           clock.Jump(random.Below(7200) - 3600, random.Below(2000) - 1000);
+                       }});
+    choices.push_back({1, "the machine sleeps", [this] { Suspend(random.Below(3600)); }});
     choices.push_back({1, "kill", [this] { Kill(); }});
-    if (OneIn(40)) {
+    if (random.OneIn(40)) {
         choices.push_back({2, "the session ends", [] { gestures::EndSession(); }});
     }
     if (files.Names(notesFolder).size() > crowded) {
         choices.push_back({4, "thin out", [this] { ThinOut(); }});
-    } else if (OneIn(30)) {
+    } else if (random.OneIn(30)) {
         choices.push_back({1, "fill up", [this] { FillUp(); }});
     }
 }
@@ -305,7 +285,7 @@ void Monkey::ThinOut() {
     Kill();
     Restart();
     for (const std::string& name : files.Names(notesFolder)) {
-        if (!OneIn(4)) {
+        if (!random.OneIn(4)) {
             files.Remove(notesFolder + '\\' + name);
         }
     }
@@ -315,7 +295,8 @@ void Monkey::ThinOut() {
 void Monkey::FillUp() {
     Kill();
     Restart();
-    const std::size_t wanted = StandardCode::maximumNotes - static_cast<std::size_t>(Below(3));
+    const std::size_t wanted =
+        StandardCode::maximumNotes - static_cast<std::size_t>(random.Below(3));
     for (int number = 1; files.Names(notesFolder).size() < wanted; ++number) {
         PutNote(Note("Filler " + std::to_string(number)));
     }
@@ -326,7 +307,7 @@ void Monkey::FillUp() {
 // two seconds ago must come back.
 void Monkey::Kill() {
     ++kills;
-    if (trouble.IsOn() || OneIn(2)) {
+    if (trouble.IsOn() || random.OneIn(2)) {
         EndTrouble();
         Advance(promised);
     }

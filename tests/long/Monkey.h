@@ -2,23 +2,19 @@
 
 #include <cstdint>
 #include <deque>
-#include <memory>
-#include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "tests/long/Choices.h"
-#include "tests/long/Random.h"
-#include "tests/long/Trouble.h"
-#include "tests/support/WholeProgram.h"
+#include "tests/long/MonkeyChecks.h"
+#include "tests/long/RandomText.h"
 
 namespace long_tests {
 
 // Operates the whole program with random gestures: clicks, types, picks, chooses, closes, answers,
 // lets time pass, sets the clock, lets the machine sleep, fills the disk, and kills the program.
 // Checks the invariants after each gesture.
-class Monkey : public testing_support::WholeProgram {
+class Monkey : public MonkeyChecks {
   protected:
     void SetUp() override;
 
@@ -30,26 +26,10 @@ class Monkey : public testing_support::WholeProgram {
     std::int64_t Gestures() const { return gestures; }
     std::int64_t Kills() const { return kills; }
     std::int64_t Starts() const { return starts; }
-    std::size_t MostForms() const { return mostForms; }
-    std::size_t MostNotes() const { return mostNotes; }
     // The last gestures, oldest first.
     std::string Story() const;
 
   private:
-    using Window = std::weak_ptr<forms::Form>;
-    struct OpenText {
-        Window window;
-        std::string title;
-        std::string file;  // the text is saved to this file
-        bool wasSaved;
-        std::string text;
-    };
-
-    int Below(int limit) { return random.Below(limit); }
-    bool OneIn(int number) { return random.OneIn(number); }
-    std::string Characters(int count);
-    std::string NoteText();
-    std::string Title();
     base::DateTime NearDate();
     base::DateTime NearTime();
 
@@ -79,33 +59,12 @@ class Monkey : public testing_support::WholeProgram {
     void FillUp();
     void Suspend(std::int64_t seconds);
 
-    // The invariants; see docs/architecture.md.
-    void Check();
-    void CheckWindows();
-    void CheckNotes();
-    void CheckSounds();
-    void CheckFiles();
-    void CheckVanished();
-    // The texts that the open editors show, in the order in which they were opened.
-    std::vector<OpenText> OpenTexts() const;
-    // Whether the file of the note holds this text, or was put aside with it because another note
-    // replaced it.
-    bool IsInFile(const OpenText& note) const;
-    static bool IsInEditor(const OpenText& note);
-
-    Random random;
-    Trouble trouble{random, files, printer, shell};
+    RandomText words{random};
     std::deque<std::string> story;
     std::int64_t gestures = 0;
     std::int64_t kills = 0;
     std::int64_t starts = 0;
-    std::size_t mostForms = 0;
-    std::size_t mostNotes = 0;
     int depth = 0;
-    bool userDropped = false;      // the user has chosen in this gesture to erase or not to save
-    std::int64_t calmSince = 0;    // monotonic time of the last failure or typing
-    std::vector<OpenText> before;  // OpenTexts before the gesture
-    std::set<Window, std::owner_less<Window>> erased;  // editors whose Erase button was pressed
 };
 
 }  // namespace long_tests

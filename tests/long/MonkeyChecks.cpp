@@ -1,12 +1,13 @@
-// The invariants that are checked after each gesture of the monkey.
+#include "tests/long/MonkeyChecks.h"
+
 #include <algorithm>
+#include <map>
 
 #include "alarms/Bell.h"
 #include "alarms/SpecialAlarmsFile.h"
 #include "notes/EditedNote.h"
 #include "notes/NoteFile.h"
 #include "notes/NoteStore.h"
-#include "tests/long/Monkey.h"
 
 using namespace forms;
 using StandardCode::Shared;
@@ -24,7 +25,7 @@ bool IsDisplay(const Form& form) { return dynamic_cast<const frmDisplayNote*>(&f
 
 }  // namespace
 
-std::vector<Monkey::OpenText> Monkey::OpenTexts() const {
+std::vector<MonkeyChecks::OpenText> MonkeyChecks::OpenTexts() const {
     std::vector<OpenText> texts;
     for (const EditedNote* note : StandardCode::Notes().OpenNotes()) {
         frmNote& editor = StandardCode::WindowOf(*note);
@@ -36,7 +37,7 @@ std::vector<Monkey::OpenText> Monkey::OpenTexts() const {
     return texts;
 }
 
-bool Monkey::IsInFile(const OpenText& note) const {
+bool MonkeyChecks::IsInFile(const OpenText& note) const {
     const auto says = [&note](const std::string& bytes) {
         StandardCode::NoteRecord record;
         try {
@@ -53,7 +54,7 @@ bool Monkey::IsInFile(const OpenText& note) const {
     return std::any_of(recycled.rbegin(), recycled.rend(), says);
 }
 
-bool Monkey::IsInEditor(const OpenText& note) {
+bool MonkeyChecks::IsInEditor(const OpenText& note) {
     const auto& open = StandardCode::Notes().OpenNotes();
     return std::any_of(open.begin(), open.end(), [&note](const EditedNote* other) {
         return (other->Title() == note.title ||
@@ -62,7 +63,7 @@ bool Monkey::IsInEditor(const OpenText& note) {
     });
 }
 
-void Monkey::Check() {
+void MonkeyChecks::Check() {
     if (runtime->HasEnded() || stage->OpenWaits() > 0) {
         return;
     }
@@ -73,7 +74,7 @@ void Monkey::Check() {
     CheckVanished();
 }
 
-void Monkey::CheckWindows() {
+void MonkeyChecks::CheckWindows() {
     std::map<std::string, int> ofClass;
     for (const auto& form : runtime->LoadedForms()) {
         const auto& window = headless::HeadlessStage::WindowOf(*form);
@@ -99,7 +100,7 @@ void Monkey::CheckWindows() {
     }
 }
 
-void Monkey::CheckNotes() {
+void MonkeyChecks::CheckNotes() {
     std::vector<std::string> open;
     for (const auto& form : runtime->LoadedForms()) {
         auto* note = dynamic_cast<frmNote*>(form.get());
@@ -120,7 +121,7 @@ void Monkey::CheckNotes() {
     }
 }
 
-void Monkey::CheckSounds() {
+void MonkeyChecks::CheckSounds() {
     EXPECT_FALSE(Bell::IsRinging()) << "no box is open";
     const bool loops =
         !sound.log.empty() && sound.log.back().kind == headless::RecordedSound::Kind::Loop;
@@ -136,7 +137,7 @@ void Monkey::CheckSounds() {
     EXPECT_TRUE(isAboutToSound) << "AlarmSounding is set in silence";
 }
 
-void Monkey::CheckFiles() {
+void MonkeyChecks::CheckFiles() {
     std::size_t notes = 0;
     for (const std::string& name : files.Names(notesFolder)) {
         notes += name.ends_with(".txt") ? 1 : 0;
@@ -154,7 +155,7 @@ void Monkey::CheckFiles() {
 }
 
 // If an editor was closed and the user did not discard its text, the note's file holds the text.
-void Monkey::CheckVanished() {
+void MonkeyChecks::CheckVanished() {
     // In control panel mode, a text of the same length does not count as a change.
     if (userDropped || trouble.HasChangedNotes() || Shared().ControlPanelMode) {
         return;

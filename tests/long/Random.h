@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <random>
 
 namespace long_tests {
@@ -11,6 +13,10 @@ class Random {
     // A number from 0 to limit - 1.
     int Below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(engine); }
     bool OneIn(int number) { return Below(number) == 0; }
+    template <class List>
+    auto& OneOf(List& choices) {
+        return choices[static_cast<std::size_t>(Below(static_cast<int>(std::size(choices))))];
+    }
 
   private:
     std::mt19937 engine;

@@ -343,7 +343,7 @@ TEST_F(frmNoteAlarmTest, TheClockBlinksOnlyForTheAlarmOfTheDefaultEditor) {
     EXPECT_EQ(note.lblClock.caption(), "12:00:00 PM");
     EXPECT_FALSE(Shared().BlinkPhase);
     user->Click(note.cmdAlarm);
-    Start([] { forms::Default<frmNote>().alarm.Restore(frmNote::AlarmIcon()); });
+    Start([] { forms::Default<frmNote>().alarm.Restore(NoteAlarm::Icon()); });
     Advance(750);
     EXPECT_TRUE(Shared().BlinkPhase);
     EXPECT_EQ(note.lblClock.caption(), "****");
@@ -355,7 +355,7 @@ TEST_F(frmNoteAlarmTest, TheClockBlinksOnlyForTheAlarmOfTheDefaultEditor) {
 TEST_F(frmNoteAlarmTest, AllNotesBlinkTogether) {
     frmNote& first = MakeNote("First");
     frmNote& second = MakeNote("Second");
-    Start([] { forms::Default<frmNote>().alarm.Restore(frmNote::AlarmIcon()); });
+    Start([] { forms::Default<frmNote>().alarm.Restore(NoteAlarm::Icon()); });
     Advance(750);
     EXPECT_FALSE(Shared().BlinkPhase);
     EXPECT_NE(first.lblClock.caption(), second.lblClock.caption());

@@ -11,7 +11,7 @@ namespace {
 class frmNoteBlinkingTest : public testing_support::NoteProgram {
   protected:
     void SetDefaultAlarm() {
-        Start([] { forms::Default<frmNote>().alarm.Restore(frmNote::AlarmIcon()); });
+        Start([] { forms::Default<frmNote>().alarm.Restore(NoteAlarm::Icon()); });
     }
 
     // The milliseconds within the second at which the program wakes up during the next three

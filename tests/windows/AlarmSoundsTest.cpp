@@ -65,7 +65,7 @@ TEST_F(AlarmSoundsTest, AnOwnSoundFileIsTestedAndSaved) {
     window.Button("&Browse").Click();
     const auto dialog = [&] {
         for (const Window& other : program.Windows()) {
-            if (other.IsVisible() && other.ClassName() == "#32770") {
+            if (other.IsVisible() && other.ClassName() == boxClass) {
                 return other;
             }
         }

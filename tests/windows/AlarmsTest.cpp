@@ -243,7 +243,7 @@ TEST_F(AlarmsTest, AnAlarmComesUpWhileAFileIsChosen) {
     Window dialog;
     WaitUntil("the dialog opens", [&] {
         for (const Window& window : program.Windows()) {
-            if (window.IsVisible() && window.ClassName() == "#32770") {
+            if (window.IsVisible() && window.ClassName() == boxClass) {
                 dialog = window;
             }
         }

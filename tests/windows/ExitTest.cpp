@@ -136,7 +136,7 @@ void ExitTest::LookForASoundFile() {
     WaitUntil("the dialog opens", [this] {
         const auto windows = program.Windows();
         return std::any_of(windows.begin(), windows.end(), [](const Window& window) {
-            return window.IsVisible() && window.ClassName() == "#32770";
+            return window.IsVisible() && window.ClassName() == boxClass;
         });
     });
 }

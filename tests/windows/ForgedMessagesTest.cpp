@@ -30,7 +30,7 @@ class ForgedMessagesTest : public DriverTest {
         targets.push_back(editor);
         for (const Window& window : program.Windows()) {
             const std::string name = window.ClassName();
-            if (window != editor && (name == "FormWindow" || name == "FormsUtility")) {
+            if (window != editor && (name == formClass || name == "FormsUtility")) {
                 targets.push_back(window);
             }
         }

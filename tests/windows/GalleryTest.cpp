@@ -12,7 +12,6 @@ namespace driver {
 
 namespace {
 
-constexpr const char* listClass = "SysListView32";
 constexpr DWORD timeToPaint = 250;  // milliseconds
 
 // Moves the pointer to the corner of the screen, where it highlights no button.

@@ -213,7 +213,7 @@ TEST_F(KeyboardTest, ANoteIsMadeWrittenSavedAndClosed) {
     hands::PressKeys({VK_RIGHT});
     hands::PressKeys({VK_SPACE});
     WaitUntil("a box says that the note is saved", [&] {
-        const auto boxes = program.Visible("", "#32770");
+        const auto boxes = program.Visible("", boxClass);
         return !boxes.empty() && ::GetForegroundWindow() == boxes.front().handle;
     });
     EXPECT_TRUE(FileExists(NotePath("dentist")));
@@ -255,11 +255,11 @@ TEST_F(KeyboardTest, ControlSSavesANote) {
     hands::PressKeys({VK_CONTROL, VK_MENU, 'S'});
     hands::TypeKeys("x");
     WaitUntil("the text is typed", [&] { return text.Text().ends_with('x'); });
-    EXPECT_TRUE(program.Visible("", "#32770").empty());
+    EXPECT_TRUE(program.Visible("", boxClass).empty());
     EXPECT_FALSE(FileExists(NotePath("Dentist")));
     hands::PressKeys({VK_CONTROL, 'S'});
     WaitUntil("a box says that the note is saved", [&] {
-        const auto boxes = program.Visible("", "#32770");
+        const auto boxes = program.Visible("", boxClass);
         return !boxes.empty() && ::GetForegroundWindow() == boxes.front().handle;
     });
     EXPECT_TRUE(FileExists(NotePath("Dentist")));

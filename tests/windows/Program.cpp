@@ -14,9 +14,6 @@ using forms::win32::Wide;
 
 namespace {
 
-constexpr const char* menuClass = "#32768";
-constexpr const char* boxClass = "#32770";
-
 struct Search {
     DWORD process;
     std::vector<Window> found;

@@ -7,6 +7,11 @@
 
 namespace driver {
 
+// Classes of top-level windows.
+inline constexpr const char* formClass = "FormWindow";
+inline constexpr const char* boxClass = "#32770";  // also of the system's dialogs
+inline constexpr const char* menuClass = "#32768";
+
 // A window of the program, or a control in a window. All text is UTF-8.
 //
 // The user's actions are posted, not sent: a handler may open a box, and SendMessage would not

@@ -17,4 +17,9 @@ std::wstring ProgramPath() {
     }
 }
 
+std::wstring ProgramFolder() {
+    const std::wstring path = ProgramPath();
+    return path.substr(0, path.find_last_of(L'\\'));
+}
+
 }  // namespace forms::win32

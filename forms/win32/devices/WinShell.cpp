@@ -57,15 +57,12 @@ bool IsFile(const std::wstring& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-std::wstring FolderOf(const std::wstring& path) { return path.substr(0, path.find_last_of(L'\\')); }
-
 // The file beside this program that has the target's name, for example the launcher of the portable
 // copy. If there is none, this program.
 std::wstring ProgramInThisFolder(const std::wstring& target) {
-    const std::wstring self = ProgramPath();
     const std::wstring sameName =
-        FolderOf(self) + L'\\' + target.substr(target.find_last_of(L'\\') + 1);
-    return IsFile(sameName) ? sameName : self;
+        ProgramFolder() + L'\\' + target.substr(target.find_last_of(L'\\') + 1);
+    return IsFile(sameName) ? sameName : ProgramPath();
 }
 
 }  // namespace
@@ -117,7 +114,7 @@ void WinShell::PointToThisProgram(const std::string& shortcut) {
     const std::wstring program = ProgramInThisFolder(target);
     // Write a new shortcut: the old one may hold its target in other forms too.
     if (target != program && SUCCEEDED(link->SetPath(program.c_str())) &&
-        SUCCEEDED(link->SetWorkingDirectory(FolderOf(program).c_str()))) {
+        SUCCEEDED(link->SetWorkingDirectory(ProgramFolder().c_str()))) {
         link->SetDescription(description);
         FileOf(*link)->Save(path.c_str(), TRUE);
     }

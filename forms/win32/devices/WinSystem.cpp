@@ -12,8 +12,7 @@ namespace forms::win32 {
 
 std::string WinSystem::ApplicationFolder() {
     if (folder.empty()) {
-        const std::wstring path = ProgramPath();
-        folder = Narrow(path.substr(0, path.find_last_of(L'\\')));
+        folder = Narrow(ProgramFolder());
     }
     return folder;
 }

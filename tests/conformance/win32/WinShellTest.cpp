@@ -92,8 +92,7 @@ class WinShellShortcutTest : public testing::Test {
     const TempFolder folder;
     const std::string shortcut = folder / "a shortcut.lnk";
     // A file beside this program; TearDown removes it.
-    const std::wstring launcher =
-        ProgramPath().substr(0, ProgramPath().find_last_of(L'\\')) + L"\\WinShellTest launcher.exe";
+    const std::wstring launcher = ProgramFolder() + L"\\WinShellTest launcher.exe";
     WinShell shell;
     WinFiles files;
 };

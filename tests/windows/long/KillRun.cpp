@@ -73,7 +73,7 @@ class KillRun : public DriverTest {
 };
 
 Window KillRun::TextBoxOf(const std::string& title) {
-    const Window editor = program.WaitFor(title, "FormWindow");
+    const Window editor = program.WaitFor(title, formClass);
     if (editor.IsMinimized()) {
         editor.Restore();
     }
@@ -113,7 +113,7 @@ void KillRun::TypeUntil(std::uint64_t end, const Window& editor) {
 // Closes the box "... has been saved."
 void KillRun::CloseTheBox(std::uint64_t end) {
     while (Milliseconds() < end) {
-        const auto boxes = program.Visible("", "#32770");
+        const auto boxes = program.Visible("", boxClass);
         if (!boxes.empty()) {
             boxes.front().Button("OK").Click();
             while (boxes.front().Exists() && Milliseconds() < end) {

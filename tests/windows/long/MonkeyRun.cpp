@@ -16,7 +16,6 @@ namespace driver {
 
 namespace {
 
-constexpr const char* boxClass = "#32770";
 constexpr UINT firstMenuCommand = 1000;
 constexpr int menuCommands = 40;
 constexpr std::size_t mostWindows = 120;
@@ -68,7 +67,7 @@ void MonkeyRun::Act() {
     for (const Window& window : all) {
         const std::string kind = window.ClassName();
         if (window.IsVisible() && window.IsEnabled() &&
-            (kind == "FormWindow" || kind == boxClass || kind == "#32768")) {
+            (kind == formClass || kind == boxClass || kind == menuClass)) {
             usable.push_back(window);
         }
     }
@@ -87,7 +86,7 @@ void MonkeyRun::Act() {
     }
     const Window window = OneOf(usable);
     last = window.Description();
-    if (window.ClassName() == "#32768") {
+    if (window.ClassName() == menuClass) {
         const WPARAM keys[] = {VK_DOWN, VK_DOWN, VK_RETURN, VK_ESCAPE};
         window.Press(keys[Below(4)]);
         // If no choice is made, a menu stays open forever.

@@ -130,7 +130,7 @@ TEST_F(SecondsRun, EverySecondIsSeenWithAHundredNotesABoxOpenAndBothProcessorsBu
     const Window editor = OpenRestored("Note 7");
     // A box stays open for the whole run.
     ClickToolbar(editor.Only("ToolbarWindow32"), toolbarSave);
-    const Window box = program.WaitFor("", "#32770");
+    const Window box = program.WaitFor("", boxClass);
     WaitUntil("the clock runs", [&] {
         for (const Window& child : editor.ChildrenOfClass("Static")) {
             if (child.Text().starts_with("System Date") && SecondShown(child.Text()) >= 0) {

@@ -23,7 +23,6 @@ namespace driver {
 
 namespace {
 
-constexpr const char* formClass = "FormWindow";
 constexpr const char* weeklyBox = "Jotwright Daily Alarm";
 constexpr std::int64_t before = 2;  // seconds from the jump to the event
 // Seconds from a jump of the clock until the event has certainly passed, and its sound has reached

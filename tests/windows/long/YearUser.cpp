@@ -6,8 +6,6 @@ namespace driver {
 
 namespace {
 
-constexpr const char* boxClass = "#32770";
-constexpr const char* formClass = "FormWindow";
 constexpr const char* limitBox = "Jotwright: Maximum Notes Reached";
 constexpr std::size_t mostNotes = 100;
 
