@@ -35,9 +35,11 @@ jotwright_add_windows_check(check.hardening 1 "${scripts}/check-hardening"
                             "${PROJECT_BINARY_DIR}/JotwrightPortable.exe")
 jotwright_add_windows_check(windows.first_start 10 "${scripts}/test-first-start"
                             "${PROJECT_BINARY_DIR}")
-jotwright_add_windows_check(windows.package 150 "${scripts}/test-package")
-set_property(TEST windows.package APPEND PROPERTY ENVIRONMENT
-             "JOTWRIGHT_PACKAGE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/windows.package")
+foreach(part packages archive installer)
+    jotwright_add_windows_check(windows.package.${part} 150 "${scripts}/test-package" ${part})
+    set_property(TEST windows.package.${part} APPEND PROPERTY ENVIRONMENT
+                 "JOTWRIGHT_PACKAGE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/windows.package.${part}")
+endforeach()
 
 # A few tests in the kit for real Windows machines. scripts/windows-test-kit --try runs all.
 jotwright_add_windows_check(windows.kit 30 "${scripts}/windows-test-kit" --try
