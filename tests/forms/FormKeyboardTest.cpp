@@ -122,6 +122,13 @@ TEST_F(FormKeyboardTest, AnAccessKeyNeedsAltOnlyIfTheFocusedControlTakesLetters)
     EXPECT_EQ(Form().presses, 1);
 }
 
+TEST_F(FormKeyboardTest, TheAccessKeyIsBehindTheFirstSingleAmpersand) {
+    EXPECT_EQ(gestures::AccessKeyOf("Tom && &jerry & &Co"), 'J');
+    for (const char* caption : {"", "&", "Tom && Jerry", "&&&"}) {
+        EXPECT_EQ(gestures::AccessKeyOf(caption), 0) << caption;
+    }
+}
+
 TEST_F(FormKeyboardTest, AKeyOfNoCaptionIsLeftToTheSystem) {
     EXPECT_EQ(gestures::PressAccessKey(Form(), 'x'), KeyUse::Unused);
     EXPECT_EQ(gestures::PressAccessKey(Form(), 'O'), KeyUse::Used);
