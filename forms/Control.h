@@ -93,6 +93,8 @@ class Control : public Observed {
     virtual bool IsTabStop() const { return CanTakeFocus(); }
     // Whether the control itself handles the Enter key while it has the focus.
     virtual bool TakesEnter() const { return false; }
+    // Whether the control itself handles letters while it has the focus.
+    virtual bool TakesLetters() const { return false; }
     // Whether the menu key opens a menu of the control's own.
     virtual bool HasOwnMenu() const { return false; }
     // If controls overlap, the pointer finds the control with the highest rank. The pointer never

@@ -112,6 +112,7 @@ class TextBox : public Control {
     ClickHandler DoubleClick;
 
     bool CanHaveFocus() const override { return true; }
+    bool TakesLetters() const override { return true; }
     void AfterChange(Aspect aspect) override;
     void DoubleClicked() override { Raise(DoubleClick); }
     bool TakesEnter() const override { return multiLine && !readOnly; }
@@ -189,6 +190,7 @@ class ComboBox : public Control {
     ClickHandler Click;
     std::string Text() const;
     bool CanHaveFocus() const override { return true; }
+    bool TakesLetters() const override { return true; }
     void Selected(int index);  // called by Gestures only
     void AfterChange(Aspect aspect) override;
 };
@@ -249,6 +251,7 @@ class ListView : public Control {
     ClickHandler ItemClick;  // the user selected a row
     ClickHandler DoubleClick;
     bool CanHaveFocus() const override { return true; }
+    bool TakesLetters() const override { return true; }
     void DoubleClicked() override { Raise(DoubleClick); }
 
   private:
@@ -270,6 +273,7 @@ class DateTimePicker : public Control {
     Property<bool, Aspect::Format> upDown{*this, false};
     ClickHandler Change;
     bool CanHaveFocus() const override { return true; }
+    bool TakesLetters() const override { return true; }
     void Picked(base::DateTime picked);  // called by Gestures only
 };
 

@@ -56,6 +56,11 @@ CommandButton* FormFocus::CancelButton() const {
                       [](const CommandButton& button) { return button.isCancel(); });
 }
 
+CommandButton* FormFocus::EnterButton() const {
+    auto* focused = dynamic_cast<CommandButton*>(ActiveControl());
+    return focused != nullptr ? focused : DefaultButton();
+}
+
 std::vector<Control*> FormFocus::TabOrder() const {
     const std::vector<Control*>& controls = form.Controls();
     std::vector<Control*> order = controls;

@@ -19,10 +19,11 @@ class FormFocus {
     Control* ActiveControl() const;
     // All controls in the order of the Tab key, including frames and labels.
     std::vector<Control*> TabOrder() const;
-    // The button that Enter presses (unless a button has the focus), and the button that Escape
-    // presses. Null if there is no usable one.
+    // The usable default button, and the button that Escape presses. Null if there is none.
     CommandButton* DefaultButton() const;
     CommandButton* CancelButton() const;
+    // The button that Enter presses: the button that has the focus, else the default button.
+    CommandButton* EnterButton() const;
 
     // Gives the focus to the control. The stage shows that already, or is told by the caller.
     void Adopt(Control& control) { given = &control; }

@@ -13,25 +13,14 @@ namespace forms::gestures {
 
 namespace {
 
-char Lower(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+char Upper(char letter) {
+    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
 }
 
 bool HasMnemonic(const Control& control, char letter) {
     const auto* captioned = dynamic_cast<const Captioned*>(&control);
-    if (captioned == nullptr || !captioned->useMnemonic) {
-        return false;
-    }
-    const std::string& caption = captioned->caption;
-    for (std::size_t at = 0; at + 1 < caption.size(); ++at) {
-        if (caption[at] == '&') {
-            if (caption[at + 1] != '&' && Lower(caption[at + 1]) == Lower(letter)) {
-                return true;
-            }
-            ++at;
-        }
-    }
-    return false;
+    return captioned != nullptr && captioned->useMnemonic &&
+           AccessKeyOf(captioned->caption) == Upper(letter);
 }
 
 // In the order of the Tab key, beginning behind the control that has the focus.
@@ -66,6 +55,15 @@ void MoveFocus(Control& control) {
 
 }  // namespace
 
+char AccessKeyOf(const std::string& caption) {
+    for (std::size_t at = 0; at + 1 < caption.size(); ++at) {
+        if (caption[at] == '&' && caption[++at] != '&') {
+            return Upper(caption[at]);
+        }
+    }
+    return 0;
+}
+
 KeyUse PressTab(Form& form, bool backward) {
     std::vector<Control*> order = form.focus.TabOrder();
     if (backward) {
@@ -96,21 +94,25 @@ KeyUse PressAccessKey(Form& form, char letter) {
     return KeyUse::Used;
 }
 
+KeyUse PressLetter(Form& form, char letter) {
+    const Control* focused = form.focus.ActiveControl();
+    return focused != nullptr && focused->TakesLetters() ? KeyUse::ByControl
+                                                         : PressAccessKey(form, letter);
+}
+
 KeyUse PressEnter(Form& form) {
     Control* focused = form.focus.ActiveControl();
     if (focused != nullptr && focused->TakesEnter()) {
         return KeyUse::ByControl;
     }
-    auto* button = dynamic_cast<CommandButton*>(focused);
-    if (button != nullptr) {
+    CommandButton* button = form.focus.EnterButton();
+    if (button == nullptr) {
+        return KeyUse::Unused;
+    }
+    if (button == focused) {
         // The button may have the focus only because it is the first Tab stop. Store it as the
         // focused control.
         Focus(*button);
-    } else {
-        button = form.focus.DefaultButton();
-    }
-    if (button == nullptr) {
-        return KeyUse::Unused;
     }
     Click(*button);
     return KeyUse::Used;

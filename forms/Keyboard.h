@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "forms/Form.h"
 
 // Handles the keys that belong to the form instead of the control that has the focus. The stages
@@ -12,12 +14,19 @@ enum class KeyUse {
     ByControl,  // the control that has the focus handles the key itself
 };
 
+// The access key of a caption, as a capital: the letter after the first ampersand. A double
+// ampersand does not count. 0 if there is none.
+char AccessKeyOf(const std::string& caption);
+
 // Moves the focus to the next or the previous Tab stop.
 KeyUse PressTab(Form& form, bool backward = false);
 // Handles Alt and a letter, in either case. The access key of a label or a frame leads to the
 // control after it. If only one control has the key, it gets the focus and is pressed. If several
 // have it, the next of them after the focus gets the focus and is not pressed.
 KeyUse PressAccessKey(Form& form, char letter);
+// Handles a letter without Alt. The letter is an access key unless the control that has the focus
+// takes letters.
+KeyUse PressLetter(Form& form, char letter);
 // Presses the button that has the focus, else the default button.
 KeyUse PressEnter(Form& form);
 // Presses the cancel button. Closes a dialog without a cancel button.

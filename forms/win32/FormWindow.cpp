@@ -306,9 +306,7 @@ void FormWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (Peer* peer = controls.Find(reinterpret_cast<HWND>(lParam)); peer != nullptr) {
         peer->OnCommand(HIWORD(wParam));
     } else if (id == IDOK) {
-        if (CommandButton* button = form->focus.DefaultButton(); button != nullptr) {
-            gestures::Click(*button);
-        }
+        gestures::PressEnter(*form);
     } else if (id == IDCANCEL) {
         gestures::PressEscape(*form);
     } else if (Menu* menu = menus.Find(id); menu != nullptr) {

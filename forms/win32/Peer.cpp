@@ -127,8 +127,8 @@ std::optional<LRESULT> Peer::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
         case WM_SETFOCUS: {
             const LRESULT result = Default(message, wParam, lParam);
             if (window.IsLive() && control.CanHaveFocus()) {
-                window.focus.MarkDefaultButton();
                 gestures::Focus(control);
+                window.focus.MarkDefaultButton();
             }
             return result;
         }

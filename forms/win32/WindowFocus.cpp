@@ -41,11 +41,7 @@ void WindowFocus::Restore() {
 }
 
 void WindowFocus::MarkDefaultButton() {
-    const Peer* focused = window.controls.Find(::GetFocus());
-    const Control* marked =
-        focused != nullptr && focused->control.kind == ControlKind::CommandButton
-            ? &focused->control
-            : window.Model().focus.DefaultButton();
+    const Control* marked = window.Model().focus.EnterButton();
     for (const auto& peer : window.controls.Peers()) {
         if (peer->handle == nullptr || peer->control.kind != ControlKind::CommandButton) {
             continue;
@@ -63,18 +59,12 @@ bool WindowFocus::TakeKey(MSG& message) {
         return true;
     }
     const FormWindow::Entry entry(window);
+    if (message.message == WM_SYSCHAR || message.message == WM_CHAR) {
+        return TakeLetter(message);
+    }
     const LRESULT code = ::SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam,
                                         reinterpret_cast<LPARAM>(&message));
-    const bool isTaken = (code & DLGC_WANTMESSAGE) != 0;
-    if (message.message == WM_SYSCHAR) {
-        return TakeAccessKey(message.wParam);
-    }
-    if (message.message == WM_CHAR) {
-        // An access key needs no Alt if the control that has the focus takes no letters.
-        const bool takesLetters = isTaken || (code & DLGC_WANTCHARS) != 0;
-        return !takesLetters && TakeAccessKey(message.wParam);
-    }
-    if (message.message == WM_KEYDOWN && !isTaken) {
+    if (message.message == WM_KEYDOWN && (code & DLGC_WANTMESSAGE) == 0) {
         switch (message.wParam) {
             case VK_TAB:
                 ::SendMessageW(window.handle, WM_CHANGEUISTATE,
@@ -111,10 +101,12 @@ bool WindowFocus::TakeShortcut(const MSG& message) {
     return false;
 }
 
-bool WindowFocus::TakeAccessKey(WPARAM letter) {
+bool WindowFocus::TakeLetter(const MSG& message) {
     HWND before = ::GetFocus();
-    if (letter > 0x7F ||
-        gestures::PressAccessKey(window.Model(), static_cast<char>(letter)) == KeyUse::Unused) {
+    const auto press =
+        message.message == WM_SYSCHAR ? &gestures::PressAccessKey : &gestures::PressLetter;
+    if (message.wParam > 0x7F ||
+        press(window.Model(), static_cast<char>(message.wParam)) != KeyUse::Used) {
         return false;
     }
     SelectText(before);

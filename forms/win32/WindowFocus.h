@@ -17,8 +17,7 @@ class WindowFocus {
 
     // Gives the focus to the form's active control.
     void Restore();
-    // Draws the push button that has the focus as the default button. If no push button has it,
-    // draws the default button so.
+    // Draws the button that Enter presses as the default button.
     void MarkDefaultButton();
     // Handles a key for a control of the window. Handlers may run. Returns false if the key must be
     // dispatched to the control.
@@ -30,7 +29,7 @@ class WindowFocus {
 
   private:
     bool TakeShortcut(const MSG& message);
-    bool TakeAccessKey(WPARAM letter);
+    bool TakeLetter(const MSG& message);
     void TakeTab(bool backward);
     void OnNextControl(WPARAM wParam, LPARAM lParam);
     // Called when a control got the focus by keyboard. Selects its text, as the system's dialogs

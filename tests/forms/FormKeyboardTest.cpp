@@ -113,6 +113,22 @@ TEST_F(FormKeyboardTest, TabStopsOnceInAGroupAndGoesBackTheSameWay) {
     EXPECT_EQ(visit(false), (Names{"txtBody", "optThird", "tlbTools", "cmdOk"}));
 }
 
+TEST_F(FormKeyboardTest, AnAccessKeyNeedsAltOnlyIfTheFocusedControlTakesLetters) {
+    Form().txtLine.SetFocus();
+    EXPECT_EQ(gestures::PressLetter(Form(), 'o'), KeyUse::ByControl);
+    EXPECT_EQ(Form().presses, 0);
+    Form().optSecond.SetFocus();
+    EXPECT_EQ(gestures::PressLetter(Form(), 'o'), KeyUse::Used);
+    EXPECT_EQ(Form().presses, 1);
+}
+
+TEST_F(FormKeyboardTest, TheAccessKeyIsBehindTheFirstSingleAmpersand) {
+    EXPECT_EQ(gestures::AccessKeyOf("Tom && &jerry & &Co"), 'J');
+    for (const char* caption : {"", "&", "Tom && Jerry", "&&&"}) {
+        EXPECT_EQ(gestures::AccessKeyOf(caption), 0) << caption;
+    }
+}
+
 TEST_F(FormKeyboardTest, AKeyOfNoCaptionIsLeftToTheSystem) {
     EXPECT_EQ(gestures::PressAccessKey(Form(), 'x'), KeyUse::Unused);
     EXPECT_EQ(gestures::PressAccessKey(Form(), 'O'), KeyUse::Used);

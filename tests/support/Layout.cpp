@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cmath>
-#include <optional>
+
+#include "forms/Keyboard.h"
 
 namespace testing_support {
 
@@ -12,6 +12,7 @@ namespace {
 
 using forms::Control;
 using forms::ControlKind;
+using forms::gestures::AccessKeyOf;
 
 constexpr int smallestGap = 30;
 constexpr int frameSide = 120;
@@ -152,24 +153,15 @@ void CheckCaption(const Control& control, std::vector<std::string>& faults) {
         return;
     }
     const std::string text = facts.hasMnemonic ? WithoutMnemonic(facts.caption) : facts.caption;
-    int room = control.width;
-    int wrapWidth = 0;
-    switch (control.kind) {
-        case ControlKind::Label:
-            wrapWidth = room;
-            break;
-        case ControlKind::CommandButton:
-            room -= buttonPadding;
-            break;
-        case ControlKind::CheckBox:
-        case ControlKind::OptionButton:
-            room -= boxOfChoice;
-            break;
-        default:
-            room -= frameCaptionInset;
-            break;
-    }
-    const TextSize size = MeasureWide(text, facts.points, facts.bold, wrapWidth);
+    const bool isLabel = control.kind == ControlKind::Label;
+    const bool hasBox =
+        control.kind == ControlKind::CheckBox || control.kind == ControlKind::OptionButton;
+    const int inset = isLabel                                      ? 0
+                      : hasBox                                     ? boxOfChoice
+                      : control.kind == ControlKind::CommandButton ? buttonPadding
+                                                                   : frameCaptionInset;
+    const int room = control.width - inset;
+    const TextSize size = MeasureWide(text, facts.points, facts.bold, isLabel ? room : 0);
     if (size.width > room || (control.kind != ControlKind::Frame && size.height > control.height)) {
         faults.push_back(NameOf(control) + " needs " + std::to_string(size.width) + " by " +
                          std::to_string(size.height) + " and has " + std::to_string(room) + " by " +
@@ -191,18 +183,6 @@ void CheckRow(const Control& a, const Control& b, std::vector<std::string>& faul
     }
 }
 
-// The place of a control, relative to the corner of the form.
-Place PlaceOnForm(const Control& control) {
-    Place place = PlaceOf(control);
-    for (const Control* outer = control.container; outer != nullptr; outer = outer->container) {
-        place.left += outer->left;
-        place.right += outer->left;
-        place.top += outer->top;
-        place.bottom += outer->top;
-    }
-    return place;
-}
-
 void CheckTabOrder(const std::vector<const Control*>& seen, std::vector<std::string>& faults) {
     std::vector<std::string> backward;
     const Control* before = nullptr;
@@ -211,9 +191,9 @@ void CheckTabOrder(const std::vector<const Control*>& seen, std::vector<std::str
             continue;
         }
         if (before != nullptr) {
-            const Place from = PlaceOnForm(*before);
-            const Place to = PlaceOnForm(*control);
-            if (to.left < from.right && to.top < from.bottom) {
+            const forms::Rect from = before->PlaceOnForm();
+            const forms::Rect to = control->PlaceOnForm();
+            if (to.left < from.left + from.width && to.top < from.top + from.height) {
                 backward.push_back("the Tab key goes back from " + NameOf(*before) + " to " +
                                    NameOf(*control));
             }
@@ -224,18 +204,6 @@ void CheckTabOrder(const std::vector<const Control*>& seen, std::vector<std::str
     if (backward.size() > 1) {
         faults.insert(faults.end(), backward.begin(), backward.end());
     }
-}
-
-std::optional<char> AccessKey(const std::string& caption) {
-    for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
-        if (caption[i] == '&') {
-            if (caption[i + 1] != '&') {
-                return static_cast<char>(std::toupper(static_cast<unsigned char>(caption[i + 1])));
-            }
-            ++i;
-        }
-    }
-    return std::nullopt;
 }
 
 }  // namespace
@@ -301,13 +269,13 @@ std::string SharedAccessKeys(const forms::Form& form) {
     std::map<char, int> count;
     for (const Control* control : form.Controls()) {
         const Facts facts = FactsOf(*control);
-        if (const auto key = AccessKey(facts.caption); key && facts.hasMnemonic) {
-            ++count[*key];
+        if (const char key = AccessKeyOf(facts.caption); key != 0 && facts.hasMnemonic) {
+            ++count[key];
         }
     }
     for (const forms::Menu* menu : form.Menus()) {
-        if (const auto key = AccessKey(menu->caption); key && menu->inMenuBar) {
-            ++count[*key];
+        if (const char key = AccessKeyOf(menu->caption); key != 0 && menu->inMenuBar) {
+            ++count[key];
         }
     }
     std::string shared;

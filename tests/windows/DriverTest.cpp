@@ -12,7 +12,18 @@
 
 namespace driver {
 
-DriverTest::DriverTest() : executable(Variable("JOTWRIGHT_EXE")), folder(FolderOf(executable)) {}
+namespace {
+
+Window PickerOf(const Window& editor, LONG_PTR upDown) {
+    for (const Window& child : editor.Children()) {
+        if (child.ClassName() == DATETIMEPICK_CLASSA && (child.Style() & DTS_UPDOWN) == upDown) {
+            return child;
+        }
+    }
+    throw Failure("no such picker in " + editor.Description());
+}
+
+}  // namespace
 
 void DriverTest::SetUp() {
     RemoveFolder(folder + "\\Notes");
@@ -133,34 +144,6 @@ void DriverTest::LetAlarmCome(const std::string& time, const std::string& captio
                 [&] { return !program.Visible(caption).empty(); });
 }
 
-std::string DriverTest::NotePath(const std::string& title) const {
-    return folder + "\\Notes\\" + title + ".txt";
-}
-
-std::string DriverTest::MadeToday(const std::string& text) {
-    const std::string start = "2031-06-02";
-    const std::size_t place = text.find(start);
-    return place == std::string::npos || Has("JOTWRIGHT_CLOCK_FILE")
-               ? text
-               : std::string(text).replace(place, start.size(), Clock::Now(), 0, start.size());
-}
-
-bool DriverTest::NoteFileIs(const std::string& title, const std::string& bytes) const {
-    const auto file = WholeFile(NotePath(title));
-    return file == bytes || file == MadeToday(bytes);
-}
-
-void DriverTest::ExpectNote(const std::string& title, const std::string& bytes) const {
-    if (!ComesTrue([&] { return NoteFileIs(title, bytes); })) {
-        EXPECT_EQ(WholeFile(NotePath(title)).value_or("(no file)"), bytes);
-    }
-}
-
-void DriverTest::WriteNote(const std::string& title, const std::string& bytes) const {
-    MakeFolder(folder + "\\Notes");
-    WriteWholeFile(NotePath(title), bytes);
-}
-
 Window DriverTest::OpenRestored(const std::string& title) const {
     const Window editor = program.WaitFor(title);
     Restore(editor);
@@ -216,34 +199,6 @@ void DriverTest::WaitForKeyboard(const Window& window) {
     });
 }
 
-std::vector<std::string> DriverTest::CopyPaths(const std::string& title) const {
-    std::vector<std::string> paths;
-    for (const std::string& name : FileNames(folder + "\\Notes")) {
-        if (name.starts_with("~" + title + "-") && name.ends_with(".recovery")) {
-            paths.push_back(folder + "\\Notes\\" + name);
-        }
-    }
-    return paths;
-}
-
-std::string DriverTest::CopyPath(const std::string& title) const {
-    const std::vector<std::string> paths = CopyPaths(title);
-    EXPECT_EQ(paths.size(), 1U) << title;
-    return paths.empty() ? std::string() : paths.front();
-}
-
-// While a copy is being written, its text is already in a temporary file.
-void DriverTest::WaitForCopy(const std::string& title, const std::string& part) const {
-    WaitUntil("a copy holds " + part, [&] {
-        const std::vector<std::string> paths = CopyPaths(title);
-        return std::any_of(paths.begin(), paths.end(), [&part](const std::string& path) {
-            const std::string copy = WholeFile(path).value_or("");
-            return copy.find(part) != std::string::npos ||
-                   copy.find(MadeToday(part)) != std::string::npos;
-        });
-    });
-}
-
 void DriverTest::CloseAndWait(const Window& window) {
     window.CloseBox();
     WaitUntil("the window has gone", [&] { return !window.Exists(); });
@@ -280,23 +235,9 @@ Window DriverTest::OpenPanel(const Window& main) const {
     return panel;
 }
 
-Window DriverTest::DatePicker(const Window& editor) {
-    for (const Window& child : editor.Children()) {
-        if (child.ClassName() == DATETIMEPICK_CLASSA && (child.Style() & DTS_UPDOWN) == 0) {
-            return child;
-        }
-    }
-    throw Failure("no date picker in " + editor.Description());
-}
+Window DriverTest::DatePicker(const Window& editor) { return PickerOf(editor, 0); }
 
-Window DriverTest::TimePicker(const Window& editor) {
-    for (const Window& child : editor.Children()) {
-        if (child.ClassName() == DATETIMEPICK_CLASSA && (child.Style() & DTS_UPDOWN) != 0) {
-            return child;
-        }
-    }
-    throw Failure("no time picker in " + editor.Description());
-}
+Window DriverTest::TimePicker(const Window& editor) { return PickerOf(editor, DTS_UPDOWN); }
 
 void DriverTest::ExpectDate(const Window& picker, int year, int month, int day) {
     const SYSTEMTIME picked = Picked(picker);

@@ -9,6 +9,7 @@
 #include "tests/windows/Clock.h"
 #include "tests/windows/Files.h"
 #include "tests/windows/Gestures.h"
+#include "tests/windows/NoteFiles.h"
 #include "tests/windows/Program.h"
 #include "tests/windows/SoundRecorder.h"
 #include "tests/windows/Wait.h"
@@ -17,7 +18,7 @@ namespace driver {
 
 // Each test starts with an application folder that holds only the shipped files. The only setting
 // is that no tips are shown. The clock starts at Monday, 2 June 2031, 9:00:00.
-class DriverTest : public testing::Test {
+class DriverTest : public testing::Test, protected NoteFiles {
   protected:
     static constexpr const char* mainCaption = "Jotwright";
     static constexpr const char* editorSet = "&Set Alarm";
@@ -51,7 +52,6 @@ class DriverTest : public testing::Test {
     static constexpr int trayShow = 5;
     static constexpr int trayExit = 11;
 
-    DriverTest();
     void SetUp() override;
     void TearDown() override;
 
@@ -78,15 +78,6 @@ class DriverTest : public testing::Test {
     // Like LetTimeCome, for a window with this caption.
     void LetAlarmCome(const std::string& time, const std::string& caption) const;
 
-    std::string NotePath(const std::string& title) const;
-    // Without a clock that tests move, a note that the program makes has today's date. Then returns
-    // the text with today's date in place of the date at which the clock would start.
-    static std::string MadeToday(const std::string& text);
-    // Expects the note file to hold exactly these bytes, or MadeToday() of them.
-    void ExpectNote(const std::string& title, const std::string& bytes) const;
-    void WriteNote(const std::string& title, const std::string& bytes) const;
-    bool NoteFileIs(const std::string& title, const std::string& bytes) const;
-
     // Restores the minimized editor of a note and waits until its controls exist.
     Window OpenRestored(const std::string& title) const;
     static void Restore(const Window& window);
@@ -101,12 +92,6 @@ class DriverTest : public testing::Test {
     static void BringUp(const Window& window);
     // Waits until the window receives keys.
     static void WaitForKeyboard(const Window& window);
-    // Paths of the recovery copies of unsaved notes with this title: ~Shopping-<instance>.recovery.
-    std::vector<std::string> CopyPaths(const std::string& title) const;
-    // The only such path. Fails the test if there is not exactly one.
-    std::string CopyPath(const std::string& title) const;
-    // Waits until one of these files contains this text.
-    void WaitForCopy(const std::string& name, const std::string& part) const;
     // Closes a window that asks no question, and waits until it has closed.
     static void CloseAndWait(const Window& window);
     // Opens the window that this entry of the main window's menu bar opens. Waits until it has all
@@ -124,8 +109,6 @@ class DriverTest : public testing::Test {
     static void ExpectDate(const Window& picker, int year, int month, int day);
     static void ExpectTime(const Window& picker, int hour, int minute);
 
-    std::string executable;
-    std::string folder;
     Program program;
     SoundRecorder recorder;
 };

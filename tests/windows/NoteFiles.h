@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tests/windows/Files.h"
+
+namespace driver {
+
+// The files of the program under test: the program, its notes and their recovery copies.
+class NoteFiles {
+  protected:
+    ~NoteFiles() = default;
+
+    std::string NotePath(const std::string& title) const;
+    // Without a clock that tests move, a note that the program makes has today's date. Then returns
+    // the text with today's date in place of the date at which the clock would start.
+    static std::string MadeToday(const std::string& text);
+    // Expects the note file to hold exactly these bytes, or MadeToday() of them.
+    void ExpectNote(const std::string& title, const std::string& bytes) const;
+    void WriteNote(const std::string& title, const std::string& bytes) const;
+    bool NoteFileIs(const std::string& title, const std::string& bytes) const;
+
+    // Paths of the recovery copies of unsaved notes with this title: ~Shopping-<instance>.recovery.
+    std::vector<std::string> CopyPaths(const std::string& title) const;
+    // The only such path. Fails the test if there is not exactly one.
+    std::string CopyPath(const std::string& title) const;
+    // Waits until one of these files contains this text.
+    void WaitForCopy(const std::string& name, const std::string& part) const;
+
+    const std::string executable = Variable("JOTWRIGHT_EXE");
+    const std::string folder = FolderOf(executable);
+};
+
+}  // namespace driver
