@@ -46,6 +46,15 @@ TEST_F(NoteLayoutTest, TheTextTakesTheRoomOfTheHiddenPanelInAMaximizedWindow) {
     EXPECT_EQ(note.txtNote.height(), textHeight);
 }
 
+TEST_F(NoteLayoutTest, TheTextTakesTheRoomOfTheHiddenPanelIfTheHeightStays) {
+    frmNote& note = MakeNote("Dentist");
+    user->Size(note, note.width, 6300);
+    const int textHeight = note.txtNote.height;
+    user->Click(note.cmdShowDateTime);
+    EXPECT_EQ(note.height(), 6300);
+    EXPECT_GT(note.txtNote.height(), textHeight);
+}
+
 TEST_F(NoteLayoutTest, TheTextFillsALargerWindow) {
     frmNote& note = MakeNote("Dentist");
     const int width = note.txtNote.width;
