@@ -58,7 +58,7 @@ struct Link : Form::StageData {
 }  // namespace
 
 FormWindow::Entry::~Entry() {
-    if (--window.entered == 0 && window.destroyScheduled) {
+    if (--window.entered == 0 && std::exchange(window.destroyMissed, false)) {
         ::PostMessageW(window.state.utility, UtilityWindow::destroyMessage, 0,
                        reinterpret_cast<LPARAM>(window.handle));
     }
@@ -209,8 +209,11 @@ void FormWindow::DestroyIfScheduled() {
     }
     if (entered == 0) {
         DestroyNative(handle);
-    } else if (IsShown()) {
-        // A handler of the window is waiting, for example for a box.
+        return;
+    }
+    // A handler of the window is waiting, for example for a box.
+    destroyMissed = true;
+    if (IsShown()) {
         ::ShowWindow(handle, SW_HIDE);
     }
 }

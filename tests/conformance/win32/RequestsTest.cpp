@@ -8,6 +8,7 @@
 
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Utf.h"
+#include "forms/win32/UtilityWindow.h"
 #include "tests/conformance/Stand.h"
 
 // The requests to the window system that showing, filling, hiding and changing a form cause. Each
@@ -54,6 +55,37 @@ class SentMessages {
         if (sent.message == WM_CREATE && isOurs) {
             Created().push_back(Narrow(name));
         }
+        return ::CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+
+    HHOOK hook = nullptr;
+};
+
+// While it exists, counts the messages with this number that this thread takes from its queue.
+class TakenMessages {
+  public:
+    explicit TakenMessages(UINT message) {
+        Counted() = message;
+        Count() = 0;
+        hook = ::SetWindowsHookExW(WH_GETMESSAGE, &Take, nullptr, ::GetCurrentThreadId());
+    }
+    ~TakenMessages() { ::UnhookWindowsHookEx(hook); }
+    TakenMessages(const TakenMessages&) = delete;
+    TakenMessages& operator=(const TakenMessages&) = delete;
+
+    static int& Count() {
+        static int count = 0;
+        return count;
+    }
+
+  private:
+    static UINT& Counted() {
+        static UINT message = 0;
+        return message;
+    }
+    static LRESULT CALLBACK Take(int code, WPARAM wParam, LPARAM lParam) {
+        const auto& taken = *reinterpret_cast<const MSG*>(lParam);
+        Count() += wParam == PM_REMOVE && taken.message == Counted() ? 1 : 0;
         return ::CallNextHookEx(nullptr, code, wParam, lParam);
     }
 
@@ -197,6 +229,21 @@ TEST_F(RequestsTest, HidingAFormTouchesNoControl) {
     EXPECT_EQ(sent.Of(WM_WINDOWPOSCHANGING), 1);
     EXPECT_EQ(sent.Of(WM_SETTEXT), 0);
     EXPECT_EQ(sent.Of(WM_DESTROY), 0);
+}
+
+// The button's own handler unloads the form, so that its procedures are on the stack meanwhile.
+TEST_F(RequestsTest, OneMessageDestroysAnUnloadedForm) {
+    Start([] {
+        Default<frmButtons>().cmdFirst.Click = [] { Default<frmButtons>().Unload(); };
+        Default<frmButtons>().Show();
+    });
+    HWND form = FormWindow::Existing(Default<frmButtons>())->handle;
+    stand->Pump(50);
+    const TakenMessages taken(UtilityWindow::destroyMessage);
+    stand->Click(Default<frmButtons>().cmdFirst);
+    stand->Pump(50);
+    EXPECT_FALSE(::IsWindow(form));
+    EXPECT_EQ(TakenMessages::Count(), 1);
 }
 
 // The pointer cannot have moved yet, because no loop has run.
