@@ -262,7 +262,10 @@ std::optional<LRESULT> FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM
         ::PostMessageW(handle, message, wParam, lParam);
         return 0;
     }
-    controls.tips.Relay(handle, message, wParam, lParam);
+    const bool isOfTray = message == WM_MOUSEMOVE && pointer.IsTrayMessage(wParam, lParam);
+    if (!isOfTray) {
+        controls.tips.Relay(handle, message, wParam, lParam);
+    }
     switch (message) {
         case WM_COMMAND:
             OnCommand(wParam, lParam);

@@ -261,6 +261,37 @@ TEST_F(RequestsTest, TipsHaveNoWindowBeforeThePointerMoves) {
     EXPECT_EQ(::GetPropW(::GetWindow(form, GW_CHILD), L"CC32SubclassInfo"), nullptr);
 }
 
+// The system sends a move to a window that appears below the pointer.
+TEST_F(RequestsTest, AWindowBelowARestingPointerHasNoTips) {
+    auto other = std::make_shared<std::shared_ptr<frmButtons>>();
+    Start([other] {
+        Default<frmButtons>().cmdFirst.toolTip = "Presses";
+        Default<frmButtons>().Show();
+        *other = New<frmButtons>();
+        (*other)->cmdFirst.toolTip = "Presses";
+        (*other)->Show();
+    });
+    HWND first = FormWindow::Existing(Default<frmButtons>())->handle;
+    HWND second = FormWindow::Existing(**other)->handle;
+    const POINT rest{300, 300};
+    const auto move = [](HWND form, POINT place) {
+        ::ScreenToClient(form, &place);
+        ::SendMessageW(form, WM_MOUSEMOVE, 0, MAKELPARAM(place.x, place.y));
+    };
+    move(first, rest);
+    move(second, rest);
+    EXPECT_EQ(TipWindowsOf(first), 1);
+    EXPECT_EQ(TipWindowsOf(second), 0);
+    move(second, {rest.x + 1, rest.y});
+    EXPECT_EQ(TipWindowsOf(second), 1);
+}
+
+// Under Wine, a tool bar makes this window when it is asked for it.
+TEST_F(RequestsTest, AToolbarHasNoTipsBeforeThePointerMoves) {
+    Start([] { Default<frmRows>().Show(); });
+    EXPECT_EQ(TipWindowsOf(FormWindow::Existing(Default<frmRows>())->handle), 0);
+}
+
 // Each icon of a new list is about thirty requests.
 TEST_F(RequestsTest, WindowsWithTheSameIconsShareThem) {
     auto other = std::make_shared<std::shared_ptr<frmRows>>();
