@@ -112,6 +112,17 @@ class frmButtons : public Form {
     }
 };
 
+class frmHiddenControls : public frmButtons {
+  public:
+    Label lblHidden{this, "lblHidden"};
+    void Design() override {
+        frmButtons::Design();
+        cmdSecond.visible = false;
+        lblHidden.visible = false;
+        lblHidden.Place(1800, 180, 1000, 300);
+    }
+};
+
 class frmRows : public Form {
   public:
     frmRows() : Form("frmRows") {}
@@ -140,10 +151,13 @@ int TipWindowsOf(HWND form) {
     return count;
 }
 
+HWND HandleOf(Control& control) {
+    return FormWindow::Existing(control.form)->controls.Find(control)->handle;
+}
+
 // The image list that the native control answers this message with.
 LRESULT IconsOf(Control& control, UINT message, WPARAM wParam) {
-    const Peer* peer = FormWindow::Existing(control.form)->controls.Find(control);
-    return ::SendMessageW(peer->handle, message, wParam, 0);
+    return ::SendMessageW(HandleOf(control), message, wParam, 0);
 }
 
 }  // namespace
@@ -193,6 +207,38 @@ TEST_F(RequestsTest, AMinimizedFormIsABareWindowUntilItIsRestored) {
     EXPECT_EQ(sent.Of(WM_SETFONT), buttons);
     EXPECT_EQ(sent.Of(WM_SETTEXT), 0);
     EXPECT_EQ(sent.Of(WM_SETICON), 0);
+}
+
+TEST_F(RequestsTest, AHiddenControlIsMadeWhenItIsShown) {
+    frmHiddenControls& form = Default<frmHiddenControls>();
+    {
+        const SentMessages sent;
+        Start([&] { form.Show(); });
+        EXPECT_EQ(sent.ClassesOfMade(), (Classes{"FormWindow", "Button", "Button"}));
+    }
+    const SentMessages sent;
+    Start([&] {
+        form.cmdSecond.caption = "Second";
+        form.cmdSecond.Place(180, 630, 1200, 300);
+        form.cmdSecond.enabled = false;
+        form.cmdSecond.visible = true;
+    });
+    EXPECT_EQ(sent.ClassesOfMade(), Classes{"Button"});
+    HWND second = HandleOf(form.cmdSecond);
+    EXPECT_EQ(::GetWindow(HandleOf(form.cmdFirst), GW_HWNDNEXT), second);
+    EXPECT_EQ(::GetWindow(second, GW_HWNDNEXT), HandleOf(form.cmdThird));
+    EXPECT_EQ(stand->ShownCaption(form.cmdSecond), "Second");
+    EXPECT_TRUE(::IsWindowVisible(second));
+    EXPECT_FALSE(::IsWindowEnabled(second));
+    RECT place{};
+    ::GetClientRect(second, &place);
+    EXPECT_EQ(place.right, 80);
+    Start([&] {
+        form.cmdSecond.visible = false;
+        form.cmdSecond.visible = true;
+    });
+    EXPECT_EQ(HandleOf(form.cmdSecond), second);
+    EXPECT_EQ(HandleOf(form.lblHidden), nullptr);
 }
 
 TEST_F(RequestsTest, ABoxTouchesNoMinimizedWindow) {
