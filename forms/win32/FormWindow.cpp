@@ -45,6 +45,30 @@ bool MayRunHandlers(UINT message) {
     }
 }
 
+// While it exists, a window that the user sees is not painted. Otherwise each new control would be,
+// and parts of it several times.
+class NoRedraw {
+  public:
+    explicit NoRedraw(HWND handle)
+        : window(::IsWindowVisible(handle) != 0 && ::IsIconic(handle) == 0 ? handle : nullptr) {
+        if (window != nullptr) {
+            ::SendMessageW(window, WM_SETREDRAW, FALSE, 0);
+        }
+    }
+    ~NoRedraw() {
+        if (window != nullptr) {
+            ::SendMessageW(window, WM_SETREDRAW, TRUE, 0);
+            ::RedrawWindow(window, nullptr, nullptr,
+                           RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+        }
+    }
+    NoRedraw(const NoRedraw&) = delete;
+    NoRedraw& operator=(const NoRedraw&) = delete;
+
+  private:
+    HWND window;  // null: it is not on the screen
+};
+
 // Links a form to its window. Destroyed when the form is unloaded.
 struct Link : Form::StageData {
     FormWindow* window = nullptr;
@@ -140,9 +164,12 @@ void FormWindow::Fill() {
         placement.FollowMonitor();
     }
     isFilled = true;
-    menus.MakeBar(handle, *form);
-    controls.Create();
-    focus.MarkDefaultButton();
+    {
+        const NoRedraw noRedraw(handle);
+        menus.MakeBar(handle, *form);
+        controls.Create();
+        focus.MarkDefaultButton();
+    }
     ::SendMessageW(handle, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     placement.RestoreInnerSize();
 }

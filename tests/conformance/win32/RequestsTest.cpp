@@ -241,6 +241,22 @@ TEST_F(RequestsTest, AHiddenControlIsMadeWhenItIsShown) {
     EXPECT_EQ(HandleOf(form.lblHidden), nullptr);
 }
 
+// Otherwise the controls of a window that the user sees are painted while they are made.
+TEST_F(RequestsTest, AWindowThatIsRestoredIsPaintedOnce) {
+    Start([] { Default<frmRows>().Load(); });
+    Start([] {
+        Default<frmRows>().windowState = WindowState::Minimized;
+        Default<frmRows>().Show();
+    });
+    const SentMessages sent;
+    ::SendMessageW(FormWindow::Existing(Default<frmRows>())->handle, WM_SYSCOMMAND, SC_RESTORE, 0);
+    EXPECT_TRUE(::IsWindowVisible(HandleOf(Default<frmRows>().lvwRows)));
+    EXPECT_EQ(sent.Of(WM_SETREDRAW), 2);
+    EXPECT_EQ(sent.Of(WM_PAINT), 0);
+    stand->Pump(50);
+    EXPECT_EQ(::GetUpdateRect(HandleOf(Default<frmRows>().lvwRows), nullptr, FALSE), 0);
+}
+
 TEST_F(RequestsTest, ABoxTouchesNoMinimizedWindow) {
     constexpr int notes = 5;
     auto minimized = std::make_shared<std::vector<std::shared_ptr<frmButtons>>>();
