@@ -45,6 +45,30 @@ bool MayRunHandlers(UINT message) {
     }
 }
 
+// While it exists, a window that the user sees is not painted. Otherwise each new control would be,
+// and parts of it several times.
+class NoRedraw {
+  public:
+    explicit NoRedraw(HWND handle)
+        : window(::IsWindowVisible(handle) != 0 && ::IsIconic(handle) == 0 ? handle : nullptr) {
+        if (window != nullptr) {
+            ::SendMessageW(window, WM_SETREDRAW, FALSE, 0);
+        }
+    }
+    ~NoRedraw() {
+        if (window != nullptr) {
+            ::SendMessageW(window, WM_SETREDRAW, TRUE, 0);
+            ::RedrawWindow(window, nullptr, nullptr,
+                           RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+        }
+    }
+    NoRedraw(const NoRedraw&) = delete;
+    NoRedraw& operator=(const NoRedraw&) = delete;
+
+  private:
+    HWND window;  // null: it is not on the screen
+};
+
 // Links a form to its window. Destroyed when the form is unloaded.
 struct Link : Form::StageData {
     FormWindow* window = nullptr;
@@ -58,7 +82,7 @@ struct Link : Form::StageData {
 }  // namespace
 
 FormWindow::Entry::~Entry() {
-    if (--window.entered == 0 && window.destroyScheduled) {
+    if (--window.entered == 0 && std::exchange(window.destroyMissed, false)) {
         ::PostMessageW(window.state.utility, UtilityWindow::destroyMessage, 0,
                        reinterpret_cast<LPARAM>(window.handle));
     }
@@ -140,9 +164,12 @@ void FormWindow::Fill() {
         placement.FollowMonitor();
     }
     isFilled = true;
-    menus.MakeBar(handle, *form);
-    controls.Create();
-    focus.MarkDefaultButton();
+    {
+        const NoRedraw noRedraw(handle);
+        menus.MakeBar(handle, *form);
+        controls.Create();
+        focus.MarkDefaultButton();
+    }
     ::SendMessageW(handle, WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     placement.RestoreInnerSize();
 }
@@ -209,8 +236,11 @@ void FormWindow::DestroyIfScheduled() {
     }
     if (entered == 0) {
         DestroyNative(handle);
-    } else if (IsShown()) {
-        // A handler of the window is waiting, for example for a box.
+        return;
+    }
+    // A handler of the window is waiting, for example for a box.
+    destroyMissed = true;
+    if (IsShown()) {
         ::ShowWindow(handle, SW_HIDE);
     }
 }
@@ -259,7 +289,10 @@ std::optional<LRESULT> FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM
         ::PostMessageW(handle, message, wParam, lParam);
         return 0;
     }
-    controls.tips.Relay(handle, message, wParam, lParam);
+    const bool isOfTray = message == WM_MOUSEMOVE && pointer.IsTrayMessage(wParam, lParam);
+    if (!isOfTray) {
+        controls.tips.Relay(handle, message, wParam, lParam);
+    }
     switch (message) {
         case WM_COMMAND:
             OnCommand(wParam, lParam);

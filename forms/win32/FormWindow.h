@@ -87,6 +87,7 @@ class FormWindow {
     Form* form;
     bool isFilled = false;
     bool destroyScheduled = false;
+    bool destroyMissed = false;  // the message came while a procedure was on the stack
     int entered = 0;
 };
 

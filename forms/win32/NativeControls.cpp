@@ -21,31 +21,56 @@ bool IsOrContains(const Control& outer, const Control* control) {
 
 }  // namespace
 
-// The order of creation determines the order of the Tab key, and the first native control is on
-// top. So group boxes are created last, the inner before the outer ones.
-void NativeControls::Create() {
-    const Form& form = window.Model();
-    for (Control* control : form.Controls()) {
-        peers.push_back(MakePeer(window, *control));
-    }
-    std::vector<Control*> order = form.focus.TabOrder();
+// The native order of the controls is that of the Tab key, and the first one is on top. So group
+// boxes come last, the inner before the outer ones.
+std::vector<Control*> NativeControls::Order() const {
+    std::vector<Control*> order = window.Model().focus.TabOrder();
     const auto firstFrame = std::stable_partition(
         order.begin(), order.end(),
         [](const Control* control) { return control->kind != ControlKind::Frame; });
     std::stable_sort(firstFrame, order.end(),
                      [](const Control* a, const Control* b) { return DepthOf(*a) > DepthOf(*b); });
-    const Peer* before = nullptr;
-    for (const Control* control : order) {
+    return order;
+}
+
+void NativeControls::Create() {
+    for (Control* control : window.Model().Controls()) {
+        peers.push_back(MakePeer(window, *control));
+    }
+    const Control* before = nullptr;
+    for (const Control* control : Order()) {
         Peer& peer = *Find(*control);
         // The arrow keys move only among the option buttons of one container.
         peer.startsGroup = before == nullptr || control->kind != ControlKind::OptionButton ||
-                           before->control.kind != ControlKind::OptionButton ||
-                           before->control.container != control->container;
-        peer.Create();
+                           before->kind != ControlKind::OptionButton ||
+                           before->container != control->container;
+        if (control->IsEffectivelyVisible()) {
+            peer.Make();
+        }
         if (peer.handle != nullptr) {
-            before = &peer;
+            before = control;
         }
     }
+}
+
+// Creates a control that was hidden until now, below the one that precedes it.
+void NativeControls::MakeLate(Peer& late) {
+    late.Make();
+    if (late.handle == nullptr) {
+        return;
+    }
+    HWND above = HWND_TOP;
+    for (const Control* control : Order()) {
+        const Peer& peer = *Find(*control);
+        if (&peer == &late) {
+            break;
+        }
+        above = peer.handle != nullptr ? peer.handle : above;
+    }
+    ::SetWindowPos(late.handle, above, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    // Not every system gives a new control the form's marks of access keys and of the focus.
+    const LRESULT marks = ::SendMessageW(window.handle, WM_QUERYUISTATE, 0, 0);
+    ::SendMessageW(late.handle, WM_UPDATEUISTATE, MAKEWPARAM(UIS_SET, marks), 0);
 }
 
 Peer* NativeControls::Find(const Control& control) const {
@@ -71,7 +96,9 @@ void NativeControls::Apply(const Control& control, Aspect aspect) {
     const bool isInherited =
         aspect == Aspect::Bounds || aspect == Aspect::Visible || aspect == Aspect::Enabled;
     if (!isInherited) {
-        changed->Apply(aspect);
+        if (changed->IsMade()) {
+            changed->Apply(aspect);
+        }
         if (aspect == Aspect::ToolTip) {
             tips.Update(*changed);
         } else if (aspect == Aspect::Default) {
@@ -82,6 +109,12 @@ void NativeControls::Apply(const Control& control, Aspect aspect) {
     for (const auto& peer : peers) {
         if (!IsOrContains(control, &peer->control)) {
             continue;
+        }
+        if (!peer->IsMade()) {
+            if (!peer->control.IsEffectivelyVisible()) {
+                continue;
+            }
+            MakeLate(*peer);
         }
         if (aspect == Aspect::Bounds) {
             peer->Layout();
@@ -103,9 +136,11 @@ void NativeControls::Layout() {
     }
     const Applying applying(window.state);
     for (const auto& peer : peers) {
-        peer->Layout();
-        peer->Restyle();
-        tips.Update(*peer);
+        if (peer->IsMade()) {
+            peer->Layout();
+            peer->Restyle();
+            tips.Update(*peer);
+        }
     }
     tips.FollowScale();
     window.surface.InvalidateAll();

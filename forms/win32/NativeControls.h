@@ -23,7 +23,8 @@ class NativeControls {
     NativeControls& operator=(const NativeControls&) = delete;
 
     void Create();
-    // In the order of the form's controls; empty until Create.
+    // In the order of the form's controls; empty until Create. A control that is hidden is not made
+    // until it is shown.
     const std::vector<std::unique_ptr<Peer>>& Peers() const { return peers; }
     Peer* Find(const Control& control) const;
     Peer* Find(HWND child) const;
@@ -35,6 +36,9 @@ class NativeControls {
     ToolTips tips;
 
   private:
+    std::vector<Control*> Order() const;
+    void MakeLate(Peer& late);
+
     FormWindow& window;
     std::vector<std::unique_ptr<Peer>> peers;
 };

@@ -29,8 +29,13 @@ class Peer {
     HWND handle = nullptr;
     bool startsGroup = true;  // of the controls among which the arrow keys move; set before Create
 
-    // Creates the native control in the state of the model.
-    virtual void Create() {}
+    // Creates the native control in the state of the model. Call the other functions only
+    // afterwards.
+    void Make() {
+        isMade = true;
+        Create();
+    }
+    bool IsMade() const { return isMade; }
     // Called when the model has changed.
     virtual void Apply(Aspect aspect);
     // Called when the control's place or the window's resolution has changed.
@@ -54,6 +59,7 @@ class Peer {
     RECT Area() const;
 
   protected:
+    virtual void Create() {}
     void CreateNative(const wchar_t* className, const std::string& text, DWORD style,
                       DWORD extendedStyle = 0);
     virtual HFONT Font() const;
@@ -73,6 +79,7 @@ class Peer {
     void ReportMouseUp(int button, LPARAM where);
 
     WNDPROC controlProcedure = nullptr;  // the native control's own
+    bool isMade = false;
     bool isDescribed = false;
 };
 

@@ -27,6 +27,7 @@ struct StageState {
     bool movingFocus = false;
     bool hourglass = false;
     Presses presses;
+    std::optional<POINT> pointer;  // where it last moved over a form, in screen pixels
     // The place for the next menu, which the user opens by keyboard, in screen pixels. Empty: at
     // the pointer.
     std::optional<POINT> menuPlace;

@@ -1,8 +1,10 @@
 #include "forms/win32/ToolTips.h"
 
 #include <commctrl.h>
+#include <windowsx.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "forms/win32/Fonts.h"
 #include "forms/win32/FormWindow.h"
@@ -22,7 +24,7 @@ constexpr int widthInTwips = 6000;  // longer tips are wrapped
 void ToolTips::Relay(HWND target, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_MOUSEMOVE:
-            if (tips == nullptr) {
+            if (HasPointerMoved(target, lParam) && tips == nullptr) {
                 Create();
             }
             break;
@@ -44,6 +46,15 @@ void ToolTips::Relay(HWND target, UINT message, WPARAM wParam, LPARAM lParam) {
         relayed.lParam = lParam;
         ::SendMessageW(tips, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
     }
+}
+
+// The system also sends a move if a window appears below the pointer. Making the window of the tips
+// is expensive: each new one goes through all windows of the desktop.
+bool ToolTips::HasPointerMoved(HWND target, LPARAM place) const {
+    POINT now{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
+    ::ClientToScreen(target, &now);
+    const auto before = std::exchange(window.state.pointer, now);
+    return !before || before->x != now.x || before->y != now.y;
 }
 
 void ToolTips::Create() {

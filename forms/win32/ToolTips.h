@@ -22,6 +22,8 @@ class ToolTips {
     void FollowScale() const;
 
   private:
+    // Whether the pointer is at another place of the screen than at the last move over any form.
+    bool HasPointerMoved(HWND target, LPARAM place) const;
     void Create();
 
     FormWindow& window;

@@ -40,7 +40,6 @@ void ToolbarPeer::Create() {
     ::SendMessageW(handle, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
     ::SendMessageW(handle, TB_SETMAXTEXTROWS, 0, 0);
     ShowButtons();
-    SetTipFont();
 }
 
 void ToolbarPeer::Apply(Aspect aspect) {
@@ -63,7 +62,8 @@ void ToolbarPeer::Restyle() {
     SetTipFont();
 }
 
-// The tool bar has a window of its own for its tips.
+// The tool bar has a window of its own for its tips. Some systems make it when it is first needed,
+// or asked for.
 void ToolbarPeer::SetTipFont() const {
     auto* tips = reinterpret_cast<HWND>(::SendMessageW(handle, TB_GETTOOLTIPS, 0, 0));
     ::SendMessageW(tips, WM_SETFONT, reinterpret_cast<WPARAM>(fonts::ForTips(window.scale.dpi)),
@@ -200,6 +200,7 @@ std::optional<LRESULT> ToolbarPeer::OnNotify(NMHDR& header) {
     if (header.code != TBN_GETINFOTIPW) {
         return std::nullopt;
     }
+    SetTipFont();
     const auto& request = reinterpret_cast<const NMTBGETINFOTIPW&>(header);
     if (HasButton(request.iItem) && request.cchTextMax > 0) {
         const std::wstring tip = Wide(ButtonOf(request.iItem).toolTip);

@@ -21,9 +21,10 @@ class WindowPointer {
     UINT trayIconId = 0;
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    // Whether WM_MOUSEMOVE with these parameters comes from the icon.
+    bool IsTrayMessage(WPARAM wParam, LPARAM lParam) const;
 
   private:
-    bool IsTrayMessage(WPARAM wParam, LPARAM lParam) const;
     void OnMove(WPARAM wParam, LPARAM lParam);
     void OnButtonDown(int button, POINT point);
     void OnButtonUp(int button, POINT point);

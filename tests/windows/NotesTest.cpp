@@ -82,9 +82,16 @@ TEST_F(NotesTest, ANoteComesBackMinimizedWithEverythingSaved) {
     EXPECT_TRUE(editor.FindChild("Static", "June"));
     EXPECT_TRUE(editor.FindChild("Static", "5, 2031"));
     EXPECT_TRUE(editor.FindChild("Static", "9:31:00 AM"));
+    EXPECT_TRUE(ComesTrue([&] { return Picture(editor.Only("Edit")).Share(yellow) > 0.8; }));
+    // The pickers are made when the alarm is turned off.
+    editor.Button(editorTurnOff).Click();
+    WaitUntil("the pickers are shown",
+              [&] { return editor.ChildrenOfClass("SysDateTimePick32").size() == 2; });
     ExpectDate(DatePicker(editor), 2031, 6, 5);
     ExpectTime(TimePicker(editor), 9, 31);
-    EXPECT_TRUE(ComesTrue([&] { return Picture(editor.Only("Edit")).Share(yellow) > 0.8; }));
+    editor.Button(editorSet).Click();
+    WaitUntil("the alarm is set",
+              [&] { return editor.FindChild("Button", editorTurnOff).Exists(); });
 
     HideNote(editor);
     EXPECT_EQ(WholeFile(NotePath("Dentist")), bytes);

@@ -8,6 +8,7 @@
 
 #include "forms/win32/FormWindow.h"
 #include "forms/win32/Utf.h"
+#include "forms/win32/UtilityWindow.h"
 #include "tests/conformance/Stand.h"
 
 // The requests to the window system that showing, filling, hiding and changing a form cause. Each
@@ -60,6 +61,37 @@ class SentMessages {
     HHOOK hook = nullptr;
 };
 
+// While it exists, counts the messages with this number that this thread takes from its queue.
+class TakenMessages {
+  public:
+    explicit TakenMessages(UINT message) {
+        Counted() = message;
+        Count() = 0;
+        hook = ::SetWindowsHookExW(WH_GETMESSAGE, &Take, nullptr, ::GetCurrentThreadId());
+    }
+    ~TakenMessages() { ::UnhookWindowsHookEx(hook); }
+    TakenMessages(const TakenMessages&) = delete;
+    TakenMessages& operator=(const TakenMessages&) = delete;
+
+    static int& Count() {
+        static int count = 0;
+        return count;
+    }
+
+  private:
+    static UINT& Counted() {
+        static UINT message = 0;
+        return message;
+    }
+    static LRESULT CALLBACK Take(int code, WPARAM wParam, LPARAM lParam) {
+        const auto& taken = *reinterpret_cast<const MSG*>(lParam);
+        Count() += wParam == PM_REMOVE && taken.message == Counted() ? 1 : 0;
+        return ::CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+
+    HHOOK hook = nullptr;
+};
+
 constexpr int buttons = 3;
 using Classes = std::vector<std::string>;
 
@@ -77,6 +109,17 @@ class frmButtons : public Form {
             button->Place(180, place, 1500, 390);
             place += 450;
         }
+    }
+};
+
+class frmHiddenControls : public frmButtons {
+  public:
+    Label lblHidden{this, "lblHidden"};
+    void Design() override {
+        frmButtons::Design();
+        cmdSecond.visible = false;
+        lblHidden.visible = false;
+        lblHidden.Place(1800, 180, 1000, 300);
     }
 };
 
@@ -108,10 +151,13 @@ int TipWindowsOf(HWND form) {
     return count;
 }
 
+HWND HandleOf(Control& control) {
+    return FormWindow::Existing(control.form)->controls.Find(control)->handle;
+}
+
 // The image list that the native control answers this message with.
 LRESULT IconsOf(Control& control, UINT message, WPARAM wParam) {
-    const Peer* peer = FormWindow::Existing(control.form)->controls.Find(control);
-    return ::SendMessageW(peer->handle, message, wParam, 0);
+    return ::SendMessageW(HandleOf(control), message, wParam, 0);
 }
 
 }  // namespace
@@ -163,6 +209,54 @@ TEST_F(RequestsTest, AMinimizedFormIsABareWindowUntilItIsRestored) {
     EXPECT_EQ(sent.Of(WM_SETICON), 0);
 }
 
+TEST_F(RequestsTest, AHiddenControlIsMadeWhenItIsShown) {
+    frmHiddenControls& form = Default<frmHiddenControls>();
+    {
+        const SentMessages sent;
+        Start([&] { form.Show(); });
+        EXPECT_EQ(sent.ClassesOfMade(), (Classes{"FormWindow", "Button", "Button"}));
+    }
+    const SentMessages sent;
+    Start([&] {
+        form.cmdSecond.caption = "Second";
+        form.cmdSecond.Place(180, 630, 1200, 300);
+        form.cmdSecond.enabled = false;
+        form.cmdSecond.visible = true;
+    });
+    EXPECT_EQ(sent.ClassesOfMade(), Classes{"Button"});
+    HWND second = HandleOf(form.cmdSecond);
+    EXPECT_EQ(::GetWindow(HandleOf(form.cmdFirst), GW_HWNDNEXT), second);
+    EXPECT_EQ(::GetWindow(second, GW_HWNDNEXT), HandleOf(form.cmdThird));
+    EXPECT_EQ(stand->ShownCaption(form.cmdSecond), "Second");
+    EXPECT_TRUE(::IsWindowVisible(second));
+    EXPECT_FALSE(::IsWindowEnabled(second));
+    RECT place{};
+    ::GetClientRect(second, &place);
+    EXPECT_EQ(place.right, 80);
+    Start([&] {
+        form.cmdSecond.visible = false;
+        form.cmdSecond.visible = true;
+    });
+    EXPECT_EQ(HandleOf(form.cmdSecond), second);
+    EXPECT_EQ(HandleOf(form.lblHidden), nullptr);
+}
+
+// Otherwise the controls of a window that the user sees are painted while they are made.
+TEST_F(RequestsTest, AWindowThatIsRestoredIsPaintedOnce) {
+    Start([] { Default<frmRows>().Load(); });
+    Start([] {
+        Default<frmRows>().windowState = WindowState::Minimized;
+        Default<frmRows>().Show();
+    });
+    const SentMessages sent;
+    ::SendMessageW(FormWindow::Existing(Default<frmRows>())->handle, WM_SYSCOMMAND, SC_RESTORE, 0);
+    EXPECT_TRUE(::IsWindowVisible(HandleOf(Default<frmRows>().lvwRows)));
+    EXPECT_EQ(sent.Of(WM_SETREDRAW), 2);
+    EXPECT_EQ(sent.Of(WM_PAINT), 0);
+    stand->Pump(50);
+    EXPECT_EQ(::GetUpdateRect(HandleOf(Default<frmRows>().lvwRows), nullptr, FALSE), 0);
+}
+
 TEST_F(RequestsTest, ABoxTouchesNoMinimizedWindow) {
     constexpr int notes = 5;
     auto minimized = std::make_shared<std::vector<std::shared_ptr<frmButtons>>>();
@@ -199,6 +293,21 @@ TEST_F(RequestsTest, HidingAFormTouchesNoControl) {
     EXPECT_EQ(sent.Of(WM_DESTROY), 0);
 }
 
+// The button's own handler unloads the form, so that its procedures are on the stack meanwhile.
+TEST_F(RequestsTest, OneMessageDestroysAnUnloadedForm) {
+    Start([] {
+        Default<frmButtons>().cmdFirst.Click = [] { Default<frmButtons>().Unload(); };
+        Default<frmButtons>().Show();
+    });
+    HWND form = FormWindow::Existing(Default<frmButtons>())->handle;
+    stand->Pump(50);
+    const TakenMessages taken(UtilityWindow::destroyMessage);
+    stand->Click(Default<frmButtons>().cmdFirst);
+    stand->Pump(50);
+    EXPECT_FALSE(::IsWindow(form));
+    EXPECT_EQ(TakenMessages::Count(), 1);
+}
+
 // The pointer cannot have moved yet, because no loop has run.
 TEST_F(RequestsTest, TipsHaveNoWindowBeforeThePointerMoves) {
     Start([] {
@@ -212,6 +321,37 @@ TEST_F(RequestsTest, TipsHaveNoWindowBeforeThePointerMoves) {
         EXPECT_EQ(TipWindowsOf(form), 1);
     }
     EXPECT_EQ(::GetPropW(::GetWindow(form, GW_CHILD), L"CC32SubclassInfo"), nullptr);
+}
+
+// The system sends a move to a window that appears below the pointer.
+TEST_F(RequestsTest, AWindowBelowARestingPointerHasNoTips) {
+    auto other = std::make_shared<std::shared_ptr<frmButtons>>();
+    Start([other] {
+        Default<frmButtons>().cmdFirst.toolTip = "Presses";
+        Default<frmButtons>().Show();
+        *other = New<frmButtons>();
+        (*other)->cmdFirst.toolTip = "Presses";
+        (*other)->Show();
+    });
+    HWND first = FormWindow::Existing(Default<frmButtons>())->handle;
+    HWND second = FormWindow::Existing(**other)->handle;
+    const POINT rest{300, 300};
+    const auto move = [](HWND form, POINT place) {
+        ::ScreenToClient(form, &place);
+        ::SendMessageW(form, WM_MOUSEMOVE, 0, MAKELPARAM(place.x, place.y));
+    };
+    move(first, rest);
+    move(second, rest);
+    EXPECT_EQ(TipWindowsOf(first), 1);
+    EXPECT_EQ(TipWindowsOf(second), 0);
+    move(second, {rest.x + 1, rest.y});
+    EXPECT_EQ(TipWindowsOf(second), 1);
+}
+
+// Under Wine, a tool bar makes this window when it is asked for it.
+TEST_F(RequestsTest, AToolbarHasNoTipsBeforeThePointerMoves) {
+    Start([] { Default<frmRows>().Show(); });
+    EXPECT_EQ(TipWindowsOf(FormWindow::Existing(Default<frmRows>())->handle), 0);
 }
 
 // Each icon of a new list is about thirty requests.
