@@ -85,20 +85,17 @@ void EditedNote::SaveBeforeTheEnd() {
 }
 
 bool EditedNote::KeepForNextStart() {
-    KeepCopy(RecoveryCopy::When::Now);
+    KeepCopy();
     keepsCopy = true;
     return IsSaved() || copy.IsWritten();
 }
 
-void EditedNote::KeepCopy(RecoveryCopy::When when) {
+void EditedNote::KeepCopy() {
     if (!IsOpen()) {
         return;
     }
     if (IsSaved()) {
         RemoveCopy();
-        return;
-    }
-    if (!copy.IsDue(when)) {
         return;
     }
     RecoveredNote state;
@@ -121,7 +118,7 @@ void EditedNote::Adopt(const RecoveredNote& recovered) { copy.Adopt(recovered); 
 
 void EditedNote::RecycleUnsaved() {
     if (!IsSaved()) {
-        KeepCopy(RecoveryCopy::When::Now);
+        KeepCopy();
         copy.Recycle();
     }
 }

@@ -67,7 +67,7 @@ class EditedNote {
 
     // Writes the recovery copy if the note is not saved, and removes the copy if it is. Does
     // nothing if the editor holds no note.
-    void KeepCopy(RecoveryCopy::When when);
+    void KeepCopy();
     void RemoveCopy();
     // Takes over a copy that an earlier run of the program left.
     void Adopt(const RecoveredNote& recovered);

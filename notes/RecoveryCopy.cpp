@@ -18,7 +18,6 @@ constexpr const char* extension = ".recovery";
 constexpr std::string_view header = "Jotwright recovery copy 2\r\n";
 constexpr std::string_view earlierHeader = "Jotwright recovery copy\r\n";
 constexpr std::string_view lineEnd = "\r\n";
-constexpr std::int64_t pauseBetweenCopies = 2000;  // milliseconds
 // The number of bytes of a title that the name of a copy contains. With the rest of the name, they
 // do not exceed the limit of any file system.
 constexpr std::size_t shownOfTitle = 100;
@@ -176,13 +175,7 @@ std::optional<Decoded> Decode(const std::string& bytes) {
 
 RecoveryCopy::~RecoveryCopy() { StandardCode::Shared().RecoveryPaths.erase(key); }
 
-bool RecoveryCopy::IsDue(When when) const {
-    return when == When::Now || !triedAt ||
-           forms::Machine().clock->MonotonicMilliseconds() - *triedAt >= pauseBetweenCopies;
-}
-
 void RecoveryCopy::Keep(const RecoveredNote& note) {
-    triedAt = forms::Machine().clock->MonotonicMilliseconds();
     try {
         const std::string newBytes = Encode(note);
         if (newBytes == bytes && IsWritten()) {
@@ -236,7 +229,6 @@ void RecoveryCopy::Forget() {
     key.clear();
     bytes.clear();
     written = false;
-    triedAt.reset();
 }
 
 void RecoveryCopy::Adopt(const RecoveredNote& recovered) {

@@ -26,17 +26,12 @@ struct RecoveredNote {
 // cannot be removed, the next start restores it. Copies are not flushed to the disk.
 class RecoveryCopy {
   public:
-    enum class When { Now, AtMostEveryTwoSeconds };
-
     RecoveryCopy() = default;
     // Leaves the copy as it is.
     ~RecoveryCopy();
     RecoveryCopy(const RecoveryCopy&) = delete;
     RecoveryCopy& operator=(const RecoveryCopy&) = delete;
 
-    // Whether a Keep() is due. With Now, it is due at once, otherwise two seconds after the last
-    // Keep().
-    bool IsDue(When when) const;
     // Writes the copy, unless the disk has a copy with the same contents.
     void Keep(const RecoveredNote& note);
     // Whether the last Keep() has written its note.
@@ -62,5 +57,4 @@ class RecoveryCopy {
     std::string key;    // the path, as the file system compares it
     std::string bytes;  // contents of the copy
     bool written = false;
-    std::optional<std::int64_t> triedAt;  // monotonic milliseconds
 };

@@ -175,7 +175,7 @@ void frmNote::TakeRecovered(const RecoveredNote& recovered, const forms::Picture
     windowState = forms::WindowState::Normal;
     Show();
     // From now on, the copy belongs to this program.
-    edited.KeepCopy(RecoveryCopy::When::Now);
+    edited.KeepCopy();
 }
 
 void frmNote::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
@@ -209,7 +209,7 @@ bool frmNote::CloseThroughPanel() {
     }
     if (NoteChanged && !NoteErased) {
         // Keep a copy now, because the session may end before the user answers.
-        edited.KeepCopy(RecoveryCopy::When::Now);
+        edited.KeepCopy();
         const auto answer =
             forms::MsgBox(" Would you like to save changes?     ",
                           {.buttons = forms::BoxButtons::YesNo, .icon = forms::BoxIcon::Question},
@@ -310,7 +310,7 @@ void frmNote::tmrNow_Timer() {
     lblSysTime.caption =
         std::string("System Date and Time is ") + base::lineBreak + DateTimeText() + '.';
     alarm.RestUntilNear();
-    edited.KeepCopy(RecoveryCopy::When::AtMostEveryTwoSeconds);
+    edited.KeepCopy();
 }
 
 void frmNote::mnuAlarmStart_Click() {

@@ -56,7 +56,7 @@ TEST_F(RecoveryWritingTest, ACopyIsWrittenOnlyWhenTheTextChanges) {
     EXPECT_TRUE(files.Log().empty());
 }
 
-TEST_F(RecoveryWritingTest, CopiesAreNotFlushedAndWrittenAtMostEveryTwoSeconds) {
+TEST_F(RecoveryWritingTest, CopiesAreNotFlushedAndWrittenOnceASecond) {
     frmNote& note = MakeNote("Dentist", "typed");
     Advance(2000);
     const int flushes = files.Flushes();
@@ -71,8 +71,24 @@ TEST_F(RecoveryWritingTest, CopiesAreNotFlushedAndWrittenAtMostEveryTwoSeconds) 
     for (const std::string& entry : files.Log()) {
         copies += entry.starts_with("replace ") ? 1 : 0;
     }
-    EXPECT_EQ(copies, 10);
+    EXPECT_EQ(copies, 20);
     EXPECT_EQ(files.Flushes(), flushes);
+}
+
+TEST_F(RecoveryWritingTest, TheCopyIsAtMostTwoSecondsBehindIfTheClockIsSet) {
+    frmNote& note = MakeNote("Dentist", "typed");
+    Advance(2000);
+    for (const int sincePreviousText : {0, 300, 600, 900}) {
+        for (int milliseconds = -1000; milliseconds <= 1000; milliseconds += 100) {
+            Advance(sincePreviousText);
+            const std::string text = "typed " + std::to_string(milliseconds);
+            user->Type(note.txtNote, text);
+            clock.Jump(0, milliseconds);
+            Advance(2000);
+            EXPECT_NE(files.Peek(CopyPath()).value().find(text), std::string::npos)
+                << sincePreviousText;
+        }
+    }
 }
 
 TEST_F(RecoveryWritingTest, TheListOfNotesDoesNotShowCopies) {
