@@ -21,11 +21,4 @@ bool Attempt::Reaches(const Control& control) const {
            Needs(control.IsEffectivelyEnabled(), "it is disabled");
 }
 
-bool Attempt::Needs(bool condition, std::string_view reason) const {
-    if (!condition) {
-        stage.Fail("The user cannot " + action + ": " + std::string(reason) + ".");
-    }
-    return condition;
-}
-
 }  // namespace forms::headless

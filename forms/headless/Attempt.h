@@ -19,7 +19,12 @@ class Attempt {
     bool Reaches(Form& form) const;
     bool Reaches(const Control& control) const;
     // Returns the condition. If it is false, the test fails with this reason.
-    bool Needs(bool condition, std::string_view reason) const;
+    bool Needs(bool condition, std::string_view reason) const {
+        if (!condition) {
+            stage.Fail("The user cannot " + action + ": " + std::string(reason) + ".");
+        }
+        return condition;
+    }
 
   private:
     HeadlessStage& stage;

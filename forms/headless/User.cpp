@@ -286,8 +286,8 @@ bool User::TakeFocus(Control& control) {
 
 Form* User::FormWithKeyboard(const Attempt& attempt) {
     Form* form = Runtime::Exists() ? Runtime::Current().ActiveForm() : nullptr;
-    return attempt.Needs(form != nullptr, "no form is active") && attempt.Reaches(*form) ? form
-                                                                                         : nullptr;
+    attempt.Needs(form != nullptr, "no form is active");
+    return form != nullptr && attempt.Reaches(*form) ? form : nullptr;
 }
 
 }  // namespace forms::headless
