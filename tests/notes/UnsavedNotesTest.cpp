@@ -70,6 +70,18 @@ TEST_F(UnsavedNotesTest, ATornCopyComesUpBesideTheNote) {
     EXPECT_TRUE(Editor("Dentist (recovered)").txtNote.text().starts_with("typed"));
 }
 
+TEST_F(UnsavedNotesTest, ACopyWithTheContentsOfTheFileIsRemoved) {
+    EditSaved(Note("Dentist", "old"), "new");
+    const std::string copy = CopyPath();
+    std::string bytes = files.Peek(copy).value_or("");
+    RestartProgram();
+    ASSERT_NE(bytes.find("\"new\""), std::string::npos);
+    files.PutFile(copy, bytes.replace(bytes.find("\"new\""), 5, "\"old\""));
+    Start(StandardCode::ReadNotes);
+    EXPECT_EQ(Editor("Dentist").windowState(), forms::WindowState::Minimized);
+    EXPECT_EQ(FilesOfNotes(), Names{"Dentist.txt"});
+}
+
 TEST_F(UnsavedNotesTest, ACopyOfAnEarlierVersionComesUpBesideTheNote) {
     PutNote(Note("Dentist", "saved").InColor(3));
     const auto put = [this](const std::string& title, const std::string& text) {
