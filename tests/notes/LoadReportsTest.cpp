@@ -30,6 +30,16 @@ TEST_F(LoadReportsTest, OneBadFileIsReportedOnceUntilTheFolderChanges) {
     });
 }
 
+// Only a file that is cut may be one that another program is still writing.
+TEST_F(LoadReportsTest, AnImpossibleDateIsReportedWithoutAPause) {
+    PutNote(Note("a"));
+    files.PutFile(folder + "\\b.txt",
+                  "\"b\",\"text\",#2004-13-14#,#09:30:00#,5,12,\"1\",1,\"yes\"\r\n");
+    ExpectNotesArrayError("Error Number: 13) - Type mismatch");
+    Start([] { StandardCode::LoadNotesArray(); });
+    EXPECT_EQ(system.paused, 0);
+}
+
 TEST_F(LoadReportsTest, TheHundredAndFirstFileIsReportedOnceForEachAction) {
     for (int i = 1; i <= 101; ++i) {
         PutNoteAs("Note " + std::to_string(1000 + i) + ".txt", Note("Note"));
