@@ -1,5 +1,6 @@
 #include "alarms/SpecialAlarmsFile.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "app/Patience.h"
@@ -43,6 +44,16 @@ Reading ReadAll(const std::string& text, std::string (RecordText::Reader::*readM
     return reading;
 }
 
+std::string BytesOf(const std::array<Row, rowCount>& rows) {
+    std::string text;
+    for (const Row& row : rows) {
+        text += RecordText::Quoted(row.Day) + ',' + TimeField(row.Time) + ',' +
+                RecordText::Quoted(row.Message) + ',' + std::to_string(row.Enabled) +
+                base::lineBreak;
+    }
+    return RecordText::ToBytes(text);
+}
+
 bool IsWhole(const std::string& bytes) {
     std::vector<Row> rows;
     try {
@@ -60,13 +71,18 @@ std::string Folder() { return forms::ApplicationPath("\\SpecialAlarms"); }
 std::string Path() { return Folder() + "\\SpecialAlarms.txt"; }
 
 std::string Encode(const std::array<Row, rowCount>& rows) {
-    std::string text;
-    for (const Row& row : rows) {
-        text += RecordText::Quoted(row.Day) + ',' + TimeField(row.Time) + ',' +
-                RecordText::Quoted(row.Message) + ',' + std::to_string(row.Enabled) +
-                base::lineBreak;
+    const std::string bytes = BytesOf(rows);
+    if (IsWhole(bytes)) {
+        return bytes;
     }
-    return RecordText::ToBytes(text);
+    // A line break and quotes in one message can look like the end of a row. The window's text
+    // boxes have one line, so only a file that another program wrote has such a message.
+    std::array<Row, rowCount> ofOneLine = rows;
+    for (Row& row : ofOneLine) {
+        std::replace(row.Message.begin(), row.Message.end(), '\r', ' ');
+        std::replace(row.Message.begin(), row.Message.end(), '\n', ' ');
+    }
+    return BytesOf(ofOneLine);
 }
 
 void Decode(const std::string& bytes, std::vector<Row>& rows) {

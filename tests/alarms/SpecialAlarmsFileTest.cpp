@@ -194,6 +194,17 @@ TEST_F(SpecialAlarmsFileTest, AMessageOfSeveralLinesMayHoldQuotes) {
     EXPECT_EQ(Decoded(bytes).at(6).Day, "Sunday");
 }
 
+TEST_F(SpecialAlarmsFileTest, RowsCanBeReadAgainIfALineOfAMessageLooksLikeTheEndOfItsRow) {
+    auto week = Week();
+    week[0].Message = "a\",1\r\"b";
+    week[1].Message = "one\r\ntwo";
+    const std::vector<Row> read = Decoded(SpecialAlarmsFile::Encode(week));
+    ASSERT_EQ(read.size(), week.size());
+    EXPECT_EQ(read[0].Message, "a\",1 \"b");
+    EXPECT_EQ(read[1].Message, "one  two");
+    EXPECT_EQ(read[6], week[6]);
+}
+
 TEST_F(SpecialAlarmsFileTest, FilesOfOtherLayoutsAreRead) {
     const std::vector<std::string> forms{
         // all rows in one line
