@@ -126,7 +126,8 @@ void frmOptions::Form_Load() {
     fontCode = Settings::defaultFontSize.Read();
     noteLoops = Settings::noteLoops.ReadOr(noteLoops);
     chkNoteLoops.value = noteLoops != 0 ? 1 : 0;
-    // The colour is shown only if the store was edited by hand: both keys are written together.
+    // Both keys are written together, so only a user who edits the store can leave out IsService.
+    // Then the box takes the color code.
     ReadInto(chkIsService, Settings::isService, colorCode);
     SelectOption(optDefaultColor, colorCode);
     SelectOption(optDefaultFont, fontCode);

@@ -184,7 +184,7 @@ void OpenAllAndExit(const Settings& settings) {
         });
     Report("open-all", all);
     Report("open-first", first - start);
-    // A new note ends the mode in which each closing note asks its question.
+    // Making a note ends the mode in which the program asks a question for each note that closes.
     subject.ShowMain();
     subject.Main().Only("Edit").Type(title);
     Subject::Click(subject.Main(), "Make &Note", [&] {

@@ -31,7 +31,7 @@ void PressTimes(const Window& receiver, WPARAM key, int times) {
 }
 
 // Opens the menu of the text and selects an entry of one of its submenus. Numbers count from 0.
-// Returns when the choice is ready to be made with the Enter key.
+// Returns when the entry is highlighted. The caller then presses Enter.
 void SelectEntry(const Window& text, int submenu, int entry) {
     const LPARAM place = MAKELPARAM(50, 50);
     text.Post(WM_RBUTTONDOWN, MK_RBUTTON, place);

@@ -25,7 +25,8 @@ class FormFocus {
     // The button that Enter presses: the button that has the focus, else the default button.
     CommandButton* EnterButton() const;
 
-    // Gives the focus to the control. The stage shows that already, or is told by the caller.
+    // Gives the focus to the control. Does not tell the stage: if the stage does not show the focus
+    // there yet, the caller tells it.
     void Adopt(Control& control) { given = &control; }
     // Moves the focus to another control if the control that has it was hidden or disabled.
     void MoveOn();

@@ -43,7 +43,7 @@ class TimerQueue {
     std::optional<base::DateTime> Moment() const { return tickTime; }
     void LeaveMoment() { tickTime.reset(); }
 
-    // The next WallAt reads the wall clock again.
+    // Discards the cached time, so that the next call of WallAt reads the wall clock.
     void ForgetClock() { readAt.reset(); }
 
   private:

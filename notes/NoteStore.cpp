@@ -36,7 +36,7 @@ bool SaysTheSame(const std::string& bytes, const NoteRecord& record) {
     return held == record;
 }
 
-// Whether the error may be over some time later: no file, no folder, device, access.
+// Whether the error may be temporary: a missing file or folder, a device, access denied.
 bool MayPass(const base::RuntimeError& error) {
     return error == base::ErrorNumber::FileNotFound || error == base::ErrorNumber::PathNotFound ||
            error == base::ErrorNumber::DeviceIoError ||

@@ -63,8 +63,8 @@ bool CanOwn(HWND window) {
 }
 
 // The form's window or box that this window belongs to. For example, the calendar of a date picker
-// belongs to a form. It closes when a box opens, and would take the box with it if it owned the
-// box.
+// belongs to a form. The calendar closes when a box opens. If the calendar owned the box, the box
+// would close too.
 HWND FormOrBox(HWND window) {
     while (window != nullptr && FormWindow::From(window) == nullptr && !IsBox(window)) {
         window = ::GetWindow(window, GW_OWNER);

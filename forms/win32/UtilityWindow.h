@@ -15,7 +15,7 @@ namespace forms::win32 {
 // task bar.
 class UtilityWindow {
   public:
-    // lParam is a form's window. It is destroyed if its destruction is scheduled.
+    // lParam is a form's window. The receiver destroys the window if its form has scheduled that.
     static constexpr UINT destroyMessage = WM_APP + 1;
     static constexpr UINT catchUpMessage = WM_APP + 2;
 

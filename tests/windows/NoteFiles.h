@@ -13,8 +13,8 @@ class NoteFiles {
     ~NoteFiles() = default;
 
     std::string NotePath(const std::string& title) const;
-    // Without a clock that tests move, a note that the program makes has today's date. Then returns
-    // the text with today's date in place of the date at which the clock would start.
+    // Returns the text. If the tests cannot move the clock, today's date replaces the date at which
+    // the clock would start, because new notes have today's date.
     static std::string MadeToday(const std::string& text);
     // Expects the note file to hold exactly these bytes, or MadeToday() of them.
     void ExpectNote(const std::string& title, const std::string& bytes) const;

@@ -37,10 +37,11 @@ class Program {
     // Waits for the end of the program and returns the exit code.
     DWORD WaitForEnd();
     void Kill();
+    // False before Windows 10.
+    static bool CanCloseMutexes();
     // Closes the program's handle of a mutex, so that another copy does not find it, as if this
     // copy ran in another session. Raises Failure if the program has no such handle. Call it only
-    // if CanCloseMutexes(), which is false before Windows 10.
-    static bool CanCloseMutexes();
+    // if CanCloseMutexes() is true.
     void CloseMutex(const std::string& name) const;
 
     // All top-level windows, the topmost first, including hidden ones.

@@ -28,10 +28,10 @@ class Patience {
     unsigned long long idle = 0;
 };
 
-// Waits until the condition is true. Returns false if the patience ends first.
+// Waits until the condition is true. Returns false if its Patience ends first.
 bool ComesTrue(const std::function<bool()>& condition);
 
-// Like ComesTrue, but raises Failure with this text if the patience ends first.
+// Like ComesTrue, but raises Failure with this text if its Patience ends first.
 void WaitUntil(const std::string& what, const std::function<bool()>& condition);
 
 // Waits for a second or two, or until the condition is true. For gestures that are repeated until

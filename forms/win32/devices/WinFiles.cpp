@@ -50,7 +50,8 @@ bool IsShortName(const std::wstring& nativePath) {
     return !listed.empty() && !IsSameName(listed, name);
 }
 
-// The native path of a file. A short name would lead to the file of another name, and is refused.
+// The native path of a file. Raises an error for a short name (8.3), because it would open a file
+// with another name.
 std::wstring FilePath(const std::string& path) {
     std::wstring native = NativePath(path);
     if (IsShortName(native)) {

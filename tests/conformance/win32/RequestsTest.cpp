@@ -241,7 +241,8 @@ TEST_F(RequestsTest, AHiddenControlIsMadeWhenItIsShown) {
     EXPECT_EQ(HandleOf(form.lblHidden), nullptr);
 }
 
-// Otherwise the controls of a window that the user sees are painted while they are made.
+// If the window were shown before its controls exist, each control would be painted while it is
+// made.
 TEST_F(RequestsTest, AWindowThatIsRestoredIsPaintedOnce) {
     Start([] { Default<frmRows>().Load(); });
     Start([] {

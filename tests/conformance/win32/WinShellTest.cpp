@@ -80,7 +80,7 @@ class WinShellShortcutTest : public testing::Test {
         ::CoUninitialize();
     }
 
-    // Expects that the shortcut is pointed to expected, and stays as it is the next time.
+    // Expects that PointToThisProgram sets the target, and that a second call changes nothing.
     void ExpectTarget(const std::wstring& expected) {
         shell.PointToThisProgram(shortcut);
         EXPECT_EQ(TargetOf(shortcut), expected);

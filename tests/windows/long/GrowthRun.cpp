@@ -13,9 +13,8 @@ namespace driver {
 
 namespace {
 
-// The number of kilobytes by which the program may grow, once and for each cycle. Under Wine it
-// grows by about one in each cycle, although the blocks in use stay the same. Wine's wastebasket
-// never frees the name of a file.
+// The kilobytes by which the program may grow once, and in each cycle. Under Wine it grows by about
+// one kilobyte in each cycle, because Wine's Recycle Bin does not free the names of files.
 constexpr std::size_t slack = 512;
 constexpr std::size_t slackOfCycle = 2;
 

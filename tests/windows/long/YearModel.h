@@ -63,7 +63,7 @@ struct YearEvent {
     enum class Kind { Note, Weekly, Strike, Change, Silence };
     std::int64_t at;
     Kind kind;
-    std::string title;  // of the note; the message of the weekly alarm
+    std::string title;  // the title of the note, or the message of the weekly alarm
     bool operator<(const YearEvent& other) const { return at < other.at; }
 };
 
