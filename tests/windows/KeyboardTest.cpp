@@ -178,7 +178,7 @@ TEST_F(KeyboardTest, ANoteIsMadeWrittenSavedAndClosed) {
     hands::PressKeys({VK_RETURN});
     CloseByEscape(program.WaitFor(" Note Title Error"));
     WaitForKeyboard(main);
-    EXPECT_TRUE(main.Only("Edit").HasFocus());
+    WaitUntil("the title box has the focus", [&] { return main.Only("Edit").HasFocus(); });
     hands::PressKeys({VK_CONTROL, 'A'});
     hands::TypeKeys("dentist");
     hands::PressKeys({VK_RETURN});
@@ -265,7 +265,7 @@ TEST_F(KeyboardTest, ControlSSavesANote) {
     EXPECT_TRUE(FileExists(NotePath("Dentist")));
     hands::PressKeys({VK_RETURN});
     WaitForKeyboard(editor);
-    EXPECT_TRUE(text.HasFocus());
+    WaitUntil("the text has the focus", [&] { return text.HasFocus(); });
 }
 
 TEST_F(KeyboardTest, DeleteErasesTheNoteThatIsSelectedInTheControlPanel) {
