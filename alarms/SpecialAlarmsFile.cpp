@@ -54,13 +54,14 @@ std::string BytesOf(const std::array<Row, rowCount>& rows) {
     return RecordText::ToBytes(text);
 }
 
-bool IsWhole(const std::string& bytes) {
+// The seven rows, or nothing if they cannot be read.
+std::optional<std::vector<Row>> ReadWhole(const std::string& bytes) {
     std::vector<Row> rows;
     try {
         Decode(bytes, rows);
-        return true;
+        return rows;
     } catch (const base::RuntimeError&) {
-        return false;
+        return std::nullopt;
     }
 }
 
@@ -71,8 +72,8 @@ std::string Folder() { return forms::ApplicationPath("\\SpecialAlarms"); }
 std::string Path() { return Folder() + "\\SpecialAlarms.txt"; }
 
 std::string Encode(const std::array<Row, rowCount>& rows) {
-    const std::string bytes = BytesOf(rows);
-    if (IsWhole(bytes)) {
+    std::string bytes = BytesOf(rows);
+    if (ReadWhole(bytes) == std::vector(rows.begin(), rows.end())) {
         return bytes;
     }
     // A line break and quotes in one message can look like the end of a row. The window's text
@@ -139,7 +140,7 @@ void Write(const std::array<Row, rowCount>& rows, const std::optional<std::strin
 void AdoptLeftovers() {
     SafeFile::SettleLeftovers(Folder(), [](const std::string& bytes) {
         const bool isMissing = !forms::Machine().files->FileExists(Path());
-        return isMissing && IsWhole(bytes) ? Path() : std::string();
+        return isMissing && ReadWhole(bytes) ? Path() : std::string();
     });
 }
 

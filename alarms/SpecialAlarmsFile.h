@@ -27,8 +27,8 @@ struct Row {
 std::string Folder();  // without a trailing backslash
 std::string Path();
 
-// Writes one line for each row. A message is written unchanged, double quotes included. If the rows
-// could not be read again, blanks take the place of line breaks in the messages.
+// Writes one line for each row. A message is written unchanged, double quotes included. If other
+// rows would be read from these lines, blanks take the place of line breaks in the messages.
 std::string Encode(const std::array<Row, rowCount>& rows);
 
 // Appends every complete row, at most seven. Accepts any bytes. RuntimeError 62 if there are fewer

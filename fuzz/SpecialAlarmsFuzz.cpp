@@ -16,15 +16,20 @@ using SpecialAlarmsFile::Row;
 // Days with quotes are not round-tripped: the window writes only the seven names of the days.
 bool HasQuoteInDay(const Row& row) { return row.Day.find('"') != std::string::npos; }
 
-bool HasLineBreak(const Row& row) { return row.Message.find_first_of("\r\n") != std::string::npos; }
+std::vector<Row> WithoutLineBreaks(std::vector<Row> rows) {
+    for (Row& row : rows) {
+        std::replace(row.Message.begin(), row.Message.end(), '\r', ' ');
+        std::replace(row.Message.begin(), row.Message.end(), '\n', ' ');
+    }
+    return rows;
+}
 
-// Rows with line breaks in messages are readable again, but saving may change the line breaks.
 void CheckRoundTrip(const std::vector<Row>& rows) {
     std::array<Row, SpecialAlarmsFile::rowCount> week;
     std::copy(rows.begin(), rows.end(), week.begin());
     std::vector<Row> again;
     SpecialAlarmsFile::Decode(SpecialAlarmsFile::Encode(week), again);
-    if (again != rows && std::none_of(rows.begin(), rows.end(), HasLineBreak)) {
+    if (again != rows && again != WithoutLineBreaks(rows)) {
         std::abort();
     }
 }
@@ -32,7 +37,7 @@ void CheckRoundTrip(const std::vector<Row>& rows) {
 }  // namespace
 
 // Checks that reading any bytes gives seven rows or one of three errors. Rows that were read are
-// the same after saving and reading.
+// the same after saving and reading, or differ only in blanks for the line breaks of messages.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static forms::headless::HeadlessLocale locale;
     forms::Machine().locale = &locale;

@@ -145,7 +145,7 @@ std::string RandomMessage(std::mt19937& random, const std::vector<std::string>& 
 
 TEST_F(SpecialAlarmsFileTest, EveryMessageOfOneLineRoundTrips) {
     std::mt19937 random(1);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same messages in each run
-    for (int i = 0; i < 20'000; ++i) {
+    for (int i = 0; i < 5000; ++i) {
         auto week = Week();
         for (Row& row : week) {
             row.Message = RandomMessage(random, pieces);
@@ -164,7 +164,7 @@ TEST_F(SpecialAlarmsFileTest, DecodedRowsStayTheSameWhenSaved) {
     }
     std::mt19937 random(2);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same messages in each run
     int read = 0;
-    for (int i = 0; i < 20'000; ++i) {
+    for (int i = 0; i < 5000; ++i) {
         std::string bytes;
         for (int row = 0; row < 7; ++row) {
             bytes +=
@@ -183,7 +183,7 @@ TEST_F(SpecialAlarmsFileTest, DecodedRowsStayTheSameWhenSaved) {
         }
         ASSERT_EQ(Decoded(SpecialAlarmsFile::Encode(week)), rows) << bytes;
     }
-    EXPECT_GT(read, 1000);
+    EXPECT_GT(read, 500);
 }
 
 TEST_F(SpecialAlarmsFileTest, AMessageOfSeveralLinesMayHoldQuotes) {
@@ -202,6 +202,16 @@ TEST_F(SpecialAlarmsFileTest, RowsCanBeReadAgainIfALineOfAMessageLooksLikeTheEnd
     ASSERT_EQ(read.size(), week.size());
     EXPECT_EQ(read[0].Message, "a\",1 \"b");
     EXPECT_EQ(read[1].Message, "one  two");
+    EXPECT_EQ(read[6], week[6]);
+}
+
+TEST_F(SpecialAlarmsFileTest, AMessageThatLooksLikeAnotherRowAddsNoRow) {
+    auto week = Week();
+    week[0].Message = "a\",1\r\n\"Friday\",#08:00:00#,\"b";
+    const std::vector<Row> read = Decoded(SpecialAlarmsFile::Encode(week));
+    ASSERT_EQ(read.size(), week.size());
+    EXPECT_EQ(read[0].Message, "a\",1  \"Friday\",#08:00:00#,\"b");
+    EXPECT_EQ(read[1], week[1]);
     EXPECT_EQ(read[6], week[6]);
 }
 
