@@ -53,7 +53,7 @@ void NativeControls::Create() {
     }
 }
 
-// Creates a control that was hidden until now, below the one that precedes it.
+// Creates a control that was hidden until now, and puts it below the native control before it.
 void NativeControls::MakeLate(Peer& late) {
     late.Make();
     if (late.handle == nullptr) {

@@ -30,7 +30,7 @@ TEST_F(LoadReportsTest, OneBadFileIsReportedOnceUntilTheFolderChanges) {
     });
 }
 
-// Only a file that is cut may be one that another program is still writing.
+// If a file is cut, another program may still be writing it. A wrong date is no sign of that.
 TEST_F(LoadReportsTest, AnImpossibleDateIsReportedWithoutAPause) {
     PutNote(Note("a"));
     files.PutFile(folder + "\\b.txt",
