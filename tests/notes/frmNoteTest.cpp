@@ -7,44 +7,11 @@
 namespace {
 
 using base::DateTime;
-using forms::Color;
 using StandardCode::Shared;
 
-class frmNoteTest : public testing_support::NoteProgram {
-  protected:
-    std::vector<std::string> CheckedColors(frmNote& note) { return Checked(note.mnuColor); }
-    std::vector<std::string> CheckedFonts(frmNote& note) { return Checked(note.mnuFont); }
-
-    static std::vector<std::string> Captions(const forms::Menu& menu) {
-        std::vector<std::string> captions;
-        for (const forms::Menu* entry : menu.entries) {
-            captions.push_back(entry->caption);
-        }
-        return captions;
-    }
-
-  private:
-    static std::vector<std::string> Checked(const forms::Menu& menu) {
-        std::vector<std::string> captions;
-        for (const forms::Menu* entry : menu.entries) {
-            if (entry->checked()) {
-                captions.push_back(entry->caption);
-            }
-        }
-        return captions;
-    }
-};
+class frmNoteTest : public testing_support::NoteProgram {};
 
 using Texts = std::vector<std::string>;
-
-TEST_F(frmNoteTest, ANewNoteIsWhiteAndInTwelvePoints) {
-    frmNote& note = forms::Default<frmNote>();
-    EXPECT_EQ(note.txtNote.backColor(), (Color{255, 255, 255}));
-    EXPECT_EQ(note.txtNote.foreColor(), (Color{0, 0, 0}));
-    EXPECT_EQ(note.txtNote.fontSize(), 12);
-    EXPECT_EQ(CheckedColors(note), Texts{"White"});
-    EXPECT_EQ(CheckedFonts(note), Texts{"12 point"});
-}
 
 TEST_F(frmNoteTest, LoadingSetsIconPickersAndClock) {
     SetNow(2031, 2, 3, 14, 5, 9);
@@ -70,53 +37,6 @@ TEST_F(frmNoteTest, TheClockPanelIsRefreshedEverySecond) {
     EXPECT_EQ(note.lblSysTime.caption(), "System Date and Time is \r\n2/3/2031 2:05:09 PM.");
     Advance(1000);
     EXPECT_EQ(note.lblSysTime.caption(), "System Date and Time is \r\n2/3/2031 2:05:10 PM.");
-}
-
-struct ColorCase {
-    int index;
-    const char* caption;
-    Color back;
-    Color text;
-};
-
-TEST_F(frmNoteTest, AColorItemIsAppliedCheckedAndSaved) {
-    const std::vector<ColorCase> cases{
-        {2, "Red", {255, 128, 128}, {0, 0, 0}},        {3, "Green", {0, 192, 0}, {0, 0, 0}},
-        {4, "Blue", {128, 128, 255}, {255, 255, 255}}, {5, "Yellow", {255, 255, 0}, {0, 0, 0}},
-        {6, "Gray", {192, 192, 192}, {0, 0, 0}},       {1, "White", {255, 255, 255}, {0, 0, 0}},
-    };
-    frmNote& note = MakeNote("Dentist");
-    for (const ColorCase& one : cases) {
-        stage->ExpectPopup("mnuPop", one.caption);
-        user->RightClick(note.txtNote);
-        EXPECT_EQ(note.txtNote.backColor(), one.back) << one.caption;
-        EXPECT_EQ(note.txtNote.foreColor(), one.text) << one.caption;
-        EXPECT_EQ(CheckedColors(note), Texts{one.caption});
-        Start([&note] { note.WriteNote(); });
-        EXPECT_EQ(Saved("Dentist").ColorIndex, one.index) << one.caption;
-    }
-}
-
-TEST_F(frmNoteTest, AFontItemIsAppliedCheckedAndSaved) {
-    frmNote& note = MakeNote("Dentist");
-    for (const int points : {10, 14, 16, 12}) {
-        const std::string item = std::to_string(points) + " point";
-        stage->ExpectPopup("mnuPop", item);
-        user->RightClick(note.txtNote);
-        EXPECT_EQ(note.txtNote.fontSize(), points);
-        EXPECT_EQ(CheckedFonts(note), Texts{item});
-        Start([&note] { note.WriteNote(); });
-        EXPECT_EQ(Saved("Dentist").FontSize, points);
-    }
-}
-
-TEST_F(frmNoteTest, AnyOtherFontSizeIsSavedAsSixteen) {
-    frmNote& note = MakeNote("Dentist");
-    Start([&note] {
-        note.txtNote.fontSize = 11;
-        note.WriteNote();
-    });
-    EXPECT_EQ(Saved("Dentist").FontSize, 16);
 }
 
 TEST_F(frmNoteTest, TheOptionsMenuOpensByDoubleClickAndRightButton) {
