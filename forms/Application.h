@@ -30,11 +30,11 @@ class Application {
     const std::vector<std::shared_ptr<Form>>& LoadedForms() const { return loaded; }
     Form* ActiveForm() const { return activeForm.lock().get(); }
 
-    // Ends the program at once. No further event is raised, all pumps return, and every handler is
-    // left.
+    // Ends the program at once by throwing ProgramEnded, which leaves every handler. Every pump
+    // returns, and no further event is raised.
     [[noreturn]] virtual void End() = 0;
     bool HasEnded() const { return ended; }
-    // The user is logging off: forms save without asking.
+    // Whether the user is logging off. Forms then save without asking.
     bool IsSessionEnding() const { return sessionEnding; }
     void MarkSessionEnding() { sessionEnding = true; }
 
@@ -51,14 +51,16 @@ class Application {
     // Exceptions from it are ignored.
     std::function<void()> onFatalError;
 
-    // Called when F1 is pressed in a form that has no control and no menu entry for it.
+    // Called when the user presses F1 in a form that has no control and no menu entry for this key.
     std::function<void()> onHelp;
 
-    // Shows the windows that the handler has opened so far, and lets them come up: handles events
-    // for a moment. Throws ProgramEnded if the program has ended.
+    // Shows the windows that the handler has opened so far, and handles events for a short time, so
+    // that the active window can get the focus. Other handlers may run meanwhile. Throws
+    // ProgramEnded if the program has ended.
     virtual void LetWindowsComeUp() = 0;
 
-    // Makes the form the active one. Form_Activate runs unless the form is active already.
+    // Makes the form the active one and runs Form_Activate. Does nothing if the form is active or
+    // is not loaded.
     void FormActivated(Form& form);
 
   protected:
@@ -87,7 +89,8 @@ class Application {
     void AddLoaded(Form& form);
     void RemoveLoaded(Form& form);
     void MarkDirty(Form& form);
-    // Makes another form active because leaving was hidden, minimised or unloaded.
+    // If leaving is the active form, makes another form active: the most recently active of those
+    // that are usable and not minimised. Call this when leaving was hidden, minimised or unloaded.
     void ActivateNext(const Form& leaving);
 
     std::vector<std::weak_ptr<Form>> activationOrder;  // the last form is the most recent

@@ -9,7 +9,7 @@ struct ApplicationInfo {
     std::string name;         // caption of the report of a fatal error; name of printed documents
     std::string registryKey;  // key of the settings, below HKEY_CURRENT_USER
     std::string mutexName;    // a copy finds another copy in the user's session by this mutex
-    std::string savingText;  // shown by the system while the end of a session waits for the program
+    std::string savingText;   // shown by the system while it waits for the program to end
 };
 
 }  // namespace forms

@@ -82,7 +82,8 @@ class Control : public Observed {
     void PlaceIn(Control& newContainer, int newLeft, int newTop, int newWidth, int newHeight);
 
     // Gives the control the keyboard focus and makes its form the active one. If the form is not
-    // visible, both happen when the form is shown.
+    // visible, both happen when the form is shown. Does nothing if the control is hidden or
+    // disabled.
     void SetFocus();
     bool HasFocus() const;
     virtual bool CanHaveFocus() const { return false; }
@@ -106,7 +107,7 @@ class Control : public Observed {
     // Whether the control and all its containers are enabled.
     bool IsEffectivelyEnabled() const;
 
-    // Shows the change on the stage, then calls AfterChange.
+    // Reports the change to the stage, then calls AfterChange.
     void Changed(Aspect aspect) final;
     // The control's own reaction to a changed property. Raises the event for the change, if there
     // is one.

@@ -154,8 +154,8 @@ class CheckBox : public Captioned {
     void Clicked() override { value = value() == 1 ? 0 : 1; }
 };
 
-// A button of a container in which at most one button is selected. Raises Click when it becomes
-// selected, by the user or by code. A button that loses the selection raises nothing.
+// At most one of the option buttons of a container is selected. A button raises Click when it
+// becomes selected, by the user or by code. A button that loses the selection raises nothing.
 class OptionButton : public Captioned {
   public:
     OptionButton(Form* parent, const char* controlName, int arrayIndex = 0)
@@ -195,7 +195,7 @@ class ComboBox : public Control {
     void AfterChange(Aspect aspect) override;
 };
 
-// A list that is always hidden, so that no stage shows it. Raises Click when its index changes.
+// A list that is never visible: no stage shows it. Raises Click when its index changes.
 class ListBox : public Control {
   public:
     ListBox(Form* parent, const char* controlName)
@@ -225,17 +225,19 @@ class ListView : public Control {
         bool operator==(const Row&) const = default;
     };
 
-    // Set in Design only. If the list is wider than its columns, the last one fills the rest.
+    // Set in Design only. If the list is wider than its columns, the last column fills the rest.
     std::vector<Column> columns;
     const ImageList* imageList = nullptr;  // an image list of the same form; set in Design only
     // Shown while the list has no rows. Set in Design only. The text must live as long as the list,
     // as a literal does.
     const char* emptyText = "";
 
-    // Sets the text in the column with this key. RuntimeError 9 if there is no such column.
+    // Sets the text of the row in the column with this key. The row need not be in the list yet.
+    // RuntimeError 9 if there is no such column.
     void SetText(Row& row, const std::string& columnKey, const std::string& text) const;
     const std::vector<Row>& Rows() const { return rows; }
-    // position counts from 0. RuntimeError 457 if another row has the key.
+    // position counts from 0. RuntimeError 457 if another row has the key, 9 if position is beyond
+    // the end.
     void InsertRow(std::size_t position, Row row);
     void AddRow(Row row) { InsertRow(rows.size(), std::move(row)); }
     void RemoveRow(std::size_t position);  // RuntimeError 9 if there is no such row
@@ -244,7 +246,7 @@ class ListView : public Control {
     int SelectedRow() const { return selectedRow; }
     void Select(int position);    // no event
     void Selected(int position);  // called by Gestures only
-    // Changes of rows between these two calls are not shown until EndUpdate.
+    // The stage does not show changes of rows between these two calls. EndUpdate shows them all.
     void BeginUpdate() { ++updating; }
     void EndUpdate();
 
@@ -282,8 +284,8 @@ class Image : public Control {
     Image(Form* parent, const char* controlName)
         : Control(parent, ControlKind::Image, controlName) {}
     Property<Picture, Aspect::Picture> picture{*this};
-    // Name of a picture that is compiled into the program. It is used while picture is empty. The
-    // text must live as long as the image, as a literal does.
+    // Name of a picture that is compiled into the program. The stage shows it while picture is
+    // empty. The text must live as long as the image, as a literal does.
     const char* resourceName = "";
     bool sizeToPicture = false;  // set in Design only
     void AfterChange(Aspect aspect) override;

@@ -42,8 +42,8 @@ class FileLock {
     virtual ~FileLock() = default;
 };
 
-// Whether a call returns only after its bytes are on the medium. If the bytes are only cached, the
-// file survives the end of the program, but not a failure of the machine.
+// Flushed: the call returns only after the bytes are on the medium. Cached: it may return earlier.
+// Cached bytes survive the end of the program, but may be lost if the machine fails.
 enum class Durability { Flushed, Cached };
 
 struct WriteOptions {
@@ -60,9 +60,10 @@ class FileSystem {
     virtual bool FolderExists(const std::string& path) = 0;
     virtual bool FileExists(const std::string& path) = 0;
     virtual void MakeFolder(const std::string& path) = 0;
-    // The files of a folder whose names end in suffix (in upper or lower case), in the order of the
-    // listing. Does not list folders. Empty if the folder does not exist; RuntimeError 76 or 57 if
-    // the folder above it does not exist either, or is out of reach.
+    // Lists the files in a folder, but not its subfolders, in the order in which the file system
+    // gives them. Only files whose names end in suffix (in upper or lower case) are listed. The
+    // list is empty if the folder does not exist. Fails, for example with 76, if the folder above
+    // it does not exist either or cannot be reached.
     virtual std::vector<FileEntry> List(const std::string& folder, const std::string& suffix) = 0;
     // The file's name as the disk spells it. It may differ from the name in the path in upper and
     // lower case. If there is no such file, returns the name in the path.
@@ -71,7 +72,7 @@ class FileSystem {
     // Creates or truncates the file and writes all bytes.
     virtual void Write(const std::string& path, const std::string& bytes, WriteOptions options) = 0;
     void Write(const std::string& path, const std::string& bytes) { Write(path, bytes, {}); }
-    // Renames the file, and replaces an existing file in one step of the file system.
+    // Renames the file. If the target exists, the file system replaces it in one step.
     virtual void Replace(const std::string& from, const std::string& to, Durability durability) = 0;
     void Replace(const std::string& from, const std::string& to) {
         Replace(from, to, Durability::Flushed);
@@ -82,8 +83,8 @@ class FileSystem {
     virtual bool Recycle(const std::string& path) = 0;
     virtual void Copy(const std::string& from, const std::string& to) = 0;
     // Locks the file, and creates it if it is missing. The folder must exist. Returns null if
-    // another program holds the lock. RuntimeError if no lock is possible. When the program ends,
-    // even by a crash, the system releases the lock.
+    // another program holds the lock. RuntimeError if the file cannot be created or locked. When
+    // the program ends, even by a crash, the system releases the lock.
     virtual std::unique_ptr<FileLock> Lock(const std::string& path) = 0;
 };
 
@@ -103,13 +104,15 @@ class Sound {
     enum class Mode { Once, Loop };
     // Starts the sound and returns at once. Stops a sound that is playing.
     virtual void Play(const std::string& wavePath, Mode mode) = 0;
-    // Plays the sound and returns when it has ended. Until then windows are painted, but no handler
-    // runs. Only the end of the session is handled, and ends the call.
+    // Plays the sound and returns when it has ended. Meanwhile windows are painted, but no handler
+    // runs. The only exception is the end of the user's session: Form_QueryUnload and Form_Unload
+    // run, and the call returns early.
     virtual void PlayToEnd(const std::string& wavePath) = 0;
     virtual void Stop() = 0;
 };
 
-// The record of an icon in the notification area: the first version of the system's own structure.
+// An icon in the notification area. The fields are those of the first version of the system's own
+// structure.
 struct TrayRecord {
     std::uint32_t structureSize = 0;
     Form* owner = nullptr;  // its window gets the callback message; not owned
@@ -133,8 +136,9 @@ class Tray {
 class Printer {
   public:
     virtual ~Printer() = default;
-    // Returns false if the user cancelled the document. The printers that write files ask for the
-    // name of the file here, and events come in meanwhile: windows call forms::BeginPrinting().
+    // Returns false if the user cancelled the document. A printer that writes files asks for the
+    // name of the file here, and lets events in meanwhile. Windows therefore call
+    // forms::BeginPrinting().
     virtual bool BeginDocument() = 0;
     // Prints the text, wrapped to the page, and a line break.
     virtual void Print(const std::string& text) = 0;
@@ -156,8 +160,9 @@ class Shell {
     virtual int Open(const std::string& document, const std::string& workingFolder) = 0;
     // Shows a help file. command is the help viewer's own command number.
     virtual void ShowHelp(const std::string& helpFile, int command) = 0;
-    // Makes the shortcut start this program, or the file beside it that has the old target's name.
-    // A file that is no shortcut, or that cannot be written, stays unchanged.
+    // Makes the shortcut start the file that lies beside this program and has the name of the old
+    // target. If there is no such file, the shortcut starts this program. A file that is no
+    // shortcut, or that cannot be written, stays unchanged.
     virtual void PointToThisProgram(const std::string& shortcut) = 0;
 };
 
@@ -184,8 +189,10 @@ class Locale {
     virtual std::string WeekdayName(base::DateTime value) = 0;  // "Friday"
     virtual base::NumberFormat Numbers() = 0;
     virtual std::string ToUpper(const std::string& text) = 0;
-    // ToAnsi converts to the system's ANSI code page. It returns nothing if the code page lacks a
-    // character of the text.
+    // ToAnsi converts to the system's ANSI code page. Empty if the code page lacks a character of
+    // the text. If the code page is UTF-8, ToAnsi converts only ASCII, because other programs and
+    // machines read all other bytes in older code pages. FromAnsi then reads bytes that are not
+    // valid UTF-8 in the older code page of the system's language.
     virtual std::optional<std::string> ToAnsi(const std::string& utf8) = 0;
     virtual std::string FromAnsi(const std::string& bytes) = 0;
     // Date and time as one text: the short date, a blank, the time. A value at midnight is shown as
@@ -193,7 +200,8 @@ class Locale {
     std::string GeneralDate(base::DateTime value);
 
   private:
-    // The last result is kept, because a hundred windows ask for the same second.
+    // The last arguments and result of GeneralDate. They are kept because a hundred windows may ask
+    // for the same second.
     base::DateTime lastMoment;
     std::string lastMomentText;
 };
@@ -203,8 +211,8 @@ class System {
     virtual ~System() = default;
     // Folder of the executable, without a trailing backslash.
     virtual std::string ApplicationFolder() = 0;
-    // The folder whose shortcuts start when this user signs in, without a trailing backslash. Empty
-    // if the system has none.
+    // The folder of the shortcuts that the system opens when this user signs in, without a trailing
+    // backslash. Empty if the system has none.
     virtual std::string StartupFolder() = 0;
     // Whether another copy of the program runs for the same user. The first call also registers
     // this copy.
@@ -212,14 +220,14 @@ class System {
     // The version number of the system: the lowest byte is the major number, the second byte the
     // minor.
     virtual std::uint32_t Version() = 0;
-    // Letters and digits. They differ from the instance ids of all other running programs on all
-    // machines.
+    // An id of this run of the program, in letters and digits. It differs from the ids of all other
+    // running copies on all machines.
     virtual std::string InstanceId() = 0;
-    // Waits for this time. No handler runs until then.
+    // Waits. No handler runs meanwhile.
     virtual void Pause(int milliseconds) = 0;
 };
 
-// All devices. They are not owned. Every pointer is set before the runtime starts.
+// Pointers to all devices, which are not owned. Every pointer is set before the runtime starts.
 struct Devices {
     Clock* clock = nullptr;
     FileSystem* files = nullptr;

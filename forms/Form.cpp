@@ -32,7 +32,6 @@ void Form::Load() {
     try {
         Form_Load();
     } catch (const base::RuntimeError&) {
-        // Discard a form whose Form_Load failed, and rethrow to the caller.
         Discard();
         throw;
     }

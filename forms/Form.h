@@ -42,7 +42,8 @@ class Form : public FormEvents, public Observed, public std::enable_shared_from_
     const char* const name;  // the name of the class, for example "frmMain"
 
     Property<std::string, Aspect::Caption> caption{*this};
-    Property<int, Aspect::Bounds> left{*this, 0};  // twips; meaningful once moved or centred
+    // The place of the window in twips. If both are 0, the stage chooses the place.
+    Property<int, Aspect::Bounds> left{*this, 0};
     Property<int, Aspect::Bounds> top{*this, 0};
     Property<int, Aspect::Bounds> width{*this, 4800};   // twips, including title bar and border
     Property<int, Aspect::Bounds> height{*this, 3600};  // twips, including title bar and border
@@ -53,40 +54,43 @@ class Form : public FormEvents, public Observed, public std::enable_shared_from_
     // Set in Design only.
     BorderStyle borderStyle = BorderStyle::Fixed;
     bool showInTaskbar = true;
-    bool isPage = false;  // without a backColor: in the system's colour of pages, not of dialogs
+    bool isPage = false;          // empty backColor: the system's colour of pages, not of dialogs
     bool centerOnScreen = false;  // false: placed in a cascade with the open windows
-    // The size of the inside in twips. Loading the form sets width and height to this size plus the
-    // system's title bar and border. 0: width and height stay unchanged.
+    // The size of the inside in twips. If both are above 0, loading the form sets width and height
+    // to this size plus the system's title bar, menu bar and border.
     int innerWidth = 0;
     int innerHeight = 0;
     int minimumWidth = 0;  // twips; for a sizable window
     int minimumHeight = 0;
 
-    // Loads the form, which runs Form_Load. Does nothing if the form is loaded.
+    // Loads the form, which runs Form_Load. Does nothing if the form is loaded or was unloaded. If
+    // Form_Load throws a RuntimeError, the form is unloaded without events, and the error goes on
+    // to the caller.
     void Load();
-    // Loads the form and makes it visible and active. Form_Activate runs before Show returns. The
-    // native window appears when the outermost handler returns or waits, and shows the form as it
-    // is then. If the handler shows many forms, most of the windows appear a little later; see
-    // Runtime::Settle.
+    // Loads the form and makes it visible and, unless a modal form disables it, active.
+    // Form_Activate runs before Show returns. The native window appears when the outermost handler
+    // returns or waits, and shows the form as it is then. If the handler shows many forms, most of
+    // the windows appear a little later; see Runtime::Settle.
     void Show();
     // Like Show, but returns only when the form is hidden or unloaded. Until then, the user cannot
-    // use the windows that were visible, but can use windows that are shown later. Timers and other
-    // events go on.
+    // use the windows that were visible, but can use windows that are shown later. Other handlers
+    // may run meanwhile. If the form is modal already, brings it to the foreground and returns at
+    // once.
     void ShowModal();
     void Hide();
-    // Calls Form_QueryUnload and Form_Unload, and unloads the form unless one of them cancels.
+    // Calls Form_QueryUnload and then Form_Unload, and unloads the form unless one of them cancels.
     // Returns false if one of them cancels.
     //
-    // If the form is not loaded, returns true without events. If another call of Unload is running
-    // for the form (its handlers may wait for the user), returns false without events: the other
-    // call decides.
+    // If the form is not loaded, returns true without raising events. If another call of Unload is
+    // running for the form (its handlers may be waiting for the user), returns false without
+    // raising events: the other call decides.
     bool Unload(UnloadMode mode = UnloadMode::Code);
     // Brings the form to the foreground of the desktop.
     void BringToForeground();
     // Shows the form above all other windows, without moving, sizing or activating it.
     void MakeTopMost();
     // Opens a pop-up menu at the pointer. Returns when the handler of the chosen entry has run, or
-    // when the user has closed the menu. Timers go on.
+    // when the user has closed the menu. Other handlers may run meanwhile.
     void PopupMenu(Menu& menu);
 
     // True from the start of Form_Load to the end of the unloading.
@@ -103,8 +107,7 @@ class Form : public FormEvents, public Observed, public std::enable_shared_from_
     bool HasMenuBar() const;
     const std::vector<Timer*>& Timers() const { return timers; }
     FormFocus focus{*this};
-    // The control under the pointer. Null if the pointer is over the form itself. x and y are in
-    // twips.
+    // The control at this point of the form's inside, in twips. Null if there is none.
     Control* ControlAt(int x, int y) const;
 
     // The inner size in twips, as the stage shows the form.
@@ -114,7 +117,8 @@ class Form : public FormEvents, public Observed, public std::enable_shared_from_
     void Changed(Aspect aspect) override;
 
     // Whether the running Form_MouseMove reports a message of the notification area instead of a
-    // move of the pointer. Read it before the handler waits for anything.
+    // move of the pointer. Read it before the handler waits, because another Form_MouseMove may run
+    // meanwhile.
     bool IsTrayCallback() const { return isTrayCallback; }
     // Called by Gestures only.
     void RaiseMouseMove(int button, int x, int y, bool fromTray);

@@ -11,10 +11,10 @@ enum class UnloadMode { Code, CloseBox, SessionEnd };
 class FormEvents {
   public:
     virtual void Design() {}           // captions, places, handlers of the controls
-    virtual void Form_Initialize() {}  // once an instance, before its first load
+    virtual void Form_Initialize() {}  // once for each instance, after Design
     virtual void Form_Load() {}
     virtual void Form_Activate() {}  // the form has become the program's active one
-    virtual void Form_Resize() {}    // inner size changed; also before the first showing
+    virtual void Form_Resize() {}    // the form was moved or sized, or is about to be shown
     virtual void Form_QueryUnload(bool& /*cancel*/, UnloadMode /*mode*/) {}
     virtual void Form_Unload(bool& /*cancel*/) {}
     virtual void Form_MouseUp(int /*button*/, int /*x*/, int /*y*/) {}  // twips

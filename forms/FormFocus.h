@@ -14,7 +14,7 @@ class FormFocus {
     explicit FormFocus(const Form& owner) : form(owner) {}
 
     // The control that has the focus while the form is active: the last control that was given the
-    // focus. If that control cannot be used, it is the next Tab stop after it, or else the first
+    // focus. If that control cannot take the focus, the next Tab stop after it, or else the first
     // Tab stop. Null if there is none.
     Control* ActiveControl() const;
     // All controls in the order of the Tab key, including frames and labels.
@@ -25,8 +25,8 @@ class FormFocus {
     // The button that Enter presses: the button that has the focus, else the default button.
     CommandButton* EnterButton() const;
 
-    // Gives the focus to the control. Does not tell the stage: if the stage does not show the focus
-    // there yet, the caller tells it.
+    // Gives the focus to the control in the model only. If the stage does not show the focus there
+    // yet, the caller must also call Stage::FocusMoved.
     void Adopt(Control& control) { given = &control; }
     // Moves the focus to another control if the control that has it was hidden or disabled.
     void MoveOn();

@@ -143,7 +143,7 @@ void EndSession() {
     for (const auto& form : forms) {
         Close(*form, UnloadMode::SessionEnd);
     }
-    // Forms whose Unload was waiting for the user are still loaded. There will be no answer.
+    // A form is still loaded if its Unload was waiting for the user. There will be no answer.
     runtime.Dispatch(nullptr, [&runtime] { runtime.End(); });
 }
 

@@ -9,9 +9,12 @@
 // functions, so that both raise the same events. Handlers run inside Runtime::Dispatch.
 //
 // A gesture does nothing if its target is hidden or disabled, or if a modal form disables its
-// window. There are exceptions: Typed, Close and Resize report a change that the window shows
-// already, or a request of the system, and need only a loaded form. Choose also takes the menu of a
-// hidden form. TrayMessage reaches every loaded form.
+// window.
+//
+// Some gestures work for every loaded form: Typed and Resize report a change that the window
+// already shows, Close may be a request of the system, and TrayMessage comes from outside the
+// window. Choose needs only a menu entry that is visible and enabled, because a hidden form may
+// open a pop-up menu.
 namespace forms::gestures {
 
 bool CanUse(const Control& control);
@@ -30,9 +33,8 @@ void Focus(Control& control);
 void MouseUp(Control& control, int button, int x, int y);
 void MouseUp(Form& form, int button, int x, int y);
 void MouseMove(Form& form, int button, int x, int y);
-// Reports the callback of the tray icon. Its callback message is the mouse move, so the message
-// number arrives as a horizontal position. The callback also reaches a form that is hidden or that
-// a modal form disables.
+// Reports the callback message of the tray icon. It arrives at the form as a move of the mouse,
+// with the number of the tray's message as the horizontal position.
 void TrayMessage(Form& form, int message);
 
 void Choose(Menu& menu);  // menu bar or pop-up
@@ -40,8 +42,8 @@ void Activate(Form& form);
 void Close(Form& form, UnloadMode mode = UnloadMode::CloseBox);
 // Reports that the user moved, sized, minimised, restored or maximised the window.
 void Resize(Form& form, Rect bounds, WindowState windowState);
-// Reports that the user is logging off. Unloads every form with mode SessionEnd, in order, and ends
-// the program, even if a handler waits for something.
+// Reports that the user is logging off. Unloads every form with mode SessionEnd, in the order in
+// which they were loaded, and ends the program, even if a handler is waiting for the user.
 void EndSession();
 
 }  // namespace forms::gestures

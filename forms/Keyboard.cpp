@@ -23,7 +23,8 @@ bool HasMnemonic(const Control& control, char letter) {
            AccessKeyOf(captioned->caption) == Upper(letter);
 }
 
-// In the order of the Tab key, beginning behind the control that has the focus.
+// The controls to which Alt and the letter lead, in the order of the Tab key, beginning after the
+// control that has the focus.
 std::vector<Control*> AccessKeyTargets(const Form& form, char letter) {
     const std::vector<Control*> order = form.focus.TabOrder();
     const Control* focused = form.focus.ActiveControl();
@@ -111,7 +112,7 @@ KeyUse PressEnter(Form& form) {
     }
     if (button == focused) {
         // The button may have the focus only because it is the first Tab stop. Store it as the
-        // focused control.
+        // focused control, so that the focus stays on it if an earlier Tab stop appears.
         Focus(*button);
     }
     Click(*button);

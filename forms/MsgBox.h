@@ -21,9 +21,9 @@ struct BoxRequest {
     MsgBoxOptions options;
 };
 
-// Shows a box and waits for its answer. Until then, timers tick and other events go on. The user
-// cannot use the windows, but can use the tray icon. A Yes/No box cannot be closed without an
-// answer. Closing an OK box answers OK.
+// Shows a box and waits for the user's answer. Meanwhile timers tick and other events go on. The
+// user cannot use the windows that are open, but can use the tray icon. The user cannot close a
+// Yes/No box without an answer. Closing an OK box answers OK.
 BoxResult MsgBox(const std::string& text, MsgBoxOptions options, const std::string& caption);
 
 }  // namespace forms

@@ -27,7 +27,7 @@ enum class Aspect : std::uint8_t {
     Default,   // button pressed by Enter or Escape
 };
 
-// The owner of properties. Changed is called after each change of one of them.
+// An object that has properties. Each property calls Changed after its value has changed.
 class Observed {
   public:
     virtual void Changed(Aspect aspect) = 0;

@@ -10,13 +10,14 @@ namespace forms {
 
 namespace {
 
-// A handler may show or change many windows. The stage then shows only some of them at once and the
-// others in short rounds. Events are handled between the rounds.
+// If a handler shows or changes many windows, the stage shows only some of them at once. It shows
+// the others a few at a time, in rounds of windows (which are not rounds of ticks). Events are
+// handled between these rounds.
 
 // The largest number of new minimised windows that are shown at once.
 constexpr std::size_t minimizedAtOnce = 100;
-// The largest number of open windows that are shown at once. If there are more, only the first one
-// is shown at once.
+// The largest number of open windows (visible and not minimised) that are shown at once. If there
+// are more, only the first one is shown at once.
 constexpr std::ptrdiff_t openAtOnce = 10;
 // A round shows no further window after this time, in milliseconds.
 constexpr std::int64_t longestRound = 50;
@@ -24,11 +25,12 @@ constexpr std::int64_t longestRound = 50;
 constexpr std::int64_t pauseBetweenRounds = 10;
 // The time before the first round, in milliseconds. It is long enough to paint the first window.
 constexpr std::int64_t pauseBeforeRounds = 100;
-// In milliseconds: enough for a window manager of X11 to give a new window the focus.
+// How long LetWindowsComeUp handles events, in milliseconds. It is long enough for a window manager
+// of X11 to give a new window the focus.
 constexpr int pauseForNewWindows = 250;
 
-// The stage keeps typed text until the text box is read. So fetch it before the stage discards the
-// form.
+// Reads every text box of the form. The stage keeps typed text until it is read, and discards it
+// with the form.
 void FetchTypedTexts(const Form& form) {
     for (Control* control : form.Controls()) {
         if (const auto* box = dynamic_cast<TextBox*>(control)) {
@@ -79,7 +81,8 @@ void Runtime::Dispatch(Form* form, const std::function<void()>& handler) {
             ReportAndEnd(base::RuntimeError(base::ErrorNumber::OutOfMemory));
         }
     } catch (const ProgramEnded&) {
-        // Every pump on the stack returns. Its callers leave their handlers one after the other.
+        // The program has ended. Every pump on the stack returns, and the Wait that called it
+        // throws ProgramEnded again, so that each handler is left, the innermost first.
     }
     --depth;
     --busyCount;

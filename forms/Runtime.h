@@ -13,8 +13,8 @@
 
 namespace forms {
 
-// Runs the handlers of the program's forms, its timers and its waits. Stages and gestures use this
-// class. Windows use its base class Application.
+// Runs handlers and the ticks of timers, and lets events in while a handler waits. Stages and
+// gestures use this class. Windows use its base class Application.
 class Runtime final : public Application {
   public:
     // name is the program's name. It is the caption of the message box that reports a fatal error.
@@ -28,10 +28,11 @@ class Runtime final : public Application {
     // Runs the start-up routine, then handles events until no form is loaded or the program ends.
     void Run(const std::function<void()>& startUp);
 
-    // All calls of handlers from outside go through this function. It keeps the form (which may be
-    // null) alive, runs the handler and brings the stage up to date. If the handler does not trap
-    // an error, it reports the error and ends the program in an orderly way. Does nothing if the
-    // program has ended.
+    // Runs a handler. Every gesture and every tick goes through this function. It keeps the form
+    // (which may be null) alive until the handler returns, and brings the stage up to date after
+    // the outermost handler. If the handler throws an error, Dispatch reports the error and ends
+    // the program in an orderly way. Does nothing if the program has ended or if such an error is
+    // being reported.
     void Dispatch(Form* form, const std::function<void()>& handler);
 
     [[noreturn]] void End() override;
@@ -40,16 +41,18 @@ class Runtime final : public Application {
     Stage& stage;
     TimerQueue timers;
 
-    // Called by the stage at the time that was passed to ArmTimer.
+    // The stage calls this at the time that was passed to ArmTimer. Runs the ticks that are due and
+    // shows waiting forms.
     void RunDueTimers();
 
-    // Brings the stage up to date. If many windows are shown at once, most of them appear later, in
+    // Brings the stage up to date. If many windows are to be shown, most of them appear later, in
     // their order; see Runtime.cpp.
     void Settle();
-    // Whether Settle has left windows for later.
+    // Whether Settle has left windows to be shown later.
     bool HasWaitingWindows() const { return !waiting.empty(); }
-    // Brings the stage up to date and calls pump. During a handler, events must be let in only by
-    // this function. Throws ProgramEnded if the program has ended.
+    // Brings the stage up to date and calls pump, which lets events in until the wait is over. A
+    // handler must let events in only through this function. Throws ProgramEnded if the program has
+    // ended before or during the wait.
     void Wait(const std::function<void()>& pump);
 
   private:
@@ -60,16 +63,16 @@ class Runtime final : public Application {
     void ShowOrHide(Form& form);
     // Visible and not minimised.
     static bool IsOpen(const Form& form);
-    // Shows waiting forms for a short time, if it is time for the next round.
+    // If the next round of windows is due, shows waiting forms until the round's time is over.
     void ShowWaiting();
-    // Tells the stage when the next tick is due. Rearm tells it at the end of the outermost
-    // handler, ArmNow at once.
+    // Both functions arm the stage's timer for the next tick or the next round of windows. Rearm
+    // does nothing while a handler or a round of ticks is running: the timer is armed at its end.
     void Rearm();
     void ArmNow();
 
     const std::string programName;
     std::deque<std::weak_ptr<Form>> waiting;  // forms that Settle has not shown yet
-    std::int64_t nextRound = 0;               // monotonic milliseconds; counts if forms are waiting
+    std::int64_t nextRound = 0;               // monotonic milliseconds; used only while forms wait
     std::optional<std::int64_t> armedFor;
     int depth = 0;      // number of handlers on the stack since the last wait
     int busyCount = 0;  // number of handlers and rounds of ticks on the stack since the last wait

@@ -4,7 +4,7 @@
 
 namespace forms {
 
-// Every device is set before the runtime starts, which the analyzer cannot see.
+// The analyzer cannot see that every device is set before the runtime starts.
 // NOLINTBEGIN(clang-analyzer-core.CallAndMessage)
 base::DateTime Now() {
     if (Runtime::Exists()) {

@@ -27,9 +27,9 @@ class Stage {
     // Called when the form is unloaded, even if it was never shown. The stage discards everything
     // that it created for the form.
     virtual void FormUnloaded(Form& form) = 0;
-    // Makes the screen match the form's visibility and window state. Called after one of them has
-    // changed: when the handler returns or waits, or later, between other events, if the handler
-    // has shown many forms. Several changes may cause one call.
+    // Makes the screen match the form's visibility and window state. The runtime calls this after
+    // one of them has changed: when the handler returns or waits, or later, between other events,
+    // if the handler has shown many forms. Several changes may cause one call.
     virtual void ShowOrHide(Form& form) = 0;
     // Called when a property of a loaded form has changed.
     virtual void FormChanged(Form& form, Aspect aspect) = 0;
@@ -40,10 +40,10 @@ class Stage {
     virtual void UsableChanged(Form& form) = 0;
     virtual void FocusMoved(Control& control) = 0;
     virtual void BringToForeground(Form& form) = 0;
-    // The text that the user has typed into a box since the last call.
+    // The whole content of a text box in which the user has typed.
     virtual std::string FetchText(TextBox& textBox) = 0;
 
-    // These functions wait and let events in. Each returns at once when the runtime ends.
+    // These functions wait and let events in. They return early if the runtime ends.
     virtual BoxResult ShowMessageBox(const BoxRequest& request) = 0;
     virtual void RunModal(Form& form) = 0;                    // returns when !form.IsVisible()
     virtual Menu* ShowPopupMenu(Form& form, Menu& menu) = 0;  // the chosen entry, or null
@@ -55,7 +55,7 @@ class Stage {
     // Called when the runtime ends. Every pump must return soon.
     virtual void Quit() = 0;
     // The stage must call Runtime::RunDueTimers at this time (in monotonic milliseconds; empty:
-    // never), and at once if the time has passed. Other events must not delay the call for long,
+    // never), or at once if the time has passed. Other events must not delay the call for long,
     // however many there are.
     virtual void ArmTimer(std::optional<std::int64_t> due) = 0;
 

@@ -16,17 +16,17 @@ class Form;
 // changed.
 //
 // ClockSecond is for timers that only poll. All of them share one phase in the middle of the wall
-// clock's second. So a timer of 1000 ms sees every second of the day once, and many timers wake the
-// machine together.
+// clock's second. So a timer of 1000 ms ticks once in every second of the day, and many timers wake
+// the machine together.
 enum class TimerPhase { FromStart, ClockSecond };
 
 // Polling timers that tick in the same round share one time: in their handlers, forms::Now()
 // returns the start of the round, until the handler lets events in. In each second, polling timers
 // tick in the order in which they were first switched on, even if one of them was delayed before.
 //
-// Ticks keep their phase: the next tick is due one interval after the last tick was due, and is
-// computed before the handler runs. Missed ticks are dropped. A timer does not tick while its
-// handler is still running (it may be showing a box). Other timers go on.
+// Ticks keep their phase: the next tick is due one interval after the last tick was due, however
+// long the handler takes. Missed ticks are dropped. A timer does not tick while its handler is
+// still running (the handler may be showing a box). Other timers go on.
 class Timer final : public Observed {
   public:
     Timer(Form* parentForm, const char* timerName, TimerPhase timerPhase = TimerPhase::FromStart);
@@ -35,7 +35,7 @@ class Timer final : public Observed {
     const char* const name;
     Form& form;
     const TimerPhase phase;
-    // In milliseconds. If the interval is 0, the timer does not tick, even if it is enabled.
+    // In milliseconds. If it is 0, the timer does not tick, even if it is enabled.
     Property<int, Aspect::Interval> interval{*this, 0};
     Property<bool, Aspect::Enabled> enabled{*this, false};
     std::function<void()> Tick;

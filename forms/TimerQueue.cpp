@@ -14,7 +14,8 @@ namespace {
 
 constexpr std::int64_t second = 1000;
 constexpr std::int64_t middle = 500;
-// The grid is moved only if the wall clock has drifted from the monotonic clock by more than this.
+// In milliseconds. The grid is moved only if the wall clock has drifted from the monotonic clock by
+// more than this.
 constexpr std::int64_t tolerance = 50;
 
 std::int64_t MonotonicNow() { return Machine().clock->MonotonicMilliseconds(); }
@@ -137,7 +138,7 @@ std::int64_t TimerQueue::NextAfter(const Timer& timer, std::int64_t lastDue, std
     if (!SeesEverySecond(timer)) {
         return next;
     }
-    // The handler is about to see the current second, and must not see it twice.
+    // The handler is about to run for the current second, and must not run for it again.
     const std::int64_t nextSecond = now - sinceSecond + second;
     return GridPointAfter(std::max(next - middle, nextSecond) - 1, second);
 }
@@ -157,7 +158,7 @@ void TimerQueue::MarkDue(std::int64_t limit) {
         if (timer->due > limit) {
             return;
         }
-        // Skip a timer whose handler is running. A timer that is marked already keeps its second.
+        // A running timer does not tick now. A tick that became due earlier keeps its second.
         if (timer->phase == TimerPhase::ClockSecond && !timer->running && !timer->dueSecond) {
             timer->dueSecond = shown;
         }
@@ -229,13 +230,13 @@ void TimerQueue::MoveGrid(std::int64_t now) {
     gridAnchor = now - OffMiddle(now, now);
     const std::vector<Timer*> all(queue.begin(), queue.end());
     for (Timer* timer : all) {
-        // Do not move a tick that is due: its second would pass unseen. The timer's next tick is
+        // Do not move a tick that is due: the timer would miss its second. The timer's next tick is
         // computed in the new phase.
         const bool isDue = timer->dueSecond || (SeesEverySecond(*timer) && timer->due <= now);
         if (timer->phase == TimerPhase::ClockSecond && !isDue) {
             Remove(*timer);
-            // The clock may have been set to a time after the middle of a second. Then the tick for
-            // that second is due now.
+            // If the clock was set to a time after the middle of a second, the tick for that second
+            // is due now.
             const bool isLate = SeesEverySecond(*timer) && timer->seenSecond &&
                                 !HasSeen(*timer, SecondNow()) && OffMiddle(now, now) >= 0;
             Enqueue(*timer, isLate ? now : FirstDue(*timer, now));
