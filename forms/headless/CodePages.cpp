@@ -12,7 +12,7 @@ namespace forms::headless {
 
 namespace {
 
-// The characters of code page 1252 from 0x80 to 0x9f. The five unassigned bytes give the control
+// The characters of code page 1252 from 0x80 to 0x9f. The five unassigned bytes become the control
 // characters with the same numbers.
 constexpr std::array<char32_t, 32> windows1252{
     0x20ac, 0x0081, 0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
@@ -63,7 +63,8 @@ const DoubleByteCodePage& DoubleByte(int codePage) {
     }
 }
 
-// Half-width katakana of code page 932.
+// In code page 932, the bytes from firstKatakana to lastKatakana are the half-width katakana, which
+// begin at katakana in Unicode.
 constexpr std::uint8_t firstKatakana = 0xa1;
 constexpr std::uint8_t lastKatakana = 0xdf;
 constexpr char32_t katakana = 0xff61;

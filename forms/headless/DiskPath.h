@@ -4,7 +4,7 @@
 
 namespace forms::headless {
 
-// The target of a path, by the rules of Windows for names and lengths.
+// The file or folder that a path means, by the rules of Windows for names and lengths.
 struct DiskPath {
     // RuntimeError 52 if the path has no drive or a name that Windows refuses, 76 if it is too
     // long.

@@ -13,14 +13,15 @@
 
 namespace forms::headless {
 
-// The files and folders of a disk in memory, with their rights and the space for their bytes. Names
-// keep their upper and lower case, but are found in any case.
+// The files and folders of a disk in memory, with their access rights and the free space. Names
+// keep their upper and lower case, but are found in any case. The numbers in these comments are
+// those of RuntimeErrors.
 class DiskTree {
   public:
     DiskTree() { PutFolder("C:"); }
 
-    // Functions for the test, not for the program. They take no steps, cause no faults and are not
-    // logged.
+    // Functions for the test, not for the program. They do not count as steps of DiskFaults, cause
+    // no faults and are not logged.
     void PutFolder(const std::string& path);  // creates every missing folder above it too
     void PutFile(const std::string& path, const std::string& bytes);
     void Remove(const std::string& path) { Erase(DiskPath(path).key); }
@@ -29,10 +30,10 @@ class DiskTree {
     std::vector<std::string> Names(const std::string& folder) const;
 
     // A read-only file cannot be changed, replaced or deleted (75). In a read-only folder, no file
-    // can be made, renamed or deleted (75).
+    // can be created, renamed or deleted (75).
     void SetReadOnly(const std::string& path, bool readOnly);
-    // Access fails with 70, as if another program held the file or the user had no right to it. The
-    // files of a denied folder cannot be listed, read or changed.
+    // Access to the file fails with 70, as if another program held the file or the user had no
+    // right to it. If a folder is denied, its files cannot be listed, read or changed.
     void SetDenied(const std::string& path, bool denied);
     // Empty: no limit. A write that does not fit fails with 61, and writes as many bytes as fit.
     void SetFreeSpace(std::optional<std::uint64_t> bytes) { freeSpace = bytes; }
@@ -65,8 +66,8 @@ class DiskTree {
     void Store(const DiskPath& place, std::string_view bytes);
     // The second half of the file becomes zeros.
     void Tear(const std::string& key);
-    // Replaces the target. Allocates nothing after the first change, so that memory that runs out
-    // loses no file.
+    // Moves the file and replaces the target. Allocates nothing after the first change, so that no
+    // file is lost if memory runs out.
     void Move(const std::string& from, DiskPath to);
 
   private:
@@ -74,7 +75,7 @@ class DiskTree {
     Node& Touch(const DiskPath& place);
     void Erase(const std::string& key);
 
-    std::map<std::string, Node> nodes;  // by upper-case path
+    std::map<std::string, Node> nodes;  // by DiskPath::key
     std::int64_t clock = 0;
     std::optional<std::uint64_t> freeSpace;
 };

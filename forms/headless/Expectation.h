@@ -9,7 +9,7 @@
 #include "forms/MsgBox.h"
 #include "forms/Stage.h"
 
-// Events that a test expects: the program opens something and waits for the user.
+// A test expects that the program opens one of these and waits for the user.
 namespace forms::headless {
 
 using Script = std::function<void()>;
@@ -45,7 +45,7 @@ struct ExpectedMainLoop {
 using Expectation =
     std::variant<ExpectedBox, ExpectedModal, ExpectedPopup, ExpectedDialog, ExpectedMainLoop>;
 
-// Texts for failures, for example "box "Really?" ("Erase") with buttons Yes/No and icon Question".
+// Texts for failures, for example: box "Really?" with caption "Erase", Yes/No, icon Question.
 std::string Describe(const BoxRequest& request);
 std::string Describe(const Expectation& expectation);
 
@@ -54,10 +54,11 @@ bool IsAnswerOf(const BoxRequest& request, BoxResult answer);
 // The answer of the button that Enter presses.
 BoxResult DefaultAnswerOf(const BoxRequest& request);
 
-// The entry of the menu with this name, or else with this caption. Null if there is none.
+// The entry with this name, or else with this caption, in the menu or its sub-menus. Null if there
+// is none.
 Menu* FindEntry(Menu& menu, const std::string& nameOrCaption);
-// The reason why the user cannot choose the entry. Empty if the user can choose it. top is the open
-// menu, or null for the menu bar. Whether top itself is visible does not matter.
+// The reason why the user cannot choose the entry, or an empty text. top is the open menu, or null
+// for the menu bar. Whether top itself is visible does not matter.
 std::string ReasonNotChoosable(const Menu& entry, const Menu* top);
 
 }  // namespace forms::headless

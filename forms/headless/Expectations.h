@@ -22,8 +22,9 @@ class Expectations {
     std::function<void(const std::string&)> onFailure;
     void Fail(const std::string& message) const;
 
-    // Expects a message box with exactly these properties. The script runs while the box is open.
-    // It can let time pass and use the tray icon, but not the windows.
+    // Expects a message box with exactly these properties. If defaultButton is empty, any default
+    // button will do. The script during runs while the box is open. It can let time pass and use
+    // the tray icon, but not the windows.
     void ExpectBox(const std::string& text, const std::string& caption, BoxIcon icon,
                    BoxButtons buttons, BoxResult answer,
                    std::optional<BoxResult> defaultButton = std::nullopt, Script during = nullptr);
@@ -44,11 +45,11 @@ class Expectations {
     void ExpectPopupDismissed(const std::string& menuName) { ExpectPopup(menuName, ""); }
     // Expects the dialog for opening a file. Without a result, the user cancels.
     void ExpectOpenDialog(std::optional<std::string> result, Script during = nullptr);
-    // Expects that Runtime::Run has finished its start-up routine and waits. The script is the
-    // user's whole session. It must end the program or unload every form.
+    // Expects that Runtime::Run has finished its start-up routine and handles events. The script is
+    // the user's whole session. It must end the program or unload every form.
     void ExpectMainLoop(Script script);
 
-    // Fails for each expectation that was not met, and removes it.
+    // Calls Fail for each expectation that was not met, and removes it.
     void Verify();
     bool HasExpectations() const { return !expected.empty(); }
 

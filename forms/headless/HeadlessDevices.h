@@ -12,7 +12,7 @@
 #include "forms/Devices.h"
 #include "forms/headless/VirtualClock.h"
 
-// Devices for tests. They record their calls, and fail if a test requests it.
+// Devices for tests. They record their calls, and fail if a test asks them to.
 namespace forms::headless {
 
 class RecordedSound : public Sound {
@@ -83,8 +83,8 @@ class RecordedPrinter : public Printer {
     void EndDocument() override;
     void AbandonDocument() override;
 
-    // Makes a call fail with 482. call is the number of the call over all operations, counted from
-    // 1 from now on. All later calls except AbandonDocument fail too, until Repair is called.
+    // Counts the calls of all functions except AbandonDocument, from 1 from now on. The call with
+    // this number and all later ones fail with RuntimeError 482, until Repair is called.
     void FailAt(int call);
     void Repair() { FailAt(0); }
 
@@ -161,7 +161,7 @@ class RecordedSystem : public System {
     }
 
     std::string folder = "C:\\Jotwright";
-    // Does not exist on the disk in memory until the test makes it.
+    // The folder does not exist on the disk in memory until the test makes it.
     std::string startupFolder =
         "C:\\Users\\User\\AppData\\Roaming\\Microsoft\\Windows\\Start Menu\\Programs\\Startup";
     bool previousInstance = false;

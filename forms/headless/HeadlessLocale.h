@@ -8,11 +8,11 @@
 
 namespace forms::headless {
 
-// English names and formats and code page 1252 unless a test sets something else.
+// Uses English names and formats and code page 1252, unless a test sets something else.
 class HeadlessLocale : public Locale {
   public:
-    // Formats like those in the system's settings: d dd M MM yy yyyy, h hh H HH m mm s ss t tt.
-    // Other characters and 'quoted text' are kept.
+    // Formats as in the system's settings: d dd M MM yy yyyy, h hh H HH m mm s ss t tt. Other
+    // characters and 'quoted text' are kept.
     std::string shortDateFormat = "M/d/yyyy";
     std::string timeFormat = "h:mm:ss tt";
     std::string morning = "AM";
@@ -38,7 +38,7 @@ class HeadlessLocale : public Locale {
     std::string FormatLike(const std::string& format, base::DateTime value) const;
 };
 
-// Each character becomes its simple upper-case form, as in comparisons of file names.
+// Replaces each character with its simple upper-case form, as comparisons of file names do.
 std::string UpperCase(std::string_view utf8);
 
 }  // namespace forms::headless

@@ -22,7 +22,7 @@ void ForceClosed(Form& form) {
 
 }  // namespace
 
-// Counts a wait as open from its construction to its destruction.
+// A wait that is open as long as this object lives.
 class HeadlessPumps::Waiting {
   public:
     Waiting(HeadlessPumps& headlessPumps, Wait wait) : pumps(headlessPumps) {

@@ -13,19 +13,21 @@
 
 namespace forms::headless {
 
-// The part of the headless stage that waits for the user. A script gives the user's answers. If a
-// box, modal form, pop-up menu or dialog opens that the script does not expect, the test fails and
-// it is closed.
+// The part of the headless stage that waits for the user. A script gives the user's answers. If the
+// program opens a box, modal form, pop-up menu or dialog that the script does not expect, the test
+// fails and the stage closes the window or menu.
 class HeadlessPumps : public Stage, public Expectations {
   public:
     explicit HeadlessPumps(VirtualClock& stageClock) : clock(stageClock) {}
 
     VirtualClock& clock;
 
-    // Called in each pause of the program in which the user can act. Only a script lets time pass.
+    // Acts as the user while the program handles events for a short time (RunFor). No time passes
+    // there unless this function moves the clock.
     std::function<void()> duringPause;
 
-    // Answers for boxes that the script does not list. For tests with unpredictable boxes.
+    // Answers for tests in which nobody can predict the boxes. They are used while no expectation
+    // is left.
     struct Improvisation {
         std::function<BoxResult(const BoxRequest&)> box;
         std::function<void(Form&)> modal;
@@ -33,11 +35,12 @@ class HeadlessPumps : public Stage, public Expectations {
         std::function<std::optional<std::string>(const FileDialogRequest&)> openDialog;
     } improvise;
 
-    // A pop-up menu that was shown. The functions below return everything that was shown so far.
+    // A pop-up menu that was shown.
     struct Popup {
         std::string name;
         std::vector<std::string> captions;  // visible entries of the first level, in order
     };
+    // These functions return everything that was shown so far.
     const std::vector<BoxRequest>& Boxes() const { return boxes; }
     const std::vector<Popup>& Popups() const { return popups; }
     const std::vector<FileDialogRequest>& OpenDialogs() const { return dialogs; }
@@ -47,7 +50,8 @@ class HeadlessPumps : public Stage, public Expectations {
     // The reason why the user cannot use the windows now, for example "a message box is open".
     // Empty if the user can use them.
     std::string ReasonForBlocking() const;
-    // The number of boxes, modal forms, menus and dialogs that are open inside each other.
+    // The number of boxes, modal forms, menus, dialogs and main loops that are open inside each
+    // other.
     std::size_t OpenWaits() const { return waits.size(); }
 
     BoxResult ShowMessageBox(const BoxRequest& request) override;

@@ -10,7 +10,7 @@ namespace forms::headless {
 
 namespace {
 
-// A screen of 1024 by 768 pixels.
+// In twips: a screen of 1024 by 768 pixels, and the parts of a window.
 constexpr Size screen{15'360, 11'520};
 constexpr int borderWidth = 45;
 constexpr int captionHeight = 285;
@@ -77,7 +77,7 @@ void HeadlessStage::ControlChanged(Control& control, Aspect aspect) {
 void HeadlessStage::MenuChanged(Menu& /*menu*/, Aspect /*aspect*/) { ++changesShown; }
 
 void HeadlessStage::UsableChanged(Form& form) {
-    // If a form is hidden while a modal form is open, it can be used when it is shown again.
+    // A hidden form is not usable, but its window must be usable when the form is shown again.
     WindowOf(form).usable = form.IsUsable() || !form.IsVisible();
 }
 

@@ -23,12 +23,12 @@ struct HeadlessWindow : Form::StageData {
 class HeadlessStage : public HeadlessPumps {
   public:
     explicit HeadlessStage(VirtualClock& stageClock);
-    // Verifies the script.
+    // Calls Verify, which fails the test if an expectation was not met.
     ~HeadlessStage() override;
 
     Form* Foreground() const { return foreground.lock().get(); }
     MousePointer Pointer() const { return pointer; }
-    // The number of property changes that a real stage would have drawn.
+    // The number of property changes that a real stage would have had to draw.
     std::int64_t ChangesShown() const { return changesShown; }
     bool HasQuit() const { return quit; }
 
@@ -51,7 +51,7 @@ class HeadlessStage : public HeadlessPumps {
     Size FrameSize(const Form& form) override;
     void SetMousePointer(MousePointer newPointer) override { pointer = newPointer; }
 
-    // The text that the user has typed and the program has not yet read (see User::Type).
+    // Keeps the text that the user has typed until the program reads it (see User::Type).
     void KeepTyped(TextBox& textBox, const std::string& content);
 
   private:

@@ -177,7 +177,8 @@ void MemoryFiles::WriteSteps(const DiskPath& place, const std::string& bytes,
     }
 }
 
-// whole does the complete step. part does the half that remains if the step is interrupted.
+// whole does the complete step. part does the portion that is done if the step fails or is killed
+// in the middle.
 template <class Whole, class Part>
 void MemoryFiles::Step(Whole whole, Part part) {
     if (IsDead()) {

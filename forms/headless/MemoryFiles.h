@@ -13,12 +13,12 @@
 namespace forms::headless {
 
 // A disk in memory that behaves like a disk of Windows. Listings are alphabetical. Trailing dots
-// and blanks of a name are dropped, and names that Windows refuses are refused. A copy of the
-// object is a snapshot.
+// and blanks of a file's name are dropped, and names that Windows refuses are refused. A copy of
+// the object is a snapshot of the files, but shares the locks.
 //
-// Read, MakeFolder, Replace, Delete and Recycle have one step each, for DiskFaults. A flushed Write
-// has three steps (create or truncate, write, flush), and a cached Write has two. Copy has four
-// steps: read, and the three steps of Write.
+// DiskFaults counts these steps: Read, MakeFolder, Replace, Delete and Recycle have one step each.
+// A flushed Write has three steps (create or truncate, write, flush), and a cached Write has two.
+// Copy has four steps: read, and the three steps of Write.
 class MemoryFiles : public FileSystem, public DiskTree, public DiskFaults {
   public:
     bool FolderExists(const std::string& path) override;
@@ -34,30 +34,32 @@ class MemoryFiles : public FileSystem, public DiskTree, public DiskFaults {
     void Delete(const std::string& path) override;
     bool Recycle(const std::string& path) override;
     void Copy(const std::string& from, const std::string& to) override;
-    // Listings do not contain a locked file.
+    // Locks only the name. Does not create the file, so that listings do not contain it.
     std::unique_ptr<FileLock> Lock(const std::string& path) override;
 
-    // Functions for the test, as those of DiskTree.
+    // Functions for the test, like those of DiskTree.
 
     // The number of times that the program has listed a folder.
     int Listings() const { return listings; }
-    // The number of times that the program has asked whether a file or a folder exists, or what its
-    // name is.
+    // The number of times that the program has asked whether a file or a folder exists, or how its
+    // name is spelled on the disk. Each listing counts too.
     int Looks() const { return looks; }
     // The number of times that the program has waited for the medium.
     int Flushes() const { return flushes; }
-    // Locking fails as if another running program held the lock.
+    // While the file is locked, Lock returns null, as if another running program held the lock.
     void SetLocked(const std::string& path, bool locked);
     void SetRecycleBin(bool present) { hasRecycleBin = present; }
-    // As on FAT: a Replace over a file has two steps, the removal of that file and the renaming.
+    // If true, a Replace of an existing file has two steps, as on FAT: the removal of that file,
+    // and the renaming.
     void SetReplacesInTwoSteps(bool inTwoSteps) { replacesInTwoSteps = inTwoSteps; }
 
     // Paths of the files in the Recycle Bin, in the order of their deletion.
     const std::vector<std::string>& RecycleBin() const { return recycled; }
     // The bytes of these files, in the same order.
     const std::vector<std::string>& RecycledBytes() const { return recycledBytes; }
-    // Every call that changes the disk or reads a file, even if it fails: "write C:\\a.txt",
-    // "replace C:\\a.tmp C:\\a.txt", "read", "delete", "recycle", "copy", "folder".
+    // Every call that changes the disk or reads a file, even if the call fails, with its paths:
+    // "write C:\\a.txt", "replace C:\\a.tmp C:\\a.txt"; also "read", "delete", "recycle", "copy",
+    // "folder".
     const std::vector<std::string>& Log() const { return log; }
     void ClearLog() { log.clear(); }
 

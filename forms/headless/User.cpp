@@ -236,7 +236,7 @@ void User::PressEscape() {
     }
 }
 
-// KeyUse::ByControl needs no action here: the control's own menu has no entries of the program.
+// KeyUse::ByControl needs no action here: the entries of a control's own menu call no handlers.
 void User::PressMenuKey() {
     if (Form* form = FormWithKeyboard(Attempt(stage, "press the menu key"))) {
         gestures::PressMenuKey(*form);
@@ -267,7 +267,7 @@ void User::PressAccessKey(Form& form, char letter) {
     }
 }
 
-// Does not keep the form alive, so that a test fails if the runtime does not keep it alive.
+// Does not keep the form alive: the runtime must do that, and a test fails if it does not.
 bool User::BringUp(Form& form) {
     const std::weak_ptr<Form> alive = form.weak_from_this();
     gestures::Activate(form);

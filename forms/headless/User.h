@@ -14,12 +14,12 @@ class Attempt;
 
 // A scripted user of the headless stage, who can do only what a real user can. If the target of an
 // action is hidden, disabled, minimised, behind a box or a menu, or in a window that a modal form
-// disables, the action is not done and the test fails.
+// disables, the test fails and the action is not done.
 class User {
   public:
     User(HeadlessStage& userStage, RecordedTray& userTray) : stage(userStage), tray(userTray) {}
 
-    // A click presses a button, label or image, and gives a text box or a list the focus.
+    // Presses a button, label or image. Gives a button, a text box or a list the focus.
     void Click(Control& control);
     void DoubleClick(Control& control);
     void Click(Toolbar& toolbar, const std::string& key);
@@ -38,8 +38,8 @@ class User {
     // Chooses the entry from the menu bar.
     void Choose(Menu& entry);
 
-    // Sends a message of the tray icon, by the number of the mouse message in Windows. Works while
-    // a box or a modal form is open too.
+    // Sends a message of the tray icon. message is the number of a mouse message of Windows. Works
+    // while a box or a modal form is open too.
     void Tray(int message);
 
     void CloseBox(Form& form);
@@ -48,7 +48,8 @@ class User {
     void Maximize(Form& form);
     // Width and height are in twips.
     void Size(Form& form, int width, int height);
-    // Holds the title bar while the script runs, then releases it at the new place.
+    // Holds the title bar while the script runs, then releases it with the window at the new place,
+    // in twips.
     void Drag(Form& form, int left, int top, const Script& during = nullptr);
 
     // These functions press a key in the active form.
@@ -61,10 +62,12 @@ class User {
     void PressAccessKey(Form& form, char letter);
 
   private:
-    // Returns false if the form's own handler has unloaded it.
+    // Makes the form active. Returns false if a handler has destroyed the form meanwhile.
     bool BringUp(Form& form);
+    // Makes the control's form active, and gives the control the focus if it can have it. Returns
+    // false if a handler has destroyed the form meanwhile.
     bool TakeFocus(Control& control);
-    // Null, and the test fails, if a user could not press a key.
+    // The active form. If a user could not press a key in it, returns null, and the test fails.
     static Form* FormWithKeyboard(const Attempt& attempt);
 
     HeadlessStage& stage;

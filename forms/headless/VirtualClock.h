@@ -8,8 +8,8 @@
 
 namespace forms::headless {
 
-// A clock that stands still unless a test moves it. The stage sets its only alarm to the time of
-// the next tick.
+// A clock that stands still unless a test moves it. It has one alarm, which the stage sets to the
+// time of the next tick.
 class VirtualClock : public Clock {
   public:
     // Starts at Friday, 14 May 2004, 9:00:00.
@@ -25,22 +25,22 @@ class VirtualClock : public Clock {
     // Sets the wall clock forward or back and notifies the program, as the system does.
     void Jump(std::int64_t seconds, std::int64_t milliseconds = 0);
 
-    // Lets time pass on both clocks. An alarm that becomes due goes off at its own time (with
-    // jitter, up to that much later). If a handler advances the clock beyond the end of this
-    // period, the clock stays at the later time.
+    // Lets time pass on both clocks. An alarm that becomes due on the way goes off at its own time.
+    // If a handler moves the clock beyond the end of this period, the clock stays at the later
+    // time.
     void Advance(std::int64_t milliseconds);
-    // Lets time pass without an alarm, as if a handler were busy. An alarm that becomes due goes
-    // off when the clock is next advanced.
+    // Lets time pass without an alarm, as if a handler were busy. An alarm that becomes due on the
+    // way goes off at the next call of Advance.
     void Pass(std::int64_t milliseconds);
-    // Lets the machine sleep: time passes without an alarm, then the program is notified, as by the
-    // system.
+    // Lets the machine sleep: time passes without an alarm. Then the program is notified, as by the
+    // system, and an alarm that has become due goes off.
     void Suspend(std::int64_t seconds);
 
-    // Makes each alarm up to maximum milliseconds late, by a fixed pseudo-random sequence.
+    // Makes each alarm late by 0 to maximum milliseconds, by a fixed pseudo-random sequence.
     void SetJitter(int maximum, std::uint32_t seed = 1);
 
-    // The wall clock gains (or loses) this many milliseconds in each thousand seconds of the
-    // monotonic clock.
+    // Makes the wall clock gain (or lose, if negative) this many milliseconds in each thousand
+    // seconds of the monotonic clock.
     void SetDrift(int partsPerMillion) { drift = partsPerMillion; }
 
     // Sets the alarm, which goes off once. Empty: switches it off.
@@ -49,7 +49,8 @@ class VirtualClock : public Clock {
     std::function<void()> onAlarm;
     // Called when the wall clock was set or the machine has slept.
     std::function<void()> onWallClockSet;
-    // Called if the alarm is set again and again to a time that has passed.
+    // Called if Advance would not end, because each alarm sets the next one to a time that has
+    // passed.
     std::function<void()> onStuck;
 
   private:
