@@ -15,9 +15,9 @@ namespace forms {
 // handler that catches it to clean up must rethrow it.
 struct ProgramEnded {};
 
-// The running program as its windows see it: the loaded forms, the default instance of each class,
-// the active form, and the end of the program. Runtime implements it. Only one object exists at a
-// time.
+// The parts of the running program that its windows use: the loaded forms, the default instance of
+// each class, the active form, and the end of the program. Runtime implements it. At most one
+// Application exists at a time.
 class Application {
   public:
     Application(const Application&) = delete;
@@ -47,8 +47,8 @@ class Application {
     // Makes the rest of the running handler count as a new action of the user.
     void BeginUsersAction() { action = {++actions, true}; }
 
-    // Called when an error that no handler trapped ends the program, before the forms are unloaded.
-    // Exceptions from it are ignored.
+    // Called when an error that no handler trapped is about to end the program, while the forms are
+    // still loaded. RuntimeErrors that this function throws are ignored.
     std::function<void()> onFatalError;
 
     // Called when the user presses F1 in a form that has no control and no menu entry for this key.
@@ -93,7 +93,7 @@ class Application {
     // that are usable and not minimised. Call this when leaving was hidden, minimised or unloaded.
     void ActivateNext(const Form& leaving);
 
-    std::vector<std::weak_ptr<Form>> activationOrder;  // the last form is the most recent
+    std::vector<std::weak_ptr<Form>> activationOrder;  // the most recently active form last
     std::weak_ptr<Form> activeForm;
     bool sessionEnding = false;
 };

@@ -8,7 +8,7 @@ namespace forms {
 struct ApplicationInfo {
     std::string name;         // caption of the report of a fatal error; name of printed documents
     std::string registryKey;  // key of the settings, below HKEY_CURRENT_USER
-    std::string mutexName;    // a copy finds another copy in the user's session by this mutex
+    std::string mutexName;    // mutex by which a copy detects another copy in the user's session
     std::string savingText;   // shown by the system while it waits for the program to end
 };
 

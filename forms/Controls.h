@@ -244,7 +244,7 @@ class ListView : public Control {
     void Clear();
     // -1 if no row is selected.
     int SelectedRow() const { return selectedRow; }
-    void Select(int position);    // no event
+    void Select(int position);    // raises no event
     void Selected(int position);  // called by Gestures only
     // The stage does not show changes of rows between these two calls. EndUpdate shows them all.
     void BeginUpdate() { ++updating; }

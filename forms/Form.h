@@ -42,7 +42,7 @@ class Form : public FormEvents, public Observed, public std::enable_shared_from_
     const char* const name;  // the name of the class, for example "frmMain"
 
     Property<std::string, Aspect::Caption> caption{*this};
-    // The place of the window in twips. If both are 0, the stage chooses the place.
+    // The place of the window in twips. If left and top are both 0, the stage chooses the place.
     Property<int, Aspect::Bounds> left{*this, 0};
     Property<int, Aspect::Bounds> top{*this, 0};
     Property<int, Aspect::Bounds> width{*this, 4800};   // twips, including title bar and border
@@ -54,7 +54,7 @@ class Form : public FormEvents, public Observed, public std::enable_shared_from_
     // Set in Design only.
     BorderStyle borderStyle = BorderStyle::Fixed;
     bool showInTaskbar = true;
-    bool isPage = false;          // empty backColor: the system's colour of pages, not of dialogs
+    bool isPage = false;          // if backColor is empty, uses the colour of pages, not of dialogs
     bool centerOnScreen = false;  // false: placed in a cascade with the open windows
     // The size of the inside in twips. If both are above 0, loading the form sets width and height
     // to this size plus the system's title bar, menu bar and border.

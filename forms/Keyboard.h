@@ -4,8 +4,8 @@
 
 #include "forms/Form.h"
 
-// Handles the keys that belong to the form instead of the control that has the focus. The stages
-// only translate native keys into calls of these functions.
+// These functions handle the keys that belong to the form instead of the control that has the
+// focus. The stages only translate native keys into calls of these functions.
 namespace forms::gestures {
 
 enum class KeyUse {

@@ -29,8 +29,8 @@ constexpr std::int64_t pauseBeforeRounds = 100;
 // of X11 to give a new window the focus.
 constexpr int pauseForNewWindows = 250;
 
-// Reads every text box of the form. The stage keeps typed text until it is read, and discards it
-// with the form.
+// Reads every text box of the form, because Stage::FormUnloaded discards typed text that was not
+// read.
 void FetchTypedTexts(const Form& form) {
     for (Control* control : form.Controls()) {
         if (const auto* box = dynamic_cast<TextBox*>(control)) {

@@ -17,7 +17,7 @@ struct Size {
 enum class MousePointer { Default, Hourglass };
 
 // Shows the models to the user. The runtime and the models call the stage. The stage changes a
-// model only through Gestures.h and Keyboard.h. It may create native windows as late as possible: a
+// model only through Gestures.h and Keyboard.h. It may put off the creation of a native window: a
 // form that was never shown needs none.
 class Stage {
   public:

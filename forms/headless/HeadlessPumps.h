@@ -26,8 +26,8 @@ class HeadlessPumps : public Stage, public Expectations {
     // there unless this function moves the clock.
     std::function<void()> duringPause;
 
-    // Answers for tests in which nobody can predict the boxes. They are used while no expectation
-    // is left.
+    // Answers to boxes, modal forms, menus and dialogs that a test cannot predict. They are used
+    // while no expectation is left.
     struct Improvisation {
         std::function<BoxResult(const BoxRequest&)> box;
         std::function<void(Form&)> modal;

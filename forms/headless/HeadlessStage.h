@@ -51,7 +51,7 @@ class HeadlessStage : public HeadlessPumps {
     Size FrameSize(const Form& form) override;
     void SetMousePointer(MousePointer newPointer) override { pointer = newPointer; }
 
-    // Keeps the text that the user has typed until the program reads it (see User::Type).
+    // Keeps the text that the user has typed, for FetchText (see User::Type).
     void KeepTyped(TextBox& textBox, const std::string& content);
 
   private:

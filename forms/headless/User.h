@@ -48,8 +48,7 @@ class User {
     void Maximize(Form& form);
     // Width and height are in twips.
     void Size(Form& form, int width, int height);
-    // Holds the title bar while the script runs, then releases it with the window at the new place,
-    // in twips.
+    // Holds the title bar while the script runs, then moves the window to left and top (twips).
     void Drag(Form& form, int left, int top, const Script& during = nullptr);
 
     // These functions press a key in the active form.

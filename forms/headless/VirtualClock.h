@@ -49,7 +49,7 @@ class VirtualClock : public Clock {
     std::function<void()> onAlarm;
     // Called when the wall clock was set or the machine has slept.
     std::function<void()> onWallClockSet;
-    // Called if Advance would not end, because each alarm sets the next one to a time that has
+    // Called if Advance would not end because the alarm is set again and again to a time that has
     // passed.
     std::function<void()> onStuck;
 
