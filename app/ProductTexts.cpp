@@ -2,8 +2,7 @@
 
 namespace StandardCode {
 
-// CMakeLists.txt has these values. The resources, the installer and the manifests take them from
-// there as well.
+// CMakeLists.txt defines these values also for the resources, the installer and the manifests.
 const char* const version = JOTWRIGHT_VERSION;
 const char* const webSite = JOTWRIGHT_WEB_SITE;
 const char* const supportContact = JOTWRIGHT_SUPPORT;
