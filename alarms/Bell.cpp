@@ -9,7 +9,7 @@ namespace {
 
 using StandardCode::Shared;
 
-// Keeps a sound in the list while its box is open. The destructor removes it, also if the program
+// Keeps a sound in the list while its box is open. The destructor removes it, even if the program
 // ends while the box is open.
 class Ring {
   public:

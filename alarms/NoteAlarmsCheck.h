@@ -12,7 +12,7 @@ namespace NoteAlarmsCheck {
 
 struct Opened {
     std::shared_ptr<frmDisplayNote> last;  // null: no display was opened
-    bool wantsSound = false;  // a note has its audio alarm on, and no alarm sounded then
+    bool wantsSound = false;  // a due note has its audio alarm on, and no alarm was sounding
 };
 
 // Opens a display for each note that is due in this second, unless a display of the same alarm is

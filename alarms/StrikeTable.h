@@ -24,7 +24,7 @@ inline constexpr std::array<Entry, 24> entries{{
     {"8:00:15 PM", 8},   {"9:00:15 PM", 9}, {"10:00:15 PM", 10}, {"11:00:15 PM", 11},
 }};
 
-// The number of strikes at exactly this second, or 0. timeOfDay has no date.
+// The number of strikes at exactly this second, or 0. timeOfDay must have the zero date.
 int StrikesAt(base::DateTime timeOfDay);
 
 }  // namespace StrikeTable

@@ -41,8 +41,8 @@ class frmSpecialAlarms : public forms::Form {
     bool AreIdentical(std::size_t i, std::size_t j) const;
     void ReportIdenticalAlarms(Pair pair);
     SpecialAlarmsFile::Row RowOf(std::size_t row) const;
-    // Shows the rows of the file. If some rows cannot be read, reports the error and shows the rows
-    // that the main clock uses instead.
+    // Shows the rows of the file. If some rows cannot be read, reports the error, and shows the
+    // values that the main clock uses for those rows.
     void ReadSpecialAlarmsFile();
     void ShowRows(const std::vector<SpecialAlarmsFile::Row>& rows);
     // Raises RuntimeErrors if the file cannot be written.

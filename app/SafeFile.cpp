@@ -14,9 +14,8 @@ namespace SafeFile {
 
 namespace {
 
-// Temporary files are named like "~Jotwright-0123456789abcdef-7.tmp". The name of the file to be
-// replaced is not a part of the name, because the two together might exceed the limit of the
-// system.
+// Temporary files are named like "~Jotwright-0123456789abcdef-7.tmp". The name does not contain
+// that of the file to be replaced, because it might then be too long for the file system.
 constexpr std::string_view temporaryPrefix = "~Jotwright-";
 constexpr std::string_view temporarySuffix = ".tmp";
 constexpr std::string_view lockSuffix = ".lock";

@@ -16,8 +16,9 @@ struct ReplaceOptions {
     bool isPatient = true;
     // The caller has read the file, and its bytes differ from the new ones.
     bool isKnownToDiffer = false;
-    // This program has neither read nor written the present contents of the file. ReplaceFile calls
-    // PutAside() with the ending ".replaced" when the new bytes are in a temporary file.
+    // This program has neither read nor written the present contents of the file. ReplaceFile first
+    // writes the new bytes to a temporary file, then puts the old file aside with the ending
+    // ".replaced"; see PutAside().
     bool isForeign = false;
 };
 

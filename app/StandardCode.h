@@ -21,7 +21,7 @@ namespace StandardCode {
 
 constexpr int maximumNotes = 100;
 
-// The nine fields of a note, in the order of its file.
+// The nine fields of a note, in the order of the note's file.
 struct NoteRecord {
     std::string Title;
     std::string Text;

@@ -82,12 +82,12 @@ class frmMain : public forms::Form {
     void Form_MouseMove(int button, int x, int y) override;
     forms::ShortcutTarget TargetOf(forms::Shortcut key) override;
 
-    // Restores every saved note into its own editor, minimised.
+    // Opens an editor, minimised, for every saved note; see StandardCode::ReadNotes().
     void ReadNotes();
     // Plays the cuckoo count times in a row. No other handler runs meanwhile.
     void StrikeCuckoo(int count);
-    // Opens a document or an address with the shell and returns the shell's result; above 32 is
-    // success. Reports failures to the user.
+    // Opens a document or an address with the shell and returns the shell's result. A result above
+    // 32 means success. Reports failures to the user.
     int OpenInBrowser(const std::string& document);
 
     // The icon is shown from Form_Load to Form_QueryUnload.

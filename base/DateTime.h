@@ -23,8 +23,8 @@ struct DateTime {
 
     DateTime DateOnly() const;
     DateTime TimeOnly() const;
-    bool HasDate() const;  // not the zero date
-    bool HasTime() const;  // not midnight
+    bool HasDate() const;  // false for the zero date
+    bool HasTime() const;  // false for midnight
 
     int Year() const;
     int Month() const;    // 1 to 12
@@ -55,7 +55,7 @@ DateTime ParseTime(const std::string& text);
 // Reads "m/d/y". In a year of one or two digits, 0 to 29 mean 2000 to 2029, and 30 to 99 mean 1930
 // to 1999. RuntimeError 13 for any other text.
 DateTime ParseMonthDayYear(const std::string& text);
-// Reads "yyyy-mm-dd", also without the leading zeros. RuntimeError 13 for any other text.
+// Reads "yyyy-mm-dd"; leading zeros are optional. RuntimeError 13 for any other text.
 DateTime ParseIsoDate(const std::string& text);
 
 }  // namespace base

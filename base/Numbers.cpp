@@ -18,8 +18,9 @@ constexpr std::string_view narrowNoBreakSpace = "\xe2\x80\xaf";
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-// The value of a number without signs and blanks; infinite if it is too large for a double. strtod
-// expects a point as the decimal sign, because the program never calls setlocale.
+// The value of a text that has only digits, a point and an exponent. Infinite if the number is too
+// large for a double. strtod expects a point as the decimal sign, because the program never calls
+// setlocale.
 double ValueOf(const std::string& plain) {
     std::int64_t whole = 0;
     const char* last = plain.data() + plain.size();

@@ -12,9 +12,9 @@ class NoteEditor;
 class NoteStore;
 struct StoredNote;
 
-// The note in one editor: its file, the contents of that file that the editor knows, and the
-// recovery copy of an unsaved note. The store lists the note among the open notes from Begin() to
-// End().
+// The note in one editor: its file, the fingerprint of the file when the editor last read or wrote
+// it, and the recovery copy while the note is unsaved. The store lists the note among the open
+// notes from Begin() to End().
 class EditedNote {
   public:
     explicit EditedNote(NoteEditor& noteEditor) : editor(noteEditor) {}
@@ -42,25 +42,25 @@ class EditedNote {
     const StandardCode::NoteRecord& SavedRecord() const { return saved; }
     // Makes SavedRecord() the record that the editor shows now.
     void MarkSaved();
-    // Call it when the alarm has rung: that the alarm is off now does not count as an unsaved
-    // change. audioAlarm is the present value of the record's AudioAlarm.
+    // Call it when the alarm has rung, so that the alarm, which is off now, does not count as an
+    // unsaved change. audioAlarm is the present value of the record's AudioAlarm.
     void AcceptFiring(std::int16_t audioAlarm);
     // Whether the file has contents that this editor has neither read nor written.
     bool IsFileOther() const { return isFileOther; }
     // Whether everything that the editor shows is saved, so that closing the editor loses nothing.
     bool IsSaved() const;
     // Whether closing the editor must leave the file unchanged. That is so if the user has changed
-    // nothing in this editor, and either another program has changed the file or the program exits.
-    // At an exit, the file is still written if its alarm has rung and must be switched off. Call
-    // this, Save() and SaveBeforeTheEnd() for an open note only.
+    // nothing in this editor, and either another program has changed the file, or the program exits
+    // and the file has no alarm that must be switched off. Call this, Save() and SaveBeforeTheEnd()
+    // for an open note only.
     bool LeavesFileAlone(bool isExit) const;
 
     // Writes the note to its file, unless the file has the same fields already. If the file has
     // contents that this editor has neither read nor written, they are put aside first. Raises
     // RuntimeErrors.
     void Save();
-    // Moves the file to the Recycle Bin, or deletes it if there is none. Does nothing for a note
-    // that was never saved. Raises RuntimeErrors.
+    // Moves the file to the Recycle Bin, or deletes it if there is no Recycle Bin. Does nothing for
+    // a note that was never saved. Raises RuntimeErrors.
     void Erase();
     // Saves the note, unless LeavesFileAlone(true) returns true. If saving fails, calls
     // KeepForNextStart().

@@ -8,8 +8,8 @@
 // The file of one note: one record of nine fields.
 namespace NoteFile {
 
-// How the alarm time is written. RewrittenText writes the text "#12:00#" instead of the time in the
-// record. An alarm display uses it when it switches the alarm off.
+// How the alarm time is written. RewrittenText means the text "#12:00#" instead of the time in the
+// record. Alarm displays write it when they switch the alarm off.
 enum class TimeField { Time, RewrittenText };
 
 // The text of the file. The last field is always "yes". Double quotes in the note's text are

@@ -189,7 +189,8 @@ StoredNote NoteStore::OfSlot(int slot) const {
     const auto place = static_cast<std::size_t>(slot - 1);
     if (place < loaded) {
         note.file = listing.Files()[place].name;
-        // If the file was written after the array was rebuilt, the slot does not hold its contents.
+        // If the store wrote the file after the last Load(), the slot does not hold its contents,
+        // and the fingerprint is unknownContents.
         const auto known = slotted.find(note.file);
         note.fingerprint = known == slotted.end() ? 0 : known->second.fingerprint;
     }

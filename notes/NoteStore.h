@@ -26,9 +26,9 @@ struct StoredNote {
     std::uint64_t fingerprint = 0;  // of the file's bytes
 };
 
-// The note files and the open notes. Only this class lists, reads, writes, rewrites, recycles and
-// remembers note files. Each file is one note: two files with the same title are two notes. Names
-// of files are compared by the rules of the file system.
+// The note files and the open notes. Only this class lists, reads, writes and erases note files.
+// Each file is one note: two files with the same title are two notes. Names of files are compared
+// by the rules of the file system.
 //
 // If another program holds a file, the store retries for a short time; see Patience. RuntimeErrors
 // are those of forms::FileSystem and NoteFile::Decode().
@@ -120,7 +120,7 @@ class NoteStore {
     // No file has this size.
     static constexpr std::uint64_t ofNoFile = std::numeric_limits<std::uint64_t>::max();
 
-    // A file as it was when it was last read.
+    // The state of a file when it was last read.
     struct Seen {
         std::uint64_t size = ofNoFile;
         std::int64_t changed = 0;
@@ -142,8 +142,8 @@ class NoteStore {
         std::map<std::string, Seen> slotted;
         std::unique_ptr<StandardCode::NotesTable> moved;  // null: no record was moved
 
-        // Moves the records of this slot and of all slots after it to moved. Does nothing if
-        // records have been moved before.
+        // Moves the records of this slot and of all later slots from NotesArray to moved. Does
+        // nothing if records have been moved before.
         void MoveFrom(int slot);
     };
 
@@ -152,7 +152,7 @@ class NoteStore {
     void LoadSlot(int slot, const forms::FileEntry& file, Earlier& before);
     void TellOpenNotes();
     // The fingerprint of a listed file that is in no slot. Reads the file only if its size or its
-    // time of change differs from the last reading, or if that reading failed.
+    // time of change has changed since the last reading, or if that reading failed.
     std::uint64_t FingerprintOfUnslotted(const forms::FileEntry& file);
     void Tell(const std::string& file, std::optional<std::uint64_t> fingerprint,
               const EditedNote* except = nullptr);

@@ -8,10 +8,10 @@
 #include "notes/RecoveryCopy.h"
 
 // Shows a saved note whose alarm is due. Each note has its own instance, and the caption is the
-// note's title. Closing the window asks whether to erase the note. If the note is kept, its alarm
-// is switched off in the file. If an editor saved the note while this window was open, closing
-// keeps those changes, and an alarm that was set again stays set. But a text that the user typed in
-// this window replaces the text in the file.
+// note's title. When the user closes the window, it asks whether to erase the note. If the user
+// keeps the note, the window switches the alarm off in the file. If an editor saved the note while
+// this window was open, closing keeps those changes, and an alarm that was set again stays set. But
+// a text that the user typed in this window replaces the text in the file.
 //
 // The default instance is loaded hidden at start-up, holds no note and closes silently.
 class frmDisplayNote : public forms::Form {

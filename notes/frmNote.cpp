@@ -195,8 +195,8 @@ void frmNote::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
         return;
     }
     // Two kinds of changes have been neither saved nor asked about. In the first, the user chose to
-    // erase the note from the toolbar and then answered No. In the second, the text of a note that
-    // was opened through the panel has changed, but not the text's length.
+    // erase the note from the toolbar and then answered No. In the second, the user changed the
+    // text of a note that was opened through the panel, but its length is the same.
     if (NoteErased ? !isErasingConfirmed : !NoteChanged) {
         edited.RecycleUnsaved();
     }

@@ -115,7 +115,7 @@ void Loan::Write(const std::string& path, const std::string& bytes) {
             try {
                 files.Delete(temporary);
             } catch (const base::RuntimeError&) {
-                // The next call replaces the temporary file.
+                // The next Write() replaces the temporary file.
             }
         }
         throw;

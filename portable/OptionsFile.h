@@ -21,7 +21,7 @@ using Options = std::map<std::pair<std::string, std::string>, std::string>;
 
 struct ParsedOptions {
     Options options;
-    // Some lines are not options, or repeat one. options holds all others.
+    // Some lines are not options, or repeat an option. options holds all others.
     bool isDamaged = false;
 };
 

@@ -38,8 +38,8 @@ class UserRegistry {
     // Makes the program's key hold these options and nothing else.
     virtual void WriteOptions(const Options& options) = 0;
 
-    // Saves a copy of the program's key in the launcher's key. If there is no program's key, saves
-    // no copy and removes an earlier one.
+    // Saves a copy of the program's key in the launcher's key. If the program has no key, only
+    // removes an earlier copy.
     virtual void SaveOwn() = 0;
     // Makes the program's key equal to the copy. If there is no copy, removes the program's key.
     virtual void RestoreOwn() = 0;

@@ -4,7 +4,7 @@
 
 namespace portable::win32 {
 
-// Points the shortcut in this folder to the JotwrightPortable.exe in this folder. Writes nothing if
+// Points the shortcut in this folder to JotwrightPortable.exe in the same folder. Writes nothing if
 // it points there already. Ignores errors.
 void RefreshShortcut(const std::wstring& folder);
 
