@@ -8,7 +8,7 @@ namespace AlarmSounds {
 
 struct BuiltIn {
     const char* caption;
-    const char* file;  // below the application folder
+    const char* file;  // path in the application folder
 };
 
 // In the order of the option buttons of the alarm chooser.
@@ -23,15 +23,16 @@ inline constexpr std::array<BuiltIn, 5> builtIns{{
 // Full paths of the built-in sounds.
 std::array<std::string, builtIns.size()> BuiltInPaths();
 
-// Whether the path ends in ".wav" in upper or lower case, apart from blanks around the path. Does
-// not look at the file.
+// Whether the path, without blanks around it, ends in ".wav" in upper or lower case. Does not look
+// at the file.
 bool HasWaveExtension(const std::string& path);
 
 }  // namespace AlarmSounds
 
 namespace StandardCode {
 
-// Makes the path the sound of every alarm, in this run and in later ones.
+// Makes the file at this path the sound of every alarm, now and after the next start. RuntimeErrors
+// if the setting cannot be written.
 void SaveAlarmSetting(const std::string& path);
 
 }  // namespace StandardCode

@@ -9,8 +9,8 @@ namespace {
 
 using StandardCode::Shared;
 
-// One sound whose box is open. If the program ends while the box is open, the destructor removes
-// the sound from the list.
+// Keeps a sound in the list while its box is open. The destructor removes it, even if the program
+// ends while the box is open.
 class Ring {
   public:
     explicit Ring(const std::string& path) {

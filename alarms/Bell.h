@@ -7,11 +7,11 @@
 // Alarm sounds that play in a loop until the user closes a message box.
 namespace Bell {
 
-// Plays the file in a loop behind the box, and stops it when the box is closed. AlarmSounding is
-// set until then. If the file cannot be played, the box opens without a sound.
+// Shows the box, and plays the file in a loop until the user closes the box. AlarmSounding is set
+// until then. If the file cannot be played, the box opens without a sound.
 //
-// Further boxes may open while this one is open. The sound of the newest box plays. When that box
-// is closed, the sound of the box below it starts again.
+// Other handlers run while the box is open, and may open further boxes. The sound of the newest box
+// plays. When that box is closed, the sound of the box below it starts again.
 forms::BoxResult RingBehindBox(const std::string& path, const std::string& text,
                                forms::MsgBoxOptions options, const std::string& caption);
 

@@ -21,18 +21,20 @@ struct AlarmValues {
 // Takes the day from date and the time of day from time, the values of the editor's pickers.
 AlarmValues ValuesOf(base::DateTime date, base::DateTime time);
 
-// The editor's own test. The alarm is due if one of the two days matches.
+// The editor's own test: whether now has the alarm's time of day and is on one of the two days.
 bool IsEditorAlarmDue(const AlarmValues& values, base::DateTime now);
 
-// Whether the editor's own test may come true within the next seconds, on any day. If not, one test
-// in each second is enough.
+// Whether the alarm's time of day is now or in the next three seconds. Ignores the date. While the
+// result is false, one call per second is enough.
 bool MayRingSoon(const AlarmValues& values, base::DateTime now);
 
-// The main clock's test of a saved note. Its result depends on the locale's short date.
+// The main clock's test: whether the alarm of a saved note is due. The result depends on the
+// locale's short date.
 bool IsSavedNoteDue(const StandardCode::NoteRecord& note, base::DateTime now);
 
-// The first five characters of "m/d/yyyy" and the last two of the short date. IsSavedNoteDue also
-// accepts an alarm date whose own text equals this text. That happens only by accident.
+// The first five characters of today as "m/d/yyyy", then the last two of today as a short date.
+// IsSavedNoteDue also accepts an alarm date that GeneralDate() shows as this text, which happens
+// only by coincidence.
 std::string ComparisonText(base::DateTime today);
 
 }  // namespace DueRules

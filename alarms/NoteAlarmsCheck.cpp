@@ -22,8 +22,8 @@ Opened DisplayDue(base::DateTime now) {
         }
         const StoredNote stored = StandardCode::Notes().OfSlot(slot);
         const EditedNote* open = StandardCode::Notes().FindOpen(stored.file);
-        // The file may no longer belong to the open note, because another note may have been saved
-        // to it.
+        // An editor tests the alarm that it shows. If the file has other contents, test the file's
+        // alarm here.
         if ((open != nullptr && !open->IsFileOther()) || StandardCode::IsAlarmDisplayed(stored)) {
             continue;
         }

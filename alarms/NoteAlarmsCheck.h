@@ -11,15 +11,16 @@ class frmDisplayNote;
 namespace NoteAlarmsCheck {
 
 struct Opened {
-    std::shared_ptr<frmDisplayNote> last;  // null: no note was due
-    bool wantsSound = false;               // at least one of the notes has its audio alarm on
+    std::shared_ptr<frmDisplayNote> last;  // null: no display was opened
+    bool wantsSound = false;  // a due note has its audio alarm on, and no alarm was sounding
 };
 
-// Opens a display for each note that is due in this second.
+// Opens a display for each note that is due in this second, unless a display of the same alarm is
+// open.
 Opened DisplayDue(base::DateTime now);
 
-// Switches on the sound of the display that was opened last, if the audio alarm of one of the notes
-// is on and no alarm sounds.
+// Starts the sound timer of the display that was opened last, if opened.wantsSound is true, the
+// display is still loaded and no alarm sounds.
 void StartSound(const Opened& opened);
 
 }  // namespace NoteAlarmsCheck

@@ -77,7 +77,7 @@ std::string Encode(const std::array<Row, rowCount>& rows) {
         return bytes;
     }
     // A line break and quotes in one message can look like the end of a row. The window's text
-    // boxes have one line, so only a file that another program wrote has such a message.
+    // boxes have one line, so a line break can come only from a file that another program wrote.
     std::array<Row, rowCount> ofOneLine = rows;
     for (Row& row : ofOneLine) {
         std::replace(row.Message.begin(), row.Message.end(), '\r', ' ');
@@ -99,8 +99,8 @@ void Decode(const std::string& bytes, std::vector<Row>& rows) {
         tryOther(ReadAll(text, &RecordText::Reader::Text));
     }
     if (best.rows.size() < rowCount) {
-        // In a code page with characters of two bytes, the last byte of a message may have joined
-        // with the quote after it into one character.
+        // In a code page with characters of two bytes, FromBytes() may have joined the last byte of
+        // a message and the quote after it into one character. So find the fields in the bytes.
         Reading ofBytes = ReadAll(bytes, &RecordText::Reader::TextBeforeLastField);
         for (Row& row : ofBytes.rows) {
             row.Day = RecordText::FromBytes(row.Day);

@@ -40,7 +40,7 @@ void frmAlarms::Design() {
         optionTop += Grid::choiceDistance;
     }
     txtMyWaveFilePath.accessibleName = "Path of the selected .wav file";
-    // The field is below the caption of its option button.
+    // Aligned with the caption of the option button above it.
     txtMyWaveFilePath.PlaceIn(fraAlarms, 450, 2595 + Grid::fieldInButton, 3030, Grid::fieldHeight);
     cmdMyWaveFile.caption = "&Browse";
     cmdMyWaveFile.PlaceIn(fraAlarms, 3600, 2595, Grid::buttonWidth, Grid::buttonHeight);

@@ -8,7 +8,7 @@
 #include "forms/Form.h"
 
 // Chooses the sound of all alarms: a built-in sound or a file of the user's. A click on a built-in
-// sound takes effect at once, even if it is not saved.
+// sound takes effect at once, even if the user does not save it.
 class frmAlarms : public forms::Form {
   public:
     frmAlarms() : Form("frmAlarms") {}
@@ -37,5 +37,5 @@ class frmAlarms : public forms::Form {
     void cmdCancel_Click();
 
     int lastClicked = 0;
-    std::array<std::string, AlarmSounds::builtIns.size()> builtInPaths;  // as of the last click
+    std::array<std::string, AlarmSounds::builtIns.size()> builtInPaths;  // set by optAlarm_Click()
 };

@@ -3,7 +3,7 @@
 #include "forms/Form.h"
 
 // Offers to stop the current alarm. The button switches off the main window's timer that checks the
-// sound file. The window is loaded hidden at start-up. Kept although nothing reaches it; see
+// sound file. The window is loaded hidden at start-up. Unused, but kept on purpose: see
 // docs/decisions/kept-unreachable.md.
 class frmKillAlarm : public forms::Form {
   public:

@@ -21,7 +21,7 @@ constexpr int firstRowTop = headingTop + Grid::lineHeight + Grid::smallGap;
 constexpr int rowDistance = Grid::fieldHeight + 90;
 constexpr int buttonTop = firstRowTop + 7 * rowDistance + 30;
 
-// Left edges of the columns, in twips.
+// Left edges and widths of the columns, in twips.
 constexpr int numberLeft = Grid::margin;
 constexpr int enabledLeft = 600;
 constexpr int dayLeft = 2220;
@@ -32,7 +32,7 @@ constexpr int dayWidth = 1500;
 constexpr int timeWidth = 1320;
 constexpr int messageWidth = 3660;
 
-// consequence is the sentence that says what happens to the alarms.
+// consequence is a sentence about the effect on the alarms.
 void ReportError(const base::RuntimeError& error, const std::string& consequence,
                  const std::string& caption) {
     forms::MsgBox(
@@ -178,7 +178,7 @@ void frmSpecialAlarms::ReadSpecialAlarmsFile() {
 }
 
 void frmSpecialAlarms::ShowRows(const std::vector<SpecialAlarmsFile::Row>& rows) {
-    // A name that is not a day keeps the day of the previous row.
+    // If a name is not that of a weekday, the row shows the day of the previous row.
     int dayIndex = 0;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const auto day = std::find(dayNames.begin(), dayNames.end(), rows[i].Day);

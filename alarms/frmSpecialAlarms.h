@@ -41,7 +41,8 @@ class frmSpecialAlarms : public forms::Form {
     bool AreIdentical(std::size_t i, std::size_t j) const;
     void ReportIdenticalAlarms(Pair pair);
     SpecialAlarmsFile::Row RowOf(std::size_t row) const;
-    // Reports rows that cannot be read. Shows the main clock's values for those rows.
+    // Shows the rows of the file. If some rows cannot be read, reports the error, and shows the
+    // values that the main clock uses for those rows.
     void ReadSpecialAlarmsFile();
     void ShowRows(const std::vector<SpecialAlarmsFile::Row>& rows);
     // Raises RuntimeErrors if the file cannot be written.

@@ -10,7 +10,7 @@ namespace StandardCode {
 // an alarm display that could not write it. The window of that note stays open.
 bool CloseAllBut(const forms::Form& main);
 
-// Saves all open notes without a question, because an error ends the program. Shows no error.
+// Saves all open notes when an error ends the program. Asks no questions and shows no errors.
 void SaveOpenNotes();
 
 }  // namespace StandardCode

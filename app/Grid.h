@@ -1,6 +1,6 @@
 #pragma once
 
-// Measures for the layout of all windows, in twips. They leave room for the message fonts of all
+// Dimensions for the layout of all windows, in twips. They leave room for the message fonts of all
 // versions of Windows.
 namespace Grid {
 
@@ -15,13 +15,13 @@ inline constexpr int choiceHeight = 270;  // check boxes and option buttons
 inline constexpr int choiceDistance = 375;
 inline constexpr int lineHeight = 255;  // a line of the message font
 
-// Inside a frame, from the frame's own corner.
+// Distances between the edges of a frame and its contents.
 inline constexpr int frameSide = 180;
 inline constexpr int frameTop = 330;
 inline constexpr int frameBottom = 180;
 
-// The distance from the top of a field or a button to the top of a label, or of a field, in the
-// same line.
+// Distances between the tops of two controls in the same line: a label in line with a field, a
+// label with a button, a field with a button.
 inline constexpr int labelInField = (fieldHeight - lineHeight) / 2;
 inline constexpr int labelInButton = (buttonHeight - lineHeight) / 2;
 inline constexpr int fieldInButton = (buttonHeight - fieldHeight) / 2;

@@ -27,8 +27,8 @@ void SaveAndRemoveIcon() {
     }
 }
 
-// Explorer can start a program inside a zip archive: it extracts nothing else. Users also copy the
-// program without its files.
+// Whether the program's files are missing. If a user starts the program inside a zip archive,
+// Explorer extracts nothing but the program. Users also copy the program without its files.
 bool IsAlone() {
     const auto missing = [](const char* name) {
         return !forms::Machine().files->FileExists(forms::ApplicationPath(name));
@@ -62,8 +62,8 @@ void Main() {
             "  Jotwright Is Running", "logo.ico");
         return;
     }
-    // If a file has the name of the folder, the program starts anyway. Each save then reports the
-    // error.
+    // If a file has the name of the notes folder, the program starts without the folder, and each
+    // save reports the error.
     if (!forms::Machine().files->FileExists(NotesFolder())) {
         EnsureNotesFolder();
     }

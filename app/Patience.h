@@ -7,7 +7,8 @@
 namespace Patience {
 
 // Pauses for some milliseconds and returns true. If the time for retries is used up, returns false
-// without a pause. One action of the user has 1.5 s in total, and one round of ticks has 200 ms.
+// without a pause. The total time is 1.5 s for one action of the user, and 200 ms for one round of
+// ticks.
 bool Wait();
 
 // Returns the result of the attempt. Repeats the attempt while it raises RuntimeError 70 and Wait()

@@ -2,8 +2,8 @@
 
 namespace StandardCode {
 
-// CMakeLists.txt has these values. The resources, the installer and the manifests take them from
-// there as well.
+// CMakeLists.txt defines these values. The resources, the installer and the manifests use them,
+// too.
 const char* const version = JOTWRIGHT_VERSION;
 const char* const webSite = JOTWRIGHT_WEB_SITE;
 const char* const supportContact = JOTWRIGHT_SUPPORT;

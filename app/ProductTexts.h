@@ -1,6 +1,6 @@
 #pragma once
 
-// Texts about the program that several windows show, and its names in the system.
+// Texts about the program that several windows show, and the program's names in the system.
 namespace StandardCode {
 
 // For the splash screen and the About box: "1.0.0".

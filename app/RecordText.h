@@ -7,17 +7,18 @@
 
 #include "base/DateTime.h"
 
-// The format of the files of notes and weekly alarms: comma-separated records of texts between
-// double quotes, dates and times between number signs, and bare integers. Texts have no escapes.
+// The format of the files of notes and weekly alarms: records of comma-separated fields. A field is
+// a text between double quotes, a date or time between number signs, or a bare integer. Texts have
+// no escapes.
 namespace RecordText {
 
-// The bytes of a file: in the system's ANSI code page if it has every character, otherwise in UTF-8
-// after a byte order mark.
+// Encodes a text for a file: in the system's ANSI code page if that has every character, otherwise
+// in UTF-8 after a byte order mark.
 std::string ToBytes(const std::string& text);
-// The UTF-8 text of a file in either encoding, without zero characters. Accepts any bytes.
+// Decodes a file in either encoding to UTF-8, and applies WithoutZeros(). Accepts any bytes.
 std::string FromBytes(const std::string& bytes);
 
-// Replaces every zero character by a blank. A text box would show nothing after a zero character,
+// Replaces every zero character with a blank. A text box would show nothing after a zero character,
 // and the next save would lose that text.
 std::string WithoutZeros(std::string text);
 // Makes every line break CR LF. A text box would join lines that end in anything else.
@@ -32,18 +33,19 @@ class Reader {
     explicit Reader(std::string fileText) : text(std::move(fileText)) {}
 
     // Reads from quote to quote, line breaks included. Without an opening quote, reads up to the
-    // next comma or line end. If the closing quote is missing, takes all that is left.
+    // next comma or line end. If the closing quote is missing, reads the rest of the file.
     std::string Text();
     // Like Text, for the last field but one of a line. A text that begins with a quote may contain
     // quotes: it ends at the first quote after which exactly one more field follows on the line. If
-    // there is no such quote, the text is read as by Text.
+    // there is no such quote, reads the field as Text does.
     std::string TextBeforeLastField();
-    // Reads "yyyy-mm-dd", "hh:mm:ss" or both, with or without number signs, quoted or not. An empty
-    // field is the zero date. RuntimeError 13 for anything else.
+    // Reads a date ("yyyy-mm-dd" or "m/d/yyyy"), a time (see base::ParseTime()) or both, with or
+    // without number signs, quoted or not. An empty field without quotes is the zero date.
+    // RuntimeError 13 for anything else.
     base::DateTime Date();
     // Like Date, but a text that is neither between number signs nor a date gives the zero date.
     base::DateTime DateOrZero();
-    // Gives 0 if the text is not a number. RuntimeError 6 if the number does not fit.
+    // Gives 0 if the text is not a number. RuntimeError 6 if the number does not fit into 16 bits.
     std::int16_t IntegerOrZero();
 
   private:

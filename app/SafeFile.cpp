@@ -14,8 +14,8 @@ namespace SafeFile {
 
 namespace {
 
-// "~Jotwright-0123456789abcdef-7.tmp". The name does not contain the name of the file that it
-// replaces: with a long title, it might exceed the limit of the system.
+// Temporary files are named like "~Jotwright-0123456789abcdef-7.tmp". The name does not contain
+// that of the file to be replaced, because it might then be too long for the file system.
 constexpr std::string_view temporaryPrefix = "~Jotwright-";
 constexpr std::string_view temporarySuffix = ".tmp";
 constexpr std::string_view lockSuffix = ".lock";
@@ -80,7 +80,7 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool IsHexDigit(char c) { return IsDigit(c) || (c >= 'a' && c <= 'f'); }
 
-// The instance id in the name of a temporary file. Empty if the name does not have that form.
+// The instance id in the name of a temporary file. Empty if the file is not a temporary file.
 std::string InstanceOf(const std::string& name) {
     if (!name.starts_with(temporaryPrefix) || !name.ends_with(temporarySuffix)) {
         return {};
@@ -95,7 +95,7 @@ std::string InstanceOf(const std::string& name) {
     return IsAll(instanceId, IsHexDigit) ? instanceId : std::string();
 }
 
-// The temporary files of copies that no longer run.
+// The paths of the temporary files whose programs no longer run.
 std::vector<std::string> FindLeftovers(const std::string& folder) {
     std::vector<std::string> paths;
     try {
@@ -131,7 +131,7 @@ bool ReplaceFile(const std::string& path, const std::string& bytes, const Replac
         const auto rename = [&] { Files().Replace(temporary, target, options.durability); };
         options.isPatient ? Patience::Try(rename) : rename();
     } catch (const base::RuntimeError&) {
-        // If the old file is gone, the new bytes are the only ones.
+        // If the old file is gone, only the temporary file holds any contents, so keep it.
         if (!existed || Files().FileExists(target)) {
             DeleteIfPossible(temporary);
         }

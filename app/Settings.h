@@ -13,8 +13,8 @@ struct Setting {
     const char* key;
 
     // Returns 0 or an empty text if the store has no such value. Numbers are stored as text. A
-    // number outside the range of 16 bits becomes the nearest one inside; RuntimeError 13 if the
-    // text is not a number.
+    // number outside the range of 16 bits becomes the nearest number in the range; RuntimeError 13
+    // if the text is not a number.
     T Read() const { return ReadOr(T()); }
     // Like Read, but returns current if the store has no such value.
     T ReadOr(const T& current) const;

@@ -12,8 +12,8 @@
 #include "forms/Color.h"
 #include "forms/Devices.h"
 
-// Values that the whole program shares. Only the user-interface thread uses them. If an operation
-// of StandardCode needs a window, it is declared in the file of its own subject, in this namespace.
+// Values that the whole program shares. Only the user-interface thread uses them. Other headers
+// declare the functions of StandardCode that need a window.
 class NoteStore;
 class frmDisplayNote;
 
@@ -21,7 +21,7 @@ namespace StandardCode {
 
 constexpr int maximumNotes = 100;
 
-// The nine fields of a note, in the order of its file.
+// The nine fields of a note, in the order of the note's file.
 struct NoteRecord {
     std::string Title;
     std::string Text;
@@ -60,9 +60,10 @@ struct SharedValues {
     std::shared_ptr<NoteStore> Store;                  // made by Notes()
     std::weak_ptr<forms::Form> CurrentNote;            // the editor that OpenNote opened last
     std::vector<const frmDisplayNote*> AlarmDisplays;  // the displays that show a note
-    std::set<std::string> RecoveryPaths;  // paths of the copies of open editors, in capitals
+    std::set<std::string> RecoveryPaths;  // paths of recovery copies in use here, in upper case
 
-    // Locks by folder. They show other programs that this program works there. See SafeFile.
+    // Locks by folder. They tell other programs that this program uses the folder. See
+    // SafeFile::MarkInUse().
     std::map<std::string, std::unique_ptr<forms::FileLock>> FolderLocks;
     int TemporaryFiles = 0;  // number created so far; see SafeFile
     RetryTime TimeToRetry;
@@ -71,12 +72,12 @@ struct SharedValues {
     bool AlarmSounding = false;  // suppresses the cuckoo and further alarm sounds
     // Paths of the looping sounds whose boxes are open. The last one plays. See Bell.
     std::vector<std::string> RingingSounds;
-    bool ControlPanelMode = false;     // the user opens editors from the control panel
+    bool ControlPanelMode = false;     // closing an editor asks whether to save; see frmNote
     std::int16_t StartCookooFlag = 0;  // copy of setting "StartCookoo"
     std::int16_t WindowOnTopFlag = 0;  // copy of setting "WindowOnTop"
     std::int16_t ViewTipsFlag = 0;     // setting "View Tips" as read at start-up
 
-    // Kept although nothing reaches them; see docs/decisions/kept-unreachable.md.
+    // Unused, but kept on purpose: see docs/decisions/kept-unreachable.md.
     bool BlinkPhase = false;    // shared by all note windows
     std::string AlarmFlag;      // "1" or "0": the alarm of the last note restored
     std::int16_t NoteFlag = 0;  // cleared by note creation
@@ -92,18 +93,18 @@ struct SharedValues {
 SharedValues& Shared();
 void Reset();
 
-// Signals through which a lower window reaches a higher one.
+// Signals through which windows reach windows of higher layers.
 struct SharedSignals {
     // The notes array was rebuilt; NoteCount holds the count.
     base::Signal<> NotesArrayLoaded;
     // Commands to the control panel. Reload, ReloadAndShow and LoadAndUnload unload the panel and
-    // load it again, so that the array and its list are rebuilt. Reload leaves the panel hidden,
-    // ReloadAndShow leaves it shown, and LoadAndUnload leaves it unloaded.
+    // load it again, so that the notes array and the panel's list are rebuilt. Reload leaves the
+    // panel hidden, ReloadAndShow leaves it shown, and LoadAndUnload leaves it unloaded.
     enum class PanelAction { Reload, ReloadAndShow, Show, UnloadIfVisible, LoadAndUnload };
     base::Signal<PanelAction> ControlPanel;
     // Moves the focus to the title box for a new note.
     base::Signal<> FocusNoteTitle;
-    // Shows the help file (help command 9) or the About box.
+    // Show the help file (help command 9) and the About box.
     base::Signal<> ShowHelp;
     base::Signal<> ShowAbout;
     // Switches off the main window's timer that checks the sound file.
@@ -112,8 +113,8 @@ struct SharedSignals {
 
 SharedSignals& Signals();
 
-// The shades of the editor, of new notes, of the options and of the alarm display. Index as in the
-// note file: 1 white, 2 red, 3 green, 4 blue, 5 yellow, 6 gray.
+// The colours of notes in the editor, in the options and in the alarm display. noteColors[i] has
+// the colour index i + 1 in a note's file: 1 white, 2 red, 3 green, 4 blue, 5 yellow, 6 gray.
 struct NoteColor {
     forms::Color back;
     forms::Color text;
@@ -127,7 +128,7 @@ inline constexpr std::array<NoteColor, 6> noteColors{{
     {{192, 192, 192}, forms::black},
 }};
 
-// The font sizes of notes in points, in the order of the setting's codes 0 to 3.
+// The font sizes of notes in points, in the order of the codes 0 to 3 of Settings::defaultFontSize.
 inline constexpr std::array fontSizes{10, 12, 14, 16};
 
 }  // namespace StandardCode

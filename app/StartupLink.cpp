@@ -36,7 +36,8 @@ void Make(const std::string& ownLink) {
     try {
         CopyTo(linkToMake);
     } catch (const base::RuntimeError&) {
-        // Only administrators may write to the folder of all users, and it may lie elsewhere.
+        // Only administrators may write to the folder of all users, and the folder may have another
+        // path.
         if (ownLink.empty()) {
             throw;
         }

@@ -3,9 +3,9 @@
 // The shortcut that starts the program when a user signs in.
 namespace StartupLink {
 
-// Makes the shortcut if it is missing, or deletes it. The shortcut is made in the Startup folder of
-// all users. If the system refuses, it is made in the user's own Startup folder. Raises
-// RuntimeErrors.
+// If startWithWindows is true, makes the shortcut unless it exists; otherwise deletes it. A new
+// shortcut is in the Startup folder of all users or, if the system refuses that, in the user's own
+// Startup folder. Raises RuntimeErrors.
 void Update(bool startWithWindows);
 
 }  // namespace StartupLink

@@ -3,14 +3,15 @@
 #include <cstddef>
 #include <string>
 
-// Message numbers of the notification area. Its callback passes them as a horizontal position.
+// Message numbers of the notification area. The callback of an icon passes them as the horizontal
+// position of the mouse, in pixels.
 namespace TrayMessages {
 
 constexpr int leftButtonUp = 514;
 constexpr int leftDoubleClick = 515;
 constexpr int rightButtonUp = 517;
 
-// The tip for the record's fixed field of 64 characters: the caption, cut to fit, then a zero
+// The tip for TrayRecord, exactly 64 characters long: the caption, cut to fit, then a zero
 // character, then blanks.
 std::string FixedTip(const std::string& caption);
 

@@ -7,7 +7,7 @@
 
 int main() {
     forms::win32::RestrictLibrarySearch();
-    // Never destroyed: the end of the process removes the remaining windows at once.
+    // The stage is never destroyed: the end of the process removes the remaining windows at once.
     const forms::ApplicationInfo& application = StandardCode::applicationInfo;
     forms::Stage& stage = *forms::win32::MakeStage(application).release();
     forms::Machine() = forms::win32::MakeDevices(application);

@@ -13,10 +13,10 @@ void dlgMsgBox::Design() {
     imgMsg.visible = false;
 
     lblMsg.autoSize = true;
-    // Messages contain texts of the user, which may contain ampersands.
+    // Messages quote the user's texts, which may contain ampersands.
     lblMsg.useMnemonic = false;
-    // The position beside a picture of the usual size, clear of the button. If the message is
-    // taller than its picture, it stays here.
+    // The position beside a picture of the usual size, clear of the button. Arrange() leaves the
+    // label here if the message is taller than its picture.
     lblMsg.left = 1405;
     lblMsg.top = 240;
 

@@ -25,8 +25,8 @@ class dlgMsgBox : public forms::Form {
 namespace StandardCode {
 
 // Shows the dialog and returns when the user has closed it. picture is the name, without a path, of
-// a file in the application folder. If picture is missing or empty, only the message is shown. If
-// the message or the picture is missing, the caller's variable becomes an empty text. RuntimeError
+// a file in the application folder. If picture is empty or has no value, only the message is shown.
+// A message or picture without a value becomes an empty text in the caller's variable. RuntimeError
 // 53, without a dialog, if the picture's file is missing.
 void PictureMessageBox(std::optional<std::string>& message, const std::string& caption,
                        std::optional<std::string>& picture);

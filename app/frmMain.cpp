@@ -50,7 +50,7 @@ constexpr int toolDistance = buttonHeight + Grid::gap;
 
 constexpr std::uint32_t recordSize = 88;
 constexpr std::uint32_t messageIconAndTip = 7;
-// With this message number, the events of the icon arrive in the mouse-move handler.
+// The message number of a mouse move, so that the events of the icon reach Form_MouseMove().
 constexpr std::uint32_t mouseMoveMessage = 512;
 
 }  // namespace
@@ -70,7 +70,7 @@ void frmMain::Design() {
     tmrNow.Tick = [this] { tmrNow_Timer(); };
     tmrCooKoo.interval = 1000;
     tmrCooKoo.Tick = [this] { tmrCooKoo_Timer(); };
-    // The ticks of these timers do nothing. The stop-alarm window switches the sound check off.
+    // These timers have no handlers. frmKillAlarm switches tmrCheckSoundFile off.
     tmrSpecialNotes.interval = 1000;
     tmrSpecialNotes.enabled = true;
     tmrCheckSoundFile.interval = 500;
@@ -131,8 +131,8 @@ void frmMain::DesignControls() {
     lblCopyright.alignment = forms::Alignment::Right;
 }
 
-// Connects the handlers of the controls and menus. An action has up to three: a button, an entry in
-// the menu bar and an entry in the pop-up menu.
+// Connects the controls and menus to their handlers. A button, an entry of the menu bar and an
+// entry of the pop-up menu may have the same handler.
 void frmMain::ConnectCommands() {
     cmdMakeNote.Click = [this] { cmdMakeNote_Click(); };
     cmdSpecialAlarms.Click = mnuToolsSpecialAlarms.Click =
@@ -309,7 +309,7 @@ void frmMain::StrikeCuckoo(int count) {
     CuckooClock::Strike(count);
     struck = true;
     if (tmrCooKoo.enabled) {
-        // The interval of the clock starts again after the strikes.
+        // Restart the timer, so that its next interval begins after the strikes.
         tmrCooKoo.enabled = false;
         tmrCooKoo.enabled = true;
     }
@@ -328,7 +328,8 @@ void frmMain::AddTrayIcon() {
 
 void frmMain::Form_MouseMove(int /*button*/, int x, int /*y*/) {
     forms::SetMousePointer(forms::MousePointer::Default);
-    // On a large scale, the real pointer also passes positions that equal the numbers of messages.
+    // At a large display scale, positions of the real mouse pointer can equal the numbers of
+    // messages.
     if (!IsTrayCallback()) {
         return;
     }
@@ -341,7 +342,7 @@ void frmMain::Form_MouseMove(int /*button*/, int x, int /*y*/) {
             BringToForeground();
             break;
         case TrayMessages::rightButtonUp:
-            // Without this, the menu would stay open if the user clicks elsewhere.
+            // Otherwise the menu would stay open when the user clicks elsewhere.
             BringToForeground();
             PopupMenu(mnuPop);
             break;

@@ -7,8 +7,8 @@
 #include "forms/Form.h"
 
 // The program's main window: the box for the title of a new note, the buttons that open the tools,
-// the icon in the notification area, and the clock that rings saved notes and weekly alarms.
-// Closing it ends the program.
+// the icon in the notification area, and the timers of the cuckoo clock, of the saved notes' alarms
+// and of the weekly alarms. Closing the window ends the program.
 class frmMain : public forms::Form {
   public:
     frmMain() : Form("frmMain") {}
@@ -33,7 +33,7 @@ class frmMain : public forms::Form {
 
     forms::Timer tmrNow{this, "tmrNow", forms::TimerPhase::ClockSecond};
     forms::Timer tmrCooKoo{this, "tmrCooKoo", forms::TimerPhase::ClockSecond};
-    // Kept although nothing reaches them; see docs/decisions/kept-unreachable.md.
+    // Unused, but kept on purpose: see docs/decisions/kept-unreachable.md.
     forms::Timer tmrSpecialNotes{this, "tmrSpecialNotes", forms::TimerPhase::ClockSecond};
     forms::Timer tmrCheckSoundFile{this, "tmrCheckSoundFile"};
 
@@ -77,17 +77,17 @@ class frmMain : public forms::Form {
     void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
     void Form_Unload(bool& cancel) override;
     void Form_MouseUp(int button, int x, int y) override;
-    // The callback of the icon in the notification area passes its message as x. A move of the
-    // pointer only resets the mouse pointer.
+    // Resets the shape of the mouse pointer. Also handles the callback of the icon in the
+    // notification area: then x, in pixels, is the number of the message.
     void Form_MouseMove(int button, int x, int y) override;
     forms::ShortcutTarget TargetOf(forms::Shortcut key) override;
 
-    // Restores every saved note into its own editor, minimised.
+    // Opens an editor, minimised, for every saved note; see StandardCode::ReadNotes().
     void ReadNotes();
-    // Plays the cuckoo count times in a row. No other handler runs before it returns.
+    // Plays the cuckoo count times in a row. No other handler runs meanwhile.
     void StrikeCuckoo(int count);
-    // Opens a document or an address with the shell and returns the shell's result; above 32 is
-    // success. Reports failures to the user.
+    // Opens a document or an address with the shell and returns the shell's result. A result above
+    // 32 means success. Reports failures to the user.
     int OpenInBrowser(const std::string& document);
 
     // The icon is shown from Form_Load to Form_QueryUnload.
@@ -111,7 +111,7 @@ class frmMain : public forms::Form {
     void mnuHide_Click();
     void mnuShow_Click();
 
-    // Whether the cuckoo has struck. Kept although nothing reads it; see
+    // Whether the cuckoo has struck. Unused, but kept on purpose: see
     // docs/decisions/kept-unreachable.md.
     bool struck = false;
 };

@@ -14,7 +14,7 @@
 
 namespace {
 
-// Selects the button with this index. If the index is out of range, selects no button. This happens
+// Selects the button with this index. Selects no button if the index is out of range, which happens
 // only if the store was edited by hand.
 template <std::size_t count>
 void SelectOption(forms::ControlArray<forms::OptionButton, count>& buttons, int index) {
@@ -25,8 +25,8 @@ void SelectOption(forms::ControlArray<forms::OptionButton, count>& buttons, int 
     }
 }
 
-// Shows a setting in a check box. The store may hold any number. A number that is not a valid check
-// mark switches nothing on, so the box is shown empty.
+// Shows a setting in a check box. The store may hold any number. A number that is not a state of a
+// check box does not switch the option on, so the box is shown empty.
 void ReadInto(forms::CheckBox& box, Settings::Number setting, int current) {
     constexpr int grayed = 2;
     const int value = setting.ReadOr(static_cast<std::int16_t>(current));
@@ -126,8 +126,8 @@ void frmOptions::Form_Load() {
     fontCode = Settings::defaultFontSize.Read();
     noteLoops = Settings::noteLoops.ReadOr(noteLoops);
     chkNoteLoops.value = noteLoops != 0 ? 1 : 0;
-    // Both keys are written together, so only a user who edits the store can leave out IsService.
-    // Then the box takes the color code.
+    // If the store has DefaultColor but not IsService, the box shows the colour code. That happens
+    // only if the store was edited by hand, because the program writes both together.
     ReadInto(chkIsService, Settings::isService, colorCode);
     SelectOption(optDefaultColor, colorCode);
     SelectOption(optDefaultFont, fontCode);

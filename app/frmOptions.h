@@ -5,7 +5,8 @@
 
 #include "forms/Form.h"
 
-// The defaults of new notes and the program's switches. Nothing is written before Apply.
+// The options: the defaults of new notes, and the settings of the program. No setting is written
+// before the user clicks Apply.
 class frmOptions : public forms::Form {
   public:
     frmOptions() : Form("frmOptions") {}
@@ -27,7 +28,8 @@ class frmOptions : public forms::Form {
     void Design() override;
     void Form_Load() override;
 
-    // The version of the system as text, major number and two digits of the minor number: "5.01".
+    // The version of the system as text: the major number and two digits of the minor number, for
+    // example "5.01".
     std::string GetWinVersion() const;
 
   private:

@@ -31,7 +31,7 @@ std::chrono::year_month_day CalendarDay(DateTime value) {
 
 [[noreturn]] void Mismatch() { throw RuntimeError(ErrorNumber::TypeMismatch); }
 
-// The number with at least so many digits.
+// The number in decimal, with leading zeros if it has fewer than count digits.
 std::string Digits(int number, std::size_t count) {
     std::string digits = std::to_string(number);
     if (digits.size() < count) {
@@ -61,8 +61,8 @@ class Scanner {
         return true;
     }
 
-    // Reads a number of at most maximumDigits digits and returns how many digits it had.
-    // RuntimeError 13 if there is none, or if it is longer.
+    // Reads a number of at most maximumDigits digits into value, and returns the number of its
+    // digits. RuntimeError 13 if no number follows, or if it is longer.
     int Number(int maximumDigits, int& value) {
         const std::size_t start = position;
         while (!AtEnd() && text[position] >= '0' && text[position] <= '9') {

@@ -23,8 +23,8 @@ struct DateTime {
 
     DateTime DateOnly() const;
     DateTime TimeOnly() const;
-    bool HasDate() const;  // not the zero date
-    bool HasTime() const;  // not midnight
+    bool HasDate() const;  // false for the zero date
+    bool HasTime() const;  // false for midnight
 
     int Year() const;
     int Month() const;    // 1 to 12
@@ -37,7 +37,7 @@ struct DateTime {
 
 constexpr std::int64_t secondsPerDay = 86400;
 
-// The day of date with the time of day of time.
+// Takes the calendar day from date and the time of day from time.
 DateTime Combine(DateTime date, DateTime time);
 
 // "14:05:09", 24-hour clock.
@@ -46,16 +46,16 @@ std::string FormatTime24(DateTime value);
 std::string FormatIsoDate(DateTime value);
 // "5/14/2004", no padding.
 std::string FormatMonthDayYear(DateTime value);
-// "January" to "December"; empty for any other number.
+// The English name of a month, 1 to 12. Empty for any other number.
 std::string EnglishMonthName(int month);
 
 // Reads a time such as "9:30:00 AM", "23:00:15 PM", "14:05" or "12:00". The suffix does not change
 // an hour above 12; 12 AM is midnight. RuntimeError 13 if the text is not a time.
 DateTime ParseTime(const std::string& text);
-// Reads "m/d/yyyy" or "m/d/yy". Two-digit years 00 to 29 mean 2000 to 2029, and 30 to 99 mean 1930
+// Reads "m/d/y". In a year of one or two digits, 0 to 29 mean 2000 to 2029, and 30 to 99 mean 1930
 // to 1999. RuntimeError 13 for any other text.
 DateTime ParseMonthDayYear(const std::string& text);
-// Reads "yyyy-mm-dd". RuntimeError 13 for any other text.
+// Reads "yyyy-mm-dd"; leading zeros are optional. RuntimeError 13 for any other text.
 DateTime ParseIsoDate(const std::string& text);
 
 }  // namespace base

@@ -18,8 +18,9 @@ constexpr std::string_view narrowNoBreakSpace = "\xe2\x80\xaf";
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-// Infinite if the number is too large for a double. The decimal sign is a point, also for strtod,
-// because the program never calls setlocale.
+// The value of a text that has only digits, a point and an exponent. Infinite if the number is too
+// large for a double. strtod expects a point as the decimal sign, because the program never calls
+// setlocale.
 double ValueOf(const std::string& plain) {
     std::int64_t whole = 0;
     const char* last = plain.data() + plain.size();
@@ -127,12 +128,12 @@ class NumberReader {
         return isNegative || opened == 1 ? -value : value;
     }
 
-    // Reads the exponent. False if it has no digits; true also if the number has no exponent.
+    // Reads the exponent, if there is one. False if it has no digits.
     bool TakeExponent(std::string& plain) {
         if (rest.empty() || std::string_view("eEdD").find(rest.front()) == std::string::npos) {
             return true;
         }
-        // A currency symbol may begin with the same letter.
+        // The letter may be the beginning of the currency symbol instead.
         if (!format.currencySymbol.empty() && rest.starts_with(format.currencySymbol)) {
             return true;
         }

@@ -21,7 +21,8 @@ std::string ToValidUtf8(std::string_view bytes);
 // Returns the character at position, and moves position to the next one. An invalid sequence gives
 // U+FFFD. position must be less than the size of the text.
 char32_t NextCharacter(std::string_view utf8, std::size_t& position);
-// Appends U+FFFD if the value is not a character (a surrogate, or above U+10FFFF).
+// Appends the character, or U+FFFD if the value is not a character (a surrogate, or above
+// U+10FFFF).
 void AppendCharacter(std::string& utf8, char32_t character);
 
 inline constexpr const char* lineBreak = "\r\n";

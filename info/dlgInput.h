@@ -2,8 +2,8 @@
 
 #include "forms/Form.h"
 
-// Asks whether to erase a message. The answer is in Shared().Answer: 2 yes, 1 no. Kept although
-// nothing reaches it; see docs/decisions/kept-unreachable.md.
+// Asks whether to erase a message. The answer is in Shared().Answer: 2 yes, 1 no. Unused, but kept
+// on purpose: see docs/decisions/kept-unreachable.md.
 class dlgInput : public forms::Form {
   public:
     dlgInput() : Form("dlgInput") {}

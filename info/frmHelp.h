@@ -2,8 +2,7 @@
 
 #include "forms/Form.h"
 
-// One page of help. Kept although nothing reaches it; see
-// docs/decisions/kept-unreachable.md.
+// One page of help. Unused, but kept on purpose: see docs/decisions/kept-unreachable.md.
 class frmHelp : public forms::Form {
   public:
     frmHelp() : Form("frmHelp") {}

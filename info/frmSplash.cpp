@@ -51,8 +51,8 @@ void frmSplash::tmrSplash_Timer() {
         ++TickCount;
         return;
     }
-    // The user is waiting for the notes. So allow the longer wait for files that other programs
-    // hold.
+    // The user is waiting for the notes, so allow the longer time for files that other programs
+    // hold; see Patience.
     forms::Application::Current().BeginUsersAction();
     Default<frmMain>().Show();
     Default<frmNote>().Load();
@@ -67,8 +67,8 @@ void frmSplash::ShowTips() {
     hideTips = Settings::viewTips.Read();
     Default<frmTip>().Load();
     if (hideTips != 1) {
-        // A window manager of X11 gives the focus back only to a window that had it before. So let
-        // the main window have it before the tips disable it.
+        // Window managers of X11 give the focus back only to a window that had it before. So give
+        // the main window the focus before the tips disable that window.
         forms::Application::Current().LetWindowsComeUp();
         Default<frmTip>().ShowModal();
         Default<frmTip>().Load();

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Index of the last tip but one. The last tip follows it.
+// Index of the last tip but one.
 constexpr int lastButOne = 8;
 
 }  // namespace
@@ -48,7 +48,8 @@ void frmTip::Design() {
 
 void frmTip::Form_Load() {
     icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
-    // The store may hold any number. If it is not a valid check mark, the box stays empty.
+    // The store may hold any number. If the number is not a state of a check box, the box stays
+    // empty.
     constexpr int grayed = 2;
     const int viewTips = StandardCode::Shared().ViewTipsFlag;
     chkShowTips.value = viewTips >= 0 && viewTips <= grayed ? viewTips : 0;

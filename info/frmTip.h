@@ -8,7 +8,7 @@
 
 // Shows one tip at a time. The window opens modally at start-up, unless the user has switched the
 // tips off, and from the menus of the main window. The check box always shows the setting that was
-// read at start-up (ViewTipsFlag), even if another setting has been saved since.
+// read at start-up (ViewTipsFlag), even if another value has been saved since.
 class frmTip : public forms::Form {
   public:
     frmTip() : Form("frmTip") {}

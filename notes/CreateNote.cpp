@@ -9,8 +9,8 @@ namespace StandardCode {
 
 namespace {
 
-// Not one of the codes 0 to 3. If the user never stored the options, the editor keeps its own font
-// size.
+// Not one of the codes 0 to 3, so the editor keeps its own font size if the user never stored the
+// options.
 constexpr std::int16_t noFontSizeCode = 12;
 
 void ApplyDefaultColor(frmNote& note, int code) {

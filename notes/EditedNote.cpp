@@ -56,7 +56,7 @@ bool EditedNote::LeavesFileAlone(bool isExit) const {
         return true;
     }
     const auto held = NoteStore::FingerprintOf(file);
-    // If the file cannot be read, saving the alarm will report the error.
+    // If the file cannot be read but its alarm must be switched off, let Save() report the error.
     return held == NoteStore::unknownContents ? !hasRung : held != fingerprint;
 }
 

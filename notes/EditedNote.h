@@ -12,8 +12,9 @@ class NoteEditor;
 class NoteStore;
 struct StoredNote;
 
-// The note in one editor: its file, the contents of that file that the editor knows, and the
-// recovery copy of an unsaved note. The store lists it among the open notes from Begin() to End().
+// The note in one editor: its file, the fingerprint of the file when the editor last read or wrote
+// it, and the recovery copy while the note is unsaved. The store lists the note among the open
+// notes from Begin() to End().
 class EditedNote {
   public:
     explicit EditedNote(NoteEditor& noteEditor) : editor(noteEditor) {}
@@ -36,33 +37,36 @@ class EditedNote {
     // Whether the note has a file and the file's name has this key; see SafeFile::NameKey().
     bool IsOfFile(const std::string& key) const { return !file.empty() && fileKey == key; }
 
-    // The record that the editor showed when everything was last saved.
+    // The record that counts as saved: the last one that was saved, with the changes of
+    // AcceptFiring().
     const StandardCode::NoteRecord& SavedRecord() const { return saved; }
-    // Marks the note as saved, as the editor shows it now.
+    // Makes SavedRecord() the record that the editor shows now.
     void MarkSaved();
-    // Accepts that the alarm has rung: the user need not save this change. audioAlarm is 1 or 0, as
-    // in the record.
+    // Call it when the alarm has rung, so that the alarm, which is off now, does not count as an
+    // unsaved change. audioAlarm is the present value of the record's AudioAlarm.
     void AcceptFiring(std::int16_t audioAlarm);
     // Whether the file has contents that this editor has neither read nor written.
     bool IsFileOther() const { return isFileOther; }
-    // Whether everything that the editor shows is saved, so that closing it loses nothing.
+    // Whether everything that the editor shows is saved, so that closing the editor loses nothing.
     bool IsSaved() const;
-    // Whether closing the editor must not write the file. The user must have changed nothing in
-    // this editor, and one of two conditions must be true: another program has changed the file, so
-    // the file is newer; or the program exits, and the file has no alarm that must be switched off.
-    // Call this, Save() and SaveBeforeTheEnd() for an open note only.
+    // Whether closing the editor must leave the file unchanged. That is so if the user has changed
+    // nothing in this editor, and either another program has changed the file, or the program exits
+    // and the file has no alarm that must be switched off. Call this, Save() and SaveBeforeTheEnd()
+    // for an open note only.
     bool LeavesFileAlone(bool isExit) const;
 
-    // Writes the file, unless it has these fields already. If the file has contents that this
-    // editor has neither read nor written, they are put aside first. Raises RuntimeErrors.
-    void Save();
-    // Moves the file to the Recycle Bin; does nothing for a note that was never saved. Raises
+    // Writes the note to its file, unless the file has the same fields already. If the file has
+    // contents that this editor has neither read nor written, they are put aside first. Raises
     // RuntimeErrors.
+    void Save();
+    // Moves the file to the Recycle Bin, or deletes it if there is no Recycle Bin. Does nothing for
+    // a note that was never saved. Raises RuntimeErrors.
     void Erase();
-    // Saves the note. If that fails, keeps it for the next start.
+    // Saves the note, unless LeavesFileAlone(true) returns true. If saving fails, calls
+    // KeepForNextStart().
     void SaveBeforeTheEnd();
-    // Leaves the file as it is. If the note is not saved, it stays in a recovery copy, and the next
-    // start restores it. Returns false if the note is neither in its file nor in the copy.
+    // Does not write the file. If the note is not saved, keeps it in a recovery copy, which the
+    // next start restores. Returns false if the note is neither in its file nor in the copy.
     bool KeepForNextStart();
 
     // Writes the recovery copy if the note is not saved, and removes the copy if it is. Does
@@ -71,10 +75,10 @@ class EditedNote {
     void RemoveCopy();
     // Takes over a copy that an earlier run of the program left.
     void Adopt(const RecoveredNote& recovered);
-    // Moves the note to the Recycle Bin as a recovery copy if it is not saved.
+    // If the note is not saved, writes a recovery copy and moves it to the Recycle Bin.
     void RecycleUnsaved();
 
-    // Called by the store only. The file now has this fingerprint. Empty if the file is gone.
+    // Called by the store only. newFingerprint is that of the file now; empty if the file is gone.
     void FileHolds(std::optional<std::uint64_t> newFingerprint);
     // Called by the store only, when the editor has read or written the file.
     void SawFile(const std::string& fileName, std::uint64_t seenFingerprint);

@@ -8,7 +8,7 @@
 
 #include "forms/Devices.h"
 
-// The files of the notes folder, as the folder was listed.
+// The files of the notes folder when it was listed.
 class Listing {
   public:
     Listing() = default;
@@ -21,10 +21,11 @@ class Listing {
 
     const std::vector<forms::FileEntry>& Files() const { return files; }
     // The listed file that the file system finds under this name. Null if there is none. The result
-    // is valid as long as the listing.
+    // is valid until the listing is destroyed.
     const forms::FileEntry* Find(const std::string& name) const;
 
   private:
     std::vector<forms::FileEntry> files;
-    mutable std::unordered_map<std::string_view, const forms::FileEntry*> byName;  // from Find() on
+    // Filled by Find().
+    mutable std::unordered_map<std::string_view, const forms::FileEntry*> byName;
 };

@@ -134,7 +134,7 @@ void NoteAlarm::Set(bool set) {
         note.tmrNote.interval = dueTestInterval;
         note.fraAlarm.caption = " Alarm Set ";
         FillCalendar();
-        // Do not wait for the clock's first tick: it may come after the second of the alarm.
+        // Do not wait for the first tick of tmrNow, which may come after the second of the alarm.
         RestUntilNear();
     }
     if (this == &forms::Default<frmNote>().alarm) {

@@ -31,7 +31,7 @@ class NoteAlarm {
     // Sets the alarm, or clears it if it is set. RuntimeError 53 if an icon is missing.
     void Toggle();
     void Clear();
-    // Shows an alarm that was set earlier, with its icon.
+    // Sets an alarm that was stored as set, and shows this icon.
     void Restore(const forms::Picture& alarmIcon);
 
     // Call it once a second. Lets tmrNote tick only while the alarm is near.
@@ -39,8 +39,8 @@ class NoteAlarm {
     // Handlers for the ticks of tmrNote and tmrLabel.
     void FireIfDue();
     void Blink();
-    // The clocks of all editors blink while the default editor's alarm is set. If they do not
-    // blink, this removes the handler of tmrLabel, so that the timer causes no wake-ups.
+    // The clocks of all editors blink while the default editor's alarm is set. If they blink,
+    // connects the handler of tmrLabel; if not, removes it, so that the timer causes no wake-ups.
     void FollowBlinking();
 
   private:

@@ -8,8 +8,8 @@ class NoteEditor {
     virtual forms::Form& Window() = 0;
     // The note as the window shows it.
     virtual StandardCode::NoteRecord Record() = 0;
-    // Whether Record() would equal this record. Does not copy the text: a hundred editors call this
-    // each second.
+    // Whether Record() would equal this record, apart from title and trailer. Does not copy the
+    // text: a hundred editors call this each second.
     virtual bool Shows(const StandardCode::NoteRecord& record) = 0;
     // Saves the note without a question, because the program ends. If it cannot be saved, it is
     // kept for the next start.

@@ -41,8 +41,8 @@ bool IsInteger(std::string_view field) {
     return !field.empty() && field.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-// The position at which the fields after the note's text begin. Nothing if the file does not end
-// with these fields.
+// The position at which the fields after the note's text begin. Empty if the file does not end with
+// these fields.
 std::optional<std::size_t> FindFieldsBehindText(std::string_view text) {
     constexpr std::array<bool (*)(std::string_view), fieldsBehindText> isRight{
         IsDate, IsTime, IsInteger, IsInteger, IsText, IsInteger, IsText};
@@ -60,10 +60,10 @@ std::optional<std::size_t> FindFieldsBehindText(std::string_view text) {
 
 // The positions of title and text in a file that ends with the right fields.
 struct Places {
-    std::size_t titleEnd;  // position of the quote
+    std::size_t titleEnd;  // position of the closing quote
     std::size_t textStart;
-    std::size_t textEnd;  // position of the quote
-    std::size_t rest;
+    std::size_t textEnd;  // position of the closing quote
+    std::size_t rest;     // position of the first field after the text
 };
 
 std::optional<Places> FindPlaces(std::string_view text) {
@@ -73,7 +73,7 @@ std::optional<Places> FindPlaces(std::string_view text) {
         return std::nullopt;
     }
     const std::size_t titleEnd = text.find('"', 1);
-    const std::size_t textEnd = *rest - 2;  // before the comma
+    const std::size_t textEnd = *rest - 2;  // the quote before the comma
     if (titleEnd == std::string_view::npos ||
         !text.substr(titleEnd).starts_with(betweenTitleAndText)) {
         return std::nullopt;
@@ -136,8 +136,9 @@ void Decode(const std::string& bytes, StandardCode::NoteRecord& record) {
         Parse(text, record);
         return;
     }
-    // The code page has characters of two bytes, and the last byte of the title or of the text has
-    // joined with the quote after it into one character.
+    // The code page has characters of two bytes, and FromBytes() has joined the last byte of the
+    // title or of the text and the quote after it into one character. So find the fields in the
+    // bytes.
     RecordText::Reader reader = TakeTitleAndText(bytes, *places, record);
     record.Title = RecordText::FromBytes(record.Title);
     record.Text = RecordText::FromBytes(record.Text);

@@ -8,8 +8,8 @@
 // The file of one note: one record of nine fields.
 namespace NoteFile {
 
-// How the alarm time is written. After the alarm has rung, it is written as the text "#12:00#",
-// whatever time is in the record.
+// How the alarm time is written. RewrittenText means the text "#12:00#" instead of the time in the
+// record. Alarm displays write it when they switch the alarm off.
 enum class TimeField { Time, RewrittenText };
 
 // The text of the file. The last field is always "yes". Double quotes in the note's text are
@@ -19,9 +19,9 @@ std::string Compose(const StandardCode::NoteRecord& record, TimeField timeField 
 std::string Encode(const StandardCode::NoteRecord& record, TimeField timeField = TimeField::Time);
 
 // Accepts any text. If the text ends with seven fields as Compose() writes them, the note's text is
-// everything between the title and these fields. If not, each field ends at its quote, comma or
-// line end. A field that is not a date is read as the zero date, and a field that is not a number
-// as 0.
+// everything between the title and these fields. If not, each field ends at its closing quote, at a
+// comma or at the line end. A text in place of a date gives the zero date, and a text in place of a
+// number gives 0.
 //
 // After an error, the record holds the fields before it. RuntimeError 62 if there are too few
 // fields, 13 for a malformed date between number signs, 6 for a number that does not fit.

@@ -17,7 +17,8 @@ constexpr int heightWithoutPanel = 6300;
 // The height of the panel and the margin below it.
 constexpr int panelRoom = heightWithPanel - heightWithoutPanel;
 constexpr int toolbarHeight = 480;
-// The toolbar's pictures begin above the edge of the text.
+// The toolbar begins this much to the left of the text, so that its pictures begin above the left
+// edge of the text.
 constexpr int toolbarPlace = 60;
 constexpr int textTop = toolbarHeight + 2 * toolbarPlace;
 constexpr int smallestText = 600;
@@ -27,8 +28,8 @@ constexpr int alarmHeight = 1275;
 
 void NoteLayout::Design() {
     note.tlbMain.accessibleName = "Note";
-    // The toolbar is above the text. The text has the focus first, and the Tab key reaches the
-    // toolbar last.
+    // Although the toolbar is above the text, the text has the focus first, and the Tab key reaches
+    // the toolbar last.
     constexpr int lastTab = 100;
     note.tlbMain.tabIndex = lastTab;
     note.ilsMain.images = {

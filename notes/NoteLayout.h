@@ -2,9 +2,9 @@
 
 class frmNote;
 
-// The toolbar and the date-and-time panel of an editor, and the places of all its parts. The text
-// takes the space that the other parts leave. The panel is at the bottom. While it is hidden, it is
-// below the window's edge.
+// The toolbar and the date-and-time panel of an editor, and the places of all controls of the
+// editor. The text takes the space that the other controls leave. The panel is at the bottom. While
+// it is hidden, it is below the window's edge.
 class NoteLayout {
   public:
     explicit NoteLayout(frmNote& editor) : note(editor) {}

@@ -10,7 +10,8 @@ namespace StandardCode {
 
 namespace {
 
-// The name of a note's file may differ from its title.
+// Whether a note with this title has a file. Reads the files, because their names may differ from
+// the titles.
 bool IsTitleInAnyFile(const std::string& title) {
     if (NoteStore::Exists(NoteStore::FileNameFor(title))) {
         return true;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int printedFontSize = 12;
 
-// Returns false if there was an error. If the user cancels the document, that is no error.
+// Returns false if there was an error. A document that the user cancels is not an error.
 bool PrintDocument(const std::string& title, const std::string& text) {
     forms::Printer& printer = *forms::Machine().printer;
     try {
@@ -35,7 +35,7 @@ void Abandon() {
     try {
         forms::Machine().printer->AbandonDocument();
     } catch (const base::RuntimeError&) {
-        // Either there was no document or its printer is gone. The box below reports the failure.
+        // Either there was no document or its printer is gone. PrintNote() reports the failure.
     }
 }
 

@@ -36,14 +36,14 @@ bool SaysTheSame(const std::string& bytes, const NoteRecord& record) {
     return held == record;
 }
 
-// Whether the error may be temporary: a missing file or folder, a device, access denied.
+// Whether the error may be temporary: a missing file or folder, a device error, permission denied.
 bool MayPass(const base::RuntimeError& error) {
     return error == base::ErrorNumber::FileNotFound || error == base::ErrorNumber::PathNotFound ||
            error == base::ErrorNumber::DeviceIoError ||
            error == base::ErrorNumber::PermissionDenied;
 }
 
-// Reads a file that had too few fields once more. Another program may have been writing it.
+// Reads a file again, after a pause, because another program may have been writing it.
 std::string ReadLater(const std::string& path) {
     forms::Machine().system->Pause(pauseBeforeSecondLook);
     return Files().Read(path);
@@ -104,7 +104,7 @@ bool NoteStore::LoadSlots(int& slot) {
             LoadSlot(slot, file, before);
         } catch (const base::RuntimeError& error) {
             if (!(error == base::ErrorNumber::InputPastEndOfFile)) {
-                // Keep the part that could be read: its title is taken.
+                // Keep the fields that could be read, so that IsTaken() finds the title.
                 ++slot;
                 throw;
             }
@@ -144,7 +144,8 @@ void NoteStore::LoadSlot(int slot, const forms::FileEntry& file, Earlier& before
     }
     record = NoteRecord{};
     const std::string path = PathOf(file.name);
-    // If the file was held by another program before and has not changed, do not wait for it again.
+    // If an error of this file has been shown and the folder has not changed since, do not wait for
+    // the file again.
     const bool isKnownToFail = reports.HasShown(file.name);
     std::string bytes =
         isKnownToFail ? Files().Read(path) : Patience::Try([&] { return Files().Read(path); });
@@ -188,7 +189,8 @@ StoredNote NoteStore::OfSlot(int slot) const {
     const auto place = static_cast<std::size_t>(slot - 1);
     if (place < loaded) {
         note.file = listing.Files()[place].name;
-        // If the file was written after the array was rebuilt, the slot does not hold its contents.
+        // If the store wrote the file after the last Load(), the slot does not hold its contents,
+        // and the fingerprint is unknownContents.
         const auto known = slotted.find(note.file);
         note.fingerprint = known == slotted.end() ? 0 : known->second.fingerprint;
     }
@@ -225,7 +227,7 @@ bool NoteStore::IsTaken(const std::string& title) const {
     const std::string onDisk = Files().NameOnDisk(PathOf(file));
     const auto first = listing.Files().begin();
     const auto loadedEnd = first + static_cast<std::ptrdiff_t>(loaded);
-    // Compare upper and lower case in the title, but not in the extension.
+    // The letter case of the title must match, but that of the extension need not.
     return onDisk.size() == file.size() && onDisk.starts_with(title) &&
            std::none_of(first, loadedEnd,
                         [&](const forms::FileEntry& entry) { return entry.name == onDisk; });
@@ -343,8 +345,8 @@ void NoteStore::Tell(const std::string& file, std::optional<std::uint64_t> finge
     }
 }
 
-// The file system's clock may not advance between two saves. So the size and the time of a file
-// that was written here do not show whether it has changed.
+// Two saves can have the same time of change, because the file system's clock is coarse. So the
+// size and the time of a file that was just written do not show whether it has changed.
 void NoteStore::Forget(const std::string& file) {
     const std::string key = SafeFile::NameKey(file);
     const auto forget = [&](auto& seen) {

@@ -26,15 +26,16 @@ struct StoredNote {
     std::uint64_t fingerprint = 0;  // of the file's bytes
 };
 
-// The note files and the open notes. Only this class lists, reads, writes, rewrites, recycles and
-// remembers note files. Each file is one note: two files with the same title are two notes. Names
-// of files are compared by the rules of the file system.
+// The note files and the open notes. Only this class lists, reads, writes and erases note files.
+// Each file is one note: two files with the same title are two notes. Names of files are compared
+// by the rules of the file system.
 //
 // If another program holds a file, the store retries for a short time; see Patience. RuntimeErrors
 // are those of forms::FileSystem and NoteFile::Decode().
 class NoteStore {
   public:
-    // While an object of this class exists, Load() reports no errors. Used when the program ends.
+    // While an object of this class exists, Load() shows no errors, and the control panel is not
+    // reloaded.
     class Quiet {
       public:
         explicit Quiet(NoteStore& noteStore) : store(noteStore) { ++store.quiet; }
@@ -51,14 +52,14 @@ class NoteStore {
     static std::string FileNameFor(const std::string& title) { return title + ".txt"; }
 
     // Rebuilds NotesArray and NoteCount from the note files, then raises NotesArrayLoaded. Tells
-    // every open note if its file has changed, even if the file is in no slot. Returns whether
-    // every listed note was loaded, or every slot is filled. If so, a second call would change
+    // every open note if its file has changed, even if the file is in no slot. Returns true if
+    // every listed note was loaded or every slot is filled; then a second call would change
     // nothing.
     //
-    // A file with too few fields is read once more after a moment, because another program may be
-    // writing it. If it stays so, it goes to the Recycle Bin and ends the listing. If there are
-    // more files than slots, all slots are filled and counted. Any other error leaves NoteCount
-    // unchanged.
+    // A file with too few fields is read again after a moment, because another program may be
+    // writing it. If it still has too few fields, the file is put aside (see SafeFile::PutAside()),
+    // and the files after it are not loaded. If there are more files than slots, all slots are
+    // filled and counted. Any other error leaves NoteCount unchanged.
     //
     // If a file or the folder was out of reach, LoadAgainIfDue() tries again.
     //
@@ -66,17 +67,17 @@ class NoteStore {
     // the folder changes. The error that there are more files than slots is shown once for each
     // action of the user.
     bool Load();
-    // Calls Load() again, without a message, half a minute after it met an error that may pass: a
-    // network or a cloud that was out of reach, a file that another program held. The alarms of the
-    // notes that were not loaded would not ring. Call it once a second.
+    // If Load() met an error that may pass, for example because a network was out of reach, calls
+    // it again half a minute later, without a message. Otherwise the alarms of the notes that were
+    // not loaded would never ring. Call it once a second.
     void LoadAgainIfDue();
 
     // The listing from which the last Load() rebuilt the array.
     const std::vector<forms::FileEntry>& ListedFiles() const { return listing.Files(); }
     // The note files that exist now, in the order of the folder's listing.
     static std::vector<forms::FileEntry> List();
-    // The note in a listed file. Does not read the file again if it has not changed since Load()
-    // read it.
+    // The note in a listed file. Does not read the file again if it has not changed since it was
+    // last read.
     StoredNote Read(const forms::FileEntry& file);
     static StoredNote Read(const std::string& file);
     // The note in this slot of NotesArray. RuntimeError 9 for a slot outside 1 to 100.
@@ -84,8 +85,8 @@ class NoteStore {
     static bool Exists(const std::string& file);
     // The fingerprint of a file that cannot be read. Two files with this fingerprint may differ.
     static constexpr std::uint64_t unknownContents = 0;
-    // Empty if there is no such file. If isPatient is true, waits for a file that another program
-    // holds.
+    // The fingerprint of a file: empty if there is no such file, unknownContents if it cannot be
+    // read. If isPatient is true and another program holds the file, retries; see Patience.
     static std::optional<std::uint64_t> FingerprintOf(const std::string& file,
                                                       bool isPatient = true);
     // Whether a note with exactly this title is in NotesArray, or in a file that was not loaded.
@@ -95,19 +96,20 @@ class NoteStore {
     // neither read nor written the file's contents, they go to the Recycle Bin first, or to a file
     // whose name ends with ".replaced".
     void Save(EditedNote& note, const StandardCode::NoteRecord& record);
-    // Replaces the whole file or leaves it unchanged. If a fingerprint is given and the file has
-    // another one, its contents are put aside as in Save().
+    // Replaces the whole file or leaves it unchanged. If known is given and the file has another
+    // fingerprint, the file's contents are put aside as in Save().
     void Write(const std::string& file, const StandardCode::NoteRecord& record,
                NoteFile::TimeField timeField = NoteFile::TimeField::Time,
                std::optional<std::uint64_t> known = std::nullopt);
-    // Moves a file to the Recycle Bin. If there is none, deletes the file. RuntimeError 53 if the
-    // file is missing.
+    // Moves a file to the Recycle Bin. If there is no Recycle Bin, deletes the file. RuntimeError
+    // 53 if the file is missing.
     void Erase(const std::string& file);
 
     // The open notes, in the order in which they were opened.
     const std::vector<EditedNote*>& OpenNotes() const { return open; }
-    // The open note of this file. If several notes have it, returns the first one whose editor
-    // knows the file's present contents, or else the first one. Null if there is none.
+    // The open note of this file. If the file is open in several editors, returns the first note
+    // whose editor has read or written the file's present contents, or else the first note. Null if
+    // the file is not open.
     EditedNote* FindOpen(const std::string& file) const;
 
     // For EditedNote only.
@@ -118,12 +120,12 @@ class NoteStore {
     // No file has this size.
     static constexpr std::uint64_t ofNoFile = std::numeric_limits<std::uint64_t>::max();
 
-    // A file as it was when it was last read.
+    // The state of a file when it was last read.
     struct Seen {
         std::uint64_t size = ofNoFile;
         std::int64_t changed = 0;
         std::uint64_t fingerprint = 0;
-        int slot = 0;  // holds the note that was read; 0: none
+        int slot = 0;  // 0: none
 
         bool IsOf(const forms::FileEntry& file) const {
             return size == file.size && changed == file.changed;
@@ -134,13 +136,14 @@ class NoteStore {
         std::optional<StandardCode::NoteRecord> record;  // empty: the file was not decoded
     };
 
-    // The notes that the last Load() read. Usually they are unchanged, so their records stay in
-    // their slots until a file is found that belongs into another slot.
+    // The notes of the previous Load(). Usually no file has changed, so the records stay in their
+    // slots until a file is found that belongs in another slot.
     struct Earlier {
         std::map<std::string, Seen> slotted;
         std::unique_ptr<StandardCode::NotesTable> moved;  // null: no record was moved
 
-        // Moves the records of this slot and of the following slots here, unless they are here.
+        // Moves the records of this slot and of all later slots from NotesArray to moved. Does
+        // nothing if records have been moved before.
         void MoveFrom(int slot);
     };
 
@@ -149,22 +152,22 @@ class NoteStore {
     void LoadSlot(int slot, const forms::FileEntry& file, Earlier& before);
     void TellOpenNotes();
     // The fingerprint of a listed file that is in no slot. Reads the file only if its size or its
-    // time of change has changed since it was last read.
+    // time of change has changed since the last reading, or if that reading failed.
     std::uint64_t FingerprintOfUnslotted(const forms::FileEntry& file);
     void Tell(const std::string& file, std::optional<std::uint64_t> fingerprint,
               const EditedNote* except = nullptr);
     void Forget(const std::string& file);
 
     Listing listing;
-    // By file name, as listed. If a file was written here since the last Load(), its entry
-    // has the size ofNoFile.
+    // By file name, as listed. If the store has written a file since the last Load(), the entry has
+    // the size ofNoFile.
     std::map<std::string, Seen> slotted;
-    std::map<std::string, SeenRecord> unslotted;  // files beyond the last slot, and their records
+    std::map<std::string, SeenRecord> unslotted;  // files in no slot, and their records
     std::size_t loaded = 0;                       // number of listed files in slots, from slot 1 on
     LoadReports reports;
     std::vector<EditedNote*> open;
     int quiet = 0;
-    std::optional<std::int64_t> loadAgainAt;  // monotonic milliseconds
+    std::optional<std::int64_t> loadAgainAt;  // monotonic milliseconds; empty: not needed
 };
 
 namespace StandardCode {
@@ -173,7 +176,7 @@ namespace StandardCode {
 NoteStore& Notes();
 std::shared_ptr<NoteStore> SharedNotes();
 
-// Calls Notes().Load().
+// See NoteStore::Load().
 bool LoadNotesArray();
 // Titles of the open notes, in the order in which they were opened.
 std::vector<std::string> NoteTitles();

@@ -13,12 +13,12 @@ class NoteStyle {
   public:
     explicit NoteStyle(frmNote& editor) : note(editor) {}
 
-    // The function runs after the user has chosen a colour or a size.
+    // chosen runs after the user has chosen a colour or a size from a menu.
     void Design(const std::function<void()>& chosen);
-    // Changes the colour of the text box, and checks the entry of the colour menu with this number,
-    // 1 to 6.
+    // Changes the colours of the text box, and checks the entry newColorIndex, 1 to 6, of the
+    // colour menu.
     void ApplyColor(StandardCode::NoteColor color, std::size_t newColorIndex);
-    // points must be 10, 12, 14 or 16. Any other size changes nothing.
+    // Does nothing if points is not 10, 12, 14 or 16.
     void ApplyFontSize(int points);
     // 1 to 6, see noteColors.
     std::size_t ColorIndex() const { return colorIndex; }

@@ -30,8 +30,8 @@ std::shared_ptr<frmNote> LoadedEditor(const StoredNote& note) {
 
 std::shared_ptr<frmNote> OpenEditor(const StoredNote& note) {
     NoteRecord record = note.record;
-    // Load the icon first. If it is missing, no editor must open: an editor without the alarm would
-    // save the note without it.
+    // Load the icon first: if it is missing, no editor may open, because an editor without the
+    // alarm would save the note without the alarm.
     const forms::Picture alarmIcon =
         record.AlarmState == "1" ? NoteAlarm::Icon() : forms::Picture{};
     auto editor = LoadedEditor(note);

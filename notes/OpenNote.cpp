@@ -23,7 +23,7 @@ void BringUp(frmNote& note) {
 }  // namespace
 
 void OpenNote(int slot) {
-    // Use a copy: loading an editor closes the control panel, which may rebuild the array.
+    // Use a copy, because the array may be rebuilt while the editor is loaded and shown.
     const StoredNote note = Notes().OfSlot(slot);
     // A file must not have two editors: the editor that is closed last would write its old text
     // over the text that the other editor saved.

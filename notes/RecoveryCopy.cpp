@@ -18,16 +18,17 @@ constexpr const char* extension = ".recovery";
 constexpr std::string_view header = "Jotwright recovery copy 2\r\n";
 constexpr std::string_view earlierHeader = "Jotwright recovery copy\r\n";
 constexpr std::string_view lineEnd = "\r\n";
-// The number of bytes of a title that the name of a copy contains. With the rest of the name, they
-// do not exceed the limit of any file system.
+// The name of a copy contains about this many bytes of the title. With its other parts, it does not
+// exceed the limit of any file system.
 constexpr std::size_t shownOfTitle = 100;
 
 forms::FileSystem& Files() { return *forms::Machine().files; }
 
 std::string KeyOf(const std::string& path) { return forms::Machine().locale->ToUpper(path); }
 
-// A title may contain characters that are not allowed in file names. Such a note cannot be saved,
-// so its recovery copy matters even more.
+// The beginning of a copy's name. Replaces characters of the title that are not allowed in file
+// names. A note with such a character in its title cannot be saved, so its recovery copy matters
+// even more.
 std::string StemOf(const std::string& title) {
     const std::string refused = "<>:\"/\\|?*";
     std::string stem = "~";
@@ -118,13 +119,14 @@ std::string Encode(const RecoveredNote& note) {
            Hexadecimal(NoteFile::Fingerprint(contents)) + std::string(lineEnd) + contents;
 }
 
-// A copy that was read, and the program that wrote it.
+// A copy that was read, and the instance id of the program that wrote it.
 struct Decoded {
     RecoveredNote note;
     std::string instanceId;
 };
 
-// A copy of an earlier version has title and text, and no information on the note's file.
+// A copy that an earlier version wrote has only title and text, and no information about the note's
+// file.
 std::optional<Decoded> DecodeEarlier(std::string_view contents) {
     CopyReader reader(contents);
     const auto title = reader.Text();
@@ -206,7 +208,7 @@ void RecoveryCopy::Remove() {
         }
         Forget();
     } catch (const base::RuntimeError&) {
-        // Keep the path in use, so that the next call tries again.
+        // Keep the path, so that the next call tries again.
         written = false;
     }
 }
@@ -265,7 +267,7 @@ std::vector<RecoveredNote> RecoveryCopy::Find() {
                 found.push_back(std::move(decoded->note));
             }
         } catch (const base::RuntimeError&) {
-            // Save the other copies.
+            // Skip a copy that cannot be read.
         }
     }
     return found;

@@ -42,7 +42,7 @@ void ReadNotes() {
     forms::SetMousePointer(forms::MousePointer::Hourglass);
     ReportLoadErrors([] {
         const auto files = NoteStore::List();
-        // If a file ends the restoring, the unsaved notes must still be restored.
+        // If a file cannot be restored, the unsaved notes must still be restored.
         ReportLoadErrors([&files] { RestoreFiles(files); });
         BringBackUnsaved();
     });

@@ -2,9 +2,9 @@
 
 namespace StandardCode {
 
-// Opens the editor of every note file, minimised, and restores the unsaved notes of a program that
-// was killed. An error is shown and ends the restoring of the files. The mouse pointer remains an
-// hourglass.
+// Opens an editor, minimised, for every note file, then restores the unsaved notes of a program
+// that was killed. If a file cannot be opened, shows the error and skips the files after it. Leaves
+// the mouse pointer as an hourglass.
 void ReadNotes();
 
 }  // namespace StandardCode

@@ -16,8 +16,8 @@ namespace StandardCode {
 
 namespace {
 
-// Whether the file has the same contents as when the copy was made, so that no saved text can
-// be lost.
+// Whether no saved text can be lost: either the file is missing, or it has the same contents as
+// when the copy was made.
 bool IsAsKnown(const RecoveredNote& recovered, const std::string& file) {
     const auto held = NoteStore::FingerprintOf(file);
     return !held ||
@@ -56,8 +56,8 @@ frmNote* Shown(const std::shared_ptr<frmNote>& editor) {
     return editor.get();
 }
 
-// The editor for a note that was never saved. Null if a file of its name was created or changed
-// after the copy was made.
+// The editor for a note that was never saved. Null if the file named after its title was created or
+// changed after the copy was made.
 frmNote* NewEditor(const RecoveredNote& recovered) {
     const std::string file = NoteStore::FileNameFor(recovered.record.Title);
     return IsAsKnown(recovered, file) ? Shown(OpenNewEditor(recovered.record.Title)) : nullptr;
@@ -94,7 +94,8 @@ RecoveredNote Titled(RecoveredNote recovered, const std::string& title) {
 }  // namespace
 
 void UnsavedNotes::BringBack(const RecoveredNote& recovered) {
-    // Load the icon first. Without it the alarm could not be shown, and the copy would lose it.
+    // Load the icon first: without it, the editor could not show the alarm, and the copy would lose
+    // the alarm.
     const forms::Picture alarmIcon =
         recovered.record.AlarmState == "1" ? NoteAlarm::Icon() : forms::Picture{};
     frmNote* editor = recovered.file.empty() ? NewEditor(recovered) : EditorOf(recovered);
@@ -122,7 +123,7 @@ frmNote* UnsavedNotes::EditorOf(const RecoveredNote& recovered) const {
         frmNote& editor = WindowOf(*open);
         return filled.contains(&editor) ? nullptr : &editor;
     }
-    return OpenFile(recovered.file);  // an earlier file has ended the restoring
+    return OpenFile(recovered.file);  // RestoreFiles() stopped at an error before this file
 }
 
 }  // namespace StandardCode

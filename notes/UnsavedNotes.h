@@ -8,11 +8,11 @@ struct RecoveredNote;
 namespace StandardCode {
 
 // Opens the unsaved notes of a killed program in editors. If the note's file has not changed since
-// then, the note's own editor shows the unsaved text. Otherwise a new note beside the saved one
-// gets it.
+// the recovery copy was made, the note's own editor shows the unsaved note. Otherwise a new note,
+// beside the saved one, shows it.
 class UnsavedNotes {
   public:
-    // RuntimeErrors if the note's icon is missing, or if a file cannot be looked at.
+    // RuntimeError 53 if an icon is missing, and those of forms::FileSystem.
     void BringBack(const RecoveredNote& recovered);
 
   private:

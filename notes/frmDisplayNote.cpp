@@ -20,7 +20,7 @@ namespace {
 using Grid::margin;
 constexpr int lineTop = 510;
 constexpr int textTop = 660;
-// The colour index for shades that have no index.
+// The colour index of gray, which also stands for any other colour.
 constexpr std::int16_t lastColorIndex = 6;
 
 std::int16_t ColorIndexOf(const std::optional<forms::Color>& backColor) {
@@ -64,8 +64,8 @@ void frmDisplayNote::Design() {
     lblNoteText.fontSize = 12;
     lblNoteText.toolTip = "Right Click Above Lines To Access Menu";
     lblNoteText.accessibleName = "Note";
-    // The text is the only control that can have the focus. Without this, the keyboard could not
-    // open the window's menu.
+    // The text is the only control that can have the focus. If it took the menu key, the keyboard
+    // could not open the window's menu.
     lblNoteText.leavesMenuKey = true;
     lblNoteText.Place(margin, textTop, 4440, 2820);
 
@@ -179,7 +179,7 @@ bool frmDisplayNote::KeepNote() {
         return ReWriteNote();
     }
     if (!IsTextChanged()) {
-        fingerprint = saved->fingerprint;  // writing keeps the text in the file
+        fingerprint = saved->fingerprint;  // the file's text is written again
     }
     return KeepSaved(saved->record);
 }

@@ -8,10 +8,10 @@
 #include "notes/RecoveryCopy.h"
 
 // Shows a saved note whose alarm is due. Each note has its own instance, and the caption is the
-// note's title. Closing the window asks whether to erase the note. If the note is kept, its alarm
-// is switched off in the file. If an editor has saved changes while the window was open, they are
-// kept, and an alarm that was set again stays set. A text that was typed in this window takes
-// precedence over the text in the file.
+// note's title. When the user closes the window, it asks whether to erase the note. If the user
+// keeps the note, the window switches the alarm off in the file. If an editor saved the note while
+// this window was open, closing keeps those changes, and an alarm that was set again stays set. But
+// a text that the user typed in this window replaces the text in the file.
 //
 // The default instance is loaded hidden at start-up, holds no note and closes silently.
 class frmDisplayNote : public forms::Form {
@@ -50,8 +50,8 @@ class frmDisplayNote : public forms::Form {
     // Whether this window was opened for this note and for the present date and time of its alarm.
     bool ShowsAlarmOf(const StoredNote& note) const;
     // Replaces the note's file with the note as the window shows it, in one step and with the alarm
-    // switched off. On a failure, returns false and leaves the file unchanged. A text that was
-    // typed here is then kept in a recovery copy. The failure is shown, unless the session ends.
+    // switched off. If that fails, returns false, leaves the file unchanged, and keeps a text that
+    // was typed here in a recovery copy. Shows the error, unless the session ends.
     bool ReWriteNote();
 
   private:
@@ -59,10 +59,10 @@ class frmDisplayNote : public forms::Form {
     bool IsToBeErased();  // asks the user
     void EraseNote();
     bool KeepNote();  // false if the note could not be written
-    // The note in the file, if it has changed since this window opened.
+    // The note in the file, if the file has changed since this window opened.
     std::optional<StoredNote> SavedMeanwhile() const;
     bool KeepSaved(StandardCode::NoteRecord note);
-    // Switches the note's alarm off and writes it.
+    // Switches the note's alarm off and writes the note.
     bool WriteSilenced(StandardCode::NoteRecord& note);
     bool Write(StandardCode::NoteRecord& note, NoteFile::TimeField timeField);
     void KeepCopy(const StandardCode::NoteRecord& note);
@@ -74,7 +74,7 @@ class frmDisplayNote : public forms::Form {
     void mnuClose_Click();
 
     std::string file;
-    std::uint64_t fingerprint = 0;  // of the contents of the file that may be overwritten
+    std::uint64_t fingerprint = 0;  // of the file contents that may be overwritten
     StandardCode::NoteRecord shown;
     std::string shownText;
     RecoveryCopy copy;  // of the note, if the text that the user typed here could not be saved

@@ -91,8 +91,8 @@ void frmNote::Form_Load() {
 }
 
 void frmNote::Form_Activate() {
-    // Closing compares only the length of the text with the length that is stored here. It would
-    // miss a change that was made before, so check the text now.
+    // Closing compares only the length of the text with the length that is stored here. That would
+    // miss a change that was made before, so compare the whole text now.
     if (edited.IsOpen() && txtNote.text() != edited.SavedRecord().Text) {
         NoteChanged = true;
     }
@@ -174,7 +174,7 @@ void frmNote::TakeRecovered(const RecoveredNote& recovered, const forms::Picture
     NoteChanged = true;
     windowState = forms::WindowState::Normal;
     Show();
-    // From now on, the copy belongs to this program.
+    // Write the copy again with this program's instance id, so that other programs skip it.
     edited.KeepCopy();
 }
 
@@ -188,15 +188,15 @@ void frmNote::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
     }
     cancel = !(Shared().ControlPanelMode ? CloseThroughPanel() : CloseSilently());
     if (cancel) {
-        // The note could not be saved. Its text is only in this window, so show it.
+        // The note could not be saved. Its text is only in this window, so show the window.
         if (windowState() == forms::WindowState::Minimized) {
             windowState = forms::WindowState::Normal;
         }
         return;
     }
     // Two kinds of changes have been neither saved nor asked about. In the first, the user chose to
-    // erase the note from the toolbar and then answered No. In the second, a note was opened
-    // through the panel, and its text has changed but not its length.
+    // erase the note from the toolbar and then answered No. In the second, the user changed the
+    // text of a note that was opened through the panel, but its length is the same.
     if (NoteErased ? !isErasingConfirmed : !NoteChanged) {
         edited.RecycleUnsaved();
     }
@@ -338,7 +338,8 @@ void frmNote::mnuShow_Click() {
 }
 
 void frmNote::mnuKill_Click() {
-    // The erasing is not confirmed yet: the program may end while the question is shown.
+    // Not confirmed yet: the program may end while the question is shown, and must then save the
+    // note.
     isErasingConfirmed = false;
     const auto answer =
         forms::MsgBox("Are you sure you would like to erase " +
@@ -354,13 +355,13 @@ void frmNote::mnuKill_Click() {
     try {
         edited.Erase();
     } catch (const base::RuntimeError&) {
-        // An error in erasing is not reported, and the window closes.
+        // The error is not reported, and the window closes.
     }
     try {
-        // If the window stays open, its text must be saved again.
+        // If the window stays open, the note must be saved at the next closing.
         isErasingConfirmed = Unload();
     } catch (const base::RuntimeError&) {
-        // The window stays open here too.
+        // An error leaves the window open, too.
         isErasingConfirmed = false;
     }
 }

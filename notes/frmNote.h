@@ -13,8 +13,8 @@
 #include "notes/NoteStyle.h"
 
 // The editor of one note: its text, colour, font size and alarm. The caption is the note's title.
-// OpenEditor.h opens editors. When the window closes, a restored or new note is saved without a
-// question. An editor that was opened through the control panel asks.
+// OpenEditor.h opens editors. When the window closes, it saves the note without a question. But
+// while ControlPanelMode is set, it asks whether to save changes.
 //
 // The default instance is never shown and holds no note. It saves nothing, asks nothing and deletes
 // nothing.
@@ -48,7 +48,7 @@ class frmNote : public forms::Form, public NoteEditor {
 
     forms::Timer tmrNow{this, "tmrNow", forms::TimerPhase::ClockSecond};
     forms::Timer tmrNote{this, "tmrNote", forms::TimerPhase::ClockSecond};
-    // Kept although nothing reaches it; see docs/decisions/kept-unreachable.md.
+    // Unused, but kept on purpose: see docs/decisions/kept-unreachable.md.
     forms::Timer tmrLabel{this, "tmrLabel", forms::TimerPhase::ClockSecond};
 
     forms::Menu mnuFile{this, "mnuFile", "File"};
@@ -83,8 +83,8 @@ class frmNote : public forms::Form, public NoteEditor {
     void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
     void Form_Unload(bool& cancel) override;
     void Form_MouseUp(int button, int x, int y) override;
-    // Also handles the callback of an icon in the notification area: x in pixels is the number of
-    // the message.
+    // Also handles the callback of an icon in the notification area: then x, in pixels, is the
+    // number of the message.
     void Form_MouseMove(int button, int x, int y) override;
     forms::ShortcutTarget TargetOf(forms::Shortcut key) override;
 
@@ -96,14 +96,14 @@ class frmNote : public forms::Form, public NoteEditor {
     bool Shows(const StandardCode::NoteRecord& record) override;
     void SaveBeforeTheEnd() override;
 
-    // Shows all fields except title and colour. The icon is needed if the note's alarm is set; see
-    // NoteAlarm::Icon().
+    // Shows all fields except title and colour. alarmIcon is used only if the note's alarm is set;
+    // see NoteAlarm::Icon().
     void Fill(const StandardCode::NoteRecord& record, const forms::Picture& alarmIcon);
     // Shows the unsaved note of a program that was killed, and brings the window to the front. For
     // alarmIcon, see Fill().
     void TakeRecovered(const RecoveredNote& recovered, const forms::Picture& alarmIcon);
 
-    // The window never adds this icon. It only deletes it. Kept although nothing reaches it; see
+    // The window deletes this icon but never adds it. Unused, but kept on purpose: see
     // docs/decisions/kept-unreachable.md.
     forms::TrayRecord TrayIconRecord;
     NoteAlarm alarm{*this};
@@ -133,7 +133,7 @@ class frmNote : public forms::Form, public NoteEditor {
 
 namespace StandardCode {
 
-// The window of an open note. frmNote is the only class of editors.
+// The window of an open note. frmNote is the only class that implements NoteEditor.
 inline frmNote& WindowOf(const EditedNote& note) {
     return static_cast<frmNote&>(note.Editor().Window());
 }

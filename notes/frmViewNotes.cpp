@@ -31,7 +31,7 @@ constexpr int alarmSet = 0;
 constexpr int alarmNotSet = 1;
 constexpr std::size_t titleColumn = 1;
 
-// Five buttons, wide enough for the longest caption, stand below the list.
+// Five buttons, wide enough for the longest caption, are below the list.
 constexpr int buttonWidth = 1500;
 constexpr int buttonDistance = buttonWidth + Grid::gap;
 constexpr int listWidth = 4 * buttonDistance + buttonWidth;
@@ -107,7 +107,7 @@ void frmViewNotes::DesignButtons() {
 void frmViewNotes::Form_Load() {
     icon = forms::LoadPicture(forms::ApplicationPath("\\logo.ico"));
     lstNotes.items = std::vector<std::string>{};
-    // A damaged note has ended the first loading and was moved away. Load again.
+    // A damaged note ends the loading and is put aside. So load again, without that note.
     if (!FillList()) {
         StandardCode::LoadNotesArray();
     }
@@ -150,7 +150,7 @@ void frmViewNotes::ListNotes() {
     for (const forms::FileEntry& file : store.ListedFiles()) {
         try {
             forms::ListView::Row row = RowOf(store.Read(file).record);
-            // Two files may hold the same title, but keys of rows are unique.
+            // Two files may hold the same title, but the keys of rows must be unique.
             if (!keys.insert(row.key).second) {
                 row.key.clear();
             }
@@ -260,7 +260,7 @@ void frmViewNotes::cmdEdit_Click() {
     const std::string title = SelectedTitle();
     const std::string file = SelectedFile();
     for (int slot = 1; slot <= StandardCode::maximumNotes; ++slot) {
-        // Several notes may have this title. The row's note is the note in the row's file.
+        // Several notes may have this title, so compare the file, too.
         if (Shared().NotesArray[slot].Title == title &&
             StandardCode::Notes().OfSlot(slot).file == file) {
             StandardCode::OpenNote(slot);
@@ -309,7 +309,7 @@ void UnloadControlPanelIfVisible() {
 }
 
 void ActOnControlPanel(SharedSignals::PanelAction action) {
-    // When the program ends, every note closes, and nobody sees the panel again.
+    // While the program ends, every note closes. Do not reload the panel for each of them.
     if (Notes().IsQuiet()) {
         return;
     }

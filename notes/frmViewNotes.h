@@ -16,7 +16,7 @@ class frmViewNotes : public forms::Form {
     forms::Label lblTotalNotes{this, "lblTotalNotes"};
     forms::ListView lvwNotes{this, "lvwNotes"};
     forms::ImageList ilsNotes{this, "ilsNotes"};
-    // Kept although nothing reaches it; see docs/decisions/kept-unreachable.md.
+    // Unused, but kept on purpose: see docs/decisions/kept-unreachable.md.
     forms::ListBox lstNotes{this, "lstNotes"};
     forms::Label lblSelNote{this, "lblSelNote"};
     forms::CommandButton cmdOpenAll{this, "cmdOpenAll"};
@@ -34,19 +34,20 @@ class frmViewNotes : public forms::Form {
     void Form_Load() override;
     forms::ShortcutTarget TargetOf(forms::Shortcut key) override;
 
-    // Called when the notes array was rebuilt. Shows the count and the notes. Raises RuntimeErrors.
+    // Called when the notes array has been rebuilt. Shows the count and the notes. Raises
+    // RuntimeErrors.
     void ShowNotesArray();
-    // Shows the count and the maximum, and whether another note may be created.
+    // Shows the count, and enables New unless the maximum is reached.
     void ShowLimit();
 
   private:
     void DesignButtons();
-    // Returns whether all notes could be loaded.
+    // Loads and lists the notes. Returns the result of LoadNotesArray().
     bool FillList();
     void ListNotes();
     void SelectFile(const std::string& file);
     void EnableActions(bool enable);
-    // Gives the list the focus. Without notes, New gets it.
+    // Moves the focus to the list, or to New if there are no notes.
     void FocusList();
     // The index, the title and the file of the selected row. RuntimeError 9 if no row is selected.
     std::size_t SelectedPlace() const;
@@ -67,8 +68,8 @@ class frmViewNotes : public forms::Form {
 
 namespace StandardCode {
 
-// Subscribes the default control panel to the shared events, so that lower windows can reach it.
-// Call it once, before the first window is loaded.
+// Connects the default control panel to the shared signals, so that windows of lower layers can
+// reach it. Call it once, before the first window is loaded.
 void ConnectControlPanel();
 
 }  // namespace StandardCode

@@ -6,7 +6,8 @@ namespace portable {
 
 namespace {
 
-// Whether both are one folder. A memory stick has another letter on another machine.
+// Whether both paths name the same folder. Ignores the drive letter, because a memory stick may
+// have another letter on another machine.
 bool IsSameFolder(const std::string& a, const std::string& b) {
     const auto withoutDrive = [](const std::string& path) {
         return path.size() > 2 && path[1] == ':' ? path.substr(2) : path;
@@ -39,8 +40,8 @@ void Loan::End() {
     registry.Forget();
 }
 
-// The launcher of that portable copy was killed while the program ran. If its folder is out of
-// reach, its file stays as it was before the program ran.
+// Keeps the options of a portable copy whose launcher was killed while the program ran. If the
+// folder of that copy is out of reach, its file stays as it was before the program ran.
 void Loan::FinishOf(const State& killed) {
     if (IsSameFolder(killed.folder, folder)) {
         Store(folder);
@@ -114,7 +115,7 @@ void Loan::Write(const std::string& path, const std::string& bytes) {
             try {
                 files.Delete(temporary);
             } catch (const base::RuntimeError&) {
-                // The next start replaces it.
+                // The next Write() replaces the temporary file.
             }
         }
         throw;

@@ -11,19 +11,19 @@ namespace portable {
 
 // Lends the options of a portable copy to the user's registry while the program runs. The program
 // reads them from the registry as usual. End() restores the user's own options, so no option of the
-// portable copy stays on the machine. After a kill at any step, the next loan of any portable copy
-// finishes the work of the killed one.
+// portable copy stays on the machine. If the launcher is killed at any step, the next loan, of
+// whichever portable copy, finishes its work.
 class Loan {
   public:
-    // folder is the program's folder, without a backslash at its end.
+    // programFolder has no trailing backslash.
     Loan(UserRegistry& userRegistry, forms::FileSystem& fileSystem, std::string programFolder)
         : registry(userRegistry), files(fileSystem), folder(std::move(programFolder)) {}
 
-    // Both raise RuntimeErrors if the registry refuses something.
+    // Both raise RuntimeErrors if the registry cannot be read or changed.
     void Begin();
     void End();
 
-    // Tells the user why options were not read or not kept. Empty if all went well.
+    // Messages for the user about options that could not be read or kept. The caller shows them.
     std::vector<std::string> messages;
 
     static std::string PathIn(const std::string& programFolder);
@@ -38,7 +38,8 @@ class Loan {
     UserRegistry& registry;
     forms::FileSystem& files;
     std::string folder;
-    // The file holds something that was not read, and that cannot be copied.
+    // The file must not be overwritten: it holds options that could not be read, and it has not
+    // been copied.
     bool mustKeepFile = false;
 };
 

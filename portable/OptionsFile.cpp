@@ -57,7 +57,8 @@ bool IsInFolder(const std::string& path, const std::string& folder) {
     return path.starts_with(folder) && path.size() > folder.size() && path[folder.size()] == '\\';
 }
 
-// Adds the option of one line. Returns false if the line is not one.
+// Adds the option in one line. Returns false if the line is not an option, or if options has it
+// already.
 bool ParseLine(std::string_view line, const std::string& folder, Options& options) {
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) {

@@ -6,29 +6,29 @@
 #include <utility>
 #include <vector>
 
-// The file in which a portable copy keeps its options, one in a line:
+// The file in which a portable copy keeps its options, one per line:
 //
 //   Options\DefaultColor=3
 //   Config\Alarm=%FOLDER%\Bell alarm.wav
 //
-// %FOLDER% is the program's folder, so that the options are right in another folder or on another
-// drive. "%" and control characters are written as "%" and two hexadecimal digits. Lines that begin
-// with ";" are comments. The file is UTF-8.
+// %FOLDER% is the program's folder, so that the options stay right if the folder is moved to
+// another place or drive. "%" and control characters are written as "%" and two hexadecimal digits.
+// Lines that begin with ";" are comments. The file is UTF-8.
 namespace portable {
 
-// Section and key to value.
+// Maps section and key to the value.
 using Options = std::map<std::pair<std::string, std::string>, std::string>;
 
 struct ParsedOptions {
     Options options;
-    // Some bytes have no meaning. The options hold everything else.
+    // Some lines are not options, or repeat an option. options holds all others.
     bool isDamaged = false;
 };
 
-// All options that the program has.
+// The section and the key of every option of the program.
 const std::vector<std::pair<std::string, std::string>>& OptionNames();
 
-// folder is the program's folder, without a backslash at its end.
+// folder is the program's folder, without a trailing backslash.
 ParsedOptions ParseOptions(std::string_view bytes, const std::string& folder);
 std::string FormatOptions(const Options& options, const std::string& folder);
 

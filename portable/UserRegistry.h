@@ -6,8 +6,8 @@
 
 namespace portable {
 
-// The launcher's progress. It is stored in the registry, so that the next launcher can finish the
-// work of a killed one.
+// The launcher's progress. The registry holds it, so that the next launcher can finish the work of
+// a killed one.
 enum class Stage {
     // The program's key holds the user's own options, those of an installed copy.
     Own,
@@ -20,12 +20,12 @@ enum class Stage {
 
 struct State {
     Stage stage = Stage::Own;
-    // The folder of the portable copy that has the options.
+    // The folder of the portable copy whose launcher wrote the state.
     std::string folder;
 };
 
 // The part of the user's registry that the launcher changes: the program's key, with the options,
-// and a key of its own. Every function raises RuntimeErrors.
+// and the launcher's key. Every function may raise RuntimeErrors.
 class UserRegistry {
   public:
     virtual ~UserRegistry() = default;
@@ -38,11 +38,12 @@ class UserRegistry {
     // Makes the program's key hold these options and nothing else.
     virtual void WriteOptions(const Options& options) = 0;
 
-    // Copies the program's key, or the fact that there is none, to the launcher's key.
+    // Saves a copy of the program's key in the launcher's key. If the program has no key, only
+    // removes an earlier copy.
     virtual void SaveOwn() = 0;
-    // Copies it back.
+    // Makes the program's key equal to the copy. If there is no copy, removes the program's key.
     virtual void RestoreOwn() = 0;
-    // Removes the launcher's key, its state first.
+    // Sets the state to Own, then removes the launcher's key.
     virtual void Forget() = 0;
 };
 

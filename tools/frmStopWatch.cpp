@@ -75,7 +75,7 @@ void frmStopWatch::cmdStart_Click() {
     StartTime = forms::Now();
     cmdStop.enabled = true;
     cmdStart.enabled = false;
-    // A run can be saved only after it was stopped.
+    // A run can be saved only after it has been stopped.
     cmdSave.enabled = false;
     mnuFileSave.enabled = false;
 }
@@ -102,7 +102,7 @@ void frmStopWatch::cmdSave_Click() {
     ShowSaveCount();
     TimeSaved = true;
     if (cmdSave.HasFocus()) {
-        // Move the focus to Start, not to Close.
+        // Otherwise, disabling Save would move the focus to Close.
         cmdStart.SetFocus();
     }
     cmdSave.enabled = false;
@@ -112,8 +112,8 @@ void frmStopWatch::cmdSave_Click() {
 void frmStopWatch::cmdClose_Click() { Unload(); }
 
 void frmStopWatch::tmrMain_Timer() {
-    // After the wall clock was set back to before the start, the difference is negative. A negative
-    // date-time value has the time of day of its absolute value, so that value is shown.
+    // If the wall clock has been set back to before the start, the difference is negative. Show its
+    // absolute value.
     const std::int64_t elapsed = std::abs(forms::Now().seconds - StartTime.seconds);
     lblTime.caption = base::FormatTime24(base::DateTime{elapsed});
 }

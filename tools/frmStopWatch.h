@@ -30,7 +30,7 @@ class frmStopWatch : public forms::Form {
 
     base::DateTime StartTime;    // of the current run, by the wall clock
     bool TimeSaved = false;      // whether a run was saved since the window was loaded
-    std::int16_t SaveCount = 0;  // runs saved since the window was loaded or the list cleared
+    std::int16_t SaveCount = 0;  // runs saved since the window was loaded or the list was cleared
 
     void Design() override;
     void Form_Load() override;

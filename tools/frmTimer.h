@@ -5,7 +5,7 @@
 
 #include "forms/Form.h"
 
-// A kitchen timer: counts whole minutes down to a chime and a message.
+// A kitchen timer: counts whole minutes down, then plays a chime and shows a message.
 class frmTimer : public forms::Form {
   public:
     frmTimer() : Form("frmTimer") {}
@@ -20,8 +20,9 @@ class frmTimer : public forms::Form {
 
     forms::Timer tmrMain{this, "tmrMain"};
 
-    // The counters live as long as the window. Start and Stop do not reset the last two, so the
-    // next run continues a run that was stopped. RuntimeError 6 if a counter leaves its range.
+    // The counters live as long as the window. Start and Stop do not reset the last two, so a run
+    // after Stop continues where the last run stopped. RuntimeError 6 if a counter leaves its
+    // range.
     std::int16_t TotalMinutes = 0;    // as entered
     std::int16_t ElapsedMinutes = 0;  // whole minutes counted; back to 0 when the time is up
     std::int16_t SecondsCount = 0;    // in the current minute; back to 0 at 60

@@ -53,8 +53,8 @@ void Run(const std::string& folder) {
     TellAll(loan);
 }
 
-// Waits until no other launcher works with the options. Returns false if the program runs, or if
-// another launcher still waits for its user.
+// Waits until no other launcher works with the options, at most 30 seconds. Returns false if the
+// program runs, or if another launcher still works, for example because it shows a message.
 bool WaitForTurn(const Handle& mutex) {
     constexpr DWORD pause = 100;  // milliseconds
     constexpr int mostPauses = 300;
@@ -74,8 +74,8 @@ int main() {
     const std::string folder = forms::win32::WinSystem({}).ApplicationFolder();
     const Handle mutex(::CreateMutexW(nullptr, FALSE, L"Local\\Jotwright.Portable"));
     if (!WaitForTurn(mutex)) {
-        // The running program, perhaps an installed copy, uses the options in the registry. The new
-        // one says that another copy is running, and ends.
+        // The running program, perhaps an installed copy, uses the options in the registry. The
+        // program that is started here reports that another copy is running, and ends.
         const portable::win32::ProgramRun run(Wide(folder));
         return 0;
     }

@@ -7,9 +7,10 @@ namespace portable::win32 {
 namespace {
 
 constexpr const wchar_t* className = L"JotwrightPortable";
-// Programs with a higher level end first at the end of the session. The default level is 0x280.
+// At the end of the session, programs with a higher level end first. The program has the default
+// level, 0x280, so it ends before the launcher.
 constexpr DWORD shutdownLevel = 0x200;
-// The system waits five seconds for each program.
+// Milliseconds. The system gives each program five seconds to end.
 constexpr DWORD timeToEnd = 4000;
 
 forms::win32::Handle Start(const std::wstring& folder) {
@@ -35,8 +36,8 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     return ::DefWindowProcW(window, message, wParam, lParam);
 }
 
-// A hidden window: the system tells only programs with a window that the session ends. The function
-// must live as long as the window.
+// Makes a hidden window, because the system announces the end of the session only to programs with
+// a window. atSessionEnd must live as long as the window.
 HWND MakeWindow(const std::function<void()>& atSessionEnd) {
     WNDCLASSW windowClass{};
     windowClass.lpfnWndProc = WindowProcedure;

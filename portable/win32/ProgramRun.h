@@ -14,9 +14,9 @@ class ProgramRun {
     explicit ProgramRun(const std::wstring& folder);
 
     bool HasStarted() const { return process != nullptr; }
-    // Waits for the end of the program, if it has started, then calls atEnd. When the user's
-    // session ends, the system may kill this process as soon as it has handled the message, so
-    // atEnd runs inside it.
+    // Waits for the end of the program, if it has started, then calls atEnd. At the end of the
+    // user's session, waits at most four seconds, and calls atEnd while handling the system's
+    // message, because the system may kill this process as soon as the message is handled.
     void WaitForEnd(const std::function<void()>& atEnd) const;
 
   private:

@@ -4,8 +4,8 @@
 
 namespace portable::win32 {
 
-// Makes the prepared shortcut beside the program start this program in its present folder. Writes
-// nothing if it does so already, and ignores a disk that refuses.
+// Points the shortcut in this folder to JotwrightPortable.exe in the same folder. Writes nothing if
+// it points there already. Ignores errors.
 void RefreshShortcut(const std::wstring& folder);
 
 }  // namespace portable::win32

@@ -61,7 +61,8 @@ State WinUserRegistry::ReadState() {
 
 void WinUserRegistry::WriteState(const State& state) {
     WinSettings settings(L"Software");
-    // The folder first: a stage without its folder would mean another copy.
+    // Write the folder first: after a kill between the two writes, the new stage with the old
+    // folder would mean another portable copy.
     settings.Write(section, folderName, state.folder);
     settings.Write(section, stageName,
                    state.stage == Stage::Lent    ? "lent"
