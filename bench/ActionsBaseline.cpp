@@ -63,6 +63,8 @@ void MakeMain() {
     MakeButton(mainWindow, L"Make &Note", 0, Make);
     MakeButton(mainWindow, L"Notes &Control Panel", 1, OpenPanel);
     MakeButton(mainWindow, L"E&xit", 2, Exit);
+    constexpr int others = 12;  // the program's main window has sixteen controls
+    MakeBareChildren(mainWindow, others);
 }
 
 // The list keeps no texts, and asks for those that it shows.
@@ -123,7 +125,7 @@ void MakeChildren(HWND note) {
 void FillNote(HWND note) {
     if (notes.size() == 1) {
         textBox = MakeControl(note, WC_EDITW, L"", WS_TABSTOP | WS_VSCROLL | ES_MULTILINE,
-                              {0, 130, 430, 440}, 0);
+                              {12, 40, 460, 236}, 0);
         std::wstring content;
         while (content.size() < 65536) {
             content += L"Water the plants, and collect the parcel at the post office.\r\n";
@@ -147,16 +149,15 @@ void MakeNote() {
     ::ShowWindow(mainWindow, SW_HIDE);
 }
 
-// A note that is closed while the panel is shown asks its question without the panel, and appears
-// in the panel afterwards.
+// If the panel is shown, it is unloaded, the question is asked, and the panel is loaded and shown
+// again.
 void CloseNote(HWND note) {
     if (panel != nullptr) {
-        ::ShowWindow(panel, SW_HIDE);
+        ClosePanel();
         ::MessageBoxW(note, L" Would you like to save changes?     ", L"Save Changes?",
                       MB_YESNO | MB_ICONQUESTION);
         ++rows;
-        ShowRows();
-        ::ShowWindow(panel, SW_SHOW);
+        ShowPanel();
     } else {
         ++rows;
     }

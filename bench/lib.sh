@@ -38,15 +38,19 @@ note_text() {
     echo "Second line with some more words so that the note has about two hundred bytes of text. $1"
 }
 
-# lay_out <notes> [<bytes>]: makes an application folder with notes of at least <bytes> of text each.
+# lay_out <notes> [<bytes>]: makes an application folder with notes. If <bytes> are given, each note has at
+# least as many bytes of text, in the same lines as the text box of bench/ActionsBaseline.cpp.
 lay_out() {
-    local note text
+    local note text line=$'Water the plants, and collect the parcel at the post office.\n'
     rm -rf "$temp/app"
     "$root/scripts/layout-app" "$temp/app" "$programs" >/dev/null
     mkdir "$temp/app/Notes"
     for ((note = 1; note <= $1; note++)); do
         text=$(note_text "$note")
-        while [ $# -gt 1 ] && [ ${#text} -lt "$2" ]; do text+=$'\n'$text; done
+        if [ $# -gt 1 ]; then
+            text=
+            while [ ${#text} -lt "$2" ]; do text+=$line; done
+        fi
         printf '"Note %s","%s",#2099-05-14#,#09:30:00#,%s,12,"1",1,"yes"\r\n' \
             "$note" "${text//$'\n'/$'\r\n'}" $((note % 5 + 1)) >"$temp/app/Notes/Note $note.txt"
     done
