@@ -14,8 +14,8 @@ namespace {
 // the others a few at a time, in rounds of windows (which are not rounds of ticks). Events are
 // handled between these rounds.
 
-// The largest number of new minimised windows that are shown at once.
-constexpr std::size_t minimizedAtOnce = 100;
+// The largest number of new minimised windows that are shown at once. If there are more, none is.
+constexpr std::ptrdiff_t minimizedAtOnce = 100;
 // The largest number of open windows (visible and not minimised) that are shown at once. If there
 // are more, only the first one is shown at once.
 constexpr std::ptrdiff_t openAtOnce = 10;
@@ -168,24 +168,24 @@ void Runtime::Settle() {
     }
     std::vector<std::weak_ptr<Form>> toShow;
     toShow.swap(dirty);
-    const auto isOpenForm = [](const std::weak_ptr<Form>& weak) {
-        const auto form = weak.lock();
-        return form && IsOpen(*form);
+    const auto count = [&toShow](bool (*is)(const Form&)) {
+        return std::ranges::count_if(toShow, [is](const std::weak_ptr<Form>& weak) {
+            const auto form = weak.lock();
+            return form && is(*form);
+        });
     };
-    const bool hasManyOpen = std::ranges::count_if(toShow, isOpenForm) > openAtOnce;
+    const bool hasManyMinimized = count(&IsNewAndMinimized) > minimizedAtOnce;
+    const bool hasManyOpen = count(&IsOpen) > openAtOnce;
     const bool wasWaiting = HasWaitingWindows();
     bool hasShownOpen = false;
-    std::size_t minimized = 0;
     for (const auto& weak : toShow) {
         const auto form = weak.lock();
         if (!form) {
             continue;
         }
         form->isMarkedDirty = false;
-        const bool isOpen = IsOpen(*form);
-        const bool isNewAndMinimized = form->visible && !form->shownOnStage && !isOpen;
-        if ((isNewAndMinimized && ++minimized > minimizedAtOnce) ||
-            (isOpen && hasManyOpen && std::exchange(hasShownOpen, true))) {
+        if ((hasManyMinimized && IsNewAndMinimized(*form)) ||
+            (hasManyOpen && IsOpen(*form) && std::exchange(hasShownOpen, true))) {
             waiting.push_back(weak);
         } else {
             ShowOrHide(*form);
@@ -198,6 +198,10 @@ void Runtime::Settle() {
 
 bool Runtime::IsOpen(const Form& form) {
     return form.visible && form.windowState() != WindowState::Minimized;
+}
+
+bool Runtime::IsNewAndMinimized(const Form& form) {
+    return form.visible && !form.shownOnStage && !IsOpen(form);
 }
 
 void Runtime::ShowOrHide(Form& form) {

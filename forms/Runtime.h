@@ -63,6 +63,7 @@ class Runtime final : public Application {
     void ShowOrHide(Form& form);
     // Visible and not minimised.
     static bool IsOpen(const Form& form);
+    static bool IsNewAndMinimized(const Form& form);
     // If the next round of windows is due, shows waiting forms until the round's time is over.
     void ShowWaiting();
     // Both functions arm the stage's timer for the next tick or the next round of windows. Rearm

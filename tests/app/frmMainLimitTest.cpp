@@ -131,6 +131,7 @@ TEST_F(frmMainLimitTest, WithAHundredAndOneFilesTheLimitAppliesAndEachActionRepo
     expected.push_back(loadFailed);
     EXPECT_EQ(Captions(), expected);
 
+    Advance(200);  // the minimised notes appear after the main window
     user->Restore(Editor("Note 1001"));
     user->Type(Editor("Note 1001").txtNote, "changed text");
     StandardCode::Shared().ControlPanelMode = false;
