@@ -12,8 +12,9 @@ namespace forms::win32 {
 // Fonts are created once and kept, because a hundred windows share a few fonts.
 namespace fonts {
 
-// points 0: the size of the user's message font, reduced by the scale's text percentage. Empty
-// name: the face of the message font. Do not delete the font.
+// If points is 0, the font has the size of the user's message font, or a smaller size if scale.text
+// is smaller than TextPercent(). If name is empty, it has the face of the message font. Do not
+// delete the font.
 HFONT Get(const std::string& name, int points, bool bold, const Scale& scale);
 
 // The user's font for tool tips.

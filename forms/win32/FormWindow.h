@@ -87,7 +87,7 @@ class FormWindow {
     Form* form;
     bool isFilled = false;
     bool destroyScheduled = false;
-    bool destroyMissed = false;  // the message came while a procedure was on the stack
+    bool destroyMissed = false;  // destroyMessage came during a procedure
     int entered = 0;
 };
 

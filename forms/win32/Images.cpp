@@ -32,8 +32,9 @@ std::string BytesOf(const std::string& path) {
     }
 }
 
-// The picture for this width in pixels. Larger versions of "error.gif" may be beside it:
-// "error@2x.png" and "error@3x.png" with twice and three times its width and height in pixels.
+// The bytes of the version of a picture that suits this width in pixels. Larger versions of
+// "error.gif" may be beside it: "error@2x.png" and "error@3x.png" with twice and three times its
+// width and height in pixels.
 std::string PictureFor(const std::string& path, int width) {
     std::string best = BytesOf(path);
     const std::optional<SIZE> plain = decoder::SizeOf(best);
