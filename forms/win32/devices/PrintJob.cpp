@@ -43,7 +43,8 @@ RECT TextArea(HDC context) {
     const int offsetY = ::GetDeviceCaps(context, PHYSICALOFFSETY);
     const int width = ::GetDeviceCaps(context, HORZRES);
     const int height = ::GetDeviceCaps(context, VERTRES);
-    // Some printers do not know the size of the paper. They take the printable page as the paper.
+    // Some printer drivers do not report the size of the paper. For them, the printable page counts
+    // as the paper.
     const int paperWidth = std::max(::GetDeviceCaps(context, PHYSICALWIDTH), width);
     const int paperHeight = std::max(::GetDeviceCaps(context, PHYSICALHEIGHT), height);
     RECT area{};
@@ -102,8 +103,8 @@ PrintJob::~PrintJob() {
 }
 
 void PrintJob::SetFontSize(int points) {
-    // The message font is the font that the note has on the screen. The system prints characters
-    // that it lacks in other fonts.
+    // The message font is the font that the note has on the screen. If that font lacks a character,
+    // the system prints it in another font.
     LOGFONTW description = MessageFont(SystemDpi());
     description.lfHeight =
         -::MulDiv(points, ::GetDeviceCaps(context.get(), LOGPIXELSY), pointsPerInch);
