@@ -16,8 +16,8 @@ class Waiting {
     Waiting& operator=(const Waiting&) = delete;
 };
 
-// Answers the messages that have been sent, and paints. A window that paints nothing asks again and
-// again, so there is a limit.
+// Answers the messages that have been sent, and paints. The system repeats WM_PAINT for a window
+// that has not painted, so there is a limit.
 void AnswerAndPaint() {
     constexpr int most = 1000;
     MSG message{};
