@@ -1,6 +1,6 @@
 // The baseline for bench/actions: a bare Windows program that only shows the windows of the
-// measured actions. It has no notes, no files and no settings. Its windows and buttons have the
-// captions of the program's, so that bench/Actions.cpp presses both in the same way.
+// measured actions. It has no files and no settings. Its windows and buttons have the captions of
+// the program's, so that bench/Actions.cpp presses both in the same way.
 //
 // usage: actions_baseline <notes> <child windows of each note>
 //

@@ -4,9 +4,9 @@
 
 #include "forms/Control.h"
 
-// Conversion of lengths. The models use twips, 1440 to an inch. The system uses pixels at the
-// scale of each window. Older systems lack some of the functions. On them, the results are
-// computed from the system's resolution.
+// Conversion of lengths. The models use twips, 1440 to an inch. The system uses pixels at the scale
+// of each window. Older systems lack functions for the resolution of a window. On them, the results
+// follow from the system's resolution.
 namespace forms::win32 {
 
 constexpr int defaultDpi = 96;

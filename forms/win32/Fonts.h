@@ -20,8 +20,8 @@ HFONT Get(const std::string& name, int points, bool bold, const Scale& scale);
 // The user's font for tool tips.
 HFONT ForTips(int dpi);
 
-// Call it when the user has chosen other fonts. Windows must then get their fonts again. Returns
-// the old fonts. The caller deletes them when no window uses them any more.
+// Call this function when the user has chosen other fonts. Windows must then get their fonts again.
+// Returns the old fonts. The caller deletes them when no window uses them any more.
 std::vector<HFONT> Forget();
 
 // The size of a text in pixels, without wrapping.

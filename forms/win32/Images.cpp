@@ -154,8 +154,7 @@ HICON ProgramIcon(int pixels) {
     static std::map<int, HICON> cache;
     const auto [at, isNew] = cache.try_emplace(pixels, nullptr);
     if (isNew) {
-        // Use the icon with the lowest number, because the desktop also uses it as the program's
-        // icon.
+        // Use the icon with the lowest number, because the desktop shows that icon for the program.
         at->second = static_cast<HICON>(::LoadImageW(
             ::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, pixels, pixels, 0));
     }

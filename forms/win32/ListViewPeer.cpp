@@ -147,7 +147,7 @@ class ListViewPeer : public Peer {
 
     bool ShowsEmptyText() const { return listView.Rows().empty() && *listView.emptyText != '\0'; }
 
-    // Below the headings, in the middle.
+    // Centres the text below the headings.
     void PaintEmptyText() const {
         RECT area{};
         RECT headings{};

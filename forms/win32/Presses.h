@@ -12,7 +12,7 @@ namespace forms::win32 {
 // release may reach a window that has opened meanwhile.
 class Presses {
   public:
-    // target is a Form or a Control. It is compared, never used.
+    // target is a Form or a Control. It is only compared, never dereferenced.
     void Press(int button, const void* target) { At(button) = target; }
     bool IsPressed(int button, const void* target) { return At(button) == target; }
     // Whether the button was pressed on this target. False if target is null. Forgets the press.

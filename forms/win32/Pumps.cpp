@@ -150,7 +150,7 @@ BOOL CALLBACK EndBox(HWND window, LPARAM /*data*/) {
         return TRUE;
     }
     if (::GetDlgItem(window, IDCANCEL) != nullptr) {
-        // EndDialog would end a file dialog without the object that runs it.
+        // Cancel a file dialog: EndDialog would bypass the object that runs it.
         ::PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
     } else {
         ::EndDialog(window, IDCANCEL);
@@ -164,7 +164,7 @@ void Run(const std::function<bool()>& goesOn) {
     const Runtime& runtime = Runtime::Current();
     while (!runtime.HasEnded() && goesOn()) {
         MSG message{};
-        // WM_QUIT (0) ends this loop only if the runtime has ended too.
+        // A WM_QUIT (result 0) ends this loop only if the runtime has ended, too.
         if (::GetMessageW(&message, nullptr, 0, 0) > 0 && !IsForForm(message)) {
             ::TranslateMessage(&message);
             ::DispatchMessageW(&message);
@@ -178,7 +178,7 @@ void Run(const std::function<bool()>& goesOn) {
 
 void RunFor(int milliseconds) {
     const std::int64_t end = Machine().clock->MonotonicMilliseconds() + milliseconds;
-    // Ends the wait for the next message.
+    // The timer ends the wait for the next message.
     const UINT_PTR timer = ::SetTimer(nullptr, 0, static_cast<UINT>(milliseconds), nullptr);
     Run([end] { return Machine().clock->MonotonicMilliseconds() < end; });
     ::KillTimer(nullptr, timer);

@@ -33,7 +33,8 @@ bool ProgramHasEnded() { return Application::Exists() && Application::Current().
 }  // namespace
 
 bool WaitQuietly(HANDLE object) {
-    // The system counts a program as hung if it has not looked at its messages for five seconds.
+    // The system considers a program hung if the program has not checked its messages for five
+    // seconds.
     constexpr DWORD longestWithoutLook = 1000;  // milliseconds
     const Waiting waiting;
     while (!ProgramHasEnded()) {

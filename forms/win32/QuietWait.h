@@ -10,7 +10,7 @@ namespace forms::win32 {
 // once. Returns false if the program has ended.
 bool WaitQuietly(HANDLE object);
 
-// Whether such a wait is running. A window must then put off a message that would run a handler.
+// Whether such a wait is running. A window must then postpone any message that would run a handler.
 bool IsWaitingQuietly();
 
 }  // namespace forms::win32

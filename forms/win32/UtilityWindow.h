@@ -11,11 +11,11 @@ namespace forms::win32 {
 
 // A hidden window for messages that concern the whole program: the one native timer, the end of the
 // session, changes of the clock or the monitors, and a restart of the shell. It is a top-level
-// window, because only these get broadcasts. It also owns the windows that have no button in the
-// task bar.
+// window, because only top-level windows get broadcasts. It also owns the windows that have no
+// button in the task bar.
 class UtilityWindow {
   public:
-    // lParam is a form's window. The receiver destroys the window if its form has scheduled that.
+    // lParam is the native window of a FormWindow, whose DestroyIfScheduled() is called.
     static constexpr UINT destroyMessage = WM_APP + 1;
     static constexpr UINT catchUpMessage = WM_APP + 2;
 

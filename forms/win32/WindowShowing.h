@@ -9,7 +9,7 @@ namespace forms::win32 {
 class FormWindow;
 struct StageState;
 
-// Whether a form's window is on the screen, which window is active, and which windows can be used.
+// Shows and hides a form's window, makes it active, and disables it.
 class WindowShowing {
   public:
     explicit WindowShowing(FormWindow& formWindow) : window(formWindow) {}

@@ -57,7 +57,7 @@ class PrintJob {
     // that is selected into a context.
     std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteFont> font;
     DeviceContext context;
-    RECT area{};  // of the page, in device units
+    RECT area{};  // for text on a page, in device units
     int lineHeight = 0;
     int tabWidth = 0;
     int y = 0;

@@ -9,7 +9,7 @@ namespace forms::win32 {
 
 // Plays sounds on a thread of its own, in the order of the calls. A call of the system's function
 // can take seconds, for example while a wireless device wakes up, and the program's windows must
-// not stand still meanwhile. The first sound starts the thread.
+// not hang meanwhile. The first sound starts the thread.
 class SoundThread {
   public:
     SoundThread() = default;

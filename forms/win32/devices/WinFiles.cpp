@@ -301,8 +301,8 @@ std::unique_ptr<FileLock> WinFiles::Lock(const std::string& path) {
         }
         FailWith(code, native);
     }
-    // Mark the file for deletion only now, when this program holds the lock. The file is deleted
-    // when its handle is closed, even by a crash.
+    // Mark the file for deletion only now, when this program holds the lock. The system deletes the
+    // file when its handle is closed, even after a crash.
     FILE_DISPOSITION_INFO disposition{TRUE};
     ::SetFileInformationByHandle(file.get(), FileDispositionInfo, &disposition, sizeof disposition);
     return std::make_unique<WinFileLock>(std::move(file));

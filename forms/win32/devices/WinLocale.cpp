@@ -13,7 +13,7 @@ namespace forms::win32 {
 namespace {
 
 constexpr int firstSystemYear = 1601;
-// Years. The calendar, including the days of the week, repeats after this time.
+// In years. The calendar, including the days of the week, repeats after this time.
 constexpr int calendarCycle = 400;
 
 // Converts to the system's type, which starts at the year 1601. An earlier year is replaced by a

@@ -29,8 +29,8 @@ class WinTray : public Tray {
     // The tip is in the system's code page, ends with a zero character and is padded with blanks.
     static NOTIFYICONDATAA NativeRecord(const TrayRecord& record, HWND window, HICON icon);
 
-    // Adds all icons again, in their present size. Call it at the message TaskbarCreated, which the
-    // shell sends when it has restarted or the scale of its task bar has changed.
+    // Adds all icons again, in their present size. Call it when the shell broadcasts
+    // TaskbarCreated, after a restart or after a change of its task bar's scale.
     void AddAgain();
     // Reloads icons whose size is wrong. Call it when the monitors have changed.
     void FollowScale();
