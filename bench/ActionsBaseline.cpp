@@ -1,7 +1,6 @@
-// The baseline for bench/actions: a bare Windows program that does the windows' part of the
-// measured actions and nothing else. It has no notes, no files and no settings. Its windows and
-// buttons have the captions of the program's, so that bench/Actions.cpp presses both in the same
-// way.
+// The baseline for bench/actions: a bare Windows program that only shows the windows of the
+// measured actions. It has no files and no settings. Its windows and buttons have the captions of
+// the program's, so that bench/Actions.cpp presses both in the same way.
 //
 // usage: actions_baseline <notes> <child windows of each note>
 //
@@ -67,7 +66,7 @@ void MakeMain() {
     MakeBareChildren(mainWindow, others);
 }
 
-// The list keeps no texts, and asks for those that it shows.
+// The list keeps no texts. It requests the texts that it shows by a notification.
 void ShowRows() { ::SendMessageW(list, LVM_SETITEMCOUNT, static_cast<WPARAM>(rows), 0); }
 
 void OnNotify(const NMHDR& header, LPARAM lParam) {

@@ -9,9 +9,9 @@
 
 // Registers the class of the top-level windows and the class of the children.
 void RegisterBareClasses(WNDPROC procedure);
-// A hidden window of the size of a note's editor at 96 dpi.
+// Creates a hidden window of the size of a note's editor at 96 dpi.
 HWND MakeBareWindow(const std::wstring& title);
-// Visible children in rows of four.
+// Creates visible children in rows of four.
 void MakeBareChildren(HWND parent, int count);
 // Handles messages until WM_QUIT.
 int RunMessageLoop();

@@ -21,7 +21,7 @@ using driver::Window;
 namespace {
 
 constexpr int hideButton = 3;           // in the editor's toolbar
-constexpr const char* title = "Zebra";  // the last one in the list
+constexpr const char* title = "Zebra";  // the last title in the list
 
 bool HasFocus(const Window& note) {
     const Window focus = note.Focus();
@@ -62,7 +62,8 @@ class OneNote {
         CheckFile(true);
     }
 
-    // The window must go and the panel, which is shown, must list one note more.
+    // Hides the note while the panel is shown. The note's window must disappear, and the panel must
+    // list one more note.
     void HideBesidePanel() {
         const Window note = subject.Find(title);
         ++rows;

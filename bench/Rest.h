@@ -11,7 +11,7 @@ namespace bench {
 // Milliseconds of the performance counter.
 double Now();
 
-// Whether the program answers a message. Returns only then, or after a minute: a program that is
+// Whether the program answers a message within a minute. Waits for the answer: a program that is
 // busy with an action does not answer.
 bool Answers(const driver::Window& window);
 

@@ -14,19 +14,19 @@ struct Settings {
     std::string children;  // see Subject
 };
 
-// Make Note, Hide with and without the panel, opening the panel, erasing in it.
+// Makes a note, hides it with and without the panel, opens the panel and erases the note in it.
 void MakeHideErase(const Settings& settings);
 // Opens restored notes for the first time.
 void RestoreNotes(const Settings& settings);
 // Open All Notes, then Exit with a change in each open note. Needs at least 2 notes, at most 99.
 void OpenAllAndExit(const Settings& settings);
-// A key, a colour and a size in the only note.
+// Types keys into the only note, and changes its colour and size.
 void ChangeText(const Settings& settings);
-// Writes notes with alarms that are due soon, closes half of them and waits until they ring. The
-// file "sounds" in the executable's folder must get a line with the time, in seconds since 1970,
-// when a sound begins.
+// Writes notes with alarms that are due soon, closes half of them and waits until they ring.
+// Whenever a sound begins, the caller must append a line with the time, in seconds since 1970, to
+// the file "sounds" in the executable's folder.
 void RingAlarms(const Settings& settings);
-// The start with many notes, and the panel with them.
+// Starts with many notes, and opens the panel.
 void StartWithMany(const Settings& settings);
 
 }  // namespace bench

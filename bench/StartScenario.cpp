@@ -26,7 +26,8 @@ bool HasTrayIcon(const Window& owner) {
     return ::Shell_NotifyIconW(NIM_MODIFY, &nothingNew) != 0;
 }
 
-// Waits until all notes are there. Returns the longest time in which the program did not answer.
+// Waits until all notes are there. Returns the longest time in which the program did not answer, in
+// milliseconds.
 double AwaitNotes(const Subject& subject, int notes) {
     constexpr double limit = 900'000;  // milliseconds; for many thousands of notes
     const Window main = subject.Main();
@@ -42,7 +43,8 @@ double AwaitNotes(const Subject& subject, int notes) {
             if (subject.CountMinimised() == notes) {
                 return longest;
             }
-            // Counting asks for every window. It must not take a noticeable part of the time.
+            // Counting goes through all windows of the desktop. It may take only a twentieth of the
+            // time.
             constexpr double share = 20;
             nextCount = Now() + share * (Now() - now);
         }

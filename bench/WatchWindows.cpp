@@ -11,8 +11,8 @@
 //   <number of the watch> <milliseconds> <processor milliseconds>
 //
 // The first line is "pid <process ID>". watch_windows exits when all watches are met; the started
-// program keeps running. The exit status is 1 after <seconds> without all watches met, 2 for wrong
-// arguments and 3 without a display.
+// program keeps running. The exit status is 1 if not all watches are met within <seconds>, 2 if the
+// arguments are wrong and 3 if there is no display.
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>

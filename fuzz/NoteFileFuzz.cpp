@@ -12,8 +12,8 @@ bool HasQuote(const StandardCode::NoteRecord& record) {
     return (record.Title + record.Text + record.AlarmState).find('"') != std::string::npos;
 }
 
-// Returns the record without the values that the writer drops: the time part of the date, the date
-// part of the time, and the trailer.
+// Returns the record as it is after writing and reading. The writer drops the time part of the
+// date, the date part of the time, and any trailer but "yes".
 StandardCode::NoteRecord AsWritten(StandardCode::NoteRecord record) {
     record.AlarmDate = record.AlarmDate.DateOnly();
     record.AlarmTime = record.AlarmTime.TimeOnly();
@@ -24,7 +24,8 @@ StandardCode::NoteRecord AsWritten(StandardCode::NoteRecord record) {
 }  // namespace
 
 // Checks that reading any bytes gives a note or one of three errors. A note that was read contains
-// no zero character, so that it can be shown completely, and is the same after saving and reading.
+// no zero character, so that it can be shown completely. If it has no quotes, it is the same after
+// saving and reading.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static forms::headless::HeadlessLocale locale;
     forms::Machine().locale = &locale;

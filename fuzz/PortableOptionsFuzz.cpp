@@ -4,8 +4,8 @@
 
 #include "portable/OptionsFile.h"
 
-// Checks that any bytes give options that can be written and read again, and that a file that was
-// written is not damaged.
+// Checks that any bytes give options that are the same after writing and reading, and that the
+// written bytes do not count as damaged.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string folder = "E:\\Jotwright";
     const std::string bytes(data, data + size);

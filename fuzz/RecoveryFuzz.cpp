@@ -23,8 +23,8 @@ bool CanBeShown(const std::string& text) {
 
 }  // namespace
 
-// Checks that any bytes are a valid recovery copy or are skipped. A recovered note can be written
-// to a recovery copy again, and reading that copy gives the same note.
+// Checks that any bytes are read as a recovery copy or skipped. A recovered note can be changed and
+// written to a recovery copy again, and reading that copy gives the changed note.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static forms::headless::VirtualClock clock;
     static forms::headless::HeadlessLocale locale;

@@ -13,7 +13,8 @@ namespace {
 
 using SpecialAlarmsFile::Row;
 
-// Days with quotes are not round-tripped: the window writes only the seven names of the days.
+// A row with quotes in its day need not be the same after saving and reading: the window writes
+// only the seven names of the days.
 bool HasQuoteInDay(const Row& row) { return row.Day.find('"') != std::string::npos; }
 
 std::vector<Row> WithoutLineBreaks(std::vector<Row> rows) {
@@ -37,7 +38,7 @@ void CheckRoundTrip(const std::vector<Row>& rows) {
 }  // namespace
 
 // Checks that reading any bytes gives seven rows or one of three errors. Rows that were read are
-// the same after saving and reading, or differ only in blanks for the line breaks of messages.
+// the same after saving and reading, except that blanks may replace the line breaks of messages.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static forms::headless::HeadlessLocale locale;
     forms::Machine().locale = &locale;

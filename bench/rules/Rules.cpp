@@ -1,5 +1,5 @@
-// The cost of those rules and stores that run for every note or every second. bench/instructions
-// counts the instructions of each function in namespace "counted".
+// Measures the cost of the rules and stores that run for every note or every second.
+// bench/instructions counts the instructions of each function in namespace "counted".
 #include <benchmark/benchmark.h>
 
 #include <memory>

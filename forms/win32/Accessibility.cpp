@@ -18,8 +18,8 @@ constexpr GUID nameProperty{
 constexpr GUID roleProperty{
     0xcb905ff2, 0x7bd1, 0x4c05, {0xb3, 0xc8, 0xe6, 0xc2, 0x41, 0x36, 0x4d, 0x70}};
 
-// The service. It is kept until the process ends. If the system does not give it now, the next call
-// asks again.
+// The service. It is kept until the process ends. If it cannot be created now, the next call tries
+// again.
 IAccPropServices* Services() {
     static const HRESULT initialized = ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     (void)initialized;

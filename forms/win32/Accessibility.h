@@ -11,7 +11,7 @@ namespace forms::win32 {
 // Gives a native control without a caption a name for screen readers.
 bool SetAccessibleName(HWND control, const std::string& name);
 
-// Screen readers will announce the control as a picture.
+// Makes screen readers announce the control as a picture.
 bool MarkAsGraphic(HWND control);
 
 }  // namespace forms::win32

@@ -6,8 +6,8 @@ namespace forms::win32 {
 
 namespace {
 
-// A box with this many rows fits on any screen. Even if all units are wide, no row is broken before
-// this many UTF-16 units.
+// A box with mostRows rows fits on any screen. The system never breaks a row that has unitsInRow
+// UTF-16 units or fewer, even if all of them are wide.
 constexpr int mostRows = 30;
 constexpr int unitsInRow = 50;
 // Some systems make a box as wide as its longest word.

@@ -34,8 +34,8 @@ class ComboBoxPeer : public Peer {
         }
     }
 
-    // The height of the native control is the height of its list. The height of the box follows
-    // from its item height.
+    // The height of the native control includes its open list. The height of the closed box follows
+    // from the item height.
     void Layout() override {
         const RECT area = Area();
         const int height = area.bottom - area.top;
@@ -57,8 +57,8 @@ class ComboBoxPeer : public Peer {
             return;
         }
         const auto shown = static_cast<int>(::SendMessageW(handle, CB_GETCURSEL, 0, 0));
-        // The system reports an entry that is chosen in the open list twice. If the entry was
-        // chosen before, only the second report may come.
+        // If the user chooses an entry in the open list, the system sends CBN_SELCHANGE and then
+        // CBN_SELENDOK. If that entry was selected before, it may send only CBN_SELENDOK.
         if (code == CBN_SELENDOK || shown != comboBox.listIndex()) {
             gestures::Select(comboBox, shown);
         }

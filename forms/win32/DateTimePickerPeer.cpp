@@ -91,8 +91,9 @@ class DateTimePickerPeer : public Peer {
 
     void ShowValue() {
         const base::DateTime value = picker.value;
-        // The native control needs a date with each time. The date is not visible. If the date is
-        // invalid in the control, it uses the nearest date, and the picker's value does not change.
+        // If the control shows a time, it still needs a date, which is not visible. It accepts no
+        // date before firstDay. For an earlier value it shows firstDay, and the picker's value does
+        // not change.
         static const base::DateTime anyDay = base::DateTime::FromDate(2000, 1, 1);
         static const base::DateTime firstDay = base::DateTime::FromDate(1753, 1, 1);
         const base::DateTime day = ShowsTime() ? anyDay : std::max(value, firstDay);
@@ -110,7 +111,8 @@ class DateTimePickerPeer : public Peer {
         }
     }
 
-    // Do not set a value that the user has just typed: the control would restart the field.
+    // Do not set a value that the control already shows: the control would restart the field in
+    // which the user is typing.
     bool Shows(const SYSTEMTIME& time) const {
         SYSTEMTIME shown{};
         ::SendMessageW(handle, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&shown));
@@ -120,7 +122,7 @@ class DateTimePickerPeer : public Peer {
         return shown.wYear == time.wYear && shown.wMonth == time.wMonth && shown.wDay == time.wDay;
     }
 
-    // A control cannot change between a calendar and arrows after it was created.
+    // A native control cannot change between a calendar and arrows, so a new one replaces it.
     void CreateAgain() {
         HWND before = handle;
         const bool hadFocus = ::GetFocus() == before;

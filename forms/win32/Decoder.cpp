@@ -36,14 +36,14 @@ Owned<Interface> Made(const Call& call) {
     return Owned<Interface>(SUCCEEDED(call(&made)) ? made : nullptr);
 }
 
-// The loaded library.
+// Keeps windowscodecs.dll loaded.
 class Library {
   public:
     Library()
         : module(LoadSystemLibrary(L"windowscodecs.dll")),
           canUnload(FunctionOf<CanUnload>(module, "DllCanUnloadNow")) {
-        // Some systems' decoders always refuse, even before they have made an object. Their answer
-        // says nothing.
+        // On some systems this function refuses even before the library has made an object. Its
+        // answer is useless there.
         if (canUnload != nullptr && canUnload() != S_OK) {
             canUnload = nullptr;
         }
@@ -58,8 +58,8 @@ class Library {
     }
     ~Library() {
         factory.reset();
-        // Objects of the library may outlive the factory, for example in the codecs of other
-        // makers. In that case it stays loaded.
+        // Objects of the library may outlive the factory, for example in third-party codecs. In
+        // that case the library stays loaded.
         if (module != nullptr && (canUnload == nullptr || canUnload() == S_OK)) {
             ::FreeLibrary(module);
         }
@@ -67,7 +67,7 @@ class Library {
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
 
-    // The first picture of a file; null if the bytes are not a picture.
+    // The first frame of a picture. Null if the bytes are not a picture.
     Owned<IWICFormatConverter> Decode(const std::string& bytes) const {
         const Owned<IStream> stream(::SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes.data()),
                                                         static_cast<UINT>(bytes.size())));
@@ -97,11 +97,10 @@ class Library {
     using CanUnload = HRESULT(WINAPI*)();
 
     HMODULE module;
-    CanUnload canUnload;  // null: not asked
+    CanUnload canUnload;  // null: the library is freed without asking
     Owned<IWICImagingFactory> factory;
 };
 
-// A decoded picture.
 class Decoded {
   public:
     Decoded(const Library& library, const std::string& pictureBytes)

@@ -8,8 +8,8 @@ namespace forms::win32 {
 
 namespace {
 
-// A lower contrast than this is corrected. For example, red on the gray of old dialogs, which an
-// author chose, has 2.6. Dark blue on black, which is an accident, has 1.3.
+// ReadableOn replaces colours with a lower contrast than this. For example, red on the gray of old
+// dialogs is intended and has 2.6. Dark blue on black is an accident of a theme and has 1.3.
 constexpr double lowestContrast = 2.5;
 
 // The perceived brightness of a colour, 0 to 1.

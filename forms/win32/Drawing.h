@@ -17,7 +17,7 @@ COLORREF ToColorRef(const std::optional<Color>& color, int system);
 // theme others, so any combination can occur.
 COLORREF ReadableOn(COLORREF background, COLORREF wanted);
 
-// Shared brushes. Do not delete them.
+// A shared brush. Do not delete it.
 HBRUSH SolidBrush(COLORREF color);
 
 // A buffer for drawing. The destructor copies it to the target, so that the whole drawing appears

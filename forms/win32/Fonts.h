@@ -12,15 +12,16 @@ namespace forms::win32 {
 // Fonts are created once and kept, because a hundred windows share a few fonts.
 namespace fonts {
 
-// points 0: the size of the user's message font, reduced by the scale's text percentage. Empty
-// name: the face of the message font. Do not delete the font.
+// If points is 0, the font has the size of the user's message font, or a smaller size if scale.text
+// is smaller than TextPercent(). If name is empty, it has the face of the message font. Do not
+// delete the font.
 HFONT Get(const std::string& name, int points, bool bold, const Scale& scale);
 
 // The user's font for tool tips.
 HFONT ForTips(int dpi);
 
-// Call it when the user has chosen other fonts. Windows must then get their fonts again. Returns
-// the old fonts. The caller deletes them when no window uses them any more.
+// Call this function when the user has chosen other fonts. Windows must then get their fonts again.
+// Returns the old fonts. The caller deletes them when no window uses them any more.
 std::vector<HFONT> Forget();
 
 // The size of a text in pixels, without wrapping.

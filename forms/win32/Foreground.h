@@ -6,7 +6,7 @@
 // program's buttons in the task bar, and the foreground.
 namespace forms::win32 {
 
-// Whether the user is using this program now.
+// Whether the foreground window belongs to this program.
 bool HasForeground();
 
 // Whether the window is a message box or a dialog of the system.

@@ -25,8 +25,8 @@ constexpr std::size_t longestCaption = 1024;
 
 std::wstring CaptionOf(const Form& form) { return Wide(form.caption()).substr(0, longestCaption); }
 
-// Whether the message may report something that the user has done. Messages of the session's end
-// come to another window.
+// Whether the message may run a handler of the form. (The messages at the end of the session go to
+// the utility window.)
 bool MayRunHandlers(UINT message) {
     switch (message) {
         case WM_ACTIVATE:
@@ -45,8 +45,8 @@ bool MayRunHandlers(UINT message) {
     }
 }
 
-// While it exists, a window that the user sees is not painted. Otherwise each new control would be,
-// and parts of it several times.
+// Suspends the painting of a window that is on the screen. Otherwise each new control would be
+// painted at once, and parts of the window several times.
 class NoRedraw {
   public:
     explicit NoRedraw(HWND handle)
@@ -66,7 +66,7 @@ class NoRedraw {
     NoRedraw& operator=(const NoRedraw&) = delete;
 
   private:
-    HWND window;  // null: it is not on the screen
+    HWND window;  // null if it is not on the screen
 };
 
 // Links a form to its window. Destroyed when the form is unloaded.
@@ -222,8 +222,9 @@ void FormWindow::ScheduleDestroy() {
     showing.ReleaseOwned();
     DetachFromForm();
     destroyScheduled = true;
-    // The posted message destroys the window. It does not arrive while the program ends, because
-    // the system destroys all windows of a process faster than the process could.
+    // The posted message destroys the window. If the program is ending, the message is never
+    // handled, on purpose: the system destroys all windows of a process faster than the process
+    // could.
     if (::PostMessageW(state.utility, UtilityWindow::destroyMessage, 0,
                        reinterpret_cast<LPARAM>(handle)) == 0) {
         DestroyIfScheduled();

@@ -18,9 +18,10 @@
 namespace forms::win32 {
 
 // The native window of a form. It is created without contents. Its menu bar and its controls are
-// created when it is first shown and not minimised. When its form is unloaded, the window is hidden
-// at once. It is destroyed as soon as none of its procedures is on the stack, because the handler
-// of a button may unload its form.
+// created when it is first shown in a state other than minimised. When its form is unloaded, a
+// posted message destroys the window. If one of its procedures is still on the stack (the handler
+// of a button may unload its form), the message only hides the window. The window is then destroyed
+// after the procedure has returned.
 class FormWindow {
   public:
     static FormWindow* Existing(const Form& form);
@@ -57,7 +58,7 @@ class FormWindow {
     WindowFocus focus{*this};
     WindowPointer pointer{*this};
 
-    // Whether the form still exists. If it does not, use only the window's own members.
+    // Whether the form is still loaded. If it is not, use only the window's own members.
     bool IsLive() const { return form != nullptr; }
     Form& Model() const { return *form; }
     bool IsFilled() const { return isFilled; }
@@ -87,7 +88,7 @@ class FormWindow {
     Form* form;
     bool isFilled = false;
     bool destroyScheduled = false;
-    bool destroyMissed = false;  // the message came while a procedure was on the stack
+    bool destroyMissed = false;  // destroyMessage came during a procedure
     int entered = 0;
 };
 

@@ -16,7 +16,7 @@ namespace {
 
 // Paints the border of the user's theme. Returns false if there is no theme. The library is loaded
 // when the first window with a group box, the main window, is painted. It is not linked, because
-// the system would then load it from the program's folder.
+// the system searches the program's folder first for linked libraries.
 bool PaintThemedBorder(HWND handle, HDC dc, const RECT& border, int look) {
     constexpr const wchar_t* library = L"uxtheme.dll";
     static const auto open = FromLibrary<decltype(&::OpenThemeData)>(library, "OpenThemeData");

@@ -47,7 +47,7 @@ class ImagePeer : public SurfacePeer {
 
   protected:
     void PaintOver(HDC /*dc*/, const RECT& /*inside*/) override {}
-    // The text of the native window is its name.
+    // Screen readers take the name from the native window's text, so only the role is missing.
     bool Describe() override { return MarkAsGraphic(handle); }
 
   private:

@@ -32,8 +32,9 @@ std::string BytesOf(const std::string& path) {
     }
 }
 
-// The picture for this width in pixels. Larger versions of "error.gif" may be beside it:
-// "error@2x.png" and "error@3x.png" with twice and three times its width and height in pixels.
+// The bytes of the version of a picture that suits this width in pixels. Larger versions of
+// "error.gif" may be beside it: "error@2x.png" and "error@3x.png" with twice and three times its
+// width and height in pixels.
 std::string PictureFor(const std::string& path, int width) {
     std::string best = BytesOf(path);
     const std::optional<SIZE> plain = decoder::SizeOf(best);
@@ -153,8 +154,7 @@ HICON ProgramIcon(int pixels) {
     static std::map<int, HICON> cache;
     const auto [at, isNew] = cache.try_emplace(pixels, nullptr);
     if (isNew) {
-        // Use the icon with the lowest number, because the desktop also uses it as the program's
-        // icon.
+        // Use the icon with the lowest number, because the desktop shows that icon for the program.
         at->second = static_cast<HICON>(::LoadImageW(
             ::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, pixels, pixels, 0));
     }

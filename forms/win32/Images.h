@@ -23,7 +23,7 @@ HICON ResourceIcon(const std::string& name, int pixels);
 // icons share one list. Do not destroy it.
 struct IconList {
     HIMAGELIST handle = nullptr;
-    std::vector<int> places;  // of each name in the list; -1 if there is no such resource
+    std::vector<int> places;  // of each name's icon; -1 if there is no such resource
 };
 const IconList& ResourceIcons(const std::vector<std::string>& names, int pixels);
 

@@ -14,9 +14,9 @@ namespace win32 {
 // Functions of the stage for the devices, and of the devices for the stage.
 
 // The form's native window as the owner of an icon in the notification area. If the form has no
-// window yet, creates it without its children. From now on, the window takes the icon's callback: a
-// mouse-move message whose wParam is the icon's number, not 0, and whose lParam is the mouse
-// message. Null if the form is not loaded.
+// window yet, creates it without its children. From then on, the window handles the icon's
+// callback: a mouse-move message whose wParam is the icon's number, not 0, and whose lParam is the
+// mouse message. Null if the form is not loaded.
 HWND TrayWindowOf(Form& form, UINT iconId);
 // The form's native window. Null if there is none.
 HWND ExistingWindowOf(const Form& form);

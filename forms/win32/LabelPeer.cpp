@@ -47,7 +47,7 @@ class LabelPeer : public SurfacePeer {
             format |= DT_HIDEPREFIX;
         }
         if (label.autoSize) {
-            // The label has the size of its lines. Do not wrap the last word because of rounding.
+            // The label is exactly as large as its lines, so rounding could wrap the last word.
             format &= ~UINT{DT_WORDBREAK};
         }
         const std::wstring text = Wide(label.caption());
@@ -67,7 +67,7 @@ class LabelPeer : public SurfacePeer {
     }
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
-        // Only tools send this message. A click of the mouse reaches the form.
+        // A mouse click goes to the form. Only tools send this message to the label.
         const bool isClick =
             message == WM_LBUTTONUP && window.state.presses.IsPressed(leftButton, &label);
         const auto result = SurfacePeer::OnMessage(message, wParam, lParam);

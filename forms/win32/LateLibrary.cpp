@@ -9,8 +9,8 @@ HMODULE LoadSystemLibrary(const wchar_t* library, LibraryLoader load) {
     if (loaded != nullptr || ::GetLastError() != ERROR_INVALID_PARAMETER) {
         return loaded;
     }
-    // Windows 7 without its update KB2533623 does not know the flag. With a full path, it takes the
-    // library from its folder, and the libraries that this one needs too.
+    // Windows 7 without its update KB2533623 rejects the flag. If the path is a full path, the flag
+    // below makes it search the library's own folder first for the libraries that this one needs.
     std::wstring path(::GetSystemDirectoryW(nullptr, 0), L'\0');
     path.resize(::GetSystemDirectoryW(path.data(), static_cast<UINT>(path.size())));
     path += L'\\';

@@ -98,19 +98,20 @@ class ListViewPeer : public Peer {
             selectedByClick = false;
         }
         if (message == WM_SIZE) {
-            // Also sent when the scroll bar comes or goes.
+            // The system also sends this when the scroll bar appears or disappears.
             const LRESULT result = Default(message, wParam, lParam);
             FillWidth();
             return result;
         }
         if (message == WM_PAINT && ShowsEmptyText()) {
-            // Paint all of it: letters that are drawn twice become bolder.
+            // Repaint the whole list: a text that is drawn over itself looks bolder.
             ::InvalidateRect(handle, nullptr, TRUE);
             const LRESULT result = Default(message, wParam, lParam);
             PaintEmptyText();
             return result;
         }
-        // The native list reports these messages by notifications, and suppresses some of them.
+        // The list reports the release of a button by a notification; see OnNotify. Some of these
+        // messages never arrive.
         if (message == WM_LBUTTONUP || message == WM_RBUTTONUP) {
             return std::nullopt;
         }
@@ -119,7 +120,7 @@ class ListViewPeer : public Peer {
 
   private:
     void OnClick(int button, const NMITEMACTIVATE& click) {
-        // A click on the selected row changes nothing in the native list.
+        // If the row was already selected, the native list sends no LVN_ITEMCHANGED.
         if (click.iItem >= 0 && !selectedByClick) {
             gestures::Select(listView, click.iItem);
         }
@@ -146,7 +147,7 @@ class ListViewPeer : public Peer {
 
     bool ShowsEmptyText() const { return listView.Rows().empty() && *listView.emptyText != '\0'; }
 
-    // Below the headings, in the middle.
+    // Centres the text below the headings.
     void PaintEmptyText() const {
         RECT area{};
         RECT headings{};
@@ -244,7 +245,8 @@ class ListViewPeer : public Peer {
         }
     }
 
-    // Finds the row with a text that begins with the typed letters.
+    // Finds the next row with a text that begins with the typed letters. Returns -1 if there is
+    // none.
     LRESULT FindRow(const NMLVFINDITEMW& search) const {
         const auto& rows = listView.Rows();
         // Some systems search with LVFI_SUBSTRING alone, which not every header defines.
@@ -270,7 +272,7 @@ class ListViewPeer : public Peer {
 
     ListView& listView;
     bool updating = false;
-    bool selectedByClick = false;  // by the last press of a mouse button
+    bool selectedByClick = false;  // the last press of a button changed the row
 };
 
 }  // namespace

@@ -11,8 +11,8 @@ namespace {
 
 UtilityWindow* utility = nullptr;
 
-// Messages to the system's controls start here. Many of them contain pointers, and the system never
-// posts them.
+// The range of the messages to the system's controls. Many of them contain pointers, and the system
+// never posts them.
 constexpr UINT firstControlMessage = 0x1000;
 constexpr UINT lastControlMessage = 0x1FFF;
 
@@ -27,7 +27,7 @@ bool IsOnForm(HWND window) {
 bool IsForged(const MSG& message) {
     switch (message.message) {
         case WM_QUIT:
-            // The program must end itself, after it has saved the notes.
+            // Only the program itself may end its loops, after it has saved the notes.
             return Runtime::Exists() && !Runtime::Current().HasEnded();
         case WM_NCCREATE:
         case WM_CREATE:
@@ -53,7 +53,8 @@ bool IsForged(const MSG& message) {
         case scaledSizeMessage:
             return true;
         case WM_TIMER:
-            // DispatchMessage would call the callback. No timer of these windows has a callback.
+            // lParam is the address of a callback, which DispatchMessage would call. No timer of
+            // these windows has a callback.
             return message.lParam != 0 && IsFormOrUtility(message.hwnd);
         default:
             return message.message >= firstControlMessage &&

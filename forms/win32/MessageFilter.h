@@ -13,7 +13,7 @@ class UtilityWindow;
 // text or make the program use an invalid pointer. The system never posts these messages to the
 // program's windows. The filter turns them into WM_NULL.
 //
-// The system sends WM_TIMER only if the queue is empty. If many messages arrive, the filter lets
+// The system delivers WM_TIMER only if the queue is empty. If many messages arrive, the filter lets
 // due timers run between them; see UtilityWindow::CatchUp.
 class MessageFilter {
   public:

@@ -53,7 +53,8 @@ void NativeControls::Create() {
     }
 }
 
-// Creates a control that was hidden until now, and puts it below the native control before it.
+// Creates the native control of a control that was hidden until now, and puts it below the one that
+// precedes it in Order().
 void NativeControls::MakeLate(Peer& late) {
     late.Make();
     if (late.handle == nullptr) {
@@ -68,7 +69,7 @@ void NativeControls::MakeLate(Peer& late) {
         above = peer.handle != nullptr ? peer.handle : above;
     }
     ::SetWindowPos(late.handle, above, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    // Not every system gives a new control the form's marks of access keys and of the focus.
+    // Some systems do not tell a new control whether the form marks access keys and the focus.
     const LRESULT marks = ::SendMessageW(window.handle, WM_QUERYUISTATE, 0, 0);
     ::SendMessageW(late.handle, WM_UPDATEUISTATE, MAKEWPARAM(UIS_SET, marks), 0);
 }

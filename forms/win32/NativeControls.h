@@ -23,8 +23,8 @@ class NativeControls {
     NativeControls& operator=(const NativeControls&) = delete;
 
     void Create();
-    // In the order of the form's controls; empty until Create. A control that is hidden is not made
-    // until it is shown.
+    // In the order of the form's controls; empty until Create. The native control of a hidden
+    // control is created when it is first shown.
     const std::vector<std::unique_ptr<Peer>>& Peers() const { return peers; }
     Peer* Find(const Control& control) const;
     Peer* Find(HWND child) const;

@@ -102,7 +102,7 @@ void NativeMenus::Apply(HWND window, const Menu& menu, Aspect aspect) {
         }
         return;
     }
-    // The entry may be visible now. Other menus are updated before they open.
+    // The menu with this entry may be open now. A closed menu is updated before it opens.
     HMENU bar = ::GetMenu(window);
     const auto id = static_cast<UINT>(IdOf(menu));
     if (aspect == Aspect::Enabled) {

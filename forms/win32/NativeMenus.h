@@ -29,7 +29,7 @@ class NativeMenus {
     Menu* Find(int id) const;
 
   private:
-    // Numbers the entries when the first menu is shown.
+    // Numbers the entries in the first call. Later calls do nothing.
     void AssignIds(const Form& form);
     void AssignIds(Menu& menu);
     int IdOf(const Menu& menu) const;

@@ -33,7 +33,7 @@ class OptionButtonPeer : public Peer {
     }
 
     void OnCommand(int code) override {
-        // A button that is not selected reports a click also if it gets the focus.
+        // If a button that is not selected gets the focus, it reports a click, too.
         if (code == BN_CLICKED && !window.state.movingFocus && !button.value()) {
             gestures::Click(button);
         }
@@ -87,7 +87,7 @@ class OptionButtonPeer : public Peer {
             FromLibrary<decltype(&::SetWindowTheme)>(L"uxtheme.dll", "SetWindowTheme");
         if (setTheme != nullptr) {
             hasNoStyle = wanted;
-            const wchar_t* none = L" ";  // the name of no theme
+            const wchar_t* none = L" ";  // no theme has this name
             setTheme(handle, wanted ? none : nullptr, wanted ? none : nullptr);
         }
     }

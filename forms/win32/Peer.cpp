@@ -39,8 +39,7 @@ void Peer::CreateNative(const wchar_t* className, const std::string& text, DWORD
         return;
     }
     ::SendMessageW(handle, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), FALSE);
-    // SetWindowSubclass would keep its data in a property of the window, and read the property at
-    // each message.
+    // SetWindowSubclass would be slower: it reads a property of the window at each message.
     ::SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     controlProcedure = reinterpret_cast<WNDPROC>(
         ::SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Peer::Procedure)));
@@ -173,7 +172,7 @@ LRESULT CALLBACK Peer::Procedure(HWND child, UINT message, WPARAM wParam, LPARAM
     auto& peer = *reinterpret_cast<Peer*>(::GetWindowLongPtrW(child, GWLP_USERDATA));
     const bool isMade = message == WM_NCCREATE || message == WM_CREATE;
     const bool isEnd = message == WM_DESTROY || message == WM_NCDESTROY;
-    // A control that is destroyed with its form may have lost its parent already.
+    // A control that is destroyed with its form may no longer have a parent.
     const bool ends = IsBeingDestroyed(child) || IsBeingDestroyed(peer.window.handle);
     if (isMade || (isEnd && !ends)) {
         return 0;  // sent by another program: ignore it, because the control exists already

@@ -13,8 +13,8 @@ namespace forms::win32 {
 class FormWindow;
 
 // The native side of one control. It exists from the time when its form's window is filled until
-// that window is destroyed. Controls of the system have a handle. Images, shapes and lines are
-// painted by their form.
+// that window is destroyed. A control of the system has a handle. The form paints images, shapes
+// and lines.
 //
 // Any gesture may unload the form. After a gesture, use the model only if window.IsLive().
 class Peer {
@@ -27,7 +27,7 @@ class Peer {
     FormWindow& window;
     Control& control;
     HWND handle = nullptr;
-    bool startsGroup = true;  // of the controls among which the arrow keys move; set before Create
+    bool startsGroup = true;  // starts a group for the arrow keys; set before Make
 
     // Creates the native control in the state of the model. Call the other functions only
     // afterwards.
@@ -52,7 +52,7 @@ class Peer {
     virtual HBRUSH OnColor(HDC /*dc*/) { return nullptr; }
     // Paints the control on the form's surface, in client pixels of the form.
     virtual void Paint(HDC /*dc*/) {}
-    // Whether the form gets the messages of the pointer and finds the control by its place.
+    // Whether mouse messages go to the form, which finds the control by its place.
     virtual bool IsTransparent() const { return handle == nullptr; }
 
     // The control's rectangle in client pixels of the form.

@@ -18,7 +18,8 @@ namespace forms::win32::pumps {
 
 namespace {
 
-// Handles keys that move the focus or press a button, and access keys.
+// If the message is a key that moves the focus, presses a button or is an access key, handles it
+// and returns true.
 bool IsForForm(MSG& message) {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) {
         return false;
@@ -28,8 +29,8 @@ bool IsForForm(MSG& message) {
     return window != nullptr && window->focus.TakeKey(message);
 }
 
-// The hook in the loop of a box or dialog. Passes keys to the forms that can be used while it is
-// open. IsDialogMessage calls the hook again with the same message. That call is ignored.
+// A hook in the loop of a box or dialog. Passes keys to the forms that can be used while the box is
+// open. IsDialogMessage calls the hook again with the same message, and the hook ignores that call.
 LRESULT CALLBACK KeysOfForms(int code, WPARAM wParam, LPARAM lParam) {
     static const MSG* beingTreated = nullptr;
     auto* message = reinterpret_cast<MSG*>(lParam);
@@ -80,13 +81,14 @@ HWND OwnerForBox() {
         const FormWindow* window = form != nullptr ? FormWindow::Existing(*form) : nullptr;
         owner = window != nullptr && CanOwn(window->handle) ? window->handle : nullptr;
     }
-    // While the user is in another program, only a flashing button in the task bar tells of the
+    // While the user works in another program, only a flashing button in the task bar announces the
     // box. A box without an owner has its own button.
     return owner != nullptr && (HasForeground() || HasTaskbarButton(owner)) ? owner : nullptr;
 }
 
-// Shuts off the existing windows while a box is open. The system itself disables the owner. If
-// there is no owner, the system disables all windows. Windows that appear later can be used.
+// Shuts off the existing windows while a box is open. The system itself disables the owner of a
+// box. If a message box has no owner, the system disables all windows (MB_TASKMODAL). Windows that
+// appear later can be used.
 class OthersShutOff {
   public:
     OthersShutOff(StageState& stageState, HWND owner) : state(stageState) {
@@ -148,7 +150,7 @@ BOOL CALLBACK EndBox(HWND window, LPARAM /*data*/) {
         return TRUE;
     }
     if (::GetDlgItem(window, IDCANCEL) != nullptr) {
-        // EndDialog would end a file dialog without the object that runs it.
+        // Cancel a file dialog: EndDialog would bypass the object that runs it.
         ::PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
     } else {
         ::EndDialog(window, IDCANCEL);
@@ -162,12 +164,12 @@ void Run(const std::function<bool()>& goesOn) {
     const Runtime& runtime = Runtime::Current();
     while (!runtime.HasEnded() && goesOn()) {
         MSG message{};
-        // WM_QUIT (0) ends this loop only if the runtime has ended too.
+        // A WM_QUIT (result 0) ends this loop only if the runtime has ended, too.
         if (::GetMessageW(&message, nullptr, 0, 0) > 0 && !IsForForm(message)) {
             ::TranslateMessage(&message);
             ::DispatchMessageW(&message);
         }
-        // Run them here, because the native timer would wait until the queue is empty.
+        // Run due timers here, because the native timer waits until the queue is empty.
         if (runOverdueTimers) {
             runOverdueTimers();
         }
@@ -176,7 +178,7 @@ void Run(const std::function<bool()>& goesOn) {
 
 void RunFor(int milliseconds) {
     const std::int64_t end = Machine().clock->MonotonicMilliseconds() + milliseconds;
-    // Ends the wait for the next message.
+    // The timer ends the wait for the next message.
     const UINT_PTR timer = ::SetTimer(nullptr, 0, static_cast<UINT>(milliseconds), nullptr);
     Run([end] { return Machine().clock->MonotonicMilliseconds() < end; });
     ::KillTimer(nullptr, timer);
@@ -232,7 +234,7 @@ Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu) {
     const FormWindow::Entry entry(window);
     POINT pointer{};
     ::GetCursorPos(&pointer);
-    // The place counts for this menu only, not for menus that its commands open.
+    // The place is for this menu only, not for menus that its commands open.
     const POINT place = std::exchange(state.menuPlace, std::nullopt).value_or(pointer);
     HMENU popup = window.menus.MakePopup(menu);
     HWND before = ::GetActiveWindow();

@@ -16,7 +16,7 @@ namespace forms::win32::pumps {
 
 // Runs the program's loop while the condition is true.
 void Run(const std::function<bool()>& goesOn);
-// Runs the program's loop for a time.
+// Runs the program's loop for this time.
 void RunFor(int milliseconds);
 
 BoxResult ShowMessageBox(StageState& state, const BoxRequest& request);
@@ -25,7 +25,7 @@ std::optional<std::string> ShowOpenDialog(StageState& state, const FormWindow* w
                                           const FileDialogRequest& request);
 Menu* ShowPopupMenu(StageState& state, FormWindow& window, Menu& menu);
 
-// Ends every pump of this thread.
+// Ends all loops of this thread: closes the menu and the boxes, and posts WM_QUIT.
 void EndAll();
 
 }  // namespace forms::win32::pumps

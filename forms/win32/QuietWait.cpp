@@ -16,8 +16,8 @@ class Waiting {
     Waiting& operator=(const Waiting&) = delete;
 };
 
-// Answers the messages that have been sent, and paints. A window that paints nothing asks again and
-// again, so there is a limit.
+// Answers the messages that have been sent, and paints. The system repeats WM_PAINT for a window
+// that has not painted, so there is a limit.
 void AnswerAndPaint() {
     constexpr int most = 1000;
     MSG message{};
@@ -33,7 +33,8 @@ bool ProgramHasEnded() { return Application::Exists() && Application::Current().
 }  // namespace
 
 bool WaitQuietly(HANDLE object) {
-    // The system counts a program as hung if it has not looked at its messages for five seconds.
+    // The system considers a program hung if the program has not checked its messages for five
+    // seconds.
     constexpr DWORD longestWithoutLook = 1000;  // milliseconds
     const Waiting waiting;
     while (!ProgramHasEnded()) {

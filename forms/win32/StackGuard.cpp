@@ -31,8 +31,8 @@ namespace {
         asm volatile("int $0x29" : : "c"(stackCookieFailure));
 #endif
     }
-    // Before Windows 8, FailFast would be an ordinary fault, and handlers on this stack would be
-    // called.
+    // Before Windows 8, that instruction would raise an ordinary exception, and the system would
+    // call handlers on the corrupt stack.
     ::TerminateProcess(::GetCurrentProcess(), STATUS_STACK_BUFFER_OVERRUN);
     __builtin_unreachable();
 }
@@ -47,8 +47,8 @@ std::uint64_t Mixed(std::uint64_t value) {
     return value;
 }
 
-// A random number of the system, if the process has loaded its source (since Windows 10, ole32
-// loads it). Otherwise 0.
+// A random number of the system. 0 if the process has not loaded the library that gives it. (Since
+// Windows 10, ole32 loads it.)
 std::uint64_t SystemRandom() {
     const auto generate = forms::win32::FromLoadedLibrary<BOOL(WINAPI*)(std::uint64_t*, SIZE_T)>(
         L"bcryptprimitives.dll", "ProcessPrng");
@@ -96,8 +96,9 @@ void __chk_fail() { FailFast(); }  // the system's headers say that it does not 
 __attribute__((constructor(101), no_stack_protector)) void SetStackGuard() {
     std::uint64_t secret = Mixed(SystemRandom());
     secret = Mixed(secret ^ ProcessCookie());
-    // If both are missing, use the time with the processor's cycle counter, and the addresses of
-    // the stack, the program, the libraries and the heap.
+    // In case both are missing, mix in the time with the processor's cycle counter, the numbers of
+    // the process and the thread, and the addresses of the stack, the program, the libraries and
+    // the heap.
     LARGE_INTEGER counter{};
     FILETIME now{};
     ::QueryPerformanceCounter(&counter);
@@ -112,7 +113,8 @@ __attribute__((constructor(101), no_stack_protector)) void SetStackGuard() {
     secret = Mixed(secret ^ Number(&__stack_chk_guard));
     secret = Mixed(secret ^ Number(::GetModuleHandleW(L"kernel32.dll")));
     secret = Mixed(secret ^ Number(::GetProcessHeap()));
-    // A string function that would copy over the guard stops at its zero byte.
+    // The lowest byte of the guard is 0. A string function stops at a 0, so it cannot write the
+    // correct guard and go on.
     __stack_chk_guard = static_cast<std::uintptr_t>(secret) & ~std::uintptr_t{0xff};
 }
 

@@ -15,7 +15,7 @@ class FormWindow;
 
 // The state that all windows of a stage share.
 struct StageState {
-    std::vector<FormWindow*> windows;  // all existing windows, in the order of their last use
+    std::vector<FormWindow*> windows;  // in the order of their last use, latest at the end
     HWND utility = nullptr;            // hidden; see UtilityWindow.h
     std::wstring savingText;           // see ApplicationInfo
     int textPercent = TextPercent();   // see Scale; follows the user's settings
@@ -27,13 +27,13 @@ struct StageState {
     bool movingFocus = false;
     bool hourglass = false;
     Presses presses;
-    std::optional<POINT> pointer;  // where it last moved over a form, in screen pixels
-    // The place for the next menu, which the user opens by keyboard, in screen pixels. Empty: at
-    // the pointer.
+    std::optional<POINT> pointer;  // its last place over a form, in screen pixels
+    // The place for the next menu, in screen pixels, if the user opens it by keyboard. If empty,
+    // the menu opens at the pointer.
     std::optional<POINT> menuPlace;
 };
 
-// While it exists, changes come from the stage and not from the user.
+// While an object of this class exists, changes come from the stage and not from the user.
 class Applying {
   public:
     explicit Applying(StageState& stageState) : state(stageState) { ++state.applying; }

@@ -44,7 +44,7 @@ std::optional<LRESULT> SurfacePeer::OnMessage(UINT message, WPARAM wParam, LPARA
             PaintAll(reinterpret_cast<HDC>(wParam), inside);
             return 0;
         }
-        // Do not pass it on: the control's own procedure would paint at once.
+        // Do not pass this message on: the control's own procedure would paint at once.
         case WM_SETTEXT: {
             const LRESULT result = ::DefWindowProcW(handle, message, wParam, lParam);
             Redraw();

@@ -4,9 +4,9 @@
 
 namespace forms::win32 {
 
-// A label or a group box. It is a control of the system, so that tools and screen readers find it
-// by its caption. But it is painted here, so that the form's pictures and coloured shapes show
-// through it, and changing its caption does not cause flicker.
+// A label, a group box or an image. It has a native control, so that tools and screen readers find
+// it by its caption (an image only if it has a name). But this class paints it, so that the form's
+// pictures and coloured shapes show through it, and changing its caption does not cause flicker.
 class SurfacePeer : public Peer {
   public:
     using Peer::Peer;

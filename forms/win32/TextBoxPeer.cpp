@@ -27,7 +27,7 @@ class TextBoxPeer : public Peer {
 
     void Create() override {
         DWORD style = WS_TABSTOP;
-        // Without a scroll bar from the start, the control does not keep the bar's range.
+        // If the control is created without a scroll bar, it never updates the bar's range.
         style |= textBox.multiLine
                      ? DWORD{ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL}
                      : DWORD{ES_AUTOHSCROLL};
@@ -114,7 +114,8 @@ class TextBoxPeer : public Peer {
                 return Peer::OnMessage(message, wParam, lParam);
             case WM_SETTEXT: {
                 const LRESULT result = Default(message, wParam, lParam);
-                // A multi-line box does not report a text that was set by a tool.
+                // If a tool sets the text of a multi-line control, the control does not report the
+                // change.
                 if (!settingText && textBox.multiLine) {
                     OnCommand(EN_CHANGE);
                 }
@@ -239,7 +240,7 @@ class TextBoxPeer : public Peer {
     }
 
     // The Tab key leaves a multi-line box. When the focus returns to the box, its text is not
-    // selected: the next key would replace the whole note.
+    // selected. Otherwise the next key would replace the whole note.
     LRESULT DialogCode(UINT message, WPARAM wParam, LPARAM lParam) {
         const LRESULT code = Default(message, wParam, lParam);
         const LRESULT left = DLGC_WANTTAB | DLGC_WANTALLKEYS | DLGC_HASSETSEL;

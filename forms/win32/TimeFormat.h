@@ -4,9 +4,9 @@
 
 namespace forms::win32 {
 
-// The format for a native picker that shows a time of day in this format, with the user's marks for
-// morning and afternoon. If a mark is empty or both are equal, the picker must show 24 hours:
-// otherwise 6:30 and 18:30 would look the same.
+// Returns the format that a native picker needs to show the time of day in the given format.
+// morning and afternoon are the user's marks (AM and PM). If a mark is empty or both are equal, the
+// result shows 24 hours, because otherwise 6:30 and 18:30 would look the same.
 std::wstring UnambiguousTimeFormat(const std::wstring& format, const std::wstring& morning,
                                    const std::wstring& afternoon);
 

@@ -19,8 +19,8 @@ constexpr int widthInTwips = 6000;  // longer tips are wrapped
 
 }  // namespace
 
-// The system could relay the messages itself (TTF_SUBCLASS), but would read properties of the
-// window at each message.
+// The system could relay the messages itself (TTF_SUBCLASS). That would be slower, because it reads
+// a property of the window at each message.
 void ToolTips::Relay(HWND target, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_MOUSEMOVE:
@@ -48,8 +48,8 @@ void ToolTips::Relay(HWND target, UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-// The system also sends a move if a window appears below the pointer. Making the window of the tips
-// is expensive: each new one goes through all windows of the desktop.
+// The system also sends a move if a window appears below the pointer. Do not create the window of
+// the tips then, because its creation goes through all windows of the desktop.
 bool ToolTips::HasPointerMoved(HWND target, LPARAM place) const {
     POINT now{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
     ::ClientToScreen(target, &now);

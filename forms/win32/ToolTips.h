@@ -22,7 +22,7 @@ class ToolTips {
     void FollowScale() const;
 
   private:
-    // Whether the pointer is at another place of the screen than at the last move over any form.
+    // Whether the pointer has moved on the screen since the last mouse move over any form.
     bool HasPointerMoved(HWND target, LPARAM place) const;
     void Create();
 

@@ -62,8 +62,8 @@ void ToolbarPeer::Restyle() {
     SetTipFont();
 }
 
-// The tool bar has a window of its own for its tips. Some systems make it when it is first needed,
-// or asked for.
+// The tool bar has a window of its own for its tips. Some systems create that window only when it
+// is first needed or requested.
 void ToolbarPeer::SetTipFont() const {
     auto* tips = reinterpret_cast<HWND>(::SendMessageW(handle, TB_GETTOOLTIPS, 0, 0));
     ::SendMessageW(tips, WM_SETFONT, reinterpret_cast<WPARAM>(fonts::ForTips(window.scale.dpi)),
@@ -114,7 +114,7 @@ void ToolbarPeer::ShowButtons() {
     Redraw();
 }
 
-// Some systems' native control handles some of these keys itself.
+// This class handles the keys, because not every system's tool bar handles all of them.
 std::optional<LRESULT> ToolbarPeer::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_GETDLGCODE:

@@ -7,8 +7,8 @@
 
 namespace forms::win32 {
 
-// A tool bar. Each of its buttons has its own command number: firstId, plus a hundred for each tool
-// bar of the form, plus the button's place.
+// A tool bar. Each of its buttons has its own command number: firstId, plus a hundred for each
+// earlier tool bar of the form, plus the button's place.
 class ToolbarPeer : public Peer {
   public:
     static constexpr int firstId = 2000;

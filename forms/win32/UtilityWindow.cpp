@@ -66,7 +66,8 @@ UtilityWindow::UtilityWindow(StageState& stageState) : state(stageState) {
     window = ::CreateWindowExW(WS_EX_TOOLWINDOW, className, L"", WS_POPUP, 0, 0, 0, 0, nullptr,
                                nullptr, ::GetModuleHandleW(nullptr), nullptr);
     ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    // If the program was started as administrator, the shell has lower rights.
+    // Without this, the system would block the message if the program runs as administrator,
+    // because the shell has fewer rights.
     ::ChangeWindowMessageFilterEx(window, taskbarCreated, MSGFLT_ALLOW, nullptr);
 }
 
@@ -134,7 +135,7 @@ LRESULT UtilityWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NCDESTROY:
             return 0;  // sent by another program: this object destroys the window
         case destroyMessage:
-            // The window may be gone already.
+            // The window may no longer exist.
             if (auto* closing = FormWindow::From(reinterpret_cast<HWND>(lParam));
                 closing != nullptr) {
                 closing->DestroyIfScheduled();

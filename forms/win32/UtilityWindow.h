@@ -11,11 +11,11 @@ namespace forms::win32 {
 
 // A hidden window for messages that concern the whole program: the one native timer, the end of the
 // session, changes of the clock or the monitors, and a restart of the shell. It is a top-level
-// window, because only these get broadcasts. It also owns the windows that have no button in the
-// task bar.
+// window, because only top-level windows get broadcasts. It also owns the windows that have no
+// button in the task bar.
 class UtilityWindow {
   public:
-    // lParam is a form's window. The receiver destroys the window if its form has scheduled that.
+    // lParam is the native window of a FormWindow, whose DestroyIfScheduled() is called.
     static constexpr UINT destroyMessage = WM_APP + 1;
     static constexpr UINT catchUpMessage = WM_APP + 2;
 
@@ -27,9 +27,9 @@ class UtilityWindow {
     HWND handle() const { return window; }
     void ArmTimer(std::optional<std::int64_t> due);
 
-    // The native timer waits for an empty queue, which may never come. These two functions run late
-    // timers. RunOverdue runs them at once, and may be called only if handlers may run. CatchUp is
-    // called for every message, and posts a message that runs them in its turn.
+    // The native timer waits until the queue is empty, which may never happen. These two functions
+    // run late timers. RunOverdue runs them at once. Call it only if handlers may run. CatchUp is
+    // called for every message. If timers are late, it posts a message that runs them.
     void RunOverdue();
     void CatchUp();
 
@@ -46,7 +46,7 @@ class UtilityWindow {
     HWND window = nullptr;
     UINT taskbarCreated = 0;
     std::optional<std::int64_t> armedFor;
-    bool catchingUp = false;  // whether that message is in the queue
+    bool catchingUp = false;  // catchUpMessage is in the queue
 };
 
 }  // namespace forms::win32

@@ -72,7 +72,7 @@ Win32Stage::~Win32Stage() {
     }
     filter.reset();
     utility.reset();
-    // The next stage of this thread starts with an empty queue.
+    // A WM_QUIT that is left in the queue would affect the next stage of this thread.
     MSG left{};
     while (::PeekMessageW(&left, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) != 0) {
     }

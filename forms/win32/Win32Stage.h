@@ -11,8 +11,8 @@ struct StageState;
 class MessageFilter;
 class UtilityWindow;
 
-// The stage for a real user: windows and standard controls of the system. Only one exists at a
-// time, on the thread that created it. It outlives the runtime.
+// The stage for a real user: windows and standard controls of the system. Only one may exist at a
+// time. Use it only on the thread that created it. It must outlive the runtime.
 class Win32Stage : public Stage {
   public:
     explicit Win32Stage(const ApplicationInfo& application);

@@ -87,7 +87,8 @@ bool WindowFocus::TakeKey(MSG& message) {
 }
 
 bool WindowFocus::TakeShortcut(const MSG& message) {
-    // A key that is held down acts once. AltGr, which types letters, is Ctrl and Alt.
+    // A key that is held down acts once. The system reports AltGr, which types letters, as Ctrl and
+    // Alt.
     constexpr LPARAM isRepeated = LPARAM{1} << 30;
     if ((message.lParam & isRepeated) != 0 || IsDown(VK_MENU) || IsDown(VK_SHIFT) ||
         ::IsWindowEnabled(window.handle) == 0) {
@@ -149,7 +150,7 @@ std::optional<LRESULT> WindowFocus::OnMessage(UINT message, WPARAM wParam, LPARA
             return peer == nullptr ? 0 : MAKELRESULT(::GetDlgCtrlID(peer->handle), DC_HASDEFID);
         }
         case WM_CONTEXTMENU:
-            // If the user used the mouse, the release of the right button is reported instead.
+            // If the user used the mouse, the form gets the release of the right button instead.
             if (lParam == -1) {
                 OpenMenu();
             }

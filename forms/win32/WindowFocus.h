@@ -32,8 +32,8 @@ class WindowFocus {
     bool TakeLetter(const MSG& message);
     void TakeTab(bool backward);
     void OnNextControl(WPARAM wParam, LPARAM lParam);
-    // Called when a control got the focus by keyboard. Selects its text, as the system's dialogs
-    // do.
+    // Called when a control may have got the focus by keyboard. Selects its text, as the system's
+    // dialogs do.
     void SelectText(HWND focusBefore);
 
     FormWindow& window;

@@ -67,7 +67,7 @@ SIZE WindowPlacement::OuterSize() const {
             exact(form.height, form.innerHeight, frame.cy)};
 }
 
-// The upper left corners of the windows that are visible or will be.
+// The upper left corners of the other windows that are visible or will be.
 std::vector<POINT> WindowPlacement::TakenCorners() const {
     std::vector<POINT> taken;
     for (const FormWindow* other : window.state.windows) {
@@ -129,7 +129,7 @@ void WindowPlacement::FollowUserSettings() {
     }
     {
         const Applying applying(window.state);
-        // Not every system gives a window its new frame by itself.
+        // Some systems do not update the frame of a window themselves.
         ::SetWindowPos(window.handle, nullptr, 0, 0, 0, 0,
                        SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
         if (!IsAway()) {
@@ -184,7 +184,7 @@ RECT WindowPlacement::NormalPlace() const {
     return placement.rcNormalPosition;
 }
 
-// The origin of a restored place: the system counts it from the work area.
+// The origin of the coordinates in WINDOWPLACEMENT, which count from the work area.
 POINT WindowPlacement::RestoredOrigin() const {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
@@ -270,7 +270,7 @@ void WindowPlacement::OnMinMaxInfo(MINMAXINFO& info) const {
 
 void WindowPlacement::OnScaleChanged(int dpi, LPARAM suggestion) {
     // While a window is minimised or hidden, the suggestion and even the resolution may be those of
-    // another monitor. FollowMonitor adapts the window when it is back.
+    // another monitor. FollowMonitor adapts the window when it appears again.
     if (IsAway() || dpi < smallestDpi || dpi > largestDpi) {
         return;
     }

@@ -25,19 +25,19 @@ class WindowPlacement {
     RECT Wanted() const;
     // Moves and sizes the window to the form's place and size.
     void Apply();
-    // Sets the form's place to the upper left corner of the window.
+    // Sets the form's left and top to this corner, which is in pixels.
     void Adopt(POINT corner);
-    // If the user has moved, sized or changed the window's state, sets the form's place, size and
-    // state. insideChanged: the size of the inside may have changed although that of the window has
-    // not.
+    // If the user has moved or sized the window or changed its state, reports that to the form.
+    // Handlers may run. insideChanged: the size of the inside may have changed although that of the
+    // window has not.
     void Report(bool insideChanged = false);
     // Adapts a window that is not minimised to the scale of its monitor. A window is created at the
     // system's resolution, and keeps its scale while it is hidden or minimised.
     void FollowMonitor();
     // Called when the user has chosen other fonts, title bars, borders or formats.
     void FollowUserSettings();
-    // Gives a window of fixed size the inside that its form says, if its frame has another height
-    // or width than the system announced.
+    // Gives a window of fixed size the inner size of its form, in case its frame is larger or
+    // smaller than the system announced.
     void RestoreInnerSize();
     // Called when the monitors have changed. Moves the window onto a monitor if the user cannot
     // reach it.

@@ -112,7 +112,7 @@ void WindowPointer::OnMove(WPARAM wParam, LPARAM lParam) {
 
 void WindowPointer::OnButtonDown(int button, POINT point) {
     window.state.presses.Press(button, TargetAt(window, point));
-    // So that a release outside the window is seen too.
+    // Makes the system report a release outside the window, too.
     ::SetCapture(window.handle);
 }
 

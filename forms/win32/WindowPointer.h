@@ -17,7 +17,7 @@ class WindowPointer {
     WindowPointer(const WindowPointer&) = delete;
     WindowPointer& operator=(const WindowPointer&) = delete;
 
-    // The number of the window's icon; see TrayWindowOf. 0: none.
+    // The number of the window's icon; see TrayWindowOf. 0 if there is none.
     UINT trayIconId = 0;
 
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);

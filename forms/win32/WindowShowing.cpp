@@ -55,7 +55,8 @@ void WindowShowing::ApplyNow() {
     if (window.Model().IsTopMost() || window.Model().IsModal()) {
         KeepAnsweringOnTop(window.state);
     }
-    // A window that a box disables must not cover the box, because the user could not answer it.
+    // A window that a box disables must not cover the box, because the user could not answer the
+    // box.
     if (boxes > 0 && ::IsIconic(window.handle) == 0) {
         if (HWND box = OpenBox(); box != nullptr) {
             ::BringWindowToTop(box);
@@ -156,7 +157,7 @@ bool WindowShowing::CanBeActive() const {
 }
 
 // The window that becomes active when this one is hidden or destroyed: the window of the form that
-// the runtime has chosen, or else the window that was used before.
+// the runtime has chosen, or else the window that was used most recently.
 FormWindow* WindowShowing::Successor() const {
     const Form* chosen = Runtime::Exists() ? Runtime::Current().ActiveForm() : nullptr;
     if (chosen != nullptr && chosen != &window.Model()) {
@@ -217,7 +218,7 @@ void WindowShowing::KeepAnsweringOnTop(const StageState& state) {
     }
 }
 
-// The window itself. If it is disabled, the box or modal window that the user must close first.
+// The window itself or, if it is shut off, the box or modal window that the user must close first.
 HWND WindowShowing::WindowToAnswer() const {
     if (HWND box = boxes > 0 ? OpenBox() : nullptr; box != nullptr) {
         return box;
@@ -233,8 +234,8 @@ HWND WindowShowing::WindowToAnswer() const {
     return modal != windows.end() ? (*modal)->handle : ::GetLastActivePopup(window.handle);
 }
 
-// Called when the user has chosen a disabled window, for example by its button in the task bar.
-// Nothing in that window reacts.
+// Called when the user has chosen a window that is shut off, for example by its button in the task
+// bar. Activates the window that the user must close first.
 void WindowShowing::ActivateWindowToAnswer() {
     HWND target = WindowToAnswer();
     if (target == window.handle) {
@@ -284,8 +285,8 @@ std::optional<LRESULT> WindowShowing::OnMessage(UINT message, WPARAM wParam, LPA
     }
 }
 
-// The commands that the task bar has for a minimised window. The system ignores them if the window
-// is disabled.
+// Handles the task bar's commands for a window that is shut off but still enabled, because it is
+// minimised. If it were disabled, the system would ignore them.
 std::optional<LRESULT> WindowShowing::OnCommandWhileShutOff(WPARAM command) {
     switch (command) {
         case SC_RESTORE:

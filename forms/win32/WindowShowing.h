@@ -9,7 +9,7 @@ namespace forms::win32 {
 class FormWindow;
 struct StageState;
 
-// Whether a form's window is on the screen, which window is active, and which windows can be used.
+// Shows and hides a form's window, makes it active, and disables it.
 class WindowShowing {
   public:
     explicit WindowShowing(FormWindow& formWindow) : window(formWindow) {}
@@ -23,18 +23,19 @@ class WindowShowing {
     void Apply();
     void UpdateEnabled();
     // Disables the window because of a box. A minimised window stays enabled until it is restored,
-    // and reacts to nothing: disabling and enabling a hundred notes takes longer than the box.
+    // but ignores commands. Disabling and enabling a hundred minimised notes would take longer than
+    // showing the box.
     void ShutOff() const;
     void BringToForeground();
     // Puts open boxes and modal windows in front of the windows that are always on top. Does
-    // nothing if no such window is shown.
+    // nothing if no window that is always on top is shown.
     static void KeepAnsweringOnTop(const StageState& state);
     // Whether a window that is always on top is shown.
     static bool IsTopMostShown(const StageState& state);
-    // Before the window is hidden, makes another window of the program active.
+    // Hides the window. If it is active, makes another window of the program active first.
     void Hide();
-    // Called before the window is destroyed, because the system would also destroy the windows that
-    // it owns.
+    // Gives the windows that this window owns another owner. Called before this window is
+    // destroyed, because the system would destroy them with it.
     void ReleaseOwned();
     // The owner of the window when it is not modal. May be null.
     HWND BaseOwner() const;
@@ -58,8 +59,8 @@ class WindowShowing {
     void OnSize(WPARAM kind);
 
     FormWindow& window;
-    HWND modalOwner = nullptr;     // the form's window that a modal window stays in front of
-    bool wantsForeground = false;  // comes to the foreground when it appears
+    HWND modalOwner = nullptr;     // the window that this modal window stays in front of
+    bool wantsForeground = false;  // the window takes the foreground when it appears
 };
 
 }  // namespace forms::win32

@@ -43,8 +43,8 @@ constexpr auto meanings = std::to_array<Meaning>({
     {ERROR_CANT_ACCESS_FILE, base::ErrorNumber::PermissionDenied},
     {virusInfected, base::ErrorNumber::PermissionDenied},
     {virusDeleted, base::ErrorNumber::PermissionDenied},
-    // A file that is only in the cloud, while its provider starts or is busy. As with a file that
-    // another program holds, trying again helps.
+    // These codes report a file that is only in the cloud, while its provider starts or is busy.
+    // Trying again helps, as with a file that another program holds.
     {cloudProviderNotRunning, base::ErrorNumber::PermissionDenied},
     {cloudNetworkUnavailable, base::ErrorNumber::PermissionDenied},
     {cloudFileInUse, base::ErrorNumber::PermissionDenied},

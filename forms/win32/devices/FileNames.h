@@ -5,10 +5,10 @@
 
 namespace forms::win32 {
 
-// Whether Windows can store a file under exactly this name (without folder). These names are not
-// plain: a device ("CON.txt"), a stream of another file ("a:b"), a name with a wildcard or a
-// separator, a name longer than 255 UTF-16 units, and a name that ends in a blank or a dot, which
-// the system would drop.
+// Whether the name (without a folder) is plain: Windows can store a file under exactly this name.
+// These names are not plain: an empty name, a device ("CON.txt"), a stream of another file ("a:b"),
+// a name with a wildcard, a separator or a control character, a name longer than 255 UTF-16 units,
+// and a name that ends in a blank or a dot, which the system would drop.
 bool IsPlainName(std::wstring_view name);
 
 // The path in the form that the system takes literally and at any length: "\\?\C:\..." or

@@ -18,7 +18,7 @@ class NotificationArea {
     // message is NIM_ADD, NIM_MODIFY or NIM_DELETE. False if the shell refuses or does not answer
     // in time.
     virtual bool Notify(DWORD message, NOTIFYICONDATAA& record);
-    // The size of an icon at the scale of the task bar, which may be on any monitor.
+    // The width of an icon in pixels, at the scale of the task bar, which may be on any monitor.
     virtual int IconPixels();
     virtual std::uint64_t Milliseconds();
 };

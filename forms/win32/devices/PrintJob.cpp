@@ -43,7 +43,8 @@ RECT TextArea(HDC context) {
     const int offsetY = ::GetDeviceCaps(context, PHYSICALOFFSETY);
     const int width = ::GetDeviceCaps(context, HORZRES);
     const int height = ::GetDeviceCaps(context, VERTRES);
-    // Some printers do not know the size of the paper. They take the printable page as the paper.
+    // Some printer drivers do not report the size of the paper. For them, the printable page counts
+    // as the paper.
     const int paperWidth = std::max(::GetDeviceCaps(context, PHYSICALWIDTH), width);
     const int paperHeight = std::max(::GetDeviceCaps(context, PHYSICALHEIGHT), height);
     RECT area{};
@@ -54,8 +55,8 @@ RECT TextArea(HDC context) {
     return area;
 }
 
-// Returns count, or a count next to it if count UTF-16 units would split a character. Never returns
-// 0.
+// Returns count, or the next smaller one if count UTF-16 units would split a character. Returns 2
+// instead of 0.
 std::size_t WithoutHalfCharacter(std::wstring_view text, std::size_t count) {
     const bool cuts = count < text.size() && text[count - 1] >= 0xd800 && text[count - 1] < 0xdc00;
     if (!cuts) {
@@ -102,8 +103,8 @@ PrintJob::~PrintJob() {
 }
 
 void PrintJob::SetFontSize(int points) {
-    // The message font is the font that the note has on the screen. The system prints characters
-    // that it lacks in other fonts.
+    // The message font is the font that the note has on the screen. If that font lacks a character,
+    // the system prints it in another font.
     LOGFONTW description = MessageFont(SystemDpi());
     description.lfHeight =
         -::MulDiv(points, ::GetDeviceCaps(context.get(), LOGPIXELSY), pointsPerInch);
@@ -139,8 +140,8 @@ void PrintJob::PrintLine(std::wstring_view text) {
             text.remove_prefix(run.size());
             continue;
         }
-        // Move the word that crosses the edge to the next line. Split it only if it fills a whole
-        // line.
+        // Move the word that crosses the edge to the next line. Split it only if it is too long for
+        // a line of its own.
         const std::size_t blank = run.substr(0, fitting + 1).find_last_of(L' ');
         std::size_t taken = 0;
         if (blank != std::wstring_view::npos) {

@@ -8,7 +8,7 @@
 
 namespace forms::win32 {
 
-// A printer, or something else that can be drawn on.
+// The context of a printer or of another surface. The destructor deletes it.
 struct DeleteContext {
     void operator()(HDC handle) const { ::DeleteDC(handle); }
 };
@@ -53,11 +53,11 @@ class PrintJob {
     void FinishPage();
     void NextLine();
 
-    // Declared before the context, and so destroyed after it: a font that is selected into a
-    // context is not deleted.
+    // Declared before the context, and so destroyed after it: the system does not delete a font
+    // that is selected into a context.
     std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteFont> font;
     DeviceContext context;
-    RECT area{};  // of the page, in device units
+    RECT area{};  // for text on a page, in device units
     int lineHeight = 0;
     int tabWidth = 0;
     int y = 0;

@@ -35,7 +35,7 @@ std::optional<DWORD> RegistryNumber(HKEY hive, const std::wstring& key, const wc
                : std::nullopt;
 }
 
-// A policy of the user and of the machine.
+// The values of a policy: that of the user and that of the machine.
 std::array<std::optional<DWORD>, 2> Policies(const wchar_t* value) {
     const std::wstring key = L"Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
     return {RegistryNumber(HKEY_CURRENT_USER, key, value),
@@ -54,9 +54,9 @@ std::uint64_t SizeOf(const std::wstring& nativePath) {
     return static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U | data.nFileSizeLow;
 }
 
-// A lower bound for the bin's capacity, in bytes. The user's choice for the volume is in mebibytes.
-// If the user has chosen none, the system takes at least a twentieth of the volume. Policies limit
-// both, in hundredths of the volume.
+// A lower bound for the bin's capacity, in bytes. chosen is the user's choice for the volume, in
+// mebibytes. If the user has chosen none, the system takes at least a twentieth of the volume. A
+// policy can limit the capacity, in hundredths of the volume.
 std::uint64_t CapacityOf(const wchar_t* root, std::optional<DWORD> chosen) {
     constexpr unsigned leastShare = 20;
     ULARGE_INTEGER total{};

@@ -4,9 +4,9 @@
 
 namespace forms::win32 {
 
-// Whether the shell would move this file to a Recycle Bin. It would not for network drives,
-// removable drives, files larger than the Recycle Bin, and drives for which the user or a policy
-// has switched it off. The shell deletes such a file without a question.
+// Whether the shell would move this file to a Recycle Bin. Without asking, the shell deletes a file
+// on a network drive or a removable drive, a file larger than the Recycle Bin, and a file on a
+// drive for which the user or a policy has switched the Recycle Bin off.
 bool HasRecycleBin(const std::wstring& nativePath);
 
 // Asks the shell to move the file to the Recycle Bin, without any question or message. Reports no

@@ -9,11 +9,11 @@ namespace forms::win32 {
 
 // Plays sounds on a thread of its own, in the order of the calls. A call of the system's function
 // can take seconds, for example while a wireless device wakes up, and the program's windows must
-// not stand still meanwhile. The first sound starts the thread.
+// not hang meanwhile. The first sound starts the thread.
 class SoundThread {
   public:
     SoundThread() = default;
-    // Does not wait for the thread. The thread ends after the calls so far.
+    // Does not wait for the thread, which ends when it has finished the calls so far.
     ~SoundThread();
     SoundThread(const SoundThread&) = delete;
     SoundThread& operator=(const SoundThread&) = delete;
@@ -22,7 +22,7 @@ class SoundThread {
     void Play(const std::wstring& path, DWORD flags);
     // Waits quietly (see QuietWait.h) until the sound has ended.
     void PlayToEnd(const std::wstring& path);
-    // Stops the sounds so far. Returns at once.
+    // Queues a call that stops the sound then playing. Returns at once.
     void Stop();
 
   private:

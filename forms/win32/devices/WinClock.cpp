@@ -14,8 +14,8 @@ SYSTEMTIME LocalTime() {
 
 }  // namespace
 
-// Both functions drop the smaller units and never round: millisecond 999 still belongs to the
-// second that Now returns.
+// Now and MillisecondOfSecond drop the smaller units and never round: millisecond 999 still belongs
+// to the second that Now returns.
 base::DateTime WinClock::Now() {
     const SYSTEMTIME now = LocalTime();
     return base::Combine(base::DateTime::FromDate(now.wYear, now.wMonth, now.wDay),

@@ -26,8 +26,8 @@ std::uint64_t Joined(DWORD high, DWORD low) {
     return (static_cast<std::uint64_t>(high) << 32U) | low;
 }
 
-// The name of the file as the folder lists it. Empty if there is no such file. A file is found by
-// its short name too, as "My notes of 2024.txt" by "MYNOTE~1.TXT".
+// The name of the file as the folder lists it. Empty if there is no such file. The system also
+// finds a file by its short name, for example "My notes of 2024.txt" by "MYNOTE~1.TXT".
 std::wstring ListedName(const std::wstring& nativePath) {
     WIN32_FIND_DATAW data{};
     HANDLE first = ::FindFirstFileExW(nativePath.c_str(), FindExInfoBasic, &data,
@@ -39,7 +39,7 @@ std::wstring ListedName(const std::wstring& nativePath) {
     return data.cFileName;
 }
 
-// Whether the path leads to a file that has another name.
+// Whether the path ends in the short name of a file that has another name.
 bool IsShortName(const std::wstring& nativePath) {
     constexpr std::size_t longest = 12;  // eight characters, a dot and three
     const std::wstring name = nativePath.substr(nativePath.find_last_of(L'\\') + 1);
@@ -50,7 +50,7 @@ bool IsShortName(const std::wstring& nativePath) {
     return !listed.empty() && !IsSameName(listed, name);
 }
 
-// The native path of a file. Raises an error for a short name (8.3), because it would open a file
+// The native path of a file. RuntimeError 52 for a short name (8.3), because it would open a file
 // with another name.
 std::wstring FilePath(const std::string& path) {
     std::wstring native = NativePath(path);
@@ -301,8 +301,8 @@ std::unique_ptr<FileLock> WinFiles::Lock(const std::string& path) {
         }
         FailWith(code, native);
     }
-    // Mark the file for deletion only now, when this program holds the lock. The file is deleted
-    // when its handle is closed, even by a crash.
+    // Mark the file for deletion only now, when this program holds the lock. The system deletes the
+    // file when its handle is closed, even after a crash.
     FILE_DISPOSITION_INFO disposition{TRUE};
     ::SetFileInformationByHandle(file.get(), FileDispositionInfo, &disposition, sizeof disposition);
     return std::make_unique<WinFileLock>(std::move(file));

@@ -10,7 +10,7 @@ class WinFiles : public FileSystem {
   public:
     bool FolderExists(const std::string& path) override;
     bool FileExists(const std::string& path) override;
-    // RuntimeError 75 if the folder exists already.
+    // RuntimeError 75 if the folder already exists.
     void MakeFolder(const std::string& path) override;
     // Leaves out files whose names the other operations would refuse.
     std::vector<FileEntry> List(const std::string& folder, const std::string& suffix) override;
@@ -21,7 +21,7 @@ class WinFiles : public FileSystem {
     using FileSystem::Replace;
     void Replace(const std::string& from, const std::string& to, Durability durability) override;
     void Delete(const std::string& path) override;
-    // Handles no posted message while it runs.
+    // No handler runs meanwhile: posted messages stay in the queue.
     bool Recycle(const std::string& path) override;
     void Copy(const std::string& from, const std::string& to) override;
     std::unique_ptr<FileLock> Lock(const std::string& path) override;

@@ -13,7 +13,7 @@ namespace forms::win32 {
 namespace {
 
 constexpr int firstSystemYear = 1601;
-// Years. The calendar, including the days of the week, repeats after this time.
+// In years. The calendar, including the days of the week, repeats after this time.
 constexpr int calendarCycle = 400;
 
 // Converts to the system's type, which starts at the year 1601. An earlier year is replaced by a
@@ -70,7 +70,7 @@ std::wstring Padded(int number, std::size_t digits) {
     return std::wstring(digits - std::min(digits, text.size()), L'0') + text;
 }
 
-// The user's format of the short date, with this year's digits in place of the letters y.
+// The user's format of the short date, with the digits of year in place of the letters y.
 std::wstring ShortDatePicture(int year) {
     wchar_t buffer[128]{};
     const int size = ::GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, buffer,
@@ -97,7 +97,8 @@ std::wstring ShortDatePicture(int year) {
     return result;
 }
 
-// The code page of files from the time before the system's code page was set to UTF-8.
+// The code page of the system's language. Files are in it if they were written before the system's
+// code page was set to UTF-8.
 UINT CodePageOfLanguage() {
     DWORD codePage = 0;
     const int size =
@@ -154,8 +155,8 @@ std::optional<std::string> WinLocale::ToAnsi(const std::string& utf8) {
         return std::string();
     }
     if (ansiCodePage == CP_UTF8) {
-        // Other programs and other machines read bytes beyond ASCII in an older code page. So write
-        // such a text with a byte order mark.
+        // Other programs and machines may read bytes beyond ASCII in an older code page. For such a
+        // text return nothing, so that the caller writes it with a byte order mark.
         return base::IsAscii(utf8) ? std::optional(utf8) : std::nullopt;
     }
     const std::wstring wide = Wide(utf8);

@@ -15,7 +15,7 @@ class WinLocale : public Locale {
     std::string WeekdayName(base::DateTime value) override;
     base::NumberFormat Numbers() override;
     // Uses the rules of the file system, not those of the user's language (for example, a dotless i
-    // stays as it is). Names that differ in upper case may belong to different files.
+    // stays as it is), because callers also compare the names of files in upper case.
     std::string ToUpper(const std::string& text) override;
     std::optional<std::string> ToAnsi(const std::string& utf8) override;
     std::string FromAnsi(const std::string& bytes) override;

@@ -11,7 +11,7 @@ namespace forms::win32 {
 // square, whatever sizes its file contains. A size is remembered until the file changes.
 class WinPictures : public Pictures {
   public:
-    // files is not owned.
+    // pictureFiles is not owned.
     explicit WinPictures(FileSystem& pictureFiles) : files(pictureFiles) {}
 
     Picture Load(const std::string& path) override;

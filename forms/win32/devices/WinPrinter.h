@@ -13,10 +13,10 @@ class WinPrinter : public Printer {
   public:
     explicit WinPrinter(std::wstring nameOfDocuments) : documentName(std::move(nameOfDocuments)) {}
 
-    // A document that has not ended is abandoned. RuntimeError 482 if an earlier call still waits
-    // for the user.
+    // Abandons an earlier document that has not ended. RuntimeError 482 if an earlier call still
+    // waits for the user.
     bool BeginDocument() override;
-    // Each line of the text becomes a line of the page. After a failure the document is abandoned.
+    // Prints each line of the text on a line of its own. A failure abandons the document.
     void Print(const std::string& text) override;
     // The size is valid until the document ends.
     void SetFontSize(int points) override;

@@ -32,7 +32,7 @@ std::optional<std::string> WinSettings::Read(const std::string& section, const s
         if (status != ERROR_MORE_DATA) {
             return std::nullopt;
         }
-        // Another program may have made the value longer still since its length was read.
+        // Another program may have lengthened the value since this call returned its length.
         value.resize(std::max<std::size_t>(value.size() * 2, bytes / sizeof(wchar_t) + 1));
     }
 }

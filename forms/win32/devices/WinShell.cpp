@@ -14,7 +14,8 @@ namespace forms::win32 {
 
 namespace {
 
-// Bytes. A stand-in has about ten thousand bytes, a viewer several hundred thousand.
+// In bytes. A viewer of help files has several hundred thousand bytes. Its stand-in on newer
+// systems, which only says that it cannot show help files, has about ten thousand.
 constexpr std::uint64_t smallestViewer = 64 * 1024;
 
 std::wstring FolderFrom(UINT(WINAPI* getFolder)(LPWSTR, UINT)) {
@@ -30,8 +31,8 @@ bool SystemHasHelpViewer() {
            WinShell::IsHelpViewer(FolderFrom(&::GetSystemDirectoryW) + name);
 }
 
-// The shell's functions and objects need COM in their thread. A thread that has it already keeps
-// it.
+// The shell's functions and objects need COM in their thread. Further calls in the same thread are
+// harmless.
 void StartCom() { ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE); }
 
 struct Release {

@@ -9,7 +9,7 @@ namespace forms::win32 {
 
 class WinSystem : public System {
   public:
-    // The mutex shows other copies of the program in the user's session that this copy runs.
+    // Copies of the program in the same session of the user detect each other by this mutex.
     explicit WinSystem(std::wstring mutexName) : name(std::move(mutexName)) {}
 
     std::string ApplicationFolder() override;

@@ -42,8 +42,8 @@ constexpr std::uint64_t firstPause = 2000;
 constexpr std::uint64_t longestPause = 60000;
 constexpr std::uint64_t followFor = 10000;
 
-// The icon in this size. A size that the file lacks is made from the next larger one, and if the
-// file cannot be loaded, from the program's own icon.
+// The icon of the file in this size. If the file lacks the size, the next larger one is scaled
+// down. If the file cannot be loaded, returns the program's own icon.
 HICON LoadIconFile(const std::wstring& path, int pixels) {
     using Load = HRESULT(WINAPI*)(HINSTANCE, PCWSTR, int, int, HICON*);
     static const auto load = FromLoadedLibrary<Load>(L"comctl32.dll", "LoadIconWithScaleDown");
@@ -72,7 +72,8 @@ bool WinTray::Add(const TrayRecord& record) {
     if (window == nullptr) {
         return false;
     }
-    // If the program was started as administrator, the shell has lower rights.
+    // Without this, the system would block the icon's messages if the program runs as
+    // administrator, because the shell has fewer rights.
     ::ChangeWindowMessageFilterEx(window, record.callbackMessage, MSGFLT_ALLOW, nullptr);
     auto entry = Find(record);
     if (entry == entries.end()) {
@@ -126,7 +127,7 @@ void WinTray::LoadIcon(Entry& entry) {
     entry.icon.reset(LoadIconFile(Wide(entry.record.iconPath), entry.iconPixels));
 }
 
-// Adds the icon, or gives it its present picture if the shell has it already.
+// Adds the icon. If the shell already has it, updates it.
 bool WinTray::Show(Entry& entry) {
     entry.isShown =
         ::IsWindow(entry.window) != 0 && (Notify(NIM_ADD, entry) || Notify(NIM_MODIFY, entry));

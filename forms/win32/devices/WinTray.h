@@ -23,21 +23,21 @@ class WinTray : public Tray {
 
     // If the shell does not take the icon now, KeepShown() tries again.
     bool Add(const TrayRecord& record) override;
-    // Asks the system even if this program has no such icon any more.
+    // Asks the shell even if this object has no such icon.
     bool Delete(const TrayRecord& record) override;
 
     // The tip is in the system's code page, ends with a zero character and is padded with blanks.
     static NOTIFYICONDATAA NativeRecord(const TrayRecord& record, HWND window, HICON icon);
 
-    // Adds all icons again, in their present size. Call it when the shell has restarted, or says so
-    // because the scale of its task bar has changed.
+    // Adds all icons again, in their present size. Call it when the shell broadcasts
+    // TaskbarCreated, after a restart or after a change of its task bar's scale.
     void AddAgain();
     // Reloads icons whose size is wrong. Call it when the monitors have changed.
     void FollowScale();
     // Tries again to add icons that the shell did not take: after two seconds, then after longer
-    // and longer pauses up to a minute. Looks at the size again for some seconds after
-    // FollowScale(), because the task bar changes later than the monitors. Call it about once a
-    // second.
+    // and longer pauses up to a minute. For ten seconds after FollowScale(), also reloads icons
+    // whose size is wrong, because the task bar changes later than the monitors. Call it about once
+    // a second.
     void KeepShown();
 
   private:
@@ -51,7 +51,7 @@ class WinTray : public Tray {
         std::unique_ptr<std::remove_pointer_t<HICON>, DestroyIconOf> icon{};
         int iconPixels = 0;
         bool isShown = false;
-        std::uint64_t nextTry = 0;  // milliseconds of the notification area; if it is not shown
+        std::uint64_t nextTry = 0;  // see Milliseconds(); used while it is not shown
         std::uint64_t pause = 0;    // milliseconds before that try
     };
     std::vector<Entry>::iterator Find(const TrayRecord& record);
@@ -63,7 +63,7 @@ class WinTray : public Tray {
 
     NotificationArea& area;
     std::vector<Entry> entries;
-    std::uint64_t followUntil = 0;  // milliseconds of the notification area
+    std::uint64_t followUntil = 0;  // see NotificationArea::Milliseconds()
 };
 
 }  // namespace forms::win32
