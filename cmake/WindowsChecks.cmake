@@ -12,7 +12,7 @@ function(jotwright_add_windows_check name cost)
         ENVIRONMENT "${wine_template};JOTWRIGHT_WINE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/${name}")
 endfunction()
 
-jotwright_add_windows_check(windows.conformance 50 "${scripts}/run-windows-tests"
+jotwright_add_windows_check(windows.conformance 250 "${scripts}/run-windows-tests"
                             "${PROJECT_BINARY_DIR}" conformance_win32.exe)
 set(shards 8)
 math(EXPR last_shard "${shards} - 1")

@@ -51,10 +51,12 @@ TEST_F(BusyQueueTest, TheRecoveryCopyIsStillWritten) {
 
 TEST_F(BusyQueueTest, AlarmsStillRing) {
     Clock::Set("2031-06-02 09:00:00");
-    WriteNote("Ring", "\"Ring\",\"text\",#2031-06-02#,#09:00:30#,1,12,\"1\",0,\"yes\"\r\n");
+    WriteNote("Ring", "\"Ring\",\"text\",#2031-06-02#,#12:00:00#,1,12,\"1\",0,\"yes\"\r\n");
     const Window main = StartProgram();
     const Window box = MakeNote(main, "Typing").Only("Edit");
     const Window ring = program.WaitFor("Ring");
+    ASSERT_TRUE(ring.IsMinimized());
+    Clock::Set("2031-06-02 11:59:57");
     EXPECT_TRUE(TypeUntil(box, [&] { return !ring.IsMinimized(); }));
 }
 

@@ -49,8 +49,8 @@ void DriverTest::TearDown() {
 }
 
 Window DriverTest::FindMain() const {
-    for (const Window& window : program.Windows()) {
-        if (window.HasTitleBar() && window.Text() == mainCaption) {
+    for (const Window& window : program.SettledWindows()) {
+        if (window.HasTitleBar() && window.Caption() == mainCaption) {
             return window;
         }
     }
@@ -58,8 +58,8 @@ Window DriverTest::FindMain() const {
 }
 
 Window DriverTest::FindSplash() const {
-    for (const Window& window : program.Windows()) {
-        if (window.IsVisible() && !window.HasTitleBar() && window.Text() == mainCaption) {
+    for (const Window& window : program.SettledWindows()) {
+        if (window.IsVisible() && !window.HasTitleBar() && window.Caption() == mainCaption) {
             return window;
         }
     }
@@ -78,9 +78,9 @@ Window DriverTest::StartProgram() {
     program.Start(executable);
     const Window main = MainWindow();
     WaitUntil("the splash has gone", [this] {
-        const auto windows = program.Windows();
+        const auto windows = program.SettledWindows();
         return std::none_of(windows.begin(), windows.end(), [](const Window& window) {
-            return !window.HasTitleBar() && window.Text() == mainCaption &&
+            return !window.HasTitleBar() && window.Caption() == mainCaption &&
                    !window.Children().empty();
         });
     });

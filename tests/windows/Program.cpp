@@ -202,12 +202,25 @@ std::vector<Window> Program::Windows() const {
     return search.found;
 }
 
+std::vector<Window> Program::SettledWindows() const {
+    const auto windows = Windows();
+    const auto shown = std::find_if(windows.begin(), windows.end(),
+                                    [](const Window& window) { return window.IsVisible(); });
+    if (shown == windows.end()) {
+        return windows;
+    }
+    if (!shown->Answers()) {
+        throw Failure("the program does not answer");
+    }
+    return Windows();
+}
+
 std::vector<Window> Program::Visible(const std::string& caption,
                                      const std::string& className) const {
-    std::vector<Window> found = Windows();
+    std::vector<Window> found = SettledWindows();
     std::erase_if(found, [&](const Window& window) {
         return !window.IsVisible() || (!className.empty() && window.ClassName() != className) ||
-               window.Text() != caption;
+               window.Caption() != caption;
     });
     return found;
 }

@@ -46,6 +46,9 @@ class Program {
 
     // All top-level windows, the topmost first, including hidden ones.
     std::vector<Window> Windows() const;
+    // The same, after the program has handled the messages that it got before. Waits for that only
+    // if a window is visible. Raises Failure if the program does not answer.
+    std::vector<Window> SettledWindows() const;
     // Visible top-level windows with this caption and this class. An empty class matches any class.
     std::vector<Window> Visible(const std::string& caption,
                                 const std::string& className = "") const;

@@ -9,11 +9,14 @@ namespace driver {
 
 namespace {
 
-constexpr DWORD betweenLooks = 15;  // milliseconds
-constexpr int looksOfAMoment = 100;
+constexpr DWORD betweenLooks = 30;  // milliseconds
+constexpr int looksOfAMoment = 50;
 constexpr unsigned long long longest = 3'600'000;  // milliseconds
-// The maximum idle time that one look adds. If the driver was stopped, it did not look meanwhile.
-constexpr unsigned long long mostAtOnce = 100;  // milliseconds
+// Asking for the idle time takes as long as a look.
+constexpr unsigned long long betweenQuestions = 100;  // milliseconds
+// The maximum idle time that one question adds. If the driver was stopped, it did not look
+// meanwhile.
+constexpr unsigned long long mostAtOnce = 200;  // milliseconds
 
 unsigned long long EnoughIdle() {
     const char* seconds = std::getenv("JOTWRIGHT_PATIENCE");
@@ -34,13 +37,18 @@ unsigned long long IdleMilliseconds() {
 
 }  // namespace
 
-Patience::Patience() : start(::GetTickCount64()), lastIdle(IdleMilliseconds()) {}
+Patience::Patience() : start(::GetTickCount64()), asked(start), lastIdle(IdleMilliseconds()) {}
 
 bool Patience::HasEnded() {
-    const unsigned long long now = IdleMilliseconds();
-    idle += now > lastIdle ? std::min(now - lastIdle, mostAtOnce) : 0;
-    lastIdle = now;
-    return idle >= EnoughIdle() || ::GetTickCount64() - start >= longest;
+    const ULONGLONG now = ::GetTickCount64();
+    if (now - asked < betweenQuestions) {
+        return false;
+    }
+    asked = now;
+    const unsigned long long idleNow = IdleMilliseconds();
+    idle += idleNow > lastIdle ? std::min(idleNow - lastIdle, mostAtOnce) : 0;
+    lastIdle = idleNow;
+    return idle >= EnoughIdle() || now - start >= longest;
 }
 
 bool ComesTrue(const std::function<bool()>& condition) {

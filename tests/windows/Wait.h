@@ -24,6 +24,7 @@ class Patience {
 
   private:
     unsigned long long start;     // milliseconds
+    unsigned long long asked;     // when the idle time was last read, in milliseconds
     unsigned long long lastIdle;  // idle time of the processors, on average, in milliseconds
     unsigned long long idle = 0;
 };

@@ -46,7 +46,8 @@ std::string Window::Text() const {
     try {
         const LRESULT length = Send(WM_GETTEXTLENGTH);
         std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
-        const LRESULT copied = Send(WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+        const LRESULT copied =
+            Deliver(WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
         text.resize(static_cast<std::size_t>(copied));
         return Narrow(text);
     } catch (const Failure&) {
@@ -55,6 +56,12 @@ std::string Window::Text() const {
         }
         return "(gone)";
     }
+}
+
+std::string Window::Caption() const {
+    wchar_t text[256]{};
+    ::GetWindowTextW(handle, text, 256);
+    return Narrow(text);
 }
 
 std::string Window::ClassName() const {
@@ -157,9 +164,16 @@ bool Window::Answers() const {
 }
 
 LRESULT Window::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
+    if (!Answers()) {
+        throw Failure("the program does not answer");
+    }
+    return Deliver(message, wParam, lParam);
+}
+
+LRESULT Window::Deliver(UINT message, WPARAM wParam, LPARAM lParam) const {
     DWORD_PTR result = 0;
-    if (!Answers() || ::SendMessageTimeoutW(handle, message, wParam, lParam, SMTO_NORMAL,
-                                            answerTimeout, &result) == 0) {
+    if (::SendMessageTimeoutW(handle, message, wParam, lParam, SMTO_NORMAL, answerTimeout,
+                              &result) == 0) {
         throw Failure(Exists() ? "the program does not answer message " + std::to_string(message)
                                : "the window has gone");
     }

@@ -42,6 +42,8 @@ class Window {
     RECT Place() const;          // on the screen
     POINT ClientOrigin() const;  // on the screen
     std::string Text() const;    // "(gone)" if the window no longer exists
+    // The caption of a top-level window, at most 255 characters. Sends the program no message.
+    std::string Caption() const;
     std::string ClassName() const;
     Window Parent() const { return Window(::GetParent(handle)); }
     // A description for reports of failures.
@@ -76,6 +78,10 @@ class Window {
     // Raises Failure if the program does not answer.
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     void Post(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+
+  private:
+    // Sends a message to a program that has just answered.
+    LRESULT Deliver(UINT message, WPARAM wParam, LPARAM lParam) const;
 };
 
 }  // namespace driver
