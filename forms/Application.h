@@ -59,6 +59,11 @@ class Application {
     // ProgramEnded if the program has ended.
     virtual void LetWindowsComeUp() = 0;
 
+    // Runs a piece of work soon after the running handler, as a handler of its own, between rounds
+    // of events. So work that is cut into many pieces does not hold up the program. The pieces run
+    // in the order of the calls. Does nothing if the program has ended.
+    virtual void RunLater(const std::function<void()>& work) = 0;
+
     // Makes the form the active one and runs Form_Activate. Does nothing if the form is active or
     // is not loaded.
     void FormActivated(Form& form);

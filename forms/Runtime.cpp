@@ -10,12 +10,10 @@ namespace forms {
 
 namespace {
 
-// If a handler shows or changes many windows, the stage shows only some of them at once. It shows
-// the others a few at a time, in rounds of windows (which are not rounds of ticks). Events are
-// handled between these rounds.
+// If a handler shows many windows, the stage shows only the first one at once. It shows the others
+// a few at a time, in rounds of windows (which are not rounds of ticks), together with the work of
+// RunLater. Events are handled between these rounds.
 
-// The largest number of new minimised windows that are shown at once. If there are more, none is.
-constexpr std::ptrdiff_t minimizedAtOnce = 100;
 // The largest number of open windows (visible and not minimised) that are shown at once. If there
 // are more, only the first one is shown at once.
 constexpr std::ptrdiff_t openAtOnce = 10;
@@ -168,15 +166,11 @@ void Runtime::Settle() {
     }
     std::vector<std::weak_ptr<Form>> toShow;
     toShow.swap(dirty);
-    const auto count = [&toShow](bool (*is)(const Form&)) {
-        return std::ranges::count_if(toShow, [is](const std::weak_ptr<Form>& weak) {
-            const auto form = weak.lock();
-            return form && is(*form);
-        });
+    const auto isOpenForm = [](const std::weak_ptr<Form>& weak) {
+        const auto form = weak.lock();
+        return form && IsOpen(*form);
     };
-    const bool hasManyMinimized = count(&IsNewAndMinimized) > minimizedAtOnce;
-    const bool hasManyOpen = count(&IsOpen) > openAtOnce;
-    const bool wasWaiting = HasWaitingWindows();
+    const bool hasManyOpen = std::ranges::count_if(toShow, isOpenForm) > openAtOnce;
     bool hasShownOpen = false;
     for (const auto& weak : toShow) {
         const auto form = weak.lock();
@@ -184,24 +178,32 @@ void Runtime::Settle() {
             continue;
         }
         form->isMarkedDirty = false;
-        if ((hasManyMinimized && IsNewAndMinimized(*form)) ||
-            (hasManyOpen && IsOpen(*form) && std::exchange(hasShownOpen, true))) {
-            waiting.push_back(weak);
+        if (hasManyOpen && IsOpen(*form) && std::exchange(hasShownOpen, true)) {
+            AddToRounds([this, weak] {
+                if (const auto waitingForm = weak.lock()) {
+                    ShowOrHide(*waitingForm);
+                }
+            });
         } else {
             ShowOrHide(*form);
         }
     }
-    if (!wasWaiting && HasWaitingWindows()) {
+}
+
+void Runtime::RunLater(const std::function<void()>& work) {
+    AddToRounds([this, work] { Dispatch(nullptr, work); });
+    Rearm();
+}
+
+void Runtime::AddToRounds(std::function<void()> work) {
+    if (!HasWaitingWindows()) {
         nextRound = Machine().clock->MonotonicMilliseconds() + pauseBeforeRounds;
     }
+    waiting.push_back(std::move(work));
 }
 
 bool Runtime::IsOpen(const Form& form) {
     return form.visible && form.windowState() != WindowState::Minimized;
-}
-
-bool Runtime::IsNewAndMinimized(const Form& form) {
-    return form.visible && !form.shownOnStage && !IsOpen(form);
 }
 
 void Runtime::ShowOrHide(Form& form) {
@@ -217,12 +219,10 @@ void Runtime::ShowWaiting() {
     if (begin < nextRound) {
         return;
     }
-    while (!waiting.empty() && now() < begin + longestRound) {
-        const auto form = waiting.front().lock();
+    while (!ended && !waiting.empty() && now() < begin + longestRound) {
+        const std::function<void()> work = std::move(waiting.front());
         waiting.pop_front();
-        if (form) {
-            ShowOrHide(*form);
-        }
+        work();
     }
     nextRound = now() + pauseBetweenRounds;
 }

@@ -37,6 +37,7 @@ class Runtime final : public Application {
 
     [[noreturn]] void End() override;
     void LetWindowsComeUp() override;
+    void RunLater(const std::function<void()>& work) override;
 
     Stage& stage;
     TimerQueue timers;
@@ -48,7 +49,7 @@ class Runtime final : public Application {
     // Brings the stage up to date. If many windows are to be shown, most of them appear later, in
     // their order; see Runtime.cpp.
     void Settle();
-    // Whether Settle has left windows to be shown later.
+    // Whether Settle has left windows to be shown later, or RunLater has work to run.
     bool HasWaitingWindows() const { return !waiting.empty(); }
     // Brings the stage up to date and calls pump, which lets events in until the wait is over. A
     // handler must let events in only through this function. Throws ProgramEnded if the program has
@@ -63,8 +64,8 @@ class Runtime final : public Application {
     void ShowOrHide(Form& form);
     // Visible and not minimised.
     static bool IsOpen(const Form& form);
-    static bool IsNewAndMinimized(const Form& form);
-    // If the next round of windows is due, shows waiting forms until the round's time is over.
+    void AddToRounds(std::function<void()> work);
+    // If the next round of windows is due, does what waits until the round's time is over.
     void ShowWaiting();
     // Both functions arm the stage's timer for the next tick or the next round of windows. Rearm
     // does nothing while a handler or a round of ticks is running: the timer is armed at its end.
@@ -72,8 +73,8 @@ class Runtime final : public Application {
     void ArmNow();
 
     const std::string programName;
-    std::deque<std::weak_ptr<Form>> waiting;  // forms that Settle has not shown yet
-    std::int64_t nextRound = 0;               // monotonic milliseconds; used only while forms wait
+    std::deque<std::function<void()>> waiting;  // for the next rounds of windows
+    std::int64_t nextRound = 0;  // monotonic milliseconds; used only if something waits
     std::optional<std::int64_t> armedFor;
     int depth = 0;      // number of handlers on the stack since the last wait
     int busyCount = 0;  // number of handlers and rounds of ticks on the stack since the last wait

@@ -1,9 +1,13 @@
 #include "notes/RestoreNotes.h"
 
+#include <algorithm>
+#include <deque>
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "base/RuntimeError.h"
+#include "forms/Application.h"
 #include "forms/MsgBox.h"
 #include "forms/Services.h"
 #include "notes/NoteStore.h"
@@ -15,10 +19,8 @@ namespace StandardCode {
 
 namespace {
 
-void RestoreFiles(const std::vector<forms::FileEntry>& files) {
-    for (const forms::FileEntry& file : files) {
-        RestoreNote(Notes().Read(file))->windowState = forms::WindowState::Minimized;
-    }
+void RestoreFile(const forms::FileEntry& file) {
+    RestoreNote(Notes().Read(file))->windowState = forms::WindowState::Minimized;
 }
 
 void ReportLoadErrors(const std::function<void()>& loading) {
@@ -36,14 +38,43 @@ void BringBackUnsaved() {
     }
 }
 
+// Restores the files one after the other, each in a handler of its own, so that thousands of notes
+// do not hold up the main window. The user may erase or open notes meanwhile.
+void RestoreLater(const std::shared_ptr<std::deque<forms::FileEntry>>& files) {
+    forms::Application::Current().RunLater([files] {
+        if (files->empty()) {
+            ReportLoadErrors(BringBackUnsaved);
+            return;
+        }
+        const forms::FileEntry file = files->front();
+        files->pop_front();
+        ReportLoadErrors([&] {
+            try {
+                if (NoteStore::Exists(file.name) && Notes().FindOpen(file.name) == nullptr) {
+                    RestoreFile(file);
+                }
+            } catch (const base::RuntimeError&) {
+                files->clear();
+                throw;
+            }
+        });
+        RestoreLater(files);
+    });
+}
+
 }  // namespace
 
 void ReadNotes() {
     forms::SetMousePointer(forms::MousePointer::Hourglass);
     ReportLoadErrors([] {
         const auto files = NoteStore::List();
+        if (files.size() > maximumNotes) {
+            RestoreLater(
+                std::make_shared<std::deque<forms::FileEntry>>(files.begin(), files.end()));
+            return;
+        }
         // If a file cannot be restored, the unsaved notes must still be restored.
-        ReportLoadErrors([&files] { RestoreFiles(files); });
+        ReportLoadErrors([&files] { std::ranges::for_each(files, RestoreFile); });
         BringBackUnsaved();
     });
 }

@@ -65,43 +65,52 @@ TEST_F(RuntimeTest, LoadedFormsAreListedInTheOrderOfLoading) {
     EXPECT_EQ(names, (std::vector<std::string>{"frmSecond", "frmFirst", "frmThird"}));
 }
 
-TEST_F(RuntimeTest, ManyMinimisedWindowsAppearAfterTheOthers) {
-    std::vector<std::shared_ptr<frmFirst>> minimised;
-    Start([&minimised] {
-        for (int count = 0; count < 250; ++count) {
-            minimised.push_back(New<frmFirst>());
-            minimised.back()->windowState = WindowState::Minimized;
-            minimised.back()->Show();
+TEST_F(RuntimeTest, LaterWorkRunsInItsOrderAfterTheHandler) {
+    std::vector<int> ran;
+    Start([&ran] {
+        for (int number = 1; number <= 3; ++number) {
+            Application::Current().RunLater([&ran, number] { ran.push_back(number); });
         }
-        Default<frmSecond>().Show();
+        EXPECT_TRUE(ran.empty());
     });
-    EXPECT_TRUE(Default<frmSecond>().IsShownOnStage());
-    const auto shown = [&minimised] {
-        return std::count_if(minimised.begin(), minimised.end(),
-                             [](const auto& form) { return form->IsShownOnStage(); });
-    };
-    EXPECT_EQ(shown(), 0);
-    // A window that is opened meanwhile does not wait, and a window that is closed does not appear.
-    Start([&minimised] {
-        minimised[200]->windowState = WindowState::Normal;
-        minimised[201]->Unload();
-    });
-    EXPECT_TRUE(minimised[200]->IsShownOnStage());
+    EXPECT_TRUE(ran.empty());
     Advance(100);
-    EXPECT_EQ(shown(), 249);
+    EXPECT_EQ(ran, (std::vector<int>{1, 2, 3}));
 }
 
-TEST_F(RuntimeTest, AHundredMinimisedWindowsAppearAtOnce) {
-    std::vector<std::shared_ptr<frmFirst>> minimised;
-    Start([&minimised] {
-        for (int count = 0; count < 100; ++count) {
-            minimised.push_back(New<frmFirst>());
-            minimised.back()->windowState = WindowState::Minimized;
-            minimised.back()->Show();
+TEST_F(RuntimeTest, LaterWorkMayShowWindowsAndAddWork) {
+    std::vector<std::shared_ptr<frmFirst>> shown;
+    std::function<void()> show = [&] {
+        shown.push_back(New<frmFirst>());
+        shown.back()->Show();
+        if (shown.size() < 20) {
+            Application::Current().RunLater(show);
         }
+    };
+    Start([&show] {
+        Default<frmSecond>().Show();
+        Application::Current().RunLater(show);
     });
-    EXPECT_TRUE(
-        std::ranges::all_of(minimised, [](const auto& form) { return form->IsShownOnStage(); }));
+    EXPECT_TRUE(Default<frmSecond>().IsShownOnStage());
+    Advance(100);
+    ASSERT_EQ(shown.size(), 20U);
+    EXPECT_TRUE(shown.front()->IsShownOnStage());
+    EXPECT_TRUE(shown.back()->IsShownOnStage());
+}
+
+TEST_F(RuntimeTest, TheEndOfTheProgramDropsLaterWork) {
+    int ran = 0;
+    Start([&ran] {
+        Default<frmSecond>().Show();
+        Application::Current().RunLater([&ran] {
+            ++ran;
+            Application::Current().End();
+        });
+        Application::Current().RunLater([&ran] { ++ran; });
+    });
+    Advance(1000);
+    EXPECT_EQ(ran, 1);
+    EXPECT_TRUE(runtime->HasEnded());
 }
 
 TEST_F(RuntimeTest, IfManyWindowsAreOpenedAllButTheFirstAppearAfterTheHandler) {

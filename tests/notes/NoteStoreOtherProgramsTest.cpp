@@ -79,6 +79,7 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesAChangeOfTh
         }
         PutNote(Note("Zebra", "stripes"));
         Start(StandardCode::ReadNotes);
+        Advance(200);  // more notes than slots are restored after the handler
         if (!isFull) {
             PutNoteWithBadDate("abad");
         }

@@ -140,4 +140,15 @@ TEST_F(RecoveryTest, FilesThatAreNoCopiesAreIgnored) {
     EXPECT_EQ(Editor("Dentist").txtNote.text(), "typed");
 }
 
+TEST_F(RecoveryTest, ATextComesBackBesideMoreNotesThanSlots) {
+    EditSaved(Note("Zebra", "saved"), "typed");
+    for (int number = 1; number <= StandardCode::maximumNotes; ++number) {
+        PutNote(Note("Note " + std::to_string(1000 + number)));
+    }
+    KillAndStartAgain();
+    Advance(200);
+    EXPECT_EQ(StandardCode::Notes().OpenNotes().size(), StandardCode::maximumNotes + 1U);
+    EXPECT_EQ(Editor("Zebra").txtNote.text(), "typed");
+}
+
 }  // namespace

@@ -1,3 +1,6 @@
+#include "forms/Application.h"
+#include "notes/NoteStore.h"
+#include "notes/OpenEditor.h"
 #include "notes/RestoreNotes.h"
 #include "tests/support/NoteProgram.h"
 
@@ -205,6 +208,60 @@ TEST_F(RestoreNotesTest, RestoringAndClosingLeavesTheFileAsItWas) {
     for (const std::string& entry : files.Log()) {
         EXPECT_TRUE(entry.rfind("read", 0) == 0) << entry;
     }
+}
+
+// With more files than slots, ReadNotes() restores the notes after the running handler.
+class RestoreManyNotesTest : public RestoreNotesTest {
+  protected:
+    static constexpr std::size_t count = 120;
+
+    void SetUp() override {
+        NoteProgram::SetUp();
+        for (std::size_t number = 1; number <= count; ++number) {
+            PutNote(Note(TitleOf(number), "text"));
+        }
+        Restore();
+    }
+    static std::string TitleOf(std::size_t number) {
+        return "Note " + std::to_string(1000 + number);
+    }
+    static std::size_t OpenCount() { return StandardCode::Notes().OpenNotes().size(); }
+};
+
+TEST_F(RestoreManyNotesTest, TheyComeBackMinimizedInTheirOrderAfterTheHandler) {
+    EXPECT_EQ(OpenCount(), 0U);
+    Advance(200);
+    std::vector<std::string> titles;
+    for (std::size_t number = 1; number <= count; ++number) {
+        titles.push_back(TitleOf(number));
+    }
+    EXPECT_EQ(StandardCode::NoteTitles(), titles);
+    EXPECT_EQ(Editor(TitleOf(count)).windowState(), WindowState::Minimized);
+    EXPECT_EQ(Editor(TitleOf(count)).txtNote.text(), "text");
+}
+
+TEST_F(RestoreManyNotesTest, AnErasedNoteIsSkippedAndAnOpenOneIsNotOpenedAgain) {
+    Start([] {
+        StandardCode::Notes().Erase("Note 1002.txt");
+        StandardCode::RestoreNote(NoteStore::Read("Note 1003.txt"));
+    });
+    Advance(200);
+    EXPECT_EQ(OpenCount(), count - 1);
+    EXPECT_FALSE(testing_support::IsNoteOpen("Note 1002"));
+    EXPECT_EQ(Editor("Note 1003").windowState(), WindowState::Normal);
+}
+
+TEST_F(RestoreManyNotesTest, AFileThatCannotBeReadIsReportedAndEndsTheRestoring) {
+    PutNoteWithBadDate("Note 1010");
+    ExpectLoadError("Type mismatch");
+    Advance(200);
+    EXPECT_EQ(OpenCount(), 9U);
+}
+
+TEST_F(RestoreManyNotesTest, TheProgramMayEndMeanwhile) {
+    Start([] { forms::Application::Current().End(); });
+    Advance(200);
+    EXPECT_EQ(OpenCount(), 0U);
 }
 
 }  // namespace
