@@ -71,8 +71,8 @@ class DriverTest : public testing::Test, protected NoteFiles {
     // program skips the event, as after a sleep. In that case, the clock is set again.
     void LetTimeCome(const std::string& time, const std::string& what,
                      const std::function<bool()>& hasCome) const;
-    // Like LetTimeCome, with a function that sets the clock. The clock is set again only if more
-    // than so many seconds have passed. Returns how often it was set again.
+    // Like LetTimeCome, with a function that sets the clock. If the event was skipped, the clock is
+    // set again after the given number of seconds. Returns how often the clock was set again.
     int LetTimeCome(const std::function<void()>& setClock, unsigned seconds,
                     const std::string& what, const std::function<bool()>& hasCome) const;
     // Like LetTimeCome, for a window with this caption.

@@ -12,7 +12,8 @@ namespace {
 constexpr DWORD betweenLooks = 15;  // milliseconds
 constexpr int looksOfAMoment = 100;
 constexpr unsigned long long longest = 3'600'000;  // milliseconds
-// The maximum idle time that one look adds. If the driver was stopped, it did not look meanwhile.
+// The most idle time that one look adds. If the driver itself was stopped, the idle time since its
+// last look proves nothing about the program.
 constexpr unsigned long long mostAtOnce = 100;  // milliseconds
 
 unsigned long long EnoughIdle() {

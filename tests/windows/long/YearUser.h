@@ -11,14 +11,15 @@
 
 namespace driver {
 
-// The user of YearRun, who knows what each window and each file must show.
+// Acts as the user in YearRun, and predicts the contents of each window and file.
 class YearUser : public DriverTest {
   protected:
     using Captions = std::multiset<std::string>;
 
-    // The windows with a title bar, except the main one. A minimized window has a mark.
+    // The captions of the windows with a title bar, except the main window. " (minimized)" follows
+    // the caption of a minimized window.
     Captions Seen() const;
-    // The same, as the notes predict it. box is the caption of an open message box, if any.
+    // The captions that Seen should return. box is the caption of an open message box, if any.
     Captions Expected(const std::string& box = "") const;
     void WaitForExpected() const;
     // Expects the folder to hold the notes, byte for byte, and nothing else.
