@@ -187,7 +187,7 @@ TEST_F(RuntimeTest, MemoryRunningOutIsReported) {
     EXPECT_TRUE(runtime->HasEnded());
 }
 
-TEST_F(RuntimeTest, AnErrorThatAHandlerTrapsIsItsOwnAffair) {
+TEST_F(RuntimeTest, AnErrorThatAHandlerTrapsDoesNotEndTheProgram) {
     Start([] {
         try {
             throw base::RuntimeError(base::ErrorNumber::DiskFull);

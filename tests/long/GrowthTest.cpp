@@ -33,7 +33,7 @@ std::int64_t HeapInUse() {
 #endif
 }
 
-// Things other than memory that a note may leave behind.
+// Counts of objects other than memory that a note may leave behind.
 struct Remains {
     std::size_t forms;
     std::size_t survivors;  // forms that exist, loaded or not
