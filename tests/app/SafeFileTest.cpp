@@ -136,7 +136,7 @@ TEST_P(SafeFileFailedSaveTest, LeavesTheOldFileAndNoOther) {
     files.FailAt(GetParam(), ErrorNumber::DeviceIoError);
     const int error = ErrorOf([] { SafeFile::ReplaceFile(path, newBytes); });
     if (GetParam() == 1) {
-        // The old bytes could not be compared. The new bytes are saved all the same.
+        // The old file cannot be read for the comparison, so the save writes the new bytes.
         EXPECT_EQ(error, 0);
         EXPECT_EQ(files.Peek(path), newBytes);
     } else {

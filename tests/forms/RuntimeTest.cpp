@@ -81,7 +81,8 @@ TEST_F(RuntimeTest, ManyMinimisedWindowsAppearAfterTheOthers) {
                              [](const auto& form) { return form->IsShownOnStage(); });
     };
     EXPECT_EQ(shown(), 100);
-    // A window that is opened meanwhile does not wait, and a window that is closed does not appear.
+    // A waiting window that is restored appears at once. A waiting window that is closed does not
+    // appear.
     Start([&minimised] {
         minimised[200]->windowState = WindowState::Normal;
         minimised[201]->Unload();
@@ -108,7 +109,7 @@ TEST_F(RuntimeTest, IfManyWindowsAreOpenedAllButTheFirstAppearAfterTheHandler) {
     Start([&open] { open(11); });
     EXPECT_EQ(shown(), 11);
     EXPECT_TRUE(windows[10]->IsShownOnStage());
-    // A window that is hidden meanwhile does not appear.
+    // A waiting window that is hidden does not appear.
     Start([&windows] { windows[15]->Hide(); });
     Advance(99);
     EXPECT_EQ(shown(), 11);

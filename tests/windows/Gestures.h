@@ -57,7 +57,7 @@ namespace tray {
 void Click(const Window& owner);
 void DoubleClick(const Window& owner);
 void RightClick(const Window& owner);
-// Whether the notification area holds an icon of this window. The window may be closed already.
+// Whether the notification area holds an icon of this window, which may have been closed.
 bool HasIcon(const Window& owner);
 }  // namespace tray
 

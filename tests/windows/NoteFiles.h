@@ -23,7 +23,8 @@ class NoteFiles {
 
     // Paths of the recovery copies of unsaved notes with this title: ~Shopping-<instance>.recovery.
     std::vector<std::string> CopyPaths(const std::string& title) const;
-    // The only such path. Fails the test if there is not exactly one.
+    // The path of the only recovery copy with this title. Fails the test if there is not exactly
+    // one.
     std::string CopyPath(const std::string& title) const;
     // Waits until one of these files contains this text.
     void WaitForCopy(const std::string& name, const std::string& part) const;

@@ -40,7 +40,7 @@ struct YearNote {
     std::string date;
     std::string time;      // of the alarm
     std::string state;     // "1" if the alarm is set in the file
-    int audio = 0;         // the same for its sound
+    int audio = 0;         // 1 if the sound of the alarm is on in the file
     int color = 1;         // 1 to 5
     bool hasTime = true;   // if not, the file has "#12:00#", as after an alarm display
     bool isOpen = false;   // in an editor

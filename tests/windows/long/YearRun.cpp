@@ -72,8 +72,9 @@ class YearRun : public YearUser {
     // setClock sets the clock to a time just before the strikes.
     void LiveStrike(const YearEvent& event, int strikes, const std::function<void()>& setClock);
     void LiveChange(const YearEvent& event);
-    // Jumps to the event, waits for the windows of the model and hasCome, and checks a little
-    // later that no other window has come up. box is the caption of the box that comes up, if any.
+    // Jumps to the event, and waits until the windows of the model are open and hasCome is true. A
+    // little later, checks that no other window has opened. box is the caption of the message box
+    // that the event opens, if any.
     void Meet(const YearEvent& event, const std::string& box = "",
               const std::function<bool()>& hasCome = {});
     void Report() const;
