@@ -22,7 +22,7 @@ class FaultProgram : public testing_support::WholeProgram {
 
     struct Operation {
         const char* name;
-        std::function<void()> prepare;  // runs in a program that is running
+        std::function<void()> prepare;  // runs after the program has started
         std::function<void()> act;
         // The text that the user has typed into the editor of Dentist, or nothing.
         std::string typed{};

@@ -13,7 +13,7 @@ namespace long_tests {
 
 inline const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
 
-// Devices that fail while the program runs, and notes that another program changes.
+// Makes devices fail while the program runs, and changes notes as another program does.
 class Trouble {
   public:
     // The objects must outlive this one.

@@ -28,7 +28,7 @@ class AlarmsTest : public DriverTest {
 };
 
 Window AlarmsTest::StartWithClosedNote() {
-    Variable("JOTWRIGHT_CLOCK_FILE");  // skips the test before it presses a button
+    Variable("JOTWRIGHT_CLOCK_FILE");  // skips the test here if the clock cannot be set
     WriteNote(title, saved);
     const Window main = StartProgram();
     const Window editor = program.WaitFor(title);

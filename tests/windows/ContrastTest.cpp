@@ -42,7 +42,7 @@ class ContrastColors {
     std::array<COLORREF, 5> before{};
 };
 
-// The most frequent colour in the columns from left on.
+// The most frequent colour in column left and the columns to its right.
 COLORREF BackgroundOf(const Picture& picture, int left) {
     std::map<COLORREF, int> counts;
     for (int y = 0; y < picture.Height(); ++y) {
@@ -56,7 +56,8 @@ COLORREF BackgroundOf(const Picture& picture, int left) {
     return most == counts.end() ? CLR_INVALID : most->first;
 }
 
-// The number of pixels in the columns from left on that differ clearly from the background.
+// The number of pixels, in column left and the columns to its right, whose colour is readable on
+// the background.
 int ReadablePixels(const Picture& picture, int left, COLORREF background) {
     int count = 0;
     for (int y = 0; y < picture.Height(); ++y) {

@@ -52,11 +52,11 @@ struct HandleList {
 };
 constexpr ULONG listOfHandles = 64;
 constexpr auto tooSmall = static_cast<LONG>(0xC0000004);  // STATUS_INFO_LENGTH_MISMATCH
-constexpr std::size_t mostMemory = 1U << 26U;             // numbers
+constexpr std::size_t mostMemory = 1U << 26U;             // elements
 using QuerySystem = LONG(WINAPI*)(ULONG information, void* memory, ULONG size, ULONG* needed);
 
-// Empty if the system does not report them. GetProcessHandleCount would be simpler, but some
-// systems lack it.
+// The handles of a process. Empty if the system does not report them. GetProcessHandleCount would
+// be simpler, but some systems lack it.
 std::vector<HANDLE> HandlesOf(DWORD process) {
     const auto query = reinterpret_cast<QuerySystem>(reinterpret_cast<void*>(
         ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation")));

@@ -173,7 +173,7 @@ TEST_F(RequestsTest, AFormIsMadeInItsPlaceWithItsText) {
     EXPECT_EQ(sent.Of(WM_SETTEXT), 0);
     EXPECT_EQ(sent.Of(WM_SETICON), 2);
     EXPECT_EQ(sent.Of(WM_STYLECHANGING), 0);
-    EXPECT_EQ(sent.Of(WM_WINDOWPOSCHANGING), 1);  // it is shown
+    EXPECT_EQ(sent.Of(WM_WINDOWPOSCHANGING), 1);  // when the form is shown
 }
 
 // SetWindowSubclass keeps its data in a property of the window, and asks the window system for this
@@ -274,7 +274,7 @@ TEST_F(RequestsTest, ABoxTouchesNoMinimizedWindow) {
     stand->Pump(50);
     const SentMessages sent;
     ExpectMessage("Look", "Message", [&] {
-        EXPECT_LE(sent.Of(WM_ENABLE), 1);  // the owner of the box
+        EXPECT_LE(sent.Of(WM_ENABLE), 1);  // only the owner of the box
         // An alarm brings up its note, which must not react before the box is answered.
         Start([&] { minimized->front()->windowState = WindowState::Normal; });
         EXPECT_FALSE(stand->CanBeUsed(*minimized->front()));

@@ -77,7 +77,7 @@ class ScaleTest : public conformance::StandTest {
         ::SendMessageW(HandleOf(form), scaleChangedMessage, MAKEWPARAM(dpi, dpi),
                        reinterpret_cast<LPARAM>(&place));
     }
-    // Sends the message that the system sends to a minimized window.
+    // Reports a new scale to a minimized window, as the system does.
     static void ReportScaleWhileMinimized(Form& form, int dpi) {
         ReportScale(form, dpi, {-32000, -32000, -31840, -31972});
     }

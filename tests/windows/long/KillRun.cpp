@@ -143,10 +143,11 @@ void KillRun::CheckTheEditor() {
         return;
     }
     ++lostSome;
-    // The first text typed after the restored one is the oldest text that was lost.
+    // The oldest lost text is the one typed just after the restored text.
     const std::uint64_t loss = killedAt - (last - 1)->at;
     worstLoss = std::max(worstLoss, loss);
-    // The program cannot be faster than its machine, and the machine also delayed the driver.
+    // The machine may have run neither the program nor the driver for some time. That is no fault
+    // of the program.
     EXPECT_LE(loss, promised + stall);
 }
 

@@ -42,10 +42,10 @@ struct YearNote {
     std::string state;     // "1" if the alarm is set in the file
     int audio = 0;         // 1 if the sound of the alarm is on in the file
     int color = 1;         // 1 to 5
-    bool hasTime = true;   // if not, the file has "#12:00#", as after an alarm display
+    bool hasTime = true;   // if false, the file has "#12:00#", as after an alarm display
     bool isOpen = false;   // in an editor
     bool isUp = false;     // the editor is not minimized
-    bool hasRung = false;  // in its editor, which has not saved that
+    bool hasRung = false;  // the editor has rung, and has not saved this
     // When its alarm display came up. Negative: no display is open.
     std::int64_t shownAt = -1;
 
