@@ -16,7 +16,8 @@ class NoteFiles {
     // Returns the text. If the tests cannot move the clock, today's date replaces the date at which
     // the clock would start, because new notes have today's date.
     static std::string MadeToday(const std::string& text);
-    // Expects the note file to hold exactly these bytes, or MadeToday() of them.
+    // Waits until the note file holds exactly these bytes, or MadeToday() of them. Fails the test
+    // if it never does.
     void ExpectNote(const std::string& title, const std::string& bytes) const;
     void WriteNote(const std::string& title, const std::string& bytes) const;
     bool NoteFileIs(const std::string& title, const std::string& bytes) const;

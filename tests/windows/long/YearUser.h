@@ -28,7 +28,7 @@ class YearUser : public DriverTest {
 
     void Start();
     void Kill();
-    // Closes the main window. No display may be open.
+    // Ends the program and checks the files. No display may be open.
     void Exit();
 
     // Restores the note's editor.
@@ -44,9 +44,9 @@ class YearUser : public DriverTest {
     void SetNewAlarm(YearNote& note, std::int64_t at);
     // Makes a note with this alarm and returns its title.
     std::string MakeNoteFor(std::int64_t at);
-    // Adds a note without an alarm, without a file. The program does not run yet.
+    // Adds a note without an alarm to the expected notes. Writes no file.
     YearNote& AddNote();
-    // Any of the notes that are open in an editor. Null if there is none.
+    // A random note that is open in an editor. Null if there is none.
     YearNote* OneOpen();
 
     // Closes the display of a note, and answers the question whether to erase it.
