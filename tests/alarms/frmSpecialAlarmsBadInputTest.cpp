@@ -193,7 +193,8 @@ TEST_F(frmSpecialAlarmsBadInputTest, AFileThatAnotherProgramChangedMeanwhileIsPu
     user->Click(Window().cmdSave);
     EXPECT_FALSE(IsOpen());
     EXPECT_EQ(files.RecycledBytes(), std::vector<std::string>{before.value_or("")});
-    // The contents that were shown and saved here are replaced as before.
+    // This program has shown and saved the present contents, so the next save replaces them without
+    // putting them aside.
     Open();
     user->Type(Window().txtMessage[0], "newer");
     user->Click(Window().cmdSave);

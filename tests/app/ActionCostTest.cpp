@@ -3,9 +3,9 @@
 #include "notes/frmViewNotes.h"
 #include "tests/support/WholeProgram.h"
 
-// The work that each action of the user causes. Counts do not depend on the machine, so a change
-// that makes an action slower fails here. An action must cost the same however many notes there
-// are.
+// Counts the work that each action of the user causes. The counts do not depend on the machine, so
+// a change that makes an action slower fails here. The cost of an action must not depend on the
+// number of notes.
 
 namespace {
 
@@ -107,7 +107,8 @@ TEST_P(ActionCostTest, OpeningThePanelAndErasingInIt) {
     user->Select(Panel().lvwNotes, 0);
     ExpectDeletingNoteQuestion("NOTE 1001", forms::BoxResult::Yes);
     ExpectTooMany();
-    // With more files than slots, one file more gets a slot. Without notes, the focus moves to New.
+    // If there are more files than slots, another file gets the slot of the erased note. If the
+    // only note is erased, the focus moves to New.
     const int fillsSlot = GetParam() > StandardCode::maximumNotes ? 1 : 0;
     const int movesFocus = GetParam() == 1 ? 1 : 0;
     EXPECT_EQ(CostOf([&] { user->Click(Panel().cmdRemove); }),
@@ -121,7 +122,7 @@ TEST_P(ActionCostTest, OpeningThePanelAndErasingInIt) {
 TEST_P(ActionCostTest, ASecondOfAnIdleProgram) {
     Advance(5000);
     const Cost cost = CostOf([&] { Advance(1000); });
-    // Each note shows the time of day when it is opened.
+    // Each note updates its time of day once a second, even while it is minimized.
     EXPECT_EQ(cost, (Cost{.updates = GetParam()}));
 }
 

@@ -18,7 +18,7 @@ namespace {
 const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
 const std::string tail = "\",#2004-05-14#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n";
 
-// The code page of the system, and the code page of its language.
+// The parameters are the code page of the system and the code page of its language.
 class CodePagesTest : public testing_support::WholeProgram,
                       public testing::WithParamInterface<std::tuple<int, int>> {
   protected:

@@ -82,7 +82,7 @@ std::vector<KillPoint> EveryKillPoint(int steps) {
     return points;
 }
 
-// Reading the old file, creating the temporary file, writing, flushing, renaming.
+// The steps are: read the old file, create the temporary file, write, flush, rename.
 constexpr int stepsOfReplacing = 5;
 
 TEST_F(SafeFileTest, StepsOfASave) {
@@ -136,7 +136,7 @@ TEST_P(SafeFileFailedSaveTest, LeavesTheOldFileAndNoOther) {
     files.FailAt(GetParam(), ErrorNumber::DeviceIoError);
     const int error = ErrorOf([] { SafeFile::ReplaceFile(path, newBytes); });
     if (GetParam() == 1) {
-        // The old bytes could not be compared. The new bytes are saved all the same.
+        // The old file cannot be read for the comparison, so the save writes the new bytes.
         EXPECT_EQ(error, 0);
         EXPECT_EQ(files.Peek(path), newBytes);
     } else {
@@ -333,7 +333,7 @@ TEST_F(SafeFileTest, OnADiskThatReplacesInTwoStepsAKillKeepsTheOldFileOrTheNewOn
     EXPECT_EQ(adopted, 1);
 }
 
-TEST_F(SafeFileTest, OnSuchADiskAnErrorKeepsTheOldBytesOrTheNewOnes) {
+TEST_F(SafeFileTest, OnADiskThatReplacesInTwoStepsAnErrorKeepsTheOldBytesOrTheNewOnes) {
     files.SetReplacesInTwoSteps(true);
     for (int step = 1;; ++step) {
         files.PutFile(path, oldBytes);

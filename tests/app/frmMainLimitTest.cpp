@@ -18,7 +18,7 @@ class frmMainLimitTest : public testing_support::WholeProgram {
         }
     }
 
-    // The user closes every box with OK.
+    // The user answers every question with Yes and closes every other box with OK.
     void StartWithNotes(int count) {
         PutNotes(count);
         stage->improvise.box = [](const BoxRequest& box) {
@@ -162,7 +162,7 @@ TEST_F(frmMainLimitTest, TwoNewNotesBesideNinetyNineReachTheLimitAsAtTheStart) {
     EXPECT_TRUE(FileOf("A").has_value());
     EXPECT_TRUE(FileOf("B").has_value());
 
-    // The editors that closed have loaded the panel already.
+    // The panel is loaded, because closing an editor loads it.
     ExpectPanel("Total Notes: 100 ( Maximum Reached )", false);
     EXPECT_EQ(Captions(), expected);
 

@@ -308,7 +308,8 @@ TEST_F(frmOptionsTest, IfTheSystemRefusesTheLinkIsMadeInTheUsersOwnFolder) {
     EXPECT_EQ(files.Peek(ownLink), "link");
     EXPECT_EQ(shell.pointed, std::vector<std::string>{ownLink});
 
-    // The next time, the link is there already. It follows the program's folder.
+    // If the link exists at the next Apply, the program does not copy it again, but points it to
+    // its own folder.
     files.PutFile(ownLink, "older");
     files.SetReadOnly(startupFolder, false);
     Open();

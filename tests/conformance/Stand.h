@@ -27,7 +27,7 @@ class Stand {
     virtual ~Stand() = default;
 
     virtual forms::Stage& Stage() = 0;
-    // Lets this much virtual or real time pass, and handles all events in it.
+    // Lets this much virtual or real time pass, and handles the events that come.
     virtual void Pump(int milliseconds) = 0;
     virtual std::int64_t Milliseconds() = 0;
     // Makes the calling handler take this much time.
@@ -50,9 +50,9 @@ class Stand {
     // Runs the script while the user holds the title bar.
     virtual void Drag(forms::Form& form, const Script& during) = 0;
 
-    // The user's answers are given in the order in which boxes, forms and menus open. If
-    // stayOpenUntil is set, each of them stays open until it returns true. Until then, only the
-    // loop of the box, form or menu runs. Then the script runs and the answer is given.
+    // The stand answers boxes, forms and menus in the order in which they are expected. If
+    // stayOpenUntil is set, each of them stays open until stayOpenUntil returns true. Until then,
+    // only the loop of the box, form or menu runs. Then the script runs and the answer is given.
     std::function<bool()> stayOpenUntil;
     // The number of times that a condition is tested, at least ten milliseconds apart, before the
     // wait fails. Tests are counted instead of time, because a busy machine also delays the tests.

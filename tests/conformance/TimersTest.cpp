@@ -216,7 +216,7 @@ TEST_F(TimersTest, PollingTimersSeeEverySecondOnce) {
     // A second timer detects when the machine was stopped. A second that passed during that time
     // does not count.
     std::int64_t lastPulse = stand->Milliseconds();
-    std::vector<Look> standstills;  // the times at which they ended
+    std::vector<Look> standstills;  // when each of them ended
     int pulses = 0;
     StartCounting(Form().tmrTwo, 50, pulses);
     Form().tmrTwo.Tick = [&] {

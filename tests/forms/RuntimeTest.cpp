@@ -130,7 +130,7 @@ TEST_F(RuntimeTest, IfManyWindowsAreOpenedAllButTheFirstAppearAfterTheHandler) {
     Start([&open] { open(11); });
     EXPECT_EQ(shown(), 11);
     EXPECT_TRUE(windows[10]->IsShownOnStage());
-    // A window that is hidden meanwhile does not appear.
+    // A waiting window that is hidden does not appear.
     Start([&windows] { windows[15]->Hide(); });
     Advance(99);
     EXPECT_EQ(shown(), 11);
@@ -209,7 +209,7 @@ TEST_F(RuntimeTest, MemoryRunningOutIsReported) {
     EXPECT_TRUE(runtime->HasEnded());
 }
 
-TEST_F(RuntimeTest, AnErrorThatAHandlerTrapsIsItsOwnAffair) {
+TEST_F(RuntimeTest, AnErrorThatAHandlerTrapsDoesNotEndTheProgram) {
     Start([] {
         try {
             throw base::RuntimeError(base::ErrorNumber::DiskFull);

@@ -93,7 +93,7 @@ TEST_F(TimerMomentTest, ATickThatIsGivenUnderABoxIsForItsOwnSecond) {
     EXPECT_EQ(first.front(), 3);
 }
 
-TEST_F(TimerMomentTest, OutsideOfTicksItIsTheTimeThatItIs) {
+TEST_F(TimerMomentTest, OutsideOfTicksNowGivesTheRealTime) {
     busy = 700;
     Advance(500);
     Start([this] {

@@ -344,7 +344,7 @@ TEST_F(TimerTest, ATimerThatRestsDoesNotTickAndTicksAtOnceWhenItIsWoken) {
     Form().tmrBlink.Wake();
     Advance(1500);
     EXPECT_EQ(ticks, (Moments{3500, 4100, 4700}));
-    // The timer is awake already, so Wake() changes nothing.
+    // The timer is awake, so Wake() changes nothing.
     Form().tmrBlink.Wake();
     Advance(600);
     EXPECT_EQ(ticks, (Moments{3500, 4100, 4700, 5300}));

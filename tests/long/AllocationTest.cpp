@@ -40,13 +40,14 @@ class AllocationTest : public long_tests::FaultProgram {
         try {
             operation.act();
         } catch (const std::bad_alloc&) {
-            // It failed in the user's part of the test. To the program this is a kill.
+            // The allocation was in code of the test. The exception ends the program as a kill
+            // does.
         }
         allocations::FailAt(0);
     }
 
-    // Like WatchedFiles, but of notes only the text: an alarm that rings changes other fields, and
-    // the program saves them too if it ends then.
+    // Like WatchedFiles, but with only the text of each note. An alarm that rings changes other
+    // fields, and a program that an error ends saves them too.
     Disk WatchedTexts() const {
         Disk disk = WatchedFiles();
         for (auto& [path, bytes] : disk) {

@@ -1,10 +1,10 @@
 #pragma once
 
-// Lets memory run out in the programs of this folder: their operator new is replaced.
+// Replaces operator new in the programs of this folder, so that tests can let memory run out.
 namespace long_tests::allocations {
 
-// The allocation with this number, counted from 1 from now on, throws std::bad_alloc; 0 for none.
-// Those after it succeed.
+// Makes the allocation with this number throw std::bad_alloc. Counts from 1, from this call on.
+// Later allocations succeed. 0 makes no allocation fail.
 void FailAt(int number);
 // The number of allocations since the last FailAt.
 int Count();

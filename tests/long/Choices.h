@@ -6,7 +6,7 @@
 
 namespace long_tests {
 
-// Something that may happen next in a test. Its probability is its share of all weights.
+// A possible next step of a test. Its probability is its weight divided by the sum of all weights.
 struct Choice {
     int weight;
     std::string what;

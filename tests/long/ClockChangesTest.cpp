@@ -64,7 +64,7 @@ class ClockChangesTest : public testing_support::WholeProgram {
 TEST_F(ClockChangesTest, AlarmsInTheHourThatSummerTimeSkipsDoNotRing) {
     StartAt(1, 59, 50);
     SetFridaysAlarm(0, base::DateTime::FromTime(2, 30, 0), "message");
-    Advance(9000);  // 1:59:59 and the fraction
+    Advance(9000);  // to 1:59:59 and a fraction of a second
     clock.MoveWallClock(hour);
     Advance(2 * hour * 1000);
     EXPECT_TRUE(rung.empty());
@@ -80,7 +80,7 @@ TEST_F(ClockChangesTest, AlarmsInTheRepeatedHourRingTwice) {
     PutNote(Note("Dentist").WithAlarmAt(1, 15));
     StartAt(1, 0, 5);
     SetFridaysAlarm(0, base::DateTime::FromTime(1, 30, 0), "message");
-    Advance((59 * minute + 54) * 1000);  // 1:59:59 and the fraction
+    Advance((59 * minute + 54) * 1000);  // to 1:59:59 and a fraction of a second
     ASSERT_EQ(clock.Now().TimeOnly(), base::DateTime::FromTime(2, 0, 0));
     clock.MoveWallClock(-hour);
     Advance((hour + 30) * 1000);

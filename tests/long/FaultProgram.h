@@ -13,16 +13,16 @@
 
 namespace long_tests {
 
-// Every operation that writes to the disk, each in a program that was just started with the notes
-// Dentist and Other. A test disturbs it, and compares the files and the text of the next start with
-// those of an undisturbed run.
+// Runs every operation that writes to the disk, each in a program that was just started with the
+// notes Dentist and Other. A test disturbs the operation, and compares the files and the text of
+// the next start with those of an undisturbed run.
 class FaultProgram : public testing_support::WholeProgram {
   protected:
     using Disk = std::map<std::string, std::optional<std::string>>;
 
     struct Operation {
         const char* name;
-        std::function<void()> prepare;  // runs in a program that is running
+        std::function<void()> prepare;  // runs after the program has started
         std::function<void()> act;
         // The text that the user has typed into the editor of Dentist, or nothing.
         std::string typed{};
@@ -50,8 +50,8 @@ class FaultProgram : public testing_support::WholeProgram {
     void TypeAndWait();
 
     Disk WatchedFiles() const;
-    // Expects each file to hold its bytes from one of the known disks, of which the first is the
-    // one from before the operation.
+    // Expects each file to hold its bytes from one of the known disks. The first known disk is the
+    // disk before the operation.
     void ExpectOneOf(const std::vector<Disk>& known, const Disk& found, const Operation& operation,
                      Outcome& outcome);
     // Starts the program, and expects the typed text.

@@ -33,7 +33,7 @@ std::int64_t HeapInUse() {
 #endif
 }
 
-// Things other than memory that a note may leave behind.
+// Counts of objects other than memory that a note may leave behind.
 struct Remains {
     std::size_t forms;
     std::size_t survivors;  // forms that exist, loaded or not
@@ -72,9 +72,10 @@ class GrowthTest : public testing_support::WholeProgram {
         }
     }
 
-    // A note that is closed, opened in the control panel, and erased there.
+    // Makes a note, closes it, opens it in the control panel, and erases it there.
     void ThroughThePanel(const std::string& title);
-    // A note that is minimized, brought back with all open notes, saved, and erased by its toolbar.
+    // Makes a note, minimizes it, brings it back with all open notes, saves it, and erases it by
+    // its toolbar.
     void InItsEditor(const std::string& title);
     void Cycle(int number);
     // Counts recovery copies and all other files too.
@@ -107,7 +108,7 @@ void GrowthTest::ThroughThePanel(const std::string& title) {
 void GrowthTest::InItsEditor(const std::string& title) {
     frmNote& note = MakeNote(title);
     user->Type(note.txtNote, "the text of " + title);
-    // The recovery copy of the note.
+    // Wait until the recovery copy of the note is written.
     Advance(2500);
     EXPECT_EQ(FilesOfNotes(), 1U);
     user->Minimize(note);

@@ -246,7 +246,7 @@ void Monkey::AddControl(Control& control, Choices& choices) {
                                    }});
             }
         }
-    } else if (control.PointerRank() > 1) {  // not a frame, and not only drawn
+    } else if (control.PointerRank() > 1) {  // neither a frame nor only drawn
         // If the exit had the same weight as other buttons, it would be chosen too often.
         choices.push_back({name == "frmMain.cmdExit" ? 1 : 3, "click " + name,
                            [this, &control] { user->Click(control); }});

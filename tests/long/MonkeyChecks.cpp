@@ -16,7 +16,7 @@ namespace long_tests {
 
 namespace {
 
-// The milliseconds until the next tick of the main clock, and the sound that this tick starts.
+// Milliseconds after which the main clock has ticked and the sound that this tick starts has begun.
 constexpr std::int64_t settled = 2100;
 
 bool IsNote(const Form& form) { return dynamic_cast<const frmNote*>(&form) != nullptr; }

@@ -30,8 +30,8 @@ class MonkeyChecks : public testing_support::WholeProgram {
     void Check();
     // The texts that the open editors show, in the order in which they were opened.
     std::vector<OpenText> OpenTexts() const;
-    // Whether the file of the note holds this text, or was put aside with it because another note
-    // replaced it.
+    // Whether the file of the note, or a file in the Recycle Bin, holds this text. A file goes to
+    // the Recycle Bin when another note replaces it.
     bool IsInFile(const OpenText& note) const;
     static bool IsInEditor(const OpenText& note);
     std::size_t MostForms() const { return mostForms; }

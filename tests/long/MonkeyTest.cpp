@@ -5,7 +5,7 @@
 
 namespace {
 
-// The number of days of the test. Each day has some hundred gestures and one night.
+// Operates the program for some days. Each day has some hundred gestures and one night.
 class MonkeyTest : public long_tests::Monkey {};
 
 }  // namespace

@@ -13,7 +13,7 @@ namespace long_tests {
 
 inline const std::string notesFolder = testing_support::applicationFolder + "\\Notes";
 
-// Devices that fail while the program runs, and notes that another program changes.
+// Makes devices fail while the program runs, and changes notes as another program does.
 class Trouble {
   public:
     // The objects must outlive this one.
@@ -23,7 +23,7 @@ class Trouble {
 
     // Adds each kind of trouble.
     void AddTo(Choices& choices);
-    // Repairs all devices. The notes stay as they are.
+    // Repairs all devices. Notes that were changed stay changed.
     void End();
     // Removes the notes that cannot be read. Such a file prevents the program from reading the
     // other files, and is reported again and again.
@@ -42,7 +42,7 @@ class Trouble {
     bool HasChangedNotes() const { return hasChangedNotes; }
 
   private:
-    // The path of any file in the folder of the notes. Empty if there is none.
+    // The path of a random file in the folder of the notes. Empty if there is none.
     std::string AnyFile();
 
     Random& random;

@@ -30,7 +30,8 @@ TEST_F(LoadReportsTest, OneBadFileIsReportedOnceUntilTheFolderChanges) {
     });
 }
 
-// If a file is cut, another program may still be writing it. A wrong date is no sign of that.
+// If a file ends too early, another program may still be writing it, so the program waits. A wrong
+// date is no reason to wait.
 TEST_F(LoadReportsTest, AnImpossibleDateIsReportedWithoutAPause) {
     PutNote(Note("a"));
     files.PutFile(folder + "\\b.txt",

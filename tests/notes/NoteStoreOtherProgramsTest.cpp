@@ -43,7 +43,7 @@ TEST_F(NoteStoreOtherProgramsTest, AnErasedOrReplacedFileOfAnOpenEditorIsUnsaved
         EXPECT_EQ(InFolder().size(), isErased ? 1U : 2U);
         user->Restore(Editor("Dentist"));
         user->Click(Editor("Dentist").tlbMain, "Hide");
-        // A file that another program changed is newer than an editor without an edit.
+        // The editor has no edit, so it does not replace the file that another program changed.
         EXPECT_EQ(Saved("Dentist").Text, isErased ? "text" : "by another program");
         EXPECT_EQ(files.RecycledBytes().size(), isErased ? 0U : 1U);
     }

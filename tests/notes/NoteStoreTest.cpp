@@ -154,7 +154,7 @@ TEST_F(NoteStoreTest, AnotherNotesFileGoesToTheRecycleBinBeforeANewNoteTakesIt) 
     // The open editor of the old file is now unsaved.
     Advance(3000);
     EXPECT_EQ(InFolder().size(), 2U);
-    // It has no edit, so closing it does not replace the newer text.
+    // The editor has no edit, so closing it does not replace the newer text.
     user->CloseBox(Editor("Shopping"));
     EXPECT_EQ(In("Shopping.txt").Text, "bread");
     ASSERT_EQ(files.RecycledBytes().size(), 2U);

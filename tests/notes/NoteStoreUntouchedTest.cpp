@@ -12,7 +12,7 @@ using base::DateTime;
 
 class NoteStoreUntouchedTest : public testing_support::NoteStoreProgram {
   protected:
-    // The open note "Dentist" rings at 9:00:05 and is not edited. Returns its saved record.
+    // Lets the open note "Dentist" ring at 9:00:05 without an edit. Returns its saved record.
     StandardCode::NoteRecord LetDentistRing() {
         SetNow(2004, 5, 14, 9, 0, 0);
         const Note record = Note("Dentist").WithAlarmAt(9, 0, 5);

@@ -117,7 +117,7 @@ TEST_F(UnsavedNotesTest, ACopyIsNotDroppedIfAnotherTitleOnlyBeginsTheSame) {
     PutNote(Note("A", "by another machine"));
     Start(StandardCode::ReadNotes);
     EXPECT_EQ(Editor("A (recovered)").txtNote.text(), "typed");
-    // The copy is dropped if its text was saved under such a title.
+    // Once its text is saved under the title of the recovered note, the copy is dropped.
     user->CloseBox(Editor("A (recovered)"));
     ASSERT_EQ(Saved("A (recovered)").Text, "typed");
     RecoveredNote again;

@@ -193,7 +193,7 @@ TEST_F(frmDisplayNoteTest, LoopsTheSoundUntilItsBoxIsAnswered) {
     Fill(Note("Dentist").WithSound());
     const auto display = Display();
     SwitchSoundOn(*display);
-    // The clock of the main window clears it at its next tick.
+    // The clock of the main window clears the flag at its next tick.
     Shared().AlarmSounding = false;
     ExpectDisplayAlarm([&] {
         ASSERT_EQ(sound.log.size(), 1u);

@@ -52,7 +52,7 @@ TEST_F(frmNotePointerTest, ThePointerAtTheRightButtonsMessageOpensTheMenu) {
 TEST_F(frmNotePointerTest, ThePointerInOtherPlacesOnlySetsTheTip) {
     frmNote& note = MakeNote("Dentist");
     Start([&note] { note.mnuHide.enabled = false; });
-    for (const int message : {513, 516, 518}) {  // button down left and right, right double click
+    for (const int message : {513, 516, 518}) {  // left down, right down, right double click
         user->MouseMove(note, message * 15);
     }
     EXPECT_FALSE(note.mnuHide.enabled());

@@ -151,7 +151,7 @@ TEST_F(frmViewNotesTest, ErasingBelowTheMaximumAllowsNewNotesAgain) {
     EXPECT_EQ(Panel().lblTotalNotes.foreColor(), forms::black);
 }
 
-TEST_F(frmViewNotesTest, ErasingOneOfAHundredAndOneStillAllowsNone) {
+TEST_F(frmViewNotesTest, ErasingOneOfAHundredAndOneStillAllowsNoNewNote) {
     PutMany(101);
     ExpectNotesArrayError("Error Number: 9) - Subscript out of range");
     Open();

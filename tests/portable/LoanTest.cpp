@@ -23,8 +23,8 @@ Options WithColor(const std::string& color, const std::string& size) {
             {{Settings::defaultFontSize.section, Settings::defaultFontSize.key}, size}};
 }
 
-// A registry in memory. It kills the launcher at the change with the number killAt, which is then
-// half made.
+// A registry in memory. It kills the launcher just before the change with the number killAt, so
+// that an operation of several changes may be half done.
 class MemoryRegistry : public portable::UserRegistry {
   public:
     std::optional<Options> program;
@@ -100,7 +100,8 @@ class LoanTest : public testing::Test {
         EXPECT_FALSE(registry.hasLaunchersKey);
     }
 
-    // The next run finds the options before or after the killed one, and ends as usual.
+    // Expects that the next run finds the options of the killed run or those before it, and ends as
+    // usual.
     void ExpectWholeAfterAKill() {
         Loan next(registry, files, folder);
         next.Begin();
@@ -117,7 +118,7 @@ class LoanTest : public testing::Test {
     std::optional<Options> own = WithColor("own", "own");
     const Options first = WithColor("1", "1");
     const Options second = WithColor("2", "2");
-    Options seen;  // by the program at its start
+    Options seen;  // the options that the program found at its start
 };
 
 }  // namespace

@@ -7,9 +7,9 @@
 
 namespace testing_support {
 
-// The record of a note, for tests: Note("Dentist", "Call.").WithAlarmAt(9, 30).WithSound(). Without
-// further calls it is a white note in 12 points whose alarm is off. The alarm's time is then 14 May
-// 2004, 12:00.
+// The record of a note, for tests: Note("Dentist", "Call.").WithAlarmAt(9, 30).WithSound(). Unless
+// a call changes it, the note is white, in 12 points, and its alarm is off. The time of the alarm
+// is 14 May 2004, 12:00.
 struct Note : StandardCode::NoteRecord {
     explicit Note(const std::string& title, const std::string& text = "text") {
         Title = title;

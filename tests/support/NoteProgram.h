@@ -65,7 +65,7 @@ class NoteProgram : public ProductProgram {
         return forms::Default<frmNote>();
     }
 
-    // The saved note. Empty if there is no file.
+    // The saved note. If there is no file, fails the test and returns an empty record.
     StandardCode::NoteRecord Saved(const std::string& title) {
         StandardCode::NoteRecord record;
         if (const auto bytes = FileOf(title)) {

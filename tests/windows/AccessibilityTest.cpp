@@ -51,7 +51,7 @@ void AccessibilityTest::ExpectSpoken(const Window& window) {
         }
         const std::string where = control.Description() + " in " + window.Description();
         const std::string kind = control.ClassName();
-        // The clock of an editor changes each second: read its text and its name in one second.
+        // The clock of an editor changes each second, so read its text and name within one second.
         std::string text = control.Text();
         Accessible object = AccessibleOf(control);
         for (std::string now = control.Text(); now != text; now = control.Text()) {

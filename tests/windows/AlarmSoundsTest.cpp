@@ -56,7 +56,8 @@ TEST_F(AlarmSoundsTest, AnOwnSoundFileIsTestedAndSaved) {
     EXPECT_TRUE(window.Button(ownFile).IsChecked());
     EXPECT_EQ(window.Only("Edit").Text(), stored);
 
-    // Save is enabled only after the dialog for a file was opened, even if it was cancelled.
+    // If the user chooses an own file, Save is disabled until the file dialog has been opened. It
+    // does not matter whether the dialog is cancelled.
     Click(window, "Alert Chime");
     EXPECT_TRUE(window.Button("&Save").IsEnabled());
     EXPECT_FALSE(window.Button("&Browse").IsEnabled());

@@ -28,7 +28,7 @@ class AlarmsTest : public DriverTest {
 };
 
 Window AlarmsTest::StartWithClosedNote() {
-    Variable("JOTWRIGHT_CLOCK_FILE");  // before a test presses a button that it must release
+    Variable("JOTWRIGHT_CLOCK_FILE");  // skips the test here if the clock cannot be set
     WriteNote(title, saved);
     const Window main = StartProgram();
     const Window editor = program.WaitFor(title);
@@ -161,8 +161,8 @@ TEST_F(AlarmsTest, AnOpenEditorRings) {
     ExpectNote(title, "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"0\",0,\"yes\"\r\n");
 }
 
-// Both alarms are due in one second. The second note opens while the box of the first is open. The
-// box disables the note, so the note must stay below the box.
+// Both alarms are due in the same second. The second note opens while the box of the first is open.
+// The box disables the note, so the note must stay below the box.
 TEST_F(AlarmsTest, ANoteThatComesUpDoesNotCoverAnOpenBox) {
     WriteNote(title, "\"Dentist\",\"Call\",#2031-06-02#,#09:01:00#,1,12,\"1\",1,\"yes\"\r\n");
     WriteNote("Rent", "\"Rent\",\"Pay\",#2031-06-02#,#09:01:00#,4,12,\"1\",0,\"yes\"\r\n");

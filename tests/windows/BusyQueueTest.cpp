@@ -19,7 +19,8 @@ constexpr LRESULT mostKeys = 100000;
 // Sends keys faster than the program handles them, so that its queue is never empty.
 class BusyQueueTest : public DriverTest {
   protected:
-    // Sends keys until the condition is true. Returns false if it never is.
+    // Sends keys until the condition is true. Returns false if it is still false after mostKeys
+    // keys.
     static bool TypeUntil(const Window& box, const std::function<bool()>& condition) {
         LRESULT sent = box.Send(WM_GETTEXTLENGTH);
         while (sent < mostKeys) {

@@ -15,7 +15,7 @@ class Clock {
     // clock is set to the time that is on the same side of the change as the present time.
     static void Set(const std::string& text);
     static std::string Now();
-    // Waits until the clock shows this time or a later time of the same day.
+    // Waits until the clock shows this time or a later one.
     static void WaitFor(const std::string& text);
 };
 

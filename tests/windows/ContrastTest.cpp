@@ -18,8 +18,8 @@ namespace {
 constexpr COLORREF black = RGB(0, 0, 0);
 constexpr COLORREF white = RGB(255, 255, 255);
 
-// While it exists, programs that start get the colours of a contrast theme, white on black. The
-// visual styles stay on, as in Windows 8 and later.
+// Gives the colours of a contrast theme, white on black, to programs that start while the object
+// exists. The visual styles stay on, as in Windows 8 and later.
 class ContrastColors {
   public:
     ContrastColors() {
@@ -42,7 +42,7 @@ class ContrastColors {
     std::array<COLORREF, 5> before{};
 };
 
-// The most frequent colour, from this column on.
+// The most frequent colour in column left and the columns to its right.
 COLORREF BackgroundOf(const Picture& picture, int left) {
     std::map<COLORREF, int> counts;
     for (int y = 0; y < picture.Height(); ++y) {
@@ -56,7 +56,8 @@ COLORREF BackgroundOf(const Picture& picture, int left) {
     return most == counts.end() ? CLR_INVALID : most->first;
 }
 
-// The number of pixels that can be told from the background, from this column on.
+// The number of pixels, in column left and the columns to its right, whose colour is readable on
+// the background.
 int ReadablePixels(const Picture& picture, int left, COLORREF background) {
     int count = 0;
     for (int y = 0; y < picture.Height(); ++y) {

@@ -13,9 +13,9 @@ constexpr const char* eraseQuestion = "Deleting Note";
 
 class ControlPanelTest : public DriverTest {
   protected:
-    // Starts the program with two minimized notes. One has its alarm set, and the other has none.
+    // Starts the program with two minimized notes. The alarm of one note is set.
     Window StartWithTwoNotes();
-    // Does the same and closes both editors.
+    // Calls StartWithTwoNotes and closes both editors.
     Window StartWithTwoClosedNotes();
     void WaitForActions(const Window& panel, bool enabled) const;
     // Whether the panel's total has this text, drawn in color and not in otherColor.
@@ -238,7 +238,7 @@ TEST_F(ControlPanelTest, AsksAboutATextThatWasTypedBeforeItsWindowWasActivatedAg
     WaitUntil("the editor has gone", [&] { return !editor.Exists(); });
     ExpectNote("Shopping", shopping);
 
-    // If the note is open already, the panel's Edit also counts as an activation.
+    // If the note is open, Edit in the panel also counts as an activation.
     const auto edit = [this](const Window& openPanel) {
         SelectRow(openPanel.Only(listClass), 1);
         WaitForActions(openPanel, true);

@@ -55,7 +55,7 @@ class DriverTest : public testing::Test, protected NoteFiles {
     void SetUp() override;
     void TearDown() override;
 
-    // Starts the program and waits for its main window.
+    // Starts the program, and waits until the main window is visible and the splash has gone.
     Window StartProgram();
     void ExitProgram();
     // Sends all windows the messages that Windows sends when the user's session ends.
@@ -71,8 +71,8 @@ class DriverTest : public testing::Test, protected NoteFiles {
     // program skips the event, as after a sleep. In that case, the clock is set again.
     void LetTimeCome(const std::string& time, const std::string& what,
                      const std::function<bool()>& hasCome) const;
-    // Like LetTimeCome, with a function that sets the clock. The clock is set again only if more
-    // than so many seconds have passed. Returns how often it was set again.
+    // Like LetTimeCome, with a function that sets the clock. If the event was skipped, the clock is
+    // set again after the given number of seconds. Returns how often the clock was set again.
     int LetTimeCome(const std::function<void()>& setClock, unsigned seconds,
                     const std::string& what, const std::function<bool()>& hasCome) const;
     // Like LetTimeCome, for a window with this caption.
@@ -98,8 +98,8 @@ class DriverTest : public testing::Test, protected NoteFiles {
     // its controls. className is the class of one of the controls.
     Window OpenFromMenuBar(const Window& main, const MenuPath& path, const std::string& caption,
                            const std::string& className = "Button") const;
-    // Opens each window of the main window's menu bar, calls show when its controls exist, and
-    // closes it.
+    // Opens the windows for the alarm sound, the options, About and the tips from the menu bar of
+    // the main window. Calls show for each when its controls exist, and closes it.
     void ForEachMenuBarWindow(const Window& main,
                               const std::function<void(const Window&)>& show) const;
     // Clicks the button of the main window and waits for the list.

@@ -8,7 +8,7 @@ namespace {
 constexpr COLORREF black = RGB(0, 0, 0);
 constexpr COLORREF white = RGB(255, 255, 255);
 
-constexpr int border = 4;  // of a text box, in pixels; the most that a system has
+constexpr int border = 4;  // the widest border of a text box on any system, in pixels
 
 struct Shade {
     int number;  // in the file, or in the menu
@@ -55,8 +55,8 @@ Window EditorsTest::ShowDisplay(const std::string& title, const std::string& res
     WriteNote(title, note);
     StartProgram();
     CloseAndWait(program.WaitFor(title));
-    // Closing the editor rewrote its file and left the panel loaded. Reload the panel, so that it
-    // reads the file as it is written here.
+    // Closing the editor has rewritten the file. Write the file again, and reload the panel so that
+    // it reads the new contents.
     CloseAndWait(OpenPanel(FindMain()));
     WriteNote(title, note);
     CloseAndWait(OpenPanel(FindMain()));

@@ -268,7 +268,8 @@ TEST_F(ExitTest, TheSessionEndsWhileAWindowIsMoved) {
     ExpectSaved();
 }
 
-// The user has not answered whether to save. The next start shows the text as unsaved.
+// The session ends before the user answers whether to save. The next start shows the text as
+// unsaved.
 TEST_F(ExitTest, TheSessionEndsWhileTheExitAsks) {
     WriteNote(title, saved);
     main = StartProgram();

@@ -7,10 +7,10 @@
 // Files on the disk, and settings. Paths are Windows paths, in UTF-8.
 namespace driver {
 
-// The value of an environment variable. If it is not set, see MissingHelper().
+// The value of an environment variable. If it is not set, calls MissingHelper().
 std::string Variable(const std::string& name);
-// The Windows path of a path on the host. A Windows path stays as it is: on Windows, the variables
-// hold such paths.
+// The Windows path of a path on the host. Returns a Windows path unchanged, because on Windows the
+// environment variables contain Windows paths.
 std::string UnixPath(const std::string& path);
 std::string FolderOf(const std::string& path);
 

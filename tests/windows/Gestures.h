@@ -51,12 +51,13 @@ void TakePicture(const std::string& name);
 // Saves a picture of a part of the display.
 void TakePicture(const std::string& name, const RECT& part);
 
-// Messages of the program's icon in the notification area to the window that owns the icon.
+// Posts to the owner of the program's icon in the notification area the messages of a gesture on
+// that icon.
 namespace tray {
 void Click(const Window& owner);
 void DoubleClick(const Window& owner);
 void RightClick(const Window& owner);
-// Whether the notification area holds an icon of this window. The window may be closed already.
+// Whether the notification area holds an icon of this window, which may have been closed.
 bool HasIcon(const Window& owner);
 }  // namespace tray
 

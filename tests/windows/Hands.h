@@ -15,7 +15,7 @@ void MoveBy(int right, int down);
 // The left button.
 void Press();
 void Release();
-// A digit key.
+// Presses and releases the key of this digit.
 void TypeDigit(char digit);
 // Types on the real keyboard, into the window that has the focus. Supports only letters, digits
 // and blanks.

@@ -15,7 +15,7 @@ using forms::win32::WinShell;
 
 namespace {
 
-// The path of the executable whose window this is; empty if there is no such window.
+// The path of the executable of the process that owns the window. Empty if there is no such window.
 std::string ProgramOf(const Window& window) {
     DWORD process = 0;
     ::GetWindowThreadProcessId(window.handle, &process);

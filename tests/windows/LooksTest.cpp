@@ -71,7 +71,7 @@ Picture PictureOf(const Window& window) {
     return Picture(window);
 }
 
-// Waits until the title bar is drawn: its icon then has several colours.
+// Waits until the title bar is drawn, that is, until its icon has several colours.
 Picture PictureWithIcon(const Window& window) {
     std::optional<Picture> picture;
     WaitUntil("the icon is drawn", [&] {
@@ -234,8 +234,8 @@ TEST_F(LooksTest, FieldTextsAlignWithTheirLabelsAtAnyScale) {
 
 namespace {
 
-// Makes the user's message font italic while the object exists. Programs that start meanwhile use
-// it.
+// Makes the user's message font italic while the object exists, for the programs that start in this
+// time.
 class SlantedMessageFont {
   public:
     SlantedMessageFont() {

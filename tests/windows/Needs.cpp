@@ -20,7 +20,8 @@ namespace {
 // Counts the tests, and collects why some were skipped.
 class TestsOfRun : public testing::EmptyTestEventListener {
   public:
-    // The tests would operate the user's own program, which reads and writes the same options.
+    // If the user's own Jotwright is running, the tests would operate it. Both use the same
+    // options.
     void OnTestProgramStart(const testing::UnitTest& /*tests*/) override {
         if (IsInTestKit() &&
             ::OpenMutexW(SYNCHRONIZE, FALSE, L"Local\\Jotwright.Instance") != nullptr) {
@@ -91,7 +92,7 @@ std::string NeedOf(const std::string& variable) {
     }
     const std::string reason = "skipped: needs " + text;
     [&reason] { GTEST_SKIP() << reason; }();
-    // GoogleTest leaves the test without a further report.
+    // GoogleTest ends the test at this exception and reports nothing more.
     throw testing::AssertionException(testing::TestPartResult(testing::TestPartResult::kSkip,
                                                               __FILE__, __LINE__, reason.c_str()));
 }

@@ -54,7 +54,7 @@ std::string NoteFiles::CopyPath(const std::string& title) const {
     return paths.empty() ? std::string() : paths.front();
 }
 
-// While a copy is being written, its text is already in a temporary file.
+// The text of a copy that is being written is in a temporary file, which does not count.
 void NoteFiles::WaitForCopy(const std::string& title, const std::string& part) const {
     WaitUntil("a copy holds " + part, [&] {
         const std::vector<std::string> paths = CopyPaths(title);

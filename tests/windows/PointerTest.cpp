@@ -26,7 +26,7 @@ int PixelOfColumn(int column) { return (column * Dpi() + 95) / 96; }
 // notification area. Runs at every scale; see cmake/Checks.cmake.
 class PointerTest : public DriverTest {
   protected:
-    // Otherwise the system would give this program coordinates at 96 dpi.
+    // Without this call, the system would give this program coordinates at 96 dpi.
     PointerTest() { ::SetProcessDPIAware(); }
 
     // x and y are in pixels, from the corner of the client area.

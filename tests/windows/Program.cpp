@@ -52,11 +52,11 @@ struct HandleList {
 };
 constexpr ULONG listOfHandles = 64;
 constexpr auto tooSmall = static_cast<LONG>(0xC0000004);  // STATUS_INFO_LENGTH_MISMATCH
-constexpr std::size_t mostMemory = 1U << 26U;             // numbers
+constexpr std::size_t mostMemory = 1U << 26U;             // elements
 using QuerySystem = LONG(WINAPI*)(ULONG information, void* memory, ULONG size, ULONG* needed);
 
-// Empty if the system does not report them. GetProcessHandleCount would be simpler, but some
-// systems lack it.
+// The handles of a process. Empty if the system does not report them. GetProcessHandleCount would
+// be simpler, but some systems lack it.
 std::vector<HANDLE> HandlesOf(DWORD process) {
     const auto query = reinterpret_cast<QuerySystem>(reinterpret_cast<void*>(
         ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation")));
@@ -86,15 +86,16 @@ std::vector<HANDLE> HandlesOf(DWORD process) {
     return handles;
 }
 
-// Whether two handles are of one object. Null before Windows 10.
+// CompareObjectHandles, which tells whether two handles refer to the same object. Null before
+// Windows 10.
 using Compare = BOOL(WINAPI*)(HANDLE, HANDLE);
 Compare CompareHandles() {
     return reinterpret_cast<Compare>(reinterpret_cast<void*>(
         ::GetProcAddress(::GetModuleHandleW(L"kernelbase.dll"), "CompareObjectHandles")));
 }
 
-// A job that ends its processes when this program ends, however that happens: a program that is
-// left behind would be taken for the user's own.
+// A job that ends its processes when this program ends, even if this program crashes. The next run
+// of the tests would take a program that is left behind for the user's own.
 HANDLE JobOfThisProgram() {
     static const HANDLE job = [] {
         HANDLE made = ::CreateJobObjectW(nullptr, nullptr);

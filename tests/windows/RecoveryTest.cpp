@@ -137,7 +137,7 @@ TEST_F(RecoveryTest, WithoutARecycleBinFilesAreRenamed) {
     EXPECT_FALSE(FileExists(NotePath("Bad")));
     EXPECT_EQ(WholeFile(NotePath("Bad") + ".damaged"), "\"Bad\",\"no");
 
-    // The note that another program has saved meanwhile.
+    // Act as another program that saves the note.
     WriteNote("Shopping", Shopping("Shopping", "bread"));
     editor.Only("Edit").Type("milk and eggs");
     ClickToolbar(editor.Only(toolbarClass), toolbarSave);

@@ -7,7 +7,8 @@
 
 namespace driver {
 
-// Sets a value below HKEY_CURRENT_USER while the object exists. Then the value is as before.
+// Sets a value below HKEY_CURRENT_USER while the object exists. The destructor restores the earlier
+// value.
 class RegistryValue {
   public:
     RegistryValue(std::wstring valueKey, std::wstring valueName, DWORD number)

@@ -21,8 +21,8 @@ class SystemTest : public DriverTest {
 };
 
 TEST_F(SystemTest, LettersOfAllScriptsAreKept) {
-    const std::string title = "Z\xC3\xBCrich \xCE\xA9";  // a u umlaut, an omega
-    const std::string text = "\xE6\x97\xA5\xE6\x9C\xAC\r\n\xF0\x9F\x98\x80";  // and beyond U+FFFF
+    const std::string title = "Z\xC3\xBCrich \xCE\xA9";                       // u umlaut and omega
+    const std::string text = "\xE6\x97\xA5\xE6\x9C\xAC\r\n\xF0\x9F\x98\x80";  // ends in U+1F600
     const Window editor = MakeNote(StartProgram(), title);
     editor.Only("Edit").Type(text);
     EXPECT_EQ(editor.Only("Edit").Text(), text);
@@ -40,7 +40,7 @@ TEST_F(SystemTest, LettersOfAllScriptsAreKept) {
 
 TEST_F(SystemTest, WesternLettersAreWrittenInTheSystemsCodePage) {
     const Window editor = MakeNote(StartProgram(), "Caf\xC3\xA9");
-    editor.Only("Edit").Type("5 \xE2\x82\xAC");  // a euro
+    editor.Only("Edit").Type("5 \xE2\x82\xAC");  // a euro sign
     HideNote(editor);
     ExpectNote("Caf\xC3\xA9",
                "\"Caf\xE9\",\"5 \x80\",#2031-06-02#,#12:00:00#,1,12,\"0\",0,\"yes\"\r\n");

@@ -69,8 +69,8 @@ TEST_F(TwoProgramsTest, NeitherTouchesTheUnsavedTextsOfTheOther) {
                                         firstCopy.substr(firstCopy.rfind('\\') + 1)}));
     EXPECT_EQ(WholeFile(firstCopy), copy);
 
-    // First both recovery copies exist, and later both saved texts. The text that is saved last is
-    // in the note's file.
+    // At first, each program has its own recovery copy. Then each program saves its text. The text
+    // that is saved last is in the file of the note.
     other.Only("Edit").Type("bread");
     WaitForCopy("Shopping", "bread");
     EXPECT_EQ(CopyPaths("Shopping").size(), 2U);

@@ -14,8 +14,8 @@ constexpr int looksOfAMoment = 50;
 constexpr unsigned long long longest = 3'600'000;  // milliseconds
 // Asking for the idle time takes as long as a look.
 constexpr unsigned long long betweenQuestions = 100;  // milliseconds
-// The maximum idle time that one question adds. If the driver was stopped, it did not look
-// meanwhile.
+// The most idle time that one question adds. If the driver itself was stopped, the idle time since
+// its last question proves nothing about the program.
 constexpr unsigned long long mostAtOnce = 200;  // milliseconds
 
 unsigned long long EnoughIdle() {

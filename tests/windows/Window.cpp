@@ -13,8 +13,8 @@ using forms::win32::Wide;
 
 namespace {
 
-// In milliseconds. This limit is for a program that hangs while it handles the message. A program
-// that answers no messages at all is found sooner.
+// In milliseconds. This limit is for a program that hangs while it handles the message. If a
+// program answers no messages at all, Send fails sooner.
 constexpr UINT answerTimeout = 3'600'000;
 constexpr UINT probeTimeout = 500;  // milliseconds
 

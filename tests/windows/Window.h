@@ -35,8 +35,8 @@ class Window {
     }
     bool HasTitleBar() const { return (Style() & WS_CAPTION) == WS_CAPTION; }
     bool HasFocus() const;
-    // The control of this window's program that has the focus. If no control has it, the window
-    // itself.
+    // The window or control with the focus in the thread of this window. A null window if there is
+    // none.
     Window Focus() const;
     LONG_PTR Style() const { return ::GetWindowLongPtrW(handle, GWL_STYLE); }
     RECT Place() const;          // on the screen
@@ -64,7 +64,8 @@ class Window {
     // it.
     void Click() const;
     bool IsChecked() const { return Send(BM_GETCHECK) == BST_CHECKED; }
-    // Replaces the text, and sends the same notifications as typing.
+    // Replaces the text. A single-line box then notifies its window of the change, and a multi-line
+    // box does not. Raises Failure if a user could not type into the control.
     void Type(const std::string& text) const;
     void Press(WPARAM virtualKey) const;
     // Clicks the close box of the title bar.

@@ -21,8 +21,8 @@ class frmTimerDriverTest : public DriverTest {
     // The remaining time, if the label has one of its two exact forms. Otherwise nothing.
     static std::optional<Left> Shown(const Window& timer);
     static Left WaitUntilItCounts(const Window& timer);
-    // Opens a modal window and waits until the countdown has gone on below last. Returns the time
-    // left.
+    // Opens a modal window, waits until less time is left than last, and closes the window. Returns
+    // the time left. Both times are in seconds.
     int CountBehind(const Window& main, const MenuPath& entry, const std::string& caption,
                     const Window& timer, int last);
 };
@@ -106,7 +106,7 @@ TEST_F(frmTimerDriverTest, CountsAMinuteWhileOtherWindowsAreOpen) {
     last = CountBehind(main, barAbout, "About Jotwright", timer, last);
     Clock::Set("2031-06-02 17:00:00");
 
-    // The timer has continued meanwhile. It counts to the end and never up.
+    // The countdown has continued while the windows were open. It counts to the end and never up.
     const auto isUp = [&] { return !program.Visible(alarmBox).empty(); };
     std::uint64_t before = recorder.Now();
     WaitUntil("the minute is over", [&] {

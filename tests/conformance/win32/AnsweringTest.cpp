@@ -33,7 +33,7 @@ class AnsweringTest : public conformance::StandTest {
         }
         return false;
     }
-    // What the system does if the user chooses the button of the window in the task bar.
+    // Does what the system does if the user clicks the button of the window in the task bar.
     static void ChooseInTaskBar(HWND window) {
         ::SetForegroundWindow(window);
         ::PostMessageW(window, WM_SYSCOMMAND, SC_RESTORE, 0);
@@ -134,7 +134,7 @@ TEST_F(AnsweringTest, AWindowThatIsAlwaysOnTopOpensBelowABoxThatWaits) {
     Start([] { MsgBox("Look", {}, "Message"); });
 }
 
-// Like the calendar of a date picker, which is destroyed when it loses the focus.
+// The pop-up is like the calendar of a date picker, which is destroyed when it loses the focus.
 TEST_F(AnsweringTest, ABoxOutlivesAPopUpOfAControl) {
     Start([] { Default<frmFirst>().Show(); });
     HWND form = HandleOf(Default<frmFirst>());

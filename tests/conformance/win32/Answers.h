@@ -57,7 +57,8 @@ class Answers {
     static void PressButton(HWND box, forms::BoxResult answer);
     void ChooseByKeys(const Expected& popup) const;
     void ReportUnexpected();
-    // Call only while the next expected window is open.
+    // Whether stayOpenUntil is null or returns true. After mostLooks calls in a row, fails the test
+    // and returns true.
     bool HasStayedOpen();
     bool NextIs(Expected::Kind kind) const;
     Expected TakeNext();

@@ -64,7 +64,7 @@ class UsersSetting {
     std::array<wchar_t, 80> before{};
 };
 
-// Settings of a locale as its systems have them.
+// The default settings of a locale.
 struct Settings {
     const wchar_t* name;
     const wchar_t* morning;

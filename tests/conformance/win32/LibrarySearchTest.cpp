@@ -15,7 +15,7 @@ namespace {
 std::wstring loadedPath;
 DWORD loadedFlags = 0;
 
-// Loads as Windows 7 does without its update for the flag.
+// Acts as LoadLibraryExW on a Windows 7 that does not know LOAD_LIBRARY_SEARCH_SYSTEM32.
 HMODULE WINAPI LoadWithoutTheFlag(const wchar_t* path, HANDLE file, DWORD flags) {
     if ((flags & LOAD_LIBRARY_SEARCH_SYSTEM32) != 0) {
         ::SetLastError(ERROR_INVALID_PARAMETER);

@@ -75,7 +75,7 @@ TEST_F(ListViewTest, TheLastColumnFillsTheList) {
     EXPECT_EQ(WidthOfColumns(handle), 2000 / 15);
 }
 
-// Which flags a search by typed letters has depends on the system.
+// The flags of a search by typed letters depend on the system.
 TEST_F(ListViewTest, TypedLettersFindTheirRow) {
     Start([] {
         auto& list = Default<frmList>().lvwRows;

@@ -48,7 +48,7 @@ std::string LittleEndian(unsigned value, int bytes) {
     return text;
 }
 
-// Silence that takes this long.
+// A wave file with this many seconds of silence.
 std::string SilentWave(unsigned seconds) {
     constexpr unsigned rate = 8000;
     const std::string samples(std::size_t{2} * rate * seconds, '\0');
@@ -76,7 +76,7 @@ TEST_F(QuietWaitTest, MessagesAreAnsweredAndWindowsPaintedButNoHandlerRuns) {
     HWND button = ButtonHandle();
     std::atomic<bool> isAnswered = false;
     std::atomic<bool> isPainted = false;
-    // The user and other programs.
+    // Acts as the user and as other programs.
     std::thread others([&] {
         ::SendMessageW(window, WM_NULL, 0, 0);
         isAnswered = true;

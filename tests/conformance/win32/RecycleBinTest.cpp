@@ -38,7 +38,7 @@ TEST_F(RecycleBinTest, RecycledFilesAreGoneAndNoTimerRunsMeanwhile) {
     EXPECT_FALSE(files.FileExists(note));
 }
 
-TEST_F(RecycleBinTest, WhatTheShellWouldDestroyIsNotGivenToIt) {
+TEST_F(RecycleBinTest, AFileThatTheShellWouldDestroyIsNotRecycled) {
     const std::wstring explorer = L"Software\\Microsoft\\Windows\\CurrentVersion\\";
     wchar_t root[MAX_PATH]{};
     wchar_t volume[MAX_PATH]{};

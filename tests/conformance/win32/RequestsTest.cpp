@@ -11,15 +11,15 @@
 #include "forms/win32/UtilityWindow.h"
 #include "tests/conformance/Stand.h"
 
-// The requests to the window system that showing, filling, hiding and changing a form cause. Each
-// of them is a message to a window of this thread. Times would depend on the machine; these counts
-// do not, so a change that makes an action slower fails here.
+// Counts the requests to the window system that showing, filling, hiding and changing a form cause.
+// Each request is a message to a window of this thread. Unlike times, the counts do not depend on
+// the machine. If a change makes an action send more messages, a test fails here.
 
 namespace forms::win32 {
 
 namespace {
 
-// While it exists, counts the messages that are sent to the windows of this thread.
+// Counts the messages that are sent to the windows of this thread while the object exists.
 class SentMessages {
   public:
     SentMessages() {
@@ -61,7 +61,8 @@ class SentMessages {
     HHOOK hook = nullptr;
 };
 
-// While it exists, counts the messages with this number that this thread takes from its queue.
+// Counts the messages with this number that this thread takes from its queue while the object
+// exists.
 class TakenMessages {
   public:
     explicit TakenMessages(UINT message) {
@@ -172,10 +173,11 @@ TEST_F(RequestsTest, AFormIsMadeInItsPlaceWithItsText) {
     EXPECT_EQ(sent.Of(WM_SETTEXT), 0);
     EXPECT_EQ(sent.Of(WM_SETICON), 2);
     EXPECT_EQ(sent.Of(WM_STYLECHANGING), 0);
-    EXPECT_EQ(sent.Of(WM_WINDOWPOSCHANGING), 1);  // it is shown
+    EXPECT_EQ(sent.Of(WM_WINDOWPOSCHANGING), 1);  // when the form is shown
 }
 
-// SetWindowSubclass keeps this property, and asks the window system for it at each message.
+// SetWindowSubclass keeps its data in a property of the window, and asks the window system for this
+// property at each message.
 TEST_F(RequestsTest, AMessageToAControlNeedsNoPropertyOfIt) {
     Start([] { Default<frmButtons>().Show(); });
     HWND form = FormWindow::Existing(Default<frmButtons>())->handle;
@@ -272,7 +274,7 @@ TEST_F(RequestsTest, ABoxTouchesNoMinimizedWindow) {
     stand->Pump(50);
     const SentMessages sent;
     ExpectMessage("Look", "Message", [&] {
-        EXPECT_LE(sent.Of(WM_ENABLE), 1);  // the owner of the box
+        EXPECT_LE(sent.Of(WM_ENABLE), 1);  // only the owner of the box
         // An alarm brings up its note, which must not react before the box is answered.
         Start([&] { minimized->front()->windowState = WindowState::Normal; });
         EXPECT_FALSE(stand->CanBeUsed(*minimized->front()));
@@ -349,7 +351,7 @@ TEST_F(RequestsTest, AWindowBelowARestingPointerHasNoTips) {
     EXPECT_EQ(TipWindowsOf(second), 1);
 }
 
-// Under Wine, a tool bar makes this window when it is asked for it.
+// Under Wine, a toolbar makes its tool-tip window when a program asks for that window.
 TEST_F(RequestsTest, AToolbarHasNoTipsBeforeThePointerMoves) {
     Start([] { Default<frmRows>().Show(); });
     EXPECT_EQ(TipWindowsOf(FormWindow::Existing(Default<frmRows>())->handle), 0);

@@ -77,12 +77,12 @@ class ScaleTest : public conformance::StandTest {
         ::SendMessageW(HandleOf(form), scaleChangedMessage, MAKEWPARAM(dpi, dpi),
                        reinterpret_cast<LPARAM>(&place));
     }
-    // The message that the system sends while a window is minimised.
+    // Reports a new scale to a minimized window, as the system does.
     static void ReportScaleWhileMinimized(Form& form, int dpi) {
         ReportScale(form, dpi, {-32000, -32000, -31840, -31972});
     }
 
-    // The default instance. A new one after it was unloaded.
+    // The default instance. If it was unloaded, makes a new one.
     static frmScaled& OfKind(bool isSizable) {
         return isSizable ? static_cast<frmScaled&>(Default<frmSizable>())
                          : static_cast<frmScaled&>(Default<frmFixed>());

@@ -74,7 +74,8 @@ TEST_F(TextBoxTest, TheScrollBarFollowsTyping) {
     EXPECT_FALSE(HasScrollBar());
 }
 
-// A multi-line control that has been asked as a control of a dialog closes its parent on Escape.
+// A multi-line edit control that has received WM_GETDLGCODE with a message closes its parent on
+// Escape, as in a dialog.
 TEST_F(TextBoxTest, EscapeThatReachesTheControlItselfDoesNotCloseTheWindow) {
     Show();
     MSG key{TextHandle(), WM_KEYDOWN, VK_ESCAPE, 1, 0, {}};

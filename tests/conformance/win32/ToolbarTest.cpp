@@ -39,7 +39,8 @@ LONG FontHeightOf(HWND window) {
     return font.lfHeight;
 }
 
-// Stores the tool tip window in *data whose owner is there.
+// data points to the handle of a window. Replaces it with the handle of the tool-tip window that
+// this window owns.
 BOOL CALLBACK FindTips(HWND window, LPARAM data) {
     auto& sought = *reinterpret_cast<HWND*>(data);
     wchar_t name[32] = L"";

@@ -55,7 +55,7 @@ class RecordedArea : public NotificationArea {
 
     bool hasIcon = false;
     bool isBusy = false;            // refuses every call
-    bool addsAlthoughBusy = false;  // adds an icon, and says that it does not
+    bool addsAlthoughBusy = false;  // adds an icon, but reports a failure
     int pixels = 16;
     int shownPixels = 0;
     std::uint64_t now = 1000;

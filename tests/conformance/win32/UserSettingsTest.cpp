@@ -45,7 +45,7 @@ class frmSizable : public frmSettings {
     }
 };
 
-// Twice its size does not fit the screen of the tests.
+// At twice its size, the window does not fit the screen of the tests.
 class frmLarge : public frmSettings {
   public:
     frmLarge() : frmSettings("frmLarge") {}

@@ -196,9 +196,9 @@ class Win32Stand : public Stand {
     Answers answers;
 };
 
-// Moving a window by keyboard runs a loop of the system. If an X window manager moves the windows,
-// the system returns at once. Then this function runs a loop that does the same: it takes every
-// message.
+// While the user moves a window by keyboard, the system runs its own loop. If an X window manager
+// moves the windows, the system returns at once, and this function runs a similar loop, which takes
+// every message.
 void Win32Stand::Drag(Form& form, const Script& during) {
     FormWindow* target = Reach(form);
     if (target == nullptr) {

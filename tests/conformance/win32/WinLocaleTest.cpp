@@ -112,7 +112,7 @@ TEST(WinLocaleTest, UpperCase) {
     EXPECT_EQ(locale.ToUpper("\xc3\xbc\xd0\xb6"), "\xc3\x9c\xd0\x96");
 }
 
-TEST(WinLocaleCodePagesTest, TheSystemsIsTaken) {
+TEST(WinLocaleCodePagesTest, TheSystemsIsUsed) {
     WinLocale locale;
     WinLocale same(::GetACP());
     for (const char* text : {"", "plain\r\n\ttext", "\xc3\xa9", "\xce\xa9", "\xe6\x97\xa5",
@@ -167,7 +167,7 @@ TEST(WinLocaleCodePagesTest, Chinese) {
     ExpectNotFitting(locale, {"\xc3\xb1", "\xc2\xa5", "\xf0\x9f\x93\x9d"});
 }
 
-TEST(WinLocaleCodePagesTest, OfUtf8OnlyAsciiIsWrittenAndBothAreRead) {
+TEST(WinLocaleCodePagesTest, UnderUtf8OnlyAsciiIsWrittenAndAnyTextIsRead) {
     WinLocale locale(CP_UTF8);
     ExpectBothWays(locale, {{"", ""}, {"plain\r\n\ttext", "plain\r\n\ttext"}});
     ExpectNotFitting(locale, {"\xc3\xa9", "\xe6\x97\xa5", "\xf0\x9f\x93\x9d"});

@@ -184,8 +184,8 @@ TEST_F(WinShellHelpTest, TheViewerIsNotAskedForAFileThatItRefuses) {
     EXPECT_FALSE(WinShell::IsRefusedByViewer(Wide(helpFile)));
     EXPECT_TRUE(WinShell::IsRefusedByViewer(L"\\\\server\\share\\a.hlp"));
     EXPECT_FALSE(WinShell::IsRefusedByViewer(L"C:\\Jotwright\\a.hlp"));
-    // A Greek, a Russian and a Japanese letter: no code page of Windows has all three. (UTF-8 as
-    // the code page has them.)
+    // A Greek, a Russian and a Japanese letter. The only code page of Windows that has all three is
+    // UTF-8.
     EXPECT_EQ(WinShell::IsRefusedByViewer(L"C:\\\x3C9\x416\x6F22\\a.hlp"), ::GetACP() != CP_UTF8);
     const Handle mark(::CreateFileW(Wide(helpFile + ":Zone.Identifier").c_str(), GENERIC_WRITE, 0,
                                     nullptr, CREATE_ALWAYS, 0, nullptr));

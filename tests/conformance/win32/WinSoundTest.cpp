@@ -59,7 +59,7 @@ class WinSoundTest : public testing::Test {
     }
     ~WinSoundTest() override { sound.Stop(); }
 
-    // Waits for silence, and expects that the wave was played exactly once since then.
+    // Waits for silence, and expects that the wave was played exactly once since the given time.
     void ExpectOnce(std::uint64_t since) const {
         driver::WaitUntil("the wave sounds", [&] { return recorder.HasSounded(since); });
         recorder.WaitForSilence();

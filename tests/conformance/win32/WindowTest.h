@@ -11,13 +11,13 @@ namespace forms::win32 {
 template <class T>
 class WindowTest : public conformance::StandTest {
   protected:
-    // Shows the window and handles the events of the next moment.
+    // Shows the window and handles the events of the next 50 milliseconds.
     void Show() {
         Start([] { Window().Show(); });
         stand->Pump(50);
     }
     static T& Window() { return Default<T>(); }
-    // Only for a window that was shown.
+    // Call it only after the window was shown.
     static HWND FormHandle() { return FormWindow::Existing(Window())->handle; }
     static HWND HandleOf(Control& control) {
         return FormWindow::Existing(control.form)->controls.Find(control)->handle;

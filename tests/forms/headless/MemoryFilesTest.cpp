@@ -278,7 +278,7 @@ TEST_F(MemoryFilesTest, KilledAfterAReplaceTheNewFileStands) {
     EXPECT_EQ(files.Read("C:\\App\\Notes\\a.txt"), "new");
 }
 
-TEST_F(MemoryFilesTest, KilledIsNothingThatAHandlerTraps) {
+TEST_F(MemoryFilesTest, NoHandlerTrapsKilled) {
     EXPECT_FALSE((std::is_base_of_v<std::exception, Killed>));
 }
 

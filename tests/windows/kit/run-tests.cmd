@@ -3,10 +3,10 @@ rem Runs the test programs on this machine and leaves a report to send back in t
 rem usage: run-tests.cmd [<GoogleTest option>...]
 rem        run-tests.cmd --put-back
 rem
-rem The tests change Jotwright's options, and for moments the message font, the signs in numbers and the
-rem Recycle Bin of this user. The folder "before" keeps what was there, and the end of the run puts it back.
-rem After an interrupted run (Ctrl+C, a closed window, a lost power supply), the next run puts it back
-rem first; with --put-back, that is all. Needs no administrator, and only commands of Windows 7.
+rem The tests change Jotwright's options, and for short times the message font, the signs in numbers and the
+rem Recycle Bin of this user. The folder "before" keeps the original values, and the run restores them at
+rem its end. After an interrupted run (Ctrl+C, a closed window, a loss of power), the next run restores them
+rem first. With --put-back, it does nothing else. Needs no administrator, and only commands of Windows 7.
 setlocal
 set "failed=2"
 set "policies=HKCU\Software\Microsoft\Windows\CurrentVersion\Policies\Explorer"
@@ -82,7 +82,7 @@ exit /b
 :import
 reg import before\%1.reg >nul 2>&1
 if not errorlevel 1 exit /b
-rem A user may not change policies, and then the tests have changed none.
+rem If the user may not change policies, the tests have not changed them.
 if not "%1"=="policies" set "lost=%1"
 exit /b
 

@@ -21,8 +21,8 @@ constexpr std::int64_t day = 24 * hour;
 constexpr std::int64_t spring = springDay * day + 2 * hour;
 constexpr std::int64_t fall = fallDay * day + 1 * hour;
 
-// The time at which the clock shows this time for the first time. In the hour that the clock skips:
-// an hour after the time an hour before.
+// The first time at which the clock shows the given time. If the clock skips the given time,
+// returns the time at which the clock shows one hour less.
 std::int64_t At(int dayOfYear, int hours, int minutes, int seconds = 0);
 // The clock's text, for example "2031-06-02 09:30:57".
 std::string Shown(std::int64_t time);
@@ -33,27 +33,27 @@ int Strikes(int hourOfDay);
 
 }  // namespace year
 
-// The user's idea of one note: the contents of its file, and the windows that show it.
+// The expected state of one note: the contents of its file, and the windows that show it.
 struct YearNote {
     std::string title;
     std::string text;  // as in the file
     std::string date;
     std::string time;      // of the alarm
     std::string state;     // "1" if the alarm is set in the file
-    int audio = 0;         // the same for its sound
+    int audio = 0;         // 1 if the sound of the alarm is on in the file
     int color = 1;         // 1 to 5
-    bool hasTime = true;   // if not, the file has "#12:00#", as after an alarm display
+    bool hasTime = true;   // if false, the file has "#12:00#", as after an alarm display
     bool isOpen = false;   // in an editor
     bool isUp = false;     // the editor is not minimized
-    bool hasRung = false;  // in its editor, which has not saved that
+    bool hasRung = false;  // the editor has rung, and has not saved this
     // When its alarm display came up. Negative: no display is open.
     std::int64_t shownAt = -1;
 
     // Sets the alarm for the minute of this time.
     void SetAlarm(std::int64_t at, int withAudio);
-    // The note is written with the alarm off.
+    // Expects the note to be written with its alarm off.
     void Silence();
-    // An editor has written the note with this text.
+    // Expects an editor to have written the note with this text.
     void SaveText(const std::string& newText);
     std::string Bytes() const;
 };
@@ -67,9 +67,9 @@ struct YearEvent {
     bool operator<(const YearEvent& other) const { return at < other.at; }
 };
 
-// The visited days of the year and the hours of the events on them. Each event has an hour of its
-// own; alarms are in the minutes 20 to 45. The first four hours of the days on which the clock
-// changes are taken.
+// The days of the year that the run visits, and the hours of the events on them. Each event has an
+// hour of its own. Alarms are in the minutes 20 to 45. On the days on which the clock changes, the
+// first four hours are not free.
 class YearCalendar {
   public:
     // Chooses the visited days. The days on which the clock changes are among them.

@@ -30,7 +30,8 @@ constexpr std::int64_t before = 2;  // seconds from the jump to the event
 constexpr unsigned settled = 40;
 constexpr std::int64_t after = 3;  // seconds from the event until nothing else may come up
 
-// Whether the event may follow other acts of the user. Those in the night of a change may not.
+// Whether other acts of the user may precede the event. In the night of a clock change, they may
+// not.
 bool IsPlain(const YearEvent& event) {
     constexpr std::int64_t night = 4 * year::hour;
     for (const int day : {year::springDay, year::fallDay}) {
@@ -71,8 +72,9 @@ class YearRun : public YearUser {
     // setClock sets the clock to a time just before the strikes.
     void LiveStrike(const YearEvent& event, int strikes, const std::function<void()>& setClock);
     void LiveChange(const YearEvent& event);
-    // Jumps to the event, waits for the windows of the model and hasCome, and checks a little
-    // later that no other window has come up. box is the caption of the box that comes up, if any.
+    // Jumps to the event, and waits until the windows of the model are open and hasCome is true. A
+    // little later, checks that no other window has opened. box is the caption of the message box
+    // that the event opens, if any.
     void Meet(const YearEvent& event, const std::string& box = "",
               const std::function<bool()>& hasCome = {});
     void Report() const;
@@ -103,7 +105,7 @@ void YearRun::PlanWeekly() {
     MakeFolder(folder + "\\SpecialAlarms");
     for (int i = 0; i < 7; ++i) {
         const std::string day = year::Weekday(i);
-        // That of Sunday is in the hour that comes twice when daylight saving time ends.
+        // The alarm of Sunday is in the hour that comes twice when daylight saving time ends.
         times[day] = day == "Sunday" ? std::pair(1, 30) : std::pair(4 + Below(20), 20 + Below(26));
         char time[16]{};
         std::snprintf(time, sizeof time, "#%02d:%02d:00#", times[day].first, times[day].second);
@@ -189,7 +191,8 @@ void YearRun::Do(Act act, const YearEvent& event) {
             Start();
             break;
         case Act::KillBefore: {
-            // The start takes as long as the machine needs, so the clock is set back for it.
+            // A start may take longer than the seconds before the event, so the clock is set back
+            // for the start.
             const std::string now = Clock::Now();
             Clock::Set(year::Shown(event.at - before));
             Kill();
@@ -306,7 +309,7 @@ void YearRun::LiveChange(const YearEvent& event) {
     YearEvent strike = event;
     strike.at += 15;
     LiveStrike(strike, event.at == year::spring ? 3 : 1, [&] {
-        // If the change has passed already, this leads back before it.
+        // If the change has already happened, this sets the clock back to before it.
         Clock::Set(date + " 00:45:00");
         Clock::Set(date + " 01:59:57");
     });

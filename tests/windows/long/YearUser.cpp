@@ -9,7 +9,7 @@ namespace {
 constexpr const char* limitBox = "Jotwright: Maximum Notes Reached";
 constexpr std::size_t mostNotes = 100;
 
-// Replaces the letter whose byte in the files differs from its UTF-8.
+// Replaces the only letter of the notes whose bytes in the files differ from its UTF-8.
 std::string InFile(std::string text) {
     const std::string letter = "\xC3\xA9";
     for (std::size_t at = text.find(letter); at != std::string::npos; at = text.find(letter)) {

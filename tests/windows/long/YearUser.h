@@ -11,14 +11,15 @@
 
 namespace driver {
 
-// The user of YearRun, who knows what each window and each file must show.
+// Acts as the user in YearRun, and predicts the contents of each window and file.
 class YearUser : public DriverTest {
   protected:
     using Captions = std::multiset<std::string>;
 
-    // The windows with a title bar, except the main one. A minimized window has a mark.
+    // The captions of the windows with a title bar, except the main window. " (minimized)" follows
+    // the caption of a minimized window.
     Captions Seen() const;
-    // The same, as the notes predict it. box is the caption of an open message box, if any.
+    // The captions that Seen should return. box is the caption of an open message box, if any.
     Captions Expected(const std::string& box = "") const;
     void WaitForExpected() const;
     // Expects the folder to hold the notes, byte for byte, and nothing else.
@@ -27,7 +28,7 @@ class YearUser : public DriverTest {
 
     void Start();
     void Kill();
-    // Closes the main window. No display may be open.
+    // Ends the program and checks the files. No display may be open.
     void Exit();
 
     // Restores the note's editor.
@@ -43,9 +44,9 @@ class YearUser : public DriverTest {
     void SetNewAlarm(YearNote& note, std::int64_t at);
     // Makes a note with this alarm and returns its title.
     std::string MakeNoteFor(std::int64_t at);
-    // Adds a note without an alarm, without a file. The program does not run yet.
+    // Adds a note without an alarm to the expected notes. Writes no file.
     YearNote& AddNote();
-    // Any of the notes that are open in an editor. Null if there is none.
+    // A random note that is open in an editor. Null if there is none.
     YearNote* OneOpen();
 
     // Closes the display of a note, and answers the question whether to erase it.
