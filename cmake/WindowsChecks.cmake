@@ -2,9 +2,9 @@
 enable_testing()
 set(scripts "${PROJECT_SOURCE_DIR}/scripts")
 
-# jotwright_add_windows_check(<name> <cost> <command>...): adds a test under Wine. Each test has its own
-# display, clock, sound device and Wine prefix, and waits most of the time. Several tests can therefore
-# run in parallel. The prefixes are copies of one template.
+# jotwright_add_windows_check(<name> <cost> <command>...): adds a test under Wine. ctest starts the tests
+# with the highest cost first. Each test has its own display, clock, sound device and Wine prefix, and
+# waits most of the time, so several tests can run in parallel. The prefixes are copies of one template.
 set(wine_template "JOTWRIGHT_WINE_TEMPLATE=${PROJECT_SOURCE_DIR}/build/wine-test/template")
 function(jotwright_add_windows_check name cost)
     add_test(NAME ${name} COMMAND ${ARGN} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
@@ -41,7 +41,8 @@ foreach(part packages archive installer)
                  "JOTWRIGHT_PACKAGE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/windows.package.${part}")
 endforeach()
 
-# A few tests in the kit for real Windows machines. scripts/windows-test-kit --try runs all.
+# Runs a few tests in the kit for real Windows machines. scripts/windows-test-kit --try without a filter
+# runs all of them.
 jotwright_add_windows_check(windows.kit 30 "${scripts}/windows-test-kit" --try
                             "TrayTest.ALeft*:PrintingTest.*:WinSettingsTest.*"
                             "${PROJECT_BINARY_DIR}/test-kit.zip")
