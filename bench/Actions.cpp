@@ -2,9 +2,9 @@
 //
 // usage: actions <scenario> <executable> <notes> <times> [<children>]
 //
-// Scenarios.h describes the scenarios. With <children>, the executable is the baseline, and each of
-// its notes has so many child windows. Writes lines "<action> <milliseconds>". The exit status is 1
-// if an action fails or does not end; the message names it.
+// Scenarios.h describes the scenarios. If <children> is given, the executable is the baseline, and
+// each of its notes has this number of child windows. Writes lines "<action> <milliseconds>". The
+// exit status is 1 if an action fails or does not end; the message names it.
 #include <cstdio>
 #include <cstdlib>
 #include <map>

@@ -1,7 +1,7 @@
-// The baseline for bench/actions: a bare Windows program that does the windows' part of the
-// measured actions and nothing else. It has no notes, no files and no settings. Its windows and
-// buttons have the captions of the program's, so that bench/Actions.cpp presses both in the same
-// way.
+// The baseline for bench/actions: a bare Windows program that makes and changes the windows of the
+// measured actions and does nothing else. It has no notes, no files and no settings. Its windows
+// and buttons have the captions of the program's, so that bench/Actions.cpp presses both in the
+// same way.
 //
 // usage: actions_baseline <notes> <child windows of each note>
 //
@@ -40,7 +40,7 @@ HWND list = nullptr;
 std::vector<HWND> notes;
 HWND textBox = nullptr;
 int rows = 0;
-int children = 0;  // 0: the controls of a note
+int children = 0;  // in each note; 0: the controls of the program's editor
 bool isColored = false;
 bool isLarge = false;
 
@@ -65,7 +65,7 @@ void MakeMain() {
     MakeButton(mainWindow, L"E&xit", 2, Exit);
 }
 
-// The list keeps no texts, and asks for those that it shows.
+// The list stores no texts. It requests those that it shows with LVN_GETDISPINFO.
 void ShowRows() { ::SendMessageW(list, LVM_SETITEMCOUNT, static_cast<WPARAM>(rows), 0); }
 
 void OnNotify(const NMHDR& header, LPARAM lParam) {
@@ -147,8 +147,8 @@ void MakeNote() {
     ::ShowWindow(mainWindow, SW_HIDE);
 }
 
-// A note that is closed while the panel is shown asks its question without the panel, and appears
-// in the panel afterwards.
+// If the panel is shown, hides it while the box asks the question, then shows it with the note's
+// row, as the program does.
 void CloseNote(HWND note) {
     if (panel != nullptr) {
         ::ShowWindow(panel, SW_HIDE);

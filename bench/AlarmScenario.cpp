@@ -20,7 +20,7 @@ namespace {
 
 constexpr long long second = 1000;             // milliseconds
 constexpr long long untilFirst = 12 * second;  // time for the start and for closing notes
-constexpr long long distance = 4 * second;     // an alarm has ended before the next one
+constexpr long long distance = 4 * second;     // long enough for one alarm to end
 
 std::filesystem::path PathOf(const Subject& subject, const std::string& name) {
     return forms::win32::Wide(subject.Folder() + '\\' + name);
@@ -35,7 +35,7 @@ long long SystemNow() {
            ticksPerMillisecond;
 }
 
-// As a note's file writes it.
+// The date and the time of day as a note's file has them.
 std::string DateAndTime(long long milliseconds) {
     const long long ticks = milliseconds * 10'000;
     const FILETIME file{static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
@@ -61,7 +61,7 @@ class Sounds {
   public:
     explicit Sounds(std::filesystem::path file) : path(std::move(file)) {}
 
-    // Waits for a sound that begins after this time.
+    // Waits for a sound that begins at this time or later, and returns when it began.
     long long BeginAfter(long long time) const {
         long long begun = 0;
         Await("sound of the alarm", [&] {
@@ -90,7 +90,8 @@ void ClickBox(const std::string& caption, int button) {
     Await(caption + " closes", [&] { return !box.Exists(); });
 }
 
-// The note is a display of its own if its editor is closed. An open editor comes up with a box.
+// If the note's editor is closed, the alarm opens a display. If it is open, the editor comes to the
+// front, with a box.
 void MeasureOne(const Subject& subject, const Sounds& sounds, int number, long long due,
                 bool isOpen) {
     const long long early = 200;

@@ -33,7 +33,7 @@ void Type(const Window& note) {
     note.Send(WM_PAINT);
 }
 
-// A note that is made, hidden, listed in the panel and erased again.
+// A note that is made, hidden, listed in the panel and erased.
 class OneNote {
   public:
     explicit OneNote(const Settings& settings)
@@ -62,7 +62,8 @@ class OneNote {
         CheckFile(true);
     }
 
-    // The window must go and the panel, which is shown, must list one note more.
+    // Hides the note while the panel is shown: the note's window must close, and the panel must
+    // list one note more.
     void HideBesidePanel() {
         const Window note = subject.Find(title);
         ++rows;

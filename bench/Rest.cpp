@@ -12,7 +12,8 @@ namespace {
 constexpr UINT limit = 60'000;
 constexpr double moment = 25;
 
-// Between two looks. Most of an action's time passes inside Answers(), which needs no looks.
+// The pause between two checks. Most of an action's time passes inside Answers(), which does not
+// poll.
 void Pause() { ::Sleep(1); }
 
 BOOL CALLBACK FindUnpainted(HWND child, LPARAM found) {

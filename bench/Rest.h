@@ -5,14 +5,14 @@
 
 #include "tests/windows/Window.h"
 
-// Measures how long an action of the user takes: from the press until nothing is left to do.
+// Measures how long an action of the user takes, from the press until nothing is left to do.
 namespace bench {
 
 // Milliseconds of the performance counter.
 double Now();
 
-// Whether the program answers a message. Returns only then, or after a minute: a program that is
-// busy with an action does not answer.
+// Sends a message. Returns true when the program has handled it, or false after a minute. A program
+// that is busy with an action does not handle messages.
 bool Answers(const driver::Window& window);
 
 // Whether the window is visible and not minimised, its program answers messages, and neither the

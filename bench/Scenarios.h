@@ -9,7 +9,7 @@ namespace bench {
 
 struct Settings {
     std::string executable;
-    int notes = 0;         // note files that are there at the start
+    int notes = 0;         // note files that exist at the start
     int times = 0;         // how often each action is measured
     std::string children;  // see Subject
 };
@@ -22,9 +22,9 @@ void RestoreNotes(const Settings& settings);
 void OpenAllAndExit(const Settings& settings);
 // A key, a colour and a size in the only note.
 void ChangeText(const Settings& settings);
-// Writes notes with alarms that are due soon, closes half of them and waits until they ring. The
-// file "sounds" in the executable's folder must get a line with the time, in seconds since 1970,
-// when a sound begins.
+// Writes notes with alarms that are due soon, closes half of them and waits until they ring.
+// Meanwhile bench/actions must add a line to the file "sounds" in the executable's folder each time
+// a sound begins: the time in seconds since 1970.
 void RingAlarms(const Settings& settings);
 // The start with many notes, and the panel with them.
 void StartWithMany(const Settings& settings);

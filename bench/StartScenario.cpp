@@ -42,7 +42,8 @@ double AwaitNotes(const Subject& subject, int notes) {
             if (subject.CountMinimised() == notes) {
                 return longest;
             }
-            // Counting asks for every window. It must not take a noticeable part of the time.
+            // Counting enumerates all windows. Count rarely enough that it takes at most a
+            // twentieth of the time.
             constexpr double share = 20;
             nextCount = Now() + share * (Now() - now);
         }

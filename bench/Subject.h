@@ -29,26 +29,27 @@ class Subject {
     static driver::Window FindBox(const std::string& caption);
     // The list in the panel. A null window if there is no panel.
     driver::Window List() const;
-    // Whether the panel lists so many rows and is at rest.
+    // Whether the panel lists this many rows and is at rest.
     bool PanelLists(int rows) const;
     // The number of notes that are minimised.
     int CountMinimised() const;
     // Whether the splash screen is there. It has the caption of the main window, but no title bar.
     bool HasSplash() const { return static_cast<bool>(Find("Jotwright", false)); }
 
-    // Waits until all notes and the main window are there. There must be no box.
+    // Waits until the main window is at rest and all notes are open, minimised. No box may open.
     void AwaitStart() const;
     // Shows the main window through its icon and waits until it is at rest.
     void ShowMain() const;
     // Clicks a button of a window and waits until done is true. Returns the milliseconds.
     static double Click(const driver::Window& window, const std::string& button,
                         const std::function<bool()>& done);
-    // As Measure(), for an action that asks a question in a box. The box must come to rest. Then
-    // the button with this ID is clicked, and done must become true. Returns the sum of both times.
+    // As Measure(), for an action that asks a question in a box. Waits until the box is at rest,
+    // then clicks the button with this ID and waits until done is true. Returns the sum of both
+    // times.
     static double MeasureWithBox(const std::string& action, const std::function<void()>& press,
                                  const std::string& caption, int button,
                                  const std::function<bool()>& done);
-    // Clicks the button of the box if the box is open. Does not wait.
+    // If the box is open and at rest, clicks its first button. Does not wait for the box to open.
     static void AnswerIfOpen(const std::string& caption);
 
     // Clicks Exit and waits until the process has ended. Returns the milliseconds.
