@@ -28,11 +28,11 @@ end_bench() {
 median() { sort -n | awk '{all[NR] = $1} END {print all[int((NR + 1) / 2)]}'; }
 difference() { awk "BEGIN {printf \"%.1f\", $1 - $2}"; }
 
-# keep <name> <value>: records the value of one run. value <name>: the median of the recorded values.
+# keep <name> <value>: records the value of one run. value <name>: prints the median of the recorded values.
 keep() { echo "$2" >>"$temp/values-$1"; }
 value() { if [ -f "$temp/values-$1" ]; then median <"$temp/values-$1"; else echo -; fi; }
 
-# note_text <number>: the text of a note, about two hundred bytes, the same for all programs.
+# note_text <number>: prints the text of a note, about two hundred bytes, the same for all programs.
 note_text() {
     echo "Note $1: call the dentist, water the plants, collect the parcel at the post office."
     echo "Second line with some more words so that the note has about two hundred bytes of text. $1"

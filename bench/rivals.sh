@@ -55,7 +55,7 @@ notes_of_tomboy-ng() {
 # KAlarm's calendars can only be created in its own dialogs, so KAlarm is measured without an alarm.
 notes_of_kalarm() { :; }
 
-# windows_of <program>: the expression that matches its note windows.
+# windows_of <program>: prints the regular expression that matches the program's note windows.
 windows_of() {
     case $1 in
         xpad) echo xpad ;;
@@ -100,7 +100,7 @@ SESSION
     touch "$home/stop"
     wait "$session" || true
     kill "$pid" 2>/dev/null || true
-    # End the helper processes that it started; they have the same HOME.
+    # End the helper processes that the program started; they have the same HOME.
     for other in /proc/[0-9]*; do
         # Ignore processes that have ended, and those whose environment cannot be read.
         if { tr '\0' '\n' <"$other/environ"; } 2>/dev/null | grep -qx "HOME=$home"; then

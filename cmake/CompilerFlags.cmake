@@ -91,7 +91,7 @@ function(jotwright_use_precompiled target name)
     jotwright_keep_for_ccache(${target})
 endfunction()
 
-# ccache keeps the results of sources with precompiled headers only with these options.
+# ccache caches sources that use precompiled headers only with these options.
 function(jotwright_keep_for_ccache target)
     if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
         target_compile_options(${target} PRIVATE -fpch-preprocess)

@@ -17,7 +17,7 @@ function(jotwright_instrument target)
 endfunction()
 
 # jotwright_add_library(<name> <precompiled> <folder>...): a static library of the sources in these
-# folders, without those that only the program file links. See jotwright_precompile.
+# folders, except the sources that only the program file links. See jotwright_precompile.
 function(jotwright_add_library name precompiled)
     jotwright_sources(sources ${ARGN})
     list(FILTER sources EXCLUDE REGEX "/app/(WinMain|FailFast)\\.cpp$")

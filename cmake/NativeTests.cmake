@@ -1,9 +1,9 @@
 find_package(GTest REQUIRED)
 find_package(Threads REQUIRED)
 
-# Test code takes long to compile and is fast enough without optimisation. It omits the sanitizer
-# checks that a crash reports as well (null), and those that cost most and find least. The program's
-# own code is built with all checks.
+# Test code takes long to compile and is fast enough without optimisation. It is built without the check
+# for null pointers, because a crash shows the same fault, and without the sanitizer checks that cost most
+# and find least. The program's own code is built with all checks.
 set(test_flags -O0)
 if(JOTWRIGHT_SANITIZE AND CMAKE_BUILD_TYPE STREQUAL Debug)
     list(APPEND test_flags -fno-sanitize=null,alignment,object-size,vptr)
@@ -22,7 +22,7 @@ function(jotwright_add_tests name)
                           GTest::gtest GTest::gtest_main Threads::Threads)
     jotwright_use_precompiled(${name} precompiled_tests)
     foreach(source IN LISTS ARGN)
-        # Configure again after a change, because the file may have got another suite.
+        # Configure again if the file has changed, because it may contain a new suite.
         set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${source}")
         file(STRINGS "${source}" suites REGEX "^TEST(_F|_P)?\\(")
         if(NOT suites)

@@ -1,4 +1,4 @@
-# The baselines for bench/compare and bench/actions, and the programs with which they operate windows.
+# The baselines for bench/compare and bench/actions, and the programs that operate the windows.
 add_library(bare_window STATIC "${PROJECT_SOURCE_DIR}/bench/BareWindow.cpp")
 jotwright_flags(bare_window)
 add_executable(baseline WIN32 "${PROJECT_SOURCE_DIR}/bench/Baseline.cpp")

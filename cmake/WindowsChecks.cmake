@@ -2,12 +2,12 @@
 enable_testing()
 set(scripts "${PROJECT_SOURCE_DIR}/scripts")
 
-# jotwright_add_windows_check(<name> <cost> <inputs> <command>...): adds a test under Wine. Each test has
-# its own display, clock, sound device and Wine prefix, and waits most of the time. Several tests can
-# therefore run in parallel. The prefixes are copies of one template.
+# jotwright_add_windows_check(<name> <cost> <inputs> <command>...): adds a test under Wine. ctest starts the
+# tests with the highest cost first. Each test has its own display, clock, sound device and Wine prefix, and
+# waits most of the time, so several tests can run in parallel. The prefixes are copies of one template.
 #
 # A test is skipped if it has passed and nothing that it uses has changed since then: the scripts, the
-# files that ship, and its inputs, a list of programs and of paths in the source folder.
+# shipped files, and its inputs, a list of programs and of paths in the source folder.
 set(wine_template "JOTWRIGHT_WINE_TEMPLATE=${PROJECT_SOURCE_DIR}/build/wine-test/template")
 function(jotwright_add_windows_check name cost inputs)
     list(TRANSFORM inputs PREPEND "${PROJECT_BINARY_DIR}/" REGEX "\\.exe$")
@@ -51,8 +51,10 @@ foreach(part packages archive installer)
                  "JOTWRIGHT_PACKAGE_TEST=${PROJECT_SOURCE_DIR}/build/wine-test/windows.package.${part}")
 endforeach()
 
-# A few tests in the kit for real Windows machines. scripts/windows-test-kit --try runs all.
-jotwright_add_windows_check(windows.kit 30 "${package_inputs};${driver_inputs};conformance_win32.exe" "${scripts}/windows-test-kit" --try
+# Runs a few tests in the kit for real Windows machines. scripts/windows-test-kit --try without a filter
+# runs all of them.
+jotwright_add_windows_check(windows.kit 30 "${package_inputs};${driver_inputs};conformance_win32.exe"
+                            "${scripts}/windows-test-kit" --try
                             "TrayTest.ALeft*:PrintingTest.*:WinSettingsTest.*"
                             "${PROJECT_BINARY_DIR}/test-kit.zip")
 

@@ -29,7 +29,7 @@ function(jotwright_add_windows_tests name)
     jotwright_use_precompiled(${name} precompiled_tests)
 endfunction()
 
-# The driver's sound recorder and registry values are also for these tests.
+# These tests also use some support sources of the driver tests.
 set(driver_parts "${PROJECT_SOURCE_DIR}/tests/windows/SoundRecorder.cpp"
                  "${PROJECT_SOURCE_DIR}/tests/windows/Files.cpp"
                  "${PROJECT_SOURCE_DIR}/tests/windows/Needs.cpp"
@@ -39,7 +39,7 @@ jotwright_add_windows_tests(conformance_win32 ${conformance_sources} ${driver_pa
 target_link_libraries(conformance_win32 PRIVATE jotwright_core win32)
 
 # spare_windows shows, for the gallery, the windows that the program itself never opens. It uses the
-# program's resources, so that they look the same.
+# program's resources, so that the windows look the same.
 add_executable(spare_windows WIN32 "${PROJECT_SOURCE_DIR}/tests/gallery/SpareWindows.cpp" ${resources})
 jotwright_flags(spare_windows)
 target_include_directories(spare_windows PRIVATE "${PROJECT_SOURCE_DIR}/assets"

@@ -30,7 +30,7 @@ wait_for() {
     done
 }
 
-# idle_time: how long the processors have been idle since the machine started, on average, in clock
+# idle_time: prints how long the processors have been idle since the machine started, on average, in clock
 # ticks.
 idle_time() {
     local idle
@@ -106,8 +106,8 @@ start_display() {
         die "openbox did not start, see $1/openbox.log"
 }
 
-# start_window_manager <folder>: sets "window_manager", its process. Without the animation of minimised
-# windows, because it moves the window itself, and a test would read a place on the way.
+# start_window_manager <folder>: starts the window manager and sets "window_manager" to its process ID. The
+# animation of minimised windows is off: it moves the window itself, so a test could read a place on the way.
 start_window_manager() {
     sed 's,<animateIconify>yes<,<animateIconify>no<,' /etc/xdg/openbox/rc.xml >"$1/openbox.xml"
     setsid openbox --sm-disable --config-file "$1/openbox.xml" >>"$1/openbox.log" 2>&1 </dev/null &
@@ -115,7 +115,7 @@ start_window_manager() {
     started+=("$window_manager")
 }
 
-# window_manager_is_up <folder>: starts it again if it has ended.
+# window_manager_is_up <folder>: starts the window manager again if it has ended.
 window_manager_is_up() {
     kill -0 "$window_manager" 2>/dev/null || start_window_manager "$1"
     xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'
@@ -169,7 +169,7 @@ make_prefix() {
     say "Making a Wine prefix in $WINEPREFIX (only once; takes some seconds)"
     mkdir -p "$(dirname "$WINEPREFIX")"
     # LC_ALL=C.UTF-8 has no country, so Wine uses the formats of the United States.
-    # Wine waits only some seconds for the helpers that it starts, too short on a busy machine.
+    # Wine waits only some seconds for the helpers that it starts, which is too short on a busy machine.
     local tries=1
     until wine wineboot --init >"$WINEPREFIX.log" 2>&1 </dev/null; do
         [ "$tries" -lt 10 ] || die "wineboot failed, see $WINEPREFIX.log"
@@ -187,8 +187,8 @@ make_prefix() {
 # is_ready <prefix>: whether the prefix was made by this version of Wine.
 is_ready() { [ "$(cat "$1/.ready" 2>/dev/null)" = "$(wine --version 2>/dev/null)" ]; }
 
-# copy_prefix <template>: makes the prefix WINEPREFIX as a copy of the template, and the template if there is
-# none. The system's files, 0.7 GB, are hard links to those of the template.
+# copy_prefix <template>: makes the prefix WINEPREFIX as a copy of the template. Makes the template first if
+# it does not exist. The system's files, 0.7 GB, are hard links to those of the template.
 copy_prefix() {
     local system=drive_c/windows/system32
     mkdir -p "$(dirname "$1")"
@@ -217,7 +217,7 @@ prepare_wine() {
     elif [ ! -f "$WINEPREFIX/.ready" ]; then
         make_prefix
     fi
-    # The server keeps running, so it must not hold this script's output. Status 2: it is running already.
+    # The server keeps running, so it must not hold this script's output. Status 2: a server is running.
     wineserver -p >/dev/null 2>&1 </dev/null || [ $? -eq 2 ] || die "the Wine server does not start"
     wine cmd /c exit >/dev/null 2>&1 </dev/null || die "Wine does not start"
 }

@@ -22,8 +22,8 @@
 ;             contains blanks
 ;   /ERASE    also erases notes, special alarms and settings
 ; Exit codes:  0 success, 1 cancelled, 2 another failure, for example a full disk, 3 the program could
-;              not be closed, 4 a file is in use, 5 uninstalled, but a shortcut for all users stays.
-;              After 1 to 4 the old version is whole.
+;              not be closed, 4 a file is in use, 5 uninstalled, but a shortcut for all users remains.
+;              After 1 to 4 the old version is unchanged.
 
 Unicode true
 Target ${TARGET}
@@ -41,7 +41,7 @@ ManifestSupportedOS all
 !define PROGRAM "Jotwright.exe"
 !define PREPARED_SHORTCUT "Shortcut To Jotwright.lnk"
 !define NOTES_SHORTCUT "Jotwright notes folder.lnk"
-; The new files lie here until all of them are written. Then each changes places with its old one.
+; The installer writes all new files here first. Then it exchanges each with its old version.
 !define NEW_FILES "$INSTDIR\Setup.tmp"
 !define APP_PATHS_KEY "Software\Microsoft\Windows\CurrentVersion\App Paths\${PROGRAM}"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Jotwright"
@@ -63,7 +63,7 @@ VIAddVersionKey "LegalCopyright" "Copyright 2026 The Jotwright authors"
 !uninstfinalize '${SIGN} "%1"'
 
 Var Restart     ; 1 if a copy was running and must be started again
-Var StartUp     ; 1 if the program shall start when the user signs in
+Var StartUp     ; 1 if the program is to start when the user signs in
 Var Upgrade     ; 1 if a version was installed before
 Var FileInUse   ; the name of the file that could not be replaced, or ""
 
@@ -160,7 +160,7 @@ Section "Jotwright" SectionInstall
     StrCpy $Restart 0
     Call CloseProgram
 
-    ; A setup was killed while it replaced files.
+    ; An earlier setup was killed while it replaced files.
     ${If} ${FileExists} "${NEW_FILES}\*.old"
         Call RestoreFiles
     ${EndIf}
@@ -249,7 +249,7 @@ Function ChooseSidePicture
     ${EndIf}
 FunctionEnd
 
-; The box is ticked for a new user and after /STARTUP; in an upgrade it shows what is set.
+; The box is ticked for a new user and after /STARTUP; in an upgrade it shows the present state.
 Function ShowStartUpBox
     StrCpy $0 "$SMSTARTUP\${PREPARED_SHORTCUT}"
     ${If} $StartUp = 1
@@ -293,7 +293,7 @@ Section "un.Jotwright" SectionProgram
     !undef EACH
     Delete "$INSTDIR\${PREPARED_SHORTCUT}"
     Delete "$INSTDIR\Uninstall.exe"
-    RMDir /r "${NEW_FILES}"   ; of a setup that was killed
+    RMDir /r "${NEW_FILES}"   ; left by a setup that was killed
     DeleteRegKey HKCU "${UNINSTALL_KEY}"
     ; RMDir removes a folder only if it is empty, so it never deletes notes.
     RMDir "$INSTDIR\Notes"

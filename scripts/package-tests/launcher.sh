@@ -23,7 +23,7 @@ grep -q '^Options\\DefaultColor=3' "$options" || fail "the option is not in the 
 grep -aq "$(printf 'JotwrightPortable' | iconv -t UTF-16LE | tr -d '\0')" "$portable/$shortcut" ||
     fail "the shortcut does not start the launcher"
 
-# Killed while the program runs; the program itself then ends. The next start puts things right.
+# Kill the launcher while the program runs, then end the program. The next start puts the options right.
 launch
 write_setting Options DefaultColor 4
 in_wine taskkill /f /im JotwrightPortable.exe >/dev/null

@@ -1,6 +1,6 @@
 # shellcheck shell=bash
 # shellcheck disable=SC2154   # scripts/test-package sets the variables
-# Part of scripts/test-package: the steps of the package managers, by their manifests.
+# Part of scripts/test-package: the steps that the package managers take with their manifests.
 say "Installing and upgrading as winget does"
 # field <manifest> <path>...: prints a value of a manifest.
 field() {
@@ -45,9 +45,9 @@ sums=$(field "$manifest" autoupdate hash url | now)
 [ -e "$temp/packages/${sums##*/}" ] || fail "no checksums at $sums"
 same "$(sed -nE "s/.*$(field "$manifest" checkver regex | sed 's/\\d/0-9/').*/\1/p" \
     <<<'<a href="Jotwright-9.8.7-windows-x64-portable.zip">')" 9.8.7 "the version that Scoop finds"
-# scoop_install <version>: a folder for the version; each persisted folder of it is moved out when it is
-# first seen, and replaced by a link; "current" is a link to the version. The archive is the same for both
-# versions.
+# scoop_install <version>: does as Scoop. Makes a folder for the version, moves each persisted folder out of
+# it the first time, replaces it by a link, and makes "current" a link to the version. Both versions use the
+# same archive.
 scoop_install() {
     local new=$scoop/apps/jotwright/$1 item
     mkdir -p "$new" "$scoop/persist/jotwright"
