@@ -121,6 +121,12 @@ void frmViewNotes::Form_Load() {
     FocusList();
 }
 
+void frmViewNotes::Form_Activate() {
+    if (isListingPutOff) {
+        ListNotes();
+    }
+}
+
 forms::ShortcutTarget frmViewNotes::TargetOf(forms::Shortcut key) {
     if (key == forms::Shortcut::Delete && lvwNotes.HasFocus()) {
         return &cmdRemove;
@@ -147,6 +153,10 @@ void frmViewNotes::ListNotes() {
     std::vector<std::string> files;
     std::set<std::string> keys;
     NoteStore& store = StandardCode::Notes();
+    isListingPutOff = !IsVisible() && store.ListedFiles().size() > StandardCode::maximumNotes;
+    if (isListingPutOff) {
+        return;
+    }
     for (const forms::FileEntry& file : store.ListedFiles()) {
         try {
             forms::ListView::Row row = RowOf(store.Read(file).record);

@@ -32,6 +32,7 @@ class frmViewNotes : public forms::Form {
 
     void Design() override;
     void Form_Load() override;
+    void Form_Activate() override;
     forms::ShortcutTarget TargetOf(forms::Shortcut key) override;
 
     // Called when the notes array has been rebuilt. Shows the count and the notes. Raises
@@ -44,6 +45,8 @@ class frmViewNotes : public forms::Form {
     void DesignButtons();
     // Loads and lists the notes. Returns the result of LoadNotesArray().
     bool FillList();
+    // Shows a row for each note. If there are more files than slots and the panel is not shown,
+    // Form_Activate does it: a file without a slot must be read for its row.
     void ListNotes();
     void SelectFile(const std::string& file);
     void EnableActions(bool enable);
@@ -56,6 +59,7 @@ class frmViewNotes : public forms::Form {
     void EraseSelectedNote();
 
     bool listIsFilled = false;
+    bool isListingPutOff = false;  // Form_Activate must call ListNotes()
     std::vector<std::string> rowFiles;  // the name of each row's note file
 
     void lvwNotes_MouseUp(int button);

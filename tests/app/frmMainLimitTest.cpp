@@ -144,6 +144,22 @@ TEST_F(frmMainLimitTest, WithAHundredAndOneFilesTheLimitAppliesAndEachActionRepo
     EXPECT_EQ(Captions(), expected);
 }
 
+TEST_F(frmMainLimitTest, BeforeTheMainWindowOnlyTheFilesOfTheSlotsAreRead) {
+    StartWithNotes(300);
+    EXPECT_TRUE(Main().IsShownOnStage());
+    const auto reads = [this] {
+        return std::ranges::count_if(
+            files.Log(), [](const std::string& entry) { return entry.starts_with("read "); });
+    };
+    EXPECT_EQ(reads(), 100);
+    ExpectPanel("Total Notes: 100 ( Maximum Reached )", false);
+    EXPECT_EQ(Default<frmViewNotes>().lvwNotes.Rows().size(), 300U);
+    EXPECT_EQ(reads(), 300);
+    Advance(200);
+    EXPECT_EQ(StandardCode::Notes().OpenNotes().size(), 300U);
+    EXPECT_EQ(reads(), 300);
+}
+
 TEST_F(frmMainLimitTest, TwoNewNotesBesideNinetyNineReachTheLimitAsAtTheStart) {
     StartWithNotes(99);
     auto& first = MakeNote("A");
