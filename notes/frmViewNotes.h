@@ -59,7 +59,7 @@ class frmViewNotes : public forms::Form {
     void EraseSelectedNote();
 
     bool listIsFilled = false;
-    bool isListingPutOff = false;  // Form_Activate must call ListNotes()
+    bool isListingPutOff = false;       // Form_Activate must call ListNotes()
     std::vector<std::string> rowFiles;  // the name of each row's note file
 
     void lvwNotes_MouseUp(int button);
