@@ -58,22 +58,24 @@ double Number(const std::string& tag, const std::string& name) {
     return start == std::string::npos ? 0 : std::stod(tag.substr(start + name.size() + 2));
 }
 
-// Reads a page as pdftotext describes it: a tag for each line, which contains a tag around each
-// word.
-std::vector<Printer::Line> Lines(const std::string& page) {
-    std::vector<Printer::Line> lines;
-    std::istringstream rows(page);
+// Reads a document as pdftotext describes it: a tag for each page, which contains a tag for each
+// line, which contains a tag around each word.
+std::vector<Printer::Page> Pages(const std::string& document) {
+    std::vector<Printer::Page> pages;
+    std::istringstream rows(document);
     for (std::string row; std::getline(rows, row);) {
-        if (row.find("<line ") != std::string::npos) {
+        if (row.find("<page ") != std::string::npos) {
+            pages.emplace_back();
+        } else if (row.find("<line ") != std::string::npos) {
             const double top = Number(row, "yMin");
-            lines.push_back({top, Number(row, "yMax") - top, {}});
-        } else if (row.find("<word ") != std::string::npos && !lines.empty()) {
+            pages.back().push_back({top, Number(row, "yMax") - top, {}});
+        } else if (row.find("<word ") != std::string::npos) {
             const std::size_t start = row.find('>') + 1;
-            std::string& words = lines.back().words;
+            std::string& words = pages.back().back().words;
             words += (words.empty() ? "" : " ") + row.substr(start, row.rfind("</") - start);
         }
     }
-    return lines;
+    return pages;
 }
 
 }  // namespace
@@ -124,13 +126,21 @@ Printer::~Printer() {
     }
 }
 
-std::vector<Printer::Line> Printer::WaitForPage() {
-    WaitUntil("a page is printed", [] {
+std::vector<Printer::Page> Printer::WaitForPages() {
+    WaitUntil("a document is printed", [] {
         const auto bytes = WholeFile(UnixPath(PrintFile()));
         return bytes && bytes->find("%%EOF") != std::string::npos;
     });
     AskHost("print-text");
-    return Lines(WholeFile(UnixPath(PrintFile() + ".txt")).value_or(""));
+    return Pages(WholeFile(UnixPath(PrintFile() + ".txt")).value_or(""));
+}
+
+Printer::Page Printer::WaitForPage() {
+    const auto pages = WaitForPages();
+    if (pages.size() != 1) {
+        throw Failure(std::to_string(pages.size()) + " pages are printed");
+    }
+    return pages.front();
 }
 
 }  // namespace driver

@@ -19,8 +19,11 @@ class Printer {
         double height;  // points
         std::string words;
     };
-    // Waits for a page, and returns the lines on it.
-    static std::vector<Line> WaitForPage();
+    using Page = std::vector<Line>;
+    // Waits until a document is printed, and returns the lines of each page.
+    static std::vector<Page> WaitForPages();
+    // Like WaitForPages, for a document of one page. Raises Failure if there are more.
+    static Page WaitForPage();
 };
 
 }  // namespace driver

@@ -55,4 +55,25 @@ TEST_F(PrintingTest, TextInOtherScriptsIsPrinted) {
     EXPECT_EQ(lines[2].words, greek);
 }
 
+TEST_F(PrintingTest, ATextThatEndsWithItsPageLeavesNoEmptyPage) {
+    const Window editor = MakeNote(StartProgram(), "Shopping");
+    const auto printLines = [&](std::size_t count) {
+        const Printer printer;
+        std::string text = "line";
+        for (std::size_t line = 1; line < count; ++line) {
+            text += "\r\nline";
+        }
+        editor.Only("Edit").Type(text);
+        ChooseFromMenuBar(program, editor, {0, 0});
+        return Printer::WaitForPages();
+    };
+    const auto two = printLines(80);
+    ASSERT_EQ(two.size(), 2U);
+    const std::size_t withoutTitle = two.front().size() - 1;
+    const auto one = printLines(withoutTitle);
+    ASSERT_EQ(one.size(), 1U);
+    EXPECT_EQ(one.front().size(), two.front().size());
+    EXPECT_EQ(printLines(withoutTitle + 1).size(), 2U);
+}
+
 }  // namespace driver

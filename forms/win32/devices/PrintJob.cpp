@@ -162,7 +162,9 @@ void PrintJob::PrintLine(std::wstring_view text) {
 }
 
 void PrintJob::End() {
-    StartPageIfNeeded();
+    if (!isPageOpen) {
+        StartPage();
+    }
     FinishPage();
     if (::EndDoc(context.get()) <= 0) {
         Fail();
@@ -202,9 +204,12 @@ void PrintJob::StartPageIfNeeded() {
     if (isPageOpen && y + lineHeight > area.bottom && y > area.top) {
         FinishPage();
     }
-    if (isPageOpen) {
-        return;
+    if (!isPageOpen) {
+        StartPage();
     }
+}
+
+void PrintJob::StartPage() {
     if (::StartPage(context.get()) <= 0) {
         Fail();
     }

@@ -50,6 +50,7 @@ class PrintJob {
     std::size_t CharactersThatFit(std::wstring_view text, int space) const;
     void Draw(int x, std::wstring_view text);
     void StartPageIfNeeded();
+    void StartPage();
     void FinishPage();
     void NextLine();
 
