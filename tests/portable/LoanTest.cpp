@@ -184,6 +184,19 @@ TEST_F(LoanTest, ADamagedFileThatCannotBeCopiedStays) {
     ExpectNothingLeft();
 }
 
+TEST_F(LoanTest, ADamagedFileThatCouldNotBeCopiedStaysAfterAKill) {
+    const std::string damaged = FormatOptions(first, folder) + "nonsense";
+    files.PutFile(path, damaged);
+    files.SetReadOnly(folder, true);
+    Loan killed(registry, files, folder);
+    killed.Begin();
+    registry.program = second;
+    files.SetReadOnly(folder, false);
+    EXPECT_EQ(Run(second).size(), 1U);
+    EXPECT_EQ(files.Peek(path + ".damaged"), damaged);
+    ExpectNothingLeft();
+}
+
 TEST_F(LoanTest, AFileThatCannotBeReadStays) {
     files.PutFile(path, FormatOptions(first, folder));
     files.SetDenied(path, true);
