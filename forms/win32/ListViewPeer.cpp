@@ -123,6 +123,9 @@ class ListViewPeer : public Peer {
         // If the row was already selected, the native list sends no LVN_ITEMCHANGED.
         if (click.iItem >= 0 && !selectedByClick) {
             gestures::Select(listView, click.iItem);
+            if (!window.IsLive()) {
+                return;
+            }
         }
         gestures::MouseUp(listView, button, window.scale.Twips(click.ptAction.x),
                           window.scale.Twips(click.ptAction.y));

@@ -99,4 +99,23 @@ TEST_F(ListViewTest, TypedLettersFindTheirRow) {
     }
 }
 
+TEST_F(ListViewTest, AClickOnTheSelectedRowMayUnloadTheForm) {
+    auto& form = Default<frmList>();
+    int released = 0;
+    Start([&] {
+        form.lvwRows.AddRow({"", -1, {"Note"}});
+        form.lvwRows.ItemClick = [&form] { form.Unload(); };
+        form.lvwRows.MouseUp = [&released](int, int, int) { ++released; };
+        form.Show();
+    });
+    HWND handle = FormWindow::Existing(form)->controls.Find(form.lvwRows)->handle;
+    NMITEMACTIVATE click{};
+    click.hdr.hwndFrom = handle;
+    click.hdr.code = static_cast<UINT>(NM_CLICK);
+    ::SendMessageW(::GetParent(handle), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&click));
+    stand->Pump(50);
+    EXPECT_EQ(released, 0);
+    EXPECT_EQ(LoadedDefault<frmList>(), nullptr);
+}
+
 }  // namespace forms::win32
