@@ -15,8 +15,6 @@ bool IsSameFolder(const std::string& a, const std::string& b) {
     return withoutDrive(a) == withoutDrive(b);
 }
 
-std::string AsideOf(const std::string& path) { return path + ".damaged"; }
-
 }  // namespace
 
 std::string Loan::PathIn(const std::string& programFolder) {
@@ -32,7 +30,10 @@ void Loan::Begin() {
     }
     registry.WriteState({Stage::Saved, folder});
     registry.WriteOptions(Load());
-    registry.WriteState({Stage::Lent, folder});
+    // If this launcher is killed, the next one stores the options only in the stage Lent.
+    if (!mustKeepFile) {
+        registry.WriteState({Stage::Lent, folder});
+    }
 }
 
 void Loan::End() {
@@ -45,26 +46,10 @@ void Loan::End() {
 // Keeps the options of a portable copy whose launcher was killed while the program ran. If the
 // folder of that copy is out of reach, its file stays as it was before the program ran.
 void Loan::FinishOf(const State& killed) {
-    const std::string& owner = IsSameFolder(killed.folder, folder) ? folder : killed.folder;
-    if (!files.FolderExists(owner) || IsUncopied(owner)) {
-        return;
-    }
-    Store(owner);
-}
-
-// Whether the file is damaged and the killed launcher could not copy it.
-bool Loan::IsUncopied(const std::string& programFolder) const {
-    const std::string path = PathIn(programFolder);
-    const std::string aside = AsideOf(path);
-    try {
-        if (!files.FileExists(path)) {
-            return false;
-        }
-        const std::string bytes = files.Read(path);
-        return ParseOptions(bytes, programFolder).isDamaged &&
-               !(files.FileExists(aside) && files.Read(aside) == bytes);
-    } catch (const base::RuntimeError&) {
-        return false;  // Store() reports that it cannot read the file.
+    if (IsSameFolder(killed.folder, folder)) {
+        Store(folder);
+    } else if (files.FolderExists(killed.folder)) {
+        Store(killed.folder);
     }
 }
 
@@ -90,7 +75,7 @@ Options Loan::Load() {
 }
 
 void Loan::SetAside(const std::string& path) {
-    const std::string aside = AsideOf(path);
+    const std::string aside = path + ".damaged";
     try {
         files.Copy(path, aside);
         messages.push_back("Some options could not be read. A copy of their file is\r\n\r\n" +

@@ -30,7 +30,6 @@ class Loan {
 
   private:
     void FinishOf(const State& killed);
-    bool IsUncopied(const std::string& programFolder) const;
     Options Load();
     void SetAside(const std::string& path);
     void Store(const std::string& programFolder);

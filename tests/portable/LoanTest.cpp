@@ -197,6 +197,19 @@ TEST_F(LoanTest, ADamagedFileThatCouldNotBeCopiedStaysAfterAKill) {
     ExpectNothingLeft();
 }
 
+TEST_F(LoanTest, AFileThatCouldNotBeReadStaysAfterAKill) {
+    files.PutFile(path, FormatOptions(first, folder));
+    files.SetDenied(path, true);
+    Loan killed(registry, files, folder);
+    killed.Begin();
+    registry.program = second;
+    files.SetDenied(path, false);
+    EXPECT_TRUE(Run(first).empty());
+    EXPECT_EQ(seen, first);
+    EXPECT_EQ(files.Peek(path), FormatOptions(first, folder));
+    ExpectNothingLeft();
+}
+
 TEST_F(LoanTest, AFileThatCannotBeReadStays) {
     files.PutFile(path, FormatOptions(first, folder));
     files.SetDenied(path, true);
