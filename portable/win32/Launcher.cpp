@@ -53,15 +53,19 @@ void Run(const std::string& folder) {
     TellAll(loan);
 }
 
-// Waits until no other launcher works with the options, at most 30 seconds. Returns false if the
-// program runs, or if another launcher still works, for example because it shows a message.
+// Waits until no other launcher works with the options, which may take as long as the user reads a
+// message of that launcher. Returns false if the program runs.
 bool WaitForTurn(const Handle& mutex) {
     constexpr DWORD pause = 100;  // milliseconds
-    constexpr int mostPauses = 300;
-    for (int i = 0; i < mostPauses && !ProgramIsRunning(); ++i) {
-        const DWORD result = ::WaitForSingleObject(mutex.get(), pause);
-        if (result == WAIT_OBJECT_0 || result == WAIT_ABANDONED) {
-            return !ProgramIsRunning();
+    while (!ProgramIsRunning()) {
+        switch (::WaitForSingleObject(mutex.get(), pause)) {
+            case WAIT_OBJECT_0:
+            case WAIT_ABANDONED:
+                return !ProgramIsRunning();
+            case WAIT_TIMEOUT:
+                break;
+            default:
+                return false;
         }
     }
     return false;
