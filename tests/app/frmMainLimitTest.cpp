@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <string>
+
 #include "app/dlgMsgBox.h"
 #include "app/frmMain.h"
 #include "notes/frmViewNotes.h"
