@@ -10,12 +10,12 @@ namespace forms {
 
 namespace {
 
-// If a handler shows many windows, the stage shows only the first one at once. It shows the others
-// a few at a time, in rounds of windows (which are not rounds of ticks), together with the work of
-// RunLater. Events are handled between these rounds.
+// If a handler opens many windows, only the first one is shown immediately. The others follow a few
+// at a time, in rounds of windows (not rounds of ticks), together with the work of RunLater. Events
+// are handled between these rounds. Minimised windows are not delayed.
 
-// The largest number of open windows (visible and not minimised) that are shown at once. If there
-// are more, only the first one is shown at once.
+// If more open windows (visible and not minimised) than this are to be shown, all but the first
+// wait.
 constexpr std::ptrdiff_t openAtOnce = 10;
 // A round shows no further window after this time, in milliseconds.
 constexpr std::int64_t longestRound = 50;

@@ -74,7 +74,7 @@ class frmDisplayNote : public forms::Form {
     void mnuClose_Click();
 
     std::string file;
-    std::uint64_t fingerprint = 0;  // of the file contents that may be overwritten
+    std::uint64_t fingerprint = 0;  // of the contents that are overwritten without a copy
     StandardCode::NoteRecord shown;
     std::string shownText;
     RecoveryCopy copy;  // of the note, if the text that the user typed here could not be saved

@@ -45,8 +45,8 @@ class frmViewNotes : public forms::Form {
     void DesignButtons();
     // Loads and lists the notes. Returns the result of LoadNotesArray().
     bool FillList();
-    // Shows a row for each note. If there are more files than slots and the panel is not shown,
-    // Form_Activate does it: a file without a slot must be read for its row.
+    // Shows a row for each note. If there are more files than slots and the panel is hidden, leaves
+    // this to Form_Activate, because each file without a slot must be read to fill its row.
     void ListNotes();
     void SelectFile(const std::string& file);
     void EnableActions(bool enable);

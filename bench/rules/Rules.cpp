@@ -102,7 +102,7 @@ namespace counted {
     benchmark::DoNotOptimize(DueRules::ValuesOf(stand.usual.AlarmDate, stand.usual.AlarmTime));
 }
 
-// The test that the main clock runs each second.
+// What the main clock does once a second: it tests whether each saved note is due.
 [[gnu::noinline]] void DueTestOf100SavedNotes(Stand& stand) {
     for (int slot = 1; slot <= StandardCode::maximumNotes; ++slot) {
         benchmark::DoNotOptimize(DueRules::IsSavedNoteDue(Shared().NotesArray[slot], stand.now));

@@ -184,7 +184,8 @@ RECT WindowPlacement::NormalPlace() const {
     return placement.rcNormalPosition;
 }
 
-// The origin of the coordinates in WINDOWPLACEMENT, which count from the work area.
+// The offset from the coordinates in WINDOWPLACEMENT, which are relative to the work area, to those
+// of the screen.
 POINT WindowPlacement::RestoredOrigin() const {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;

@@ -3,9 +3,9 @@
 #include "notes/frmViewNotes.h"
 #include "tests/support/WholeProgram.h"
 
-// Counts the work that each action of the user causes. The counts do not depend on the machine, so
-// a change that makes an action slower fails here. The cost of an action must not depend on the
-// number of notes.
+// Counts the calls of the disk and of the stage that each action of the user causes. The counts do
+// not depend on the machine, so a change that adds calls to an action fails here. They must not
+// depend on the number of notes either, unless a test says so.
 
 namespace {
 

@@ -105,8 +105,8 @@ TEST_F(frmMainTrayTest, ThePointerIsNoTrayMessage) {
     EXPECT_NE(runtime->ActiveForm(), &Main());
 }
 
-// While the menu is open, the pointer may move, although the handler of the icon's message is still
-// running.
+// The pointer can move while the menu is open and the handler of the icon's message is still
+// running. Such a move must not be taken for a tray message.
 TEST_F(frmMainTrayTest, ThePointerIsNoTrayMessageWhileATrayMessageIsHandled) {
     StartQuietly();
     stage->ExpectPopup("mnuPop", [this](Menu&) -> Menu* {

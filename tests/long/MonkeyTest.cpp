@@ -5,7 +5,8 @@
 
 namespace {
 
-// Operates the program for some days. Each day has some hundred gestures and one night.
+// Operates the program for some simulated days. After the random gestures of a day, the machine
+// sleeps until the next morning.
 class MonkeyTest : public long_tests::Monkey {};
 
 }  // namespace

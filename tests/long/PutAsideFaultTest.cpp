@@ -6,9 +6,9 @@
 #include "notes/NoteStore.h"
 #include "tests/support/WholeProgram.h"
 
-// Runs operations that put a file aside or move it into its place. At each step, the program is
-// killed, the step fails, or the disk is full or read-only. No text of a file or of a window may be
-// lost.
+// Runs operations that put a note file aside, or that rename a leftover to the note it belongs to.
+// At each step, the program is killed, the step fails, or the disk is full or read-only. No text
+// of a file or of a window may be lost.
 
 using namespace forms;
 using headless::Killed;

@@ -21,7 +21,7 @@ constexpr std::int64_t secondsPerHour = 3600;
 // 1 to 11 in the morning, none at noon, 1 to 10 in the afternoon, and 12 at 11 pm and at midnight.
 constexpr int strikesOfADay = 66 + 55 + 12 + 12;
 
-// The seconds of the wall clock that the ticks of one timer have seen.
+// How the ticks of one timer followed the seconds of the wall clock.
 struct Seconds {
     std::int64_t seen = 0;
     std::int64_t missed = 0;

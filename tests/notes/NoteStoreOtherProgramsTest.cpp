@@ -104,7 +104,7 @@ TEST_F(NoteStoreOtherProgramsTest, AnEditorWhoseFileIsInNoSlotNoticesAChangeOfTh
         EXPECT_EQ(isRead(), 1);
         Advance(2000);
         EXPECT_EQ(files.List(folder, ".recovery").size(), 1U);
-        // Another program writes the same bytes again, which changes the time of the file.
+        // Another program restores the original bytes, so only the time of the file has changed.
         PutNote(Note("Zebra", "stripes"));
         load();
         EXPECT_FALSE(note.IsFileOther());

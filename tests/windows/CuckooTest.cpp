@@ -16,7 +16,7 @@ class CuckooTest : public DriverTest {
   protected:
     std::string SoundPath() const { return folder + "\\Cuckoo clock.wav"; }
     static bool Runs(const Window& main);
-    // Counts the calls by the seconds of sound.
+    // The number of cuckoo calls since this time, computed from how long sound was heard.
     int Calls(std::uint64_t since) const;
 
     std::optional<CuckooCall> call;

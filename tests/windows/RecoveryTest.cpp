@@ -13,7 +13,7 @@ using forms::win32::Wide;
 
 constexpr COLORREF yellow = RGB(255, 255, 0);
 
-// The name in the registry of the disk that holds a folder.
+// The name under which the registry lists the disk that holds this folder.
 std::wstring DiskOf(const std::string& folder) {
     wchar_t root[MAX_PATH]{};
     wchar_t volume[MAX_PATH]{};
@@ -44,7 +44,7 @@ class RecoveryTest : public DriverTest {
     }
     // Sets an alarm for 9:31, with a sound.
     static void SetAlarm(const Window& editor);
-    // The editor of a note whose program was killed.
+    // Waits for the editor of a note that was unsaved when the program was killed.
     Window WaitForUnsaved(const std::string& title) const;
     std::vector<std::string> Files() const { return FileNames(folder + "\\Notes"); }
 };
