@@ -103,7 +103,8 @@ press_enter_in() {
 enter_closed() {
     local window
     for window in $(visible "$1 ?"); do
-        xdotool windowactivate "$window" key Return 2>/dev/null || true
+        # A key that is pressed after the window has closed would go to the program that it starts.
+        ! activate "$window" || xdotool key Return
         sleep 0.3
     done
     ! visible "$1 ?" >/dev/null
